@@ -1,0 +1,201 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/json/JXDecimal.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+#include "jx/core/json/JXDecimalText.h"
+
+namespace jx {
+namespace {
+
+constexpr int kLimbDigits = 19;
+constexpr int kMaxDigits = 2 * kLimbDigits;
+constexpr std::uint64_t kLimb = 10'000'000'000'000'000'000u;
+constexpr std::int64_t kMinExponent = -128;
+constexpr std::int64_t kMaxExponent = 127;
+
+std::string paddedLimb(std::uint64_t limb) {
+  std::string digits = std::to_string(limb);
+  return std::string(static_cast<std::size_t>(kLimbDigits) - digits.size(), '0') + digits;
+}
+
+// A coefficient of up to 38 digits that takes one digit after the other.
+struct Coefficient {
+  std::uint64_t high = 0;
+  std::uint64_t low = 0;
+
+  void append(char digit) noexcept {
+    high = high * 10 + low / (kLimb / 10);
+    low = low % (kLimb / 10) * 10 + static_cast<std::uint64_t>(digit - '0');
+  }
+  // False when the sum has 39 digits; the coefficient is then 10^37, one power of ten short.
+  bool increment() noexcept {
+    if (++low < kLimb) return true;
+    low = 0;
+    if (++high < kLimb) return true;
+    high = kLimb / 10;
+    return false;
+  }
+  bool isZero() const noexcept { return high == 0 && low == 0; }
+};
+
+// The decimal digits and the exponent of a text that `printf("%e")` made, whatever the locale's
+// decimal point is.
+struct Scientific {
+  std::string digits;
+  int exponent = 0;
+};
+
+Scientific scientificOf(double magnitude, int fractionDigits) {
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%.*e", fractionDigits, magnitude);
+  const std::string_view view(text.data());
+  const std::size_t e = view.rfind('e');
+  Scientific result;
+  for (const char c : view.substr(0, e)) {
+    if (c >= '0' && c <= '9') result.digits.push_back(c);
+  }
+  result.exponent = std::atoi(text.data() + e + 1);
+  return result;
+}
+
+// The next larger number of as many digits.
+Scientific nextUp(Scientific number) {
+  for (auto digit = number.digits.rbegin(); digit != number.digits.rend(); ++digit) {
+    if (*digit != '9') {
+      ++*digit;
+      return number;
+    }
+    *digit = '0';
+  }
+  number.digits.insert(0, "1");
+  number.digits.pop_back();
+  ++number.exponent;
+  return number;
+}
+
+bool readsBackAs(const Scientific& number, double magnitude) {
+  // Without a point there is nothing in the text that a locale could spell differently.
+  const int exponent = number.exponent - static_cast<int>(number.digits.size()) + 1;
+  const std::string text = number.digits + "e" + std::to_string(exponent);
+  return std::strtod(text.c_str(), nullptr) == magnitude;
+}
+
+}  // namespace
+
+JXDecimal::JXDecimal(bool negative, std::uint64_t magnitude) noexcept
+    : high_(magnitude / kLimb), low_(magnitude % kLimb), negative_(negative) {}
+
+JXDecimal JXDecimal::fromString(const JXString& text) noexcept {
+  const std::optional<JXDecimalText> parts = JXDecimalText::parse(text.view());
+  if (!parts) return notANumber();
+  return fromDigits(parts->negative, parts->integerDigits, parts->fractionDigits, parts->exponent);
+}
+
+JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
+                                std::string_view fractionDigits, std::int64_t exponent) noexcept {
+  const std::size_t total = integerDigits.size() + fractionDigits.size();
+  const auto digitAt = [&](std::size_t i) {
+    return i < integerDigits.size() ? integerDigits[i] : fractionDigits[i - integerDigits.size()];
+  };
+  std::size_t first = 0;
+  while (first < total && digitAt(first) == '0') ++first;
+  const bool isZero = first == total;
+  // The scale of a zero is all that it says beside its value; only as much of it as fits is kept.
+  if (isZero && total > 0) first = total - 1;
+
+  // Exponent of the digit at position i when it is the last one kept.
+  const auto exponentAt = [&](std::size_t i) {
+    return exponent + static_cast<std::int64_t>(integerDigits.size()) -
+           static_cast<std::int64_t>(i) - 1;
+  };
+  std::size_t kept = std::min(total, first + kMaxDigits);
+  if (isZero) {
+    JXDecimal zero;
+    zero.negative_ = negative;
+    zero.exponent_ = static_cast<std::int16_t>(
+        std::clamp<std::int64_t>(exponentAt(total - 1), kMinExponent, 0));
+    return zero;
+  }
+  // Digits below the smallest power of ten are rounded away like those beyond the 38th.
+  if (exponentAt(first) < kMinExponent - 1) return notANumber();
+  while (kept > first && exponentAt(kept - 1) < kMinExponent) --kept;
+
+  Coefficient coefficient;
+  for (std::size_t i = first; i < kept; ++i) coefficient.append(digitAt(i));
+  std::int64_t resultExponent = kept > 0 ? exponentAt(kept - 1) : exponent;
+  if (kept == first) resultExponent = kMinExponent;
+  if (kept < total && digitAt(kept) >= '5' && !coefficient.increment()) ++resultExponent;
+  if (coefficient.isZero()) return notANumber();
+
+  // A power of ten that is too large may still fit as trailing zeros of the coefficient.
+  while (resultExponent > kMaxExponent && coefficient.high < kLimb / 10) {
+    coefficient.append('0');
+    --resultExponent;
+  }
+  if (resultExponent > kMaxExponent) return notANumber();
+
+  JXDecimal result;
+  result.high_ = coefficient.high;
+  result.low_ = coefficient.low;
+  result.exponent_ = static_cast<std::int16_t>(resultExponent);
+  result.negative_ = negative;
+  return result;
+}
+
+JXDecimal JXDecimal::fromDouble(double value) noexcept {
+  if (!std::isfinite(value)) return notANumber();
+  const double magnitude = std::fabs(value);
+  if (magnitude == 0) return JXDecimal();
+  Scientific shortest;
+  for (int fractionDigits = 0; fractionDigits <= 17; ++fractionDigits) {
+    shortest = scientificOf(magnitude, fractionDigits);
+    if (readsBackAs(shortest, magnitude)) break;
+    // Just above a power of two the nearest text of this length may fall on the narrow side of
+    // the double, while its neighbour reads back.
+    const Scientific neighbour = nextUp(shortest);
+    if (readsBackAs(neighbour, magnitude)) {
+      shortest = neighbour;
+      break;
+    }
+  }
+  const std::string_view digits = shortest.digits;
+  return fromDigits(value < 0, digits.substr(0, 1), digits.substr(1), shortest.exponent);
+}
+
+std::string JXDecimal::significantDigits() const {
+  if (high_ == 0) return std::to_string(low_);
+  return std::to_string(high_) + paddedLimb(low_);
+}
+
+std::string JXDecimal::toString() const {
+  if (notANumber_) return "NaN";
+  return JXDecimalText::plain(negative_, significantDigits(), exponent_);
+}
+
+bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept {
+  if (a.notANumber_ || b.notANumber_) return false;
+  const auto normalised = [](const JXDecimal& d) {
+    std::string digits = d.significantDigits();
+    int exponent = d.exponent_;
+    while (digits.size() > 1 && digits.back() == '0') {
+      digits.pop_back();
+      ++exponent;
+    }
+    return digits == "0" ? std::pair<std::string, int>("0", 0)
+                         : std::pair<std::string, int>((d.negative_ ? "-" : "") + digits, exponent);
+  };
+  return normalised(a) == normalised(b);
+}
+
+std::ostream& operator<<(std::ostream& out, const JXDecimal& value) {
+  return out << value.toString();
+}
+
+}  // namespace jx

@@ -1,0 +1,112 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jx/platform/JXClock.h"
+
+namespace jx {
+
+/// What the outbox may hold; checked at each insert, the oldest requests go first.
+struct JXOutboxBounds {
+  std::size_t maxRequests = 10'000;
+  std::uint64_t maxBytes = 32u * 1024 * 1024;  ///< sum of the bodies and URLs held
+  std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
+  std::size_t maxDeadLetters = 1'000;
+  std::size_t maxInMemory = 1'000;  ///< requests held while the disk takes none
+};
+
+/// How many requests took which way since this outbox was opened, and what it holds now.
+struct JXOutboxCounters {
+  std::uint64_t added = 0;
+  std::uint64_t delivered = 0;
+  std::uint64_t rejected = 0;
+  std::uint64_t droppedTooMany = 0;    ///< the oldest, because of maxRequests
+  std::uint64_t droppedTooLarge = 0;   ///< the oldest, because of maxBytes
+  std::uint64_t droppedTooOld = 0;     ///< because of maxAge
+  std::uint64_t droppedNoStorage = 0;  ///< the disk took none and the memory bound was reached
+  std::uint64_t purged = 0;
+  std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
+  std::uint64_t damaged = 0;        ///< files of which a part was set aside
+  std::uint64_t queued = 0;         ///< held now, in flight ones included
+  std::uint64_t queuedBytes = 0;
+  std::uint64_t inMemory = 0;  ///< of the queued, those that are on no disk yet
+};
+
+/// A request as it was given to the outbox.
+struct JXOutboxRequest {
+  std::uint64_t id = 0;  ///< names the request in this process only
+  std::int64_t createdMs = 0;
+  std::string url;
+  std::string body;
+};
+
+/// A queue of HTTP requests that survives the end of the process.
+///
+/// A request is on the disk (in the kernel's hands) when `add` returns, so a killed process loses
+/// none; `sync` makes it durable against a power cut. Several processes may open one folder: each
+/// writes files of its own, and adopts at its start those whose process has ended. All operations
+/// are thread-safe; `add` is meant for the caller's thread and costs one write, the others for the
+/// transfer thread. No operation throws; what fails is counted and logged once per cause.
+class JXOutbox {
+ public:
+  /// Opens the queue in `folder`, making the folder (mode 0700) when it is missing, and adopts what
+  /// earlier processes left. When the folder cannot be made or read the outbox still works, in
+  /// memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
+  JXOutbox(std::string folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock);
+  ~JXOutbox();
+  JXOutbox(const JXOutbox&) = delete;
+  JXOutbox& operator=(const JXOutbox&) = delete;
+
+  /// Appends a request, dropping the oldest ones beyond the bounds. Returns its id, or nothing
+  /// when neither disk nor memory took it (counted in droppedNoStorage).
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
+
+  /// The oldest request that is not in flight; it is in flight from now on. Nothing when there is
+  /// none. A request whose bytes can no longer be read is counted as a storage error and skipped.
+  std::optional<JXOutboxRequest> take();
+  /// Gives a request in flight back; it keeps its place in the order.
+  void giveBack(std::uint64_t id);
+  /// The request was delivered: it is removed. An id that is no longer held is ignored, here and
+  /// in the next two.
+  void settleDelivered(std::uint64_t id);
+  /// The request was refused for good: it moves to the dead letters.
+  void settleRejected(std::uint64_t id, int status);
+  /// Empties the queue, in flight requests and dead letters included.
+  void purge();
+
+  /// Makes durable what was appended since the last call, writes to disk what had to stay in
+  /// memory, and deletes files whose requests are all settled. Transfer thread.
+  void sync();
+  /// True when `sync` has something to do.
+  bool needsSync() const;
+
+  JXOutboxCounters counters() const;
+
+ private:
+  class Implementation;
+  std::unique_ptr<Implementation> implementation_;
+};
+
+/// One request as an outbox folder tells it without being opened for sending.
+struct JXOutboxListing {
+  std::int64_t createdMs = 0;
+  std::string url;
+  std::string body;
+  int status = 0;  ///< of a dead letter: the HTTP status that refused it
+};
+
+/// Reads an outbox folder without changing it, while other processes may have it open: the queued
+/// requests, oldest first. `error` tells why nothing could be read.
+std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error);
+/// The same for the dead letters, oldest first.
+std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error);
+
+}  // namespace jx
