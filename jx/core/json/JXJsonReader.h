@@ -1,0 +1,33 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "jx/core/json/JXJsonValue.h"
+
+namespace jx {
+
+/// What reading a JSON text gave.
+struct JXJsonReading {
+  JXJsonValue value;  ///< absent when the text is no JSON
+  std::string error;  ///< what is wrong, empty when nothing is
+  std::size_t errorOffset = 0;
+};
+
+/// Reads JSON text with its numbers digit for digit. A key that stands twice in an object holds
+/// its later value. Refused: text behind the value, bytes that are not UTF-8, values nested deeper
+/// than `kMaxDepth`, and numbers whose exponent makes them longer than 4,096 digits.
+class JXJsonReader {
+ public:
+  static constexpr std::size_t kMaxDepth = 1'000;
+
+  static JXJsonReading read(std::string_view text);
+
+ private:
+  class Handler;
+};
+
+}  // namespace jx

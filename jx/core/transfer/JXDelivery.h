@@ -1,0 +1,49 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+
+#include "jx/core/storage/JXOutbox.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// When a request that got no lasting answer is tried again, and how long one try may take.
+struct JXRetryTimings {
+  std::chrono::milliseconds firstPause{1'000};    ///< doubles with each failed try
+  std::chrono::milliseconds longestPause{300'000};
+  std::chrono::milliseconds longestRetryAfter{std::chrono::hours(24)};
+  std::chrono::milliseconds connectTimeout{10'000};
+  std::chrono::milliseconds requestTimeout{30'000};  ///< name resolution to the end of the answer
+  std::chrono::milliseconds syncDelay{1'000};        ///< a write is durable after at most this
+  std::chrono::milliseconds userAgentWait{10'000};
+};
+
+/// What became of one request.
+enum class JXDeliveryOutcome { Delivered, Rejected, Dropped };
+
+/// Tells the host what became of one request.
+struct JXDelivery {
+  JXDeliveryOutcome outcome = JXDeliveryOutcome::Delivered;
+  JXString eventId;  ///< the event's "event_id"; absent when the body holds none
+  int status = 0;    ///< HTTP status, 0 when there was none
+  JXString reason;   ///< in words, for a log; absent when delivered
+};
+
+/// Called on the transfer thread, once per request, after the request has left the queue. May call
+/// any JXNetworkManager operation but `flush`. What it throws is dropped. Not called any more once
+/// the process is ending.
+using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
+
+/// Counts since the start of this process, and what is held now.
+struct JXDeliveryCounters {
+  JXOutboxCounters outbox;
+  std::uint64_t tries = 0;     ///< requests that were started
+  std::uint64_t failures = 0;  ///< tries that ended without a lasting answer
+  bool holding = false;        ///< true while requests are held by consent, background or user agent
+};
+
+}  // namespace jx

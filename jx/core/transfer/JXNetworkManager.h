@@ -1,0 +1,67 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <mutex>
+#include <string_view>
+
+#include "jx/core/transfer/JXDelivery.h"
+
+namespace jx {
+
+class JXTransfer;
+struct JXTransferSetup;
+
+/// The core's network state machine: takes requests, holds them while they must not leave, and has
+/// them sent by the transfer thread. Every operation is thread-safe and returns at once unless it
+/// says otherwise. Before `start` (and in a dry run, where there is no transfer) requests are not
+/// taken and the states are only remembered.
+class JXNetworkManager {
+ public:
+  static JXNetworkManager& sharedInstance();
+
+  /// 0: nothing was said, requests are sent. 1: always enabled, stopping is ignored. 2: disabled
+  /// by default, requests are held until an enabling notification. Other values count as 0.
+  void setManagerState(int state);
+  int managerState() const;
+  /// True lets requests go out; false holds them, aborting those in flight. Ignored with false
+  /// while the manager state is 1.
+  void changingSDKBehaviour(bool enabled);
+  /// Holds requests until the platform's user agent is known, at most 10 seconds. When it is known
+  /// it is stored in JXCoreVariables and `kJXNotification_UserAgentAvailable` is posted, on the
+  /// thread on which the platform answers.
+  void waitForUserAgent();
+  /// Lets requests go out while the application is in the background.
+  void enableRunningInBackground();
+
+  /// Takes a request: it is in the outbox when this returns. Costs the caller one write.
+  void enqueue(std::string_view url, std::string_view body);
+  /// The application went to the background: nothing is sent until it returns, unless running in
+  /// background was enabled; requests in flight are let to end.
+  void onBackground();
+  void onForeground();
+
+  /// Waits until the queue is empty, at most until `deadline` has passed; true when it is empty.
+  /// Blocks the calling thread, and never longer than the deadline.
+  bool flush(std::chrono::milliseconds deadline);
+  /// Empties the queue and the dead letters; requests in flight are aborted.
+  void purge();
+  JXDeliveryCounters counters() const;
+
+  /// Starts the transfer thread. Called once by the core; a second call is ignored.
+  void start(JXTransferSetup setup);
+
+ private:
+  JXNetworkManager() = default;
+
+  mutable std::mutex mutex_;
+  std::shared_ptr<JXTransfer> transfer_;
+  int managerState_ = 0;
+  bool enabled_ = true;
+  bool inBackground_ = false;
+  bool runsInBackground_ = false;
+};
+
+}  // namespace jx
