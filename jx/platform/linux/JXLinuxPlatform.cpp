@@ -1,0 +1,142 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/linux/JXLinuxPlatform.h"
+
+#include <unistd.h>
+
+#include <utility>
+
+#include "jx/platform/linux/JXDefaultEncoding.h"
+#include "jx/platform/linux/JXLanguageTags.h"
+#include "jx/platform/linux/JXLocaleMoney.h"
+#include "jx/platform/linux/JXRandom.h"
+#include "jx/platform/linux/JXScreenSize.h"
+#include "jx/platform/linux/JXStorageFolder.h"
+#include "jx/platform/linux/JXTimeZoneName.h"
+
+namespace jx {
+namespace {
+
+// Every event states the kind of network, and reading it takes a dozen system calls.
+constexpr std::chrono::seconds kNetworkKindAge{1};
+
+// A product's name in a user agent is one word without separators.
+std::string productWord(std::string_view text) {
+  std::string word;
+  for (const char c : text) {
+    const bool isKept = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                        (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-' || c == '+';
+    word += isKept ? c : '-';
+  }
+  return word;
+}
+
+}  // namespace
+
+JXLinuxSystem JXLinuxSystem::current() {
+  return {copyProcessEnvironment(), "",
+          findInstalledLocale,      readKernelNames,
+          readNetworkInterfaces,    [] { return std::chrono::steady_clock::now(); }};
+}
+
+JXLinuxPlatform::JXLinuxPlatform(JXHostStatement host, JXLinuxSystem system)
+    : host_(std::move(host)), system_(std::move(system)) {}
+
+JXPlatformDefaults* JXLinuxPlatform::userDefaults() { return nullptr; }
+
+JXString JXLinuxPlatform::defaultStorageFolder() {
+  return storageFolder(system_.environment, host_.bundle.identifier);
+}
+
+std::vector<JXString> JXLinuxPlatform::preferredLanguages() {
+  return preferredLanguageTags(system_.environment);
+}
+
+JXString JXLinuxPlatform::currencyCode() {
+  return localeMoney(system_.environment, system_.installedLocale).code;
+}
+
+JXString JXLinuxPlatform::currencySymbol() {
+  return localeMoney(system_.environment, system_.installedLocale).symbol;
+}
+
+std::uint32_t JXLinuxPlatform::defaultEncoding() {
+  return defaultEncodingNumber(system_.environment, system_.installedLocale);
+}
+
+JXString JXLinuxPlatform::timeZoneName() {
+  return localTimeZoneName(system_.environment, system_.root);
+}
+
+JXBundleInformation JXLinuxPlatform::bundleInformation() { return host_.bundle; }
+
+JXString JXLinuxPlatform::deviceModel() { return facts().model; }
+
+JXString JXLinuxPlatform::systemName() { return facts().release.name; }
+
+JXString JXLinuxPlatform::systemVersion() { return facts().release.version; }
+
+JXString JXLinuxPlatform::machineName() { return facts().kernel.machine; }
+
+JXScreenBounds JXLinuxPlatform::screenBounds() { return screenSize(host_.screen, system_.root); }
+
+bool JXLinuxPlatform::isAdvertisingTrackingAllowed() { return false; }
+
+JXString JXLinuxPlatform::advertisingIdentifier() { return nullptr; }
+
+JXString JXLinuxPlatform::vendorIdentifier() { return nullptr; }
+
+bool JXLinuxPlatform::isDeviceModified() { return false; }
+
+JXNetworkKind JXLinuxPlatform::networkKind() {
+  const std::lock_guard<std::mutex> lock(networkMutex_);
+  const auto now = system_.steadyNow();
+  if (!networkReadAt_ || now - *networkReadAt_ >= kNetworkKindAge) {
+    networkKind_ = kindOfNetwork(system_.networkReading().interfaces, system_.root);
+    networkReadAt_ = now;
+  }
+  return networkKind_;
+}
+
+std::vector<JXInterfaceAddress> JXLinuxPlatform::interfaceAddresses() {
+  return system_.networkReading().addresses;
+}
+
+void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> answer) {
+  if (!answer) return;
+  if (host_.userAgent.testString()) return answer(host_.userAgent);
+  const Facts& known = facts();
+  if (!known.release.name.isPresent()) return answer(nullptr);
+  std::string text = productWord(known.release.name.view());
+  if (known.release.version.isPresent()) text += "/" + productWord(known.release.version.view());
+  if (known.kernel.machine.testString()) {
+    text += " (" + productWord(known.kernel.machine.view()) + ")";
+  }
+  answer(JXString(text));
+}
+
+void JXLinuxPlatform::observeApplication(std::function<void()>, std::function<void()>) {}
+
+JXString JXLinuxPlatform::newUUID() { return makeRandomUUID(); }
+
+std::uint32_t JXLinuxPlatform::randomBits() { return drawRandomBits(); }
+
+std::int32_t JXLinuxPlatform::processIdentifier() { return ::getpid(); }
+
+const JXLinuxPlatform::Facts& JXLinuxPlatform::facts() {
+  std::call_once(factsRead_, [this] {
+    facts_.kernel = system_.kernelNames();
+    facts_.release = readOsRelease(system_.root, facts_.kernel);
+    facts_.model = readDeviceModel(system_.root);
+  });
+  return facts_;
+}
+
+std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,
+                                               const JXScreenBounds& screen,
+                                               const JXString& userAgent) {
+  return std::make_shared<JXLinuxPlatform>(JXHostStatement{bundle, screen, userAgent},
+                                           JXLinuxSystem::current());
+}
+
+}  // namespace jx

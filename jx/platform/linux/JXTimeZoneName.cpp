@@ -1,0 +1,117 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/linux/JXTimeZoneName.h"
+
+#include <algorithm>
+
+#include "jx/platform/linux/JXPosixZoneRule.h"
+#include "jx/platform/linux/JXSystemFiles.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kLongestName = 64;
+constexpr int kMostLinks = 8;
+constexpr std::string_view kUtc = "UTC";
+
+bool isNameCharacter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '/' ||
+         c == '_' || c == '-' || c == '+';
+}
+
+// No zone's name has a dot, so that no name leads out of the database.
+bool isZoneName(std::string_view name) {
+  return !name.empty() && name.size() <= kLongestName && name.front() != '/' &&
+         name.back() != '/' && name.find("//") == std::string_view::npos &&
+         std::all_of(name.begin(), name.end(), isNameCharacter);
+}
+
+// The part below the last folder "zoneinfo"; absent when the path is not below one.
+JXString nameBelowDatabase(std::string_view path) {
+  constexpr std::string_view kFolder = "zoneinfo/";
+  const std::size_t start = path.rfind(kFolder);
+  if (start == std::string_view::npos) return nullptr;
+  std::string_view name = path.substr(start + kFolder.size());
+  for (const std::string_view prefix : {std::string_view("posix/"), std::string_view("right/")}) {
+    if (name.substr(0, prefix.size()) == prefix) name.remove_prefix(prefix.size());
+  }
+  return isZoneName(name) ? JXString(name) : JXString();
+}
+
+// Follows links from `path` until one is below the database. Text only: what the last link points
+// at need not exist.
+JXString nameBehindLinks(std::string path, const std::string& root) {
+  for (int step = 0; step <= kMostLinks; ++step) {
+    const JXString name = nameBelowDatabase(path);
+    if (name.isPresent()) return name;
+    const JXString target = readSystemLink(root + path);
+    if (!target.testString()) return nullptr;
+    const bool isAbsolute = target.view().front() == '/';
+    path = isAbsolute ? target.toStdString()
+                      : path.substr(0, path.rfind('/') + 1) + target.toStdString();
+  }
+  return nullptr;
+}
+
+// The zone database as far as it is installed.
+class Database {
+ public:
+  Database(const JXEnvironment& environment, const std::string& root) {
+    const JXString folder = variable(environment, "TZDIR");
+    folder_ = root + (folder.isPresent() ? folder.toStdString() : "/usr/share/zoneinfo");
+  }
+
+  bool isInstalled() const { return systemPathExists(folder_); }
+  bool has(std::string_view name) const {
+    return isZoneName(name) && systemPathExists(folder_ + "/" + std::string(name));
+  }
+
+ private:
+  std::string folder_;
+};
+
+JXString nameOfRule(const JXPosixZoneRule& rule, std::string_view text, const Database& database) {
+  const std::string_view head = text.substr(0, text.find(','));
+  if (database.has(head)) return JXString(head);
+  if (!rule.hasSummerTime) {
+    const int hours = rule.offsetSeconds / 3600;
+    if (hours * 3600 != rule.offsetSeconds || hours > 12 || hours < -14 || hours == 0) {
+      return kUtc;
+    }
+    return JXString("Etc/GMT" + std::string(hours > 0 ? "+" : "") + std::to_string(hours));
+  }
+  return database.has(rule.letters) ? JXString(rule.letters) : JXString(kUtc);
+}
+
+// Absent when the variable says nothing about the zone's name.
+JXString nameOfVariable(std::string_view text, const Database& database, const std::string& root) {
+  if (!text.empty() && text.front() == ':') text.remove_prefix(1);
+  if (text.empty()) return kUtc;
+  const bool isPath = text.front() == '/';
+  if (!isPath && text.find('/') == std::string_view::npos && !database.has(text)) {
+    if (const auto rule = parsePosixZoneRule(text)) return nameOfRule(*rule, text, database);
+  }
+  const JXString name = isPath ? nameBehindLinks(std::string(text.substr(0, 4096)), root)
+                               : nameBelowDatabase("zoneinfo/" + std::string(text));
+  if (isPath && !name.isPresent()) return nullptr;
+  const bool isKnown = name.isPresent() && (database.has(name.view()) || !database.isInstalled());
+  return isKnown ? name : JXString(kUtc);
+}
+
+}  // namespace
+
+JXString localTimeZoneName(const JXEnvironment& environment, const std::string& root) {
+  const Database database(environment, root);
+  // Set but empty means UTC, so this variable is not read through variable().
+  const auto stated = environment.find("TZ");
+  if (stated != environment.end() && stated->second.isPresent()) {
+    const JXString name = nameOfVariable(stated->second.view(), database, root);
+    if (name.isPresent()) return name;
+  }
+  const JXString line = readSystemLine(root + "/etc/timezone");
+  if (isZoneName(line.view())) return line;
+  const JXString linked = nameBehindLinks("/etc/localtime", root);
+  return linked.isPresent() ? linked : JXString(kUtc);
+}
+
+}  // namespace jx
