@@ -1,6 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include "jx/platform/linux/JXLocaleMoney.h"
@@ -75,6 +76,21 @@ constexpr CurrencySymbol kSymbols[] = {
     {"VES", "Bs.S"}, {"VND", "₫"},    {"VUV", "VT"},    {"WST", "WS$"},  {"XAF", "FCFA"},
     {"XCD", "$"},    {"XCG", "Cg."},  {"XOF", "F CFA"}, {"XPF", "F"},    {"YER", "ر.ي."},
     {"ZAR", "R"},    {"ZMW", "K"},    {"ZWG", "ZiG"}};
+
+// The tables are searched by halving.
+template <typename Entry, std::size_t kCount, typename Key>
+constexpr bool isSorted(const Entry (&entries)[kCount], Key key) {
+  for (std::size_t i = 1; i < kCount; ++i) {
+    if (!(key(entries[i - 1]) < key(entries[i]))) return false;
+  }
+  return true;
+}
+
+constexpr std::string_view territoryOf(const char (&entry)[6]) { return {entry, 2}; }
+constexpr std::string_view codeOf(const CurrencySymbol& entry) { return {entry.code, 3}; }
+
+static_assert(isSorted(kTerritories, territoryOf));
+static_assert(isSorted(kSymbols, codeOf));
 
 JXString symbolOf(std::string_view code) {
   const auto* found = std::lower_bound(

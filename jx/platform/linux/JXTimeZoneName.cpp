@@ -88,7 +88,9 @@ JXString nameOfVariable(std::string_view text, const Database& database, const s
   if (!text.empty() && text.front() == ':') text.remove_prefix(1);
   if (text.empty()) return kUtc;
   const bool isPath = text.front() == '/';
-  if (!isPath && text.find('/') == std::string_view::npos && !database.has(text)) {
+  // The dates behind the comma of a rule may hold a '/'; before it only a name does.
+  const bool isOneWord = text.substr(0, text.find(',')).find('/') == std::string_view::npos;
+  if (isOneWord && !database.has(text)) {
     if (const auto rule = parsePosixZoneRule(text)) return nameOfRule(*rule, text, database);
   }
   const JXString name = isPath ? nameBehindLinks(std::string(text.substr(0, 4096)), root)

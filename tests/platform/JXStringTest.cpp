@@ -1,0 +1,162 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/JXString.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <sstream>
+#include <string>
+#include <thread>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace jx {
+namespace {
+
+const std::string kInline(22, 'a');  // the longest text that is held in place
+const std::string kShared(23, 'b');  // the shortest that is shared
+
+TEST(JXString, NothingAndNullPointersAreAbsent) {
+  const char* none = nullptr;
+  EXPECT_FALSE(JXString().isPresent());
+  EXPECT_FALSE(JXString(nullptr).isPresent());
+  EXPECT_FALSE(JXString(none).isPresent());
+  EXPECT_STREQ(JXString(none).c_str(), "");
+  EXPECT_EQ(JXString().size(), 0U);
+  EXPECT_TRUE(JXString().view().empty());
+}
+
+TEST(JXString, EmptyIsPresentAndDiffersFromAbsent) {
+  const JXString empty("");
+  EXPECT_TRUE(empty.isPresent());
+  EXPECT_FALSE(empty.testString());
+  EXPECT_NE(empty, JXString());
+  EXPECT_EQ(empty, JXString(std::string()));
+  EXPECT_TRUE(JXString(std::string_view()).isPresent());
+}
+
+TEST(JXString, TestStringAsksForOneCharacter) {
+  EXPECT_FALSE(JXString().testString());
+  EXPECT_FALSE(JXString("").testString());
+  EXPECT_TRUE(JXString(" ").testString());
+  EXPECT_TRUE(JXString(std::string_view("\0", 1)).testString());
+}
+
+TEST(JXString, TextsOnBothSidesOfTheInlineCapacityAreKept) {
+  for (const std::size_t length : {std::size_t{1}, std::size_t{21}, std::size_t{22},
+                                   std::size_t{23}, std::size_t{24}, std::size_t{100000}}) {
+    const std::string text(length, 'x');
+    const JXString made(text);
+    EXPECT_EQ(made.size(), length);
+    EXPECT_EQ(made.toStdString(), text);
+    EXPECT_EQ(std::string(made.c_str()), text);
+  }
+}
+
+TEST(JXString, AnEmbeddedNulIsPartOfTheText) {
+  const std::string shortText("a\0b", 3);
+  const std::string longText = shortText + std::string(30, 'c');
+  EXPECT_EQ(JXString(shortText).size(), 3U);
+  EXPECT_EQ(JXString(shortText).toStdString(), shortText);
+  EXPECT_EQ(JXString(longText).toStdString(), longText);
+  EXPECT_NE(JXString(shortText), JXString("a"));
+}
+
+TEST(JXString, CopiesAreEqualAndOutliveTheOriginal) {
+  for (const std::string& text : {kInline, kShared}) {
+    JXString copy;
+    {
+      const JXString original(text);
+      copy = original;
+      const JXString second(original);
+      EXPECT_EQ(second, original);
+    }
+    EXPECT_EQ(copy.toStdString(), text);
+  }
+}
+
+TEST(JXString, ACopyOfALongTextSharesIt) {
+  const JXString original(kShared);
+  const JXString copy(original);
+  EXPECT_EQ(copy.c_str(), original.c_str());
+}
+
+TEST(JXString, AMoveLeavesTheSourceAbsent) {
+  for (const std::string& text : {kInline, kShared}) {
+    JXString source(text);
+    JXString target(std::move(source));
+    EXPECT_EQ(target.toStdString(), text);
+    EXPECT_FALSE(source.isPresent());  // NOLINT(bugprone-use-after-move): the rule under test
+    JXString assigned("old");
+    assigned = std::move(target);
+    EXPECT_EQ(assigned.toStdString(), text);
+    EXPECT_FALSE(target.isPresent());  // NOLINT(bugprone-use-after-move)
+  }
+}
+
+TEST(JXString, AssigningToItselfChangesNothing) {
+  for (const std::string& text : {kInline, kShared}) {
+    JXString value(text);
+    JXString& same = value;
+    value = same;
+    EXPECT_EQ(value.toStdString(), text);
+    value = std::move(same);
+    EXPECT_EQ(value.toStdString(), text);
+  }
+}
+
+TEST(JXString, AssignmentReplacesEveryKindByEveryKind) {
+  const JXString kinds[] = {JXString(), JXString(""), JXString(kInline), JXString(kShared)};
+  for (const JXString& before : kinds) {
+    for (const JXString& after : kinds) {
+      JXString value(before);
+      value = after;
+      EXPECT_EQ(value, after);
+      EXPECT_EQ(value.isPresent(), after.isPresent());
+    }
+  }
+}
+
+TEST(JXString, EqualityComparesBytes) {
+  EXPECT_EQ(JXString(kShared), JXString(std::string(23, 'b')));
+  EXPECT_NE(JXString(kShared), JXString(std::string(24, 'b')));
+  EXPECT_NE(JXString("a"), JXString("A"));
+}
+
+TEST(JXString, PrintsItsTextOrThatItIsAbsent) {
+  std::ostringstream out;
+  out << JXString("text") << '|' << JXString() << '|' << JXString("");
+  EXPECT_EQ(out.str(), "text|(absent)|");
+}
+
+TEST(JXString, IsAKeyOfUnorderedMaps) {
+  std::unordered_map<JXString, int> numbers;
+  numbers[JXString(kShared)] = 1;
+  numbers[JXString(kInline)] = 2;
+  EXPECT_EQ(numbers.at(JXString(std::string(23, 'b'))), 1);
+  EXPECT_EQ(numbers.at(JXString(std::string(22, 'a'))), 2);
+}
+
+TEST(JXString, CopiesOnManyThreadsReleaseTheSharedTextOnce) {
+  const JXString original(kShared);
+  std::vector<std::thread> threads;
+  std::atomic<int> wrong{0};
+  for (int t = 0; t < 4; ++t) {
+    threads.emplace_back([&original, &wrong] {
+      for (int i = 0; i < 10000; ++i) {
+        JXString copy(original);
+        const JXString moved(std::move(copy));
+        if (moved.view() != kShared) ++wrong;
+      }
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  EXPECT_EQ(wrong.load(), 0);
+  EXPECT_EQ(original.view(), kShared);
+}
+
+}  // namespace
+}  // namespace jx
