@@ -105,7 +105,8 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
     return i < integerDigits.size() ? integerDigits[i] : fractionDigits[i - integerDigits.size()];
   };
   std::size_t first = 0;
-  while (first < total && digitAt(first) == '0') ++first;
+  while (first < total && digitAt(first) == '0')
+    ++first;
   const bool isZero = first == total;
   // The scale of a zero is all that it says beside its value; only as much of it as fits is kept.
   if (isZero && total > 0) first = total - 1;
@@ -119,16 +120,18 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
   if (isZero) {
     JXDecimal zero;
     zero.negative_ = negative;
-    zero.exponent_ = static_cast<std::int16_t>(
-        std::clamp<std::int64_t>(exponentAt(total - 1), kMinExponent, 0));
+    zero.exponent_ =
+        static_cast<std::int16_t>(std::clamp<std::int64_t>(exponentAt(total - 1), kMinExponent, 0));
     return zero;
   }
   // Digits below the smallest power of ten are rounded away like those beyond the 38th.
   if (exponentAt(first) < kMinExponent - 1) return notANumber();
-  while (kept > first && exponentAt(kept - 1) < kMinExponent) --kept;
+  while (kept > first && exponentAt(kept - 1) < kMinExponent)
+    --kept;
 
   Coefficient coefficient;
-  for (std::size_t i = first; i < kept; ++i) coefficient.append(digitAt(i));
+  for (std::size_t i = first; i < kept; ++i)
+    coefficient.append(digitAt(i));
   std::int64_t resultExponent = kept > 0 ? exponentAt(kept - 1) : exponent;
   if (kept == first) resultExponent = kMinExponent;
   if (kept < total && digitAt(kept) >= '5' && !coefficient.increment()) ++resultExponent;

@@ -9,7 +9,8 @@ namespace {
 
 std::string_view takeDigits(std::string_view& rest) noexcept {
   std::size_t length = 0;
-  while (length < rest.size() && rest[length] >= '0' && rest[length] <= '9') ++length;
+  while (length < rest.size() && rest[length] >= '0' && rest[length] <= '9')
+    ++length;
   const std::string_view digits = rest.substr(0, length);
   rest.remove_prefix(length);
   return digits;
@@ -60,7 +61,8 @@ std::optional<std::string> JXDecimalText::toPlain() const {
 
 std::string JXDecimalText::plain(bool negative, std::string_view digits, std::int64_t exponent) {
   const std::size_t scale = exponent < 0 ? static_cast<std::size_t>(-exponent) : 0;
-  while (digits.size() > scale + 1 && digits.front() == '0') digits.remove_prefix(1);
+  while (digits.size() > scale + 1 && digits.front() == '0')
+    digits.remove_prefix(1);
   std::string text;
   if (exponent >= 0) {
     text.append(digits);
