@@ -1,0 +1,156 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""What the checks know about the source tree: its files, their includes, stamps of past results."""
+
+import argparse
+import fnmatch
+import hashlib
+import os
+import re
+import subprocess
+import sys
+
+CPP_PATTERNS = ("*.h", "*.cpp", "*.mm")
+INTERNAL_HEADERS = "packaging/internal-headers.txt"
+
+_TOKEN = re.compile(
+    r'//[^\n]*|/\*.*?\*/'
+    r'|R"([^\s()\\]{0,16})\(.*?\)\1"'
+    r'|"(?:\\.|[^"\\\n])*"'
+    r"|(?<![0-9A-Fa-f])'(?:\\.|[^'\\\n])+'",
+    re.DOTALL)
+_INCLUDE = re.compile(r'^[ \t]*#[ \t]*(?:include|import)[ \t]*(<[^>\n]+>|"[^"\n]+")', re.MULTILINE)
+
+
+def root_from_arguments(description):
+    """The tree that a check looks at: this project's, or another one for the check's own tests."""
+    parser = argparse.ArgumentParser(description=description)
+    here = os.path.dirname(os.path.abspath(__file__))
+    parser.add_argument("--root", default=os.path.join(here, "..", ".."), help=argparse.SUPPRESS)
+    return os.path.abspath(parser.parse_args().root)
+
+
+def files(root, *patterns):
+    """Paths from `root` whose names match a pattern: all that git would track, or, where there is
+    no git checkout, all but the build folder."""
+    # A checkout may belong to another user than the one who looks it over.
+    listing = subprocess.run(
+        ["git", "-c", "safe.directory=*", "-C", root, "ls-files", "-z", "--cached", "--others",
+         "--exclude-standard"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    if os.path.exists(os.path.join(root, ".git")) and listing.returncode == 0:
+        found = listing.stdout.decode().split("\0")
+    else:
+        found = _walk(root)
+    return sorted(path for path in set(found)
+                  if any(fnmatch.fnmatch(os.path.basename(path), pattern) for pattern in patterns)
+                  and os.path.isfile(os.path.join(root, path)))
+
+
+def _walk(root):
+    for folder, folders, names in os.walk(root):
+        if folder == root:
+            folders[:] = [name for name in folders if name not in ("build", ".git")]
+        for name in names:
+            yield os.path.relpath(os.path.join(folder, name), root)
+
+
+def read(root, path):
+    with open(os.path.join(root, path), encoding="utf-8", errors="replace") as file:
+        return file.read()
+
+
+def without_comments(text, keep_strings=False):
+    """`text` with comments, and strings unless they are kept, turned into blanks; every remaining
+    character keeps its line."""
+    def blank(match):
+        token = match.group(0)
+        if keep_strings and not token.startswith("/"):
+            return token
+        return re.sub(r"[^\n]", " ", token)
+    return _TOKEN.sub(blank, text)
+
+
+def line_of(text, position):
+    return text.count("\n", 0, position) + 1
+
+
+def includes(text):
+    """(line, spelling with its brackets or quotes) of each include, those in comments left out."""
+    code = without_comments(text, keep_strings=True)
+    return [(line_of(code, match.start(1)), match.group(1)) for match in _INCLUDE.finditer(code)]
+
+
+def with_own_includes(root, path):
+    """`path` and the files of this tree that it includes, directly or not, sorted."""
+    seen = {path}
+    pending = [path]
+    while pending:
+        for _, spelling in includes(read(root, pending.pop())):
+            target = spelling[1:-1]
+            if target not in seen and os.path.isfile(os.path.join(root, target)):
+                seen.add(target)
+                pending.append(target)
+    return sorted(seen)
+
+
+def public_headers(root):
+    """The headers under jx/ that an installation gets."""
+    internal = internal_headers(root)
+    return [path for path in files(root, "*.h") if path.startswith("jx/")
+            and not is_internal(path, internal)]
+
+
+def internal_headers(root):
+    if not os.path.isfile(os.path.join(root, INTERNAL_HEADERS)):
+        return []
+    lines = (line.strip() for line in read(root, INTERNAL_HEADERS).splitlines())
+    return [line for line in lines if line and not line.startswith("#")]
+
+
+def is_internal(path, internal):
+    return any(path == entry or (entry.endswith("/") and path.startswith(entry))
+               for entry in internal)
+
+
+class Stamps:
+    """Remembers in a folder which inputs were found faultless, so that they are not looked at
+    again. A stamp is the hash of everything that the result depends on."""
+
+    MAX_STAMPS = 5000
+
+    def __init__(self, root, name, *context):
+        self._root = root
+        self._folder = os.path.join(root, "build", name)
+        self._context = "\0".join(context)
+        os.makedirs(self._folder, exist_ok=True)
+
+    def key(self, path, *more):
+        digest = hashlib.sha256("\0".join((self._context, path) + more).encode())
+        for part in with_own_includes(self._root, path):
+            digest.update(part.encode() + b"\0" + read(self._root, part).encode() + b"\0")
+        return digest.hexdigest()
+
+    def holds(self, key):
+        return os.path.exists(os.path.join(self._folder, key))
+
+    def add(self, key):
+        with open(os.path.join(self._folder, key), "w", encoding="utf-8"):
+            pass
+
+    def drop_old(self):
+        stamps = sorted(os.scandir(self._folder), key=lambda entry: entry.stat().st_mtime)
+        for entry in stamps[:-self.MAX_STAMPS]:
+            os.unlink(entry.path)
+
+
+def finish(findings):
+    """Prints the findings; ends the check with 1 when there are any."""
+    for finding in findings:
+        print(finding)
+    sys.exit(1 if findings else 0)
+
+
+if __name__ == "__main__":
+    # For the checks that are shell scripts: sourcetree.py PATTERN... prints the matching files.
+    HERE = os.path.dirname(os.path.abspath(__file__))
+    print("\n".join(files(os.path.dirname(os.path.dirname(HERE)), *sys.argv[1:])))
