@@ -33,17 +33,18 @@ def root_from_arguments(description):
 def files(root, *patterns):
     """Paths from `root` whose names match a pattern: all that git would track, or, where there is
     no git checkout, all but the build folder."""
-    # A checkout may belong to another user than the one who looks it over.
-    listing = subprocess.run(
-        ["git", "-c", "safe.directory=*", "-C", root, "ls-files", "-z", "--cached", "--others",
-         "--exclude-standard"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
-    if os.path.exists(os.path.join(root, ".git")) and listing.returncode == 0:
-        found = listing.stdout.decode().split("\0")
-    else:
-        found = _walk(root)
+    found = _tracked(root) if os.path.exists(os.path.join(root, ".git")) else _walk(root)
     return sorted(path for path in set(found)
                   if any(fnmatch.fnmatch(os.path.basename(path), pattern) for pattern in patterns)
                   and os.path.isfile(os.path.join(root, path)))
+
+
+def _tracked(root):
+    # A checkout may belong to another user than the one who looks it over.
+    listing = subprocess.run(
+        ["git", "-c", "safe.directory=*", "-C", root, "ls-files", "-z", "--cached", "--others",
+         "--exclude-standard"], stdout=subprocess.PIPE, check=True)
+    return listing.stdout.decode().split("\0")
 
 
 def _walk(root):

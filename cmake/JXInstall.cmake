@@ -1,0 +1,73 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+
+# What `cmake --install` gives: the public headers, the library, and the files by which CMake and
+# pkg-config find them. A project that includes this one by add_subdirectory installs its own
+# things, and ours only when it asks.
+option(JX_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
+if(NOT JX_INSTALL)
+  return()
+endif()
+
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+set_target_properties(jxserverside PROPERTIES VERSION ${PROJECT_VERSION}
+                      SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+
+# The headers that no host includes stay here; scripts/checks/headers reads the same list.
+set(internal_list ${PROJECT_SOURCE_DIR}/packaging/internal-headers.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${internal_list})
+file(STRINGS ${internal_list} internal_headers REGEX "^[^#]")
+file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+     ${PROJECT_SOURCE_DIR}/jx/*.h)
+foreach(entry ${internal_headers})
+  string(REPLACE "." "\\." pattern "${entry}")
+  if(NOT entry MATCHES "/$")
+    string(APPEND pattern "$")
+  endif()
+  list(FILTER public_headers EXCLUDE REGEX "^${pattern}")
+endforeach()
+foreach(header ${public_headers})
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${PROJECT_SOURCE_DIR}/${header} COMPONENT jxserverside
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+endforeach()
+
+install(TARGETS jxserverside EXPORT jxserversideTargets COMPONENT jxserverside
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE COMPONENT jxserverside
+        DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# A static library hands its own dependencies on to whoever links it; a shared one has them inside.
+get_target_property(library_type jxserverside TYPE)
+if(library_type STREQUAL "STATIC_LIBRARY")
+  set(JX_CONFIG_DEPENDENCIES "find_dependency(CURL)\nfind_dependency(Threads)")
+  set(JX_PC_REQUIRES libcurl)
+  set(JX_PC_LIBS ${CMAKE_THREAD_LIBS_INIT})
+else()
+  set(JX_PC_REQUIRES_PRIVATE libcurl)
+endif()
+
+set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/jxserverside)
+install(EXPORT jxserversideTargets NAMESPACE jx:: COMPONENT jxserverside
+        DESTINATION ${config_folder})
+configure_package_config_file(
+    ${PROJECT_SOURCE_DIR}/packaging/jxserversideConfig.cmake.in
+    ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
+    INSTALL_DESTINATION ${config_folder} NO_SET_AND_CHECK_MACRO)
+# Until 1.0 a new minor version may break a host.
+write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigVersion.cmake
+        COMPONENT jxserverside DESTINATION ${config_folder})
+
+# The prefix is told relative to the file, so that `cmake --install --prefix` and moving the
+# installed tree both work.
+file(RELATIVE_PATH JX_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" JX_PC_PREFIX "${JX_PC_PREFIX}")
+configure_file(${PROJECT_SOURCE_DIR}/packaging/jxserverside.pc.in
+               ${CMAKE_CURRENT_BINARY_DIR}/jxserverside.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserverside.pc COMPONENT jxserverside
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

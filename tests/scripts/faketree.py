@@ -1,0 +1,42 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""A small source tree in a temporary folder, for the tests of the checks."""
+
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+CHECKS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "checks")
+
+
+class FakeTreeTest(unittest.TestCase):
+    """Runs the check named `check` over trees that a test writes down as {path: text}."""
+
+    check = ""
+
+    def findings(self, tree):
+        """(exit status, what the check printed) for a tree."""
+        with tempfile.TemporaryDirectory() as root:
+            for path, text in tree.items():
+                full = os.path.join(root, path)
+                os.makedirs(os.path.dirname(full), exist_ok=True)
+                with open(full, "w", encoding="utf-8") as file:
+                    file.write(text)
+            result = subprocess.run(
+                [sys.executable, "-B", os.path.join(CHECKS, self.check), "--root", root],
+                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
+        return result.returncode, result.stdout
+
+    def assert_clean(self, tree):
+        self.assertEqual(self.findings(tree), (0, ""))
+
+    def assert_found(self, tree, *expected):
+        """Each of `expected` is the start of one line, and there are no more lines."""
+        status, output = self.findings(tree)
+        lines = output.splitlines()
+        self.assertEqual(len(lines), len(expected), output)
+        for line, start in zip(lines, expected):
+            self.assertTrue(line.startswith(start), f"{line!r} does not start with {start!r}")
+        self.assertEqual(status, 1)

@@ -1,0 +1,47 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+import unittest
+
+import faketree
+
+GOOD = "#pragma once\n#include <string>\ninline std::string a() { return {}; }\n"
+LIST = "packaging/internal-headers.txt"
+
+
+class Headers(faketree.FakeTreeTest):
+    check = "headers"
+
+    def test_headers_that_stand_alone_are_clean(self):
+        self.assert_clean({"jx/core/A.h": GOOD,
+                           "jx/core/B.h": '#pragma once\n#include "jx/core/A.h"\n'})
+
+    def test_a_header_that_needs_another_include_is_found(self):
+        status, output = self.findings({"jx/core/A.h": "#pragma once\nstd::string a();\n"})
+        self.assertEqual(status, 1)
+        self.assertIn("jx/core/A.h:2:", output)
+
+    def test_a_warning_in_a_header_is_found(self):
+        text = "#pragma once\ninline int a(unsigned b) { return b < -1 ? 1 : 0; }\n"
+        status, output = self.findings({"jx/core/A.h": text})
+        self.assertEqual(status, 1)
+        self.assertIn("jx/core/A.h:2:", output)
+
+    def test_a_header_newer_than_its_standard_is_found(self):
+        text = "#pragma once\ninline auto a = []<typename T>(T b) { return b; };\n"
+        status, output = self.findings({"jx/core/A.h": text})
+        self.assertEqual(status, 1)
+        self.assertIn("jx/core/A.h:2:", output)
+
+    def test_internal_headers_and_those_of_tools_are_left_alone(self):
+        self.assert_clean({"jx/core/A.h": GOOD, "jx/core/storage/B.h": "broken\n",
+                           "jx/core/C.h": "broken\n", "tools/jx/D.h": "broken\n",
+                           LIST: "# why\njx/core/storage/\njx/core/C.h\n"})
+
+    def test_a_public_header_that_includes_an_internal_one_is_found(self):
+        self.assert_found({"jx/core/A.h": '#pragma once\n#include "jx/core/storage/B.h"\n',
+                           "jx/core/storage/B.h": "#pragma once\n", LIST: "jx/core/storage/\n"},
+                          'jx/core/A.h:2: "jx/core/storage/B.h": a public header includes')
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,146 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+import unittest
+
+import faketree
+
+# One header in each folder, so that every direction can be tried.
+HEADERS = {path: "#pragma once\n" for path in (
+    "jx/JXServerSide.h", "jx/platform/P.h", "jx/core/C.h", "jx/core/json/J.h",
+    "jx/variables/V.h", "jx/context/X.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
+    "jx/events/JXEventPropertiesNames.h", "jx/facade/F.h", "tools/jx/T.h", "tests/support/S.h",
+    "bench/B.h")}
+
+
+def tree(path, *lines):
+    return {**HEADERS, path: "".join(line + "\n" for line in lines)}
+
+
+class Includes(faketree.FakeTreeTest):
+    check = "includes"
+
+    def assert_allowed(self, path, *targets):
+        for target in targets:
+            with self.subTest(path=path, target=target):
+                self.assert_clean(tree(path, f"#include {target}"))
+
+    def assert_refused(self, path, *targets):
+        for target in targets:
+            with self.subTest(path=path, target=target):
+                self.assert_found(tree(path, "", f"#include {target}"), f"{path}:2: {target}: ")
+
+    def test_a_layer_may_include_itself_and_what_is_below(self):
+        self.assert_allowed("jx/platform/A.h", '"jx/platform/P.h"')
+        self.assert_allowed("jx/core/json/A.h", '"jx/core/C.h"', '"jx/platform/P.h"')
+        self.assert_allowed("jx/variables/A.h", '"jx/core/json/J.h"', '"jx/platform/P.h"')
+        self.assert_allowed("jx/events/video/A.h", '"jx/events/E.h"', '"jx/core/C.h"')
+        self.assert_allowed("jx/context/A.h", '"jx/variables/V.h"', '"jx/core/C.h"')
+        self.assert_allowed("jx/facade/A.h", '"jx/events/E.h"', '"jx/context/X.h"',
+                            '"jx/variables/V.h"', '"jx/core/C.h"', '"jx/events/ecommerce/M.h"')
+
+    def test_no_layer_includes_what_is_above(self):
+        self.assert_refused("jx/platform/A.h", '"jx/core/C.h"', '"jx/facade/F.h"')
+        self.assert_refused("jx/core/json/A.cpp", '"jx/variables/V.h"', '"jx/events/E.h"',
+                            '"jx/context/X.h"', '"jx/facade/F.h"')
+        self.assert_refused("jx/variables/A.h", '"jx/facade/F.h"', '"jx/context/X.h"')
+        self.assert_refused("jx/context/A.h", '"jx/facade/F.h"')
+        self.assert_refused("jx/events/A.h", '"jx/facade/F.h"')
+
+    def test_events_read_nothing_but_the_core(self):
+        self.assert_refused("jx/events/ecommerce/A.cpp", '"jx/variables/V.h"', '"jx/context/X.h"')
+
+    def test_variables_do_not_read_events(self):
+        self.assert_refused("jx/variables/A.cpp", '"jx/events/E.h"',
+                            '"jx/events/JXEventPropertiesNames.h"')
+
+    def test_context_reads_the_key_constants_of_events_and_no_more_of_them(self):
+        self.assert_allowed("jx/context/A.cpp", '"jx/events/JXEventPropertiesNames.h"')
+        self.assert_refused("jx/context/A.cpp", '"jx/events/E.h"', '"jx/events/ecommerce/M.h"')
+
+    def test_the_umbrella_includes_all_layers_and_nobody_in_the_library_includes_it(self):
+        self.assert_clean(tree("jx/JXServerSide.h", '#include "jx/core/C.h"',
+                               '#include "jx/events/ecommerce/M.h"', '#include "jx/facade/F.h"',
+                               '#include "jx/platform/P.h"'))
+        self.assert_refused("jx/facade/A.cpp", '"jx/JXServerSide.h"')
+        self.assert_allowed("tools/jx/A.cpp", '"jx/JXServerSide.h"')
+
+    def test_a_folder_outside_the_layers_is_found(self):
+        self.assert_refused("jx/extras/A.h", '"jx/core/C.h"')
+
+    def test_the_library_includes_neither_tools_nor_tests(self):
+        self.assert_refused("jx/core/A.cpp", '"tools/jx/T.h"', '"tests/support/S.h"',
+                            '"bench/B.h"')
+        self.assert_refused("tools/jx/A.cpp", '"tests/support/S.h"')
+        self.assert_refused("examples/minimal/main.cpp", '"tools/jx/T.h"')
+        self.assert_allowed("tests/core/A.cpp", '"jx/core/C.h"', '"tools/jx/T.h"',
+                            '"tests/support/S.h"')
+
+    def test_own_headers_are_quoted_with_their_path_from_the_root(self):
+        self.assert_refused("jx/core/A.cpp", '"C.h"', '"../core/C.h"', '"json/J.h"',
+                            "<jx/core/C.h>", '"jx/core/Missing.h"', '"stdio.h"')
+
+    def test_curl_and_rapidjson_only_in_sources_of_core_and_tools(self):
+        for library in ("<curl/curl.h>", "<rapidjson/writer.h>"):
+            self.assert_allowed("jx/core/transfer/A.cpp", library)
+            self.assert_allowed("tools/jx/A.cpp", library)
+            self.assert_allowed("bench/A.cpp", library)
+            self.assert_allowed("tests/support/A.h", library)
+            for path in ("jx/core/A.h", "tools/jx/A.h", "jx/facade/A.cpp", "jx/platform/A.cpp",
+                         "jx/events/A.cpp", "examples/minimal/main.cpp"):
+                self.assert_refused(path, library)
+
+    def test_libraries_of_the_tools_stay_out_of_the_library(self):
+        for library in ("<httplib.h>", "<openssl/ssl.h>", "<sqlite3.h>", "<CLI/CLI.hpp>"):
+            self.assert_allowed("tools/jx/A.h", library)
+            self.assert_allowed("tests/support/A.cpp", library)
+            self.assert_allowed("bench/A.cpp", library)
+            self.assert_refused("jx/core/A.cpp", library)
+            self.assert_refused("examples/minimal/main.cpp", library)
+
+    def test_test_frameworks_stay_in_tests_and_benchmarks(self):
+        self.assert_allowed("tests/core/A.cpp", "<gtest/gtest.h>", "<gmock/gmock.h>")
+        self.assert_refused("tools/jx/A.cpp", "<gtest/gtest.h>", "<benchmark/benchmark.h>")
+        self.assert_refused("jx/core/A.h", "<gtest/gtest_prod.h>")
+        self.assert_allowed("bench/A.cpp", "<benchmark/benchmark.h>")
+
+    def test_system_headers_only_in_core_and_platform(self):
+        self.assert_allowed("jx/core/storage/A.cpp", "<unistd.h>", "<sys/stat.h>")
+        self.assert_allowed("jx/platform/linux/A.cpp", "<ifaddrs.h>", "<string>")
+        self.assert_refused("jx/events/A.cpp", "<unistd.h>", "<string.h>")
+        self.assert_refused("jx/core/A.cpp", "<boost/any.hpp>", "<span>")
+
+    def test_apple_frameworks_only_in_the_apple_platform(self):
+        self.assert_clean(tree("jx/platform/apple/A.mm", "#import <Foundation/Foundation.h>"))
+        self.assert_found(tree("jx/facade/A.mm", "#import <Foundation/Foundation.h>"),
+                          "jx/facade/A.mm:1: <Foundation/Foundation.h>: ")
+
+    def test_features_that_the_oldest_runtime_lacks_are_found_in_the_library(self):
+        for name in ("filesystem", "to_chars", "pmr", "format", "jthread", "latch", "barrier",
+                     "counting_semaphore"):
+            with self.subTest(name=name):
+                line = f"auto x = std::{name}();"
+                self.assert_found(tree("jx/core/A.cpp", line), f"jx/core/A.cpp:1: std::{name}: ")
+                self.assert_clean(tree("tools/jx/A.cpp", line))
+        self.assert_refused("jx/core/A.cpp", "<filesystem>", "<format>", "<memory_resource>",
+                            "<latch>", "<barrier>", "<semaphore>")
+
+    def test_comments_and_strings_are_no_code(self):
+        self.assert_clean(tree(
+            "jx/core/A.cpp", '// #include "jx/facade/F.h"', "/*", '#include "jx/facade/F.h"',
+            "std::filesystem */", 'auto a = "std::format"; auto b = R"(std::latch "quoted)";'))
+
+    def test_code_behind_a_string_a_comment_or_a_digit_separator_is_seen(self):
+        for line in ('auto a = "//"; std::format("");', "/* x */ std::format();",
+                     "f(10'000, std::format(), 20'000);", "f('\"', std::format(), '\"');"):
+            with self.subTest(line=line):
+                self.assert_found(tree("jx/core/A.cpp", line), "jx/core/A.cpp:1: std::format: ")
+
+    def test_each_fault_is_told_with_its_own_line(self):
+        self.assert_found(
+            tree("jx/core/A.cpp", "/* two", "lines */", '#include "jx/facade/F.h"', "",
+                 "# include <curl/curl.h>", '#  include "jx/events/E.h"'),
+            'jx/core/A.cpp:3: "jx/facade/F.h"', 'jx/core/A.cpp:6: "jx/events/E.h"')
+
+
+if __name__ == "__main__":
+    unittest.main()
