@@ -38,7 +38,7 @@ class Words(faketree.FakeTreeTest):
                                   f"jx/core/A.cpp:4: {note}: ")
 
     def test_words_that_only_contain_a_note_are_none(self):
-        self.assert_clean({"scripts/a.sh": HASH + "mktemp -d /tmp/XXX" "XXX\n"})
+        self.assert_clean({"scripts/a.sh": HASH + "mktemp -d /tmp/X" "XXXXX\n"})
 
     def test_switched_off_tests_are_found(self):
         for word in SWITCHED_OFF:
