@@ -78,22 +78,20 @@ class Includes(faketree.FakeTreeTest):
                             "<jx/core/C.h>", '"jx/core/Missing.h"', '"stdio.h"')
 
     def test_curl_and_rapidjson_only_in_sources_of_core_and_tools(self):
-        for library in ("<curl/curl.h>", "<rapidjson/writer.h>"):
-            self.assert_allowed("jx/core/transfer/A.cpp", library)
-            self.assert_allowed("tools/jx/A.cpp", library)
-            self.assert_allowed("bench/A.cpp", library)
-            self.assert_allowed("tests/support/A.h", library)
-            for path in ("jx/core/A.h", "tools/jx/A.h", "jx/facade/A.cpp", "jx/platform/A.cpp",
-                         "jx/events/A.cpp", "examples/minimal/main.cpp"):
-                self.assert_refused(path, library)
+        libraries = ("<curl/curl.h>", "<rapidjson/writer.h>")
+        for path in ("jx/core/transfer/A.cpp", "tools/jx/A.cpp", "bench/A.cpp",
+                     "tests/support/A.h"):
+            self.assert_allowed(path, *libraries)
+        for path in ("jx/core/A.h", "tools/jx/A.h", "jx/facade/A.cpp", "jx/platform/A.cpp",
+                     "jx/events/A.cpp", "examples/minimal/main.cpp"):
+            self.assert_refused(path, *libraries)
 
     def test_libraries_of_the_tools_stay_out_of_the_library(self):
-        for library in ("<httplib.h>", "<openssl/ssl.h>", "<sqlite3.h>", "<CLI/CLI.hpp>"):
-            self.assert_allowed("tools/jx/A.h", library)
-            self.assert_allowed("tests/support/A.cpp", library)
-            self.assert_allowed("bench/A.cpp", library)
-            self.assert_refused("jx/core/A.cpp", library)
-            self.assert_refused("examples/minimal/main.cpp", library)
+        libraries = ("<httplib.h>", "<openssl/ssl.h>", "<sqlite3.h>", "<CLI/CLI.hpp>")
+        for path in ("tools/jx/A.h", "tests/support/A.cpp", "bench/A.cpp"):
+            self.assert_allowed(path, *libraries)
+        for path in ("jx/core/A.cpp", "jx/platform/linux/A.cpp", "examples/minimal/main.cpp"):
+            self.assert_refused(path, *libraries)
 
     def test_test_frameworks_stay_in_tests_and_benchmarks(self):
         self.assert_allowed("tests/core/A.cpp", "<gtest/gtest.h>", "<gmock/gmock.h>")
