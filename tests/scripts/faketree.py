@@ -2,11 +2,14 @@
 # SPDX-License-Identifier: Apache-2.0
 """A small source tree in a temporary folder, for the tests of the checks."""
 
+import contextlib
+import io
 import os
-import subprocess
+import runpy
 import sys
 import tempfile
 import unittest
+from unittest import mock
 
 CHECKS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "checks")
 
@@ -24,10 +27,16 @@ class FakeTreeTest(unittest.TestCase):
                 os.makedirs(os.path.dirname(full), exist_ok=True)
                 with open(full, "w", encoding="utf-8") as file:
                     file.write(text)
-            result = subprocess.run(
-                [sys.executable, "-B", os.path.join(CHECKS, self.check), "--root", root],
-                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
-        return result.returncode, result.stdout
+            return self._run(root)
+
+    def _run(self, root):
+        # In this process: a new interpreter for each tree would be most of the time.
+        output = io.StringIO()
+        script = os.path.join(CHECKS, self.check)
+        with mock.patch.object(sys, "argv", [script, "--root", root]), \
+                contextlib.redirect_stdout(output), self.assertRaises(SystemExit) as ended:
+            runpy.run_path(script, run_name="__main__")
+        return ended.exception.code, output.getvalue()
 
     def assert_clean(self, tree):
         self.assertEqual(self.findings(tree), (0, ""))
