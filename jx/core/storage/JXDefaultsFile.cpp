@@ -1,0 +1,305 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXDefaultsFile.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include "jx/core/storage/JXFolder.h"
+
+namespace jx {
+namespace {
+
+constexpr std::uint64_t kRewriteAbove = 64 * 1024;
+// Each attempt is lost only to another process that replaced the file in that instant.
+constexpr int kOpenAttempts = 3;
+
+}  // namespace
+
+// Holds the lock, and logs after releasing it: the log's sink may call back.
+class JXDefaultsFile::Locked {
+ public:
+  explicit Locked(JXDefaultsFile& file) : file_(file), lock_(file.mutex_) {}
+  ~Locked() {
+    if (!lock_.owns_lock()) lock_.lock();
+    const auto lines = file_.report_.takeLines();
+    lock_.unlock();
+    JXStorageReport::log(lines);
+  }
+  void unlock() { lock_.unlock(); }
+  void lock() { lock_.lock(); }
+
+ private:
+  JXDefaultsFile& file_;
+  std::unique_lock<std::mutex> lock_;
+};
+
+JXDefaultsFile::JXDefaultsFile(std::string path)
+    : path_(std::move(path)), report_("user defaults " + path_) {
+  Locked locked(*this);
+  ensureOpen();
+  if (journal_ == nullptr) readWithoutLock();
+}
+
+JXDefaultsFile::~JXDefaultsFile() {
+  Locked locked(*this);
+  writeUnsaved();
+}
+
+JXString JXDefaultsFile::objectForKey(const JXString& key) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const auto found = values_.find(key);
+  return found == values_.end() ? JXString() : found->second;
+}
+
+void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key) {
+  if (!key.isPresent()) return;
+  Locked locked(*this);
+  const auto found = values_.find(key);
+  const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
+  if (same) return;
+  if (value.isPresent()) {
+    values_[key] = value;
+  } else {
+    values_.erase(found);
+  }
+  if (rewriting_) changed_.insert(key);
+  unsaved_.insert(key);
+  ensureOpen();
+  if (write(key)) unsaved_.erase(key);
+}
+
+bool JXDefaultsFile::needsMaintenance() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return dirty_ || folderDirty_ || !unsaved_.empty();
+}
+
+bool JXDefaultsFile::isAvailable() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return journal_ != nullptr && unsaved_.empty();
+}
+
+std::uint64_t JXDefaultsFile::storageErrors() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return report_.failures();
+}
+
+std::uint64_t JXDefaultsFile::damaged() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return report_.damagedFiles();
+}
+
+// Opens the file unless it is open already; one that was removed is made again.
+void JXDefaultsFile::ensureOpen() {
+  if (journal_ != nullptr && journal_->file().isLinked()) return;
+  journal_.reset();
+  for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {
+    if (!openOnce()) return;
+  }
+}
+
+// False when another attempt is of no use.
+bool JXDefaultsFile::openOnce() {
+  int error = makeFolder(folderOf(path_));
+  JXFile file;
+  if (error == 0) file = JXFile::open(path_, JXFile::Access::Append, error);
+  if (error != 0) {
+    report_.failed("open the file", error);
+    return false;
+  }
+  // Alone with the file, a torn end may be cut off. Else only the shared lock is asked for, which
+  // is refused only while another process puts a rewritten file in its place.
+  const bool alone = file.tryLock(JXFile::Lock::Exclusive);
+  if (!alone && !file.tryLock(JXFile::Lock::Shared)) {
+    report_.failed("lock the file", EWOULDBLOCK);
+    return false;
+  }
+  if (!file.isAt(path_)) return true;
+  auto journal = std::make_shared<JXJournal>(std::move(file), path_);
+  JXDefaultsMap inFile;
+  readContent(*journal, alone ? JXJournal::Writers::One : JXJournal::Writers::Several, inFile);
+  // Between giving up the exclusive lock and holding the shared one, another process may have
+  // replaced the file.
+  const bool shared = !alone || journal->file().tryLock(JXFile::Lock::Shared);
+  if (!shared || !journal->file().isAt(path_)) return true;
+  journal_ = std::move(journal);
+  folderDirty_ = true;
+  // After the file was removed while it was in use, what this process knows is written again.
+  adoptContent(inFile, false);
+  writeUnsaved();
+  return true;
+}
+
+// Reads the whole file, sets aside what is damaged in it, and leaves it open to other writers.
+// False when the disk refused a part.
+bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
+                                 JXDefaultsMap& content) {
+  const JXJournal::Recovery recovery =
+      journal.recover(writers, [&](const JXFrame& frame) { applyDefault(frame.payload, content); });
+  journal.setWriters(JXJournal::Writers::Several);
+  if (recovery.error != 0) report_.failed("read the file", recovery.error);
+  if (recovery.setAside) report_.damaged(path_);
+  damaged_ = recovery.damageRemains;
+  return recovery.error == 0;
+}
+
+// Takes over what the file says, except where a change of this process is not in it yet. An entry
+// that a whole file lacks was removed by another process; one that a new file lacks is written.
+void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole) {
+  for (auto entry = values_.begin(); entry != values_.end();) {
+    const bool missing = inFile.count(entry->first) == 0 && unsaved_.count(entry->first) == 0;
+    if (missing && fileIsWhole) {
+      entry = values_.erase(entry);
+      continue;
+    }
+    if (missing) unsaved_.insert(entry->first);
+    ++entry;
+  }
+  for (const auto& [key, value] : inFile) {
+    if (unsaved_.count(key) == 0) values_[key] = value;
+  }
+}
+
+// A file that cannot be written may still be readable.
+void JXDefaultsFile::readWithoutLock() {
+  const int error =
+      JXJournal::scan(path_, [&](const JXFrame& frame) { applyDefault(frame.payload, values_); });
+  if (error != 0 && error != ENOENT) report_.failed("read the file", error);
+}
+
+bool JXDefaultsFile::write(const JXString& key) {
+  if (journal_ == nullptr) return false;
+  const auto found = values_.find(key);
+  const JXString value = found == values_.end() ? JXString() : found->second;
+  const int error = appendDefault(*journal_, key, value);
+  if (error != 0) {
+    report_.failed("write a value", error);
+    return false;
+  }
+  dirty_ = true;
+  return true;
+}
+
+void JXDefaultsFile::writeUnsaved() {
+  if (unsaved_.empty() || journal_ == nullptr) return;
+  for (auto key = unsaved_.begin(); key != unsaved_.end();) {
+    if (!write(*key)) return;
+    key = unsaved_.erase(key);
+  }
+  report_.recovered();
+}
+
+void JXDefaultsFile::maintain() {
+  const std::lock_guard<std::mutex> maintenance(maintenance_);
+  {
+    Locked locked(*this);
+    if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
+    ensureOpen();
+    writeUnsaved();
+  }
+  syncChanges();
+  Locked locked(*this);
+  if (journal_ == nullptr || !isMostlyOld()) return;
+  if (!journal_->file().tryLock(JXFile::Lock::Exclusive)) {
+    backToShared();
+    return;
+  }
+  locked.unlock();
+  const bool replaced = rewrite();
+  locked.lock();
+  if (!replaced) backToShared();
+}
+
+void JXDefaultsFile::syncChanges() {
+  Locked locked(*this);
+  const std::shared_ptr<JXJournal> journal = dirty_ ? journal_ : nullptr;
+  const bool folder = folderDirty_;
+  if (journal != nullptr) dirty_ = false;
+  folderDirty_ = false;
+  locked.unlock();
+  const int error = journal != nullptr ? journal->sync() : 0;
+  const int folderError = folder ? synchronizeFolder(folderOf(path_)) : 0;
+  locked.lock();
+  if (error != 0) {
+    dirty_ = true;
+    report_.failed("sync the file", error);
+  }
+  if (folderError != 0) {
+    folderDirty_ = journal_ != nullptr;
+    report_.failed("sync the folder", folderError);
+  }
+}
+
+bool JXDefaultsFile::isMostlyOld() const {
+  if (damaged_) return true;
+  std::uint64_t size = 0;
+  return journal_->file().size(size) == 0 && size > kRewriteAbove &&
+         bytesOfDefaults(values_) < size / 2;
+}
+
+// After an exclusive lock was refused or is no longer needed. While no lock was held another
+// process may have replaced the file, and then this one is opened anew.
+void JXDefaultsFile::backToShared() {
+  if (journal_ == nullptr) return;
+  if (journal_->file().tryLock(JXFile::Lock::Shared) && journal_->file().isAt(path_)) return;
+  journal_.reset();
+  ensureOpen();
+}
+
+// Called with the file locked exclusively. Other threads go on setting values in the old file
+// meanwhile; those are written again into the new one.
+bool JXDefaultsFile::rewrite() {
+  const std::string freshPath = path_ + ".new";
+  int error = 0;
+  auto fresh = std::make_shared<JXJournal>(
+      JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
+  JXDefaultsMap content;
+  if (error == 0 && !beginRewrite(content)) return false;
+  for (const auto& [key, value] : content) {
+    if (error == 0) error = appendDefault(*fresh, key, value);
+  }
+  if (error == 0) error = fresh->sync();
+  const Locked locked(*this);
+  rewriting_ = false;
+  if (error == 0) return replaceFile(std::move(fresh), freshPath);
+  report_.failed("rewrite the file", error);
+  std::remove(freshPath.c_str());
+  return false;
+}
+
+// From the file and not from memory: another process that has ended may have set values.
+bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
+  const Locked locked(*this);
+  if (journal_ == nullptr) return false;
+  if (!readContent(*journal_, JXJournal::Writers::One, content)) return false;
+  adoptContent(content, true);
+  content = values_;
+  changed_ = unsaved_;
+  rewriting_ = true;
+  return true;
+}
+
+bool JXDefaultsFile::replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path) {
+  int error = 0;
+  for (const JXString& key : changed_) {
+    const auto found = values_.find(key);
+    const JXString value = found == values_.end() ? JXString() : found->second;
+    if (error == 0) error = appendDefault(*fresh, key, value);
+  }
+  if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
+  if (error == 0 && JXFileCalls::current().rename(path.c_str(), path_.c_str()) != 0) error = errno;
+  if (error != 0) {
+    report_.failed("rewrite the file", error);
+    std::remove(path.c_str());
+    return false;
+  }
+  fresh->setWriters(JXJournal::Writers::Several);
+  journal_ = std::move(fresh);
+  unsaved_.clear();
+  damaged_ = false;
+  dirty_ = dirty_ || !changed_.empty();
+  folderDirty_ = true;
+  return true;
+}
+
+}  // namespace jx

@@ -1,0 +1,162 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+namespace jx {
+namespace {
+
+int openSystem(const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); }
+
+int synchronizeSystem(int descriptor) {
+#if defined(__APPLE__)
+  return ::fsync(descriptor);
+#else
+  return ::fdatasync(descriptor);
+#endif
+}
+
+int flagsOf(JXFile::Access access) {
+  // Without O_NONBLOCK, opening a pipe that somebody put there would wait for its other end.
+  constexpr int kAlways = O_CLOEXEC | O_NONBLOCK;
+  constexpr int kAppend = kAlways | O_RDWR | O_APPEND;
+  switch (access) {
+    case JXFile::Access::Read:
+      return kAlways | O_RDONLY;
+    case JXFile::Access::Append:
+      return kAppend | O_CREAT;
+    case JXFile::Access::AppendExisting:
+      return kAppend;
+    case JXFile::Access::AppendCreateNew:
+      return kAppend | O_CREAT | O_EXCL;
+    case JXFile::Access::AppendEmptied:
+      return kAppend | O_CREAT | O_TRUNC;
+  }
+  return kAlways | O_RDONLY;
+}
+
+template <typename Call>
+auto repeatWhenInterrupted(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR)
+    result = call();
+  return result;
+}
+
+}  // namespace
+
+JXFileCalls JXFileCalls::system() {
+  return {&openSystem, &::writev, &::ftruncate, &synchronizeSystem, &std::rename};
+}
+
+JXFileCalls& JXFileCalls::current() {
+  static JXFileCalls calls = system();
+  return calls;
+}
+
+JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+JXFile& JXFile::operator=(JXFile&& other) noexcept {
+  if (this != &other) {
+    close();
+    descriptor_ = std::exchange(other.descriptor_, -1);
+  }
+  return *this;
+}
+
+JXFile JXFile::open(const std::string& path, Access access, int& error) {
+  const int descriptor = repeatWhenInterrupted(
+      [&] { return JXFileCalls::current().open(path.c_str(), flagsOf(access), 0600); });
+  if (descriptor < 0) {
+    error = errno;
+    return JXFile();
+  }
+  JXFile file(descriptor);
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0) {
+    error = errno;
+    return JXFile();
+  }
+  if (!S_ISREG(status.st_mode)) {
+    error = EINVAL;
+    return JXFile();
+  }
+  error = 0;
+  return file;
+}
+
+void JXFile::close() noexcept {
+  if (descriptor_ >= 0) ::close(descriptor_);
+  descriptor_ = -1;
+}
+
+int JXFile::append(const iovec* parts, int count, std::size_t& written) {
+  written = 0;
+  const ssize_t result = repeatWhenInterrupted(
+      [&] { return JXFileCalls::current().write(descriptor_, parts, count); });
+  if (result < 0) return errno;
+  written = static_cast<std::size_t>(result);
+  return 0;
+}
+
+int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t& got) const {
+  got = 0;
+  while (got < size) {
+    const ssize_t result = repeatWhenInterrupted([&] {
+      return ::pread(descriptor_, static_cast<char*>(into) + got, size - got,
+                     static_cast<off_t>(offset + got));
+    });
+    if (result < 0) return errno;
+    if (result == 0) break;
+    got += static_cast<std::size_t>(result);
+  }
+  return 0;
+}
+
+int JXFile::truncate(std::uint64_t size) {
+  const int result = repeatWhenInterrupted(
+      [&] { return JXFileCalls::current().truncate(descriptor_, static_cast<off_t>(size)); });
+  return result < 0 ? errno : 0;
+}
+
+int JXFile::synchronize() const {
+  const int result =
+      repeatWhenInterrupted([&] { return JXFileCalls::current().synchronize(descriptor_); });
+  return result < 0 ? errno : 0;
+}
+
+int JXFile::size(std::uint64_t& size) const {
+  struct stat status {};
+  if (::fstat(descriptor_, &status) != 0) return errno;
+  size = static_cast<std::uint64_t>(status.st_size);
+  return 0;
+}
+
+bool JXFile::tryLock(Lock lock) {
+  const int operation = (lock == Lock::Exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
+  return repeatWhenInterrupted([&] { return ::flock(descriptor_, operation); }) == 0;
+}
+
+void JXFile::unlock() { ::flock(descriptor_, LOCK_UN); }
+
+bool JXFile::isLinked() const {
+  struct stat status {};
+  return ::fstat(descriptor_, &status) == 0 && status.st_nlink > 0;
+}
+
+bool JXFile::isAt(const std::string& path) const {
+  struct stat mine {};
+  struct stat named {};
+  return ::fstat(descriptor_, &mine) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         mine.st_dev == named.st_dev && mine.st_ino == named.st_ino;
+}
+
+}  // namespace jx

@@ -1,0 +1,67 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXFolder.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "jx/core/storage/JXFile.h"
+
+namespace jx {
+
+int makeFolder(const std::string& path) {
+  if (::mkdir(path.c_str(), 0700) == 0) return 0;
+  const int error = errno;
+  if (error == EEXIST) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return errno;
+    return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
+  }
+  const std::string above = folderOf(path);
+  if (error != ENOENT || above == path || above == ".") return error;
+  const int aboveError = makeFolder(above);
+  if (aboveError != 0) return aboveError;
+  // Another process may have been quicker.
+  return ::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST ? 0 : errno;
+}
+
+int listFolder(const std::string& path, std::vector<std::string>& names) {
+  DIR* const folder = ::opendir(path.c_str());
+  if (folder == nullptr) return errno;
+  errno = 0;
+  while (const dirent* entry = ::readdir(folder)) {
+    const std::string name = entry->d_name;
+    if (name != "." && name != "..") names.push_back(name);
+    errno = 0;
+  }
+  const int error = errno;
+  ::closedir(folder);
+  return error;
+}
+
+int synchronizeFolder(const std::string& path) {
+  const int descriptor =
+      JXFileCalls::current().open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+  if (descriptor < 0) return errno;
+  // Not fdatasync: the entries of a folder are its data, but some file systems take them for
+  // metadata.
+  const int error = ::fsync(descriptor) == 0 ? 0 : errno;
+  ::close(descriptor);
+  // Some file systems cannot sync a folder and need not.
+  return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+std::string folderOf(const std::string& path) {
+  const std::size_t end = path.find_last_not_of('/');
+  if (end == std::string::npos) return path.empty() ? "." : "/";
+  const std::size_t slash = path.find_last_of('/', end);
+  if (slash == std::string::npos) return ".";
+  const std::size_t last = path.find_last_not_of('/', slash);
+  return last == std::string::npos ? "/" : path.substr(0, last + 1);
+}
+
+}  // namespace jx

@@ -1,0 +1,115 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXJournal.h"
+
+#include <array>
+#include <cerrno>
+
+#include "jx/core/storage/JXSetAside.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kMaxParts = 4;
+
+iovec partOf(const void* bytes, std::size_t size) {
+  // writev takes pointers to non-const and does not write through them.
+  return {const_cast<void*>(bytes), size};
+}
+
+}  // namespace
+
+JXJournal::Recovery JXJournal::recover(Writers writers, const Visit& visit) {
+  writers_ = writers;
+  Recovery recovery;
+  recovery.error = file_.size(end_);
+  if (recovery.error != 0) return recovery;
+  JXFrameReader reader(file_, end_);
+  JXFrame frame;
+  while (reader.next(frame))
+    visit(frame);
+  if (reader.error() != 0) {
+    // A disk that cannot be read may hold good frames there: nothing is cut off.
+    recovery.error = reader.error();
+    return recovery;
+  }
+  return reader.damages().empty() ? recovery : repair(reader);
+}
+
+JXJournal::Recovery JXJournal::repair(const JXFrameReader& reader) {
+  Recovery recovery;
+  recovery.damageRemains = true;
+  if (writers_ == Writers::Several) return recovery;
+  const JXDamage& last = reader.damages().back();
+  const bool atEnd = last.offset + last.length == end_;
+  recovery.error = setAside(file_, path_, reader.damages(), atEnd, recovery.setAside);
+  // When the bytes could not be saved they stay: frames behind them are found all the same.
+  if (recovery.error != 0 || !atEnd) return recovery;
+  recovery.error = file_.truncate(last.offset);
+  if (recovery.error == 0) {
+    end_ = last.offset;
+    recovery.damageRemains = reader.damages().size() > 1;
+  }
+  return recovery;
+}
+
+int JXJournal::append(const std::string_view* parts, std::size_t count, std::uint64_t* offset) {
+  std::size_t length = 0;
+  for (std::size_t i = 0; i < count; ++i)
+    length += parts[i].size();
+  if (length > kJXMaxPayload || count > kMaxParts) return EFBIG;
+
+  const JXFrameHeader header = makeFrameHeader(parts, count);
+  std::array<iovec, kMaxParts + 2> pieces;
+  int used = 0;
+  auto next = [&]() -> iovec& { return pieces[static_cast<std::size_t>(used++)]; };
+  const std::size_t mark = end_ == 0 ? kJXJournalMark.size() : 0;
+  if (mark != 0) next() = partOf(kJXJournalMark.data(), mark);
+  next() = partOf(header.bytes, sizeof header.bytes);
+  for (std::size_t i = 0; i < count; ++i)
+    next() = partOf(parts[i].data(), parts[i].size());
+
+  const std::size_t whole = mark + sizeof header.bytes + length;
+  std::size_t written = 0;
+  const int error = file_.append(pieces.data(), used, written);
+  if (written == whole) {
+    if (offset != nullptr && writers_ == Writers::One) *offset = end_ + mark;
+    end_ += whole;
+    return 0;
+  }
+  // The disk is full. What went in is taken back; when even that fails, or others may have written
+  // behind it, it stays as a damaged place that readers pass.
+  if (written != 0 && (writers_ == Writers::Several || file_.truncate(end_) != 0)) end_ += written;
+  return error != 0 ? error : ENOSPC;
+}
+
+int JXJournal::read(std::uint64_t offset, std::size_t length, std::string& payload) const {
+  std::uint64_t fileSize = 0;
+  const int sizeError = file_.size(fileSize);
+  if (sizeError != 0) return sizeError;
+  const std::uint64_t whole = kJXFrameHeaderSize + std::uint64_t{length};
+  if (offset > fileSize || whole > fileSize - offset) return EBADMSG;
+  std::string frame(static_cast<std::size_t>(whole), '\0');
+  std::size_t got = 0;
+  const int error = file_.read(offset, frame.data(), frame.size(), got);
+  if (error != 0) return error;
+  if (got != frame.size() || !isWholeFrame(frame)) return EBADMSG;
+  frame.erase(0, kJXFrameHeaderSize);
+  payload = std::move(frame);
+  return 0;
+}
+
+int JXJournal::scan(const std::string& path, const Visit& visit) {
+  int error = 0;
+  const JXFile file = JXFile::open(path, JXFile::Access::Read, error);
+  std::uint64_t end = 0;
+  if (error == 0) error = file.size(end);
+  if (error != 0) return error;
+  JXFrameReader reader(file, end);
+  JXFrame frame;
+  while (reader.next(frame))
+    visit(frame);
+  return reader.error();
+}
+
+}  // namespace jx

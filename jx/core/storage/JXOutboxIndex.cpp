@@ -1,0 +1,71 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXOutboxIndex.h"
+
+#include <algorithm>
+
+namespace jx {
+namespace {
+
+using State = JXOutboxEntry::State;
+
+// Below this many dropping those that are gone is not worth the walk.
+constexpr std::size_t kFewGone = 1'024;
+
+}  // namespace
+
+JXOutboxEntry& JXOutboxIndex::push(JXOutboxEntry entry) {
+  entry.id = nextId_;
+  entries_.push_back(entry);
+  ++nextId_;
+  ++count_;
+  bytes_ += entry.bytes;
+  return entries_.back();
+}
+
+JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
+  const auto found = from(id);
+  const bool held = found != entries_.end() && found->id == id && found->state != State::Gone;
+  return held ? &*found : nullptr;
+}
+
+JXOutboxEntry* JXOutboxIndex::oldest() { return entries_.empty() ? nullptr : &entries_.front(); }
+
+JXOutboxEntry* JXOutboxIndex::nextQueued() {
+  for (auto entry = from(takeFrom_); entry != entries_.end(); ++entry) {
+    if (entry->state != State::Queued) continue;
+    takeFrom_ = entry->id;
+    return &*entry;
+  }
+  takeFrom_ = nextId_;
+  return nullptr;
+}
+
+void JXOutboxIndex::noteQueued(std::uint64_t id) { takeFrom_ = std::min(takeFrom_, id); }
+
+void JXOutboxIndex::remove(JXOutboxEntry& entry) {
+  entry.state = State::Gone;
+  --count_;
+  bytes_ -= entry.bytes;
+  const auto isGone = [](const JXOutboxEntry& each) { return each.state == State::Gone; };
+  while (!entries_.empty() && isGone(entries_.front()))
+    entries_.pop_front();
+  const std::size_t gone = entries_.size() - count_;
+  if (gone > kFewGone && gone > entries_.size() / 2) {
+    entries_.erase(std::remove_if(entries_.begin(), entries_.end(), isGone), entries_.end());
+  }
+}
+
+void JXOutboxIndex::clear() {
+  entries_.clear();
+  count_ = 0;
+  bytes_ = 0;
+}
+
+std::deque<JXOutboxEntry>::iterator JXOutboxIndex::from(std::uint64_t id) {
+  return std::lower_bound(
+      entries_.begin(), entries_.end(), id,
+      [](const JXOutboxEntry& entry, std::uint64_t wanted) { return entry.id < wanted; });
+}
+
+}  // namespace jx
