@@ -56,12 +56,6 @@ void JXOutboxIndex::remove(JXOutboxEntry& entry) {
   }
 }
 
-void JXOutboxIndex::clear() {
-  entries_.clear();
-  count_ = 0;
-  bytes_ = 0;
-}
-
 std::deque<JXOutboxEntry>::iterator JXOutboxIndex::from(std::uint64_t id) {
   return std::lower_bound(
       entries_.begin(), entries_.end(), id,

@@ -44,7 +44,6 @@ class JXOutboxIndex {
   /// To be called when a request may be taken again.
   void noteQueued(std::uint64_t id);
   void remove(JXOutboxEntry& entry);
-  void clear();
 
   /// Calls `visit` for each request, oldest first, until it returns false.
   template <typename Visit>
@@ -54,6 +53,8 @@ class JXOutboxIndex {
     }
   }
 
+  /// The id that the next request will have.
+  std::uint64_t nextId() const { return nextId_; }
   std::size_t count() const { return count_; }
   std::uint64_t bytes() const { return bytes_; }
 

@@ -1,0 +1,138 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXDeadLetters.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <limits>
+#include <utility>
+
+#include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXOutboxRecord.h"
+
+namespace jx {
+namespace {
+
+// Each is lost only to another process that replaced or deleted the file in that instant.
+constexpr int kOpenAttempts = 3;
+
+}  // namespace
+
+JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep)
+    : path_(folder + "/dead"),
+      keep_(std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())) {}
+
+int JXDeadLetters::append(const JXOutboxRequest& request, int status) {
+  if (keep_ == 0) return 0;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  int error = lockFile();
+  if (error != 0) return error;
+  error = appendLocked(request, status);
+  // Rewritten when at least half of it is old; when that fails the file is only longer.
+  if (error == 0 && places_.size() >= 2 * keep_) rewrite();
+  knownSize_ = journal_.size();
+  journal_.file().unlock();
+  return error;
+}
+
+// Opens and locks the file that the path names now, and knows what it holds.
+int JXDeadLetters::lockFile() {
+  for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
+    if (!journal_.isOpen()) {
+      int error = makeFolder(folderOf(path_));
+      if (error != 0) return error;
+      journal_ = JXJournal(JXFile::open(path_, JXFile::Access::Append, error), path_);
+      if (error != 0) return error;
+      // Not the size of any file, so that this one is read.
+      knownSize_ = std::numeric_limits<std::uint64_t>::max();
+    }
+    if (!journal_.file().tryLock(JXFile::Lock::Exclusive)) return EWOULDBLOCK;
+    if (journal_.file().isAt(path_)) return readPlaces();
+    journal_.close();
+  }
+  return EWOULDBLOCK;
+}
+
+int JXDeadLetters::readPlaces() {
+  std::uint64_t size = 0;
+  int error = journal_.file().size(size);
+  if (error != 0 || size == knownSize_) return error;
+  places_.clear();
+  const JXJournal::Recovery recovery =
+      journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
+        places_.push_back({frame.offset, frame.payload.size()});
+      });
+  damaged_ = damaged_ || recovery.setAside;
+  return 0;
+}
+
+int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
+  unsigned char head[kJXDeadLetterHeadSize];
+  encodeDeadLetterHead(head, request.url, request.createdMs, status,
+                       static_cast<std::uint32_t>(keep_));
+  const std::string_view parts[] = {
+      {reinterpret_cast<const char*>(head), sizeof head}, request.url, request.body};
+  std::uint64_t offset = 0;
+  const int error = journal_.append(parts, 3, &offset);
+  if (error != 0) return error;
+  places_.push_back({offset, sizeof head + request.url.size() + request.body.size()});
+  dirty_ = true;
+  return 0;
+}
+
+// Puts a file in the place of this one that holds only the letters to keep.
+int JXDeadLetters::rewrite() {
+  const std::string freshPath = path_ + ".new";
+  int error = 0;
+  JXJournal fresh(JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
+  std::deque<Place> kept;
+  for (std::size_t i = places_.size() - keep_; error == 0 && i < places_.size(); ++i) {
+    std::string payload;
+    error = journal_.read(places_[i].offset, places_[i].length, payload);
+    if (error != 0) break;
+    const std::string_view part = payload;
+    kept.push_back({0, payload.size()});
+    error = fresh.append(&part, 1, &kept.back().offset);
+  }
+  if (error == 0) error = fresh.sync();
+  if (error == 0 && JXFileCalls::current().rename(freshPath.c_str(), path_.c_str()) != 0) {
+    error = errno;
+  }
+  if (error != 0) {
+    std::remove(freshPath.c_str());
+    return error;
+  }
+  journal_ = std::move(fresh);
+  places_ = std::move(kept);
+  return 0;
+}
+
+int JXDeadLetters::sync() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (!dirty_ || !journal_.isOpen()) return 0;
+  const int error = journal_.sync();
+  dirty_ = error != 0;
+  return error != 0 ? error : synchronizeFolder(folderOf(path_));
+}
+
+bool JXDeadLetters::needsSync() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return dirty_;
+}
+
+int JXDeadLetters::clear() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  journal_.close();
+  dirty_ = false;
+  return ::unlink(path_.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+}
+
+bool JXDeadLetters::takeDamaged() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return std::exchange(damaged_, false);
+}
+
+}  // namespace jx

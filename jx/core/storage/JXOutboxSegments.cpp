@@ -1,0 +1,167 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXOutboxSegments.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "jx/core/storage/JXFolder.h"
+
+namespace jx {
+namespace {
+
+// Each is lost only to another process that took the same number in that instant.
+constexpr int kCreateAttempts = 8;
+
+}  // namespace
+
+JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
+
+// The numbers of all segments in the folder, smallest first.
+std::vector<std::uint64_t> JXOutboxSegments::numbersInFolder(int& error) const {
+  std::vector<std::string> names;
+  error = listFolder(folder_, names);
+  std::vector<std::uint64_t> numbers;
+  for (const std::string& name : names) {
+    if (const std::uint64_t number = JXOutboxSegment::numberOf(name)) numbers.push_back(number);
+  }
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
+void JXOutboxSegments::adoptAll(const Adopted& adopted) {
+  int error = makeFolder(folder_);
+  const std::vector<std::uint64_t> numbers =
+      error == 0 ? numbersInFolder(error) : std::vector<std::uint64_t>();
+  if (error != 0) report_.failed("open the folder", error);
+  for (const std::uint64_t number : numbers) {
+    std::vector<JXStoredRequest> requests;
+    JXJournal::Recovery recovery;
+    auto segment = JXOutboxSegment::adopt(folder_, number, requests, recovery);
+    if (recovery.error != 0) report_.failed("read a segment", recovery.error);
+    if (segment == nullptr) continue;
+    if (recovery.setAside) report_.damaged(segment->path());
+    segments_.push_back(segment);
+    if (requests.empty() && recovery.error == 0) {
+      drop(*segment);
+      continue;
+    }
+    for (const JXStoredRequest& request : requests)
+      adopted(*segment, request);
+    // The newest is written on, so that starting often does not make many files.
+    current_ = segment.get();
+  }
+  if (!numbers.empty()) lastNumber_ = numbers.back();
+}
+
+JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
+                                          std::int64_t createdMs, std::uint32_t& offset) {
+  if (current_ != nullptr && !current_->isLinked()) {
+    current_->lost = true;
+    current_ = nullptr;
+  }
+  if (current_ != nullptr && current_->isFull()) {
+    JXOutboxSegment& full = *current_;
+    current_ = nullptr;
+    if (full.live() == 0) drop(full);
+  }
+  if (current_ == nullptr && !startSegment()) return nullptr;
+  const int error = current_->append(url, body, createdMs, offset);
+  if (error == 0) return current_;
+  report_.failed("append a request", error);
+  return nullptr;
+}
+
+bool JXOutboxSegments::startSegment() {
+  int error = makeFolder(folder_);
+  std::shared_ptr<JXOutboxSegment> segment;
+  for (int attempt = 0; error == 0 && segment == nullptr && attempt < kCreateAttempts; ++attempt) {
+    // Behind those of other processes too, so that the numbers tell the order of all.
+    const std::vector<std::uint64_t> numbers = numbersInFolder(error);
+    if (error != 0) break;
+    if (!numbers.empty()) lastNumber_ = std::max(lastNumber_, numbers.back());
+    segment = JXOutboxSegment::create(folder_, ++lastNumber_, error);
+    if (error == EEXIST) error = 0;
+  }
+  if (segment == nullptr) {
+    report_.failed("make a segment", error != 0 ? error : EEXIST);
+    return false;
+  }
+  current_ = segment.get();
+  segments_.push_back(std::move(segment));
+  folderDirty_ = true;
+  return true;
+}
+
+void JXOutboxSegments::finish(JXOutboxSegment& segment) {
+  if (segment.live() == 0 && &segment != current_) {
+    drop(segment);
+    return;
+  }
+  const int error = segment.writeSettled();
+  if (error != 0) report_.failed("append what is settled", error);
+}
+
+void JXOutboxSegments::finishCurrent() {
+  if (current_ == nullptr || current_->live() != 0) return;
+  JXOutboxSegment& finished = *current_;
+  current_ = nullptr;
+  drop(finished);
+}
+
+// Deletes the file; when the disk refuses that, `retry` comes back to it.
+void JXOutboxSegments::drop(JXOutboxSegment& segment) {
+  if (&segment == current_) current_ = nullptr;
+  const int error = segment.remove();
+  if (error != 0) {
+    report_.failed("delete a segment", error);
+    segment.writeSettled();
+    return;
+  }
+  const auto isIt = [&](const auto& each) { return each.get() == &segment; };
+  segments_.erase(std::find_if(segments_.begin(), segments_.end(), isIt));
+}
+
+void JXOutboxSegments::retry() {
+  // A copy: finishing a segment removes it from the list.
+  const std::vector<std::shared_ptr<JXOutboxSegment>> all = segments_;
+  for (const auto& segment : all) {
+    const bool toDelete = segment->live() == 0 && segment.get() != current_;
+    if (toDelete || segment->hasUnwrittenSettled()) finish(*segment);
+  }
+}
+
+bool JXOutboxSegments::noteLost() {
+  for (const auto& segment : segments_) {
+    if (segment->lost || segment->isLinked()) continue;
+    segment->lost = true;
+    if (segment.get() == current_) current_ = nullptr;
+  }
+  return hasLost();
+}
+
+bool JXOutboxSegments::hasLost() const {
+  return std::any_of(segments_.begin(), segments_.end(),
+                     [](const auto& each) { return each->lost && each->live() != 0; });
+}
+
+std::vector<std::shared_ptr<JXOutboxSegment>> JXOutboxSegments::takeDirty() {
+  std::vector<std::shared_ptr<JXOutboxSegment>> dirty;
+  for (const auto& segment : segments_) {
+    if (segment->dirty && !segment->lost) dirty.push_back(segment);
+    segment->dirty = false;
+  }
+  return dirty;
+}
+
+bool JXOutboxSegments::takeFolderDirty() { return std::exchange(folderDirty_, false); }
+
+bool JXOutboxSegments::needsSync() const {
+  const auto needs = [&](const std::shared_ptr<JXOutboxSegment>& each) {
+    return each->dirty || each->lost || each->hasUnwrittenSettled() ||
+           (each->live() == 0 && each.get() != current_);
+  };
+  return folderDirty_ || std::any_of(segments_.begin(), segments_.end(), needs);
+}
+
+}  // namespace jx
