@@ -65,9 +65,13 @@ int setAside(const JXFile& file, const std::string& path, const std::vector<JXDa
   struct stat status {};
   const bool exists = ::stat(target.c_str(), &status) == 0;
   if (exists && !replaces) return 0;
-  if (!exists) makeRoom(folderOf(path));
+  if (exists) {
+    ::unlink(target.c_str());
+  } else {
+    makeRoom(folderOf(path));
+  }
   int error = 0;
-  JXFile to = JXFile::open(target, JXFile::Access::AppendEmptied, error);
+  JXFile to = JXFile::open(target, JXFile::Access::AppendCreateNew, error);
   for (std::size_t i = 0; error == 0 && i < damages.size(); ++i) {
     error = copy(file, damages[i], to);
   }

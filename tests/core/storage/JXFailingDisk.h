@@ -1,0 +1,72 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cerrno>
+#include <cstdio>
+
+#include "jx/core/storage/JXFile.h"
+
+namespace jx {
+
+/// Puts failing system calls in the place of the storage's, for one test. Counts the calls; those
+/// with numbers from `first` up to, not including, `end` fail with `error`.
+class FailingDisk {
+ public:
+  /// How a failing write fails.
+  enum class Write { Nothing, Half };
+
+  FailingDisk(long first, long end, Write write, int error = ENOSPC) {
+    plan() = {0, first, end, write, error};
+    JXFileCalls::current() = {&open, &writeParts, &truncate, &synchronize, &rename};
+  }
+  ~FailingDisk() { JXFileCalls::current() = JXFileCalls::system(); }
+  FailingDisk(const FailingDisk&) = delete;
+  FailingDisk& operator=(const FailingDisk&) = delete;
+
+  long calls() const { return plan().calls; }
+  /// No call fails from now on.
+  void heal() { plan().end = 0; }
+
+ private:
+  struct Plan {
+    long calls;
+    long first;
+    long end;
+    Write write;
+    int error;
+  };
+  static Plan& plan() {
+    static Plan plan{};
+    return plan;
+  }
+  static bool fails() {
+    const long call = plan().calls++;
+    if (call < plan().first || call >= plan().end) return false;
+    errno = plan().error;
+    return true;
+  }
+
+  static int open(const char* path, int flags, mode_t mode) {
+    return fails() ? -1 : JXFileCalls::system().open(path, flags, mode);
+  }
+  static ssize_t writeParts(int descriptor, const iovec* parts, int count) {
+    if (!fails()) return JXFileCalls::system().write(descriptor, parts, count);
+    if (plan().write == Write::Nothing) return -1;
+    // The first part whole and half of the second: a frame that stops in its middle.
+    iovec half[2] = {parts[0], count > 1 ? parts[1] : iovec{parts[0].iov_base, 0}};
+    half[1].iov_len /= 2;
+    return JXFileCalls::system().write(descriptor, half, 2);
+  }
+  static int truncate(int descriptor, off_t size) {
+    return fails() ? -1 : JXFileCalls::system().truncate(descriptor, size);
+  }
+  static int synchronize(int descriptor) {
+    return fails() ? -1 : JXFileCalls::system().synchronize(descriptor);
+  }
+  static int rename(const char* from, const char* to) {
+    return fails() ? -1 : JXFileCalls::system().rename(from, to);
+  }
+};
+
+}  // namespace jx

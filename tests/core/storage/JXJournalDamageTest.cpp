@@ -1,0 +1,115 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "jx/core/storage/JXJournal.h"
+#include "tests/core/storage/JXTemporaryFolder.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kFrames = 200;
+
+// A journal of 200 frames of different lengths, and where each begins.
+class JournalDamage : public ::testing::Test {
+ protected:
+  JournalDamage() : path_(folder_.file("j")) {
+    int error = 0;
+    JXJournal journal(JXFile::open(path_, JXFile::Access::Append, error), path_);
+    journal.recover(JXJournal::Writers::One, [](const JXFrame&) {});
+    for (std::size_t i = 0; i < kFrames; ++i) {
+      texts_.push_back("frame " + std::to_string(i) + std::string(i * 7 % 23, '.'));
+      const std::string_view part = texts_.back();
+      std::uint64_t offset = 0;
+      EXPECT_EQ(journal.append(&part, 1, &offset), 0);
+      starts_.push_back(offset);
+    }
+    whole_ = contentOf(path_);
+    starts_.push_back(whole_.size());
+  }
+
+  // How many frames lie wholly before this byte.
+  std::size_t framesBefore(std::size_t byte) const {
+    std::size_t count = 0;
+    while (count < kFrames && starts_[count + 1] <= byte)
+      ++count;
+    return count;
+  }
+
+  std::vector<std::string> recovered(const std::string& content) {
+    writeFile(path_, content);
+    int error = 0;
+    JXJournal journal(JXFile::open(path_, JXFile::Access::Append, error), path_);
+    std::vector<std::string> texts;
+    const JXJournal::Recovery recovery = journal.recover(
+        JXJournal::Writers::One, [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
+    EXPECT_EQ(recovery.error, 0);
+    const std::string_view part = "after";
+    EXPECT_EQ(journal.append(&part, 1, nullptr), 0);
+    return texts;
+  }
+
+  std::vector<std::string> scanned() const {
+    std::vector<std::string> texts;
+    JXJournal::scan(path_, [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
+    return texts;
+  }
+
+  TemporaryFolder folder_;
+  const std::string path_;
+  std::vector<std::string> texts_;
+  std::vector<std::uint64_t> starts_;
+  std::string whole_;
+};
+
+TEST_F(JournalDamage, CutAtEveryByteLosesOnlyTheFrameThatWasCut) {
+  for (std::size_t cut = 0; cut < whole_.size(); ++cut) {
+    std::vector<std::string> expected(texts_.begin(),
+                                      texts_.begin() + static_cast<long>(framesBefore(cut)));
+    ASSERT_EQ(recovered(whole_.substr(0, cut)), expected) << "cut at " << cut;
+    expected.push_back("after");
+    ASSERT_EQ(scanned(), expected) << "cut at " << cut;
+  }
+}
+
+TEST_F(JournalDamage, ABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
+  for (std::size_t byte = 0; byte < whole_.size(); ++byte) {
+    std::string damaged = whole_;
+    damaged[byte] = static_cast<char>(damaged[byte] ^ (1 << byte % 8));
+    std::vector<std::string> expected = texts_;
+    // The first eight bytes name the format; no frame is lost with them.
+    if (byte >= starts_[0])
+      expected.erase(expected.begin() + static_cast<long>(framesBefore(byte)));
+    ASSERT_EQ(recovered(damaged), expected) << "flipped at " << byte;
+    expected.push_back("after");
+    ASSERT_EQ(scanned(), expected) << "flipped at " << byte;
+  }
+}
+
+TEST_F(JournalDamage, AStretchOfZerosLosesOnlyTheFramesUnderIt) {
+  for (std::size_t from = 0; from < whole_.size(); from += 61) {
+    std::string damaged = whole_;
+    const std::size_t to = std::min(from + 512, whole_.size());
+    damaged.replace(from, to - from, to - from, '\0');
+    std::vector<std::string> expected;
+    for (std::size_t i = 0; i < kFrames; ++i) {
+      if (starts_[i + 1] <= from || starts_[i] >= to) expected.push_back(texts_[i]);
+    }
+    ASSERT_EQ(recovered(damaged), expected) << "zeros from " << from;
+  }
+}
+
+TEST_F(JournalDamage, ManyFalseMarksAreGivenUpOn) {
+  std::string marks;
+  for (int i = 0; i < 50'000; ++i)
+    marks += std::string("\xF7JX\xF8\x10\x00\x00\x00????", 12);
+  const std::vector<std::string> found = recovered(whole_ + marks);
+  EXPECT_EQ(found, texts_);
+}
+
+}  // namespace
+}  // namespace jx

@@ -1,0 +1,36 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jx/core/JXLogger.h"
+
+namespace jx {
+
+/// Collects the log of one test instead of printing it.
+class LogLines {
+ public:
+  LogLines() {
+    JXLogger::sharedInstance().setSink([this](int level, std::string_view message) {
+      lines_.push_back(std::to_string(level) + " " + std::string(message));
+    });
+  }
+  ~LogLines() { JXLogger::sharedInstance().setSink({}); }
+  LogLines(const LogLines&) = delete;
+  LogLines& operator=(const LogLines&) = delete;
+
+  const std::vector<std::string>& all() const { return lines_; }
+  std::size_t with(const std::string& part) const {
+    std::size_t count = 0;
+    for (const std::string& line : lines_)
+      count += line.find(part) != std::string::npos;
+    return count;
+  }
+
+ private:
+  std::vector<std::string> lines_;
+};
+
+}  // namespace jx
