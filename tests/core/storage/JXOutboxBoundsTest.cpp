@@ -1,0 +1,151 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include "tests/core/storage/JXOutboxFixture.h"
+
+namespace jx {
+namespace {
+
+class OutboxBoundsRule : public OutboxTest {};
+
+TEST_F(OutboxBoundsRule, TooManyRequestsDropTheOldest) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 3;
+  const auto outbox = open(bounds);
+  for (const char* body : {"a", "b", "c", "d", "e"})
+    add(*outbox, body);
+  EXPECT_EQ(outbox->counters().droppedTooMany, 2u);
+  EXPECT_EQ(outbox->counters().queued, 3u);
+  EXPECT_EQ(listed(), (Bodies{"c", "d", "e"}));
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"c", "d", "e"}));
+}
+
+TEST_F(OutboxBoundsRule, TooManyBytesDropTheOldest) {
+  JXOutboxBounds bounds;
+  bounds.maxBytes = 100;
+  const auto outbox = open(bounds);
+  outbox->add("", std::string(40, 'a'));
+  outbox->add("", std::string(40, 'b'));
+  outbox->add("", std::string(20, 'c'));
+  EXPECT_EQ(outbox->counters().droppedTooLarge, 0u);
+  outbox->add("", std::string(41, 'd'));
+  EXPECT_EQ(outbox->counters().droppedTooLarge, 2u);
+  EXPECT_EQ(outbox->counters().queuedBytes, 61u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{std::string(20, 'c'), std::string(41, 'd')}));
+}
+
+TEST_F(OutboxBoundsRule, ARequestLargerThanTheWholeBoundIsRefusedAndDropsNoOther) {
+  JXOutboxBounds bounds;
+  bounds.maxBytes = 100;
+  const auto outbox = open(bounds);
+  add(*outbox, "small");
+  EXPECT_FALSE(outbox->add("", std::string(101, 'x')).has_value());
+  EXPECT_TRUE(outbox->add("1234567890", std::string(55, 'x')).has_value());
+  EXPECT_EQ(outbox->counters().droppedTooLarge, 1u);
+  EXPECT_EQ(outbox->counters().added, 2u);
+  EXPECT_EQ(outbox->counters().queued, 2u);
+}
+
+TEST_F(OutboxBoundsRule, ExactlyThirtyDaysIsNotTooOld) {
+  const auto outbox = open();
+  add(*outbox, "old");
+  clock_->advance(30 * kDayMs);
+  add(*outbox, "new");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+  clock_->advance(1);
+  add(*outbox, "newer");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 1u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"new", "newer"}));
+}
+
+TEST_F(OutboxBoundsRule, AgeIsAskedOfEveryRequestNotOnlyOfTheFirst) {
+  const auto outbox = open();
+  clock_->set(0);
+  add(*outbox, "of 1970");
+  clock_->set(kTestNowMs);
+  add(*outbox, "old");
+  clock_->advance(31 * kDayMs);
+  add(*outbox, "new");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 1u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"of 1970", "new"}));
+}
+
+TEST_F(OutboxBoundsRule, ARequestFromBeforeTheClockWasSetNeverExpires) {
+  constexpr std::int64_t kNewYear2025Ms = 1'735'689'600'000;
+  const auto outbox = open();
+  clock_->set(5'000);
+  add(*outbox, "of 1970");
+  clock_->set(kNewYear2025Ms - 1);
+  add(*outbox, "of 2024");
+  clock_->set(kNewYear2025Ms);
+  add(*outbox, "of 2025");
+  clock_->set(kTestNowMs);
+  add(*outbox, "new");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 1u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"of 1970", "of 2024", "new"}));
+}
+
+TEST_F(OutboxBoundsRule, ARequestFromTheFutureDoesNotExpire) {
+  {
+    const auto outbox = open();
+    clock_->advance(365 * kDayMs);
+    add(*outbox, "of next year");
+    clock_->set(kTestNowMs);
+    add(*outbox, "of today");
+    EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+  }
+  EXPECT_EQ(takeAll(*open()), (Bodies{"of next year", "of today"}));
+}
+
+TEST_F(OutboxBoundsRule, AClockThatFellBackTo1970ExpiresNothing) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  clock_->set(0);
+  add(*outbox, "b");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b"}));
+}
+
+TEST_F(OutboxBoundsRule, AdoptedRequestsCountAndGoFirst) {
+  {
+    const auto outbox = open();
+    for (const char* body : {"a", "b", "c"})
+      add(*outbox, body);
+  }
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 2;
+  const auto outbox = open(bounds);
+  add(*outbox, "d");
+  EXPECT_EQ(outbox->counters().droppedTooMany, 2u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"c", "d"}));
+}
+
+TEST_F(OutboxBoundsRule, ARequestInFlightMayBeDroppedAndItsSettlingIsIgnored) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 2;
+  const auto outbox = open(bounds);
+  add(*outbox, "a");
+  const std::uint64_t a = outbox->take()->id;
+  add(*outbox, "b");
+  add(*outbox, "c");
+  outbox->settleDelivered(a);
+  EXPECT_EQ(outbox->counters().droppedTooMany, 1u);
+  EXPECT_EQ(outbox->counters().delivered, 0u);
+  EXPECT_EQ(outbox->counters().queued, 2u);
+}
+
+TEST_F(OutboxBoundsRule, ManyDropsAtOnceLeaveNoOldFiles) {
+  const auto outbox = open();
+  for (int i = 0; i < 2'000; ++i)
+    add(*outbox, std::to_string(i) + std::string(2'000, '.'));
+  EXPECT_GE(segments(), 4u);
+  clock_->advance(31 * kDayMs);
+  add(*outbox, "new");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 2'000u);
+  EXPECT_EQ(segments(), 1u);
+  EXPECT_EQ(listed(), Bodies{"new"});
+}
+
+}  // namespace
+}  // namespace jx
