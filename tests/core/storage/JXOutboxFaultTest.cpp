@@ -1,0 +1,234 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <set>
+
+#include "tests/core/storage/JXChildProcess.h"
+#include "tests/core/storage/JXFailingDisk.h"
+#include "tests/core/storage/JXOutboxFixture.h"
+
+namespace jx {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OutboxFault : public OutboxTest {
+ protected:
+  // What a run accepted and was told to forget.
+  struct Run {
+    std::multiset<std::string> accepted;
+    std::multiset<std::string> settled;
+    std::string rejected;
+  };
+
+  void life(Run& run, const std::string& name) {
+    const auto outbox = open();
+    for (int i = 0; i < 4; ++i) {
+      const std::string body = name + std::to_string(i);
+      if (outbox->add(kTestUrl, body).has_value()) run.accepted.insert(body);
+    }
+    if (const auto request = outbox->take()) {
+      outbox->settleDelivered(request->id);
+      run.settled.insert(request->body);
+    }
+    outbox->sync();
+    if (const auto request = outbox->take()) {
+      if (run.rejected.empty()) {
+        outbox->settleRejected(request->id, 400);
+        run.rejected = request->body;
+      } else {
+        outbox->giveBack(request->id);
+      }
+    }
+    outbox->sync();
+  }
+
+  // Two lives of which one system call, or all from one on, fail; then a whole one.
+  void expectNothingLost(long first, long end, FailingDisk::Write write, long& calls) {
+    fs::remove_all(box_);
+    Run run;
+    {
+      FailingDisk disk(first, end, write);
+      life(run, "x");
+      life(run, "y");
+      calls = disk.calls();
+    }
+    EXPECT_EQ(run.accepted.size(), 8u);
+    std::multiset<std::string> expected = run.accepted;
+    for (const std::string& body : run.settled)
+      expected.erase(body);
+    const Bodies letters = dead();
+    const auto outbox = open();
+    const Bodies left = takeAll(*outbox);
+    // A letter that could not be written is asked of the server again.
+    const bool buried = letters == Bodies{run.rejected};
+    EXPECT_TRUE(buried || letters.empty());
+    if (buried) expected.erase(run.rejected);
+    EXPECT_EQ(sorted(left), Bodies(expected.begin(), expected.end()));
+  }
+};
+
+TEST_F(OutboxFault, OneFailureAtAnyCallLosesAndRepeatsNothing) {
+  for (const FailingDisk::Write write : {FailingDisk::Write::Nothing, FailingDisk::Write::Half}) {
+    long calls = 1;
+    for (long call = 0; call < calls; ++call) {
+      SCOPED_TRACE("call " + std::to_string(call));
+      expectNothingLost(call, call + 1, write, calls);
+    }
+    EXPECT_GT(calls, 20);
+  }
+}
+
+TEST_F(OutboxFault, TwoFailuresInARowAtAnyCallLoseAndRepeatNothing) {
+  long calls = 1;
+  for (long call = 0; call < calls; ++call) {
+    SCOPED_TRACE("calls from " + std::to_string(call));
+    expectNothingLost(call, call + 2, FailingDisk::Write::Half, calls);
+  }
+}
+
+TEST_F(OutboxFault, ADiskThatIsFullFromAnyCallOnLosesNothingInTheProcess) {
+  long calls = 1;
+  for (long call = 0; call < calls; ++call) {
+    SCOPED_TRACE("calls from " + std::to_string(call));
+    fs::remove_all(box_);
+    FailingDisk disk(call, 1'000'000, FailingDisk::Write::Half);
+    const auto outbox = open();
+    for (int i = 0; i < 6; ++i)
+      add(*outbox, std::to_string(i));
+    outbox->sync();
+    outbox->settleDelivered(outbox->take()->id);
+    calls = disk.calls();
+    disk.heal();
+    outbox->sync();
+    EXPECT_EQ(sorted(listed()), (Bodies{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(outbox->counters().inMemory, 0u);
+    EXPECT_FALSE(outbox->needsSync());
+    EXPECT_EQ(takeAll(*outbox), (Bodies{"1", "2", "3", "4", "5"}));
+  }
+  EXPECT_GT(calls, 6);
+}
+
+TEST_F(OutboxFault, AFullDiskIsOneLogLineAndEveryFailureIsCounted) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
+  for (int i = 0; i < 50; ++i)
+    add(*outbox, "x");
+  EXPECT_EQ(outbox->counters().storageErrors, 50u);
+  EXPECT_EQ(outbox->counters().inMemory, 50u);
+  EXPECT_EQ(log_.all(),
+            Bodies{"3 outbox " + box_ + ": cannot append a request: No space left on device"});
+}
+
+TEST_F(OutboxFault, MemoryKeepsTheLatestThousand) {
+  const auto outbox = open();
+  add(*outbox, "on disk");
+  FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
+  for (int i = 0; i < 1'500; ++i)
+    EXPECT_TRUE(outbox->add(kTestUrl, std::to_string(i)));
+  EXPECT_EQ(outbox->counters().inMemory, 1'000u);
+  EXPECT_EQ(outbox->counters().droppedNoStorage, 500u);
+  EXPECT_EQ(outbox->counters().queued, 1'001u);
+  EXPECT_TRUE(outbox->needsSync());
+  disk.heal();
+  outbox->sync();
+  EXPECT_EQ(outbox->counters().inMemory, 0u);
+  const Bodies left = listed();
+  ASSERT_EQ(left.size(), 1'001u);
+  EXPECT_EQ(left[0], "on disk");
+  EXPECT_EQ(left[1], "500");
+  EXPECT_EQ(left[1'000], "1499");
+}
+
+TEST_F(OutboxFault, WithoutMemoryABrokenDiskRefuses) {
+  JXOutboxBounds bounds;
+  bounds.maxInMemory = 0;
+  const auto outbox = open(bounds);
+  const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
+  EXPECT_FALSE(outbox->add(kTestUrl, "a").has_value());
+  EXPECT_EQ(outbox->counters().droppedNoStorage, 1u);
+  EXPECT_EQ(outbox->counters().added, 0u);
+  EXPECT_EQ(outbox->counters().queued, 0u);
+}
+
+TEST_F(OutboxFault, RequestsInMemoryAreServedSettledAndPurged) {
+  const auto outbox = open();
+  const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
+  for (const char* body : {"a", "b", "c"})
+    add(*outbox, body);
+  outbox->settleDelivered(outbox->take()->id);
+  outbox->settleRejected(outbox->take()->id, 400);
+  EXPECT_EQ(outbox->counters().queued, 1u);
+  EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
+  outbox->purge();
+  EXPECT_EQ(outbox->counters().inMemory, 0u);
+  EXPECT_EQ(outbox->counters().purged, 1u);
+  EXPECT_FALSE(outbox->take().has_value());
+}
+
+TEST_F(OutboxFault, WhatIsInMemoryIsWrittenAtClose) {
+  auto outbox = open();
+  {
+    const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
+    add(*outbox, "a");
+  }
+  EXPECT_FALSE(fs::exists(box_ + "/segment-0000000000000001"));
+  outbox.reset();
+  EXPECT_EQ(listed(), Bodies{"a"});
+}
+
+TEST_F(OutboxFault, WithoutAFolderItWorksInMemoryUntilThereIsOne) {
+  writeFile(box_, "a file where the folder should be");
+  const auto outbox = open();
+  for (const char* body : {"a", "b"})
+    add(*outbox, body);
+  EXPECT_EQ(outbox->counters().inMemory, 2u);
+  fs::remove(box_);
+  outbox->sync();
+  EXPECT_EQ(listed(), (Bodies{"a", "b"}));
+  EXPECT_EQ(outbox->counters().inMemory, 0u);
+}
+
+TEST_F(OutboxFault, AReadOnlyFolderIsServedFromMemory) {
+  fs::create_directory(box_);
+  ::chmod(folder_.path().c_str(), 0755);
+  ::chmod(box_.c_str(), 0555);
+  ChildProcess child([&](int) {
+    if (!becomeOrdinaryUser()) return 1;
+    const auto outbox = open();
+    add(*outbox, "a");
+    add(*outbox, "b");
+    outbox->sync();
+    if (outbox->counters().inMemory != 2) return 2;
+    if (log_.with("make a segment: Permission denied") != 1) return 3;
+    return takeAll(*outbox) == Bodies{"a", "b"} ? 0 : 4;
+  });
+  EXPECT_EQ(child.wait(), 0);
+  EXPECT_EQ(filesNamed(box_, ""), 0u);
+}
+
+TEST_F(OutboxFault, AFileSizeLimitTearsNoFrame) {
+  ChildProcess child([&](int) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{1'000, 1'000};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
+    const auto outbox = open();
+    for (int i = 0; i < 30; ++i)
+      add(*outbox, std::to_string(i));
+    const JXOutboxCounters counters = outbox->counters();
+    if (counters.queued != 30 || counters.inMemory == 0 || counters.inMemory == 30) return 2;
+    return listed().size() == 30 - counters.inMemory ? 0 : 3;
+  });
+  EXPECT_EQ(child.wait(), 0);
+  const auto outbox = open();
+  EXPECT_EQ(outbox->counters().damaged, 0u);
+  EXPECT_GE(outbox->counters().queued, 10u);
+}
+
+}  // namespace
+}  // namespace jx

@@ -1,0 +1,263 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "tests/core/storage/JXOutboxFixture.h"
+
+namespace jx {
+namespace {
+
+namespace fs = std::filesystem;
+
+class OutboxFiles : public OutboxTest {
+ protected:
+  std::string segment(int number) const {
+    char name[32];
+    std::snprintf(name, sizeof name, "/segment-%016x", static_cast<unsigned>(number));
+    return box_ + name;
+  }
+  static std::string big(const std::string& name) { return name + std::string(400'000, '.'); }
+  static std::string nameOf(const std::string& body) { return body.substr(0, body.find('.')); }
+};
+
+TEST_F(OutboxFiles, ASegmentIsAboutAMebibyte) {
+  const auto outbox = open();
+  for (const char* name : {"a", "b", "c", "d"})
+    add(*outbox, big(name));
+  EXPECT_EQ(segments(), 2u);
+  EXPECT_EQ(fs::file_size(segment(1)) / 400'000, 3u);
+}
+
+TEST_F(OutboxFiles, ASegmentGoesWithItsLastRequest) {
+  const auto outbox = open();
+  for (const char* name : {"a", "b", "c", "d"})
+    add(*outbox, big(name));
+  for (int i = 0; i < 3; ++i)
+    outbox->settleDelivered(outbox->take()->id);
+  EXPECT_FALSE(fs::exists(segment(1)));
+  EXPECT_TRUE(fs::exists(segment(2)));
+  EXPECT_EQ(nameOf(outbox->take()->body), "d");
+}
+
+TEST_F(OutboxFiles, TheSegmentBeingWrittenGoesOnceItIsFull) {
+  const auto outbox = open();
+  for (const char* name : {"a", "b", "c"})
+    outbox->settleDelivered(add(*outbox, big(name)));
+  EXPECT_EQ(segments(), 1u);
+  add(*outbox, "d");
+  EXPECT_FALSE(fs::exists(segment(1)));
+  EXPECT_EQ(listed(), Bodies{"d"});
+}
+
+TEST_F(OutboxFiles, AnEmptyQueueLeavesNoSegmentAtClose) {
+  {
+    const auto outbox = open();
+    outbox->settleDelivered(add(*outbox, "a"));
+    EXPECT_EQ(segments(), 1u);
+  }
+  EXPECT_EQ(segments(), 0u);
+}
+
+TEST_F(OutboxFiles, AdoptedRequestsComeBeforeOwnOnes) {
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    add(*outbox, "b");
+  }
+  const auto outbox = open();
+  add(*outbox, "c");
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "c"}));
+  EXPECT_EQ(listed(), (Bodies{"a", "b", "c"}));
+}
+
+TEST_F(OutboxFiles, TheOrderIsThatOfTheFilesNotOfTheClock) {
+  {
+    const auto first = open();
+    add(*first, "a");
+    // A second process, while the first still runs, with a clock set back in between.
+    const auto second = open();
+    clock_->advance(-365 * kDayMs);
+    add(*second, "b");
+    clock_->set(0);
+    add(*second, "c");
+  }
+  const auto outbox = open();
+  clock_->set(kTestNowMs);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "c"}));
+}
+
+TEST_F(OutboxFiles, StartingOftenDoesNotMakeManyFiles) {
+  for (int i = 0; i < 50; ++i)
+    add(*open(), std::to_string(i));
+  EXPECT_EQ(segments(), 1u);
+  EXPECT_EQ(listed().size(), 50u);
+}
+
+TEST_F(OutboxFiles, WhatAnotherHoldsIsNotTaken) {
+  const auto one = open();
+  add(*one, "a");
+  const auto two = open();
+  add(*two, "b");
+  EXPECT_EQ(takeAll(*two), Bodies{"b"});
+  EXPECT_EQ(takeAll(*one), Bodies{"a"});
+  EXPECT_EQ(listed(), (Bodies{"a", "b"}));
+}
+
+TEST_F(OutboxFiles, PurgeLeavesWhatAnotherHolds) {
+  const auto one = open();
+  add(*one, "a");
+  const auto two = open();
+  add(*two, "b");
+  two->purge();
+  EXPECT_EQ(listed(), Bodies{"a"});
+  EXPECT_EQ(takeAll(*one), Bodies{"a"});
+}
+
+TEST_F(OutboxFiles, OtherFilesInTheFolderAreLeftAlone) {
+  fs::create_directory(box_);
+  writeFile(box_ + "/segment-1", "x");
+  writeFile(box_ + "/segment-000000000000000g", "x");
+  writeFile(box_ + "/notes", "x");
+  fs::create_directory(segment(7));
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    EXPECT_EQ(takeAll(*outbox), Bodies{"a"});
+    outbox->purge();
+  }
+  EXPECT_EQ(filesNamed(box_, ""), 4u);
+}
+
+TEST_F(OutboxFiles, ATornEndIsSetAsideAndTheRestIsServed) {
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    add(*outbox, "b");
+  }
+  fs::resize_file(segment(1), fs::file_size(segment(1)) - 1);
+  const auto outbox = open();
+  EXPECT_EQ(outbox->counters().damaged, 1u);
+  EXPECT_EQ(outbox->counters().queued, 1u);
+  EXPECT_EQ(log_.with("2 outbox"), 1u);
+  add(*outbox, "c");
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "c"}));
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 1u);
+  EXPECT_EQ(listed(), (Bodies{"a", "c"}));
+}
+
+TEST_F(OutboxFiles, DamageInTheMiddleLosesOneRequestAndNoSettling) {
+  {
+    const auto outbox = open();
+    for (const char* body : {"first", "second", "third", "fourth"})
+      add(*outbox, body);
+    outbox->settleDelivered(outbox->take()->id);
+  }
+  std::string content = contentOf(segment(1));
+  content[content.find("third")] = 'T';
+  writeFile(segment(1), content);
+  EXPECT_EQ(listed(), (Bodies{"second", "fourth"}));
+  {
+    const auto outbox = open();
+    EXPECT_EQ(outbox->counters().damaged, 1u);
+    EXPECT_EQ(takeAll(*outbox), (Bodies{"second", "fourth"}));
+  }
+  // The same damage is not set aside again.
+  EXPECT_EQ(open()->counters().damaged, 0u);
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 1u);
+}
+
+TEST_F(OutboxFiles, DamageWhileOpenIsMetAtTakeAndSkipped) {
+  const auto outbox = open();
+  for (const char* body : {"first", "second", "third"})
+    add(*outbox, body);
+  const std::size_t place = contentOf(segment(1)).find("second");
+  std::fstream(segment(1), std::ios::in | std::ios::out | std::ios::binary)
+      .seekp(static_cast<std::streamoff>(place))
+      .put('S');
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"first", "third"}));
+  EXPECT_EQ(outbox->counters().damaged, 1u);
+  EXPECT_EQ(outbox->counters().storageErrors, 1u);
+  EXPECT_EQ(outbox->counters().queued, 2u);
+}
+
+TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
+  fs::create_directory(box_);
+  writeFile(segment(3), std::string(5'000, '\xFF'));
+  writeFile(segment(4), "");
+  writeFile(box_ + "/dead", "rubbish");
+  const auto outbox = open();
+  outbox->settleRejected(add(*outbox, "a"), 400);
+  add(*outbox, "b");
+  EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
+  EXPECT_EQ(dead(), Bodies{"a"});
+  EXPECT_EQ(outbox->counters().damaged, 2u);
+}
+
+TEST_F(OutboxFiles, ListingIgnoresATornEndAndChangesNothing) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const std::string before = contentOf(segment(1));
+  // The beginning of a frame that another process is just writing.
+  std::ofstream(segment(1), std::ios::binary | std::ios::app) << before.substr(8, 20);
+  EXPECT_EQ(listed(), Bodies{"a"});
+  EXPECT_EQ(contentOf(segment(1)), before + before.substr(8, 20));
+  EXPECT_EQ(filesNamed(box_, ""), 1u);
+}
+
+TEST_F(OutboxFiles, ListingAMissingFolderSaysWhy) {
+  std::string error;
+  EXPECT_TRUE(listOutbox(folder_.file("nowhere"), error).empty());
+  EXPECT_EQ(error, "cannot read " + folder_.file("nowhere") + ": No such file or directory");
+  EXPECT_TRUE(listDeadLetters(folder_.file("nowhere"), error).empty());
+  EXPECT_EQ(error, "cannot read " + folder_.file("nowhere") + ": No such file or directory");
+}
+
+TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainAtTheNextAdd) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  add(*outbox, "b");
+  fs::remove_all(box_);
+  add(*outbox, "c");
+  EXPECT_EQ(listed(), Bodies{"c"});
+  EXPECT_TRUE(outbox->needsSync());
+  outbox->sync();
+  EXPECT_FALSE(outbox->needsSync());
+  EXPECT_EQ(sorted(listed()), (Bodies{"a", "b", "c"}));
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "c"}));
+}
+
+TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainBySync) {
+  {
+    const auto outbox = open();
+    for (int i = 0; i < 200; ++i)
+      add(*outbox, std::to_string(i));
+    outbox->settleDelivered(outbox->take()->id);
+    const std::uint64_t one = outbox->take()->id;
+    fs::remove_all(box_);
+    outbox->sync();
+    EXPECT_EQ(listed().size(), 199u);
+    outbox->settleDelivered(one);
+    EXPECT_EQ(listed().size(), 198u);
+  }
+  const auto outbox = open();
+  const Bodies left = takeAll(*outbox);
+  ASSERT_EQ(left.size(), 198u);
+  EXPECT_EQ(left.front(), "2");
+  EXPECT_EQ(left.back(), "199");
+}
+
+TEST_F(OutboxFiles, WhatARemovedFolderHeldIsDeliverableWithoutSync) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  fs::remove_all(box_);
+  EXPECT_EQ(outbox->take()->body, "a");
+  outbox->giveBack(1);
+  outbox->settleDelivered(outbox->take()->id);
+  EXPECT_EQ(outbox->counters().queued, 0u);
+}
+
+}  // namespace
+}  // namespace jx

@@ -1,0 +1,163 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include "tests/core/storage/JXChildProcess.h"
+#include "tests/core/storage/JXOutboxFixture.h"
+
+namespace jx {
+namespace {
+
+class OutboxProcess : public OutboxTest {
+ protected:
+  using Child = std::unique_ptr<ChildProcess>;
+
+  // A process that adds requests until it is killed, and reports each when `add` has returned.
+  // Every third one is delivered at once, which is reported before.
+  Child adder(const std::string& name) {
+    return std::make_unique<ChildProcess>([this, name](int pipe) {
+      const auto outbox = open();
+      takeAll(*outbox);
+      for (int i = 0;; ++i) {
+        const std::string body = name + std::to_string(i);
+        const std::uint64_t id = add(*outbox, body);
+        if (i % 3 == 2) {
+          ChildProcess::writeLine(pipe, "-" + body);
+          outbox->settleDelivered(id);
+        } else {
+          ChildProcess::writeLine(pipe, "+" + body);
+        }
+        if (i % 50 == 49) outbox->sync();
+      }
+      return 0;
+    });
+  }
+
+  // A process that delivers all it can get, tells it, and ends.
+  Child deliverer() {
+    return std::make_unique<ChildProcess>([this](int pipe) {
+      const auto outbox = open();
+      while (const auto request = outbox->take()) {
+        outbox->settleDelivered(request->id);
+        ChildProcess::writeLine(pipe, request->body);
+      }
+      return 0;
+    });
+  }
+};
+
+TEST_F(OutboxProcess, AKillLosesNoRequestThatWasAccepted) {
+  std::set<std::string> accepted;
+  std::set<std::string> maybeSettled;
+  for (int round = 0; round < 25; ++round) {
+    const Child child = adder("r" + std::to_string(round) + "-");
+    const auto note = [&](const std::string& line) {
+      (line[0] == '+' ? accepted : maybeSettled).insert(line.substr(1));
+    };
+    for (int lines = 0; lines < 5 + round * 13; ++lines)
+      note(child->readLine());
+    child->kill();
+    for (std::string line = child->readLine(); !line.empty(); line = child->readLine())
+      note(line);
+
+    const Bodies left = listed();
+    const std::set<std::string> held(left.begin(), left.end());
+    ASSERT_EQ(held.size(), left.size());
+    EXPECT_TRUE(std::includes(held.begin(), held.end(), accepted.begin(), accepted.end()));
+    // Beyond those: at most the one in hand when the kill came, each round.
+    EXPECT_LE(held.size(), accepted.size() + static_cast<std::size_t>(round) + 1);
+  }
+  EXPECT_GT(accepted.size(), 2'000u);
+  const Bodies left = listed();
+  EXPECT_EQ(takeAll(*open()), left);
+}
+
+TEST_F(OutboxProcess, NoRequestIsTakenByTwoOfManyProcesses) {
+  std::set<std::string> expected;
+  {
+    // Segments of several processes, all ended.
+    std::vector<std::unique_ptr<JXOutbox>> boxes;
+    for (int box = 0; box < 6; ++box) {
+      boxes.push_back(open());
+      for (int i = 0; i < 40; ++i) {
+        const std::string body = std::to_string(box) + "/" + std::to_string(i);
+        add(*boxes.back(), body);
+        expected.insert(body);
+      }
+    }
+  }
+  Bodies delivered;
+  for (int wave = 0; wave < 2; ++wave) {
+    std::vector<Child> children;
+    for (int i = 0; i < 4; ++i)
+      children.push_back(deliverer());
+    for (const Child& child : children) {
+      for (std::string line = child->readLine(); !line.empty(); line = child->readLine()) {
+        delivered.push_back(line);
+      }
+      EXPECT_EQ(child->wait(), 0);
+    }
+  }
+  EXPECT_EQ(sorted(delivered), Bodies(expected.begin(), expected.end()));
+  EXPECT_TRUE(listed().empty());
+}
+
+TEST_F(OutboxProcess, AKilledProcessIsAdoptedWhileOthersRun) {
+  const auto running = open();
+  add(*running, "running");
+  ChildProcess child([this](int pipe) {
+    const auto outbox = open();
+    add(*outbox, "a");
+    add(*outbox, "b");
+    outbox->settleDelivered(outbox->take()->id);
+    ChildProcess::writeLine(pipe, "ready");
+    ::pause();
+    return 0;
+  });
+  EXPECT_EQ(child.readLine(), "ready");
+  EXPECT_TRUE(takeAll(*open()).empty());
+  child.kill();
+  EXPECT_EQ(takeAll(*open()), Bodies{"b"});
+  EXPECT_EQ(takeAll(*running), Bodies{"running"});
+}
+
+TEST_F(OutboxProcess, ListingWorksWhileAnotherAdds) {
+  const Child child = adder("x");
+  for (int i = 0; i < 100; ++i)
+    child->readLine();
+  for (int i = 0; i < 20; ++i)
+    EXPECT_GE(listed().size(), 66u);
+  EXPECT_TRUE(dead().empty());
+}
+
+TEST_F(OutboxProcess, TwoProcessesKeepTheirDeadLettersInOneFile) {
+  std::vector<Child> children;
+  for (int each = 0; each < 2; ++each) {
+    children.push_back(std::make_unique<ChildProcess>([this, each](int) {
+      JXOutboxBounds bounds;
+      bounds.maxDeadLetters = 20;
+      const auto outbox = open(bounds);
+      for (int i = 0; i < 200; ++i) {
+        outbox->settleRejected(add(*outbox, std::to_string(each) + "/" + std::to_string(i)), 400);
+      }
+      // One that the other kept from writing is written later.
+      for (int i = 0; i < 1'000 && outbox->needsSync(); ++i)
+        outbox->sync();
+      return outbox->counters().storageErrors == 0 ? 0 : 1;
+    }));
+  }
+  for (const Child& child : children)
+    EXPECT_EQ(child->wait(), 0);
+  const Bodies letters = dead();
+  EXPECT_EQ(letters.size(), 20u);
+  EXPECT_EQ(std::set<std::string>(letters.begin(), letters.end()).size(), 20u);
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 0u);
+  EXPECT_TRUE(letters.back() == "0/199" || letters.back() == "1/199");
+}
+
+}  // namespace
+}  // namespace jx
