@@ -29,13 +29,13 @@ struct JXOutboxCounters {
   std::uint64_t delivered = 0;
   std::uint64_t rejected = 0;
   std::uint64_t droppedTooMany = 0;    ///< the oldest, because of maxRequests
-  std::uint64_t droppedTooLarge = 0;   ///< the oldest, because of maxBytes
+  std::uint64_t droppedTooLarge = 0;   ///< the oldest, or one alone, because of maxBytes
   std::uint64_t droppedTooOld = 0;     ///< because of maxAge
-  std::uint64_t droppedNoStorage = 0;  ///< the disk took none and the memory bound was reached
+  std::uint64_t droppedNoStorage = 0;  ///< the oldest in memory, because of maxInMemory
   std::uint64_t purged = 0;
   std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
   std::uint64_t damaged = 0;        ///< files of which a part was set aside
-  std::uint64_t queued = 0;         ///< held now, in flight ones included
+  std::uint64_t queued = 0;         ///< held now; in flight ones included, rejected ones not
   std::uint64_t queuedBytes = 0;
   std::uint64_t inMemory = 0;  ///< of the queued, those that are on no disk yet
 };
@@ -65,25 +65,32 @@ class JXOutbox {
   JXOutbox(const JXOutbox&) = delete;
   JXOutbox& operator=(const JXOutbox&) = delete;
 
-  /// Appends a request, dropping the oldest ones beyond the bounds. Returns its id, or nothing
-  /// when neither disk nor memory took it (counted in droppedNoStorage).
+  /// Appends a request, dropping the oldest ones beyond the bounds. While the disk takes none it
+  /// stays in memory, where the oldest make room for it. Returns its id; nothing when it is larger
+  /// than maxBytes alone (counted in droppedTooLarge), or when the disk took none and maxInMemory
+  /// is 0 (droppedNoStorage). Age is judged by the clock as it stands now: a request from before
+  /// 2025, when the clock was not set yet, and one from the future have no age.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
 
   /// The oldest request that is not in flight; it is in flight from now on. Nothing when there is
   /// none. A request whose bytes can no longer be read is counted as a storage error and skipped.
+  /// One in flight may be dropped by the bounds; settling it is then ignored.
   std::optional<JXOutboxRequest> take();
   /// Gives a request in flight back; it keeps its place in the order.
   void giveBack(std::uint64_t id);
   /// The request was delivered: it is removed. An id that is no longer held is ignored, here and
   /// in the next two.
   void settleDelivered(std::uint64_t id);
-  /// The request was refused for good: it moves to the dead letters.
+  /// The request was refused for good: it moves to the dead letters, at once or, when another
+  /// process is writing them or the disk is full, in `sync`.
   void settleRejected(std::uint64_t id, int status);
-  /// Empties the queue, in flight requests and dead letters included.
+  /// Empties the queue, in flight requests and dead letters included. What another process holds
+  /// stays.
   void purge();
 
-  /// Makes durable what was appended since the last call, writes to disk what had to stay in
-  /// memory, and deletes files whose requests are all settled. Transfer thread.
+  /// Makes durable what was appended since the last call, and does again what the disk refused:
+  /// writes what had to stay in memory, deletes files whose requests are all settled, writes what
+  /// a removed folder held. Transfer thread: it waits for the disk, and no other thread for it.
   void sync();
   /// True when `sync` has something to do.
   bool needsSync() const;

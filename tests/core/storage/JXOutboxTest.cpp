@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <set>
+#include <thread>
+
 #include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXOutboxFixture.h"
 
@@ -226,6 +229,35 @@ TEST_F(Outbox, TwoOutboxesShareTheDeadLetters) {
     outbox.settleRejected(add(outbox, std::to_string(i)), 400);
   }
   EXPECT_EQ(dead(), (Bodies{"26", "27", "28", "29"}));
+}
+
+TEST_F(Outbox, ThreadsMayAddWhileAnotherDelivers) {
+  constexpr int kEach = 1'000;
+  const auto outbox = open();
+  std::vector<std::thread> adders;
+  for (int thread = 0; thread < 3; ++thread) {
+    adders.emplace_back([&, thread] {
+      for (int i = 0; i < kEach; ++i)
+        add(*outbox, std::to_string(thread * kEach + i));
+    });
+  }
+  std::multiset<std::string> delivered;
+  while (delivered.size() < 3 * kEach) {
+    const auto request = outbox->take();
+    if (!request) {
+      outbox->sync();
+      std::this_thread::yield();
+      continue;
+    }
+    delivered.insert(request->body);
+    outbox->settleDelivered(request->id);
+    if (delivered.size() % 500 == 0 && outbox->needsSync()) outbox->sync();
+  }
+  for (std::thread& adder : adders)
+    adder.join();
+  EXPECT_EQ(std::set<std::string>(delivered.begin(), delivered.end()).size(), 3u * kEach);
+  EXPECT_EQ(outbox->counters().delivered, 3u * kEach);
+  EXPECT_EQ(outbox->counters().queued, 0u);
 }
 
 TEST_F(Outbox, TheLogMayCallBack) {
