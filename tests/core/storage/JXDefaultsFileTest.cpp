@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <thread>
 
@@ -176,7 +177,34 @@ TEST_F(DefaultsFile, ARewriteKeepsTheLaterValueOfAnotherProcess) {
   EXPECT_EQ(JXDefaultsFile(path_).objectForKey("visits"), "2");
 }
 
-TEST_F(DefaultsFile, ValuesSetDuringARewriteAreKept) {
+// What happens while the storage waits for the disk, in the tests below.
+std::function<void()>* duringSync = nullptr;
+
+TEST_F(DefaultsFile, AValueSetWhileTheNewFileIsOnItsWayToTheDiskIsKept) {
+  JXDefaultsFile file(path_);
+  fill(file, 100);
+  file.setObject_forKey("x", "removed");
+  int syncs = 0;
+  std::function<void()> change = [&] {
+    file.setObject_forKey(std::to_string(++syncs), "visits");
+    if (syncs == 2) file.setObject_forKey(nullptr, "removed");
+  };
+  duringSync = &change;
+  JXFileCalls::current().synchronize = [](int descriptor) {
+    (*duringSync)();
+    return JXFileCalls::system().synchronize(descriptor);
+  };
+  file.maintain();
+  JXFileCalls::current() = JXFileCalls::system();
+  // Of the old file, then of the new one.
+  EXPECT_EQ(syncs, 2);
+  EXPECT_LT(std::filesystem::file_size(path_), 2'000u);
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("visits"), "2");
+  EXPECT_FALSE(again.objectForKey("removed").isPresent());
+}
+
+TEST_F(DefaultsFile, ThreadsMaySetValuesDuringMaintenance) {
   JXDefaultsFile file(path_);
   std::thread setter([&] {
     for (int i = 0; i < 3'000; ++i) {

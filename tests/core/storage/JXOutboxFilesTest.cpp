@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "jx/core/storage/JXFile.h"
 #include "tests/core/storage/JXOutboxFixture.h"
 
 namespace jx {
@@ -194,6 +195,29 @@ TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
   EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
   EXPECT_EQ(dead(), Bodies{"a"});
   EXPECT_EQ(outbox->counters().damaged, 2u);
+}
+
+TEST_F(OutboxFiles, DeadLettersWaitWhileAnotherWritesTheirFile) {
+  const auto outbox = open();
+  outbox->settleRejected(add(*outbox, "a"), 400);
+  outbox->sync();
+  int error = 0;
+  JXFile other = JXFile::open(box_ + "/dead", JXFile::Access::AppendExisting, error);
+  ASSERT_TRUE(other.tryLock(JXFile::Lock::Exclusive));
+  outbox->settleRejected(add(*outbox, "b"), 400);
+  EXPECT_EQ(dead(), Bodies{"a"});
+  EXPECT_EQ(outbox->counters().rejected, 2u);
+  EXPECT_EQ(outbox->counters().queued, 0u);
+  EXPECT_FALSE(outbox->take().has_value());
+  EXPECT_TRUE(outbox->needsSync());
+  // A process killed now would ask the server again.
+  EXPECT_EQ(listed(), Bodies{"b"});
+  other.unlock();
+  outbox->sync();
+  EXPECT_EQ(dead(), (Bodies{"a", "b"}));
+  EXPECT_TRUE(listed().empty());
+  EXPECT_FALSE(outbox->needsSync());
+  EXPECT_EQ(outbox->counters().storageErrors, 0u);
 }
 
 TEST_F(OutboxFiles, ListingIgnoresATornEndAndChangesNothing) {
