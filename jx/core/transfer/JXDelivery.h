@@ -13,13 +13,16 @@ namespace jx {
 
 /// When a request that got no lasting answer is tried again, and how long one try may take.
 struct JXRetryTimings {
-  std::chrono::milliseconds firstPause{1'000};    ///< doubles with each failed try
+  std::chrono::milliseconds firstPause{1'000};  ///< doubles with each failed try
   std::chrono::milliseconds longestPause{300'000};
   std::chrono::milliseconds longestRetryAfter{std::chrono::hours(24)};
   std::chrono::milliseconds connectTimeout{10'000};
   std::chrono::milliseconds requestTimeout{30'000};  ///< name resolution to the end of the answer
   std::chrono::milliseconds syncDelay{1'000};        ///< a write is durable after at most this
   std::chrono::milliseconds userAgentWait{10'000};
+  /// What an earlier process left waits for this at the start, unless before that a request comes
+  /// or the manager is told whether requests may leave: so that consent is asked for first.
+  std::chrono::milliseconds startHold{1'000};
 };
 
 /// What became of one request.
@@ -43,7 +46,7 @@ struct JXDeliveryCounters {
   JXOutboxCounters outbox;
   std::uint64_t tries = 0;     ///< requests that were started
   std::uint64_t failures = 0;  ///< tries that ended without a lasting answer
-  bool holding = false;        ///< true while requests are held by consent, background or user agent
+  bool holding = false;  ///< true while requests are held by consent, background or user agent
 };
 
 }  // namespace jx

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -44,24 +45,38 @@ class JXNetworkManager {
   void onForeground();
 
   /// Waits until the queue is empty, at most until `deadline` has passed; true when it is empty.
-  /// Blocks the calling thread, and never longer than the deadline.
+  /// Blocks the calling thread, and never longer than the deadline. It shortens a back-off pause
+  /// to the first one's length, but not a pause that the receiver asked for, and lifts no hold.
   bool flush(std::chrono::milliseconds deadline);
   /// Empties the queue and the dead letters; requests in flight are aborted.
   void purge();
+  /// Something else that the core keeps on the disk was changed: it is made durable within a
+  /// second.
+  void storageChanged();
   JXDeliveryCounters counters() const;
 
-  /// Starts the transfer thread. Called once by the core; a second call is ignored.
+  /// Starts the transfer thread, which is stopped within 250 ms when the process ends. Called once
+  /// by the core; a second call is ignored. When the system gives no thread it is logged, and
+  /// requests are not taken.
   void start(JXTransferSetup setup);
 
  private:
   JXNetworkManager() = default;
 
+  std::shared_ptr<JXTransfer> transfer() const;
+  void decide(bool enabled);
+  void applyBackground();
+  void askForUserAgent();
+
   mutable std::mutex mutex_;
   std::shared_ptr<JXTransfer> transfer_;
+  std::function<void(std::function<void()>)> requestUserAgent_;  // set once, before transfer_
   int managerState_ = 0;
   bool enabled_ = true;
+  bool decided_ = false;  // somebody said whether requests may leave
   bool inBackground_ = false;
   bool runsInBackground_ = false;
+  bool waitsForUserAgent_ = false;
 };
 
 }  // namespace jx

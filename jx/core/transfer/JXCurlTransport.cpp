@@ -1,0 +1,277 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXCurlTransport.h"
+
+#include <curl/curl.h>
+
+#include <algorithm>
+#include <climits>
+#include <mutex>
+#include <new>
+#include <thread>
+#include <utility>
+
+#include "jx/core/transfer/JXHttpAnswer.h"
+#include "jx/core/transfer/JXHttpTarget.h"
+
+#if LIBCURL_VERSION_NUM < 0x074400
+#error "libcurl 7.68 or later is needed: the transfer thread is woken by curl_multi_wakeup"
+#endif
+
+namespace jx {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr long kMostConnections = 4;
+
+void initialiseCurlOnce() {
+  static std::once_flag once;
+  // Never undone: the host may use libcurl too, and a thread of ours may outlive its statics.
+  std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+}
+
+long inMilliseconds(milliseconds time) {
+  // Zero would be libcurl's word for its own default.
+  return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
+}
+
+// One request under way, and an easy handle that is kept for the next.
+struct Exchange {
+  CURL* easy = nullptr;
+  JXHttpTarget target;
+  JXHttpRequest request;
+  JXHttpAnswer answer;
+  char error[CURL_ERROR_SIZE] = {};
+
+  Exchange() : easy(curl_easy_init()) {
+    if (easy == nullptr) throw std::bad_alloc();
+  }
+  ~Exchange() { curl_easy_cleanup(easy); }
+  Exchange(const Exchange&) = delete;
+  Exchange& operator=(const Exchange&) = delete;
+};
+
+std::size_t onHeader(char* data, std::size_t, std::size_t bytes, void* exchange) {
+  try {
+    return static_cast<Exchange*>(exchange)->answer.readHeader({data, bytes}) ? bytes : 0;
+  } catch (...) {
+    return 0;  // no memory: the request ends without an answer
+  }
+}
+
+std::size_t onBody(char*, std::size_t, std::size_t bytes, void* exchange) {
+  return static_cast<Exchange*>(exchange)->answer.readBody(bytes) ? bytes : 0;
+}
+
+std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOptions& options) {
+  if (code == CURLE_SSL_CACERT_BADFILE && options.caFile.isPresent()) {
+    return "the CA file " + options.caFile.toStdString() + " is missing or holds no certificates";
+  }
+  std::string text = curl_easy_strerror(code);
+  if (exchange.error[0] != '\0') text.append(" (").append(exchange.error).append(")");
+  return text;
+}
+
+}  // namespace
+
+class JXCurlTransport::Implementation {
+ public:
+  explicit Implementation(JXHttpOptions options) : options_(std::move(options)) {
+    initialiseCurlOnce();
+    multi_ = curl_multi_init();
+    headers_ = curl_slist_append(headers_, "Content-Type: application/json; charset=utf-8");
+    // Nothing is to be gained by asking first: the bodies are small.
+    curl_slist* const all = curl_slist_append(headers_, "Expect:");
+    if (multi_ == nullptr || headers_ == nullptr || all == nullptr) {
+      release();
+      throw std::bad_alloc();
+    }
+    curl_multi_setopt(multi_, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
+    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMostConnections);
+    curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, kMostConnections);
+  }
+
+  ~Implementation() {
+    abortAll();
+    release();
+  }
+
+  void start(JXHttpRequest request) {
+    std::unique_ptr<Exchange> exchange = freeExchange();
+    exchange->request = std::move(request);
+    const std::string refusal = exchange->target.set(exchange->request.url);
+    if (!refusal.empty()) {
+      JXTryOutcome outcome;
+      outcome.neverSendable = true;
+      ready_.push_back({std::move(exchange->request), outcome, nullptr, refusal});
+      free_.push_back(std::move(exchange));
+      return;
+    }
+    aim(*exchange);
+    active_.push_back(std::move(exchange));
+    Exchange& started = *active_.back();
+    const CURLMcode code = curl_multi_add_handle(multi_, started.easy);
+    if (code != CURLM_OK) finish(started, CURLE_FAILED_INIT);
+  }
+
+  std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
+    perform();
+    if (ready_.empty() && timeout != milliseconds::zero()) {
+      const auto most = milliseconds(INT_MAX);
+      const int wait = static_cast<int>(std::min(timeout.value_or(most), most).count());
+      if (curl_multi_poll(multi_, nullptr, 0, wait, nullptr) != CURLM_OK) {
+        // Out of memory or descriptors: without this the caller would turn in circles.
+        std::this_thread::sleep_for(milliseconds(std::min(wait, 1'000)));
+      }
+      perform();
+    }
+    return std::exchange(ready_, {});
+  }
+
+  void wakeUp() noexcept { curl_multi_wakeup(multi_); }
+
+  void abortAll() noexcept {
+    for (const std::unique_ptr<Exchange>& exchange : active_) {
+      curl_multi_remove_handle(multi_, exchange->easy);
+    }
+    active_.clear();
+    ready_.clear();
+  }
+
+ private:
+  void release() {
+    free_.clear();
+    curl_multi_cleanup(multi_);
+    curl_slist_free_all(headers_);
+  }
+
+  std::unique_ptr<Exchange> freeExchange() {
+    if (free_.empty()) {
+      auto exchange = std::make_unique<Exchange>();
+      prepare(*exchange);
+      return exchange;
+    }
+    std::unique_ptr<Exchange> exchange = std::move(free_.back());
+    free_.pop_back();
+    return exchange;
+  }
+
+  // What stays the same for every request of an exchange.
+  void prepare(Exchange& exchange) const {
+    CURL* const easy = exchange.easy;
+    curl_easy_setopt(easy, CURLOPT_PRIVATE, &exchange);
+    curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, exchange.error);
+    curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, onHeader);
+    curl_easy_setopt(easy, CURLOPT_HEADERDATA, &exchange);
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, onBody);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, &exchange);
+    curl_easy_setopt(easy, CURLOPT_POST, 1L);
+    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers_);
+    if (options_.userAgent.isPresent()) {
+      curl_easy_setopt(easy, CURLOPT_USERAGENT, options_.userAgent.c_str());
+    }
+    curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
+    curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+    curl_easy_setopt(easy, CURLOPT_PIPEWAIT, 1L);
+    curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, inMilliseconds(options_.connectTimeout));
+    curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, inMilliseconds(options_.requestTimeout));
+    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+#if LIBCURL_VERSION_NUM >= 0x075700
+    // An abort leaves a name resolution to itself instead of waiting for it.
+    curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
+#endif
+    prepareTrust(easy);
+  }
+
+  void prepareTrust(CURL* easy) const {
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
+    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
+    curl_easy_setopt(easy, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+    if (options_.caFile.isPresent()) {
+      curl_easy_setopt(easy, CURLOPT_CAINFO, options_.caFile.c_str());
+      // Otherwise the system's folder would be trusted besides.
+      curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+    }
+    // The proxy's own answers are not the receiver's.
+    curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
+    if (options_.proxy.isPresent()) {
+      curl_easy_setopt(easy, CURLOPT_PROXY, options_.proxy.c_str());
+    }
+  }
+
+  // What differs from request to request.
+  void aim(Exchange& exchange) const {
+    exchange.answer = JXHttpAnswer();
+    exchange.error[0] = '\0';
+    CURL* const easy = exchange.easy;
+    curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE,
+                     static_cast<curl_off_t>(exchange.request.body.size()));
+    curl_easy_setopt(easy, CURLOPT_POSTFIELDS, exchange.request.body.data());
+    const bool isLoopback = exchange.target.isLoopback();
+    // What is for this device stays on it.
+    curl_easy_setopt(easy, CURLOPT_NOPROXY, isLoopback ? "*" : nullptr);
+#if LIBCURL_VERSION_NUM >= 0x075500
+    curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, isLoopback ? "https,http" : "https");
+#else
+    const long protocols = isLoopback ? CURLPROTO_HTTPS | CURLPROTO_HTTP : CURLPROTO_HTTPS;
+    curl_easy_setopt(easy, CURLOPT_PROTOCOLS, protocols);
+#endif
+  }
+
+  void perform() {
+    int running = 0;
+    curl_multi_perform(multi_, &running);
+    int left = 0;
+    while (const CURLMsg* const message = curl_multi_info_read(multi_, &left)) {
+      if (message->msg != CURLMSG_DONE) continue;
+      const CURLcode code = message->data.result;
+      void* exchange = nullptr;
+      curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &exchange);
+      finish(*static_cast<Exchange*>(exchange), code);
+    }
+  }
+
+  void finish(Exchange& exchange, CURLcode code) {
+    curl_multi_remove_handle(multi_, exchange.easy);
+    JXHttpResult result;
+    result.outcome.status = exchange.answer.status();
+    result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
+    if (exchange.answer.status() != 0) {
+      result.retryAfter = exchange.answer.retryAfter();
+    } else {
+      result.reason = describe(code, exchange, options_);
+    }
+    result.request = std::move(exchange.request);
+    ready_.push_back(std::move(result));
+    const auto at = std::find_if(active_.begin(), active_.end(),
+                                 [&](const auto& each) { return each.get() == &exchange; });
+    free_.push_back(std::move(*at));
+    active_.erase(at);
+  }
+
+  const JXHttpOptions options_;
+  CURLM* multi_ = nullptr;
+  curl_slist* headers_ = nullptr;
+  std::vector<std::unique_ptr<Exchange>> active_;
+  std::vector<std::unique_ptr<Exchange>> free_;
+  std::vector<JXHttpResult> ready_;
+};
+
+JXCurlTransport::JXCurlTransport(const JXHttpOptions& options)
+    : implementation_(std::make_unique<Implementation>(options)) {}
+
+JXCurlTransport::~JXCurlTransport() = default;
+
+void JXCurlTransport::start(JXHttpRequest request) { implementation_->start(std::move(request)); }
+
+std::vector<JXHttpResult> JXCurlTransport::poll(std::optional<milliseconds> timeout) {
+  return implementation_->poll(timeout);
+}
+
+void JXCurlTransport::wakeUp() noexcept { implementation_->wakeUp(); }
+
+void JXCurlTransport::abortAll() noexcept { implementation_->abortAll(); }
+
+}  // namespace jx

@@ -1,0 +1,269 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXTransfer.h"
+
+#include <pthread.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <exception>
+#include <random>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "jx/core/JXLogger.h"
+#include "jx/core/transfer/JXCurlTransport.h"
+#include "jx/core/transfer/JXTransferLoop.h"
+#include "jx/core/transfer/JXTransferMailbox.h"
+
+namespace jx {
+namespace {
+
+using SteadyTime = std::chrono::steady_clock::time_point;
+using std::chrono::milliseconds;
+
+// Longer waits are as good as endless, and a sum with the clock's time must not overflow.
+constexpr milliseconds kLongestWait = std::chrono::hours(24 * 365);
+
+milliseconds bounded(milliseconds wait) {
+  return std::clamp(wait, milliseconds::zero(), kLongestWait);
+}
+
+JXTransferSetup completed(JXTransferSetup setup) {
+  if (!setup.steadyNow) setup.steadyNow = [] { return std::chrono::steady_clock::now(); };
+  if (!setup.draw) {
+    setup.draw = [random = std::mt19937(std::random_device()())]() mutable {
+      return std::uniform_real_distribution<double>(0.0, 1.0)(random);
+    };
+  }
+  if (!setup.transport) {
+    JXHttpOptions options;
+    options.caFile = setup.caFile;
+    options.proxy = setup.proxy;
+    options.userAgent = setup.httpUserAgent;
+    options.connectTimeout = setup.timings.connectTimeout;
+    options.requestTimeout = setup.timings.requestTimeout;
+    setup.transport = std::make_shared<JXCurlTransport>(options);
+  }
+  return setup;
+}
+
+// Signals are the host's: none is handled on the transfer thread, and a peer that closes while we
+// write (SIGPIPE) ends nothing. Faults of the thread itself stay deliverable.
+class SignalsBlocked {
+ public:
+  SignalsBlocked() {
+    sigset_t all;
+    sigfillset(&all);
+    for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS}) {
+      sigdelset(&all, fault);
+    }
+    pthread_sigmask(SIG_SETMASK, &all, &before_);
+  }
+  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  SignalsBlocked(const SignalsBlocked&) = delete;
+  SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+ private:
+  sigset_t before_;
+};
+
+}  // namespace
+
+// What the owner and the thread share. The thread holds it too, so that one that was left behind
+// at a stop finds everything in place.
+class JXTransfer::Engine {
+ public:
+  explicit Engine(JXTransferSetup setup)
+      : setup_(completed(std::move(setup))),
+        outbox_(setup_.outbox),
+        transport_(setup_.transport),
+        mailbox_([transport = transport_.get()] { transport->wakeUp(); }),
+        loop_(std::make_unique<JXTransferLoop>(setup_)) {}
+
+  JXTransferSetup setup_;
+  const std::shared_ptr<JXOutbox> outbox_;
+  std::shared_ptr<JXHttpTransport> transport_;
+  JXTransferMailbox mailbox_;
+  std::unique_ptr<JXTransferLoop> loop_;
+
+  std::thread thread_;
+  std::atomic<std::thread::id> threadId_{};
+  const pid_t process_ = getpid();
+
+  // Guards what follows; never held while anything is called but the outbox.
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  bool ended_ = false;
+  bool leftBehind_ = false;
+  bool stopped_ = false;  // stop() has its answer
+  std::atomic<int> flushing_{0};
+
+  void run() noexcept {
+    threadId_.store(std::this_thread::get_id());
+    while (turn()) {
+    }
+    end();
+  }
+  bool isOnThread() const { return threadId_.load() == std::this_thread::get_id(); }
+  bool queueIsEmpty() const { return outbox_->counters().queued == 0; }
+  // The last owner's end would close curl's connections on the thread that was left behind.
+  static void keepForEver(std::shared_ptr<Engine> engine) {
+    static std::mutex mutex;
+    static auto* const kept = new std::vector<std::shared_ptr<Engine>>();
+    const std::lock_guard<std::mutex> lock(mutex);
+    kept->push_back(std::move(engine));
+  }
+  void tellFlushers() {
+    if (flushing_.load() == 0) return;
+    const std::lock_guard<std::mutex> lock(mutex_);
+    changed_.notify_all();
+  }
+
+ private:
+  // False once the thread is to end.
+  bool turn() noexcept {
+    try {
+      const JXTransferOrders orders = mailbox_.readOrders();
+      if (orders.stop) return false;
+      loop_->take(orders, mailbox_.readAdded());
+      const JXTransferRest rest = loop_->act();
+      tellFlushers();
+      const bool mayWait = mailbox_.fallAsleep(rest.ignoresAdditions);
+      loop_->waitAndSettle(rest, mayWait);
+      mailbox_.awake();
+    } catch (const std::exception& failure) {
+      mailbox_.awake();
+      loop_->recover(failure.what());
+    } catch (...) {
+      mailbox_.awake();
+      loop_->recover("unknown failure");
+    }
+    tellFlushers();
+    return true;
+  }
+
+  void end() noexcept {
+    {
+      // Too late: the process may be gone half-way, and curl's libraries with it.
+      const std::lock_guard<std::mutex> lock(mutex_);
+      if (leftBehind_) return;
+    }
+    try {
+      loop_->end();
+    } catch (...) {
+      // The requests are in the outbox all the same.
+    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ended_ = true;
+    changed_.notify_all();
+  }
+};
+
+JXTransfer::JXTransfer(JXTransferSetup setup)
+    : engine_(std::make_shared<Engine>(std::move(setup))) {}
+
+void JXTransfer::start() {
+  if (engine_->thread_.joinable()) return;
+  const SignalsBlocked blockedInTheNewThread;
+  engine_->thread_ = std::thread([engine = engine_] { engine->run(); });
+}
+
+JXTransfer::~JXTransfer() { stop(kStopLimit); }
+
+void JXTransfer::enqueue(std::string_view url, std::string_view body) {
+  if (engine_->outbox_->add(url, body)) {
+    engine_->mailbox_.noteAddition();
+  } else if (engine_->setup_.onDelivery) {
+    engine_->mailbox_.order([eventId = eventIdOf(body)](JXTransferOrders& orders) {
+      orders.refusedEvents.push_back(eventId);
+    });
+  }
+}
+
+void JXTransfer::storageChanged() {
+  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.storageChanges; });
+}
+
+void JXTransfer::setDisabled(bool disabled) {
+  engine_->mailbox_.order([disabled](JXTransferOrders& orders) {
+    orders.disabled = disabled;
+    ++orders.decisions;
+  });
+}
+
+void JXTransfer::setInBackground(bool inBackground) {
+  engine_->mailbox_.order(
+      [inBackground](JXTransferOrders& orders) { orders.inBackground = inBackground; });
+}
+
+void JXTransfer::holdForUserAgent() {
+  const SteadyTime until =
+      engine_->setup_.steadyNow() + bounded(engine_->setup_.timings.userAgentWait);
+  engine_->mailbox_.order([until](JXTransferOrders& orders) { orders.heldUntil = until; });
+}
+
+void JXTransfer::userAgentKnown() {
+  engine_->mailbox_.order([](JXTransferOrders& orders) { orders.heldUntil.reset(); });
+}
+
+bool JXTransfer::flush(milliseconds deadline) {
+  // The deadline follows the real clock: it is the host that waits, not the plan.
+  const SteadyTime until = std::chrono::steady_clock::now() + bounded(deadline);
+  if (engine_->queueIsEmpty()) return true;
+  if (engine_->isOnThread()) return false;
+  ++engine_->flushing_;
+  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.flushes; });
+  std::unique_lock<std::mutex> lock(engine_->mutex_);
+  const bool empty =
+      engine_->changed_.wait_until(lock, until, [this] { return engine_->queueIsEmpty(); });
+  --engine_->flushing_;
+  return empty;
+}
+
+void JXTransfer::purge() {
+  engine_->outbox_->purge();
+  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.purges; });
+  engine_->tellFlushers();
+}
+
+JXDeliveryCounters JXTransfer::counters() const {
+  const JXTransferOrders orders = engine_->mailbox_.orders();
+  JXDeliveryCounters counters;
+  counters.outbox = engine_->outbox_->counters();
+  counters.tries = engine_->loop_->tries();
+  counters.failures = engine_->loop_->failures();
+  counters.holding = orders.disabled || orders.inBackground ||
+                     (orders.heldUntil && engine_->setup_.steadyNow() < *orders.heldUntil);
+  return counters;
+}
+
+bool JXTransfer::stop(milliseconds limit) {
+  // In a forked child the thread does not exist, and its locks may be held for ever.
+  if (getpid() != engine_->process_) return false;
+  const SteadyTime until = std::chrono::steady_clock::now() + bounded(limit);
+  engine_->mailbox_.order([](JXTransferOrders& orders) { orders.stop = true; });
+  {
+    std::unique_lock<std::mutex> lock(engine_->mutex_);
+    if (engine_->stopped_) return engine_->ended_;
+    engine_->stopped_ = true;
+    if (!engine_->thread_.joinable()) engine_->ended_ = true;  // it was never started
+    if (!engine_->isOnThread())
+      engine_->changed_.wait_until(lock, until, [this] { return engine_->ended_; });
+    engine_->leftBehind_ = !engine_->ended_;
+  }
+  if (!engine_->thread_.joinable()) return true;
+  if (!engine_->leftBehind_) {
+    engine_->thread_.join();
+    return true;
+  }
+  engine_->thread_.detach();
+  engine_->keepForEver(engine_);
+  return false;
+}
+
+}  // namespace jx

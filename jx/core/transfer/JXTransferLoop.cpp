@@ -1,0 +1,189 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXTransferLoop.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "jx/core/JXLogger.h"
+#include "jx/core/json/JXJsonObject.h"
+#include "jx/core/json/JXJsonReader.h"
+#include "jx/core/transfer/JXRetryAfter.h"
+
+namespace jx {
+namespace {
+
+using std::chrono::milliseconds;
+
+// Hooks of the core and of the host: what they throw must not end the thread.
+template <class Hook, class... Arguments>
+void callSafely(const Hook& hook, Arguments&&... arguments) noexcept {
+  if (!hook) return;
+  try {
+    hook(std::forward<Arguments>(arguments)...);
+  } catch (...) {
+    JXLogger::sharedInstance().logMessage_withLevel("A callback threw on the transfer thread", 3);
+  }
+}
+
+void log(const std::string& message, int level) {
+  JXLogger::sharedInstance().logMessage_withLevel(message, level);
+}
+
+std::string named(const JXString& eventId) {
+  return eventId.isPresent() ? "event " + eventId.toStdString() : "event without an id";
+}
+
+std::string describe(const JXHttpResult& result) {
+  return result.outcome.status != 0 ? "HTTP status " + std::to_string(result.outcome.status)
+                                    : result.reason;
+}
+
+}  // namespace
+
+JXString eventIdOf(std::string_view body) {
+  return JXJsonReader::read(body).value.object().get("context").object().get("event_id").string();
+}
+
+JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
+    : setup_(std::move(setup)), plan_(setup_.timings, setup_.steadyNow()) {
+  // What an earlier process left may be made durable or tidied.
+  if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
+}
+
+void JXTransferLoop::take(const JXTransferOrders& orders, bool added) {
+  const JXTransferPlan::Time now = setup_.steadyNow();
+  plan_.setDisabled(orders.disabled);
+  plan_.setInBackground(orders.inBackground);
+  plan_.holdUntil(orders.heldUntil);
+  if (orders.decisions != obeyed_.decisions) plan_.endStartHold();
+  if (added) plan_.requestsAdded();
+  if (added || orders.storageChanges != obeyed_.storageChanges) plan_.storageChanged(now);
+  if (orders.flushes != obeyed_.flushes) plan_.hurry(now);
+  if (orders.purges != obeyed_.purges) {
+    abortInFlight();
+    plan_.storageChanged(now);
+  }
+  for (const JXString& eventId : orders.refusedEvents) {
+    tell(JXDeliveryOutcome::Dropped, eventId, 0, "no storage took it");
+  }
+  obeyed_ = orders;
+}
+
+JXTransferRest JXTransferLoop::act() {
+  const JXTransferStep step = plan_.next(setup_.steadyNow());
+  if (step.abortInFlight) abortInFlight();
+  if (step.sync) sync();
+  for (std::size_t i = 0; i < step.mayStart; ++i) {
+    if (!startOne(step.probes)) break;
+  }
+  return plan_.rest(setup_.steadyNow());
+}
+
+void JXTransferLoop::waitAndSettle(const JXTransferRest& rest, bool mayWait) {
+  std::optional<milliseconds> timeout;
+  if (!mayWait) {
+    timeout = milliseconds::zero();
+  } else if (rest.wakeAt) {
+    // Rounded up: waking a moment early would mean turning in circles until the time has come.
+    const auto left = std::chrono::ceil<milliseconds>(*rest.wakeAt - setup_.steadyNow());
+    timeout = std::max(left, milliseconds::zero());
+  }
+  for (JXHttpResult& result : setup_.transport->poll(timeout))
+    settle(result);
+}
+
+void JXTransferLoop::end() {
+  abortInFlight();
+  sync();
+}
+
+void JXTransferLoop::recover(std::string_view what) noexcept {
+  try {
+    log("The transfer thread gave its requests back: " + std::string(what), 3);
+    const JXTransferPlan::Time now = setup_.steadyNow();
+    abortInFlight();
+    plan_.failedInside(now, setup_.draw());
+  } catch (...) {
+    // Nothing is lost: the requests stay in the outbox and are found by the next process.
+  }
+}
+
+bool JXTransferLoop::startOne(bool probes) {
+  std::optional<JXOutboxRequest> request = setup_.outbox->take();
+  if (!request) {
+    plan_.nothingToStart();
+    return false;
+  }
+  if (probes) callSafely(setup_.beforeConnecting);
+  plan_.started(request->id);
+  tries_.fetch_add(1);
+  setup_.transport->start({request->id, std::move(request->url), std::move(request->body)});
+  return true;
+}
+
+void JXTransferLoop::abortInFlight() {
+  setup_.transport->abortAll();
+  for (const std::uint64_t id : plan_.aborted())
+    setup_.outbox->giveBack(id);
+}
+
+void JXTransferLoop::sync() {
+  setup_.outbox->sync();
+  callSafely(setup_.maintain);
+  plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
+}
+
+void JXTransferLoop::settle(JXHttpResult& result) {
+  const std::optional<milliseconds> retryAfter =
+      parseRetryAfter(result.retryAfter.view(), setup_.clock ? setup_.clock->nowMs() : 0);
+  const JXTransferPlan::Time now = setup_.steadyNow();
+  const std::uint64_t id = result.request.id;
+  switch (plan_.ended(id, result.outcome, retryAfter, now, setup_.draw())) {
+    case JXVerdict::Delivered:
+      setup_.outbox->settleDelivered(id);
+      plan_.storageChanged(now);
+      if (!lastFailure_.empty()) log("Requests go out again", 5);
+      lastFailure_.clear();
+      if (setup_.onDelivery) {
+        tell(JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
+             nullptr);
+      }
+      break;
+    case JXVerdict::Rejected:
+      setup_.outbox->settleRejected(id, result.outcome.status);
+      plan_.storageChanged(now);
+      settleRejected(result);
+      break;
+    case JXVerdict::Retry:
+      setup_.outbox->giveBack(id);
+      failures_.fetch_add(1);
+      logFailure(result, now);
+      break;
+  }
+}
+
+void JXTransferLoop::settleRejected(const JXHttpResult& result) {
+  const JXString eventId = eventIdOf(result.request.body);
+  const std::string why = describe(result);
+  log("Request of " + named(eventId) + " is rejected and not tried again: " + why, 2);
+  tell(JXDeliveryOutcome::Rejected, eventId, result.outcome.status, why);
+}
+
+void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {
+  // One line for each cause, not for each try: a device may be offline for days.
+  const std::string why = describe(result);
+  const int level = why == lastFailure_ ? 6 : 3;
+  lastFailure_ = why;
+  if (!JXLogger::sharedInstance().printsLevel(level)) return;
+  const auto pause = std::max(std::chrono::ceil<milliseconds>(plan_.retryState().pausedUntil - now),
+                              milliseconds::zero());
+  log("Requests stay queued, next try in " + std::to_string(pause.count()) + " ms: " + why, level);
+}
+
+void JXTransferLoop::tell(JXDeliveryOutcome outcome, const JXString& eventId, int status,
+                          JXString reason) {
+  callSafely(setup_.onDelivery, JXDelivery{outcome, eventId, status, std::move(reason)});
+}
+
+}  // namespace jx
