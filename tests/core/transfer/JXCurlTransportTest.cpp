@@ -1,0 +1,346 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXCurlTransport.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <set>
+#include <thread>
+
+#include "tests/support/JXTestServer.h"
+
+namespace jx {
+namespace {
+
+using namespace std::chrono_literals;
+using test::JXTestAnswer;
+using test::JXTestServer;
+using Manner = JXTestAnswer::Manner;
+
+JXHttpOptions trusting(const JXTestServer& server) {
+  JXHttpOptions options;
+  options.caFile = server.caFile();
+  options.userAgent = "JXServerSide";
+  return options;
+}
+
+// Drives the transport until so many results are there.
+std::vector<JXHttpResult> collect(JXCurlTransport& transport, std::size_t count) {
+  std::vector<JXHttpResult> results;
+  while (results.size() < count) {
+    for (JXHttpResult& result : transport.poll(std::nullopt))
+      results.push_back(std::move(result));
+  }
+  return results;
+}
+
+JXHttpResult post(JXCurlTransport& transport, const std::string& url,
+                  const std::string& body = "{}") {
+  transport.start({7, url, body});
+  return collect(transport, 1).front();
+}
+
+JXHttpResult postTold(const JXTestAnswer& answer, JXHttpOptions options = {}) {
+  JXTestServer server;
+  server.answerAll(answer);
+  options.caFile = server.caFile();
+  JXCurlTransport transport(options);
+  return post(transport, server.url());
+}
+
+JXTestAnswer told(Manner manner, int status = 200) {
+  JXTestAnswer answer;
+  answer.manner = manner;
+  answer.status = status;
+  return answer;
+}
+
+TEST(CurlTransport, PostsTheBodyAsJson) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  const std::string body("{\"a\":\"\xC3\xA9\",\"b\":\"\0\"}", 18);
+  const JXHttpResult result = post(transport, server.url("/events?jx_s=3&token=k"), body);
+  EXPECT_EQ(200, result.outcome.status);
+  EXPECT_EQ(7u, result.request.id);
+  EXPECT_EQ(body, result.request.body);
+  ASSERT_EQ(1u, server.requests().size());
+  test::JXTestRequest request = server.requests().front();
+  EXPECT_EQ("POST", request.method);
+  EXPECT_EQ("/events?jx_s=3&token=k", request.target);
+  EXPECT_EQ(body, request.body);
+  EXPECT_EQ("application/json; charset=utf-8", request.headers["content-type"]);
+  EXPECT_EQ("JXServerSide", request.headers["user-agent"]);
+  EXPECT_EQ(0u, request.headers.count("expect"));
+}
+
+TEST(CurlTransport, ALargeBodyIsSentWithoutAskingFirst) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  const std::string body(3 * 1024 * 1024, 'b');
+  EXPECT_EQ(200, post(transport, server.url(), body).outcome.status);
+  EXPECT_EQ(body, server.requests().front().body);
+  EXPECT_EQ(0u, server.requests().front().headers.count("expect"));
+}
+
+TEST(CurlTransport, Http2IsOffered) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  post(transport, server.url());
+  EXPECT_TRUE(server.wasOfferedHttp2());
+}
+
+TEST(CurlTransport, OneAfterTheOtherUsesOneConnection) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  for (int i = 0; i < 20; ++i)
+    ASSERT_EQ(200, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(20u, server.requests().size());
+  EXPECT_EQ(1, server.connections());
+}
+
+TEST(CurlTransport, SideBySideAtMostFourConnectionsAreUsed) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  for (std::uint64_t id = 1; id <= 12; ++id)
+    transport.start({id, server.url(), "{}"});
+  std::set<std::uint64_t> ids;
+  for (const JXHttpResult& result : collect(transport, 12)) {
+    EXPECT_EQ(200, result.outcome.status);
+    ids.insert(result.request.id);
+  }
+  EXPECT_EQ(12u, ids.size());
+  EXPECT_LE(server.connections(), 4);
+}
+
+TEST(CurlTransport, AConnectionThatTheServerEndedWhileIdleIsReplaced) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  ASSERT_EQ(200, post(transport, server.url()).outcome.status);
+  server.dropConnections();
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(2, server.connections());
+}
+
+TEST(CurlTransport, ACertificateOfAnotherAuthorityIsNoAnswer) {
+  JXTestServer server;
+  const test::JXTestAuthority other;
+  JXHttpOptions options;
+  options.caFile = other.caFile();
+  JXCurlTransport transport(options);
+  const JXHttpResult result = post(transport, server.url());
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+  EXPECT_NE("", result.reason);
+  EXPECT_EQ(0u, server.requests().size());
+}
+
+TEST(CurlTransport, WithoutACaFileTheSystemsAuthoritiesCount) {
+  JXTestServer server;
+  JXCurlTransport transport{JXHttpOptions()};
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(0u, server.requests().size());
+}
+
+TEST(CurlTransport, ACertificateForAnotherHostIsNoAnswer) {
+  test::JXTestServerOptions options;
+  options.certificateNames = {"DNS:elsewhere.example"};
+  JXTestServer server(options);
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(0u, server.requests().size());
+}
+
+TEST(CurlTransport, TlsBefore12IsNoAnswer) {
+  test::JXTestServerOptions options;
+  options.newestTlsVersion = TLS1_1_VERSION;
+  JXTestServer server(options);
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(1, server.connections());
+  EXPECT_EQ(0u, server.requests().size());
+}
+
+TEST(CurlTransport, AMissingCaFileIsNamedAndIsNoAnswer) {
+  JXTestServer server;
+  JXHttpOptions options;
+  options.caFile = "/nowhere/ca.pem";
+  JXCurlTransport transport(options);
+  const JXHttpResult result = post(transport, server.url());
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+  EXPECT_EQ("the CA file /nowhere/ca.pem is missing or holds no certificates", result.reason);
+}
+
+TEST(CurlTransport, ARubbishCaFileIsNamedAndIsNoAnswer) {
+  JXTestServer server;
+  std::string path = "/tmp/jx-rubbish-XXXXXX";
+  const int descriptor = mkstemp(path.data());
+  ASSERT_EQ(7, write(descriptor, "rubbish", 7));
+  close(descriptor);
+  JXHttpOptions options;
+  options.caFile = path;
+  JXCurlTransport transport(options);
+  const JXHttpResult result = post(transport, server.url());
+  std::remove(path.c_str());
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_EQ("the CA file " + path + " is missing or holds no certificates", result.reason);
+}
+
+TEST(CurlTransport, PlainHttpBeyondTheDeviceIsNeverSent) {
+  JXCurlTransport transport{JXHttpOptions()};
+  for (const char* url : {"http://collect.example/events", "http://128.0.0.1/", "http://[::2]/",
+                          "http://10.0.0.1/", "http://localhost.example/",
+                          "http://127.0.0.1.example/", "http://127.0.0.1@collect.example/"}) {
+    const JXHttpResult result = post(transport, url);
+    EXPECT_TRUE(result.outcome.neverSendable) << url;
+    EXPECT_EQ("requests go out by https only, not by http", result.reason) << url;
+  }
+}
+
+TEST(CurlTransport, OtherSchemesAndWhatIsNoUrlAreNeverSent) {
+  JXCurlTransport transport{JXHttpOptions()};
+  for (const std::string& url :
+       {std::string(), std::string("collect.example/events"), std::string("ftp://127.0.0.1/"),
+        std::string("file:///etc/passwd"), std::string("https://"), std::string("https://a:99999/"),
+        std::string("https://host/\n"), std::string("https://host\0.example/", 22)}) {
+    const JXHttpResult result = post(transport, url);
+    EXPECT_TRUE(result.outcome.neverSendable) << url;
+    EXPECT_NE("", result.reason) << url;
+  }
+}
+
+TEST(CurlTransport, PlainHttpToTheDeviceItselfIsSent) {
+  test::JXTestServerOptions options;
+  options.tls = false;
+  JXTestServer server(options);
+  JXCurlTransport transport{JXHttpOptions()};
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  const std::string port = std::to_string(server.port());
+  EXPECT_EQ(200, post(transport, "http://localhost:" + port + "/x").outcome.status);
+  EXPECT_EQ(2u, server.requests().size());
+}
+
+TEST(CurlTransport, ABlankAndBytesBeyondAsciiInTheUrlAreEncoded) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(200, post(transport, server.url("/e?token=a b\xC3\xA9%20")).outcome.status);
+  EXPECT_EQ("/e?token=a+b%c3%a9%20", server.requests().front().target);
+}
+
+TEST(CurlTransport, TheProxyIsUsedButNotForTheDeviceItself) {
+  test::JXTestServerOptions options;
+  options.tls = false;
+  JXTestServer proxy(options);
+  proxy.answerAll(told(Manner::Whole, 403));
+  JXTestServer server;
+  JXHttpOptions http = trusting(server);
+  http.proxy = "http://127.0.0.1:" + std::to_string(proxy.port());
+  JXCurlTransport transport(http);
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(0u, proxy.requests().size());
+  const JXHttpResult result = post(transport, "https://collect.example/events");
+  ASSERT_EQ(1u, proxy.requests().size());
+  EXPECT_EQ("CONNECT", proxy.requests().front().method);
+  EXPECT_EQ("collect.example:443", proxy.requests().front().target);
+  EXPECT_EQ(0, result.outcome.status) << "a proxy's refusal is not the receiver's answer";
+}
+
+TEST(CurlTransport, ARedirectIsAnAnswerAndIsNotFollowed) {
+  JXTestServer server;
+  JXTestAnswer answer;
+  answer.status = 307;
+  answer.headers = {{"Location", server.url("/elsewhere")}};
+  server.answerAll(answer);
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(307, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(1u, server.requests().size());
+}
+
+TEST(CurlTransport, RetryAfterComesWithTheResult) {
+  JXTestAnswer answer = told(Manner::Whole, 429);
+  answer.headers = {{"Retry-After", "120"}};
+  const JXHttpResult result = postTold(answer);
+  EXPECT_EQ(429, result.outcome.status);
+  EXPECT_EQ(JXString("120"), result.retryAfter);
+}
+
+TEST(CurlTransport, AnEndlessBodyIsCutAndItsStatusCounts) {
+  EXPECT_EQ(200, postTold(told(Manner::EndlessBody)).outcome.status);
+  EXPECT_EQ(503, postTold(told(Manner::EndlessBody, 503)).outcome.status);
+}
+
+TEST(CurlTransport, AnEndlessHeadIsNoAnswer) {
+  EXPECT_EQ(0, postTold(told(Manner::EndlessHead)).outcome.status);
+}
+
+TEST(CurlTransport, ABodyThatBreaksOffLeavesTheStatus) {
+  EXPECT_EQ(200, postTold(told(Manner::CloseInBody)).outcome.status);
+}
+
+TEST(CurlTransport, AResetIsNoAnswer) {
+  const JXHttpResult result = postTold(told(Manner::Reset));
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+}
+
+TEST(CurlTransport, RubbishIsNoAnswer) {
+  const JXHttpResult result = postTold(told(Manner::Rubbish));
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+}
+
+TEST(CurlTransport, ARefusedConnectionIsNoAnswer) {
+  JXTestServer server;
+  server.refuse();
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  server.accept();
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+}
+
+TEST(CurlTransport, AStallBeforeTheHeadEndsAtTheTimeOut) {
+  JXHttpOptions options;
+  options.requestTimeout = 100ms;
+  EXPECT_EQ(0, postTold(told(Manner::StallBeforeHead), options).outcome.status);
+}
+
+TEST(CurlTransport, AStallInTheBodyEndsAtTheTimeOutAndLeavesTheStatus) {
+  JXHttpOptions options;
+  options.requestTimeout = 500ms;
+  EXPECT_EQ(200, postTold(told(Manner::StallInBody), options).outcome.status);
+}
+
+TEST(CurlTransport, SlowBytesEndAtTheTimeOut) {
+  JXHttpOptions options;
+  options.requestTimeout = 300ms;
+  JXTestAnswer slow = told(Manner::SlowBytes);
+  slow.headers = {{"X-Long", std::string(1'000, 'x')}};
+  EXPECT_EQ(0, postTold(slow, options).outcome.status);
+}
+
+TEST(CurlTransport, AbortedRequestsHaveNoResult) {
+  JXTestServer server;
+  server.answerAll(told(Manner::StallBeforeHead));
+  JXCurlTransport transport(trusting(server));
+  transport.start({1, server.url(), "{}"});
+  while (server.requests().empty())
+    transport.poll(10ms);
+  transport.abortAll();
+  EXPECT_TRUE(server.waitForAbandoned(1));
+  EXPECT_TRUE(transport.poll(0ms).empty());
+  server.answerAll({});
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+}
+
+TEST(CurlTransport, AWakeUpEndsAnEndlessPoll) {
+  JXCurlTransport transport{JXHttpOptions()};
+  transport.wakeUp();
+  EXPECT_TRUE(transport.poll(std::nullopt).empty());
+  std::thread waker([&] { transport.wakeUp(); });
+  EXPECT_TRUE(transport.poll(std::nullopt).empty());
+  waker.join();
+}
+
+}  // namespace
+}  // namespace jx

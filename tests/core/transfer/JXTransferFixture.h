@@ -1,0 +1,93 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "jx/core/JXLogger.h"
+#include "jx/core/transfer/JXTransferSetup.h"
+
+namespace jx::test {
+
+/// A folder of its own, removed with what is in it.
+class JXTransferFolder {
+ public:
+  JXTransferFolder() {
+    std::string path = "/tmp/jx-transfer-XXXXXX";
+    path_ = mkdtemp(path.data()) == nullptr ? std::string() : path;
+  }
+  ~JXTransferFolder() {
+    if (!path_.empty() && std::system(("rm -rf " + path_).c_str()) != 0) std::abort();
+  }
+  JXTransferFolder(const JXTransferFolder&) = delete;
+  JXTransferFolder& operator=(const JXTransferFolder&) = delete;
+
+  std::string outbox() const { return path_ + "/outbox"; }
+
+ private:
+  std::string path_;
+};
+
+/// Collects values from other threads and lets a test wait for their number.
+template <class Value>
+class JXCollected {
+ public:
+  void add(Value value) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    values_.push_back(std::move(value));
+    changed_.notify_all();
+  }
+  std::vector<Value> all() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return values_;
+  }
+  /// False when there are not so many after 20 seconds.
+  bool waitFor(std::size_t count) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(20),
+                             [&] { return values_.size() >= count; });
+  }
+
+ private:
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<Value> values_;
+};
+
+/// Keeps the log lines up to level 5, each as "LEVEL text", while it lives.
+class JXLogCapture {
+ public:
+  JXLogCapture() {
+    JXLogger::sharedInstance().setMaxLevel(5);
+    JXLogger::sharedInstance().setSink([this](int level, std::string_view text) {
+      lines_.add(std::to_string(level) + " " + std::string(text));
+    });
+  }
+  ~JXLogCapture() { JXLogger::sharedInstance().setSink(nullptr); }
+  JXLogCapture(const JXLogCapture&) = delete;
+  JXLogCapture& operator=(const JXLogCapture&) = delete;
+
+  /// The lines that hold `part`.
+  std::vector<std::string> linesWith(const std::string& part) const {
+    std::vector<std::string> found;
+    for (const std::string& line : lines_.all()) {
+      if (line.find(part) != std::string::npos) found.push_back(line);
+    }
+    return found;
+  }
+
+ private:
+  JXCollected<std::string> lines_;
+};
+
+/// The body of an event with this identifier.
+inline std::string bodyOf(const std::string& eventId) {
+  return R"({"context":{"event_id":")" + eventId + R"("}})";
+}
+
+}  // namespace jx::test

@@ -1,0 +1,60 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXTransferMailbox.h"
+
+#include <gtest/gtest.h>
+
+namespace jx {
+namespace {
+
+class TransferMailbox : public ::testing::Test {
+ protected:
+  int wakes = 0;
+  JXTransferMailbox mailbox{[this] { ++wakes; }};
+};
+
+TEST_F(TransferMailbox, NobodyIsWokenWhileTheThreadIsAwake) {
+  mailbox.noteAddition();
+  mailbox.order([](JXTransferOrders& orders) { orders.disabled = true; });
+  EXPECT_EQ(0, wakes);
+  EXPECT_TRUE(mailbox.readAdded());
+  EXPECT_FALSE(mailbox.readAdded());
+  EXPECT_TRUE(mailbox.readOrders().disabled);
+}
+
+TEST_F(TransferMailbox, ASleeperIsWokenByTheFirstAdditionOnly) {
+  ASSERT_TRUE(mailbox.fallAsleep(false));
+  mailbox.noteAddition();
+  mailbox.noteAddition();
+  EXPECT_EQ(1, wakes);
+}
+
+TEST_F(TransferMailbox, ASleeperThatIgnoresAdditionsIsWokenByOrdersOnly) {
+  ASSERT_TRUE(mailbox.fallAsleep(true));
+  mailbox.noteAddition();
+  EXPECT_EQ(0, wakes);
+  mailbox.order([](JXTransferOrders& orders) { orders.stop = true; });
+  EXPECT_EQ(1, wakes);
+  mailbox.awake();
+  EXPECT_TRUE(mailbox.readAdded());
+}
+
+TEST_F(TransferMailbox, NewsFromBeforeTheSleepKeepTheThreadAwake) {
+  mailbox.noteAddition();
+  EXPECT_FALSE(mailbox.fallAsleep(false));
+  EXPECT_TRUE(mailbox.fallAsleep(true));
+  mailbox.awake();
+  mailbox.order([](JXTransferOrders& orders) { ++orders.purges; });
+  EXPECT_FALSE(mailbox.fallAsleep(true));
+  mailbox.readOrders();
+  EXPECT_TRUE(mailbox.fallAsleep(true));
+}
+
+TEST_F(TransferMailbox, RefusedEventsAreReadOnce) {
+  mailbox.order([](JXTransferOrders& orders) { orders.refusedEvents.push_back("e-1"); });
+  EXPECT_EQ(1u, mailbox.readOrders().refusedEvents.size());
+  EXPECT_EQ(0u, mailbox.readOrders().refusedEvents.size());
+}
+
+}  // namespace
+}  // namespace jx
