@@ -188,19 +188,21 @@ void JXTestServer::answerNext(JXTestAnswer answer) {
 }
 
 void JXTestServer::refuse() {
-  const std::lock_guard<std::mutex> lock(mutex_);
+  std::unique_lock<std::mutex> lock(mutex_);
   listens_ = false;
+  wakeAcceptor();
+  // While a poll holds the old socket, it keeps the port from the new one.
+  changed_.wait(lock, [this] { return !pollsSocket_; });
   close(socket_);
   endConnections();
   // Bound but not listening: connections are refused, and nobody else gets the port.
   openSocket(port_);
-  if (write(wakePipe_[1], "w", 1) != 1) fail("wake");
 }
 
 void JXTestServer::accept() {
   const std::lock_guard<std::mutex> lock(mutex_);
   listenOnSocket();
-  if (write(wakePipe_[1], "w", 1) != 1) fail("wake");
+  wakeAcceptor();
 }
 
 void JXTestServer::dropConnections() {
@@ -274,6 +276,10 @@ void JXTestServer::listenOnSocket() {
   listens_ = true;
 }
 
+void JXTestServer::wakeAcceptor() {
+  if (write(wakePipe_[1], "w", 1) != 1) fail("wake");
+}
+
 void JXTestServer::acceptConnections() {
   blockBrokenPipes();
   while (true) {
@@ -281,17 +287,16 @@ void JXTestServer::acceptConnections() {
     {
       const std::lock_guard<std::mutex> lock(mutex_);
       if (stopping_) return;
+      pollsSocket_ = listens_;
       if (listens_) waited[1].fd = socket_;
     }
     poll(waited, 2, -1);
     char byte = 0;
     if (waited[0].revents != 0 && read(wakePipe_[0], &byte, 1) != 1) return;
-    if (waited[1].revents == 0) continue;
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (!listens_ || stopping_) continue;
-    // Not waiting: the socket may have been replaced since the poll.
-    pollfd ready{socket_, POLLIN, 0};
-    if (poll(&ready, 1, 0) != 1) continue;
+    pollsSocket_ = false;
+    changed_.notify_all();
+    if (!listens_ || stopping_ || (waited[1].revents & POLLIN) == 0) continue;
     const int descriptor = ::accept(socket_, nullptr, nullptr);
     if (descriptor < 0) continue;
     const int number = ++connections_;

@@ -100,6 +100,7 @@ class JXTestServer {
 
   void openSocket(int port);
   void listenOnSocket();
+  void wakeAcceptor();
   void acceptConnections();
   void serve(int descriptor, int number);
   void answer(Connection& connection, const JXTestAnswer& answer);
@@ -120,6 +121,7 @@ class JXTestServer {
   int socket_ = -1;
   int wakePipe_[2] = {-1, -1};
   bool listens_ = false;
+  bool pollsSocket_ = false;
   bool stopping_ = false;
   bool offeredHttp2_ = false;
   int connections_ = 0;

@@ -2,36 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
-#include <cstdlib>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "jx/core/JXLogger.h"
-#include "jx/core/transfer/JXTransferSetup.h"
 
 namespace jx::test {
-
-/// A folder of its own, removed with what is in it.
-class JXTransferFolder {
- public:
-  JXTransferFolder() {
-    std::string path = "/tmp/jx-transfer-XXXXXX";
-    path_ = mkdtemp(path.data()) == nullptr ? std::string() : path;
-  }
-  ~JXTransferFolder() {
-    if (!path_.empty() && std::system(("rm -rf " + path_).c_str()) != 0) std::abort();
-  }
-  JXTransferFolder(const JXTransferFolder&) = delete;
-  JXTransferFolder& operator=(const JXTransferFolder&) = delete;
-
-  std::string outbox() const { return path_ + "/outbox"; }
-
- private:
-  std::string path_;
-};
 
 /// Collects values from other threads and lets a test wait for their number.
 template <class Value>

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "jx/platform/JXManualClock.h"
+#include "tests/core/storage/JXTemporaryFolder.h"
 #include "tests/core/transfer/JXTransferFixture.h"
 
 namespace jx {
@@ -56,7 +57,7 @@ class FakeTransport : public JXHttpTransport {
 class TransferLoop : public ::testing::Test {
  protected:
   TransferLoop() {
-    setup.outbox = std::make_shared<JXOutbox>(folder.outbox(), JXOutboxBounds(), clock);
+    setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), clock);
     setup.clock = clock;
     setup.transport = transport;
     setup.steadyNow = [this] { return now; };
@@ -85,7 +86,7 @@ class TransferLoop : public ::testing::Test {
   }
   std::uint64_t queued() const { return setup.outbox->counters().queued; }
 
-  test::JXTransferFolder folder;
+  TemporaryFolder folder;
   std::shared_ptr<JXManualClock> clock = std::make_shared<JXManualClock>(784'111'777'000);
   std::shared_ptr<FakeTransport> transport = std::make_shared<FakeTransport>();
   Time now = Time(1'000s);

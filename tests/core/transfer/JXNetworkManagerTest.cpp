@@ -1,0 +1,234 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXNetworkManager.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "jx/core/transfer/JXTransferSetup.h"
+#include "tests/core/storage/JXChildProcess.h"
+#include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/core/transfer/JXTransferFixture.h"
+#include "tests/support/JXTestServer.h"
+
+namespace jx {
+namespace {
+
+using namespace std::chrono_literals;
+using test::bodyOf;
+using Texts = std::vector<std::string>;
+
+// The manager of the process; each test has a process of its own.
+class NetworkManager : public ::testing::Test {
+ protected:
+  NetworkManager() {
+    setup.outbox = std::make_shared<JXOutbox>(outboxFolder, JXOutboxBounds(),
+                                              std::make_shared<JXSystemClock>());
+    setup.clock = std::make_shared<JXSystemClock>();
+    setup.caFile = server.caFile();
+    setup.timings.syncDelay = 1ms;
+    setup.timings.startHold = 0ms;
+    setup.maintain = [this] { maintained.add(1); };
+  }
+  // The manager outlives the test, so that it must not reach what ends with it.
+  ~NetworkManager() override { manager.flush(20s); }
+
+  void enqueue(const std::string& eventId) { manager.enqueue(server.url(), bodyOf(eventId)); }
+  bool holdsNow() {
+    const std::size_t before = maintained.all().size();
+    manager.storageChanged();
+    return maintained.waitFor(before + 1) && manager.counters().holding &&
+           manager.counters().tries == 0;
+  }
+
+  TemporaryFolder folder;
+  const std::string outboxFolder = folder.file("outbox");
+  test::JXTestServer server;
+  test::JXCollected<int>& maintained = *new test::JXCollected<int>();
+  JXTransferSetup setup;
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+};
+
+TEST_F(NetworkManager, BeforeItsStartNothingIsTakenAndAllOperationsAreSafe) {
+  enqueue("ignored");
+  manager.onBackground();
+  manager.onForeground();
+  manager.waitForUserAgent();
+  manager.purge();
+  manager.storageChanged();
+  EXPECT_TRUE(manager.flush(0ms));
+  EXPECT_EQ(0u, manager.counters().outbox.added);
+  EXPECT_EQ(0u, setup.outbox->counters().queued);
+}
+
+TEST_F(NetworkManager, SendsWithoutBeingToldAnything) {
+  manager.start(setup);
+  enqueue("e");
+  EXPECT_TRUE(manager.flush(20s));
+  EXPECT_EQ(Texts{bodyOf("e")}, server.bodies());
+  EXPECT_EQ(1u, manager.counters().outbox.delivered);
+}
+
+TEST_F(NetworkManager, ASecondStartIsIgnored) {
+  manager.start(setup);
+  JXTransferSetup second = setup;
+  second.outbox = std::make_shared<JXOutbox>(folder.file("other"), JXOutboxBounds(),
+                                             std::make_shared<JXSystemClock>());
+  manager.start(second);
+  enqueue("e");
+  EXPECT_EQ(0u, second.outbox->counters().added);
+}
+
+TEST_F(NetworkManager, StatesOutsideTheThreeCountAsZero) {
+  for (const int state : {-1, 3, 2'147'483'647}) {
+    manager.setManagerState(state);
+    EXPECT_EQ(0, manager.managerState());
+  }
+  manager.setManagerState(1);
+  EXPECT_EQ(1, manager.managerState());
+  manager.setManagerState(2);
+  EXPECT_EQ(2, manager.managerState());
+}
+
+TEST_F(NetworkManager, DisabledByDefaultHoldsUntilItIsEnabled) {
+  manager.start(setup);
+  manager.setManagerState(2);
+  manager.changingSDKBehaviour(false);
+  enqueue("e");
+  EXPECT_TRUE(holdsNow());
+  manager.changingSDKBehaviour(true);
+  EXPECT_TRUE(manager.flush(20s));
+  EXPECT_EQ(1u, server.requests().size());
+}
+
+TEST_F(NetworkManager, AStateFromBeforeTheStartHolds) {
+  setup.outbox->add(server.url(), bodyOf("old"));
+  manager.setManagerState(2);
+  manager.start(setup);
+  EXPECT_TRUE(holdsNow());
+  EXPECT_EQ(0, server.connections());
+  manager.changingSDKBehaviour(true);
+  EXPECT_TRUE(manager.flush(20s));
+}
+
+TEST_F(NetworkManager, WhatWasLeftIsNotSentBeforeTheStateIsTold) {
+  setup.timings.startHold = 1h;
+  setup.outbox->add(server.url(), bodyOf("old"));
+  manager.start(setup);
+  manager.storageChanged();
+  ASSERT_TRUE(maintained.waitFor(1));
+  manager.setManagerState(2);
+  EXPECT_TRUE(holdsNow());
+  EXPECT_EQ(0, server.connections());
+  manager.changingSDKBehaviour(true);
+  EXPECT_TRUE(manager.flush(20s));
+}
+
+TEST_F(NetworkManager, AlwaysEnabledIgnoresStopping) {
+  manager.start(setup);
+  manager.setManagerState(1);
+  manager.changingSDKBehaviour(true);
+  manager.changingSDKBehaviour(false);
+  enqueue("e");
+  EXPECT_TRUE(manager.flush(20s));
+  EXPECT_FALSE(manager.counters().holding);
+}
+
+TEST_F(NetworkManager, InTheBackgroundRequestsAreHeld) {
+  manager.start(setup);
+  manager.onBackground();
+  enqueue("e");
+  EXPECT_TRUE(holdsNow());
+  manager.onForeground();
+  EXPECT_TRUE(manager.flush(20s));
+}
+
+TEST_F(NetworkManager, EnabledToRunInTheBackgroundRequestsGoOut) {
+  manager.start(setup);
+  manager.onBackground();
+  manager.enableRunningInBackground();
+  enqueue("e");
+  EXPECT_TRUE(manager.flush(20s));
+  manager.onForeground();
+  manager.onBackground();
+  enqueue("e");
+  EXPECT_TRUE(manager.flush(20s));
+}
+
+TEST_F(NetworkManager, RequestsWaitForTheUserAgent) {
+  std::function<void()> known;
+  setup.requestUserAgent = [&](std::function<void()> answer) { known = std::move(answer); };
+  manager.start(setup);
+  manager.waitForUserAgent();
+  ASSERT_TRUE(known);
+  enqueue("e");
+  EXPECT_TRUE(holdsNow());
+  known();
+  EXPECT_TRUE(manager.flush(20s));
+}
+
+TEST_F(NetworkManager, AUserAgentThatIsKnownAtOnceHoldsNothing) {
+  setup.requestUserAgent = [](const std::function<void()>& known) { known(); };
+  manager.start(setup);
+  manager.waitForUserAgent();
+  EXPECT_FALSE(manager.counters().holding);
+}
+
+TEST_F(NetworkManager, AWaitFromBeforeTheStartBeginsWithIt) {
+  std::function<void()> known;
+  setup.requestUserAgent = [&](std::function<void()> answer) { known = std::move(answer); };
+  manager.waitForUserAgent();
+  manager.start(setup);
+  ASSERT_TRUE(known);
+  EXPECT_TRUE(manager.counters().holding);
+  known();
+  EXPECT_FALSE(manager.counters().holding);
+}
+
+TEST_F(NetworkManager, AUserAgentQuestionThatThrowsHoldsNothing) {
+  setup.requestUserAgent = [](const std::function<void()>&) { throw std::runtime_error("none"); };
+  manager.start(setup);
+  manager.waitForUserAgent();
+  EXPECT_FALSE(manager.counters().holding);
+}
+
+TEST_F(NetworkManager, APurgeEmptiesTheQueue) {
+  manager.start(setup);
+  manager.onBackground();
+  enqueue("e");
+  manager.purge();
+  EXPECT_EQ(0u, manager.counters().outbox.queued);
+  EXPECT_TRUE(manager.flush(0ms));
+}
+
+TEST(NetworkManagerAtExit, AHangingRequestDelaysNoExitAndIsKept) {
+  const TemporaryFolder folder;
+  test::JXTestServer server;
+  test::JXTestAnswer never;
+  never.manner = test::JXTestAnswer::Manner::StallBeforeHead;
+  server.answerAll(never);
+  ChildProcess child([&](int) {
+    JXTransferSetup setup;
+    setup.clock = std::make_shared<JXSystemClock>();
+    setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), setup.clock);
+    setup.caFile = server.caFile();
+    JXNetworkManager::sharedInstance().start(setup);
+    JXNetworkManager::sharedInstance().enqueue(server.url(), bodyOf("kept"));
+    while (JXNetworkManager::sharedInstance().counters().tries == 0)
+      std::this_thread::yield();
+    std::exit(3);
+    return 0;
+  });
+  ASSERT_TRUE(server.waitForRequests(1) || server.waitForConnections(1));
+  // The request would hang for 30 seconds, and this test's limit is below.
+  EXPECT_EQ(3, child.wait());
+  std::string error;
+  const std::vector<JXOutboxListing> queued = listOutbox(folder.file("outbox"), error);
+  ASSERT_EQ(1u, queued.size()) << error;
+  EXPECT_EQ(bodyOf("kept"), queued.front().body);
+}
+
+}  // namespace
+}  // namespace jx

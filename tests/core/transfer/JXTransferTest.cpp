@@ -1,0 +1,503 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXTransfer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <set>
+
+#include "jx/core/transfer/JXCurlTransport.h"
+#include "tests/core/storage/JXChildProcess.h"
+#include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/core/transfer/JXTransferFixture.h"
+#include "tests/support/JXTestServer.h"
+
+namespace jx {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+using test::bodyOf;
+using test::JXCollected;
+using test::JXTestAnswer;
+using test::JXTestServer;
+using Manner = JXTestAnswer::Manner;
+using Texts = std::vector<std::string>;
+
+constexpr milliseconds kLong = 20s;
+
+JXTestAnswer told(Manner manner, int status = 200) {
+  JXTestAnswer answer;
+  answer.manner = manner;
+  answer.status = status;
+  return answer;
+}
+
+class Transfer : public ::testing::Test {
+ protected:
+  Transfer() {
+    setup.outbox = std::make_shared<JXOutbox>(outboxFolder, JXOutboxBounds(),
+                                              std::make_shared<JXSystemClock>());
+    setup.clock = std::make_shared<JXSystemClock>();
+    setup.caFile = server.caFile();
+    setup.timings.firstPause = 1ms;
+    setup.timings.longestPause = 10ms;
+    setup.timings.syncDelay = 1ms;
+    setup.timings.startHold = 0ms;
+    setup.onDelivery = [this](const JXDelivery& delivery) { deliveries.add(delivery); };
+    setup.maintain = [this] { maintained.add(1); };
+    setup.beforeConnecting = [this] { probes.add(1); };
+  }
+  ~Transfer() override { transfer.reset(); }
+
+  void start() {
+    transfer = std::make_unique<JXTransfer>(setup);
+    transfer->start();
+  }
+  void enqueue(const std::string& eventId) { transfer->enqueue(server.url(), bodyOf(eventId)); }
+  std::uint64_t queued() const { return setup.outbox->counters().queued; }
+  // Returns once the thread has done everything that was due when this was called.
+  bool letTheThreadTurn() {
+    const std::size_t before = maintained.all().size();
+    transfer->storageChanged();
+    return maintained.waitFor(before + 1);
+  }
+
+  TemporaryFolder folder;
+  const std::string outboxFolder = folder.file("outbox");
+  JXTestServer server;
+  JXCollected<JXDelivery> deliveries;
+  JXCollected<int> maintained;
+  JXCollected<int> probes;
+  JXTransferSetup setup;
+  std::unique_ptr<JXTransfer> transfer;
+};
+
+TEST_F(Transfer, DeliversEveryRequestOnce) {
+  start();
+  std::multiset<std::string> expected;
+  for (int i = 0; i < 200; ++i) {
+    enqueue(std::to_string(i));
+    expected.insert(bodyOf(std::to_string(i)));
+  }
+  EXPECT_TRUE(transfer->flush(kLong));
+  const Texts bodies = server.bodies();
+  EXPECT_EQ(expected, std::multiset<std::string>(bodies.begin(), bodies.end()));
+  EXPECT_LE(server.connections(), 4);
+  const JXDeliveryCounters counters = transfer->counters();
+  EXPECT_EQ(200u, counters.outbox.delivered);
+  EXPECT_EQ(200u, counters.tries);
+  EXPECT_EQ(0u, counters.failures);
+  EXPECT_FALSE(counters.holding);
+}
+
+TEST_F(Transfer, WhatAnEarlierProcessLeftIsDelivered) {
+  setup.outbox->add(server.url(), bodyOf("old"));
+  start();
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ(Texts{bodyOf("old")}, server.bodies());
+}
+
+TEST_F(Transfer, RequestsSentOneByOneUseOneConnectionInOrder) {
+  start();
+  Texts expected;
+  for (int i = 0; i < 20; ++i) {
+    enqueue(std::to_string(i));
+    expected.push_back(bodyOf(std::to_string(i)));
+    ASSERT_TRUE(transfer->flush(kLong));
+  }
+  EXPECT_EQ(expected, server.bodies());
+  EXPECT_EQ(1, server.connections());
+}
+
+TEST_F(Transfer, EveryTrySendsTheSameBytes) {
+  server.answerNext(told(Manner::Whole, 503));
+  server.answerNext(told(Manner::Reset));
+  server.answerNext(told(Manner::Rubbish));
+  server.answerNext(told(Manner::Whole, 429));
+  start();
+  enqueue("same");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ(Texts(5, bodyOf("same")), server.bodies());
+  // A kept connection that is reset may have been idle for too long, so that libcurl sends the
+  // request again at once, on a new one: one try, two requests.
+  EXPECT_EQ(4u, transfer->counters().tries);
+  EXPECT_EQ(3u, transfer->counters().failures);
+  EXPECT_EQ(1u, deliveries.all().size());
+}
+
+TEST_F(Transfer, AWrongCertificateKeepsTheRequest) {
+  const test::JXTestAuthority other;
+  setup.caFile = other.caFile();
+  start();
+  enqueue("kept");
+  ASSERT_TRUE(probes.waitFor(3));
+  EXPECT_TRUE(transfer->stop(kLong));
+  EXPECT_EQ(1u, queued());
+  EXPECT_EQ(0u, server.requests().size());
+  EXPECT_EQ(0u, deliveries.all().size());
+}
+
+TEST_F(Transfer, AMissingCaFileIsOneLogLineAndKeepsTheRequest) {
+  const test::JXLogCapture log;
+  setup.caFile = "/nowhere/ca.pem";
+  start();
+  enqueue("kept");
+  ASSERT_TRUE(probes.waitFor(4));
+  EXPECT_TRUE(transfer->stop(kLong));
+  EXPECT_EQ(1u, queued());
+  const Texts lines = log.linesWith("the CA file /nowhere/ca.pem is missing");
+  ASSERT_EQ(1u, lines.size());
+  EXPECT_EQ('3', lines.front().front());
+}
+
+TEST_F(Transfer, PlainHttpBeyondTheDeviceIsRejectedWithALogLine) {
+  const test::JXLogCapture log;
+  start();
+  transfer->enqueue("http://collect.example/events", bodyOf("plain"));
+  ASSERT_TRUE(deliveries.waitFor(1));
+  EXPECT_EQ(JXDeliveryOutcome::Rejected, deliveries.all().front().outcome);
+  EXPECT_EQ(0, deliveries.all().front().status);
+  EXPECT_EQ((Texts{"2 Request of event plain is rejected and not tried again: requests go out by "
+                   "https only, not by http"}),
+            log.linesWith("rejected"));
+  EXPECT_EQ(0u, queued());
+}
+
+TEST_F(Transfer, ARedirectIsRejectedAndNotTriedAgain) {
+  JXTestAnswer redirect = told(Manner::Whole, 302);
+  redirect.headers = {{"Location", server.url("/elsewhere")}};
+  server.answerNext(redirect);
+  start();
+  enqueue("moved");
+  EXPECT_TRUE(transfer->flush(kLong));
+  enqueue("next");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ((Texts{bodyOf("moved"), bodyOf("next")}), server.bodies());
+  std::string error;
+  const std::vector<JXOutboxListing> dead = listDeadLetters(outboxFolder, error);
+  ASSERT_EQ(1u, dead.size());
+  EXPECT_EQ(302, dead.front().status);
+  EXPECT_EQ(bodyOf("moved"), dead.front().body);
+}
+
+TEST_F(Transfer, AnEndlessAnswerDeliversOnce) {
+  server.answerNext(told(Manner::EndlessBody));
+  start();
+  enqueue("endless");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ(1u, server.requests().size());
+}
+
+TEST_F(Transfer, ARequestThatTimedOutIsTriedAgain) {
+  setup.timings.requestTimeout = 200ms;
+  server.answerNext(told(Manner::StallBeforeHead));
+  start();
+  enqueue("late");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ(2u, server.requests().size());
+  EXPECT_GE(transfer->counters().failures, 1u);
+}
+
+TEST_F(Transfer, AServerThatComesBackGetsEverythingOnce) {
+  server.refuse();
+  start();
+  std::set<std::string> expected;
+  for (int i = 0; i < 50; ++i) {
+    enqueue(std::to_string(i));
+    expected.insert(bodyOf(std::to_string(i)));
+  }
+  ASSERT_TRUE(probes.waitFor(3));
+  server.accept();
+  EXPECT_TRUE(transfer->flush(kLong));
+  const Texts bodies = server.bodies();
+  EXPECT_EQ(50u, bodies.size());
+  EXPECT_EQ(expected, std::set<std::string>(bodies.begin(), bodies.end()));
+  EXPECT_EQ(bodyOf("0"), bodies.front());
+}
+
+TEST_F(Transfer, StopsInTimeWhileARequestHangsAndKeepsIt) {
+  server.answerAll(told(Manner::StallBeforeHead));
+  start();
+  enqueue("hangs");
+  ASSERT_TRUE(server.waitForRequests(1));
+  EXPECT_TRUE(transfer->stop(JXTransfer::kStopLimit));
+  EXPECT_TRUE(transfer->stop(0ms));
+  EXPECT_EQ(1u, queued());
+  EXPECT_TRUE(setup.outbox->take().has_value());
+  EXPECT_EQ(0u, deliveries.all().size());
+}
+
+TEST_F(Transfer, ARequestAfterTheStopIsKept) {
+  start();
+  EXPECT_TRUE(transfer->stop(kLong));
+  enqueue("kept");
+  EXPECT_EQ(1u, queued());
+  EXPECT_FALSE(transfer->flush(0ms));
+}
+
+TEST_F(Transfer, ATransferThatNeverStartedStops) {
+  transfer = std::make_unique<JXTransfer>(setup);
+  EXPECT_TRUE(transfer->stop(0ms));
+}
+
+TEST_F(Transfer, AFlushEndsAtItsDeadlineWhenNobodyAnswers) {
+  server.answerAll(told(Manner::StallBeforeHead));
+  start();
+  enqueue("hangs");
+  ASSERT_TRUE(server.waitForRequests(1));
+  EXPECT_FALSE(transfer->flush(30ms));
+  EXPECT_FALSE(transfer->flush(0ms));
+  EXPECT_FALSE(transfer->flush(-5ms));
+  server.answerAll({});
+  server.dropConnections();
+  EXPECT_TRUE(transfer->flush(milliseconds::max()));
+}
+
+TEST_F(Transfer, AFlushOfAnEmptyQueueReturnsAtOnce) {
+  start();
+  EXPECT_TRUE(transfer->flush(0ms));
+}
+
+TEST_F(Transfer, AFlushWaitsOutAPauseThatTheReceiverAskedFor) {
+  JXTestAnswer busy = told(Manner::Whole, 503);
+  busy.headers = {{"Retry-After", "3600"}};
+  server.answerAll(busy);
+  start();
+  enqueue("later");
+  ASSERT_TRUE(server.waitForRequests(1));
+  EXPECT_FALSE(transfer->flush(50ms));
+  EXPECT_EQ(1u, server.requests().size());
+}
+
+TEST_F(Transfer, AFlushShortensABackOffPause) {
+  setup.timings.firstPause = 1h;
+  setup.timings.longestPause = 1h;
+  setup.draw = [] { return 0.9; };
+  auto offset = std::make_shared<std::atomic<int>>(0);
+  setup.steadyNow = [offset] {
+    return std::chrono::steady_clock::now() + std::chrono::hours(offset->load());
+  };
+  setup.timings.firstPause = 10min;
+  server.answerNext(told(Manner::Whole, 500));
+  server.answerNext(told(Manner::Whole, 500));
+  start();
+  enqueue("e");
+  ASSERT_TRUE(server.waitForRequests(1));
+  while (transfer->counters().failures < 1)
+    ASSERT_TRUE(letTheThreadTurn());
+  // An hour later by the plan's clock the first pause is long over, and the second try fails.
+  offset->store(1);
+  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(server.waitForRequests(2));
+  while (transfer->counters().failures < 2)
+    ASSERT_TRUE(letTheThreadTurn());
+  EXPECT_FALSE(transfer->flush(20ms)) << "less than the first pause has passed since the failure";
+  EXPECT_EQ(2u, server.requests().size());
+}
+
+TEST_F(Transfer, WithdrawnConsentAbortsWhatIsInFlightAndHoldsIt) {
+  server.answerNext(told(Manner::StallBeforeHead));
+  start();
+  enqueue("private");
+  ASSERT_TRUE(server.waitForRequests(1));
+  transfer->setDisabled(true);
+  EXPECT_TRUE(server.waitForAbandoned(1));
+  enqueue("second");
+  ASSERT_TRUE(letTheThreadTurn());
+  EXPECT_TRUE(transfer->counters().holding);
+  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_EQ(2u, queued());
+  transfer->setDisabled(false);
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ((Texts{bodyOf("private"), bodyOf("private"), bodyOf("second")}), server.bodies());
+}
+
+TEST_F(Transfer, DisabledFromTheStartNothingIsSent) {
+  setup.outbox->add(server.url(), bodyOf("old"));
+  transfer = std::make_unique<JXTransfer>(setup);
+  transfer->setDisabled(true);
+  transfer->start();
+  ASSERT_TRUE(letTheThreadTurn());
+  EXPECT_EQ(0, server.connections());
+  transfer->setDisabled(false);
+  EXPECT_TRUE(transfer->flush(kLong));
+}
+
+TEST_F(Transfer, InTheBackgroundWhatIsInFlightEndsAndNothingStarts) {
+  JXTestAnswer slow = told(Manner::SlowBytes);
+  server.answerNext(slow);
+  start();
+  enqueue("first");
+  ASSERT_TRUE(server.waitForRequests(1));
+  transfer->setInBackground(true);
+  enqueue("second");
+  ASSERT_TRUE(deliveries.waitFor(1));
+  ASSERT_TRUE(letTheThreadTurn());
+  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_EQ(1u, queued());
+  EXPECT_TRUE(transfer->counters().holding);
+  transfer->setInBackground(false);
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ((Texts{bodyOf("first"), bodyOf("second")}), server.bodies());
+}
+
+TEST_F(Transfer, RequestsWaitForTheUserAgent) {
+  transfer = std::make_unique<JXTransfer>(setup);
+  transfer->holdForUserAgent();
+  transfer->start();
+  enqueue("e");
+  ASSERT_TRUE(letTheThreadTurn());
+  EXPECT_EQ(0u, transfer->counters().tries);
+  EXPECT_TRUE(transfer->counters().holding);
+  transfer->userAgentKnown();
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_FALSE(transfer->counters().holding);
+}
+
+TEST_F(Transfer, RequestsDoNotWaitForEverForTheUserAgent) {
+  setup.timings.userAgentWait = 50ms;
+  transfer = std::make_unique<JXTransfer>(setup);
+  transfer->holdForUserAgent();
+  transfer->start();
+  enqueue("e");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_FALSE(transfer->counters().holding);
+}
+
+TEST_F(Transfer, APurgeEmptiesTheQueueAndAbortsWhatIsInFlight) {
+  server.answerAll(told(Manner::StallBeforeHead));
+  start();
+  for (const char* id : {"a", "b", "c"})
+    enqueue(id);
+  ASSERT_TRUE(server.waitForRequests(1));
+  transfer->purge();
+  EXPECT_TRUE(transfer->flush(0ms));
+  EXPECT_TRUE(server.waitForAbandoned(1));
+  EXPECT_EQ(3u, transfer->counters().outbox.purged);
+  server.answerAll({});
+  enqueue("d");
+  EXPECT_TRUE(transfer->flush(kLong));
+  EXPECT_EQ(bodyOf("d"), server.bodies().back());
+  EXPECT_EQ(1u, deliveries.all().size());
+}
+
+TEST_F(Transfer, ACallbackMayUseTheTransferAndAFlushInItDoesNotWait) {
+  std::atomic<bool> flushed{true};
+  setup.onDelivery = [&](const JXDelivery& delivery) {
+    if (delivery.eventId == JXString("first")) {
+      enqueue("second");
+      flushed = transfer->flush(1h);
+    }
+    deliveries.add(delivery);
+  };
+  start();
+  enqueue("first");
+  ASSERT_TRUE(deliveries.waitFor(2));
+  EXPECT_FALSE(flushed);
+}
+
+// Tells when the thread waits without a limit.
+class WatchedTransport : public JXHttpTransport {
+ public:
+  explicit WatchedTransport(const JXHttpOptions& options) : curl_(options) {}
+
+  void start(JXHttpRequest request) override { curl_.start(std::move(request)); }
+  std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) override {
+    ++polls;
+    if (!timeout) endless.add(polls);
+    return curl_.poll(timeout);
+  }
+  void wakeUp() noexcept override {
+    ++wakes;
+    curl_.wakeUp();
+  }
+  void abortAll() noexcept override { curl_.abortAll(); }
+
+  std::atomic<int> wakes{0};
+  int polls = 0;
+  JXCollected<int> endless;  // the number of each poll without a time limit
+
+ private:
+  JXCurlTransport curl_;
+};
+
+TEST_F(Transfer, AnIdleThreadSleepsWithoutALimitUntilItIsNeeded) {
+  JXHttpOptions options;
+  options.caFile = server.caFile();
+  const auto transport = std::make_shared<WatchedTransport>(options);
+  setup.transport = transport;
+  start();
+  ASSERT_TRUE(transport->endless.waitFor(1));
+  enqueue("e");
+  ASSERT_TRUE(deliveries.waitFor(1));
+  ASSERT_TRUE(maintained.waitFor(1));
+  const std::size_t before = transport->endless.all().size();
+  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(transport->endless.waitFor(before + 1));
+}
+
+TEST_F(Transfer, ManyEventsDuringAPauseWakeTheThreadOnlyForTheSync) {
+  JXHttpOptions options;
+  options.caFile = server.caFile();
+  const auto transport = std::make_shared<WatchedTransport>(options);
+  setup.transport = transport;
+  setup.timings = JXRetryTimings();
+  setup.timings.firstPause = 1h;
+  setup.timings.longestPause = 1h;
+  setup.timings.syncDelay = 1h;
+  setup.draw = [] { return 0.5; };
+  server.refuse();
+  start();
+  enqueue("first");
+  ASSERT_TRUE(probes.waitFor(1));
+  while (transfer->counters().failures < 1)
+    std::this_thread::yield();
+  for (int i = 0; i < 2'050; ++i)
+    enqueue("e");
+  EXPECT_LE(transport->wakes, 3);
+  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_EQ(2'051u, queued());
+}
+
+// A transport whose thread hangs until the test lets it go.
+class HangingTransport : public JXHttpTransport {
+ public:
+  void start(JXHttpRequest) override {}
+  std::vector<JXHttpResult> poll(std::optional<milliseconds>) override {
+    polling.add(1);
+    EXPECT_TRUE(released.waitFor(1));
+    return {};
+  }
+  void wakeUp() noexcept override {}
+  void abortAll() noexcept override { aborted.add(1); }
+
+  JXCollected<int> polling, released, aborted;
+};
+
+TEST_F(Transfer, AHangingThreadDelaysNeitherFlushNorStop) {
+  const auto transport = std::make_shared<HangingTransport>();
+  setup.transport = transport;
+  start();
+  ASSERT_TRUE(transport->polling.waitFor(1));
+  enqueue("e");
+  EXPECT_FALSE(transfer->flush(20ms));
+  EXPECT_FALSE(transfer->stop(20ms));
+  EXPECT_FALSE(transfer->stop(20ms));
+  transport->released.add(1);
+  transfer.reset();
+  EXPECT_EQ(0u, transport->aborted.all().size()) << "a thread left behind touches no transport";
+}
+
+TEST_F(Transfer, InAForkedChildStopReturnsAtOnce) {
+  start();
+  ChildProcess child([this](int) { return transfer->stop(1h) ? 1 : 0; });
+  EXPECT_EQ(0, child.wait());
+  enqueue("of the parent");
+  EXPECT_TRUE(transfer->flush(kLong));
+}
+
+}  // namespace
+}  // namespace jx
