@@ -51,6 +51,8 @@ JXTransferRest JXTransferPlan::rest(Time now) const {
   JXTransferRest rest;
   rest.wakeAt = syncDue_;
   if (!mayHaveRequests_) return rest;
+  // A pause or a hold ended since `next` was asked: there is something to start at once.
+  if (freePlaces(now) > 0) rest.wakeAt = now;
   if (!disabled_ && !inBackground_) {
     if (const std::optional<Time> until = timedHold(now)) {
       rest.wakeAt = earlier(rest.wakeAt, until);

@@ -71,6 +71,16 @@ TEST_F(TransferPlan, AFailurePausesEverything) {
   EXPECT_EQ(1u, mayStart(kStart + 500ms));
 }
 
+TEST_F(TransferPlan, APauseThatEndsWhileTheThreadGoesToRestIsNotOverslept) {
+  plan.started(1);
+  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
+  ASSERT_EQ(0u, mayStart(kStart + 499ms));
+  EXPECT_EQ(kStart + 500ms, plan.rest(kStart + 500ms).wakeAt);
+  plan.holdUntil(kStart + 2s);
+  ASSERT_EQ(0u, mayStart(kStart + 1'999ms));
+  EXPECT_EQ(kStart + 2s, plan.rest(kStart + 2s).wakeAt);
+}
+
 TEST_F(TransferPlan, FourFailuresAtOnceAreOneStepOfThePause) {
   warmUp();
   for (std::uint64_t id = 2; id <= 5; ++id)
