@@ -209,6 +209,8 @@ TEST(NetworkManagerAtExit, AHangingRequestDelaysNoExitAndIsKept) {
   test::JXTestAnswer never;
   never.manner = test::JXTestAnswer::Manner::StallBeforeHead;
   server.answerAll(never);
+  int mayExit[2];
+  ASSERT_EQ(0, pipe(mayExit));
   ChildProcess child([&](int) {
     JXTransferSetup setup;
     setup.clock = std::make_shared<JXSystemClock>();
@@ -216,14 +218,16 @@ TEST(NetworkManagerAtExit, AHangingRequestDelaysNoExitAndIsKept) {
     setup.caFile = server.caFile();
     JXNetworkManager::sharedInstance().start(setup);
     JXNetworkManager::sharedInstance().enqueue(server.url(), bodyOf("kept"));
-    while (JXNetworkManager::sharedInstance().counters().tries == 0)
-      std::this_thread::yield();
-    std::exit(3);
+    char byte = 0;
+    std::exit(read(mayExit[0], &byte, 1) == 1 ? 3 : 4);
     return 0;
   });
-  ASSERT_TRUE(server.waitForRequests(1) || server.waitForConnections(1));
+  ASSERT_TRUE(server.waitForRequests(1));
+  ASSERT_EQ(1, write(mayExit[1], "x", 1));
   // The request would hang for 30 seconds, and this test's limit is below.
   EXPECT_EQ(3, child.wait());
+  close(mayExit[0]);
+  close(mayExit[1]);
   std::string error;
   const std::vector<JXOutboxListing> queued = listOutbox(folder.file("outbox"), error);
   ASSERT_EQ(1u, queued.size()) << error;
