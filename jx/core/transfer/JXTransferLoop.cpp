@@ -65,7 +65,7 @@ void JXTransferLoop::take(const JXTransferOrders& orders, bool added) {
     plan_.storageChanged(now);
   }
   for (const JXString& eventId : orders.refusedEvents) {
-    tell(JXDeliveryOutcome::Dropped, eventId, 0, "no storage took it");
+    tell(JXDeliveryOutcome::Dropped, eventId, 0, "the queue could not take it");
   }
   obeyed_ = orders;
 }

@@ -25,7 +25,7 @@ struct JXTransferOrders {
   std::uint64_t purges = 0;
   std::uint64_t flushes = 0;
   std::uint64_t storageChanges = 0;
-  /// Events that no storage took, for the delivery callback. Emptied by being read.
+  /// Events that the queue did not take, for the delivery callback. Emptied by being read.
   std::vector<JXString> refusedEvents;
 };
 

@@ -20,6 +20,12 @@ using namespace std::chrono_literals;
 using test::bodyOf;
 using Texts = std::vector<std::string>;
 
+// Made before the manager's start, and so ended after its thread.
+test::JXCollected<int>& maintainedOfTheProcess() {
+  static test::JXCollected<int> maintained;
+  return maintained;
+}
+
 // The manager of the process; each test has a process of its own.
 class NetworkManager : public ::testing::Test {
  protected:
@@ -30,10 +36,8 @@ class NetworkManager : public ::testing::Test {
     setup.caFile = server.caFile();
     setup.timings.syncDelay = 1ms;
     setup.timings.startHold = 0ms;
-    setup.maintain = [this] { maintained.add(1); };
+    setup.maintain = [&turns = maintained] { turns.add(1); };
   }
-  // The manager outlives the test, so that it must not reach what ends with it.
-  ~NetworkManager() override { manager.flush(20s); }
 
   void enqueue(const std::string& eventId) { manager.enqueue(server.url(), bodyOf(eventId)); }
   bool holdsNow() {
@@ -46,7 +50,7 @@ class NetworkManager : public ::testing::Test {
   TemporaryFolder folder;
   const std::string outboxFolder = folder.file("outbox");
   test::JXTestServer server;
-  test::JXCollected<int>& maintained = *new test::JXCollected<int>();
+  test::JXCollected<int>& maintained = maintainedOfTheProcess();
   JXTransferSetup setup;
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
 };

@@ -266,7 +266,7 @@ TEST_F(TransferLoop, APurgeAbortsWhatIsInFlight) {
   EXPECT_EQ(1u, deliveries.size());
 }
 
-TEST_F(TransferLoop, EventsThatNoStorageTookAreToldAsDropped) {
+TEST_F(TransferLoop, EventsThatTheQueueDidNotTakeAreToldAsDropped) {
   orders.refusedEvents.push_back("lost");
   turn();
   turn();
