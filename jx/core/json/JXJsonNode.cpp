@@ -82,7 +82,8 @@ void JXJsonObjectNode::clear() {
   index_.clear();
   std::vector<JXJsonEntry> ended = std::move(entries);
   entries.clear();
-  for (JXJsonEntry& entry : ended) release(std::move(entry.value));
+  for (JXJsonEntry& entry : ended)
+    release(std::move(entry.value));
 }
 
 void JXJsonObjectNode::rebuildIndex() {
@@ -94,7 +95,8 @@ void JXJsonObjectNode::rebuildIndex() {
 }
 
 JXJsonArrayNode::~JXJsonArrayNode() {
-  for (JXJsonValue& value : values) release(std::move(value));
+  for (JXJsonValue& value : values)
+    release(std::move(value));
 }
 
 }  // namespace jx

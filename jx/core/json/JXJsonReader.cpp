@@ -83,8 +83,8 @@ JXJsonReading JXJsonReader::read(std::string_view text) {
   JXJsonReading reading;
   if (parsed.IsError()) {
     reading.errorOffset = parsed.Offset();
-    reading.error = handler.refusal().empty() ? rapidjson::GetParseError_En(parsed.Code())
-                                              : handler.refusal();
+    reading.error =
+        handler.refusal().empty() ? rapidjson::GetParseError_En(parsed.Code()) : handler.refusal();
     return reading;
   }
   // The reader takes a NUL byte for the end; what stands behind it would pass unread.

@@ -1,0 +1,36 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXAdditionalProperties.h"
+
+#include "jx/core/JXDynamicStore.h"
+#include "jx/core/JXUtils.h"
+
+namespace jx {
+
+std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
+  return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties());
+}
+
+void JXAdditionalProperties::addAdditionalProperty_withStringValue(const JXString& key,
+                                                                   const JXString& value) {
+  if (key.isPresent()) JXUtils::setString_forKey_onDict(value, key.view(), additionalProperties_);
+}
+
+void JXAdditionalProperties::addAdditionalProperty_withDictValue(const JXString& key,
+                                                                 const JXJsonObject& value) {
+  if (key.isPresent()) JXUtils::setJson_forKey_onDict(value, key.view(), additionalProperties_);
+}
+
+void JXAdditionalProperties::addAdditionalProperty(const JXJsonObject& entries) {
+  // Its own entries are there already, and changing what is being walked is not allowed.
+  if (entries.isSameAs(additionalProperties_)) return;
+  for (const JXJsonEntry& entry : entries.entries()) {
+    additionalProperties_.set(entry.key.view(), entry.value);
+  }
+}
+
+void JXAdditionalProperties::addAdditionalProperty(const JXDynamicStore& store) {
+  addAdditionalProperty(store.entries());
+}
+
+}  // namespace jx

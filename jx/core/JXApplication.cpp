@@ -1,0 +1,20 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXApplication.h"
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/notifications/JXNotificationCenter.h"
+
+namespace jx {
+
+void JXApplication::applicationDidEnterBackground() {
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {UIApplicationDidEnterBackgroundNotification});
+}
+
+void JXApplication::applicationWillEnterForeground() {
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {UIApplicationWillEnterForegroundNotification});
+}
+
+}  // namespace jx

@@ -1,0 +1,26 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXCoreInitialisation.h"
+
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXNetwork.h"
+#include "jx/core/JXUser.h"
+#include "jx/core/notifications/JXNotificationHub.h"
+
+namespace jx {
+
+std::shared_ptr<JXCoreInitialisation> JXCoreInitialisation::init() {
+  JXCoreServices& services = JXCoreServices::sharedInstance();
+  // Observes the default centre before any listener does, so that the network manager knows of a
+  // change of state before the facade acts on it.
+  JXNotificationHub::sharedInstance();
+  // The core's variables and identifiers exist before the library merges and sends them.
+  JXCoreVariables::sharedInstance();
+  JXUser::sharedInstance();
+  JXNetwork::sharedInstance();
+  services.start();
+  return std::shared_ptr<JXCoreInitialisation>(new JXCoreInitialisation());
+}
+
+}  // namespace jx

@@ -1,0 +1,19 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+namespace jx {
+
+/// Starts the core. The object itself holds nothing and may be dropped at once; making a second one
+/// changes nothing.
+class JXCoreInitialisation {
+ public:
+  static std::shared_ptr<JXCoreInitialisation> init();
+
+ private:
+  JXCoreInitialisation() = default;
+};
+
+}  // namespace jx

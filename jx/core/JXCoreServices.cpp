@@ -1,0 +1,113 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXCoreServices.h"
+
+#include <atomic>
+#include <string>
+#include <utility>
+
+#include "jx/core/JXApplication.h"
+#include "jx/core/JXCollectionEndpoint.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXNetwork.h"
+#include "jx/core/notifications/JXNotificationCenter.h"
+#include "jx/core/storage/JXDefaultsFile.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/core/transfer/JXTransferSetup.h"
+
+namespace jx {
+namespace {
+
+std::atomic<bool> started{false};
+
+JXString chosenStorageFolder(const JXCoreConfiguration& configuration, JXPlatform& platform) {
+  if (configuration.storageFolder.testString()) return configuration.storageFolder;
+  return platform.defaultStorageFolder();
+}
+
+// Stores the user agent before it is told, so that whoever is told finds it.
+void announceUserAgent(const JXString& userAgent) {
+  if (!userAgent.isPresent()) return;
+  JXCoreVariables::sharedInstance().addData_withValue(kJXPredefinedVariable_UserAgent, userAgent);
+  JXJsonObject userInfo;
+  userInfo.set(kJXUserInfo_DataKey, userAgent);
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {kJXNotification_UserAgentAvailable, nullptr, userInfo});
+}
+
+}  // namespace
+
+JXCoreServices& JXCoreServices::sharedInstance() {
+  static JXCoreServices* const instance = [] {
+    started = true;
+    return new JXCoreServices(JXCoreConfiguration::current());
+  }();
+  return *instance;
+}
+
+bool JXCoreServices::hasStarted() { return started; }
+
+JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
+    : configuration_(configuration) {
+  JXLogger& logger = JXLogger::sharedInstance();
+  logger.setMaxLevel(configuration.logLevel);
+  logger.setSink(configuration.logSink);
+
+  clock_ = configuration.clock ? configuration.clock : std::make_shared<JXSystemClock>();
+  platform_ =
+      configuration.platform
+          ? configuration.platform
+          : makeSystemPlatform(configuration.bundle, configuration.screen, configuration.userAgent);
+
+  const JXCollectionEndpoint endpoint =
+      JXCollectionEndpoint::from(configuration.collectionHost, JX_COLLECTION_HOST);
+  collectionEndpoint_ = endpoint.url;
+  if (endpoint.remark.isPresent()) {
+    logger.logMessage_withLevel(endpoint.remark.view(), endpoint.remarkLevel);
+  }
+
+  storageFolder_ = chosenStorageFolder(configuration, *platform_);
+  userDefaults_ = platform_->userDefaults();
+  if (userDefaults_ == nullptr && storageFolder_.testString()) {
+    defaultsFile_ = std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults");
+    userDefaults_ = defaultsFile_.get();
+  }
+  if (!storageFolder_.testString()) {
+    logger.logMessage_withLevel("There is no storage folder; events are kept in memory only", 3);
+  }
+}
+
+void JXCoreServices::start() {
+  std::call_once(started_, [this] {
+    platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
+                                  &JXApplication::applicationWillEnterForeground);
+    if (!configuration_.dryRun) startTransfer();
+  });
+}
+
+void JXCoreServices::startTransfer() {
+  JXTransferSetup setup;
+  const std::string folder =
+      storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
+  setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_);
+  setup.clock = clock_;
+  setup.timings = configuration_.retryTimings;
+  setup.caFile = configuration_.caFile;
+  setup.proxy = configuration_.proxy;
+  setup.onDelivery = configuration_.onDelivery;
+  setup.maintain = [this] {
+    if (defaultsFile_) defaultsFile_->maintain();
+  };
+  setup.beforeConnecting = [] { JXNetwork::sharedInstance().refresh(); };
+  setup.requestUserAgent = [this](std::function<void()> known) {
+    platform_->requestUserAgent([known = std::move(known)](const JXString& userAgent) {
+      announceUserAgent(userAgent);
+      known();
+    });
+  };
+  JXNetworkManager::sharedInstance().start(std::move(setup));
+}
+
+}  // namespace jx

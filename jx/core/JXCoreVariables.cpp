@@ -1,0 +1,63 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXCoreVariables.h"
+
+#include <string>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXUserDefaults.h"
+
+namespace jx {
+namespace {
+
+// Names this installation of the library: made at the first start and kept.
+JXString persistedSdkId() {
+  JXString id = JXUserDefaults::retrieveInfoFromUserDefaults(kJXPredefinedVariable_SDKID);
+  if (!id.testString()) {
+    id = JXCoreServices::sharedInstance().platform().newUUID();
+    JXUserDefaults::saveInfoToUserDefaults_forLabel(id, kJXPredefinedVariable_SDKID);
+  }
+  return id;
+}
+
+}  // namespace
+
+JXCoreVariables& JXCoreVariables::sharedInstance() {
+  static JXCoreVariables* const instance = new JXCoreVariables();
+  return *instance;
+}
+
+JXCoreVariables::JXCoreVariables() : dynamicStore_(JXDynamicStore::init()) {
+  addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
+}
+
+JXString JXCoreVariables::getData(const JXString& key) const {
+  return dynamicStore_->getData(key).string();
+}
+
+void JXCoreVariables::addData_withValue(const JXString& key, const JXString& value) {
+  dynamicStore_->addData_withValue(key, value);
+}
+
+std::int64_t JXCoreVariables::nowMs() const {
+  return JXCoreServices::sharedInstance().clock().nowMs();
+}
+
+std::chrono::system_clock::time_point JXCoreVariables::now() const {
+  return std::chrono::system_clock::time_point(std::chrono::milliseconds(nowMs()));
+}
+
+JXString JXCoreVariables::nowMsString() const { return std::to_string(nowMs()); }
+
+JXString JXCoreVariables::nowString() const {
+  return std::to_string(
+      std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(nowMs())).count());
+}
+
+void JXCoreVariables::setIDFV() {
+  addData_withValue(kJXPredefinedVariable_IDFV,
+                    JXCoreServices::sharedInstance().platform().vendorIdentifier());
+}
+
+}  // namespace jx

@@ -1,0 +1,42 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXNetwork.h"
+
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXUtils.h"
+
+namespace jx {
+namespace {
+
+const char* textOf(JXNetworkKind kind) {
+  switch (kind) {
+    case JXNetworkKind::Ethernet:
+      return "ethernet";
+    case JXNetworkKind::Wifi:
+      return "wifi";
+    case JXNetworkKind::Cellular:
+      return "cellular";
+    case JXNetworkKind::None:
+      break;
+  }
+  return "none";
+}
+
+}  // namespace
+
+JXNetwork& JXNetwork::sharedInstance() {
+  static JXNetwork* const instance = new JXNetwork();
+  return *instance;
+}
+
+JXNetwork::JXNetwork() { refresh(); }
+
+JXJsonObject JXNetwork::getJsonObject() const {
+  JXJsonObject block = getAdditionalProperties().mutableCopy();
+  JXUtils::setString_forKey_onDict(textOf(kind_), "connection_type", block);
+  return block;
+}
+
+void JXNetwork::refresh() { kind_ = JXCoreServices::sharedInstance().platform().networkKind(); }
+
+}  // namespace jx

@@ -1,0 +1,24 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXStartGuard.h"
+
+#include <chrono>
+#include <thread>
+
+namespace jx {
+
+bool mayInitialise(int& state) {
+  // Read once: whoever comes while an initialisation runs waits for good, also when it ends.
+  const int found = state;
+  if (found == kJXInitRunning) neverReturn();
+  if (found != kJXInitNever && found != kJXInitAgain) return false;
+  state = kJXInitRunning;
+  return true;
+}
+
+void neverReturn() {
+  for (;;)
+    std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
+}  // namespace jx

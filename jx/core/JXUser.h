@@ -1,0 +1,36 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <mutex>
+
+#include "jx/core/JXAdditionalProperties.h"
+
+namespace jx {
+
+/// The user block of the payload: "anonymous_id" (a random UUID, made once and persisted),
+/// "consent_id" when a consent module or the host has set one, and what the host adds.
+/// The identifiers are thread-safe; the additional properties are not. Never destroyed.
+class JXUser final : public JXAdditionalProperties {
+ public:
+  static JXUser& sharedInstance();
+
+  /// A new object: the additional properties, then the identifiers over them.
+  JXJsonObject getJsonObject() const;
+
+  JXString anonymous_id() const;
+  /// Replaces the identifier for this and all later launches; an absent or empty one is ignored.
+  void setAnonymous_id(const JXString& id);
+  JXString consentID() const;
+  /// Set by the consent module at each start; not persisted here. Absent leaves the key out.
+  void setConsentID(const JXString& id);
+
+ private:
+  JXUser();
+
+  mutable std::mutex mutex_;
+  JXString anonymousId_;
+  JXString consentId_;
+};
+
+}  // namespace jx

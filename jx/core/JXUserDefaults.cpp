@@ -1,0 +1,23 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXUserDefaults.h"
+
+#include "jx/core/JXCoreServices.h"
+
+namespace jx {
+
+JXString JXUserDefaults::retrieveInfoFromUserDefaults(const JXString& key) {
+  JXPlatformDefaults* const defaults = standardUserDefaults();
+  return defaults != nullptr && key.isPresent() ? defaults->objectForKey(key) : JXString();
+}
+
+void JXUserDefaults::saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label) {
+  JXPlatformDefaults* const defaults = standardUserDefaults();
+  if (defaults != nullptr && label.isPresent()) defaults->setObject_forKey(value, label);
+}
+
+JXPlatformDefaults* JXUserDefaults::standardUserDefaults() {
+  return JXCoreServices::sharedInstance().userDefaults();
+}
+
+}  // namespace jx

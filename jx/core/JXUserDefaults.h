@@ -1,0 +1,25 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "jx/platform/JXPlatform.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// Reads and writes texts that outlive the process. Thread-safe.
+class JXUserDefaults {
+ public:
+  JXUserDefaults() = delete;
+
+  /// The value, absent when there is none.
+  static JXString retrieveInfoFromUserDefaults(const JXString& key);
+  /// Stores at once: readable when this returns, also after a kill. An absent value removes the
+  /// entry; an absent label is ignored. Where nothing can be persisted the value is dropped.
+  static void saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label);
+
+  /// The store itself, null when there is none to be had; for operations that must know.
+  static JXPlatformDefaults* standardUserDefaults();
+};
+
+}  // namespace jx

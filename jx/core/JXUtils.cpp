@@ -1,0 +1,88 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXUtils.h"
+
+#include <limits>
+#include <utility>
+
+#include "jx/core/JXLogger.h"
+#include "jx/core/json/JXJsonWriter.h"
+
+namespace jx {
+namespace {
+
+void setWhenPresent(JXJsonValue value, std::string_view key, JXJsonObject& dict) {
+  if (value.isPresent()) dict.set(key, std::move(value));
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+void JXUtils::setString_forKey_onDict(const JXString& value, std::string_view key,
+                                      JXJsonObject& dict) {
+  setWhenPresent(value, key, dict);
+}
+
+void JXUtils::setFloat_forKey_onDict(const std::optional<JXDecimal>& value, std::string_view key,
+                                     JXJsonObject& dict) {
+  if (value) setWhenPresent(*value, key, dict);
+}
+
+void JXUtils::setFloatFromString_forKey_onDict(const JXString& value, std::string_view key,
+                                               JXJsonObject& dict) {
+  setWhenPresent(JXJsonValue::numberFromText(value), key, dict);
+}
+
+void JXUtils::setBool_forKey_onDict(bool value, std::string_view key, JXJsonObject& dict) {
+  dict.set(key, value);
+}
+
+void JXUtils::setArray_forKey_onDict(const JXJsonArray& value, std::string_view key,
+                                     JXJsonObject& dict) {
+  setWhenPresent(value, key, dict);
+}
+
+void JXUtils::setJson_forKey_onDict(const JXJsonObject& value, std::string_view key,
+                                    JXJsonObject& dict) {
+  setWhenPresent(value, key, dict);
+}
+
+std::int64_t JXUtils::numberFromNSString(const JXString& text) {
+  std::string_view rest = text.view();
+  while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t'))
+    rest.remove_prefix(1);
+  const bool negative = !rest.empty() && rest.front() == '-';
+  if (negative || (!rest.empty() && rest.front() == '+')) rest.remove_prefix(1);
+  // Counted downwards, because the range reaches one further below zero than above.
+  constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
+  std::int64_t value = 0;
+  for (const char c : rest) {
+    if (!isDigit(c)) break;
+    const std::int64_t digit = c - '0';
+    value = value < (kLowest + digit) / 10 ? kLowest : value * 10 - digit;
+  }
+  if (negative) return value;
+  return value == kLowest ? std::numeric_limits<std::int64_t>::max() : -value;
+}
+
+std::uint64_t JXUtils::unsignedFromDigits(const JXString& text) {
+  std::uint64_t value = 0;
+  for (const char c : text.view()) {
+    if (!isDigit(c)) return 0;
+    value = value * 10 + static_cast<std::uint64_t>(c - '0');
+  }
+  return value;
+}
+
+JXString JXUtils::jsonDictionaryToString(const JXJsonObject& object) {
+  if (!object.isPresent()) return nullptr;
+  const JXJsonText json = JXJsonWriter::write(object, JXJsonStyle::Compact);
+  if (json.leftOut != 0) {
+    JXLogger::sharedInstance().logMessage_withLevel(
+        "A JSON text was written without values that are endless or too large", 3);
+  }
+  return json.text;
+}
+
+}  // namespace jx

@@ -1,0 +1,28 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/notifications/JXEventSender.h"
+
+#include <utility>
+
+#include "jx/core/notifications/JXNotificationHub.h"
+
+namespace jx {
+
+std::shared_ptr<JXEventSender> JXEventSender::init() {
+  return std::shared_ptr<JXEventSender>(new JXEventSender());
+}
+
+JXEventSender::JXEventSender() { setNotificationCenter(nullptr); }
+
+void JXEventSender::setNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
+  center_ = center ? std::move(center) : JXNotificationCenter::defaultCenter();
+  JXNotificationHub::sharedInstance().observe(center_);
+}
+
+void JXEventSender::send(const JXNotification& notification) {
+  // Held here, because an observer may move this sender to another centre meanwhile.
+  const std::shared_ptr<JXNotificationCenter> center = center_;
+  center->postNotification(notification);
+}
+
+}  // namespace jx

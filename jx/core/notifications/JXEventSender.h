@@ -1,0 +1,41 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "jx/core/notifications/JXNotificationCenter.h"
+
+namespace jx {
+
+class JXEventSender;
+
+/// An object that owns a sender.
+class IJXEventSenderDelegate {
+ public:
+  virtual ~IJXEventSenderDelegate() = default;
+  virtual std::shared_ptr<JXEventSender> senderDelegate() const = 0;
+};
+
+/// Posts its owner's notifications on a centre that the hub observes, so that they reach the core
+/// whichever centre it is.
+class JXEventSender {
+ public:
+  static std::shared_ptr<JXEventSender> init();
+
+  /// The owner; not owned by the sender and never called.
+  void setParent(IJXEventSenderDelegate* parent) { parent_ = parent; }
+  IJXEventSenderDelegate* parent() const { return parent_; }
+  /// The centre to post on; null is the default one.
+  void setNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  /// Posts on the caller's thread; all who hear it have been called when it returns.
+  void send(const JXNotification& notification);
+
+ private:
+  JXEventSender();
+
+  IJXEventSenderDelegate* parent_ = nullptr;
+  std::shared_ptr<JXNotificationCenter> center_;
+};
+
+}  // namespace jx

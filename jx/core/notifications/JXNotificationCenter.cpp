@@ -1,0 +1,86 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/notifications/JXNotificationCenter.h"
+
+#include <atomic>
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "jx/core/JXLogger.h"
+
+namespace jx {
+
+struct JXNotificationCenter::Registration {
+  const void* observer;
+  JXString name;
+  Handler handler;
+  std::atomic<bool> ended{false};
+
+  bool listensFor(const JXString& posted) const { return !name.isPresent() || name == posted; }
+};
+
+JXNotificationCenter::JXNotificationCenter()
+    : registrations_(std::make_shared<const Registrations>()) {}
+
+const std::shared_ptr<JXNotificationCenter>& JXNotificationCenter::defaultCenter() {
+  static const auto* const center =
+      new std::shared_ptr<JXNotificationCenter>(std::make_shared<JXNotificationCenter>());
+  return *center;
+}
+
+void JXNotificationCenter::addObserver(const void* observer, const JXString& name,
+                                       Handler handler) {
+  auto registration = std::make_shared<Registration>();
+  registration->observer = observer;
+  registration->name = name;
+  registration->handler = std::move(handler);
+  const std::lock_guard<std::mutex> lock(mutex_);
+  auto changed = std::make_shared<Registrations>(*registrations_);
+  changed->push_back(std::move(registration));
+  registrations_ = std::move(changed);
+}
+
+template <typename Predicate>
+void JXNotificationCenter::removeWhere(Predicate predicate) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  auto changed = std::make_shared<Registrations>();
+  for (const auto& registration : *registrations_) {
+    if (predicate(*registration)) {
+      registration->ended = true;
+    } else {
+      changed->push_back(registration);
+    }
+  }
+  registrations_ = std::move(changed);
+}
+
+void JXNotificationCenter::removeObserver(const void* observer) {
+  removeWhere([&](const Registration& r) { return r.observer == observer; });
+}
+
+void JXNotificationCenter::removeObserver_name(const void* observer, const JXString& name) {
+  removeWhere([&](const Registration& r) { return r.observer == observer && r.name == name; });
+}
+
+void JXNotificationCenter::postNotification(const JXNotification& notification) {
+  std::shared_ptr<const Registrations> registrations;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    registrations = registrations_;
+  }
+  for (const auto& registration : *registrations) {
+    if (registration->ended || !registration->listensFor(notification.name)) continue;
+    try {
+      registration->handler(notification);
+    } catch (const std::exception& error) {
+      JXLogger::sharedInstance().logMessage_withLevel(
+          "An observer of \"" + notification.name.toStdString() + "\" threw: " + error.what(), 3);
+    } catch (...) {
+      JXLogger::sharedInstance().logMessage_withLevel(
+          "An observer of \"" + notification.name.toStdString() + "\" threw", 3);
+    }
+  }
+}
+
+}  // namespace jx

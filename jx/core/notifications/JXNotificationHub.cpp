@@ -1,0 +1,83 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/notifications/JXNotificationHub.h"
+
+#include <algorithm>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/notifications/JXEventListenerState.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+
+namespace jx {
+
+JXNotificationHub& JXNotificationHub::sharedInstance() {
+  static JXNotificationHub* const instance = new JXNotificationHub();
+  return *instance;
+}
+
+JXNotificationHub::JXNotificationHub() : listeners_(std::make_shared<const Listeners>()) {
+  // A consent module posts on the default centre without a sender of the core's.
+  observe(JXNotificationCenter::defaultCenter());
+}
+
+void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& center) {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto ended = [](const auto& known) { return known.expired(); };
+    centers_.erase(std::remove_if(centers_.begin(), centers_.end(), ended), centers_.end());
+    for (const auto& known : centers_) {
+      if (known.lock() == center) return;
+    }
+    centers_.push_back(center);
+  }
+  center->addObserver(this, nullptr,
+                      [this, from = center.get()](const JXNotification& notification) {
+                        received(notification, from);
+                      });
+}
+
+void JXNotificationHub::add(const std::shared_ptr<JXEventListener::State>& listener) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  auto changed = std::make_shared<Listeners>(*listeners_);
+  changed->push_back(listener);
+  listeners_ = std::move(changed);
+}
+
+void JXNotificationHub::remove(const std::shared_ptr<JXEventListener::State>& listener) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  auto changed = std::make_shared<Listeners>(*listeners_);
+  changed->erase(std::remove(changed->begin(), changed->end(), listener), changed->end());
+  listeners_ = std::move(changed);
+}
+
+void JXNotificationHub::received(const JXNotification& notification,
+                                 const JXNotificationCenter* from) {
+  handToNetworkManager(notification);
+  std::shared_ptr<const Listeners> listeners;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    listeners = listeners_;
+  }
+  for (const auto& listener : *listeners)
+    listener->deliverFromElsewhere(notification, from);
+}
+
+void JXNotificationHub::handToNetworkManager(const JXNotification& notification) {
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+  const std::string_view name = notification.name.view();
+  if (name == kJXNotification_HTTPRequest) {
+    const JXString url = notification.userInfo.get(kJXUserInfo_URLKey).string();
+    const JXString body = notification.userInfo.get(kJXUserInfo_POSTData).string();
+    if (url.isPresent() && body.isPresent()) manager.enqueue(url.view(), body.view());
+  } else if (name == kJXNotification_EnablingTheServerSide) {
+    manager.changingSDKBehaviour(true);
+  } else if (name == kJXNotification_StoppingTheServerSide) {
+    manager.changingSDKBehaviour(false);
+  } else if (name == kJXNotification_OnBackground) {
+    manager.onBackground();
+  } else if (name == kJXNotification_OnForeground) {
+    manager.onForeground();
+  }
+}
+
+}  // namespace jx
