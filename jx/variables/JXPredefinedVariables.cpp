@@ -1,0 +1,241 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/variables/JXPredefinedVariables.h"
+
+#include <chrono>
+#include <limits>
+#include <string>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXStartGuard.h"
+#include "jx/core/JXUser.h"
+#include "jx/variables/JXPredefinedVariableNames.h"
+
+namespace jx {
+namespace {
+
+int JX_INIT_STATE = kJXInitNever;
+
+}  // namespace
+
+JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
+  static JXPredefinedVariables* const instance = [] {
+    auto* const made = new JXPredefinedVariables();
+    made->init();
+    return made;
+  }();
+  return *instance;
+}
+
+JXPredefinedVariables::~JXPredefinedVariables() {
+  JXNotificationCenter::defaultCenter()->removeObserver(this);
+}
+
+JXPredefinedVariables* JXPredefinedVariables::init() {
+  if (!mayInitialise(JX_INIT_STATE)) return this;
+  if (!baseInit()) return nullptr;
+  dynamicStore_ = JXDynamicStore::init();
+  JX_INIT_STATE = kJXInitDone;
+
+  totalForegroundTransitions_ = 1;
+  totalForegroundTime_ = 0;
+  deltaForeground_ = 0;
+  totalBackgroundTime_ = 0;
+  deltaBackground_ = 0;
+  startUsage_ = 0;
+  lastTime_ = unsignedNowMs();
+
+  listenerDelegate_ = JXEventListener::init();
+  listenerDelegate_->setParent(this);
+  listenerDelegate_->listen(kJXNotification_UserAgentAvailable);
+
+  visitDuration_ = static_cast<std::uint64_t>(kJXVisitDurationDefaultValue) * 1000;
+  predefinedVariableInitialisation();
+  // After the sequence above on purpose: while the visit logic runs for the first time in a process
+  // there is no pid to compare, so every process start counts as a new visit.
+  pid_ = std::to_string(JXCoreServices::sharedInstance().platform().processIdentifier());
+
+  observeApplicationNotifications();
+  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, "0");
+  // Over what initApplicationVersion found: events have always carried "0" here, and the persisted
+  // previous version stays for the next comparison.
+  addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, "0");
+  addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
+                    std::to_string(totalForegroundTransitions_));
+  return this;
+}
+
+JXPredefinedVariables* JXPredefinedVariables::reinit() {
+  JX_INIT_STATE = kJXInitAgain;
+  return init();
+}
+
+void JXPredefinedVariables::predefinedVariableInitialisation() {
+  const JXString timeMs = nowMsString();
+  initIsFirstVisit();  // reads the version's first visit, so before initApplicationVersion writes
+                       // it
+  setManufacturer();
+  initLastCallLastVisit();  // reads the persisted last call, so before any event replaces it
+  setNorvaneVersion();
+  setVisitorIDCurrentCallUniqueID(timeMs);
+  setLocalCharset();
+  initScreenResolution();
+  setApplicationBuild();
+  setLocalModel();
+  setLocalSysVersion();
+  setLocalSysName();
+  setLocalLanguage();
+  setBundleIdentifier();
+  setApplicationName();
+  setRuntimeName();
+  setModelAndVersion();
+  setIsJailBroken();
+  initApplicationVersion(timeMs);
+  initColdStartNumber();
+  setTimestamps(timeMs);
+  initComScoreSession(timeMs);  // after the visit logic: its session is the visit's first
+  currencyCode();
+  currencySymbol();
+}
+
+void JXPredefinedVariables::observeApplicationNotifications() {
+  const std::shared_ptr<JXNotificationCenter>& center = JXNotificationCenter::defaultCenter();
+  center->addObserver(this, UIApplicationDidEnterBackgroundNotification,
+                      [this](const JXNotification& n) { didEnterBackground(n); });
+  center->addObserver(this, UIApplicationWillEnterForegroundNotification,
+                      [this](const JXNotification& n) { willEnterForeground(n); });
+}
+
+void JXPredefinedVariables::addData_withValue(const JXString& key, const JXString& value) {
+  dynamicStore_->addData_withValue(key, value);
+}
+
+void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store) {
+  if (store) dynamicStore_->addData(*store);
+}
+
+JXString JXPredefinedVariables::getData(const JXString& key) const {
+  return dynamicStore_->getData(key).string();
+}
+
+JXString JXPredefinedVariables::removeData(const JXString& key) {
+  return dynamicStore_->removeData(key).string();
+}
+
+void JXPredefinedVariables::clearData() { dynamicStore_->clearData(); }
+
+std::int64_t JXPredefinedVariables::now() const {
+  const auto instant = JXCoreVariables::sharedInstance().now().time_since_epoch();
+  return std::chrono::floor<std::chrono::seconds>(instant).count();
+}
+
+std::int64_t JXPredefinedVariables::nowMs() const {
+  return JXCoreVariables::sharedInstance().nowMs();
+}
+
+std::uint64_t JXPredefinedVariables::unsignedNowMs() const {
+  return static_cast<std::uint64_t>(nowMs());
+}
+
+JXString JXPredefinedVariables::nowMsString() const {
+  return JXCoreVariables::sharedInstance().nowMsString();
+}
+
+JXString JXPredefinedVariables::nowString() const {
+  return JXCoreVariables::sharedInstance().nowString();
+}
+
+std::int32_t JXPredefinedVariables::randomInt() const {
+  const auto draw =
+      static_cast<std::int32_t>(JXCoreServices::sharedInstance().platform().randomBits());
+  constexpr auto kLowest = std::numeric_limits<std::int32_t>::min();
+  if (draw == kLowest) return std::numeric_limits<std::int32_t>::max();  // has no negative
+  return draw < 0 ? -draw : draw;
+}
+
+JXString JXPredefinedVariables::randomString() const { return std::to_string(randomInt()); }
+
+JXString JXPredefinedVariables::phoneModel() const { return getData(kJXPredefinedVariable_Model); }
+
+JXString JXPredefinedVariables::systemName() const {
+  return getData(kJXPredefinedVariable_SystemName);
+}
+
+JXString JXPredefinedVariables::systemVersion() const {
+  return getData(kJXPredefinedVariable_SystemVersion);
+}
+
+JXString JXPredefinedVariables::norvaneVersion() const {
+  return getData(kJXPredefinedVariable_NorvaneVersion);
+}
+
+JXString JXPredefinedVariables::applicationVersion() const {
+  return getData(kJXPredefinedVariable_ApplicationVersion);
+}
+
+JXString JXPredefinedVariables::applicationBuild() const {
+  return getData(kJXPredefinedVariable_ApplicationBuild);
+}
+
+JXString JXPredefinedVariables::manufacturer() const {
+  return getData(kJXPredefinedVariable_Manufacturer);
+}
+
+JXString JXPredefinedVariables::language() const { return getData(kJXPredefinedVariable_Language); }
+
+JXString JXPredefinedVariables::charset() const { return getData(kJXPredefinedVariable_Charset); }
+
+JXString JXPredefinedVariables::uniqueIdentifier() const {
+  return getData(kJXPredefinedVariable_UniqueID);
+}
+
+JXString JXPredefinedVariables::navNumberVisit() const {
+  return getData(kJXPredefinedVariable_NumberVisits);
+}
+
+JXString JXPredefinedVariables::numberSession() const {
+  return getData(kJXPredefinedVariable_NumberSessions);
+}
+
+JXString JXPredefinedVariables::nav_TimestampCurrentVisitMs() const {
+  return getData(kJXPredefinedVariable_CurrentVisitMs);
+}
+
+JXString JXPredefinedVariables::timestampCurrentVisitMs() const {
+  return getData(kJXPredefinedVariable_CurrentSessionMs);
+}
+
+JXString JXPredefinedVariables::timestampLastCallMs() const {
+  return getData(kJXPredefinedVariable_LastCallMs);
+}
+
+JXString JXPredefinedVariables::userAgent() const {
+  return JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
+}
+
+void JXPredefinedVariables::firstExecute() {
+  const bool hasExecuted = getData(kJXPredefinedVariable_FirstExecute).testString();
+  addData_withValue(kJXPredefinedVariable_FirstExecute, hasExecuted ? "FALSE" : "TRUE");
+}
+
+void JXPredefinedVariables::useLegacyUniqueIDForAnonymousID() {
+  JXUser::sharedInstance().setAnonymous_id(uniqueIdentifier());
+}
+
+void JXPredefinedVariables::useLegacyUniqueIDForConsentID() {
+  JXUser::sharedInstance().setConsentID(uniqueIdentifier());
+}
+
+void JXPredefinedVariables::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
+  listenerDelegate_->setNotificationCenter(std::move(center));
+}
+
+void JXPredefinedVariables::onNotificationReceived(const JXNotification& notification) {
+  if (notification.name.view() != kJXNotification_UserAgentAvailable) return;
+  const JXString userAgent = notification.userInfo.get(kJXUserInfo_DataKey).string();
+  if (userAgent.isPresent()) addData_withValue(kJXPredefinedVariable_UserAgent, userAgent);
+}
+
+}  // namespace jx

@@ -1,0 +1,188 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// What the system and the application say about themselves, read once at the start.
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXLogger.h"
+#include "jx/variables/JXPersistedText.h"
+#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/variables/JXServerSideVersion.h"
+#include "jx/variables/JXTextEncoding.h"
+
+namespace jx {
+namespace {
+
+// Fixed, because the receiver of the events tells the family of devices by them.
+constexpr std::string_view kJXManufacturerName = "Apple";
+constexpr std::string_view kRuntimeName = "tvos";
+
+JXPlatform& platform() { return JXCoreServices::sharedInstance().platform(); }
+
+std::string truncatedToInteger(double points) {
+  constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
+  if (std::isnan(points)) return "0";
+  return std::to_string(
+      static_cast<std::int32_t>(std::fmax(-kLargest, std::fmin(points, kLargest))));
+}
+
+std::vector<std::string> splitAtHyphens(std::string_view tag) {
+  std::vector<std::string> parts;
+  for (;;) {
+    const std::size_t hyphen = tag.find('-');
+    parts.emplace_back(tag.substr(0, hyphen));
+    if (hyphen == std::string_view::npos) return parts;
+    tag.remove_prefix(hyphen + 1);
+  }
+}
+
+std::string dottedText(const JXInterfaceAddress& address) {
+  std::string text;
+  for (const std::uint8_t byte : address.word) {
+    if (!text.empty()) text.push_back('.');
+    text.append(std::to_string(byte));
+  }
+  return text;
+}
+
+}  // namespace
+
+void JXPredefinedVariables::setManufacturer() {
+  addData_withValue(kJXPredefinedVariable_Manufacturer, kJXManufacturerName);
+}
+
+void JXPredefinedVariables::setNorvaneVersion() {
+  addData_withValue(kJXPredefinedVariable_NorvaneVersion, kJXServerSideVersion);
+}
+
+void JXPredefinedVariables::setLocalCharset() {
+  addData_withValue(kJXPredefinedVariable_Charset, getDefaultEncoding());
+}
+
+void JXPredefinedVariables::initScreenResolution() {
+  const JXScreenBounds bounds = platform().screenBounds();
+  addData_withValue(kJXPredefinedVariable_ScreenWidth, truncatedToInteger(bounds.width));
+  addData_withValue(kJXPredefinedVariable_ScreenHeight, truncatedToInteger(bounds.height));
+}
+
+void JXPredefinedVariables::setApplicationBuild() {
+  const JXString build = platform().bundleInformation().version;
+  if (build.isPresent()) addData_withValue(kJXPredefinedVariable_ApplicationBuild, build);
+}
+
+void JXPredefinedVariables::setLocalModel() {
+  addData_withValue(kJXPredefinedVariable_Device, platform().deviceModel());
+}
+
+void JXPredefinedVariables::setLocalSysVersion() {
+  addData_withValue(kJXPredefinedVariable_SystemVersion, platform().systemVersion());
+}
+
+void JXPredefinedVariables::setLocalSysName() {
+  addData_withValue(kJXPredefinedVariable_SystemName, platform().systemName());
+}
+
+void JXPredefinedVariables::setLocalLanguage() {
+  const std::vector<JXString> languages = platform().preferredLanguages();
+  const std::vector<std::string> parts =
+      splitAtHyphens(languages.empty() ? std::string_view() : languages.front().view());
+  if (parts.size() >= 2) {
+    addData_withValue(kJXPredefinedVariable_Language, parts[0]);
+    // The second part whatever it is: of a tag with a script that is the script.
+    addData_withValue(kJXPredefinedVariable_Region, parts[1]);
+    return;
+  }
+  addData_withValue(kJXPredefinedVariable_Language, "-");
+  addData_withValue(kJXPredefinedVariable_Region, "-");
+  JXLogger::sharedInstance().logMessage_withLevel("Unable to get local language data", 5);
+}
+
+void JXPredefinedVariables::setBundleIdentifier() {
+  addData_withValue(kJXPredefinedVariable_BundleID, platform().bundleInformation().identifier);
+}
+
+void JXPredefinedVariables::setApplicationName() {
+  const JXString name = platform().bundleInformation().name;
+  addData_withValue(kJXPredefinedVariable_ApplicationName,
+                    name.testString() ? name : JXString("(unknown)"));
+}
+
+void JXPredefinedVariables::setRuntimeName() {
+  addData_withValue(kJXPredefinedVariable_RuntimeName, kRuntimeName);
+}
+
+void JXPredefinedVariables::setModelAndVersion() {
+  addData_withValue(kJXPredefinedVariable_Model, platform().machineName());
+}
+
+void JXPredefinedVariables::setIsJailBroken() {
+  addData_withValue(kJXPredefinedVariable_JailBroken, platform().isDeviceModified() ? "1" : "0");
+}
+
+void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
+  JXString version = platform().bundleInformation().shortVersion;
+  if (!version.isPresent()) version = "";
+  const JXString firstVisit = persistedText(kJXPredefinedVariable_CurVersionFirstVisitMs);
+  if (firstVisit.testString()) {
+    addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, firstVisit);
+  }
+  if (version.testString()) {
+    const JXString lastSeen = persistedText(kJXPredefinedVariable_ApplicationVersion);
+    const bool isFirstKnown = !lastSeen.testString();
+    const bool isUpdate = !isFirstKnown && lastSeen != version;
+    if (isUpdate) persistText(kJXPredefinedVariable_ApplicationPreviousVersion, lastSeen);
+    if (isFirstKnown || isUpdate) {
+      addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
+      persistText(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
+    }
+    persistText(kJXPredefinedVariable_ApplicationVersion, version);
+  }
+  const JXString previous = persistedText(kJXPredefinedVariable_ApplicationPreviousVersion);
+  if (previous.testString()) {
+    addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, previous);
+  }
+  addData_withValue(kJXPredefinedVariable_ApplicationVersion, version);
+}
+
+JXString JXPredefinedVariables::currencyCode() {
+  const JXString code = platform().currencyCode();
+  if (code.testString()) {
+    addData_withValue(kJXPredefinedVariable_CurrencyCode, code);
+  } else {
+    addData_withValue(kJXPredefinedVariable_CurrencyCode, "-");
+    JXLogger::sharedInstance().logMessage_withLevel("Unable to getData currency code ", 5);
+  }
+  return code;
+}
+
+JXString JXPredefinedVariables::currencySymbol() {
+  const JXString symbol = platform().currencySymbol();
+  addData_withValue(kJXPredefinedVariable_CurrencySymbol, symbol);
+  return symbol;
+}
+
+JXString JXPredefinedVariables::getDefaultEncoding() const {
+  return nameOfTextEncoding(platform().defaultEncoding());
+}
+
+JXString JXPredefinedVariables::findDeviceIP() const {
+  std::string wifi;
+  std::string cellular;
+  for (const JXInterfaceAddress& address : platform().interfaceAddresses()) {
+    if (address.family == JXInterfaceAddress::Family::Other) continue;
+    // For IPv6 the word is the flow information, which is normally zero: "0.0.0.0" then replaces an
+    // address found before, as it always has.
+    if (address.name.view() == "en0") wifi = dottedText(address);
+    if (address.name.view() == "pdp_ip0") cellular = dottedText(address);
+  }
+  return wifi.empty() ? cellular : wifi;
+}
+
+}  // namespace jx

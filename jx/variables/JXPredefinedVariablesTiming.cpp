@@ -1,0 +1,166 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Time in the foreground and in the background, in this process and carried over launches. All
+// arithmetic is unsigned and wraps around, so that a clock that is set back has a defined outcome.
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXUtils.h"
+#include "jx/variables/JXPersistedKeys.h"
+#include "jx/variables/JXPersistedText.h"
+#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/variables/JXPredefinedVariables.h"
+
+namespace jx {
+namespace {
+
+JXString text(std::uint64_t value) { return std::to_string(value); }
+
+// Runs a start-up computation over stored texts. What fails in it is logged and the rest of it is
+// skipped; what it has set stays, and the start-up goes on.
+template <typename Computation>
+void guarded(const Computation& computation) {
+  try {
+    computation();
+  } catch (const std::exception& error) {
+    JXLogger::sharedInstance().logMessage_withLevel(
+        std::string("Invalid value when converting to number: ") + error.what() + " <> (null)", 3);
+  }
+}
+
+}  // namespace
+
+void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
+  isBackground_ = true;
+  const std::uint64_t now = unsignedNowMs();
+  const std::uint64_t sinceLastTime = now - lastTime_;
+  persistText(kJXTimeSinceLastMeasurement, text(sinceLastTime));
+  persistText(kJXExitTimestamp, text(now));
+  persistText(kJXLastForegroundTime, text(totalForegroundTime_));
+  persistText(kJXLastBackgroundTime, text(totalBackgroundTime_));
+  // A second notification in a row counts the time since the first as foreground time again: the
+  // system says that the application has just left the foreground.
+  totalForegroundTime_ += sinceLastTime;
+  deltaForeground_ += sinceLastTime;
+  lastTime_ = now;
+}
+
+void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
+  if (!isBackground_) return;
+  isBackground_ = false;
+  totalForegroundTransitions_ =
+      static_cast<std::int32_t>(static_cast<std::uint32_t>(totalForegroundTransitions_) + 1);
+  addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
+                    std::to_string(totalForegroundTransitions_));
+  const std::uint64_t now = unsignedNowMs();
+  deltaBackground_ = now - lastTime_;
+  totalBackgroundTime_ += deltaBackground_;
+  lastTime_ = now;
+  if (deltaBackground_ > visitDuration_) updateVariablesForNewSession(text(now));
+}
+
+void JXPredefinedVariables::computeTimeChangingVariables() {
+  const std::uint64_t now = unsignedNowMs();
+  const JXString timeMs = text(now);
+  setSessionDuration(timeMs);
+  initNavTimestampCalls(timeMs);
+
+  const std::uint64_t sinceLastTime = now - lastTime_;
+  if (isBackground_) {
+    deltaBackground_ += sinceLastTime;
+    totalBackgroundTime_ += sinceLastTime;
+  } else {
+    deltaForeground_ += sinceLastTime;
+    totalForegroundTime_ += sinceLastTime;
+  }
+  lastTime_ = now;
+  addData_withValue(kJXPredefinedVariable_ForegroundTime, text(totalForegroundTime_));
+  addData_withValue(kJXPredefinedVariable_DeltaForegroundTime, text(deltaForeground_));
+  addData_withValue(kJXPredefinedVariable_BackgroundTime, text(totalBackgroundTime_));
+  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, text(deltaBackground_));
+  persistText(kJXUsageDuration, text(deltaForeground_ + deltaBackground_ + startUsage_));
+  deltaBackground_ = 0;
+  deltaForeground_ = 0;
+}
+
+void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
+  guarded([&] {
+    const JXString sessionStart = persistedText(kJXSessionStartTimestamp);
+    addData_withValue(kJXPredefinedVariable_SessionID,
+                      JXCoreServices::sharedInstance().platform().newUUID());
+    addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
+    if (sessionStart.isPresent()) {
+      // Counted from the stored start itself, not from the last activity.
+      const std::uint64_t sinceStart =
+          JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(sessionStart);
+      const bool renewed = sinceStart > visitDuration_;
+      if (renewed) {
+        persistText(kJXSessionStartTimestamp, timeMs);
+        persistText(kJXLastSessionStartTimestamp, sessionStart);
+        addData_withValue(kJXPredefinedVariable_LastSessionStartMs, sessionStart);
+      }
+      computeDeltaSinceLastLaunch(timeMs);
+      computeStartUsageTime(renewed);
+    } else {
+      persistText(kJXSessionStartTimestamp, timeMs);
+      persistText(kJXLastSessionStartTimestamp, "0");
+      persistText(kJXUsageDuration, "0");
+      addData_withValue(kJXPredefinedVariable_LastSessionStartMs, "0");
+      addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, "0");
+      addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
+      addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, "0");
+      computeDeltaSinceLastLaunch(timeMs);
+      computeStartUsageTime(true);
+    }
+    addData_withValue(kJXPredefinedVariable_LastSessionStartMs,
+                      persistedText(kJXLastSessionStartTimestamp));
+  });
+}
+
+void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) {
+  guarded([&] {
+    const JXString exit = persistedText(kJXExitTimestamp);
+    const JXString background = persistedText(kJXLastBackgroundTime);
+    const JXString unmeasured = persistedText(kJXTimeSinceLastMeasurement);
+    const JXString foreground = persistedText(kJXLastForegroundTime);
+    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, "0");
+    addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime, "0");
+    addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
+    addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement, "0");
+    if (!exit.isPresent() || !background.isPresent() || !unmeasured.isPresent() ||
+        !foreground.isPresent()) {
+      return;
+    }
+    const std::uint64_t sinceExit =
+        JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(exit);
+    const std::uint64_t unmeasuredMs = JXUtils::unsignedFromDigits(unmeasured);
+    addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime,
+                      text(JXUtils::unsignedFromDigits(background) + sinceExit));
+    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, text(sinceExit));
+    addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, unmeasured);
+    addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
+                      text(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
+  });
+}
+
+void JXPredefinedVariables::computeStartUsageTime(bool renewed) {
+  guarded([&] {
+    const JXString usage = persistedText(kJXUsageDuration);
+    if (usage.isPresent()) startUsage_ = JXUtils::unsignedFromDigits(usage);
+    const std::uint64_t unmeasured = JXUtils::unsignedFromDigits(
+        getData(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement));
+    const std::uint64_t sinceExit =
+        JXUtils::unsignedFromDigits(getData(kJXPredefinedVariable_TimeSinceLastExit));
+    const std::uint64_t userSession = sinceExit + (renewed ? 0 : unmeasured);
+    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, text(userSession));
+    startUsage_ += userSession;
+    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, text(startUsage_));
+  });
+}
+
+}  // namespace jx
