@@ -1,0 +1,52 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXCondition.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace jx {
+namespace {
+
+JXCondition condition(JXCondition::Kind kind, std::string_view key,
+                      std::string_view otherKey = {}) {
+  JXCondition made;
+  made.kind = kind;
+  made.key = key;
+  made.otherKey = otherKey;
+  return made;
+}
+
+bool contains(const std::vector<std::string_view>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+}  // namespace
+
+bool JXCondition::concerns(std::string_view eventName) const {
+  return (onlyFor.empty() || contains(onlyFor, eventName)) && !contains(exceptFor, eventName);
+}
+
+JXCondition neverComplete() { return condition(JXCondition::Kind::Never, {}); }
+
+JXCondition usable(std::string_view key) { return condition(JXCondition::Kind::UsableText, key); }
+
+JXCondition present(std::string_view key) { return condition(JXCondition::Kind::Present, key); }
+
+JXCondition notEmpty(std::string_view key) { return condition(JXCondition::Kind::NotEmpty, key); }
+
+JXCondition together(std::string_view key, std::string_view textKey) {
+  return condition(JXCondition::Kind::Together, key, textKey);
+}
+
+JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames) {
+  condition.onlyFor = std::move(eventNames);
+  return condition;
+}
+
+JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames) {
+  condition.exceptFor = std::move(eventNames);
+  return condition;
+}
+
+}  // namespace jx

@@ -1,0 +1,41 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace jx {
+
+/// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
+/// event itself and its JSON can be judged by the same line.
+struct JXCondition {
+  enum class Kind {
+    Never,       ///< a base class: no event of it is complete
+    UsableText,  ///< a text of at least one character
+    Present,     ///< not absent; zero and an empty list are present
+    NotEmpty,    ///< a list of at least one element
+    Together,    ///< a present field and a usable text, both or neither
+  };
+
+  Kind kind = Kind::Never;
+  std::string_view key;
+  std::string_view otherKey;  ///< of Together: the key of the text
+  /// Event names that the condition is for; empty: all names.
+  std::vector<std::string_view> onlyFor;
+  /// Event names that the condition is not for.
+  std::vector<std::string_view> exceptFor;
+
+  /// True when the condition counts for an event of this name.
+  bool concerns(std::string_view eventName) const;
+};
+
+JXCondition neverComplete();
+JXCondition usable(std::string_view key);
+JXCondition present(std::string_view key);
+JXCondition notEmpty(std::string_view key);
+JXCondition together(std::string_view key, std::string_view textKey);
+JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
+JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames);
+
+}  // namespace jx

@@ -1,0 +1,29 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXCustomEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+
+std::shared_ptr<JXCustomEvent> JXCustomEvent::initWithName(const JXString& name) {
+  std::shared_ptr<JXCustomEvent> event(new JXCustomEvent());
+  event->setName(name);
+  return event;
+}
+
+const JXEventClass& JXCustomEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXCustomEvent>{};
+  static const auto& type = *new JXEventClass{
+      "JXCustomEvent",
+      &JXEvent::eventClass(),
+      {},
+      {},
+      &fields,
+      nullptr,
+      {usable(JXE_EVENT)},
+      [](int, const JXString& text) -> std::shared_ptr<JXEvent> { return initWithName(text); }};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,25 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "jx/events/JXEvent.h"
+
+namespace jx {
+
+/// An event of the host's own making: a name, and whatever parameters the host adds.
+class JXCustomEvent final : public JXEvent {
+ public:
+  /// An absent name is kept as it is; the event then fails `verifyEvent` and is sent without
+  /// "event_name".
+  static std::shared_ptr<JXCustomEvent> initWithName(const JXString& name);
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ private:
+  JXCustomEvent() = default;
+};
+
+}  // namespace jx

@@ -1,0 +1,82 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "jx/core/JXAdditionalProperties.h"
+#include "jx/core/JXList.h"
+#include "jx/events/JXEventClass.h"
+#include "jx/events/JXFields.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// Base of everything that a host hands to `ServerSide::execute`. The host owns its events and
+/// fills them on one thread; an event must not be changed while it is being executed.
+class JXEvent : public JXAdditionalProperties {
+ public:
+  static std::shared_ptr<JXEvent> init();
+
+  /// A new object each time, with a fresh "event_id": the host's extra properties, then the event's
+  /// name, page and context, then the fields of its class in the order of its table. An absent name
+  /// removes "event_name" even when an extra property had set it; any other absent field leaves an
+  /// extra property of its key in place.
+  virtual JXJsonObject getJsonObject() const;
+  /// True when the event has all that its class asks for. Offered to the host, which decides
+  /// whether to send an event that fails: `execute` does not ask.
+  virtual bool verifyEvent() const;
+  /// The condition that makes `verifyEvent` false, in words; absent when it is true.
+  JXString firstFailedCondition() const;
+
+  /// Each element's JSON, in order; an absent element is left out with a log line. An absent list
+  /// gives an empty array.
+  template <typename Block>
+  static JXJsonArray getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks);
+
+  void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
+    addAdditionalProperty_withStringValue(key, value);
+  }
+  void addAdditionalParameter_forJsonDict(const JXString& key, const JXJsonObject& value) {
+    addAdditionalProperty_withDictValue(key, value);
+  }
+  void addAdditionalParameter(const JXJsonObject& entries) { addAdditionalProperty(entries); }
+
+  const JXString& name() const { return name_; }
+  void setName(const JXString& value) { name_ = value; }
+  const JXString& pageType() const { return pageType_; }
+  void setPageType(const JXString& value) { pageType_ = value; }
+  const JXString& pageName() const { return pageName_; }
+  void setPageName(const JXString& value) { pageName_ = value; }
+
+  static const JXEventClass& eventClass();
+  /// The class of this very event.
+  virtual const JXEventClass& ownEventClass() const { return eventClass(); }
+
+ protected:
+  JXEvent() = default;
+
+  JXString name_;
+  JXString pageType_;
+  JXString pageName_;
+};
+
+namespace detail {
+void logAbsentElement();
+}
+
+template <typename Block>
+JXJsonArray JXEvent::getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks) {
+  JXJsonArray array;
+  for (const std::shared_ptr<Block>& block : blocks) {
+    if (block) {
+      array.append(block->getJsonObject());
+    } else {
+      detail::logAbsentElement();
+    }
+  }
+  return array;
+}
+
+}  // namespace jx

@@ -1,0 +1,91 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXEventClass.h"
+
+#include "jx/events/JXEvent.h"
+
+namespace jx {
+
+const JXFieldInfo* JXEventClass::fieldOfKey(std::string_view key) const {
+  for (const JXEventClass* type = this; type != nullptr; type = type->base) {
+    const std::size_t field = type->written->findKey(key);
+    if (field != JXFieldTable::npos) return &type->written->fields()[field];
+  }
+  return nullptr;
+}
+
+std::string JXEventClass::setProperty(JXEvent& event, std::string_view property,
+                                      const JXJsonValue& value) const {
+  for (const JXEventClass* type = this; type != nullptr; type = type->base) {
+    for (const JXFieldTable* table : {type->written, type->unwritten}) {
+      if (table == nullptr) continue;
+      const std::size_t field = table->findProperty(property);
+      if (field != JXFieldTable::npos) return table->set(event, field, value);
+    }
+  }
+  return "is no field of " + std::string(className);
+}
+
+const JXCondition* JXEventClass::firstFailed(const JXEvent& event) const {
+  for (const JXCondition& condition : conditions) {
+    if (condition.concerns(event.name().view()) && !holds(condition, event)) return &condition;
+  }
+  return nullptr;
+}
+
+bool JXEventClass::holds(const JXCondition& condition, const JXEvent& event) const {
+  switch (condition.kind) {
+    case JXCondition::Kind::Never:
+      return false;
+    case JXCondition::Kind::UsableText:
+      return stateOfKey(event, condition.key).isUsable;
+    case JXCondition::Kind::Present:
+      return stateOfKey(event, condition.key).isPresent;
+    case JXCondition::Kind::NotEmpty:
+      return stateOfKey(event, condition.key).hasEntries;
+    case JXCondition::Kind::Together:
+      return stateOfKey(event, condition.key).isPresent ==
+             stateOfKey(event, condition.otherKey).isUsable;
+  }
+  return false;
+}
+
+JXFieldState JXEventClass::stateOfKey(const JXEvent& event, std::string_view key) const {
+  for (const JXEventClass* type = this; type != nullptr; type = type->base) {
+    const std::size_t field = type->written->findKey(key);
+    if (field != JXFieldTable::npos) return type->written->state(event, field);
+  }
+  return {};
+}
+
+std::string_view JXEventClass::propertyOfKey(std::string_view key) const {
+  const JXFieldInfo* const field = fieldOfKey(key);
+  return field != nullptr ? field->property : key;
+}
+
+std::string JXEventClass::inWords(const JXCondition& condition) const {
+  const std::string property(propertyOfKey(condition.key));
+  switch (condition.kind) {
+    case JXCondition::Kind::Never:
+      break;
+    case JXCondition::Kind::UsableText:
+      return property + " is absent or empty";
+    case JXCondition::Kind::Present:
+      return property + " is absent";
+    case JXCondition::Kind::NotEmpty:
+      return property + " holds no entry";
+    case JXCondition::Kind::Together:
+      return property + " and " + std::string(propertyOfKey(condition.otherKey)) +
+             " must be given together";
+  }
+  return "a bare " + std::string(className) + " is never complete";
+}
+
+const JXEventClass* eventClassNamed(std::string_view className) {
+  for (const JXEventClass* type : allEventClasses()) {
+    if (type->className == className) return type;
+  }
+  return nullptr;
+}
+
+}  // namespace jx

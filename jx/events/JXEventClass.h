@@ -1,0 +1,60 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jx/events/JXCondition.h"
+#include "jx/events/JXFieldTable.h"
+
+namespace jx {
+
+class JXEvent;
+
+/// Everything that tells one event class from the others, as data: what it is called, what it
+/// writes and what makes it complete. Each class has one, made once and never destroyed.
+struct JXEventClass {
+  std::string_view className;  ///< "JXPurchaseEvent"
+  const JXEventClass* base;    ///< null for JXEvent itself
+  /// The names that events of this class carry: one, or of a video class one for each mode; none
+  /// when the host chooses the name.
+  std::vector<std::string_view> eventNames;
+  /// Names of the modes, in step with `eventNames`; empty for a class without modes.
+  std::vector<std::string_view> modes;
+  /// What this class writes behind what its base writes, in order.
+  const JXFieldTable* written;
+  /// Properties that a host may set although no JSON shows them on this class; null when none.
+  const JXFieldTable* unwritten;
+  /// What makes an event of this class complete, in the order of testing. The base's conditions do
+  /// not count beside them.
+  std::vector<JXCondition> conditions;
+  /// A new event as its initialiser makes it. `mode` is an index into `modes`, `text` the argument
+  /// of an initialiser that takes a name or a video session; both are ignored where none is taken.
+  std::shared_ptr<JXEvent> (*make)(int mode, const JXString& text);
+
+  /// The field with this JSON key, in this class or its bases; null when there is none.
+  const JXFieldInfo* fieldOfKey(std::string_view key) const;
+  /// Gives the property a value, in this class or its bases. Returns what is wrong, empty when
+  /// nothing is; the event is unchanged then.
+  std::string setProperty(JXEvent& event, std::string_view property,
+                          const JXJsonValue& value) const;
+  /// The first condition that the event fails, null when it passes all.
+  const JXCondition* firstFailed(const JXEvent& event) const;
+  /// The condition in words: "items holds no entry".
+  std::string inWords(const JXCondition& condition) const;
+
+ private:
+  JXFieldState stateOfKey(const JXEvent& event, std::string_view key) const;
+  bool holds(const JXCondition& condition, const JXEvent& event) const;
+  std::string_view propertyOfKey(std::string_view key) const;
+};
+
+/// All event classes, bases first. Thread-safe.
+const std::vector<const JXEventClass*>& allEventClasses();
+/// The class of this name, null when there is none.
+const JXEventClass* eventClassNamed(std::string_view className);
+
+}  // namespace jx

@@ -1,0 +1,81 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jx/core/JXAdditionalProperties.h"
+#include "jx/core/json/JXJsonValue.h"
+
+namespace jx {
+
+/// The texts of an enumeration and the names of its members, both indexed by its values.
+struct JXTextTable {
+  const std::string_view* texts = nullptr;    ///< what JSON says: "mid-roll"
+  const std::string_view* members = nullptr;  ///< the name behind the prefix: "MID_ROLL"
+  std::size_t count = 0;
+
+  /// Absent for a value outside the enumeration: nothing is read out of bounds.
+  JXString textOf(int value) const {
+    const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
+    return isInside ? JXString(texts[value]) : JXString();
+  }
+};
+
+/// What a field holds, and so how it stands in JSON.
+enum class JXFieldKind {
+  Text,           ///< a string
+  Number,         ///< an exact decimal, a number
+  Flag,           ///< a boolean, always written
+  Texts,          ///< a list of texts, an array of strings
+  NumberedTexts,  ///< a list of texts, each under the key with its number behind it, from 1
+  Values,         ///< a list of any values, an array
+  Choice,         ///< an enumeration, the text of its value
+  Items,          ///< a list of items, an array of objects
+  Product,        ///< a product, an object
+};
+
+/// One field of a class: its JSON key and its property name, in one place.
+struct JXFieldInfo {
+  std::string_view key;
+  std::string_view property;
+  JXFieldKind kind = JXFieldKind::Text;
+  JXTextTable choices;  ///< of a Choice; else empty
+};
+
+/// What can be asked of a field's value without knowing its type.
+struct JXFieldState {
+  bool isPresent = false;   ///< not absent
+  bool isUsable = false;    ///< a text of at least one character
+  bool hasEntries = false;  ///< a list of at least one element
+};
+
+/// The fields that a class writes, in writing order, seen without the class's type. Whatever
+/// needs the fields (the JSON writer, the replay program, the collector's checks, the catalogue)
+/// reads them here. Immutable; objects that are handed in must be of the table's class.
+class JXFieldTable {
+ public:
+  virtual ~JXFieldTable() = default;
+
+  const std::vector<JXFieldInfo>& fields() const { return fields_; }
+  /// Position of the field with this property name; `npos` when there is none.
+  std::size_t findProperty(std::string_view property) const;
+  std::size_t findKey(std::string_view key) const;
+  static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+
+  /// Writes every field into `dict`, in order.
+  virtual void write(const JXAdditionalProperties& object, JXJsonObject& dict) const = 0;
+  virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
+  /// Gives a field the value; JSON's null sets it to absent. Returns what is wrong with the value,
+  /// empty when nothing is; the object is unchanged then.
+  virtual std::string set(JXAdditionalProperties& object, std::size_t field,
+                          const JXJsonValue& value) const = 0;
+
+ protected:
+  std::vector<JXFieldInfo> fields_;
+};
+
+}  // namespace jx

@@ -1,0 +1,188 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXFieldValue.h"
+
+#include <utility>
+
+#include "jx/core/JXUtils.h"
+#include "jx/events/JXEvent.h"
+#include "jx/events/JXItem.h"
+#include "jx/events/JXProduct.h"
+
+namespace jx::fieldvalue {
+namespace {
+
+using Kind = JXJsonValue::Kind;
+
+bool isNothing(const JXJsonValue& json) {
+  return json.kind() == Kind::Absent || json.kind() == Kind::Null;
+}
+
+// Fills an item or a product from the entries of a JSON object: its fields by their property
+// names, and its additional properties under "parameters".
+template <typename Block>
+std::string readBlock(const JXJsonObject& json, Block& block) {
+  const JXFieldTable& table = Block::fields();
+  for (const JXJsonEntry& entry : json.entries()) {
+    const std::string name = entry.key.toStdString();
+    if (name == "parameters") {
+      if (entry.value.kind() != Kind::Object) return "parameters is no object";
+      block.addAdditionalProperty(entry.value.object());
+      continue;
+    }
+    const std::size_t field = table.findProperty(name);
+    if (field == JXFieldTable::npos) return name + " is no field";
+    const std::string error = table.set(block, field, entry.value);
+    if (!error.empty()) return name + " " + error;
+  }
+  return {};
+}
+
+}  // namespace
+
+void write(const JXString& value, std::string_view key, JXJsonObject& dict) {
+  JXUtils::setString_forKey_onDict(value, key, dict);
+}
+
+void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonObject& dict) {
+  JXUtils::setFloat_forKey_onDict(value, key, dict);
+}
+
+void write(bool value, std::string_view key, JXJsonObject& dict) {
+  JXUtils::setBool_forKey_onDict(value, key, dict);
+}
+
+void write(const JXList<JXString>& value, std::string_view key, JXJsonObject& dict) {
+  if (!value.isPresent()) return;
+  JXJsonArray array;
+  for (const JXString& text : value)
+    array.append(text);
+  JXUtils::setArray_forKey_onDict(array, key, dict);
+}
+
+void write(const JXJsonArray& value, std::string_view key, JXJsonObject& dict) {
+  JXUtils::setArray_forKey_onDict(value, key, dict);
+}
+
+void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonObject& dict) {
+  JXUtils::setArray_forKey_onDict(JXEvent::getItemListAsJson(value), key, dict);
+}
+
+void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonObject& dict) {
+  if (value) JXUtils::setJson_forKey_onDict(value->getJsonObject(), key, dict);
+}
+
+void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonObject& dict) {
+  int number = 0;
+  for (const JXString& text : value) {
+    ++number;
+    JXUtils::setString_forKey_onDict(text, std::string(prefix) + std::to_string(number), dict);
+  }
+}
+
+JXFieldState state(const JXString& value) { return {value.isPresent(), value.testString(), false}; }
+
+JXFieldState state(const std::optional<JXDecimal>& value) {
+  return {value.has_value(), false, false};
+}
+
+JXFieldState state(bool) { return {true, false, false}; }
+
+JXFieldState state(const JXList<JXString>& value) {
+  return {value.isPresent(), false, value.size() != 0};
+}
+
+JXFieldState state(const JXJsonArray& value) {
+  return {value.isPresent(), false, value.size() != 0};
+}
+
+JXFieldState state(const JXList<std::shared_ptr<JXItem>>& value) {
+  return {value.isPresent(), false, value.size() != 0};
+}
+
+JXFieldState state(const std::shared_ptr<JXProduct>& value) {
+  return {value != nullptr, false, false};
+}
+
+std::string read(const JXJsonValue& json, JXString& value) {
+  if (!isNothing(json) && json.kind() != Kind::String) return "is no text";
+  value = json.string();
+  return {};
+}
+
+std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value) {
+  if (isNothing(json)) {
+    value.reset();
+    return {};
+  }
+  if (json.kind() != Kind::Number && json.kind() != Kind::String) return "is no decimal number";
+  const JXDecimal number =
+      JXDecimal::fromString(json.kind() == Kind::Number ? json.numberText() : json.string());
+  if (number.isNotANumber()) return "is no decimal number";
+  value = number;
+  return {};
+}
+
+std::string read(const JXJsonValue& json, bool& value) {
+  if (json.kind() != Kind::Bool) return "is neither true nor false";
+  value = json.boolValue();
+  return {};
+}
+
+std::string read(const JXJsonValue& json, JXList<JXString>& value) {
+  if (isNothing(json)) {
+    value = nullptr;
+    return {};
+  }
+  if (json.kind() != Kind::Array) return "is no list";
+  JXList<JXString> texts;
+  for (const JXJsonValue& element : json.array().values()) {
+    if (!isNothing(element) && element.kind() != Kind::String) return "holds what is no text";
+    texts.append(element.string());
+  }
+  value = texts;
+  return {};
+}
+
+std::string read(const JXJsonValue& json, JXJsonArray& value) {
+  if (!isNothing(json) && json.kind() != Kind::Array) return "is no list";
+  value = json.array();
+  return {};
+}
+
+std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value) {
+  if (isNothing(json)) {
+    value = nullptr;
+    return {};
+  }
+  if (json.kind() != Kind::Array) return "is no list";
+  JXList<std::shared_ptr<JXItem>> items;
+  for (const JXJsonValue& element : json.array().values()) {
+    if (isNothing(element)) {
+      items.append(nullptr);
+      continue;
+    }
+    if (element.kind() != Kind::Object) return "holds what is no item";
+    const std::shared_ptr<JXItem> item = JXItem::init();
+    std::string error = readBlock(element.object(), *item);
+    if (!error.empty()) return "holds an item whose " + error;
+    items.append(item);
+  }
+  value = items;
+  return {};
+}
+
+std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value) {
+  if (isNothing(json)) {
+    value.reset();
+    return {};
+  }
+  if (json.kind() != Kind::Object) return "is no product";
+  const std::shared_ptr<JXProduct> product = JXProduct::init();
+  std::string error = readBlock(json.object(), *product);
+  if (!error.empty()) return "is a product whose " + error;
+  value = product;
+  return {};
+}
+
+}  // namespace jx::fieldvalue

@@ -1,0 +1,140 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "jx/events/JXFieldTable.h"
+#include "jx/events/JXFieldValue.h"
+
+namespace jx {
+
+/// Marks a list of texts that is written as "prefix1", "prefix2" and so on.
+template <typename Owner>
+struct JXNumbered {
+  JXList<JXString> Owner::*member;
+};
+
+/// Marks an enumeration with its texts. Held as an integer, so that a value outside the enumeration
+/// is a value like any other and simply has no text.
+template <typename Owner>
+struct JXChoice {
+  int Owner::*member;
+  JXTextTable texts;
+};
+
+/// The table of a class: one line a field, in writing order, key beside property and member.
+/// ```
+/// static const JXFields<JXSearchEvent> table{{JXE_SEARCHTERM, "searchTerm",
+///                                             &JXSearchEvent::searchTerm_}};
+/// ```
+template <typename Owner>
+class JXFields final : public JXFieldTable {
+ public:
+  using Member = std::variant<JXString Owner::*, std::optional<JXDecimal> Owner::*, bool Owner::*,
+                              JXList<JXString> Owner::*, JXNumbered<Owner>, JXJsonArray Owner::*,
+                              JXChoice<Owner>, JXList<std::shared_ptr<JXItem>> Owner::*,
+                              std::shared_ptr<JXProduct> Owner::*>;
+  struct Field {
+    std::string_view key;
+    std::string_view property;
+    Member member;
+  };
+
+  JXFields(std::initializer_list<Field> fields) {
+    for (const Field& field : fields) {
+      fields_.push_back({field.key, field.property, kindOf(field.member), choicesOf(field.member)});
+      members_.push_back(field.member);
+    }
+  }
+
+  void write(const JXAdditionalProperties& object, JXJsonObject& dict) const override {
+    const Owner& owner = static_cast<const Owner&>(object);
+    for (std::size_t i = 0; i < members_.size(); ++i) {
+      std::visit([&](const auto& member) { writeMember(owner, member, fields_[i].key, dict); },
+                 members_[i]);
+    }
+  }
+
+  JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const override {
+    const Owner& owner = static_cast<const Owner&>(object);
+    return std::visit([&](const auto& member) { return stateOf(owner, member); }, members_[field]);
+  }
+
+  std::string set(JXAdditionalProperties& object, std::size_t field,
+                  const JXJsonValue& value) const override {
+    Owner& owner = static_cast<Owner&>(object);
+    return std::visit([&](const auto& member) { return setMember(owner, member, value); },
+                      members_[field]);
+  }
+
+ private:
+  // The alternatives of Member stand in this order.
+  static JXFieldKind kindOf(const Member& member) {
+    constexpr JXFieldKind kinds[] = {
+        JXFieldKind::Text,   JXFieldKind::Number,        JXFieldKind::Flag,
+        JXFieldKind::Texts,  JXFieldKind::NumberedTexts, JXFieldKind::Values,
+        JXFieldKind::Choice, JXFieldKind::Items,         JXFieldKind::Product};
+    return kinds[member.index()];
+  }
+  static JXTextTable choicesOf(const Member& member) {
+    const auto* choice = std::get_if<JXChoice<Owner>>(&member);
+    return choice != nullptr ? choice->texts : JXTextTable();
+  }
+
+  template <typename T>
+  static void writeMember(const Owner& owner, T Owner::*member, std::string_view key,
+                          JXJsonObject& dict) {
+    fieldvalue::write(owner.*member, key, dict);
+  }
+  static void writeMember(const Owner& owner, const JXNumbered<Owner>& numbered,
+                          std::string_view key, JXJsonObject& dict) {
+    fieldvalue::writeNumbered(owner.*numbered.member, key, dict);
+  }
+  static void writeMember(const Owner& owner, const JXChoice<Owner>& choice, std::string_view key,
+                          JXJsonObject& dict) {
+    fieldvalue::write(choice.texts.textOf(owner.*choice.member), key, dict);
+  }
+
+  template <typename T>
+  static JXFieldState stateOf(const Owner& owner, T Owner::*member) {
+    return fieldvalue::state(owner.*member);
+  }
+  static JXFieldState stateOf(const Owner& owner, const JXNumbered<Owner>& numbered) {
+    return fieldvalue::state(owner.*numbered.member);
+  }
+  static JXFieldState stateOf(const Owner& owner, const JXChoice<Owner>& choice) {
+    return fieldvalue::state(choice.texts.textOf(owner.*choice.member));
+  }
+
+  template <typename T>
+  static std::string setMember(Owner& owner, T Owner::*member, const JXJsonValue& value) {
+    return fieldvalue::read(value, owner.*member);
+  }
+  static std::string setMember(Owner& owner, const JXNumbered<Owner>& numbered,
+                               const JXJsonValue& value) {
+    return fieldvalue::read(value, owner.*numbered.member);
+  }
+  static std::string setMember(Owner& owner, const JXChoice<Owner>& choice,
+                               const JXJsonValue& value) {
+    const JXString text = value.string();
+    for (std::size_t i = 0; i < choice.texts.count; ++i) {
+      if (text.isPresent() && text.view() == choice.texts.members[i]) {
+        owner.*choice.member = static_cast<int>(i);
+        return {};
+      }
+    }
+    return "is no member of the enumeration";
+  }
+
+  std::vector<Member> members_;
+};
+
+}  // namespace jx

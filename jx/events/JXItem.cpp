@@ -1,0 +1,50 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXItem.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+#include "jx/events/JXFields.h"
+
+namespace jx {
+
+std::shared_ptr<JXItem> JXItem::init() {
+  std::shared_ptr<JXItem> item(new JXItem());
+  item->setProduct(JXProduct::init());
+  return item;
+}
+
+std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
+    const JXString& itemId, const std::shared_ptr<JXProduct>& product, std::int32_t quantity) {
+  std::shared_ptr<JXItem> item(new JXItem());
+  item->setProduct(product);
+  item->setID(itemId);
+  item->setQuantity(quantity);
+  return item;
+}
+
+bool JXItem::verifyItem() const {
+  return ID_.testString() && product_ != nullptr && product_->verifyProduct() &&
+         quantity_.has_value();
+}
+
+JXJsonObject JXItem::getJsonObject() const {
+  JXJsonObject dict = getAdditionalProperties().mutableCopy();
+  fields().write(*this, dict);
+  return dict;
+}
+
+const JXFieldTable& JXItem::fields() {
+  static const auto& table = *new JXFields<JXItem>{
+      {JX_ID, "ID", &JXItem::ID_},
+      {JXI_QUANTITY, "quantity", &JXItem::quantity_},
+      {JXI_VARIANT, "variant", &JXItem::variant_},
+      {JXI_LISTPOSITION, "list_position", &JXItem::list_position_},
+      {JXI_DISCOUNT, "discount", &JXItem::discount_},
+      {JXE_COUPON, "coupon", &JXItem::coupon_},
+      {JXI_AFFILIATION, "affiliation", &JXItem::affiliation_},
+      {JXI_PRODUCT, "product", &JXItem::product_},
+  };
+  return table;
+}
+
+}  // namespace jx

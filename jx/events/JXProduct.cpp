@@ -1,0 +1,45 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXProduct.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+#include "jx/events/JXFields.h"
+
+namespace jx {
+
+std::shared_ptr<JXProduct> JXProduct::init() { return std::shared_ptr<JXProduct>(new JXProduct()); }
+
+std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
+    const JXString& productId, const JXString& name, const std::optional<JXDecimal>& price) {
+  std::shared_ptr<JXProduct> product = init();
+  product->setID(productId);
+  product->setName(name);
+  product->setPrice(price);
+  return product;
+}
+
+bool JXProduct::verifyProduct() const {
+  return ID_.testString() && name_.testString() && price_.has_value();
+}
+
+JXJsonObject JXProduct::getJsonObject() const {
+  JXJsonObject dict = getAdditionalProperties().mutableCopy();
+  fields().write(*this, dict);
+  return dict;
+}
+
+const JXFieldTable& JXProduct::fields() {
+  static const auto& table = *new JXFields<JXProduct>{
+      {JX_ID, "ID", &JXProduct::ID_},
+      {JXP_SIZE, "size", &JXProduct::size_},
+      {JXP_NAME, "name", &JXProduct::name_},
+      {JXP_PRICE, "price", &JXProduct::price_},
+      {JXE_CURRENCY, "currency", &JXProduct::currency_},
+      {JXP_CATEGORY_N, "categories", JXNumbered<JXProduct>{&JXProduct::categories_}},
+      {JXP_BRAND, "brand", &JXProduct::brand_},
+      {JXP_COLORS, "colors", &JXProduct::colors_},
+  };
+  return table;
+}
+
+}  // namespace jx
