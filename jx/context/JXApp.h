@@ -1,0 +1,53 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// The application block "app": names and versions of the host application, of this library, of its
+/// core and of the consent configuration. Belongs to the thread that executes events.
+class JXApp final : public JXAdditionalProperties {
+ public:
+  static JXApp& sharedInstance();
+
+  /// An object that is not initialised; hosts use `sharedInstance`.
+  JXApp() = default;
+  /// Fills the fields once per process and returns this object (see `mayInitialise`); an object
+  /// that is made after the shared one comes back as it is.
+  JXApp* init();
+  /// Fills the fields anew.
+  JXApp* reinit();
+
+  /// A new object: the host's additional properties, then the fields over them. The consent version
+  /// is read anew each time, because consent may change at any moment.
+  JXJsonObject getJsonObject();
+
+  const JXString& name() const { return name_; }
+  void setName(const JXString& value) { name_ = value; }
+  const JXString& version() const { return version_; }
+  void setVersion(const JXString& value) { version_ = value; }
+  const JXString& build() const { return build_; }
+  void setBuild(const JXString& value) { build_ = value; }
+  const JXString& nameSpace() const { return nameSpace_; }
+  void setNameSpace(const JXString& value) { nameSpace_ = value; }
+  const JXString& coreVersion() const { return coreVersion_; }
+  void setCoreVersion(const JXString& value) { coreVersion_ = value; }
+  const JXString& serverSideVersion() const { return serverSideVersion_; }
+  void setServerSideVersion(const JXString& value) { serverSideVersion_ = value; }
+  const JXString& consentVersion() const { return consentVersion_; }
+  void setConsentVersion(const JXString& value) { consentVersion_ = value; }
+
+ private:
+  JXString name_;
+  JXString version_;
+  JXString build_;
+  JXString nameSpace_;
+  JXString coreVersion_;
+  JXString serverSideVersion_;
+  JXString consentVersion_;
+};
+
+}  // namespace jx

@@ -1,0 +1,87 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// The lifecycle block inside the device block: where an event stands in the life of the
+/// installation. Copies the predefined variables each time it is serialised; between two times its
+/// fields keep what was copied last. Belongs to the thread that executes events.
+class JXLifecycle final : public JXAdditionalProperties {
+ public:
+  static JXLifecycle& sharedInstance();
+
+  /// An object that is not initialised; hosts use `sharedInstance`.
+  JXLifecycle() = default;
+  /// Returns this object the first time that it is called in a process, and never returns after
+  /// that: a second lifecycle block must not exist.
+  JXLifecycle* init();
+
+  /// Copies the current variables into the fields.
+  void refreshContent();
+  /// A new object with the current values; the host's additional properties come first.
+  JXJsonObject getJsonObject();
+
+  bool firstExecute() const { return firstExecute_; }
+  void setFirstExecute(bool value) { firstExecute_ = value; }
+  bool isFirstVisit() const { return isFirstVisit_; }
+  void setIsFirstVisit(bool value) { isFirstVisit_ = value; }
+  bool isNewSession() const { return isNewSession_; }
+  void setIsNewSession(bool value) { isNewSession_ = value; }
+  const JXString& sessionID() const { return sessionID_; }
+  void setSessionID(const JXString& value) { sessionID_ = value; }
+  // Decimal texts: durations in milliseconds, instants in milliseconds since the Unix epoch.
+  const JXString& sessionDuration() const { return sessionDuration_; }
+  void setSessionDuration(const JXString& value) { sessionDuration_ = value; }
+  const JXString& currentSession() const { return currentSession_; }
+  void setCurrentSession(const JXString& value) { currentSession_ = value; }
+  const JXString& visitNumber() const { return visitNumber_; }
+  void setVisitNumber(const JXString& value) { visitNumber_ = value; }
+  const JXString& currentVisit() const { return currentVisit_; }
+  void setCurrentVisit(const JXString& value) { currentVisit_ = value; }
+  const JXString& currentVersionFirstVisit() const { return currentVersionFirstVisit_; }
+  void setCurrentVersionFirstVisit(const JXString& value) { currentVersionFirstVisit_ = value; }
+  const JXString& sessionNumber() const { return sessionNumber_; }
+  void setSessionNumber(const JXString& value) { sessionNumber_ = value; }
+  const JXString& firstVisit() const { return firstVisit_; }
+  void setFirstVisit(const JXString& value) { firstVisit_ = value; }
+  const JXString& lastVisit() const { return lastVisit_; }
+  void setLastVisit(const JXString& value) { lastVisit_ = value; }
+  const JXString& lastCall() const { return lastCall_; }
+  void setLastCall(const JXString& value) { lastCall_ = value; }
+  const JXString& lastSessionStart() const { return lastSessionStart_; }
+  void setLastSessionStart(const JXString& value) { lastSessionStart_ = value; }
+  const JXString& lastSessionLastHit() const { return lastSessionLastHit_; }
+  void setLastSessionLastHit(const JXString& value) { lastSessionLastHit_ = value; }
+  const JXString& foregroundTransitions() const { return foregroundTransitions_; }
+  void setForegroundTransitions(const JXString& value) { foregroundTransitions_ = value; }
+  const JXString& foregroundTime() const { return foregroundTime_; }
+  void setForegroundTime(const JXString& value) { foregroundTime_ = value; }
+  const JXString& backgroundTime() const { return backgroundTime_; }
+  void setBackgroundTime(const JXString& value) { backgroundTime_ = value; }
+
+ private:
+  bool firstExecute_ = false;
+  bool isFirstVisit_ = false;
+  bool isNewSession_ = false;
+  JXString sessionID_;
+  JXString sessionDuration_;
+  JXString currentSession_;
+  JXString visitNumber_;
+  JXString currentVisit_;
+  JXString currentVersionFirstVisit_;
+  JXString sessionNumber_;
+  JXString firstVisit_;
+  JXString lastVisit_;
+  JXString lastCall_;
+  JXString lastSessionStart_;
+  JXString lastSessionLastHit_;
+  JXString foregroundTransitions_;
+  JXString foregroundTime_;
+  JXString backgroundTime_;
+};
+
+}  // namespace jx
