@@ -1,0 +1,19 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+namespace jx {
+
+/// Brings the library up, in an order that is fixed. Each `ServerSide` makes one; from the second
+/// on, only the core's variables are read into the predefined ones again.
+class JXServerSideInitialisation {
+ public:
+  static std::shared_ptr<JXServerSideInitialisation> init();
+
+ private:
+  JXServerSideInitialisation() = default;
+};
+
+}  // namespace jx

@@ -1,0 +1,51 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+#include "jx/core/JXSingleton.h"
+#include "jx/core/notifications/JXEventSender.h"
+
+namespace jx {
+
+/// Watches the application go to the background and come back, and tells the core. Runs on the
+/// thread that delivers the system's notifications. Made once per process and never destroyed.
+class JXState : public JXSingleton, public IJXEventSenderDelegate {
+ public:
+  static JXState& sharedInstance();
+
+  /// An object that is not initialised; hosts use `sharedInstance`.
+  JXState() = default;
+  ~JXState() override;
+  /// Starts the watch once per process, and returns this object; see `mayInitialise` for a call
+  /// while another runs. Null when the base could not be initialised.
+  JXState* init();
+  /// Runs `init` again: each change of state is then told once more than before.
+  JXState* reinit();
+
+  /// The centre that this object posts on; null is the default one. It keeps hearing the system on
+  /// the default centre.
+  void changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void applicationDidEnterBackground(const JXNotification& notification);
+  void applicationWillEnterForeground(const JXNotification& notification);
+  /// For subclasses: called first, with the notification's object. Does nothing here.
+  virtual void didEnterBackground(const void* application);
+  virtual void willEnterForeground(const void* application);
+
+  /// The current date and time, by the core's clock.
+  std::chrono::system_clock::time_point date() const;
+
+  std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
+  void setSenderDelegate(std::shared_ptr<JXEventSender> sender) {
+    senderDelegate_ = std::move(sender);
+  }
+
+ private:
+  void tellCore(std::string_view notificationName);
+
+  std::shared_ptr<JXEventSender> senderDelegate_;
+};
+
+}  // namespace jx

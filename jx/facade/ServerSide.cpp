@@ -1,0 +1,272 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/facade/ServerSide.h"
+
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "jx/context/JXDevice.h"
+#include "jx/core/JXClassRegistry.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXUser.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/facade/JXPostData.h"
+#include "jx/facade/JXServerSideUtils.h"
+#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/variables/JXServerSideVersion.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kConsentModule = "JXMobileConsent";
+constexpr std::string_view kSetDefaultEventParameters = "setDefaultEventParameters:parameters:";
+constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
+
+void log(std::string_view message, int level) {
+  JXLogger::sharedInstance().logMessage_withLevel(message, level);
+}
+
+// Runs an operation of the interface. Nothing that is thrown in it (memory that runs out, an event
+// class of the host's own) reaches the host.
+template <typename Operation>
+void guarded(const char* name, const Operation& operation) noexcept {
+  try {
+    operation();
+  } catch (const std::exception& error) {
+    try {
+      log(std::string(name) + " failed: " + error.what(), 3);
+    } catch (...) {
+      log(name, 3);
+    }
+  } catch (...) {
+    log(name, 3);
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<ServerSide> ServerSide::initWithSiteID_andSourceKey(std::int32_t siteID,
+                                                                    const JXString& sourceKey) {
+  return initWithSiteID_andSourceKey_andDefaultBehaviour(siteID, sourceKey,
+                                                         EJXDefaultBehaviour_DEFAULT);
+}
+
+std::shared_ptr<ServerSide> ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(
+    std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour) {
+  return initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
+      siteID, sourceKey, defaultBehaviour, nullptr);
+}
+
+std::shared_ptr<ServerSide> ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(
+    std::int32_t siteID, const JXString& sourceKey,
+    std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+  return initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
+      siteID, sourceKey, EJXDefaultBehaviour_DEFAULT, std::move(firebaseInstance));
+}
+
+std::shared_ptr<ServerSide>
+ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
+    std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour,
+    std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+  return initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
+      siteID, sourceKey, nullptr, defaultBehaviour, std::move(firebaseInstance));
+}
+
+std::shared_ptr<ServerSide>
+ServerSide::initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
+    std::int32_t siteID, const JXString& sourceKey, std::shared_ptr<JXNotificationCenter> center,
+    std::int32_t defaultBehaviour, std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+  std::shared_ptr<ServerSide> made(new ServerSide());
+  guarded("The start of the Server-Side SDK", [&] {
+    made->start(siteID, sourceKey, std::move(center), defaultBehaviour,
+                std::move(firebaseInstance));
+  });
+  return made;
+}
+
+void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
+                       std::shared_ptr<JXNotificationCenter> center, std::int32_t defaultBehaviour,
+                       std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+  initialisation_ = JXServerSideInitialisation::init();
+  log("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);
+  const std::string site = std::to_string(siteID);
+  if (siteID != 0) log("Server-Side SDK init with siteID " + site, 4);
+  if (!sourceKey.testString()) {
+    log("Server-Side SDK init without a source key: its events carry an empty token", 3);
+  }
+  defaultBehaviour_ = defaultBehaviour;
+  url_ = JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
+         "/events?jx_s=" + site + "&token=" + sourceKey.toStdString();
+  permanentStore_ = JXDynamicStore::init();
+  decideStartState();
+  senderDelegate_ = JXEventSender::init();
+  senderDelegate_->setParent(this);
+  listenerDelegate_ = JXEventListener::init();
+  listenerDelegate_->setParent(this);
+  firebaseInstance_ = std::move(firebaseInstance);
+  setDeveloperIdForFirebaseInstance();
+  listenerDelegate_->listen(kJXNotification_EnablingTheServerSide);
+  listenerDelegate_->listen(kJXNotification_StoppingTheServerSide);
+  changeNotificationCenter(std::move(center));
+  siteID_ = siteID;
+}
+
+void ServerSide::decideStartState() {
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+  if (defaultBehaviour_ == EJXDefaultBehaviour_DISABLED_BY_DEFAULT) {
+    serverSideState_ = EJXServerSideState_DISABLED;
+    manager.setManagerState(2);
+    manager.changingSDKBehaviour(false);
+    log("Starting Server-Side SDK as 'Disabled by default'", 5);
+  } else if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) {
+    serverSideState_ = EJXServerSideState_ENABLED;
+    manager.setManagerState(1);
+    manager.changingSDKBehaviour(true);
+    log("Starting Server-Side SDK as 'Always Enabled'", 5);
+  } else if (JXClassRegistry::sharedInstance().hasClass(kConsentModule)) {
+    log("Starting Server-Side SDK and waiting for consent", 5);
+    serverSideState_ = EJXServerSideState_WAITING_FOR_CONSENT;
+  } else {
+    log("Starting Server-Side SDK", 5);
+    serverSideState_ = EJXServerSideState_ENABLED;
+  }
+}
+
+ServerSide::~ServerSide() {
+  JXNotificationCenter::defaultCenter()->removeObserver(this);
+  // The host may keep either of them longer than this object.
+  if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
+  if (senderDelegate_) senderDelegate_->setParent(nullptr);
+}
+
+void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
+  if (serverSideState_ == EJXServerSideState_DISABLED) return;
+  if (!event) {
+    log("An absent event was given to execute", 3);
+    return;
+  }
+  guarded("Sending an event", [&] { send(*event); });
+}
+
+void ServerSide::send(JXEvent& event) {
+  JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
+  variables.firstExecute();
+  variables.computeTimeChangingVariables();
+  const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
+  if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
+  if (permanentStore_) event.addAdditionalProperty(*permanentStore_);
+  const JXString body = JXPostData::getPostParameters_withServerSideState(event, serverSideState_);
+  if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
+  JXJsonObject userInfo;
+  userInfo.set(kJXUserInfo_URLKey, url_);
+  userInfo.set(kJXUserInfo_POSTData, body);
+  if (senderDelegate_) senderDelegate_->send({kJXNotification_HTTPRequest, this, userInfo});
+  variables.resetNewSession();
+  mirrorToFirebase(event);
+}
+
+void ServerSide::mirrorToFirebase(const JXEvent& event) {
+  if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kLogEvent)) return;
+  firebaseInstance_->performOperation(kLogEvent, event.name(),
+                                      JXServerSideUtils::eventPropertiesToDictionary(event));
+}
+
+void ServerSide::addPermanentData_withValue(const JXString& key, const JXJsonValue& value) {
+  guarded("Adding permanent data", [&] {
+    if (permanentStore_) permanentStore_->addData_withValue(key, value);
+  });
+}
+
+JXJsonValue ServerSide::getPermanentData(const JXString& key) const {
+  return permanentStore_ ? permanentStore_->getData(key) : JXJsonValue();
+}
+
+JXJsonValue ServerSide::removePermanentData(const JXString& key) {
+  return permanentStore_ ? permanentStore_->removeData(key) : JXJsonValue();
+}
+
+void ServerSide::waitForUserAgent() {
+  guarded("Waiting for the user agent",
+          [] { JXNetworkManager::sharedInstance().waitForUserAgent(); });
+}
+
+void ServerSide::enableRunningInBackground() {
+  guarded("Enabling running in background", [] {
+    JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
+    JXNetworkManager::sharedInstance().enableRunningInBackground();
+    log("Server-Side SDK is now enabled to run in background", 5);
+  });
+}
+
+void ServerSide::enableServerSide() {
+  guarded("Enabling the Server-Side SDK", [this] {
+    JXJsonObject userInfo;
+    userInfo.set(kJXUserInfo_POSTData, JXUser::sharedInstance().getJsonObject());
+    if (senderDelegate_) {
+      senderDelegate_->send({kJXNotification_EnablingTheServerSide, this, userInfo});
+    }
+  });
+}
+
+void ServerSide::disableServerSide() {
+  if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
+  guarded("Disabling the Server-Side SDK", [this] {
+    if (senderDelegate_) {
+      senderDelegate_->send({kJXNotification_StoppingTheServerSide, this, nullptr});
+    }
+  });
+}
+
+void ServerSide::addAdvertisingIDs() {
+  guarded("Adding the advertising identifiers", [this] {
+    JXCoreVariables::sharedInstance().setIDFV();
+    setAdvertisingTrackingEnabled();  // stores the permission that the next step reads
+    setIDFA();
+    JXDevice::sharedInstance().setAdvertisingIds();
+  });
+}
+
+void ServerSide::setAdvertisingTrackingEnabled() {
+  const bool isAllowed = JXCoreServices::sharedInstance().platform().isAdvertisingTrackingAllowed();
+  JXCoreVariables::sharedInstance().addData_withValue(kJXPredefinedVariable_isTrackingEnabled,
+                                                      isAllowed ? "1" : "0");
+}
+
+void ServerSide::setIDFA() {
+  JXCoreVariables& variables = JXCoreVariables::sharedInstance();
+  JXString identifier = STATIC_IDFA;
+  if (variables.getData(kJXPredefinedVariable_isTrackingEnabled) == JXString("1")) {
+    identifier = JXCoreServices::sharedInstance().platform().advertisingIdentifier();
+  }
+  variables.addData_withValue(kJXPredefinedVariable_IDFA, identifier);
+}
+
+void ServerSide::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
+  if (senderDelegate_) senderDelegate_->setNotificationCenter(std::move(center));
+}
+
+void ServerSide::onNotificationReceived(const JXNotification& notification) {
+  if (notification.name.view() == kJXNotification_StoppingTheServerSide) {
+    // Refused here as well as in disableServerSide, because others post it too.
+    if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
+    serverSideState_ = EJXServerSideState_DISABLED;
+    log("Server-Side SDK is now deactivated", 5);
+  } else if (notification.name.view() == kJXNotification_EnablingTheServerSide) {
+    serverSideState_ = EJXServerSideState_ENABLED;
+    log("Server-Side SDK is now activated", 5);
+  }
+}
+
+void ServerSide::setDeveloperIdForFirebaseInstance() {
+  if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kSetDefaultEventParameters)) {
+    return;
+  }
+  firebaseInstance_->performOperation(kSetDefaultEventParameters, "developer_id",
+                                      JX_GCM_DEVELOPER_ID);
+}
+
+}  // namespace jx
