@@ -1,0 +1,12 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+
+namespace jx::bench {
+
+/// How often this thread has called operator new since it started.
+std::uint64_t allocationsOfThisThread();
+
+}  // namespace jx::bench

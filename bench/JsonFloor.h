@@ -1,0 +1,46 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jx::bench {
+
+/// The floor under building a body: a JSON text taken apart into its writer calls, which are then
+/// made again as a program would that has every value at hand.
+class JsonFloor {
+ public:
+  explicit JsonFloor(std::string_view json);
+  /// Writes the text with RapidJSON's pretty writer; returns its length.
+  std::size_t write() const;
+  /// The text that `write` makes.
+  std::string text() const;
+
+ private:
+  struct Step {
+    enum class Kind {
+      Key,
+      String,
+      Number,
+      Bool,
+      Null,
+      StartObject,
+      EndObject,
+      StartArray,
+      EndArray
+    };
+    Kind kind;
+    bool flag;
+    std::string text;
+  };
+  struct Recorder;
+  template <typename Writer>
+  void replay(Writer& writer) const;
+
+  std::vector<Step> steps_;
+};
+
+}  // namespace jx::bench
