@@ -37,8 +37,9 @@ struct JXDelivery {
 };
 
 /// Called on the transfer thread, once per request, after the request has left the queue. May call
-/// any JXNetworkManager operation but `flush`. What it throws is dropped. Not called any more once
-/// the process is ending.
+/// any JXNetworkManager operation; a `flush` in it does not wait. Dropped is told for a request
+/// that the queue did not take; those that the bounds displaced or a purge removed are only
+/// counted. What it throws is dropped. Not called any more once the process is ending.
 using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 
 /// Counts since the start of this process, and what is held now.

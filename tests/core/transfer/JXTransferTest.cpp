@@ -272,15 +272,14 @@ TEST_F(Transfer, AFlushWaitsOutAPauseThatTheReceiverAskedFor) {
   EXPECT_EQ(1u, server.requests().size());
 }
 
-TEST_F(Transfer, AFlushShortensABackOffPause) {
-  setup.timings.firstPause = 1h;
+TEST_F(Transfer, AFlushDoesNotTryAgainBeforeTheFirstPauseHasPassed) {
+  setup.timings.firstPause = 10min;
   setup.timings.longestPause = 1h;
   setup.draw = [] { return 0.9; };
   auto offset = std::make_shared<std::atomic<int>>(0);
   setup.steadyNow = [offset] {
     return std::chrono::steady_clock::now() + std::chrono::hours(offset->load());
   };
-  setup.timings.firstPause = 10min;
   server.answerNext(told(Manner::Whole, 500));
   server.answerNext(told(Manner::Whole, 500));
   start();
