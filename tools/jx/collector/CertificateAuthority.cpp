@@ -1,0 +1,173 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/CertificateAuthority.h"
+
+#include <openssl/x509v3.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "tools/jx/AtomicFile.h"
+#include "tools/jx/collector/Certificates.h"
+
+namespace jx {
+namespace {
+
+constexpr std::time_t kDay = 24 * 60 * 60;
+// The clocks of TV sets are often behind.
+constexpr std::time_t kClockSkew = kDay;
+constexpr std::time_t kAuthorityValidity = 3650 * kDay;
+// Some systems refuse server certificates that are valid for more than 397 days altogether.
+constexpr std::time_t kServerValidity = 395 * kDay;
+constexpr std::time_t kRenewBefore = 30 * kDay;
+
+constexpr const char* kHowToReplace =
+    "; put the right files back, or move ca.pem and ca.key away to make a new authority that "
+    "every device must then be told to trust";
+
+bool mayBeReadByOthers(const std::filesystem::path& file) {
+  struct stat status {};
+  return ::stat(file.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
+}
+
+bool keyBelongsTo(const KeyHandle& key, const CertificateHandle& certificate) {
+  return key && certificate && X509_check_private_key(certificate.get(), key.get()) == 1;
+}
+
+}  // namespace
+
+CertificateAuthority::CertificateAuthority(std::filesystem::path folder,
+                                           std::vector<std::string> names, std::time_t now)
+    : folder_(std::move(folder)), names_(std::move(names)), now_(now) {}
+
+Outcome<CertificateAuthority> CertificateAuthority::open(const std::filesystem::path& folder,
+                                                         std::vector<std::string> names,
+                                                         std::time_t now) {
+  CertificateAuthority authority(folder, std::move(names), now);
+  if (const Done made = authority.loadOrMakeAuthority(); !made) return made.failure();
+  if (const Done made = authority.loadOrMakeServer(); !made) return made.failure();
+  return authority;
+}
+
+Done CertificateAuthority::loadOrMakeAuthority() {
+  std::error_code ignored;
+  const bool hasCertificate = std::filesystem::exists(certificateFile(), ignored);
+  const bool hasKey = std::filesystem::exists(folder_ / "ca.key", ignored);
+  if (!hasCertificate && !hasKey) return makeAuthority();
+  if (!hasCertificate || !hasKey) {
+    const std::string missing = hasKey ? "ca.pem" : "ca.key";
+    return Failure{"the certificate authority in " + folder_.string() + " has lost " + missing +
+                   kHowToReplace};
+  }
+  return loadAuthority();
+}
+
+Done CertificateAuthority::makeAuthority() {
+  CertificateText text;
+  text.commonName = "jx collector (this machine only)";
+  text.notBefore = now_ - kClockSkew;
+  text.notAfter = now_ + kAuthorityValidity;
+  key_ = makePrivateKey();
+  if (key_) certificate_ = makeAuthorityCertificate(text, *key_);
+  if (!certificate_) return Failure{"OpenSSL could not make a certificate authority"};
+  certificatePem_ = pemOf(*certificate_);
+  if (const Done kept = writeFileAtomically(folder_ / "ca.key", pemOf(*key_), 0600); !kept) {
+    return kept;
+  }
+  return writeFileAtomically(certificateFile(), certificatePem_, 0644);
+}
+
+Done CertificateAuthority::loadAuthority() {
+  const Outcome<std::string> certificate = readWholeFile(certificateFile());
+  if (!certificate) return certificate.failure();
+  const Outcome<std::string> key = readWholeFile(folder_ / "ca.key");
+  if (!key) return key.failure();
+  certificatePem_ = *certificate;
+  certificate_ = certificateFromPem(*certificate);
+  key_ = privateKeyFromPem(*key);
+  return checkAuthority();
+}
+
+Done CertificateAuthority::checkAuthority() const {
+  const std::string where = folder_.string();
+  if (!certificate_) return Failure{where + "/ca.pem holds no certificate" + kHowToReplace};
+  if (!key_) return Failure{where + "/ca.key holds no private key" + kHowToReplace};
+  if (!keyBelongsTo(key_, certificate_)) {
+    return Failure{where + "/ca.key is not the key of ca.pem" + kHowToReplace};
+  }
+  if (X509_check_ca(certificate_.get()) != 1) {
+    return Failure{where + "/ca.pem is not the certificate of an authority" + kHowToReplace};
+  }
+  if (mayBeReadByOthers(folder_ / "ca.key")) {
+    return Failure{where + "/ca.key may be read by others; chmod 600 it if it is still secret"};
+  }
+  if (notAfter(*certificate_) <= now_ + kDay) {
+    return Failure{where + "/ca.pem has come to its end" + kHowToReplace};
+  }
+  return done();
+}
+
+Done CertificateAuthority::loadOrMakeServer() {
+  if (loadServer() && serverStillServes()) return done();
+  return makeServer();
+}
+
+bool CertificateAuthority::loadServer() {
+  const Outcome<std::string> certificate = readWholeFile(folder_ / "server.pem");
+  const Outcome<std::string> key = readWholeFile(folder_ / "server.key");
+  if (!certificate || !key) return false;
+  serverCertificate_ = certificateFromPem(*certificate);
+  serverKey_ = privateKeyFromPem(*key);
+  return keyBelongsTo(serverKey_, serverCertificate_);
+}
+
+bool CertificateAuthority::serverStillServes() const {
+  X509* const server = serverCertificate_.get();
+  if (X509_check_issued(certificate_.get(), server) != X509_V_OK) return false;
+  if (X509_verify(server, key_.get()) != 1) return false;
+  if (notAfter(*server) < now_ + kRenewBefore) return false;
+  using Names = std::unique_ptr<GENERAL_NAMES, OpenSslRelease<GENERAL_NAMES_free>>;
+  const Names held(static_cast<GENERAL_NAMES*>(
+      X509_get_ext_d2i(server, NID_subject_alt_name, nullptr, nullptr)));
+  if (!held || static_cast<std::size_t>(sk_GENERAL_NAME_num(held.get())) != names_.size()) {
+    return false;
+  }
+  return std::all_of(names_.begin(), names_.end(), [server](const std::string& name) {
+    if (isIpAddress(name)) return X509_check_ip_asc(server, name.c_str(), 0) == 1;
+    return X509_check_host(server, name.c_str(), name.size(), 0, nullptr) == 1;
+  });
+}
+
+Done CertificateAuthority::makeServer() {
+  CertificateText text;
+  text.commonName = names_.front();
+  text.notBefore = now_ - kClockSkew;
+  text.notAfter = std::min(now_ + kServerValidity, notAfter(*certificate_));
+  text.names = names_;
+  serverKey_ = makePrivateKey();
+  serverCertificate_ =
+      serverKey_ ? makeServerCertificate(text, *serverKey_, *certificate_, *key_) : nullptr;
+  if (!serverCertificate_) return Failure{"OpenSSL could not make a server certificate"};
+  if (const Done kept = writeFileAtomically(folder_ / "server.key", pemOf(*serverKey_), 0600);
+      !kept) {
+    return kept;
+  }
+  return writeFileAtomically(folder_ / "server.pem", pemOf(*serverCertificate_), 0644);
+}
+
+Outcome<SslContextHandle> CertificateAuthority::makeServerContext() const {
+  SslContextHandle context(SSL_CTX_new(TLS_server_method()));
+  const bool complete = context &&
+                        SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION) == 1 &&
+                        SSL_CTX_use_certificate(context.get(), serverCertificate_.get()) == 1 &&
+                        SSL_CTX_use_PrivateKey(context.get(), serverKey_.get()) == 1;
+  if (!complete) return Failure{"OpenSSL could not use the server certificate"};
+  // The connection code writes whole buffers and repeats a write from the same place.
+  SSL_CTX_set_mode(context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE |
+                                      SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER |
+                                      SSL_MODE_RELEASE_BUFFERS);
+  return context;
+}
+
+}  // namespace jx

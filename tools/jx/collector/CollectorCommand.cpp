@@ -1,0 +1,151 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/CollectorCommand.h"
+
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+#include "tools/jx/AtomicFile.h"
+#include "tools/jx/ExitStatus.h"
+#include "tools/jx/TerminationSignals.h"
+#include "tools/jx/collector/Certificates.h"
+#include "tools/jx/collector/Utf8.h"
+
+namespace jx {
+namespace {
+
+constexpr rlim_t kDescriptors = 8192;
+
+// The usual 1,024 descriptors would bound the connections below what the servers allow.
+void raiseDescriptorLimit() {
+  rlimit limit{};
+  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= kDescriptors) return;
+  limit.rlim_cur = std::min(kDescriptors, limit.rlim_max);
+  ::setrlimit(RLIMIT_NOFILE, &limit);
+}
+
+int fail(const Failure& failure) {
+  std::fprintf(stderr, "jx collector: %s\n", failure.text.c_str());
+  return kExitFailure;
+}
+
+std::string quotedForShell(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text)
+    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
+}
+
+std::string shownHost(const std::string& address) {
+  const bool isLocal =
+      address == "127.0.0.1" || address == "::1" || address == "0.0.0.0" || address == "::";
+  if (isLocal) return "localhost";
+  return address.find(':') == std::string::npos ? address : "[" + address + "]";
+}
+
+void printWhereabouts(const CollectorOptions& options, const CollectorServer& server) {
+  const std::string ca = server.authorityFile().string();
+  std::printf("Events go to  https://%s:%d/events\n",
+              shownHost(options.settings.eventsAddress).c_str(), server.eventsPort());
+  std::printf("See them at   http://%s:%d/\n", shownHost(options.settings.webAddress).c_str(),
+              server.webPort());
+  std::printf("CA file       %s\n", ca.c_str());
+  std::printf(
+      "Trust it      sudo install -m 644 %s /usr/local/share/ca-certificates/jx-collector.crt && "
+      "sudo update-ca-certificates\n",
+      quotedForShell(ca).c_str());
+  std::printf("Ctrl-C ends the collector.\n");
+  std::fflush(stdout);
+}
+
+std::string portsJson(const CollectorServer& server) {
+  rapidjson::StringBuffer buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+  const std::string ca = toUtf8(server.authorityFile().string());
+  writer.StartObject();
+  writer.Key("events_port");
+  writer.Int(server.eventsPort());
+  writer.Key("web_port");
+  writer.Int(server.webPort());
+  writer.Key("ca");
+  writer.String(ca.data(), static_cast<rapidjson::SizeType>(ca.size()));
+  writer.Key("pid");
+  writer.Int(static_cast<int>(::getpid()));
+  writer.EndObject();
+  return std::string(buffer.GetString(), buffer.GetSize()) + "\n";
+}
+
+void addOptions(CLI::App& command, CollectorOptions& options) {
+  CollectorSettings& settings = options.settings;
+  const CLI::Range ports(0, 65535);
+  const CLI::Validator certifiable(
+      [](std::string& name) {
+        return isCertifiableName(name) ? std::string() : name + " is no host name or IP address";
+      },
+      "NAME");
+  command.add_option("--state", settings.stateFolder,
+                     "Folder for the certificates and the events "
+                     "(default: $XDG_STATE_HOME/jx-collector or ~/.local/state/jx-collector)");
+  command.add_option("--port", settings.eventsPort, "HTTPS port for events; 0 takes any")
+      ->check(ports)
+      ->capture_default_str();
+  command.add_option("--listen", settings.eventsAddress, "Address to listen on for events")
+      ->capture_default_str();
+  command.add_option("--web-port", settings.webPort, "HTTP port of the page; 0 takes any")
+      ->check(ports)
+      ->capture_default_str();
+  command.add_option("--web-listen", settings.webAddress, "Address to listen on for the page")
+      ->capture_default_str();
+  command
+      .add_option("--name", settings.names,
+                  "A further name or IP address of this machine, for its certificate")
+      ->check(certifiable)
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  command.add_option("--max-events", settings.maxEvents, "How many events are kept")
+      ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000'000}))
+      ->capture_default_str();
+  command.add_option("--ports-file", options.portsFile,
+                     "Write the ports, the CA file and the process id here, as JSON, when ready");
+}
+
+}  // namespace
+
+int runCollector(const CollectorOptions& options) {
+  const TerminationSignals termination;
+  raiseDescriptorLimit();
+  CollectorSettings settings = options.settings;
+  if (settings.stateFolder.empty()) {
+    const Outcome<std::filesystem::path> folder = StateFolder::defaultPath();
+    if (!folder) return fail(folder.failure());
+    settings.stateFolder = *folder;
+  }
+  std::error_code ignored;
+  const std::filesystem::path absolute = std::filesystem::absolute(settings.stateFolder, ignored);
+  if (!absolute.empty()) settings.stateFolder = absolute;
+  const Outcome<std::unique_ptr<CollectorServer>> server = CollectorServer::start(settings);
+  if (!server) return fail(server.failure());
+  if (!options.portsFile.empty()) {
+    const Done written = writeFileAtomically(options.portsFile, portsJson(**server), 0644);
+    if (!written) return fail(written.failure());
+  }
+  printWhereabouts(options, **server);
+  termination.wait();
+  return kExitOk;
+}
+
+void addCollectorCommand(CLI::App& app, int& exitStatus) {
+  const auto options = std::make_shared<CollectorOptions>();
+  CLI::App* const command = app.add_subcommand(
+      "collector", "Receive events over HTTPS, keep them, and show them on a page");
+  addOptions(*command, *options);
+  command->callback([options, &exitStatus] { exitStatus = runCollector(*options); });
+}
+
+}  // namespace jx

@@ -1,0 +1,81 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/CollectorServer.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "tools/jx/collector/Certificates.h"
+
+namespace jx {
+namespace {
+
+std::string hostName() {
+  std::array<char, 256> name{};
+  if (::gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
+
+bool isWildcard(const std::string& address) { return address == "0.0.0.0" || address == "::"; }
+
+// In a fixed order and each once, so that the same settings give the same certificate.
+std::vector<std::string> allNames(const CollectorSettings& settings) {
+  std::vector<std::string> names{"localhost", "127.0.0.1", "::1"};
+  std::vector<std::string> further{hostName()};
+  if (!isWildcard(settings.eventsAddress)) further.push_back(settings.eventsAddress);
+  further.insert(further.end(), settings.names.begin(), settings.names.end());
+  for (const std::string& name : further) {
+    const bool isNew = std::find(names.begin(), names.end(), name) == names.end();
+    if (isNew && isCertifiableName(name)) names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace
+
+CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority authority,
+                                 std::unique_ptr<EventStore> store, SslContextHandle tls,
+                                 std::vector<std::string> names)
+    : folder_(std::move(folder)),
+      authority_(std::move(authority)),
+      store_(std::move(store)),
+      intake_(*store_),
+      api_(*store_, authority_.certificatePem(), std::move(names)),
+      eventsServer_(std::move(tls)) {
+  intake_.install(eventsServer_);
+  api_.install(webServer_);
+}
+
+CollectorServer::~CollectorServer() {
+  eventsServer_.stopServing();
+  webServer_.stopServing();
+}
+
+Outcome<std::unique_ptr<CollectorServer>> CollectorServer::start(
+    const CollectorSettings& settings) {
+  Outcome<StateFolder> folder = StateFolder::open(settings.stateFolder);
+  if (!folder) return folder.failure();
+  std::vector<std::string> names = allNames(settings);
+  Outcome<CertificateAuthority> authority =
+      CertificateAuthority::open(folder->path(), names, std::time(nullptr));
+  if (!authority) return authority.failure();
+  Outcome<SslContextHandle> tls = authority->makeServerContext();
+  if (!tls) return tls.failure();
+  Outcome<std::unique_ptr<EventStore>> store =
+      EventStore::open(folder->path() / "events.db", settings.maxEvents);
+  if (!store) return store.failure();
+
+  std::unique_ptr<CollectorServer> server(
+      new CollectorServer(std::move(*folder), std::move(*authority), std::move(*store),
+                          std::move(*tls), std::move(names)));
+  const Done events = server->eventsServer_.start(settings.eventsAddress, settings.eventsPort);
+  if (!events) return events.failure();
+  const Done web = server->webServer_.start(settings.webAddress, settings.webPort);
+  if (!web) return web.failure();
+  return server;
+}
+
+}  // namespace jx

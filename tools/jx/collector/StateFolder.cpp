@@ -1,0 +1,67 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/StateFolder.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace jx {
+namespace {
+
+constexpr mode_t kOwnerOnly = 0700;
+
+}  // namespace
+
+StateFolder::StateFolder(std::filesystem::path path, int lock)
+    : path_(std::move(path)), lock_(lock) {}
+
+StateFolder::StateFolder(StateFolder&& other) noexcept
+    : path_(std::move(other.path_)), lock_(std::exchange(other.lock_, -1)) {}
+
+StateFolder& StateFolder::operator=(StateFolder&& other) noexcept {
+  std::swap(path_, other.path_);
+  std::swap(lock_, other.lock_);
+  return *this;
+}
+
+StateFolder::~StateFolder() {
+  if (lock_ >= 0) ::close(lock_);
+}
+
+Outcome<StateFolder> StateFolder::open(const std::filesystem::path& path) {
+  const std::string text = path.string();
+  std::error_code error;
+  if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
+  if (!error && ::mkdir(path.c_str(), kOwnerOnly) != 0 && errno != EEXIST) {
+    error.assign(errno, std::generic_category());
+  }
+  if (error) return Failure{"cannot make the state folder " + text + ": " + error.message()};
+  const std::string lockFile = (path / "lock").string();
+  const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (lock < 0) {
+    return Failure{"cannot write to the state folder " + text + ": " + std::strerror(errno)};
+  }
+  if (::flock(lock, LOCK_EX | LOCK_NB) == 0) return StateFolder(path, lock);
+  ::close(lock);
+  return Failure{"the state folder " + text + " is in use by another collector"};
+}
+
+Outcome<std::filesystem::path> StateFolder::defaultPath() {
+  const char* const state = std::getenv("XDG_STATE_HOME");
+  // A relative one is to be ignored, says the rule for these variables.
+  if (state != nullptr && state[0] == '/') return std::filesystem::path(state) / "jx-collector";
+  const char* const home = std::getenv("HOME");
+  if (home == nullptr || home[0] != '/') {
+    return Failure{"no home folder to keep the collector's state in; name one with --state"};
+  }
+  return std::filesystem::path(home) / ".local/state/jx-collector";
+}
+
+}  // namespace jx
