@@ -64,6 +64,7 @@ bool ConnectionStream::open() {
 
 bool ConnectionStream::awaitRequest() {
   head_.clear();
+  received_ = 0;
   inHead_ = true;
   if (broken_ || stop_.isRaised()) return false;
   deadline_ = Clock::now() + limits_.idle;
@@ -84,12 +85,19 @@ void ConnectionStream::sayGoodbye() {
 }
 
 void ConnectionStream::drain() {
+  if (broken_) return;
   deadline_ = Clock::now() + limits_.lingering;
   silence_ = limits_.lingering;
   inHead_ = false;
   // Below TLS: what comes is thrown away.
-  while (transferPlain(::recv(fd_, buffer_.data(), buffer_.size(), 0), POLLIN) != 0 && !broken_) {
+  while (!broken_ && Clock::now() < effectiveDeadline()) {
+    if (transferPlain(::recv(fd_, buffer_.data(), buffer_.size(), 0), POLLIN) == 0) return;
   }
+}
+
+void ConnectionStream::endHead() {
+  inHead_ = false;
+  received_ = 0;
 }
 
 bool ConnectionStream::is_readable() const { return !broken_ && !isExhausted(); }
@@ -105,13 +113,10 @@ ssize_t ConnectionStream::read(char* ptr, size_t size) {
   const std::size_t count = std::min(size, filled_ - position_);
   std::memcpy(ptr, buffer_.data() + position_, count);
   position_ += count;
-  if (inHead_) {
-    if (head_.size() + count > limits_.headBytes) {
-      broken_ = true;
-      return -1;
-    }
-    head_.append(ptr, count);
-  }
+  received_ += count;
+  broken_ = received_ > (inHead_ ? limits_.headBytes : limits_.bodyWireBytes());
+  if (broken_) return -1;
+  if (inHead_) head_.append(ptr, count);
   return static_cast<ssize_t>(count);
 }
 
@@ -149,7 +154,9 @@ void ConnectionStream::get_local_ip_and_port(std::string& ip, int& port) const {
 bool ConnectionStream::fill() {
   position_ = 0;
   filled_ = 0;
-  const ssize_t count = readSome(buffer_.data(), buffer_.size());
+  // Asked here too, because a client that never lets the server wait has a time limit as well.
+  const bool isLate = Clock::now() > effectiveDeadline();
+  const ssize_t count = isLate ? -1 : readSome(buffer_.data(), buffer_.size());
   if (count < 0) broken_ = true;
   if (count <= 0) return false;
   filled_ = static_cast<std::size_t>(count);

@@ -34,7 +34,7 @@ class ConnectionStream final : public httplib::Stream {
   /// From awaitRequest() on, what is read is kept as the request's head, within its limit.
   const std::string& head() const { return head_; }
   /// What is read from now on belongs to the body.
-  void endHead() { inHead_ = false; }
+  void endHead();
   /// True when reading or writing failed: nothing more can be said on this connection.
   bool isBroken() const { return broken_; }
   /// Tells the client that nothing more will come.
@@ -74,6 +74,7 @@ class ConnectionStream final : public httplib::Stream {
   std::size_t position_ = 0;
   std::size_t filled_ = 0;
   std::string head_;
+  std::size_t received_ = 0;  // of the head, or of the body
   bool inHead_ = false;
   bool broken_ = false;
   Clock::time_point deadline_;

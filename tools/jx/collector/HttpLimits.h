@@ -12,6 +12,8 @@ struct HttpLimits {
   std::size_t headBytes = std::size_t{256} * 1024;
   std::size_t bodyBytes = std::size_t{16} * 1024 * 1024;
   std::size_t pathBytes = 1024;
+  /// A body as it travels: chunks have a frame, which must not be without bounds either.
+  std::size_t bodyWireBytes() const { return 2 * bodyBytes + headBytes; }
 
   std::chrono::milliseconds handshake{10'000};
   std::chrono::milliseconds idle{30'000};      ///< between two requests
@@ -20,7 +22,7 @@ struct HttpLimits {
   std::chrono::milliseconds lingering{2'000};  ///< reading on after a refusal, so that it arrives
   std::chrono::milliseconds stopGrace{1'000};  ///< for what is in flight when the server stops
 
-  std::size_t threads = 512;       ///< a connection takes one while it is open
+  std::size_t threads = 1024;      ///< a connection takes one while it is open
   std::size_t connections = 4096;  ///< open or waiting for a thread; further ones are not accepted
 };
 

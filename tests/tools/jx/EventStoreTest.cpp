@@ -1,0 +1,270 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/EventStore.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <thread>
+
+#include "tests/tools/jx/ScratchFolder.h"
+
+namespace jx {
+namespace {
+
+ReceivedRequest requestWith(const std::string& body, std::int64_t receivedMs = 1000) {
+  ReceivedRequest request;
+  request.receivedMs = receivedMs;
+  request.method = "POST";
+  request.path = "/events";
+  request.query = "jx_s=7&token=key";
+  request.headers = {{"Content-Type", "application/json"}, {"X-Twice", "a"}, {"X-Twice", "b"}};
+  request.body = body;
+  return request;
+}
+
+std::string eventBody(const std::string& id, const std::string& name) {
+  return R"({"event_name":")" + name + R"(","context":{"event_id":")" + id + R"("}})";
+}
+
+std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
+                                      std::int64_t maxEvents = 100) {
+  Outcome<std::unique_ptr<EventStore>> store = EventStore::open(file, maxEvents);
+  if (!store) throw std::runtime_error(store.failure().text);
+  return std::move(*store);
+}
+
+// The bodies of what the query gives, in its order.
+std::vector<std::string> bodies(const EventStore& store, const EventQuery& query = {}) {
+  std::vector<std::string> found;
+  const auto events = store.list(query);
+  if (!events) throw std::runtime_error(events.failure().text);
+  for (const StoredEvent& event : *events)
+    found.push_back(event.request.body);
+  return found;
+}
+
+TEST(EventStore, KeepsEveryPartOfARequest) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  const std::string body =
+      R"({"event_name":"play","context":{"event_id":"e1","event_timestamp":9}})";
+  const Outcome<std::int64_t> id = store->add(requestWith(body, 1234));
+  ASSERT_TRUE(id);
+  const auto event = store->find(*id);
+  ASSERT_TRUE(event && *event);
+  EXPECT_EQ((*event)->request.receivedMs, 1234);
+  EXPECT_EQ((*event)->request.method, "POST");
+  EXPECT_EQ((*event)->request.path, "/events");
+  EXPECT_EQ((*event)->request.query, "jx_s=7&token=key");
+  EXPECT_EQ((*event)->request.headers,
+            (std::vector<std::pair<std::string, std::string>>{
+                {"Content-Type", "application/json"}, {"X-Twice", "a"}, {"X-Twice", "b"}}));
+  EXPECT_EQ((*event)->request.body, body);
+  EXPECT_EQ((*event)->facts.eventID, std::optional<std::string>("e1"));
+  EXPECT_EQ((*event)->facts.name, std::optional<std::string>("play"));
+  EXPECT_EQ((*event)->facts.eventTimestamp, std::optional<std::int64_t>(9));
+  EXPECT_EQ((*event)->facts.site, std::optional<std::int64_t>(7));
+  EXPECT_EQ((*event)->facts.token, std::optional<std::string>("key"));
+  EXPECT_EQ((*event)->facts.problem, std::optional<std::string>());
+}
+
+TEST(EventStore, KeepsABodyByteForByte) {
+  const ScratchFolder folder;
+  std::string everyByte;
+  for (int byte = 0; byte < 256; ++byte)
+    everyByte += static_cast<char>(byte);
+  {
+    const auto store = openStore(folder / "events.db");
+    ASSERT_TRUE(store->add(requestWith(everyByte)));
+    ASSERT_TRUE(store->add(requestWith("")));
+  }
+  const auto reopened = openStore(folder / "events.db");
+  EXPECT_EQ(bodies(*reopened), (std::vector<std::string>{everyByte, ""}));
+}
+
+TEST(EventStore, ARepeatedEventIdIsStoredOnceAndCounted) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  const auto first = store->add(requestWith(eventBody("e1", "play"), 10));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e2", "stop"), 20)));
+  const auto second = store->add(requestWith(eventBody("e1", "play"), 30));
+  const auto third = store->add(requestWith(eventBody("e1", "play"), 40));
+  ASSERT_TRUE(first && second && third);
+  EXPECT_EQ(*second, *first);
+  EXPECT_EQ(*third, *first);
+  const auto event = store->find(*first);
+  ASSERT_TRUE(event && *event);
+  EXPECT_EQ((*event)->repeats, 2);
+  EXPECT_EQ((*event)->request.receivedMs, 10);
+  EXPECT_EQ((*event)->lastSeenMs, 40);
+  EXPECT_EQ(bodies(*store).size(), 2u);
+}
+
+TEST(EventStore, RequestsWithoutAnEventIdAreNeverRepeats) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  ASSERT_TRUE(store->add(requestWith("{}")));
+  ASSERT_TRUE(store->add(requestWith("{}")));
+  EXPECT_EQ(bodies(*store), (std::vector<std::string>{"{}", "{}"}));
+}
+
+TEST(EventStore, TheOldestEventsGoWhenTheBoundIsReached) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db", 3);
+  for (const char* body : {"[1]", "[2]", "[3]", "[4]", "[5]"}) {
+    ASSERT_TRUE(store->add(requestWith(body)));
+  }
+  EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[3]", "[4]", "[5]"}));
+  const auto summary = store->summary();
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->events, 3);
+  EXPECT_EQ(summary->evicted, 2);
+}
+
+TEST(EventStore, ASmallerBoundHoldsFromTheNextStart) {
+  const ScratchFolder folder;
+  {
+    const auto store = openStore(folder / "events.db", 3);
+    for (const char* body : {"[1]", "[2]", "[3]"})
+      ASSERT_TRUE(store->add(requestWith(body)));
+  }
+  const auto store = openStore(folder / "events.db", 2);
+  EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[2]", "[3]"}));
+  ASSERT_TRUE(store->add(requestWith("[4]")));
+  EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[3]", "[4]"}));
+}
+
+TEST(EventStore, RowNumbersAreNotUsedTwice) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db", 1);
+  const auto first = store->add(requestWith("[1]"));
+  const auto second = store->add(requestWith("[2]"));
+  ASSERT_TRUE(first && second);
+  EXPECT_GT(*second, *first);
+  const auto evicted = store->find(*first);
+  ASSERT_TRUE(evicted);
+  EXPECT_FALSE(*evicted);
+}
+
+TEST(EventStore, AListGivesTheNewestOrThoseAfterARow) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  std::vector<std::int64_t> ids;
+  for (const char* body : {"[1]", "[2]", "[3]", "[4]"}) {
+    const auto id = store->add(requestWith(body));
+    ASSERT_TRUE(id);
+    ids.push_back(*id);
+  }
+  EventQuery query;
+  query.limit = 2;
+  EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{"[3]", "[4]"}));
+  query.after = ids[0];
+  EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{"[2]", "[3]"}));
+  query.after = ids[3];
+  EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{}));
+}
+
+TEST(EventStore, AListCanBeOfOneName) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e2", "stop"))));
+  EventQuery query;
+  query.name = "stop";
+  EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{eventBody("e2", "stop")}));
+}
+
+TEST(EventStore, AListOfLargeBodiesStopsEarlyAndCanBeGoneOnWith) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  const std::string large(std::size_t{12} * 1024 * 1024, 'x');
+  for (int i = 0; i < 4; ++i)
+    ASSERT_TRUE(store->add(requestWith(large)));
+  EventQuery query;
+  query.after = 0;
+  const auto first = store->list(query);
+  ASSERT_TRUE(first);
+  ASSERT_EQ(first->size(), 3u);
+  query.after = first->back().id;
+  const auto rest = store->list(query);
+  ASSERT_TRUE(rest);
+  EXPECT_EQ(rest->size(), 1u);
+}
+
+TEST(EventStore, TheSummaryCountsRequestsEventsRepeatsAndNames) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 100)));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e2", "stop"), 200)));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e3", "play"), 300)));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 400)));
+  ASSERT_TRUE(store->add(requestWith("rubbish", 350)));
+  const auto summary = store->summary();
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->requests, 5);
+  EXPECT_EQ(summary->events, 4);
+  EXPECT_EQ(summary->repeats, 1);
+  EXPECT_EQ(summary->bad, 1);
+  EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>(100));
+  EXPECT_EQ(summary->lastMs, std::optional<std::int64_t>(400));
+  EXPECT_EQ(summary->byName, (std::vector<std::pair<std::optional<std::string>, std::int64_t>>{
+                                 {std::nullopt, 1}, {"play", 2}, {"stop", 1}}));
+}
+
+TEST(EventStore, AnEmptyStoreHasAnEmptySummary) {
+  const ScratchFolder folder;
+  const auto summary = openStore(folder / "events.db")->summary();
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->requests, 0);
+  EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>());
+  EXPECT_TRUE(summary->byName.empty());
+}
+
+TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db", 10'000);
+  std::vector<std::thread> threads;
+  for (int thread = 0; thread < 8; ++thread) {
+    threads.emplace_back([&store, thread] {
+      for (int i = 0; i < 50; ++i) {
+        EXPECT_TRUE(store->add(requestWith(eventBody("shared" + std::to_string(i), "shared"))));
+        const std::string own = std::to_string(thread) + "-" + std::to_string(i);
+        EXPECT_TRUE(store->add(requestWith(eventBody(own, "own"))));
+        EXPECT_TRUE(store->summary());
+      }
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  const auto summary = store->summary();
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->requests, 800);
+  EXPECT_EQ(summary->events, 450);
+  EXPECT_EQ(summary->repeats, 350);
+}
+
+TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
+  const ScratchFolder folder;
+  std::ofstream(folder / "events.db") << std::string(5000, 'x');
+  const auto store = EventStore::open(folder / "events.db", 10);
+  ASSERT_FALSE(store);
+  EXPECT_NE(store.failure().text.find("file is not a database"), std::string::npos)
+      << store.failure().text;
+}
+
+TEST(EventStore, AFileOfANewerVersionIsReported) {
+  const ScratchFolder folder;
+  openStore(folder / "events.db");
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(database->execute("PRAGMA user_version = 99"));
+  }
+  const auto store = EventStore::open(folder / "events.db", 10);
+  ASSERT_FALSE(store);
+  EXPECT_NE(store.failure().text.find("newer version"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace jx
