@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <csignal>
@@ -219,57 +218,6 @@ TEST(CollectorProgram, KeepsItsStateUnderXdgStateHomeOrHome) {
   EXPECT_FALSE(std::filesystem::exists(folder / "home"));
   EXPECT_EQ(runJx(arguments, {{"XDG_STATE_HOME", "relative"}, {"HOME", home}}).status, 1);
   EXPECT_TRUE(std::filesystem::exists(folder / "home/.local/state/jx-collector/ca.pem"));
-}
-
-// Sends `count` requests, all connections open at the same moment. Gives how many were answered
-// with 200.
-int postAtOnce(const RunningCollector& collector, int count) {
-  CURLM* const multi = curl_multi_init();
-  std::vector<CURL*> handles;
-  const std::string url = collector.eventsUrl();
-  const std::string ca = collector.caFile();
-  std::vector<std::string> bodies;
-  for (int i = 0; i < count; ++i) {
-    bodies.push_back("{\"context\":{\"event_id\":\"" + std::to_string(i) + "\"}}");
-  }
-  for (int i = 0; i < count; ++i) {
-    CURL* const handle = curl_easy_init();
-    curl_easy_setopt(handle, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(handle, CURLOPT_PROXY, "");
-    curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(handle, CURLOPT_CAINFO, ca.c_str());
-    curl_easy_setopt(handle, CURLOPT_CAPATH, nullptr);
-    curl_easy_setopt(handle, CURLOPT_POSTFIELDS, bodies[static_cast<std::size_t>(i)].c_str());
-    curl_easy_setopt(handle, CURLOPT_FRESH_CONNECT, 1L);
-    curl_multi_add_handle(multi, handle);
-    handles.push_back(handle);
-  }
-  int running = count;
-  while (running > 0 && curl_multi_perform(multi, &running) == CURLM_OK) {
-    curl_multi_poll(multi, nullptr, 0, 1000, nullptr);
-  }
-  int answered = 0;
-  for (CURL* const handle : handles) {
-    long status = 0;
-    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
-    if (status == 200) ++answered;
-    curl_multi_remove_handle(multi, handle);
-    curl_easy_cleanup(handle);
-  }
-  curl_multi_cleanup(multi);
-  return answered;
-}
-
-TEST(CollectorProgram, AThousandRequestsAtOnceAreAllStored) {
-  rlimit limit{};
-  ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-  limit.rlim_cur = std::min<rlim_t>(4096, limit.rlim_max);
-  ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
-  const ScratchFolder folder;
-  const RunningCollector collector(folder.path());
-  EXPECT_EQ(postAtOnce(collector, 1000), 1000);
-  const auto summary = HttpsClient().get(collector.webUrl("/api/summary"));
-  EXPECT_EQ(summary.body.substr(0, 31), "{\"requests\":1000,\"events\":1000,");
 }
 
 }  // namespace

@@ -38,13 +38,14 @@ std::vector<std::string> allNames(const CollectorSettings& settings) {
 
 CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority authority,
                                  std::unique_ptr<EventStore> store, SslContextHandle tls,
-                                 std::vector<std::string> names)
+                                 std::vector<std::string> names, const HttpLimits& limits)
     : folder_(std::move(folder)),
       authority_(std::move(authority)),
       store_(std::move(store)),
       intake_(*store_),
       api_(*store_, authority_.certificatePem(), std::move(names)),
-      eventsServer_(std::move(tls)) {
+      eventsServer_(std::move(tls), limits),
+      webServer_(nullptr, limits) {
   intake_.install(eventsServer_);
   api_.install(webServer_);
 }
@@ -70,7 +71,7 @@ Outcome<std::unique_ptr<CollectorServer>> CollectorServer::start(
 
   std::unique_ptr<CollectorServer> server(
       new CollectorServer(std::move(*folder), std::move(*authority), std::move(*store),
-                          std::move(*tls), std::move(names)));
+                          std::move(*tls), std::move(names), settings.limits));
   const Done events = server->eventsServer_.start(settings.eventsAddress, settings.eventsPort);
   if (!events) return events.failure();
   const Done web = server->webServer_.start(settings.webAddress, settings.webPort);

@@ -13,6 +13,7 @@
 #include "tools/jx/collector/CollectorApi.h"
 #include "tools/jx/collector/EventIntake.h"
 #include "tools/jx/collector/EventStore.h"
+#include "tools/jx/collector/HttpLimits.h"
 #include "tools/jx/collector/HttpServer.h"
 #include "tools/jx/collector/StateFolder.h"
 
@@ -29,6 +30,7 @@ struct CollectorSettings {
   /// name.
   std::vector<std::string> names;
   std::int64_t maxEvents = 100'000;
+  HttpLimits limits;
 };
 
 /// The whole collector, wired top to bottom: state folder, certificate authority, store, the HTTPS
@@ -47,7 +49,7 @@ class CollectorServer {
  private:
   CollectorServer(StateFolder folder, CertificateAuthority authority,
                   std::unique_ptr<EventStore> store, SslContextHandle tls,
-                  std::vector<std::string> names);
+                  std::vector<std::string> names, const HttpLimits& limits);
 
   StateFolder folder_;
   CertificateAuthority authority_;

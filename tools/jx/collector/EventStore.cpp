@@ -5,41 +5,13 @@
 #include <algorithm>
 #include <limits>
 
+#include "tools/jx/collector/EventSchema.h"
 #include "tools/jx/collector/HeaderJson.h"
 
 namespace jx {
 namespace {
 
-constexpr std::int64_t kSchemaVersion = 1;
 constexpr std::size_t kListBytes = std::size_t{32} * 1024 * 1024;
-
-// The large columns come last, so that the small ones are read without them.
-constexpr const char* kSchema = R"sql(
-CREATE TABLE events (
-  id INTEGER PRIMARY KEY AUTOINCREMENT,
-  received_ms INTEGER NOT NULL,
-  last_seen_ms INTEGER NOT NULL,
-  repeats INTEGER NOT NULL DEFAULT 0,
-  event_id TEXT,
-  name TEXT,
-  event_timestamp INTEGER,
-  site INTEGER,
-  token TEXT,
-  problem TEXT,
-  method TEXT NOT NULL,
-  path TEXT NOT NULL,
-  query TEXT NOT NULL,
-  headers TEXT NOT NULL,
-  body BLOB NOT NULL
-);
-CREATE UNIQUE INDEX events_by_event_id ON events (event_id) WHERE event_id IS NOT NULL;
-CREATE INDEX events_by_name ON events (name, repeats, problem);
-CREATE INDEX events_by_received ON events (received_ms);
-CREATE INDEX events_by_last_seen ON events (last_seen_ms);
-CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
-INSERT INTO counters VALUES ('evicted', 0);
-PRAGMA user_version = 1;
-)sql";
 
 constexpr std::string_view kColumns =
     "SELECT id, received_ms, last_seen_ms, repeats, event_id, name, event_timestamp, site, token, "
@@ -73,14 +45,6 @@ std::string listText(const EventQuery& query) {
   return sql + " LIMIT ?2";
 }
 
-// Runs a statement that gives one row of integers.
-Outcome<std::int64_t> oneInteger(SqliteDatabase& database, std::string_view sql) {
-  Outcome<SqliteStatement> statement = database.prepare(sql);
-  if (!statement) return statement.failure();
-  if (statement->step() != SQLITE_ROW) return database.lastFailure("cannot read the events");
-  return statement->integer(0);
-}
-
 }  // namespace
 
 EventStore::EventStore(SqliteDatabase writer, SqliteDatabase reader, std::int64_t maxEvents)
@@ -106,14 +70,7 @@ Outcome<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::pat
 Done EventStore::migrate() {
   // A write costs no fsync: a crash of the process loses nothing, a power cut the last seconds.
   const Done set = writer_.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL");
-  if (!set) return set;
-  const Outcome<std::int64_t> version = oneInteger(writer_, "PRAGMA user_version");
-  if (!version) return version.failure();
-  if (*version == kSchemaVersion) return done();
-  if (*version > kSchemaVersion) {
-    return Failure{"was written by a newer version of this program"};
-  }
-  return writer_.execute("BEGIN IMMEDIATE;" + std::string(kSchema) + "COMMIT");
+  return set ? migrateEvents(writer_) : set;
 }
 
 Done EventStore::prepare() {
@@ -144,7 +101,7 @@ Done EventStore::prepare() {
 }
 
 Done EventStore::countRows() {
-  const Outcome<std::int64_t> count = oneInteger(writer_, "SELECT COUNT(*) FROM events");
+  const Outcome<std::int64_t> count = writer_.oneInteger("SELECT COUNT(*) FROM events");
   if (!count) return count.failure();
   rows_ = *count;
   // The bound may be smaller than at the last start.

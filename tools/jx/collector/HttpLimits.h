@@ -15,7 +15,9 @@ struct HttpLimits {
   /// A body as it travels: chunks have a frame, which must not be without bounds either.
   std::size_t bodyWireBytes() const { return 2 * bodyBytes + headBytes; }
 
-  std::chrono::milliseconds handshake{10'000};
+  /// As long as a client waits for its whole request: giving up earlier, when many devices come at
+  /// once, would only make them come again.
+  std::chrono::milliseconds handshake{30'000};
   std::chrono::milliseconds idle{30'000};      ///< between two requests
   std::chrono::milliseconds silence{10'000};   ///< without a byte inside a request or an answer
   std::chrono::milliseconds request{60'000};   ///< from its first byte to its last

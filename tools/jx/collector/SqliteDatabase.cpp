@@ -87,6 +87,13 @@ Outcome<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
   return statement;
 }
 
+Outcome<std::int64_t> SqliteDatabase::oneInteger(std::string_view sql) {
+  Outcome<SqliteStatement> statement = prepare(sql);
+  if (!statement) return statement.failure();
+  if (statement->step() != SQLITE_ROW) return lastFailure("cannot read the events");
+  return statement->integer(0);
+}
+
 Failure SqliteDatabase::lastFailure(const std::string& action) const {
   const char* const reason = handle_ ? sqlite3_errmsg(handle_.get()) : "out of memory";
   return Failure{action + ": " + reason};

@@ -66,6 +66,8 @@ class SqliteDatabase {
   /// Runs statements that give no rows.
   Done execute(const std::string& sql);
   Outcome<SqliteStatement> prepare(std::string_view sql);
+  /// Runs a statement that gives one integer.
+  Outcome<std::int64_t> oneInteger(std::string_view sql);
   std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(handle_.get()); }
   /// Why the last operation failed.
   Failure lastFailure(const std::string& action) const;
