@@ -23,16 +23,22 @@ Held& held() {
 }  // namespace
 
 bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
+  bool isAccepted = false;
   {
     const std::lock_guard<std::mutex> lock(held().mutex);
-    if (!JXCoreServices::hasStarted()) {
-      held().configuration = configuration;
-      return true;
-    }
+    isAccepted = !JXCoreServices::hasStarted();
+    if (isAccepted) held().configuration = configuration;
   }
-  JXLogger::sharedInstance().logMessage_withLevel(
-      "The configuration was given after the core had started and is ignored", 3);
-  return false;
+  JXLogger& logger = JXLogger::sharedInstance();
+  if (isAccepted) {
+    // At once, because an event that is filled before the core starts may have something to say.
+    logger.setMaxLevel(configuration.logLevel);
+    logger.setSink(configuration.logSink);
+  } else {
+    logger.logMessage_withLevel(
+        "The configuration was given after the core had started and is ignored", 3);
+  }
+  return isAccepted;
 }
 
 JXCoreConfiguration JXCoreConfiguration::current() {
