@@ -9,14 +9,15 @@ namespace jx {
 
 /// The application block "app": names and versions of the host application, of this library, of its
 /// core and of the consent configuration. Belongs to the thread that executes events.
-class JXApp final : public JXAdditionalProperties {
+class JXApp : public JXAdditionalProperties {
  public:
   static JXApp& sharedInstance();
 
   /// An object that is not initialised; hosts use `sharedInstance`.
   JXApp() = default;
   /// Fills the fields once per process and returns this object (see `mayInitialise`); an object
-  /// that is made after the shared one comes back as it is.
+  /// that is made after the shared one comes back as it is. Null when the base could not be
+  /// initialised.
   JXApp* init();
   /// Fills the fields anew.
   JXApp* reinit();
