@@ -23,11 +23,13 @@ void JXDynamicStore::addData(const JXJsonObject& entries) {
 }
 
 JXJsonValue JXDynamicStore::getData(const JXString& key) const {
+  if (!key.isPresent()) return {};  // its view is that of the empty key
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.get(key.view());
 }
 
 JXJsonValue JXDynamicStore::removeData(const JXString& key) {
+  if (!key.isPresent()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.remove(key.view());
 }

@@ -31,6 +31,8 @@ JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
 
 JXPredefinedVariables::~JXPredefinedVariables() {
   JXNotificationCenter::defaultCenter()->removeObserver(this);
+  // The host may keep it longer than this object.
+  if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
 }
 
 JXPredefinedVariables* JXPredefinedVariables::init() {
@@ -109,22 +111,24 @@ void JXPredefinedVariables::observeApplicationNotifications() {
 }
 
 void JXPredefinedVariables::addData_withValue(const JXString& key, const JXString& value) {
-  dynamicStore_->addData_withValue(key, value);
+  if (dynamicStore_) dynamicStore_->addData_withValue(key, value);
 }
 
 void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store) {
-  if (store) dynamicStore_->addData(*store);
+  if (store && dynamicStore_) dynamicStore_->addData(*store);
 }
 
 JXString JXPredefinedVariables::getData(const JXString& key) const {
-  return dynamicStore_->getData(key).string();
+  return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();
 }
 
 JXString JXPredefinedVariables::removeData(const JXString& key) {
-  return dynamicStore_->removeData(key).string();
+  return dynamicStore_ ? dynamicStore_->removeData(key).string() : JXString();
 }
 
-void JXPredefinedVariables::clearData() { dynamicStore_->clearData(); }
+void JXPredefinedVariables::clearData() {
+  if (dynamicStore_) dynamicStore_->clearData();
+}
 
 std::int64_t JXPredefinedVariables::now() const {
   const auto instant = JXCoreVariables::sharedInstance().now().time_since_epoch();
@@ -229,7 +233,7 @@ void JXPredefinedVariables::useLegacyUniqueIDForConsentID() {
 }
 
 void JXPredefinedVariables::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
-  listenerDelegate_->setNotificationCenter(std::move(center));
+  if (listenerDelegate_) listenerDelegate_->setNotificationCenter(std::move(center));
 }
 
 void JXPredefinedVariables::onNotificationReceived(const JXNotification& notification) {

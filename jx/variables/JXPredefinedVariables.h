@@ -37,7 +37,8 @@ class JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegat
   JXPredefinedVariables* reinit();
   ~JXPredefinedVariables() override;
 
-  // Store
+  // Store: an object that has none, because it was not initialised or the host took it away, holds
+  // nothing and ignores what it is given.
 
   /// Sets or replaces a variable; an absent value removes it.
   void addData_withValue(const JXString& key, const JXString& value);
