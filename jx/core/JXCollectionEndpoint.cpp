@@ -16,6 +16,8 @@ bool startsWith(std::string_view text, std::string_view prefix) {
 }
 
 std::string_view hostOf(std::string_view authority) {
+  // What stands behind the authority is no part of it, whatever it looks like.
+  authority = authority.substr(0, authority.find_first_of("/?#\\"));
   const std::size_t user = authority.rfind('@');
   if (user != std::string_view::npos) authority.remove_prefix(user + 1);
   if (!authority.empty() && authority.front() == '[') {
@@ -52,12 +54,12 @@ bool isLoopbackAuthority(std::string_view authority) {
 JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& stated, const JXString& fallback) {
   JXCollectionEndpoint endpoint;
   std::string_view rest = stated.view();
-  while (!rest.empty() && rest.back() == '/')
-    rest.remove_suffix(1);
   const bool isHttps = startsWith(rest, kHttps);
   const bool isHttp = startsWith(rest, kHttp);
   if (isHttps) rest.remove_prefix(kHttps.size());
   if (isHttp) rest.remove_prefix(kHttp.size());
+  while (!rest.empty() && rest.back() == '/')
+    rest.remove_suffix(1);
 
   if (hostOf(rest).empty()) {
     endpoint.url = std::string(kHttps) + fallback.toStdString();

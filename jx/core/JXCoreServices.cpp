@@ -74,7 +74,7 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
     defaultsFile_ = std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults");
     userDefaults_ = defaultsFile_.get();
   }
-  if (!storageFolder_.testString()) {
+  if (!storageFolder_.testString() && !configuration.dryRun) {
     logger.logMessage_withLevel("There is no storage folder; events are kept in memory only", 3);
   }
 }

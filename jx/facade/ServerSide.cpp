@@ -262,11 +262,14 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
 }
 
 void ServerSide::setDeveloperIdForFirebaseInstance() {
-  if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kSetDefaultEventParameters)) {
-    return;
-  }
-  firebaseInstance_->performOperation(kSetDefaultEventParameters, "developer_id",
-                                      JX_GCM_DEVELOPER_ID);
+  // Guarded on its own: the rest of the start must not depend on the host's object.
+  guarded("Giving Firebase the developer id", [this] {
+    if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kSetDefaultEventParameters)) {
+      return;
+    }
+    firebaseInstance_->performOperation(kSetDefaultEventParameters, "developer_id",
+                                        JX_GCM_DEVELOPER_ID);
+  });
 }
 
 }  // namespace jx

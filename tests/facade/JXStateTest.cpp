@@ -1,0 +1,245 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/facade/JXState.h"
+
+#include <gmock/gmock.h>
+
+#include "jx/core/JXApplication.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/facade/JXServerSideInitialisation.h"
+#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/variables/JXPredefinedVariables.h"
+#include "tests/support/Launch.h"
+#include "tests/support/ServerSideFixture.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace jx::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ApplicationState : public ServerSideFixture {
+ protected:
+  std::size_t backgrounds() const { return posted(kJXNotification_OnBackground).size(); }
+  std::size_t foregrounds() const { return posted(kJXNotification_OnForeground).size(); }
+};
+
+class BaselessState final : public JXState {
+ protected:
+  bool baseInit() override { return false; }
+};
+
+class TellingState final : public JXState {
+ public:
+  void didEnterBackground(const void* application) override {
+    told.push_back({"background", application});
+  }
+  void willEnterForeground(const void* application) override {
+    told.push_back({"foreground", application});
+  }
+  std::vector<std::pair<std::string, const void*>> told;
+};
+
+TEST_F(ApplicationState, ABackgroundTransitionIsToldOnceAsTheState) {
+  const auto serverSide = make();
+  platform->enterBackground();
+  const auto told = posted(kJXNotification_OnBackground);
+  ASSERT_EQ(told.size(), 1u);
+  EXPECT_EQ(told[0].object, &JXState::sharedInstance());
+  EXPECT_FALSE(told[0].userInfo.isPresent());
+  EXPECT_EQ(foregrounds(), 0u);
+}
+
+TEST_F(ApplicationState, AForegroundTransitionIsToldOnceAsTheState) {
+  const auto serverSide = make();
+  platform->enterForeground();
+  const auto told = posted(kJXNotification_OnForeground);
+  ASSERT_EQ(told.size(), 1u);
+  EXPECT_EQ(told[0].object, &JXState::sharedInstance());
+  EXPECT_FALSE(told[0].userInfo.isPresent());
+  EXPECT_EQ(backgrounds(), 0u);
+}
+
+TEST_F(ApplicationState, IsToldThroughTheStatesOwnSenderNotTheFacades) {
+  const auto serverSide = make();
+  EXPECT_NE(JXState::sharedInstance().senderDelegate(), serverSide->senderDelegate());
+  EXPECT_EQ(JXState::sharedInstance().senderDelegate()->parent(), &JXState::sharedInstance());
+  const auto facades = std::make_shared<JXNotificationCenter>();
+  serverSide->changeNotificationCenter(facades);
+  platform->enterBackground();
+  EXPECT_EQ(backgrounds(), 1u) << "the facade's centre is not the state's";
+  JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
+  platform->enterBackground();
+  EXPECT_EQ(backgrounds(), 1u) << "the state posts elsewhere now";
+  JXState::sharedInstance().changeNotificationCenter(nullptr);
+  platform->enterBackground();
+  EXPECT_EQ(backgrounds(), 2u);
+}
+
+TEST_F(ApplicationState, AHostThatStatesItItselfIsHeardTheSameWay) {
+  const auto serverSide = make();
+  JXApplication::applicationDidEnterBackground();
+  JXApplication::applicationWillEnterForeground();
+  EXPECT_EQ(backgrounds(), 1u);
+  EXPECT_EQ(foregrounds(), 1u);
+}
+
+TEST_F(ApplicationState, OnAnotherCentreTheNetworkManagerStillHearsIt) {
+  const TemporaryFolder folder;
+  configuration.storageFolder = folder.path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+  const auto serverSide = make();
+  JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
+  platform->enterBackground();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  platform->enterForeground();
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+}
+
+TEST_F(ApplicationState, InitOnceMoreChangesNothing) {
+  const auto serverSide = make();
+  JXState& state = JXState::sharedInstance();
+  const auto sender = state.senderDelegate();
+  EXPECT_EQ(state.init(), &state);
+  EXPECT_EQ(state.senderDelegate(), sender);
+  platform->enterBackground();
+  EXPECT_EQ(backgrounds(), 1u);
+}
+
+TEST_F(ApplicationState, ReinitDoublesEachTransition) {
+  const auto serverSide = make();
+  JXState& state = JXState::sharedInstance();
+  const auto sender = state.senderDelegate();
+  EXPECT_EQ(state.reinit(), &state);
+  EXPECT_NE(state.senderDelegate(), sender);
+  platform->enterBackground();
+  platform->enterForeground();
+  EXPECT_EQ(backgrounds(), 2u);
+  EXPECT_EQ(foregrounds(), 2u);
+  state.reinit();
+  platform->enterBackground();
+  EXPECT_EQ(backgrounds(), 5u);
+}
+
+TEST_F(ApplicationState, AnotherObjectComesBackAsItWasMade) {
+  const auto serverSide = make();
+  JXState other;
+  EXPECT_EQ(other.init(), &other);
+  EXPECT_EQ(other.senderDelegate(), nullptr);
+  other.changeNotificationCenter(nullptr);
+  other.applicationDidEnterBackground({});
+  EXPECT_EQ(backgrounds(), 0u);
+}
+
+TEST_F(ApplicationState, TheHooksGetTheNotificationsObjectBeforeTheCoreIsTold) {
+  start();
+  TellingState state;
+  ASSERT_EQ(state.init(), &state);
+  const int application = 0;
+  std::size_t toldBefore = 0;
+  JXNotificationCenter::defaultCenter()->addObserver(
+      &toldBefore, kJXNotification_OnBackground,
+      [&](const JXNotification&) { toldBefore = state.told.size(); });
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {UIApplicationDidEnterBackgroundNotification, &application});
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {UIApplicationWillEnterForegroundNotification, &application});
+  JXNotificationCenter::defaultCenter()->removeObserver(&toldBefore);
+  EXPECT_EQ(toldBefore, 1u);
+  ASSERT_EQ(state.told.size(), 2u);
+  EXPECT_EQ(state.told[0].first, "background");
+  EXPECT_EQ(state.told[0].second, &application);
+  EXPECT_EQ(state.told[1].first, "foreground");
+  EXPECT_EQ(state.told[1].second, &application);
+}
+
+TEST_F(ApplicationState, AnEndedStateNoLongerListens) {
+  start();
+  {
+    JXState state;
+    state.init();
+  }
+  JXApplication::applicationDidEnterBackground();
+  EXPECT_EQ(backgrounds(), 0u);
+}
+
+TEST_F(ApplicationState, DateIsTheCoresClock) {
+  start();
+  EXPECT_EQ(JXState::sharedInstance().date().time_since_epoch(),
+            std::chrono::milliseconds(1'700'000'000'000));
+}
+
+TEST_F(ApplicationState, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
+  start();
+  BaselessState state;
+  EXPECT_TRUE(neverReturns([&] { ASSERT_EQ(state.init(), nullptr); }, [&] { state.init(); }));
+  EXPECT_TRUE(neverReturns([&] { state.init(); }, [] { JXState::sharedInstance(); }))
+      << "the guard belongs to the class";
+}
+
+TEST_F(ApplicationState, AfterAFailedBaseReinitMayTryAgain) {
+  start();
+  BaselessState failed;
+  ASSERT_EQ(failed.init(), nullptr);
+  JXState state;
+  EXPECT_EQ(state.reinit(), &state);
+  JXApplication::applicationDidEnterBackground();
+  EXPECT_EQ(backgrounds(), 1u);
+}
+
+class StartOrder : public ServerSideFixture {};
+
+TEST_F(StartOrder, TheCoresVariablesAreReadAsPredefinedOnes) {
+  start();
+  const auto initialisation = JXServerSideInitialisation::init();
+  EXPECT_NE(initialisation, nullptr);
+  EXPECT_EQ(variable("#JX_SDK_ID#"), JXString("00000000-0000-4000-8000-000000000001"));
+}
+
+TEST_F(StartOrder, CoreThenStateThenVariables) {
+  // The user's identifier belongs to the core and the unique identifier to the variables; the state
+  // registers with the application's notifications before the variables do.
+  const auto serverSide = make();
+  EXPECT_EQ(platform->defaults.entries().at("jx_unique_id"),
+            JXString("00000000-0000-4000-8000-000000000003"));
+  bool wasBackground = true;
+  JXNotificationCenter::defaultCenter()->addObserver(
+      &wasBackground, kJXNotification_OnBackground, [&](const JXNotification&) {
+        wasBackground = JXPredefinedVariables::sharedInstance().isBackground();
+      });
+  platform->enterBackground();
+  JXNotificationCenter::defaultCenter()->removeObserver(&wasBackground);
+  EXPECT_FALSE(wasBackground) << "the core is told before the variables have reacted";
+  EXPECT_TRUE(JXPredefinedVariables::sharedInstance().isBackground());
+}
+
+TEST_F(StartOrder, ASecondServerSideMergesTheCoresVariablesAgainAndStartsNothingTwice) {
+  const auto first = make();
+  const int writes = platform->defaults.setCount();
+  JXCoreVariables::sharedInstance().addData_withValue("#CORE#", "later");
+  EXPECT_FALSE(variable("#CORE#").isPresent());
+  const auto second = make();
+  EXPECT_EQ(variable("#CORE#"), JXString("later"));
+  EXPECT_NE(first->initialisation(), second->initialisation());
+  EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
+  EXPECT_EQ(platform->defaults.setCount(), writes);
+  EXPECT_EQ(platform->observeCount(), 1);
+  platform->enterBackground();
+  EXPECT_EQ(posted(kJXNotification_OnBackground).size(), 1u);
+}
+
+TEST_F(StartOrder, TwoServerSidesSendEachToItsOwnAddress) {
+  const auto first = make();
+  const auto second = ServerSide::initWithSiteID_andSourceKey(5678, "other");
+  EXPECT_EQ(execute(*first).url,
+            JXString("https://collect.example.com/events?jx_s=1234&token=key"));
+  EXPECT_EQ(execute(*second).url,
+            JXString("https://collect.example.com/events?jx_s=5678&token=other"));
+  EXPECT_EQ(requests().size(), 2u);
+}
+
+}  // namespace
+}  // namespace jx::test

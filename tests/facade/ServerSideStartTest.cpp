@@ -1,0 +1,281 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// How a ServerSide starts: what each initialiser hands on, the address, the start state.
+
+#include <gmock/gmock.h>
+
+#include "jx/core/JXClassRegistry.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/variables/JXServerSideVersion.h"
+#include "tests/support/Launch.h"
+#include "tests/support/ServerSideFixture.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace jx::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ServerSideStart : public ServerSideFixture {};
+
+// Answers no operation.
+class SilentInstance final : public IJXFirebaseInstance {
+ public:
+  bool respondsToOperation(std::string_view) override { return false; }
+  void performOperation(std::string_view, const JXJsonValue&, const JXJsonValue&) override {}
+};
+
+class ThrowingInstance final : public IJXFirebaseInstance {
+ public:
+  bool respondsToOperation(std::string_view) override { return true; }
+  void performOperation(std::string_view, const JXJsonValue&, const JXJsonValue&) override {
+    throw std::runtime_error("not configured");
+  }
+};
+
+TEST_F(ServerSideStart, LogsVersionThenSiteThenStartState) {
+  const auto serverSide = make();
+  EXPECT_THAT(lines(), ElementsAre(LogLine{4, "Server-Side SDK init with version 5.4.5"},
+                                   LogLine{4, "Server-Side SDK init with siteID 1234"},
+                                   LogLine{5, "Starting Server-Side SDK"}));
+}
+
+TEST_F(ServerSideStart, TheVersionConstantsAreThoseOfTheRelease) {
+  EXPECT_EQ(kJXServerSideVersion, "5.4.5");
+  EXPECT_EQ(kReleaseDate, "28/04/2025");
+  EXPECT_EQ(kReleaseTime, "17:17:38");
+}
+
+TEST_F(ServerSideStart, DefaultWithoutConsentModuleIsEnabledAndLeavesTheNetworkManagerAlone) {
+  const auto serverSide = make(0);
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  EXPECT_EQ(serverSide->defaultBehaviour(), 0);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
+}
+
+TEST_F(ServerSideStart, DefaultWithConsentModuleWaitsAndLeavesTheNetworkManagerAlone) {
+  JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
+  const auto serverSide = make(0);
+  EXPECT_EQ(serverSide->serverSideState(), 0);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
+  EXPECT_THAT(lines(), ElementsAre(LogLine{4, "Server-Side SDK init with version 5.4.5"},
+                                   LogLine{4, "Server-Side SDK init with siteID 1234"},
+                                   LogLine{5, "Starting Server-Side SDK and waiting for consent"}));
+}
+
+TEST_F(ServerSideStart, AlwaysEnabledTellsTheNetworkManagerOne) {
+  JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
+  const auto serverSide = make(1);
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 1);
+  EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK as 'Always Enabled'"}));
+  EXPECT_EQ(lines().size(), 3u);
+}
+
+TEST_F(ServerSideStart, DisabledByDefaultTellsTheNetworkManagerTwo) {
+  const auto serverSide = make(2);
+  EXPECT_EQ(serverSide->serverSideState(), 2);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 2);
+  EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK as 'Disabled by default'"}));
+  EXPECT_EQ(lines().size(), 3u);
+}
+
+TEST_F(ServerSideStart, DisabledByDefaultHoldsWhatIsQueued) {
+  const TemporaryFolder folder;
+  configuration.storageFolder = folder.path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+  const auto serverSide = make(2);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+}
+
+TEST_F(ServerSideStart, BehaviourThreeIsTheDefault) {
+  const auto serverSide = make(3);
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
+  EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK"}));
+}
+
+TEST_F(ServerSideStart, BehaviourMinusOneIsTheDefault) {
+  JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
+  const auto serverSide = make(-1);
+  EXPECT_EQ(serverSide->serverSideState(), 0);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
+  EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK and waiting for consent"}));
+}
+
+TEST_F(ServerSideStart, SiteZeroIsNotLoggedAndStandsInTheAddress) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(0, "key");
+  EXPECT_THAT(lines(), ElementsAre(LogLine{4, "Server-Side SDK init with version 5.4.5"},
+                                   LogLine{5, "Starting Server-Side SDK"}));
+  EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=0&token=key"));
+}
+
+TEST_F(ServerSideStart, NegativeSiteIsLoggedAndWrittenWithItsSign) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(-2147483647 - 1, "key");
+  EXPECT_EQ(count({4, "Server-Side SDK init with siteID -2147483648"}), 1u);
+  EXPECT_EQ(serverSide->url(),
+            JXString("https://collect.example.com/events?jx_s=-2147483648&token=key"));
+}
+
+TEST_F(ServerSideStart, TheSourceKeyIsNotEscaped) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(7, "a b&c=\xC3\xA9/%41");
+  EXPECT_EQ(serverSide->url(),
+            JXString("https://collect.example.com/events?jx_s=7&token=a b&c=\xC3\xA9/%41"));
+}
+
+TEST_F(ServerSideStart, AnAbsentSourceKeyIsOneClearLine) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(7, nullptr);
+  ASSERT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_THAT(linesUpTo(3)[0].message, ::testing::HasSubstr("source key"));
+  EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=7&token="));
+  execute(*serverSide);
+}
+
+TEST_F(ServerSideStart, AHostWithoutASchemeIsHttpsAndOneClearLine) {
+  configuration.collectionHost = "collect.example.com:8443";
+  const auto serverSide = make();
+  EXPECT_EQ(serverSide->url(),
+            JXString("https://collect.example.com:8443/events?jx_s=1234&token=key"));
+  ASSERT_EQ(lines().size(), 4u);
+  EXPECT_THAT(lines()[0].message, ::testing::HasSubstr("collect.example.com:8443"));
+}
+
+TEST_F(ServerSideStart, PlainHttpBeyondLoopbackBecomesHttpsAndOneClearLine) {
+  configuration.collectionHost = "http://collect.example.com";
+  const auto serverSide = make();
+  EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=1234&token=key"));
+  ASSERT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_THAT(linesUpTo(3)[0].message, ::testing::HasSubstr("http"));
+}
+
+TEST_F(ServerSideStart, APathThatLooksLikeLoopbackDoesNotLetPlainHttpPass) {
+  configuration.collectionHost = "http://collect.example.com/@localhost";
+  const auto serverSide = make();
+  EXPECT_EQ(serverSide->url().view().substr(0, 27), "https://collect.example.com");
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+}
+
+TEST_F(ServerSideStart, PlainHttpToLoopbackIsTakenSilently) {
+  configuration.collectionHost = "http://127.0.0.1:8080";
+  const auto serverSide = make();
+  EXPECT_EQ(serverSide->url(), JXString("http://127.0.0.1:8080/events?jx_s=1234&token=key"));
+  EXPECT_EQ(lines().size(), 3u);
+}
+
+TEST_F(ServerSideStart, AHostTextThatNamesNoHostIsOneClearLine) {
+  for (const char* text : {"", "https://", "http:///", ":8443"}) {
+    EXPECT_EQ(inLaunch([&] {
+                configuration.collectionHost = text;
+                const auto serverSide = make();
+                const bool isHttps = serverSide->url().view().substr(0, 8) == "https://";
+                return std::to_string(linesUpTo(3).size()) + (isHttps ? " https" : " other");
+              }),
+              "1 https")
+        << text;
+  }
+}
+
+TEST_F(ServerSideStart, TheShortestInitialiserHasNoInstanceAndTheDefaultBehaviour) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(9, "k");
+  EXPECT_EQ(serverSide->siteID(), 9);
+  EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=9&token=k"));
+  EXPECT_EQ(serverSide->defaultBehaviour(), 0);
+  EXPECT_EQ(serverSide->firebaseInstance(), nullptr);
+}
+
+TEST_F(ServerSideStart, TheInitialiserWithABehaviourKeepsIt) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(9, "k", 2);
+  EXPECT_EQ(serverSide->siteID(), 9);
+  EXPECT_EQ(serverSide->defaultBehaviour(), 2);
+  EXPECT_EQ(serverSide->firebaseInstance(), nullptr);
+}
+
+TEST_F(ServerSideStart, TheInitialiserWithAnInstanceKeepsItAndTheDefaultBehaviour) {
+  start();
+  const auto instance = std::make_shared<SilentInstance>();
+  const auto serverSide =
+      ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(9, "k", instance);
+  EXPECT_EQ(serverSide->firebaseInstance(), instance);
+  EXPECT_EQ(serverSide->defaultBehaviour(), 0);
+}
+
+TEST_F(ServerSideStart, TheInitialiserWithBehaviourAndInstanceKeepsBoth) {
+  start();
+  const auto instance = std::make_shared<SilentInstance>();
+  const auto serverSide =
+      ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(9, "k", 1,
+                                                                                      instance);
+  EXPECT_EQ(serverSide->firebaseInstance(), instance);
+  EXPECT_EQ(serverSide->defaultBehaviour(), 1);
+}
+
+TEST_F(ServerSideStart, TheFullInitialiserPostsOnTheGivenCentre) {
+  start();
+  const auto center = std::make_shared<JXNotificationCenter>();
+  record(center);
+  const auto instance = std::make_shared<SilentInstance>();
+  const auto serverSide = ServerSide::
+      initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
+          9, "k", center, 1, instance);
+  EXPECT_EQ(serverSide->siteID(), 9);
+  EXPECT_EQ(serverSide->defaultBehaviour(), 1);
+  EXPECT_EQ(serverSide->firebaseInstance(), instance);
+  execute(*serverSide);
+  JXNotificationCenter::defaultCenter()->removeObserver(static_cast<ServerSideFixture*>(this));
+  execute(*serverSide);
+}
+
+TEST_F(ServerSideStart, ANullCentreIsTheDefaultOne) {
+  start();
+  const auto serverSide = ServerSide::
+      initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
+          9, "k", nullptr, 0, nullptr);
+  execute(*serverSide);
+}
+
+TEST_F(ServerSideStart, EverythingThatItOwnsIsMade) {
+  const auto serverSide = make();
+  EXPECT_NE(serverSide->initialisation(), nullptr);
+  ASSERT_NE(serverSide->permanentStore(), nullptr);
+  EXPECT_EQ(serverSide->permanentStore()->entries().size(), 0u);
+  ASSERT_NE(serverSide->senderDelegate(), nullptr);
+  EXPECT_EQ(serverSide->senderDelegate()->parent(), serverSide.get());
+  EXPECT_NE(serverSide->listenerDelegate(), nullptr);
+}
+
+TEST_F(ServerSideStart, AnInstanceThatThrowsCostsOneLineAndNothingElse) {
+  start();
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(
+      9, "k", std::make_shared<ThrowingInstance>());
+  ASSERT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_THAT(linesUpTo(3)[0].message, ::testing::HasSubstr("not configured"));
+  EXPECT_EQ(serverSide->siteID(), 9);
+  serverSide->disableServerSide();
+  EXPECT_EQ(serverSide->serverSideState(), 2) << "it listens all the same";
+}
+
+TEST_F(ServerSideStart, GivingTheDeveloperIdToAnInstanceThatThrowsReturnsNormally) {
+  const auto serverSide = make();
+  serverSide->setFirebaseInstance(std::make_shared<ThrowingInstance>());
+  EXPECT_NO_THROW(serverSide->setDeveloperIdForFirebaseInstance());
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+}
+
+TEST_F(ServerSideStart, AConfigurationThatComesAfterTheStartIsRefused) {
+  const auto serverSide = make();
+  configuration.collectionHost = "https://elsewhere.example.com";
+  EXPECT_FALSE(JXCoreConfiguration::set(configuration));
+  EXPECT_EQ(make()->url(), serverSide->url());
+}
+
+}  // namespace
+}  // namespace jx::test

@@ -1,0 +1,244 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// The state of a ServerSide: every row of its table, through each way that a notification can take.
+
+#include <gmock/gmock.h>
+
+#include "jx/core/JXClassRegistry.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXUser.h"
+#include "jx/core/json/JXJsonWriter.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/events/JXCustomEvent.h"
+#include "tests/support/ServerSideFixture.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace jx::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+const LogLine kActivated{5, "Server-Side SDK is now activated"};
+const LogLine kDeactivated{5, "Server-Side SDK is now deactivated"};
+
+class ServerSideState : public ServerSideFixture {
+ protected:
+  static void post(std::string_view name) {
+    JXNotificationCenter::defaultCenter()->postNotification({name});
+  }
+  void expectChange(std::int32_t behaviour, std::int32_t from, std::string_view name,
+                    std::int32_t to, const std::vector<LogLine>& log) {
+    const auto serverSide = make(behaviour);
+    serverSide->setServerSideState(from);
+    forgetLines();
+    post(name);
+    EXPECT_EQ(serverSide->serverSideState(), to);
+    EXPECT_EQ(lines(), log);
+  }
+};
+
+class EveryState : public ServerSideState, public ::testing::WithParamInterface<std::int32_t> {};
+
+TEST_P(EveryState, AStopIsIgnoredByAlwaysEnabled) {
+  expectChange(1, GetParam(), kJXNotification_StoppingTheServerSide, GetParam(), {});
+}
+
+TEST_P(EveryState, AStopDisablesTheDefault) {
+  expectChange(0, GetParam(), kJXNotification_StoppingTheServerSide, 2, {kDeactivated});
+}
+
+TEST_P(EveryState, AStopDisablesDisabledByDefault) {
+  expectChange(2, GetParam(), kJXNotification_StoppingTheServerSide, 2, {kDeactivated});
+}
+
+TEST_P(EveryState, EnablingEnablesTheDefault) {
+  expectChange(0, GetParam(), kJXNotification_EnablingTheServerSide, 1, {kActivated});
+}
+
+TEST_P(EveryState, EnablingEnablesAlwaysEnabled) {
+  expectChange(1, GetParam(), kJXNotification_EnablingTheServerSide, 1, {kActivated});
+}
+
+TEST_P(EveryState, EnablingEnablesDisabledByDefault) {
+  expectChange(2, GetParam(), kJXNotification_EnablingTheServerSide, 1, {kActivated});
+}
+
+TEST_P(EveryState, AnyOtherNameChangesNothing) {
+  expectChange(0, GetParam(), kJXNotification_HitSent, GetParam(), {});
+}
+
+TEST_P(EveryState, OtherNamesGivenToTheHandlerChangeNothing) {
+  const auto serverSide = make();
+  serverSide->setServerSideState(GetParam());
+  forgetLines();
+  serverSide->onNotificationReceived({kJXNotification_OnBackground});
+  serverSide->onNotificationReceived({nullptr});
+  EXPECT_EQ(serverSide->serverSideState(), GetParam());
+  EXPECT_TRUE(lines().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(From, EveryState, ::testing::Values(0, 1, 2));
+
+TEST_F(ServerSideState, ARepeatedNotificationLogsAgain) {
+  const auto serverSide = make();
+  forgetLines();
+  post(kJXNotification_StoppingTheServerSide);
+  post(kJXNotification_StoppingTheServerSide);
+  post(kJXNotification_EnablingTheServerSide);
+  post(kJXNotification_EnablingTheServerSide);
+  EXPECT_THAT(lines(), ElementsAre(kDeactivated, kDeactivated, kActivated, kActivated));
+}
+
+TEST_F(ServerSideState, EnableServerSidePostsTheUserBlockAsItself) {
+  JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
+  const auto serverSide = make();
+  JXUser::sharedInstance().setConsentID("c-1");
+  serverSide->enableServerSide();
+  const auto sent = posted(kJXNotification_EnablingTheServerSide);
+  ASSERT_EQ(sent.size(), 1u);
+  EXPECT_EQ(sent[0].object, serverSide.get());
+  ASSERT_EQ(sent[0].userInfo.size(), 1u);
+  const JXJsonObject user = sent[0].userInfo.get(kJXUserInfo_POSTData).object();
+  EXPECT_EQ(JXJsonWriter::write(user, JXJsonStyle::Compact).text,
+            R"({"anonymous_id":"00000000-0000-4000-8000-000000000002","consent_id":"c-1"})");
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+}
+
+TEST_F(ServerSideState, DisableServerSidePostsAStopWithoutUserInfo) {
+  const auto serverSide = make();
+  serverSide->disableServerSide();
+  const auto sent = posted(kJXNotification_StoppingTheServerSide);
+  ASSERT_EQ(sent.size(), 1u);
+  EXPECT_EQ(sent[0].object, serverSide.get());
+  EXPECT_FALSE(sent[0].userInfo.isPresent());
+  EXPECT_EQ(serverSide->serverSideState(), 2);
+}
+
+TEST_F(ServerSideState, AlwaysEnabledPostsNoStopAndIgnoresOneFromElsewhere) {
+  const auto serverSide = make(1);
+  serverSide->disableServerSide();
+  EXPECT_TRUE(posted(kJXNotification_StoppingTheServerSide).empty());
+  post(kJXNotification_StoppingTheServerSide);
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  execute(*serverSide);
+}
+
+TEST_F(ServerSideState, DisabledByDefaultDropsEventsUntilItIsEnabled) {
+  const auto serverSide = make(2);
+  serverSide->execute(JXCustomEvent::initWithName("lost"));
+  EXPECT_TRUE(requests().empty());
+  serverSide->enableServerSide();
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  EXPECT_EQ(execute(*serverSide, "kept").body.get("event_name").string(), JXString("kept"));
+}
+
+TEST_F(ServerSideState, ThroughAHostCentreEachChangeIsHeardOnce) {
+  const auto serverSide = make();
+  const auto center = std::make_shared<JXNotificationCenter>();
+  record(center);
+  serverSide->changeNotificationCenter(center);
+  forgetLines();
+  serverSide->disableServerSide();
+  EXPECT_EQ(serverSide->serverSideState(), 2);
+  serverSide->enableServerSide();
+  EXPECT_EQ(serverSide->serverSideState(), 1);
+  EXPECT_THAT(lines(), ElementsAre(kDeactivated, kActivated));
+  EXPECT_EQ(posted(kJXNotification_StoppingTheServerSide).size(), 1u) << "on its centre only";
+}
+
+TEST_F(ServerSideState, ChangingTheCentreLeavesTheListenerOnTheDefaultOne) {
+  const auto serverSide = make();
+  serverSide->changeNotificationCenter(std::make_shared<JXNotificationCenter>());
+  post(kJXNotification_StoppingTheServerSide);
+  EXPECT_EQ(serverSide->serverSideState(), 2);
+}
+
+TEST_F(ServerSideState, ChangingBackToANullCentrePostsOnTheDefaultOne) {
+  const auto serverSide = make();
+  serverSide->changeNotificationCenter(std::make_shared<JXNotificationCenter>());
+  serverSide->execute(JXCustomEvent::initWithName("elsewhere"));
+  EXPECT_TRUE(requests().empty());
+  serverSide->changeNotificationCenter(nullptr);
+  execute(*serverSide);
+}
+
+TEST_F(ServerSideState, ASecondServerSideHearsTheStopOfTheFirst) {
+  const auto first = make();
+  const auto second = make();
+  const auto stubborn = make(1);
+  first->disableServerSide();
+  EXPECT_EQ(second->serverSideState(), 2);
+  EXPECT_EQ(stubborn->serverSideState(), 1);
+}
+
+TEST_F(ServerSideState, AnEndedServerSideHearsNothing) {
+  auto serverSide = make();
+  serverSide.reset();
+  forgetLines();
+  post(kJXNotification_StoppingTheServerSide);
+  EXPECT_TRUE(lines().empty());
+}
+
+TEST_F(ServerSideState, AListenerThatOutlivesItsServerSideIsHarmless) {
+  auto serverSide = make();
+  const auto listener = serverSide->listenerDelegate();
+  const auto sender = serverSide->senderDelegate();
+  serverSide.reset();
+  forgetLines();
+  post(kJXNotification_StoppingTheServerSide);
+  sender->send({kJXNotification_EnablingTheServerSide});
+  EXPECT_TRUE(lines().empty());
+  EXPECT_EQ(sender->parent(), nullptr);
+}
+
+TEST_F(ServerSideState, RunningInBackgroundIsMarkedAndLogged) {
+  const auto serverSide = make();
+  forgetLines();
+  serverSide->enableRunningInBackground();
+  EXPECT_TRUE(JXCoreVariables::sharedInstance().enableSDKInBG());
+  EXPECT_THAT(lines(),
+              ElementsAre(LogLine{5, "Server-Side SDK is now enabled to run in background"}));
+}
+
+TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
+  const TemporaryFolder folder;
+  configuration.storageFolder = folder.path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+  const auto serverSide = make();
+  platform->enterBackground();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  serverSide->enableRunningInBackground();
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+}
+
+TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
+  const TemporaryFolder folder;
+  configuration.storageFolder = folder.path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+  platform->userAgentAnswersLater = true;
+  const auto serverSide = make();
+  serverSide->waitForUserAgent();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_EQ(platform->answerUserAgent("Agent/2"), 1);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/2"));
+}
+
+TEST_F(ServerSideState, AStopHoldsTheQueueAndEnablingLetsItGo) {
+  const TemporaryFolder folder;
+  configuration.storageFolder = folder.path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+  const auto serverSide = make();
+  serverSide->disableServerSide();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  serverSide->enableServerSide();
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+}
+
+}  // namespace
+}  // namespace jx::test

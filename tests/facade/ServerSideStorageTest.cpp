@@ -1,0 +1,90 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// A ServerSide on storage that cannot be used, or that is not there.
+
+#include <gmock/gmock.h>
+
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/variables/JXPredefinedVariableNames.h"
+#include "tests/support/ServerSideFixture.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace jx::test {
+namespace {
+
+class BrokenStorage : public ServerSideFixture {
+ protected:
+  BrokenStorage() {
+    configuration.collectionHost = "http://127.0.0.1:1";
+    configuration.dryRun = false;
+    platform->hasUserDefaults = false;
+  }
+  std::vector<std::string> storageLines(const std::string& path) const {
+    std::vector<std::string> found;
+    for (const LogLine& line : linesUpTo(3)) {
+      if (line.message.find(path) != std::string::npos) found.push_back(line.message);
+    }
+    return found;
+  }
+
+  const TemporaryFolder folder_;
+};
+
+TEST_F(BrokenStorage, AFolderThatCannotBeMadeKeepsEventsInMemoryAndSaysSoOnce) {
+  // Below a regular file no folder can be made, not even by the superuser.
+  const std::string file = folder_.write("file", "");
+  configuration.storageFolder = file + "/state";
+  const auto serverSide = make();
+  execute(*serverSide);
+  execute(*serverSide);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 2u);
+  const auto said = storageLines(file + "/state");
+  EXPECT_FALSE(said.empty());
+  for (const std::string& line : said)
+    EXPECT_EQ(count({3, line}), 1u) << line;
+}
+
+TEST_F(BrokenStorage, AFileInThePlaceOfTheFolderIsTheSame) {
+  configuration.storageFolder = folder_.write("state", "not a folder");
+  const auto serverSide = make();
+  execute(*serverSide);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 1u);
+  EXPECT_GE(linesUpTo(3).size(), 1u);
+}
+
+TEST_F(BrokenStorage, AFolderInThePlaceOfTheVariablesFileStartsAllTheSame) {
+  folder_.makeFolder("defaults");
+  configuration.storageFolder = folder_.path();
+  const auto serverSide = make();
+  EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
+  execute(*serverSide);
+  EXPECT_GE(linesUpTo(3).size(), 1u);
+}
+
+TEST_F(BrokenStorage, RubbishInTheVariablesFileStartsAnInstallationAnew) {
+  folder_.write("defaults", std::string(5'000, '\xA5'));
+  configuration.storageFolder = folder_.path();
+  const auto serverSide = make();
+  EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
+  EXPECT_EQ(variable(kJXPredefinedVariable_IsFirstVisit), JXString("TRUE"));
+  execute(*serverSide);
+}
+
+TEST_F(BrokenStorage, WithoutAnyFolderEventsAreKeptInMemoryAfterOneLine) {
+  configuration.storageFolder = nullptr;
+  const auto serverSide = make();
+  execute(*serverSide);
+  EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 1u);
+  EXPECT_EQ(storageLines("There is no storage folder").size(), 1u);
+}
+
+TEST_F(BrokenStorage, WithoutAnyFolderTheUniqueIdentifierIsUnset) {
+  configuration.storageFolder = nullptr;
+  const auto serverSide = make();
+  EXPECT_FALSE(variable("#JX_UNIQUE_ID#").isPresent());
+  EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
+}
+
+}  // namespace
+}  // namespace jx::test
