@@ -241,6 +241,19 @@ TEST_F(Execute, WithoutASenderNothingIsPostedAndTheRestGoesOn) {
   EXPECT_EQ(variable(kJXPredefinedVariable_IsNewSession), JXString("0"));
 }
 
+TEST_F(Execute, AnEventWithoutAnAddressIsLostWithALine) {
+  const auto serverSide = make();
+  const JXString url = serverSide->url();
+  serverSide->setUrl(nullptr);
+  forgetLines();
+  serverSide->execute(JXCustomEvent::initWithName("quiz"));
+  ASSERT_EQ(linesUpTo(5).size(), 1u);
+  EXPECT_EQ(linesUpTo(5)[0].level, 2);
+  serverSide->setUrl(url);
+  EXPECT_EQ(execute(*serverSide).url, url);
+  EXPECT_EQ(linesUpTo(5).size(), 1u);
+}
+
 TEST_F(Execute, AnObserverMayExecuteAnotherEvent) {
   const auto serverSide = make();
   bool isFollowed = false;

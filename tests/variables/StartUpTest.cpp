@@ -152,6 +152,18 @@ TEST_F(VariableStartUp, ReinitStartsEverythingOver) {
   EXPECT_EQ(variable("#JX_CURRENT_CALL_MS#"), JXString("1700000020000"));
 }
 
+TEST_F(VariableStartUp, ReinitInTheBackgroundStaysInTheBackground) {
+  start();
+  JXPredefinedVariables& v = variables();
+  v.didEnterBackground({});
+  v.reinit();
+  EXPECT_TRUE(v.isBackground());
+  clock->advance(1'000);
+  v.willEnterForeground({});
+  EXPECT_EQ(v.totalForegroundTransitions(), 2);
+  EXPECT_EQ(v.totalBackgroundTime(), 1'000u);
+}
+
 TEST_F(VariableStartUp, TheFirstReinitCountsAVisitAndTheSecondDoesNot) {
   start();
   JXPredefinedVariables& v = variables();

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXLogger.h"
 #include "jx/core/notifications/JXEventListenerState.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 
@@ -68,7 +69,12 @@ void JXNotificationHub::handToNetworkManager(const JXNotification& notification)
   if (name == kJXNotification_HTTPRequest) {
     const JXString url = notification.userInfo.get(kJXUserInfo_URLKey).string();
     const JXString body = notification.userInfo.get(kJXUserInfo_POSTData).string();
-    if (url.isPresent() && body.isPresent()) manager.enqueue(url.view(), body.view());
+    if (url.isPresent() && body.isPresent()) {
+      manager.enqueue(url.view(), body.view());
+    } else {
+      JXLogger::sharedInstance().logMessage_withLevel(
+          "A request without an address or a body is lost", 2);
+    }
   } else if (name == kJXNotification_EnablingTheServerSide) {
     manager.changingSDKBehaviour(true);
   } else if (name == kJXNotification_StoppingTheServerSide) {
