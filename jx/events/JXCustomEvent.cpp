@@ -18,9 +18,7 @@ const JXEventClass& JXCustomEvent::eventClass() {
       "JXCustomEvent",
       &JXEvent::eventClass(),
       {},
-      {},
       &fields,
-      nullptr,
       {usable(JXE_EVENT)},
       [](int, const JXString& text) -> std::shared_ptr<JXEvent> { return initWithName(text); }};
   return type;

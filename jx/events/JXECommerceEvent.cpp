@@ -16,15 +16,14 @@ const JXEventClass& JXECommerceEvent::eventClass() {
       {JXE_CURRENCY, "currency", &JXECommerceEvent::currency_},
       {JXE_ITEMS, "items", &JXECommerceEvent::items_},
   };
-  static const auto& type = *new JXEventClass{
-      "JXECommerceEvent",
-      &JXEvent::eventClass(),
-      {},
-      {},
-      &written,
-      &unwritten,
-      {},
-      [](int, const JXString&) -> std::shared_ptr<JXEvent> { return JXECommerceEvent::init(); }};
+  static const auto& type = *new JXEventClass{"JXECommerceEvent",
+                                              &JXEvent::eventClass(),
+                                              {},
+                                              &written,
+                                              {},
+                                              makeByInit<JXECommerceEvent>,
+                                              {},
+                                              &unwritten};
   return type;
 }
 

@@ -57,15 +57,8 @@ const JXEventClass& JXEvent::eventClass() {
       {JXE_PAGENAME, "pageName", &JXEvent::pageName_},
       {JXE_PAGETYPE, "pageType", &JXEvent::pageType_},
   };
-  static const auto& type = *new JXEventClass{
-      "JXEvent",
-      nullptr,
-      {},
-      {},
-      &fields,
-      nullptr,
-      {neverComplete()},
-      [](int, const JXString&) -> std::shared_ptr<JXEvent> { return JXEvent::init(); }};
+  static const auto& type =
+      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverComplete()}, makeByInit<JXEvent>};
   return type;
 }
 

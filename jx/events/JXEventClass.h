@@ -22,18 +22,18 @@ struct JXEventClass {
   /// The names that events of this class carry: one, or of a video class one for each mode; none
   /// when the host chooses the name.
   std::vector<std::string_view> eventNames;
-  /// Names of the modes, in step with `eventNames`; empty for a class without modes.
-  std::vector<std::string_view> modes;
   /// What this class writes behind what its base writes, in order.
   const JXFieldTable* written;
-  /// Properties that a host may set although no JSON shows them on this class; null when none.
-  const JXFieldTable* unwritten;
   /// What makes an event of this class complete, in the order of testing. The base's conditions do
   /// not count beside them.
   std::vector<JXCondition> conditions;
   /// A new event as its initialiser makes it. `mode` is an index into `modes`, `text` the argument
   /// of an initialiser that takes a name or a video session; both are ignored where none is taken.
   std::shared_ptr<JXEvent> (*make)(int mode, const JXString& text);
+  /// Names of the modes, in step with `eventNames`; empty for a class without modes.
+  std::vector<std::string_view> modes = {};
+  /// Properties that a host may set although no JSON shows them on this class; null when none.
+  const JXFieldTable* unwritten = nullptr;
 
   /// The field with this JSON key, in this class or its bases; null when there is none.
   const JXFieldInfo* fieldOfKey(std::string_view key) const;
@@ -51,6 +51,18 @@ struct JXEventClass {
   bool holds(const JXCondition& condition, const JXEvent& event) const;
   std::string_view propertyOfKey(std::string_view key) const;
 };
+
+/// The `make` of a class whose initialiser takes nothing.
+template <typename Event>
+std::shared_ptr<JXEvent> makeByInit(int, const JXString&) {
+  return Event::init();
+}
+
+/// The `make` of a video class.
+template <typename Event, typename Mode>
+std::shared_ptr<JXEvent> makeByMode(int mode, const JXString& sessionId) {
+  return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
+}
 
 /// All event classes, bases first. Thread-safe.
 const std::vector<const JXEventClass*>& allEventClasses();

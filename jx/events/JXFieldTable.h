@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -12,8 +13,15 @@
 
 namespace jx {
 
-/// The texts of an enumeration and the names of its members, both indexed by its values.
+/// The texts of an enumeration and the names of its members, both indexed by its values. Refers to
+/// the arrays, which must be constants.
 struct JXTextTable {
+  constexpr JXTextTable() = default;
+  template <std::size_t N>
+  constexpr JXTextTable(const std::array<std::string_view, N>& textOfEach,
+                        const std::array<std::string_view, N>& nameOfEach)
+      : texts(textOfEach.data()), members(nameOfEach.data()), count(N) {}
+
   const std::string_view* texts = nullptr;    ///< what JSON says: "mid-roll"
   const std::string_view* members = nullptr;  ///< the name behind the prefix: "MID_ROLL"
   std::size_t count = 0;
@@ -23,6 +31,8 @@ struct JXTextTable {
     const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
     return isInside ? JXString(texts[value]) : JXString();
   }
+  std::vector<std::string_view> allTexts() const { return {texts, texts + count}; }
+  std::vector<std::string_view> allMembers() const { return {members, members + count}; }
 };
 
 /// What a field holds, and so how it stands in JSON.
@@ -69,8 +79,9 @@ class JXFieldTable {
   /// Writes every field into `dict`, in order.
   virtual void write(const JXAdditionalProperties& object, JXJsonObject& dict) const = 0;
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
-  /// Gives a field the value; JSON's null sets it to absent. Returns what is wrong with the value,
-  /// empty when nothing is; the object is unchanged then.
+  /// Gives a field the value; JSON's null sets it to absent, which a flag and an enumeration cannot
+  /// be. Returns what is wrong with the value and leaves the object unchanged; empty when nothing
+  /// is wrong.
   virtual std::string set(JXAdditionalProperties& object, std::size_t field,
                           const JXJsonValue& value) const = 0;
 

@@ -52,8 +52,8 @@ void write(bool value, std::string_view key, JXJsonObject& dict) {
   JXUtils::setBool_forKey_onDict(value, key, dict);
 }
 
+// Like a list of items, an absent list of texts gives an empty array: it is copied, not handed on.
 void write(const JXList<JXString>& value, std::string_view key, JXJsonObject& dict) {
-  if (!value.isPresent()) return;
   JXJsonArray array;
   for (const JXString& text : value)
     array.append(text);

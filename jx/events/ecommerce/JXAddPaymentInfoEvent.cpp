@@ -1,0 +1,43 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXAddPaymentInfoEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "add_payment_info";
+
+}  // namespace
+
+JXAddPaymentInfoEvent::JXAddPaymentInfoEvent() { setName(kName); }
+
+std::shared_ptr<JXAddPaymentInfoEvent> JXAddPaymentInfoEvent::init() {
+  return std::shared_ptr<JXAddPaymentInfoEvent>(new JXAddPaymentInfoEvent());
+}
+
+std::shared_ptr<JXAddPaymentInfoEvent> JXAddPaymentInfoEvent::initWithPaymentMethod(
+    const JXString& paymentMethod) {
+  std::shared_ptr<JXAddPaymentInfoEvent> event = init();
+  event->setPaymentMethod(paymentMethod);
+  return event;
+}
+
+const JXEventClass& JXAddPaymentInfoEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXAddPaymentInfoEvent>{
+      {JXE_PAYMENTMETHOD, "paymentMethod", &JXAddPaymentInfoEvent::paymentMethod_},
+      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
+      {JXE_REVENUE, "revenue", &JXAddPaymentInfoEvent::revenue_},
+      {JXE_CURRENCY, "currency", &JXAddPaymentInfoEvent::currency_},
+      {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
+      // Again: the writing order is part of the interface, and the value is the same.
+      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXAddPaymentInfoEvent",     &JXECommerceEvent::eventClass(),  {kName}, &fields,
+      {usable(JXE_PAYMENTMETHOD)}, makeByInit<JXAddPaymentInfoEvent>};
+  return type;
+}
+
+}  // namespace jx

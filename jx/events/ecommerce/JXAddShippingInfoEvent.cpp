@@ -1,0 +1,54 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXAddShippingInfoEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "add_shipping_info";
+
+}  // namespace
+
+JXAddShippingInfoEvent::JXAddShippingInfoEvent() { setName(kName); }
+
+std::shared_ptr<JXAddShippingInfoEvent> JXAddShippingInfoEvent::init() {
+  return std::shared_ptr<JXAddShippingInfoEvent>(new JXAddShippingInfoEvent());
+}
+
+std::shared_ptr<JXAddShippingInfoEvent>
+JXAddShippingInfoEvent::initWithItems_withValue_withCurrency(
+    const JXList<std::shared_ptr<JXItem>>& items, const std::optional<JXDecimal>& value,
+    const JXString& currency) {
+  std::shared_ptr<JXAddShippingInfoEvent> event = init();
+  event->items_.appendAll(items);
+  event->setValue(value);
+  event->setCurrency(currency);
+  return event;
+}
+
+const JXEventClass& JXAddShippingInfoEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXAddShippingInfoEvent>{
+      {JXE_CURRENCY, "currency", &JXAddShippingInfoEvent::currency_},
+      {JXE_VALUE, "value", &JXAddShippingInfoEvent::value_},
+      {JXE_COUPON, "coupon", &JXAddShippingInfoEvent::coupon_},
+      {JXE_SHIPPINGTIER, "shippingTier", &JXAddShippingInfoEvent::shippingTier_},
+      {JXE_ITEMS, "items", &JXAddShippingInfoEvent::items_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXAddShippingInfoEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          notEmpty(JXE_ITEMS),
+          present(JXE_VALUE),
+          usable(JXE_CURRENCY),
+      },
+      makeByInit<JXAddShippingInfoEvent>,
+  };
+  return type;
+}
+
+}  // namespace jx

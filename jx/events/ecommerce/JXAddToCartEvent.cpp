@@ -1,0 +1,58 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXAddToCartEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "add_to_cart";
+
+}  // namespace
+
+JXAddToCartEvent::JXAddToCartEvent() { setName(kName); }
+
+std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::init() {
+  return std::shared_ptr<JXAddToCartEvent>(new JXAddToCartEvent());
+}
+
+std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXAddToCartEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithValue_withCurrency_withItems(
+    const std::optional<JXDecimal>& value, const JXString& currency,
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXAddToCartEvent> event = init();
+  event->setValue(value);
+  event->setCurrency(currency);
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXAddToCartEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXAddToCartEvent>{
+      {JXE_CURRENCY, "currency", &JXAddToCartEvent::currency_},
+      {JXE_VALUE, "value", &JXAddToCartEvent::value_},
+      {JXE_ITEMS, "items", &JXAddToCartEvent::items_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXAddToCartEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          notEmpty(JXE_ITEMS),
+          present(JXE_VALUE),
+          usable(JXE_CURRENCY),
+      },
+      makeByInit<JXAddToCartEvent>,
+  };
+  return type;
+}
+
+}  // namespace jx

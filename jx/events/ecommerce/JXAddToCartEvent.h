@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "jx/core/JXList.h"
+#include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXECommerceEvent.h"
+#include "jx/events/JXItem.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// Items were put into the cart.
+class JXAddToCartEvent final : public JXECommerceEvent {
+ public:
+  static std::shared_ptr<JXAddToCartEvent> init();
+  /// The items are appended to the event's own list; the caller's list is not kept.
+  static std::shared_ptr<JXAddToCartEvent> initWithItems(
+      const JXList<std::shared_ptr<JXItem>>& items);
+  static std::shared_ptr<JXAddToCartEvent> initWithValue_withCurrency_withItems(
+      const std::optional<JXDecimal>& value, const JXString& currency,
+      const JXList<std::shared_ptr<JXItem>>& items);
+
+  const std::optional<JXDecimal>& value() const { return value_; }
+  void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ private:
+  JXAddToCartEvent();
+
+  std::optional<JXDecimal> value_;
+};
+
+}  // namespace jx

@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXAddToWishlistEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "add_to_wishlist";
+
+}  // namespace
+
+JXAddToWishlistEvent::JXAddToWishlistEvent() { setName(kName); }
+
+std::shared_ptr<JXAddToWishlistEvent> JXAddToWishlistEvent::init() {
+  return std::shared_ptr<JXAddToWishlistEvent>(new JXAddToWishlistEvent());
+}
+
+std::shared_ptr<JXAddToWishlistEvent> JXAddToWishlistEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXAddToWishlistEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXAddToWishlistEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXAddToWishlistEvent>{
+      {JXE_VALUE, "value", &JXAddToWishlistEvent::value_},
+      {JXE_CURRENCY, "currency", &JXAddToWishlistEvent::currency_},
+      {JXE_ITEMS, "items", &JXAddToWishlistEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXAddToWishlistEvent", &JXECommerceEvent::eventClass(), {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)},  makeByInit<JXAddToWishlistEvent>};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,56 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXBeginCheckoutEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "begin_checkout";
+
+}  // namespace
+
+JXBeginCheckoutEvent::JXBeginCheckoutEvent() { setName(kName); }
+
+std::shared_ptr<JXBeginCheckoutEvent> JXBeginCheckoutEvent::init() {
+  return std::shared_ptr<JXBeginCheckoutEvent>(new JXBeginCheckoutEvent());
+}
+
+std::shared_ptr<JXBeginCheckoutEvent>
+JXBeginCheckoutEvent::initWithRevenue_withValue_withCurrency_withItems(
+    const std::optional<JXDecimal>& revenue, const std::optional<JXDecimal>& value,
+    const JXString& currency, const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXBeginCheckoutEvent> event = init();
+  event->setRevenue(revenue);
+  event->setValue(value);
+  event->setCurrency(currency);
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXBeginCheckoutEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXBeginCheckoutEvent>{
+      {JXE_VALUE, "value", &JXBeginCheckoutEvent::value_},
+      {JXE_REVENUE, "revenue", &JXBeginCheckoutEvent::revenue_},
+      {JXE_CURRENCY, "currency", &JXBeginCheckoutEvent::currency_},
+      {JXE_COUPON, "coupon", &JXBeginCheckoutEvent::coupon_},
+      {JXE_ITEMS, "items", &JXBeginCheckoutEvent::items_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXBeginCheckoutEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          usable(JXE_CURRENCY),
+          notEmpty(JXE_ITEMS),
+          present(JXE_VALUE),
+          present(JXE_REVENUE),
+      },
+      makeByInit<JXBeginCheckoutEvent>,
+  };
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,43 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "jx/core/JXList.h"
+#include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXECommerceEvent.h"
+#include "jx/events/JXItem.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// The checkout has begun.
+class JXBeginCheckoutEvent final : public JXECommerceEvent {
+ public:
+  static std::shared_ptr<JXBeginCheckoutEvent> init();
+  /// The items are appended to the event's own list; the caller's list is not kept.
+  static std::shared_ptr<JXBeginCheckoutEvent> initWithRevenue_withValue_withCurrency_withItems(
+      const std::optional<JXDecimal>& revenue, const std::optional<JXDecimal>& value,
+      const JXString& currency, const JXList<std::shared_ptr<JXItem>>& items);
+
+  const std::optional<JXDecimal>& revenue() const { return revenue_; }
+  void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
+  const std::optional<JXDecimal>& value() const { return value_; }
+  void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
+  const JXString& coupon() const { return coupon_; }
+  void setCoupon(const JXString& value) { coupon_ = value; }
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ private:
+  JXBeginCheckoutEvent();
+
+  std::optional<JXDecimal> revenue_;
+  std::optional<JXDecimal> value_;
+  JXString coupon_;
+};
+
+}  // namespace jx

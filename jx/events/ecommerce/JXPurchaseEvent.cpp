@@ -1,0 +1,73 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXPurchaseEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "purchase";
+
+}  // namespace
+
+JXPurchaseEvent::JXPurchaseEvent() { setName(kName); }
+
+std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::init() {
+  return std::shared_ptr<JXPurchaseEvent>(new JXPurchaseEvent());
+}
+
+std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::
+    initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
+        const JXString& ID, const std::optional<JXDecimal>& revenue,
+        const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
+        const JXString& paymentMethod, const JXString& status,
+        const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXPurchaseEvent> event = init();
+  event->setID(ID);
+  event->setRevenue(revenue);
+  event->setValue(value);
+  event->setCurrency(currency);
+  event->setType(type);
+  event->setPaymentMethod(paymentMethod);
+  event->setStatus(status);
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXPurchaseEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXPurchaseEvent>{
+      {JXE_CURRENCY, "currency", &JXPurchaseEvent::currency_},
+      {JX_ID, "ID", &JXPurchaseEvent::ID_},
+      {JXE_VALUE, "value", &JXPurchaseEvent::value_},
+      {JXE_REVENUE, "revenue", &JXPurchaseEvent::revenue_},
+      {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXPurchaseEvent::shippingAmount_},
+      {JXE_TAXAMOUNT, "taxAmount", &JXPurchaseEvent::taxAmount_},
+      {JXE_COUPON, "coupon", &JXPurchaseEvent::coupon_},
+      {JXE_TYPE, "type", &JXPurchaseEvent::type_},
+      {JXE_PAYMENTMETHOD, "paymentMethod", &JXPurchaseEvent::paymentMethod_},
+      {JXE_STATUS, "status", &JXPurchaseEvent::status_},
+      {JXE_URL, "url", &JXPurchaseEvent::url_},
+      {JXE_ITEMS, "items", &JXPurchaseEvent::items_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXPurchaseEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          notEmpty(JXE_ITEMS),
+          usable(JX_ID),
+          present(JXE_REVENUE),
+          present(JXE_VALUE),
+          usable(JXE_CURRENCY),
+          usable(JXE_TYPE),
+          usable(JXE_PAYMENTMETHOD),
+          usable(JXE_STATUS),
+      },
+      makeByInit<JXPurchaseEvent>,
+  };
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,63 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXRefundEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "refund";
+
+}  // namespace
+
+JXRefundEvent::JXRefundEvent() { setName(kName); }
+
+std::shared_ptr<JXRefundEvent> JXRefundEvent::init() {
+  return std::shared_ptr<JXRefundEvent>(new JXRefundEvent());
+}
+
+std::shared_ptr<JXRefundEvent>
+JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType(
+    const JXString& ID, const std::optional<JXDecimal>& revenue,
+    const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type) {
+  std::shared_ptr<JXRefundEvent> event = init();
+  event->setID(ID);
+  event->setRevenue(revenue);
+  event->setValue(value);
+  event->setCurrency(currency);
+  event->setType(type);
+  return event;
+}
+
+std::shared_ptr<JXRefundEvent>
+JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(
+    const JXString& ID, const std::optional<JXDecimal>& revenue,
+    const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXRefundEvent> event =
+      initWithID_withRevenue_withValue_withCurrency_withType(ID, revenue, value, currency, type);
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXRefundEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXRefundEvent>{
+      {JXE_CURRENCY, "currency", &JXRefundEvent::currency_},
+      {JXE_VALUE, "value", &JXRefundEvent::value_},
+      {JX_ID, "ID", &JXRefundEvent::ID_},
+      {JXE_REVENUE, "revenue", &JXRefundEvent::revenue_},
+      {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXRefundEvent::shippingAmount_},
+      {JXE_TAXAMOUNT, "taxAmount", &JXRefundEvent::taxAmount_},
+      {JXE_TYPE, "type", &JXRefundEvent::type_},
+      {JXE_URL, "url", &JXRefundEvent::url_},
+      {JXE_COUPON, "coupon", &JXRefundEvent::coupon_},
+      {JXE_ITEMS, "items", &JXRefundEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXRefundEvent",       &JXECommerceEvent::eventClass(), {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)}, makeByInit<JXRefundEvent>};
+  return type;
+}
+
+}  // namespace jx

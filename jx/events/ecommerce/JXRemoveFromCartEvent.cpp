@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXRemoveFromCartEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "remove_from_cart";
+
+}  // namespace
+
+JXRemoveFromCartEvent::JXRemoveFromCartEvent() { setName(kName); }
+
+std::shared_ptr<JXRemoveFromCartEvent> JXRemoveFromCartEvent::init() {
+  return std::shared_ptr<JXRemoveFromCartEvent>(new JXRemoveFromCartEvent());
+}
+
+std::shared_ptr<JXRemoveFromCartEvent> JXRemoveFromCartEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXRemoveFromCartEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXRemoveFromCartEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXRemoveFromCartEvent>{
+      {JXE_VALUE, "value", &JXRemoveFromCartEvent::value_},
+      {JXE_CURRENCY, "currency", &JXRemoveFromCartEvent::currency_},
+      {JXE_ITEMS, "items", &JXRemoveFromCartEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXRemoveFromCartEvent", &JXECommerceEvent::eventClass(),  {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)},   makeByInit<JXRemoveFromCartEvent>};
+  return type;
+}
+
+}  // namespace jx

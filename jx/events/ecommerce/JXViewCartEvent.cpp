@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXViewCartEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "view_cart";
+
+}  // namespace
+
+JXViewCartEvent::JXViewCartEvent() { setName(kName); }
+
+std::shared_ptr<JXViewCartEvent> JXViewCartEvent::init() {
+  return std::shared_ptr<JXViewCartEvent>(new JXViewCartEvent());
+}
+
+std::shared_ptr<JXViewCartEvent> JXViewCartEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXViewCartEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXViewCartEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXViewCartEvent>{
+      {JXE_CURRENCY, "currency", &JXViewCartEvent::currency_},
+      {JXE_VALUE, "value", &JXViewCartEvent::value_},
+      {JXE_ITEMS, "items", &JXViewCartEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXViewCartEvent",     &JXECommerceEvent::eventClass(), {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)}, makeByInit<JXViewCartEvent>};
+  return type;
+}
+
+}  // namespace jx

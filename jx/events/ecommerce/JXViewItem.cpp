@@ -1,0 +1,48 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/ecommerce/JXViewItem.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "view_item";
+
+}  // namespace
+
+JXViewItem::JXViewItem() { setName(kName); }
+
+std::shared_ptr<JXViewItem> JXViewItem::init() {
+  return std::shared_ptr<JXViewItem>(new JXViewItem());
+}
+
+std::shared_ptr<JXViewItem> JXViewItem::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXViewItem> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXViewItem::eventClass() {
+  static const auto& fields = *new JXFields<JXViewItem>{
+      {JXE_CURRENCY, "currency", &JXViewItem::currency_},
+      {JXE_REVENUE, "revenue", &JXViewItem::revenue_},
+      {JXE_ITEMS, "items", &JXViewItem::items_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXViewItem",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          notEmpty(JXE_ITEMS),
+          present(JXE_REVENUE),
+          usable(JXE_CURRENCY),
+      },
+      makeByInit<JXViewItem>,
+  };
+  return type;
+}
+
+}  // namespace jx

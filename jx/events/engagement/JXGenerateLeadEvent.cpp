@@ -1,0 +1,43 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXGenerateLeadEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "generate_lead";
+
+}  // namespace
+
+JXGenerateLeadEvent::JXGenerateLeadEvent() { setName(kName); }
+
+std::shared_ptr<JXGenerateLeadEvent> JXGenerateLeadEvent::init() {
+  return std::shared_ptr<JXGenerateLeadEvent>(new JXGenerateLeadEvent());
+}
+
+std::shared_ptr<JXGenerateLeadEvent> JXGenerateLeadEvent::initWithValue_withCurrency(
+    const std::optional<JXDecimal>& value, const JXString& currency) {
+  std::shared_ptr<JXGenerateLeadEvent> event = init();
+  event->setValue(value);
+  event->setCurrency(currency);
+  return event;
+}
+
+const JXEventClass& JXGenerateLeadEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXGenerateLeadEvent>{
+      {JXE_CURRENCY, "currency", &JXGenerateLeadEvent::currency_},
+      {JXE_VALUE, "value", &JXGenerateLeadEvent::value_},
+      {JX_ID, "ID", &JXGenerateLeadEvent::ID_},
+  };
+  static const auto& type = *new JXEventClass{"JXGenerateLeadEvent",
+                                              &JXEvent::eventClass(),
+                                              {kName},
+                                              &fields,
+                                              {together(JXE_VALUE, JXE_CURRENCY)},
+                                              makeByInit<JXGenerateLeadEvent>};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXEvent.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// The viewer became a lead. An amount and its currency come together or not at all.
+class JXGenerateLeadEvent final : public JXEvent {
+ public:
+  static std::shared_ptr<JXGenerateLeadEvent> init();
+  static std::shared_ptr<JXGenerateLeadEvent> initWithValue_withCurrency(
+      const std::optional<JXDecimal>& value, const JXString& currency);
+
+  const std::optional<JXDecimal>& value() const { return value_; }
+  void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
+  const JXString& currency() const { return currency_; }
+  void setCurrency(const JXString& value) { currency_ = value; }
+  const JXString& ID() const { return ID_; }
+  void setID(const JXString& value) { ID_ = value; }
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ private:
+  JXGenerateLeadEvent();
+
+  std::optional<JXDecimal> value_;
+  JXString currency_;
+  JXString ID_;
+};
+
+}  // namespace jx

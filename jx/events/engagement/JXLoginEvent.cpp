@@ -1,0 +1,29 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXLoginEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "login";
+
+}  // namespace
+
+JXLoginEvent::JXLoginEvent() { setName(kName); }
+
+std::shared_ptr<JXLoginEvent> JXLoginEvent::init() {
+  return std::shared_ptr<JXLoginEvent>(new JXLoginEvent());
+}
+
+const JXEventClass& JXLoginEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXLoginEvent>{
+      {JXE_METHOD, "method", &JXLoginEvent::method_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXLoginEvent", &JXEvent::eventClass(), {kName}, &fields, {}, makeByInit<JXLoginEvent>};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXPageViewEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "page_view";
+
+}  // namespace
+
+JXPageViewEvent::JXPageViewEvent() { setName(kName); }
+
+std::shared_ptr<JXPageViewEvent> JXPageViewEvent::init() {
+  return std::shared_ptr<JXPageViewEvent>(new JXPageViewEvent());
+}
+
+std::shared_ptr<JXPageViewEvent> JXPageViewEvent::initWithType(const JXString& pageType) {
+  std::shared_ptr<JXPageViewEvent> event = init();
+  event->setPageType(pageType);
+  return event;
+}
+
+const JXEventClass& JXPageViewEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXPageViewEvent>{
+      // Both again, as every event writes them: the writing order is part of the interface, and the
+      // values are the same.
+      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_},
+      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXPageViewEvent", &JXEvent::eventClass(), {kName},
+                        &fields,           {usable(JXE_PAGETYPE)}, makeByInit<JXPageViewEvent>};
+  return type;
+}
+
+}  // namespace jx

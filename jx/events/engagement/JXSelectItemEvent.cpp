@@ -1,0 +1,38 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXSelectItemEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "select_item";
+
+}  // namespace
+
+JXSelectItemEvent::JXSelectItemEvent() { setName(kName); }
+
+std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::init() {
+  return std::shared_ptr<JXSelectItemEvent>(new JXSelectItemEvent());
+}
+
+std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXSelectItemEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXSelectItemEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXSelectItemEvent>{
+      {JXE_ITEMLISTNAME, "itemListName", &JXSelectItemEvent::itemListName_},
+      {JXE_ITEMS, "items", &JXSelectItemEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXSelectItemEvent",   &JXEvent::eventClass(),       {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)}, makeByInit<JXSelectItemEvent>};
+  return type;
+}
+
+}  // namespace jx

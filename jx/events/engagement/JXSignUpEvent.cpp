@@ -1,0 +1,29 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXSignUpEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "sign_up";
+
+}  // namespace
+
+JXSignUpEvent::JXSignUpEvent() { setName(kName); }
+
+std::shared_ptr<JXSignUpEvent> JXSignUpEvent::init() {
+  return std::shared_ptr<JXSignUpEvent>(new JXSignUpEvent());
+}
+
+const JXEventClass& JXSignUpEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXSignUpEvent>{
+      {JXE_METHOD, "method", &JXSignUpEvent::method_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, makeByInit<JXSignUpEvent>};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,29 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "jx/events/JXEvent.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// The viewer made an account. Always complete.
+class JXSignUpEvent final : public JXEvent {
+ public:
+  static std::shared_ptr<JXSignUpEvent> init();
+
+  const JXString& method() const { return method_; }
+  void setMethod(const JXString& value) { method_ = value; }
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ private:
+  JXSignUpEvent();
+
+  JXString method_;
+};
+
+}  // namespace jx

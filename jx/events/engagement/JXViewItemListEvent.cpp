@@ -1,0 +1,38 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/engagement/JXViewItemListEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kName = "view_item_list";
+
+}  // namespace
+
+JXViewItemListEvent::JXViewItemListEvent() { setName(kName); }
+
+std::shared_ptr<JXViewItemListEvent> JXViewItemListEvent::init() {
+  return std::shared_ptr<JXViewItemListEvent>(new JXViewItemListEvent());
+}
+
+std::shared_ptr<JXViewItemListEvent> JXViewItemListEvent::initWithItems(
+    const JXList<std::shared_ptr<JXItem>>& items) {
+  std::shared_ptr<JXViewItemListEvent> event = init();
+  event->items_.appendAll(items);
+  return event;
+}
+
+const JXEventClass& JXViewItemListEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXViewItemListEvent>{
+      {JXE_ITEMLISTNAME, "itemListName", &JXViewItemListEvent::itemListName_},
+      {JXE_ITEMS, "items", &JXViewItemListEvent::items_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXViewItemListEvent", &JXEvent::eventClass(),         {kName}, &fields,
+                        {notEmpty(JXE_ITEMS)}, makeByInit<JXViewItemListEvent>};
+  return type;
+}
+
+}  // namespace jx

@@ -1,0 +1,59 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/video/JXVideoContentEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+namespace {
+
+constexpr JXTextTable kModes(EJXVideoContentMode_toString, EJXVideoContentMode_members);
+
+}  // namespace
+
+std::shared_ptr<JXVideoContentEvent> JXVideoContentEvent::initWithMode_andSessionId(
+    EJXVideoContentMode mode, const JXString& sessionId) {
+  std::shared_ptr<JXVideoContentEvent> event(new JXVideoContentEvent());
+  event->setName(kModes.textOf(mode));
+  event->setVideoSessionID(sessionId);
+  return event;
+}
+
+const JXEventClass& JXVideoContentEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXVideoContentEvent>{
+      {JXV_CONTENT_POD_ID, "contentPodID", &JXVideoContentEvent::contentPodID_},
+      {JXV_VIDEO_DESCRIPTION, "videoDescription", &JXVideoContentEvent::videoDescription_},
+      {JXV_SEASON, "season", &JXVideoContentEvent::season_},
+      {JXV_EPISODE, "episode", &JXVideoContentEvent::episode_},
+      {JXV_PROGRAM, "program", &JXVideoContentEvent::program_},
+      {JXV_CHANNEL, "channel", &JXVideoContentEvent::channel_},
+      {JXV_CONTENT_ASSET_ID, "contentAssetID", &JXVideoContentEvent::contentAssetID_},
+      {JXV_VIDEO_CATEGORY, "videoCategory", &JXVideoContentEvent::videoCategory_},
+      {JXV_AIRDATE, "airDate", &JXVideoContentEvent::airDate_},
+      {JXV_KEYWORDS, "keywords", &JXVideoContentEvent::keywords_},
+      {JXV_FULL_EPISODE, "fullEpisode", &JXVideoContentEvent::fullEpisode_},
+      {JXV_LIVESTREAM, "livestream", &JXVideoContentEvent::livestream_},
+      {JXV_BITRATE, "bitrate", &JXVideoContentEvent::bitrate_},
+      {JXV_FRAMERATE, "framerate", &JXVideoContentEvent::framerate_},
+      // Again, as every video event writes it: the writing order is part of the interface, and the
+      // value is the same.
+      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_},
+  };
+  static const auto& type = *new JXEventClass{
+      "JXVideoContentEvent",
+      &JXVideoEvent::eventClass(),
+      kModes.allTexts(),
+      &fields,
+      {
+          usable(JXV_VIDEO_SESSION_ID),
+          usable(JXV_CONTENT_ASSET_ID),
+          present(JXV_CURSOR_POSITION),
+          present(JXV_TOTAL_LENGTH),
+      },
+      makeByMode<JXVideoContentEvent, EJXVideoContentMode>,
+      kModes.allMembers(),
+  };
+  return type;
+}
+
+}  // namespace jx

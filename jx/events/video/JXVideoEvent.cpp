@@ -1,0 +1,27 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/video/JXVideoEvent.h"
+
+#include "jx/events/JXEventPropertiesNames.h"
+
+namespace jx {
+
+std::shared_ptr<JXVideoEvent> JXVideoEvent::init() {
+  return std::shared_ptr<JXVideoEvent>(new JXVideoEvent());
+}
+
+const JXEventClass& JXVideoEvent::eventClass() {
+  static const auto& fields = *new JXFields<JXVideoEvent>{
+      {JXV_VIDEO_SESSION_ID, "videoSessionID", &JXVideoEvent::videoSessionID_},
+      {JXV_CURSOR_POSITION, "cursorPosition", &JXVideoEvent::cursorPosition_},
+      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoEvent::totalLength_},
+      {JXV_VIDEO_TITLE, "videoTitle", &JXVideoEvent::videoTitle_},
+      {JXV_PUBLISHER, "publisher", &JXVideoEvent::publisher_},
+  };
+  static const auto& type =
+      *new JXEventClass{"JXVideoEvent", &JXEvent::eventClass(), {},
+                        &fields,        {neverComplete()},      makeByInit<JXVideoEvent>};
+  return type;
+}
+
+}  // namespace jx

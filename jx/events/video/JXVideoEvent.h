@@ -1,0 +1,47 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXEvent.h"
+#include "jx/platform/JXString.h"
+
+namespace jx {
+
+/// Base of the video events: what each of them tells about its video session. On its own it has no
+/// name and is never complete.
+class JXVideoEvent : public JXEvent {
+ public:
+  static std::shared_ptr<JXVideoEvent> init();
+
+  /// Which video session this is; the same text in all its events.
+  const JXString& videoSessionID() const { return videoSessionID_; }
+  void setVideoSessionID(const JXString& value) { videoSessionID_ = value; }
+  /// Position of the playhead.
+  const std::optional<JXDecimal>& cursorPosition() const { return cursorPosition_; }
+  void setCursorPosition(const std::optional<JXDecimal>& value) { cursorPosition_ = value; }
+  /// Length of the video.
+  const std::optional<JXDecimal>& totalLength() const { return totalLength_; }
+  void setTotalLength(const std::optional<JXDecimal>& value) { totalLength_ = value; }
+  const JXString& videoTitle() const { return videoTitle_; }
+  void setVideoTitle(const JXString& value) { videoTitle_ = value; }
+  const JXString& publisher() const { return publisher_; }
+  void setPublisher(const JXString& value) { publisher_ = value; }
+
+  static const JXEventClass& eventClass();
+  const JXEventClass& ownEventClass() const override { return eventClass(); }
+
+ protected:
+  JXVideoEvent() = default;
+
+  JXString videoSessionID_;
+  std::optional<JXDecimal> cursorPosition_;
+  std::optional<JXDecimal> totalLength_;
+  JXString videoTitle_;
+  JXString publisher_;
+};
+
+}  // namespace jx

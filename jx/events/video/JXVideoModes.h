@@ -1,0 +1,95 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace jx {
+
+// Each enumeration has two tables indexed by its values: the texts that JSON says, and the names of
+// its members behind their prefix. Numbered from 0; any int is a value that may be passed, and one
+// outside the enumeration has no text.
+
+/// What a JXVideoPlaybackEvent says; the text is its event name.
+enum EJXVideoPlaybackMode : int {
+  EJXVideoPlaybackMode_START,
+  EJXVideoPlaybackMode_PAUSE,
+  EJXVideoPlaybackMode_ERROR,
+  EJXVideoPlaybackMode_BUFFER_START,
+  EJXVideoPlaybackMode_BUFFER_COMPLETE,
+  EJXVideoPlaybackMode_SEEK_START,
+  EJXVideoPlaybackMode_SEEK_COMPLETE,
+  EJXVideoPlaybackMode_RESUME,
+  EJXVideoPlaybackMode_COMPLETE,
+};
+inline constexpr std::array<std::string_view, 9> EJXVideoPlaybackMode_toString{
+    "video_start",         "video_pause",           "video_error",
+    "video_buffer_start",  "video_buffer_complete", "video_seek_start",
+    "video_seek_complete", "video_resume",          "video_complete",
+};
+inline constexpr std::array<std::string_view, 9> EJXVideoPlaybackMode_members{
+    "START",      "PAUSE",         "ERROR",  "BUFFER_START", "BUFFER_COMPLETE",
+    "SEEK_START", "SEEK_COMPLETE", "RESUME", "COMPLETE",
+};
+
+/// What a JXVideoAdEvent says; the text is its event name.
+enum EJXVideoAdMode : int {
+  EJXVideoAdMode_START,
+  EJXVideoAdMode_PLAYING,
+  EJXVideoAdMode_STOP,
+  EJXVideoAdMode_COMPLETE,
+  EJXVideoAdMode_SKIP,
+  EJXVideoAdMode_BREAK_START,
+  EJXVideoAdMode_BREAK_COMPLETE,
+  EJXVideoAdMode_CLICK,
+};
+inline constexpr std::array<std::string_view, 8> EJXVideoAdMode_toString{
+    "video_ad_start", "video_ad_playing",     "video_ad_stop",           "video_ad_complete",
+    "video_ad_skip",  "video_ad_break_start", "video_ad_break_complete", "video_ad_click",
+};
+inline constexpr std::array<std::string_view, 8> EJXVideoAdMode_members{
+    "START", "PLAYING", "STOP", "COMPLETE", "SKIP", "BREAK_START", "BREAK_COMPLETE", "CLICK",
+};
+
+/// What a JXVideoContentEvent says; the text is its event name.
+enum EJXVideoContentMode : int {
+  EJXVideoContentMode_START,
+  EJXVideoContentMode_PLAYING,
+  EJXVideoContentMode_QUARTER_REACHED,
+  EJXVideoContentMode_COMPLETE,
+};
+inline constexpr std::array<std::string_view, 4> EJXVideoContentMode_toString{
+    "video_content_start",
+    "video_content_playing",
+    "video_content_quarter_reached",
+    "video_content_complete",
+};
+inline constexpr std::array<std::string_view, 4> EJXVideoContentMode_members{
+    "START",
+    "PLAYING",
+    "QUARTER_REACHED",
+    "COMPLETE",
+};
+
+/// What a JXVideoSettingEvent says; the text is its event name.
+enum EJXVideoSettingMode : int {
+  EJXVideoSettingMode_VOLUME,
+  EJXVideoSettingMode_SPEED,
+  EJXVideoSettingMode_SUBTITLE_ON,
+  EJXVideoSettingMode_SUBTITLE_OFF,
+  EJXVideoSettingMode_FULLSCREEN_ON,
+  EJXVideoSettingMode_FULLSCREEN_OFF,
+  EJXVideoSettingMode_QUALITY,
+  EJXVideoSettingMode_SHARE,
+};
+inline constexpr std::array<std::string_view, 8> EJXVideoSettingMode_toString{
+    "video_volume",        "video_speed",          "video_subtitle_on", "video_subtitle_off",
+    "video_fullscreen_on", "video_fullscreen_off", "video_quality",     "video_share",
+};
+inline constexpr std::array<std::string_view, 8> EJXVideoSettingMode_members{
+    "VOLUME",        "SPEED",          "SUBTITLE_ON", "SUBTITLE_OFF",
+    "FULLSCREEN_ON", "FULLSCREEN_OFF", "QUALITY",     "SHARE",
+};
+
+}  // namespace jx
