@@ -82,8 +82,9 @@ void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJso
 
 JXFieldState state(const JXString& value) { return {value.isPresent(), value.testString(), false}; }
 
+// What is not written counts as absent, so that an event and its JSON are judged alike.
 JXFieldState state(const std::optional<JXDecimal>& value) {
-  return {value.has_value(), false, false};
+  return {value.has_value() && !value->isNotANumber(), false, false};
 }
 
 JXFieldState state(bool) { return {true, false, false}; }

@@ -24,7 +24,7 @@ std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
 
 bool JXItem::verifyItem() const {
   return ID_.testString() && product_ != nullptr && product_->verifyProduct() &&
-         quantity_.has_value();
+         fieldvalue::state(quantity_).isPresent;
 }
 
 JXJsonObject JXItem::getJsonObject() const {

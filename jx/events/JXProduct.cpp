@@ -19,7 +19,7 @@ std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
 }
 
 bool JXProduct::verifyProduct() const {
-  return ID_.testString() && name_.testString() && price_.has_value();
+  return ID_.testString() && name_.testString() && fieldvalue::state(price_).isPresent;
 }
 
 JXJsonObject JXProduct::getJsonObject() const {
