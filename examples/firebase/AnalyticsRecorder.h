@@ -1,0 +1,19 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <iostream>
+#include <string>
+
+// Stands in for the Firebase Analytics object of a real application, whose operations look much
+// like these two. It prints what it is told.
+class AnalyticsRecorder {
+ public:
+  void setDefaultParameter(const std::string& name, const std::string& value) {
+    std::cout << "setDefaultParameter " << name << " = " << value << '\n';
+  }
+
+  void logEvent(const std::string& name, const std::string& parametersAsJson) {
+    std::cout << "logEvent " << name << '\n' << parametersAsJson << '\n';
+  }
+};

@@ -1,0 +1,36 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "examples/firebase/FirebaseBridge.h"
+
+#include <string>
+#include <utility>
+
+#include "jx/core/json/JXJsonWriter.h"
+
+namespace {
+
+// Called once, when the ServerSide is made, with a parameter's name and its value.
+constexpr std::string_view kSetDefault = "setDefaultEventParameters:parameters:";
+// Called for each event, with its name and its parameters.
+constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
+
+}  // namespace
+
+FirebaseBridge::FirebaseBridge(std::shared_ptr<AnalyticsRecorder> analytics)
+    : analytics_(std::move(analytics)) {}
+
+bool FirebaseBridge::respondsToOperation(std::string_view operation) {
+  return operation == kSetDefault || operation == kLogEvent;
+}
+
+void FirebaseBridge::performOperation(std::string_view operation, const jx::JXJsonValue& first,
+                                      const jx::JXJsonValue& second) {
+  const std::string name = first.string().toStdString();
+  if (operation == kSetDefault) {
+    analytics_->setDefaultParameter(name, second.string().toStdString());
+  } else if (operation == kLogEvent) {
+    // The parameters are flat: a real bridge walks second.object().entries() and hands each on.
+    analytics_->logEvent(name,
+                         jx::JXJsonWriter::write(second.object(), jx::JXJsonStyle::Pretty).text);
+  }
+}

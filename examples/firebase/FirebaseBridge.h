@@ -1,0 +1,23 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "examples/firebase/AnalyticsRecorder.h"
+#include "jx/facade/IJXFirebaseInstance.h"
+
+// What an application writes to have its events mirrored: the library calls an operation by its
+// name, and this object passes the call on to the analytics object.
+class FirebaseBridge final : public jx::IJXFirebaseInstance {
+ public:
+  explicit FirebaseBridge(std::shared_ptr<AnalyticsRecorder> analytics);
+
+  bool respondsToOperation(std::string_view operation) override;
+  void performOperation(std::string_view operation, const jx::JXJsonValue& first,
+                        const jx::JXJsonValue& second) override;
+
+ private:
+  std::shared_ptr<AnalyticsRecorder> analytics_;
+};

@@ -1,0 +1,46 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Mirrors every event to Firebase Analytics. The application hands the library an object that it
+// calls by the names of its operations, so the library needs to know nothing about Firebase.
+#include <memory>
+
+#include "examples/firebase/AnalyticsRecorder.h"
+#include "examples/firebase/FirebaseBridge.h"
+#include "jx/JXServerSide.h"
+
+namespace {
+
+std::shared_ptr<jx::JXItem> item(const char* id, const char* productId, const char* name,
+                                 const char* price, int quantity) {
+  return jx::JXItem::initWithItemId_withProduct_withQuantity(
+      id,
+      jx::JXProduct::initWithProductId_withName_withPrice(productId, name,
+                                                          jx::JXDecimal::fromString(price)),
+      quantity);
+}
+
+std::shared_ptr<jx::JXPurchaseEvent> purchase() {
+  const auto event = jx::JXPurchaseEvent::init();
+  event->setID("536365");
+  event->setRevenue(jx::JXDecimal::fromString("45.64"));
+  event->setCurrency("GBP");
+  event->setPaymentMethod(jx::EJXPayementMethod_CARD);
+  event->items().append(item("1", "85123A", "Lantern", "3.39", 6));
+  event->items().append(item("2", "71053", "Lamp", "25.30", 1));
+  return event;
+}
+
+}  // namespace
+
+int main() {
+  jx::JXCoreConfiguration configuration;
+  configuration.dryRun = true;  // an example sends nothing; a real application leaves this line out
+  jx::JXCoreConfiguration::set(configuration);
+
+  const auto bridge = std::make_shared<FirebaseBridge>(std::make_shared<AnalyticsRecorder>());
+  const auto serverSide =
+      jx::ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(42, "source-key", bridge);
+  serverSide->execute(purchase());
+  return 0;
+}
