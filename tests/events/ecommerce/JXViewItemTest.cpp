@@ -40,6 +40,12 @@ TEST(JXViewItem, NeedsAnItemARevenueAndACurrency) {
        {"currency is absent or empty", [](auto& event) { event.setCurrency(""); }}});
 }
 
+TEST(JXViewItem, CountsARevenueOfZeroAsPresent) {
+  const auto event = completeViewItem();
+  event->setRevenue(0);
+  EXPECT_TRUE(event->verifyEvent());
+}
+
 TEST(JXViewItem, CarriesARevenueAndNeverAValue) {
   const JXJsonObject json = completeViewItem()->getJsonObject();
   EXPECT_TRUE(json.contains("revenue"));
