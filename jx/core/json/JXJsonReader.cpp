@@ -2,99 +2,266 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/json/JXJsonReader.h"
 
-#include <rapidjson/error/en.h>
-#include <rapidjson/memorystream.h>
-#include <rapidjson/reader.h>
-
+#include <cstdint>
 #include <utility>
 #include <vector>
 
+#include "jx/core/json/JXUtf8.h"
+
 namespace jx {
+namespace {
 
-// Builds the value from the reader's events. The containers that are open stand in a stack.
-class JXJsonReader::Handler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Handler> {
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+int hexValue(char c) {
+  if (isDigit(c)) return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+void appendUtf8(std::uint32_t codePoint, std::string& text) {
+  const auto append = [&](std::uint32_t byte) { text.push_back(static_cast<char>(byte)); };
+  if (codePoint < 0x80) return append(codePoint);
+  if (codePoint < 0x800) {
+    append(0xC0 | codePoint >> 6);
+  } else {
+    if (codePoint < 0x10000) {
+      append(0xE0 | codePoint >> 12);
+    } else {
+      append(0xF0 | codePoint >> 18);
+      append(0x80 | (codePoint >> 12 & 0x3F));
+    }
+    append(0x80 | (codePoint >> 6 & 0x3F));
+  }
+  append(0x80 | (codePoint & 0x3F));
+}
+
+}  // namespace
+
+// A parser of our own, because general ones refuse what a double cannot hold (1e400) even when they
+// hand numbers over as text. The containers that are open stand in a stack, so that deep nesting
+// costs no recursion.
+class JXJsonReader::Parser {
  public:
-  bool Null() { return put(JXJsonValue::null()); }
-  bool Bool(bool value) { return put(value); }
-  bool RawNumber(const char* digits, rapidjson::SizeType length, bool) {
-    JXJsonValue number = JXJsonValue::numberFromText(std::string_view(digits, length));
-    if (!number.isPresent()) refusal_ = "a number has too many digits";
-    return number.isPresent() && put(std::move(number));
-  }
-  bool String(const char* text, rapidjson::SizeType length, bool) {
-    return put(std::string_view(text, length));
-  }
-  bool Key(const char* text, rapidjson::SizeType length, bool) {
-    open_.back().key = std::string_view(text, length);
-    return true;
-  }
-  bool StartObject() { return start(JXJsonObject()); }
-  bool StartArray() { return start(JXJsonArray()); }
-  bool EndObject(rapidjson::SizeType) { return end(); }
-  bool EndArray(rapidjson::SizeType) { return end(); }
+  explicit Parser(std::string_view text) : text_(text) {}
 
-  JXJsonValue takeResult() { return std::move(result_); }
-  const std::string& refusal() const { return refusal_; }
+  JXJsonReading read() {
+    at_ = utf8PrefixLength(text_);
+    bool isJson = at_ == text_.size() || fault("bytes are not UTF-8");
+    if (isJson) {
+      at_ = text_.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0;
+      isJson = document();
+    }
+    JXJsonReading reading;
+    if (isJson) {
+      reading.value = std::move(result_);
+    } else {
+      reading.error = error_;
+      reading.errorOffset = at_;
+    }
+    return reading;
+  }
 
  private:
   struct Open {
     JXJsonValue container;
     JXString key;
+    bool isObject() const { return container.kind() == JXJsonValue::Kind::Object; }
   };
+
+  bool fault(const char* error) {
+    error_ = error;
+    return false;
+  }
+  bool faultAt(std::size_t offset, const char* error) {
+    at_ = offset;
+    return fault(error);
+  }
+
+  bool atEnd() const { return at_ == text_.size(); }
+  bool stands(char c) const { return !atEnd() && text_[at_] == c; }
+  bool skip(char c) {
+    const bool found = stands(c);
+    if (found) ++at_;
+    return found;
+  }
+  void skipBlanks() {
+    while (stands(' ') || stands('\n') || stands('\r') || stands('\t'))
+      ++at_;
+  }
+  bool skipDigits() {
+    const std::size_t begin = at_;
+    while (!atEnd() && isDigit(text_[at_]))
+      ++at_;
+    return at_ != begin;
+  }
+
+  // Each turn reads a value, or the beginning of a container, and goes on to the next one.
+  bool document() {
+    do {
+      skipBlanks();
+      if (!beginValue()) return false;
+      if (expectsValue_) continue;
+      if (!endValues()) return false;
+    } while (expectsValue_);
+    return true;
+  }
+
+  bool beginValue() {
+    expectsValue_ = false;
+    if (atEnd()) return fault("a value is missing");
+    switch (text_[at_]) {
+      case '{':
+        return open(JXJsonObject()) && (stands('}') || key());
+      case '[':
+        expectsValue_ = true;
+        if (!open(JXJsonArray())) return false;
+        expectsValue_ = !stands(']');
+        return true;
+      case '"': {
+        JXString text;
+        return string(text) && put(std::move(text));
+      }
+      case 't':
+        return word("true", true);
+      case 'f':
+        return word("false", false);
+      case 'n':
+        return word("null", JXJsonValue::null());
+      default:
+        return number();
+    }
+  }
+
+  // What may stand behind a value: ends of containers, then a comma or the end of the text.
+  bool endValues() {
+    for (skipBlanks(); !open_.empty(); skipBlanks()) {
+      if (skip(',')) {
+        skipBlanks();
+        expectsValue_ = true;
+        return !open_.back().isObject() || key();
+      }
+      if (!skip(open_.back().isObject() ? '}' : ']')) {
+        return fault("a comma or the end of an object or array is missing");
+      }
+      open_.pop_back();
+    }
+    return atEnd() || fault("something stands behind the value");
+  }
+
+  bool open(const JXJsonValue& container) {
+    if (open_.size() >= kMaxDepth) return fault("values are nested too deep");
+    put(container);
+    open_.push_back({container, {}});
+    ++at_;
+    skipBlanks();
+    return true;
+  }
+
+  bool key() {
+    if (!stands('"')) return fault("a key is missing");
+    if (!string(open_.back().key)) return false;
+    skipBlanks();
+    if (!skip(':')) return fault("a colon is missing");
+    expectsValue_ = true;
+    return true;
+  }
 
   bool put(JXJsonValue value) {
     if (open_.empty()) {
       result_ = std::move(value);
-    } else if (open_.back().container.kind() == JXJsonValue::Kind::Object) {
+    } else if (open_.back().isObject()) {
       open_.back().container.object().set(open_.back().key.view(), std::move(value));
     } else {
       open_.back().container.array().append(std::move(value));
     }
     return true;
   }
-  bool start(const JXJsonValue& container) {
-    if (open_.size() >= kMaxDepth) {
-      refusal_ = "values are nested too deep";
-      return false;
+
+  bool word(std::string_view word, JXJsonValue value) {
+    if (text_.substr(at_, word.size()) != word) return fault("this is no value");
+    at_ += word.size();
+    return put(std::move(value));
+  }
+
+  bool number() {
+    const std::size_t begin = at_;
+    skip('-');
+    if (!skip('0') && !skipDigits()) return faultAt(begin, "this is no value");
+    if (skip('.') && !skipDigits()) return fault("a number has no digits behind its point");
+    if (skip('e') || skip('E')) {
+      if (!skip('+')) skip('-');
+      if (!skipDigits()) return fault("a number has no digits in its exponent");
     }
-    put(container);
-    open_.push_back({container, {}});
+    JXJsonValue value = JXJsonValue::numberFromText(text_.substr(begin, at_ - begin));
+    if (!value.isPresent()) return faultAt(begin, "a number has too many digits");
+    return put(std::move(value));
+  }
+
+  bool string(JXString& result) {
+    std::string text;
+    const std::size_t begin = at_++;
+    for (;;) {
+      const std::size_t run = at_;
+      while (!atEnd() && text_[at_] != '"' && text_[at_] != '\\' && !isControl(text_[at_]))
+        ++at_;
+      text.append(text_.substr(run, at_ - run));
+      if (atEnd()) return faultAt(begin, "a text has no end");
+      if (skip('"')) break;
+      if (!skip('\\')) return fault("a control character stands in a text");
+      if (!escape(text)) return false;
+    }
+    result = text;
     return true;
   }
-  bool end() {
-    open_.pop_back();
+  static bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20; }
+
+  bool escape(std::string& text) {
+    constexpr std::string_view kLetters = "\"\\/bfnrt";
+    constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
+    if (skip('u')) return escapedCodePoint(text);
+    const std::size_t letter = atEnd() ? kLetters.npos : kLetters.find(text_[at_]);
+    if (letter == kLetters.npos) return fault("this is no escape");
+    text.push_back(kMeanings[letter]);
+    ++at_;
     return true;
   }
 
-  JXJsonValue result_;
+  bool escapedCodePoint(std::string& text) {
+    const std::size_t begin = at_ - 2;
+    std::uint32_t codePoint = 0;
+    if (!fourHexDigits(codePoint)) return fault("an escape needs four hexadecimal digits");
+    if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
+      std::uint32_t low = 0;
+      const bool isPair = codePoint < 0xDC00 && skip('\\') && skip('u') && fourHexDigits(low) &&
+                          low >= 0xDC00 && low <= 0xDFFF;
+      if (!isPair) return faultAt(begin, "half of a surrogate pair stands alone");
+      codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (low - 0xDC00);
+    }
+    appendUtf8(codePoint, text);
+    return true;
+  }
+
+  bool fourHexDigits(std::uint32_t& value) {
+    for (int i = 0; i < 4; ++i, ++at_) {
+      const int digit = atEnd() ? -1 : hexValue(text_[at_]);
+      if (digit < 0) return false;
+      value = value * 16 + static_cast<std::uint32_t>(digit);
+    }
+    return true;
+  }
+
+  const std::string_view text_;
+  std::size_t at_ = 0;
+  bool expectsValue_ = false;  // a container or a comma stands before
   std::vector<Open> open_;
-  std::string refusal_;
+  JXJsonValue result_;
+  const char* error_ = "";
 };
 
-JXJsonReading JXJsonReader::read(std::string_view text) {
-  constexpr unsigned kFlags = rapidjson::kParseIterativeFlag |
-                              rapidjson::kParseNumbersAsStringsFlag |
-                              rapidjson::kParseValidateEncodingFlag;
-  rapidjson::MemoryStream bytes(text.data(), text.size());
-  rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> stream(bytes);
-  rapidjson::Reader reader;
-  Handler handler;
-  const rapidjson::ParseResult parsed = reader.Parse<kFlags>(stream, handler);
-  JXJsonReading reading;
-  if (parsed.IsError()) {
-    reading.errorOffset = parsed.Offset();
-    reading.error =
-        handler.refusal().empty() ? rapidjson::GetParseError_En(parsed.Code()) : handler.refusal();
-    return reading;
-  }
-  // The reader takes a NUL byte for the end; what stands behind it would pass unread.
-  if (stream.Tell() < text.size()) {
-    reading.errorOffset = stream.Tell();
-    reading.error = "a NUL byte stands outside of a text";
-    return reading;
-  }
-  reading.value = handler.takeResult();
-  return reading;
-}
+JXJsonReading JXJsonReader::read(std::string_view text) { return Parser(text).read(); }
 
 }  // namespace jx

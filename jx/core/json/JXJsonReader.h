@@ -18,8 +18,9 @@ struct JXJsonReading {
 };
 
 /// Reads JSON text with its numbers digit for digit. A key that stands twice in an object holds
-/// its later value. Refused: text behind the value, bytes that are not UTF-8, values nested deeper
-/// than `kMaxDepth`, and numbers whose exponent makes them longer than 4,096 digits.
+/// its later value. Refused: text behind the value, bytes that are not UTF-8, escaped halves of a
+/// surrogate pair, values nested deeper than `kMaxDepth`, and numbers whose exponent makes them
+/// longer than 4,096 digits. A byte order mark at the start is skipped.
 class JXJsonReader {
  public:
   static constexpr std::size_t kMaxDepth = 1'000;
@@ -27,7 +28,7 @@ class JXJsonReader {
   static JXJsonReading read(std::string_view text);
 
  private:
-  class Handler;
+  class Parser;
 };
 
 }  // namespace jx

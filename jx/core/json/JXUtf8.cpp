@@ -70,16 +70,18 @@ std::size_t asciiPrefix(std::string_view bytes, std::size_t at) noexcept {
 
 }  // namespace
 
-bool isUtf8(std::string_view bytes) noexcept {
+bool isUtf8(std::string_view bytes) noexcept { return utf8PrefixLength(bytes) == bytes.size(); }
+
+std::size_t utf8PrefixLength(std::string_view bytes) noexcept {
   std::size_t at = 0;
   while (at < bytes.size()) {
     at += asciiPrefix(bytes, at);
     if (at == bytes.size()) break;
     const Sequence sequence = sequenceAt(bytes, at);
-    if (!sequence.valid) return false;
+    if (!sequence.valid) return at;
     at += sequence.length;
   }
-  return true;
+  return at;
 }
 
 std::string withReplacementCharacters(std::string_view bytes) {

@@ -1,0 +1,87 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/json/JXJsonArray.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "jx/core/json/JXJsonValue.h"
+
+namespace jx {
+namespace {
+
+TEST(JXJsonArray, KeepsValuesInOrder) {
+  JXJsonArray array;
+  array.append("a");
+  array.append(2);
+  array.append(JXJsonValue::null());
+  array.append(false);
+  ASSERT_EQ(array.size(), 4U);
+  EXPECT_EQ(array.at(0).string(), JXString("a"));
+  EXPECT_EQ(array.at(1).numberText(), JXString("2"));
+  EXPECT_EQ(array.at(2).kind(), JXJsonValue::Kind::Null);
+  EXPECT_EQ(array.at(3).kind(), JXJsonValue::Kind::Bool);
+  std::string kinds;
+  for (const JXJsonValue& value : array.values())
+    kinds += std::to_string(static_cast<int>(value.kind()));
+  EXPECT_EQ(kinds, "4312");
+}
+
+TEST(JXJsonArray, AnAbsentValueIsLeftOut) {
+  JXJsonArray array;
+  array.append(JXJsonValue());
+  array.append(JXString());
+  array.append(JXDecimal::notANumber());
+  EXPECT_EQ(array.size(), 0U);
+}
+
+TEST(JXJsonArray, BeyondTheEndIsAbsent) {
+  JXJsonArray array;
+  array.append(1);
+  EXPECT_FALSE(array.at(1).isPresent());
+  EXPECT_FALSE(array.at(static_cast<std::size_t>(-1)).isPresent());
+}
+
+TEST(JXJsonArray, AnAbsentHandleHoldsNothingAndIgnoresWhatIsPutIn) {
+  JXJsonArray none(nullptr);
+  none.append(1);
+  EXPECT_FALSE(none.isPresent());
+  EXPECT_EQ(none.size(), 0U);
+  EXPECT_FALSE(none.at(0).isPresent());
+  EXPECT_TRUE(none.values().empty());
+}
+
+TEST(JXJsonArray, CopiesOfAHandleShareTheValues) {
+  JXJsonArray array;
+  JXJsonArray other = array;
+  other.append(1);
+  EXPECT_EQ(array.size(), 1U);
+  EXPECT_TRUE(array.isSameAs(other));
+  EXPECT_FALSE(array.isSameAs(JXJsonArray()));
+}
+
+TEST(JXJsonArray, MayTakeItsOwnElements) {
+  JXJsonArray array;
+  array.append("a text that is too long to be held in place");
+  for (int i = 0; i < 100; ++i)
+    array.append(array.values()[0]);
+  EXPECT_EQ(array.size(), 101U);
+  EXPECT_EQ(array.at(100).string(), JXString("a text that is too long to be held in place"));
+}
+
+TEST(JXJsonArray, ADeeplyNestedOneEndsWithoutDeepRecursion) {
+  JXJsonArray array;
+  array.append("core");
+  for (int i = 0; i < 100'000; ++i) {
+    JXJsonArray outer;
+    outer.append(array);
+    array = outer;
+  }
+  EXPECT_EQ(array.size(), 1U);
+  array = JXJsonArray();
+  EXPECT_EQ(array.size(), 0U);
+}
+
+}  // namespace
+}  // namespace jx
