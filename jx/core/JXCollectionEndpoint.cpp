@@ -15,9 +15,15 @@ bool startsWith(std::string_view text, std::string_view prefix) {
   return text.substr(0, prefix.size()) == prefix;
 }
 
+std::string lowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return lower;
+}
+
 std::string_view hostOf(std::string_view authority) {
-  // What stands behind the authority is no part of it, whatever it looks like.
-  authority = authority.substr(0, authority.find_first_of("/?#\\"));
   const std::size_t user = authority.rfind('@');
   if (user != std::string_view::npos) authority.remove_prefix(user + 1);
   if (!authority.empty() && authority.front() == '[') {
@@ -26,43 +32,72 @@ std::string_view hostOf(std::string_view authority) {
   return authority.substr(0, authority.find(':'));
 }
 
-// "127.", then digits and dots that make three more numbers: "127.example.com" is a name.
+// "127.", then three numbers up to 255: "127.example.com" is a name.
 bool isLoopbackIPv4(std::string_view host) {
   if (!startsWith(host, "127.")) return false;
-  int numbers = 1;
-  int digits = 0;
-  for (const char c : host.substr(4)) {
+  int numbers = 0;
+  int number = -1;  // no digit yet
+  for (const char c : std::string(host.substr(4)) + '.') {
     if (c >= '0' && c <= '9') {
-      if (++digits > 3) return false;
-    } else if (c == '.' && digits > 0) {
+      number = (number < 0 ? 0 : number * 10) + (c - '0');
+      if (number > 255) return false;
+    } else if (c == '.' && number >= 0) {
       ++numbers;
-      digits = 0;
+      number = -1;
     } else {
       return false;
     }
   }
-  return numbers == 3 && digits > 0;
+  return numbers == 3;
 }
+
+// Nothing but a host and what may stand beside it. Everything that URL parsers read in different
+// ways is refused, so that what is taken for loopback here is what is connected to later.
+bool isAuthority(std::string_view authority) {
+  for (const char c : authority) {
+    if (static_cast<unsigned char>(c) <= ' ' || c == 0x7F || c == '\\') return false;
+  }
+  return !hostOf(authority).empty();
+}
+
+// The text behind "http://" or "https://", in capitals or not; the whole when neither is there.
+struct Stated {
+  bool isHttps = false;
+  bool isHttp = false;
+  std::string_view authority;
+  std::string_view behind;  // a path, query or fragment
+
+  explicit Stated(std::string_view text) {
+    isHttps = lowerCase(text.substr(0, kHttps.size())) == kHttps;
+    isHttp = lowerCase(text.substr(0, kHttp.size())) == kHttp;
+    if (isHttps) text.remove_prefix(kHttps.size());
+    if (isHttp) text.remove_prefix(kHttp.size());
+    authority = text.substr(0, text.find_first_of("/?#"));
+    behind = text.substr(authority.size());
+  }
+  bool namesHost() const {
+    // "ftp://host" without its scheme is a host named "ftp" with an empty port.
+    const bool isOtherScheme = !isHttp && !isHttps && startsWith(behind, "//");
+    return isAuthority(authority) && !isOtherScheme;
+  }
+  bool hasPath() const { return behind.find_first_not_of('/') != std::string_view::npos; }
+};
 
 }  // namespace
 
 bool isLoopbackAuthority(std::string_view authority) {
-  const std::string_view host = hostOf(authority);
+  if (!isAuthority(authority) || authority.find_first_of("/?#") != std::string_view::npos) {
+    return false;
+  }
+  const std::string host = lowerCase(hostOf(authority));
   return host == "localhost" || host == "[::1]" || isLoopbackIPv4(host);
 }
 
 JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& stated, const JXString& fallback) {
   JXCollectionEndpoint endpoint;
-  std::string_view rest = stated.view();
-  const bool isHttps = startsWith(rest, kHttps);
-  const bool isHttp = startsWith(rest, kHttp);
-  if (isHttps) rest.remove_prefix(kHttps.size());
-  if (isHttp) rest.remove_prefix(kHttp.size());
-  while (!rest.empty() && rest.back() == '/')
-    rest.remove_suffix(1);
-
-  if (hostOf(rest).empty()) {
-    endpoint.url = std::string(kHttps) + fallback.toStdString();
+  const Stated parts(stated.view());
+  if (!parts.namesHost()) {
+    endpoint.url = std::string(kHttps).append(Stated(fallback.view()).authority);
     if (stated.isPresent()) {
       endpoint.remark = "The collection host \"" + stated.toStdString() +
                         "\" names no host; events go to " + endpoint.url.toStdString();
@@ -70,16 +105,17 @@ JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& stated, const JX
     }
     return endpoint;
   }
-  if (isHttp && isLoopbackAuthority(rest)) {
-    endpoint.url = std::string(kHttp).append(rest);
-    return endpoint;
-  }
-  endpoint.url = std::string(kHttps).append(rest);
-  if (isHttp) {
+  const bool staysHttp = parts.isHttp && isLoopbackAuthority(parts.authority);
+  endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(parts.authority);
+  if (parts.isHttp && !staysHttp) {
     endpoint.remark = "Plain http is refused beyond loopback; events go to " +
                       endpoint.url.toStdString() + " instead";
     endpoint.remarkLevel = 3;
-  } else if (!isHttps) {
+  } else if (parts.hasPath()) {
+    endpoint.remark = "Only the host of \"" + stated.toStdString() + "\" counts; events go to " +
+                      endpoint.url.toStdString();
+    endpoint.remarkLevel = 3;
+  } else if (!parts.isHttps && !parts.isHttp) {
     endpoint.remark = "The collection host \"" + stated.toStdString() +
                       "\" names no scheme; events go to " + endpoint.url.toStdString();
     endpoint.remarkLevel = 4;

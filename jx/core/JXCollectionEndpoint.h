@@ -14,11 +14,13 @@ struct JXCollectionEndpoint {
 
   /// Makes the endpoint from what a host stated. Without a scheme it is https. Plain http would
   /// show a viewer's data to the network, so it is taken for loopback only and becomes https
-  /// elsewhere. `fallback` serves when `stated` names no host.
+  /// elsewhere. A path, query or fragment is cut. `fallback` serves when `stated` names no host,
+  /// or another scheme.
   static JXCollectionEndpoint from(const JXString& stated, const JXString& fallback);
 };
 
-/// True for "localhost", an IPv4 address in 127.0.0.0/8 and "[::1]"; `authority` may have a port.
+/// True for "localhost" in capitals or not, an IPv4 address in 127.0.0.0/8 and "[::1]"; `authority`
+/// may have a port.
 bool isLoopbackAuthority(std::string_view authority);
 
 }  // namespace jx

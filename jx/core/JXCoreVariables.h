@@ -30,7 +30,7 @@ class JXCoreVariables {
   std::chrono::system_clock::time_point now() const;
   /// Decimal milliseconds since the Unix epoch.
   JXString nowMsString() const;
-  /// Decimal seconds since the Unix epoch, the part of a second dropped.
+  /// Decimal seconds since the Unix epoch, rounded down.
   JXString nowString() const;
 
   /// True lets the core send while the application is in the background. Kept as a mark; the

@@ -3,6 +3,8 @@
 #include "jx/core/JXLogger.h"
 
 #include <cstdio>
+#include <string>
+#include <utility>
 
 namespace jx {
 namespace {
@@ -10,8 +12,11 @@ namespace {
 // Set while this thread is inside the sink, so that a sink that logs does not call itself.
 thread_local bool insideSink = false;
 
+// In one piece, so that the lines of several processes do not mix, and whole, whatever it holds.
 void writeToStandardError(int level, std::string_view message) {
-  std::fprintf(stderr, "[JX %d] %.*s\n", level, static_cast<int>(message.size()), message.data());
+  std::string line = "[JX " + std::to_string(level) + "] ";
+  line.append(message).append(1, '\n');
+  std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
 }  // namespace
@@ -39,8 +44,11 @@ void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcep
 }
 
 void JXLogger::setSink(JXLogSink sink) {
-  const std::lock_guard<std::mutex> lock(mutex_);
-  sink_ = std::move(sink);
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    sink_.swap(sink);
+  }
+  // The old one ends here, outside of the lock, since what it holds may log.
 }
 
 }  // namespace jx

@@ -1,0 +1,98 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXAdditionalProperties.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "jx/core/JXDynamicStore.h"
+#include "jx/core/JXUtils.h"
+
+namespace jx {
+namespace {
+
+std::string json(const std::shared_ptr<JXAdditionalProperties>& object) {
+  return JXUtils::jsonDictionaryToString(object->getAdditionalProperties()).toStdString();
+}
+
+TEST(JXAdditionalProperties, ThereAreNoneAtFirst) {
+  EXPECT_EQ(json(JXAdditionalProperties::init()), "{}");
+}
+
+TEST(JXAdditionalProperties, TheLaterValueReplacesTheEarlier) {
+  const auto object = JXAdditionalProperties::init();
+  object->addAdditionalProperty_withStringValue("store", "uk");
+  object->addAdditionalProperty_withStringValue("shelf", "top");
+  object->addAdditionalProperty_withStringValue("store", "fr");
+  EXPECT_EQ(json(object), R"({"store":"fr","shelf":"top"})");
+  JXJsonObject dict;
+  dict.set("a", 1);
+  object->addAdditionalProperty_withDictValue("store", dict);
+  EXPECT_EQ(json(object), R"({"store":{"a":1},"shelf":"top"})");
+}
+
+TEST(JXAdditionalProperties, AbsentKeysAndValuesAreIgnored) {
+  const auto object = JXAdditionalProperties::init();
+  object->addAdditionalProperty_withStringValue("store", "uk");
+  object->addAdditionalProperty_withStringValue("store", nullptr);
+  object->addAdditionalProperty_withStringValue(nullptr, "value");
+  object->addAdditionalProperty_withDictValue("store", nullptr);
+  object->addAdditionalProperty_withDictValue(nullptr, JXJsonObject());
+  object->addAdditionalProperty(JXJsonObject(nullptr));
+  EXPECT_EQ(json(object), R"({"store":"uk"})");
+}
+
+TEST(JXAdditionalProperties, EmptyKeysAndTextsAreKept) {
+  const auto object = JXAdditionalProperties::init();
+  object->addAdditionalProperty_withStringValue("", "");
+  EXPECT_EQ(json(object), R"({"":""})");
+}
+
+TEST(JXAdditionalProperties, ADictIsStoredItself) {
+  const auto object = JXAdditionalProperties::init();
+  JXJsonObject dict;
+  object->addAdditionalProperty_withDictValue("gift", dict);
+  dict.set("wrapped", true);
+  EXPECT_EQ(json(object), R"({"gift":{"wrapped":true}})");
+}
+
+TEST(JXAdditionalProperties, EveryEntryOfAnObjectIsAddedNullIncluded) {
+  const auto object = JXAdditionalProperties::init();
+  object->addAdditionalProperty_withStringValue("b", "before");
+  JXJsonObject entries;
+  entries.set("a", JXJsonValue::null());
+  entries.set("b", JXJsonValue::numberFromText("1.50"));
+  entries.set("c", JXJsonArray());
+  object->addAdditionalProperty(entries);
+  EXPECT_EQ(json(object), R"({"b":1.50,"a":null,"c":[]})");
+  entries.set("late", 1);
+  EXPECT_EQ(json(object), R"({"b":1.50,"a":null,"c":[]})");
+}
+
+TEST(JXAdditionalProperties, EveryPairOfAStoreIsAddedAsItIsNow) {
+  const auto object = JXAdditionalProperties::init();
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("store", "uk");
+  store->addData_withValue("tills", 3);
+  object->addAdditionalProperty(*store);
+  store->addData_withValue("store", "fr");
+  EXPECT_EQ(json(object), R"({"store":"uk","tills":3})");
+}
+
+TEST(JXAdditionalProperties, AddingItsOwnPropertiesChangesNothing) {
+  const auto object = JXAdditionalProperties::init();
+  object->addAdditionalProperty_withStringValue("a", "1");
+  object->addAdditionalProperty(object->getAdditionalProperties());
+  object->addAdditionalProperty(object->getAdditionalProperties().mutableCopy());
+  EXPECT_EQ(json(object), R"({"a":"1"})");
+}
+
+TEST(JXAdditionalProperties, WhatIsAnsweredIsTheObjectsOwn) {
+  const auto object = JXAdditionalProperties::init();
+  object->getAdditionalProperties().set("direct", 1);
+  EXPECT_EQ(json(object), R"({"direct":1})");
+}
+
+}  // namespace
+}  // namespace jx

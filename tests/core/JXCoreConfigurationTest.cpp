@@ -1,0 +1,132 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXCoreConfiguration.h"
+
+#include <memory>
+
+#include "jx/core/JXApplication.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreInitialisation.h"
+#include "jx/core/JXCoreServices.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/notifications/JXNotificationCenter.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "tests/core/JXCoreFixture.h"
+
+namespace jx {
+namespace {
+
+class JXCoreConfigurationTest : public test::JXCoreFixture {};
+
+TEST(JXCoreConfigurationDefaults, SuitATelevisionApplication) {
+  const JXCoreConfiguration defaults;
+  EXPECT_FALSE(defaults.storageFolder.isPresent());
+  EXPECT_FALSE(defaults.collectionHost.isPresent());
+  EXPECT_FALSE(defaults.dryRun);
+  EXPECT_EQ(defaults.logLevel, 3);
+  EXPECT_EQ(defaults.outboxBounds.maxRequests, 10'000U);
+  EXPECT_EQ(defaults.outboxBounds.maxBytes, 33'554'432U);
+  EXPECT_EQ(defaults.outboxBounds.maxAge, std::chrono::milliseconds(2'592'000'000));
+  EXPECT_EQ(defaults.outboxBounds.maxDeadLetters, 1'000U);
+  EXPECT_EQ(defaults.outboxBounds.maxInMemory, 1'000U);
+  EXPECT_EQ(defaults.retryTimings.firstPause, std::chrono::milliseconds(1'000));
+  EXPECT_EQ(defaults.retryTimings.longestPause, std::chrono::milliseconds(300'000));
+  EXPECT_EQ(defaults.retryTimings.longestRetryAfter, std::chrono::milliseconds(86'400'000));
+  EXPECT_EQ(defaults.retryTimings.connectTimeout, std::chrono::milliseconds(10'000));
+  EXPECT_EQ(defaults.retryTimings.requestTimeout, std::chrono::milliseconds(30'000));
+  EXPECT_EQ(defaults.retryTimings.syncDelay, std::chrono::milliseconds(1'000));
+  EXPECT_EQ(defaults.retryTimings.userAgentWait, std::chrono::milliseconds(10'000));
+}
+
+TEST_F(JXCoreConfigurationTest, MayBeSetAgainUntilTheCoreStarts) {
+  EXPECT_FALSE(JXCoreServices::hasStarted());
+  clock_ = std::make_shared<JXManualClock>(5);
+  configuration_.clock = clock_;
+  EXPECT_TRUE(JXCoreConfiguration::set(configuration_));
+  EXPECT_EQ(JXCoreConfiguration::current().clock, clock_);
+  EXPECT_EQ(JXCoreVariables::sharedInstance().nowMs(), 5);
+  EXPECT_TRUE(JXCoreServices::hasStarted());
+}
+
+TEST_F(JXCoreConfigurationTest, ALateOneIsIgnoredWithOneLine) {
+  JXCoreInitialisation::init();
+  const auto before = logLines().size();
+  JXCoreConfiguration late = configuration_;
+  late.clock = std::make_shared<JXManualClock>(5);
+  late.logSink = nullptr;
+  EXPECT_FALSE(JXCoreConfiguration::set(late));
+  EXPECT_EQ(JXCoreConfiguration::current().clock, clock_);
+  EXPECT_EQ(JXCoreVariables::sharedInstance().nowMs(), 1'700'000'000'123);
+  ASSERT_EQ(logLines().size(), before + 1);
+  EXPECT_EQ(logLines().back().substr(0, 2), "3 ");
+}
+
+TEST_F(JXCoreConfigurationTest, MakesTheCollectionEndpoint) {
+  EXPECT_EQ(JXCoreServices::sharedInstance().collectionEndpoint(), JXString("http://127.0.0.1"));
+}
+
+TEST_F(JXCoreConfigurationTest, StartingTheCoreTwiceChangesNothing) {
+  EXPECT_NE(JXCoreInitialisation::init(), nullptr);
+  const JXString sdkId = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID);
+  EXPECT_NE(JXCoreInitialisation::init(), nullptr);
+  EXPECT_EQ(platform_->observeCount(), 1);
+  EXPECT_EQ(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID), sdkId);
+}
+
+TEST_F(JXCoreConfigurationTest, ADryRunTakesNoRequests) {
+  JXCoreInitialisation::init();
+  JXNetworkManager::sharedInstance().enqueue("http://127.0.0.1/events", "{}");
+  EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.added, 0U);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().flush(std::chrono::milliseconds(0)));
+}
+
+class JXCoreStart : public test::JXCoreFixture {
+ protected:
+  void prepare() override { configuration_.collectionHost = "http://collect.example.com"; }
+};
+
+TEST_F(JXCoreStart, SaysWhatIsWrongWithTheCollectionHostOnce) {
+  JXCoreInitialisation::init();
+  JXCoreInitialisation::init();
+  EXPECT_EQ(countLogLines("3 Plain http is refused"), 1);
+  EXPECT_EQ(JXCoreServices::sharedInstance().collectionEndpoint(),
+            JXString("https://collect.example.com"));
+}
+
+class Posted {
+ public:
+  Posted() {
+    JXNotificationCenter::defaultCenter()->addObserver(
+        this, nullptr, [this](const JXNotification& n) { names_ += n.name.toStdString() + ";"; });
+  }
+  ~Posted() { JXNotificationCenter::defaultCenter()->removeObserver(this); }
+  Posted(const Posted&) = delete;
+  Posted& operator=(const Posted&) = delete;
+  const std::string& names() const { return names_; }
+
+ private:
+  std::string names_;
+};
+
+TEST(JXApplication, PostsTheApplicationsNotificationsOnTheDefaultCentre) {
+  const Posted posted;
+  JXApplication::applicationDidEnterBackground();
+  JXApplication::applicationWillEnterForeground();
+  EXPECT_EQ(posted.names(),
+            "UIApplicationDidEnterBackgroundNotification;"
+            "UIApplicationWillEnterForegroundNotification;");
+}
+
+TEST_F(JXCoreConfigurationTest, ThePlatformsApplicationIsObservedFromTheStart) {
+  const Posted posted;
+  EXPECT_FALSE(platform_->enterBackground());
+  JXCoreInitialisation::init();
+  EXPECT_TRUE(platform_->enterBackground());
+  EXPECT_TRUE(platform_->enterForeground());
+  EXPECT_EQ(posted.names(),
+            "UIApplicationDidEnterBackgroundNotification;"
+            "UIApplicationWillEnterForegroundNotification;");
+}
+
+}  // namespace
+}  // namespace jx

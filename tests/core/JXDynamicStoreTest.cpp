@@ -1,0 +1,116 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXDynamicStore.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace jx {
+namespace {
+
+std::string keysOf(const JXDynamicStore& store) {
+  std::string keys;
+  const JXJsonObject entries = store.entries();
+  for (const JXJsonEntry& entry : entries.entries())
+    keys += entry.key.toStdString() + " ";
+  return keys;
+}
+
+TEST(JXDynamicStore, KeepsValuesInTheOrderOfTheirKeys) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("b", "1");
+  store->addData_withValue("a", 2);
+  store->addData_withValue("b", true);
+  EXPECT_EQ(keysOf(*store), "b a ");
+  EXPECT_TRUE(store->getData("b").boolValue());
+  EXPECT_EQ(store->getData("a").numberText(), JXString("2"));
+  EXPECT_FALSE(store->getData("c").isPresent());
+}
+
+TEST(JXDynamicStore, AnAbsentValueRemovesAndNullIsAValue) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", 1);
+  store->addData_withValue("a", JXJsonValue());
+  store->addData_withValue("b", JXJsonValue::null());
+  EXPECT_EQ(keysOf(*store), "b ");
+  EXPECT_EQ(store->getData("b").kind(), JXJsonValue::Kind::Null);
+}
+
+TEST(JXDynamicStore, AnAbsentKeyIsNotTheEmptyKey) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue(nullptr, "ignored");
+  EXPECT_EQ(keysOf(*store), "");
+  store->addData_withValue("", "empty");
+  EXPECT_EQ(store->getData("").string(), JXString("empty"));
+  EXPECT_FALSE(store->getData(nullptr).isPresent());
+  EXPECT_FALSE(store->removeData(nullptr).isPresent());
+  EXPECT_EQ(store->getData("").string(), JXString("empty"));
+}
+
+TEST(JXDynamicStore, RemoveDataReturnsWhatWasThere) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", "value");
+  EXPECT_EQ(store->removeData("a").string(), JXString("value"));
+  EXPECT_FALSE(store->removeData("a").isPresent());
+  EXPECT_FALSE(store->getData("a").isPresent());
+}
+
+TEST(JXDynamicStore, MergingReplacesValuesOfTheSameKey) {
+  const auto store = JXDynamicStore::init();
+  const auto other = JXDynamicStore::init();
+  store->addData_withValue("a", 1);
+  store->addData_withValue("b", 2);
+  other->addData_withValue("c", 3);
+  other->addData_withValue("a", 4);
+  store->addData(*other);
+  EXPECT_EQ(keysOf(*store), "a b c ");
+  EXPECT_EQ(store->getData("a").numberText(), JXString("4"));
+  store->addData(*store);
+  EXPECT_EQ(keysOf(*store), "a b c ");
+  store->addData(store->entries());
+  store->addData(JXJsonObject(nullptr));
+  EXPECT_EQ(keysOf(*store), "a b c ");
+}
+
+TEST(JXDynamicStore, EntriesAreACopy) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", 1);
+  JXJsonObject entries = store->entries();
+  entries.set("b", 2);
+  store->addData_withValue("c", 3);
+  EXPECT_EQ(keysOf(*store), "a c ");
+  EXPECT_EQ(entries.size(), 2U);
+}
+
+TEST(JXDynamicStore, ClearDataRemovesEverything) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", 1);
+  store->clearData();
+  EXPECT_EQ(keysOf(*store), "");
+}
+
+TEST(JXDynamicStore, MayBeUsedByManyThreads) {
+  const auto store = JXDynamicStore::init();
+  std::vector<std::thread> threads;
+  for (int number = 0; number < 4; ++number) {
+    threads.emplace_back([&store, number] {
+      const std::string own = "own key of thread number " + std::to_string(number);
+      for (int i = 0; i < 500; ++i) {
+        store->addData_withValue(own, "a text that is too long to be held in place");
+        store->addData_withValue("shared", own);
+        store->getData("shared");
+        store->entries();
+        if (i != 499) store->removeData(own);
+      }
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  EXPECT_EQ(store->entries().size(), 5U);
+}
+
+}  // namespace
+}  // namespace jx

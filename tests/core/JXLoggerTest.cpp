@@ -1,0 +1,131 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXLogger.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace jx {
+namespace {
+
+class JXLoggerTest : public testing::Test {
+ protected:
+  ~JXLoggerTest() override {
+    logger_.setSink({});
+    logger_.setMaxLevel(3);
+  }
+  void keepLines() {
+    logger_.setSink([this](int level, std::string_view message) {
+      lines_.push_back(std::to_string(level) + " " + std::string(message));
+    });
+  }
+
+  JXLogger& logger_ = JXLogger::sharedInstance();
+  std::vector<std::string> lines_;
+};
+
+TEST_F(JXLoggerTest, PrintsLevelsUpToThreeUnlessToldOtherwise) {
+  keepLines();
+  for (int level = 1; level <= 6; ++level)
+    logger_.logMessage_withLevel("line", level);
+  EXPECT_EQ(lines_, (std::vector<std::string>{"1 line", "2 line", "3 line"}));
+  EXPECT_TRUE(logger_.printsLevel(3));
+  EXPECT_FALSE(logger_.printsLevel(4));
+}
+
+TEST_F(JXLoggerTest, PrintsUpToTheLevelThatWasSet) {
+  keepLines();
+  logger_.setMaxLevel(6);
+  logger_.logMessage_withLevel("detail", 6);
+  logger_.setMaxLevel(2);
+  logger_.logMessage_withLevel("failure", 3);
+  EXPECT_EQ(lines_, std::vector<std::string>{"6 detail"});
+}
+
+TEST_F(JXLoggerTest, LevelZeroPrintsNothingAtAll) {
+  keepLines();
+  logger_.setMaxLevel(0);
+  for (int level = -1; level <= 6; ++level) {
+    logger_.logMessage_withLevel("line", level);
+    EXPECT_FALSE(logger_.printsLevel(level)) << level;
+  }
+  EXPECT_TRUE(lines_.empty());
+}
+
+TEST_F(JXLoggerTest, WhatASinkThrowsIsDropped) {
+  logger_.setSink([](int, std::string_view) { throw std::runtime_error("full"); });
+  logger_.logMessage_withLevel("lost", 2);
+  logger_.setSink([](int, std::string_view) { throw 1; });
+  logger_.logMessage_withLevel("lost", 2);
+  keepLines();
+  logger_.logMessage_withLevel("kept", 2);
+  EXPECT_EQ(lines_, std::vector<std::string>{"2 kept"});
+}
+
+TEST_F(JXLoggerTest, WhatASinkLogsItselfIsDropped) {
+  logger_.setSink([this](int, std::string_view message) {
+    lines_.emplace_back(message);
+    logger_.logMessage_withLevel("from inside", 2);
+  });
+  logger_.logMessage_withLevel("one", 2);
+  logger_.logMessage_withLevel("two", 2);
+  EXPECT_EQ(lines_, (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(JXLoggerTest, ASinkMayLogWhileItEnds) {
+  struct Ending {
+    ~Ending() { JXLogger::sharedInstance().logMessage_withLevel("a sink ended", 2); }
+  };
+  auto ending = std::make_shared<Ending>();
+  logger_.setSink([ending](int, std::string_view) {});
+  ending.reset();
+  keepLines();
+  EXPECT_EQ(lines_, std::vector<std::string>{"2 a sink ended"});
+}
+
+TEST_F(JXLoggerTest, ASinkIsCalledOnTheThreadThatLogsOneCallAtATime) {
+  // Not synchronised itself: the thread sanitizer would see two calls at a time.
+  std::size_t calls = 0;
+  logger_.setSink([&calls](int, std::string_view) { ++calls; });
+  std::vector<std::thread> threads;
+  for (int number = 0; number < 4; ++number) {
+    threads.emplace_back([this] {
+      for (int i = 0; i < 250; ++i)
+        logger_.logMessage_withLevel("line", 2);
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  EXPECT_EQ(calls, 1'000U);
+
+  std::thread::id where;
+  logger_.setSink([&where](int, std::string_view) { where = std::this_thread::get_id(); });
+  logger_.logMessage_withLevel("line", 2);
+  EXPECT_EQ(where, std::this_thread::get_id());
+}
+
+TEST_F(JXLoggerTest, WithoutASinkALineGoesToStandardError) {
+  testing::internal::CaptureStderr();
+  logger_.logMessage_withLevel("Unable to open the queue", 2);
+  logger_.logMessage_withLevel("not printed", 4);
+  const std::string printed = testing::internal::GetCapturedStderr();
+  EXPECT_NE(printed.find("Unable to open the queue"), std::string::npos) << printed;
+  EXPECT_EQ(printed.find("not printed"), std::string::npos) << printed;
+  EXPECT_EQ(printed.back(), '\n');
+}
+
+TEST_F(JXLoggerTest, StandardErrorGetsTheWholeLineWhateverItHolds) {
+  testing::internal::CaptureStderr();
+  logger_.logMessage_withLevel(std::string_view("before %s %n\0after", 19), 2);
+  const std::string printed = testing::internal::GetCapturedStderr();
+  EXPECT_NE(printed.find("before %s %n"), std::string::npos) << printed;
+  EXPECT_NE(printed.find("after"), std::string::npos) << printed;
+}
+
+}  // namespace
+}  // namespace jx
