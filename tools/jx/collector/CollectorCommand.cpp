@@ -11,11 +11,11 @@
 #include <cstdio>
 #include <memory>
 
+#include "jx/core/json/JXUtf8.h"
 #include "tools/jx/AtomicFile.h"
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/TerminationSignals.h"
 #include "tools/jx/collector/Certificates.h"
-#include "tools/jx/collector/Utf8.h"
 
 namespace jx {
 namespace {
@@ -67,7 +67,7 @@ void printWhereabouts(const CollectorOptions& options, const CollectorServer& se
 std::string portsJson(const CollectorServer& server) {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
-  const std::string ca = toUtf8(server.authorityFile().string());
+  const std::string ca = withReplacementCharacters(server.authorityFile().string());
   writer.StartObject();
   writer.Key("events_port");
   writer.Int(server.eventsPort());

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "tools/jx/collector/Utf8.h"
+#include "jx/core/json/JXUtf8.h"
 
 namespace jx {
 namespace {
@@ -42,7 +42,7 @@ std::string eventSection(const StoredEvent& event) {
 
 std::string escapedHtml(std::string_view text) {
   std::string html;
-  for (const char c : toUtf8(text)) {
+  for (const char c : withReplacementCharacters(text)) {
     switch (c) {
       case '&':
         html += "&amp;";

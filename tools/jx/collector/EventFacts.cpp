@@ -8,7 +8,7 @@
 #include <charconv>
 #include <limits>
 
-#include "tools/jx/collector/Utf8.h"
+#include "jx/core/json/JXUtf8.h"
 
 namespace jx {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-#include "tools/jx/collector/Utf8.h"
+#include "jx/core/json/JXUtf8.h"
 
 namespace jx {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 using Writer = rapidjson::Writer<rapidjson::StringBuffer>;
 
 void write(Writer& writer, const std::string& bytes) {
-  const std::string text = toUtf8(bytes);
+  const std::string text = withReplacementCharacters(bytes);
   writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
 }
 

@@ -6,7 +6,7 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
-#include "tools/jx/collector/Utf8.h"
+#include "jx/core/json/JXUtf8.h"
 
 namespace jx {
 namespace {
@@ -23,7 +23,7 @@ std::string headersToJson(const HeaderList& headers) {
   rapidjson::StringBuffer buffer;
   rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
   const auto write = [&writer](const char* key, const std::string& value) {
-    const std::string text = toUtf8(value);
+    const std::string text = withReplacementCharacters(value);
     writer.Key(key);
     writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
   };
