@@ -6,6 +6,9 @@
 
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/collector/CollectorCommand.h"
+#include "tools/jx/demo/DemoCommand.h"
+#include "tools/jx/queue/QueueCommand.h"
+#include "tools/jx/replay/ReplayCommand.h"
 
 namespace {
 
@@ -16,7 +19,10 @@ int run(int argc, char** argv) {
   app.require_subcommand(0, 1);
 
   int exitStatus = jx::kExitOk;
+  jx::addReplayCommand(app, exitStatus);
   jx::addCollectorCommand(app, exitStatus);
+  jx::addQueueCommand(app, exitStatus);
+  jx::addDemoCommand(app, exitStatus);
 
   try {
     app.parse(argc, argv);

@@ -1,0 +1,92 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/demo/Arrivals.h"
+
+#include <httplib.h>
+
+#include <algorithm>
+#include <charconv>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/json/JXJsonReader.h"
+#include "jx/core/json/JXJsonWriter.h"
+#include "jx/events/JXEventPropertiesNames.h"
+#include "tools/jx/Printable.h"
+
+namespace jx {
+namespace {
+
+using Kind = JXJsonValue::Kind;
+
+std::int64_t integerOf(const JXJsonValue& value) {
+  const JXString digits = value.numberText();
+  const std::string_view text = digits.view();
+  std::int64_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+std::string shown(const JXJsonValue& value) {
+  if (value.kind() == Kind::Number) return value.numberText().toStdString();
+  JXJsonObject wrapped;
+  wrapped.set("v", value);
+  const std::string text = JXJsonWriter::write(wrapped, JXJsonStyle::Compact).text;
+  constexpr std::size_t kBefore = 5;  // {"v":
+  return text.substr(kBefore, text.size() - kBefore - 1);
+}
+
+// The page first, as it stands last in the body; what every event has is left out.
+std::string detailsOf(const JXJsonObject& body, const std::vector<std::string>& said) {
+  std::string details;
+  const auto add = [&details](std::string_view key, const JXJsonValue& value) {
+    details += (details.empty() ? "" : " ") + std::string(key) + "=" + shown(value);
+  };
+  if (body.contains(JXE_PAGENAME)) add(JXE_PAGENAME, body.get(JXE_PAGENAME));
+  for (const JXJsonEntry& entry : body.entries()) {
+    const std::string_view key = entry.key.view();
+    if (key == JXE_PAGENAME || key == JXE_EVENT || key == JXE_CONTEXT || key == JXE_USER) continue;
+    if (std::find(said.begin(), said.end(), key) == said.end()) add(key, entry.value);
+  }
+  return asOneLine(details);
+}
+
+Arrival arrivalOf(const JXJsonObject& event, const std::vector<std::string>& said) {
+  Arrival arrival;
+  const std::string text = event.get("body").string().toStdString();
+  const JXJsonObject body = JXJsonReader::read(text).value.object();
+  const JXJsonObject context = body.get(JXE_CONTEXT).object();
+  const JXJsonObject lifecycle = context.get(JXD_DEVICE).object().get("lifecycle").object();
+  arrival.timestampMs = integerOf(event.get("event_timestamp"));
+  arrival.name = asOneLine(event.get("name").string().toStdString());
+  arrival.eventId = asOneLine(event.get("event_id").string().toStdString());
+  arrival.bytes = text.size();
+  arrival.repeats = integerOf(event.get("repeats"));
+  arrival.opensSession = lifecycle.get(JXL_NEW_SESSION).boolValue();
+  arrival.details = detailsOf(body, said);
+  return arrival;
+}
+
+}  // namespace
+
+Outcome<std::vector<Arrival>> readArrivals(std::string_view json,
+                                           const std::vector<std::string>& said) {
+  const JXJsonReading reading = JXJsonReader::read(json);
+  const JXJsonArray events = reading.value.object().get("events").array();
+  if (!events.isPresent()) return Failure{"the collector's answer is not understood"};
+  std::vector<Arrival> arrivals;
+  for (const JXJsonValue& event : events.values())
+    arrivals.push_back(arrivalOf(event.object(), said));
+  return arrivals;
+}
+
+Outcome<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said) {
+  httplib::Client client("127.0.0.1", webPort);
+  const httplib::Result answer = client.Get("/api/events?after=0&limit=1000");
+  if (!answer) return Failure{"the collector does not answer: " + to_string(answer.error())};
+  if (answer->status != 200) {
+    return Failure{"the collector answers with status " + std::to_string(answer->status)};
+  }
+  return readArrivals(answer->body, said);
+}
+
+}  // namespace jx

@@ -1,0 +1,115 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/demo/DemoCommand.h"
+
+#include <poll.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "tools/jx/ExitStatus.h"
+#include "tools/jx/TemporaryState.h"
+#include "tools/jx/TerminationSignals.h"
+#include "tools/jx/collector/CollectorServer.h"
+#include "tools/jx/demo/ArrivalTable.h"
+#include "tools/jx/demo/DemoPlay.h"
+#include "tools/jx/demo/DemoScript.h"
+
+namespace jx {
+namespace {
+
+int fail(const Failure& failure) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "jx demo: %s\n", failure.text.c_str());
+  return kExitFailure;
+}
+
+void say(const std::string& text) {
+  std::printf("%s\n", text.c_str());
+  std::fflush(stdout);
+}
+
+Outcome<std::unique_ptr<CollectorServer>> startCollector(const std::filesystem::path& folder) {
+  CollectorSettings settings;
+  settings.stateFolder = folder;
+  settings.eventsPort = 0;
+  settings.webPort = 0;
+  return CollectorServer::start(settings);
+}
+
+// How many of the events that went out are there, each once.
+std::size_t arrivedOnce(const DemoPlayed& played, const std::vector<Arrival>& arrivals) {
+  std::size_t count = 0;
+  for (const std::string& id : played.eventIds) {
+    const auto isIt = [&id](const Arrival& arrival) { return arrival.eventId == id; };
+    const auto found = std::find_if(arrivals.begin(), arrivals.end(), isIt);
+    count += found != arrivals.end() && found->repeats == 0 ? 1 : 0;
+  }
+  return count;
+}
+
+bool tellOutcome(const DemoPlayed& played, const std::vector<Arrival>& arrivals,
+                 const TerminalStyle& style) {
+  const std::size_t arrived = arrivedOnce(played, arrivals);
+  const bool isComplete = arrived == played.eventIds.size() && arrivals.size() == arrived;
+  const std::string text = std::to_string(played.eventIds.size()) + " events sent, " +
+                           std::to_string(arrived) + " arrived";
+  say("\n" + (isComplete ? style.good(text) : style.bad(text)));
+  if (played.ignored != 0) {
+    say(style.dim(std::to_string(played.ignored) +
+                  " more was not sent: the viewer had withdrawn consent"));
+  }
+  return isComplete;
+}
+
+}  // namespace
+
+int runDemo(bool once) {
+  const TerminationSignals signals;
+  const auto isGivenUp = [&signals] {
+    pollfd stop{signals.fd(), POLLIN, 0};
+    return ::poll(&stop, 1, 0) == 1;
+  };
+  // Made before the library starts, so that it is removed after the library's thread has ended.
+  static std::optional<TemporaryState> folder;
+  Outcome<TemporaryState> made = TemporaryState::make();
+  if (!made) return fail(made.failure());
+  folder.emplace(std::move(*made));
+  const Outcome<std::unique_ptr<CollectorServer>> collector =
+      startCollector(folder->path() / "collector");
+  if (!collector) return fail(collector.failure());
+
+  const TerminalStyle style = TerminalStyle::ofStandardOutput();
+  const DemoTarget target{"https://127.0.0.1:" + std::to_string((*collector)->eventsPort()),
+                          (*collector)->authorityFile().string(), folder->path() / "television"};
+  say(style.bold("An evening of television, sent by the library to " + target.address) + "\n");
+  const Outcome<DemoPlayed> played = playDemo(demoScript(), target, isGivenUp);
+  if (!played) return fail(played.failure());
+  const Outcome<std::vector<Arrival>> arrivals =
+      fetchArrivals((*collector)->webPort(), played->permanentKeys);
+  if (!arrivals) return fail(arrivals.failure());
+  std::fputs(arrivalTable(*arrivals, style).c_str(), stdout);
+  const bool isComplete = tellOutcome(*played, *arrivals, style);
+  if (!once) {
+    say("\nSee them at " +
+        style.bold("http://localhost:" + std::to_string((*collector)->webPort()) + "/") +
+        " (Ctrl-C ends)");
+    signals.wait();
+  }
+  return isComplete ? kExitOk : kExitFailure;
+}
+
+void addDemoCommand(CLI::App& app, int& exitStatus) {
+  const auto once = std::make_shared<bool>(false);
+  CLI::App* const command = app.add_subcommand(
+      "demo", "Play an evening of television through the library and show what arrives");
+  command->add_flag("--once", *once,
+                    "End when all is told, with status 0 only if every event arrived; without it "
+                    "the collector's page stays open until Ctrl-C");
+  command->callback([once, &exitStatus] { exitStatus = runDemo(*once); });
+}
+
+}  // namespace jx

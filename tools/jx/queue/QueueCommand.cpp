@@ -1,0 +1,83 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/queue/QueueCommand.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+#include "jx/core/storage/JXOutbox.h"
+#include "tools/jx/ExitStatus.h"
+#include "tools/jx/Outcome.h"
+#include "tools/jx/queue/QueueText.h"
+
+namespace jx {
+namespace {
+
+using Listing = std::vector<JXOutboxListing>;
+using Lister = Listing (*)(const std::string& folder, std::string& error);
+
+Outcome<Listing> listed(Lister lister, const std::filesystem::path& outbox) {
+  std::string error;
+  Listing listing = lister(outbox.string(), error);
+  if (!error.empty()) return Failure{error};
+  return listing;
+}
+
+// A folder in which the library has started but never had anything to send holds no outbox yet.
+bool isUnusedState(const std::filesystem::path& state) {
+  std::error_code ignored;
+  return !std::filesystem::exists(state / "outbox", ignored) && !ignored &&
+         std::filesystem::exists(state / "defaults", ignored);
+}
+
+Outcome<std::string> tell(const QueueOptions& options) {
+  const bool isUnused = isUnusedState(options.stateFolder);
+  const std::filesystem::path outbox = options.stateFolder / "outbox";
+  const auto read = [&](Lister lister) {
+    return isUnused ? Outcome<Listing>(Listing{}) : listed(lister, outbox);
+  };
+  if (options.verb == "dead") {
+    const Outcome<Listing> dead = read(listDeadLetters);
+    if (!dead) return dead.failure();
+    return queueLines(*dead, true);
+  }
+  const Outcome<Listing> queued = read(listOutbox);
+  if (!queued) return queued.failure();
+  if (options.verb == "list") return queueLines(*queued, false);
+  const Outcome<Listing> dead = read(listDeadLetters);
+  if (!dead) return dead.failure();
+  return queueStatus(*queued, dead->size());
+}
+
+}  // namespace
+
+int runQueue(const QueueOptions& options) {
+  const Outcome<std::string> text = tell(options);
+  if (!text) {
+    std::fprintf(stderr, "jx queue: %s\n", text.failure().text.c_str());
+    return kExitFailure;
+  }
+  std::fwrite(text->data(), 1, text->size(), stdout);
+  return std::fflush(stdout) == 0 ? kExitOk : kExitFailure;
+}
+
+void addQueueCommand(CLI::App& app, int& exitStatus) {
+  const auto options = std::make_shared<QueueOptions>();
+  CLI::App* const command = app.add_subcommand("queue", "Tell what waits to be sent");
+  command
+      ->add_option("VERB", options->verb,
+                   "status: how many requests are queued, and since when; list: one line a "
+                   "request; dead: those that the server refused for good")
+      ->required()
+      ->type_name("")
+      ->check(CLI::IsMember({"status", "list", "dead"}));
+  command->add_option("--state", options->stateFolder, "State folder of the application")
+      ->required()
+      ->type_name("DIR");
+  command->callback([options, &exitStatus] { exitStatus = runQueue(*options); });
+}
+
+}  // namespace jx

@@ -1,0 +1,20 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "jx/core/storage/JXOutbox.h"
+
+namespace jx {
+
+/// "12 requests queued, 34567 bytes, ..." in one line, then since when.
+std::string queueStatus(const std::vector<JXOutboxListing>& queued, std::size_t dead);
+
+/// A line for each request: when it was made, its size, the event's name and id; with the HTTP
+/// status in second place when `withStatus`. What the event does not tell is "-".
+std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus);
+
+}  // namespace jx

@@ -1,0 +1,110 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/replay/ReplayCommand.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "jx/core/storage/JXFolder.h"
+#include "tools/jx/Console.h"
+#include "tools/jx/ExitStatus.h"
+#include "tools/jx/TemporaryState.h"
+#include "tools/jx/TerminationSignals.h"
+#include "tools/jx/replay/Replay.h"
+
+namespace jx {
+namespace {
+
+int refuse(const std::string& why) {
+  std::fprintf(stderr, "jx replay: %s\n", why.c_str());
+  return kExitUsage;
+}
+
+Failure failureOf(const std::string& action, const std::string& path, int error) {
+  return Failure{"cannot " + action + " " + path + ": " +
+                 std::error_code(error, std::generic_category()).message()};
+}
+
+Outcome<int> openScript(const std::string& path) {
+  if (path == "-") return STDIN_FILENO;
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return failureOf("read", path, errno);
+  struct stat facts {};
+  if (::fstat(file, &facts) == 0 && S_ISDIR(facts.st_mode)) {
+    ::close(file);
+    return failureOf("read", path, EISDIR);
+  }
+  return file;
+}
+
+// The library would go on in memory, and what a later run is to find would be nowhere. Whether a
+// folder takes files is asked by making one: permissions alone do not tell.
+Done makeUsable(const std::filesystem::path& folder) {
+  if (const int error = makeFolder(folder.string()); error != 0) {
+    return failureOf("make the folder", folder.string(), error);
+  }
+  std::string probe = (folder / ".probe-XXXXXX").string();
+  const int file = ::mkostemp(probe.data(), O_CLOEXEC);
+  if (file < 0) return failureOf("write into", folder.string(), errno);
+  ::close(file);
+  ::unlink(probe.c_str());
+  return done();
+}
+
+// The folder given, or a temporary one. The latter is destroyed after the library's thread has
+// ended, because it is made before: that thread would make its files anew.
+Outcome<std::filesystem::path> chooseState(const ReplayOptions& options,
+                                           std::optional<TemporaryState>& temporary) {
+  if (!options.settings.stateFolder.empty()) {
+    const Done usable = makeUsable(options.settings.stateFolder);
+    if (!usable) return usable.failure();
+    return options.settings.stateFolder;
+  }
+  Outcome<TemporaryState> made = TemporaryState::make();
+  if (!made) return made.failure();
+  temporary.emplace(std::move(*made));
+  return temporary->path();
+}
+
+}  // namespace
+
+int runReplay(const ReplayOptions& options) {
+  const std::string fault = faultOfTogether(options);
+  if (!fault.empty()) return refuse(fault);
+  const TerminationSignals signals;
+  const Outcome<int> script = openScript(options.script);
+  if (!script) return refuse(script.failure().text);
+  static std::optional<TemporaryState> temporary;
+  const Outcome<std::filesystem::path> state = chooseState(options, temporary);
+  if (!state) return refuse(state.failure().text);
+
+  ReplayOptions complete = options;
+  complete.settings.stateFolder = *state;
+  const auto console = std::make_shared<Console>(!options.prints);
+  Replay replay(complete, *script, signals, console);
+  const int status = replay.play();
+  if (temporary && options.sends() && status == kExitUndelivered) {
+    temporary->keep();
+    console->line("what was not delivered is kept: --state " + temporary->path().string());
+  }
+  return status;
+}
+
+void addReplayCommand(CLI::App& app, int& exitStatus) {
+  const auto options = std::make_shared<ReplayOptions>();
+  CLI::App* const command =
+      app.add_subcommand("replay", "Run a session script through the library");
+  addReplayOptions(*command, *options);
+  command->callback([options, &exitStatus] { exitStatus = runReplay(*options); });
+}
+
+}  // namespace jx

@@ -1,0 +1,39 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/replay/ReplayTally.h"
+
+#include "tools/jx/ExitStatus.h"
+#include "tools/jx/replay/ReplayExit.h"
+
+namespace jx {
+
+std::uint64_t ReplayTally::dropped() const {
+  if (!sends) return 0;
+  const JXOutboxCounters& outbox = counters.outbox;
+  const std::uint64_t seen = ignored + outbox.added + outbox.droppedNoStorage;
+  // Without a transfer thread the library takes no request and counts none.
+  const std::uint64_t neverTaken = executed > seen ? executed - seen : 0;
+  return outbox.droppedTooMany + outbox.droppedTooLarge + outbox.droppedTooOld +
+         outbox.droppedNoStorage + neverTaken;
+}
+
+std::string summaryOf(const ReplayTally& tally) {
+  std::string text = "executed " + std::to_string(tally.executed) + ", delivered " +
+                     std::to_string(tally.delivered()) + ", held " + std::to_string(tally.held()) +
+                     ", rejected " + std::to_string(tally.rejected()) + ", dropped " +
+                     std::to_string(tally.dropped());
+  if (tally.ignored != 0) text += "; " + std::to_string(tally.ignored) + " ignored while disabled";
+  if (tally.badLines != 0) text += "; bad lines " + std::to_string(tally.badLines);
+  if (tally.counters.outbox.inMemory != 0) {
+    text += "; of those held " + std::to_string(tally.counters.outbox.inMemory) +
+            " are on no disk and lost now";
+  }
+  return text;
+}
+
+int exitStatusOf(const ReplayTally& tally) {
+  if (tally.held() + tally.rejected() + tally.dropped() != 0) return kExitUndelivered;
+  return tally.badLines != 0 ? kExitFailure : kExitOk;
+}
+
+}  // namespace jx
