@@ -69,12 +69,18 @@ int msUntil(std::chrono::steady_clock::time_point deadline) {
 }  // namespace
 
 ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
-                           const std::map<std::string, std::string>& environment) {
+                           const std::map<std::string, std::string>& environment, Input input) {
+  std::array<int, 2> in{-1, -1};
+  if (input == Input::Pipe) in = makePipe();
   std::array<int, 2> out = makePipe();
   std::array<int, 2> err = makePipe();
   posix_spawn_file_actions_t actions;
   check(posix_spawn_file_actions_init(&actions), "posix_spawn_file_actions_init");
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  if (input == Input::Pipe) {
+    posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
+  } else {
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  }
   posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
   posix_spawn_file_actions_adddup2(&actions, err[1], STDERR_FILENO);
   std::vector<std::string> words{program};
@@ -83,11 +89,14 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
   const int error = posix_spawn(&pid_, program.c_str(), &actions, nullptr, pointersTo(words).data(),
                                 pointersTo(variables).data());
   posix_spawn_file_actions_destroy(&actions);
+  closeEnd(in[0]);
   closeEnd(out[1]);
   closeEnd(err[1]);
+  input_ = in[1];
   output_ = out[0];
   errors_ = err[0];
   if (error != 0) {
+    closeEnd(input_);
     closeEnd(output_);
     closeEnd(errors_);
     pid_ = -1;
@@ -100,6 +109,7 @@ ChildProcess::~ChildProcess() {
     ::kill(pid_, SIGKILL);
     ::waitpid(pid_, nullptr, 0);
   }
+  closeEnd(input_);
   closeEnd(output_);
   closeEnd(errors_);
 }
@@ -118,13 +128,37 @@ bool ChildProcess::readOutput(Clock::time_point deadline) {
   return true;
 }
 
-bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds limit) {
+bool ChildProcess::waitForText(const std::string& caught, const std::string& text,
+                               std::chrono::milliseconds limit) {
   const Clock::time_point deadline = Clock::now() + limit;
-  while (result_.output.find(text) == std::string::npos) {
+  while (caught.find(text) == std::string::npos) {
     if (!readOutput(deadline)) return false;
   }
   return true;
 }
+
+bool ChildProcess::waitForOutput(const std::string& text, std::chrono::milliseconds limit) {
+  return waitForText(result_.output, text, limit);
+}
+
+bool ChildProcess::waitForErrors(const std::string& text, std::chrono::milliseconds limit) {
+  return waitForText(result_.errors, text, limit);
+}
+
+bool ChildProcess::writeInput(const std::string& text) const {
+  // A program that has gone must not end the test with it.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::size_t written = 0;
+  while (written < text.size()) {
+    const ssize_t count = ::write(input_, text.data() + written, text.size() - written);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    written += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+void ChildProcess::closeInput() { closeEnd(input_); }
 
 ChildProcess::Result ChildProcess::wait(std::chrono::milliseconds limit) {
   const Clock::time_point deadline = Clock::now() + limit;
@@ -149,6 +183,16 @@ ChildProcess::Result ChildProcess::run(const std::string& program,
                                        std::chrono::milliseconds limit,
                                        const std::map<std::string, std::string>& environment) {
   ChildProcess child(program, arguments, environment);
+  return child.wait(limit);
+}
+
+ChildProcess::Result ChildProcess::runWithInput(const std::string& program,
+                                                const std::vector<std::string>& arguments,
+                                                const std::string& input,
+                                                std::chrono::milliseconds limit) {
+  ChildProcess child(program, arguments, {}, Input::Pipe);
+  child.writeInput(input);
+  child.closeInput();
   return child.wait(limit);
 }
 

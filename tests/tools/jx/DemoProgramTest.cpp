@@ -1,0 +1,83 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "tests/support/HttpsClient.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tools/jx/ProgramRun.h"
+#include "tools/jx/demo/DemoScript.h"
+#include "tools/jx/replay/ScriptLine.h"
+
+namespace jx {
+namespace {
+
+using test::TemporaryFolder;
+
+// Counted in the script by hand.
+constexpr int kSent = 16;
+
+TEST(DemoScript, EveryLineIsACommand) {
+  std::string_view script = demoScript();
+  int events = 0;
+  while (!script.empty()) {
+    const std::size_t end = script.find('\n');
+    const Outcome<ScriptCommand> command = readScriptLine(script.substr(0, end));
+    ASSERT_TRUE(command) << script.substr(0, end) << ": " << command.failure().text;
+    events += std::holds_alternative<ScriptEvent>(*command) ? 1 : 0;
+    script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
+  }
+  EXPECT_EQ(events, kSent + 1);
+}
+
+TEST(DemoProgram, OnceShowsEveryArrivalAndLeavesNothingBehind) {
+  const TemporaryFolder folder;
+  const auto result =
+      ChildProcess::run(JX_PROGRAM, {"demo", "--once"}, kPatience, {{"TMPDIR", folder.path()}});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  EXPECT_TRUE(contains(result.output, "\n16 events sent, 16 arrived\n")) << result.output;
+  EXPECT_TRUE(contains(result.output, "\n1 more was not sent: ")) << result.output;
+  EXPECT_TRUE(contains(result.output, "  film_pause  ")) << result.output;
+  EXPECT_TRUE(contains(result.output, "stars=4.5")) << result.output;
+  EXPECT_FALSE(contains(result.output, "\033")) << "no terminal, no colours";
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(DemoProgram, ASecondRunWorksToo) {
+  const TemporaryFolder folder;
+  for (int run = 0; run < 2; ++run) {
+    EXPECT_EQ(
+        ChildProcess::run(JX_PROGRAM, {"demo", "--once"}, kPatience, {{"TMPDIR", folder.path()}})
+            .status,
+        0);
+  }
+}
+
+TEST(DemoProgram, WithoutOnceThePageStaysOpenUntilItIsInterrupted) {
+  const TemporaryFolder folder;
+  ChildProcess demo(JX_PROGRAM, {"demo"}, {{"TMPDIR", folder.path()}});
+  ASSERT_TRUE(demo.waitForOutput("(Ctrl-C ends)", kPatience));
+  const std::size_t begin = demo.output().find("http://localhost:");
+  ASSERT_NE(begin, std::string::npos) << demo.output();
+  const std::string page = demo.output().substr(begin, demo.output().find(' ', begin) - begin);
+  const auto answer = HttpsClient().get(page);
+  EXPECT_EQ(answer.status, 200) << page;
+  EXPECT_TRUE(contains(answer.body, "film_pause"));
+  demo.signal(SIGINT);
+  const auto result = demo.wait(kPatience);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST(DemoProgram, HelpNamesItsOption) {
+  const auto result = runJx({"demo", "--help"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_TRUE(contains(result.output, "--once"));
+}
+
+}  // namespace
+}  // namespace jx

@@ -1,0 +1,91 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "tests/support/ReservedPort.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tools/jx/ProgramRun.h"
+
+namespace jx {
+namespace {
+
+using test::ReservedPort;
+using test::TemporaryFolder;
+
+TEST(QueueProgram, TellsWhatAReplayHoldsWhileItRuns) {
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  ChildProcess replay(
+      JX_PROGRAM,
+      {"replay", "--to", "https://127.0.0.1:" + std::to_string(port.number()), "--state", state},
+      {}, ChildProcess::Input::Pipe);
+  ASSERT_TRUE(replay.writeInput(customEvents(3) + "x\n"));
+  ASSERT_TRUE(replay.waitForErrors("line 4: ", kPatience));
+  const auto status = runJx({"queue", "status", "--state", state});
+  EXPECT_EQ(status.status, 0) << status.errors;
+  EXPECT_EQ(status.output.substr(0, 18), "3 requests queued,");
+  const auto list = runJx({"queue", "list", "--state", state});
+  EXPECT_EQ(list.status, 0);
+  ASSERT_EQ(linesOf(list.output), 3) << list.output;
+  const std::regex line(
+      "20[0-9-]{8}T[0-9:]{8}\\.[0-9]{3}Z +[0-9]+  n0 +  [0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}");
+  EXPECT_TRUE(std::regex_match(list.output.substr(0, list.output.find('\n')), line)) << list.output;
+  const auto dead = runJx({"queue", "dead", "--state", state});
+  EXPECT_EQ(dead.status, 0);
+  EXPECT_EQ(dead.output, "");
+  // The process that has the folder open goes on as before.
+  ASSERT_TRUE(replay.writeInput(customEvents(1) + "y\n"));
+  ASSERT_TRUE(replay.waitForErrors("line 6: ", kPatience));
+  EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "4 ");
+}
+
+TEST(QueueProgram, AStateWithoutAnythingToSendHoldsNothing) {
+  const TemporaryFolder folder;
+  ASSERT_EQ(runJx({"replay", "--print", "--state", folder.path("state")}, customEvents(1)).status,
+            0);
+  const auto status = runJx({"queue", "status", "--state", folder.path("state")});
+  EXPECT_EQ(status.status, 0) << status.errors;
+  EXPECT_EQ(status.output, "0 requests queued, 0 bytes; 0 dead letters\n");
+  EXPECT_EQ(runJx({"queue", "list", "--state", folder.path("state")}).output, "");
+}
+
+TEST(QueueProgram, AFolderThatIsMissingOrNoStateIsOneLineAndAFailure) {
+  const TemporaryFolder folder;
+  for (const std::string& path :
+       {folder.path("missing"), folder.path(), folder.write("file", "x")}) {
+    for (const char* verb : {"status", "list", "dead"}) {
+      const auto result = runJx({"queue", verb, "--state", path});
+      EXPECT_EQ(result.status, 1) << path;
+      EXPECT_EQ(result.output, "");
+      EXPECT_EQ(linesOf(result.errors), 1) << result.errors;
+      EXPECT_TRUE(contains(result.errors, path)) << result.errors;
+    }
+  }
+}
+
+TEST(QueueProgram, WrongUsageIsOneLineAndStatusTwo) {
+  for (const auto& arguments :
+       std::vector<std::vector<std::string>>{{"queue"},
+                                             {"queue", "status"},
+                                             {"queue", "--state", "x"},
+                                             {"queue", "dance", "--state", "x"}}) {
+    const auto result = runJx(arguments);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(linesOf(result.errors), 1) << result.errors;
+  }
+}
+
+TEST(QueueProgram, HelpNamesTheVerbs) {
+  const auto result = runJx({"queue", "--help"});
+  EXPECT_EQ(result.status, 0);
+  for (const char* part : {"status", "list", "dead", "--state"}) {
+    EXPECT_TRUE(contains(result.output, part)) << part;
+  }
+}
+
+}  // namespace
+}  // namespace jx

@@ -1,0 +1,188 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/replay/ScriptLine.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+
+#include "jx/core/json/JXJsonWriter.h"
+
+namespace jx {
+namespace {
+
+template <typename Command>
+Command commandOf(std::string_view line) {
+  const Outcome<ScriptCommand> read = readScriptLine(line);
+  if (!read) {
+    ADD_FAILURE() << line << ": " << read.failure().text;
+    return {};
+  }
+  if (!std::holds_alternative<Command>(*read)) {
+    ADD_FAILURE() << line << " is another command";
+    return {};
+  }
+  return std::get<Command>(*read);
+}
+
+// What is said about a line that is no command.
+std::string faultOf(std::string_view line) {
+  const Outcome<ScriptCommand> read = readScriptLine(line);
+  return read ? "no fault" : read.failure().text;
+}
+
+std::string extrasOf(const ScriptEvent& event) {
+  return JXJsonWriter::write(event.event->getAdditionalProperties(), JXJsonStyle::Compact).text;
+}
+
+TEST(ScriptLine, BlankLinesAreNoCommand) {
+  for (const char* line : {"", " ", "\t", "\r", " \t \r\n"})
+    commandOf<ScriptNothing>(line);
+}
+
+TEST(ScriptLine, ACustomEventHasItsNameAndItsFields) {
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXCustomEvent","name":"quiz","fields":{"pageName":"home"}})");
+  EXPECT_EQ(read.event->ownEventClass().className, "JXCustomEvent");
+  EXPECT_EQ(read.event->name(), JXString("quiz"));
+  EXPECT_EQ(read.event->pageName(), JXString("home"));
+  EXPECT_FALSE(read.event->pageType().isPresent());
+}
+
+TEST(ScriptLine, ACustomEventWithoutANameIsMadeWithAnAbsentOne) {
+  for (const char* line : {R"({"do":"event","class":"JXCustomEvent"})",
+                           R"({"do":"event","class":"JXCustomEvent","name":null})"}) {
+    EXPECT_FALSE(commandOf<ScriptEvent>(line).event->name().isPresent()) << line;
+  }
+}
+
+TEST(ScriptLine, TheNameIsAFieldToo) {
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXEvent","fields":{"name":"bare","pageType":""}})");
+  EXPECT_EQ(read.event->name(), JXString("bare"));
+  EXPECT_EQ(read.event->pageType(), JXString(""));
+}
+
+TEST(ScriptLine, NullSetsAFieldToAbsent) {
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXCustomEvent","name":"quiz","fields":{"name":null}})");
+  EXPECT_FALSE(read.event->name().isPresent());
+}
+
+TEST(ScriptLine, ParametersKeepAnyJsonWithItsDigits) {
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXCustomEvent","parameters":)"
+      R"({"a":null,"b":[true,{"c":123456789012345678901234567890.10}],"d":"x","e":-0.50}})");
+  EXPECT_EQ(extrasOf(read),
+            R"({"a":null,"b":[true,{"c":123456789012345678901234567890.10}],"d":"x","e":-0.50})");
+}
+
+TEST(ScriptLine, AnExponentIsWrittenOut) {
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXCustomEvent","parameters":{"a":1.5e3,"b":25e-4}})");
+  EXPECT_EQ(extrasOf(read), R"({"a":1500,"b":0.0025})");
+}
+
+TEST(ScriptLine, AdvanceGoesForwardsAndBack) {
+  EXPECT_EQ(commandOf<ScriptAdvance>(R"({"do":"advance","ms":1800001})").ms, 1'800'001);
+  EXPECT_EQ(commandOf<ScriptAdvance>(R"({"do":"advance","ms":-5})").ms, -5);
+  EXPECT_EQ(commandOf<ScriptAdvance>(R"({"do":"advance","ms":0})").ms, 0);
+  EXPECT_EQ(commandOf<ScriptAdvance>(R"({"do":"advance","ms":9223372036854775807})").ms,
+            std::numeric_limits<std::int64_t>::max());
+}
+
+TEST(ScriptLine, PermanentTakesAnyJsonValueNullIncluded) {
+  EXPECT_EQ(
+      commandOf<ScriptPermanent>(R"({"do":"permanent","key":"store","value":"uk"})").value.string(),
+      JXString("uk"));
+  EXPECT_EQ(commandOf<ScriptPermanent>(R"({"do":"permanent","key":"k","value":null})").value.kind(),
+            JXJsonValue::Kind::Null);
+  EXPECT_EQ(
+      commandOf<ScriptPermanent>(R"({"do":"permanent","key":"","value":[1]})").value.array().size(),
+      1u);
+}
+
+TEST(ScriptLine, ForgetNamesItsKey) {
+  EXPECT_EQ(commandOf<ScriptForget>(R"({"do":"forget","key":"store"})").key, "store");
+}
+
+TEST(ScriptLine, TheFourActsAreWords) {
+  EXPECT_EQ(commandOf<ScriptAct>(R"({"do":"background"})"), ScriptAct::Background);
+  EXPECT_EQ(commandOf<ScriptAct>(R"({"do":"foreground"})"), ScriptAct::Foreground);
+  EXPECT_EQ(commandOf<ScriptAct>(R"({"do":"enable"})"), ScriptAct::Enable);
+  EXPECT_EQ(commandOf<ScriptAct>(R"( { "do" : "disable" } )"), ScriptAct::Disable);
+}
+
+TEST(ScriptLine, WhatIsNoCommandSaysWhy) {
+  const std::pair<const char*, const char*> faults[]{
+      {"[]", "not a JSON object"},
+      {"7", "not a JSON object"},
+      {"{}", "\"do\" is missing"},
+      {R"({"do":null})", "\"do\" is no text"},
+      {R"({"do":"Event"})", "nothing is called \"Event\" to do"},
+      {R"({"do":"event"})", "class is missing"},
+      {R"({"do":"event","class":1})", "class is no text"},
+      {R"({"do":"event","class":"JXNoEvent"})", "\"JXNoEvent\" is no event class"},
+      {R"({"do":"event","class":"JXCustomEvent","mode":"START"})", "JXCustomEvent has no modes"},
+      {R"({"do":"event","class":"JXCustomEvent","name":5})", "name is no text"},
+      {R"({"do":"event","class":"JXCustomEvent","session":"s"})",
+       "session is no field of JXCustomEvent"},
+      {R"({"do":"event","class":"JXEvent","name":"x"})",
+       "name is no argument of JXEvent; it is one of its fields"},
+      {R"({"do":"event","class":"JXCustomEvent","fields":[]})", "fields is no object"},
+      {R"({"do":"event","class":"JXCustomEvent","fields":null})", "fields is no object"},
+      {R"({"do":"event","class":"JXCustomEvent","fields":{"pagename":"x"}})",
+       "\"pagename\" is no field of JXCustomEvent"},
+      {R"({"do":"event","class":"JXCustomEvent","fields":{"pageName":1}})",
+       "\"pageName\" is no text"},
+      {R"({"do":"event","class":"JXCustomEvent","parameters":"x"})", "parameters is no object"},
+      {R"({"do":"event","class":"JXCustomEvent","parametres":{}})",
+       "\"parametres\" does not belong to \"event\""},
+      {R"({"do":"advance"})", "ms is missing"},
+      {R"({"do":"advance","ms":"5"})", "ms is no number"},
+      {R"({"do":"advance","ms":1.5})", "ms is no whole number of milliseconds"},
+      {R"({"do":"advance","ms":9223372036854775808})", "ms is no whole number of milliseconds"},
+      {R"({"do":"background","ms":1})", "\"ms\" does not belong to \"background\""},
+      {R"({"do":"permanent","value":1})", "key is missing"},
+      {R"({"do":"permanent","key":1,"value":1})", "key is no text"},
+      {R"({"do":"permanent","key":"k"})", "value is missing"},
+      {R"({"do":"forget"})", "key is missing"},
+  };
+  for (const auto& [line, fault] : faults)
+    EXPECT_EQ(faultOf(line), fault) << line;
+}
+
+TEST(ScriptLine, BytesThatAreNoJsonAreToldWithTheirPlace) {
+  EXPECT_EQ(faultOf("{\"do\":\"\xFF\"}"), "not UTF-8");
+  EXPECT_EQ(faultOf(R"({"do":"enable"} x)").substr(0, 20), "not JSON, at byte 17");
+  EXPECT_EQ(faultOf("{\"do\":\"enable\"").substr(0, 8), "not JSON");
+  EXPECT_EQ(faultOf(std::string_view("{\"do\":\"enable\"}\0", 16)).substr(0, 8), "not JSON");
+  EXPECT_EQ(faultOf(std::string(2'000, '[')).substr(0, 8), "not JSON");
+}
+
+TEST(ScriptLine, AMessageIsOneLineAndNotLongerThanOneReads) {
+  const std::string fault =
+      faultOf(R"({"do":"event","class":"A\u001b[31m\n)" + std::string(5'000, 'a') + "\"}");
+  EXPECT_EQ(fault.find('\n'), std::string::npos);
+  EXPECT_EQ(fault.find('\033'), std::string::npos);
+  EXPECT_LT(fault.size(), 120u);
+}
+
+TEST(ScriptLine, TheSameLineGivesAnEventOfItsOwnEachTime) {
+  const char* const line = R"({"do":"event","class":"JXCustomEvent","parameters":{"a":1}})";
+  const auto one = commandOf<ScriptEvent>(line);
+  const auto other = commandOf<ScriptEvent>(line);
+  one.event->addAdditionalParameter_withValue("b", "only here");
+  EXPECT_EQ(extrasOf(other), R"({"a":1})");
+}
+
+TEST(ScriptLine, ALineOfAMebibyteIsRead) {
+  const std::string text(1u << 20, 'x');
+  const auto read = commandOf<ScriptEvent>(
+      R"({"do":"event","class":"JXCustomEvent","name":"big","parameters":{"t":")" + text + "\"}}");
+  EXPECT_EQ(read.event->getAdditionalProperties().get("t").string().view().size(), text.size());
+}
+
+}  // namespace
+}  // namespace jx
