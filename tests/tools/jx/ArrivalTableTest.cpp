@@ -43,7 +43,7 @@ TEST(ArrivalTable, IsPlainAndWithinItsWidthWithoutColours) {
   EXPECT_EQ(arrivalTable({onlyOne()}, style),
             "time      event               event_id    bytes  what it says\n"
             "-- a new session begins\n"
-            "22:13:20  film_start          ABCDEFGH      125  page_name=\"film\" \u2026\n");
+            "22:13:20  film_start          ABCDEFGH      140  page_name=\"film\"\u2026\n");
 }
 
 TEST(ArrivalTable, ColoursAreEscapeSequencesThatEnd) {
