@@ -12,8 +12,6 @@
 
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXUtf8.h"
-#include "jx/events/JXCustomEvent.h"
-#include "jx/events/JXEventClass.h"
 #include "tools/jx/Printable.h"
 #include "tools/jx/replay/ScriptEventLine.h"
 
