@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "jx/core/JXLogger.h"
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/JXOutboxBounds.h"
 #include "jx/core/transfer/JXDelivery.h"
 #include "jx/platform/JXClock.h"
 #include "jx/platform/JXPlatform.h"

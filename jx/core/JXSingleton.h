@@ -14,7 +14,7 @@ class JXSingleton {
 
  protected:
   JXSingleton() = default;
-  virtual ~JXSingleton() = default;
+  ~JXSingleton() = default;
 
   /// The base's part of `init`. False says that it failed; the object then gives up its own
   /// initialisation with its start guard as it stands.

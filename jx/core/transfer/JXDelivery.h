@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/JXOutboxBounds.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {

@@ -1,0 +1,37 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+
+namespace jx {
+
+/// What the outbox may hold; checked at each insert, the oldest requests go first.
+struct JXOutboxBounds {
+  std::size_t maxRequests = 10'000;
+  std::uint64_t maxBytes = 32u * 1024 * 1024;  ///< sum of the bodies and URLs held
+  std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
+  std::size_t maxDeadLetters = 1'000;
+  std::size_t maxInMemory = 1'000;  ///< requests held while the disk takes none
+};
+
+/// How many requests took which way since this outbox was opened, and what it holds now.
+struct JXOutboxCounters {
+  std::uint64_t added = 0;
+  std::uint64_t delivered = 0;
+  std::uint64_t rejected = 0;
+  std::uint64_t droppedTooMany = 0;    ///< the oldest, because of maxRequests
+  std::uint64_t droppedTooLarge = 0;   ///< the oldest, or one alone, because of maxBytes
+  std::uint64_t droppedTooOld = 0;     ///< because of maxAge
+  std::uint64_t droppedNoStorage = 0;  ///< the oldest in memory, because of maxInMemory
+  std::uint64_t purged = 0;
+  std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
+  std::uint64_t damaged = 0;        ///< files of which a part was set aside
+  std::uint64_t queued = 0;         ///< held now; in flight ones included, rejected ones not
+  std::uint64_t queuedBytes = 0;
+  std::uint64_t inMemory = 0;  ///< of the queued, those that are on no disk yet
+};
+
+}  // namespace jx
