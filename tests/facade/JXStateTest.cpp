@@ -13,7 +13,6 @@
 #include "jx/variables/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 namespace {
@@ -87,10 +86,7 @@ TEST_F(ApplicationState, AHostThatStatesItItselfIsHeardTheSameWay) {
 }
 
 TEST_F(ApplicationState, OnAnotherCentreTheNetworkManagerStillHearsIt) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   const auto serverSide = make();
   JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
   platform->enterBackground();

@@ -16,7 +16,6 @@
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
 #include "tests/support/ServerSideFixture.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 namespace {
@@ -345,10 +344,7 @@ TEST_F(Execute, TheNotificationForTheHostsOwnUseIsNeverPosted) {
 }
 
 TEST_F(Execute, WhenItReturnsTheEventIsInTheOutbox) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   const auto serverSide = make();
   execute(*serverSide);
   execute(*serverSide);

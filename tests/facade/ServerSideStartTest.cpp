@@ -11,7 +11,6 @@
 #include "jx/variables/JXServerSideVersion.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 namespace {
@@ -83,10 +82,7 @@ TEST_F(ServerSideStart, DisabledByDefaultTellsTheNetworkManagerTwo) {
 }
 
 TEST_F(ServerSideStart, DisabledByDefaultHoldsWhatIsQueued) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   const auto serverSide = make(2);
   EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
 }

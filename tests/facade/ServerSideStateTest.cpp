@@ -13,7 +13,6 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/events/JXCustomEvent.h"
 #include "tests/support/ServerSideFixture.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 namespace {
@@ -203,10 +202,7 @@ TEST_F(ServerSideState, RunningInBackgroundIsMarkedAndLogged) {
 }
 
 TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   const auto serverSide = make();
   platform->enterBackground();
   EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
@@ -215,10 +211,7 @@ TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
 }
 
 TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   platform->userAgentAnswersLater = true;
   const auto serverSide = make();
   serverSide->waitForUserAgent();
@@ -229,10 +222,7 @@ TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
 }
 
 TEST_F(ServerSideState, AStopHoldsTheQueueAndEnablingLetsItGo) {
-  const TemporaryFolder folder;
-  configuration.storageFolder = folder.path();
-  configuration.collectionHost = "http://127.0.0.1:1";
-  configuration.dryRun = false;
+  queueForReal();
   const auto serverSide = make();
   serverSide->disableServerSide();
   EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);

@@ -8,7 +8,6 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "tests/support/ServerSideFixture.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 namespace {
@@ -16,8 +15,7 @@ namespace {
 class BrokenStorage : public ServerSideFixture {
  protected:
   BrokenStorage() {
-    configuration.collectionHost = "http://127.0.0.1:1";
-    configuration.dryRun = false;
+    queueForReal();
     platform->hasUserDefaults = false;
   }
   std::vector<std::string> storageLines(const std::string& path) const {
@@ -27,13 +25,11 @@ class BrokenStorage : public ServerSideFixture {
     }
     return found;
   }
-
-  const TemporaryFolder folder_;
 };
 
 TEST_F(BrokenStorage, AFolderThatCannotBeMadeKeepsEventsInMemoryAndSaysSoOnce) {
   // Below a regular file no folder can be made, not even by the superuser.
-  const std::string file = folder_.write("file", "");
+  const std::string file = storage().write("file", "");
   configuration.storageFolder = file + "/state";
   const auto serverSide = make();
   execute(*serverSide);
@@ -46,7 +42,7 @@ TEST_F(BrokenStorage, AFolderThatCannotBeMadeKeepsEventsInMemoryAndSaysSoOnce) {
 }
 
 TEST_F(BrokenStorage, AFileInThePlaceOfTheFolderIsTheSame) {
-  configuration.storageFolder = folder_.write("state", "not a folder");
+  configuration.storageFolder = storage().write("state", "not a folder");
   const auto serverSide = make();
   execute(*serverSide);
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 1u);
@@ -54,8 +50,8 @@ TEST_F(BrokenStorage, AFileInThePlaceOfTheFolderIsTheSame) {
 }
 
 TEST_F(BrokenStorage, AFolderInThePlaceOfTheVariablesFileStartsAllTheSame) {
-  folder_.makeFolder("defaults");
-  configuration.storageFolder = folder_.path();
+  storage().makeFolder("defaults");
+  configuration.storageFolder = storage().path();
   const auto serverSide = make();
   EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
   execute(*serverSide);
@@ -63,8 +59,8 @@ TEST_F(BrokenStorage, AFolderInThePlaceOfTheVariablesFileStartsAllTheSame) {
 }
 
 TEST_F(BrokenStorage, RubbishInTheVariablesFileStartsAnInstallationAnew) {
-  folder_.write("defaults", std::string(5'000, '\xA5'));
-  configuration.storageFolder = folder_.path();
+  storage().write("defaults", std::string(5'000, '\xA5'));
+  configuration.storageFolder = storage().path();
   const auto serverSide = make();
   EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
   EXPECT_EQ(variable(kJXPredefinedVariable_IsFirstVisit), JXString("TRUE"));

@@ -35,6 +35,18 @@ void ServerSideFixture::start() {
   record(JXNotificationCenter::defaultCenter());
 }
 
+const TemporaryFolder& ServerSideFixture::storage() {
+  // What is made first ends last: the library registers its own end when it starts.
+  static const TemporaryFolder folder;
+  return folder;
+}
+
+void ServerSideFixture::queueForReal() {
+  configuration.storageFolder = storage().path();
+  configuration.collectionHost = "http://127.0.0.1:1";
+  configuration.dryRun = false;
+}
+
 std::shared_ptr<ServerSide> ServerSideFixture::make(std::int32_t defaultBehaviour) {
   start();
   return ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(1234, "key", defaultBehaviour);

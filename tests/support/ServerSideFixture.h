@@ -18,6 +18,7 @@
 #include "jx/facade/ServerSide.h"
 #include "jx/platform/JXManualClock.h"
 #include "tests/support/JXFakePlatform.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
 
@@ -61,6 +62,12 @@ class ServerSideFixture : public ::testing::Test {
   std::shared_ptr<ServerSide> make(std::int32_t defaultBehaviour = 0);
   /// Also records what is posted on another centre.
   void record(const std::shared_ptr<JXNotificationCenter>& center);
+
+  /// A folder for the library's files that goes when the process ends, after the library has
+  /// stopped: one that goes earlier would be made again. To be called before `start`.
+  static const TemporaryFolder& storage();
+  /// Has the library store and try to send, to a port where nobody listens.
+  void queueForReal();
 
   /// An event by its name alone, executed; returns the request that it became.
   Request execute(ServerSide& serverSide, const char* name = "quiz");
