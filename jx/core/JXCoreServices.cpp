@@ -79,6 +79,10 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   }
 }
 
+void JXCoreServices::userDefaultsChanged() {
+  if (defaultsFile_) JXNetworkManager::sharedInstance().storageChanged();
+}
+
 void JXCoreServices::start() {
   std::call_once(started_, [this] {
     platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
@@ -108,6 +112,8 @@ void JXCoreServices::startTransfer() {
     });
   };
   JXNetworkManager::sharedInstance().start(std::move(setup));
+  // The identifiers were made before there was a thread to tell.
+  userDefaultsChanged();
 }
 
 }  // namespace jx

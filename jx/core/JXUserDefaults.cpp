@@ -13,7 +13,9 @@ JXString JXUserDefaults::retrieveInfoFromUserDefaults(const JXString& key) {
 
 void JXUserDefaults::saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label) {
   JXPlatformDefaults* const defaults = standardUserDefaults();
-  if (defaults != nullptr && label.isPresent()) defaults->setObject_forKey(value, label);
+  if (defaults == nullptr || !label.isPresent()) return;
+  defaults->setObject_forKey(value, label);
+  JXCoreServices::sharedInstance().userDefaultsChanged();
 }
 
 JXPlatformDefaults* JXUserDefaults::standardUserDefaults() {

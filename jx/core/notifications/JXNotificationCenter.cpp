@@ -3,11 +3,9 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 
 #include <atomic>
-#include <exception>
-#include <string>
 #include <utility>
 
-#include "jx/core/JXLogger.h"
+#include "jx/core/notifications/JXGuardedDelivery.h"
 
 namespace jx {
 
@@ -71,15 +69,7 @@ void JXNotificationCenter::postNotification(const JXNotification& notification) 
   }
   for (const auto& registration : *registrations) {
     if (registration->ended || !registration->listensFor(notification.name)) continue;
-    try {
-      registration->handler(notification);
-    } catch (const std::exception& error) {
-      JXLogger::sharedInstance().logMessage_withLevel(
-          "An observer of \"" + notification.name.toStdString() + "\" threw: " + error.what(), 3);
-    } catch (...) {
-      JXLogger::sharedInstance().logMessage_withLevel(
-          "An observer of \"" + notification.name.toStdString() + "\" threw", 3);
-    }
+    deliverGuarded(notification, [&] { registration->handler(notification); });
   }
 }
 

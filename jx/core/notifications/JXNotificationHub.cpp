@@ -7,6 +7,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/notifications/JXEventListenerState.h"
+#include "jx/core/notifications/JXGuardedDelivery.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 
 namespace jx {
@@ -22,15 +23,14 @@ JXNotificationHub::JXNotificationHub() : listeners_(std::make_shared<const Liste
 }
 
 void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& center) {
-  {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    const auto ended = [](const auto& known) { return known.expired(); };
-    centers_.erase(std::remove_if(centers_.begin(), centers_.end(), ended), centers_.end());
-    for (const auto& known : centers_) {
-      if (known.lock() == center) return;
-    }
-    centers_.push_back(center);
+  // Held until the centre is observed: whoever finds it known here may post on it at once.
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const auto ended = [](const auto& known) { return known.expired(); };
+  centers_.erase(std::remove_if(centers_.begin(), centers_.end(), ended), centers_.end());
+  for (const auto& known : centers_) {
+    if (known.lock() == center) return;
   }
+  centers_.push_back(center);
   center->addObserver(this, nullptr,
                       [this, from = center.get()](const JXNotification& notification) {
                         received(notification, from);
@@ -60,7 +60,7 @@ void JXNotificationHub::received(const JXNotification& notification,
     listeners = listeners_;
   }
   for (const auto& listener : *listeners)
-    listener->deliverFromElsewhere(notification, from);
+    deliverGuarded(notification, [&] { listener->deliverFromElsewhere(notification, from); });
 }
 
 void JXNotificationHub::handToNetworkManager(const JXNotification& notification) {

@@ -1,0 +1,292 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/notifications/JXNotificationHub.h"
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <stdexcept>
+#include <string>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreInitialisation.h"
+#include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXUserDefaults.h"
+#include "jx/core/notifications/JXEventSender.h"
+#include "jx/core/storage/JXFile.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "tests/core/JXCoreFixture.h"
+#include "tests/core/notifications/JXListening.h"
+
+namespace jx {
+namespace {
+
+// A port of this machine at which nobody answers, and that nobody else gets meanwhile.
+class ClosedPort {
+ public:
+  ClosedPort() : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    auto* const plain = reinterpret_cast<sockaddr*>(&address);
+    if (bind(socket_, plain, length) != 0 || getsockname(socket_, plain, &length) != 0) {
+      throw std::runtime_error("no port");
+    }
+    url_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/events";
+  }
+  ~ClosedPort() { close(socket_); }
+  ClosedPort(const ClosedPort&) = delete;
+  ClosedPort& operator=(const ClosedPort&) = delete;
+  const std::string& url() const { return url_; }
+
+ private:
+  const int socket_;
+  std::string url_;
+};
+
+// The core with its queue and its transfer thread, and a receiver that cannot be reached.
+class JXNotificationHubTest : public test::JXCoreFixture {
+ protected:
+  void prepare() override { configuration_.dryRun = false; }
+  void SetUp() override {
+    JXCoreFixture::SetUp();
+    JXCoreInitialisation::init();
+  }
+
+  static JXNetworkManager& manager() { return JXNetworkManager::sharedInstance(); }
+  static std::uint64_t queued() { return manager().counters().outbox.queued; }
+
+  JXNotification request(const JXString& body = R"({"context":{"event_id":"1"}})") const {
+    JXNotification notification{kJXNotification_HTTPRequest, this, JXJsonObject()};
+    notification.userInfo.set(kJXUserInfo_URLKey, port_.url());
+    notification.userInfo.set(kJXUserInfo_POSTData, body);
+    return notification;
+  }
+  std::shared_ptr<JXEventSender> senderOnHosts() const {
+    const auto sender = JXEventSender::init();
+    sender->setNotificationCenter(hosts_);
+    return sender;
+  }
+
+  const ClosedPort port_;
+  const std::shared_ptr<JXNotificationCenter> hosts_ = std::make_shared<JXNotificationCenter>();
+};
+
+TEST_F(JXNotificationHubTest, ARequestIsInTheQueueWhenSendReturns) {
+  JXEventSender::init()->send(request());
+  EXPECT_EQ(queued(), 1U);
+  senderOnHosts()->send(request());
+  EXPECT_EQ(queued(), 2U);
+  EXPECT_EQ(manager().counters().outbox.added, 2U);
+}
+
+TEST_F(JXNotificationHubTest, ARequestIsTakenOnceHoweverManySendersAndListenersThereAre) {
+  test::JXListening here;
+  test::JXListening there(hosts_);
+  here.listenerDelegate()->listen(kJXNotification_HTTPRequest);
+  there.listenerDelegate()->listen(kJXNotification_HTTPRequest);
+  const auto first = senderOnHosts();
+  const auto second = senderOnHosts();
+  const auto third = JXEventSender::init();
+  first->send(request());
+  EXPECT_EQ(manager().counters().outbox.added, 1U);
+  EXPECT_EQ(here.heard(), "JXNotification: HTTP Request;");
+  EXPECT_EQ(there.heard(), "JXNotification: HTTP Request;");
+}
+
+TEST_F(JXNotificationHubTest, ARequestWithoutUrlOrBodyIsNotTaken) {
+  const auto sender = JXEventSender::init();
+  sender->send({kJXNotification_HTTPRequest});
+  sender->send({kJXNotification_HTTPRequest, nullptr, JXJsonObject()});
+  JXNotification notification = request();
+  notification.userInfo.remove(kJXUserInfo_URLKey);
+  sender->send(notification);
+  notification = request();
+  notification.userInfo.remove(kJXUserInfo_POSTData);
+  sender->send(notification);
+  notification = request();
+  notification.userInfo.set(kJXUserInfo_POSTData, 7);
+  sender->send(notification);
+  EXPECT_EQ(manager().counters().outbox.added, 0U);
+}
+
+TEST_F(JXNotificationHubTest, OtherNotificationsAreNoRequests) {
+  JXNotification notification = request();
+  notification.name = kJXNotification_HitSent;
+  JXEventSender::init()->send(notification);
+  notification.name = "jxnotification: http request";
+  JXEventSender::init()->send(notification);
+  EXPECT_EQ(manager().counters().outbox.added, 0U);
+}
+
+TEST_F(JXNotificationHubTest, StoppingHoldsRequestsAndEnablingLetsThemGo) {
+  const auto sender = senderOnHosts();
+  EXPECT_FALSE(manager().counters().holding);
+  sender->send({kJXNotification_StoppingTheServerSide});
+  EXPECT_TRUE(manager().counters().holding);
+  sender->send(request());
+  EXPECT_EQ(queued(), 1U);
+  sender->send({kJXNotification_EnablingTheServerSide});
+  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_EQ(queued(), 1U);
+}
+
+TEST_F(JXNotificationHubTest, AConsentModuleOnTheDefaultCentreStopsAndEnablesToo) {
+  const auto& center = JXNotificationCenter::defaultCenter();
+  center->postNotification({kJXNotification_StoppingTheServerSide});
+  EXPECT_TRUE(manager().counters().holding);
+  center->postNotification({kJXNotification_EnablingTheServerSide});
+  EXPECT_FALSE(manager().counters().holding);
+}
+
+TEST_F(JXNotificationHubTest, TheManagersStateDecidesWhatStoppingMeans) {
+  manager().setManagerState(1);
+  EXPECT_EQ(manager().managerState(), 1);
+  senderOnHosts()->send({kJXNotification_StoppingTheServerSide});
+  EXPECT_FALSE(manager().counters().holding) << "always enabled";
+  manager().setManagerState(2);
+  EXPECT_EQ(manager().managerState(), 2);
+  EXPECT_TRUE(manager().counters().holding) << "disabled by default";
+  senderOnHosts()->send({kJXNotification_EnablingTheServerSide});
+  EXPECT_FALSE(manager().counters().holding);
+  manager().setManagerState(7);
+  EXPECT_EQ(manager().managerState(), 0);
+}
+
+TEST_F(JXNotificationHubTest, TheBackgroundHoldsRequestsUntilTheForeground) {
+  const auto sender = JXEventSender::init();
+  sender->send({kJXNotification_OnBackground});
+  EXPECT_TRUE(manager().counters().holding);
+  sender->send(request());
+  EXPECT_EQ(queued(), 1U);
+  senderOnHosts()->send({kJXNotification_OnForeground});
+  EXPECT_FALSE(manager().counters().holding);
+  sender->send({kJXNotification_OnBackground});
+  manager().enableRunningInBackground();
+  EXPECT_FALSE(manager().counters().holding);
+}
+
+TEST_F(JXNotificationHubTest, AListenerSeesTheManagersStateAfterTheChange) {
+  test::JXListening listening;
+  listening.listenerDelegate()->listen(kJXNotification_StoppingTheServerSide);
+  bool wasHolding = false;
+  listening.reaction = [&](const JXNotification&) { wasHolding = manager().counters().holding; };
+  JXEventSender::init()->send({kJXNotification_StoppingTheServerSide});
+  EXPECT_TRUE(wasHolding);
+}
+
+TEST_F(JXNotificationHubTest, AListenerThatThrowsKeepsNoRequestFromTheQueue) {
+  test::JXListening listening(hosts_);
+  listening.listenerDelegate()->listen(kJXNotification_HTTPRequest);
+  listening.reaction = [](const JXNotification&) { throw 1; };
+  senderOnHosts()->send(request());
+  JXEventSender::init()->send(request());
+  EXPECT_EQ(manager().counters().outbox.added, 2U);
+}
+
+TEST_F(JXNotificationHubTest, TheUserAgentIsStoredAndToldWhenItIsKnown) {
+  test::JXListening listening(hosts_);
+  listening.listenerDelegate()->listen(kJXNotification_UserAgentAvailable);
+  JXString told;
+  JXString stored;
+  listening.reaction = [&](const JXNotification& n) {
+    told = n.userInfo.get(kJXUserInfo_DataKey).string();
+    stored = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
+  };
+  platform_->userAgentAnswersLater = true;
+  manager().waitForUserAgent();
+  EXPECT_TRUE(manager().counters().holding);
+  EXPECT_EQ(listening.heard(), "");
+  EXPECT_EQ(platform_->answerUserAgent("Agent/2.0"), 1);
+  EXPECT_EQ(told, JXString("Agent/2.0"));
+  EXPECT_EQ(stored, JXString("Agent/2.0"));
+  EXPECT_FALSE(manager().counters().holding);
+}
+
+TEST_F(JXNotificationHubTest, WithoutAUserAgentNothingIsToldAndNothingHeld) {
+  test::JXListening listening;
+  listening.listenerDelegate()->listen(kJXNotification_UserAgentAvailable);
+  platform_->userAgent = nullptr;
+  manager().waitForUserAgent();
+  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_EQ(listening.heard(), "");
+}
+
+TEST_F(JXNotificationHubTest, ObservingACentreAgainChangesNothing) {
+  JXNotificationHub::sharedInstance().observe(hosts_);
+  JXNotificationHub::sharedInstance().observe(hosts_);
+  JXNotificationHub::sharedInstance().observe(JXNotificationCenter::defaultCenter());
+  hosts_->postNotification(request());
+  EXPECT_EQ(manager().counters().outbox.added, 1U);
+}
+
+// What was made durable so far: the storage's call to the system is watched.
+class Durability {
+ public:
+  Durability() {
+    JXFileCalls::current().synchronize = [](int descriptor) {
+      char path[4096];
+      const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+      const ssize_t length = readlink(link.c_str(), path, sizeof path);
+      const std::string name(path, length > 0 ? static_cast<std::size_t>(length) : 0);
+      const int result = JXFileCalls::system().synchronize(descriptor);
+      if (name.size() > 9 && name.compare(name.size() - 9, 9, "/defaults") == 0) {
+        const std::lock_guard<std::mutex> lock(mutex());
+        ++count();
+        changed().notify_all();
+      }
+      return result;
+    };
+  }
+  /// False when it did not happen within 20 seconds.
+  static bool waitFor(int times) {
+    std::unique_lock<std::mutex> lock(mutex());
+    return changed().wait_for(lock, std::chrono::seconds(20), [&] { return count() >= times; });
+  }
+  static int times() {
+    const std::lock_guard<std::mutex> lock(mutex());
+    return count();
+  }
+
+ private:
+  // Never destroyed: the transfer thread may still write while the process ends.
+  static std::mutex& mutex() {
+    static auto* const mutex = new std::mutex();
+    return *mutex;
+  }
+  static std::condition_variable& changed() {
+    static auto* const changed = new std::condition_variable();
+    return *changed;
+  }
+  static int& count() {
+    static int count = 0;
+    return count;
+  }
+};
+
+class JXUserDefaultsOnDisk : public test::JXCoreFixture {
+ protected:
+  void prepare() override {
+    configuration_.dryRun = false;
+    configuration_.retryTimings.syncDelay = std::chrono::milliseconds(1);
+    platform_->hasUserDefaults = false;
+  }
+  const Durability durability_;
+};
+
+TEST_F(JXUserDefaultsOnDisk, WhatIsSavedBecomesDurableWithoutAnyRequest) {
+  JXCoreInitialisation::init();
+  ASSERT_TRUE(Durability::waitFor(1)) << "the identifiers that the start made";
+  const int before = Durability::times();
+  JXUserDefaults::saveInfoToUserDefaults_forLabel("value", "label");
+  EXPECT_TRUE(Durability::waitFor(before + 1));
+}
+
+}  // namespace
+}  // namespace jx
