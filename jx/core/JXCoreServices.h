@@ -26,8 +26,8 @@ class JXCoreServices {
   /// The store of persisted values: the platform's own, else the core's. Null when neither can be
   /// had.
   JXPlatformDefaults* userDefaults() const { return userDefaults_; }
-  /// A persisted value was changed: where the core keeps them itself, the transfer thread is told to
-  /// make it durable.
+  /// A persisted value was changed: where the core keeps them itself, the transfer thread is told
+  /// to make it durable.
   void userDefaultsChanged();
   /// "https://host" that events go to, without a path.
   const JXString& collectionEndpoint() const { return collectionEndpoint_; }

@@ -40,7 +40,7 @@ class JXCoreFixture : public testing::Test {
   JXCoreFixture() {
     configuration_.platform = platform_;
     configuration_.clock = clock_;
-    configuration_.storageFolder = folder_.path("state");
+    configuration_.storageFolder = folder().path("state");
     configuration_.collectionHost = "http://127.0.0.1";
     configuration_.dryRun = true;
     configuration_.logLevel = 6;
@@ -62,7 +62,13 @@ class JXCoreFixture : public testing::Test {
     std::vector<std::string> lines;
   };
 
-  TemporaryFolder folder_;
+  // Made before the core starts, so that it ends after the transfer thread, which would otherwise
+  // write into a folder that is gone already.
+  static TemporaryFolder& folder() {
+    static TemporaryFolder folder;
+    return folder;
+  }
+
   std::shared_ptr<JXFakePlatform> platform_ = std::make_shared<JXFakePlatform>();
   std::shared_ptr<JXManualClock> clock_ = std::make_shared<JXManualClock>(1'700'000'000'123);
   std::shared_ptr<Log> log_ = std::make_shared<Log>();
