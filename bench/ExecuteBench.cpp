@@ -75,18 +75,41 @@ std::shared_ptr<JXEvent> customEvent() {
   return event;
 }
 
-std::string bodyOfCustomEvent() {
+std::shared_ptr<JXEvent> purchase(int items) {
+  auto event = JXPurchaseEvent::init();
+  event->setID("536365");
+  event->setCurrency("GBP");
+  event->setRevenue(JXDecimal::fromString("139.12"));
+  event->setValue(JXDecimal::fromString("115.93"));
+  event->setShippingAmount(JXDecimal::fromString("4.95"));
+  event->setTaxAmount(JXDecimal::fromString("23.19"));
+  event->setType("online");
+  event->setPaymentMethod(EJXPayementMethod_CARD);
+  event->setStatus(EJXPurchaseStatus_IN_PROGRESS);
+  for (int i = 0; i < items; ++i) {
+    auto product = JXProduct::initWithProductId_withName_withPrice(
+        "85123A", "WHITE HANGING HEART T-LIGHT HOLDER", JXDecimal::fromString("2.55"));
+    product->setCurrency("GBP");
+    product->categories().append("home");
+    product->categories().append("lighting");
+    auto item = JXItem::initWithItemId_withProduct_withQuantity("536365-0", product, 6);
+    item->setList_position(i);
+    event->items().append(item);
+  }
+  return event;
+}
+
+std::string bodyOf(const std::shared_ptr<JXEvent>& event) {
   Host& host = Host::instance();
   host.recordBodies(true);
-  const std::string body = host.bodyOf(customEvent());
+  const std::string body = host.bodyOf(event);
   host.recordBodies(false);
   return body;
 }
 
-void Execute_CustomEvent(benchmark::State& state) {
-  const std::string body = bodyOfCustomEvent();
+void execute(benchmark::State& state, const std::shared_ptr<JXEvent>& event) {
+  const std::string body = bodyOf(event);
   ServerSide& serverSide = Host::instance().serverSide();
-  const std::shared_ptr<JXEvent> event = customEvent();
   const std::uint64_t before = bench::allocationsOfThisThread();
   for (auto _ : state)
     serverSide.execute(event);
@@ -95,27 +118,55 @@ void Execute_CustomEvent(benchmark::State& state) {
                          benchmark::Counter::kAvgIterations);
   state.counters["body_bytes"] = static_cast<double>(body.size());
 }
-BENCHMARK(Execute_CustomEvent)->Iterations(5'000)->Unit(benchmark::kMicrosecond);
 
-void Floor_RapidJsonSameBody(benchmark::State& state) {
-  const std::string body = bodyOfCustomEvent();
+void rapidJson(benchmark::State& state, const std::shared_ptr<JXEvent>& event) {
+  const std::string body = bodyOf(event);
   const bench::JsonFloor floor(body);
   if (floor.text() != body) state.SkipWithError("the floor writes another text");
   for (auto _ : state)
     benchmark::DoNotOptimize(floor.write());
 }
-BENCHMARK(Floor_RapidJsonSameBody)->Iterations(50'000)->Unit(benchmark::kMicrosecond);
 
-void Floor_PlainWriteSameBytes(benchmark::State& state) {
-  const std::string body = bodyOfCustomEvent();
+void plainWrite(benchmark::State& state, const std::shared_ptr<JXEvent>& event) {
+  const std::string body = bodyOf(event);
   const std::string path = Host::instance().folder() + "/plain";
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0600);
   for (auto _ : state)
     benchmark::DoNotOptimize(::write(file, body.data(), body.size()));
   ::close(file);
 }
-BENCHMARK(Floor_PlainWriteSameBytes)->Iterations(5'000)->Unit(benchmark::kMicrosecond);
+
+// An event beside the two floors under it.
+void add(const std::string& name, const std::shared_ptr<JXEvent>& (*event)()) {
+  const auto run = [&](const std::string& what,
+                       void (*measure)(benchmark::State&, const std::shared_ptr<JXEvent>&)) {
+    benchmark::RegisterBenchmark((name + "/" + what).c_str(),
+                                 [=](benchmark::State& state) { measure(state, event()); })
+        ->Iterations(5'000)
+        ->Unit(benchmark::kMicrosecond);
+  };
+  run("execute", execute);
+  run("floor_rapidjson", rapidJson);
+  run("floor_write", plainWrite);
+}
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  add("custom", []() -> const std::shared_ptr<JXEvent>& {
+    static const auto event = customEvent();
+    return event;
+  });
+  add("purchase_1_item", []() -> const std::shared_ptr<JXEvent>& {
+    static const auto event = purchase(1);
+    return event;
+  });
+  add("purchase_20_items", []() -> const std::shared_ptr<JXEvent>& {
+    static const auto event = purchase(20);
+    return event;
+  });
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}

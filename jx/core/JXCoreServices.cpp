@@ -80,7 +80,10 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
 }
 
 void JXCoreServices::userDefaultsChanged() {
-  if (defaultsFile_) JXNetworkManager::sharedInstance().storageChanged();
+  // Asked once until it is done: every event changes some.
+  if (defaultsFile_ && !maintenanceIsDue_.exchange(true)) {
+    JXNetworkManager::sharedInstance().storageChanged();
+  }
 }
 
 void JXCoreServices::start() {
@@ -102,6 +105,8 @@ void JXCoreServices::startTransfer() {
   setup.proxy = configuration_.proxy;
   setup.onDelivery = configuration_.onDelivery;
   setup.maintain = [this] {
+    // Before the work, so that what is changed meanwhile asks again.
+    maintenanceIsDue_ = false;
     if (defaultsFile_) defaultsFile_->maintain();
   };
   setup.beforeConnecting = [] { JXNetwork::sharedInstance().refresh(); };
@@ -113,6 +118,7 @@ void JXCoreServices::startTransfer() {
   };
   JXNetworkManager::sharedInstance().start(std::move(setup));
   // The identifiers were made before there was a thread to tell.
+  maintenanceIsDue_ = false;
   userDefaultsChanged();
 }
 

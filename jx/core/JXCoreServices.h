@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -47,6 +48,7 @@ class JXCoreServices {
   JXString collectionEndpoint_;
   std::unique_ptr<JXDefaultsFile> defaultsFile_;
   JXPlatformDefaults* userDefaults_ = nullptr;
+  std::atomic<bool> maintenanceIsDue_{false};
   std::once_flag started_;
 };
 

@@ -143,6 +143,11 @@ ServerSide::~ServerSide() {
   if (senderDelegate_) senderDelegate_->setParent(nullptr);
 }
 
+void ServerSide::setListenerDelegate(std::shared_ptr<JXEventListener> value) {
+  if (listenerDelegate_ && listenerDelegate_ != value) listenerDelegate_->setParent(nullptr);
+  listenerDelegate_ = std::move(value);
+}
+
 void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
   if (serverSideState_ == EJXServerSideState_DISABLED) return;
   if (!event) {

@@ -121,9 +121,8 @@ class ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerD
     senderDelegate_ = std::move(value);
   }
   std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
-  void setListenerDelegate(std::shared_ptr<JXEventListener> value) {
-    listenerDelegate_ = std::move(value);
-  }
+  /// The listener that is replaced no longer calls this object; the new one is as the host made it.
+  void setListenerDelegate(std::shared_ptr<JXEventListener> value);
   const std::shared_ptr<IJXFirebaseInstance>& firebaseInstance() const { return firebaseInstance_; }
   void setFirebaseInstance(std::shared_ptr<IJXFirebaseInstance> value) {
     firebaseInstance_ = std::move(value);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/events/JXItem.h"
@@ -15,8 +17,8 @@
 namespace jx::test {
 namespace {
 
-constexpr std::string_view kTexts[] = {"first text", "second text"};
-constexpr std::string_view kMembers[] = {"FIRST", "SECOND"};
+constexpr std::array<std::string_view, 2> kTexts{"first text", "second text"};
+constexpr std::array<std::string_view, 2> kMembers{"FIRST", "SECOND"};
 
 struct Sample : JXAdditionalProperties {
   JXString text;
@@ -37,7 +39,7 @@ struct Sample : JXAdditionalProperties {
         {"texts_key", "texts", &Sample::texts},
         {"numbered_", "numbered", JXNumbered<Sample>{&Sample::numbered}},
         {"values_key", "values", &Sample::values},
-        {"choice_key", "choice", JXChoice<Sample>{&Sample::choice, {kTexts, kMembers, 2}}},
+        {"choice_key", "choice", JXChoice<Sample>{&Sample::choice, {kTexts, kMembers}}},
         {"items_key", "items", &Sample::items},
         {"product_key", "product", &Sample::product},
     };
@@ -227,7 +229,7 @@ TEST(Fields, AWrongValueIsNamedAndChangesNothing) {
 }
 
 TEST(Fields, TheTextOfAnEnumerationIsNeverReadOutOfBounds) {
-  const JXTextTable table{kTexts, kMembers, 2};
+  const JXTextTable table{kTexts, kMembers};
   EXPECT_EQ(table.textOf(0), JXString("first text"));
   EXPECT_EQ(table.textOf(1), JXString("second text"));
   EXPECT_FALSE(table.textOf(2).isPresent());

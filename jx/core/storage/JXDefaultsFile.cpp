@@ -35,7 +35,7 @@ class JXDefaultsFile::Locked {
 };
 
 JXDefaultsFile::JXDefaultsFile(std::string path)
-    : path_(std::move(path)), report_("user defaults " + path_) {
+    : path_(std::move(path)), report_("user defaults " + path_, folderOf(path_)) {
   Locked locked(*this);
   ensureOpen();
   if (journal_ == nullptr) readWithoutLock();

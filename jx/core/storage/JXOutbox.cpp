@@ -53,7 +53,7 @@ class JXOutbox::Implementation {
 
   Implementation(std::string folder, const JXOutboxBounds& bounds,
                  std::shared_ptr<const JXClock> clock)
-      : report_("outbox " + folder),
+      : report_("outbox " + folder, folderOf(folder)),
         segments_(folder, report_),
         queue_(segments_, report_, bounds, std::move(clock)),
         dead_(folder, bounds.maxDeadLetters) {

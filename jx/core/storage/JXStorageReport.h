@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,7 +10,8 @@
 namespace jx {
 
 /// Counts what goes wrong in one storage and makes one log line of each cause, however often it
-/// happens. The lines are handed out to be logged later, because the log's sink belongs to the host
+/// happens, and however many storages of one folder it hits: a folder that cannot be written is one
+/// cause. The lines are handed out to be logged later, because the log's sink belongs to the host
 /// and may call back while the storage is locked. Not synchronised: the owner's lock guards it.
 class JXStorageReport {
  public:
@@ -20,15 +20,17 @@ class JXStorageReport {
     int level;
   };
 
-  /// `subject` begins each line, for example "outbox /data/jx/outbox".
-  explicit JXStorageReport(std::string subject) : subject_(std::move(subject)) {}
+  /// `subject` begins each line, for example "outbox /data/jx/outbox". `folder` is what several
+  /// storages have in common.
+  JXStorageReport(std::string subject, std::string folder)
+      : subject_(std::move(subject)), folder_(std::move(folder)) {}
 
   /// `action`, in the words of the line ("append"), failed with the errno value `error`.
   void failed(const char* action, int error);
   /// Part of a file could not be read and was set aside.
   void damaged(const std::string& path);
   /// What had failed works again: the next failure is worth a line again.
-  void recovered() { told_.clear(); }
+  void recovered();
 
   std::uint64_t failures() const { return failures_; }
   std::uint64_t damagedFiles() const { return damagedFiles_; }
@@ -40,7 +42,7 @@ class JXStorageReport {
 
  private:
   std::string subject_;
-  std::set<std::pair<std::string, int>> told_;
+  std::string folder_;
   std::vector<Line> lines_;
   std::uint64_t failures_ = 0;
   std::uint64_t damagedFiles_ = 0;
