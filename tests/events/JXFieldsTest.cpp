@@ -64,8 +64,8 @@ JXFieldState state(const Sample& sample, std::string_view property) {
   return table.state(sample, table.findProperty(property));
 }
 
-TEST(Fields, WriteNothingButFlagsAndItemsOfAnEmptyObject) {
-  EXPECT_EQ(written(Sample()), R"({"flag_key":false,"items_key":[]})");
+TEST(Fields, WriteNothingButFlagsAndCopiedListsOfAnEmptyObject) {
+  EXPECT_EQ(written(Sample()), R"({"flag_key":false,"texts_key":[],"items_key":[]})");
 }
 
 TEST(Fields, WriteInTheOrderOfTheTable) {
@@ -89,20 +89,21 @@ TEST(Fields, AnAbsentFieldLeavesWhatStoodThere) {
   JXJsonObject dict;
   dict.set("text_key", "extra");
   dict.set("flag_key", "extra");
-  EXPECT_EQ(written(Sample(), dict), R"({"text_key":"extra","flag_key":false,"items_key":[]})");
+  EXPECT_EQ(written(Sample(), dict),
+            R"({"text_key":"extra","flag_key":false,"texts_key":[],"items_key":[]})");
 }
 
 TEST(Fields, ANotANumberIsLeftOut) {
   Sample sample;
   sample.number = JXDecimal::notANumber();
-  EXPECT_EQ(written(sample), R"({"flag_key":false,"items_key":[]})");
+  EXPECT_EQ(written(sample), R"({"flag_key":false,"texts_key":[],"items_key":[]})");
 }
 
 TEST(Fields, AChoiceOutsideItsEnumerationIsLeftOut) {
   Sample sample;
   for (const int choice : {-1, 2, 2147483647, -2147483647 - 1}) {
     sample.choice = choice;
-    EXPECT_EQ(written(sample), R"({"flag_key":false,"items_key":[]})") << choice;
+    EXPECT_EQ(written(sample), R"({"flag_key":false,"texts_key":[],"items_key":[]})") << choice;
   }
 }
 
@@ -199,7 +200,8 @@ TEST(Fields, NullSetsThemToAbsent) {
 TEST(Fields, ANullProductInAnItemIsNoneAndAnUnnamedOneIsEmpty) {
   Sample sample;
   ASSERT_EQ(set(sample, "items", R"([{"product":null},{}])"), "");
-  EXPECT_EQ(written(sample), R"({"flag_key":false,"items_key":[{},{"product":{"colors":[]}}]})");
+  EXPECT_EQ(written(sample),
+            R"({"flag_key":false,"texts_key":[],"items_key":[{},{"product":{"colors":[]}}]})");
 }
 
 TEST(Fields, AWrongValueIsNamedAndChangesNothing) {
