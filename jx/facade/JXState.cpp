@@ -48,8 +48,8 @@ JXState* JXState::reinit() {
   return init();
 }
 
-void JXState::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
-  if (senderDelegate_) senderDelegate_->setNotificationCenter(std::move(center));
+void JXState::changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
+  if (senderDelegate_) senderDelegate_->setNotificationCenter(center);
 }
 
 void JXState::applicationDidEnterBackground(const JXNotification& notification) {

@@ -27,7 +27,7 @@ class JXState : public JXSingleton, public IJXEventSenderDelegate {
 
   /// The centre that this object posts on; null is the default one. It keeps hearing the system on
   /// the default centre.
-  void changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
   void applicationDidEnterBackground(const JXNotification& notification);
   void applicationWillEnterForeground(const JXNotification& notification);
   /// For subclasses: called first, with the notification's object. Does nothing here.

@@ -111,7 +111,7 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
   setDeveloperIdForFirebaseInstance();
   listenerDelegate_->listen(kJXNotification_EnablingTheServerSide);
   listenerDelegate_->listen(kJXNotification_StoppingTheServerSide);
-  changeNotificationCenter(std::move(center));
+  changeNotificationCenter(center);
   siteID_ = siteID;
 }
 
@@ -250,8 +250,8 @@ void ServerSide::setIDFA() {
   variables.addData_withValue(kJXPredefinedVariable_IDFA, identifier);
 }
 
-void ServerSide::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
-  if (senderDelegate_) senderDelegate_->setNotificationCenter(std::move(center));
+void ServerSide::changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
+  if (senderDelegate_) senderDelegate_->setNotificationCenter(center);
 }
 
 void ServerSide::onNotificationReceived(const JXNotification& notification) {

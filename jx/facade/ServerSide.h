@@ -87,7 +87,7 @@ class ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerD
   void setAdvertisingTrackingEnabled();
   /// Moves this object's posts to another centre; null is the default one. What it listens for
   /// still reaches it.
-  void changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
   /// Stores the advertising identifier when the stored permission is "1", and `STATIC_IDFA` when it
   /// is anything else.
   void setIDFA();

@@ -232,8 +232,9 @@ void JXPredefinedVariables::useLegacyUniqueIDForConsentID() {
   JXUser::sharedInstance().setConsentID(uniqueIdentifier());
 }
 
-void JXPredefinedVariables::changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
-  if (listenerDelegate_) listenerDelegate_->setNotificationCenter(std::move(center));
+void JXPredefinedVariables::changeNotificationCenter(
+    const std::shared_ptr<JXNotificationCenter>& center) {
+  if (listenerDelegate_) listenerDelegate_->setNotificationCenter(center);
 }
 
 void JXPredefinedVariables::onNotificationReceived(const JXNotification& notification) {

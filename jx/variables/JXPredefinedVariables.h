@@ -97,7 +97,7 @@ class JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegat
   /// Makes it the consent id.
   void useLegacyUniqueIDForConsentID();
   /// Moves the listener to another centre; null is the default one.
-  void changeNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
   /// Address of "en0", else of "pdp_ip0", as dotted IPv4 text; "" when there is neither.
   JXString findDeviceIP() const;
   /// Stores `timeS` seconds under `key` and the same in milliseconds under `keyMs`.
@@ -190,7 +190,7 @@ class JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegat
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;
-  JXString countedUp(const JXString& stored);
+  JXString countedUp(const JXString& count);
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
   bool isBackground_ = false;

@@ -11,13 +11,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <system_error>
 
 namespace jx {
 namespace {
 
 Failure failureOf(const std::string& action, const std::filesystem::path& path) {
   const int error = errno;
-  return Failure{"cannot " + action + " " + path.string() + ": " + std::strerror(error)};
+  return Failure{"cannot " + action + " " + path.string() + ": " +
+                 std::generic_category().message(error)};
 }
 
 bool writeAll(int fd, std::string_view content) {

@@ -223,8 +223,8 @@ class JXJsonReader::Parser {
     constexpr std::string_view kLetters = "\"\\/bfnrt";
     constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
     if (skip('u')) return escapedCodePoint(text);
-    const std::size_t letter = atEnd() ? kLetters.npos : kLetters.find(text_[at_]);
-    if (letter == kLetters.npos) return fault("this is no escape");
+    const std::size_t letter = atEnd() ? std::string_view::npos : kLetters.find(text_[at_]);
+    if (letter == std::string_view::npos) return fault("this is no escape");
     text.push_back(kMeanings[letter]);
     ++at_;
     return true;

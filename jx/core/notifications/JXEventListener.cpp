@@ -36,10 +36,10 @@ void JXEventListener::listen(const JXString& name) {
   observe(name);
 }
 
-void JXEventListener::setNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
+void JXEventListener::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
   const std::lock_guard<std::recursive_mutex> lock(state_->mutex);
   state_->center->removeObserver(state_.get());
-  state_->center = center ? std::move(center) : JXNotificationCenter::defaultCenter();
+  state_->center = center ? center : JXNotificationCenter::defaultCenter();
   for (const JXString& name : state_->names)
     observe(name);
 }

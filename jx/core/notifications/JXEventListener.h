@@ -36,7 +36,7 @@ class JXEventListener {
   /// naming it once; an absent name is ignored.
   void listen(const JXString& name);
   /// Moves the listener with all its names to another centre; null is the default one.
-  void setNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
 
  private:
   friend class JXNotificationHub;

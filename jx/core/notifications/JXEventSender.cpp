@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/notifications/JXEventSender.h"
 
-#include <utility>
-
 #include "jx/core/notifications/JXNotificationHub.h"
 
 namespace jx {
@@ -14,8 +12,8 @@ std::shared_ptr<JXEventSender> JXEventSender::init() {
 
 JXEventSender::JXEventSender() { setNotificationCenter(nullptr); }
 
-void JXEventSender::setNotificationCenter(std::shared_ptr<JXNotificationCenter> center) {
-  center_ = center ? std::move(center) : JXNotificationCenter::defaultCenter();
+void JXEventSender::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
+  center_ = center ? center : JXNotificationCenter::defaultCenter();
   JXNotificationHub::sharedInstance().observe(center_);
 }
 

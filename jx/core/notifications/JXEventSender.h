@@ -27,7 +27,7 @@ class JXEventSender {
   void setParent(IJXEventSenderDelegate* parent) { parent_ = parent; }
   IJXEventSenderDelegate* parent() const { return parent_; }
   /// The centre to post on; null is the default one.
-  void setNotificationCenter(std::shared_ptr<JXNotificationCenter> center);
+  void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
   /// Posts on the caller's thread; all who hear it have been called when it returns.
   void send(const JXNotification& notification);
 

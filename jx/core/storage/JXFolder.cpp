@@ -33,7 +33,8 @@ int listFolder(const std::string& path, std::vector<std::string>& names) {
   DIR* const folder = ::opendir(path.c_str());
   if (folder == nullptr) return errno;
   errno = 0;
-  while (const dirent* entry = ::readdir(folder)) {
+  // Unsafe only when threads share the stream.
+  while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
     const std::string name = entry->d_name;
     if (name != "." && name != "..") names.push_back(name);
     errno = 0;

@@ -51,7 +51,7 @@ class JXOutbox::Implementation {
     return work(queue_);
   }
 
-  Implementation(std::string folder, const JXOutboxBounds& bounds,
+  Implementation(const std::string& folder, const JXOutboxBounds& bounds,
                  std::shared_ptr<const JXClock> clock)
       : report_("outbox " + folder, folderOf(folder)),
         segments_(folder, report_),

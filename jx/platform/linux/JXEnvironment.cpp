@@ -12,7 +12,9 @@ JXEnvironment copyProcessEnvironment() {
       "LANG",     "TZ",     "TZDIR",       "HOME",        "XDG_STATE_HOME"};
   JXEnvironment copy;
   for (const char* name : kNames) {
-    if (const char* value = std::getenv(name)) copy.emplace(name, JXString(value));
+    // Once, while the library starts: a copy is what keeps later changes by the host harmless.
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+    if (value != nullptr) copy.emplace(name, JXString(value));
   }
   return copy;
 }

@@ -23,7 +23,7 @@ struct JXLocaleName {
 
 /// Takes a name apart. Also takes '-' for '_', so that "fr-CA" is understood. Names of more than
 /// 128 characters are malformed: no system has one.
-JXLocaleName parseLocaleName(std::string_view name);
+JXLocaleName parseLocaleName(std::string_view text);
 
 /// True for "C" and "POSIX", with or without a codeset: the locale of no country.
 bool isPlainLocale(std::string_view name);

@@ -73,6 +73,7 @@ std::vector<std::string> defaultRoutes(const std::string& root) {
   std::stable_sort(routes.begin(), routes.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<std::string> names;
+  names.reserve(routes.size());
   for (const auto& route : routes)
     names.push_back(route.second);
   return names;

@@ -75,7 +75,10 @@ std::uint64_t seedOfThisMoment() {
   static std::atomic<std::uint64_t> counter{0};
   std::uint64_t start[2] = {0, 0};
   if (const unsigned long address = ::getauxval(AT_RANDOM)) {
-    std::memcpy(start, reinterpret_cast<const void*>(address), sizeof start);
+    // The system hands addresses over as integers.
+    const void* const bytes =
+        reinterpret_cast<const void*>(address);  // NOLINT(performance-no-int-to-ptr)
+    std::memcpy(start, bytes, sizeof start);
   }
   const auto ticks = [](auto time) {
     return static_cast<std::uint64_t>(time.time_since_epoch().count());

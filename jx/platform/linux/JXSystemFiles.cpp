@@ -70,7 +70,8 @@ std::vector<std::string> listSystemFolder(const std::string& path) {
   std::vector<std::string> names;
   DIR* folder = ::opendir(path.c_str());
   if (folder == nullptr) return names;
-  while (const dirent* entry = ::readdir(folder)) {
+  // Unsafe only when threads share the stream.
+  while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);
   }

@@ -59,7 +59,7 @@ class ConnectionStream final : public httplib::Stream {
   bool fill();
   ssize_t readSome(char* data, std::size_t size);
   ssize_t writeSome(const char* data, std::size_t size);
-  ssize_t transferPlain(ssize_t result, short waitFor);
+  ssize_t transferPlain(ssize_t result, short events);
   /// Waits as the failed TLS operation demands. False when it cannot be repeated.
   bool waitAsTlsDemands(int result);
   bool waitFor(short events) const;

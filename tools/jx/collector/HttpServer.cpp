@@ -54,6 +54,8 @@ HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
         return refuseOrPass(request, response) == HandlerResponse::Handled ? response.status : 100;
       });
   set_exception_handler(
+      // The type is the library's.
+      // NOLINTNEXTLINE(performance-unnecessary-value-param)
       [](const httplib::Request&, httplib::Response& response, std::exception_ptr) {
         response.status = 500;
         closeAfter(response);

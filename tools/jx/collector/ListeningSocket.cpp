@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace jx {
@@ -56,7 +57,7 @@ Outcome<ListeningSocket> ListeningSocket::open(const std::string& address, int p
   const int error = errno;
   if (fd >= 0) ::close(fd);
   if (error == EADDRINUSE) return Failure{where + " is in use by another program"};
-  return Failure{"cannot listen on " + where + ": " + std::strerror(error)};
+  return Failure{"cannot listen on " + where + ": " + std::generic_category().message(error)};
 }
 
 ListeningSocket::ListeningSocket(ListeningSocket&& other) noexcept

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <system_error>
 #include <utility>
 
 namespace jx {
@@ -46,7 +47,8 @@ Outcome<StateFolder> StateFolder::open(const std::filesystem::path& path) {
   const std::string lockFile = (path / "lock").string();
   const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (lock < 0) {
-    return Failure{"cannot write to the state folder " + text + ": " + std::strerror(errno)};
+    return Failure{"cannot write to the state folder " + text + ": " +
+                   std::generic_category().message(errno)};
   }
   if (::flock(lock, LOCK_EX | LOCK_NB) == 0) return StateFolder(path, lock);
   ::close(lock);
@@ -54,10 +56,11 @@ Outcome<StateFolder> StateFolder::open(const std::filesystem::path& path) {
 }
 
 Outcome<std::filesystem::path> StateFolder::defaultPath() {
-  const char* const state = std::getenv("XDG_STATE_HOME");
+  // The program has one thread yet.
+  const char* const state = std::getenv("XDG_STATE_HOME");  // NOLINT(concurrency-mt-unsafe)
   // A relative one is to be ignored, says the rule for these variables.
   if (state != nullptr && state[0] == '/') return std::filesystem::path(state) / "jx-collector";
-  const char* const home = std::getenv("HOME");
+  const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
   if (home == nullptr || home[0] != '/') {
     return Failure{"no home folder to keep the collector's state in; name one with --state"};
   }

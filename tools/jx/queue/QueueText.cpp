@@ -19,7 +19,7 @@ std::string counted(std::size_t count, const std::string& one) {
   return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
-std::string rightAligned(std::string text, std::size_t width) {
+std::string rightAligned(const std::string& text, std::size_t width) {
   return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
 }
 
