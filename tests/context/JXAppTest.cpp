@@ -77,9 +77,8 @@ TEST_F(AppBlock, VersionsAreStrings) {
 TEST_F(AppBlock, AnApplicationThatStatesNothingIsUnknownWithAnEmptyVersion) {
   platform->bundle = {};
   start();
-  EXPECT_EQ(text(),
-            R"x({"name":"(unknown)","version":"","serverside_version":"5.4.5",)x"
-            R"x("core_version":"1.0.0"})x");
+  EXPECT_EQ(text(), R"x({"name":"(unknown)","version":"","serverside_version":"5.4.5",)x"
+                    R"x("core_version":"1.0.0"})x");
 }
 
 TEST_F(AppBlock, InitOnceMoreChangesNothingAndReinitReadsAnew) {
