@@ -4,9 +4,12 @@
 
 #include <string>
 
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreInitialisation.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/JXUtils.h"
+#include "jx/core/notifications/JXNotificationCenter.h"
 #include "tests/core/JXCoreFixture.h"
 
 namespace jx {
@@ -75,6 +78,15 @@ TEST_F(JXNetworkTest, NamesTheKindOfConnection) {
   platform_->network = JXNetworkKind::None;
   network().refresh();
   EXPECT_EQ(json(network()), R"({"connection_type":"none"})");
+}
+
+TEST_F(JXNetworkTest, AskedAgainWhenTheApplicationComesToTheForeground) {
+  JXCoreInitialisation::init();
+  platform_->network = JXNetworkKind::Wifi;
+  EXPECT_EQ(json(JXNetwork::sharedInstance()), R"({"connection_type":"ethernet"})");
+  JXNotificationCenter::defaultCenter()->postNotification(
+      {kJXNotification_OnForeground, nullptr, nullptr});
+  EXPECT_EQ(json(JXNetwork::sharedInstance()), R"({"connection_type":"wifi"})");
 }
 
 TEST_F(JXNetworkTest, ItsOwnFieldWinsOverAdditionalProperties) {

@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
+#include "jx/core/JXNetwork.h"
 #include "jx/core/notifications/JXEventListenerState.h"
 #include "jx/core/notifications/JXGuardedDelivery.h"
 #include "jx/core/transfer/JXNetworkManager.h"
@@ -82,6 +84,8 @@ void JXNotificationHub::handToNetworkManager(const JXNotification& notification)
   } else if (name == kJXNotification_OnBackground) {
     manager.onBackground();
   } else if (name == kJXNotification_OnForeground) {
+    // The viewer may have plugged in a cable meanwhile. Asking must not be what starts the core.
+    if (JXCoreServices::hasStarted()) JXNetwork::sharedInstance().refresh();
     manager.onForeground();
   }
 }
