@@ -78,18 +78,19 @@ ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
 
 std::shared_ptr<ServerSide>
 ServerSide::initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
-    std::int32_t siteID, const JXString& sourceKey, std::shared_ptr<JXNotificationCenter> center,
-    std::int32_t defaultBehaviour, std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+    std::int32_t siteID, const JXString& sourceKey,
+    const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
+    std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   std::shared_ptr<ServerSide> made(new ServerSide());
   guarded("The start of the Server-Side SDK", [&] {
-    made->start(siteID, sourceKey, std::move(center), defaultBehaviour,
-                std::move(firebaseInstance));
+    made->start(siteID, sourceKey, center, defaultBehaviour, std::move(firebaseInstance));
   });
   return made;
 }
 
 void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
-                       std::shared_ptr<JXNotificationCenter> center, std::int32_t defaultBehaviour,
+                       const std::shared_ptr<JXNotificationCenter>& center,
+                       std::int32_t defaultBehaviour,
                        std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   initialisation_ = JXServerSideInitialisation::init();
   log("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);

@@ -67,8 +67,9 @@ class ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerD
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
   static std::shared_ptr<ServerSide>
   initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
-      std::int32_t siteID, const JXString& sourceKey, std::shared_ptr<JXNotificationCenter> center,
-      std::int32_t defaultBehaviour, std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
+      std::int32_t siteID, const JXString& sourceKey,
+      const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
+      std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
 
   /// Holds requests until the user agent is known, at most 10 seconds.
   void waitForUserAgent();
@@ -131,7 +132,7 @@ class ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerD
  private:
   ServerSide() = default;
   void start(std::int32_t siteID, const JXString& sourceKey,
-             std::shared_ptr<JXNotificationCenter> center, std::int32_t defaultBehaviour,
+             const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
              std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
   void decideStartState();
   void send(JXEvent& event);

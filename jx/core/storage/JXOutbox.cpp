@@ -154,9 +154,9 @@ class JXOutbox::Implementation {
   JXDeadLetters dead_;  ///< has a lock of its own, so that its rewriting keeps no caller waiting
 };
 
-JXOutbox::JXOutbox(std::string folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock)
-    : implementation_(
-          std::make_unique<Implementation>(std::move(folder), bounds, std::move(clock))) {}
+JXOutbox::JXOutbox(const std::string& folder, JXOutboxBounds bounds,
+                   std::shared_ptr<const JXClock> clock)
+    : implementation_(std::make_unique<Implementation>(folder, bounds, std::move(clock))) {}
 
 JXOutbox::~JXOutbox() = default;
 

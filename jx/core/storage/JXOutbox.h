@@ -34,7 +34,7 @@ class JXOutbox {
   /// Opens the queue in `folder`, making the folder (mode 0700) when it is missing, and adopts what
   /// earlier processes left. When the folder cannot be made or read the outbox still works, in
   /// memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
-  JXOutbox(std::string folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock);
+  JXOutbox(const std::string& folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock);
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
   JXOutbox& operator=(const JXOutbox&) = delete;
