@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "jx/core/JXLoopback.h"
+
 namespace jx {
 namespace {
 
@@ -30,25 +32,6 @@ std::string_view hostOf(std::string_view authority) {
     return authority.substr(0, authority.find(']') + 1);
   }
   return authority.substr(0, authority.find(':'));
-}
-
-// "127.", then three numbers up to 255: "127.example.com" is a name.
-bool isLoopbackIPv4(std::string_view host) {
-  if (!startsWith(host, "127.")) return false;
-  int numbers = 0;
-  int number = -1;  // no digit yet
-  for (const char c : std::string(host.substr(4)) + '.') {
-    if (c >= '0' && c <= '9') {
-      number = (number < 0 ? 0 : number * 10) + (c - '0');
-      if (number > 255) return false;
-    } else if (c == '.' && number >= 0) {
-      ++numbers;
-      number = -1;
-    } else {
-      return false;
-    }
-  }
-  return numbers == 3;
 }
 
 // Nothing but a host and what may stand beside it. Everything that URL parsers read in different
@@ -89,8 +72,7 @@ bool isLoopbackAuthority(std::string_view authority) {
   if (!isAuthority(authority) || authority.find_first_of("/?#") != std::string_view::npos) {
     return false;
   }
-  const std::string host = lowerCase(hostOf(authority));
-  return host == "localhost" || host == "[::1]" || isLoopbackIPv4(host);
+  return isLoopbackHost(hostOf(authority));
 }
 
 JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& stated, const JXString& fallback) {

@@ -19,8 +19,7 @@ struct JXCollectionEndpoint {
   static JXCollectionEndpoint from(const JXString& stated, const JXString& fallback);
 };
 
-/// True for "localhost" in capitals or not, an IPv4 address in 127.0.0.0/8 and "[::1]"; `authority`
-/// may have a port.
+/// True when the host of `authority` is the device itself; a port may stand behind it.
 bool isLoopbackAuthority(std::string_view authority);
 
 }  // namespace jx

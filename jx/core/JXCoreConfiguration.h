@@ -3,6 +3,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXOutboxBounds.h"
@@ -25,7 +27,14 @@ struct JXCoreConfiguration {
   JXString collectionHost;
   /// File of PEM certificates to trust instead of the system's.
   JXString caFile;
-  /// Proxy URL; absent: what the environment variables say.
+  /// Public keys that the collection host may show, beside having a trusted certificate: each the
+  /// SHA-256 of the key (its SubjectPublicKeyInfo in DER) in Base64, 44 characters. Name the next
+  /// key too, or a changed one holds every event until the application is updated. Empty: any key.
+  /// One that is no such text is logged at level 3 and matches no key; when none of them is one,
+  /// nothing is sent. Plain http to loopback shows no key and is not held up.
+  std::vector<std::string> pinnedPublicKeys;
+  /// Proxy such as "http://proxy.example:3128"; "" for none; absent: what the environment variables
+  /// https_proxy, HTTPS_PROXY, ALL_PROXY and NO_PROXY say. Loopback is reached without a proxy.
   JXString proxy;
 
   /// Receives log lines (see JXLogSink); empty: standard error.

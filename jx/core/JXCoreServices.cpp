@@ -15,6 +15,7 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/core/transfer/JXPublicKeyPin.h"
 #include "jx/core/transfer/JXTransferSetup.h"
 
 namespace jx {
@@ -95,6 +96,11 @@ void JXCoreServices::start() {
 }
 
 void JXCoreServices::startTransfer() {
+  for (const std::string& pin : configuration_.pinnedPublicKeys) {
+    if (isPublicKeyPin(pin)) continue;
+    JXLogger::sharedInstance().logMessage_withLevel(
+        "The pinned key \"" + pin + "\" is no SHA-256 in Base64 and matches no server", 3);
+  }
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
@@ -102,6 +108,7 @@ void JXCoreServices::startTransfer() {
   setup.clock = clock_;
   setup.timings = configuration_.retryTimings;
   setup.caFile = configuration_.caFile;
+  setup.pinnedPublicKeys = configuration_.pinnedPublicKeys;
   setup.proxy = configuration_.proxy;
   setup.onDelivery = configuration_.onDelivery;
   setup.maintain = [this] {

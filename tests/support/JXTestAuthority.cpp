@@ -4,6 +4,7 @@
 
 #include <openssl/pem.h>
 #include <openssl/rand.h>
+#include <openssl/sha.h>
 #include <openssl/x509v3.h>
 #include <stdlib.h>
 #include <unistd.h>
@@ -51,6 +52,18 @@ JXTestIdentity unsignedIdentity(const char* commonName) {
 }
 
 }  // namespace
+
+std::string publicKeyPinOf(const X509* certificate) {
+  unsigned char* der = nullptr;
+  const int length = i2d_X509_PUBKEY(X509_get_X509_PUBKEY(certificate), &der);
+  if (length <= 0) throw std::runtime_error("test authority: no public key");
+  unsigned char digest[SHA256_DIGEST_LENGTH];
+  SHA256(der, static_cast<std::size_t>(length), digest);
+  OPENSSL_free(der);
+  unsigned char text[2 * sizeof digest];
+  const int written = EVP_EncodeBlock(text, digest, sizeof digest);
+  return {text, text + written};
+}
 
 JXTestAuthority::JXTestAuthority() : own_(unsignedIdentity("test authority")) {
   X509* const certificate = own_.certificate.get();

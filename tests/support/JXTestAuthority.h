@@ -27,6 +27,9 @@ struct JXTestIdentity {
   JXOpenSsl<X509> certificate;
 };
 
+/// The SHA-256 of a certificate's public key (its SubjectPublicKeyInfo) in Base64.
+std::string publicKeyPinOf(const X509* certificate);
+
 /// A certificate authority that lives as long as its object. Failures of OpenSSL throw
 /// std::runtime_error.
 class JXTestAuthority {

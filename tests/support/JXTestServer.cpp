@@ -177,6 +177,10 @@ std::string JXTestServer::url(const std::string& target) const {
          target;
 }
 
+std::string JXTestServer::publicKeyPin() const {
+  return publicKeyPinOf(SSL_CTX_get0_certificate(context_.get()));
+}
+
 void JXTestServer::answerAll(JXTestAnswer answer) {
   const std::lock_guard<std::mutex> lock(mutex_);
   standing_ = std::move(answer);

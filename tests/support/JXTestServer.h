@@ -68,6 +68,8 @@ class JXTestServer {
   std::string url(const std::string& target = "/events?jx_s=1&token=key") const;
   int port() const { return port_; }
   const std::string& caFile() const { return authority_.caFile(); }
+  /// The SHA-256 of the server's public key in Base64.
+  std::string publicKeyPin() const;
 
   /// What every request gets for which nothing else was said; at first 200 with an empty body.
   void answerAll(JXTestAnswer answer);

@@ -13,6 +13,7 @@
 
 #include "jx/core/transfer/JXHttpAnswer.h"
 #include "jx/core/transfer/JXHttpTarget.h"
+#include "jx/core/transfer/JXPublicKeyPin.h"
 
 #if LIBCURL_VERSION_NUM < 0x074400
 #error "libcurl 7.68 or later is needed: the transfer thread is woken by curl_multi_wakeup"
@@ -36,6 +37,19 @@ long inMilliseconds(milliseconds time) {
   return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
 }
 
+// libcurl's form of the pins. Where none is given to match, none may match either: what was meant
+// to be pinned must not go out unpinned because of a slip in a configuration.
+std::string joinedPins(const std::vector<std::string>& pins) {
+  constexpr const char* kPrefix = "sha256//";
+  std::string joined;
+  for (const std::string& pin : pins) {
+    if (!isPublicKeyPin(pin)) continue;
+    if (!joined.empty()) joined += ';';
+    joined.append(kPrefix).append(pin);
+  }
+  return joined.empty() ? kPrefix + std::string(43, 'A') + "=" : joined;
+}
+
 // One request under way, and an easy handle that is kept for the next.
 struct Exchange {
   CURL* easy = nullptr;
@@ -43,6 +57,7 @@ struct Exchange {
   JXHttpRequest request;
   JXHttpAnswer answer;
   char error[CURL_ERROR_SIZE] = {};
+  bool isGuarded = true;  ///< libcurl took every setting on which trust stands
 
   Exchange() : easy(curl_easy_init()) {
     if (easy == nullptr) throw std::bad_alloc();
@@ -101,12 +116,9 @@ class JXCurlTransport::Implementation {
     std::unique_ptr<Exchange> exchange = freeExchange();
     exchange->request = std::move(request);
     const std::string refusal = exchange->target.set(exchange->request.url);
-    if (!refusal.empty()) {
-      JXTryOutcome outcome;
-      outcome.neverSendable = true;
-      ready_.push_back({std::move(exchange->request), outcome, nullptr, refusal});
-      free_.push_back(std::move(exchange));
-      return;
+    if (!refusal.empty()) return refuse(std::move(exchange), true, refusal);
+    if (!exchange->isGuarded) {
+      return refuse(std::move(exchange), false, "this libcurl cannot check the server as asked");
     }
     aim(*exchange);
     active_.push_back(std::move(exchange));
@@ -157,6 +169,13 @@ class JXCurlTransport::Implementation {
     return exchange;
   }
 
+  void refuse(std::unique_ptr<Exchange> exchange, bool forGood, const std::string& reason) {
+    JXTryOutcome outcome;
+    outcome.neverSendable = forGood;
+    ready_.push_back({std::move(exchange->request), outcome, nullptr, reason});
+    free_.push_back(std::move(exchange));
+  }
+
   // What stays the same for every request of an exchange.
   void prepare(Exchange& exchange) const {
     CURL* const easy = exchange.easy;
@@ -181,23 +200,32 @@ class JXCurlTransport::Implementation {
     // An abort leaves a name resolution to itself instead of waiting for it.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
 #endif
-    prepareTrust(easy);
-  }
-
-  void prepareTrust(CURL* easy) const {
-    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYPEER, 1L);
-    curl_easy_setopt(easy, CURLOPT_SSL_VERIFYHOST, 2L);
-    curl_easy_setopt(easy, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-    if (options_.caFile.isPresent()) {
-      curl_easy_setopt(easy, CURLOPT_CAINFO, options_.caFile.c_str());
-      // Otherwise the system's folder would be trusted besides.
-      curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
-    }
+    exchange.isGuarded = prepareTrust(easy);
     // The proxy's own answers are not the receiver's.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (options_.proxy.isPresent()) {
       curl_easy_setopt(easy, CURLOPT_PROXY, options_.proxy.c_str());
     }
+  }
+
+  // False when libcurl, or the TLS library under it, does not know one of the settings.
+  bool prepareTrust(CURL* easy) const {
+    bool isGuarded = true;
+    const auto set = [&](CURLoption option, auto value) {
+      isGuarded = curl_easy_setopt(easy, option, value) == CURLE_OK && isGuarded;
+    };
+    set(CURLOPT_SSL_VERIFYPEER, 1L);
+    set(CURLOPT_SSL_VERIFYHOST, 2L);
+    set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
+    if (options_.caFile.isPresent()) {
+      set(CURLOPT_CAINFO, options_.caFile.c_str());
+      // Otherwise the system's folder would be trusted besides.
+      curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+    }
+    if (!options_.pinnedPublicKeys.empty()) {
+      set(CURLOPT_PINNEDPUBLICKEY, joinedPins(options_.pinnedPublicKeys).c_str());
+    }
+    return isGuarded;
   }
 
   // What differs from request to request.

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "jx/core/transfer/JXHttpTransport.h"
@@ -17,6 +18,8 @@ struct JXHttpOptions {
   JXString caFile;  ///< the only certificates trusted; absent: those of the system
   JXString proxy;   ///< absent: what the environment says; "" for none
   JXString userAgent;
+  /// Pins as JXCoreConfiguration tells them; empty: any key that a trusted certificate vouches for.
+  std::vector<std::string> pinnedPublicKeys;
   std::chrono::milliseconds connectTimeout{10'000};
   std::chrono::milliseconds requestTimeout{30'000};
 };

@@ -2,27 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/transfer/JXHttpTarget.h"
 
-#include <arpa/inet.h>
 #include <curl/curl.h>
-#include <netinet/in.h>
 
 #include <new>
 
+#include "jx/core/JXLoopback.h"
+
 namespace jx {
-namespace {
-
-// `host` as libcurl writes it: lower case where it matters, IPv6 in brackets.
-bool isLoopbackHost(const std::string& host) {
-  if (host == "localhost") return true;
-  in_addr four{};
-  if (inet_pton(AF_INET, host.c_str(), &four) == 1) return (ntohl(four.s_addr) >> 24) == 127;
-  if (host.size() < 2 || host.front() != '[') return false;
-  in6_addr six{};
-  const std::string bare = host.substr(1, host.size() - 2);
-  return inet_pton(AF_INET6, bare.c_str(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
-}
-
-}  // namespace
 
 JXHttpTarget::~JXHttpTarget() { curl_url_cleanup(handle_); }
 

@@ -43,6 +43,7 @@ JXTransferSetup completed(JXTransferSetup setup) {
   if (!setup.transport) {
     JXHttpOptions options;
     options.caFile = setup.caFile;
+    options.pinnedPublicKeys = setup.pinnedPublicKeys;
     options.proxy = setup.proxy;
     options.userAgent = setup.httpUserAgent;
     options.connectTimeout = setup.timings.connectTimeout;

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
 #include "jx/core/transfer/JXDelivery.h"
@@ -20,9 +22,10 @@ struct JXTransferSetup {
   std::shared_ptr<JXOutbox> outbox;
   std::shared_ptr<const JXClock> clock;  ///< time of day, for a Retry-After that is a date
   JXRetryTimings timings;
-  JXString caFile;                         ///< certificates to trust; absent: those of the system
-  JXString proxy;                          ///< absent: what the environment says; "" for none
-  JXString httpUserAgent{"JXServerSide"};  ///< names this library to the receiver
+  JXString caFile;  ///< certificates to trust; absent: those of the system
+  std::vector<std::string> pinnedPublicKeys;  ///< empty: any key
+  JXString proxy;                             ///< absent: what the environment says; "" for none
+  JXString httpUserAgent{"JXServerSide"};     ///< names this library to the receiver
   JXDeliveryCallback onDelivery;
   /// Run on the transfer thread together with the outbox's sync: makes durable and tidies what
   /// else the core keeps on the disk.

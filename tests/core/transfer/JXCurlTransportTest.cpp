@@ -342,5 +342,48 @@ TEST(CurlTransport, AWakeUpEndsAnEndlessPoll) {
   waker.join();
 }
 
+// The SHA-256 of nothing: a pin in the right form that no key has.
+constexpr const char* kOtherPin = "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=";
+
+TEST(CurlTransport, APinnedKeyThatTheServerShowsLetsTheRequestPass) {
+  JXTestServer server;
+  JXHttpOptions options = trusting(server);
+  options.pinnedPublicKeys = {kOtherPin, server.publicKeyPin()};
+  JXCurlTransport transport(options);
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+}
+
+TEST(CurlTransport, AKeyThatIsNotPinnedGetsNoRequest) {
+  JXTestServer server;
+  JXHttpOptions options = trusting(server);
+  options.pinnedPublicKeys = {kOtherPin};
+  JXCurlTransport transport(options);
+  const JXHttpResult result = post(transport, server.url());
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+  EXPECT_NE(std::string::npos, result.reason.find("public key")) << result.reason;
+  EXPECT_TRUE(server.requests().empty());
+}
+
+TEST(CurlTransport, PinsThatAreNoPinsMatchNoServer) {
+  JXTestServer server;
+  JXHttpOptions options = trusting(server);
+  // The last names a file to libcurl.
+  options.pinnedPublicKeys = {"", "abc", server.publicKeyPin() + "=", server.caFile()};
+  JXCurlTransport transport(options);
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  EXPECT_TRUE(server.requests().empty());
+}
+
+TEST(CurlTransport, APinDoesNotReplaceTheCertificatesCheck) {
+  JXTestServer server;
+  JXTestServer other;
+  JXHttpOptions options = trusting(other);
+  options.pinnedPublicKeys = {server.publicKeyPin()};
+  JXCurlTransport transport(options);
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  EXPECT_TRUE(server.requests().empty());
+}
+
 }  // namespace
 }  // namespace jx

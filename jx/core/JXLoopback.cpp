@@ -1,0 +1,26 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXLoopback.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <strings.h>
+
+#include <string>
+
+namespace jx {
+
+bool isLoopbackHost(std::string_view host) {
+  // What follows reads up to a NUL.
+  if (host.find('\0') != std::string_view::npos) return false;
+  const std::string text(host);
+  if (::strcasecmp(text.c_str(), "localhost") == 0) return true;
+  in_addr four{};
+  if (::inet_pton(AF_INET, text.c_str(), &four) == 1) return (ntohl(four.s_addr) >> 24) == 127;
+  if (text.size() < 2 || text.front() != '[' || text.back() != ']') return false;
+  in6_addr six{};
+  const std::string bare = text.substr(1, text.size() - 2);
+  return ::inet_pton(AF_INET6, bare.c_str(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
+}
+
+}  // namespace jx
