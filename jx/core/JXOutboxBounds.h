@@ -17,6 +17,17 @@ struct JXOutboxBounds {
   std::size_t maxInMemory = 1'000;  ///< requests held while the disk takes none
 };
 
+/// Why a request left the queue without an answer.
+enum class JXDropReason {
+  None,        ///< it was not dropped
+  TooMany,     ///< the oldest, because of maxRequests
+  TooLarge,    ///< the oldest, or one alone, because of maxBytes
+  TooOld,      ///< because of maxAge
+  NoStorage,   ///< the disk took none, and maxInMemory made no room for it
+  Unreadable,  ///< its bytes on the disk are damaged
+  Purged       ///< the queue was emptied by order
+};
+
 /// How many requests took which way since this outbox was opened, and what it holds now.
 struct JXOutboxCounters {
   std::uint64_t added = 0;
@@ -26,6 +37,7 @@ struct JXOutboxCounters {
   std::uint64_t droppedTooLarge = 0;   ///< the oldest, or one alone, because of maxBytes
   std::uint64_t droppedTooOld = 0;     ///< because of maxAge
   std::uint64_t droppedNoStorage = 0;  ///< the oldest in memory, because of maxInMemory
+  std::uint64_t droppedUnreadable = 0;  ///< its bytes on the disk were damaged meanwhile
   std::uint64_t purged = 0;
   std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
   std::uint64_t damaged = 0;        ///< files of which a part was set aside

@@ -17,6 +17,7 @@ namespace {
 
 // Of the queue's repair; each writes a few dozen requests.
 constexpr int kClosingSteps = 32;
+constexpr std::size_t kDropsAtOnce = 32;
 
 // No exception leaves the outbox. What may be thrown is a lack of memory, and what was asked for
 // was then not done.
@@ -69,6 +70,16 @@ class JXOutbox::Implementation {
         }
       });
     });
+  }
+
+  std::vector<JXOutboxDrop> takeDropped() {
+    std::vector<JXOutboxDrop> dropped;
+    for (JXOutboxDrops::Drop& drop :
+         locked([](JXOutboxQueue& queue) { return queue.drops().take(kDropsAtOnce); })) {
+      const JXDropReason reason = drop.reason;
+      dropped.push_back({reason, bodyOf(std::move(drop))});
+    }
+    return dropped;
   }
 
   JXOutboxCounters counters() const {
@@ -176,16 +187,18 @@ void JXOutbox::giveBack(std::uint64_t id) {
       [&] { implementation_->locked([&](JXOutboxQueue& queue) { queue.giveBack(id); }); });
 }
 
-void JXOutbox::settleDelivered(std::uint64_t id) {
-  withoutExceptions(
-      [&] { implementation_->locked([&](JXOutboxQueue& queue) { queue.settleDelivered(id); }); });
+bool JXOutbox::settleDelivered(std::uint64_t id) {
+  return withoutExceptions([&] {
+    return implementation_->locked([&](JXOutboxQueue& queue) { return queue.settleDelivered(id); });
+  });
 }
 
-void JXOutbox::settleRejected(std::uint64_t id, int status) {
-  withoutExceptions([&] {
+bool JXOutbox::settleRejected(std::uint64_t id, int status) {
+  return withoutExceptions([&] {
     const bool held =
         implementation_->locked([&](JXOutboxQueue& queue) { return queue.refuse(id, status); });
     if (held) implementation_->buryRefused();
+    return held;
   });
 }
 
@@ -195,6 +208,14 @@ void JXOutbox::purge() {
 
 void JXOutbox::sync() {
   withoutExceptions([&] { implementation_->sync(); });
+}
+
+void JXOutbox::rememberDropped() {
+  implementation_->locked([](JXOutboxQueue& queue) { queue.drops().startRemembering(); });
+}
+
+std::vector<JXOutboxDrop> JXOutbox::takeDropped() {
+  return withoutExceptions([&] { return implementation_->takeDropped(); });
 }
 
 bool JXOutbox::needsSync() const { return implementation_->needsSync(); }

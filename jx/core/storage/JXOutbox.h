@@ -22,6 +22,12 @@ struct JXOutboxRequest {
   std::string body;
 };
 
+/// A request that left the queue without an answer.
+struct JXOutboxDrop {
+  JXDropReason reason = JXDropReason::None;
+  std::string body;  ///< empty when it cannot be read any more
+};
+
 /// A queue of HTTP requests that survives the end of the process.
 ///
 /// A request is on the disk (in the kernel's hands) when `add` returns, so a killed process loses
@@ -52,12 +58,12 @@ class JXOutbox {
   std::optional<JXOutboxRequest> take();
   /// Gives a request in flight back; it keeps its place in the order.
   void giveBack(std::uint64_t id);
-  /// The request was delivered: it is removed. An id that is no longer held is ignored, here and
-  /// in the next two.
-  void settleDelivered(std::uint64_t id);
+  /// The request was delivered: it is removed. False, here and in the next, for an id that is no
+  /// longer held: the request was dropped meanwhile.
+  bool settleDelivered(std::uint64_t id);
   /// The request was refused for good: it moves to the dead letters, at once or, when another
   /// process is writing them or the disk is full, in `sync`.
-  void settleRejected(std::uint64_t id, int status);
+  bool settleRejected(std::uint64_t id, int status);
   /// Empties the queue, in flight requests and dead letters included. What another process holds
   /// stays.
   void purge();
@@ -68,6 +74,12 @@ class JXOutbox {
   void sync();
   /// True when `sync` has something to do.
   bool needsSync() const;
+
+  /// From now on dropped requests are remembered for `takeDropped`, some thousands at most.
+  void rememberDropped();
+  /// A few of the requests dropped since, those first that were dropped first; nothing when all
+  /// were taken. Reads the disk, and keeps no other thread waiting for that.
+  std::vector<JXOutboxDrop> takeDropped();
 
   JXOutboxCounters counters() const;
 

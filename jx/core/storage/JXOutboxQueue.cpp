@@ -37,16 +37,14 @@ void JXOutboxQueue::adopt() {
 std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::string_view body) {
   const std::uint64_t bytes = std::uint64_t{url.size()} + body.size();
   if (bytes > bounds_.maxBytes || bytes > kJXMaxPayload - kJXRequestHeadSize) {
-    ++counters_.droppedTooLarge;
-    return std::nullopt;
+    return refuseToTake(body, JXDropReason::TooLarge);
   }
   JXOutboxEntry entry;
   entry.createdMs = clock_->nowMs();
   entry.bytes = static_cast<std::uint32_t>(bytes);
   entry.segment = segments_.append(url, body, entry.createdMs, entry.offset);
   if (entry.segment == nullptr && !keepInMemory(url, body)) {
-    ++counters_.droppedNoStorage;
-    return std::nullopt;
+    return refuseToTake(body, JXDropReason::NoStorage);
   }
   const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
@@ -55,11 +53,17 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   return id;
 }
 
+std::nullopt_t JXOutboxQueue::refuseToTake(std::string_view body, JXDropReason reason) {
+  count(reason);
+  drops_.note(reason, body);
+  return std::nullopt;
+}
+
 // The next request to be pushed stays in memory; the oldest there make room.
 bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
   if (bounds_.maxInMemory == 0) return false;
   while (memory_.size() >= bounds_.maxInMemory) {
-    drop(*index_.find(memory_.begin()->first), counters_.droppedNoStorage);
+    drop(*index_.find(memory_.begin()->first), JXDropReason::NoStorage);
   }
   memory_.emplace(index_.nextId(), Texts{std::string(url), std::string(body)});
   return true;
@@ -73,9 +77,9 @@ void JXOutboxQueue::dropBeyondBounds(std::int64_t nowMs) {
   dropExpired(nowMs);
   const std::size_t maxRequests = std::max<std::size_t>(bounds_.maxRequests, 1);
   while (index_.count() > maxRequests)
-    drop(*index_.oldest(), counters_.droppedTooMany);
+    drop(*index_.oldest(), JXDropReason::TooMany);
   while (index_.bytes() > bounds_.maxBytes)
-    drop(*index_.oldest(), counters_.droppedTooLarge);
+    drop(*index_.oldest(), JXDropReason::TooLarge);
   finishTouched();
 }
 
@@ -98,13 +102,42 @@ void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
     return true;
   });
   for (const std::uint64_t id : expired)
-    drop(*index_.find(id), counters_.droppedTooOld);
+    drop(*index_.find(id), JXDropReason::TooOld);
 }
 
-void JXOutboxQueue::drop(JXOutboxEntry& entry, std::uint64_t& counter) {
+void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) {
   // A refused one was counted as rejected; only its place among the dead letters is lost.
-  if (entry.state != State::Refused) ++counter;
+  if (entry.state != State::Refused) {
+    count(reason);
+    const bool isInMemory = entry.segment == nullptr;
+    drops_.note(reason, entry, isInMemory ? memory_.at(entry.id).body : std::string_view());
+  }
   release(entry);
+}
+
+void JXOutboxQueue::count(JXDropReason reason) {
+  switch (reason) {
+    case JXDropReason::TooMany:
+      ++counters_.droppedTooMany;
+      break;
+    case JXDropReason::TooLarge:
+      ++counters_.droppedTooLarge;
+      break;
+    case JXDropReason::TooOld:
+      ++counters_.droppedTooOld;
+      break;
+    case JXDropReason::NoStorage:
+      ++counters_.droppedNoStorage;
+      break;
+    case JXDropReason::Unreadable:
+      ++counters_.droppedUnreadable;
+      break;
+    case JXDropReason::Purged:
+      ++counters_.purged;
+      break;
+    case JXDropReason::None:
+      break;
+  }
 }
 
 // Forgets a request. Its file is told by `finishTouched`, once for all that were released.
@@ -176,7 +209,7 @@ void JXOutboxQueue::giveUp(JXOutboxEntry& entry, int error) {
   const int copyError = entry.segment->setAsideRequest(entry.offset, entry.bytes, copied);
   if (copyError != 0) report_.failed("set a damaged request aside", copyError);
   if (copied) report_.damaged(entry.segment->path());
-  release(entry);
+  drop(entry, JXDropReason::Unreadable);
   finishTouched();
 }
 
@@ -187,18 +220,18 @@ void JXOutboxQueue::giveBack(std::uint64_t id) {
   index_.noteQueued(id);
 }
 
-void JXOutboxQueue::settleDelivered(std::uint64_t id) {
+bool JXOutboxQueue::settleDelivered(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state == State::Refused) return;
+  if (entry == nullptr || entry->state == State::Refused) return false;
   ++counters_.delivered;
   release(*entry);
   finishTouched();
+  return true;
 }
 
 void JXOutboxQueue::clear() {
-  counters_.purged += index_.count() - refused_.size();
   while (JXOutboxEntry* entry = index_.oldest())
-    release(*entry);
+    drop(*entry, JXDropReason::Purged);
   finishTouched();
   segments_.finishCurrent();
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxDrops.h"
 #include "jx/core/storage/JXOutboxIndex.h"
 #include "jx/core/storage/JXOutboxSegments.h"
 #include "jx/core/storage/JXStorageReport.h"
@@ -37,7 +38,7 @@ class JXOutboxQueue {
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
   std::optional<JXOutboxRequest> take();
   void giveBack(std::uint64_t id);
-  void settleDelivered(std::uint64_t id);
+  bool settleDelivered(std::uint64_t id);
   void clear();
 
   /// Marks a request as refused; it is no longer queued. False when it is not held.
@@ -54,6 +55,7 @@ class JXOutboxQueue {
   bool needsRepair() const { return !memory_.empty() || segments_.hasLost(); }
 
   JXOutboxCounters counters() const;
+  JXOutboxDrops& drops() { return drops_; }
 
  private:
   struct Texts {
@@ -61,11 +63,13 @@ class JXOutboxQueue {
     std::string body;
   };
 
+  std::nullopt_t refuseToTake(std::string_view body, JXDropReason reason);
   bool keepInMemory(std::string_view url, std::string_view body);
   void noteCreated(std::int64_t createdMs);
   void dropBeyondBounds(std::int64_t nowMs);
   void dropExpired(std::int64_t nowMs);
-  void drop(JXOutboxEntry& entry, std::uint64_t& counter);
+  void drop(JXOutboxEntry& entry, JXDropReason reason);
+  void count(JXDropReason reason);
   void release(JXOutboxEntry& entry);
   void finishTouched();
   int read(const JXOutboxEntry& entry, JXOutboxRequest& request) const;
@@ -85,6 +89,7 @@ class JXOutboxQueue {
   /// No request that can expire is older than this.
   std::int64_t oldestMs_ = std::numeric_limits<std::int64_t>::max();
   JXOutboxCounters counters_;
+  JXOutboxDrops drops_;
 };
 
 }  // namespace jx

@@ -23,7 +23,7 @@ struct JXStoredRequest {
 /// One file of an outbox: requests, and the frames that say which of them are settled. The process
 /// that has it open holds its lock. Not synchronised, except that `sync` may run beside the others.
 /// Failures are errno values, 0 for success.
-class JXOutboxSegment {
+class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
  public:
   /// Makes the file of this number and locks it. EEXIST when another process has taken the number.
   static std::shared_ptr<JXOutboxSegment> create(const std::string& folder, std::uint64_t number,

@@ -34,12 +34,14 @@ struct JXDelivery {
   JXString eventId;  ///< the event's "event_id"; absent when the body holds none
   int status = 0;    ///< HTTP status, 0 when there was none
   JXString reason;   ///< in words, for a log; absent when delivered
+  JXDropReason dropReason = JXDropReason::None;  ///< of a dropped one
 };
 
-/// Called on the transfer thread, once per request, after the request has left the queue. May call
-/// any JXNetworkManager operation; a `flush` in it does not wait. Dropped is told for a request
-/// that the queue did not take; those that the bounds displaced or a purge removed are only
-/// counted. What it throws is dropped. Not called any more once the process is ending.
+/// Called on the transfer thread, once per request, after the request has left the queue: sent,
+/// refused by the receiver, or dropped, be it by the bounds, by a purge or because the queue did
+/// not take it. May call any JXNetworkManager operation; a `flush` in it does not wait. A drop is
+/// told within `syncDelay`; one beyond the first 10,000 that wait to be told is only counted, and
+/// so is every drop after the process began to end. What it throws is caught and logged.
 using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 
 /// Counts since the start of this process, and what is held now.

@@ -180,9 +180,7 @@ void JXTransfer::enqueue(std::string_view url, std::string_view body) {
   if (engine_->outbox_->add(url, body)) {
     engine_->mailbox_.noteAddition();
   } else if (engine_->setup_.onDelivery) {
-    engine_->mailbox_.order([eventId = eventIdOf(body)](JXTransferOrders& orders) {
-      orders.refusedEvents.push_back(eventId);
-    });
+    engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.refusals; });
   }
 }
 

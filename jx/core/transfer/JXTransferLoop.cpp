@@ -39,6 +39,26 @@ std::string describe(const JXHttpResult& result) {
                                     : result.reason;
 }
 
+const char* inWords(JXDropReason reason) {
+  switch (reason) {
+    case JXDropReason::TooMany:
+      return "the queue held too many requests";
+    case JXDropReason::TooLarge:
+      return "the queue held too many bytes";
+    case JXDropReason::TooOld:
+      return "it waited for too long";
+    case JXDropReason::NoStorage:
+      return "the disk took nothing, and memory held too many";
+    case JXDropReason::Unreadable:
+      return "its bytes on the disk are damaged";
+    case JXDropReason::Purged:
+      return "the queue was purged";
+    case JXDropReason::None:
+      break;
+  }
+  return "";
+}
+
 }  // namespace
 
 JXString eventIdOf(std::string_view body) {
@@ -47,6 +67,7 @@ JXString eventIdOf(std::string_view body) {
 
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
     : setup_(std::move(setup)), plan_(setup_.timings, setup_.steadyNow()) {
+  if (setup_.onDelivery) setup_.outbox->rememberDropped();
   // What an earlier process left may be made durable or tidied.
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
 }
@@ -64,9 +85,6 @@ void JXTransferLoop::take(const JXTransferOrders& orders, bool added) {
     abortInFlight();
     plan_.storageChanged(now);
   }
-  for (const JXString& eventId : orders.refusedEvents) {
-    tell(JXDeliveryOutcome::Dropped, eventId, 0, "the queue could not take it");
-  }
   obeyed_ = orders;
 }
 
@@ -77,6 +95,7 @@ JXTransferRest JXTransferLoop::act() {
   for (std::size_t i = 0; i < step.mayStart; ++i) {
     if (!startOne(step.probes)) break;
   }
+  tellDropped();
   return plan_.rest(setup_.steadyNow());
 }
 
@@ -141,19 +160,18 @@ void JXTransferLoop::settle(JXHttpResult& result) {
   const std::uint64_t id = result.request.id;
   switch (plan_.ended(id, result.outcome, retryAfter, now, setup_.draw())) {
     case JXVerdict::Delivered:
-      setup_.outbox->settleDelivered(id);
       plan_.storageChanged(now);
       if (!lastFailure_.empty()) log("Requests go out again", 5);
       lastFailure_.clear();
-      if (setup_.onDelivery) {
-        tell(JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
-             nullptr);
+      // One that was dropped while it was in flight was told as dropped.
+      if (setup_.outbox->settleDelivered(id) && setup_.onDelivery) {
+        tell({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
+              nullptr, JXDropReason::None});
       }
       break;
     case JXVerdict::Rejected:
-      setup_.outbox->settleRejected(id, result.outcome.status);
       plan_.storageChanged(now);
-      settleRejected(result);
+      if (setup_.outbox->settleRejected(id, result.outcome.status)) tellRejected(result);
       break;
     case JXVerdict::Retry:
       setup_.outbox->giveBack(id);
@@ -163,11 +181,22 @@ void JXTransferLoop::settle(JXHttpResult& result) {
   }
 }
 
-void JXTransferLoop::settleRejected(const JXHttpResult& result) {
+void JXTransferLoop::tellRejected(const JXHttpResult& result) {
   const JXString eventId = eventIdOf(result.request.body);
   const std::string why = describe(result);
   log("Request of " + named(eventId) + " is rejected and not tried again: " + why, 2);
-  tell(JXDeliveryOutcome::Rejected, eventId, result.outcome.status, why);
+  tell({JXDeliveryOutcome::Rejected, eventId, result.outcome.status, why, JXDropReason::None});
+}
+
+void JXTransferLoop::tellDropped() {
+  if (!setup_.onDelivery) return;
+  for (auto drops = setup_.outbox->takeDropped(); !drops.empty();
+       drops = setup_.outbox->takeDropped()) {
+    for (const JXOutboxDrop& drop : drops) {
+      tell(
+          {JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, inWords(drop.reason), drop.reason});
+    }
+  }
 }
 
 void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {
@@ -181,9 +210,6 @@ void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time
   log("Requests stay queued, next try in " + std::to_string(pause.count()) + " ms: " + why, level);
 }
 
-void JXTransferLoop::tell(JXDeliveryOutcome outcome, const JXString& eventId, int status,
-                          JXString reason) {
-  callSafely(setup_.onDelivery, JXDelivery{outcome, eventId, status, std::move(reason)});
-}
+void JXTransferLoop::tell(const JXDelivery& delivery) { callSafely(setup_.onDelivery, delivery); }
 
 }  // namespace jx

@@ -43,9 +43,10 @@ class JXTransferLoop {
   void abortInFlight();
   void sync();
   void settle(JXHttpResult& result);
-  void settleRejected(const JXHttpResult& result);
+  void tellRejected(const JXHttpResult& result);
+  void tellDropped();
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
-  void tell(JXDeliveryOutcome outcome, const JXString& eventId, int status, JXString reason);
+  void tell(const JXDelivery& delivery);
 
   JXTransferSetup setup_;
   JXTransferPlan plan_;

@@ -12,9 +12,7 @@ JXTransferOrders JXTransferMailbox::orders() const {
 JXTransferOrders JXTransferMailbox::readOrders() {
   ordered_.store(false);
   const std::lock_guard<std::mutex> lock(mutex_);
-  JXTransferOrders read = orders_;
-  orders_.refusedEvents.clear();
-  return read;
+  return orders_;
 }
 
 bool JXTransferMailbox::fallAsleep(bool ignoresAdditions) {

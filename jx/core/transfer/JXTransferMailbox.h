@@ -25,8 +25,7 @@ struct JXTransferOrders {
   std::uint64_t purges = 0;
   std::uint64_t flushes = 0;
   std::uint64_t storageChanges = 0;
-  /// Events that the queue did not take, for the delivery callback. Emptied by being read.
-  std::vector<JXString> refusedEvents;
+  std::uint64_t refusals = 0;  ///< requests that the queue did not take
 };
 
 /// Between the threads that give orders and the transfer thread, which is woken only when it sleeps

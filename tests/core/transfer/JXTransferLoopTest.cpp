@@ -80,7 +80,6 @@ class TransferLoop : public ::testing::Test {
   }
   void turn() {
     loop().take(orders, std::exchange(added, false));
-    orders.refusedEvents.clear();
     rest = loop().act();
     loop().waitAndSettle(rest, true);
   }
@@ -263,16 +262,97 @@ TEST_F(TransferLoop, APurgeAbortsWhatIsInFlight) {
   turn();
   ASSERT_EQ(2u, transport->started.size());
   EXPECT_EQ(bodyOf("b"), transport->started[1].body);
-  EXPECT_EQ(1u, deliveries.size());
+  ASSERT_EQ(2u, deliveries.size());
+  EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
+  EXPECT_EQ(JXDeliveryOutcome::Delivered, deliveries[1].outcome);
+  EXPECT_EQ(JXString("b"), deliveries[1].eventId);
 }
 
-TEST_F(TransferLoop, EventsThatTheQueueDidNotTakeAreToldAsDropped) {
-  orders.refusedEvents.push_back("lost");
+// Dropped events as "id: reason", in the order in which they were told.
+Texts told(const std::vector<JXDelivery>& deliveries) {
+  Texts texts;
+  for (const JXDelivery& each : deliveries) {
+    EXPECT_EQ(JXDeliveryOutcome::Dropped, each.outcome);
+    EXPECT_EQ(0, each.status);
+    texts.push_back(each.eventId.toStdString() + ": " + each.reason.toStdString());
+  }
+  return texts;
+}
+
+TEST_F(TransferLoop, EventsThatTheBoundsDisplaceAreToldWithTheirIds) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 2;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
+  orders.disabled = true;
   turn();
+  for (const char* id : {"a", "b", "c", "d"})
+    add(id);
   turn();
-  ASSERT_EQ(1u, deliveries.size());
-  EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
-  EXPECT_EQ(JXString("lost"), deliveries[0].eventId);
+  EXPECT_EQ(told(deliveries),
+            (Texts{"a: the queue held too many requests", "b: the queue held too many requests"}));
+  EXPECT_EQ(JXDropReason::TooMany, deliveries[0].dropReason);
+  turn();
+  EXPECT_EQ(2u, deliveries.size());
+}
+
+TEST_F(TransferLoop, AnEventThatTheQueueDidNotTakeIsToldAsDropped) {
+  JXOutboxBounds bounds;
+  bounds.maxBytes = 20;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
+  turn();
+  add("large");
+  turn();
+  EXPECT_EQ(told(deliveries), Texts{"large: the queue held too many bytes"});
+  EXPECT_EQ(JXDropReason::TooLarge, deliveries[0].dropReason);
+}
+
+TEST_F(TransferLoop, PurgedEventsAreToldWithTheirIds) {
+  transport->answers = false;
+  turn();
+  add("in flight");
+  add("queued");
+  turn();
+  setup.outbox->purge();
+  ++orders.purges;
+  turn();
+  EXPECT_EQ(told(deliveries),
+            (Texts{"in flight: the queue was purged", "queued: the queue was purged"}));
+  EXPECT_EQ(JXDropReason::Purged, deliveries[1].dropReason);
+}
+
+TEST_F(TransferLoop, AnEventDroppedInFlightIsToldOnce) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 1;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
+  for (const int status : {200, 400}) {
+    deliveries.clear();
+    transport->outcome = {200, false};
+    transport->answers = false;
+    add("a");
+    turn();
+    ASSERT_EQ(1u, transport->inFlight.size());
+    add("b");
+    turn();
+    transport->outcome = {status, false};
+    transport->answers = true;
+    turn();
+    ASSERT_LE(1u, deliveries.size());
+    EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
+    EXPECT_EQ(JXString("a"), deliveries[0].eventId);
+    for (std::size_t i = 1; i < deliveries.size(); ++i)
+      EXPECT_EQ(JXString("b"), deliveries[i].eventId);
+    transport->outcome = {200, false};
+    turn();
+    EXPECT_EQ(0u, queued());
+  }
+}
+
+TEST_F(TransferLoop, WithoutACallbackNoDropIsRemembered) {
+  setup.onDelivery = nullptr;
+  turn();
+  add("a");
+  setup.outbox->purge();
+  EXPECT_TRUE(setup.outbox->takeDropped().empty());
 }
 
 TEST_F(TransferLoop, StorageIsMadeDurableASecondAfterAChangeWhileARequestHangs) {

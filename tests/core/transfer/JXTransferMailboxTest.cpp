@@ -50,11 +50,5 @@ TEST_F(TransferMailbox, NewsFromBeforeTheSleepKeepTheThreadAwake) {
   EXPECT_TRUE(mailbox.fallAsleep(true));
 }
 
-TEST_F(TransferMailbox, RefusedEventsAreReadOnce) {
-  mailbox.order([](JXTransferOrders& orders) { orders.refusedEvents.push_back("e-1"); });
-  EXPECT_EQ(1u, mailbox.readOrders().refusedEvents.size());
-  EXPECT_EQ(0u, mailbox.readOrders().refusedEvents.size());
-}
-
 }  // namespace
 }  // namespace jx

@@ -380,7 +380,10 @@ TEST_F(Transfer, APurgeEmptiesTheQueueAndAbortsWhatIsInFlight) {
   enqueue("d");
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ(bodyOf("d"), server.bodies().back());
-  EXPECT_EQ(1u, deliveries.all().size());
+  // The three that were purged, and the one that was sent.
+  ASSERT_TRUE(deliveries.waitFor(4));
+  EXPECT_EQ(JXDropReason::Purged, deliveries.all()[2].dropReason);
+  EXPECT_EQ(JXDeliveryOutcome::Delivered, deliveries.all()[3].outcome);
 }
 
 TEST_F(Transfer, ACallbackMayUseTheTransferAndAFlushInItDoesNotWait) {

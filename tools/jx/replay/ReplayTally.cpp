@@ -14,7 +14,7 @@ std::uint64_t ReplayTally::dropped() const {
   // Without a transfer thread the library takes no request and counts none.
   const std::uint64_t neverTaken = executed > seen ? executed - seen : 0;
   return outbox.droppedTooMany + outbox.droppedTooLarge + outbox.droppedTooOld +
-         outbox.droppedNoStorage + neverTaken;
+         outbox.droppedNoStorage + outbox.droppedUnreadable + neverTaken;
 }
 
 std::string summaryOf(const ReplayTally& tally) {
