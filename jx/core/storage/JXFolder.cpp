@@ -8,10 +8,26 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <ctime>
 
 #include "jx/core/storage/JXFile.h"
 
 namespace jx {
+namespace {
+
+std::int64_t nanoseconds(const timespec& time) {
+  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+timespec changeTimeOf(const struct stat& status) {
+#ifdef __APPLE__
+  return status.st_mtimespec;
+#else
+  return status.st_mtim;
+#endif
+}
+
+}  // namespace
 
 int makeFolder(const std::string& path) {
   if (::mkdir(path.c_str(), 0700) == 0) return 0;
@@ -54,6 +70,22 @@ int synchronizeFolder(const std::string& path) {
   ::close(descriptor);
   // Some file systems cannot sync a folder and need not.
   return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+bool JXFolderWatch::mayHaveChanged() {
+  // The kernel's clock for files moves on in steps of some milliseconds, so that a second change in
+  // the same step cannot be told from the first.
+  constexpr std::int64_t kCoarseNs = 100'000'000;
+  struct stat status {};
+  if (::stat(path_.c_str(), &status) != 0) return true;
+  const timespec changed = changeTimeOf(status);
+  const std::int64_t changedNs = nanoseconds(changed);
+  if (changedNs == seenNs_) return false;
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME, &now);
+  const std::int64_t age = nanoseconds(now) - changedNs;
+  seenNs_ = age > kCoarseNs ? changedNs : -1;
+  return true;
 }
 
 std::string folderOf(const std::string& path) {

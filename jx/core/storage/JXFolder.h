@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace jx {
@@ -19,5 +21,19 @@ int synchronizeFolder(const std::string& path);
 
 /// The folder of a file path: "." when it names none.
 std::string folderOf(const std::string& path);
+
+/// Tells with one system call whether files may have been made, renamed or removed in a folder.
+class JXFolderWatch {
+ public:
+  explicit JXFolderWatch(std::string path) : path_(std::move(path)) {}
+
+  /// True when the folder may have changed since the last call, and for the first one. Never false
+  /// when it has changed.
+  bool mayHaveChanged();
+
+ private:
+  std::string path_;
+  std::int64_t seenNs_ = -1;  ///< the folder's time of change; -1: not known for sure
+};
 
 }  // namespace jx

@@ -10,6 +10,7 @@
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxQueue.h"
 #include "jx/core/storage/JXOutboxSegments.h"
+#include "jx/core/storage/JXSetAside.h"
 #include "jx/core/storage/JXStorageReport.h"
 
 namespace jx {
@@ -96,10 +97,12 @@ class JXOutbox::Implementation {
   void purge() {
     locked([](JXOutboxQueue& queue) { queue.clear(); });
     reportError("delete the dead letters", dead_.clear());
+    reportError("delete what was set aside", removeSetAside(segments_.folder()));
   }
 
   void sync() {
-    locked([this](JXOutboxQueue&) {
+    locked([this](JXOutboxQueue& queue) {
+      queue.obeyPurgeMarks();
       segments_.noteLost();
       segments_.retry();
     });

@@ -64,8 +64,8 @@ class JXOutbox {
   /// The request was refused for good: it moves to the dead letters, at once or, when another
   /// process is writing them or the disk is full, in `sync`.
   bool settleRejected(std::uint64_t id, int status);
-  /// Empties the queue, in flight requests and dead letters included. What another process holds
-  /// stays.
+  /// Empties the queue, in flight requests and dead letters included, and deletes what damage had
+  /// set aside. What another process holds stays.
   void purge();
 
   /// Makes durable what was appended since the last call, and does again what the disk refused:
@@ -101,5 +101,18 @@ struct JXOutboxListing {
 std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error);
 /// The same for the dead letters, oldest first.
 std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error);
+
+/// What `purgeOutbox` did.
+struct JXOutboxPurge {
+  std::uint64_t removed = 0;      ///< requests that are gone
+  std::uint64_t marked = 0;       ///< requests that the process which holds them will forget
+  std::uint64_t deadLetters = 0;  ///< that are gone
+};
+/// Empties an outbox folder, dead letters and what damage had set aside included, while other
+/// processes may have it open. What such a process holds is marked: it forgets those requests
+/// before it sends anything more, or the next process does that reads them; only a request that is
+/// in flight at that moment may still arrive. Requests that are added later are not meant. `error`
+/// tells what could not be done; the rest is.
+JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error);
 
 }  // namespace jx

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "jx/core/storage/JXPurgeMark.h"
+
 namespace jx {
 namespace {
 
@@ -164,6 +166,7 @@ void JXOutboxQueue::finishTouched() {
 }
 
 std::optional<JXOutboxRequest> JXOutboxQueue::take() {
+  obeyPurgeMarks();
   while (JXOutboxEntry* entry = index_.nextQueued()) {
     JXOutboxRequest request;
     const int error = read(*entry, request);
@@ -211,6 +214,22 @@ void JXOutboxQueue::giveUp(JXOutboxEntry& entry, int error) {
   if (copied) report_.damaged(entry.segment->path());
   drop(entry, JXDropReason::Unreadable);
   finishTouched();
+}
+
+void JXOutboxQueue::obeyPurgeMarks() {
+  for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
+    std::vector<std::uint64_t> ids;
+    index_.forEach([&](const JXOutboxEntry& entry) {
+      if (entry.segment == purged.segment.get() && entry.offset < purged.end) {
+        ids.push_back(entry.id);
+      }
+      return true;
+    });
+    for (const std::uint64_t id : ids)
+      drop(*index_.find(id), JXDropReason::Purged);
+    finishTouched();
+    if (!purged.segment->hasUnwrittenSettled()) removePurgeMark(purged.segment->path());
+  }
 }
 
 void JXOutboxQueue::giveBack(std::uint64_t id) {

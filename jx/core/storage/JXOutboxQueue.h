@@ -38,6 +38,8 @@ class JXOutboxQueue {
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
   std::optional<JXOutboxRequest> take();
   void giveBack(std::uint64_t id);
+  /// Forgets what another process marked for purging.
+  void obeyPurgeMarks();
   bool settleDelivered(std::uint64_t id);
   void clear();
 

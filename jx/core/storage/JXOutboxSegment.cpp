@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXSetAside.h"
 
 namespace jx {
@@ -54,6 +55,8 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::create(const std::string& fold
     error = EEXIST;
     return nullptr;
   }
+  // One that was meant for an earlier file of this name.
+  removePurgeMark(path);
   return std::shared_ptr<JXOutboxSegment>(new JXOutboxSegment(JXJournal(std::move(file), path)));
 }
 
@@ -81,9 +84,23 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
   });
   removeSettled(requests, settled);
   segment->live_ = requests.size();
+  segment->forgetPurged(requests);
   // The process that wrote it may have been killed before it waited for the disk.
   segment->dirty = true;
   return segment;
+}
+
+// Obeys a mark that the process which held the segment did not live to see.
+void JXOutboxSegment::forgetPurged(std::vector<JXStoredRequest>& requests) {
+  const std::uint64_t purged = readPurgeMark(path());
+  if (purged == 0) return;
+  const auto kept =
+      std::find_if(requests.begin(), requests.end(),
+                   [purged](const JXStoredRequest& request) { return request.offset >= purged; });
+  for (auto request = requests.begin(); request != kept; ++request)
+    settle(request->offset);
+  requests.erase(requests.begin(), kept);
+  if (requests.empty() || writeSettled() == 0) removePurgeMark(path());
 }
 
 int JXOutboxSegment::append(std::string_view url, std::string_view body, std::int64_t createdMs,
@@ -129,7 +146,9 @@ int JXOutboxSegment::setAsideRequest(std::uint32_t offset, std::uint32_t bytes,
 int JXOutboxSegment::remove() {
   // A file that somebody else deleted may have given its name to another process's.
   if (!isLinked()) return 0;
-  return ::unlink(path().c_str()) == 0 || errno == ENOENT ? 0 : errno;
+  if (::unlink(path().c_str()) != 0 && errno != ENOENT) return errno;
+  removePurgeMark(path());
+  return 0;
 }
 
 bool JXOutboxSegment::isFull() const { return journal_.size() >= kSegmentSize; }
@@ -145,6 +164,11 @@ int listSegment(const std::string& path, std::vector<JXListedRequest>& requests)
     settled.insert(settled.end(), record.settled.begin(), record.settled.end());
   });
   removeSettled(requests, settled);
+  const std::uint64_t purged = readPurgeMark(path);
+  requests.erase(
+      std::remove_if(requests.begin(), requests.end(),
+                     [purged](const JXListedRequest& each) { return each.offset < purged; }),
+      requests.end());
   return error;
 }
 

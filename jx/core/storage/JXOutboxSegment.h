@@ -66,13 +66,15 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
  private:
   explicit JXOutboxSegment(JXJournal journal) : journal_(std::move(journal)) {}
 
+  void forgetPurged(std::vector<JXStoredRequest>& requests);
+
   JXJournal journal_;
   std::size_t live_ = 0;
   std::vector<std::uint32_t> unwritten_;  ///< offsets of settled requests that no frame names yet
 };
 
 /// The unsettled requests of a segment's file in order, with their bytes: read without lock while
-/// another process may write it.
+/// another process may write it. Those that are to be forgotten (see JXPurgeMark) are left out.
 struct JXListedRequest {
   std::uint64_t offset = 0;
   std::int64_t createdMs = 0;

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXPurgeMark.h"
 
 namespace jx {
 namespace {
@@ -120,6 +121,16 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   }
   const auto isIt = [&](const auto& each) { return each.get() == &segment; };
   segments_.erase(std::find_if(segments_.begin(), segments_.end(), isIt));
+}
+
+std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
+  std::vector<Purged> marked;
+  if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
+  for (const auto& segment : segments_) {
+    const std::uint64_t end = readPurgeMark(segment->path());
+    if (end != 0) marked.push_back({segment, end});
+  }
+  return marked;
 }
 
 void JXOutboxSegments::retry() {

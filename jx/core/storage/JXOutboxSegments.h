@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
 #include "jx/core/storage/JXStorageReport.h"
 
@@ -22,7 +23,7 @@ class JXOutboxSegments {
 
   /// `report` must outlive this object.
   JXOutboxSegments(std::string folder, JXStorageReport& report)
-      : folder_(std::move(folder)), report_(report) {}
+      : folder_(std::move(folder)), watch_(folder_), report_(report) {}
   /// Deletes the segment being written when nothing in it is left to deliver.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -41,6 +42,15 @@ class JXOutboxSegments {
   void finish(JXOutboxSegment& segment);
   /// Deletes the current segment too when all in it is settled.
   void finishCurrent();
+
+  /// A segment of which another process wants the requests before `end` forgotten.
+  struct Purged {
+    std::shared_ptr<JXOutboxSegment> segment;
+    std::uint64_t end;
+  };
+  /// The segments that were marked for purging and were not told before they are finished. Cheap
+  /// while nothing in the folder changes.
+  std::vector<Purged> markedForPurge();
 
   /// Does again what the disk refused before.
   void retry();
@@ -62,6 +72,7 @@ class JXOutboxSegments {
   std::vector<std::uint64_t> numbersInFolder(int& error) const;
 
   const std::string folder_;
+  JXFolderWatch watch_;
   JXStorageReport& report_;
   std::vector<std::shared_ptr<JXOutboxSegment>> segments_;
   JXOutboxSegment* current_ = nullptr;

@@ -58,6 +58,17 @@ int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
 
 bool isSetAsideName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
 
+int removeSetAside(const std::string& folder) {
+  std::vector<std::string> names;
+  const int unreadable = listFolder(folder, names);
+  int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
+  for (const std::string& name : names) {
+    if (!isSetAsideName(name)) continue;
+    if (::unlink((folder + "/" + name).c_str()) != 0 && errno != ENOENT) error = errno;
+  }
+  return error;
+}
+
 int setAside(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
              bool replaces, bool& copied) {
   copied = false;

@@ -23,4 +23,8 @@ int setAside(const JXFile& file, const std::string& path, const std::vector<JXDa
 /// True for the name of a set-aside file.
 bool isSetAsideName(const std::string& name);
 
+/// Deletes the set-aside files of a folder. Returns an errno value, 0 for success; a folder that is
+/// missing has none.
+int removeSetAside(const std::string& folder);
+
 }  // namespace jx

@@ -42,6 +42,43 @@ TEST(QueueProgram, TellsWhatAReplayHoldsWhileItRuns) {
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "4 ");
 }
 
+TEST(QueueProgram, PurgeDeletesWhatAnEndedProcessLeft) {
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
+  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
+            3);
+  const auto purge = runJx({"queue", "purge", "--state", state});
+  EXPECT_EQ(purge.status, 0) << purge.errors;
+  EXPECT_EQ(purge.output, "3 requests and 0 dead letters deleted\n");
+  EXPECT_EQ(runJx({"queue", "status", "--state", state}).output,
+            "0 requests queued, 0 bytes; 0 dead letters\n");
+}
+
+TEST(QueueProgram, PurgeReachesARunningProcessWhichGoesOnWithWhatIsNew) {
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  ChildProcess replay(JX_PROGRAM,
+                      {"replay", "--to", "https://127.0.0.1:" + std::to_string(port.number()),
+                       "--state", state, "--wait", "0"},
+                      {}, ChildProcess::Input::Pipe);
+  ASSERT_TRUE(replay.writeInput(customEvents(2) + "x\n"));
+  ASSERT_TRUE(replay.waitForErrors("line 3: ", kPatience));
+  const auto purge = runJx({"queue", "purge", "--state", state});
+  EXPECT_EQ(purge.status, 0) << purge.errors;
+  EXPECT_EQ(purge.output,
+            "0 requests and 0 dead letters deleted\n2 requests more: held by a running process, "
+            "which drops them before it sends anything else\n");
+  EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "0 ");
+  ASSERT_TRUE(replay.writeInput(customEvents(1)));
+  replay.closeInput();
+  const auto result = replay.wait(kPatience);
+  EXPECT_EQ(result.status, 3);
+  EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "1 ");
+}
+
 TEST(QueueProgram, AStateWithoutAnythingToSendHoldsNothing) {
   const TemporaryFolder folder;
   ASSERT_EQ(runJx({"replay", "--print", "--state", folder.path("state")}, customEvents(1)).status,
@@ -50,13 +87,15 @@ TEST(QueueProgram, AStateWithoutAnythingToSendHoldsNothing) {
   EXPECT_EQ(status.status, 0) << status.errors;
   EXPECT_EQ(status.output, "0 requests queued, 0 bytes; 0 dead letters\n");
   EXPECT_EQ(runJx({"queue", "list", "--state", folder.path("state")}).output, "");
+  EXPECT_EQ(runJx({"queue", "purge", "--state", folder.path("state")}).output,
+            "0 requests and 0 dead letters deleted\n");
 }
 
 TEST(QueueProgram, AFolderThatIsMissingOrNoStateIsOneLineAndAFailure) {
   const TemporaryFolder folder;
   for (const std::string& path :
        {folder.path("missing"), folder.path(), folder.write("file", "x")}) {
-    for (const char* verb : {"status", "list", "dead"}) {
+    for (const char* verb : {"status", "list", "dead", "purge"}) {
       const auto result = runJx({"queue", verb, "--state", path});
       EXPECT_EQ(result.status, 1) << path;
       EXPECT_EQ(result.output, "");
@@ -82,7 +121,7 @@ TEST(QueueProgram, WrongUsageIsOneLineAndStatusTwo) {
 TEST(QueueProgram, HelpNamesTheVerbs) {
   const auto result = runJx({"queue", "--help"});
   EXPECT_EQ(result.status, 0);
-  for (const char* part : {"status", "list", "dead", "--state"}) {
+  for (const char* part : {"status", "list", "dead", "purge", "--state"}) {
     EXPECT_TRUE(contains(result.output, part)) << part;
   }
 }

@@ -33,9 +33,17 @@ bool isUnusedState(const std::filesystem::path& state) {
          std::filesystem::exists(state / "defaults", ignored);
 }
 
+Outcome<std::string> purge(const std::filesystem::path& outbox) {
+  std::string error;
+  const JXOutboxPurge done = purgeOutbox(outbox.string(), error);
+  if (!error.empty()) return Failure{error};
+  return queuePurged(done);
+}
+
 Outcome<std::string> tell(const QueueOptions& options) {
   const bool isUnused = isUnusedState(options.stateFolder);
   const std::filesystem::path outbox = options.stateFolder / "outbox";
+  if (options.verb == "purge") return isUnused ? queuePurged({}) : purge(outbox);
   const auto read = [&](Lister lister) {
     return isUnused ? Outcome<Listing>(Listing{}) : listed(lister, outbox);
   };
@@ -66,14 +74,14 @@ int runQueue(const QueueOptions& options) {
 
 void addQueueCommand(CLI::App& app, int& exitStatus) {
   const auto options = std::make_shared<QueueOptions>();
-  CLI::App* const command = app.add_subcommand("queue", "Tell what waits to be sent");
+  CLI::App* const command = app.add_subcommand("queue", "Tell what waits to be sent, or empty it");
   command
       ->add_option("VERB", options->verb,
                    "status: how many requests are queued, and since when; list: one line a "
-                   "request; dead: those that the server refused for good")
+                   "request; dead: those that the server refused for good; purge: delete them all")
       ->required()
       ->type_name("")
-      ->check(CLI::IsMember({"status", "list", "dead"}));
+      ->check(CLI::IsMember({"status", "list", "dead", "purge"}));
   command->add_option("--state", options->stateFolder, "State folder of the application")
       ->required()
       ->type_name("DIR");

@@ -10,12 +10,12 @@ namespace jx {
 
 /// What the command line of `jx queue` says.
 struct QueueOptions {
-  std::string verb;  ///< "status", "list" or "dead"
+  std::string verb;  ///< "status", "list", "dead" or "purge"
   std::filesystem::path stateFolder;
 };
 
-/// Tells what the outbox of a state folder holds, without changing it; other processes may have it
-/// open. Gives the exit status.
+/// Tells what the outbox of a state folder holds, without changing it, or empties it; other
+/// processes may have it open. Gives the exit status.
 int runQueue(const QueueOptions& options);
 
 /// Adds the command; when the command line names it, its exit status is set during parsing.

@@ -44,6 +44,16 @@ std::string queueStatus(const std::vector<JXOutboxListing>& queued, std::size_t 
          asIsoTime(newest->createdMs) + "\n";
 }
 
+std::string queuePurged(const JXOutboxPurge& purge) {
+  std::string text = counted(purge.removed, "request") + " and " +
+                     counted(purge.deadLetters, "dead letter") + " deleted\n";
+  if (purge.marked != 0) {
+    text += counted(purge.marked, "request") +
+            " more: held by a running process, which drops them before it sends anything else\n";
+  }
+  return text;
+}
+
 std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus) {
   std::string text;
   for (const JXOutboxListing& request : requests) {

@@ -17,4 +17,7 @@ std::string queueStatus(const std::vector<JXOutboxListing>& queued, std::size_t 
 /// status in second place when `withStatus`. What the event does not tell is "-".
 std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus);
 
+/// What a purge did, in one line or two.
+std::string queuePurged(const JXOutboxPurge& purge);
+
 }  // namespace jx

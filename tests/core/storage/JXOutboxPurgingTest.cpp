@@ -1,0 +1,156 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "jx/core/storage/JXPurgeMark.h"
+#include "tests/core/storage/JXOutboxFixture.h"
+
+namespace jx {
+namespace {
+
+class OutboxPurging : public OutboxTest {
+ protected:
+  JXOutboxPurge purge() const {
+    std::string error;
+    const JXOutboxPurge done = purgeOutbox(box_, error);
+    EXPECT_EQ(error, "");
+    return done;
+  }
+  std::size_t marks() const { return filesNamed(box_, ".purge"); }
+};
+
+TEST_F(OutboxPurging, DeletesWhatNobodyHolds) {
+  {
+    const auto outbox = open();
+    for (const char* body : {"a", "b", "refused"})
+      add(*outbox, body);
+    const auto first = outbox->take();
+    outbox->settleRejected(first->id, 400);
+  }
+  writeFile(box_ + "/segment-0000000000000009.damaged-12", "torn");
+  const JXOutboxPurge done = purge();
+  EXPECT_EQ(done.removed, 2u);
+  EXPECT_EQ(done.marked, 0u);
+  EXPECT_EQ(done.deadLetters, 1u);
+  EXPECT_TRUE(std::filesystem::is_empty(box_));
+}
+
+TEST_F(OutboxPurging, WhatAnotherHoldsIsForgottenBeforeAnythingIsTaken) {
+  const auto outbox = open();
+  outbox->rememberDropped();
+  add(*outbox, "a");
+  add(*outbox, "b");
+  const JXOutboxPurge done = purge();
+  EXPECT_EQ(done.removed, 0u);
+  EXPECT_EQ(done.marked, 2u);
+  EXPECT_EQ(listed(), Bodies{});
+  // What comes after the purge is not meant by it.
+  add(*outbox, "c");
+  EXPECT_EQ(listed(), Bodies{"c"});
+  EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
+  EXPECT_EQ(outbox->counters().purged, 2u);
+  EXPECT_EQ(marks(), 0u);
+  const auto drops = outbox->takeDropped();
+  ASSERT_EQ(drops.size(), 2u);
+  EXPECT_EQ(drops[0].body, "a");
+  EXPECT_EQ(drops[0].reason, JXDropReason::Purged);
+}
+
+TEST_F(OutboxPurging, SyncForgetsTooSoThatAnIdleQueueIsEmptied) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  purge();
+  outbox->sync();
+  EXPECT_EQ(outbox->counters().queued, 0u);
+  EXPECT_EQ(outbox->counters().purged, 1u);
+}
+
+TEST_F(OutboxPurging, ASecondPurgeMeansWhatCameSince) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  EXPECT_EQ(purge().marked, 1u);
+  EXPECT_EQ(purge().marked, 0u);
+  add(*outbox, "b");
+  EXPECT_EQ(purge().marked, 1u);
+  add(*outbox, "c");
+  EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
+  EXPECT_EQ(outbox->counters().purged, 2u);
+}
+
+TEST_F(OutboxPurging, AMarkOutlivesTheProcessThatDidNotSeeIt) {
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    purge();
+    add(*outbox, "b");
+  }
+  EXPECT_EQ(marks(), 1u);
+  const auto outbox = open();
+  EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
+  EXPECT_EQ(marks(), 0u);
+}
+
+TEST_F(OutboxPurging, ASegmentThatWasPurgedWholeIsDeletedAtTheNextStart) {
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    purge();
+  }
+  EXPECT_EQ(takeAll(*open()), Bodies{});
+  EXPECT_EQ(segments(), 0u);
+  EXPECT_EQ(marks(), 0u);
+}
+
+TEST_F(OutboxPurging, AMarkOfAnEarlierFileMeansNoLaterOneOfItsName) {
+  const auto outbox = open();
+  add(*outbox, "old");
+  const std::string mark = box_ + "/segment-0000000000000001.purge";
+  purge();
+  const std::string text = contentOf(mark);
+  takeAll(*outbox);
+  outbox->purge();
+  writeFile(mark, text);
+  add(*outbox, "new");
+  EXPECT_EQ(takeAll(*outbox), Bodies{"new"});
+}
+
+TEST_F(OutboxPurging, RubbishInAMarkMeansNothing) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  for (const char* text : {"", "x", "1", "1 2\n", "99999999999999999999 99999999999999999999\n"}) {
+    writeFile(box_ + "/segment-0000000000000001.purge", text);
+    EXPECT_EQ(readPurgeMark(box_ + "/segment-0000000000000001"), 0u) << text;
+    EXPECT_EQ(listed(), Bodies{"a"}) << text;
+  }
+}
+
+TEST_F(OutboxPurging, ARequestInFlightMayArriveAndIsNotCountedAsDelivered) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const auto request = outbox->take();
+  purge();
+  EXPECT_FALSE(outbox->take());
+  EXPECT_FALSE(outbox->settleDelivered(request->id));
+  EXPECT_EQ(outbox->counters().purged, 1u);
+  EXPECT_EQ(outbox->counters().delivered, 0u);
+}
+
+TEST_F(OutboxPurging, AMissingFolderIsAnErrorInWords) {
+  std::string error;
+  const JXOutboxPurge done = purgeOutbox(folder_.file("missing"), error);
+  EXPECT_EQ(done.removed + done.marked + done.deadLetters, 0u);
+  EXPECT_EQ(error, "cannot read " + folder_.file("missing") + ": No such file or directory");
+}
+
+TEST_F(OutboxPurging, ByTheQueueItselfDeletesWhatWasSetAside) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  writeFile(box_ + "/segment-0000000000000001.damaged-12", "torn");
+  outbox->purge();
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 0u);
+}
+
+}  // namespace
+}  // namespace jx
