@@ -180,9 +180,10 @@ std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_vie
   });
 }
 
-std::optional<JXOutboxRequest> JXOutbox::take() {
-  return withoutExceptions(
-      [&] { return implementation_->locked([](JXOutboxQueue& queue) { return queue.take(); }); });
+std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except) {
+  return withoutExceptions([&] {
+    return implementation_->locked([&](JXOutboxQueue& queue) { return queue.take(except); });
+  });
 }
 
 void JXOutbox::giveBack(std::uint64_t id) {

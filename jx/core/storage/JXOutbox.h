@@ -52,10 +52,11 @@ class JXOutbox {
   /// 2025, when the clock was not set yet, and one from the future have no age.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
 
-  /// The oldest request that is not in flight; it is in flight from now on. Nothing when there is
-  /// none. A request whose bytes can no longer be read is counted as a storage error and skipped.
-  /// One in flight may be dropped by the bounds; settling it is then ignored.
-  std::optional<JXOutboxRequest> take();
+  /// The oldest request that is not in flight and not among `except`; it is in flight from now on.
+  /// Nothing when there is none. A request whose bytes can no longer be read is counted as a
+  /// storage error and skipped. One in flight may be dropped by the bounds; settling it is then
+  /// ignored.
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
   /// Gives a request in flight back; it keeps its place in the order.
   void giveBack(std::uint64_t id);
   /// The request was delivered: it is removed. False, here and in the next, for an id that is no

@@ -31,13 +31,16 @@ JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
 
 JXOutboxEntry* JXOutboxIndex::oldest() { return entries_.empty() ? nullptr : &entries_.front(); }
 
-JXOutboxEntry* JXOutboxIndex::nextQueued() {
+JXOutboxEntry* JXOutboxIndex::nextQueued(const std::vector<std::uint64_t>& except) {
+  bool passedSome = false;
   for (auto entry = from(takeFrom_); entry != entries_.end(); ++entry) {
     if (entry->state != State::Queued) continue;
-    takeFrom_ = entry->id;
-    return &*entry;
+    // Whatever follows, the first of those that are queued is this one.
+    if (!passedSome) takeFrom_ = entry->id;
+    passedSome = true;
+    if (std::find(except.begin(), except.end(), entry->id) == except.end()) return &*entry;
   }
-  takeFrom_ = nextId_;
+  if (!passedSome) takeFrom_ = nextId_;
   return nullptr;
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <vector>
 
 namespace jx {
 
@@ -39,8 +40,8 @@ class JXOutboxIndex {
   JXOutboxEntry* find(std::uint64_t id);
   /// Null when there is none.
   JXOutboxEntry* oldest();
-  /// The oldest that is neither in flight nor refused. Null when there is none.
-  JXOutboxEntry* nextQueued();
+  /// The oldest that is neither in flight nor refused nor among `except`. Null when there is none.
+  JXOutboxEntry* nextQueued(const std::vector<std::uint64_t>& except);
   /// To be called when a request may be taken again.
   void noteQueued(std::uint64_t id);
   void remove(JXOutboxEntry& entry);

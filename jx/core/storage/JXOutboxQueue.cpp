@@ -165,9 +165,9 @@ void JXOutboxQueue::finishTouched() {
   touched_.clear();
 }
 
-std::optional<JXOutboxRequest> JXOutboxQueue::take() {
+std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except) {
   obeyPurgeMarks();
-  while (JXOutboxEntry* entry = index_.nextQueued()) {
+  while (JXOutboxEntry* entry = index_.nextQueued(except)) {
     JXOutboxRequest request;
     const int error = read(*entry, request);
     if (error == 0) {

@@ -36,7 +36,7 @@ class JXOutboxQueue {
   /// Takes over what the segments of ended processes hold. To be called once, first.
   void adopt();
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
-  std::optional<JXOutboxRequest> take();
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except);
   void giveBack(std::uint64_t id);
   /// Forgets what another process marked for purging.
   void obeyPurgeMarks();

@@ -17,16 +17,6 @@ milliseconds sane(milliseconds pause) {
   return std::clamp(pause, milliseconds::zero(), kLongestAnyPause);
 }
 
-// Upper end of the pause after `failures` failed rounds and one more.
-milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings) {
-  const milliseconds longest = sane(timings.longestPause);
-  milliseconds pause = std::min(sane(timings.firstPause), longest);
-  for (std::uint32_t i = 0; i < failures && pause > milliseconds::zero() && pause < longest; ++i) {
-    pause = std::min(pause * 2, longest);
-  }
-  return pause;
-}
-
 milliseconds jittered(milliseconds longest, double draw) {
   if (!(draw > 0)) return milliseconds::zero();  // also when it is not a number
   const double part = std::min(draw, 1.0) * static_cast<double>(longest.count());
@@ -43,6 +33,15 @@ void waitAsAsked(JXRetryState& state, const JXTryEnd& end, const JXRetryTimings&
 }
 
 }  // namespace
+
+milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings) {
+  const milliseconds longest = sane(timings.longestPause);
+  milliseconds pause = std::min(sane(timings.firstPause), longest);
+  for (std::uint32_t i = 0; i < failures && pause > milliseconds::zero() && pause < longest; ++i) {
+    pause = std::min(pause * 2, longest);
+  }
+  return pause;
+}
 
 JXVerdict judge(const JXTryOutcome& outcome) noexcept {
   if (outcome.neverSendable) return JXVerdict::Rejected;

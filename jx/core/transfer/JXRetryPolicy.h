@@ -45,6 +45,10 @@ struct JXTryEnd {
   std::optional<std::chrono::milliseconds> retryAfter;  ///< as `parseRetryAfter` gives it
 };
 
+/// The upper end of the pause after `failures` failures and one more: doubles from `firstPause` up
+/// to `longestPause`.
+std::chrono::milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings);
+
 /// The state after a try that ended at `now`. A failure that ends the round pauses the pipeline for
 /// `draw` (in [0, 1)) times the longest pause of this step, which doubles with each failed round,
 /// and at least for what Retry-After asks. A later failure of an ended round only makes the pause

@@ -129,9 +129,10 @@ void JXTransferLoop::recover(std::string_view what) noexcept {
 }
 
 bool JXTransferLoop::startOne(bool probes) {
-  std::optional<JXOutboxRequest> request = setup_.outbox->take();
+  const JXTransferPlan::Time now = setup_.steadyNow();
+  std::optional<JXOutboxRequest> request = setup_.outbox->take(plan_.setAside(now));
   if (!request) {
-    plan_.nothingToStart();
+    plan_.nothingToStart(now);
     return false;
   }
   if (probes) callSafely(setup_.beforeConnecting);

@@ -17,7 +17,7 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 }  // namespace
 
 JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, Time now)
-    : timings_(timings), startHoldUntil_(now + timings.startHold) {
+    : timings_(timings), suspects_(timings), startHoldUntil_(now + timings.startHold) {
   inFlight_.reserve(kMaxInFlight);
 }
 
@@ -42,6 +42,10 @@ JXTransferStep JXTransferPlan::next(Time now) {
   step.abortInFlight = disabled_ && !inFlight_.empty();
   step.sync = syncDue_ && now >= *syncDue_;
   if (inFlight_.empty() && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) probing_ = true;
+  if (asideUntil_ && now >= *asideUntil_) {
+    asideUntil_.reset();
+    mayHaveRequests_ = true;
+  }
   step.mayStart = mayHaveRequests_ ? freePlaces(now) : 0;
   step.probes = probing_;
   return step;
@@ -50,7 +54,10 @@ JXTransferStep JXTransferPlan::next(Time now) {
 JXTransferRest JXTransferPlan::rest(Time now) const {
   JXTransferRest rest;
   rest.wakeAt = syncDue_;
-  if (!mayHaveRequests_) return rest;
+  if (!mayHaveRequests_) {
+    rest.wakeAt = earlier(rest.wakeAt, asideUntil_);
+    return rest;
+  }
   // A pause or a hold ended since `next` was asked: there is something to start at once.
   if (freePlaces(now) > 0) rest.wakeAt = now;
   if (!disabled_ && !inBackground_) {
@@ -102,6 +109,8 @@ JXVerdict JXTransferPlan::ended(std::uint64_t id, const JXTryOutcome& outcome,
   if (!outcome.neverSendable) {
     retry_ = nextStep(retry_, {round, verdict, retryAfter}, timings_, now, draw);
   }
+  // Counted from the end of the pipeline's pause, in which the others could not have been tried.
+  suspects_.ended(id, outcome, verdict, std::max(now, retry_.pausedUntil));
   return verdict;
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "jx/core/transfer/JXRetryPolicy.h"
+#include "jx/core/transfer/JXSuspectRequests.h"
 
 namespace jx {
 
@@ -32,7 +33,8 @@ struct JXTransferRest {
 /// request: it is told what happened and when, and answers what is to be done.
 ///
 /// At the start, after a failure and after an idle time only one request is in flight until an
-/// answer came; then up to four are. A hold stops new requests; disabling also aborts those in
+/// answer came; then up to four are. A request on which the receiver stumbles again and again lets
+/// others by (see JXSuspectRequests). A hold stops new requests; disabling also aborts those in
 /// flight. The sync follows a change by `syncDelay` whatever the network does. What the queue held
 /// at the start waits for `startHold`, unless something tells before that requests may leave.
 class JXTransferPlan {
@@ -62,8 +64,13 @@ class JXTransferPlan {
   void synced(bool unfinished, Time now);
 
   void started(std::uint64_t id);
-  /// The queue had nothing to start.
-  void nothingToStart() { mayHaveRequests_ = false; }
+  /// Requests that are not to be started now, because the receiver stumbles on them.
+  std::vector<std::uint64_t> setAside(Time now) const { return suspects_.setAside(now); }
+  /// The queue had nothing to start but what is set aside.
+  void nothingToStart(Time now) {
+    mayHaveRequests_ = false;
+    asideUntil_ = suspects_.firstEnd(now);
+  }
   /// A try ended. `draw` in [0, 1) is the jitter of the pause that may follow.
   JXVerdict ended(std::uint64_t id, const JXTryOutcome& outcome,
                   std::optional<std::chrono::milliseconds> retryAfter, Time now, double draw);
@@ -80,6 +87,8 @@ class JXTransferPlan {
   /// A flush asks for haste: see `cutPause`.
   void hurry(Time now) {
     retry_ = cutPause(retry_, timings_, now);
+    suspects_.endPauses();
+    mayHaveRequests_ = true;
     endStartHold();
   }
 
@@ -99,6 +108,8 @@ class JXTransferPlan {
   JXRetryTimings timings_;
   JXRetryState retry_;
   std::vector<Flight> inFlight_;
+  JXSuspectRequests suspects_;
+  std::optional<Time> asideUntil_;
   bool mayHaveRequests_ = true;
   bool probing_ = true;
   std::optional<Time> lastEnd_;

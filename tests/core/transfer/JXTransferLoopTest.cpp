@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <stdexcept>
 
 #include "jx/platform/JXManualClock.h"
@@ -35,6 +36,8 @@ class FakeTransport : public JXHttpTransport {
       JXHttpResult result;
       result.request = std::move(request);
       result.outcome = outcome;
+      const auto own = statusOf.find(result.request.body);
+      if (own != statusOf.end()) result.outcome.status = own->second;
       result.retryAfter = retryAfter;
       if (outcome.status == 0) result.reason = "refused";
       results.push_back(std::move(result));
@@ -48,6 +51,7 @@ class FakeTransport : public JXHttpTransport {
   bool answers = true;
   bool failsToStart = false;
   JXTryOutcome outcome{200, false};
+  std::map<std::string, int> statusOf;  // by body, in place of that of `outcome`
   JXString retryAfter;
   std::vector<JXHttpRequest> started;
   std::vector<JXHttpRequest> inFlight;
@@ -115,6 +119,51 @@ TEST_F(TransferLoop, ManyEventsWhileOfflineMakeFewAttempts) {
   EXPECT_EQ(2'050u, queued());
   EXPECT_EQ(4u, loop().tries());
   EXPECT_EQ(4u, loop().failures());
+}
+
+TEST_F(TransferLoop, ARequestOnWhichTheServerStumblesLetsTheOthersBy) {
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  for (const char* id : {"b", "c", "d", "e", "f"})
+    add(id);
+  // Three failures with pauses of 0.5, 1 and 2 seconds, then the others.
+  for (int i = 0; i < 10; ++i) {
+    turn();
+    now += 1s;
+  }
+  EXPECT_EQ(1u, queued());
+  Texts delivered;
+  for (const JXDelivery& each : deliveries)
+    delivered.push_back(each.eventId.toStdString());
+  EXPECT_EQ((Texts{"b", "c", "d", "e", "f"}), delivered);
+  // From now on it is tried at growing distances, and holds nothing up.
+  transport->started.clear();
+  for (int i = 0; i < 3'600; ++i) {
+    turn();
+    now += 1s;
+  }
+  EXPECT_GE(25u, transport->started.size());
+  EXPECT_LE(12u, transport->started.size());
+  transport->statusOf.clear();
+  now += 300s;
+  turn();
+  EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, AFlushTriesWhatIsSetAside) {
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  for (int i = 0; i < 60; ++i) {
+    turn();
+    now += 1s;
+  }
+  ASSERT_EQ(1u, queued());
+  transport->statusOf.clear();
+  ++orders.flushes;
+  turn();
+  now += 1s;
+  turn();
+  EXPECT_EQ(0u, queued());
 }
 
 TEST_F(TransferLoop, OneProbeThenUpToFourOldestFirst) {

@@ -126,7 +126,7 @@ TEST_F(TransferPlan, RetryAfterIsObeyed) {
 }
 
 TEST_F(TransferPlan, AnEmptyQueueNeedsNoWaking) {
-  plan.nothingToStart();
+  plan.nothingToStart(kStart);
   EXPECT_EQ(0u, mayStart(kStart));
   EXPECT_EQ(std::nullopt, plan.rest(kStart).wakeAt);
   EXPECT_FALSE(plan.rest(kStart).ignoresAdditions);
@@ -205,7 +205,7 @@ TEST(TransferPlanAtItsStart, AnAdditionIsHeardDuringTheHold) {
 }
 
 TEST_F(TransferPlan, ASyncFollowsTheFirstChangeByASecond) {
-  plan.nothingToStart();
+  plan.nothingToStart(kStart);
   plan.storageChanged(kStart);
   plan.storageChanged(kStart + 700ms);
   EXPECT_FALSE(plan.next(kStart + 999ms).sync);
@@ -226,7 +226,7 @@ TEST_F(TransferPlan, ASyncIsDueWhateverTheNetworkDoes) {
 }
 
 TEST_F(TransferPlan, ASyncThatFailsIsTriedAtGrowingDistances) {
-  plan.nothingToStart();
+  plan.nothingToStart(kStart);
   plan.storageChanged(kStart);
   Time now = kStart + 1s;
   for (const auto distance : {1s, 2s, 4s, 8s, 16s, 32s, 60s, 60s}) {
@@ -238,7 +238,7 @@ TEST_F(TransferPlan, ASyncThatFailsIsTriedAtGrowingDistances) {
 }
 
 TEST_F(TransferPlan, AChangeAfterAFailedSyncIsSyncedWithinASecond) {
-  plan.nothingToStart();
+  plan.nothingToStart(kStart);
   for (int i = 0; i < 6; ++i)
     plan.synced(true, kStart);
   ASSERT_EQ(kStart + 32s, plan.rest(kStart).wakeAt);
@@ -276,6 +276,21 @@ TEST_F(TransferPlan, AnEndThatWasAlreadyToldIsIgnored) {
   plan.ended(1, kDelivered, {}, kStart, 0.5);
   plan.ended(1, kNoAnswer, {}, kStart, 0.5);
   EXPECT_EQ(4u, mayStart(kStart));
+}
+
+TEST_F(TransferPlan, WhatIsSetAsideWakesTheThreadWhenItsPauseIsOver) {
+  Time now = kStart;
+  // Without jitter the pipeline's own pauses are over at once.
+  for (int i = 0; i < 4; ++i) {
+    plan.started(1);
+    plan.ended(1, kUnavailable, {}, now, 0);
+  }
+  EXPECT_EQ(plan.setAside(now), Ids{1});
+  plan.nothingToStart(now);
+  EXPECT_EQ(0u, mayStart(now + 1'999ms));
+  EXPECT_EQ(now + 2s, plan.rest(now + 1'999ms).wakeAt);
+  EXPECT_EQ(1u, mayStart(now + 2s));
+  EXPECT_EQ(plan.setAside(now + 2s), Ids{});
 }
 
 }  // namespace
