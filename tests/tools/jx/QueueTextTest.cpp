@@ -12,16 +12,24 @@ JXOutboxListing request(std::int64_t createdMs, const std::string& body, int sta
 }
 
 TEST(QueueText, TheFirstNumberOfTheStatusIsHowManyAreQueued) {
-  EXPECT_EQ(queueStatus({}, 0), "0 requests queued, 0 bytes; 0 dead letters\n");
-  EXPECT_EQ(queueStatus({request(1'000, "{}")}, 1),
+  EXPECT_EQ(queueStatus({}, {}), "0 requests queued, 0 bytes; 0 dead letters\n");
+  EXPECT_EQ(queueStatus({request(1'000, "{}")}, {request(0, "{}", 400)}),
             "1 request queued, 18 bytes; 1 dead letter\n"
-            "oldest 1970-01-01T00:00:01.000Z\nnewest 1970-01-01T00:00:01.000Z\n");
+            "oldest 1970-01-01T00:00:01.000Z\nnewest 1970-01-01T00:00:01.000Z\n"
+            "refused with 400: 1\n");
 }
 
 TEST(QueueText, TheOldestIsTheOldestByTimeAlsoWhenTheClockWentBack) {
-  EXPECT_EQ(queueStatus({request(3'000, "{}"), request(1'000, "{}"), request(2'000, "{}")}, 0),
+  EXPECT_EQ(queueStatus({request(3'000, "{}"), request(1'000, "{}"), request(2'000, "{}")}, {}),
             "3 requests queued, 54 bytes; 0 dead letters\n"
             "oldest 1970-01-01T00:00:01.000Z\nnewest 1970-01-01T00:00:03.000Z\n");
+}
+
+TEST(QueueText, DeadLettersAreCountedByStatus) {
+  EXPECT_EQ(queueStatus({}, {request(0, "{}", 413), request(0, "{}", 400), request(0, "{}", 413),
+                             request(0, "{}", 0)}),
+            "0 requests queued, 0 bytes; 4 dead letters\n"
+            "never sendable: 1\nrefused with 400: 1\nrefused with 413: 2\n");
 }
 
 TEST(QueueText, ARequestIsOneLineWithTimeSizeNameAndId) {

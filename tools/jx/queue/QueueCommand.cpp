@@ -57,7 +57,7 @@ Outcome<std::string> tell(const QueueOptions& options) {
   if (options.verb == "list") return queueLines(*queued, false);
   const Outcome<Listing> dead = read(listDeadLetters);
   if (!dead) return dead.failure();
-  return queueStatus(*queued, dead->size());
+  return queueStatus(*queued, *dead);
 }
 
 }  // namespace

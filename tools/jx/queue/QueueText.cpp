@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
 #include <optional>
 
 #include "tools/jx/Printable.h"
@@ -27,21 +28,40 @@ std::string shown(const std::optional<std::string>& text) {
   return text && !text->empty() ? asOneLine(*text) : "-";
 }
 
-}  // namespace
-
-std::string queueStatus(const std::vector<JXOutboxListing>& queued, std::size_t dead) {
-  std::size_t bytes = 0;
-  for (const JXOutboxListing& request : queued)
-    bytes += request.url.size() + request.body.size();
-  std::string text = counted(queued.size(), "request") + " queued, " + counted(bytes, "byte") +
-                     "; " + counted(dead, "dead letter") + "\n";
-  if (queued.empty()) return text;
+std::string ages(const std::vector<JXOutboxListing>& queued) {
+  if (queued.empty()) return {};
   const auto [oldest, newest] = std::minmax_element(
       queued.begin(), queued.end(), [](const JXOutboxListing& one, const JXOutboxListing& other) {
         return one.createdMs < other.createdMs;
       });
-  return text + "oldest " + asIsoTime(oldest->createdMs) + "\nnewest " +
-         asIsoTime(newest->createdMs) + "\n";
+  return "oldest " + asIsoTime(oldest->createdMs) + "\nnewest " + asIsoTime(newest->createdMs) +
+         "\n";
+}
+
+std::string refusals(const std::vector<JXOutboxListing>& dead) {
+  std::map<int, std::size_t> byStatus;
+  for (const JXOutboxListing& letter : dead)
+    ++byStatus[letter.status];
+  std::string text;
+  for (const auto& [status, count] : byStatus) {
+    // A request that could not be sent at all has no status.
+    text +=
+        (status == 0 ? std::string("never sendable") : "refused with " + std::to_string(status)) +
+        ": " + std::to_string(count) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string queueStatus(const std::vector<JXOutboxListing>& queued,
+                        const std::vector<JXOutboxListing>& dead) {
+  std::size_t bytes = 0;
+  for (const JXOutboxListing& request : queued)
+    bytes += request.url.size() + request.body.size();
+  std::string text = counted(queued.size(), "request") + " queued, " + counted(bytes, "byte") +
+                     "; " + counted(dead.size(), "dead letter") + "\n";
+  return text + ages(queued) + refusals(dead);
 }
 
 std::string queuePurged(const JXOutboxPurge& purge) {

@@ -10,8 +10,10 @@
 
 namespace jx {
 
-/// "12 requests queued, 34567 bytes, ..." in one line, then since when.
-std::string queueStatus(const std::vector<JXOutboxListing>& queued, std::size_t dead);
+/// "12 requests queued, 34567 bytes, ..." in one line, then since when, and which statuses refused
+/// the dead letters.
+std::string queueStatus(const std::vector<JXOutboxListing>& queued,
+                        const std::vector<JXOutboxListing>& dead);
 
 /// A line for each request: when it was made, its size, the event's name and id; with the HTTP
 /// status in second place when `withStatus`. What the event does not tell is "-".
