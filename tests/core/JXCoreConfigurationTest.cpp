@@ -93,6 +93,20 @@ TEST_F(JXCoreStart, SaysWhatIsWrongWithTheCollectionHostOnce) {
             JXString("https://collect.example.com"));
 }
 
+class JXPinnedStart : public test::JXCoreFixture {
+ protected:
+  void prepare() override {
+    configuration_.dryRun = false;
+    configuration_.pinnedPublicKeys = {"47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=", "a slip"};
+  }
+};
+
+TEST_F(JXPinnedStart, SaysWhichPinIsNone) {
+  JXCoreInitialisation::init();
+  EXPECT_EQ(countLogLines("3 The pinned key \"a slip\" is no SHA-256 in Base64"), 1);
+  EXPECT_EQ(countLogLines("3 The pinned key"), 1);
+}
+
 class Posted {
  public:
   Posted() {
