@@ -111,7 +111,8 @@ bool isPossible(const Date& date) {
 // leap day is a year's last one.
 std::int64_t daysSinceEpoch(const Date& date) {
   const std::int64_t year = date.month > 2 ? date.year : date.year - 1;
-  const std::int64_t era = year / 400;
+  // January and February of the year 0 belong to the era before.
+  const std::int64_t era = year < 0 ? -1 : year / 400;
   const std::int64_t yearOfEra = year - era * 400;
   const std::int64_t dayOfYear = (153 * ((date.month + 9) % 12) + 2) / 5 + date.day - 1;
   return era * 146'097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719'468;
@@ -145,7 +146,7 @@ std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view text,
   if (!isPossible(date)) return std::nullopt;
   // Compared in seconds before the difference is taken, so that a clock far off cannot overflow.
   const std::int64_t at = secondsSinceEpoch(date);
-  const std::int64_t now = nowWallMs / 1'000;
+  const std::int64_t now = nowWallMs / 1'000 - (nowWallMs % 1'000 < 0 ? 1 : 0);
   if (at <= now) return std::chrono::milliseconds::zero();
   if (now < at - kLongestSeconds) return std::chrono::seconds(kLongestSeconds);
   return std::chrono::milliseconds(at * 1'000 - nowWallMs);

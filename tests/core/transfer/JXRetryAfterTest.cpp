@@ -46,6 +46,16 @@ TEST(RetryAfter, LeapDaysAreCounted) {
   EXPECT_EQ(Wait(25h), parseRetryAfter("Wed, 01 Mar 2028 00:00:00 GMT", 1'835'391'600'000));
 }
 
+TEST(RetryAfter, AClockBefore1970CountsFromItsMillisecondToo) {
+  EXPECT_EQ(Wait(1ms), parseRetryAfter("Thu, 01 Jan 1970 00:00:00 GMT", -1));
+  EXPECT_EQ(Wait(1'001ms), parseRetryAfter("Thu, 01 Jan 1970 00:00:01 GMT", -1));
+}
+
+TEST(RetryAfter, ADateInTheFirstMonthsOfTheYearZeroIsCountedLikeAnyOther) {
+  // 0000-01-01 00:00:00 UTC, asked two seconds before.
+  EXPECT_EQ(Wait(2s), parseRetryAfter("Sat, 01 Jan 0000 00:00:00 GMT", -62'167'219'202'000));
+}
+
 TEST(RetryAfter, APastDateIsNoWait) {
   EXPECT_EQ(Wait(0s), parseRetryAfter("Sun, 06 Nov 1994 08:49:37 GMT", kNowMs));
   EXPECT_EQ(Wait(0s), parseRetryAfter("Sat, 05 Nov 1994 08:49:37 GMT", kNowMs));
