@@ -51,6 +51,20 @@ TEST(EventFacts, ValuesOfAnotherTypeAreAbsent) {
   EXPECT_EQ(facts.problem, Text());
 }
 
+TEST(EventFacts, ANumberThatNoDoubleHoldsIsNoProblem) {
+  for (const std::string& number : {std::string("1e400"), std::string(400, '9')}) {
+    const EventFacts facts =
+        EventFacts::read("", R"({"event_name": "big", "value": )" + number +
+                                 R"(, "context": {"event_id": "e-3", "event_timestamp": 7}})");
+    EXPECT_EQ(facts.problem, Text());
+    EXPECT_EQ(facts.name, Text("big"));
+    EXPECT_EQ(facts.eventID, Text("e-3"));
+    EXPECT_EQ(facts.eventTimestamp, Number(7));
+  }
+  EXPECT_EQ(EventFacts::read("", "[1e400]").problem, Text("not a JSON object"));
+  EXPECT_EQ(EventFacts::read("", R"({"value": 1e400)").problem, Text("not JSON"));
+}
+
 TEST(EventFacts, ATokenIsKeptAsItWasWritten) {
   EXPECT_EQ(EventFacts::read("a&jx_s=-1&token=a+b%41=c", "{}").token, Text("a+b%41=c"));
 }

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <limits>
 
+#include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXUtf8.h"
 
 namespace jx {
@@ -91,6 +92,31 @@ class FactReader : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, FactRe
   bool sawObject_ = false;
 };
 
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+  std::int64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+std::optional<std::string> textOf(const JXJsonValue& value) {
+  if (value.kind() != JXJsonValue::Kind::String) return std::nullopt;
+  return value.string().toStdString();
+}
+
+// With the reader of the library, which writes numbers digit for digit, however large.
+std::optional<std::string> problemOfLargeNumbers(std::string_view body, EventFacts& facts) {
+  const JXJsonReading reading = JXJsonReader::read(body);
+  if (!reading.value.isPresent()) return "not JSON";
+  const JXJsonObject object = reading.value.object();
+  if (!object.isPresent()) return "not a JSON object";
+  const JXJsonObject context = object.get("context").object();
+  facts.name = textOf(object.get("event_name"));
+  facts.eventID = textOf(context.get("event_id"));
+  facts.eventTimestamp = wholeNumber(context.get("event_timestamp").numberText().view());
+  return std::nullopt;
+}
+
 std::optional<std::string> problemOf(std::string_view body, EventFacts& facts) {
   if (!isUtf8(body)) return "not UTF-8";
   rapidjson::MemoryStream stream(body.data() ? body.data() : "", body.size());
@@ -100,6 +126,9 @@ std::optional<std::string> problemOf(std::string_view body, EventFacts& facts) {
   constexpr unsigned kFlags = rapidjson::kParseIterativeFlag;
   const rapidjson::ParseResult result = reader.Parse<kFlags>(stream, handler);
   if (result.Code() == rapidjson::kParseErrorTermination) return "nested too deep";
+  if (result.Code() == rapidjson::kParseErrorNumberTooBig) {
+    return problemOfLargeNumbers(body, facts);
+  }
   // The parser takes a NUL byte for the end of the text.
   if (result.IsError() || stream.Tell() != body.size()) return "not JSON";
   if (!handler.sawObject()) return "not a JSON object";
@@ -117,13 +146,6 @@ std::optional<std::string_view> parameter(std::string_view query, std::string_vi
     query = end == std::string_view::npos ? std::string_view() : query.substr(end + 1);
   }
   return std::nullopt;
-}
-
-std::optional<std::int64_t> wholeNumber(std::string_view text) {
-  std::int64_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
 }
 
 }  // namespace

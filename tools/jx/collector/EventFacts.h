@@ -22,7 +22,8 @@ struct EventFacts {
   /// Absent when it is an object.
   std::optional<std::string> problem;
 
-  /// Reads any bytes, nested however deep, without building the document in memory.
+  /// Reads any bytes, nested however deep, without building the document in memory; only a number
+  /// that no double holds makes it do that.
   static EventFacts read(std::string_view query, std::string_view body);
 };
 
