@@ -53,6 +53,23 @@ class JournalDamage : public ::testing::Test {
     return texts;
   }
 
+  // Beside other writers nothing is cut off, and the next frame stands behind the damage.
+  std::vector<std::string> recoveredBesideOthers(const std::string& content) {
+    writeFile(path_, content);
+    int error = 0;
+    JXJournal journal(JXFile::open(path_, JXFile::Access::Append, error), path_);
+    std::vector<std::string> texts;
+    const JXJournal::Recovery recovery =
+        journal.recover(JXJournal::Writers::Several,
+                        [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
+    EXPECT_EQ(recovery.error, 0);
+    EXPECT_FALSE(recovery.setAside);
+    const std::string_view part = "after";
+    EXPECT_EQ(journal.append(&part, 1, nullptr), 0);
+    EXPECT_EQ(contentOf(path_).substr(0, content.size()), content);
+    return texts;
+  }
+
   std::vector<std::string> scanned() const {
     std::vector<std::string> texts;
     JXJournal::scan(path_, [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
@@ -85,6 +102,29 @@ TEST_F(JournalDamage, ABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
     if (byte >= starts_[0])
       expected.erase(expected.begin() + static_cast<long>(framesBefore(byte)));
     ASSERT_EQ(recovered(damaged), expected) << "flipped at " << byte;
+    expected.push_back("after");
+    ASSERT_EQ(scanned(), expected) << "flipped at " << byte;
+  }
+}
+
+TEST_F(JournalDamage, BesideOtherWritersACutAtEveryByteLosesOnlyTheFrameThatWasCut) {
+  for (std::size_t cut = 0; cut < whole_.size(); ++cut) {
+    std::vector<std::string> expected(texts_.begin(),
+                                      texts_.begin() + static_cast<long>(framesBefore(cut)));
+    ASSERT_EQ(recoveredBesideOthers(whole_.substr(0, cut)), expected) << "cut at " << cut;
+    expected.push_back("after");
+    ASSERT_EQ(scanned(), expected) << "cut at " << cut;
+  }
+}
+
+TEST_F(JournalDamage, BesideOtherWritersABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
+  for (std::size_t byte = 0; byte < whole_.size(); ++byte) {
+    std::string damaged = whole_;
+    damaged[byte] = static_cast<char>(damaged[byte] ^ (0x80 >> byte % 8));
+    std::vector<std::string> expected = texts_;
+    if (byte >= starts_[0])
+      expected.erase(expected.begin() + static_cast<long>(framesBefore(byte)));
+    ASSERT_EQ(recoveredBesideOthers(damaged), expected) << "flipped at " << byte;
     expected.push_back("after");
     ASSERT_EQ(scanned(), expected) << "flipped at " << byte;
   }
