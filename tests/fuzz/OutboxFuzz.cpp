@@ -1,0 +1,213 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXSetAside.h"
+#include "jx/platform/JXManualClock.h"
+#include "tests/fuzz/Fuzz.h"
+#include "tests/fuzz/ReferenceFrames.h"
+
+namespace jx::fuzz {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Request {
+  std::uint32_t offset = 0;
+  std::int64_t createdMs = 0;
+  std::string url;
+  std::string body;
+  int status = 0;
+
+  bool operator==(const Request& other) const {
+    return createdMs == other.createdMs && url == other.url && body == other.body &&
+           status == other.status;
+  }
+};
+using Requests = std::vector<Request>;
+
+constexpr std::array<const char*, 3> kFiles{"segment-0000000000000001", "segment-00000000000000ff",
+                                            "dead"};
+constexpr std::size_t kDead = 2;
+
+const std::string& box() {
+  static const std::string path = scratchFolder() + "/outbox";
+  return path;
+}
+
+// One piece of a file: any bytes, or a frame that holds any payload, a request, what is settled,
+// or a dead letter.
+std::string piece(Input& input, const std::string& before) {
+  const std::uint8_t kind = input.byte();
+  const std::string text(input.bytes(input.byte()));
+  const std::size_t urlLength = kind / 8u % (text.size() + 1);
+  const std::string head = std::string("\0\0\0", 3) + littleEndian(urlLength, 4);
+  switch (kind % 8) {
+    case 0:
+      return text;
+    case 1:
+      return frameOf(text);
+    case 2:
+      return "JXJRNL1\n";
+    case 3: {
+      const std::vector<FoundFrame> frames = framesIn(before);
+      const std::size_t offset =
+          frames.empty() ? 0 : frames[input.byte() % frames.size()].offset + input.byte() / 128u;
+      return frameOf(std::string("S\0\0\0", 4) + littleEndian(offset, 4) + text);
+    }
+    case 4:
+      return frameOf("D" + head + littleEndian(input.number(2), 8) +
+                     littleEndian(input.number(2), 4) + littleEndian(input.byte(), 4) + text);
+    default:
+      return frameOf("Q" + head + littleEndian(input.number(8), 8) + text);
+  }
+}
+
+// A request or a dead letter in a payload; false when it is none.
+bool decode(std::string_view payload, char kind, std::size_t headSize, Request& request) {
+  if (payload.size() < headSize || payload.front() != kind) return false;
+  const std::size_t urlLength = number32At(payload, 4);
+  if (urlLength > payload.size() - headSize) return false;
+  request.createdMs = static_cast<std::int64_t>(number32At(payload, 8) |
+                                                std::uint64_t{number32At(payload, 12)} << 32);
+  request.url = std::string(payload.substr(headSize, urlLength));
+  request.body = std::string(payload.substr(headSize + urlLength));
+  return true;
+}
+
+// What a segment says is still to be sent.
+Requests unsettledIn(std::string_view file) {
+  Requests requests;
+  std::vector<std::uint32_t> settled;
+  for (const FoundFrame& frame : framesIn(file)) {
+    Request request;
+    if (decode(frame.payload, 'Q', 16, request)) {
+      request.offset = static_cast<std::uint32_t>(frame.offset);
+      requests.push_back(request);
+    } else if (!frame.payload.empty() && frame.payload.front() == 'S') {
+      for (std::size_t at = 4; at + 4 <= frame.payload.size(); at += 4)
+        settled.push_back(number32At(frame.payload, at));
+    }
+  }
+  const auto isSettled = [&](const Request& request) {
+    return std::find(settled.begin(), settled.end(), request.offset) != settled.end();
+  };
+  requests.erase(std::remove_if(requests.begin(), requests.end(), isSettled), requests.end());
+  return requests;
+}
+
+// The last letters of the file, as many as the last of them says are kept.
+Requests lettersIn(std::string_view file) {
+  Requests letters;
+  std::size_t keep = 0;
+  for (const FoundFrame& frame : framesIn(file)) {
+    Request letter;
+    if (!decode(frame.payload, 'D', 24, letter)) continue;
+    letter.status = static_cast<int>(number32At(frame.payload, 16));
+    keep = number32At(frame.payload, 20);
+    letters.push_back(letter);
+  }
+  const std::size_t old = letters.size() > keep ? letters.size() - keep : 0;
+  return {letters.begin() + static_cast<std::ptrdiff_t>(old), letters.end()};
+}
+
+Requests listed(bool dead) {
+  std::string error;
+  Requests requests;
+  for (const JXOutboxListing& each :
+       dead ? listDeadLetters(box(), error) : listOutbox(box(), error))
+    requests.push_back({0, each.createdMs, each.url, each.body, each.status});
+  require(error.empty(), "a folder can be listed, whatever its files hold", error, {});
+  return requests;
+}
+
+void requireSame(const Requests& found, const Requests& wanted, const char* property) {
+  require(found == wanted, property, std::to_string(found.size()) + " requests",
+          std::to_string(wanted.size()) + " requests");
+}
+
+void checkSetAside() {
+  std::size_t count = 0;
+  for (const fs::directory_entry& entry : fs::directory_iterator(box()))
+    count += isSetAsideName(entry.path().filename().string()) ? 1 : 0;
+  require(count <= kJXMaxSetAside, "set-aside files are bounded");
+}
+
+// Takes everything and settles it as the input decides: delivered, refused or given back.
+void serve(Input input, Requests& waiting, Requests& letters) {
+  JXOutbox outbox(box(), {}, std::make_shared<JXManualClock>(1'790'000'000'000));
+  require(outbox.counters().queued == waiting.size(), "what is adopted is counted");
+  std::vector<JXOutboxRequest> taken;
+  Requests found;
+  while (auto request = outbox.take()) {
+    found.push_back({0, request->createdMs, request->url, request->body, 0});
+    taken.push_back(std::move(*request));
+  }
+  requireSame(found, waiting, "what is taken is what the files hold whole");
+  Requests left;
+  for (std::size_t i = 0; i < taken.size(); ++i) {
+    const std::uint8_t decision = input.byte() % 4u;
+    if (decision == 0) {
+      outbox.settleDelivered(taken[i].id);
+    } else if (decision == 1) {
+      outbox.settleRejected(taken[i].id, 400);
+      letters.push_back(waiting[i]);
+      letters.back().status = 400;
+    } else {
+      outbox.giveBack(taken[i].id);
+      left.push_back(waiting[i]);
+    }
+  }
+  waiting = left;
+  const auto id = outbox.add("https://host.example/events", "{}");
+  require(id.has_value(), "a folder takes a new request, whatever its files hold");
+  outbox.sync();
+  require(outbox.counters().storageErrors == 0, "no content makes a file fail");
+  waiting.push_back({0, 1'790'000'000'000, "https://host.example/events", "{}", 0});
+}
+
+void check(Input input) {
+  fs::remove_all(box());
+  fs::create_directory(box());
+  const Input decisions(reinterpret_cast<const std::uint8_t*>(input.rest().data()),
+                        input.rest().size());
+  std::array<std::string, kFiles.size()> files;
+  while (!input.isEmpty()) {
+    std::string& file = files[input.byte() % files.size()];
+    if (file.size() < kMaxFile) file += piece(input, file);
+  }
+  for (std::size_t i = 0; i < files.size(); ++i)
+    writeFile(box() + "/" + kFiles[i], files[i]);
+  Requests waiting = unsettledIn(files[0]);
+  const Requests ofSecond = unsettledIn(files[1]);
+  waiting.insert(waiting.end(), ofSecond.begin(), ofSecond.end());
+  Requests letters = lettersIn(files[kDead]);
+  requireSame(listed(false), waiting, "what is listed is what the files hold whole");
+  requireSame(listed(true), letters, "the letters are what their file holds whole");
+  Requests before = letters;
+  serve(decisions, waiting, letters);
+  requireSame(listed(false), waiting, "what was given back or added is still there");
+  // A letter that is added decides how many are kept: then old ones may show again.
+  const Requests now = listed(true);
+  const bool isBehind =
+      now.size() >= letters.size() && std::equal(letters.rbegin(), letters.rend(), now.rbegin());
+  require(isBehind, "what was refused is the last of the letters");
+  require(letters.size() != before.size() || now == before, "nothing else changes the letters");
+  checkSetAside();
+}
+
+}  // namespace
+}  // namespace jx::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  jx::fuzz::silenceLog();
+  jx::fuzz::check({data, size});
+  return 0;
+}
