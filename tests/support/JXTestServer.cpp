@@ -3,6 +3,7 @@
 #include "tests/support/JXTestServer.h"
 
 #include <arpa/inet.h>
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <signal.h>
@@ -46,6 +47,19 @@ std::string headOf(const JXTestAnswer& answer, std::size_t announcedLength) {
   for (const auto& [name, value] : answer.headers)
     head.append(name + ": " + value + "\r\n");
   return head + "Content-Length: " + std::to_string(announcedLength) + "\r\n\r\n";
+}
+
+// Manners without an answer's head tell none.
+int statusTold(const JXTestAnswer& answer) {
+  switch (answer.manner) {
+    case Manner::StallBeforeHead:
+    case Manner::Reset:
+    case Manner::EndlessHead:
+    case Manner::Rubbish:
+      return 0;
+    default:
+      return answer.status;
+  }
 }
 
 }  // namespace
@@ -152,7 +166,7 @@ JXTestServer::JXTestServer(JXTestServerOptions options) : options_(std::move(opt
       SSL_CTX_set_security_level(context_.get(), 0);
     }
   }
-  if (pipe(wakePipe_) != 0) fail("pipe");
+  if (pipe2(wakePipe_, O_CLOEXEC) != 0) fail("pipe");
   openSocket(0);
   listenOnSocket();
   acceptor_ = std::thread([this] { acceptConnections(); });
@@ -189,6 +203,11 @@ void JXTestServer::answerAll(JXTestAnswer answer) {
 void JXTestServer::answerNext(JXTestAnswer answer) {
   const std::lock_guard<std::mutex> lock(mutex_);
   next_.push_back(std::move(answer));
+}
+
+void JXTestServer::forgetNext() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  next_.clear();
 }
 
 void JXTestServer::refuse() {
@@ -301,7 +320,7 @@ void JXTestServer::acceptConnections() {
     pollsSocket_ = false;
     changed_.notify_all();
     if (!listens_ || stopping_ || (waited[1].revents & POLLIN) == 0) continue;
-    const int descriptor = ::accept(socket_, nullptr, nullptr);
+    const int descriptor = accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC);
     if (descriptor < 0) continue;
     const int number = ++connections_;
     open_.push_back(descriptor);
@@ -336,6 +355,7 @@ JXTestAnswer JXTestServer::nextAnswer(JXTestRequest request) {
     told = std::move(next_.front());
     next_.pop_front();
   }
+  request.status = statusTold(told);
   requests_.push_back(std::move(request));
   changed_.notify_all();
   return told;

@@ -25,6 +25,7 @@ struct JXTestRequest {
   std::map<std::string, std::string> headers;  ///< names in lower case
   std::string body;
   int connection = 0;  ///< number of the connection it came by, from 1
+  int status = 0;      ///< what the server was to answer; 0 when it gave no whole head
 };
 
 /// What the server does once it has read a request.
@@ -75,6 +76,8 @@ class JXTestServer {
   void answerAll(JXTestAnswer answer);
   /// What the next request gets; told several times, the requests after it.
   void answerNext(JXTestAnswer answer);
+  /// Takes back what was told for next requests and not given yet.
+  void forgetNext();
 
   /// Refuses new connections from now on, and ends those there are; the port stays taken.
   void refuse();
