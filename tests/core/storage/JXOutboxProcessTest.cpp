@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 #include <memory>
 #include <set>
+#include <thread>
+#include <utility>
 
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXOutboxFixture.h"
@@ -35,6 +38,48 @@ class OutboxProcess : public OutboxTest {
       }
       return 0;
     });
+  }
+
+  // A process that adds requests on one thread while another sends them, until it is killed.
+  Child sender(const std::string& name) {
+    return std::make_unique<ChildProcess>([this, name](int pipe) {
+      // So that nothing is missing because it was displaced.
+      JXOutboxBounds bounds;
+      bounds.maxDeadLetters = 1'000'000;
+      const auto outbox = open(bounds);
+      std::thread transfer([&] { sendForEver(*outbox, pipe); });
+      for (int i = 0;; ++i) {
+        // Neither runs away from the other.
+        while (outbox->counters().queued > 100)
+          std::this_thread::yield();
+        const std::string body = name + std::to_string(i);
+        add(*outbox, body);
+        ChildProcess::writeLine(pipe, "+" + body);
+      }
+      return 0;
+    });
+  }
+
+  // Four requests are in flight at a time; of three one is delivered, which is reported before, one
+  // refused, one given back.
+  static void sendForEver(JXOutbox& outbox, int pipe) {
+    std::deque<JXOutboxRequest> flying;
+    for (int i = 0;; ++i) {
+      while (flying.size() < 4) {
+        if (auto request = outbox.take()) flying.push_back(std::move(*request));
+      }
+      const JXOutboxRequest request = std::move(flying.front());
+      flying.pop_front();
+      if (i % 3 == 0) {
+        ChildProcess::writeLine(pipe, "-" + request.body);
+        outbox.settleDelivered(request.id);
+      } else if (i % 3 == 1) {
+        outbox.settleRejected(request.id, 400);
+      } else {
+        outbox.giveBack(request.id);
+      }
+      if (i % 50 == 49) outbox.sync();
+    }
   }
 
   // A process that delivers all it can get, tells it, and ends.
@@ -74,6 +119,33 @@ TEST_F(OutboxProcess, AKillLosesNoRequestThatWasAccepted) {
   EXPECT_GT(accepted.size(), 2'000u);
   const Bodies left = listed();
   EXPECT_EQ(takeAll(*open()), left);
+}
+
+TEST_F(OutboxProcess, AKillAmidSendingLosesNoRequestThatWasAccepted) {
+  std::set<std::string> owed;
+  std::set<std::string> maybeDelivered;
+  for (int round = 0; round < 40; ++round) {
+    const Child child = sender("r" + std::to_string(round) + "-");
+    const auto note = [&](const std::string& line) {
+      (line[0] == '+' ? owed : maybeDelivered).insert(line.substr(1));
+    };
+    for (int lines = 0; lines < 5 + round * 10; ++lines)
+      note(child->readLine());
+    child->kill();
+    for (std::string line = child->readLine(); !line.empty(); line = child->readLine())
+      note(line);
+  }
+  for (const std::string& body : maybeDelivered)
+    owed.erase(body);
+  const Bodies left = listed();
+  const Bodies letters = dead();
+  std::set<std::string> held(left.begin(), left.end());
+  EXPECT_EQ(held.size(), left.size());
+  held.insert(letters.begin(), letters.end());
+  EXPECT_TRUE(std::includes(held.begin(), held.end(), owed.begin(), owed.end()));
+  EXPECT_GT(owed.size(), 500u);
+  EXPECT_GT(maybeDelivered.size(), 500u);
+  EXPECT_GT(letters.size(), 100u);
 }
 
 TEST_F(OutboxProcess, NoRequestIsTakenByTwoOfManyProcesses) {
