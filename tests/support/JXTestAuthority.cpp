@@ -29,8 +29,8 @@ void addExtension(X509* certificate, X509* issuer, int kind, const std::string& 
   X509_EXTENSION_free(extension);
 }
 
-// A certificate of an hour, around now, that still has to be signed.
-JXTestIdentity unsignedIdentity(const char* commonName) {
+// A certificate that still has to be signed.
+JXTestIdentity unsignedIdentity(const char* commonName, JXTestValidity validity) {
   JXTestIdentity identity;
   identity.key.reset(EVP_EC_gen("P-256"));
   identity.certificate.reset(X509_new());
@@ -43,8 +43,9 @@ JXTestIdentity unsignedIdentity(const char* commonName) {
   BIGNUM* const number = BN_bin2bn(serial, sizeof serial, nullptr);
   BN_to_ASN1_INTEGER(number, X509_get_serialNumber(certificate));
   BN_free(number);
-  X509_gmtime_adj(X509_getm_notBefore(certificate), -1'800);
-  X509_gmtime_adj(X509_getm_notAfter(certificate), 1'800);
+  const long middle = validity == JXTestValidity::Now ? 0 : -7'200;
+  X509_gmtime_adj(X509_getm_notBefore(certificate), middle - 1'800);
+  X509_gmtime_adj(X509_getm_notAfter(certificate), middle + 1'800);
   X509_set_pubkey(certificate, identity.key.get());
   X509_NAME_add_entry_by_txt(X509_get_subject_name(certificate), "CN", MBSTRING_ASC,
                              reinterpret_cast<const unsigned char*>(commonName), -1, -1, 0);
@@ -65,7 +66,8 @@ std::string publicKeyPinOf(const X509* certificate) {
   return {text, text + written};
 }
 
-JXTestAuthority::JXTestAuthority() : own_(unsignedIdentity("test authority")) {
+JXTestAuthority::JXTestAuthority(const char* name)
+    : own_(unsignedIdentity(name, JXTestValidity::Now)) {
   X509* const certificate = own_.certificate.get();
   X509_set_issuer_name(certificate, X509_get_subject_name(certificate));
   addExtension(certificate, certificate, NID_basic_constraints, "critical,CA:TRUE");
@@ -83,8 +85,9 @@ JXTestAuthority::JXTestAuthority() : own_(unsignedIdentity("test authority")) {
 
 JXTestAuthority::~JXTestAuthority() { unlink(file_.c_str()); }
 
-JXTestIdentity JXTestAuthority::issue(const std::vector<std::string>& names) const {
-  JXTestIdentity identity = unsignedIdentity("test server");
+JXTestIdentity JXTestAuthority::issue(const std::vector<std::string>& names,
+                                      JXTestValidity validity) const {
+  JXTestIdentity identity = unsignedIdentity("test server", validity);
   X509* const certificate = identity.certificate.get();
   X509* const issuer = own_.certificate.get();
   X509_set_issuer_name(certificate, X509_get_subject_name(issuer));

@@ -30,11 +30,14 @@ struct JXTestIdentity {
 /// The SHA-256 of a certificate's public key (its SubjectPublicKeyInfo) in Base64.
 std::string publicKeyPinOf(const X509* certificate);
 
+/// When a certificate holds: for an hour around now, or for an hour that is over.
+enum class JXTestValidity { Now, Past };
+
 /// A certificate authority that lives as long as its object. Failures of OpenSSL throw
 /// std::runtime_error.
 class JXTestAuthority {
  public:
-  JXTestAuthority();
+  explicit JXTestAuthority(const char* name = "test authority");
   ~JXTestAuthority();
   JXTestAuthority(const JXTestAuthority&) = delete;
   JXTestAuthority& operator=(const JXTestAuthority&) = delete;
@@ -42,7 +45,8 @@ class JXTestAuthority {
   /// A PEM file with the authority's certificate, removed with this object.
   const std::string& caFile() const { return file_; }
   /// A server's identity for the names given, each "DNS:..." or "IP:...".
-  JXTestIdentity issue(const std::vector<std::string>& names) const;
+  JXTestIdentity issue(const std::vector<std::string>& names,
+                       JXTestValidity validity = JXTestValidity::Now) const;
 
  private:
   JXTestIdentity own_;

@@ -15,6 +15,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "tests/support/JXTestConnection.h"
+
 namespace jx::test {
 namespace {
 
@@ -35,13 +37,6 @@ void blockBrokenPipes() {
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
 }
 
-std::string lowerCase(std::string text) {
-  for (char& c : text) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  }
-  return text;
-}
-
 std::string headOf(const JXTestAnswer& answer, std::size_t announcedLength) {
   std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " Told\r\n";
   for (const auto& [name, value] : answer.headers)
@@ -54,6 +49,7 @@ int statusTold(const JXTestAnswer& answer) {
   switch (answer.manner) {
     case Manner::StallBeforeHead:
     case Manner::Reset:
+    case Manner::CloseInHead:
     case Manner::EndlessHead:
     case Manner::Rubbish:
       return 0;
@@ -64,110 +60,10 @@ int statusTold(const JXTestAnswer& answer) {
 
 }  // namespace
 
-// One accepted connection, with or without TLS. Belongs to the thread that serves it.
-class JXTestServer::Connection {
- public:
-  Connection(int descriptor, JXOpenSsl<SSL> tls) : descriptor_(descriptor), tls_(std::move(tls)) {}
-
-  bool handshake() {
-    if (!tls_) return true;
-    SSL_set_fd(tls_.get(), descriptor_);
-    return SSL_accept(tls_.get()) == 1;
-  }
-
-  bool write(std::string_view bytes) {
-    while (!bytes.empty()) {
-      const long written =
-          tls_ ? SSL_write(tls_.get(), bytes.data(), static_cast<int>(bytes.size()))
-               : static_cast<long>(send(descriptor_, bytes.data(), bytes.size(), MSG_NOSIGNAL));
-      if (written <= 0) return false;
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-  }
-
-  // Nothing when the client has gone.
-  std::optional<JXTestRequest> readRequest() {
-    std::optional<std::string> line = readLine();
-    if (!line) return std::nullopt;
-    JXTestRequest request;
-    request.method = line->substr(0, line->find(' '));
-    const std::size_t target = std::min(request.method.size() + 1, line->size());
-    request.target = line->substr(target, line->rfind(' ') - target);
-    while ((line = readLine()) && !line->empty()) {
-      const std::size_t colon = std::min(line->find(':'), line->size());
-      const std::size_t value = std::min(line->find_first_not_of(": ", colon), line->size());
-      request.headers[lowerCase(line->substr(0, colon))] = line->substr(value);
-    }
-    if (!line) return std::nullopt;
-    const auto length = request.headers.find("content-length");
-    const std::size_t size = length == request.headers.end() ? 0 : std::stoul(length->second);
-    while (buffer_.size() < size) {
-      if (!readMore()) return std::nullopt;
-    }
-    request.body = buffer_.substr(0, size);
-    buffer_.erase(0, size);
-    return request;
-  }
-
-  // Returns when the client has gone.
-  void waitForEnd() {
-    while (readMore())
-      buffer_.clear();
-  }
-
-  // Waits for `ms`, shorter when the client sends or goes.
-  void pace(int ms) const {
-    pollfd waited{descriptor_, POLLIN, 0};
-    poll(&waited, 1, ms);
-  }
-
-  void resetAtClose() const {
-    const linger immediately{1, 0};
-    setsockopt(descriptor_, SOL_SOCKET, SO_LINGER, &immediately, sizeof immediately);
-  }
-
- private:
-  bool readMore() {
-    char bytes[16 * 1024];
-    const long count = tls_ ? SSL_read(tls_.get(), bytes, sizeof bytes)
-                            : static_cast<long>(recv(descriptor_, bytes, sizeof bytes, 0));
-    if (count <= 0) return false;
-    buffer_.append(bytes, static_cast<std::size_t>(count));
-    return true;
-  }
-
-  std::optional<std::string> readLine() {
-    std::size_t end = 0;
-    while ((end = buffer_.find("\r\n")) == std::string::npos) {
-      if (!readMore()) return std::nullopt;
-    }
-    std::string line = buffer_.substr(0, end);
-    buffer_.erase(0, end + 2);
-    return line;
-  }
-
-  const int descriptor_;
-  const JXOpenSsl<SSL> tls_;
-  std::string buffer_;
-};
-
-JXTestServer::JXTestServer(JXTestServerOptions options) : options_(std::move(options)) {
-  if (options_.tls) {
-    const JXTestIdentity identity = authority_.issue(options_.certificateNames);
-    context_.reset(SSL_CTX_new(TLS_server_method()));
-    if (!context_ || SSL_CTX_use_certificate(context_.get(), identity.certificate.get()) != 1 ||
-        SSL_CTX_use_PrivateKey(context_.get(), identity.key.get()) != 1) {
-      fail("TLS");
-    }
-    SSL_CTX_set_alpn_select_cb(context_.get(), chooseProtocol, this);
-    if (options_.newestTlsVersion != 0) {
-      SSL_CTX_set_max_proto_version(context_.get(), options_.newestTlsVersion);
-      SSL_CTX_set_security_level(context_.get(), 0);
-    }
-  }
+JXTestServer::JXTestServer(const JXTestServerOptions& options) : tls_(options.tls) {
+  present(options);
   if (pipe2(wakePipe_, O_CLOEXEC) != 0) fail("pipe");
-  openSocket(0);
+  openSocket(options.port);
   listenOnSocket();
   acceptor_ = std::thread([this] { acceptConnections(); });
 }
@@ -186,12 +82,39 @@ JXTestServer::~JXTestServer() {
   close(socket_);
 }
 
+void JXTestServer::present(const JXTestServerOptions& options) {
+  if (!tls_) return;
+  const bool isExpired = options.certificate == JXTestServerOptions::Certificate::Expired;
+  const bool isForeign =
+      options.certificate == JXTestServerOptions::Certificate::OfAnotherAuthority;
+  const JXTestIdentity identity =
+      (isForeign ? stranger_ : authority_)
+          .issue(options.certificateNames, isExpired ? JXTestValidity::Past : JXTestValidity::Now);
+  JXOpenSsl<SSL_CTX> context(SSL_CTX_new(TLS_server_method()));
+  if (!context || SSL_CTX_use_certificate(context.get(), identity.certificate.get()) != 1 ||
+      SSL_CTX_use_PrivateKey(context.get(), identity.key.get()) != 1) {
+    fail("TLS");
+  }
+  SSL_CTX_set_alpn_select_cb(context.get(), chooseProtocol, this);
+  if (options.newestTlsVersion != 0) {
+    SSL_CTX_set_max_proto_version(context.get(), options.newestTlsVersion);
+    SSL_CTX_set_security_level(context.get(), 0);
+  }
+  const std::lock_guard<std::mutex> lock(mutex_);
+  context_ = std::move(context);
+}
+
+JXOpenSsl<SSL> JXTestServer::newTls() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return JXOpenSsl<SSL>(context_ ? SSL_new(context_.get()) : nullptr);
+}
+
 std::string JXTestServer::url(const std::string& target) const {
-  return std::string(options_.tls ? "https" : "http") + "://127.0.0.1:" + std::to_string(port_) +
-         target;
+  return std::string(tls_ ? "https" : "http") + "://127.0.0.1:" + std::to_string(port_) + target;
 }
 
 std::string JXTestServer::publicKeyPin() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
   return publicKeyPinOf(SSL_CTX_get0_certificate(context_.get()));
 }
 
@@ -332,7 +255,7 @@ void JXTestServer::acceptConnections() {
 void JXTestServer::serve(int descriptor, int number) {
   blockBrokenPipes();
   {
-    Connection connection(descriptor, JXOpenSsl<SSL>(context_ ? SSL_new(context_.get()) : nullptr));
+    JXTestConnection connection(descriptor, newTls());
     bool goesOn = connection.handshake();
     while (goesOn) {
       std::optional<JXTestRequest> request = connection.readRequest();
@@ -361,7 +284,7 @@ JXTestAnswer JXTestServer::nextAnswer(JXTestRequest request) {
   return told;
 }
 
-void JXTestServer::answer(Connection& connection, const JXTestAnswer& answer) {
+void JXTestServer::answer(JXTestConnection& connection, const JXTestAnswer& answer) {
   const std::string whole = headOf(answer, answer.body.size()) + answer.body;
   const std::string cut = headOf(answer, answer.body.size() + 1) + answer.body;
   switch (answer.manner) {
@@ -376,6 +299,9 @@ void JXTestServer::answer(Connection& connection, const JXTestAnswer& answer) {
       break;
     case Manner::CloseInBody:
       connection.write(cut);
+      break;
+    case Manner::CloseInHead:
+      connection.write("HTTP/1.1 200 Told\r\nContent-Le");
       break;
     case Manner::StallInBody:
       connection.write(cut);

@@ -6,7 +6,6 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -15,18 +14,9 @@
 #include <vector>
 
 #include "tests/support/JXTestAuthority.h"
+#include "tests/support/JXTestConnection.h"
 
 namespace jx::test {
-
-/// A request that the server has read whole.
-struct JXTestRequest {
-  std::string method;
-  std::string target;                          ///< what follows the method: path and query
-  std::map<std::string, std::string> headers;  ///< names in lower case
-  std::string body;
-  int connection = 0;  ///< number of the connection it came by, from 1
-  int status = 0;      ///< what the server was to answer; 0 when it gave no whole head
-};
 
 /// What the server does once it has read a request.
 struct JXTestAnswer {
@@ -36,6 +26,7 @@ struct JXTestAnswer {
     StallInBody,      ///< sends the head, which announces one byte more than comes, and no more
     Reset,            ///< closes the connection with a reset, without an answer
     CloseInBody,      ///< like StallInBody, but closes
+    CloseInHead,      ///< sends half of a good head, and closes
     EndlessBody,      ///< sends the head, then bytes until the client goes
     EndlessHead,      ///< sends header lines until the client goes
     SlowBytes,        ///< sends the answer byte by byte, one every 20 ms
@@ -49,18 +40,22 @@ struct JXTestAnswer {
 
 /// How a server is made.
 struct JXTestServerOptions {
+  enum class Certificate { Good, Expired, OfAnotherAuthority };
+
   bool tls = true;
+  int port = 0;  ///< one that a ReservedPort keeps; 0: the system chooses
+  Certificate certificate = Certificate::Good;
   std::vector<std::string> certificateNames{"IP:127.0.0.1", "DNS:localhost"};
   int newestTlsVersion = 0;  ///< such as TLS1_1_VERSION; 0: all
 };
 
-/// An HTTP/1.1 server on 127.0.0.1, at a port that the system chooses, with a certificate authority
-/// of its own. It answers as it is told, badly if need be, keeps what it received, and runs on
-/// threads of its own that end with it at once. Every operation is thread-safe; `waitFor...` block
-/// until the condition holds and return false when it does not after 20 seconds.
+/// An HTTP/1.1 server on 127.0.0.1, with a certificate authority of its own. It answers as it is
+/// told, badly if need be, keeps what it received, and runs on threads of its own that end with it
+/// at once. Every operation is thread-safe; `waitFor...` block until the condition holds and return
+/// false when it does not after 20 seconds.
 class JXTestServer {
  public:
-  explicit JXTestServer(JXTestServerOptions options = {});
+  explicit JXTestServer(const JXTestServerOptions& options = {});
   ~JXTestServer();
   JXTestServer(const JXTestServer&) = delete;
   JXTestServer& operator=(const JXTestServer&) = delete;
@@ -71,6 +66,9 @@ class JXTestServer {
   const std::string& caFile() const { return authority_.caFile(); }
   /// The SHA-256 of the server's public key in Base64.
   std::string publicKeyPin() const;
+
+  /// New connections get the certificate and the TLS versions of `options` from now on.
+  void present(const JXTestServerOptions& options);
 
   /// What every request gets for which nothing else was said; at first 200 with an empty body.
   void answerAll(JXTestAnswer answer);
@@ -101,14 +99,12 @@ class JXTestServer {
   bool waitForAbandoned(int count);
 
  private:
-  class Connection;
-
   void openSocket(int port);
   void listenOnSocket();
   void wakeAcceptor();
   void acceptConnections();
   void serve(int descriptor, int number);
-  void answer(Connection& connection, const JXTestAnswer& answer);
+  void answer(JXTestConnection& connection, const JXTestAnswer& answer);
   JXTestAnswer nextAnswer(JXTestRequest request);
   void endConnections();
   template <class Condition>
@@ -116,8 +112,11 @@ class JXTestServer {
   static int chooseProtocol(SSL* connection, const unsigned char** chosen, unsigned char* length,
                             const unsigned char* offered, unsigned int offeredLength, void* server);
 
-  const JXTestServerOptions options_;
+  JXOpenSsl<SSL> newTls() const;
+
+  const bool tls_;
   JXTestAuthority authority_;
+  JXTestAuthority stranger_{"unknown authority"};  // whom no client trusts
   JXOpenSsl<SSL_CTX> context_;
   int port_ = 0;
 

@@ -8,6 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <sstream>
@@ -21,14 +23,17 @@ struct Child {
   int pipe = -1;
 };
 
-Child forked(const std::function<void(int pipe)>& work) {
+Child forked(const std::function<void(int pipe)>& work, Ending ending = Ending::Kill) {
   int ends[2];
   if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
+  // What is buffered now would be written by both processes.
+  std::fflush(nullptr);
   const pid_t pid = ::fork();
   if (pid < 0) throw std::runtime_error("no process");
   if (pid == 0) {
     ::close(ends[0]);
     work(ends[1]);
+    if (ending == Ending::Exit) std::exit(0);  // NOLINT(concurrency-mt-unsafe)
     ::_exit(0);
   }
   ::close(ends[1]);
@@ -79,14 +84,16 @@ bool isReadable(int pipe) {
 
 }  // namespace
 
-std::string inLaunch(const std::function<std::string()>& work) {
-  const Child child = forked([&](int pipe) {
-    try {
-      writeAll(pipe, work());
-    } catch (const std::exception& error) {
-      writeAll(pipe, std::string("(threw ") + error.what() + ")");
-    }
-  });
+std::string inLaunch(const std::function<std::string()>& work, Ending ending) {
+  const Child child = forked(
+      [&](int pipe) {
+        try {
+          writeAll(pipe, work());
+        } catch (const std::exception& error) {
+          writeAll(pipe, std::string("(threw ") + error.what() + ")");
+        }
+      },
+      ending);
   const std::string text = readAll(child.pipe);
   ::close(child.pipe);
   int status = 0;

@@ -12,9 +12,9 @@
 #include <thread>
 
 #include "tests/core/storage/JXChildProcess.h"
-#include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXLogLines.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "jx/core/storage/JXSetAside.h"
-#include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {

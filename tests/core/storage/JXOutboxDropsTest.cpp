@@ -6,8 +6,8 @@
 
 #include <fstream>
 
-#include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {

@@ -8,8 +8,8 @@
 #include <set>
 
 #include "tests/core/storage/JXChildProcess.h"
-#include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {

@@ -8,8 +8,8 @@
 #include <set>
 #include <thread>
 
-#include "tests/core/storage/JXFailingDisk.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {

@@ -2,22 +2,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 
 #include "jx/core/storage/JXFile.h"
 
 namespace jx {
 
 /// Puts failing system calls in the place of the storage's, for one test. Counts the calls; those
-/// with numbers from `first` up to, not including, `end` fail with `error`.
+/// with numbers from `first` up to, not including, `end` fail with `error`. To be made and ended
+/// while no other thread uses storage; several may use it in between.
 class FailingDisk {
  public:
   /// How a failing write fails.
   enum class Write { Nothing, Half };
 
   FailingDisk(long first, long end, Write write, int error = ENOSPC) {
-    plan() = {0, first, end, write, error};
+    plan().calls = 0;
+    plan().failed = 0;
+    plan().first = first;
+    plan().end = end;
+    plan().write = write;
+    plan().error = error;
     JXFileCalls::current() = {&open, &writeParts, &truncate, &synchronize, &rename};
   }
   ~FailingDisk() { JXFileCalls::current() = JXFileCalls::system(); }
@@ -25,14 +33,19 @@ class FailingDisk {
   FailingDisk& operator=(const FailingDisk&) = delete;
 
   long calls() const { return plan().calls; }
+  /// How many calls have failed.
+  long failed() const { return plan().failed; }
   /// No call fails from now on.
   void heal() { plan().end = 0; }
+  /// Every call from number `first` on fails from now on.
+  void fail() { plan().end = std::numeric_limits<long>::max(); }
 
  private:
   struct Plan {
-    long calls;
+    std::atomic<long> calls;
+    std::atomic<long> failed;
     long first;
-    long end;
+    std::atomic<long> end;
     Write write;
     int error;
   };
@@ -43,6 +56,7 @@ class FailingDisk {
   static bool fails() {
     const long call = plan().calls++;
     if (call < plan().first || call >= plan().end) return false;
+    ++plan().failed;
     errno = plan().error;
     return true;
   }
