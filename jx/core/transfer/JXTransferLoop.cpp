@@ -59,6 +59,15 @@ const char* inWords(JXDropReason reason) {
   return "";
 }
 
+// What failed, without the numbers that differ from try to try, such as the time that it took.
+std::string causeOf(const JXHttpResult& result) {
+  std::string cause = describe(result);
+  if (result.outcome.status != 0) return cause;
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  cause.erase(std::remove_if(cause.begin(), cause.end(), isDigit), cause.end());
+  return cause;
+}
+
 }  // namespace
 
 JXString eventIdOf(std::string_view body) {
@@ -202,13 +211,15 @@ void JXTransferLoop::tellDropped() {
 
 void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {
   // One line for each cause, not for each try: a device may be offline for days.
-  const std::string why = describe(result);
-  const int level = why == lastFailure_ ? 6 : 3;
-  lastFailure_ = why;
+  std::string cause = causeOf(result);
+  const int level = cause == lastFailure_ ? 6 : 3;
+  lastFailure_ = std::move(cause);
   if (!JXLogger::sharedInstance().printsLevel(level)) return;
   const auto pause = std::max(std::chrono::ceil<milliseconds>(plan_.retryState().pausedUntil - now),
                               milliseconds::zero());
-  log("Requests stay queued, next try in " + std::to_string(pause.count()) + " ms: " + why, level);
+  log("Requests stay queued, next try in " + std::to_string(pause.count()) +
+          " ms: " + describe(result),
+      level);
 }
 
 void JXTransferLoop::tell(const JXDelivery& delivery) { callSafely(setup_.onDelivery, delivery); }

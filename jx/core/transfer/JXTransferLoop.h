@@ -51,7 +51,7 @@ class JXTransferLoop {
   JXTransferSetup setup_;
   JXTransferPlan plan_;
   JXTransferOrders obeyed_;
-  std::string lastFailure_;  // the reason that was logged last, empty after a success
+  std::string lastFailure_;  // the cause that was logged last, empty after a success
   std::atomic<std::uint64_t> tries_{0};
   std::atomic<std::uint64_t> failures_{0};
 };

@@ -39,7 +39,7 @@ class FakeTransport : public JXHttpTransport {
       const auto own = statusOf.find(result.request.body);
       if (own != statusOf.end()) result.outcome.status = own->second;
       result.retryAfter = retryAfter;
-      if (outcome.status == 0) result.reason = "refused";
+      if (outcome.status == 0) result.reason = reason;
       results.push_back(std::move(result));
     }
     inFlight.clear();
@@ -53,6 +53,7 @@ class FakeTransport : public JXHttpTransport {
   JXTryOutcome outcome{200, false};
   std::map<std::string, int> statusOf;  // by body, in place of that of `outcome`
   JXString retryAfter;
+  std::string reason = "refused";
   std::vector<JXHttpRequest> started;
   std::vector<JXHttpRequest> inFlight;
   std::vector<std::optional<milliseconds>> timeouts;
@@ -265,6 +266,20 @@ TEST_F(TransferLoop, AFailureIsLoggedOnceForEachCause) {
   EXPECT_EQ(1u, log.linesWith("next try in 500 ms: refused").size());
   EXPECT_EQ(1u, log.linesWith("HTTP status 503").size());
   EXPECT_EQ(2u, log.linesWith("3 Requests stay queued").size());
+}
+
+TEST_F(TransferLoop, FailuresThatDifferInNumbersOnlyAreOneCause) {
+  const test::JXLogCapture log;
+  transport->outcome = {0, false};
+  add("a");
+  for (const char* reason : {"no connection after 12 ms", "no connection after 7 ms", "no name"}) {
+    transport->reason = reason;
+    turn();
+    now += 10min;
+  }
+  EXPECT_EQ((Texts{"3 Requests stay queued, next try in 500 ms: no connection after 12 ms",
+                   "3 Requests stay queued, next try in 2000 ms: no name"}),
+            log.linesWith("Requests stay queued"));
 }
 
 TEST_F(TransferLoop, WhatACallbackThrowsIsDropped) {
