@@ -83,6 +83,7 @@ std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOption
   if (code == CURLE_SSL_CACERT_BADFILE && options.caFile.isPresent()) {
     return "the CA file " + options.caFile.toStdString() + " is missing or holds no certificates";
   }
+  if (code == CURLE_OK) return "the answer ended in the middle of its head";
   std::string text = curl_easy_strerror(code);
   if (exchange.error[0] != '\0') text.append(" (").append(exchange.error).append(")");
   return text;

@@ -278,6 +278,12 @@ TEST(CurlTransport, ABodyThatBreaksOffLeavesTheStatus) {
   EXPECT_EQ(200, postTold(told(Manner::CloseInBody)).outcome.status);
 }
 
+TEST(CurlTransport, AHeadThatBreaksOffIsNoAnswer) {
+  const JXHttpResult result = postTold(told(Manner::CloseInHead));
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_EQ("the answer ended in the middle of its head", result.reason);
+}
+
 TEST(CurlTransport, AResetIsNoAnswer) {
   const JXHttpResult result = postTold(told(Manner::Reset));
   EXPECT_EQ(0, result.outcome.status);
