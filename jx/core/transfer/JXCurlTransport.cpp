@@ -222,6 +222,10 @@ class JXCurlTransport::Implementation {
       set(CURLOPT_CAINFO, options_.caFile.c_str());
       // Otherwise the system's folder would be trusted besides.
       curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
+#if LIBCURL_VERSION_NUM >= 0x075700
+      // A file that is replaced counts from the next connection on, not a day later.
+      curl_easy_setopt(easy, CURLOPT_CA_CACHE_TIMEOUT, 0L);
+#endif
     }
     if (!options_.pinnedPublicKeys.empty()) {
       set(CURLOPT_PINNEDPUBLICKEY, joinedPins(options_.pinnedPublicKeys).c_str());

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <set>
 #include <thread>
 
@@ -185,6 +186,21 @@ TEST(CurlTransport, ARubbishCaFileIsNamedAndIsNoAnswer) {
   std::remove(path.c_str());
   EXPECT_EQ(0, result.outcome.status);
   EXPECT_EQ("the CA file " + path + " is missing or holds no certificates", result.reason);
+}
+
+TEST(CurlTransport, AReplacedCaFileCountsFromTheNextConnectionOn) {
+  JXTestServer server;
+  const test::JXTestAuthority other("another authority");
+  const std::string path = other.caFile() + ".copy";
+  std::filesystem::copy_file(other.caFile(), path);
+  JXHttpOptions options;
+  options.caFile = path;
+  JXCurlTransport transport(options);
+  EXPECT_EQ(0, post(transport, server.url()).outcome.status);
+  std::filesystem::copy_file(server.caFile(), path,
+                             std::filesystem::copy_options::overwrite_existing);
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  std::remove(path.c_str());
 }
 
 TEST(CurlTransport, PlainHttpBeyondTheDeviceIsNeverSent) {
