@@ -1,0 +1,89 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/fault/ServerStory.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace jx::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::string_view kStaysQueued = "Requests stay queued, next try in ";
+
+}  // namespace
+
+ServerStory::ServerStory(const JXTestServerOptions& options) : server(options), url(server.url()) {
+  setup.clock = time.day;
+  setup.steadyNow = time.steadyNow();
+  setup.draw = [] { return 0.5; };
+  setup.caFile = server.caFile();
+  setup.proxy = "";
+  // The disk is not what these stories are about: a sync is due at once.
+  setup.timings.syncDelay = 0ms;
+  setup.onDelivery = [this](const JXDelivery& delivery) { deliveries.add(delivery); };
+  setup.maintain = [this] { maintained_.add(1); };
+  JXLogger::sharedInstance().setMaxLevel(6);
+  JXLogger::sharedInstance().setSink(
+      [this](int level, std::string_view text) { keepLine(level, std::string(text)); });
+}
+
+ServerStory::~ServerStory() {
+  transfer_.reset();
+  JXLogger::sharedInstance().setSink(nullptr);
+}
+
+void ServerStory::keepLine(int level, const std::string& text) {
+  if (text.rfind(kStaysQueued, 0) != 0) {
+    lines_.add({level, text});
+    return;
+  }
+  const std::size_t reason = text.find(": ") + 2;
+  const std::chrono::milliseconds pause(std::atoll(text.c_str() + kStaysQueued.size()));
+  failures.add({level, pause, text.substr(reason)});
+}
+
+void ServerStory::startProcess() {
+  setup.outbox = std::make_shared<JXOutbox>(folder.path("outbox"), JXOutboxBounds(), time.day);
+  transfer_ = std::make_unique<JXTransfer>(setup);
+  transfer_->start();
+}
+
+void ServerStory::endProcess() {
+  triesOfEndedProcesses += counters().tries;
+  deliveredByEndedProcesses += counters().outbox.delivered;
+  transfer_.reset();
+  setup.outbox.reset();
+}
+
+void ServerStory::execute(const std::string& eventId) { transfer_->enqueue(url, bodyOf(eventId)); }
+
+// The thread tells of its storage work in the middle of a turn: when it does so a second time, the
+// turn before is over.
+bool ServerStory::advance(std::chrono::milliseconds passed) {
+  time.advance(passed);
+  return turn() && turn();
+}
+
+bool ServerStory::turn() {
+  const std::size_t before = maintained_.all().size();
+  transfer_->storageChanged();
+  return maintained_.waitFor(before + 1);
+}
+
+bool ServerStory::deliverAll() { return transfer_->flush(20s); }
+
+int ServerStory::connections() const {
+  return server.connections() + elsewhere.connections() + (proxy ? proxy->connections() : 0);
+}
+
+std::vector<std::string> ServerStory::lines(int level) const {
+  std::vector<std::string> found;
+  for (const Line& line : lines_.all()) {
+    if (line.level <= level) found.push_back(std::to_string(line.level) + " " + line.text);
+  }
+  return found;
+}
+
+}  // namespace jx::test

@@ -1,0 +1,115 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/fault/StorageStory.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "jx/core/storage/JXOutbox.h"
+#include "jx/events/JXCustomEvent.h"
+#include "tests/fault/FaultTable.h"
+
+namespace jx::test {
+namespace {
+
+using namespace std::chrono_literals;
+using Texts = std::vector<std::string>;
+
+Texts sorted(Texts texts) {
+  std::sort(texts.begin(), texts.end());
+  return texts;
+}
+
+}  // namespace
+
+StorageStory::StorageStory() {
+  platform->hasUserDefaults = false;
+  configuration.storageFolder = storage().makeFolder("state");
+  configuration.collectionHost = server.url("");
+  configuration.caFile = server.caFile();
+  configuration.proxy = "";
+  configuration.dryRun = false;
+  configuration.retryTimings.firstPause = 1ms;
+  configuration.retryTimings.longestPause = 10ms;
+  configuration.retryTimings.syncDelay = 1ms;
+  configuration.retryTimings.startHold = 0ms;
+  configuration.logLevel = 3;
+  server.refuse();
+}
+
+void StorageStory::executeMany(ServerSide& serverSide, std::size_t count) {
+  const std::size_t before = requests().size();
+  for (std::size_t i = 0; i < count; ++i)
+    serverSide.execute(JXCustomEvent::initWithName("quiz"));
+  EXPECT_EQ(requests().size(), before + count);
+}
+
+bool StorageStory::waitUntilOnDisk() const {
+  const auto deadline = std::chrono::steady_clock::now() + 20s;
+  while (counters().outbox.inMemory != 0) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::yield();
+  }
+  return true;
+}
+
+Texts StorageStory::onDisk() const {
+  std::string error;
+  Texts bodies;
+  for (const JXOutboxListing& listing : listOutbox(state() + "/outbox", error))
+    bodies.push_back(listing.body);
+  return sorted(bodies);
+}
+
+Texts StorageStory::executed(std::size_t from, std::uint64_t dropped) const {
+  Texts bodies;
+  for (std::size_t i = 0; i < requests().size(); ++i) {
+    if (i < from || i >= from + dropped) bodies.push_back(requests()[i].text);
+  }
+  return sorted(bodies);
+}
+
+void StorageStory::removeState() const {
+  const std::string aside = storage().path("removed");
+  std::filesystem::rename(state(), aside);
+  std::filesystem::remove_all(aside);
+}
+
+void StorageStory::replaceStateByAFile() const {
+  const std::string aside = storage().write("removed", "a file");
+  ASSERT_EQ(::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, state().c_str(), RENAME_EXCHANGE), 0);
+  std::filesystem::remove_all(aside);
+}
+
+void StorageStory::expectEachDeliveredOnce(Texts bodies) {
+  server.accept();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().flush(20s));
+  // Whole bodies would make a long story of a failure.
+  EXPECT_EQ(server.requests().size(), bodies.size());
+  EXPECT_TRUE(sorted(server.bodies()) == sorted(std::move(bodies)));
+  EXPECT_EQ(counters().outbox.delivered, server.requests().size());
+  EXPECT_EQ(counters().outbox.rejected, 0u);
+}
+
+Texts StorageStory::storageLines() const {
+  Texts found;
+  for (const LogLine& line : linesUpTo(3)) {
+    if (line.message.find(state()) == std::string::npos) continue;
+    found.push_back(std::to_string(line.level) + " " + line.message);
+  }
+  return found;
+}
+
+void StorageStory::writeRow(const std::string& order, const std::string& fault,
+                            const std::string& did, const std::string& library,
+                            std::uint64_t held) const {
+  writeFaultRow({order, fault, did, library, counters().outbox.delivered, held,
+                 counters().outbox.rejected, droppedOf(counters().outbox)});
+}
+
+}  // namespace jx::test
