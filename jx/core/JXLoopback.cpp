@@ -4,17 +4,28 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <strings.h>
 
+#include <algorithm>
 #include <string>
 
 namespace jx {
+namespace {
+
+bool isLocalhost(std::string_view host) {
+  constexpr std::string_view kName = "localhost";
+  const auto isSame = [](char one, char other) {
+    return one == other || (one >= 'A' && one <= 'Z' && one + ('a' - 'A') == other);
+  };
+  return host.size() == kName.size() && std::equal(host.begin(), host.end(), kName.begin(), isSame);
+}
+
+}  // namespace
 
 bool isLoopbackHost(std::string_view host) {
   // What follows reads up to a NUL.
   if (host.find('\0') != std::string_view::npos) return false;
+  if (isLocalhost(host)) return true;
   const std::string text(host);
-  if (::strcasecmp(text.c_str(), "localhost") == 0) return true;
   in_addr four{};
   if (::inet_pton(AF_INET, text.c_str(), &four) == 1) return (ntohl(four.s_addr) >> 24) == 127;
   if (text.size() < 2 || text.front() != '[' || text.back() != ']') return false;

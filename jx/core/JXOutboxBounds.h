@@ -33,10 +33,10 @@ struct JXOutboxCounters {
   std::uint64_t added = 0;
   std::uint64_t delivered = 0;
   std::uint64_t rejected = 0;
-  std::uint64_t droppedTooMany = 0;    ///< the oldest, because of maxRequests
-  std::uint64_t droppedTooLarge = 0;   ///< the oldest, or one alone, because of maxBytes
-  std::uint64_t droppedTooOld = 0;     ///< because of maxAge
-  std::uint64_t droppedNoStorage = 0;  ///< the oldest in memory, because of maxInMemory
+  std::uint64_t droppedTooMany = 0;     ///< the oldest, because of maxRequests
+  std::uint64_t droppedTooLarge = 0;    ///< the oldest, or one alone, because of maxBytes
+  std::uint64_t droppedTooOld = 0;      ///< because of maxAge
+  std::uint64_t droppedNoStorage = 0;   ///< the oldest in memory, because of maxInMemory
   std::uint64_t droppedUnreadable = 0;  ///< its bytes on the disk were damaged meanwhile
   std::uint64_t purged = 0;
   std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
