@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 
@@ -169,7 +170,7 @@ std::optional<std::int64_t> msOfIsoTime(std::string_view text) {
   parts.tm_year -= 1900;
   parts.tm_mon -= 1;
   const std::int64_t offset = (sign == '-' ? -60 : 60) * (60 * hours + minutes);
-  const auto fraction = static_cast<std::int64_t>(seconds * 1000 + 0.5);
+  const auto fraction = static_cast<std::int64_t>(std::llround(seconds * 1000));
   return (static_cast<std::int64_t>(::timegm(&parts)) - offset) * 1000 + fraction;
 }
 
