@@ -65,7 +65,8 @@ TEST(DemoProgram, WithoutOnceThePageStaysOpenUntilItIsInterrupted) {
   const std::string page = demo.output().substr(begin, demo.output().find(' ', begin) - begin);
   const auto answer = HttpsClient().get(page);
   EXPECT_EQ(answer.status, 200) << page;
-  EXPECT_TRUE(contains(answer.body, "film_pause"));
+  EXPECT_TRUE(contains(answer.body, "<!DOCTYPE html>"));
+  EXPECT_TRUE(contains(HttpsClient().get(page + "api/events").body, "film_pause"));
   demo.signal(SIGINT);
   const auto result = demo.wait(kPatience);
   EXPECT_EQ(result.status, 0);

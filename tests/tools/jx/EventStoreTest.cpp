@@ -37,7 +37,7 @@ std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
 // The bodies of what the query gives, in its order.
 std::vector<std::string> bodies(const EventStore& store, const EventQuery& query = {}) {
   std::vector<std::string> found;
-  const auto events = store.list(query);
+  const auto events = store.reading().list(query);
   if (!events) throw std::runtime_error(events.failure().text);
   for (const StoredEvent& event : *events)
     found.push_back(event.request.body);
@@ -51,7 +51,7 @@ TEST(EventStore, KeepsEveryPartOfARequest) {
       R"({"event_name":"play","context":{"event_id":"e1","event_timestamp":9}})";
   const Outcome<std::int64_t> id = store->add(requestWith(body, 1234));
   ASSERT_TRUE(id);
-  const auto event = store->find(*id);
+  const auto event = store->reading().find(*id);
   ASSERT_TRUE(event && *event);
   EXPECT_EQ((*event)->request.receivedMs, 1234);
   EXPECT_EQ((*event)->request.method, "POST");
@@ -93,7 +93,7 @@ TEST(EventStore, ARepeatedEventIdIsStoredOnceAndCounted) {
   ASSERT_TRUE(first && second && third);
   EXPECT_EQ(*second, *first);
   EXPECT_EQ(*third, *first);
-  const auto event = store->find(*first);
+  const auto event = store->reading().find(*first);
   ASSERT_TRUE(event && *event);
   EXPECT_EQ((*event)->repeats, 2);
   EXPECT_EQ((*event)->request.receivedMs, 10);
@@ -116,7 +116,7 @@ TEST(EventStore, TheOldestEventsGoWhenTheBoundIsReached) {
     ASSERT_TRUE(store->add(requestWith(body)));
   }
   EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[3]", "[4]", "[5]"}));
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->events, 3);
   EXPECT_EQ(summary->evicted, 2);
@@ -142,7 +142,7 @@ TEST(EventStore, RowNumbersAreNotUsedTwice) {
   const auto second = store->add(requestWith("[2]"));
   ASSERT_TRUE(first && second);
   EXPECT_GT(*second, *first);
-  const auto evicted = store->find(*first);
+  const auto evicted = store->reading().find(*first);
   ASSERT_TRUE(evicted);
   EXPECT_FALSE(*evicted);
 }
@@ -183,11 +183,11 @@ TEST(EventStore, AListOfLargeBodiesStopsEarlyAndCanBeGoneOnWith) {
     ASSERT_TRUE(store->add(requestWith(large)));
   EventQuery query;
   query.after = 0;
-  const auto first = store->list(query);
+  const auto first = store->reading().list(query);
   ASSERT_TRUE(first);
   ASSERT_EQ(first->size(), 3u);
   query.after = first->back().id;
-  const auto rest = store->list(query);
+  const auto rest = store->reading().list(query);
   ASSERT_TRUE(rest);
   EXPECT_EQ(rest->size(), 1u);
 }
@@ -200,21 +200,22 @@ TEST(EventStore, TheSummaryCountsRequestsEventsRepeatsAndNames) {
   ASSERT_TRUE(store->add(requestWith(eventBody("e3", "play"), 300)));
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 400)));
   ASSERT_TRUE(store->add(requestWith("rubbish", 350)));
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 5);
   EXPECT_EQ(summary->events, 4);
   EXPECT_EQ(summary->repeats, 1);
-  EXPECT_EQ(summary->bad, 1);
+  EXPECT_EQ(summary->good, 0);
+  EXPECT_EQ(summary->bad, 4);
   EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>(100));
   EXPECT_EQ(summary->lastMs, std::optional<std::int64_t>(400));
-  EXPECT_EQ(summary->byName, (std::vector<std::pair<std::optional<std::string>, std::int64_t>>{
-                                 {std::nullopt, 1}, {"play", 2}, {"stop", 1}}));
+  EXPECT_EQ(summary->byName, (std::vector<EventSummary::Name>{
+                                 {std::nullopt, 1, 1}, {"play", 2, 2}, {"stop", 1, 1}}));
 }
 
 TEST(EventStore, AnEmptyStoreHasAnEmptySummary) {
   const ScratchFolder folder;
-  const auto summary = openStore(folder / "events.db")->summary();
+  const auto summary = openStore(folder / "events.db")->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 0);
   EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>());
@@ -231,17 +232,153 @@ TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
         EXPECT_TRUE(store->add(requestWith(eventBody("shared" + std::to_string(i), "shared"))));
         const std::string own = std::to_string(thread) + "-" + std::to_string(i);
         EXPECT_TRUE(store->add(requestWith(eventBody(own, "own"))));
-        EXPECT_TRUE(store->summary());
+        EXPECT_TRUE(store->reading().summary(0));
       }
     });
   }
   for (std::thread& thread : threads)
     thread.join();
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 800);
   EXPECT_EQ(summary->events, 450);
   EXPECT_EQ(summary->repeats, 350);
+}
+
+TEST(EventStore, RemovingAllForgetsEventsRepeatsAndEvictions) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db", 2);
+  for (const char* id : {"e1", "e2", "e3"})
+    ASSERT_TRUE(store->add(requestWith(eventBody(id, "play"))));
+  const Outcome<std::int64_t> removed = store->removeAll();
+  ASSERT_TRUE(removed);
+  EXPECT_EQ(*removed, 2);
+  const auto summary = store->reading().summary(0);
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->events, 0);
+  EXPECT_EQ(summary->evicted, 0);
+  const auto again = store->add(requestWith(eventBody("e1", "play")));
+  ASSERT_TRUE(again);
+  EXPECT_EQ(*again, 4);
+}
+
+TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  StoredEvent event;
+  event.request = requestWith(eventBody("e1", "play"), 10);
+  event.lastSeenMs = 40;
+  event.repeats = 3;
+  const Outcome<bool> first = store->restore(event);
+  const Outcome<bool> second = store->restore(event);
+  ASSERT_TRUE(first && second);
+  EXPECT_TRUE(*first);
+  EXPECT_FALSE(*second);
+  const auto kept = store->reading().find(1);
+  ASSERT_TRUE(kept && *kept);
+  EXPECT_EQ((*kept)->receivedMs, 10);
+  EXPECT_EQ((*kept)->lastSeenMs, 40);
+  EXPECT_EQ((*kept)->repeats, 3);
+}
+
+TEST(EventStore, WhatHappensIsTold) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  ArrivalFeed::Watch watch(store->feed());
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
+  ASSERT_TRUE(store->removeAll());
+  const ArrivalFeed::News news = watch.take();
+  EXPECT_EQ(news.last, 1);
+  ASSERT_EQ(news.signals.size(), 2u);
+  EXPECT_EQ(news.signals[0].kind, ArrivalFeed::Signal::Kind::Repeat);
+  EXPECT_EQ(news.signals[0].id, 1);
+  EXPECT_EQ(news.signals[0].repeats, 1);
+  EXPECT_EQ(news.signals[1].kind, ArrivalFeed::Signal::Kind::Reset);
+  EXPECT_EQ(news.signals[1].id, 1);
+}
+
+// The tables as the first version of the program made them.
+constexpr const char* kFirstVersion = R"sql(
+CREATE TABLE events (
+  id INTEGER PRIMARY KEY AUTOINCREMENT, received_ms INTEGER NOT NULL,
+  last_seen_ms INTEGER NOT NULL, repeats INTEGER NOT NULL DEFAULT 0, event_id TEXT, name TEXT,
+  event_timestamp INTEGER, site INTEGER, token TEXT, problem TEXT, method TEXT NOT NULL,
+  path TEXT NOT NULL, query TEXT NOT NULL, headers TEXT NOT NULL, body BLOB NOT NULL);
+CREATE UNIQUE INDEX events_by_event_id ON events (event_id) WHERE event_id IS NOT NULL;
+CREATE INDEX events_by_name ON events (name, repeats, problem);
+CREATE INDEX events_by_received ON events (received_ms);
+CREATE INDEX events_by_last_seen ON events (last_seen_ms);
+CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
+INSERT INTO counters VALUES ('evicted', 5);
+INSERT INTO events VALUES (6, 100, 300, 2, 'e1', 'login', 9, 7, 'key', NULL, 'POST', '/events',
+  'jx_s=7&token=key', '[{"name":"A","value":"b"}]',
+  CAST('{"event_name":"login","context":{"event_id":"e1","event_timestamp":9}}' AS BLOB));
+INSERT INTO events VALUES (8, 200, 200, 0, NULL, NULL, NULL, NULL, NULL, 'not JSON', 'POST',
+  '/events', '', '[]', CAST('rubbish' AS BLOB));
+PRAGMA user_version = 1;
+)sql";
+
+TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
+  const ScratchFolder folder;
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(database->execute(kFirstVersion));
+  }
+  const auto store = openStore(folder / "events.db");
+  const auto events = store->reading().list({});
+  ASSERT_TRUE(events);
+  ASSERT_EQ(events->size(), 2u);
+  const StoredEvent& first = events->front();
+  EXPECT_EQ(first.id, 6);
+  EXPECT_EQ(first.receivedMs, 100);
+  EXPECT_EQ(first.lastSeenMs, 300);
+  EXPECT_EQ(first.repeats, 2);
+  EXPECT_EQ(first.className, std::optional<std::string>("JXLoginEvent"));
+  EXPECT_EQ(first.errors, 3);  // device, application, user
+  EXPECT_EQ(first.facts.token, std::optional<std::string>("key"));
+  EXPECT_EQ(first.bytes, 70);
+  EXPECT_EQ(first.request.headers.size(), 1u);
+  EXPECT_EQ(first.request.body.size(), 70u);
+  EXPECT_EQ(events->back().facts.problem, std::optional<std::string>("not JSON"));
+  EXPECT_EQ(events->back().request.body, "rubbish");
+  const auto summary = store->reading().summary(0);
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->evicted, 5);
+  EXPECT_EQ(summary->bad, 2);
+  const auto next = store->add(requestWith("{}"));
+  ASSERT_TRUE(next);
+  EXPECT_EQ(*next, 9);
+}
+
+TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
+  const ScratchFolder folder;
+  {
+    const auto store = openStore(folder / "events.db");
+    ASSERT_TRUE(store->add(requestWith(eventBody("e1", "login"))));
+  }
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(
+        database->execute("UPDATE events SET class = 'Other', good = 1, errors = 0, "
+                          "line = 'old'"));
+  }
+  const auto rowOf = [&folder] {
+    const auto rows = openStore(folder / "events.db")->reading().rows({});
+    if (!rows) throw std::runtime_error(rows.failure().text);
+    return rows->at(0);
+  };
+  EXPECT_EQ(rowOf().className, std::optional<std::string>("Other"));
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(database->execute("UPDATE counters SET value = value + 1 WHERE name = 'rules'"));
+  }
+  EXPECT_EQ(rowOf().className, std::optional<std::string>("JXLoginEvent"));
+  EXPECT_FALSE(rowOf().isGood());
+  EXPECT_EQ(rowOf().line, "");
 }
 
 TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
