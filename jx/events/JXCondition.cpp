@@ -27,6 +27,22 @@ bool JXCondition::concerns(std::string_view eventName) const {
   return (onlyFor.empty() || contains(onlyFor, eventName)) && !contains(exceptFor, eventName);
 }
 
+bool JXCondition::holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const {
+  switch (kind) {
+    case Kind::Never:
+      return false;
+    case Kind::UsableText:
+      return ofKey.isUsable;
+    case Kind::Present:
+      return ofKey.isPresent;
+    case Kind::NotEmpty:
+      return ofKey.hasEntries;
+    case Kind::Together:
+      return ofKey.isPresent == ofOtherKey.isUsable;
+  }
+  return false;
+}
+
 JXCondition neverComplete() { return condition(JXCondition::Kind::Never, {}); }
 
 JXCondition usable(std::string_view key) { return condition(JXCondition::Kind::UsableText, key); }

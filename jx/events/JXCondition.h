@@ -7,6 +7,13 @@
 
 namespace jx {
 
+/// What can be asked of a field's value without knowing its type.
+struct JXFieldState {
+  bool isPresent = false;   ///< not absent
+  bool isUsable = false;    ///< a text of at least one character
+  bool hasEntries = false;  ///< a list of at least one element
+};
+
 /// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
 /// event itself and its JSON can be judged by the same line.
 struct JXCondition {
@@ -28,6 +35,8 @@ struct JXCondition {
 
   /// True when the condition counts for an event of this name.
   bool concerns(std::string_view eventName) const;
+  /// Judges by the field under `key` and, of Together, the one under `otherKey`.
+  bool holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const;
 };
 
 JXCondition neverComplete();

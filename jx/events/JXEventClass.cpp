@@ -34,20 +34,7 @@ const JXCondition* JXEventClass::firstFailed(const JXEvent& event) const {
 }
 
 bool JXEventClass::holds(const JXCondition& condition, const JXEvent& event) const {
-  switch (condition.kind) {
-    case JXCondition::Kind::Never:
-      return false;
-    case JXCondition::Kind::UsableText:
-      return stateOfKey(event, condition.key).isUsable;
-    case JXCondition::Kind::Present:
-      return stateOfKey(event, condition.key).isPresent;
-    case JXCondition::Kind::NotEmpty:
-      return stateOfKey(event, condition.key).hasEntries;
-    case JXCondition::Kind::Together:
-      return stateOfKey(event, condition.key).isPresent ==
-             stateOfKey(event, condition.otherKey).isUsable;
-  }
-  return false;
+  return condition.holds(stateOfKey(event, condition.key), stateOfKey(event, condition.otherKey));
 }
 
 JXFieldState JXEventClass::stateOfKey(const JXEvent& event, std::string_view key) const {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/events/JXFieldTable.h"
 
+#include <algorithm>
+
 namespace jx {
 
 std::size_t JXFieldTable::findProperty(std::string_view property) const {
@@ -16,6 +18,20 @@ std::size_t JXFieldTable::findKey(std::string_view key) const {
     if (fields_[i].key == key) return i;
   }
   return npos;
+}
+
+JXFieldState JXFieldTable::stateOfKey(const JXAdditionalProperties& object,
+                                      std::string_view key) const {
+  const std::size_t field = findKey(key);
+  return field != npos ? state(object, field) : JXFieldState{};
+}
+
+bool JXFieldTable::meetsAll(const JXAdditionalProperties& object,
+                            const std::vector<JXCondition>& conditions) const {
+  return std::all_of(conditions.begin(), conditions.end(), [&](const JXCondition& condition) {
+    return condition.holds(stateOfKey(object, condition.key),
+                           stateOfKey(object, condition.otherKey));
+  });
 }
 
 }  // namespace jx

@@ -10,6 +10,7 @@
 
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/events/JXCondition.h"
 
 namespace jx {
 
@@ -56,13 +57,6 @@ struct JXFieldInfo {
   JXTextTable choices;  ///< of a Choice; else empty
 };
 
-/// What can be asked of a field's value without knowing its type.
-struct JXFieldState {
-  bool isPresent = false;   ///< not absent
-  bool isUsable = false;    ///< a text of at least one character
-  bool hasEntries = false;  ///< a list of at least one element
-};
-
 /// The fields that a class writes, in writing order, seen without the class's type. Whatever
 /// needs the fields (the JSON writer, the replay program, the collector's checks, the catalogue)
 /// reads them here. Immutable; objects that are handed in must be of the table's class.
@@ -79,6 +73,11 @@ class JXFieldTable {
   /// Writes every field into `dict`, in order.
   virtual void write(const JXAdditionalProperties& object, JXJsonObject& dict) const = 0;
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
+  /// The same by JSON key; of nothing when no field has it.
+  JXFieldState stateOfKey(const JXAdditionalProperties& object, std::string_view key) const;
+  /// True when the object meets every one of the conditions.
+  bool meetsAll(const JXAdditionalProperties& object,
+                const std::vector<JXCondition>& conditions) const;
   /// Gives a field the value; JSON's null sets it to absent, which a flag and an enumeration cannot
   /// be. Returns what is wrong with the value and leaves the object unchanged; empty when nothing
   /// is wrong.

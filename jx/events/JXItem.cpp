@@ -23,8 +23,7 @@ std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
 }
 
 bool JXItem::verifyItem() const {
-  return ID_.testString() && product_ != nullptr && product_->verifyProduct() &&
-         fieldvalue::state(quantity_).isPresent;
+  return fields().meetsAll(*this, conditions()) && product_->verifyProduct();
 }
 
 JXJsonObject JXItem::getJsonObject() const {
@@ -45,6 +44,12 @@ const JXFieldTable& JXItem::fields() {
       {JXI_PRODUCT, "product", &JXItem::product_},
   };
   return table;
+}
+
+const std::vector<JXCondition>& JXItem::conditions() {
+  static const auto& list =
+      *new std::vector<JXCondition>{usable(JX_ID), present(JXI_PRODUCT), present(JXI_QUANTITY)};
+  return list;
 }
 
 }  // namespace jx

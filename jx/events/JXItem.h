@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXCondition.h"
 #include "jx/events/JXFieldTable.h"
 #include "jx/events/JXProduct.h"
 #include "jx/platform/JXString.h"
@@ -50,6 +52,8 @@ class JXItem final : public JXAdditionalProperties {
   void setAffiliation(const JXString& value) { affiliation_ = value; }
 
   static const JXFieldTable& fields();
+  /// What `verifyItem` tests, by JSON key; the product beside it must verify.
+  static const std::vector<JXCondition>& conditions();
 
  private:
   JXItem() = default;

@@ -18,9 +18,7 @@ std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
   return product;
 }
 
-bool JXProduct::verifyProduct() const {
-  return ID_.testString() && name_.testString() && fieldvalue::state(price_).isPresent;
-}
+bool JXProduct::verifyProduct() const { return fields().meetsAll(*this, conditions()); }
 
 JXJsonObject JXProduct::getJsonObject() const {
   JXJsonObject dict = getAdditionalProperties().mutableCopy();
@@ -40,6 +38,12 @@ const JXFieldTable& JXProduct::fields() {
       {JXP_COLORS, "colors", &JXProduct::colors_},
   };
   return table;
+}
+
+const std::vector<JXCondition>& JXProduct::conditions() {
+  static const auto& list =
+      *new std::vector<JXCondition>{usable(JX_ID), usable(JXP_NAME), present(JXP_PRICE)};
+  return list;
 }
 
 }  // namespace jx

@@ -4,10 +4,12 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/JXList.h"
 #include "jx/core/json/JXDecimal.h"
+#include "jx/events/JXCondition.h"
 #include "jx/events/JXFieldTable.h"
 #include "jx/platform/JXString.h"
 
@@ -49,6 +51,8 @@ class JXProduct final : public JXAdditionalProperties {
   void setSize(const JXString& value) { size_ = value; }
 
   static const JXFieldTable& fields();
+  /// What `verifyProduct` tests, by JSON key.
+  static const std::vector<JXCondition>& conditions();
 
  private:
   JXProduct() = default;

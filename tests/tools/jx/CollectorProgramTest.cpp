@@ -102,7 +102,7 @@ TEST(CollectorProgram, HelpNamesEveryOption) {
   const auto result = runJx({"collector", "--help"});
   EXPECT_EQ(result.status, 0);
   for (const char* option : {"--state", "--port", "--listen", "--web-port", "--web-listen",
-                             "--name", "--max-events", "--ports-file"}) {
+                             "--name", "--max-events", "--strict", "--ports-file"}) {
     EXPECT_NE(result.output.find(option), std::string::npos) << option;
   }
 }

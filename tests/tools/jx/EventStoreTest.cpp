@@ -37,7 +37,7 @@ std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
 // The bodies of what the query gives, in its order.
 std::vector<std::string> bodies(const EventStore& store, const EventQuery& query = {}) {
   std::vector<std::string> found;
-  const auto events = store.list(query);
+  const auto events = store.reading().list(query);
   if (!events) throw std::runtime_error(events.failure().text);
   for (const StoredEvent& event : *events)
     found.push_back(event.request.body);
@@ -51,7 +51,7 @@ TEST(EventStore, KeepsEveryPartOfARequest) {
       R"({"event_name":"play","context":{"event_id":"e1","event_timestamp":9}})";
   const Outcome<std::int64_t> id = store->add(requestWith(body, 1234));
   ASSERT_TRUE(id);
-  const auto event = store->find(*id);
+  const auto event = store->reading().find(*id);
   ASSERT_TRUE(event && *event);
   EXPECT_EQ((*event)->request.receivedMs, 1234);
   EXPECT_EQ((*event)->request.method, "POST");
@@ -93,7 +93,7 @@ TEST(EventStore, ARepeatedEventIdIsStoredOnceAndCounted) {
   ASSERT_TRUE(first && second && third);
   EXPECT_EQ(*second, *first);
   EXPECT_EQ(*third, *first);
-  const auto event = store->find(*first);
+  const auto event = store->reading().find(*first);
   ASSERT_TRUE(event && *event);
   EXPECT_EQ((*event)->repeats, 2);
   EXPECT_EQ((*event)->request.receivedMs, 10);
@@ -116,7 +116,7 @@ TEST(EventStore, TheOldestEventsGoWhenTheBoundIsReached) {
     ASSERT_TRUE(store->add(requestWith(body)));
   }
   EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[3]", "[4]", "[5]"}));
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->events, 3);
   EXPECT_EQ(summary->evicted, 2);
@@ -142,7 +142,7 @@ TEST(EventStore, RowNumbersAreNotUsedTwice) {
   const auto second = store->add(requestWith("[2]"));
   ASSERT_TRUE(first && second);
   EXPECT_GT(*second, *first);
-  const auto evicted = store->find(*first);
+  const auto evicted = store->reading().find(*first);
   ASSERT_TRUE(evicted);
   EXPECT_FALSE(*evicted);
 }
@@ -183,11 +183,11 @@ TEST(EventStore, AListOfLargeBodiesStopsEarlyAndCanBeGoneOnWith) {
     ASSERT_TRUE(store->add(requestWith(large)));
   EventQuery query;
   query.after = 0;
-  const auto first = store->list(query);
+  const auto first = store->reading().list(query);
   ASSERT_TRUE(first);
   ASSERT_EQ(first->size(), 3u);
   query.after = first->back().id;
-  const auto rest = store->list(query);
+  const auto rest = store->reading().list(query);
   ASSERT_TRUE(rest);
   EXPECT_EQ(rest->size(), 1u);
 }
@@ -200,21 +200,22 @@ TEST(EventStore, TheSummaryCountsRequestsEventsRepeatsAndNames) {
   ASSERT_TRUE(store->add(requestWith(eventBody("e3", "play"), 300)));
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 400)));
   ASSERT_TRUE(store->add(requestWith("rubbish", 350)));
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 5);
   EXPECT_EQ(summary->events, 4);
   EXPECT_EQ(summary->repeats, 1);
-  EXPECT_EQ(summary->bad, 1);
+  EXPECT_EQ(summary->good, 0);
+  EXPECT_EQ(summary->bad, 4);
   EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>(100));
   EXPECT_EQ(summary->lastMs, std::optional<std::int64_t>(400));
-  EXPECT_EQ(summary->byName, (std::vector<std::pair<std::optional<std::string>, std::int64_t>>{
-                                 {std::nullopt, 1}, {"play", 2}, {"stop", 1}}));
+  EXPECT_EQ(summary->byName, (std::vector<EventSummary::Name>{
+                                 {std::nullopt, 1, 1}, {"play", 2, 2}, {"stop", 1, 1}}));
 }
 
 TEST(EventStore, AnEmptyStoreHasAnEmptySummary) {
   const ScratchFolder folder;
-  const auto summary = openStore(folder / "events.db")->summary();
+  const auto summary = openStore(folder / "events.db")->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 0);
   EXPECT_EQ(summary->firstMs, std::optional<std::int64_t>());
@@ -231,13 +232,13 @@ TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
         EXPECT_TRUE(store->add(requestWith(eventBody("shared" + std::to_string(i), "shared"))));
         const std::string own = std::to_string(thread) + "-" + std::to_string(i);
         EXPECT_TRUE(store->add(requestWith(eventBody(own, "own"))));
-        EXPECT_TRUE(store->summary());
+        EXPECT_TRUE(store->reading().summary(0));
       }
     });
   }
   for (std::thread& thread : threads)
     thread.join();
-  const auto summary = store->summary();
+  const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 800);
   EXPECT_EQ(summary->events, 450);

@@ -11,28 +11,26 @@
 
 namespace jx {
 
-/// The interface for people and programs: the page, the events and the summary as JSON, and the CA
-/// certificate. Answers nothing that was not addressed to this machine by one of its names or by
-/// an IP address, so that a foreign web site that points its own name here cannot read the events.
+/// The interface for people and programs: the page, the events and what is counted of them as JSON,
+/// and the CA certificate.
 class CollectorApi {
  public:
-  /// `store` outlives the server that this is installed in. `names` are host names under which the
-  /// machine may be addressed.
-  CollectorApi(EventStore& store, std::string authorityPem, std::vector<std::string> names);
+  /// `store` outlives the server that this is installed in.
+  CollectorApi(EventStore& store, std::string authorityPem);
 
   /// Adds the routes; this object outlives the server.
   void install(HttpServer& server);
 
  private:
-  bool refuseForeignHost(const httplib::Request& request, httplib::Response& response) const;
   void listEvents(const httplib::Request& request, httplib::Response& response) const;
   void showEvent(const httplib::Request& request, httplib::Response& response) const;
   void summarise(httplib::Response& response) const;
-  void showPage(httplib::Response& response) const;
+  void listSessions(const httplib::Request& request, httplib::Response& response) const;
+  void reset(httplib::Response& response) const;
+  static void installPage(HttpServer& server);
 
   EventStore& store_;
   const std::string authorityPem_;
-  const std::vector<std::string> names_;
 };
 
 }  // namespace jx

@@ -111,6 +111,8 @@ void addOptions(CLI::App& command, CollectorOptions& options) {
   command.add_option("--max-events", settings.maxEvents, "How many events are kept")
       ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000'000}))
       ->capture_default_str();
+  command.add_flag("--strict", settings.isStrict,
+                   "Answer a bad event with 422 and the reasons; it is kept all the same");
   command.add_option("--ports-file", options.portsFile,
                      "Write the ports, the CA file and the process id here, as JSON, when ready");
 }

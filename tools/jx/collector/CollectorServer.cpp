@@ -38,16 +38,27 @@ std::vector<std::string> allNames(const CollectorSettings& settings) {
 
 CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority authority,
                                  std::unique_ptr<EventStore> store, SslContextHandle tls,
-                                 std::vector<std::string> names, const HttpLimits& limits)
+                                 std::vector<std::string> names, const CollectorSettings& settings)
     : folder_(std::move(folder)),
       authority_(std::move(authority)),
       store_(std::move(store)),
-      intake_(*store_),
-      api_(*store_, authority_.certificatePem(), std::move(names)),
-      eventsServer_(std::move(tls), limits),
-      webServer_(nullptr, limits) {
+      faults_(store_->feed()),
+      intake_(*store_, faults_, settings.isStrict),
+      guard_(std::move(names)),
+      api_(*store_, authority_.certificatePem()),
+      live_(*store_, faults_, settings.limits.waiting),
+      faultsApi_(faults_),
+      transfer_(*store_),
+      eventsServer_(std::move(tls), settings.limits),
+      webServer_(nullptr, settings.limits) {
   intake_.install(eventsServer_);
+  webServer_.onEveryRequest([this](const httplib::Request& request, httplib::Response& response) {
+    return guard_.refuses(request, response);
+  });
   api_.install(webServer_);
+  live_.install(webServer_);
+  faultsApi_.install(webServer_);
+  transfer_.install(webServer_);
 }
 
 CollectorServer::~CollectorServer() {
@@ -71,7 +82,7 @@ Outcome<std::unique_ptr<CollectorServer>> CollectorServer::start(
 
   std::unique_ptr<CollectorServer> server(
       new CollectorServer(std::move(*folder), std::move(*authority), std::move(*store),
-                          std::move(*tls), std::move(names), settings.limits));
+                          std::move(*tls), std::move(names), settings));
   const Done events = server->eventsServer_.start(settings.eventsAddress, settings.eventsPort);
   if (!events) return events.failure();
   const Done web = server->webServer_.start(settings.webAddress, settings.webPort);

@@ -13,9 +13,14 @@
 #include "tools/jx/collector/CollectorApi.h"
 #include "tools/jx/collector/EventIntake.h"
 #include "tools/jx/collector/EventStore.h"
+#include "tools/jx/collector/FaultPlan.h"
+#include "tools/jx/collector/FaultsApi.h"
 #include "tools/jx/collector/HttpLimits.h"
 #include "tools/jx/collector/HttpServer.h"
+#include "tools/jx/collector/LiveApi.h"
 #include "tools/jx/collector/StateFolder.h"
+#include "tools/jx/collector/TransferApi.h"
+#include "tools/jx/collector/WebGuard.h"
 
 namespace jx {
 
@@ -30,6 +35,7 @@ struct CollectorSettings {
   /// name.
   std::vector<std::string> names;
   std::int64_t maxEvents = 100'000;
+  bool isStrict = false;  ///< bad events are answered with 422
   HttpLimits limits;
 };
 
@@ -49,13 +55,18 @@ class CollectorServer {
  private:
   CollectorServer(StateFolder folder, CertificateAuthority authority,
                   std::unique_ptr<EventStore> store, SslContextHandle tls,
-                  std::vector<std::string> names, const HttpLimits& limits);
+                  std::vector<std::string> names, const CollectorSettings& settings);
 
   StateFolder folder_;
   CertificateAuthority authority_;
   std::unique_ptr<EventStore> store_;
+  FaultPlan faults_;
   EventIntake intake_;
+  WebGuard guard_;
   CollectorApi api_;
+  LiveApi live_;
+  FaultsApi faultsApi_;
+  TransferApi transfer_;
   HttpServer eventsServer_;
   HttpServer webServer_;
 };

@@ -66,6 +66,8 @@ bool ConnectionStream::awaitRequest() {
   head_.clear();
   received_ = 0;
   inHead_ = true;
+  bodyWireBytes_ = limits_.bodyWireBytes();
+  mayBeCutOff_ = false;
   if (broken_ || stop_.isRaised()) return false;
   deadline_ = Clock::now() + limits_.idle;
   silence_ = limits_.idle;
@@ -100,12 +102,38 @@ void ConnectionStream::endHead() {
   received_ = 0;
 }
 
+void ConnectionStream::allowBody(std::size_t wireBytes, std::chrono::milliseconds time) {
+  bodyWireBytes_ = wireBytes;
+  deadline_ = Clock::now() + time;
+}
+
+ConnectionStream::Woken ConnectionStream::waitBetween(int fd, std::chrono::milliseconds time) {
+  mayBeCutOff_ = true;
+  const Clock::time_point ends = Clock::now() + time;
+  for (;;) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(ends - Clock::now()).count();
+    // A client that closes its side has gone: nobody half-closes and listens on here.
+    std::array<pollfd, 3> states{pollfd{fd_, POLLRDHUP, 0}, pollfd{stop_.fd(), POLLIN, 0},
+                                 pollfd{fd, POLLIN, 0}};
+    const int ready =
+        ::poll(states.data(), states.size(), static_cast<int>(std::max<decltype(left)>(0, left)));
+    const bool isOver = broken_ || states[0].revents != 0 || states[1].revents != 0;
+    if (isOver || (ready < 0 && errno != EINTR)) return Woken::ByEnd;
+    if (ready > 0) return Woken::ByCall;
+    if (ready == 0 && left <= 0) return Woken::ByTime;
+  }
+}
+
+void ConnectionStream::abort() {
+  const linger atOnce{1, 0};
+  ::setsockopt(fd_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+  broken_ = true;
+}
+
 bool ConnectionStream::is_readable() const { return !broken_ && !isExhausted(); }
 
-bool ConnectionStream::is_writable() const {
-  pollfd state{fd_, POLLOUT, 0};
-  return !broken_ && ::poll(&state, 1, 0) == 1 && (state.revents & (POLLERR | POLLHUP)) == 0;
-}
+// Waits like a write does: a reader that is behind for a moment has not gone.
+bool ConnectionStream::is_writable() const { return !broken_ && waitFor(POLLOUT); }
 
 ssize_t ConnectionStream::read(char* ptr, size_t size) {
   if (broken_) return -1;
@@ -114,7 +142,7 @@ ssize_t ConnectionStream::read(char* ptr, size_t size) {
   std::memcpy(ptr, buffer_.data() + position_, count);
   position_ += count;
   received_ += count;
-  broken_ = received_ > (inHead_ ? limits_.headBytes : limits_.bodyWireBytes());
+  broken_ = received_ > (inHead_ ? limits_.headBytes : bodyWireBytes_);
   if (broken_) return -1;
   if (inHead_) head_.append(ptr, count);
   return static_cast<ssize_t>(count);
@@ -218,7 +246,7 @@ bool ConnectionStream::waitAsTlsDemands(int result) {
 ConnectionStream::Clock::time_point ConnectionStream::effectiveDeadline() const {
   if (!stop_.isRaised()) return deadline_;
   // An idle connection has nothing in flight.
-  if (inHead_ && head_.empty()) return stop_.raisedAt();
+  if (mayBeCutOff_ || (inHead_ && head_.empty())) return stop_.raisedAt();
   return std::min(deadline_, stop_.raisedAt() + limits_.stopGrace);
 }
 

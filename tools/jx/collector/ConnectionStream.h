@@ -35,6 +35,19 @@ class ConnectionStream final : public httplib::Stream {
   const std::string& head() const { return head_; }
   /// What is read from now on belongs to the body.
   void endHead();
+  /// For this request only: its body may be that long as it travels, and take that long.
+  void allowBody(std::size_t wireBytes, std::chrono::milliseconds time);
+  /// What ended a wait.
+  enum class Woken {
+    ByCall,  ///< the descriptor became readable
+    ByTime,
+    ByEnd,  ///< the client has gone, or the server stops
+  };
+  /// Waits before an answer, or between two parts of one. `fd` may be -1 for none. From now on this
+  /// connection does not outlive the server's stop by any grace.
+  Woken waitBetween(int fd, std::chrono::milliseconds time);
+  /// Ends the connection without an answer, as a crash of the server would.
+  void abort();
   /// True when reading or writing failed: nothing more can be said on this connection.
   bool isBroken() const { return broken_; }
   /// Tells the client that nothing more will come.
@@ -75,7 +88,9 @@ class ConnectionStream final : public httplib::Stream {
   std::size_t filled_ = 0;
   std::string head_;
   std::size_t received_ = 0;  // of the head, or of the body
+  std::size_t bodyWireBytes_ = 0;
   bool inHead_ = false;
+  bool mayBeCutOff_ = false;
   bool broken_ = false;
   Clock::time_point deadline_;
   std::chrono::milliseconds silence_;

@@ -5,17 +5,31 @@
 #include <chrono>
 #include <cstdio>
 
+#include "tools/jx/collector/ConnectionStream.h"
+#include "tools/jx/collector/EventJson.h"
+#include "tools/jx/collector/WallClock.h"
+
 namespace jx {
 namespace {
 
-std::int64_t nowMs() {
-  const auto now = std::chrono::system_clock::now().time_since_epoch();
-  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
-}
+// Longer than any client waits; who waits longer is dropped.
+constexpr std::chrono::hours kHang{1};
 
 std::string queryOf(const std::string& target) {
   const std::size_t mark = target.find('?');
   return mark == std::string::npos ? std::string() : target.substr(mark + 1);
+}
+
+// Does to the client what the fault says, short of an answer. False when there is nobody left to
+// answer.
+bool suffer(const Fault& fault, ConnectionStream& connection) {
+  const bool hangs = fault.action == Fault::Action::Hang;
+  const std::chrono::milliseconds time = hangs ? std::chrono::milliseconds(kHang) : fault.delay;
+  const bool hasGone =
+      time.count() > 0 && connection.waitBetween(-1, time) == ConnectionStream::Woken::ByEnd;
+  if (!hasGone && !hangs && fault.action == Fault::Action::Answer) return true;
+  connection.abort();
+  return false;
 }
 
 }  // namespace
@@ -27,16 +41,34 @@ void EventIntake::install(HttpServer& server) {
 
 void EventIntake::take(const httplib::Request& request, const std::string& body,
                        httplib::Response& response) const {
+  const std::optional<Fault> fault = faults_.take();
+  if (!fault) return store(request, body, response);
+  if (!suffer(*fault, HttpServer::connection())) return;
+  if (!fault->refuses()) store(request, body, response);
+  // What could not be stored must not be answered as if it were.
+  if (fault->status && (fault->refuses() || response.status == 200)) {
+    response.status = *fault->status;
+  }
+  if (fault->retryAfter) response.set_header("Retry-After", *fault->retryAfter);
+}
+
+void EventIntake::store(const httplib::Request& request, const std::string& body,
+                        httplib::Response& response) const {
   ReceivedRequest received;
-  received.receivedMs = nowMs();
+  received.receivedMs = wallClockMs();
   received.method = request.method;
   received.path = request.path;
   received.query = queryOf(request.target);
   received.headers.assign(request.headers.begin(), request.headers.end());
   received.body = body;
-  const Outcome<std::int64_t> id = store_.add(received);
+  // Judged before the store is asked for its lock: a large body takes a while.
+  const Judgement judgement = Judgement::of(received.query, received.body);
+  const Outcome<std::int64_t> id = store_.add(received, judgement);
   response.status = id ? 200 : 500;
   if (!id) std::fprintf(stderr, "jx collector: %s\n", id.failure().text.c_str());
+  if (!id || !isStrict_ || judgement.isGood()) return;
+  response.status = 422;
+  response.set_content(reasonsToJson(judgement.reasons.kept()), "application/json");
 }
 
 }  // namespace jx

@@ -2,138 +2,194 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/collector/EventJson.h"
 
-#include <openssl/evp.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
-#include <optional>
-
-#include "jx/core/json/JXUtf8.h"
+#include "tools/jx/collector/Base64.h"
+#include "tools/jx/collector/JsonOut.h"
 
 namespace jx {
 namespace {
 
-using Writer = rapidjson::Writer<rapidjson::StringBuffer>;
-
-void write(Writer& writer, const std::string& bytes) {
-  const std::string text = withReplacementCharacters(bytes);
-  writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+void writeRowMembers(JsonOut& out, const EventRow& row) {
+  out.member("id", row.id)
+      .member("received_ms", row.receivedMs)
+      .member("name", row.facts.name)
+      .member("class", row.className)
+      .member("good", row.isGood())
+      .member("errors", row.errors)
+      .member("notes", row.notes)
+      .member("session", row.facts.session)
+      .member("video_session", row.facts.videoSession)
+      .member("line", row.line)
+      .member("event_id", row.facts.eventID)
+      .member("event_timestamp", row.facts.eventTimestamp)
+      .member("site", row.facts.site)
+      .member("repeats", row.repeats)
+      .member("bytes", row.bytes);
 }
 
-void write(Writer& writer, std::int64_t value) { writer.Int64(value); }
+void writeRequestMembers(JsonOut& out, const StoredEvent& event) {
+  out.member("last_seen_ms", event.lastSeenMs)
+      .member("token", event.facts.token)
+      .member("problem", event.facts.problem)
+      .member("method", event.request.method)
+      .member("path", event.request.path)
+      .member("query", event.request.query);
+}
 
-template <typename Value>
-void write(Writer& writer, const std::optional<Value>& value) {
-  if (value) {
-    write(writer, *value);
-  } else {
-    writer.Null();
+void writeBody(JsonOut& out, const std::string& body) {
+  out.member("body", body);
+  if (!isUtf8(body)) out.member("body_base64", toBase64(body));
+}
+
+void writeEvent(JsonOut& out, const StoredEvent& event) {
+  out.beginObject();
+  writeRowMembers(out, event);
+  writeRequestMembers(out, event);
+  out.key("headers").beginArray();
+  for (const auto& [name, value] : event.request.headers)
+    out.beginObject().member("name", name).member("value", value).endObject();
+  out.endArray();
+  writeBody(out, event.request.body);
+  out.endObject();
+}
+
+void writeReasons(JsonOut& out, const std::vector<Reason>& reasons) {
+  out.key("reasons").beginArray();
+  for (const Reason::Level level : {Reason::Level::Error, Reason::Level::Note}) {
+    for (const Reason& reason : reasons) {
+      if (reason.level != level) continue;
+      out.beginObject()
+          .member("level", level == Reason::Level::Error ? "error" : "note")
+          .member("code", reason.code)
+          .member("key", reason.key)
+          .member("text", reason.text)
+          .endObject();
+    }
   }
+  out.endArray();
 }
 
-template <typename Value>
-void member(Writer& writer, const char* key, const Value& value) {
-  writer.Key(key);
-  write(writer, value);
-}
-
-std::string base64(const std::string& bytes) {
-  std::string text((bytes.size() + 2) / 3 * 4 + 1, '\0');
-  const int length = EVP_EncodeBlock(reinterpret_cast<unsigned char*>(text.data()),
-                                     reinterpret_cast<const unsigned char*>(bytes.data()),
-                                     static_cast<int>(bytes.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return text;
-}
-
-void write(Writer& writer, const StoredEvent& event) {
-  const ReceivedRequest& request = event.request;
-  writer.StartObject();
-  member(writer, "id", event.id);
-  member(writer, "received_ms", request.receivedMs);
-  member(writer, "last_seen_ms", event.lastSeenMs);
-  member(writer, "repeats", event.repeats);
-  member(writer, "event_id", event.facts.eventID);
-  member(writer, "name", event.facts.name);
-  member(writer, "event_timestamp", event.facts.eventTimestamp);
-  member(writer, "site", event.facts.site);
-  member(writer, "token", event.facts.token);
-  member(writer, "problem", event.facts.problem);
-  member(writer, "method", request.method);
-  member(writer, "path", request.path);
-  member(writer, "query", request.query);
-  writer.Key("headers");
-  writer.StartArray();
-  for (const auto& [name, value] : request.headers) {
-    writer.StartObject();
-    member(writer, "name", name);
-    member(writer, "value", value);
-    writer.EndObject();
-  }
-  writer.EndArray();
-  member(writer, "body", request.body);
-  if (!isUtf8(request.body)) member(writer, "body_base64", base64(request.body));
-  writer.EndObject();
-}
-
-std::string textOf(const rapidjson::StringBuffer& buffer) {
-  return std::string(buffer.GetString(), buffer.GetSize());
+template <typename Event, typename Write>
+std::string listToJson(const std::vector<Event>& events, std::int64_t last, const Write& write) {
+  JsonOut out;
+  out.beginObject().key("events").beginArray();
+  for (const Event& event : events)
+    write(out, event);
+  out.endArray().member("last", events.empty() ? last : events.back().id).endObject();
+  return out.text();
 }
 
 }  // namespace
 
-std::string eventToJson(const StoredEvent& event) {
-  rapidjson::StringBuffer buffer;
-  Writer writer(buffer);
-  write(writer, event);
-  return textOf(buffer);
+void writeRow(JsonOut& out, const EventRow& row) {
+  out.beginObject();
+  writeRowMembers(out, row);
+  out.endObject();
 }
 
-std::string eventsToJson(const std::vector<StoredEvent>& events, std::int64_t after) {
-  rapidjson::StringBuffer buffer;
-  Writer writer(buffer);
-  writer.StartObject();
-  writer.Key("events");
-  writer.StartArray();
-  for (const StoredEvent& event : events)
-    write(writer, event);
-  writer.EndArray();
-  member(writer, "last", events.empty() ? after : events.back().id);
-  writer.EndObject();
-  return textOf(buffer);
+std::string rowToJson(const EventRow& row) {
+  JsonOut out;
+  writeRow(out, row);
+  return out.text();
+}
+
+std::string rowsToJson(const std::vector<EventRow>& rows, std::int64_t last) {
+  return listToJson(rows, last, writeRow);
+}
+
+std::string eventsToJson(const std::vector<StoredEvent>& events, std::int64_t last) {
+  return listToJson(events, last, writeEvent);
+}
+
+std::string eventToJson(const StoredEvent& event, const std::vector<Reason>& reasons,
+                        const std::optional<std::int64_t>& previous) {
+  JsonOut out;
+  out.beginObject();
+  writeRowMembers(out, event);
+  writeRequestMembers(out, event);
+  out.key("headers").beginArray();
+  for (const auto& [name, value] : event.request.headers)
+    out.beginArray().value(name).value(value).endArray();
+  out.endArray();
+  writeBody(out, event.request.body);
+  writeReasons(out, reasons);
+  out.member("previous", previous).endObject();
+  return out.text();
+}
+
+std::string reasonsToJson(const std::vector<Reason>& reasons) {
+  JsonOut out;
+  out.beginObject();
+  writeReasons(out, reasons);
+  out.endObject();
+  return out.text();
 }
 
 std::string summaryToJson(const EventSummary& summary) {
-  rapidjson::StringBuffer buffer;
-  Writer writer(buffer);
-  writer.StartObject();
-  member(writer, "requests", summary.requests);
-  member(writer, "events", summary.events);
-  member(writer, "repeats", summary.repeats);
-  member(writer, "bad", summary.bad);
-  member(writer, "evicted", summary.evicted);
-  member(writer, "first_ms", summary.firstMs);
-  member(writer, "last_ms", summary.lastMs);
-  writer.Key("by_name");
-  writer.StartArray();
-  for (const auto& [name, count] : summary.byName) {
-    writer.StartObject();
-    member(writer, "name", name);
-    member(writer, "events", count);
-    writer.EndObject();
+  JsonOut out;
+  out.beginObject()
+      .member("requests", summary.requests)
+      .member("events", summary.events)
+      .member("repeats", summary.repeats)
+      .member("good", summary.good)
+      .member("bad", summary.bad)
+      .member("notes", summary.notes)
+      .member("evicted", summary.evicted)
+      .member("first_ms", summary.firstMs)
+      .member("last_ms", summary.lastMs);
+  out.key("by_name").beginArray();
+  for (const EventSummary::Name& name : summary.byName) {
+    // The count goes by two names: the first one is older.
+    out.beginObject()
+        .member("name", name.name)
+        .member("events", name.events)
+        .member("count", name.events)
+        .member("bad", name.bad)
+        .endObject();
   }
-  writer.EndArray();
-  writer.EndObject();
-  return textOf(buffer);
+  out.endArray().key("minutes").beginArray();
+  for (const EventSummary::Minute& minute : summary.minutes) {
+    out.beginObject()
+        .member("minute_ms", minute.startMs)
+        .member("good", minute.good)
+        .member("bad", minute.bad)
+        .endObject();
+  }
+  out.endArray().endObject();
+  return out.text();
+}
+
+std::string sessionsToJson(const std::vector<SessionSummary>& sessions) {
+  JsonOut out;
+  out.beginObject().key("sessions").beginArray();
+  for (const SessionSummary& session : sessions) {
+    out.beginObject()
+        .member("session", session.id)
+        .member("first_ms", session.firstMs)
+        .member("last_ms", session.lastMs)
+        .member("events", session.events)
+        .member("bad", session.bad);
+    out.key("names").beginObject();
+    for (const auto& [name, count] : session.names)
+      out.member(withReplacementCharacters(name), count);
+    out.endObject().key("video_sessions").beginArray();
+    for (const SessionSummary::Video& video : session.videos) {
+      out.beginObject()
+          .member("id", video.id)
+          .member("first_ms", video.firstMs)
+          .member("last_ms", video.lastMs)
+          .member("events", video.events)
+          .endObject();
+    }
+    out.endArray().endObject();
+  }
+  out.endArray().endObject();
+  return out.text();
 }
 
 std::string errorToJson(const std::string& text) {
-  rapidjson::StringBuffer buffer;
-  Writer writer(buffer);
-  writer.StartObject();
-  member(writer, "error", text);
-  writer.EndObject();
-  return textOf(buffer);
+  JsonOut out;
+  out.beginObject().member("error", text).endObject();
+  return out.text();
 }
 
 }  // namespace jx

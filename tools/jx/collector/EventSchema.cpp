@@ -9,7 +9,6 @@
 namespace jx {
 namespace {
 
-// The large columns come last, so that the small ones are read without them.
 constexpr const char* kFirstTables = R"sql(
 CREATE TABLE events (
   id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -36,8 +35,57 @@ CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT RO
 INSERT INTO counters VALUES ('evicted', 0);
 )sql";
 
+// The requests move to a table of their own, so that lists and counts read small rows only. What is
+// judged of them is filled in when the store sees that no rules have judged them yet. The row
+// number stands in the indexes because a list is of one name, in order of arrival.
+constexpr const char* kJudgedEvents = R"sql(
+CREATE TABLE requests (
+  id INTEGER PRIMARY KEY,
+  method TEXT NOT NULL,
+  path TEXT NOT NULL,
+  query TEXT NOT NULL,
+  headers TEXT NOT NULL,
+  body BLOB NOT NULL
+);
+INSERT INTO requests SELECT id, method, path, query, headers, body FROM events;
+CREATE TABLE judged (
+  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  received_ms INTEGER NOT NULL,
+  last_seen_ms INTEGER NOT NULL,
+  repeats INTEGER NOT NULL DEFAULT 0,
+  event_id TEXT,
+  name TEXT,
+  class TEXT,
+  good INTEGER NOT NULL DEFAULT 0,
+  errors INTEGER NOT NULL DEFAULT 0,
+  notes INTEGER NOT NULL DEFAULT 0,
+  session TEXT,
+  video_session TEXT,
+  event_timestamp INTEGER,
+  site INTEGER,
+  token TEXT,
+  problem TEXT,
+  bytes INTEGER NOT NULL DEFAULT 0,
+  line TEXT NOT NULL DEFAULT ''
+);
+INSERT INTO judged (id, received_ms, last_seen_ms, repeats, event_id)
+  SELECT id, received_ms, last_seen_ms, repeats, event_id FROM events;
+DROP TABLE events;
+ALTER TABLE judged RENAME TO events;
+CREATE UNIQUE INDEX events_by_event_id ON events (event_id) WHERE event_id IS NOT NULL;
+CREATE INDEX events_by_name ON events (name, id, good, repeats, notes);
+CREATE INDEX events_by_received ON events (received_ms, good);
+CREATE INDEX events_by_last_seen ON events (last_seen_ms);
+CREATE INDEX events_by_session ON events (session, id, received_ms, good, name)
+  WHERE session IS NOT NULL;
+CREATE INDEX events_by_video_session ON events (video_session, id, session, received_ms)
+  WHERE video_session IS NOT NULL;
+CREATE INDEX bad_events ON events (id) WHERE good = 0;
+INSERT INTO counters VALUES ('rules', 0);
+)sql";
+
 // Step n leads from version n to version n + 1. Steps are only ever added.
-constexpr std::array<const char*, 1> kSteps{kFirstTables};
+constexpr std::array<const char*, 2> kSteps{kFirstTables, kJudgedEvents};
 
 }  // namespace
 

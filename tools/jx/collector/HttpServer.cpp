@@ -23,6 +23,7 @@ constexpr int kAcceptPauseMs = 20;
 // A connection has one thread while it is open, and cpp-httplib does not hand the connection to
 // its handlers: they say here that it must not be used further.
 thread_local bool closeAfterAnswer = false;
+thread_local ConnectionStream* connectionOfThread = nullptr;
 
 void closeAfter(httplib::Response& response) {
   closeAfterAnswer = true;
@@ -45,7 +46,7 @@ HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
   set_keep_alive_timeout(std::chrono::duration_cast<std::chrono::seconds>(limits.idle).count());
   set_keep_alive_max_count(std::numeric_limits<int>::max());
   // The reader of bodies counts for itself, because this limit does not hold for chunked ones.
-  set_payload_max_length(limits.bodyBytes);
+  set_payload_max_length(limits.uploadBytes);
   set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
     return refuseOrPass(request, response);
   });
@@ -68,14 +69,15 @@ bool HttpServer::Route::matches(const std::string& requestPath) const {
   return isPrefix ? requestPath.compare(0, path.size(), path) == 0 : requestPath == path;
 }
 
-void HttpServer::addRoute(const std::string& method, const std::string& path) {
+HttpServer::Route& HttpServer::addRoute(const std::string& method, const std::string& path) {
   const bool isPrefix = path.size() > 1 && path.ends_with("/*");
-  routes_.push_back(Route{method, isPrefix ? path.substr(0, path.size() - 1) : path, isPrefix});
+  routes_.push_back(
+      Route{method, isPrefix ? path.substr(0, path.size() - 1) : path, isPrefix, false});
+  return routes_.back();
 }
 
 void HttpServer::onGet(const std::string& path, RouteHandler handler) {
-  addRoute("GET", path);
-  const Route& route = routes_.back();
+  const Route& route = addRoute("GET", path);
   Get(literalPattern(route.path) + (route.isPrefix ? ".*" : ""),
       [handler = std::move(handler)](const httplib::Request& request, httplib::Response& response) {
         handler(request, std::string(), response);
@@ -83,8 +85,7 @@ void HttpServer::onGet(const std::string& path, RouteHandler handler) {
 }
 
 void HttpServer::onPost(const std::string& path, RouteHandler handler) {
-  addRoute("POST", path);
-  const Route& route = routes_.back();
+  const Route& route = addRoute("POST", path);
   Post(literalPattern(route.path) + (route.isPrefix ? ".*" : ""),
        [this, handler = std::move(handler)](const httplib::Request& request,
                                             httplib::Response& response,
@@ -92,6 +93,39 @@ void HttpServer::onPost(const std::string& path, RouteHandler handler) {
          readBodyThenCall(handler, request, response, reader);
        });
 }
+
+void HttpServer::onDelete(const std::string& path, RouteHandler handler) {
+  const Route& route = addRoute("DELETE", path);
+  // With a reader that is not used: without one, cpp-httplib would wait for a body until the client
+  // closes the connection.
+  Delete(literalPattern(route.path) + (route.isPrefix ? ".*" : ""),
+         [handler = std::move(handler)](
+             const httplib::Request& request, httplib::Response& response,
+             const httplib::ContentReader&) { handler(request, std::string(), response); });
+}
+
+void HttpServer::onUpload(const std::string& path, UploadHandler handler) {
+  Route& route = addRoute("POST", path);
+  route.isUpload = true;
+  Post(literalPattern(route.path), [this, handler = std::move(handler)](
+                                       const httplib::Request& request, httplib::Response& response,
+                                       const httplib::ContentReader& reader) {
+    connection().allowBody(2 * limits_.uploadBytes, limits_.upload);
+    bool isWhole = false;
+    handler(
+        request,
+        [&](const std::function<bool(std::string_view)>& take) {
+          isWhole = reader([&take](const char* data, std::size_t size) {
+            return take(std::string_view(data, size));
+          });
+          return isWhole;
+        },
+        response);
+    if (!isWhole) closeAfter(response);
+  });
+}
+
+ConnectionStream& HttpServer::connection() { return *connectionOfThread; }
 
 void HttpServer::onEveryRequest(
     std::function<bool(const httplib::Request&, httplib::Response&)> guard) {
@@ -103,12 +137,14 @@ int HttpServer::refusal(const httplib::Request& request, httplib::Response& resp
   if (request.path.size() > limits_.pathBytes) return 404;
   std::string allowed;
   bool isAllowed = false;
+  std::size_t maxBody = limits_.bodyBytes;
   for (const Route& route : routes_) {
     if (!route.matches(request.path)) continue;
     const bool isGet = route.method == "GET";
     if (!allowed.empty()) allowed += ", ";
     allowed += isGet ? "GET, HEAD" : route.method;
     if (request.method == route.method || (isGet && request.method == "HEAD")) isAllowed = true;
+    if (route.isUpload) maxBody = limits_.uploadBytes;
   }
   if (allowed.empty()) return 404;
   if (!isAllowed) {
@@ -116,7 +152,7 @@ int HttpServer::refusal(const httplib::Request& request, httplib::Response& resp
     return 405;
   }
   if (request.get_header_value("Upgrade") == "websocket") return 400;
-  return framingRefusal(request, limits_.bodyBytes);
+  return framingRefusal(request, maxBody);
 }
 
 httplib::Server::HandlerResponse HttpServer::refuseOrPass(const httplib::Request& request,
@@ -208,6 +244,7 @@ void HttpServer::serve(int fd) {
 void HttpServer::serveRequests(ConnectionStream& stream) {
   bool isInStep = true;
   bool closesAnyway = false;
+  connectionOfThread = &stream;
   while (isInStep && !closesAnyway && stream.awaitRequest()) {
     bool isParsed = false;
     closeAfterAnswer = false;

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -40,6 +41,16 @@ class HttpServer : private httplib::Server {
   /// Routes are added before the start.
   void onGet(const std::string& path, RouteHandler handler);
   void onPost(const std::string& path, RouteHandler handler);
+  void onDelete(const std::string& path, RouteHandler handler);
+  /// A POST whose body is read in parts, up to the limit of an upload. `read` calls its argument
+  /// with each part until that gives false; it gives false when the body broke off.
+  using BodyReader = std::function<bool(const std::function<bool(std::string_view)>& take)>;
+  using UploadHandler = std::function<void(const httplib::Request& request, const BodyReader& read,
+                                           httplib::Response& response)>;
+  void onUpload(const std::string& path, UploadHandler handler);
+  /// The connection of the request that the calling thread answers: for handlers, and for what
+  /// gives an answer in parts.
+  static ConnectionStream& connection();
   /// Asked first, before the routes and before the body is read: true when it has set an answer.
   void onEveryRequest(std::function<bool(const httplib::Request&, httplib::Response&)> guard);
 
@@ -55,10 +66,11 @@ class HttpServer : private httplib::Server {
     std::string method;
     std::string path;
     bool isPrefix = false;
+    bool isUpload = false;
     bool matches(const std::string& requestPath) const;
   };
 
-  void addRoute(const std::string& method, const std::string& path);
+  Route& addRoute(const std::string& method, const std::string& path);
   HandlerResponse refuseOrPass(const httplib::Request& request, httplib::Response& response);
   int refusal(const httplib::Request& request, httplib::Response& response) const;
   void readBodyThenCall(const RouteHandler& handler, const httplib::Request& request,

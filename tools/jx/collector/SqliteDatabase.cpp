@@ -94,6 +94,14 @@ Outcome<std::int64_t> SqliteDatabase::oneInteger(std::string_view sql) {
   return statement->integer(0);
 }
 
+Done SqliteDatabase::defineFunction(const char* name, int arguments,
+                                    void (*function)(sqlite3_context*, int, sqlite3_value**),
+                                    void* data) {
+  const int status = sqlite3_create_function_v2(handle_.get(), name, arguments, SQLITE_UTF8, data,
+                                                function, nullptr, nullptr, nullptr);
+  return status == SQLITE_OK ? done() : lastFailure("the database refused");
+}
+
 Failure SqliteDatabase::lastFailure(const std::string& action) const {
   const char* const reason = handle_ ? sqlite3_errmsg(handle_.get()) : "out of memory";
   return Failure{action + ": " + reason};

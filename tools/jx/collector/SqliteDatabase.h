@@ -69,6 +69,10 @@ class SqliteDatabase {
   /// Runs a statement that gives one integer.
   Outcome<std::int64_t> oneInteger(std::string_view sql);
   std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(handle_.get()); }
+  /// Makes a function known to the statements of this connection; its answer depends on nothing
+  /// but its arguments and `data`, which outlives the connection.
+  Done defineFunction(const char* name, int arguments,
+                      void (*function)(sqlite3_context*, int, sqlite3_value**), void* data);
   /// Why the last operation failed.
   Failure lastFailure(const std::string& action) const;
 

@@ -1,0 +1,75 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/EventLines.h"
+
+#include <algorithm>
+
+#include "tools/jx/collector/Base64.h"
+#include "tools/jx/collector/JsonMembers.h"
+#include "tools/jx/collector/JsonOut.h"
+
+namespace jx {
+namespace {
+
+void readHeaders(const JsonTree& tree, ReceivedRequest& request) {
+  const std::optional<std::uint32_t> headers = tree.find(0, "headers");
+  if (!headers || tree.node(*headers).kind != JsonNode::Kind::Array) return;
+  forEachIn(tree, *headers, [&](std::uint32_t pair) {
+    const bool isPair = tree.node(pair).kind == JsonNode::Kind::Array && tree.sizeOf(pair) == 2;
+    if (!isPair) return;
+    const JsonNode& name = tree.node(pair + 1);
+    const JsonNode& value = tree.node(name.end);
+    request.headers.emplace_back(std::string(name.text), std::string(value.text));
+  });
+}
+
+}  // namespace
+
+std::string eventToLine(const StoredEvent& event) {
+  const ReceivedRequest& request = event.request;
+  JsonOut out;
+  out.beginObject()
+      .member("received_ms", request.receivedMs)
+      .member("last_seen_ms", event.lastSeenMs)
+      .member("repeats", event.repeats)
+      .member("method", request.method)
+      .member("path", request.path)
+      .member("query", request.query);
+  out.key("headers").beginArray();
+  for (const auto& [name, value] : request.headers)
+    out.beginArray().value(name).value(value).endArray();
+  out.endArray();
+  if (isUtf8(request.body)) {
+    out.member("body", request.body);
+  } else {
+    out.member("body_base64", toBase64(request.body));
+  }
+  out.endObject();
+  return out.text() + "\n";
+}
+
+Outcome<StoredEvent> eventFromLine(std::string_view line) {
+  const JsonTree tree = JsonTree::read(line);
+  if (tree.problem() != JsonTree::Problem::None || !tree.isObject(0)) {
+    return Failure{"is no JSON object"};
+  }
+  StoredEvent event;
+  ReceivedRequest& request = event.request;
+  const std::optional<std::int64_t> received = integerMember(tree, 0, "received_ms");
+  if (!received || *received < 0) return Failure{"has no received_ms"};
+  request.receivedMs = event.receivedMs = *received;
+  event.lastSeenMs = integerMember(tree, 0, "last_seen_ms").value_or(*received);
+  event.repeats = std::max<std::int64_t>(0, integerMember(tree, 0, "repeats").value_or(0));
+  request.method = textMember(tree, 0, "method").value_or("POST");
+  request.path = textMember(tree, 0, "path").value_or("/events");
+  request.query = textMember(tree, 0, "query").value_or("");
+  readHeaders(tree, request);
+  const std::optional<std::string> packed = textMember(tree, 0, "body_base64");
+  const std::optional<std::string> body =
+      packed ? fromBase64(*packed) : textMember(tree, 0, "body");
+  if (!body) return Failure{packed ? "has a body_base64 that is none" : "has no body"};
+  request.body = *body;
+  return event;
+}
+
+}  // namespace jx

@@ -1,0 +1,35 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <charconv>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "tools/jx/collector/judgement/JsonTree.h"
+
+namespace jx {
+
+/// A text in an object; absent when there is none.
+inline std::optional<std::string> textMember(const JsonTree& tree, std::uint32_t object,
+                                             std::string_view key) {
+  const std::optional<std::uint32_t> value = tree.find(object, key);
+  if (!value || tree.node(*value).kind != JsonNode::Kind::String) return std::nullopt;
+  return std::string(tree.node(*value).text);
+}
+
+/// A whole number in an object; absent when there is none.
+inline std::optional<std::int64_t> integerMember(const JsonTree& tree, std::uint32_t object,
+                                                 std::string_view key) {
+  const std::optional<std::uint32_t> value = tree.find(object, key);
+  if (!value || tree.node(*value).kind != JsonNode::Kind::Number) return std::nullopt;
+  const std::string_view digits = tree.node(*value).text;
+  std::int64_t number = 0;
+  const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const bool isWhole = parsed.ec == std::errc() && parsed.ptr == digits.data() + digits.size();
+  return isWhole ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+}  // namespace jx
