@@ -30,7 +30,7 @@ after(async () => {
 
 /** The views, and what is there when they are drawn. */
 const views = () => ({
-  list: ['', '.space .row .mark'],
+  list: ['', '.space .row .name'],
   detail: [`#event=${badPurchase}`, '.tree .missing'],
   session: ['#view=sessions&session=evening-1', '.mark-point'],
 });

@@ -51,6 +51,12 @@ class CollectorServerTest : public testing::Test {
   std::unique_ptr<CollectorServer> server_;
 };
 
+TEST_F(CollectorServerTest, TellsThePageWhereApplicationsSendTo) {
+  const rapidjson::Document about = json("/api/about");
+  EXPECT_EQ(about["events_port"].GetInt(), server_->eventsPort());
+  EXPECT_EQ(about["ca_file"].GetString(), caFile());
+}
+
 TEST_F(CollectorServerTest, AnEventIsStoredAndAnsweredWith200AndNoBody) {
   const auto response = HttpsClient(caFile()).post(eventsUrl(), kEvent, {"X-Device: tv%41"});
   ASSERT_EQ(response.error, CURLE_OK);

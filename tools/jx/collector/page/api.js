@@ -42,5 +42,5 @@ export const findEvent = (id) => ask(`/api/events/${id}`);
 export const summary = () => ask('/api/summary');
 export const listSessions = () => ask('/api/sessions');
 export const reset = () => send('POST', '/api/reset', {});
-export const armedFaults = () => ask('/api/faults');
+export const about = () => ask('/api/about');
 export const clearFaults = () => send('DELETE', '/api/faults');

@@ -22,7 +22,6 @@ const SESSIONS_REST_MS = 1500;
 class Inspector {
   constructor() {
     this.place = readHash(location.hash);
-    this.total = 0;
     this.feed = new EventFeed((change) => this.feedChanged(change),
       (fault) => this.notices.showTrouble(`The events cannot be listed: ${fault.message}`));
     this.list = new EventList(byId('events'), this.feed, (id) => this.go({ event: id }, true));
@@ -117,7 +116,7 @@ class Inspector {
   /** Before each connection: what is shown is what the collector holds now. */
   async prepare() {
     const newest = await api.listRows([['limit', 1]]);
-    this.notices.showFaults(await api.armedFaults().catch(() => null));
+    this.about = await api.about();
     this.overview.refreshSoon();
     this.loadList();
     if (this.place.view === 'sessions') this.sessions.show(this.place.filters.session);
@@ -178,17 +177,13 @@ class Inspector {
   showBlank() {
     const isEmpty = this.feed.length === 0 && !this.feed.isLoading;
     const isFiltered = queryOf(this.place.filters).length > 0;
-    if (!isEmpty) this.list.showBlank(null);
+    if (!isEmpty || !this.about) this.list.showBlank(null);
     else if (isFiltered) this.list.showBlank(nothingPasses(() => this.go({ filters: {} })));
-    else this.list.showBlank(firstSteps(this.about ?? {}));
+    else this.list.showBlank(firstSteps(this.about));
   }
 
   counted(sum) {
-    this.total = sum.events;
-    const isOtherAbout = !this.about;
-    this.about = sum;
     this.bar.offerNames(sum.by_name ?? []);
-    if (isOtherAbout) this.showBlank();
   }
 
   connectionChanged(state) {
@@ -211,9 +206,9 @@ class Inspector {
   }
 
   async reset() {
-    if (!await confirmReset(counted(this.total, 'event'))) return;
     try {
-      await api.reset();
+      const { events } = await api.summary();
+      if (await confirmReset(counted(events, 'event'))) await api.reset();
     } catch (fault) {
       this.notices.showTrouble(`The events are still there: ${fault.message}`);
     }

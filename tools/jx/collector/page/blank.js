@@ -3,11 +3,10 @@
 import { button, element } from './dom.js';
 
 /** What the list shows while nothing has ever arrived: how to make something arrive. */
-export function firstSteps({ events_url: eventsUrl, ca_file: caFile }) {
-  const code = eventsUrl && caFile
-    ? `configuration.collectionHost = ${JSON.stringify(eventsUrl)};\n` +
-      `configuration.caFile = ${JSON.stringify(caFile)};`
-    : 'configuration.collectionHost = "https://HOST:PORT";\nconfiguration.caFile = "ca.pem";';
+export function firstSteps({ events_port: port, ca_file: caFile }) {
+  const host = `https://${location.hostname}:${port}`;
+  const code = `configuration.collectionHost = ${JSON.stringify(host)};\n` +
+    `configuration.caFile = ${JSON.stringify(caFile)};`;
   return element('div', { class: 'first-steps' },
     element('h2', {}, 'No event yet'),
     element('p', {}, 'Point the application at this collector before it makes its first ServerSide:'),

@@ -9,6 +9,11 @@ const SHOWN_MEMBERS = 200;
 // What is alike in every event begins folded.
 const FOLDED = new Set(['context', 'user']);
 
+function isInside(path, key) {
+  if (path === '') return key !== '';
+  return key.startsWith(`${path}.`) || key.startsWith(`${path}[`);
+}
+
 /** Reasons by the path of the key that they are about. */
 export class ReasonMap {
   constructor(reasons) {
@@ -22,10 +27,10 @@ export class ReasonMap {
     return this.byPath.get(path) ?? [];
   }
 
-  /** Whether a reason is about something inside `path`. */
-  isWithin(path) {
-    return [...this.byPath.keys()].some((key) => path === '' || key === path ||
-      key.startsWith(`${path}.`) || key.startsWith(`${path}[`));
+  /** Whether something is wrong inside `path`. */
+  hasErrorInside(path) {
+    return [...this.byPath].some(([key, reasons]) => isInside(path, key) &&
+      reasons.some((reason) => reason.level === 'error'));
   }
 
   /** Reasons about members of `path` that are not there: [{key, reasons}]. */
@@ -33,11 +38,9 @@ export class ReasonMap {
     const there = members.map((member) => pathOf(path, member.key));
     const missing = [];
     for (const [key, reasons] of this.byPath) {
-      const isInside = path === '' ? key !== ''
-        : key.startsWith(`${path}.`) || key.startsWith(`${path}[`);
-      const isThere = there.some((own) => key === own || key.startsWith(`${own}.`) ||
-        key.startsWith(`${own}[`));
-      if (isInside && !isThere) missing.push({ key: key.slice(path.length).replace(/^\./, ''), reasons });
+      const isThere = there.some((own) => key === own || isInside(own, key));
+      if (!isInside(path, key) || isThere) continue;
+      missing.push({ key: key.slice(path.length).replace(/^\./, ''), reasons });
     }
     return missing;
   }
@@ -128,7 +131,7 @@ export class JsonTree {
       class: reasons.some((reason) => reason.level === 'error') ? 'faulty' : null,
     };
     // An empty object that lacks something has a line to show.
-    if (!value.members || (value.members.length === 0 && !this.reasons.isWithin(path))) {
+    if (!value.members || (value.members.length === 0 && !this.reasons.hasErrorInside(path))) {
       return element('li', attributes, label, this.leaf(value), ...notes);
     }
     return element('li', attributes, this.branch(label, value, path, notes));
@@ -153,7 +156,7 @@ export class JsonTree {
   }
 
   beginsOpen(value, path) {
-    if (this.reasons.isWithin(path)) return true;
+    if (this.reasons.hasErrorInside(path)) return true;
     return !FOLDED.has(path) && size(value) <= OPEN_MEMBERS;
   }
 }
