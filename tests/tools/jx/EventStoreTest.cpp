@@ -245,6 +245,142 @@ TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
   EXPECT_EQ(summary->repeats, 350);
 }
 
+TEST(EventStore, RemovingAllForgetsEventsRepeatsAndEvictions) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db", 2);
+  for (const char* id : {"e1", "e2", "e3"})
+    ASSERT_TRUE(store->add(requestWith(eventBody(id, "play"))));
+  const Outcome<std::int64_t> removed = store->removeAll();
+  ASSERT_TRUE(removed);
+  EXPECT_EQ(*removed, 2);
+  const auto summary = store->reading().summary(0);
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->events, 0);
+  EXPECT_EQ(summary->evicted, 0);
+  const auto again = store->add(requestWith(eventBody("e1", "play")));
+  ASSERT_TRUE(again);
+  EXPECT_EQ(*again, 4);
+}
+
+TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  StoredEvent event;
+  event.request = requestWith(eventBody("e1", "play"), 10);
+  event.lastSeenMs = 40;
+  event.repeats = 3;
+  const Outcome<bool> first = store->restore(event);
+  const Outcome<bool> second = store->restore(event);
+  ASSERT_TRUE(first && second);
+  EXPECT_TRUE(*first);
+  EXPECT_FALSE(*second);
+  const auto kept = store->reading().find(1);
+  ASSERT_TRUE(kept && *kept);
+  EXPECT_EQ((*kept)->receivedMs, 10);
+  EXPECT_EQ((*kept)->lastSeenMs, 40);
+  EXPECT_EQ((*kept)->repeats, 3);
+}
+
+TEST(EventStore, WhatHappensIsTold) {
+  const ScratchFolder folder;
+  const auto store = openStore(folder / "events.db");
+  ArrivalFeed::Watch watch(store->feed());
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
+  ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
+  ASSERT_TRUE(store->removeAll());
+  const ArrivalFeed::News news = watch.take();
+  EXPECT_EQ(news.last, 1);
+  ASSERT_EQ(news.signals.size(), 2u);
+  EXPECT_EQ(news.signals[0].kind, ArrivalFeed::Signal::Kind::Repeat);
+  EXPECT_EQ(news.signals[0].id, 1);
+  EXPECT_EQ(news.signals[0].repeats, 1);
+  EXPECT_EQ(news.signals[1].kind, ArrivalFeed::Signal::Kind::Reset);
+  EXPECT_EQ(news.signals[1].id, 1);
+}
+
+// The tables as the first version of the program made them.
+constexpr const char* kFirstVersion = R"sql(
+CREATE TABLE events (
+  id INTEGER PRIMARY KEY AUTOINCREMENT, received_ms INTEGER NOT NULL,
+  last_seen_ms INTEGER NOT NULL, repeats INTEGER NOT NULL DEFAULT 0, event_id TEXT, name TEXT,
+  event_timestamp INTEGER, site INTEGER, token TEXT, problem TEXT, method TEXT NOT NULL,
+  path TEXT NOT NULL, query TEXT NOT NULL, headers TEXT NOT NULL, body BLOB NOT NULL);
+CREATE UNIQUE INDEX events_by_event_id ON events (event_id) WHERE event_id IS NOT NULL;
+CREATE INDEX events_by_name ON events (name, repeats, problem);
+CREATE INDEX events_by_received ON events (received_ms);
+CREATE INDEX events_by_last_seen ON events (last_seen_ms);
+CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT ROWID;
+INSERT INTO counters VALUES ('evicted', 5);
+INSERT INTO events VALUES (6, 100, 300, 2, 'e1', 'login', 9, 7, 'key', NULL, 'POST', '/events',
+  'jx_s=7&token=key', '[{"name":"A","value":"b"}]',
+  CAST('{"event_name":"login","context":{"event_id":"e1","event_timestamp":9}}' AS BLOB));
+INSERT INTO events VALUES (8, 200, 200, 0, NULL, NULL, NULL, NULL, NULL, 'not JSON', 'POST',
+  '/events', '', '[]', CAST('rubbish' AS BLOB));
+PRAGMA user_version = 1;
+)sql";
+
+TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
+  const ScratchFolder folder;
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(database->execute(kFirstVersion));
+  }
+  const auto store = openStore(folder / "events.db");
+  const auto events = store->reading().list({});
+  ASSERT_TRUE(events);
+  ASSERT_EQ(events->size(), 2u);
+  const StoredEvent& first = events->front();
+  EXPECT_EQ(first.id, 6);
+  EXPECT_EQ(first.receivedMs, 100);
+  EXPECT_EQ(first.lastSeenMs, 300);
+  EXPECT_EQ(first.repeats, 2);
+  EXPECT_EQ(first.className, std::optional<std::string>("JXLoginEvent"));
+  EXPECT_EQ(first.errors, 3);  // device, application, user
+  EXPECT_EQ(first.facts.token, std::optional<std::string>("key"));
+  EXPECT_EQ(first.bytes, 70);
+  EXPECT_EQ(first.request.headers.size(), 1u);
+  EXPECT_EQ(first.request.body.size(), 70u);
+  EXPECT_EQ(events->back().facts.problem, std::optional<std::string>("not JSON"));
+  EXPECT_EQ(events->back().request.body, "rubbish");
+  const auto summary = store->reading().summary(0);
+  ASSERT_TRUE(summary);
+  EXPECT_EQ(summary->evicted, 5);
+  EXPECT_EQ(summary->bad, 2);
+  const auto next = store->add(requestWith("{}"));
+  ASSERT_TRUE(next);
+  EXPECT_EQ(*next, 9);
+}
+
+TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
+  const ScratchFolder folder;
+  {
+    const auto store = openStore(folder / "events.db");
+    ASSERT_TRUE(store->add(requestWith(eventBody("e1", "login"))));
+  }
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(
+        database->execute("UPDATE events SET class = 'Other', good = 1, errors = 0, "
+                          "line = 'old'"));
+  }
+  const auto rowOf = [&folder] {
+    const auto rows = openStore(folder / "events.db")->reading().rows({});
+    if (!rows) throw std::runtime_error(rows.failure().text);
+    return rows->at(0);
+  };
+  EXPECT_EQ(rowOf().className, std::optional<std::string>("Other"));
+  {
+    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    ASSERT_TRUE(database);
+    ASSERT_TRUE(database->execute("UPDATE counters SET value = value + 1 WHERE name = 'rules'"));
+  }
+  EXPECT_EQ(rowOf().className, std::optional<std::string>("JXLoginEvent"));
+  EXPECT_FALSE(rowOf().isGood());
+  EXPECT_EQ(rowOf().line, "");
+}
+
 TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
   const ScratchFolder folder;
   std::ofstream(folder / "events.db") << std::string(5000, 'x');

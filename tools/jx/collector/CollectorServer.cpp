@@ -46,7 +46,7 @@ CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority author
       intake_(*store_, faults_, settings.isStrict),
       guard_(std::move(names)),
       api_(*store_, authority_.certificatePem()),
-      live_(*store_, faults_, settings.limits.waiting),
+      live_(*store_, faults_, settings.limits.waiting, settings.live),
       faultsApi_(faults_),
       transfer_(*store_),
       eventsServer_(std::move(tls), settings.limits),

@@ -37,6 +37,7 @@ struct CollectorSettings {
   std::int64_t maxEvents = 100'000;
   bool isStrict = false;  ///< bad events are answered with 422
   HttpLimits limits;
+  LiveTiming live;
 };
 
 /// The whole collector, wired top to bottom: state folder, certificate authority, store, the HTTPS

@@ -25,8 +25,7 @@ struct LiveTiming {
 class LiveApi {
  public:
   /// Both outlive the server that this is installed in.
-  LiveApi(EventStore& store, const FaultPlan& faults, std::size_t maxAnswers,
-          LiveTiming timing = LiveTiming())
+  LiveApi(EventStore& store, const FaultPlan& faults, std::size_t maxAnswers, LiveTiming timing)
       : store_(store), faults_(faults), maxAnswers_(maxAnswers), timing_(timing) {}
 
   /// Adds the routes; this object outlives the server.
