@@ -3,7 +3,7 @@
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
 
-import { launch, namesIn, openPage } from './support/browser.js';
+import { launch, namesIn, openPage, overflowOf } from './support/browser.js';
 import { body, search, Sender } from './support/events.js';
 import { Collector, until } from './support/program.js';
 
@@ -52,7 +52,8 @@ test('While the collector is away the page says since when, and comes back by it
   const away = page.locator('.notice.away');
   await away.waitFor();
   assert.match(await away.innerText(), /No connection to the collector since \d\d:\d\d:\d\d/);
-  assert.equal(await page.locator('#connection').innerText(), 'not connected');
+  assert.equal(await page.locator('#connection').innerText(), 'offline');
+  assert.equal(await overflowOf(page), 0);
   assert.deepEqual(await namesIn(page), ['search']);
   await collector.startAgain();
   await away.waitFor({ state: 'hidden' });

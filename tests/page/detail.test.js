@@ -112,6 +112,13 @@ test('The differences to the previous event of the name, with ids and times fold
     assert.deepEqual(volatile, ['context.event_id', 'context.event_timestamp']);
   }));
 
+test('A good event without notes has neither a list of reasons nor a place where it was', () =>
+  withEvents([search('x')], async (page) => {
+    await page.locator('.tree').waitFor();
+    assert.equal(await page.locator('.reasons').count(), 0);
+    assert.doesNotMatch(await page.locator('#detail').innerText(), /null|undefined/);
+  }));
+
 test('An event without an earlier one of its name says so', () =>
   withEvents([body('quiz', {})], async (page) => {
     await page.getByRole('tab', { name: 'Differences' }).click();

@@ -3,7 +3,9 @@
 import { chromium } from 'playwright-core';
 
 const ARGUMENTS = ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
-  '--disable-background-networking', '--disable-component-update', '--disable-sync'];
+  '--disable-background-networking', '--disable-component-update', '--disable-sync',
+  // Grey edges instead of coloured ones, so that the pictures are small and alike everywhere.
+  '--disable-lcd-text'];
 
 /** Debian's Chromium, without a window. */
 export function launch() {

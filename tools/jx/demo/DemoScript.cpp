@@ -45,7 +45,7 @@ std::string_view demoScript() {
 {"do":"advance","ms":6400}
 {"do":"event","class":"JXVideoPlaybackEvent","mode":"START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","contentAssetID":["lighthouse-2160p"],"videoPlayer":"living-room","fullScreen":true,"adEnabled":true,"cursorPosition":0}}
 {"do":"advance","ms":400}
-{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"none","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1}}
+{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"pre-roll-break","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":300}
 {"do":"event","class":"JXVideoAdEvent","mode":"START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"harbour-tours","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":10000}
@@ -53,7 +53,7 @@ std::string_view demoScript() {
 {"do":"advance","ms":10000}
 {"do":"event","class":"JXVideoAdEvent","mode":"COMPLETE","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"harbour-tours","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1,"adQuartile":4}}
 {"do":"advance","ms":200}
-{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_COMPLETE","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"none","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1}}
+{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_COMPLETE","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":0,"adAssetID":"pre-roll-break","adPodID":"pre-1","adType":"PRE_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":500}
 {"do":"event","class":"JXVideoContentEvent","mode":"START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","contentAssetID":"lighthouse-2160p","videoCategory":"film","keywords":["sea","drama"],"bitrate":15000,"framerate":"23.976","cursorPosition":0}}
 {"do":"advance","ms":94000}
@@ -69,13 +69,13 @@ std::string_view demoScript() {
 {"do":"advance","ms":650000}
 {"do":"event","class":"JXVideoContentEvent","mode":"QUARTER_REACHED","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","contentAssetID":"lighthouse-2160p","videoCategory":"film","keywords":["sea","drama"],"bitrate":15000,"framerate":"23.976","cursorPosition":1350}}
 {"do":"advance","ms":450000}
-{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"none","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
+{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"mid-roll-break","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":300}
 {"do":"event","class":"JXVideoAdEvent","mode":"START","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"coast-radio","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":6000}
 {"do":"event","class":"JXVideoAdEvent","mode":"SKIP","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"coast-radio","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":200}
-{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_COMPLETE","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"none","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
+{"do":"event","class":"JXVideoAdEvent","mode":"BREAK_COMPLETE","session":"evening-1","fields":{"totalLength":5400,"videoTitle":"The Last Lighthouse","publisher":"Harbour Films","cursorPosition":1800,"adAssetID":"mid-roll-break","adPodID":"mid-1","adType":"MID_ROLL","podLength":1,"podPosition":1}}
 {"do":"advance","ms":388000}
 {"do":"event","class":"JXCustomEvent","name":"consent_changed","parameters":{"measurement":false}}
 {"do":"disable"}

@@ -4,7 +4,7 @@ import * as api from './api.js';
 import { firstSteps, nothingPasses } from './blank.js';
 import { EventDetail } from './detail.js';
 import { confirmReset, showKeys } from './dialogs.js';
-import { byId } from './dom.js';
+import { byId, oncePerFrame } from './dom.js';
 import { EventFeed } from './feed.js';
 import { FilterBar } from './filterbar.js';
 import { queryOf, readHash, writeHash } from './filters.js';
@@ -48,6 +48,12 @@ class Inspector {
     });
     this.notices = new Notices(byId('notices'), () => this.stream.retryNow());
     this.classes = new Set();
+    // However many events a frame brings, what stands around the list is written once.
+    this.showFeed = oncePerFrame(() => {
+      this.bar.offer('class', [...this.classes].filter(Boolean).sort().map((one) => [one, one]));
+      this.showPause();
+      this.showBlank();
+    });
     this.wire();
   }
 
@@ -55,6 +61,9 @@ class Inspector {
     byId('pause').addEventListener('click', () => this.togglePause());
     byId('reset').addEventListener('click', () => this.reset());
     byId('help').addEventListener('click', () => showKeys());
+    document.addEventListener('pointerdown', (event) => {
+      if (!byId('export').contains(event.target)) byId('export').open = false;
+    });
     // Going back and forth, and an address typed by hand.
     addEventListener('popstate', () => this.apply(readHash(location.hash)));
     installKeys({
@@ -166,12 +175,11 @@ class Inspector {
   feedChanged(change) {
     this.list.update(change);
     if (change.isNew) {
+      this.list.markOpen(this.place.event);
       for (let at = 0; at < this.feed.length; at += 1) this.classes.add(this.feed.at(at).class ?? '');
       this.offerSessions();
     }
-    this.bar.offer('class', [...this.classes].filter(Boolean).sort().map((one) => [one, one]));
-    this.showPause();
-    this.showBlank();
+    this.showFeed();
   }
 
   showBlank() {
@@ -188,7 +196,7 @@ class Inspector {
 
   connectionChanged(state) {
     this.notices.showAway(state);
-    byId('connection').textContent = state.isConnected ? 'live' : 'not connected';
+    byId('connection').textContent = state.isConnected ? 'live' : 'offline';
     byId('connection').classList.toggle('live', state.isConnected);
   }
 

@@ -50,8 +50,9 @@ export class EventDetail {
       role: 'tab', id: `tab-${key}`, 'aria-controls': 'panel',
       on: { click: () => this.choose(key), keydown: (pressed) => this.steer(pressed) },
     }));
+    const reasons = this.reasonList(event.reasons ?? []);
     this.pane.replaceChildren(this.head(event.name ?? '(no name)', event), this.facts(event),
-      this.reasonList(event.reasons ?? []),
+      ...(reasons ? [reasons] : []),
       element('div', { class: 'tabs', role: 'tablist', 'aria-label': 'Parts of the event' },
         ...this.tabs), this.panels);
     this.pane.hidden = false;

@@ -16,7 +16,7 @@ export class FilterBar {
 
   build() {
     this.text = element('input', {
-      id: 'filter-text', type: 'search', placeholder: 'Text anywhere in the body',
+      id: 'filter-text', type: 'search', placeholder: 'Text in the body',
       'aria-label': 'Text anywhere in the body', autocomplete: 'off', spellcheck: 'false',
       on: { input: () => this.typed() },
     });

@@ -142,10 +142,23 @@ export class EventList {
     this.steer(event);
   }
 
+  /** Marks the row of the opened event, and shows it when it is loaded but out of sight. */
   markOpen(id) {
     this.openId = id;
-    if (id !== null) this.activeId = id;
+    if (id !== null) {
+      this.activeId = id;
+      this.reveal(this.feed.indexOf(id));
+    }
     this.draw();
+  }
+
+  reveal(index) {
+    const { scrollTop, clientHeight } = this.scroller;
+    const top = index * this.rowHeight;
+    if (index < 0 || clientHeight === 0) return;
+    if (top >= scrollTop && top + this.rowHeight <= scrollTop + clientHeight) return;
+    this.space.style.height = `${this.feed.length * this.rowHeight}px`;
+    this.scroller.scrollTop = top - clientHeight / 2;
   }
 
   toTop() {

@@ -55,15 +55,14 @@ export class SessionView {
     ]));
   }
 
-  entry(id, title, { first_ms: first, last_ms: last, events, bad }, chosen, isVideo) {
-    const when = `${timeOfDay(first)}, ${duration(last - first)}`;
+  entry(id, title, { first_ms: first, events, bad }, chosen, isVideo) {
     return element('button', {
       type: 'button', class: isVideo ? 'entry video' : 'entry', 'data-session': id,
       'aria-current': id === chosen ? 'true' : null, on: { click: () => this.onChoose(id) },
     },
     element('span', { class: 'entry-title' }, title),
     bad > 0 ? element('span', { class: 'mark error' }, `${bad} bad`) : null,
-    element('span', { class: 'entry-facts' }, `${when}, ${counted(events, 'event')}`));
+    element('span', { class: 'entry-facts' }, `${counted(events, 'event')}, arrived ${timeOfDay(first)}`));
   }
 
   async load(session) {

@@ -144,7 +144,7 @@ export class Timeline {
     shape('rect', { class: 'target', x: -10, y: -11, width: 20, height: 22, rx: 3 }),
     shape('path', { class: 'glyph', d: glyph(kind) }),
     event.good ? null : shape('path', { class: 'warning', d: 'M5,-11 L11,-1 L-1,-1 Z' }),
-    hasRoom ? shape('text', { x: 7, y: 4 }, text) : null);
+    hasRoom ? shape('text', { x: event.good ? 7 : 13, y: 4 }, text) : null);
     this.marks.set(index, node);
     return node;
   }
