@@ -54,7 +54,9 @@ std::string padded(std::string_view text, std::size_t width) {
 }
 
 std::string quoted(std::string_view text) {
-  return "\"" + shortened(asOneLine(text), kQuotedWidth) + "\"";
+  std::string quotedText = "\"";
+  quotedText += shortened(asOneLine(text), kQuotedWidth);
+  return quotedText += '"';
 }
 
 std::string asIsoTime(std::int64_t ms) {

@@ -64,7 +64,7 @@ void CollectorApi::installPage(HttpServer& server) {
       response.set_content(file.content.data(), file.content.size(), contentTypeOf(file.name));
     };
     if (file.name == "index.html") server.onGet("/", show);
-    server.onGet("/" + std::string(file.name), show);
+    server.onGet(std::string("/").append(file.name), show);
   }
 }
 

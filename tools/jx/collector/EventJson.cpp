@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/collector/EventJson.h"
 
+#include "jx/core/json/JXUtf8.h"
 #include "tools/jx/collector/Base64.h"
 #include "tools/jx/collector/JsonOut.h"
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "jx/core/json/JXUtf8.h"
 #include "tools/jx/collector/Base64.h"
 #include "tools/jx/collector/JsonMembers.h"
 #include "tools/jx/collector/JsonOut.h"

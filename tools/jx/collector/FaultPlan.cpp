@@ -159,7 +159,7 @@ std::string FaultPlan::asJson() const {
         .member("action", nameOf(armed_->action))
         .endObject();
   } else {
-    out.value(std::optional<bool>());
+    out.value(std::optional<std::string>());
   }
   out.member("met", met_).endObject();
   return out.text();

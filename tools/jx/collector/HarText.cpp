@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <ctime>
 
+#include "jx/core/json/JXUtf8.h"
 #include "tools/jx/Printable.h"
 #include "tools/jx/collector/Base64.h"
 #include "tools/jx/collector/JsonMembers.h"

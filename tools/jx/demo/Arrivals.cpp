@@ -39,7 +39,10 @@ std::string shown(const JXJsonValue& value) {
 std::string detailsOf(const JXJsonObject& body, const std::vector<std::string>& said) {
   std::string details;
   const auto add = [&details](std::string_view key, const JXJsonValue& value) {
-    details += (details.empty() ? "" : " ") + std::string(key) + "=" + shown(value);
+    if (!details.empty()) details += ' ';
+    details += key;
+    details += '=';
+    details += shown(value);
   };
   if (body.contains(JXE_PAGENAME)) add(JXE_PAGENAME, body.get(JXE_PAGENAME));
   for (const JXJsonEntry& entry : body.entries()) {

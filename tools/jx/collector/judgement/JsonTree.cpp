@@ -164,8 +164,9 @@ std::string JsonTree::pathOf(std::uint32_t index) const {
   for (auto at = steps.rbegin(); at != steps.rend(); ++at) {
     if (path.size() > kShownPathBytes) return path + "...";
     const JsonNode& value = node(*at);
-    path += isObject(value.parent) ? step(value.key, path.empty())
-                                   : "[" + std::to_string(value.position) + "]";
+    path += isObject(value.parent)
+                ? step(value.key, path.empty())
+                : std::string("[").append(std::to_string(value.position)).append("]");
   }
   return path;
 }
