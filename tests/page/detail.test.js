@@ -40,7 +40,9 @@ async function withEvents(bodies, use) {
 
 const keyAt = (page, path) => page.locator(`#panel [data-path=${JSON.stringify(path)}]`);
 
-const ITEM = { id: '1', quantity: 6, product: { id: 'p-1', name: 'LANTERN', price: 3.39, colors: [] } };
+const ITEM = {
+  id: '1', quantity: 6, product: { id: 'p-1', name: 'LANTERN', price: 3.39, colors: [] },
+};
 const PURCHASE = {
   currency: 'GBP', id: 'A-1', value: 20.34, revenue: 20.34, type: 'shop',
   payment_method: 'card', status: 'confirmed', items: [ITEM],
@@ -93,9 +95,9 @@ test('Each reason stands beside its key, and in a list on top that leads there',
 
 test('The differences to the previous event of the name, with ids and times folded', () =>
   withEvents([
-    body('quiz', { page_name: 'quiz', answer: 'A', old: true, amount: 1.0 }, { atMs: 1767225600000 }),
+    body('quiz', { page_name: 'quiz', answer: 'A', old: true }, { atMs: 1767225600000 }),
     body('login', {}),
-    body('quiz', { page_name: 'quiz', answer: 'B', added: [1], amount: 1.0 }, { atMs: 1767225601000 }),
+    body('quiz', { page_name: 'quiz', answer: 'B', added: [1] }, { atMs: 1767225601000 }),
   ], async (page) => {
     await page.getByRole('tab', { name: 'Differences' }).click();
     const changes = page.locator('.panel .changes').first().locator('.change');
@@ -223,6 +225,7 @@ test('A body of many keys opens at once, and is shown piece by piece', () => {
     await keyAt(page, 'many.k0').waitFor();
     assert.equal(await page.locator('#panel li').count() < 300, true);
     await page.getByText('Show more').click();
-    await until('the next piece is there', async () => await keyAt(page, 'many.k399').count() === 1);
+    await until('the next piece is there',
+      async () => await keyAt(page, 'many.k399').count() === 1);
   });
 });

@@ -39,7 +39,7 @@ test('The JSON reader tells what is no JSON, and where', async () => {
   assert.deepEqual(faults, [null, null, 0, 1, 3, 1, 1, 7, 0, 0, 1, 3]);
 });
 
-test('The JSON reader refuses what is nested too deeply instead of running out of stack', async () => {
+test('The JSON reader refuses what is nested too deeply, with stack to spare', async () => {
   const message = await page.evaluate(async () => {
     const { readJson } = await import('/json.js');
     try {

@@ -39,7 +39,7 @@ test('The film of the demo has a mark for each event, in order from left to righ
   assert.deepEqual(marks.sort((a, b) => a.x - b.x).map((mark) => mark.name), FILM);
 });
 
-test('Playing, pause, buffering and seeking are stretches that tell how long they lasted', async () => {
+test('Playing, pause, buffering and seeking are stretches that tell their length', async () => {
   const titles = (kind) => page.locator(`.segment.${kind} title`).allTextContents();
   assert.deepEqual(await titles('buffering'), ['buffering 3.8 s']);
   assert.deepEqual(await titles('seeking'), ['seeking 2.1 s']);
@@ -49,9 +49,9 @@ test('Playing, pause, buffering and seeking are stretches that tell how long the
   assert.equal((await titles('playing')).length, 4);
 });
 
-test('Quarters tell how far the film had come; a position that is no number is unknown', async () => {
-  const labels = await marksIn('quarter')
-    .evaluateAll((nodes) => nodes.map((node) => node.getAttribute('aria-label').split(', ').at(-1)));
+test('Quarters tell how far the film had come; a wrong position is unknown', async () => {
+  const labels = await marksIn('quarter').evaluateAll((nodes) =>
+    nodes.map((node) => node.getAttribute('aria-label').split(', ').at(-1)));
   assert.deepEqual(labels, ['25%', '50%', '?']);
   assert.equal(await page.locator('.mark-point.bad').count(), 1);
 });

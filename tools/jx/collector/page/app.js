@@ -94,11 +94,12 @@ class Inspector {
     const was = this.place;
     this.place = place;
     this.bar.show(place.filters);
-    const isOtherList = JSON.stringify(queryOf(was.filters)) !== JSON.stringify(queryOf(place.filters));
+    const filters = new URLSearchParams(queryOf(place.filters)).toString();
+    const isOtherList = new URLSearchParams(queryOf(was.filters)).toString() !== filters;
     if (isOtherList && !isFirst) this.loadList();
     this.showView(place);
     for (const kind of ['ndjson', 'har']) {
-      byId(`export-${kind}`).href = `/api/export.${kind}?${new URLSearchParams(queryOf(place.filters))}`;
+      byId(`export-${kind}`).href = `/api/export.${kind}?${filters}`;
     }
     this.list.markOpen(place.event);
     byId('main').classList.toggle('split', place.event !== null);
@@ -176,7 +177,7 @@ class Inspector {
     this.list.update(change);
     if (change.isNew) {
       this.list.markOpen(this.place.event);
-      for (let at = 0; at < this.feed.length; at += 1) this.classes.add(this.feed.at(at).class ?? '');
+      for (const row of this.feed.rows) this.classes.add(row.class ?? '');
       this.offerSessions();
     }
     this.showFeed();

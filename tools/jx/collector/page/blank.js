@@ -9,7 +9,8 @@ export function firstSteps({ events_port: port, ca_file: caFile }) {
     `configuration.caFile = ${JSON.stringify(caFile)};`;
   return element('div', { class: 'first-steps' },
     element('h2', {}, 'No event yet'),
-    element('p', {}, 'Point the application at this collector before it makes its first ServerSide:'),
+    element('p', {},
+      'Point the application at this collector before it makes its first ServerSide:'),
     element('pre', { class: 'raw', tabindex: 0, 'aria-label': 'Lines for the application' }, code),
     element('p', { class: 'hint' }, 'On another machine, use this one’s address and copy the ',
       element('a', { href: '/ca.pem', download: 'ca.pem' }, 'CA file'),

@@ -27,7 +27,7 @@ export function installKeys({ onEscape, onPause, onHelp, onView, list }) {
     };
     const isFree = document.activeElement === document.body;
     if (acts[event.key]) acts[event.key]();
-    else if (isFree && (event.key === 'ArrowDown' || event.key === 'ArrowUp')) list.focusAndSteer(event);
+    else if (isFree && /^Arrow(Down|Up)$/.test(event.key)) list.focusAndSteer(event);
     else return;
     event.preventDefault();
   });

@@ -119,7 +119,8 @@ function adLane(steps) {
 }
 
 function settingLane(steps, taken) {
-  const marks = steps.filter((one) => !taken.has(one)).map((one) => ({ step: one, kind: 'setting' }));
+  const marks = steps.filter((one) => !taken.has(one))
+    .map((one) => ({ step: one, kind: 'setting' }));
   return { key: 'settings', label: 'Settings', marks, segments: [] };
 }
 

@@ -28,8 +28,8 @@ export class EventList {
   build(parent) {
     this.space = element('div', { class: 'space', role: 'presentation' });
     this.scroller = element('div', {
-      class: 'scroller', id: 'list', role: 'grid', tabindex: 0, 'aria-label': 'Events, newest first',
-      'aria-readonly': 'true',
+      class: 'scroller', id: 'list', role: 'grid', tabindex: 0, 'aria-readonly': 'true',
+      'aria-label': 'Events, newest first',
       on: {
         scroll: () => this.draw(),
         click: (event) => this.openUnder(event),

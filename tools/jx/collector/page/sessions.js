@@ -62,7 +62,8 @@ export class SessionView {
     },
     element('span', { class: 'entry-title' }, title),
     bad > 0 ? element('span', { class: 'mark error' }, `${bad} bad`) : null,
-    element('span', { class: 'entry-facts' }, `${counted(events, 'event')}, arrived ${timeOfDay(first)}`));
+    element('span', { class: 'entry-facts' },
+      `${counted(events, 'event')}, arrived ${timeOfDay(first)}`));
   }
 
   async load(session) {

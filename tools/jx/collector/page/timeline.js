@@ -80,7 +80,8 @@ export class Timeline {
       const lanePx = heightOf(group, lane);
       const middle = y + lanePx - heightOf(group, {}) / 2;
       labels.append(labelAt(lane.label, middle - LANE_PX / 2, LANE_PX));
-      picture.append(shape('line', { class: 'lane', x1: 0, x2: this.width, y1: middle, y2: middle }));
+      picture.append(
+        shape('line', { class: 'lane', x1: 0, x2: this.width, y1: middle, y2: middle }));
       for (const segment of lane.segments) {
         picture.append(this.segment(segment, middle, lane.isLabelAbove));
       }
@@ -170,7 +171,7 @@ export class Timeline {
   }
 
   steer(event) {
-    const at = Number([...this.marks].find(([, node]) => node === document.activeElement)?.[0] ?? -1);
+    const [at] = [...this.marks].find(([, node]) => node === document.activeElement) ?? [-1];
     if (at < 0) return;
     const last = this.steps.length - 1;
     const to = {

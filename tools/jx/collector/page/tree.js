@@ -33,14 +33,14 @@ export class ReasonMap {
       reasons.some((reason) => reason.level === 'error'));
   }
 
-  /** Reasons about members of `path` that are not there: [{key, reasons}]. */
+  /** Reasons about members of `path` that are not there: [{path, key, reasons}]. */
   missingIn(path, members) {
     const there = members.map((member) => pathOf(path, member.key));
     const missing = [];
     for (const [key, reasons] of this.byPath) {
       const isThere = there.some((own) => key === own || isInside(own, key));
       if (!isInside(path, key) || isThere) continue;
-      missing.push({ key: key.slice(path.length).replace(/^\./, ''), reasons });
+      missing.push({ path: key, key: key.slice(path.length).replace(/^\./, ''), reasons });
     }
     return missing;
   }
@@ -97,10 +97,10 @@ export class JsonTree {
   memberList(value, path) {
     const list = element('ul');
     // What lacks stands first: behind a long object nobody would find it.
-    for (const { key, reasons } of this.reasons.missingIn(path, value.members)) {
-      list.append(element('li', { class: 'missing', 'data-path': pathOf(path, key) },
-        element('span', { class: 'key' }, key), element('span', { class: 'value absent' }, 'absent'),
-        ...reasonNotes(reasons)));
+    for (const missing of this.reasons.missingIn(path, value.members)) {
+      list.append(element('li', { class: 'missing', 'data-path': missing.path },
+        element('span', { class: 'key' }, missing.key),
+        element('span', { class: 'value absent' }, 'absent'), ...reasonNotes(missing.reasons)));
     }
     this.appendMembers(list, value, path, 0);
     return list;
