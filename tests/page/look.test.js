@@ -12,7 +12,11 @@ import { Demo, until } from './support/program.js';
 const SCREENSHOTS = process.env.JX_SCREENSHOTS;
 const AA = 4.5;
 // Smaller than the window of the tests: a picture is to be read beside a text.
-const PICTURE = { width: 1090, height: 540 };
+const PICTURES = {
+  list: { width: 1090, height: 540 },
+  detail: { width: 1090, height: 540 },
+  session: { width: 1280, height: 440 },
+};
 const PHONE = { width: 360, height: 740 };
 const PHONE_PICTURES = { list: 'light', detail: 'dark', session: 'light' };
 
@@ -52,7 +56,6 @@ async function inView(name, options, use) {
 
 async function picture(page, name) {
   if (!SCREENSHOTS) return;
-  if (!name.startsWith('phone')) await page.setViewportSize(PICTURE);
   await mkdir(SCREENSHOTS, { recursive: true });
   await page.screenshot({ path: join(SCREENSHOTS, `inspector-${name}.png`) });
 }
@@ -78,6 +81,7 @@ for (const colorScheme of ['light', 'dark']) {
           assert.ok(contrast !== null, `${selector} is not on the page`);
           assert.ok(contrast >= AA, `${selector}: ${contrast.toFixed(2)}`);
         }
+        await page.setViewportSize(PICTURES[name]);
         await picture(page, `${name}-${colorScheme}`);
       }));
 

@@ -3,13 +3,13 @@
 #include "tools/jx/demo/DemoScript.h"
 
 namespace jx {
+namespace {
 
-std::string_view demoScript() {
-  // Two events are wrong on purpose, so that the page has something to tell: the first purchase
-  // names neither its type nor its status, and the third quarter states its position as a text.
-  // While consent is withdrawn one event is executed and not taken; one more is executed in the
-  // background, where it waits; the return comes late enough for a new session.
-  return R"json(
+// Two events are wrong on purpose, so that the page has something to tell: the first purchase
+// names neither its type nor its status, and the third quarter states its position as a text.
+// While consent is withdrawn one event is executed and not taken; one more is executed in the
+// background, where it waits; the return comes late enough for a new session.
+constexpr std::string_view kScript = R"json(
 {"do":"permanent","key":"profile","value":"living room"}
 {"do":"event","class":"JXCustomEvent","name":"app_start","parameters":{"launch":"home screen","cold":true}}
 {"do":"advance","ms":3200}
@@ -106,6 +106,9 @@ std::string_view demoScript() {
 {"do":"advance","ms":11000}
 {"do":"event","class":"JXCustomEvent","name":"rating","parameters":{"title":"The Last Lighthouse","stars":4.5}}
 )json";
-}
+
+}  // namespace
+
+std::string_view demoScript() { return kScript; }
 
 }  // namespace jx

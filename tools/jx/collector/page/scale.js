@@ -4,7 +4,7 @@
 const MARK_PX = 18;      // two marks never stand closer
 const STRETCH_PX = 11;   // what a doubling of the time between two steps adds
 const UNIT_MS = 4000;
-const LEAST_STRETCH = 0.4;
+const LEAST_STRETCH = 0.25;
 const LABEL_PX = 70;
 
 /**
