@@ -39,11 +39,11 @@ TEST(ArrivalTable, IsPlainAndWithinItsWidthWithoutColours) {
   test::ScopedEnvironment environment;
   environment.set("TZ", "UTC");
   TerminalStyle style;
-  style.width = 66;
+  style.width = 71;
   EXPECT_EQ(arrivalTable({onlyOne()}, style),
-            "time      event               event_id    bytes  what it says\n"
+            "time      event                    event_id    bytes  what it says\n"
             "-- a new session begins\n"
-            "22:13:20  film_start          ABCDEFGH      140  page_name=\"film\"\u2026\n");
+            "22:13:20  film_start               ABCDEFGH      140  page_name=\"film\"\u2026\n");
 }
 
 TEST(ArrivalTable, ColoursAreEscapeSequencesThatEnd) {

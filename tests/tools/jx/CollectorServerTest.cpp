@@ -51,6 +51,20 @@ class CollectorServerTest : public testing::Test {
   std::unique_ptr<CollectorServer> server_;
 };
 
+TEST_F(CollectorServerTest, TellsThePageWhereApplicationsSendTo) {
+  const rapidjson::Document about = json("/api/about");
+  EXPECT_EQ(about["events_port"].GetInt(), server_->eventsPort());
+  EXPECT_EQ(about["ca_file"].GetString(), caFile());
+}
+
+TEST_F(CollectorServerTest, ABrowserThatTakesBrotliGetsItsAnswersUncompressed) {
+  for (const std::string path : {"/", "/app.js", "/api/summary"}) {
+    const auto response = HttpsClient().get(webUrl(path), {"Accept-Encoding: gzip, deflate, br"});
+    EXPECT_EQ(response.status, 200) << path;
+    EXPECT_EQ(response.headers.find("Content-Encoding"), std::string::npos) << response.headers;
+  }
+}
+
 TEST_F(CollectorServerTest, AnEventIsStoredAndAnsweredWith200AndNoBody) {
   const auto response = HttpsClient(caFile()).post(eventsUrl(), kEvent, {"X-Device: tv%41"});
   ASSERT_EQ(response.error, CURLE_OK);

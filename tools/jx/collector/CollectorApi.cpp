@@ -24,6 +24,11 @@ constexpr std::string_view kEventsFolder = "/api/events/";
 CollectorApi::CollectorApi(EventStore& store, std::string authorityPem)
     : store_(store), authorityPem_(std::move(authorityPem)) {}
 
+void CollectorApi::setWhereabouts(int eventsPort, std::string authorityFile) {
+  eventsPort_ = eventsPort;
+  authorityFile_ = std::move(authorityFile);
+}
+
 void CollectorApi::install(HttpServer& server) {
   using Request = httplib::Request;
   using Response = httplib::Response;
@@ -36,6 +41,9 @@ void CollectorApi::install(HttpServer& server) {
                });
   server.onGet("/api/summary", [this](const Request&, const std::string&, Response& response) {
     summarise(response);
+  });
+  server.onGet("/api/about", [this](const Request&, const std::string&, Response& response) {
+    tellWhereabouts(response);
   });
   server.onGet("/api/sessions", [this](const Request& request, const std::string&,
                                        Response& response) { listSessions(request, response); });
@@ -90,6 +98,16 @@ void CollectorApi::showEvent(const httplib::Request& request, httplib::Response&
   const ReceivedRequest& kept = (*event)->request;
   const Judgement judgement = Judgement::of(kept.query, kept.body);
   answerJson(response, 200, eventToJson(**event, judgement.reasons.kept(), *previous));
+}
+
+void CollectorApi::tellWhereabouts(httplib::Response& response) const {
+  answerJson(response, 200,
+             JsonOut()
+                 .beginObject()
+                 .member("events_port", eventsPort_)
+                 .member("ca_file", authorityFile_)
+                 .endObject()
+                 .text());
 }
 
 void CollectorApi::summarise(httplib::Response& response) const {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -18,12 +19,16 @@ class CollectorApi {
   /// `store` outlives the server that this is installed in.
   CollectorApi(EventStore& store, std::string authorityPem);
 
+  /// Where an application reaches this collector, for the page to tell. Said before the server that
+  /// this is installed in starts.
+  void setWhereabouts(int eventsPort, std::string authorityFile);
   /// Adds the routes; this object outlives the server.
   void install(HttpServer& server);
 
  private:
   void listEvents(const httplib::Request& request, httplib::Response& response) const;
   void showEvent(const httplib::Request& request, httplib::Response& response) const;
+  void tellWhereabouts(httplib::Response& response) const;
   void summarise(httplib::Response& response) const;
   void listSessions(const httplib::Request& request, httplib::Response& response) const;
   void reset(httplib::Response& response) const;
@@ -31,6 +36,8 @@ class CollectorApi {
 
   EventStore& store_;
   const std::string authorityPem_;
+  std::string authorityFile_;
+  std::int64_t eventsPort_ = 0;
 };
 
 }  // namespace jx

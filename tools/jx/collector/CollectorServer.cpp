@@ -85,6 +85,7 @@ Outcome<std::unique_ptr<CollectorServer>> CollectorServer::start(
                           std::move(*tls), std::move(names), settings));
   const Done events = server->eventsServer_.start(settings.eventsAddress, settings.eventsPort);
   if (!events) return events.failure();
+  server->api_.setWhereabouts(server->eventsPort(), server->authorityFile().string());
   const Done web = server->webServer_.start(settings.webAddress, settings.webPort);
   if (!web) return web.failure();
   return server;

@@ -252,6 +252,9 @@ void HttpServer::serveRequests(ConnectionStream& stream) {
         process_request(stream, stop_.isRaised(), closesAnyway, [&](httplib::Request& request) {
           isParsed = true;
           request.headers = headersAsSent(stream.head());
+          // cpp-httplib compresses for whoever takes Brotli, at its slowest level: a second for
+          // what a browser on this machine reads in a millisecond.
+          if (tls_ == nullptr) request.headers.erase("Accept-Encoding");
           stream.endHead();
         });
     // After a head that was not understood nobody knows where the next request begins.

@@ -12,7 +12,7 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kTime = 8;
-constexpr std::size_t kName = 18;
+constexpr std::size_t kName = 23;
 constexpr std::size_t kId = 8;
 constexpr std::size_t kSize = 7;
 constexpr std::size_t kGaps = 4 * 2;

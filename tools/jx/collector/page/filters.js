@@ -1,0 +1,50 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+/** The filters that /api/events takes, with the words that people read. */
+export const FILTERS = [
+  ['text', 'Text'],
+  ['name', 'Name'],
+  ['class', 'Class'],
+  ['good', 'Verdict'],
+  ['session', 'Session'],
+];
+
+/**
+ * What the page shows, as the part of the address behind "#": the view ('events' or 'sessions'),
+ * the opened event, and the filters; a filter that is not set is absent.
+ */
+export function readHash(hash) {
+  const fields = new URLSearchParams(hash.replace(/^#/, ''));
+  const place = { view: fields.get('view') === 'sessions' ? 'sessions' : 'events', filters: {} };
+  const event = Number(fields.get('event'));
+  place.event = Number.isSafeInteger(event) && event > 0 ? event : null;
+  for (const [key] of FILTERS) {
+    const value = fields.get(key);
+    if (!value || (key === 'good' && value !== 'true' && value !== 'false')) continue;
+    place.filters[key] = value;
+  }
+  return place;
+}
+
+export function writeHash({ view, event, filters }) {
+  const fields = new URLSearchParams();
+  if (view === 'sessions') fields.set('view', view);
+  for (const [key] of FILTERS) if (filters[key]) fields.set(key, filters[key]);
+  if (event) fields.set('event', event);
+  return `#${fields}`;
+}
+
+/** The filters as fields of a request. */
+export function queryOf(filters) {
+  return FILTERS.flatMap(([key]) => (filters[key] ? [[key, filters[key]]] : []));
+}
+
+/** Whether a row passes; a text cannot be judged here, as a row does not hold the body. */
+export function passes(row, filters) {
+  if (filters.name && row.name !== filters.name) return false;
+  if (filters.class && row.class !== filters.class) return false;
+  if (filters.good && String(row.good) !== filters.good) return false;
+  return !filters.session || row.session === filters.session ||
+    row.video_session === filters.session;
+}

@@ -1,0 +1,37 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+const MARK_PX = 18;      // two marks never stand closer
+const STRETCH_PX = 11;   // what a doubling of the time between two steps adds
+const UNIT_MS = 4000;
+const LEAST_STRETCH = 0.25;
+const LABEL_PX = 70;
+
+/**
+ * Where each step of a session stands. A film lasts hours and its advertisements seconds: drawn in
+ * proportion, half the marks would cover each other. So the distance grows with the logarithm of
+ * the time between, and never below the width of a mark. Fits `width` as long as that leaves the
+ * distances to be told apart, and is wider otherwise.
+ */
+export function positions(times, width) {
+  const gaps = times.slice(1).map((time, index) =>
+    STRETCH_PX * Math.log2(1 + Math.max(0, time - times[index]) / UNIT_MS));
+  const stretch = gaps.reduce((sum, gap) => sum + gap, 0);
+  const marks = MARK_PX * (times.length + 1);
+  const factor = stretch > 0 ? Math.max(LEAST_STRETCH, (width - marks) / stretch) : 1;
+  const xs = [MARK_PX];
+  for (const gap of gaps) xs.push(xs.at(-1) + MARK_PX + gap * factor);
+  return { xs: xs.slice(0, times.length), width: Math.max(width, xs.at(-1) + MARK_PX) };
+}
+
+/** Which steps get their time written below: as many as have room. */
+export function labelled(xs, width) {
+  const places = [];
+  let free = 0;
+  xs.forEach((x, index) => {
+    if (x < free || x + LABEL_PX > width + MARK_PX) return;
+    places.push(index);
+    free = x + LABEL_PX;
+  });
+  return places;
+}
