@@ -8,8 +8,8 @@
 #include "jx/core/json/JXUtf8.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
-#include "tools/jx/collector/EventFacts.h"
 #include "tools/jx/collector/EventJson.h"
+#include "tools/jx/collector/judgement/Judgement.h"
 
 namespace jx::fuzz {
 namespace {
@@ -47,9 +47,18 @@ void checkFacts(const EventFacts& facts, std::string_view body) {
           "the time is the event's", body, {});
 }
 
+// What is no event is bad, and whatever is bad has a reason in words.
+void checkJudgement(const Judgement& judgement, std::string_view body) {
+  require(!judgement.facts.problem || !judgement.isGood(), "what is no event is not good", body,
+          {});
+  for (const Reason& reason : judgement.reasons.kept())
+    require(!reason.text.empty(), "a reason has words", body, {});
+}
+
 // What the collector shows of it is JSON, whatever came.
-void checkShown(const StoredEvent& event) {
-  const JXJsonReading shown = JXJsonReader::read(eventToJson(event));
+void checkShown(const StoredEvent& event, const Judgement& judgement) {
+  const JXJsonReading shown =
+      JXJsonReader::read(eventToJson(event, judgement.reasons.kept(), std::nullopt));
   require(shown.value.kind() == Kind::Object, "an event is shown as an object", shown.error, {});
   const JXJsonObject object = shown.value.object();
   const std::string wanted = withReplacementCharacters(event.request.body);
@@ -65,9 +74,11 @@ void check(Input input) {
   event.request.query = std::string(input.bytes(input.byte() % 64u));
   event.request.body = std::string(input.rest());
   event.request.headers.emplace_back(event.request.query, event.request.body);
-  event.facts = EventFacts::read(event.request.query, event.request.body);
-  checkFacts(event.facts, event.request.body);
-  checkShown(event);
+  const Judgement judgement = Judgement::of(event.request.query, event.request.body);
+  checkFacts(judgement.facts, event.request.body);
+  checkJudgement(judgement, event.request.body);
+  event.facts = judgement.facts;
+  checkShown(event, judgement);
 }
 
 }  // namespace
