@@ -104,8 +104,12 @@ JXTransferRest JXTransferLoop::act() {
   for (std::size_t i = 0; i < step.mayStart; ++i) {
     if (!startOne(step.probes)) break;
   }
-  tellDropped();
-  return plan_.rest(setup_.steadyNow());
+  const bool hasTold = tellDropped();
+  JXTransferRest rest = plan_.rest(setup_.steadyNow());
+  // There may be more, which wait for one turn, so that a callback that makes the queue drop again
+  // cannot keep the thread from its orders.
+  if (hasTold) rest.wakeAt = setup_.steadyNow();
+  return rest;
 }
 
 void JXTransferLoop::waitAndSettle(const JXTransferRest& rest, bool mayWait) {
@@ -198,15 +202,14 @@ void JXTransferLoop::tellRejected(const JXHttpResult& result) {
   tell({JXDeliveryOutcome::Rejected, eventId, result.outcome.status, why, JXDropReason::None});
 }
 
-void JXTransferLoop::tellDropped() {
-  if (!setup_.onDelivery) return;
-  for (auto drops = setup_.outbox->takeDropped(); !drops.empty();
-       drops = setup_.outbox->takeDropped()) {
-    for (const JXOutboxDrop& drop : drops) {
-      tell(
-          {JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, inWords(drop.reason), drop.reason});
-    }
+// A few at a time; true when there were any.
+bool JXTransferLoop::tellDropped() {
+  if (!setup_.onDelivery) return false;
+  const std::vector<JXOutboxDrop> drops = setup_.outbox->takeDropped();
+  for (const JXOutboxDrop& drop : drops) {
+    tell({JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, inWords(drop.reason), drop.reason});
   }
+  return !drops.empty();
 }
 
 void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {

@@ -44,7 +44,7 @@ class JXTransferLoop {
   void sync();
   void settle(JXHttpResult& result);
   void tellRejected(const JXHttpResult& result);
-  void tellDropped();
+  bool tellDropped();
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
   void tell(const JXDelivery& delivery);
 

@@ -411,6 +411,41 @@ TEST_F(TransferLoop, AnEventDroppedInFlightIsToldOnce) {
   }
 }
 
+TEST_F(TransferLoop, ACallbackThatMakesTheQueueDropAgainDoesNotKeepTheThread) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 1;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
+  int told = 0;
+  setup.onDelivery = [&](const JXDelivery&) {
+    ++told;
+    setup.outbox->add("https://host/", bodyOf("more"));
+  };
+  orders.disabled = true;
+  turn();
+  add("a");
+  add("b");
+  turn();
+  EXPECT_EQ(1, told);
+  EXPECT_EQ(now, rest.wakeAt);
+  turn();
+  EXPECT_EQ(2, told);
+}
+
+TEST_F(TransferLoop, ManyDropsAreToldTurnByTurnWithoutASleep) {
+  turn();
+  for (int i = 0; i < 100; ++i)
+    setup.outbox->add("https://host/", bodyOf(std::to_string(i)));
+  setup.outbox->purge();
+  ++orders.purges;
+  int turns = 0;
+  do {
+    turn();
+    ++turns;
+  } while (rest.wakeAt == now && turns < 10);
+  EXPECT_EQ(5, turns);
+  EXPECT_EQ(100u, deliveries.size());
+}
+
 TEST_F(TransferLoop, WithoutACallbackNoDropIsRemembered) {
   setup.onDelivery = nullptr;
   turn();
