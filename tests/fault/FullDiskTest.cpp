@@ -109,7 +109,7 @@ class FullDiskAtEveryCall : public ::testing::Test {
     return inLaunch(
         [&] {
           // Not ended before the library is.
-          const auto* const disk = new FailingDisk(first, end, write);
+          static const auto* const disk = new FailingDisk(first, end, write);
           Process process(folder.path("state"), port.number());
           process.execute(4, *disk, "execute");
           if (!Process::deliverAll()) process.text << "late\n";
