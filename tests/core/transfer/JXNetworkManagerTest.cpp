@@ -207,31 +207,41 @@ TEST_F(NetworkManager, APurgeEmptiesTheQueue) {
   EXPECT_TRUE(manager.flush(0ms));
 }
 
+std::string lineFrom(int pipe) {
+  std::string line;
+  for (char byte = 0; read(pipe, &byte, 1) == 1 && byte != '\n';)
+    line += byte;
+  return line;
+}
+
 TEST(NetworkManagerAtExit, AHangingRequestDelaysNoExitAndIsKept) {
   const TemporaryFolder folder;
-  test::JXTestServer server;
-  test::JXTestAnswer never;
-  never.manner = test::JXTestAnswer::Manner::StallBeforeHead;
-  server.answerAll(never);
-  int mayExit[2];
-  ASSERT_EQ(0, pipe(mayExit));
+  int words[2];
+  ASSERT_EQ(0, pipe(words));
+  // Forked before the server's threads are there: a child of theirs could make none of its own.
   ChildProcess child([&](int) {
     JXTransferSetup setup;
     setup.clock = std::make_shared<JXSystemClock>();
     setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), setup.clock);
-    setup.caFile = server.caFile();
+    setup.caFile = lineFrom(words[0]);
+    const std::string url = lineFrom(words[0]);
     JXNetworkManager::sharedInstance().start(setup);
-    JXNetworkManager::sharedInstance().enqueue(server.url(), bodyOf("kept"));
-    char byte = 0;
-    std::exit(read(mayExit[0], &byte, 1) == 1 ? 3 : 4);
+    JXNetworkManager::sharedInstance().enqueue(url, bodyOf("kept"));
+    std::exit(lineFrom(words[0]) == "exit" ? 3 : 4);
     return 0;
   });
+  test::JXTestServer server;
+  test::JXTestAnswer never;
+  never.manner = test::JXTestAnswer::Manner::StallBeforeHead;
+  server.answerAll(never);
+  const std::string whereTo = server.caFile() + "\n" + server.url() + "\n";
+  ASSERT_EQ(static_cast<ssize_t>(whereTo.size()), write(words[1], whereTo.data(), whereTo.size()));
   ASSERT_TRUE(server.waitForRequests(1));
-  ASSERT_EQ(1, write(mayExit[1], "x", 1));
+  ASSERT_EQ(5, write(words[1], "exit\n", 5));
   // The request would hang for 30 seconds, and this test's limit is below.
   EXPECT_EQ(3, child.wait());
-  close(mayExit[0]);
-  close(mayExit[1]);
+  close(words[0]);
+  close(words[1]);
   std::string error;
   const std::vector<JXOutboxListing> queued = listOutbox(folder.file("outbox"), error);
   ASSERT_EQ(1u, queued.size()) << error;
