@@ -36,6 +36,7 @@ using Requests = std::vector<Request>;
 constexpr std::array<const char*, 3> kFiles{"segment-0000000000000001", "segment-00000000000000ff",
                                             "dead"};
 constexpr std::size_t kDead = 2;
+constexpr std::int64_t kNowMs = 1'790'000'000'000;
 
 const std::string& box() {
   static const std::string path = scratchFolder() + "/outbox";
@@ -140,9 +141,15 @@ void checkSetAside() {
   require(count <= kJXMaxSetAside, "set-aside files are bounded");
 }
 
+// Too old at the next insert: from 2025 or later, and made more than thirty days ago.
+bool isExpired(const Request& request) {
+  constexpr std::int64_t kThirtyDaysMs = 2'592'000'000;
+  return request.createdMs >= 1'735'689'600'000 && request.createdMs < kNowMs - kThirtyDaysMs;
+}
+
 // Takes everything and settles it as the input decides: delivered, refused or given back.
 void serve(Input input, Requests& waiting, Requests& letters) {
-  JXOutbox outbox(box(), {}, std::make_shared<JXManualClock>(1'790'000'000'000));
+  JXOutbox outbox(box(), {}, std::make_shared<JXManualClock>(kNowMs));
   require(outbox.counters().queued == waiting.size(), "what is adopted is counted");
   std::vector<JXOutboxRequest> taken;
   Requests found;
@@ -170,7 +177,8 @@ void serve(Input input, Requests& waiting, Requests& letters) {
   require(id.has_value(), "a folder takes a new request, whatever its files hold");
   outbox.sync();
   require(outbox.counters().storageErrors == 0, "no content makes a file fail");
-  waiting.push_back({0, 1'790'000'000'000, "https://host.example/events", "{}", 0});
+  waiting.erase(std::remove_if(waiting.begin(), waiting.end(), isExpired), waiting.end());
+  waiting.push_back({0, kNowMs, "https://host.example/events", "{}", 0});
 }
 
 void check(Input input) {
