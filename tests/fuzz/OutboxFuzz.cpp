@@ -95,6 +95,9 @@ Requests unsettledIn(std::string_view file) {
     } else if (!frame.payload.empty() && frame.payload.front() == 'S') {
       for (std::size_t at = 4; at + 4 <= frame.payload.size(); at += 4)
         settled.push_back(number32At(frame.payload, at));
+      // Nothing is settled before it is there.
+      const auto isLater = [&](std::uint32_t offset) { return offset >= frame.offset; };
+      settled.erase(std::remove_if(settled.begin(), settled.end(), isLater), settled.end());
     }
   }
   const auto isSettled = [&](const Request& request) {

@@ -18,6 +18,15 @@ constexpr std::uint64_t kSegmentSize = 1024 * 1024;
 constexpr std::string_view kPrefix = "segment-";
 constexpr std::size_t kDigits = 16;
 
+// What is settled stands before the frame that says so. One that names a later place was not
+// written here, and must not settle the request that comes to stand there.
+void addSettled(std::vector<std::uint32_t>& settled, const JXOutboxRecord& record,
+                std::uint64_t frameOffset) {
+  for (const std::uint32_t offset : record.settled) {
+    if (offset < frameOffset) settled.push_back(offset);
+  }
+}
+
 // Removes those of `offsets` from a list that is sorted by offset.
 template <typename Request>
 void removeSettled(std::vector<Request>& requests, std::vector<std::uint32_t>& offsets) {
@@ -80,7 +89,7 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
                           static_cast<std::uint32_t>(record.url.size() + record.body.size()),
                           record.createdMs});
     }
-    settled.insert(settled.end(), record.settled.begin(), record.settled.end());
+    addSettled(settled, record, frame.offset);
   });
   removeSettled(requests, settled);
   segment->live_ = requests.size();
@@ -161,7 +170,7 @@ int listSegment(const std::string& path, std::vector<JXListedRequest>& requests)
       requests.push_back(
           {frame.offset, record.createdMs, std::string(record.url), std::string(record.body)});
     }
-    settled.insert(settled.end(), record.settled.begin(), record.settled.end());
+    addSettled(settled, record, frame.offset);
   });
   removeSettled(requests, settled);
   const std::uint64_t purged = readPurgeMark(path);

@@ -6,6 +6,8 @@
 #include <filesystem>
 
 #include "jx/core/storage/JXFile.h"
+#include "jx/core/storage/JXJournal.h"
+#include "jx/core/storage/JXOutboxRecord.h"
 #include "tests/core/storage/JXOutboxFixture.h"
 
 namespace jx {
@@ -182,6 +184,24 @@ TEST_F(OutboxFiles, DamageWhileOpenIsMetAtTakeAndSkipped) {
   EXPECT_EQ(outbox->counters().damaged, 1u);
   EXPECT_EQ(outbox->counters().storageErrors, 1u);
   EXPECT_EQ(outbox->counters().queued, 2u);
+}
+
+TEST_F(OutboxFiles, ASettledFrameSettlesNothingThatComesAfterIt) {
+  add(*open(), "first");
+  {
+    int error = 0;
+    JXJournal journal(JXFile::open(segment(1), JXFile::Access::Append, error), segment(1));
+    ASSERT_EQ(error, 0);
+    journal.recover(JXJournal::Writers::One, [](const JXFrame&) {});
+    const std::uint64_t next = journal.size() + kJXFrameHeaderSize + kJXSettledHeadSize + 4;
+    const auto payload = encodeSettled({static_cast<std::uint32_t>(next)});
+    const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
+    ASSERT_EQ(journal.append(&part, 1, nullptr), 0);
+    ASSERT_EQ(journal.size(), next);
+  }
+  add(*open(), "second");
+  EXPECT_EQ(listed(), (Bodies{"first", "second"}));
+  EXPECT_EQ(takeAll(*open()), (Bodies{"first", "second"}));
 }
 
 TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
