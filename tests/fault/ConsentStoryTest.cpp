@@ -18,6 +18,8 @@ using namespace std::chrono_literals;
 using Texts = std::vector<std::string>;
 
 constexpr auto kDay = 24h;
+// The default behaviour that a host states by this number.
+constexpr std::int32_t kDisabledByDefault = 2;
 
 class Consent : public FacadeStory {
  protected:
@@ -72,7 +74,7 @@ TEST_F(Consent, WhatWasQueuedWhileWaitingGoesOutUnchangedAfterEnabling) {
 
 TEST_F(Consent, DisabledByDefaultSendsNothingUntilItIsEnabled) {
   leaveFromEarlierProcess({"old 1", "old 2"});
-  const auto serverSide = startWith(EJXDefaultBehaviour_DISABLED_BY_DEFAULT);
+  const auto serverSide = startWith(kDisabledByDefault);
   serverSide->execute(JXCustomEvent::initWithName("ignored"));
   EXPECT_EQ(counters().outbox.queued, 2u) << "execute queues nothing while disabled";
   expectSilenceForADay();
