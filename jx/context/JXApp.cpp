@@ -5,7 +5,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXStartGuard.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
@@ -47,17 +47,23 @@ JXApp* JXApp::reinit() {
   return init();
 }
 
-JXJsonObject JXApp::getJsonObject() {
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
+void JXApp::refreshContent() {
   consentVersion_ = JXCoreVariables::sharedInstance().getData(JX_ConsentVersion);
-  JXUtils::setString_forKey_onDict(name_, JXA_NAME, dict);
-  JXUtils::setString_forKey_onDict(version_, JXA_VERSION, dict);
-  JXUtils::setString_forKey_onDict(build_, JXA_BUILD, dict);
-  JXUtils::setString_forKey_onDict(nameSpace_, JXA_NAMESPACE, dict);
-  JXUtils::setString_forKey_onDict(serverSideVersion_, JXA_SERVERSIDEVERSION, dict);
-  JXUtils::setString_forKey_onDict(coreVersion_, JXA_COREVERSION, dict);
-  JXUtils::setString_forKey_onDict(consentVersion_, JXA_CONSENTVERSION, dict);
-  return dict;
+}
+
+JXJsonObject JXApp::getJsonObject() {
+  refreshContent();
+  return newJsonObject();
+}
+
+void JXApp::writeOwnEntries(JXJsonSink& sink) const {
+  sink.text(JXA_NAME, name_);
+  sink.text(JXA_VERSION, version_);
+  sink.text(JXA_BUILD, build_);
+  sink.text(JXA_NAMESPACE, nameSpace_);
+  sink.text(JXA_SERVERSIDEVERSION, serverSideVersion_);
+  sink.text(JXA_COREVERSION, coreVersion_);
+  sink.text(JXA_CONSENTVERSION, consentVersion_);
 }
 
 }  // namespace jx

@@ -22,8 +22,10 @@ class JXApp : public JXAdditionalProperties {
   /// Fills the fields anew.
   JXApp* reinit();
 
-  /// A new object: the host's additional properties, then the fields over them. The consent version
-  /// is read anew each time, because consent may change at any moment.
+  /// Reads the consent version anew, because consent may change at any moment.
+  void refreshContent();
+  /// A new object with the current consent version: the host's additional properties, then the
+  /// fields over them.
   JXJsonObject getJsonObject();
 
   const JXString& name() const { return name_; }
@@ -42,6 +44,8 @@ class JXApp : public JXAdditionalProperties {
   void setConsentVersion(const JXString& value) { consentVersion_ = value; }
 
  private:
+  void writeOwnEntries(JXJsonSink& sink) const override;
+
   JXString name_;
   JXString version_;
   JXString build_;

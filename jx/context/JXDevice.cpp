@@ -8,7 +8,7 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXStartGuard.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
@@ -23,8 +23,16 @@ void storeNumber(const JXString& text, std::optional<JXDecimal>& field) {
   if (!number.isNotANumber()) field = number;
 }
 
-JXJsonObject extensionOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
-  return properties ? properties->getAdditionalProperties().mutableCopy() : JXJsonObject();
+// The fields over what the host added to the object.
+template <typename Fields>
+void writeExtended(const std::shared_ptr<JXAdditionalProperties>& properties, JXJsonSink& sink,
+                   const Fields& writeFields) {
+  if (!properties || properties->getAdditionalProperties().size() == 0) return writeFields(sink);
+  const JXJsonObject object = properties->getAdditionalProperties().mutableCopy();
+  JXJsonTreeSink tree(object);
+  writeFields(tree);
+  for (const JXJsonEntry& entry : object.entries())
+    sink.value(entry.key.view(), entry.value);
 }
 
 }  // namespace
@@ -73,45 +81,55 @@ void JXDevice::setAdvertisingIds() {
   IDFV_ = variables.getData(kJXPredefinedVariable_IDFV);
 }
 
-JXJsonObject JXDevice::getJsonObject() {
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
-  if (adTrackingEnabled_.testString()) {
-    JXUtils::setBool_forKey_onDict(adTrackingEnabled_ == JXString("1"), JXD_ADTRACKING, dict);
-  }
+void JXDevice::refreshContent() {
   if (!user_agent_.isPresent()) {
     user_agent_ = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
   }
-  JXUtils::setString_forKey_onDict(user_agent_, JXD_USER_AGENT, dict);
-  JXUtils::setString_forKey_onDict(IDFA_, JXD_IDFA, dict);
-  JXUtils::setString_forKey_onDict(IDFV_, JXD_IDFV, dict);
-  JXUtils::setString_forKey_onDict(sdkID_, JXD_SDK_ID, dict);
-  JXUtils::setString_forKey_onDict(language_, JXD_LANGUAGE, dict);
-  JXUtils::setString_forKey_onDict(region_, JXD_REGION, dict);
-  JXUtils::setString_forKey_onDict(manufacturer_, JXD_MANUFACTURER, dict);
-  JXUtils::setString_forKey_onDict(model_, JXD_MODEL, dict);
-  JXUtils::setString_forKey_onDict(name_, JXD_NAME, dict);
-  JXUtils::setString_forKey_onDict(type_, JXD_TYPE, dict);
-  JXUtils::setJson_forKey_onDict(JXNetwork::sharedInstance().getJsonObject(), JXD_NETWORK, dict);
-  JXUtils::setJson_forKey_onDict(osJson(), JXD_OS, dict);
-  JXUtils::setJson_forKey_onDict(screenJson(), JXD_SCREEN, dict);
-  JXUtils::setString_forKey_onDict(timezone_, JXD_TIMEZONE, dict);
-  JXUtils::setJson_forKey_onDict(JXLifecycle::sharedInstance().getJsonObject(), JXL_LIFECYCLE,
-                                 dict);
-  return dict;
+  JXLifecycle::sharedInstance().refreshContent();
 }
 
-JXJsonObject JXDevice::osJson() const {
-  JXJsonObject dict = extensionOf(osProperties_);
-  JXUtils::setString_forKey_onDict(osName_, JXD_OS_NAME, dict);
-  JXUtils::setString_forKey_onDict(osVersion_, JXD_OS_VERSION, dict);
-  return dict;
+JXJsonObject JXDevice::getJsonObject() {
+  refreshContent();
+  return newJsonObject();
 }
 
-JXJsonObject JXDevice::screenJson() const {
-  JXJsonObject dict = extensionOf(screenProperties_);
-  JXUtils::setFloat_forKey_onDict(screenWidth_, JXD_SCREEN_WIDTH, dict);
-  JXUtils::setFloat_forKey_onDict(screenHeight_, JXD_SCREEN_HEIGHT, dict);
-  return dict;
+void JXDevice::writeOwnEntries(JXJsonSink& sink) const {
+  if (adTrackingEnabled_.testString()) {
+    sink.flag(JXD_ADTRACKING, adTrackingEnabled_ == JXString("1"));
+  }
+  sink.text(JXD_USER_AGENT, user_agent_);
+  sink.text(JXD_IDFA, IDFA_);
+  sink.text(JXD_IDFV, IDFV_);
+  sink.text(JXD_SDK_ID, sdkID_);
+  sink.text(JXD_LANGUAGE, language_);
+  sink.text(JXD_REGION, region_);
+  sink.text(JXD_MANUFACTURER, manufacturer_);
+  sink.text(JXD_MODEL, model_);
+  sink.text(JXD_NAME, name_);
+  sink.text(JXD_TYPE, type_);
+  sink.block(JXD_NETWORK, JXNetwork::sharedInstance());
+  writeOs(sink);
+  writeScreen(sink);
+  sink.text(JXD_TIMEZONE, timezone_);
+  sink.block(JXL_LIFECYCLE, JXLifecycle::sharedInstance());
+}
+
+void JXDevice::writeOs(JXJsonSink& sink) const {
+  sink.beginObject(JXD_OS);
+  writeExtended(osProperties_, sink, [this](JXJsonSink& os) {
+    os.text(JXD_OS_NAME, osName_);
+    os.text(JXD_OS_VERSION, osVersion_);
+  });
+  sink.endObject();
+}
+
+void JXDevice::writeScreen(JXJsonSink& sink) const {
+  sink.beginObject(JXD_SCREEN);
+  writeExtended(screenProperties_, sink, [this](JXJsonSink& screen) {
+    screen.number(JXD_SCREEN_WIDTH, screenWidth_);
+    screen.number(JXD_SCREEN_HEIGHT, screenHeight_);
+  });
+  sink.endObject();
 }
 
 }  // namespace jx

@@ -36,7 +36,10 @@ class JXDevice : public JXAdditionalProperties {
   const std::shared_ptr<JXAdditionalProperties>& getScreenProperties() const {
     return screenProperties_;
   }
-  /// A new object: the host's additional properties, then the fields over them.
+  /// Reads the user agent when there was none before, and the lifecycle's variables.
+  void refreshContent();
+  /// A new object with the current values: the host's additional properties, then the fields over
+  /// them.
   JXJsonObject getJsonObject();
 
   const JXString& sdkID() const { return sdkID_; }
@@ -75,8 +78,9 @@ class JXDevice : public JXAdditionalProperties {
   void setScreenHeight(const std::optional<JXDecimal>& value) { screenHeight_ = value; }
 
  private:
-  JXJsonObject osJson() const;
-  JXJsonObject screenJson() const;
+  void writeOwnEntries(JXJsonSink& sink) const override;
+  void writeOs(JXJsonSink& sink) const;
+  void writeScreen(JXJsonSink& sink) const;
 
   JXString sdkID_;
   JXString language_;

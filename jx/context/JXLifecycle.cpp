@@ -3,7 +3,7 @@
 #include "jx/context/JXLifecycle.h"
 
 #include "jx/core/JXStartGuard.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
@@ -55,28 +55,28 @@ void JXLifecycle::refreshContent() {
 
 JXJsonObject JXLifecycle::getJsonObject() {
   refreshContent();
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
-  JXUtils::setString_forKey_onDict(sessionID_, JXL_SESSION_ID, dict);
-  JXUtils::setBool_forKey_onDict(isNewSession_, JXL_NEW_SESSION, dict);
-  JXUtils::setFloatFromString_forKey_onDict(sessionDuration_, JXL_SESSION_DURATION, dict);
-  JXUtils::setFloatFromString_forKey_onDict(currentSession_, JXL_CURRENT_SESSION, dict);
-  JXUtils::setFloatFromString_forKey_onDict(visitNumber_, JXL_VISIT_NUMBER, dict);
-  JXUtils::setFloatFromString_forKey_onDict(currentVisit_, JXL_CURRENT_VISIT, dict);
-  JXUtils::setFloatFromString_forKey_onDict(currentVersionFirstVisit_, JXL_CUR_VER_FIRST_VISIT,
-                                            dict);
-  JXUtils::setFloatFromString_forKey_onDict(sessionNumber_, JXL_SESSION_NUMBER, dict);
-  JXUtils::setFloatFromString_forKey_onDict(firstVisit_, JXL_FIRST_VISIT, dict);
-  JXUtils::setFloatFromString_forKey_onDict(lastVisit_, JXL_LAST_VISIT, dict);
-  JXUtils::setFloatFromString_forKey_onDict(lastCall_, JXL_LAST_CALL, dict);
-  JXUtils::setFloatFromString_forKey_onDict(lastSessionStart_, JXL_LAST_SESSION_START, dict);
-  JXUtils::setFloatFromString_forKey_onDict(lastSessionLastHit_, JXL_LAST_SESSION_LAST_HIT, dict);
-  JXUtils::setFloatFromString_forKey_onDict(foregroundTransitions_, JXL_FOREGROUND_TRANSITIONS,
-                                            dict);
-  JXUtils::setFloatFromString_forKey_onDict(foregroundTime_, JXL_FOREGROUND_TIME, dict);
-  JXUtils::setFloatFromString_forKey_onDict(backgroundTime_, JXL_BACKGROUND_TIME, dict);
-  JXUtils::setBool_forKey_onDict(firstExecute_, JXL_FIRST_EXECUTE, dict);
-  JXUtils::setBool_forKey_onDict(isFirstVisit_, JXL_IS_FIRST_VISIT, dict);
-  return dict;
+  return newJsonObject();
+}
+
+void JXLifecycle::writeOwnEntries(JXJsonSink& sink) const {
+  sink.text(JXL_SESSION_ID, sessionID_);
+  sink.flag(JXL_NEW_SESSION, isNewSession_);
+  sink.numberFromText(JXL_SESSION_DURATION, sessionDuration_);
+  sink.numberFromText(JXL_CURRENT_SESSION, currentSession_);
+  sink.numberFromText(JXL_VISIT_NUMBER, visitNumber_);
+  sink.numberFromText(JXL_CURRENT_VISIT, currentVisit_);
+  sink.numberFromText(JXL_CUR_VER_FIRST_VISIT, currentVersionFirstVisit_);
+  sink.numberFromText(JXL_SESSION_NUMBER, sessionNumber_);
+  sink.numberFromText(JXL_FIRST_VISIT, firstVisit_);
+  sink.numberFromText(JXL_LAST_VISIT, lastVisit_);
+  sink.numberFromText(JXL_LAST_CALL, lastCall_);
+  sink.numberFromText(JXL_LAST_SESSION_START, lastSessionStart_);
+  sink.numberFromText(JXL_LAST_SESSION_LAST_HIT, lastSessionLastHit_);
+  sink.numberFromText(JXL_FOREGROUND_TRANSITIONS, foregroundTransitions_);
+  sink.numberFromText(JXL_FOREGROUND_TIME, foregroundTime_);
+  sink.numberFromText(JXL_BACKGROUND_TIME, backgroundTime_);
+  sink.flag(JXL_FIRST_EXECUTE, firstExecute_);
+  sink.flag(JXL_IS_FIRST_VISIT, isFirstVisit_);
 }
 
 }  // namespace jx

@@ -64,6 +64,8 @@ class JXLifecycle final : public JXAdditionalProperties {
   void setBackgroundTime(const JXString& value) { backgroundTime_ = value; }
 
  private:
+  void writeOwnEntries(JXJsonSink& sink) const override;
+
   bool firstExecute_ = false;
   bool isFirstVisit_ = false;
   bool isNewSession_ = false;

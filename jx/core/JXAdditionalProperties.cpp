@@ -4,11 +4,29 @@
 
 #include "jx/core/JXDynamicStore.h"
 #include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonTreeSink.h"
 
 namespace jx {
 
 std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
   return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties());
+}
+
+void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
+  if (additionalProperties_.size() == 0) return writeOwnEntries(sink);
+  // A field takes the place of an extra property of its key, which only the whole object shows.
+  const JXJsonObject object = newJsonObject();
+  for (const JXJsonEntry& entry : object.entries())
+    sink.value(entry.key.view(), entry.value);
+}
+
+void JXAdditionalProperties::writeOwnEntries(JXJsonSink&) const {}
+
+JXJsonObject JXAdditionalProperties::newJsonObject() const {
+  const JXJsonObject object = additionalProperties_.mutableCopy();
+  JXJsonTreeSink sink(object);
+  writeOwnEntries(sink);
+  return object;
 }
 
 void JXAdditionalProperties::addAdditionalProperty_withStringValue(const JXString& key,
@@ -30,7 +48,7 @@ void JXAdditionalProperties::addAdditionalProperty(const JXJsonObject& entries) 
 }
 
 void JXAdditionalProperties::addAdditionalProperty(const JXDynamicStore& store) {
-  addAdditionalProperty(store.entries());
+  if (!store.isEmpty()) addAdditionalProperty(store.entries());
 }
 
 }  // namespace jx

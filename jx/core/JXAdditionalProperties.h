@@ -10,6 +10,7 @@
 namespace jx {
 
 class JXDynamicStore;
+class JXJsonSink;
 
 /// Base of everything that a host may extend with keys of its own: events, items, products and
 /// context blocks. The extra properties come first in the object's JSON, and an own field of the
@@ -24,6 +25,9 @@ class JXAdditionalProperties {
 
   /// All extra properties: this object's own, not a copy. Never absent.
   JXJsonObject getAdditionalProperties() const { return additionalProperties_; }
+  /// Tells the sink what the JSON of this object holds: the extra properties, then the fields over
+  /// them.
+  void writeEntries(JXJsonSink& sink) const;
 
   /// An absent key or value is ignored; an empty key is a key.
   void addAdditionalProperty_withStringValue(const JXString& key, const JXString& value);
@@ -36,6 +40,12 @@ class JXAdditionalProperties {
 
  protected:
   JXAdditionalProperties() = default;
+
+  /// Tells the sink the object's own fields, in order.
+  virtual void writeOwnEntries(JXJsonSink& sink) const;
+  const JXJsonObject& extraProperties() const { return additionalProperties_; }
+  /// A new JSON object: the extra properties, then the fields over them.
+  JXJsonObject newJsonObject() const;
 
   /// The base's part of a context block's `init`. False says that it failed; the block then gives
   /// up its own initialisation with its start guard as it stands.

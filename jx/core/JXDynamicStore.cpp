@@ -39,6 +39,11 @@ void JXDynamicStore::clearData() {
   entries_.clear();
 }
 
+bool JXDynamicStore::isEmpty() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return entries_.size() == 0;
+}
+
 JXJsonObject JXDynamicStore::entries() const {
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.mutableCopy();

@@ -38,6 +38,7 @@ class JXDynamicStore final : public IJXDynamicStore {
   JXJsonValue getData(const JXString& key) const override;
   JXJsonValue removeData(const JXString& key) override;
   void clearData();
+  bool isEmpty() const;
 
   /// A copy of all pairs.
   JXJsonObject entries() const;

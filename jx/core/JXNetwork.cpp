@@ -3,7 +3,7 @@
 #include "jx/core/JXNetwork.h"
 
 #include "jx/core/JXCoreServices.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonSink.h"
 
 namespace jx {
 namespace {
@@ -31,10 +31,10 @@ JXNetwork& JXNetwork::sharedInstance() {
 
 JXNetwork::JXNetwork() { refresh(); }
 
-JXJsonObject JXNetwork::getJsonObject() const {
-  JXJsonObject block = getAdditionalProperties().mutableCopy();
-  JXUtils::setString_forKey_onDict(textOf(kind_), "connection_type", block);
-  return block;
+JXJsonObject JXNetwork::getJsonObject() const { return newJsonObject(); }
+
+void JXNetwork::writeOwnEntries(JXJsonSink& sink) const {
+  sink.text("connection_type", textOf(kind_));
 }
 
 void JXNetwork::refresh() { kind_ = JXCoreServices::sharedInstance().platform().networkKind(); }

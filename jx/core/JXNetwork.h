@@ -24,6 +24,7 @@ class JXNetwork final : public JXAdditionalProperties {
 
  private:
   JXNetwork();
+  void writeOwnEntries(JXJsonSink& sink) const override;
 
   std::atomic<JXNetworkKind> kind_{JXNetworkKind::None};
 };

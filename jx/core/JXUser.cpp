@@ -4,7 +4,7 @@
 
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXUserDefaults.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonSink.h"
 
 namespace jx {
 namespace {
@@ -25,11 +25,11 @@ JXUser::JXUser() {
   }
 }
 
-JXJsonObject JXUser::getJsonObject() const {
-  JXJsonObject block = getAdditionalProperties().mutableCopy();
-  JXUtils::setString_forKey_onDict(anonymous_id(), "anonymous_id", block);
-  JXUtils::setString_forKey_onDict(consentID(), "consent_id", block);
-  return block;
+JXJsonObject JXUser::getJsonObject() const { return newJsonObject(); }
+
+void JXUser::writeOwnEntries(JXJsonSink& sink) const {
+  sink.text("anonymous_id", anonymous_id());
+  sink.text("consent_id", consentID());
 }
 
 JXString JXUser::anonymous_id() const {

@@ -27,6 +27,7 @@ class JXUser final : public JXAdditionalProperties {
 
  private:
   JXUser();
+  void writeOwnEntries(JXJsonSink& sink) const override;
 
   mutable std::mutex mutex_;
   JXString anonymousId_;

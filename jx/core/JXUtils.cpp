@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "jx/core/JXLogger.h"
-#include "jx/core/json/JXJsonWriter.h"
+#include "jx/core/json/JXJsonTextSink.h"
 
 namespace jx {
 namespace {
@@ -77,12 +77,14 @@ std::uint64_t JXUtils::unsignedFromDigits(const JXString& text) {
 
 JXString JXUtils::jsonDictionaryToString(const JXJsonObject& object) {
   if (!object.isPresent()) return nullptr;
-  const JXJsonText json = JXJsonWriter::write(object, JXJsonStyle::Compact);
-  if (json.leftOut != 0) {
+  constexpr std::size_t kUsualSize = 256;
+  JXJsonTextSink sink(JXJsonStyle::Compact, kUsualSize);
+  sink.root(object);
+  if (sink.leftOut() != 0) {
     JXLogger::sharedInstance().logMessage_withLevel(
         "A JSON text was written without values that are endless or too large", 3);
   }
-  return json.text;
+  return sink.finish();
 }
 
 }  // namespace jx

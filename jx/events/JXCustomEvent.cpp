@@ -20,7 +20,9 @@ const JXEventClass& JXCustomEvent::eventClass() {
       {},
       &fields,
       {usable(JXE_EVENT)},
-      [](int, const JXString& text) -> std::shared_ptr<JXEvent> { return initWithName(text); }};
+      JXEventMaker::of<JXCustomEvent>([](int, const JXString& text) -> std::shared_ptr<JXEvent> {
+        return initWithName(text);
+      })};
   return type;
 }
 

@@ -2,22 +2,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/events/JXEvent.h"
 
+#include <algorithm>
+#include <iterator>
+#include <typeinfo>
+
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
-#include "jx/core/JXUtils.h"
+#include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
 
 namespace jx {
 namespace {
 
-// The fields of the class's bases come first. JXEvent's own are written by hand, because the name
-// and the context follow rules of their own.
-void writeFields(const JXEventClass& type, const JXEvent& event, JXJsonObject& dict) {
-  if (type.base == nullptr) return;
-  writeFields(*type.base, event, dict);
-  type.written->write(event, dict);
-}
+constexpr std::string_view kOwnKeys[] = {JXE_EVENT, JXE_PAGENAME, JXE_PAGETYPE, JXE_CONTEXT,
+                                         JXE_USER};
 
 }  // namespace
 
@@ -32,16 +31,40 @@ void logAbsentElement() {
 std::shared_ptr<JXEvent> JXEvent::init() { return std::shared_ptr<JXEvent>(new JXEvent()); }
 
 JXJsonObject JXEvent::getJsonObject() const {
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
-  dict.set(JXE_EVENT, name_);
-  JXUtils::setString_forKey_onDict(pageName_, JXE_PAGENAME, dict);
-  JXUtils::setString_forKey_onDict(pageType_, JXE_PAGETYPE, dict);
-  JXJsonObject context;
-  context.set(JXE_EVENTID, JXCoreServices::sharedInstance().platform().newUUID());
-  JXUtils::setJson_forKey_onDict(context, JXE_CONTEXT, dict);
-  writeFields(ownEventClass(), *this, dict);
+  const JXJsonObject dict = extraProperties().mutableCopy();
+  JXJsonTreeSink sink(dict);
+  if (!name_.isPresent()) JXJsonObject(dict).remove(JXE_EVENT);
+  writeHead(sink);
+  sink.beginObject(JXE_CONTEXT);
+  writeContext(sink);
+  sink.endObject();
+  writeFields(sink);
   return dict;
 }
+
+bool JXEvent::isToldByItsFields() const {
+  const JXEventClass& type = ownEventClass();
+  if (type.make.toldByTables == nullptr || *type.make.toldByTables != typeid(*this)) return false;
+  const auto isFieldToo = [&](const JXJsonEntry& extra) {
+    const std::string_view key = extra.key.view();
+    return std::find(std::begin(kOwnKeys), std::end(kOwnKeys), key) != std::end(kOwnKeys) ||
+           type.mayWrite(key);
+  };
+  const std::vector<JXJsonEntry>& extras = extraProperties().entries();
+  return std::none_of(extras.begin(), extras.end(), isFieldToo);
+}
+
+void JXEvent::writeHead(JXJsonSink& sink) const {
+  sink.text(JXE_EVENT, name_);
+  sink.text(JXE_PAGENAME, pageName_);
+  sink.text(JXE_PAGETYPE, pageType_);
+}
+
+void JXEvent::writeContext(JXJsonSink& sink) const {
+  sink.text(JXE_EVENTID, JXCoreServices::sharedInstance().platform().newUUID());
+}
+
+void JXEvent::writeFields(JXJsonSink& sink) const { ownEventClass().writeFields(*this, sink); }
 
 bool JXEvent::verifyEvent() const { return ownEventClass().firstFailed(*this) == nullptr; }
 

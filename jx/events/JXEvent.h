@@ -35,6 +35,19 @@ class JXEvent : public JXAdditionalProperties {
   template <typename Block>
   static JXJsonArray getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks);
 
+  // The event's JSON in its parts, in writing order, for who puts something in between. Together
+  // they tell what `getJsonObject` holds, when `isToldByItsFields` says so.
+
+  /// False when the event's class has a `getJsonObject` of its own, or an extra property has the
+  /// key of a field and so changes places with it: then only `getJsonObject` tells the event.
+  bool isToldByItsFields() const;
+  /// The name and the page.
+  void writeHead(JXJsonSink& sink) const;
+  /// What the event puts into its context: a fresh "event_id".
+  void writeContext(JXJsonSink& sink) const;
+  /// The fields of the event's class and its bases.
+  void writeFields(JXJsonSink& sink) const;
+
   void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
     addAdditionalProperty_withStringValue(key, value);
   }

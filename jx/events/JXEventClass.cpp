@@ -26,6 +26,16 @@ std::string JXEventClass::setProperty(JXEvent& event, std::string_view property,
   return "is no field of " + std::string(className);
 }
 
+void JXEventClass::writeFields(const JXEvent& event, JXJsonSink& sink) const {
+  if (base == nullptr) return;
+  base->writeFields(event, sink);
+  written->write(event, sink);
+}
+
+bool JXEventClass::mayWrite(std::string_view key) const {
+  return base != nullptr && (written->mayWrite(key) || base->mayWrite(key));
+}
+
 const JXCondition* JXEventClass::firstFailed(const JXEvent& event) const {
   for (const JXCondition& condition : conditions) {
     if (condition.concerns(event.name().view()) && !holds(condition, event)) return &condition;

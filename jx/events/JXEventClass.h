@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <typeinfo>
 #include <vector>
 
 #include "jx/events/JXCondition.h"
@@ -13,6 +15,27 @@
 namespace jx {
 
 class JXEvent;
+
+/// How an event of a class is made.
+struct JXEventMaker {
+  using Make = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
+
+  /// Of a class whose events `make` makes.
+  template <typename Event>
+  static constexpr JXEventMaker of(Make make) {
+    // A class that writes its JSON in a way of its own has a `getJsonObject` of its own.
+    using Inherited = JXJsonObject (JXEvent::*)() const;
+    constexpr bool isTold = std::is_same_v<decltype(&Event::getJsonObject), Inherited>;
+    return {make, isTold ? &typeid(Event) : nullptr};
+  }
+  std::shared_ptr<JXEvent> operator()(int mode, const JXString& text) const {
+    return make(mode, text);
+  }
+
+  Make make;
+  /// The type of the events whose JSON is what the tables tell; null when it may be another.
+  const std::type_info* toldByTables;
+};
 
 /// Everything that tells one event class from the others, as data: what it is called, what it
 /// writes and what makes it complete. Each class has one, made once and never destroyed.
@@ -29,7 +52,7 @@ struct JXEventClass {
   std::vector<JXCondition> conditions;
   /// A new event as its initialiser makes it. `mode` is an index into `modes`, `text` the argument
   /// of an initialiser that takes a name or a video session; both are ignored where none is taken.
-  std::shared_ptr<JXEvent> (*make)(int mode, const JXString& text);
+  JXEventMaker make;
   /// Names of the modes, in step with `eventNames`; empty for a class without modes.
   std::vector<std::string_view> modes = {};
   /// Properties that a host may set although no JSON shows them on this class; null when none.
@@ -41,6 +64,11 @@ struct JXEventClass {
   /// nothing is; the event is unchanged then.
   std::string setProperty(JXEvent& event, std::string_view property,
                           const JXJsonValue& value) const;
+  /// Tells the sink the fields of the class's bases and its own, in order. JXEvent's own, which
+  /// follow rules of their own, are not among them.
+  void writeFields(const JXEvent& event, JXJsonSink& sink) const;
+  /// True when `writeFields` may set this key.
+  bool mayWrite(std::string_view key) const;
   /// The first condition that the event fails, null when it passes all.
   const JXCondition* firstFailed(const JXEvent& event) const;
   /// The condition in words: "items holds no entry".
@@ -54,15 +82,15 @@ struct JXEventClass {
 
 /// The `make` of a class whose initialiser takes nothing.
 template <typename Event>
-std::shared_ptr<JXEvent> makeByInit(int, const JXString&) {
-  return Event::init();
-}
+inline constexpr JXEventMaker makeByInit = JXEventMaker::of<Event>(
+    [](int, const JXString&) -> std::shared_ptr<JXEvent> { return Event::init(); });
 
 /// The `make` of a video class.
 template <typename Event, typename Mode>
-std::shared_ptr<JXEvent> makeByMode(int mode, const JXString& sessionId) {
-  return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
-}
+inline constexpr JXEventMaker makeByMode =
+    JXEventMaker::of<Event>([](int mode, const JXString& sessionId) -> std::shared_ptr<JXEvent> {
+      return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
+    });
 
 /// All event classes, bases first. Thread-safe.
 const std::vector<const JXEventClass*>& allEventClasses();

@@ -20,6 +20,13 @@ std::size_t JXFieldTable::findKey(std::string_view key) const {
   return npos;
 }
 
+bool JXFieldTable::mayWrite(std::string_view key) const {
+  return std::any_of(fields_.begin(), fields_.end(), [key](const JXFieldInfo& field) {
+    const bool isNumbered = field.kind == JXFieldKind::NumberedTexts;
+    return isNumbered ? key.substr(0, field.key.size()) == field.key : key == field.key;
+  });
+}
+
 JXFieldState JXFieldTable::stateOfKey(const JXAdditionalProperties& object,
                                       std::string_view key) const {
   const std::size_t field = findKey(key);

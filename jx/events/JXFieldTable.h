@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "jx/core/JXAdditionalProperties.h"
-#include "jx/core/json/JXJsonValue.h"
+#include "jx/core/json/JXJsonSink.h"
 #include "jx/events/JXCondition.h"
 
 namespace jx {
@@ -55,6 +55,9 @@ struct JXFieldInfo {
   std::string_view property;
   JXFieldKind kind = JXFieldKind::Text;
   JXTextTable choices;  ///< of a Choice; else empty
+  /// The same property was written before, by this table or by a base: it stands in its first place
+  /// and is not written again.
+  bool isAgain = false;
 };
 
 /// The fields that a class writes, in writing order, seen without the class's type. Whatever
@@ -70,8 +73,10 @@ class JXFieldTable {
   std::size_t findKey(std::string_view key) const;
   static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
-  /// Writes every field into `dict`, in order.
-  virtual void write(const JXAdditionalProperties& object, JXJsonObject& dict) const = 0;
+  /// Tells the sink every field, in order.
+  virtual void write(const JXAdditionalProperties& object, JXJsonSink& sink) const = 0;
+  /// True when writing an object may set this key.
+  bool mayWrite(std::string_view key) const;
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
   /// The same by JSON key; of nothing when no field has it.
   JXFieldState stateOfKey(const JXAdditionalProperties& object, std::string_view key) const;

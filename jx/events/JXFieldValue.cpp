@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "jx/core/JXUtils.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
 #include "jx/events/JXProduct.h"
@@ -40,43 +39,50 @@ std::string readBlock(const JXJsonObject& json, Block& block) {
 
 }  // namespace
 
-void write(const JXString& value, std::string_view key, JXJsonObject& dict) {
-  JXUtils::setString_forKey_onDict(value, key, dict);
+void write(const JXString& value, std::string_view key, JXJsonSink& sink) { sink.text(key, value); }
+
+void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink) {
+  sink.number(key, value);
 }
 
-void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonObject& dict) {
-  JXUtils::setFloat_forKey_onDict(value, key, dict);
-}
-
-void write(bool value, std::string_view key, JXJsonObject& dict) {
-  JXUtils::setBool_forKey_onDict(value, key, dict);
-}
+void write(bool value, std::string_view key, JXJsonSink& sink) { sink.flag(key, value); }
 
 // Like a list of items, an absent list of texts gives an empty array: it is copied, not handed on.
-void write(const JXList<JXString>& value, std::string_view key, JXJsonObject& dict) {
-  JXJsonArray array;
+void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink) {
+  sink.beginArray(key);
   for (const JXString& text : value)
-    array.append(text);
-  JXUtils::setArray_forKey_onDict(array, key, dict);
+    sink.textElement(text);
+  sink.endArray();
 }
 
-void write(const JXJsonArray& value, std::string_view key, JXJsonObject& dict) {
-  JXUtils::setArray_forKey_onDict(value, key, dict);
+void write(const JXJsonArray& value, std::string_view key, JXJsonSink& sink) {
+  sink.value(key, value);
 }
 
-void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonObject& dict) {
-  JXUtils::setArray_forKey_onDict(JXEvent::getItemListAsJson(value), key, dict);
+void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonSink& sink) {
+  sink.beginArray(key);
+  for (const std::shared_ptr<JXItem>& item : value) {
+    if (item) {
+      sink.beginObjectElement();
+      item->writeEntries(sink);
+      sink.endObject();
+    } else {
+      detail::logAbsentElement();
+    }
+  }
+  sink.endArray();
 }
 
-void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonObject& dict) {
-  if (value) JXUtils::setJson_forKey_onDict(value->getJsonObject(), key, dict);
+void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink) {
+  if (value) sink.block(key, *value);
 }
 
-void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonObject& dict) {
+void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink) {
   int number = 0;
+  std::string key;
   for (const JXString& text : value) {
-    ++number;
-    JXUtils::setString_forKey_onDict(text, std::string(prefix) + std::to_string(number), dict);
+    key.assign(prefix).append(std::to_string(++number));
+    sink.text(key, text);
   }
 }
 

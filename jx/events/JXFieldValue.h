@@ -21,14 +21,14 @@ class JXProduct;
 /// what is wrong with the value, empty when nothing is.
 namespace fieldvalue {
 
-void write(const JXString& value, std::string_view key, JXJsonObject& dict);
-void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonObject& dict);
-void write(bool value, std::string_view key, JXJsonObject& dict);
-void write(const JXList<JXString>& value, std::string_view key, JXJsonObject& dict);
-void write(const JXJsonArray& value, std::string_view key, JXJsonObject& dict);
-void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonObject& dict);
-void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonObject& dict);
-void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonObject& dict);
+void write(const JXString& value, std::string_view key, JXJsonSink& sink);
+void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
+void write(bool value, std::string_view key, JXJsonSink& sink);
+void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink);
+void write(const JXJsonArray& value, std::string_view key, JXJsonSink& sink);
+void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonSink& sink);
+void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
+void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
 
 JXFieldState state(const JXString& value);
 JXFieldState state(const std::optional<JXDecimal>& value);

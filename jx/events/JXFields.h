@@ -30,6 +30,10 @@ struct JXChoice {
   JXTextTable texts;
 };
 
+/// Behind a field that the table or a base's table has named before, because the order of writing
+/// is part of the interface: its value stands in its first place and is not written again.
+inline constexpr bool kAgain = true;
+
 /// The table of a class: one line a field, in writing order, key beside property and member.
 /// ```
 /// static const JXFields<JXSearchEvent> table{{JXE_SEARCHTERM, "searchTerm",
@@ -46,19 +50,22 @@ class JXFields final : public JXFieldTable {
     std::string_view key;
     std::string_view property;
     Member member;
+    bool isAgain = false;
   };
 
   JXFields(std::initializer_list<Field> fields) {
     for (const Field& field : fields) {
-      fields_.push_back({field.key, field.property, kindOf(field.member), choicesOf(field.member)});
+      fields_.push_back({field.key, field.property, kindOf(field.member), choicesOf(field.member),
+                         field.isAgain});
       members_.push_back(field.member);
     }
   }
 
-  void write(const JXAdditionalProperties& object, JXJsonObject& dict) const override {
+  void write(const JXAdditionalProperties& object, JXJsonSink& sink) const override {
     const Owner& owner = static_cast<const Owner&>(object);
     for (std::size_t i = 0; i < members_.size(); ++i) {
-      std::visit([&](const auto& member) { writeMember(owner, member, fields_[i].key, dict); },
+      if (fields_[i].isAgain) continue;
+      std::visit([&](const auto& member) { writeMember(owner, member, fields_[i].key, sink); },
                  members_[i]);
     }
   }
@@ -91,16 +98,16 @@ class JXFields final : public JXFieldTable {
 
   template <typename T>
   static void writeMember(const Owner& owner, T Owner::*member, std::string_view key,
-                          JXJsonObject& dict) {
-    fieldvalue::write(owner.*member, key, dict);
+                          JXJsonSink& sink) {
+    fieldvalue::write(owner.*member, key, sink);
   }
   static void writeMember(const Owner& owner, const JXNumbered<Owner>& numbered,
-                          std::string_view key, JXJsonObject& dict) {
-    fieldvalue::writeNumbered(owner.*numbered.member, key, dict);
+                          std::string_view key, JXJsonSink& sink) {
+    fieldvalue::writeNumbered(owner.*numbered.member, key, sink);
   }
   static void writeMember(const Owner& owner, const JXChoice<Owner>& choice, std::string_view key,
-                          JXJsonObject& dict) {
-    fieldvalue::write(choice.texts.textOf(owner.*choice.member), key, dict);
+                          JXJsonSink& sink) {
+    fieldvalue::write(choice.texts.textOf(owner.*choice.member), key, sink);
   }
 
   template <typename T>

@@ -26,11 +26,9 @@ bool JXItem::verifyItem() const {
   return fields().meetsAll(*this, conditions()) && product_->verifyProduct();
 }
 
-JXJsonObject JXItem::getJsonObject() const {
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
-  fields().write(*this, dict);
-  return dict;
-}
+JXJsonObject JXItem::getJsonObject() const { return newJsonObject(); }
+
+void JXItem::writeOwnEntries(JXJsonSink& sink) const { fields().write(*this, sink); }
 
 const JXFieldTable& JXItem::fields() {
   static const auto& table = *new JXFields<JXItem>{

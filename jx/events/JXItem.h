@@ -57,6 +57,7 @@ class JXItem final : public JXAdditionalProperties {
 
  private:
   JXItem() = default;
+  void writeOwnEntries(JXJsonSink& sink) const override;
 
   JXString ID_;
   std::shared_ptr<JXProduct> product_;

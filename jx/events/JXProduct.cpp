@@ -20,11 +20,9 @@ std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
 
 bool JXProduct::verifyProduct() const { return fields().meetsAll(*this, conditions()); }
 
-JXJsonObject JXProduct::getJsonObject() const {
-  JXJsonObject dict = getAdditionalProperties().mutableCopy();
-  fields().write(*this, dict);
-  return dict;
-}
+JXJsonObject JXProduct::getJsonObject() const { return newJsonObject(); }
+
+void JXProduct::writeOwnEntries(JXJsonSink& sink) const { fields().write(*this, sink); }
 
 const JXFieldTable& JXProduct::fields() {
   static const auto& table = *new JXFields<JXProduct>{

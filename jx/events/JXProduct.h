@@ -56,6 +56,7 @@ class JXProduct final : public JXAdditionalProperties {
 
  private:
   JXProduct() = default;
+  void writeOwnEntries(JXJsonSink& sink) const override;
 
   JXString ID_;
   JXString name_;

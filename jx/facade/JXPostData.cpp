@@ -2,39 +2,92 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/facade/JXPostData.h"
 
+#include <algorithm>
+#include <atomic>
+
 #include "jx/context/JXApp.h"
 #include "jx/context/JXDevice.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
-#include "jx/core/json/JXJsonWriter.h"
+#include "jx/core/json/JXJsonTextSink.h"
+#include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
 
 namespace jx {
+namespace {
+
+JXString timestamp() {
+  return JXPredefinedVariables::sharedInstance().getData(kJXPredefinedVariable_CurrentCallMs);
+}
+
+// What a body has beside the event, in the event's context.
+void writeSurroundings(JXJsonSink& sink) {
+  JXDevice& device = JXDevice::sharedInstance();
+  device.refreshContent();
+  sink.block(JXD_DEVICE, device);
+  JXApp& app = JXApp::sharedInstance();
+  app.refreshContent();
+  sink.block(JXA_APP, app);
+  sink.numberFromText(JX_EVENTTIMESTAMP, timestamp());
+}
+
+void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
+  if (serverSideState != EJXServerSideState_WAITING_FOR_CONSENT) {
+    sink.block(JXE_USER, JXUser::sharedInstance());
+  } else {
+    sink.text(JXE_USER, JX_WAITING_FOR_CONSENT);
+  }
+}
+
+void writeBody(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSink& sink) {
+  sink.entries(event.getAdditionalProperties());
+  event.writeHead(sink);
+  sink.beginObject(JXE_CONTEXT);
+  event.writeContext(sink);
+  writeSurroundings(sink);
+  sink.endObject();
+  event.writeFields(sink);
+  writeUser(sink, serverSideState);
+}
+
+// The same by way of the event's JSON object, for an event that only that object tells.
+void writeBodyOfObject(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSink& sink) {
+  const JXJsonObject body = event.getJsonObject();
+  JXJsonTreeSink tree(body);
+  writeUser(tree, serverSideState);
+  const JXJsonObject context = body.get(JXE_CONTEXT).object();
+  if (context.isPresent()) {
+    JXJsonTreeSink contextTree(context);
+    writeSurroundings(contextTree);
+  }
+  sink.root(body);
+}
+
+}  // namespace
 
 JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
                                                            std::int32_t serverSideState) {
-  JXJsonObject body = event.getJsonObject();
-  JXJsonObject context = body.get(JXE_CONTEXT).object();
-  if (serverSideState != EJXServerSideState_WAITING_FOR_CONSENT) {
-    body.set(JXE_USER, JXUser::sharedInstance().getJsonObject());
+  // The last body's size is a good guess for the next one's.
+  static std::atomic<std::size_t> usualSize{2048};
+  constexpr std::size_t kLargestGuess = std::size_t{64} * 1024;
+  JXJsonTextSink sink(JXJsonStyle::Pretty, usualSize.load(std::memory_order_relaxed));
+  if (event.isToldByItsFields()) {
+    writeBody(event, serverSideState, sink);
   } else {
-    body.set(JXE_USER, JX_WAITING_FOR_CONSENT);
+    writeBodyOfObject(event, serverSideState, sink);
   }
-  context.set(JXD_DEVICE, JXDevice::sharedInstance().getJsonObject());
-  context.set(JXA_APP, JXApp::sharedInstance().getJsonObject());
-  context.set(JX_EVENTTIMESTAMP,
-              JXJsonValue::numberFromText(JXPredefinedVariables::sharedInstance().getData(
-                  kJXPredefinedVariable_CurrentCallMs)));
-  const JXJsonText json = JXJsonWriter::write(body, JXJsonStyle::Pretty);
-  if (json.leftOut != 0) {
+  if (sink.leftOut() != 0) {
     JXLogger::sharedInstance().logMessage_withLevel(
         "An event was sent without values that are endless or too large", 3);
   }
-  return json.text;
+  const JXString body = sink.finish();
+  usualSize.store(std::min(body.size() + body.size() / 8, kLargestGuess),
+                  std::memory_order_relaxed);
+  return body;
 }
 
 }  // namespace jx

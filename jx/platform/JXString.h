@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -19,19 +21,37 @@ namespace jx {
 class JXString {
  public:
   /// The absent string.
-  JXString() noexcept;
+  JXString() noexcept : bytes_{}, tag_(kAbsent) {}
   /// The absent string, so that a host can write `setCoupon(nullptr)`.
-  JXString(std::nullptr_t) noexcept;
+  JXString(std::nullptr_t) noexcept : JXString() {}
   /// The text up to its NUL; a null pointer is the absent string.
-  JXString(const char* text);
-  JXString(const std::string& text);
-  JXString(std::string_view text);
+  JXString(const char* text) : tag_(kAbsent) {
+    if (text != nullptr) assign(text, std::strlen(text));
+  }
+  JXString(const std::string& text) : tag_(kAbsent) { assign(text.data(), text.size()); }
+  JXString(std::string_view text) : tag_(kAbsent) { assign(text.data(), text.size()); }
 
-  JXString(const JXString& other) noexcept;
-  JXString(JXString&& other) noexcept;
-  JXString& operator=(const JXString& other) noexcept;
-  JXString& operator=(JXString&& other) noexcept;
-  ~JXString();
+  JXString(const JXString& other) noexcept : tag_(other.tag_) {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    if (tag_ == kShared) shared()->references.fetch_add(1, std::memory_order_relaxed);
+  }
+  JXString(JXString&& other) noexcept : tag_(other.tag_) {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    other.tag_ = kAbsent;
+  }
+  JXString& operator=(const JXString& other) noexcept {
+    JXString copy(other);
+    return *this = static_cast<JXString&&>(copy);
+  }
+  JXString& operator=(JXString&& other) noexcept {
+    if (this == &other) return *this;
+    release();
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    tag_ = other.tag_;
+    other.tag_ = kAbsent;
+    return *this;
+  }
+  ~JXString() { release(); }
 
   /// True when there is a text, the empty one included.
   bool isPresent() const noexcept { return tag_ != kAbsent; }
@@ -44,7 +64,10 @@ class JXString {
   const char* c_str() const noexcept { return data(); }
   std::string toStdString() const { return std::string(view()); }
   /// Length in bytes; 0 when absent.
-  std::size_t size() const noexcept;
+  std::size_t size() const noexcept {
+    if (tag_ == kShared) return shared()->length;
+    return tag_ == kAbsent ? 0 : tag_;
+  }
 
   /// Equal when both are absent, or both present with the same bytes.
   friend bool operator==(const JXString& a, const JXString& b) noexcept {
@@ -53,15 +76,46 @@ class JXString {
   friend bool operator!=(const JXString& a, const JXString& b) noexcept { return !(a == b); }
 
  private:
-  struct Shared;
-  static constexpr std::size_t kInlineCapacity = 22;
+  friend class JXStringBuilder;
+
+  // The text follows the header in the same allocation.
+  struct Shared {
+    std::atomic<std::uint32_t> references;
+    std::size_t length;
+
+    char* text() { return reinterpret_cast<char*>(this + 1); }
+  };
+  // What fits covers the names of the variables and of the notifications, so that looking one up
+  // allocates nothing.
+  static constexpr std::size_t kInlineCapacity = 30;
   static constexpr unsigned char kShared = 0xFE;
   static constexpr unsigned char kAbsent = 0xFF;
 
-  const char* data() const noexcept;
-  Shared* shared() const noexcept;
-  void assign(const char* text, std::size_t length);
-  void release() noexcept;
+  const char* data() const noexcept {
+    if (tag_ == kShared) return shared()->text();
+    return tag_ == kAbsent ? "" : bytes_;
+  }
+  Shared* shared() const noexcept {
+    Shared* pointer;
+    std::memcpy(&pointer, bytes_, sizeof pointer);
+    return pointer;
+  }
+  // Of an object that holds no shared text.
+  void assign(const char* text, std::size_t length) {
+    if (length > kInlineCapacity) return assignShared(text, length);
+    if (length != 0) std::memcpy(bytes_, text, length);
+    bytes_[length] = '\0';
+    tag_ = static_cast<unsigned char>(length);
+  }
+  void adopt(Shared* block) noexcept {
+    std::memcpy(bytes_, &block, sizeof block);
+    tag_ = kShared;
+  }
+  void release() noexcept {
+    if (tag_ == kShared) releaseShared();
+  }
+  void assignShared(const char* text, std::size_t length);
+  void releaseShared() noexcept;
 
   // `bytes_` holds the text with its NUL, or the pointer to the shared text; `tag_` tells which
   // (0 to kInlineCapacity: the length of the text held in place).

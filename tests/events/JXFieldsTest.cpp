@@ -10,6 +10,7 @@
 #include <array>
 
 #include "jx/core/json/JXJsonReader.h"
+#include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/events/JXItem.h"
 #include "jx/events/JXProduct.h"
@@ -48,7 +49,8 @@ struct Sample : JXAdditionalProperties {
 };
 
 std::string written(const Sample& sample, JXJsonObject dict = {}) {
-  Sample::fields().write(sample, dict);
+  JXJsonTreeSink sink(dict);
+  Sample::fields().write(sample, sink);
   return JXJsonWriter::write(dict, JXJsonStyle::Compact).text;
 }
 

@@ -15,8 +15,8 @@
 namespace jx {
 namespace {
 
-const std::string kInline(22, 'a');  // the longest text that is held in place
-const std::string kShared(23, 'b');  // the shortest that is shared
+const std::string kInline(30, 'a');  // the longest text that is held in place
+const std::string kShared(31, 'b');  // the shortest that is shared
 
 TEST(JXString, NothingAndNullPointersAreAbsent) {
   const char* none = nullptr;
@@ -45,8 +45,8 @@ TEST(JXString, TestStringAsksForOneCharacter) {
 }
 
 TEST(JXString, TextsOnBothSidesOfTheInlineCapacityAreKept) {
-  for (const std::size_t length : {std::size_t{1}, std::size_t{21}, std::size_t{22},
-                                   std::size_t{23}, std::size_t{24}, std::size_t{100000}}) {
+  for (const std::size_t length : {std::size_t{1}, std::size_t{29}, std::size_t{30},
+                                   std::size_t{31}, std::size_t{32}, std::size_t{100000}}) {
     const std::string text(length, 'x');
     const JXString made(text);
     EXPECT_EQ(made.size(), length);
@@ -120,7 +120,7 @@ TEST(JXString, AssignmentReplacesEveryKindByEveryKind) {
 }
 
 TEST(JXString, EqualityComparesBytes) {
-  EXPECT_EQ(JXString(kShared), JXString(std::string(23, 'b')));
+  EXPECT_EQ(JXString(kShared), JXString(std::string(31, 'b')));
   EXPECT_NE(JXString(kShared), JXString(std::string(24, 'b')));
   EXPECT_NE(JXString("a"), JXString("A"));
 }
@@ -135,8 +135,8 @@ TEST(JXString, IsAKeyOfUnorderedMaps) {
   std::unordered_map<JXString, int> numbers;
   numbers[JXString(kShared)] = 1;
   numbers[JXString(kInline)] = 2;
-  EXPECT_EQ(numbers.at(JXString(std::string(23, 'b'))), 1);
-  EXPECT_EQ(numbers.at(JXString(std::string(22, 'a'))), 2);
+  EXPECT_EQ(numbers.at(JXString(std::string(31, 'b'))), 1);
+  EXPECT_EQ(numbers.at(JXString(std::string(30, 'a'))), 2);
 }
 
 TEST(JXString, CopiesOnManyThreadsReleaseTheSharedTextOnce) {

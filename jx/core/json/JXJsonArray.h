@@ -33,7 +33,7 @@ class JXJsonArray {
 
  private:
   friend class JXJsonArrayNode;
-  friend class JXJsonWriter;
+  friend class JXJsonTextSink;
   std::shared_ptr<JXJsonArrayNode> node_;
 };
 

@@ -48,7 +48,7 @@ class JXJsonObject {
 
  private:
   friend class JXJsonObjectNode;
-  friend class JXJsonWriter;
+  friend class JXJsonTextSink;
   std::shared_ptr<JXJsonObjectNode> node_;
 };
 

@@ -63,7 +63,7 @@ class JXJsonValue {
 
  private:
   friend class JXJsonNode;
-  friend class JXJsonWriter;
+  friend class JXJsonTextSink;
 
   struct Null {};
   struct Number {

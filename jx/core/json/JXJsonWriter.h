@@ -29,10 +29,6 @@ class JXJsonWriter {
 
   /// "{}" for an absent object.
   static JXJsonText write(const JXJsonObject& object, JXJsonStyle style);
-
- private:
-  template <typename Writer>
-  class Walk;
 };
 
 }  // namespace jx

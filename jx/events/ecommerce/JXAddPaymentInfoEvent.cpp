@@ -31,8 +31,7 @@ const JXEventClass& JXAddPaymentInfoEvent::eventClass() {
       {JXE_REVENUE, "revenue", &JXAddPaymentInfoEvent::revenue_},
       {JXE_CURRENCY, "currency", &JXAddPaymentInfoEvent::currency_},
       {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
-      // Again: the writing order is part of the interface, and the value is the same.
-      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
+      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_, kAgain},
   };
   static const auto& type = *new JXEventClass{
       "JXAddPaymentInfoEvent",     &JXECommerceEvent::eventClass(),  {kName}, &fields,

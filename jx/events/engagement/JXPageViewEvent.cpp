@@ -25,10 +25,8 @@ std::shared_ptr<JXPageViewEvent> JXPageViewEvent::initWithType(const JXString& p
 
 const JXEventClass& JXPageViewEvent::eventClass() {
   static const auto& fields = *new JXFields<JXPageViewEvent>{
-      // Both again, as every event writes them: the writing order is part of the interface, and the
-      // values are the same.
-      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_},
-      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_},
+      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_, kAgain},
+      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_, kAgain},
   };
   static const auto& type =
       *new JXEventClass{"JXPageViewEvent", &JXEvent::eventClass(), {kName},

@@ -35,9 +35,7 @@ const JXEventClass& JXVideoContentEvent::eventClass() {
       {JXV_LIVESTREAM, "livestream", &JXVideoContentEvent::livestream_},
       {JXV_BITRATE, "bitrate", &JXVideoContentEvent::bitrate_},
       {JXV_FRAMERATE, "framerate", &JXVideoContentEvent::framerate_},
-      // Again, as every video event writes it: the writing order is part of the interface, and the
-      // value is the same.
-      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_},
+      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_, kAgain},
   };
   static const auto& type = *new JXEventClass{
       "JXVideoContentEvent",

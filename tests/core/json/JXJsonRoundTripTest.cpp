@@ -1,6 +1,11 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/reader.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 #include <random>
 #include <string>
@@ -126,6 +131,54 @@ TEST(JXJsonRoundTrip, WhatIsWrittenReadsBackTheSame) {
       ASSERT_TRUE(same(reading.value, object)) << i << " " << json.text;
       ASSERT_EQ(JXJsonWriter::write(reading.value.object(), style).text, json.text) << i;
     }
+  }
+}
+
+// Makes a writer's calls from a text, the numbers as their digits.
+template <typename Writer>
+struct Copying : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Copying<Writer>> {
+  explicit Copying(Writer& into) : writer(into) {}
+  bool Null() { return writer.Null(); }
+  bool Bool(bool value) { return writer.Bool(value); }
+  bool RawNumber(const char* digits, rapidjson::SizeType length, bool) {
+    return writer.RawValue(digits, length, rapidjson::kNumberType);
+  }
+  bool String(const char* text, rapidjson::SizeType length, bool) {
+    return writer.String(text, length);
+  }
+  bool Key(const char* text, rapidjson::SizeType length, bool) { return writer.Key(text, length); }
+  bool StartObject() { return writer.StartObject(); }
+  bool EndObject(rapidjson::SizeType count) { return writer.EndObject(count); }
+  bool StartArray() { return writer.StartArray(); }
+  bool EndArray(rapidjson::SizeType count) { return writer.EndArray(count); }
+
+  Writer& writer;
+};
+
+template <typename Writer>
+std::string copied(const std::string& json, Writer& writer, rapidjson::StringBuffer& buffer) {
+  rapidjson::MemoryStream bytes(json.data(), json.size());
+  rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> stream(bytes);
+  Copying<Writer> handler(writer);
+  rapidjson::Reader reader;
+  reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(stream, handler);
+  return {buffer.GetString(), buffer.GetSize()};
+}
+
+TEST(JXJsonRoundTrip, AnotherWriterWritesTheSameBytes) {
+  Generator generator(20261120);
+  for (int i = 0; i < 300; ++i) {
+    const JXJsonObject object = generator.object(0);
+    rapidjson::StringBuffer compactBuffer;
+    rapidjson::Writer<rapidjson::StringBuffer> compact(compactBuffer);
+    const std::string compactText = JXJsonWriter::write(object, JXJsonStyle::Compact).text;
+    ASSERT_EQ(copied(compactText, compact, compactBuffer), compactText) << i;
+
+    rapidjson::StringBuffer prettyBuffer;
+    rapidjson::PrettyWriter<rapidjson::StringBuffer> pretty(prettyBuffer);
+    pretty.SetIndent(' ', 2);
+    const std::string prettyText = JXJsonWriter::write(object, JXJsonStyle::Pretty).text;
+    ASSERT_EQ(copied(prettyText, pretty, prettyBuffer), prettyText) << i;
   }
 }
 

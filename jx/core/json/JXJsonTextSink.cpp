@@ -1,0 +1,319 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/json/JXJsonTextSink.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "jx/core/json/JXUtf8.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kIndent = 2;
+constexpr std::size_t kQuotes = 2;
+// No byte becomes more than this many.
+constexpr std::size_t kLongestEscape = 6;
+
+// Of a byte that may not stand in a string as it is: the character behind the backslash, 'u' where
+// only its number will do; 0 of every other byte.
+char escapeOf(char byte) noexcept {
+  switch (byte) {
+    case '"':
+    case '\\':
+      return byte;
+    case '\b':
+      return 'b';
+    case '\f':
+      return 'f';
+    case '\n':
+      return 'n';
+    case '\r':
+      return 'r';
+    case '\t':
+      return 't';
+    default:
+      return static_cast<unsigned char>(byte) < 0x20 ? 'u' : '\0';
+  }
+}
+
+std::size_t escapedLength(std::string_view text) noexcept {
+  std::size_t length = 0;
+  for (const char byte : text) {
+    const char escape = escapeOf(byte);
+    length += escape == '\0' ? 1 : escape == 'u' ? kLongestEscape : 2;
+  }
+  return length;
+}
+
+std::size_t writtenLength(std::string_view text) {
+  return kQuotes +
+         (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
+}
+
+// The same, no less than that, and without looking at the text.
+std::size_t longestWritten(std::string_view text) noexcept {
+  return kQuotes + kLongestEscape * text.size();
+}
+
+constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
+
+// True when one of the eight bytes is zero.
+constexpr bool hasZero(std::uint64_t word) noexcept {
+  return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
+}
+
+constexpr bool isPlainWord(std::uint64_t word) noexcept {
+  const bool hasHighOrControl = ((word | ((word - eachByte(0x20)) & ~word)) & eachByte(0x80)) != 0;
+  return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
+}
+
+constexpr bool isPlainByte(char byte) noexcept {
+  return static_cast<unsigned char>(byte) - 0x20U < 0x60U && byte != '"' && byte != '\\';
+}
+
+// True when every byte is ASCII and stands in a JSON string as it is, which is nearly always so.
+bool isPlain(std::string_view text) noexcept {
+  const char* at = text.data();
+  std::size_t left = text.size();
+  for (; left >= sizeof(std::uint64_t); left -= sizeof(std::uint64_t)) {
+    std::uint64_t word;
+    std::memcpy(&word, at, sizeof word);
+    if (!isPlainWord(word)) return false;
+    at += sizeof word;
+  }
+  return std::all_of(at, at + left, isPlainByte);
+}
+
+// True of digits that JSON takes as they are.
+bool isPlainInteger(std::string_view text) noexcept {
+  if (text.empty() || (text.front() == '0' && text.size() != 1)) return false;
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace
+
+JXJsonTextSink::JXJsonTextSink(JXJsonStyle style, std::size_t expectedSize)
+    : out_(expectedSize), isPretty_(style == JXJsonStyle::Pretty) {
+  open('{');
+}
+
+JXString JXJsonTextSink::finish() {
+  endObject();
+  return out_.finish();
+}
+
+void JXJsonTextSink::text(std::string_view key, const JXString& value) {
+  if (value.isPresent()) putString(&key, value.view());
+}
+
+void JXJsonTextSink::number(std::string_view key, const std::optional<JXDecimal>& value) {
+  if (value && !value->isNotANumber()) putBare(&key, value->toString());
+}
+
+void JXJsonTextSink::numberFromText(std::string_view key, const JXString& value) {
+  if (isPlainInteger(value.view())) {
+    putBare(&key, value.view());
+  } else {
+    this->value(key, JXJsonValue::numberFromText(value));
+  }
+}
+
+void JXJsonTextSink::flag(std::string_view key, bool value) {
+  putBare(&key, value ? "true" : "false");
+}
+
+void JXJsonTextSink::value(std::string_view key, const JXJsonValue& value) {
+  if (value.isPresent()) putValue(&key, value);
+}
+
+void JXJsonTextSink::beginObject(std::string_view key) { beginContainer(&key, '{'); }
+
+void JXJsonTextSink::beginArray(std::string_view key) { beginContainer(&key, '['); }
+
+void JXJsonTextSink::textElement(const JXString& value) {
+  if (value.isPresent()) putString(nullptr, value.view());
+}
+
+void JXJsonTextSink::beginObjectElement() { beginContainer(nullptr, '{'); }
+
+void JXJsonTextSink::root(const JXJsonObject& object) {
+  inside_.push_back(object.node_.get());
+  entries(object);
+  inside_.pop_back();
+}
+
+void JXJsonTextSink::entries(const JXJsonObject& object) {
+  for (const JXJsonEntry& entry : object.entries()) {
+    const std::string_view key = entry.key.view();
+    putValue(&key, entry.value);
+  }
+}
+
+void JXJsonTextSink::putValue(const std::string_view* key, const JXJsonValue& value) {
+  switch (value.kind()) {
+    case Kind::Absent:
+    case Kind::Null:
+      putBare(key, "null");
+      return;
+    case Kind::Bool:
+      putBare(key, std::get<bool>(value.value_) ? "true" : "false");
+      return;
+    case Kind::Number:
+      putBare(key, std::get<JXJsonValue::Number>(value.value_).digits.view());
+      return;
+    case Kind::String:
+      putString(key, std::get<JXString>(value.value_).view());
+      return;
+    case Kind::Object:
+      putObject(key, std::get<JXJsonObject>(value.value_));
+      return;
+    case Kind::Array:
+      putArray(key, std::get<JXJsonArray>(value.value_));
+      return;
+  }
+}
+
+void JXJsonTextSink::putObject(const std::string_view* key, const JXJsonObject& object) {
+  if (leavesOut(object.node_.get())) return;
+  beginContainer(key, '{');
+  if (skipped_ == 0) root(object);
+  endObject();
+}
+
+void JXJsonTextSink::putArray(const std::string_view* key, const JXJsonArray& array) {
+  if (leavesOut(array.node_.get())) return;
+  beginContainer(key, '[');
+  if (skipped_ == 0) {
+    inside_.push_back(array.node_.get());
+    for (const JXJsonValue& element : array.values())
+      putValue(nullptr, element);
+    inside_.pop_back();
+  }
+  endArray();
+}
+
+// A value that contains itself would never end.
+bool JXJsonTextSink::leavesOut(const void* node) {
+  if (skipped_ != 0) return true;
+  if (std::find(inside_.begin(), inside_.end(), node) == inside_.end()) return false;
+  ++leftOut_;
+  return true;
+}
+
+void JXJsonTextSink::beginContainer(const std::string_view* key, char opening) {
+  if (skipped_ != 0) {
+    ++skipped_;
+    return;
+  }
+  const bool isTooDeep = level_ >= JXJsonWriter::kMaxDepth;
+  if (isTooDeep) ++leftOut_;
+  if (isTooDeep || !begin(key, 1 + endLength(level_), nullptr)) {
+    skipped_ = 1;
+    return;
+  }
+  open(opening);
+}
+
+void JXJsonTextSink::open(char opening) {
+  out_.append(opening);
+  closing_ += endLength(level_);
+  ++level_;
+  isFirst_ = true;
+}
+
+void JXJsonTextSink::end(char closing) {
+  if (skipped_ != 0) {
+    --skipped_;
+    return;
+  }
+  --level_;
+  closing_ -= endLength(level_);
+  if (isPretty_ && !isFirst_) putLine(level_);
+  out_.append(closing);
+  isFirst_ = false;
+}
+
+void JXJsonTextSink::putString(const std::string_view* key, std::string_view text) {
+  if (begin(key, 0, &text)) putText(text);
+}
+
+void JXJsonTextSink::putBare(const std::string_view* key, std::string_view text) {
+  if (begin(key, text.size(), nullptr)) out_.append(text);
+}
+
+// Writes all that stands before a value. False when the value must stay out: `length` is what it
+// takes beside `text`, which is null of a value that is no string.
+bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
+                           const std::string_view* text) {
+  if (skipped_ != 0) return false;
+  const std::size_t around = length + (isFirst_ ? 0 : 1) + (isPretty_ ? lineLength(level_) : 0) +
+                             (key == nullptr ? 0
+                              : isPretty_    ? 2
+                                             : 1);
+  const auto lengthBy = [&](auto textLength) {
+    return around + (key != nullptr ? textLength(*key) : 0) +
+           (text != nullptr ? textLength(*text) : 0);
+  };
+  if (!fits(lengthBy(longestWritten)) && !fits(lengthBy(writtenLength))) {
+    ++leftOut_;
+    return false;
+  }
+  if (!isFirst_) out_.append(',');
+  isFirst_ = false;
+  if (isPretty_) putLine(level_);
+  if (key == nullptr) return true;
+  putText(*key);
+  out_.append(':');
+  if (isPretty_) out_.append(' ');
+  return true;
+}
+
+bool JXJsonTextSink::fits(std::size_t length) const {
+  const std::size_t taken = out_.size() + closing_;
+  return taken <= JXJsonWriter::kMaxBytes && length <= JXJsonWriter::kMaxBytes - taken;
+}
+
+void JXJsonTextSink::putLine(std::size_t level) {
+  char* const line = out_.extend(lineLength(level));
+  line[0] = '\n';
+  std::memset(line + 1, ' ', kIndent * level);
+}
+
+// A line's end and the blanks that the next line begins with.
+std::size_t JXJsonTextSink::lineLength(std::size_t level) { return 1 + kIndent * level; }
+
+std::size_t JXJsonTextSink::endLength(std::size_t level) const {
+  return 1 + (isPretty_ ? lineLength(level) : 0);
+}
+
+void JXJsonTextSink::putText(std::string_view text) {
+  if (!isPlain(text)) return putUnusualText(text);
+  char* const place = out_.extend(text.size() + kQuotes);
+  place[0] = '"';
+  if (!text.empty()) std::memcpy(place + 1, text.data(), text.size());
+  place[text.size() + 1] = '"';
+}
+
+void JXJsonTextSink::putUnusualText(std::string_view text) {
+  if (!isUtf8(text)) return putUnusualText(withReplacementCharacters(text));
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  out_.append('"');
+  for (const char byte : text) {
+    const char escape = escapeOf(byte);
+    if (escape == '\0') {
+      out_.append(byte);
+      continue;
+    }
+    out_.append('\\');
+    out_.append(escape);
+    if (escape != 'u') continue;
+    out_.append(std::string_view("00"));
+    out_.append(kDigits[static_cast<unsigned char>(byte) >> 4]);
+    out_.append(kDigits[static_cast<unsigned char>(byte) & 0x0FU]);
+  }
+  out_.append('"');
+}
+
+}  // namespace jx

@@ -1,0 +1,41 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jx/core/json/JXJsonSink.h"
+
+namespace jx {
+
+/// Puts what it is told into a JSON object, over what stands there under the same keys.
+class JXJsonTreeSink final : public JXJsonSink {
+ public:
+  /// `root` must be present.
+  explicit JXJsonTreeSink(const JXJsonObject& root);
+
+  void text(std::string_view key, const JXString& value) override;
+  void number(std::string_view key, const std::optional<JXDecimal>& value) override;
+  void numberFromText(std::string_view key, const JXString& value) override;
+  void flag(std::string_view key, bool value) override;
+  void value(std::string_view key, const JXJsonValue& value) override;
+  void beginObject(std::string_view key) override;
+  void beginArray(std::string_view key) override;
+  void textElement(const JXString& value) override;
+  void beginObjectElement() override;
+  void endObject() override;
+  void endArray() override;
+
+ private:
+  struct Level {
+    JXJsonObject object;
+    JXJsonArray array;
+  };
+
+  void put(std::string_view key, JXJsonValue value);
+
+  std::vector<Level> levels_;
+};
+
+}  // namespace jx
