@@ -3,13 +3,14 @@
 #pragma once
 
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The application block "app": names and versions of the host application, of this library, of its
 /// core and of the consent configuration. Belongs to the thread that executes events.
-class JXApp : public JXAdditionalProperties {
+class JX_API JXApp : public JXAdditionalProperties {
  public:
   static JXApp& sharedInstance();
 

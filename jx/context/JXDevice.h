@@ -7,6 +7,7 @@
 
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/json/JXDecimal.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -15,7 +16,7 @@ namespace jx {
 /// the lifecycle block inside. What identifies the device is read once, when the object is made;
 /// the advertising values come with `setAdvertisingIds`, the user agent when it is first known.
 /// Belongs to the thread that executes events.
-class JXDevice : public JXAdditionalProperties {
+class JX_API JXDevice : public JXAdditionalProperties {
  public:
   static JXDevice& sharedInstance();
 

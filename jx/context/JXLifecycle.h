@@ -3,6 +3,7 @@
 #pragma once
 
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -10,7 +11,7 @@ namespace jx {
 /// The lifecycle block inside the device block: where an event stands in the life of the
 /// installation. Copies the predefined variables each time it is serialised; between two times its
 /// fields keep what was copied last. Belongs to the thread that executes events.
-class JXLifecycle final : public JXAdditionalProperties {
+class JX_API JXLifecycle final : public JXAdditionalProperties {
  public:
   static JXLifecycle& sharedInstance();
 

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -16,7 +17,7 @@ class JXJsonSink;
 /// context blocks. The extra properties come first in the object's JSON, and an own field of the
 /// same key replaces them. Adding a key twice keeps the later value. Not synchronised: one object
 /// belongs to one thread at a time.
-class JXAdditionalProperties {
+class JX_API JXAdditionalProperties {
  public:
   static std::shared_ptr<JXAdditionalProperties> init();
   virtual ~JXAdditionalProperties() = default;

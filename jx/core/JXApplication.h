@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// How a host tells the library that its application changes between foreground and background, on
 /// systems that do not tell it themselves. Call both on one thread, the one that the user interface
 /// runs on.
-class JXApplication {
+class JX_API JXApplication {
  public:
   JXApplication() = delete;
 

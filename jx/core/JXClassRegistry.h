@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -13,7 +14,7 @@ namespace jx {
 /// Names of optional modules that are present in this process: what a look-up of a class by its
 /// name is on systems that have one. A module registers itself before the first `ServerSide` is
 /// made, best while its static objects are constructed. Thread-safe; never destroyed.
-class JXClassRegistry {
+class JX_API JXClassRegistry {
  public:
   static JXClassRegistry& sharedInstance();
 

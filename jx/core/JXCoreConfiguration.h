@@ -9,6 +9,7 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXOutboxBounds.h"
 #include "jx/core/transfer/JXDelivery.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXClock.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/JXString.h"
@@ -17,7 +18,7 @@ namespace jx {
 
 /// What a host may choose about the core, once, before it makes its first `ServerSide`. Every field
 /// has a default that suits a TV application.
-struct JXCoreConfiguration {
+struct JX_API JXCoreConfiguration {
   /// Folder of the queue and of the persisted variables; made (mode 0700) when it is missing.
   /// Absent: the system's folder for the application's state.
   JXString storageFolder;

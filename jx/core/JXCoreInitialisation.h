@@ -4,11 +4,13 @@
 
 #include <memory>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// Starts the core. The object itself holds nothing and may be dropped at once; making a second one
 /// changes nothing.
-class JXCoreInitialisation {
+class JX_API JXCoreInitialisation {
  public:
   static std::shared_ptr<JXCoreInitialisation> init();
 

@@ -8,12 +8,13 @@
 #include <memory>
 
 #include "jx/core/JXDynamicStore.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The core's clock and its run-time variables. Thread-safe; never destroyed.
-class JXCoreVariables {
+class JX_API JXCoreVariables {
  public:
   static JXCoreVariables& sharedInstance();
 

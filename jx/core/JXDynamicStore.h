@@ -7,12 +7,13 @@
 #include <string_view>
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// A store of values by text key.
-class IJXDynamicStore {
+class JX_API IJXDynamicStore {
  public:
   virtual ~IJXDynamicStore() = default;
   /// Sets or replaces a value; an absent value removes the key, an absent key is ignored.
@@ -26,7 +27,7 @@ class IJXDynamicStore {
 /// The store that the core and the library use: keeps its keys in the order in which they were
 /// first set. Thread-safe; a nested JSON object that was stored is shared, and is the caller's to
 /// keep to one thread.
-class JXDynamicStore final : public IJXDynamicStore {
+class JX_API JXDynamicStore final : public IJXDynamicStore {
  public:
   static std::shared_ptr<JXDynamicStore> init();
 

@@ -7,6 +7,8 @@
 #include <mutex>
 #include <string_view>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// Receives log lines. Called on the thread that logs, the transfer thread included, one call at a
@@ -17,7 +19,7 @@ using JXLogSink = std::function<void(int level, std::string_view message)>;
 
 /// The leveled log of the library: 2 for an inconsistent stored time or lost data, 3 for a caught
 /// failure, 4 for start-up facts, 5 for state changes, 6 for per-event detail. Thread-safe.
-class JXLogger {
+class JX_API JXLogger {
  public:
   static JXLogger& sharedInstance();
 

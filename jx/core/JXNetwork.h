@@ -5,6 +5,7 @@
 #include <atomic>
 
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXPlatform.h"
 
 namespace jx {
@@ -13,7 +14,7 @@ namespace jx {
 /// or "none". Asking the system costs more than an event may, so the kind is kept: it is read at
 /// the start, when the application comes to the foreground, and by the transfer thread before it
 /// connects. The kind is thread-safe; the additional properties are not. Never destroyed.
-class JXNetwork final : public JXAdditionalProperties {
+class JX_API JXNetwork final : public JXAdditionalProperties {
  public:
   static JXNetwork& sharedInstance();
 

@@ -6,10 +6,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// What the outbox may hold; checked at each insert, the oldest requests go first.
-struct JXOutboxBounds {
+struct JX_API JXOutboxBounds {
   std::size_t maxRequests = 10'000;
   std::uint64_t maxBytes = 32u * 1024 * 1024;  ///< sum of the bodies and URLs held
   std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
@@ -29,7 +31,7 @@ enum class JXDropReason {
 };
 
 /// How many requests took which way since this outbox was opened, and what it holds now.
-struct JXOutboxCounters {
+struct JX_API JXOutboxCounters {
   std::uint64_t added = 0;
   std::uint64_t delivered = 0;
   std::uint64_t rejected = 0;

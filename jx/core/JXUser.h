@@ -5,13 +5,14 @@
 #include <mutex>
 
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// The user block of the payload: "anonymous_id" (a random UUID, made once and persisted),
 /// "consent_id" when a consent module or the host has set one, and what the host adds.
 /// The identifiers are thread-safe; the additional properties are not. Never destroyed.
-class JXUser final : public JXAdditionalProperties {
+class JX_API JXUser final : public JXAdditionalProperties {
  public:
   static JXUser& sharedInstance();
 

@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Reads and writes texts that outlive the process. Thread-safe.
-class JXUserDefaults {
+class JX_API JXUserDefaults {
  public:
   JXUserDefaults() = delete;
 

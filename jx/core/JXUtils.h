@@ -8,6 +8,7 @@
 
 #include "jx/core/json/JXDecimal.h"
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -15,7 +16,7 @@ namespace jx {
 /// Writes typed values into JSON objects, and converts between texts and numbers. An absent value
 /// leaves the object unchanged, so that what stood under the key before survives; an empty string,
 /// a zero, `false` and an empty array are values and are written. An absent `dict` is left alone.
-class JXUtils {
+class JX_API JXUtils {
  public:
   JXUtils() = delete;
 

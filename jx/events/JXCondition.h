@@ -5,10 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// What can be asked of a field's value without knowing its type.
-struct JXFieldState {
+struct JX_API JXFieldState {
   bool isPresent = false;   ///< not absent
   bool isUsable = false;    ///< a text of at least one character
   bool hasEntries = false;  ///< a list of at least one element
@@ -16,7 +18,7 @@ struct JXFieldState {
 
 /// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
 /// event itself and its JSON can be judged by the same line.
-struct JXCondition {
+struct JX_API JXCondition {
   enum class Kind {
     Never,       ///< a base class: no event of it is complete
     UsableText,  ///< a text of at least one character
@@ -39,12 +41,12 @@ struct JXCondition {
   bool holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const;
 };
 
-JXCondition neverComplete();
-JXCondition usable(std::string_view key);
-JXCondition present(std::string_view key);
-JXCondition notEmpty(std::string_view key);
-JXCondition together(std::string_view key, std::string_view textKey);
-JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
-JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames);
+JX_API JXCondition neverComplete();
+JX_API JXCondition usable(std::string_view key);
+JX_API JXCondition present(std::string_view key);
+JX_API JXCondition notEmpty(std::string_view key);
+JX_API JXCondition together(std::string_view key, std::string_view textKey);
+JX_API JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
+JX_API JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames);
 
 }  // namespace jx

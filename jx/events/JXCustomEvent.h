@@ -5,11 +5,12 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// An event of the host's own making: a name, and whatever parameters the host adds.
-class JXCustomEvent final : public JXEvent {
+class JX_API JXCustomEvent final : public JXEvent {
  public:
   /// An absent name is kept as it is; the event then fails `verifyEvent` and is sent without
   /// "event_name".

@@ -7,12 +7,13 @@
 #include "jx/core/JXList.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// Base of the shopping events: a currency and a list of items, which the classes below write each
 /// in its own place. On its own it writes neither, and always verifies.
-class JXECommerceEvent : public JXEvent {
+class JX_API JXECommerceEvent : public JXEvent {
  public:
   static std::shared_ptr<JXECommerceEvent> init();
 

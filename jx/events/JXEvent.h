@@ -9,13 +9,14 @@
 #include "jx/core/JXList.h"
 #include "jx/events/JXEventClass.h"
 #include "jx/events/JXFields.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Base of everything that a host hands to `ServerSide::execute`. The host owns its events and
 /// fills them on one thread; an event must not be changed while it is being executed.
-class JXEvent : public JXAdditionalProperties {
+class JX_API JXEvent : public JXAdditionalProperties {
  public:
   static std::shared_ptr<JXEvent> init();
 
@@ -76,7 +77,7 @@ class JXEvent : public JXAdditionalProperties {
 };
 
 namespace detail {
-void logAbsentElement();
+JX_API void logAbsentElement();
 }
 
 template <typename Block>

@@ -11,6 +11,7 @@
 
 #include "jx/events/JXCondition.h"
 #include "jx/events/JXFieldTable.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
@@ -39,7 +40,7 @@ struct JXEventMaker {
 
 /// Everything that tells one event class from the others, as data: what it is called, what it
 /// writes and what makes it complete. Each class has one, made once and never destroyed.
-struct JXEventClass {
+struct JX_API JXEventClass {
   std::string_view className;  ///< "JXPurchaseEvent"
   const JXEventClass* base;    ///< null for JXEvent itself
   /// The names that events of this class carry: one, or of a video class one for each mode; none
@@ -93,8 +94,8 @@ inline constexpr JXEventMaker makeByMode =
     });
 
 /// All event classes, bases first. Thread-safe.
-const std::vector<const JXEventClass*>& allEventClasses();
+JX_API const std::vector<const JXEventClass*>& allEventClasses();
 /// The class of this name, null when there is none.
-const JXEventClass* eventClassNamed(std::string_view className);
+JX_API const JXEventClass* eventClassNamed(std::string_view className);
 
 }  // namespace jx

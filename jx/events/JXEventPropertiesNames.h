@@ -4,10 +4,12 @@
 
 #include <string_view>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// The home of the key constants in the public interface; it holds nothing itself.
-class JXEventPropertiesNames {};
+class JX_API JXEventPropertiesNames {};
 
 // Keys that several blocks share.
 inline constexpr std::string_view JX_ID = "id";

@@ -11,12 +11,13 @@
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/json/JXJsonSink.h"
 #include "jx/events/JXCondition.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// The texts of an enumeration and the names of its members, both indexed by its values. Refers to
 /// the arrays, which must be constants.
-struct JXTextTable {
+struct JX_API JXTextTable {
   constexpr JXTextTable() = default;
   template <std::size_t N>
   constexpr JXTextTable(const std::array<std::string_view, N>& textOfEach,
@@ -50,7 +51,7 @@ enum class JXFieldKind {
 };
 
 /// One field of a class: its JSON key and its property name, in one place.
-struct JXFieldInfo {
+struct JX_API JXFieldInfo {
   std::string_view key;
   std::string_view property;
   JXFieldKind kind = JXFieldKind::Text;
@@ -63,7 +64,7 @@ struct JXFieldInfo {
 /// The fields that a class writes, in writing order, seen without the class's type. Whatever
 /// needs the fields (the JSON writer, the replay program, the collector's checks, the catalogue)
 /// reads them here. Immutable; objects that are handed in must be of the table's class.
-class JXFieldTable {
+class JX_API JXFieldTable {
  public:
   virtual ~JXFieldTable() = default;
 

@@ -11,6 +11,7 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/core/json/JXJsonValue.h"
 #include "jx/events/JXFieldTable.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
@@ -21,30 +22,31 @@ class JXProduct;
 /// what is wrong with the value, empty when nothing is.
 namespace fieldvalue {
 
-void write(const JXString& value, std::string_view key, JXJsonSink& sink);
-void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
-void write(bool value, std::string_view key, JXJsonSink& sink);
-void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink);
-void write(const JXJsonArray& value, std::string_view key, JXJsonSink& sink);
-void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, JXJsonSink& sink);
-void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
-void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
+JX_API void write(const JXString& value, std::string_view key, JXJsonSink& sink);
+JX_API void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
+JX_API void write(bool value, std::string_view key, JXJsonSink& sink);
+JX_API void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink);
+JX_API void write(const JXJsonArray& value, std::string_view key, JXJsonSink& sink);
+JX_API void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key,
+                  JXJsonSink& sink);
+JX_API void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
+JX_API void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
 
-JXFieldState state(const JXString& value);
-JXFieldState state(const std::optional<JXDecimal>& value);
-JXFieldState state(bool value);
-JXFieldState state(const JXList<JXString>& value);
-JXFieldState state(const JXJsonArray& value);
-JXFieldState state(const JXList<std::shared_ptr<JXItem>>& value);
-JXFieldState state(const std::shared_ptr<JXProduct>& value);
+JX_API JXFieldState state(const JXString& value);
+JX_API JXFieldState state(const std::optional<JXDecimal>& value);
+JX_API JXFieldState state(bool value);
+JX_API JXFieldState state(const JXList<JXString>& value);
+JX_API JXFieldState state(const JXJsonArray& value);
+JX_API JXFieldState state(const JXList<std::shared_ptr<JXItem>>& value);
+JX_API JXFieldState state(const std::shared_ptr<JXProduct>& value);
 
-std::string read(const JXJsonValue& json, JXString& value);
-std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value);
-std::string read(const JXJsonValue& json, bool& value);
-std::string read(const JXJsonValue& json, JXList<JXString>& value);
-std::string read(const JXJsonValue& json, JXJsonArray& value);
-std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value);
-std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value);
+JX_API std::string read(const JXJsonValue& json, JXString& value);
+JX_API std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value);
+JX_API std::string read(const JXJsonValue& json, bool& value);
+JX_API std::string read(const JXJsonValue& json, JXList<JXString>& value);
+JX_API std::string read(const JXJsonValue& json, JXJsonArray& value);
+JX_API std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value);
+JX_API std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value);
 
 }  // namespace fieldvalue
 }  // namespace jx

@@ -12,6 +12,7 @@
 #include "jx/events/JXCondition.h"
 #include "jx/events/JXFieldTable.h"
 #include "jx/events/JXProduct.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -19,7 +20,7 @@ namespace jx {
 /// One line of a shopping event: a product with its quantity, discount, position and the like. A
 /// plain holder that the host fills; it must not be changed while an event that holds it is being
 /// executed.
-class JXItem final : public JXAdditionalProperties {
+class JX_API JXItem final : public JXAdditionalProperties {
  public:
   /// With an empty product to fill in.
   static std::shared_ptr<JXItem> init();

@@ -11,13 +11,14 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXCondition.h"
 #include "jx/events/JXFieldTable.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// One article of the host's catalogue. A plain holder that the host fills; it must not be changed
 /// while an event that holds it is being executed.
-class JXProduct final : public JXAdditionalProperties {
+class JX_API JXProduct final : public JXAdditionalProperties {
  public:
   static std::shared_ptr<JXProduct> init();
   /// The arguments are kept as they are, unchecked.

@@ -5,13 +5,14 @@
 #include <string_view>
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// An object that is called by the name of its operation: how a host hands in a Firebase Analytics
 /// instance without the library knowing its type. Both operations are called on the thread that
 /// executes an event or makes the `ServerSide`; what they throw is logged and dropped.
-class IJXFirebaseInstance {
+class JX_API IJXFirebaseInstance {
  public:
   virtual ~IJXFirebaseInstance() = default;
 

@@ -5,12 +5,13 @@
 #include <cstdint>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Builds the body of an event's request.
-class JXPostData {
+class JX_API JXPostData {
  public:
   JXPostData() = delete;
 

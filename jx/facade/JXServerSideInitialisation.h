@@ -4,11 +4,13 @@
 
 #include <memory>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// Brings the library up, in an order that is fixed. Each `ServerSide` makes one; from the second
 /// on, only the core's variables are read into the predefined ones again.
-class JXServerSideInitialisation {
+class JX_API JXServerSideInitialisation {
  public:
   static std::shared_ptr<JXServerSideInitialisation> init();
 

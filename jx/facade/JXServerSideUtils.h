@@ -6,11 +6,12 @@
 
 #include "jx/core/json/JXJsonValue.h"
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// Flattens an event for Firebase, which takes no nested parameters.
-class JXServerSideUtils {
+class JX_API JXServerSideUtils {
  public:
   JXServerSideUtils() = delete;
 

@@ -7,12 +7,13 @@
 
 #include "jx/core/JXSingleton.h"
 #include "jx/core/notifications/JXEventSender.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// Watches the application go to the background and come back, and tells the core. Runs on the
 /// thread that delivers the system's notifications. Made once per process and never destroyed.
-class JXState : public JXSingleton, public IJXEventSenderDelegate {
+class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
  public:
   static JXState& sharedInstance();
 

@@ -11,6 +11,7 @@
 #include "jx/events/JXEvent.h"
 #include "jx/facade/IJXFirebaseInstance.h"
 #include "jx/facade/JXServerSideInitialisation.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -34,7 +35,7 @@ enum EJXDefaultBehaviour : std::int32_t {
 /// The host owns it. Every operation belongs to the thread that the host made it on, returns at
 /// once, never throws and reports nothing; what goes wrong is a line in the log. The first one made
 /// starts the library, with the JXCoreConfiguration that is in force then.
-class ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerDelegate {
+class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerDelegate {
  public:
   /// Sends an event. When this returns the event is in the outbox, which a killed process does not
   /// empty. Adds the permanent data to the event itself. Does nothing while disabled; a null event

@@ -4,12 +4,14 @@
 
 #include <cstdint>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// Where the library reads the time of day. Called on any thread, so an implementation is
 /// thread-safe. Waiting and back-off never use it: they follow the system's steady clock, which a
 /// clock that is set forward or back does not move.
-class JXClock {
+class JX_API JXClock {
  public:
   virtual ~JXClock() = default;
 
@@ -18,7 +20,7 @@ class JXClock {
 };
 
 /// The system's time of day.
-class JXSystemClock final : public JXClock {
+class JX_API JXSystemClock final : public JXClock {
  public:
   std::int64_t nowMs() const override;
 };

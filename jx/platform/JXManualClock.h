@@ -5,13 +5,14 @@
 #include <atomic>
 #include <cstdint>
 
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXClock.h"
 
 namespace jx {
 
 /// A time of day that stands still until its owner moves it: for scripts and tests that tell
 /// days of an installation's life in milliseconds. Thread-safe.
-class JXManualClock final : public JXClock {
+class JX_API JXManualClock final : public JXClock {
  public:
   explicit JXManualClock(std::int64_t startMs) : nowMs_(startMs) {}
 

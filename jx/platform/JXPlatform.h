@@ -7,12 +7,13 @@
 #include <memory>
 #include <vector>
 
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// What the application states about itself; on a system with bundles the bundle states it.
-struct JXBundleInformation {
+struct JX_API JXBundleInformation {
   JXString identifier;    ///< for example "com.example.tv"
   JXString name;          ///< the name that a viewer sees
   JXString version;       ///< build number ("CFBundleVersion")
@@ -20,7 +21,7 @@ struct JXBundleInformation {
 };
 
 /// Size of the main screen in points; 0 by 0 when there is no display.
-struct JXScreenBounds {
+struct JX_API JXScreenBounds {
   double width = 0;
   double height = 0;
 };
@@ -29,7 +30,7 @@ struct JXScreenBounds {
 enum class JXNetworkKind { None, Ethernet, Wifi, Cellular };
 
 /// One entry of the system's list of network interfaces.
-struct JXInterfaceAddress {
+struct JX_API JXInterfaceAddress {
   enum class Family { IPv4, IPv6, Other };
   JXString name;
   Family family = Family::Other;
@@ -40,7 +41,7 @@ struct JXInterfaceAddress {
 
 /// The system's store of an application's settings, for systems that have one.
 /// Text values only. Calls may come from any thread.
-class JXPlatformDefaults {
+class JX_API JXPlatformDefaults {
  public:
   virtual ~JXPlatformDefaults() = default;
   /// The value, absent when there is none.
@@ -54,7 +55,7 @@ class JXPlatformDefaults {
 /// The one interface to the operating system. An absent string says that the system does not know.
 /// The library calls it from the threads on which the host calls the library and, for
 /// `networkKind`, from the transfer thread; no operation may block for long or throw.
-class JXPlatform {
+class JX_API JXPlatform {
  public:
   virtual ~JXPlatform() = default;
 
@@ -116,8 +117,8 @@ class JXPlatform {
 
 /// The platform of the system that the library was built for. `bundle` is what the host states; a
 /// system with bundles fills what it leaves absent.
-std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,
-                                               const JXScreenBounds& screen,
-                                               const JXString& userAgent);
+JX_API std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,
+                                                      const JXScreenBounds& screen,
+                                                      const JXString& userAgent);
 
 }  // namespace jx

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 /// A string that may be absent: absent differs from the empty string, and passing either is safe.
@@ -18,7 +20,7 @@ namespace jx {
 /// A value type with no identity. Short texts live in the object itself; a longer one is an
 /// immutable text shared by all copies, so a copy never allocates. Any bytes are allowed, a NUL
 /// included. Distinct objects may be used on distinct threads; one object is not synchronised.
-class JXString {
+class JX_API JXString {
  public:
   /// The absent string.
   JXString() noexcept : bytes_{}, tag_(kAbsent) {}
@@ -124,7 +126,7 @@ class JXString {
 };
 
 /// For test messages and logs: the text, or "(absent)".
-std::ostream& operator<<(std::ostream& out, const JXString& text);
+JX_API std::ostream& operator<<(std::ostream& out, const JXString& text);
 
 }  // namespace jx
 

@@ -8,6 +8,7 @@
 #include "jx/core/JXDynamicStore.h"
 #include "jx/core/JXSingleton.h"
 #include "jx/core/notifications/JXEventListener.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -22,7 +23,7 @@ inline constexpr std::int64_t kJXVisitDurationDefaultValue = 1800;
 /// Made once per process and never destroyed. The store is thread-safe; everything else belongs to
 /// the thread that executes events and the one that tells of background and foreground, which must
 /// not run at the same time.
-class JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegate {
+class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegate {
  public:
   static JXPredefinedVariables& sharedInstance();
 

@@ -33,7 +33,8 @@ ClassComment commentOfClass(const std::string& sourceFolder, std::string_view cl
   for (const auto& entry : std::filesystem::recursive_directory_iterator(root / "jx/events")) {
     if (entry.path().filename() != file) continue;
     std::ifstream header(entry.path());
-    const std::string comment = commentAbove(header, "class " + std::string(className) + " ");
+    const std::string comment =
+        commentAbove(header, "class JX_API " + std::string(className) + " ");
     if (comment.empty()) throw std::runtime_error(file + " says nothing above its class");
     return {std::filesystem::relative(entry.path(), root).generic_string(), comment};
   }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -26,7 +27,7 @@ inline constexpr bool isNumberInteger =
 /// "12.50" prints as 12.50. More than 38 significant digits are rounded half away from zero. A
 /// magnitude that does not fit and a text that is no number give the not-a-number value, which is
 /// left out wherever it would be written. A value type; copies are cheap and never allocate.
-class JXDecimal {
+class JX_API JXDecimal {
  public:
   /// Zero.
   constexpr JXDecimal() noexcept = default;
@@ -59,7 +60,7 @@ class JXDecimal {
   std::string toString() const;
 
   /// Equal in value, whatever the scale: 12.50 equals 12.5. Not-a-number equals nothing.
-  friend bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept;
+  friend JX_API bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept;
   friend bool operator!=(const JXDecimal& a, const JXDecimal& b) noexcept { return !(a == b); }
 
  private:
@@ -76,6 +77,6 @@ class JXDecimal {
   bool notANumber_ = false;
 };
 
-std::ostream& operator<<(std::ostream& out, const JXDecimal& value);
+JX_API std::ostream& operator<<(std::ostream& out, const JXDecimal& value);
 
 }  // namespace jx

@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 class JXJsonArrayNode;
@@ -13,7 +15,7 @@ class JXJsonValue;
 
 /// A JSON array: a handle that shares one list of values with its copies. An absent handle holds
 /// nothing and ignores what is put into it. Not synchronised.
-class JXJsonArray {
+class JX_API JXJsonArray {
  public:
   /// A new empty array.
   JXJsonArray();

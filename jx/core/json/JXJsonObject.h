@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/platform/JXApi.h"
+
 namespace jx {
 
 class JXJsonObjectNode;
@@ -17,7 +19,7 @@ struct JXJsonEntry;
 /// object that is stored and then extended shows the extension. Entries keep the order in which
 /// their keys were first set. An absent handle holds nothing and ignores what is put into it. Not
 /// synchronised: one object belongs to one thread at a time.
-class JXJsonObject {
+class JX_API JXJsonObject {
  public:
   /// A new empty object.
   JXJsonObject();

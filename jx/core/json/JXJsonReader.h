@@ -7,11 +7,12 @@
 #include <string_view>
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// What reading a JSON text gave.
-struct JXJsonReading {
+struct JX_API JXJsonReading {
   JXJsonValue value;  ///< absent when the text is no JSON
   std::string error;  ///< what is wrong, empty when nothing is
   std::size_t errorOffset = 0;
@@ -21,7 +22,7 @@ struct JXJsonReading {
 /// its later value. Refused: text behind the value, bytes that are not UTF-8, escaped halves of a
 /// surrogate pair, values nested deeper than `kMaxDepth`, and numbers whose exponent makes them
 /// longer than 4,096 digits. A byte order mark at the start is skipped.
-class JXJsonReader {
+class JX_API JXJsonReader {
  public:
   static constexpr std::size_t kMaxDepth = 1'000;
 

@@ -10,6 +10,7 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/core/json/JXJsonArray.h"
 #include "jx/core/json/JXJsonObject.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -18,7 +19,7 @@ namespace jx {
 ///
 /// Objects and arrays are handles: a copy of the value refers to the same object. Numbers are kept
 /// as their plain decimal digits, so that they come out digit for digit.
-class JXJsonValue {
+class JX_API JXJsonValue {
  public:
   enum class Kind { Absent, Null, Bool, Number, String, Object, Array };
 
@@ -74,7 +75,7 @@ class JXJsonValue {
   std::variant<std::monostate, Null, bool, Number, JXString, JXJsonObject, JXJsonArray> value_;
 };
 
-struct JXJsonEntry {
+struct JX_API JXJsonEntry {
   JXString key;
   JXJsonValue value;
 };

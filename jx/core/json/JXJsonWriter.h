@@ -6,13 +6,14 @@
 #include <string>
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 enum class JXJsonStyle { Compact, Pretty };
 
 /// A JSON text and how many values had to stay out of it.
-struct JXJsonText {
+struct JX_API JXJsonText {
   std::string text;
   /// Values that contain themselves, lie deeper than `JXJsonWriter::kMaxDepth` or would make the
   /// text longer than `kMaxBytes`: each was left out with its key.
@@ -22,7 +23,7 @@ struct JXJsonText {
 /// Writes JSON as UTF-8. The text is always valid JSON: bytes that are not UTF-8 become the
 /// replacement character, numbers are written as the digits that they hold. Pretty text has a line
 /// for each entry and two spaces for each level.
-class JXJsonWriter {
+class JX_API JXJsonWriter {
  public:
   static constexpr std::size_t kMaxDepth = 512;
   static constexpr std::size_t kMaxBytes = 32u * 1024 * 1024;

@@ -5,13 +5,14 @@
 #include <memory>
 
 #include "jx/core/notifications/JXNotificationCenter.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 class JXEventListener;
 
 /// An object that owns a listener and receives what it hears.
-class IJXEventListenerDelegate {
+class JX_API IJXEventListenerDelegate {
  public:
   virtual ~IJXEventListenerDelegate() = default;
   /// Called on the thread that posts.
@@ -23,7 +24,7 @@ class IJXEventListenerDelegate {
 /// centre, and those that the hub brings from other centres. Each is heard once, wherever it was
 /// posted. Ending the listener ends the calls, and waits for one that is under way on another
 /// thread.
-class JXEventListener {
+class JX_API JXEventListener {
  public:
   static std::shared_ptr<JXEventListener> init();
   ~JXEventListener();

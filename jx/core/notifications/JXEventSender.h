@@ -5,13 +5,14 @@
 #include <memory>
 
 #include "jx/core/notifications/JXNotificationCenter.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 class JXEventSender;
 
 /// An object that owns a sender.
-class IJXEventSenderDelegate {
+class JX_API IJXEventSenderDelegate {
  public:
   virtual ~IJXEventSenderDelegate() = default;
   virtual std::shared_ptr<JXEventSender> senderDelegate() const = 0;
@@ -19,7 +20,7 @@ class IJXEventSenderDelegate {
 
 /// Posts its owner's notifications on a centre that the hub observes, so that they reach the core
 /// whichever centre it is.
-class JXEventSender {
+class JX_API JXEventSender {
  public:
   static std::shared_ptr<JXEventSender> init();
 

@@ -3,12 +3,13 @@
 #pragma once
 
 #include "jx/core/json/JXJsonValue.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// A message that one object posts and others observe by its name.
-struct JXNotification {
+struct JX_API JXNotification {
   JXString name;
   /// Who it is about, for comparison only: it is never followed, and may be null.
   const void* object = nullptr;

@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "jx/core/notifications/JXNotification.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Brings what is posted to those who observe it, on the thread that posts, in the order in which
 /// they registered. Thread-safe; an observer may post, register and unregister while it is called.
-class JXNotificationCenter {
+class JX_API JXNotificationCenter {
  public:
   using Handler = std::function<void(const JXNotification&)>;
 

@@ -7,12 +7,13 @@
 #include <functional>
 
 #include "jx/core/JXOutboxBounds.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// When a request that got no lasting answer is tried again, and how long one try may take.
-struct JXRetryTimings {
+struct JX_API JXRetryTimings {
   std::chrono::milliseconds firstPause{1'000};  ///< doubles with each failed try
   std::chrono::milliseconds longestPause{300'000};
   std::chrono::milliseconds longestRetryAfter{std::chrono::hours(24)};
@@ -29,7 +30,7 @@ struct JXRetryTimings {
 enum class JXDeliveryOutcome { Delivered, Rejected, Dropped };
 
 /// Tells the host what became of one request.
-struct JXDelivery {
+struct JX_API JXDelivery {
   JXDeliveryOutcome outcome = JXDeliveryOutcome::Delivered;
   JXString eventId;  ///< the event's "event_id"; absent when the body holds none
   int status = 0;    ///< HTTP status, 0 when there was none
@@ -45,7 +46,7 @@ struct JXDelivery {
 using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 
 /// Counts since the start of this process, and what is held now.
-struct JXDeliveryCounters {
+struct JX_API JXDeliveryCounters {
   JXOutboxCounters outbox;
   std::uint64_t tries = 0;     ///< requests that were started
   std::uint64_t failures = 0;  ///< tries that ended without a lasting answer

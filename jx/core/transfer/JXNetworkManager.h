@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "jx/core/transfer/JXDelivery.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
@@ -19,7 +20,7 @@ struct JXTransferSetup;
 /// them sent by the transfer thread. Every operation is thread-safe and returns at once unless it
 /// says otherwise. Before `start` (and in a dry run, where there is no transfer) requests are not
 /// taken and the states are only remembered.
-class JXNetworkManager {
+class JX_API JXNetworkManager {
  public:
   static JXNetworkManager& sharedInstance();
 

@@ -7,12 +7,13 @@
 
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer chose how to pay. Items are not required.
-class JXAddPaymentInfoEvent final : public JXECommerceEvent {
+class JX_API JXAddPaymentInfoEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXAddPaymentInfoEvent> init();
   static std::shared_ptr<JXAddPaymentInfoEvent> initWithPaymentMethod(

@@ -9,12 +9,13 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer chose how the items are shipped.
-class JXAddShippingInfoEvent final : public JXECommerceEvent {
+class JX_API JXAddShippingInfoEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXAddShippingInfoEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

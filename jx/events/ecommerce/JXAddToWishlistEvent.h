@@ -9,11 +9,12 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// Items were put on the wish list.
-class JXAddToWishlistEvent final : public JXECommerceEvent {
+class JX_API JXAddToWishlistEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXAddToWishlistEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

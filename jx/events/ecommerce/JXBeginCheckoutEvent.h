@@ -9,12 +9,13 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The checkout has begun.
-class JXBeginCheckoutEvent final : public JXECommerceEvent {
+class JX_API JXBeginCheckoutEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXBeginCheckoutEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

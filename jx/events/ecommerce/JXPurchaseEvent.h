@@ -9,12 +9,13 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// A finished purchase: what was bought, for how much, how it is paid and how far it is.
-class JXPurchaseEvent final : public JXECommerceEvent {
+class JX_API JXPurchaseEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXPurchaseEvent> init();
   /// The arguments are kept as they are, unchecked. The items are appended to the event's own list;

@@ -9,12 +9,13 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Money given back for a purchase. It counts as complete as soon as it names an item.
-class JXRefundEvent final : public JXECommerceEvent {
+class JX_API JXRefundEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXRefundEvent> init();
   /// The arguments are kept as they are, unchecked. The event has no items yet.

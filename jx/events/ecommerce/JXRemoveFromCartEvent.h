@@ -9,11 +9,12 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// Items were taken out of the cart.
-class JXRemoveFromCartEvent final : public JXECommerceEvent {
+class JX_API JXRemoveFromCartEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXRemoveFromCartEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

@@ -9,11 +9,12 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// The cart was looked at.
-class JXViewCartEvent final : public JXECommerceEvent {
+class JX_API JXViewCartEvent final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXViewCartEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

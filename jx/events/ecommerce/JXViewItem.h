@@ -9,11 +9,12 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXECommerceEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 
 namespace jx {
 
 /// An item was looked at. Its one amount is a revenue, where its neighbours have a value.
-class JXViewItem final : public JXECommerceEvent {
+class JX_API JXViewItem final : public JXECommerceEvent {
  public:
   static std::shared_ptr<JXViewItem> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

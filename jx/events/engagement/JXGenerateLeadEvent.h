@@ -7,12 +7,13 @@
 
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer became a lead. An amount and its currency come together or not at all.
-class JXGenerateLeadEvent final : public JXEvent {
+class JX_API JXGenerateLeadEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXGenerateLeadEvent> init();
   static std::shared_ptr<JXGenerateLeadEvent> initWithValue_withCurrency(

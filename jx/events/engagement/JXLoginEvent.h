@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer logged in. Always complete.
-class JXLoginEvent final : public JXEvent {
+class JX_API JXLoginEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXLoginEvent> init();
 

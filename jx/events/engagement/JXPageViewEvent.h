@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// A page or screen was shown: `pageType` says which kind, `pageName` which one.
-class JXPageViewEvent final : public JXEvent {
+class JX_API JXPageViewEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXPageViewEvent> init();
   static std::shared_ptr<JXPageViewEvent> initWithType(const JXString& pageType);

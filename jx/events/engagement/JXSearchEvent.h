@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer searched.
-class JXSearchEvent final : public JXEvent {
+class JX_API JXSearchEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXSearchEvent> init();
   static std::shared_ptr<JXSearchEvent> initWithSearchTerm(const JXString& searchTerm);

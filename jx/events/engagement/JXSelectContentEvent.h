@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer chose a piece of content. Always complete.
-class JXSelectContentEvent final : public JXEvent {
+class JX_API JXSelectContentEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXSelectContentEvent> init();
 

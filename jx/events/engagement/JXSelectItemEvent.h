@@ -7,12 +7,13 @@
 #include "jx/core/JXList.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer chose an item of a list.
-class JXSelectItemEvent final : public JXEvent {
+class JX_API JXSelectItemEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXSelectItemEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.

@@ -5,12 +5,13 @@
 #include <memory>
 
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer made an account. Always complete.
-class JXSignUpEvent final : public JXEvent {
+class JX_API JXSignUpEvent final : public JXEvent {
  public:
   static std::shared_ptr<JXSignUpEvent> init();
 

@@ -9,13 +9,14 @@
 #include "jx/events/video/JXAdTypes.h"
 #include "jx/events/video/JXVideoEvent.h"
 #include "jx/events/video/JXVideoModes.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// What happens to an advertisement or a break. Its types are always written: "pre-roll" and
 /// "dynamic" when they were never set.
-class JXVideoAdEvent final : public JXVideoEvent {
+class JX_API JXVideoAdEvent final : public JXVideoEvent {
  public:
   /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
   static std::shared_ptr<JXVideoAdEvent> initWithMode_andSessionId(EJXVideoAdMode mode,

@@ -9,12 +9,13 @@
 #include "jx/core/json/JXJsonArray.h"
 #include "jx/events/video/JXVideoEvent.h"
 #include "jx/events/video/JXVideoModes.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// How far the content has come.
-class JXVideoContentEvent final : public JXVideoEvent {
+class JX_API JXVideoContentEvent final : public JXVideoEvent {
  public:
   /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
   static std::shared_ptr<JXVideoContentEvent> initWithMode_andSessionId(EJXVideoContentMode mode,

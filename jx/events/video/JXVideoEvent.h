@@ -7,13 +7,14 @@
 
 #include "jx/core/json/JXDecimal.h"
 #include "jx/events/JXEvent.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// Base of the video events: what each of them tells about its video session. On its own it has no
 /// name and is never complete.
-class JXVideoEvent : public JXEvent {
+class JX_API JXVideoEvent : public JXEvent {
  public:
   static std::shared_ptr<JXVideoEvent> init();
 

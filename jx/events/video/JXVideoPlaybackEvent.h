@@ -9,13 +9,14 @@
 #include "jx/core/json/JXJsonArray.h"
 #include "jx/events/video/JXVideoEvent.h"
 #include "jx/events/video/JXVideoModes.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// What the player does: start, pause, buffering, seeking, completion. It may span several assets
 /// and pods, so those are lists.
-class JXVideoPlaybackEvent final : public JXVideoEvent {
+class JX_API JXVideoPlaybackEvent final : public JXVideoEvent {
  public:
   /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
   static std::shared_ptr<JXVideoPlaybackEvent> initWithMode_andSessionId(EJXVideoPlaybackMode mode,

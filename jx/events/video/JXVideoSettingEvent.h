@@ -9,12 +9,13 @@
 #include "jx/core/json/JXJsonArray.h"
 #include "jx/events/video/JXVideoEvent.h"
 #include "jx/events/video/JXVideoModes.h"
+#include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
 namespace jx {
 
 /// The viewer changed the volume, the speed, the subtitles, the picture, or shared the video.
-class JXVideoSettingEvent final : public JXVideoEvent {
+class JX_API JXVideoSettingEvent final : public JXVideoEvent {
  public:
   /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
   static std::shared_ptr<JXVideoSettingEvent> initWithMode_andSessionId(EJXVideoSettingMode mode,
