@@ -18,6 +18,7 @@ namespace jx {
 /// Belongs to the thread that executes events.
 class JX_API JXDevice : public JXAdditionalProperties {
  public:
+  /// The one block of this process, filled when it is first asked for.
   static JXDevice& sharedInstance();
 
   /// An object that is not initialised; hosts use `sharedInstance`.
@@ -34,6 +35,7 @@ class JX_API JXDevice : public JXAdditionalProperties {
   void setAdvertisingIds();
   /// Where the host adds keys of its own to the nested os and screen objects. Null before `init`.
   const std::shared_ptr<JXAdditionalProperties>& getOsProperties() const { return osProperties_; }
+  /// The same for the screen object.
   const std::shared_ptr<JXAdditionalProperties>& getScreenProperties() const {
     return screenProperties_;
   }
@@ -43,38 +45,52 @@ class JX_API JXDevice : public JXAdditionalProperties {
   /// them.
   JXJsonObject getJsonObject();
 
+  /// A random UUID made at the installation's first start.
   const JXString& sdkID() const { return sdkID_; }
   void setSdkID(const JXString& value) { sdkID_ = value; }
+  /// The first part of the preferred language tag, "-" when none is known.
   const JXString& language() const { return language_; }
   void setLanguage(const JXString& value) { language_ = value; }
+  /// The second part of the preferred language tag, "-" when it has none.
   const JXString& region() const { return region_; }
   void setRegion(const JXString& value) { region_ = value; }
+  /// The manufacturer's name.
   const JXString& manufacturer() const { return manufacturer_; }
   void setManufacturer(const JXString& value) { manufacturer_ = value; }
+  /// The hardware machine identifier.
   const JXString& model() const { return model_; }
   void setModel(const JXString& value) { model_ = value; }
+  /// The marketing model of the device.
   const JXString& name() const { return name_; }
   void setName(const JXString& value) { name_ = value; }
+  /// The name of the runtime: "tvos".
   const JXString& type() const { return type_; }
   void setType(const JXString& value) { type_ = value; }
+  /// The IANA name of the time zone, such as "Asia/Tokyo".
   const JXString& timezone() const { return timezone_; }
   void setTimezone(const JXString& value) { timezone_ = value; }
+  /// The advertising identifier; absent before `setAdvertisingIds`.
   const JXString& IDFA() const { return IDFA_; }
   void setIDFA(const JXString& value) { IDFA_ = value; }
+  /// The vendor identifier; absent before `setAdvertisingIds`.
   const JXString& IDFV() const { return IDFV_; }
   void setIDFV(const JXString& value) { IDFV_ = value; }
   /// "1" when advertising tracking is allowed.
   const JXString& adTrackingEnabled() const { return adTrackingEnabled_; }
   void setAdTrackingEnabled(const JXString& value) { adTrackingEnabled_ = value; }
+  /// The user agent; absent until it is known.
   const JXString& user_agent() const { return user_agent_; }
   void setUser_agent(const JXString& value) { user_agent_ = value; }
+  /// The name of the runtime again.
   const JXString& osName() const { return osName_; }
   void setOsName(const JXString& value) { osName_ = value; }
+  /// The version of the operating system.
   const JXString& osVersion() const { return osVersion_; }
   void setOsVersion(const JXString& value) { osVersion_ = value; }
   /// Points.
   const std::optional<JXDecimal>& screenWidth() const { return screenWidth_; }
   void setScreenWidth(const std::optional<JXDecimal>& value) { screenWidth_ = value; }
+  /// Points.
   const std::optional<JXDecimal>& screenHeight() const { return screenHeight_; }
   void setScreenHeight(const std::optional<JXDecimal>& value) { screenHeight_ = value; }
 

@@ -19,6 +19,7 @@ class JXJsonSink;
 /// belongs to one thread at a time.
 class JX_API JXAdditionalProperties {
  public:
+  /// A new object without any property.
   static std::shared_ptr<JXAdditionalProperties> init();
   virtual ~JXAdditionalProperties() = default;
   JXAdditionalProperties(const JXAdditionalProperties&) = delete;

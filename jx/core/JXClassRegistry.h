@@ -16,11 +16,14 @@ namespace jx {
 /// made, best while its static objects are constructed. Thread-safe; never destroyed.
 class JX_API JXClassRegistry {
  public:
+  /// The one registry of this process.
   static JXClassRegistry& sharedInstance();
 
   /// An absent or empty name is ignored.
   void registerClass(const JXString& name);
+  /// Takes the name out; one that is not there is ignored.
   void unregisterClass(const JXString& name);
+  /// True when the name is registered.
   bool hasClass(const JXString& name) const;
 
  private:

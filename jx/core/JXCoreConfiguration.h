@@ -43,7 +43,9 @@ struct JX_API JXCoreConfiguration {
   /// Highest level that is logged; 0 logs nothing, 6 everything.
   int logLevel = 3;
 
+  /// What the queue may hold.
   JXOutboxBounds outboxBounds;
+  /// When a request is tried again.
   JXRetryTimings retryTimings;
   /// Told what became of each request (see JXDeliveryCallback for thread and limits).
   JXDeliveryCallback onDelivery;

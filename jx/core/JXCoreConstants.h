@@ -8,13 +8,16 @@ namespace jx {
 
 inline constexpr std::string_view kJXCoreVersion = "1.0.0";
 
-// Blocks of the payload.
+/// @name Blocks of the payload
+/// @{
 inline constexpr std::string_view JXE_CONTEXT = "context";
 inline constexpr std::string_view JXE_USER = "user";
 /// Stands in place of the user block while the viewer's consent is awaited.
 inline constexpr std::string_view JX_WAITING_FOR_CONSENT = "waiting_for_consent";
+/// @}
 
-// Keys of the device block.
+/// @name Keys of the device block
+/// @{
 inline constexpr std::string_view JXD_DEVICE = "device";
 inline constexpr std::string_view JXD_ADTRACKING = "ad_tracking";
 inline constexpr std::string_view JXD_IDFA = "idfa";
@@ -35,8 +38,10 @@ inline constexpr std::string_view JXD_SDK_ID = "sdk_id";
 inline constexpr std::string_view JXD_TIMEZONE = "timezone";
 inline constexpr std::string_view JXD_TYPE = "type";
 inline constexpr std::string_view JXD_USER_AGENT = "user_agent";
+/// @}
 
-// Keys of the core's own variables.
+/// @name Keys of the core's own variables
+/// @{
 inline constexpr std::string_view kJXPredefinedVariable_IDFA = "#JX_IDFA#";
 inline constexpr std::string_view kJXPredefinedVariable_IDFV = "#JX_IDFV#";
 inline constexpr std::string_view kJXPredefinedVariable_SDKID = "#JX_SDK_ID#";
@@ -50,8 +55,10 @@ inline constexpr std::string_view JX_ConsentVersion = "#JX_CONSENT_VERSION#";
 inline constexpr std::string_view STATIC_IDFA = "00000000-0000-0000-0000-000000000000";
 /// The developer id that a Firebase instance is given.
 inline constexpr std::string_view JX_GCM_DEVELOPER_ID = "jx_serverside";
+/// @}
 
-// Names of notifications.
+/// @name Names of notifications
+/// @{
 inline constexpr std::string_view kJXNotification_HTTPRequest = "JXNotification: HTTP Request";
 inline constexpr std::string_view kJXNotification_EnablingTheServerSide =
     "JXNotification: Enabling The Server Side";
@@ -63,16 +70,21 @@ inline constexpr std::string_view kJXNotification_UserAgentAvailable =
     "JXNotification: User Agent Available";
 /// Offered to applications for their own use; the library never posts it.
 inline constexpr std::string_view kJXNotification_HitSent = "JXNotification: Hit Sent";
+/// @}
 
-// Names of the system's application notifications.
+/// @name Names of the system's application notifications
+/// @{
 inline constexpr std::string_view UIApplicationDidEnterBackgroundNotification =
     "UIApplicationDidEnterBackgroundNotification";
 inline constexpr std::string_view UIApplicationWillEnterForegroundNotification =
     "UIApplicationWillEnterForegroundNotification";
+/// @}
 
-// Keys of a notification's userInfo.
+/// @name Keys of a notification's userInfo
+/// @{
 inline constexpr std::string_view kJXUserInfo_URLKey = "JXUserInfo: URL";
 inline constexpr std::string_view kJXUserInfo_POSTData = "JXUserInfo: POST Data";
 inline constexpr std::string_view kJXUserInfo_DataKey = "JXUserInfo: Data";
+/// @}
 
 }  // namespace jx

@@ -12,6 +12,7 @@ namespace jx {
 /// changes nothing.
 class JX_API JXCoreInitialisation {
  public:
+  /// Starts the core once. The caller owns the object. Never null.
   static std::shared_ptr<JXCoreInitialisation> init();
 
  private:

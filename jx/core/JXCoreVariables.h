@@ -16,6 +16,7 @@ namespace jx {
 /// The core's clock and its run-time variables. Thread-safe; never destroyed.
 class JX_API JXCoreVariables {
  public:
+  /// The one object of this process.
   static JXCoreVariables& sharedInstance();
 
   /// The text under the key, absent when there is none.
@@ -37,6 +38,7 @@ class JX_API JXCoreVariables {
   /// True lets the core send while the application is in the background. Kept as a mark; the
   /// network manager has the switch.
   void setEnableSDKInBG(bool enabled) { enableSDKInBG_ = enabled; }
+  /// The mark that was set last; false at first.
   bool enableSDKInBG() const { return enableSDKInBG_; }
   /// Reads the platform's vendor identifier and stores it under `kJXPredefinedVariable_IDFV`.
   void setIDFV();

@@ -29,6 +29,7 @@ class JX_API IJXDynamicStore {
 /// keep to one thread.
 class JX_API JXDynamicStore final : public IJXDynamicStore {
  public:
+  /// A new empty store.
   static std::shared_ptr<JXDynamicStore> init();
 
   void addData_withValue(const JXString& key, const JXJsonValue& value) override;
@@ -38,6 +39,7 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   void addData(const JXJsonObject& entries);
   JXJsonValue getData(const JXString& key) const override;
   JXJsonValue removeData(const JXString& key) override;
+  /// Removes every pair.
   void clearData();
   bool isEmpty() const;
 

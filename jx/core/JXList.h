@@ -20,15 +20,20 @@ class JXList {
   JXList() : elements_(std::make_shared<std::vector<T>>()) {}
   /// No list at all.
   JXList(std::nullptr_t) noexcept {}
+  /// A new list of these elements.
   JXList(std::initializer_list<T> elements)
       : elements_(std::make_shared<std::vector<T>>(elements)) {}
   /// A new list of copies of the elements.
   JXList(const std::vector<T>& elements) : elements_(std::make_shared<std::vector<T>>(elements)) {}
 
+  /// True when there is a list, the empty one included.
   bool isPresent() const noexcept { return elements_ != nullptr; }
+  /// True when both handles share the same elements, or both are absent.
   bool isSameAs(const JXList& other) const noexcept { return elements_ == other.elements_; }
+  /// How many elements there are; 0 when absent.
   std::size_t size() const noexcept { return elements_ ? elements_->size() : 0; }
 
+  /// Adds the element behind the others; ignored by an absent list.
   void append(T element) const {
     if (elements_) elements_->push_back(std::move(element));
   }
@@ -41,8 +46,11 @@ class JXList {
       append((*other.elements_)[i]);
   }
 
+  /// The elements in order; valid until the list is extended.
   auto begin() const noexcept { return elements().begin(); }
+  /// Behind the last element.
   auto end() const noexcept { return elements().end(); }
+  /// The element at the index, which is below `size()`; valid until the list is extended.
   const T& operator[](std::size_t index) const { return elements()[index]; }
 
  private:

@@ -21,6 +21,7 @@ using JXLogSink = std::function<void(int level, std::string_view message)>;
 /// failure, 4 for start-up facts, 5 for state changes, 6 for per-event detail. Thread-safe.
 class JX_API JXLogger {
  public:
+  /// The one log of this process.
   static JXLogger& sharedInstance();
 
   /// Hands the line to the sink when its level is printed. Never throws.

@@ -16,6 +16,7 @@ namespace jx {
 /// connects. The kind is thread-safe; the additional properties are not. Never destroyed.
 class JX_API JXNetwork final : public JXAdditionalProperties {
  public:
+  /// The one block of this process.
   static JXNetwork& sharedInstance();
 
   /// A new object: the additional properties, then the kind over them.

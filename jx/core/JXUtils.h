@@ -20,6 +20,7 @@ class JX_API JXUtils {
  public:
   JXUtils() = delete;
 
+  /// Writes the text; an empty one is written.
   static void setString_forKey_onDict(const JXString& value, std::string_view key,
                                       JXJsonObject& dict);
   /// Writes the number digit for digit. Not-a-number counts as absent.
@@ -30,7 +31,9 @@ class JX_API JXUtils {
   /// absent.
   static void setFloatFromString_forKey_onDict(const JXString& value, std::string_view key,
                                                JXJsonObject& dict);
+  /// Writes the boolean.
   static void setBool_forKey_onDict(bool value, std::string_view key, JXJsonObject& dict);
+  /// Stores the very array; an empty one is written.
   static void setArray_forKey_onDict(const JXJsonArray& value, std::string_view key,
                                      JXJsonObject& dict);
   /// Stores the very object: what is added to `value` later shows in `dict`.

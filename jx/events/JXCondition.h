@@ -19,6 +19,7 @@ struct JX_API JXFieldState {
 /// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
 /// event itself and its JSON can be judged by the same line.
 struct JX_API JXCondition {
+  /// What is asked of the field.
   enum class Kind {
     Never,       ///< a base class: no event of it is complete
     UsableText,  ///< a text of at least one character
@@ -27,7 +28,9 @@ struct JX_API JXCondition {
     Together,    ///< a present field and a usable text, both or neither
   };
 
+  /// What is asked.
   Kind kind = Kind::Never;
+  /// The JSON key of the field that is asked.
   std::string_view key;
   std::string_view otherKey;  ///< of Together: the key of the text
   /// Event names that the condition is for; empty: all names.
@@ -41,12 +44,19 @@ struct JX_API JXCondition {
   bool holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const;
 };
 
+/// A condition that nothing meets.
 JX_API JXCondition neverComplete();
+/// The field is a text of at least one character.
 JX_API JXCondition usable(std::string_view key);
+/// The field is there.
 JX_API JXCondition present(std::string_view key);
+/// The list holds at least one element.
 JX_API JXCondition notEmpty(std::string_view key);
+/// The field and the text are both given, or neither is.
 JX_API JXCondition together(std::string_view key, std::string_view textKey);
+/// The same condition for these event names alone.
 JX_API JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
+/// The same condition for all event names but these.
 JX_API JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames);
 
 }  // namespace jx

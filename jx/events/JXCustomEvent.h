@@ -16,6 +16,8 @@ class JX_API JXCustomEvent final : public JXEvent {
   /// "event_name".
   static std::shared_ptr<JXCustomEvent> initWithName(const JXString& name);
 
+  /// What tells this class from the others: fields and conditions; the name is the host's. Never
+  /// destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

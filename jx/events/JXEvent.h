@@ -18,6 +18,7 @@ namespace jx {
 /// fills them on one thread; an event must not be changed while it is being executed.
 class JX_API JXEvent : public JXAdditionalProperties {
  public:
+  /// A new event without a name.
   static std::shared_ptr<JXEvent> init();
 
   /// A new object each time, with a fresh "event_id": the host's extra properties, then the event's
@@ -49,21 +50,29 @@ class JX_API JXEvent : public JXAdditionalProperties {
   /// The fields of the event's class and its bases.
   void writeFields(JXJsonSink& sink) const;
 
+  /// Adds a parameter of the host's own; an absent key or value is ignored. The later value of a
+  /// key counts.
   void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
     addAdditionalProperty_withStringValue(key, value);
   }
+  /// The same with an object, which is stored itself: what is added to it later is sent too.
   void addAdditionalParameter_forJsonDict(const JXString& key, const JXJsonObject& value) {
     addAdditionalProperty_withDictValue(key, value);
   }
+  /// Adds every entry of the object; an absent object is ignored.
   void addAdditionalParameter(const JXJsonObject& entries) { addAdditionalProperty(entries); }
 
+  /// The text under "event_name".
   const JXString& name() const { return name_; }
   void setName(const JXString& value) { name_ = value; }
+  /// The kind of page that the viewer is on.
   const JXString& pageType() const { return pageType_; }
   void setPageType(const JXString& value) { pageType_ = value; }
+  /// The name of the page that the viewer is on.
   const JXString& pageName() const { return pageName_; }
   void setPageName(const JXString& value) { pageName_ = value; }
 
+  /// What tells this class from the others: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   /// The class of this very event.
   virtual const JXEventClass& ownEventClass() const { return eventClass(); }

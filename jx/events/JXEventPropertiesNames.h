@@ -11,11 +11,15 @@ namespace jx {
 /// The home of the key constants in the public interface; it holds nothing itself.
 class JX_API JXEventPropertiesNames {};
 
-// Keys that several blocks share.
+/// @name Keys that several blocks share
+/// @{
 inline constexpr std::string_view JX_ID = "id";
 inline constexpr std::string_view JX_EVENTTIMESTAMP = "event_timestamp";
+/// @}
 
-// Event keys. "name" is on purpose the text of JXE_NAME, JXP_NAME and JXA_NAME alike.
+/// @name Event keys
+/// "name" is on purpose the text of JXE_NAME, JXP_NAME and JXA_NAME alike.
+/// @{
 inline constexpr std::string_view JXE_EVENT = "event_name";
 inline constexpr std::string_view JXE_EVENTID = "event_id";
 inline constexpr std::string_view JXE_PAYMENTMETHOD = "payment_method";
@@ -41,24 +45,31 @@ inline constexpr std::string_view JXE_ITEMID = "item_id";
 inline constexpr std::string_view JXE_ITEMLISTNAME = "item_list_name";
 inline constexpr std::string_view JXE_PAGENAME = "page_name";
 inline constexpr std::string_view JXE_PAGETYPE = "page_type";
+/// @}
 
-// Item keys.
+/// @name Item keys
+/// @{
 inline constexpr std::string_view JXI_PRODUCT = "product";
 inline constexpr std::string_view JXI_VARIANT = "variant";
 inline constexpr std::string_view JXI_LISTPOSITION = "list_position";
 inline constexpr std::string_view JXI_DISCOUNT = "discount";
 inline constexpr std::string_view JXI_QUANTITY = "quantity";
 inline constexpr std::string_view JXI_AFFILIATION = "affiliation";
+/// @}
 
-// Product keys. A product's categories are JXP_CATEGORY_N with the number appended, from 1.
+/// @name Product keys
+/// A product's categories are JXP_CATEGORY_N with the number appended, from 1.
+/// @{
 inline constexpr std::string_view JXP_PRICE = "price";
 inline constexpr std::string_view JXP_BRAND = "brand";
 inline constexpr std::string_view JXP_NAME = "name";
 inline constexpr std::string_view JXP_COLORS = "colors";
 inline constexpr std::string_view JXP_SIZE = "size";
 inline constexpr std::string_view JXP_CATEGORY_N = "category_";
+/// @}
 
-// Lifecycle keys.
+/// @name Lifecycle keys
+/// @{
 inline constexpr std::string_view JXL_LIFECYCLE = "lifecycle";
 inline constexpr std::string_view JXL_SESSION_ID = "session_id";
 inline constexpr std::string_view JXL_NEW_SESSION = "new_session";
@@ -78,8 +89,10 @@ inline constexpr std::string_view JXL_FOREGROUND_TIME = "foreground_time";
 inline constexpr std::string_view JXL_BACKGROUND_TIME = "background_time";
 inline constexpr std::string_view JXL_FIRST_EXECUTE = "first_execute";
 inline constexpr std::string_view JXL_IS_FIRST_VISIT = "is_first_visit";
+/// @}
 
-// Application keys.
+/// @name Application keys
+/// @{
 inline constexpr std::string_view JXA_APP = "app";
 inline constexpr std::string_view JXA_NAME = "name";
 inline constexpr std::string_view JXA_VERSION = "version";
@@ -88,8 +101,10 @@ inline constexpr std::string_view JXA_NAMESPACE = "namespace";
 inline constexpr std::string_view JXA_COREVERSION = "core_version";
 inline constexpr std::string_view JXA_SERVERSIDEVERSION = "serverside_version";
 inline constexpr std::string_view JXA_CONSENTVERSION = "consent_version";
+/// @}
 
-// Video keys.
+/// @name Video keys
+/// @{
 inline constexpr std::string_view JXV_VIDEO_SESSION_ID = "video_session_id";
 inline constexpr std::string_view JXV_CONTENT_ASSET_ID = "content_asset_id";
 inline constexpr std::string_view JXV_CONTENT_POD_ID = "content_pod_id";
@@ -123,5 +138,6 @@ inline constexpr std::string_view JXV_FULL_EPISODE = "full_episode";
 inline constexpr std::string_view JXV_AIRDATE = "airdate";
 inline constexpr std::string_view JXV_LOAD_TYPE = "load_type";
 inline constexpr std::string_view JXV_AD_QUARTILE = "ad_quartile";
+/// @}
 
 }  // namespace jx

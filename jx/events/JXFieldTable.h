@@ -18,7 +18,9 @@ namespace jx {
 /// The texts of an enumeration and the names of its members, both indexed by its values. Refers to
 /// the arrays, which must be constants.
 struct JX_API JXTextTable {
+  /// No texts at all.
   constexpr JXTextTable() = default;
+  /// Refers to both arrays, which are as long as each other.
   template <std::size_t N>
   constexpr JXTextTable(const std::array<std::string_view, N>& textOfEach,
                         const std::array<std::string_view, N>& nameOfEach)
@@ -26,6 +28,7 @@ struct JX_API JXTextTable {
 
   const std::string_view* texts = nullptr;    ///< what JSON says: "mid-roll"
   const std::string_view* members = nullptr;  ///< the name behind the prefix: "MID_ROLL"
+  /// How many values the enumeration has.
   std::size_t count = 0;
 
   /// Absent for a value outside the enumeration: nothing is read out of bounds.
@@ -33,7 +36,9 @@ struct JX_API JXTextTable {
     const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
     return isInside ? JXString(texts[value]) : JXString();
   }
+  /// What JSON says for each value, in order.
   std::vector<std::string_view> allTexts() const { return {texts, texts + count}; }
+  /// The member's name for each value, in order.
   std::vector<std::string_view> allMembers() const { return {members, members + count}; }
 };
 
@@ -52,8 +57,11 @@ enum class JXFieldKind {
 
 /// One field of a class: its JSON key and its property name, in one place.
 struct JX_API JXFieldInfo {
+  /// The JSON key.
   std::string_view key;
+  /// The property's name, as its accessors have it.
   std::string_view property;
+  /// What the field holds.
   JXFieldKind kind = JXFieldKind::Text;
   JXTextTable choices;  ///< of a Choice; else empty
   /// The same property was written before, by this table or by a base: it stands in its first place
@@ -68,16 +76,20 @@ class JX_API JXFieldTable {
  public:
   virtual ~JXFieldTable() = default;
 
+  /// The fields in writing order; valid as long as the table.
   const std::vector<JXFieldInfo>& fields() const { return fields_; }
   /// Position of the field with this property name; `npos` when there is none.
   std::size_t findProperty(std::string_view property) const;
+  /// The same by JSON key.
   std::size_t findKey(std::string_view key) const;
+  /// No position.
   static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
   /// Tells the sink every field, in order.
   virtual void write(const JXAdditionalProperties& object, JXJsonSink& sink) const = 0;
   /// True when writing an object may set this key.
   bool mayWrite(std::string_view key) const;
+  /// What can be said of the field at this position; `field` is below the number of fields.
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
   /// The same by JSON key; of nothing when no field has it.
   JXFieldState stateOfKey(const JXAdditionalProperties& object, std::string_view key) const;

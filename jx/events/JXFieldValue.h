@@ -22,6 +22,8 @@ class JXProduct;
 /// what is wrong with the value, empty when nothing is.
 namespace fieldvalue {
 
+/// Tells the sink the value under the key; an absent one tells it nothing.
+/// @{
 JX_API void write(const JXString& value, std::string_view key, JXJsonSink& sink);
 JX_API void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
 JX_API void write(bool value, std::string_view key, JXJsonSink& sink);
@@ -30,8 +32,12 @@ JX_API void write(const JXJsonArray& value, std::string_view key, JXJsonSink& si
 JX_API void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key,
                   JXJsonSink& sink);
 JX_API void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
+/// @}
+/// Tells each text under `prefix` and its place from 1; an absent text leaves its number out.
 JX_API void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
 
+/// What can be said of the value.
+/// @{
 JX_API JXFieldState state(const JXString& value);
 JX_API JXFieldState state(const std::optional<JXDecimal>& value);
 JX_API JXFieldState state(bool value);
@@ -39,7 +45,11 @@ JX_API JXFieldState state(const JXList<JXString>& value);
 JX_API JXFieldState state(const JXJsonArray& value);
 JX_API JXFieldState state(const JXList<std::shared_ptr<JXItem>>& value);
 JX_API JXFieldState state(const std::shared_ptr<JXProduct>& value);
+/// @}
 
+/// Reads the value from JSON. Returns what is wrong and leaves `value` as it is; empty when nothing
+/// is.
+/// @{
 JX_API std::string read(const JXJsonValue& json, JXString& value);
 JX_API std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value);
 JX_API std::string read(const JXJsonValue& json, bool& value);
@@ -47,6 +57,7 @@ JX_API std::string read(const JXJsonValue& json, JXList<JXString>& value);
 JX_API std::string read(const JXJsonValue& json, JXJsonArray& value);
 JX_API std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value);
 JX_API std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value);
+/// @}
 
 }  // namespace fieldvalue
 }  // namespace jx

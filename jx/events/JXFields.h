@@ -19,15 +19,15 @@ namespace jx {
 /// Marks a list of texts that is written as "prefix1", "prefix2" and so on.
 template <typename Owner>
 struct JXNumbered {
-  JXList<JXString> Owner::*member;
+  JXList<JXString> Owner::*member;  ///< where the list is kept
 };
 
 /// Marks an enumeration with its texts. Held as an integer, so that a value outside the enumeration
 /// is a value like any other and simply has no text.
 template <typename Owner>
 struct JXChoice {
-  int Owner::*member;
-  JXTextTable texts;
+  int Owner::*member;  ///< where the value is kept
+  JXTextTable texts;   ///< what JSON says for each value
 };
 
 /// Behind a field that the table or a base's table has named before, because the order of writing
@@ -42,17 +42,23 @@ inline constexpr bool kAgain = true;
 template <typename Owner>
 class JXFields final : public JXFieldTable {
  public:
+  /// Where a field is kept, by its type.
   using Member = std::variant<JXString Owner::*, std::optional<JXDecimal> Owner::*, bool Owner::*,
                               JXList<JXString> Owner::*, JXNumbered<Owner>, JXJsonArray Owner::*,
                               JXChoice<Owner>, JXList<std::shared_ptr<JXItem>> Owner::*,
                               std::shared_ptr<JXProduct> Owner::*>;
+  /// One line of the table.
   struct Field {
+    /// The JSON key.
     std::string_view key;
+    /// The property's name.
     std::string_view property;
+    /// Where the value is kept.
     Member member;
     bool isAgain = false;
   };
 
+  /// A table of these lines; the texts must be constants.
   JXFields(std::initializer_list<Field> fields) {
     for (const Field& field : fields) {
       fields_.push_back({field.key, field.property, kindOf(field.member), choicesOf(field.member),

@@ -35,23 +35,32 @@ class JX_API JXItem final : public JXAdditionalProperties {
   /// "product".
   JXJsonObject getJsonObject() const;
 
+  /// The line's own identifier, beside the product's. Required.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
+  /// The article; shared with the host, not copied. Required.
   const std::shared_ptr<JXProduct>& product() const { return product_; }
   void setProduct(const std::shared_ptr<JXProduct>& value) { product_ = value; }
+  /// The variant of the article.
   const JXString& variant() const { return variant_; }
   void setVariant(const JXString& value) { variant_ = value; }
+  /// The place of the item in a list that is shown.
   const std::optional<JXDecimal>& list_position() const { return list_position_; }
   void setList_position(const std::optional<JXDecimal>& value) { list_position_ = value; }
+  /// The amount that was taken off, in units of the currency.
   const std::optional<JXDecimal>& discount() const { return discount_; }
   void setDiscount(const std::optional<JXDecimal>& value) { discount_ = value; }
+  /// How many. Required.
   const std::optional<JXDecimal>& quantity() const { return quantity_; }
   void setQuantity(const std::optional<JXDecimal>& value) { quantity_ = value; }
+  /// The coupon code that was used for this line.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
+  /// The shop or affiliate that the item comes from.
   const JXString& affiliation() const { return affiliation_; }
   void setAffiliation(const JXString& value) { affiliation_ = value; }
 
+  /// The fields in writing order. Never destroyed.
   static const JXFieldTable& fields();
   /// What `verifyItem` tests, by JSON key; the product beside it must verify.
   static const std::vector<JXCondition>& conditions();

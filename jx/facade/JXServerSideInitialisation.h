@@ -12,6 +12,7 @@ namespace jx {
 /// on, only the core's variables are read into the predefined ones again.
 class JX_API JXServerSideInitialisation {
  public:
+  /// Starts what has not started yet. The caller owns the object. Never null.
   static std::shared_ptr<JXServerSideInitialisation> init();
 
  private:

@@ -15,6 +15,7 @@ namespace jx {
 /// thread that delivers the system's notifications. Made once per process and never destroyed.
 class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
  public:
+  /// The one watch of this process.
   static JXState& sharedInstance();
 
   /// An object that is not initialised; hosts use `sharedInstance`.
@@ -29,15 +30,19 @@ class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
   /// The centre that this object posts on; null is the default one. It keeps hearing the system on
   /// the default centre.
   void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
+  /// Calls `didEnterBackground`, then tells the core.
   void applicationDidEnterBackground(const JXNotification& notification);
+  /// Calls `willEnterForeground`, then tells the core.
   void applicationWillEnterForeground(const JXNotification& notification);
   /// For subclasses: called first, with the notification's object. Does nothing here.
   virtual void didEnterBackground(const void* application);
+  /// The same for the way back.
   virtual void willEnterForeground(const void* application);
 
   /// The current date and time, by the core's clock.
   std::chrono::system_clock::time_point date() const;
 
+  /// The sender that the core is told through; null before `init`.
   std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
   void setSenderDelegate(std::shared_ptr<JXEventSender> sender) {
     senderDelegate_ = std::move(sender);

@@ -50,27 +50,35 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   /// Removes the datum and returns it. Event objects that were executed keep theirs.
   JXJsonValue removePermanentData(const JXString& key);
 
-  // Initialisers. `siteID` is the host's site number, `sourceKey` its source key, which goes into
-  // the URL as it is. `defaultBehaviour` is an EJXDefaultBehaviour; any other value counts as
-  // DEFAULT. `center` is the centre that this object posts on, null the default one.
-  // `firebaseInstance` may be null and is kept.
+  /// @name Initialisers
+  /// `siteID` is the host's site number, `sourceKey` its source key, which goes into the URL as it
+  /// is. `defaultBehaviour` is an EJXDefaultBehaviour; any other value counts as DEFAULT. `center`
+  /// is the centre that this object posts on, null the default one. `firebaseInstance` may be null
+  /// and is kept.
+  /// @{
 
+  /// Default behaviour 0, no Firebase instance. Never null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey(std::int32_t siteID,
                                                                  const JXString& sourceKey);
+  /// No Firebase instance. Never null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey_andDefaultBehaviour(
       std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour);
+  /// Default behaviour 0. Never null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey,
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
+  /// Posts on the default centre. Never null.
   static std::shared_ptr<ServerSide>
   initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour,
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
+  /// States everything. Never null.
   static std::shared_ptr<ServerSide>
   initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey,
       const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
+  /// @}
 
   /// Holds requests until the user agent is known, at most 10 seconds.
   void waitForUserAgent();
@@ -93,38 +101,52 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   /// Stores the advertising identifier when the stored permission is "1", and `STATIC_IDFA` when it
   /// is anything else.
   void setIDFA();
+  /// Hears the stopping and the enabling notification, whoever posts them. Called on the thread
+  /// that posts.
   void onNotificationReceived(const JXNotification& notification) override;
+  /// Gives the Firebase instance its developer id, when there is one that takes it. Each
+  /// initialiser does this.
   void setDeveloperIdForFirebaseInstance();
 
   ~ServerSide() override;
   ServerSide(const ServerSide&) = delete;
   ServerSide& operator=(const ServerSide&) = delete;
 
+  /// Made with this object, so that the library is up; the host has no use for it.
   const std::shared_ptr<JXServerSideInitialisation>& initialisation() const {
     return initialisation_;
   }
   void setInitialisation(std::shared_ptr<JXServerSideInitialisation> value) {
     initialisation_ = std::move(value);
   }
+  /// The site number. Setting it does not change `url`.
   std::int32_t siteID() const { return siteID_; }
   void setSiteID(std::int32_t value) { siteID_ = value; }
+  /// An EJXServerSideState. Setting it decides whether `execute` sends, and tells nobody; use
+  /// `enableServerSide` and `disableServerSide`.
   std::int32_t serverSideState() const { return serverSideState_; }
   void setServerSideState(std::int32_t value) { serverSideState_ = value; }
+  /// An EJXDefaultBehaviour. Set after the start it changes only whether stops are ignored.
   std::int32_t defaultBehaviour() const { return defaultBehaviour_; }
   void setDefaultBehaviour(std::int32_t value) { defaultBehaviour_ = value; }
+  /// Where events are posted, site number and source key included; set for events from now on.
   const JXString& url() const { return url_; }
   void setUrl(const JXString& value) { url_ = value; }
+  /// The permanent data. Null takes none.
   const std::shared_ptr<JXDynamicStore>& permanentStore() const { return permanentStore_; }
   void setPermanentStore(std::shared_ptr<JXDynamicStore> value) {
     permanentStore_ = std::move(value);
   }
+  /// What requests and changes of state are posted through. Null sends nothing.
   std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
   void setSenderDelegate(std::shared_ptr<JXEventSender> value) {
     senderDelegate_ = std::move(value);
   }
+  /// What this object hears changes of state through.
   std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
   /// The listener that is replaced no longer calls this object; the new one is as the host made it.
   void setListenerDelegate(std::shared_ptr<JXEventListener> value);
+  /// The object that events are mirrored to; null for none.
   const std::shared_ptr<IJXFirebaseInstance>& firebaseInstance() const { return firebaseInstance_; }
   void setFirebaseInstance(std::shared_ptr<IJXFirebaseInstance> value) {
     firebaseInstance_ = std::move(value);

@@ -14,11 +14,13 @@ namespace jx {
 /// days of an installation's life in milliseconds. Thread-safe.
 class JX_API JXManualClock final : public JXClock {
  public:
+  /// Stands at `startMs` milliseconds since the Unix epoch.
   explicit JXManualClock(std::int64_t startMs) : nowMs_(startMs) {}
 
   std::int64_t nowMs() const override { return nowMs_.load(); }
   /// Moves the clock by `ms`; a negative value sets it back.
   void advance(std::int64_t ms) { nowMs_.fetch_add(ms); }
+  /// Sets the clock to `ms` milliseconds since the Unix epoch.
   void set(std::int64_t ms) { nowMs_.store(ms); }
 
  private:

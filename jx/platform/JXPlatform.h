@@ -22,8 +22,8 @@ struct JX_API JXBundleInformation {
 
 /// Size of the main screen in points; 0 by 0 when there is no display.
 struct JX_API JXScreenBounds {
-  double width = 0;
-  double height = 0;
+  double width = 0;   ///< points
+  double height = 0;  ///< points
 };
 
 /// Kind of the network connection that is in use now.
@@ -31,8 +31,11 @@ enum class JXNetworkKind { None, Ethernet, Wifi, Cellular };
 
 /// One entry of the system's list of network interfaces.
 struct JX_API JXInterfaceAddress {
+  /// The kind of address.
   enum class Family { IPv4, IPv6, Other };
+  /// The interface's name, such as "en0".
   JXString name;
+  /// The kind of the address.
   Family family = Family::Other;
   /// The four bytes that follow family and port in the address: the address itself for IPv4, the
   /// flow information for IPv6. In network byte order, as the system holds them.
@@ -70,6 +73,7 @@ class JX_API JXPlatform {
   virtual std::vector<JXString> preferredLanguages() = 0;
   /// ISO 4217 code of the locale's currency.
   virtual JXString currencyCode() = 0;
+  /// The symbol of the locale's currency.
   virtual JXString currencySymbol() = 0;
   /// Number of the default byte-string encoding in the list that JXPredefinedVariables names
   /// (4 is UTF-8); 0 when unknown.
@@ -77,24 +81,33 @@ class JX_API JXPlatform {
   /// IANA name such as "Asia/Tokyo".
   virtual JXString timeZoneName() = 0;
 
+  /// What the application says about itself; absent texts where it says nothing.
   virtual JXBundleInformation bundleInformation() = 0;
 
   /// Marketing model of the device.
   virtual JXString deviceModel() = 0;
+  /// The name of the operating system.
   virtual JXString systemName() = 0;
+  /// The version of the operating system.
   virtual JXString systemVersion() = 0;
   /// Hardware machine identifier, as `uname` gives it.
   virtual JXString machineName() = 0;
+  /// The size of the main screen in points.
   virtual JXScreenBounds screenBounds() = 0;
 
   /// True when the viewer allows advertising tracking.
   virtual bool isAdvertisingTrackingAllowed() = 0;
+  /// The advertising identifier, a UUID; absent when there is none. Asked only where tracking is
+  /// allowed.
   virtual JXString advertisingIdentifier() = 0;
+  /// The identifier that the applications of one maker share on this device.
   virtual JXString vendorIdentifier() = 0;
   /// True when the integrity probe finds the device modified.
   virtual bool isDeviceModified() = 0;
 
+  /// The kind of the connection in use now.
   virtual JXNetworkKind networkKind() = 0;
+  /// The addresses of all network interfaces; empty when the system tells none.
   virtual std::vector<JXInterfaceAddress> interfaceAddresses() = 0;
 
   /// Asks for the user agent; `answer` is called once, on any thread, now or later, with an absent

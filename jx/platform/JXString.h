@@ -33,18 +33,22 @@ class JX_API JXString {
   JXString(const std::string& text) : tag_(kAbsent) { assign(text.data(), text.size()); }
   JXString(std::string_view text) : tag_(kAbsent) { assign(text.data(), text.size()); }
 
+  /// Shares a long text, copies a short one; never throws.
   JXString(const JXString& other) noexcept : tag_(other.tag_) {
     std::memcpy(bytes_, other.bytes_, sizeof bytes_);
     if (tag_ == kShared) shared()->references.fetch_add(1, std::memory_order_relaxed);
   }
+  /// Takes the text; `other` is absent afterwards.
   JXString(JXString&& other) noexcept : tag_(other.tag_) {
     std::memcpy(bytes_, other.bytes_, sizeof bytes_);
     other.tag_ = kAbsent;
   }
+  /// As the copy above.
   JXString& operator=(const JXString& other) noexcept {
     JXString copy(other);
     return *this = static_cast<JXString&&>(copy);
   }
+  /// As the move above.
   JXString& operator=(JXString&& other) noexcept {
     if (this == &other) return *this;
     release();
@@ -64,6 +68,7 @@ class JX_API JXString {
   std::string_view view() const noexcept { return {data(), size()}; }
   /// The text with a NUL behind it; "" when absent. Valid until this object changes or ends.
   const char* c_str() const noexcept { return data(); }
+  /// A copy of the text; empty when absent.
   std::string toStdString() const { return std::string(view()); }
   /// Length in bytes; 0 when absent.
   std::size_t size() const noexcept {
@@ -75,6 +80,7 @@ class JX_API JXString {
   friend bool operator==(const JXString& a, const JXString& b) noexcept {
     return a.isPresent() == b.isPresent() && a.view() == b.view();
   }
+  /// The opposite of ==.
   friend bool operator!=(const JXString& a, const JXString& b) noexcept { return !(a == b); }
 
  private:
@@ -130,9 +136,12 @@ JX_API std::ostream& operator<<(std::ostream& out, const JXString& text);
 
 }  // namespace jx
 
+// So that a JXString can be a key. An absent one hashes as the empty one.
+/// @cond
 template <>
 struct std::hash<jx::JXString> {
   std::size_t operator()(const jx::JXString& text) const noexcept {
     return std::hash<std::string_view>{}(text.view());
   }
 };
+/// @endcond

@@ -9,7 +9,8 @@ namespace jx {
 // Keys of the texts that outlive the process, beside the predefined variables that are persisted
 // under their own key text.
 
-// Visits and sessions.
+/// @name Visits and sessions
+/// @{
 inline constexpr std::string_view kJXUserDefaultsKey_UniqueID = "jx_unique_id";
 inline constexpr std::string_view kJXDateFirstVisitFormat = "jx_date_first_visit";
 inline constexpr std::string_view kJXDateLastVisitFormat = "jx_date_last_visit";
@@ -19,8 +20,10 @@ inline constexpr std::string_view kJXDateCurrentVisitFormat = "jx_date_current_v
 inline constexpr std::string_view kJXNumberColdStarts = "jx_number_coldStarts";
 inline constexpr std::string_view kJXNumberSessions = "jx_number_sessions";
 inline constexpr std::string_view kJXLastPID = "jx_last_pid";
+/// @}
 
-// Usage timing.
+/// @name Usage timing
+/// @{
 inline constexpr std::string_view kJXTimeSinceLastMeasurement = "TimeSinceLastMeasurement";
 inline constexpr std::string_view kJXSessionStartTimestamp = "SessionStartTimestamp";
 inline constexpr std::string_view kJXLastSessionStartTimestamp = "LastSessionStartTimestamp";
@@ -28,5 +31,6 @@ inline constexpr std::string_view kJXExitTimestamp = "ExitTimestamp";
 inline constexpr std::string_view kJXUsageDuration = "UsageDuration";
 inline constexpr std::string_view kJXLastForegroundTime = "LastForegroundTime";
 inline constexpr std::string_view kJXLastBackgroundTime = "LastBackgroundTime";
+/// @}
 
 }  // namespace jx

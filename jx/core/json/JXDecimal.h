@@ -48,12 +48,14 @@ class JX_API JXDecimal {
   static JXDecimal fromString(const JXString& text) noexcept;
   /// The shortest decimal that reads back as the same double; infinities and NaN are not-a-number.
   static JXDecimal fromDouble(double value) noexcept;
+  /// The value that is no number: equal to nothing, written nowhere.
   static constexpr JXDecimal notANumber() noexcept {
     JXDecimal result;
     result.notANumber_ = true;
     return result;
   }
 
+  /// True when this is no number.
   constexpr bool isNotANumber() const noexcept { return notANumber_; }
 
   /// Plain digits, never an exponent: "-12.50", "100000". "NaN" for the not-a-number value.
@@ -61,6 +63,7 @@ class JX_API JXDecimal {
 
   /// Equal in value, whatever the scale: 12.50 equals 12.5. Not-a-number equals nothing.
   friend JX_API bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept;
+  /// The opposite of ==: not-a-number differs from everything.
   friend bool operator!=(const JXDecimal& a, const JXDecimal& b) noexcept { return !(a == b); }
 
  private:
@@ -77,6 +80,7 @@ class JX_API JXDecimal {
   bool notANumber_ = false;
 };
 
+/// Prints what `toString` gives: for test messages and logs.
 JX_API std::ostream& operator<<(std::ostream& out, const JXDecimal& value);
 
 }  // namespace jx

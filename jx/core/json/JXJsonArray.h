@@ -22,11 +22,14 @@ class JX_API JXJsonArray {
   /// No array at all.
   JXJsonArray(std::nullptr_t) noexcept {}
 
+  /// True when there is an array, the empty one included.
   bool isPresent() const noexcept { return node_ != nullptr; }
+  /// True when both handles share the same values, or both are absent.
   bool isSameAs(const JXJsonArray& other) const noexcept { return node_ == other.node_; }
 
   /// Appends `value`; an absent value is left out.
   void append(JXJsonValue value);
+  /// How many values there are; 0 when absent.
   std::size_t size() const noexcept;
   /// The value at `index`, absent beyond the end.
   JXJsonValue at(std::size_t index) const;

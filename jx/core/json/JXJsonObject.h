@@ -26,6 +26,7 @@ class JX_API JXJsonObject {
   /// No object at all.
   JXJsonObject(std::nullptr_t) noexcept {}
 
+  /// True when there is an object, the empty one included.
   bool isPresent() const noexcept { return node_ != nullptr; }
   /// True when both handles share the same entries.
   bool isSameAs(const JXJsonObject& other) const noexcept { return node_ == other.node_; }
@@ -34,10 +35,13 @@ class JX_API JXJsonObject {
   void set(std::string_view key, JXJsonValue value);
   /// The value under `key`, absent when there is none.
   JXJsonValue get(std::string_view key) const;
+  /// True when there is a value under `key`, JSON's null included.
   bool contains(std::string_view key) const;
   /// Removes the key and returns what was there, absent when nothing was.
   JXJsonValue remove(std::string_view key);
+  /// Removes every entry, for all handles that share them.
   void clear();
+  /// How many entries there are; 0 when absent.
   std::size_t size() const noexcept;
 
   /// The entries in order. The reference is valid until this object changes or its last handle

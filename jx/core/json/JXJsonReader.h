@@ -15,6 +15,7 @@ namespace jx {
 struct JX_API JXJsonReading {
   JXJsonValue value;  ///< absent when the text is no JSON
   std::string error;  ///< what is wrong, empty when nothing is
+  /// Where it is wrong, in bytes from the start.
   std::size_t errorOffset = 0;
 };
 
@@ -24,8 +25,10 @@ struct JX_API JXJsonReading {
 /// longer than 4,096 digits. A byte order mark at the start is skipped.
 class JX_API JXJsonReader {
  public:
+  /// How deep objects and arrays may be nested.
   static constexpr std::size_t kMaxDepth = 1'000;
 
+  /// Reads one value. Never throws for what the text holds. Thread-safe.
   static JXJsonReading read(std::string_view text);
 
  private:

@@ -21,11 +21,14 @@ namespace jx {
 /// as their plain decimal digits, so that they come out digit for digit.
 class JX_API JXJsonValue {
  public:
+  /// What a value is; absent is none.
   enum class Kind { Absent, Null, Bool, Number, String, Object, Array };
 
   /// The absent value.
   JXJsonValue() = default;
+  /// The absent value.
   JXJsonValue(std::nullptr_t) {}
+  /// JSON's null, which is a value.
   static JXJsonValue null();
   /// A number from its text, digit for digit: a plus sign and leading zeros are dropped, an
   /// exponent is written out. Absent when the text is no number.
@@ -34,20 +37,27 @@ class JX_API JXJsonValue {
   /// Only a `bool` itself: a pointer is no truth value.
   template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>, typename = void>
   JXJsonValue(Bool value) : value_(value) {}
+  /// The integer itself.
   template <typename Integer, typename = std::enable_if_t<detail::isNumberInteger<Integer>>>
   JXJsonValue(Integer value) : JXJsonValue(JXDecimal(value)) {}
   /// Absent when the number is not-a-number.
   JXJsonValue(const JXDecimal& number);
   /// Absent when the string is.
   JXJsonValue(JXString text);
+  /// The text up to its NUL; absent for a null pointer.
   JXJsonValue(const char* text) : JXJsonValue(JXString(text)) {}
+  /// A text.
   JXJsonValue(std::string_view text) : JXJsonValue(JXString(text)) {}
+  /// A text.
   JXJsonValue(const std::string& text) : JXJsonValue(JXString(text)) {}
   /// Absent when the handle is.
   JXJsonValue(JXJsonObject object);
+  /// Absent when the handle is.
   JXJsonValue(JXJsonArray array);
 
+  /// What this value is.
   Kind kind() const noexcept { return static_cast<Kind>(value_.index()); }
+  /// True unless the value is absent; JSON's null is present.
   bool isPresent() const noexcept { return kind() != Kind::Absent; }
 
   /// False unless the value is a true boolean.
@@ -60,6 +70,7 @@ class JX_API JXJsonValue {
   JXDecimal decimal() const;
   /// The handle; absent for every other kind.
   JXJsonObject object() const;
+  /// The handle; absent for every other kind.
   JXJsonArray array() const;
 
  private:
@@ -75,8 +86,11 @@ class JX_API JXJsonValue {
   std::variant<std::monostate, Null, bool, Number, JXString, JXJsonObject, JXJsonArray> value_;
 };
 
+/// One entry of an object.
 struct JX_API JXJsonEntry {
+  /// Its key; any text, the empty one too.
   JXString key;
+  /// Its value; never absent inside an object.
   JXJsonValue value;
 };
 

@@ -17,6 +17,7 @@ class JX_API IJXEventListenerDelegate {
   virtual ~IJXEventListenerDelegate() = default;
   /// Called on the thread that posts.
   virtual void onNotificationReceived(const JXNotification& notification) = 0;
+  /// The listener that this object owns; null when it has none.
   virtual std::shared_ptr<JXEventListener> listenerDelegate() const = 0;
 };
 
@@ -26,6 +27,7 @@ class JX_API IJXEventListenerDelegate {
 /// thread.
 class JX_API JXEventListener {
  public:
+  /// A new listener on the default centre, without a parent and without names.
   static std::shared_ptr<JXEventListener> init();
   ~JXEventListener();
   JXEventListener(const JXEventListener&) = delete;

@@ -15,6 +15,7 @@ class JXEventSender;
 class JX_API IJXEventSenderDelegate {
  public:
   virtual ~IJXEventSenderDelegate() = default;
+  /// The sender that this object owns; null when it has none.
   virtual std::shared_ptr<JXEventSender> senderDelegate() const = 0;
 };
 
@@ -22,10 +23,12 @@ class JX_API IJXEventSenderDelegate {
 /// whichever centre it is.
 class JX_API JXEventSender {
  public:
+  /// A new sender on the default centre, without an owner.
   static std::shared_ptr<JXEventSender> init();
 
   /// The owner; not owned by the sender and never called.
   void setParent(IJXEventSenderDelegate* parent) { parent_ = parent; }
+  /// The owner, null when there is none.
   IJXEventSenderDelegate* parent() const { return parent_; }
   /// The centre to post on; null is the default one.
   void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);

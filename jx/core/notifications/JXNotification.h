@@ -10,6 +10,7 @@ namespace jx {
 
 /// A message that one object posts and others observe by its name.
 struct JX_API JXNotification {
+  /// What it is about; observers ask for it.
   JXString name;
   /// Who it is about, for comparison only: it is never followed, and may be null.
   const void* object = nullptr;

@@ -17,8 +17,10 @@ namespace jx {
 /// they registered. Thread-safe; an observer may post, register and unregister while it is called.
 class JX_API JXNotificationCenter {
  public:
+  /// What is called with each notification, on the thread that posts.
   using Handler = std::function<void(const JXNotification&)>;
 
+  /// A centre of the host's own, without observers.
   JXNotificationCenter();
   /// The process's own centre; never destroyed.
   static const std::shared_ptr<JXNotificationCenter>& defaultCenter();

@@ -14,13 +14,15 @@ namespace jx {
 
 /// When a request that got no lasting answer is tried again, and how long one try may take.
 struct JX_API JXRetryTimings {
-  std::chrono::milliseconds firstPause{1'000};  ///< doubles with each failed try
-  std::chrono::milliseconds longestPause{300'000};
+  std::chrono::milliseconds firstPause{1'000};      ///< doubles with each failed try
+  std::chrono::milliseconds longestPause{300'000};  ///< that the library takes by itself
+  /// The longest pause that a receiver may ask for.
   std::chrono::milliseconds longestRetryAfter{std::chrono::hours(24)};
+  /// How long connecting may take.
   std::chrono::milliseconds connectTimeout{10'000};
   std::chrono::milliseconds requestTimeout{30'000};  ///< name resolution to the end of the answer
   std::chrono::milliseconds syncDelay{1'000};        ///< a write is durable after at most this
-  std::chrono::milliseconds userAgentWait{10'000};
+  std::chrono::milliseconds userAgentWait{10'000};   ///< requests are held for this at most
   /// What an earlier process left waits for this at the start, unless before that a request comes
   /// or the manager is told whether requests may leave: so that consent is asked for first.
   std::chrono::milliseconds startHold{1'000};
@@ -31,6 +33,7 @@ enum class JXDeliveryOutcome { Delivered, Rejected, Dropped };
 
 /// Tells the host what became of one request.
 struct JX_API JXDelivery {
+  /// What became of it.
   JXDeliveryOutcome outcome = JXDeliveryOutcome::Delivered;
   JXString eventId;  ///< the event's "event_id"; absent when the body holds none
   int status = 0;    ///< HTTP status, 0 when there was none
@@ -47,6 +50,7 @@ using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 
 /// Counts since the start of this process, and what is held now.
 struct JX_API JXDeliveryCounters {
+  /// What the queue counts.
   JXOutboxCounters outbox;
   std::uint64_t tries = 0;     ///< requests that were started
   std::uint64_t failures = 0;  ///< tries that ended without a lasting answer

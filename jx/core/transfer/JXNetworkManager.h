@@ -22,11 +22,13 @@ struct JXTransferSetup;
 /// taken and the states are only remembered.
 class JX_API JXNetworkManager {
  public:
+  /// The one manager of this process; never destroyed.
   static JXNetworkManager& sharedInstance();
 
   /// 0: nothing was said, requests are sent. 1: always enabled, stopping is ignored. 2: disabled
   /// by default, requests are held until an enabling notification. Other values count as 0.
   void setManagerState(int state);
+  /// The state that was set last; 0 at first.
   int managerState() const;
   /// True lets requests go out; false holds them, aborting those in flight. Ignored with false
   /// while the manager state is 1.
@@ -43,6 +45,7 @@ class JX_API JXNetworkManager {
   /// The application went to the background: nothing is sent until it returns, unless running in
   /// background was enabled; requests in flight are let to end.
   void onBackground();
+  /// The application came back: what is queued may leave again.
   void onForeground();
 
   /// Waits until the queue is empty, at most until `deadline` has passed; true when it is empty.
@@ -54,6 +57,7 @@ class JX_API JXNetworkManager {
   /// Something else that the core keeps on the disk was changed: it is made durable within a
   /// second.
   void storageChanged();
+  /// A copy of all counts, taken at one moment.
   JXDeliveryCounters counters() const;
 
   /// Starts the transfer thread, which is stopped within 250 ms when the process ends. Called once

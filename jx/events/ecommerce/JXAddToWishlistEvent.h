@@ -16,14 +16,17 @@ namespace jx {
 /// Items were put on the wish list.
 class JX_API JXAddToWishlistEvent final : public JXECommerceEvent {
  public:
+  /// A new event named "add_to_wishlist"; every other field is absent or empty.
   static std::shared_ptr<JXAddToWishlistEvent> init();
   /// The items are appended to the event's own list; the caller's list is not kept.
   static std::shared_ptr<JXAddToWishlistEvent> initWithItems(
       const JXList<std::shared_ptr<JXItem>>& items);
 
+  /// The worth of what the event is about, in units of the currency.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
 
+  /// What tells this class from the others: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -6,8 +6,10 @@
 
 namespace jx {
 
-// Ready-made texts for `paymentMethod`. Any other text may be given instead. The spelling of the
-// prefix is historic and part of the interface.
+/// @name Ready-made texts for `paymentMethod`
+/// Any other text may be given instead. The spelling of the prefix is historic and part of the
+/// interface.
+/// @{
 inline constexpr std::string_view EJXPayementMethod_BY_INVOICE = "by_invoice";
 inline constexpr std::string_view EJXPayementMethod_BY_BANK_TRANSFER_IN_A =
     "by_bank_transfer_in_advance";
@@ -18,5 +20,6 @@ inline constexpr std::string_view EJXPayementMethod_COUPON = "coupon";
 inline constexpr std::string_view EJXPayementMethod_DIRECT_DEBIT = "direct_debit";
 inline constexpr std::string_view EJXPayementMethod_ONLINE_PAYMENT_SYSTEM = "online_payment_system";
 inline constexpr std::string_view EJXPayementMethod_OTHER = "other";
+/// @}
 
 }  // namespace jx

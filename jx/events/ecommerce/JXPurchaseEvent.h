@@ -17,6 +17,7 @@ namespace jx {
 /// A finished purchase: what was bought, for how much, how it is paid and how far it is.
 class JX_API JXPurchaseEvent final : public JXECommerceEvent {
  public:
+  /// A new event named "purchase"; every other field is absent or empty.
   static std::shared_ptr<JXPurchaseEvent> init();
   /// The arguments are kept as they are, unchecked. The items are appended to the event's own list;
   /// the caller's list is not kept.
@@ -27,18 +28,25 @@ class JX_API JXPurchaseEvent final : public JXECommerceEvent {
       const JXString& paymentMethod, const JXString& status,
       const JXList<std::shared_ptr<JXItem>>& items);
 
+  /// The identifier of the order.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
+  /// The revenue, in units of the currency.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
+  /// The worth of what the event is about, in units of the currency.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
+  /// What the shipping costs, in units of the currency.
   const std::optional<JXDecimal>& shippingAmount() const { return shippingAmount_; }
   void setShippingAmount(const std::optional<JXDecimal>& value) { shippingAmount_ = value; }
+  /// The tax, in units of the currency.
   const std::optional<JXDecimal>& taxAmount() const { return taxAmount_; }
   void setTaxAmount(const std::optional<JXDecimal>& value) { taxAmount_ = value; }
+  /// The coupon code that was used.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
+  /// A free text for the kind of transaction.
   const JXString& type() const { return type_; }
   void setType(const JXString& value) { type_ = value; }
   /// One of the `EJXPayementMethod_*` texts, or any other: it is not checked.
@@ -47,9 +55,11 @@ class JX_API JXPurchaseEvent final : public JXECommerceEvent {
   /// One of the `EJXPurchaseStatus_*` texts, or any other: it is not checked.
   const JXString& status() const { return status_; }
   void setStatus(const JXString& value) { status_ = value; }
+  /// An address that belongs to the transaction.
   const JXString& url() const { return url_; }
   void setUrl(const JXString& value) { url_ = value; }
 
+  /// What tells this class from the others: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

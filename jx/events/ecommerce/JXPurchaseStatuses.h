@@ -6,8 +6,9 @@
 
 namespace jx {
 
-// Ready-made texts for `status`. Any other text may be given instead. SHIPPE is historic and part
-// of the interface.
+/// @name Ready-made texts for `status`
+/// Any other text may be given instead. SHIPPE is historic and part of the interface.
+/// @{
 inline constexpr std::string_view EJXPurchaseStatus_CANCELED = "canceled";
 inline constexpr std::string_view EJXPurchaseStatus_DELIVERED = "delivered";
 inline constexpr std::string_view EJXPurchaseStatus_IN_PROGRESS = "in_progress";
@@ -18,5 +19,6 @@ inline constexpr std::string_view EJXPurchaseStatus_PENDING_SHIPMENT = "pending_
 inline constexpr std::string_view EJXPurchaseStatus_RETURNED = "returned";
 inline constexpr std::string_view EJXPurchaseStatus_SHIPPE = "shipped";
 inline constexpr std::string_view EJXPurchaseStatus_PENDING = "pending";
+/// @}
 
 }  // namespace jx

@@ -13,11 +13,14 @@ namespace jx {
 /// The viewer logged in. Always complete.
 class JX_API JXLoginEvent final : public JXEvent {
  public:
+  /// A new event named "login"; every other field is absent or empty.
   static std::shared_ptr<JXLoginEvent> init();
 
+  /// How: a free text such as "remote" or "phone".
   const JXString& method() const { return method_; }
   void setMethod(const JXString& value) { method_ = value; }
 
+  /// What tells this class from the others: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -17,11 +17,13 @@ enum EJXAdType : int {
   EJXAdType_MID_ROLL,
   EJXAdType_POST_ROLL,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 3> EJXAdType_toString{
     "pre-roll",
     "mid-roll",
     "post-roll",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 3> EJXAdType_members{
     "PRE_ROLL",
     "MID_ROLL",
@@ -33,10 +35,12 @@ enum EJXAdLoadType : int {
   EJXAdLoadType_DYNAMIC,
   EJXAdLoadType_LINEAR,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 2> EJXAdLoadType_toString{
     "dynamic",
     "linear",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 2> EJXAdLoadType_members{
     "DYNAMIC",
     "LINEAR",

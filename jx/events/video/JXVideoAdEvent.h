@@ -28,17 +28,23 @@ class JX_API JXVideoAdEvent final : public JXVideoEvent {
   /// A value outside the enumeration is kept and not written.
   EJXAdLoadType loadType() const { return static_cast<EJXAdLoadType>(loadType_); }
   void setLoadType(EJXAdLoadType value) { loadType_ = value; }
+  /// The identifier of the advertisement.
   const JXString& adAssetID() const { return adAssetID_; }
   void setAdAssetID(const JXString& value) { adAssetID_ = value; }
+  /// The identifier of the break that the advertisement runs in.
   const JXString& adPodID() const { return adPodID_; }
   void setAdPodID(const JXString& value) { adPodID_ = value; }
+  /// The place of the advertisement in its break.
   const std::optional<JXDecimal>& podPosition() const { return podPosition_; }
   void setPodPosition(const std::optional<JXDecimal>& value) { podPosition_ = value; }
+  /// The length of the break, as the host counts it.
   const std::optional<JXDecimal>& podLength() const { return podLength_; }
   void setPodLength(const std::optional<JXDecimal>& value) { podLength_ = value; }
+  /// The quarter of the advertisement that was reached, 1 to 4; it is not checked.
   const std::optional<JXDecimal>& adQuartile() const { return adQuartile_; }
   void setAdQuartile(const std::optional<JXDecimal>& value) { adQuartile_ = value; }
 
+  /// What tells this class from the others: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

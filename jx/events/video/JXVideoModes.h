@@ -23,11 +23,13 @@ enum EJXVideoPlaybackMode : int {
   EJXVideoPlaybackMode_RESUME,
   EJXVideoPlaybackMode_COMPLETE,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 9> EJXVideoPlaybackMode_toString{
     "video_start",         "video_pause",           "video_error",
     "video_buffer_start",  "video_buffer_complete", "video_seek_start",
     "video_seek_complete", "video_resume",          "video_complete",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 9> EJXVideoPlaybackMode_members{
     "START",      "PAUSE",         "ERROR",  "BUFFER_START", "BUFFER_COMPLETE",
     "SEEK_START", "SEEK_COMPLETE", "RESUME", "COMPLETE",
@@ -44,10 +46,12 @@ enum EJXVideoAdMode : int {
   EJXVideoAdMode_BREAK_COMPLETE,
   EJXVideoAdMode_CLICK,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 8> EJXVideoAdMode_toString{
     "video_ad_start", "video_ad_playing",     "video_ad_stop",           "video_ad_complete",
     "video_ad_skip",  "video_ad_break_start", "video_ad_break_complete", "video_ad_click",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 8> EJXVideoAdMode_members{
     "START", "PLAYING", "STOP", "COMPLETE", "SKIP", "BREAK_START", "BREAK_COMPLETE", "CLICK",
 };
@@ -59,12 +63,14 @@ enum EJXVideoContentMode : int {
   EJXVideoContentMode_QUARTER_REACHED,
   EJXVideoContentMode_COMPLETE,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 4> EJXVideoContentMode_toString{
     "video_content_start",
     "video_content_playing",
     "video_content_quarter_reached",
     "video_content_complete",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 4> EJXVideoContentMode_members{
     "START",
     "PLAYING",
@@ -83,10 +89,12 @@ enum EJXVideoSettingMode : int {
   EJXVideoSettingMode_QUALITY,
   EJXVideoSettingMode_SHARE,
 };
+/// What JSON says for each value.
 inline constexpr std::array<std::string_view, 8> EJXVideoSettingMode_toString{
     "video_volume",        "video_speed",          "video_subtitle_on", "video_subtitle_off",
     "video_fullscreen_on", "video_fullscreen_off", "video_quality",     "video_share",
 };
+/// The name of each value behind its prefix.
 inline constexpr std::array<std::string_view, 8> EJXVideoSettingMode_members{
     "VOLUME",        "SPEED",          "SUBTITLE_ON", "SUBTITLE_OFF",
     "FULLSCREEN_ON", "FULLSCREEN_OFF", "QUALITY",     "SHARE",
