@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/catalogue/CHeaders.h"
 
-#include <algorithm>
-#include <cctype>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +9,7 @@
 #include "jx/events/JXItem.h"
 #include "jx/events/JXProduct.h"
 #include "tools/catalogue/CNames.h"
+#include "tools/catalogue/CSetters.h"
 #include "tools/catalogue/CText.h"
 #include "tools/catalogue/ClassComment.h"
 
@@ -19,26 +18,7 @@ namespace {
 
 constexpr std::string_view kFolder = "jx/c/events/";
 
-// A class as its header tells it.
-struct Class {
-  std::string name;
-  std::string handle;  ///< what a parameter of this class is called
-  const JXEventClass* event = nullptr;
-};
-
-std::string withCapital(std::string_view property) {
-  std::string text(property);
-  text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
-  return text;
-}
-
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
-
-bool isBase(const JXEventClass& type) {
-  const auto& all = allEventClasses();
-  return std::any_of(all.begin(), all.end(),
-                     [&type](const JXEventClass* other) { return other->base == &type; });
-}
 
 std::string enumeration(const std::string& name, const std::string& about,
                         const std::vector<std::string_view>& members,
@@ -51,7 +31,7 @@ std::string enumeration(const std::string& name, const std::string& about,
   return text + "} " + name + ";\n\n";
 }
 
-std::string creation(const Class& type) {
+std::string creation(const CClass& type) {
   const std::string name = type.name + "_create";
   const std::string out = "jx_object** " + type.handle;
   const std::string about =
@@ -65,7 +45,7 @@ std::string creation(const Class& type) {
                     "jx_event_create_with_mode",
                     {quoted(type.name), "mode", "session_id", type.handle});
   }
-  if (type.event->eventNames.empty() && !isBase(*type.event)) {
+  if (takesName(type)) {
     return comment(about) + function(name, {"const char* name", out}, "jx_custom_event_create",
                                      {"name", type.handle});
   }
@@ -73,63 +53,20 @@ std::string creation(const Class& type) {
          function(name, {out}, "jx_event_create", {quoted(type.name), type.handle});
 }
 
-// The operations that set a field: how each is called, what it takes and what it calls.
-struct Setter {
-  std::string name;
-  std::vector<std::string> parameters;
-  std::string calls;
-  std::vector<std::string> arguments;
-};
-
-std::string choiceOf(const Class& type, const JXFieldInfo& field) {
-  return type.name + "_" + withCapital(field.property);
-}
-
-std::vector<Setter> settersOf(const Class& type, const JXFieldInfo& field) {
-  const std::string property(field.property);
-  const std::string set = type.name + "_set" + withCapital(property);
-  switch (field.kind) {
-    case JXFieldKind::Text:
-      return {{set, {"const char* value"}, "jx_object_set_text", {"value"}}};
-    case JXFieldKind::Number:
-      return {{set, {"const char* number"}, "jx_object_set_number", {"number"}},
-              {set + "_integer", {"int64_t value"}, "jx_object_set_integer", {"value"}}};
-    case JXFieldKind::Flag:
-      return {{set, {"bool value"}, "jx_object_set_flag", {"value"}}};
-    case JXFieldKind::Texts:
-    case JXFieldKind::NumberedTexts:
-      return {{set,
-               {"const char* const* texts", "size_t count"},
-               "jx_object_set_texts",
-               {"texts", "count"}}};
-    case JXFieldKind::Values:
-      return {{set, {"const char* json"}, "jx_object_set_json", {"json"}}};
-    case JXFieldKind::Choice:
-      return {{set, {choiceOf(type, field) + " value"}, "jx_object_set_choice", {"value"}}};
-    case JXFieldKind::Items:
-      return {{type.name + "_" + property + "_append",
-               {"const jx_object* item"},
-               "jx_object_add_item",
-               {"item"}}};
-    case JXFieldKind::Product:
-      return {{set, {"const jx_object* product"}, "jx_object_set_product", {"product"}}};
-  }
-  return {};
-}
-
-std::string fieldText(const Class& type, const JXFieldInfo& field, bool isWritten) {
+std::string fieldText(const CClass& type, const JXFieldInfo& field, bool isWritten) {
   const std::string name = type.name + "_" + std::string(field.property);
   std::string text;
   if (field.kind == JXFieldKind::Choice) {
-    text += enumeration(choiceOf(type, field), "Members of `" + std::string(field.property) + "`.",
-                        field.choices.allMembers(), field.choices.allTexts());
+    text +=
+        enumeration(choiceName(type, field), "Members of `" + std::string(field.property) + "`.",
+                    field.choices.allMembers(), field.choices.allTexts());
   }
   const bool isNumbered = field.kind == JXFieldKind::NumberedTexts;
   text += comment("`" + std::string(field.property) + "`, written as \"" + std::string(field.key) +
                   (isNumbered ? "1\" and so on" : "\"") +
                   (isWritten ? "." : " by the classes that say so."));
   text += "#define " + name + " " + quoted(type.name + "." + std::string(field.property)) + "\n";
-  for (const Setter& setter : settersOf(type, field)) {
+  for (const CSetter& setter : settersOf(type, field)) {
     std::vector<std::string> parameters{"jx_object* " + type.handle};
     parameters.insert(parameters.end(), setter.parameters.begin(), setter.parameters.end());
     std::vector<std::string> arguments{type.handle, name};
@@ -139,7 +76,7 @@ std::string fieldText(const Class& type, const JXFieldInfo& field, bool isWritte
   return text + "\n";
 }
 
-std::string tableText(const Class& type, const JXFieldTable* table, bool isWritten) {
+std::string tableText(const CClass& type, const JXFieldTable* table, bool isWritten) {
   std::string text;
   if (table == nullptr) return text;
   const auto& fields = table->fields();
@@ -150,7 +87,7 @@ std::string tableText(const Class& type, const JXFieldTable* table, bool isWritt
   return text;
 }
 
-std::string header(const Class& type, const std::string& about, const std::string& fields) {
+std::string header(const CClass& type, const std::string& about, const std::string& fields) {
   std::string text = opening("JX_C_EVENTS_" + type.name + "_H", {"jx/c/jx_object.h"});
   std::string whole = about;
   if (type.event != nullptr && type.event->base != nullptr) {
@@ -168,17 +105,17 @@ std::string header(const Class& type, const std::string& about, const std::strin
 
 std::map<std::string, std::string> cHeaders(const std::string& sourceFolder) {
   std::map<std::string, std::string> files;
-  const auto add = [&](const Class& type, const std::string& fields) {
+  const auto add = [&](const CClass& type, const std::string& fields) {
     files[std::string(kFolder) + type.name + ".h"] =
         header(type, commentOfClass(sourceFolder, type.name).text, fields);
   };
-  for (const JXEventClass* event : allEventClasses()) {
-    const Class type{std::string(event->className), "event", event};
-    add(type, tableText(type, event->written, true) + tableText(type, event->unwritten, false));
+  for (const CClass& type : cEventClasses()) {
+    add(type,
+        tableText(type, type.event->written, true) + tableText(type, type.event->unwritten, false));
   }
-  const Class item{"JXItem", "item"};
+  const CClass item{"JXItem", "item"};
   add(item, tableText(item, &JXItem::fields(), true));
-  const Class product{"JXProduct", "product"};
+  const CClass product{"JXProduct", "product"};
   add(product, tableText(product, &JXProduct::fields(), true));
   files[std::string(kFolder) + "jx_names.h"] = namesHeader(sourceFolder);
 
