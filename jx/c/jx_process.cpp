@@ -28,7 +28,7 @@ jx_status perform(const char* operation, const Body& body) {
   });
 }
 
-jx::JXAdditionalProperties* blockOf(jx_block block) {
+jx::JXAdditionalProperties* blockOf(uint32_t block) {
   switch (block) {
     case JX_BLOCK_USER:
       return &jx::JXUser::sharedInstance();
@@ -46,7 +46,7 @@ jx::JXAdditionalProperties* blockOf(jx_block block) {
 
 // `read` reads the value that is added.
 template <typename Read>
-jx_status addToBlock(const char* operation, jx_block block, const char* key, const Read& read) {
+jx_status addToBlock(const char* operation, uint32_t block, const char* key, const Read& read) {
   return jx::c::call(operation, [&]() -> Result {
     if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
     jx::JXAdditionalProperties* const properties = blockOf(block);
@@ -110,14 +110,14 @@ jx_status jx_use_legacy_unique_id_for_consent_id(void) {
   });
 }
 
-jx_status jx_block_add(jx_block block, const char* key, const char* value) {
+jx_status jx_block_add(uint32_t block, const char* key, const char* value) {
   return addToBlock(__func__, block, key, [&](JXJsonValue& read) {
     read = JXJsonValue(value);
     return Result(JX_OK);
   });
 }
 
-jx_status jx_block_add_json(jx_block block, const char* key, const char* json) {
+jx_status jx_block_add_json(uint32_t block, const char* key, const char* json) {
   return addToBlock(__func__, block, key,
                     [&](JXJsonValue& read) { return jx::c::readJson(json, read); });
 }

@@ -67,7 +67,7 @@ jx_status addPermanent(const char* operation, jx_server_side* handle, const char
 
 }  // namespace
 
-jx_status jx_server_side_create(int32_t site_id, const char* source_key, jx_behaviour behaviour,
+jx_status jx_server_side_create(int32_t site_id, const char* source_key, uint32_t behaviour,
                                 const jx_firebase* firebase, jx_server_side** server_side) {
   return jx::c::call(__func__, [&]() -> Result {
     if (server_side == nullptr) return JX_ERROR_NULL_ARGUMENT;

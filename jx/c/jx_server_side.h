@@ -46,12 +46,12 @@ typedef struct jx_firebase {
 } jx_firebase;
 
 /// A new object in `*server_side`; the first one starts the library. `site_id` is the host's site
-/// number, `source_key` its source key, which goes into the URL as it is. A `behaviour` outside its
-/// enumeration counts as JX_BEHAVIOUR_DEFAULT. `firebase` is copied and may be null. On an error
+/// number, `source_key` its source key, which goes into the URL as it is. `behaviour` is a
+/// `jx_behaviour`; any other number counts as JX_BEHAVIOUR_DEFAULT. `firebase` is copied and may be
+/// null. On an error
 /// `*server_side` is null, and `release` was not called.
-JX_API jx_status jx_server_side_create(int32_t site_id, const char* source_key,
-                                       jx_behaviour behaviour, const jx_firebase* firebase,
-                                       jx_server_side** server_side);
+JX_API jx_status jx_server_side_create(int32_t site_id, const char* source_key, uint32_t behaviour,
+                                       const jx_firebase* firebase, jx_server_side** server_side);
 /// Ends the object; what is queued stays queued and is sent. Null does nothing.
 JX_API jx_status jx_server_side_free(jx_server_side* server_side);
 
@@ -120,10 +120,10 @@ typedef enum jx_block {
   JX_BLOCK_NETWORK = 4
 } jx_block;
 
-/// Adds a text under a key of the host's own to a block of every later event; not while another
-/// thread executes. A null value adds nothing.
-JX_API jx_status jx_block_add(jx_block block, const char* key, const char* value);
-JX_API jx_status jx_block_add_json(jx_block block, const char* key, const char* json);
+/// Adds a text under a key of the host's own to a `jx_block` of every later event; not while
+/// another thread executes. A null value adds nothing.
+JX_API jx_status jx_block_add(uint32_t block, const char* key, const char* value);
+JX_API jx_status jx_block_add_json(uint32_t block, const char* key, const char* json);
 
 /// A predefined variable's text; `name` is one of those in jx/c/events/jx_names.h.
 /// JX_ERROR_ABSENT when it has none. For the buffer see `jx_object_json`.

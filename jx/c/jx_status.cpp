@@ -7,7 +7,7 @@
 #include "jx/c/internal/JXCall.h"
 #include "jx/variables/JXServerSideVersion.h"
 
-const char* jx_status_text(jx_status status) {
+const char* jx_status_text(uint32_t status) {
   static constexpr std::array<const char*, 20> kTexts{
       "all well",
       "the handle is null",
@@ -30,8 +30,7 @@ const char* jx_status_text(jx_status status) {
       "no memory or no handle is left",
       "something failed inside the library",
   };
-  const auto index = static_cast<unsigned>(status);
-  return index < kTexts.size() ? kTexts[index] : "no status";
+  return status < kTexts.size() ? kTexts[status] : "no status";
 }
 
 const char* jx_error_detail(void) { return jx::c::latestDetail(); }

@@ -4,6 +4,7 @@
 #define JX_C_JX_STATUS_H
 
 #include <stddef.h>
+#include <stdint.h>
 
 #include "jx/platform/JXApi.h"
 
@@ -55,8 +56,8 @@ typedef enum jx_status {
   JX_ERROR_INTERNAL = 19
 } jx_status;
 
-/// The status in words: a constant, never null, also for a number that is no status.
-JX_API const char* jx_status_text(jx_status status);
+/// A `jx_status` in words: a constant, never null, also for a number that is no status.
+JX_API const char* jx_status_text(uint32_t status);
 
 /// What was wrong in the latest call on this thread that did not return JX_OK, for a person:
 /// "coupn is no field of JXPurchaseEvent". Never null; "" when no call failed. Valid until the next

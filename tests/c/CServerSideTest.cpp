@@ -237,7 +237,7 @@ TEST_F(CServerSide, AHostAddsToTheBlocksAroundAnEvent) {
   EXPECT_EQ(inside(device, {"lifecycle"}).get("boot").string(), JXString("cold"));
   EXPECT_EQ(inside(device, {"network"}).get("operator").string(), JXString("one"));
   EXPECT_THAT(requests().back().text, HasSubstr(R"("shelf": 3)"));
-  EXPECT_EQ(jx_block_add(static_cast<jx_block>(5), "a", "b"), JX_ERROR_UNKNOWN_MEMBER);
+  EXPECT_EQ(jx_block_add(5, "a", "b"), JX_ERROR_UNKNOWN_MEMBER);
 }
 
 TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
