@@ -45,9 +45,11 @@ JX_API jx_status jx_object_set_text(jx_object* object, const char* field, const 
 /// An exact decimal number from its text, "12.50", of which the scale is kept. A sign and an
 /// exponent are allowed; more than 38 digits are rounded. Null makes the field absent.
 JX_API jx_status jx_object_set_number(jx_object* object, const char* field, const char* value);
+/// A number without a fraction.
 JX_API jx_status jx_object_set_integer(jx_object* object, const char* field, int64_t value);
 /// The shortest decimal that reads back as the same double. Not for money, which is a text.
 JX_API jx_status jx_object_set_double(jx_object* object, const char* field, double value);
+/// True or false; a flag is always written.
 JX_API jx_status jx_object_set_flag(jx_object* object, const char* field, bool value);
 /// The number of a member of the field's enumeration, from 0.
 JX_API jx_status jx_object_set_choice(jx_object* object, const char* field, uint32_t value);
@@ -70,6 +72,7 @@ JX_API jx_status jx_object_set_absent(jx_object* object, const char* field);
 // Parameters: what the host adds under keys of its own. They come before the fields; a field of
 // the same key replaces them. Adding a key twice keeps the later value. A null value adds nothing.
 
+/// A text under a key of the host's own.
 JX_API jx_status jx_object_add_parameter(jx_object* object, const char* key, const char* value);
 /// Any JSON value: a number, an object, an array, `true`, `null`. Numbers are kept digit for digit.
 JX_API jx_status jx_object_add_parameter_json(jx_object* object, const char* key, const char* json);

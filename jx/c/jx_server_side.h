@@ -76,6 +76,7 @@ JX_API jx_status jx_remove_permanent(jx_server_side* server_side, const char* ke
 JX_API jx_status jx_enable(jx_server_side* server_side);
 /// Withdraws consent: events are ignored from now on and those queued are held.
 JX_API jx_status jx_disable(jx_server_side* server_side);
+/// What `jx_execute` does now, in `*state`.
 JX_API jx_status jx_get_state(const jx_server_side* server_side, jx_state* state);
 /// Holds requests until the user agent is known, at most for `user_agent_wait_ms`.
 JX_API jx_status jx_wait_for_user_agent(jx_server_side* server_side);
@@ -89,9 +90,12 @@ JX_API jx_status jx_set_advertising_tracking_enabled(jx_server_side* server_side
 /// A step of it: stores the advertising identifier that the stored permission allows.
 JX_API jx_status jx_set_idfa(jx_server_side* server_side);
 
-// The application. Both on one thread, the one that the user interface runs on.
+// The application, where the system does not tell the library itself. Both on one thread, the one
+// that the user interface runs on.
 
+/// Nothing is sent from now on, unless running in background was enabled; what is queued stays.
 JX_API jx_status jx_application_did_enter_background(void);
+/// The viewer is back: what was held goes out, and a long stay away begins a new session.
 JX_API jx_status jx_application_will_enter_foreground(void);
 
 // The viewer and the consent module.
@@ -99,6 +103,7 @@ JX_API jx_status jx_application_will_enter_foreground(void);
 /// Tells the library that an optional module is in this process: "JXMobileConsent" makes it wait
 /// for consent. Before the first `jx_server_side`. An empty name is ignored.
 JX_API jx_status jx_register_module(const char* name);
+/// Takes the name back.
 JX_API jx_status jx_unregister_module(const char* name);
 /// Names the viewer's installation for this and all later launches; a null or empty one is ignored.
 JX_API jx_status jx_set_anonymous_id(const char* id);
@@ -106,8 +111,9 @@ JX_API jx_status jx_set_anonymous_id(const char* id);
 JX_API jx_status jx_get_anonymous_id(char* buffer, size_t capacity, size_t* length);
 /// Stated by the consent module at each start; null takes it away.
 JX_API jx_status jx_set_consent_id(const char* id);
-/// Makes the installation's unique identifier the anonymous id, or the consent id.
+/// Makes the installation's unique identifier the anonymous id.
 JX_API jx_status jx_use_legacy_unique_id_for_anonymous_id(void);
+/// Makes it the consent id.
 JX_API jx_status jx_use_legacy_unique_id_for_consent_id(void);
 
 // What goes around every event.
@@ -123,6 +129,7 @@ typedef enum jx_block {
 /// Adds a text under a key of the host's own to a `jx_block` of every later event; not while
 /// another thread executes. A null value adds nothing.
 JX_API jx_status jx_block_add(uint32_t block, const char* key, const char* value);
+/// The same with any JSON value.
 JX_API jx_status jx_block_add_json(uint32_t block, const char* key, const char* json);
 
 /// A predefined variable's text; `name` is one of those in jx/c/events/jx_names.h.
@@ -130,9 +137,11 @@ JX_API jx_status jx_block_add_json(uint32_t block, const char* key, const char* 
 JX_API jx_status jx_get_variable(const char* name, char* buffer, size_t capacity, size_t* length);
 /// Sets a predefined variable, or one of the host's own; null removes it.
 JX_API jx_status jx_set_variable(const char* name, const char* value);
-/// The same for the core's variables: the advertising identifiers and the consent version.
+/// The same as `jx_get_variable` for the core's variables: the advertising identifiers and the
+/// consent version.
 JX_API jx_status jx_get_core_variable(const char* name, char* buffer, size_t capacity,
                                       size_t* length);
+/// Sets one of the core's variables; null removes it.
 JX_API jx_status jx_set_core_variable(const char* name, const char* value);
 
 #ifdef __cplusplus

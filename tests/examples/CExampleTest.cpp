@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -61,6 +63,31 @@ TEST_F(CExample, WaitsForConsentAndKeepsMoneyExact) {
   const JXJsonObject product = purchase.get("items").array().at(0).object().get("product").object();
   EXPECT_EQ(product.get("price").numberText(), JXString("3.39"));
   EXPECT_EQ(product.get("category_2").string(), JXString("light"));
+}
+
+std::string textOf(const std::string& path) {
+  std::ifstream file(std::string(JX_SOURCE_DIR) + "/" + path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+TEST(CMinimalExample, DeliversItsEventOverHttps) {
+  const TemporaryFolder folder;
+  const CollectorProgram collector(JX_PROGRAM, folder.path());
+  const auto result =
+      ChildProcess::run(JX_EXAMPLE_C_MINIMAL,
+                        {collector.address(), collector.caFile(), folder.path("state")}, kPatience);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "");
+  ASSERT_EQ(collector.eventCount(), 1u);
+  EXPECT_EQ(collector.body(0).get("event_name").string(), JXString("quiz_answered"));
+  EXPECT_EQ(collector.body(0).get("page_name").string(), JXString("quiz"));
+  EXPECT_EQ(collector.body(0).get("answer").string(), JXString("B"));
+}
+
+TEST(CMinimalExample, TheGuideShowsExactlyThisFile) {
+  const std::string example = textOf("examples/c/minimal.c");
+  ASSERT_FALSE(example.empty());
+  EXPECT_NE(textOf("docs/c.md").find("\n```c\n" + example + "```\n"), std::string::npos);
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ std::string fieldText(const CClass& type, const JXFieldInfo& field, bool isWritt
     parameters.insert(parameters.end(), setter.parameters.begin(), setter.parameters.end());
     std::vector<std::string> arguments{type.handle, name};
     arguments.insert(arguments.end(), setter.arguments.begin(), setter.arguments.end());
-    text += function(setter.name, parameters, setter.calls, arguments);
+    text += comment(setter.about) + function(setter.name, parameters, setter.calls, arguments);
   }
   return text + "\n";
 }

@@ -41,31 +41,52 @@ std::string choiceName(const CClass& type, const JXFieldInfo& field) {
 std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
   const std::string property(field.property);
   const std::string set = type.name + "_set" + withCapital(property);
+  const std::string sets = "Sets `" + property + "`";
+  const std::string orAbsent = "; null makes it absent.";
   switch (field.kind) {
     case JXFieldKind::Text:
-      return {{set, {"const char* value"}, "jx_object_set_text", {"value"}}};
+      return {{sets + orAbsent, set, {"const char* value"}, "jx_object_set_text", {"value"}}};
     case JXFieldKind::Number:
-      return {{set, {"const char* number"}, "jx_object_set_number", {"number"}},
-              {set + "_integer", {"int64_t value"}, "jx_object_set_integer", {"value"}}};
+      return {
+          {sets + " from a decimal text" + orAbsent,
+           set,
+           {"const char* number"},
+           "jx_object_set_number",
+           {"number"}},
+          {sets + ".", set + "_integer", {"int64_t value"}, "jx_object_set_integer", {"value"}}};
     case JXFieldKind::Flag:
-      return {{set, {"bool value"}, "jx_object_set_flag", {"value"}}};
+      return {{sets + ".", set, {"bool value"}, "jx_object_set_flag", {"value"}}};
     case JXFieldKind::Texts:
     case JXFieldKind::NumberedTexts:
-      return {{set,
+      return {{sets + ", a list of texts" + orAbsent,
+               set,
                {"const char* const* texts", "size_t count"},
                "jx_object_set_texts",
                {"texts", "count"}}};
     case JXFieldKind::Values:
-      return {{set, {"const char* json"}, "jx_object_set_json", {"json"}}};
+      return {{sets + ", a JSON array" + orAbsent,
+               set,
+               {"const char* json"},
+               "jx_object_set_json",
+               {"json"}}};
     case JXFieldKind::Choice:
-      return {{set, {choiceName(type, field) + " value"}, "jx_object_set_choice", {"value"}}};
+      return {{sets + ".",
+               set,
+               {choiceName(type, field) + " value"},
+               "jx_object_set_choice",
+               {"value"}}};
     case JXFieldKind::Items:
-      return {{type.name + "_" + property + "_append",
+      return {{"Appends a copy of an item to `" + property + "`.",
+               type.name + "_" + property + "_append",
                {"const jx_object* item"},
                "jx_object_add_item",
                {"item"}}};
     case JXFieldKind::Product:
-      return {{set, {"const jx_object* product"}, "jx_object_set_product", {"product"}}};
+      return {{sets + " to a copy of a product" + orAbsent,
+               set,
+               {"const jx_object* product"},
+               "jx_object_set_product",
+               {"product"}}};
   }
   return {};
 }

@@ -24,6 +24,7 @@ bool takesName(const CClass& type);
 /// An operation that sets a field: how it is called, what it takes behind the object, and what it
 /// calls with what behind object and field.
 struct CSetter {
+  std::string about;  ///< what it does, in a sentence
   std::string name;
   std::vector<std::string> parameters;
   std::string calls;

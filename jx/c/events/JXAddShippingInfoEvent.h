@@ -22,27 +22,32 @@ static inline jx_status JXAddShippingInfoEvent_create(jx_object** event) {
 
 /// `currency`, written as "currency".
 #define JXAddShippingInfoEvent_currency "JXAddShippingInfoEvent.currency"
+/// Sets `currency`; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXAddShippingInfoEvent_currency, value);
 }
 
 /// `value`, written as "value".
 #define JXAddShippingInfoEvent_value "JXAddShippingInfoEvent.value"
+/// Sets `value` from a decimal text; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setValue(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXAddShippingInfoEvent_value, number);
 }
+/// Sets `value`.
 static inline jx_status JXAddShippingInfoEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXAddShippingInfoEvent_value, value);
 }
 
 /// `coupon`, written as "coupon".
 #define JXAddShippingInfoEvent_coupon "JXAddShippingInfoEvent.coupon"
+/// Sets `coupon`; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXAddShippingInfoEvent_coupon, value);
 }
 
 /// `shippingTier`, written as "shipping_tier".
 #define JXAddShippingInfoEvent_shippingTier "JXAddShippingInfoEvent.shippingTier"
+/// Sets `shippingTier`; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setShippingTier(
     jx_object* event,
     const char* value) {
@@ -51,6 +56,7 @@ static inline jx_status JXAddShippingInfoEvent_setShippingTier(
 
 /// `items`, written as "items".
 #define JXAddShippingInfoEvent_items "JXAddShippingInfoEvent.items"
+/// Appends a copy of an item to `items`.
 static inline jx_status JXAddShippingInfoEvent_items_append(
     jx_object* event,
     const jx_object* item) {

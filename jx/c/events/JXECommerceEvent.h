@@ -24,12 +24,14 @@ static inline jx_status JXECommerceEvent_create(jx_object** event) {
 
 /// `currency`, written as "currency" by the classes that say so.
 #define JXECommerceEvent_currency "JXECommerceEvent.currency"
+/// Sets `currency`; null makes it absent.
 static inline jx_status JXECommerceEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXECommerceEvent_currency, value);
 }
 
 /// `items`, written as "items" by the classes that say so.
 #define JXECommerceEvent_items "JXECommerceEvent.items"
+/// Appends a copy of an item to `items`.
 static inline jx_status JXECommerceEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_add_item(event, JXECommerceEvent_items, item);
 }

@@ -23,21 +23,25 @@ static inline jx_status JXGenerateLeadEvent_create(jx_object** event) {
 
 /// `currency`, written as "currency".
 #define JXGenerateLeadEvent_currency "JXGenerateLeadEvent.currency"
+/// Sets `currency`; null makes it absent.
 static inline jx_status JXGenerateLeadEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXGenerateLeadEvent_currency, value);
 }
 
 /// `value`, written as "value".
 #define JXGenerateLeadEvent_value "JXGenerateLeadEvent.value"
+/// Sets `value` from a decimal text; null makes it absent.
 static inline jx_status JXGenerateLeadEvent_setValue(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXGenerateLeadEvent_value, number);
 }
+/// Sets `value`.
 static inline jx_status JXGenerateLeadEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXGenerateLeadEvent_value, value);
 }
 
 /// `ID`, written as "id".
 #define JXGenerateLeadEvent_ID "JXGenerateLeadEvent.ID"
+/// Sets `ID`; null makes it absent.
 static inline jx_status JXGenerateLeadEvent_setID(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXGenerateLeadEvent_ID, value);
 }

@@ -22,21 +22,25 @@ static inline jx_status JXRemoveFromCartEvent_create(jx_object** event) {
 
 /// `value`, written as "value".
 #define JXRemoveFromCartEvent_value "JXRemoveFromCartEvent.value"
+/// Sets `value` from a decimal text; null makes it absent.
 static inline jx_status JXRemoveFromCartEvent_setValue(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXRemoveFromCartEvent_value, number);
 }
+/// Sets `value`.
 static inline jx_status JXRemoveFromCartEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRemoveFromCartEvent_value, value);
 }
 
 /// `currency`, written as "currency".
 #define JXRemoveFromCartEvent_currency "JXRemoveFromCartEvent.currency"
+/// Sets `currency`; null makes it absent.
 static inline jx_status JXRemoveFromCartEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXRemoveFromCartEvent_currency, value);
 }
 
 /// `items`, written as "items".
 #define JXRemoveFromCartEvent_items "JXRemoveFromCartEvent.items"
+/// Appends a copy of an item to `items`.
 static inline jx_status JXRemoveFromCartEvent_items_append(
     jx_object* event,
     const jx_object* item) {

@@ -22,12 +22,14 @@ static inline jx_status JXSelectItemEvent_create(jx_object** event) {
 
 /// `itemListName`, written as "item_list_name".
 #define JXSelectItemEvent_itemListName "JXSelectItemEvent.itemListName"
+/// Sets `itemListName`; null makes it absent.
 static inline jx_status JXSelectItemEvent_setItemListName(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXSelectItemEvent_itemListName, value);
 }
 
 /// `items`, written as "items".
 #define JXSelectItemEvent_items "JXSelectItemEvent.items"
+/// Appends a copy of an item to `items`.
 static inline jx_status JXSelectItemEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_add_item(event, JXSelectItemEvent_items, item);
 }

@@ -22,6 +22,7 @@ static inline jx_status JXSignUpEvent_create(jx_object** event) {
 
 /// `method`, written as "method".
 #define JXSignUpEvent_method "JXSignUpEvent.method"
+/// Sets `method`; null makes it absent.
 static inline jx_status JXSignUpEvent_setMethod(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXSignUpEvent_method, value);
 }

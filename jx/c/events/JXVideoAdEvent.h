@@ -39,39 +39,47 @@ static inline jx_status JXVideoAdEvent_create(
 
 /// `adAssetID`, written as "ad_asset_id".
 #define JXVideoAdEvent_adAssetID "JXVideoAdEvent.adAssetID"
+/// Sets `adAssetID`; null makes it absent.
 static inline jx_status JXVideoAdEvent_setAdAssetID(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoAdEvent_adAssetID, value);
 }
 
 /// `adPodID`, written as "ad_pod_id".
 #define JXVideoAdEvent_adPodID "JXVideoAdEvent.adPodID"
+/// Sets `adPodID`; null makes it absent.
 static inline jx_status JXVideoAdEvent_setAdPodID(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoAdEvent_adPodID, value);
 }
 
 /// `podPosition`, written as "pod_position".
 #define JXVideoAdEvent_podPosition "JXVideoAdEvent.podPosition"
+/// Sets `podPosition` from a decimal text; null makes it absent.
 static inline jx_status JXVideoAdEvent_setPodPosition(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoAdEvent_podPosition, number);
 }
+/// Sets `podPosition`.
 static inline jx_status JXVideoAdEvent_setPodPosition_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_podPosition, value);
 }
 
 /// `podLength`, written as "pod_length".
 #define JXVideoAdEvent_podLength "JXVideoAdEvent.podLength"
+/// Sets `podLength` from a decimal text; null makes it absent.
 static inline jx_status JXVideoAdEvent_setPodLength(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoAdEvent_podLength, number);
 }
+/// Sets `podLength`.
 static inline jx_status JXVideoAdEvent_setPodLength_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_podLength, value);
 }
 
 /// `adQuartile`, written as "ad_quartile".
 #define JXVideoAdEvent_adQuartile "JXVideoAdEvent.adQuartile"
+/// Sets `adQuartile` from a decimal text; null makes it absent.
 static inline jx_status JXVideoAdEvent_setAdQuartile(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoAdEvent_adQuartile, number);
 }
+/// Sets `adQuartile`.
 static inline jx_status JXVideoAdEvent_setAdQuartile_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_adQuartile, value);
 }
@@ -85,6 +93,7 @@ typedef enum JXVideoAdEvent_AdType {
 
 /// `adType`, written as "ad_type".
 #define JXVideoAdEvent_adType "JXVideoAdEvent.adType"
+/// Sets `adType`.
 static inline jx_status JXVideoAdEvent_setAdType(jx_object* event, JXVideoAdEvent_AdType value) {
   return jx_object_set_choice(event, JXVideoAdEvent_adType, value);
 }
@@ -97,6 +106,7 @@ typedef enum JXVideoAdEvent_LoadType {
 
 /// `loadType`, written as "load_type".
 #define JXVideoAdEvent_loadType "JXVideoAdEvent.loadType"
+/// Sets `loadType`.
 static inline jx_status JXVideoAdEvent_setLoadType(
     jx_object* event,
     JXVideoAdEvent_LoadType value) {

@@ -23,36 +23,43 @@ static inline jx_status JXVideoEvent_create(jx_object** event) {
 
 /// `videoSessionID`, written as "video_session_id".
 #define JXVideoEvent_videoSessionID "JXVideoEvent.videoSessionID"
+/// Sets `videoSessionID`; null makes it absent.
 static inline jx_status JXVideoEvent_setVideoSessionID(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoEvent_videoSessionID, value);
 }
 
 /// `cursorPosition`, written as "cursor_position".
 #define JXVideoEvent_cursorPosition "JXVideoEvent.cursorPosition"
+/// Sets `cursorPosition` from a decimal text; null makes it absent.
 static inline jx_status JXVideoEvent_setCursorPosition(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoEvent_cursorPosition, number);
 }
+/// Sets `cursorPosition`.
 static inline jx_status JXVideoEvent_setCursorPosition_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoEvent_cursorPosition, value);
 }
 
 /// `totalLength`, written as "total_length".
 #define JXVideoEvent_totalLength "JXVideoEvent.totalLength"
+/// Sets `totalLength` from a decimal text; null makes it absent.
 static inline jx_status JXVideoEvent_setTotalLength(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoEvent_totalLength, number);
 }
+/// Sets `totalLength`.
 static inline jx_status JXVideoEvent_setTotalLength_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoEvent_totalLength, value);
 }
 
 /// `videoTitle`, written as "video_title".
 #define JXVideoEvent_videoTitle "JXVideoEvent.videoTitle"
+/// Sets `videoTitle`; null makes it absent.
 static inline jx_status JXVideoEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoEvent_videoTitle, value);
 }
 
 /// `publisher`, written as "publisher".
 #define JXVideoEvent_publisher "JXVideoEvent.publisher"
+/// Sets `publisher`; null makes it absent.
 static inline jx_status JXVideoEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoEvent_publisher, value);
 }

@@ -40,24 +40,28 @@ static inline jx_status JXVideoPlaybackEvent_create(
 
 /// `videoPlayer`, written as "video_player".
 #define JXVideoPlaybackEvent_videoPlayer "JXVideoPlaybackEvent.videoPlayer"
+/// Sets `videoPlayer`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setVideoPlayer(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoPlaybackEvent_videoPlayer, value);
 }
 
 /// `adtype`, written as "ad_type".
 #define JXVideoPlaybackEvent_adtype "JXVideoPlaybackEvent.adtype"
+/// Sets `adtype`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setAdtype(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoPlaybackEvent_adtype, value);
 }
 
 /// `imageQuality`, written as "image_quality".
 #define JXVideoPlaybackEvent_imageQuality "JXVideoPlaybackEvent.imageQuality"
+/// Sets `imageQuality`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setImageQuality(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoPlaybackEvent_imageQuality, value);
 }
 
 /// `interruptionMethod`, written as "interruption_method".
 #define JXVideoPlaybackEvent_interruptionMethod "JXVideoPlaybackEvent.interruptionMethod"
+/// Sets `interruptionMethod`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setInterruptionMethod(
     jx_object* event,
     const char* value) {
@@ -66,57 +70,67 @@ static inline jx_status JXVideoPlaybackEvent_setInterruptionMethod(
 
 /// `videoCategory`, written as "video_category".
 #define JXVideoPlaybackEvent_videoCategory "JXVideoPlaybackEvent.videoCategory"
+/// Sets `videoCategory`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setVideoCategory(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXVideoPlaybackEvent_videoCategory, value);
 }
 
 /// `fullScreen`, written as "full_screen".
 #define JXVideoPlaybackEvent_fullScreen "JXVideoPlaybackEvent.fullScreen"
+/// Sets `fullScreen`.
 static inline jx_status JXVideoPlaybackEvent_setFullScreen(jx_object* event, bool value) {
   return jx_object_set_flag(event, JXVideoPlaybackEvent_fullScreen, value);
 }
 
 /// `adEnabled`, written as "ad_enabled".
 #define JXVideoPlaybackEvent_adEnabled "JXVideoPlaybackEvent.adEnabled"
+/// Sets `adEnabled`.
 static inline jx_status JXVideoPlaybackEvent_setAdEnabled(jx_object* event, bool value) {
   return jx_object_set_flag(event, JXVideoPlaybackEvent_adEnabled, value);
 }
 
 /// `livestream`, written as "livestream".
 #define JXVideoPlaybackEvent_livestream "JXVideoPlaybackEvent.livestream"
+/// Sets `livestream`.
 static inline jx_status JXVideoPlaybackEvent_setLivestream(jx_object* event, bool value) {
   return jx_object_set_flag(event, JXVideoPlaybackEvent_livestream, value);
 }
 
 /// `contentAssetID`, written as "content_asset_id".
 #define JXVideoPlaybackEvent_contentAssetID "JXVideoPlaybackEvent.contentAssetID"
+/// Sets `contentAssetID`, a JSON array; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setContentAssetID(jx_object* event, const char* json) {
   return jx_object_set_json(event, JXVideoPlaybackEvent_contentAssetID, json);
 }
 
 /// `contentPodID`, written as "content_pod_id".
 #define JXVideoPlaybackEvent_contentPodID "JXVideoPlaybackEvent.contentPodID"
+/// Sets `contentPodID`, a JSON array; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setContentPodID(jx_object* event, const char* json) {
   return jx_object_set_json(event, JXVideoPlaybackEvent_contentPodID, json);
 }
 
 /// `adAssetID`, written as "ad_asset_id".
 #define JXVideoPlaybackEvent_adAssetID "JXVideoPlaybackEvent.adAssetID"
+/// Sets `adAssetID`, a JSON array; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setAdAssetID(jx_object* event, const char* json) {
   return jx_object_set_json(event, JXVideoPlaybackEvent_adAssetID, json);
 }
 
 /// `adPodID`, written as "ad_pod_id".
 #define JXVideoPlaybackEvent_adPodID "JXVideoPlaybackEvent.adPodID"
+/// Sets `adPodID`, a JSON array; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setAdPodID(jx_object* event, const char* json) {
   return jx_object_set_json(event, JXVideoPlaybackEvent_adPodID, json);
 }
 
 /// `seekPosition`, written as "seek_position".
 #define JXVideoPlaybackEvent_seekPosition "JXVideoPlaybackEvent.seekPosition"
+/// Sets `seekPosition` from a decimal text; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setSeekPosition(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoPlaybackEvent_seekPosition, number);
 }
+/// Sets `seekPosition`.
 static inline jx_status JXVideoPlaybackEvent_setSeekPosition_integer(
     jx_object* event,
     int64_t value) {
@@ -125,27 +139,33 @@ static inline jx_status JXVideoPlaybackEvent_setSeekPosition_integer(
 
 /// `bitrate`, written as "bitrate".
 #define JXVideoPlaybackEvent_bitrate "JXVideoPlaybackEvent.bitrate"
+/// Sets `bitrate` from a decimal text; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setBitrate(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoPlaybackEvent_bitrate, number);
 }
+/// Sets `bitrate`.
 static inline jx_status JXVideoPlaybackEvent_setBitrate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_bitrate, value);
 }
 
 /// `framerate`, written as "framerate".
 #define JXVideoPlaybackEvent_framerate "JXVideoPlaybackEvent.framerate"
+/// Sets `framerate` from a decimal text; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setFramerate(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoPlaybackEvent_framerate, number);
 }
+/// Sets `framerate`.
 static inline jx_status JXVideoPlaybackEvent_setFramerate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_framerate, value);
 }
 
 /// `sound`, written as "sound".
 #define JXVideoPlaybackEvent_sound "JXVideoPlaybackEvent.sound"
+/// Sets `sound` from a decimal text; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setSound(jx_object* event, const char* number) {
   return jx_object_set_number(event, JXVideoPlaybackEvent_sound, number);
 }
+/// Sets `sound`.
 static inline jx_status JXVideoPlaybackEvent_setSound_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_sound, value);
 }

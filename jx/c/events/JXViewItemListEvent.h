@@ -22,12 +22,14 @@ static inline jx_status JXViewItemListEvent_create(jx_object** event) {
 
 /// `itemListName`, written as "item_list_name".
 #define JXViewItemListEvent_itemListName "JXViewItemListEvent.itemListName"
+/// Sets `itemListName`; null makes it absent.
 static inline jx_status JXViewItemListEvent_setItemListName(jx_object* event, const char* value) {
   return jx_object_set_text(event, JXViewItemListEvent_itemListName, value);
 }
 
 /// `items`, written as "items".
 #define JXViewItemListEvent_items "JXViewItemListEvent.items"
+/// Appends a copy of an item to `items`.
 static inline jx_status JXViewItemListEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_add_item(event, JXViewItemListEvent_items, item);
 }
