@@ -60,8 +60,8 @@ typedef enum jx_status {
 JX_API const char* jx_status_text(uint32_t status);
 
 /// What was wrong in the latest call on this thread that did not return JX_OK, for a person:
-/// "coupn is no field of JXPurchaseEvent". Never null; "" when no call failed. Valid until the next
-/// call on this thread that fails.
+/// "coupn is no field of JXPurchaseEvent". Never null; "" when no call failed. At most 255
+/// bytes. Valid until the next call on this thread that fails.
 JX_API const char* jx_error_detail(void);
 
 /// Version of the library: "1.2.3", by semantic versioning. A constant.

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <thread>
 
 #include "jx/c/jx.h"
 #include "tests/c/CTestTools.h"
@@ -254,6 +255,21 @@ TEST_F(CObject, AMistakeIsALineOfTheLogAndAnAnswerIsNone) {
   EXPECT_EQ(log.with("3 jx_object_set_text: \"coupn\" is no field of JXViewCartEvent"), 1u);
   EXPECT_EQ(jx_object_verify(cart.get()), JX_ERROR_INCOMPLETE);
   EXPECT_EQ(log.with("jx_object_verify"), 0u);
+}
+
+TEST_F(CObject, ALongDetailIsCutBetweenCharacters) {
+  std::string field = "x";
+  for (int i = 0; i < 200; ++i)
+    field += "\u00e9";
+  EXPECT_EQ(jx_object_set_text(cart.get(), field.c_str(), "x"), JX_ERROR_UNKNOWN_FIELD);
+  // A quotation mark, an x and 126 characters of two bytes; one more would need 256 bytes.
+  EXPECT_EQ(detail(), '"' + field.substr(0, 253));
+}
+
+TEST_F(CObject, TheDetailBelongsToTheThread) {
+  EXPECT_EQ(jx_object_set_text(cart.get(), "mine", "x"), JX_ERROR_UNKNOWN_FIELD);
+  std::thread([] { EXPECT_STREQ(jx_error_detail(), ""); }).join();
+  EXPECT_EQ(detail(), "\"mine\" is no field of JXViewCartEvent");
 }
 
 TEST_F(CObject, EachStatusHasItsWords) {

@@ -120,6 +120,7 @@ std::map<std::string, std::string> cHeaders(const std::string& sourceFolder) {
   files[std::string(kFolder) + "jx_names.h"] = namesHeader(sourceFolder);
 
   std::vector<std::string> all;
+  all.reserve(files.size());
   for (const auto& [path, text] : files)
     all.push_back(path);
   files["jx/c/jx_events.h"] = opening("JX_C_JX_EVENTS_H", all, false) +

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/c/internal/JXCall.h"
 
+#include <array>
 #include <cstring>
+#include <string_view>
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonReader.h"
@@ -12,9 +14,16 @@
 namespace jx::c {
 namespace {
 
-std::string& detailOfThread() {
-  static thread_local std::string detail;
-  return detail;
+// Has no destructor: a host may still call while its thread's or the process's objects end.
+thread_local std::array<char, 256> detailOfThread{};
+
+void keepDetail(std::string_view detail) noexcept {
+  // What is cut is cut between characters.
+  const std::string_view beginning = detail.substr(0, detailOfThread.size() - 1);
+  const std::size_t length =
+      beginning.size() < detail.size() ? utf8PrefixLength(beginning) : beginning.size();
+  std::memcpy(detailOfThread.data(), beginning.data(), length);
+  detailOfThread[length] = '\0';
 }
 
 bool isAnswer(jx_status status) {
@@ -27,11 +36,12 @@ bool isAnswer(jx_status status) {
 jx_status report(const char* operation, const Result& result) noexcept {
   if (result.status == JX_OK) return JX_OK;
   try {
-    std::string detail = result.detail.empty() ? jx_status_text(result.status) : result.detail;
+    const std::string detail =
+        result.detail.empty() ? jx_status_text(result.status) : result.detail;
+    keepDetail(detail);
     if (!isAnswer(result.status)) {
       JXLogger::sharedInstance().logMessage_withLevel(std::string(operation) + ": " + detail, 3);
     }
-    detailOfThread() = std::move(detail);
   } catch (...) {
     // No memory for the words: the status alone tells.
     JXLogger::sharedInstance().logMessage_withLevel(operation, 3);
@@ -39,7 +49,7 @@ jx_status report(const char* operation, const Result& result) noexcept {
   return result.status;
 }
 
-const char* latestDetail() noexcept { return detailOfThread().c_str(); }
+const char* latestDetail() noexcept { return detailOfThread.data(); }
 
 Result end(void* handle, JXHandleKind kind) {
   if (handle == nullptr) return JX_OK;
