@@ -5,7 +5,8 @@
 # inherits the include path and the C++ standard, and neither our warnings nor our sanitizers.
 function(jx_compile_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-                         -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+      $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Woverloaded-virtual;-Wold-style-cast>
+      $<$<COMPILE_LANGUAGE:C>:-Wstrict-prototypes>)
   if(JX_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

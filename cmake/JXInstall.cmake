@@ -34,6 +34,9 @@ foreach(header ${public_headers})
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 
+install(FILES ${PROJECT_SOURCE_DIR}/jx/c/module.modulemap COMPONENT jxserverside
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/jx/c)
+
 install(TARGETS jxserverside EXPORT jxserversideTargets COMPONENT jxserverside
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE COMPONENT jxserverside

@@ -10,7 +10,7 @@ import re
 import subprocess
 import sys
 
-CPP_PATTERNS = ("*.h", "*.cpp", "*.mm")
+CPP_PATTERNS = ("*.h", "*.c", "*.cpp", "*.mm")
 INTERNAL_HEADERS = "packaging/internal-headers.txt"
 
 _TOKEN = re.compile(

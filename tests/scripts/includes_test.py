@@ -8,7 +8,7 @@ import faketree
 HEADERS = {path: "#pragma once\n" for path in (
     "jx/JXServerSide.h", "jx/platform/P.h", "jx/core/C.h", "jx/core/json/J.h",
     "jx/variables/V.h", "jx/context/X.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
-    "jx/events/JXEventPropertiesNames.h", "jx/facade/F.h", "tools/jx/T.h", "tests/support/S.h",
+    "jx/events/JXEventPropertiesNames.h", "jx/facade/F.h", "jx/c/I.h", "tools/jx/T.h", "tests/support/S.h",
     "bench/B.h")}
 
 
@@ -43,6 +43,18 @@ class Includes(faketree.FakeTreeTest):
         self.assert_refused("jx/variables/A.h", '"jx/facade/F.h"', '"jx/context/X.h"')
         self.assert_refused("jx/context/A.h", '"jx/facade/F.h"')
         self.assert_refused("jx/events/A.h", '"jx/facade/F.h"')
+
+    def test_the_interface_for_c_stands_above_the_facade(self):
+        self.assert_allowed("jx/c/A.cpp", '"jx/facade/F.h"', '"jx/events/E.h"', '"jx/context/X.h"',
+                            '"jx/variables/V.h"', '"jx/core/C.h"', '"jx/platform/P.h"')
+        self.assert_refused("jx/facade/A.cpp", '"jx/c/I.h"')
+        self.assert_refused("jx/core/A.h", '"jx/c/I.h"')
+
+    def test_headers_of_c_only_in_the_headers_for_c(self):
+        self.assert_allowed("jx/c/A.h", "<stdbool.h>", "<stddef.h>", "<stdint.h>")
+        self.assert_refused("jx/c/A.h", "<stdio.h>", "<unistd.h>")
+        self.assert_refused("jx/c/A.cpp", "<stdint.h>")
+        self.assert_refused("jx/facade/A.h", "<stdint.h>")
 
     def test_events_read_nothing_but_the_core(self):
         self.assert_refused("jx/events/ecommerce/A.cpp", '"jx/variables/V.h"', '"jx/context/X.h"')

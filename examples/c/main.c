@@ -1,0 +1,150 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// An evening in front of a television, in C: consent, shopping, a film with an advertisement.
+#include <inttypes.h>
+#include <stdio.h>
+
+#include "jx/c/jx.h"
+
+static jx_server_side* library;
+static int failures;
+
+// Every operation says how it went. A mistake is in the log too, so an application may just count.
+static void expect(jx_status status) {
+  if (status == JX_OK) return;
+  fprintf(stderr, "%s: %s\n", jx_status_text(status), jx_error_detail());
+  ++failures;
+}
+
+// Sends an event and ends it. What was not made is null, and refused.
+static void send(jx_object* event) {
+  expect(jx_execute(library, event));
+  expect(jx_object_free(event));
+}
+
+static jx_object* lantern(int64_t quantity) {
+  static const char* const categories[] = {"home", "light"};
+  jx_object* product = NULL;
+  jx_object* item = NULL;
+  expect(JXProduct_create(&product));
+  expect(JXProduct_setID(product, "85123A"));
+  expect(JXProduct_setName(product, "Lantern"));
+  expect(JXProduct_setPrice(product, "3.39"));  // money is text, so that it stays exact
+  expect(JXProduct_setCategories(product, categories, 2));
+  expect(JXItem_create(&item));
+  expect(JXItem_setID(item, "1"));
+  expect(JXItem_setQuantity_integer(item, quantity));
+  expect(JXItem_setProduct(item, product));  // a copy
+  expect(jx_object_free(product));
+  return item;
+}
+
+static void look_around(void) {
+  jx_object* event = NULL;
+  expect(JXPageViewEvent_create(&event));
+  expect(JXEvent_setPageName(event, "home"));
+  expect(JXEvent_setPageType(event, "hub"));
+  send(event);
+
+  expect(JXSearchEvent_create(&event));
+  expect(JXSearchEvent_setSearchTerm(event, "lantern"));
+  send(event);
+}
+
+static void shop(void) {
+  jx_object* event = NULL;
+  jx_object* item = lantern(6);
+  expect(JXAddToCartEvent_create(&event));
+  expect(JXAddToCartEvent_setValue(event, "20.34"));
+  expect(JXAddToCartEvent_setCurrency(event, "GBP"));
+  expect(JXAddToCartEvent_items_append(event, item));
+  send(event);
+
+  expect(JXPurchaseEvent_create(&event));
+  expect(JXPurchaseEvent_setID(event, "536365"));
+  expect(JXPurchaseEvent_setRevenue(event, "23.34"));
+  expect(JXPurchaseEvent_setValue(event, "20.34"));
+  expect(JXPurchaseEvent_setShippingAmount(event, "3.00"));
+  expect(JXPurchaseEvent_setCurrency(event, "GBP"));
+  expect(JXPurchaseEvent_setType(event, "retail"));
+  expect(JXPurchaseEvent_setPaymentMethod(event, JXPayementMethod_CARD));
+  expect(JXPurchaseEvent_setStatus(event, JXPurchaseStatus_PENDING));
+  expect(JXPurchaseEvent_items_append(event, item));
+  expect(jx_object_add_parameter_json(event, "gift", "true"));
+  expect(jx_object_verify(event));  // nothing is missing
+  send(event);
+  expect(jx_object_free(item));
+}
+
+static void play(JXVideoPlaybackEvent_Mode mode, int64_t position) {
+  jx_object* event = NULL;
+  expect(JXVideoPlaybackEvent_create(mode, "film-1", &event));
+  expect(JXVideoEvent_setVideoTitle(event, "The Lighthouse Keeper"));
+  expect(JXVideoEvent_setTotalLength_integer(event, 5400));
+  expect(JXVideoEvent_setCursorPosition_integer(event, position));
+  expect(JXVideoPlaybackEvent_setFullScreen(event, true));
+  send(event);
+}
+
+static void advertise(JXVideoAdEvent_Mode mode) {
+  jx_object* event = NULL;
+  expect(JXVideoAdEvent_create(mode, "film-1", &event));
+  expect(JXVideoAdEvent_setAdAssetID(event, "ad-7"));
+  expect(JXVideoAdEvent_setAdType(event, JXVideoAdEvent_AdType_MID_ROLL));
+  send(event);
+}
+
+static void watch(void) {
+  jx_object* event = NULL;
+  play(JXVideoPlaybackEvent_Mode_START, 0);
+  advertise(JXVideoAdEvent_Mode_START);
+  advertise(JXVideoAdEvent_Mode_COMPLETE);
+  expect(JXVideoContentEvent_create(JXVideoContentEvent_Mode_QUARTER_REACHED, "film-1", &event));
+  expect(JXVideoContentEvent_setKeywords(event, "[\"sea\",\"light\"]"));
+  send(event);
+  expect(JXVideoSettingEvent_create(JXVideoSettingEvent_Mode_SUBTITLE_ON, "film-1", &event));
+  send(event);
+  play(JXVideoPlaybackEvent_Mode_COMPLETE, 5400);
+
+  expect(JXCustomEvent_create("quiz_answered", &event));
+  expect(jx_object_add_parameter(event, "answer", "B"));
+  send(event);
+}
+
+static void print_counters(void) {
+  jx_counters counters;
+  expect(jx_counters_get(&counters, sizeof counters));
+  printf("added %" PRIu64 ", delivered %" PRIu64 ", rejected %" PRIu64 ", queued %" PRIu64 "\n",
+         counters.added, counters.delivered, counters.rejected, counters.queued);
+}
+
+// session [HOST [CA_FILE [STORAGE_FOLDER]]]
+int main(int argc, char** argv) {
+  jx_configuration configuration;
+  jx_status flushed;
+  expect(jx_configuration_init(&configuration, sizeof configuration));
+  if (argc > 1) configuration.collection_host = argv[1];
+  if (argc > 2) configuration.ca_file = argv[2];
+  if (argc > 3) configuration.storage_folder = argv[3];
+  configuration.bundle_identifier = "com.example.tv";
+  configuration.bundle_name = "Example TV";
+  expect(jx_configure(&configuration));
+
+  expect(jx_register_module("JXMobileConsent"));  // what a consent module does
+  expect(jx_server_side_create(1, "source-key", JX_BEHAVIOUR_DEFAULT, NULL, &library));
+  look_around();  // sent without a user: the viewer has not answered yet
+
+  expect(jx_set_consent_id("consent-1"));
+  expect(jx_enable(library));
+  expect(jx_set_permanent(library, "store", "uk"));
+  shop();
+  expect(jx_application_did_enter_background());
+  expect(jx_application_will_enter_foreground());
+  watch();
+
+  flushed = jx_flush(5000);
+  print_counters();
+  expect(jx_server_side_free(library));
+  return failures == 0 && flushed == JX_OK && jx_handle_count() == 0 ? 0 : 1;
+}

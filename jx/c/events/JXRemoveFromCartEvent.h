@@ -1,0 +1,54 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+//
+// Written by jx_c_headers from the tables in jx/events. Do not change it by hand.
+// clang-format off
+#ifndef JX_C_EVENTS_JXRemoveFromCartEvent_H
+#define JX_C_EVENTS_JXRemoveFromCartEvent_H
+
+#include "jx/c/jx_object.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/// Items were taken out of the cart. Takes the fields of JXECommerceEvent too.
+#define JXRemoveFromCartEvent_class "JXRemoveFromCartEvent"
+
+/// A new one in `*event`, to be ended with `jx_object_free`.
+static inline jx_status JXRemoveFromCartEvent_create(jx_object** event) {
+  return jx_event_create("JXRemoveFromCartEvent", event);
+}
+
+/// `value`, written as "value".
+#define JXRemoveFromCartEvent_value "JXRemoveFromCartEvent.value"
+/// Sets `value` from a decimal text; null makes it absent.
+static inline jx_status JXRemoveFromCartEvent_setValue(jx_object* event, const char* number) {
+  return jx_object_set_number(event, JXRemoveFromCartEvent_value, number);
+}
+/// Sets `value`.
+static inline jx_status JXRemoveFromCartEvent_setValue_integer(jx_object* event, int64_t value) {
+  return jx_object_set_integer(event, JXRemoveFromCartEvent_value, value);
+}
+
+/// `currency`, written as "currency".
+#define JXRemoveFromCartEvent_currency "JXRemoveFromCartEvent.currency"
+/// Sets `currency`; null makes it absent.
+static inline jx_status JXRemoveFromCartEvent_setCurrency(jx_object* event, const char* value) {
+  return jx_object_set_text(event, JXRemoveFromCartEvent_currency, value);
+}
+
+/// `items`, written as "items".
+#define JXRemoveFromCartEvent_items "JXRemoveFromCartEvent.items"
+/// Appends a copy of an item to `items`.
+static inline jx_status JXRemoveFromCartEvent_items_append(
+    jx_object* event,
+    const jx_object* item) {
+  return jx_object_add_item(event, JXRemoveFromCartEvent_items, item);
+}
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,41 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+//
+// Written by jx_c_headers from the tables in jx/events. Do not change it by hand.
+// clang-format off
+#ifndef JX_C_EVENTS_JXSelectItemEvent_H
+#define JX_C_EVENTS_JXSelectItemEvent_H
+
+#include "jx/c/jx_object.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/// The viewer chose an item of a list. Takes the fields of JXEvent too.
+#define JXSelectItemEvent_class "JXSelectItemEvent"
+
+/// A new one in `*event`, to be ended with `jx_object_free`.
+static inline jx_status JXSelectItemEvent_create(jx_object** event) {
+  return jx_event_create("JXSelectItemEvent", event);
+}
+
+/// `itemListName`, written as "item_list_name".
+#define JXSelectItemEvent_itemListName "JXSelectItemEvent.itemListName"
+/// Sets `itemListName`; null makes it absent.
+static inline jx_status JXSelectItemEvent_setItemListName(jx_object* event, const char* value) {
+  return jx_object_set_text(event, JXSelectItemEvent_itemListName, value);
+}
+
+/// `items`, written as "items".
+#define JXSelectItemEvent_items "JXSelectItemEvent.items"
+/// Appends a copy of an item to `items`.
+static inline jx_status JXSelectItemEvent_items_append(jx_object* event, const jx_object* item) {
+  return jx_object_add_item(event, JXSelectItemEvent_items, item);
+}
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,153 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/c/internal/JXCObject.h"
+
+#include <type_traits>
+#include <utility>
+
+#include "jx/events/JXEventClass.h"
+
+namespace jx::c {
+namespace {
+
+constexpr std::string_view kParameters = "parameters";
+
+const JXFieldInfo* fieldIn(const JXFieldTable* table, std::string_view property) {
+  if (table == nullptr) return nullptr;
+  const std::size_t field = table->findProperty(property);
+  return field != JXFieldTable::npos ? &table->fields()[field] : nullptr;
+}
+
+}  // namespace
+
+JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
+    : type_(type), event_(std::move(event)) {}
+
+// The names are constants with a NUL behind them.
+const char* JXCEvent::className() const { return type_.className.data(); }
+
+const JXFieldInfo* JXCEvent::fieldOf(std::string_view property) const {
+  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
+    for (const JXFieldTable* table : {type->written, type->unwritten}) {
+      if (const JXFieldInfo* const field = fieldIn(table, property)) return field;
+    }
+  }
+  return nullptr;
+}
+
+bool JXCEvent::isOf(std::string_view className) const {
+  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
+    if (type->className == className) return true;
+  }
+  return false;
+}
+
+std::string JXCEvent::set(const JXFieldInfo& field, const JXJsonValue& value) {
+  std::string wrong = type_.setProperty(*event_, field.property, value);
+  if (wrong.empty() && field.kind == JXFieldKind::Items) {
+    lists_.set(field.property, value.array());  // absent for a null, which removes the list
+  }
+  return wrong;
+}
+
+Result JXCEvent::addItem(const JXFieldInfo& field, const JXCObject& item) {
+  JXJsonArray list = lists_.get(field.property).array();
+  if (!list.isPresent()) {
+    list = JXJsonArray();
+    lists_.set(field.property, list);
+  }
+  list.append(item.values());
+  listsChanged_ = true;
+  return JX_OK;
+}
+
+void JXCEvent::addParameter(std::string_view key, const JXJsonValue& value) {
+  JXJsonObject entries;
+  entries.set(key, value);
+  event_->addAdditionalParameter(entries);
+}
+
+void JXCEvent::applyLists() {
+  if (!listsChanged_) return;
+  for (const JXJsonEntry& list : lists_.entries())
+    type_.setProperty(*event_, list.key.view(), list.value);
+  listsChanged_ = false;
+}
+
+Result JXCEvent::verify() {
+  applyLists();
+  const JXString failed = event_->firstFailedCondition();
+  if (!failed.isPresent()) return JX_OK;
+  return {JX_ERROR_INCOMPLETE, failed.toStdString()};
+}
+
+JXJsonObject JXCEvent::json() {
+  applyLists();
+  return event_->getJsonObject();
+}
+
+std::shared_ptr<JXEvent> JXCEvent::event() {
+  applyLists();
+  return event_;
+}
+
+template <typename Block>
+const char* JXCBlock<Block>::className() const {
+  return std::is_same_v<Block, JXItem> ? "JXItem" : "JXProduct";
+}
+
+template <typename Block>
+const JXFieldInfo* JXCBlock<Block>::fieldOf(std::string_view property) const {
+  return fieldIn(&Block::fields(), property);
+}
+
+template <typename Block>
+bool JXCBlock<Block>::isOf(std::string_view name) const {
+  return name == className();
+}
+
+template <typename Block>
+std::string JXCBlock<Block>::set(const JXFieldInfo& field, const JXJsonValue& value) {
+  const JXFieldTable& table = Block::fields();
+  std::string wrong = table.set(*block_, table.findProperty(field.property), value);
+  // An absent value stands as JSON's null: the copy must become absent too.
+  if (wrong.empty()) {
+    values_.set(field.property, value.isPresent() ? value : JXJsonValue::null());
+  }
+  return wrong;
+}
+
+template <typename Block>
+Result JXCBlock<Block>::addItem(const JXFieldInfo&, const JXCObject&) {
+  return {JX_ERROR_WRONG_TYPE, std::string(className()) + " holds no items"};
+}
+
+template <typename Block>
+void JXCBlock<Block>::addParameter(std::string_view key, const JXJsonValue& value) {
+  JXJsonObject entries;
+  entries.set(key, value);
+  block_->addAdditionalProperty(entries);
+  JXJsonObject all = values_.get(kParameters).object().mutableCopy();
+  if (!all.isPresent()) all = JXJsonObject();
+  all.set(key, value);
+  values_.set(kParameters, all);
+}
+
+template <typename Block>
+Result JXCBlock<Block>::verify() {
+  bool isComplete = false;
+  if constexpr (std::is_same_v<Block, JXItem>) {
+    isComplete = block_->verifyItem();
+  } else {
+    isComplete = block_->verifyProduct();
+  }
+  if (isComplete) return JX_OK;
+  return {JX_ERROR_INCOMPLETE, std::is_same_v<Block, JXItem>
+                                   ? "the item lacks ID, quantity or a complete product"
+                                   : "the product lacks ID, name or price"};
+}
+
+template class JXCBlock<JXItem>;
+template class JXCBlock<JXProduct>;
+
+}  // namespace jx::c

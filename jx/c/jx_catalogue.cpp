@@ -1,0 +1,128 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/c/jx_catalogue.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jx/c/internal/JXCall.h"
+#include "jx/events/JXEventClass.h"
+#include "jx/events/JXItem.h"
+#include "jx/events/JXProduct.h"
+
+namespace {
+
+using jx::JXEventClass;
+using jx::JXFieldKind;
+
+static_assert(static_cast<int>(JXFieldKind::Text) == JX_KIND_TEXT);
+static_assert(static_cast<int>(JXFieldKind::Number) == JX_KIND_NUMBER);
+static_assert(static_cast<int>(JXFieldKind::Flag) == JX_KIND_FLAG);
+static_assert(static_cast<int>(JXFieldKind::Texts) == JX_KIND_TEXTS);
+static_assert(static_cast<int>(JXFieldKind::NumberedTexts) == JX_KIND_NUMBERED_TEXTS);
+static_assert(static_cast<int>(JXFieldKind::Values) == JX_KIND_VALUES);
+static_assert(static_cast<int>(JXFieldKind::Choice) == JX_KIND_CHOICE);
+static_assert(static_cast<int>(JXFieldKind::Items) == JX_KIND_ITEMS);
+static_assert(static_cast<int>(JXFieldKind::Product) == JX_KIND_PRODUCT);
+
+// A list of texts as C wants it; the texts are constants with a NUL behind them.
+std::vector<const char*> pointers(const std::vector<std::string_view>& texts) {
+  std::vector<const char*> list;
+  list.reserve(texts.size());
+  for (const std::string_view text : texts)
+    list.push_back(text.data());
+  return list;
+}
+
+// A class with the memory that it points to.
+struct Entry {
+  jx_class type = {};
+  std::vector<jx_field> fields;
+  std::vector<std::vector<const char*>> members;
+  std::vector<const char*> eventNames;
+  std::vector<const char*> modes;
+
+  void addFields(const jx::JXFieldTable& table, bool isWritten) {
+    for (const jx::JXFieldInfo& field : table.fields()) {
+      members.push_back(pointers(field.choices.allMembers()));
+      // A vector that moves keeps its memory.
+      fields.push_back({field.property.data(), field.key.data(), static_cast<jx_kind>(field.kind),
+                        isWritten, members.back().data(), members.back().size()});
+    }
+    type.fields = fields.data();
+    type.field_count = fields.size();
+  }
+};
+
+class Catalogue {
+ public:
+  Catalogue() {
+    for (const JXEventClass* type : jx::allEventClasses())
+      addEvent(*type);
+    addBlock("JXItem", jx::JXItem::fields());
+    addBlock("JXProduct", jx::JXProduct::fields());
+  }
+
+  const jx_class* at(size_t index) const {
+    return index < entries_.size() ? &entries_[index]->type : nullptr;
+  }
+  const jx_class* named(std::string_view name) const {
+    for (const auto& entry : entries_) {
+      if (name == entry->type.name) return &entry->type;
+    }
+    return nullptr;
+  }
+
+ private:
+  Entry& add(std::string_view name) {
+    entries_.push_back(std::make_unique<Entry>());
+    entries_.back()->type.name = name.data();
+    return *entries_.back();
+  }
+  void addEvent(const JXEventClass& type) {
+    Entry& entry = add(type.className);
+    entry.type.is_event = true;
+    if (type.base != nullptr) entry.type.base = named(type.base->className);
+    entry.addFields(*type.written, true);
+    if (type.unwritten != nullptr) entry.addFields(*type.unwritten, false);
+    entry.eventNames = pointers(type.eventNames);
+    entry.type.event_names = entry.eventNames.data();
+    entry.type.event_name_count = entry.eventNames.size();
+    entry.modes = pointers(type.modes);
+    entry.type.modes = entry.modes.data();
+    entry.type.mode_count = entry.modes.size();
+  }
+  void addBlock(std::string_view name, const jx::JXFieldTable& table) {
+    add(name).addFields(table, true);
+  }
+
+  std::vector<std::unique_ptr<Entry>> entries_;
+};
+
+// Made when it is first asked for, never destroyed.
+const Catalogue& catalogue() {
+  static const auto& made = *new Catalogue();
+  return made;
+}
+
+}  // namespace
+
+const jx_class* jx_class_at(size_t index) {
+  const jx_class* found = nullptr;
+  jx::c::call(__func__, [&] {
+    found = catalogue().at(index);
+    return jx::c::Result(JX_OK);
+  });
+  return found;
+}
+
+const jx_class* jx_class_named(const char* name) {
+  const jx_class* found = nullptr;
+  jx::c::call(__func__, [&] {
+    if (name != nullptr) found = catalogue().named(name);
+    return jx::c::Result(JX_OK);
+  });
+  return found;
+}

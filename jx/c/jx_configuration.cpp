@@ -1,0 +1,162 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/c/jx_configuration.h"
+
+#include <chrono>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "jx/c/internal/JXCall.h"
+#include "jx/core/JXCoreConfiguration.h"
+#include "jx/core/JXLogger.h"
+
+namespace {
+
+using jx::c::Result;
+using std::chrono::milliseconds;
+
+class CClock final : public jx::JXClock {
+ public:
+  CClock(jx_clock clock, void* context) : clock_(clock), context_(context) {}
+  std::int64_t nowMs() const override { return clock_(context_); }
+
+ private:
+  jx_clock clock_;
+  void* context_;
+};
+
+jx_configuration defaults() {
+  const jx::JXCoreConfiguration standard;
+  jx_configuration c = {};
+  c.struct_size = sizeof c;
+  c.log_level = standard.logLevel;
+  c.max_requests = standard.outboxBounds.maxRequests;
+  c.max_bytes = standard.outboxBounds.maxBytes;
+  c.max_age_ms = standard.outboxBounds.maxAge.count();
+  c.max_dead_letters = standard.outboxBounds.maxDeadLetters;
+  c.max_in_memory = standard.outboxBounds.maxInMemory;
+  const jx::JXRetryTimings& timings = standard.retryTimings;
+  c.first_pause_ms = timings.firstPause.count();
+  c.longest_pause_ms = timings.longestPause.count();
+  c.longest_retry_after_ms = timings.longestRetryAfter.count();
+  c.connect_timeout_ms = timings.connectTimeout.count();
+  c.request_timeout_ms = timings.requestTimeout.count();
+  c.sync_delay_ms = timings.syncDelay.count();
+  c.user_agent_wait_ms = timings.userAgentWait.count();
+  c.start_hold_ms = timings.startHold.count();
+  return c;
+}
+
+// Where a number of C has more bits than ours.
+std::size_t held(std::uint64_t value) {
+  constexpr std::uint64_t kMost = std::numeric_limits<std::size_t>::max();
+  return static_cast<std::size_t>(value < kMost ? value : kMost);
+}
+
+void readBounds(const jx_configuration& c, jx::JXOutboxBounds& bounds) {
+  bounds.maxRequests = held(c.max_requests);
+  bounds.maxBytes = c.max_bytes;
+  bounds.maxAge = milliseconds(c.max_age_ms);
+  bounds.maxDeadLetters = held(c.max_dead_letters);
+  bounds.maxInMemory = held(c.max_in_memory);
+}
+
+void readTimings(const jx_configuration& c, jx::JXRetryTimings& timings) {
+  timings.firstPause = milliseconds(c.first_pause_ms);
+  timings.longestPause = milliseconds(c.longest_pause_ms);
+  timings.longestRetryAfter = milliseconds(c.longest_retry_after_ms);
+  timings.connectTimeout = milliseconds(c.connect_timeout_ms);
+  timings.requestTimeout = milliseconds(c.request_timeout_ms);
+  timings.syncDelay = milliseconds(c.sync_delay_ms);
+  timings.userAgentWait = milliseconds(c.user_agent_wait_ms);
+  timings.startHold = milliseconds(c.start_hold_ms);
+}
+
+jx_delivery inC(const jx::JXDelivery& delivery) {
+  jx_delivery c = {};
+  c.outcome = static_cast<jx_outcome>(delivery.outcome);
+  c.event_id = delivery.eventId.isPresent() ? delivery.eventId.c_str() : nullptr;
+  c.status = delivery.status;
+  c.reason = delivery.reason.isPresent() ? delivery.reason.c_str() : nullptr;
+  c.drop_reason = static_cast<jx_drop_reason>(delivery.dropReason);
+  return c;
+}
+
+void readCallbacks(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
+  configuration.logSink = nullptr;
+  if (c.log_sink != nullptr) {
+    configuration.logSink = [sink = c.log_sink, context = c.log_sink_context](
+                                int level, std::string_view message) {
+      sink(context, level, std::string(message).c_str());
+    };
+  }
+  configuration.onDelivery = nullptr;
+  if (c.on_delivery != nullptr) {
+    configuration.onDelivery = [callback = c.on_delivery,
+                                context = c.on_delivery_context](const jx::JXDelivery& delivery) {
+      const jx_delivery told = inC(delivery);
+      callback(context, &told);
+    };
+  }
+  configuration.clock.reset();
+  if (c.clock != nullptr) configuration.clock = std::make_shared<CClock>(c.clock, c.clock_context);
+}
+
+Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
+  configuration.storageFolder = c.storage_folder;
+  configuration.collectionHost = c.collection_host;
+  configuration.caFile = c.ca_file;
+  configuration.pinnedPublicKeys.clear();
+  if (c.pinned_public_keys == nullptr && c.pinned_public_key_count != 0) {
+    return {JX_ERROR_NULL_ARGUMENT, "pinned_public_keys is null"};
+  }
+  for (size_t i = 0; i < c.pinned_public_key_count; ++i) {
+    // Left out, a key would pin nothing; as a text that is no key it is told of and matches none.
+    const char* const key = c.pinned_public_keys[i];
+    configuration.pinnedPublicKeys.emplace_back(key != nullptr ? key : "");
+  }
+  configuration.proxy = c.proxy;
+  configuration.logLevel = c.log_level;
+  readBounds(c, configuration.outboxBounds);
+  readTimings(c, configuration.retryTimings);
+  configuration.dryRun = c.dry_run;
+  configuration.bundle = {c.bundle_identifier, c.bundle_name, c.bundle_version,
+                          c.bundle_short_version};
+  configuration.screen = {c.screen_width, c.screen_height};
+  configuration.userAgent = c.user_agent;
+  readCallbacks(c, configuration);
+  return JX_OK;
+}
+
+bool isKnownSize(size_t size) { return size > sizeof(size_t) && size <= sizeof(jx_configuration); }
+
+}  // namespace
+
+jx_status jx_configuration_init(jx_configuration* configuration, size_t struct_size) {
+  return jx::c::call(__func__, [&]() -> Result {
+    if (configuration == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    if (!isKnownSize(struct_size)) return JX_ERROR_STRUCT_SIZE;
+    jx_configuration filled = defaults();
+    filled.struct_size = struct_size;
+    std::memcpy(configuration, &filled, struct_size);
+    return JX_OK;
+  });
+}
+
+jx_status jx_configure(const jx_configuration* configuration) {
+  return jx::c::call(__func__, [&]() -> Result {
+    if (configuration == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    if (!isKnownSize(configuration->struct_size)) return JX_ERROR_STRUCT_SIZE;
+    // What an older program does not know keeps its default.
+    jx_configuration whole = defaults();
+    std::memcpy(&whole, configuration, configuration->struct_size);
+    jx::JXCoreConfiguration wanted = jx::JXCoreConfiguration::current();
+    Result result = read(whole, wanted);
+    if (result.status != JX_OK) return result;
+    return jx::JXCoreConfiguration::set(wanted) ? JX_OK : JX_ERROR_TOO_LATE;
+  });
+}
+
+void jx_set_log_level(int32_t level) { jx::JXLogger::sharedInstance().setMaxLevel(level); }

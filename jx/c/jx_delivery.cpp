@@ -1,0 +1,79 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/c/jx_delivery.h"
+
+#include <chrono>
+#include <cstring>
+
+#include "jx/c/internal/JXCall.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+
+namespace {
+
+using jx::JXDeliveryOutcome;
+using jx::JXDropReason;
+using jx::c::Result;
+
+static_assert(static_cast<int>(JXDeliveryOutcome::Delivered) == JX_OUTCOME_DELIVERED);
+static_assert(static_cast<int>(JXDeliveryOutcome::Rejected) == JX_OUTCOME_REJECTED);
+static_assert(static_cast<int>(JXDeliveryOutcome::Dropped) == JX_OUTCOME_DROPPED);
+static_assert(static_cast<int>(JXDropReason::None) == JX_DROP_NONE);
+static_assert(static_cast<int>(JXDropReason::TooMany) == JX_DROP_TOO_MANY);
+static_assert(static_cast<int>(JXDropReason::TooLarge) == JX_DROP_TOO_LARGE);
+static_assert(static_cast<int>(JXDropReason::TooOld) == JX_DROP_TOO_OLD);
+static_assert(static_cast<int>(JXDropReason::NoStorage) == JX_DROP_NO_STORAGE);
+static_assert(static_cast<int>(JXDropReason::Unreadable) == JX_DROP_UNREADABLE);
+static_assert(static_cast<int>(JXDropReason::Purged) == JX_DROP_PURGED);
+
+jx_counters inC(const jx::JXDeliveryCounters& counters) {
+  const jx::JXOutboxCounters& outbox = counters.outbox;
+  jx_counters c = {};
+  c.added = outbox.added;
+  c.delivered = outbox.delivered;
+  c.rejected = outbox.rejected;
+  c.dropped_too_many = outbox.droppedTooMany;
+  c.dropped_too_large = outbox.droppedTooLarge;
+  c.dropped_too_old = outbox.droppedTooOld;
+  c.dropped_no_storage = outbox.droppedNoStorage;
+  c.dropped_unreadable = outbox.droppedUnreadable;
+  c.purged = outbox.purged;
+  c.storage_errors = outbox.storageErrors;
+  c.damaged = outbox.damaged;
+  c.queued = outbox.queued;
+  c.queued_bytes = outbox.queuedBytes;
+  c.in_memory = outbox.inMemory;
+  c.tries = counters.tries;
+  c.failures = counters.failures;
+  c.holding = counters.holding;
+  return c;
+}
+
+}  // namespace
+
+jx_status jx_counters_get(jx_counters* counters, size_t struct_size) {
+  return jx::c::call(__func__, [&]() -> Result {
+    if (counters == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    if (struct_size <= sizeof(size_t) || struct_size > sizeof(jx_counters)) {
+      return JX_ERROR_STRUCT_SIZE;
+    }
+    jx_counters filled = inC(jx::JXNetworkManager::sharedInstance().counters());
+    filled.struct_size = struct_size;
+    std::memcpy(counters, &filled, struct_size);
+    return JX_OK;
+  });
+}
+
+jx_status jx_flush(int64_t deadline_ms) {
+  return jx::c::call(__func__, [&]() -> Result {
+    const bool isEmpty =
+        jx::JXNetworkManager::sharedInstance().flush(std::chrono::milliseconds(deadline_ms));
+    return isEmpty ? JX_OK : JX_ERROR_TIMED_OUT;
+  });
+}
+
+jx_status jx_purge(void) {
+  return jx::c::call(__func__, [] {
+    jx::JXNetworkManager::sharedInstance().purge();
+    return Result(JX_OK);
+  });
+}

@@ -1,0 +1,182 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Every class and every field can be reached from C, and gives the body that C++ gives.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "jx/c/jx_catalogue.h"
+#include "jx/c/jx_object.h"
+#include "jx/core/json/JXJsonReader.h"
+#include "jx/events/JXEventClass.h"
+#include "jx/events/JXItem.h"
+#include "jx/events/JXProduct.h"
+#include "tests/c/CTestTools.h"
+#include "tests/c/EverySetter.h"
+#include "tests/c/SampleValues.h"
+#include "tests/support/JXEventTestTools.h"
+
+namespace jx::test {
+namespace {
+
+JXJsonValue sample(const JXFieldInfo& field) {
+  const JXJsonReading reading = JXJsonReader::read(sampleJson(field));
+  EXPECT_EQ(reading.error, "");
+  return reading.value;
+}
+
+void fill(const JXEventClass& type, JXEvent& event) {
+  for (const JXEventClass* part = &type; part != nullptr; part = part->base) {
+    for (const JXFieldTable* table : {part->written, part->unwritten}) {
+      if (table == nullptr) continue;
+      for (const JXFieldInfo& field : table->fields())
+        EXPECT_EQ(type.setProperty(event, field.property, sample(field)), "") << field.property;
+    }
+  }
+}
+
+template <typename Block>
+std::string filledJson() {
+  const auto block = Block::init();
+  const auto& fields = Block::fields().fields();
+  for (std::size_t i = 0; i < fields.size(); ++i)
+    EXPECT_EQ(Block::fields().set(*block, i, sample(fields[i])), "");
+  return jsonText(block->getJsonObject());
+}
+
+// JSON by class name: every field set, in C++.
+std::map<std::string, std::string> filledInCpp() {
+  std::map<std::string, std::string> bodies;
+  for (const JXEventClass* type : allEventClasses()) {
+    const int lastMode = static_cast<int>(type->modes.size()) - 1;
+    const auto event = type->make(type->modes.empty() ? 0 : lastMode, "session");
+    fill(*type, *event);
+    bodies[std::string(type->className)] = eventJson(*event);
+  }
+  bodies["JXItem"] = filledJson<JXItem>();
+  bodies["JXProduct"] = filledJson<JXProduct>();
+  return bodies;
+}
+
+using Bodies = std::map<std::string, std::string>;
+
+void keepBody(void* context, const char* className, jx_object* object) {
+  EXPECT_STREQ(jx_object_class(object), className);
+  (*static_cast<Bodies*>(context))[className] = objectJson(object);
+}
+
+// Sets a field by the operation that the catalogue names for its kind.
+jx_status setByName(jx_object* object, const jx_field& field, const jx_object* item,
+                    const jx_object* product) {
+  const char* const texts[] = {"one", nullptr, "three"};
+  const std::string text = "a " + std::string(field.property);
+  switch (field.kind) {
+    case JX_KIND_TEXT:
+      return jx_object_set_text(object, field.property, text.c_str());
+    case JX_KIND_NUMBER:
+      return jx_object_set_number(object, field.property, "12.50");
+    case JX_KIND_FLAG:
+      return jx_object_set_flag(object, field.property, true);
+    case JX_KIND_TEXTS:
+    case JX_KIND_NUMBERED_TEXTS:
+      return jx_object_set_texts(object, field.property, texts, 3);
+    case JX_KIND_CHOICE:
+      return jx_object_set_choice(object, field.property,
+                                  static_cast<std::uint32_t>(field.member_count - 1));
+    case JX_KIND_ITEMS:
+      EXPECT_EQ(jx_object_set_absent(object, field.property), JX_OK);
+      EXPECT_EQ(jx_object_add_item(object, field.property, item), JX_OK);
+      return jx_object_add_item(object, field.property, item);
+    case JX_KIND_PRODUCT:
+      return jx_object_set_product(object, field.property, product);
+    case JX_KIND_VALUES:
+      break;
+  }
+  return jx_object_set_json(object, field.property,
+                            sampleJson({{}, {}, JXFieldKind::Values, {}}).c_str());
+}
+
+TEST(CCatalogue, EveryFieldOfEveryClassIsSetByItsOwnOperationAndGivesTheBodyOfCpp) {
+  eventPlatform();
+  Bodies inC;
+  EXPECT_EQ(every_setter(&keepBody, &inC), 0);
+  const Bodies inCpp = filledInCpp();
+  EXPECT_EQ(inC.size(), 28u);
+  EXPECT_EQ(inCpp.size(), 28u);
+  for (const auto& [name, body] : inCpp)
+    EXPECT_EQ(inC[name], body);
+}
+
+TEST(CCatalogue, EveryFieldOfEveryClassIsSetByItsNameAndGivesTheBodyOfCpp) {
+  eventPlatform();
+  const Bodies inCpp = filledInCpp();
+  const Object product = makeProduct("p1", "3.390");
+  const Object item = makeItem("i1", 2, product.get());
+  Bodies inC;
+  for (const JXEventClass* type : allEventClasses()) {
+    const std::string name(type->className);
+    const Object object = makeEvent(name.c_str(), type->modes.size());
+    for (const jx_class* part = jx_class_named(name.c_str()); part != nullptr; part = part->base) {
+      for (size_t i = 0; i < part->field_count; ++i) {
+        const jx_field& field = part->fields[i];
+        EXPECT_EQ(setByName(object.get(), field, item.get(), product.get()), JX_OK)
+            << name << "." << field.property;
+      }
+    }
+    inC[name] = objectJson(object.get());
+  }
+  for (const auto& [name, body] : inC)
+    EXPECT_EQ(body, inCpp.at(name));
+  EXPECT_EQ(inC.size(), 26u);
+}
+
+TEST(CCatalogue, ListsEveryClassWithItsBaseNamesModesAndFields) {
+  size_t index = 0;
+  for (const JXEventClass* type : allEventClasses()) {
+    const jx_class* const inC = jx_class_at(index++);
+    ASSERT_NE(inC, nullptr);
+    EXPECT_EQ(std::string(type->className), inC->name);
+    EXPECT_TRUE(inC->is_event);
+    EXPECT_EQ(inC->base, type->base == nullptr
+                             ? nullptr
+                             : jx_class_named(std::string(type->base->className).c_str()));
+    const size_t unwritten = type->unwritten == nullptr ? 0 : type->unwritten->fields().size();
+    EXPECT_EQ(inC->field_count, type->written->fields().size() + unwritten);
+    ASSERT_EQ(inC->event_name_count, type->eventNames.size());
+    ASSERT_EQ(inC->mode_count, type->modes.size());
+    for (size_t i = 0; i < inC->mode_count; ++i)
+      EXPECT_EQ(type->modes[i], inC->modes[i]);
+  }
+  EXPECT_STREQ(jx_class_at(index)->name, "JXItem");
+  EXPECT_STREQ(jx_class_at(index + 1)->name, "JXProduct");
+  EXPECT_FALSE(jx_class_at(index + 1)->is_event);
+  EXPECT_EQ(jx_class_at(index + 2), nullptr);
+}
+
+TEST(CCatalogue, TellsAFieldByPropertyKeyKindAndMembers) {
+  const jx_class* const ad = jx_class_named("JXVideoAdEvent");
+  ASSERT_NE(ad, nullptr);
+  ASSERT_EQ(ad->field_count, 7u);
+  const jx_field& field = ad->fields[5];
+  EXPECT_STREQ(field.property, "adType");
+  EXPECT_STREQ(field.key, "ad_type");
+  EXPECT_EQ(field.kind, JX_KIND_CHOICE);
+  EXPECT_TRUE(field.is_written);
+  ASSERT_EQ(field.member_count, 3u);
+  EXPECT_STREQ(field.members[1], "MID_ROLL");
+  const jx_class* const shopping = jx_class_named("JXECommerceEvent");
+  ASSERT_EQ(shopping->field_count, 2u);
+  EXPECT_FALSE(shopping->fields[0].is_written);
+}
+
+TEST(CCatalogue, AnUnknownOrNullNameIsNoClass) {
+  EXPECT_EQ(jx_class_named("JXNothing"), nullptr);
+  EXPECT_EQ(jx_class_named(""), nullptr);
+  EXPECT_EQ(jx_class_named(nullptr), nullptr);
+}
+
+}  // namespace
+}  // namespace jx::test

@@ -1,0 +1,239 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// The configuration, the counters and the callbacks of the core from C.
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <cstddef>
+#include <cstring>
+#include <future>
+#include <string>
+#include <vector>
+
+#include "jx/c/jx.h"
+#include "jx/core/JXCoreConfiguration.h"
+#include "jx/core/transfer/JXNetworkManager.h"
+#include "tests/c/CTestTools.h"
+#include "tests/support/JXFakePlatform.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace jx::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+jx_configuration standard() {
+  jx_configuration configuration;
+  EXPECT_EQ(jx_configuration_init(&configuration, sizeof configuration), JX_OK);
+  return configuration;
+}
+
+// What every run of the library in these tests has.
+jx_configuration harmless() {
+  JXCoreConfiguration fake;
+  fake.platform = std::make_shared<JXFakePlatform>();
+  EXPECT_TRUE(JXCoreConfiguration::set(fake));
+  jx_configuration configuration = standard();
+  configuration.dry_run = true;
+  configuration.log_level = 0;
+  return configuration;
+}
+
+TEST(CConfiguration, BeginsWithTheDefaultsOfCpp) {
+  const jx_configuration c = standard();
+  EXPECT_EQ(c.struct_size, sizeof c);
+  EXPECT_EQ(c.storage_folder, nullptr);
+  EXPECT_EQ(c.proxy, nullptr);
+  EXPECT_EQ(c.log_level, 3);
+  EXPECT_EQ(c.max_requests, 10'000u);
+  EXPECT_EQ(c.max_bytes, 33'554'432u);
+  EXPECT_EQ(c.max_age_ms, 2'592'000'000);
+  EXPECT_EQ(c.max_dead_letters, 1'000u);
+  EXPECT_EQ(c.max_in_memory, 1'000u);
+  EXPECT_EQ(c.first_pause_ms, 1'000);
+  EXPECT_EQ(c.longest_pause_ms, 300'000);
+  EXPECT_EQ(c.longest_retry_after_ms, 86'400'000);
+  EXPECT_EQ(c.connect_timeout_ms, 10'000);
+  EXPECT_EQ(c.request_timeout_ms, 30'000);
+  EXPECT_EQ(c.sync_delay_ms, 1'000);
+  EXPECT_EQ(c.user_agent_wait_ms, 10'000);
+  EXPECT_EQ(c.start_hold_ms, 1'000);
+  EXPECT_FALSE(c.dry_run);
+}
+
+std::int64_t noon(void* context) { return *static_cast<std::int64_t*>(context); }
+
+TEST(CConfiguration, EveryFieldReachesTheCore) {
+  std::int64_t time = 1'700'000'000'000;
+  const char* const keys[] = {"first", nullptr};
+  jx_configuration c = harmless();
+  c.storage_folder = "folder";
+  c.collection_host = "collect.example.com";
+  c.ca_file = "ca.pem";
+  c.pinned_public_keys = keys;
+  c.pinned_public_key_count = 2;
+  c.proxy = "";
+  c.log_level = 1;
+  c.max_requests = 2;
+  c.max_bytes = 3;
+  c.max_age_ms = 4;
+  c.max_dead_letters = 5;
+  c.max_in_memory = 6;
+  c.first_pause_ms = 7;
+  c.longest_pause_ms = 8;
+  c.longest_retry_after_ms = 9;
+  c.connect_timeout_ms = 10;
+  c.request_timeout_ms = 11;
+  c.sync_delay_ms = 12;
+  c.user_agent_wait_ms = 13;
+  c.start_hold_ms = 14;
+  c.bundle_identifier = "com.example.tv";
+  c.bundle_name = "Example";
+  c.bundle_version = "100";
+  c.bundle_short_version = "1.0";
+  c.screen_width = 1280;
+  c.screen_height = 720;
+  c.user_agent = "Agent/1";
+  c.clock = &noon;
+  c.clock_context = &time;
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+
+  const JXCoreConfiguration now = JXCoreConfiguration::current();
+  EXPECT_EQ(now.storageFolder, JXString("folder"));
+  EXPECT_EQ(now.collectionHost, JXString("collect.example.com"));
+  EXPECT_EQ(now.caFile, JXString("ca.pem"));
+  EXPECT_EQ(now.pinnedPublicKeys, (std::vector<std::string>{"first", ""}));
+  EXPECT_EQ(now.proxy, JXString(""));
+  EXPECT_EQ(now.logLevel, 1);
+  EXPECT_EQ(now.outboxBounds.maxRequests, 2u);
+  EXPECT_EQ(now.outboxBounds.maxBytes, 3u);
+  EXPECT_EQ(now.outboxBounds.maxAge, milliseconds(4));
+  EXPECT_EQ(now.outboxBounds.maxDeadLetters, 5u);
+  EXPECT_EQ(now.outboxBounds.maxInMemory, 6u);
+  EXPECT_EQ(now.retryTimings.firstPause, milliseconds(7));
+  EXPECT_EQ(now.retryTimings.longestPause, milliseconds(8));
+  EXPECT_EQ(now.retryTimings.longestRetryAfter, milliseconds(9));
+  EXPECT_EQ(now.retryTimings.connectTimeout, milliseconds(10));
+  EXPECT_EQ(now.retryTimings.requestTimeout, milliseconds(11));
+  EXPECT_EQ(now.retryTimings.syncDelay, milliseconds(12));
+  EXPECT_EQ(now.retryTimings.userAgentWait, milliseconds(13));
+  EXPECT_EQ(now.retryTimings.startHold, milliseconds(14));
+  EXPECT_TRUE(now.dryRun);
+  EXPECT_EQ(now.bundle.identifier, JXString("com.example.tv"));
+  EXPECT_EQ(now.bundle.name, JXString("Example"));
+  EXPECT_EQ(now.bundle.version, JXString("100"));
+  EXPECT_EQ(now.bundle.shortVersion, JXString("1.0"));
+  EXPECT_EQ(now.screen.width, 1280);
+  EXPECT_EQ(now.screen.height, 720);
+  EXPECT_EQ(now.userAgent, JXString("Agent/1"));
+  EXPECT_EQ(now.clock->nowMs(), 1'700'000'000'000);
+  EXPECT_NE(now.platform, nullptr);  // what C cannot say stays
+}
+
+TEST(CConfiguration, IsRefusedOnceTheLibraryHasStarted) {
+  jx_configuration c = harmless();
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+  jx_server_side* serverSide = nullptr;
+  ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, &serverSide), JX_OK);
+  EXPECT_EQ(jx_configure(&c), JX_ERROR_TOO_LATE);
+  EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+}
+
+TEST(CConfiguration, AStructOfAnotherVersionIsTakenWhenItIsOlderOnly) {
+  jx_configuration c = harmless();
+  EXPECT_EQ(jx_configuration_init(&c, sizeof c + 1), JX_ERROR_STRUCT_SIZE);
+  EXPECT_EQ(jx_configuration_init(&c, sizeof(size_t)), JX_ERROR_STRUCT_SIZE);
+  std::memset(&c, 0x55, sizeof c);
+  const size_t older = offsetof(jx_configuration, log_level);
+  ASSERT_EQ(jx_configuration_init(&c, older), JX_OK);
+  EXPECT_EQ(c.log_level, 0x55555555);  // beyond what the program says it has
+  EXPECT_EQ(jx_configure(&c), JX_OK);
+  EXPECT_EQ(JXCoreConfiguration::current().logLevel, 3);
+  c.struct_size = sizeof c + 1;
+  EXPECT_EQ(jx_configure(&c), JX_ERROR_STRUCT_SIZE);
+  jx_counters counters;
+  EXPECT_EQ(jx_counters_get(&counters, sizeof counters + 1), JX_ERROR_STRUCT_SIZE);
+}
+
+TEST(CConfiguration, KeysThatAreCountedMustBeThere) {
+  jx_configuration c = harmless();
+  c.pinned_public_key_count = 1;
+  EXPECT_EQ(jx_configure(&c), JX_ERROR_NULL_ARGUMENT);
+}
+
+void keepLine(void* context, int32_t level, const char* message) {
+  static_cast<std::vector<std::string>*>(context)->push_back(std::to_string(level) + " " + message);
+}
+
+TEST(CConfiguration, LogLinesGoToTheSinkUpToTheLevel) {
+  std::vector<std::string> lines;
+  jx_configuration c = harmless();
+  c.log_sink = &keepLine;
+  c.log_sink_context = &lines;
+  c.log_level = 3;
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+  EXPECT_EQ(jx_object_free(reinterpret_cast<jx_object*>(&c)), JX_ERROR_DEAD_HANDLE);
+  jx_set_log_level(2);
+  EXPECT_EQ(jx_object_free(reinterpret_cast<jx_object*>(&c)), JX_ERROR_DEAD_HANDLE);
+  EXPECT_EQ(lines,
+            (std::vector<std::string>{"3 jx_object_free: the handle was freed or never was one"}));
+  jx_set_log_level(0);
+}
+
+struct Told {
+  int calls = 0;
+  int outcome = -1;
+  int reason = -1;
+  std::string eventId;
+  std::promise<void> done;
+};
+
+void keepDelivery(void* context, const jx_delivery* delivery) {
+  Told& told = *static_cast<Told*>(context);
+  told.outcome = delivery->outcome;
+  told.reason = delivery->drop_reason;
+  told.eventId = delivery->event_id != nullptr ? delivery->event_id : "(none)";
+  EXPECT_EQ(delivery->status, 0);
+  if (++told.calls == 1) told.done.set_value();
+}
+
+TEST(CConfiguration, WhatBecameOfARequestIsToldAndCounted) {
+  // Both outlive the transfer thread, which the end of the process stops.
+  static const TemporaryFolder folder;
+  static Told told;
+  jx_configuration c = harmless();
+  c.dry_run = false;
+  c.storage_folder = folder.path().c_str();
+  c.sync_delay_ms = 1;
+  c.on_delivery = &keepDelivery;
+  c.on_delivery_context = &told;
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+  jx_server_side* serverSide = nullptr;
+  ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DISABLED_BY_DEFAULT, nullptr, &serverSide),
+            JX_OK);
+  JXNetworkManager::sharedInstance().enqueue(
+      "http://127.0.0.1:1/events",
+      R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
+  jx_counters counters;
+  ASSERT_EQ(jx_counters_get(&counters, sizeof counters), JX_OK);
+  EXPECT_EQ(counters.struct_size, sizeof counters);
+  EXPECT_EQ(counters.added, 1u);
+  EXPECT_EQ(counters.queued, 1u);
+  EXPECT_TRUE(counters.holding);
+  EXPECT_EQ(jx_flush(0), JX_ERROR_TIMED_OUT);
+  EXPECT_EQ(jx_purge(), JX_OK);
+  EXPECT_EQ(jx_flush(60'000), JX_OK);
+  ASSERT_EQ(jx_counters_get(&counters, sizeof counters), JX_OK);
+  EXPECT_EQ(counters.purged, 1u);
+  EXPECT_EQ(counters.queued, 0u);
+  ASSERT_EQ(told.done.get_future().wait_for(std::chrono::seconds(60)), std::future_status::ready);
+  EXPECT_EQ(told.outcome, JX_OUTCOME_DROPPED);
+  EXPECT_EQ(told.reason, JX_DROP_PURGED);
+  EXPECT_EQ(told.eventId, "00000000-0000-4000-8000-000000000001");
+  EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+}
+
+}  // namespace
+}  // namespace jx::test

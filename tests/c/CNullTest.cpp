@@ -1,0 +1,102 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// Every operation that takes a pointer is given null for it, one at a time.
+
+#include <gtest/gtest.h>
+
+#include "jx/c/jx.h"
+#include "tests/c/CTestTools.h"
+
+namespace jx::test {
+namespace {
+
+void ignore(void*, const char*, const char*) {}
+
+TEST(CNull, NoObjectIsANullHandle) {
+  char text[8];
+  EXPECT_EQ(jx_object_set_text(nullptr, "ID", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_number(nullptr, "value", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_number(nullptr, "value", nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_integer(nullptr, "value", 1), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_double(nullptr, "value", 1), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_flag(nullptr, "f", true), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_choice(nullptr, "adType", 0), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_texts(nullptr, "colors", nullptr, 1), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_product(nullptr, "product", nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_add_item(nullptr, "items", nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_json(nullptr, "value", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_absent(nullptr, "value"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_add_parameter(nullptr, "a", "b"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_add_parameter_json(nullptr, "a", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_verify(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_json(nullptr, text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_class(nullptr), nullptr);
+}
+
+TEST(CNull, NoServerSideIsANullHandle) {
+  eventPlatform();
+  const Object event = makeEvent("JXEvent");
+  char text[8];
+  jx_state state = JX_STATE_ENABLED;
+  EXPECT_EQ(jx_execute(nullptr, event.get()), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_set_permanent(nullptr, "a", "b"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_set_permanent_json(nullptr, "a", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_get_permanent_json(nullptr, "a", text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_remove_permanent(nullptr, "a"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_enable(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_disable(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_get_state(nullptr, &state), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_wait_for_user_agent(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_enable_running_in_background(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_add_advertising_ids(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_set_advertising_tracking_enabled(nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_set_idfa(nullptr), JX_ERROR_NULL_HANDLE);
+}
+
+TEST(CNull, AServerSideRefusesNullArgumentsAndWhatIsNoEvent) {
+  eventPlatform();
+  jx_server_side* serverSide = nullptr;
+  EXPECT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, nullptr),
+            JX_ERROR_NULL_ARGUMENT);
+  // Without a source key the library starts and says so in its log.
+  ASSERT_EQ(jx_server_side_create(1, nullptr, UINT32_MAX, nullptr, &serverSide), JX_OK);
+  const Object item = makeItem("1", 1, nullptr);
+  EXPECT_EQ(jx_execute(serverSide, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_execute(serverSide, item.get()), JX_ERROR_WRONG_CLASS);
+  EXPECT_STREQ(jx_error_detail(), "a JXItem is no event");
+  EXPECT_EQ(jx_execute(serverSide, reinterpret_cast<jx_object*>(serverSide)),
+            JX_ERROR_WRONG_HANDLE);
+  EXPECT_EQ(jx_set_permanent(serverSide, nullptr, "b"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_set_permanent_json(serverSide, nullptr, "1"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_set_permanent_json(serverSide, "a", "1 2"), JX_ERROR_BAD_JSON);
+  EXPECT_EQ(jx_get_permanent_json(serverSide, nullptr, nullptr, 0, nullptr),
+            JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_remove_permanent(serverSide, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_get_state(serverSide, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+}
+
+TEST(CNull, TheOtherOperationsRefuseIt) {
+  eventPlatform();
+  jx_observer* observer = nullptr;
+  EXPECT_EQ(jx_observer_create(nullptr, &ignore, nullptr, &observer), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_observer_create("name", nullptr, nullptr, &observer), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_observer_create("name", &ignore, nullptr, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_post_notification(nullptr, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_configuration_init(nullptr, sizeof(jx_configuration)), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_configure(nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_counters_get(nullptr, sizeof(jx_counters)), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_block_add(JX_BLOCK_USER, nullptr, "b"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_block_add_json(JX_BLOCK_USER, nullptr, "1"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_get_variable(nullptr, nullptr, 0, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_set_variable(nullptr, "a"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_get_core_variable(nullptr, nullptr, 0, nullptr), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_set_core_variable(nullptr, "a"), JX_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(jx_register_module(nullptr), JX_OK);
+  EXPECT_EQ(jx_unregister_module(nullptr), JX_OK);
+  EXPECT_EQ(jx_set_consent_id(nullptr), JX_OK);
+}
+
+}  // namespace
+}  // namespace jx::test

@@ -1,0 +1,313 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// The facade from C: what is sent, and who may stop it.
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "jx/core/JXClassRegistry.h"
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXUser.h"
+#include "jx/core/json/JXJsonReader.h"
+#include "jx/events/ecommerce/JXPaymentMethods.h"
+#include "jx/events/ecommerce/JXPurchaseEvent.h"
+#include "jx/events/ecommerce/JXPurchaseStatuses.h"
+#include "tests/c/CTestTools.h"
+#include "tests/c/PlainC.h"
+#include "tests/support/ServerSideFixture.h"
+
+namespace jx::test {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::shared_ptr<JXItem> cppItem(const char* id, const char* name, const char* price, int quantity) {
+  const auto product = JXProduct::initWithProductId_withName_withPrice(id, name, decimal(price));
+  product->setColors({"red", "black"});
+  product->setCategories({"home", nullptr, "light"});
+  product->addAdditionalProperty_withStringValue("made_in", "GB");
+  const auto item = JXItem::initWithItemId_withProduct_withQuantity(id, product, quantity);
+  item->setDiscount(decimal("0.10"));
+  JXJsonObject gift;
+  gift.set("gift", true);
+  item->addAdditionalProperty(gift);
+  return item;
+}
+
+std::shared_ptr<JXPurchaseEvent> cppPurchase() {
+  const auto event = JXPurchaseEvent::init();
+  event->setID("536365");
+  event->setRevenue(decimal("139.120"));
+  event->setValue(140);
+  event->setCurrency("GBP");
+  event->setShippingAmount(decimal("3.00"));
+  event->setTaxAmount(0);
+  event->setCoupon("");
+  event->setType("retail");
+  event->setPaymentMethod(EJXPayementMethod_CARD);
+  event->setStatus(EJXPurchaseStatus_IN_PROGRESS);
+  event->setPageName("café");
+  event->addAdditionalParameter_withValue("store", "uk");
+  JXJsonObject basket;
+  basket.set("points", decimal("12.50"));
+  basket.set("old", JXJsonValue::null());
+  event->addAdditionalParameter_forJsonDict("basket", basket);
+  event->items().append(cppItem("85123A", "LANTERN", "3.39", 6));
+  event->items().append(cppItem("71053", "LAMP \"bright\"", "25.30", 1));
+  return event;
+}
+
+class CServerSide : public ServerSideFixture {
+ protected:
+  ~CServerSide() override { EXPECT_EQ(jx_server_side_free(serverSide), JX_OK); }
+
+  void create(jx_behaviour behaviour = JX_BEHAVIOUR_DEFAULT,
+              const jx_firebase* firebase = nullptr) {
+    start();
+    ASSERT_EQ(jx_server_side_create(1234, "key", behaviour, firebase, &serverSide), JX_OK);
+  }
+  // A custom event; returns its body, absent when none was sent.
+  JXJsonObject send() {
+    const std::size_t before = requests().size();
+    const Object event = makeEvent("JXCustomEvent");
+    EXPECT_EQ(jx_object_set_text(event.get(), "name", "quiz"), JX_OK);
+    EXPECT_EQ(jx_execute(serverSide, event.get()), JX_OK);
+    return requests().size() == before ? JXJsonObject(nullptr) : requests().back().body;
+  }
+  jx_state state() const {
+    jx_state now = JX_STATE_DISABLED;
+    EXPECT_EQ(jx_get_state(serverSide, &now), JX_OK);
+    return now;
+  }
+
+  jx_server_side* serverSide = nullptr;
+};
+
+TEST_F(CServerSide, APurchaseHasByteForByteTheBodyOfCpp) {
+  create();
+  send();  // the first event of a session tells so
+  const auto inCpp = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(
+      1234, "key", JX_BEHAVIOUR_DEFAULT);
+  inCpp->execute(cppPurchase());
+  const Object purchase(plain_purchase());
+  ASSERT_NE(purchase, nullptr);
+  ASSERT_EQ(jx_execute(serverSide, purchase.get()), JX_OK);
+
+  ASSERT_EQ(requests().size(), 3u);
+  const Request& ofCpp = requests()[1];
+  const Request& ofC = requests()[2];
+  EXPECT_EQ(ofC.url, ofCpp.url);
+  const std::string cppId = context(ofCpp).get("event_id").string().toStdString();
+  const std::string cId = context(ofC).get("event_id").string().toStdString();
+  ASSERT_EQ(cppId.size(), 36u);
+  ASSERT_NE(cppId, cId);
+  std::string expected = ofCpp.text;
+  expected.replace(expected.find(cppId), cppId.size(), cId);
+  EXPECT_EQ(ofC.text, expected);
+  EXPECT_THAT(ofC.text, HasSubstr(R"("revenue": 139.120,)"));
+  EXPECT_THAT(ofC.text, HasSubstr(R"("category_3": "light")"));
+}
+
+TEST_F(CServerSide, SendsToTheUrlOfSiteAndKey) {
+  create();
+  EXPECT_TRUE(send().isPresent());
+  EXPECT_EQ(requests().back().url,
+            JXString("https://collect.example.com/events?jx_s=1234&token=key"));
+}
+
+TEST_F(CServerSide, AnEventMayBeChangedAndExecutedAgain) {
+  create();
+  const Object event = makeEvent("JXViewCartEvent");
+  const Object item = makeItem("1", 1, nullptr);
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_EQ(jx_object_add_item(event.get(), "items", item.get()), JX_OK);
+    ASSERT_EQ(jx_execute(serverSide, event.get()), JX_OK);
+  }
+  ASSERT_EQ(requests().size(), 2u);
+  EXPECT_EQ(requests()[0].body.get("items").array().size(), 1u);
+  EXPECT_EQ(requests()[1].body.get("items").array().size(), 2u);
+}
+
+TEST_F(CServerSide, PermanentDataGoesWithEveryEventUntilItIsRemoved) {
+  create();
+  ASSERT_EQ(jx_set_permanent(serverSide, "store", "uk"), JX_OK);
+  ASSERT_EQ(jx_set_permanent_json(serverSide, "depth", R"({"a":[1.50]})"), JX_OK);
+  const JXJsonObject body = send();
+  EXPECT_EQ(body.get("store").string(), JXString("uk"));
+  EXPECT_EQ(jsonText(body.get("depth").object()), R"({"a":[1.50]})");
+
+  char text[20];
+  size_t length = 0;
+  EXPECT_EQ(jx_get_permanent_json(serverSide, "store", text, sizeof text, &length), JX_OK);
+  EXPECT_STREQ(text, R"("uk")");
+  EXPECT_EQ(length, 4u);
+  EXPECT_EQ(jx_get_permanent_json(serverSide, "depth", text, sizeof text, nullptr), JX_OK);
+  EXPECT_STREQ(text, R"({"a":[1.50]})");
+
+  EXPECT_EQ(jx_remove_permanent(serverSide, "store"), JX_OK);
+  EXPECT_EQ(jx_remove_permanent(serverSide, "store"), JX_ERROR_ABSENT);
+  EXPECT_EQ(jx_get_permanent_json(serverSide, "store", text, sizeof text, &length),
+            JX_ERROR_ABSENT);
+  EXPECT_EQ(jx_set_permanent(serverSide, "depth", nullptr), JX_OK);
+  EXPECT_FALSE(send().contains("depth"));
+}
+
+TEST_F(CServerSide, DisabledItSendsNothingUntilItIsEnabled) {
+  create(JX_BEHAVIOUR_DISABLED_BY_DEFAULT);
+  EXPECT_EQ(state(), JX_STATE_DISABLED);
+  EXPECT_FALSE(send().isPresent());
+  EXPECT_EQ(jx_enable(serverSide), JX_OK);
+  EXPECT_EQ(state(), JX_STATE_ENABLED);
+  EXPECT_TRUE(send().isPresent());
+  EXPECT_EQ(jx_disable(serverSide), JX_OK);
+  EXPECT_EQ(state(), JX_STATE_DISABLED);
+}
+
+TEST_F(CServerSide, AlwaysEnabledItIgnoresAStop) {
+  create(JX_BEHAVIOUR_ALWAYS_ENABLED);
+  EXPECT_EQ(jx_disable(serverSide), JX_OK);
+  EXPECT_EQ(state(), JX_STATE_ENABLED);
+}
+
+TEST_F(CServerSide, ARegisteredConsentModuleMakesItWait) {
+  ASSERT_EQ(jx_register_module("JXMobileConsent"), JX_OK);
+  create();
+  EXPECT_EQ(state(), JX_STATE_WAITING_FOR_CONSENT);
+  EXPECT_EQ(send().get("user").string(), JXString(JX_WAITING_FOR_CONSENT));
+  EXPECT_EQ(jx_set_consent_id("consent-7"), JX_OK);
+  EXPECT_EQ(jx_enable(serverSide), JX_OK);
+  EXPECT_EQ(send().get("user").object().get("consent_id").string(), JXString("consent-7"));
+  EXPECT_EQ(jx_unregister_module("JXMobileConsent"), JX_OK);
+  EXPECT_FALSE(JXClassRegistry::sharedInstance().hasClass("JXMobileConsent"));
+}
+
+TEST_F(CServerSide, TheViewerIsNamedByTheHost) {
+  create();
+  ASSERT_EQ(jx_set_anonymous_id("viewer-1"), JX_OK);
+  char text[20];
+  EXPECT_EQ(jx_get_anonymous_id(text, sizeof text, nullptr), JX_OK);
+  EXPECT_STREQ(text, "viewer-1");
+  EXPECT_EQ(send().get("user").object().get("anonymous_id").string(), JXString("viewer-1"));
+  EXPECT_EQ(jx_set_anonymous_id(nullptr), JX_OK);
+  EXPECT_EQ(JXUser::sharedInstance().anonymous_id(), JXString("viewer-1"));
+}
+
+TEST_F(CServerSide, TheLegacyIdentifierBecomesThatOfTheViewer) {
+  create();
+  char unique[80];
+  char anonymous[80];
+  ASSERT_EQ(jx_get_variable(JXPredefinedVariable_UniqueID, unique, sizeof unique, nullptr), JX_OK);
+  EXPECT_EQ(jx_use_legacy_unique_id_for_anonymous_id(), JX_OK);
+  EXPECT_EQ(jx_use_legacy_unique_id_for_consent_id(), JX_OK);
+  EXPECT_EQ(jx_get_anonymous_id(anonymous, sizeof anonymous, nullptr), JX_OK);
+  EXPECT_STREQ(anonymous, unique);
+  EXPECT_EQ(JXUser::sharedInstance().consentID(), JXString(unique));
+}
+
+TEST_F(CServerSide, AdvertisingIdentifiersGoIntoTheDeviceBlock) {
+  platform->trackingAllowed = true;
+  create();
+  EXPECT_EQ(jx_add_advertising_ids(serverSide), JX_OK);
+  const JXJsonObject device = inside(send(), {"context", "device"});
+  EXPECT_EQ(device.get("idfa").string(), platform->advertisingId);
+  EXPECT_EQ(device.get("idfv").string(), platform->vendorId);
+  platform->trackingAllowed = false;
+  EXPECT_EQ(jx_set_advertising_tracking_enabled(serverSide), JX_OK);
+  EXPECT_EQ(jx_set_idfa(serverSide), JX_OK);
+  char text[40];
+  EXPECT_EQ(jx_get_core_variable(JXPredefinedVariable_IDFA, text, sizeof text, nullptr), JX_OK);
+  EXPECT_EQ(text, std::string(STATIC_IDFA));
+}
+
+TEST_F(CServerSide, AHostAddsToTheBlocksAroundAnEvent) {
+  create();
+  EXPECT_EQ(jx_block_add(JX_BLOCK_USER, "plan", "gold"), JX_OK);
+  EXPECT_EQ(jx_block_add(JX_BLOCK_DEVICE, "remote", "voice"), JX_OK);
+  EXPECT_EQ(jx_block_add_json(JX_BLOCK_APP, "shelf", "3"), JX_OK);
+  EXPECT_EQ(jx_block_add(JX_BLOCK_LIFECYCLE, "boot", "cold"), JX_OK);
+  EXPECT_EQ(jx_block_add(JX_BLOCK_NETWORK, "operator", "one"), JX_OK);
+  EXPECT_EQ(jx_block_add(JX_BLOCK_USER, "nothing", nullptr), JX_OK);
+  const JXJsonObject body = send();
+  EXPECT_EQ(inside(body, {"user"}).get("plan").string(), JXString("gold"));
+  EXPECT_FALSE(inside(body, {"user"}).contains("nothing"));
+  const JXJsonObject device = inside(body, {"context", "device"});
+  EXPECT_EQ(device.get("remote").string(), JXString("voice"));
+  EXPECT_EQ(inside(device, {"lifecycle"}).get("boot").string(), JXString("cold"));
+  EXPECT_EQ(inside(device, {"network"}).get("operator").string(), JXString("one"));
+  EXPECT_THAT(requests().back().text, HasSubstr(R"("shelf": 3)"));
+  EXPECT_EQ(jx_block_add(5, "a", "b"), JX_ERROR_UNKNOWN_MEMBER);
+}
+
+TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
+  create();
+  char text[20];
+  EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr),
+            JX_ERROR_ABSENT);
+  EXPECT_EQ(jx_set_variable(JXPredefinedVariable_Longitude, "-0.12"), JX_OK);
+  EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr), JX_OK);
+  EXPECT_STREQ(text, "-0.12");
+  EXPECT_EQ(jx_set_core_variable(JXPredefinedVariable_ConsentVersion, "2.1"), JX_OK);
+  EXPECT_THAT(jsonText(send()), HasSubstr(R"("consent_version":"2.1")"));
+  EXPECT_EQ(jx_set_core_variable(JXPredefinedVariable_ConsentVersion, nullptr), JX_OK);
+  EXPECT_EQ(jx_get_core_variable(JXPredefinedVariable_ConsentVersion, text, sizeof text, nullptr),
+            JX_ERROR_ABSENT);
+}
+
+TEST_F(CServerSide, TheBackgroundIsToldToTheLibrary) {
+  create();
+  EXPECT_EQ(jx_enable_running_in_background(serverSide), JX_OK);
+  EXPECT_EQ(jx_wait_for_user_agent(serverSide), JX_OK);
+  EXPECT_EQ(jx_application_did_enter_background(), JX_OK);
+  EXPECT_EQ(jx_application_will_enter_foreground(), JX_OK);
+  EXPECT_EQ(posted(kJXNotification_OnBackground).size(), 1u);
+  EXPECT_EQ(posted(kJXNotification_OnForeground).size(), 1u);
+}
+
+struct Mirror {
+  std::string calls;
+  int releases = 0;
+};
+
+void setDefault(void* context, const char* name, const char* value) {
+  static_cast<Mirror*>(context)->calls += std::string(name) + "=" + value + ";";
+}
+void logEvent(void* context, const char* name, const char* parameters) {
+  static_cast<Mirror*>(context)->calls += std::string(name) + " " + parameters + ";";
+}
+void release(void* context) { ++static_cast<Mirror*>(context)->releases; }
+
+TEST_F(CServerSide, EventsAreMirroredToFirebaseUntilItIsReleased) {
+  Mirror mirror;
+  const jx_firebase firebase = {sizeof(jx_firebase), &mirror, &setDefault, &logEvent, &release};
+  create(JX_BEHAVIOUR_DEFAULT, &firebase);
+  send();
+  EXPECT_EQ(mirror.calls, R"(developer_id=jx_serverside;quiz {"event_name":"quiz"};)");
+  EXPECT_EQ(mirror.releases, 0);
+  EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+  serverSide = nullptr;
+  EXPECT_EQ(mirror.releases, 1);
+}
+
+TEST_F(CServerSide, WhatFirebaseDoesNotHaveIsNotCalled) {
+  Mirror mirror;
+  const jx_firebase firebase = {sizeof(jx_firebase), &mirror, nullptr, &logEvent, nullptr};
+  create(JX_BEHAVIOUR_DEFAULT, &firebase);
+  send();
+  EXPECT_EQ(mirror.calls, R"(quiz {"event_name":"quiz"};)");
+}
+
+TEST_F(CServerSide, ATableOfUnknownSizeIsRefusedAndNotReleased) {
+  start();
+  Mirror mirror;
+  const jx_firebase firebase = {sizeof(jx_firebase) + 8, &mirror, nullptr, nullptr, &release};
+  jx_server_side* made = reinterpret_cast<jx_server_side*>(&mirror);
+  EXPECT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, &firebase, &made),
+            JX_ERROR_STRUCT_SIZE);
+  EXPECT_EQ(made, nullptr);
+  EXPECT_EQ(mirror.releases, 0);
+}
+
+}  // namespace
+}  // namespace jx::test

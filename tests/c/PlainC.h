@@ -1,0 +1,20 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#ifndef TESTS_C_PLAINC_H
+#define TESTS_C_PLAINC_H
+
+#include "jx/c/jx.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/// A purchase of two items with every field of its class, made as a program in C makes one. Null
+/// when a call failed.
+jx_object* plain_purchase(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

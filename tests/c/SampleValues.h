@@ -1,0 +1,37 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+
+#include "jx/events/JXFieldTable.h"
+
+namespace jx::test {
+
+/// A value for a field of this kind, as JSON text by properties: what the sources that the build
+/// writes set in C, and what the tests set in C++.
+inline std::string sampleJson(const JXFieldInfo& field) {
+  switch (field.kind) {
+    case JXFieldKind::Text:
+      return "\"a " + std::string(field.property) + "\"";
+    case JXFieldKind::Number:
+      return "12.50";
+    case JXFieldKind::Flag:
+      return "true";
+    case JXFieldKind::Texts:
+    case JXFieldKind::NumberedTexts:
+      return R"(["one",null,"three"])";
+    case JXFieldKind::Values:
+      return R"([1,"two",{"three":3.0}])";
+    case JXFieldKind::Choice:
+      return "\"" + std::string(field.choices.members[field.choices.count - 1]) + "\"";
+    case JXFieldKind::Items:
+      return R"([{"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}},)"
+             R"({"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}}])";
+    case JXFieldKind::Product:
+      return R"({"ID":"p1","price":3.390})";
+  }
+  return {};
+}
+
+}  // namespace jx::test
