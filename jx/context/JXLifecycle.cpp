@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/context/JXLifecycle.h"
 
+#include <string_view>
+#include <utility>
+
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
@@ -31,26 +34,50 @@ JXLifecycle* JXLifecycle::init() {
 }
 
 void JXLifecycle::refreshContent() {
-  const JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
-  sessionID_ = variables.getData(kJXPredefinedVariable_SessionID);
-  isNewSession_ = variables.getData(kJXPredefinedVariable_IsNewSession) == JXString("1");
-  sessionDuration_ = variables.getData(kJXPredefinedVariable_SessionDurationMs);
-  currentSession_ = variables.getData(kJXPredefinedVariable_CurrentSessionMs);
-  visitNumber_ = variables.getData(kJXPredefinedVariable_NumberVisits);
-  currentVisit_ = variables.getData(kJXPredefinedVariable_CurrentVisitMs);
-  currentVersionFirstVisit_ = variables.getData(kJXPredefinedVariable_CurVersionFirstVisitMs);
-  sessionNumber_ = variables.getData(kJXPredefinedVariable_NumberSessions);
-  firstVisit_ = variables.getData(kJXPredefinedVariable_FirstVisitMs);
-  lastVisit_ = variables.getData(kJXPredefinedVariable_LastVisitMs);
-  lastCall_ = variables.getData(kJXPredefinedVariable_LastCallMs);
-  lastSessionStart_ = variables.getData(kJXPredefinedVariable_LastSessionStartMs);
-  lastSessionLastHit_ = variables.getData(kJXPredefinedVariable_LastSessionLastHitMs);
-  foregroundTransitions_ = variables.getData(kJXPredefinedVariable_ForegroundTransitions);
-  foregroundTime_ = variables.getData(kJXPredefinedVariable_ForegroundTime);
-  backgroundTime_ = variables.getData(kJXPredefinedVariable_BackgroundTime);
+  static constexpr std::string_view kKeys[kVariables] = {
+      kJXPredefinedVariable_SessionID,
+      kJXPredefinedVariable_IsNewSession,
+      kJXPredefinedVariable_SessionDurationMs,
+      kJXPredefinedVariable_CurrentSessionMs,
+      kJXPredefinedVariable_NumberVisits,
+      kJXPredefinedVariable_CurrentVisitMs,
+      kJXPredefinedVariable_CurVersionFirstVisitMs,
+      kJXPredefinedVariable_NumberSessions,
+      kJXPredefinedVariable_FirstVisitMs,
+      kJXPredefinedVariable_LastVisitMs,
+      kJXPredefinedVariable_LastCallMs,
+      kJXPredefinedVariable_LastSessionStartMs,
+      kJXPredefinedVariable_LastSessionLastHitMs,
+      kJXPredefinedVariable_ForegroundTransitions,
+      kJXPredefinedVariable_ForegroundTime,
+      kJXPredefinedVariable_BackgroundTime,
+      kJXPredefinedVariable_FirstExecute,
+      kJXPredefinedVariable_IsFirstVisit};
+  JXString texts[kVariables];
+  JXPredefinedVariables::sharedInstance().getTexts(kKeys, kVariables, places_, texts);
+  JXString* next = texts;
+  sessionID_ = std::move(*next++);
+  isNewSession_ = next->view() == "1";
+  ++next;
+  sessionDuration_ = std::move(*next++);
+  currentSession_ = std::move(*next++);
+  visitNumber_ = std::move(*next++);
+  currentVisit_ = std::move(*next++);
+  currentVersionFirstVisit_ = std::move(*next++);
+  sessionNumber_ = std::move(*next++);
+  firstVisit_ = std::move(*next++);
+  lastVisit_ = std::move(*next++);
+  lastCall_ = std::move(*next++);
+  lastSessionStart_ = std::move(*next++);
+  lastSessionLastHit_ = std::move(*next++);
+  foregroundTransitions_ = std::move(*next++);
+  foregroundTime_ = std::move(*next++);
+  backgroundTime_ = std::move(*next++);
   // The new-session mark is told as "1", these two as "TRUE".
-  firstExecute_ = variables.getData(kJXPredefinedVariable_FirstExecute) == JXString("TRUE");
-  isFirstVisit_ = variables.getData(kJXPredefinedVariable_IsFirstVisit) == JXString("TRUE");
+  firstExecute_ = next->view() == "TRUE";
+  ++next;
+  isFirstVisit_ = next->view() == "TRUE";
+  ++next;
 }
 
 JXJsonObject JXLifecycle::getJsonObject() {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
+
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
@@ -86,6 +88,9 @@ class JX_API JXLifecycle final : public JXAdditionalProperties {
  private:
   void writeOwnEntries(JXJsonSink& sink) const override;
 
+  static constexpr std::size_t kVariables = 18;
+
+  std::size_t places_[kVariables] = {};  ///< of the variables in their store
   bool firstExecute_ = false;
   bool isFirstVisit_ = false;
   bool isNewSession_ = false;

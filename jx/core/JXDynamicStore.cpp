@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXDynamicStore.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace jx {
 
 std::shared_ptr<JXDynamicStore> JXDynamicStore::init() {
@@ -42,6 +45,20 @@ void JXDynamicStore::clearData() {
 bool JXDynamicStore::isEmpty() const {
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.size() == 0;
+}
+
+void JXDynamicStore::getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
+                              JXString* texts) const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const std::vector<JXJsonEntry>& all = entries_.entries();
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto isIt = [&](const JXJsonEntry& entry) { return entry.key.view() == keys[i]; };
+    if (places[i] >= all.size() || !isIt(all[places[i]])) {
+      const auto found = std::find_if(all.begin(), all.end(), isIt);
+      places[i] = static_cast<std::size_t>(found - all.begin());
+    }
+    texts[i] = places[i] < all.size() ? all[places[i]].value.string() : JXString();
+  }
 }
 
 JXJsonObject JXDynamicStore::entries() const {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -42,6 +43,12 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   /// Removes every pair.
   void clearData();
   bool isEmpty() const;
+
+  /// The texts under several keys as they stand at one moment, in the order of the keys; absent
+  /// where there is none. `places` has an element for each key and remembers where the key stands,
+  /// so that asking again needs no search; zeros will do the first time.
+  void getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
+                JXString* texts) const;
 
   /// A copy of all pairs.
   JXJsonObject entries() const;

@@ -18,6 +18,14 @@ void JXUserDefaults::saveInfoToUserDefaults_forLabel(const JXString& value, cons
   JXCoreServices::sharedInstance().userDefaultsChanged();
 }
 
+JXUserDefaults::Changes::Changes() : defaults_(standardUserDefaults()) {
+  if (defaults_ != nullptr) defaults_->beginChanges();
+}
+
+JXUserDefaults::Changes::~Changes() {
+  if (defaults_ != nullptr) defaults_->endChanges();
+}
+
 JXPlatformDefaults* JXUserDefaults::standardUserDefaults() {
   return JXCoreServices::sharedInstance().userDefaults();
 }

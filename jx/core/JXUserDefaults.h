@@ -19,6 +19,19 @@ class JX_API JXUserDefaults {
   /// entry; an absent label is ignored. Where nothing can be persisted the value is dropped.
   static void saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label);
 
+  /// While one lives, what its thread saves is stored in one go at its end. For values that belong
+  /// together; not nested.
+  class JX_API Changes {
+   public:
+    Changes();
+    ~Changes();
+    Changes(const Changes&) = delete;
+    Changes& operator=(const Changes&) = delete;
+
+   private:
+    JXPlatformDefaults* const defaults_;
+  };
+
   /// The store itself, null when there is none to be had; for operations that must know.
   static JXPlatformDefaults* standardUserDefaults();
 };

@@ -53,6 +53,12 @@ class JX_API JXPlatformDefaults {
   virtual void setObject_forKey(const JXString& value, const JXString& key) = 0;
   /// Makes what was set durable.
   virtual void synchronize() = 0;
+
+  /// What this thread sets from here to `endChanges` may be stored in one go then; it is readable
+  /// at once all the same. The calls come in pairs and are not nested.
+  virtual void beginChanges() {}
+  /// Stores what `beginChanges` held back.
+  virtual void endChanges() {}
 };
 
 /// The one interface to the operating system. An absent string says that the system does not know.

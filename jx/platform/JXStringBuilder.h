@@ -35,6 +35,9 @@ class JXStringBuilder {
     return place;
   }
 
+  /// Takes the last `count` characters back.
+  void shrink(std::size_t count) noexcept { size_ -= count; }
+
   /// The text; the builder is empty then.
   JXString finish();
 

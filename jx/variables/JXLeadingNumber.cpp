@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace jx {
@@ -34,9 +35,22 @@ int takeExponent(std::string_view rest) {
   return negative ? -exponent : exponent;
 }
 
+// The usual text: digits alone, few enough for a double to hold their number exactly.
+std::optional<std::uint64_t> wholeNumber(std::string_view text) {
+  constexpr std::size_t kExactDigits = 15;
+  if (text.empty() || text.size() > kExactDigits) return std::nullopt;
+  std::uint64_t number = 0;
+  for (const char c : text) {
+    if (!isDigit(c)) return std::nullopt;
+    number = number * 10 + static_cast<std::uint64_t>(c - '0');
+  }
+  return number;
+}
+
 }  // namespace
 
 std::uint64_t truncatedLeadingNumber(std::string_view text) {
+  if (const std::optional<std::uint64_t> number = wholeNumber(text)) return *number;
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
     text.remove_prefix(1);
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);

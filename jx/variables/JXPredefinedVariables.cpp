@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/variables/JXPredefinedVariables.h"
 
+#include <algorithm>
 #include <chrono>
 #include <limits>
 #include <string>
@@ -120,6 +121,15 @@ void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store
 
 JXString JXPredefinedVariables::getData(const JXString& key) const {
   return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();
+}
+
+void JXPredefinedVariables::getTexts(const std::string_view* keys, std::size_t count,
+                                     std::size_t* places, JXString* texts) const {
+  if (dynamicStore_) {
+    dynamicStore_->getTexts(keys, count, places, texts);
+  } else {
+    std::fill_n(texts, count, JXString());
+  }
 }
 
 JXString JXPredefinedVariables::removeData(const JXString& key) {

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "jx/core/JXDynamicStore.h"
 #include "jx/core/JXSingleton.h"
@@ -50,6 +52,9 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void addData(const std::shared_ptr<JXDynamicStore>& store);
   /// The variable's text, absent when it has none.
   JXString getData(const JXString& key) const;
+  /// The texts of several variables as they stand at one moment; see `JXDynamicStore::getTexts`.
+  void getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
+                JXString* texts) const;
   /// Removes the variable and returns what it held, absent when it held nothing.
   JXString removeData(const JXString& key);
   /// Removes every variable.

@@ -65,6 +65,7 @@ void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
 }
 
 void JXPredefinedVariables::computeTimeChangingVariables() {
+  const JXUserDefaults::Changes together;
   const std::uint64_t now = unsignedNowMs();
   const JXString timeMs = text(now);
   setSessionDuration(timeMs);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -110,6 +111,32 @@ TEST(JXDynamicStore, MayBeUsedByManyThreads) {
   for (std::thread& thread : threads)
     thread.join();
   EXPECT_EQ(store->entries().size(), 5U);
+}
+
+TEST(JXDynamicStore, TellsTextsTogetherWhereverTheirKeysStand) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", "1");
+  store->addData_withValue("number", 2);
+  store->addData_withValue("b", "3");
+  constexpr std::string_view kKeys[] = {"b", "none", "a", "number"};
+  std::size_t places[4] = {};
+  const auto expect = [&](const JXString& b, const JXString& a) {
+    JXString texts[4];
+    store->getTexts(kKeys, 4, places, texts);
+    EXPECT_EQ(texts[0], b);
+    EXPECT_EQ(texts[1], JXString());
+    EXPECT_EQ(texts[2], a);
+    EXPECT_EQ(texts[3], JXString());  // a number is no text
+  };
+  expect("3", "1");
+  store->addData_withValue("b", "4");
+  expect("4", "1");
+  store->removeData("a");
+  expect("4", nullptr);
+  store->addData_withValue("a", "5");
+  expect("4", "5");
+  store->clearData();
+  expect(nullptr, nullptr);
 }
 
 }  // namespace

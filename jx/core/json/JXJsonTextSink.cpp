@@ -276,9 +276,16 @@ bool JXJsonTextSink::fits(std::size_t length) const {
 }
 
 void JXJsonTextSink::putLine(std::size_t level) {
-  char* const line = out_.extend(lineLength(level));
-  line[0] = '\n';
-  std::memset(line + 1, ' ', kIndent * level);
+  // A copy of constant size is one or two instructions; what is too much is written over.
+  constexpr std::string_view kLine = "\n                               ";
+  const std::size_t length = lineLength(level);
+  char* const line = out_.extend(std::max(length, kLine.size()));
+  std::memcpy(line, kLine.data(), kLine.size());
+  if (length > kLine.size()) {
+    std::memset(line + kLine.size(), ' ', length - kLine.size());
+  } else {
+    out_.shrink(kLine.size() - length);
+  }
 }
 
 // A line's end and the blanks that the next line begins with.

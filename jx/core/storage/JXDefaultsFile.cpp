@@ -48,6 +48,10 @@ JXDefaultsFile::~JXDefaultsFile() {
 
 JXString JXDefaultsFile::objectForKey(const JXString& key) {
   const std::lock_guard<std::mutex> lock(mutex_);
+  return valueOf(key);
+}
+
+JXString JXDefaultsFile::valueOf(const JXString& key) const {
   const auto found = values_.find(key);
   return found == values_.end() ? JXString() : found->second;
 }
@@ -64,9 +68,31 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
     values_.erase(found);
   }
   if (rewriting_) changed_.insert(key);
-  unsaved_.insert(key);
+  if (changing_ == std::this_thread::get_id()) {
+    unsaved_.insert(key);
+    return;
+  }
   ensureOpen();
-  if (write(key)) unsaved_.erase(key);
+  if (!write(key)) {
+    unsaved_.insert(key);
+  } else if (!unsaved_.empty()) {
+    unsaved_.erase(key);
+  }
+}
+
+void JXDefaultsFile::beginChanges() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  // Of two threads at once the second one's changes are stored one by one.
+  if (changing_ == std::thread::id()) changing_ = std::this_thread::get_id();
+}
+
+void JXDefaultsFile::endChanges() {
+  Locked locked(*this);
+  if (changing_ != std::this_thread::get_id()) return;
+  changing_ = std::thread::id();
+  if (unsaved_.empty()) return;
+  ensureOpen();
+  writeUnsaved();
 }
 
 bool JXDefaultsFile::needsMaintenance() const {
@@ -169,9 +195,7 @@ void JXDefaultsFile::readWithoutLock() {
 
 bool JXDefaultsFile::write(const JXString& key) {
   if (journal_ == nullptr) return false;
-  const auto found = values_.find(key);
-  const JXString value = found == values_.end() ? JXString() : found->second;
-  const int error = appendDefault(*journal_, key, value);
+  const int error = appendDefault(*journal_, key, valueOf(key));
   if (error != 0) {
     report_.failed("write a value", error);
     return false;
@@ -182,10 +206,16 @@ bool JXDefaultsFile::write(const JXString& key) {
 
 void JXDefaultsFile::writeUnsaved() {
   if (unsaved_.empty() || journal_ == nullptr) return;
-  for (auto key = unsaved_.begin(); key != unsaved_.end();) {
-    if (!write(*key)) return;
-    key = unsaved_.erase(key);
+  std::string frames;
+  for (const JXString& key : unsaved_)
+    encodeDefault(key, valueOf(key), frames);
+  const int error = journal_->appendFrames(frames);
+  if (error != 0) {
+    report_.failed("write a value", error);
+    return;
   }
+  unsaved_.clear();
+  dirty_ = true;
   report_.recovered();
 }
 
@@ -282,9 +312,7 @@ bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
 bool JXDefaultsFile::replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path) {
   int error = 0;
   for (const JXString& key : changed_) {
-    const auto found = values_.find(key);
-    const JXString value = found == values_.end() ? JXString() : found->second;
-    if (error == 0) error = appendDefault(*fresh, key, value);
+    if (error == 0) error = appendDefault(*fresh, key, valueOf(key));
   }
   if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
   if (error == 0 && JXFileCalls::current().rename(path.c_str(), path_.c_str()) != 0) error = errno;

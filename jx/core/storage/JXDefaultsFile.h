@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <unordered_set>
 
 #include "jx/core/storage/JXDefaultsRecord.h"
@@ -35,6 +36,9 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   void setObject_forKey(const JXString& value, const JXString& key) override;
   /// Returns at once: waiting for the disk is the business of `maintain`.
   void synchronize() override {}
+  void beginChanges() override;
+  /// One write for all that this thread has set since.
+  void endChanges() override;
 
   /// Makes what was set durable, writes what could not be written before, and rewrites the file
   /// when most of it is old. To be called within a second after a change, on the transfer thread:
@@ -57,6 +61,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsMap& content);
   void adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole);
   void readWithoutLock();
+  JXString valueOf(const JXString& key) const;
   bool write(const JXString& key);
   void writeUnsaved();
   void syncChanges();
@@ -74,6 +79,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   JXDefaultsMap values_;
   std::unordered_set<JXString> unsaved_;  ///< keys whose last change is in memory only
   std::unordered_set<JXString> changed_;  ///< keys set since the running rewrite began
+  std::thread::id changing_;              ///< the thread between `beginChanges` and `endChanges`
   bool rewriting_ = false;
   bool dirty_ = false;
   bool folderDirty_ = false;

@@ -12,15 +12,30 @@ constexpr std::size_t kHead = 5;
 constexpr char kValue = 'V';
 constexpr char kRemoved = 'X';
 
-}  // namespace
-
-int appendDefault(JXJournal& journal, const JXString& key, const JXString& value) {
+// Calls `use` with the parts of the payload that gives `key` the value.
+template <typename Use>
+int withParts(const JXString& key, const JXString& value, const Use& use) {
   unsigned char head[kHead];
   head[0] = static_cast<unsigned char>(value.isPresent() ? kValue : kRemoved);
   putU32(head + 1, static_cast<std::uint32_t>(key.size()));
   const std::string_view parts[] = {
       {reinterpret_cast<const char*>(head), sizeof head}, key.view(), value.view()};
-  return journal.append(parts, 3, nullptr);
+  return use(parts, std::size_t{3});
+}
+
+}  // namespace
+
+int appendDefault(JXJournal& journal, const JXString& key, const JXString& value) {
+  return withParts(key, value, [&](const std::string_view* parts, std::size_t count) {
+    return journal.append(parts, count, nullptr);
+  });
+}
+
+void encodeDefault(const JXString& key, const JXString& value, std::string& frames) {
+  withParts(key, value, [&](const std::string_view* parts, std::size_t count) {
+    encodeFrame(parts, count, frames);
+    return 0;
+  });
 }
 
 void applyDefault(std::string_view payload, JXDefaultsMap& values) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
@@ -16,6 +17,9 @@ using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 /// Appends the frame that gives `key` the value; an absent value removes the entry. Returns an
 /// errno value, 0 for success.
 int appendDefault(JXJournal& journal, const JXString& key, const JXString& value);
+
+/// The same frame, behind what `frames` holds.
+void encodeDefault(const JXString& key, const JXString& value, std::string& frames);
 
 /// Applies one frame of a defaults file to `values`; a frame of another kind is passed.
 void applyDefault(std::string_view payload, JXDefaultsMap& values);

@@ -33,6 +33,13 @@ JXFrameHeader makeFrameHeader(const std::string_view* parts, std::size_t count) 
   return header;
 }
 
+void encodeFrame(const std::string_view* parts, std::size_t count, std::string& frames) {
+  const JXFrameHeader header = makeFrameHeader(parts, count);
+  frames.append(reinterpret_cast<const char*>(header.bytes), sizeof header.bytes);
+  for (std::size_t i = 0; i < count; ++i)
+    frames.append(parts[i]);
+}
+
 bool isWholeFrame(std::string_view frame) {
   if (frame.size() < kJXFrameHeaderSize || frame.substr(0, 4) != kFrameMark) return false;
   if (getU32(frame.data() + 4) != frame.size() - kJXFrameHeaderSize) return false;

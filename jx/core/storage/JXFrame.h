@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,6 +28,8 @@ struct JXFrameHeader {
 /// The header of a frame whose payload is the `count` parts one after the other, at most
 /// kJXMaxPayload bytes together.
 JXFrameHeader makeFrameHeader(const std::string_view* parts, std::size_t count);
+/// Puts a whole frame behind what `frames` holds; its payload is the parts one after the other.
+void encodeFrame(const std::string_view* parts, std::size_t count, std::string& frames);
 
 /// True when `frame` is one whole undamaged frame, header included.
 bool isWholeFrame(std::string_view frame);

@@ -69,12 +69,23 @@ int JXJournal::append(const std::string_view* parts, std::size_t count, std::uin
   for (std::size_t i = 0; i < count; ++i)
     next() = partOf(parts[i].data(), parts[i].size());
 
-  const std::size_t whole = mark + sizeof header.bytes + length;
+  const std::uint64_t place = end_ + mark;
+  const int error = write(pieces.data(), used, mark + sizeof header.bytes + length);
+  if (error == 0 && offset != nullptr && writers_ == Writers::One) *offset = place;
+  return error;
+}
+
+int JXJournal::appendFrames(std::string_view frames) {
+  const std::size_t mark = end_ == 0 ? kJXJournalMark.size() : 0;
+  iovec pieces[] = {partOf(kJXJournalMark.data(), mark), partOf(frames.data(), frames.size())};
+  return write(pieces, 2, mark + frames.size());
+}
+
+int JXJournal::write(iovec* pieces, int count, std::size_t size) {
   std::size_t written = 0;
-  const int error = file_.append(pieces.data(), used, written);
-  if (written == whole) {
-    if (offset != nullptr && writers_ == Writers::One) *offset = end_ + mark;
-    end_ += whole;
+  const int error = file_.append(pieces, count, written);
+  if (written == size) {
+    end_ += size;
     return 0;
   }
   // The disk is full. What went in is taken back; when even that fails, or others may have written

@@ -47,6 +47,8 @@ class JXJournal {
   /// place; with several writers it is not known and stays untouched. When it fails, no part of
   /// the frame is ever read back.
   int append(const std::string_view* parts, std::size_t count, std::uint64_t* offset);
+  /// Appends whole frames with one write. When it fails, some of them may be read back.
+  int appendFrames(std::string_view frames);
   /// Reads the payload of the frame at `offset`, which is `length` bytes long. EBADMSG when there
   /// is no such frame or it is damaged.
   int read(std::uint64_t offset, std::size_t length, std::string& payload) const;
@@ -66,6 +68,7 @@ class JXJournal {
 
  private:
   Recovery repair(const JXFrameReader& reader);
+  int write(iovec* pieces, int count, std::size_t size);
 
   JXFile file_;
   std::string path_;

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <string>
 #include <thread>
 
@@ -339,6 +340,65 @@ TEST_F(DefaultsFile, TheLogMayCallBack) {
   const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
   file.setObject_forKey("1", "visits");
   EXPECT_EQ(calls, 1);
+}
+
+TEST_F(DefaultsFile, WhatIsChangedTogetherIsReadableAtOnceAndOneWriteInTheEnd) {
+  {
+    JXDefaultsFile file(path_);
+    file.setObject_forKey("0", "before");
+    const FailingDisk counting(0, 0, FailingDisk::Write::Nothing);
+    file.beginChanges();
+    file.setObject_forKey("5", "last_call");
+    file.setObject_forKey("7", "usage");
+    file.setObject_forKey(nullptr, "before");
+    EXPECT_EQ(file.objectForKey("usage"), "7");
+    EXPECT_EQ(counting.calls(), 0);
+    file.endChanges();
+    EXPECT_EQ(counting.calls(), 1);
+    EXPECT_TRUE(file.isAvailable());
+  }
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("last_call"), "5");
+  EXPECT_EQ(again.objectForKey("usage"), "7");
+  EXPECT_FALSE(again.objectForKey("before").isPresent());
+}
+
+TEST_F(DefaultsFile, ChangesOfAnotherThreadAreNotHeldBack) {
+  JXDefaultsFile file(path_);
+  file.setObject_forKey("0", "before");
+  const FailingDisk counting(0, 0, FailingDisk::Write::Nothing);
+  file.beginChanges();
+  file.setObject_forKey("mine", "a");
+  std::thread([&] {
+    file.beginChanges();
+    file.setObject_forKey("theirs", "b");
+    EXPECT_EQ(counting.calls(), 1);
+    file.endChanges();
+  }).join();
+  EXPECT_EQ(counting.calls(), 1);
+  file.endChanges();
+  EXPECT_EQ(counting.calls(), 2);
+}
+
+TEST_F(DefaultsFile, ChangesThatTheDiskRefusesAreWrittenLater) {
+  {
+    JXDefaultsFile file(path_);
+    file.setObject_forKey("0", "before");
+    FailingDisk disk(0, std::numeric_limits<long>::max(), FailingDisk::Write::Half);
+    file.beginChanges();
+    file.setObject_forKey("5", "last_call");
+    file.setObject_forKey("7", "usage");
+    file.endChanges();
+    EXPECT_FALSE(file.isAvailable());
+    EXPECT_EQ(file.objectForKey("last_call"), "5");
+    disk.heal();
+    file.maintain();
+    EXPECT_TRUE(file.isAvailable());
+  }
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("before"), "0");
+  EXPECT_EQ(again.objectForKey("last_call"), "5");
+  EXPECT_EQ(again.objectForKey("usage"), "7");
 }
 
 }  // namespace

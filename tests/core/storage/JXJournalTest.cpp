@@ -233,5 +233,24 @@ TEST(Journal, WhatIsNoRegularFileIsRefused) {
   EXPECT_EQ(error, EINVAL);
 }
 
+TEST(Journal, TakesSeveralWholeFramesWithOneWrite) {
+  const TemporaryFolder folder;
+  std::string frames;
+  for (const std::string_view text : {"one", "", "three"})
+    encodeFrame(&text, 1, frames);
+  {
+    Opened opened = openJournal(folder.file("journal"));
+    const FailingDisk counting(0, 0, FailingDisk::Write::Nothing);
+    EXPECT_EQ(opened.journal.appendFrames(frames), 0);
+    EXPECT_EQ(counting.calls(), 1);
+    EXPECT_EQ(opened.journal.appendFrames(frames), 0);
+    std::uint64_t offset = 0;
+    EXPECT_EQ(append(opened.journal, "last", &offset), 0);
+    EXPECT_EQ(offset, 8u + 2 * (3 * 12 + 8));
+  }
+  EXPECT_EQ(openJournal(folder.file("journal")).texts,
+            (Texts{"one", "", "three", "one", "", "three", "last"}));
+}
+
 }  // namespace
 }  // namespace jx
