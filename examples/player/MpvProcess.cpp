@@ -12,12 +12,10 @@
 #include <cstdlib>
 #include <system_error>
 
-extern char** environ;
-
 namespace {
 
 std::string newFolder() {
-  const char* const parent = std::getenv("TMPDIR");
+  const char* const parent = std::getenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe)
   std::string path = std::string(parent != nullptr ? parent : "/tmp") + "/jx-player-XXXXXX";
   if (::mkdtemp(path.data()) == nullptr) {
     throw std::system_error(errno, std::generic_category(), "mkdtemp");
@@ -27,6 +25,7 @@ std::string newFolder() {
 
 pid_t start(const std::vector<std::string>& words) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words)
     arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);

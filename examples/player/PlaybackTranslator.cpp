@@ -134,7 +134,8 @@ void PlaybackTranslator::setBuffering(bool buffering) {
 void PlaybackTranslator::moveTo(double position) {
   if (!playing_) {
     film_.position = position;
-    // Players tell length and position in any order, and a live stream has no length at all.
+    // Name, length and position are told in any order, and a live stream has no length at all.
+    if (film_.name.empty()) return;
     if (film_.length || std::exchange(waitedForLength_, true)) begin();
     return;
   }

@@ -32,7 +32,7 @@ std::string inWords(const PlayerChange& change) {
     case Kind::SeekBegan:
       return "seeks";
     case Kind::SeekEnded:
-      return "plays again at " + number;
+      return "plays on from " + number;
     case Kind::Volume:
       return "volume " + number;
     case Kind::Muted:
@@ -76,8 +76,9 @@ Report::Report() : start_(std::chrono::steady_clock::now()) {}
 
 void Report::add(const PlayerChange& change, const PlaybackTranslator::Events& events) const {
   using Kind = PlayerChange::Kind;
-  const bool isFrequent = change.kind == Kind::Position || change.kind == Kind::Bitrate;
-  if (isFrequent && events.empty()) return;
+  const bool isNews =
+      change.kind != Kind::Position && change.kind != Kind::Bitrate && change.kind != Kind::Left;
+  if (!isNews && events.empty()) return;
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start_;
   std::string reported = inWords(change);
   if (events.empty()) std::printf("%7.3f  %s\n", time.count(), reported.c_str());

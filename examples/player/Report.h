@@ -7,8 +7,8 @@
 #include "PlaybackTranslator.h"
 #include "PlayerChange.h"
 
-// Prints what the player reported beside the events that were made of it, a line each, with the
-// seconds since the start. Positions are printed when they mean something only.
+// Prints what the player reported beside the events that were made of it, with the seconds since
+// the start. A position, one for each picture of the film, is printed if an event came of it.
 class Report {
  public:
   Report();
