@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "jx/core/json/JXJsonReader.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/CollectorProgram.h"
 #include "tests/support/TemporaryFolder.h"
@@ -87,9 +88,11 @@ class PlayerExample : public testing::Test {
   /// The bodies of the events of this name, in the order in which they happened.
   std::vector<JXJsonObject> bodies(const std::string& name) const {
     std::map<std::string, JXJsonObject> found;
-    for (std::size_t i = 0; i < collector_.eventCount(); ++i) {
-      const JXJsonObject body = collector_.body(i);
-      if (body.get("event_name").string() != JXString(name)) continue;
+    const JXJsonArray events = collector_.events();
+    for (const JXJsonValue& event : events.values()) {
+      if (event.object().get("name").string() != JXString(name)) continue;
+      const JXString text = event.object().get("body").string();
+      const JXJsonObject body = JXJsonReader::read(text.view()).value.object();
       found[body.get("context").object().get("event_timestamp").numberText().toStdString()] = body;
     }
     std::vector<JXJsonObject> inOrder;
