@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "examples/firebase/FirebaseBridge.h"
+#include "FirebaseBridge.h"
 
 #include <string>
 #include <utility>

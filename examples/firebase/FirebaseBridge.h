@@ -5,7 +5,7 @@
 #include <memory>
 #include <string_view>
 
-#include "examples/firebase/AnalyticsRecorder.h"
+#include "AnalyticsRecorder.h"
 #include "jx/facade/IJXFirebaseInstance.h"
 
 // What an application writes to have its events mirrored: the library calls an operation by its

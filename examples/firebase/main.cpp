@@ -5,8 +5,8 @@
 // calls by the names of its operations, so the library needs to know nothing about Firebase.
 #include <memory>
 
-#include "examples/firebase/AnalyticsRecorder.h"
-#include "examples/firebase/FirebaseBridge.h"
+#include "AnalyticsRecorder.h"
+#include "FirebaseBridge.h"
 #include "jx/JXServerSide.h"
 
 namespace {

@@ -9,7 +9,7 @@ HEADERS = {path: "#pragma once\n" for path in (
     "jx/JXServerSide.h", "jx/platform/P.h", "jx/core/C.h", "jx/core/json/J.h",
     "jx/variables/V.h", "jx/context/X.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
     "jx/events/JXEventPropertiesNames.h", "jx/facade/F.h", "jx/c/I.h", "tools/jx/T.h", "tests/support/S.h",
-    "bench/B.h")}
+    "bench/B.h", "examples/minimal/M.h", "examples/shop/N.h")}
 
 
 def tree(path, *lines):
@@ -88,6 +88,13 @@ class Includes(faketree.FakeTreeTest):
     def test_own_headers_are_quoted_with_their_path_from_the_root(self):
         self.assert_refused("jx/core/A.cpp", '"C.h"', '"../core/C.h"', '"json/J.h"',
                             "<jx/core/C.h>", '"jx/core/Missing.h"', '"stdio.h"')
+
+    def test_an_example_names_the_files_beside_it_as_its_copy_would(self):
+        self.assert_allowed("examples/minimal/main.cpp", '"M.h"', '"jx/JXServerSide.h"')
+        self.assert_refused("examples/minimal/main.cpp", '"N.h"', '"../shop/N.h"')
+        self.assert_allowed("tests/examples/A.cpp", '"examples/minimal/M.h"')
+        self.assert_refused("tests/examples/A.cpp", '"M.h"')
+        self.assert_refused("tools/jx/A.cpp", '"examples/minimal/M.h"')
 
     def test_curl_and_rapidjson_only_in_sources_of_core_and_tools(self):
         libraries = ("<curl/curl.h>", "<rapidjson/writer.h>")

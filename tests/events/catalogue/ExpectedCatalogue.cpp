@@ -173,66 +173,37 @@ const ExpectedClass kAddPaymentInfo{
 
 // Engagement.
 
-const ExpectedClass kPageView{
-    .name = "JXPageViewEvent",
-    .base = "JXEvent",
-    .eventNames = {"page_view"},
-    .written = {text("page_name", "pageName"), text("page_type", "pageType")},
-    .conditions = {usableText("page_type")},
-};
+ExpectedClass plain(std::string_view name, std::string_view eventName,
+                    std::vector<ExpectedField> written, std::vector<ExpectedCondition> conditions) {
+  return {.name = name,
+          .base = "JXEvent",
+          .eventNames = {eventName},
+          .written = std::move(written),
+          .conditions = std::move(conditions)};
+}
 
-const ExpectedClass kSearch{
-    .name = "JXSearchEvent",
-    .base = "JXEvent",
-    .eventNames = {"search"},
-    .written = {text("search_term", "searchTerm")},
-    .conditions = {usableText("search_term")},
-};
-
-const ExpectedClass kLogin{
-    .name = "JXLoginEvent",
-    .base = "JXEvent",
-    .eventNames = {"login"},
-    .written = {text("method", "method")},
-};
-
-const ExpectedClass kSignUp{
-    .name = "JXSignUpEvent",
-    .base = "JXEvent",
-    .eventNames = {"sign_up"},
-    .written = {text("method", "method")},
-};
-
-const ExpectedClass kGenerateLead{
-    .name = "JXGenerateLeadEvent",
-    .base = "JXEvent",
-    .eventNames = {"generate_lead"},
-    .written = {text("currency", "currency"), number("value", "value"), text("id", "ID")},
-    .conditions = {bothOrNeither("value", "currency")},
-};
-
-const ExpectedClass kSelectContent{
-    .name = "JXSelectContentEvent",
-    .base = "JXEvent",
-    .eventNames = {"select_content"},
-    .written = {text("content_type", "contentType"), text("item_id", "itemID")},
-};
-
-const ExpectedClass kSelectItem{
-    .name = "JXSelectItemEvent",
-    .base = "JXEvent",
-    .eventNames = {"select_item"},
-    .written = {text("item_list_name", "itemListName"), items("items", "items")},
-    .conditions = {hasEntries("items")},
-};
-
-const ExpectedClass kViewItemList{
-    .name = "JXViewItemListEvent",
-    .base = "JXEvent",
-    .eventNames = {"view_item_list"},
-    .written = {text("item_list_name", "itemListName"), items("items", "items")},
-    .conditions = {hasEntries("items")},
-};
+std::vector<ExpectedClass> engagementClasses() {
+  return {
+      plain("JXPageViewEvent", "page_view",
+            {text("page_name", "pageName"), text("page_type", "pageType")},
+            {usableText("page_type")}),
+      plain("JXSearchEvent", "search", {text("search_term", "searchTerm")},
+            {usableText("search_term")}),
+      plain("JXLoginEvent", "login", {text("method", "method")}, {}),
+      plain("JXSignUpEvent", "sign_up", {text("method", "method")}, {}),
+      plain("JXGenerateLeadEvent", "generate_lead",
+            {text("currency", "currency"), number("value", "value"), text("id", "ID")},
+            {bothOrNeither("value", "currency")}),
+      plain("JXSelectContentEvent", "select_content",
+            {text("content_type", "contentType"), text("item_id", "itemID")}, {}),
+      plain("JXSelectItemEvent", "select_item",
+            {text("item_list_name", "itemListName"), items("items", "items")},
+            {hasEntries("items")}),
+      plain("JXViewItemListEvent", "view_item_list",
+            {text("item_list_name", "itemListName"), items("items", "items")},
+            {hasEntries("items")}),
+  };
+}
 
 // Video.
 
@@ -338,13 +309,16 @@ const ExpectedClass kVideoSetting{
 }  // namespace
 
 const std::vector<ExpectedClass>& expectedClasses() {
-  static const std::vector<ExpectedClass> classes{
-      kEvent,         kECommerceEvent, kCustomEvent,     kVideoEvent,     kPurchase,
-      kRefund,        kAddToCart,      kRemoveFromCart,  kViewCart,       kViewItem,
-      kAddToWishlist, kBeginCheckout,  kAddShippingInfo, kAddPaymentInfo, kPageView,
-      kSearch,        kLogin,          kSignUp,          kGenerateLead,   kSelectContent,
-      kSelectItem,    kViewItemList,   kVideoPlayback,   kVideoAd,        kVideoContent,
-      kVideoSetting};
+  static const std::vector<ExpectedClass> classes = [] {
+    std::vector<ExpectedClass> all{
+        kEvent,         kECommerceEvent, kCustomEvent,     kVideoEvent,     kPurchase,
+        kRefund,        kAddToCart,      kRemoveFromCart,  kViewCart,       kViewItem,
+        kAddToWishlist, kBeginCheckout,  kAddShippingInfo, kAddPaymentInfo, kVideoPlayback,
+        kVideoAd,       kVideoContent,   kVideoSetting};
+    const std::vector<ExpectedClass> engagement = engagementClasses();
+    all.insert(all.end(), engagement.begin(), engagement.end());
+    return all;
+  }();
   return classes;
 }
 

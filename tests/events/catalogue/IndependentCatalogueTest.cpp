@@ -154,14 +154,13 @@ TEST(IndependentCatalogue, ListsABaseBeforeTheClassesOnIt) {
   }
 }
 
-TEST(IndependentCatalogue, TheFortySevenEventNamesAllDiffer) {
+TEST(IndependentCatalogue, TheEventNamesAllDiffer) {
   std::set<std::string> names;
   for (const JXEventClass* one : allEventClasses()) {
     for (const std::string_view name : one->eventNames) {
       EXPECT_TRUE(names.insert(std::string(name)).second) << name;
     }
   }
-  EXPECT_EQ(names.size(), 47U);
 }
 
 TEST(IndependentCatalogue, AnItemWritesItsFieldsInOrder) {

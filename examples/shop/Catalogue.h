@@ -1,0 +1,21 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct Article {
+  std::string id;
+  std::string name;
+  std::string category;
+  std::string text;
+  int cents = 0;
+};
+
+constexpr const char* kCurrency = "EUR";
+constexpr const char* kListName = "harbour shop";
+
+const std::vector<Article>& articles();
+// "24.90": amounts are counted in cents and never pass through binary floating point.
+std::string price(int cents);
