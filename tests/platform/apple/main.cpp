@@ -13,10 +13,10 @@ namespace {
 
 // GNUstep finds the folders of a user in this file.
 std::string writeConfiguration(const jx::test::TemporaryFolder& home) {
-  return home.write("GNUstep.conf", "GNUSTEP_USER_CONFIG_FILE=none\nGNUSTEP_USER_DEFAULTS_DIR=" +
-                                        home.makeFolder("Defaults") +
-                                        "\nGNUSTEP_USER_DIR_LIBRARY=" +
-                                        home.makeFolder("Library") + "\n");
+  return home.write(
+      "GNUstep.conf",
+      "GNUSTEP_USER_CONFIG_FILE=none\nGNUSTEP_USER_DEFAULTS_DIR=" + home.makeFolder("Defaults") +
+          "\nGNUSTEP_USER_DIR_LIBRARY=" + home.makeFolder("Library") + "\n");
 }
 
 // Runs this program again as a child whose user is the folder, so that no test reads or writes what

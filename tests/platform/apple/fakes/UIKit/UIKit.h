@@ -5,9 +5,7 @@
 
 #import <Foundation/Foundation.h>
 
-#if !defined(__APPLE__)
 typedef NSRect CGRect;
-#endif
 
 FOUNDATION_EXPORT NSString* const UIApplicationDidEnterBackgroundNotification;
 FOUNDATION_EXPORT NSString* const UIApplicationWillEnterForegroundNotification;
