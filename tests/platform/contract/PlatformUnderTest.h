@@ -26,10 +26,8 @@ struct PlatformUnderTest {
   /// Whether there is a settings store of the system's own.
   bool hasUserDefaults = false;
 
-  // Where the system of this machine falls short of the promise. Each is set in one place, with its
-  // reason; all are as promised unless set.
+  // Where the system of this machine falls short of the promise, set in one place with its reason.
   bool uuidsStateTheirVersion = true;
-  bool keepsNulInDefaults = true;
 };
 
 const PlatformUnderTest& platformUnderTest();
