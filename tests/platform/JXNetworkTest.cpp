@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "jx/platform/linux/JXNetworkInterfaces.h"
+#include "jx/platform/linux/JXNetworkKind.h"
+#include "jx/platform/posix/JXNetworkInterfaces.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace jx {

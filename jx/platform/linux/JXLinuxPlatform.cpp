@@ -6,9 +6,11 @@
 
 #include <utility>
 
+#include "jx/platform/JXUserAgentText.h"
 #include "jx/platform/linux/JXDefaultEncoding.h"
 #include "jx/platform/linux/JXLanguageTags.h"
 #include "jx/platform/linux/JXLocaleMoney.h"
+#include "jx/platform/linux/JXNetworkKind.h"
 #include "jx/platform/linux/JXRandom.h"
 #include "jx/platform/linux/JXScreenSize.h"
 #include "jx/platform/linux/JXStorageFolder.h"
@@ -19,17 +21,6 @@ namespace {
 
 // Every event states the kind of network, and reading it takes a dozen system calls.
 constexpr std::chrono::seconds kNetworkKindAge{1};
-
-// A product's name in a user agent is one word without separators.
-std::string productWord(std::string_view text) {
-  std::string word;
-  for (const char c : text) {
-    const bool isKept = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                        (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-' || c == '+';
-    word += isKept ? c : '-';
-  }
-  return word;
-}
 
 }  // namespace
 
@@ -106,13 +97,7 @@ void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> answ
   if (!answer) return;
   if (host_.userAgent.testString()) return answer(host_.userAgent);
   const Facts& known = facts();
-  if (!known.release.name.isPresent()) return answer(nullptr);
-  std::string text = productWord(known.release.name.view());
-  if (known.release.version.isPresent()) text += "/" + productWord(known.release.version.view());
-  if (known.kernel.machine.testString()) {
-    text += " (" + productWord(known.kernel.machine.view()) + ")";
-  }
-  answer(JXString(text));
+  answer(userAgentText(known.release.name, known.release.version, known.kernel.machine));
 }
 
 void JXLinuxPlatform::observeApplication(std::function<void()>, std::function<void()>) {}

@@ -8,11 +8,12 @@
 #include <optional>
 #include <string>
 
+#include "jx/platform/JXHostStatement.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/linux/JXEnvironment.h"
 #include "jx/platform/linux/JXInstalledLocale.h"
-#include "jx/platform/linux/JXNetworkInterfaces.h"
 #include "jx/platform/linux/JXOsRelease.h"
+#include "jx/platform/posix/JXNetworkInterfaces.h"
 
 namespace jx {
 
@@ -27,13 +28,6 @@ struct JXLinuxSystem {
   std::function<std::chrono::steady_clock::time_point()> steadyNow;
 
   static JXLinuxSystem current();
-};
-
-/// What the host states about itself, as `makeSystemPlatform` takes it.
-struct JXHostStatement {
-  JXBundleInformation bundle;
-  JXScreenBounds screen;
-  JXString userAgent;
 };
 
 /// The platform of a Linux system. Environment variables are those of the moment at which it was

@@ -1,12 +1,13 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/linux/JXNetworkKind.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <sstream>
 #include <string_view>
 
-#include "jx/platform/linux/JXNetworkInterfaces.h"
 #include "jx/platform/linux/JXSystemFiles.h"
 
 namespace jx {

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/platform/linux/JXNetworkInterfaces.h"
+#include "jx/platform/posix/JXNetworkInterfaces.h"
 
 #include <ifaddrs.h>
 #include <net/if.h>

@@ -1,0 +1,50 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/apple/JXAdvertising.h"
+
+#import <AdSupport/AdSupport.h>
+
+#import "jx/platform/apple/JXFoundationText.h"
+
+// What is asked of ATTrackingManager, stated here because development kits before tvOS 14 have no
+// header for it.
+@protocol JXTrackingAuthorisation
++ (NSUInteger)trackingAuthorizationStatus;
+@end
+
+namespace jx {
+namespace {
+
+constexpr NSUInteger kAuthorised = 3;
+
+ASIdentifierManager* identifierManager(const JXClassLookup& classNamed) {
+  const Class found = static_cast<Class>(classNamed("ASIdentifierManager"));
+  return [found sharedManager];
+}
+
+}  // namespace
+
+void* loadedClass(const char* name) {
+  @autoreleasepool {
+    return NSClassFromString([NSString stringWithUTF8String:name]);
+  }
+}
+
+bool isTrackingAllowed(const JXClassLookup& classNamed) {
+  @autoreleasepool {
+    if (void* const found = classNamed("ATTrackingManager")) {
+      const Class<JXTrackingAuthorisation> manager =
+          static_cast<Class<JXTrackingAuthorisation>>(found);
+      return [manager trackingAuthorizationStatus] == kAuthorised;
+    }
+    return [identifierManager(classNamed) isAdvertisingTrackingEnabled] != NO;
+  }
+}
+
+JXString advertisingIdentifierText(const JXClassLookup& classNamed) {
+  @autoreleasepool {
+    return textOf([[identifierManager(classNamed) advertisingIdentifier] UUIDString]);
+  }
+}
+
+}  // namespace jx

@@ -1,0 +1,42 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/apple/JXFoundationLocale.h"
+
+#import "jx/platform/apple/JXFoundationText.h"
+
+namespace jx {
+
+std::vector<JXString> foundationLanguages() {
+  @autoreleasepool {
+    std::vector<JXString> tags;
+    for (NSString* tag in [NSLocale preferredLanguages]) {
+      const JXString text = textOf(tag);
+      if (text.testString()) tags.push_back(text);
+    }
+    return tags;
+  }
+}
+
+JXString foundationCurrencyCode() {
+  @autoreleasepool {
+    return textOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencyCode]);
+  }
+}
+
+JXString foundationCurrencySymbol() {
+  @autoreleasepool {
+    return textOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencySymbol]);
+  }
+}
+
+std::uint32_t foundationEncoding() {
+  return static_cast<std::uint32_t>([NSString defaultCStringEncoding]);
+}
+
+JXString foundationTimeZoneName() {
+  @autoreleasepool {
+    return textOf([[NSTimeZone localTimeZone] name]);
+  }
+}
+
+}  // namespace jx

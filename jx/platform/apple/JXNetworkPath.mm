@@ -1,0 +1,70 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/apple/JXNetworkPath.h"
+
+#import <Network/Network.h>
+
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+namespace jx {
+
+struct JXNetworkPath::Told {
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::optional<JXNetworkKind> kind;
+  bool wasAwaited = false;
+
+  void tell(JXNetworkKind now) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    kind = now;
+    changed.notify_all();
+  }
+};
+
+namespace {
+
+JXNetworkKind kindOfPath(nw_path_t path) {
+  if (nw_path_get_status(path) != nw_path_status_satisfied) return JXNetworkKind::None;
+  if (nw_path_uses_interface_type(path, nw_interface_type_wired)) return JXNetworkKind::Ethernet;
+  if (nw_path_uses_interface_type(path, nw_interface_type_wifi)) return JXNetworkKind::Wifi;
+  if (nw_path_uses_interface_type(path, nw_interface_type_cellular)) {
+    return JXNetworkKind::Cellular;
+  }
+  // A tunnel, or the network of the computer that a simulator runs on.
+  return JXNetworkKind::Ethernet;
+}
+
+}  // namespace
+
+JXNetworkPath::JXNetworkPath() : told_(std::make_shared<Told>()) {
+  const nw_path_monitor_t monitor = nw_path_monitor_create();
+  if (monitor == nullptr) return;
+  const dispatch_queue_t queue = dispatch_queue_create("jx.network-path", DISPATCH_QUEUE_SERIAL);
+  nw_path_monitor_set_queue(monitor, queue);
+  dispatch_release(queue);
+  const std::shared_ptr<Told> told = told_;
+  nw_path_monitor_set_update_handler(monitor, ^(nw_path_t path) {
+    told->tell(kindOfPath(path));
+  });
+  nw_path_monitor_start(monitor);
+  monitor_ = monitor;
+}
+
+JXNetworkPath::~JXNetworkPath() {
+  if (monitor_ == nullptr) return;
+  const nw_path_monitor_t monitor = static_cast<nw_path_monitor_t>(monitor_);
+  nw_path_monitor_cancel(monitor);
+  nw_release(monitor);
+}
+
+std::optional<JXNetworkKind> JXNetworkPath::kind(std::chrono::milliseconds limit) {
+  std::unique_lock<std::mutex> lock(told_->mutex);
+  if (!told_->kind && monitor_ != nullptr && !std::exchange(told_->wasAwaited, true)) {
+    told_->changed.wait_for(lock, limit, [this] { return told_->kind.has_value(); });
+  }
+  return told_->kind;
+}
+
+}  // namespace jx

@@ -1,0 +1,18 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, with
+// the classes of characters that the C++ library asks for.
+#pragma once
+
+#include_next <ctype.h>
+
+#define _CTYPE_A 0x00000100L
+#define _CTYPE_C 0x00000200L
+#define _CTYPE_D 0x00000400L
+#define _CTYPE_L 0x00001000L
+#define _CTYPE_P 0x00002000L
+#define _CTYPE_S 0x00004000L
+#define _CTYPE_U 0x00008000L
+#define _CTYPE_X 0x00010000L
+#define _CTYPE_B 0x00020000L
+#define _CTYPE_R 0x00040000L

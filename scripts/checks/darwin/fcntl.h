@@ -1,0 +1,32 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// A STAND-IN for tvOS's header, for scripts/checks/tvos: what the library may use of it.
+#pragma once
+
+#include <sys/types.h>
+
+#define O_RDONLY 0x0000
+#define O_WRONLY 0x0001
+#define O_RDWR 0x0002
+#define O_NONBLOCK 0x0004
+#define O_APPEND 0x0008
+#define O_NOFOLLOW 0x0100
+#define O_CREAT 0x0200
+#define O_TRUNC 0x0400
+#define O_EXCL 0x0800
+#define O_DIRECTORY 0x100000
+#define O_CLOEXEC 0x1000000
+
+#define F_GETFD 1
+#define F_SETFD 2
+#define F_GETFL 3
+#define F_SETFL 4
+#define F_FULLFSYNC 51
+#define FD_CLOEXEC 1
+
+extern "C" {
+
+int open(const char*, int, ...);
+int fcntl(int, int, ...);
+
+}  // extern "C"

@@ -1,0 +1,48 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// A STAND-IN for tvOS's header, for scripts/checks/tvos: what the library may use of it.
+#pragma once
+
+#include <sys/types.h>
+#include <time.h>
+
+struct stat {
+  dev_t st_dev;
+  mode_t st_mode;
+  nlink_t st_nlink;
+  ino_t st_ino;
+  uid_t st_uid;
+  gid_t st_gid;
+  dev_t st_rdev;
+  timespec st_atimespec;
+  timespec st_mtimespec;
+  timespec st_ctimespec;
+  timespec st_birthtimespec;
+  off_t st_size;
+  blkcnt_t st_blocks;
+  blksize_t st_blksize;
+};
+
+#define st_atime st_atimespec.tv_sec
+#define st_mtime st_mtimespec.tv_sec
+#define st_ctime st_ctimespec.tv_sec
+
+#define S_IFMT 0170000
+#define S_IFIFO 0010000
+#define S_IFDIR 0040000
+#define S_IFREG 0100000
+#define S_IFLNK 0120000
+#define S_ISFIFO(mode) (((mode)&S_IFMT) == S_IFIFO)
+#define S_ISDIR(mode) (((mode)&S_IFMT) == S_IFDIR)
+#define S_ISREG(mode) (((mode)&S_IFMT) == S_IFREG)
+#define S_ISLNK(mode) (((mode)&S_IFMT) == S_IFLNK)
+
+extern "C" {
+
+int chmod(const char*, mode_t);
+int fstat(int, struct stat*);
+int lstat(const char*, struct stat*);
+int mkdir(const char*, mode_t);
+int stat(const char*, struct stat*);
+
+}  // extern "C"

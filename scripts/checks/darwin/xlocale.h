@@ -1,0 +1,21 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// A STAND-IN for tvOS's header, for scripts/checks/tvos: what the library may use of it.
+#pragma once
+
+#include <locale.h>
+#include <stdio.h>
+#include <stdlib.h>
+
+extern "C" {
+
+long long strtoll_l(const char*, char**, int, locale_t);
+unsigned long long strtoull_l(const char*, char**, int, locale_t);
+float strtof_l(const char*, char**, locale_t);
+double strtod_l(const char*, char**, locale_t);
+long double strtold_l(const char*, char**, locale_t);
+int sscanf_l(const char*, locale_t, const char*, ...);
+int snprintf_l(char*, size_t, locale_t, const char*, ...);
+int asprintf_l(char**, locale_t, const char*, ...);
+
+}  // extern "C"

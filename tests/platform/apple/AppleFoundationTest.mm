@@ -1,0 +1,77 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import <Foundation/Foundation.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "jx/platform/apple/JXFoundationDefaults.h"
+#include "jx/platform/apple/JXFoundationLocale.h"
+#import "jx/platform/apple/JXFoundationText.h"
+
+namespace jx::test {
+namespace {
+
+TEST(FoundationText, NilAndObjectsOfOtherClassesAreAbsent) {
+  @autoreleasepool {
+    EXPECT_EQ(textOf(nil), JXString());
+    EXPECT_EQ(textOf([NSNumber numberWithInt:42]), JXString());
+    EXPECT_EQ(textOf([NSArray array]), JXString());
+  }
+}
+
+TEST(FoundationText, TextGoesThereAndBackUnchanged) {
+  @autoreleasepool {
+    for (const JXString& text : {JXString(""), JXString("caf\xC3\xA9"),
+                                 JXString(std::string("a\0b", 3)), JXString("\xF0\x9F\x93\xBA")}) {
+      EXPECT_EQ(textOf(foundationText(text)), text);
+    }
+  }
+}
+
+TEST(FoundationText, AbsentTextAndBytesThatAreNoUtf8AreNil) {
+  @autoreleasepool {
+    EXPECT_TRUE(foundationText(nullptr) == nil);
+    EXPECT_TRUE(foundationText("\xFF") == nil);
+  }
+}
+
+TEST(FoundationDefaults, AnEntryThatIsNoTextIsAbsent) {
+  @autoreleasepool {
+    [[NSUserDefaults standardUserDefaults] setInteger:42 forKey:@"number"];
+    [[NSUserDefaults standardUserDefaults] setObject:[NSArray array] forKey:@"list"];
+  }
+  JXFoundationDefaults defaults;
+  EXPECT_EQ(defaults.objectForKey("number"), JXString());
+  EXPECT_EQ(defaults.objectForKey("list"), JXString());
+}
+
+TEST(FoundationDefaults, TheApplicationSeesWhatTheLibraryWrote) {
+  JXFoundationDefaults defaults;
+  defaults.setObject_forKey("6F9619FF", "jx_unique_id");
+  @autoreleasepool {
+    EXPECT_TRUE([[[NSUserDefaults standardUserDefaults] stringForKey:@"jx_unique_id"]
+        isEqualToString:@"6F9619FF"]);
+  }
+}
+
+TEST(FoundationLocale, TheZoneIsTheApplicationsLocalOne) {
+  @autoreleasepool {
+    [NSTimeZone setDefaultTimeZone:[NSTimeZone timeZoneWithName:@"Asia/Tokyo"]];
+  }
+  EXPECT_EQ(foundationTimeZoneName(), JXString("Asia/Tokyo"));
+}
+
+TEST(FoundationLocale, TheLanguagesAreTheViewersInTheirOrder) {
+  @autoreleasepool {
+    // GNUstep's own way to say what a viewer chose in the settings.
+    [NSUserDefaults setUserLanguages:[NSArray arrayWithObjects:@"fr-CA", @"en", nil]];
+  }
+  const auto languages = foundationLanguages();
+  ASSERT_EQ(languages.size(), 2U);
+  EXPECT_EQ(languages[0], JXString("fr-CA"));
+  EXPECT_EQ(languages[1], JXString("en"));
+}
+
+}  // namespace
+}  // namespace jx::test

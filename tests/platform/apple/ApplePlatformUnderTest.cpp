@@ -1,0 +1,26 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/platform/apple/GNUstepDeviations.h"
+#include "tests/platform/apple/fakes/Fakes.h"
+#include "tests/platform/contract/PlatformUnderTest.h"
+
+namespace jx::test {
+
+const PlatformUnderTest& platformUnderTest() {
+  static const PlatformUnderTest onApple = [] {
+    PlatformUnderTest system;
+    system.make = [](const JXHostStatement& host) {
+      return makeSystemPlatform(host.bundle, host.screen, host.userAgent);
+    };
+    // As in the tests' own Info.plist.
+    system.systemBundle = {"com.example.bundle", "Bundle TV", "77", "7.0"};
+    system.postDidEnterBackground = postFakeDidEnterBackground;
+    system.postWillEnterForeground = postFakeWillEnterForeground;
+    system.hasUserDefaults = true;
+    allowForGNUstep(system);
+    return system;
+  }();
+  return onApple;
+}
+
+}  // namespace jx::test
