@@ -135,6 +135,13 @@ def tidied(text):
     text = re.sub(r'<img src="closed.png"[^>]*/>', "", text)
     for theirs, ours in TITLES.items():
         text = re.sub(rf"(</a>\s*|groupheader\">){theirs}(</h2>)", rf"\g<1>{ours}\2", text)
+    # An embedded document would have a white ground in the dark; a picture has none.
+    text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*>(.*?)</object>',
+                  r'<img src="\1" alt="\2"/>', text, flags=re.DOTALL)
+    # Where a path or a qualified name may go on to the next line.
+    text = re.sub(r"<td[^>]*>.*?</td>", lambda m: re.sub(
+        r"<code>([^<]{25,})</code>", lambda code: "<code>" + re.sub(r"(/|::)", r"\1<wbr>", code.group(1))
+        + "</code>", m.group(0)), text, flags=re.DOTALL)
     # A wide table scrolls by itself, so that the page need not.
     text = re.sub(r'(<table class="(?:markdownTable|fieldtable)">.*?</table>)',
                   r'<div class="wide">\1</div>', text, flags=re.DOTALL)
