@@ -55,7 +55,25 @@ def link(target, text, current):
     return f'<li><a href="{target}"{mark}>{html.escape(text)}</a></li>'
 
 
-def sidebar(folder, current):
+def c_headers(tagfile):
+    """[(page, name)] of the headers of the C interface."""
+    found = []
+    for compound in ElementTree.parse(tagfile).getroot():
+        path = compound.findtext("path") or ""
+        if compound.get("kind") == "file" and "jx/c/" in path:
+            found.append((path, compound.findtext("filename"),
+                          compound.findtext("name")))
+    return [one[1:] for one in sorted(found)]
+
+
+def part_of_sidebar(title, links, current):
+    is_open = " open" if current in [one for one, _ in links] else ""
+    lines = [f"<details{is_open}><summary>{html.escape(title)}</summary><ul>"]
+    lines += [link(one, name, current) for one, name in links]
+    return "\n".join(lines) + "</ul></details>"
+
+
+def sidebar(folder, current, of_c):
     lines = []
     for name, pages in site_map.parts():
         lines.append(f"<h2>{html.escape(name)}</h2><ul>")
@@ -68,10 +86,9 @@ def sidebar(folder, current):
     for title, named in headers.areas():
         links = [(one, name) for name, _ in named for one in file_of_class(name)
                  if (folder / one).exists()]
-        is_open = " open" if current in [one for one, _ in links] else ""
-        lines.append(f"<details{is_open}><summary>{html.escape(title)}</summary><ul>")
-        lines += [link(one, name, current) for one, name in links]
-        lines.append("</ul></details>")
+        lines.append(part_of_sidebar(title, links, current))
+    if of_c:
+        lines.append(part_of_sidebar("C interface", of_c, current))
     return "\n".join(lines)
 
 
@@ -128,7 +145,7 @@ def tidied(text):
     text = re.sub(r'<div class="summary">.*?</div>', "", text, count=1, flags=re.DOTALL)
     text = re.sub(r'<div id="nav-path".*?</ul>\s*</div>', "", text, count=1, flags=re.DOTALL)
     text = re.sub(r'<h2 class="groupheader"> </h2>', "", text)
-    text = re.sub(r'<a href="https?://">(.*?)</a>', r"\1", text)
+    text = re.sub(r'<a href="(?:https?://|file:[^"]*)">(.*?)</a>', r"\1", text)
     text = re.sub(r'<tr class="separator:[^"]*">.*?</tr>\n?', "", text)
     text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)
     text = text.replace('<div class="line"> </div>', '<div class="line">&#8203;</div>')
@@ -138,16 +155,20 @@ def tidied(text):
     # An embedded document would have a white ground in the dark; a picture has none.
     text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*>(.*?)</object>',
                   r'<img src="\1" alt="\2"/>', text, flags=re.DOTALL)
-    # Where a path or a qualified name may go on to the next line.
-    text = re.sub(r"<td[^>]*>.*?</td>", lambda m: re.sub(
-        r"<code>([^<]{25,})</code>", lambda code: "<code>" + re.sub(r"(/|::)", r"\1<wbr>", code.group(1))
-        + "</code>", m.group(0)), text, flags=re.DOTALL)
+    text = re.sub(r"<td[^>]*>.*?</td>", lambda cell: re.sub(
+        r"<code>([^<]{25,})</code>", lambda code: f"<code>{breakable(code.group(1))}</code>",
+        cell.group(0)), text, flags=re.DOTALL)
     # A wide table scrolls by itself, so that the page need not.
     text = re.sub(r'(<table class="(?:markdownTable|fieldtable)">.*?</table>)',
                   r'<div class="wide">\1</div>', text, flags=re.DOTALL)
     text = re.sub(r'<td class="mem(?:Templ)?(?:Item(?:Left|Right)|Params)"[^>]*>.*?</td>',
                   lambda m: declaration(m.group(0)), text, flags=re.DOTALL)
     return text
+
+
+def breakable(code):
+    """A long name in a table, with the places where it may go on to the next line."""
+    return re.sub(r"(/|::|\.(?=[A-Z])|[a-z](?=[A-Z]))", r"\1<wbr>", code)
 
 
 def declaration(cell):
@@ -163,7 +184,7 @@ def page_title(title):
     title = " ".join(re.sub(r"<[^>]*>", "", title).split()).replace("JXServerSide: ", "")
     if title.startswith("jx Namespace"):
         return "Constants and functions"
-    title = re.sub(r" (Class|Struct|Namespace)( Template)? Reference$", "", title)
+    title = re.sub(r" (Class|Struct|Namespace|File)( Template)? Reference$", "", title)
     return re.sub(r"^jx::|&lt;.*&gt;", "", title)
 
 
@@ -171,25 +192,31 @@ def sections(name, text):
     """What the search knows of a page: [title, where it is, address, text]."""
     title = plain(re.search(r'<h1 class="title">(.*?)</h1>', text, re.DOTALL).group(1))
     body = text[text.index('<div class="contents">'):text.index("<!-- next pages -->")]
-    marks = [(m.start(), m.group(2), plain(m.group(3))) for m in HEADING.finditer(body)]
-    ends = [start for start, _, _ in marks] + [len(body)]
+    marks = list(HEADING.finditer(body))
+    ends = [mark.start() for mark in marks] + [len(body)]
     yield [title, "", name, plain(body[:ends[0]])]
-    for (start, anchor, heading), end in zip(marks, ends[1:]):
-        yield [heading, title, f"{name}#{anchor}", plain(body[start:end])]
+    for mark, end in zip(marks, ends[1:]):
+        yield [plain(mark.group(3)), title, f"{name}#{mark.group(2)}", plain(body[mark.end():end])]
 
 
 def members(tagfile):
+    """What the search knows of the interface. A setter is found by its accessor."""
+    told = set()
     for compound in ElementTree.parse(tagfile).getroot():
-        if compound.get("kind") not in ("class", "struct", "namespace"):
+        is_c = compound.get("kind") == "file" and "jx/c/" in (compound.findtext("path") or "")
+        if compound.get("kind") not in ("class", "struct", "namespace") and not is_c:
             continue
         owner = compound.findtext("name").removeprefix("jx").removeprefix("::")
-        if owner and compound.get("kind") != "namespace":
+        if owner and compound.get("kind") in ("class", "struct"):
             yield [owner, "class", compound.findtext("filename"), ""]
+        names = {member.findtext("name") for member in compound.findall("member")}
         for member in compound.findall("member"):
-            if not member.findtext("anchor"):
-                continue
+            name = member.findtext("name")
             address = f"{member.findtext('anchorfile')}#{member.findtext('anchor')}"
-            yield [member.findtext("name"), owner or "jx", address, ""]
+            is_setter = name.startswith("set") and name[3:4].lower() + name[4:] in names
+            if member.findtext("anchor") and address not in told and not is_setter:
+                told.add(address)
+                yield [name, owner or "jx", address, ""]
 
 
 def main():
@@ -198,13 +225,14 @@ def main():
         for path in folder.glob(pattern):
             if path.name != "site.js" and not (path.suffix == ".png" and is_ours(path)):
                 path.unlink()
+    of_c = c_headers(tagfile)
     index = list(members(tagfile))
     guides = {href(page) for _, part in site_map.parts() for page in part} | {"reference.html"}
     for path in sorted(folder.glob("*.html")):
         text = tidied(path.read_text(encoding="utf-8"))
         if path.name in guides:
             index += sections(path.name, text)
-        text = text.replace("<!-- sidebar -->", sidebar(folder, path.name))
+        text = text.replace("<!-- sidebar -->", sidebar(folder, path.name, of_c))
         text = text.replace("<!-- next pages -->", neighbours(path.name))
         text = text.replace("<!-- on this page -->", on_this_page(
             text[text.index('<div class="contents">'):]))

@@ -62,16 +62,22 @@ def page_lines(page, text):
     label = site_map.label(page)
     seen = {}
     fence = None
+    before = ""
     # Doxygen takes the title for the page's only where nothing stands before it.
     for line in re.sub(r"\A(?:<!--.*?-->\s*)+", "", text, flags=re.DOTALL).split("\n"):
         mark = re.match(r"^\s*(```+)", line)
         if mark:
             fence = None if fence else mark.group(1)
+            before = line
             yield re.sub(r"^(\s*```+)(text|sh|json|cmake|bash)$", r"\1{.\2}", line)
             continue
         if fence:
             yield line
             continue
+        # Doxygen would count a list anew that goes on behind a block of code.
+        if before.startswith("```"):
+            line = re.sub(r"^(\d+\.) ", r"**\1** ", line)
+        before = line or before
         if line.strip() == "<!-- navigation -->":
             yield from site_map.cards()
             continue
