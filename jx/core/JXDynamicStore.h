@@ -41,6 +41,7 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   JXJsonValue removeData(const JXString& key) override;
   /// Removes every pair.
   void clearData();
+  /// True when the store holds no pair.
   bool isEmpty() const;
 
   /// A copy of all pairs.
