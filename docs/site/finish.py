@@ -155,6 +155,7 @@ def tidied(text):
     # An embedded document would have a white ground in the dark; a picture has none.
     text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*>(.*?)</object>',
                   r'<img src="\1" alt="\2"/>', text, flags=re.DOTALL)
+    text = re.sub(r'alt="" class="inline" title="([^"]*)"', r'alt="\1"', text)
     text = re.sub(r"<td[^>]*>.*?</td>", lambda cell: re.sub(
         r"<code>([^<]{25,})</code>", lambda code: f"<code>{breakable(code.group(1))}</code>",
         cell.group(0)), text, flags=re.DOTALL)
