@@ -69,7 +69,7 @@ def page_lines(page, text):
         if mark:
             fence = None if fence else mark.group(1)
             before = line
-            yield re.sub(r"^(\s*```+)(text|sh|json|cmake|bash)$", r"\1{.\2}", line)
+            yield re.sub(r"^(\s*```+)(text|sh|json|cmake|bash|diff|swift)$", r"\1{.\2}", line)
             continue
         if fence:
             yield line
