@@ -27,25 +27,25 @@ typedef enum jx_kind {
 
 /// One field of a class.
 typedef struct jx_field {
-  const char* property;  ///< "paymentMethod"
-  const char* key;       ///< where it stands in JSON: "payment_method"
-  jx_kind kind;
+  const char* property;        ///< "paymentMethod"
+  const char* key;             ///< where it stands in JSON: "payment_method"
+  jx_kind kind;                ///< what it holds, and so which operation sets it
   bool is_written;             ///< false: it may be set, and no JSON of this very class shows it
   const char* const* members;  ///< names of an enumeration's members, by their numbers
-  size_t member_count;
+  size_t member_count;         ///< how many `members` there are
 } jx_field;
 
 /// One class: what it is called, and its own fields behind those of its base.
 typedef struct jx_class {
-  const char* name;             ///< "JXPurchaseEvent"
-  const struct jx_class* base;  ///< null for JXEvent, JXItem and JXProduct
-  bool is_event;
-  const jx_field* fields;
-  size_t field_count;
+  const char* name;                ///< "JXPurchaseEvent"
+  const struct jx_class* base;     ///< null for JXEvent, JXItem and JXProduct
+  bool is_event;                   ///< false for JXItem and JXProduct
+  const jx_field* fields;          ///< its own fields, in writing order
+  size_t field_count;              ///< how many `fields` there are
   const char* const* event_names;  ///< what its events are called; one for each mode
-  size_t event_name_count;
-  const char* const* modes;
-  size_t mode_count;
+  size_t event_name_count;         ///< how many `event_names` there are
+  const char* const* modes;        ///< in step with `event_names`; none for a class without modes
+  size_t mode_count;               ///< how many `modes` there are
 } jx_class;
 
 /// The classes, from 0: the events, bases first, then JXItem and JXProduct. Null beyond the last.

@@ -38,31 +38,31 @@ typedef struct jx_configuration {
   /// Public keys that the collection host may show: each the SHA-256 of the key in Base64. None:
   /// any key of a trusted certificate.
   const char* const* pinned_public_keys;
-  size_t pinned_public_key_count;
+  size_t pinned_public_key_count;  ///< how many `pinned_public_keys` there are
   /// "http://proxy.example:3128"; "" for none; null: what the environment says.
   const char* proxy;
   /// Null: standard error.
   jx_log_sink log_sink;
-  void* log_sink_context;
-  int32_t log_level;  ///< highest level that is logged; 0 logs nothing, 6 everything
+  void* log_sink_context;  ///< handed to `log_sink`
+  int32_t log_level;       ///< highest level that is logged; 0 logs nothing, 6 everything
   // Bounds of the queue; the oldest requests go first. 0 is a bound, not the default.
-  uint64_t max_requests;
-  uint64_t max_bytes;
-  int64_t max_age_ms;
-  uint64_t max_dead_letters;
-  uint64_t max_in_memory;  ///< requests held while the disk takes none
+  uint64_t max_requests;      ///< how many requests wait at most
+  uint64_t max_bytes;         ///< sum of their bodies and URLs
+  int64_t max_age_ms;         ///< an older request is dropped
+  uint64_t max_dead_letters;  ///< how many refused requests are kept aside
+  uint64_t max_in_memory;     ///< requests held while the disk takes none
   // When a request is tried again, and how long one try may take.
-  int64_t first_pause_ms;
-  int64_t longest_pause_ms;
-  int64_t longest_retry_after_ms;
-  int64_t connect_timeout_ms;
-  int64_t request_timeout_ms;
-  int64_t sync_delay_ms;       ///< a write is durable after at most this
-  int64_t user_agent_wait_ms;  ///< see `jx_wait_for_user_agent`
-  int64_t start_hold_ms;       ///< what an earlier process left waits for this at the start
+  int64_t first_pause_ms;          ///< doubles with each failed try
+  int64_t longest_pause_ms;        ///< that the library takes by itself
+  int64_t longest_retry_after_ms;  ///< that a receiver may ask for
+  int64_t connect_timeout_ms;      ///< how long connecting may take
+  int64_t request_timeout_ms;      ///< name resolution to the end of the answer
+  int64_t sync_delay_ms;           ///< a write is durable after at most this
+  int64_t user_agent_wait_ms;      ///< see `jx_wait_for_user_agent`
+  int64_t start_hold_ms;           ///< what an earlier process left waits for this at the start
   /// Told what became of each request; may be null.
   jx_delivery_callback on_delivery;
-  void* on_delivery_context;
+  void* on_delivery_context;  ///< handed to `on_delivery`
   /// True: requests are neither stored nor sent, and observers still see them.
   bool dry_run;
   // What the application states about itself, where the system does not know it.
@@ -72,12 +72,12 @@ typedef struct jx_configuration {
   const char* bundle_short_version;  ///< version that a viewer sees
   /// Size of the main screen in points; 0 by 0 leaves it to the system.
   double screen_width;
-  double screen_height;
+  double screen_height;  ///< points
   /// Text for the device block's user agent, where the system has none.
   const char* user_agent;
   /// The time of day; null: the system's.
   jx_clock clock;
-  void* clock_context;
+  void* clock_context;  ///< handed to `clock`
 } jx_configuration;
 
 /// Fills in the defaults. `struct_size` is `sizeof(jx_configuration)`, so that a program keeps

@@ -31,12 +31,13 @@ typedef enum jx_drop_reason {
   JX_DROP_PURGED = 6       ///< the queue was emptied by order
 } jx_drop_reason;
 
+/// What became of one request.
 typedef struct jx_delivery {
-  jx_outcome outcome;
-  const char* event_id;  ///< null when the request's body holds none
-  int32_t status;        ///< HTTP status, 0 when there was none
-  const char* reason;    ///< in words, for a log; null when delivered
-  jx_drop_reason drop_reason;
+  jx_outcome outcome;          ///< what became of it
+  const char* event_id;        ///< null when the request's body holds none
+  int32_t status;              ///< HTTP status, 0 when there was none
+  const char* reason;          ///< in words, for a log; null when delivered
+  jx_drop_reason drop_reason;  ///< of a dropped one
 } jx_delivery;
 
 /// Called on the transfer thread, once per request, after it has left the queue. The delivery and
@@ -46,24 +47,24 @@ typedef void (*jx_delivery_callback)(void* context, const jx_delivery* delivery)
 
 /// Counts of requests since the start of this process, and what is held now.
 typedef struct jx_counters {
-  size_t struct_size;  ///< filled in by `jx_counters_get`
-  uint64_t added;
-  uint64_t delivered;
-  uint64_t rejected;
-  uint64_t dropped_too_many;
-  uint64_t dropped_too_large;
-  uint64_t dropped_too_old;
-  uint64_t dropped_no_storage;
-  uint64_t dropped_unreadable;
-  uint64_t purged;
-  uint64_t storage_errors;  ///< writes, reads and syncs that failed
-  uint64_t damaged;         ///< files of which a part was set aside
-  uint64_t queued;          ///< held now, in flight ones included
-  uint64_t queued_bytes;
-  uint64_t in_memory;  ///< of the queued, those that are on no disk yet
-  uint64_t tries;      ///< requests that were started
-  uint64_t failures;   ///< tries that ended without a lasting answer
-  bool holding;        ///< true while consent, the background or the user agent holds requests
+  size_t struct_size;           ///< filled in by `jx_counters_get`
+  uint64_t added;               ///< taken by the queue
+  uint64_t delivered;           ///< answered with 2xx
+  uint64_t rejected;            ///< refused by the receiver for good
+  uint64_t dropped_too_many;    ///< because of `max_requests`
+  uint64_t dropped_too_large;   ///< because of `max_bytes`
+  uint64_t dropped_too_old;     ///< because of `max_age_ms`
+  uint64_t dropped_no_storage;  ///< the disk took none
+  uint64_t dropped_unreadable;  ///< their bytes on the disk were damaged
+  uint64_t purged;              ///< removed by `jx_purge`
+  uint64_t storage_errors;      ///< writes, reads and syncs that failed
+  uint64_t damaged;             ///< files of which a part was set aside
+  uint64_t queued;              ///< held now, in flight ones included
+  uint64_t queued_bytes;        ///< sum of their bodies and URLs
+  uint64_t in_memory;           ///< of the queued, those that are on no disk yet
+  uint64_t tries;               ///< requests that were started
+  uint64_t failures;            ///< tries that ended without a lasting answer
+  bool holding;  ///< true while consent, the background or the user agent holds requests
 } jx_counters;
 
 /// Fills in the counters. `struct_size` is `sizeof(jx_counters)`.

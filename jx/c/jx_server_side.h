@@ -118,6 +118,7 @@ JX_API jx_status jx_use_legacy_unique_id_for_consent_id(void);
 
 // What goes around every event.
 
+/// The blocks that a host may extend.
 typedef enum jx_block {
   JX_BLOCK_USER = 0,
   JX_BLOCK_DEVICE = 1,

@@ -42,6 +42,7 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   JXJsonValue removeData(const JXString& key) override;
   /// Removes every pair.
   void clearData();
+  /// True when the store holds no pair.
   bool isEmpty() const;
 
   /// The texts under several keys as they stand at one moment, in the order of the keys; absent

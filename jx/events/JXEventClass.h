@@ -19,6 +19,7 @@ class JXEvent;
 
 /// How an event of a class is made.
 struct JXEventMaker {
+  /// Makes an event; see `JXEventClass::make` for the arguments.
   using Make = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
 
   /// Of a class whose events `make` makes.
@@ -29,11 +30,12 @@ struct JXEventMaker {
     constexpr bool isTold = std::is_same_v<decltype(&Event::getJsonObject), Inherited>;
     return {make, isTold ? &typeid(Event) : nullptr};
   }
+  /// Calls `make`.
   std::shared_ptr<JXEvent> operator()(int mode, const JXString& text) const {
     return make(mode, text);
   }
 
-  Make make;
+  Make make;  ///< never null
   /// The type of the events whose JSON is what the tables tell; null when it may be another.
   const std::type_info* toldByTables;
 };

@@ -55,6 +55,7 @@ class JXFields final : public JXFieldTable {
     std::string_view property;
     /// Where the value is kept.
     Member member;
+    /// See `JXFieldInfo::isAgain`.
     bool isAgain = false;
   };
 

@@ -30,7 +30,9 @@ class JX_API JXString {
   JXString(const char* text) : tag_(kAbsent) {
     if (text != nullptr) assign(text, std::strlen(text));
   }
+  /// A copy of the text, NULs included.
   JXString(const std::string& text) : tag_(kAbsent) { assign(text.data(), text.size()); }
+  /// A copy of the text, NULs included; never absent.
   JXString(std::string_view text) : tag_(kAbsent) { assign(text.data(), text.size()); }
 
   /// Shares a long text, copies a short one; never throws.
@@ -57,6 +59,7 @@ class JX_API JXString {
     other.tag_ = kAbsent;
     return *this;
   }
+  /// Ends the text with its last copy.
   ~JXString() { release(); }
 
   /// True when there is a text, the empty one included.

@@ -17,25 +17,38 @@ class JX_API JXJsonSink {
  public:
   virtual ~JXJsonSink() = default;
 
-  // Entries of the object that was begun last
+  /// @name Entries of the object that was begun last
+  /// @{
 
+  /// The text; an empty one is written.
   virtual void text(std::string_view key, const JXString& value) = 0;
   /// Digit for digit; not-a-number counts as absent.
   virtual void number(std::string_view key, const std::optional<JXDecimal>& value) = 0;
   /// The number that the text holds, as `JXJsonValue::numberFromText` reads it; a text that is no
   /// number counts as absent.
   virtual void numberFromText(std::string_view key, const JXString& value) = 0;
+  /// The boolean.
   virtual void flag(std::string_view key, bool value) = 0;
+  /// Any JSON value, JSON's null included.
   virtual void value(std::string_view key, const JXJsonValue& value) = 0;
+  /// What follows are entries of an object under `key`, up to its `endObject`.
   virtual void beginObject(std::string_view key) = 0;
+  /// What follows are elements of an array under `key`, up to its `endArray`.
   virtual void beginArray(std::string_view key) = 0;
 
-  // Elements of the array that was begun last
+  /// @}
+  /// @name Elements of the array that was begun last
+  /// @{
 
+  /// The text; an absent one is left out.
   virtual void textElement(const JXString& value) = 0;
+  /// What follows are entries of an object in the array, up to its `endObject`.
   virtual void beginObjectElement() = 0;
+  /// @}
 
+  /// Ends the object that was begun last.
   virtual void endObject() = 0;
+  /// Ends the array that was begun last.
   virtual void endArray() = 0;
 
   /// An object under `key` with the entries that `block` tells by its `writeEntries`.

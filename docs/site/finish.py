@@ -1,0 +1,251 @@
+#!/usr/bin/env python3
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""Makes a site of what Doxygen wrote: finish.py FOLDER TAGFILE, run at the root of the tree.
+
+Puts the list of pages, the list of what is on the page and the links to its neighbours into each
+page, writes the index that the search reads, and removes what no page uses.
+"""
+
+import html
+import json
+import pathlib
+import re
+import sys
+import xml.etree.ElementTree as ElementTree
+
+import headers
+import site_map
+
+# What Doxygen writes whether it is used or not.
+UNUSED = ["*.png", "*.js", "doxygen.svg", "dir_*.html", "*-members.html"]
+TITLES = {
+    "Static Public Member Functions": "Class operations",
+    "Public Member Functions": "Operations",
+    "Public Types": "Types",
+    "Public Attributes": "Values",
+    "Static Public Attributes": "Constants",
+    "Member Enumeration Documentation": "Enumerations in full",
+    "Enumeration Type Documentation": "Enumerations in full",
+    "Member Typedef Documentation": "Types in full",
+    "Typedef Documentation": "Types in full",
+    "Detailed Description": "",
+}
+ANCHOR = r'<a (?:id="[^"]*" name|class="anchor" id)="([^"]*)"[^>]*></a>'
+MEMBER = re.compile(r'<tr class="memitem:(\w+)"[^>]*>(?:(?!</tr>).)*?(?:<b>|<a class="el" '
+                    r'href="[^"]*#\1">)([\w~]+)</', re.DOTALL)
+HEADING = re.compile(r"<h([12])[^>]*>\s*" + ANCHOR + r"\s*(.*?)</h\1>", re.DOTALL)
+
+
+def plain(markup):
+    return " ".join(html.unescape(re.sub(r"<[^>]*>", " ", markup)).split())
+
+
+def href(page):
+    return site_map.label(page.path) + ".html"
+
+
+def file_of_class(name):
+    """The pages that Doxygen may have made for a class of ours."""
+    return [f"{kind}jx_1_1{name}.html" for kind in ("class", "struct")]
+
+
+def link(target, text, current):
+    mark = ' aria-current="page"' if target == current else ""
+    return f'<li><a href="{target}"{mark}>{html.escape(text)}</a></li>'
+
+
+def c_headers(tagfile):
+    """[(page, name)] of the headers of the C interface."""
+    found = []
+    for compound in ElementTree.parse(tagfile).getroot():
+        path = compound.findtext("path") or ""
+        if compound.get("kind") == "file" and "jx/c/" in path:
+            found.append((path, compound.findtext("filename"),
+                          compound.findtext("name")))
+    return [one[1:] for one in sorted(found)]
+
+
+def part_of_sidebar(title, links, current):
+    is_open = " open" if current in [one for one, _ in links] else ""
+    lines = [f"<details{is_open}><summary>{html.escape(title)}</summary><ul>"]
+    lines += [link(one, name, current) for one, name in links]
+    return "\n".join(lines) + "</ul></details>"
+
+
+def sidebar(folder, current, of_c):
+    lines = []
+    for name, pages in site_map.parts():
+        lines.append(f"<h2>{html.escape(name)}</h2><ul>")
+        lines += [link(href(page), page.name, current) for page in pages]
+        lines.append("</ul>")
+    lines.append("<h2>Interface</h2><ul>")
+    lines.append(link("reference.html", "All classes", current))
+    lines.append(link("namespacejx.html", "Constants and functions", current))
+    lines.append("</ul>")
+    for title, named in headers.areas():
+        links = [(one, name) for name, _ in named for one in file_of_class(name)
+                 if (folder / one).exists()]
+        lines.append(part_of_sidebar(title, links, current))
+    if of_c:
+        lines.append(part_of_sidebar("C interface", of_c, current))
+    return "\n".join(lines)
+
+
+def marks_of(text):
+    """[(level, anchor, title)] of the headings and the members of a page, in their order."""
+    found = [(m.start(), int(m.group(1)), m.group(2), plain(m.group(3)))
+             for m in HEADING.finditer(text)]
+    names = set()
+    for m in MEMBER.finditer(text):
+        anchor, name = m.groups()
+        accessor = name[3:4].lower() + name[4:] if name.startswith("set") else None
+        if name not in names and accessor not in names:
+            found.append((m.start(), 3, anchor, name))
+        names.add(name)
+    return [one[1:] for one in sorted(found) if one[3]]
+
+
+def on_this_page(text):
+    marks = marks_of(text)
+    # A page of many small parts is told by its large ones.
+    while len(marks) > 60:
+        deepest = max(level for level, _, _ in marks)
+        marks = [mark for mark in marks if mark[0] < deepest]
+    if len(marks) < 2:
+        return ""
+    least = min(level for level, _, _ in marks)
+    lines = "".join(f'<li class="level{level - least}"><a href="#{anchor}">{html.escape(title)}'
+                    "</a></li>" for level, anchor, title in marks)
+    return f"<h2>On this page</h2><ul>{lines}</ul>"
+
+
+def neighbours(name):
+    pages = [page for _, part in site_map.parts() for page in part]
+    at = next((i for i, page in enumerate(pages) if href(page) == name), None)
+    if at is None:
+        return ""
+    lines = ""
+    if at > 0:
+        before = pages[at - 1]
+        lines += f'<a class="previous" href="{href(before)}">{html.escape(before.name)}</a>'
+    if at + 1 < len(pages):
+        behind = pages[at + 1]
+        lines += f'<a class="next" href="{href(behind)}">{html.escape(behind.name)}</a>'
+    return f'<nav class="neighbours" aria-label="Neighbouring pages">{lines}</nav>'
+
+
+def tidied(text):
+    """Doxygen's words in ours, and without what only its own style sheet needs."""
+    text = re.sub(r"<title>(.*?)</title>",
+                  lambda m: f"<title>{page_title(m.group(1))} - JXServerSide</title>", text, count=1)
+    text = re.sub(r'(<div class="title">)(.*?)(</div>)',
+                  lambda m: f'<h1 class="title">{page_title(m.group(2))}</h1>', text, count=1,
+                  flags=re.DOTALL)
+    text = re.sub(r'<div class="summary">.*?</div>', "", text, count=1, flags=re.DOTALL)
+    text = re.sub(r'<div id="nav-path".*?</ul>\s*</div>', "", text, count=1, flags=re.DOTALL)
+    text = re.sub(r'<h2 class="groupheader"> </h2>', "", text)
+    text = re.sub(r'<a href="(?:https?://|file:[^"]*)">(.*?)</a>', r"\1", text)
+    text = re.sub(r'<tr class="separator:[^"]*">.*?</tr>\n?', "", text)
+    text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)
+    text = text.replace('<div class="line"> </div>', '<div class="line">&#8203;</div>')
+    text = re.sub(r'<img src="closed.png"[^>]*/>', "", text)
+    for theirs, ours in TITLES.items():
+        text = re.sub(rf"(</a>\s*|groupheader\">){theirs}(</h2>)", rf"\g<1>{ours}\2", text)
+    # An embedded document would have a white ground in the dark; a picture has none.
+    text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*>(.*?)</object>',
+                  r'<img src="\1" alt="\2"/>', text, flags=re.DOTALL)
+    text = re.sub(r'alt="" class="inline" title="([^"]*)"', r'alt="\1"', text)
+    text = re.sub(r"<td[^>]*>.*?</td>", lambda cell: re.sub(
+        r"<code>([^<]{25,})</code>", lambda code: f"<code>{breakable(code.group(1))}</code>",
+        cell.group(0)), text, flags=re.DOTALL)
+    # A wide table scrolls by itself, so that the page need not.
+    text = re.sub(r'(<table class="(?:markdownTable|fieldtable)">.*?</table>)',
+                  r'<div class="wide">\1</div>', text, flags=re.DOTALL)
+    text = re.sub(r'<td class="mem(?:Templ)?(?:Item(?:Left|Right)|Params)"[^>]*>.*?</td>',
+                  lambda m: declaration(m.group(0)), text, flags=re.DOTALL)
+    return text
+
+
+def breakable(code):
+    """A long name in a table, with the places where it may go on to the next line."""
+    return re.sub(r"(/|::|\.(?=[A-Z])|[a-z](?=[A-Z]))", r"\1<wbr>", code)
+
+
+def declaration(cell):
+    """A declaration as we write it; a parameter is no link to an operation of its name."""
+    cell = cell.replace("&lt; ", "&lt;").replace(" &gt;", "&gt;").replace("&#160;</td>", " </td>")
+    name, bracket, parameters = cell.partition("(")
+    parameters = re.sub(r'<a class="el" href="[^"#]*#[^"]*"[^>]*>(.*?)</a>', r"\1", parameters)
+    return re.sub(r"(</b>|</a>) $", r"\1" if bracket else r"\1 ", name) + bracket + parameters
+
+
+def page_title(title):
+    title = re.sub(r'<span class="mlabel.*', "", title, flags=re.DOTALL)
+    title = " ".join(re.sub(r"<[^>]*>", "", title).split()).replace("JXServerSide: ", "")
+    if title.startswith("jx Namespace"):
+        return "Constants and functions"
+    title = re.sub(r" (Class|Struct|Namespace|File)( Template)? Reference$", "", title)
+    return re.sub(r"^jx::|&lt;.*&gt;", "", title)
+
+
+def sections(name, text):
+    """What the search knows of a page: [title, where it is, address, text]."""
+    title = plain(re.search(r'<h1 class="title">(.*?)</h1>', text, re.DOTALL).group(1))
+    body = text[text.index('<div class="contents">'):text.index("<!-- next pages -->")]
+    marks = list(HEADING.finditer(body))
+    ends = [mark.start() for mark in marks] + [len(body)]
+    yield [title, "", name, plain(body[:ends[0]])]
+    for mark, end in zip(marks, ends[1:]):
+        yield [plain(mark.group(3)), title, f"{name}#{mark.group(2)}", plain(body[mark.end():end])]
+
+
+def members(tagfile):
+    """What the search knows of the interface. A setter is found by its accessor."""
+    told = set()
+    for compound in ElementTree.parse(tagfile).getroot():
+        is_c = compound.get("kind") == "file" and "jx/c/" in (compound.findtext("path") or "")
+        if compound.get("kind") not in ("class", "struct", "namespace") and not is_c:
+            continue
+        owner = compound.findtext("name").removeprefix("jx").removeprefix("::")
+        if owner and compound.get("kind") in ("class", "struct"):
+            yield [owner, "class", compound.findtext("filename"), ""]
+        names = {member.findtext("name") for member in compound.findall("member")}
+        for member in compound.findall("member"):
+            name = member.findtext("name")
+            address = f"{member.findtext('anchorfile')}#{member.findtext('anchor')}"
+            is_setter = name.startswith("set") and name[3:4].lower() + name[4:] in names
+            if member.findtext("anchor") and address not in told and not is_setter:
+                told.add(address)
+                yield [name, owner or "jx", address, ""]
+
+
+def main():
+    folder, tagfile = pathlib.Path(sys.argv[1]), sys.argv[2]
+    for pattern in UNUSED:
+        for path in folder.glob(pattern):
+            if path.name != "site.js" and not (path.suffix == ".png" and is_ours(path)):
+                path.unlink()
+    of_c = c_headers(tagfile)
+    index = list(members(tagfile))
+    guides = {href(page) for _, part in site_map.parts() for page in part} | {"reference.html"}
+    for path in sorted(folder.glob("*.html")):
+        text = tidied(path.read_text(encoding="utf-8"))
+        if path.name in guides:
+            index += sections(path.name, text)
+        text = text.replace("<!-- sidebar -->", sidebar(folder, path.name, of_c))
+        text = text.replace("<!-- next pages -->", neighbours(path.name))
+        text = text.replace("<!-- on this page -->", on_this_page(
+            text[text.index('<div class="contents">'):]))
+        path.write_text(text, encoding="utf-8")
+    (folder / "search-index.js").write_text(
+        "window.jxIndex = " + json.dumps(index, ensure_ascii=False, separators=(",", ":")) + ";\n",
+        encoding="utf-8")
+
+
+def is_ours(picture):
+    return (pathlib.Path("docs/images") / picture.name).exists()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,84 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""What the public headers declare, folder by folder: for the page of the whole interface."""
+
+import glob
+import os
+import re
+
+INTERNAL = "packaging/internal-headers.txt"
+# A folder of jx/, and what a reader calls what is in it.
+AREAS = [
+    ("jx/facade", "Sending events"),
+    ("jx/events", "Events"),
+    ("jx/events/ecommerce", "Shopping events"),
+    ("jx/events/engagement", "Engagement events"),
+    ("jx/events/video", "Video events"),
+    ("jx/context", "Context blocks"),
+    ("jx/variables", "Predefined variables"),
+    ("jx/core", "Core"),
+    ("jx/core/json", "Numbers and JSON"),
+    ("jx/core/notifications", "Notifications"),
+    ("jx/core/transfer", "Delivery"),
+    ("jx/platform", "Platform"),
+]
+# What a host meets first stands first.
+FIRST = ["ServerSide", "JXEvent", "JXCustomEvent", "JXItem", "JXProduct", "JXCoreConfiguration",
+         "JXUser", "JXApplication", "JXNetworkManager", "JXDecimal", "JXString"]
+DECLARATION = re.compile(
+    r"((?:^///.*\n)+)(?:^template .*\n)?^(?:class|struct) (?:[A-Z_]+ )?(\w+)(?: final)?(?: :[^;{]*)? \{",
+    re.MULTILINE)
+
+
+def internal():
+    """The patterns of the headers that no host includes."""
+    with open(INTERNAL, encoding="utf-8") as file:
+        return [line.strip() for line in file if line.strip() and not line.startswith("#")]
+
+
+def is_public(header):
+    return not any(header == name or (name.endswith("/") and header.startswith(name))
+                   for name in internal())
+
+
+def classes(header):
+    """[(name, first sentence of its comment)] of what the header declares."""
+    with open(header, encoding="utf-8") as file:
+        text = file.read()
+    found = []
+    for comment, name in DECLARATION.findall(text):
+        words = " ".join(line[3:].strip() for line in comment.splitlines())
+        found.append((name, re.split(r"(?<=[.:])\s(?=[A-Z\"`])", words)[0].rstrip(":")))
+    return found
+
+
+def declares(header, name):
+    return any(name == one for one, _ in classes(header))
+
+
+def areas():
+    """[(what it is called, [(name, sentence)])] in the order of a host's interest."""
+    found = []
+    for folder, title in AREAS:
+        named = [one for header in sorted(glob.glob(folder + "/*.h")) if is_public(header)
+                 for one in classes(header)]
+        if named:
+            rank = {name: at for at, name in enumerate(FIRST)}
+            found.append((title, sorted(named, key=lambda one: rank.get(one[0], len(FIRST)))))
+    return found
+
+
+def anchor(title):
+    return "reference-" + title.lower().replace(" ", "-")
+
+
+def tables():
+    """The page's list, in Markdown."""
+    for title, named in areas():
+        yield f"## {title} {{#{anchor(title)}}}"
+        yield ""
+        yield "| class | |"
+        yield "|---|---|"
+        for name, sentence in named:
+            yield f"| [{name}](@ref jx::{name}) | {sentence} |"
+        yield ""

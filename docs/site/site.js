@@ -1,0 +1,110 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+'use strict';
+
+// The search: everything in the browser, over window.jxIndex (title, where it is, address, text).
+(() => {
+  const query = document.getElementById('query');
+  const found = document.getElementById('found');
+  const most = 12;
+  let chosen = -1;
+
+  // How well an entry fits the words; 0 when one of them is nowhere.
+  function fit([title, where, , text], words) {
+    const name = title.toLowerCase();
+    const place = where.toLowerCase();
+    let sum = 0;
+    for (const word of words) {
+      if (name === word) sum += 100;
+      else if (name.startsWith(word)) sum += 40;
+      else if (name.includes(word)) sum += 20;
+      else if (place.includes(word)) sum += 5;
+      else if (text.toLowerCase().includes(word)) sum += 3;
+      else return 0;
+    }
+    return sum + (text ? 4 : 0) - Math.min(title.length, 60) / 60;
+  }
+
+  function excerpt(text, words) {
+    const at = text.toLowerCase().indexOf(words[0]);
+    if (at < 0) return text.slice(0, 90);
+    const from = Math.max(0, at - 30);
+    return (from > 0 ? '… ' : '') + text.slice(from, from + 90);
+  }
+
+  function entry(item, words) {
+    const line = document.createElement('li');
+    const anchor = document.createElement('a');
+    anchor.href = item[2];
+    const title = document.createElement('b');
+    title.textContent = item[0];
+    const where = document.createElement('span');
+    where.textContent = item[1];
+    const text = document.createElement('small');
+    text.textContent = excerpt(item[3], words);
+    anchor.append(title, ' ', where, text);
+    line.append(anchor);
+    return line;
+  }
+
+  function show() {
+    const words = query.value.toLowerCase().split(/[\s:.()]+/).filter(Boolean);
+    const fitting = !words.length ? [] : (window.jxIndex || [])
+        .map((item) => [fit(item, words), item]).filter(([value]) => value > 0)
+        .sort((a, b) => b[0] - a[0]).slice(0, most);
+    found.replaceChildren(...fitting.map(([, item]) => entry(item, words)));
+    if (words.length && !fitting.length) {
+      const none = document.createElement('li');
+      none.className = 'none';
+      none.textContent = 'Nothing found';
+      found.append(none);
+    }
+    found.hidden = !words.length;
+    chosen = -1;
+  }
+
+  function choose(step) {
+    const links = found.querySelectorAll('a');
+    if (!links.length) return;
+    chosen = (chosen + step + links.length) % links.length;
+    links.forEach((link, i) => link.classList.toggle('chosen', i === chosen));
+    links[chosen].scrollIntoView({block: 'nearest'});
+  }
+
+  query.addEventListener('input', show);
+  query.addEventListener('focus', show);
+  query.addEventListener('keydown', (event) => {
+    const links = found.querySelectorAll('a');
+    if (event.key === 'ArrowDown') choose(1);
+    else if (event.key === 'ArrowUp') choose(-1);
+    else if (event.key === 'Enter' && links.length) links[Math.max(chosen, 0)].click();
+    else if (event.key === 'Escape') query.blur();
+    else return;
+    event.preventDefault();
+  });
+  document.addEventListener('click', (event) => {
+    if (!event.target.closest('.search') || event.target.closest('#found a')) found.hidden = true;
+  });
+  document.addEventListener('keydown', (event) => {
+    if (event.key === 'Escape') found.hidden = true;
+    if (event.key !== '/' || event.ctrlKey || event.metaKey) return;
+    if (event.target.closest('input, textarea')) return;
+    event.preventDefault();
+    query.focus();
+  });
+})();
+
+// The list of pages on a narrow screen.
+(() => {
+  const menu = document.getElementById('menu');
+  menu.addEventListener('click', () => {
+    const isOpen = document.body.classList.toggle('menu');
+    menu.setAttribute('aria-expanded', String(isOpen));
+  });
+  document.querySelector('#navigation [aria-current]')?.scrollIntoView({block: 'nearest'});
+})();
+
+// What a class has from its base: Doxygen's pages call this when its heading is pressed.
+window.toggleInherit = (id) => {
+  for (const row of document.querySelectorAll(`tr.inherit.${id}`)) row.classList.toggle('shown');
+};
