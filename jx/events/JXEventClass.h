@@ -18,7 +18,7 @@ namespace jx {
 class JXEvent;
 
 /// How an event of a class is made.
-struct JXEventMaker {
+struct JX_API JXEventMaker {
   using Make = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
 
   /// Of a class whose events `make` makes.
