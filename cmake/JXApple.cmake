@@ -17,7 +17,6 @@ set_source_files_properties(${apple_sources} PROPERTIES COMPILE_OPTIONS -fno-obj
 # AppTrackingTransparency came with tvOS 14, so nothing that needs it may keep an older system from
 # loading the application.
 function(jx_link_apple_frameworks target)
-  set_target_properties(${target} PROPERTIES OBJCXX_STANDARD 17 OBJCXX_EXTENSIONS OFF)
   target_link_libraries(${target} PRIVATE "-framework Foundation" "-framework UIKit"
                         "-framework Network")
   if(JX_APPLE_ADVERTISING)

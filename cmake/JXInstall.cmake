@@ -1,9 +1,10 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# What `cmake --install` gives: the public headers, the library, and the files by which CMake and
-# pkg-config find them. A project that includes this one by add_subdirectory installs its own
-# things, and ours only when it asks.
+# What `cmake --install` gives, in three components: jxserverside_runtime (the shared library),
+# jxserverside_development (the public headers, the static library, and the files by which CMake and
+# pkg-config find them) and jxserverside_tools (the program jx). A project that includes this one by
+# add_subdirectory installs its own things, and ours only when it asks.
 option(JX_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT JX_INSTALL)
   return()
@@ -11,9 +12,7 @@ endif()
 
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
-
-set_target_properties(jxserverside PROPERTIES VERSION ${PROJECT_VERSION}
-                      SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set(development COMPONENT jxserverside_development)
 
 # The headers that no host includes stay here; scripts/checks/headers reads the same list.
 set(internal_list ${PROJECT_SOURCE_DIR}/packaging/internal-headers.txt)
@@ -30,31 +29,24 @@ foreach(entry ${internal_headers})
 endforeach()
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)
-  install(FILES ${PROJECT_SOURCE_DIR}/${header} COMPONENT jxserverside
+  install(FILES ${PROJECT_SOURCE_DIR}/${header} ${development}
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
-
-install(FILES ${PROJECT_SOURCE_DIR}/jx/c/module.modulemap COMPONENT jxserverside
+install(FILES ${PROJECT_SOURCE_DIR}/jx/c/module.modulemap ${development}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/jx/c)
-
-install(TARGETS jxserverside EXPORT jxserversideTargets COMPONENT jxserverside
-        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE COMPONENT jxserverside
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE ${development}
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-# A static library hands its own dependencies on to whoever links it; a shared one has them inside.
-get_target_property(library_type jxserverside TYPE)
-if(library_type STREQUAL "STATIC_LIBRARY")
-  set(JX_CONFIG_DEPENDENCIES "find_dependency(CURL)\nfind_dependency(Threads)")
-  set(JX_PC_REQUIRES libcurl)
-  set(JX_PC_LIBS ${CMAKE_THREAD_LIBS_INIT})
-else()
-  set(JX_PC_REQUIRES_PRIVATE libcurl)
-endif()
-
+# Each library has a file of targets of its own, so that either can be installed without the other.
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/jxserverside)
-install(EXPORT jxserversideTargets NAMESPACE jx:: COMPONENT jxserverside
-        DESTINATION ${config_folder})
+foreach(kind ${JX_LIBRARIES})
+  install(TARGETS jxserverside_${kind} EXPORT jxserverside_${kind}
+          INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+          ARCHIVE ${development}
+          LIBRARY COMPONENT jxserverside_runtime NAMELINK_COMPONENT jxserverside_development)
+  install(EXPORT jxserverside_${kind} NAMESPACE jx:: FILE jxserverside_${kind}Targets.cmake
+          ${development} DESTINATION ${config_folder})
+endforeach()
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/packaging/jxserversideConfig.cmake.in
     ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
@@ -64,13 +56,26 @@ write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigV
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigVersion.cmake
-        COMPONENT jxserverside DESTINATION ${config_folder})
+        ${development} DESTINATION ${config_folder})
 
+# A static library hands its own dependencies on to whoever links it; a shared one has them inside.
+# With both, `pkg-config --static` tells them.
+set(needed "${CMAKE_THREAD_LIBS_INIT}")
+if(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES MATCHES "(^|;)(stdc\\+\\+|c\\+\\+)(;|$)")
+  string(APPEND needed " -l${CMAKE_MATCH_2}")  # for a host in C
+endif()
+if("shared" IN_LIST JX_LIBRARIES)
+  set(JX_PC_REQUIRES_PRIVATE libcurl)
+  set(JX_PC_LIBS_PRIVATE "${needed}")
+else()
+  set(JX_PC_REQUIRES libcurl)
+  set(JX_PC_LIBS "${needed}")
+endif()
 # The prefix is told relative to the file, so that `cmake --install --prefix` and moving the
 # installed tree both work.
 file(RELATIVE_PATH JX_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" JX_PC_PREFIX "${JX_PC_PREFIX}")
 configure_file(${PROJECT_SOURCE_DIR}/packaging/jxserverside.pc.in
                ${CMAKE_CURRENT_BINARY_DIR}/jxserverside.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserverside.pc COMPONENT jxserverside
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserverside.pc ${development}
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

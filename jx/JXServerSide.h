@@ -4,6 +4,7 @@
 
 /// Everything that a host application uses.
 
+#include "jx/JXVersion.h"
 #include "jx/context/JXApp.h"
 #include "jx/context/JXDevice.h"
 #include "jx/context/JXLifecycle.h"

@@ -18,7 +18,7 @@ namespace jx {
 class JXEvent;
 
 /// How an event of a class is made.
-struct JXEventMaker {
+struct JX_API JXEventMaker {
   /// Makes an event; see `JXEventClass::make` for the arguments.
   using Make = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
 

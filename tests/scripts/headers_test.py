@@ -42,6 +42,15 @@ class Headers(faketree.FakeTreeTest):
                            "jx/core/storage/B.h": "#pragma once\n", LIST: "jx/core/storage/\n"},
                           'jx/core/A.h:2: "jx/core/storage/B.h": a public header includes')
 
+    def test_a_class_that_a_shared_library_would_not_show_is_found(self):
+        self.assert_found({"jx/core/A.h": "#pragma once\n\nclass A final {\n};\n"},
+                          "jx/core/A.h:3: A: a class that hosts use needs JX_API")
+
+    def test_marked_classes_templates_and_mere_declarations_are_clean(self):
+        text = ("#pragma once\n#define JX_API\nclass B;\nclass JX_API A {\n};\n"
+                "template <typename T>\nstruct C {\n};\n")
+        self.assert_clean({"jx/core/A.h": text})
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,0 +1,52 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+
+# The Debian packages: cmake --workflow --preset debian leaves them in build/debian. Named as Debian
+# would: the loader's name of the shared library is in the name of its package, so that two versions
+# that are not compatible can stand beside each other.
+option(JX_DEBIAN_PACKAGES "Let cpack make the Debian packages" OFF)
+if(NOT JX_DEBIAN_PACKAGES)
+  return()
+endif()
+
+set(version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set(runtime libjxserverside${version})
+set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_PACKAGE_NAME ${runtime})
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_NAME libjxserverside-dev)
+set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_PACKAGE_NAME jxserverside-tools)
+set(CPACK_COMPONENTS_ALL jxserverside_runtime jxserverside_development jxserverside_tools)
+
+set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_DESCRIPTION "The shared library. It records what the \
+viewers of a TV application do, writes each event to disk before the call returns, and delivers it \
+over HTTPS when the network allows.")
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_DESCRIPTION "Headers, the static library, and what CMake \
+and pkg-config need to find them.")
+set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_DESCRIPTION "The program jx. It replays sessions through the \
+library, receives them as a local collector, and shows them in a page.")
+
+set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_PACKAGE_SECTION devel)
+# The static library needs libcurl's own development package of whoever links it.
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_DEPENDS
+    "${runtime} (= ${PROJECT_VERSION}), libcurl4-openssl-dev | libcurl-dev")
+set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY =)
+
+foreach(part RUNTIME DEVELOPMENT TOOLS)
+  string(TOLOWER jxserverside_${part} component)
+  install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright COMPONENT ${component}
+          DESTINATION share/doc/${CPACK_DEBIAN_JXSERVERSIDE_${part}_PACKAGE_NAME})
+endforeach()
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME jxserverside)
+set(CPACK_PACKAGE_VENDOR "The JXServerSide authors")
+set(CPACK_PACKAGE_CONTACT "The JXServerSide authors <authors@jxserverside.example>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)
