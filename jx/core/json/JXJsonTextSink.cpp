@@ -3,89 +3,14 @@
 #include "jx/core/json/JXJsonTextSink.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 
-#include "jx/core/json/JXUtf8.h"
+#include "jx/core/json/JXJsonString.h"
 
 namespace jx {
 namespace {
 
 constexpr std::size_t kIndent = 2;
-constexpr std::size_t kQuotes = 2;
-// No byte becomes more than this many.
-constexpr std::size_t kLongestEscape = 6;
-
-// Of a byte that may not stand in a string as it is: the character behind the backslash, 'u' where
-// only its number will do; 0 of every other byte.
-char escapeOf(char byte) noexcept {
-  switch (byte) {
-    case '"':
-    case '\\':
-      return byte;
-    case '\b':
-      return 'b';
-    case '\f':
-      return 'f';
-    case '\n':
-      return 'n';
-    case '\r':
-      return 'r';
-    case '\t':
-      return 't';
-    default:
-      return static_cast<unsigned char>(byte) < 0x20 ? 'u' : '\0';
-  }
-}
-
-std::size_t escapedLength(std::string_view text) noexcept {
-  std::size_t length = 0;
-  for (const char byte : text) {
-    const char escape = escapeOf(byte);
-    length += escape == '\0' ? 1 : escape == 'u' ? kLongestEscape : 2;
-  }
-  return length;
-}
-
-std::size_t writtenLength(std::string_view text) {
-  return kQuotes +
-         (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
-}
-
-// The same, no less than that, and without looking at the text.
-std::size_t longestWritten(std::string_view text) noexcept {
-  return kQuotes + kLongestEscape * text.size();
-}
-
-constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
-
-// True when one of the eight bytes is zero.
-constexpr bool hasZero(std::uint64_t word) noexcept {
-  return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
-}
-
-constexpr bool isPlainWord(std::uint64_t word) noexcept {
-  const bool hasHighOrControl = ((word | ((word - eachByte(0x20)) & ~word)) & eachByte(0x80)) != 0;
-  return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
-}
-
-constexpr bool isPlainByte(char byte) noexcept {
-  return static_cast<unsigned char>(byte) - 0x20U < 0x60U && byte != '"' && byte != '\\';
-}
-
-// True when every byte is ASCII and stands in a JSON string as it is, which is nearly always so.
-bool isPlain(std::string_view text) noexcept {
-  const char* at = text.data();
-  std::size_t left = text.size();
-  for (; left >= sizeof(std::uint64_t); left -= sizeof(std::uint64_t)) {
-    std::uint64_t word;
-    std::memcpy(&word, at, sizeof word);
-    if (!isPlainWord(word)) return false;
-    at += sizeof word;
-  }
-  return std::all_of(at, at + left, isPlainByte);
-}
-
 // True of digits that JSON takes as they are.
 bool isPlainInteger(std::string_view text) noexcept {
   if (text.empty() || (text.front() == '0' && text.size() != 1)) return false;
@@ -236,7 +161,7 @@ void JXJsonTextSink::end(char closing) {
 }
 
 void JXJsonTextSink::putString(const std::string_view* key, std::string_view text) {
-  if (begin(key, 0, &text)) putText(text);
+  if (begin(key, 0, &text)) appendJsonString(text, out_);
 }
 
 void JXJsonTextSink::putBare(const std::string_view* key, std::string_view text) {
@@ -256,7 +181,7 @@ bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
     return around + (key != nullptr ? textLength(*key) : 0) +
            (text != nullptr ? textLength(*text) : 0);
   };
-  if (!fits(lengthBy(longestWritten)) && !fits(lengthBy(writtenLength))) {
+  if (!fits(lengthBy(longestJsonString)) && !fits(lengthBy(lengthOfJsonString))) {
     ++leftOut_;
     return false;
   }
@@ -264,7 +189,7 @@ bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
   isFirst_ = false;
   if (isPretty_) putLine(level_);
   if (key == nullptr) return true;
-  putText(*key);
+  appendJsonString(*key, out_);
   out_.append(':');
   if (isPretty_) out_.append(' ');
   return true;
@@ -293,34 +218,6 @@ std::size_t JXJsonTextSink::lineLength(std::size_t level) { return 1 + kIndent *
 
 std::size_t JXJsonTextSink::endLength(std::size_t level) const {
   return 1 + (isPretty_ ? lineLength(level) : 0);
-}
-
-void JXJsonTextSink::putText(std::string_view text) {
-  if (!isPlain(text)) return putUnusualText(text);
-  char* const place = out_.extend(text.size() + kQuotes);
-  place[0] = '"';
-  if (!text.empty()) std::memcpy(place + 1, text.data(), text.size());
-  place[text.size() + 1] = '"';
-}
-
-void JXJsonTextSink::putUnusualText(std::string_view text) {
-  if (!isUtf8(text)) return putUnusualText(withReplacementCharacters(text));
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  out_.append('"');
-  for (const char byte : text) {
-    const char escape = escapeOf(byte);
-    if (escape == '\0') {
-      out_.append(byte);
-      continue;
-    }
-    out_.append('\\');
-    out_.append(escape);
-    if (escape != 'u') continue;
-    out_.append(std::string_view("00"));
-    out_.append(kDigits[static_cast<unsigned char>(byte) >> 4]);
-    out_.append(kDigits[static_cast<unsigned char>(byte) & 0x0FU]);
-  }
-  out_.append('"');
 }
 
 }  // namespace jx

@@ -55,8 +55,6 @@ class JXJsonTextSink final : public JXJsonSink {
   void open(char opening);
   void end(char closing);
   bool leavesOut(const void* node);
-  void putText(std::string_view text);
-  void putUnusualText(std::string_view text);
   void putLine(std::size_t level);
   static std::size_t lineLength(std::size_t level);
   std::size_t endLength(std::size_t level) const;

@@ -1,0 +1,112 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/json/JXJsonString.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "jx/core/json/JXUtf8.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kQuotes = 2;
+constexpr std::size_t kLongestEscape = 6;
+
+// Of a byte that may not stand in a string as it is: the character behind the backslash, 'u' where
+// only its number will do; 0 of every other byte.
+char escapeOf(char byte) noexcept {
+  switch (byte) {
+    case '"':
+    case '\\':
+      return byte;
+    case '\b':
+      return 'b';
+    case '\f':
+      return 'f';
+    case '\n':
+      return 'n';
+    case '\r':
+      return 'r';
+    case '\t':
+      return 't';
+    default:
+      return static_cast<unsigned char>(byte) < 0x20 ? 'u' : '\0';
+  }
+}
+
+std::size_t escapedLength(std::string_view text) noexcept {
+  std::size_t length = 0;
+  for (const char byte : text) {
+    const char escape = escapeOf(byte);
+    length += escape == '\0' ? 1 : escape == 'u' ? kLongestEscape : 2;
+  }
+  return length;
+}
+
+constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
+
+// True when one of the eight bytes is zero.
+constexpr bool hasZero(std::uint64_t word) noexcept {
+  return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
+}
+
+constexpr bool isPlainWord(std::uint64_t word) noexcept {
+  const bool hasHighOrControl = ((word | ((word - eachByte(0x20)) & ~word)) & eachByte(0x80)) != 0;
+  return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
+}
+
+constexpr bool isPlainByte(char byte) noexcept {
+  return static_cast<unsigned char>(byte) - 0x20U < 0x60U && byte != '"' && byte != '\\';
+}
+
+// True when every byte is ASCII and stands in a JSON string as it is, which is nearly always so.
+bool isPlain(std::string_view text) noexcept {
+  const char* at = text.data();
+  std::size_t left = text.size();
+  for (; left >= sizeof(std::uint64_t); left -= sizeof(std::uint64_t)) {
+    std::uint64_t word;
+    std::memcpy(&word, at, sizeof word);
+    if (!isPlainWord(word)) return false;
+    at += sizeof word;
+  }
+  return std::all_of(at, at + left, isPlainByte);
+}
+
+void appendUnusual(std::string_view text, JXStringBuilder& out) {
+  if (!isUtf8(text)) return appendUnusual(withReplacementCharacters(text), out);
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  out.append('"');
+  for (const char byte : text) {
+    const char escape = escapeOf(byte);
+    if (escape == '\0') {
+      out.append(byte);
+      continue;
+    }
+    out.append('\\');
+    out.append(escape);
+    if (escape != 'u') continue;
+    out.append(std::string_view("00"));
+    out.append(kDigits[static_cast<unsigned char>(byte) >> 4]);
+    out.append(kDigits[static_cast<unsigned char>(byte) & 0x0FU]);
+  }
+  out.append('"');
+}
+
+}  // namespace
+
+std::size_t lengthOfJsonString(std::string_view text) {
+  return kQuotes +
+         (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
+}
+
+void appendJsonString(std::string_view text, JXStringBuilder& out) {
+  if (!isPlain(text)) return appendUnusual(text, out);
+  char* const place = out.extend(text.size() + kQuotes);
+  place[0] = '"';
+  if (!text.empty()) std::memcpy(place + 1, text.data(), text.size());
+  place[text.size() + 1] = '"';
+}
+
+}  // namespace jx
