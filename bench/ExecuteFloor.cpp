@@ -1,0 +1,61 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "bench/ExecuteFloor.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <map>
+#include <stdexcept>
+#include <utility>
+
+namespace jx::bench {
+
+ExecuteFloor::ExecuteFloor(const std::string& body, std::vector<Write> writes,
+                           const std::string& folder)
+    : json_(body), writes_(std::move(writes)) {
+  if (json_.write() != body) throw std::runtime_error("the floor writes another text");
+  std::map<int, int> fileFor;
+  std::size_t longest = 0;
+  for (Write& write : writes_) {
+    int& file = fileFor.try_emplace(write.descriptor, -1).first->second;
+    if (file < 0) {
+      const std::string path = folder + "/floor-" + std::to_string(fileFor.size());
+      file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0600);
+      if (file < 0) throw std::runtime_error("cannot make " + path);
+      files_.push_back(file);
+    }
+    write.descriptor = file;
+    longest = std::max(longest, write.bytes);
+  }
+  bytes_.assign(longest, 'x');
+}
+
+ExecuteFloor::~ExecuteFloor() {
+  for (const int file : files_)
+    ::close(file);
+}
+
+ExecuteFloor::Cost ExecuteFloor::run() {
+  const Clock::time_point begin = Clock::now();
+  const std::string_view body = json_.write();
+  const Clock::time_point made = Clock::now();
+  for (const Write& write : writes_) {
+    // The frame of the body is longer by its head and the URL, which the floor does not count.
+    const std::string_view data =
+        write.bytes >= body.size() ? body : std::string_view(bytes_).substr(0, write.bytes);
+    if (::write(write.descriptor, data.data(), data.size()) != std::ssize(data)) {
+      throw std::runtime_error("the disk took a part only");
+    }
+  }
+  return {made - begin, Clock::now() - begin};
+}
+
+void ExecuteFloor::empty() {
+  for (const int file : files_) {
+    if (::ftruncate(file, 0) != 0) throw std::runtime_error("cannot empty a file");
+  }
+}
+
+}  // namespace jx::bench

@@ -1,0 +1,95 @@
+#!/usr/bin/env python3
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""Runs the measuring programs and prints one table: each figure beside its floor.
+
+    run.py --programs FOLDER [--quick] [--only PART,...] [--json FILE]
+
+The figures are quoted, never asserted: the status is 0 whatever they are, and 1 when a measurement
+failed.
+"""
+
+import argparse
+import json
+import os
+import platform
+import subprocess
+import sys
+
+import execute
+import table
+
+
+class Bench:
+    """The programs, and how long a run is meant to take."""
+
+    def __init__(self, programs, quick):
+        self.programs = programs
+        self.quick = quick
+
+    def run(self, program, *options):
+        """What the program prints, as JSON."""
+        command = [os.path.join(self.programs, program), *map(str, options)]
+        result = subprocess.run(command, stdout=subprocess.PIPE, check=False, text=True)
+        if result.returncode != 0:
+            raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}")
+        return json.loads(result.stdout)
+
+
+def measure_execute(bench):
+    length = ["--rounds", 2, "--calls", 20, "--block", 10] if bench.quick else []
+    rows = execute.burst_rows(bench.run("jx_bench_execute", *length))
+    length = (["--rounds", 1, "--calls", 20, "--block", 10] if bench.quick else
+              ["--rounds", 5, "--calls", 400, "--block", 50])
+    paced = bench.run("jx_bench_execute", "--cases", "purchase_1,purchase_3", "--pace-us", 3000,
+                      *length)
+    return rows + execute.paced_rows(paced, "each 3 ms")
+
+
+PARTS = {"execute": measure_execute}
+
+
+def machine():
+    with open("/proc/loadavg", encoding="ascii") as file:
+        load = " ".join(file.read().split()[:3])
+    return f"{platform.system()} {platform.machine()}, {os.cpu_count()} processors, load {load}"
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--programs", required=True, help="folder of the measuring programs")
+    parser.add_argument("--quick", action="store_true", help="whether all runs, in seconds")
+    parser.add_argument("--only", default="", help="parts: " + ", ".join(PARTS))
+    parser.add_argument("--json", help="file for the same figures")
+    parser.add_argument("--commit", default="", help="what is measured")
+    return parser.parse_args()
+
+
+def main():
+    options = arguments()
+    parts = [part for part in options.only.split(",") if part] or list(PARTS)
+    unknown = [part for part in parts if part not in PARTS]
+    if unknown:
+        sys.exit(f"bench: no such part: {', '.join(unknown)}")
+    bench = Bench(options.programs, options.quick)
+    where = machine()
+    rows, failed = [], []
+    for part in parts:
+        print(f"bench: {part}", file=sys.stderr)
+        try:
+            rows += PARTS[part](bench)
+        except (RuntimeError, OSError, ValueError, KeyError, subprocess.SubprocessError) as error:
+            failed.append(part)
+            print(f"bench: {part} FAILED: {error!r}", file=sys.stderr)
+    print(f"bench: {options.commit}{', ' if options.commit else ''}{where}")
+    print(table.render(rows))
+    if options.json:
+        with open(options.json, "w", encoding="utf-8") as file:
+            json.dump({"commit": options.commit, "machine": where, "quick": options.quick,
+                       "failed": failed, "rows": table.as_json(rows)}, file, indent=1)
+    if failed:
+        sys.exit(f"bench: FAILED: {', '.join(failed)}")
+
+
+if __name__ == "__main__":
+    main()
