@@ -12,6 +12,7 @@ std::shared_ptr<ServerSide> startHost(const HostOptions& options) {
   configuration.collectionHost = options.collectionHost;
   if (!options.caFile.empty()) configuration.caFile = options.caFile;
   configuration.logLevel = 0;
+  configuration.clock = options.clock;
   configuration.bundle = {"com.example.tv", "Example TV", "100", "1.2.3"};
   configuration.screen = {1920, 1080};
   if (options.keepsAll) {

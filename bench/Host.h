@@ -17,6 +17,8 @@ struct HostOptions {
   std::string caFile;
   /// False: the bounds of the outbox are those of an application; true: nothing is ever dropped.
   bool keepsAll = false;
+  /// The time of day; null: the system's.
+  std::shared_ptr<const JXClock> clock;
 };
 
 /// Configures the core and makes the process's ServerSide.

@@ -17,6 +17,7 @@ import subprocess
 import sys
 
 import execute
+import parts
 import table
 
 
@@ -30,9 +31,11 @@ class Bench:
     def run(self, program, *options):
         """What the program prints, as JSON."""
         command = [os.path.join(self.programs, program), *map(str, options)]
-        result = subprocess.run(command, stdout=subprocess.PIPE, check=False, text=True)
+        result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                check=False, text=True)
         if result.returncode != 0:
-            raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}")
+            raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}: "
+                               f"{result.stderr.strip()}")
         return json.loads(result.stdout)
 
 
@@ -46,7 +49,11 @@ def measure_execute(bench):
     return rows + execute.paced_rows(paced, "each 3 ms")
 
 
-PARTS = {"execute": measure_execute}
+def measure_parts(bench):
+    return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
+
+
+PARTS = {"execute": measure_execute, "parts": measure_parts}
 
 
 def machine():

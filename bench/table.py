@@ -20,7 +20,7 @@ class Row:
     value: float
     unit: str
     floor: Optional[float] = None
-    relation: str = ""  # "x": ratio, "+": difference, "": the figure itself
+    relation: str = ""  # "x": ratio, "+": difference, "%": part of a whole, "": the figure
     against: Optional[float] = None
     at_most: Optional[float] = None
     note: str = ""
@@ -63,6 +63,8 @@ def relative(value, row):
         return ""
     if row.relation == "x":
         return f"{value:.2f} x"
+    if row.relation == "%":
+        return f"{value:.0f} %"
     sign = "+" if row.relation == "+" and value >= 0 else ""
     return f"{sign}{number(value)} {row.unit}".rstrip()
 
