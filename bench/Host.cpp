@@ -13,6 +13,7 @@ std::shared_ptr<ServerSide> startHost(const HostOptions& options) {
   if (!options.caFile.empty()) configuration.caFile = options.caFile;
   configuration.logLevel = 0;
   configuration.clock = options.clock;
+  configuration.onDelivery = options.onDelivery;
   configuration.bundle = {"com.example.tv", "Example TV", "100", "1.2.3"};
   configuration.screen = {1920, 1080};
   if (options.keepsAll) {

@@ -19,6 +19,7 @@ struct HostOptions {
   bool keepsAll = false;
   /// The time of day; null: the system's.
   std::shared_ptr<const JXClock> clock;
+  JXDeliveryCallback onDelivery;
 };
 
 /// Configures the core and makes the process's ServerSide.

@@ -52,8 +52,9 @@ def growth(cases):
             table.ratio("each item beyond the first, beside RapidJSON's", marginal, "us")]
 
 
-NAMES = {"custom": "custom event", "purchase_1": "purchase, 1 item", "purchase_3": "purchase, 3 items",
-         "purchase_20": "purchase, 20 items", "purchase_100": "purchase, 100 items"}
+NAMES = {"custom": "custom event", "purchase_1": "purchase, 1 item",
+         "purchase_3": "purchase, 3 items", "purchase_20": "purchase, 20 items",
+         "purchase_100": "purchase, 100 items"}
 
 
 def burst_rows(cases):
@@ -78,9 +79,3 @@ def paced_rows(cases, what):
     for name, case in cases.items():
         rows += rows_of_case(f"execute, {what}, {NAMES[name]}", case, (None, None))
     return rows
-
-
-def spread(case):
-    """How far the rounds' medians lie apart: what the machine did meanwhile."""
-    medians = [each["execute"][P50] for each in case["rounds"]]
-    return (max(medians) - min(medians)) / statistics.median(medians)

@@ -16,8 +16,11 @@ import platform
 import subprocess
 import sys
 
+import drain
 import execute
+import launch
 import parts
+import size
 import table
 
 
@@ -28,15 +31,22 @@ class Bench:
         self.programs = programs
         self.quick = quick
 
-    def run(self, program, *options):
-        """What the program prints, as JSON."""
-        command = [os.path.join(self.programs, program), *map(str, options)]
+    def path(self, program):
+        return os.path.join(self.programs, program)
+
+    def text(self, program, *options):
+        """What the program prints."""
+        command = [self.path(program), *map(str, options)]
         result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                 check=False, text=True)
         if result.returncode != 0:
             raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}: "
                                f"{result.stderr.strip()}")
-        return json.loads(result.stdout)
+        return result.stdout
+
+    def run(self, program, *options):
+        """The same, as JSON."""
+        return json.loads(self.text(program, *options))
 
 
 def measure_execute(bench):
@@ -53,7 +63,8 @@ def measure_parts(bench):
     return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
 
 
-PARTS = {"execute": measure_execute, "parts": measure_parts}
+PARTS = {"execute": measure_execute, "drain": drain.rows, "start": launch.start_and_memory_rows,
+         "idle": launch.idle_rows, "size": size.rows, "parts": measure_parts}
 
 
 def machine():
@@ -65,7 +76,7 @@ def machine():
 def arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--programs", required=True, help="folder of the measuring programs")
-    parser.add_argument("--quick", action="store_true", help="whether all runs, in seconds")
+    parser.add_argument("--quick", action="store_true", help="whether all still runs; without size")
     parser.add_argument("--only", default="", help="parts: " + ", ".join(PARTS))
     parser.add_argument("--json", help="file for the same figures")
     parser.add_argument("--commit", default="", help="what is measured")
@@ -74,7 +85,8 @@ def arguments():
 
 def main():
     options = arguments()
-    parts = [part for part in options.only.split(",") if part] or list(PARTS)
+    parts = [part for part in options.only.split(",") if part] or [
+        part for part in PARTS if part != "size" or not options.quick]
     unknown = [part for part in parts if part not in PARTS]
     if unknown:
         sys.exit(f"bench: no such part: {', '.join(unknown)}")
