@@ -13,7 +13,6 @@
 #include <exception>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -42,6 +41,9 @@ struct Plan {
   bool offline = true;
 };
 
+// How many executes are looked at to find what one persists and allocates.
+constexpr int kLooks = 256;
+
 struct Case {
   std::string name;
   std::function<std::shared_ptr<JXEvent>()> make;
@@ -53,7 +55,7 @@ const std::vector<Case>& allCases() {
   static const std::vector<Case> cases{
       {"custom", customEvent},
       {"purchase_1", [] { return purchase(1); }},
-      {"purchase_3", [] { return purchase(3); }},
+      {"purchase_4", [] { return purchase(4); }},
       {"purchase_20", [] { return purchase(20); }, 2},
       {"purchase_100", [] { return purchase(100); }, 5},
   };
@@ -63,9 +65,11 @@ const std::vector<Case>& allCases() {
 /// What an execute leaves behind, found by looking at many.
 struct Traits {
   std::string body;
-  std::vector<Write> writes;  ///< the most frequent set
-  double allocations = 0;     ///< on average
+  std::vector<std::vector<Write>> calls;  ///< the writes of each
+  double allocations = 0;                 ///< on average, as all below
   double mallocs = 0;
+  double writes = 0;
+  double bytes = 0;
 };
 
 std::uint64_t bytesIn(const std::string& folder) {
@@ -74,17 +78,6 @@ std::uint64_t bytesIn(const std::string& folder) {
     if (entry.is_regular_file()) bytes += entry.file_size();
   }
   return bytes;
-}
-
-std::vector<Write> mostFrequent(const std::vector<std::vector<Write>>& all) {
-  std::map<std::size_t, std::size_t> byCount;
-  for (const auto& writes : all)
-    ++byCount[writes.size()];
-  const auto count = std::max_element(byCount.begin(), byCount.end(), [](auto& a, auto& b) {
-                       return a.second < b.second;
-                     })->first;
-  return *std::find_if(all.rbegin(), all.rend(),
-                       [&](const auto& writes) { return writes.size() == count; });
 }
 
 class Measurement {
@@ -115,40 +108,48 @@ class Measurement {
   };
 
   Traits traitsOf(const Case& one) const {
-    constexpr int kLooks = 200;
-    Traits traits;
-    traits.body = bodyOf(serverSide_, one.make());
     // A change of the storage in the background, such as a file that is rewritten, spoils a look.
     for (int attempt = 0; attempt < 5; ++attempt) {
-      std::vector<std::vector<Write>> all;
+      const std::string body = bodyOf(serverSide_, one.make());
       const std::uint64_t before = bytesIn(folder_.path("state"));
-      std::uint64_t written = 0;
-      std::uint64_t allocations = 0;
-      std::uint64_t mallocs = 0;
-      for (int i = 0; i < kLooks; ++i) {
-        waitForTurn();
-        const auto event = one.make();
-        WriteLog log;
-        allocations -= allocationsOfThisThread();
-        mallocs -= mallocsOfThisThread();
-        serverSide_.execute(event);
-        allocations += allocationsOfThisThread();
-        mallocs += mallocsOfThisThread();
-        for (const Write& write : log.writes())
-          written += write.bytes;
-        all.push_back(log.writes());
-      }
-      traits.writes = mostFrequent(all);
-      traits.allocations = static_cast<double>(allocations) / kLooks;
-      traits.mallocs = static_cast<double>(mallocs) / kLooks;
-      if (!plan_.offline || bytesIn(folder_.path("state")) - before == written) return traits;
+      Traits traits = lookAt(one);
+      traits.body = body;
+      const std::uint64_t grown = bytesIn(folder_.path("state")) - before;
+      if (!plan_.offline || static_cast<double>(grown) == traits.bytes * kLooks) return traits;
     }
     throw std::runtime_error("the storage grows by what no counted write has written");
   }
 
+  Traits lookAt(const Case& one) const {
+    Traits traits;
+    std::uint64_t bytes = 0;
+    std::uint64_t writes = 0;
+    std::uint64_t allocations = 0;
+    std::uint64_t mallocs = 0;
+    for (int i = 0; i < kLooks; ++i) {
+      waitForTurn();
+      const auto event = one.make();
+      const WriteLog log;
+      allocations -= allocationsOfThisThread();
+      mallocs -= mallocsOfThisThread();
+      serverSide_.execute(event);
+      allocations += allocationsOfThisThread();
+      mallocs += mallocsOfThisThread();
+      for (const Write& write : log.writes())
+        bytes += write.bytes;
+      writes += log.writes().size();
+      traits.calls.push_back(log.writes());
+    }
+    traits.allocations = static_cast<double>(allocations) / kLooks;
+    traits.mallocs = static_cast<double>(mallocs) / kLooks;
+    traits.writes = static_cast<double>(writes) / kLooks;
+    traits.bytes = static_cast<double>(bytes) / kLooks;
+    return traits;
+  }
+
   Round measure(const Case& one, const Traits& traits) {
     Round round;
-    ExecuteFloor floor(traits.body, traits.writes, folder_.path());
+    ExecuteFloor floor(traits.body, traits.calls, folder_.path());
     const std::uint64_t calls = std::max(plan_.calls / one.divisor, plan_.block);
     for (std::uint64_t done = 0; done < calls; done += plan_.block) {
       for (std::uint64_t i = 0; i < plan_.block; ++i) {
@@ -198,10 +199,9 @@ class Measurement {
     json.Key("body_bytes");
     json.Uint64(traits.body.size());
     json.Key("writes");
-    json.StartArray();
-    for (const Write& write : traits.writes)
-      json.Uint64(write.bytes);
-    json.EndArray();
+    json.Double(traits.writes);
+    json.Key("written_bytes");
+    json.Double(traits.bytes);
     json.Key("allocations");
     json.Double(traits.allocations);
     json.Key("mallocs");

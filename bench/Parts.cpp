@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What each part of an `execute` costs when it is done over and over alone: a purchase with three
+// What each part of an `execute` costs when it is done over and over alone: a purchase with four
 // items. The only program here that calls operations which no host does; a part that the library no
 // longer has is a line less in `main`.
 
@@ -46,7 +46,7 @@ struct Scene {
   test::TemporaryFolder folder;
   std::shared_ptr<SteppedClock> clock = std::make_shared<SteppedClock>();
   std::shared_ptr<ServerSide> serverSide;
-  std::shared_ptr<JXEvent> event = purchase(3);
+  std::shared_ptr<JXEvent> event = purchase(4);
   std::string url = "https://127.0.0.1:1/events?jx_s=3311&token=a-source-key";
   std::string body;
 
@@ -91,7 +91,7 @@ void addWholes(Scene& scene) {
     scene.clock->step();
     scene.serverSide->execute(scene.event);
   });
-  add("building", [] { benchmark::DoNotOptimize(purchase(3)); });
+  add("building", [] { benchmark::DoNotOptimize(purchase(4)); });
 }
 
 void addVariables(Scene& scene) {
@@ -144,7 +144,7 @@ void addFloors(Scene& scene) {
   const auto json = std::make_shared<JsonFloor>(scene.body);
   add("floor/rapidjson", [json] { benchmark::DoNotOptimize(json->write()); });
   const auto whole = std::make_shared<ExecuteFloor>(
-      scene.body, std::vector<Write>{{0, scene.body.size()}}, scene.folder.path());
+      scene.body, std::vector<std::vector<Write>>{{{0, scene.body.size()}}}, scene.folder.path());
   add("floor/rapidjson_and_write", [whole] { whole->run(); });
 }
 

@@ -3,6 +3,7 @@
 #include "bench/WriteLog.h"
 
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -10,8 +11,13 @@ namespace {
 
 thread_local std::vector<jx::bench::Write>* recording = nullptr;
 
+bool isFile(int descriptor) {
+  struct stat status {};
+  return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 ssize_t record(int descriptor, ssize_t written) {
-  if (recording != nullptr && written > 0) {
+  if (recording != nullptr && written > 0 && isFile(descriptor)) {
     recording->push_back({descriptor, static_cast<std::size_t>(written)});
   }
   return written;

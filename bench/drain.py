@@ -68,8 +68,8 @@ def measure(bench, delivery):
         raise RuntimeError(f"the library sends by {own}, the floor by {under}")
     rounds = [(delivery.library(bench), delivery.floor(bench, own.connections, in_flight))
               for _ in range(2 if bench.quick else 9)]
-    note = f"{own.connections} connection(s), {in_flight} in flight, {', '.join(own.protocols)}"
-    what = f"{delivery.queued:,} queued requests to nginx"
+    note = f"{', '.join(own.protocols)}, {own.connections} connection(s), {in_flight} in flight"
+    what = f"{delivery.queued:,} queued to nginx"
     return [
         table.ratio(what, [(a["ms"], b["ms"]) for a, b in rounds], "ms", 2.0, note),
         table.ratio(f"{what}, processor time",

@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: Apache-2.0
 """What an execute costs its caller: rows of jx_bench_execute."""
 
-import statistics
+import tempfile
 
+import receiver
 import table
 
 P50, P99, LONGEST = range(3)
@@ -20,27 +21,25 @@ def longest(case, figure):
 
 
 def described(case):
-    writes = "+".join(str(size) for size in case["writes"])
-    return f"body {case['body_bytes']} B, writes {writes} B"
+    return (f"{case['body_bytes']} B, {case['writes']:.2f} writes of {case['written_bytes']:.0f} B")
 
 
-def rows_of_case(what, case, bounds):
-    """`bounds`: of the median's ratio to the floor, and of the 99th percentile to the median."""
-    to_floor, to_median = bounds
+def rows_of_case(what, case, to_floor=None, to_median=None):
+    """The bounds are those of the median's ratio to the floor, and of p99 to the median."""
     return [
         table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us", to_floor, described(case)),
-        table.ratio(f"{what}, building included, p50", pairs(case, "with_building", P50), "us",
+        table.ratio(f"{what}, p50 with building", pairs(case, "with_building", P50), "us",
                     to_floor),
-        table.ratio(f"{what}, p99, the floor is its own p50",
-                    pairs(case, "execute", P99, "execute", P50), "us", to_median),
-        table.ratio(f"{what}, p99 beside the floor's p99", pairs(case, "execute", P99), "us"),
-        table.Row(f"{what}, longest call", longest(case, "execute"), "us", longest(case, "floor"),
+        table.ratio(f"{what}, p99", pairs(case, "execute", P99), "us"),
+        table.ratio(f"{what}, p99 beside its p50", pairs(case, "execute", P99, "execute", P50),
+                    "us", to_median),
+        table.Row(f"{what}, longest", longest(case, "execute"), "us", longest(case, "floor"),
                   "x", longest(case, "execute") / longest(case, "floor")),
     ]
 
 
 def growth(cases):
-    """How much longer 100 items take than one, beside the same of RapidJSON."""
+    """How much longer 100 items take than one, beside the same of RapidJSON alone."""
     one, hundred = cases["purchase_1"]["rounds"], cases["purchase_100"]["rounds"]
     factors, marginal = [], []
     for small, large in zip(one, hundred):
@@ -48,34 +47,44 @@ def growth(cases):
         floor = large["floor_json"][P50], small["floor_json"][P50]
         factors.append((own[0] / own[1], floor[0] / floor[1]))
         marginal.append(((own[0] - own[1]) / 99, (floor[0] - floor[1]) / 99))
-    return [table.ratio("growth from 1 to 100 items, beside RapidJSON's", factors, "times", 1.3),
-            table.ratio("each item beyond the first, beside RapidJSON's", marginal, "us")]
+    return [table.ratio("growth from 1 to 100 items", factors, "times", 1.3),
+            table.ratio("each item beyond the first", marginal, "us")]
 
 
-NAMES = {"custom": "custom event", "purchase_1": "purchase, 1 item",
-         "purchase_3": "purchase, 3 items", "purchase_20": "purchase, 20 items",
-         "purchase_100": "purchase, 100 items"}
+NAMES = {"custom": "custom", "purchase_1": "1 item", "purchase_4": "4 items",
+         "purchase_20": "20 items", "purchase_100": "100 items"}
 
 
 def burst_rows(cases):
-    rows = []
+    rows = rows_of_case("burst, 1 item", cases["purchase_1"], 1.8, 3)
+    rows += rows_of_case("burst, 4 items", cases["purchase_4"])
+    for name in ("custom", "purchase_20", "purchase_100"):
+        rows.append(table.ratio(f"burst, {NAMES[name]}, p50", pairs(cases[name], "execute", P50),
+                                "us", note=described(cases[name])))
     for name, case in cases.items():
-        what = f"execute, burst, {NAMES[name]}"
-        if name == "purchase_1":
-            rows += rows_of_case(what, case, (1.8, 3))
-        else:
-            rows.append(table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us",
-                                    note=described(case)))
         rows.append(table.absolute(
             f"allocations, {NAMES[name]}", case["allocations"], "",
             40 if name == "purchase_1" else None, note=f"malloc calls {case['mallocs']:.1f}"))
-    if "purchase_1" in cases and "purchase_100" in cases:
-        rows += growth(cases)
-    return rows
+    return rows + growth(cases)
 
 
 def paced_rows(cases, what):
     rows = []
     for name, case in cases.items():
-        rows += rows_of_case(f"execute, {what}, {NAMES[name]}", case, (None, None))
+        rows += rows_of_case(f"{what}, {NAMES[name]}", case)
     return rows
+
+
+def rows(bench):
+    quick = ["--calls", 20, "--block", 10, "--rounds", 2]
+    burst = bench.run("jx_bench_execute", *(quick if bench.quick else []))
+    # As far apart as the events of a busy screen; caches and processor have cooled down by then.
+    paced = ["--pace-us", 3000,
+             *(quick if bench.quick else ["--calls", 400, "--block", 50, "--rounds", 5])]
+    offline = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1")
+    with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder, \
+            receiver.Receiver(folder) as server:
+        delivered = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1,purchase_4", "--to",
+                              server.host, "--ca", server.ca)
+    return (burst_rows(burst) + paced_rows(offline, "paced, offline") +
+            paced_rows(delivered, "paced, delivered"))

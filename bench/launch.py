@@ -44,7 +44,7 @@ def start_rows(what, rounds, at_most):
     return [
         table.difference(f"start to ready, {what}", pairs(rounds, "ready_us", 0.001), "ms",
                          at_most),
-        table.difference(f"start to end of the process, {what}", pairs(rounds, "whole_us", 0.001),
+        table.difference(f"start to end of process, {what}", pairs(rounds, "whole_us", 0.001),
                          "ms"),
     ]
 
@@ -52,7 +52,7 @@ def start_rows(what, rounds, at_most):
 def memory_row(what, rounds, figure, at_most):
     own = statistics.median(a - b for a, b in pairs(rounds, "anonymous_kib", 1 / 1024))
     return table.difference(f"peak memory, {what}", pairs(rounds, figure, 1 / 1024), "MiB", at_most,
-                            f"{own:+.2f} without pages of files")
+                            f"{own:+.2f} but for pages of files")
 
 
 def paced_memory_rows(bench, folder, state):
@@ -115,7 +115,7 @@ def idle_rows(bench):
     rows = []
     for kind in kinds:
         woken = sum(count - before[kind].get(thread, 0) for thread, count in after[kind].items())
-        rows += [table.absolute(f"idle for {seconds} s, {kind}: wake-ups", woken, "", 0),
-                 table.absolute(f"idle, {kind}: threads beside the host's", len(after[kind]), "",
+        rows += [table.absolute(f"idle for {seconds} s, {kind}, wake-ups", woken, "", 0),
+                 table.absolute(f"idle, {kind}, threads beside the host's", len(after[kind]), "",
                                 1)]
     return rows

@@ -49,21 +49,11 @@ class Bench:
         return json.loads(self.text(program, *options))
 
 
-def measure_execute(bench):
-    length = ["--rounds", 2, "--calls", 20, "--block", 10] if bench.quick else []
-    rows = execute.burst_rows(bench.run("jx_bench_execute", *length))
-    length = (["--rounds", 1, "--calls", 20, "--block", 10] if bench.quick else
-              ["--rounds", 5, "--calls", 400, "--block", 50])
-    paced = bench.run("jx_bench_execute", "--cases", "purchase_1,purchase_3", "--pace-us", 3000,
-                      *length)
-    return rows + execute.paced_rows(paced, "each 3 ms")
-
-
 def measure_parts(bench):
     return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
 
 
-PARTS = {"execute": measure_execute, "drain": drain.rows, "start": launch.start_and_memory_rows,
+PARTS = {"execute": execute.rows, "drain": drain.rows, "start": launch.start_and_memory_rows,
          "idle": launch.idle_rows, "size": size.rows, "parts": measure_parts}
 
 
