@@ -23,6 +23,8 @@ thread_local std::uint64_t mallocs = 0;
 std::uint64_t jx::bench::allocationsOfThisThread() { return allocations; }
 std::uint64_t jx::bench::mallocsOfThisThread() { return mallocs; }
 
+// The C library's headers name the parameters otherwise.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" void* malloc(std::size_t size) noexcept {
   ++mallocs;
   return __libc_malloc(size);
@@ -37,6 +39,7 @@ extern "C" void* realloc(void* block, std::size_t size) noexcept {
   ++mallocs;
   return __libc_realloc(block, size);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 void* operator new(std::size_t size) {
   ++allocations;

@@ -87,6 +87,7 @@ class Measurement {
 
   void run(const std::vector<Case>& cases, Json& json) {
     std::vector<Traits> traits;
+    traits.reserve(cases.size());
     for (const Case& one : cases)
       traits.push_back(traitsOf(one));
     std::vector<std::vector<Round>> rounds(cases.size());

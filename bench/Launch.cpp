@@ -24,8 +24,6 @@
 
 #include "bench/Ready.h"
 
-extern char** environ;
-
 namespace jx::bench {
 namespace {
 
@@ -48,6 +46,7 @@ std::string readAll(int descriptor) {
 
 Launched launch(const std::vector<std::string>& command) {
   std::vector<char*> words;
+  words.reserve(command.size() + 1);
   for (const std::string& word : command)
     words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);

@@ -73,7 +73,6 @@ void add(const std::string& name, Operation operation) {
   benchmark::RegisterBenchmark(name.c_str(), measure)
       ->Iterations(kIterations)
       ->Unit(benchmark::kMicrosecond)
-      ->UseRealTime()
       // What has piled up in the queue is nothing that the next part should bear.
       ->Teardown([](const benchmark::State&) { JXNetworkManager::sharedInstance().purge(); });
 }

@@ -31,6 +31,8 @@ Function* next(Function*, const char* name) {
 
 }  // namespace
 
+// The C library's headers name the parameters otherwise.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 ssize_t write(int descriptor, const void* data, std::size_t bytes) {
@@ -54,6 +56,7 @@ ssize_t pwritev(int descriptor, const iovec* parts, int count, off_t offset) {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 namespace jx::bench {
 
