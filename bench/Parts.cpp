@@ -19,6 +19,7 @@
 #include "jx/core/JXUser.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/json/JXJsonReader.h"
+#include "jx/core/json/JXJsonTextSink.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXOutbox.h"
@@ -105,20 +106,45 @@ void addVariables(Scene& scene) {
   });
 }
 
+// What one block or part of the body costs to write as text.
+template <typename Tell>
+void addText(const std::string& name, Tell tell) {
+  add(name, [tell] {
+    JXJsonTextSink sink(JXJsonStyle::Pretty, 4096);
+    tell(sink);
+    benchmark::DoNotOptimize(sink.finish());
+  });
+}
+
 void addBody(Scene& scene) {
   add("part/body", [&] {
     benchmark::DoNotOptimize(JXPostData::getPostParameters_withServerSideState(
         *scene.event, EJXServerSideState_ENABLED));
   });
-  add("part/body/event_json", [&] { benchmark::DoNotOptimize(scene.event->getJsonObject()); });
-  add("part/body/user_block",
-      [] { benchmark::DoNotOptimize(JXUser::sharedInstance().getJsonObject()); });
-  add("part/body/device_block",
-      [] { benchmark::DoNotOptimize(JXDevice::sharedInstance().getJsonObject()); });
-  add("part/body/app_block",
-      [] { benchmark::DoNotOptimize(JXApp::sharedInstance().getJsonObject()); });
+  addText("part/body/event", [&](JXJsonTextSink& sink) {
+    scene.event->writeHead(sink);
+    sink.beginObject("context");
+    scene.event->writeContext(sink);
+    sink.endObject();
+    scene.event->writeFields(sink);
+  });
+  addText("part/body/user_block",
+          [](JXJsonTextSink& sink) { sink.block("user", JXUser::sharedInstance()); });
+  addText("part/body/device_block", [](JXJsonTextSink& sink) {
+    JXDevice::sharedInstance().refreshContent();
+    sink.block("device", JXDevice::sharedInstance());
+  });
+  addText("part/body/app_block", [](JXJsonTextSink& sink) {
+    JXApp::sharedInstance().refreshContent();
+    sink.block("app", JXApp::sharedInstance());
+  });
+}
+
+// What is not done for an execute: the same event as a tree, and the tree as text.
+void addTrees(Scene& scene) {
+  add("beside/event_as_tree", [&] { benchmark::DoNotOptimize(scene.event->getJsonObject()); });
   const JXJsonObject object = JXJsonReader::read(scene.body).value.object();
-  add("part/body/text", [object] {
+  add("beside/tree_as_text", [object] {
     benchmark::DoNotOptimize(JXJsonWriter::write(object, JXJsonStyle::Pretty).text);
   });
 }
@@ -158,6 +184,7 @@ int main(int argc, char** argv) {
   jx::bench::addVariables(scene);
   jx::bench::addBody(scene);
   jx::bench::addDelivery(scene);
+  jx::bench::addTrees(scene);
   jx::bench::addFloors(scene);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::ClearRegisteredBenchmarks();
