@@ -5,13 +5,41 @@
 #include <cstdlib>
 #include <new>
 
+// The C library's own, which these in the program stand before. What they give is freed by the
+// library's free as ever.
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* block, std::size_t size);
+}
+
 namespace {
 
 thread_local std::uint64_t allocations = 0;
+thread_local std::uint64_t mallocs = 0;
 
 }  // namespace
 
 std::uint64_t jx::bench::allocationsOfThisThread() { return allocations; }
+std::uint64_t jx::bench::mallocsOfThisThread() { return mallocs; }
+
+// The C library's headers name the parameters otherwise.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
+extern "C" void* malloc(std::size_t size) noexcept {
+  ++mallocs;
+  return __libc_malloc(size);
+}
+
+extern "C" void* calloc(std::size_t count, std::size_t size) noexcept {
+  ++mallocs;
+  return __libc_calloc(count, size);
+}
+
+extern "C" void* realloc(void* block, std::size_t size) noexcept {
+  ++mallocs;
+  return __libc_realloc(block, size);
+}
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 void* operator new(std::size_t size) {
   ++allocations;

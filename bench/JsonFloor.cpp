@@ -34,13 +34,19 @@ struct JsonFloor::Recorder : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Rec
   std::vector<Step>& steps;
 };
 
-JsonFloor::JsonFloor(std::string_view json) {
+struct JsonFloor::Buffer {
+  rapidjson::StringBuffer text;
+};
+
+JsonFloor::JsonFloor(std::string_view json) : buffer_(std::make_unique<Buffer>()) {
   rapidjson::MemoryStream bytes(json.data(), json.size());
   rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> stream(bytes);
   Recorder recorder(steps_);
   rapidjson::Reader reader;
   reader.Parse<rapidjson::kParseNumbersAsStringsFlag>(stream, recorder);
 }
+
+JsonFloor::~JsonFloor() = default;
 
 template <typename Writer>
 void JsonFloor::replay(Writer& writer) const {
@@ -78,20 +84,12 @@ void JsonFloor::replay(Writer& writer) const {
   }
 }
 
-std::size_t JsonFloor::write() const {
-  rapidjson::StringBuffer buffer;
-  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
+std::string_view JsonFloor::write() {
+  buffer_->text.Clear();
+  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer_->text);
   writer.SetIndent(' ', 2);
   replay(writer);
-  return buffer.GetSize();
-}
-
-std::string JsonFloor::text() const {
-  rapidjson::StringBuffer buffer;
-  rapidjson::PrettyWriter<rapidjson::StringBuffer> writer(buffer);
-  writer.SetIndent(' ', 2);
-  replay(writer);
-  return {buffer.GetString(), buffer.GetSize()};
+  return {buffer_->text.GetString(), buffer_->text.GetSize()};
 }
 
 }  // namespace jx::bench

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,10 +14,10 @@ namespace jx::bench {
 class JsonFloor {
  public:
   explicit JsonFloor(std::string_view json);
-  /// Writes the text with RapidJSON's pretty writer; returns its length.
-  std::size_t write() const;
-  /// The text that `write` makes.
-  std::string text() const;
+  ~JsonFloor();
+  /// Writes the text with RapidJSON's pretty writer, into a buffer that is used again and again;
+  /// what is returned is valid until the next call.
+  std::string_view write();
 
  private:
   struct Step {
@@ -37,10 +37,12 @@ class JsonFloor {
     std::string text;
   };
   struct Recorder;
+  struct Buffer;
   template <typename Writer>
   void replay(Writer& writer) const;
 
   std::vector<Step> steps_;
+  std::unique_ptr<Buffer> buffer_;
 };
 
 }  // namespace jx::bench

@@ -1,0 +1,72 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+
+// How long the library takes to deliver what an earlier process left in its queue, from before its
+// start until the queue is empty:
+//   jx_bench_drain --state FOLDER --to HOST --ca FILE [--watch]
+//
+// --watch tells beside that how many requests were in flight at most; it costs time of its own.
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bench/Host.h"
+#include "bench/Usage.h"
+#include "tests/soak/Arguments.h"
+
+namespace jx::bench {
+namespace {
+
+// On the transfer thread; read when that has nothing left to do.
+std::uint64_t mostInFlight = 0;
+
+void watch(const JXDelivery&) {
+  const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
+  const std::uint64_t ended =
+      counters.outbox.delivered + counters.outbox.rejected + counters.failures;
+  // The one that is told is counted as delivered, and was in flight a moment ago.
+  mostInFlight = std::max(mostInFlight, counters.tries - ended + 1);
+}
+
+int run(const std::vector<std::string>& words) {
+  soak::Arguments arguments(words);
+  HostOptions options;
+  options.storageFolder = arguments.text("state");
+  options.collectionHost = arguments.text("to");
+  options.caFile = arguments.text("ca");
+  if (arguments.has("watch")) options.onDelivery = watch;
+  arguments.expectAllKnown();
+
+  const Usage before = Usage::now();
+  const auto serverSide = startHost(options);
+  if (!JXNetworkManager::sharedInstance().flush(std::chrono::seconds(120))) {
+    throw std::runtime_error("the queue does not become empty");
+  }
+  const Usage used = Usage::now() - before;
+  const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
+  std::printf(R"({"ms": %.2f, "cpu_ms": %.2f, "delivered": %llu, "tries": %llu, "in_flight": %llu})"
+              "\n",
+              used.wholeMs, used.processorMs,
+              static_cast<unsigned long long>(counters.outbox.delivered),
+              static_cast<unsigned long long>(counters.tries),
+              static_cast<unsigned long long>(mostInFlight));
+  return 0;
+}
+
+}  // namespace
+}  // namespace jx::bench
+
+int main(int argc, char** argv) {
+  try {
+    return jx::bench::run({argv + 1, argv + argc});
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "jx_bench_drain: %s\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,90 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""What an execute costs its caller: rows of jx_bench_execute."""
+
+import tempfile
+
+import receiver
+import table
+
+P50, P99, LONGEST = range(3)
+
+
+def pairs(case, figure, place, floor="floor", floor_place=None):
+    """(figure, floor) of each round."""
+    return [(each[figure][place], each[floor][place if floor_place is None else floor_place])
+            for each in case["rounds"]]
+
+
+def longest(case, figure):
+    return max(each[figure][LONGEST] for each in case["rounds"])
+
+
+def described(case):
+    return (f"{case['body_bytes']} B, {case['writes']:.2f} writes of {case['written_bytes']:.0f} B")
+
+
+def rows_of_case(what, case, to_floor=None, to_median=None):
+    """The bounds are those of the median's ratio to the floor, and of p99 to the median."""
+    return [
+        table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us", to_floor, described(case)),
+        table.ratio(f"{what}, p50 with building", pairs(case, "with_building", P50), "us",
+                    to_floor),
+        table.ratio(f"{what}, p99", pairs(case, "execute", P99), "us"),
+        table.ratio(f"{what}, p99 beside its p50", pairs(case, "execute", P99, "execute", P50),
+                    "us", to_median),
+        table.Row(f"{what}, longest", longest(case, "execute"), "us", longest(case, "floor"),
+                  "x", longest(case, "execute") / longest(case, "floor")),
+    ]
+
+
+def growth(cases):
+    """How much longer 100 items take than one, beside the same of RapidJSON alone."""
+    one, hundred = cases["purchase_1"]["rounds"], cases["purchase_100"]["rounds"]
+    factors, marginal = [], []
+    for small, large in zip(one, hundred):
+        own = large["execute"][P50], small["execute"][P50]
+        floor = large["floor_json"][P50], small["floor_json"][P50]
+        factors.append((own[0] / own[1], floor[0] / floor[1]))
+        marginal.append(((own[0] - own[1]) / 99, (floor[0] - floor[1]) / 99))
+    return [table.ratio("growth from 1 to 100 items", factors, "times", 1.3),
+            table.ratio("each item beyond the first", marginal, "us")]
+
+
+NAMES = {"custom": "custom", "purchase_1": "1 item", "purchase_4": "4 items",
+         "purchase_20": "20 items", "purchase_100": "100 items"}
+
+
+def burst_rows(cases):
+    rows = rows_of_case("burst, 1 item", cases["purchase_1"], 1.8, 3)
+    rows += rows_of_case("burst, 4 items", cases["purchase_4"])
+    for name in ("custom", "purchase_20", "purchase_100"):
+        rows.append(table.ratio(f"burst, {NAMES[name]}, p50", pairs(cases[name], "execute", P50),
+                                "us", note=described(cases[name])))
+    for name, case in cases.items():
+        rows.append(table.absolute(
+            f"allocations, {NAMES[name]}", case["allocations"], "",
+            40 if name == "purchase_1" else None, note=f"malloc calls {case['mallocs']:.1f}"))
+    return rows + growth(cases)
+
+
+def paced_rows(cases, what):
+    rows = []
+    for name, case in cases.items():
+        rows += rows_of_case(f"{what}, {NAMES[name]}", case)
+    return rows
+
+
+def rows(bench):
+    quick = ["--calls", 20, "--block", 10, "--rounds", 2]
+    burst = bench.run("jx_bench_execute", *(quick if bench.quick else []))
+    # As far apart as the events of a busy screen; caches and processor have cooled down by then.
+    paced = ["--pace-us", 3000,
+             *(quick if bench.quick else ["--calls", 400, "--block", 50, "--rounds", 5])]
+    offline = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1")
+    with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder, \
+            receiver.Receiver(folder) as server:
+        delivered = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1,purchase_4", "--to",
+                              server.host, "--ca", server.ca)
+    return (burst_rows(burst) + paced_rows(offline, "paced, offline") +
+            paced_rows(delivered, "paced, delivered"))

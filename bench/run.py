@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""Runs the measuring programs and prints one table: each figure beside its floor.
+
+    run.py --programs FOLDER [--quick] [--only PART,...] [--json FILE]
+
+The figures are quoted, never asserted: the status is 0 whatever they are, and 1 when a measurement
+failed.
+"""
+
+import argparse
+import json
+import os
+import platform
+import subprocess
+import sys
+
+import drain
+import execute
+import launch
+import parts
+import size
+import table
+
+
+class Bench:
+    """The programs, and how long a run is meant to take."""
+
+    def __init__(self, programs, quick):
+        self.programs = programs
+        self.quick = quick
+
+    def path(self, program):
+        return os.path.join(self.programs, program)
+
+    def text(self, program, *options):
+        """What the program prints."""
+        command = [self.path(program), *map(str, options)]
+        result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                check=False, text=True)
+        if result.returncode != 0:
+            raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}: "
+                               f"{result.stderr.strip()}")
+        return result.stdout
+
+    def run(self, program, *options):
+        """The same, as JSON."""
+        return json.loads(self.text(program, *options))
+
+
+def measure_parts(bench):
+    return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
+
+
+PARTS = {"execute": execute.rows, "drain": drain.rows, "start": launch.start_and_memory_rows,
+         "idle": launch.idle_rows, "size": size.rows, "parts": measure_parts}
+
+
+def machine():
+    with open("/proc/loadavg", encoding="ascii") as file:
+        load = " ".join(file.read().split()[:3])
+    return f"{platform.system()} {platform.machine()}, {os.cpu_count()} processors, load {load}"
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--programs", required=True, help="folder of the measuring programs")
+    parser.add_argument("--quick", action="store_true", help="whether all still runs; without size")
+    parser.add_argument("--only", default="", help="parts: " + ", ".join(PARTS))
+    parser.add_argument("--json", help="file for the same figures")
+    parser.add_argument("--commit", default="", help="what is measured")
+    return parser.parse_args()
+
+
+def main():
+    options = arguments()
+    parts = [part for part in options.only.split(",") if part] or [
+        part for part in PARTS if part != "size" or not options.quick]
+    unknown = [part for part in parts if part not in PARTS]
+    if unknown:
+        sys.exit(f"bench: no such part: {', '.join(unknown)}")
+    bench = Bench(options.programs, options.quick)
+    where = machine()
+    rows, failed = [], []
+    for part in parts:
+        print(f"bench: {part}", file=sys.stderr)
+        try:
+            rows += PARTS[part](bench)
+        except (RuntimeError, OSError, ValueError, KeyError, subprocess.SubprocessError) as error:
+            failed.append(part)
+            print(f"bench: {part} FAILED: {error!r}", file=sys.stderr)
+    print(f"bench: {options.commit}{', ' if options.commit else ''}{where}")
+    print(table.render(rows))
+    if options.json:
+        with open(options.json, "w", encoding="utf-8") as file:
+            json.dump({"commit": options.commit, "machine": where, "quick": options.quick,
+                       "failed": failed, "rows": table.as_json(rows)}, file, indent=1)
+    if failed:
+        sys.exit(f"bench: FAILED: {', '.join(failed)}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,94 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+"""The rows of the table that scripts/bench prints, and how they are written."""
+
+import dataclasses
+import statistics
+from typing import Optional
+
+HEAD = ("what", "measured", "floor", "against it", "at most", "")
+
+
+@dataclasses.dataclass
+class Row:
+    """One figure beside the floor that was measured with it.
+
+    `against` is the ratio or the difference to the floor, or the figure itself where there is no
+    floor; `at_most` bounds it. Absent: for information.
+    """
+    what: str
+    value: float
+    unit: str
+    floor: Optional[float] = None
+    relation: str = ""  # "x": ratio, "+": difference, "%": part of a whole, "": the figure
+    against: Optional[float] = None
+    at_most: Optional[float] = None
+    note: str = ""
+
+    def verdict(self):
+        if self.at_most is None:
+            return ""
+        return "ok" if self.against <= self.at_most else "over"
+
+
+def ratio(what, pairs, unit, at_most=None, note=""):
+    """A row of (figure, floor) for each round: medians, and the median of the rounds' ratios."""
+    return Row(what, statistics.median(a for a, _ in pairs), unit,
+               statistics.median(b for _, b in pairs), "x",
+               statistics.median(a / b for a, b in pairs), at_most, note)
+
+
+def difference(what, pairs, unit, at_most=None, note=""):
+    """The same with the median of the rounds' differences."""
+    return Row(what, statistics.median(a for a, _ in pairs), unit,
+               statistics.median(b for _, b in pairs), "+",
+               statistics.median(a - b for a, b in pairs), at_most, note)
+
+
+def absolute(what, value, unit, at_most=None, note=""):
+    return Row(what, value, unit, against=value, at_most=at_most, note=note)
+
+
+def number(value):
+    """Three or four digits that say something."""
+    if value is None:
+        return ""
+    if value == int(value) or abs(value) >= 1000:
+        return f"{value:,.0f}"
+    return f"{value:.3g}" if abs(value) < 100 else f"{value:.1f}"
+
+
+def relative(value, row):
+    if value is None:
+        return ""
+    if row.relation == "x":
+        return f"{value:.2f} x"
+    if row.relation == "%":
+        return f"{value:.0f} %"
+    sign = "+" if row.relation == "+" and value >= 0 else ""
+    return f"{sign}{number(value)} {row.unit}".rstrip()
+
+
+def cells(row):
+    against = relative(row.against, row) if row.relation else ""
+    return (row.what + (f" ({row.note})" if row.note else ""), f"{number(row.value)} {row.unit}",
+            f"{number(row.floor)} {row.unit}" if row.floor is not None else "", against,
+            relative(row.at_most, row), row.verdict())
+
+
+def render(rows):
+    """The table as Markdown, in columns."""
+    lines = [HEAD] + [cells(row) for row in rows]
+    widths = [max(len(line[i]) for line in lines) for i in range(len(HEAD))]
+
+    def written(line):
+        first, *others = zip(line, widths)
+        return "| " + " | ".join([first[0].ljust(first[1])] +
+                                 [text.rjust(width) for text, width in others]) + " |"
+
+    rule = "|" + "|".join("-" * (width + 2) for width in widths) + "|"
+    return "\n".join([written(lines[0]), rule] + [written(line) for line in lines[1:]])
+
+
+def as_json(rows):
+    return [dict(dataclasses.asdict(row), verdict=row.verdict()) for row in rows]
