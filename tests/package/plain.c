@@ -1,5 +1,5 @@
-/* Copyright 2026 The JXServerSide authors
-   SPDX-License-Identifier: Apache-2.0 */
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
 #include <stdio.h>
 
 #include "jx/JXVersion.h"
