@@ -177,8 +177,30 @@ std::string JXDecimal::significantDigits() const {
   return std::to_string(high_) + paddedLimb(low_);
 }
 
+// Of a number like most: few digits, and no more behind the point than those.
+std::string JXDecimal::shortText() const {
+  constexpr std::size_t kMost = 1 + 1 + 1 + kLimbDigits + 1;  // sign, zero, point, digits
+  char text[kMost];
+  char* const end = text + kMost;
+  char* at = end;
+  std::uint64_t rest = low_;
+  int fraction = -exponent_;
+  if (fraction != 0) {
+    for (; fraction != 0; --fraction, rest /= 10)
+      *--at = static_cast<char>('0' + rest % 10);
+    *--at = '.';
+  }
+  do {
+    *--at = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  } while (rest != 0);
+  if (negative_) *--at = '-';
+  return {at, end};
+}
+
 std::string JXDecimal::toString() const {
   if (notANumber_) return "NaN";
+  if (high_ == 0 && exponent_ <= 0 && exponent_ >= -kLimbDigits) return shortText();
   return JXDecimalText::plain(negative_, significantDigits(), exponent_);
 }
 

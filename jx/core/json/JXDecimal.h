@@ -71,6 +71,7 @@ class JX_API JXDecimal {
   static JXDecimal fromDigits(bool negative, std::string_view integerDigits,
                               std::string_view fractionDigits, std::int64_t exponent) noexcept;
   std::string significantDigits() const;
+  std::string shortText() const;
 
   // Value = (high_ * 10^19 + low_) * 10^exponent_, both halves below 10^19: 38 digits together.
   std::uint64_t high_ = 0;

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #if defined(__x86_64__)
+#include <cpuid.h>
 #include <nmmintrin.h>
 #elif defined(__ARM_FEATURE_CRC32)
 #include <arm_acle.h>
@@ -20,7 +21,7 @@ constexpr std::uint32_t kReflectedPolynomial = 0x82F63B78;
 // take eight independent look-ups.
 using Tables = std::array<std::array<std::uint32_t, 256>, 8>;
 
-constexpr Tables makeTables() {
+Tables makeTables() {
   Tables tables{};
   for (std::uint32_t byte = 0; byte < 256; ++byte) {
     std::uint32_t crc = byte;
@@ -37,7 +38,11 @@ constexpr Tables makeTables() {
   return tables;
 }
 
-constexpr Tables kTables = makeTables();
+// Made where they are needed, since most processors have an instruction for this.
+const Tables& tables() {
+  static const Tables made = makeTables();
+  return made;
+}
 
 std::uint32_t littleEndian(const unsigned char* at) {
   return static_cast<std::uint32_t>(at[0]) | static_cast<std::uint32_t>(at[1]) << 8 |
@@ -61,7 +66,13 @@ __attribute__((target("sse4.2"))) std::uint32_t crc32cHardware(std::uint32_t crc
   return ~narrow;
 }
 
-bool hasHardware() noexcept { return __builtin_cpu_supports("sse4.2") != 0; }
+bool hasHardware() noexcept {
+  unsigned a = 0;
+  unsigned b = 0;
+  unsigned c = 0;
+  unsigned d = 0;
+  return __get_cpuid(1, &a, &b, &c, &d) != 0 && (c & bit_SSE4_2) != 0;
+}
 
 #elif defined(__ARM_FEATURE_CRC32)
 
@@ -93,17 +104,18 @@ bool hasHardware() noexcept { return false; }
 }  // namespace
 
 std::uint32_t crc32cPortable(std::uint32_t crc, const void* data, std::size_t size) noexcept {
+  const Tables& table = tables();
   const auto* at = static_cast<const unsigned char*>(data);
   std::uint32_t state = ~crc;
   for (; size >= 8; size -= 8, at += 8) {
     const std::uint32_t low = state ^ littleEndian(at);
     const std::uint32_t high = littleEndian(at + 4);
-    state = kTables[7][low & 0xFF] ^ kTables[6][low >> 8 & 0xFF] ^ kTables[5][low >> 16 & 0xFF] ^
-            kTables[4][low >> 24] ^ kTables[3][high & 0xFF] ^ kTables[2][high >> 8 & 0xFF] ^
-            kTables[1][high >> 16 & 0xFF] ^ kTables[0][high >> 24];
+    state = table[7][low & 0xFF] ^ table[6][low >> 8 & 0xFF] ^ table[5][low >> 16 & 0xFF] ^
+            table[4][low >> 24] ^ table[3][high & 0xFF] ^ table[2][high >> 8 & 0xFF] ^
+            table[1][high >> 16 & 0xFF] ^ table[0][high >> 24];
   }
   for (; size != 0; --size, ++at)
-    state = state >> 8 ^ kTables[0][(state ^ *at) & 0xFF];
+    state = state >> 8 ^ table[0][(state ^ *at) & 0xFF];
   return ~state;
 }
 

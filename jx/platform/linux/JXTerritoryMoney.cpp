@@ -41,7 +41,7 @@ constexpr char kTerritories[][6] = {
 // Currency and the symbol that its own territory writes, sorted by currency.
 struct CurrencySymbol {
   char code[4];
-  const char* symbol;
+  char symbol[16];
 };
 
 constexpr CurrencySymbol kSymbols[] = {

@@ -220,5 +220,14 @@ TEST(JXDecimal, PrintsItselfIntoAStream) {
   EXPECT_EQ(out.str(), "-1.50 NaN");
 }
 
+TEST(JXDecimal, PrintsTheLongestOfItsShortTexts) {
+  for (const char* text :
+       {"0", "-0.5", "18446744073709551", "9999999999999999999", "-9999999999999999999",
+        "0.0000000000000000001", "-0.9999999999999999999", "0.00000000000000000001",
+        "10000000000000000000", "-1.0000000000000000000"}) {
+    EXPECT_EQ(JXDecimal::fromString(text).toString(), text);
+  }
+}
+
 }  // namespace
 }  // namespace jx
