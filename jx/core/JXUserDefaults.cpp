@@ -23,7 +23,11 @@ JXUserDefaults::Changes::Changes() : defaults_(standardUserDefaults()) {
 }
 
 JXUserDefaults::Changes::~Changes() {
-  if (defaults_ != nullptr) defaults_->endChanges();
+  try {
+    if (defaults_ != nullptr) defaults_->endChanges();
+  } catch (...) {
+    // Memory ran out. The store keeps what it has and writes it when it is maintained.
+  }
 }
 
 JXPlatformDefaults* JXUserDefaults::standardUserDefaults() {

@@ -31,9 +31,9 @@ void logAbsentElement() {
 std::shared_ptr<JXEvent> JXEvent::init() { return std::shared_ptr<JXEvent>(new JXEvent()); }
 
 JXJsonObject JXEvent::getJsonObject() const {
-  const JXJsonObject dict = extraProperties().mutableCopy();
+  JXJsonObject dict = extraProperties().mutableCopy();
   JXJsonTreeSink sink(dict);
-  if (!name_.isPresent()) JXJsonObject(dict).remove(JXE_EVENT);
+  if (!name_.isPresent()) dict.remove(JXE_EVENT);
   writeHead(sink);
   sink.beginObject(JXE_CONTEXT);
   writeContext(sink);

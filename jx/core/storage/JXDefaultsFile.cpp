@@ -68,16 +68,10 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
     values_.erase(found);
   }
   if (rewriting_) changed_.insert(key);
-  if (changing_ == std::this_thread::get_id()) {
-    unsaved_.insert(key);
-    return;
-  }
+  unsaved_.insert(key);
+  if (changing_ == std::this_thread::get_id()) return;
   ensureOpen();
-  if (!write(key)) {
-    unsaved_.insert(key);
-  } else if (!unsaved_.empty()) {
-    unsaved_.erase(key);
-  }
+  if (write(key)) unsaved_.erase(key);
 }
 
 void JXDefaultsFile::beginChanges() {

@@ -401,5 +401,26 @@ TEST_F(DefaultsFile, ChangesThatTheDiskRefusesAreWrittenLater) {
   EXPECT_EQ(again.objectForKey("usage"), "7");
 }
 
+TEST_F(DefaultsFile, AValueSetAfterTheFileWasReplacedIsTheNewOne) {
+  {
+    JXDefaultsFile file(path_);
+    file.setObject_forKey("1", "visits");
+    file.setObject_forKey("1", "calls");
+    std::filesystem::copy_file(path_, path_ + ".other");
+    std::filesystem::rename(path_ + ".other", path_);
+    file.setObject_forKey("2", "visits");
+    EXPECT_EQ(file.objectForKey("visits"), "2");
+    std::filesystem::copy_file(path_, path_ + ".other");
+    std::filesystem::rename(path_ + ".other", path_);
+    file.beginChanges();
+    file.setObject_forKey("2", "calls");
+    file.endChanges();
+    EXPECT_EQ(file.objectForKey("calls"), "2");
+  }
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("visits"), "2");
+  EXPECT_EQ(again.objectForKey("calls"), "2");
+}
+
 }  // namespace
 }  // namespace jx
