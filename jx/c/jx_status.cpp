@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "jx/JXVersion.h"
 #include "jx/c/internal/JXCall.h"
 #include "jx/variables/JXServerSideVersion.h"
 
@@ -35,7 +36,7 @@ const char* jx_status_text(uint32_t status) {
 
 const char* jx_error_detail(void) { return jx::c::latestDetail(); }
 
-const char* jx_version(void) { return JX_LIBRARY_VERSION; }
+const char* jx_version(void) { return JX_VERSION_TEXT; }
 
 // A constant with a NUL behind it.
 const char* jx_sdk_version(void) { return jx::kJXServerSideVersion.data(); }

@@ -14,8 +14,11 @@ namespace jx {
 /// What tells one plain event class from the others: see JXPlainEvent.
 template <typename Event>
 struct JX_API JXPlainDescription {
+  /// The class's name, "JXRateEvent".
   std::string_view className;
+  /// The name that its events carry.
   std::string_view eventName;
+  /// The fields in writing order.
   JXFields<Event> fields;
   /// What makes an event complete, in the order of testing; empty: it always is.
   std::vector<JXCondition> conditions = {};
@@ -28,8 +31,10 @@ struct JX_API JXPlainDescription {
 template <typename Event>
 class JX_API JXPlainEvent : public JXEvent {
  public:
+  /// A new event with the class's event name and no field set.
   static std::shared_ptr<Event> init() { return std::make_shared<Event>(); }
 
+  /// What tells the class from others; made once and never destroyed.
   static const JXEventClass& eventClass() {
     static const auto& told = *new JXPlainDescription<Event>(Event::description());
     static const auto& type =

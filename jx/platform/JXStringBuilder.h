@@ -25,7 +25,9 @@ class JXStringBuilder {
     if (size_ == capacity_) reserve(size_ + 1);
     text_[size_++] = character;
   }
-  void append(std::string_view text) { std::memcpy(extend(text.size()), text.data(), text.size()); }
+  void append(std::string_view text) {
+    if (!text.empty()) std::memcpy(extend(text.size()), text.data(), text.size());
+  }
   void append(std::size_t count, char character) { std::memset(extend(count), character, count); }
   /// Makes the text longer by `count` characters, which the caller writes at the place returned.
   char* extend(std::size_t count) {
