@@ -1,6 +1,5 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-import shutil
 import unittest
 
 import faketree
@@ -8,7 +7,6 @@ import faketree
 PROBES = "tvos: the probes are refused as they must be: 'path' is unavailable: introduced in tvOS"
 
 
-@unittest.skipUnless(shutil.which("clang++"), "clang is not installed")
 class TvOS(faketree.FakeTreeTest):
     check = "tvos"
 
