@@ -60,6 +60,23 @@ int listFolder(const std::string& path, std::vector<std::string>& names) {
   return error;
 }
 
+bool mayHoldNameWith(const std::string& path, std::string_view ending) {
+  DIR* const folder = ::opendir(path.c_str());
+  if (folder == nullptr) return true;
+  bool found = false;
+  errno = 0;
+  // Unsafe only when threads share the stream.
+  while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
+    const std::string_view name = entry->d_name;
+    found = found ||
+            (name.size() >= ending.size() && name.substr(name.size() - ending.size()) == ending);
+    errno = 0;
+  }
+  const bool isWhole = errno == 0;
+  ::closedir(folder);
+  return found || !isWhole;
+}
+
 int synchronizeFolder(const std::string& path) {
   const int descriptor =
       JXFileCalls::current().open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);

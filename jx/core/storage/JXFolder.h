@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,9 @@ int makeFolder(const std::string& path);
 
 /// The names in the folder, in no order. Returns an errno value, 0 for success.
 int listFolder(const std::string& path, std::vector<std::string>& names);
+
+/// False when the folder was read and holds no name with this ending.
+bool mayHoldNameWith(const std::string& path, std::string_view ending);
 
 /// Waits until the folder's entries (files made, renamed, removed) are on the disk.
 int synchronizeFolder(const std::string& path);

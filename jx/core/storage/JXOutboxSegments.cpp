@@ -126,6 +126,8 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
+  // Deleting segments changes the folder too, again and again while a long queue is delivered.
+  if (!mayHoldNameWith(folder_, kJXPurgeMarkEnding)) return marked;
   for (const auto& segment : segments_) {
     const std::uint64_t end = readPurgeMark(segment->path());
     if (end != 0) marked.push_back({segment, end});

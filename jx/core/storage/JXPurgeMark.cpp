@@ -14,11 +14,12 @@
 namespace jx {
 namespace {
 
-constexpr const char* kSuffix = ".purge";
 // Two numbers of twenty digits, a blank and a line end.
 constexpr std::size_t kLongestText = 42;
 
-std::string markPath(const std::string& segmentPath) { return segmentPath + kSuffix; }
+std::string markPath(const std::string& segmentPath) {
+  return std::string(segmentPath).append(kJXPurgeMarkEnding);
+}
 
 int currentMark(const std::string& segmentPath, JXPurgeMark& mark) {
   struct stat status {};
@@ -31,7 +32,7 @@ int currentMark(const std::string& segmentPath, JXPurgeMark& mark) {
 }  // namespace
 
 bool isPurgeMarkName(const std::string& name) {
-  const std::string suffix = kSuffix;
+  constexpr std::string_view suffix = kJXPurgeMarkEnding;
   return name.size() > suffix.size() &&
          name.compare(name.size() - suffix.size(), suffix.size(), suffix) == 0;
 }

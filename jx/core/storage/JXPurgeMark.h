@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace jx {
 
@@ -15,6 +16,8 @@ struct JXPurgeMark {
   std::uint64_t size = 0;  ///< of the segment's file when the mark was made
 };
 
+/// What the name of a mark's file ends with.
+inline constexpr std::string_view kJXPurgeMarkEnding = ".purge";
 /// True for the name of a mark's file.
 bool isPurgeMarkName(const std::string& name);
 

@@ -120,7 +120,8 @@ class JXTransfer::Engine {
     kept->push_back(std::move(engine));
   }
   void tellFlushers() {
-    if (flushing_.load() == 0) return;
+    // They wait for nothing else; being woken for each request would cost more than sending it.
+    if (flushing_.load() == 0 || !queueIsEmpty()) return;
     const std::lock_guard<std::mutex> lock(mutex_);
     changed_.notify_all();
   }

@@ -1,0 +1,30 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXFolder.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/core/storage/JXTemporaryFolder.h"
+
+namespace jx {
+namespace {
+
+TEST(Folder, HoldsANameWithAnEndingOnlyWhenThereIsOne) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("outbox");
+  ASSERT_EQ(makeFolder(path), 0);
+  EXPECT_FALSE(mayHoldNameWith(path, ".purge"));
+  writeFile(path + "/purge", "");
+  writeFile(path + "/segment.purge.17", "");
+  EXPECT_FALSE(mayHoldNameWith(path, ".purge"));
+  writeFile(path + "/segment.purge", "");
+  EXPECT_TRUE(mayHoldNameWith(path, ".purge"));
+}
+
+TEST(Folder, ThatCannotBeReadMayHoldAnything) {
+  const TemporaryFolder folder;
+  EXPECT_TRUE(mayHoldNameWith(folder.file("missing"), ".purge"));
+}
+
+}  // namespace
+}  // namespace jx
