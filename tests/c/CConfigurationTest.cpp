@@ -211,7 +211,7 @@ TEST(CConfiguration, WhatBecameOfARequestIsToldAndCounted) {
   c.on_delivery_context = &told;
   ASSERT_EQ(jx_configure(&c), JX_OK);
   jx_server_side* serverSide = nullptr;
-  ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DISABLED_BY_DEFAULT, nullptr, &serverSide),
+  ASSERT_EQ(jx_server_side_create(1, "key", 2, nullptr, &serverSide),  // disabled by default
             JX_OK);
   JXNetworkManager::sharedInstance().enqueue(
       "http://127.0.0.1:1/events",

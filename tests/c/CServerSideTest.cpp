@@ -63,8 +63,7 @@ class CServerSide : public ServerSideFixture {
  protected:
   ~CServerSide() override { EXPECT_EQ(jx_server_side_free(serverSide), JX_OK); }
 
-  void create(jx_behaviour behaviour = JX_BEHAVIOUR_DEFAULT,
-              const jx_firebase* firebase = nullptr) {
+  void create(uint32_t behaviour = JX_BEHAVIOUR_DEFAULT, const jx_firebase* firebase = nullptr) {
     start();
     ASSERT_EQ(jx_server_side_create(1234, "key", behaviour, firebase, &serverSide), JX_OK);
   }
@@ -155,7 +154,7 @@ TEST_F(CServerSide, PermanentDataGoesWithEveryEventUntilItIsRemoved) {
 }
 
 TEST_F(CServerSide, DisabledItSendsNothingUntilItIsEnabled) {
-  create(JX_BEHAVIOUR_DISABLED_BY_DEFAULT);
+  create(2);  // disabled by default
   EXPECT_EQ(state(), JX_STATE_DISABLED);
   EXPECT_FALSE(send().isPresent());
   EXPECT_EQ(jx_enable(serverSide), JX_OK);
