@@ -10,7 +10,6 @@
 // --stay keeps the process until its standard input ends.
 
 #include <chrono>
-#include <exception>
 #include <fstream>
 #include <stdexcept>
 #include <string>
@@ -19,6 +18,7 @@
 
 #include "bench/Events.h"
 #include "bench/Host.h"
+#include "bench/Program.h"
 #include "bench/Ready.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "tests/soak/Arguments.h"
@@ -89,10 +89,5 @@ int run(const std::vector<std::string>& words) {
 }  // namespace jx::bench
 
 int main(int argc, char** argv) {
-  try {
-    return jx::bench::run({argv + 1, argv + argc});
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "jx_bench_application: %s\n", error.what());
-    return 1;
-  }
+  return jx::bench::runProgram("jx_bench_application", argc, argv, jx::bench::run);
 }

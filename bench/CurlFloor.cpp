@@ -9,12 +9,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "bench/Program.h"
 #include "bench/Usage.h"
 #include "tests/soak/Arguments.h"
 
@@ -148,10 +148,5 @@ int run(const std::vector<std::string>& words) {
 }  // namespace jx::bench
 
 int main(int argc, char** argv) {
-  try {
-    return jx::bench::run({argv + 1, argv + argc});
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "jx_bench_curl: %s\n", error.what());
-    return 1;
-  }
+  return jx::bench::runProgram("jx_bench_curl", argc, argv, jx::bench::run);
 }

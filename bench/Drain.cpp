@@ -11,12 +11,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/Host.h"
+#include "bench/Program.h"
 #include "bench/Usage.h"
 #include "tests/soak/Arguments.h"
 
@@ -63,10 +63,5 @@ int run(const std::vector<std::string>& words) {
 }  // namespace jx::bench
 
 int main(int argc, char** argv) {
-  try {
-    return jx::bench::run({argv + 1, argv + argc});
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "jx_bench_drain: %s\n", error.what());
-    return 1;
-  }
+  return jx::bench::runProgram("jx_bench_drain", argc, argv, jx::bench::run);
 }

@@ -9,8 +9,6 @@
 #include <rapidjson/writer.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <exception>
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
@@ -22,6 +20,7 @@
 #include "bench/Events.h"
 #include "bench/ExecuteFloor.h"
 #include "bench/Host.h"
+#include "bench/Program.h"
 #include "bench/Samples.h"
 #include "bench/WriteLog.h"
 #include "tests/soak/Arguments.h"
@@ -276,10 +275,5 @@ int run(const std::vector<std::string>& words) {
 }  // namespace jx::bench
 
 int main(int argc, char** argv) {
-  try {
-    return jx::bench::run({argv + 1, argv + argc});
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "jx_bench_execute: %s\n", error.what());
-    return 1;
-  }
+  return jx::bench::runProgram("jx_bench_execute", argc, argv, jx::bench::run);
 }

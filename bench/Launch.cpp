@@ -16,12 +16,12 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "bench/Program.h"
 #include "bench/Ready.h"
 
 namespace jx::bench {
@@ -123,10 +123,5 @@ int run(const std::vector<std::string>& words) {
 }  // namespace jx::bench
 
 int main(int argc, char** argv) {
-  try {
-    return jx::bench::run({argv + 1, argv + argc});
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "jx_bench_launch: %s\n", error.what());
-    return 1;
-  }
+  return jx::bench::runProgram("jx_bench_launch", argc, argv, jx::bench::run);
 }

@@ -23,16 +23,8 @@ void storeNumber(const JXString& text, std::optional<JXDecimal>& field) {
   if (!number.isNotANumber()) field = number;
 }
 
-// The fields over what the host added to the object.
-template <typename Fields>
-void writeExtended(const std::shared_ptr<JXAdditionalProperties>& properties, JXJsonSink& sink,
-                   const Fields& writeFields) {
-  if (!properties || properties->getAdditionalProperties().size() == 0) return writeFields(sink);
-  const JXJsonObject object = properties->getAdditionalProperties().mutableCopy();
-  JXJsonTreeSink tree(object);
-  writeFields(tree);
-  for (const JXJsonEntry& entry : object.entries())
-    sink.value(entry.key.view(), entry.value);
+JXJsonObject extrasOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
+  return properties ? properties->getAdditionalProperties() : JXJsonObject(nullptr);
 }
 
 }  // namespace
@@ -116,7 +108,7 @@ void JXDevice::writeOwnEntries(JXJsonSink& sink) const {
 
 void JXDevice::writeOs(JXJsonSink& sink) const {
   sink.beginObject(JXD_OS);
-  writeExtended(osProperties_, sink, [this](JXJsonSink& os) {
+  writeOver(extrasOf(osProperties_), sink, [this](JXJsonSink& os) {
     os.text(JXD_OS_NAME, osName_);
     os.text(JXD_OS_VERSION, osVersion_);
   });
@@ -125,7 +117,7 @@ void JXDevice::writeOs(JXJsonSink& sink) const {
 
 void JXDevice::writeScreen(JXJsonSink& sink) const {
   sink.beginObject(JXD_SCREEN);
-  writeExtended(screenProperties_, sink, [this](JXJsonSink& screen) {
+  writeOver(extrasOf(screenProperties_), sink, [this](JXJsonSink& screen) {
     screen.number(JXD_SCREEN_WIDTH, screenWidth_);
     screen.number(JXD_SCREEN_HEIGHT, screenHeight_);
   });

@@ -77,7 +77,6 @@ void JXLifecycle::refreshContent() {
   firstExecute_ = next->view() == "TRUE";
   ++next;
   isFirstVisit_ = next->view() == "TRUE";
-  ++next;
 }
 
 JXJsonObject JXLifecycle::getJsonObject() {

@@ -13,11 +13,7 @@ std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
 }
 
 void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
-  if (additionalProperties_.size() == 0) return writeOwnEntries(sink);
-  // A field takes the place of an extra property of its key, which only the whole object shows.
-  const JXJsonObject object = newJsonObject();
-  for (const JXJsonEntry& entry : object.entries())
-    sink.value(entry.key.view(), entry.value);
+  writeOver(additionalProperties_, sink, [this](JXJsonSink& into) { writeOwnEntries(into); });
 }
 
 void JXAdditionalProperties::writeOwnEntries(JXJsonSink&) const {}

@@ -38,4 +38,17 @@ class JXJsonTreeSink final : public JXJsonSink {
   std::vector<Level> levels_;
 };
 
+/// Tells `sink` the entries of `extras` and, over them, what `writeFields` tells to the sink that
+/// it is given. A field takes the place of an extra entry of its key, which only the whole object
+/// shows; without extras nothing is built.
+template <typename Fields>
+void writeOver(const JXJsonObject& extras, JXJsonSink& sink, const Fields& writeFields) {
+  if (extras.size() == 0) return writeFields(sink);
+  const JXJsonObject object = extras.mutableCopy();
+  JXJsonTreeSink tree(object);
+  writeFields(tree);
+  for (const JXJsonEntry& entry : object.entries())
+    sink.value(entry.key.view(), entry.value);
+}
+
 }  // namespace jx

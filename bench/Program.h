@@ -1,0 +1,24 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace jx::bench {
+
+/// The `main` of a measuring program: calls `run` with the words of the command line and returns
+/// its status; what it throws is told on standard error, and the status is 1 then.
+inline int runProgram(const char* name, int argc, char** argv,
+                      int (*run)(const std::vector<std::string>& words)) {
+  try {
+    return run({argv + 1, argv + argc});
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s: %s\n", name, error.what());
+    return 1;
+  }
+}
+
+}  // namespace jx::bench
