@@ -31,7 +31,7 @@ void watch(const JXDelivery&) {
   const std::uint64_t ended =
       counters.outbox.delivered + counters.outbox.rejected + counters.failures;
   // The one that is told is counted as delivered, and was in flight a moment ago.
-  mostInFlight = std::max(mostInFlight, counters.tries - ended + 1);
+  mostInFlight = std::max(mostInFlight, counters.attempts - ended + 1);
 }
 
 int run(const std::vector<std::string>& words) {
@@ -54,7 +54,7 @@ int run(const std::vector<std::string>& words) {
               "\n",
               used.wholeMs, used.processorMs,
               static_cast<unsigned long long>(counters.outbox.delivered),
-              static_cast<unsigned long long>(counters.tries),
+              static_cast<unsigned long long>(counters.attempts),
               static_cast<unsigned long long>(mostInFlight));
   return 0;
 }

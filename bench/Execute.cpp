@@ -18,7 +18,7 @@
 
 #include "bench/AllocationCount.h"
 #include "bench/Events.h"
-#include "bench/ExecuteFloor.h"
+#include "bench/ExecuteBaseline.h"
 #include "bench/Host.h"
 #include "bench/Program.h"
 #include "bench/Samples.h"
@@ -104,7 +104,7 @@ class Measurement {
 
  private:
   struct Round {
-    Samples execute, withBuilding, floor, floorJson;
+    Samples execute, withBuilding, floor, baselineJson;
   };
 
   Traits traitsOf(const Case& one) const {
@@ -149,7 +149,7 @@ class Measurement {
 
   Round measure(const Case& one, const Traits& traits) {
     Round round;
-    ExecuteFloor floor(traits.body, traits.calls, folder_.path());
+    ExecuteBaseline floor(traits.body, traits.calls, folder_.path());
     const std::uint64_t calls = std::max(plan_.calls / one.divisor, plan_.block);
     for (std::uint64_t done = 0; done < calls; done += plan_.block) {
       for (std::uint64_t i = 0; i < plan_.block; ++i) {
@@ -158,9 +158,9 @@ class Measurement {
       }
       for (std::uint64_t i = 0; i < plan_.block; ++i) {
         waitForTurn();
-        const ExecuteFloor::Cost cost = floor.run();
+        const ExecuteBaseline::Cost cost = floor.run();
         round.floor.add(cost.whole);
-        round.floorJson.add(cost.json);
+        round.baselineJson.add(cost.json);
       }
     }
     floor.empty();
@@ -213,7 +213,7 @@ class Measurement {
       print("execute", round.execute, json);
       print("with_building", round.withBuilding, json);
       print("floor", round.floor, json);
-      print("floor_json", round.floorJson, json);
+      print("baseline_json", round.baselineJson, json);
       json.EndObject();
     }
     json.EndArray();

@@ -12,7 +12,7 @@
 
 #include "bench/AllocationCount.h"
 #include "bench/Events.h"
-#include "bench/ExecuteFloor.h"
+#include "bench/ExecuteBaseline.h"
 #include "bench/Host.h"
 #include "jx/context/JXApp.h"
 #include "jx/context/JXDevice.h"
@@ -165,10 +165,10 @@ void addDelivery(Scene& scene) {
   add("part/enqueue/journal", [&scene, outbox] { outbox->add(scene.url, scene.body); });
 }
 
-void addFloors(Scene& scene) {
-  const auto json = std::make_shared<JsonFloor>(scene.body);
+void addBaselines(Scene& scene) {
+  const auto json = std::make_shared<JsonBaseline>(scene.body);
   add("floor/rapidjson", [json] { benchmark::DoNotOptimize(json->write()); });
-  const auto whole = std::make_shared<ExecuteFloor>(
+  const auto whole = std::make_shared<ExecuteBaseline>(
       scene.body, std::vector<std::vector<Write>>{{{0, scene.body.size()}}}, scene.folder.path());
   add("floor/rapidjson_and_write", [whole] { whole->run(); });
 }
@@ -185,7 +185,7 @@ int main(int argc, char** argv) {
   jx::bench::addBody(scene);
   jx::bench::addDelivery(scene);
   jx::bench::addTrees(scene);
-  jx::bench::addFloors(scene);
+  jx::bench::addBaselines(scene);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::ClearRegisteredBenchmarks();
   return 0;

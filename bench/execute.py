@@ -10,9 +10,9 @@ import table
 P50, P99, LONGEST = range(3)
 
 
-def pairs(case, figure, place, floor="floor", floor_place=None):
+def pairs(case, figure, place, floor="floor", baseline_place=None):
     """(figure, floor) of each round."""
-    return [(each[figure][place], each[floor][place if floor_place is None else floor_place])
+    return [(each[figure][place], each[floor][place if baseline_place is None else baseline_place])
             for each in case["rounds"]]
 
 
@@ -24,12 +24,12 @@ def described(case):
     return (f"{case['body_bytes']} B, {case['writes']:.2f} writes of {case['written_bytes']:.0f} B")
 
 
-def rows_of_case(what, case, to_floor=None, to_median=None):
+def rows_of_case(what, case, to_baseline=None, to_median=None):
     """The bounds are those of the median's ratio to the floor, and of p99 to the median."""
     return [
-        table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us", to_floor, described(case)),
+        table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us", to_baseline, described(case)),
         table.ratio(f"{what}, p50 with building", pairs(case, "with_building", P50), "us",
-                    to_floor),
+                    to_baseline),
         table.ratio(f"{what}, p99", pairs(case, "execute", P99), "us"),
         table.ratio(f"{what}, p99 beside its p50", pairs(case, "execute", P99, "execute", P50),
                     "us", to_median),
@@ -44,7 +44,7 @@ def growth(cases):
     factors, marginal = [], []
     for small, large in zip(one, hundred):
         own = large["execute"][P50], small["execute"][P50]
-        floor = large["floor_json"][P50], small["floor_json"][P50]
+        floor = large["baseline_json"][P50], small["baseline_json"][P50]
         factors.append((own[0] / own[1], floor[0] / floor[1]))
         marginal.append(((own[0] - own[1]) / 99, (floor[0] - floor[1]) / 99))
     return [table.ratio("growth from 1 to 100 items", factors, "times", 1.3),

@@ -8,4 +8,4 @@
 #define JX_VERSION_MAJOR 0
 #define JX_VERSION_MINOR 1
 #define JX_VERSION_PATCH 0
-#define JX_VERSION_TEXT "0.1.0"
+#define JX_VERSION_STRING "0.1.0"

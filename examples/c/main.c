@@ -13,7 +13,7 @@ static int failures;
 // Every operation says how it went. A mistake is in the log too, so an application may just count.
 static void expect(jx_status status) {
   if (status == JX_OK) return;
-  fprintf(stderr, "%s: %s\n", jx_status_text(status), jx_error_detail());
+  fprintf(stderr, "%s: %s\n", jx_status_string(status), jx_error_detail());
   ++failures;
 }
 

@@ -38,7 +38,7 @@ constexpr Property kProperties[] = {
 constexpr int kPositionRequest = 1;
 
 double number(const jx::JXJsonValue& value) {
-  return std::strtod(value.numberText().toStdString().c_str(), nullptr);
+  return std::strtod(value.numberString().toStdString().c_str(), nullptr);
 }
 
 std::optional<PlayerChange> propertyChange(const jx::JXJsonObject& message) {
@@ -94,7 +94,7 @@ MpvReading readMpvLine(const std::string& line) {
   }
   if (event == "end-file") return {filmEnded(message), {}};
   if (event.empty() && message.get("request_id").decimal() == jx::JXDecimal(kPositionRequest) &&
-      message.get("data").numberText().isPresent()) {
+      message.get("data").numberString().isPresent()) {
     return {PlayerChange{Kind::SeekEnded, number(message.get("data"))}, {}};
   }
   return {};

@@ -11,7 +11,7 @@ std::string remoteCommand(const std::string& line) {
   std::string verb;
   std::string text;
   words >> verb >> text;
-  const auto number = jx::JXJsonValue::numberFromText(text);
+  const auto number = jx::JXJsonValue::numberFromString(text);
   if (verb == "pause") return mpvCommand({"set_property", "pause", true});
   if (verb == "resume") return mpvCommand({"set_property", "pause", false});
   if (verb == "quit") return mpvCommand({"quit"});

@@ -17,13 +17,13 @@ namespace {
 using jx::JXEventClass;
 using jx::JXFieldKind;
 
-static_assert(static_cast<int>(JXFieldKind::Text) == JX_KIND_TEXT);
+static_assert(static_cast<int>(JXFieldKind::String) == JX_KIND_STRING);
 static_assert(static_cast<int>(JXFieldKind::Number) == JX_KIND_NUMBER);
-static_assert(static_cast<int>(JXFieldKind::Flag) == JX_KIND_FLAG);
-static_assert(static_cast<int>(JXFieldKind::Texts) == JX_KIND_TEXTS);
-static_assert(static_cast<int>(JXFieldKind::NumberedTexts) == JX_KIND_NUMBERED_TEXTS);
+static_assert(static_cast<int>(JXFieldKind::Boolean) == JX_KIND_BOOLEAN);
+static_assert(static_cast<int>(JXFieldKind::Strings) == JX_KIND_STRINGS);
+static_assert(static_cast<int>(JXFieldKind::NumberedStrings) == JX_KIND_NUMBERED_STRINGS);
 static_assert(static_cast<int>(JXFieldKind::Values) == JX_KIND_VALUES);
-static_assert(static_cast<int>(JXFieldKind::Choice) == JX_KIND_CHOICE);
+static_assert(static_cast<int>(JXFieldKind::Enumeration) == JX_KIND_ENUM);
 static_assert(static_cast<int>(JXFieldKind::Items) == JX_KIND_ITEMS);
 static_assert(static_cast<int>(JXFieldKind::Product) == JX_KIND_PRODUCT);
 
@@ -46,7 +46,7 @@ struct Entry {
 
   void addFields(const jx::JXFieldTable& table, bool isWritten) {
     for (const jx::JXFieldInfo& field : table.fields()) {
-      members.push_back(pointers(field.choices.allMembers()));
+      members.push_back(pointers(field.enumStrings.allEnumerators()));
       // A vector that moves keeps its memory.
       fields.push_back({field.property.data(), field.key.data(), static_cast<jx_kind>(field.kind),
                         isWritten, members.back().data(), members.back().size()});

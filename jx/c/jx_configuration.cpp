@@ -38,9 +38,9 @@ jx_configuration defaults() {
   c.max_dead_letters = standard.outboxBounds.maxDeadLetters;
   c.max_in_memory = standard.outboxBounds.maxInMemory;
   const jx::JXRetryTimings& timings = standard.retryTimings;
-  c.first_pause_ms = timings.firstPause.count();
-  c.longest_pause_ms = timings.longestPause.count();
-  c.longest_retry_after_ms = timings.longestRetryAfter.count();
+  c.initial_backoff_ms = timings.initialBackoff.count();
+  c.max_backoff_ms = timings.maxBackoff.count();
+  c.max_retry_after_ms = timings.maxRetryAfter.count();
   c.connect_timeout_ms = timings.connectTimeout.count();
   c.request_timeout_ms = timings.requestTimeout.count();
   c.sync_delay_ms = timings.syncDelay.count();
@@ -64,9 +64,9 @@ void readBounds(const jx_configuration& c, jx::JXOutboxBounds& bounds) {
 }
 
 void readTimings(const jx_configuration& c, jx::JXRetryTimings& timings) {
-  timings.firstPause = milliseconds(c.first_pause_ms);
-  timings.longestPause = milliseconds(c.longest_pause_ms);
-  timings.longestRetryAfter = milliseconds(c.longest_retry_after_ms);
+  timings.initialBackoff = milliseconds(c.initial_backoff_ms);
+  timings.maxBackoff = milliseconds(c.max_backoff_ms);
+  timings.maxRetryAfter = milliseconds(c.max_retry_after_ms);
   timings.connectTimeout = milliseconds(c.connect_timeout_ms);
   timings.requestTimeout = milliseconds(c.request_timeout_ms);
   timings.syncDelay = milliseconds(c.sync_delay_ms);

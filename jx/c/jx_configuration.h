@@ -52,14 +52,14 @@ typedef struct jx_configuration {
   uint64_t max_dead_letters;  ///< how many refused requests are kept aside
   uint64_t max_in_memory;     ///< requests held while the disk takes none
   // When a request is tried again, and how long one try may take.
-  int64_t first_pause_ms;          ///< doubles with each failed try
-  int64_t longest_pause_ms;        ///< that the library takes by itself
-  int64_t longest_retry_after_ms;  ///< that a receiver may ask for
-  int64_t connect_timeout_ms;      ///< how long connecting may take
-  int64_t request_timeout_ms;      ///< name resolution to the end of the answer
-  int64_t sync_delay_ms;           ///< a write is durable after at most this
-  int64_t user_agent_wait_ms;      ///< see `jx_wait_for_user_agent`
-  int64_t start_hold_ms;           ///< what an earlier process left waits for this at the start
+  int64_t initial_backoff_ms;  ///< doubles with each failed try
+  int64_t max_backoff_ms;      ///< that the library takes by itself
+  int64_t max_retry_after_ms;  ///< that a receiver may ask for
+  int64_t connect_timeout_ms;  ///< how long connecting may take
+  int64_t request_timeout_ms;  ///< name resolution to the end of the answer
+  int64_t sync_delay_ms;       ///< a write is durable after at most this
+  int64_t user_agent_wait_ms;  ///< see `jx_wait_for_user_agent`
+  int64_t start_hold_ms;       ///< what an earlier process left waits for this at the start
   /// Told what became of each request; may be null.
   jx_delivery_callback on_delivery;
   void* on_delivery_context;  ///< handed to `on_delivery`

@@ -42,9 +42,9 @@ jx_counters inC(const jx::JXDeliveryCounters& counters) {
   c.queued = outbox.queued;
   c.queued_bytes = outbox.queuedBytes;
   c.in_memory = outbox.inMemory;
-  c.tries = counters.tries;
+  c.attempts = counters.attempts;
   c.failures = counters.failures;
-  c.holding = counters.holding;
+  c.paused = counters.paused;
   return c;
 }
 

@@ -62,9 +62,9 @@ typedef struct jx_counters {
   uint64_t queued;              ///< held now, in flight ones included
   uint64_t queued_bytes;        ///< sum of their bodies and URLs
   uint64_t in_memory;           ///< of the queued, those that are on no disk yet
-  uint64_t tries;               ///< requests that were started
+  uint64_t attempts;            ///< requests that were started
   uint64_t failures;            ///< tries that ended without a lasting answer
-  bool holding;  ///< true while consent, the background or the user agent holds requests
+  bool paused;  ///< true while consent, the background or the user agent holds requests
 } jx_counters;
 
 /// Fills in the counters. `struct_size` is `sizeof(jx_counters)`.

@@ -65,7 +65,7 @@ jx_status jx_post_notification(const char* name, const char* user_info_json) {
     Result result = jx::c::readJson(user_info_json, info);
     if (result.status != JX_OK) return result;
     if (info.isPresent() && info.kind() != jx::JXJsonValue::Kind::Object) {
-      return {JX_ERROR_BAD_JSON, "user_info_json is no object"};
+      return {JX_ERROR_INVALID_JSON, "user_info_json is no object"};
     }
     jx::JXNotificationCenter::defaultCenter()->postNotification({name, nullptr, info.object()});
     return JX_OK;

@@ -88,7 +88,7 @@ jx_status setDecimal(const char* operation, jx_object* object, const char* name,
   return onField(operation, object, name, {JXFieldKind::Number},
                  [&](JXCObject& found, const JXFieldInfo& field) {
                    const jx::JXDecimal number = make();
-                   if (number.isNotANumber()) return Result(JX_ERROR_BAD_NUMBER);
+                   if (number.isNaN()) return Result(JX_ERROR_INVALID_NUMBER);
                    return set(found, name, field, number);
                  });
 }
@@ -105,11 +105,11 @@ jx_status createEvent(const char* operation, const char* className, const uint32
     }
     const bool isMode = mode != nullptr && *mode < type->modes.size();
     if (mode != nullptr ? !isMode : !type->modes.empty()) {
-      return {JX_ERROR_UNKNOWN_MEMBER, mode == nullptr
-                                           ? "the class needs a mode"
-                                           : std::to_string(*mode) + " is no mode of " + className};
+      return {JX_ERROR_UNKNOWN_ENUMERATOR,
+              mode == nullptr ? "the class needs a mode"
+                              : std::to_string(*mode) + " is no mode of " + className};
     }
-    auto made = type->make(mode != nullptr ? static_cast<int>(*mode) : 0, text);
+    auto made = type->create(mode != nullptr ? static_cast<int>(*mode) : 0, text);
     // As the base that the look-up expects.
     std::shared_ptr<JXCObject> object = std::make_shared<jx::c::JXCEvent>(*type, std::move(made));
     return jx::c::give(JXHandleKind::Object, std::move(object), event);
@@ -174,8 +174,8 @@ jx_status jx_object_free(jx_object* object) {
   return jx::c::call(__func__, [&] { return jx::c::end(object, JXHandleKind::Object); });
 }
 
-jx_status jx_object_set_text(jx_object* object, const char* field, const char* value) {
-  return setValue(__func__, object, field, JXFieldKind::Text, [&] { return JXJsonValue(value); });
+jx_status jx_object_set_string(jx_object* object, const char* field, const char* value) {
+  return setValue(__func__, object, field, JXFieldKind::String, [&] { return JXJsonValue(value); });
 }
 
 jx_status jx_object_set_number(jx_object* object, const char* field, const char* value) {
@@ -193,24 +193,25 @@ jx_status jx_object_set_double(jx_object* object, const char* field, double valu
   return setDecimal(__func__, object, field, [&] { return jx::JXDecimal::fromDouble(value); });
 }
 
-jx_status jx_object_set_flag(jx_object* object, const char* field, bool value) {
-  return setValue(__func__, object, field, JXFieldKind::Flag, [&] { return JXJsonValue(value); });
+jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value) {
+  return setValue(__func__, object, field, JXFieldKind::Boolean,
+                  [&] { return JXJsonValue(value); });
 }
 
-jx_status jx_object_set_choice(jx_object* object, const char* field, uint32_t value) {
+jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value) {
   return onField(
-      __func__, object, field, {JXFieldKind::Choice},
+      __func__, object, field, {JXFieldKind::Enumeration},
       [&](JXCObject& found, const JXFieldInfo& info) -> Result {
-        if (value >= info.choices.count) {
-          return {JX_ERROR_UNKNOWN_MEMBER, std::to_string(value) + " is no member of " + field};
+        if (value >= info.enumStrings.count) {
+          return {JX_ERROR_UNKNOWN_ENUMERATOR, std::to_string(value) + " is no member of " + field};
         }
-        return set(found, field, info, info.choices.members[value]);
+        return set(found, field, info, info.enumStrings.members[value]);
       });
 }
 
-jx_status jx_object_set_texts(jx_object* object, const char* field, const char* const* texts,
-                              size_t count) {
-  return onField(__func__, object, field, {JXFieldKind::Texts, JXFieldKind::NumberedTexts},
+jx_status jx_object_set_strings(jx_object* object, const char* field, const char* const* texts,
+                                size_t count) {
+  return onField(__func__, object, field, {JXFieldKind::Strings, JXFieldKind::NumberedStrings},
                  [&](JXCObject& found, const JXFieldInfo& info) -> Result {
                    if (texts == nullptr) return set(found, field, info, JXJsonValue());
                    JXJsonArray list;
@@ -252,7 +253,7 @@ jx_status jx_object_set_json(jx_object* object, const char* field, const char* j
                  });
 }
 
-jx_status jx_object_set_absent(jx_object* object, const char* field) {
+jx_status jx_object_set_null(jx_object* object, const char* field) {
   return onField(__func__, object, field, {}, [&](JXCObject& found, const JXFieldInfo& info) {
     return set(found, field, info, JXJsonValue());
   });

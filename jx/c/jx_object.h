@@ -20,7 +20,7 @@ typedef struct jx_object jx_object;
 
 /// A new event as the class's initialiser makes it, in `*event`. `class_name` is any event class,
 /// the bases included: "JXPurchaseEvent". A class with modes needs one and gives
-/// JX_ERROR_UNKNOWN_MEMBER here. On an error `*event` is null.
+/// JX_ERROR_UNKNOWN_ENUMERATOR here. On an error `*event` is null.
 JX_API jx_status jx_event_create(const char* class_name, jx_object** event);
 /// The same for a class with modes: `mode` is the number of one, from 0, which chooses the event's
 /// name; `session_id` is its video session, null for none.
@@ -41,7 +41,7 @@ JX_API jx_status jx_object_free(jx_object* object);
 // JX_ERROR_WRONG_CLASS. Setting replaces what the field held.
 
 /// A text. Null makes the field absent; "" is a text.
-JX_API jx_status jx_object_set_text(jx_object* object, const char* field, const char* value);
+JX_API jx_status jx_object_set_string(jx_object* object, const char* field, const char* value);
 /// An exact decimal number from its text, "12.50", of which the scale is kept. A sign and an
 /// exponent are allowed; more than 38 digits are rounded. Null makes the field absent.
 JX_API jx_status jx_object_set_number(jx_object* object, const char* field, const char* value);
@@ -50,13 +50,13 @@ JX_API jx_status jx_object_set_integer(jx_object* object, const char* field, int
 /// The shortest decimal that reads back as the same double. Not for money, which is a text.
 JX_API jx_status jx_object_set_double(jx_object* object, const char* field, double value);
 /// True or false; a flag is always written.
-JX_API jx_status jx_object_set_flag(jx_object* object, const char* field, bool value);
+JX_API jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value);
 /// The number of a member of the field's enumeration, from 0.
-JX_API jx_status jx_object_set_choice(jx_object* object, const char* field, uint32_t value);
+JX_API jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value);
 /// A list of `count` texts, of which each may be null for an absent one. A null list makes the
 /// field absent.
-JX_API jx_status jx_object_set_texts(jx_object* object, const char* field, const char* const* texts,
-                                     size_t count);
+JX_API jx_status jx_object_set_strings(jx_object* object, const char* field,
+                                       const char* const* texts, size_t count);
 /// A copy of a product as the field's value; null makes the field absent.
 JX_API jx_status jx_object_set_product(jx_object* object, const char* field,
                                        const jx_object* product);
@@ -67,7 +67,7 @@ JX_API jx_status jx_object_add_item(jx_object* object, const char* field, const 
 /// absent.
 JX_API jx_status jx_object_set_json(jx_object* object, const char* field, const char* json);
 /// Makes the field absent. A flag and an enumeration always have a value: JX_ERROR_WRONG_TYPE.
-JX_API jx_status jx_object_set_absent(jx_object* object, const char* field);
+JX_API jx_status jx_object_set_null(jx_object* object, const char* field);
 
 // Parameters: what the host adds under keys of its own. They come before the fields; a field of
 // the same key replaces them. Adding a key twice keeps the later value. A null value adds nothing.

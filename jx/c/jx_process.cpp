@@ -50,7 +50,7 @@ jx_status addToBlock(const char* operation, uint32_t block, const char* key, con
   return jx::c::call(operation, [&]() -> Result {
     if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
     jx::JXAdditionalProperties* const properties = blockOf(block);
-    if (properties == nullptr) return {JX_ERROR_UNKNOWN_MEMBER, "no such block"};
+    if (properties == nullptr) return {JX_ERROR_UNKNOWN_ENUMERATOR, "no such block"};
     JXJsonValue value;
     Result result = read(value);
     if (result.status != JX_OK || !value.isPresent()) return result;
@@ -62,7 +62,7 @@ jx_status addToBlock(const char* operation, uint32_t block, const char* key, con
 }
 
 Result copyText(const jx::JXString& text, char* buffer, size_t capacity, size_t* length) {
-  if (!text.isPresent()) return JX_ERROR_ABSENT;
+  if (!text.isPresent()) return JX_ERROR_NOT_SET;
   return jx::c::copyOut(text.toStdString(), buffer, capacity, length);
 }
 

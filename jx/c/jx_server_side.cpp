@@ -117,7 +117,7 @@ jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* k
   return onServerSide(__func__, server_side, [&](ServerSide& serverSide) -> Result {
     if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
     const JXJsonValue value = serverSide.getPermanentData(key);
-    if (!value.isPresent()) return JX_ERROR_ABSENT;
+    if (!value.isPresent()) return JX_ERROR_NOT_SET;
     return jx::c::copyOut(jx::c::jsonText(value), buffer, capacity, length);
   });
 }
@@ -125,7 +125,7 @@ jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* k
 jx_status jx_remove_permanent(jx_server_side* server_side, const char* key) {
   return onServerSide(__func__, server_side, [&](ServerSide& serverSide) -> Result {
     if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
-    return serverSide.removePermanentData(key).isPresent() ? JX_OK : JX_ERROR_ABSENT;
+    return serverSide.removePermanentData(key).isPresent() ? JX_OK : JX_ERROR_NOT_SET;
   });
 }
 

@@ -66,10 +66,10 @@ JX_API jx_status jx_set_permanent(jx_server_side* server_side, const char* key, 
 JX_API jx_status jx_set_permanent_json(jx_server_side* server_side, const char* key,
                                        const char* json);
 /// The datum as JSON text, a text in its quotes. For the buffer see `jx_object_json`.
-/// JX_ERROR_ABSENT when there is none.
+/// JX_ERROR_NOT_SET when there is none.
 JX_API jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* key,
                                        char* buffer, size_t capacity, size_t* length);
-/// JX_ERROR_ABSENT when there is none. Events that were executed keep theirs.
+/// JX_ERROR_NOT_SET when there is none. Events that were executed keep theirs.
 JX_API jx_status jx_remove_permanent(jx_server_side* server_side, const char* key);
 
 /// Gives consent: events are sent from now on, and those held go out.
@@ -134,7 +134,7 @@ JX_API jx_status jx_block_add(uint32_t block, const char* key, const char* value
 JX_API jx_status jx_block_add_json(uint32_t block, const char* key, const char* json);
 
 /// A predefined variable's text; `name` is one of those in jx/c/events/jx_names.h.
-/// JX_ERROR_ABSENT when it has none. For the buffer see `jx_object_json`.
+/// JX_ERROR_NOT_SET when it has none. For the buffer see `jx_object_json`.
 JX_API jx_status jx_get_variable(const char* name, char* buffer, size_t capacity, size_t* length);
 /// Sets a predefined variable, or one of the host's own; null removes it.
 JX_API jx_status jx_set_variable(const char* name, const char* value);

@@ -8,7 +8,7 @@
 #include "jx/c/internal/JXCall.h"
 #include "jx/variables/JXServerSideVersion.h"
 
-const char* jx_status_text(uint32_t status) {
+const char* jx_status_string(uint32_t status) {
   static constexpr std::array<const char*, 20> kTexts{
       "all well",
       "the handle is null",
@@ -36,7 +36,7 @@ const char* jx_status_text(uint32_t status) {
 
 const char* jx_error_detail(void) { return jx::c::latestDetail(); }
 
-const char* jx_version(void) { return JX_VERSION_TEXT; }
+const char* jx_version(void) { return JX_VERSION_STRING; }
 
 // A constant with a NUL behind it.
 const char* jx_sdk_version(void) { return jx::kJXServerSideVersion.data(); }

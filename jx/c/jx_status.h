@@ -33,11 +33,11 @@ typedef enum jx_status {
   /// The field holds values of another type.
   JX_ERROR_WRONG_TYPE = 8,
   /// The text is no decimal number, or the double is infinite or not-a-number.
-  JX_ERROR_BAD_NUMBER = 9,
+  JX_ERROR_INVALID_NUMBER = 9,
   /// The number is no member of the enumeration, a mode included.
-  JX_ERROR_UNKNOWN_MEMBER = 10,
+  JX_ERROR_UNKNOWN_ENUMERATOR = 10,
   /// The text is no JSON, or JSON of another kind than the operation takes.
-  JX_ERROR_BAD_JSON = 11,
+  JX_ERROR_INVALID_JSON = 11,
   /// The buffer is too small; the length that was reported tells what is needed.
   JX_ERROR_TOO_SMALL = 12,
   /// The library has started and takes no configuration any more.
@@ -45,7 +45,7 @@ typedef enum jx_status {
   /// The time was up before the queue was empty.
   JX_ERROR_TIMED_OUT = 14,
   /// There is nothing under this key.
-  JX_ERROR_ABSENT = 15,
+  JX_ERROR_NOT_SET = 15,
   /// The event, item or product lacks something that its class asks for.
   JX_ERROR_INCOMPLETE = 16,
   /// The `struct_size` of a struct is none that this library knows.
@@ -57,7 +57,7 @@ typedef enum jx_status {
 } jx_status;
 
 /// A `jx_status` in words: a constant, never null, also for a number that is no status.
-JX_API const char* jx_status_text(uint32_t status);
+JX_API const char* jx_status_string(uint32_t status);
 
 /// What was wrong in the latest call on this thread that did not return JX_OK, for a person:
 /// "coupn is no field of JXPurchaseEvent". Never null; "" when no call failed. At most 255

@@ -28,7 +28,7 @@ JXApp& JXApp::sharedInstance() {
 }
 
 JXApp* JXApp::init() {
-  if (!mayInitialise(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE)) return this;
   if (!baseInit()) return nullptr;
   JX_INIT_STATE = kJXInitDone;
   const JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();

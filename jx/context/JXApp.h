@@ -17,7 +17,7 @@ class JX_API JXApp : public JXAdditionalProperties {
 
   /// An object that is not initialised; hosts use `sharedInstance`.
   JXApp() = default;
-  /// Fills the fields once per process and returns this object (see `mayInitialise`); an object
+  /// Fills the fields once per process and returns this object (see `tryBeginInit`); an object
   /// that is made after the shared one comes back as it is. Null when the base could not be
   /// initialised.
   JXApp* init();

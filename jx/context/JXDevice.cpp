@@ -20,7 +20,7 @@ int JX_INIT_STATE = kJXInitNever;
 
 void storeNumber(const JXString& text, std::optional<JXDecimal>& field) {
   const JXDecimal number = JXDecimal::fromString(text);
-  if (!number.isNotANumber()) field = number;
+  if (!number.isNaN()) field = number;
 }
 
 JXJsonObject extrasOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
@@ -39,7 +39,7 @@ JXDevice& JXDevice::sharedInstance() {
 }
 
 JXDevice* JXDevice::init() {
-  if (!mayInitialise(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE)) return this;
   if (!baseInit()) return nullptr;
   JX_INIT_STATE = kJXInitDone;
   const JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();

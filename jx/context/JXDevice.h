@@ -23,7 +23,7 @@ class JX_API JXDevice : public JXAdditionalProperties {
 
   /// An object that is not initialised; hosts use `sharedInstance`.
   JXDevice() = default;
-  /// Reads the values once per process and returns this object (see `mayInitialise`); an object
+  /// Reads the values once per process and returns this object (see `tryBeginInit`); an object
   /// that is made after the shared one comes back as it is. Null when the base could not be
   /// initialised.
   JXDevice* init();

@@ -54,7 +54,7 @@ void JXLifecycle::refreshContent() {
       kJXPredefinedVariable_FirstExecute,
       kJXPredefinedVariable_IsFirstVisit};
   JXString texts[kVariables];
-  JXPredefinedVariables::sharedInstance().getTexts(kKeys, kVariables, places_, texts);
+  JXPredefinedVariables::sharedInstance().getStrings(kKeys, kVariables, places_, texts);
   JXString* next = texts;
   sessionID_ = std::move(*next++);
   isNewSession_ = next->view() == "1";
@@ -87,20 +87,20 @@ JXJsonObject JXLifecycle::getJsonObject() {
 void JXLifecycle::writeOwnEntries(JXJsonSink& sink) const {
   sink.text(JXL_SESSION_ID, sessionID_);
   sink.flag(JXL_NEW_SESSION, isNewSession_);
-  sink.numberFromText(JXL_SESSION_DURATION, sessionDuration_);
-  sink.numberFromText(JXL_CURRENT_SESSION, currentSession_);
-  sink.numberFromText(JXL_VISIT_NUMBER, visitNumber_);
-  sink.numberFromText(JXL_CURRENT_VISIT, currentVisit_);
-  sink.numberFromText(JXL_CUR_VER_FIRST_VISIT, currentVersionFirstVisit_);
-  sink.numberFromText(JXL_SESSION_NUMBER, sessionNumber_);
-  sink.numberFromText(JXL_FIRST_VISIT, firstVisit_);
-  sink.numberFromText(JXL_LAST_VISIT, lastVisit_);
-  sink.numberFromText(JXL_LAST_CALL, lastCall_);
-  sink.numberFromText(JXL_LAST_SESSION_START, lastSessionStart_);
-  sink.numberFromText(JXL_LAST_SESSION_LAST_HIT, lastSessionLastHit_);
-  sink.numberFromText(JXL_FOREGROUND_TRANSITIONS, foregroundTransitions_);
-  sink.numberFromText(JXL_FOREGROUND_TIME, foregroundTime_);
-  sink.numberFromText(JXL_BACKGROUND_TIME, backgroundTime_);
+  sink.numberFromString(JXL_SESSION_DURATION, sessionDuration_);
+  sink.numberFromString(JXL_CURRENT_SESSION, currentSession_);
+  sink.numberFromString(JXL_VISIT_NUMBER, visitNumber_);
+  sink.numberFromString(JXL_CURRENT_VISIT, currentVisit_);
+  sink.numberFromString(JXL_CUR_VER_FIRST_VISIT, currentVersionFirstVisit_);
+  sink.numberFromString(JXL_SESSION_NUMBER, sessionNumber_);
+  sink.numberFromString(JXL_FIRST_VISIT, firstVisit_);
+  sink.numberFromString(JXL_LAST_VISIT, lastVisit_);
+  sink.numberFromString(JXL_LAST_CALL, lastCall_);
+  sink.numberFromString(JXL_LAST_SESSION_START, lastSessionStart_);
+  sink.numberFromString(JXL_LAST_SESSION_LAST_HIT, lastSessionLastHit_);
+  sink.numberFromString(JXL_FOREGROUND_TRANSITIONS, foregroundTransitions_);
+  sink.numberFromString(JXL_FOREGROUND_TIME, foregroundTime_);
+  sink.numberFromString(JXL_BACKGROUND_TIME, backgroundTime_);
   sink.flag(JXL_FIRST_EXECUTE, firstExecute_);
   sink.flag(JXL_IS_FIRST_VISIT, isFirstVisit_);
 }

@@ -47,8 +47,8 @@ bool JXDynamicStore::isEmpty() const {
   return entries_.size() == 0;
 }
 
-void JXDynamicStore::getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
-                              JXString* texts) const {
+void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
+                                std::size_t* places, JXString* texts) const {
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::vector<JXJsonEntry>& all = entries_.entries();
   for (std::size_t i = 0; i < count; ++i) {

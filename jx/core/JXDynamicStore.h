@@ -48,8 +48,8 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   /// The texts under several keys as they stand at one moment, in the order of the keys; absent
   /// where there is none. `places` has an element for each key and remembers where the key stands,
   /// so that asking again needs no search; zeros will do the first time.
-  void getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
-                JXString* texts) const;
+  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* places,
+                  JXString* texts) const;
 
   /// A copy of all pairs.
   JXJsonObject entries() const;

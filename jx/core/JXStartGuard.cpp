@@ -7,7 +7,7 @@
 
 namespace jx {
 
-bool mayInitialise(int& state) {
+bool tryBeginInit(int& state) {
   // Read once: whoever comes while an initialisation runs waits for good, also when it ends.
   const int found = state;
   if (found == kJXInitRunning) neverReturn();

@@ -17,7 +17,7 @@ enum JXInitState : int {
 /// True when `init` has to run, and `state` is then 1. False when the object stands as it is. Does
 /// not return while an `init` is running: a second one inside or beside the first is a misuse that
 /// must never yield a half-made object.
-bool mayInitialise(int& state);
+bool tryBeginInit(int& state);
 
 /// Stops the calling thread for ever.
 [[noreturn]] void neverReturn();

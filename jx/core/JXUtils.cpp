@@ -31,7 +31,7 @@ void JXUtils::setFloat_forKey_onDict(const std::optional<JXDecimal>& value, std:
 
 void JXUtils::setFloatFromString_forKey_onDict(const JXString& value, std::string_view key,
                                                JXJsonObject& dict) {
-  setWhenPresent(JXJsonValue::numberFromText(value), key, dict);
+  setWhenPresent(JXJsonValue::numberFromString(value), key, dict);
 }
 
 void JXUtils::setBool_forKey_onDict(bool value, std::string_view key, JXJsonObject& dict) {

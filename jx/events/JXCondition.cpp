@@ -23,7 +23,7 @@ bool contains(const std::vector<std::string_view>& names, std::string_view name)
 
 }  // namespace
 
-bool JXCondition::concerns(std::string_view eventName) const {
+bool JXCondition::appliesTo(std::string_view eventName) const {
   return (onlyFor.empty() || contains(onlyFor, eventName)) && !contains(exceptFor, eventName);
 }
 
@@ -31,28 +31,32 @@ bool JXCondition::holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKe
   switch (kind) {
     case Kind::Never:
       return false;
-    case Kind::UsableText:
-      return ofKey.isUsable;
+    case Kind::NonEmptyString:
+      return ofKey.isNonEmptyString;
     case Kind::Present:
       return ofKey.isPresent;
-    case Kind::NotEmpty:
+    case Kind::NonEmptyList:
       return ofKey.hasEntries;
     case Kind::Together:
-      return ofKey.isPresent == ofOtherKey.isUsable;
+      return ofKey.isPresent == ofOtherKey.isNonEmptyString;
   }
   return false;
 }
 
 JXCondition neverComplete() { return condition(JXCondition::Kind::Never, {}); }
 
-JXCondition usable(std::string_view key) { return condition(JXCondition::Kind::UsableText, key); }
+JXCondition nonEmptyString(std::string_view key) {
+  return condition(JXCondition::Kind::NonEmptyString, key);
+}
 
 JXCondition present(std::string_view key) { return condition(JXCondition::Kind::Present, key); }
 
-JXCondition notEmpty(std::string_view key) { return condition(JXCondition::Kind::NotEmpty, key); }
+JXCondition nonEmptyList(std::string_view key) {
+  return condition(JXCondition::Kind::NonEmptyList, key);
+}
 
-JXCondition together(std::string_view key, std::string_view textKey) {
-  return condition(JXCondition::Kind::Together, key, textKey);
+JXCondition together(std::string_view key, std::string_view stringKey) {
+  return condition(JXCondition::Kind::Together, key, stringKey);
 }
 
 JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames) {

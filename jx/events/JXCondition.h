@@ -11,9 +11,9 @@ namespace jx {
 
 /// What can be asked of a field's value without knowing its type.
 struct JX_API JXFieldState {
-  bool isPresent = false;   ///< not absent
-  bool isUsable = false;    ///< a text of at least one character
-  bool hasEntries = false;  ///< a list of at least one element
+  bool isPresent = false;         ///< not absent
+  bool isNonEmptyString = false;  ///< a text of at least one character
+  bool hasEntries = false;        ///< a list of at least one element
 };
 
 /// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
@@ -21,11 +21,11 @@ struct JX_API JXFieldState {
 struct JX_API JXCondition {
   /// What is asked of the field.
   enum class Kind {
-    Never,       ///< a base class: no event of it is complete
-    UsableText,  ///< a text of at least one character
-    Present,     ///< not absent; zero and an empty list are present
-    NotEmpty,    ///< a list of at least one element
-    Together,    ///< a present field and a usable text, both or neither
+    Never,           ///< a base class: no event of it is complete
+    NonEmptyString,  ///< a text of at least one character
+    Present,         ///< not absent; zero and an empty list are present
+    NonEmptyList,    ///< a list of at least one element
+    Together,        ///< a present field and a usable text, both or neither
   };
 
   /// What is asked.
@@ -39,7 +39,7 @@ struct JX_API JXCondition {
   std::vector<std::string_view> exceptFor;
 
   /// True when the condition counts for an event of this name.
-  bool concerns(std::string_view eventName) const;
+  bool appliesTo(std::string_view eventName) const;
   /// Judges by the field under `key` and, of Together, the one under `otherKey`.
   bool holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const;
 };
@@ -47,13 +47,13 @@ struct JX_API JXCondition {
 /// A condition that nothing meets.
 JX_API JXCondition neverComplete();
 /// The field is a text of at least one character.
-JX_API JXCondition usable(std::string_view key);
+JX_API JXCondition nonEmptyString(std::string_view key);
 /// The field is there.
 JX_API JXCondition present(std::string_view key);
 /// The list holds at least one element.
-JX_API JXCondition notEmpty(std::string_view key);
+JX_API JXCondition nonEmptyList(std::string_view key);
 /// The field and the text are both given, or neither is.
-JX_API JXCondition together(std::string_view key, std::string_view textKey);
+JX_API JXCondition together(std::string_view key, std::string_view stringKey);
 /// The same condition for these event names alone.
 JX_API JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
 /// The same condition for all event names but these.

@@ -19,8 +19,8 @@ const JXEventClass& JXCustomEvent::eventClass() {
       &JXEvent::eventClass(),
       {},
       &fields,
-      {usable(JXE_EVENT)},
-      JXEventMaker::of<JXCustomEvent>([](int, const JXString& text) -> std::shared_ptr<JXEvent> {
+      {nonEmptyString(JXE_EVENT)},
+      JXEventFactory::of<JXCustomEvent>([](int, const JXString& text) -> std::shared_ptr<JXEvent> {
         return initWithName(text);
       })};
   return type;

@@ -21,7 +21,7 @@ const JXEventClass& JXECommerceEvent::eventClass() {
                                               {},
                                               &written,
                                               {},
-                                              makeByInit<JXECommerceEvent>,
+                                              createByInit<JXECommerceEvent>,
                                               {},
                                               &unwritten};
   return type;

@@ -22,7 +22,7 @@ constexpr std::string_view kOwnKeys[] = {JXE_EVENT, JXE_PAGENAME, JXE_PAGETYPE, 
 
 namespace detail {
 
-void logAbsentElement() {
+void logNullElement() {
   JXLogger::sharedInstance().logMessage_withLevel("An absent element of a list was left out", 3);
 }
 
@@ -42,9 +42,10 @@ JXJsonObject JXEvent::getJsonObject() const {
   return dict;
 }
 
-bool JXEvent::isToldByItsFields() const {
+bool JXEvent::canSerialiseFromFieldTable() const {
   const JXEventClass& type = ownEventClass();
-  if (type.make.toldByTables == nullptr || *type.make.toldByTables != typeid(*this)) return false;
+  if (type.create.serialisedByTables == nullptr || *type.create.serialisedByTables != typeid(*this))
+    return false;
   const auto isFieldToo = [&](const JXJsonEntry& extra) {
     const std::string_view key = extra.key.view();
     return std::find(std::begin(kOwnKeys), std::end(kOwnKeys), key) != std::end(kOwnKeys) ||
@@ -71,7 +72,7 @@ bool JXEvent::verifyEvent() const { return ownEventClass().firstFailed(*this) ==
 JXString JXEvent::firstFailedCondition() const {
   const JXEventClass& type = ownEventClass();
   const JXCondition* const failed = type.firstFailed(*this);
-  return failed != nullptr ? JXString(type.inWords(*failed)) : JXString();
+  return failed != nullptr ? JXString(type.describe(*failed)) : JXString();
 }
 
 const JXEventClass& JXEvent::eventClass() {
@@ -81,7 +82,7 @@ const JXEventClass& JXEvent::eventClass() {
       {JXE_PAGETYPE, "pageType", &JXEvent::pageType_},
   };
   static const auto& type =
-      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverComplete()}, makeByInit<JXEvent>};
+      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverComplete()}, createByInit<JXEvent>};
   return type;
 }
 

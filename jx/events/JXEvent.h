@@ -38,11 +38,11 @@ class JX_API JXEvent : public JXAdditionalProperties {
   static JXJsonArray getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks);
 
   // The event's JSON in its parts, in writing order, for who puts something in between. Together
-  // they tell what `getJsonObject` holds, when `isToldByItsFields` says so.
+  // they tell what `getJsonObject` holds, when `canSerialiseFromFieldTable` says so.
 
   /// False when the event's class has a `getJsonObject` of its own, or an extra property has the
   /// key of a field and so changes places with it: then only `getJsonObject` tells the event.
-  bool isToldByItsFields() const;
+  bool canSerialiseFromFieldTable() const;
   /// The name and the page.
   void writeHead(JXJsonSink& sink) const;
   /// What the event puts into its context: a fresh "event_id".
@@ -86,7 +86,7 @@ class JX_API JXEvent : public JXAdditionalProperties {
 };
 
 namespace detail {
-JX_API void logAbsentElement();
+JX_API void logNullElement();
 }
 
 template <typename Block>
@@ -96,7 +96,7 @@ JXJsonArray JXEvent::getItemListAsJson(const JXList<std::shared_ptr<Block>>& blo
     if (block) {
       array.append(block->getJsonObject());
     } else {
-      detail::logAbsentElement();
+      detail::logNullElement();
     }
   }
   return array;

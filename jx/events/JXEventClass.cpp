@@ -38,7 +38,7 @@ bool JXEventClass::mayWrite(std::string_view key) const {
 
 const JXCondition* JXEventClass::firstFailed(const JXEvent& event) const {
   for (const JXCondition& condition : conditions) {
-    if (condition.concerns(event.name().view()) && !holds(condition, event)) return &condition;
+    if (condition.appliesTo(event.name().view()) && !holds(condition, event)) return &condition;
   }
   return nullptr;
 }
@@ -60,16 +60,16 @@ std::string_view JXEventClass::propertyOfKey(std::string_view key) const {
   return field != nullptr ? field->property : key;
 }
 
-std::string JXEventClass::inWords(const JXCondition& condition) const {
+std::string JXEventClass::describe(const JXCondition& condition) const {
   const std::string property(propertyOfKey(condition.key));
   switch (condition.kind) {
     case JXCondition::Kind::Never:
       break;
-    case JXCondition::Kind::UsableText:
+    case JXCondition::Kind::NonEmptyString:
       return property + " is absent or empty";
     case JXCondition::Kind::Present:
       return property + " is absent";
-    case JXCondition::Kind::NotEmpty:
+    case JXCondition::Kind::NonEmptyList:
       return property + " holds no entry";
     case JXCondition::Kind::Together:
       return property + " and " + std::string(propertyOfKey(condition.otherKey)) +

@@ -18,26 +18,26 @@ namespace jx {
 class JXEvent;
 
 /// How an event of a class is made.
-struct JX_API JXEventMaker {
-  /// Makes an event; see `JXEventClass::make` for the arguments.
-  using Make = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
+struct JX_API JXEventFactory {
+  /// Makes an event; see `JXEventClass::create` for the arguments.
+  using Create = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
 
-  /// Of a class whose events `make` makes.
+  /// For a class whose events `create` creates.
   template <typename Event>
-  static constexpr JXEventMaker of(Make make) {
+  static constexpr JXEventFactory of(Create create) {
     // A class that writes its JSON in a way of its own has a `getJsonObject` of its own.
     using Inherited = JXJsonObject (JXEvent::*)() const;
-    constexpr bool isTold = std::is_same_v<decltype(&Event::getJsonObject), Inherited>;
-    return {make, isTold ? &typeid(Event) : nullptr};
+    constexpr bool usesFieldTable = std::is_same_v<decltype(&Event::getJsonObject), Inherited>;
+    return {create, usesFieldTable ? &typeid(Event) : nullptr};
   }
-  /// Calls `make`.
+  /// Calls `create`.
   std::shared_ptr<JXEvent> operator()(int mode, const JXString& text) const {
-    return make(mode, text);
+    return create(mode, text);
   }
 
-  Make make;  ///< never null
+  Create create;  ///< never null
   /// The type of the events whose JSON is what the tables tell; null when it may be another.
-  const std::type_info* toldByTables;
+  const std::type_info* serialisedByTables;
 };
 
 /// Everything that tells one event class from the others, as data: what it is called, what it
@@ -55,7 +55,7 @@ struct JX_API JXEventClass {
   std::vector<JXCondition> conditions;
   /// A new event as its initialiser makes it. `mode` is an index into `modes`, `text` the argument
   /// of an initialiser that takes a name or a video session; both are ignored where none is taken.
-  JXEventMaker make;
+  JXEventFactory create;
   /// Names of the modes, in step with `eventNames`; empty for a class without modes.
   std::vector<std::string_view> modes = {};
   /// Properties that a host may set although no JSON shows them on this class; null when none.
@@ -75,7 +75,7 @@ struct JX_API JXEventClass {
   /// The first condition that the event fails, null when it passes all.
   const JXCondition* firstFailed(const JXEvent& event) const;
   /// The condition in words: "items holds no entry".
-  std::string inWords(const JXCondition& condition) const;
+  std::string describe(const JXCondition& condition) const;
 
  private:
   JXFieldState stateOfKey(const JXEvent& event, std::string_view key) const;
@@ -83,15 +83,15 @@ struct JX_API JXEventClass {
   std::string_view propertyOfKey(std::string_view key) const;
 };
 
-/// The `make` of a class whose initialiser takes nothing.
+/// The `create` of a class whose initialiser takes nothing.
 template <typename Event>
-inline constexpr JXEventMaker makeByInit = JXEventMaker::of<Event>(
+inline constexpr JXEventFactory createByInit = JXEventFactory::of<Event>(
     [](int, const JXString&) -> std::shared_ptr<JXEvent> { return Event::init(); });
 
-/// The `make` of a video class.
+/// The `create` of a video class.
 template <typename Event, typename Mode>
-inline constexpr JXEventMaker makeByMode =
-    JXEventMaker::of<Event>([](int mode, const JXString& sessionId) -> std::shared_ptr<JXEvent> {
+inline constexpr JXEventFactory createByMode =
+    JXEventFactory::of<Event>([](int mode, const JXString& sessionId) -> std::shared_ptr<JXEvent> {
       return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
     });
 

@@ -22,7 +22,7 @@ std::size_t JXFieldTable::findKey(std::string_view key) const {
 
 bool JXFieldTable::mayWrite(std::string_view key) const {
   return std::any_of(fields_.begin(), fields_.end(), [key](const JXFieldInfo& field) {
-    const bool isNumbered = field.kind == JXFieldKind::NumberedTexts;
+    const bool isNumbered = field.kind == JXFieldKind::NumberedStrings;
     return isNumbered ? key.substr(0, field.key.size()) == field.key : key == field.key;
   });
 }

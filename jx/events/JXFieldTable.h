@@ -17,14 +17,14 @@ namespace jx {
 
 /// The texts of an enumeration and the names of its members, both indexed by its values. Refers to
 /// the arrays, which must be constants.
-struct JX_API JXTextTable {
+struct JX_API JXEnumStrings {
   /// No texts at all.
-  constexpr JXTextTable() = default;
+  constexpr JXEnumStrings() = default;
   /// Refers to both arrays, which are as long as each other.
   template <std::size_t N>
-  constexpr JXTextTable(const std::array<std::string_view, N>& textOfEach,
-                        const std::array<std::string_view, N>& nameOfEach)
-      : texts(textOfEach.data()), members(nameOfEach.data()), count(N) {}
+  constexpr JXEnumStrings(const std::array<std::string_view, N>& stringOfEach,
+                          const std::array<std::string_view, N>& nameOfEach)
+      : texts(stringOfEach.data()), members(nameOfEach.data()), count(N) {}
 
   const std::string_view* texts = nullptr;    ///< what JSON says: "mid-roll"
   const std::string_view* members = nullptr;  ///< the name behind the prefix: "MID_ROLL"
@@ -32,27 +32,27 @@ struct JX_API JXTextTable {
   std::size_t count = 0;
 
   /// Absent for a value outside the enumeration: nothing is read out of bounds.
-  JXString textOf(int value) const {
+  JXString stringOf(int value) const {
     const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
     return isInside ? JXString(texts[value]) : JXString();
   }
   /// What JSON says for each value, in order.
-  std::vector<std::string_view> allTexts() const { return {texts, texts + count}; }
+  std::vector<std::string_view> allStrings() const { return {texts, texts + count}; }
   /// The member's name for each value, in order.
-  std::vector<std::string_view> allMembers() const { return {members, members + count}; }
+  std::vector<std::string_view> allEnumerators() const { return {members, members + count}; }
 };
 
 /// What a field holds, and so how it stands in JSON.
 enum class JXFieldKind {
-  Text,           ///< a string
-  Number,         ///< an exact decimal, a number
-  Flag,           ///< a boolean, always written
-  Texts,          ///< a list of texts, an array of strings
-  NumberedTexts,  ///< a list of texts, each under the key with its number behind it, from 1
-  Values,         ///< a list of any values, an array
-  Choice,         ///< an enumeration, the text of its value
-  Items,          ///< a list of items, an array of objects
-  Product,        ///< a product, an object
+  String,           ///< a string
+  Number,           ///< an exact decimal, written as a number
+  Boolean,          ///< a Boolean, always written
+  Strings,          ///< a list of strings, written as an array
+  NumberedStrings,  ///< a list of strings, each written under a numbered key, from 1
+  Values,           ///< a list of any values, written as an array
+  Enumeration,      ///< an enumeration, written as the string of its value
+  Items,            ///< a list of items, written as an array of objects
+  Product,          ///< a product, written as an object
 };
 
 /// One field of a class: its JSON key and its property name, in one place.
@@ -62,11 +62,11 @@ struct JX_API JXFieldInfo {
   /// The property's name, as its accessors have it.
   std::string_view property;
   /// What the field holds.
-  JXFieldKind kind = JXFieldKind::Text;
-  JXTextTable choices;  ///< of a Choice; else empty
+  JXFieldKind kind = JXFieldKind::String;
+  JXEnumStrings enumStrings;  ///< of a Choice; else empty
   /// The same property was written before, by this table or by a base: it stands in its first place
   /// and is not written again.
-  bool isAgain = false;
+  bool isDuplicate = false;
 };
 
 /// The fields that a class writes, in writing order, seen without the class's type. Whatever

@@ -51,7 +51,7 @@ void write(bool value, std::string_view key, JXJsonSink& sink) { sink.flag(key, 
 void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink) {
   sink.beginArray(key);
   for (const JXString& text : value)
-    sink.textElement(text);
+    sink.stringElement(text);
   sink.endArray();
 }
 
@@ -67,7 +67,7 @@ void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view key, J
       item->writeEntries(sink);
       sink.endObject();
     } else {
-      detail::logAbsentElement();
+      detail::logNullElement();
     }
   }
   sink.endArray();
@@ -90,7 +90,7 @@ JXFieldState state(const JXString& value) { return {value.isPresent(), value.tes
 
 // What is not written counts as absent, so that an event and its JSON are judged alike.
 JXFieldState state(const std::optional<JXDecimal>& value) {
-  return {value.has_value() && !value->isNotANumber(), false, false};
+  return {value.has_value() && !value->isNaN(), false, false};
 }
 
 JXFieldState state(bool) { return {true, false, false}; }
@@ -124,8 +124,8 @@ std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value) {
   }
   if (json.kind() != Kind::Number && json.kind() != Kind::String) return "is no decimal number";
   const JXDecimal number =
-      JXDecimal::fromString(json.kind() == Kind::Number ? json.numberText() : json.string());
-  if (number.isNotANumber()) return "is no decimal number";
+      JXDecimal::fromString(json.kind() == Kind::Number ? json.numberString() : json.string());
+  if (number.isNaN()) return "is no decimal number";
   value = number;
   return {};
 }

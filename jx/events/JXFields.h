@@ -18,21 +18,21 @@ namespace jx {
 
 /// Marks a list of texts that is written as "prefix1", "prefix2" and so on.
 template <typename Owner>
-struct JXNumbered {
+struct JXNumberedStrings {
   JXList<JXString> Owner::*member;  ///< where the list is kept
 };
 
 /// Marks an enumeration with its texts. Held as an integer, so that a value outside the enumeration
 /// is a value like any other and simply has no text.
 template <typename Owner>
-struct JXChoice {
-  int Owner::*member;  ///< where the value is kept
-  JXTextTable texts;   ///< what JSON says for each value
+struct JXEnumField {
+  int Owner::*member;   ///< where the value is kept
+  JXEnumStrings texts;  ///< what JSON says for each value
 };
 
 /// Behind a field that the table or a base's table has named before, because the order of writing
 /// is part of the interface: its value stands in its first place and is not written again.
-inline constexpr bool kAgain = true;
+inline constexpr bool kDuplicateField = true;
 
 /// The table of a class: one line a field, in writing order, key beside property and member.
 /// ```
@@ -43,10 +43,11 @@ template <typename Owner>
 class JXFields final : public JXFieldTable {
  public:
   /// Where a field is kept, by its type.
-  using Member = std::variant<JXString Owner::*, std::optional<JXDecimal> Owner::*, bool Owner::*,
-                              JXList<JXString> Owner::*, JXNumbered<Owner>, JXJsonArray Owner::*,
-                              JXChoice<Owner>, JXList<std::shared_ptr<JXItem>> Owner::*,
-                              std::shared_ptr<JXProduct> Owner::*>;
+  using Member =
+      std::variant<JXString Owner::*, std::optional<JXDecimal> Owner::*, bool Owner::*,
+                   JXList<JXString> Owner::*, JXNumberedStrings<Owner>, JXJsonArray Owner::*,
+                   JXEnumField<Owner>, JXList<std::shared_ptr<JXItem>> Owner::*,
+                   std::shared_ptr<JXProduct> Owner::*>;
   /// One line of the table.
   struct Field {
     /// The JSON key.
@@ -55,15 +56,15 @@ class JXFields final : public JXFieldTable {
     std::string_view property;
     /// Where the value is kept.
     Member member;
-    /// See `JXFieldInfo::isAgain`.
-    bool isAgain = false;
+    /// See `JXFieldInfo::isDuplicate`.
+    bool isDuplicate = false;
   };
 
   /// A table of these lines; the texts must be constants.
   JXFields(std::initializer_list<Field> fields) {
     for (const Field& field : fields) {
-      fields_.push_back({field.key, field.property, kindOf(field.member), choicesOf(field.member),
-                         field.isAgain});
+      fields_.push_back({field.key, field.property, kindOf(field.member),
+                         enumStringsOf(field.member), field.isDuplicate});
       members_.push_back(field.member);
     }
   }
@@ -71,7 +72,7 @@ class JXFields final : public JXFieldTable {
   void write(const JXAdditionalProperties& object, JXJsonSink& sink) const override {
     const Owner& owner = static_cast<const Owner&>(object);
     for (std::size_t i = 0; i < members_.size(); ++i) {
-      if (fields_[i].isAgain) continue;
+      if (fields_[i].isDuplicate) continue;
       std::visit([&](const auto& member) { writeMember(owner, member, fields_[i].key, sink); },
                  members_[i]);
     }
@@ -93,14 +94,14 @@ class JXFields final : public JXFieldTable {
   // The alternatives of Member stand in this order.
   static JXFieldKind kindOf(const Member& member) {
     constexpr JXFieldKind kinds[] = {
-        JXFieldKind::Text,   JXFieldKind::Number,        JXFieldKind::Flag,
-        JXFieldKind::Texts,  JXFieldKind::NumberedTexts, JXFieldKind::Values,
-        JXFieldKind::Choice, JXFieldKind::Items,         JXFieldKind::Product};
+        JXFieldKind::String,      JXFieldKind::Number,          JXFieldKind::Boolean,
+        JXFieldKind::Strings,     JXFieldKind::NumberedStrings, JXFieldKind::Values,
+        JXFieldKind::Enumeration, JXFieldKind::Items,           JXFieldKind::Product};
     return kinds[member.index()];
   }
-  static JXTextTable choicesOf(const Member& member) {
-    const auto* choice = std::get_if<JXChoice<Owner>>(&member);
-    return choice != nullptr ? choice->texts : JXTextTable();
+  static JXEnumStrings enumStringsOf(const Member& member) {
+    const auto* choice = std::get_if<JXEnumField<Owner>>(&member);
+    return choice != nullptr ? choice->texts : JXEnumStrings();
   }
 
   template <typename T>
@@ -108,35 +109,35 @@ class JXFields final : public JXFieldTable {
                           JXJsonSink& sink) {
     fieldvalue::write(owner.*member, key, sink);
   }
-  static void writeMember(const Owner& owner, const JXNumbered<Owner>& numbered,
+  static void writeMember(const Owner& owner, const JXNumberedStrings<Owner>& numbered,
                           std::string_view key, JXJsonSink& sink) {
     fieldvalue::writeNumbered(owner.*numbered.member, key, sink);
   }
-  static void writeMember(const Owner& owner, const JXChoice<Owner>& choice, std::string_view key,
-                          JXJsonSink& sink) {
-    fieldvalue::write(choice.texts.textOf(owner.*choice.member), key, sink);
+  static void writeMember(const Owner& owner, const JXEnumField<Owner>& choice,
+                          std::string_view key, JXJsonSink& sink) {
+    fieldvalue::write(choice.texts.stringOf(owner.*choice.member), key, sink);
   }
 
   template <typename T>
   static JXFieldState stateOf(const Owner& owner, T Owner::*member) {
     return fieldvalue::state(owner.*member);
   }
-  static JXFieldState stateOf(const Owner& owner, const JXNumbered<Owner>& numbered) {
+  static JXFieldState stateOf(const Owner& owner, const JXNumberedStrings<Owner>& numbered) {
     return fieldvalue::state(owner.*numbered.member);
   }
-  static JXFieldState stateOf(const Owner& owner, const JXChoice<Owner>& choice) {
-    return fieldvalue::state(choice.texts.textOf(owner.*choice.member));
+  static JXFieldState stateOf(const Owner& owner, const JXEnumField<Owner>& choice) {
+    return fieldvalue::state(choice.texts.stringOf(owner.*choice.member));
   }
 
   template <typename T>
   static std::string setMember(Owner& owner, T Owner::*member, const JXJsonValue& value) {
     return fieldvalue::read(value, owner.*member);
   }
-  static std::string setMember(Owner& owner, const JXNumbered<Owner>& numbered,
+  static std::string setMember(Owner& owner, const JXNumberedStrings<Owner>& numbered,
                                const JXJsonValue& value) {
     return fieldvalue::read(value, owner.*numbered.member);
   }
-  static std::string setMember(Owner& owner, const JXChoice<Owner>& choice,
+  static std::string setMember(Owner& owner, const JXEnumField<Owner>& choice,
                                const JXJsonValue& value) {
     const JXString text = value.string();
     for (std::size_t i = 0; i < choice.texts.count; ++i) {

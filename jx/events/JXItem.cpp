@@ -45,8 +45,8 @@ const JXFieldTable& JXItem::fields() {
 }
 
 const std::vector<JXCondition>& JXItem::conditions() {
-  static const auto& list =
-      *new std::vector<JXCondition>{usable(JX_ID), present(JXI_PRODUCT), present(JXI_QUANTITY)};
+  static const auto& list = *new std::vector<JXCondition>{
+      nonEmptyString(JX_ID), present(JXI_PRODUCT), present(JXI_QUANTITY)};
   return list;
 }
 

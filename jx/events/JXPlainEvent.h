@@ -39,7 +39,7 @@ class JX_API JXPlainEvent : public JXEvent {
     static const auto& told = *new JXPlainDescription<Event>(Event::description());
     static const auto& type =
         *new JXEventClass{told.className, &JXEvent::eventClass(), {told.eventName},
-                          &told.fields,   told.conditions,        makeByInit<Event>};
+                          &told.fields,   told.conditions,        createByInit<Event>};
     return type;
   }
   const JXEventClass& ownEventClass() const override { return eventClass(); }

@@ -31,7 +31,7 @@ const JXFieldTable& JXProduct::fields() {
       {JXP_NAME, "name", &JXProduct::name_},
       {JXP_PRICE, "price", &JXProduct::price_},
       {JXE_CURRENCY, "currency", &JXProduct::currency_},
-      {JXP_CATEGORY_N, "categories", JXNumbered<JXProduct>{&JXProduct::categories_}},
+      {JXP_CATEGORY_N, "categories", JXNumberedStrings<JXProduct>{&JXProduct::categories_}},
       {JXP_BRAND, "brand", &JXProduct::brand_},
       {JXP_COLORS, "colors", &JXProduct::colors_},
   };
@@ -39,8 +39,8 @@ const JXFieldTable& JXProduct::fields() {
 }
 
 const std::vector<JXCondition>& JXProduct::conditions() {
-  static const auto& list =
-      *new std::vector<JXCondition>{usable(JX_ID), usable(JXP_NAME), present(JXP_PRICE)};
+  static const auto& list = *new std::vector<JXCondition>{
+      nonEmptyString(JX_ID), nonEmptyString(JXP_NAME), present(JXP_PRICE)};
   return list;
 }
 

@@ -32,7 +32,7 @@ void writeSurroundings(JXJsonSink& sink) {
   JXApp& app = JXApp::sharedInstance();
   app.refreshContent();
   sink.block(JXA_APP, app);
-  sink.numberFromText(JX_EVENTTIMESTAMP, timestamp());
+  sink.numberFromString(JX_EVENTTIMESTAMP, timestamp());
 }
 
 void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
@@ -75,7 +75,7 @@ JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
   static std::atomic<std::size_t> usualSize{2048};
   constexpr std::size_t kLargestGuess = std::size_t{64} * 1024;
   JXJsonTextSink sink(JXJsonStyle::Pretty, usualSize.load(std::memory_order_relaxed));
-  if (event.isToldByItsFields()) {
+  if (event.canSerialiseFromFieldTable()) {
     writeBody(event, serverSideState, sink);
   } else {
     writeBodyOfObject(event, serverSideState, sink);

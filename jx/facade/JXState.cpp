@@ -30,7 +30,7 @@ JXState::~JXState() {
 }
 
 JXState* JXState::init() {
-  if (!mayInitialise(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE)) return this;
   if (!baseInit()) return nullptr;
   senderDelegate_ = JXEventSender::init();
   senderDelegate_->setParent(this);

@@ -21,7 +21,7 @@ class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
   /// An object that is not initialised; hosts use `sharedInstance`.
   JXState() = default;
   ~JXState() override;
-  /// Starts the watch once per process, and returns this object; see `mayInitialise` for a call
+  /// Starts the watch once per process, and returns this object; see `tryBeginInit` for a call
   /// while another runs. Null when the base could not be initialised.
   JXState* init();
   /// Runs `init` again: each change of state is then told once more than before.

@@ -37,7 +37,7 @@ JXPredefinedVariables::~JXPredefinedVariables() {
 }
 
 JXPredefinedVariables* JXPredefinedVariables::init() {
-  if (!mayInitialise(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE)) return this;
   if (!baseInit()) return nullptr;
   dynamicStore_ = JXDynamicStore::init();
   JX_INIT_STATE = kJXInitDone;
@@ -123,10 +123,10 @@ JXString JXPredefinedVariables::getData(const JXString& key) const {
   return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();
 }
 
-void JXPredefinedVariables::getTexts(const std::string_view* keys, std::size_t count,
-                                     std::size_t* places, JXString* texts) const {
+void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t count,
+                                       std::size_t* places, JXString* texts) const {
   if (dynamicStore_) {
-    dynamicStore_->getTexts(keys, count, places, texts);
+    dynamicStore_->getStrings(keys, count, places, texts);
   } else {
     std::fill_n(texts, count, JXString());
   }

@@ -32,7 +32,7 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
 
   /// An object that is not initialised; hosts use `sharedInstance`.
   JXPredefinedVariables() = default;
-  /// Runs the start-up once per process, and returns this object; see `mayInitialise` for a call
+  /// Runs the start-up once per process, and returns this object; see `tryBeginInit` for a call
   /// while another runs. Null when the base could not be initialised.
   JXPredefinedVariables* init();
   /// Runs the whole start-up again on this object: the store is replaced, the counters and times
@@ -52,9 +52,9 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void addData(const std::shared_ptr<JXDynamicStore>& store);
   /// The variable's text, absent when it has none.
   JXString getData(const JXString& key) const;
-  /// The texts of several variables as they stand at one moment; see `JXDynamicStore::getTexts`.
-  void getTexts(const std::string_view* keys, std::size_t count, std::size_t* places,
-                JXString* texts) const;
+  /// The texts of several variables as they stand at one moment; see `JXDynamicStore::getStrings`.
+  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* places,
+                  JXString* texts) const;
   /// Removes the variable and returns what it held, absent when it held nothing.
   JXString removeData(const JXString& key);
   /// Removes every variable.

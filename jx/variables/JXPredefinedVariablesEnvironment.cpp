@@ -11,7 +11,7 @@
 
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
-#include "jx/variables/JXPersistedText.h"
+#include "jx/variables/JXPersistedString.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
 #include "jx/variables/JXServerSideVersion.h"

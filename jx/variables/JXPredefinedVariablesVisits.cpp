@@ -14,7 +14,7 @@
 #include "jx/core/JXUtils.h"
 #include "jx/variables/JXLeadingNumber.h"
 #include "jx/variables/JXPersistedKeys.h"
-#include "jx/variables/JXPersistedText.h"
+#include "jx/variables/JXPersistedString.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
 

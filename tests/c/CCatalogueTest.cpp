@@ -52,7 +52,7 @@ std::map<std::string, std::string> filledInCpp() {
   std::map<std::string, std::string> bodies;
   for (const JXEventClass* type : allEventClasses()) {
     const int lastMode = static_cast<int>(type->modes.size()) - 1;
-    const auto event = type->make(type->modes.empty() ? 0 : lastMode, "session");
+    const auto event = type->create(type->modes.empty() ? 0 : lastMode, "session");
     fill(*type, *event);
     bodies[std::string(type->className)] = eventJson(*event);
   }
@@ -74,20 +74,20 @@ jx_status setByName(jx_object* object, const jx_field& field, const jx_object* i
   const char* const texts[] = {"one", nullptr, "three"};
   const std::string text = "a " + std::string(field.property);
   switch (field.kind) {
-    case JX_KIND_TEXT:
-      return jx_object_set_text(object, field.property, text.c_str());
+    case JX_KIND_STRING:
+      return jx_object_set_string(object, field.property, text.c_str());
     case JX_KIND_NUMBER:
       return jx_object_set_number(object, field.property, "12.50");
-    case JX_KIND_FLAG:
-      return jx_object_set_flag(object, field.property, true);
-    case JX_KIND_TEXTS:
-    case JX_KIND_NUMBERED_TEXTS:
-      return jx_object_set_texts(object, field.property, texts, 3);
-    case JX_KIND_CHOICE:
-      return jx_object_set_choice(object, field.property,
-                                  static_cast<std::uint32_t>(field.member_count - 1));
+    case JX_KIND_BOOLEAN:
+      return jx_object_set_boolean(object, field.property, true);
+    case JX_KIND_STRINGS:
+    case JX_KIND_NUMBERED_STRINGS:
+      return jx_object_set_strings(object, field.property, texts, 3);
+    case JX_KIND_ENUM:
+      return jx_object_set_enum(object, field.property,
+                                static_cast<std::uint32_t>(field.member_count - 1));
     case JX_KIND_ITEMS:
-      EXPECT_EQ(jx_object_set_absent(object, field.property), JX_OK);
+      EXPECT_EQ(jx_object_set_null(object, field.property), JX_OK);
       EXPECT_EQ(jx_object_add_item(object, field.property, item), JX_OK);
       return jx_object_add_item(object, field.property, item);
     case JX_KIND_PRODUCT:
@@ -163,7 +163,7 @@ TEST(CCatalogue, TellsAFieldByPropertyKeyKindAndMembers) {
   const jx_field& field = ad->fields[5];
   EXPECT_STREQ(field.property, "adType");
   EXPECT_STREQ(field.key, "ad_type");
-  EXPECT_EQ(field.kind, JX_KIND_CHOICE);
+  EXPECT_EQ(field.kind, JX_KIND_ENUM);
   EXPECT_TRUE(field.is_written);
   ASSERT_EQ(field.member_count, 3u);
   EXPECT_STREQ(field.members[1], "MID_ROLL");

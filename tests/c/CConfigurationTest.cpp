@@ -52,9 +52,9 @@ TEST(CConfiguration, BeginsWithTheDefaultsOfCpp) {
   EXPECT_EQ(c.max_age_ms, 2'592'000'000);
   EXPECT_EQ(c.max_dead_letters, 1'000u);
   EXPECT_EQ(c.max_in_memory, 1'000u);
-  EXPECT_EQ(c.first_pause_ms, 1'000);
-  EXPECT_EQ(c.longest_pause_ms, 300'000);
-  EXPECT_EQ(c.longest_retry_after_ms, 86'400'000);
+  EXPECT_EQ(c.initial_backoff_ms, 1'000);
+  EXPECT_EQ(c.max_backoff_ms, 300'000);
+  EXPECT_EQ(c.max_retry_after_ms, 86'400'000);
   EXPECT_EQ(c.connect_timeout_ms, 10'000);
   EXPECT_EQ(c.request_timeout_ms, 30'000);
   EXPECT_EQ(c.sync_delay_ms, 1'000);
@@ -81,9 +81,9 @@ TEST(CConfiguration, EveryFieldReachesTheCore) {
   c.max_age_ms = 4;
   c.max_dead_letters = 5;
   c.max_in_memory = 6;
-  c.first_pause_ms = 7;
-  c.longest_pause_ms = 8;
-  c.longest_retry_after_ms = 9;
+  c.initial_backoff_ms = 7;
+  c.max_backoff_ms = 8;
+  c.max_retry_after_ms = 9;
   c.connect_timeout_ms = 10;
   c.request_timeout_ms = 11;
   c.sync_delay_ms = 12;
@@ -112,9 +112,9 @@ TEST(CConfiguration, EveryFieldReachesTheCore) {
   EXPECT_EQ(now.outboxBounds.maxAge, milliseconds(4));
   EXPECT_EQ(now.outboxBounds.maxDeadLetters, 5u);
   EXPECT_EQ(now.outboxBounds.maxInMemory, 6u);
-  EXPECT_EQ(now.retryTimings.firstPause, milliseconds(7));
-  EXPECT_EQ(now.retryTimings.longestPause, milliseconds(8));
-  EXPECT_EQ(now.retryTimings.longestRetryAfter, milliseconds(9));
+  EXPECT_EQ(now.retryTimings.initialBackoff, milliseconds(7));
+  EXPECT_EQ(now.retryTimings.maxBackoff, milliseconds(8));
+  EXPECT_EQ(now.retryTimings.maxRetryAfter, milliseconds(9));
   EXPECT_EQ(now.retryTimings.connectTimeout, milliseconds(10));
   EXPECT_EQ(now.retryTimings.requestTimeout, milliseconds(11));
   EXPECT_EQ(now.retryTimings.syncDelay, milliseconds(12));
@@ -221,7 +221,7 @@ TEST(CConfiguration, WhatBecameOfARequestIsToldAndCounted) {
   EXPECT_EQ(counters.struct_size, sizeof counters);
   EXPECT_EQ(counters.added, 1u);
   EXPECT_EQ(counters.queued, 1u);
-  EXPECT_TRUE(counters.holding);
+  EXPECT_TRUE(counters.paused);
   EXPECT_EQ(jx_flush(0), JX_ERROR_TIMED_OUT);
   EXPECT_EQ(jx_purge(), JX_OK);
   EXPECT_EQ(jx_flush(60'000), JX_OK);

@@ -35,7 +35,7 @@ TEST(CHandles, AFreedHandleIsDeadWhateverIsMadeLater) {
   for (int i = 0; i < 1000; ++i)
     later.push_back(makeProduct("p", "1"));
   EXPECT_EQ(jx_object_free(first), JX_ERROR_DEAD_HANDLE);
-  EXPECT_EQ(jx_object_set_text(first, "ID", "1"), JX_ERROR_DEAD_HANDLE);
+  EXPECT_EQ(jx_object_set_string(first, "ID", "1"), JX_ERROR_DEAD_HANDLE);
   EXPECT_EQ(jx_object_verify(first), JX_ERROR_DEAD_HANDLE);
   EXPECT_EQ(jx_object_class(first), nullptr);
   EXPECT_STREQ(jx_error_detail(), "the handle was freed or never was one");

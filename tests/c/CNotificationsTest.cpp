@@ -80,8 +80,8 @@ TEST_F(CNotifications, AConsentModuleMayPostForAllServerSides) {
 
 TEST_F(CNotifications, WhatGoesWithOneMustBeAnObject) {
   start();
-  EXPECT_EQ(jx_post_notification("name", "[1]"), JX_ERROR_BAD_JSON);
-  EXPECT_EQ(jx_post_notification("name", "{"), JX_ERROR_BAD_JSON);
+  EXPECT_EQ(jx_post_notification("name", "[1]"), JX_ERROR_INVALID_JSON);
+  EXPECT_EQ(jx_post_notification("name", "{"), JX_ERROR_INVALID_JSON);
   EXPECT_TRUE(posted("name").empty());
 }
 

@@ -15,18 +15,18 @@ void ignore(void*, const char*, const char*) {}
 
 TEST(CNull, NoObjectIsANullHandle) {
   char text[8];
-  EXPECT_EQ(jx_object_set_text(nullptr, "ID", "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_string(nullptr, "ID", "1"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_number(nullptr, "value", "1"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_number(nullptr, "value", nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_integer(nullptr, "value", 1), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_double(nullptr, "value", 1), JX_ERROR_NULL_HANDLE);
-  EXPECT_EQ(jx_object_set_flag(nullptr, "f", true), JX_ERROR_NULL_HANDLE);
-  EXPECT_EQ(jx_object_set_choice(nullptr, "adType", 0), JX_ERROR_NULL_HANDLE);
-  EXPECT_EQ(jx_object_set_texts(nullptr, "colors", nullptr, 1), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_boolean(nullptr, "f", true), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_enum(nullptr, "adType", 0), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_strings(nullptr, "colors", nullptr, 1), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_product(nullptr, "product", nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_add_item(nullptr, "items", nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_json(nullptr, "value", "1"), JX_ERROR_NULL_HANDLE);
-  EXPECT_EQ(jx_object_set_absent(nullptr, "value"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_set_null(nullptr, "value"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_add_parameter(nullptr, "a", "b"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_add_parameter_json(nullptr, "a", "1"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_verify(nullptr), JX_ERROR_NULL_HANDLE);
@@ -69,7 +69,7 @@ TEST(CNull, AServerSideRefusesNullArgumentsAndWhatIsNoEvent) {
             JX_ERROR_WRONG_HANDLE);
   EXPECT_EQ(jx_set_permanent(serverSide, nullptr, "b"), JX_ERROR_NULL_ARGUMENT);
   EXPECT_EQ(jx_set_permanent_json(serverSide, nullptr, "1"), JX_ERROR_NULL_ARGUMENT);
-  EXPECT_EQ(jx_set_permanent_json(serverSide, "a", "1 2"), JX_ERROR_BAD_JSON);
+  EXPECT_EQ(jx_set_permanent_json(serverSide, "a", "1 2"), JX_ERROR_INVALID_JSON);
   EXPECT_EQ(jx_get_permanent_json(serverSide, nullptr, nullptr, 0, nullptr),
             JX_ERROR_NULL_ARGUMENT);
   EXPECT_EQ(jx_remove_permanent(serverSide, nullptr), JX_ERROR_NULL_ARGUMENT);

@@ -71,7 +71,7 @@ class CServerSide : public ServerSideFixture {
   JXJsonObject send() {
     const std::size_t before = requests().size();
     const Object event = makeEvent("JXCustomEvent");
-    EXPECT_EQ(jx_object_set_text(event.get(), "name", "quiz"), JX_OK);
+    EXPECT_EQ(jx_object_set_string(event.get(), "name", "quiz"), JX_OK);
     EXPECT_EQ(jx_execute(serverSide, event.get()), JX_OK);
     return requests().size() == before ? JXJsonObject(nullptr) : requests().back().body;
   }
@@ -146,9 +146,9 @@ TEST_F(CServerSide, PermanentDataGoesWithEveryEventUntilItIsRemoved) {
   EXPECT_STREQ(text, R"({"a":[1.50]})");
 
   EXPECT_EQ(jx_remove_permanent(serverSide, "store"), JX_OK);
-  EXPECT_EQ(jx_remove_permanent(serverSide, "store"), JX_ERROR_ABSENT);
+  EXPECT_EQ(jx_remove_permanent(serverSide, "store"), JX_ERROR_NOT_SET);
   EXPECT_EQ(jx_get_permanent_json(serverSide, "store", text, sizeof text, &length),
-            JX_ERROR_ABSENT);
+            JX_ERROR_NOT_SET);
   EXPECT_EQ(jx_set_permanent(serverSide, "depth", nullptr), JX_OK);
   EXPECT_FALSE(send().contains("depth"));
 }
@@ -236,14 +236,14 @@ TEST_F(CServerSide, AHostAddsToTheBlocksAroundAnEvent) {
   EXPECT_EQ(inside(device, {"lifecycle"}).get("boot").string(), JXString("cold"));
   EXPECT_EQ(inside(device, {"network"}).get("operator").string(), JXString("one"));
   EXPECT_THAT(requests().back().text, HasSubstr(R"("shelf": 3)"));
-  EXPECT_EQ(jx_block_add(5, "a", "b"), JX_ERROR_UNKNOWN_MEMBER);
+  EXPECT_EQ(jx_block_add(5, "a", "b"), JX_ERROR_UNKNOWN_ENUMERATOR);
 }
 
 TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
   create();
   char text[20];
   EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr),
-            JX_ERROR_ABSENT);
+            JX_ERROR_NOT_SET);
   EXPECT_EQ(jx_set_variable(JXPredefinedVariable_Longitude, "-0.12"), JX_OK);
   EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr), JX_OK);
   EXPECT_STREQ(text, "-0.12");
@@ -251,7 +251,7 @@ TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
   EXPECT_THAT(jsonText(send()), HasSubstr(R"("consent_version":"2.1")"));
   EXPECT_EQ(jx_set_core_variable(JXPredefinedVariable_ConsentVersion, nullptr), JX_OK);
   EXPECT_EQ(jx_get_core_variable(JXPredefinedVariable_ConsentVersion, text, sizeof text, nullptr),
-            JX_ERROR_ABSENT);
+            JX_ERROR_NOT_SET);
 }
 
 TEST_F(CServerSide, TheBackgroundIsToldToTheLibrary) {

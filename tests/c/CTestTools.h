@@ -33,7 +33,7 @@ inline Object makeEvent(const char* className, std::size_t modeCount = 0) {
 inline Object makeProduct(const char* id, const char* price) {
   jx_object* product = nullptr;
   EXPECT_EQ(jx_product_create(&product), JX_OK);
-  EXPECT_EQ(jx_object_set_text(product, "ID", id), JX_OK);
+  EXPECT_EQ(jx_object_set_string(product, "ID", id), JX_OK);
   EXPECT_EQ(jx_object_set_number(product, "price", price), JX_OK);
   return Object(product);
 }
@@ -41,7 +41,7 @@ inline Object makeProduct(const char* id, const char* price) {
 inline Object makeItem(const char* id, std::int64_t quantity, const jx_object* product) {
   jx_object* item = nullptr;
   EXPECT_EQ(jx_item_create(&item), JX_OK);
-  EXPECT_EQ(jx_object_set_text(item, "ID", id), JX_OK);
+  EXPECT_EQ(jx_object_set_string(item, "ID", id), JX_OK);
   EXPECT_EQ(jx_object_set_integer(item, "quantity", quantity), JX_OK);
   EXPECT_EQ(jx_object_set_product(item, "product", product), JX_OK);
   return Object(item);

@@ -12,19 +12,19 @@ namespace jx::test {
 /// writes set in C, and what the tests set in C++.
 inline std::string sampleJson(const JXFieldInfo& field) {
   switch (field.kind) {
-    case JXFieldKind::Text:
+    case JXFieldKind::String:
       return "\"a " + std::string(field.property) + "\"";
     case JXFieldKind::Number:
       return "12.50";
-    case JXFieldKind::Flag:
+    case JXFieldKind::Boolean:
       return "true";
-    case JXFieldKind::Texts:
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::Strings:
+    case JXFieldKind::NumberedStrings:
       return R"(["one",null,"three"])";
     case JXFieldKind::Values:
       return R"([1,"two",{"three":3.0}])";
-    case JXFieldKind::Choice:
-      return "\"" + std::string(field.choices.members[field.choices.count - 1]) + "\"";
+    case JXFieldKind::Enumeration:
+      return "\"" + std::string(field.enumStrings.members[field.enumStrings.count - 1]) + "\"";
     case JXFieldKind::Items:
       return R"([{"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}},)"
              R"({"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}}])";

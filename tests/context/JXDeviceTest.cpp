@@ -125,7 +125,7 @@ TEST_F(DeviceBlock, AScreenHeightThatIsMissingIsLeftOutAlone) {
 TEST_F(DeviceBlock, ScreenSizesAreExactDecimals) {
   start();
   variables().addData_withValue(kJXPredefinedVariable_ScreenWidth, "1920.50");
-  EXPECT_EQ(inside(block(), {"screen"}).get("width").numberText(), JXString("1920.50"));
+  EXPECT_EQ(inside(block(), {"screen"}).get("width").numberString(), JXString("1920.50"));
   JXDevice::sharedInstance().setScreenWidth(std::nullopt);
   EXPECT_FALSE(inside(block(), {"screen"}).contains("width"));
 }
@@ -227,7 +227,7 @@ TEST_F(DeviceBlock, OwnKeysReplaceTheHostsInTheirPlace) {
   EXPECT_EQ(block().get("language").string(), JXString("en"));
   EXPECT_EQ(block().get("idfa").string(), JXString("kept, as nothing replaces it"));
   EXPECT_EQ(inside(block(), {"os"}).get("name").string(), JXString("tvos"));
-  EXPECT_EQ(inside(block(), {"screen"}).get("width").numberText(), JXString("1920"));
+  EXPECT_EQ(inside(block(), {"screen"}).get("width").numberString(), JXString("1920"));
 }
 
 TEST_F(DeviceBlock, AlwaysHoldsALifecycleObject) {

@@ -83,7 +83,7 @@ TEST_F(LifecycleBlock, HostPropertiesStandBesideTheKeysAndAreReplacedByWrittenOn
   lifecycle.addAdditionalProperty_withStringValue("mood", "good");
   lifecycle.addAdditionalProperty_withStringValue("visit_number", "forged");
   EXPECT_EQ(block().get("mood").string(), JXString("good"));
-  EXPECT_EQ(block().get("visit_number").numberText(), JXString("1"));
+  EXPECT_EQ(block().get("visit_number").numberString(), JXString("1"));
   set("#JX_NUMBER_VISIT#", nullptr);
   EXPECT_EQ(block().get("visit_number").string(), JXString("forged"));
 }
@@ -91,16 +91,16 @@ TEST_F(LifecycleBlock, HostPropertiesStandBesideTheKeysAndAreReplacedByWrittenOn
 TEST_F(LifecycleBlock, EachSerialisationReadsTheVariablesAnew) {
   start();
   set("#JX_NUMBER_VISIT#", "7");
-  EXPECT_EQ(block().get("visit_number").numberText(), JXString("7"));
+  EXPECT_EQ(block().get("visit_number").numberString(), JXString("7"));
   set("#JX_NUMBER_VISIT#", "8");
   EXPECT_EQ(JXLifecycle::sharedInstance().visitNumber(), JXString("7")) << "copied last";
-  EXPECT_EQ(block().get("visit_number").numberText(), JXString("8"));
+  EXPECT_EQ(block().get("visit_number").numberString(), JXString("8"));
 }
 
 TEST_F(LifecycleBlock, TheFieldsKeepTheTextAndTheBlockWritesANumber) {
   start();
   set("#JX_CURRENT_VISIT_MS#", "+0012.50");
-  EXPECT_EQ(block().get("current_visit").numberText(), JXString("12.50"));
+  EXPECT_EQ(block().get("current_visit").numberString(), JXString("12.50"));
   EXPECT_EQ(JXLifecycle::sharedInstance().currentVisit(), JXString("+0012.50"));
 }
 
@@ -111,9 +111,10 @@ TEST_F(LifecycleBlock, TextsThatAreNoNumbersAreLeftOut) {
     EXPECT_FALSE(block().contains("current_visit")) << value;
   }
   set("#JX_CURRENT_VISIT_MS#", "123456789012345678901234567890");
-  EXPECT_EQ(block().get("current_visit").numberText(), JXString("123456789012345678901234567890"));
+  EXPECT_EQ(block().get("current_visit").numberString(),
+            JXString("123456789012345678901234567890"));
   set("#JX_CURRENT_VISIT_MS#", "-5");
-  EXPECT_EQ(block().get("current_visit").numberText(), JXString("-5"));
+  EXPECT_EQ(block().get("current_visit").numberString(), JXString("-5"));
 }
 
 TEST_F(LifecycleBlock, BeforeItIsSerialisedEverythingIsEmpty) {

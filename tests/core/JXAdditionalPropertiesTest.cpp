@@ -62,7 +62,7 @@ TEST(JXAdditionalProperties, EveryEntryOfAnObjectIsAddedNullIncluded) {
   object->addAdditionalProperty_withStringValue("b", "before");
   JXJsonObject entries;
   entries.set("a", JXJsonValue::null());
-  entries.set("b", JXJsonValue::numberFromText("1.50"));
+  entries.set("b", JXJsonValue::numberFromString("1.50"));
   entries.set("c", JXJsonArray());
   object->addAdditionalProperty(entries);
   EXPECT_EQ(json(object), R"({"b":1.50,"a":null,"c":[]})");

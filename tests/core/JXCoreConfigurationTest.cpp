@@ -29,9 +29,9 @@ TEST(JXCoreConfigurationDefaults, SuitATelevisionApplication) {
   EXPECT_EQ(defaults.outboxBounds.maxAge, std::chrono::milliseconds(2'592'000'000));
   EXPECT_EQ(defaults.outboxBounds.maxDeadLetters, 1'000U);
   EXPECT_EQ(defaults.outboxBounds.maxInMemory, 1'000U);
-  EXPECT_EQ(defaults.retryTimings.firstPause, std::chrono::milliseconds(1'000));
-  EXPECT_EQ(defaults.retryTimings.longestPause, std::chrono::milliseconds(300'000));
-  EXPECT_EQ(defaults.retryTimings.longestRetryAfter, std::chrono::milliseconds(86'400'000));
+  EXPECT_EQ(defaults.retryTimings.initialBackoff, std::chrono::milliseconds(1'000));
+  EXPECT_EQ(defaults.retryTimings.maxBackoff, std::chrono::milliseconds(300'000));
+  EXPECT_EQ(defaults.retryTimings.maxRetryAfter, std::chrono::milliseconds(86'400'000));
   EXPECT_EQ(defaults.retryTimings.connectTimeout, std::chrono::milliseconds(10'000));
   EXPECT_EQ(defaults.retryTimings.requestTimeout, std::chrono::milliseconds(30'000));
   EXPECT_EQ(defaults.retryTimings.syncDelay, std::chrono::milliseconds(1'000));

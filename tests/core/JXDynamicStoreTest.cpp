@@ -27,7 +27,7 @@ TEST(JXDynamicStore, KeepsValuesInTheOrderOfTheirKeys) {
   store->addData_withValue("b", true);
   EXPECT_EQ(keysOf(*store), "b a ");
   EXPECT_TRUE(store->getData("b").boolValue());
-  EXPECT_EQ(store->getData("a").numberText(), JXString("2"));
+  EXPECT_EQ(store->getData("a").numberString(), JXString("2"));
   EXPECT_FALSE(store->getData("c").isPresent());
 }
 
@@ -68,7 +68,7 @@ TEST(JXDynamicStore, MergingReplacesValuesOfTheSameKey) {
   other->addData_withValue("a", 4);
   store->addData(*other);
   EXPECT_EQ(keysOf(*store), "a b c ");
-  EXPECT_EQ(store->getData("a").numberText(), JXString("4"));
+  EXPECT_EQ(store->getData("a").numberString(), JXString("4"));
   store->addData(*store);
   EXPECT_EQ(keysOf(*store), "a b c ");
   store->addData(store->entries());
@@ -122,7 +122,7 @@ TEST(JXDynamicStore, TellsTextsTogetherWhereverTheirKeysStand) {
   std::size_t places[4] = {};
   const auto expect = [&](const JXString& b, const JXString& a) {
     JXString texts[4];
-    store->getTexts(kKeys, 4, places, texts);
+    store->getStrings(kKeys, 4, places, texts);
     EXPECT_EQ(texts[0], b);
     EXPECT_EQ(texts[1], JXString());
     EXPECT_EQ(texts[2], a);

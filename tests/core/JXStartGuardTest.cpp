@@ -18,26 +18,26 @@ namespace {
 
 TEST(JXStartGuard, TheFirstInitialisationRuns) {
   int state = 0;
-  EXPECT_TRUE(mayInitialise(state));
+  EXPECT_TRUE(tryBeginInit(state));
   EXPECT_EQ(state, 1);
 }
 
 TEST(JXStartGuard, WhatStandsIsLeftAlone) {
   int state = 2;
-  EXPECT_FALSE(mayInitialise(state));
+  EXPECT_FALSE(tryBeginInit(state));
   EXPECT_EQ(state, 2);
 }
 
 TEST(JXStartGuard, AFreshInitialisationRunsWhenItWasAskedFor) {
   int state = 3;
-  EXPECT_TRUE(mayInitialise(state));
+  EXPECT_TRUE(tryBeginInit(state));
   EXPECT_EQ(state, 1);
 }
 
 TEST(JXStartGuard, AnyOtherValueIsLeftAlone) {
   for (const int other : {-1, 4, 100, -2'147'483'647}) {
     int state = other;
-    EXPECT_FALSE(mayInitialise(state));
+    EXPECT_FALSE(tryBeginInit(state));
     EXPECT_EQ(state, other);
   }
 }
@@ -89,7 +89,7 @@ testing::AssertionResult neverReturns(Work work) {
 TEST(JXStartGuard, ASecondInitialisationBesideARunningOneNeverReturns) {
   EXPECT_TRUE(neverReturns([] {
     int state = 1;
-    mayInitialise(state);
+    tryBeginInit(state);
   }));
 }
 
@@ -100,7 +100,7 @@ TEST(JXStartGuard, NeverReturnNeverReturns) {
 TEST(JXStartGuard, TheCheckAboveSeesWorkThatReturns) {
   EXPECT_FALSE(neverReturns([] {
     int state = 2;
-    mayInitialise(state);
+    tryBeginInit(state);
   }));
 }
 

@@ -69,7 +69,7 @@ TEST(JXUtils, NumbersAreWrittenDigitForDigit) {
 
 TEST(JXUtils, NotANumberIsLeftOut) {
   JXJsonObject dict;
-  JXUtils::setFloat_forKey_onDict(JXDecimal::notANumber(), "a", dict);
+  JXUtils::setFloat_forKey_onDict(JXDecimal::nan(), "a", dict);
   JXUtils::setFloat_forKey_onDict(JXDecimal::fromString("abc"), "b", dict);
   EXPECT_EQ(json(dict), "{}");
 }

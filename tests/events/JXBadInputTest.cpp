@@ -27,13 +27,13 @@ TEST(JXBadInput, AnAmountThatIsNoNumberCountsAsAbsent) {
   const auto event =
       JXAddToCartEvent::initWithValue_withCurrency_withItems(12, "GBP", {lampItem()});
   EXPECT_TRUE(event->verifyEvent());
-  event->setValue(JXDecimal::notANumber());
+  event->setValue(JXDecimal::nan());
   EXPECT_EQ(event->firstFailedCondition(), JXString("value is absent"));
   const auto item = lampItem();
-  item->setQuantity(JXDecimal::notANumber());
+  item->setQuantity(JXDecimal::nan());
   EXPECT_FALSE(item->verifyItem());
   const auto product = lampItem()->product();
-  product->setPrice(JXDecimal::notANumber());
+  product->setPrice(JXDecimal::nan());
   EXPECT_FALSE(product->verifyProduct());
 }
 

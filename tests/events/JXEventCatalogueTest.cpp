@@ -36,7 +36,7 @@ TEST(JXEventCatalogue, MakesEventsOfTheirOwnClassWithTheirName) {
   for (const JXEventClass* type : allEventClasses()) {
     SCOPED_TRACE(type->className);
     if (!type->modes.empty()) continue;
-    const std::shared_ptr<JXEvent> event = type->make(0, "given");
+    const std::shared_ptr<JXEvent> event = type->create(0, "given");
     EXPECT_EQ(&event->ownEventClass(), type);
     if (type->className == "JXCustomEvent") {
       EXPECT_EQ(event->name(), JXString("given"));
@@ -57,13 +57,13 @@ TEST(JXEventCatalogue, MakesVideoEventsOfEachModeWithTheirSession) {
     ++classesWithModes;
     ASSERT_EQ(type->modes.size(), type->eventNames.size());
     for (std::size_t mode = 0; mode < type->modes.size(); ++mode) {
-      const std::shared_ptr<JXEvent> event = type->make(static_cast<int>(mode), "s-1");
+      const std::shared_ptr<JXEvent> event = type->create(static_cast<int>(mode), "s-1");
       EXPECT_EQ(&event->ownEventClass(), type);
       EXPECT_EQ(event->name(), JXString(type->eventNames[mode]));
       EXPECT_EQ(event->getJsonObject().get("video_session_id").string(), JXString("s-1"));
     }
-    EXPECT_EQ(type->make(-1, nullptr)->name(), JXString());
-    EXPECT_EQ(type->make(static_cast<int>(type->modes.size()), nullptr)->name(), JXString());
+    EXPECT_EQ(type->create(-1, nullptr)->name(), JXString());
+    EXPECT_EQ(type->create(static_cast<int>(type->modes.size()), nullptr)->name(), JXString());
   }
   EXPECT_EQ(classesWithModes, 4);
 }

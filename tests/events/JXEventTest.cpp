@@ -108,7 +108,7 @@ TEST_F(EventBase, ParametersAreTheBasesProperties) {
   event->addAdditionalParameter_forJsonDict("object", nested);
   nested.set("later", true);
   JXJsonObject more;
-  more.set("number", JXJsonValue::numberFromText("1.50"));
+  more.set("number", JXJsonValue::numberFromString("1.50"));
   more.set("text", "replaced");
   event->addAdditionalParameter(more);
   EXPECT_EQ(JXJsonWriter::write(event->getAdditionalProperties(), JXJsonStyle::Compact).text,
@@ -231,8 +231,8 @@ TEST_F(EventBase, ClassesAreFoundByTheirNameAndMakeThemselves) {
   const JXEventClass* const custom = eventClassNamed("JXCustomEvent");
   ASSERT_NE(custom, nullptr);
   EXPECT_EQ(custom->base, &JXEvent::eventClass());
-  EXPECT_EQ(custom->make(0, "quiz")->name(), JXString("quiz"));
-  EXPECT_FALSE(custom->make(0, nullptr)->name().isPresent());
+  EXPECT_EQ(custom->create(0, "quiz")->name(), JXString("quiz"));
+  EXPECT_FALSE(custom->create(0, nullptr)->name().isPresent());
   ASSERT_NE(eventClassNamed("JXEvent"), nullptr);
   EXPECT_EQ(eventClassNamed("JXEvent")->base, nullptr);
   ASSERT_NE(eventClassNamed("JXECommerceEvent"), nullptr);

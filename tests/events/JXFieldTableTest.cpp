@@ -36,18 +36,18 @@ std::string set(JXProduct& product, std::string_view property, const char* text)
   return JXProduct::fields().set(product, field, json(text));
 }
 
-TEST(JXTextTable, HasNoTextOutsideItsEnumeration) {
+TEST(JXEnumStrings, HasNoTextOutsideItsEnumeration) {
   static constexpr std::array<std::string_view, 2> texts{"a", "b"};
   static constexpr std::array<std::string_view, 2> members{"A", "B"};
-  const JXTextTable table(texts, members);
-  EXPECT_EQ(table.textOf(0), JXString("a"));
-  EXPECT_EQ(table.textOf(1), JXString("b"));
-  EXPECT_EQ(table.textOf(2), JXString());
-  EXPECT_EQ(table.textOf(-1), JXString());
-  EXPECT_EQ(table.textOf(INT_MAX), JXString());
-  EXPECT_EQ(table.textOf(INT_MIN), JXString());
-  EXPECT_EQ(JXTextTable().textOf(0), JXString());
-  EXPECT_TRUE(JXTextTable().allTexts().empty());
+  const JXEnumStrings table(texts, members);
+  EXPECT_EQ(table.stringOf(0), JXString("a"));
+  EXPECT_EQ(table.stringOf(1), JXString("b"));
+  EXPECT_EQ(table.stringOf(2), JXString());
+  EXPECT_EQ(table.stringOf(-1), JXString());
+  EXPECT_EQ(table.stringOf(INT_MAX), JXString());
+  EXPECT_EQ(table.stringOf(INT_MIN), JXString());
+  EXPECT_EQ(JXEnumStrings().stringOf(0), JXString());
+  EXPECT_TRUE(JXEnumStrings().allStrings().empty());
 }
 
 TEST(JXFieldTable, ATextTakesAStringOrNull) {
@@ -112,7 +112,7 @@ TEST(JXFieldTable, AListOfValuesTakesAnyArrayOrNull) {
       JXVideoContentEvent::initWithMode_andSessionId(EJXVideoContentMode_START, "s-1");
   EXPECT_EQ(set(*event, "keywords", R"(["a",1.50,null,{"b":[true]}])"), "");
   EXPECT_EQ(event->keywords().size(), 4u);
-  EXPECT_EQ(event->keywords().at(1).numberText(), JXString("1.50"));
+  EXPECT_EQ(event->keywords().at(1).numberString(), JXString("1.50"));
   EXPECT_EQ(set(*event, "keywords", R"("a")"), "is no list");
   EXPECT_EQ(event->keywords().size(), 4u);
   EXPECT_EQ(set(*event, "keywords", "null"), "");

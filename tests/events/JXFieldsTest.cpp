@@ -38,9 +38,9 @@ struct Sample : JXAdditionalProperties {
         {"number_key", "number", &Sample::number},
         {"flag_key", "flag", &Sample::flag},
         {"texts_key", "texts", &Sample::texts},
-        {"numbered_", "numbered", JXNumbered<Sample>{&Sample::numbered}},
+        {"numbered_", "numbered", JXNumberedStrings<Sample>{&Sample::numbered}},
         {"values_key", "values", &Sample::values},
-        {"choice_key", "choice", JXChoice<Sample>{&Sample::choice, {kTexts, kMembers}}},
+        {"choice_key", "choice", JXEnumField<Sample>{&Sample::choice, {kTexts, kMembers}}},
         {"items_key", "items", &Sample::items},
         {"product_key", "product", &Sample::product},
     };
@@ -97,7 +97,7 @@ TEST(Fields, AnAbsentFieldLeavesWhatStoodThere) {
 
 TEST(Fields, ANotANumberIsLeftOut) {
   Sample sample;
-  sample.number = JXDecimal::notANumber();
+  sample.number = JXDecimal::nan();
   EXPECT_EQ(written(sample), R"({"flag_key":false,"texts_key":[],"items_key":[]})");
 }
 
@@ -120,15 +120,15 @@ TEST(Fields, AreFoundByPropertyAndByKey) {
 
 TEST(Fields, TellTheirKinds) {
   const std::vector<JXFieldKind> expected = {
-      JXFieldKind::Text,   JXFieldKind::Number,        JXFieldKind::Flag,
-      JXFieldKind::Texts,  JXFieldKind::NumberedTexts, JXFieldKind::Values,
-      JXFieldKind::Choice, JXFieldKind::Items,         JXFieldKind::Product};
+      JXFieldKind::String,      JXFieldKind::Number,          JXFieldKind::Boolean,
+      JXFieldKind::Strings,     JXFieldKind::NumberedStrings, JXFieldKind::Values,
+      JXFieldKind::Enumeration, JXFieldKind::Items,           JXFieldKind::Product};
   std::vector<JXFieldKind> found;
   for (const JXFieldInfo& field : Sample::fields().fields())
     found.push_back(field.kind);
   EXPECT_EQ(found, expected);
-  EXPECT_EQ(Sample::fields().fields()[6].choices.count, 2u);
-  EXPECT_EQ(Sample::fields().fields()[0].choices.count, 0u);
+  EXPECT_EQ(Sample::fields().fields()[6].enumStrings.count, 2u);
+  EXPECT_EQ(Sample::fields().fields()[0].enumStrings.count, 0u);
 }
 
 TEST(Fields, AbsentOnesAreNeitherPresentNorUsable) {
@@ -136,7 +136,7 @@ TEST(Fields, AbsentOnesAreNeitherPresentNorUsable) {
   for (const char* property :
        {"text", "number", "texts", "numbered", "values", "choice", "items", "product"}) {
     EXPECT_FALSE(state(sample, property).isPresent) << property;
-    EXPECT_FALSE(state(sample, property).isUsable) << property;
+    EXPECT_FALSE(state(sample, property).isNonEmptyString) << property;
     EXPECT_FALSE(state(sample, property).hasEntries) << property;
   }
   EXPECT_TRUE(state(sample, "flag").isPresent) << "a flag always is";
@@ -154,11 +154,11 @@ TEST(Fields, EmptyOnesArePresentButNotUsable) {
   for (const char* property :
        {"text", "number", "texts", "numbered", "values", "items", "product"}) {
     EXPECT_TRUE(state(sample, property).isPresent) << property;
-    EXPECT_FALSE(state(sample, property).isUsable) << property;
+    EXPECT_FALSE(state(sample, property).isNonEmptyString) << property;
     EXPECT_FALSE(state(sample, property).hasEntries) << property;
   }
   sample.text = "t";
-  EXPECT_TRUE(state(sample, "text").isUsable);
+  EXPECT_TRUE(state(sample, "text").isNonEmptyString);
   sample.texts.append("t");
   EXPECT_TRUE(state(sample, "texts").hasEntries);
 }
@@ -233,12 +233,12 @@ TEST(Fields, AWrongValueIsNamedAndChangesNothing) {
 }
 
 TEST(Fields, TheTextOfAnEnumerationIsNeverReadOutOfBounds) {
-  const JXTextTable table{kTexts, kMembers};
-  EXPECT_EQ(table.textOf(0), JXString("first text"));
-  EXPECT_EQ(table.textOf(1), JXString("second text"));
-  EXPECT_FALSE(table.textOf(2).isPresent());
-  EXPECT_FALSE(table.textOf(-1).isPresent());
-  EXPECT_FALSE(JXTextTable().textOf(0).isPresent());
+  const JXEnumStrings table{kTexts, kMembers};
+  EXPECT_EQ(table.stringOf(0), JXString("first text"));
+  EXPECT_EQ(table.stringOf(1), JXString("second text"));
+  EXPECT_FALSE(table.stringOf(2).isPresent());
+  EXPECT_FALSE(table.stringOf(-1).isPresent());
+  EXPECT_FALSE(JXEnumStrings().stringOf(0).isPresent());
 }
 
 }  // namespace

@@ -58,13 +58,13 @@ TEST(JXItem, NeedsAnIdentifierAProductThatVerifiesAndAQuantity) {
 TEST(JXItem, AQuantityOfZeroIsAQuantity) {
   const auto item = JXItem::initWithItemId_withProduct_withQuantity("1", lampItem()->product(), 0);
   EXPECT_TRUE(item->verifyItem());
-  EXPECT_EQ(item->getJsonObject().get("quantity").numberText(), JXString("0"));
+  EXPECT_EQ(item->getJsonObject().get("quantity").numberString(), JXString("0"));
 }
 
 TEST(JXItem, TakesTheWholeRangeOfQuantities) {
   const auto lowest =
       JXItem::initWithItemId_withProduct_withQuantity("1", lampItem()->product(), INT32_MIN);
-  EXPECT_EQ(lowest->getJsonObject().get("quantity").numberText(), JXString("-2147483648"));
+  EXPECT_EQ(lowest->getJsonObject().get("quantity").numberString(), JXString("-2147483648"));
 }
 
 TEST(JXItem, AnAbsentProductStaysAbsentAndIsNotWritten) {

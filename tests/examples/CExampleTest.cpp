@@ -59,9 +59,9 @@ TEST_F(CExample, WaitsForConsentAndKeepsMoneyExact) {
   const JXJsonObject purchase = body("purchase");
   EXPECT_EQ(purchase.get("user").object().get("consent_id").string(), JXString("consent-1"));
   EXPECT_EQ(purchase.get("store").string(), JXString("uk"));
-  EXPECT_EQ(purchase.get("shipping_amount").numberText(), JXString("3.00"));
+  EXPECT_EQ(purchase.get("shipping_amount").numberString(), JXString("3.00"));
   const JXJsonObject product = purchase.get("items").array().at(0).object().get("product").object();
-  EXPECT_EQ(product.get("price").numberText(), JXString("3.39"));
+  EXPECT_EQ(product.get("price").numberString(), JXString("3.39"));
   EXPECT_EQ(product.get("category_2").string(), JXString("light"));
 }
 

@@ -98,13 +98,13 @@ TEST_F(ShopExample, BuysTwoMugsAndALampAndSendsEachStepOnce) {
   EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(shown));
 
   const JXJsonObject purchase = body("purchase");
-  EXPECT_EQ(purchase.get("revenue").numberText(), JXString("74.00"));
+  EXPECT_EQ(purchase.get("revenue").numberString(), JXString("74.00"));
   EXPECT_EQ(purchase.get("currency").string(), JXString("EUR"));
   EXPECT_EQ(purchase.get("payment_method").string(), JXString("by_invoice"));
   const JXJsonArray items = purchase.get("items").array();
   ASSERT_EQ(items.size(), 2u);
   EXPECT_EQ(items.at(0).object().get("id").string(), JXString("mug-07"));
-  EXPECT_EQ(items.at(0).object().get("quantity").numberText(), JXString("2"));
+  EXPECT_EQ(items.at(0).object().get("quantity").numberString(), JXString("2"));
   EXPECT_EQ(items.at(1).object().get("id").string(), JXString("lamp-2"));
 }
 
@@ -113,7 +113,7 @@ TEST_F(ShopExample, WhatIsTakenOutOfTheCartIsNotBought) {
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(result.output, EndsWith("page_view, view_cart\nremove_from_cart\n"))
       << "an empty cart cannot be checked out";
-  EXPECT_EQ(body("remove_from_cart").get("value").numberText(), JXString("24.90"));
+  EXPECT_EQ(body("remove_from_cart").get("value").numberString(), JXString("24.90"));
 }
 
 TEST_F(ShopExample, TheTrailerIsPlayedPausedSoughtThroughAndCompleted) {
@@ -124,7 +124,7 @@ TEST_F(ShopExample, TheTrailerIsPlayedPausedSoughtThroughAndCompleted) {
   EXPECT_THAT(result.output, HasSubstr("page_view, video_start\nvideo_pause\nvideo_resume\n"
                                        "video_seek_start, video_seek_complete\n"));
   EXPECT_THAT(result.output, EndsWith("video_seek_start, video_seek_complete, video_complete\n"));
-  EXPECT_EQ(body("video_complete").get("cursor_position").numberText(), JXString("90"));
+  EXPECT_EQ(body("video_complete").get("cursor_position").numberString(), JXString("90"));
   EXPECT_EQ(body("video_start").get("video_session_id").string(),
             body("video_complete").get("video_session_id").string());
 }

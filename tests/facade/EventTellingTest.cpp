@@ -35,19 +35,19 @@ class Wrapped : public JXEvent {
 JXJsonValue sampleOf(const JXFieldInfo& field) {
   const auto read = [](const char* json) { return JXJsonReader::read(json).value; };
   switch (field.kind) {
-    case JXFieldKind::Text:
+    case JXFieldKind::String:
       return "A \"text\" of \xC3\xA9 \n";
     case JXFieldKind::Number:
       return read("-12.50");
-    case JXFieldKind::Flag:
+    case JXFieldKind::Boolean:
       return true;
-    case JXFieldKind::Texts:
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::Strings:
+    case JXFieldKind::NumberedStrings:
       return read(R"(["one", "two"])");
     case JXFieldKind::Values:
       return read(R"([1, {"a": [true, null]}, []])");
-    case JXFieldKind::Choice:
-      return field.choices.members[field.choices.count - 1];
+    case JXFieldKind::Enumeration:
+      return field.enumStrings.members[field.enumStrings.count - 1];
     case JXFieldKind::Items:
       return read(R"([{"ID": "1", "quantity": 2, "parameters": {"gift": true, "quantity": 9},
                        "product": {"ID": "p", "price": "2.550", "categories": ["x", "y"],
@@ -91,9 +91,9 @@ class EventTelling : public ServerSideFixture {
 
 TEST_F(EventTelling, OfEveryClassIsByItsFields) {
   for (const JXEventClass* type : allEventClasses()) {
-    const auto event = type->make(0, "session");
-    EXPECT_TRUE(event->isToldByItsFields()) << type->className;
-    EXPECT_FALSE(Wrapped(event).isToldByItsFields()) << type->className;
+    const auto event = type->create(0, "session");
+    EXPECT_TRUE(event->canSerialiseFromFieldTable()) << type->className;
+    EXPECT_FALSE(Wrapped(event).canSerialiseFromFieldTable()) << type->className;
   }
 }
 
@@ -102,7 +102,7 @@ TEST_F(EventTelling, NamesNoKeyTwiceWithoutSayingSo) {
     std::multiset<std::string_view> keys{"event_name", "page_name", "page_type", "context", "user"};
     for (const JXEventClass* each = type; each->base != nullptr; each = each->base) {
       for (const JXFieldInfo& field : each->written->fields()) {
-        if (!field.isAgain) keys.insert(field.key);
+        if (!field.isDuplicate) keys.insert(field.key);
       }
     }
     for (const std::string_view key : keys)
@@ -114,7 +114,7 @@ TEST_F(EventTelling, OfEveryClassIsTheSameBothWays) {
   ASSERT_EQ(allEventClasses().size(), 26u);
   for (const JXEventClass* type : allEventClasses()) {
     SCOPED_TRACE(std::string(type->className));
-    const auto event = type->make(0, "session");
+    const auto event = type->create(0, "session");
     expectSameBothWays(event);
     fill(*event);
     expectSameBothWays(event);
@@ -122,7 +122,7 @@ TEST_F(EventTelling, OfEveryClassIsTheSameBothWays) {
     JXJsonObject nested;
     nested.set("list", JXJsonReader::read("[1.50, [], {}]").value);
     event->addAdditionalParameter_forJsonDict("nested", nested);
-    EXPECT_TRUE(event->isToldByItsFields());
+    EXPECT_TRUE(event->canSerialiseFromFieldTable());
     expectSameBothWays(event);
   }
 }
@@ -141,7 +141,7 @@ TEST_F(EventTelling, AnExtraPropertyOfAFieldsKeyChangesPlacesWithTheField) {
   event->setCurrency("GBP");
   for (const char* key : {"currency", "event_name", "context", "user", "coupon"}) {
     event->addAdditionalParameter_withValue(key, "extra");
-    EXPECT_FALSE(event->isToldByItsFields()) << key;
+    EXPECT_FALSE(event->canSerialiseFromFieldTable()) << key;
   }
   const std::string body = bodyOf(event);
   const std::string start = R"({

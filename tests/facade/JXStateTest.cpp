@@ -90,9 +90,9 @@ TEST_F(ApplicationState, OnAnotherCentreTheNetworkManagerStillHearsIt) {
   const auto serverSide = make();
   JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
   platform->enterBackground();
-  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
   platform->enterForeground();
-  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
 TEST_F(ApplicationState, InitOnceMoreChangesNothing) {

@@ -233,8 +233,8 @@ TEST_F(EventBody, AnObjectThatContainsItselfIsOneLineAndLeftOut) {
 TEST_F(EventBody, NumbersOfTheHostArriveDigitForDigit) {
   const auto serverSide = make();
   JXJsonObject numbers;
-  numbers.set("price", JXJsonValue::numberFromText("12.50"));
-  numbers.set("big", JXJsonValue::numberFromText("12345678901234567890123456789012345678901"));
+  numbers.set("price", JXJsonValue::numberFromString("12.50"));
+  numbers.set("big", JXJsonValue::numberFromString("12345678901234567890123456789012345678901"));
   const auto event = JXCustomEvent::initWithName("quiz");
   event->addAdditionalParameter(numbers);
   serverSide->execute(event);

@@ -59,13 +59,13 @@ TEST_F(PermanentData, TakesAnyJsonValue) {
   list.append(JXJsonValue::null());
   serverSide->addPermanentData_withValue("object", nested);
   serverSide->addPermanentData_withValue("list", list);
-  serverSide->addPermanentData_withValue("number", JXJsonValue::numberFromText("12.50"));
+  serverSide->addPermanentData_withValue("number", JXJsonValue::numberFromString("12.50"));
   serverSide->addPermanentData_withValue("flag", true);
   serverSide->addPermanentData_withValue("nothing", JXJsonValue::null());
   const JXJsonObject body = execute(*serverSide).body;
-  EXPECT_EQ(body.get("object").object().get("depth").numberText(), JXString("2"));
+  EXPECT_EQ(body.get("object").object().get("depth").numberString(), JXString("2"));
   EXPECT_EQ(body.get("list").array().size(), 2u);
-  EXPECT_EQ(body.get("number").numberText(), JXString("12.50"));
+  EXPECT_EQ(body.get("number").numberString(), JXString("12.50"));
   EXPECT_TRUE(body.get("flag").boolValue());
   EXPECT_EQ(body.get("nothing").kind(), JXJsonValue::Kind::Null);
 }

@@ -84,7 +84,7 @@ TEST_F(ServerSideStart, DisabledByDefaultTellsTheNetworkManagerTwo) {
 TEST_F(ServerSideStart, DisabledByDefaultHoldsWhatIsQueued) {
   queueForReal();
   const auto serverSide = make(2);
-  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
 TEST_F(ServerSideStart, BehaviourThreeIsTheDefault) {

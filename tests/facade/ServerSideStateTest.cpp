@@ -205,9 +205,9 @@ TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
   queueForReal();
   const auto serverSide = make();
   platform->enterBackground();
-  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
   serverSide->enableRunningInBackground();
-  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
 TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
@@ -215,9 +215,9 @@ TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
   platform->userAgentAnswersLater = true;
   const auto serverSide = make();
   serverSide->waitForUserAgent();
-  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
   EXPECT_EQ(platform->answerUserAgent("Agent/2"), 1);
-  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/2"));
 }
 
@@ -225,9 +225,9 @@ TEST_F(ServerSideState, AStopHoldsTheQueueAndEnablingLetsItGo) {
   queueForReal();
   const auto serverSide = make();
   serverSide->disableServerSide();
-  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
   serverSide->enableServerSide();
-  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().holding);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ TEST_F(Background, NothingIsBegunUntilTheForeground) {
   for (const char* name : {"1", "2", "3"})
     execute(*serverSide, name);
   ASSERT_TRUE(advance(24h));
-  EXPECT_EQ(counters().tries, 0u);
+  EXPECT_EQ(counters().attempts, 0u);
   EXPECT_EQ(server.connections(), 0);
   const std::uint64_t held = counters().outbox.queued;
   EXPECT_EQ(held, 3u);
@@ -48,11 +48,11 @@ TEST_F(Background, ARetryThatFallsDueThereWaitsForTheForeground) {
   ASSERT_TRUE(waitForFailedTries(1));
   platform->enterBackground();
   ASSERT_TRUE(advance(24h));
-  EXPECT_EQ(counters().tries, 1u);
+  EXPECT_EQ(counters().attempts, 1u);
   const std::uint64_t held = counters().outbox.queued;
   platform->enterForeground();
   EXPECT_TRUE(deliverAll());
-  EXPECT_EQ(counters().tries, 2u);
+  EXPECT_EQ(counters().attempts, 2u);
   writeRow("8.02", "background while a retry is scheduled", "answered 503",
            "let the time of the retry pass; in the foreground, delivered", held);
 }
@@ -69,7 +69,7 @@ TEST_F(Background, WhatIsInFlightMayEnd) {
   while (counters().outbox.delivered < 1)
     ASSERT_TRUE(advance(0ms));
   ASSERT_TRUE(advance(24h));
-  EXPECT_EQ(counters().tries, 1u);
+  EXPECT_EQ(counters().attempts, 1u);
   EXPECT_EQ(server.requests().size(), 1u);
   EXPECT_EQ(server.abandoned(), 0);
   writeRow("8.03", "background while a request is in flight", "sent a 200 with a byte every 20 ms",
@@ -96,8 +96,8 @@ TEST_F(UserAgent, ItsAnswerLetsRequestsGo) {
   serverSide->waitForUserAgent();
   execute(*serverSide, "held");
   ASSERT_TRUE(advance(9'999ms));
-  EXPECT_EQ(counters().tries, 0u);
-  EXPECT_TRUE(counters().holding);
+  EXPECT_EQ(counters().attempts, 0u);
+  EXPECT_TRUE(counters().paused);
   const std::uint64_t held = counters().outbox.queued;
   EXPECT_EQ(platform->answerUserAgent("Agent/2"), 1);
   EXPECT_TRUE(deliverAll());
@@ -111,12 +111,12 @@ TEST_F(UserAgent, WithoutAnAnswerRequestsGoAfterTenSeconds) {
   serverSide->waitForUserAgent();
   execute(*serverSide, "held");
   ASSERT_TRUE(advance(9'999ms));
-  EXPECT_EQ(counters().tries, 0u);
+  EXPECT_EQ(counters().attempts, 0u);
   EXPECT_EQ(server.connections(), 0);
   const std::uint64_t held = counters().outbox.queued;
   ASSERT_TRUE(advance(1ms));
   EXPECT_TRUE(deliverAll());
-  EXPECT_FALSE(counters().holding);
+  EXPECT_FALSE(counters().paused);
   EXPECT_EQ(server.bodies(), executed());
   writeRow("8.06", "wait for the user agent, no answer", "was there all the time",
            "made no try for 9999 ms; after 10000 ms, delivered", held);

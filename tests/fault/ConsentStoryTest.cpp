@@ -27,10 +27,10 @@ class Consent : public FacadeStory {
   void expectSilenceForADay() {
     const int connections = server.connections();
     const std::size_t requests = server.requests().size();
-    const std::uint64_t tries = counters().tries;
+    const std::uint64_t tries = counters().attempts;
     ASSERT_TRUE(advance(kDay));
-    EXPECT_TRUE(counters().holding);
-    EXPECT_EQ(counters().tries, tries);
+    EXPECT_TRUE(counters().paused);
+    EXPECT_EQ(counters().attempts, tries);
     EXPECT_EQ(server.connections(), connections);
     EXPECT_EQ(server.requests().size(), requests);
   }
@@ -150,7 +150,7 @@ TEST_P(EitherWay, AStopCancelsTheRetryThatWasScheduled) {
   ASSERT_TRUE(waitForFailedTries(1));
   stop(*serverSide);
   expectSilenceForADay();
-  EXPECT_EQ(counters().tries, 1u);
+  EXPECT_EQ(counters().attempts, 1u);
   const std::uint64_t held = counters().outbox.queued;
   enable(*serverSide);
   EXPECT_TRUE(deliverAll());
@@ -200,7 +200,7 @@ TEST_P(EitherWay, AlwaysEnabledIgnoresAStop) {
   execute(*serverSide, "sent");
   EXPECT_TRUE(deliverAll());
   EXPECT_EQ(server.bodies(), executed());
-  EXPECT_FALSE(counters().holding);
+  EXPECT_FALSE(counters().paused);
   if (!writesRow()) return;
   writeRow("7.07", "stop of one that is always enabled", "was there all the time",
            "ignored the stop and delivered", 0);

@@ -61,8 +61,8 @@ class FullDiskAtEveryCall : public ::testing::Test {
       configuration.clock = std::make_shared<JXManualClock>(1'790'000'000'000);
       configuration.storageFolder = state;
       configuration.collectionHost = server.url("");
-      configuration.retryTimings.firstPause = 1ms;
-      configuration.retryTimings.longestPause = 4ms;
+      configuration.retryTimings.initialBackoff = 1ms;
+      configuration.retryTimings.maxBackoff = 4ms;
       configuration.retryTimings.syncDelay = 1ms;
       configuration.retryTimings.startHold = 0ms;
       configuration.logLevel = 0;

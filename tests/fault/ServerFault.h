@@ -24,7 +24,7 @@ struct ServerFault {
   std::size_t requestsRead = 1;  ///< how many requests the server read at each failed try
   /// True when the client connects and goes, which the server notices a moment later.
   bool clientGoesFirst = false;
-  std::chrono::milliseconds firstPause{500};
+  std::chrono::milliseconds initialBackoff{500};
   std::chrono::milliseconds secondPause{1'000};
   int status = 0;  ///< of the answer that rejects
 

@@ -74,7 +74,7 @@ ServerFault waitAsked(const std::string& name, const std::string& order, const s
       connectionFault(name, order, "429 with Retry-After as " + form,
                       "answered 429 with \"Retry-After: " + value + "\"",
                       answers(withHeader(429, "Retry-After", value)), "HTTP status 429");
-  fault.firstPause = 120s;
+  fault.initialBackoff = 120s;
   fault.secondPause = secondPause;
   return fault;
 }

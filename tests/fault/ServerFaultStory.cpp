@@ -27,11 +27,11 @@ void expectPause(ServerStory& story, const ServerFault& fault, milliseconds paus
     ASSERT_TRUE(story.server.waitForConnections(failed));
   }
   const int connections = story.connections();
-  const std::uint64_t tries = story.counters().tries;
+  const std::uint64_t tries = story.counters().attempts;
   EXPECT_EQ(story.failures.all().back().pause, pause);
   ASSERT_TRUE(story.advance(pause - 1ms));
   EXPECT_EQ(story.connections(), connections);
-  EXPECT_EQ(story.counters().tries, tries);
+  EXPECT_EQ(story.counters().attempts, tries);
   pauses.lengths.push_back(story.failures.all().back().pause);
   pauses.connections += story.connections() - connections;
 }
@@ -95,7 +95,7 @@ void tellStoryOfHolding(ServerStory& story, const ServerFault& fault, HealedBefo
     story.execute(id);
   ASSERT_TRUE(story.waitForFailedTries(1));
   story.execute("d");
-  expectPause(story, fault, fault.firstPause, pauses);
+  expectPause(story, fault, fault.initialBackoff, pauses);
   ASSERT_TRUE(story.advance(1ms));
   ASSERT_TRUE(story.waitForFailedTries(2));
   story.execute("e");
@@ -103,7 +103,7 @@ void tellStoryOfHolding(ServerStory& story, const ServerFault& fault, HealedBefo
   const JXDeliveryCounters held = story.counters();
   EXPECT_EQ(held.outbox.queued, 5u);
   EXPECT_EQ(held.outbox.delivered, 0u);
-  EXPECT_EQ(held.tries, 2u);
+  EXPECT_EQ(held.attempts, 2u);
   expectOneLineFor(story.failures.all(), fault.reason);
   const Texts before = story.server.bodies();
   EXPECT_EQ(before, Texts(2 * fault.requestsRead, bodyOf("a")));
@@ -125,7 +125,7 @@ void tellStoryOfHolding(ServerStory& story, const ServerFault& fault, HealedBefo
   EXPECT_EQ(all[before.size()], bodyOf("a"));
   expectEachOnce(Texts(all.begin() + static_cast<std::ptrdiff_t>(before.size()), all.end()),
                  events);
-  EXPECT_EQ(story.counters().tries + story.triesOfEndedProcesses, 2 + events.size());
+  EXPECT_EQ(story.counters().attempts + story.triesOfEndedProcesses, 2 + events.size());
   EXPECT_EQ(story.failures.all().size(), 2u);
   EXPECT_EQ(story.elsewhere.connections(), 0);
   if (fault.order.empty()) return;

@@ -90,7 +90,7 @@ TEST_P(RejectingFault, BuriesTheEventsAndIsNotAskedAgain) {
   const JXDeliveryCounters rejected = story.counters();
   EXPECT_EQ(rejected.outbox.rejected, 3u);
   EXPECT_EQ(rejected.outbox.delivered, 0u);
-  EXPECT_EQ(rejected.tries, 3u);
+  EXPECT_EQ(rejected.attempts, 3u);
   EXPECT_EQ(rejected.failures, 0u) << "a lasting answer is no failure, and pauses nothing";
 
   GetParam().heal(story);
@@ -138,11 +138,11 @@ TEST_P(DeliveringFault, AfterACompleteHeadChangesNothing) {
   const JXDeliveryCounters counters = story.counters();
   EXPECT_EQ(counters.outbox.delivered, 4u);
   EXPECT_EQ(counters.outbox.queued, 0u);
-  EXPECT_EQ(counters.tries, 4u);
+  EXPECT_EQ(counters.attempts, 4u);
   EXPECT_EQ(counters.failures, 0u);
   EXPECT_EQ(story.lines(5), Texts{});
   writeFaultRow({GetParam().order, GetParam().fault, GetParam().did,
-                 "took the status at its word: " + counted(counters.tries, "try", "tries") +
+                 "took the status at its word: " + counted(counters.attempts, "try", "tries") +
                      " for 4 events, none repeated",
                  counters.outbox.delivered, 0, counters.outbox.rejected,
                  droppedOf(counters.outbox)});

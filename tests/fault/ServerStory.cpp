@@ -51,7 +51,7 @@ void ServerStory::startProcess() {
 }
 
 void ServerStory::endProcess() {
-  triesOfEndedProcesses += counters().tries;
+  triesOfEndedProcesses += counters().attempts;
   deliveredByEndedProcesses += counters().outbox.delivered;
   transfer_.reset();
   setup.outbox.reset();

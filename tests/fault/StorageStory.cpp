@@ -34,8 +34,8 @@ StorageStory::StorageStory() {
   configuration.caFile = server.caFile();
   configuration.proxy = "";
   configuration.dryRun = false;
-  configuration.retryTimings.firstPause = 1ms;
-  configuration.retryTimings.longestPause = 10ms;
+  configuration.retryTimings.initialBackoff = 1ms;
+  configuration.retryTimings.maxBackoff = 10ms;
   configuration.retryTimings.syncDelay = 1ms;
   configuration.retryTimings.startHold = 0ms;
   configuration.logLevel = 3;

@@ -9,7 +9,7 @@
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
 #include "tools/jx/collector/EventJson.h"
-#include "tools/jx/collector/judgement/Judgement.h"
+#include "tools/jx/collector/validation/ValidationResult.h"
 
 namespace jx::fuzz {
 namespace {
@@ -22,7 +22,7 @@ std::optional<std::string> textIn(const JXJsonObject& object, std::string_view k
 }
 
 // The library's own reader finds the same name and id.
-void checkFacts(const EventFacts& facts, std::string_view body) {
+void checkFacts(const EventMetadata& facts, std::string_view body) {
   const JXJsonReading reading = JXJsonReader::read(body);
   const ReferenceReading reference = readReference(body);
   if (facts.problem) {
@@ -48,17 +48,17 @@ void checkFacts(const EventFacts& facts, std::string_view body) {
 }
 
 // What is no event is bad, and whatever is bad has a reason in words.
-void checkJudgement(const Judgement& judgement, std::string_view body) {
-  require(!judgement.facts.problem || !judgement.isGood(), "what is no event is not good", body,
+void checkJudgement(const ValidationResult& validation, std::string_view body) {
+  require(!validation.facts.problem || !validation.isGood(), "what is no event is not good", body,
           {});
-  for (const Reason& reason : judgement.reasons.kept())
+  for (const Diagnostic& reason : validation.reasons.kept())
     require(!reason.text.empty(), "a reason has words", body, {});
 }
 
 // What the collector shows of it is JSON, whatever came.
-void checkShown(const StoredEvent& event, const Judgement& judgement) {
+void checkShown(const StoredEvent& event, const ValidationResult& validation) {
   const JXJsonReading shown =
-      JXJsonReader::read(eventToJson(event, judgement.reasons.kept(), std::nullopt));
+      JXJsonReader::read(eventToJson(event, validation.reasons.kept(), std::nullopt));
   require(shown.value.kind() == Kind::Object, "an event is shown as an object", shown.error, {});
   const JXJsonObject object = shown.value.object();
   const std::string wanted = withReplacementCharacters(event.request.body);
@@ -74,11 +74,11 @@ void check(Input input) {
   event.request.query = std::string(input.bytes(input.byte() % 64u));
   event.request.body = std::string(input.rest());
   event.request.headers.emplace_back(event.request.query, event.request.body);
-  const Judgement judgement = Judgement::of(event.request.query, event.request.body);
-  checkFacts(judgement.facts, event.request.body);
-  checkJudgement(judgement, event.request.body);
-  event.facts = judgement.facts;
-  checkShown(event, judgement);
+  const ValidationResult validation = ValidationResult::of(event.request.query, event.request.body);
+  checkFacts(validation.facts, event.request.body);
+  checkJudgement(validation, event.request.body);
+  event.facts = validation.facts;
+  checkShown(event, validation);
 }
 
 }  // namespace

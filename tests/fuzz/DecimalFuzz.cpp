@@ -113,7 +113,7 @@ std::optional<std::string> expected(std::string_view text) {
 
 void checkPrinted(const JXDecimal& number) {
   const std::string printed = number.toString();
-  if (number.isNotANumber()) {
+  if (number.isNaN()) {
     require(printed == kNotANumber, "not-a-number prints as NaN", printed, kNotANumber);
     const JXDecimal same = number;
     require(number != same, "not-a-number equals nothing");
@@ -139,7 +139,7 @@ void checkText(std::string_view text) {
   const JXDecimal number = JXDecimal::fromString(text);
   checkPrinted(number);
   if (!isNumber(text)) {
-    require(number.isNotANumber(), "what is no number is not-a-number", number.toString(), text);
+    require(number.isNaN(), "what is no number is not-a-number", number.toString(), text);
     return;
   }
   const std::optional<std::string> wanted = expected(text);
@@ -150,7 +150,7 @@ void checkDouble(double value) {
   const JXDecimal number = JXDecimal::fromDouble(value);
   checkPrinted(number);
   if (!std::isfinite(value)) {
-    require(number.isNotANumber(), "what is not finite is not-a-number");
+    require(number.isNaN(), "what is not finite is not-a-number");
     return;
   }
   std::array<char, 64> text{};
@@ -159,8 +159,8 @@ void checkDouble(double value) {
           .ptr;
   const std::string_view shortest(text.data(), static_cast<std::size_t>(end - text.data()));
   const JXDecimal wanted = JXDecimal::fromString(shortest);
-  require(number.isNotANumber() == wanted.isNotANumber(), "a number when it fits", shortest, {});
-  if (number.isNotANumber()) return;
+  require(number.isNaN() == wanted.isNaN(), "a number when it fits", shortest, {});
+  if (number.isNaN()) return;
   require(number == wanted, "the shortest digits", number.toString(), shortest);
   // Below that a decimal has fewer digits than a double.
   if (std::fabs(value) < 1e-110) return;

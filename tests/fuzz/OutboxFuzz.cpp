@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 #include "jx/platform/JXManualClock.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceFrames.h"
@@ -165,13 +165,13 @@ void serve(Input input, Requests& waiting, Requests& letters) {
   for (std::size_t i = 0; i < taken.size(); ++i) {
     const std::uint8_t decision = input.byte() % 4u;
     if (decision == 0) {
-      outbox.settleDelivered(taken[i].id);
+      outbox.markDelivered(taken[i].id);
     } else if (decision == 1) {
-      outbox.settleRejected(taken[i].id, 400);
+      outbox.moveToDeadLetters(taken[i].id, 400);
       letters.push_back(waiting[i]);
       letters.back().status = 400;
     } else {
-      outbox.giveBack(taken[i].id);
+      outbox.requeue(taken[i].id);
       left.push_back(waiting[i]);
     }
   }

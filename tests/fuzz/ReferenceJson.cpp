@@ -163,7 +163,7 @@ bool isSame(const ReferenceValue& wanted, const JXJsonValue& found) {
     case Kind::Bool:
       return wanted.truth == found.boolValue();
     case Kind::Number:
-      return plainDigits(wanted.text) == found.numberText().view();
+      return plainDigits(wanted.text) == found.numberString().view();
     case Kind::String:
       return wanted.text == found.string().view();
     case Kind::Object:

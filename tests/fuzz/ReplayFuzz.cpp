@@ -53,14 +53,14 @@ void checkCommand(std::string_view line, const ScriptCommand& command) {
 }
 
 void check(std::string_view line) {
-  const Outcome<ScriptCommand> first = readScriptLine(line);
+  const Result<ScriptCommand> first = readScriptLine(line);
   if (first) {
     checkCommand(line, *first);
   } else {
-    checkReason(first.failure().text);
+    checkReason(first.error().text);
   }
   // Nothing is remembered between lines, and a carriage return at the end is no matter.
-  const Outcome<ScriptCommand> second = readScriptLine(std::string(line) + "\r");
+  const Result<ScriptCommand> second = readScriptLine(std::string(line) + "\r");
   require(static_cast<bool>(first) == static_cast<bool>(second), "a line reads the same again");
   if (!first) return;
   require(first->index() == second->index() && bodyOf(*first) == bodyOf(*second),

@@ -17,8 +17,8 @@ class RatingEvent final : public jx::JXEvent {
   static const jx::JXEventClass& eventClass() {
     static const jx::JXFields<RatingEvent> fields{{"stars", "stars", &RatingEvent::stars_}};
     static const jx::JXEventClass type{
-        "RatingEvent", &jx::JXEvent::eventClass(), {"rating"},
-        &fields,       {jx::usable("stars")},      jx::makeByInit<RatingEvent>};
+        "RatingEvent", &jx::JXEvent::eventClass(),    {"rating"},
+        &fields,       {jx::nonEmptyString("stars")}, jx::createByInit<RatingEvent>};
     return type;
   }
   const jx::JXEventClass& ownEventClass() const override { return eventClass(); }
@@ -45,8 +45,9 @@ class Listener final : public jx::IJXEventListenerDelegate {
   void onNotificationReceived(const jx::JXNotification& notification) override {
     const jx::JXString body = notification.userInfo.get(jx::kJXUserInfo_POSTData).string();
     const jx::JXJsonObject sent = jx::JXJsonReader::read(body.view()).value.object();
-    std::cout << sent.get("event_name").string() << ' ' << sent.get("stars").numberText() << " at "
-              << sent.get("context").object().get("event_timestamp").numberText() << '\n';
+    std::cout << sent.get("event_name").string() << ' ' << sent.get("stars").numberString()
+              << " at " << sent.get("context").object().get("event_timestamp").numberString()
+              << '\n';
   }
 
  private:
@@ -56,9 +57,9 @@ class Listener final : public jx::IJXEventListenerDelegate {
 }  // namespace
 
 int main() {
-  std::cout << JX_VERSION_TEXT << '\n';
+  std::cout << JX_VERSION_STRING << '\n';
   const jx::JXEventClass* named = jx::eventClassNamed("JXPurchaseEvent");
-  const std::shared_ptr<jx::JXEvent> made = named->make(0, nullptr);
+  const std::shared_ptr<jx::JXEvent> made = named->create(0, nullptr);
   const jx::JXEvent& event = *made;
   std::cout << (dynamic_cast<const jx::JXECommerceEvent*>(made.get()) != nullptr)
             << (typeid(event) == typeid(jx::JXPurchaseEvent))

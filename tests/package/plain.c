@@ -6,6 +6,6 @@
 #include "jx/c/jx.h"
 
 int main(void) {
-  printf("%s %s\n", JX_VERSION_TEXT, jx_version());
+  printf("%s %s\n", JX_VERSION_STRING, jx_version());
   return 0;
 }

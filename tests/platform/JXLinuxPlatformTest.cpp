@@ -50,7 +50,7 @@ class LinuxPlatform : public testing::Test {
   }
 
   test::TemporaryFolder root_;
-  JXHostStatement host_;
+  JXHostOverrides host_;
   JXEnvironment environment_;
   JXNetworkReading reading_;
   std::chrono::steady_clock::time_point now_;

@@ -39,8 +39,8 @@ JXCoreConfiguration configurationOf(const WorkerOrders& orders) {
   configuration.outboxBounds.maxBytes = std::uint64_t{64} << 30;
   configuration.outboxBounds.maxDeadLetters = 10'000'000;
   if (orders.quick) {
-    configuration.retryTimings.firstPause = milliseconds(4);
-    configuration.retryTimings.longestPause = milliseconds(30);
+    configuration.retryTimings.initialBackoff = milliseconds(4);
+    configuration.retryTimings.maxBackoff = milliseconds(30);
     configuration.retryTimings.syncDelay = milliseconds(5);
   }
   return configuration;
@@ -60,7 +60,7 @@ class Worker {
   void executeAll() {
     for (std::uint64_t i = 0; i < orders_.events; ++i)
       executeOne();
-    while (orders_.awaitTry && JXNetworkManager::sharedInstance().counters().tries == 0) {
+    while (orders_.awaitTry && JXNetworkManager::sharedInstance().counters().attempts == 0) {
       std::this_thread::sleep_for(milliseconds(1));
     }
   }
@@ -84,7 +84,7 @@ class Worker {
     const auto inUs = [](const timeval& time) { return time.tv_sec * 1'000'000 + time.tv_usec; };
     writeRecord(Record::Kind::Processor,
                 static_cast<std::uint64_t>(inUs(used.ru_utime) + inUs(used.ru_stime)));
-    writeRecord(Record::Kind::Tries, JXNetworkManager::sharedInstance().counters().tries);
+    writeRecord(Record::Kind::Tries, JXNetworkManager::sharedInstance().counters().attempts);
     writeRecord(Record::Kind::Memory, peakMemoryKiB());
     writeRecord(Record::Kind::Reported, 0);
   }

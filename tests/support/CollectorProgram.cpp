@@ -33,7 +33,7 @@ CollectorProgram::CollectorProgram(const std::string& program, const std::string
 
 std::string CollectorProgram::portText(const char* key) const {
   const JXJsonValue value = ports_.get(key);
-  return (value.string().isPresent() ? value.string() : value.numberText()).toStdString();
+  return (value.string().isPresent() ? value.string() : value.numberString()).toStdString();
 }
 
 std::string CollectorProgram::address() const {
@@ -64,7 +64,7 @@ std::set<std::string> CollectorProgram::eventIds() const {
 }
 
 std::string CollectorProgram::repeats() const {
-  return ask("/api/summary").get("repeats").numberText().toStdString();
+  return ask("/api/summary").get("repeats").numberString().toStdString();
 }
 
 }  // namespace jx::test

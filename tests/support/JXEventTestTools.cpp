@@ -51,7 +51,7 @@ std::string jsonText(const JXJsonObject& object) {
 
 JXDecimal decimal(const char* text) {
   const JXDecimal number = JXDecimal::fromString(text);
-  EXPECT_FALSE(number.isNotANumber()) << text;
+  EXPECT_FALSE(number.isNaN()) << text;
   return number;
 }
 

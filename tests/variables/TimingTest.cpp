@@ -332,9 +332,9 @@ TEST_F(UsageTiming, TransitionsOfTheApplicationReachIt) {
   clock->advance(2'000);
   platform->enterForeground();
   const JXJsonObject block = lifecycle(execute(*serverSide));
-  EXPECT_EQ(block.get("foreground_time").numberText(), JXString("1000"));
-  EXPECT_EQ(block.get("background_time").numberText(), JXString("2000"));
-  EXPECT_EQ(block.get("foreground_transitions").numberText(), JXString("2"));
+  EXPECT_EQ(block.get("foreground_time").numberString(), JXString("1000"));
+  EXPECT_EQ(block.get("background_time").numberString(), JXString("2000"));
+  EXPECT_EQ(block.get("foreground_transitions").numberString(), JXString("2"));
 }
 
 }  // namespace

@@ -56,12 +56,12 @@ std::string creation(const CClass& type) {
 std::string fieldText(const CClass& type, const JXFieldInfo& field, bool isWritten) {
   const std::string name = type.name + "_" + std::string(field.property);
   std::string text;
-  if (field.kind == JXFieldKind::Choice) {
+  if (field.kind == JXFieldKind::Enumeration) {
     text +=
         enumeration(choiceName(type, field), "Members of `" + std::string(field.property) + "`.",
-                    field.choices.allMembers(), field.choices.allTexts());
+                    field.enumStrings.allEnumerators(), field.enumStrings.allStrings());
   }
-  const bool isNumbered = field.kind == JXFieldKind::NumberedTexts;
+  const bool isNumbered = field.kind == JXFieldKind::NumberedStrings;
   text += comment("`" + std::string(field.property) + "`, written as \"" + std::string(field.key) +
                   (isNumbered ? "1\" and so on" : "\"") +
                   (isWritten ? "." : " by the classes that say so."));

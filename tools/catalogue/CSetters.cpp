@@ -44,8 +44,8 @@ std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
   const std::string sets = "Sets `" + property + "`";
   const std::string orAbsent = "; null makes it absent.";
   switch (field.kind) {
-    case JXFieldKind::Text:
-      return {{sets + orAbsent, set, {"const char* value"}, "jx_object_set_text", {"value"}}};
+    case JXFieldKind::String:
+      return {{sets + orAbsent, set, {"const char* value"}, "jx_object_set_string", {"value"}}};
     case JXFieldKind::Number:
       return {
           {sets + " from a decimal text" + orAbsent,
@@ -54,14 +54,14 @@ std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
            "jx_object_set_number",
            {"number"}},
           {sets + ".", set + "_integer", {"int64_t value"}, "jx_object_set_integer", {"value"}}};
-    case JXFieldKind::Flag:
-      return {{sets + ".", set, {"bool value"}, "jx_object_set_flag", {"value"}}};
-    case JXFieldKind::Texts:
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::Boolean:
+      return {{sets + ".", set, {"bool value"}, "jx_object_set_boolean", {"value"}}};
+    case JXFieldKind::Strings:
+    case JXFieldKind::NumberedStrings:
       return {{sets + ", a list of texts" + orAbsent,
                set,
                {"const char* const* texts", "size_t count"},
-               "jx_object_set_texts",
+               "jx_object_set_strings",
                {"texts", "count"}}};
     case JXFieldKind::Values:
       return {{sets + ", a JSON array" + orAbsent,
@@ -69,12 +69,9 @@ std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
                {"const char* json"},
                "jx_object_set_json",
                {"json"}}};
-    case JXFieldKind::Choice:
-      return {{sets + ".",
-               set,
-               {choiceName(type, field) + " value"},
-               "jx_object_set_choice",
-               {"value"}}};
+    case JXFieldKind::Enumeration:
+      return {
+          {sets + ".", set, {choiceName(type, field) + " value"}, "jx_object_set_enum", {"value"}}};
     case JXFieldKind::Items:
       return {{"Appends a copy of an item to `" + property + "`.",
                type.name + "_" + property + "_append",

@@ -91,20 +91,20 @@ std::string link(std::string_view title) {
 
 std::string typeInWords(const JXFieldInfo& field) {
   switch (field.kind) {
-    case JXFieldKind::Text:
+    case JXFieldKind::String:
       return "string";
     case JXFieldKind::Number:
       return "number";
-    case JXFieldKind::Flag:
+    case JXFieldKind::Boolean:
       return "`true` or `false`, always written";
-    case JXFieldKind::Texts:
+    case JXFieldKind::Strings:
       return "array of strings, always written";
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::NumberedStrings:
       return "a string for each, numbered from 1";
     case JXFieldKind::Values:
       return "array";
-    case JXFieldKind::Choice:
-      return "string: " + codes(field.choices.allTexts(), "or");
+    case JXFieldKind::Enumeration:
+      return "string: " + codes(field.enumStrings.allStrings(), "or");
     case JXFieldKind::Items:
       return "array of " + link("JXItem") + " objects, always written";
     case JXFieldKind::Product:
@@ -121,7 +121,7 @@ bool hasKey(const std::vector<std::string_view>& keys, std::string_view key) {
 std::string tableOfFields(const JXFieldTable& table, std::vector<std::string_view> written) {
   std::string text = "| property | key | JSON |\n|---|---|---|\n";
   for (const JXFieldInfo& field : table.fields()) {
-    const std::string number = field.kind == JXFieldKind::NumberedTexts ? "1" : "";
+    const std::string number = field.kind == JXFieldKind::NumberedStrings ? "1" : "";
     text +=
         "| " + code(field.property) + " | " + code(std::string(field.key) + number) + " | " +
         (hasKey(written, field.key) ? "written again, with the same value" : typeInWords(field)) +
@@ -150,13 +150,13 @@ std::string requirement(const JXEventClass& type, const JXCondition& condition) 
   switch (condition.kind) {
     case JXCondition::Kind::Never:
       break;
-    case JXCondition::Kind::UsableText:
+    case JXCondition::Kind::NonEmptyString:
       return property + " is a text of at least one character";
     case JXCondition::Kind::Present:
       return property + (type.fieldOfKey(condition.key)->kind == JXFieldKind::Number
                              ? " is there, zero included"
                              : " is there, even if it is empty");
-    case JXCondition::Kind::NotEmpty:
+    case JXCondition::Kind::NonEmptyList:
       return property + " holds at least one entry";
     case JXCondition::Kind::Together:
       return property + " and " + propertyOf(type, condition.otherKey) +

@@ -16,10 +16,10 @@
 namespace jx {
 namespace {
 
-Failure failureOf(const std::string& action, const std::filesystem::path& path) {
+Error failureOf(const std::string& action, const std::filesystem::path& path) {
   const int error = errno;
-  return Failure{"cannot " + action + " " + path.string() + ": " +
-                 std::generic_category().message(error)};
+  return Error{"cannot " + action + " " + path.string() + ": " +
+               std::generic_category().message(error)};
 }
 
 bool writeAll(int fd, std::string_view content) {
@@ -43,13 +43,13 @@ Done writeFileAtomically(const std::filesystem::path& path, std::string_view con
     ::close(fd);
     return done();
   }
-  const Failure failure = failureOf("write", path);
+  const Error failure = failureOf("write", path);
   ::close(fd);
   ::unlink(temporary.c_str());
   return failure;
 }
 
-Outcome<std::string> readWholeFile(const std::filesystem::path& path) {
+Result<std::string> readWholeFile(const std::filesystem::path& path) {
   const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) return failureOf("read", path);
   std::string content;
@@ -58,7 +58,7 @@ Outcome<std::string> readWholeFile(const std::filesystem::path& path) {
     const ssize_t got = ::read(fd, part.data(), part.size());
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) {
-      const Failure failure = failureOf("read", path);
+      const Error failure = failureOf("read", path);
       ::close(fd);
       return failure;
     }

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -17,6 +17,6 @@ namespace jx {
 Done writeFileAtomically(const std::filesystem::path& path, std::string_view content, mode_t mode);
 
 /// The whole content of a file.
-Outcome<std::string> readWholeFile(const std::filesystem::path& path);
+Result<std::string> readWholeFile(const std::filesystem::path& path);
 
 }  // namespace jx

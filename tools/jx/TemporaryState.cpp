@@ -11,14 +11,14 @@
 
 namespace jx {
 
-Outcome<TemporaryState> TemporaryState::make() {
+Result<TemporaryState> TemporaryState::make() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-  if (error) return Failure{"no folder for temporary files: " + error.message()};
+  if (error) return Error{"no folder for temporary files: " + error.message()};
   std::string path = (parent / "jx-XXXXXX").string();
   if (::mkdtemp(path.data()) == nullptr) {
     const std::error_code why(errno, std::generic_category());
-    return Failure{"cannot make a folder in " + parent.string() + ": " + why.message()};
+    return Error{"cannot make a folder in " + parent.string() + ": " + why.message()};
   }
   return TemporaryState(path);
 }

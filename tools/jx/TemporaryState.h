@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -12,7 +12,7 @@ namespace jx {
 /// with all that it holds, unless it is to be kept.
 class TemporaryState {
  public:
-  static Outcome<TemporaryState> make();
+  static Result<TemporaryState> make();
   ~TemporaryState();
   TemporaryState(TemporaryState&& other) noexcept;
   TemporaryState& operator=(TemporaryState&& other) noexcept;

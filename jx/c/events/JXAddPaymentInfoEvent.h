@@ -26,14 +26,14 @@ static inline jx_status JXAddPaymentInfoEvent_create(jx_object** event) {
 static inline jx_status JXAddPaymentInfoEvent_setPaymentMethod(
     jx_object* event,
     const char* value) {
-  return jx_object_set_text(event, JXAddPaymentInfoEvent_paymentMethod, value);
+  return jx_object_set_string(event, JXAddPaymentInfoEvent_paymentMethod, value);
 }
 
 /// `coupon`, written as "coupon".
 #define JXAddPaymentInfoEvent_coupon "JXAddPaymentInfoEvent.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXAddPaymentInfoEvent_setCoupon(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddPaymentInfoEvent_coupon, value);
+  return jx_object_set_string(event, JXAddPaymentInfoEvent_coupon, value);
 }
 
 /// `revenue`, written as "revenue".
@@ -51,7 +51,7 @@ static inline jx_status JXAddPaymentInfoEvent_setRevenue_integer(jx_object* even
 #define JXAddPaymentInfoEvent_currency "JXAddPaymentInfoEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXAddPaymentInfoEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddPaymentInfoEvent_currency, value);
+  return jx_object_set_string(event, JXAddPaymentInfoEvent_currency, value);
 }
 
 /// `items`, written as "items".

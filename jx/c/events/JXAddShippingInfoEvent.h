@@ -24,7 +24,7 @@ static inline jx_status JXAddShippingInfoEvent_create(jx_object** event) {
 #define JXAddShippingInfoEvent_currency "JXAddShippingInfoEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddShippingInfoEvent_currency, value);
+  return jx_object_set_string(event, JXAddShippingInfoEvent_currency, value);
 }
 
 /// `value`, written as "value".
@@ -42,7 +42,7 @@ static inline jx_status JXAddShippingInfoEvent_setValue_integer(jx_object* event
 #define JXAddShippingInfoEvent_coupon "JXAddShippingInfoEvent.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXAddShippingInfoEvent_setCoupon(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddShippingInfoEvent_coupon, value);
+  return jx_object_set_string(event, JXAddShippingInfoEvent_coupon, value);
 }
 
 /// `shippingTier`, written as "shipping_tier".
@@ -51,7 +51,7 @@ static inline jx_status JXAddShippingInfoEvent_setCoupon(jx_object* event, const
 static inline jx_status JXAddShippingInfoEvent_setShippingTier(
     jx_object* event,
     const char* value) {
-  return jx_object_set_text(event, JXAddShippingInfoEvent_shippingTier, value);
+  return jx_object_set_string(event, JXAddShippingInfoEvent_shippingTier, value);
 }
 
 /// `items`, written as "items".

@@ -24,7 +24,7 @@ static inline jx_status JXAddToCartEvent_create(jx_object** event) {
 #define JXAddToCartEvent_currency "JXAddToCartEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXAddToCartEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddToCartEvent_currency, value);
+  return jx_object_set_string(event, JXAddToCartEvent_currency, value);
 }
 
 /// `value`, written as "value".

@@ -35,7 +35,7 @@ static inline jx_status JXAddToWishlistEvent_setValue_integer(jx_object* event, 
 #define JXAddToWishlistEvent_currency "JXAddToWishlistEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXAddToWishlistEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXAddToWishlistEvent_currency, value);
+  return jx_object_set_string(event, JXAddToWishlistEvent_currency, value);
 }
 
 /// `items`, written as "items".

@@ -46,14 +46,14 @@ static inline jx_status JXBeginCheckoutEvent_setRevenue_integer(jx_object* event
 #define JXBeginCheckoutEvent_currency "JXBeginCheckoutEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXBeginCheckoutEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXBeginCheckoutEvent_currency, value);
+  return jx_object_set_string(event, JXBeginCheckoutEvent_currency, value);
 }
 
 /// `coupon`, written as "coupon".
 #define JXBeginCheckoutEvent_coupon "JXBeginCheckoutEvent.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXBeginCheckoutEvent_setCoupon(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXBeginCheckoutEvent_coupon, value);
+  return jx_object_set_string(event, JXBeginCheckoutEvent_coupon, value);
 }
 
 /// `items`, written as "items".

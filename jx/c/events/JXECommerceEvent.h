@@ -26,7 +26,7 @@ static inline jx_status JXECommerceEvent_create(jx_object** event) {
 #define JXECommerceEvent_currency "JXECommerceEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXECommerceEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXECommerceEvent_currency, value);
+  return jx_object_set_string(event, JXECommerceEvent_currency, value);
 }
 
 /// `items`, written as "items" by the classes that say so.

@@ -25,21 +25,21 @@ static inline jx_status JXEvent_create(jx_object** event) {
 #define JXEvent_name "JXEvent.name"
 /// Sets `name`; null makes it absent.
 static inline jx_status JXEvent_setName(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXEvent_name, value);
+  return jx_object_set_string(event, JXEvent_name, value);
 }
 
 /// `pageName`, written as "page_name".
 #define JXEvent_pageName "JXEvent.pageName"
 /// Sets `pageName`; null makes it absent.
 static inline jx_status JXEvent_setPageName(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXEvent_pageName, value);
+  return jx_object_set_string(event, JXEvent_pageName, value);
 }
 
 /// `pageType`, written as "page_type".
 #define JXEvent_pageType "JXEvent.pageType"
 /// Sets `pageType`; null makes it absent.
 static inline jx_status JXEvent_setPageType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXEvent_pageType, value);
+  return jx_object_set_string(event, JXEvent_pageType, value);
 }
 
 #ifdef __cplusplus

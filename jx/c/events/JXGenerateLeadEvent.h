@@ -25,7 +25,7 @@ static inline jx_status JXGenerateLeadEvent_create(jx_object** event) {
 #define JXGenerateLeadEvent_currency "JXGenerateLeadEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXGenerateLeadEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXGenerateLeadEvent_currency, value);
+  return jx_object_set_string(event, JXGenerateLeadEvent_currency, value);
 }
 
 /// `value`, written as "value".
@@ -43,7 +43,7 @@ static inline jx_status JXGenerateLeadEvent_setValue_integer(jx_object* event, i
 #define JXGenerateLeadEvent_ID "JXGenerateLeadEvent.ID"
 /// Sets `ID`; null makes it absent.
 static inline jx_status JXGenerateLeadEvent_setID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXGenerateLeadEvent_ID, value);
+  return jx_object_set_string(event, JXGenerateLeadEvent_ID, value);
 }
 
 #ifdef __cplusplus

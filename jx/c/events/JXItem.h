@@ -26,7 +26,7 @@ static inline jx_status JXItem_create(jx_object** item) {
 #define JXItem_ID "JXItem.ID"
 /// Sets `ID`; null makes it absent.
 static inline jx_status JXItem_setID(jx_object* item, const char* value) {
-  return jx_object_set_text(item, JXItem_ID, value);
+  return jx_object_set_string(item, JXItem_ID, value);
 }
 
 /// `quantity`, written as "quantity".
@@ -44,7 +44,7 @@ static inline jx_status JXItem_setQuantity_integer(jx_object* item, int64_t valu
 #define JXItem_variant "JXItem.variant"
 /// Sets `variant`; null makes it absent.
 static inline jx_status JXItem_setVariant(jx_object* item, const char* value) {
-  return jx_object_set_text(item, JXItem_variant, value);
+  return jx_object_set_string(item, JXItem_variant, value);
 }
 
 /// `list_position`, written as "list_position".
@@ -73,14 +73,14 @@ static inline jx_status JXItem_setDiscount_integer(jx_object* item, int64_t valu
 #define JXItem_coupon "JXItem.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXItem_setCoupon(jx_object* item, const char* value) {
-  return jx_object_set_text(item, JXItem_coupon, value);
+  return jx_object_set_string(item, JXItem_coupon, value);
 }
 
 /// `affiliation`, written as "affiliation".
 #define JXItem_affiliation "JXItem.affiliation"
 /// Sets `affiliation`; null makes it absent.
 static inline jx_status JXItem_setAffiliation(jx_object* item, const char* value) {
-  return jx_object_set_text(item, JXItem_affiliation, value);
+  return jx_object_set_string(item, JXItem_affiliation, value);
 }
 
 /// `product`, written as "product".

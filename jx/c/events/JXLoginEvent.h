@@ -24,7 +24,7 @@ static inline jx_status JXLoginEvent_create(jx_object** event) {
 #define JXLoginEvent_method "JXLoginEvent.method"
 /// Sets `method`; null makes it absent.
 static inline jx_status JXLoginEvent_setMethod(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXLoginEvent_method, value);
+  return jx_object_set_string(event, JXLoginEvent_method, value);
 }
 
 #ifdef __cplusplus

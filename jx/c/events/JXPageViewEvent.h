@@ -25,14 +25,14 @@ static inline jx_status JXPageViewEvent_create(jx_object** event) {
 #define JXPageViewEvent_pageName "JXPageViewEvent.pageName"
 /// Sets `pageName`; null makes it absent.
 static inline jx_status JXPageViewEvent_setPageName(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPageViewEvent_pageName, value);
+  return jx_object_set_string(event, JXPageViewEvent_pageName, value);
 }
 
 /// `pageType`, written as "page_type".
 #define JXPageViewEvent_pageType "JXPageViewEvent.pageType"
 /// Sets `pageType`; null makes it absent.
 static inline jx_status JXPageViewEvent_setPageType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPageViewEvent_pageType, value);
+  return jx_object_set_string(event, JXPageViewEvent_pageType, value);
 }
 
 #ifdef __cplusplus

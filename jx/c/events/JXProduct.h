@@ -25,21 +25,21 @@ static inline jx_status JXProduct_create(jx_object** product) {
 #define JXProduct_ID "JXProduct.ID"
 /// Sets `ID`; null makes it absent.
 static inline jx_status JXProduct_setID(jx_object* product, const char* value) {
-  return jx_object_set_text(product, JXProduct_ID, value);
+  return jx_object_set_string(product, JXProduct_ID, value);
 }
 
 /// `size`, written as "size".
 #define JXProduct_size "JXProduct.size"
 /// Sets `size`; null makes it absent.
 static inline jx_status JXProduct_setSize(jx_object* product, const char* value) {
-  return jx_object_set_text(product, JXProduct_size, value);
+  return jx_object_set_string(product, JXProduct_size, value);
 }
 
 /// `name`, written as "name".
 #define JXProduct_name "JXProduct.name"
 /// Sets `name`; null makes it absent.
 static inline jx_status JXProduct_setName(jx_object* product, const char* value) {
-  return jx_object_set_text(product, JXProduct_name, value);
+  return jx_object_set_string(product, JXProduct_name, value);
 }
 
 /// `price`, written as "price".
@@ -57,7 +57,7 @@ static inline jx_status JXProduct_setPrice_integer(jx_object* product, int64_t v
 #define JXProduct_currency "JXProduct.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXProduct_setCurrency(jx_object* product, const char* value) {
-  return jx_object_set_text(product, JXProduct_currency, value);
+  return jx_object_set_string(product, JXProduct_currency, value);
 }
 
 /// `categories`, written as "category_1" and so on.
@@ -67,14 +67,14 @@ static inline jx_status JXProduct_setCategories(
     jx_object* product,
     const char* const* texts,
     size_t count) {
-  return jx_object_set_texts(product, JXProduct_categories, texts, count);
+  return jx_object_set_strings(product, JXProduct_categories, texts, count);
 }
 
 /// `brand`, written as "brand".
 #define JXProduct_brand "JXProduct.brand"
 /// Sets `brand`; null makes it absent.
 static inline jx_status JXProduct_setBrand(jx_object* product, const char* value) {
-  return jx_object_set_text(product, JXProduct_brand, value);
+  return jx_object_set_string(product, JXProduct_brand, value);
 }
 
 /// `colors`, written as "colors".
@@ -84,7 +84,7 @@ static inline jx_status JXProduct_setColors(
     jx_object* product,
     const char* const* texts,
     size_t count) {
-  return jx_object_set_texts(product, JXProduct_colors, texts, count);
+  return jx_object_set_strings(product, JXProduct_colors, texts, count);
 }
 
 #ifdef __cplusplus

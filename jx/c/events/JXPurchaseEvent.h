@@ -25,14 +25,14 @@ static inline jx_status JXPurchaseEvent_create(jx_object** event) {
 #define JXPurchaseEvent_currency "JXPurchaseEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_currency, value);
+  return jx_object_set_string(event, JXPurchaseEvent_currency, value);
 }
 
 /// `ID`, written as "id".
 #define JXPurchaseEvent_ID "JXPurchaseEvent.ID"
 /// Sets `ID`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_ID, value);
+  return jx_object_set_string(event, JXPurchaseEvent_ID, value);
 }
 
 /// `value`, written as "value".
@@ -83,35 +83,35 @@ static inline jx_status JXPurchaseEvent_setTaxAmount_integer(jx_object* event, i
 #define JXPurchaseEvent_coupon "JXPurchaseEvent.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setCoupon(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_coupon, value);
+  return jx_object_set_string(event, JXPurchaseEvent_coupon, value);
 }
 
 /// `type`, written as "type".
 #define JXPurchaseEvent_type "JXPurchaseEvent.type"
 /// Sets `type`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_type, value);
+  return jx_object_set_string(event, JXPurchaseEvent_type, value);
 }
 
 /// `paymentMethod`, written as "payment_method".
 #define JXPurchaseEvent_paymentMethod "JXPurchaseEvent.paymentMethod"
 /// Sets `paymentMethod`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setPaymentMethod(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_paymentMethod, value);
+  return jx_object_set_string(event, JXPurchaseEvent_paymentMethod, value);
 }
 
 /// `status`, written as "status".
 #define JXPurchaseEvent_status "JXPurchaseEvent.status"
 /// Sets `status`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setStatus(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_status, value);
+  return jx_object_set_string(event, JXPurchaseEvent_status, value);
 }
 
 /// `url`, written as "url".
 #define JXPurchaseEvent_url "JXPurchaseEvent.url"
 /// Sets `url`; null makes it absent.
 static inline jx_status JXPurchaseEvent_setUrl(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXPurchaseEvent_url, value);
+  return jx_object_set_string(event, JXPurchaseEvent_url, value);
 }
 
 /// `items`, written as "items".

@@ -25,7 +25,7 @@ static inline jx_status JXRefundEvent_create(jx_object** event) {
 #define JXRefundEvent_currency "JXRefundEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXRefundEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRefundEvent_currency, value);
+  return jx_object_set_string(event, JXRefundEvent_currency, value);
 }
 
 /// `value`, written as "value".
@@ -43,7 +43,7 @@ static inline jx_status JXRefundEvent_setValue_integer(jx_object* event, int64_t
 #define JXRefundEvent_ID "JXRefundEvent.ID"
 /// Sets `ID`; null makes it absent.
 static inline jx_status JXRefundEvent_setID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRefundEvent_ID, value);
+  return jx_object_set_string(event, JXRefundEvent_ID, value);
 }
 
 /// `revenue`, written as "revenue".
@@ -83,21 +83,21 @@ static inline jx_status JXRefundEvent_setTaxAmount_integer(jx_object* event, int
 #define JXRefundEvent_type "JXRefundEvent.type"
 /// Sets `type`; null makes it absent.
 static inline jx_status JXRefundEvent_setType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRefundEvent_type, value);
+  return jx_object_set_string(event, JXRefundEvent_type, value);
 }
 
 /// `url`, written as "url".
 #define JXRefundEvent_url "JXRefundEvent.url"
 /// Sets `url`; null makes it absent.
 static inline jx_status JXRefundEvent_setUrl(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRefundEvent_url, value);
+  return jx_object_set_string(event, JXRefundEvent_url, value);
 }
 
 /// `coupon`, written as "coupon".
 #define JXRefundEvent_coupon "JXRefundEvent.coupon"
 /// Sets `coupon`; null makes it absent.
 static inline jx_status JXRefundEvent_setCoupon(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRefundEvent_coupon, value);
+  return jx_object_set_string(event, JXRefundEvent_coupon, value);
 }
 
 /// `items`, written as "items".

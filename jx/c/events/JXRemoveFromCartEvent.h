@@ -35,7 +35,7 @@ static inline jx_status JXRemoveFromCartEvent_setValue_integer(jx_object* event,
 #define JXRemoveFromCartEvent_currency "JXRemoveFromCartEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXRemoveFromCartEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXRemoveFromCartEvent_currency, value);
+  return jx_object_set_string(event, JXRemoveFromCartEvent_currency, value);
 }
 
 /// `items`, written as "items".

@@ -24,7 +24,7 @@ static inline jx_status JXSearchEvent_create(jx_object** event) {
 #define JXSearchEvent_searchTerm "JXSearchEvent.searchTerm"
 /// Sets `searchTerm`; null makes it absent.
 static inline jx_status JXSearchEvent_setSearchTerm(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXSearchEvent_searchTerm, value);
+  return jx_object_set_string(event, JXSearchEvent_searchTerm, value);
 }
 
 #ifdef __cplusplus

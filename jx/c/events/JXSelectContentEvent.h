@@ -24,14 +24,14 @@ static inline jx_status JXSelectContentEvent_create(jx_object** event) {
 #define JXSelectContentEvent_contentType "JXSelectContentEvent.contentType"
 /// Sets `contentType`; null makes it absent.
 static inline jx_status JXSelectContentEvent_setContentType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXSelectContentEvent_contentType, value);
+  return jx_object_set_string(event, JXSelectContentEvent_contentType, value);
 }
 
 /// `itemID`, written as "item_id".
 #define JXSelectContentEvent_itemID "JXSelectContentEvent.itemID"
 /// Sets `itemID`; null makes it absent.
 static inline jx_status JXSelectContentEvent_setItemID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXSelectContentEvent_itemID, value);
+  return jx_object_set_string(event, JXSelectContentEvent_itemID, value);
 }
 
 #ifdef __cplusplus

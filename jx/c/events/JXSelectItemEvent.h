@@ -24,7 +24,7 @@ static inline jx_status JXSelectItemEvent_create(jx_object** event) {
 #define JXSelectItemEvent_itemListName "JXSelectItemEvent.itemListName"
 /// Sets `itemListName`; null makes it absent.
 static inline jx_status JXSelectItemEvent_setItemListName(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXSelectItemEvent_itemListName, value);
+  return jx_object_set_string(event, JXSelectItemEvent_itemListName, value);
 }
 
 /// `items`, written as "items".

@@ -24,7 +24,7 @@ static inline jx_status JXSignUpEvent_create(jx_object** event) {
 #define JXSignUpEvent_method "JXSignUpEvent.method"
 /// Sets `method`; null makes it absent.
 static inline jx_status JXSignUpEvent_setMethod(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXSignUpEvent_method, value);
+  return jx_object_set_string(event, JXSignUpEvent_method, value);
 }
 
 #ifdef __cplusplus

@@ -41,14 +41,14 @@ static inline jx_status JXVideoAdEvent_create(
 #define JXVideoAdEvent_adAssetID "JXVideoAdEvent.adAssetID"
 /// Sets `adAssetID`; null makes it absent.
 static inline jx_status JXVideoAdEvent_setAdAssetID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoAdEvent_adAssetID, value);
+  return jx_object_set_string(event, JXVideoAdEvent_adAssetID, value);
 }
 
 /// `adPodID`, written as "ad_pod_id".
 #define JXVideoAdEvent_adPodID "JXVideoAdEvent.adPodID"
 /// Sets `adPodID`; null makes it absent.
 static inline jx_status JXVideoAdEvent_setAdPodID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoAdEvent_adPodID, value);
+  return jx_object_set_string(event, JXVideoAdEvent_adPodID, value);
 }
 
 /// `podPosition`, written as "pod_position".
@@ -95,7 +95,7 @@ typedef enum JXVideoAdEvent_AdType {
 #define JXVideoAdEvent_adType "JXVideoAdEvent.adType"
 /// Sets `adType`.
 static inline jx_status JXVideoAdEvent_setAdType(jx_object* event, JXVideoAdEvent_AdType value) {
-  return jx_object_set_choice(event, JXVideoAdEvent_adType, value);
+  return jx_object_set_enum(event, JXVideoAdEvent_adType, value);
 }
 
 /// Members of `loadType`.
@@ -110,7 +110,7 @@ typedef enum JXVideoAdEvent_LoadType {
 static inline jx_status JXVideoAdEvent_setLoadType(
     jx_object* event,
     JXVideoAdEvent_LoadType value) {
-  return jx_object_set_choice(event, JXVideoAdEvent_loadType, value);
+  return jx_object_set_enum(event, JXVideoAdEvent_loadType, value);
 }
 
 #ifdef __cplusplus

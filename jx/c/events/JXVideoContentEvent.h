@@ -36,7 +36,7 @@ static inline jx_status JXVideoContentEvent_create(
 #define JXVideoContentEvent_contentPodID "JXVideoContentEvent.contentPodID"
 /// Sets `contentPodID`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setContentPodID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_contentPodID, value);
+  return jx_object_set_string(event, JXVideoContentEvent_contentPodID, value);
 }
 
 /// `videoDescription`, written as "video_description".
@@ -45,56 +45,56 @@ static inline jx_status JXVideoContentEvent_setContentPodID(jx_object* event, co
 static inline jx_status JXVideoContentEvent_setVideoDescription(
     jx_object* event,
     const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_videoDescription, value);
+  return jx_object_set_string(event, JXVideoContentEvent_videoDescription, value);
 }
 
 /// `season`, written as "season".
 #define JXVideoContentEvent_season "JXVideoContentEvent.season"
 /// Sets `season`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setSeason(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_season, value);
+  return jx_object_set_string(event, JXVideoContentEvent_season, value);
 }
 
 /// `episode`, written as "episode".
 #define JXVideoContentEvent_episode "JXVideoContentEvent.episode"
 /// Sets `episode`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setEpisode(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_episode, value);
+  return jx_object_set_string(event, JXVideoContentEvent_episode, value);
 }
 
 /// `program`, written as "program".
 #define JXVideoContentEvent_program "JXVideoContentEvent.program"
 /// Sets `program`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setProgram(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_program, value);
+  return jx_object_set_string(event, JXVideoContentEvent_program, value);
 }
 
 /// `channel`, written as "channel".
 #define JXVideoContentEvent_channel "JXVideoContentEvent.channel"
 /// Sets `channel`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setChannel(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_channel, value);
+  return jx_object_set_string(event, JXVideoContentEvent_channel, value);
 }
 
 /// `contentAssetID`, written as "content_asset_id".
 #define JXVideoContentEvent_contentAssetID "JXVideoContentEvent.contentAssetID"
 /// Sets `contentAssetID`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setContentAssetID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_contentAssetID, value);
+  return jx_object_set_string(event, JXVideoContentEvent_contentAssetID, value);
 }
 
 /// `videoCategory`, written as "video_category".
 #define JXVideoContentEvent_videoCategory "JXVideoContentEvent.videoCategory"
 /// Sets `videoCategory`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setVideoCategory(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_videoCategory, value);
+  return jx_object_set_string(event, JXVideoContentEvent_videoCategory, value);
 }
 
 /// `airDate`, written as "airdate".
 #define JXVideoContentEvent_airDate "JXVideoContentEvent.airDate"
 /// Sets `airDate`; null makes it absent.
 static inline jx_status JXVideoContentEvent_setAirDate(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoContentEvent_airDate, value);
+  return jx_object_set_string(event, JXVideoContentEvent_airDate, value);
 }
 
 /// `keywords`, written as "keywords".
@@ -108,14 +108,14 @@ static inline jx_status JXVideoContentEvent_setKeywords(jx_object* event, const 
 #define JXVideoContentEvent_fullEpisode "JXVideoContentEvent.fullEpisode"
 /// Sets `fullEpisode`.
 static inline jx_status JXVideoContentEvent_setFullEpisode(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoContentEvent_fullEpisode, value);
+  return jx_object_set_boolean(event, JXVideoContentEvent_fullEpisode, value);
 }
 
 /// `livestream`, written as "livestream".
 #define JXVideoContentEvent_livestream "JXVideoContentEvent.livestream"
 /// Sets `livestream`.
 static inline jx_status JXVideoContentEvent_setLivestream(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoContentEvent_livestream, value);
+  return jx_object_set_boolean(event, JXVideoContentEvent_livestream, value);
 }
 
 /// `bitrate`, written as "bitrate".

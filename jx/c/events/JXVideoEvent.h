@@ -25,7 +25,7 @@ static inline jx_status JXVideoEvent_create(jx_object** event) {
 #define JXVideoEvent_videoSessionID "JXVideoEvent.videoSessionID"
 /// Sets `videoSessionID`; null makes it absent.
 static inline jx_status JXVideoEvent_setVideoSessionID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoEvent_videoSessionID, value);
+  return jx_object_set_string(event, JXVideoEvent_videoSessionID, value);
 }
 
 /// `cursorPosition`, written as "cursor_position".
@@ -54,14 +54,14 @@ static inline jx_status JXVideoEvent_setTotalLength_integer(jx_object* event, in
 #define JXVideoEvent_videoTitle "JXVideoEvent.videoTitle"
 /// Sets `videoTitle`; null makes it absent.
 static inline jx_status JXVideoEvent_setVideoTitle(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoEvent_videoTitle, value);
+  return jx_object_set_string(event, JXVideoEvent_videoTitle, value);
 }
 
 /// `publisher`, written as "publisher".
 #define JXVideoEvent_publisher "JXVideoEvent.publisher"
 /// Sets `publisher`; null makes it absent.
 static inline jx_status JXVideoEvent_setPublisher(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoEvent_publisher, value);
+  return jx_object_set_string(event, JXVideoEvent_publisher, value);
 }
 
 #ifdef __cplusplus

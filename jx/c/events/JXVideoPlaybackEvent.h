@@ -42,21 +42,21 @@ static inline jx_status JXVideoPlaybackEvent_create(
 #define JXVideoPlaybackEvent_videoPlayer "JXVideoPlaybackEvent.videoPlayer"
 /// Sets `videoPlayer`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setVideoPlayer(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoPlaybackEvent_videoPlayer, value);
+  return jx_object_set_string(event, JXVideoPlaybackEvent_videoPlayer, value);
 }
 
 /// `adtype`, written as "ad_type".
 #define JXVideoPlaybackEvent_adtype "JXVideoPlaybackEvent.adtype"
 /// Sets `adtype`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setAdtype(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoPlaybackEvent_adtype, value);
+  return jx_object_set_string(event, JXVideoPlaybackEvent_adtype, value);
 }
 
 /// `imageQuality`, written as "image_quality".
 #define JXVideoPlaybackEvent_imageQuality "JXVideoPlaybackEvent.imageQuality"
 /// Sets `imageQuality`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setImageQuality(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoPlaybackEvent_imageQuality, value);
+  return jx_object_set_string(event, JXVideoPlaybackEvent_imageQuality, value);
 }
 
 /// `interruptionMethod`, written as "interruption_method".
@@ -65,35 +65,35 @@ static inline jx_status JXVideoPlaybackEvent_setImageQuality(jx_object* event, c
 static inline jx_status JXVideoPlaybackEvent_setInterruptionMethod(
     jx_object* event,
     const char* value) {
-  return jx_object_set_text(event, JXVideoPlaybackEvent_interruptionMethod, value);
+  return jx_object_set_string(event, JXVideoPlaybackEvent_interruptionMethod, value);
 }
 
 /// `videoCategory`, written as "video_category".
 #define JXVideoPlaybackEvent_videoCategory "JXVideoPlaybackEvent.videoCategory"
 /// Sets `videoCategory`; null makes it absent.
 static inline jx_status JXVideoPlaybackEvent_setVideoCategory(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoPlaybackEvent_videoCategory, value);
+  return jx_object_set_string(event, JXVideoPlaybackEvent_videoCategory, value);
 }
 
 /// `fullScreen`, written as "full_screen".
 #define JXVideoPlaybackEvent_fullScreen "JXVideoPlaybackEvent.fullScreen"
 /// Sets `fullScreen`.
 static inline jx_status JXVideoPlaybackEvent_setFullScreen(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoPlaybackEvent_fullScreen, value);
+  return jx_object_set_boolean(event, JXVideoPlaybackEvent_fullScreen, value);
 }
 
 /// `adEnabled`, written as "ad_enabled".
 #define JXVideoPlaybackEvent_adEnabled "JXVideoPlaybackEvent.adEnabled"
 /// Sets `adEnabled`.
 static inline jx_status JXVideoPlaybackEvent_setAdEnabled(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoPlaybackEvent_adEnabled, value);
+  return jx_object_set_boolean(event, JXVideoPlaybackEvent_adEnabled, value);
 }
 
 /// `livestream`, written as "livestream".
 #define JXVideoPlaybackEvent_livestream "JXVideoPlaybackEvent.livestream"
 /// Sets `livestream`.
 static inline jx_status JXVideoPlaybackEvent_setLivestream(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoPlaybackEvent_livestream, value);
+  return jx_object_set_boolean(event, JXVideoPlaybackEvent_livestream, value);
 }
 
 /// `contentAssetID`, written as "content_asset_id".

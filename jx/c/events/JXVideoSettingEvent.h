@@ -41,35 +41,35 @@ static inline jx_status JXVideoSettingEvent_create(
 #define JXVideoSettingEvent_contentPodID "JXVideoSettingEvent.contentPodID"
 /// Sets `contentPodID`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setContentPodID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_contentPodID, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_contentPodID, value);
 }
 
 /// `contentAssetID`, written as "content_asset_id".
 #define JXVideoSettingEvent_contentAssetID "JXVideoSettingEvent.contentAssetID"
 /// Sets `contentAssetID`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setContentAssetID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_contentAssetID, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_contentAssetID, value);
 }
 
 /// `adAssetID`, written as "ad_asset_id".
 #define JXVideoSettingEvent_adAssetID "JXVideoSettingEvent.adAssetID"
 /// Sets `adAssetID`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setAdAssetID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_adAssetID, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_adAssetID, value);
 }
 
 /// `adPodID`, written as "ad_pod_id".
 #define JXVideoSettingEvent_adPodID "JXVideoSettingEvent.adPodID"
 /// Sets `adPodID`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setAdPodID(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_adPodID, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_adPodID, value);
 }
 
 /// `adType`, written as "ad_type".
 #define JXVideoSettingEvent_adType "JXVideoSettingEvent.adType"
 /// Sets `adType`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setAdType(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_adType, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_adType, value);
 }
 
 /// `videoDescription`, written as "video_description".
@@ -78,56 +78,56 @@ static inline jx_status JXVideoSettingEvent_setAdType(jx_object* event, const ch
 static inline jx_status JXVideoSettingEvent_setVideoDescription(
     jx_object* event,
     const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_videoDescription, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_videoDescription, value);
 }
 
 /// `season`, written as "season".
 #define JXVideoSettingEvent_season "JXVideoSettingEvent.season"
 /// Sets `season`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setSeason(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_season, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_season, value);
 }
 
 /// `episode`, written as "episode".
 #define JXVideoSettingEvent_episode "JXVideoSettingEvent.episode"
 /// Sets `episode`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setEpisode(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_episode, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_episode, value);
 }
 
 /// `videoCategory`, written as "video_category".
 #define JXVideoSettingEvent_videoCategory "JXVideoSettingEvent.videoCategory"
 /// Sets `videoCategory`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setVideoCategory(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_videoCategory, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_videoCategory, value);
 }
 
 /// `program`, written as "program".
 #define JXVideoSettingEvent_program "JXVideoSettingEvent.program"
 /// Sets `program`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setProgram(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_program, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_program, value);
 }
 
 /// `channel`, written as "channel".
 #define JXVideoSettingEvent_channel "JXVideoSettingEvent.channel"
 /// Sets `channel`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setChannel(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_channel, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_channel, value);
 }
 
 /// `airdate`, written as "airdate".
 #define JXVideoSettingEvent_airdate "JXVideoSettingEvent.airdate"
 /// Sets `airdate`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setAirdate(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_airdate, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_airdate, value);
 }
 
 /// `imageQuality`, written as "image_quality".
 #define JXVideoSettingEvent_imageQuality "JXVideoSettingEvent.imageQuality"
 /// Sets `imageQuality`; null makes it absent.
 static inline jx_status JXVideoSettingEvent_setImageQuality(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXVideoSettingEvent_imageQuality, value);
+  return jx_object_set_string(event, JXVideoSettingEvent_imageQuality, value);
 }
 
 /// `keywords`, written as "keywords".
@@ -141,28 +141,28 @@ static inline jx_status JXVideoSettingEvent_setKeywords(jx_object* event, const 
 #define JXVideoSettingEvent_fullScreen "JXVideoSettingEvent.fullScreen"
 /// Sets `fullScreen`.
 static inline jx_status JXVideoSettingEvent_setFullScreen(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoSettingEvent_fullScreen, value);
+  return jx_object_set_boolean(event, JXVideoSettingEvent_fullScreen, value);
 }
 
 /// `fullEpisode`, written as "full_episode".
 #define JXVideoSettingEvent_fullEpisode "JXVideoSettingEvent.fullEpisode"
 /// Sets `fullEpisode`.
 static inline jx_status JXVideoSettingEvent_setFullEpisode(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoSettingEvent_fullEpisode, value);
+  return jx_object_set_boolean(event, JXVideoSettingEvent_fullEpisode, value);
 }
 
 /// `adEnabled`, written as "ad_enabled".
 #define JXVideoSettingEvent_adEnabled "JXVideoSettingEvent.adEnabled"
 /// Sets `adEnabled`.
 static inline jx_status JXVideoSettingEvent_setAdEnabled(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoSettingEvent_adEnabled, value);
+  return jx_object_set_boolean(event, JXVideoSettingEvent_adEnabled, value);
 }
 
 /// `livestream`, written as "livestream".
 #define JXVideoSettingEvent_livestream "JXVideoSettingEvent.livestream"
 /// Sets `livestream`.
 static inline jx_status JXVideoSettingEvent_setLivestream(jx_object* event, bool value) {
-  return jx_object_set_flag(event, JXVideoSettingEvent_livestream, value);
+  return jx_object_set_boolean(event, JXVideoSettingEvent_livestream, value);
 }
 
 /// `bitrate`, written as "bitrate".

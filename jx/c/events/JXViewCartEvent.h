@@ -24,7 +24,7 @@ static inline jx_status JXViewCartEvent_create(jx_object** event) {
 #define JXViewCartEvent_currency "JXViewCartEvent.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXViewCartEvent_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXViewCartEvent_currency, value);
+  return jx_object_set_string(event, JXViewCartEvent_currency, value);
 }
 
 /// `value`, written as "value".

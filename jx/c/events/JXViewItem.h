@@ -25,7 +25,7 @@ static inline jx_status JXViewItem_create(jx_object** event) {
 #define JXViewItem_currency "JXViewItem.currency"
 /// Sets `currency`; null makes it absent.
 static inline jx_status JXViewItem_setCurrency(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXViewItem_currency, value);
+  return jx_object_set_string(event, JXViewItem_currency, value);
 }
 
 /// `revenue`, written as "revenue".

@@ -24,7 +24,7 @@ static inline jx_status JXViewItemListEvent_create(jx_object** event) {
 #define JXViewItemListEvent_itemListName "JXViewItemListEvent.itemListName"
 /// Sets `itemListName`; null makes it absent.
 static inline jx_status JXViewItemListEvent_setItemListName(jx_object* event, const char* value) {
-  return jx_object_set_text(event, JXViewItemListEvent_itemListName, value);
+  return jx_object_set_string(event, JXViewItemListEvent_itemListName, value);
 }
 
 /// `items`, written as "items".

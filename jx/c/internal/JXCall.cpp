@@ -28,7 +28,7 @@ void keepDetail(std::string_view detail) noexcept {
 
 bool isAnswer(jx_status status) {
   return status == JX_ERROR_TOO_SMALL || status == JX_ERROR_TIMED_OUT ||
-         status == JX_ERROR_ABSENT || status == JX_ERROR_INCOMPLETE;
+         status == JX_ERROR_NOT_SET || status == JX_ERROR_INCOMPLETE;
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ jx_status report(const char* operation, const Result& result) noexcept {
   if (result.status == JX_OK) return JX_OK;
   try {
     const std::string detail =
-        result.detail.empty() ? jx_status_text(result.status) : result.detail;
+        result.detail.empty() ? jx_status_string(result.status) : result.detail;
     keepDetail(detail);
     if (!isAnswer(result.status)) {
       JXLogger::sharedInstance().logMessage_withLevel(std::string(operation) + ": " + detail, 3);
@@ -75,7 +75,7 @@ Result readJson(const char* json, JXJsonValue& value) {
   }
   JXJsonReading reading = JXJsonReader::read(json);
   if (!reading.error.empty()) {
-    return {JX_ERROR_BAD_JSON,
+    return {JX_ERROR_INVALID_JSON,
             "not JSON, at byte " + std::to_string(reading.errorOffset + 1) + ": " + reading.error};
   }
   value = std::move(reading.value);

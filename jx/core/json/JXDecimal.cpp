@@ -94,7 +94,7 @@ JXDecimal::JXDecimal(bool negative, std::uint64_t magnitude) noexcept
 
 JXDecimal JXDecimal::fromString(const JXString& text) noexcept {
   const std::optional<JXDecimalText> parts = JXDecimalText::parse(text.view());
-  if (!parts) return notANumber();
+  if (!parts) return nan();
   return fromDigits(parts->negative, parts->integerDigits, parts->fractionDigits, parts->exponent);
 }
 
@@ -125,7 +125,7 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
     return zero;
   }
   // Digits below the smallest power of ten are rounded away like those beyond the 38th.
-  if (exponentAt(first) < kMinExponent - 1) return notANumber();
+  if (exponentAt(first) < kMinExponent - 1) return nan();
   while (kept > first && exponentAt(kept - 1) < kMinExponent)
     --kept;
 
@@ -135,14 +135,14 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
   std::int64_t resultExponent = kept > 0 ? exponentAt(kept - 1) : exponent;
   if (kept == first) resultExponent = kMinExponent;
   if (kept < total && digitAt(kept) >= '5' && !coefficient.increment()) ++resultExponent;
-  if (coefficient.isZero()) return notANumber();
+  if (coefficient.isZero()) return nan();
 
   // A power of ten that is too large may still fit as trailing zeros of the coefficient.
   while (resultExponent > kMaxExponent && coefficient.high < kLimb / 10) {
     coefficient.append('0');
     --resultExponent;
   }
-  if (resultExponent > kMaxExponent) return notANumber();
+  if (resultExponent > kMaxExponent) return nan();
 
   JXDecimal result;
   result.high_ = coefficient.high;
@@ -153,7 +153,7 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
 }
 
 JXDecimal JXDecimal::fromDouble(double value) noexcept {
-  if (!std::isfinite(value)) return notANumber();
+  if (!std::isfinite(value)) return nan();
   const double magnitude = std::fabs(value);
   if (magnitude == 0) return JXDecimal();
   Scientific shortest;
@@ -199,13 +199,13 @@ std::string JXDecimal::shortText() const {
 }
 
 std::string JXDecimal::toString() const {
-  if (notANumber_) return "NaN";
+  if (isNaN_) return "NaN";
   if (high_ == 0 && exponent_ <= 0 && exponent_ >= -kLimbDigits) return shortText();
   return JXDecimalText::plain(negative_, significantDigits(), exponent_);
 }
 
 bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept {
-  if (a.notANumber_ || b.notANumber_) return false;
+  if (a.isNaN_ || b.isNaN_) return false;
   const auto normalised = [](const JXDecimal& d) {
     std::string digits = d.significantDigits();
     int exponent = d.exponent_;

@@ -49,14 +49,14 @@ class JX_API JXDecimal {
   /// The shortest decimal that reads back as the same double; infinities and NaN are not-a-number.
   static JXDecimal fromDouble(double value) noexcept;
   /// The value that is no number: equal to nothing, written nowhere.
-  static constexpr JXDecimal notANumber() noexcept {
+  static constexpr JXDecimal nan() noexcept {
     JXDecimal result;
-    result.notANumber_ = true;
+    result.isNaN_ = true;
     return result;
   }
 
   /// True when this is no number.
-  constexpr bool isNotANumber() const noexcept { return notANumber_; }
+  constexpr bool isNaN() const noexcept { return isNaN_; }
 
   /// Plain digits, never an exponent: "-12.50", "100000". "NaN" for the not-a-number value.
   std::string toString() const;
@@ -78,7 +78,7 @@ class JX_API JXDecimal {
   std::uint64_t low_ = 0;
   std::int16_t exponent_ = 0;
   bool negative_ = false;
-  bool notANumber_ = false;
+  bool isNaN_ = false;
 };
 
 /// Prints what `toString` gives: for test messages and logs.

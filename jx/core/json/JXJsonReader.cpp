@@ -196,7 +196,7 @@ class JXJsonReader::Parser {
       if (!skip('+')) skip('-');
       if (!skipDigits()) return fault("a number has no digits in its exponent");
     }
-    JXJsonValue value = JXJsonValue::numberFromText(text_.substr(begin, at_ - begin));
+    JXJsonValue value = JXJsonValue::numberFromString(text_.substr(begin, at_ - begin));
     if (!value.isPresent()) return faultAt(begin, "a number has too many digits");
     return put(std::move(value));
   }

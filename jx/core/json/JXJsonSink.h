@@ -24,9 +24,9 @@ class JX_API JXJsonSink {
   virtual void text(std::string_view key, const JXString& value) = 0;
   /// Digit for digit; not-a-number counts as absent.
   virtual void number(std::string_view key, const std::optional<JXDecimal>& value) = 0;
-  /// The number that the text holds, as `JXJsonValue::numberFromText` reads it; a text that is no
+  /// The number that the text holds, as `JXJsonValue::numberFromString` reads it; a text that is no
   /// number counts as absent.
-  virtual void numberFromText(std::string_view key, const JXString& value) = 0;
+  virtual void numberFromString(std::string_view key, const JXString& value) = 0;
   /// The boolean.
   virtual void flag(std::string_view key, bool value) = 0;
   /// Any JSON value, JSON's null included.
@@ -41,7 +41,7 @@ class JX_API JXJsonSink {
   /// @{
 
   /// The text; an absent one is left out.
-  virtual void textElement(const JXString& value) = 0;
+  virtual void stringElement(const JXString& value) = 0;
   /// What follows are entries of an object in the array, up to its `endObject`.
   virtual void beginObjectElement() = 0;
   /// @}

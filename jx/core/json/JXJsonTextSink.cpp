@@ -34,14 +34,14 @@ void JXJsonTextSink::text(std::string_view key, const JXString& value) {
 }
 
 void JXJsonTextSink::number(std::string_view key, const std::optional<JXDecimal>& value) {
-  if (value && !value->isNotANumber()) putBare(&key, value->toString());
+  if (value && !value->isNaN()) putBare(&key, value->toString());
 }
 
-void JXJsonTextSink::numberFromText(std::string_view key, const JXString& value) {
+void JXJsonTextSink::numberFromString(std::string_view key, const JXString& value) {
   if (isPlainInteger(value.view())) {
     putBare(&key, value.view());
   } else {
-    this->value(key, JXJsonValue::numberFromText(value));
+    this->value(key, JXJsonValue::numberFromString(value));
   }
 }
 
@@ -57,7 +57,7 @@ void JXJsonTextSink::beginObject(std::string_view key) { beginContainer(&key, '{
 
 void JXJsonTextSink::beginArray(std::string_view key) { beginContainer(&key, '['); }
 
-void JXJsonTextSink::textElement(const JXString& value) {
+void JXJsonTextSink::stringElement(const JXString& value) {
   if (value.isPresent()) putString(nullptr, value.view());
 }
 

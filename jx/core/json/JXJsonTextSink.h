@@ -20,12 +20,12 @@ class JXJsonTextSink final : public JXJsonSink {
 
   void text(std::string_view key, const JXString& value) override;
   void number(std::string_view key, const std::optional<JXDecimal>& value) override;
-  void numberFromText(std::string_view key, const JXString& value) override;
+  void numberFromString(std::string_view key, const JXString& value) override;
   void flag(std::string_view key, bool value) override;
   void value(std::string_view key, const JXJsonValue& value) override;
   void beginObject(std::string_view key) override;
   void beginArray(std::string_view key) override;
-  void textElement(const JXString& value) override;
+  void stringElement(const JXString& value) override;
   void beginObjectElement() override;
   void endObject() override { end('}'); }
   void endArray() override { end(']'); }

@@ -18,8 +18,8 @@ void JXJsonTreeSink::number(std::string_view key, const std::optional<JXDecimal>
   if (value) put(key, *value);
 }
 
-void JXJsonTreeSink::numberFromText(std::string_view key, const JXString& value) {
-  put(key, JXJsonValue::numberFromText(value));
+void JXJsonTreeSink::numberFromString(std::string_view key, const JXString& value) {
+  put(key, JXJsonValue::numberFromString(value));
 }
 
 void JXJsonTreeSink::flag(std::string_view key, bool value) { put(key, value); }
@@ -38,7 +38,7 @@ void JXJsonTreeSink::beginArray(std::string_view key) {
   levels_.push_back({nullptr, array});
 }
 
-void JXJsonTreeSink::textElement(const JXString& value) { levels_.back().array.append(value); }
+void JXJsonTreeSink::stringElement(const JXString& value) { levels_.back().array.append(value); }
 
 void JXJsonTreeSink::beginObjectElement() {
   const JXJsonObject object;

@@ -15,7 +15,7 @@ JXJsonValue JXJsonValue::null() {
   return value;
 }
 
-JXJsonValue JXJsonValue::numberFromText(const JXString& text) {
+JXJsonValue JXJsonValue::numberFromString(const JXString& text) {
   JXJsonValue value;
   const std::optional<JXDecimalText> parts = JXDecimalText::parse(text.view());
   if (!parts) return value;
@@ -24,7 +24,7 @@ JXJsonValue JXJsonValue::numberFromText(const JXString& text) {
 }
 
 JXJsonValue::JXJsonValue(const JXDecimal& number) {
-  if (!number.isNotANumber()) value_ = Number{number.toString()};
+  if (!number.isNaN()) value_ = Number{number.toString()};
 }
 
 JXJsonValue::JXJsonValue(JXString text) {
@@ -49,12 +49,12 @@ JXString JXJsonValue::string() const {
   return text != nullptr ? *text : JXString();
 }
 
-JXString JXJsonValue::numberText() const {
+JXString JXJsonValue::numberString() const {
   const Number* number = std::get_if<Number>(&value_);
   return number != nullptr ? number->digits : JXString();
 }
 
-JXDecimal JXJsonValue::decimal() const { return JXDecimal::fromString(numberText()); }
+JXDecimal JXJsonValue::decimal() const { return JXDecimal::fromString(numberString()); }
 
 JXJsonObject JXJsonValue::object() const {
   const JXJsonObject* object = std::get_if<JXJsonObject>(&value_);

@@ -32,7 +32,7 @@ class JX_API JXJsonValue {
   static JXJsonValue null();
   /// A number from its text, digit for digit: a plus sign and leading zeros are dropped, an
   /// exponent is written out. Absent when the text is no number.
-  static JXJsonValue numberFromText(const JXString& text);
+  static JXJsonValue numberFromString(const JXString& text);
 
   /// Only a `bool` itself: a pointer is no truth value.
   template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>, typename = void>
@@ -65,7 +65,7 @@ class JX_API JXJsonValue {
   /// The text of a string value; absent for every other kind.
   JXString string() const;
   /// The digits of a number value; absent for every other kind.
-  JXString numberText() const;
+  JXString numberString() const;
   /// The number; not-a-number for every other kind.
   JXDecimal decimal() const;
   /// The handle; absent for every other kind.

@@ -65,7 +65,7 @@ int JXDeadLetters::readPlaces() {
       journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
         places_.push_back({frame.offset, frame.payload.size()});
       });
-  damaged_ = damaged_ || recovery.setAside;
+  damaged_ = damaged_ || recovery.quarantined;
   return 0;
 }
 

@@ -158,7 +158,7 @@ bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
       journal.recover(writers, [&](const JXFrame& frame) { applyDefault(frame.payload, content); });
   journal.setWriters(JXJournal::Writers::Several);
   if (recovery.error != 0) report_.failed("read the file", recovery.error);
-  if (recovery.setAside) report_.damaged(path_);
+  if (recovery.quarantined) report_.damaged(path_);
   damaged_ = recovery.damageRemains;
   return recovery.error == 0;
 }
@@ -223,15 +223,15 @@ void JXDefaultsFile::maintain() {
   }
   syncChanges();
   Locked locked(*this);
-  if (journal_ == nullptr || !isMostlyOld()) return;
+  if (journal_ == nullptr || !needsCompaction()) return;
   if (!journal_->file().tryLock(JXFile::Lock::Exclusive)) {
-    backToShared();
+    downgradeToSharedLock();
     return;
   }
   locked.unlock();
   const bool replaced = rewrite();
   locked.lock();
-  if (!replaced) backToShared();
+  if (!replaced) downgradeToSharedLock();
 }
 
 void JXDefaultsFile::syncChanges() {
@@ -254,7 +254,7 @@ void JXDefaultsFile::syncChanges() {
   }
 }
 
-bool JXDefaultsFile::isMostlyOld() const {
+bool JXDefaultsFile::needsCompaction() const {
   if (damaged_) return true;
   std::uint64_t size = 0;
   return journal_->file().size(size) == 0 && size > kRewriteAbove &&
@@ -263,7 +263,7 @@ bool JXDefaultsFile::isMostlyOld() const {
 
 // After an exclusive lock was refused or is no longer needed. While no lock was held another
 // process may have replaced the file, and then this one is opened anew.
-void JXDefaultsFile::backToShared() {
+void JXDefaultsFile::downgradeToSharedLock() {
   if (journal_ == nullptr) return;
   if (journal_->file().tryLock(JXFile::Lock::Shared) && journal_->file().isAt(path_)) return;
   journal_.reset();

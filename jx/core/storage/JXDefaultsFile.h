@@ -65,11 +65,11 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool write(const JXString& key);
   void writeUnsaved();
   void syncChanges();
-  bool isMostlyOld() const;
+  bool needsCompaction() const;
   bool rewrite();
   bool beginRewrite(JXDefaultsMap& content);
   bool replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path);
-  void backToShared();
+  void downgradeToSharedLock();
 
   const std::string path_;
   std::mutex maintenance_;  ///< one `maintain` at a time; taken before `mutex_`

@@ -60,7 +60,7 @@ int listFolder(const std::string& path, std::vector<std::string>& names) {
   return error;
 }
 
-bool mayHoldNameWith(const std::string& path, std::string_view ending) {
+bool mayContainFileWithSuffix(const std::string& path, std::string_view ending) {
   DIR* const folder = ::opendir(path.c_str());
   if (folder == nullptr) return true;
   bool found = false;

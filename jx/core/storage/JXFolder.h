@@ -18,7 +18,7 @@ int makeFolder(const std::string& path);
 int listFolder(const std::string& path, std::vector<std::string>& names);
 
 /// False when the folder was read and holds no name with this ending.
-bool mayHoldNameWith(const std::string& path, std::string_view ending);
+bool mayContainFileWithSuffix(const std::string& path, std::string_view ending);
 
 /// Waits until the folder's entries (files made, renamed, removed) are on the disk.
 int synchronizeFolder(const std::string& path);

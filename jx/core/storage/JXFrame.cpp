@@ -81,13 +81,13 @@ std::size_t JXFrameReader::frameSizeAt(std::uint64_t offset) {
   if (length > kJXMaxPayload || size > end_ - offset) return 0;
   const auto whole = static_cast<std::size_t>(size);
   if (isWholeFrame(bytesAt(offset, whole))) return whole;
-  ++deceptions_;
+  ++falseMagicCount_;
   return 0;
 }
 
 // The first place from `from` on where a frame or a file mark may begin; the end when none does.
 std::uint64_t JXFrameReader::nextMark(std::uint64_t from) {
-  while (from < end_ && deceptions_ < kMaxDeceptions) {
+  while (from < end_ && falseMagicCount_ < kMaxDeceptions) {
     const std::string_view bytes = bytesAt(from, kFrameMark.size());
     if (bytes.size() < kFrameMark.size()) return end_;
     // All that is in the buffer, not only the four bytes asked for.

@@ -72,7 +72,7 @@ class JXFrameReader {
   std::uint64_t bufferOffset_ = 0;
   std::size_t buffered_ = 0;
   std::vector<JXDamage> damages_;
-  unsigned deceptions_ = 0;
+  unsigned falseMagicCount_ = 0;
   int error_ = 0;
 };
 

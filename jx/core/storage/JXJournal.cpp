@@ -5,7 +5,7 @@
 #include <array>
 #include <cerrno>
 
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 namespace {
@@ -42,7 +42,7 @@ JXJournal::Recovery JXJournal::repair(const JXFrameReader& reader) {
   if (writers_ == Writers::Several) return recovery;
   const JXDamage& last = reader.damages().back();
   const bool atEnd = last.offset + last.length == end_;
-  recovery.error = setAside(file_, path_, reader.damages(), atEnd, recovery.setAside);
+  recovery.error = quarantine(file_, path_, reader.damages(), atEnd, recovery.quarantined);
   // When the bytes could not be saved they stay: frames behind them are found all the same.
   if (recovery.error != 0 || !atEnd) return recovery;
   recovery.error = file_.truncate(last.offset);

@@ -31,7 +31,7 @@ class JXJournal {
   struct Recovery {
     int error = 0;               ///< why reading stopped early, or setting aside failed
     bool damageRemains = false;  ///< the file still holds bytes that belong to no frame
-    bool setAside = false;       ///< damaged bytes were copied to a file of their own just now
+    bool quarantined = false;    ///< damaged bytes were copied to a file of their own just now
   };
 
   JXJournal() = default;

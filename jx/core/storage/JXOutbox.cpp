@@ -10,7 +10,7 @@
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxQueue.h"
 #include "jx/core/storage/JXOutboxSegments.h"
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/storage/JXStorageReport.h"
 
 namespace jx {
@@ -66,7 +66,7 @@ class JXOutbox::Implementation {
   ~Implementation() {
     withoutExceptions([&] {
       locked([this](JXOutboxQueue& queue) {
-        segments_.noteLost();
+        segments_.detectDeletedSegments();
         for (int step = 0; step < kClosingSteps && queue.repairSome(); ++step) {
         }
       });
@@ -97,13 +97,13 @@ class JXOutbox::Implementation {
   void purge() {
     locked([](JXOutboxQueue& queue) { queue.clear(); });
     reportError("delete the dead letters", dead_.clear());
-    reportError("delete what was set aside", removeSetAside(segments_.folder()));
+    reportError("delete what was set aside", removeQuarantinedFiles(segments_.folder()));
   }
 
   void sync() {
     locked([this](JXOutboxQueue& queue) {
-      queue.obeyPurgeMarks();
-      segments_.noteLost();
+      queue.applyPurgeMarks();
+      segments_.detectDeletedSegments();
       segments_.retry();
     });
     // Step by step, so that a caller's thread never waits for the whole.
@@ -140,7 +140,7 @@ class JXOutbox::Implementation {
   void syncFiles() {
     bool folderDirty = false;
     const std::vector<std::shared_ptr<JXOutboxSegment>> dirty = locked([&](JXOutboxQueue&) {
-      folderDirty = segments_.takeFolderDirty();
+      folderDirty = segments_.consumeFolderDirtyFlag();
       return segments_.takeDirty();
     });
     for (const auto& segment : dirty) {
@@ -186,18 +186,18 @@ std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& 
   });
 }
 
-void JXOutbox::giveBack(std::uint64_t id) {
+void JXOutbox::requeue(std::uint64_t id) {
   withoutExceptions(
-      [&] { implementation_->locked([&](JXOutboxQueue& queue) { queue.giveBack(id); }); });
+      [&] { implementation_->locked([&](JXOutboxQueue& queue) { queue.requeue(id); }); });
 }
 
-bool JXOutbox::settleDelivered(std::uint64_t id) {
+bool JXOutbox::markDelivered(std::uint64_t id) {
   return withoutExceptions([&] {
-    return implementation_->locked([&](JXOutboxQueue& queue) { return queue.settleDelivered(id); });
+    return implementation_->locked([&](JXOutboxQueue& queue) { return queue.markDelivered(id); });
   });
 }
 
-bool JXOutbox::settleRejected(std::uint64_t id, int status) {
+bool JXOutbox::moveToDeadLetters(std::uint64_t id, int status) {
   return withoutExceptions([&] {
     const bool held =
         implementation_->locked([&](JXOutboxQueue& queue) { return queue.refuse(id, status); });

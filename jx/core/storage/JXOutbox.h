@@ -58,13 +58,13 @@ class JXOutbox {
   /// ignored.
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
   /// Gives a request in flight back; it keeps its place in the order.
-  void giveBack(std::uint64_t id);
+  void requeue(std::uint64_t id);
   /// The request was delivered: it is removed. False, here and in the next, for an id that is no
   /// longer held: the request was dropped meanwhile.
-  bool settleDelivered(std::uint64_t id);
+  bool markDelivered(std::uint64_t id);
   /// The request was refused for good: it moves to the dead letters, at once or, when another
   /// process is writing them or the disk is full, in `sync`.
-  bool settleRejected(std::uint64_t id, int status);
+  bool moveToDeadLetters(std::uint64_t id, int status);
   /// Empties the queue, in flight requests and dead letters included, and deletes what damage had
   /// set aside. What another process holds stays.
   void purge();

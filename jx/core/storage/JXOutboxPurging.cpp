@@ -9,7 +9,7 @@
 #include "jx/core/storage/JXOutbox.h"
 #include "jx/core/storage/JXOutboxSegment.h"
 #include "jx/core/storage/JXPurgeMark.h"
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 namespace {
@@ -63,7 +63,7 @@ JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error) {
   const int deadError = JXDeadLetters(folder, 0).clear();
   note(deadError, "delete the dead letters", error);
   if (deadError == 0) purge.deadLetters = dead;
-  note(removeSetAside(folder), "delete what was set aside", error);
+  note(removeQuarantinedFiles(folder), "delete what was set aside", error);
   return purge;
 }
 

@@ -39,14 +39,14 @@ void JXOutboxQueue::adopt() {
 std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::string_view body) {
   const std::uint64_t bytes = std::uint64_t{url.size()} + body.size();
   if (bytes > bounds_.maxBytes || bytes > kJXMaxPayload - kJXRequestHeadSize) {
-    return refuseToTake(body, JXDropReason::TooLarge);
+    return rejectRequest(body, JXDropReason::TooLarge);
   }
   JXOutboxEntry entry;
   entry.createdMs = clock_->nowMs();
   entry.bytes = static_cast<std::uint32_t>(bytes);
   entry.segment = segments_.append(url, body, entry.createdMs, entry.offset);
   if (entry.segment == nullptr && !keepInMemory(url, body)) {
-    return refuseToTake(body, JXDropReason::NoStorage);
+    return rejectRequest(body, JXDropReason::NoStorage);
   }
   const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
@@ -55,7 +55,7 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   return id;
 }
 
-std::nullopt_t JXOutboxQueue::refuseToTake(std::string_view body, JXDropReason reason) {
+std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason reason) {
   count(reason);
   drops_.note(reason, body);
   return std::nullopt;
@@ -82,7 +82,7 @@ void JXOutboxQueue::dropBeyondBounds(std::int64_t nowMs) {
     drop(*index_.oldest(), JXDropReason::TooMany);
   while (index_.bytes() > bounds_.maxBytes)
     drop(*index_.oldest(), JXDropReason::TooLarge);
-  finishTouched();
+  finishModifiedSegments();
 }
 
 // The walk over all requests happens only when the oldest may have expired. A request from the
@@ -142,7 +142,7 @@ void JXOutboxQueue::count(JXDropReason reason) {
   }
 }
 
-// Forgets a request. Its file is told by `finishTouched`, once for all that were released.
+// Forgets a request. Its file is told by `finishModifiedSegments`, once for all that were released.
 void JXOutboxQueue::release(JXOutboxEntry& entry) {
   if (entry.state == State::Refused) {
     refusedBytes_ -= entry.bytes;
@@ -157,7 +157,7 @@ void JXOutboxQueue::release(JXOutboxEntry& entry) {
   index_.remove(entry);
 }
 
-void JXOutboxQueue::finishTouched() {
+void JXOutboxQueue::finishModifiedSegments() {
   std::sort(touched_.begin(), touched_.end());
   touched_.erase(std::unique(touched_.begin(), touched_.end()), touched_.end());
   for (JXOutboxSegment* segment : touched_)
@@ -166,7 +166,7 @@ void JXOutboxQueue::finishTouched() {
 }
 
 std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except) {
-  obeyPurgeMarks();
+  applyPurgeMarks();
   while (JXOutboxEntry* entry = index_.nextQueued(except)) {
     JXOutboxRequest request;
     const int error = read(*entry, request);
@@ -174,7 +174,7 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64
       entry->state = State::InFlight;
       return request;
     }
-    giveUp(*entry, error);
+    dropUnreadable(*entry, error);
   }
   return std::nullopt;
 }
@@ -202,7 +202,7 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
 
 // A damaged request is set aside and done with. One that the disk refuses to read stays on it for
 // the next start, when the disk may have changed its mind.
-void JXOutboxQueue::giveUp(JXOutboxEntry& entry, int error) {
+void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
   report_.failed("read a request", error);
   if (error != EBADMSG) {
     index_.remove(entry);
@@ -213,10 +213,10 @@ void JXOutboxQueue::giveUp(JXOutboxEntry& entry, int error) {
   if (copyError != 0) report_.failed("set a damaged request aside", copyError);
   if (copied) report_.damaged(entry.segment->path());
   drop(entry, JXDropReason::Unreadable);
-  finishTouched();
+  finishModifiedSegments();
 }
 
-void JXOutboxQueue::obeyPurgeMarks() {
+void JXOutboxQueue::applyPurgeMarks() {
   for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
     std::vector<std::uint64_t> ids;
     index_.forEach([&](const JXOutboxEntry& entry) {
@@ -227,31 +227,31 @@ void JXOutboxQueue::obeyPurgeMarks() {
     });
     for (const std::uint64_t id : ids)
       drop(*index_.find(id), JXDropReason::Purged);
-    finishTouched();
+    finishModifiedSegments();
     if (!purged.segment->hasUnwrittenSettled()) removePurgeMark(purged.segment->path());
   }
 }
 
-void JXOutboxQueue::giveBack(std::uint64_t id) {
+void JXOutboxQueue::requeue(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state != State::InFlight) return;
   entry->state = State::Queued;
   index_.noteQueued(id);
 }
 
-bool JXOutboxQueue::settleDelivered(std::uint64_t id) {
+bool JXOutboxQueue::markDelivered(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state == State::Refused) return false;
   ++counters_.delivered;
   release(*entry);
-  finishTouched();
+  finishModifiedSegments();
   return true;
 }
 
 void JXOutboxQueue::clear() {
   while (JXOutboxEntry* entry = index_.oldest())
     drop(*entry, JXDropReason::Purged);
-  finishTouched();
+  finishModifiedSegments();
   segments_.finishCurrent();
 }
 
@@ -275,7 +275,7 @@ std::optional<JXOutboxQueue::Refused> JXOutboxQueue::nextRefused() {
     if (error == 0) return refused;
     report_.failed("read a request", error);
     release(entry);
-    finishTouched();
+    finishModifiedSegments();
   }
   return std::nullopt;
 }
@@ -284,19 +284,19 @@ void JXOutboxQueue::settleRefused(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state != State::Refused) return;
   release(*entry);
-  finishTouched();
+  finishModifiedSegments();
 }
 
 bool JXOutboxQueue::repairSome() {
   if (!needsRepair()) return false;
   // Those of deleted files are older.
-  const bool took = segments_.hasLost() ? rescueSome() : writeSomeOfMemory();
+  const bool took = segments_.hasLost() ? rewriteLostRequests() : writeSomeOfMemory();
   if (took && !needsRepair()) report_.recovered();
   return took && needsRepair();
 }
 
 // Copies requests out of deleted files, which live as long as they are open here.
-bool JXOutboxQueue::rescueSome() {
+bool JXOutboxQueue::rewriteLostRequests() {
   int done = 0;
   bool took = true;
   std::vector<std::uint64_t> unreadable;
@@ -319,8 +319,8 @@ bool JXOutboxQueue::rescueSome() {
     return ++done < kRepairStep;
   });
   for (const std::uint64_t id : unreadable)
-    giveUp(*index_.find(id), EBADMSG);
-  finishTouched();
+    dropUnreadable(*index_.find(id), EBADMSG);
+  finishModifiedSegments();
   return took;
 }
 

@@ -37,10 +37,10 @@ class JXOutboxQueue {
   void adopt();
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except);
-  void giveBack(std::uint64_t id);
+  void requeue(std::uint64_t id);
   /// Forgets what another process marked for purging.
-  void obeyPurgeMarks();
-  bool settleDelivered(std::uint64_t id);
+  void applyPurgeMarks();
+  bool markDelivered(std::uint64_t id);
   void clear();
 
   /// Marks a request as refused; it is no longer queued. False when it is not held.
@@ -65,7 +65,7 @@ class JXOutboxQueue {
     std::string body;
   };
 
-  std::nullopt_t refuseToTake(std::string_view body, JXDropReason reason);
+  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   bool keepInMemory(std::string_view url, std::string_view body);
   void noteCreated(std::int64_t createdMs);
   void dropBeyondBounds(std::int64_t nowMs);
@@ -73,10 +73,10 @@ class JXOutboxQueue {
   void drop(JXOutboxEntry& entry, JXDropReason reason);
   void count(JXDropReason reason);
   void release(JXOutboxEntry& entry);
-  void finishTouched();
+  void finishModifiedSegments();
   int read(const JXOutboxEntry& entry, JXOutboxRequest& request) const;
-  void giveUp(JXOutboxEntry& entry, int error);
-  bool rescueSome();
+  void dropUnreadable(JXOutboxEntry& entry, int error);
+  bool rewriteLostRequests();
   bool writeSomeOfMemory();
 
   JXOutboxSegments& segments_;

@@ -9,7 +9,7 @@
 #include <cstdio>
 
 #include "jx/core/storage/JXPurgeMark.h"
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 namespace {
@@ -109,7 +109,7 @@ void JXOutboxSegment::forgetPurged(std::vector<JXStoredRequest>& requests) {
   for (auto request = requests.begin(); request != kept; ++request)
     settle(request->offset);
   requests.erase(requests.begin(), kept);
-  if (requests.empty() || writeSettled() == 0) removePurgeMark(path());
+  if (requests.empty() || writeAcknowledgements() == 0) removePurgeMark(path());
 }
 
 int JXOutboxSegment::append(std::string_view url, std::string_view body, std::int64_t createdMs,
@@ -135,7 +135,7 @@ void JXOutboxSegment::settle(std::uint32_t offset) {
   --live_;
 }
 
-int JXOutboxSegment::writeSettled() {
+int JXOutboxSegment::writeAcknowledgements() {
   if (unwritten_.empty()) return 0;
   const std::vector<unsigned char> payload = encodeSettled(unwritten_);
   const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
@@ -149,7 +149,7 @@ int JXOutboxSegment::writeSettled() {
 int JXOutboxSegment::setAsideRequest(std::uint32_t offset, std::uint32_t bytes,
                                      bool& copied) const {
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
-  return setAside(journal_.file(), path(), {{offset, length}}, false, copied);
+  return quarantine(journal_.file(), path(), {{offset, length}}, false, copied);
 }
 
 int JXOutboxSegment::remove() {

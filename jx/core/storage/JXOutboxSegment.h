@@ -42,10 +42,10 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
              std::uint32_t& offset);
   /// Reads the payload of a request's frame. EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const;
-  /// The request is done with; the file says so after `writeSettled`.
+  /// The request is done with; the file says so after `writeAcknowledgements`.
   void settle(std::uint32_t offset);
   /// Writes what was settled since, as one frame.
-  int writeSettled();
+  int writeAcknowledgements();
   /// Copies the bytes of a damaged request to a file of their own.
   int setAsideRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) const;
   int sync() const { return journal_.sync(); }

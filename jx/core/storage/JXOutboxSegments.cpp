@@ -41,7 +41,7 @@ void JXOutboxSegments::adoptAll(const Adopted& adopted) {
     auto segment = JXOutboxSegment::adopt(folder_, number, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
-    if (recovery.setAside) report_.damaged(segment->path());
+    if (recovery.quarantined) report_.damaged(segment->path());
     segments_.push_back(segment);
     if (requests.empty() && recovery.error == 0) {
       drop(*segment);
@@ -99,7 +99,7 @@ void JXOutboxSegments::finish(JXOutboxSegment& segment) {
     drop(segment);
     return;
   }
-  const int error = segment.writeSettled();
+  const int error = segment.writeAcknowledgements();
   if (error != 0) report_.failed("append what is settled", error);
 }
 
@@ -116,7 +116,7 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   const int error = segment.remove();
   if (error != 0) {
     report_.failed("delete a segment", error);
-    segment.writeSettled();
+    segment.writeAcknowledgements();
     return;
   }
   const auto isIt = [&](const auto& each) { return each.get() == &segment; };
@@ -127,7 +127,7 @@ std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
   // Deleting segments changes the folder too, again and again while a long queue is delivered.
-  if (!mayHoldNameWith(folder_, kJXPurgeMarkEnding)) return marked;
+  if (!mayContainFileWithSuffix(folder_, kJXPurgeMarkEnding)) return marked;
   for (const auto& segment : segments_) {
     const std::uint64_t end = readPurgeMark(segment->path());
     if (end != 0) marked.push_back({segment, end});
@@ -144,7 +144,7 @@ void JXOutboxSegments::retry() {
   }
 }
 
-bool JXOutboxSegments::noteLost() {
+bool JXOutboxSegments::detectDeletedSegments() {
   for (const auto& segment : segments_) {
     if (segment->lost || segment->isLinked()) continue;
     segment->lost = true;
@@ -167,7 +167,7 @@ std::vector<std::shared_ptr<JXOutboxSegment>> JXOutboxSegments::takeDirty() {
   return dirty;
 }
 
-bool JXOutboxSegments::takeFolderDirty() { return std::exchange(folderDirty_, false); }
+bool JXOutboxSegments::consumeFolderDirtyFlag() { return std::exchange(folderDirty_, false); }
 
 bool JXOutboxSegments::needsSync() const {
   const auto needs = [&](const std::shared_ptr<JXOutboxSegment>& each) {

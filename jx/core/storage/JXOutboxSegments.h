@@ -55,13 +55,13 @@ class JXOutboxSegments {
   /// Does again what the disk refused before.
   void retry();
   /// Finds out which files somebody deleted. True when one of them has unsettled requests.
-  bool noteLost();
+  bool detectDeletedSegments();
   bool hasLost() const;
 
   /// The segments written since they were last taken, for syncing without the owner's lock.
   std::vector<std::shared_ptr<JXOutboxSegment>> takeDirty();
   /// True once after a segment was made.
-  bool takeFolderDirty();
+  bool consumeFolderDirtyFlag();
   void setFolderDirty() { folderDirty_ = true; }
   bool needsSync() const;
   const std::string& folder() const { return folder_; }

@@ -11,7 +11,7 @@
 #include <thread>
 #include <utility>
 
-#include "jx/core/transfer/JXHttpAnswer.h"
+#include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
 
@@ -55,7 +55,7 @@ struct Exchange {
   CURL* easy = nullptr;
   JXHttpTarget target;
   JXHttpRequest request;
-  JXHttpAnswer answer;
+  JXHttpResponseParser answer;
   char error[CURL_ERROR_SIZE] = {};
   bool isGuarded = true;  ///< libcurl took every setting on which trust stands
 
@@ -171,7 +171,7 @@ class JXCurlTransport::Implementation {
   }
 
   void refuse(std::unique_ptr<Exchange> exchange, bool forGood, const std::string& reason) {
-    JXTryOutcome outcome;
+    JXAttemptResult outcome;
     outcome.neverSendable = forGood;
     ready_.push_back({std::move(exchange->request), outcome, nullptr, reason});
     free_.push_back(std::move(exchange));
@@ -235,7 +235,7 @@ class JXCurlTransport::Implementation {
 
   // What differs from request to request.
   void aim(Exchange& exchange) const {
-    exchange.answer = JXHttpAnswer();
+    exchange.answer = JXHttpResponseParser();
     exchange.error[0] = '\0';
     CURL* const easy = exchange.easy;
     curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());

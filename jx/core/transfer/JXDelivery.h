@@ -14,10 +14,10 @@ namespace jx {
 
 /// When a request that got no lasting answer is tried again, and how long one try may take.
 struct JX_API JXRetryTimings {
-  std::chrono::milliseconds firstPause{1'000};      ///< doubles with each failed try
-  std::chrono::milliseconds longestPause{300'000};  ///< that the library takes by itself
+  std::chrono::milliseconds initialBackoff{1'000};  ///< doubles with each failed try
+  std::chrono::milliseconds maxBackoff{300'000};    ///< that the library takes by itself
   /// The longest pause that a receiver may ask for.
-  std::chrono::milliseconds longestRetryAfter{std::chrono::hours(24)};
+  std::chrono::milliseconds maxRetryAfter{std::chrono::hours(24)};
   /// How long connecting may take.
   std::chrono::milliseconds connectTimeout{10'000};
   std::chrono::milliseconds requestTimeout{30'000};  ///< name resolution to the end of the answer
@@ -52,9 +52,9 @@ using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 struct JX_API JXDeliveryCounters {
   /// What the queue counts.
   JXOutboxCounters outbox;
-  std::uint64_t tries = 0;     ///< requests that were started
+  std::uint64_t attempts = 0;  ///< requests that were started
   std::uint64_t failures = 0;  ///< tries that ended without a lasting answer
-  bool holding = false;  ///< true while requests are held by consent, background or user agent
+  bool paused = false;  ///< true while requests are held by consent, background or user agent
 };
 
 }  // namespace jx

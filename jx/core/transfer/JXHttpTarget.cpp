@@ -19,11 +19,11 @@ std::string JXHttpTarget::set(const std::string& url) {
   handle_ = curl_url();
   if (handle_ == nullptr) throw std::bad_alloc();
   text_ = url;
-  refusal_ = judge();
+  refusal_ = validate();
   return refusal_;
 }
 
-std::string JXHttpTarget::judge() {
+std::string JXHttpTarget::validate() {
   isLoopback_ = false;
   // A NUL would hide the end of the URL from libcurl.
   if (text_.find('\0') != std::string::npos) return "the URL holds a NUL";

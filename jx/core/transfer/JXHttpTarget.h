@@ -26,7 +26,7 @@ class JXHttpTarget {
   Curl_URL* handle() const { return handle_; }
 
  private:
-  std::string judge();
+  std::string validate();
   std::string part(int which) const;
 
   Curl_URL* handle_ = nullptr;

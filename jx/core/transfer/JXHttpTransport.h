@@ -23,7 +23,7 @@ struct JXHttpRequest {
 /// How a request ended; it carries the request back.
 struct JXHttpResult {
   JXHttpRequest request;
-  JXTryOutcome outcome;
+  JXAttemptResult outcome;
   JXString retryAfter;  ///< value of the answer's Retry-After header
   std::string reason;   ///< without an answer: why there is none, in words
 };

@@ -23,10 +23,10 @@ milliseconds jittered(milliseconds longest, double draw) {
   return milliseconds(static_cast<milliseconds::rep>(part));
 }
 
-void waitAsAsked(JXRetryState& state, const JXTryEnd& end, const JXRetryTimings& timings,
+void waitAsAsked(JXRetryState& state, const JXCompletedAttempt& end, const JXRetryTimings& timings,
                  JXRetryState::Time now) {
   if (!end.retryAfter) return;
-  const milliseconds asked = sane(std::min(*end.retryAfter, timings.longestRetryAfter));
+  const milliseconds asked = sane(std::min(*end.retryAfter, timings.maxRetryAfter));
   if (asked == milliseconds::zero()) return;
   state.pausedUntil = std::max(state.pausedUntil, now + asked);
   state.askedToWait = true;
@@ -35,29 +35,29 @@ void waitAsAsked(JXRetryState& state, const JXTryEnd& end, const JXRetryTimings&
 }  // namespace
 
 milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings) {
-  const milliseconds longest = sane(timings.longestPause);
-  milliseconds pause = std::min(sane(timings.firstPause), longest);
+  const milliseconds longest = sane(timings.maxBackoff);
+  milliseconds pause = std::min(sane(timings.initialBackoff), longest);
   for (std::uint32_t i = 0; i < failures && pause > milliseconds::zero() && pause < longest; ++i) {
     pause = std::min(pause * 2, longest);
   }
   return pause;
 }
 
-JXVerdict judge(const JXTryOutcome& outcome) noexcept {
-  if (outcome.neverSendable) return JXVerdict::Rejected;
+JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept {
+  if (outcome.neverSendable) return JXResponseClass::Rejected;
   const int status = outcome.status;
   // A status below 200 is an interim one: the answer itself never came.
-  if (status < 200) return JXVerdict::Retry;
-  if (status < 300) return JXVerdict::Delivered;
-  if (status == 408 || status == 425 || status == 429) return JXVerdict::Retry;
-  return status >= 500 && status < 600 ? JXVerdict::Retry : JXVerdict::Rejected;
+  if (status < 200) return JXResponseClass::Retry;
+  if (status < 300) return JXResponseClass::Delivered;
+  if (status == 408 || status == 425 || status == 429) return JXResponseClass::Retry;
+  return status >= 500 && status < 600 ? JXResponseClass::Retry : JXResponseClass::Rejected;
 }
 
-JXRetryState nextStep(const JXRetryState& state, const JXTryEnd& end, const JXRetryTimings& timings,
-                      JXRetryState::Time now, double draw) noexcept {
+JXRetryState nextStep(const JXRetryState& state, const JXCompletedAttempt& end,
+                      const JXRetryTimings& timings, JXRetryState::Time now, double draw) noexcept {
   JXRetryState next = state;
   const bool ofThisRound = end.round == state.round;
-  if (end.verdict != JXVerdict::Retry) {
+  if (end.verdict != JXResponseClass::Retry) {
     if (ofThisRound) {
       next = JXRetryState{};
       next.round = state.round;
@@ -75,11 +75,11 @@ JXRetryState nextStep(const JXRetryState& state, const JXTryEnd& end, const JXRe
   return next;
 }
 
-JXRetryState cutPause(const JXRetryState& state, const JXRetryTimings& timings,
-                      JXRetryState::Time now) noexcept {
+JXRetryState shortenBackoff(const JXRetryState& state, const JXRetryTimings& timings,
+                            JXRetryState::Time now) noexcept {
   JXRetryState next = state;
   if (!state.isPaused(now) || state.askedToWait) return next;
-  const JXRetryState::Time soonest = std::max(now, state.failedAt + sane(timings.firstPause));
+  const JXRetryState::Time soonest = std::max(now, state.failedAt + sane(timings.initialBackoff));
   next.pausedUntil = std::min(state.pausedUntil, soonest);
   return next;
 }

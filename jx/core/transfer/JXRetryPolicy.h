@@ -11,17 +11,17 @@
 namespace jx {
 
 /// What one try of a request gave.
-struct JXTryOutcome {
+struct JXAttemptResult {
   int status = 0;              ///< HTTP status of the answer; 0 when there was none
   bool neverSendable = false;  ///< the request itself cannot be sent, now or later
 };
 
 /// What becomes of a request after a try.
-enum class JXVerdict { Delivered, Retry, Rejected };
+enum class JXResponseClass { Delivered, Retry, Rejected };
 
 /// Delivered for 2xx; Retry without an answer and for 408, 425, 429 and 5xx, which say that a later
 /// try may go well; Rejected for any other answer and for a request that can never be sent.
-JXVerdict judge(const JXTryOutcome& outcome) noexcept;
+JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept;
 
 /// How the pipeline stands after the tries so far. Times are those of the steady clock.
 struct JXRetryState {
@@ -39,14 +39,14 @@ struct JXRetryState {
 };
 
 /// How a try of `round` ended.
-struct JXTryEnd {
+struct JXCompletedAttempt {
   std::uint64_t round = 0;
-  JXVerdict verdict = JXVerdict::Retry;
+  JXResponseClass verdict = JXResponseClass::Retry;
   std::optional<std::chrono::milliseconds> retryAfter;  ///< as `parseRetryAfter` gives it
 };
 
-/// The upper end of the pause after `failures` failures and one more: doubles from `firstPause` up
-/// to `longestPause`.
+/// The upper end of the pause after `failures` failures and one more: doubles from `initialBackoff`
+/// up to `maxBackoff`.
 std::chrono::milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings);
 
 /// The state after a try that ended at `now`. A failure that ends the round pauses the pipeline for
@@ -55,13 +55,13 @@ std::chrono::milliseconds longestPauseAfter(std::uint32_t failures, const JXRetr
 /// longer when its Retry-After does. A lasting answer to a try of the present round starts over;
 /// one to a try of an ended round changes nothing, since the failure is the newer knowledge of
 /// the two.
-JXRetryState nextStep(const JXRetryState& state, const JXTryEnd& end, const JXRetryTimings& timings,
-                      JXRetryState::Time now, double draw) noexcept;
+JXRetryState nextStep(const JXRetryState& state, const JXCompletedAttempt& end,
+                      const JXRetryTimings& timings, JXRetryState::Time now, double draw) noexcept;
 
 /// The state after a flush asked for haste: a pause that no Retry-After asked for ends
-/// `firstPause` after the failure, or at `now` when that has passed. So a host that flushes in a
-/// loop while offline makes one try each `firstPause` at most.
-JXRetryState cutPause(const JXRetryState& state, const JXRetryTimings& timings,
-                      JXRetryState::Time now) noexcept;
+/// `initialBackoff` after the failure, or at `now` when that has passed. So a host that flushes in
+/// a loop while offline makes one try each `initialBackoff` at most.
+JXRetryState shortenBackoff(const JXRetryState& state, const JXRetryTimings& timings,
+                            JXRetryState::Time now) noexcept;
 
 }  // namespace jx

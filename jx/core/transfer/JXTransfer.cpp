@@ -130,12 +130,12 @@ class JXTransfer::Engine {
   // False once the thread is to end.
   bool turn() noexcept {
     try {
-      const JXTransferOrders orders = mailbox_.readOrders();
+      const JXTransferCommands orders = mailbox_.readOrders();
       if (orders.stop) return false;
       loop_->take(orders, mailbox_.readAdded());
-      const JXTransferRest rest = loop_->act();
+      const JXTransferWait rest = loop_->act();
       tellFlushers();
-      const bool mayWait = mailbox_.fallAsleep(rest.ignoresAdditions);
+      const bool mayWait = mailbox_.prepareToSleep(rest.ignoresAdditions);
       loop_->waitAndSettle(rest, mayWait);
       mailbox_.awake();
     } catch (const std::exception& failure) {
@@ -179,18 +179,18 @@ JXTransfer::~JXTransfer() { stop(kStopLimit); }
 
 void JXTransfer::enqueue(std::string_view url, std::string_view body) {
   if (engine_->outbox_->add(url, body)) {
-    engine_->mailbox_.noteAddition();
+    engine_->mailbox_.notifyAdded();
   } else if (engine_->setup_.onDelivery) {
-    engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.refusals; });
+    engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.rejectedByQueue; });
   }
 }
 
 void JXTransfer::storageChanged() {
-  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.storageChanges; });
+  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.storageChanges; });
 }
 
 void JXTransfer::setDisabled(bool disabled) {
-  engine_->mailbox_.order([disabled](JXTransferOrders& orders) {
+  engine_->mailbox_.order([disabled](JXTransferCommands& orders) {
     orders.disabled = disabled;
     ++orders.decisions;
   });
@@ -198,17 +198,17 @@ void JXTransfer::setDisabled(bool disabled) {
 
 void JXTransfer::setInBackground(bool inBackground) {
   engine_->mailbox_.order(
-      [inBackground](JXTransferOrders& orders) { orders.inBackground = inBackground; });
+      [inBackground](JXTransferCommands& orders) { orders.inBackground = inBackground; });
 }
 
 void JXTransfer::holdForUserAgent() {
   const SteadyTime until =
       engine_->setup_.steadyNow() + bounded(engine_->setup_.timings.userAgentWait);
-  engine_->mailbox_.order([until](JXTransferOrders& orders) { orders.heldUntil = until; });
+  engine_->mailbox_.order([until](JXTransferCommands& orders) { orders.heldUntil = until; });
 }
 
 void JXTransfer::userAgentKnown() {
-  engine_->mailbox_.order([](JXTransferOrders& orders) { orders.heldUntil.reset(); });
+  engine_->mailbox_.order([](JXTransferCommands& orders) { orders.heldUntil.reset(); });
 }
 
 bool JXTransfer::flush(milliseconds deadline) {
@@ -217,7 +217,7 @@ bool JXTransfer::flush(milliseconds deadline) {
   if (engine_->queueIsEmpty()) return true;
   if (engine_->isOnThread()) return false;
   ++engine_->flushing_;
-  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.flushes; });
+  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.flushes; });
   std::unique_lock<std::mutex> lock(engine_->mutex_);
   const bool empty =
       engine_->changed_.wait_until(lock, until, [this] { return engine_->queueIsEmpty(); });
@@ -227,18 +227,18 @@ bool JXTransfer::flush(milliseconds deadline) {
 
 void JXTransfer::purge() {
   engine_->outbox_->purge();
-  engine_->mailbox_.order([](JXTransferOrders& orders) { ++orders.purges; });
+  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.purges; });
   engine_->tellFlushers();
 }
 
 JXDeliveryCounters JXTransfer::counters() const {
-  const JXTransferOrders orders = engine_->mailbox_.orders();
+  const JXTransferCommands orders = engine_->mailbox_.orders();
   JXDeliveryCounters counters;
   counters.outbox = engine_->outbox_->counters();
-  counters.tries = engine_->loop_->tries();
+  counters.attempts = engine_->loop_->attempts();
   counters.failures = engine_->loop_->failures();
-  counters.holding = orders.disabled || orders.inBackground ||
-                     (orders.heldUntil && engine_->setup_.steadyNow() < *orders.heldUntil);
+  counters.paused = orders.disabled || orders.inBackground ||
+                    (orders.heldUntil && engine_->setup_.steadyNow() < *orders.heldUntil);
   return counters;
 }
 
@@ -246,7 +246,7 @@ bool JXTransfer::stop(milliseconds limit) {
   // In a forked child the thread does not exist, and its locks may be held for ever.
   if (getpid() != engine_->process_) return false;
   const SteadyTime until = std::chrono::steady_clock::now() + bounded(limit);
-  engine_->mailbox_.order([](JXTransferOrders& orders) { orders.stop = true; });
+  engine_->mailbox_.order([](JXTransferCommands& orders) { orders.stop = true; });
   {
     std::unique_lock<std::mutex> lock(engine_->mutex_);
     if (engine_->stopped_) return engine_->ended_;

@@ -39,7 +39,7 @@ std::string describe(const JXHttpResult& result) {
                                     : result.reason;
 }
 
-const char* inWords(JXDropReason reason) {
+const char* describe(JXDropReason reason) {
   switch (reason) {
     case JXDropReason::TooMany:
       return "the queue held too many requests";
@@ -81,38 +81,38 @@ JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
 }
 
-void JXTransferLoop::take(const JXTransferOrders& orders, bool added) {
+void JXTransferLoop::take(const JXTransferCommands& orders, bool added) {
   const JXTransferPlan::Time now = setup_.steadyNow();
   plan_.setDisabled(orders.disabled);
   plan_.setInBackground(orders.inBackground);
   plan_.holdUntil(orders.heldUntil);
-  if (orders.decisions != obeyed_.decisions) plan_.endStartHold();
+  if (orders.decisions != applied_.decisions) plan_.endStartHold();
   if (added) plan_.requestsAdded();
-  if (added || orders.storageChanges != obeyed_.storageChanges) plan_.storageChanged(now);
-  if (orders.flushes != obeyed_.flushes) plan_.hurry(now);
-  if (orders.purges != obeyed_.purges) {
+  if (added || orders.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
+  if (orders.flushes != applied_.flushes) plan_.expedite(now);
+  if (orders.purges != applied_.purges) {
     abortInFlight();
     plan_.storageChanged(now);
   }
-  obeyed_ = orders;
+  applied_ = orders;
 }
 
-JXTransferRest JXTransferLoop::act() {
-  const JXTransferStep step = plan_.next(setup_.steadyNow());
+JXTransferWait JXTransferLoop::act() {
+  const JXTransferActions step = plan_.next(setup_.steadyNow());
   if (step.abortInFlight) abortInFlight();
   if (step.sync) sync();
   for (std::size_t i = 0; i < step.mayStart; ++i) {
     if (!startOne(step.probes)) break;
   }
-  const bool hasTold = tellDropped();
-  JXTransferRest rest = plan_.rest(setup_.steadyNow());
+  const bool hasTold = reportDropped();
+  JXTransferWait rest = plan_.rest(setup_.steadyNow());
   // There may be more, which wait for one turn, so that a callback that makes the queue drop again
   // cannot keep the thread from its orders.
   if (hasTold) rest.wakeAt = setup_.steadyNow();
   return rest;
 }
 
-void JXTransferLoop::waitAndSettle(const JXTransferRest& rest, bool mayWait) {
+void JXTransferLoop::waitAndSettle(const JXTransferWait& rest, bool mayWait) {
   std::optional<milliseconds> timeout;
   if (!mayWait) {
     timeout = milliseconds::zero();
@@ -143,14 +143,14 @@ void JXTransferLoop::recover(std::string_view what) noexcept {
 
 bool JXTransferLoop::startOne(bool probes) {
   const JXTransferPlan::Time now = setup_.steadyNow();
-  std::optional<JXOutboxRequest> request = setup_.outbox->take(plan_.setAside(now));
+  std::optional<JXOutboxRequest> request = setup_.outbox->take(plan_.deferred(now));
   if (!request) {
     plan_.nothingToStart(now);
     return false;
   }
   if (probes) callSafely(setup_.beforeConnecting);
   plan_.started(request->id);
-  tries_.fetch_add(1);
+  attempts_.fetch_add(1);
   setup_.transport->start({request->id, std::move(request->url), std::move(request->body)});
   return true;
 }
@@ -158,7 +158,7 @@ bool JXTransferLoop::startOne(bool probes) {
 void JXTransferLoop::abortInFlight() {
   setup_.transport->abortAll();
   for (const std::uint64_t id : plan_.aborted())
-    setup_.outbox->giveBack(id);
+    setup_.outbox->requeue(id);
 }
 
 void JXTransferLoop::sync() {
@@ -173,29 +173,29 @@ void JXTransferLoop::settle(JXHttpResult& result) {
   const JXTransferPlan::Time now = setup_.steadyNow();
   const std::uint64_t id = result.request.id;
   switch (plan_.ended(id, result.outcome, retryAfter, now, setup_.draw())) {
-    case JXVerdict::Delivered:
+    case JXResponseClass::Delivered:
       plan_.storageChanged(now);
       if (!lastFailure_.empty()) log("Requests go out again", 5);
       lastFailure_.clear();
       // One that was dropped while it was in flight was told as dropped.
-      if (setup_.outbox->settleDelivered(id) && setup_.onDelivery) {
+      if (setup_.outbox->markDelivered(id) && setup_.onDelivery) {
         tell({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
               nullptr, JXDropReason::None});
       }
       break;
-    case JXVerdict::Rejected:
+    case JXResponseClass::Rejected:
       plan_.storageChanged(now);
-      if (setup_.outbox->settleRejected(id, result.outcome.status)) tellRejected(result);
+      if (setup_.outbox->moveToDeadLetters(id, result.outcome.status)) reportRejected(result);
       break;
-    case JXVerdict::Retry:
-      setup_.outbox->giveBack(id);
+    case JXResponseClass::Retry:
+      setup_.outbox->requeue(id);
       failures_.fetch_add(1);
       logFailure(result, now);
       break;
   }
 }
 
-void JXTransferLoop::tellRejected(const JXHttpResult& result) {
+void JXTransferLoop::reportRejected(const JXHttpResult& result) {
   const JXString eventId = eventIdOf(result.request.body);
   const std::string why = describe(result);
   log("Request of " + named(eventId) + " is rejected and not tried again: " + why, 2);
@@ -203,11 +203,11 @@ void JXTransferLoop::tellRejected(const JXHttpResult& result) {
 }
 
 // A few at a time; true when there were any.
-bool JXTransferLoop::tellDropped() {
+bool JXTransferLoop::reportDropped() {
   if (!setup_.onDelivery) return false;
   const std::vector<JXOutboxDrop> drops = setup_.outbox->takeDropped();
   for (const JXOutboxDrop& drop : drops) {
-    tell({JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, inWords(drop.reason), drop.reason});
+    tell({JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, describe(drop.reason), drop.reason});
   }
   return !drops.empty();
 }

@@ -25,17 +25,17 @@ class JXTransferLoop {
   explicit JXTransferLoop(JXTransferSetup setup);
 
   /// Takes orders; `added` tells that requests were added.
-  void take(const JXTransferOrders& orders, bool added);
+  void take(const JXTransferCommands& orders, bool added);
   /// Does what is due now and tells how to wait.
-  JXTransferRest act();
+  JXTransferWait act();
   /// Waits as `rest` says (not at all when `mayWait` is false) and settles what came back.
-  void waitAndSettle(const JXTransferRest& rest, bool mayWait);
+  void waitAndSettle(const JXTransferWait& rest, bool mayWait);
   /// Gives back what is in flight, as before the process ends, and makes the storage durable.
   void end();
   /// After a failure inside, such as memory that ran out: gives back what is in flight and pauses.
   void recover(std::string_view what) noexcept;
 
-  std::uint64_t tries() const { return tries_.load(); }
+  std::uint64_t attempts() const { return attempts_.load(); }
   std::uint64_t failures() const { return failures_.load(); }
 
  private:
@@ -43,16 +43,16 @@ class JXTransferLoop {
   void abortInFlight();
   void sync();
   void settle(JXHttpResult& result);
-  void tellRejected(const JXHttpResult& result);
-  bool tellDropped();
+  void reportRejected(const JXHttpResult& result);
+  bool reportDropped();
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
   void tell(const JXDelivery& delivery);
 
   JXTransferSetup setup_;
   JXTransferPlan plan_;
-  JXTransferOrders obeyed_;
+  JXTransferCommands applied_;
   std::string lastFailure_;  // the cause that was logged last, empty after a success
-  std::atomic<std::uint64_t> tries_{0};
+  std::atomic<std::uint64_t> attempts_{0};
   std::atomic<std::uint64_t> failures_{0};
 };
 

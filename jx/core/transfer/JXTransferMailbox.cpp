@@ -4,21 +4,22 @@
 
 namespace jx {
 
-JXTransferOrders JXTransferMailbox::orders() const {
+JXTransferCommands JXTransferMailbox::orders() const {
   const std::lock_guard<std::mutex> lock(mutex_);
   return orders_;
 }
 
-JXTransferOrders JXTransferMailbox::readOrders() {
+JXTransferCommands JXTransferMailbox::readOrders() {
   ordered_.store(false);
   const std::lock_guard<std::mutex> lock(mutex_);
   return orders_;
 }
 
-bool JXTransferMailbox::fallAsleep(bool ignoresAdditions) {
-  ear_.store(ignoresAdditions ? Ear::ForOrders : Ear::ForAll);
+bool JXTransferMailbox::prepareToSleep(bool ignoresAdditions) {
+  sleepState_.store(ignoresAdditions ? SleepState::SleepingUntilCommand
+                                     : SleepState::SleepingUntilAny);
   if (!ordered_.load() && (ignoresAdditions || !added_.load())) return true;
-  ear_.store(Ear::Awake);
+  sleepState_.store(SleepState::Running);
   return false;
 }
 

@@ -16,7 +16,7 @@
 namespace jx {
 
 /// What other threads want of the transfer thread. The numbers only grow: a change is an order.
-struct JXTransferOrders {
+struct JXTransferCommands {
   bool stop = false;
   bool disabled = false;
   bool inBackground = false;
@@ -25,7 +25,7 @@ struct JXTransferOrders {
   std::uint64_t purges = 0;
   std::uint64_t flushes = 0;
   std::uint64_t storageChanges = 0;
-  std::uint64_t refusals = 0;  ///< requests that the queue did not take
+  std::uint64_t rejectedByQueue = 0;  ///< requests that the queue did not take
 };
 
 /// Between the threads that give orders and the transfer thread, which is woken only when it sleeps
@@ -43,40 +43,40 @@ class JXTransferMailbox {
       change(orders_);
     }
     ordered_.store(true);
-    ring();
+    wakeIfSleeping();
   }
   /// Tells of an added request: two atomic operations, unless the thread sleeps and waits for one.
-  void noteAddition() {
+  void notifyAdded() {
     added_.store(true);
-    if (ear_.load() == Ear::ForAll) ring();
+    if (sleepState_.load() == SleepState::SleepingUntilAny) wakeIfSleeping();
   }
   /// The orders as they stand.
-  JXTransferOrders orders() const;
+  JXTransferCommands orders() const;
 
   // The rest is for the transfer thread.
 
-  JXTransferOrders readOrders();
+  JXTransferCommands readOrders();
   bool readAdded() { return added_.exchange(false); }
   /// Announces that the thread goes to sleep; `ignoresAdditions` when an added request is no reason
   /// to wake it. False when there are news already, and it is not to sleep then.
-  bool fallAsleep(bool ignoresAdditions);
-  void awake() { ear_.store(Ear::Awake); }
+  bool prepareToSleep(bool ignoresAdditions);
+  void awake() { sleepState_.store(SleepState::Running); }
 
  private:
-  enum class Ear { Awake, ForOrders, ForAll };
+  enum class SleepState { Running, SleepingUntilCommand, SleepingUntilAny };
 
-  void ring() {
-    if (ear_.exchange(Ear::Awake) != Ear::Awake) wake_();
+  void wakeIfSleeping() {
+    if (sleepState_.exchange(SleepState::Running) != SleepState::Running) wake_();
   }
 
   const std::function<void()> wake_;
   mutable std::mutex mutex_;
-  JXTransferOrders orders_;
+  JXTransferCommands orders_;
   // Each side writes its own flag first and reads the other's then, in one order for all threads,
   // so that either the giver sees the sleeper or the sleeper sees the news.
   std::atomic<bool> ordered_{false};
   std::atomic<bool> added_{false};
-  std::atomic<Ear> ear_{Ear::Awake};
+  std::atomic<SleepState> sleepState_{SleepState::Running};
 };
 
 }  // namespace jx

@@ -37,8 +37,8 @@ std::size_t JXTransferPlan::freePlaces(Time now) const {
   return places - std::min(places, inFlight_.size());
 }
 
-JXTransferStep JXTransferPlan::next(Time now) {
-  JXTransferStep step;
+JXTransferActions JXTransferPlan::next(Time now) {
+  JXTransferActions step;
   step.abortInFlight = disabled_ && !inFlight_.empty();
   step.sync = syncDue_ && now >= *syncDue_;
   if (inFlight_.empty() && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) probing_ = true;
@@ -51,8 +51,8 @@ JXTransferStep JXTransferPlan::next(Time now) {
   return step;
 }
 
-JXTransferRest JXTransferPlan::rest(Time now) const {
-  JXTransferRest rest;
+JXTransferWait JXTransferPlan::rest(Time now) const {
+  JXTransferWait rest;
   rest.wakeAt = syncDue_;
   if (!mayHaveRequests_) {
     rest.wakeAt = earlier(rest.wakeAt, asideUntil_);
@@ -89,17 +89,17 @@ void JXTransferPlan::synced(bool unfinished, Time now) {
 
 void JXTransferPlan::started(std::uint64_t id) { inFlight_.push_back({id, retry_.round}); }
 
-JXVerdict JXTransferPlan::ended(std::uint64_t id, const JXTryOutcome& outcome,
-                                std::optional<std::chrono::milliseconds> retryAfter, Time now,
-                                double draw) {
-  const JXVerdict verdict = judge(outcome);
+JXResponseClass JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,
+                                      std::optional<std::chrono::milliseconds> retryAfter, Time now,
+                                      double draw) {
+  const JXResponseClass verdict = classifyResponse(outcome);
   const auto flight = std::find_if(inFlight_.begin(), inFlight_.end(),
                                    [id](const Flight& each) { return each.id == id; });
   if (flight == inFlight_.end()) return verdict;
   const std::uint64_t round = flight->round;
   inFlight_.erase(flight);
   lastEnd_ = now;
-  if (verdict == JXVerdict::Retry) {
+  if (verdict == JXResponseClass::Retry) {
     probing_ = true;
     mayHaveRequests_ = true;
   } else if (round == retry_.round && !outcome.neverSendable) {
@@ -130,7 +130,8 @@ std::vector<std::uint64_t> JXTransferPlan::aborted() {
 void JXTransferPlan::failedInside(Time now, double draw) {
   probing_ = true;
   mayHaveRequests_ = true;
-  retry_ = nextStep(retry_, {retry_.round, JXVerdict::Retry, std::nullopt}, timings_, now, draw);
+  retry_ =
+      nextStep(retry_, {retry_.round, JXResponseClass::Retry, std::nullopt}, timings_, now, draw);
 }
 
 }  // namespace jx

@@ -8,13 +8,13 @@
 #include <optional>
 #include <vector>
 
+#include "jx/core/transfer/JXPoisonRequestTracker.h"
 #include "jx/core/transfer/JXRetryPolicy.h"
-#include "jx/core/transfer/JXSuspectRequests.h"
 
 namespace jx {
 
 /// What is to be done now, in this order.
-struct JXTransferStep {
+struct JXTransferActions {
   bool abortInFlight = false;  ///< and give the requests back
   bool sync = false;
   std::size_t mayStart = 0;  ///< so many requests may be started
@@ -22,7 +22,7 @@ struct JXTransferStep {
 };
 
 /// How to wait when everything was done.
-struct JXTransferRest {
+struct JXTransferWait {
   std::optional<std::chrono::steady_clock::time_point> wakeAt;
   /// A request that is added meanwhile need not wake the thread: it could not be started, and the
   /// next sync is already due at `wakeAt` or before.
@@ -34,9 +34,9 @@ struct JXTransferRest {
 ///
 /// At the start, after a failure and after an idle time only one request is in flight until an
 /// answer came; then up to four are. A request on which the receiver stumbles again and again lets
-/// others by (see JXSuspectRequests). A hold stops new requests; disabling also aborts those in
-/// flight. The sync follows a change by `syncDelay` whatever the network does. What the queue held
-/// at the start waits for `startHold`, unless something tells before that requests may leave.
+/// others by (see JXPoisonRequestTracker). A hold stops new requests; disabling also aborts those
+/// in flight. The sync follows a change by `syncDelay` whatever the network does. What the queue
+/// held at the start waits for `startHold`, unless something tells before that requests may leave.
 class JXTransferPlan {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -48,8 +48,8 @@ class JXTransferPlan {
 
   JXTransferPlan(const JXRetryTimings& timings, Time now);
 
-  JXTransferStep next(Time now);
-  JXTransferRest rest(Time now) const;
+  JXTransferActions next(Time now);
+  JXTransferWait rest(Time now) const;
 
   /// Requests were added. At the start the plan takes it that there are some.
   void requestsAdded() {
@@ -65,15 +65,15 @@ class JXTransferPlan {
 
   void started(std::uint64_t id);
   /// Requests that are not to be started now, because the receiver stumbles on them.
-  std::vector<std::uint64_t> setAside(Time now) const { return suspects_.setAside(now); }
+  std::vector<std::uint64_t> deferred(Time now) const { return suspects_.deferred(now); }
   /// The queue had nothing to start but what is set aside.
   void nothingToStart(Time now) {
     mayHaveRequests_ = false;
     asideUntil_ = suspects_.firstEnd(now);
   }
   /// A try ended. `draw` in [0, 1) is the jitter of the pause that may follow.
-  JXVerdict ended(std::uint64_t id, const JXTryOutcome& outcome,
-                  std::optional<std::chrono::milliseconds> retryAfter, Time now, double draw);
+  JXResponseClass ended(std::uint64_t id, const JXAttemptResult& outcome,
+                        std::optional<std::chrono::milliseconds> retryAfter, Time now, double draw);
   /// The requests in flight were aborted and are in the queue again. They are no failure.
   std::vector<std::uint64_t> aborted();
   /// Something went wrong in the process itself, such as memory that ran out: pauses as after a
@@ -84,9 +84,9 @@ class JXTransferPlan {
   void setInBackground(bool inBackground) { inBackground_ = inBackground; }
   /// Holds requests until `until`; absent ends the hold.
   void holdUntil(std::optional<Time> until) { heldUntil_ = until; }
-  /// A flush asks for haste: see `cutPause`.
-  void hurry(Time now) {
-    retry_ = cutPause(retry_, timings_, now);
+  /// A flush asks for haste: see `shortenBackoff`.
+  void expedite(Time now) {
+    retry_ = shortenBackoff(retry_, timings_, now);
     suspects_.endPauses();
     mayHaveRequests_ = true;
     endStartHold();
@@ -108,7 +108,7 @@ class JXTransferPlan {
   JXRetryTimings timings_;
   JXRetryState retry_;
   std::vector<Flight> inFlight_;
-  JXSuspectRequests suspects_;
+  JXPoisonRequestTracker suspects_;
   std::optional<Time> asideUntil_;
   bool mayHaveRequests_ = true;
   bool probing_ = true;

@@ -31,11 +31,14 @@ const JXEventClass& JXAddPaymentInfoEvent::eventClass() {
       {JXE_REVENUE, "revenue", &JXAddPaymentInfoEvent::revenue_},
       {JXE_CURRENCY, "currency", &JXAddPaymentInfoEvent::currency_},
       {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
-      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_, kAgain},
+      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_, kDuplicateField},
   };
-  static const auto& type = *new JXEventClass{
-      "JXAddPaymentInfoEvent",     &JXECommerceEvent::eventClass(),  {kName}, &fields,
-      {usable(JXE_PAYMENTMETHOD)}, makeByInit<JXAddPaymentInfoEvent>};
+  static const auto& type = *new JXEventClass{"JXAddPaymentInfoEvent",
+                                              &JXECommerceEvent::eventClass(),
+                                              {kName},
+                                              &fields,
+                                              {nonEmptyString(JXE_PAYMENTMETHOD)},
+                                              createByInit<JXAddPaymentInfoEvent>};
   return type;
 }
 

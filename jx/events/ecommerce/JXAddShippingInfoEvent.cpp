@@ -42,11 +42,11 @@ const JXEventClass& JXAddShippingInfoEvent::eventClass() {
       {kName},
       &fields,
       {
-          notEmpty(JXE_ITEMS),
+          nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
-          usable(JXE_CURRENCY),
+          nonEmptyString(JXE_CURRENCY),
       },
-      makeByInit<JXAddShippingInfoEvent>,
+      createByInit<JXAddShippingInfoEvent>,
   };
   return type;
 }

@@ -46,11 +46,11 @@ const JXEventClass& JXAddToCartEvent::eventClass() {
       {kName},
       &fields,
       {
-          notEmpty(JXE_ITEMS),
+          nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
-          usable(JXE_CURRENCY),
+          nonEmptyString(JXE_CURRENCY),
       },
-      makeByInit<JXAddToCartEvent>,
+      createByInit<JXAddToCartEvent>,
   };
   return type;
 }

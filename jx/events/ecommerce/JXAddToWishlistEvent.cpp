@@ -30,9 +30,9 @@ const JXEventClass& JXAddToWishlistEvent::eventClass() {
       {JXE_CURRENCY, "currency", &JXAddToWishlistEvent::currency_},
       {JXE_ITEMS, "items", &JXAddToWishlistEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXAddToWishlistEvent", &JXECommerceEvent::eventClass(), {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)},  makeByInit<JXAddToWishlistEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXAddToWishlistEvent",    &JXECommerceEvent::eventClass(),   {kName}, &fields,
+      {nonEmptyList(JXE_ITEMS)}, createByInit<JXAddToWishlistEvent>};
   return type;
 }
 

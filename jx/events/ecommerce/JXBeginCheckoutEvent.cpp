@@ -43,12 +43,12 @@ const JXEventClass& JXBeginCheckoutEvent::eventClass() {
       {kName},
       &fields,
       {
-          usable(JXE_CURRENCY),
-          notEmpty(JXE_ITEMS),
+          nonEmptyString(JXE_CURRENCY),
+          nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
           present(JXE_REVENUE),
       },
-      makeByInit<JXBeginCheckoutEvent>,
+      createByInit<JXBeginCheckoutEvent>,
   };
   return type;
 }

@@ -56,16 +56,16 @@ const JXEventClass& JXPurchaseEvent::eventClass() {
       {kName},
       &fields,
       {
-          notEmpty(JXE_ITEMS),
-          usable(JX_ID),
+          nonEmptyList(JXE_ITEMS),
+          nonEmptyString(JX_ID),
           present(JXE_REVENUE),
           present(JXE_VALUE),
-          usable(JXE_CURRENCY),
-          usable(JXE_TYPE),
-          usable(JXE_PAYMENTMETHOD),
-          usable(JXE_STATUS),
+          nonEmptyString(JXE_CURRENCY),
+          nonEmptyString(JXE_TYPE),
+          nonEmptyString(JXE_PAYMENTMETHOD),
+          nonEmptyString(JXE_STATUS),
       },
-      makeByInit<JXPurchaseEvent>,
+      createByInit<JXPurchaseEvent>,
   };
   return type;
 }

@@ -54,9 +54,9 @@ const JXEventClass& JXRefundEvent::eventClass() {
       {JXE_COUPON, "coupon", &JXRefundEvent::coupon_},
       {JXE_ITEMS, "items", &JXRefundEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXRefundEvent",       &JXECommerceEvent::eventClass(), {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)}, makeByInit<JXRefundEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXRefundEvent", &JXECommerceEvent::eventClass(), {kName},
+      &fields,         {nonEmptyList(JXE_ITEMS)},       createByInit<JXRefundEvent>};
   return type;
 }
 

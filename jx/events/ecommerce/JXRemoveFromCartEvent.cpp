@@ -30,9 +30,9 @@ const JXEventClass& JXRemoveFromCartEvent::eventClass() {
       {JXE_CURRENCY, "currency", &JXRemoveFromCartEvent::currency_},
       {JXE_ITEMS, "items", &JXRemoveFromCartEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXRemoveFromCartEvent", &JXECommerceEvent::eventClass(),  {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)},   makeByInit<JXRemoveFromCartEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXRemoveFromCartEvent",   &JXECommerceEvent::eventClass(),    {kName}, &fields,
+      {nonEmptyList(JXE_ITEMS)}, createByInit<JXRemoveFromCartEvent>};
   return type;
 }
 

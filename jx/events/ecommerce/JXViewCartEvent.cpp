@@ -30,9 +30,9 @@ const JXEventClass& JXViewCartEvent::eventClass() {
       {JXE_VALUE, "value", &JXViewCartEvent::value_},
       {JXE_ITEMS, "items", &JXViewCartEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXViewCartEvent",     &JXECommerceEvent::eventClass(), {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)}, makeByInit<JXViewCartEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXViewCartEvent", &JXECommerceEvent::eventClass(), {kName},
+      &fields,           {nonEmptyList(JXE_ITEMS)},       createByInit<JXViewCartEvent>};
   return type;
 }
 

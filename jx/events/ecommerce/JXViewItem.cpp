@@ -36,11 +36,11 @@ const JXEventClass& JXViewItem::eventClass() {
       {kName},
       &fields,
       {
-          notEmpty(JXE_ITEMS),
+          nonEmptyList(JXE_ITEMS),
           present(JXE_REVENUE),
-          usable(JXE_CURRENCY),
+          nonEmptyString(JXE_CURRENCY),
       },
-      makeByInit<JXViewItem>,
+      createByInit<JXViewItem>,
   };
   return type;
 }

@@ -36,7 +36,7 @@ const JXEventClass& JXGenerateLeadEvent::eventClass() {
                                               {kName},
                                               &fields,
                                               {together(JXE_VALUE, JXE_CURRENCY)},
-                                              makeByInit<JXGenerateLeadEvent>};
+                                              createByInit<JXGenerateLeadEvent>};
   return type;
 }
 

@@ -22,7 +22,7 @@ const JXEventClass& JXLoginEvent::eventClass() {
       {JXE_METHOD, "method", &JXLoginEvent::method_},
   };
   static const auto& type = *new JXEventClass{
-      "JXLoginEvent", &JXEvent::eventClass(), {kName}, &fields, {}, makeByInit<JXLoginEvent>};
+      "JXLoginEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXLoginEvent>};
   return type;
 }
 

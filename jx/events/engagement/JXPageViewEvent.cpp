@@ -25,12 +25,12 @@ std::shared_ptr<JXPageViewEvent> JXPageViewEvent::initWithType(const JXString& p
 
 const JXEventClass& JXPageViewEvent::eventClass() {
   static const auto& fields = *new JXFields<JXPageViewEvent>{
-      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_, kAgain},
-      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_, kAgain},
+      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_, kDuplicateField},
+      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_, kDuplicateField},
   };
-  static const auto& type =
-      *new JXEventClass{"JXPageViewEvent", &JXEvent::eventClass(), {kName},
-                        &fields,           {usable(JXE_PAGETYPE)}, makeByInit<JXPageViewEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXPageViewEvent", &JXEvent::eventClass(),         {kName},
+      &fields,           {nonEmptyString(JXE_PAGETYPE)}, createByInit<JXPageViewEvent>};
   return type;
 }
 

@@ -27,9 +27,9 @@ const JXEventClass& JXSearchEvent::eventClass() {
   static const auto& fields = *new JXFields<JXSearchEvent>{
       {JXE_SEARCHTERM, "searchTerm", &JXSearchEvent::searchTerm_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXSearchEvent", &JXEvent::eventClass(),   {kName},
-                        &fields,         {usable(JXE_SEARCHTERM)}, makeByInit<JXSearchEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXSearchEvent", &JXEvent::eventClass(),           {kName},
+      &fields,         {nonEmptyString(JXE_SEARCHTERM)}, createByInit<JXSearchEvent>};
   return type;
 }
 

@@ -22,9 +22,12 @@ const JXEventClass& JXSelectContentEvent::eventClass() {
       {JXE_CONTENTTYPE, "contentType", &JXSelectContentEvent::contentType_},
       {JXE_ITEMID, "itemID", &JXSelectContentEvent::itemID_},
   };
-  static const auto& type = *new JXEventClass{
-      "JXSelectContentEvent",          &JXEvent::eventClass(), {kName}, &fields, {},
-      makeByInit<JXSelectContentEvent>};
+  static const auto& type = *new JXEventClass{"JXSelectContentEvent",
+                                              &JXEvent::eventClass(),
+                                              {kName},
+                                              &fields,
+                                              {},
+                                              createByInit<JXSelectContentEvent>};
   return type;
 }
 

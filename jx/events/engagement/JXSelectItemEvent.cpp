@@ -30,8 +30,8 @@ const JXEventClass& JXSelectItemEvent::eventClass() {
       {JXE_ITEMS, "items", &JXSelectItemEvent::items_},
   };
   static const auto& type =
-      *new JXEventClass{"JXSelectItemEvent",   &JXEvent::eventClass(),       {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)}, makeByInit<JXSelectItemEvent>};
+      *new JXEventClass{"JXSelectItemEvent",       &JXEvent::eventClass(),         {kName}, &fields,
+                        {nonEmptyList(JXE_ITEMS)}, createByInit<JXSelectItemEvent>};
   return type;
 }
 

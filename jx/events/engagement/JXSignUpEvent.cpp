@@ -22,7 +22,7 @@ const JXEventClass& JXSignUpEvent::eventClass() {
       {JXE_METHOD, "method", &JXSignUpEvent::method_},
   };
   static const auto& type = *new JXEventClass{
-      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, makeByInit<JXSignUpEvent>};
+      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXSignUpEvent>};
   return type;
 }
 

@@ -29,9 +29,9 @@ const JXEventClass& JXViewItemListEvent::eventClass() {
       {JXE_ITEMLISTNAME, "itemListName", &JXViewItemListEvent::itemListName_},
       {JXE_ITEMS, "items", &JXViewItemListEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXViewItemListEvent", &JXEvent::eventClass(),         {kName}, &fields,
-                        {notEmpty(JXE_ITEMS)}, makeByInit<JXViewItemListEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXViewItemListEvent",     &JXEvent::eventClass(),           {kName}, &fields,
+      {nonEmptyList(JXE_ITEMS)}, createByInit<JXViewItemListEvent>};
   return type;
 }
 

@@ -7,16 +7,16 @@
 namespace jx {
 namespace {
 
-constexpr JXTextTable kModes(EJXVideoAdMode_toString, EJXVideoAdMode_members);
-constexpr JXTextTable kAdTypes(EJXAdType_toString, EJXAdType_members);
-constexpr JXTextTable kAdLoadTypes(EJXAdLoadType_toString, EJXAdLoadType_members);
+constexpr JXEnumStrings kModes(EJXVideoAdMode_toString, EJXVideoAdMode_members);
+constexpr JXEnumStrings kAdTypes(EJXAdType_toString, EJXAdType_members);
+constexpr JXEnumStrings kAdLoadTypes(EJXAdLoadType_toString, EJXAdLoadType_members);
 
 }  // namespace
 
 std::shared_ptr<JXVideoAdEvent> JXVideoAdEvent::initWithMode_andSessionId(
     EJXVideoAdMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoAdEvent> event(new JXVideoAdEvent());
-  event->setName(kModes.textOf(mode));
+  event->setName(kModes.stringOf(mode));
   event->setVideoSessionID(sessionId);
   return event;
 }
@@ -28,24 +28,24 @@ const JXEventClass& JXVideoAdEvent::eventClass() {
       {JXV_POD_POSITION, "podPosition", &JXVideoAdEvent::podPosition_},
       {JXV_POD_LENGTH, "podLength", &JXVideoAdEvent::podLength_},
       {JXV_AD_QUARTILE, "adQuartile", &JXVideoAdEvent::adQuartile_},
-      {JXV_AD_TYPE, "adType", JXChoice<JXVideoAdEvent>{&JXVideoAdEvent::adType_, kAdTypes}},
+      {JXV_AD_TYPE, "adType", JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::adType_, kAdTypes}},
       {JXV_LOAD_TYPE, "loadType",
-       JXChoice<JXVideoAdEvent>{&JXVideoAdEvent::loadType_, kAdLoadTypes}},
+       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::loadType_, kAdLoadTypes}},
   };
   static const auto& type = *new JXEventClass{
       "JXVideoAdEvent",
       &JXVideoEvent::eventClass(),
-      kModes.allTexts(),
+      kModes.allStrings(),
       &fields,
       {
-          usable(JXV_VIDEO_SESSION_ID),
-          usable(JXV_AD_ASSET_ID),
-          usable(JXV_AD_POD_ID),
+          nonEmptyString(JXV_VIDEO_SESSION_ID),
+          nonEmptyString(JXV_AD_ASSET_ID),
+          nonEmptyString(JXV_AD_POD_ID),
           present(JXV_CURSOR_POSITION),
           present(JXV_TOTAL_LENGTH),
       },
-      makeByMode<JXVideoAdEvent, EJXVideoAdMode>,
-      kModes.allMembers(),
+      createByMode<JXVideoAdEvent, EJXVideoAdMode>,
+      kModes.allEnumerators(),
   };
   return type;
 }

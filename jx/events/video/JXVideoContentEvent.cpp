@@ -7,14 +7,14 @@
 namespace jx {
 namespace {
 
-constexpr JXTextTable kModes(EJXVideoContentMode_toString, EJXVideoContentMode_members);
+constexpr JXEnumStrings kModes(EJXVideoContentMode_toString, EJXVideoContentMode_members);
 
 }  // namespace
 
 std::shared_ptr<JXVideoContentEvent> JXVideoContentEvent::initWithMode_andSessionId(
     EJXVideoContentMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoContentEvent> event(new JXVideoContentEvent());
-  event->setName(kModes.textOf(mode));
+  event->setName(kModes.stringOf(mode));
   event->setVideoSessionID(sessionId);
   return event;
 }
@@ -35,21 +35,21 @@ const JXEventClass& JXVideoContentEvent::eventClass() {
       {JXV_LIVESTREAM, "livestream", &JXVideoContentEvent::livestream_},
       {JXV_BITRATE, "bitrate", &JXVideoContentEvent::bitrate_},
       {JXV_FRAMERATE, "framerate", &JXVideoContentEvent::framerate_},
-      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_, kAgain},
+      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_, kDuplicateField},
   };
   static const auto& type = *new JXEventClass{
       "JXVideoContentEvent",
       &JXVideoEvent::eventClass(),
-      kModes.allTexts(),
+      kModes.allStrings(),
       &fields,
       {
-          usable(JXV_VIDEO_SESSION_ID),
-          usable(JXV_CONTENT_ASSET_ID),
+          nonEmptyString(JXV_VIDEO_SESSION_ID),
+          nonEmptyString(JXV_CONTENT_ASSET_ID),
           present(JXV_CURSOR_POSITION),
           present(JXV_TOTAL_LENGTH),
       },
-      makeByMode<JXVideoContentEvent, EJXVideoContentMode>,
-      kModes.allMembers(),
+      createByMode<JXVideoContentEvent, EJXVideoContentMode>,
+      kModes.allEnumerators(),
   };
   return type;
 }

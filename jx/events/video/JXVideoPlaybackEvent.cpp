@@ -7,14 +7,14 @@
 namespace jx {
 namespace {
 
-constexpr JXTextTable kModes(EJXVideoPlaybackMode_toString, EJXVideoPlaybackMode_members);
+constexpr JXEnumStrings kModes(EJXVideoPlaybackMode_toString, EJXVideoPlaybackMode_members);
 
 }  // namespace
 
 std::shared_ptr<JXVideoPlaybackEvent> JXVideoPlaybackEvent::initWithMode_andSessionId(
     EJXVideoPlaybackMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoPlaybackEvent> event(new JXVideoPlaybackEvent());
-  event->setName(kModes.textOf(mode));
+  event->setName(kModes.stringOf(mode));
   event->setVideoSessionID(sessionId);
   return event;
 }
@@ -41,18 +41,18 @@ const JXEventClass& JXVideoPlaybackEvent::eventClass() {
   static const auto& type = *new JXEventClass{
       "JXVideoPlaybackEvent",
       &JXVideoEvent::eventClass(),
-      kModes.allTexts(),
+      kModes.allStrings(),
       &fields,
       {
-          usable(JXV_VIDEO_SESSION_ID),
+          nonEmptyString(JXV_VIDEO_SESSION_ID),
           present(JXV_CONTENT_ASSET_ID),
           exceptFor(present(JXV_CURSOR_POSITION),
                     {EJXVideoPlaybackMode_toString[EJXVideoPlaybackMode_BUFFER_START],
                      EJXVideoPlaybackMode_toString[EJXVideoPlaybackMode_BUFFER_COMPLETE]}),
           present(JXV_TOTAL_LENGTH),
       },
-      makeByMode<JXVideoPlaybackEvent, EJXVideoPlaybackMode>,
-      kModes.allMembers(),
+      createByMode<JXVideoPlaybackEvent, EJXVideoPlaybackMode>,
+      kModes.allEnumerators(),
   };
   return type;
 }

@@ -7,14 +7,14 @@
 namespace jx {
 namespace {
 
-constexpr JXTextTable kModes(EJXVideoSettingMode_toString, EJXVideoSettingMode_members);
+constexpr JXEnumStrings kModes(EJXVideoSettingMode_toString, EJXVideoSettingMode_members);
 
 }  // namespace
 
 std::shared_ptr<JXVideoSettingEvent> JXVideoSettingEvent::initWithMode_andSessionId(
     EJXVideoSettingMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoSettingEvent> event(new JXVideoSettingEvent());
-  event->setName(kModes.textOf(mode));
+  event->setName(kModes.stringOf(mode));
   event->setVideoSessionID(sessionId);
   return event;
 }
@@ -46,17 +46,17 @@ const JXEventClass& JXVideoSettingEvent::eventClass() {
   static const auto& type = *new JXEventClass{
       "JXVideoSettingEvent",
       &JXVideoEvent::eventClass(),
-      kModes.allTexts(),
+      kModes.allStrings(),
       &fields,
       {
-          usable(JXV_VIDEO_SESSION_ID),
-          usable(JXV_CONTENT_ASSET_ID),
+          nonEmptyString(JXV_VIDEO_SESSION_ID),
+          nonEmptyString(JXV_CONTENT_ASSET_ID),
           present(JXV_CURSOR_POSITION),
           present(JXV_BITRATE),
           onlyFor(present(JXV_SOUND), {EJXVideoSettingMode_toString[EJXVideoSettingMode_VOLUME]}),
       },
-      makeByMode<JXVideoSettingEvent, EJXVideoSettingMode>,
-      kModes.allMembers(),
+      createByMode<JXVideoSettingEvent, EJXVideoSettingMode>,
+      kModes.allEnumerators(),
   };
   return type;
 }

@@ -4,7 +4,7 @@
 
 #import <AdSupport/AdSupport.h>
 
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 // What is asked of ATTrackingManager, stated here because development kits before tvOS 14 have no
 // header for it.

@@ -7,7 +7,7 @@
 #include <chrono>
 #include <utility>
 
-#include "jx/platform/JXUserAgentText.h"
+#include "jx/platform/JXUserAgentString.h"
 #include "jx/platform/apple/JXFoundationLocale.h"
 #include "jx/platform/apple/JXHardware.h"
 #include "jx/platform/apple/JXIntegrityProbe.h"
@@ -26,7 +26,7 @@ constexpr std::chrono::milliseconds kLongestWaitForNetworkPath{50};
 
 JXAppleSystem JXAppleSystem::current() { return {"", loadedClass, readNetworkInterfaces}; }
 
-JXApplePlatform::JXApplePlatform(JXHostStatement host, JXAppleSystem system)
+JXApplePlatform::JXApplePlatform(JXHostOverrides host, JXAppleSystem system)
     : host_(std::move(host)), system_(std::move(system)) {}
 
 JXPlatformDefaults* JXApplePlatform::userDefaults() { return &defaults_; }
@@ -84,7 +84,7 @@ std::vector<JXInterfaceAddress> JXApplePlatform::interfaceAddresses() {
 void JXApplePlatform::requestUserAgent(std::function<void(const JXString&)> answer) {
   if (!answer) return;
   if (host_.userAgent.testString()) return answer(host_.userAgent);
-  answer(userAgentText(deviceSystemName(), deviceSystemVersion(), deviceMachineName()));
+  answer(userAgentString(deviceSystemName(), deviceSystemVersion(), deviceMachineName()));
 }
 
 void JXApplePlatform::observeApplication(std::function<void()> didEnterBackground,
@@ -104,7 +104,7 @@ std::int32_t JXApplePlatform::processIdentifier() { return ::getpid(); }
 std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,
                                                const JXScreenBounds& screen,
                                                const JXString& userAgent) {
-  return std::make_shared<JXApplePlatform>(JXHostStatement{bundle, screen, userAgent},
+  return std::make_shared<JXApplePlatform>(JXHostOverrides{bundle, screen, userAgent},
                                            JXAppleSystem::current());
 }
 

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <string>
 
-#include "jx/platform/JXHostStatement.h"
+#include "jx/platform/JXHostOverrides.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/apple/JXAdvertising.h"
 #include "jx/platform/apple/JXApplicationObserver.h"
@@ -34,7 +34,7 @@ struct JXAppleSystem {
 /// made.
 class JXApplePlatform final : public JXPlatform {
  public:
-  JXApplePlatform(JXHostStatement host, JXAppleSystem system);
+  JXApplePlatform(JXHostOverrides host, JXAppleSystem system);
 
   /// The application's standard user defaults.
   JXPlatformDefaults* userDefaults() override;
@@ -77,7 +77,7 @@ class JXApplePlatform final : public JXPlatform {
   std::int32_t processIdentifier() override;
 
  private:
-  const JXHostStatement host_;
+  const JXHostOverrides host_;
   const JXAppleSystem system_;
   JXFoundationDefaults defaults_;
   JXNetworkPath networkPath_;

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/platform/apple/JXFoundationDefaults.h"
 
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 namespace jx {
 namespace {
 
-NSString* entryName(const JXString& key) { return key.testString() ? foundationText(key) : nil; }
+NSString* entryName(const JXString& key) { return key.testString() ? foundationString(key) : nil; }
 
 id storable(const JXString& value) {
-  NSString* const text = foundationText(value);
+  NSString* const text = foundationString(value);
   if (text != nil) return text;
   return [NSData dataWithBytes:value.view().data() length:value.size()];
 }

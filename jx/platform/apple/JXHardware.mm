@@ -5,7 +5,7 @@
 #import <UIKit/UIKit.h>
 #include <sys/utsname.h>
 
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 namespace jx {
 

@@ -4,7 +4,7 @@
 
 #include <stdlib.h>
 
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 namespace jx {
 

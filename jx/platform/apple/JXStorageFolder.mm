@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/platform/apple/JXStorageFolder.h"
 
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 namespace jx {
 

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-#include "jx/platform/JXUserAgentText.h"
+#include "jx/platform/JXUserAgentString.h"
 #include "jx/platform/linux/JXDefaultEncoding.h"
 #include "jx/platform/linux/JXLanguageTags.h"
 #include "jx/platform/linux/JXLocaleMoney.h"
@@ -30,7 +30,7 @@ JXLinuxSystem JXLinuxSystem::current() {
           readNetworkInterfaces,    [] { return std::chrono::steady_clock::now(); }};
 }
 
-JXLinuxPlatform::JXLinuxPlatform(JXHostStatement host, JXLinuxSystem system)
+JXLinuxPlatform::JXLinuxPlatform(JXHostOverrides host, JXLinuxSystem system)
     : host_(std::move(host)), system_(std::move(system)) {}
 
 JXPlatformDefaults* JXLinuxPlatform::userDefaults() { return nullptr; }
@@ -97,7 +97,7 @@ void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> answ
   if (!answer) return;
   if (host_.userAgent.testString()) return answer(host_.userAgent);
   const Facts& known = facts();
-  answer(userAgentText(known.release.name, known.release.version, known.kernel.machine));
+  answer(userAgentString(known.release.name, known.release.version, known.kernel.machine));
 }
 
 void JXLinuxPlatform::observeApplication(std::function<void()>, std::function<void()>) {}
@@ -120,7 +120,7 @@ const JXLinuxPlatform::Facts& JXLinuxPlatform::facts() {
 std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,
                                                const JXScreenBounds& screen,
                                                const JXString& userAgent) {
-  return std::make_shared<JXLinuxPlatform>(JXHostStatement{bundle, screen, userAgent},
+  return std::make_shared<JXLinuxPlatform>(JXHostOverrides{bundle, screen, userAgent},
                                            JXLinuxSystem::current());
 }
 

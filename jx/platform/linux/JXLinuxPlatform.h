@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-#include "jx/platform/JXHostStatement.h"
+#include "jx/platform/JXHostOverrides.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/linux/JXEnvironment.h"
 #include "jx/platform/linux/JXInstalledLocale.h"
@@ -35,7 +35,7 @@ struct JXLinuxSystem {
 /// kind of network is read again after a second. All operations may be called on any thread.
 class JXLinuxPlatform final : public JXPlatform {
  public:
-  JXLinuxPlatform(JXHostStatement host, JXLinuxSystem system);
+  JXLinuxPlatform(JXHostOverrides host, JXLinuxSystem system);
 
   /// Null: Linux has no store of settings that belongs to an application.
   JXPlatformDefaults* userDefaults() override;
@@ -91,7 +91,7 @@ class JXLinuxPlatform final : public JXPlatform {
 
   const Facts& facts();
 
-  const JXHostStatement host_;
+  const JXHostOverrides host_;
   const JXLinuxSystem system_;
 
   std::once_flag factsRead_;

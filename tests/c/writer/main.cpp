@@ -51,21 +51,21 @@ constexpr const char* kEverySetter =
 // What a setter takes behind the object.
 std::string argumentsOf(const CClass& type, const JXFieldInfo& field, const CSetter& setter) {
   switch (field.kind) {
-    case JXFieldKind::Text:
+    case JXFieldKind::String:
       return jx::test::sampleJson(field);
     case JXFieldKind::Number:
       // The text comes last, so that it stays.
       return setter.calls == "jx_object_set_integer" ? "7" : "\"12.50\"";
-    case JXFieldKind::Flag:
+    case JXFieldKind::Boolean:
       return "true";
-    case JXFieldKind::Texts:
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::Strings:
+    case JXFieldKind::NumberedStrings:
       return "texts, 3";
     case JXFieldKind::Values:
       return "values";
-    case JXFieldKind::Choice:
+    case JXFieldKind::Enumeration:
       return choiceName(type, field) + "_" +
-             std::string(field.choices.members[field.choices.count - 1]);
+             std::string(field.enumStrings.members[field.enumStrings.count - 1]);
     case JXFieldKind::Items:
       return "item";
     case JXFieldKind::Product:
@@ -85,7 +85,7 @@ void printSetters(const CClass& type, const JXFieldTable* table) {
           "  expect(" + setter->name + "(object, " + argumentsOf(type, field, *setter) + "));\n";
       if (field.kind == JXFieldKind::Items) {
         // Two items, because an append appends; the base may have appended some before.
-        std::cout << "  expect(jx_object_set_absent(object, " << type.name << "_" << field.property
+        std::cout << "  expect(jx_object_set_null(object, " << type.name << "_" << field.property
                   << "));\n"
                   << call;
       }

@@ -21,7 +21,7 @@ std::string nines(std::size_t count) { return std::string(count, '9'); }
 
 TEST(JXDecimal, NothingIsZero) {
   EXPECT_EQ(JXDecimal().toString(), "0");
-  EXPECT_FALSE(JXDecimal().isNotANumber());
+  EXPECT_FALSE(JXDecimal().isNaN());
 }
 
 TEST(JXDecimal, KeepsTheDigitsAndTheScaleOfAText) {
@@ -120,16 +120,16 @@ TEST(JXDecimal, TheLargestAndTheSmallestPowersOfTenFit) {
 }
 
 TEST(JXDecimal, AMagnitudeThatDoesNotFitIsNotANumber) {
-  EXPECT_TRUE(JXDecimal::fromString(nines(38) + "e128").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("-" + nines(38) + "e128").isNotANumber());
+  EXPECT_TRUE(JXDecimal::fromString(nines(38) + "e128").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("-" + nines(38) + "e128").isNaN());
   // Rounds up to 1e166.
-  EXPECT_TRUE(JXDecimal::fromString(nines(39) + "e127").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("1e165").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("1" + zeros(165)).isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("1e-130").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("0." + zeros(400) + "1").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("1e99999999999999999999").isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString("1e-99999999999999999999").isNotANumber());
+  EXPECT_TRUE(JXDecimal::fromString(nines(39) + "e127").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("1e165").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("1" + zeros(165)).isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("1e-130").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("0." + zeros(400) + "1").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("1e99999999999999999999").isNaN());
+  EXPECT_TRUE(JXDecimal::fromString("1e-99999999999999999999").isNaN());
 }
 
 TEST(JXDecimal, APowerOfTenThatIsTooLargeMayStandInTheDigits) {
@@ -156,20 +156,20 @@ TEST(JXDecimal, ATextThatIsNoNumberIsNotANumber) {
                             "1e1.5",        "NaN",   "nan", "inf", "Infinity", "1_000", "1\n",
                             "\xEF\xBC\x91", "1e--1", "1d",  "1f"};
   for (const JXString& text : texts) {
-    EXPECT_TRUE(JXDecimal::fromString(text).isNotANumber()) << text;
+    EXPECT_TRUE(JXDecimal::fromString(text).isNaN()) << text;
     EXPECT_EQ(printed(text), "NaN") << text;
   }
 }
 
 TEST(JXDecimal, AnEmbeddedNulIsNoPartOfANumber) {
-  EXPECT_TRUE(JXDecimal::fromString(std::string("1\0", 2)).isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString(std::string("1\0002", 3)).isNotANumber());
-  EXPECT_TRUE(JXDecimal::fromString(std::string("\0", 1)).isNotANumber());
+  EXPECT_TRUE(JXDecimal::fromString(std::string("1\0", 2)).isNaN());
+  EXPECT_TRUE(JXDecimal::fromString(std::string("1\0002", 3)).isNaN());
+  EXPECT_TRUE(JXDecimal::fromString(std::string("\0", 1)).isNaN());
 }
 
 TEST(JXDecimal, AVeryLongTextIsRead) {
   EXPECT_EQ(printed("0." + std::string(1'000'000, '3')), "0." + std::string(38, '3'));
-  EXPECT_TRUE(JXDecimal::fromString(std::string(1'000'000, '3')).isNotANumber());
+  EXPECT_TRUE(JXDecimal::fromString(std::string(1'000'000, '3')).isNaN());
 }
 
 TEST(JXDecimal, TakesEveryIntegerExactly) {
@@ -207,8 +207,8 @@ TEST(JXDecimal, EqualInValueWhateverTheScale) {
 }
 
 TEST(JXDecimal, NotANumberEqualsNothing) {
-  const JXDecimal nan = JXDecimal::notANumber();
-  EXPECT_TRUE(nan.isNotANumber());
+  const JXDecimal nan = JXDecimal::nan();
+  EXPECT_TRUE(nan.isNaN());
   EXPECT_FALSE(nan == nan);
   EXPECT_TRUE(nan != JXDecimal(0));
   EXPECT_TRUE(JXDecimal(0) != nan);
@@ -216,7 +216,7 @@ TEST(JXDecimal, NotANumberEqualsNothing) {
 
 TEST(JXDecimal, PrintsItselfIntoAStream) {
   std::ostringstream out;
-  out << JXDecimal::fromString("-1.50") << " " << JXDecimal::notANumber();
+  out << JXDecimal::fromString("-1.50") << " " << JXDecimal::nan();
   EXPECT_EQ(out.str(), "-1.50 NaN");
 }
 

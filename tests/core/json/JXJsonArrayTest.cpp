@@ -19,7 +19,7 @@ TEST(JXJsonArray, KeepsValuesInOrder) {
   array.append(false);
   ASSERT_EQ(array.size(), 4U);
   EXPECT_EQ(array.at(0).string(), JXString("a"));
-  EXPECT_EQ(array.at(1).numberText(), JXString("2"));
+  EXPECT_EQ(array.at(1).numberString(), JXString("2"));
   EXPECT_EQ(array.at(2).kind(), JXJsonValue::Kind::Null);
   EXPECT_EQ(array.at(3).kind(), JXJsonValue::Kind::Bool);
   std::string kinds;
@@ -32,7 +32,7 @@ TEST(JXJsonArray, AnAbsentValueIsLeftOut) {
   JXJsonArray array;
   array.append(JXJsonValue());
   array.append(JXString());
-  array.append(JXDecimal::notANumber());
+  array.append(JXDecimal::nan());
   EXPECT_EQ(array.size(), 0U);
 }
 

@@ -74,7 +74,7 @@ TEST(JXJsonObject, AKeyThatIsRemovedAndSetAgainComesLast) {
   JXJsonObject object;
   object.set("a", 1);
   object.set("b", 2);
-  EXPECT_EQ(object.remove("a").numberText(), JXString("1"));
+  EXPECT_EQ(object.remove("a").numberString(), JXString("1"));
   EXPECT_FALSE(object.contains("a"));
   object.set("a", 3);
   EXPECT_EQ(keysOf(object), "b a ");
@@ -108,9 +108,9 @@ TEST(JXJsonObject, AnyBytesMakeAKey) {
   object.set(std::string("a\0b", 3), 2);
   object.set("a", 3);
   EXPECT_EQ(object.size(), 3U);
-  EXPECT_EQ(object.get("").numberText(), JXString("1"));
-  EXPECT_EQ(object.get(std::string("a\0b", 3)).numberText(), JXString("2"));
-  EXPECT_EQ(object.get("a").numberText(), JXString("3"));
+  EXPECT_EQ(object.get("").numberString(), JXString("1"));
+  EXPECT_EQ(object.get(std::string("a\0b", 3)).numberString(), JXString("2"));
+  EXPECT_EQ(object.get("a").numberString(), JXString("3"));
 }
 
 TEST(JXJsonObject, AMutableCopyCopiesOneLevel) {
@@ -155,7 +155,7 @@ TEST(JXJsonObject, TenThousandKeysKeepTheirOrderAndAreAllFound) {
   for (int i = 0; i < 10'000; ++i) {
     const std::string key = "key" + std::to_string(i);
     ASSERT_EQ(object.entries()[static_cast<std::size_t>(i)].key, JXString(key));
-    ASSERT_EQ(object.get(key).numberText(), JXString(std::to_string(i % 2 == 0 ? -i : i)));
+    ASSERT_EQ(object.get(key).numberString(), JXString(std::to_string(i % 2 == 0 ? -i : i)));
   }
   EXPECT_FALSE(object.contains("key10000"));
 }
@@ -166,7 +166,7 @@ TEST(JXJsonObject, ManyKeysAreFoundAfterOthersWereRemoved) {
     object.set("key" + std::to_string(i), i);
   for (int i = 0; i < 1'000; ++i) {
     if (i % 10 == 0) continue;
-    EXPECT_EQ(object.remove("key" + std::to_string(i)).numberText(), JXString(std::to_string(i)));
+    EXPECT_EQ(object.remove("key" + std::to_string(i)).numberString(), JXString(std::to_string(i)));
   }
   ASSERT_EQ(object.size(), 100U);
   for (int i = 0; i < 1'000; ++i) {
@@ -179,7 +179,7 @@ TEST(JXJsonObject, ManyKeysAreFoundAfterOthersWereRemoved) {
   EXPECT_EQ(object.size(), 0U);
   for (int i = 0; i < 200; ++i)
     object.set("new" + std::to_string(i), i);
-  EXPECT_EQ(object.get("new199").numberText(), JXString("199"));
+  EXPECT_EQ(object.get("new199").numberString(), JXString("199"));
   EXPECT_FALSE(object.contains("key0"));
 }
 
@@ -190,9 +190,9 @@ TEST(JXJsonObject, ACopyOfALargeObjectFindsItsOwnKeys) {
   JXJsonObject copy = object.mutableCopy();
   copy.remove("key0");
   copy.set("key499", "changed");
-  EXPECT_EQ(object.get("key0").numberText(), JXString("0"));
-  EXPECT_EQ(object.get("key499").numberText(), JXString("499"));
-  EXPECT_EQ(copy.get("key1").numberText(), JXString("1"));
+  EXPECT_EQ(object.get("key0").numberString(), JXString("0"));
+  EXPECT_EQ(object.get("key499").numberString(), JXString("499"));
+  EXPECT_EQ(copy.get("key1").numberString(), JXString("1"));
 }
 
 TEST(JXJsonObject, AKeyMayComeFromTheObjectItself) {
@@ -202,7 +202,7 @@ TEST(JXJsonObject, AKeyMayComeFromTheObjectItself) {
     object.set(std::string(object.entries()[0].key.view()) + std::to_string(i), i);
   }
   object.set(object.entries()[0].key.view(), object.entries()[5].value);
-  EXPECT_EQ(object.get("first key, too long to be held in place").numberText(), JXString("4"));
+  EXPECT_EQ(object.get("first key, too long to be held in place").numberString(), JXString("4"));
   EXPECT_TRUE(object.remove(object.entries()[0].key.view()).isPresent());
   EXPECT_EQ(object.size(), 100U);
 }
@@ -272,7 +272,7 @@ TEST(JXJsonObject, ReplacingRemovingAndClearingADeeplyNestedValueIsSafe) {
   JXJsonObject object;
   object.set("a", deeplyNested());
   object.set("a", 1);
-  EXPECT_EQ(object.get("a").numberText(), JXString("1"));
+  EXPECT_EQ(object.get("a").numberString(), JXString("1"));
   object.set("a", deeplyNested());
   object.remove("a");
   EXPECT_FALSE(object.contains("a"));

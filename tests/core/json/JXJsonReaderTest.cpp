@@ -17,7 +17,7 @@ using Kind = JXJsonValue::Kind;
 JXString number(std::string_view text) {
   const JXJsonReading reading = JXJsonReader::read(text);
   EXPECT_EQ(reading.error, "") << text;
-  return reading.value.numberText();
+  return reading.value.numberString();
 }
 
 void expectRefused(std::string_view text) {
@@ -35,7 +35,7 @@ TEST(JXJsonReader, ReadsEveryKindOfValue) {
   const JXJsonObject object = reading.value.object();
   EXPECT_EQ(object.size(), 7U);
   EXPECT_EQ(object.get("s").string(), JXString("text"));
-  EXPECT_EQ(object.get("n").numberText(), JXString("-1.50"));
+  EXPECT_EQ(object.get("n").numberString(), JXString("-1.50"));
   EXPECT_TRUE(object.get("t").boolValue());
   EXPECT_EQ(object.get("f").kind(), Kind::Bool);
   EXPECT_EQ(object.get("z").kind(), Kind::Null);
@@ -81,16 +81,16 @@ TEST(JXJsonReader, ANumberThatAnExponentMakesTooLongIsRefused) {
 TEST(JXJsonReader, NumbersInObjectsAndArraysAreExactToo) {
   const JXJsonReading reading = JXJsonReader::read("{\"a\":[1e400,0.10],\"b\":1e-400}");
   ASSERT_EQ(reading.error, "");
-  EXPECT_EQ(reading.value.object().get("a").array().at(0).numberText(),
+  EXPECT_EQ(reading.value.object().get("a").array().at(0).numberString(),
             JXString("1" + std::string(400, '0')));
-  EXPECT_EQ(reading.value.object().get("a").array().at(1).numberText(), JXString("0.10"));
+  EXPECT_EQ(reading.value.object().get("a").array().at(1).numberString(), JXString("0.10"));
 }
 
 TEST(JXJsonReader, AKeyThatStandsTwiceHoldsItsLaterValue) {
   const JXJsonObject object = JXJsonReader::read(R"({"a":1,"b":2,"a":{"c":3}})").value.object();
   EXPECT_EQ(object.size(), 2U);
   EXPECT_EQ(object.entries()[0].key, JXString("a"));
-  EXPECT_EQ(object.get("a").object().get("c").numberText(), JXString("3"));
+  EXPECT_EQ(object.get("a").object().get("c").numberString(), JXString("3"));
 }
 
 TEST(JXJsonReader, EscapesBecomeTheirCharacters) {
@@ -99,7 +99,7 @@ TEST(JXJsonReader, EscapesBecomeTheirCharacters) {
   EXPECT_EQ(JXJsonReader::read(R"("\ud83d\udcfa")").value.string(), JXString("\xF0\x9F\x93\xBA"));
   EXPECT_EQ(JXJsonReader::read(R"("a\u0000b")").value.string(), JXString(std::string("a\0b", 3)));
   const JXJsonObject object = JXJsonReader::read(R"({"k\u0000":1})").value.object();
-  EXPECT_EQ(object.get(std::string("k\0", 2)).numberText(), JXString("1"));
+  EXPECT_EQ(object.get(std::string("k\0", 2)).numberString(), JXString("1"));
 }
 
 TEST(JXJsonReader, AnEscapedHalfOfASurrogatePairIsRefused) {

@@ -24,8 +24,8 @@ testing::AssertionResult same(const JXJsonValue& a, const JXJsonValue& b) {
   if (a.boolValue() != b.boolValue()) return testing::AssertionFailure() << "booleans differ";
   if (a.string() != b.string())
     return testing::AssertionFailure() << a.string() << " is not " << b.string();
-  if (a.numberText() != b.numberText())
-    return testing::AssertionFailure() << a.numberText() << " is not " << b.numberText();
+  if (a.numberString() != b.numberString())
+    return testing::AssertionFailure() << a.numberString() << " is not " << b.numberString();
   if (a.array().size() != b.array().size() || a.object().size() != b.object().size())
     return testing::AssertionFailure() << "sizes differ";
   for (std::size_t i = 0; i < a.array().size(); ++i) {
@@ -64,7 +64,7 @@ class Generator {
         return below(2) == 0;
       case 2:
       case 3:
-        return JXJsonValue::numberFromText(number());
+        return JXJsonValue::numberFromString(number());
       case 4:
         return text();
       case 5:

@@ -28,13 +28,13 @@ TEST(JXJsonValue, WhatIsAbsentElsewhereIsAbsentHere) {
   EXPECT_FALSE(JXJsonValue(JXString()).isPresent());
   EXPECT_FALSE(JXJsonValue(JXJsonObject(nullptr)).isPresent());
   EXPECT_FALSE(JXJsonValue(JXJsonArray(nullptr)).isPresent());
-  EXPECT_FALSE(JXJsonValue(JXDecimal::notANumber()).isPresent());
+  EXPECT_FALSE(JXJsonValue(JXDecimal::nan()).isPresent());
 }
 
 TEST(JXJsonValue, EmptyAndZeroAndFalseArePresent) {
   EXPECT_EQ(JXJsonValue("").kind(), Kind::String);
   EXPECT_EQ(JXJsonValue("").string(), JXString(""));
-  EXPECT_EQ(JXJsonValue(0).numberText(), JXString("0"));
+  EXPECT_EQ(JXJsonValue(0).numberString(), JXString("0"));
   EXPECT_EQ(JXJsonValue(false).kind(), Kind::Bool);
   EXPECT_EQ(JXJsonValue(JXJsonObject()).kind(), Kind::Object);
   EXPECT_EQ(JXJsonValue(JXJsonArray()).kind(), Kind::Array);
@@ -55,44 +55,44 @@ TEST(JXJsonValue, APointerIsNoTruthValue) {
 }
 
 TEST(JXJsonValue, IntegersAreNumbersToTheLastDigit) {
-  EXPECT_EQ(JXJsonValue(INT64_MIN).numberText(), JXString("-9223372036854775808"));
-  EXPECT_EQ(JXJsonValue(UINT64_MAX).numberText(), JXString("18446744073709551615"));
-  EXPECT_EQ(JXJsonValue(JXDecimal::fromString("12.50")).numberText(), JXString("12.50"));
+  EXPECT_EQ(JXJsonValue(INT64_MIN).numberString(), JXString("-9223372036854775808"));
+  EXPECT_EQ(JXJsonValue(UINT64_MAX).numberString(), JXString("18446744073709551615"));
+  EXPECT_EQ(JXJsonValue(JXDecimal::fromString("12.50")).numberString(), JXString("12.50"));
 }
 
 TEST(JXJsonValue, ANumberFromTextKeepsEveryDigit) {
   const char* digits = "123456789012345678901234567890123456789012345.67890";
-  EXPECT_EQ(JXJsonValue::numberFromText(digits).numberText(), JXString(digits));
-  EXPECT_EQ(JXJsonValue::numberFromText("12.50").numberText(), JXString("12.50"));
-  EXPECT_EQ(JXJsonValue::numberFromText("+007").numberText(), JXString("7"));
-  EXPECT_EQ(JXJsonValue::numberFromText("-007.0").numberText(), JXString("-7.0"));
-  EXPECT_EQ(JXJsonValue::numberFromText(".5").numberText(), JXString("0.5"));
-  EXPECT_EQ(JXJsonValue::numberFromText("5.").numberText(), JXString("5"));
-  EXPECT_EQ(JXJsonValue::numberFromText("-0").numberText(), JXString("-0"));
-  EXPECT_EQ(JXJsonValue::numberFromText("1.50e1").numberText(), JXString("15.0"));
-  EXPECT_EQ(JXJsonValue::numberFromText("1e-3").numberText(), JXString("0.001"));
-  EXPECT_EQ(JXJsonValue::numberFromText("00e3").numberText(), JXString("0"));
+  EXPECT_EQ(JXJsonValue::numberFromString(digits).numberString(), JXString(digits));
+  EXPECT_EQ(JXJsonValue::numberFromString("12.50").numberString(), JXString("12.50"));
+  EXPECT_EQ(JXJsonValue::numberFromString("+007").numberString(), JXString("7"));
+  EXPECT_EQ(JXJsonValue::numberFromString("-007.0").numberString(), JXString("-7.0"));
+  EXPECT_EQ(JXJsonValue::numberFromString(".5").numberString(), JXString("0.5"));
+  EXPECT_EQ(JXJsonValue::numberFromString("5.").numberString(), JXString("5"));
+  EXPECT_EQ(JXJsonValue::numberFromString("-0").numberString(), JXString("-0"));
+  EXPECT_EQ(JXJsonValue::numberFromString("1.50e1").numberString(), JXString("15.0"));
+  EXPECT_EQ(JXJsonValue::numberFromString("1e-3").numberString(), JXString("0.001"));
+  EXPECT_EQ(JXJsonValue::numberFromString("00e3").numberString(), JXString("0"));
 }
 
 TEST(JXJsonValue, ATextThatIsNoNumberGivesAnAbsentOne) {
   const JXString texts[] = {
       nullptr, "", "12a", "1,5", " 1", "1 ", "NaN", "-", std::string("1\0", 2)};
   for (const JXString& text : texts)
-    EXPECT_FALSE(JXJsonValue::numberFromText(text).isPresent());
+    EXPECT_FALSE(JXJsonValue::numberFromString(text).isPresent());
 }
 
 TEST(JXJsonValue, AnExponentMayNotMakeANumberEndless) {
-  EXPECT_TRUE(JXJsonValue::numberFromText("1e4000").isPresent());
-  EXPECT_FALSE(JXJsonValue::numberFromText("1e5000").isPresent());
-  EXPECT_FALSE(JXJsonValue::numberFromText("1e-5000").isPresent());
-  EXPECT_FALSE(JXJsonValue::numberFromText("1e999999999999").isPresent());
+  EXPECT_TRUE(JXJsonValue::numberFromString("1e4000").isPresent());
+  EXPECT_FALSE(JXJsonValue::numberFromString("1e5000").isPresent());
+  EXPECT_FALSE(JXJsonValue::numberFromString("1e-5000").isPresent());
+  EXPECT_FALSE(JXJsonValue::numberFromString("1e999999999999").isPresent());
 }
 
 TEST(JXJsonValue, AskingForAnotherKindGivesNothing) {
   const JXJsonValue text("12");
   EXPECT_FALSE(text.boolValue());
-  EXPECT_FALSE(text.numberText().isPresent());
-  EXPECT_TRUE(text.decimal().isNotANumber());
+  EXPECT_FALSE(text.numberString().isPresent());
+  EXPECT_TRUE(text.decimal().isNaN());
   EXPECT_FALSE(text.object().isPresent());
   EXPECT_FALSE(text.array().isPresent());
   EXPECT_FALSE(JXJsonValue(12).string().isPresent());

@@ -142,8 +142,8 @@ TEST(JXJsonWriter, ReplacesWhatIsNoUtf8) {
 
 TEST(JXJsonWriter, WritesNumbersDigitForDigit) {
   JXJsonObject object;
-  object.set("a", JXJsonValue::numberFromText("12.50"));
-  object.set("b", JXJsonValue::numberFromText("123456789012345678901234567890.10"));
+  object.set("a", JXJsonValue::numberFromString("12.50"));
+  object.set("b", JXJsonValue::numberFromString("123456789012345678901234567890.10"));
   object.set("c", JXDecimal::fromString("1e20"));
   object.set("d", JXDecimal::fromString("-0.000001"));
   EXPECT_EQ(compact(object),

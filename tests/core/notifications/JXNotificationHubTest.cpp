@@ -127,34 +127,34 @@ TEST_F(JXNotificationHubTest, OtherNotificationsAreNoRequests) {
 
 TEST_F(JXNotificationHubTest, StoppingHoldsRequestsAndEnablingLetsThemGo) {
   const auto sender = senderOnHosts();
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
   sender->send({kJXNotification_StoppingTheServerSide});
-  EXPECT_TRUE(manager().counters().holding);
+  EXPECT_TRUE(manager().counters().paused);
   sender->send(request());
   EXPECT_EQ(queued(), 1U);
   sender->send({kJXNotification_EnablingTheServerSide});
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
   EXPECT_EQ(queued(), 1U);
 }
 
 TEST_F(JXNotificationHubTest, AConsentModuleOnTheDefaultCentreStopsAndEnablesToo) {
   const auto& center = JXNotificationCenter::defaultCenter();
   center->postNotification({kJXNotification_StoppingTheServerSide});
-  EXPECT_TRUE(manager().counters().holding);
+  EXPECT_TRUE(manager().counters().paused);
   center->postNotification({kJXNotification_EnablingTheServerSide});
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
 }
 
 TEST_F(JXNotificationHubTest, TheManagersStateDecidesWhatStoppingMeans) {
   manager().setManagerState(1);
   EXPECT_EQ(manager().managerState(), 1);
   senderOnHosts()->send({kJXNotification_StoppingTheServerSide});
-  EXPECT_FALSE(manager().counters().holding) << "always enabled";
+  EXPECT_FALSE(manager().counters().paused) << "always enabled";
   manager().setManagerState(2);
   EXPECT_EQ(manager().managerState(), 2);
-  EXPECT_TRUE(manager().counters().holding) << "disabled by default";
+  EXPECT_TRUE(manager().counters().paused) << "disabled by default";
   senderOnHosts()->send({kJXNotification_EnablingTheServerSide});
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
   manager().setManagerState(7);
   EXPECT_EQ(manager().managerState(), 0);
 }
@@ -162,21 +162,21 @@ TEST_F(JXNotificationHubTest, TheManagersStateDecidesWhatStoppingMeans) {
 TEST_F(JXNotificationHubTest, TheBackgroundHoldsRequestsUntilTheForeground) {
   const auto sender = JXEventSender::init();
   sender->send({kJXNotification_OnBackground});
-  EXPECT_TRUE(manager().counters().holding);
+  EXPECT_TRUE(manager().counters().paused);
   sender->send(request());
   EXPECT_EQ(queued(), 1U);
   senderOnHosts()->send({kJXNotification_OnForeground});
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
   sender->send({kJXNotification_OnBackground});
   manager().enableRunningInBackground();
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
 }
 
 TEST_F(JXNotificationHubTest, AListenerSeesTheManagersStateAfterTheChange) {
   test::JXListening listening;
   listening.listenerDelegate()->listen(kJXNotification_StoppingTheServerSide);
   bool wasHolding = false;
-  listening.reaction = [&](const JXNotification&) { wasHolding = manager().counters().holding; };
+  listening.reaction = [&](const JXNotification&) { wasHolding = manager().counters().paused; };
   JXEventSender::init()->send({kJXNotification_StoppingTheServerSide});
   EXPECT_TRUE(wasHolding);
 }
@@ -201,12 +201,12 @@ TEST_F(JXNotificationHubTest, TheUserAgentIsStoredAndToldWhenItIsKnown) {
   };
   platform_->userAgentAnswersLater = true;
   manager().waitForUserAgent();
-  EXPECT_TRUE(manager().counters().holding);
+  EXPECT_TRUE(manager().counters().paused);
   EXPECT_EQ(listening.heard(), "");
   EXPECT_EQ(platform_->answerUserAgent("Agent/2.0"), 1);
   EXPECT_EQ(told, JXString("Agent/2.0"));
   EXPECT_EQ(stored, JXString("Agent/2.0"));
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
 }
 
 TEST_F(JXNotificationHubTest, WithoutAUserAgentNothingIsToldAndNothingHeld) {
@@ -214,7 +214,7 @@ TEST_F(JXNotificationHubTest, WithoutAUserAgentNothingIsToldAndNothingHeld) {
   listening.listenerDelegate()->listen(kJXNotification_UserAgentAvailable);
   platform_->userAgent = nullptr;
   manager().waitForUserAgent();
-  EXPECT_FALSE(manager().counters().holding);
+  EXPECT_FALSE(manager().counters().paused);
   EXPECT_EQ(listening.heard(), "");
 }
 

@@ -13,17 +13,17 @@ TEST(Folder, HoldsANameWithAnEndingOnlyWhenThereIsOne) {
   const TemporaryFolder folder;
   const std::string path = folder.file("outbox");
   ASSERT_EQ(makeFolder(path), 0);
-  EXPECT_FALSE(mayHoldNameWith(path, ".purge"));
+  EXPECT_FALSE(mayContainFileWithSuffix(path, ".purge"));
   writeFile(path + "/purge", "");
   writeFile(path + "/segment.purge.17", "");
-  EXPECT_FALSE(mayHoldNameWith(path, ".purge"));
+  EXPECT_FALSE(mayContainFileWithSuffix(path, ".purge"));
   writeFile(path + "/segment.purge", "");
-  EXPECT_TRUE(mayHoldNameWith(path, ".purge"));
+  EXPECT_TRUE(mayContainFileWithSuffix(path, ".purge"));
 }
 
 TEST(Folder, ThatCannotBeReadMayHoldAnything) {
   const TemporaryFolder folder;
-  EXPECT_TRUE(mayHoldNameWith(folder.file("missing"), ".purge"));
+  EXPECT_TRUE(mayContainFileWithSuffix(folder.file("missing"), ".purge"));
 }
 
 }  // namespace

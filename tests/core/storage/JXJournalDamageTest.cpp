@@ -63,7 +63,7 @@ class JournalDamage : public ::testing::Test {
         journal.recover(JXJournal::Writers::Several,
                         [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
     EXPECT_EQ(recovery.error, 0);
-    EXPECT_FALSE(recovery.setAside);
+    EXPECT_FALSE(recovery.quarantined);
     const std::string_view part = "after";
     EXPECT_EQ(journal.append(&part, 1, nullptr), 0);
     EXPECT_EQ(contentOf(path_).substr(0, content.size()), content);

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "jx/core/storage/JXSetAside.h"
+#include "jx/core/storage/JXQuarantine.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
 #include "tests/support/JXFailingDisk.h"
 
@@ -63,7 +63,7 @@ TEST(Journal, FramesComeBackInOrder) {
   const Opened again = openJournal(path);
   EXPECT_EQ(again.texts, (Texts{"one", "", std::string(200'000, 'x')}));
   EXPECT_EQ(again.recovery.error, 0);
-  EXPECT_FALSE(again.recovery.setAside);
+  EXPECT_FALSE(again.recovery.quarantined);
 }
 
 TEST(Journal, APayloadInPartsIsOneFrame) {
@@ -109,7 +109,7 @@ TEST(Journal, AForeignFileIsSetAsideWholeAndTheJournalGoesOn) {
   writeFile(path, "{\"not\": \"ours\"}\n");
   Opened opened = openJournal(path);
   EXPECT_TRUE(opened.texts.empty());
-  EXPECT_TRUE(opened.recovery.setAside);
+  EXPECT_TRUE(opened.recovery.quarantined);
   EXPECT_EQ(contentOf(path + ".damaged-0"), "{\"not\": \"ours\"}\n");
   append(opened.journal, "one");
   EXPECT_EQ(openJournal(path).texts, Texts{"one"});
@@ -123,7 +123,7 @@ TEST(Journal, ATornLastFrameIsSetAsideAndCutOff) {
   writeFile(path, whole + whole.substr(8, 10));
   Opened opened = openJournal(path);
   EXPECT_EQ(opened.texts, Texts{"one"});
-  EXPECT_TRUE(opened.recovery.setAside);
+  EXPECT_TRUE(opened.recovery.quarantined);
   EXPECT_EQ(contentOf(path), whole);
   EXPECT_EQ(contentOf(path + ".damaged-" + std::to_string(whole.size())), whole.substr(8, 10));
   append(opened.journal, "two");

@@ -129,7 +129,7 @@ TEST_F(OutboxBoundsRule, ARequestInFlightMayBeDroppedAndItsSettlingIsIgnored) {
   const std::uint64_t a = outbox->take()->id;
   add(*outbox, "b");
   add(*outbox, "c");
-  outbox->settleDelivered(a);
+  outbox->markDelivered(a);
   EXPECT_EQ(outbox->counters().droppedTooMany, 1u);
   EXPECT_EQ(outbox->counters().delivered, 0u);
   EXPECT_EQ(outbox->counters().queued, 2u);

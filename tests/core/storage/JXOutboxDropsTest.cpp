@@ -12,7 +12,7 @@
 namespace jx {
 namespace {
 
-using Reason = JXDropReason;
+using Diagnostic = JXDropReason;
 
 class OutboxDrops : public OutboxTest {
  protected:
@@ -23,7 +23,7 @@ class OutboxDrops : public OutboxTest {
   }
 
   // All that were dropped, as bodies, after a check that one reason dropped them.
-  static Bodies dropped(JXOutbox& outbox, Reason reason) {
+  static Bodies dropped(JXOutbox& outbox, Diagnostic reason) {
     Bodies bodies;
     for (auto drops = outbox.takeDropped(); !drops.empty(); drops = outbox.takeDropped()) {
       for (const JXOutboxDrop& drop : drops) {
@@ -41,8 +41,8 @@ TEST_F(OutboxDrops, AreToldOldestFirstAndOnce) {
   const auto outbox = openRemembering(bounds);
   for (const char* body : {"a", "b", "c", "d"})
     add(*outbox, body);
-  EXPECT_EQ(dropped(*outbox, Reason::TooMany), (Bodies{"a", "b"}));
-  EXPECT_EQ(dropped(*outbox, Reason::TooMany), Bodies{});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany), (Bodies{"a", "b"}));
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany), Bodies{});
 }
 
 TEST_F(OutboxDrops, NameTheirReason) {
@@ -51,14 +51,14 @@ TEST_F(OutboxDrops, NameTheirReason) {
   const auto outbox = openRemembering(bounds);
   add(*outbox, "aa");
   add(*outbox, "bb");
-  EXPECT_EQ(dropped(*outbox, Reason::TooLarge), Bodies{"aa"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooLarge), Bodies{"aa"});
   add(*outbox, "too large alone");
-  EXPECT_EQ(dropped(*outbox, Reason::TooLarge), Bodies{"too large alone"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooLarge), Bodies{"too large alone"});
   clock_->advance(30 * kDayMs + 1);
   add(*outbox, "cc");
-  EXPECT_EQ(dropped(*outbox, Reason::TooOld), Bodies{"bb"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooOld), Bodies{"bb"});
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{"cc"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{"cc"});
 }
 
 TEST_F(OutboxDrops, OfMemoryKeepTheirBodies) {
@@ -68,9 +68,9 @@ TEST_F(OutboxDrops, OfMemoryKeepTheirBodies) {
   const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
   add(*outbox, "a");
   add(*outbox, "b");
-  EXPECT_EQ(dropped(*outbox, Reason::NoStorage), Bodies{"a"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::NoStorage), Bodies{"a"});
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{"b"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{"b"});
 }
 
 TEST_F(OutboxDrops, WithoutMemoryTellWhatTheDiskRefused) {
@@ -79,7 +79,7 @@ TEST_F(OutboxDrops, WithoutMemoryTellWhatTheDiskRefused) {
   const auto outbox = openRemembering(bounds);
   const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
   add(*outbox, "a");
-  EXPECT_EQ(dropped(*outbox, Reason::NoStorage), Bodies{"a"});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::NoStorage), Bodies{"a"});
 }
 
 TEST_F(OutboxDrops, AreReadableAfterTheirFilesWereDeleted) {
@@ -88,7 +88,7 @@ TEST_F(OutboxDrops, AreReadableAfterTheirFilesWereDeleted) {
     add(*outbox, std::to_string(i));
   outbox->purge();
   EXPECT_EQ(segments(), 0u);
-  const Bodies bodies = dropped(*outbox, Reason::Purged);
+  const Bodies bodies = dropped(*outbox, Diagnostic::Purged);
   ASSERT_EQ(bodies.size(), 100u);
   EXPECT_EQ(bodies.front(), "0");
   EXPECT_EQ(bodies.back(), "99");
@@ -103,7 +103,7 @@ TEST_F(OutboxDrops, TellDamageWithoutABody) {
       .seekp(static_cast<std::streamoff>(contentOf(file).find("first")))
       .put('F');
   EXPECT_EQ(takeAll(*outbox), Bodies{"second"});
-  EXPECT_EQ(dropped(*outbox, Reason::Unreadable), Bodies{""});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::Unreadable), Bodies{""});
   EXPECT_EQ(outbox->counters().droppedUnreadable, 1u);
   EXPECT_EQ(outbox->counters().queued, 1u);
 }
@@ -115,18 +115,18 @@ TEST_F(OutboxDrops, AreBoundedInNumberAndInMemory) {
   for (int i = 0; i < 10'003; ++i)
     add(*outbox, std::to_string(i));
   EXPECT_EQ(outbox->counters().droppedTooMany, 10'002u);
-  EXPECT_EQ(dropped(*outbox, Reason::TooMany).size(), 10'000u);
+  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany).size(), 10'000u);
 
   JXOutboxDrops drops;
   drops.startRemembering();
   const std::string large(5u * 1024 * 1024, 'x');
-  drops.note(Reason::NoStorage, large);
-  drops.note(Reason::NoStorage, large);
+  drops.note(Diagnostic::NoStorage, large);
+  drops.note(Diagnostic::NoStorage, large);
   const auto taken = drops.take(10);
   ASSERT_EQ(taken.size(), 2u);
   EXPECT_EQ(taken[0].body.size(), large.size());
   EXPECT_EQ(taken[1].body, "");
-  drops.note(Reason::NoStorage, large);
+  drops.note(Diagnostic::NoStorage, large);
   EXPECT_EQ(drops.take(1)[0].body.size(), large.size());
 }
 
@@ -134,7 +134,7 @@ TEST_F(OutboxDrops, AreNotRememberedUnlessAsked) {
   const auto outbox = open();
   add(*outbox, "a");
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{});
+  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{});
 }
 
 TEST_F(OutboxDrops, SettlingWhatWasDroppedSaysSo) {
@@ -144,11 +144,11 @@ TEST_F(OutboxDrops, SettlingWhatWasDroppedSaysSo) {
   add(*outbox, "a");
   const auto first = outbox->take();
   add(*outbox, "b");
-  EXPECT_FALSE(outbox->settleDelivered(first->id));
-  EXPECT_FALSE(outbox->settleRejected(first->id, 400));
+  EXPECT_FALSE(outbox->markDelivered(first->id));
+  EXPECT_FALSE(outbox->moveToDeadLetters(first->id, 400));
   const auto second = outbox->take();
-  EXPECT_TRUE(outbox->settleDelivered(second->id));
-  EXPECT_FALSE(outbox->settleDelivered(second->id));
+  EXPECT_TRUE(outbox->markDelivered(second->id));
+  EXPECT_FALSE(outbox->markDelivered(second->id));
 }
 
 }  // namespace

@@ -32,16 +32,16 @@ class OutboxFault : public OutboxTest {
       if (outbox->add(kTestUrl, body).has_value()) run.accepted.insert(body);
     }
     if (const auto request = outbox->take()) {
-      outbox->settleDelivered(request->id);
+      outbox->markDelivered(request->id);
       run.settled.insert(request->body);
     }
     outbox->sync();
     if (const auto request = outbox->take()) {
       if (run.rejected.empty()) {
-        outbox->settleRejected(request->id, 400);
+        outbox->moveToDeadLetters(request->id, 400);
         run.rejected = request->body;
       } else {
-        outbox->giveBack(request->id);
+        outbox->requeue(request->id);
       }
     }
     outbox->sync();
@@ -101,7 +101,7 @@ TEST_F(OutboxFault, ADiskThatIsFullFromAnyCallOnLosesNothingInTheProcess) {
     for (int i = 0; i < 6; ++i)
       add(*outbox, std::to_string(i));
     outbox->sync();
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
     calls = disk.calls();
     disk.heal();
     outbox->sync();
@@ -161,8 +161,8 @@ TEST_F(OutboxFault, RequestsInMemoryAreServedSettledAndPurged) {
   const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
   for (const char* body : {"a", "b", "c"})
     add(*outbox, body);
-  outbox->settleDelivered(outbox->take()->id);
-  outbox->settleRejected(outbox->take()->id, 400);
+  outbox->markDelivered(outbox->take()->id);
+  outbox->moveToDeadLetters(outbox->take()->id, 400);
   EXPECT_EQ(outbox->counters().queued, 1u);
   EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
   outbox->purge();

@@ -39,7 +39,7 @@ TEST_F(OutboxFiles, ASegmentGoesWithItsLastRequest) {
   for (const char* name : {"a", "b", "c", "d"})
     add(*outbox, big(name));
   for (int i = 0; i < 3; ++i)
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
   EXPECT_FALSE(fs::exists(segment(1)));
   EXPECT_TRUE(fs::exists(segment(2)));
   EXPECT_EQ(nameOf(outbox->take()->body), "d");
@@ -48,7 +48,7 @@ TEST_F(OutboxFiles, ASegmentGoesWithItsLastRequest) {
 TEST_F(OutboxFiles, TheSegmentBeingWrittenGoesOnceItIsFull) {
   const auto outbox = open();
   for (const char* name : {"a", "b", "c"})
-    outbox->settleDelivered(add(*outbox, big(name)));
+    outbox->markDelivered(add(*outbox, big(name)));
   EXPECT_EQ(segments(), 1u);
   add(*outbox, "d");
   EXPECT_FALSE(fs::exists(segment(1)));
@@ -58,7 +58,7 @@ TEST_F(OutboxFiles, TheSegmentBeingWrittenGoesOnceItIsFull) {
 TEST_F(OutboxFiles, AnEmptyQueueLeavesNoSegmentAtClose) {
   {
     const auto outbox = open();
-    outbox->settleDelivered(add(*outbox, "a"));
+    outbox->markDelivered(add(*outbox, "a"));
     EXPECT_EQ(segments(), 1u);
   }
   EXPECT_EQ(segments(), 0u);
@@ -156,7 +156,7 @@ TEST_F(OutboxFiles, DamageInTheMiddleLosesOneRequestAndNoSettling) {
     const auto outbox = open();
     for (const char* body : {"first", "second", "third", "fourth"})
       add(*outbox, body);
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
   }
   std::string content = contentOf(segment(1));
   content[content.find("third")] = 'T';
@@ -210,7 +210,7 @@ TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
   writeFile(segment(4), "");
   writeFile(box_ + "/dead", "rubbish");
   const auto outbox = open();
-  outbox->settleRejected(add(*outbox, "a"), 400);
+  outbox->moveToDeadLetters(add(*outbox, "a"), 400);
   add(*outbox, "b");
   EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
   EXPECT_EQ(dead(), Bodies{"a"});
@@ -219,12 +219,12 @@ TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
 
 TEST_F(OutboxFiles, DeadLettersWaitWhileAnotherWritesTheirFile) {
   const auto outbox = open();
-  outbox->settleRejected(add(*outbox, "a"), 400);
+  outbox->moveToDeadLetters(add(*outbox, "a"), 400);
   outbox->sync();
   int error = 0;
   JXFile other = JXFile::open(box_ + "/dead", JXFile::Access::AppendExisting, error);
   ASSERT_TRUE(other.tryLock(JXFile::Lock::Exclusive));
-  outbox->settleRejected(add(*outbox, "b"), 400);
+  outbox->moveToDeadLetters(add(*outbox, "b"), 400);
   EXPECT_EQ(dead(), Bodies{"a"});
   EXPECT_EQ(outbox->counters().rejected, 2u);
   EXPECT_EQ(outbox->counters().queued, 0u);
@@ -278,12 +278,12 @@ TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainBySync) {
     const auto outbox = open();
     for (int i = 0; i < 200; ++i)
       add(*outbox, std::to_string(i));
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
     const std::uint64_t one = outbox->take()->id;
     fs::remove_all(box_);
     outbox->sync();
     EXPECT_EQ(listed().size(), 199u);
-    outbox->settleDelivered(one);
+    outbox->markDelivered(one);
     EXPECT_EQ(listed().size(), 198u);
   }
   const auto outbox = open();
@@ -298,8 +298,8 @@ TEST_F(OutboxFiles, WhatARemovedFolderHeldIsDeliverableWithoutSync) {
   add(*outbox, "a");
   fs::remove_all(box_);
   EXPECT_EQ(outbox->take()->body, "a");
-  outbox->giveBack(1);
-  outbox->settleDelivered(outbox->take()->id);
+  outbox->requeue(1);
+  outbox->markDelivered(outbox->take()->id);
   EXPECT_EQ(outbox->counters().queued, 0u);
 }
 

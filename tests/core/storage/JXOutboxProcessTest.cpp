@@ -30,7 +30,7 @@ class OutboxProcess : public OutboxTest {
         const std::uint64_t id = add(*outbox, body);
         if (i % 3 == 2) {
           ChildProcess::writeLine(pipe, "-" + body);
-          outbox->settleDelivered(id);
+          outbox->markDelivered(id);
         } else {
           ChildProcess::writeLine(pipe, "+" + body);
         }
@@ -72,11 +72,11 @@ class OutboxProcess : public OutboxTest {
       flying.pop_front();
       if (i % 3 == 0) {
         ChildProcess::writeLine(pipe, "-" + request.body);
-        outbox.settleDelivered(request.id);
+        outbox.markDelivered(request.id);
       } else if (i % 3 == 1) {
-        outbox.settleRejected(request.id, 400);
+        outbox.moveToDeadLetters(request.id, 400);
       } else {
-        outbox.giveBack(request.id);
+        outbox.requeue(request.id);
       }
       if (i % 50 == 49) outbox.sync();
     }
@@ -87,7 +87,7 @@ class OutboxProcess : public OutboxTest {
     return std::make_unique<ChildProcess>([this](int pipe) {
       const auto outbox = open();
       while (const auto request = outbox->take()) {
-        outbox->settleDelivered(request->id);
+        outbox->markDelivered(request->id);
         ChildProcess::writeLine(pipe, request->body);
       }
       return 0;
@@ -185,7 +185,7 @@ TEST_F(OutboxProcess, AKilledProcessIsAdoptedWhileOthersRun) {
     const auto outbox = open();
     add(*outbox, "a");
     add(*outbox, "b");
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
     ChildProcess::writeLine(pipe, "ready");
     ::pause();
     return 0;
@@ -214,7 +214,8 @@ TEST_F(OutboxProcess, TwoProcessesKeepTheirDeadLettersInOneFile) {
       bounds.maxDeadLetters = 20;
       const auto outbox = open(bounds);
       for (int i = 0; i < 200; ++i) {
-        outbox->settleRejected(add(*outbox, std::to_string(each) + "/" + std::to_string(i)), 400);
+        outbox->moveToDeadLetters(add(*outbox, std::to_string(each) + "/" + std::to_string(i)),
+                                  400);
       }
       // One that the other kept from writing is written later.
       for (int i = 0; i < 1'000 && outbox->needsSync(); ++i)

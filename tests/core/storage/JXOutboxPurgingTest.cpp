@@ -27,7 +27,7 @@ TEST_F(OutboxPurging, DeletesWhatNobodyHolds) {
     for (const char* body : {"a", "b", "refused"})
       add(*outbox, body);
     const auto first = outbox->take();
-    outbox->settleRejected(first->id, 400);
+    outbox->moveToDeadLetters(first->id, 400);
   }
   writeFile(box_ + "/segment-0000000000000009.damaged-12", "torn");
   const JXOutboxPurge done = purge();
@@ -132,7 +132,7 @@ TEST_F(OutboxPurging, ARequestInFlightMayArriveAndIsNotCountedAsDelivered) {
   const auto request = outbox->take();
   purge();
   EXPECT_FALSE(outbox->take());
-  EXPECT_FALSE(outbox->settleDelivered(request->id));
+  EXPECT_FALSE(outbox->markDelivered(request->id));
   EXPECT_EQ(outbox->counters().purged, 1u);
   EXPECT_EQ(outbox->counters().delivered, 0u);
 }

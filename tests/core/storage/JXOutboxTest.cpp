@@ -37,7 +37,7 @@ TEST_F(Outbox, AnEmptyBodyAndAnEmptyUrlAreARequest) {
 TEST_F(Outbox, FilesAndFolderAreForTheirOwnerOnly) {
   const auto outbox = open();
   add(*outbox, "a");
-  outbox->settleRejected(outbox->take()->id, 400);
+  outbox->moveToDeadLetters(outbox->take()->id, 400);
   struct stat status {};
   ASSERT_EQ(::stat(box_.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777, 0700u);
@@ -71,16 +71,16 @@ TEST_F(Outbox, ARequestGivenBackKeepsItsPlace) {
   const std::uint64_t a = outbox->take()->id;
   const std::uint64_t b = outbox->take()->id;
   EXPECT_EQ(outbox->take()->body, "c");
-  outbox->giveBack(b);
-  outbox->giveBack(a);
+  outbox->requeue(b);
+  outbox->requeue(a);
   EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "d"}));
 }
 
 TEST_F(Outbox, GivingBackWhatIsNotInFlightChangesNothing) {
   const auto outbox = open();
   const std::uint64_t a = add(*outbox, "a");
-  outbox->giveBack(a);
-  outbox->giveBack(a + 100);
+  outbox->requeue(a);
+  outbox->requeue(a + 100);
   EXPECT_EQ(takeAll(*outbox), Bodies{"a"});
 }
 
@@ -90,7 +90,7 @@ TEST_F(Outbox, ADeliveredRequestIsGoneForGood) {
     for (const char* body : {"a", "b", "c"})
       add(*outbox, body);
     outbox->take();
-    outbox->settleDelivered(outbox->take()->id);
+    outbox->markDelivered(outbox->take()->id);
     EXPECT_EQ(listed(), (Bodies{"a", "c"}));
     EXPECT_EQ(outbox->counters().delivered, 1u);
     EXPECT_EQ(outbox->counters().queued, 2u);
@@ -102,10 +102,10 @@ TEST_F(Outbox, AnIdThatIsNoLongerHeldIsIgnored) {
   const auto outbox = open();
   const std::uint64_t a = add(*outbox, "a");
   add(*outbox, "b");
-  outbox->settleDelivered(a);
-  outbox->settleDelivered(a);
-  outbox->settleRejected(a, 400);
-  outbox->giveBack(a);
+  outbox->markDelivered(a);
+  outbox->markDelivered(a);
+  outbox->moveToDeadLetters(a, 400);
+  outbox->requeue(a);
   EXPECT_EQ(outbox->counters().delivered, 1u);
   EXPECT_EQ(outbox->counters().rejected, 0u);
   EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
@@ -130,7 +130,7 @@ TEST_F(Outbox, SyncIsNeededAfterAChangeOnly) {
   EXPECT_TRUE(outbox->needsSync());
   outbox->sync();
   EXPECT_FALSE(outbox->needsSync());
-  outbox->settleDelivered(a);
+  outbox->markDelivered(a);
   EXPECT_TRUE(outbox->needsSync());
   outbox->sync();
   EXPECT_FALSE(outbox->needsSync());
@@ -142,7 +142,7 @@ TEST_F(Outbox, ManyRequestsOutOfOrderLeaveTheRightOnes) {
   for (int i = 0; i < 5'000; ++i)
     ids.push_back(add(*outbox, std::to_string(i)));
   for (std::size_t i = 0; i < ids.size(); ++i) {
-    if (i % 1'000 != 7) outbox->settleDelivered(ids[i]);
+    if (i % 1'000 != 7) outbox->markDelivered(ids[i]);
   }
   EXPECT_EQ(outbox->counters().queued, 5u);
   EXPECT_EQ(takeAll(*outbox), (Bodies{"7", "1007", "2007", "3007", "4007"}));
@@ -153,13 +153,13 @@ TEST_F(Outbox, PurgeEmptiesQueueInFlightAndDeadLetters) {
   const auto outbox = open();
   for (const char* body : {"a", "b", "c"})
     add(*outbox, body);
-  outbox->settleRejected(outbox->take()->id, 400);
+  outbox->moveToDeadLetters(outbox->take()->id, 400);
   const std::uint64_t b = outbox->take()->id;
   outbox->purge();
   EXPECT_EQ(outbox->counters().purged, 2u);
   EXPECT_EQ(outbox->counters().queued, 0u);
   EXPECT_EQ(outbox->counters().queuedBytes, 0u);
-  outbox->settleDelivered(b);
+  outbox->markDelivered(b);
   EXPECT_EQ(outbox->counters().delivered, 0u);
   EXPECT_FALSE(outbox->take().has_value());
   EXPECT_TRUE(listed().empty());
@@ -174,7 +174,7 @@ TEST_F(Outbox, ARejectedRequestBecomesADeadLetterWithItsStatus) {
     const auto outbox = open();
     add(*outbox, "a");
     add(*outbox, "b");
-    outbox->settleRejected(outbox->take()->id, 413);
+    outbox->moveToDeadLetters(outbox->take()->id, 413);
     EXPECT_EQ(outbox->counters().rejected, 1u);
     EXPECT_EQ(outbox->counters().queued, 1u);
   }
@@ -196,7 +196,7 @@ TEST_F(Outbox, TheLatestDeadLettersAreKept) {
     const auto outbox = open(bounds);
     for (int i = 0; i < 20; ++i) {
       const std::string body = std::to_string(i);
-      outbox->settleRejected(add(*outbox, body), 400);
+      outbox->moveToDeadLetters(add(*outbox, body), 400);
       expected.push_back(body);
       if (expected.size() > 3) expected.erase(expected.begin());
       EXPECT_EQ(dead(), expected);
@@ -213,7 +213,7 @@ TEST_F(Outbox, WithoutPlaceForDeadLettersARejectedRequestIsOnlyCounted) {
   JXOutboxBounds bounds;
   bounds.maxDeadLetters = 0;
   const auto outbox = open(bounds);
-  outbox->settleRejected(add(*outbox, "a"), 400);
+  outbox->moveToDeadLetters(add(*outbox, "a"), 400);
   EXPECT_EQ(outbox->counters().rejected, 1u);
   EXPECT_EQ(outbox->counters().queued, 0u);
   EXPECT_TRUE(dead().empty());
@@ -226,7 +226,7 @@ TEST_F(Outbox, TwoOutboxesShareTheDeadLetters) {
   const auto two = open(bounds);
   for (int i = 0; i < 30; ++i) {
     JXOutbox& outbox = i % 3 == 0 ? *one : *two;
-    outbox.settleRejected(add(outbox, std::to_string(i)), 400);
+    outbox.moveToDeadLetters(add(outbox, std::to_string(i)), 400);
   }
   EXPECT_EQ(dead(), (Bodies{"26", "27", "28", "29"}));
 }
@@ -250,7 +250,7 @@ TEST_F(Outbox, ThreadsMayAddWhileAnotherDelivers) {
       continue;
     }
     delivered.insert(request->body);
-    outbox->settleDelivered(request->id);
+    outbox->markDelivered(request->id);
     if (delivered.size() % 500 == 0 && outbox->needsSync()) outbox->sync();
   }
   for (std::thread& adder : adders)

@@ -43,8 +43,8 @@ class NetworkManager : public ::testing::Test {
   bool holdsNow() {
     const std::size_t before = maintained.all().size();
     manager.storageChanged();
-    return maintained.waitFor(before + 1) && manager.counters().holding &&
-           manager.counters().tries == 0;
+    return maintained.waitFor(before + 1) && manager.counters().paused &&
+           manager.counters().attempts == 0;
   }
 
   TemporaryFolder folder;
@@ -137,7 +137,7 @@ TEST_F(NetworkManager, AlwaysEnabledIgnoresStopping) {
   manager.changingSDKBehaviour(false);
   enqueue("e");
   EXPECT_TRUE(manager.flush(20s));
-  EXPECT_FALSE(manager.counters().holding);
+  EXPECT_FALSE(manager.counters().paused);
 }
 
 TEST_F(NetworkManager, InTheBackgroundRequestsAreHeld) {
@@ -177,7 +177,7 @@ TEST_F(NetworkManager, AUserAgentThatIsKnownAtOnceHoldsNothing) {
   setup.requestUserAgent = [](const std::function<void()>& known) { known(); };
   manager.start(setup);
   manager.waitForUserAgent();
-  EXPECT_FALSE(manager.counters().holding);
+  EXPECT_FALSE(manager.counters().paused);
 }
 
 TEST_F(NetworkManager, AWaitFromBeforeTheStartBeginsWithIt) {
@@ -186,16 +186,16 @@ TEST_F(NetworkManager, AWaitFromBeforeTheStartBeginsWithIt) {
   manager.waitForUserAgent();
   manager.start(setup);
   ASSERT_TRUE(known);
-  EXPECT_TRUE(manager.counters().holding);
+  EXPECT_TRUE(manager.counters().paused);
   known();
-  EXPECT_FALSE(manager.counters().holding);
+  EXPECT_FALSE(manager.counters().paused);
 }
 
 TEST_F(NetworkManager, AUserAgentQuestionThatThrowsHoldsNothing) {
   setup.requestUserAgent = [](const std::function<void()>&) { throw std::runtime_error("none"); };
   manager.start(setup);
   manager.waitForUserAgent();
-  EXPECT_FALSE(manager.counters().holding);
+  EXPECT_FALSE(manager.counters().paused);
 }
 
 TEST_F(NetworkManager, APurgeEmptiesTheQueue) {

@@ -15,51 +15,56 @@ using Time = JXRetryState::Time;
 
 const Time kStart = Time(1'000s);
 
-JXVerdict judgeStatus(int status) { return judge(JXTryOutcome{status, false}); }
+JXResponseClass classifyStatus(int status) {
+  return classifyResponse(JXAttemptResult{status, false});
+}
 
-JXTryEnd failureOf(const JXRetryState& state, std::optional<milliseconds> retryAfter = {}) {
-  return {state.round, JXVerdict::Retry, retryAfter};
+JXCompletedAttempt failureOf(const JXRetryState& state,
+                             std::optional<milliseconds> retryAfter = {}) {
+  return {state.round, JXResponseClass::Retry, retryAfter};
 }
 
 TEST(Verdict, EveryTwoHundredIsDelivered) {
   for (int status = 200; status < 300; ++status) {
-    EXPECT_EQ(JXVerdict::Delivered, judgeStatus(status)) << status;
+    EXPECT_EQ(JXResponseClass::Delivered, classifyStatus(status)) << status;
   }
 }
 
 TEST(Verdict, NoAnswerAndInterimAnswersAreTriedAgain) {
-  EXPECT_EQ(JXVerdict::Retry, judgeStatus(0));
-  EXPECT_EQ(JXVerdict::Retry, judgeStatus(100));
-  EXPECT_EQ(JXVerdict::Retry, judgeStatus(103));
-  EXPECT_EQ(JXVerdict::Retry, judgeStatus(199));
+  EXPECT_EQ(JXResponseClass::Retry, classifyStatus(0));
+  EXPECT_EQ(JXResponseClass::Retry, classifyStatus(100));
+  EXPECT_EQ(JXResponseClass::Retry, classifyStatus(103));
+  EXPECT_EQ(JXResponseClass::Retry, classifyStatus(199));
 }
 
 TEST(Verdict, RedirectsAreRejected) {
   for (int status = 300; status < 400; ++status) {
-    EXPECT_EQ(JXVerdict::Rejected, judgeStatus(status)) << status;
+    EXPECT_EQ(JXResponseClass::Rejected, classifyStatus(status)) << status;
   }
 }
 
 TEST(Verdict, FourHundredsAreRejectedButForThreeThatAskToComeBack) {
   for (int status = 400; status < 500; ++status) {
     const bool comesBack = status == 408 || status == 425 || status == 429;
-    EXPECT_EQ(comesBack ? JXVerdict::Retry : JXVerdict::Rejected, judgeStatus(status)) << status;
+    EXPECT_EQ(comesBack ? JXResponseClass::Retry : JXResponseClass::Rejected,
+              classifyStatus(status))
+        << status;
   }
 }
 
 TEST(Verdict, EveryFiveHundredIsTriedAgain) {
   for (int status = 500; status < 600; ++status) {
-    EXPECT_EQ(JXVerdict::Retry, judgeStatus(status)) << status;
+    EXPECT_EQ(JXResponseClass::Retry, classifyStatus(status)) << status;
   }
 }
 
 TEST(Verdict, StatusesBeyondTheKnownClassesAreRejected) {
-  EXPECT_EQ(JXVerdict::Rejected, judgeStatus(600));
-  EXPECT_EQ(JXVerdict::Rejected, judgeStatus(999));
+  EXPECT_EQ(JXResponseClass::Rejected, classifyStatus(600));
+  EXPECT_EQ(JXResponseClass::Rejected, classifyStatus(999));
 }
 
 TEST(Verdict, ARequestThatCannotBeSentIsRejected) {
-  EXPECT_EQ(JXVerdict::Rejected, judge(JXTryOutcome{0, true}));
+  EXPECT_EQ(JXResponseClass::Rejected, classifyResponse(JXAttemptResult{0, true}));
 }
 
 TEST(RetryStep, TheLongestPauseDoublesFromOneSecondToFiveMinutes) {
@@ -84,14 +89,14 @@ TEST(RetryStep, TheJitterReachesFromNothingToTheWholePause) {
 TEST(RetryStep, ADrawOutsideItsRangeStaysWithinThePause) {
   EXPECT_EQ(kStart, nextStep({}, failureOf({}), {}, kStart, -3.0).pausedUntil);
   EXPECT_EQ(kStart + 1s, nextStep({}, failureOf({}), {}, kStart, 7.0).pausedUntil);
-  const double notANumber = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(kStart, nextStep({}, failureOf({}), {}, kStart, notANumber).pausedUntil);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_EQ(kStart, nextStep({}, failureOf({}), {}, kStart, nan).pausedUntil);
 }
 
 TEST(RetryStep, SeveralFailuresOfOneRoundAreOneStep) {
   const JXRetryState first;
   JXRetryState state = nextStep(first, failureOf(first), {}, kStart, 0.5);
-  const JXTryEnd ofTheSameRound = failureOf(first);
+  const JXCompletedAttempt ofTheSameRound = failureOf(first);
   state = nextStep(state, ofTheSameRound, {}, kStart + 10ms, 0.9);
   state = nextStep(state, ofTheSameRound, {}, kStart + 900ms, 0.9);
   EXPECT_EQ(1u, state.failures);
@@ -111,7 +116,7 @@ TEST(RetryStep, SuccessStartsOver) {
   JXRetryState state;
   for (int i = 0; i < 5; ++i)
     state = nextStep(state, failureOf(state), {}, kStart, 0.5);
-  state = nextStep(state, {state.round, JXVerdict::Delivered, {}}, {}, kStart + 60s, 0.5);
+  state = nextStep(state, {state.round, JXResponseClass::Delivered, {}}, {}, kStart + 60s, 0.5);
   EXPECT_EQ(0u, state.failures);
   EXPECT_FALSE(state.isPaused(kStart + 60s));
   state = nextStep(state, failureOf(state), {}, kStart + 60s, 0.5);
@@ -122,7 +127,7 @@ TEST(RetryStep, ARejectionIsAnAnswerAndStartsOver) {
   JXRetryState state;
   for (int i = 0; i < 3; ++i)
     state = nextStep(state, failureOf(state), {}, kStart, 0.5);
-  state = nextStep(state, {state.round, JXVerdict::Rejected, {}}, {}, kStart + 60s, 0.5);
+  state = nextStep(state, {state.round, JXResponseClass::Rejected, {}}, {}, kStart + 60s, 0.5);
   EXPECT_EQ(0u, state.failures);
 }
 
@@ -130,7 +135,7 @@ TEST(RetryStep, ASuccessOfAnEndedRoundLeavesThePause) {
   const JXRetryState first;
   const JXRetryState paused = nextStep(first, failureOf(first), {}, kStart, 0.5);
   const JXRetryState after =
-      nextStep(paused, {first.round, JXVerdict::Delivered, {}}, {}, kStart + 1ms, 0.5);
+      nextStep(paused, {first.round, JXResponseClass::Delivered, {}}, {}, kStart + 1ms, 0.5);
   EXPECT_EQ(1u, after.failures);
   EXPECT_EQ(kStart + 500ms, after.pausedUntil);
 }
@@ -158,12 +163,12 @@ TEST(RetryStep, TheCountOfFailuresDoesNotOverflow) {
 
 TEST(RetryStep, SenselessTimingsDoNotOverflow) {
   JXRetryTimings endless;
-  endless.firstPause = milliseconds::max();
-  endless.longestPause = milliseconds::max();
+  endless.initialBackoff = milliseconds::max();
+  endless.maxBackoff = milliseconds::max();
   EXPECT_EQ(kStart + 4380h, nextStep({}, failureOf({}), endless, kStart, 0.5).pausedUntil);
   JXRetryTimings negative;
-  negative.firstPause = -5s;
-  negative.longestPause = -1s;
+  negative.initialBackoff = -5s;
+  negative.maxBackoff = -1s;
   EXPECT_EQ(kStart, nextStep({}, failureOf({}), negative, kStart, 0.5).pausedUntil);
 }
 
@@ -172,19 +177,19 @@ TEST(CutPause, APauseEndsOneFirstPauseAfterTheFailure) {
   for (int i = 0; i < 6; ++i)
     state = nextStep(state, failureOf(state), {}, kStart, 0.5);
   ASSERT_EQ(kStart + 16s, state.pausedUntil);
-  EXPECT_EQ(kStart + 1s, cutPause(state, {}, kStart + 200ms).pausedUntil);
-  EXPECT_EQ(kStart + 5s, cutPause(state, {}, kStart + 5s).pausedUntil);
+  EXPECT_EQ(kStart + 1s, shortenBackoff(state, {}, kStart + 200ms).pausedUntil);
+  EXPECT_EQ(kStart + 5s, shortenBackoff(state, {}, kStart + 5s).pausedUntil);
 }
 
 TEST(CutPause, APauseIsNeverMadeLonger) {
   const JXRetryState state = nextStep({}, failureOf({}), {}, kStart, 0.5);
-  EXPECT_EQ(kStart + 500ms, cutPause(state, {}, kStart + 1ms).pausedUntil);
-  EXPECT_EQ(kStart + 500ms, cutPause(state, {}, kStart + 700ms).pausedUntil);
+  EXPECT_EQ(kStart + 500ms, shortenBackoff(state, {}, kStart + 1ms).pausedUntil);
+  EXPECT_EQ(kStart + 500ms, shortenBackoff(state, {}, kStart + 700ms).pausedUntil);
 }
 
 TEST(CutPause, APauseThatTheReceiverAskedForIsKept) {
   const JXRetryState state = nextStep({}, failureOf({}, 30s), {}, kStart, 0.5);
-  EXPECT_EQ(kStart + 30s, cutPause(state, {}, kStart + 5s).pausedUntil);
+  EXPECT_EQ(kStart + 30s, shortenBackoff(state, {}, kStart + 5s).pausedUntil);
 }
 
 }  // namespace

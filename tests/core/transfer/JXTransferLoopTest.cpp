@@ -50,7 +50,7 @@ class FakeTransport : public JXHttpTransport {
 
   bool answers = true;
   bool failsToStart = false;
-  JXTryOutcome outcome{200, false};
+  JXAttemptResult outcome{200, false};
   std::map<std::string, int> statusOf;  // by body, in place of that of `outcome`
   JXString retryAfter;
   std::string reason = "refused";
@@ -95,8 +95,8 @@ class TransferLoop : public ::testing::Test {
   std::shared_ptr<FakeTransport> transport = std::make_shared<FakeTransport>();
   Time now = Time(1'000s);
   JXTransferSetup setup;
-  JXTransferOrders orders;
-  JXTransferRest rest;
+  JXTransferCommands orders;
+  JXTransferWait rest;
   bool added = false;
   int maintained = 0;
   int probes = 0;
@@ -118,7 +118,7 @@ TEST_F(TransferLoop, ManyEventsWhileOfflineMakeFewAttempts) {
   // At 0 s, and after pauses of 0.5, 1 and 2 seconds; the next would be at 7.5 s.
   EXPECT_EQ(4u, transport->started.size());
   EXPECT_EQ(2'050u, queued());
-  EXPECT_EQ(4u, loop().tries());
+  EXPECT_EQ(4u, loop().attempts());
   EXPECT_EQ(4u, loop().failures());
 }
 

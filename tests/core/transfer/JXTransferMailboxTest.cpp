@@ -14,8 +14,8 @@ class TransferMailbox : public ::testing::Test {
 };
 
 TEST_F(TransferMailbox, NobodyIsWokenWhileTheThreadIsAwake) {
-  mailbox.noteAddition();
-  mailbox.order([](JXTransferOrders& orders) { orders.disabled = true; });
+  mailbox.notifyAdded();
+  mailbox.order([](JXTransferCommands& orders) { orders.disabled = true; });
   EXPECT_EQ(0, wakes);
   EXPECT_TRUE(mailbox.readAdded());
   EXPECT_FALSE(mailbox.readAdded());
@@ -23,31 +23,31 @@ TEST_F(TransferMailbox, NobodyIsWokenWhileTheThreadIsAwake) {
 }
 
 TEST_F(TransferMailbox, ASleeperIsWokenByTheFirstAdditionOnly) {
-  ASSERT_TRUE(mailbox.fallAsleep(false));
-  mailbox.noteAddition();
-  mailbox.noteAddition();
+  ASSERT_TRUE(mailbox.prepareToSleep(false));
+  mailbox.notifyAdded();
+  mailbox.notifyAdded();
   EXPECT_EQ(1, wakes);
 }
 
 TEST_F(TransferMailbox, ASleeperThatIgnoresAdditionsIsWokenByOrdersOnly) {
-  ASSERT_TRUE(mailbox.fallAsleep(true));
-  mailbox.noteAddition();
+  ASSERT_TRUE(mailbox.prepareToSleep(true));
+  mailbox.notifyAdded();
   EXPECT_EQ(0, wakes);
-  mailbox.order([](JXTransferOrders& orders) { orders.stop = true; });
+  mailbox.order([](JXTransferCommands& orders) { orders.stop = true; });
   EXPECT_EQ(1, wakes);
   mailbox.awake();
   EXPECT_TRUE(mailbox.readAdded());
 }
 
 TEST_F(TransferMailbox, NewsFromBeforeTheSleepKeepTheThreadAwake) {
-  mailbox.noteAddition();
-  EXPECT_FALSE(mailbox.fallAsleep(false));
-  EXPECT_TRUE(mailbox.fallAsleep(true));
+  mailbox.notifyAdded();
+  EXPECT_FALSE(mailbox.prepareToSleep(false));
+  EXPECT_TRUE(mailbox.prepareToSleep(true));
   mailbox.awake();
-  mailbox.order([](JXTransferOrders& orders) { ++orders.purges; });
-  EXPECT_FALSE(mailbox.fallAsleep(true));
+  mailbox.order([](JXTransferCommands& orders) { ++orders.purges; });
+  EXPECT_FALSE(mailbox.prepareToSleep(true));
   mailbox.readOrders();
-  EXPECT_TRUE(mailbox.fallAsleep(true));
+  EXPECT_TRUE(mailbox.prepareToSleep(true));
 }
 
 }  // namespace

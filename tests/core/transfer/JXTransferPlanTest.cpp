@@ -12,10 +12,10 @@ using Time = JXTransferPlan::Time;
 using Ids = std::vector<std::uint64_t>;
 
 const Time kStart = Time(1'000s);
-constexpr JXTryOutcome kDelivered{200, false};
-constexpr JXTryOutcome kNoAnswer{0, false};
-constexpr JXTryOutcome kUnavailable{503, false};
-constexpr JXTryOutcome kNeverSendable{0, true};
+constexpr JXAttemptResult kDelivered{200, false};
+constexpr JXAttemptResult kNoAnswer{0, false};
+constexpr JXAttemptResult kUnavailable{503, false};
+constexpr JXAttemptResult kNeverSendable{0, true};
 
 // A plan past its hold at the start, with a queue that holds requests.
 class TransferPlan : public ::testing::Test {
@@ -44,13 +44,13 @@ TEST_F(TransferPlan, OnlyOneRequestIsInFlightUntilAnAnswerCame) {
 
 TEST_F(TransferPlan, ARejectionIsAnAnswerToo) {
   plan.started(1);
-  EXPECT_EQ(JXVerdict::Rejected, plan.ended(1, JXTryOutcome{404, false}, {}, kStart, 0.5));
+  EXPECT_EQ(JXResponseClass::Rejected, plan.ended(1, JXAttemptResult{404, false}, {}, kStart, 0.5));
   EXPECT_EQ(4u, mayStart(kStart));
 }
 
 TEST_F(TransferPlan, ARequestThatCannotBeSentTellsNothingOfTheNetwork) {
   plan.started(1);
-  EXPECT_EQ(JXVerdict::Rejected, plan.ended(1, kNeverSendable, {}, kStart, 0.5));
+  EXPECT_EQ(JXResponseClass::Rejected, plan.ended(1, kNeverSendable, {}, kStart, 0.5));
   EXPECT_EQ(1u, mayStart(kStart));
 }
 
@@ -120,7 +120,7 @@ TEST_F(TransferPlan, AfterMoreThanAMinuteOfIdlenessOneRequestProbes) {
 
 TEST_F(TransferPlan, RetryAfterIsObeyed) {
   plan.started(1);
-  plan.ended(1, JXTryOutcome{429, false}, 30s, kStart, 0.5);
+  plan.ended(1, JXAttemptResult{429, false}, 30s, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 29'999ms));
   EXPECT_EQ(1u, mayStart(kStart + 30s));
 }
@@ -137,7 +137,7 @@ TEST_F(TransferPlan, DisablingAbortsWhatIsInFlightAndHoldsIt) {
   plan.setDisabled(true);
   EXPECT_TRUE(plan.next(kStart).abortInFlight);
   EXPECT_EQ(Ids{1}, plan.aborted());
-  const JXTransferStep step = plan.next(kStart);
+  const JXTransferActions step = plan.next(kStart);
   EXPECT_FALSE(step.abortInFlight);
   EXPECT_EQ(0u, step.mayStart);
   EXPECT_EQ(std::nullopt, plan.rest(kStart).wakeAt);
@@ -157,7 +157,7 @@ TEST_F(TransferPlan, DisablingHoldsARetryThatWasScheduled) {
 TEST_F(TransferPlan, InTheBackgroundNothingStartsAndNothingIsAborted) {
   plan.started(1);
   plan.setInBackground(true);
-  const JXTransferStep step = plan.next(kStart);
+  const JXTransferActions step = plan.next(kStart);
   EXPECT_FALSE(step.abortInFlight);
   EXPECT_EQ(0u, step.mayStart);
   plan.ended(1, kDelivered, {}, kStart, 0.5);
@@ -194,7 +194,7 @@ TEST(TransferPlanAtItsStart, ARequestOrADecisionOrAFlushEndsTheHold) {
   byDecision.endStartHold();
   EXPECT_EQ(1u, byDecision.next(kStart).mayStart);
   JXTransferPlan byFlush(JXRetryTimings(), kStart);
-  byFlush.hurry(kStart);
+  byFlush.expedite(kStart);
   EXPECT_EQ(1u, byFlush.next(kStart).mayStart);
 }
 
@@ -261,7 +261,7 @@ TEST_F(TransferPlan, AFlushCutsAPauseThatNobodyAskedFor) {
     plan.ended(id, kNoAnswer, {}, now, 0.5);
   }
   EXPECT_EQ(0u, mayStart(now + 2s));
-  plan.hurry(now + 2s);
+  plan.expedite(now + 2s);
   EXPECT_EQ(1u, mayStart(now + 2s));
 }
 
@@ -285,12 +285,12 @@ TEST_F(TransferPlan, WhatIsSetAsideWakesTheThreadWhenItsPauseIsOver) {
     plan.started(1);
     plan.ended(1, kUnavailable, {}, now, 0);
   }
-  EXPECT_EQ(plan.setAside(now), Ids{1});
+  EXPECT_EQ(plan.deferred(now), Ids{1});
   plan.nothingToStart(now);
   EXPECT_EQ(0u, mayStart(now + 1'999ms));
   EXPECT_EQ(now + 2s, plan.rest(now + 1'999ms).wakeAt);
   EXPECT_EQ(1u, mayStart(now + 2s));
-  EXPECT_EQ(plan.setAside(now + 2s), Ids{});
+  EXPECT_EQ(plan.deferred(now + 2s), Ids{});
 }
 
 }  // namespace

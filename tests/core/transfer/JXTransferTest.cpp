@@ -42,8 +42,8 @@ class Transfer : public ::testing::Test {
                                               std::make_shared<JXSystemClock>());
     setup.clock = std::make_shared<JXSystemClock>();
     setup.caFile = server.caFile();
-    setup.timings.firstPause = 1ms;
-    setup.timings.longestPause = 10ms;
+    setup.timings.initialBackoff = 1ms;
+    setup.timings.maxBackoff = 10ms;
     setup.timings.syncDelay = 1ms;
     setup.timings.startHold = 0ms;
     setup.onDelivery = [this](const JXDelivery& delivery) { deliveries.add(delivery); };
@@ -88,9 +88,9 @@ TEST_F(Transfer, DeliversEveryRequestOnce) {
   EXPECT_LE(server.connections(), 4);
   const JXDeliveryCounters counters = transfer->counters();
   EXPECT_EQ(200u, counters.outbox.delivered);
-  EXPECT_EQ(200u, counters.tries);
+  EXPECT_EQ(200u, counters.attempts);
   EXPECT_EQ(0u, counters.failures);
-  EXPECT_FALSE(counters.holding);
+  EXPECT_FALSE(counters.paused);
 }
 
 TEST_F(Transfer, WhatAnEarlierProcessLeftIsDelivered) {
@@ -123,7 +123,7 @@ TEST_F(Transfer, EveryTrySendsTheSameBytes) {
   EXPECT_EQ(Texts(5, bodyOf("same")), server.bodies());
   // A kept connection that is reset may have been idle for too long, so that libcurl sends the
   // request again at once, on a new one: one try, two requests.
-  EXPECT_EQ(4u, transfer->counters().tries);
+  EXPECT_EQ(4u, transfer->counters().attempts);
   EXPECT_EQ(3u, transfer->counters().failures);
   EXPECT_EQ(1u, deliveries.all().size());
 }
@@ -273,8 +273,8 @@ TEST_F(Transfer, AFlushWaitsOutAPauseThatTheReceiverAskedFor) {
 }
 
 TEST_F(Transfer, AFlushDoesNotTryAgainBeforeTheFirstPauseHasPassed) {
-  setup.timings.firstPause = 10min;
-  setup.timings.longestPause = 1h;
+  setup.timings.initialBackoff = 10min;
+  setup.timings.maxBackoff = 1h;
   setup.draw = [] { return 0.9; };
   auto offset = std::make_shared<std::atomic<int>>(0);
   setup.steadyNow = [offset] {
@@ -306,8 +306,8 @@ TEST_F(Transfer, WithdrawnConsentAbortsWhatIsInFlightAndHoldsIt) {
   EXPECT_TRUE(server.waitForAbandoned(1));
   enqueue("second");
   ASSERT_TRUE(letTheThreadTurn());
-  EXPECT_TRUE(transfer->counters().holding);
-  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_TRUE(transfer->counters().paused);
+  EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(2u, queued());
   transfer->setDisabled(false);
   EXPECT_TRUE(transfer->flush(kLong));
@@ -335,9 +335,9 @@ TEST_F(Transfer, InTheBackgroundWhatIsInFlightEndsAndNothingStarts) {
   enqueue("second");
   ASSERT_TRUE(deliveries.waitFor(1));
   ASSERT_TRUE(letTheThreadTurn());
-  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(1u, queued());
-  EXPECT_TRUE(transfer->counters().holding);
+  EXPECT_TRUE(transfer->counters().paused);
   transfer->setInBackground(false);
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ((Texts{bodyOf("first"), bodyOf("second")}), server.bodies());
@@ -349,11 +349,11 @@ TEST_F(Transfer, RequestsWaitForTheUserAgent) {
   transfer->start();
   enqueue("e");
   ASSERT_TRUE(letTheThreadTurn());
-  EXPECT_EQ(0u, transfer->counters().tries);
-  EXPECT_TRUE(transfer->counters().holding);
+  EXPECT_EQ(0u, transfer->counters().attempts);
+  EXPECT_TRUE(transfer->counters().paused);
   transfer->userAgentKnown();
   EXPECT_TRUE(transfer->flush(kLong));
-  EXPECT_FALSE(transfer->counters().holding);
+  EXPECT_FALSE(transfer->counters().paused);
 }
 
 TEST_F(Transfer, RequestsDoNotWaitForEverForTheUserAgent) {
@@ -363,7 +363,7 @@ TEST_F(Transfer, RequestsDoNotWaitForEverForTheUserAgent) {
   transfer->start();
   enqueue("e");
   EXPECT_TRUE(transfer->flush(kLong));
-  EXPECT_FALSE(transfer->counters().holding);
+  EXPECT_FALSE(transfer->counters().paused);
 }
 
 TEST_F(Transfer, APurgeEmptiesTheQueueAndAbortsWhatIsInFlight) {
@@ -447,8 +447,8 @@ TEST_F(Transfer, ManyEventsDuringAPauseWakeTheThreadOnlyForTheSync) {
   const auto transport = std::make_shared<WatchedTransport>(options);
   setup.transport = transport;
   setup.timings = JXRetryTimings();
-  setup.timings.firstPause = 1h;
-  setup.timings.longestPause = 1h;
+  setup.timings.initialBackoff = 1h;
+  setup.timings.maxBackoff = 1h;
   setup.timings.syncDelay = 1h;
   setup.draw = [] { return 0.5; };
   server.refuse();
@@ -460,7 +460,7 @@ TEST_F(Transfer, ManyEventsDuringAPauseWakeTheThreadOnlyForTheSync) {
   for (int i = 0; i < 2'050; ++i)
     enqueue("e");
   EXPECT_LE(transport->wakes, 3);
-  EXPECT_EQ(1u, transfer->counters().tries);
+  EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(2'051u, queued());
 }
 

@@ -34,19 +34,19 @@ using Lines = std::vector<std::string>;
 
 std::string kindName(JXFieldKind kind) {
   switch (kind) {
-    case JXFieldKind::Text:
+    case JXFieldKind::String:
       return "text";
     case JXFieldKind::Number:
       return "number";
-    case JXFieldKind::Flag:
+    case JXFieldKind::Boolean:
       return "flag";
-    case JXFieldKind::Texts:
+    case JXFieldKind::Strings:
       return "list of texts";
-    case JXFieldKind::NumberedTexts:
+    case JXFieldKind::NumberedStrings:
       return "numbered texts";
     case JXFieldKind::Values:
       return "list of values";
-    case JXFieldKind::Choice:
+    case JXFieldKind::Enumeration:
       return "choice";
     case JXFieldKind::Items:
       return "items";
@@ -60,11 +60,11 @@ std::string kindName(JXCondition::Kind kind) {
   switch (kind) {
     case JXCondition::Kind::Never:
       return "never";
-    case JXCondition::Kind::UsableText:
+    case JXCondition::Kind::NonEmptyString:
       return "usable text";
     case JXCondition::Kind::Present:
       return "present";
-    case JXCondition::Kind::NotEmpty:
+    case JXCondition::Kind::NonEmptyList:
       return "not empty";
     case JXCondition::Kind::Together:
       return "together";
@@ -100,9 +100,9 @@ Lines linesOf(const JXFieldTable& table) {
   for (const JXFieldInfo& field : table.fields()) {
     const std::string kind = kindName(field.kind);
     std::vector<std::string_view> parts{kind, field.key, field.property};
-    for (std::size_t value = 0; value < field.choices.count; ++value) {
-      parts.push_back(field.choices.members[value]);
-      parts.push_back(field.choices.texts[value]);
+    for (std::size_t value = 0; value < field.enumStrings.count; ++value) {
+      parts.push_back(field.enumStrings.members[value]);
+      parts.push_back(field.enumStrings.texts[value]);
     }
     lines.push_back(joined(parts));
   }
@@ -207,7 +207,7 @@ TEST_P(IndependentCatalogueClass, AsksForItsConditionsInOrder) {
 TEST_P(IndependentCatalogueClass, MakesEventsOfItselfThatCarryTheNameOfTheirMode) {
   const std::vector<std::string_view>& names = GetParam().eventNames;
   for (std::size_t mode = 0; mode < std::max<std::size_t>(names.size(), 1); ++mode) {
-    const std::shared_ptr<JXEvent> event = actual_->make(static_cast<int>(mode), JXString());
+    const std::shared_ptr<JXEvent> event = actual_->create(static_cast<int>(mode), JXString());
     ASSERT_NE(event, nullptr);
     EXPECT_EQ(event->ownEventClass().className, GetParam().name);
     EXPECT_EQ(event->name(), names.empty() ? JXString() : JXString(names[mode]));

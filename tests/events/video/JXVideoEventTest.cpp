@@ -45,8 +45,8 @@ TEST(JXVideoEvent, WritesPositionsAsExactNumbersAndNeverAsTexts) {
   event->setCursorPosition(decimal("0.1"));
   event->setTotalLength(decimal("123456789012345678901234567890.12345678"));
   const JXJsonObject json = event->getJsonObject();
-  EXPECT_EQ(json.get("cursor_position").numberText(), JXString("0.1"));
-  EXPECT_EQ(json.get("total_length").numberText(),
+  EXPECT_EQ(json.get("cursor_position").numberString(), JXString("0.1"));
+  EXPECT_EQ(json.get("total_length").numberString(),
             JXString("123456789012345678901234567890.12345678"));
 }
 

@@ -93,7 +93,8 @@ class PlayerExample : public testing::Test {
       if (event.object().get("name").string() != JXString(name)) continue;
       const JXString text = event.object().get("body").string();
       const JXJsonObject body = JXJsonReader::read(text.view()).value.object();
-      found[body.get("context").object().get("event_timestamp").numberText().toStdString()] = body;
+      found[body.get("context").object().get("event_timestamp").numberString().toStdString()] =
+          body;
     }
     std::vector<JXJsonObject> inOrder;
     for (const auto& [time, body] : found)
@@ -101,7 +102,7 @@ class PlayerExample : public testing::Test {
     return inOrder;
   }
   static std::string digits(const JXJsonObject& body, const char* key) {
-    return body.get(key).numberText().toStdString();
+    return body.get(key).numberString().toStdString();
   }
 
   TemporaryFolder folder_;

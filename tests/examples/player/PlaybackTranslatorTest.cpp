@@ -55,7 +55,7 @@ class Playback : public testing::Test {
   JXJsonObject body(std::size_t index) const { return last_.at(index)->getJsonObject(); }
   JXString text(std::size_t index, const char* key) const { return body(index).get(key).string(); }
   JXString digits(std::size_t index, const char* key) const {
-    return body(index).get(key).numberText();
+    return body(index).get(key).numberString();
   }
 
   int sessions_ = 0;

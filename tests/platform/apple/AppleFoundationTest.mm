@@ -7,7 +7,7 @@
 
 #include "jx/platform/apple/JXFoundationDefaults.h"
 #include "jx/platform/apple/JXFoundationLocale.h"
-#import "jx/platform/apple/JXFoundationText.h"
+#import "jx/platform/apple/JXFoundationString.h"
 
 namespace jx::test {
 namespace {
@@ -24,15 +24,15 @@ TEST(FoundationText, TextGoesThereAndBackUnchanged) {
   @autoreleasepool {
     for (const JXString& text : {JXString(""), JXString("caf\xC3\xA9"),
                                  JXString(std::string("a\0b", 3)), JXString("\xF0\x9F\x93\xBA")}) {
-      EXPECT_EQ(textOf(foundationText(text)), text);
+      EXPECT_EQ(textOf(foundationString(text)), text);
     }
   }
 }
 
 TEST(FoundationText, AbsentTextAndBytesThatAreNoUtf8AreNil) {
   @autoreleasepool {
-    EXPECT_TRUE(foundationText(nullptr) == nil);
-    EXPECT_TRUE(foundationText("\xFF") == nil);
+    EXPECT_TRUE(foundationString(nullptr) == nil);
+    EXPECT_TRUE(foundationString("\xFF") == nil);
   }
 }
 

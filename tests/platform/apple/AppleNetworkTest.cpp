@@ -15,7 +15,7 @@ JXNetworkInterface up(const char* name) { return {name, true, false, true}; }
 
 std::unique_ptr<JXApplePlatform> platformWith(const JXNetworkReading& reading = {}) {
   return std::make_unique<JXApplePlatform>(
-      JXHostStatement{}, JXAppleSystem{"", loadedClass, [reading] { return reading; }});
+      JXHostOverrides{}, JXAppleSystem{"", loadedClass, [reading] { return reading; }});
 }
 
 constexpr int kOther = 0;

@@ -40,7 +40,7 @@ class ApplePlatform : public ::testing::Test {
   }
 
   TemporaryFolder root_;
-  JXHostStatement host_;
+  JXHostOverrides host_;
   JXNetworkReading reading_;
   std::string leftOut_;  // a class that the run time does not have
   std::unique_ptr<JXApplePlatform> platform_;

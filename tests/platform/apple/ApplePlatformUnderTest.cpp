@@ -9,7 +9,7 @@ namespace jx::test {
 const PlatformUnderTest& platformUnderTest() {
   static const PlatformUnderTest onApple = [] {
     PlatformUnderTest system;
-    system.make = [](const JXHostStatement& host) {
+    system.make = [](const JXHostOverrides& host) {
       return makeSystemPlatform(host.bundle, host.screen, host.userAgent);
     };
     // As in the tests' own Info.plist.

@@ -7,7 +7,7 @@ namespace jx::test {
 const PlatformUnderTest& platformUnderTest() {
   static const PlatformUnderTest onLinux = [] {
     PlatformUnderTest system;
-    system.make = [](const JXHostStatement& host) {
+    system.make = [](const JXHostOverrides& host) {
       return makeSystemPlatform(host.bundle, host.screen, host.userAgent);
     };
     return system;

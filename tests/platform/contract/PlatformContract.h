@@ -24,7 +24,7 @@ class PlatformContract : public ::testing::Test {
   static bool isUpperCaseUUID(const JXString& text);
 
   const PlatformUnderTest& system_;
-  JXHostStatement host_;  ///< to be changed before the first `platform()`
+  JXHostOverrides host_;  ///< to be changed before the first `platform()`
   std::shared_ptr<JXPlatform> platform_;
 };
 

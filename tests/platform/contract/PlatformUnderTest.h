@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "jx/platform/JXHostStatement.h"
+#include "jx/platform/JXHostOverrides.h"
 #include "jx/platform/JXPlatform.h"
 
 namespace jx::test {
@@ -15,7 +15,7 @@ namespace jx::test {
 /// system that it was built with; the tests themselves are the same everywhere.
 struct PlatformUnderTest {
   /// A platform as the library makes it.
-  std::function<std::shared_ptr<JXPlatform>(const JXHostStatement&)> make;
+  std::function<std::shared_ptr<JXPlatform>(const JXHostOverrides&)> make;
 
   /// What the system says of the application where the host states nothing.
   JXBundleInformation systemBundle;

@@ -15,7 +15,7 @@ constexpr const char* kAnswer = R"json({"events":[{"id":1,"repeats":2,"event_id"
   "last":1})json";
 
 Arrival onlyOne() {
-  const Outcome<std::vector<Arrival>> arrivals = readArrivals(kAnswer, {"who"});
+  const Result<std::vector<Arrival>> arrivals = readArrivals(kAnswer, {"who"});
   EXPECT_TRUE(arrivals && arrivals->size() == 1);
   return arrivals && !arrivals->empty() ? arrivals->front() : Arrival{};
 }

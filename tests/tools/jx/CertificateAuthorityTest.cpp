@@ -21,8 +21,8 @@ constexpr std::time_t kDay = 86'400;
 const std::vector<std::string> kNames{"localhost", "127.0.0.1", "::1"};
 
 std::string contentOf(const std::filesystem::path& file) {
-  const Outcome<std::string> content = readWholeFile(file);
-  return content ? *content : "unreadable: " + content.failure().text;
+  const Result<std::string> content = readWholeFile(file);
+  return content ? *content : "unreadable: " + content.error().text;
 }
 
 void overwrite(const std::filesystem::path& file, const std::string& content) {
@@ -183,7 +183,7 @@ void expectRefusal(const std::string& file, const std::string& content, const st
   const std::string key = contentOf(folder / "ca.key");
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
   ASSERT_FALSE(opened) << reason;
-  EXPECT_NE(opened.failure().text.find(reason), std::string::npos) << opened.failure().text;
+  EXPECT_NE(opened.error().text.find(reason), std::string::npos) << opened.error().text;
   EXPECT_EQ(contentOf(folder / "ca.pem"), certificate);
   EXPECT_EQ(contentOf(folder / "ca.key"), key);
 }
@@ -204,7 +204,7 @@ TEST(CertificateAuthority, ALostHalfOfTheAuthorityIsReportedAndNotReplaced) {
     std::filesystem::remove(folder / file);
     const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
     ASSERT_FALSE(opened);
-    EXPECT_NE(opened.failure().text.find("has lost " + file), std::string::npos);
+    EXPECT_NE(opened.error().text.find("has lost " + file), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(folder / file));
   }
 }
@@ -216,7 +216,7 @@ TEST(CertificateAuthority, ACertificateThatMaySignNothingIsNoAuthority) {
   overwrite(folder / "ca.key", contentOf(folder / "server.key"));
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.failure().text.find("not the certificate of an authority"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("not the certificate of an authority"), std::string::npos);
 }
 
 TEST(CertificateAuthority, AKeyThatOthersMayReadIsRefused) {
@@ -225,7 +225,7 @@ TEST(CertificateAuthority, AKeyThatOthersMayReadIsRefused) {
   ASSERT_EQ(::chmod((folder / "ca.key").c_str(), 0644), 0);
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.failure().text.find("may be read by others"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("may be read by others"), std::string::npos);
 }
 
 TEST(CertificateAuthority, AnExpiredAuthorityIsReported) {
@@ -233,14 +233,14 @@ TEST(CertificateAuthority, AnExpiredAuthorityIsReported) {
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow + 3650 * kDay);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.failure().text.find("has come to its end"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("has come to its end"), std::string::npos);
 }
 
 TEST(CertificateAuthority, AFolderThatCannotBeWrittenIsReported) {
   const ScratchFolder folder;
   const auto opened = CertificateAuthority::open(folder / "missing", kNames, kNow);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.failure().text.find("cannot write"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("cannot write"), std::string::npos);
 }
 
 TEST(CertifiableName, IsAnIpAddressOrAHostName) {

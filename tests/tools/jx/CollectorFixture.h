@@ -46,7 +46,7 @@ class Inspected : public testing::Test {
     settings.webPort = 0;
     if (change) change(settings);
     auto started = CollectorServer::start(settings);
-    if (!started) throw std::runtime_error(started.failure().text);
+    if (!started) throw std::runtime_error(started.error().text);
     server_ = std::move(*started);
   }
 

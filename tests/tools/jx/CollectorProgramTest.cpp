@@ -36,8 +36,8 @@ class RunningCollector {
       : process_(JX_PROGRAM, {"collector", "--state", (folder / "state").string(), "--port", "0",
                               "--web-port", "0", "--ports-file", (folder / "ports").string()}) {
     if (!process_.waitForOutput("Ctrl-C", kPatience)) throw std::runtime_error("did not start");
-    const Outcome<std::string> text = readWholeFile(folder / "ports");
-    if (!text) throw std::runtime_error(text.failure().text);
+    const Result<std::string> text = readWholeFile(folder / "ports");
+    if (!text) throw std::runtime_error(text.error().text);
     ports_.Parse(text->data(), text->size());
     if (!ports_.IsObject()) throw std::runtime_error("no JSON: " + *text);
   }

@@ -24,7 +24,7 @@ class CollectorServerTest : public testing::Test {
     settings.webPort = 0;
     settings.names = {"tv-desk.example"};
     auto started = CollectorServer::start(settings);
-    if (!started) throw std::runtime_error(started.failure().text);
+    if (!started) throw std::runtime_error(started.error().text);
     server_ = std::move(*started);
   }
 
@@ -184,7 +184,7 @@ TEST_F(CollectorServerTest, ABodyThatIsNoEventIsStoredWithItsProblem) {
 }
 
 TEST_F(CollectorServerTest, ARequestThatCannotBeStoredIsAnsweredWith500) {
-  Outcome<SqliteDatabase> database = SqliteDatabase::open(folder_ / "state" / "events.db");
+  Result<SqliteDatabase> database = SqliteDatabase::open(folder_ / "state" / "events.db");
   ASSERT_TRUE(database);
   ASSERT_TRUE(database->execute("ALTER TABLE events RENAME TO elsewhere"));
   HttpsClient client(caFile());

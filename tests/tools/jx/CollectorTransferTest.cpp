@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/tools/jx/CollectorFixture.h"
 #include "tools/jx/collector/Base64.h"
-#include "tools/jx/collector/HarText.h"
+#include "tools/jx/collector/HarReader.h"
 
 namespace jx {
 namespace {
@@ -152,7 +152,7 @@ TEST(Base64, IsReadAsStrictlyAsItIsWritten) {
     EXPECT_EQ(fromBase64(text), std::optional<std::string>()) << text;
 }
 
-TEST(HarText, ReadsTimesWithTheirOffset) {
+TEST(HarReader, ReadsTimesWithTheirOffset) {
   EXPECT_EQ(msOfIsoTime("2026-01-02T03:04:05.678Z"), std::optional<std::int64_t>(1767323045678));
   EXPECT_EQ(msOfIsoTime("2026-01-02T03:04:05Z"), std::optional<std::int64_t>(1767323045000));
   EXPECT_EQ(msOfIsoTime("2026-01-01T22:04:05-05:00"), std::optional<std::int64_t>(1767323045000));

@@ -27,8 +27,8 @@ TEST(DemoScript, EveryLineIsACommand) {
   int events = 0;
   while (!script.empty()) {
     const std::size_t end = script.find('\n');
-    const Outcome<ScriptCommand> command = readScriptLine(script.substr(0, end));
-    ASSERT_TRUE(command) << script.substr(0, end) << ": " << command.failure().text;
+    const Result<ScriptCommand> command = readScriptLine(script.substr(0, end));
+    ASSERT_TRUE(command) << script.substr(0, end) << ": " << command.error().text;
     events += std::holds_alternative<ScriptEvent>(*command) ? 1 : 0;
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
   }
@@ -40,7 +40,7 @@ TEST(DemoScript, TwoEventsAreIncompleteOnPurpose) {
   std::vector<std::string> faults;
   while (!script.empty()) {
     const std::size_t end = script.find('\n');
-    const Outcome<ScriptCommand> command = readScriptLine(script.substr(0, end));
+    const Result<ScriptCommand> command = readScriptLine(script.substr(0, end));
     ASSERT_TRUE(command) << script.substr(0, end);
     const auto* const line = std::get_if<ScriptEvent>(&*command);
     if (line != nullptr && !line->event->verifyEvent()) {

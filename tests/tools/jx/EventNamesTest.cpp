@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tools/jx/collector/judgement/EventNames.h"
+#include "tools/jx/collector/validation/EventNames.h"
 
 #include <gtest/gtest.h>
 

@@ -29,8 +29,8 @@ std::string eventBody(const std::string& id, const std::string& name) {
 
 std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
                                       std::int64_t maxEvents = 100) {
-  Outcome<std::unique_ptr<EventStore>> store = EventStore::open(file, maxEvents);
-  if (!store) throw std::runtime_error(store.failure().text);
+  Result<std::unique_ptr<EventStore>> store = EventStore::open(file, maxEvents);
+  if (!store) throw std::runtime_error(store.error().text);
   return std::move(*store);
 }
 
@@ -38,7 +38,7 @@ std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
 std::vector<std::string> bodies(const EventStore& store, const EventQuery& query = {}) {
   std::vector<std::string> found;
   const auto events = store.reading().list(query);
-  if (!events) throw std::runtime_error(events.failure().text);
+  if (!events) throw std::runtime_error(events.error().text);
   for (const StoredEvent& event : *events)
     found.push_back(event.request.body);
   return found;
@@ -49,7 +49,7 @@ TEST(EventStore, KeepsEveryPartOfARequest) {
   const auto store = openStore(folder / "events.db");
   const std::string body =
       R"({"event_name":"play","context":{"event_id":"e1","event_timestamp":9}})";
-  const Outcome<std::int64_t> id = store->add(requestWith(body, 1234));
+  const Result<std::int64_t> id = store->add(requestWith(body, 1234));
   ASSERT_TRUE(id);
   const auto event = store->reading().find(*id);
   ASSERT_TRUE(event && *event);
@@ -250,7 +250,7 @@ TEST(EventStore, RemovingAllForgetsEventsRepeatsAndEvictions) {
   const auto store = openStore(folder / "events.db", 2);
   for (const char* id : {"e1", "e2", "e3"})
     ASSERT_TRUE(store->add(requestWith(eventBody(id, "play"))));
-  const Outcome<std::int64_t> removed = store->removeAll();
+  const Result<std::int64_t> removed = store->removeAll();
   ASSERT_TRUE(removed);
   EXPECT_EQ(*removed, 2);
   const auto summary = store->reading().summary(0);
@@ -269,8 +269,8 @@ TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
   event.request = requestWith(eventBody("e1", "play"), 10);
   event.lastSeenMs = 40;
   event.repeats = 3;
-  const Outcome<bool> first = store->restore(event);
-  const Outcome<bool> second = store->restore(event);
+  const Result<bool> first = store->restore(event);
+  const Result<bool> second = store->restore(event);
   ASSERT_TRUE(first && second);
   EXPECT_TRUE(*first);
   EXPECT_FALSE(*second);
@@ -284,18 +284,18 @@ TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
 TEST(EventStore, WhatHappensIsTold) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
-  ArrivalFeed::Watch watch(store->feed());
+  EventBroadcaster::Subscription subscription(store->feed());
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
   ASSERT_TRUE(store->removeAll());
-  const ArrivalFeed::News news = watch.take();
-  EXPECT_EQ(news.last, 1);
-  ASSERT_EQ(news.signals.size(), 2u);
-  EXPECT_EQ(news.signals[0].kind, ArrivalFeed::Signal::Kind::Repeat);
-  EXPECT_EQ(news.signals[0].id, 1);
-  EXPECT_EQ(news.signals[0].repeats, 1);
-  EXPECT_EQ(news.signals[1].kind, ArrivalFeed::Signal::Kind::Reset);
-  EXPECT_EQ(news.signals[1].id, 1);
+  const EventBroadcaster::Updates updates = subscription.take();
+  EXPECT_EQ(updates.last, 1);
+  ASSERT_EQ(updates.signals.size(), 2u);
+  EXPECT_EQ(updates.signals[0].kind, EventBroadcaster::Signal::Kind::Repeat);
+  EXPECT_EQ(updates.signals[0].id, 1);
+  EXPECT_EQ(updates.signals[0].repeats, 1);
+  EXPECT_EQ(updates.signals[1].kind, EventBroadcaster::Signal::Kind::Reset);
+  EXPECT_EQ(updates.signals[1].id, 1);
 }
 
 // The tables as the first version of the program made them.
@@ -322,7 +322,7 @@ PRAGMA user_version = 1;
 TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
   const ScratchFolder folder;
   {
-    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    Result<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
     ASSERT_TRUE(database);
     ASSERT_TRUE(database->execute(kFirstVersion));
   }
@@ -359,7 +359,7 @@ TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
     ASSERT_TRUE(store->add(requestWith(eventBody("e1", "login"))));
   }
   {
-    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    Result<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
     ASSERT_TRUE(database);
     ASSERT_TRUE(
         database->execute("UPDATE events SET class = 'Other', good = 1, errors = 0, "
@@ -367,12 +367,12 @@ TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
   }
   const auto rowOf = [&folder] {
     const auto rows = openStore(folder / "events.db")->reading().rows({});
-    if (!rows) throw std::runtime_error(rows.failure().text);
+    if (!rows) throw std::runtime_error(rows.error().text);
     return rows->at(0);
   };
   EXPECT_EQ(rowOf().className, std::optional<std::string>("Other"));
   {
-    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    Result<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
     ASSERT_TRUE(database);
     ASSERT_TRUE(database->execute("UPDATE counters SET value = value + 1 WHERE name = 'rules'"));
   }
@@ -386,21 +386,21 @@ TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
   std::ofstream(folder / "events.db") << std::string(5000, 'x');
   const auto store = EventStore::open(folder / "events.db", 10);
   ASSERT_FALSE(store);
-  EXPECT_NE(store.failure().text.find("file is not a database"), std::string::npos)
-      << store.failure().text;
+  EXPECT_NE(store.error().text.find("file is not a database"), std::string::npos)
+      << store.error().text;
 }
 
 TEST(EventStore, AFileOfANewerVersionIsReported) {
   const ScratchFolder folder;
   openStore(folder / "events.db");
   {
-    Outcome<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
+    Result<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
     ASSERT_TRUE(database);
     ASSERT_TRUE(database->execute("PRAGMA user_version = 99"));
   }
   const auto store = EventStore::open(folder / "events.db", 10);
   ASSERT_FALSE(store);
-  EXPECT_NE(store.failure().text.find("newer version"), std::string::npos);
+  EXPECT_NE(store.error().text.find("newer version"), std::string::npos);
 }
 
 }  // namespace

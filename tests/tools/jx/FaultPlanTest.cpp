@@ -8,14 +8,14 @@ namespace jx {
 namespace {
 
 TEST(FaultPlan, NothingIsArmedAtFirst) {
-  ArrivalFeed feed;
+  EventBroadcaster feed;
   FaultPlan plan(feed);
   EXPECT_FALSE(plan.take());
   EXPECT_EQ(plan.toJson(), R"({"armed":null,"met":0})");
 }
 
 TEST(FaultPlan, AFaultIsMetAsOftenAsItSays) {
-  ArrivalFeed feed;
+  EventBroadcaster feed;
   FaultPlan plan(feed);
   ASSERT_TRUE(plan.set(R"({"next":2,"delay_ms":500,"status":429,"retry_after":"5"})"));
   EXPECT_EQ(plan.toJson(), R"({"armed":{"next":2,"delay_ms":500,"status":429,"retry_after":"5",)"
@@ -32,7 +32,7 @@ TEST(FaultPlan, AFaultIsMetAsOftenAsItSays) {
 }
 
 TEST(FaultPlan, WithoutANumberItLastsUntilItIsCleared) {
-  ArrivalFeed feed;
+  EventBroadcaster feed;
   FaultPlan plan(feed);
   ASSERT_TRUE(plan.set(R"({"action":"reset"})"));
   for (int i = 0; i < 100; ++i)
@@ -45,7 +45,7 @@ TEST(FaultPlan, WithoutANumberItLastsUntilItIsCleared) {
 }
 
 TEST(FaultPlan, OnlyAnAnswerThatAcceptsLetsAnEventIn) {
-  ArrivalFeed feed;
+  EventBroadcaster feed;
   FaultPlan plan(feed);
   const auto refuses = [&plan](const char* json) {
     EXPECT_TRUE(plan.set(json)) << json;
@@ -59,7 +59,7 @@ TEST(FaultPlan, OnlyAnAnswerThatAcceptsLetsAnEventIn) {
 }
 
 TEST(FaultPlan, WhatIsWrongChangesNothing) {
-  ArrivalFeed feed;
+  EventBroadcaster feed;
   FaultPlan plan(feed);
   ASSERT_TRUE(plan.set(R"({"status":503})"));
   const std::string before = plan.toJson();

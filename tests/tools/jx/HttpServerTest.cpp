@@ -32,7 +32,7 @@ class EchoServer {
       throw std::runtime_error("a fault in a handler");
     });
     const Done started = server_.start("127.0.0.1", 0);
-    if (!started) throw std::runtime_error(started.failure().text);
+    if (!started) throw std::runtime_error(started.error().text);
   }
 
   HttpServer& server() { return server_; }
@@ -284,7 +284,7 @@ TEST(HttpServer, APortInUseIsReported) {
   HttpServer second;
   const Done started = second.start("127.0.0.1", server.port());
   ASSERT_FALSE(started);
-  EXPECT_EQ(started.failure().text,
+  EXPECT_EQ(started.error().text,
             "port " + std::to_string(server.port()) + " of 127.0.0.1 is in use by another program");
 }
 
@@ -292,7 +292,7 @@ TEST(HttpServer, AnAddressThatIsNotOursIsReported) {
   HttpServer server;
   const Done started = server.start("192.0.2.1", 0);
   ASSERT_FALSE(started);
-  EXPECT_NE(started.failure().text.find("cannot listen on port 0 of 192.0.2.1"), std::string::npos);
+  EXPECT_NE(started.error().text.find("cannot listen on port 0 of 192.0.2.1"), std::string::npos);
 }
 
 }  // namespace

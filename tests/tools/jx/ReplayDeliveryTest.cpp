@@ -41,7 +41,7 @@ TEST(ReplayDelivery, EveryEventArrivesOnceWithSiteAndKey) {
   EXPECT_EQ(collector.eventIds().size(), 20u);
   EXPECT_EQ(collector.repeats(), "0");
   const JXJsonObject first = collector.events().at(0).object();
-  EXPECT_EQ(first.get("site").numberText(), JXString("42"));
+  EXPECT_EQ(first.get("site").numberString(), JXString("42"));
   EXPECT_EQ(first.get("token").string(), JXString("some-key"));
 }
 

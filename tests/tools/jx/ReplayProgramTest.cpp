@@ -42,7 +42,7 @@ TEST(ReplayPrint, BodiesComeOutWithTheDigitsOfTheScript) {
   const JXJsonObject one = parsedBody(bodies[0]);
   EXPECT_EQ(one.get("event_name").string(), JXString("one"));
   const JXJsonArray list = one.get("deep").object().get("list").array();
-  EXPECT_EQ(list.at(0).numberText(), JXString("1"));
+  EXPECT_EQ(list.at(0).numberString(), JXString("1"));
   EXPECT_EQ(list.at(1).object().get("x").kind(), JXJsonValue::Kind::Null);
   const JXJsonObject two = parsedBody(bodies[1]);
   EXPECT_TRUE(contains(bodies[1], "\"n\": 123456789012345678.901234567890,"));
@@ -98,7 +98,7 @@ TEST(ReplayPrint, TheClockStandsStillUntilTheScriptMovesIt) {
   const auto bodies = bodiesIn(result.output);
   ASSERT_EQ(bodies.size(), 2u);
   const auto timestamp = [&bodies](std::size_t i) {
-    return parsedBody(bodies[i]).get("context").object().get("event_timestamp").numberText();
+    return parsedBody(bodies[i]).get("context").object().get("event_timestamp").numberString();
   };
   EXPECT_EQ(timestamp(0), JXString("1700000000000"));
   EXPECT_EQ(timestamp(1), JXString("1699999995000"));
@@ -122,7 +122,7 @@ TEST(ReplayPrint, PermanentDataGoWithEveryEventUntilTheyAreForgotten) {
                 customEvents(1) + "{\"do\":\"forget\",\"key\":\"store\"}\n" + customEvents(1));
   const auto bodies = bodiesIn(result.output);
   ASSERT_EQ(bodies.size(), 2u);
-  EXPECT_EQ(parsedBody(bodies[0]).get("store").object().get("n").numberText(), JXString("1.50"));
+  EXPECT_EQ(parsedBody(bodies[0]).get("store").object().get("n").numberString(), JXString("1.50"));
   EXPECT_EQ(parsedBody(bodies[0]).get("nothing").kind(), JXJsonValue::Kind::Null);
   EXPECT_FALSE(parsedBody(bodies[1]).contains("store"));
   EXPECT_TRUE(parsedBody(bodies[1]).contains("nothing"));

@@ -14,9 +14,9 @@ namespace {
 
 template <typename Command>
 Command commandOf(std::string_view line) {
-  const Outcome<ScriptCommand> read = readScriptLine(line);
+  const Result<ScriptCommand> read = readScriptLine(line);
   if (!read) {
-    ADD_FAILURE() << line << ": " << read.failure().text;
+    ADD_FAILURE() << line << ": " << read.error().text;
     return {};
   }
   if (!std::holds_alternative<Command>(*read)) {
@@ -28,8 +28,8 @@ Command commandOf(std::string_view line) {
 
 // What is said about a line that is no command.
 std::string faultOf(std::string_view line) {
-  const Outcome<ScriptCommand> read = readScriptLine(line);
-  return read ? "no fault" : read.failure().text;
+  const Result<ScriptCommand> read = readScriptLine(line);
+  return read ? "no fault" : read.error().text;
 }
 
 std::string extrasOf(const ScriptEvent& event) {

@@ -41,12 +41,12 @@ CertificateAuthority::CertificateAuthority(std::filesystem::path folder,
                                            std::vector<std::string> names, std::time_t now)
     : folder_(std::move(folder)), names_(std::move(names)), now_(now) {}
 
-Outcome<CertificateAuthority> CertificateAuthority::open(const std::filesystem::path& folder,
-                                                         std::vector<std::string> names,
-                                                         std::time_t now) {
+Result<CertificateAuthority> CertificateAuthority::open(const std::filesystem::path& folder,
+                                                        std::vector<std::string> names,
+                                                        std::time_t now) {
   CertificateAuthority authority(folder, std::move(names), now);
-  if (const Done made = authority.loadOrMakeAuthority(); !made) return made.failure();
-  if (const Done made = authority.loadOrMakeServer(); !made) return made.failure();
+  if (const Done made = authority.loadOrMakeAuthority(); !made) return made.error();
+  if (const Done made = authority.loadOrMakeServer(); !made) return made.error();
   return authority;
 }
 
@@ -57,8 +57,8 @@ Done CertificateAuthority::loadOrMakeAuthority() {
   if (!hasCertificate && !hasKey) return makeAuthority();
   if (!hasCertificate || !hasKey) {
     const std::string missing = hasKey ? "ca.pem" : "ca.key";
-    return Failure{"the certificate authority in " + folder_.string() + " has lost " + missing +
-                   kHowToReplace};
+    return Error{"the certificate authority in " + folder_.string() + " has lost " + missing +
+                 kHowToReplace};
   }
   return loadAuthority();
 }
@@ -70,7 +70,7 @@ Done CertificateAuthority::makeAuthority() {
   text.notAfter = now_ + kAuthorityValidity;
   key_ = makePrivateKey();
   if (key_) certificate_ = makeAuthorityCertificate(text, *key_);
-  if (!certificate_) return Failure{"OpenSSL could not make a certificate authority"};
+  if (!certificate_) return Error{"OpenSSL could not make a certificate authority"};
   certificatePem_ = pemOf(*certificate_);
   if (const Done kept = writeFileAtomically(folder_ / "ca.key", pemOf(*key_), 0600); !kept) {
     return kept;
@@ -79,10 +79,10 @@ Done CertificateAuthority::makeAuthority() {
 }
 
 Done CertificateAuthority::loadAuthority() {
-  const Outcome<std::string> certificate = readWholeFile(certificateFile());
-  if (!certificate) return certificate.failure();
-  const Outcome<std::string> key = readWholeFile(folder_ / "ca.key");
-  if (!key) return key.failure();
+  const Result<std::string> certificate = readWholeFile(certificateFile());
+  if (!certificate) return certificate.error();
+  const Result<std::string> key = readWholeFile(folder_ / "ca.key");
+  if (!key) return key.error();
   certificatePem_ = *certificate;
   certificate_ = certificateFromPem(*certificate);
   key_ = privateKeyFromPem(*key);
@@ -91,19 +91,19 @@ Done CertificateAuthority::loadAuthority() {
 
 Done CertificateAuthority::checkAuthority() const {
   const std::string where = folder_.string();
-  if (!certificate_) return Failure{where + "/ca.pem holds no certificate" + kHowToReplace};
-  if (!key_) return Failure{where + "/ca.key holds no private key" + kHowToReplace};
+  if (!certificate_) return Error{where + "/ca.pem holds no certificate" + kHowToReplace};
+  if (!key_) return Error{where + "/ca.key holds no private key" + kHowToReplace};
   if (!keyBelongsTo(key_, certificate_)) {
-    return Failure{where + "/ca.key is not the key of ca.pem" + kHowToReplace};
+    return Error{where + "/ca.key is not the key of ca.pem" + kHowToReplace};
   }
   if (X509_check_ca(certificate_.get()) != 1) {
-    return Failure{where + "/ca.pem is not the certificate of an authority" + kHowToReplace};
+    return Error{where + "/ca.pem is not the certificate of an authority" + kHowToReplace};
   }
   if (mayBeReadByOthers(folder_ / "ca.key")) {
-    return Failure{where + "/ca.key may be read by others; chmod 600 it if it is still secret"};
+    return Error{where + "/ca.key may be read by others; chmod 600 it if it is still secret"};
   }
   if (notAfter(*certificate_) <= now_ + kDay) {
-    return Failure{where + "/ca.pem has come to its end" + kHowToReplace};
+    return Error{where + "/ca.pem has come to its end" + kHowToReplace};
   }
   return done();
 }
@@ -114,8 +114,8 @@ Done CertificateAuthority::loadOrMakeServer() {
 }
 
 bool CertificateAuthority::loadServer() {
-  const Outcome<std::string> certificate = readWholeFile(folder_ / "server.pem");
-  const Outcome<std::string> key = readWholeFile(folder_ / "server.key");
+  const Result<std::string> certificate = readWholeFile(folder_ / "server.pem");
+  const Result<std::string> key = readWholeFile(folder_ / "server.key");
   if (!certificate || !key) return false;
   serverCertificate_ = certificateFromPem(*certificate);
   serverKey_ = privateKeyFromPem(*key);
@@ -148,7 +148,7 @@ Done CertificateAuthority::makeServer() {
   serverKey_ = makePrivateKey();
   serverCertificate_ =
       serverKey_ ? makeServerCertificate(text, *serverKey_, *certificate_, *key_) : nullptr;
-  if (!serverCertificate_) return Failure{"OpenSSL could not make a server certificate"};
+  if (!serverCertificate_) return Error{"OpenSSL could not make a server certificate"};
   if (const Done kept = writeFileAtomically(folder_ / "server.key", pemOf(*serverKey_), 0600);
       !kept) {
     return kept;
@@ -156,13 +156,13 @@ Done CertificateAuthority::makeServer() {
   return writeFileAtomically(folder_ / "server.pem", pemOf(*serverCertificate_), 0644);
 }
 
-Outcome<SslContextHandle> CertificateAuthority::makeServerContext() const {
+Result<SslContextHandle> CertificateAuthority::makeServerContext() const {
   SslContextHandle context(SSL_CTX_new(TLS_server_method()));
   const bool complete = context &&
                         SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION) == 1 &&
                         SSL_CTX_use_certificate(context.get(), serverCertificate_.get()) == 1 &&
                         SSL_CTX_use_PrivateKey(context.get(), serverKey_.get()) == 1;
-  if (!complete) return Failure{"OpenSSL could not use the server certificate"};
+  if (!complete) return Error{"OpenSSL could not use the server certificate"};
   // The connection code writes whole buffers and repeats a write from the same place.
   SSL_CTX_set_mode(context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE |
                                       SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER |

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/OpenSslHandles.h"
 
 namespace jx {
@@ -24,15 +24,15 @@ class CertificateAuthority {
   /// Reads what the folder, which exists, holds, and makes what is missing. `names` are the host
   /// names and IP addresses of the server certificate, at least one, each a certifiable name.
   /// `now` is in seconds since the Unix epoch.
-  static Outcome<CertificateAuthority> open(const std::filesystem::path& folder,
-                                            std::vector<std::string> names, std::time_t now);
+  static Result<CertificateAuthority> open(const std::filesystem::path& folder,
+                                           std::vector<std::string> names, std::time_t now);
 
   /// The authority's certificate: the file that a device or a client is told to trust.
   std::filesystem::path certificateFile() const { return folder_ / "ca.pem"; }
   /// Its content.
   const std::string& certificatePem() const { return certificatePem_; }
   /// A TLS server context with the server certificate, TLS 1.2 or later.
-  Outcome<SslContextHandle> makeServerContext() const;
+  Result<SslContextHandle> makeServerContext() const;
 
  private:
   CertificateAuthority(std::filesystem::path folder, std::vector<std::string> names,

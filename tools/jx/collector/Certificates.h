@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/OpenSslHandles.h"
 
 namespace jx {

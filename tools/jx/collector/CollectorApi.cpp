@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tools/jx/collector/ApiAnswer.h"
+#include "tools/jx/collector/ApiResponse.h"
 #include "tools/jx/collector/EventJson.h"
 #include "tools/jx/collector/JsonOut.h"
 #include "tools/jx/collector/PageFiles.h"
@@ -24,7 +24,7 @@ constexpr std::string_view kEventsFolder = "/api/events/";
 CollectorApi::CollectorApi(EventStore& store, std::string authorityPem)
     : store_(store), authorityPem_(std::move(authorityPem)) {}
 
-void CollectorApi::setWhereabouts(int eventsPort, std::string authorityFile) {
+void CollectorApi::setEndpoints(int eventsPort, std::string authorityFile) {
   eventsPort_ = eventsPort;
   authorityFile_ = std::move(authorityFile);
 }
@@ -43,7 +43,7 @@ void CollectorApi::install(HttpServer& server) {
     summarise(response);
   });
   server.onGet("/api/about", [this](const Request&, const std::string&, Response& response) {
-    tellWhereabouts(response);
+    getEndpoints(response);
   });
   server.onGet("/api/sessions", [this](const Request& request, const std::string&,
                                        Response& response) { listSessions(request, response); });
@@ -69,8 +69,8 @@ void CollectorApi::installPage(HttpServer& server) {
 }
 
 void CollectorApi::listEvents(const httplib::Request& request, httplib::Response& response) const {
-  const Outcome<EventQuery> query = filtersOf(request, kMaxLimit);
-  if (!query) return answerFailure(response, 400, query.failure().text);
+  const Result<EventQuery> query = filtersOf(request, kMaxLimit);
+  if (!query) return answerFailure(response, 400, query.error().text);
   const std::string view =
       request.has_param("view") ? request.get_param_value("view") : std::string("full");
   if (view != "full" && view != "row") return answerFailure(response, 400, "view is full or row");
@@ -78,29 +78,29 @@ void CollectorApi::listEvents(const httplib::Request& request, httplib::Response
   const int failed = query->text ? 503 : 500;
   const std::int64_t last = query->after.value_or(0);
   if (view == "row") {
-    const Outcome<std::vector<EventRow>> rows = store_.reading().rows(*query);
-    if (!rows) return answerFailure(response, failed, rows.failure().text);
+    const Result<std::vector<EventRow>> rows = store_.reading().rows(*query);
+    if (!rows) return answerFailure(response, failed, rows.error().text);
     return answerJson(response, 200, rowsToJson(*rows, last));
   }
-  const Outcome<std::vector<StoredEvent>> events = store_.reading().list(*query);
-  if (!events) return answerFailure(response, failed, events.failure().text);
+  const Result<std::vector<StoredEvent>> events = store_.reading().list(*query);
+  if (!events) return answerFailure(response, failed, events.error().text);
   answerJson(response, 200, eventsToJson(*events, last));
 }
 
 void CollectorApi::showEvent(const httplib::Request& request, httplib::Response& response) const {
   const auto id = wholeNumber(std::string_view(request.path).substr(kEventsFolder.size()));
   if (!id) return answerFailure(response, 404, "no such event");
-  const Outcome<std::optional<StoredEvent>> event = store_.reading().find(*id);
-  if (!event) return answerFailure(response, 500, event.failure().text);
+  const Result<std::optional<StoredEvent>> event = store_.reading().find(*id);
+  if (!event) return answerFailure(response, 500, event.error().text);
   if (!*event) return answerFailure(response, 404, "no such event");
-  const Outcome<std::optional<std::int64_t>> previous = store_.reading().previousOf(**event);
-  if (!previous) return answerFailure(response, 500, previous.failure().text);
+  const Result<std::optional<std::int64_t>> previous = store_.reading().previousOf(**event);
+  if (!previous) return answerFailure(response, 500, previous.error().text);
   const ReceivedRequest& kept = (*event)->request;
-  const Judgement judgement = Judgement::of(kept.query, kept.body);
-  answerJson(response, 200, eventToJson(**event, judgement.reasons.kept(), *previous));
+  const ValidationResult validation = ValidationResult::of(kept.query, kept.body);
+  answerJson(response, 200, eventToJson(**event, validation.reasons.kept(), *previous));
 }
 
-void CollectorApi::tellWhereabouts(httplib::Response& response) const {
+void CollectorApi::getEndpoints(httplib::Response& response) const {
   answerJson(response, 200,
              JsonOut()
                  .beginObject()
@@ -111,24 +111,24 @@ void CollectorApi::tellWhereabouts(httplib::Response& response) const {
 }
 
 void CollectorApi::summarise(httplib::Response& response) const {
-  const Outcome<EventSummary> summary = store_.reading().summary(wallClockMs());
-  if (!summary) return answerFailure(response, 500, summary.failure().text);
+  const Result<EventSummary> summary = store_.reading().summary(wallClockMs());
+  if (!summary) return answerFailure(response, 500, summary.error().text);
   answerJson(response, 200, summaryToJson(*summary));
 }
 
 void CollectorApi::listSessions(const httplib::Request& request,
                                 httplib::Response& response) const {
-  Outcome<EventQuery> query = filtersOf(request, kMaxLimit);
-  if (!query) return answerFailure(response, 400, query.failure().text);
+  Result<EventQuery> query = filtersOf(request, kMaxLimit);
+  if (!query) return answerFailure(response, 400, query.error().text);
   if (!request.has_param("limit")) query->limit = kSessions;
-  const Outcome<std::vector<SessionSummary>> sessions = store_.reading().sessions(query->limit);
-  if (!sessions) return answerFailure(response, 500, sessions.failure().text);
+  const Result<std::vector<SessionSummary>> sessions = store_.reading().sessions(query->limit);
+  if (!sessions) return answerFailure(response, 500, sessions.error().text);
   answerJson(response, 200, sessionsToJson(*sessions));
 }
 
 void CollectorApi::reset(httplib::Response& response) const {
-  const Outcome<std::int64_t> removed = store_.removeAll();
-  if (!removed) return answerFailure(response, 500, removed.failure().text);
+  const Result<std::int64_t> removed = store_.removeAll();
+  if (!removed) return answerFailure(response, 500, removed.error().text);
   answerJson(response, 200, JsonOut().beginObject().member("removed", *removed).endObject().text());
 }
 

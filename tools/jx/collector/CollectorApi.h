@@ -21,14 +21,14 @@ class CollectorApi {
 
   /// Where an application reaches this collector, for the page to tell. Said before the server that
   /// this is installed in starts.
-  void setWhereabouts(int eventsPort, std::string authorityFile);
+  void setEndpoints(int eventsPort, std::string authorityFile);
   /// Adds the routes; this object outlives the server.
   void install(HttpServer& server);
 
  private:
   void listEvents(const httplib::Request& request, httplib::Response& response) const;
   void showEvent(const httplib::Request& request, httplib::Response& response) const;
-  void tellWhereabouts(httplib::Response& response) const;
+  void getEndpoints(httplib::Response& response) const;
   void summarise(httplib::Response& response) const;
   void listSessions(const httplib::Request& request, httplib::Response& response) const;
   void reset(httplib::Response& response) const;

@@ -30,7 +30,7 @@ void raiseDescriptorLimit() {
   ::setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-int fail(const Failure& failure) {
+int fail(const Error& failure) {
   std::fprintf(stderr, "jx collector: %s\n", failure.text.c_str());
   return kExitFailure;
 }
@@ -49,7 +49,7 @@ std::string shownHost(const std::string& address) {
   return address.find(':') == std::string::npos ? address : "[" + address + "]";
 }
 
-void printWhereabouts(const CollectorOptions& options, const CollectorServer& server) {
+void printEndpoints(const CollectorOptions& options, const CollectorServer& server) {
   const std::string ca = server.authorityFile().string();
   std::printf("Events go to  https://%s:%d/events\n",
               shownHost(options.settings.eventsAddress).c_str(), server.eventsPort());
@@ -124,20 +124,20 @@ int runCollector(const CollectorOptions& options) {
   raiseDescriptorLimit();
   CollectorSettings settings = options.settings;
   if (settings.stateFolder.empty()) {
-    const Outcome<std::filesystem::path> folder = StateFolder::defaultPath();
-    if (!folder) return fail(folder.failure());
+    const Result<std::filesystem::path> folder = StateFolder::defaultPath();
+    if (!folder) return fail(folder.error());
     settings.stateFolder = *folder;
   }
   std::error_code ignored;
   const std::filesystem::path absolute = std::filesystem::absolute(settings.stateFolder, ignored);
   if (!absolute.empty()) settings.stateFolder = absolute;
-  const Outcome<std::unique_ptr<CollectorServer>> server = CollectorServer::start(settings);
-  if (!server) return fail(server.failure());
+  const Result<std::unique_ptr<CollectorServer>> server = CollectorServer::start(settings);
+  if (!server) return fail(server.error());
   if (!options.portsFile.empty()) {
     const Done written = writeFileAtomically(options.portsFile, portsJson(**server), 0644);
-    if (!written) return fail(written.failure());
+    if (!written) return fail(written.error());
   }
-  printWhereabouts(options, **server);
+  printEndpoints(options, **server);
   termination.wait();
   return kExitOk;
 }

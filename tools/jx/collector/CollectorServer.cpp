@@ -66,28 +66,27 @@ CollectorServer::~CollectorServer() {
   webServer_.stopServing();
 }
 
-Outcome<std::unique_ptr<CollectorServer>> CollectorServer::start(
-    const CollectorSettings& settings) {
-  Outcome<StateFolder> folder = StateFolder::open(settings.stateFolder);
-  if (!folder) return folder.failure();
+Result<std::unique_ptr<CollectorServer>> CollectorServer::start(const CollectorSettings& settings) {
+  Result<StateFolder> folder = StateFolder::open(settings.stateFolder);
+  if (!folder) return folder.error();
   std::vector<std::string> names = allNames(settings);
-  Outcome<CertificateAuthority> authority =
+  Result<CertificateAuthority> authority =
       CertificateAuthority::open(folder->path(), names, std::time(nullptr));
-  if (!authority) return authority.failure();
-  Outcome<SslContextHandle> tls = authority->makeServerContext();
-  if (!tls) return tls.failure();
-  Outcome<std::unique_ptr<EventStore>> store =
+  if (!authority) return authority.error();
+  Result<SslContextHandle> tls = authority->makeServerContext();
+  if (!tls) return tls.error();
+  Result<std::unique_ptr<EventStore>> store =
       EventStore::open(folder->path() / "events.db", settings.maxEvents);
-  if (!store) return store.failure();
+  if (!store) return store.error();
 
   std::unique_ptr<CollectorServer> server(
       new CollectorServer(std::move(*folder), std::move(*authority), std::move(*store),
                           std::move(*tls), std::move(names), settings));
   const Done events = server->eventsServer_.start(settings.eventsAddress, settings.eventsPort);
-  if (!events) return events.failure();
-  server->api_.setWhereabouts(server->eventsPort(), server->authorityFile().string());
+  if (!events) return events.error();
+  server->api_.setEndpoints(server->eventsPort(), server->authorityFile().string());
   const Done web = server->webServer_.start(settings.webAddress, settings.webPort);
-  if (!web) return web.failure();
+  if (!web) return web.error();
   return server;
 }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/CertificateAuthority.h"
 #include "tools/jx/collector/CollectorApi.h"
 #include "tools/jx/collector/EventIntake.h"
@@ -45,7 +45,7 @@ struct CollectorSettings {
 class CollectorServer {
  public:
   /// Everything listens when this returns.
-  static Outcome<std::unique_ptr<CollectorServer>> start(const CollectorSettings& settings);
+  static Result<std::unique_ptr<CollectorServer>> start(const CollectorSettings& settings);
   /// Stops both servers; what was answered with 200 is stored.
   ~CollectorServer();
 

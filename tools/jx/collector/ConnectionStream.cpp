@@ -77,7 +77,7 @@ bool ConnectionStream::awaitRequest() {
   return arrived;
 }
 
-void ConnectionStream::sayGoodbye() {
+void ConnectionStream::sendCloseNotify() {
   if (broken_) return;
   if (tls_) {
     ERR_clear_error();

@@ -51,7 +51,7 @@ class ConnectionStream final : public httplib::Stream {
   /// True when reading or writing failed: nothing more can be said on this connection.
   bool isBroken() const { return broken_; }
   /// Tells the client that nothing more will come.
-  void sayGoodbye();
+  void sendCloseNotify();
   /// After that, reads on for a moment: closing with unread bytes would reset the connection before
   /// the client has read the answer.
   void drain();

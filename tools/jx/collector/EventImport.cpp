@@ -3,7 +3,7 @@
 #include "tools/jx/collector/EventImport.h"
 
 #include "tools/jx/collector/EventLines.h"
-#include "tools/jx/collector/HarText.h"
+#include "tools/jx/collector/HarReader.h"
 #include "tools/jx/collector/JsonOut.h"
 
 namespace jx {
@@ -25,15 +25,15 @@ bool EventImport::take(std::string_view part) {
   if (format_ == Format::Unknown) recognise();
   if (format_ == Format::Lines) takeLines(false);
   const std::size_t most = format_ == Format::Lines ? kMaxLine : kMaxArchive;
-  if (failure_.empty() && held_.size() > most) {
-    failure_ = format_ == Format::Lines ? "a line is longer than 64 MiB"
-                                        : "an archive is longer than 256 MiB: import lines of JSON";
+  if (error_.empty() && held_.size() > most) {
+    error_ = format_ == Format::Lines ? "a line is longer than 64 MiB"
+                                      : "an archive is longer than 256 MiB: import lines of JSON";
   }
-  return failure_.empty();
+  return error_.empty();
 }
 
 void EventImport::finish() {
-  if (!failure_.empty()) return;
+  if (!error_.empty()) return;
   if (format_ == Format::Lines) return takeLines(true);
   takeArchive();
 }
@@ -61,7 +61,7 @@ void EventImport::takeLines(bool isEnd) {
     begin = end == std::string::npos ? held_.size() : end + 1;
     ++number_;
     if (!isBlank(line)) takeEvent(eventFromLine(line));
-    if (!failure_.empty()) return;
+    if (!error_.empty()) return;
   }
   held_.erase(0, begin);
   looked_ = held_.size();
@@ -70,7 +70,7 @@ void EventImport::takeLines(bool isEnd) {
 void EventImport::takeArchive() {
   const JsonTree archive = JsonTree::read(held_, kMaxArchiveValues);
   if (archive.problem() == JsonTree::Problem::TooMany) {
-    failure_ = "an archive holds more than 4000000 values: import lines of JSON";
+    error_ = "an archive holds more than 4000000 values: import lines of JSON";
     return;
   }
   const std::optional<std::uint32_t> entries = harEntries(archive);
@@ -81,15 +81,15 @@ void EventImport::takeArchive() {
   }
   forEachIn(archive, *entries, [&](std::uint32_t entry) {
     ++number_;
-    if (failure_.empty()) takeEvent(eventFromHar(archive, entry));
+    if (error_.empty()) takeEvent(eventFromHar(archive, entry));
   });
 }
 
-void EventImport::takeEvent(const Outcome<StoredEvent>& event) {
-  if (!event) return refuse(event.failure().text);
-  const Outcome<bool> restored = store_.restore(*event);
+void EventImport::takeEvent(const Result<StoredEvent>& event) {
+  if (!event) return refuse(event.error().text);
+  const Result<bool> restored = store_.restore(*event);
   if (!restored) {
-    failure_ = restored.failure().text;
+    error_ = restored.error().text;
   } else {
     ++(*restored ? imported_ : repeated_);
   }
@@ -106,7 +106,7 @@ std::string EventImport::toJson() const {
   for (const auto& [line, reason] : refused_)
     out.beginObject().member("line", line).member("reason", reason).endObject();
   out.endArray();
-  if (!failure_.empty()) out.member("error", failure_);
+  if (!error_.empty()) out.member("error", error_);
   out.endObject();
   return out.text();
 }

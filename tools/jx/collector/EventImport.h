@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/EventStore.h"
 
 namespace jx {
@@ -21,13 +21,13 @@ class EventImport {
   /// The store outlives the import.
   explicit EventImport(EventStore& store) : store_(store) {}
 
-  /// The next part of the text. False when it cannot be gone on with; failure() then tells why.
+  /// The next part of the text. False when it cannot be gone on with; error() then tells why.
   bool take(std::string_view part);
   /// After the last part.
   void finish();
 
   /// Empty when nothing failed as a whole.
-  const std::string& failure() const { return failure_; }
+  const std::string& error() const { return error_; }
   /// {"imported":2,"repeated":1,"refused":[{"line":3,"reason":"has no body"}]}. Of an archive, the
   /// line is the number of the entry.
   std::string toJson() const;
@@ -38,7 +38,7 @@ class EventImport {
   void recognise();
   void takeLines(bool isEnd);
   void takeArchive();
-  void takeEvent(const Outcome<StoredEvent>& event);
+  void takeEvent(const Result<StoredEvent>& event);
   void refuse(std::string reason);
 
   EventStore& store_;
@@ -49,7 +49,7 @@ class EventImport {
   std::int64_t imported_ = 0;
   std::int64_t repeated_ = 0;
   std::vector<std::pair<std::int64_t, std::string>> refused_;
-  std::string failure_;
+  std::string error_;
 };
 
 }  // namespace jx

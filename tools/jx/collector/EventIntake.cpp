@@ -62,13 +62,13 @@ void EventIntake::store(const httplib::Request& request, const std::string& body
   received.headers.assign(request.headers.begin(), request.headers.end());
   received.body = body;
   // Judged before the store is asked for its lock: a large body takes a while.
-  const Judgement judgement = Judgement::of(received.query, received.body);
-  const Outcome<std::int64_t> id = store_.add(received, judgement);
+  const ValidationResult validation = ValidationResult::of(received.query, received.body);
+  const Result<std::int64_t> id = store_.add(received, validation);
   response.status = id ? 200 : 500;
-  if (!id) std::fprintf(stderr, "jx collector: %s\n", id.failure().text.c_str());
-  if (!id || !isStrict_ || judgement.isGood()) return;
+  if (!id) std::fprintf(stderr, "jx collector: %s\n", id.error().text.c_str());
+  if (!id || !isStrict_ || validation.isGood()) return;
   response.status = 422;
-  response.set_content(reasonsToJson(judgement.reasons.kept()), "application/json");
+  response.set_content(reasonsToJson(validation.reasons.kept()), "application/json");
 }
 
 }  // namespace jx

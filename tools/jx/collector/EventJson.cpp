@@ -53,13 +53,13 @@ void writeEvent(JsonOut& out, const StoredEvent& event) {
   out.endObject();
 }
 
-void writeReasons(JsonOut& out, const std::vector<Reason>& reasons) {
+void writeReasons(JsonOut& out, const std::vector<Diagnostic>& reasons) {
   out.key("reasons").beginArray();
-  for (const Reason::Level level : {Reason::Level::Error, Reason::Level::Note}) {
-    for (const Reason& reason : reasons) {
+  for (const Diagnostic::Level level : {Diagnostic::Level::Error, Diagnostic::Level::Warning}) {
+    for (const Diagnostic& reason : reasons) {
       if (reason.level != level) continue;
       out.beginObject()
-          .member("level", level == Reason::Level::Error ? "error" : "note")
+          .member("level", level == Diagnostic::Level::Error ? "error" : "note")
           .member("code", reason.code)
           .member("key", reason.key)
           .member("text", reason.text)
@@ -101,7 +101,7 @@ std::string eventsToJson(const std::vector<StoredEvent>& events, std::int64_t la
   return listToJson(events, last, writeEvent);
 }
 
-std::string eventToJson(const StoredEvent& event, const std::vector<Reason>& reasons,
+std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>& reasons,
                         const std::optional<std::int64_t>& previous) {
   JsonOut out;
   out.beginObject();
@@ -117,7 +117,7 @@ std::string eventToJson(const StoredEvent& event, const std::vector<Reason>& rea
   return out.text();
 }
 
-std::string reasonsToJson(const std::vector<Reason>& reasons) {
+std::string reasonsToJson(const std::vector<Diagnostic>& reasons) {
   JsonOut out;
   out.beginObject();
   writeReasons(out, reasons);

@@ -49,15 +49,15 @@ std::string eventToLine(const StoredEvent& event) {
   return out.text() + "\n";
 }
 
-Outcome<StoredEvent> eventFromLine(std::string_view line) {
+Result<StoredEvent> eventFromLine(std::string_view line) {
   const JsonTree tree = JsonTree::read(line);
   if (tree.problem() != JsonTree::Problem::None || !tree.isObject(0)) {
-    return Failure{"is no JSON object"};
+    return Error{"is no JSON object"};
   }
   StoredEvent event;
   ReceivedRequest& request = event.request;
   const std::optional<std::int64_t> received = integerMember(tree, 0, "received_ms");
-  if (!received || *received < 0) return Failure{"has no received_ms"};
+  if (!received || *received < 0) return Error{"has no received_ms"};
   request.receivedMs = event.receivedMs = *received;
   event.lastSeenMs = integerMember(tree, 0, "last_seen_ms").value_or(*received);
   event.repeats = std::max<std::int64_t>(0, integerMember(tree, 0, "repeats").value_or(0));
@@ -68,7 +68,7 @@ Outcome<StoredEvent> eventFromLine(std::string_view line) {
   const std::optional<std::string> packed = textMember(tree, 0, "body_base64");
   const std::optional<std::string> body =
       packed ? fromBase64(*packed) : textMember(tree, 0, "body");
-  if (!body) return Failure{packed ? "has a body_base64 that is none" : "has no body"};
+  if (!body) return Error{packed ? "has a body_base64 that is none" : "has no body"};
   request.body = *body;
   return event;
 }

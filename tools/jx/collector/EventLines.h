@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/EventRecords.h"
 
 namespace jx {
@@ -17,6 +17,6 @@ namespace jx {
 std::string eventToLine(const StoredEvent& event);
 
 /// The other way round: the request, its repeats and its times. Fails with what is wrong.
-Outcome<StoredEvent> eventFromLine(std::string_view line);
+Result<StoredEvent> eventFromLine(std::string_view line);
 
 }  // namespace jx

@@ -117,24 +117,24 @@ class EventReading::Lease {
   Connection* connection_;
 };
 
-Outcome<std::unique_ptr<EventReading>> EventReading::open(const std::filesystem::path& file) {
+Result<std::unique_ptr<EventReading>> EventReading::open(const std::filesystem::path& file) {
   std::unique_ptr<EventReading> reading(new EventReading());
   for (int i = 0; i < kConnections; ++i) {
-    Outcome<SqliteDatabase> database = SqliteDatabase::open(file);
-    if (!database) return database.failure();
+    Result<SqliteDatabase> database = SqliteDatabase::open(file);
+    if (!database) return database.error();
     Connection& connection = *reading->connections_.emplace_back(std::make_unique<Connection>());
     connection.database = std::move(*database);
     const Done installed = connection.search.install(connection.database);
-    if (!installed) return installed.failure();
+    if (!installed) return installed.error();
     reading->free_.push_back(&connection);
   }
   return reading;
 }
 
-Outcome<std::vector<StoredEvent>> EventReading::list(const EventQuery& query) const {
+Result<std::vector<StoredEvent>> EventReading::list(const EventQuery& query) const {
   const Lease lease(*this);
-  Outcome<SqliteStatement> statement = lease.database().prepare(listText(query, true));
-  if (!statement) return statement.failure();
+  Result<SqliteStatement> statement = lease.database().prepare(listText(query, true));
+  if (!statement) return statement.error();
   bindList(*statement, query);
   std::vector<StoredEvent> events;
   std::size_t bytes = 0;
@@ -150,10 +150,10 @@ Outcome<std::vector<StoredEvent>> EventReading::list(const EventQuery& query) co
   return events;
 }
 
-Outcome<std::vector<EventRow>> EventReading::rows(const EventQuery& query) const {
+Result<std::vector<EventRow>> EventReading::rows(const EventQuery& query) const {
   const Lease lease(*this);
-  Outcome<SqliteStatement> statement = lease.database().prepare(listText(query, false));
-  if (!statement) return statement.failure();
+  Result<SqliteStatement> statement = lease.database().prepare(listText(query, false));
+  if (!statement) return statement.error();
   bindList(*statement, query);
   std::vector<EventRow> rows;
   int status = SQLITE_DONE;
@@ -164,12 +164,12 @@ Outcome<std::vector<EventRow>> EventReading::rows(const EventQuery& query) const
   return rows;
 }
 
-Outcome<std::optional<StoredEvent>> EventReading::find(std::int64_t id) const {
+Result<std::optional<StoredEvent>> EventReading::find(std::int64_t id) const {
   const Lease lease(*this);
-  Outcome<SqliteStatement> statement =
+  Result<SqliteStatement> statement =
       lease.database().prepare("SELECT " + std::string(kRowColumns) + std::string(kRequestColumns) +
                                " FROM events e JOIN requests r ON r.id = e.id WHERE e.id = ?1");
-  if (!statement) return statement.failure();
+  if (!statement) return statement.error();
   statement->bind(1, id);
   const int status = statement->step();
   if (status == SQLITE_ROW) return std::optional<StoredEvent>(eventOf(*statement));
@@ -177,15 +177,15 @@ Outcome<std::optional<StoredEvent>> EventReading::find(std::int64_t id) const {
   return lease.database().lastFailure(kCannotRead);
 }
 
-Outcome<std::optional<std::int64_t>> EventReading::previousOf(const EventRow& row) const {
+Result<std::optional<std::int64_t>> EventReading::previousOf(const EventRow& row) const {
   if (!row.facts.name) return std::optional<std::int64_t>();
   const Lease lease(*this);
   for (const bool sameSession : {true, false}) {
     if (sameSession && !row.facts.session) continue;
-    Outcome<SqliteStatement> statement = lease.database().prepare(
+    Result<SqliteStatement> statement = lease.database().prepare(
         std::string("SELECT id FROM events WHERE name = ?1 AND id < ?2") +
         (sameSession ? " AND session = ?3" : "") + " ORDER BY id DESC LIMIT 1");
-    if (!statement) return statement.failure();
+    if (!statement) return statement.error();
     statement->bindText(1, *row.facts.name);
     statement->bind(2, row.id);
     if (sameSession) statement->bindText(3, *row.facts.session);
@@ -196,12 +196,12 @@ Outcome<std::optional<std::int64_t>> EventReading::previousOf(const EventRow& ro
   return std::optional<std::int64_t>();
 }
 
-Outcome<EventSummary> EventReading::summary(std::int64_t nowMs) const {
+Result<EventSummary> EventReading::summary(std::int64_t nowMs) const {
   const Lease lease(*this);
   return readSummary(lease.database(), nowMs);
 }
 
-Outcome<std::vector<SessionSummary>> EventReading::sessions(std::int64_t limit) const {
+Result<std::vector<SessionSummary>> EventReading::sessions(std::int64_t limit) const {
   const Lease lease(*this);
   return readSessions(lease.database(), limit);
 }

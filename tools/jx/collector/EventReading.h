@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/EventRecords.h"
 #include "tools/jx/collector/SqliteDatabase.h"
 #include "tools/jx/collector/TextSearch.h"
@@ -21,22 +21,22 @@ namespace jx {
 /// that a long search holds up nobody.
 class EventReading {
  public:
-  static Outcome<std::unique_ptr<EventReading>> open(const std::filesystem::path& file);
+  static Result<std::unique_ptr<EventReading>> open(const std::filesystem::path& file);
 
   /// In order of arrival. Stops early when the events together exceed some 32 MiB, so that a
   /// caller goes on after the last one given; at least one event is given when any matches.
-  Outcome<std::vector<StoredEvent>> list(const EventQuery& query) const;
+  Result<std::vector<StoredEvent>> list(const EventQuery& query) const;
   /// The same without the requests, and without that bound.
-  Outcome<std::vector<EventRow>> rows(const EventQuery& query) const;
+  Result<std::vector<EventRow>> rows(const EventQuery& query) const;
   /// Absent when there is no such row.
-  Outcome<std::optional<StoredEvent>> find(std::int64_t id) const;
+  Result<std::optional<StoredEvent>> find(std::int64_t id) const;
   /// The row number of the event of the same name before this one: of its session if there is one,
   /// else of any.
-  Outcome<std::optional<std::int64_t>> previousOf(const EventRow& row) const;
+  Result<std::optional<std::int64_t>> previousOf(const EventRow& row) const;
   /// `nowMs` tells which sixty minutes are the last.
-  Outcome<EventSummary> summary(std::int64_t nowMs) const;
+  Result<EventSummary> summary(std::int64_t nowMs) const;
   /// The newest first.
-  Outcome<std::vector<SessionSummary>> sessions(std::int64_t limit) const;
+  Result<std::vector<SessionSummary>> sessions(std::int64_t limit) const;
 
  private:
   struct Connection {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/jx/collector/EventFacts.h"
+#include "tools/jx/collector/EventMetadata.h"
 
 namespace jx {
 
@@ -29,7 +29,7 @@ struct EventRow {
   std::int64_t receivedMs = 0;
   std::int64_t lastSeenMs = 0;  ///< when it came last
   std::int64_t repeats = 0;     ///< how often the same event id came again
-  EventFacts facts;
+  EventMetadata facts;
   std::optional<std::string> className;
   std::int64_t errors = 0;
   std::int64_t notes = 0;

@@ -32,8 +32,8 @@ class Snapshot {
 template <typename Take>
 Done forEachRow(SqliteDatabase& database, std::string_view sql, const std::string* text,
                 std::int64_t number, const Take& take) {
-  Outcome<SqliteStatement> statement = database.prepare(sql);
-  if (!statement) return statement.failure();
+  Result<SqliteStatement> statement = database.prepare(sql);
+  if (!statement) return statement.error();
   if (text != nullptr) {
     statement->bindText(1, *text);
   } else {
@@ -111,20 +111,20 @@ Done readVideos(SqliteDatabase& database, SessionSummary& session) {
 
 }  // namespace
 
-Outcome<EventSummary> readSummary(SqliteDatabase& database, std::int64_t nowMs) {
+Result<EventSummary> readSummary(SqliteDatabase& database, std::int64_t nowMs) {
   const Snapshot snapshot(database);
-  if (!snapshot.began()) return snapshot.began().failure();
+  if (!snapshot.began()) return snapshot.began().error();
   EventSummary summary;
-  if (const Done totals = readTotals(database, summary); !totals) return totals.failure();
+  if (const Done totals = readTotals(database, summary); !totals) return totals.error();
   if (const Done minutes = readMinutes(database, nowMs, summary); !minutes) {
-    return minutes.failure();
+    return minutes.error();
   }
   return summary;
 }
 
-Outcome<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std::int64_t limit) {
+Result<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std::int64_t limit) {
   const Snapshot snapshot(database);
-  if (!snapshot.began()) return snapshot.began().failure();
+  if (!snapshot.began()) return snapshot.began().error();
   std::vector<SessionSummary> sessions;
   const Done read = forEachRow(
       database,
@@ -138,10 +138,10 @@ Outcome<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std:
         session.events = row.integer(3);
         session.bad = session.events - row.integer(4);
       });
-  if (!read) return read.failure();
+  if (!read) return read.error();
   for (SessionSummary& session : sessions) {
-    if (const Done names = readNames(database, session); !names) return names.failure();
-    if (const Done videos = readVideos(database, session); !videos) return videos.failure();
+    if (const Done names = readNames(database, session); !names) return names.error();
+    if (const Done videos = readVideos(database, session); !videos) return videos.error();
   }
   return sessions;
 }

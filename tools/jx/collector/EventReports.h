@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/EventRecords.h"
 #include "tools/jx/collector/SqliteDatabase.h"
 
@@ -13,9 +13,9 @@ namespace jx {
 
 /// Counts over everything that is kept, all of one moment. `nowMs` tells which minutes are the
 /// last.
-Outcome<EventSummary> readSummary(SqliteDatabase& database, std::int64_t nowMs);
+Result<EventSummary> readSummary(SqliteDatabase& database, std::int64_t nowMs);
 
 /// The sessions that had an event last, newest first.
-Outcome<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std::int64_t limit);
+Result<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std::int64_t limit);
 
 }  // namespace jx

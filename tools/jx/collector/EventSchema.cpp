@@ -90,11 +90,11 @@ constexpr std::array<const char*, 2> kSteps{kFirstTables, kJudgedEvents};
 }  // namespace
 
 Done migrateEvents(SqliteDatabase& database) {
-  const Outcome<std::int64_t> found = database.oneInteger("PRAGMA user_version");
-  if (!found) return found.failure();
+  const Result<std::int64_t> found = database.oneInteger("PRAGMA user_version");
+  if (!found) return found.error();
   const auto newest = static_cast<std::int64_t>(kSteps.size());
   if (*found < 0 || *found > newest) {
-    return Failure{"was written by a newer version of this program"};
+    return Error{"was written by a newer version of this program"};
   }
   for (std::int64_t version = *found; version < newest; ++version) {
     const Done stepped = database.execute(

@@ -6,7 +6,7 @@
 
 #include "tools/jx/collector/EventSchema.h"
 #include "tools/jx/collector/HeaderJson.h"
-#include "tools/jx/collector/Rejudging.h"
+#include "tools/jx/collector/Revalidation.h"
 
 namespace jx {
 namespace {
@@ -18,18 +18,18 @@ constexpr const char* kCannotStore = "cannot store the event";
 EventStore::EventStore(SqliteDatabase writer, std::int64_t maxEvents)
     : maxEvents_(std::max<std::int64_t>(1, maxEvents)), writer_(std::move(writer)) {}
 
-Outcome<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path& file,
-                                                      std::int64_t maxEvents) {
-  Outcome<SqliteDatabase> writer = SqliteDatabase::open(file);
-  if (!writer) return writer.failure();
+Result<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path& file,
+                                                     std::int64_t maxEvents) {
+  Result<SqliteDatabase> writer = SqliteDatabase::open(file);
+  if (!writer) return writer.error();
   std::unique_ptr<EventStore> store(new EventStore(std::move(*writer), maxEvents));
-  for (const auto step : {&EventStore::migrate, &EventStore::judgeAgain, &EventStore::prepare,
+  for (const auto step : {&EventStore::migrate, &EventStore::revalidate, &EventStore::prepare,
                           &EventStore::countRows}) {
     const Done did = (store.get()->*step)();
-    if (!did) return Failure{file.string() + ": " + did.failure().text};
+    if (!did) return Error{file.string() + ": " + did.error().text};
   }
-  Outcome<std::unique_ptr<EventReading>> reading = EventReading::open(file);
-  if (!reading) return reading.failure();
+  Result<std::unique_ptr<EventReading>> reading = EventReading::open(file);
+  if (!reading) return reading.error();
   store->reading_ = std::move(*reading);
   return store;
 }
@@ -40,7 +40,7 @@ Done EventStore::migrate() {
   return set ? migrateEvents(writer_) : set;
 }
 
-Done EventStore::judgeAgain() { return judgeAgainWhereNeeded(writer_); }
+Done EventStore::revalidate() { return revalidateWhereNeeded(writer_); }
 
 Done EventStore::prepare() {
   struct Text {
@@ -66,21 +66,21 @@ Done EventStore::prepare() {
       {countEvicted_, "UPDATE counters SET value = value + ?1 WHERE name = 'evicted'"},
   };
   for (const Text& text : texts) {
-    Outcome<SqliteStatement> statement = writer_.prepare(text.sql);
-    if (!statement) return statement.failure();
+    Result<SqliteStatement> statement = writer_.prepare(text.sql);
+    if (!statement) return statement.error();
     text.statement = std::move(*statement);
   }
   return done();
 }
 
 Done EventStore::countRows() {
-  const Outcome<std::int64_t> count = writer_.oneInteger("SELECT COUNT(*) FROM events");
-  if (!count) return count.failure();
+  const Result<std::int64_t> count = writer_.oneInteger("SELECT COUNT(*) FROM events");
+  if (!count) return count.error();
   rows_ = *count;
-  const Outcome<std::int64_t> last = writer_.oneInteger(
+  const Result<std::int64_t> last = writer_.oneInteger(
       "SELECT COALESCE((SELECT seq FROM sqlite_sequence "
       "WHERE name = 'events'), 0)");
-  if (!last) return last.failure();
+  if (!last) return last.error();
   feed_.arrived(*last);
   // The bound may be smaller than at the last start.
   return inTransaction([this] { return makeRoom(); });
@@ -113,71 +113,72 @@ Done EventStore::inTransaction(const Write& write) {
   return did;
 }
 
-Outcome<std::int64_t> EventStore::add(const ReceivedRequest& request) {
-  return add(request, Judgement::of(request.query, request.body));
+Result<std::int64_t> EventStore::add(const ReceivedRequest& request) {
+  return add(request, ValidationResult::of(request.query, request.body));
 }
 
-Outcome<std::int64_t> EventStore::add(const ReceivedRequest& request, const Judgement& judgement) {
+Result<std::int64_t> EventStore::add(const ReceivedRequest& request,
+                                     const ValidationResult& validation) {
   const std::lock_guard<std::mutex> lock(writing_);
   std::int64_t id = 0;
   std::optional<Repeat> repeat;
   const Done added = inTransaction([&]() -> Done {
-    const Outcome<std::optional<Repeat>> repeated = countRepeat(request, judgement.facts);
-    if (!repeated) return repeated.failure();
+    const Result<std::optional<Repeat>> repeated = countRepeat(request, validation.facts);
+    if (!repeated) return repeated.error();
     repeat = *repeated;
     if (repeat) return done();
-    const Outcome<std::int64_t> inserted = insert(request, judgement, request.receivedMs, 0);
-    if (!inserted) return inserted.failure();
+    const Result<std::int64_t> inserted = insert(request, validation, request.receivedMs, 0);
+    if (!inserted) return inserted.error();
     id = *inserted;
     return makeRoom();
   });
-  if (!added) return added.failure();
+  if (!added) return added.error();
   // Told under the lock, so that row numbers are told in their order.
   if (repeat) {
-    feed_.tell({ArrivalFeed::Signal::Kind::Repeat, repeat->id, repeat->repeats, {}});
+    feed_.tell({EventBroadcaster::Signal::Kind::Repeat, repeat->id, repeat->repeats, {}});
     return repeat->id;
   }
   feed_.arrived(id);
   return id;
 }
 
-Outcome<bool> EventStore::restore(const StoredEvent& event) {
-  const Judgement judgement = Judgement::of(event.request.query, event.request.body);
+Result<bool> EventStore::restore(const StoredEvent& event) {
+  const ValidationResult validation = ValidationResult::of(event.request.query, event.request.body);
   const std::lock_guard<std::mutex> lock(writing_);
   std::int64_t id = 0;
   const Done restored = inTransaction([&]() -> Done {
-    const Outcome<bool> kept = isKept(judgement.facts);
-    if (!kept) return kept.failure();
+    const Result<bool> kept = isKept(validation.facts);
+    if (!kept) return kept.error();
     if (*kept) return done();
-    const Outcome<std::int64_t> inserted =
-        insert(event.request, judgement, event.lastSeenMs, event.repeats);
-    if (!inserted) return inserted.failure();
+    const Result<std::int64_t> inserted =
+        insert(event.request, validation, event.lastSeenMs, event.repeats);
+    if (!inserted) return inserted.error();
     id = *inserted;
     return makeRoom();
   });
-  if (!restored) return restored.failure();
+  if (!restored) return restored.error();
   if (id != 0) feed_.arrived(id);
   return id != 0;
 }
 
-Outcome<std::int64_t> EventStore::removeAll() {
+Result<std::int64_t> EventStore::removeAll() {
   const std::lock_guard<std::mutex> lock(writing_);
   const std::int64_t removed = rows_;
-  const Outcome<std::int64_t> last = writer_.oneInteger("SELECT COALESCE(MAX(id), 0) FROM events");
-  if (!last) return last.failure();
+  const Result<std::int64_t> last = writer_.oneInteger("SELECT COALESCE(MAX(id), 0) FROM events");
+  if (!last) return last.error();
   const Done did = inTransaction([this]() -> Done {
     rows_ = 0;
     return writer_.execute(
         "DELETE FROM requests; DELETE FROM events; "
         "UPDATE counters SET value = 0 WHERE name = 'evicted'");
   });
-  if (!did) return did.failure();
-  feed_.tell({ArrivalFeed::Signal::Kind::Reset, *last, 0, {}});
+  if (!did) return did.error();
+  feed_.tell({EventBroadcaster::Signal::Kind::Reset, *last, 0, {}});
   return removed;
 }
 
-Outcome<std::optional<EventStore::Repeat>> EventStore::countRepeat(const ReceivedRequest& request,
-                                                                   const EventFacts& facts) {
+Result<std::optional<EventStore::Repeat>> EventStore::countRepeat(const ReceivedRequest& request,
+                                                                  const EventMetadata& facts) {
   if (!facts.eventID) return std::optional<Repeat>();
   const SqliteUse use(repeat_);
   repeat_.bindText(1, *facts.eventID);
@@ -190,7 +191,7 @@ Outcome<std::optional<EventStore::Repeat>> EventStore::countRepeat(const Receive
   return std::optional<Repeat>(repeat);
 }
 
-Outcome<bool> EventStore::isKept(const EventFacts& facts) {
+Result<bool> EventStore::isKept(const EventMetadata& facts) {
   if (!facts.eventID) return false;
   const SqliteUse use(find_);
   find_.bindText(1, *facts.eventID);
@@ -199,16 +200,17 @@ Outcome<bool> EventStore::isKept(const EventFacts& facts) {
   return status == SQLITE_ROW;
 }
 
-Outcome<std::int64_t> EventStore::insert(const ReceivedRequest& request, const Judgement& judgement,
-                                         std::int64_t lastSeenMs, std::int64_t repeats) {
+Result<std::int64_t> EventStore::insert(const ReceivedRequest& request,
+                                        const ValidationResult& validation, std::int64_t lastSeenMs,
+                                        std::int64_t repeats) {
   {
     const SqliteUse use(insert_);
     insert_.bind(1, request.receivedMs);
     insert_.bind(2, lastSeenMs);
     insert_.bind(3, repeats);
-    insert_.bind(4, judgement.facts.eventID);
+    insert_.bind(4, validation.facts.eventID);
     insert_.bind(5, static_cast<std::int64_t>(request.body.size()));
-    bindJudgement(insert_, 6, judgement);
+    bindValidationResult(insert_, 6, validation);
     if (insert_.step() != SQLITE_DONE) return writer_.lastFailure(kCannotStore);
   }
   const std::int64_t id = writer_.lastInsertedRow();

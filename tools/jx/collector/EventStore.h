@@ -9,12 +9,12 @@
 #include <optional>
 #include <string>
 
-#include "tools/jx/Outcome.h"
-#include "tools/jx/collector/ArrivalFeed.h"
+#include "tools/jx/Result.h"
+#include "tools/jx/collector/EventBroadcaster.h"
 #include "tools/jx/collector/EventReading.h"
 #include "tools/jx/collector/EventRecords.h"
 #include "tools/jx/collector/SqliteDatabase.h"
-#include "tools/jx/collector/judgement/Judgement.h"
+#include "tools/jx/collector/validation/ValidationResult.h"
 
 namespace jx {
 
@@ -25,23 +25,23 @@ class EventStore {
  public:
   /// Opens the file, or makes it; one of an earlier version, or judged by other rules, is brought
   /// up to date. `maxEvents`, at least 1, is how many are kept; the oldest go.
-  static Outcome<std::unique_ptr<EventStore>> open(const std::filesystem::path& file,
-                                                   std::int64_t maxEvents);
+  static Result<std::unique_ptr<EventStore>> open(const std::filesystem::path& file,
+                                                  std::int64_t maxEvents);
 
   /// Stores a request, or counts it as a repeat when its event id is already there. Gives the row
   /// number of the event.
-  Outcome<std::int64_t> add(const ReceivedRequest& request);
+  Result<std::int64_t> add(const ReceivedRequest& request);
   /// The same for who has judged it already.
-  Outcome<std::int64_t> add(const ReceivedRequest& request, const Judgement& judgement);
+  Result<std::int64_t> add(const ReceivedRequest& request, const ValidationResult& validation);
   /// Stores what an earlier collector kept, with its repeats, unless its event id is already there;
   /// then nothing changes. True when it was stored.
-  Outcome<bool> restore(const StoredEvent& event);
+  Result<bool> restore(const StoredEvent& event);
   /// Removes everything. Gives how many events there were. Row numbers are not used again.
-  Outcome<std::int64_t> removeAll();
+  Result<std::int64_t> removeAll();
 
   const EventReading& reading() const { return *reading_; }
   /// Where what happens here is told.
-  ArrivalFeed& feed() { return feed_; }
+  EventBroadcaster& feed() { return feed_; }
 
  private:
   struct Repeat {
@@ -52,7 +52,7 @@ class EventStore {
   EventStore(SqliteDatabase writer, std::int64_t maxEvents);
 
   Done migrate();
-  Done judgeAgain();
+  Done revalidate();
   Done prepare();
   Done countRows();
   Done begin();
@@ -61,15 +61,15 @@ class EventStore {
   /// Runs `write` in a transaction of its own, which counts only if all of it succeeds.
   template <typename Write>
   Done inTransaction(const Write& write);
-  Outcome<std::optional<Repeat>> countRepeat(const ReceivedRequest& request,
-                                             const EventFacts& facts);
-  Outcome<bool> isKept(const EventFacts& facts);
-  Outcome<std::int64_t> insert(const ReceivedRequest& request, const Judgement& judgement,
-                               std::int64_t lastSeenMs, std::int64_t repeats);
+  Result<std::optional<Repeat>> countRepeat(const ReceivedRequest& request,
+                                            const EventMetadata& facts);
+  Result<bool> isKept(const EventMetadata& facts);
+  Result<std::int64_t> insert(const ReceivedRequest& request, const ValidationResult& validation,
+                              std::int64_t lastSeenMs, std::int64_t repeats);
   Done makeRoom();
 
   std::int64_t maxEvents_;
-  ArrivalFeed feed_;
+  EventBroadcaster feed_;
 
   std::mutex writing_;
   SqliteDatabase writer_;

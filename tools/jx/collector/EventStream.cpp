@@ -11,7 +11,7 @@
 namespace jx {
 namespace {
 
-using Kind = ArrivalFeed::Signal::Kind;
+using Kind = EventBroadcaster::Signal::Kind;
 
 constexpr std::int64_t kRowsInPart = 500;
 
@@ -35,11 +35,11 @@ EventStream::EventStream(EventStore& store, const FaultPlan& faults,
                          std::optional<std::int64_t> after, std::chrono::milliseconds heartbeat,
                          std::chrono::milliseconds pause)
     : store_(store),
-      watch_(store.feed()),
+      subscription_(store.feed()),
       heartbeat_(heartbeat),
       pause_(pause),
       faults_(faults.toJson()) {
-  last_ = after.value_or(watch_.take().last);
+  last_ = after.value_or(subscription_.take().last);
 }
 
 void EventStream::run(ConnectionStream& connection, const Write& write) {
@@ -52,7 +52,7 @@ void EventStream::run(ConnectionStream& connection, const Write& write) {
       const auto pause =
           part->empty() ? ConnectionStream::Woken::ByTime : connection.waitBetween(-1, pause_);
       if (pause == ConnectionStream::Woken::ByEnd) return;
-      const auto woken = connection.waitBetween(watch_.fd(), heartbeat_);
+      const auto woken = connection.waitBetween(subscription_.fd(), heartbeat_);
       if (woken == ConnectionStream::Woken::ByEnd) return;
       if (woken == ConnectionStream::Woken::ByTime && !write(":\n\n")) return;
     } else if (connection.waitBetween(-1, std::chrono::milliseconds(0)) ==
@@ -63,11 +63,11 @@ void EventStream::run(ConnectionStream& connection, const Write& write) {
 }
 
 std::optional<std::string> EventStream::nextPart() {
-  const ArrivalFeed::News news = watch_.take();
-  if (news.fellBehind) return std::nullopt;
+  const EventBroadcaster::Updates updates = subscription_.take();
+  if (updates.fellBehind) return std::nullopt;
   std::string part;
   std::map<std::int64_t, std::int64_t> repeats;
-  for (const ArrivalFeed::Signal& signal : news.signals) {
+  for (const EventBroadcaster::Signal& signal : updates.signals) {
     if (signal.kind == Kind::Repeat) repeats[signal.id] = signal.repeats;
     if (signal.kind == Kind::Faults) part += entry("faults", signal.text);
     if (signal.kind != Kind::Reset) continue;
@@ -76,7 +76,7 @@ std::optional<std::string> EventStream::nextPart() {
     repeats.clear();
     part += resetEntry(signal.id);
   }
-  if (!addArrivals(news.last, part)) return std::nullopt;
+  if (!addArrivals(updates.last, part)) return std::nullopt;
   // Behind the arrivals, because an event may have arrived and been repeated at once. One that
   // follows in a later part is read with its repeats.
   for (const auto& [id, count] : repeats) {
@@ -92,7 +92,7 @@ bool EventStream::addArrivals(std::int64_t newest, std::string& part) {
   query.after = last_;
   query.before = newest + 1;
   query.limit = kRowsInPart;
-  const Outcome<std::vector<EventRow>> rows = store_.reading().rows(query);
+  const Result<std::vector<EventRow>> rows = store_.reading().rows(query);
   if (!rows) return false;
   for (const EventRow& row : *rows)
     part += "id: " + std::to_string(row.id) + "\n" + entry("arrival", rowToJson(row));

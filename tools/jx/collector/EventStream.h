@@ -34,7 +34,7 @@ class EventStream {
   bool addArrivals(std::int64_t newest, std::string& part);
 
   EventStore& store_;
-  ArrivalFeed::Watch watch_;
+  EventBroadcaster::Subscription subscription_;
   const std::chrono::milliseconds heartbeat_;
   const std::chrono::milliseconds pause_;
   std::int64_t last_ = 0;

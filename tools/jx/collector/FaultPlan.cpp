@@ -5,7 +5,7 @@
 #include <charconv>
 
 #include "tools/jx/collector/JsonOut.h"
-#include "tools/jx/collector/judgement/JsonTree.h"
+#include "tools/jx/collector/validation/JsonTree.h"
 
 namespace jx {
 namespace {
@@ -89,10 +89,10 @@ std::string readMember(const JsonNode& node, Request& request) {
   return std::string(node.key.substr(0, kMaxRetryAfter)) + " is not known here";
 }
 
-Outcome<Request> readRequest(std::string_view json) {
+Result<Request> readRequest(std::string_view json) {
   const JsonTree tree = JsonTree::read(json);
   if (tree.problem() != JsonTree::Problem::None || !tree.isObject(0)) {
-    return Failure{"the body is no JSON object"};
+    return Error{"the body is no JSON object"};
   }
   Request request;
   std::string error;
@@ -107,15 +107,15 @@ Outcome<Request> readRequest(std::string_view json) {
   if (error.empty() && !request.clears && doesNothing) {
     error = "it says neither delay_ms nor status, retry_after or action";
   }
-  if (!error.empty()) return Failure{error};
+  if (!error.empty()) return Error{error};
   return request;
 }
 
 }  // namespace
 
 Done FaultPlan::set(std::string_view json) {
-  const Outcome<Request> request = readRequest(json);
-  if (!request) return request.failure();
+  const Result<Request> request = readRequest(json);
+  if (!request) return request.error();
   const std::lock_guard<std::mutex> lock(mutex_);
   armed_.reset();
   if (!request->clears) armed_ = request->fault;
@@ -165,6 +165,6 @@ std::string FaultPlan::asJson() const {
   return out.text();
 }
 
-void FaultPlan::tell() { feed_.tell({ArrivalFeed::Signal::Kind::Faults, 0, 0, asJson()}); }
+void FaultPlan::tell() { feed_.tell({EventBroadcaster::Signal::Kind::Faults, 0, 0, asJson()}); }
 
 }  // namespace jx

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "tools/jx/Outcome.h"
-#include "tools/jx/collector/ArrivalFeed.h"
+#include "tools/jx/Result.h"
+#include "tools/jx/collector/EventBroadcaster.h"
 
 namespace jx {
 
@@ -36,7 +36,7 @@ struct Fault {
 class FaultPlan {
  public:
   /// The feed outlives the plan; it is told of every change.
-  explicit FaultPlan(ArrivalFeed& feed) : feed_(feed) {}
+  explicit FaultPlan(EventBroadcaster& feed) : feed_(feed) {}
 
   /// Arms what the JSON object says ("next", "delay_ms", "status", "retry_after", "action"), or
   /// clears everything ("clear": true). On failure nothing changes.
@@ -51,7 +51,7 @@ class FaultPlan {
   std::string asJson() const;
   void tell();
 
-  ArrivalFeed& feed_;
+  EventBroadcaster& feed_;
   mutable std::mutex mutex_;
   std::optional<Fault> armed_;
   std::int64_t next_ = 0;  // 0: until it is changed

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "tools/jx/collector/ApiAnswer.h"
+#include "tools/jx/collector/ApiResponse.h"
 
 namespace jx {
 
@@ -17,7 +17,7 @@ void FaultsApi::install(HttpServer& server) {
   server.onPost(
       path, [this](const httplib::Request&, const std::string& body, httplib::Response& response) {
         const Done set = plan_.set(body);
-        if (!set) return answerFailure(response, 400, set.failure().text);
+        if (!set) return answerFailure(response, 400, set.error().text);
         answerJson(response, 200, plan_.toJson());
       });
   server.onDelete(path,

@@ -185,8 +185,8 @@ void HttpServer::readBodyThenCall(const RouteHandler& handler, const httplib::Re
 }
 
 Done HttpServer::start(const std::string& address, int port) {
-  Outcome<ListeningSocket> socket = ListeningSocket::open(address, port);
-  if (!socket) return socket.failure();
+  Result<ListeningSocket> socket = ListeningSocket::open(address, port);
+  if (!socket) return socket.error();
   port_ = socket->port();
   // What cpp-httplib looks at to see that it is not being stopped.
   svr_sock_ = socket->fd();
@@ -260,7 +260,7 @@ void HttpServer::serveRequests(ConnectionStream& stream) {
     // After a head that was not understood nobody knows where the next request begins.
     isInStep = isAnswered && isParsed && !closeAfterAnswer;
   }
-  stream.sayGoodbye();
+  stream.sendCloseNotify();
   if (!isInStep) stream.drain();
 }
 

@@ -11,7 +11,7 @@
 #include <thread>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/collector/HttpLimits.h"
 #include "tools/jx/collector/ListeningSocket.h"
 #include "tools/jx/collector/OpenSslHandles.h"

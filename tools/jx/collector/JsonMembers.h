@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/jx/collector/judgement/JsonTree.h"
+#include "tools/jx/collector/validation/JsonTree.h"
 
 namespace jx {
 

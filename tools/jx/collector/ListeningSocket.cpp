@@ -43,7 +43,7 @@ bool bindAndListen(int fd, const addrinfo& address) {
 
 }  // namespace
 
-Outcome<ListeningSocket> ListeningSocket::open(const std::string& address, int port) {
+Result<ListeningSocket> ListeningSocket::open(const std::string& address, int port) {
   const std::string where = "port " + std::to_string(port) + " of " + address;
   addrinfo hints{};
   hints.ai_socktype = SOCK_STREAM;
@@ -51,13 +51,13 @@ Outcome<ListeningSocket> ListeningSocket::open(const std::string& address, int p
   addrinfo* found = nullptr;
   const int status = ::getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &found);
   const std::unique_ptr<addrinfo, FreeAddresses> addresses(found);
-  if (status != 0) return Failure{"cannot listen on " + where + ": " + ::gai_strerror(status)};
+  if (status != 0) return Error{"cannot listen on " + where + ": " + ::gai_strerror(status)};
   const int fd = ::socket(addresses->ai_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
   if (fd >= 0 && bindAndListen(fd, *addresses)) return ListeningSocket(fd, boundPort(fd));
   const int error = errno;
   if (fd >= 0) ::close(fd);
-  if (error == EADDRINUSE) return Failure{where + " is in use by another program"};
-  return Failure{"cannot listen on " + where + ": " + std::generic_category().message(error)};
+  if (error == EADDRINUSE) return Error{where + " is in use by another program"};
+  return Error{"cannot listen on " + where + ": " + std::generic_category().message(error)};
 }
 
 ListeningSocket::ListeningSocket(ListeningSocket&& other) noexcept

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -12,7 +12,7 @@ namespace jx {
 class ListeningSocket {
  public:
   /// `address` is an IP address or a name; port 0 takes any that is free.
-  static Outcome<ListeningSocket> open(const std::string& address, int port);
+  static Result<ListeningSocket> open(const std::string& address, int port);
 
   ListeningSocket(ListeningSocket&& other) noexcept;
   ListeningSocket& operator=(ListeningSocket&& other) noexcept;

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "tools/jx/collector/ApiAnswer.h"
+#include "tools/jx/collector/ApiResponse.h"
 #include "tools/jx/collector/ConnectionStream.h"
 #include "tools/jx/collector/EventJson.h"
 #include "tools/jx/collector/EventStream.h"
@@ -61,8 +61,8 @@ std::shared_ptr<LiveApi::Seat> LiveApi::takeSeat(httplib::Response& response) {
 }
 
 void LiveApi::stream(const httplib::Request& request, httplib::Response& response) {
-  Outcome<EventQuery> query = filtersOf(request, kMaxCount);
-  if (!query) return answerFailure(response, 400, query.failure().text);
+  Result<EventQuery> query = filtersOf(request, kMaxCount);
+  if (!query) return answerFailure(response, 400, query.error().text);
   if (request.has_header("Last-Event-ID")) {
     query->after = wholeNumber(request.get_header_value("Last-Event-ID"));
     if (!query->after) return answerFailure(response, 400, "Last-Event-ID is a whole number");
@@ -84,31 +84,31 @@ void LiveApi::stream(const httplib::Request& request, httplib::Response& respons
 }
 
 void LiveApi::await(const httplib::Request& request, httplib::Response& response) {
-  const Outcome<EventQuery> query = filtersOf(request, kMaxCount);
-  if (!query) return answerFailure(response, 400, query.failure().text);
+  const Result<EventQuery> query = filtersOf(request, kMaxCount);
+  if (!query) return answerFailure(response, 400, query.error().text);
   const auto count = parameter(request, "count", 1, kMaxCount);
   const auto seconds = parameter(request, "timeout", kSeconds, kMaxSeconds);
   if (!count || *count < 1) return answerFailure(response, 400, "count is 1 to 1000");
   if (!seconds) return answerFailure(response, 400, "timeout is 0 to 300 seconds");
   const std::shared_ptr<Seat> seat = takeSeat(response);
   if (!seat) return;
-  const Outcome<std::string> json =
+  const Result<std::string> json =
       awaitEvents(*query, static_cast<std::size_t>(*count), std::chrono::seconds(*seconds));
-  if (!json) return answerFailure(response, 500, json.failure().text);
+  if (!json) return answerFailure(response, 500, json.error().text);
   answerJson(response, 200, *json);
 }
 
-Outcome<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
-                                          std::chrono::milliseconds time) {
+Result<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
+                                         std::chrono::milliseconds time) {
   const Clock::time_point ends = Clock::now() + time;
-  ArrivalFeed::Watch watch(store_.feed());
+  EventBroadcaster::Subscription subscription(store_.feed());
   std::vector<EventRow> found;
   query.after = query.after.value_or(0);
   for (;;) {
-    const std::int64_t newest = watch.take().last;
+    const std::int64_t newest = subscription.take().last;
     query.limit = static_cast<std::int64_t>(count - found.size());
-    const Outcome<std::vector<EventRow>> rows = store_.reading().rows(query);
-    if (!rows) return rows.failure();
+    const Result<std::vector<EventRow>> rows = store_.reading().rows(query);
+    if (!rows) return rows.error();
     found.insert(found.end(), rows->begin(), rows->end());
     if (found.size() == count) break;
     // What was looked at once is not looked at again.
@@ -116,7 +116,7 @@ Outcome<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
         std::max(*query.after, rows->empty() ? newest : std::max(newest, rows->back().id));
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(ends - Clock::now());
     if (left.count() <= 0) break;
-    const auto woken = HttpServer::connection().waitBetween(watch.fd(), left);
+    const auto woken = HttpServer::connection().waitBetween(subscription.fd(), left);
     if (woken == ConnectionStream::Woken::ByEnd) break;
   }
   JsonOut out;

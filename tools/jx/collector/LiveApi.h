@@ -38,8 +38,8 @@ class LiveApi {
   std::shared_ptr<Seat> takeSeat(httplib::Response& response);
   void stream(const httplib::Request& request, httplib::Response& response);
   void await(const httplib::Request& request, httplib::Response& response);
-  Outcome<std::string> awaitEvents(EventQuery query, std::size_t count,
-                                   std::chrono::milliseconds time);
+  Result<std::string> awaitEvents(EventQuery query, std::size_t count,
+                                  std::chrono::milliseconds time);
 
   EventStore& store_;
   const FaultPlan& faults_;

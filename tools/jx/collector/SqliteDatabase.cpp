@@ -59,7 +59,7 @@ std::optional<std::string> SqliteStatement::optionalText(int column) const {
   return bytes(column);
 }
 
-Outcome<SqliteDatabase> SqliteDatabase::open(const std::filesystem::path& file) {
+Result<SqliteDatabase> SqliteDatabase::open(const std::filesystem::path& file) {
   sqlite3* raw = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
   const int status = sqlite3_open_v2(file.c_str(), &raw, flags, nullptr);
@@ -77,7 +77,7 @@ Done SqliteDatabase::execute(const std::string& sql) {
   return lastFailure("the database refused");
 }
 
-Outcome<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
+Result<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
   sqlite3_stmt* raw = nullptr;
   const int status = sqlite3_prepare_v3(handle_.get(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
@@ -87,9 +87,9 @@ Outcome<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
   return statement;
 }
 
-Outcome<std::int64_t> SqliteDatabase::oneInteger(std::string_view sql) {
-  Outcome<SqliteStatement> statement = prepare(sql);
-  if (!statement) return statement.failure();
+Result<std::int64_t> SqliteDatabase::oneInteger(std::string_view sql) {
+  Result<SqliteStatement> statement = prepare(sql);
+  if (!statement) return statement.error();
   if (statement->step() != SQLITE_ROW) return lastFailure("cannot read the events");
   return statement->integer(0);
 }
@@ -102,9 +102,9 @@ Done SqliteDatabase::defineFunction(const char* name, int arguments,
   return status == SQLITE_OK ? done() : lastFailure("the database refused");
 }
 
-Failure SqliteDatabase::lastFailure(const std::string& action) const {
+Error SqliteDatabase::lastFailure(const std::string& action) const {
   const char* const reason = handle_ ? sqlite3_errmsg(handle_.get()) : "out of memory";
-  return Failure{action + ": " + reason};
+  return Error{action + ": " + reason};
 }
 
 }  // namespace jx

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -61,20 +61,20 @@ class SqliteUse {
 /// One connection to a database file. Its owner makes sure that one thread uses it at a time.
 class SqliteDatabase {
  public:
-  static Outcome<SqliteDatabase> open(const std::filesystem::path& file);
+  static Result<SqliteDatabase> open(const std::filesystem::path& file);
 
   /// Runs statements that give no rows.
   Done execute(const std::string& sql);
-  Outcome<SqliteStatement> prepare(std::string_view sql);
+  Result<SqliteStatement> prepare(std::string_view sql);
   /// Runs a statement that gives one integer.
-  Outcome<std::int64_t> oneInteger(std::string_view sql);
+  Result<std::int64_t> oneInteger(std::string_view sql);
   std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(handle_.get()); }
   /// Makes a function known to the statements of this connection; its answer depends on nothing
   /// but its arguments and `data`, which outlives the connection.
   Done defineFunction(const char* name, int arguments,
                       void (*function)(sqlite3_context*, int, sqlite3_value**), void* data);
   /// Why the last operation failed.
-  Failure lastFailure(const std::string& action) const;
+  Error lastFailure(const std::string& action) const;
 
  private:
   struct Close {

@@ -36,33 +36,33 @@ StateFolder::~StateFolder() {
   if (lock_ >= 0) ::close(lock_);
 }
 
-Outcome<StateFolder> StateFolder::open(const std::filesystem::path& path) {
+Result<StateFolder> StateFolder::open(const std::filesystem::path& path) {
   const std::string text = path.string();
   std::error_code error;
   if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
   if (!error && ::mkdir(path.c_str(), kOwnerOnly) != 0 && errno != EEXIST) {
     error.assign(errno, std::generic_category());
   }
-  if (error) return Failure{"cannot make the state folder " + text + ": " + error.message()};
+  if (error) return Error{"cannot make the state folder " + text + ": " + error.message()};
   const std::string lockFile = (path / "lock").string();
   const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (lock < 0) {
-    return Failure{"cannot write to the state folder " + text + ": " +
-                   std::generic_category().message(errno)};
+    return Error{"cannot write to the state folder " + text + ": " +
+                 std::generic_category().message(errno)};
   }
   if (::flock(lock, LOCK_EX | LOCK_NB) == 0) return StateFolder(path, lock);
   ::close(lock);
-  return Failure{"the state folder " + text + " is in use by another collector"};
+  return Error{"the state folder " + text + " is in use by another collector"};
 }
 
-Outcome<std::filesystem::path> StateFolder::defaultPath() {
+Result<std::filesystem::path> StateFolder::defaultPath() {
   // The program has one thread yet.
   const char* const state = std::getenv("XDG_STATE_HOME");  // NOLINT(concurrency-mt-unsafe)
   // A relative one is to be ignored, says the rule for these variables.
   if (state != nullptr && state[0] == '/') return std::filesystem::path(state) / "jx-collector";
   const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
   if (home == nullptr || home[0] != '/') {
-    return Failure{"no home folder to keep the collector's state in; name one with --state"};
+    return Error{"no home folder to keep the collector's state in; name one with --state"};
   }
   return std::filesystem::path(home) / ".local/state/jx-collector";
 }

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -13,9 +13,9 @@ namespace jx {
 class StateFolder {
  public:
   /// Makes the folder, closed to other users, when it is missing.
-  static Outcome<StateFolder> open(const std::filesystem::path& path);
+  static Result<StateFolder> open(const std::filesystem::path& path);
   /// $XDG_STATE_HOME/jx-collector, or ~/.local/state/jx-collector.
-  static Outcome<std::filesystem::path> defaultPath();
+  static Result<std::filesystem::path> defaultPath();
 
   StateFolder(StateFolder&& other) noexcept;
   StateFolder& operator=(StateFolder&& other) noexcept;

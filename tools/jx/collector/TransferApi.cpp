@@ -6,10 +6,10 @@
 #include <limits>
 #include <memory>
 
-#include "tools/jx/collector/ApiAnswer.h"
+#include "tools/jx/collector/ApiResponse.h"
 #include "tools/jx/collector/EventImport.h"
 #include "tools/jx/collector/EventLines.h"
-#include "tools/jx/collector/HarText.h"
+#include "tools/jx/collector/HarReader.h"
 
 namespace jx {
 namespace {
@@ -39,8 +39,8 @@ void TransferApi::install(HttpServer& server) {
 void TransferApi::exportEvents(const httplib::Request& request, httplib::Response& response,
                                const Format& format) const {
   constexpr std::int64_t kNoLimit = std::numeric_limits<std::int64_t>::max();
-  Outcome<EventQuery> query = filtersOf(request, kNoLimit);
-  if (!query) return answerFailure(response, 400, query.failure().text);
+  Result<EventQuery> query = filtersOf(request, kNoLimit);
+  if (!query) return answerFailure(response, 400, query.error().text);
   query->after = query->after.value_or(0);
   const std::int64_t limit = request.has_param("limit") ? query->limit : kNoLimit;
   setWebHeaders(response);
@@ -50,7 +50,7 @@ void TransferApi::exportEvents(const httplib::Request& request, httplib::Respons
       format.contentType, [this, query = *query, left = limit, format, isFirst = true](
                               std::size_t, httplib::DataSink& sink) mutable {
         query.limit = std::min(left, kEventsInPart);
-        const Outcome<std::vector<StoredEvent>> events = store_.reading().list(query);
+        const Result<std::vector<StoredEvent>> events = store_.reading().list(query);
         // The head of the answer has gone: only an answer that breaks off tells of the failure.
         if (!events) return false;
         std::string part = isFirst ? format.head : std::string();
@@ -77,7 +77,7 @@ void TransferApi::importEvents(const HttpServer::BodyReader& read,
   if (isWhole) import.finish();
   int status = 200;
   if (!isWhole) status = 400;
-  if (!import.failure().empty()) status = 422;
+  if (!import.error().empty()) status = 422;
   answerJson(response, status, import.toJson());
 }
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "tools/jx/collector/ApiAnswer.h"
+#include "tools/jx/collector/ApiResponse.h"
 #include "tools/jx/collector/Certificates.h"
 
 namespace jx {

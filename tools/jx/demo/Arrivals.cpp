@@ -19,7 +19,7 @@ namespace {
 using Kind = JXJsonValue::Kind;
 
 std::int64_t integerOf(const JXJsonValue& value) {
-  const JXString digits = value.numberText();
+  const JXString digits = value.numberString();
   const std::string_view text = digits.view();
   std::int64_t number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
@@ -27,7 +27,7 @@ std::int64_t integerOf(const JXJsonValue& value) {
 }
 
 std::string shown(const JXJsonValue& value) {
-  if (value.kind() == Kind::Number) return value.numberText().toStdString();
+  if (value.kind() == Kind::Number) return value.numberString().toStdString();
   JXJsonObject wrapped;
   wrapped.set("v", value);
   const std::string text = JXJsonWriter::write(wrapped, JXJsonStyle::Compact).text;
@@ -71,23 +71,23 @@ Arrival arrivalOf(const JXJsonObject& event, const std::vector<std::string>& sai
 
 }  // namespace
 
-Outcome<std::vector<Arrival>> readArrivals(std::string_view json,
-                                           const std::vector<std::string>& said) {
+Result<std::vector<Arrival>> readArrivals(std::string_view json,
+                                          const std::vector<std::string>& said) {
   const JXJsonReading reading = JXJsonReader::read(json);
   const JXJsonArray events = reading.value.object().get("events").array();
-  if (!events.isPresent()) return Failure{"the collector's answer is not understood"};
+  if (!events.isPresent()) return Error{"the collector's answer is not understood"};
   std::vector<Arrival> arrivals;
   for (const JXJsonValue& event : events.values())
     arrivals.push_back(arrivalOf(event.object(), said));
   return arrivals;
 }
 
-Outcome<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said) {
+Result<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said) {
   httplib::Client client("127.0.0.1", webPort);
   const httplib::Result answer = client.Get("/api/events?after=0&limit=1000");
-  if (!answer) return Failure{"the collector does not answer: " + to_string(answer.error())};
+  if (!answer) return Error{"the collector does not answer: " + to_string(answer.error())};
   if (answer->status != 200) {
-    return Failure{"the collector answers with status " + std::to_string(answer->status)};
+    return Error{"the collector answers with status " + std::to_string(answer->status)};
   }
   return readArrivals(answer->body, said);
 }

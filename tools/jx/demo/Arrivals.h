@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -26,10 +26,10 @@ struct Arrival {
 
 /// Reads the answer of the collector's JSON interface to a question for events. The details leave
 /// out the keys `said`, which every event carries.
-Outcome<std::vector<Arrival>> readArrivals(std::string_view json,
-                                           const std::vector<std::string>& said);
+Result<std::vector<Arrival>> readArrivals(std::string_view json,
+                                          const std::vector<std::string>& said);
 
 /// Asks the collector on this machine for its first 1,000 events, in order of arrival.
-Outcome<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said);
+Result<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said);
 
 }  // namespace jx

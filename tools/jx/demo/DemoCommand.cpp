@@ -21,7 +21,7 @@
 namespace jx {
 namespace {
 
-int fail(const Failure& failure) {
+int fail(const Error& failure) {
   std::fflush(stdout);
   std::fprintf(stderr, "jx demo: %s\n", failure.text.c_str());
   return kExitFailure;
@@ -32,7 +32,7 @@ void say(const std::string& text) {
   std::fflush(stdout);
 }
 
-Outcome<std::unique_ptr<CollectorServer>> startCollector(const std::filesystem::path& folder) {
+Result<std::unique_ptr<CollectorServer>> startCollector(const std::filesystem::path& folder) {
   CollectorSettings settings;
   settings.stateFolder = folder;
   settings.eventsPort = 0;
@@ -69,28 +69,28 @@ bool tellOutcome(const DemoPlayed& played, const std::vector<Arrival>& arrivals,
 
 int runDemo(bool once) {
   const TerminationSignals signals;
-  const auto isGivenUp = [&signals] {
+  const auto isCancelled = [&signals] {
     pollfd stop{signals.fd(), POLLIN, 0};
     return ::poll(&stop, 1, 0) == 1;
   };
   // Made before the library starts, so that it is removed after the library's thread has ended.
   static std::optional<TemporaryState> folder;
-  Outcome<TemporaryState> made = TemporaryState::make();
-  if (!made) return fail(made.failure());
+  Result<TemporaryState> made = TemporaryState::make();
+  if (!made) return fail(made.error());
   folder.emplace(std::move(*made));
-  const Outcome<std::unique_ptr<CollectorServer>> collector =
+  const Result<std::unique_ptr<CollectorServer>> collector =
       startCollector(folder->path() / "collector");
-  if (!collector) return fail(collector.failure());
+  if (!collector) return fail(collector.error());
 
   const TerminalStyle style = TerminalStyle::ofStandardOutput();
   const DemoTarget target{"https://127.0.0.1:" + std::to_string((*collector)->eventsPort()),
                           (*collector)->authorityFile().string(), folder->path() / "television"};
   say(style.bold("An evening of television, sent by the library to " + target.address) + "\n");
-  const Outcome<DemoPlayed> played = playDemo(demoScript(), target, isGivenUp);
-  if (!played) return fail(played.failure());
-  const Outcome<std::vector<Arrival>> arrivals =
+  const Result<DemoPlayed> played = playDemo(demoScript(), target, isCancelled);
+  if (!played) return fail(played.error());
+  const Result<std::vector<Arrival>> arrivals =
       fetchArrivals((*collector)->webPort(), played->permanentKeys);
-  if (!arrivals) return fail(arrivals.failure());
+  if (!arrivals) return fail(arrivals.error());
   std::fputs(arrivalTable(*arrivals, style).c_str(), stdout);
   const bool isComplete = tellOutcome(*played, *arrivals, style);
   if (!once) {

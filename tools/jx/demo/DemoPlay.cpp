@@ -8,7 +8,7 @@
 #include <variant>
 
 #include "jx/platform/JXClock.h"
-#include "tools/jx/collector/EventFacts.h"
+#include "tools/jx/collector/EventMetadata.h"
 #include "tools/jx/replay/ReplaySession.h"
 #include "tools/jx/replay/ScriptLine.h"
 
@@ -17,14 +17,14 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{20};
 
-Outcome<std::vector<ScriptCommand>> commandsOf(std::string_view script) {
+Result<std::vector<ScriptCommand>> commandsOf(std::string_view script) {
   std::vector<ScriptCommand> commands;
   while (!script.empty()) {
     const std::size_t end = script.find('\n');
-    Outcome<ScriptCommand> command = readScriptLine(script.substr(0, end));
+    Result<ScriptCommand> command = readScriptLine(script.substr(0, end));
     if (!command) {
-      return Failure{"line " + std::to_string(commands.size() + 1) +
-                     " of the script: " + command.failure().text};
+      return Error{"line " + std::to_string(commands.size() + 1) +
+                   " of the script: " + command.error().text};
     }
     commands.push_back(std::move(*command));
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
@@ -42,10 +42,10 @@ std::int64_t lengthOf(const std::vector<ScriptCommand>& commands) {
 
 }  // namespace
 
-Outcome<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
-                             const std::function<bool()>& isGivenUp) {
-  const Outcome<std::vector<ScriptCommand>> commands = commandsOf(script);
-  if (!commands) return commands.failure();
+Result<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
+                            const std::function<bool()>& isCancelled) {
+  const Result<std::vector<ScriptCommand>> commands = commandsOf(script);
+  if (!commands) return commands.error();
   DemoPlayed played;
   ReplaySettings settings;
   settings.sourceKey = "jx-demo";
@@ -55,17 +55,17 @@ Outcome<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
   settings.versionName = "1.0";
   settings.startMs = JXSystemClock().nowMs() - lengthOf(*commands);
   settings.onBody = [&played](std::string_view body) {
-    played.eventIds.push_back(EventFacts::read("", body).eventID.value_or(""));
+    played.eventIds.push_back(EventMetadata::read("", body).eventID.value_or(""));
   };
   ReplaySession session(settings);
   for (const ScriptCommand& command : *commands) {
-    if (isGivenUp()) break;
+    if (isCancelled()) break;
     if (const auto* const datum = std::get_if<ScriptPermanent>(&command)) {
       played.permanentKeys.push_back(datum->key);
     }
-    const Done ran = session.run(command, isGivenUp);
-    if (!ran) return ran.failure();
-    session.waitForDelivery(kPatience, isGivenUp);
+    const Done ran = session.run(command, isCancelled);
+    if (!ran) return ran.error();
+    session.waitForDelivery(kPatience, isCancelled);
   }
   played.ignored = session.tally().ignored;
   return played;

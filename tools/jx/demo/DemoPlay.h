@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 
 namespace jx {
 
@@ -29,8 +29,9 @@ struct DemoPlayed {
 
 /// Plays the script through the library, at times of day that end about now. Each event is
 /// delivered before the next is executed, as far as it may leave, so that they arrive in order.
-/// Ends early when `isGivenUp`. A line of the script that is none is a failure. Once in a process.
-Outcome<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
-                             const std::function<bool()>& isGivenUp);
+/// Ends early when `isCancelled`. A line of the script that is none is a failure. Once in a
+/// process.
+Result<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
+                            const std::function<bool()>& isCancelled);
 
 }  // namespace jx

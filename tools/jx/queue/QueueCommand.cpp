@@ -10,8 +10,8 @@
 
 #include "jx/core/storage/JXOutbox.h"
 #include "tools/jx/ExitStatus.h"
-#include "tools/jx/Outcome.h"
-#include "tools/jx/queue/QueueText.h"
+#include "tools/jx/Result.h"
+#include "tools/jx/queue/QueueReport.h"
 
 namespace jx {
 namespace {
@@ -19,10 +19,10 @@ namespace {
 using Listing = std::vector<JXOutboxListing>;
 using Lister = Listing (*)(const std::string& folder, std::string& error);
 
-Outcome<Listing> listed(Lister lister, const std::filesystem::path& outbox) {
+Result<Listing> listed(Lister lister, const std::filesystem::path& outbox) {
   std::string error;
   Listing listing = lister(outbox.string(), error);
-  if (!error.empty()) return Failure{error};
+  if (!error.empty()) return Error{error};
   return listing;
 }
 
@@ -33,39 +33,39 @@ bool isUnusedState(const std::filesystem::path& state) {
          std::filesystem::exists(state / "defaults", ignored);
 }
 
-Outcome<std::string> purge(const std::filesystem::path& outbox) {
+Result<std::string> purge(const std::filesystem::path& outbox) {
   std::string error;
   const JXOutboxPurge done = purgeOutbox(outbox.string(), error);
-  if (!error.empty()) return Failure{error};
+  if (!error.empty()) return Error{error};
   return queuePurged(done);
 }
 
-Outcome<std::string> tell(const QueueOptions& options) {
+Result<std::string> tell(const QueueOptions& options) {
   const bool isUnused = isUnusedState(options.stateFolder);
   const std::filesystem::path outbox = options.stateFolder / "outbox";
   if (options.verb == "purge") return isUnused ? queuePurged({}) : purge(outbox);
   const auto read = [&](Lister lister) {
-    return isUnused ? Outcome<Listing>(Listing{}) : listed(lister, outbox);
+    return isUnused ? Result<Listing>(Listing{}) : listed(lister, outbox);
   };
   if (options.verb == "dead") {
-    const Outcome<Listing> dead = read(listDeadLetters);
-    if (!dead) return dead.failure();
+    const Result<Listing> dead = read(listDeadLetters);
+    if (!dead) return dead.error();
     return queueLines(*dead, true);
   }
-  const Outcome<Listing> queued = read(listOutbox);
-  if (!queued) return queued.failure();
+  const Result<Listing> queued = read(listOutbox);
+  if (!queued) return queued.error();
   if (options.verb == "list") return queueLines(*queued, false);
-  const Outcome<Listing> dead = read(listDeadLetters);
-  if (!dead) return dead.failure();
+  const Result<Listing> dead = read(listDeadLetters);
+  if (!dead) return dead.error();
   return queueStatus(*queued, *dead);
 }
 
 }  // namespace
 
 int runQueue(const QueueOptions& options) {
-  const Outcome<std::string> text = tell(options);
+  const Result<std::string> text = tell(options);
   if (!text) {
-    std::fprintf(stderr, "jx queue: %s\n", text.failure().text.c_str());
+    std::fprintf(stderr, "jx queue: %s\n", text.error().text.c_str());
     return kExitFailure;
   }
   std::fwrite(text->data(), 1, text->size(), stdout);

@@ -84,21 +84,21 @@ void Replay::readLines() {
 bool Replay::playLine(LineReader::Result result, const std::string& line) {
   const Done played =
       result == LineReader::Result::TooLong
-          ? Done(Failure{"longer than " + std::to_string(LineReader::kMaxLineBytes >> 20) + " MiB"})
+          ? Done(Error{"longer than " + std::to_string(LineReader::kMaxLineBytes >> 20) + " MiB"})
           : playText(line);
   if (!played) {
     ++badLines_;
-    console_->line("line " + std::to_string(lineNumber_) + ": " + played.failure().text);
+    console_->line("line " + std::to_string(lineNumber_) + ": " + played.error().text);
   }
   showProgress();
   return (played || !options_.strict) && !printFailed_;
 }
 
 Done Replay::playText(const std::string& line) {
-  const Outcome<ScriptCommand> command = readScriptLine(line);
-  if (!command) return command.failure();
+  const Result<ScriptCommand> command = readScriptLine(line);
+  if (!command) return command.error();
   if (const auto* const event = std::get_if<ScriptEvent>(&*command)) {
-    if (options_.verifies) tellVerdict(*event->event);
+    if (options_.verifies) printVerification(*event->event);
     keepPace();
     if (isSignalled()) {
       --lineNumber_;  // the reader stops next; this line was not played
@@ -108,7 +108,7 @@ Done Replay::playText(const std::string& line) {
   return session_.run(*command, [this] { return isSignalled(); });
 }
 
-void Replay::tellVerdict(const JXEvent& event) const {
+void Replay::printVerification(const JXEvent& event) const {
   const JXString failed = event.firstFailedCondition();
   const std::string verdict =
       failed.isPresent() ? "incomplete: " + failed.toStdString() : "complete";

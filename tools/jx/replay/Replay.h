@@ -32,7 +32,7 @@ class Replay {
   /// False when the reading is to end.
   bool playLine(LineReader::Result result, const std::string& line);
   Done playText(const std::string& line);
-  void tellVerdict(const JXEvent& event) const;
+  void printVerification(const JXEvent& event) const;
   void keepPace();
   bool isSignalled() const;
   void print(std::string_view body);

@@ -29,12 +29,12 @@ int refuse(const std::string& why) {
   return kExitUsage;
 }
 
-Failure failureOf(const std::string& action, const std::string& path, int error) {
-  return Failure{"cannot " + action + " " + path + ": " +
-                 std::error_code(error, std::generic_category()).message()};
+Error failureOf(const std::string& action, const std::string& path, int error) {
+  return Error{"cannot " + action + " " + path + ": " +
+               std::error_code(error, std::generic_category()).message()};
 }
 
-Outcome<int> openScript(const std::string& path) {
+Result<int> openScript(const std::string& path) {
   if (path == "-") return STDIN_FILENO;
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return failureOf("read", path, errno);
@@ -62,15 +62,15 @@ Done makeUsable(const std::filesystem::path& folder) {
 
 // The folder given, or a temporary one. The latter is destroyed after the library's thread has
 // ended, because it is made before: that thread would make its files anew.
-Outcome<std::filesystem::path> chooseState(const ReplayOptions& options,
-                                           std::optional<TemporaryState>& temporary) {
+Result<std::filesystem::path> chooseState(const ReplayOptions& options,
+                                          std::optional<TemporaryState>& temporary) {
   if (!options.settings.stateFolder.empty()) {
     const Done usable = makeUsable(options.settings.stateFolder);
-    if (!usable) return usable.failure();
+    if (!usable) return usable.error();
     return options.settings.stateFolder;
   }
-  Outcome<TemporaryState> made = TemporaryState::make();
-  if (!made) return made.failure();
+  Result<TemporaryState> made = TemporaryState::make();
+  if (!made) return made.error();
   temporary.emplace(std::move(*made));
   return temporary->path();
 }
@@ -81,11 +81,11 @@ int runReplay(const ReplayOptions& options) {
   const std::string fault = faultOfTogether(options);
   if (!fault.empty()) return refuse(fault);
   const TerminationSignals signals;
-  const Outcome<int> script = openScript(options.script);
-  if (!script) return refuse(script.failure().text);
+  const Result<int> script = openScript(options.script);
+  if (!script) return refuse(script.error().text);
   static std::optional<TemporaryState> temporary;
-  const Outcome<std::filesystem::path> state = chooseState(options, temporary);
-  if (!state) return refuse(state.failure().text);
+  const Result<std::filesystem::path> state = chooseState(options, temporary);
+  if (!state) return refuse(state.error().text);
 
   ReplayOptions complete = options;
   complete.settings.stateFolder = *state;

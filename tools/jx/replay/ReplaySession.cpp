@@ -53,9 +53,9 @@ ReplaySession::ReplaySession(const ReplaySettings& settings)
 
 ReplaySession::~ReplaySession() { JXNotificationCenter::defaultCenter()->removeObserver(this); }
 
-Done ReplaySession::run(const ScriptCommand& command, const std::function<bool()>& isGivenUp) {
+Done ReplaySession::run(const ScriptCommand& command, const std::function<bool()>& isCancelled) {
   if (const auto* const event = std::get_if<ScriptEvent>(&command)) {
-    execute(event->event, isGivenUp);
+    execute(event->event, isCancelled);
   } else if (const auto* const step = std::get_if<ScriptAdvance>(&command)) {
     return advance(step->ms);
   } else if (const auto* const datum = std::get_if<ScriptPermanent>(&command)) {
@@ -69,19 +69,19 @@ Done ReplaySession::run(const ScriptCommand& command, const std::function<bool()
 }
 
 Done ReplaySession::advance(std::int64_t ms) {
-  if (!clock_) return Failure{"advance needs a clock that can be moved (--at)"};
+  if (!clock_) return Error{"advance needs a clock that can be moved (--at)"};
   const std::int64_t now = clock_->nowMs();
   using Limits = std::numeric_limits<std::int64_t>;
   if (ms > 0 ? now > Limits::max() - ms : now < Limits::min() - ms) {
-    return Failure{"the clock cannot be moved as far as that"};
+    return Error{"the clock cannot be moved as far as that"};
   }
   clock_->advance(ms);
   return done();
 }
 
 void ReplaySession::execute(const std::shared_ptr<JXEvent>& event,
-                            const std::function<bool()>& isGivenUp) {
-  if (sends_) letQueueDrain(isGivenUp);
+                            const std::function<bool()>& isCancelled) {
+  if (sends_) waitForQueue(isCancelled);
   if (isDisabled()) ++ignored_;
   ++executed_;
   serverSide_->execute(event);
@@ -100,12 +100,12 @@ void ReplaySession::act(ScriptAct act) {
   }
 }
 
-void ReplaySession::letQueueDrain(const std::function<bool()>& isGivenUp) {
+void ReplaySession::waitForQueue(const std::function<bool()>& isCancelled) {
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   for (;;) {
     const JXDeliveryCounters counters = manager.counters();
     const std::uint64_t settled = counters.outbox.delivered + counters.outbox.rejected;
-    if (!isCrowded(counters) || counters.holding || stalledAt_ == settled || isGivenUp()) return;
+    if (!isCrowded(counters) || counters.paused || stalledAt_ == settled || isCancelled()) return;
     stalledAt_.reset();
     manager.flush(kSlice);
     const JXDeliveryCounters after = manager.counters();
@@ -113,23 +113,23 @@ void ReplaySession::letQueueDrain(const std::function<bool()>& isGivenUp) {
   }
 }
 
-void ReplaySession::waitForDelivery(milliseconds limit, const std::function<bool()>& isGivenUp) {
+void ReplaySession::waitForDelivery(milliseconds limit, const std::function<bool()>& isCancelled) {
   if (!sends_) return;
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   const steady_clock::time_point end = steady_clock::now() + limit;
   do {
     const auto left = std::chrono::duration_cast<milliseconds>(end - steady_clock::now());
     if (manager.flush(std::clamp(left, milliseconds::zero(), kSlice))) return;
-  } while (steady_clock::now() < end && !canNothingLeave(manager.counters()) && !isGivenUp());
+  } while (steady_clock::now() < end && !isDeliveryBlocked(manager.counters()) && !isCancelled());
 }
 
 // Requests that are in flight when the application goes to the background are let to end; without
 // consent they are aborted.
-bool ReplaySession::canNothingLeave(const JXDeliveryCounters& counters) const {
-  if (!counters.holding) return false;
+bool ReplaySession::isDeliveryBlocked(const JXDeliveryCounters& counters) const {
+  if (!counters.paused) return false;
   const std::uint64_t ended =
       counters.failures + counters.outbox.delivered + counters.outbox.rejected;
-  return isDisabled() || counters.tries <= ended;
+  return isDisabled() || counters.attempts <= ended;
 }
 
 ReplayTally ReplaySession::tally() const {

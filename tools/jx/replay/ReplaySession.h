@@ -13,7 +13,7 @@
 
 #include "jx/JXServerSide.h"
 #include "jx/platform/JXManualClock.h"
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/replay/ReplayTally.h"
 #include "tools/jx/replay/ScriptCommand.h"
 
@@ -48,11 +48,11 @@ class ReplaySession {
 
   /// Does what a line says; a failure has done nothing. Before an event it may wait while requests
   /// leave, since a script comes faster than a network takes it and would push its own first
-  /// events out of the queue; `isGivenUp` ends that.
-  Done run(const ScriptCommand& command, const std::function<bool()>& isGivenUp);
+  /// events out of the queue; `isCancelled` ends that.
+  Done run(const ScriptCommand& command, const std::function<bool()>& isCancelled);
   /// Waits until nothing is queued. Ends early when `limit` has passed, when what is queued cannot
-  /// leave (no consent, background), or when `isGivenUp`.
-  void waitForDelivery(std::chrono::milliseconds limit, const std::function<bool()>& isGivenUp);
+  /// leave (no consent, background), or when `isCancelled`.
+  void waitForDelivery(std::chrono::milliseconds limit, const std::function<bool()>& isCancelled);
 
   /// Events executed so far, and what became of them; without the bad lines.
   ReplayTally tally() const;
@@ -61,10 +61,10 @@ class ReplaySession {
 
  private:
   Done advance(std::int64_t ms);
-  void execute(const std::shared_ptr<JXEvent>& event, const std::function<bool()>& isGivenUp);
+  void execute(const std::shared_ptr<JXEvent>& event, const std::function<bool()>& isCancelled);
   void act(ScriptAct act);
-  void letQueueDrain(const std::function<bool()>& isGivenUp);
-  bool canNothingLeave(const JXDeliveryCounters& counters) const;
+  void waitForQueue(const std::function<bool()>& isCancelled);
+  bool isDeliveryBlocked(const JXDeliveryCounters& counters) const;
 
   bool sends_;
   std::shared_ptr<JXManualClock> clock_;

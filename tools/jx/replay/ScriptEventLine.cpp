@@ -18,46 +18,46 @@ using Kind = JXJsonValue::Kind;
 
 constexpr std::string_view kSessionProperty = "videoSessionID";
 
-Outcome<const JXEventClass*> classOf(const JXJsonObject& line) {
+Result<const JXEventClass*> classOf(const JXJsonObject& line) {
   const JXJsonValue name = line.get("class");
-  if (!name.isPresent()) return Failure{"class is missing"};
-  if (name.kind() != Kind::String) return Failure{"class is no text"};
+  if (!name.isPresent()) return Error{"class is missing"};
+  if (name.kind() != Kind::String) return Error{"class is no text"};
   const JXEventClass* const type = eventClassNamed(name.string().view());
-  if (type == nullptr) return Failure{quoted(name.string().view()) + " is no event class"};
+  if (type == nullptr) return Error{quoted(name.string().view()) + " is no event class"};
   return type;
 }
 
 // 0 for a class without modes.
-Outcome<int> modeOf(const JXEventClass& type, const JXJsonObject& line) {
+Result<int> modeOf(const JXEventClass& type, const JXJsonObject& line) {
   const JXJsonValue mode = line.get("mode");
   if (type.modes.empty()) {
     if (!mode.isPresent()) return 0;
-    return Failure{std::string(type.className) + " has no modes"};
+    return Error{std::string(type.className) + " has no modes"};
   }
-  if (!mode.isPresent()) return Failure{"mode is missing"};
-  if (mode.kind() != Kind::String) return Failure{"mode is no text"};
+  if (!mode.isPresent()) return Error{"mode is missing"};
+  if (mode.kind() != Kind::String) return Error{"mode is no text"};
   const JXString name = mode.string();
   const auto found = std::find(type.modes.begin(), type.modes.end(), name.view());
   if (found == type.modes.end()) {
-    return Failure{quoted(name.view()) + " is no mode of " + std::string(type.className)};
+    return Error{quoted(name.view()) + " is no mode of " + std::string(type.className)};
   }
   return static_cast<int>(found - type.modes.begin());
 }
 
 // Absent when the key is missing or null.
-Outcome<JXString> textOf(const JXJsonObject& line, std::string_view key) {
+Result<JXString> textOf(const JXJsonObject& line, std::string_view key) {
   const JXJsonValue value = line.get(key);
   const bool isAbsent = value.kind() == Kind::Absent || value.kind() == Kind::Null;
-  if (!isAbsent && value.kind() != Kind::String) return Failure{std::string(key) + " is no text"};
+  if (!isAbsent && value.kind() != Kind::String) return Error{std::string(key) + " is no text"};
   return value.string();
 }
 
 // The argument of the class's initialiser: the name of a custom event, the session of a video one.
-Outcome<JXString> argumentOf(const JXEventClass& type, const JXJsonObject& line) {
+Result<JXString> argumentOf(const JXEventClass& type, const JXJsonObject& line) {
   const bool takesName = &type == &JXCustomEvent::eventClass();
   if (!takesName && line.contains("name")) {
-    return Failure{"name is no argument of " + std::string(type.className) +
-                   "; it is one of its fields"};
+    return Error{"name is no argument of " + std::string(type.className) +
+                 "; it is one of its fields"};
   }
   return takesName ? textOf(line, "name") : textOf(line, "session");
 }
@@ -82,16 +82,16 @@ std::string fill(const JXEventClass& type, const JXJsonObject& line, JXEvent& ev
 
 }  // namespace
 
-Outcome<ScriptCommand> readEventLine(const JXJsonObject& line) {
-  const Outcome<const JXEventClass*> type = classOf(line);
-  if (!type) return type.failure();
-  const Outcome<int> mode = modeOf(**type, line);
-  if (!mode) return mode.failure();
-  const Outcome<JXString> argument = argumentOf(**type, line);
-  if (!argument) return argument.failure();
-  const std::shared_ptr<JXEvent> event = (*type)->make(*mode, *argument);
+Result<ScriptCommand> readEventLine(const JXJsonObject& line) {
+  const Result<const JXEventClass*> type = classOf(line);
+  if (!type) return type.error();
+  const Result<int> mode = modeOf(**type, line);
+  if (!mode) return mode.error();
+  const Result<JXString> argument = argumentOf(**type, line);
+  if (!argument) return argument.error();
+  const std::shared_ptr<JXEvent> event = (*type)->create(*mode, *argument);
   std::string wrong = fill(**type, line, *event);
-  if (!wrong.empty()) return Failure{asOneLine(wrong)};
+  if (!wrong.empty()) return Error{asOneLine(wrong)};
   return ScriptCommand(ScriptEvent{event});
 }
 

@@ -3,13 +3,13 @@
 #pragma once
 
 #include "jx/core/json/JXJsonObject.h"
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/replay/ScriptCommand.h"
 
 namespace jx {
 
 /// Makes the event of a script line that does "event". Knows the event classes by what
 /// JXEventClass tells about them only, so a class that is added needs no change here.
-Outcome<ScriptCommand> readEventLine(const JXJsonObject& line);
+Result<ScriptCommand> readEventLine(const JXJsonObject& line);
 
 }  // namespace jx

@@ -19,7 +19,7 @@ namespace jx {
 namespace {
 
 using Kind = JXJsonValue::Kind;
-using Reader = Outcome<ScriptCommand> (*)(const JXJsonObject& line);
+using Reader = Result<ScriptCommand> (*)(const JXJsonObject& line);
 
 struct Verb {
   std::string_view name;
@@ -27,42 +27,42 @@ struct Verb {
   Reader read;
 };
 
-Outcome<std::string> keyOf(const JXJsonObject& line) {
+Result<std::string> keyOf(const JXJsonObject& line) {
   const JXJsonValue key = line.get("key");
-  if (!key.isPresent()) return Failure{"key is missing"};
-  if (key.kind() != Kind::String) return Failure{"key is no text"};
+  if (!key.isPresent()) return Error{"key is missing"};
+  if (key.kind() != Kind::String) return Error{"key is no text"};
   return key.string().toStdString();
 }
 
-Outcome<ScriptCommand> readAdvance(const JXJsonObject& line) {
+Result<ScriptCommand> readAdvance(const JXJsonObject& line) {
   const JXJsonValue ms = line.get("ms");
-  if (!ms.isPresent()) return Failure{"ms is missing"};
-  if (ms.kind() != Kind::Number) return Failure{"ms is no number"};
-  const JXString digits = ms.numberText();
+  if (!ms.isPresent()) return Error{"ms is missing"};
+  if (ms.kind() != Kind::Number) return Error{"ms is no number"};
+  const JXString digits = ms.numberString();
   const std::string_view text = digits.view();
   ScriptAdvance advance;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), advance.ms);
   if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size()) {
-    return Failure{"ms is no whole number of milliseconds"};
+    return Error{"ms is no whole number of milliseconds"};
   }
   return ScriptCommand(advance);
 }
 
-Outcome<ScriptCommand> readPermanent(const JXJsonObject& line) {
-  Outcome<std::string> key = keyOf(line);
-  if (!key) return key.failure();
-  if (!line.contains("value")) return Failure{"value is missing"};
+Result<ScriptCommand> readPermanent(const JXJsonObject& line) {
+  Result<std::string> key = keyOf(line);
+  if (!key) return key.error();
+  if (!line.contains("value")) return Error{"value is missing"};
   return ScriptCommand(ScriptPermanent{std::move(*key), line.get("value")});
 }
 
-Outcome<ScriptCommand> readForget(const JXJsonObject& line) {
-  Outcome<std::string> key = keyOf(line);
-  if (!key) return key.failure();
+Result<ScriptCommand> readForget(const JXJsonObject& line) {
+  Result<std::string> key = keyOf(line);
+  if (!key) return key.error();
   return ScriptCommand(ScriptForget{std::move(*key)});
 }
 
 template <ScriptAct act>
-Outcome<ScriptCommand> readAct(const JXJsonObject&) {
+Result<ScriptCommand> readAct(const JXJsonObject&) {
   return ScriptCommand(act);
 }
 
@@ -81,41 +81,41 @@ const std::array<Verb, 8>& verbs() {
 }
 
 // A misspelt key would silently lose what stands under it.
-std::optional<Failure> unknownKey(const Verb& verb, const JXJsonObject& line) {
+std::optional<Error> unknownKey(const Verb& verb, const JXJsonObject& line) {
   for (const JXJsonEntry& entry : line.entries()) {
     const std::string_view key = entry.key.view();
     if (key == "do" || std::find(verb.keys.begin(), verb.keys.end(), key) != verb.keys.end()) {
       continue;
     }
-    return Failure{quoted(key) + " does not belong to \"" + std::string(verb.name) + "\""};
+    return Error{quoted(key) + " does not belong to \"" + std::string(verb.name) + "\""};
   }
   return std::nullopt;
 }
 
 }  // namespace
 
-Outcome<ScriptCommand> readScriptLine(std::string_view line) {
+Result<ScriptCommand> readScriptLine(std::string_view line) {
   if (line.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     return ScriptCommand(ScriptNothing{});
   }
-  if (!isUtf8(line)) return Failure{"not UTF-8"};
+  if (!isUtf8(line)) return Error{"not UTF-8"};
   const JXJsonReading reading = JXJsonReader::read(line);
   if (!reading.error.empty()) {
-    return Failure{"not JSON, at byte " + std::to_string(reading.errorOffset + 1) + ": " +
-                   reading.error};
+    return Error{"not JSON, at byte " + std::to_string(reading.errorOffset + 1) + ": " +
+                 reading.error};
   }
-  if (reading.value.kind() != Kind::Object) return Failure{"not a JSON object"};
+  if (reading.value.kind() != Kind::Object) return Error{"not a JSON object"};
   const JXJsonObject object = reading.value.object();
   const JXJsonValue verbValue = object.get("do");
-  if (!verbValue.isPresent()) return Failure{"\"do\" is missing"};
-  if (verbValue.kind() != Kind::String) return Failure{"\"do\" is no text"};
+  if (!verbValue.isPresent()) return Error{"\"do\" is missing"};
+  if (verbValue.kind() != Kind::String) return Error{"\"do\" is no text"};
   const JXString name = verbValue.string();
   for (const Verb& verb : verbs()) {
     if (verb.name != name.view()) continue;
-    if (std::optional<Failure> unknown = unknownKey(verb, object)) return std::move(*unknown);
+    if (std::optional<Error> unknown = unknownKey(verb, object)) return std::move(*unknown);
     return verb.read(object);
   }
-  return Failure{"nothing is called " + quoted(name.view()) + " to do"};
+  return Error{"nothing is called " + quoted(name.view()) + " to do"};
 }
 
 }  // namespace jx

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "tools/jx/Outcome.h"
+#include "tools/jx/Result.h"
 #include "tools/jx/replay/ScriptCommand.h"
 
 namespace jx {
@@ -12,6 +12,6 @@ namespace jx {
 /// Reads one line of a session script, without its line end. Any bytes are allowed; what is no
 /// command is a failure that says why, for the person who wrote the line. Depends on nothing but
 /// the line, and changes nothing.
-Outcome<ScriptCommand> readScriptLine(std::string_view line);
+Result<ScriptCommand> readScriptLine(std::string_view line);
 
 }  // namespace jx

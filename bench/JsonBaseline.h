@@ -1,0 +1,48 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jx::bench {
+
+/// The floor under building a body: a JSON text taken apart into its writer calls, which are then
+/// made again as a program would that has every value at hand.
+class JsonBaseline {
+ public:
+  explicit JsonBaseline(std::string_view json);
+  ~JsonBaseline();
+  /// Writes the text with RapidJSON's pretty writer, into a buffer that is used again and again;
+  /// what is returned is valid until the next call.
+  std::string_view write();
+
+ private:
+  struct Step {
+    enum class Kind {
+      Key,
+      String,
+      Number,
+      Bool,
+      Null,
+      StartObject,
+      EndObject,
+      StartArray,
+      EndArray
+    };
+    Kind kind;
+    bool flag;
+    std::string text;
+  };
+  struct Recorder;
+  struct Buffer;
+  template <typename Writer>
+  void replay(Writer& writer) const;
+
+  std::vector<Step> steps_;
+  std::unique_ptr<Buffer> buffer_;
+};
+
+}  // namespace jx::bench

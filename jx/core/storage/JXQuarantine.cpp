@@ -1,0 +1,95 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXQuarantine.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+
+#include "jx/core/storage/JXFolder.h"
+
+namespace jx {
+namespace {
+
+constexpr const char* kSuffix = ".damaged-";
+
+// Removes the oldest set-aside files of the folder until one more is within the bound.
+void makeRoom(const std::string& folder) {
+  std::vector<std::string> names;
+  if (listFolder(folder, names) != 0) return;
+  std::vector<std::pair<std::time_t, std::string>> kept;
+  for (const std::string& name : names) {
+    struct stat status {};
+    const std::string path = folder + "/" + name;
+    if (isSetAsideName(name) && ::stat(path.c_str(), &status) == 0) {
+      kept.emplace_back(status.st_mtime, path);
+    }
+  }
+  std::sort(kept.begin(), kept.end());
+  for (std::size_t i = 0; i + kJXMaxSetAside <= kept.size(); ++i)
+    ::unlink(kept[i].second.c_str());
+}
+
+int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
+  constexpr std::size_t kChunk = 64 * 1024;
+  std::vector<char> buffer(
+      static_cast<std::size_t>(std::min<std::uint64_t>(kChunk, damage.length)));
+  for (std::uint64_t done = 0; done < damage.length;) {
+    const std::size_t wanted =
+        static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), damage.length - done));
+    std::size_t got = 0;
+    int error = from.read(damage.offset + done, buffer.data(), wanted, got);
+    if (error != 0) return error;
+    if (got == 0) return 0;
+    const iovec part{buffer.data(), got};
+    std::size_t written = 0;
+    error = to.append(&part, 1, written);
+    if (error == 0 && written < got) error = ENOSPC;
+    if (error != 0) return error;
+    done += got;
+  }
+  return 0;
+}
+
+}  // namespace
+
+bool isSetAsideName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
+
+int removeQuarantinedFiles(const std::string& folder) {
+  std::vector<std::string> names;
+  const int unreadable = listFolder(folder, names);
+  int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
+  for (const std::string& name : names) {
+    if (!isSetAsideName(name)) continue;
+    if (::unlink((folder + "/" + name).c_str()) != 0 && errno != ENOENT) error = errno;
+  }
+  return error;
+}
+
+int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
+               bool replaces, bool& copied) {
+  copied = false;
+  const std::string target = path + kSuffix + std::to_string(damages.front().offset);
+  struct stat status {};
+  const bool exists = ::stat(target.c_str(), &status) == 0;
+  if (exists && !replaces) return 0;
+  if (exists) {
+    ::unlink(target.c_str());
+  } else {
+    makeRoom(folderOf(path));
+  }
+  int error = 0;
+  JXFile to = JXFile::open(target, JXFile::Access::AppendCreateNew, error);
+  for (std::size_t i = 0; error == 0 && i < damages.size(); ++i) {
+    error = copy(file, damages[i], to);
+  }
+  // Half a copy would pass for a whole one at the next opening.
+  if (error != 0 && to.isOpen()) ::unlink(target.c_str());
+  copied = error == 0;
+  return error;
+}
+
+}  // namespace jx

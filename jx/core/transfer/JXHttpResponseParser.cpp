@@ -1,0 +1,52 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXHttpResponseParser.h"
+
+#include <algorithm>
+
+namespace jx {
+namespace {
+
+bool hasName(std::string_view header, std::string_view lowerCaseName) {
+  if (header.size() <= lowerCaseName.size() || header[lowerCaseName.size()] != ':') return false;
+  return std::equal(lowerCaseName.begin(), lowerCaseName.end(), header.begin(),
+                    [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b + 32 : b); });
+}
+
+// "HTTP/1.1 503 Service Unavailable"; 0 when it has no status of three digits.
+int statusOf(std::string_view statusLine) {
+  const std::size_t blank = statusLine.find(' ');
+  if (blank == std::string_view::npos || statusLine.size() < blank + 4) return 0;
+  int status = 0;
+  for (const char digit : statusLine.substr(blank + 1, 3)) {
+    if (digit < '0' || digit > '9') return 0;
+    status = status * 10 + (digit - '0');
+  }
+  return status;
+}
+
+}  // namespace
+
+bool JXHttpResponseParser::readHeader(std::string_view line) {
+  bytes_ += line.size();
+  if (bytes_ > kMostBytes) return false;
+  if (status_ != 0) return true;  // a trailer behind the content
+  if (line.substr(0, 5) == "HTTP/") {
+    statusOfThisHead_ = statusOf(line);
+    retryAfter_.clear();
+  } else if (hasName(line, "retry-after")) {
+    const std::string_view value = line.substr(line.find(':') + 1);
+    const std::size_t first = std::min(value.find_first_not_of(" \t\r\n"), value.size());
+    retryAfter_ = value.substr(first, value.find_last_not_of(" \t\r\n") + 1 - first);
+  } else if (line == "\r\n" || line == "\n") {
+    if (statusOfThisHead_ >= 200) status_ = statusOfThisHead_;
+  }
+  return true;
+}
+
+bool JXHttpResponseParser::readBody(std::size_t bytes) {
+  bytes_ += bytes;
+  return bytes_ <= kMostBytes;
+}
+
+}  // namespace jx

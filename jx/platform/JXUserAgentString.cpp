@@ -1,0 +1,33 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/platform/JXUserAgentString.h"
+
+#include <string>
+#include <string_view>
+
+namespace jx {
+namespace {
+
+// A product's name in a user agent is one word without separators.
+std::string productWord(std::string_view text) {
+  std::string word;
+  for (const char c : text) {
+    const bool isKept = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                        (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-' || c == '+';
+    word += isKept ? c : '-';
+  }
+  return word;
+}
+
+}  // namespace
+
+JXString userAgentString(const JXString& systemName, const JXString& systemVersion,
+                         const JXString& machine) {
+  if (!systemName.isPresent()) return nullptr;
+  std::string text = productWord(systemName.view());
+  if (systemVersion.isPresent()) text += "/" + productWord(systemVersion.view());
+  if (machine.testString()) text += " (" + productWord(machine.view()) + ")";
+  return JXString(text);
+}
+
+}  // namespace jx

@@ -1,0 +1,81 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/collector/ApiResponse.h"
+
+#include <charconv>
+
+#include "tools/jx/collector/EventJson.h"
+
+namespace jx {
+namespace {
+
+// Events come from outside: whatever they hold, the browser runs nothing but the page's own files.
+constexpr const char* kContentPolicy =
+    "default-src 'none'; script-src 'self'; style-src 'self'; connect-src 'self'; "
+    "img-src 'self' data:; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
+
+// Absent stays absent; false when the text is no number.
+bool readNumber(const httplib::Request& request, const char* name,
+                std::optional<std::int64_t>& number) {
+  if (!request.has_param(name)) return true;
+  number = wholeNumber(request.get_param_value(name));
+  return number.has_value();
+}
+
+void readText(const httplib::Request& request, const char* name, std::optional<std::string>& text) {
+  if (request.has_param(name)) text = request.get_param_value(name);
+}
+
+}  // namespace
+
+void setWebHeaders(httplib::Response& response) {
+  response.set_header("Content-Security-Policy", kContentPolicy);
+  response.set_header("X-Content-Type-Options", "nosniff");
+  response.set_header("Referrer-Policy", "no-referrer");
+  response.set_header("Cache-Control", "no-store");
+}
+
+void answerJson(httplib::Response& response, int status, const std::string& json) {
+  response.status = status;
+  setWebHeaders(response);
+  response.set_content(json, "application/json");
+}
+
+void answerFailure(httplib::Response& response, int status, const std::string& text) {
+  answerJson(response, status, errorToJson(text));
+}
+
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+  std::int64_t value = 0;
+  const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size() || value < 0) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+Result<EventQuery> filtersOf(const httplib::Request& request, std::int64_t maxLimit) {
+  EventQuery query;
+  std::optional<std::int64_t> limit;
+  if (!readNumber(request, "limit", limit) || (limit && (*limit < 1 || *limit > maxLimit))) {
+    return Error{"limit is 1 to " + std::to_string(maxLimit)};
+  }
+  query.limit = limit.value_or(query.limit);
+  if (!readNumber(request, "after", query.after)) return Error{"after is a whole number"};
+  if (!readNumber(request, "before", query.before)) return Error{"before is a whole number"};
+  if (!readNumber(request, "since", query.sinceMs)) {
+    return Error{"since is a time in milliseconds"};
+  }
+  if (request.has_param("good")) {
+    const std::string good = request.get_param_value("good");
+    if (good != "true" && good != "false") return Error{"good is true or false"};
+    query.good = good == "true";
+  }
+  readText(request, "name", query.name);
+  readText(request, "class", query.className);
+  readText(request, "session", query.session);
+  readText(request, "text", query.text);
+  return query;
+}
+
+}  // namespace jx

@@ -1,0 +1,89 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "tools/jx/queue/QueueReport.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <optional>
+
+#include "tools/jx/Printable.h"
+#include "tools/jx/collector/EventMetadata.h"
+
+namespace jx {
+namespace {
+
+constexpr std::size_t kSizeWidth = 8;
+constexpr std::size_t kNameWidth = 24;
+
+std::string counted(std::size_t count, const std::string& one) {
+  return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+std::string rightAligned(const std::string& text, std::size_t width) {
+  return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
+}
+
+std::string shown(const std::optional<std::string>& text) {
+  return text && !text->empty() ? asOneLine(*text) : "-";
+}
+
+std::string ages(const std::vector<JXOutboxListing>& queued) {
+  if (queued.empty()) return {};
+  const auto [oldest, newest] = std::minmax_element(
+      queued.begin(), queued.end(), [](const JXOutboxListing& one, const JXOutboxListing& other) {
+        return one.createdMs < other.createdMs;
+      });
+  return "oldest " + asIsoTime(oldest->createdMs) + "\nnewest " + asIsoTime(newest->createdMs) +
+         "\n";
+}
+
+std::string refusals(const std::vector<JXOutboxListing>& dead) {
+  std::map<int, std::size_t> byStatus;
+  for (const JXOutboxListing& letter : dead)
+    ++byStatus[letter.status];
+  std::string text;
+  for (const auto& [status, count] : byStatus) {
+    // A request that could not be sent at all has no status.
+    text +=
+        (status == 0 ? std::string("never sendable") : "refused with " + std::to_string(status)) +
+        ": " + std::to_string(count) + "\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string queueStatus(const std::vector<JXOutboxListing>& queued,
+                        const std::vector<JXOutboxListing>& dead) {
+  std::size_t bytes = 0;
+  for (const JXOutboxListing& request : queued)
+    bytes += request.url.size() + request.body.size();
+  std::string text = counted(queued.size(), "request") + " queued, " + counted(bytes, "byte") +
+                     "; " + counted(dead.size(), "dead letter") + "\n";
+  return text + ages(queued) + refusals(dead);
+}
+
+std::string queuePurged(const JXOutboxPurge& purge) {
+  std::string text = counted(purge.removed, "request") + " and " +
+                     counted(purge.deadLetters, "dead letter") + " deleted\n";
+  if (purge.marked != 0) {
+    text += counted(purge.marked, "request") +
+            " more: held by a running process, which drops them before it sends anything else\n";
+  }
+  return text;
+}
+
+std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus) {
+  std::string text;
+  for (const JXOutboxListing& request : requests) {
+    const EventMetadata facts = EventMetadata::read("", request.body);
+    text += asIsoTime(request.createdMs);
+    if (withStatus) text += "  " + std::to_string(request.status);
+    text += "  " + rightAligned(std::to_string(request.body.size()), kSizeWidth) + "  " +
+            padded(shown(facts.name), kNameWidth) + "  " + shown(facts.eventID) + "\n";
+  }
+  return text;
+}
+
+}  // namespace jx
