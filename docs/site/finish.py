@@ -80,7 +80,6 @@ def sidebar(folder, current, of_c):
         lines += [link(href(page), page.name, current) for page in pages]
         lines.append("</ul>")
     lines.append("<h2>API reference</h2><ul>")
-    lines.append(link("reference.html", "All C++ classes", current))
     lines.append(link("namespacejx.html", "Constants and functions", current))
     lines.append("</ul>")
     for title, named in headers.areas():
@@ -150,6 +149,8 @@ def tidied(text):
     text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)
     text = text.replace('<div class="line"> </div>', '<div class="line">&#8203;</div>')
     text = re.sub(r'<img src="closed.png"[^>]*/>', "", text)
+    # Not a keyword in C++: Doxygen means C++/CLI.
+    text = text.replace('<span class="keyword">event</span>', "event")
     for old, new in TITLES.items():
         text = re.sub(rf"(</a>\s*|groupheader\">){old}(</h2>)", rf"\g<1>{new}\2", text)
     # In the dark scheme an embedded document has a white background; an image has none.
@@ -159,12 +160,30 @@ def tidied(text):
     text = re.sub(r"<td[^>]*>.*?</td>", lambda cell: re.sub(
         r"<code>([^<]{25,})</code>", lambda code: f"<code>{breakable(code.group(1))}</code>",
         cell.group(0)), text, flags=re.DOTALL)
+    text = re.sub(r'<table class="markdownTable">.*?</table>', lambda m: stackable(m.group(0)),
+                  text, flags=re.DOTALL)
     # A wide table scrolls instead of the page.
-    text = re.sub(r'(<table class="(?:markdownTable|fieldtable)">.*?</table>)',
+    text = re.sub(r'(<table class="(?:markdownTable(?: stacked)?|fieldtable)">.*?</table>)',
                   r'<div class="wide">\1</div>', text, flags=re.DOTALL)
     text = re.sub(r'<td class="mem(?:Templ)?(?:Item(?:Left|Right)|Params)"[^>]*>.*?</td>',
                   lambda m: declaration(m.group(0)), text, flags=re.DOTALL)
     return text
+
+
+def stackable(table):
+    """Labels the cells of a table with long text, so that a phone can show each row as a block."""
+    labels = [plain(head) for head in re.findall(r"<th[^>]*>(.*?)</th>", table, re.DOTALL)]
+    rows = re.findall(r"<tr.*?</tr>", table, re.DOTALL)
+    if len(labels) not in (3, 4) or max(len(plain(row)) for row in rows) < 120:
+        return table
+
+    def labelled(row):
+        cells = iter(labels)
+        return re.sub("<td ", lambda _: f'<td data-label="{html.escape(next(cells))}" ',
+                      re.sub(r"\s+</td>", "</td>", row.group(0)))
+
+    return re.sub(r"<tr.*?</tr>", labelled, table, flags=re.DOTALL).replace(
+        'class="markdownTable"', 'class="markdownTable stacked"', 1)
 
 
 def breakable(code):
@@ -228,7 +247,7 @@ def main():
                 path.unlink()
     of_c = c_headers(tagfile)
     index = list(members(tagfile))
-    guides = {href(page) for _, part in site_map.parts() for page in part} | {"reference.html"}
+    guides = {href(page) for _, part in site_map.parts() for page in part}
     for path in sorted(folder.glob("*.html")):
         text = tidied(path.read_text(encoding="utf-8"))
         if path.name in guides:
