@@ -49,16 +49,16 @@ void checkFacts(const EventMetadata& facts, std::string_view body) {
 
 // What is no event is bad, and whatever is bad has a reason in words.
 void checkJudgement(const ValidationResult& validation, std::string_view body) {
-  require(!validation.facts.problem || !validation.isGood(), "what is no event is not good", body,
-          {});
-  for (const Diagnostic& reason : validation.reasons.kept())
+  require(!validation.metadata.problem || !validation.isValid(), "what is no event is not good",
+          body, {});
+  for (const Diagnostic& reason : validation.diagnostics.kept())
     require(!reason.text.empty(), "a reason has words", body, {});
 }
 
 // What the collector shows of it is JSON, whatever came.
 void checkShown(const StoredEvent& event, const ValidationResult& validation) {
   const JXJsonReading shown =
-      JXJsonReader::read(eventToJson(event, validation.reasons.kept(), std::nullopt));
+      JXJsonReader::read(eventToJson(event, validation.diagnostics.kept(), std::nullopt));
   require(shown.value.kind() == Kind::Object, "an event is shown as an object", shown.error, {});
   const JXJsonObject object = shown.value.object();
   const std::string wanted = withReplacementCharacters(event.request.body);
@@ -75,9 +75,9 @@ void check(Input input) {
   event.request.body = std::string(input.rest());
   event.request.headers.emplace_back(event.request.query, event.request.body);
   const ValidationResult validation = ValidationResult::of(event.request.query, event.request.body);
-  checkFacts(validation.facts, event.request.body);
+  checkFacts(validation.metadata, event.request.body);
   checkJudgement(validation, event.request.body);
-  event.facts = validation.facts;
+  event.metadata = validation.metadata;
   checkShown(event, validation);
 }
 
