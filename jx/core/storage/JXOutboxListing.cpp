@@ -27,7 +27,7 @@ bool listNames(const std::string& folder, std::vector<std::string>& names, std::
 std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error) {
   std::vector<JXOutboxListing> listing;
   std::vector<std::string> names;
-  if (!namesIn(folder, names, error)) return listing;
+  if (!listNames(folder, names, error)) return listing;
   // Names sort in the order of their numbers.
   std::sort(names.begin(), names.end());
   for (const std::string& name : names) {
@@ -49,7 +49,7 @@ std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& 
 std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error) {
   std::vector<JXOutboxListing> listing;
   std::vector<std::string> names;
-  if (!namesIn(folder, names, error)) return listing;
+  if (!listNames(folder, names, error)) return listing;
   std::size_t keep = 0;
   const int failure = JXJournal::scan(folder + "/dead", [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);

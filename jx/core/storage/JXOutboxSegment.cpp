@@ -81,7 +81,7 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
   if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) return nullptr;
 
   std::shared_ptr<JXOutboxSegment> segment(new JXOutboxSegment(JXJournal(std::move(file), path)));
-  std::vector<std::uint32_t> settled;
+  std::vector<std::uint32_t> acknowledged;
   recovery = segment->journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Request) {
@@ -89,9 +89,9 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
                           static_cast<std::uint32_t>(record.url.size() + record.body.size()),
                           record.createdMs});
     }
-    addAcknowledged(settled, record, frame.offset);
+    addAcknowledged(acknowledged, record, frame.offset);
   });
-  removeAcknowledged(requests, settled);
+  removeAcknowledged(requests, acknowledged);
   segment->live_ = requests.size();
   segment->dropPurged(requests);
   // The process that wrote it may have been killed before the sync.
@@ -163,16 +163,16 @@ int JXOutboxSegment::remove() {
 bool JXOutboxSegment::isFull() const { return journal_.size() >= kSegmentSize; }
 
 int listSegment(const std::string& path, std::vector<JXListedRequest>& requests) {
-  std::vector<std::uint32_t> settled;
+  std::vector<std::uint32_t> acknowledged;
   const int error = JXJournal::scan(path, [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Request) {
       requests.push_back(
           {frame.offset, record.createdMs, std::string(record.url), std::string(record.body)});
     }
-    addAcknowledged(settled, record, frame.offset);
+    addAcknowledged(acknowledged, record, frame.offset);
   });
-  removeAcknowledged(requests, settled);
+  removeAcknowledged(requests, acknowledged);
   const std::uint64_t purged = readPurgeMark(path);
   requests.erase(
       std::remove_if(requests.begin(), requests.end(),
