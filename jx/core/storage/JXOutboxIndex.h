@@ -29,7 +29,7 @@ struct JXOutboxEntry {
   std::int16_t status = 0;             ///< the HTTP status that rejected it
   State state = State::Queued;
 };
-static_assert(sizeof(JXOutboxEntry) <= 48, "10,000 of these are held in a TV's memory");
+static_assert(sizeof(JXOutboxEntry) <= 48, "a TV keeps up to 10,000 of these in memory");
 
 /// The requests of an outbox in order, oldest first. Not synchronised. Pointers to entries are
 /// valid until the next `push` or `remove`.
