@@ -72,7 +72,7 @@ TEST_F(BrokenStorage, WithoutAnyFolderEventsAreKeptInMemoryAfterOneLine) {
   const auto serverSide = make();
   execute(*serverSide);
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 1u);
-  EXPECT_EQ(storageLines("There is no storage folder").size(), 1u);
+  EXPECT_EQ(storageLines("No storage folder available").size(), 1u);
 }
 
 TEST_F(BrokenStorage, WithoutAnyFolderTheUniqueIdentifierIsUnset) {

@@ -29,7 +29,7 @@ class CaFile : public ::testing::Test {
     fault.heal = [](ServerStory& told) {
       told.folder.write("ca.pem", contentOf(told.server.caFile()));
     };
-    fault.reason = "the CA file " + path + " is missing or holds no certificates";
+    fault.reason = "CA file " + path + " is missing or contains no certificates";
   }
   void holds(const std::string& order, const std::string& name, const std::string& did) {
     fault.order = order;

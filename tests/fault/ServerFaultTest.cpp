@@ -58,8 +58,8 @@ class RejectingFault : public ServerThat {
       told.push_back(delivery.eventId.toStdString());
     }
     for (const std::string& id : eventIds) {
-      lines.push_back("2 Request of event " + id +
-                      " is rejected and not tried again: HTTP status " + status);
+      lines.push_back("2 Server rejected event " + id + ": HTTP status " + status +
+                      "; not retrying");
       bodies.push_back(bodyOf(id));
     }
     EXPECT_EQ(sorted(told), eventIds);

@@ -10,7 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::string_view kStaysQueued = "Requests stay queued, next try in ";
+constexpr std::string_view kDeliveryFailed = "Delivery failed: ";
+constexpr std::string_view kRetryingIn = "; retrying in ";
 
 }  // namespace
 
@@ -35,13 +36,14 @@ ServerStory::~ServerStory() {
 }
 
 void ServerStory::keepLine(int level, const std::string& text) {
-  if (text.rfind(kStaysQueued, 0) != 0) {
+  const std::size_t end = text.rfind(kRetryingIn);
+  if (text.rfind(kDeliveryFailed, 0) != 0 || end == std::string::npos) {
     lines_.add({level, text});
     return;
   }
-  const std::size_t reason = text.find(": ") + 2;
-  const std::chrono::milliseconds pause(std::atoll(text.c_str() + kStaysQueued.size()));
-  failures.add({level, pause, text.substr(reason)});
+  const std::size_t reason = kDeliveryFailed.size();
+  const std::chrono::milliseconds pause(std::atoll(text.c_str() + end + kRetryingIn.size()));
+  failures.add({level, pause, text.substr(reason, end - reason)});
 }
 
 void ServerStory::startProcess() {
