@@ -35,7 +35,7 @@ int main() {
   std::cout << jx::JXJsonWriter::write(body, jx::JXJsonStyle::Compact).text << '\\n';
 }
 """
-PRINTED = '0 stars is absent\n1 1\n{"event_name":"rate","stars":5}\n'
+PRINTED = '0 stars must be set\n1 1\n{"event_name":"rate","stars":5}\n'
 
 
 def run(command, folder):
