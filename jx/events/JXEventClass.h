@@ -54,8 +54,8 @@ struct JX_API JXEventClass {
   /// of the base class do not apply in addition.
   std::vector<JXCondition> conditions;
   /// Creates an event as the class's initialiser does. `mode` is an index into `modes`. `argument`
-  /// is the name or the video session ID that the initialiser takes. Both are ignored if the
-  /// initialiser does not take them.
+  /// is the name or the video session ID for the initialiser. Both are ignored if the initialiser
+  /// has no such parameter.
   JXEventFactory create;
   /// Names of the modes, in the order of `eventNames`; empty for a class without modes.
   std::vector<std::string_view> modes = {};
@@ -85,7 +85,7 @@ struct JX_API JXEventClass {
   std::string_view propertyOfKey(std::string_view key) const;
 };
 
-/// The `create` of a class whose initialiser takes no arguments.
+/// The `create` of a class whose initialiser has no parameters.
 template <typename Event>
 inline constexpr JXEventFactory createByInit = JXEventFactory::of<Event>(
     [](int, const JXString&) -> std::shared_ptr<JXEvent> { return Event::init(); });

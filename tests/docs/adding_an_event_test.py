@@ -71,7 +71,7 @@ def main():
         (folder / "main.cpp").write_text(PROGRAM, encoding="utf-8")
         run([compiler, *flags, "-std=c++20", "-I.", "-fsyntax-only",
              "tests/events/catalogue/ExpectedCatalogue.cpp"], folder)
-        # The new catalogue precedes the library, so the linker uses it instead of the library's own.
+        # The linker prefers the new catalogue, because it precedes the library.
         run([compiler, *flags, "-std=c++17", "-I.", "main.cpp", "jx/events/JXEventCatalogue.cpp",
              library, "-lcurl", "-lpthread", f"-Wl,-rpath,{os.path.dirname(library)}", "-o",
              "rate"], folder)
