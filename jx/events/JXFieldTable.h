@@ -93,7 +93,7 @@ class JX_API JXFieldTable {
   bool mayWrite(std::string_view key) const;
   /// Returns the state of the field at this position, which must be less than the number of fields.
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
-  /// Returns the state of the field with this JSON key; that of a null value if there is no field.
+  /// Returns the state of the field with this JSON key; a null state if none has it.
   JXFieldState stateOfKey(const JXAdditionalProperties& object, std::string_view key) const;
   /// Returns true if the object meets all conditions.
   bool meetsAll(const JXAdditionalProperties& object,

@@ -209,7 +209,7 @@ TEST_F(EventBase, ECommerceEventIsAlwaysValidAndHasItsOwnEmptyList) {
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST_F(EventBase, ECommerceEventWritesNoFieldsOfItsOwn) {
+TEST_F(EventBase, ECommerceEventWritesOnlyTheFieldsOfJXEvent) {
   const auto event = JXECommerceEvent::init();
   event->setCurrency("GBP");
   event->items().append(JXItem::init());

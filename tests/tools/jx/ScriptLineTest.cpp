@@ -127,7 +127,7 @@ TEST(ScriptLine, WhatIsNoCommandSaysWhy) {
       {R"({"do":"event","class":"JXCustomEvent","mode":"START"})", "JXCustomEvent has no modes"},
       {R"({"do":"event","class":"JXCustomEvent","name":5})", "name is no text"},
       {R"({"do":"event","class":"JXCustomEvent","session":"s"})",
-       "session is no field of JXCustomEvent"},
+       "session is not a field of JXCustomEvent"},
       {R"({"do":"event","class":"JXEvent","name":"x"})",
        "name is no argument of JXEvent; it is one of its fields"},
       {R"({"do":"event","class":"JXCustomEvent","fields":[]})", "fields is no object"},
