@@ -205,7 +205,7 @@ jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t valu
         if (value >= info.enumStrings.count) {
           return {JX_ERROR_UNKNOWN_ENUMERATOR, std::to_string(value) + " is no member of " + field};
         }
-        return set(found, field, info, info.enumStrings.members[value]);
+        return set(found, field, info, info.enumStrings.enumerators[value]);
       });
 }
 

@@ -75,7 +75,7 @@ TEST_F(CObject, AFieldTakesOnlyItsOwnType) {
   EXPECT_EQ(jx_object_set_product(cart.get(), "items", nullptr), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_add_item(cart.get(), "value", nullptr), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_set_json(cart.get(), "value", "[]"), JX_ERROR_WRONG_TYPE);
-  EXPECT_EQ(detail(), "value is no decimal number");
+  EXPECT_EQ(detail(), "value must be a decimal number");
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
@@ -184,7 +184,7 @@ TEST_F(CObject, ACustomEventWithoutANameIsMadeAndNotComplete) {
   const Object custom(event);
   EXPECT_EQ(objectJson(event), R"({"context":{"event_id":"E"}})");
   EXPECT_EQ(jx_object_verify(event), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "name is absent or empty");
+  EXPECT_EQ(detail(), "name must be a non-empty string");
   ASSERT_EQ(JXEvent_setName(event, "quiz"), JX_OK);
   EXPECT_EQ(jx_object_verify(event), JX_OK);
 }

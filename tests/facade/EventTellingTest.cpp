@@ -47,7 +47,7 @@ JXJsonValue sampleOf(const JXFieldInfo& field) {
     case JXFieldKind::Values:
       return read(R"([1, {"a": [true, null]}, []])");
     case JXFieldKind::Enumeration:
-      return field.enumStrings.members[field.enumStrings.count - 1];
+      return field.enumStrings.enumerators[field.enumStrings.count - 1];
     case JXFieldKind::Items:
       return read(R"([{"ID": "1", "quantity": 2, "parameters": {"gift": true, "quantity": 9},
                        "product": {"ID": "p", "price": "2.550", "categories": ["x", "y"],

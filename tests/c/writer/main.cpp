@@ -65,7 +65,7 @@ std::string argumentsOf(const CClass& type, const JXFieldInfo& field, const CSet
       return "values";
     case JXFieldKind::Enumeration:
       return choiceName(type, field) + "_" +
-             std::string(field.enumStrings.members[field.enumStrings.count - 1]);
+             std::string(field.enumStrings.enumerators[field.enumStrings.count - 1]);
     case JXFieldKind::Items:
       return "item";
     case JXFieldKind::Product:

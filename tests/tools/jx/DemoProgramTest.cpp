@@ -50,8 +50,8 @@ TEST(DemoScript, TwoEventsAreIncompleteOnPurpose) {
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
   }
   EXPECT_THAT(faults,
-              testing::ElementsAre("purchase: type is absent or empty",
-                                   "video_content_quarter_reached: cursorPosition is absent"));
+              testing::ElementsAre("purchase: type must be a non-empty string",
+                                   "video_content_quarter_reached: cursorPosition must be set"));
 }
 
 TEST(DemoProgram, OnceShowsEveryArrivalAndLeavesNothingBehind) {

@@ -224,8 +224,9 @@ TEST(ReplayVerify, TellsEachEventsFirstLackAndSendsNothingByItself) {
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output,
             "line 1: JXCustomEvent \"n0\" is complete\n"
-            "line 2: JXCustomEvent without name is incomplete: name is absent or empty\n"
-            "line 3: JXEvent without name is incomplete: a bare JXEvent is never complete\n"
+            "line 2: JXCustomEvent without name is incomplete: name must be a non-empty string\n"
+            "line 3: JXEvent without name is incomplete: JXEvent is a base class and never passes "
+            "validation\n"
             "executed 3, delivered 0, held 0, rejected 0, dropped 0\n");
   EXPECT_EQ(result.errors, "");
 }
