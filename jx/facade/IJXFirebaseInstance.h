@@ -23,9 +23,10 @@ class JX_API IJXFirebaseInstance {
   /// Performs the operation with its two arguments.
   ///
   /// For an event, `second` is a new JSON object that the implementation may keep and change. Lists
-  /// in it, and objects inside such lists, are not copied: the event or the permanent data contain
-  /// the same ones. Do not change them; a change appears in later events. "items" and its elements
-  /// are copies, but lists inside an element are shared in the same way.
+  /// that the application supplied (additional parameters, permanent data, the ID lists of a
+  /// playback event) are shared with the event, not copied, and so are the objects in them. Copy
+  /// such a list instead of changing it: a change appears in later events. The list "items" and its
+  /// elements are copies; lists that the application added to an item are shared.
   virtual void performOperation(std::string_view operation, const JXJsonValue& first,
                                 const JXJsonValue& second) = 0;
 };

@@ -16,8 +16,9 @@ class JX_API JXServerSideUtils {
   JXServerSideUtils() = delete;
 
   /// Returns the event's parameters: its JSON without the context and user blocks. Nested objects
-  /// become JSON strings, items become flat objects, and other lists are passed on unchanged. The
-  /// returned object is new; its lists are shared with the event (see IJXFirebaseInstance).
+  /// become JSON strings, items become flat objects, and other lists stay lists. The returned
+  /// object is new; lists that the application supplied are shared with the event (see
+  /// IJXFirebaseInstance).
   static JXJsonObject eventPropertiesToDictionary(const JXEvent& event);
   /// Returns an array with a flat object for each element of the "items" list of `dict`, numbered
   /// by "index" from 0. Empty if there is no such list. The name is historic: the result is not a
