@@ -64,7 +64,7 @@ std::string argumentsOf(const CClass& type, const JXFieldInfo& field, const CSet
     case JXFieldKind::Values:
       return "values";
     case JXFieldKind::Enumeration:
-      return choiceName(type, field) + "_" +
+      return enumName(type, field) + "_" +
              std::string(field.enumStrings.members[field.enumStrings.count - 1]);
     case JXFieldKind::Items:
       return "item";
