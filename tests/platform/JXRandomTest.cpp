@@ -31,13 +31,13 @@ bool isVersion4(std::string_view text) {
 }
 
 TEST(UUID, TextSetsVersionAndVariant) {
-  EXPECT_EQ(randomUUIDText({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
+  EXPECT_EQ(randomUUIDString({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
             JXString("00000000-0000-4000-8000-000000000000"));
-  EXPECT_EQ(randomUUIDText(
+  EXPECT_EQ(randomUUIDString(
                 {255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255}),
             JXString("FFFFFFFF-FFFF-4FFF-BFFF-FFFFFFFFFFFF"));
-  EXPECT_EQ(randomUUIDText({0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x01, 0x23, 0x45, 0x67,
-                            0x89, 0xAB, 0xCD, 0xEF}),
+  EXPECT_EQ(randomUUIDString({0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x01, 0x23, 0x45,
+                              0x67, 0x89, 0xAB, 0xCD, 0xEF}),
             JXString("01234567-89AB-4DEF-8123-456789ABCDEF"));
 }
 

@@ -14,9 +14,9 @@ namespace {
 
 TEST(FoundationText, NilAndObjectsOfOtherClassesAreAbsent) {
   @autoreleasepool {
-    EXPECT_EQ(textOf(nil), JXString());
-    EXPECT_EQ(textOf([NSNumber numberWithInt:42]), JXString());
-    EXPECT_EQ(textOf([NSArray array]), JXString());
+    EXPECT_EQ(stringOf(nil), JXString());
+    EXPECT_EQ(stringOf([NSNumber numberWithInt:42]), JXString());
+    EXPECT_EQ(stringOf([NSArray array]), JXString());
   }
 }
 
@@ -24,7 +24,7 @@ TEST(FoundationText, TextGoesThereAndBackUnchanged) {
   @autoreleasepool {
     for (const JXString& text : {JXString(""), JXString("caf\xC3\xA9"),
                                  JXString(std::string("a\0b", 3)), JXString("\xF0\x9F\x93\xBA")}) {
-      EXPECT_EQ(textOf(foundationString(text)), text);
+      EXPECT_EQ(stringOf(foundationString(text)), text);
     }
   }
 }

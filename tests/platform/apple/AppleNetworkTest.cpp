@@ -62,20 +62,20 @@ TEST(AppleNetwork, AMonitorRunsAsLongAsItsPlatform) {
 }
 
 TEST(AppleNetworkGuess, LoopbackTunnelsAndDeviceLinksAreNoConnection) {
-  EXPECT_EQ(guessedKindOfNetwork({}), JXNetworkKind::None);
-  EXPECT_EQ(guessedKindOfNetwork({{"lo0", true, true, true}, up("utun0"), up("awdl0"), up("llw0")}),
+  EXPECT_EQ(guessNetworkKind({}), JXNetworkKind::None);
+  EXPECT_EQ(guessNetworkKind({{"lo0", true, true, true}, up("utun0"), up("awdl0"), up("llw0")}),
             JXNetworkKind::None);
 }
 
 TEST(AppleNetworkGuess, AnInterfaceThatIsDownOrHasNoAddressDoesNotCount) {
-  EXPECT_EQ(guessedKindOfNetwork({{"en0", false, false, true}, {"en1", true, false, false}}),
+  EXPECT_EQ(guessNetworkKind({{"en0", false, false, true}, {"en1", true, false, false}}),
             JXNetworkKind::None);
 }
 
 TEST(AppleNetworkGuess, TheFirstUsableInterfaceCounts) {
-  EXPECT_EQ(guessedKindOfNetwork({{"en0", false, false, true}, up("pdp_ip0")}),
+  EXPECT_EQ(guessNetworkKind({{"en0", false, false, true}, up("pdp_ip0")}),
             JXNetworkKind::Cellular);
-  EXPECT_EQ(guessedKindOfNetwork({up("en1"), up("pdp_ip0")}), JXNetworkKind::Wifi);
+  EXPECT_EQ(guessNetworkKind({up("en1"), up("pdp_ip0")}), JXNetworkKind::Wifi);
 }
 
 }  // namespace
