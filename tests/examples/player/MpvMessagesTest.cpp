@@ -21,7 +21,7 @@ PlayerChange changeOf(const std::string& line) {
 
 bool meansNothing(const std::string& line) {
   const MpvReading reading = readMpvLine(line);
-  return !reading.change && reading.question.empty();
+  return !reading.change && reading.request.empty();
 }
 
 TEST(MpvMessages, APropertyIsAChange) {
@@ -32,7 +32,7 @@ TEST(MpvMessages, APropertyIsAChange) {
   const PlayerChange paused =
       changeOf(R"({"event":"property-change","id":5,"name":"pause","data":true})");
   EXPECT_EQ(paused.kind, Kind::Paused);
-  EXPECT_TRUE(paused.flag);
+  EXPECT_TRUE(paused.isOn);
   const PlayerChange waiting =
       changeOf(R"({"event":"property-change","id":6,"name":"paused-for-cache","data":true})");
   EXPECT_EQ(waiting.kind, Kind::Buffering);
@@ -63,8 +63,8 @@ TEST(MpvMessages, WhereASeekLandedIsAskedForAndTheAnswerEndsIt) {
   EXPECT_EQ(changeOf(R"({"event":"seek"})").kind, Kind::SeekBegan);
   const MpvReading restarted = readMpvLine(R"({"event":"playback-restart"})");
   EXPECT_FALSE(restarted.change.has_value());
-  EXPECT_EQ(restarted.question, R"({"command":["get_property","time-pos"],"request_id":1})"
-                                "\n");
+  EXPECT_EQ(restarted.request, R"({"command":["get_property","time-pos"],"request_id":1})"
+                               "\n");
   const PlayerChange landed = changeOf(R"({"data":16.023000,"request_id":1,"error":"success"})");
   EXPECT_EQ(landed.kind, Kind::SeekEnded);
   EXPECT_EQ(landed.number, 16.023);
