@@ -20,8 +20,8 @@
 /// nothing.
 ///
 /// Errors. Every function that can fail returns a `jx_status` and changes nothing unless it returns
-/// JX_OK. Details are logged at level 3 and are available from `jx_error_detail()`. No exception
-/// leaves the library, regardless of how the caller is compiled.
+/// JX_OK. `jx_error_detail()` describes the error, which is also logged at level 3, except for
+/// expected results such as JX_ERROR_NOT_SET. No exception leaves the library, however it is built.
 ///
 /// Strings are NUL-terminated. Null differs from "": a field that is null is omitted from the
 /// event. As in C++, bytes that are not UTF-8 are accepted and are written to the event as U+FFFD;
