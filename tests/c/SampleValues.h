@@ -8,8 +8,8 @@
 
 namespace jx::test {
 
-/// A value for a field of this kind, as JSON text by properties: what the sources that the build
-/// writes set in C, and what the tests set in C++.
+/// Returns a sample value for a field of this kind as JSON, by properties. Used by the generated C
+/// sources and by the C++ tests.
 inline std::string sampleJson(const JXFieldInfo& field) {
   switch (field.kind) {
     case JXFieldKind::String:
