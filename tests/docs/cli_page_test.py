@@ -6,7 +6,7 @@
     cli_page_test.py PROGRAM PAGE SCRIPT_LINE_SOURCE
 
 Each option that `jx [COMMAND] --help` prints is in a table of the command's section, and each option
-in a table is printed by --help. Defaults that --help prints in brackets are compared as well. The
+in a table is printed by --help. Default values that --help prints are compared as well. The
 commands of session scripts and their keys are compared with the table in SCRIPT_LINE_SOURCE.
 """
 import re
@@ -15,9 +15,9 @@ import sys
 
 COMMANDS = ["", "replay", "collector", "queue", "demo"]
 SECTION = re.compile(r"^## (.*)\n", re.MULTILINE)
-# "  --site INT [1]      Set the site ID", "  -h,--help"; a default is one word.
+# "  -h,--help           Print", "  --site INT=1        Set the site ID"
 HELP_OPTION = re.compile(r"^ +(?:-\w,)?(--[\w-]+)(.*)$", re.MULTILINE)
-HELP_DEFAULT = re.compile(r" \[([\w.-]+)\] ")
+HELP_DEFAULT = re.compile(r"^ \S(?:.*?\S)??=(\S+)(?: |$)")
 PAGE_OPTION = re.compile(r"^\| `(--[\w-]+)[^`]*` \|(?: ([^|]*) \|)?", re.MULTILINE)
 HELP_COMMAND = re.compile(r"^  (\w+) +\S", re.MULTILINE)
 VERB_SOURCE = re.compile(r'\{"(\w+)", \{([^}]*)\}, read')
@@ -41,7 +41,7 @@ def sections(page):
 
 
 def options_in_help(text):
-    """Returns {option: default in brackets, or None}; without --help, which is common to all."""
+    """Returns {option: default, or None}; without --help, which is common to all."""
     found = {}
     for name, rest in HELP_OPTION.findall(text):
         default = HELP_DEFAULT.search(rest)

@@ -99,17 +99,17 @@ for (const colorScheme of ['light', 'dark']) {
   }
 }
 
-test('Everything that can be pressed has a name', () => inView('detail', {}, async (page) => {
-  const nameless = await page.evaluate(() =>
+test('Every control has an accessible name', () => inView('detail', {}, async (page) => {
+  const unnamed = await page.evaluate(() =>
     [...document.querySelectorAll('button, a, input, select, summary, [role=button]')]
       .filter((node) => !(node.getAttribute('aria-label') ?? node.textContent).trim())
       .map((node) => node.outerHTML));
-  assert.deepEqual(nameless, []);
+  assert.deepEqual(unnamed, []);
 }));
 
-test('What has the focus is seen to have it', () => inView('list', {}, async (page) => {
+test('Shows a focus outline on every control', () => inView('list', {}, async (page) => {
   const seen = new Set();
-  await until('the focus went around', async () => {
+  await until('the focus reaches the list', async () => {
     await page.keyboard.press('Tab');
     const focus = await page.evaluate(() => {
       const node = document.activeElement;
@@ -117,12 +117,12 @@ test('What has the focus is seen to have it', () => inView('list', {}, async (pa
       return { id: node.id || node.textContent, outline: style.outlineStyle };
     });
     if (focus.id !== '' && !seen.has('list')) {
-      assert.notEqual(focus.outline, 'none', `${focus.id} shows no focus`);
+      assert.notEqual(focus.outline, 'none', `${focus.id} has no focus outline`);
     }
     seen.add(focus.id);
     return seen.has('list');
   });
   for (const id of ['pause', 'reset', 'help', 'view-sessions', 'filter-text', 'filter-name']) {
-    assert.ok(seen.has(id), `${id} is reached by Tab`);
+    assert.ok(seen.has(id), `${id} can be reached with Tab`);
   }
 }));

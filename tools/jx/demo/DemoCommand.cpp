@@ -108,7 +108,7 @@ void addDemoCommand(CLI::App& app, int& exitStatus) {
       "demo", "Send a sample TV session through the library and show the events received");
   command->add_flag("--once", *once,
                     "Exit after printing the results, with status 0 only if every event arrived "
-                    "(default: keep the web UI open until Ctrl-C)");
+                    "[keep the web UI open until Ctrl-C]");
   command->callback([once, &exitStatus] { exitStatus = runDemo(*once); });
 }
 

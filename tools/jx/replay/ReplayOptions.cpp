@@ -55,19 +55,17 @@ void addApplicationOptions(CLI::App& command, ReplaySettings& settings) {
           "--behaviour",
           [&settings](const std::string& text) { settings.behaviour = behaviourOf(text); },
           "Set the default behaviour: 1 always enabled, 2 disabled; any other integer means 0")
+      ->type_name("INT")
       ->default_str("0")
-      ->check(CLI::Validator(integerError, "INT"));
+      ->check(CLI::Validator(integerError, ""));
   command
       .add_option(
           "--at", settings.startMs,
           "Start a manual clock at this time, in milliseconds since the Unix epoch; only the "
-          "script advances it")
-      ->type_name("MS")
-      ->default_str("real time");
-  command
-      .add_option("--version-name", settings.versionName,
-                  "Set the short version of the application")
-      ->default_str("not set");
+          "script advances it [real time]")
+      ->type_name("MS");
+  command.add_option("--version-name", settings.versionName,
+                     "Set the short version of the application [not set]");
   command
       .add_option("--log-level", settings.logLevel,
                   "Write library log messages up to this level to standard error: 0 none, 6 all")
@@ -98,23 +96,24 @@ void addReplayOptions(CLI::App& command, ReplayOptions& options) {
             return error.empty() ? error : "invalid URL '" + address + "': " + error;
           },
           ""));
-  command.add_option("--ca", options.settings.caFile, "Trust the certificates in this PEM file")
-      ->type_name("FILE")
-      ->default_str("system certificates");
+  command
+      .add_option("--ca", options.settings.caFile,
+                  "Trust the certificates in this PEM file [system certificates]")
+      ->type_name("FILE");
   command
       .add_option(
           "--state", options.settings.stateFolder,
-          "Store the queue, identifiers and visits in this folder; a temporary folder is kept "
-          "only when something is left undelivered")
-      ->type_name("DIR")
-      ->default_str("temporary");
+          "Store the queue, identifiers and visits in this folder [temporary, kept only when "
+          "something is left undelivered]")
+      ->type_name("DIR");
   command.add_flag("--print", options.prints,
                    "Write each body to standard output as it would be posted; do not send it");
   command.add_flag("--verify", options.verifies,
                    "Validate each event and print the first failed check");
   command.add_flag("--strict", options.strict, "Stop at the first bad line");
-  command.add_option("--rate", options.rate, "Execute at most this number of events per second")
-      ->default_str("unlimited")
+  command
+      .add_option("--rate", options.rate,
+                  "Execute at most this number of events per second [unlimited]")
       ->check(finiteWithin(kMinRate, kMaxRate, "0.001 to 1000000"));
   command
       .add_option("--wait", options.waitSeconds,

@@ -39,7 +39,7 @@ export class EventList {
     this.newer = button('', () => this.toTop(), { class: 'newer', hidden: true });
     this.blank = element('div', { class: 'blank', hidden: true });
     this.head = element('div', { class: 'row head', 'aria-hidden': 'true' },
-      ...[['verdict', ''], ['time', 'Arrived'], ['name', 'Name'], ['line', 'Summary'],
+      ...[['verdict', ''], ['time', 'Received'], ['name', 'Name'], ['line', 'Summary'],
         ['marks', ''], ['session', 'Session']]
         .map(([name, text]) => element('span', { class: name }, text)));
     parent.replaceChildren(this.head, this.scroller, this.newer, this.blank);
