@@ -156,7 +156,8 @@ std::string requirement(const JXEventClass& type, const JXCondition& condition) 
     case JXCondition::Kind::NonEmptyList:
       return property + " must contain at least one element";
     case JXCondition::Kind::Together:
-      return property + " and " + propertyOf(type, condition.otherKey) + " must both be set or both be null";
+      return property + " and " + propertyOf(type, condition.otherKey) +
+             " must both be set or both be null";
   }
   return {};
 }
