@@ -33,7 +33,8 @@ def main():
     source = tree.sources[log_messages.LOGGER]
     if '"[JX " + std::to_string(level) + "] "' not in source or "[JX <level>] <message>" not in page:
         errors.append("docs/logging.md: the format of the default sink has changed")
-    print("\n".join(errors))
+    for error in errors:
+        print(error)
     sys.exit(1 if errors else 0)
 
 
