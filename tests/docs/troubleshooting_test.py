@@ -17,8 +17,8 @@ import log_messages
 
 LINE = re.compile(r"^\[JX (\d)\] (.+)$", re.MULTILINE)
 BLOCK = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
-SPAN = re.compile(r"`([^`\n]+)`")
-INDEX_ROW = re.compile(r"^\| `([^`]+)` \| \[.+\)? \|$", re.MULTILINE)
+SPAN = re.compile(r"`+([^`\n]+)`+")
+INDEX_ROW = re.compile(r"^\| `+([^`]+)`+ \| \[.+\)? \|$", re.MULTILINE)
 
 
 def quotations(page):
