@@ -53,7 +53,8 @@ OPENING, CLOSING = "([{", ")]}"
 
 def without_comments(text):
     """Blanks the comments, so that positions stay the same."""
-    pattern = re.compile(r'"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'|//[^\n]*|/\*.*?\*/', re.DOTALL)
+    pattern = re.compile(
+        r'"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'|//[^\n]*|/\*.*?\*/', re.DOTALL)
     return pattern.sub(
         lambda found: found.group() if found.group()[0] in "\"'"
         else re.sub(r"[^\n]", " ", found.group()), text)
@@ -108,7 +109,8 @@ class Tree:
     """The sources of the library."""
 
     def __init__(self, root):
-        paths = sorted(path for kind in ("cpp", "h", "mm") for path in (root / "jx").rglob(f"*.{kind}"))
+        paths = sorted(path for kind in ("cpp", "h", "mm")
+                       for path in (root / "jx").rglob(f"*.{kind}"))
         self.sources = {path.relative_to(root).as_posix():
                         without_comments(path.read_text(encoding="utf-8")) for path in paths}
         self.errors = []
@@ -194,7 +196,8 @@ class Tree:
             return self.values_of_call(file, call.group(1), call.group(2))
         if expression in environment:
             return self.values(file, position, environment[expression],
-                               {key: each for key, each in environment.items() if key != expression})
+                               {key: each for key, each in environment.items()
+                                if key != expression})
         if re.fullmatch(r"\w+", expression):
             local = self.local_variable(file, position, expression)
             if local is not None:
@@ -261,8 +264,8 @@ class Tree:
     def c_details(self):
         """Yields the details of the C interface that are logged."""
         call = self.sources["jx/c/internal/JXCall.cpp"]
-        expected = set(re.findall(r"JX_ERROR_\w+",
-                                  in_brackets(call, call.index("{", call.index("isExpectedResult")))))
+        begin = call.index("{", call.index("isExpectedResult"))
+        expected = set(re.findall(r"JX_ERROR_\w+", in_brackets(call, begin)))
         statuses = re.findall(r"\b(JX_(?:OK|ERROR_\w+)) = \d+", self.sources["jx/c/jx_status.h"])
         descriptions = self.sources["jx/c/jx_status.cpp"]
         begin = descriptions.index("{", descriptions.index("kDescriptions"))

@@ -31,7 +31,8 @@ def main():
         if re.match(r"\| \d[^|]*\|.*\|.*\|", line) and not log_messages.ROW.match(line):
             errors.append(f"docs/logging.md: not a row of a message: {line}")
     source = tree.sources[log_messages.LOGGER]
-    if '"[JX " + std::to_string(level) + "] "' not in source or "[JX <level>] <message>" not in page:
+    has_format = '"[JX " + std::to_string(level) + "] "' in source
+    if not has_format or "[JX <level>] <message>" not in page:
         errors.append("docs/logging.md: the format of the default sink has changed")
     for error in errors:
         print(error)
