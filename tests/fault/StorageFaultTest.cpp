@@ -243,8 +243,8 @@ TEST_F(BrokenDisk, ADamagedSegmentCostsTheDamagedEventOnly) {
   const std::uint64_t held = counters().outbox.queued;
   EXPECT_EQ(held, 5u);
   EXPECT_EQ(counters().outbox.damaged, 1u);
-  EXPECT_THAT(storageLines(),
-              ElementsAre("2 outbox " + outbox + ": damaged part of " + segment + " set aside"));
+  EXPECT_THAT(storageLines(), ElementsAre("2 outbox " + outbox + ": damaged data in " + segment +
+                                          "; quarantined in a .damaged-* file"));
   expectEachDeliveredOnce(
       {bodyOf("one"), bodyOf("two"), bodyOf("four"), bodyOf("five"), executed().front()});
   writeRow("9.08", "damaged segment", "changed one bit in one of 5 queued events",
@@ -258,8 +258,8 @@ TEST_F(BrokenDisk, ADamagedFileOfVariablesDelaysNoEvent) {
   executeMany(*serverSide, 5);
   EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
   EXPECT_THAT(storageLines(),
-              ElementsAre("2 user defaults " + state() + "/defaults: damaged part of " + state() +
-                          "/defaults set aside"));
+              ElementsAre("2 user defaults " + state() + "/defaults: damaged data in " + state() +
+                          "/defaults; quarantined in a .damaged-* file"));
   const std::uint64_t held = counters().outbox.queued;
   expectEachDeliveredOnce(executed());
   writeRow("9.09", "damaged defaults file", "had 5000 bytes of rubbish in the file of variables",

@@ -140,8 +140,8 @@ void requireSame(const Requests& found, const Requests& wanted, const char* prop
 void checkSetAside() {
   std::size_t count = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(box()))
-    count += isSetAsideName(entry.path().filename().string()) ? 1 : 0;
-  require(count <= kJXMaxSetAside, "set-aside files are bounded");
+    count += isQuarantinedName(entry.path().filename().string()) ? 1 : 0;
+  require(count <= kJXMaxQuarantinedFiles, "quarantined files are bounded");
 }
 
 // Too old at the next insert: from 2025 or later, and made more than thirty days ago.
