@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <new>
 
-// The C library's own, which these in the program stand before. What they give is freed by the
-// library's free as ever.
+// The C library's functions, which the functions below replace. Their memory is still freed by the
+// C library's free.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -23,7 +23,7 @@ thread_local std::uint64_t mallocs = 0;
 std::uint64_t jx::bench::allocationsOfThisThread() { return allocations; }
 std::uint64_t jx::bench::mallocsOfThisThread() { return mallocs; }
 
-// The C library's headers name the parameters otherwise.
+// The C library's headers use other parameter names.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" void* malloc(std::size_t size) noexcept {
   ++mallocs;

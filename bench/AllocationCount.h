@@ -6,9 +6,10 @@
 
 namespace jx::bench {
 
-/// How often this thread has called operator new since it started.
+/// Returns how often this thread has called operator new since it started.
 std::uint64_t allocationsOfThisThread();
-/// The same for the blocks that it asked of malloc, calloc and realloc; operator new's among them.
+/// Returns how often this thread has called malloc, calloc and realloc, including calls by operator
+/// new.
 std::uint64_t mallocsOfThisThread();
 
 }  // namespace jx::bench

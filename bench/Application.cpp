@@ -1,13 +1,14 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// An application that does what it is told to, and says when its ServerSide was there and what
-// memory it took:
+// An application that executes events and reports when its ServerSide was ready and how much memory
+// it used:
 //   jx_bench_application --state FOLDER [--to HOST --ca FILE] [--events N] [--pace-us N]
 //                  [--bodies FILE] [--deliver] [--stay]
 //
-// --bodies writes each body to a file, behind its length; --deliver waits until all have arrived;
-// --stay keeps the process until its standard input ends.
+//   --bodies    write the length of each body and the body to FILE
+//   --deliver   wait until all events are delivered
+//   --stay      exit when standard input ends
 
 #include <chrono>
 #include <fstream>
@@ -17,16 +18,16 @@
 #include <vector>
 
 #include "bench/Events.h"
-#include "bench/Host.h"
 #include "bench/Program.h"
 #include "bench/Ready.h"
+#include "bench/StartLibrary.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "tests/soak/Arguments.h"
 
 namespace jx::bench {
 namespace {
 
-// About 3 KB: ten thousand of them stay within the bounds of the queue.
+// About 3 KB: ten thousand of them do not exceed the limits of the queue.
 constexpr int kItems = 4;
 
 void writeBodiesTo(std::ofstream& file) {
@@ -47,13 +48,13 @@ void executeMany(ServerSide& serverSide, std::uint64_t events, std::chrono::micr
 
 void deliver() {
   if (!JXNetworkManager::sharedInstance().flush(std::chrono::seconds(60))) {
-    throw std::runtime_error("the events do not arrive");
+    throw std::runtime_error("the events were not delivered within 60 s");
   }
 }
 
 int run(const std::vector<std::string>& words) {
   soak::Arguments arguments(words);
-  HostOptions options;
+  LibraryOptions options;
   options.storageFolder = arguments.text("state");
   if (arguments.has("to")) options.collectionHost = arguments.text("to");
   options.caFile = arguments.text("ca");
@@ -64,7 +65,7 @@ int run(const std::vector<std::string>& words) {
   const bool stays = arguments.has("stay");
   arguments.expectAllKnown();
 
-  const auto serverSide = startHost(options);
+  const auto serverSide = startLibrary(options);
   ReadyReport report = ReadyReport::now();
   std::ofstream file;
   if (!bodies.empty()) {

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The floor under delivering: bodies that are in memory already are posted with nothing but
-// libcurl, over as many connections and with as many requests in flight as the library uses:
+// The baseline of delivery: posts bodies from memory with libcurl alone, over as many connections
+// and with as many requests in flight as the library uses:
 //   jx_bench_curl --bodies FILE --url URL --ca FILE --connections N --in-flight N
 
 #include <curl/curl.h>
@@ -65,7 +65,7 @@ class Sender {
   void run() {
     const std::size_t count = std::min<std::size_t>(target_.inFlight, bodies_.size());
     for (std::size_t i = 0; i < count; ++i)
-      start(make());
+      start(createRequest());
     while (done_ < bodies_.size()) {
       int running = 0;
       curl_multi_perform(multi_, &running);
@@ -73,7 +73,7 @@ class Sender {
       bool ended = false;
       while (const CURLMsg* const message = curl_multi_info_read(multi_, &left)) {
         CURL* const easy = message->easy_handle;
-        settle(easy, message->data.result);
+        complete(easy, message->data.result);
         ended = true;
       }
       if (!ended) curl_multi_poll(multi_, nullptr, 0, 1'000, nullptr);
@@ -81,7 +81,7 @@ class Sender {
   }
 
  private:
-  CURL* make() {
+  CURL* createRequest() {
     CURL* const easy = curl_easy_init();
     all_.push_back(easy);
     curl_easy_setopt(easy, CURLOPT_URL, target_.url.c_str());
@@ -101,10 +101,12 @@ class Sender {
     const std::string& body = bodies_[next_++];
     curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
     curl_easy_setopt(easy, CURLOPT_POSTFIELDS, body.data());
-    if (curl_multi_add_handle(multi_, easy) != CURLM_OK) throw std::runtime_error("libcurl");
+    if (curl_multi_add_handle(multi_, easy) != CURLM_OK) {
+      throw std::runtime_error("curl_multi_add_handle failed");
+    }
   }
 
-  void settle(CURL* easy, CURLcode code) {
+  void complete(CURL* easy, CURLcode code) {
     long status = 0;
     curl_easy_getinfo(easy, CURLINFO_RESPONSE_CODE, &status);
     curl_multi_remove_handle(multi_, easy);

@@ -1,11 +1,11 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// How long the library takes to deliver what an earlier process left in its queue, from before its
+// Measures how long the library takes to deliver the queue of an earlier process, from before its
 // start until the queue is empty:
 //   jx_bench_drain --state FOLDER --to HOST --ca FILE [--watch]
 //
-// --watch tells beside that how many requests were in flight at most; it costs time of its own.
+//   --watch   also report the highest number of requests in flight, which costs time
 
 #include <sys/resource.h>
 
@@ -15,28 +15,28 @@
 #include <string>
 #include <vector>
 
-#include "bench/Host.h"
 #include "bench/Program.h"
+#include "bench/StartLibrary.h"
 #include "bench/Usage.h"
 #include "tests/soak/Arguments.h"
 
 namespace jx::bench {
 namespace {
 
-// On the transfer thread; read when that has nothing left to do.
+// Written on the transfer thread; read when that is idle.
 std::uint64_t mostInFlight = 0;
 
 void watch(const JXDelivery&) {
   const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
   const std::uint64_t ended =
       counters.outbox.delivered + counters.outbox.rejected + counters.failures;
-  // The one that is told is counted as delivered, and was in flight a moment ago.
+  // The reported request is already counted as delivered, but was in flight a moment ago.
   mostInFlight = std::max(mostInFlight, counters.attempts - ended + 1);
 }
 
 int run(const std::vector<std::string>& words) {
   soak::Arguments arguments(words);
-  HostOptions options;
+  LibraryOptions options;
   options.storageFolder = arguments.text("state");
   options.collectionHost = arguments.text("to");
   options.caFile = arguments.text("ca");
@@ -44,13 +44,14 @@ int run(const std::vector<std::string>& words) {
   arguments.expectAllKnown();
 
   const Usage before = Usage::now();
-  const auto serverSide = startHost(options);
+  const auto serverSide = startLibrary(options);
   if (!JXNetworkManager::sharedInstance().flush(std::chrono::seconds(120))) {
-    throw std::runtime_error("the queue does not become empty");
+    throw std::runtime_error("the queue was not empty after 120 s");
   }
   const Usage used = Usage::now() - before;
   const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
-  std::printf(R"({"ms": %.2f, "cpu_ms": %.2f, "delivered": %llu, "tries": %llu, "in_flight": %llu})"
+  std::printf(R"({"ms": %.2f, "cpu_ms": %.2f, "delivered": %llu, "attempts": %llu, )"
+              R"("in_flight": %llu})"
               "\n",
               used.wholeMs, used.processorMs,
               static_cast<unsigned long long>(counters.outbox.delivered),

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The floor under a start and under memory: links what an application with the library links, and
-// touches none of it.
+// The baseline of start and memory: links the same libraries as an application with the library and
+// uses none of them.
 
 #include "bench/Ready.h"
 

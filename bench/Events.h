@@ -8,9 +8,9 @@
 
 namespace jx::bench {
 
-/// A custom event with two parameters of its own.
+/// Creates a custom event with two additional parameters.
 std::shared_ptr<JXEvent> customEvent();
-/// A purchase with every amount set; each item has a product with two categories.
+/// Creates a purchase with every amount set; each item has a product with two categories.
 std::shared_ptr<JXEvent> purchase(int items);
 
 }  // namespace jx::bench

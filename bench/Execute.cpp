@@ -1,9 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What one `execute` costs its caller, call by call, beside the floor under it. Prints one JSON
-// document: for each kind of event what was persisted and allocated, and for each round the median,
-// the 99th percentile and the longest call in microseconds. bench/run.py makes the table of it.
+// Measures the duration of each `execute` call on the calling thread, compared with its baseline.
+// Prints one JSON document. For each kind of event it contains the persisted data and the
+// allocations. For each round it contains the median, the 99th percentile and the longest call in
+// microseconds. bench/run.py prints it as a table.
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -19,9 +20,9 @@
 #include "bench/AllocationCount.h"
 #include "bench/Events.h"
 #include "bench/ExecuteBaseline.h"
-#include "bench/Host.h"
 #include "bench/Program.h"
 #include "bench/Samples.h"
+#include "bench/StartLibrary.h"
 #include "bench/WriteLog.h"
 #include "tests/soak/Arguments.h"
 #include "tests/support/TemporaryFolder.h"
@@ -33,20 +34,20 @@ using Json = rapidjson::Writer<rapidjson::StringBuffer>;
 
 struct Plan {
   std::uint64_t rounds = 0;
-  std::uint64_t calls = 0;  ///< of each, in a round
-  std::uint64_t block = 0;  ///< so many of one before so many of the other
+  std::uint64_t calls = 0;  ///< measurements per round, and as many baselines
+  std::uint64_t block = 0;  ///< consecutive measurements, followed by as many baselines
   std::chrono::microseconds pace{0};
-  /// Nobody takes the requests, so the storage's growth tells whether every write was counted.
+  /// No server accepts the requests, so the growth of the storage must equal the recorded writes.
   bool offline = true;
 };
 
-// How many executes are looked at to find what one persists and allocates.
-constexpr int kLooks = 256;
+// Number of calls that are inspected to find the data that one execute persists and allocates.
+constexpr int kInspectedCalls = 256;
 
 struct Case {
   std::string name;
-  std::function<std::shared_ptr<JXEvent>()> make;
-  /// A part of the plan's calls: what is long needs fewer.
+  std::function<std::shared_ptr<JXEvent>()> create;
+  /// Divides the number of calls: large events need fewer.
   std::uint64_t divisor = 1;
 };
 
@@ -61,11 +62,11 @@ const std::vector<Case>& allCases() {
   return cases;
 }
 
-/// What an execute leaves behind, found by looking at many.
+/// The data that one execute writes and allocates, from many inspected calls.
 struct Traits {
   std::string body;
-  std::vector<std::vector<Write>> calls;  ///< the writes of each
-  double allocations = 0;                 ///< on average, as all below
+  std::vector<std::vector<Write>> calls;  ///< the writes of each inspected call
+  double allocations = 0;                 ///< the average per call, like all below
   double mallocs = 0;
   double writes = 0;
   double bytes = 0;
@@ -104,31 +105,32 @@ class Measurement {
 
  private:
   struct Round {
-    Samples execute, withBuilding, floor, baselineJson;
+    Samples execute, withBuilding, baseline, baselineJson;
   };
 
   Traits traitsOf(const Case& one) const {
-    // A change of the storage in the background, such as a file that is rewritten, spoils a look.
+    // A background change of the storage, such as rewriting a file, invalidates an inspection.
     for (int attempt = 0; attempt < 5; ++attempt) {
-      const std::string body = bodyOf(serverSide_, one.make());
+      const std::string body = bodyOf(serverSide_, one.create());
       const std::uint64_t before = bytesIn(folder_.path("state"));
-      Traits traits = lookAt(one);
+      Traits traits = inspect(one);
       traits.body = body;
       const std::uint64_t grown = bytesIn(folder_.path("state")) - before;
-      if (!plan_.offline || static_cast<double>(grown) == traits.bytes * kLooks) return traits;
+      if (!plan_.offline || static_cast<double>(grown) == traits.bytes * kInspectedCalls)
+        return traits;
     }
-    throw std::runtime_error("the storage grows by what no counted write has written");
+    throw std::runtime_error("the storage grows by more than the recorded writes");
   }
 
-  Traits lookAt(const Case& one) const {
+  Traits inspect(const Case& one) const {
     Traits traits;
     std::uint64_t bytes = 0;
     std::uint64_t writes = 0;
     std::uint64_t allocations = 0;
     std::uint64_t mallocs = 0;
-    for (int i = 0; i < kLooks; ++i) {
+    for (int i = 0; i < kInspectedCalls; ++i) {
       waitForTurn();
-      const auto event = one.make();
+      const auto event = one.create();
       const WriteLog log;
       allocations -= allocationsOfThisThread();
       mallocs -= mallocsOfThisThread();
@@ -140,16 +142,16 @@ class Measurement {
       writes += log.writes().size();
       traits.calls.push_back(log.writes());
     }
-    traits.allocations = static_cast<double>(allocations) / kLooks;
-    traits.mallocs = static_cast<double>(mallocs) / kLooks;
-    traits.writes = static_cast<double>(writes) / kLooks;
-    traits.bytes = static_cast<double>(bytes) / kLooks;
+    traits.allocations = static_cast<double>(allocations) / kInspectedCalls;
+    traits.mallocs = static_cast<double>(mallocs) / kInspectedCalls;
+    traits.writes = static_cast<double>(writes) / kInspectedCalls;
+    traits.bytes = static_cast<double>(bytes) / kInspectedCalls;
     return traits;
   }
 
   Round measure(const Case& one, const Traits& traits) {
     Round round;
-    ExecuteBaseline floor(traits.body, traits.calls, folder_.path());
+    ExecuteBaseline baseline(traits.body, traits.calls, folder_.path());
     const std::uint64_t calls = std::max(plan_.calls / one.divisor, plan_.block);
     for (std::uint64_t done = 0; done < calls; done += plan_.block) {
       for (std::uint64_t i = 0; i < plan_.block; ++i) {
@@ -158,19 +160,19 @@ class Measurement {
       }
       for (std::uint64_t i = 0; i < plan_.block; ++i) {
         waitForTurn();
-        const ExecuteBaseline::Cost cost = floor.run();
-        round.floor.add(cost.whole);
+        const ExecuteBaseline::Cost cost = baseline.run();
+        round.baseline.add(cost.whole);
         round.baselineJson.add(cost.json);
       }
     }
-    floor.empty();
-    tidy();
+    baseline.truncateFiles();
+    emptyQueue();
     return round;
   }
 
   void executeOnce(const Case& one, Round& round) {
     const Clock::time_point begin = Clock::now();
-    auto event = one.make();
+    auto event = one.create();
     const Clock::time_point built = Clock::now();
     serverSide_.execute(event);
     const Clock::time_point executed = Clock::now();
@@ -183,13 +185,13 @@ class Measurement {
     if (plan_.pace.count() != 0) std::this_thread::sleep_for(plan_.pace);
   }
 
-  // A round begins with an empty queue, and not while the disk is busy with the one before.
-  void tidy() const {
+  // Lets the next round start with an empty queue and an idle disk.
+  void emptyQueue() const {
     JXNetworkManager& manager = JXNetworkManager::sharedInstance();
     if (plan_.offline) {
       manager.purge();
     } else if (!manager.flush(std::chrono::seconds(30))) {
-      throw std::runtime_error("the server does not take the requests");
+      throw std::runtime_error("the queue was not delivered within 30 s");
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
   }
@@ -212,7 +214,7 @@ class Measurement {
       json.StartObject();
       print("execute", round.execute, json);
       print("with_building", round.withBuilding, json);
-      print("floor", round.floor, json);
+      print("baseline", round.baseline, json);
       print("baseline_json", round.baselineJson, json);
       json.EndObject();
     }
@@ -233,15 +235,15 @@ class Measurement {
   const Plan plan_;
 };
 
-std::vector<Case> chosenCases(const std::string& names) {
-  std::vector<Case> chosen;
+std::vector<Case> selectedCases(const std::string& names) {
+  std::vector<Case> selected;
   for (const Case& one : allCases()) {
     if (names.empty() || ("," + names + ",").find("," + one.name + ",") != std::string::npos) {
-      chosen.push_back(one);
+      selected.push_back(one);
     }
   }
-  if (chosen.empty()) throw std::invalid_argument("no such case: " + names);
-  return chosen;
+  if (selected.empty()) throw std::invalid_argument("unknown case: " + names);
+  return selected;
 }
 
 // jx_bench_execute [--cases NAME,...] [--rounds N] [--calls N] [--block N] [--pace-us N]
@@ -253,9 +255,9 @@ int run(const std::vector<std::string>& words) {
   plan.calls = arguments.number("calls", 1'000);
   plan.block = std::max<std::uint64_t>(arguments.number("block", 250), 1);
   plan.pace = std::chrono::microseconds(arguments.number("pace-us", 0));
-  const std::vector<Case> cases = chosenCases(arguments.text("cases"));
+  const std::vector<Case> cases = selectedCases(arguments.text("cases"));
   const test::TemporaryFolder folder;
-  HostOptions options;
+  LibraryOptions options;
   options.storageFolder = folder.path("state");
   options.keepsAll = true;
   plan.offline = !arguments.has("to");
@@ -263,7 +265,7 @@ int run(const std::vector<std::string>& words) {
   options.caFile = arguments.text("ca");
   arguments.expectAllKnown();
 
-  const auto serverSide = startHost(options);
+  const auto serverSide = startLibrary(options);
   rapidjson::StringBuffer text;
   Json json(text);
   Measurement(*serverSide, folder, plan).run(cases, json);

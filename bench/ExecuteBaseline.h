@@ -12,14 +12,13 @@
 
 namespace jx::bench {
 
-/// The floor under one `execute`: RapidJSON writes the same body from values at hand, and one plain
-/// write is made for each write that an `execute` was seen to make, into as many files. Which
-/// writes those are differs from call to call, so the calls that were looked at are followed in
-/// turn.
+/// The baseline of one `execute`: RapidJSON serialises the same body from existing values, followed
+/// by one plain write for each recorded write of an `execute`, to as many files. The writes differ
+/// from call to call, so the baseline repeats the recorded calls in turn.
 class ExecuteBaseline {
  public:
-  /// The files are made in `folder`. Throws std::runtime_error when RapidJSON does not write `body`
-  /// byte for byte, or a file cannot be made.
+  /// Creates the files in `folder`. Throws std::runtime_error if RapidJSON does not reproduce
+  /// `body` byte for byte, or if a file cannot be created.
   ExecuteBaseline(const std::string& body, std::vector<std::vector<Write>> calls,
                   const std::string& folder);
   ~ExecuteBaseline();
@@ -30,18 +29,19 @@ class ExecuteBaseline {
     Clock::duration json;
     Clock::duration whole;
   };
+  /// Runs the baseline once. Throws std::runtime_error if a write fails.
   Cost run();
-  /// Begins the files anew.
-  void empty();
+  /// Empties the files. Throws std::runtime_error on failure.
+  void truncateFiles();
 
  private:
   int fileFor(int descriptor, const std::string& folder);
 
   JsonBaseline json_;
-  std::vector<std::vector<Write>> calls_;  ///< with descriptors of the floor's own files
+  std::vector<std::vector<Write>> calls_;  ///< with descriptors of the baseline's files
   std::size_t next_ = 0;
   std::map<int, int> fileFor_;
-  std::string bytes_;  ///< for what is no body
+  std::string bytes_;  ///< written instead of data other than the body
 };
 
 }  // namespace jx::bench

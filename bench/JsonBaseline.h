@@ -9,14 +9,14 @@
 
 namespace jx::bench {
 
-/// The floor under building a body: a JSON text taken apart into its writer calls, which are then
-/// made again as a program would that has every value at hand.
+/// The baseline of building a body: parses a JSON document into writer calls, then repeats them,
+/// like a program that already has every value.
 class JsonBaseline {
  public:
   explicit JsonBaseline(std::string_view json);
   ~JsonBaseline();
-  /// Writes the text with RapidJSON's pretty writer, into a buffer that is used again and again;
-  /// what is returned is valid until the next call.
+  /// Writes the document with RapidJSON's pretty writer into a reused buffer. The returned view is
+  /// valid until the next call.
   std::string_view write();
 
  private:

@@ -1,12 +1,13 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Starts two programs in turns and tells how long each took until it was ready and until it had
-// ended, and what memory it held:
-//   jx_bench_launch ROUNDS FROM INTO PROGRAM FLOOR [OPTION...]
+// Starts two programs alternately and reports how long each took until it was ready and until it
+// exited, and how much memory it used:
+//   jx_bench_launch ROUNDS FROM INTO PROGRAM BASELINE [OPTION...]
 //
-// Before each start of PROGRAM, which gets the options, the folder INTO is made a fresh copy of
-// FROM, or is removed where FROM is "-". Small, because what a parent holds costs its children.
+// Before each start of PROGRAM, the folder INTO is replaced by a copy of FROM, or is removed if
+// FROM is "-". PROGRAM gets the options. This program is small, because memory of a parent process
+// slows down the start of its children.
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -51,7 +52,7 @@ Launched launch(const std::vector<std::string>& command) {
     words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
   int ends[2];
-  if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("cannot create a pipe");
   posix_spawn_file_actions_t actions;
   ::posix_spawn_file_actions_init(&actions);
   ::posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
@@ -77,43 +78,43 @@ Launched launch(const std::vector<std::string>& command) {
   return launched;
 }
 
-// On the disk before it is used, so that no write-back runs beside what is measured.
+// Syncs the copy to disk, so that no write-back runs during the measurement.
 void restore(const fs::path& from, const fs::path& into) {
   fs::remove_all(into);
   if (from == "-") return;
   fs::copy(from, into, fs::copy_options::recursive);
   const int folder = ::open(into.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder < 0 || ::syncfs(folder) != 0) throw std::runtime_error("cannot sync");
+  if (folder < 0 || ::syncfs(folder) != 0) throw std::runtime_error("cannot sync " + into.string());
   ::close(folder);
 }
 
-void print(const char* name, const Launched& launched, const char* behind) {
+void print(const char* name, const Launched& launched, const char* suffix) {
   const ReadyReport& report = launched.report;
   std::printf(R"("%s": {"ready_us": %.1f, "whole_us": %.1f, )", name,
               static_cast<double>(launched.readyNs) / 1'000,
               static_cast<double>(launched.wholeNs) / 1'000);
   std::printf(R"("ready_kib": %ld, "end_kib": %ld, "anonymous_kib": %ld}%s)", report.readyKib,
-              report.endKib, report.anonymousKib, behind);
+              report.endKib, report.anonymousKib, suffix);
 }
 
 int run(const std::vector<std::string>& words) {
   if (words.size() < 5) {
-    std::fputs("usage: jx_bench_launch ROUNDS FROM INTO PROGRAM FLOOR [OPTION...]\n", stderr);
+    std::fputs("usage: jx_bench_launch ROUNDS FROM INTO PROGRAM BASELINE [OPTION...]\n", stderr);
     return 2;
   }
   const long rounds = std::strtol(words[0].c_str(), nullptr, 10);
   std::vector<std::string> program{words[3]};
   program.insert(program.end(), words.begin() + 5, words.end());
-  const std::vector<std::string> floor{words[4]};
+  const std::vector<std::string> baseline{words[4]};
   std::puts("[");
-  // The first round only warms the files up.
+  // The first round only fills the page cache.
   for (long round = -1; round < rounds; ++round) {
     const Launched own = (restore(words[1], words[2]), launch(program));
-    const Launched under = launch(floor);
+    const Launched under = launch(baseline);
     if (round < 0) continue;
     std::printf("{");
     print("program", own, ", ");
-    print("floor", under, round + 1 < rounds ? "},\n" : "}\n");
+    print("baseline", under, round + 1 < rounds ? "},\n" : "}\n");
   }
   std::puts("]");
   return 0;

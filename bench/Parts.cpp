@@ -1,9 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What each part of an `execute` costs when it is done over and over alone: a purchase with four
-// items. The only program here that calls operations which no host does; a part that the library no
-// longer has is a line less in `main`.
+// Measures each part of an `execute` separately, in a loop, for a purchase with four items. This is
+// the only benchmark that calls operations which are not part of the public API.
 
 #include <benchmark/benchmark.h>
 
@@ -13,7 +12,7 @@
 #include "bench/AllocationCount.h"
 #include "bench/Events.h"
 #include "bench/ExecuteBaseline.h"
-#include "bench/Host.h"
+#include "bench/StartLibrary.h"
 #include "jx/context/JXApp.h"
 #include "jx/context/JXDevice.h"
 #include "jx/core/JXUser.h"
@@ -32,8 +31,8 @@ namespace {
 
 constexpr int kIterations = 2'000;
 
-// Time stands still until it is moved on: whether two events share a millisecond decides whether
-// values are persisted.
+// The clock advances only on request: an event persists values only if its millisecond differs from
+// that of the previous event.
 class SteppedClock final : public JXClock {
  public:
   std::int64_t nowMs() const override { return nowMs_; }
@@ -52,11 +51,11 @@ struct Scene {
   std::string body;
 
   Scene() {
-    HostOptions options;
+    LibraryOptions options;
     options.storageFolder = folder.path("state");
     options.keepsAll = true;
     options.clock = clock;
-    serverSide = startHost(options);
+    serverSide = startLibrary(options);
     body = bodyOf(*serverSide, event);
   }
 };
@@ -74,7 +73,7 @@ void add(const std::string& name, Operation operation) {
   benchmark::RegisterBenchmark(name.c_str(), measure)
       ->Iterations(kIterations)
       ->Unit(benchmark::kMicrosecond)
-      // What has piled up in the queue is nothing that the next part should bear.
+      // A long queue must not slow down the next part.
       ->Teardown([](const benchmark::State&) { JXNetworkManager::sharedInstance().purge(); });
 }
 
@@ -106,12 +105,12 @@ void addVariables(Scene& scene) {
   });
 }
 
-// What one block or part of the body costs to write as text.
-template <typename Tell>
-void addText(const std::string& name, Tell tell) {
-  add(name, [tell] {
+// Measures the serialisation of one block or part of the body.
+template <typename Write>
+void addText(const std::string& name, Write write) {
+  add(name, [write] {
     JXJsonTextSink sink(JXJsonStyle::Pretty, 4096);
-    tell(sink);
+    write(sink);
     benchmark::DoNotOptimize(sink.finish());
   });
 }
@@ -140,17 +139,17 @@ void addBody(Scene& scene) {
   });
 }
 
-// What is not done for an execute: the same event as a tree, and the tree as text.
+// Operations that are not part of an execute: the event as a tree, and serialising the tree.
 void addTrees(Scene& scene) {
-  add("beside/event_as_tree", [&] { benchmark::DoNotOptimize(scene.event->getJsonObject()); });
+  add("other/event_as_tree", [&] { benchmark::DoNotOptimize(scene.event->getJsonObject()); });
   const JXJsonObject object = JXJsonReader::read(scene.body).value.object();
-  add("beside/tree_as_text", [object] {
+  add("other/tree_as_text", [object] {
     benchmark::DoNotOptimize(JXJsonWriter::write(object, JXJsonStyle::Pretty).text);
   });
 }
 
 void addDelivery(Scene& scene) {
-  add("part/notification_that_nobody_hears", [&] {
+  add("part/notification_without_observers", [&] {
     JXJsonObject userInfo;
     userInfo.set(kJXUserInfo_URLKey, scene.url);
     userInfo.set(kJXUserInfo_POSTData, scene.body);
@@ -167,10 +166,10 @@ void addDelivery(Scene& scene) {
 
 void addBaselines(Scene& scene) {
   const auto json = std::make_shared<JsonBaseline>(scene.body);
-  add("floor/rapidjson", [json] { benchmark::DoNotOptimize(json->write()); });
+  add("baseline/rapidjson", [json] { benchmark::DoNotOptimize(json->write()); });
   const auto whole = std::make_shared<ExecuteBaseline>(
       scene.body, std::vector<std::vector<Write>>{{{0, scene.body.size()}}}, scene.folder.path());
-  add("floor/rapidjson_and_write", [whole] { whole->run(); });
+  add("baseline/rapidjson_and_write", [whole] { whole->run(); });
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 
 namespace jx::bench {
 
-/// The `main` of a measuring program: calls `run` with the words of the command line and returns
-/// its status; what it throws is told on standard error, and the status is 1 then.
+/// The `main` of a benchmark: calls `run` with the command-line arguments and returns its status.
+/// Prints an exception to standard error and returns 1.
 inline int runProgram(const char* name, int argc, char** argv,
                       int (*run)(const std::vector<std::string>& words)) {
   try {

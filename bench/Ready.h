@@ -12,15 +12,15 @@
 
 namespace jx::bench {
 
-/// Nanoseconds of the clock that parent and child share.
+/// Returns nanoseconds of a clock that parent and child processes share.
 inline std::int64_t monotonicNs() {
   timespec now{};
   ::clock_gettime(CLOCK_MONOTONIC, &now);
   return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
-/// A size that /proc/self/status tells, KiB; 0 when it does not. Not by getrusage, which counts
-/// what the process held before it became this program.
+/// Returns a size from /proc/self/status in KiB, or 0 if it is missing. getrusage would include the
+/// memory of the process before it executed this program.
 inline long memoryKib(const char* name) {
   std::FILE* const file = std::fopen("/proc/self/status", "re");
   if (file == nullptr) return 0;
@@ -34,15 +34,15 @@ inline long memoryKib(const char* name) {
   return size;
 }
 
-/// What a launched program tells its parent.
+/// The report of a launched program to its parent.
 struct ReadyReport {
   std::int64_t readyNs = 0;
-  long readyKib = 0;      ///< the most memory held until it was ready
-  long endKib = 0;        ///< and until its end
-  long anonymousKib = 0;  ///< at its end, what is memory of its own and not pages of files
+  long readyKib = 0;      ///< peak memory until it was ready
+  long endKib = 0;        ///< peak memory until its end
+  long anonymousKib = 0;  ///< memory at its end without file pages
 
   static ReadyReport now() { return {monotonicNs(), memoryKib("VmHWM:"), 0, 0}; }
-  /// To be called last; one line on standard output.
+  /// Prints one line on standard output. Call it last.
   void print() {
     endKib = memoryKib("VmHWM:");
     anonymousKib = memoryKib("RssAnon:");

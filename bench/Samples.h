@@ -11,7 +11,7 @@ namespace jx::bench {
 
 using Clock = std::chrono::steady_clock;
 
-/// How long each of many calls took.
+/// The durations of many calls.
 class Samples {
  public:
   void reserve(std::size_t count) { nanoseconds_.reserve(count); }
@@ -19,8 +19,8 @@ class Samples {
     nanoseconds_.push_back(std::chrono::duration_cast<std::chrono::nanoseconds>(time).count());
   }
 
-  /// In microseconds, 0 when there are no samples. `part` of the calls took no longer: 0.5 is the
-  /// median, 1 the longest.
+  /// Returns the quantile `part` in microseconds: 0.5 is the median, 1 the longest. Returns 0 if
+  /// there are no samples.
   double at(double part) {
     if (nanoseconds_.empty()) return 0;
     const auto last = static_cast<double>(nanoseconds_.size() - 1);

@@ -8,7 +8,7 @@
 
 namespace jx::bench {
 
-/// Time that has passed, and processor time that all threads of this process have used, ms.
+/// Elapsed time, and processor time of all threads of this process, in ms.
 struct Usage {
   double wholeMs = 0;
   double processorMs = 0;

@@ -23,7 +23,7 @@ ssize_t record(int descriptor, ssize_t written) {
   return written;
 }
 
-// The C library's own function of that name.
+// Returns the C library's function of that name.
 template <typename Function>
 Function* next(Function*, const char* name) {
   return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
@@ -31,7 +31,7 @@ Function* next(Function*, const char* name) {
 
 }  // namespace
 
-// The C library's headers name the parameters otherwise.
+// The C library's headers use other parameter names.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 

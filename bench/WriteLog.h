@@ -13,8 +13,8 @@ struct Write {
   std::size_t bytes = 0;
 };
 
-/// While it lives, takes down what its thread writes through write, writev, pwrite and pwritev,
-/// whoever calls them. One at a time per thread.
+/// Records the calls of write, writev, pwrite and pwritev on its thread, from any caller, while it
+/// exists. At most one per thread at a time.
 class WriteLog {
  public:
   WriteLog();

@@ -1,12 +1,12 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Ten thousand queued requests delivered to nginx: rows of jx_bench_drain over jx_bench_curl."""
+"""Delivery of ten thousand queued requests to nginx: jx_bench_drain compared with jx_bench_curl."""
 
 import os
 import shutil
 import tempfile
 
-import receiver
+import nginx
 import table
 
 QUEUED = 10_000
@@ -15,10 +15,10 @@ QUEUED = 10_000
 def rows(bench):
     queued = 200 if bench.quick else QUEUED
     with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder:
-        holder, port = receiver.reserve_port()
-        server = receiver.Receiver(folder, holder, port)
+        holder, port = nginx.reserve_port()
+        server = nginx.Server(folder, holder, port)
         seed, bodies = os.path.join(folder, "seed"), os.path.join(folder, "bodies")
-        # Nobody listens at the port yet, so they stay in the queue.
+        # No server listens on the port yet, so the events stay queued.
         bench.text("jx_bench_application", "--state", seed, "--to", server.host, "--events", queued,
                    "--bodies", bodies)
         with server:
@@ -39,7 +39,7 @@ class Delivery:
         return self.checked(bench.run("jx_bench_drain", "--state", self.state, "--to",
                                       self.server.host, "--ca", self.server.ca, *options))
 
-    def floor(self, bench, connections, in_flight):
+    def baseline(self, bench, connections, in_flight):
         return self.checked(bench.run(
             "jx_bench_curl", "--bodies", self.bodies, "--url",
             f"{self.server.host}/events?jx_s=3311&token=a-source-key", "--ca", self.server.ca,
@@ -47,26 +47,26 @@ class Delivery:
 
     def checked(self, result):
         if result["delivered"] != self.queued:
-            raise RuntimeError(f"{result['delivered']} of {self.queued} were delivered")
+            raise RuntimeError(f"{result['delivered']} of {self.queued} requests were delivered")
         return result
 
-    def way_of(self, send):
-        """What `send` gives, and how its requests reached the server."""
-        self.server.forget()
+    def observed(self, send):
+        """Returns the result of `send`, and a summary of the requests that the server received."""
+        self.server.clear_log()
         result = send()
-        way = receiver.way(self.server.requests())
-        if way.requests != self.queued or way.statuses != ["204"]:
-            raise RuntimeError(f"the server saw {way}")
-        return result, way
+        summary = nginx.summary(self.server.requests())
+        if summary.requests != self.queued or summary.statuses != ["204"]:
+            raise RuntimeError(f"the server received {summary}")
+        return result, summary
 
 
 def measure(bench, delivery):
-    watched, own = delivery.way_of(lambda: delivery.library(bench, "--watch"))
+    watched, own = delivery.observed(lambda: delivery.library(bench, "--watch"))
     in_flight = watched["in_flight"]
-    _, under = delivery.way_of(lambda: delivery.floor(bench, own.connections, in_flight))
+    _, under = delivery.observed(lambda: delivery.baseline(bench, own.connections, in_flight))
     if (under.connections, under.protocols) != (own.connections, own.protocols):
-        raise RuntimeError(f"the library sends by {own}, the floor by {under}")
-    rounds = [(delivery.library(bench), delivery.floor(bench, own.connections, in_flight))
+        raise RuntimeError(f"the library sends by {own}, the baseline by {under}")
+    rounds = [(delivery.library(bench), delivery.baseline(bench, own.connections, in_flight))
               for _ in range(2 if bench.quick else 9)]
     note = f"{', '.join(own.protocols)}, {own.connections} connection(s), {in_flight} in flight"
     what = f"{delivery.queued:,} queued to nginx"

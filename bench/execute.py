@@ -1,23 +1,24 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""What an execute costs its caller: rows of jx_bench_execute."""
+"""Duration of execute() on the calling thread: rows of jx_bench_execute."""
 
 import tempfile
 
-import receiver
+import nginx
 import table
 
 P50, P99, LONGEST = range(3)
 
 
-def pairs(case, figure, place, floor="floor", baseline_place=None):
-    """(figure, floor) of each round."""
-    return [(each[figure][place], each[floor][place if baseline_place is None else baseline_place])
-            for each in case["rounds"]]
+def pairs(case, result, place, baseline="baseline", baseline_place=None):
+    """Returns (result, baseline) of each round."""
+    if baseline_place is None:
+        baseline_place = place
+    return [(each[result][place], each[baseline][baseline_place]) for each in case["rounds"]]
 
 
-def longest(case, figure):
-    return max(each[figure][LONGEST] for each in case["rounds"])
+def longest(case, result):
+    return max(each[result][LONGEST] for each in case["rounds"])
 
 
 def described(case):
@@ -25,28 +26,29 @@ def described(case):
 
 
 def rows_of_case(what, case, to_baseline=None, to_median=None):
-    """The bounds are those of the median's ratio to the floor, and of p99 to the median."""
+    """Returns the rows of one case. The limits apply to the ratio of the median to the baseline,
+    and of p99 to the median."""
     return [
         table.ratio(f"{what}, p50", pairs(case, "execute", P50), "us", to_baseline, described(case)),
         table.ratio(f"{what}, p50 with building", pairs(case, "with_building", P50), "us",
                     to_baseline),
         table.ratio(f"{what}, p99", pairs(case, "execute", P99), "us"),
-        table.ratio(f"{what}, p99 beside its p50", pairs(case, "execute", P99, "execute", P50),
+        table.ratio(f"{what}, p99 relative to p50", pairs(case, "execute", P99, "execute", P50),
                     "us", to_median),
-        table.Row(f"{what}, longest", longest(case, "execute"), "us", longest(case, "floor"),
-                  "x", longest(case, "execute") / longest(case, "floor")),
+        table.Row(f"{what}, longest", longest(case, "execute"), "us", longest(case, "baseline"),
+                  "x", longest(case, "execute") / longest(case, "baseline")),
     ]
 
 
 def growth(cases):
-    """How much longer 100 items take than one, beside the same of RapidJSON alone."""
+    """Returns the ratio of 100 items to one item, compared with that of RapidJSON alone."""
     one, hundred = cases["purchase_1"]["rounds"], cases["purchase_100"]["rounds"]
     factors, marginal = [], []
     for small, large in zip(one, hundred):
         own = large["execute"][P50], small["execute"][P50]
-        floor = large["baseline_json"][P50], small["baseline_json"][P50]
-        factors.append((own[0] / own[1], floor[0] / floor[1]))
-        marginal.append(((own[0] - own[1]) / 99, (floor[0] - floor[1]) / 99))
+        base = large["baseline_json"][P50], small["baseline_json"][P50]
+        factors.append((own[0] / own[1], base[0] / base[1]))
+        marginal.append(((own[0] - own[1]) / 99, (base[0] - base[1]) / 99))
     return [table.ratio("growth from 1 to 100 items", factors, "times", 1.3),
             table.ratio("each item beyond the first", marginal, "us")]
 
@@ -78,12 +80,12 @@ def paced_rows(cases, what):
 def rows(bench):
     quick = ["--calls", 20, "--block", 10, "--rounds", 2]
     burst = bench.run("jx_bench_execute", *(quick if bench.quick else []))
-    # As far apart as the events of a busy screen; caches and processor have cooled down by then.
+    # Intervals like on a busy screen: caches and processor have cooled down between two calls.
     paced = ["--pace-us", 3000,
              *(quick if bench.quick else ["--calls", 400, "--block", 50, "--rounds", 5])]
     offline = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1")
     with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder, \
-            receiver.Receiver(folder) as server:
+            nginx.Server(folder) as server:
         delivered = bench.run("jx_bench_execute", *paced, "--cases", "purchase_1,purchase_4", "--to",
                               server.host, "--ca", server.ca)
     return (burst_rows(burst) + paced_rows(offline, "paced, offline") +

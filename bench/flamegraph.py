@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Makes a flame graph and two lists of functions of what `perf script` prints.
+"""Creates a flame graph and two lists of functions from the output of `perf script`.
 
     perf script --no-inline -F comm,tid,ip,sym | flamegraph.py --below FUNCTION --svg FILE
 
-Counted are the samples below the outermost frame whose name holds FUNCTION. The lists go to
-standard output: where the time is spent itself, and what it is spent below.
+Counts the samples below the outermost frame whose name contains FUNCTION. Prints two lists: the
+functions by their own time, and by their time including the functions that they call.
 """
 
 import argparse
@@ -17,22 +17,22 @@ import sys
 
 WIDTH, ROW, LETTER, NARROWEST = 1200, 17, 6.6, 0.6  # pixels
 KERNEL = "[kernel] "
-KERNEL_DEPTH = 6  # what a system call does below that is nothing that a program changes
+KERNEL_DEPTH = 6  # a program cannot influence the deeper frames of a system call
 
 
 def short(name, address):
-    """A name that fits a box: without parameters, template arguments and our own namespace."""
+    """Returns a short name, without parameters, template arguments and the library's namespace."""
     if len(address) == 16 and address.startswith("ffff"):
         return KERNEL + name
     previous = None
-    while previous != name:  # from the innermost bracket outwards
+    while previous != name:  # starting with the innermost bracket
         previous, name = name, re.sub(r"<[^<>]*>|\{lambda\([^()]*\)#\d+\}", "", name)
     name = name.replace("(anonymous namespace)::", "").split("(")[0]
     return name.replace("jx::", "").replace("std::__cxx11::", "std::").strip(": ") or "[unknown]"
 
 
 def stacks(lines, below):
-    """The stack of each sample, outermost first, from the frame that is looked for."""
+    """Yields the stack of each sample, outermost first, starting with the frame named `below`."""
     frames = []
     for line in [*lines, ""]:
         found = re.match(r"\s+([0-9a-f]+) (.+)", line)
@@ -48,7 +48,7 @@ def stacks(lines, below):
 
 
 class Node:
-    """A function, called along one way."""
+    """A function with a specific call stack."""
 
     def __init__(self):
         self.samples = 0
@@ -114,15 +114,15 @@ def print_lists(samples, count):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--below", required=True)
-    parser.add_argument("--svg", required=True)
-    parser.add_argument("--title", default="")
-    parser.add_argument("--count", type=int, default=25, help="functions in each list")
+    parser.add_argument("--below", required=True, help="count only samples below this function")
+    parser.add_argument("--svg", required=True, help="write the flame graph to this file")
+    parser.add_argument("--title", default="", help="set the title of the flame graph")
+    parser.add_argument("--count", type=int, default=25, help="list this many functions [25]")
     options = parser.parse_args()
     samples = list(stacks(sys.stdin.read().splitlines(), options.below))
     if not samples:
-        sys.exit(f"flamegraph: no sample is below {options.below}")
-    # One name at the root, wherever it was called from.
+        sys.exit(f"flamegraph: no samples below {options.below}")
+    # One root, independent of its callers.
     root = Node()
     for stack in samples:
         root.add([options.below] + stack[1:])

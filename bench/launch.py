@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Start, memory and idling of a process: rows of jx_bench_application over jx_bench_empty."""
+"""Start, memory and idle process: rows of jx_bench_application compared with jx_bench_empty."""
 
 import contextlib
 import os
@@ -9,20 +9,20 @@ import subprocess
 import tempfile
 import time
 
-import receiver
+import nginx
 import table
 
 QUEUED = 10_000
 
 
 def launch(bench, rounds, seed, state, *options):
-    """Rounds of the application and the empty program in turns."""
+    """Runs the application and the empty program alternately and returns the rounds."""
     return bench.run("jx_bench_launch", rounds, seed, state, bench.path("jx_bench_application"),
                      bench.path("jx_bench_empty"), "--state", state, *options)
 
 
-def pairs(rounds, figure, factor=1.0):
-    return [(each["program"][figure] * factor, each["floor"][figure] * factor) for each in rounds]
+def pairs(rounds, key, factor=1.0):
+    return [(each["program"][key] * factor, each["baseline"][key] * factor) for each in rounds]
 
 
 def start_and_memory_rows(bench):
@@ -49,19 +49,19 @@ def start_rows(what, rounds, at_most):
     ]
 
 
-def memory_row(what, rounds, figure, at_most):
+def memory_row(what, rounds, key, at_most):
     own = statistics.median(a - b for a, b in pairs(rounds, "anonymous_kib", 1 / 1024))
-    return table.difference(f"peak memory, {what}", pairs(rounds, figure, 1 / 1024), "MiB", at_most,
-                            f"{own:+.2f} but for pages of files")
+    return table.difference(f"peak memory, {what}", pairs(rounds, key, 1 / 1024), "MiB", at_most,
+                            f"{own:+.2f} without file pages")
 
 
 def paced_memory_rows(bench, folder, state):
-    """Without a network, and delivered as they come."""
+    """Returns the rows of paced events, offline and delivered."""
     events = 50 if bench.quick else 2_000
     count = 1 if bench.quick else 3
     paced = ["--events", events, "--pace-us", 3000]
     offline = launch(bench, count, "-", state, *paced)
-    with receiver.Receiver(folder) as server:
+    with nginx.Server(folder) as server:
         online = launch(bench, count, "-", state, *paced, "--to", server.host, "--ca", server.ca,
                         "--deliver")
     return [memory_row(f"after {events:,} paced events, offline", offline, "end_kib", 3),
@@ -69,7 +69,7 @@ def paced_memory_rows(bench, folder, state):
 
 
 class Idling:
-    """A process that has nothing to do."""
+    """An idle process."""
 
     def __init__(self, bench, *options):
         command = [bench.path("jx_bench_application"), "--stay", *map(str, options)]
@@ -80,7 +80,7 @@ class Idling:
             raise RuntimeError(f"{' '.join(command)} failed")
 
     def switches(self):
-        """How often each thread beside the host's was taken off a processor, by thread."""
+        """Returns the number of context switches of each thread except the application thread."""
         folder = f"/proc/{self.process.pid}/task"
         counts = {}
         for thread in os.listdir(folder):
@@ -98,7 +98,7 @@ class Idling:
 def idle_rows(bench):
     seconds, settling = (1, 3) if bench.quick else (20, 5)
     with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder, contextlib.ExitStack() as stack:
-        server = stack.enter_context(receiver.Receiver(folder))
+        server = stack.enter_context(nginx.Server(folder))
         kinds = {
             "nothing sent yet": ["--state", f"{folder}/nothing"],
             "10 events delivered": ["--state", f"{folder}/some", "--to", server.host, "--ca",
@@ -116,6 +116,5 @@ def idle_rows(bench):
     for kind in kinds:
         woken = sum(count - before[kind].get(thread, 0) for thread, count in after[kind].items())
         rows += [table.absolute(f"idle for {seconds} s, {kind}, wake-ups", woken, "", 0),
-                 table.absolute(f"idle, {kind}, threads beside the host's", len(after[kind]), "",
-                                1)]
+                 table.absolute(f"idle, {kind}, threads of the library", len(after[kind]), "", 1)]
     return rows

@@ -1,9 +1,9 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""What the parts of an execute cost alone: rows of jx_bench.
+"""Duration of each part of an execute alone: rows of jx_bench.
 
-Processor time: a part is run thousands of times on end, and what else the machine does meanwhile
-would count otherwise. No part waits.
+Measures processor time, so that other load during the thousands of repetitions does not count. No
+part waits.
 """
 
 import table
@@ -25,7 +25,7 @@ def name_of(result):
 
 
 def rows(printed):
-    # They ran in turns and are printed as they came.
+    # The benchmarks ran interleaved; restore the order of their definition.
     in_order = sorted(printed["benchmarks"], key=lambda result: result["family_index"])
     medians = {name_of(result): result for result in in_order
                if result.get("aggregate_name") == "median"}

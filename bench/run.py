@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Runs the measuring programs and prints one table: each figure beside its floor.
+"""Runs the benchmarks and prints one table of results and their baselines.
 
     run.py --programs FOLDER [--quick] [--only PART,...] [--json FILE]
 
-The figures are quoted, never asserted: the status is 0 whatever they are, and 1 when a measurement
-failed.
+Results are quoted, never asserted: the exit status is 1 only if a measurement failed.
 """
 
 import argparse
@@ -25,7 +24,7 @@ import table
 
 
 class Bench:
-    """The programs, and how long a run is meant to take."""
+    """The benchmark programs, and whether the run is a quick one."""
 
     def __init__(self, programs, quick):
         self.programs = programs
@@ -35,17 +34,17 @@ class Bench:
         return os.path.join(self.programs, program)
 
     def text(self, program, *options):
-        """What the program prints."""
+        """Runs the program and returns its output."""
         command = [self.path(program), *map(str, options)]
         result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                 check=False, text=True)
         if result.returncode != 0:
-            raise RuntimeError(f"{' '.join(command)} ended with {result.returncode}: "
+            raise RuntimeError(f"{' '.join(command)} exited with status {result.returncode}: "
                                f"{result.stderr.strip()}")
         return result.stdout
 
     def run(self, program, *options):
-        """The same, as JSON."""
+        """Runs the program and returns its output, parsed as JSON."""
         return json.loads(self.text(program, *options))
 
 
@@ -65,11 +64,13 @@ def machine():
 
 def arguments():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--programs", required=True, help="folder of the measuring programs")
-    parser.add_argument("--quick", action="store_true", help="whether all still runs; without size")
-    parser.add_argument("--only", default="", help="parts: " + ", ".join(PARTS))
-    parser.add_argument("--json", help="file for the same figures")
-    parser.add_argument("--commit", default="", help="what is measured")
+    parser.add_argument("--programs", required=True, help="folder of the benchmark programs")
+    parser.add_argument("--quick", action="store_true",
+                        help="check that everything runs, without size")
+    parser.add_argument("--only", default="",
+                        help="run these parts: " + ", ".join(PARTS) + " [all]")
+    parser.add_argument("--json", help="write the results to this file too")
+    parser.add_argument("--commit", default="", help="print this commit with the results")
     return parser.parse_args()
 
 
@@ -79,7 +80,8 @@ def main():
         part for part in PARTS if part != "size" or not options.quick]
     unknown = [part for part in parts if part not in PARTS]
     if unknown:
-        sys.exit(f"bench: no such part: {', '.join(unknown)}")
+        sys.exit(f"bench: unknown part: {', '.join(unknown)}; PART must be one of: "
+                 f"{', '.join(PARTS)}")
     bench = Bench(options.programs, options.quick)
     where = machine()
     rows, failed = [], []

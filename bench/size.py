@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""What the library adds to a program on the disk: rows of a build of its own."""
+"""Size that the library adds to a program: rows of a separate build."""
 
 import os
 import shutil

@@ -1,26 +1,27 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""The rows of the table that scripts/bench prints, and how they are written."""
+"""The rows of the table that scripts/bench prints, and their formatting."""
 
 import dataclasses
 import statistics
 from typing import Optional
 
-HEAD = ("what", "measured", "floor", "against it", "at most", "")
+HEAD = ("measurement", "result", "baseline", "relative", "limit", "")
 
 
 @dataclasses.dataclass
 class Row:
-    """One figure beside the floor that was measured with it.
+    """One result, compared with the baseline that was measured with it.
 
-    `against` is the ratio or the difference to the floor, or the figure itself where there is no
-    floor; `at_most` bounds it. Absent: for information.
+    `floor` is the baseline. `against` is the ratio or the difference to the baseline, or the result
+    itself if there is no baseline. `at_most` is its limit; None: for information only. The names of
+    the fields are the keys of the file that --json writes.
     """
     what: str
     value: float
     unit: str
     floor: Optional[float] = None
-    relation: str = ""  # "x": ratio, "+": difference, "%": part of a whole, "": the figure
+    relation: str = ""  # "x": ratio, "+": difference, "%": part of a whole, "": the result
     against: Optional[float] = None
     at_most: Optional[float] = None
     note: str = ""
@@ -32,14 +33,14 @@ class Row:
 
 
 def ratio(what, pairs, unit, at_most=None, note=""):
-    """A row of (figure, floor) for each round: medians, and the median of the rounds' ratios."""
+    """Returns a row from (result, baseline) of each round: medians, and the median ratio."""
     return Row(what, statistics.median(a for a, _ in pairs), unit,
                statistics.median(b for _, b in pairs), "x",
                statistics.median(a / b for a, b in pairs), at_most, note)
 
 
 def difference(what, pairs, unit, at_most=None, note=""):
-    """The same with the median of the rounds' differences."""
+    """Returns the same with the median difference."""
     return Row(what, statistics.median(a for a, _ in pairs), unit,
                statistics.median(b for _, b in pairs), "+",
                statistics.median(a - b for a, b in pairs), at_most, note)
@@ -50,7 +51,7 @@ def absolute(what, value, unit, at_most=None, note=""):
 
 
 def number(value):
-    """Three or four digits that say something."""
+    """Formats a number with three or four significant digits."""
     if value is None:
         return ""
     if value == int(value) or abs(value) >= 1000:
@@ -77,7 +78,7 @@ def cells(row):
 
 
 def render(rows):
-    """The table as Markdown, in columns."""
+    """Returns the table as aligned Markdown."""
     lines = [HEAD] + [cells(row) for row in rows]
     widths = [max(len(line[i]) for line in lines) for i in range(len(HEAD))]
 

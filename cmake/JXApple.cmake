@@ -1,12 +1,12 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# The library on tvOS: jx/platform/apple in Objective-C++ with manual reference counting, and the
-# frameworks that it stands on.
-option(JX_APPLE_ADVERTISING "Link AdSupport and AppTrackingTransparency, weakly" ON)
+# Builds the library for tvOS: jx/platform/apple in Objective-C++ with manual reference counting,
+# and its frameworks.
+option(JX_APPLE_ADVERTISING "Link AdSupport and AppTrackingTransparency as weak frameworks" ON)
 
 if(NOT CMAKE_SYSTEM_NAME STREQUAL "tvOS")
-  message(FATAL_ERROR "On Apple's systems the library is built for tvOS: "
+  message(FATAL_ERROR "CMAKE_SYSTEM_NAME must be tvOS on Apple systems: "
                       "-DCMAKE_SYSTEM_NAME=tvOS -DCMAKE_OSX_DEPLOYMENT_TARGET=12.0")
 endif()
 enable_language(OBJCXX)
@@ -14,8 +14,8 @@ file(GLOB apple_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/platform/a
 list(APPEND JX_SOURCES ${apple_sources})
 set_source_files_properties(${apple_sources} PROPERTIES COMPILE_OPTIONS -fno-objc-arc)
 
-# AppTrackingTransparency came with tvOS 14, so nothing that needs it may keep an older system from
-# loading the application.
+# AppTrackingTransparency was introduced with tvOS 14. Weak linking allows older systems to load the
+# application.
 function(jx_link_apple_frameworks target)
   target_link_libraries(${target} PRIVATE "-framework Foundation" "-framework UIKit"
                         "-framework Network")

@@ -1,8 +1,8 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# What every target of ours is compiled with. Private to our targets: a consumer of the library
-# inherits the include path and the C++ standard, and neither our warnings nor our sanitizers.
+# Sets the compile options of a target of this project. The options are private: consumers of the
+# library inherit the include path and the C++ standard, but neither warnings nor sanitizers.
 function(jx_compile_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
       $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor;-Woverloaded-virtual;-Wold-style-cast>

@@ -1,10 +1,10 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# The Debian packages: cmake --workflow --preset debian leaves them in build/debian. Named as Debian
-# would: the loader's name of the shared library is in the name of its package, so that two versions
-# that are not compatible can stand beside each other.
-option(JX_DEBIAN_PACKAGES "Let cpack make the Debian packages" OFF)
+# Debian packages: cmake --workflow --preset debian creates them in build/debian. As usual in
+# Debian, the name of the runtime package contains the soname of the shared library, so that
+# incompatible versions can be installed side by side.
+option(JX_DEBIAN_PACKAGES "Create Debian packages with cpack" OFF)
 if(NOT JX_DEBIAN_PACKAGES)
   return()
 endif()
@@ -16,18 +16,18 @@ set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_NAME libjxserverside-dev)
 set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_PACKAGE_NAME jxserverside-tools)
 set(CPACK_COMPONENTS_ALL jxserverside_runtime jxserverside_development jxserverside_tools)
 
-set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_DESCRIPTION "The shared library. It records what the \
-viewers of a TV application do, writes each event to disk before the call returns, and delivers it \
-over HTTPS when the network allows.")
-set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_DESCRIPTION "Headers, the static library, and what CMake \
-and pkg-config need to find them.")
-set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_DESCRIPTION "The program jx. It replays sessions through the \
-library, receives them as a local collector, and shows them in a page.")
+set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_DESCRIPTION "Event-collection SDK for TV \
+applications, shared library. Each event is stored on disk before the call returns and is sent \
+over HTTPS when the network is available.")
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_DESCRIPTION "Headers, the static library, and the \
+CMake and pkg-config files.")
+set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_DESCRIPTION "The program jx. It replays recorded sessions and \
+runs a local collector with a web UI.")
 
 set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_PACKAGE_SECTION devel)
-# The static library needs libcurl's own development package of whoever links it.
+# Linking the static library requires the development package of libcurl.
 set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_PACKAGE_DEPENDS
     "${runtime} (= ${PROJECT_VERSION}), libcurl4-openssl-dev | libcurl-dev")
 set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_PACKAGE_SHLIBDEPS ON)

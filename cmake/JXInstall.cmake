@@ -1,11 +1,11 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# What `cmake --install` gives, in three components: jxserverside_runtime (the shared library),
-# jxserverside_development (the public headers, the static library, and the files by which CMake and
-# pkg-config find them) and jxserverside_tools (the program jx). A project that includes this one by
-# add_subdirectory installs its own things, and ours only when it asks.
-option(JX_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
+# `cmake --install` has three components: jxserverside_runtime (the shared library),
+# jxserverside_development (the public headers, the static library, and the CMake and pkg-config
+# files) and jxserverside_tools (the program jx). With add_subdirectory, nothing of this project is
+# installed unless JX_INSTALL is on.
+option(JX_INSTALL "Generate install rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT JX_INSTALL)
   return()
 endif()
@@ -14,7 +14,7 @@ include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 set(development COMPONENT jxserverside_development)
 
-# The headers that no host includes stay here; scripts/checks/headers reads the same list.
+# Internal headers are not installed; scripts/checks/headers reads the same list.
 set(internal_list ${PROJECT_SOURCE_DIR}/packaging/internal-headers.txt)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${internal_list})
 file(STRINGS ${internal_list} internal_headers REGEX "^[^#]")
@@ -37,7 +37,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/jx/c/module.modulemap ${development}
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE ${development}
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-# Each library has a file of targets of its own, so that either can be installed without the other.
+# Each library has its own targets file, so that either can be installed without the other.
 set(config_folder ${CMAKE_INSTALL_LIBDIR}/cmake/jxserverside)
 foreach(kind ${JX_LIBRARIES})
   install(TARGETS jxserverside_${kind} EXPORT jxserverside_${kind}
@@ -51,18 +51,18 @@ configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/packaging/jxserversideConfig.cmake.in
     ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
     INSTALL_DESTINATION ${config_folder} NO_SET_AND_CHECK_MACRO)
-# Until 1.0 a new minor version may break a host.
+# Until 1.0 a new minor version may be incompatible.
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigVersion.cmake
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/jxserversideConfigVersion.cmake
         ${development} DESTINATION ${config_folder})
 
-# A static library hands its own dependencies on to whoever links it; a shared one has them inside.
-# With both, `pkg-config --static` tells them.
+# Consumers of a static library must link its dependencies; a shared library links them itself. If
+# both are installed, `pkg-config --static` lists the dependencies.
 set(needed "${CMAKE_THREAD_LIBS_INIT}")
 if(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES MATCHES "(^|;)(stdc\\+\\+|c\\+\\+)(;|$)")
-  string(APPEND needed " -l${CMAKE_MATCH_2}")  # for a host in C
+  string(APPEND needed " -l${CMAKE_MATCH_2}")  # for C applications
 endif()
 if("shared" IN_LIST JX_LIBRARIES)
   set(JX_PC_REQUIRES_PRIVATE libcurl)
@@ -71,8 +71,8 @@ else()
   set(JX_PC_REQUIRES libcurl)
   set(JX_PC_LIBS "${needed}")
 endif()
-# The prefix is told relative to the file, so that `cmake --install --prefix` and moving the
-# installed tree both work.
+# The prefix is relative to the file, so that `cmake --install --prefix` and moving the installed
+# tree work.
 file(RELATIVE_PATH JX_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" JX_PC_PREFIX "${JX_PC_PREFIX}")
 configure_file(${PROJECT_SOURCE_DIR}/packaging/jxserverside.pc.in

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// Everything that a host application uses.
+/// Includes the complete C++ API for applications.
 
 #include "jx/JXVersion.h"
 #include "jx/context/JXApp.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// The version of this library, for a host that builds against several of them. Read by C as well
-/// as by C++. Until 1.0 a new minor version may break a host; a new patch version does not.
-/// (What the library tells the receiver about itself is `kJXServerSideVersion`.)
+/// Version of this library, for applications that build against several versions. Usable from C and
+/// C++. Before 1.0, a new minor version may break an application; a new patch version does not.
+/// (The version reported to the server is `kJXServerSideVersion`.)
 #define JX_VERSION_MAJOR 0
 #define JX_VERSION_MINOR 1
 #define JX_VERSION_PATCH 0

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Makes a site of what Doxygen wrote: finish.py FOLDER TAGFILE, run at the root of the tree.
+"""Turns the output of Doxygen into the site: finish.py FOLDER TAGFILE, run at the root of the tree.
 
-Puts the list of pages, the list of what is on the page and the links to its neighbours into each
-page, writes the index that the search reads, and removes what no page uses.
+Adds the sidebar, the table of contents and the links to the previous and next page to each page,
+writes the search index, and removes files that no page uses.
 """
 
 import html
@@ -17,18 +17,18 @@ import xml.etree.ElementTree as ElementTree
 import headers
 import site_map
 
-# What Doxygen writes whether it is used or not.
+# Files that Doxygen always writes and the site does not use.
 UNUSED = ["*.png", "*.js", "doxygen.svg", "dir_*.html", "*-members.html"]
 TITLES = {
-    "Static Public Member Functions": "Class operations",
-    "Public Member Functions": "Operations",
+    "Static Public Member Functions": "Static member functions",
+    "Public Member Functions": "Member functions",
     "Public Types": "Types",
-    "Public Attributes": "Values",
+    "Public Attributes": "Data members",
     "Static Public Attributes": "Constants",
-    "Member Enumeration Documentation": "Enumerations in full",
-    "Enumeration Type Documentation": "Enumerations in full",
-    "Member Typedef Documentation": "Types in full",
-    "Typedef Documentation": "Types in full",
+    "Member Enumeration Documentation": "Enumerations",
+    "Enumeration Type Documentation": "Enumerations",
+    "Member Typedef Documentation": "Type definitions",
+    "Typedef Documentation": "Type definitions",
     "Detailed Description": "",
 }
 ANCHOR = r'<a (?:id="[^"]*" name|class="anchor" id)="([^"]*)"[^>]*></a>'
@@ -46,7 +46,7 @@ def href(page):
 
 
 def file_of_class(name):
-    """The pages that Doxygen may have made for a class of ours."""
+    """Returns the possible names of the page that Doxygen wrote for a class."""
     return [f"{kind}jx_1_1{name}.html" for kind in ("class", "struct")]
 
 
@@ -56,7 +56,7 @@ def link(target, text, current):
 
 
 def c_headers(tagfile):
-    """[(page, name)] of the headers of the C interface."""
+    """Returns [(page, name)] of the headers of the C API."""
     found = []
     for compound in ElementTree.parse(tagfile).getroot():
         path = compound.findtext("path") or ""
@@ -79,8 +79,7 @@ def sidebar(folder, current, of_c):
         lines.append(f"<h2>{html.escape(name)}</h2><ul>")
         lines += [link(href(page), page.name, current) for page in pages]
         lines.append("</ul>")
-    lines.append("<h2>Interface</h2><ul>")
-    lines.append(link("reference.html", "All classes", current))
+    lines.append("<h2>API reference</h2><ul>")
     lines.append(link("namespacejx.html", "Constants and functions", current))
     lines.append("</ul>")
     for title, named in headers.areas():
@@ -88,12 +87,12 @@ def sidebar(folder, current, of_c):
                  if (folder / one).exists()]
         lines.append(part_of_sidebar(title, links, current))
     if of_c:
-        lines.append(part_of_sidebar("C interface", of_c, current))
+        lines.append(part_of_sidebar("C headers", of_c, current))
     return "\n".join(lines)
 
 
 def marks_of(text):
-    """[(level, anchor, title)] of the headings and the members of a page, in their order."""
+    """Returns [(level, anchor, title)] of the headings and members of a page, in order."""
     found = [(m.start(), int(m.group(1)), m.group(2), plain(m.group(3)))
              for m in HEADING.finditer(text)]
     names = set()
@@ -108,7 +107,7 @@ def marks_of(text):
 
 def on_this_page(text):
     marks = marks_of(text)
-    # A page of many small parts is told by its large ones.
+    # A long list omits its deepest level.
     while len(marks) > 60:
         deepest = max(level for level, _, _ in marks)
         marks = [mark for mark in marks if mark[0] < deepest]
@@ -130,13 +129,13 @@ def neighbours(name):
         before = pages[at - 1]
         lines += f'<a class="previous" href="{href(before)}">{html.escape(before.name)}</a>'
     if at + 1 < len(pages):
-        behind = pages[at + 1]
-        lines += f'<a class="next" href="{href(behind)}">{html.escape(behind.name)}</a>'
-    return f'<nav class="neighbours" aria-label="Neighbouring pages">{lines}</nav>'
+        after = pages[at + 1]
+        lines += f'<a class="next" href="{href(after)}">{html.escape(after.name)}</a>'
+    return f'<nav class="neighbours" aria-label="Previous and next page">{lines}</nav>'
 
 
 def tidied(text):
-    """Doxygen's words in ours, and without what only its own style sheet needs."""
+    """Returns the page with our headings, and without markup for Doxygen's own style sheet."""
     text = re.sub(r"<title>(.*?)</title>",
                   lambda m: f"<title>{page_title(m.group(1))} - JXServerSide</title>", text, count=1)
     text = re.sub(r'(<div class="title">)(.*?)(</div>)',
@@ -150,30 +149,50 @@ def tidied(text):
     text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)
     text = text.replace('<div class="line"> </div>', '<div class="line">&#8203;</div>')
     text = re.sub(r'<img src="closed.png"[^>]*/>', "", text)
-    for theirs, ours in TITLES.items():
-        text = re.sub(rf"(</a>\s*|groupheader\">){theirs}(</h2>)", rf"\g<1>{ours}\2", text)
-    # An embedded document would have a white ground in the dark; a picture has none.
+    # Not a keyword in C++: Doxygen means C++/CLI.
+    text = text.replace('<span class="keyword">event</span>', "event")
+    for old, new in TITLES.items():
+        text = re.sub(rf"(</a>\s*|groupheader\">){old}(</h2>)", rf"\g<1>{new}\2", text)
+    # In the dark scheme an embedded document has a white background; an image has none.
     text = re.sub(r'<object type="image/svg\+xml" data="([^"]*)"[^>]*>(.*?)</object>',
                   r'<img src="\1" alt="\2"/>', text, flags=re.DOTALL)
     text = re.sub(r'alt="" class="inline" title="([^"]*)"', r'alt="\1"', text)
     text = re.sub(r"<td[^>]*>.*?</td>", lambda cell: re.sub(
         r"<code>([^<]{25,})</code>", lambda code: f"<code>{breakable(code.group(1))}</code>",
         cell.group(0)), text, flags=re.DOTALL)
-    # A wide table scrolls by itself, so that the page need not.
-    text = re.sub(r'(<table class="(?:markdownTable|fieldtable)">.*?</table>)',
+    text = re.sub(r'<table class="markdownTable">.*?</table>', lambda m: stackable(m.group(0)),
+                  text, flags=re.DOTALL)
+    # A wide table scrolls instead of the page.
+    text = re.sub(r'(<table class="(?:markdownTable(?: stacked)?|fieldtable)">.*?</table>)',
                   r'<div class="wide">\1</div>', text, flags=re.DOTALL)
     text = re.sub(r'<td class="mem(?:Templ)?(?:Item(?:Left|Right)|Params)"[^>]*>.*?</td>',
                   lambda m: declaration(m.group(0)), text, flags=re.DOTALL)
     return text
 
 
+def stackable(table):
+    """Labels the cells of a table with long text, so that a phone can show each row as a block."""
+    labels = [plain(head) for head in re.findall(r"<th[^>]*>(.*?)</th>", table, re.DOTALL)]
+    rows = re.findall(r"<tr.*?</tr>", table, re.DOTALL)
+    if len(labels) not in (3, 4) or max(len(plain(row)) for row in rows) < 120:
+        return table
+
+    def labelled(row):
+        cells = iter(labels)
+        return re.sub("<td ", lambda _: f'<td data-label="{html.escape(next(cells))}" ',
+                      re.sub(r"\s+</td>", "</td>", row.group(0)))
+
+    return re.sub(r"<tr.*?</tr>", labelled, table, flags=re.DOTALL).replace(
+        'class="markdownTable"', 'class="markdownTable stacked"', 1)
+
+
 def breakable(code):
-    """A long name in a table, with the places where it may go on to the next line."""
+    """Returns a long name with line break opportunities, for a table cell."""
     return re.sub(r"(/|::|\.(?=[A-Z])|[a-z](?=[A-Z]))", r"\1<wbr>", code)
 
 
 def declaration(cell):
-    """A declaration as we write it; a parameter is no link to an operation of its name."""
+    """Returns a declaration in our format; a parameter does not link to a function of its name."""
     cell = cell.replace("&lt; ", "&lt;").replace(" &gt;", "&gt;").replace("&#160;</td>", " </td>")
     name, bracket, parameters = cell.partition("(")
     parameters = re.sub(r'<a class="el" href="[^"#]*#[^"]*"[^>]*>(.*?)</a>', r"\1", parameters)
@@ -190,7 +209,7 @@ def page_title(title):
 
 
 def sections(name, text):
-    """What the search knows of a page: [title, where it is, address, text]."""
+    """Yields the search entries of a page: [title, location, address, text]."""
     title = plain(re.search(r'<h1 class="title">(.*?)</h1>', text, re.DOTALL).group(1))
     body = text[text.index('<div class="contents">'):text.index("<!-- next pages -->")]
     marks = list(HEADING.finditer(body))
@@ -201,8 +220,8 @@ def sections(name, text):
 
 
 def members(tagfile):
-    """What the search knows of the interface. A setter is found by its accessor."""
-    told = set()
+    """Yields the search entries of the API. A setter is found by its accessor."""
+    listed = set()
     for compound in ElementTree.parse(tagfile).getroot():
         is_c = compound.get("kind") == "file" and "jx/c/" in (compound.findtext("path") or "")
         if compound.get("kind") not in ("class", "struct", "namespace") and not is_c:
@@ -215,8 +234,8 @@ def members(tagfile):
             name = member.findtext("name")
             address = f"{member.findtext('anchorfile')}#{member.findtext('anchor')}"
             is_setter = name.startswith("set") and name[3:4].lower() + name[4:] in names
-            if member.findtext("anchor") and address not in told and not is_setter:
-                told.add(address)
+            if member.findtext("anchor") and address not in listed and not is_setter:
+                listed.add(address)
                 yield [name, owner or "jx", address, ""]
 
 
@@ -224,11 +243,11 @@ def main():
     folder, tagfile = pathlib.Path(sys.argv[1]), sys.argv[2]
     for pattern in UNUSED:
         for path in folder.glob(pattern):
-            if path.name != "site.js" and not (path.suffix == ".png" and is_ours(path)):
+            if path.name != "site.js" and not (path.suffix == ".png" and is_own_image(path)):
                 path.unlink()
     of_c = c_headers(tagfile)
     index = list(members(tagfile))
-    guides = {href(page) for _, part in site_map.parts() for page in part} | {"reference.html"}
+    guides = {href(page) for _, part in site_map.parts() for page in part}
     for path in sorted(folder.glob("*.html")):
         text = tidied(path.read_text(encoding="utf-8"))
         if path.name in guides:
@@ -243,8 +262,8 @@ def main():
         encoding="utf-8")
 
 
-def is_ours(picture):
-    return (pathlib.Path("docs/images") / picture.name).exists()
+def is_own_image(path):
+    return (pathlib.Path("docs/images") / path.name).exists()
 
 
 if __name__ == "__main__":

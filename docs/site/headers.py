@@ -1,17 +1,17 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""What the public headers declare, folder by folder: for the page of the whole interface."""
+"""The classes that the public headers declare, by folder, for the C++ API page."""
 
 import glob
 import os
 import re
 
 INTERNAL = "packaging/internal-headers.txt"
-# A folder of jx/, and what a reader calls what is in it.
+# The folders of jx/ and their titles on the page.
 AREAS = [
     ("jx/facade", "Sending events"),
     ("jx/events", "Events"),
-    ("jx/events/ecommerce", "Shopping events"),
+    ("jx/events/ecommerce", "E-commerce events"),
     ("jx/events/engagement", "Engagement events"),
     ("jx/events/video", "Video events"),
     ("jx/context", "Context blocks"),
@@ -22,7 +22,7 @@ AREAS = [
     ("jx/core/transfer", "Delivery"),
     ("jx/platform", "Platform"),
 ]
-# What a host meets first stands first.
+# The classes that an application uses first are listed first.
 FIRST = ["ServerSide", "JXEvent", "JXCustomEvent", "JXItem", "JXProduct", "JXCoreConfiguration",
          "JXUser", "JXApplication", "JXNetworkManager", "JXDecimal", "JXString"]
 DECLARATION = re.compile(
@@ -31,7 +31,7 @@ DECLARATION = re.compile(
 
 
 def internal():
-    """The patterns of the headers that no host includes."""
+    """Returns the patterns of the headers that are not installed."""
     with open(INTERNAL, encoding="utf-8") as file:
         return [line.strip() for line in file if line.strip() and not line.startswith("#")]
 
@@ -42,7 +42,7 @@ def is_public(header):
 
 
 def classes(header):
-    """[(name, first sentence of its comment)] of what the header declares."""
+    """Returns [(name, first sentence of its comment)] of the classes in a header."""
     with open(header, encoding="utf-8") as file:
         text = file.read()
     found = []
@@ -57,7 +57,7 @@ def declares(header, name):
 
 
 def areas():
-    """[(what it is called, [(name, sentence)])] in the order of a host's interest."""
+    """Returns [(title, [(name, sentence)])], most used classes first."""
     found = []
     for folder, title in AREAS:
         named = [one for header in sorted(glob.glob(folder + "/*.h")) if is_public(header)
@@ -73,11 +73,11 @@ def anchor(title):
 
 
 def tables():
-    """The page's list, in Markdown."""
+    """Yields the page's tables, as lines of Markdown."""
     for title, named in areas():
         yield f"## {title} {{#{anchor(title)}}}"
         yield ""
-        yield "| class | |"
+        yield "| class | description |"
         yield "|---|---|"
         for name, sentence in named:
             yield f"| [{name}](@ref jx::{name}) | {sentence} |"

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Doxygen reads the Markdown pages through this: page.py PAGE prints what it is to read.
+"""Doxygen's filter for Markdown pages: page.py PAGE prints the page for Doxygen.
 
-The pages are written as a repository shows them, with links to files and to headings. Here a
-heading gets the label that such links mean, and a link becomes a reference, so that Doxygen says
-which one leads nowhere. A link to a file that is no page of the site loses the link, not the text.
+Pages link to files and headings, as repository viewers expect. This filter gives each heading a
+label and turns each link into a reference, so that Doxygen reports broken links. For a link to a
+file that is not a page of the site, only the text is kept.
 """
 
 import os
@@ -22,13 +22,13 @@ CODE_SPAN = re.compile(r"(`+[^`]*`+)")
 
 
 def slug(heading):
-    """The anchor that repositories give a heading."""
+    """Returns the anchor that repository viewers give to a heading."""
     text = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", heading).lower()
     return re.sub(r"[^\w\- ]", "", text).replace(" ", "-")
 
 
 def reference(page, text, target):
-    """The link `target` of `page`, as Doxygen understands it."""
+    """Returns the link `target` of `page` in Doxygen's syntax."""
     if re.match(r"[a-z]+:", target) or target.startswith("@ref"):
         return f"[{text}]({target})"
     path, _, anchor = target.partition("#")
@@ -36,7 +36,7 @@ def reference(page, text, target):
     if path:
         other = os.path.normpath(os.path.join(os.path.dirname(page), path))
     if not os.path.exists(other):
-        sys.exit(f"{page}: there is no {other}")
+        sys.exit(f"{page}: {other} does not exist")
     if other.endswith(".h") and other.startswith("jx/"):
         name = os.path.basename(other)[:-2]
         return f"[{text}](@ref jx::{name})" if headers.declares(other, name) else text
@@ -47,7 +47,7 @@ def reference(page, text, target):
 
 
 def outside_code(line, change):
-    """Applies `change` to the parts of a line that are no code spans, links with code included."""
+    """Applies `change` to a line, except to its code spans. A link may contain a code span."""
     spans = []
 
     def hide(match):
@@ -63,7 +63,7 @@ def page_lines(page, text):
     seen = {}
     fence = None
     before = ""
-    # Doxygen takes the title for the page's only where nothing stands before it.
+    # Doxygen recognises a page's title only at the start of the file.
     for line in re.sub(r"\A(?:<!--.*?-->\s*)+", "", text, flags=re.DOTALL).split("\n"):
         mark = re.match(r"^\s*(```+)", line)
         if mark:
@@ -74,7 +74,7 @@ def page_lines(page, text):
         if fence:
             yield line
             continue
-        # Doxygen would count a list anew that goes on behind a block of code.
+        # Doxygen restarts the numbering of a list after a code block.
         if before.startswith("```"):
             line = re.sub(r"^(\d+\.) ", r"**\1** ", line)
         before = line or before

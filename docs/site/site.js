@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 'use strict';
 
-// The search: everything in the browser, over window.jxIndex (title, where it is, address, text).
+// The search runs in the browser, over window.jxIndex: [title, location, address, text].
 (() => {
   const query = document.getElementById('query');
   const found = document.getElementById('found');
-  const most = 12;
+  const maxResults = 12;
   let chosen = -1;
 
-  // How well an entry fits the words; 0 when one of them is nowhere.
-  function fit([title, where, , text], words) {
+  // Returns how well an entry matches the words, or 0 if one of them does not occur.
+  function score([title, location, , text], words) {
     const name = title.toLowerCase();
-    const place = where.toLowerCase();
+    const place = location.toLowerCase();
     let sum = 0;
     for (const word of words) {
       if (name === word) sum += 100;
@@ -38,25 +38,25 @@
     anchor.href = item[2];
     const title = document.createElement('b');
     title.textContent = item[0];
-    const where = document.createElement('span');
-    where.textContent = item[1];
+    const location = document.createElement('span');
+    location.textContent = item[1];
     const text = document.createElement('small');
     text.textContent = excerpt(item[3], words);
-    anchor.append(title, ' ', where, text);
+    anchor.append(title, ' ', location, text);
     line.append(anchor);
     return line;
   }
 
   function show() {
     const words = query.value.toLowerCase().split(/[\s:.()]+/).filter(Boolean);
-    const fitting = !words.length ? [] : (window.jxIndex || [])
-        .map((item) => [fit(item, words), item]).filter(([value]) => value > 0)
-        .sort((a, b) => b[0] - a[0]).slice(0, most);
-    found.replaceChildren(...fitting.map(([, item]) => entry(item, words)));
-    if (words.length && !fitting.length) {
+    const matches = !words.length ? [] : (window.jxIndex || [])
+        .map((item) => [score(item, words), item]).filter(([value]) => value > 0)
+        .sort((a, b) => b[0] - a[0]).slice(0, maxResults);
+    found.replaceChildren(...matches.map(([, item]) => entry(item, words)));
+    if (words.length && !matches.length) {
       const none = document.createElement('li');
       none.className = 'none';
-      none.textContent = 'Nothing found';
+      none.textContent = 'No results';
       found.append(none);
     }
     found.hidden = !words.length;
@@ -94,7 +94,7 @@
   });
 })();
 
-// The list of pages on a narrow screen.
+// The sidebar on a narrow screen.
 (() => {
   const menu = document.getElementById('menu');
   menu.addEventListener('click', () => {
@@ -104,7 +104,7 @@
   document.querySelector('#navigation [aria-current]')?.scrollIntoView({block: 'nearest'});
 })();
 
-// What a class has from its base: Doxygen's pages call this when its heading is pressed.
+// Shows or hides the inherited members of a class. Doxygen's pages call this from their headings.
 window.toggleInherit = (id) => {
   for (const row of document.querySelectorAll(`tr.inherit.${id}`)) row.classList.toggle('shown');
 };

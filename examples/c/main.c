@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// An evening in front of a television, in C: consent, shopping, a film with an advertisement.
+// A session of a TV application in C: consent, shopping, and a film with an advertisement.
 #include <inttypes.h>
 #include <stdio.h>
 
@@ -10,14 +10,15 @@
 static jx_server_side* library;
 static int failures;
 
-// Every operation says how it went. A mistake is in the log too, so an application may just count.
+// Every function returns a status. Errors are also logged, so an application may ignore it.
 static void expect(jx_status status) {
   if (status == JX_OK) return;
   fprintf(stderr, "%s: %s\n", jx_status_string(status), jx_error_detail());
   ++failures;
 }
 
-// Sends an event and ends it. What was not made is null, and refused.
+// Sends an event and frees it. If its creation failed, `event` is null and jx_execute returns an
+// error.
 static void send(jx_object* event) {
   expect(jx_execute(library, event));
   expect(jx_object_free(event));
@@ -30,7 +31,7 @@ static jx_object* lantern(int64_t quantity) {
   expect(JXProduct_create(&product));
   expect(JXProduct_setID(product, "85123A"));
   expect(JXProduct_setName(product, "Lantern"));
-  expect(JXProduct_setPrice(product, "3.39"));  // money is text, so that it stays exact
+  expect(JXProduct_setPrice(product, "3.39"));  // amounts are strings, so they stay exact
   expect(JXProduct_setCategories(product, categories, 2));
   expect(JXItem_create(&item));
   expect(JXItem_setID(item, "1"));
@@ -40,7 +41,7 @@ static jx_object* lantern(int64_t quantity) {
   return item;
 }
 
-static void look_around(void) {
+static void browse(void) {
   jx_object* event = NULL;
   expect(JXPageViewEvent_create(&event));
   expect(JXEvent_setPageName(event, "home"));
@@ -72,7 +73,7 @@ static void shop(void) {
   expect(JXPurchaseEvent_setStatus(event, JXPurchaseStatus_PENDING));
   expect(JXPurchaseEvent_items_append(event, item));
   expect(jx_object_add_parameter_json(event, "gift", "true"));
-  expect(jx_object_verify(event));  // nothing is missing
+  expect(jx_object_verify(event));  // all required fields are set
   send(event);
   expect(jx_object_free(item));
 }
@@ -131,9 +132,9 @@ int main(int argc, char** argv) {
   configuration.bundle_name = "Example TV";
   expect(jx_configure(&configuration));
 
-  expect(jx_register_module("JXMobileConsent"));  // what a consent module does
+  expect(jx_register_module("JXMobileConsent"));  // done by a consent module
   expect(jx_server_side_create(1, "source-key", JX_BEHAVIOUR_DEFAULT, NULL, &library));
-  look_around();  // sent without a user: the viewer has not answered yet
+  browse();  // sent without a user block: consent is still unknown
 
   expect(jx_set_consent_id("consent-1"));
   expect(jx_enable(library));

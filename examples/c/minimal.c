@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
   JXCustomEvent_create("quiz_answered", &event);
   JXEvent_setPageName(event, "quiz");
   jx_object_add_parameter(event, "answer", "B");
-  jx_execute(library, event);  // stored when this returns: a kill from here on loses nothing
+  jx_execute(library, event);  // stored before this returns; survives a killed process
   jx_object_free(event);
 
   delivered = jx_flush(2000);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr const char* kVersion = "2.1.0";
 
-// By this name the library asks whether a consent module is there. Registered before main, so that
-// no ServerSide can be made earlier.
+// The library checks for a consent module by this name. Registered before main, so that no
+// ServerSide is created earlier.
 [[maybe_unused]] const bool isRegistered = [] {
   jx::JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   return true;
@@ -40,27 +40,27 @@ MobileConsent::MobileConsent(std::string file) : file_(std::move(file)) {
 
 void MobileConsent::start() {
   jx::JXCoreVariables::sharedInstance().addData_withValue(jx::JX_ConsentVersion, kVersion);
-  if (decision_ != Decision::Open) tellLibrary();
+  if (decision_ != Decision::Open) notifyLibrary();
 }
 
 void MobileConsent::agree() {
   if (decision_ != Decision::Agreed) id_ = randomId();
   decision_ = Decision::Agreed;
-  keep();
-  tellLibrary();
+  save();
+  notifyLibrary();
 }
 
 void MobileConsent::refuse() {
   id_.clear();
   decision_ = Decision::Refused;
-  keep();
-  tellLibrary();
+  save();
+  notifyLibrary();
 }
 
-void MobileConsent::tellLibrary() const {
+void MobileConsent::notifyLibrary() const {
   jx::JXUser& user = jx::JXUser::sharedInstance();
   const bool agreed = decision_ == Decision::Agreed;
-  // First the identifier, so that no event goes without it.
+  // Set the ID first, so that no event is sent without it.
   user.setConsentID(agreed ? jx::JXString(id_) : jx::JXString());
   jx::JXJsonObject userInfo;
   if (agreed) userInfo.set(jx::kJXUserInfo_POSTData, user.getJsonObject());
@@ -69,6 +69,6 @@ void MobileConsent::tellLibrary() const {
                                    this, userInfo});
 }
 
-void MobileConsent::keep() const {
+void MobileConsent::save() const {
   std::ofstream(file_) << (decision_ == Decision::Agreed ? "agreed " + id_ : "refused") << '\n';
 }

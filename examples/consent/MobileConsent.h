@@ -4,17 +4,17 @@
 
 #include <string>
 
-// A consent module, as its maker would deliver it: linking it makes the library wait for consent.
-// It asks nobody; the application does that and tells the answer. The decision is kept in a file
-// and is in force again at the next launch. To be used on the thread of the ServerSide.
+// A consent module as a vendor would provide it: linking it makes the library wait for consent. The
+// application shows the prompt and reports the decision. The decision is stored in a file and is
+// restored at the next launch. Call it on the thread of the ServerSide.
 class MobileConsent {
  public:
   enum class Decision { Open, Agreed, Refused };
 
-  // Reads what was decided in an earlier launch.
+  // Reads the decision of an earlier launch.
   explicit MobileConsent(std::string file);
 
-  // Tells the library so. To be called once, when the first ServerSide was made.
+  // Applies the stored decision. Call it once, after the first ServerSide was created.
   void start();
   void agree();
   void refuse();
@@ -22,10 +22,10 @@ class MobileConsent {
   Decision decision() const { return decision_; }
 
  private:
-  void tellLibrary() const;
-  void keep() const;
+  void notifyLibrary() const;
+  void save() const;
 
   std::string file_;
   Decision decision_ = Decision::Open;
-  std::string id_;  // names this viewer's agreement; none without one
+  std::string id_;  // ID of the viewer's consent; empty without consent
 };

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// An application with a consent module: what the viewer does and decides is typed, and each page
-// that is opened shows what leaves the device because of it.
+// An application with a consent module. Commands on standard input represent the viewer's actions
+// and decisions; each opened page prints the data that is sent for it.
 #include <iostream>
 #include <string>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-// The user block as it stands in a request: an object, or the marker that consent is awaited.
+// Returns the user block of a request: an object, or the marker that consent is pending.
 std::string userBlock(const jx::JXNotification& request) {
   const jx::JXString body = request.userInfo.get(jx::kJXUserInfo_POSTData).string();
   const jx::JXJsonValue user = jx::JXJsonReader::read(body.view()).value.object().get(jx::JXE_USER);
@@ -34,7 +34,7 @@ void open(jx::ServerSide& serverSide, const std::string& page) {
   std::cout << page << ": " << sent << std::endl;
 }
 
-std::string inWords(MobileConsent::Decision decision) {
+std::string toString(MobileConsent::Decision decision) {
   switch (decision) {
     case MobileConsent::Decision::Agreed:
       return "agreed";
@@ -66,8 +66,8 @@ int main(int argc, char** argv) {
   const auto serverSide = jx::ServerSide::initWithSiteID_andSourceKey(1, "source-key");
   consent.start();
 
-  std::cout << "May we tell what you watch? (agree, refuse, open PAGE) Decision: "
-            << inWords(consent.decision()) << std::endl;
+  std::cout << "May we collect usage data? (agree, refuse, open PAGE) Decision: "
+            << toString(consent.decision()) << std::endl;
   std::string word;
   while (std::cin >> word) {
     if (word == "agree") consent.agree();

@@ -5,8 +5,8 @@
 #include <iostream>
 #include <string>
 
-// Stands in for the Firebase Analytics object of a real application, whose operations look much
-// like these two. It prints what it is told.
+// Represents the Firebase Analytics object of a real application, which has similar operations.
+// Prints each call.
 class AnalyticsRecorder {
  public:
   void setDefaultParameter(const std::string& name, const std::string& value) {

@@ -9,9 +9,9 @@
 
 namespace {
 
-// Called once, when the ServerSide is made, with a parameter's name and its value.
+// Called once, when the ServerSide is created, with the name and value of a parameter.
 constexpr std::string_view kSetDefault = "setDefaultEventParameters:parameters:";
-// Called for each event, with its name and its parameters.
+// Called for each event, with its name and parameters.
 constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
 
 }  // namespace
@@ -29,7 +29,7 @@ void FirebaseBridge::performOperation(std::string_view operation, const jx::JXJs
   if (operation == kSetDefault) {
     analytics_->setDefaultParameter(name, second.string().toStdString());
   } else if (operation == kLogEvent) {
-    // The parameters are flat: a real bridge walks second.object().entries() and hands each on.
+    // The parameters are flat: a real bridge passes on each of second.object().entries().
     analytics_->logEvent(name,
                          jx::JXJsonWriter::write(second.object(), jx::JXJsonStyle::Pretty).text);
   }

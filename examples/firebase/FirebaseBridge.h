@@ -8,8 +8,8 @@
 #include "AnalyticsRecorder.h"
 #include "jx/facade/IJXFirebaseInstance.h"
 
-// What an application writes to have its events mirrored: the library calls an operation by its
-// name, and this object passes the call on to the analytics object.
+// Implemented by an application that mirrors its events. The library calls operations by name, and
+// this object forwards the calls to the analytics object.
 class FirebaseBridge final : public jx::IJXFirebaseInstance {
  public:
   explicit FirebaseBridge(std::shared_ptr<AnalyticsRecorder> analytics);

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Mirrors every event to Firebase Analytics. The application hands the library an object that it
-// calls by the names of its operations, so the library needs to know nothing about Firebase.
+// Mirrors every event to Firebase Analytics. The application passes an object whose operations the
+// library calls by name, so the library does not depend on Firebase.
 #include <memory>
 
 #include "AnalyticsRecorder.h"
@@ -35,7 +35,7 @@ std::shared_ptr<jx::JXPurchaseEvent> purchase() {
 
 int main() {
   jx::JXCoreConfiguration configuration;
-  configuration.dryRun = true;  // an example sends nothing; a real application leaves this line out
+  configuration.dryRun = true;  // the example sends nothing; omit this line in a real application
   jx::JXCoreConfiguration::set(configuration);
 
   const auto bridge = std::make_shared<FirebaseBridge>(std::make_shared<AnalyticsRecorder>());

@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
   const auto event = jx::JXCustomEvent::initWithName("quiz_answered");
   event->setPageName("quiz");
   event->addAdditionalParameter_withValue("answer", "B");
-  serverSide->execute(event);  // stored when this returns: a kill from here on loses nothing
+  serverSide->execute(event);  // stored before this returns; survives a killed process
 
   const bool delivered = jx::JXNetworkManager::sharedInstance().flush(std::chrono::seconds(2));
   return delivered ? 0 : 1;

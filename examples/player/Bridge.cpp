@@ -15,7 +15,7 @@
 
 namespace {
 
-// A signal handler may do little; a byte in a pipe wakes the loop.
+// A signal handler may call few functions; a byte in a pipe wakes the loop.
 int signalPipe[2] = {-1, -1};
 
 void onSignal(int) { [[maybe_unused]] const ssize_t ignored = ::write(signalPipe[1], "!", 1); }
@@ -48,22 +48,22 @@ void Bridge::run() {
   while (mpv_.isOpen()) {
     if (::poll(static_cast<pollfd*>(sources), std::size(sources), -1) < 0) continue;
     if (sources[0].revents != 0) break;
-    if (sources[1].revents != 0) hear();
-    if (sources[2].revents != 0 && !passOnTyped()) sources[2].fd = -1;
+    if (sources[1].revents != 0) readPlayer();
+    if (sources[2].revents != 0 && !forwardInput()) sources[2].fd = -1;
   }
-  take({PlayerChange::Kind::Left});
+  handle({PlayerChange::Kind::Left});
 }
 
-void Bridge::hear() {
+void Bridge::readPlayer() {
   for (const std::string& line : mpv_.readLines()) {
     const MpvReading reading = readMpvLine(line);
-    if (!reading.question.empty()) mpv_.send(reading.question);
-    if (reading.change) take(*reading.change);
+    if (!reading.request.empty()) mpv_.send(reading.request);
+    if (reading.change) handle(*reading.change);
   }
 }
 
-// False when nothing will be typed any more.
-bool Bridge::passOnTyped() {
+// Returns false at the end of input.
+bool Bridge::forwardInput() {
   char bytes[256];
   const ssize_t count = ::read(STDIN_FILENO, static_cast<char*>(bytes), sizeof bytes);
   if (count <= 0) return false;
@@ -76,8 +76,8 @@ bool Bridge::passOnTyped() {
   return true;
 }
 
-void Bridge::take(const PlayerChange& change) {
-  const PlaybackTranslator::Events events = translator_.take(change);
+void Bridge::handle(const PlayerChange& change) {
+  const PlaybackTranslator::Events events = translator_.translate(change);
   report_.add(change, events);
   for (const auto& event : events)
     serverSide_.execute(event);

@@ -9,21 +9,21 @@
 #include "Report.h"
 #include "jx/JXServerSide.h"
 
-// Waits for what mpv tells, has it translated, and executes the events; passes on what a viewer
-// types. All on the thread that calls `run`.
+// Reads the messages of mpv, translates them and executes the events; forwards the commands of
+// the viewer. Everything runs on the thread that calls `run`.
 class Bridge {
  public:
-  // SIGINT and SIGTERM end `run` from now on. To be called once, before `run`.
+  // Makes SIGINT and SIGTERM end `run`. Call it once, before `run`.
   static void catchSignals();
 
   Bridge(MpvConnection& mpv, jx::ServerSide& serverSide);
-  // Returns when mpv has gone or a signal came.
+  // Returns when mpv has exited or a signal was received.
   void run();
 
  private:
-  void hear();
-  bool passOnTyped();
-  void take(const PlayerChange& change);
+  void readPlayer();
+  bool forwardInput();
+  void handle(const PlayerChange& change);
 
   MpvConnection& mpv_;
   jx::ServerSide& serverSide_;

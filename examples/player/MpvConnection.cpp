@@ -17,7 +17,7 @@ sockaddr_un addressOf(const std::string& path) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   if (path.size() >= sizeof address.sun_path) {
-    throw std::runtime_error("the path of the socket is too long: " + path);
+    throw std::runtime_error("socket path is too long: " + path);
   }
   path.copy(static_cast<char*>(address.sun_path), path.size());
   return address;
@@ -25,15 +25,15 @@ sockaddr_un addressOf(const std::string& path) {
 
 }  // namespace
 
-MpvConnection::MpvConnection(const std::string& socketPath, std::chrono::milliseconds patience)
+MpvConnection::MpvConnection(const std::string& socketPath, std::chrono::milliseconds timeout)
     : fd_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   if (fd_ < 0) throw std::system_error(errno, std::generic_category(), "socket");
   const sockaddr_un address = addressOf(socketPath);
-  const auto deadline = std::chrono::steady_clock::now() + patience;
+  const auto deadline = std::chrono::steady_clock::now() + timeout;
   while (::connect(fd_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
     if (std::chrono::steady_clock::now() >= deadline) {
       ::close(fd_);
-      throw std::runtime_error("no player listens at " + socketPath);
+      throw std::runtime_error("cannot connect to mpv at " + socketPath);
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }

@@ -6,23 +6,23 @@
 #include <string>
 #include <vector>
 
-// The client's end of mpv's socket.
+// A client connection to the socket of mpv.
 class MpvConnection {
  public:
-  // Waits for the socket, which an mpv that has just been started makes a moment later. Throws
-  // std::runtime_error when nobody listened there in time.
-  MpvConnection(const std::string& socketPath, std::chrono::milliseconds patience);
+  // Waits for the socket, which mpv creates shortly after its start. Throws std::runtime_error if
+  // the connection fails for `timeout`.
+  MpvConnection(const std::string& socketPath, std::chrono::milliseconds timeout);
   ~MpvConnection();
   MpvConnection(const MpvConnection&) = delete;
   MpvConnection& operator=(const MpvConnection&) = delete;
 
-  // Readable when lines have come.
+  // Readable when lines are available.
   int fd() const { return fd_; }
-  // False once mpv has gone.
+  // Returns false once mpv has closed the connection.
   bool isOpen() const { return open_; }
-  // A player that has gone misses it.
+  // Sends a line; closes the connection on an error.
   void send(const std::string& line);
-  // The whole lines that have come, without waiting when fd() is readable.
+  // Returns the complete lines that were received. Does not block if fd() is readable.
   std::vector<std::string> readLines();
 
  private:

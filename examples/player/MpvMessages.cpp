@@ -17,7 +17,7 @@ struct Property {
   Kind kind;
 };
 
-// The position last, so that at the first one the film's name and length are known.
+// The position is last, so that name and length of the film are known at the first position.
 constexpr Property kProperties[] = {
     {"mpv-version", Kind::PlayerName},
     {"filename", Kind::FilmName},
@@ -56,7 +56,7 @@ std::optional<PlayerChange> filmEnded(const jx::JXJsonObject& message) {
   const std::string reason = message.get("reason").string().toStdString();
   if (reason == "eof") return PlayerChange{Kind::Finished};
   if (reason == "stop" || reason == "quit") return PlayerChange{Kind::Left};
-  if (reason != "error") return std::nullopt;  // a playlist that stood for its entries
+  if (reason != "error") return std::nullopt;  // a playlist, replaced by its entries
   PlayerChange failed{Kind::Failed};
   failed.text = message.get("file_error").string().toStdString();
   return failed;
@@ -88,7 +88,7 @@ MpvReading readMpvLine(const std::string& line) {
   if (event == "property-change") return {propertyChange(message), {}};
   if (event == "start-file") return {PlayerChange{Kind::FilmOpened}, {}};
   if (event == "seek") return {PlayerChange{Kind::SeekBegan}, {}};
-  // Where a seek came to is not told, and may be a second off the place that it was aimed at.
+  // The event does not contain the new position, which may differ from the target by a second.
   if (event == "playback-restart") {
     return {std::nullopt, mpvCommand({"get_property", "time-pos"}, kPositionRequest)};
   }

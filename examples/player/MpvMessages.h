@@ -9,20 +9,21 @@
 #include "PlayerChange.h"
 #include "jx/core/json/JXJsonValue.h"
 
-// The language of mpv's JSON IPC: a line is a JSON object, commands go there, answers and events
-// come back.
+// Messages of mpv's JSON IPC: each line is a JSON object. Commands are sent; responses and events
+// are received.
 
-// A command as mpv reads it, with its newline: {"set_property", "pause", true} and the like.
-// `requestId` comes back with the answer; 0 is a command whose answer nobody waits for.
+// Formats a command such as {"set_property", "pause", true}, including the newline. The response
+// contains `requestId`; 0 if the response is not needed.
 std::string mpvCommand(const std::vector<jx::JXJsonValue>& words, int requestId = 0);
 
-// What to send first: mpv then tells each property that matters, now and whenever it changes.
+// Returns the commands to send first. mpv then reports each relevant property, now and after each
+// change.
 std::vector<std::string> mpvObservations();
 
 struct MpvReading {
   std::optional<PlayerChange> change;
-  std::string question;  // a command to send because of this line; mostly none
+  std::string request;  // a command to send in response to this line; usually empty
 };
 
-// What a line from mpv means. A line that is no JSON, or is about something else, means nothing.
+// Parses a line from mpv. Returns an empty reading for a line that is not JSON or not relevant.
 MpvReading readMpvLine(const std::string& line);

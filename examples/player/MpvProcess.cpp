@@ -31,7 +31,7 @@ pid_t start(const std::vector<std::string>& words) {
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;
   ::posix_spawn_file_actions_init(&actions);
-  // The keyboard is ours.
+  // Standard input belongs to this program.
   ::posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
   pid_t pid = -1;
   const int error =

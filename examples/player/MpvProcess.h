@@ -7,11 +7,12 @@
 #include <string>
 #include <vector>
 
-// An mpv of our own, without picture and sound, that waits for a film. Ended with this object.
+// A child process that runs mpv without video and audio output and waits for a film. The destructor
+// ends it.
 class MpvProcess {
  public:
-  // `options` come behind ours and so may bring picture and sound back. Throws std::system_error
-  // when mpv cannot be started.
+  // `options` follow the default options and override them. Throws std::system_error if mpv cannot
+  // be started.
   explicit MpvProcess(const std::vector<std::string>& options);
   ~MpvProcess();
   MpvProcess(const MpvProcess&) = delete;

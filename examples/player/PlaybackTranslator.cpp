@@ -16,7 +16,7 @@ bool replace(Value& value, const Value& by) {
 PlaybackTranslator::PlaybackTranslator(std::function<std::string()> newSession)
     : newSession_(std::move(newSession)) {}
 
-PlaybackTranslator::Events PlaybackTranslator::take(const PlayerChange& change) {
+PlaybackTranslator::Events PlaybackTranslator::translate(const PlayerChange& change) {
   using Kind = PlayerChange::Kind;
   switch (change.kind) {
     case Kind::FilmOpened:
@@ -26,10 +26,10 @@ PlaybackTranslator::Events PlaybackTranslator::take(const PlayerChange& change) 
       moveTo(change.number);
       break;
     case Kind::Paused:
-      setPaused(change.flag);
+      setPaused(change.isOn);
       break;
     case Kind::Buffering:
-      setBuffering(change.flag);
+      setBuffering(change.isOn);
       break;
     case Kind::SeekBegan:
       if (playing_ && !seek_) seek_.emplace();
@@ -47,12 +47,12 @@ PlaybackTranslator::Events PlaybackTranslator::take(const PlayerChange& change) 
       leave();
       break;
     default:
-      takeState(change);
+      updateState(change);
   }
   return std::exchange(events_, {});
 }
 
-void PlaybackTranslator::takeState(const PlayerChange& change) {
+void PlaybackTranslator::updateState(const PlayerChange& change) {
   using Kind = PlayerChange::Kind;
   switch (change.kind) {
     case Kind::PlayerName:
@@ -80,14 +80,14 @@ void PlaybackTranslator::takeState(const PlayerChange& change) {
       if (replace(film_.volume, change.number)) send(jx::EJXVideoSettingMode_VOLUME);
       break;
     case Kind::Muted:
-      if (replace(film_.muted, change.flag)) send(jx::EJXVideoSettingMode_VOLUME);
+      if (replace(film_.muted, change.isOn)) send(jx::EJXVideoSettingMode_VOLUME);
       break;
     case Kind::Speed:
       if (replace(film_.speed, change.number)) send(jx::EJXVideoSettingMode_SPEED);
       break;
     case Kind::FullScreen:
-      if (replace(film_.fullScreen, change.flag)) {
-        send(change.flag ? jx::EJXVideoSettingMode_FULLSCREEN_ON
+      if (replace(film_.fullScreen, change.isOn)) {
+        send(change.isOn ? jx::EJXVideoSettingMode_FULLSCREEN_ON
                          : jx::EJXVideoSettingMode_FULLSCREEN_OFF);
       }
       break;
@@ -96,7 +96,7 @@ void PlaybackTranslator::takeState(const PlayerChange& change) {
   }
 }
 
-// What the viewer set stays as it is from one film to the next.
+// Settings of the viewer are kept for the next film.
 void PlaybackTranslator::open() {
   leave();
   film_.name.clear();
@@ -134,7 +134,7 @@ void PlaybackTranslator::setBuffering(bool buffering) {
 void PlaybackTranslator::moveTo(double position) {
   if (!playing_) {
     film_.position = position;
-    // Name, length and position are told in any order, and a live stream has no length at all.
+    // Name, length and position are reported in any order, and a live stream has no length.
     if (film_.name.empty()) return;
     if (film_.length || std::exchange(waitedForLength_, true)) begin();
     return;
@@ -147,7 +147,7 @@ void PlaybackTranslator::moveTo(double position) {
   passQuarters(before, position);
 }
 
-// The event stands at the position that the viewer leaves, and names the one that is wanted.
+// The event contains the position before the seek and the target.
 void PlaybackTranslator::announceSeek(double target) {
   seek_->target = target;
   send(jx::EJXVideoPlaybackMode_SEEK_START)->setSeekPosition(decimal(target));
@@ -189,7 +189,7 @@ void PlaybackTranslator::fail(const std::string& reason) {
   seek_.reset();
 }
 
-// There is no event for leaving: it is a pause that no resumption follows.
+// There is no event for leaving: it is reported as a pause without a later resume.
 void PlaybackTranslator::leave() {
   if (playing_ && !film_.paused) {
     send(jx::EJXVideoPlaybackMode_PAUSE)->setInterruptionMethod("quit");
@@ -208,7 +208,7 @@ void PlaybackTranslator::send(jx::EJXVideoContentMode mode) {
   events_.push_back(contentEvent(mode, film_));
 }
 
-// What the player is set to before the film begins is no change of the viewer's.
+// Settings that are reported before the film starts are not changes by the viewer.
 void PlaybackTranslator::send(jx::EJXVideoSettingMode mode) {
   if (playing_) events_.push_back(settingEvent(mode, film_));
 }

@@ -12,24 +12,23 @@
 #include "PlayerChange.h"
 #include "VideoEvents.h"
 
-// Turns what a player reports into video events: takes one change, gives the events that it means.
-// It knows neither player nor clock nor network, so its rules can be tested one by one. The README
-// tells the rules.
+// Translates the changes that a player reports to video events. Does not depend on a player, a
+// clock or the network, so each rule can be tested separately. The README lists the rules.
 class PlaybackTranslator {
  public:
   using Events = std::vector<std::shared_ptr<jx::JXVideoEvent>>;
 
-  // `newSession` names a video session; it is asked once for each film.
+  // `newSession` returns the ID of a new video session; called once for each film.
   explicit PlaybackTranslator(std::function<std::string()> newSession);
 
-  Events take(const PlayerChange& change);
+  Events translate(const PlayerChange& change);
 
  private:
   struct Seek {
-    std::optional<double> target;  // absent until the player told it
+    std::optional<double> target;  // not set until the player reports it
   };
 
-  void takeState(const PlayerChange& change);
+  void updateState(const PlayerChange& change);
   void open();
   void begin();
   void setPaused(bool paused);

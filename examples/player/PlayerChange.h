@@ -4,34 +4,34 @@
 
 #include <string>
 
-// One thing that a player reported, in words that every player has. A bridge to another player
-// makes these from whatever that one says; all that follows stays as it is.
+// A change that a player reported, in player-independent form. A bridge to another player creates
+// these from its own messages; the following steps do not change.
 struct PlayerChange {
   enum class Kind {
-    FilmOpened,  // what follows is about another film
+    FilmOpened,  // the following changes belong to another film
     PlayerName,  // text
-    FilmName,    // text: the file's name or the stream's address
+    FilmName,    // text: file name or stream URL
     FilmTitle,   // text
     Length,      // number: seconds
     Position,    // number: seconds
-    Paused,      // flag: the viewer's pause
-    Buffering,   // flag: the picture stands still until more of the film has come
-    SeekBegan,   // the next position is where the viewer wants to be
-    SeekEnded,   // number: the position from which it plays on
+    Paused,      // isOn: paused by the viewer
+    Buffering,   // isOn: playback waits for data
+    SeekBegan,   // the next position is the target
+    SeekEnded,   // number: position after the seek
     Volume,      // number: percent
-    Muted,       // flag
+    Muted,       // isOn
     Speed,       // number: 1 is normal
-    FullScreen,  // flag
-    Bitrate,     // number: bits of video a second
-    FrameRate,   // number: frames a second
-    Height,      // number: lines of the picture
-    Finished,    // the film came to its end
-    Failed,      // text: why it cannot be played
+    FullScreen,  // isOn
+    Bitrate,     // number: video bits per second
+    FrameRate,   // number: frames per second
+    Height,      // number: height of the video in pixels
+    Finished,    // the film ended
+    Failed,      // text: reason
     Left,        // the viewer stopped before the end
   };
 
   Kind kind;
   double number = 0;
-  bool flag = false;
+  bool isOn = false;
   std::string text = {};
 };

@@ -4,6 +4,6 @@
 
 #include <string>
 
-// What a viewer does, from a line of text: "pause", "resume", "seek SECONDS", "volume PERCENT",
-// "speed FACTOR", "quit". Gives the command for mpv, empty when the line is none of these.
+// Converts a line of input ("pause", "resume", "seek SECONDS", "volume PERCENT", "speed FACTOR",
+// "quit") to a command for mpv. Returns an empty string for any other line.
 std::string remoteCommand(const std::string& line);

@@ -7,14 +7,14 @@
 
 namespace {
 
-std::string yesOrNo(bool flag) { return flag ? "yes" : "no"; }
+std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
 
-std::string inWords(const PlayerChange& change) {
+std::string describe(const PlayerChange& change) {
   using Kind = PlayerChange::Kind;
   const std::string number = decimal(change.number).toString();
   switch (change.kind) {
     case Kind::FilmOpened:
-      return "opens a film";
+      return "film opened";
     case Kind::PlayerName:
       return "player " + change.text;
     case Kind::FilmName:
@@ -26,21 +26,21 @@ std::string inWords(const PlayerChange& change) {
     case Kind::Position:
       return "position " + number;
     case Kind::Paused:
-      return "paused: " + yesOrNo(change.flag);
+      return "paused: " + yesOrNo(change.isOn);
     case Kind::Buffering:
-      return "waits for data: " + yesOrNo(change.flag);
+      return "buffering: " + yesOrNo(change.isOn);
     case Kind::SeekBegan:
-      return "seeks";
+      return "seek started";
     case Kind::SeekEnded:
-      return "plays on from " + number;
+      return "seek completed at " + number;
     case Kind::Volume:
       return "volume " + number;
     case Kind::Muted:
-      return "muted: " + yesOrNo(change.flag);
+      return "muted: " + yesOrNo(change.isOn);
     case Kind::Speed:
       return "speed " + number;
     case Kind::FullScreen:
-      return "full screen: " + yesOrNo(change.flag);
+      return "full screen: " + yesOrNo(change.isOn);
     case Kind::Bitrate:
       return "bitrate " + number;
     case Kind::FrameRate:
@@ -57,17 +57,17 @@ std::string inWords(const PlayerChange& change) {
   return {};
 }
 
-std::string inWords(const jx::JXVideoEvent& event) {
+std::string describe(const jx::JXVideoEvent& event) {
   const auto text = [](const std::optional<jx::JXDecimal>& number) {
     return number ? number->toString() : "?";
   };
-  std::string words = event.name().toStdString() + " at " + text(event.cursorPosition()) + " of " +
-                      text(event.totalLength());
+  std::string description = event.name().toStdString() + " at " + text(event.cursorPosition()) +
+                            " of " + text(event.totalLength());
   const auto* const playback = dynamic_cast<const jx::JXVideoPlaybackEvent*>(&event);
   if (playback != nullptr && playback->seekPosition()) {
-    words += ", to " + text(playback->seekPosition());
+    description += ", to " + text(playback->seekPosition());
   }
-  return words;
+  return description;
 }
 
 }  // namespace
@@ -76,14 +76,14 @@ Report::Report() : start_(std::chrono::steady_clock::now()) {}
 
 void Report::add(const PlayerChange& change, const PlaybackTranslator::Events& events) const {
   using Kind = PlayerChange::Kind;
-  const bool isNews =
+  const bool isPrinted =
       change.kind != Kind::Position && change.kind != Kind::Bitrate && change.kind != Kind::Left;
-  if (!isNews && events.empty()) return;
+  if (!isPrinted && events.empty()) return;
   const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start_;
-  std::string reported = inWords(change);
+  std::string reported = describe(change);
   if (events.empty()) std::printf("%7.3f  %s\n", time.count(), reported.c_str());
   for (const auto& event : events) {
-    std::printf("%7.3f  %-24s -> %s\n", time.count(), reported.c_str(), inWords(*event).c_str());
+    std::printf("%7.3f  %-24s -> %s\n", time.count(), reported.c_str(), describe(*event).c_str());
     reported.clear();
   }
   std::fflush(stdout);

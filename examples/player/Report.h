@@ -7,8 +7,8 @@
 #include "PlaybackTranslator.h"
 #include "PlayerChange.h"
 
-// Prints what the player reported beside the events that were made of it, with the seconds since
-// the start. A position, one for each picture of the film, is printed if an event came of it.
+// Prints the changes that the player reported and the resulting events, with the seconds since the
+// start. Positions, which are reported for each frame, are printed only with an event.
 class Report {
  public:
   Report();

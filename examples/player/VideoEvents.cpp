@@ -11,7 +11,7 @@ std::optional<jx::JXDecimal> ifKnown(const std::optional<double>& number) {
   return decimal(*number);
 }
 
-// What every video event says. Its session is an argument of its initialiser.
+// Sets the fields of all video events. The session is an argument of the initialiser.
 void describe(jx::JXVideoEvent& event, const FilmState& film) {
   event.setCursorPosition(decimal(film.position));
   event.setTotalLength(decimal(film.length.value_or(0)));
@@ -63,7 +63,7 @@ std::shared_ptr<jx::JXVideoSettingEvent> settingEvent(jx::EJXVideoSettingMode mo
   event->setFullScreen(film.fullScreen);
   event->setSound(sound(film));
   event->setImageQuality(imageQuality(film));
-  // A setting event asks for it, and a player measures it a second after a seek only.
+  // Setting events require it, and the player measures it only a second after a seek.
   event->setBitrate(decimal(film.bitrate.value_or(0)));
   event->setFramerate(ifKnown(film.frameRate));
   return event;

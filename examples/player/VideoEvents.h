@@ -8,7 +8,7 @@
 
 #include "jx/JXServerSide.h"
 
-// What is known of the film and the player at one moment. Positions and lengths are seconds.
+// State of the film and the player. Positions and lengths are in seconds.
 struct FilmState {
   std::string session;
   std::string player;
@@ -27,8 +27,8 @@ struct FilmState {
   std::optional<double> height;
 };
 
-// Events that say what the state says. A length that the player does not know, as of a live
-// stream, is told as 0: the video events count as complete with a length only.
+// Create events from the state. An unknown length, as of a live stream, is reported as 0, because
+// video events require a length.
 std::shared_ptr<jx::JXVideoPlaybackEvent> playbackEvent(jx::EJXVideoPlaybackMode mode,
                                                         const FilmState& film);
 std::shared_ptr<jx::JXVideoContentEvent> contentEvent(jx::EJXVideoContentMode mode,
@@ -36,5 +36,5 @@ std::shared_ptr<jx::JXVideoContentEvent> contentEvent(jx::EJXVideoContentMode mo
 std::shared_ptr<jx::JXVideoSettingEvent> settingEvent(jx::EJXVideoSettingMode mode,
                                                       const FilmState& film);
 
-// To the thousandth, which for seconds is finer than a frame.
+// Rounds to thousandths; for seconds that is finer than a frame.
 jx::JXDecimal decimal(double number);

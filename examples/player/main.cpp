@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Plays a film in mpv, or follows an mpv that plays already, and sends what happens as events.
+// Plays a film in mpv, or connects to a running mpv, and sends playback events.
 #include <iostream>
 #include <optional>
 #include <string>
@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::seconds kTimeout{10};
 
 struct Options {
   std::string host, caFile, storageFolder, socketPath, film;
@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
   try {
     std::optional<MpvProcess> own;
     if (options->socketPath.empty()) own.emplace(options->mpvOptions);
-    MpvConnection mpv(own ? own->socketPath() : options->socketPath, kPatience);
+    MpvConnection mpv(own ? own->socketPath() : options->socketPath, kTimeout);
     for (const std::string& command : mpvObservations())
       mpv.send(command);
     if (own) mpv.send(mpvCommand({"loadfile", options->film}));
@@ -78,5 +78,5 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (options->host.empty()) return 0;
-  return jx::JXNetworkManager::sharedInstance().flush(kPatience) ? 0 : 1;
+  return jx::JXNetworkManager::sharedInstance().flush(kTimeout) ? 0 : 1;
 }

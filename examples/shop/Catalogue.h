@@ -17,5 +17,5 @@ constexpr const char* kCurrency = "EUR";
 constexpr const char* kListName = "harbour shop";
 
 const std::vector<Article>& articles();
-// "24.90": amounts are counted in cents and never pass through binary floating point.
+// Formats cents as "24.90". Amounts are never converted to binary floating point.
 std::string price(int cents);

@@ -20,14 +20,14 @@ constexpr const char* kPlain = "\033[0m";
 
 using Lines = std::vector<std::string>;
 
-// Columns that a text takes: every character of ours is one wide.
+// Returns the number of columns of a string. Every character used here is one column wide.
 std::size_t widthOf(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
     return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u;
   }));
 }
 
-// `left` at the left edge and `right` at the right one.
+// Aligns `left` to the left and `right` to the right edge.
 std::string spread(const std::string& left, const std::string& right) {
   const std::size_t used = widthOf(left) + widthOf(right);
   return left + std::string(used < kWidth ? kWidth - used : 1, ' ') + right;
@@ -77,7 +77,7 @@ Lines cartLines(const Shop& shop) {
   return lines;
 }
 
-// The beam turns with the film.
+// The beam moves with the position of the film.
 Lines playerLines(const Shop& shop) {
   const Film& film = shop.film();
   const bool isLeft = film.position % 2 == 0;

@@ -6,6 +6,6 @@
 
 #include "Shop.h"
 
-// The page as text for a terminal of 80 by 24, with colours. `sent` are the names of the events of
-// the last key.
+// Draws the page for a terminal of 80 by 24 characters, with colours. `sent` contains the names of
+// the events of the last key.
 std::string drawPage(const Shop& shop, const std::string& sent);

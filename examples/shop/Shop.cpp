@@ -17,7 +17,7 @@ struct PageName {
   const char* name;
 };
 
-// By the values of Page.
+// Indexed by Page.
 constexpr PageName kPageNames[] = {
     {"landing", "home"},   {"list", "catalogue"},   {"article", "article"},
     {"checkout", "cart"},  {"checkout", "payment"}, {"confirmation", "thanks"},
@@ -34,7 +34,7 @@ constexpr Method kMethods[] = {{"Card", jx::EJXPayementMethod_CARD},
 
 constexpr int kSeekStep = 10;
 
-// Unique enough for an order and for a video session of an example.
+// Sufficiently unique for orders and video sessions of an example.
 std::string newId(const std::string& prefix) {
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   return prefix +
@@ -224,7 +224,7 @@ void Shop::seek(int seconds) {
   film_ = {};
 }
 
-// A film that is left in the middle ends with a pause.
+// Sends a pause for a film that is left before its end.
 void Shop::stop() {
   if (film_.running) sendVideo(jx::EJXVideoPlaybackMode_PAUSE);
   film_ = {};

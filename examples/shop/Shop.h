@@ -14,10 +14,10 @@ enum class Key { Up, Down, Left, Right, Ok, Back, Play, Quit };
 
 enum class Page { Home, Catalogue, Article, Cart, Payment, Thanks, Player };
 
-// What can be chosen on a page.
+// A selectable line of a page.
 struct Line {
   std::string label;
-  int cents = -1;  // none when negative
+  int cents = -1;  // no price if negative
 };
 
 struct Film {
@@ -29,24 +29,25 @@ struct Film {
 constexpr int kFilmLength = 90;
 constexpr const char* kFilmTitle = "The Last Lighthouse (trailer)";
 
-// The application without its terminal: what page is shown, what is in the cart, and which events
-// a key gives. Not a thread and no clock of its own.
+// The application without its terminal: the current page, the cart, and the events of each key.
+// Uses neither threads nor a clock.
 class Shop {
  public:
   using Events = std::vector<std::shared_ptr<jx::JXEvent>>;
 
-  // What the application says before a key is pressed.
+  // Returns the events of the start, before a key is pressed.
   Events start();
+  // Handles a key and returns its events.
   Events press(Key key);
-  // A second of the film has passed.
+  // Advances the film by one second and returns its events.
   Events second();
 
   Page page() const { return page_; }
   bool hasEnded() const { return ended_; }
-  // The line of the page that is chosen, counted from 0.
+  // Index of the selected line of the page.
   std::size_t chosen() const { return chosen_; }
   std::vector<Line> lines() const;
-  // The article that is looked at.
+  // Index of the current article.
   std::size_t article() const { return article_; }
   int cartCount() const;
   int cartCents() const;

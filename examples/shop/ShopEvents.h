@@ -9,7 +9,7 @@
 
 #include "jx/JXServerSide.h"
 
-// The events of the shop, filled from what it knows. `cart` holds quantities by article.
+// Functions that create the events of the shop. A cart contains quantities by article.
 using Cart = std::map<std::size_t, int>;
 
 int centsOf(const Cart& cart);

@@ -14,7 +14,8 @@ namespace {
 constexpr const char* kEnter = "\033[?1049h\033[?25l";
 constexpr const char* kLeave = "\033[?25h\033[?1049l";
 
-// A signal handler may do little; a byte in a pipe wakes the loop, which then ends as always.
+// A signal handler may call few functions; a byte in a pipe wakes the loop, which then ends
+// normally.
 int signalPipe[2] = {-1, -1};
 
 void onSignal(int) { [[maybe_unused]] const ssize_t ignored = ::write(signalPipe[1], "!", 1); }
@@ -24,7 +25,7 @@ struct Sequence {
   Key key;
 };
 
-// Longer ones first.
+// Longer sequences first.
 constexpr Sequence kSequences[] = {
     {"\033[A", Key::Up}, {"\033[B", Key::Down}, {"\033[C", Key::Right}, {"\033[D", Key::Left},
     {"\033OA", Key::Up}, {"\033OB", Key::Down}, {"\033OC", Key::Right}, {"\033OD", Key::Left},
@@ -44,7 +45,7 @@ Terminal::Terminal() : drawsPages_(::isatty(STDOUT_FILENO) == 1) {
   termios settings{};
   if (::tcgetattr(STDIN_FILENO, &settings) == 0) {
     before_ = settings;
-    // Keys at once and unseen; Ctrl-C still ends the program.
+    // Unbuffered input without echo; Ctrl-C still ends the program.
     settings.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
     ::tcsetattr(STDIN_FILENO, TCSANOW, &settings);
   }
@@ -67,7 +68,7 @@ void Terminal::write(const std::string& text) {
 
 Terminal::Input Terminal::wait(bool ticks, Key& key) {
   for (;;) {
-    if (const std::optional<Key> next = takeKey()) {
+    if (const std::optional<Key> next = nextKey()) {
       key = *next;
       return Input::Key;
     }
@@ -83,8 +84,8 @@ Terminal::Input Terminal::wait(bool ticks, Key& key) {
   }
 }
 
-// Bytes that are no key are passed over; the beginning of one waits for its rest.
-std::optional<Key> Terminal::takeKey() {
+// Skips bytes that do not form a key. An incomplete sequence waits for the remaining bytes.
+std::optional<Key> Terminal::nextKey() {
   while (!bytes_.empty()) {
     bool isBeginning = false;
     for (const Sequence& sequence : kSequences) {

@@ -9,8 +9,8 @@
 
 #include "Shop.h"
 
-// The terminal as a television: whole screen, no cursor, one key at a time. What it changed it
-// changes back when it goes. Where input or output is no terminal, that side stays as it is.
+// A full-screen terminal without a cursor that reads single keys. The destructor restores the
+// settings. If input or output is not a terminal, it is not changed.
 class Terminal {
  public:
   Terminal();
@@ -19,15 +19,15 @@ class Terminal {
   Terminal& operator=(const Terminal&) = delete;
 
   enum class Input { Key, Second, Ended };
-  // Waits for a key, for the next second to pass when `ticks`, or for the end: of the input, or by
-  // SIGINT, SIGTERM, SIGHUP.
+  // Waits for a key, for one second if `ticks`, or for the end: end of input, SIGINT, SIGTERM or
+  // SIGHUP.
   Input wait(bool ticks, Key& key);
 
   bool drawsPages() const { return drawsPages_; }
   static void write(const std::string& text);
 
  private:
-  std::optional<Key> takeKey();
+  std::optional<Key> nextKey();
 
   bool drawsPages_;
   std::optional<termios> before_;

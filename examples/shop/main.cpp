@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// A television's shop in a terminal. Each key does what it would do there, and sends the events
-// that a real application would send.
+// A TV shop in a terminal. Each key acts like a key of a remote control and sends the events that a
+// real application would send.
 #include <iostream>
 #include <string>
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-// Executes the events and gives their names.
+// Executes the events and returns their names.
 std::string execute(jx::ServerSide& serverSide, const Shop::Events& events) {
   std::string names;
   for (const auto& event : events) {
@@ -27,7 +27,7 @@ void run(jx::ServerSide& serverSide) {
   Shop shop;
   Terminal terminal;
   std::string sent;
-  const auto tell = [&](const Shop::Events& events) {
+  const auto update = [&](const Shop::Events& events) {
     const std::string names = execute(serverSide, events);
     if (!names.empty()) sent = names;
     if (terminal.drawsPages()) {
@@ -36,11 +36,11 @@ void run(jx::ServerSide& serverSide) {
       Terminal::write(names + "\n");
     }
   };
-  tell(shop.start());
+  update(shop.start());
   while (!shop.hasEnded()) {
     Key key = Key::Quit;
     const Terminal::Input input = terminal.wait(shop.film().running, key);
-    tell(input == Terminal::Input::Second ? shop.second() : shop.press(key));
+    update(input == Terminal::Input::Second ? shop.second() : shop.press(key));
   }
 }
 
@@ -49,13 +49,13 @@ void run(jx::ServerSide& serverSide) {
 // shop [HOST [CA_FILE [STORAGE_FOLDER]]]
 int main(int argc, char** argv) {
   jx::JXCoreConfiguration configuration;
-  configuration.dryRun = argc < 2;  // without a host nothing is sent
+  configuration.dryRun = argc < 2;  // nothing is sent without HOST
   if (argc > 1) configuration.collectionHost = argv[1];
   if (argc > 2) configuration.caFile = argv[2];
   if (argc > 3) configuration.storageFolder = argv[3];
   configuration.bundle.name = "Harbour TV";
   configuration.bundle.shortVersion = "1.0";
-  configuration.logLevel = 0;  // a line on standard error would lie across the picture
+  configuration.logLevel = 0;  // log messages would overwrite the screen
   jx::JXCoreConfiguration::set(configuration);
   const auto serverSide = jx::ServerSide::initWithSiteID_andSourceKey(1, "source-key");
 

@@ -4,31 +4,33 @@
 #define JX_C_JX_H
 
 /// @file
-/// The whole library for programs written in C, and for languages that call C. C99; C++ may include
-/// it too. docs/c.md is the guide.
+/// The complete C interface of the library, for C programs and for languages that call C. C99; may
+/// be included from C++. docs/c.md is the guide.
 ///
-/// Ownership. What a `..._create` gives belongs to the caller, who ends it once with the `..._free`
-/// of its type. No other operation takes ownership: an item that is added to an event, and a
-/// product that is set into an item, are copied as they stand at that moment, and `jx_execute`
-/// leaves the event to the caller, who may change and execute it again. Texts that are handed in
-/// are copied. Texts that come out are written into a buffer of the caller's. A pointer that stays
-/// valid longer says so.
+/// Ownership. The caller owns every handle that a `..._create` function returns and frees it once
+/// with the `..._free` function of its type. No other function takes ownership. Adding an item to
+/// an event, or setting the product of an item, copies it at that moment. `jx_execute` leaves the
+/// event with the caller, who may change it and execute it again. Input strings are copied. Output
+/// strings are written to a buffer of the caller. Pointers that stay valid longer are documented at
+/// the function that returns them.
 ///
-/// Handles are tokens, not addresses: they are looked up and never followed, and none is given
-/// twice in one process. So null, a freed handle, one of another type and any other pointer are
-/// told by a status, in every build, and touch no memory. `free` of null does nothing.
+/// Handles are tokens, not addresses. They are looked up and never dereferenced, and no token is
+/// reused within a process. Null, a freed handle, a handle of another type and any other pointer
+/// are therefore reported by a status, in every build, without touching memory. Freeing null does
+/// nothing.
 ///
-/// Errors. Every operation that can fail returns a `jx_status` and changes nothing when it is not
-/// JX_OK. What is wrong is also a line in the log, at level 3, and `jx_error_detail()`. No
-/// exception leaves the library, whatever it is built with.
+/// Errors. Every function that can fail returns a `jx_status` and changes nothing unless it returns
+/// JX_OK. `jx_error_detail()` describes the error, which is also logged at level 3, except for
+/// expected results such as JX_ERROR_NOT_SET. No exception leaves the library, however it is built.
 ///
-/// Texts end at their NUL. A null text is absent, which differs from "": an absent field is left
-/// out of the event. Bytes that are not UTF-8 are taken, as in C++, and stand in the event as
-/// U+FFFD; only a text that is itself JSON must be UTF-8.
+/// Strings are NUL-terminated. Null differs from "": a field that is null is omitted from the
+/// event. As in C++, bytes that are not UTF-8 are accepted and are written to the event as U+FFFD;
+/// only a string that is itself JSON must be UTF-8.
 ///
-/// Threads. A `jx_server_side` belongs to the thread that made it; a `jx_object` to one thread at a
-/// time. Everything else may be called on any thread. Handles may be freed on any thread, also
-/// while another one uses them: that call ends well. Callbacks say who calls them.
+/// Threads. A `jx_server_side` belongs to the thread that created it; a `jx_object` to one thread
+/// at a time. All other functions may be called on any thread. A handle may be freed on any thread,
+/// even while another thread uses it: that call completes normally. Each callback type documents
+/// the thread that calls it.
 
 #include "jx/c/jx_catalogue.h"
 #include "jx/c/jx_configuration.h"

@@ -27,16 +27,16 @@ static_assert(static_cast<int>(JXFieldKind::Enumeration) == JX_KIND_ENUM);
 static_assert(static_cast<int>(JXFieldKind::Items) == JX_KIND_ITEMS);
 static_assert(static_cast<int>(JXFieldKind::Product) == JX_KIND_PRODUCT);
 
-// A list of texts as C wants it; the texts are constants with a NUL behind them.
-std::vector<const char*> pointers(const std::vector<std::string_view>& texts) {
+// Returns a C array of strings. The strings are NUL-terminated constants.
+std::vector<const char*> pointers(const std::vector<std::string_view>& strings) {
   std::vector<const char*> list;
-  list.reserve(texts.size());
-  for (const std::string_view text : texts)
-    list.push_back(text.data());
+  list.reserve(strings.size());
+  for (const std::string_view string : strings)
+    list.push_back(string.data());
   return list;
 }
 
-// A class with the memory that it points to.
+// A class and the memory that its pointers refer to.
 struct Entry {
   jx_class type = {};
   std::vector<jx_field> fields;
@@ -47,7 +47,7 @@ struct Entry {
   void addFields(const jx::JXFieldTable& table, bool isWritten) {
     for (const jx::JXFieldInfo& field : table.fields()) {
       members.push_back(pointers(field.enumStrings.allEnumerators()));
-      // A vector that moves keeps its memory.
+      // Moving a vector does not move its elements, so the pointers stay valid.
       fields.push_back({field.property.data(), field.key.data(), static_cast<jx_kind>(field.kind),
                         isWritten, members.back().data(), members.back().size()});
     }
@@ -101,10 +101,10 @@ class Catalogue {
   std::vector<std::unique_ptr<Entry>> entries_;
 };
 
-// Made when it is first asked for, never destroyed.
+// Created on first use, never destroyed.
 const Catalogue& catalogue() {
-  static const auto& made = *new Catalogue();
-  return made;
+  static const auto& instance = *new Catalogue();
+  return instance;
 }
 
 }  // namespace

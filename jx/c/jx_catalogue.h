@@ -12,7 +12,7 @@
 extern "C" {
 #endif
 
-/// What a field holds, and so which operation sets it.
+/// Type of a field. It determines the function that sets the field.
 typedef enum jx_kind {
   JX_KIND_STRING = 0,            ///< `jx_object_set_string`
   JX_KIND_NUMBER = 1,            ///< `jx_object_set_number`, `_integer`, `_double`
@@ -25,33 +25,33 @@ typedef enum jx_kind {
   JX_KIND_PRODUCT = 8            ///< `jx_object_set_product`
 } jx_kind;
 
-/// One field of a class.
+/// Describes one field of a class.
 typedef struct jx_field {
-  const char* property;        ///< "paymentMethod"
-  const char* key;             ///< where it stands in JSON: "payment_method"
-  jx_kind kind;                ///< what it holds, and so which operation sets it
-  bool is_written;             ///< false: it may be set, and no JSON of this very class shows it
-  const char* const* members;  ///< names of an enumeration's members, by their numbers
-  size_t member_count;         ///< how many `members` there are
+  const char* property;        ///< name of the property: "paymentMethod"
+  const char* key;             ///< JSON key: "payment_method"
+  jx_kind kind;                ///< type of the value; determines the function that sets it
+  bool is_written;             ///< false: settable, but not part of the JSON of this class
+  const char* const* members;  ///< names of the enumerators, indexed by their values
+  size_t member_count;         ///< number of `members`
 } jx_field;
 
-/// One class: what it is called, and its own fields behind those of its base.
+/// Describes one class: its names, and its own fields. The fields of `base` precede them in JSON.
 typedef struct jx_class {
   const char* name;                ///< "JXPurchaseEvent"
   const struct jx_class* base;     ///< null for JXEvent, JXItem and JXProduct
   bool is_event;                   ///< false for JXItem and JXProduct
-  const jx_field* fields;          ///< its own fields, in writing order
-  size_t field_count;              ///< how many `fields` there are
-  const char* const* event_names;  ///< what its events are called; one for each mode
-  size_t event_name_count;         ///< how many `event_names` there are
-  const char* const* modes;        ///< in step with `event_names`; none for a class without modes
-  size_t mode_count;               ///< how many `modes` there are
+  const jx_field* fields;          ///< its own fields, in the order in which they are written
+  size_t field_count;              ///< number of `fields`
+  const char* const* event_names;  ///< names of its events; one for each mode
+  size_t event_name_count;         ///< number of `event_names`
+  const char* const* modes;        ///< parallel to `event_names`; empty for a class without modes
+  size_t mode_count;               ///< number of `modes`
 } jx_class;
 
-/// The classes, from 0: the events, bases first, then JXItem and JXProduct. Null beyond the last.
-/// What it points to is constant.
+/// Returns the class at `index`, counted from 0: the events, bases first, then JXItem and
+/// JXProduct. Returns null if `index` is out of range. The result is constant.
 JX_API const jx_class* jx_class_at(size_t index);
-/// The class of this name; null when there is none.
+/// Returns the class named `name`, or null if `name` is null or unknown. The result is constant.
 JX_API const jx_class* jx_class_named(const char* name);
 
 #ifdef __cplusplus

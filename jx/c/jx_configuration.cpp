@@ -49,18 +49,18 @@ jx_configuration defaults() {
   return c;
 }
 
-// Where a number of C has more bits than ours.
-std::size_t held(std::uint64_t value) {
-  constexpr std::uint64_t kMost = std::numeric_limits<std::size_t>::max();
-  return static_cast<std::size_t>(value < kMost ? value : kMost);
+// std::size_t may be narrower than the C type.
+std::size_t clampToSize(std::uint64_t value) {
+  constexpr std::uint64_t kMax = std::numeric_limits<std::size_t>::max();
+  return static_cast<std::size_t>(value < kMax ? value : kMax);
 }
 
 void readBounds(const jx_configuration& c, jx::JXOutboxBounds& bounds) {
-  bounds.maxRequests = held(c.max_requests);
+  bounds.maxRequests = clampToSize(c.max_requests);
   bounds.maxBytes = c.max_bytes;
   bounds.maxAge = milliseconds(c.max_age_ms);
-  bounds.maxDeadLetters = held(c.max_dead_letters);
-  bounds.maxInMemory = held(c.max_in_memory);
+  bounds.maxDeadLetters = clampToSize(c.max_dead_letters);
+  bounds.maxInMemory = clampToSize(c.max_in_memory);
 }
 
 void readTimings(const jx_configuration& c, jx::JXRetryTimings& timings) {
@@ -96,8 +96,8 @@ void readCallbacks(const jx_configuration& c, jx::JXCoreConfiguration& configura
   if (c.on_delivery != nullptr) {
     configuration.onDelivery = [callback = c.on_delivery,
                                 context = c.on_delivery_context](const jx::JXDelivery& delivery) {
-      const jx_delivery told = inC(delivery);
-      callback(context, &told);
+      const jx_delivery converted = inC(delivery);
+      callback(context, &converted);
     };
   }
   configuration.clock.reset();
@@ -110,10 +110,10 @@ Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
   configuration.caFile = c.ca_file;
   configuration.pinnedPublicKeys.clear();
   if (c.pinned_public_keys == nullptr && c.pinned_public_key_count != 0) {
-    return {JX_ERROR_NULL_ARGUMENT, "pinned_public_keys is null"};
+    return {JX_ERROR_NULL_ARGUMENT, "pinned_public_keys must not be null"};
   }
   for (size_t i = 0; i < c.pinned_public_key_count; ++i) {
-    // Left out, a key would pin nothing; as a text that is no key it is told of and matches none.
+    // Omitting a null key could disable pinning. An empty string is logged and matches no key.
     const char* const key = c.pinned_public_keys[i];
     configuration.pinnedPublicKeys.emplace_back(key != nullptr ? key : "");
   }
@@ -149,11 +149,11 @@ jx_status jx_configure(const jx_configuration* configuration) {
   return jx::c::call(__func__, [&]() -> Result {
     if (configuration == nullptr) return JX_ERROR_NULL_ARGUMENT;
     if (!isKnownSize(configuration->struct_size)) return JX_ERROR_STRUCT_SIZE;
-    // What an older program does not know keeps its default.
-    jx_configuration whole = defaults();
-    std::memcpy(&whole, configuration, configuration->struct_size);
+    // Fields that an older program does not have keep their defaults.
+    jx_configuration complete = defaults();
+    std::memcpy(&complete, configuration, configuration->struct_size);
     jx::JXCoreConfiguration wanted = jx::JXCoreConfiguration::current();
-    Result result = read(whole, wanted);
+    Result result = read(complete, wanted);
     if (result.status != JX_OK) return result;
     return jx::JXCoreConfiguration::set(wanted) ? JX_OK : JX_ERROR_TOO_LATE;
   });

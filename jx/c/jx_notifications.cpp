@@ -21,7 +21,8 @@ class CObserver final : public jx::IJXEventListenerDelegate {
     listener_->setParent(this);
     listener_->listen(name);
   }
-  // Waits for a call that is under way on another thread. The host cannot hold the listener.
+  // Waits for a call in progress on another thread. The application has no reference to the
+  // listener.
   ~CObserver() override { listener_.reset(); }
   CObserver(const CObserver&) = delete;
   CObserver& operator=(const CObserver&) = delete;
@@ -30,7 +31,7 @@ class CObserver final : public jx::IJXEventListenerDelegate {
     const jx::JXString name = notification.name;
     const bool hasInfo = notification.userInfo.isPresent();
     const std::string info = hasInfo ? jx::c::jsonText(notification.userInfo) : std::string();
-    // The last use of this object, which the handler may end.
+    // The last use of this object, because the handler may free it.
     handler_(context_, name.c_str(), hasInfo ? info.c_str() : nullptr);
   }
   std::shared_ptr<jx::JXEventListener> listenerDelegate() const override { return listener_; }
@@ -65,7 +66,7 @@ jx_status jx_post_notification(const char* name, const char* user_info_json) {
     Result result = jx::c::readJson(user_info_json, info);
     if (result.status != JX_OK) return result;
     if (info.isPresent() && info.kind() != jx::JXJsonValue::Kind::Object) {
-      return {JX_ERROR_INVALID_JSON, "user_info_json is no object"};
+      return {JX_ERROR_INVALID_JSON, "user_info_json must be a JSON object"};
     }
     jx::JXNotificationCenter::defaultCenter()->postNotification({name, nullptr, info.object()});
     return JX_OK;

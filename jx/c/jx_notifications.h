@@ -9,25 +9,26 @@
 extern "C" {
 #endif
 
-/// One who hears notifications of one name.
+/// An observer of the notifications of one name.
 typedef struct jx_observer jx_observer;
 
-/// Called on the thread that posts. `user_info_json` is an object, null when nothing goes with the
-/// notification; both texts are valid during the call. May call every operation, and free its own
-/// observer.
+/// Receives a notification. Called on the thread that posts it. `user_info_json` is a JSON object,
+/// or null if the notification carries no data. Both strings are valid during the call. May call
+/// every function, and may free its own observer.
 typedef void (*jx_notification_handler)(void* context, const char* name,
                                         const char* user_info_json);
 
-/// Calls `handler` with each notification of that name, wherever the library or the host posts it;
-/// the names stand in jx/c/events/jx_names.h. A request that is handed to the core is one:
-/// JXNotification_HTTPRequest.
+/// Creates an observer in `*observer`, which calls `handler` for each notification named `name`,
+/// whether the library or the application posts it. jx/c/events/jx_names.h lists the names. Each
+/// request that is passed to the core is posted as JXNotification_HTTPRequest. On an error
+/// `*observer` is null.
 JX_API jx_status jx_observer_create(const char* name, jx_notification_handler handler,
                                     void* context, jx_observer** observer);
-/// Ends the calls. When this returns no call is under way on another thread, so the context may go.
-/// Null does nothing.
+/// Stops the calls and frees the observer. When it returns, no call is in progress on another
+/// thread, so the context may be freed. Null does nothing.
 JX_API jx_status jx_observer_free(jx_observer* observer);
-/// Posts a notification on the default centre; `user_info_json` is a JSON object or null. Returns
-/// when every observer was called.
+/// Posts a notification on the default notification centre. `user_info_json` is a JSON object or
+/// null. Returns after all observers were called.
 JX_API jx_status jx_post_notification(const char* name, const char* user_info_json);
 
 #ifdef __cplusplus

@@ -31,29 +31,53 @@ bool isClass(std::string_view name) {
   return name == "JXItem" || name == "JXProduct" || jx::eventClassNamed(name) != nullptr;
 }
 
-// The field of a name with or without its class.
+// Finds a field by its property, with or without its class.
 Result findField(const JXCObject& object, const char* name, const JXFieldInfo*& field) {
-  if (name == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the field's name is null"};
+  if (name == nullptr) return {JX_ERROR_NULL_ARGUMENT, "field must not be null"};
   std::string_view property = name;
   if (const std::size_t dot = property.find('.'); dot != std::string_view::npos) {
     const std::string_view type = property.substr(0, dot);
     property.remove_prefix(dot + 1);
-    if (!isClass(type)) return {JX_ERROR_UNKNOWN_CLASS, jx::c::quoted(name) + " names no class"};
+    if (!isClass(type))
+      return {JX_ERROR_UNKNOWN_CLASS, jx::c::quoted(name) + " does not name a known class"};
     if (!object.isOf(type)) {
       return {JX_ERROR_WRONG_CLASS,
-              jx::c::quoted(name) + " is no field of a " + object.className()};
+              jx::c::quoted(name) + " is not a field of " + object.className()};
     }
   }
   field = object.fieldOf(property);
   if (field != nullptr) return JX_OK;
-  return {JX_ERROR_UNKNOWN_FIELD, jx::c::quoted(name) + " is no field of " + object.className()};
+  return {JX_ERROR_UNKNOWN_FIELD, jx::c::quoted(name) + " is not a field of " + object.className()};
 }
 
-Result wrongType(const char* field, const std::string& words) {
-  return {JX_ERROR_WRONG_TYPE, std::string(field) + " " + words};
+Result wrongType(const char* field, const std::string& message) {
+  return {JX_ERROR_WRONG_TYPE, std::string(field) + " " + message};
 }
 
-// Finds the field, which must hold one of `kinds` (none: any), and hands it to `body`.
+const char* ruleOf(JXFieldKind kind) {
+  switch (kind) {
+    case JXFieldKind::String:
+      return "must be a string";
+    case JXFieldKind::Number:
+      return "must be a number";
+    case JXFieldKind::Boolean:
+      return "must be a Boolean";
+    case JXFieldKind::Strings:
+    case JXFieldKind::NumberedStrings:
+      return "must be a list of strings";
+    case JXFieldKind::Values:
+      return "must be a JSON array";
+    case JXFieldKind::Enumeration:
+      return "must be a value of its enumeration";
+    case JXFieldKind::Items:
+      return "must be a list of items";
+    case JXFieldKind::Product:
+      return "must be a product";
+  }
+  return "has another type";
+}
+
+// Finds the field, whose type must be one of `kinds` (empty: any), and passes it to `body`.
 template <typename Body>
 jx_status onField(const char* operation, jx_object* object, const char* name,
                   std::initializer_list<JXFieldKind> kinds, const Body& body) {
@@ -62,7 +86,7 @@ jx_status onField(const char* operation, jx_object* object, const char* name,
     Result result = findField(found, name, field);
     if (result.status != JX_OK) return result;
     if (kinds.size() != 0 && std::find(kinds.begin(), kinds.end(), field->kind) == kinds.end()) {
-      return wrongType(name, "holds values of another type");
+      return wrongType(name, ruleOf(field->kind));
     }
     return body(found, *field);
   });
@@ -70,25 +94,29 @@ jx_status onField(const char* operation, jx_object* object, const char* name,
 
 Result set(JXCObject& object, const char* name, const JXFieldInfo& field,
            const JXJsonValue& value) {
-  const std::string wrong = object.set(field, value);
-  return wrong.empty() ? Result(JX_OK) : wrongType(name, wrong);
+  const std::string error = object.set(field, value);
+  return error.empty() ? Result(JX_OK) : wrongType(name, error);
 }
 
-// `make` gives the value: inside the call, because a long text needs memory.
-template <typename Make>
+// `create` returns the value. It runs inside the call because a long string allocates memory.
+template <typename Create>
 jx_status setValue(const char* operation, jx_object* object, const char* name, JXFieldKind kind,
-                   const Make& make) {
+                   const Create& create) {
   return onField(operation, object, name, {kind}, [&](JXCObject& found, const JXFieldInfo& field) {
-    return set(found, name, field, make());
+    return set(found, name, field, create());
   });
 }
 
-template <typename Make>
-jx_status setDecimal(const char* operation, jx_object* object, const char* name, const Make& make) {
+template <typename Create>
+jx_status setDecimal(const char* operation, jx_object* object, const char* name,
+                     const Create& create) {
   return onField(operation, object, name, {JXFieldKind::Number},
                  [&](JXCObject& found, const JXFieldInfo& field) {
-                   const jx::JXDecimal number = make();
-                   if (number.isNaN()) return Result(JX_ERROR_INVALID_NUMBER);
+                   const jx::JXDecimal number = create();
+                   if (number.isNaN()) {
+                     return Result(JX_ERROR_INVALID_NUMBER,
+                                   std::string(name) + " must be a finite decimal number");
+                   }
                    return set(found, name, field, number);
                  });
 }
@@ -98,20 +126,21 @@ jx_status createEvent(const char* operation, const char* className, const uint32
   return jx::c::call(operation, [&]() -> Result {
     if (event == nullptr) return JX_ERROR_NULL_ARGUMENT;
     *event = nullptr;
-    if (className == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the class's name is null"};
+    if (className == nullptr) return {JX_ERROR_NULL_ARGUMENT, "class_name must not be null"};
     const jx::JXEventClass* const type = jx::eventClassNamed(className);
     if (type == nullptr) {
-      return {JX_ERROR_UNKNOWN_CLASS, jx::c::quoted(className) + " is no event class"};
+      return {JX_ERROR_UNKNOWN_CLASS, jx::c::quoted(className) + " is not an event class"};
     }
     const bool isMode = mode != nullptr && *mode < type->modes.size();
     if (mode != nullptr ? !isMode : !type->modes.empty()) {
       return {JX_ERROR_UNKNOWN_ENUMERATOR,
-              mode == nullptr ? "the class needs a mode"
-                              : std::to_string(*mode) + " is no mode of " + className};
+              mode == nullptr ? std::string(className) + " requires a mode"
+                              : std::to_string(*mode) + " is not a mode of " + className};
     }
-    auto made = type->create(mode != nullptr ? static_cast<int>(*mode) : 0, text);
-    // As the base that the look-up expects.
-    std::shared_ptr<JXCObject> object = std::make_shared<jx::c::JXCEvent>(*type, std::move(made));
+    auto created = type->create(mode != nullptr ? static_cast<int>(*mode) : 0, text);
+    // The look-up casts to the base class.
+    std::shared_ptr<JXCObject> object =
+        std::make_shared<jx::c::JXCEvent>(*type, std::move(created));
     return jx::c::give(JXHandleKind::Object, std::move(object), event);
   });
 }
@@ -126,22 +155,24 @@ jx_status createBlock(const char* operation, jx_object** block) {
   });
 }
 
-// The values of an item or a product that is to be copied.
-Result valuesOf(const jx_object* handle, const char* className, std::shared_ptr<void>& kept) {
-  const jx_status status = jx::JXHandles::sharedInstance().find(handle, JXHandleKind::Object, kept);
+// Finds the item or product to copy.
+Result findBlock(const jx_object* handle, const char* className, const char* argument,
+                 std::shared_ptr<void>& block) {
+  const jx_status status =
+      jx::JXHandles::sharedInstance().find(handle, JXHandleKind::Object, block);
   if (status != JX_OK) return status;
-  const JXCObject& object = *static_cast<const JXCObject*>(kept.get());
+  const JXCObject& object = *static_cast<const JXCObject*>(block.get());
   if (object.isOf(className)) return JX_OK;
   return {JX_ERROR_WRONG_CLASS,
-          std::string("a ") + object.className() + " is given where a " + className + " is wanted"};
+          std::string(argument) + " must be a " + className + ", not a " + object.className()};
 }
 
-// `read` reads the value; an absent one adds nothing.
+// `read` reads the value; null adds nothing.
 template <typename Read>
 jx_status addParameter(const char* operation, jx_object* object, const char* key,
                        const Read& read) {
   return onObject(operation, object, [&](JXCObject& found) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
+    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     JXJsonValue value;
     Result result = read(value);
     if (result.status == JX_OK && value.isPresent()) found.addParameter(key, value);
@@ -199,47 +230,48 @@ jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value
 }
 
 jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value) {
-  return onField(
-      __func__, object, field, {JXFieldKind::Enumeration},
-      [&](JXCObject& found, const JXFieldInfo& info) -> Result {
-        if (value >= info.enumStrings.count) {
-          return {JX_ERROR_UNKNOWN_ENUMERATOR, std::to_string(value) + " is no member of " + field};
-        }
-        return set(found, field, info, info.enumStrings.members[value]);
-      });
+  return onField(__func__, object, field, {JXFieldKind::Enumeration},
+                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
+                   if (value >= info.enumStrings.count) {
+                     return {JX_ERROR_UNKNOWN_ENUMERATOR,
+                             std::to_string(value) + " is not a value of " + field};
+                   }
+                   return set(found, field, info, info.enumStrings.enumerators[value]);
+                 });
 }
 
-jx_status jx_object_set_strings(jx_object* object, const char* field, const char* const* texts,
+jx_status jx_object_set_strings(jx_object* object, const char* field, const char* const* strings,
                                 size_t count) {
-  return onField(__func__, object, field, {JXFieldKind::Strings, JXFieldKind::NumberedStrings},
-                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
-                   if (texts == nullptr) return set(found, field, info, JXJsonValue());
-                   JXJsonArray list;
-                   for (size_t i = 0; i < count; ++i) {
-                     list.append(texts[i] != nullptr ? JXJsonValue(texts[i]) : JXJsonValue::null());
-                   }
-                   return set(found, field, info, list);
-                 });
+  return onField(
+      __func__, object, field, {JXFieldKind::Strings, JXFieldKind::NumberedStrings},
+      [&](JXCObject& found, const JXFieldInfo& info) -> Result {
+        if (strings == nullptr) return set(found, field, info, JXJsonValue());
+        JXJsonArray list;
+        for (size_t i = 0; i < count; ++i) {
+          list.append(strings[i] != nullptr ? JXJsonValue(strings[i]) : JXJsonValue::null());
+        }
+        return set(found, field, info, list);
+      });
 }
 
 jx_status jx_object_set_product(jx_object* object, const char* field, const jx_object* product) {
   return onField(__func__, object, field, {JXFieldKind::Product},
                  [&](JXCObject& found, const JXFieldInfo& info) -> Result {
                    if (product == nullptr) return set(found, field, info, JXJsonValue());
-                   std::shared_ptr<void> kept;
-                   Result result = valuesOf(product, "JXProduct", kept);
+                   std::shared_ptr<void> block;
+                   Result result = findBlock(product, "JXProduct", "product", block);
                    if (result.status != JX_OK) return result;
-                   return set(found, field, info, static_cast<JXCObject*>(kept.get())->values());
+                   return set(found, field, info, static_cast<JXCObject*>(block.get())->values());
                  });
 }
 
 jx_status jx_object_add_item(jx_object* object, const char* field, const jx_object* item) {
   return onField(__func__, object, field, {JXFieldKind::Items},
                  [&](JXCObject& found, const JXFieldInfo& info) -> Result {
-                   std::shared_ptr<void> kept;
-                   Result result = valuesOf(item, "JXItem", kept);
+                   std::shared_ptr<void> block;
+                   Result result = findBlock(item, "JXItem", "item", block);
                    if (result.status != JX_OK) return result;
-                   return found.addItem(info, *static_cast<JXCObject*>(kept.get()));
+                   return found.addItem(info, *static_cast<JXCObject*>(block.get()));
                  });
 }
 

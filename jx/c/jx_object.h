@@ -13,83 +13,86 @@
 extern "C" {
 #endif
 
-/// An event, an item or a product: an object of a class, with fields and parameters. The headers
-/// below jx/c/events have an operation for each class and each field; those here take their names,
-/// for programs that bring the names from elsewhere.
+/// An event, an item or a product: an object of a class, with fields and parameters. The headers in
+/// jx/c/events declare a function for each class and each field. The functions of this header
+/// identify classes and fields by name, for programs that obtain the names at run time.
 typedef struct jx_object jx_object;
 
-/// A new event as the class's initialiser makes it, in `*event`. `class_name` is any event class,
-/// the bases included: "JXPurchaseEvent". A class with modes needs one and gives
-/// JX_ERROR_UNKNOWN_ENUMERATOR here. On an error `*event` is null.
+/// Creates an event in `*event`, initialised as in C++. `class_name` is any event class, including
+/// the base classes: "JXPurchaseEvent". Returns JX_ERROR_UNKNOWN_ENUMERATOR for a class that
+/// requires a mode. On an error `*event` is null.
 JX_API jx_status jx_event_create(const char* class_name, jx_object** event);
-/// The same for a class with modes: `mode` is the number of one, from 0, which chooses the event's
-/// name; `session_id` is its video session, null for none.
+/// Creates an event of a class with modes. `mode` is the index of the mode, from 0, and determines
+/// the name of the event. `session_id` is its video session; null if there is none. On an error
+/// `*event` is null.
 JX_API jx_status jx_event_create_with_mode(const char* class_name, uint32_t mode,
                                            const char* session_id, jx_object** event);
-/// A new event of the host's own making, a JXCustomEvent. A null name is taken: the event is sent
-/// without one.
+/// Creates a custom event, a JXCustomEvent. If `name` is null, the event is sent without a name.
 JX_API jx_status jx_custom_event_create(const char* name, jx_object** event);
-/// A new item with an empty product in it.
+/// Creates an item that contains an empty product.
 JX_API jx_status jx_item_create(jx_object** item);
-/// A new product.
+/// Creates a product.
 JX_API jx_status jx_product_create(jx_object** product);
-/// Ends the object. Null is allowed and does nothing.
+/// Frees the object. Null does nothing.
 JX_API jx_status jx_object_free(jx_object* object);
 
-// Fields. A field is named by its property, "coupon", or by class and property,
-// "JXPurchaseEvent.coupon"; in the second form an object of another class refuses it with
-// JX_ERROR_WRONG_CLASS. Setting replaces what the field held.
+// Fields. A field is identified by its property, "coupon", or by class and property,
+// "JXPurchaseEvent.coupon". The second form returns JX_ERROR_WRONG_CLASS for an object of another
+// class. Setting a field replaces its value.
 
-/// A text. Null makes the field absent; "" is a text.
+/// Sets a string field. Null removes the value; "" is a value.
 JX_API jx_status jx_object_set_string(jx_object* object, const char* field, const char* value);
-/// An exact decimal number from its text, "12.50", of which the scale is kept. A sign and an
-/// exponent are allowed; more than 38 digits are rounded. Null makes the field absent.
+/// Sets a number field from an exact decimal string such as "12.50", whose scale is kept. A sign
+/// and an exponent are allowed; more than 38 digits are rounded. Null removes the value.
 JX_API jx_status jx_object_set_number(jx_object* object, const char* field, const char* value);
-/// A number without a fraction.
+/// Sets a number field from an integer.
 JX_API jx_status jx_object_set_integer(jx_object* object, const char* field, int64_t value);
-/// The shortest decimal that reads back as the same double. Not for money, which is a text.
+/// Sets a number field to the shortest decimal number that converts back to the same double. Pass
+/// amounts of money as strings instead.
 JX_API jx_status jx_object_set_double(jx_object* object, const char* field, double value);
-/// True or false; a flag is always written.
+/// Sets a Boolean field. Boolean fields are always written.
 JX_API jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value);
-/// The number of a member of the field's enumeration, from 0.
+/// Sets an enumeration field by the value of an enumerator, from 0.
 JX_API jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value);
-/// A list of `count` texts, of which each may be null for an absent one. A null list makes the
-/// field absent.
+/// Sets a list field to `count` strings, each of which may be null. A null list removes the value.
 JX_API jx_status jx_object_set_strings(jx_object* object, const char* field,
-                                       const char* const* texts, size_t count);
-/// A copy of a product as the field's value; null makes the field absent.
+                                       const char* const* strings, size_t count);
+/// Sets a product field to a copy of `product`. Null removes the value.
 JX_API jx_status jx_object_set_product(jx_object* object, const char* field,
                                        const jx_object* product);
-/// Appends a copy of an item to the field's list, which is empty at first.
+/// Appends a copy of `item` to a list field. The list is initially empty.
 JX_API jx_status jx_object_add_item(jx_object* object, const char* field, const jx_object* item);
-/// Any value as JSON text: the way to fields that hold lists of any values. An enumeration is the
-/// name of its member, an item or a product an object of its properties. Null makes the field
-/// absent.
+/// Sets any field from a JSON value. Required for fields that contain lists of arbitrary values. An
+/// enumeration is the name of its enumerator; an item or a product is an object of its properties.
+/// Null removes the value.
 JX_API jx_status jx_object_set_json(jx_object* object, const char* field, const char* json);
-/// Makes the field absent. A flag and an enumeration always have a value: JX_ERROR_WRONG_TYPE.
+/// Removes the value of a field. Boolean and enumeration fields always have a value: returns
+/// JX_ERROR_WRONG_TYPE.
 JX_API jx_status jx_object_set_null(jx_object* object, const char* field);
 
-// Parameters: what the host adds under keys of its own. They come before the fields; a field of
-// the same key replaces them. Adding a key twice keeps the later value. A null value adds nothing.
+// Parameters: values that the application adds under its own keys. They are written before the
+// fields; a field with the same key overrides them. Adding a key again replaces its value. A null
+// value adds nothing.
 
-/// A text under a key of the host's own.
+/// Adds a string parameter.
 JX_API jx_status jx_object_add_parameter(jx_object* object, const char* key, const char* value);
-/// Any JSON value: a number, an object, an array, `true`, `null`. Numbers are kept digit for digit.
+/// Adds a parameter with any JSON value: a number, an object, an array, `true`, `null`. Numbers are
+/// kept exactly, without rounding.
 JX_API jx_status jx_object_add_parameter_json(jx_object* object, const char* key, const char* json);
 
-// What the object has become.
+// Inspection.
 
-/// JX_OK when the object has all that its class asks for, else JX_ERROR_INCOMPLETE with the first
-/// thing that it lacks in `jx_error_detail()`. `jx_execute` does not ask.
+/// Validates the object. Returns JX_OK if all required fields are set, else JX_ERROR_INCOMPLETE;
+/// `jx_error_detail()` then describes the first failed condition. `jx_execute` does not validate.
 JX_API jx_status jx_object_verify(const jx_object* object);
-/// The object's JSON as compact text, as C++'s `getJsonObject`. An event's holds a new "event_id"
-/// each time; what is around it in a request is not in it. Writes at most `capacity` bytes with the
-/// NUL, and the text's length without it to `*length`, which may be null. When the buffer is too
-/// small it holds "", if anything, and the status is JX_ERROR_TOO_SMALL; a null buffer of capacity
-/// 0 asks for the length.
+/// Writes the object as compact JSON, equal to `getJsonObject` in C++. The JSON of an event
+/// contains a new "event_id" in each call, and does not contain the blocks that surround it in a
+/// request. Writes at most `capacity` bytes including the NUL, and the length without the NUL to
+/// `*length`, which may be null. If the buffer is too small, writes "" (if `capacity` is not 0) and
+/// returns JX_ERROR_TOO_SMALL. Pass a null buffer and capacity 0 to get the required length.
 JX_API jx_status jx_object_json(const jx_object* object, char* buffer, size_t capacity,
                                 size_t* length);
-/// Name of the object's class: a constant. Null when the handle is no living object.
+/// Returns the name of the object's class, a constant. Returns null if the handle is not valid.
 JX_API const char* jx_object_class(const jx_object* object);
 
 #ifdef __cplusplus

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The operations of jx_server_side.h that work on what the process has one of.
+// The functions of jx_server_side.h that work on process-wide objects.
 #include "jx/c/internal/JXCall.h"
 #include "jx/c/jx_server_side.h"
 #include "jx/context/JXApp.h"
@@ -19,7 +19,7 @@ namespace {
 using jx::JXJsonValue;
 using jx::c::Result;
 
-// For an operation that reports nothing.
+// For operations that cannot fail.
 template <typename Body>
 jx_status perform(const char* operation, const Body& body) {
   return jx::c::call(operation, [&] {
@@ -44,13 +44,14 @@ jx::JXAdditionalProperties* blockOf(uint32_t block) {
   return nullptr;
 }
 
-// `read` reads the value that is added.
+// `read` reads the value to add.
 template <typename Read>
 jx_status addToBlock(const char* operation, uint32_t block, const char* key, const Read& read) {
   return jx::c::call(operation, [&]() -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
+    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     jx::JXAdditionalProperties* const properties = blockOf(block);
-    if (properties == nullptr) return {JX_ERROR_UNKNOWN_ENUMERATOR, "no such block"};
+    if (properties == nullptr)
+      return {JX_ERROR_UNKNOWN_ENUMERATOR, std::to_string(block) + " is not a jx_block"};
     JXJsonValue value;
     Result result = read(value);
     if (result.status != JX_OK || !value.isPresent()) return result;
@@ -61,9 +62,9 @@ jx_status addToBlock(const char* operation, uint32_t block, const char* key, con
   });
 }
 
-Result copyText(const jx::JXString& text, char* buffer, size_t capacity, size_t* length) {
-  if (!text.isPresent()) return JX_ERROR_NOT_SET;
-  return jx::c::copyOut(text.toStdString(), buffer, capacity, length);
+Result copyString(const jx::JXString& string, char* buffer, size_t capacity, size_t* length) {
+  if (!string.isPresent()) return JX_ERROR_NOT_SET;
+  return jx::c::copyOut(string.toStdString(), buffer, capacity, length);
 }
 
 }  // namespace
@@ -90,7 +91,7 @@ jx_status jx_set_anonymous_id(const char* id) {
 
 jx_status jx_get_anonymous_id(char* buffer, size_t capacity, size_t* length) {
   return jx::c::call(__func__, [&] {
-    return copyText(jx::JXUser::sharedInstance().anonymous_id(), buffer, capacity, length);
+    return copyString(jx::JXUser::sharedInstance().anonymous_id(), buffer, capacity, length);
   });
 }
 
@@ -125,8 +126,8 @@ jx_status jx_block_add_json(uint32_t block, const char* key, const char* json) {
 jx_status jx_get_variable(const char* name, char* buffer, size_t capacity, size_t* length) {
   return jx::c::call(__func__, [&]() -> Result {
     if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    return copyText(jx::JXPredefinedVariables::sharedInstance().getData(name), buffer, capacity,
-                    length);
+    return copyString(jx::JXPredefinedVariables::sharedInstance().getData(name), buffer, capacity,
+                      length);
   });
 }
 
@@ -141,7 +142,8 @@ jx_status jx_set_variable(const char* name, const char* value) {
 jx_status jx_get_core_variable(const char* name, char* buffer, size_t capacity, size_t* length) {
   return jx::c::call(__func__, [&]() -> Result {
     if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    return copyText(jx::JXCoreVariables::sharedInstance().getData(name), buffer, capacity, length);
+    return copyString(jx::JXCoreVariables::sharedInstance().getData(name), buffer, capacity,
+                      length);
   });
 }
 

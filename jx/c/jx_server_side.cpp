@@ -33,7 +33,7 @@ jx_status onServerSide(const char* operation, const jx_server_side* handle, cons
   });
 }
 
-// For an operation that takes nothing and reports nothing.
+// For operations without arguments that cannot fail.
 jx_status perform(const char* operation, const jx_server_side* handle,
                   void (ServerSide::*member)()) {
   return onServerSide(operation, handle, [&](ServerSide& serverSide) {
@@ -46,18 +46,18 @@ Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   if (table == nullptr) return JX_OK;
   const size_t size = table->struct_size;
   if (size <= sizeof(size_t) || size > sizeof(jx_firebase)) return JX_ERROR_STRUCT_SIZE;
-  jx_firebase whole = {};
-  std::memcpy(&whole, table, size);
-  bridge = std::make_shared<JXCFirebase>(whole);
+  jx_firebase complete = {};
+  std::memcpy(&complete, table, size);
+  bridge = std::make_shared<JXCFirebase>(complete);
   return JX_OK;
 }
 
-// `read` reads the value that is added.
+// `read` reads the value to add.
 template <typename Read>
 jx_status addPermanent(const char* operation, jx_server_side* handle, const char* key,
                        const Read& read) {
   return onServerSide(operation, handle, [&](ServerSide& serverSide) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
+    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     JXJsonValue value;
     Result result = read(value);
     if (result.status == JX_OK) serverSide.addPermanentData_withValue(key, value);
@@ -75,10 +75,10 @@ jx_status jx_server_side_create(int32_t site_id, const char* source_key, uint32_
     std::shared_ptr<JXCFirebase> bridge;
     Result result = copied(firebase, bridge);
     if (result.status != JX_OK) return result;
-    auto made = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
+    auto created = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
         site_id, source_key, static_cast<int32_t>(behaviour), bridge);
-    result = jx::c::give(JXHandleKind::ServerSide, std::move(made), server_side);
-    if (result.status == JX_OK && bridge) bridge->own();
+    result = jx::c::give(JXHandleKind::ServerSide, std::move(created), server_side);
+    if (result.status == JX_OK && bridge) bridge->enableRelease();
     return result;
   });
 }
@@ -92,7 +92,8 @@ jx_status jx_execute(jx_server_side* server_side, jx_object* event) {
     return jx::c::with<JXCObject>(event, JXHandleKind::Object, [&](JXCObject& object) -> Result {
       const std::shared_ptr<jx::JXEvent> inside = object.event();
       if (inside == nullptr) {
-        return {JX_ERROR_WRONG_CLASS, std::string("a ") + object.className() + " is no event"};
+        return {JX_ERROR_WRONG_CLASS,
+                std::string("event must be an event, not a ") + object.className()};
       }
       serverSide.execute(inside);
       return JX_OK;
@@ -115,7 +116,7 @@ jx_status jx_set_permanent_json(jx_server_side* server_side, const char* key, co
 jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* key, char* buffer,
                                 size_t capacity, size_t* length) {
   return onServerSide(__func__, server_side, [&](ServerSide& serverSide) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
+    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     const JXJsonValue value = serverSide.getPermanentData(key);
     if (!value.isPresent()) return JX_ERROR_NOT_SET;
     return jx::c::copyOut(jx::c::jsonText(value), buffer, capacity, length);
@@ -124,7 +125,7 @@ jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* k
 
 jx_status jx_remove_permanent(jx_server_side* server_side, const char* key) {
   return onServerSide(__func__, server_side, [&](ServerSide& serverSide) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "the key is null"};
+    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     return serverSide.removePermanentData(key).isPresent() ? JX_OK : JX_ERROR_NOT_SET;
   });
 }

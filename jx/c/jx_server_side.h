@@ -13,112 +13,120 @@
 extern "C" {
 #endif
 
-/// The one object that a host makes and keeps: takes events and has them delivered. It belongs to
-/// the thread that made it.
+/// The main SDK object. Create one and keep it while the application runs; it queues events and
+/// delivers them. Belongs to the thread that created it.
 typedef struct jx_server_side jx_server_side;
 
-/// How the library starts, and whether it obeys a stop.
+/// Initial state of the library, and whether it accepts stop requests.
 typedef enum jx_behaviour {
-  JX_BEHAVIOUR_DEFAULT = 0,             ///< waits for consent when a consent module is registered
+  JX_BEHAVIOUR_DEFAULT = 0,             ///< waits for consent if a consent module is registered
   JX_BEHAVIOUR_ALWAYS_ENABLED = 1,      ///< starts enabled; `jx_disable` is ignored
   JX_BEHAVIOUR_DISABLED_BY_DEFAULT = 2  ///< starts disabled until `jx_enable`
 } jx_behaviour;
 
-/// Whether events are sent now.
+/// Whether events are currently sent.
 typedef enum jx_state {
-  JX_STATE_WAITING_FOR_CONSENT = 0,  ///< sent, with a marker in place of the user block
+  JX_STATE_WAITING_FOR_CONSENT = 0,  ///< sent with a marker in place of the user block
   JX_STATE_ENABLED = 1,
   JX_STATE_DISABLED = 2  ///< `jx_execute` does nothing
 } jx_state;
 
-/// How a host has its events mirrored to a Firebase Analytics instance. A null operation is one
-/// that the instance does not have. Called on the thread that makes the `jx_server_side` or
-/// executes an event; texts are valid during the call.
+/// Functions that mirror events to a Firebase Analytics instance. A null function is not called.
+/// Called on the thread that creates the `jx_server_side` or executes an event. Strings are valid
+/// during the call.
 typedef struct jx_firebase {
   size_t struct_size;  ///< `sizeof(jx_firebase)`
-  void* context;       ///< handed to each operation
-  /// A parameter that goes with every later event.
+  void* context;       ///< passed to each function
+  /// Sets a parameter that is added to every subsequent event.
   void (*set_default_parameter)(void* context, const char* name, const char* value);
-  /// One event; `parameters_json` is an object that holds no objects but those of its "items".
+  /// Logs one event. `parameters_json` is a JSON object, written for this call. Nested objects are
+  /// serialised to strings and "items" is a list of flat objects; every other list is passed
+  /// unchanged and may therefore contain objects.
   void (*log_event)(void* context, const char* event_name, const char* parameters_json);
-  /// Called once when nothing uses the context any more; may be null.
+  /// Called once, when the context is no longer used; may be null.
   void (*release)(void* context);
 } jx_firebase;
 
-/// A new object in `*server_side`; the first one starts the library. `site_id` is the host's site
-/// number, `source_key` its source key, which goes into the URL as it is. `behaviour` is a
-/// `jx_behaviour`; any other number counts as JX_BEHAVIOUR_DEFAULT. `firebase` is copied and may be
-/// null. On an error
-/// `*server_side` is null, and `release` was not called.
+/// Creates an object in `*server_side`. The first call starts the library. `site_id` is the site ID
+/// of the application. `source_key` is its source key, which is added to the URL unchanged.
+/// `behaviour` is a `jx_behaviour`; any other value means JX_BEHAVIOUR_DEFAULT. `firebase` is
+/// copied and may be null. On an error `*server_side` is null, and `release` is not called.
 JX_API jx_status jx_server_side_create(int32_t site_id, const char* source_key, uint32_t behaviour,
                                        const jx_firebase* firebase, jx_server_side** server_side);
-/// Ends the object; what is queued stays queued and is sent. Null does nothing.
+/// Frees the object. Queued events stay queued and are sent. Null does nothing.
 JX_API jx_status jx_server_side_free(jx_server_side* server_side);
 
-/// Sends an event. When this returns the event is in the queue, which a killed process does not
-/// empty. Adds the permanent data to the event itself. Does nothing, successfully, while disabled.
+/// Queues an event for delivery. The event is stored before this returns and survives a killed
+/// process. Adds the permanent data to the event object. Returns JX_OK without doing anything while
+/// disabled.
 JX_API jx_status jx_execute(jx_server_side* server_side, jx_object* event);
 
-/// Adds a text to every event from now on, in the place of one of the same key. A null value
-/// removes it.
+/// Adds a string to every subsequent event, replacing any value with the same key. A null value
+/// removes the key.
 JX_API jx_status jx_set_permanent(jx_server_side* server_side, const char* key, const char* value);
-/// The same with any JSON value.
+/// Adds any JSON value to every subsequent event, as `jx_set_permanent` does.
 JX_API jx_status jx_set_permanent_json(jx_server_side* server_side, const char* key,
                                        const char* json);
-/// The datum as JSON text, a text in its quotes. For the buffer see `jx_object_json`.
-/// JX_ERROR_NOT_SET when there is none.
+/// Writes the value of `key` as JSON; a string is quoted. See `jx_object_json` for the buffer.
+/// Returns JX_ERROR_NOT_SET if there is no such key.
 JX_API jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* key,
                                        char* buffer, size_t capacity, size_t* length);
-/// JX_ERROR_NOT_SET when there is none. Events that were executed keep theirs.
+/// Removes the value of `key`. Event objects that were already executed keep it. Returns
+/// JX_ERROR_NOT_SET if there is no such key.
 JX_API jx_status jx_remove_permanent(jx_server_side* server_side, const char* key);
 
-/// Gives consent: events are sent from now on, and those held go out.
+/// Grants consent: subsequent events are sent, and delivery of queued events resumes.
 JX_API jx_status jx_enable(jx_server_side* server_side);
-/// Withdraws consent: events are ignored from now on and those queued are held.
+/// Withdraws consent: subsequent events are ignored, and delivery of queued events is paused.
 JX_API jx_status jx_disable(jx_server_side* server_side);
-/// What `jx_execute` does now, in `*state`.
+/// Writes the current state to `*state`.
 JX_API jx_status jx_get_state(const jx_server_side* server_side, jx_state* state);
-/// Holds requests until the user agent is known, at most for `user_agent_wait_ms`.
+/// Pauses delivery until the user agent is known, for at most `user_agent_wait_ms`.
 JX_API jx_status jx_wait_for_user_agent(jx_server_side* server_side);
-/// Lets events go out while the application is in the background.
+/// Allows delivery while the application is in the background.
 JX_API jx_status jx_enable_running_in_background(jx_server_side* server_side);
-/// Reads the vendor identifier, the tracking permission and the advertising identifier, and puts
-/// them into the device block. To be called once the viewer has answered the tracking prompt.
+/// Reads the vendor identifier, the tracking permission and the advertising identifier, and adds
+/// them to the device block. Call it after the viewer has responded to the tracking prompt.
 JX_API jx_status jx_add_advertising_ids(jx_server_side* server_side);
-/// A step of the one above: stores whether tracking is allowed.
+/// Stores whether tracking is allowed. Part of `jx_add_advertising_ids`.
 JX_API jx_status jx_set_advertising_tracking_enabled(jx_server_side* server_side);
-/// A step of it: stores the advertising identifier that the stored permission allows.
+/// Stores the advertising identifier that the stored permission allows. Part of
+/// `jx_add_advertising_ids`.
 JX_API jx_status jx_set_idfa(jx_server_side* server_side);
 
-// The application, where the system does not tell the library itself. Both on one thread, the one
-// that the user interface runs on.
+// Application state, for systems that do not notify the library. Call both functions on the thread
+// of the user interface.
 
-/// Nothing is sent from now on, unless running in background was enabled; what is queued stays.
+/// Reports that the application is in the background: delivery is paused unless running in the
+/// background is enabled. Queued events stay queued.
 JX_API jx_status jx_application_did_enter_background(void);
-/// The viewer is back: what was held goes out, and a long stay away begins a new session.
+/// Reports that the application returns to the foreground: delivery resumes. A long absence starts
+/// a new session.
 JX_API jx_status jx_application_will_enter_foreground(void);
 
 // The viewer and the consent module.
 
-/// Tells the library that an optional module is in this process: "JXMobileConsent" makes it wait
-/// for consent. Before the first `jx_server_side`. An empty name is ignored.
+/// Registers an optional module of this process. Registering "JXMobileConsent" makes the library
+/// wait for consent. Call it before the first `jx_server_side` is created. A null or empty name is
+/// ignored.
 JX_API jx_status jx_register_module(const char* name);
-/// Takes the name back.
+/// Removes a registered module.
 JX_API jx_status jx_unregister_module(const char* name);
-/// Names the viewer's installation for this and all later launches; a null or empty one is ignored.
+/// Sets the anonymous ID of the viewer's installation for this and all later launches. A null or
+/// empty ID is ignored.
 JX_API jx_status jx_set_anonymous_id(const char* id);
-/// For the buffer see `jx_object_json`.
+/// Writes the anonymous ID. See `jx_object_json` for the buffer.
 JX_API jx_status jx_get_anonymous_id(char* buffer, size_t capacity, size_t* length);
-/// Stated by the consent module at each start; null takes it away.
+/// Sets the consent ID; null removes it. The consent module calls this at each start.
 JX_API jx_status jx_set_consent_id(const char* id);
-/// Makes the installation's unique identifier the anonymous id.
+/// Uses the unique ID of the installation as the anonymous ID.
 JX_API jx_status jx_use_legacy_unique_id_for_anonymous_id(void);
-/// Makes it the consent id.
+/// Uses the unique ID of the installation as the consent ID.
 JX_API jx_status jx_use_legacy_unique_id_for_consent_id(void);
 
-// What goes around every event.
+// The blocks that surround every event.
 
-/// The blocks that a host may extend.
+/// Blocks that an application may extend.
 typedef enum jx_block {
   JX_BLOCK_USER = 0,
   JX_BLOCK_DEVICE = 1,
@@ -127,22 +135,22 @@ typedef enum jx_block {
   JX_BLOCK_NETWORK = 4
 } jx_block;
 
-/// Adds a text under a key of the host's own to a `jx_block` of every later event; not while
-/// another thread executes. A null value adds nothing.
+/// Adds a string to a `jx_block` of every subsequent event. Must not be called while another thread
+/// executes an event. A null value adds nothing.
 JX_API jx_status jx_block_add(uint32_t block, const char* key, const char* value);
-/// The same with any JSON value.
+/// Adds any JSON value to a `jx_block`, as `jx_block_add` does.
 JX_API jx_status jx_block_add_json(uint32_t block, const char* key, const char* json);
 
-/// A predefined variable's text; `name` is one of those in jx/c/events/jx_names.h.
-/// JX_ERROR_NOT_SET when it has none. For the buffer see `jx_object_json`.
+/// Writes the value of a predefined variable. jx/c/events/jx_names.h lists the names. Returns
+/// JX_ERROR_NOT_SET if it has no value. See `jx_object_json` for the buffer.
 JX_API jx_status jx_get_variable(const char* name, char* buffer, size_t capacity, size_t* length);
-/// Sets a predefined variable, or one of the host's own; null removes it.
+/// Sets a predefined variable, or a variable of the application; null removes it.
 JX_API jx_status jx_set_variable(const char* name, const char* value);
-/// The same as `jx_get_variable` for the core's variables: the advertising identifiers and the
-/// consent version.
+/// Writes the value of a core variable: the advertising identifiers and the consent version.
+/// Returns JX_ERROR_NOT_SET if it has no value. See `jx_object_json` for the buffer.
 JX_API jx_status jx_get_core_variable(const char* name, char* buffer, size_t capacity,
                                       size_t* length);
-/// Sets one of the core's variables; null removes it.
+/// Sets a core variable; null removes it.
 JX_API jx_status jx_set_core_variable(const char* name, const char* value);
 
 #ifdef __cplusplus

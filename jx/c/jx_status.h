@@ -12,64 +12,64 @@
 extern "C" {
 #endif
 
-/// What an operation came to. Numbers never change their meaning; later versions may add some.
+/// Result of a function. The values never change their meaning; later versions may add values.
 typedef enum jx_status {
   JX_OK = 0,
   /// The handle is null.
   JX_ERROR_NULL_HANDLE = 1,
-  /// The handle was freed, or never was one.
+  /// The handle was freed, or the pointer is not a handle.
   JX_ERROR_DEAD_HANDLE = 2,
-  /// The handle is of another type, such as an observer where an event is wanted.
+  /// The handle has another type, such as an observer where an event is required.
   JX_ERROR_WRONG_HANDLE = 3,
-  /// A pointer is null that must not be.
+  /// A required pointer argument is null.
   JX_ERROR_NULL_ARGUMENT = 4,
   /// No class has this name.
   JX_ERROR_UNKNOWN_CLASS = 5,
-  /// The object is of another class: an item where an event is wanted, or a field of JXSearchEvent
-  /// given to a JXPurchaseEvent.
+  /// The object belongs to another class: an item where an event is required, or a field of
+  /// JXSearchEvent that is set on a JXPurchaseEvent.
   JX_ERROR_WRONG_CLASS = 6,
   /// The object's class has no such field.
   JX_ERROR_UNKNOWN_FIELD = 7,
-  /// The field holds values of another type.
+  /// The field has another type.
   JX_ERROR_WRONG_TYPE = 8,
-  /// The text is no decimal number, or the double is infinite or not-a-number.
+  /// The string is not a decimal number, or the double is infinite or NaN.
   JX_ERROR_INVALID_NUMBER = 9,
-  /// The number is no member of the enumeration, a mode included.
+  /// The number is not a value of the enumeration; also for a mode.
   JX_ERROR_UNKNOWN_ENUMERATOR = 10,
-  /// The text is no JSON, or JSON of another kind than the operation takes.
+  /// The string is not JSON, or the JSON value has another type than the function requires.
   JX_ERROR_INVALID_JSON = 11,
-  /// The buffer is too small; the length that was reported tells what is needed.
+  /// The buffer is too small; `*length` contains the required length.
   JX_ERROR_TOO_SMALL = 12,
-  /// The library has started and takes no configuration any more.
+  /// The library has already started and can no longer be configured.
   JX_ERROR_TOO_LATE = 13,
-  /// The time was up before the queue was empty.
+  /// The deadline expired before the queue was empty.
   JX_ERROR_TIMED_OUT = 14,
-  /// There is nothing under this key.
+  /// No value is set for this key.
   JX_ERROR_NOT_SET = 15,
-  /// The event, item or product lacks something that its class asks for.
+  /// A required field of the event, item or product is not set.
   JX_ERROR_INCOMPLETE = 16,
-  /// The `struct_size` of a struct is none that this library knows.
+  /// This library does not support the `struct_size` of the struct.
   JX_ERROR_STRUCT_SIZE = 17,
-  /// There is no memory left, or no more handles.
+  /// Out of memory, or out of handles.
   JX_ERROR_OUT_OF_MEMORY = 18,
-  /// Something failed inside the library; the detail tells what.
+  /// An internal error; the detail describes it.
   JX_ERROR_INTERNAL = 19
 } jx_status;
 
-/// A `jx_status` in words: a constant, never null, also for a number that is no status.
+/// Returns a description of a `jx_status`, a constant. Never null, even for an unknown value.
 JX_API const char* jx_status_string(uint32_t status);
 
-/// What was wrong in the latest call on this thread that did not return JX_OK, for a person:
-/// "coupn is no field of JXPurchaseEvent". Never null; "" when no call failed. At most 255
-/// bytes. Valid until the next call on this thread that fails.
+/// Returns a human-readable description of the latest call on this thread that did not return
+/// JX_OK: "\"coupn\" is not a field of JXPurchaseEvent". Never null; "" if no call has failed. At
+/// most 255 bytes. Valid until the next failed call on this thread.
 JX_API const char* jx_error_detail(void);
 
-/// Version of the library: "1.2.3", by semantic versioning. A constant.
+/// Returns the version of the library, "1.2.3" in semantic versioning. A constant.
 JX_API const char* jx_version(void);
-/// Version that the events carry as "serverside_version". A constant.
+/// Returns the version that events contain as "serverside_version". A constant.
 JX_API const char* jx_sdk_version(void);
 
-/// How many handles are alive in this process: for tests that look for what was never freed.
+/// Returns the number of handles in this process that were not freed. For leak tests.
 JX_API size_t jx_handle_count(void);
 
 #ifdef __cplusplus

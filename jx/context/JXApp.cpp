@@ -20,9 +20,9 @@ int JX_INIT_STATE = kJXInitNever;
 
 JXApp& JXApp::sharedInstance() {
   static JXApp* const instance = [] {
-    auto* const made = new JXApp();
-    made->init();
-    return made;
+    auto* const app = new JXApp();
+    app->init();
+    return app;
   }();
   return *instance;
 }

@@ -8,32 +8,33 @@
 
 namespace jx {
 
-/// The application block "app": names and versions of the host application, of this library, of its
-/// core and of the consent configuration. Belongs to the thread that executes events.
+/// The application block "app": name and version of the application, and the versions of this
+/// library, of its core and of the consent configuration. Use it only on the thread that executes
+/// events.
 class JX_API JXApp : public JXAdditionalProperties {
  public:
-  /// The one block of this process, filled when it is first asked for.
+  /// Returns the shared block of this process. The first call creates it and reads the values.
   static JXApp& sharedInstance();
 
-  /// An object that is not initialised; hosts use `sharedInstance`.
+  /// Creates an uninitialised object; applications use `sharedInstance`.
   JXApp() = default;
-  /// Fills the fields once per process and returns this object (see `tryBeginInit`); an object
-  /// that is made after the shared one comes back as it is. Null when the base could not be
-  /// initialised.
+  /// Reads the values once per process and returns this object; an object created after the shared
+  /// one is returned unchanged. Returns null if the base class cannot be initialised. Does not
+  /// return while another `init` is running.
   JXApp* init();
-  /// Fills the fields anew.
+  /// Reads the values again.
   JXApp* reinit();
 
-  /// Reads the consent version anew, because consent may change at any moment.
+  /// Reads the consent version again, because consent can change at any time.
   void refreshContent();
-  /// A new object with the current consent version: the host's additional properties, then the
-  /// fields over them.
+  /// Returns a new object with the current consent version. It contains the additional properties,
+  /// overridden by the fields.
   JXJsonObject getJsonObject();
 
-  /// The application's name, "(unknown)" when it states none.
+  /// The application's name; "(unknown)" if it is not configured.
   const JXString& name() const { return name_; }
   void setName(const JXString& value) { name_ = value; }
-  /// The version that a viewer sees.
+  /// The version shown to users.
   const JXString& version() const { return version_; }
   void setVersion(const JXString& value) { version_ = value; }
   /// The build number.
@@ -45,10 +46,10 @@ class JX_API JXApp : public JXAdditionalProperties {
   /// The version of the library's core.
   const JXString& coreVersion() const { return coreVersion_; }
   void setCoreVersion(const JXString& value) { coreVersion_ = value; }
-  /// The version of the library, as events tell it.
+  /// The library version that events report.
   const JXString& serverSideVersion() const { return serverSideVersion_; }
   void setServerSideVersion(const JXString& value) { serverSideVersion_ = value; }
-  /// The version of the consent configuration, as the consent module states it.
+  /// The version of the consent configuration, set by the consent module.
   const JXString& consentVersion() const { return consentVersion_; }
   void setConsentVersion(const JXString& value) { consentVersion_ = value; }
 

@@ -18,12 +18,12 @@ namespace {
 
 int JX_INIT_STATE = kJXInitNever;
 
-void storeNumber(const JXString& text, std::optional<JXDecimal>& field) {
-  const JXDecimal number = JXDecimal::fromString(text);
+void storeNumber(const JXString& digits, std::optional<JXDecimal>& field) {
+  const JXDecimal number = JXDecimal::fromString(digits);
   if (!number.isNaN()) field = number;
 }
 
-JXJsonObject extrasOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
+JXJsonObject entriesOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
   return properties ? properties->getAdditionalProperties() : JXJsonObject(nullptr);
 }
 
@@ -31,9 +31,9 @@ JXJsonObject extrasOf(const std::shared_ptr<JXAdditionalProperties>& properties)
 
 JXDevice& JXDevice::sharedInstance() {
   static JXDevice* const instance = [] {
-    auto* const made = new JXDevice();
-    made->init();
-    return made;
+    auto* const device = new JXDevice();
+    device->init();
+    return device;
   }();
   return *instance;
 }
@@ -49,7 +49,7 @@ JXDevice* JXDevice::init() {
   model_ = variables.getData(kJXPredefinedVariable_Model);
   manufacturer_ = variables.getData(kJXPredefinedVariable_Manufacturer);
   name_ = variables.getData(kJXPredefinedVariable_Device);
-  // Type and os name are two fields that hold the same variable; a host may set either.
+  // Two fields with the same initial value; the application can set them independently.
   type_ = variables.getData(kJXPredefinedVariable_RuntimeName);
   osName_ = variables.getData(kJXPredefinedVariable_RuntimeName);
   osVersion_ = variables.getData(kJXPredefinedVariable_SystemVersion);
@@ -108,7 +108,7 @@ void JXDevice::writeOwnEntries(JXJsonSink& sink) const {
 
 void JXDevice::writeOs(JXJsonSink& sink) const {
   sink.beginObject(JXD_OS);
-  writeOver(extrasOf(osProperties_), sink, [this](JXJsonSink& os) {
+  writeOver(entriesOf(osProperties_), sink, [this](JXJsonSink& os) {
     os.text(JXD_OS_NAME, osName_);
     os.text(JXD_OS_VERSION, osVersion_);
   });
@@ -117,7 +117,7 @@ void JXDevice::writeOs(JXJsonSink& sink) const {
 
 void JXDevice::writeScreen(JXJsonSink& sink) const {
   sink.beginObject(JXD_SCREEN);
-  writeOver(extrasOf(screenProperties_), sink, [this](JXJsonSink& screen) {
+  writeOver(entriesOf(screenProperties_), sink, [this](JXJsonSink& screen) {
     screen.number(JXD_SCREEN_WIDTH, screenWidth_);
     screen.number(JXD_SCREEN_HEIGHT, screenHeight_);
   });

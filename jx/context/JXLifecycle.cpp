@@ -20,9 +20,9 @@ bool alreadyInitialised = false;
 
 JXLifecycle& JXLifecycle::sharedInstance() {
   static JXLifecycle* const instance = [] {
-    auto* const made = new JXLifecycle();
-    made->init();
-    return made;
+    auto* const lifecycle = new JXLifecycle();
+    lifecycle->init();
+    return lifecycle;
   }();
   return *instance;
 }
@@ -53,9 +53,9 @@ void JXLifecycle::refreshContent() {
       kJXPredefinedVariable_BackgroundTime,
       kJXPredefinedVariable_FirstExecute,
       kJXPredefinedVariable_IsFirstVisit};
-  JXString texts[kVariables];
-  JXPredefinedVariables::sharedInstance().getStrings(kKeys, kVariables, places_, texts);
-  JXString* next = texts;
+  JXString values[kVariables];
+  JXPredefinedVariables::sharedInstance().getStrings(kKeys, kVariables, places_, values);
+  JXString* next = values;
   sessionID_ = std::move(*next++);
   isNewSession_ = next->view() == "1";
   ++next;
@@ -73,7 +73,7 @@ void JXLifecycle::refreshContent() {
   foregroundTransitions_ = std::move(*next++);
   foregroundTime_ = std::move(*next++);
   backgroundTime_ = std::move(*next++);
-  // The new-session mark is told as "1", these two as "TRUE".
+  // The new-session mark is "1" when it is set, these two are "TRUE".
   firstExecute_ = next->view() == "TRUE";
   ++next;
   isFirstVisit_ = next->view() == "TRUE";

@@ -36,7 +36,7 @@ void JXAdditionalProperties::addAdditionalProperty_withDictValue(const JXString&
 }
 
 void JXAdditionalProperties::addAdditionalProperty(const JXJsonObject& entries) {
-  // Its own entries are there already, and changing what is being walked is not allowed.
+  // Its own entries are already present, and the loop must not modify the object it iterates over.
   if (entries.isSameAs(additionalProperties_)) return;
   for (const JXJsonEntry& entry : entries.entries()) {
     additionalProperties_.set(entry.key.view(), entry.value);

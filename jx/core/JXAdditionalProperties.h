@@ -13,44 +13,45 @@ namespace jx {
 class JXDynamicStore;
 class JXJsonSink;
 
-/// Base of everything that a host may extend with keys of its own: events, items, products and
-/// context blocks. The extra properties come first in the object's JSON, and an own field of the
-/// same key replaces them. Adding a key twice keeps the later value. Not synchronised: one object
-/// belongs to one thread at a time.
+/// Base class of the objects that an application can extend with its own keys: events, items,
+/// products and context blocks. Additional properties come first in the object's JSON; a field with
+/// the same key overrides them. Adding a key again replaces its value. Not synchronised: use one
+/// object on one thread at a time.
 class JX_API JXAdditionalProperties {
  public:
-  /// A new object without any property.
+  /// Returns a new object without properties. Never null.
   static std::shared_ptr<JXAdditionalProperties> init();
   virtual ~JXAdditionalProperties() = default;
   JXAdditionalProperties(const JXAdditionalProperties&) = delete;
   JXAdditionalProperties& operator=(const JXAdditionalProperties&) = delete;
 
-  /// All extra properties: this object's own, not a copy. Never absent.
+  /// Returns all additional properties: the object itself, not a copy. Never null.
   JXJsonObject getAdditionalProperties() const { return additionalProperties_; }
-  /// Tells the sink what the JSON of this object holds: the extra properties, then the fields over
-  /// them.
+  /// Writes the JSON entries of this object to `sink`: the additional properties, overridden by the
+  /// fields.
   void writeEntries(JXJsonSink& sink) const;
 
-  /// An absent key or value is ignored; an empty key is a key.
+  /// Adds a string. A null key or value is ignored; an empty key is valid.
   void addAdditionalProperty_withStringValue(const JXString& key, const JXString& value);
-  /// Stores the very object; what is added to it later is sent too.
+  /// Adds a JSON object by reference: entries added to `value` later are sent too. A null key or
+  /// value is ignored.
   void addAdditionalProperty_withDictValue(const JXString& key, const JXJsonObject& value);
-  /// Adds every entry of the object; an absent object is ignored.
+  /// Adds every entry of `entries`; null is ignored.
   void addAdditionalProperty(const JXJsonObject& entries);
-  /// Adds every pair that the store holds now.
+  /// Adds every pair that `store` contains now.
   void addAdditionalProperty(const JXDynamicStore& store);
 
  protected:
   JXAdditionalProperties() = default;
 
-  /// Tells the sink the object's own fields, in order.
+  /// Writes the object's own fields to `sink`, in order.
   virtual void writeOwnEntries(JXJsonSink& sink) const;
   const JXJsonObject& extraProperties() const { return additionalProperties_; }
-  /// A new JSON object: the extra properties, then the fields over them.
+  /// Returns a new JSON object: the additional properties, overridden by the fields.
   JXJsonObject newJsonObject() const;
 
-  /// The base's part of a context block's `init`. False says that it failed; the block then gives
-  /// up its own initialisation with its start guard as it stands.
+  /// The base class part of a context block's `init`. Returns false on failure; the block then
+  /// cancels its initialisation and leaves its start guard unchanged.
   virtual bool baseInit() { return true; }
 
  private:

@@ -6,16 +6,15 @@
 
 namespace jx {
 
-/// How a host tells the library that its application changes between foreground and background, on
-/// systems that do not tell it themselves. Call both on one thread, the one that the user interface
-/// runs on.
+/// Reports foreground and background changes of the application to the library, on systems that do
+/// not report them. Call both operations on one thread, the user interface thread.
 class JX_API JXApplication {
  public:
   JXApplication() = delete;
 
-  /// Posts `UIApplicationDidEnterBackgroundNotification` on the default centre.
+  /// Posts `UIApplicationDidEnterBackgroundNotification` on the default center.
   static void applicationDidEnterBackground();
-  /// Posts `UIApplicationWillEnterForegroundNotification` on the default centre.
+  /// Posts `UIApplicationWillEnterForegroundNotification` on the default center.
   static void applicationWillEnterForeground();
 };
 

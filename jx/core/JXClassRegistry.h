@@ -11,19 +11,19 @@
 
 namespace jx {
 
-/// Names of optional modules that are present in this process: what a look-up of a class by its
-/// name is on systems that have one. A module registers itself before the first `ServerSide` is
-/// made, best while its static objects are constructed. Thread-safe; never destroyed.
+/// Names of the optional modules in this process; replaces the look-up of a class by name of
+/// systems that have one. A module registers itself before the first `ServerSide` is created,
+/// ideally while its static objects are constructed. Thread-safe; never destroyed.
 class JX_API JXClassRegistry {
  public:
-  /// The one registry of this process.
+  /// Returns the registry of this process.
   static JXClassRegistry& sharedInstance();
 
-  /// An absent or empty name is ignored.
+  /// Registers `name`; a null or empty name is ignored.
   void registerClass(const JXString& name);
-  /// Takes the name out; one that is not there is ignored.
+  /// Removes `name`; a name that is not registered is ignored.
   void unregisterClass(const JXString& name);
-  /// True when the name is registered.
+  /// Returns whether `name` is registered.
   bool hasClass(const JXString& name) const;
 
  private:

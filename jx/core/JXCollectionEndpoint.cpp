@@ -13,12 +13,12 @@ namespace {
 constexpr std::string_view kHttps = "https://";
 constexpr std::string_view kHttp = "http://";
 
-bool startsWith(std::string_view text, std::string_view prefix) {
-  return text.substr(0, prefix.size()) == prefix;
+bool startsWith(std::string_view string, std::string_view prefix) {
+  return string.substr(0, prefix.size()) == prefix;
 }
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
+std::string lowerCase(std::string_view string) {
+  std::string lower(string);
   for (char& c : lower) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
   }
@@ -34,8 +34,8 @@ std::string_view hostOf(std::string_view authority) {
   return authority.substr(0, authority.find(':'));
 }
 
-// Nothing but a host and what may stand beside it. Everything that URL parsers read in different
-// ways is refused, so that what is taken for loopback here is what is connected to later.
+// True for a host with optional user information and port. Rejects characters that URL parsers
+// interpret differently, so that the connection goes to the host that is checked for loopback here.
 bool isAuthority(std::string_view authority) {
   for (const char c : authority) {
     if (static_cast<unsigned char>(c) <= ' ' || c == 0x7F || c == '\\') return false;
@@ -43,27 +43,27 @@ bool isAuthority(std::string_view authority) {
   return !hostOf(authority).empty();
 }
 
-// The text behind "http://" or "https://", in capitals or not; the whole when neither is there.
-struct Stated {
+// A configured host split at its scheme, which is case-insensitive and optional.
+struct ConfiguredHost {
   bool isHttps = false;
   bool isHttp = false;
   std::string_view authority;
-  std::string_view behind;  // a path, query or fragment
+  std::string_view rest;  // a path, query or fragment
 
-  explicit Stated(std::string_view text) {
-    isHttps = lowerCase(text.substr(0, kHttps.size())) == kHttps;
-    isHttp = lowerCase(text.substr(0, kHttp.size())) == kHttp;
-    if (isHttps) text.remove_prefix(kHttps.size());
-    if (isHttp) text.remove_prefix(kHttp.size());
-    authority = text.substr(0, text.find_first_of("/?#"));
-    behind = text.substr(authority.size());
+  explicit ConfiguredHost(std::string_view string) {
+    isHttps = lowerCase(string.substr(0, kHttps.size())) == kHttps;
+    isHttp = lowerCase(string.substr(0, kHttp.size())) == kHttp;
+    if (isHttps) string.remove_prefix(kHttps.size());
+    if (isHttp) string.remove_prefix(kHttp.size());
+    authority = string.substr(0, string.find_first_of("/?#"));
+    rest = string.substr(authority.size());
   }
-  bool namesHost() const {
-    // "ftp://host" without its scheme is a host named "ftp" with an empty port.
-    const bool isOtherScheme = !isHttp && !isHttps && startsWith(behind, "//");
+  bool isValid() const {
+    // "ftp://host" would otherwise parse as a host named "ftp" with an empty port.
+    const bool isOtherScheme = !isHttp && !isHttps && startsWith(rest, "//");
     return isAuthority(authority) && !isOtherScheme;
   }
-  bool hasPath() const { return behind.find_first_not_of('/') != std::string_view::npos; }
+  bool hasPath() const { return rest.find_first_not_of('/') != std::string_view::npos; }
 };
 
 }  // namespace
@@ -75,32 +75,35 @@ bool isLoopbackAuthority(std::string_view authority) {
   return isLoopbackHost(hostOf(authority));
 }
 
-JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& stated, const JXString& fallback) {
+JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
+                                                const JXString& fallback) {
   JXCollectionEndpoint endpoint;
-  const Stated parts(stated.view());
-  if (!parts.namesHost()) {
-    endpoint.url = std::string(kHttps).append(Stated(fallback.view()).authority);
-    if (stated.isPresent()) {
-      endpoint.remark = "The collection host \"" + stated.toStdString() +
-                        "\" names no host; events go to " + endpoint.url.toStdString();
-      endpoint.remarkLevel = 3;
+  const ConfiguredHost host(configured.view());
+  const std::string quoted = "\"" + configured.toStdString() + "\"";
+  if (!host.isValid()) {
+    endpoint.url = std::string(kHttps).append(ConfiguredHost(fallback.view()).authority);
+    if (configured.isPresent()) {
+      endpoint.message = "Collection host " + quoted + " is invalid; events are sent to " +
+                         endpoint.url.toStdString();
+      endpoint.messageLevel = 3;
     }
     return endpoint;
   }
-  const bool staysHttp = parts.isHttp && isLoopbackAuthority(parts.authority);
-  endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(parts.authority);
-  if (parts.isHttp && !staysHttp) {
-    endpoint.remark = "Plain http is refused beyond loopback; events go to " +
-                      endpoint.url.toStdString() + " instead";
-    endpoint.remarkLevel = 3;
-  } else if (parts.hasPath()) {
-    endpoint.remark = "Only the host of \"" + stated.toStdString() + "\" counts; events go to " +
-                      endpoint.url.toStdString();
-    endpoint.remarkLevel = 3;
-  } else if (!parts.isHttps && !parts.isHttp) {
-    endpoint.remark = "The collection host \"" + stated.toStdString() +
-                      "\" names no scheme; events go to " + endpoint.url.toStdString();
-    endpoint.remarkLevel = 4;
+  const bool staysHttp = host.isHttp && isLoopbackAuthority(host.authority);
+  endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(host.authority);
+  const std::string consequence = "; events are sent to " + endpoint.url.toStdString();
+  if (host.isHttp && !staysHttp) {
+    endpoint.message = "Collection host " + quoted +
+                       " upgraded to https: http:// is allowed only for loopback hosts" +
+                       consequence;
+    endpoint.messageLevel = 3;
+  } else if (host.hasPath()) {
+    endpoint.message =
+        "Path, query or fragment of collection host " + quoted + " ignored" + consequence;
+    endpoint.messageLevel = 3;
+  } else if (!host.isHttps && !host.isHttp) {
+    endpoint.message = "Collection host " + quoted + " has no scheme" + consequence;
+    endpoint.messageLevel = 4;
   }
   return endpoint;
 }

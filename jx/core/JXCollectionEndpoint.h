@@ -6,20 +6,20 @@
 
 namespace jx {
 
-/// Where events go, and what had to be said about how it was given.
+/// URL of the collection server, with a log message about how it was configured.
 struct JXCollectionEndpoint {
-  JXString url;     ///< scheme, host and port, without a path: "https://collect.example.com"
-  JXString remark;  ///< a line for the log; absent when there is nothing to say
-  int remarkLevel = 0;
+  JXString url;          ///< scheme, host and port, without a path: "https://collect.example.com"
+  JXString message;      ///< log message about the configured host; null when there is none
+  int messageLevel = 0;  ///< level of `message`
 
-  /// Makes the endpoint from what a host stated. Without a scheme it is https. Plain http would
-  /// show a viewer's data to the network, so it is taken for loopback only and becomes https
-  /// elsewhere. A path, query or fragment is cut. `fallback` serves when `stated` names no host,
-  /// or another scheme.
-  static JXCollectionEndpoint from(const JXString& stated, const JXString& fallback);
+  /// Returns the endpoint for the configured host. The scheme is https when `configured` has none.
+  /// Plain http would expose viewer data to the network, so it is accepted for loopback hosts only
+  /// and becomes https elsewhere. A path, query or fragment is removed. `fallback` is used when
+  /// `configured` contains no host or has another scheme.
+  static JXCollectionEndpoint from(const JXString& configured, const JXString& fallback);
 };
 
-/// True when the host of `authority` is the device itself; a port may stand behind it.
+/// Returns whether the host of `authority`, optionally followed by a port, is the device itself.
 bool isLoopbackAuthority(std::string_view authority);
 
 }  // namespace jx

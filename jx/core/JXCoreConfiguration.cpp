@@ -9,14 +9,14 @@
 namespace jx {
 namespace {
 
-struct Held {
+struct Shared {
   std::mutex mutex;
   JXCoreConfiguration configuration;
 };
 
-// Never destroyed: the transfer thread may still ask while the process ends.
-Held& held() {
-  static Held* const instance = new Held();
+// Never destroyed: the transfer thread may still read it while the process exits.
+Shared& shared() {
+  static Shared* const instance = new Shared();
   return *instance;
 }
 
@@ -25,25 +25,25 @@ Held& held() {
 bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
   bool isAccepted = false;
   {
-    const std::lock_guard<std::mutex> lock(held().mutex);
+    const std::lock_guard<std::mutex> lock(shared().mutex);
     isAccepted = !JXCoreServices::hasStarted();
-    if (isAccepted) held().configuration = configuration;
+    if (isAccepted) shared().configuration = configuration;
   }
   JXLogger& logger = JXLogger::sharedInstance();
   if (isAccepted) {
-    // At once, because an event that is filled before the core starts may have something to say.
+    // Applied immediately, because an event may log while it is filled in before the core starts.
     logger.setMaxLevel(configuration.logLevel);
     logger.setSink(configuration.logSink);
   } else {
-    logger.logMessage_withLevel(
-        "The configuration was given after the core had started and is ignored", 3);
+    logger.logMessage_withLevel("JXCoreConfiguration::set() called after the SDK started; ignored",
+                                3);
   }
   return isAccepted;
 }
 
 JXCoreConfiguration JXCoreConfiguration::current() {
-  const std::lock_guard<std::mutex> lock(held().mutex);
-  return held().configuration;
+  const std::lock_guard<std::mutex> lock(shared().mutex);
+  return shared().configuration;
 }
 
 }  // namespace jx

@@ -16,60 +16,70 @@
 
 namespace jx {
 
-/// What a host may choose about the core, once, before it makes its first `ServerSide`. Every field
-/// has a default that suits a TV application.
+/// Configuration of the core. Set it once, before the application creates its first `ServerSide`.
+/// Every default suits a TV application.
 struct JX_API JXCoreConfiguration {
-  /// Folder of the queue and of the persisted variables; made (mode 0700) when it is missing.
-  /// Absent: the system's folder for the application's state.
+  /// Folder of the event queue and of the persisted variables; created with mode 0700 when it does
+  /// not exist. Default: null, the platform's folder for application state. Without any folder,
+  /// events are kept in memory only.
   JXString storageFolder;
-  /// Where events go: host with an optional port, such as "collect.example.com". "https://" may
-  /// stand before it; "http://" only before a loopback host. Absent: the build's
-  /// JX_COLLECTION_HOST.
+  /// Server that receives the events: a host name with an optional port, such as
+  /// "collect.example.com:8443". An "https://" prefix is optional; "http://" is allowed only for
+  /// loopback hosts and becomes https elsewhere. Default: null, the host given to the build as
+  /// JX_COLLECTION_HOST, which also replaces an invalid host.
   JXString collectionHost;
-  /// File of PEM certificates to trust instead of the system's.
+  /// Path of a file of PEM certificates to trust instead of the system's certificates. Default:
+  /// null, the system's certificates.
   JXString caFile;
-  /// Public keys that the collection host may show, beside having a trusted certificate: each the
-  /// SHA-256 of the key (its SubjectPublicKeyInfo in DER) in Base64, 44 characters. Name the next
-  /// key too, or a changed one holds every event until the application is updated. Empty: any key.
-  /// One that is no such text is logged at level 3 and matches no key; when none of them is one,
-  /// nothing is sent. Plain http to loopback shows no key and is not held up.
+  /// Public keys that the collection host may present, in addition to having a trusted certificate.
+  /// Each is the SHA-256 hash of the key (its SubjectPublicKeyInfo in DER) in Base64, 44 characters
+  /// long. Default: empty, any key. Include the next key too: after an unannounced key change,
+  /// events stay queued until the application is updated. An invalid entry is logged at level 3 and
+  /// matches no key; when all entries are invalid, nothing is sent. Plain http to a loopback host
+  /// uses no key and is not affected.
   std::vector<std::string> pinnedPublicKeys;
-  /// Proxy such as "http://proxy.example:3128"; "" for none; absent: what the environment variables
-  /// https_proxy, HTTPS_PROXY, ALL_PROXY and NO_PROXY say. Loopback is reached without a proxy.
+  /// URL of the HTTP proxy, such as "http://proxy.example:3128"; "" uses no proxy. Default: null,
+  /// the environment variables https_proxy, HTTPS_PROXY, ALL_PROXY and NO_PROXY. Loopback hosts are
+  /// always connected directly.
   JXString proxy;
 
-  /// Receives log lines (see JXLogSink); empty: standard error.
+  /// Function that receives log messages; see JXLogSink for its thread and limits. Default: empty,
+  /// messages are written to standard error.
   JXLogSink logSink;
-  /// Highest level that is logged; 0 logs nothing, 6 everything.
+  /// Highest level that is logged, from 0 (nothing) to 6 (everything); see JXLogger for the levels.
+  /// Default: 3.
   int logLevel = 3;
 
-  /// What the queue may hold.
+  /// Limits of the event queue. Default: see JXOutboxBounds.
   JXOutboxBounds outboxBounds;
-  /// When a request is tried again.
+  /// Backoff, timeouts and delays of the delivery. Default: see JXRetryTimings.
   JXRetryTimings retryTimings;
-  /// Told what became of each request (see JXDeliveryCallback for thread and limits).
+  /// Function that is called with the outcome of each request; see JXDeliveryCallback for its
+  /// thread and limits. Default: empty, outcomes are not reported.
   JXDeliveryCallback onDelivery;
-  /// True: requests are neither stored nor sent. Observers of `kJXNotification_HTTPRequest` still
-  /// see each of them, so a host can look at what would be sent.
+  /// True neither stores nor sends requests. Observers of `kJXNotification_HTTPRequest` still
+  /// receive each request, so an application can inspect it. Default: false.
   bool dryRun = false;
 
-  /// What the application states about itself, where the system does not know it.
+  /// Identifier, name and versions of the application, for platforms that do not provide them.
+  /// Default: all null, the platform's values.
   JXBundleInformation bundle;
-  /// Size of the main screen in points, where the system cannot tell; 0 by 0 leaves it to the
-  /// system.
+  /// Size of the main screen in points, for platforms that cannot report it. Default: 0 by 0, the
+  /// platform's value.
   JXScreenBounds screen;
-  /// Text for the device block's user agent, where the system has none.
+  /// User agent string of the device block, for platforms that have none. Default: null, the
+  /// platform's user agent.
   JXString userAgent;
 
-  /// The time of day; null: the system's.
+  /// Clock that provides the time of day. Default: null, the system clock.
   std::shared_ptr<const JXClock> clock;
-  /// The operating system; null: the one that the library was built for.
+  /// Interface to the operating system. Default: null, the platform that the library was built for.
   std::shared_ptr<JXPlatform> platform;
 
-  /// Makes `configuration` the one in force. Returns false and logs a line at level 3 when the core
-  /// has started already; nothing is changed then. Thread-safe.
+  /// Replaces the current configuration with a copy of `configuration` and returns true. Once the
+  /// core has started, changes nothing, logs at level 3 and returns false. Thread-safe.
   static bool set(const JXCoreConfiguration& configuration);
-  /// The configuration in force, a copy.
+  /// Returns a copy of the current configuration. Thread-safe.
   static JXCoreConfiguration current();
 };
 

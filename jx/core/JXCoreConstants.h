@@ -12,7 +12,7 @@ inline constexpr std::string_view kJXCoreVersion = "1.0.0";
 /// @{
 inline constexpr std::string_view JXE_CONTEXT = "context";
 inline constexpr std::string_view JXE_USER = "user";
-/// Stands in place of the user block while the viewer's consent is awaited.
+/// Replaces the user block while the viewer's consent is pending.
 inline constexpr std::string_view JX_WAITING_FOR_CONSENT = "waiting_for_consent";
 /// @}
 
@@ -51,9 +51,9 @@ inline constexpr std::string_view kJXPredefinedVariable_isTrackingEnabled =
     "#JX_IS_TRACKING_ENABLED#";
 inline constexpr std::string_view JX_ConsentVersion = "#JX_CONSENT_VERSION#";
 
-/// The advertising identifier of a viewer who is not tracked.
+/// Advertising identifier of a viewer for whom tracking is off.
 inline constexpr std::string_view STATIC_IDFA = "00000000-0000-0000-0000-000000000000";
-/// The developer id that a Firebase instance is given.
+/// Developer ID that is set on a Firebase instance.
 inline constexpr std::string_view JX_GCM_DEVELOPER_ID = "jx_serverside";
 /// @}
 
@@ -68,7 +68,7 @@ inline constexpr std::string_view kJXNotification_OnBackground = "JXNotification
 inline constexpr std::string_view kJXNotification_OnForeground = "JXNotification: On Foreground";
 inline constexpr std::string_view kJXNotification_UserAgentAvailable =
     "JXNotification: User Agent Available";
-/// Offered to applications for their own use; the library never posts it.
+/// Reserved for applications; the library never posts it.
 inline constexpr std::string_view kJXNotification_HitSent = "JXNotification: Hit Sent";
 /// @}
 

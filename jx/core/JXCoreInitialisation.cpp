@@ -12,10 +12,10 @@ namespace jx {
 
 std::shared_ptr<JXCoreInitialisation> JXCoreInitialisation::init() {
   JXCoreServices& services = JXCoreServices::sharedInstance();
-  // Observes the default centre before any listener does, so that the network manager knows of a
-  // change of state before the facade acts on it.
+  // Observes the default center before any listener does, so that the network manager receives a
+  // state change before the facade acts on it.
   JXNotificationHub::sharedInstance();
-  // The core's variables and identifiers exist before the library merges and sends them.
+  // Create the core's variables and identifiers before the library merges and sends them.
   JXCoreVariables::sharedInstance();
   JXUser::sharedInstance();
   JXNetwork::sharedInstance();

@@ -8,11 +8,11 @@
 
 namespace jx {
 
-/// Starts the core. The object itself holds nothing and may be dropped at once; making a second one
-/// changes nothing.
+/// Starts the core. The object itself is empty and can be destroyed immediately; creating a second
+/// one has no effect.
 class JX_API JXCoreInitialisation {
  public:
-  /// Starts the core once. The caller owns the object. Never null.
+  /// Starts the core unless it has started. Returns an object owned by the caller; never null.
   static std::shared_ptr<JXCoreInitialisation> init();
 
  private:

@@ -23,12 +23,12 @@ namespace {
 
 std::atomic<bool> started{false};
 
-JXString chosenStorageFolder(const JXCoreConfiguration& configuration, JXPlatform& platform) {
+JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
   if (configuration.storageFolder.testString()) return configuration.storageFolder;
   return platform.defaultStorageFolder();
 }
 
-// Stores the user agent before it is told, so that whoever is told finds it.
+// Stores the user agent before it posts the notification, so that observers can read it.
 void announceUserAgent(const JXString& userAgent) {
   if (!userAgent.isPresent()) return;
   JXCoreVariables::sharedInstance().addData_withValue(kJXPredefinedVariable_UserAgent, userAgent);
@@ -65,23 +65,23 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   const JXCollectionEndpoint endpoint =
       JXCollectionEndpoint::from(configuration.collectionHost, JX_COLLECTION_HOST);
   collectionEndpoint_ = endpoint.url;
-  if (endpoint.remark.isPresent()) {
-    logger.logMessage_withLevel(endpoint.remark.view(), endpoint.remarkLevel);
+  if (endpoint.message.isPresent()) {
+    logger.logMessage_withLevel(endpoint.message.view(), endpoint.messageLevel);
   }
 
-  storageFolder_ = chosenStorageFolder(configuration, *platform_);
+  storageFolder_ = storageFolderOf(configuration, *platform_);
   userDefaults_ = platform_->userDefaults();
   if (userDefaults_ == nullptr && storageFolder_.testString()) {
     defaultsFile_ = std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults");
     userDefaults_ = defaultsFile_.get();
   }
   if (!storageFolder_.testString() && !configuration.dryRun) {
-    logger.logMessage_withLevel("There is no storage folder; events are kept in memory only", 3);
+    logger.logMessage_withLevel("No storage folder available; events are kept in memory only", 3);
   }
 }
 
 void JXCoreServices::userDefaultsChanged() {
-  // Asked once until it is done: every event changes some.
+  // Requested once until it has run, because every event changes some values.
   if (defaultsFile_ && !maintenanceIsDue_.exchange(true)) {
     JXNetworkManager::sharedInstance().storageChanged();
   }
@@ -99,7 +99,7 @@ void JXCoreServices::startTransfer() {
   for (const std::string& pin : configuration_.pinnedPublicKeys) {
     if (isPublicKeyPin(pin)) continue;
     JXLogger::sharedInstance().logMessage_withLevel(
-        "The pinned key \"" + pin + "\" is no SHA-256 in Base64 and matches no server", 3);
+        "Pinned key \"" + pin + "\" is not a SHA-256 hash in Base64; matches no server", 3);
   }
   JXTransferSetup setup;
   const std::string folder =
@@ -112,7 +112,7 @@ void JXCoreServices::startTransfer() {
   setup.proxy = configuration_.proxy;
   setup.onDelivery = configuration_.onDelivery;
   setup.maintain = [this] {
-    // Before the work, so that what is changed meanwhile asks again.
+    // Cleared before the work, so that a change made during the work requests another run.
     maintenanceIsDue_ = false;
     if (defaultsFile_) defaultsFile_->maintain();
   };
@@ -124,7 +124,7 @@ void JXCoreServices::startTransfer() {
     });
   };
   JXNetworkManager::sharedInstance().start(std::move(setup));
-  // The identifiers were made before there was a thread to tell.
+  // The identifiers were created before the transfer thread existed.
   maintenanceIsDue_ = false;
   userDefaultsChanged();
 }

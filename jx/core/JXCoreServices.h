@@ -14,27 +14,27 @@ namespace jx {
 
 class JXDefaultsFile;
 
-/// Everything that the core stands on, wired in one place from the configuration when the first
-/// part of the core is asked for. Thread-safe; never destroyed.
+/// The services that the core depends on, created from the configuration on first use of the core.
+/// Thread-safe; never destroyed.
 class JXCoreServices {
  public:
   static JXCoreServices& sharedInstance();
-  /// True from the moment that the configuration has been read.
+  /// Returns whether the configuration has been read; it can no longer be changed then.
   static bool hasStarted();
 
   const JXClock& clock() const { return *clock_; }
   JXPlatform& platform() const { return *platform_; }
-  /// The store of persisted values: the platform's own, else the core's. Null when neither can be
-  /// had.
+  /// Returns the store of persisted values: the platform's, otherwise the core's. Null when neither
+  /// is available.
   JXPlatformDefaults* userDefaults() const { return userDefaults_; }
-  /// A persisted value was changed: where the core keeps them itself, the transfer thread is told
-  /// to make it durable.
+  /// Reports that a persisted value changed. When the core's own store is used, the transfer thread
+  /// then makes it durable.
   void userDefaultsChanged();
-  /// "https://host" that events go to, without a path.
+  /// Returns the URL that events are sent to, "https://host" without a path.
   const JXString& collectionEndpoint() const { return collectionEndpoint_; }
 
-  /// Starts the watch over the application's state and, unless this is a dry run, the transfer
-  /// thread. A second call changes nothing.
+  /// Starts observing the application state and, except in a dry run, the transfer thread. A second
+  /// call has no effect.
   void start();
 
  private:

@@ -11,7 +11,7 @@
 namespace jx {
 namespace {
 
-// Names this installation of the library: made at the first start and kept.
+// ID of this installation of the library, created at the first start and persisted.
 JXString persistedSdkId() {
   JXString id = JXUserDefaults::retrieveInfoFromUserDefaults(kJXPredefinedVariable_SDKID);
   if (!id.testString()) {

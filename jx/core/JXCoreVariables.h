@@ -16,29 +16,29 @@ namespace jx {
 /// The core's clock and its run-time variables. Thread-safe; never destroyed.
 class JX_API JXCoreVariables {
  public:
-  /// The one object of this process.
+  /// Returns the object of this process.
   static JXCoreVariables& sharedInstance();
 
-  /// The text under the key, absent when there is none.
+  /// Returns the string stored under `key`; null when there is none.
   JXString getData(const JXString& key) const;
-  /// Stores a text; an absent one removes the key.
+  /// Stores a string, replacing any value with the same key; null removes the key.
   void addData_withValue(const JXString& key, const JXString& value);
-  /// The store that the two operations above work on.
+  /// Returns the store that `getData` and `addData_withValue` use.
   const std::shared_ptr<JXDynamicStore>& dynamicStore() const { return dynamicStore_; }
 
-  /// Milliseconds since the Unix epoch, by the configured clock.
+  /// Returns the milliseconds since the Unix epoch, from the configured clock.
   std::int64_t nowMs() const;
-  /// The same instant as a date, in whole milliseconds.
+  /// Returns the current time as a time point, in whole milliseconds.
   std::chrono::system_clock::time_point now() const;
-  /// Decimal milliseconds since the Unix epoch.
+  /// Returns the milliseconds since the Unix epoch as a decimal string.
   JXString nowMsString() const;
-  /// Decimal seconds since the Unix epoch, rounded down.
+  /// Returns the seconds since the Unix epoch, rounded down, as a decimal string.
   JXString nowString() const;
 
-  /// True lets the core send while the application is in the background. Kept as a mark; the
-  /// network manager has the switch.
+  /// Records whether the core may send while the application is in the background. It only stores
+  /// the value; `JXNetworkManager::enableRunningInBackground` enables the delivery.
   void setEnableSDKInBG(bool enabled) { enableSDKInBG_ = enabled; }
-  /// The mark that was set last; false at first.
+  /// Returns the value set last; initially false.
   bool enableSDKInBG() const { return enableSDKInBG_; }
   /// Reads the platform's vendor identifier and stores it under `kJXPredefinedVariable_IDFV`.
   void setIDFV();

@@ -26,7 +26,7 @@ void JXDynamicStore::addData(const JXJsonObject& entries) {
 }
 
 JXJsonValue JXDynamicStore::getData(const JXString& key) const {
-  if (!key.isPresent()) return {};  // its view is that of the empty key
+  if (!key.isPresent()) return {};  // its view equals that of the empty key
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.get(key.view());
 }
@@ -48,16 +48,16 @@ bool JXDynamicStore::isEmpty() const {
 }
 
 void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
-                                std::size_t* places, JXString* texts) const {
+                                std::size_t* positions, JXString* strings) const {
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::vector<JXJsonEntry>& all = entries_.entries();
   for (std::size_t i = 0; i < count; ++i) {
-    const auto isIt = [&](const JXJsonEntry& entry) { return entry.key.view() == keys[i]; };
-    if (places[i] >= all.size() || !isIt(all[places[i]])) {
-      const auto found = std::find_if(all.begin(), all.end(), isIt);
-      places[i] = static_cast<std::size_t>(found - all.begin());
+    const auto hasKey = [&](const JXJsonEntry& entry) { return entry.key.view() == keys[i]; };
+    if (positions[i] >= all.size() || !hasKey(all[positions[i]])) {
+      const auto found = std::find_if(all.begin(), all.end(), hasKey);
+      positions[i] = static_cast<std::size_t>(found - all.begin());
     }
-    texts[i] = places[i] < all.size() ? all[places[i]].value.string() : JXString();
+    strings[i] = positions[i] < all.size() ? all[positions[i]].value.string() : JXString();
   }
 }
 

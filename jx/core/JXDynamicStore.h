@@ -13,45 +13,45 @@
 
 namespace jx {
 
-/// A store of values by text key.
+/// A store of JSON values by string key.
 class JX_API IJXDynamicStore {
  public:
   virtual ~IJXDynamicStore() = default;
-  /// Sets or replaces a value; an absent value removes the key, an absent key is ignored.
+  /// Sets or replaces a value; a null value removes the key, a null key is ignored.
   virtual void addData_withValue(const JXString& key, const JXJsonValue& value) = 0;
-  /// The value, absent when there is none.
+  /// Returns the value stored under `key`; null when there is none.
   virtual JXJsonValue getData(const JXString& key) const = 0;
-  /// Removes the key and returns the value that was there, absent when there was none.
+  /// Removes `key` and returns its value; null when there was none.
   virtual JXJsonValue removeData(const JXString& key) = 0;
 };
 
-/// The store that the core and the library use: keeps its keys in the order in which they were
-/// first set. Thread-safe; a nested JSON object that was stored is shared, and is the caller's to
-/// keep to one thread.
+/// The store that the library uses. Keeps its keys in the order in which they were first set.
+/// Thread-safe; a stored JSON object is shared with the caller, who must use it on one thread at a
+/// time.
 class JX_API JXDynamicStore final : public IJXDynamicStore {
  public:
-  /// A new empty store.
+  /// Returns a new empty store. Never null.
   static std::shared_ptr<JXDynamicStore> init();
 
   void addData_withValue(const JXString& key, const JXJsonValue& value) override;
-  /// Adds every pair of the other store, replacing values of the same key.
+  /// Adds every pair of `other`, replacing values with the same key.
   void addData(const JXDynamicStore& other);
-  /// The same for the entries of a JSON object; an absent object is ignored.
+  /// Adds every entry of a JSON object, replacing values with the same key; null is ignored.
   void addData(const JXJsonObject& entries);
   JXJsonValue getData(const JXString& key) const override;
   JXJsonValue removeData(const JXString& key) override;
   /// Removes every pair.
   void clearData();
-  /// True when the store holds no pair.
+  /// Returns whether the store is empty.
   bool isEmpty() const;
 
-  /// The texts under several keys as they stand at one moment, in the order of the keys; absent
-  /// where there is none. `places` has an element for each key and remembers where the key stands,
-  /// so that asking again needs no search; zeros will do the first time.
-  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* places,
-                  JXString* texts) const;
+  /// Reads the strings under `count` keys at one moment and writes them to `strings`, in the order
+  /// of the keys; null for a missing key. `positions` has an element per key and caches the key's
+  /// position, so that the next call needs no search; initialise it with zeros.
+  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* positions,
+                  JXString* strings) const;
 
-  /// A copy of all pairs.
+  /// Returns a copy of all pairs.
   JXJsonObject entries() const;
 
  private:

@@ -10,34 +10,34 @@
 
 namespace jx {
 
-/// An ordered list that may be absent: a handle that shares its elements with its copies, so
-/// `event->items().append(item)` extends the event's own list. An absent list holds nothing and
-/// ignores what is appended. Not synchronised.
+/// An ordered list that can be null. It is a handle: copies share their elements, so
+/// `event->items().append(item)` extends the event's own list. A null list has no elements and
+/// ignores appended elements. Not synchronised.
 template <typename T>
 class JXList {
  public:
-  /// A new empty list.
+  /// Creates an empty list.
   JXList() : elements_(std::make_shared<std::vector<T>>()) {}
-  /// No list at all.
+  /// Creates a null list.
   JXList(std::nullptr_t) noexcept {}
-  /// A new list of these elements.
+  /// Creates a list of the given elements.
   JXList(std::initializer_list<T> elements)
       : elements_(std::make_shared<std::vector<T>>(elements)) {}
-  /// A new list of copies of the elements.
+  /// Creates a list of copies of the given elements.
   JXList(const std::vector<T>& elements) : elements_(std::make_shared<std::vector<T>>(elements)) {}
 
-  /// True when there is a list, the empty one included.
+  /// Returns whether the list is not null; an empty list is not null.
   bool isPresent() const noexcept { return elements_ != nullptr; }
-  /// True when both handles share the same elements, or both are absent.
+  /// Returns whether both handles share the same elements, or both are null.
   bool isSameAs(const JXList& other) const noexcept { return elements_ == other.elements_; }
-  /// How many elements there are; 0 when absent.
+  /// Returns the number of elements; 0 for a null list.
   std::size_t size() const noexcept { return elements_ ? elements_->size() : 0; }
 
-  /// Adds the element behind the others; ignored by an absent list.
+  /// Appends an element; ignored when this list is null.
   void append(T element) const {
     if (elements_) elements_->push_back(std::move(element));
   }
-  /// Appends every element of `other`; an absent list has none.
+  /// Appends every element of `other`; ignored when either list is null.
   void appendAll(const JXList& other) const {
     if (!elements_) return;
     // By position and count, so that a list can be appended to itself.
@@ -46,11 +46,12 @@ class JXList {
       append((*other.elements_)[i]);
   }
 
-  /// The elements in order; valid until the list is extended.
+  /// Iterates over the elements in order; valid until an element is appended.
   auto begin() const noexcept { return elements().begin(); }
-  /// Behind the last element.
+  /// Past-the-end iterator.
   auto end() const noexcept { return elements().end(); }
-  /// The element at the index, which is below `size()`; valid until the list is extended.
+  /// Returns the element at `index`, which must be less than `size()`; valid until an element is
+  /// appended.
   const T& operator[](std::size_t index) const { return elements()[index]; }
 
  private:

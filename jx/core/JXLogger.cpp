@@ -9,10 +9,10 @@
 namespace jx {
 namespace {
 
-// Set while this thread is inside the sink, so that a sink that logs does not call itself.
+// Set while this thread is inside the sink, so that a sink that logs is not called recursively.
 thread_local bool insideSink = false;
 
-// In one piece, so that the lines of several processes do not mix, and whole, whatever it holds.
+// Uses one write, so that messages of several processes do not mix, and writes NUL bytes too.
 void writeToStandardError(int level, std::string_view message) {
   std::string line = "[JX " + std::to_string(level) + "] ";
   line.append(message).append(1, '\n');
@@ -22,7 +22,7 @@ void writeToStandardError(int level, std::string_view message) {
 }  // namespace
 
 JXLogger& JXLogger::sharedInstance() {
-  // Never destroyed: the host may log from its own static destructors.
+  // Never destroyed: the application may log from its own static destructors.
   static JXLogger* const instance = new JXLogger();
   return *instance;
 }
@@ -38,7 +38,7 @@ void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcep
       writeToStandardError(level, message);
     }
   } catch (...) {
-    // The line is lost; the host's event is not.
+    // The message is lost; the application's event is not.
   }
   insideSink = false;
 }
@@ -48,7 +48,7 @@ void JXLogger::setSink(JXLogSink sink) {
     const std::lock_guard<std::mutex> lock(mutex_);
     sink_.swap(sink);
   }
-  // The old one ends here, outside of the lock, since what it holds may log.
+  // The previous sink is destroyed here, after the lock is released, because its members may log.
 }
 
 }  // namespace jx

@@ -11,31 +11,38 @@
 
 namespace jx {
 
-/// Receives log lines. Called on the thread that logs, the transfer thread included, one call at a
-/// time; `message` is valid during the call. What it throws is dropped, and so is what it logs
-/// itself. It must not block: an event waits for it. It must not call the library otherwise, since
-/// a line may come while the object that it asks for is being made.
+/// Receives log messages. Called on the thread that logs, the transfer thread included, one call at
+/// a time; `message` is valid during the call. Exceptions thrown by the sink, and messages logged
+/// by it, are discarded. The sink must not block, because an event waits for it. It must not call
+/// the rest of the library: a message can be logged while the object it needs is being constructed.
 using JXLogSink = std::function<void(int level, std::string_view message)>;
 
-/// The leveled log of the library: 2 for an inconsistent stored time or lost data, 3 for a caught
-/// failure, 4 for start-up facts, 5 for state changes, 6 for per-event detail. Thread-safe.
+/// The log of the library. Thread-safe. Levels:
+///
+/// - 0: not used for messages; as the maximum level, it turns the log off
+/// - 1: not used
+/// - 2: lost or damaged data (a rejected event, a damaged file), inconsistent stored time
+/// - 3: failures (network, storage, callback, conversion), invalid configuration or arguments
+/// - 4: start-up information
+/// - 5: state changes (activated, deactivated, delivery resumed), missing locale data
+/// - 6: details of each event with its payload, repeated delivery failures
 class JX_API JXLogger {
  public:
-  /// The one log of this process.
+  /// Returns the logger of this process.
   static JXLogger& sharedInstance();
 
-  /// Hands the line to the sink when its level is printed. Never throws.
+  /// Passes `message` to the sink when `printsLevel(level)` is true. Never throws.
   void logMessage_withLevel(std::string_view message, int level) noexcept;
-  /// True when a line of this level is printed: asked before a costly text is built.
+  /// Returns whether messages of `level` are logged. Check it before building a costly message.
   bool printsLevel(int level) const noexcept {
     const int maxLevel = maxLevel_.load();
     return maxLevel > 0 && level <= maxLevel;
   }
 
-  /// Prints lines up to `maxLevel`; 0 prints none. The default is 3.
+  /// Sets the highest level that is logged; 0 turns the log off. The default is 3.
   void setMaxLevel(int maxLevel) noexcept { maxLevel_.store(maxLevel); }
-  /// Replaces the sink; an empty one restores the default, which writes a line to standard error.
-  /// Not to be called by a sink.
+  /// Replaces the sink. An empty `sink` restores the default, which writes each message to standard
+  /// error. Must not be called by a sink.
   void setSink(JXLogSink sink);
 
  private:

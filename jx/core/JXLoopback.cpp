@@ -22,15 +22,15 @@ bool isLocalhost(std::string_view host) {
 }  // namespace
 
 bool isLoopbackHost(std::string_view host) {
-  // What follows reads up to a NUL.
+  // inet_pton reads up to the first NUL only.
   if (host.find('\0') != std::string_view::npos) return false;
   if (isLocalhost(host)) return true;
-  const std::string text(host);
+  const std::string string(host);
   in_addr four{};
-  if (::inet_pton(AF_INET, text.c_str(), &four) == 1) return (ntohl(four.s_addr) >> 24) == 127;
-  if (text.size() < 2 || text.front() != '[' || text.back() != ']') return false;
+  if (::inet_pton(AF_INET, string.c_str(), &four) == 1) return (ntohl(four.s_addr) >> 24) == 127;
+  if (string.size() < 2 || string.front() != '[' || string.back() != ']') return false;
   in6_addr six{};
-  const std::string bare = text.substr(1, text.size() - 2);
+  const std::string bare = string.substr(1, string.size() - 2);
   return ::inet_pton(AF_INET6, bare.c_str(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
 }
 

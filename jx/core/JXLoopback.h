@@ -6,9 +6,9 @@
 
 namespace jx {
 
-/// True when a URL's host is the device itself: "localhost" in capitals or not, an IPv4 address in
-/// 127.0.0.0/8 as four decimal numbers, and "::1" in brackets, however it is written. No name is
-/// resolved: "127.example.com" is not loopback, whatever it points to.
+/// Returns whether a URL's host is the device itself: "localhost" (case-insensitive), an IPv4
+/// address in 127.0.0.0/8 as four decimal numbers, or "::1" in brackets, in any notation. Does not
+/// resolve names: "127.example.com" is not loopback, whatever address it has.
 bool isLoopbackHost(std::string_view host);
 
 }  // namespace jx

@@ -8,7 +8,7 @@
 namespace jx {
 namespace {
 
-const char* textOf(JXNetworkKind kind) {
+const char* toString(JXNetworkKind kind) {
   switch (kind) {
     case JXNetworkKind::Ethernet:
       return "ethernet";
@@ -34,7 +34,7 @@ JXNetwork::JXNetwork() { refresh(); }
 JXJsonObject JXNetwork::getJsonObject() const { return newJsonObject(); }
 
 void JXNetwork::writeOwnEntries(JXJsonSink& sink) const {
-  sink.text("connection_type", textOf(kind_));
+  sink.text("connection_type", toString(kind_));
 }
 
 void JXNetwork::refresh() { kind_ = JXCoreServices::sharedInstance().platform().networkKind(); }

@@ -11,17 +11,18 @@
 namespace jx {
 
 /// The network block inside the device block: "connection_type" is "ethernet", "wifi", "cellular"
-/// or "none". Asking the system costs more than an event may, so the kind is kept: it is read at
-/// the start, when the application comes to the foreground, and by the transfer thread before it
-/// connects. The kind is thread-safe; the additional properties are not. Never destroyed.
+/// or "none". Querying the system is too slow for each event, so the connection type is cached. It
+/// is read at the start, when the application enters the foreground, and by the transfer thread
+/// before it connects. The connection type is thread-safe; the additional properties are not. Never
+/// destroyed.
 class JX_API JXNetwork final : public JXAdditionalProperties {
  public:
-  /// The one block of this process.
+  /// Returns the block of this process.
   static JXNetwork& sharedInstance();
 
-  /// A new object: the additional properties, then the kind over them.
+  /// Returns a new JSON object: the additional properties, overridden by the connection type.
   JXJsonObject getJsonObject() const;
-  /// Asks the system for the kind of the connection in use.
+  /// Reads the type of the current connection from the system.
   void refresh();
 
  private:

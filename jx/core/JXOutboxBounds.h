@@ -10,50 +10,56 @@
 
 namespace jx {
 
-/// What the outbox may hold; checked at each insert, the oldest requests go first.
+/// Limits of the event queue (outbox). Each insert checks them and drops the oldest requests first.
 struct JX_API JXOutboxBounds {
-  /// How many requests wait at most.
+  /// Maximum number of queued requests; the oldest are dropped. Default: 10,000. 0 counts as 1.
   std::size_t maxRequests = 10'000;
-  std::uint64_t maxBytes = 32u * 1024 * 1024;  ///< sum of the bodies and URLs held
-  /// A request older than this is dropped.
+  /// Maximum size of the queue in bytes: the sum of the bodies and URLs of all requests. The oldest
+  /// requests are dropped; a request that exceeds the limit alone is not queued. Default: 32 MiB.
+  std::uint64_t maxBytes = 32u * 1024 * 1024;
+  /// Maximum age of a queued request in milliseconds; older requests are dropped. A request created
+  /// before 2025 (clock not set yet) or in the future has no age. Default: 30 days.
   std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
-  /// How many refused requests are kept aside; the oldest go.
+  /// Maximum number of dead letters, which are requests that the server rejected; the oldest are
+  /// deleted. Default: 1,000. 0 keeps none.
   std::size_t maxDeadLetters = 1'000;
-  std::size_t maxInMemory = 1'000;  ///< requests held while the disk takes none
+  /// Maximum number of requests kept in memory while writes to the disk fail; the oldest are
+  /// dropped. Default: 1,000. 0 drops each new request while writes fail.
+  std::size_t maxInMemory = 1'000;
 };
 
-/// Why a request left the queue without an answer.
+/// Reason why a request left the queue without a response.
 enum class JXDropReason {
-  None,        ///< it was not dropped
-  TooMany,     ///< the oldest, because of maxRequests
-  TooLarge,    ///< the oldest, or one alone, because of maxBytes
-  TooOld,      ///< because of maxAge
-  NoStorage,   ///< the disk took none, and maxInMemory made no room for it
-  Unreadable,  ///< its bytes on the disk are damaged
-  Purged       ///< the queue was emptied by order
+  None,        ///< the request was not dropped
+  TooMany,     ///< the queue exceeded maxRequests; the oldest request is dropped
+  TooLarge,    ///< the queue, or the request alone, exceeded maxBytes
+  TooOld,      ///< the request exceeded maxAge
+  NoStorage,   ///< the request could not be stored, and maxInMemory left no room for it
+  Unreadable,  ///< the stored bytes of the request are damaged
+  Purged       ///< removed by a purge
 };
 
-/// How many requests took which way since this outbox was opened, and what it holds now.
+/// Number of requests per outcome since this outbox was opened, and the current queue size.
 struct JX_API JXOutboxCounters {
-  /// Taken by the queue.
+  /// Requests accepted by the queue.
   std::uint64_t added = 0;
-  /// Answered with 2xx.
+  /// Requests that received a 2xx response.
   std::uint64_t delivered = 0;
-  /// Refused by the receiver for good.
+  /// Requests that were permanently rejected.
   std::uint64_t rejected = 0;
-  std::uint64_t droppedTooMany = 0;     ///< the oldest, because of maxRequests
-  std::uint64_t droppedTooLarge = 0;    ///< the oldest, or one alone, because of maxBytes
-  std::uint64_t droppedTooOld = 0;      ///< because of maxAge
-  std::uint64_t droppedNoStorage = 0;   ///< the oldest in memory, because of maxInMemory
-  std::uint64_t droppedUnreadable = 0;  ///< its bytes on the disk were damaged meanwhile
-  /// Removed by `purge`.
+  std::uint64_t droppedTooMany = 0;     ///< oldest requests dropped because of maxRequests
+  std::uint64_t droppedTooLarge = 0;    ///< requests dropped or not queued because of maxBytes
+  std::uint64_t droppedTooOld = 0;      ///< requests dropped because of maxAge
+  std::uint64_t droppedNoStorage = 0;   ///< requests dropped because of maxInMemory
+  std::uint64_t droppedUnreadable = 0;  ///< requests whose stored bytes were damaged after opening
+  /// Requests removed by `purge`.
   std::uint64_t purged = 0;
-  std::uint64_t storageErrors = 0;  ///< writes, reads and syncs that failed
-  std::uint64_t damaged = 0;        ///< files of which a part was set aside
-  std::uint64_t queued = 0;         ///< held now; in flight ones included, rejected ones not
-  /// The sum of their bodies and URLs.
+  std::uint64_t storageErrors = 0;  ///< failed writes, reads and syncs
+  std::uint64_t damaged = 0;        ///< files of which a part was quarantined
+  std::uint64_t queued = 0;  ///< requests queued now, in flight ones included, dead letters not
+  /// Sum of the bodies and URLs of the queued requests, in bytes.
   std::uint64_t queuedBytes = 0;
-  std::uint64_t inMemory = 0;  ///< of the queued, those that are on no disk yet
+  std::uint64_t inMemory = 0;  ///< queued requests that are not stored on disk yet
 };
 
 }  // namespace jx

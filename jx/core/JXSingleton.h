@@ -6,9 +6,9 @@
 
 namespace jx {
 
-/// Base of the library's process-wide objects. Each keeps its one instance itself, made once by its
-/// class operation `sharedInstance` and never destroyed, so that a call from a host's static
-/// destructor still finds it.
+/// Base class of the library's process-wide objects. Each class owns its single instance, which
+/// `sharedInstance` creates once. It is never destroyed, so that the application's static
+/// destructors can still use it.
 class JX_API JXSingleton {
  public:
   JXSingleton(const JXSingleton&) = delete;
@@ -18,8 +18,8 @@ class JX_API JXSingleton {
   JXSingleton() = default;
   ~JXSingleton() = default;
 
-  /// The base's part of `init`. False says that it failed; the object then gives up its own
-  /// initialisation with its start guard as it stands.
+  /// The base class part of `init`. Returns false on failure; the object then cancels its
+  /// initialisation and leaves its start guard unchanged.
   virtual bool baseInit() { return true; }
 };
 

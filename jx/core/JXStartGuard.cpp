@@ -8,7 +8,7 @@
 namespace jx {
 
 bool tryBeginInit(int& state) {
-  // Read once: whoever comes while an initialisation runs waits for good, also when it ends.
+  // Read once: a thread that calls while an initialisation runs blocks forever, even after it ends.
   const int found = state;
   if (found == kJXInitRunning) neverReturn();
   if (found != kJXInitNever && found != kJXInitAgain) return false;

@@ -4,9 +4,9 @@
 
 namespace jx {
 
-/// The word that a process-wide object keeps beside it, so that `init` runs once and `reinit` can
-/// ask for another run: 0 never initialised, 1 `init` is running, 2 initialised, 3 `reinit` asked
-/// for a fresh initialisation. A plain integer, as the objects it guards are made on one thread.
+/// State of a process-wide object, so that `init` runs once and `reinit` can request another run:
+/// 0 never initialised, 1 `init` is running, 2 initialised, 3 `reinit` requested a new
+/// initialisation. A plain integer, because the guarded objects are created on one thread.
 enum JXInitState : int {
   kJXInitNever = 0,
   kJXInitRunning = 1,
@@ -14,12 +14,12 @@ enum JXInitState : int {
   kJXInitAgain = 3,
 };
 
-/// True when `init` has to run, and `state` is then 1. False when the object stands as it is. Does
-/// not return while an `init` is running: a second one inside or beside the first is a misuse that
-/// must never yield a half-made object.
+/// Returns true and sets `state` to 1 when `init` must run; returns false when the object is
+/// initialised. Never returns when an `init` is running: a nested or concurrent `init` is a misuse
+/// that must never yield a partly initialised object.
 bool tryBeginInit(int& state);
 
-/// Stops the calling thread for ever.
+/// Blocks the calling thread forever.
 [[noreturn]] void neverReturn();
 
 }  // namespace jx

@@ -9,24 +9,25 @@
 
 namespace jx {
 
-/// The user block of the payload: "anonymous_id" (a random UUID, made once and persisted),
-/// "consent_id" when a consent module or the host has set one, and what the host adds.
-/// The identifiers are thread-safe; the additional properties are not. Never destroyed.
+/// The user block of the payload: "anonymous_id" (a random UUID, created once and persisted),
+/// "consent_id" when the application or its consent module has set one, and the additional
+/// properties. The identifiers are thread-safe; the additional properties are not. Never destroyed.
 class JX_API JXUser final : public JXAdditionalProperties {
  public:
-  /// The one block of this process.
+  /// Returns the block of this process.
   static JXUser& sharedInstance();
 
-  /// A new object: the additional properties, then the identifiers over them.
+  /// Returns a new JSON object: the additional properties, overridden by the identifiers.
   JXJsonObject getJsonObject() const;
 
-  /// The random UUID of this installation, or what replaced it.
+  /// Returns the random UUID of this installation, or its replacement.
   JXString anonymous_id() const;
-  /// Replaces the identifier for this and all later launches; an absent or empty one is ignored.
+  /// Replaces the identifier for this and all later launches; a null or empty ID is ignored.
   void setAnonymous_id(const JXString& id);
-  /// What was set last in this process; absent at first.
+  /// Returns the consent ID set last in this process; initially null.
   JXString consentID() const;
-  /// Set by the consent module at each start; not persisted here. Absent leaves the key out.
+  /// Sets the consent ID; null omits the key. It is not persisted: the consent module sets it at
+  /// each start.
   void setConsentID(const JXString& id);
 
  private:

@@ -26,7 +26,7 @@ JXUserDefaults::Changes::~Changes() {
   try {
     if (defaults_ != nullptr) defaults_->endChanges();
   } catch (...) {
-    // Memory ran out. The store keeps what it has and writes it when it is maintained.
+    // Out of memory. The store keeps the values and writes them at its next maintenance.
   }
 }
 

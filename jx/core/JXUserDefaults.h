@@ -8,19 +8,19 @@
 
 namespace jx {
 
-/// Reads and writes texts that outlive the process. Thread-safe.
+/// Reads and writes strings that are kept across launches. Thread-safe.
 class JX_API JXUserDefaults {
  public:
   JXUserDefaults() = delete;
 
-  /// The value, absent when there is none.
+  /// Returns the value of `key`; null when there is none.
   static JXString retrieveInfoFromUserDefaults(const JXString& key);
-  /// Stores at once: readable when this returns, also after a kill. An absent value removes the
-  /// entry; an absent label is ignored. Where nothing can be persisted the value is dropped.
+  /// Stores `value` before it returns; the value survives a killed process. A null value removes
+  /// the entry; a null label is ignored. Without a store, the value is discarded.
   static void saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label);
 
-  /// While one lives, what its thread saves is stored in one go at its end. For values that belong
-  /// together; not nested.
+  /// Stores all values that the thread saves during its lifetime in one write, at its end. Groups
+  /// related values; must not be nested.
   class JX_API Changes {
    public:
     Changes();
@@ -32,7 +32,7 @@ class JX_API JXUserDefaults {
     JXPlatformDefaults* const defaults_;
   };
 
-  /// The store itself, null when there is none to be had; for operations that must know.
+  /// Returns the store; null when none is available.
   static JXPlatformDefaults* standardUserDefaults();
 };
 

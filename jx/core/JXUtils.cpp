@@ -11,7 +11,7 @@
 namespace jx {
 namespace {
 
-void setWhenPresent(JXJsonValue value, std::string_view key, JXJsonObject& dict) {
+void setUnlessNull(JXJsonValue value, std::string_view key, JXJsonObject& dict) {
   if (value.isPresent()) dict.set(key, std::move(value));
 }
 
@@ -21,17 +21,17 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 void JXUtils::setString_forKey_onDict(const JXString& value, std::string_view key,
                                       JXJsonObject& dict) {
-  setWhenPresent(value, key, dict);
+  setUnlessNull(value, key, dict);
 }
 
 void JXUtils::setFloat_forKey_onDict(const std::optional<JXDecimal>& value, std::string_view key,
                                      JXJsonObject& dict) {
-  if (value) setWhenPresent(*value, key, dict);
+  if (value) setUnlessNull(*value, key, dict);
 }
 
 void JXUtils::setFloatFromString_forKey_onDict(const JXString& value, std::string_view key,
                                                JXJsonObject& dict) {
-  setWhenPresent(JXJsonValue::numberFromString(value), key, dict);
+  setUnlessNull(JXJsonValue::numberFromString(value), key, dict);
 }
 
 void JXUtils::setBool_forKey_onDict(bool value, std::string_view key, JXJsonObject& dict) {
@@ -40,21 +40,21 @@ void JXUtils::setBool_forKey_onDict(bool value, std::string_view key, JXJsonObje
 
 void JXUtils::setArray_forKey_onDict(const JXJsonArray& value, std::string_view key,
                                      JXJsonObject& dict) {
-  setWhenPresent(value, key, dict);
+  setUnlessNull(value, key, dict);
 }
 
 void JXUtils::setJson_forKey_onDict(const JXJsonObject& value, std::string_view key,
                                     JXJsonObject& dict) {
-  setWhenPresent(value, key, dict);
+  setUnlessNull(value, key, dict);
 }
 
-std::int64_t JXUtils::numberFromNSString(const JXString& text) {
-  std::string_view rest = text.view();
+std::int64_t JXUtils::numberFromNSString(const JXString& string) {
+  std::string_view rest = string.view();
   while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t'))
     rest.remove_prefix(1);
   const bool negative = !rest.empty() && rest.front() == '-';
   if (negative || (!rest.empty() && rest.front() == '+')) rest.remove_prefix(1);
-  // Counted downwards, because the range reaches one further below zero than above.
+  // Accumulates downwards, because the negative range is larger by one.
   constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
   std::int64_t value = 0;
   for (const char c : rest) {
@@ -66,9 +66,9 @@ std::int64_t JXUtils::numberFromNSString(const JXString& text) {
   return value == kLowest ? std::numeric_limits<std::int64_t>::max() : -value;
 }
 
-std::uint64_t JXUtils::unsignedFromDigits(const JXString& text) {
+std::uint64_t JXUtils::unsignedFromDigits(const JXString& string) {
   std::uint64_t value = 0;
-  for (const char c : text.view()) {
+  for (const char c : string.view()) {
     if (!isDigit(c)) return 0;
     value = value * 10 + static_cast<std::uint64_t>(c - '0');
   }
@@ -82,7 +82,7 @@ JXString JXUtils::jsonDictionaryToString(const JXJsonObject& object) {
   sink.root(object);
   if (sink.leftOut() != 0) {
     JXLogger::sharedInstance().logMessage_withLevel(
-        "A JSON text was written without values that are endless or too large", 3);
+        "JSON string written without some values: circular reference or size limit exceeded", 3);
   }
   return sink.finish();
 }

@@ -13,39 +13,40 @@
 
 namespace jx {
 
-/// Writes typed values into JSON objects, and converts between texts and numbers. An absent value
-/// leaves the object unchanged, so that what stood under the key before survives; an empty string,
-/// a zero, `false` and an empty array are values and are written. An absent `dict` is left alone.
+/// Writes typed values to JSON objects, and converts between strings and numbers. A null value
+/// leaves `dict` unchanged: an earlier value under the key is kept. An empty string, zero, `false`
+/// and an empty array are values and are written. A null `dict` is ignored.
 class JX_API JXUtils {
  public:
   JXUtils() = delete;
 
-  /// Writes the text; an empty one is written.
+  /// Writes a string under `key`; an empty string is written.
   static void setString_forKey_onDict(const JXString& value, std::string_view key,
                                       JXJsonObject& dict);
-  /// Writes the number digit for digit. Not-a-number counts as absent.
+  /// Writes a number exactly, without rounding. NaN counts as null.
   static void setFloat_forKey_onDict(const std::optional<JXDecimal>& value, std::string_view key,
                                      JXJsonObject& dict);
-  /// Writes the number that the text holds, digit for digit: the scale is kept, an exponent is
-  /// written out, a plus sign and leading zeros are dropped. A text that is no number counts as
-  /// absent.
+  /// Writes the number that the string contains, without rounding: keeps the scale, expands an
+  /// exponent, and removes a plus sign and leading zeros. A string that is not a number counts as
+  /// null.
   static void setFloatFromString_forKey_onDict(const JXString& value, std::string_view key,
                                                JXJsonObject& dict);
-  /// Writes the boolean.
+  /// Writes a boolean under `key`.
   static void setBool_forKey_onDict(bool value, std::string_view key, JXJsonObject& dict);
-  /// Stores the very array; an empty one is written.
+  /// Writes an array by reference; an empty array is written.
   static void setArray_forKey_onDict(const JXJsonArray& value, std::string_view key,
                                      JXJsonObject& dict);
-  /// Stores the very object: what is added to `value` later shows in `dict`.
+  /// Writes an object by reference: entries added to `value` later appear in `dict`.
   static void setJson_forKey_onDict(const JXJsonObject& value, std::string_view key,
                                     JXJsonObject& dict);
 
-  /// The decimal integer at the start of the text, with its sign; 0 when there is none. A value
-  /// beyond 64 bits is held at the nearest end of the range.
-  static std::int64_t numberFromNSString(const JXString& text);
-  /// The value of a text that is digits and nothing else, modulo 2^64; 0 for any other text.
-  static std::uint64_t unsignedFromDigits(const JXString& text);
-  /// The object as compact JSON text; absent for an absent object.
+  /// Returns the signed decimal integer at the start of `string`, after spaces and tabs; 0 when
+  /// there is none. A value outside the 64-bit range is clamped to it.
+  static std::int64_t numberFromNSString(const JXString& string);
+  /// Returns the value of a string of digits only, modulo 2^64; 0 for any other string.
+  static std::uint64_t unsignedFromDigits(const JXString& string);
+  /// Returns the object as compact JSON; null for a null object. Circular references and values
+  /// that exceed the size limit are omitted and logged at level 3.
   static JXString jsonDictionaryToString(const JXJsonObject& object);
 };
 

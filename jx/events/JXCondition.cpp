@@ -10,11 +10,11 @@ namespace {
 
 JXCondition condition(JXCondition::Kind kind, std::string_view key,
                       std::string_view otherKey = {}) {
-  JXCondition made;
-  made.kind = kind;
-  made.key = key;
-  made.otherKey = otherKey;
-  return made;
+  JXCondition result;
+  result.kind = kind;
+  result.key = key;
+  result.otherKey = otherKey;
+  return result;
 }
 
 bool contains(const std::vector<std::string_view>& names, std::string_view name) {
@@ -43,7 +43,7 @@ bool JXCondition::holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKe
   return false;
 }
 
-JXCondition neverComplete() { return condition(JXCondition::Kind::Never, {}); }
+JXCondition neverValid() { return condition(JXCondition::Kind::Never, {}); }
 
 JXCondition nonEmptyString(std::string_view key) {
   return condition(JXCondition::Kind::NonEmptyString, key);

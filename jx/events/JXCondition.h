@@ -9,54 +9,55 @@
 
 namespace jx {
 
-/// What can be asked of a field's value without knowing its type.
+/// The state of a field's value, independent of its type.
 struct JX_API JXFieldState {
-  bool isPresent = false;         ///< not absent
-  bool isNonEmptyString = false;  ///< a text of at least one character
+  bool isPresent = false;         ///< not null; a NaN amount counts as null
+  bool isNonEmptyString = false;  ///< a string of at least one character
   bool hasEntries = false;        ///< a list of at least one element
 };
 
-/// What an event must satisfy to count as complete, told by the JSON key of the field, so that the
-/// event itself and its JSON can be judged by the same line.
+/// A condition that an event must meet to be valid. It identifies fields by their JSON key, so that
+/// the same condition validates an event and its JSON.
 struct JX_API JXCondition {
-  /// What is asked of the field.
+  /// The requirement for the field.
   enum class Kind {
-    Never,           ///< a base class: no event of it is complete
-    NonEmptyString,  ///< a text of at least one character
-    Present,         ///< not absent; zero and an empty list are present
+    Never,           ///< a base class: its events are never valid
+    NonEmptyString,  ///< a string of at least one character
+    Present,         ///< not null; zero and an empty list are present, NaN is not
     NonEmptyList,    ///< a list of at least one element
-    Together,        ///< a present field and a usable text, both or neither
+    Together,        ///< a present field and a non-empty string: both or neither
   };
 
-  /// What is asked.
+  /// The requirement.
   Kind kind = Kind::Never;
-  /// The JSON key of the field that is asked.
+  /// The JSON key of the field.
   std::string_view key;
-  std::string_view otherKey;  ///< of Together: the key of the text
-  /// Event names that the condition is for; empty: all names.
+  std::string_view otherKey;  ///< Together only: the key of the string
+  /// Event names that the condition applies to; empty: all names.
   std::vector<std::string_view> onlyFor;
-  /// Event names that the condition is not for.
+  /// Event names that the condition does not apply to.
   std::vector<std::string_view> exceptFor;
 
-  /// True when the condition counts for an event of this name.
+  /// Returns true if the condition applies to an event of this name.
   bool appliesTo(std::string_view eventName) const;
-  /// Judges by the field under `key` and, of Together, the one under `otherKey`.
+  /// Returns true if the fields meet the condition: the one under `key` and, for Together, the one
+  /// under `otherKey`.
   bool holds(const JXFieldState& ofKey, const JXFieldState& ofOtherKey) const;
 };
 
-/// A condition that nothing meets.
-JX_API JXCondition neverComplete();
-/// The field is a text of at least one character.
+/// Returns a condition that no event meets.
+JX_API JXCondition neverValid();
+/// Requires a string of at least one character.
 JX_API JXCondition nonEmptyString(std::string_view key);
-/// The field is there.
+/// Requires a value. Zero and an empty list are values; null and a NaN amount are not.
 JX_API JXCondition present(std::string_view key);
-/// The list holds at least one element.
+/// Requires a list of at least one element.
 JX_API JXCondition nonEmptyList(std::string_view key);
-/// The field and the text are both given, or neither is.
+/// Requires the field and a non-empty string under `stringKey`, or neither of the two.
 JX_API JXCondition together(std::string_view key, std::string_view stringKey);
-/// The same condition for these event names alone.
+/// Restricts the condition to these event names.
 JX_API JXCondition onlyFor(JXCondition condition, std::vector<std::string_view> eventNames);
-/// The same condition for all event names but these.
+/// Exempts these event names from the condition.
 JX_API JXCondition exceptFor(JXCondition condition, std::vector<std::string_view> eventNames);
 
 }  // namespace jx

@@ -20,8 +20,8 @@ const JXEventClass& JXCustomEvent::eventClass() {
       {},
       &fields,
       {nonEmptyString(JXE_EVENT)},
-      JXEventFactory::of<JXCustomEvent>([](int, const JXString& text) -> std::shared_ptr<JXEvent> {
-        return initWithName(text);
+      JXEventFactory::of<JXCustomEvent>([](int, const JXString& name) -> std::shared_ptr<JXEvent> {
+        return initWithName(name);
       })};
   return type;
 }

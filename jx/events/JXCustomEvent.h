@@ -9,15 +9,15 @@
 
 namespace jx {
 
-/// An event of the host's own making: a name, and whatever parameters the host adds.
+/// An event that the application defines: a name, and any additional parameters.
 class JX_API JXCustomEvent final : public JXEvent {
  public:
-  /// An absent name is kept as it is; the event then fails `verifyEvent` and is sent without
-  /// "event_name".
+  /// Creates an event with this name. With a null name, the event fails `verifyEvent` and is sent
+  /// without "event_name".
   static std::shared_ptr<JXCustomEvent> initWithName(const JXString& name);
 
-  /// What tells this class from the others: fields and conditions; the name is the host's. Never
-  /// destroyed.
+  /// Returns the descriptor of this class: fields and conditions; the application chooses the event
+  /// name. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -11,22 +11,22 @@
 
 namespace jx {
 
-/// Base of the shopping events: a currency and a list of items, which the classes below write each
-/// in its own place. On its own it writes neither, and always verifies.
+/// Base of the e-commerce events: a currency and a list of items. Each derived class writes them in
+/// its own order. This class itself writes neither and always passes validation.
 class JX_API JXECommerceEvent : public JXEvent {
  public:
-  /// A new event without a name; `items` is empty.
+  /// Creates an event without a name; `items` is empty.
   static std::shared_ptr<JXECommerceEvent> init();
 
-  /// The currency of the amounts, best as its ISO 4217 code: "EUR".
+  /// The currency of the amounts, preferably an ISO 4217 code such as "EUR".
   const JXString& currency() const { return currency_; }
   void setCurrency(const JXString& value) { currency_ = value; }
-  /// The event's own list, empty at first: append to it.
+  /// The event's list of items, initially empty; callers may append to it.
   const JXList<std::shared_ptr<JXItem>>& items() const { return items_; }
-  /// Keeps the very list; an absent one counts as holding nothing.
+  /// Stores the list itself, not a copy. A null list counts as empty.
   void setItems(const JXList<std::shared_ptr<JXItem>>& value) { items_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -23,7 +23,7 @@ constexpr std::string_view kOwnKeys[] = {JXE_EVENT, JXE_PAGENAME, JXE_PAGETYPE, 
 namespace detail {
 
 void logNullElement() {
-  JXLogger::sharedInstance().logMessage_withLevel("An absent element of a list was left out", 3);
+  JXLogger::sharedInstance().logMessage_withLevel("List element is null; skipped", 3);
 }
 
 }  // namespace detail
@@ -46,13 +46,13 @@ bool JXEvent::canSerialiseFromFieldTable() const {
   const JXEventClass& type = ownEventClass();
   if (type.create.serialisedByTables == nullptr || *type.create.serialisedByTables != typeid(*this))
     return false;
-  const auto isFieldToo = [&](const JXJsonEntry& extra) {
+  const auto hasFieldKey = [&](const JXJsonEntry& extra) {
     const std::string_view key = extra.key.view();
     return std::find(std::begin(kOwnKeys), std::end(kOwnKeys), key) != std::end(kOwnKeys) ||
            type.mayWrite(key);
   };
   const std::vector<JXJsonEntry>& extras = extraProperties().entries();
-  return std::none_of(extras.begin(), extras.end(), isFieldToo);
+  return std::none_of(extras.begin(), extras.end(), hasFieldKey);
 }
 
 void JXEvent::writeHead(JXJsonSink& sink) const {
@@ -82,7 +82,7 @@ const JXEventClass& JXEvent::eventClass() {
       {JXE_PAGETYPE, "pageType", &JXEvent::pageType_},
   };
   static const auto& type =
-      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverComplete()}, createByInit<JXEvent>};
+      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverValid()}, createByInit<JXEvent>};
   return type;
 }
 

@@ -14,67 +14,70 @@
 
 namespace jx {
 
-/// Base of everything that a host hands to `ServerSide::execute`. The host owns its events and
-/// fills them on one thread; an event must not be changed while it is being executed.
+/// Base of all events that an application passes to `ServerSide::execute`. The application owns its
+/// events and fills them on one thread. An event must not be changed while it is being executed. An
+/// amount that is NaN is not written and counts as not set in `verifyEvent`.
 class JX_API JXEvent : public JXAdditionalProperties {
  public:
-  /// A new event without a name.
+  /// Creates an event without a name.
   static std::shared_ptr<JXEvent> init();
 
-  /// A new object each time, with a fresh "event_id": the host's extra properties, then the event's
-  /// name, page and context, then the fields of its class in the order of its table. An absent name
-  /// removes "event_name" even when an extra property had set it; any other absent field leaves an
-  /// extra property of its key in place.
+  /// Returns a new object with a new "event_id" on each call. It contains the additional
+  /// properties, then the event's name, page and context, then the fields of its class in the order
+  /// of the field table. A null name removes "event_name" even if an additional property had set
+  /// it. Any other null field leaves an additional property with its key in place.
   virtual JXJsonObject getJsonObject() const;
-  /// True when the event has all that its class asks for. Offered to the host, which decides
-  /// whether to send an event that fails: `execute` does not ask.
+  /// Returns true if the event meets all conditions of its class. `execute` does not call it: the
+  /// application decides whether to send an invalid event.
   virtual bool verifyEvent() const;
-  /// The condition that makes `verifyEvent` false, in words; absent when it is true.
+  /// Returns the first condition that the event fails, such as "items must contain at least one
+  /// element"; null if `verifyEvent` returns true.
   JXString firstFailedCondition() const;
 
-  /// Each element's JSON, in order; an absent element is left out with a log line. An absent list
-  /// gives an empty array.
+  /// Returns the JSON of each element, in order. Null elements are skipped with a log message. A
+  /// null list yields an empty array.
   template <typename Block>
   static JXJsonArray getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks);
 
-  // The event's JSON in its parts, in writing order, for who puts something in between. Together
-  // they tell what `getJsonObject` holds, when `canSerialiseFromFieldTable` says so.
+  // The parts of the event's JSON, in writing order, for callers that insert values between them.
+  // If `canSerialiseFromFieldTable` returns true, the parts are the whole of `getJsonObject`.
 
-  /// False when the event's class has a `getJsonObject` of its own, or an extra property has the
-  /// key of a field and so changes places with it: then only `getJsonObject` tells the event.
+  /// Returns false if the class overrides `getJsonObject`, or if an additional property has the key
+  /// of a field, which changes the writing order. Then only `getJsonObject` returns the event's
+  /// JSON.
   bool canSerialiseFromFieldTable() const;
-  /// The name and the page.
+  /// Writes the name and the page.
   void writeHead(JXJsonSink& sink) const;
-  /// What the event puts into its context: a fresh "event_id".
+  /// Writes the event's context entries: a new "event_id".
   void writeContext(JXJsonSink& sink) const;
-  /// The fields of the event's class and its bases.
+  /// Writes the fields of the event's class and its base classes.
   void writeFields(JXJsonSink& sink) const;
 
-  /// Adds a parameter of the host's own; an absent key or value is ignored. The later value of a
-  /// key counts.
+  /// Adds a parameter, replacing any value with the same key. A null key or value is ignored.
   void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
     addAdditionalProperty_withStringValue(key, value);
   }
-  /// The same with an object, which is stored itself: what is added to it later is sent too.
+  /// Adds an object, replacing any value with the same key. Stores the object itself, not a copy,
+  /// so that entries added to it later are sent too. A null key or object is ignored.
   void addAdditionalParameter_forJsonDict(const JXString& key, const JXJsonObject& value) {
     addAdditionalProperty_withDictValue(key, value);
   }
-  /// Adds every entry of the object; an absent object is ignored.
+  /// Adds all entries of the object. A null object is ignored.
   void addAdditionalParameter(const JXJsonObject& entries) { addAdditionalProperty(entries); }
 
-  /// The text under "event_name".
+  /// The event name, written as "event_name".
   const JXString& name() const { return name_; }
   void setName(const JXString& value) { name_ = value; }
-  /// The kind of page that the viewer is on.
+  /// The type of the page that the viewer is on.
   const JXString& pageType() const { return pageType_; }
   void setPageType(const JXString& value) { pageType_ = value; }
   /// The name of the page that the viewer is on.
   const JXString& pageName() const { return pageName_; }
   void setPageName(const JXString& value) { pageName_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
-  /// The class of this very event.
+  /// Returns the descriptor of the event's most derived class.
   virtual const JXEventClass& ownEventClass() const { return eventClass(); }
 
  protected:

@@ -23,7 +23,7 @@ std::string JXEventClass::setProperty(JXEvent& event, std::string_view property,
       if (field != JXFieldTable::npos) return table->set(event, field, value);
     }
   }
-  return "is no field of " + std::string(className);
+  return "is not a field of " + std::string(className);
 }
 
 void JXEventClass::writeFields(const JXEvent& event, JXJsonSink& sink) const {
@@ -66,16 +66,16 @@ std::string JXEventClass::describe(const JXCondition& condition) const {
     case JXCondition::Kind::Never:
       break;
     case JXCondition::Kind::NonEmptyString:
-      return property + " is absent or empty";
+      return property + " must be a non-empty string";
     case JXCondition::Kind::Present:
-      return property + " is absent";
+      return property + " must be set";
     case JXCondition::Kind::NonEmptyList:
-      return property + " holds no entry";
+      return property + " must contain at least one element";
     case JXCondition::Kind::Together:
       return property + " and " + std::string(propertyOfKey(condition.otherKey)) +
-             " must be given together";
+             " must be set together";
   }
-  return "a bare " + std::string(className) + " is never complete";
+  return std::string(className) + " is a base class and never passes validation";
 }
 
 const JXEventClass* eventClassNamed(std::string_view className) {

@@ -17,64 +17,66 @@ namespace jx {
 
 class JXEvent;
 
-/// How an event of a class is made.
+/// Creates the events of a class.
 struct JX_API JXEventFactory {
-  /// Makes an event; see `JXEventClass::create` for the arguments.
-  using Create = std::shared_ptr<JXEvent> (*)(int mode, const JXString& text);
+  /// Creates an event; see `JXEventClass::create` for the arguments.
+  using Create = std::shared_ptr<JXEvent> (*)(int mode, const JXString& argument);
 
-  /// For a class whose events `create` creates.
+  /// Returns the factory of the class `Event`, whose events `create` creates.
   template <typename Event>
   static constexpr JXEventFactory of(Create create) {
-    // A class that writes its JSON in a way of its own has a `getJsonObject` of its own.
+    // A class with a custom JSON form overrides `getJsonObject`.
     using Inherited = JXJsonObject (JXEvent::*)() const;
     constexpr bool usesFieldTable = std::is_same_v<decltype(&Event::getJsonObject), Inherited>;
     return {create, usesFieldTable ? &typeid(Event) : nullptr};
   }
   /// Calls `create`.
-  std::shared_ptr<JXEvent> operator()(int mode, const JXString& text) const {
-    return create(mode, text);
+  std::shared_ptr<JXEvent> operator()(int mode, const JXString& argument) const {
+    return create(mode, argument);
   }
 
   Create create;  ///< never null
-  /// The type of the events whose JSON is what the tables tell; null when it may be another.
+  /// The type of the events that the field tables serialise; null if their JSON may differ.
   const std::type_info* serialisedByTables;
 };
 
-/// Everything that tells one event class from the others, as data: what it is called, what it
-/// writes and what makes it complete. Each class has one, made once and never destroyed.
+/// The descriptor of an event class: its name, the fields that it writes, and its validation
+/// conditions. Each class has one, which is created once and never destroyed.
 struct JX_API JXEventClass {
   std::string_view className;  ///< "JXPurchaseEvent"
-  const JXEventClass* base;    ///< null for JXEvent itself
-  /// The names that events of this class carry: one, or of a video class one for each mode; none
-  /// when the host chooses the name.
+  const JXEventClass* base;    ///< null for JXEvent
+  /// The names of this class's events: one name, or one for each mode of a video class. Empty if
+  /// the application chooses the name.
   std::vector<std::string_view> eventNames;
-  /// What this class writes behind what its base writes, in order.
+  /// The fields that this class writes after those of its base, in order.
   const JXFieldTable* written;
-  /// What makes an event of this class complete, in the order of testing. The base's conditions do
-  /// not count beside them.
+  /// The conditions that make an event of this class valid, in the order of testing. The conditions
+  /// of the base class do not apply in addition.
   std::vector<JXCondition> conditions;
-  /// A new event as its initialiser makes it. `mode` is an index into `modes`, `text` the argument
-  /// of an initialiser that takes a name or a video session; both are ignored where none is taken.
+  /// Creates an event as the class's initialiser does. `mode` is an index into `modes`. `argument`
+  /// is the name or the video session ID for the initialiser. Both are ignored if the initialiser
+  /// has no such parameter.
   JXEventFactory create;
-  /// Names of the modes, in step with `eventNames`; empty for a class without modes.
+  /// Names of the modes, in the order of `eventNames`; empty for a class without modes.
   std::vector<std::string_view> modes = {};
-  /// Properties that a host may set although no JSON shows them on this class; null when none.
+  /// Properties that can be set although this class does not write them; null if there are none.
   const JXFieldTable* unwritten = nullptr;
 
-  /// The field with this JSON key, in this class or its bases; null when there is none.
+  /// Returns the field with this JSON key, in this class or its bases; null if there is none.
   const JXFieldInfo* fieldOfKey(std::string_view key) const;
-  /// Gives the property a value, in this class or its bases. Returns what is wrong, empty when
-  /// nothing is; the event is unchanged then.
+  /// Sets a property of this class or its bases. Returns an empty string on success. On error,
+  /// returns a message such as "must be a string", to follow the property's name, and leaves the
+  /// event unchanged.
   std::string setProperty(JXEvent& event, std::string_view property,
                           const JXJsonValue& value) const;
-  /// Tells the sink the fields of the class's bases and its own, in order. JXEvent's own, which
-  /// follow rules of their own, are not among them.
+  /// Writes the fields of the base classes, then its own, in order. Does not write the fields of
+  /// JXEvent, which `JXEvent::writeHead` writes.
   void writeFields(const JXEvent& event, JXJsonSink& sink) const;
-  /// True when `writeFields` may set this key.
+  /// Returns true if `writeFields` may write this key.
   bool mayWrite(std::string_view key) const;
-  /// The first condition that the event fails, null when it passes all.
+  /// Returns the first condition that the event fails; null if the event is valid.
   const JXCondition* firstFailed(const JXEvent& event) const;
-  /// The condition in words: "items holds no entry".
+  /// Describes the condition: "items must contain at least one element".
   std::string describe(const JXCondition& condition) const;
 
  private:
@@ -83,7 +85,7 @@ struct JX_API JXEventClass {
   std::string_view propertyOfKey(std::string_view key) const;
 };
 
-/// The `create` of a class whose initialiser takes nothing.
+/// The `create` of a class whose initialiser has no parameters.
 template <typename Event>
 inline constexpr JXEventFactory createByInit = JXEventFactory::of<Event>(
     [](int, const JXString&) -> std::shared_ptr<JXEvent> { return Event::init(); });
@@ -95,9 +97,9 @@ inline constexpr JXEventFactory createByMode =
       return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
     });
 
-/// All event classes, bases first. Thread-safe.
+/// Returns all event classes, base classes first. Thread-safe.
 JX_API const std::vector<const JXEventClass*>& allEventClasses();
-/// The class of this name, null when there is none.
+/// Returns the class with this name; null if there is none. Thread-safe.
 JX_API const JXEventClass* eventClassNamed(std::string_view className);
 
 }  // namespace jx

@@ -31,8 +31,8 @@
 
 namespace jx {
 
-/// Every event class, bases first, in the order of docs/events.md. This is the one place where a
-/// new class is entered: its header above, its name below.
+/// All event classes, base classes first, in the order of docs/events.md. This is the only place to
+/// register a new class: its header above, its name below.
 inline constexpr const JXEventClass& (*kJXEventClasses[])() = {
     JXEvent::eventClass,
     JXECommerceEvent::eventClass,

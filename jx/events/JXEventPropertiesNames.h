@@ -8,17 +8,17 @@
 
 namespace jx {
 
-/// The home of the key constants in the public interface; it holds nothing itself.
+/// The class that the key constants belong to. It has no members.
 class JX_API JXEventPropertiesNames {};
 
-/// @name Keys that several blocks share
+/// @name Keys shared by several blocks
 /// @{
 inline constexpr std::string_view JX_ID = "id";
 inline constexpr std::string_view JX_EVENTTIMESTAMP = "event_timestamp";
 /// @}
 
 /// @name Event keys
-/// "name" is on purpose the text of JXE_NAME, JXP_NAME and JXA_NAME alike.
+/// JXE_NAME, JXP_NAME and JXA_NAME are all "name", on purpose.
 /// @{
 inline constexpr std::string_view JXE_EVENT = "event_name";
 inline constexpr std::string_view JXE_EVENTID = "event_id";
@@ -58,7 +58,7 @@ inline constexpr std::string_view JXI_AFFILIATION = "affiliation";
 /// @}
 
 /// @name Product keys
-/// A product's categories are JXP_CATEGORY_N with the number appended, from 1.
+/// The key of a product's category is JXP_CATEGORY_N followed by its number, from 1.
 /// @{
 inline constexpr std::string_view JXP_PRICE = "price";
 inline constexpr std::string_view JXP_BRAND = "brand";

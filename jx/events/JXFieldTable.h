@@ -15,37 +15,39 @@
 
 namespace jx {
 
-/// The texts of an enumeration and the names of its members, both indexed by its values. Refers to
-/// the arrays, which must be constants.
+/// The JSON strings of an enumeration and the names of its enumerators, both indexed by value.
+/// Refers to the arrays, which must be constants.
 struct JX_API JXEnumStrings {
-  /// No texts at all.
+  /// No strings.
   constexpr JXEnumStrings() = default;
-  /// Refers to both arrays, which are as long as each other.
+  /// Refers to both arrays, which have the same length.
   template <std::size_t N>
   constexpr JXEnumStrings(const std::array<std::string_view, N>& stringOfEach,
                           const std::array<std::string_view, N>& nameOfEach)
-      : texts(stringOfEach.data()), members(nameOfEach.data()), count(N) {}
+      : strings(stringOfEach.data()), enumerators(nameOfEach.data()), count(N) {}
 
-  const std::string_view* texts = nullptr;    ///< what JSON says: "mid-roll"
-  const std::string_view* members = nullptr;  ///< the name behind the prefix: "MID_ROLL"
-  /// How many values the enumeration has.
+  const std::string_view* strings = nullptr;      ///< the JSON string: "mid-roll"
+  const std::string_view* enumerators = nullptr;  ///< the name without its prefix: "MID_ROLL"
+  /// The number of values of the enumeration.
   std::size_t count = 0;
 
-  /// Absent for a value outside the enumeration: nothing is read out of bounds.
+  /// Returns the JSON string of `value`; null if `value` is not in the enumeration.
   JXString stringOf(int value) const {
     const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
-    return isInside ? JXString(texts[value]) : JXString();
+    return isInside ? JXString(strings[value]) : JXString();
   }
-  /// What JSON says for each value, in order.
-  std::vector<std::string_view> allStrings() const { return {texts, texts + count}; }
-  /// The member's name for each value, in order.
-  std::vector<std::string_view> allEnumerators() const { return {members, members + count}; }
+  /// Returns the JSON string of each value, in order.
+  std::vector<std::string_view> allStrings() const { return {strings, strings + count}; }
+  /// Returns the enumerator's name for each value, in order.
+  std::vector<std::string_view> allEnumerators() const {
+    return {enumerators, enumerators + count};
+  }
 };
 
-/// What a field holds, and so how it stands in JSON.
+/// The type of a field, which determines its JSON form.
 enum class JXFieldKind {
   String,           ///< a string
-  Number,           ///< an exact decimal, written as a number
+  Number,           ///< an exact decimal, written as a number; NaN is not written
   Boolean,          ///< a Boolean, always written
   Strings,          ///< a list of strings, written as an array
   NumberedStrings,  ///< a list of strings, each written under a numbered key, from 1
@@ -55,50 +57,50 @@ enum class JXFieldKind {
   Product,          ///< a product, written as an object
 };
 
-/// One field of a class: its JSON key and its property name, in one place.
+/// One field of a class: JSON key, property name and type.
 struct JX_API JXFieldInfo {
   /// The JSON key.
   std::string_view key;
-  /// The property's name, as its accessors have it.
+  /// The property's name, as in its accessors.
   std::string_view property;
-  /// What the field holds.
+  /// The type of the field.
   JXFieldKind kind = JXFieldKind::String;
-  JXEnumStrings enumStrings;  ///< of a Choice; else empty
-  /// The same property was written before, by this table or by a base: it stands in its first place
-  /// and is not written again.
+  JXEnumStrings enumStrings;  ///< Enumeration only; otherwise empty
+  /// True if this table or a base's table lists the same property earlier. The field is written
+  /// only once, at the position of its first listing.
   bool isDuplicate = false;
 };
 
-/// The fields that a class writes, in writing order, seen without the class's type. Whatever
-/// needs the fields (the JSON writer, the replay program, the collector's checks, the catalogue)
-/// reads them here. Immutable; objects that are handed in must be of the table's class.
+/// The fields that a class writes, in writing order, independent of the class's type. The JSON
+/// writer, the replay program, the collector's validation and the catalogue all read this table.
+/// Immutable. Objects passed to it must be of the table's class.
 class JX_API JXFieldTable {
  public:
   virtual ~JXFieldTable() = default;
 
-  /// The fields in writing order; valid as long as the table.
+  /// Returns the fields in writing order; valid as long as the table.
   const std::vector<JXFieldInfo>& fields() const { return fields_; }
-  /// Position of the field with this property name; `npos` when there is none.
+  /// Returns the position of the field with this property name; `npos` if there is none.
   std::size_t findProperty(std::string_view property) const;
-  /// The same by JSON key.
+  /// Returns the position of the field with this JSON key; `npos` if there is none.
   std::size_t findKey(std::string_view key) const;
-  /// No position.
+  /// Marks a field that does not exist.
   static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
-  /// Tells the sink every field, in order.
+  /// Writes the fields to the sink, in order, as `fieldvalue::write` does.
   virtual void write(const JXAdditionalProperties& object, JXJsonSink& sink) const = 0;
-  /// True when writing an object may set this key.
+  /// Returns true if `write` may write this key.
   bool mayWrite(std::string_view key) const;
-  /// What can be said of the field at this position; `field` is below the number of fields.
+  /// Returns the state of the field at this position, which must be less than the number of fields.
   virtual JXFieldState state(const JXAdditionalProperties& object, std::size_t field) const = 0;
-  /// The same by JSON key; of nothing when no field has it.
+  /// Returns the state of the field with this JSON key; a null state if none has it.
   JXFieldState stateOfKey(const JXAdditionalProperties& object, std::string_view key) const;
-  /// True when the object meets every one of the conditions.
+  /// Returns true if the object meets all conditions.
   bool meetsAll(const JXAdditionalProperties& object,
                 const std::vector<JXCondition>& conditions) const;
-  /// Gives a field the value; JSON's null sets it to absent, which a flag and an enumeration cannot
-  /// be. Returns what is wrong with the value and leaves the object unchanged; empty when nothing
-  /// is wrong.
+  /// Sets the field to `value`. JSON null sets it to null; Booleans and enumerations reject null.
+  /// Returns an empty string on success. On error, returns a message such as "must be a string", to
+  /// follow the field's name, and leaves the object unchanged.
   virtual std::string set(JXAdditionalProperties& object, std::size_t field,
                           const JXJsonValue& value) const = 0;
 

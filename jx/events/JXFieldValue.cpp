@@ -13,24 +13,24 @@ namespace {
 
 using Kind = JXJsonValue::Kind;
 
-bool isNothing(const JXJsonValue& json) {
+bool isNull(const JXJsonValue& json) {
   return json.kind() == Kind::Absent || json.kind() == Kind::Null;
 }
 
-// Fills an item or a product from the entries of a JSON object: its fields by their property
-// names, and its additional properties under "parameters".
+// Fills an item or a product from a JSON object: fields by property name, additional properties
+// from the entry "parameters".
 template <typename Block>
 std::string readBlock(const JXJsonObject& json, Block& block) {
   const JXFieldTable& table = Block::fields();
   for (const JXJsonEntry& entry : json.entries()) {
     const std::string name = entry.key.toStdString();
     if (name == "parameters") {
-      if (entry.value.kind() != Kind::Object) return "parameters is no object";
+      if (entry.value.kind() != Kind::Object) return "parameters must be an object";
       block.addAdditionalProperty(entry.value.object());
       continue;
     }
     const std::size_t field = table.findProperty(name);
-    if (field == JXFieldTable::npos) return name + " is no field";
+    if (field == JXFieldTable::npos) return name + " is not a field";
     const std::string error = table.set(block, field, entry.value);
     if (!error.empty()) return name + " " + error;
   }
@@ -47,11 +47,11 @@ void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSi
 
 void write(bool value, std::string_view key, JXJsonSink& sink) { sink.flag(key, value); }
 
-// Like a list of items, an absent list of texts gives an empty array: it is copied, not handed on.
+// A null list of strings is written as an empty array, like a null list of items.
 void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink) {
   sink.beginArray(key);
-  for (const JXString& text : value)
-    sink.stringElement(text);
+  for (const JXString& string : value)
+    sink.stringElement(string);
   sink.endArray();
 }
 
@@ -80,15 +80,15 @@ void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJson
 void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink) {
   int number = 0;
   std::string key;
-  for (const JXString& text : value) {
+  for (const JXString& string : value) {
     key.assign(prefix).append(std::to_string(++number));
-    sink.text(key, text);
+    sink.text(key, string);
   }
 }
 
 JXFieldState state(const JXString& value) { return {value.isPresent(), value.testString(), false}; }
 
-// What is not written counts as absent, so that an event and its JSON are judged alike.
+// NaN is not written, so it counts as null: an event and its JSON get the same validation result.
 JXFieldState state(const std::optional<JXDecimal>& value) {
   return {value.has_value() && !value->isNaN(), false, false};
 }
@@ -112,67 +112,67 @@ JXFieldState state(const std::shared_ptr<JXProduct>& value) {
 }
 
 std::string read(const JXJsonValue& json, JXString& value) {
-  if (!isNothing(json) && json.kind() != Kind::String) return "is no text";
+  if (!isNull(json) && json.kind() != Kind::String) return "must be a string";
   value = json.string();
   return {};
 }
 
 std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value) {
-  if (isNothing(json)) {
+  if (isNull(json)) {
     value.reset();
     return {};
   }
-  if (json.kind() != Kind::Number && json.kind() != Kind::String) return "is no decimal number";
+  if (json.kind() != Kind::Number && json.kind() != Kind::String) return "must be a decimal number";
   const JXDecimal number =
       JXDecimal::fromString(json.kind() == Kind::Number ? json.numberString() : json.string());
-  if (number.isNaN()) return "is no decimal number";
+  if (number.isNaN()) return "must be a decimal number";
   value = number;
   return {};
 }
 
 std::string read(const JXJsonValue& json, bool& value) {
-  if (json.kind() != Kind::Bool) return "is neither true nor false";
+  if (json.kind() != Kind::Bool) return "must be true or false";
   value = json.boolValue();
   return {};
 }
 
 std::string read(const JXJsonValue& json, JXList<JXString>& value) {
-  if (isNothing(json)) {
+  if (isNull(json)) {
     value = nullptr;
     return {};
   }
-  if (json.kind() != Kind::Array) return "is no list";
-  JXList<JXString> texts;
+  if (json.kind() != Kind::Array) return "must be an array";
+  JXList<JXString> strings;
   for (const JXJsonValue& element : json.array().values()) {
-    if (!isNothing(element) && element.kind() != Kind::String) return "holds what is no text";
-    texts.append(element.string());
+    if (!isNull(element) && element.kind() != Kind::String) return "must contain only strings";
+    strings.append(element.string());
   }
-  value = texts;
+  value = strings;
   return {};
 }
 
 std::string read(const JXJsonValue& json, JXJsonArray& value) {
-  if (!isNothing(json) && json.kind() != Kind::Array) return "is no list";
+  if (!isNull(json) && json.kind() != Kind::Array) return "must be an array";
   value = json.array();
   return {};
 }
 
 std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value) {
-  if (isNothing(json)) {
+  if (isNull(json)) {
     value = nullptr;
     return {};
   }
-  if (json.kind() != Kind::Array) return "is no list";
+  if (json.kind() != Kind::Array) return "must be an array";
   JXList<std::shared_ptr<JXItem>> items;
   for (const JXJsonValue& element : json.array().values()) {
-    if (isNothing(element)) {
+    if (isNull(element)) {
       items.append(nullptr);
       continue;
     }
-    if (element.kind() != Kind::Object) return "holds what is no item";
+    if (element.kind() != Kind::Object) return "must contain only items";
     const std::shared_ptr<JXItem> item = JXItem::init();
     std::string error = readBlock(element.object(), *item);
-    if (!error.empty()) return "holds an item whose " + error;
+    if (!error.empty()) return "contains an invalid item: " + error;
     items.append(item);
   }
   value = items;
@@ -180,14 +180,14 @@ std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>& value
 }
 
 std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value) {
-  if (isNothing(json)) {
+  if (isNull(json)) {
     value.reset();
     return {};
   }
-  if (json.kind() != Kind::Object) return "is no product";
+  if (json.kind() != Kind::Object) return "must be an object";
   const std::shared_ptr<JXProduct> product = JXProduct::init();
   std::string error = readBlock(json.object(), *product);
-  if (!error.empty()) return "is a product whose " + error;
+  if (!error.empty()) return "is invalid: " + error;
   value = product;
   return {};
 }

@@ -18,11 +18,11 @@ namespace jx {
 class JXItem;
 class JXProduct;
 
-/// How a value of each field type is written, asked about, and read from JSON. A reader returns
-/// what is wrong with the value, empty when nothing is.
+/// Writes, inspects and reads values of each field type.
 namespace fieldvalue {
 
-/// Tells the sink the value under the key; an absent one tells it nothing.
+/// Writes the value under the key. Writes nothing for null and for a NaN amount, except that a null
+/// list of strings or items is written as an empty array.
 /// @{
 JX_API void write(const JXString& value, std::string_view key, JXJsonSink& sink);
 JX_API void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
@@ -33,10 +33,11 @@ JX_API void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view
                   JXJsonSink& sink);
 JX_API void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
 /// @}
-/// Tells each text under `prefix` and its place from 1; an absent text leaves its number out.
+/// Writes each string under `prefix` followed by its position, from 1. A null string is not written
+/// and its number is not used.
 JX_API void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
 
-/// What can be said of the value.
+/// Returns the state of the value. A NaN amount counts as null, because it is not written.
 /// @{
 JX_API JXFieldState state(const JXString& value);
 JX_API JXFieldState state(const std::optional<JXDecimal>& value);
@@ -47,8 +48,8 @@ JX_API JXFieldState state(const JXList<std::shared_ptr<JXItem>>& value);
 JX_API JXFieldState state(const std::shared_ptr<JXProduct>& value);
 /// @}
 
-/// Reads the value from JSON. Returns what is wrong and leaves `value` as it is; empty when nothing
-/// is.
+/// Reads the value from JSON. Returns an empty string on success. On error, returns a message such
+/// as "must be a string", to follow the field's name, and leaves `value` unchanged.
 /// @{
 JX_API std::string read(const JXJsonValue& json, JXString& value);
 JX_API std::string read(const JXJsonValue& json, std::optional<JXDecimal>& value);

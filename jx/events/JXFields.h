@@ -16,25 +16,25 @@
 
 namespace jx {
 
-/// Marks a list of texts that is written as "prefix1", "prefix2" and so on.
+/// Marks a list of strings that is written under "prefix1", "prefix2" and so on.
 template <typename Owner>
 struct JXNumberedStrings {
-  JXList<JXString> Owner::*member;  ///< where the list is kept
+  JXList<JXString> Owner::*member;  ///< the member that stores the list
 };
 
-/// Marks an enumeration with its texts. Held as an integer, so that a value outside the enumeration
-/// is a value like any other and simply has no text.
+/// Marks an enumeration and its JSON strings. The value is stored as an integer, so that a value
+/// outside the enumeration is allowed; it has no string and is not written.
 template <typename Owner>
 struct JXEnumField {
-  int Owner::*member;   ///< where the value is kept
-  JXEnumStrings texts;  ///< what JSON says for each value
+  int Owner::*member;     ///< the member that stores the value
+  JXEnumStrings strings;  ///< the JSON string of each value
 };
 
-/// Behind a field that the table or a base's table has named before, because the order of writing
-/// is part of the interface: its value stands in its first place and is not written again.
+/// Marks a field that the table or a base's table lists earlier. The writing order is part of the
+/// interface, so the table lists the field again; it is written only at its first position.
 inline constexpr bool kDuplicateField = true;
 
-/// The table of a class: one line a field, in writing order, key beside property and member.
+/// The field table of a class: key, property and member of each field, in writing order.
 /// ```
 /// static const JXFields<JXSearchEvent> table{{JXE_SEARCHTERM, "searchTerm",
 ///                                             &JXSearchEvent::searchTerm_}};
@@ -42,25 +42,25 @@ inline constexpr bool kDuplicateField = true;
 template <typename Owner>
 class JXFields final : public JXFieldTable {
  public:
-  /// Where a field is kept, by its type.
+  /// The member that stores a field, one alternative for each type.
   using Member =
       std::variant<JXString Owner::*, std::optional<JXDecimal> Owner::*, bool Owner::*,
                    JXList<JXString> Owner::*, JXNumberedStrings<Owner>, JXJsonArray Owner::*,
                    JXEnumField<Owner>, JXList<std::shared_ptr<JXItem>> Owner::*,
                    std::shared_ptr<JXProduct> Owner::*>;
-  /// One line of the table.
+  /// One entry of the table.
   struct Field {
     /// The JSON key.
     std::string_view key;
     /// The property's name.
     std::string_view property;
-    /// Where the value is kept.
+    /// The member that stores the value.
     Member member;
     /// See `JXFieldInfo::isDuplicate`.
     bool isDuplicate = false;
   };
 
-  /// A table of these lines; the texts must be constants.
+  /// Creates the table. All strings must be constants.
   JXFields(std::initializer_list<Field> fields) {
     for (const Field& field : fields) {
       fields_.push_back({field.key, field.property, kindOf(field.member),
@@ -91,7 +91,7 @@ class JXFields final : public JXFieldTable {
   }
 
  private:
-  // The alternatives of Member stand in this order.
+  // In the order of the alternatives of Member.
   static JXFieldKind kindOf(const Member& member) {
     constexpr JXFieldKind kinds[] = {
         JXFieldKind::String,      JXFieldKind::Number,          JXFieldKind::Boolean,
@@ -100,8 +100,8 @@ class JXFields final : public JXFieldTable {
     return kinds[member.index()];
   }
   static JXEnumStrings enumStringsOf(const Member& member) {
-    const auto* choice = std::get_if<JXEnumField<Owner>>(&member);
-    return choice != nullptr ? choice->texts : JXEnumStrings();
+    const auto* field = std::get_if<JXEnumField<Owner>>(&member);
+    return field != nullptr ? field->strings : JXEnumStrings();
   }
 
   template <typename T>
@@ -113,9 +113,9 @@ class JXFields final : public JXFieldTable {
                           std::string_view key, JXJsonSink& sink) {
     fieldvalue::writeNumbered(owner.*numbered.member, key, sink);
   }
-  static void writeMember(const Owner& owner, const JXEnumField<Owner>& choice,
-                          std::string_view key, JXJsonSink& sink) {
-    fieldvalue::write(choice.texts.stringOf(owner.*choice.member), key, sink);
+  static void writeMember(const Owner& owner, const JXEnumField<Owner>& field, std::string_view key,
+                          JXJsonSink& sink) {
+    fieldvalue::write(field.strings.stringOf(owner.*field.member), key, sink);
   }
 
   template <typename T>
@@ -125,8 +125,8 @@ class JXFields final : public JXFieldTable {
   static JXFieldState stateOf(const Owner& owner, const JXNumberedStrings<Owner>& numbered) {
     return fieldvalue::state(owner.*numbered.member);
   }
-  static JXFieldState stateOf(const Owner& owner, const JXEnumField<Owner>& choice) {
-    return fieldvalue::state(choice.texts.stringOf(owner.*choice.member));
+  static JXFieldState stateOf(const Owner& owner, const JXEnumField<Owner>& field) {
+    return fieldvalue::state(field.strings.stringOf(owner.*field.member));
   }
 
   template <typename T>
@@ -137,16 +137,16 @@ class JXFields final : public JXFieldTable {
                                const JXJsonValue& value) {
     return fieldvalue::read(value, owner.*numbered.member);
   }
-  static std::string setMember(Owner& owner, const JXEnumField<Owner>& choice,
+  static std::string setMember(Owner& owner, const JXEnumField<Owner>& field,
                                const JXJsonValue& value) {
-    const JXString text = value.string();
-    for (std::size_t i = 0; i < choice.texts.count; ++i) {
-      if (text.isPresent() && text.view() == choice.texts.members[i]) {
-        owner.*choice.member = static_cast<int>(i);
+    const JXString name = value.string();
+    for (std::size_t i = 0; i < field.strings.count; ++i) {
+      if (name.isPresent() && name.view() == field.strings.enumerators[i]) {
+        owner.*field.member = static_cast<int>(i);
         return {};
       }
     }
-    return "is no member of the enumeration";
+    return "must be one of the enumeration's names";
   }
 
   std::vector<Member> members_;

@@ -17,52 +17,53 @@
 
 namespace jx {
 
-/// One line of a shopping event: a product with its quantity, discount, position and the like. A
-/// plain holder that the host fills; it must not be changed while an event that holds it is being
-/// executed.
+/// One item of an e-commerce event: a product with its quantity, discount, list position and other
+/// attributes. The application fills it. It must not be changed while an event that contains it is
+/// being executed. An amount that is NaN is not written and counts as not set in `verifyItem`.
 class JX_API JXItem final : public JXAdditionalProperties {
  public:
-  /// With an empty product to fill in.
+  /// Creates an item with an empty product.
   static std::shared_ptr<JXItem> init();
-  /// The arguments are kept as they are, unchecked; a null product stays null.
+  /// Creates an item with these values, without validating them; a null product stays null.
   static std::shared_ptr<JXItem> initWithItemId_withProduct_withQuantity(
       const JXString& itemId, const std::shared_ptr<JXProduct>& product, std::int32_t quantity);
 
-  /// True when ID is a usable text, there is a product that verifies, and there is a quantity,
-  /// whatever it is.
+  /// Returns true if `ID` is a non-empty string, `product` is set and valid, and `quantity` is set.
+  /// Any quantity but NaN is valid.
   bool verifyItem() const;
-  /// A new object: the host's extra properties, then the fields over them, the product nested under
-  /// "product".
+  /// Returns a new object: the additional properties, then the fields, which override them. The
+  /// product is nested under "product".
   JXJsonObject getJsonObject() const;
 
-  /// The line's own identifier, beside the product's. Required.
+  /// The identifier of the item, in addition to that of its product. Required.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
-  /// The article; shared with the host, not copied. Required.
+  /// The product; shared with the application, not copied. Required.
   const std::shared_ptr<JXProduct>& product() const { return product_; }
   void setProduct(const std::shared_ptr<JXProduct>& value) { product_ = value; }
-  /// The variant of the article.
+  /// The variant of the product.
   const JXString& variant() const { return variant_; }
   void setVariant(const JXString& value) { variant_ = value; }
-  /// The place of the item in a list that is shown.
+  /// The position of the item in the list shown to the viewer.
   const std::optional<JXDecimal>& list_position() const { return list_position_; }
   void setList_position(const std::optional<JXDecimal>& value) { list_position_ = value; }
-  /// The amount that was taken off, in units of the currency.
+  /// The discount, in units of the currency.
   const std::optional<JXDecimal>& discount() const { return discount_; }
   void setDiscount(const std::optional<JXDecimal>& value) { discount_ = value; }
-  /// How many. Required.
+  /// The quantity. Required.
   const std::optional<JXDecimal>& quantity() const { return quantity_; }
   void setQuantity(const std::optional<JXDecimal>& value) { quantity_ = value; }
-  /// The coupon code that was used for this line.
+  /// The coupon code used for this item.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
-  /// The shop or affiliate that the item comes from.
+  /// The shop or affiliate that supplies the item.
   const JXString& affiliation() const { return affiliation_; }
   void setAffiliation(const JXString& value) { affiliation_ = value; }
 
-  /// The fields in writing order. Never destroyed.
+  /// Returns the fields in writing order. Never destroyed.
   static const JXFieldTable& fields();
-  /// What `verifyItem` tests, by JSON key; the product beside it must verify.
+  /// Returns the conditions that `verifyItem` tests, by JSON key. In addition, the product must be
+  /// valid.
   static const std::vector<JXCondition>& conditions();
 
  private:

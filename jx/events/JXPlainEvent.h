@@ -11,35 +11,35 @@
 
 namespace jx {
 
-/// What tells one plain event class from the others: see JXPlainEvent.
+/// The description of a plain event class; see JXPlainEvent.
 template <typename Event>
 struct JX_API JXPlainDescription {
-  /// The class's name, "JXRateEvent".
+  /// The name of the class: "JXRateEvent".
   std::string_view className;
-  /// The name that its events carry.
+  /// The name of its events.
   std::string_view eventName;
   /// The fields in writing order.
   JXFields<Event> fields;
-  /// What makes an event complete, in the order of testing; empty: it always is.
+  /// The conditions that make an event valid, in the order of testing. Empty: always valid.
   std::vector<JXCondition> conditions = {};
 };
 
-/// Base of an event class with one name and fields of its own, which says what it is in one
-/// operation: docs/adding-an-event.md shows one. Made on any thread; never complete without what
-/// its description asks for.
-/// A class with initialisers or modes of its own stands on JXEvent itself.
+/// Base of an event class with one event name and its own fields. The class defines
+/// `static JXPlainDescription<Event> description()`; docs/adding-an-event.md has an example. Events
+/// may be created on any thread. An event is valid if it meets the conditions of the description. A
+/// class with other initialisers or with modes derives from JXEvent.
 template <typename Event>
 class JX_API JXPlainEvent : public JXEvent {
  public:
-  /// A new event with the class's event name and no field set.
+  /// Creates an event with the class's event name; no other field is set.
   static std::shared_ptr<Event> init() { return std::make_shared<Event>(); }
 
-  /// What tells the class from others; made once and never destroyed.
+  /// Returns the descriptor of the class. Created on the first call and never destroyed.
   static const JXEventClass& eventClass() {
-    static const auto& told = *new JXPlainDescription<Event>(Event::description());
+    static const auto& plain = *new JXPlainDescription<Event>(Event::description());
     static const auto& type =
-        *new JXEventClass{told.className, &JXEvent::eventClass(), {told.eventName},
-                          &told.fields,   told.conditions,        createByInit<Event>};
+        *new JXEventClass{plain.className, &JXEvent::eventClass(), {plain.eventName},
+                          &plain.fields,   plain.conditions,       createByInit<Event>};
     return type;
   }
   const JXEventClass& ownEventClass() const override { return eventClass(); }

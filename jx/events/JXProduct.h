@@ -16,51 +16,53 @@
 
 namespace jx {
 
-/// One article of the host's catalogue. A plain holder that the host fills; it must not be changed
-/// while an event that holds it is being executed.
+/// One product of the application's catalogue. The application fills it. It must not be changed
+/// while an event that contains it is being executed. A price that is NaN is not written and counts
+/// as not set in `verifyProduct`.
 class JX_API JXProduct final : public JXAdditionalProperties {
  public:
-  /// A new product without any field; both lists are empty.
+  /// Creates a product whose fields are all null; both lists are empty.
   static std::shared_ptr<JXProduct> init();
-  /// The arguments are kept as they are, unchecked.
+  /// Creates a product with these values, without validating them.
   static std::shared_ptr<JXProduct> initWithProductId_withName_withPrice(
       const JXString& productId, const JXString& name, const std::optional<JXDecimal>& price);
 
-  /// True when ID and name are usable texts and there is a price, whatever it is.
+  /// Returns true if `ID` and `name` are non-empty strings and `price` is set. Any price but NaN is
+  /// valid.
   bool verifyProduct() const;
-  /// A new object: the host's extra properties, then the fields over them. Categories stand under
-  /// "category_1", "category_2" and so on by their place in the list; an absent one leaves its
-  /// number out.
+  /// Returns a new object: the additional properties, then the fields, which override them.
+  /// Categories are written as "category_1", "category_2" and so on by their position in the list.
+  /// A null category is not written and its number is not used.
   JXJsonObject getJsonObject() const;
 
-  /// The identifier of the article. Required.
+  /// The identifier of the product. Required.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
-  /// The name of the article. Required.
+  /// The name of the product. Required.
   const JXString& name() const { return name_; }
   void setName(const JXString& value) { name_ = value; }
-  /// The price of one, in units of the currency. Required.
+  /// The unit price, in units of `currency`. Required.
   const std::optional<JXDecimal>& price() const { return price_; }
   void setPrice(const std::optional<JXDecimal>& value) { price_ = value; }
-  /// The currency of the price, best as its ISO 4217 code: "EUR".
+  /// The currency of the price, preferably an ISO 4217 code such as "EUR".
   const JXString& currency() const { return currency_; }
   void setCurrency(const JXString& value) { currency_ = value; }
-  /// The product's own list, empty at first: append to it.
+  /// The product's categories, initially empty; callers may append to the list.
   const JXList<JXString>& categories() const { return categories_; }
   void setCategories(const JXList<JXString>& value) { categories_ = value; }
   /// The brand.
   const JXString& brand() const { return brand_; }
   void setBrand(const JXString& value) { brand_ = value; }
-  /// The product's own list, empty at first: append to it.
+  /// The product's colors, initially empty; callers may append to the list.
   const JXList<JXString>& colors() const { return colors_; }
   void setColors(const JXList<JXString>& value) { colors_ = value; }
-  /// The size, as a text.
+  /// The size, as a string.
   const JXString& size() const { return size_; }
   void setSize(const JXString& value) { size_ = value; }
 
-  /// The fields in writing order. Never destroyed.
+  /// Returns the fields in writing order. Never destroyed.
   static const JXFieldTable& fields();
-  /// What `verifyProduct` tests, by JSON key.
+  /// Returns the conditions that `verifyProduct` tests, by JSON key.
   static const std::vector<JXCondition>& conditions();
 
  private:

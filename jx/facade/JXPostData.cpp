@@ -24,8 +24,8 @@ JXString timestamp() {
   return JXPredefinedVariables::sharedInstance().getData(kJXPredefinedVariable_CurrentCallMs);
 }
 
-// What a body has beside the event, in the event's context.
-void writeSurroundings(JXJsonSink& sink) {
+// Writes the parts of the context that do not belong to the event.
+void writeDeviceAndApp(JXJsonSink& sink) {
   JXDevice& device = JXDevice::sharedInstance();
   device.refreshContent();
   sink.block(JXD_DEVICE, device);
@@ -48,21 +48,22 @@ void writeBody(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSin
   event.writeHead(sink);
   sink.beginObject(JXE_CONTEXT);
   event.writeContext(sink);
-  writeSurroundings(sink);
+  writeDeviceAndApp(sink);
   sink.endObject();
   event.writeFields(sink);
   writeUser(sink, serverSideState);
 }
 
-// The same by way of the event's JSON object, for an event that only that object tells.
-void writeBodyOfObject(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSink& sink) {
+// Same, but built from the event's JSON object, for events that override getJsonObject.
+void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
+                             JXJsonTextSink& sink) {
   const JXJsonObject body = event.getJsonObject();
   JXJsonTreeSink tree(body);
   writeUser(tree, serverSideState);
   const JXJsonObject context = body.get(JXE_CONTEXT).object();
   if (context.isPresent()) {
     JXJsonTreeSink contextTree(context);
-    writeSurroundings(contextTree);
+    writeDeviceAndApp(contextTree);
   }
   sink.root(body);
 }
@@ -71,22 +72,22 @@ void writeBodyOfObject(const JXEvent& event, std::int32_t serverSideState, JXJso
 
 JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
                                                            std::int32_t serverSideState) {
-  // The last body's size is a good guess for the next one's.
-  static std::atomic<std::size_t> usualSize{2048};
-  constexpr std::size_t kLargestGuess = std::size_t{64} * 1024;
-  JXJsonTextSink sink(JXJsonStyle::Pretty, usualSize.load(std::memory_order_relaxed));
+  // The next body is probably about as large as the last one.
+  static std::atomic<std::size_t> expectedSize{2048};
+  constexpr std::size_t kMaxExpectedSize = std::size_t{64} * 1024;
+  JXJsonTextSink sink(JXJsonStyle::Pretty, expectedSize.load(std::memory_order_relaxed));
   if (event.canSerialiseFromFieldTable()) {
     writeBody(event, serverSideState, sink);
   } else {
-    writeBodyOfObject(event, serverSideState, sink);
+    writeBodyFromJsonObject(event, serverSideState, sink);
   }
   if (sink.leftOut() != 0) {
     JXLogger::sharedInstance().logMessage_withLevel(
-        "An event was sent without values that are endless or too large", 3);
+        "Event sent without some values: circular reference or size limit exceeded", 3);
   }
   const JXString body = sink.finish();
-  usualSize.store(std::min(body.size() + body.size() / 8, kLargestGuess),
-                  std::memory_order_relaxed);
+  expectedSize.store(std::min(body.size() + body.size() / 8, kMaxExpectedSize),
+                     std::memory_order_relaxed);
   return body;
 }
 

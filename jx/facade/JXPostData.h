@@ -10,13 +10,14 @@
 
 namespace jx {
 
-/// Builds the body of an event's request.
+/// Builds the request body of an event.
 class JX_API JXPostData {
  public:
   JXPostData() = delete;
 
-  /// The event with its user and context blocks, as pretty-printed UTF-8 JSON. `serverSideState` is
-  /// an `EJXServerSideState`: while consent is awaited the user block is the marker for it.
+  /// Returns the event with its user and context blocks, as pretty-printed UTF-8 JSON.
+  /// `serverSideState` is an `EJXServerSideState`: in the waiting-for-consent state the user block
+  /// is replaced by a marker.
   static JXString getPostParameters_withServerSideState(const JXEvent& event,
                                                         std::int32_t serverSideState);
 };

@@ -11,9 +11,10 @@ namespace jx {
 
 std::shared_ptr<JXServerSideInitialisation> JXServerSideInitialisation::init() {
   JXCoreInitialisation::init();
-  JXState::sharedInstance();  // before the variables: the core hears of a change of state first
+  JXState::sharedInstance();  // before the variables, so that the core is notified of a transition
+                              // first
   JXPredefinedVariables::sharedInstance();
-  // The core's variables are read as predefined ones from here on.
+  // From here on the core's variables are also predefined variables.
   JXPredefinedVariables::sharedInstance().addData(JXCoreVariables::sharedInstance().dynamicStore());
   return std::shared_ptr<JXServerSideInitialisation>(new JXServerSideInitialisation());
 }

@@ -8,11 +8,12 @@
 
 namespace jx {
 
-/// Brings the library up, in an order that is fixed. Each `ServerSide` makes one; from the second
-/// on, only the core's variables are read into the predefined ones again.
+/// Starts the library's components in a fixed order. Each `ServerSide` creates one; the second and
+/// later ones only copy the core's variables to the predefined variables again.
 class JX_API JXServerSideInitialisation {
  public:
-  /// Starts what has not started yet. The caller owns the object. Never null.
+  /// Starts the components that have not started yet. The caller owns the returned object, which is
+  /// never null.
   static std::shared_ptr<JXServerSideInitialisation> init();
 
  private:

@@ -70,7 +70,7 @@ void JXServerSideUtils::productToDict_into(const JXJsonObject& product, JXJsonOb
     if (entry.key.view() == JXP_NAME) {
       setProperty_forKey_intoPropertiesDict(entry.value, kFirebaseItemName, target);
     } else {
-      // The product's id too: "item_id" is the item's own.
+      // The product's "id" is prefixed too, because "item_id" is the item's own.
       setProperty_forKey_intoPropertiesDict(entry.value, prefixed(kProductPrefix, entry.key),
                                             target);
     }

@@ -17,9 +17,9 @@ int JX_INIT_STATE = kJXInitNever;
 
 JXState& JXState::sharedInstance() {
   static JXState* const instance = [] {
-    auto* const made = new JXState();
-    made->init();
-    return made;
+    auto* const state = new JXState();
+    state->init();
+    return state;
   }();
   return *instance;
 }
@@ -54,12 +54,12 @@ void JXState::changeNotificationCenter(const std::shared_ptr<JXNotificationCente
 
 void JXState::applicationDidEnterBackground(const JXNotification& notification) {
   didEnterBackground(notification.object);
-  tellCore(kJXNotification_OnBackground);
+  notifyCore(kJXNotification_OnBackground);
 }
 
 void JXState::applicationWillEnterForeground(const JXNotification& notification) {
   willEnterForeground(notification.object);
-  tellCore(kJXNotification_OnForeground);
+  notifyCore(kJXNotification_OnForeground);
 }
 
 void JXState::didEnterBackground(const void*) {}
@@ -70,7 +70,7 @@ std::chrono::system_clock::time_point JXState::date() const {
   return JXCoreVariables::sharedInstance().now();
 }
 
-void JXState::tellCore(std::string_view notificationName) {
+void JXState::notifyCore(std::string_view notificationName) {
   if (senderDelegate_) senderDelegate_->send({notificationName, this, nullptr});
 }
 

@@ -11,45 +11,47 @@
 
 namespace jx {
 
-/// Watches the application go to the background and come back, and tells the core. Runs on the
-/// thread that delivers the system's notifications. Made once per process and never destroyed.
+/// Observes the application's background and foreground transitions and notifies the core. Runs on
+/// the thread that delivers the system's notifications. The shared object is created once per
+/// process and never destroyed.
 class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
  public:
-  /// The one watch of this process.
+  /// Returns the shared object of this process.
   static JXState& sharedInstance();
 
-  /// An object that is not initialised; hosts use `sharedInstance`.
+  /// Creates an uninitialised object; applications use `sharedInstance`.
   JXState() = default;
   ~JXState() override;
-  /// Starts the watch once per process, and returns this object; see `tryBeginInit` for a call
-  /// while another runs. Null when the base could not be initialised.
+  /// Starts observing, once per process, and returns this object. Returns null if the base class
+  /// cannot be initialised. Does not return while another `init` is running.
   JXState* init();
-  /// Runs `init` again: each change of state is then told once more than before.
+  /// Runs `init` again. Each transition is then posted once more often than before.
   JXState* reinit();
 
-  /// The centre that this object posts on; null is the default one. It keeps hearing the system on
-  /// the default centre.
+  /// Sets the notification centre that this object posts on; null means the default one. The
+  /// system's notifications are still received on the default centre.
   void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
-  /// Calls `didEnterBackground`, then tells the core.
+  /// Calls `didEnterBackground`, then notifies the core.
   void applicationDidEnterBackground(const JXNotification& notification);
-  /// Calls `willEnterForeground`, then tells the core.
+  /// Calls `willEnterForeground`, then notifies the core.
   void applicationWillEnterForeground(const JXNotification& notification);
-  /// For subclasses: called first, with the notification's object. Does nothing here.
+  /// Hook for subclasses, called before the core is notified, with the notification's object. Does
+  /// nothing by default.
   virtual void didEnterBackground(const void* application);
-  /// The same for the way back.
+  /// The same hook for the foreground transition.
   virtual void willEnterForeground(const void* application);
 
-  /// The current date and time, by the core's clock.
+  /// Returns the current date and time of the core's clock.
   std::chrono::system_clock::time_point date() const;
 
-  /// The sender that the core is told through; null before `init`.
+  /// Returns the sender that notifies the core; null before `init`.
   std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
   void setSenderDelegate(std::shared_ptr<JXEventSender> sender) {
     senderDelegate_ = std::move(sender);
   }
 
  private:
-  void tellCore(std::string_view notificationName);
+  void notifyCore(std::string_view notificationName);
 
   std::shared_ptr<JXEventSender> senderDelegate_;
 };

@@ -30,20 +30,20 @@ void log(std::string_view message, int level) {
   JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
-// Runs an operation of the interface. Nothing that is thrown in it (memory that runs out, an event
-// class of the host's own) reaches the host.
+// Runs an operation of the interface. Exceptions (out of memory, thrown by the application's own
+// event class) are logged with `failure` and never reach the application.
 template <typename Operation>
-void guarded(const char* name, const Operation& operation) noexcept {
+void guarded(const char* failure, const Operation& operation) noexcept {
   try {
     operation();
   } catch (const std::exception& error) {
     try {
-      log(std::string(name) + " failed: " + error.what(), 3);
+      log(std::string(failure) + ": " + error.what(), 3);
     } catch (...) {
-      log(name, 3);
+      log(failure, 3);
     }
   } catch (...) {
-    log(name, 3);
+    log(failure, 3);
   }
 }
 
@@ -81,11 +81,11 @@ ServerSide::initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_a
     std::int32_t siteID, const JXString& sourceKey,
     const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
     std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
-  std::shared_ptr<ServerSide> made(new ServerSide());
-  guarded("The start of the Server-Side SDK", [&] {
-    made->start(siteID, sourceKey, center, defaultBehaviour, std::move(firebaseInstance));
+  std::shared_ptr<ServerSide> serverSide(new ServerSide());
+  guarded("Server-Side SDK init failed", [&] {
+    serverSide->start(siteID, sourceKey, center, defaultBehaviour, std::move(firebaseInstance));
   });
-  return made;
+  return serverSide;
 }
 
 void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
@@ -97,13 +97,13 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
   const std::string site = std::to_string(siteID);
   if (siteID != 0) log("Server-Side SDK init with siteID " + site, 4);
   if (!sourceKey.testString()) {
-    log("Server-Side SDK init without a source key: its events carry an empty token", 3);
+    log("Server-Side SDK init without a source key; events are sent with an empty token", 3);
   }
   defaultBehaviour_ = defaultBehaviour;
   url_ = JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
          "/events?jx_s=" + site + "&token=" + sourceKey.toStdString();
   permanentStore_ = JXDynamicStore::init();
-  decideStartState();
+  setInitialState();
   senderDelegate_ = JXEventSender::init();
   senderDelegate_->setParent(this);
   listenerDelegate_ = JXEventListener::init();
@@ -116,7 +116,7 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
   siteID_ = siteID;
 }
 
-void ServerSide::decideStartState() {
+void ServerSide::setInitialState() {
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   if (defaultBehaviour_ == EJXDefaultBehaviour_DISABLED_BY_DEFAULT) {
     serverSideState_ = EJXServerSideState_DISABLED;
@@ -139,7 +139,7 @@ void ServerSide::decideStartState() {
 
 ServerSide::~ServerSide() {
   JXNotificationCenter::defaultCenter()->removeObserver(this);
-  // The host may keep either of them longer than this object.
+  // The application may keep either of them longer than this object.
   if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
   if (senderDelegate_) senderDelegate_->setParent(nullptr);
 }
@@ -152,10 +152,10 @@ void ServerSide::setListenerDelegate(std::shared_ptr<JXEventListener> value) {
 void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
   if (serverSideState_ == EJXServerSideState_DISABLED) return;
   if (!event) {
-    log("An absent event was given to execute", 3);
+    log("execute() called with a null event; ignored", 3);
     return;
   }
-  guarded("Sending an event", [&] { send(*event); });
+  guarded("execute() failed", [&] { send(*event); });
 }
 
 void ServerSide::send(JXEvent& event) {
@@ -182,7 +182,7 @@ void ServerSide::mirrorToFirebase(const JXEvent& event) {
 }
 
 void ServerSide::addPermanentData_withValue(const JXString& key, const JXJsonValue& value) {
-  guarded("Adding permanent data", [&] {
+  guarded("addPermanentData_withValue() failed", [&] {
     if (permanentStore_) permanentStore_->addData_withValue(key, value);
   });
 }
@@ -196,12 +196,12 @@ JXJsonValue ServerSide::removePermanentData(const JXString& key) {
 }
 
 void ServerSide::waitForUserAgent() {
-  guarded("Waiting for the user agent",
+  guarded("waitForUserAgent() failed",
           [] { JXNetworkManager::sharedInstance().waitForUserAgent(); });
 }
 
 void ServerSide::enableRunningInBackground() {
-  guarded("Enabling running in background", [] {
+  guarded("enableRunningInBackground() failed", [] {
     JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
     JXNetworkManager::sharedInstance().enableRunningInBackground();
     log("Server-Side SDK is now enabled to run in background", 5);
@@ -209,7 +209,7 @@ void ServerSide::enableRunningInBackground() {
 }
 
 void ServerSide::enableServerSide() {
-  guarded("Enabling the Server-Side SDK", [this] {
+  guarded("enableServerSide() failed", [this] {
     JXJsonObject userInfo;
     userInfo.set(kJXUserInfo_POSTData, JXUser::sharedInstance().getJsonObject());
     if (senderDelegate_) {
@@ -220,7 +220,7 @@ void ServerSide::enableServerSide() {
 
 void ServerSide::disableServerSide() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
-  guarded("Disabling the Server-Side SDK", [this] {
+  guarded("disableServerSide() failed", [this] {
     if (senderDelegate_) {
       senderDelegate_->send({kJXNotification_StoppingTheServerSide, this, nullptr});
     }
@@ -228,7 +228,7 @@ void ServerSide::disableServerSide() {
 }
 
 void ServerSide::addAdvertisingIDs() {
-  guarded("Adding the advertising identifiers", [this] {
+  guarded("addAdvertisingIDs() failed", [this] {
     JXCoreVariables::sharedInstance().setIDFV();
     setAdvertisingTrackingEnabled();  // stores the permission that the next step reads
     setIDFA();
@@ -257,7 +257,7 @@ void ServerSide::changeNotificationCenter(const std::shared_ptr<JXNotificationCe
 
 void ServerSide::onNotificationReceived(const JXNotification& notification) {
   if (notification.name.view() == kJXNotification_StoppingTheServerSide) {
-    // Refused here as well as in disableServerSide, because others post it too.
+    // Checked here too, because the notification may come from another sender.
     if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
     serverSideState_ = EJXServerSideState_DISABLED;
     log("Server-Side SDK is now deactivated", 5);
@@ -268,8 +268,8 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
 }
 
 void ServerSide::setDeveloperIdForFirebaseInstance() {
-  // Guarded on its own: the rest of the start must not depend on the host's object.
-  guarded("Giving Firebase the developer id", [this] {
+  // Guarded separately: initialisation must continue if the application's object throws.
+  guarded("setDeveloperIdForFirebaseInstance() failed", [this] {
     if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kSetDefaultEventParameters)) {
       return;
     }

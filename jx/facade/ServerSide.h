@@ -16,63 +16,65 @@
 
 namespace jx {
 
-/// Whether events are sent now.
+/// Specifies whether events are sent.
 enum EJXServerSideState : std::int32_t {
-  EJXServerSideState_WAITING_FOR_CONSENT = 0,  ///< sent, with a marker in place of the user block
+  EJXServerSideState_WAITING_FOR_CONSENT = 0,  ///< sent, with a marker instead of the user block
   EJXServerSideState_ENABLED = 1,              ///< sent with the user block
   EJXServerSideState_DISABLED = 2,             ///< `execute` does nothing
 };
 
-/// How the library starts, and whether it obeys a stop.
+/// Specifies the initial state, and whether stop requests are obeyed.
 enum EJXDefaultBehaviour : std::int32_t {
-  EJXDefaultBehaviour_DEFAULT = 0,         ///< waits for consent when a consent module is there
-  EJXDefaultBehaviour_ALWAYS_ENABLED = 1,  ///< starts enabled; stops are ignored
+  EJXDefaultBehaviour_DEFAULT = 0,         ///< waits for consent if a consent module is registered
+  EJXDefaultBehaviour_ALWAYS_ENABLED = 1,  ///< starts enabled; stop requests are ignored
   EJXDefaultBehaviour_DISABLED_BY_DEFAULT = 2,  ///< starts disabled until it is enabled
 };
 
-/// The one object that a host makes and keeps: takes events and has them delivered.
+/// The main SDK object. Create one and keep it while the application runs; it queues events and
+/// delivers them.
 ///
-/// The host owns it. Every operation belongs to the thread that the host made it on, returns at
-/// once, never throws and reports nothing; what goes wrong is a line in the log. The first one made
-/// starts the library, with the JXCoreConfiguration that is in force then.
+/// The application owns it. Call every operation on the thread that created the object. Operations
+/// return at once, never throw and report no errors; failures are logged. Creating the first
+/// `ServerSide` starts the library with the current JXCoreConfiguration.
 class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerDelegate {
  public:
-  /// Sends an event. When this returns the event is in the outbox, which a killed process does not
-  /// empty. Adds the permanent data to the event itself. Does nothing while disabled; a null event
-  /// is logged.
+  /// Queues an event for delivery. The event is stored before this returns and survives a killed
+  /// process. Adds the permanent data to the event object itself. Does nothing while disabled. A
+  /// null event is logged and ignored.
   void execute(const std::shared_ptr<JXEvent>& event);
 
-  /// Adds a datum to every event from now on, in the place of one of the same key. An absent value
-  /// removes it.
+  /// Adds a value to every subsequent event, replacing any value with the same key. A null value
+  /// removes the key.
   void addPermanentData_withValue(const JXString& key, const JXJsonValue& value);
-  /// Absent when there is none.
+  /// Returns the value of the key; null when it is not set.
   JXJsonValue getPermanentData(const JXString& key) const;
-  /// Removes the datum and returns it. Event objects that were executed keep theirs.
+  /// Removes the value and returns it; null when it is not set. Event objects that were already
+  /// executed keep theirs.
   JXJsonValue removePermanentData(const JXString& key);
 
   /// @name Initialisers
-  /// `siteID` is the host's site number, `sourceKey` its source key, which goes into the URL as it
-  /// is. `defaultBehaviour` is an EJXDefaultBehaviour; any other value counts as DEFAULT. `center`
-  /// is the centre that this object posts on, null the default one. `firebaseInstance` may be null
-  /// and is kept.
+  /// `siteID` is the site ID of the application. `sourceKey` is its source key, which is written to
+  /// the URL without escaping. `defaultBehaviour` is an EJXDefaultBehaviour; any other value means
+  /// DEFAULT. `center` is the notification centre that this object posts on; null means the default
+  /// centre. `firebaseInstance` may be null; the object shares its ownership.
   /// @{
 
-  /// Default behaviour 0, no Firebase instance. Never null.
+  /// Uses default behaviour 0 and no Firebase instance. Never returns null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey(std::int32_t siteID,
                                                                  const JXString& sourceKey);
-  /// No Firebase instance. Never null.
+  /// Uses no Firebase instance. Never returns null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey_andDefaultBehaviour(
       std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour);
-  /// Default behaviour 0. Never null.
+  /// Uses default behaviour 0. Never returns null.
   static std::shared_ptr<ServerSide> initWithSiteID_andSourceKey_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey,
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
-  /// Posts on the default centre. Never null.
+  /// Posts on the default centre. Never returns null.
   static std::shared_ptr<ServerSide>
   initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey, std::int32_t defaultBehaviour,
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
-  /// States everything. Never null.
+  /// Sets every parameter. Never returns null.
   static std::shared_ptr<ServerSide>
   initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
       std::int32_t siteID, const JXString& sourceKey,
@@ -80,73 +82,75 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
       std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
   /// @}
 
-  /// Holds requests until the user agent is known, at most 10 seconds.
+  /// Pauses delivery until the user agent is known, for 10 seconds at most.
   void waitForUserAgent();
-  /// Lets events go out while the application is in the background.
+  /// Allows delivery while the application is in the background.
   void enableRunningInBackground();
-  /// Withdraws consent: events are ignored from now on and those queued are held. Does nothing for
-  /// an object that is always enabled.
+  /// Withdraws consent: new events are ignored; queued events stay queued and are not sent. Does
+  /// nothing for an object that is always enabled.
   void disableServerSide();
-  /// Gives consent: events are sent from now on, and those held go out.
+  /// Gives consent: new events are sent, and so are the queued events.
   void enableServerSide();
 
-  /// Reads the vendor identifier, the tracking permission and the advertising identifier, and puts
-  /// them into the device block. To be called once the viewer has answered the tracking prompt.
+  /// Reads the vendor identifier, the tracking permission and the advertising identifier, and
+  /// copies them to the device block. Call it after the viewer has answered the tracking prompt.
   void addAdvertisingIDs();
-  /// Stores whether tracking is allowed, as "1" or "0".
+  /// Stores "1" when the system allows advertising tracking, "0" otherwise.
   void setAdvertisingTrackingEnabled();
-  /// Moves this object's posts to another centre; null is the default one. What it listens for
-  /// still reaches it.
+  /// Moves the posts of this object to another notification centre; null means the default one.
+  /// Notifications that the object listens for are still received.
   void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
-  /// Stores the advertising identifier when the stored permission is "1", and `STATIC_IDFA` when it
-  /// is anything else.
+  /// Stores the advertising identifier when the stored permission is "1", `STATIC_IDFA` otherwise.
   void setIDFA();
-  /// Hears the stopping and the enabling notification, whoever posts them. Called on the thread
-  /// that posts.
+  /// Handles the stop and enable notifications of any sender. Called on the posting thread.
   void onNotificationReceived(const JXNotification& notification) override;
-  /// Gives the Firebase instance its developer id, when there is one that takes it. Each
-  /// initialiser does this.
+  /// Passes the developer ID to the Firebase instance, if there is one and it supports the
+  /// operation. Each initialiser calls this.
   void setDeveloperIdForFirebaseInstance();
 
   ~ServerSide() override;
   ServerSide(const ServerSide&) = delete;
   ServerSide& operator=(const ServerSide&) = delete;
 
-  /// Made with this object, so that the library is up; the host has no use for it.
+  /// Returns the object that started the library for this one. Applications do not need it.
   const std::shared_ptr<JXServerSideInitialisation>& initialisation() const {
     return initialisation_;
   }
   void setInitialisation(std::shared_ptr<JXServerSideInitialisation> value) {
     initialisation_ = std::move(value);
   }
-  /// The site number. Setting it does not change `url`.
+  /// Returns the site ID. Setting it does not change `url`.
   std::int32_t siteID() const { return siteID_; }
   void setSiteID(std::int32_t value) { siteID_ = value; }
-  /// An EJXServerSideState. Setting it decides whether `execute` sends, and tells nobody; use
-  /// `enableServerSide` and `disableServerSide`.
+  /// Returns an EJXServerSideState. The setter only decides whether `execute` sends; it posts no
+  /// notification. Use `enableServerSide` and `disableServerSide` instead.
   std::int32_t serverSideState() const { return serverSideState_; }
   void setServerSideState(std::int32_t value) { serverSideState_ = value; }
-  /// An EJXDefaultBehaviour. Set after the start it changes only whether stops are ignored.
+  /// Returns an EJXDefaultBehaviour. Setting it later changes only whether stop requests are
+  /// ignored.
   std::int32_t defaultBehaviour() const { return defaultBehaviour_; }
   void setDefaultBehaviour(std::int32_t value) { defaultBehaviour_ = value; }
-  /// Where events are posted, site number and source key included; set for events from now on.
+  /// Returns the URL that events are posted to, with site ID and source key. A new URL applies to
+  /// subsequent events.
   const JXString& url() const { return url_; }
   void setUrl(const JXString& value) { url_ = value; }
-  /// The permanent data. Null takes none.
+  /// Returns the store of the permanent data. With a null store there is no permanent data, and
+  /// values that are added are ignored.
   const std::shared_ptr<JXDynamicStore>& permanentStore() const { return permanentStore_; }
   void setPermanentStore(std::shared_ptr<JXDynamicStore> value) {
     permanentStore_ = std::move(value);
   }
-  /// What requests and changes of state are posted through. Null sends nothing.
+  /// Returns the sender of requests and state changes. With a null sender nothing is sent.
   std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
   void setSenderDelegate(std::shared_ptr<JXEventSender> value) {
     senderDelegate_ = std::move(value);
   }
-  /// What this object hears changes of state through.
+  /// Returns the listener through which this object receives state changes.
   std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
-  /// The listener that is replaced no longer calls this object; the new one is as the host made it.
+  /// Replaces the listener. The previous one no longer calls this object; the new one is used
+  /// unchanged, with the parent and the names that the application set.
   void setListenerDelegate(std::shared_ptr<JXEventListener> value);
-  /// The object that events are mirrored to; null for none.
+  /// Returns the object that events are mirrored to; may be null.
   const std::shared_ptr<IJXFirebaseInstance>& firebaseInstance() const { return firebaseInstance_; }
   void setFirebaseInstance(std::shared_ptr<IJXFirebaseInstance> value) {
     firebaseInstance_ = std::move(value);
@@ -157,7 +161,7 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   void start(std::int32_t siteID, const JXString& sourceKey,
              const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
              std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
-  void decideStartState();
+  void setInitialState();
   void send(JXEvent& event);
   void mirrorToFirebase(const JXEvent& event);
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// Marks what a host may call. A shared library of ours exports what carries it, and nothing else.
-/// Read by C as well as by C++.
+/// Marks the public interface. The shared library exports only declarations with this macro. Valid
+/// in C and C++.
 #if defined(__GNUC__)
 #define JX_API __attribute__((visibility("default")))
 #else

@@ -8,18 +8,18 @@
 
 namespace jx {
 
-/// Where the library reads the time of day. Called on any thread, so an implementation is
-/// thread-safe. Waiting and back-off never use it: they follow the system's steady clock, which a
-/// clock that is set forward or back does not move.
+/// Source of the time of day. Called on any thread, so implementations must be thread-safe.
+/// Timeouts and retry delays do not use it: they use the steady clock of the system, which is not
+/// affected by changes of the system time.
 class JX_API JXClock {
  public:
   virtual ~JXClock() = default;
 
-  /// Milliseconds since the Unix epoch. May jump in either direction between two calls.
+  /// Returns milliseconds since the Unix epoch. May jump in either direction between two calls.
   virtual std::int64_t nowMs() const = 0;
 };
 
-/// The system's time of day.
+/// The time of day of the system.
 class JX_API JXSystemClock final : public JXClock {
  public:
   std::int64_t nowMs() const override;

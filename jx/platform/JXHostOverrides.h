@@ -6,7 +6,7 @@
 
 namespace jx {
 
-/// What the host states about itself, as `makeSystemPlatform` takes it.
+/// Values that the application sets in place of those of the system; see `makeSystemPlatform`.
 struct JXHostOverrides {
   JXBundleInformation bundle;
   JXScreenBounds screen;

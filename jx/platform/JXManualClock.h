@@ -10,15 +10,15 @@
 
 namespace jx {
 
-/// A time of day that stands still until its owner moves it: for scripts and tests that tell
-/// days of an installation's life in milliseconds. Thread-safe.
+/// A clock that changes only when it is set or advanced: for scripts and tests that simulate days
+/// within milliseconds. Thread-safe.
 class JX_API JXManualClock final : public JXClock {
  public:
-  /// Stands at `startMs` milliseconds since the Unix epoch.
+  /// Starts at `startMs` milliseconds since the Unix epoch.
   explicit JXManualClock(std::int64_t startMs) : nowMs_(startMs) {}
 
   std::int64_t nowMs() const override { return nowMs_.load(); }
-  /// Moves the clock by `ms`; a negative value sets it back.
+  /// Advances the clock by `ms`; a negative value moves it back.
   void advance(std::int64_t ms) { nowMs_.fetch_add(ms); }
   /// Sets the clock to `ms` milliseconds since the Unix epoch.
   void set(std::int64_t ms) { nowMs_.store(ms); }

@@ -6,10 +6,10 @@
 
 namespace jx {
 
-void JXString::assignShared(const char* text, std::size_t length) {
+void JXString::assignShared(const char* string, std::size_t length) {
   Shared* block = new (::operator new(sizeof(Shared) + length + 1)) Shared{{1}, length};
-  std::memcpy(block->text(), text, length);
-  block->text()[length] = '\0';
+  std::memcpy(block->characters(), string, length);
+  block->characters()[length] = '\0';
   adopt(block);
 }
 
@@ -19,11 +19,11 @@ void JXString::releaseShared() noexcept {
     block->~Shared();
     ::operator delete(block);
   }
-  tag_ = kAbsent;
+  tag_ = kNull;
 }
 
-std::ostream& operator<<(std::ostream& out, const JXString& text) {
-  return text.isPresent() ? out << text.view() : out << "(absent)";
+std::ostream& operator<<(std::ostream& out, const JXString& string) {
+  return string.isPresent() ? out << string.view() : out << "(absent)";
 }
 
 }  // namespace jx

@@ -10,32 +10,32 @@ namespace jx {
 JXStringBuilder::~JXStringBuilder() { ::operator delete(block_); }
 
 void JXStringBuilder::reserve(std::size_t capacity) {
-  constexpr std::size_t kSmallest = 64;
-  capacity = std::max({capacity, 2 * capacity_, kSmallest});
+  constexpr std::size_t kMinCapacity = 64;
+  capacity = std::max({capacity, 2 * capacity_, kMinCapacity});
   auto* const block =
       new (::operator new(sizeof(JXString::Shared) + capacity + 1)) JXString::Shared{{1}, 0};
-  if (size_ != 0) std::memcpy(block->text(), text_, size_);
+  if (size_ != 0) std::memcpy(block->characters(), characters_, size_);
   ::operator delete(block_);
   block_ = block;
-  text_ = block->text();
+  characters_ = block->characters();
   capacity_ = capacity;
 }
 
 JXString JXStringBuilder::finish() {
-  JXString text;
+  JXString string;
   if (size_ <= JXString::kInlineCapacity) {
-    text.assign(text_, size_);
+    string.assign(characters_, size_);
     size_ = 0;
-    return text;
+    return string;
   }
-  text_[size_] = '\0';
+  characters_[size_] = '\0';
   block_->length = size_;
-  text.adopt(block_);
+  string.adopt(block_);
   block_ = nullptr;
-  text_ = nullptr;
+  characters_ = nullptr;
   size_ = 0;
   capacity_ = 0;
-  return text;
+  return string;
 }
 
 }  // namespace jx

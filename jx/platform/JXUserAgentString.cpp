@@ -8,13 +8,13 @@
 namespace jx {
 namespace {
 
-// A product's name in a user agent is one word without separators.
-std::string productWord(std::string_view text) {
+// A product name in a user agent is one word without separators.
+std::string productWord(std::string_view name) {
   std::string word;
-  for (const char c : text) {
-    const bool isKept = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                        (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-' || c == '+';
-    word += isKept ? c : '-';
+  for (const char c : name) {
+    const bool isAllowed = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                           (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-' || c == '+';
+    word += isAllowed ? c : '-';
   }
   return word;
 }
@@ -24,10 +24,10 @@ std::string productWord(std::string_view text) {
 JXString userAgentString(const JXString& systemName, const JXString& systemVersion,
                          const JXString& machine) {
   if (!systemName.isPresent()) return nullptr;
-  std::string text = productWord(systemName.view());
-  if (systemVersion.isPresent()) text += "/" + productWord(systemVersion.view());
-  if (machine.testString()) text += " (" + productWord(machine.view()) + ")";
-  return JXString(text);
+  std::string userAgent = productWord(systemName.view());
+  if (systemVersion.isPresent()) userAgent += "/" + productWord(systemVersion.view());
+  if (machine.testString()) userAgent += " (" + productWord(machine.view()) + ")";
+  return JXString(userAgent);
 }
 
 }  // namespace jx

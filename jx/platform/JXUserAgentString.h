@@ -6,9 +6,10 @@
 
 namespace jx {
 
-/// The user agent of a system that has no web view to ask: a product made of the system's name and
-/// version, such as "Debian-GNU-Linux/12 (x86_64)". Characters that would end a word become '-'.
-/// Absent without a name; an absent version, and a machine without text, are left out.
+/// Returns the user agent of a system without a web view: a product that consists of the name and
+/// version of the system, such as "Debian-GNU-Linux/12 (x86_64)". Replaces characters that are not
+/// allowed in a product by '-'. Returns null if the name is null. Omits a null version and a null
+/// or empty machine.
 JXString userAgentString(const JXString& systemName, const JXString& systemVersion,
                          const JXString& machine);
 

@@ -21,7 +21,7 @@ std::string_view takeDigits(std::string_view& rest) {
   return digits;
 }
 
-// The power of ten behind an "e"; 0 when what follows is no exponent.
+// Returns the exponent after an "e"; 0 if no exponent follows.
 int takeExponent(std::string_view rest) {
   constexpr int kLimit = 100'000;
   if (rest.empty() || (rest.front() != 'e' && rest.front() != 'E')) return 0;
@@ -35,12 +35,12 @@ int takeExponent(std::string_view rest) {
   return negative ? -exponent : exponent;
 }
 
-// The usual text: digits alone, few enough for a double to hold their number exactly.
-std::optional<std::uint64_t> wholeNumber(std::string_view text) {
+// Fast path for the usual string: only digits, few enough for a double to be exact.
+std::optional<std::uint64_t> wholeNumber(std::string_view string) {
   constexpr std::size_t kExactDigits = 15;
-  if (text.empty() || text.size() > kExactDigits) return std::nullopt;
+  if (string.empty() || string.size() > kExactDigits) return std::nullopt;
   std::uint64_t number = 0;
-  for (const char c : text) {
+  for (const char c : string) {
     if (!isDigit(c)) return std::nullopt;
     number = number * 10 + static_cast<std::uint64_t>(c - '0');
   }
@@ -49,25 +49,25 @@ std::optional<std::uint64_t> wholeNumber(std::string_view text) {
 
 }  // namespace
 
-std::uint64_t truncatedLeadingNumber(std::string_view text) {
-  if (const std::optional<std::uint64_t> number = wholeNumber(text)) return *number;
-  while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-    text.remove_prefix(1);
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-  std::string digits(takeDigits(text));
+std::uint64_t truncatedLeadingNumber(std::string_view string) {
+  if (const std::optional<std::uint64_t> number = wholeNumber(string)) return *number;
+  while (!string.empty() && (string.front() == ' ' || string.front() == '\t'))
+    string.remove_prefix(1);
+  if (!string.empty() && string.front() == '+') string.remove_prefix(1);
+  std::string digits(takeDigits(string));
   int exponent = 0;
-  if (!text.empty() && text.front() == '.') {
-    text.remove_prefix(1);
-    const std::string_view fraction = takeDigits(text);
+  if (!string.empty() && string.front() == '.') {
+    string.remove_prefix(1);
+    const std::string_view fraction = takeDigits(string);
     digits.append(fraction);
     exponent -= static_cast<int>(std::min<std::size_t>(fraction.size(), 100'000));
   }
   if (digits.empty()) return 0;
-  exponent += takeExponent(text);
-  // Without a point there is nothing in the text that the process's locale could read differently.
+  exponent += takeExponent(string);
+  // Without a decimal point the result does not depend on the locale of the process.
   const double value = std::strtod((digits + "e" + std::to_string(exponent)).c_str(), nullptr);
-  constexpr double kBeyond = 18446744073709551616.0;  // 2^64
-  if (!(value < kBeyond)) return std::numeric_limits<std::uint64_t>::max();
+  constexpr double kRange = 18446744073709551616.0;  // 2^64
+  if (!(value < kRange)) return std::numeric_limits<std::uint64_t>::max();
   return static_cast<std::uint64_t>(value);
 }
 

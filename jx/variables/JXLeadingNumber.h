@@ -7,8 +7,8 @@
 
 namespace jx {
 
-/// The number at the start of the text read as binary floating point, its fraction dropped: 0 when
-/// there is none or when it is negative, the largest value when it lies beyond 64 bits.
-std::uint64_t truncatedLeadingNumber(std::string_view text);
+/// Returns the number at the start of the string, parsed as a floating-point number and truncated.
+/// Returns 0 if there is no number or it is negative, and the largest value if it exceeds 64 bits.
+std::uint64_t truncatedLeadingNumber(std::string_view string);
 
 }  // namespace jx

@@ -6,8 +6,8 @@
 
 namespace jx {
 
-// Keys of the texts that outlive the process, beside the predefined variables that are persisted
-// under their own key text.
+// Keys of the persisted strings. Some predefined variables are also persisted, under their own
+// name.
 
 /// @name Visits and sessions
 /// @{
@@ -15,8 +15,8 @@ inline constexpr std::string_view kJXUserDefaultsKey_UniqueID = "jx_unique_id";
 inline constexpr std::string_view kJXDateFirstVisitFormat = "jx_date_first_visit";
 inline constexpr std::string_view kJXDateLastVisitFormat = "jx_date_last_visit";
 inline constexpr std::string_view kJXDateCurrentVisitFormat = "jx_date_current_visit";
-/// Holds the visit count, whatever its name says: installations in the field keep it here. The
-/// count of process starts is `kJXPredefinedVariable_ColdStarts`.
+/// The visit count, in spite of its name: existing installations store it under this key. The
+/// number of process starts is `kJXPredefinedVariable_ColdStarts`.
 inline constexpr std::string_view kJXNumberColdStarts = "jx_number_coldStarts";
 inline constexpr std::string_view kJXNumberSessions = "jx_number_sessions";
 inline constexpr std::string_view kJXLastPID = "jx_last_pid";

@@ -8,14 +8,14 @@
 
 namespace jx {
 
-/// The text that was kept under the key in this or an earlier process, absent when there is none.
-inline JXString persistedText(std::string_view key) {
+/// Returns the string that this or an earlier process stored under the key; null if there is none.
+inline JXString persistedString(std::string_view key) {
   return JXUserDefaults::retrieveInfoFromUserDefaults(key);
 }
 
-/// Keeps the text for later processes; an absent one removes the entry.
-inline void persistText(std::string_view key, const JXString& text) {
-  JXUserDefaults::saveInfoToUserDefaults_forLabel(text, key);
+/// Stores the string for later processes; a null string removes the entry.
+inline void persistString(std::string_view key, const JXString& string) {
+  JXUserDefaults::saveInfoToUserDefaults_forLabel(string, key);
 }
 
 }  // namespace jx

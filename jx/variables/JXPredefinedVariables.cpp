@@ -23,16 +23,16 @@ int JX_INIT_STATE = kJXInitNever;
 
 JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
   static JXPredefinedVariables* const instance = [] {
-    auto* const made = new JXPredefinedVariables();
-    made->init();
-    return made;
+    auto* const variables = new JXPredefinedVariables();
+    variables->init();
+    return variables;
   }();
   return *instance;
 }
 
 JXPredefinedVariables::~JXPredefinedVariables() {
   JXNotificationCenter::defaultCenter()->removeObserver(this);
-  // The host may keep it longer than this object.
+  // The application may keep it longer than this object.
   if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
 }
 
@@ -56,14 +56,14 @@ JXPredefinedVariables* JXPredefinedVariables::init() {
 
   visitDuration_ = static_cast<std::uint64_t>(kJXVisitDurationDefaultValue) * 1000;
   predefinedVariableInitialisation();
-  // After the sequence above on purpose: while the visit logic runs for the first time in a process
+  // Must follow the sequence above: when the visit logic runs for the first time in a process,
   // there is no pid to compare, so every process start counts as a new visit.
   pid_ = std::to_string(JXCoreServices::sharedInstance().platform().processIdentifier());
 
   observeApplicationNotifications();
   addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, "0");
-  // Over what initApplicationVersion found: events have always carried "0" here, and the persisted
-  // previous version stays for the next comparison.
+  // Replaces the value of initApplicationVersion: this variable has always been "0" after start-up.
+  // The persisted previous version stays for the next comparison.
   addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, "0");
   addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
                     std::to_string(totalForegroundTransitions_));
@@ -77,8 +77,7 @@ JXPredefinedVariables* JXPredefinedVariables::reinit() {
 
 void JXPredefinedVariables::predefinedVariableInitialisation() {
   const JXString timeMs = nowMsString();
-  initIsFirstVisit();  // reads the version's first visit, so before initApplicationVersion writes
-                       // it
+  initIsFirstVisit();  // reads the stored first visit, so before initApplicationVersion writes it
   setManufacturer();
   initLastCallLastVisit();  // reads the persisted last call, so before any event replaces it
   setNorvaneVersion();
@@ -124,11 +123,11 @@ JXString JXPredefinedVariables::getData(const JXString& key) const {
 }
 
 void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t count,
-                                       std::size_t* places, JXString* texts) const {
+                                       std::size_t* places, JXString* strings) const {
   if (dynamicStore_) {
-    dynamicStore_->getStrings(keys, count, places, texts);
+    dynamicStore_->getStrings(keys, count, places, strings);
   } else {
-    std::fill_n(texts, count, JXString());
+    std::fill_n(strings, count, JXString());
   }
 }
 
@@ -165,7 +164,7 @@ std::int32_t JXPredefinedVariables::randomInt() const {
   const auto draw =
       static_cast<std::int32_t>(JXCoreServices::sharedInstance().platform().randomBits());
   constexpr auto kLowest = std::numeric_limits<std::int32_t>::min();
-  if (draw == kLowest) return std::numeric_limits<std::int32_t>::max();  // has no negative
+  if (draw == kLowest) return std::numeric_limits<std::int32_t>::max();  // cannot be negated
   return draw < 0 ? -draw : draw;
 }
 

@@ -15,100 +15,101 @@
 
 namespace jx {
 
-/// Seconds of inactivity after which a new session starts.
+/// Time in the background, in seconds, after which a return to the foreground starts a new session.
 inline constexpr std::int64_t kJXVisitDurationDefaultValue = 1800;
 
-/// The predefined variables: named texts that tell where the installation, the process and the
-/// device stand. Filled once when the object is first asked for, brought up to date before every
-/// event, and persisted where they must outlive the process.
+/// Predefined variables: named strings that describe the installation, the process and the device.
+/// They are set on the first call of `sharedInstance`, updated before every event, and persisted
+/// where later processes need them.
 ///
-/// Made once per process and never destroyed. The store is thread-safe; everything else belongs to
-/// the thread that executes events and the one that tells of background and foreground, which must
-/// not run at the same time.
+/// The shared object is created once per process and never destroyed. The store is thread-safe. All
+/// other operations are called on the thread that executes events or on the thread that reports
+/// background and foreground; these two must not run at the same time.
 class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegate {
  public:
-  /// The one object of this process, filled when it is first asked for.
+  /// Returns the shared object of this process. The first call creates it and runs the start-up.
   static JXPredefinedVariables& sharedInstance();
 
-  /// An object that is not initialised; hosts use `sharedInstance`.
+  /// Creates an uninitialised object; applications use `sharedInstance`.
   JXPredefinedVariables() = default;
-  /// Runs the start-up once per process, and returns this object; see `tryBeginInit` for a call
-  /// while another runs. Null when the base could not be initialised.
+  /// Runs the start-up once per process and returns this object. Returns null if the base class
+  /// cannot be initialised. Does not return while another `init` is running.
   JXPredefinedVariables* init();
-  /// Runs the whole start-up again on this object: the store is replaced, the counters and times
-  /// start over, the persisted counters advance, and each background or foreground notification
-  /// reaches the handlers once more than before.
+  /// Runs the whole start-up again on this object: the store is replaced, counters and times are
+  /// reset, and the persisted counters advance. Each background or foreground notification then
+  /// calls the handlers once more often than before.
   JXPredefinedVariables* reinit();
   ~JXPredefinedVariables() override;
 
   /// @name Store
-  /// An object that has none, because it was not initialised or the host took it away, holds
-  /// nothing and ignores what it is given.
+  /// Without a store (before `init`, or after `setDynamicStore(nullptr)`) every variable is null,
+  /// and values that are added are ignored.
   /// @{
 
-  /// Sets or replaces a variable; an absent value removes it.
+  /// Sets or replaces a variable; a null value removes it. A null key is ignored.
   void addData_withValue(const JXString& key, const JXString& value);
-  /// Adds every pair of the store; a null one is ignored.
+  /// Adds every entry of the store; a null store is ignored.
   void addData(const std::shared_ptr<JXDynamicStore>& store);
-  /// The variable's text, absent when it has none.
+  /// Returns the variable; null if it is not set.
   JXString getData(const JXString& key) const;
-  /// The texts of several variables as they stand at one moment; see `JXDynamicStore::getStrings`.
+  /// Reads several variables atomically; see `JXDynamicStore::getStrings`.
   void getStrings(const std::string_view* keys, std::size_t count, std::size_t* places,
-                  JXString* texts) const;
-  /// Removes the variable and returns what it held, absent when it held nothing.
+                  JXString* strings) const;
+  /// Removes the variable and returns its value; null if it was not set.
   JXString removeData(const JXString& key);
   /// Removes every variable.
   void clearData();
 
   /// @}
-  /// @name Time and chance
+  /// @name Time and random numbers
   /// @{
 
   std::int64_t now() const;    ///< seconds since the Unix epoch
   std::int64_t nowMs() const;  ///< milliseconds since the Unix epoch
-  /// Decimal milliseconds since the Unix epoch.
+  /// Returns the milliseconds since the Unix epoch as a decimal string.
   JXString nowMsString() const;
-  /// Decimal seconds since the Unix epoch, rounded down.
+  /// Returns the seconds since the Unix epoch, rounded down, as a decimal string.
   JXString nowString() const;
   std::int32_t randomInt() const;  ///< random, never negative
-  /// The same as decimal text.
+  /// Returns a random number as a decimal string.
   JXString randomString() const;
 
   /// @}
-  /// @name Texts of single variables, absent when there is none
+  /// @name Single variables, null if not set
   /// @{
 
-  /// The hardware machine identifier, in spite of the name.
+  /// The hardware machine identifier; the name is historic.
   JXString phoneModel() const;
-  /// The name of the operating system.
+  /// The operating system name.
   JXString systemName() const;
-  /// The version of the operating system.
+  /// The operating system version.
   JXString systemVersion() const;
   /// The version of this library.
   JXString norvaneVersion() const;
-  /// The version that a viewer sees; "" when the application states none.
+  /// The application version shown to users; "" if it is not configured.
   JXString applicationVersion() const;
   /// The build number.
   JXString applicationBuild() const;
   /// The manufacturer's name.
   JXString manufacturer() const;
-  /// The first part of the preferred language tag, "-" when none is known.
+  /// The first part of the preferred language tag; "-" if the tag has no second part.
   JXString language() const;
   /// The name of the system's default text encoding.
   JXString charset() const;
-  /// A random UUID made at the installation's first start.
+  /// A random UUID, created at the first start of the installation.
   JXString uniqueIdentifier() const;
-  /// How many visits there were, this one included.
+  /// Number of visits, including the current one.
   JXString navNumberVisit() const;
-  /// How many sessions there were, this one included.
+  /// Number of sessions, including the current one.
   JXString numberSession() const;
-  /// Start of the current visit, ms.
+  /// Start of the current visit, ms since the Unix epoch.
   JXString nav_TimestampCurrentVisitMs() const;
-  /// Start of the current session, ms: the historic name says visit, and hosts rely on the value.
+  /// Start of the current session, ms since the Unix epoch. The name is historic; applications rely
+  /// on the value.
   JXString timestampCurrentVisitMs() const;
-  /// The event before, ms.
+  /// Time of the previous event, ms since the Unix epoch; see `kJXPredefinedVariable_LastCallMs`.
   JXString timestampLastCallMs() const;
-  /// From the core's variables, where it is written first.
+  /// The user agent, read from the core's variables, which are updated first.
   JXString userAgent() const;
 
   /// @}
@@ -117,22 +118,24 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
 
   /// Marks the first event of the process with "TRUE" and every later one with "FALSE".
   void firstExecute();
-  /// Brings call times, session duration, foreground and background times up to now.
+  /// Updates call times, session duration, foreground and background times to the current time.
   void computeTimeChangingVariables();
-  /// Called after each event, so that only the first one of a session says that it is new.
+  /// Clears the new-session mark. Called after each event, so that only the first event of a
+  /// session carries the mark.
   void resetNewSession();
 
   /// @}
-  /// @name For the host
+  /// @name For the application
   /// @{
 
-  /// Makes the installation's unique identifier the anonymous id of the user block.
+  /// Uses the installation's unique identifier as the anonymous ID of the user block.
   void useLegacyUniqueIDForAnonymousID();
-  /// Makes it the consent id.
+  /// Uses the installation's unique identifier as the consent ID of the user block.
   void useLegacyUniqueIDForConsentID();
-  /// Moves the listener to another centre; null is the default one.
+  /// Moves the listener to another notification centre; null means the default one.
   void changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
-  /// Address of "en0", else of "pdp_ip0", as dotted IPv4 text; "" when there is neither.
+  /// Returns the IPv4 address of "en0", or of "pdp_ip0" if there is no "en0", in dotted notation;
+  /// "" if there is neither.
   JXString findDeviceIP() const;
   /// Stores `timeS` seconds under `key` and the same in milliseconds under `keyMs`.
   void addTimestamp_andTimestampeMs_withTime(const JXString& key, const JXString& keyMs,
@@ -142,106 +145,104 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// @name Application notifications
   /// @{
 
-  /// Counts the foreground time up to now and keeps it for the next launch.
+  /// Adds the foreground time up to now and persists it for the next process.
   void didEnterBackground(const JXNotification& notification);
-  /// Counts the background time, and starts a session when it was longer than `visitDuration`.
-  /// Ignored unless the application was in the background.
+  /// Adds the background time, and starts a session if more than `visitDuration` has passed since
+  /// the last background notification or the last event, whichever is later. Ignored if the
+  /// application was not in the background.
   void willEnterForeground(const JXNotification& notification);
 
-  /// Stores the user agent when it becomes known.
+  /// Stores the user agent when it becomes available.
   void onNotificationReceived(const JXNotification& notification) override;
 
   /// @}
   /// @name Visits, sessions and calls: steps of the start-up and of each event
-  /// Times are decimal text, in milliseconds since the Unix epoch. A text that is no number counts
-  /// by the integer that it begins with, else as 0.
+  /// Times are decimal strings, in milliseconds since the Unix epoch. A string that is not a number
+  /// counts as the integer at its start, or as 0.
   /// @{
 
-  /// "TRUE" when no earlier process stored the first visit of a version, else "FALSE".
+  /// Sets `kJXPredefinedVariable_IsFirstVisit`: "TRUE" if no earlier process has stored the first
+  /// visit of a version, "FALSE" otherwise.
   void initIsFirstVisit();
-  /// Makes the last event of the process before the last hit of the session before.
+  /// Sets the last hit of the previous session to the last event of an earlier process, if any.
   void initLastCallLastVisit();
-  /// Stores the time of the call, and the unique identifier, made when there is none yet.
+  /// Stores the call time and the unique identifier, which is created if there is none yet.
   void setVisitorIDCurrentCallUniqueID(const JXString& timeMs);
-  /// Counts this start of the process and persists the count.
+  /// Increments and persists the number of process starts.
   void initColdStartNumber();
-  /// Decides whether this is the first visit, another one, or the same process again.
+  /// Starts the first visit or the next one, or continues the visit of the same process.
   void setTimestamps(const JXString& timeMs);
-  /// Starts visit and session 1. What is persisted here is in seconds, and stays so for hosts that
-  /// read it.
+  /// Starts visit and session 1. The dates persisted here are in seconds, because applications read
+  /// them.
   void setFirstVisitUserDefaults(const JXString& timeMs);
-  /// Starts the next visit, and with it the next session. `firstVisit` stands in where no time of
-  /// the visit before was kept.
+  /// Starts the next visit and its first session. `firstVisit` is used if no date of the previous
+  /// visit is stored.
   void newVisitUserDefaults_currentTime(const JXString& firstVisit, const JXString& timeMs);
-  /// Reads the visit that this process is in already; nothing is counted.
+  /// Reads the current visit of this process. No counter changes.
   void updateVisitUserDefaults(const JXString& timeMs);
-  /// Starts the next session within the visit: count, start, identifier, and the mark of a new
-  /// session.
+  /// Starts the next session within the visit: sets number, start, identifier and new-session mark.
   void updateVariablesForNewSession(const JXString& timeMs);
-  /// Stores the time since the start of the visit and what earlier processes carried over, ms.
-  /// Without a start of the visit it is logged at level 2 and nothing is stored.
+  /// Stores the time since the start of the visit plus the usage time carried over from earlier
+  /// processes, in ms. If the start of the visit is not set, logs at level 2 and stores nothing.
   void setSessionDuration(const JXString& timeMs);
-  /// Makes the event before the last call, and this one the current.
+  /// Sets the last call to the previous event and the current call to this event.
   void initNavTimestampCalls(const JXString& timeMs);
 
   /// @}
   /// @name Usage timing: steps of the start-up
-  /// Times as above. Arithmetic is unsigned and wraps around when the clock was set back.
+  /// Times as above. Arithmetic is unsigned and wraps around if the clock was set back.
   /// @{
 
-  /// Gives the session its identifier and, when the stored start is longer ago than
-  /// `visitDuration`, a new start; carries usage times over.
+  /// Sets the session identifier. Stores a new session start if the stored one is more than
+  /// `visitDuration` ago. Carries usage times over.
   void initComScoreSession(const JXString& timeMs);
-  /// Stores how long the application was away since the last launch went to the background; zeros
-  /// when that is not known.
+  /// Stores the time since an earlier process last went to the background; zeros if unknown.
   void computeDeltaSinceLastLaunch(const JXString& timeMs);
-  /// Stores the usage time that this launch begins with. `renewed`: the session was started anew,
-  /// so the unmeasured foreground time is not part of it.
+  /// Stores the usage time at the start of this process. `renewed` means that a new session was
+  /// started, so the unmeasured foreground time is not included.
   void computeStartUsageTime(bool renewed);
 
   /// @}
   /// @name Environment: steps of the start-up
   /// @{
 
-  /// Stores the manufacturer's name, "Apple" on every system: receivers tell the family of devices
-  /// by it.
+  /// Stores the manufacturer's name, "Apple" on every system: servers identify the device family by
+  /// it.
   void setManufacturer();
   /// Stores the version of this library.
   void setNorvaneVersion();
-  /// Stores the name of the default text encoding.
+  /// Stores the name of the system's default text encoding.
   void setLocalCharset();
-  /// Stores width and height of the main screen, whole points; "0" without a display.
+  /// Stores the width and height of the main screen in whole points; "0" without a display.
   void initScreenResolution();
-  /// Stores the build number when the application states one.
+  /// Stores the build number if it is configured.
   void setApplicationBuild();
   /// Stores the marketing model of the device.
   void setLocalModel();
-  /// Stores the version of the operating system.
+  /// Stores the operating system version.
   void setLocalSysVersion();
-  /// Stores the name of the operating system.
+  /// Stores the operating system name.
   void setLocalSysName();
-  /// Stores the first two parts of the preferred language tag; "-" for both when there are not two.
+  /// Stores the first two parts of the preferred language tag; "-" for both if there are not two.
   void setLocalLanguage();
   /// Stores the application's bundle identifier.
   void setBundleIdentifier();
-  /// Stores the application's name, "(unknown)" when it states none.
+  /// Stores the application's name; "(unknown)" if it is not configured.
   void setApplicationName();
-  /// Stores the name of the runtime, "tvos" on every system: receivers tell the family of devices
-  /// by it.
+  /// Stores the runtime name, "tvos" on every system: servers identify the device family by it.
   void setRuntimeName();
   /// Stores the hardware machine identifier.
   void setModelAndVersion();
-  /// Stores "1" when the integrity probe finds the device modified, else "0".
+  /// Stores "1" if the integrity check finds the device modified, "0" otherwise.
   void setIsJailBroken();
-  /// Stores the version that a viewer sees, and notices an update: the version before, and the
-  /// first visit with this one.
+  /// Stores the application version shown to users. After an update it also stores the previous
+  /// version and the first visit with the new one.
   void initApplicationVersion(const JXString& timeMs);
-  /// Reads the locale's currency code, stores it ("-" when there is none) and returns what was
-  /// read.
+  /// Reads the locale's currency code, stores it ("-" if there is none) and returns it as read.
   JXString currencyCode();
   /// Reads the locale's currency symbol, stores it and returns it.
   JXString currencySymbol();
-  /// Name of the system's default text encoding.
+  /// Returns the name of the system's default text encoding.
   JXString getDefaultEncoding() const;
 
   /// @}
@@ -254,7 +255,7 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// True from the background notification until the foreground one.
   bool isBackground() const { return isBackground_; }
   void setIsBackground(bool value) { isBackground_ = value; }
-  /// How often the application was in the foreground in this process, from 1.
+  /// Number of times that the application was in the foreground in this process, from 1.
   std::int32_t totalForegroundTransitions() const { return totalForegroundTransitions_; }
   void setTotalForegroundTransitions(std::int32_t value) { totalForegroundTransitions_ = value; }
   std::uint64_t totalForegroundTime() const { return totalForegroundTime_; }  ///< ms
@@ -269,13 +270,14 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void setLastTime(std::uint64_t ms) { lastTime_ = ms; }
   std::uint64_t startUsage() const { return startUsage_; }  ///< ms
   void setStartUsage(std::uint64_t ms) { startUsage_ = ms; }
-  /// The process identifier as text; absent until the start-up has run.
+  /// The process ID as a string; null until the start-up has run.
   const JXString& pid() const { return pid_; }
   void setPid(const JXString& pid) { pid_ = pid; }
-  /// Background stay after which a new session starts, ms.
+  /// Time in the background after which a return to the foreground starts a new session, ms. Each
+  /// start-up sets it to 30 minutes.
   std::uint64_t visitDuration() const { return visitDuration_; }
   void setVisitDuration(std::uint64_t ms) { visitDuration_ = ms; }
-  /// What this object hears of the user agent through; null before `init`.
+  /// Returns the listener that receives the user agent; null before `init`.
   std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
   void setListenerDelegate(std::shared_ptr<JXEventListener> listener) {
     listenerDelegate_ = std::move(listener);
@@ -286,7 +288,7 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;
-  JXString countedUp(const JXString& count);
+  JXString nextCount(const JXString& count);
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
   bool isBackground_ = false;

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What the system and the application say about themselves, read once at the start.
+// Properties of the system and the application, read once at start-up.
 
 #include <cmath>
 #include <cstdint>
@@ -20,7 +20,7 @@
 namespace jx {
 namespace {
 
-// Fixed, because the receiver of the events tells the family of devices by them.
+// Fixed, because the server identifies the device family by them.
 constexpr std::string_view kJXManufacturerName = "Apple";
 constexpr std::string_view kRuntimeName = "tvos";
 
@@ -43,13 +43,13 @@ std::vector<std::string> splitAtHyphens(std::string_view tag) {
   }
 }
 
-std::string dottedText(const JXInterfaceAddress& address) {
-  std::string text;
+std::string dottedNotation(const JXInterfaceAddress& address) {
+  std::string dotted;
   for (const std::uint8_t byte : address.word) {
-    if (!text.empty()) text.push_back('.');
-    text.append(std::to_string(byte));
+    if (!dotted.empty()) dotted.push_back('.');
+    dotted.append(std::to_string(byte));
   }
-  return text;
+  return dotted;
 }
 
 }  // namespace
@@ -95,7 +95,7 @@ void JXPredefinedVariables::setLocalLanguage() {
       splitAtHyphens(languages.empty() ? std::string_view() : languages.front().view());
   if (parts.size() >= 2) {
     addData_withValue(kJXPredefinedVariable_Language, parts[0]);
-    // The second part whatever it is: of a tag with a script that is the script.
+    // In a tag with a script, the second part is the script.
     addData_withValue(kJXPredefinedVariable_Region, parts[1]);
     return;
   }
@@ -129,22 +129,22 @@ void JXPredefinedVariables::setIsJailBroken() {
 void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
   JXString version = platform().bundleInformation().shortVersion;
   if (!version.isPresent()) version = "";
-  const JXString firstVisit = persistedText(kJXPredefinedVariable_CurVersionFirstVisitMs);
+  const JXString firstVisit = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs);
   if (firstVisit.testString()) {
     addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, firstVisit);
   }
   if (version.testString()) {
-    const JXString lastSeen = persistedText(kJXPredefinedVariable_ApplicationVersion);
+    const JXString lastSeen = persistedString(kJXPredefinedVariable_ApplicationVersion);
     const bool isFirstKnown = !lastSeen.testString();
     const bool isUpdate = !isFirstKnown && lastSeen != version;
-    if (isUpdate) persistText(kJXPredefinedVariable_ApplicationPreviousVersion, lastSeen);
+    if (isUpdate) persistString(kJXPredefinedVariable_ApplicationPreviousVersion, lastSeen);
     if (isFirstKnown || isUpdate) {
       addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
-      persistText(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
+      persistString(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
     }
-    persistText(kJXPredefinedVariable_ApplicationVersion, version);
+    persistString(kJXPredefinedVariable_ApplicationVersion, version);
   }
-  const JXString previous = persistedText(kJXPredefinedVariable_ApplicationPreviousVersion);
+  const JXString previous = persistedString(kJXPredefinedVariable_ApplicationPreviousVersion);
   if (previous.testString()) {
     addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, previous);
   }
@@ -177,10 +177,10 @@ JXString JXPredefinedVariables::findDeviceIP() const {
   std::string cellular;
   for (const JXInterfaceAddress& address : platform().interfaceAddresses()) {
     if (address.family == JXInterfaceAddress::Family::Other) continue;
-    // For IPv6 the word is the flow information, which is normally zero: "0.0.0.0" then replaces an
-    // address found before, as it always has.
-    if (address.name.view() == "en0") wifi = dottedText(address);
-    if (address.name.view() == "pdp_ip0") cellular = dottedText(address);
+    // For IPv6 the word is the flow information, normally zero, so "0.0.0.0" replaces an address
+    // found before. Kept for compatibility.
+    if (address.name.view() == "en0") wifi = dottedNotation(address);
+    if (address.name.view() == "pdp_ip0") cellular = dottedNotation(address);
   }
   return wifi.empty() ? cellular : wifi;
 }

@@ -1,8 +1,9 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Time in the foreground and in the background, in this process and carried over launches. All
-// arithmetic is unsigned and wraps around, so that a clock that is set back has a defined outcome.
+// Time in the foreground and in the background, in this process and carried over from earlier ones.
+// All arithmetic is unsigned and wraps around, so that the result is defined if the clock is set
+// back.
 
 #include <cstdint>
 #include <exception>
@@ -19,10 +20,10 @@
 namespace jx {
 namespace {
 
-JXString text(std::uint64_t value) { return std::to_string(value); }
+JXString decimal(std::uint64_t value) { return std::to_string(value); }
 
-// Runs a start-up computation over stored texts. What fails in it is logged and the rest of it is
-// skipped; what it has set stays, and the start-up goes on.
+// Runs a start-up computation on stored strings. An exception is logged and the rest of the
+// computation is skipped; values already set are kept, and the start-up continues.
 template <typename Computation>
 void guarded(const Computation& computation) {
   try {
@@ -39,12 +40,12 @@ void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
   isBackground_ = true;
   const std::uint64_t now = unsignedNowMs();
   const std::uint64_t sinceLastTime = now - lastTime_;
-  persistText(kJXTimeSinceLastMeasurement, text(sinceLastTime));
-  persistText(kJXExitTimestamp, text(now));
-  persistText(kJXLastForegroundTime, text(totalForegroundTime_));
-  persistText(kJXLastBackgroundTime, text(totalBackgroundTime_));
-  // A second notification in a row counts the time since the first as foreground time again: the
-  // system says that the application has just left the foreground.
+  persistString(kJXTimeSinceLastMeasurement, decimal(sinceLastTime));
+  persistString(kJXExitTimestamp, decimal(now));
+  persistString(kJXLastForegroundTime, decimal(totalForegroundTime_));
+  persistString(kJXLastBackgroundTime, decimal(totalBackgroundTime_));
+  // After a second notification in a row, the time since the first one counts as foreground time:
+  // according to the system, the application has only now left the foreground.
   totalForegroundTime_ += sinceLastTime;
   deltaForeground_ += sinceLastTime;
   lastTime_ = now;
@@ -61,13 +62,13 @@ void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
   deltaBackground_ = now - lastTime_;
   totalBackgroundTime_ += deltaBackground_;
   lastTime_ = now;
-  if (deltaBackground_ > visitDuration_) updateVariablesForNewSession(text(now));
+  if (deltaBackground_ > visitDuration_) updateVariablesForNewSession(decimal(now));
 }
 
 void JXPredefinedVariables::computeTimeChangingVariables() {
-  const JXUserDefaults::Changes together;
+  const JXUserDefaults::Changes batch;
   const std::uint64_t now = unsignedNowMs();
-  const JXString timeMs = text(now);
+  const JXString timeMs = decimal(now);
   setSessionDuration(timeMs);
   initNavTimestampCalls(timeMs);
 
@@ -80,37 +81,37 @@ void JXPredefinedVariables::computeTimeChangingVariables() {
     totalForegroundTime_ += sinceLastTime;
   }
   lastTime_ = now;
-  addData_withValue(kJXPredefinedVariable_ForegroundTime, text(totalForegroundTime_));
-  addData_withValue(kJXPredefinedVariable_DeltaForegroundTime, text(deltaForeground_));
-  addData_withValue(kJXPredefinedVariable_BackgroundTime, text(totalBackgroundTime_));
-  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, text(deltaBackground_));
-  persistText(kJXUsageDuration, text(deltaForeground_ + deltaBackground_ + startUsage_));
+  addData_withValue(kJXPredefinedVariable_ForegroundTime, decimal(totalForegroundTime_));
+  addData_withValue(kJXPredefinedVariable_DeltaForegroundTime, decimal(deltaForeground_));
+  addData_withValue(kJXPredefinedVariable_BackgroundTime, decimal(totalBackgroundTime_));
+  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, decimal(deltaBackground_));
+  persistString(kJXUsageDuration, decimal(deltaForeground_ + deltaBackground_ + startUsage_));
   deltaBackground_ = 0;
   deltaForeground_ = 0;
 }
 
 void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
   guarded([&] {
-    const JXString sessionStart = persistedText(kJXSessionStartTimestamp);
+    const JXString sessionStart = persistedString(kJXSessionStartTimestamp);
     addData_withValue(kJXPredefinedVariable_SessionID,
                       JXCoreServices::sharedInstance().platform().newUUID());
     addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
     if (sessionStart.isPresent()) {
-      // Counted from the stored start itself, not from the last activity.
+      // Measured from the stored start, not from the last activity.
       const std::uint64_t sinceStart =
           JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(sessionStart);
       const bool renewed = sinceStart > visitDuration_;
       if (renewed) {
-        persistText(kJXSessionStartTimestamp, timeMs);
-        persistText(kJXLastSessionStartTimestamp, sessionStart);
+        persistString(kJXSessionStartTimestamp, timeMs);
+        persistString(kJXLastSessionStartTimestamp, sessionStart);
         addData_withValue(kJXPredefinedVariable_LastSessionStartMs, sessionStart);
       }
       computeDeltaSinceLastLaunch(timeMs);
       computeStartUsageTime(renewed);
     } else {
-      persistText(kJXSessionStartTimestamp, timeMs);
-      persistText(kJXLastSessionStartTimestamp, "0");
-      persistText(kJXUsageDuration, "0");
+      persistString(kJXSessionStartTimestamp, timeMs);
+      persistString(kJXLastSessionStartTimestamp, "0");
+      persistString(kJXUsageDuration, "0");
       addData_withValue(kJXPredefinedVariable_LastSessionStartMs, "0");
       addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, "0");
       addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
@@ -119,16 +120,16 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
       computeStartUsageTime(true);
     }
     addData_withValue(kJXPredefinedVariable_LastSessionStartMs,
-                      persistedText(kJXLastSessionStartTimestamp));
+                      persistedString(kJXLastSessionStartTimestamp));
   });
 }
 
 void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) {
   guarded([&] {
-    const JXString exit = persistedText(kJXExitTimestamp);
-    const JXString background = persistedText(kJXLastBackgroundTime);
-    const JXString unmeasured = persistedText(kJXTimeSinceLastMeasurement);
-    const JXString foreground = persistedText(kJXLastForegroundTime);
+    const JXString exit = persistedString(kJXExitTimestamp);
+    const JXString background = persistedString(kJXLastBackgroundTime);
+    const JXString unmeasured = persistedString(kJXTimeSinceLastMeasurement);
+    const JXString foreground = persistedString(kJXLastForegroundTime);
     addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, "0");
     addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime, "0");
     addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
@@ -141,26 +142,26 @@ void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) 
         JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(exit);
     const std::uint64_t unmeasuredMs = JXUtils::unsignedFromDigits(unmeasured);
     addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime,
-                      text(JXUtils::unsignedFromDigits(background) + sinceExit));
-    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, text(sinceExit));
+                      decimal(JXUtils::unsignedFromDigits(background) + sinceExit));
+    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, decimal(sinceExit));
     addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, unmeasured);
     addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
-                      text(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
+                      decimal(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
   });
 }
 
 void JXPredefinedVariables::computeStartUsageTime(bool renewed) {
   guarded([&] {
-    const JXString usage = persistedText(kJXUsageDuration);
+    const JXString usage = persistedString(kJXUsageDuration);
     if (usage.isPresent()) startUsage_ = JXUtils::unsignedFromDigits(usage);
     const std::uint64_t unmeasured = JXUtils::unsignedFromDigits(
         getData(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement));
     const std::uint64_t sinceExit =
         JXUtils::unsignedFromDigits(getData(kJXPredefinedVariable_TimeSinceLastExit));
     const std::uint64_t userSession = sinceExit + (renewed ? 0 : unmeasured);
-    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, text(userSession));
+    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, decimal(userSession));
     startUsage_ += userSession;
-    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, text(startUsage_));
+    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, decimal(startUsage_));
   });
 }
 

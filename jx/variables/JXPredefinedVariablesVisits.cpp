@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Visits, sessions and calls. A visit is one run of the process; a session starts with each visit
-// and again after a long stay in the background.
+// Visits, sessions and calls. A visit is one run of the process. A session starts with each visit,
+// and again on return from a long time in the background.
 
 #include <cstdint>
 #include <string>
@@ -21,8 +21,8 @@
 namespace jx {
 namespace {
 
-// A 32-bit count: one more than the stored text says, wrapping as a 32-bit number does.
-std::string oneMoreThan(const JXString& count) {
+// Returns the stored count plus one, wrapping around as a 32-bit integer.
+std::string incremented(const JXString& count) {
   const auto number = static_cast<std::uint32_t>(JXUtils::numberFromNSString(count));
   return std::to_string(static_cast<std::int32_t>(number + 1));
 }
@@ -30,12 +30,12 @@ std::string oneMoreThan(const JXString& count) {
 }  // namespace
 
 void JXPredefinedVariables::initIsFirstVisit() {
-  const bool hasBeenHere = persistedText(kJXPredefinedVariable_CurVersionFirstVisitMs).testString();
-  addData_withValue(kJXPredefinedVariable_IsFirstVisit, hasBeenHere ? "FALSE" : "TRUE");
+  const bool isKnown = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs).testString();
+  addData_withValue(kJXPredefinedVariable_IsFirstVisit, isKnown ? "FALSE" : "TRUE");
 }
 
 void JXPredefinedVariables::initLastCallLastVisit() {
-  const JXString lastCall = persistedText(kJXPredefinedVariable_LastCallMs);
+  const JXString lastCall = persistedString(kJXPredefinedVariable_LastCallMs);
   if (lastCall.testString()) {
     addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, lastCall);
   }
@@ -45,10 +45,10 @@ void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& time
   addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
   JXPlatformDefaults* const defaults = JXUserDefaults::standardUserDefaults();
   if (defaults == nullptr) return;
-  const JXString fresh = JXCoreServices::sharedInstance().platform().newUUID();
+  const JXString newId = JXCoreServices::sharedInstance().platform().newUUID();
   JXString uniqueId = defaults->objectForKey(kJXUserDefaultsKey_UniqueID);
   if (!uniqueId.isPresent()) {
-    uniqueId = fresh;
+    uniqueId = newId;
     defaults->setObject_forKey(uniqueId, kJXUserDefaultsKey_UniqueID);
   }
   addData_withValue(kJXPredefinedVariable_UniqueID, uniqueId);
@@ -56,21 +56,21 @@ void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& time
 }
 
 void JXPredefinedVariables::initColdStartNumber() {
-  const JXString starts = persistedText(kJXPredefinedVariable_ColdStarts);
-  const JXString counted = starts.testString() ? JXString(oneMoreThan(starts)) : JXString("1");
+  const JXString starts = persistedString(kJXPredefinedVariable_ColdStarts);
+  const JXString counted = starts.testString() ? JXString(incremented(starts)) : JXString("1");
   addData_withValue(kJXPredefinedVariable_ColdStarts, counted);
-  persistText(kJXPredefinedVariable_ColdStarts, counted);
+  persistString(kJXPredefinedVariable_ColdStarts, counted);
 }
 
 void JXPredefinedVariables::setTimestamps(const JXString& timeMs) {
-  const JXString firstVisit = persistedText(kJXDateFirstVisitFormat);
+  const JXString firstVisit = persistedString(kJXDateFirstVisitFormat);
   if (!firstVisit.isPresent()) {
     setFirstVisitUserDefaults(timeMs);
     return;
   }
   addData_withValue(kJXPredefinedVariable_FirstVisitMs, firstVisit);
-  // Two absent pids are not the same process.
-  const bool isSameProcess = pid_.isPresent() && persistedText(kJXLastPID) == pid_;
+  // Two null process IDs do not identify the same process.
+  const bool isSameProcess = pid_.isPresent() && persistedString(kJXLastPID) == pid_;
   if (isSameProcess) {
     updateVisitUserDefaults(timeMs);
   } else {
@@ -85,51 +85,51 @@ void JXPredefinedVariables::setFirstVisitUserDefaults(const JXString& timeMs) {
   addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
   addData_withValue(kJXPredefinedVariable_NumberVisits, "1");
   addData_withValue(kJXPredefinedVariable_NumberSessions, "1");
-  // Seconds, although the variables that read them later are named after milliseconds: what
-  // installations in the field hold, and what receivers of their events know how to read.
-  persistText(kJXDateFirstVisitFormat, nowString());
-  persistText(kJXDateLastVisitFormat, nowString());
-  persistText(kJXDateCurrentVisitFormat, nowString());
-  persistText(kJXNumberSessions, "1");
-  persistText(kJXNumberColdStarts, "1");
-  persistText(kJXLastPID, pid_);
+  // Seconds, although the variables that read them are named after milliseconds: existing
+  // installations store seconds, and servers expect them.
+  persistString(kJXDateFirstVisitFormat, nowString());
+  persistString(kJXDateLastVisitFormat, nowString());
+  persistString(kJXDateCurrentVisitFormat, nowString());
+  persistString(kJXNumberSessions, "1");
+  persistString(kJXNumberColdStarts, "1");
+  persistString(kJXLastPID, pid_);
 }
 
 void JXPredefinedVariables::newVisitUserDefaults_currentTime(const JXString& firstVisit,
                                                              const JXString& timeMs) {
-  const JXString lastVisit = persistedText(kJXDateLastVisitFormat);
-  JXString currentVisit = persistedText(kJXDateCurrentVisitFormat);
-  persistText(kJXLastPID, pid_);
+  const JXString lastVisit = persistedString(kJXDateLastVisitFormat);
+  JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
+  persistString(kJXLastPID, pid_);
   if (!currentVisit.isPresent()) currentVisit = firstVisit;
   if (!lastVisit.isPresent()) addData_withValue(kJXPredefinedVariable_LastVisitMs, firstVisit);
 
   addData_withValue(kJXPredefinedVariable_LastVisitMs, currentVisit);
-  persistText(kJXDateLastVisitFormat, currentVisit);
+  persistString(kJXDateLastVisitFormat, currentVisit);
 
   addData_withValue(kJXPredefinedVariable_CurrentVisitMs, timeMs);
   addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
-  persistText(kJXDateCurrentVisitFormat, timeMs);
+  persistString(kJXDateCurrentVisitFormat, timeMs);
 
-  const JXString visits = countedUp(persistedText(kJXNumberColdStarts));
+  const JXString visits = nextCount(persistedString(kJXNumberColdStarts));
   addData_withValue(kJXPredefinedVariable_NumberVisits, visits);
-  persistText(kJXNumberColdStarts, visits);
+  persistString(kJXNumberColdStarts, visits);
 
-  const JXString sessions = countedUp(persistedText(kJXNumberSessions));
+  const JXString sessions = nextCount(persistedString(kJXNumberSessions));
   addData_withValue(kJXPredefinedVariable_NumberSessions, sessions);
-  persistText(kJXNumberSessions, sessions);
+  persistString(kJXNumberSessions, sessions);
 }
 
-JXString JXPredefinedVariables::countedUp(const JXString& count) {
-  // An empty text restarts the count; a missing one counts as 0 and comes out the same.
+JXString JXPredefinedVariables::nextCount(const JXString& count) {
+  // An empty string restarts the count; a null one counts as 0, with the same result.
   if (count.isPresent() && count.size() == 0) return "1";
-  return oneMoreThan(count);
+  return incremented(count);
 }
 
 void JXPredefinedVariables::updateVisitUserDefaults(const JXString&) {
-  const JXString lastVisit = persistedText(kJXDateLastVisitFormat);
-  const JXString currentVisit = persistedText(kJXDateCurrentVisitFormat);
-  const JXString visits = persistedText(kJXNumberColdStarts);
-  const JXString sessions = persistedText(kJXNumberSessions);
+  const JXString lastVisit = persistedString(kJXDateLastVisitFormat);
+  const JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
+  const JXString visits = persistedString(kJXNumberColdStarts);
+  const JXString sessions = persistedString(kJXNumberSessions);
   if (lastVisit.isPresent()) addData_withValue(kJXPredefinedVariable_LastVisitMs, lastVisit);
   if (currentVisit.isPresent()) {
     addData_withValue(kJXPredefinedVariable_CurrentVisitMs, currentVisit);
@@ -142,13 +142,13 @@ void JXPredefinedVariables::updateVisitUserDefaults(const JXString&) {
 void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs) {
   addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs,
                     getData(kJXPredefinedVariable_CurrentCallMs));
-  const JXString sessions = oneMoreThan(persistedText(kJXNumberSessions));
+  const JXString sessions = incremented(persistedString(kJXNumberSessions));
   addData_withValue(kJXPredefinedVariable_NumberSessions, sessions);
-  persistText(kJXNumberSessions, sessions);
+  persistString(kJXNumberSessions, sessions);
   addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
-  // Under the visit's key on purpose: the next launch reports this session's start as the last
-  // visit. The visit's own variable stays.
-  persistText(kJXDateCurrentVisitFormat, timeMs);
+  // The visit's key is intended: the next process reports the start of this session as the last
+  // visit. The variable of the visit does not change.
+  persistString(kJXDateCurrentVisitFormat, timeMs);
   addData_withValue(kJXPredefinedVariable_SessionID,
                     JXCoreServices::sharedInstance().platform().newUUID());
   addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
@@ -163,12 +163,12 @@ void JXPredefinedVariables::initNavTimestampCalls(const JXString& timeMs) {
     addData_withValue(kJXPredefinedVariable_LastCallMs,
                       getData(kJXPredefinedVariable_CurrentCallMs));
   } else {
-    const JXString ofEarlierProcess = persistedText(kJXPredefinedVariable_LastCallMs);
+    const JXString earlierProcessCall = persistedString(kJXPredefinedVariable_LastCallMs);
     addData_withValue(kJXPredefinedVariable_LastCallMs,
-                      ofEarlierProcess.isPresent() ? ofEarlierProcess : timeMs);
+                      earlierProcessCall.isPresent() ? earlierProcessCall : timeMs);
   }
   addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
-  persistText(kJXPredefinedVariable_LastCallMs, timeMs);
+  persistString(kJXPredefinedVariable_LastCallMs, timeMs);
 }
 
 void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {

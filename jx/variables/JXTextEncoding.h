@@ -7,8 +7,8 @@
 
 namespace jx {
 
-/// Name of the text encoding with this number in the system's list; "UTF-8" for every number that
-/// has no name here.
+/// Returns the name of the text encoding with this number in the system's list; "UTF-8" for unknown
+/// numbers.
 std::string_view nameOfTextEncoding(std::uint32_t number);
 
 }  // namespace jx

@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""What the checks know about the source tree: its files, their includes, stamps of past results."""
+"""Functions shared by the checks: list the files of the source tree, read includes, cache results."""
 
 import argparse
 import fnmatch
@@ -23,7 +23,7 @@ _INCLUDE = re.compile(r'^[ \t]*#[ \t]*(?:include|import)[ \t]*(<[^>\n]+>|"[^"\n]
 
 
 def root_from_arguments(description):
-    """The tree that a check looks at: this project's, or another one for the check's own tests."""
+    """Returns the root of the tree to check: this project, or another one in the check's tests."""
     parser = argparse.ArgumentParser(description=description)
     here = os.path.dirname(os.path.abspath(__file__))
     parser.add_argument("--root", default=os.path.join(here, "..", ".."), help=argparse.SUPPRESS)
@@ -31,8 +31,8 @@ def root_from_arguments(description):
 
 
 def files(root, *patterns):
-    """Paths from `root` whose names match a pattern: all that git would track, or, where there is
-    no git checkout, all but the build folder."""
+    """Returns the paths, relative to `root`, of the files whose names match a pattern. Includes the
+    files that git would track or, without a git checkout, all files outside the build folder."""
     found = _tracked(root) if os.path.exists(os.path.join(root, ".git")) else _walk(root)
     return sorted(path for path in set(found)
                   if any(fnmatch.fnmatch(os.path.basename(path), pattern) for pattern in patterns)
@@ -40,7 +40,7 @@ def files(root, *patterns):
 
 
 def _tracked(root):
-    # A checkout may belong to another user than the one who looks it over.
+    # The checkout may belong to another user.
     listing = subprocess.run(
         ["git", "-c", "safe.directory=*", "-C", root, "ls-files", "-z", "--cached", "--others",
          "--exclude-standard"], stdout=subprocess.PIPE, check=True)
@@ -61,8 +61,8 @@ def read(root, path):
 
 
 def without_comments(text, keep_strings=False):
-    """`text` with comments, and strings unless they are kept, turned into blanks; every remaining
-    character keeps its line."""
+    """Returns `text` with comments replaced by blanks, and strings too unless they are kept. Every
+    remaining character keeps its line."""
     def blank(match):
         token = match.group(0)
         if keep_strings and not token.startswith("/"):
@@ -76,13 +76,13 @@ def line_of(text, position):
 
 
 def includes(text):
-    """(line, spelling with its brackets or quotes) of each include, those in comments left out."""
+    """Returns (line, target with its brackets or quotes) of each include outside comments."""
     code = without_comments(text, keep_strings=True)
     return [(line_of(code, match.start(1)), match.group(1)) for match in _INCLUDE.finditer(code)]
 
 
 def with_own_includes(root, path):
-    """`path` and the files of this tree that it includes, directly or not, sorted."""
+    """Returns `path` and the files of this tree that it includes, directly or not, sorted."""
     seen = {path}
     pending = [path]
     while pending:
@@ -95,7 +95,7 @@ def with_own_includes(root, path):
 
 
 def public_headers(root):
-    """The headers under jx/ that an installation gets."""
+    """Returns the headers under jx/ that are installed."""
     internal = internal_headers(root)
     return [path for path in files(root, "*.h") if path.startswith("jx/")
             and not is_internal(path, internal)]
@@ -114,8 +114,8 @@ def is_internal(path, internal):
 
 
 class Stamps:
-    """Remembers in a folder which inputs were found faultless, so that they are not looked at
-    again. A stamp is the hash of everything that the result depends on."""
+    """A folder with a stamp for each input that passed, so that it is not checked again. A stamp is
+    the hash of everything that the result depends on."""
 
     MAX_STAMPS = 5000
 
@@ -145,13 +145,13 @@ class Stamps:
 
 
 def finish(findings):
-    """Prints the findings; ends the check with 1 when there are any."""
+    """Prints the findings and exits, with status 1 if there are any."""
     for finding in findings:
         print(finding)
     sys.exit(1 if findings else 0)
 
 
 if __name__ == "__main__":
-    # For the checks that are shell scripts: sourcetree.py PATTERN... prints the matching files.
+    # For the checks written in shell: sourcetree.py PATTERN... prints the matching files.
     HERE = os.path.dirname(os.path.abspath(__file__))
     print("\n".join(files(os.path.dirname(os.path.dirname(HERE)), *sys.argv[1:])))

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Every class and every field can be reached from C, and gives the body that C++ gives.
+// Tests that every class and field is available in C and yields the same body as in C++.
 
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ std::string filledJson() {
   return jsonText(block->getJsonObject());
 }
 
-// JSON by class name: every field set, in C++.
+// Returns JSON by class name, with every field set in C++.
 std::map<std::string, std::string> filledInCpp() {
   std::map<std::string, std::string> bodies;
   for (const JXEventClass* type : allEventClasses()) {
@@ -63,26 +63,26 @@ std::map<std::string, std::string> filledInCpp() {
 
 using Bodies = std::map<std::string, std::string>;
 
-void keepBody(void* context, const char* className, jx_object* object) {
+void storeBody(void* context, const char* className, jx_object* object) {
   EXPECT_STREQ(jx_object_class(object), className);
   (*static_cast<Bodies*>(context))[className] = objectJson(object);
 }
 
-// Sets a field by the operation that the catalogue names for its kind.
+// Sets a field with the function for its kind.
 jx_status setByName(jx_object* object, const jx_field& field, const jx_object* item,
                     const jx_object* product) {
-  const char* const texts[] = {"one", nullptr, "three"};
-  const std::string text = "a " + std::string(field.property);
+  const char* const strings[] = {"one", nullptr, "three"};
+  const std::string string = "a " + std::string(field.property);
   switch (field.kind) {
     case JX_KIND_STRING:
-      return jx_object_set_string(object, field.property, text.c_str());
+      return jx_object_set_string(object, field.property, string.c_str());
     case JX_KIND_NUMBER:
       return jx_object_set_number(object, field.property, "12.50");
     case JX_KIND_BOOLEAN:
       return jx_object_set_boolean(object, field.property, true);
     case JX_KIND_STRINGS:
     case JX_KIND_NUMBERED_STRINGS:
-      return jx_object_set_strings(object, field.property, texts, 3);
+      return jx_object_set_strings(object, field.property, strings, 3);
     case JX_KIND_ENUM:
       return jx_object_set_enum(object, field.property,
                                 static_cast<std::uint32_t>(field.member_count - 1));
@@ -99,10 +99,10 @@ jx_status setByName(jx_object* object, const jx_field& field, const jx_object* i
                             sampleJson({{}, {}, JXFieldKind::Values, {}}).c_str());
 }
 
-TEST(CCatalogue, EveryFieldOfEveryClassIsSetByItsOwnOperationAndGivesTheBodyOfCpp) {
+TEST(CCatalogue, SetsEveryFieldByItsFunctionLikeCpp) {
   eventPlatform();
   Bodies inC;
-  EXPECT_EQ(every_setter(&keepBody, &inC), 0);
+  EXPECT_EQ(every_setter(&storeBody, &inC), 0);
   const Bodies inCpp = filledInCpp();
   EXPECT_EQ(inC.size(), 28u);
   EXPECT_EQ(inCpp.size(), 28u);
@@ -110,7 +110,7 @@ TEST(CCatalogue, EveryFieldOfEveryClassIsSetByItsOwnOperationAndGivesTheBodyOfCp
     EXPECT_EQ(inC[name], body);
 }
 
-TEST(CCatalogue, EveryFieldOfEveryClassIsSetByItsNameAndGivesTheBodyOfCpp) {
+TEST(CCatalogue, SetsEveryFieldByNameLikeCpp) {
   eventPlatform();
   const Bodies inCpp = filledInCpp();
   const Object product = makeProduct("p1", "3.390");
@@ -156,7 +156,7 @@ TEST(CCatalogue, ListsEveryClassWithItsBaseNamesModesAndFields) {
   EXPECT_EQ(jx_class_at(index + 2), nullptr);
 }
 
-TEST(CCatalogue, TellsAFieldByPropertyKeyKindAndMembers) {
+TEST(CCatalogue, DescribesAFieldByPropertyKeyKindAndEnumerators) {
   const jx_class* const ad = jx_class_named("JXVideoAdEvent");
   ASSERT_NE(ad, nullptr);
   ASSERT_EQ(ad->field_count, 7u);
@@ -172,7 +172,7 @@ TEST(CCatalogue, TellsAFieldByPropertyKeyKindAndMembers) {
   EXPECT_FALSE(shopping->fields[0].is_written);
 }
 
-TEST(CCatalogue, AnUnknownOrNullNameIsNoClass) {
+TEST(CCatalogue, ReturnsNullForUnknownAndNullNames) {
   EXPECT_EQ(jx_class_named("JXNothing"), nullptr);
   EXPECT_EQ(jx_class_named(""), nullptr);
   EXPECT_EQ(jx_class_named(nullptr), nullptr);

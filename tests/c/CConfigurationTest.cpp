@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The configuration, the counters and the callbacks of the core from C.
+// Tests configuration, counters and callbacks of the C API.
 
 #include <gmock/gmock.h>
 
@@ -24,25 +24,25 @@ namespace {
 
 using std::chrono::milliseconds;
 
-jx_configuration standard() {
+jx_configuration defaultConfiguration() {
   jx_configuration configuration;
   EXPECT_EQ(jx_configuration_init(&configuration, sizeof configuration), JX_OK);
   return configuration;
 }
 
-// What every run of the library in these tests has.
-jx_configuration harmless() {
+// Returns a configuration without network and storage, with the fake platform.
+jx_configuration isolated() {
   JXCoreConfiguration fake;
   fake.platform = std::make_shared<JXFakePlatform>();
   EXPECT_TRUE(JXCoreConfiguration::set(fake));
-  jx_configuration configuration = standard();
+  jx_configuration configuration = defaultConfiguration();
   configuration.dry_run = true;
   configuration.log_level = 0;
   return configuration;
 }
 
-TEST(CConfiguration, BeginsWithTheDefaultsOfCpp) {
-  const jx_configuration c = standard();
+TEST(CConfiguration, HasTheDefaultsOfCpp) {
+  const jx_configuration c = defaultConfiguration();
   EXPECT_EQ(c.struct_size, sizeof c);
   EXPECT_EQ(c.storage_folder, nullptr);
   EXPECT_EQ(c.proxy, nullptr);
@@ -65,10 +65,10 @@ TEST(CConfiguration, BeginsWithTheDefaultsOfCpp) {
 
 std::int64_t noon(void* context) { return *static_cast<std::int64_t*>(context); }
 
-TEST(CConfiguration, EveryFieldReachesTheCore) {
+TEST(CConfiguration, AppliesEveryField) {
   std::int64_t time = 1'700'000'000'000;
   const char* const keys[] = {"first", nullptr};
-  jx_configuration c = harmless();
+  jx_configuration c = isolated();
   c.storage_folder = "folder";
   c.collection_host = "collect.example.com";
   c.ca_file = "ca.pem";
@@ -129,11 +129,11 @@ TEST(CConfiguration, EveryFieldReachesTheCore) {
   EXPECT_EQ(now.screen.height, 720);
   EXPECT_EQ(now.userAgent, JXString("Agent/1"));
   EXPECT_EQ(now.clock->nowMs(), 1'700'000'000'000);
-  EXPECT_NE(now.platform, nullptr);  // what C cannot say stays
+  EXPECT_NE(now.platform, nullptr);  // not configurable in C, unchanged
 }
 
-TEST(CConfiguration, IsRefusedOnceTheLibraryHasStarted) {
-  jx_configuration c = harmless();
+TEST(CConfiguration, RejectsConfigurationAfterTheStart) {
+  jx_configuration c = isolated();
   ASSERT_EQ(jx_configure(&c), JX_OK);
   jx_server_side* serverSide = nullptr;
   ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, &serverSide), JX_OK);
@@ -141,14 +141,14 @@ TEST(CConfiguration, IsRefusedOnceTheLibraryHasStarted) {
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
 }
 
-TEST(CConfiguration, AStructOfAnotherVersionIsTakenWhenItIsOlderOnly) {
-  jx_configuration c = harmless();
+TEST(CConfiguration, AcceptsStructsOfOlderVersionsOnly) {
+  jx_configuration c = isolated();
   EXPECT_EQ(jx_configuration_init(&c, sizeof c + 1), JX_ERROR_STRUCT_SIZE);
   EXPECT_EQ(jx_configuration_init(&c, sizeof(size_t)), JX_ERROR_STRUCT_SIZE);
   std::memset(&c, 0x55, sizeof c);
   const size_t older = offsetof(jx_configuration, log_level);
   ASSERT_EQ(jx_configuration_init(&c, older), JX_OK);
-  EXPECT_EQ(c.log_level, 0x55555555);  // beyond what the program says it has
+  EXPECT_EQ(c.log_level, 0x55555555);  // outside the size that the program passed
   EXPECT_EQ(jx_configure(&c), JX_OK);
   EXPECT_EQ(JXCoreConfiguration::current().logLevel, 3);
   c.struct_size = sizeof c + 1;
@@ -157,32 +157,31 @@ TEST(CConfiguration, AStructOfAnotherVersionIsTakenWhenItIsOlderOnly) {
   EXPECT_EQ(jx_counters_get(&counters, sizeof counters + 1), JX_ERROR_STRUCT_SIZE);
 }
 
-TEST(CConfiguration, KeysThatAreCountedMustBeThere) {
-  jx_configuration c = harmless();
+TEST(CConfiguration, RejectsAKeyCountWithoutKeys) {
+  jx_configuration c = isolated();
   c.pinned_public_key_count = 1;
   EXPECT_EQ(jx_configure(&c), JX_ERROR_NULL_ARGUMENT);
 }
 
-void keepLine(void* context, int32_t level, const char* message) {
+void storeMessage(void* context, int32_t level, const char* message) {
   static_cast<std::vector<std::string>*>(context)->push_back(std::to_string(level) + " " + message);
 }
 
-TEST(CConfiguration, LogLinesGoToTheSinkUpToTheLevel) {
+TEST(CConfiguration, LogsToTheSinkUpToTheLevel) {
   std::vector<std::string> lines;
-  jx_configuration c = harmless();
-  c.log_sink = &keepLine;
+  jx_configuration c = isolated();
+  c.log_sink = &storeMessage;
   c.log_sink_context = &lines;
   c.log_level = 3;
   ASSERT_EQ(jx_configure(&c), JX_OK);
   EXPECT_EQ(jx_object_free(reinterpret_cast<jx_object*>(&c)), JX_ERROR_DEAD_HANDLE);
   jx_set_log_level(2);
   EXPECT_EQ(jx_object_free(reinterpret_cast<jx_object*>(&c)), JX_ERROR_DEAD_HANDLE);
-  EXPECT_EQ(lines,
-            (std::vector<std::string>{"3 jx_object_free: the handle was freed or never was one"}));
+  EXPECT_EQ(lines, (std::vector<std::string>{"3 jx_object_free: handle was freed or is invalid"}));
   jx_set_log_level(0);
 }
 
-struct Told {
+struct Outcome {
   int calls = 0;
   int outcome = -1;
   int reason = -1;
@@ -190,25 +189,25 @@ struct Told {
   std::promise<void> done;
 };
 
-void keepDelivery(void* context, const jx_delivery* delivery) {
-  Told& told = *static_cast<Told*>(context);
-  told.outcome = delivery->outcome;
-  told.reason = delivery->drop_reason;
-  told.eventId = delivery->event_id != nullptr ? delivery->event_id : "(none)";
+void storeDelivery(void* context, const jx_delivery* delivery) {
+  Outcome& outcome = *static_cast<Outcome*>(context);
+  outcome.outcome = delivery->outcome;
+  outcome.reason = delivery->drop_reason;
+  outcome.eventId = delivery->event_id != nullptr ? delivery->event_id : "(none)";
   EXPECT_EQ(delivery->status, 0);
-  if (++told.calls == 1) told.done.set_value();
+  if (++outcome.calls == 1) outcome.done.set_value();
 }
 
-TEST(CConfiguration, WhatBecameOfARequestIsToldAndCounted) {
-  // Both outlive the transfer thread, which the end of the process stops.
+TEST(CConfiguration, ReportsAndCountsThePurgeOfARequest) {
+  // Both must outlive the transfer thread, which runs until the process ends.
   static const TemporaryFolder folder;
-  static Told told;
-  jx_configuration c = harmless();
+  static Outcome outcome;
+  jx_configuration c = isolated();
   c.dry_run = false;
   c.storage_folder = folder.path().c_str();
   c.sync_delay_ms = 1;
-  c.on_delivery = &keepDelivery;
-  c.on_delivery_context = &told;
+  c.on_delivery = &storeDelivery;
+  c.on_delivery_context = &outcome;
   ASSERT_EQ(jx_configure(&c), JX_OK);
   jx_server_side* serverSide = nullptr;
   ASSERT_EQ(jx_server_side_create(1, "key", 2, nullptr, &serverSide),  // disabled by default
@@ -228,10 +227,11 @@ TEST(CConfiguration, WhatBecameOfARequestIsToldAndCounted) {
   ASSERT_EQ(jx_counters_get(&counters, sizeof counters), JX_OK);
   EXPECT_EQ(counters.purged, 1u);
   EXPECT_EQ(counters.queued, 0u);
-  ASSERT_EQ(told.done.get_future().wait_for(std::chrono::seconds(60)), std::future_status::ready);
-  EXPECT_EQ(told.outcome, JX_OUTCOME_DROPPED);
-  EXPECT_EQ(told.reason, JX_DROP_PURGED);
-  EXPECT_EQ(told.eventId, "00000000-0000-4000-8000-000000000001");
+  ASSERT_EQ(outcome.done.get_future().wait_for(std::chrono::seconds(60)),
+            std::future_status::ready);
+  EXPECT_EQ(outcome.outcome, JX_OUTCOME_DROPPED);
+  EXPECT_EQ(outcome.reason, JX_DROP_PURGED);
+  EXPECT_EQ(outcome.eventId, "00000000-0000-4000-8000-000000000001");
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
 }
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Handles: what is dead, null or of another type is told and never followed.
+// Tests that freed, null and mismatched handles are reported and never dereferenced.
 
 #include "jx/c/internal/JXHandles.h"
 
@@ -26,7 +26,7 @@ jx_status statusOf(const JXHandles& handles, const void* handle,
   return handles.find(handle, kind, found);
 }
 
-TEST(CHandles, AFreedHandleIsDeadWhateverIsMadeLater) {
+TEST(CHandles, RejectsFreedHandlesAfterNewOnesAreCreated) {
   eventPlatform();
   jx_object* first = nullptr;
   ASSERT_EQ(jx_item_create(&first), JX_OK);
@@ -38,10 +38,10 @@ TEST(CHandles, AFreedHandleIsDeadWhateverIsMadeLater) {
   EXPECT_EQ(jx_object_set_string(first, "ID", "1"), JX_ERROR_DEAD_HANDLE);
   EXPECT_EQ(jx_object_verify(first), JX_ERROR_DEAD_HANDLE);
   EXPECT_EQ(jx_object_class(first), nullptr);
-  EXPECT_STREQ(jx_error_detail(), "the handle was freed or never was one");
+  EXPECT_STREQ(jx_error_detail(), "handle was freed or is invalid");
 }
 
-TEST(CHandles, EveryTypeOfHandleIsFreedOnce) {
+TEST(CHandles, FreesEveryTypeOfHandleOnce) {
   eventPlatform();
   jx_observer* observer = nullptr;
   ASSERT_EQ(jx_observer_create("name", &ignore, nullptr, &observer), JX_OK);
@@ -54,7 +54,7 @@ TEST(CHandles, EveryTypeOfHandleIsFreedOnce) {
   EXPECT_EQ(jx_enable(serverSide), JX_ERROR_DEAD_HANDLE);
 }
 
-TEST(CHandles, AHandleOfAnotherTypeIsRefusedAndStaysAlive) {
+TEST(CHandles, RejectsHandlesOfAnotherType) {
   eventPlatform();
   const Object item = makeItem("1", 1, nullptr);
   auto* const asServerSide = reinterpret_cast<jx_server_side*>(item.get());
@@ -64,7 +64,7 @@ TEST(CHandles, AHandleOfAnotherTypeIsRefusedAndStaysAlive) {
   EXPECT_STREQ(jx_object_class(item.get()), "JXItem");
 }
 
-TEST(CHandles, AnyOtherPointerIsNoHandle) {
+TEST(CHandles, RejectsOtherPointers) {
   int something = 0;
   EXPECT_EQ(jx_object_free(reinterpret_cast<jx_object*>(&something)), JX_ERROR_DEAD_HANDLE);
   for (const std::uintptr_t bits :
@@ -73,13 +73,13 @@ TEST(CHandles, AnyOtherPointerIsNoHandle) {
   }
 }
 
-TEST(CHandles, FreeingNullDoesNothing) {
+TEST(CHandles, IgnoresFreeingNull) {
   EXPECT_EQ(jx_object_free(nullptr), JX_OK);
   EXPECT_EQ(jx_server_side_free(nullptr), JX_OK);
   EXPECT_EQ(jx_observer_free(nullptr), JX_OK);
 }
 
-TEST(CHandles, TheLivingOnesAreCounted) {
+TEST(CHandles, CountsLiveHandles) {
   eventPlatform();
   EXPECT_EQ(jx_handle_count(), 0u);
   {
@@ -90,33 +90,34 @@ TEST(CHandles, TheLivingOnesAreCounted) {
   EXPECT_EQ(jx_handle_count(), 0u);
 }
 
-TEST(CHandles, NoHandleIsGivenTwiceAndNoneIsLeftInTheEnd) {
-  // One bit of places and two of counts: three handles at one place, and one place besides.
+TEST(CHandles, NeverReusesHandles) {
+  // One bit for the slot and two for the use count: three handles per slot, and two slots.
   JXHandles handles(std::numeric_limits<std::uintptr_t>::digits - 2);
-  std::set<void*> given;
+  std::set<void*> handlesReturned;
   for (int i = 0; i < 3; ++i) {
     void* const handle = handles.add(JXHandleKind::Object, std::make_shared<int>(i));
     ASSERT_NE(handle, nullptr);
-    EXPECT_TRUE(given.insert(handle).second);
+    EXPECT_TRUE(handlesReturned.insert(handle).second);
     std::shared_ptr<void> object;
     EXPECT_EQ(handles.remove(handle, JXHandleKind::Object, object), JX_OK);
     EXPECT_EQ(*static_cast<int*>(object.get()), i);
   }
   void* const next = handles.add(JXHandleKind::Object, std::make_shared<int>(3));
-  EXPECT_TRUE(given.insert(next).second);  // at a new place, since the first is used up
-  for (void* const handle : given)
+  EXPECT_TRUE(
+      handlesReturned.insert(next).second);  // in another slot, because the first is exhausted
+  for (void* const handle : handlesReturned)
     EXPECT_EQ(statusOf(handles, handle), handle == next ? JX_OK : JX_ERROR_DEAD_HANDLE);
 }
 
-TEST(CHandles, WithoutAPlaceThereIsNoHandle) {
+TEST(CHandles, ReturnsNullWithoutAFreeSlot) {
   JXHandles handles(1);
-  std::vector<void*> given;
+  std::vector<void*> created;
   for (int i = 0; i < 2; ++i)
-    given.push_back(handles.add(JXHandleKind::Object, std::make_shared<int>(i)));
+    created.push_back(handles.add(JXHandleKind::Object, std::make_shared<int>(i)));
   EXPECT_EQ(handles.add(JXHandleKind::Object, std::make_shared<int>(2)), nullptr);
   EXPECT_EQ(handles.count(), 2u);
   std::shared_ptr<void> object;
-  EXPECT_EQ(handles.remove(given[0], JXHandleKind::Object, object), JX_OK);
+  EXPECT_EQ(handles.remove(created[0], JXHandleKind::Object, object), JX_OK);
   EXPECT_NE(handles.add(JXHandleKind::Object, std::make_shared<int>(2)), nullptr);
 }
 

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Observers in C.
+// Tests observers of the C API.
 
 #include <gtest/gtest.h>
 
@@ -16,58 +16,60 @@
 namespace jx::test {
 namespace {
 
-struct Heard {
+struct Received {
   std::vector<std::string> lines;
   jx_observer* observer = nullptr;
 };
 
-void hear(void* context, const char* name, const char* info) {
-  static_cast<Heard*>(context)->lines.push_back(std::string(name) + " " +
-                                                (info != nullptr ? info : "(null)"));
+void receive(void* context, const char* name, const char* info) {
+  static_cast<Received*>(context)->lines.push_back(std::string(name) + " " +
+                                                   (info != nullptr ? info : "(null)"));
 }
 
-void hearAndEnd(void* context, const char* name, const char* info) {
-  hear(context, name, info);
-  EXPECT_EQ(jx_observer_free(static_cast<Heard*>(context)->observer), JX_OK);
+void receiveAndFree(void* context, const char* name, const char* info) {
+  receive(context, name, info);
+  EXPECT_EQ(jx_observer_free(static_cast<Received*>(context)->observer), JX_OK);
 }
 
 class CNotifications : public ServerSideFixture {
  protected:
-  Heard heard;
+  Received received;
 };
 
-TEST_F(CNotifications, AreHeardByNameUntilTheObserverEnds) {
+TEST_F(CNotifications, ReceivesNotificationsByNameUntilFreed) {
   start();
-  ASSERT_EQ(jx_observer_create(JXNotification_HitSent, &hear, &heard, &heard.observer), JX_OK);
+  ASSERT_EQ(jx_observer_create(JXNotification_HitSent, &receive, &received, &received.observer),
+            JX_OK);
   EXPECT_EQ(jx_post_notification(JXNotification_HitSent, R"({"n":1.50})"), JX_OK);
   EXPECT_EQ(jx_post_notification(JXNotification_HitSent, nullptr), JX_OK);
   EXPECT_EQ(jx_post_notification("another", nullptr), JX_OK);
-  EXPECT_EQ(jx_observer_free(heard.observer), JX_OK);
+  EXPECT_EQ(jx_observer_free(received.observer), JX_OK);
   EXPECT_EQ(jx_post_notification(JXNotification_HitSent, nullptr), JX_OK);
-  EXPECT_EQ(heard.lines, (std::vector<std::string>{R"(JXNotification: Hit Sent {"n":1.50})",
-                                                   "JXNotification: Hit Sent (null)"}));
+  EXPECT_EQ(received.lines, (std::vector<std::string>{R"(JXNotification: Hit Sent {"n":1.50})",
+                                                      "JXNotification: Hit Sent (null)"}));
 }
 
-TEST_F(CNotifications, ARequestIsOneWithUrlAndBody) {
-  ASSERT_EQ(jx_observer_create(JXNotification_HTTPRequest, &hear, &heard, &heard.observer), JX_OK);
+TEST_F(CNotifications, ReceivesRequestsWithUrlAndBody) {
+  ASSERT_EQ(jx_observer_create(JXNotification_HTTPRequest, &receive, &received, &received.observer),
+            JX_OK);
   const auto serverSide = make();
   const Request sent = execute(*serverSide);
-  ASSERT_EQ(heard.lines.size(), 1u);
-  EXPECT_EQ(heard.lines[0].find(R"(JXNotification: HTTP Request {"JXUserInfo: URL":)"
-                                R"("https://collect.example.com/events?jx_s=1234&token=key")"),
+  ASSERT_EQ(received.lines.size(), 1u);
+  EXPECT_EQ(received.lines[0].find(R"(JXNotification: HTTP Request {"JXUserInfo: URL":)"
+                                   R"("https://collect.example.com/events?jx_s=1234&token=key")"),
             0u);
-  EXPECT_EQ(jx_observer_free(heard.observer), JX_OK);
+  EXPECT_EQ(jx_observer_free(received.observer), JX_OK);
 }
 
-TEST_F(CNotifications, AnObserverMayEndItselfWhileItIsCalled) {
+TEST_F(CNotifications, MayFreeItselfDuringACall) {
   start();
-  ASSERT_EQ(jx_observer_create("name", &hearAndEnd, &heard, &heard.observer), JX_OK);
+  ASSERT_EQ(jx_observer_create("name", &receiveAndFree, &received, &received.observer), JX_OK);
   EXPECT_EQ(jx_post_notification("name", nullptr), JX_OK);
   EXPECT_EQ(jx_post_notification("name", nullptr), JX_OK);
-  EXPECT_EQ(heard.lines.size(), 1u);
+  EXPECT_EQ(received.lines.size(), 1u);
 }
 
-TEST_F(CNotifications, AConsentModuleMayPostForAllServerSides) {
+TEST_F(CNotifications, StopsAllServerSidesByANotification) {
   jx_server_side* serverSide = nullptr;
   start();
   ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, &serverSide), JX_OK);
@@ -78,7 +80,7 @@ TEST_F(CNotifications, AConsentModuleMayPostForAllServerSides) {
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
 }
 
-TEST_F(CNotifications, WhatGoesWithOneMustBeAnObject) {
+TEST_F(CNotifications, RejectsUserInfoThatIsNotAnObject) {
   start();
   EXPECT_EQ(jx_post_notification("name", "[1]"), JX_ERROR_INVALID_JSON);
   EXPECT_EQ(jx_post_notification("name", "{"), JX_ERROR_INVALID_JSON);

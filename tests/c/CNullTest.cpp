@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Every operation that takes a pointer is given null for it, one at a time.
+// Passes null to every pointer parameter of every function, one at a time.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 void ignore(void*, const char*, const char*) {}
 
-TEST(CNull, NoObjectIsANullHandle) {
+TEST(CNull, ObjectFunctionsRejectNullHandles) {
   char text[8];
   EXPECT_EQ(jx_object_set_string(nullptr, "ID", "1"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_number(nullptr, "value", "1"), JX_ERROR_NULL_HANDLE);
@@ -34,7 +34,7 @@ TEST(CNull, NoObjectIsANullHandle) {
   EXPECT_EQ(jx_object_class(nullptr), nullptr);
 }
 
-TEST(CNull, NoServerSideIsANullHandle) {
+TEST(CNull, ServerSideFunctionsRejectNullHandles) {
   eventPlatform();
   const Object event = makeEvent("JXEvent");
   char text[8];
@@ -54,17 +54,17 @@ TEST(CNull, NoServerSideIsANullHandle) {
   EXPECT_EQ(jx_set_idfa(nullptr), JX_ERROR_NULL_HANDLE);
 }
 
-TEST(CNull, AServerSideRefusesNullArgumentsAndWhatIsNoEvent) {
+TEST(CNull, ServerSideFunctionsRejectNullAndOtherObjects) {
   eventPlatform();
   jx_server_side* serverSide = nullptr;
   EXPECT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, nullptr),
             JX_ERROR_NULL_ARGUMENT);
-  // Without a source key the library starts and says so in its log.
+  // Without a source key the library starts and logs a message.
   ASSERT_EQ(jx_server_side_create(1, nullptr, UINT32_MAX, nullptr, &serverSide), JX_OK);
   const Object item = makeItem("1", 1, nullptr);
   EXPECT_EQ(jx_execute(serverSide, nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_execute(serverSide, item.get()), JX_ERROR_WRONG_CLASS);
-  EXPECT_STREQ(jx_error_detail(), "a JXItem is no event");
+  EXPECT_STREQ(jx_error_detail(), "event must be an event, not a JXItem");
   EXPECT_EQ(jx_execute(serverSide, reinterpret_cast<jx_object*>(serverSide)),
             JX_ERROR_WRONG_HANDLE);
   EXPECT_EQ(jx_set_permanent(serverSide, nullptr, "b"), JX_ERROR_NULL_ARGUMENT);
@@ -77,7 +77,7 @@ TEST(CNull, AServerSideRefusesNullArgumentsAndWhatIsNoEvent) {
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
 }
 
-TEST(CNull, TheOtherOperationsRefuseIt) {
+TEST(CNull, OtherFunctionsRejectNullArguments) {
   eventPlatform();
   jx_observer* observer = nullptr;
   EXPECT_EQ(jx_observer_create(nullptr, &ignore, nullptr, &observer), JX_ERROR_NULL_ARGUMENT);

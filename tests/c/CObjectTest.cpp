@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Events, items and products from C: what they take, and what they say to what they do not.
+// Tests events, items and products of the C API: valid and invalid input.
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ class CObject : public ::testing::Test {
  protected:
   CObject() { eventPlatform(); }
 
-  // The event's JSON behind what every one of its class has.
+  // Returns the JSON of the event after the context block.
   std::string fields() const { return fieldsOf(cart.get()); }
   static std::string fieldsOf(const jx_object* object) {
     const std::string json = objectJson(object);
@@ -37,14 +37,14 @@ class CObject : public ::testing::Test {
   const Object cart = makeEvent("JXViewCartEvent");
 };
 
-TEST_F(CObject, AnAbsentValueTakesTheKeyOutAndAnEmptyTextIsWritten) {
+TEST_F(CObject, OmitsNullAndWritesTheEmptyString) {
   ASSERT_EQ(jx_object_set_string(cart.get(), "currency", ""), JX_OK);
   EXPECT_EQ(fields(), R"("currency":"","items":[]})");
   ASSERT_EQ(jx_object_set_string(cart.get(), "currency", nullptr), JX_OK);
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
-TEST_F(CObject, ANumberKeepsTheScaleOfItsText) {
+TEST_F(CObject, KeepsTheScaleOfDecimalStrings) {
   ASSERT_EQ(jx_object_set_number(cart.get(), "value", "12.50"), JX_OK);
   EXPECT_EQ(fields(), R"("value":12.50,"items":[]})");
   ASSERT_EQ(jx_object_set_number(cart.get(), "value", "+1e3"), JX_OK);
@@ -57,17 +57,19 @@ TEST_F(CObject, ANumberKeepsTheScaleOfItsText) {
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
-TEST_F(CObject, WhatIsNoNumberIsRefusedAndChangesNothing) {
+TEST_F(CObject, RejectsInvalidNumbersWithoutChanges) {
   ASSERT_EQ(jx_object_set_number(cart.get(), "value", "1"), JX_OK);
   EXPECT_EQ(jx_object_set_number(cart.get(), "value", "a lot"), JX_ERROR_INVALID_NUMBER);
   EXPECT_EQ(jx_object_set_number(cart.get(), "value", ""), JX_ERROR_INVALID_NUMBER);
   EXPECT_EQ(jx_object_set_double(cart.get(), "value", std::nan("")), JX_ERROR_INVALID_NUMBER);
   EXPECT_EQ(jx_object_set_double(cart.get(), "value", -INFINITY), JX_ERROR_INVALID_NUMBER);
+  EXPECT_EQ(detail(), "value must be a finite decimal number");
   EXPECT_EQ(fields(), R"("value":1,"items":[]})");
 }
 
-TEST_F(CObject, AFieldTakesOnlyItsOwnType) {
+TEST_F(CObject, RejectsValuesOfAnotherType) {
   EXPECT_EQ(jx_object_set_integer(cart.get(), "currency", 1), JX_ERROR_WRONG_TYPE);
+  EXPECT_EQ(detail(), "currency must be a string");
   EXPECT_EQ(jx_object_set_string(cart.get(), "value", "1"), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_set_boolean(cart.get(), "value", true), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_set_enum(cart.get(), "value", 0), JX_ERROR_WRONG_TYPE);
@@ -75,16 +77,16 @@ TEST_F(CObject, AFieldTakesOnlyItsOwnType) {
   EXPECT_EQ(jx_object_set_product(cart.get(), "items", nullptr), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_add_item(cart.get(), "value", nullptr), JX_ERROR_WRONG_TYPE);
   EXPECT_EQ(jx_object_set_json(cart.get(), "value", "[]"), JX_ERROR_WRONG_TYPE);
-  EXPECT_EQ(detail(), "value is no decimal number");
+  EXPECT_EQ(detail(), "value must be a decimal number");
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
-TEST_F(CObject, AFieldOfAnotherClassOrOfNoneIsRefused) {
+TEST_F(CObject, RejectsUnknownFieldsAndFieldsOfOtherClasses) {
   EXPECT_EQ(jx_object_set_string(cart.get(), "coupn", "x"), JX_ERROR_UNKNOWN_FIELD);
-  EXPECT_EQ(detail(), "\"coupn\" is no field of JXViewCartEvent");
+  EXPECT_EQ(detail(), "\"coupn\" is not a field of JXViewCartEvent");
   EXPECT_EQ(jx_object_set_string(cart.get(), "JXViewCartEvent.coupn", "x"), JX_ERROR_UNKNOWN_FIELD);
   EXPECT_EQ(JXPurchaseEvent_setCurrency(cart.get(), "GBP"), JX_ERROR_WRONG_CLASS);
-  EXPECT_EQ(detail(), "\"JXPurchaseEvent.currency\" is no field of a JXViewCartEvent");
+  EXPECT_EQ(detail(), "\"JXPurchaseEvent.currency\" is not a field of JXViewCartEvent");
   EXPECT_EQ(JXItem_setID(cart.get(), "1"), JX_ERROR_WRONG_CLASS);
   EXPECT_EQ(JXProduct_setName(cart.get(), "1"), JX_ERROR_WRONG_CLASS);
   EXPECT_EQ(jx_object_set_string(cart.get(), "JXNothing.currency", "x"), JX_ERROR_UNKNOWN_CLASS);
@@ -94,25 +96,25 @@ TEST_F(CObject, AFieldOfAnotherClassOrOfNoneIsRefused) {
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
-TEST_F(CObject, AFieldOfABaseIsAFieldOfTheClass) {
+TEST_F(CObject, AcceptsFieldsOfBaseClasses) {
   EXPECT_EQ(JXEvent_setPageName(cart.get(), "home"), JX_OK);
   EXPECT_EQ(JXECommerceEvent_setCurrency(cart.get(), "GBP"), JX_OK);
   EXPECT_EQ(fields(), R"("currency":"GBP","items":[]})");
   EXPECT_THAT(objectJson(cart.get()), HasSubstr(R"("page_name":"home")"));
 }
 
-TEST_F(CObject, AnItemOrProductIsTakenOnlyWhereOneIsWanted) {
+TEST_F(CObject, RejectsObjectsOfAnotherClassAsItemOrProduct) {
   const Object product = makeProduct("p", "1");
   const Object item = makeItem("1", 1, product.get());
   EXPECT_EQ(jx_object_add_item(cart.get(), "items", product.get()), JX_ERROR_WRONG_CLASS);
-  EXPECT_EQ(detail(), "a JXProduct is given where a JXItem is wanted");
+  EXPECT_EQ(detail(), "item must be a JXItem, not a JXProduct");
   EXPECT_EQ(jx_object_add_item(cart.get(), "items", cart.get()), JX_ERROR_WRONG_CLASS);
   EXPECT_EQ(jx_object_add_item(cart.get(), "items", nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_set_product(item.get(), "product", item.get()), JX_ERROR_WRONG_CLASS);
   EXPECT_EQ(fields(), R"("items":[]})");
 }
 
-TEST_F(CObject, AnItemThatWasAddedIsACopy) {
+TEST_F(CObject, CopiesItemsWhenTheyAreAdded) {
   const Object product = makeProduct("p", "1.0");
   const Object item = makeItem("1", 2, product.get());
   ASSERT_EQ(jx_object_add_parameter(item.get(), "gift", "no"), JX_OK);
@@ -125,7 +127,7 @@ TEST_F(CObject, AnItemThatWasAddedIsACopy) {
                       R"("product":{"id":"p","price":1.0,"colors":[]}}]})");
 }
 
-TEST_F(CObject, AnItemHasAnEmptyProductUntilItHasAnotherOrNone) {
+TEST_F(CObject, CreatesItemsWithAnEmptyProduct) {
   jx_object* handle = nullptr;
   ASSERT_EQ(jx_item_create(&handle), JX_OK);
   const Object item(handle);
@@ -137,7 +139,7 @@ TEST_F(CObject, AnItemHasAnEmptyProductUntilItHasAnotherOrNone) {
   EXPECT_EQ(fields(), R"("items":[{"product":{"colors":[]}},{}]})");
 }
 
-TEST_F(CObject, ItemsAreAppendedToWhatJsonGaveAndGoneAfterAbsent) {
+TEST_F(CObject, AppendsItemsToAListSetFromJson) {
   const Object item = makeItem("2", 1, nullptr);
   ASSERT_EQ(jx_object_set_json(cart.get(), "items", R"([{"ID":"1","product":null}])"), JX_OK);
   ASSERT_EQ(jx_object_add_item(cart.get(), "items", item.get()), JX_OK);
@@ -148,7 +150,7 @@ TEST_F(CObject, ItemsAreAppendedToWhatJsonGaveAndGoneAfterAbsent) {
   EXPECT_EQ(fields(), R"("items":[{"id":"2","quantity":1}]})");
 }
 
-TEST_F(CObject, AModeChoosesTheNameAndOneOutsideGivesNoEvent) {
+TEST_F(CObject, RejectsUnknownModes) {
   jx_object* event = nullptr;
   ASSERT_EQ(JXVideoAdEvent_create(JXVideoAdEvent_Mode_BREAK_START, "s", &event), JX_OK);
   const Object ad(event);
@@ -157,7 +159,7 @@ TEST_F(CObject, AModeChoosesTheNameAndOneOutsideGivesNoEvent) {
   EXPECT_EQ(jx_event_create_with_mode("JXVideoAdEvent", 8, "s", &event),
             JX_ERROR_UNKNOWN_ENUMERATOR);
   EXPECT_EQ(event, nullptr);
-  EXPECT_EQ(detail(), "8 is no mode of JXVideoAdEvent");
+  EXPECT_EQ(detail(), "8 is not a mode of JXVideoAdEvent");
   EXPECT_EQ(jx_event_create_with_mode("JXVideoAdEvent", UINT32_MAX, "s", &event),
             JX_ERROR_UNKNOWN_ENUMERATOR);
   EXPECT_EQ(jx_event_create("JXVideoAdEvent", &event), JX_ERROR_UNKNOWN_ENUMERATOR);
@@ -168,7 +170,7 @@ TEST_F(CObject, AModeChoosesTheNameAndOneOutsideGivesNoEvent) {
   EXPECT_EQ(jx_object_set_null(ad.get(), "adType"), JX_ERROR_WRONG_TYPE);
 }
 
-TEST_F(CObject, AnUnknownOrNullClassGivesNoEvent) {
+TEST_F(CObject, RejectsUnknownAndNullClasses) {
   jx_object* event = cart.get();
   EXPECT_EQ(jx_event_create("JXNothing", &event), JX_ERROR_UNKNOWN_CLASS);
   EXPECT_EQ(event, nullptr);
@@ -178,24 +180,24 @@ TEST_F(CObject, AnUnknownOrNullClassGivesNoEvent) {
   EXPECT_EQ(jx_item_create(nullptr), JX_ERROR_NULL_ARGUMENT);
 }
 
-TEST_F(CObject, ACustomEventWithoutANameIsMadeAndNotComplete) {
+TEST_F(CObject, CreatesACustomEventWithoutANameThatIsInvalid) {
   jx_object* event = nullptr;
   ASSERT_EQ(jx_custom_event_create(nullptr, &event), JX_OK);
   const Object custom(event);
   EXPECT_EQ(objectJson(event), R"({"context":{"event_id":"E"}})");
   EXPECT_EQ(jx_object_verify(event), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "name is absent or empty");
+  EXPECT_EQ(detail(), "name must be a non-empty string");
   ASSERT_EQ(JXEvent_setName(event, "quiz"), JX_OK);
   EXPECT_EQ(jx_object_verify(event), JX_OK);
 }
 
-TEST_F(CObject, ItemsAndProductsTellWhetherTheyAreComplete) {
+TEST_F(CObject, ValidatesItemsAndProducts) {
   const Object product = makeProduct("p", "1");
   EXPECT_EQ(jx_object_verify(product.get()), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "the product lacks ID, name or price");
+  EXPECT_EQ(detail(), "ID, name and price must be set");
   const Object early = makeItem("1", 1, product.get());
   EXPECT_EQ(jx_object_verify(early.get()), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "the item lacks ID, quantity or a complete product");
+  EXPECT_EQ(detail(), "ID and quantity must be set, and product must be valid");
   ASSERT_EQ(JXProduct_setName(product.get(), "Lamp"), JX_OK);
   EXPECT_EQ(jx_object_verify(product.get()), JX_OK);
   const Object item = makeItem("1", 1, product.get());
@@ -207,7 +209,7 @@ TEST_F(CObject, ItemsAndProductsTellWhetherTheyAreComplete) {
   EXPECT_EQ(jx_object_verify(cart.get()), JX_OK);
 }
 
-TEST_F(CObject, ParametersTakeTextAndAnyJson) {
+TEST_F(CObject, AcceptsStringAndJsonParameters) {
   jx_object* event = nullptr;
   ASSERT_EQ(jx_event_create("JXEvent", &event), JX_OK);
   const Object bare(event);
@@ -219,22 +221,22 @@ TEST_F(CObject, ParametersTakeTextAndAnyJson) {
   EXPECT_EQ(jx_object_add_parameter_json(event, "d", nullptr), JX_OK);
   EXPECT_EQ(jx_object_add_parameter(event, nullptr, "x"), JX_ERROR_NULL_ARGUMENT);
   EXPECT_EQ(jx_object_add_parameter_json(event, "d", "{"), JX_ERROR_INVALID_JSON);
-  EXPECT_THAT(detail(), HasSubstr("not JSON, at byte 2"));
+  EXPECT_THAT(detail(), HasSubstr("invalid JSON at byte 2"));
   EXPECT_EQ(objectJson(event),
             R"({"a":"2","b":{"n":1.50,"z":null},"c":null,"context":{"event_id":"E"}})");
 }
 
-TEST_F(CObject, TextsThatAreNotUtf8AreTakenAndTheBodyStaysJson) {
+TEST_F(CObject, ReplacesBytesThatAreNotUtf8) {
   ASSERT_EQ(JXViewCartEvent_setCurrency(cart.get(), "\xE9t\xE9"), JX_OK);
   ASSERT_EQ(jx_object_add_parameter(cart.get(), "cl\xE9", "\xFF\xFE"), JX_OK);
   EXPECT_EQ(fields(), "\"currency\":\"\xEF\xBF\xBDt\xEF\xBF\xBD\",\"items\":[]}");
   EXPECT_THAT(objectJson(cart.get()), HasSubstr("\"cl\xEF\xBF\xBD\":\"\xEF\xBF\xBD\xEF\xBF\xBD\""));
   EXPECT_EQ(jx_object_add_parameter_json(cart.get(), "k", "\"\xE9\""), JX_ERROR_INVALID_JSON);
   EXPECT_EQ(jx_object_set_string(cart.get(), "cl\xE9", "x"), JX_ERROR_UNKNOWN_FIELD);
-  EXPECT_EQ(detail(), "\"cl\xEF\xBF\xBD\" is no field of JXViewCartEvent");
+  EXPECT_EQ(detail(), "\"cl\xEF\xBF\xBD\" is not a field of JXViewCartEvent");
 }
 
-TEST_F(CObject, ATextIsWrittenWholeOrNotAtAll) {
+TEST_F(CObject, WritesTheCompleteStringOrNothing) {
   const Object product = makeProduct("p", "1");
   const std::string json = R"({"id":"p","price":1,"colors":[]})";
   std::string buffer(json.size() + 1, '?');
@@ -251,37 +253,37 @@ TEST_F(CObject, ATextIsWrittenWholeOrNotAtAll) {
   EXPECT_EQ(jx_object_json(product.get(), nullptr, 8, &length), JX_ERROR_NULL_ARGUMENT);
 }
 
-TEST_F(CObject, AMistakeIsALineOfTheLogAndAnAnswerIsNone) {
+TEST_F(CObject, LogsErrorsButNotExpectedResults) {
   LogLines log;
   EXPECT_EQ(jx_object_set_string(cart.get(), "coupn", "x"), JX_ERROR_UNKNOWN_FIELD);
-  EXPECT_EQ(log.with("3 jx_object_set_string: \"coupn\" is no field of JXViewCartEvent"), 1u);
+  EXPECT_EQ(log.with("3 jx_object_set_string: \"coupn\" is not a field of JXViewCartEvent"), 1u);
   EXPECT_EQ(jx_object_verify(cart.get()), JX_ERROR_INCOMPLETE);
   EXPECT_EQ(log.with("jx_object_verify"), 0u);
 }
 
-TEST_F(CObject, ALongDetailIsCutBetweenCharacters) {
+TEST_F(CObject, TruncatesLongDetailsBetweenCharacters) {
   std::string field = "x";
   for (int i = 0; i < 200; ++i)
     field += "\u00e9";
   EXPECT_EQ(jx_object_set_string(cart.get(), field.c_str(), "x"), JX_ERROR_UNKNOWN_FIELD);
-  // A quotation mark, an x and 126 characters of two bytes; one more would need 256 bytes.
+  // A quotation mark, an x and 126 characters of two bytes; another would need 256 bytes.
   EXPECT_EQ(detail(), '"' + field.substr(0, 253));
 }
 
-TEST_F(CObject, TheDetailBelongsToTheThread) {
+TEST_F(CObject, KeepsDetailsPerThread) {
   EXPECT_EQ(jx_object_set_string(cart.get(), "mine", "x"), JX_ERROR_UNKNOWN_FIELD);
   std::thread([] { EXPECT_STREQ(jx_error_detail(), ""); }).join();
-  EXPECT_EQ(detail(), "\"mine\" is no field of JXViewCartEvent");
+  EXPECT_EQ(detail(), "\"mine\" is not a field of JXViewCartEvent");
 }
 
-TEST_F(CObject, EachStatusHasItsWords) {
-  EXPECT_STREQ(jx_status_string(JX_OK), "all well");
-  EXPECT_STREQ(jx_status_string(JX_ERROR_INTERNAL), "something failed inside the library");
-  EXPECT_STREQ(jx_status_string(20), "no status");
-  EXPECT_STREQ(jx_status_string(UINT32_MAX), "no status");
+TEST_F(CObject, DescribesEachStatus) {
+  EXPECT_STREQ(jx_status_string(JX_OK), "success");
+  EXPECT_STREQ(jx_status_string(JX_ERROR_INTERNAL), "internal error");
+  EXPECT_STREQ(jx_status_string(20), "unknown status");
+  EXPECT_STREQ(jx_status_string(UINT32_MAX), "unknown status");
 }
 
-TEST_F(CObject, TheVersionsAreThoseOfTheLibraryAndOfItsEvents) {
+TEST_F(CObject, ReturnsTheVersionsOfLibraryAndEvents) {
   EXPECT_STREQ(jx_version(), JX_EXPECTED_VERSION);
   EXPECT_STREQ(jx_sdk_version(), "5.4.5");
 }

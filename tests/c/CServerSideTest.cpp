@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The facade from C: what is sent, and who may stop it.
+// Tests the facade of the C API.
 
 #include <gmock/gmock.h>
 
@@ -67,7 +67,7 @@ class CServerSide : public ServerSideFixture {
     start();
     ASSERT_EQ(jx_server_side_create(1234, "key", behaviour, firebase, &serverSide), JX_OK);
   }
-  // A custom event; returns its body, absent when none was sent.
+  // Sends a custom event and returns its body; null if nothing was sent.
   JXJsonObject send() {
     const std::size_t before = requests().size();
     const Object event = makeEvent("JXCustomEvent");
@@ -84,9 +84,9 @@ class CServerSide : public ServerSideFixture {
   jx_server_side* serverSide = nullptr;
 };
 
-TEST_F(CServerSide, APurchaseHasByteForByteTheBodyOfCpp) {
+TEST_F(CServerSide, SendsAPurchaseWithTheSameBodyAsCpp) {
   create();
-  send();  // the first event of a session tells so
+  send();  // the first event of a session differs
   const auto inCpp = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(
       1234, "key", JX_BEHAVIOUR_DEFAULT);
   inCpp->execute(cppPurchase());
@@ -116,7 +116,7 @@ TEST_F(CServerSide, SendsToTheUrlOfSiteAndKey) {
             JXString("https://collect.example.com/events?jx_s=1234&token=key"));
 }
 
-TEST_F(CServerSide, AnEventMayBeChangedAndExecutedAgain) {
+TEST_F(CServerSide, ExecutesAChangedEventAgain) {
   create();
   const Object event = makeEvent("JXViewCartEvent");
   const Object item = makeItem("1", 1, nullptr);
@@ -129,7 +129,7 @@ TEST_F(CServerSide, AnEventMayBeChangedAndExecutedAgain) {
   EXPECT_EQ(requests()[1].body.get("items").array().size(), 2u);
 }
 
-TEST_F(CServerSide, PermanentDataGoesWithEveryEventUntilItIsRemoved) {
+TEST_F(CServerSide, AddsPermanentDataUntilItIsRemoved) {
   create();
   ASSERT_EQ(jx_set_permanent(serverSide, "store", "uk"), JX_OK);
   ASSERT_EQ(jx_set_permanent_json(serverSide, "depth", R"({"a":[1.50]})"), JX_OK);
@@ -153,7 +153,7 @@ TEST_F(CServerSide, PermanentDataGoesWithEveryEventUntilItIsRemoved) {
   EXPECT_FALSE(send().contains("depth"));
 }
 
-TEST_F(CServerSide, DisabledItSendsNothingUntilItIsEnabled) {
+TEST_F(CServerSide, SendsNothingWhileDisabled) {
   create(2);  // disabled by default
   EXPECT_EQ(state(), JX_STATE_DISABLED);
   EXPECT_FALSE(send().isPresent());
@@ -164,13 +164,13 @@ TEST_F(CServerSide, DisabledItSendsNothingUntilItIsEnabled) {
   EXPECT_EQ(state(), JX_STATE_DISABLED);
 }
 
-TEST_F(CServerSide, AlwaysEnabledItIgnoresAStop) {
+TEST_F(CServerSide, IgnoresDisableIfAlwaysEnabled) {
   create(JX_BEHAVIOUR_ALWAYS_ENABLED);
   EXPECT_EQ(jx_disable(serverSide), JX_OK);
   EXPECT_EQ(state(), JX_STATE_ENABLED);
 }
 
-TEST_F(CServerSide, ARegisteredConsentModuleMakesItWait) {
+TEST_F(CServerSide, WaitsForConsentWithARegisteredModule) {
   ASSERT_EQ(jx_register_module("JXMobileConsent"), JX_OK);
   create();
   EXPECT_EQ(state(), JX_STATE_WAITING_FOR_CONSENT);
@@ -182,7 +182,7 @@ TEST_F(CServerSide, ARegisteredConsentModuleMakesItWait) {
   EXPECT_FALSE(JXClassRegistry::sharedInstance().hasClass("JXMobileConsent"));
 }
 
-TEST_F(CServerSide, TheViewerIsNamedByTheHost) {
+TEST_F(CServerSide, SetsTheAnonymousId) {
   create();
   ASSERT_EQ(jx_set_anonymous_id("viewer-1"), JX_OK);
   char text[20];
@@ -193,7 +193,7 @@ TEST_F(CServerSide, TheViewerIsNamedByTheHost) {
   EXPECT_EQ(JXUser::sharedInstance().anonymous_id(), JXString("viewer-1"));
 }
 
-TEST_F(CServerSide, TheLegacyIdentifierBecomesThatOfTheViewer) {
+TEST_F(CServerSide, UsesTheLegacyUniqueId) {
   create();
   char unique[80];
   char anonymous[80];
@@ -205,7 +205,7 @@ TEST_F(CServerSide, TheLegacyIdentifierBecomesThatOfTheViewer) {
   EXPECT_EQ(JXUser::sharedInstance().consentID(), JXString(unique));
 }
 
-TEST_F(CServerSide, AdvertisingIdentifiersGoIntoTheDeviceBlock) {
+TEST_F(CServerSide, WritesAdvertisingIdsToTheDeviceBlock) {
   platform->trackingAllowed = true;
   create();
   EXPECT_EQ(jx_add_advertising_ids(serverSide), JX_OK);
@@ -220,7 +220,7 @@ TEST_F(CServerSide, AdvertisingIdentifiersGoIntoTheDeviceBlock) {
   EXPECT_EQ(text, std::string(STATIC_IDFA));
 }
 
-TEST_F(CServerSide, AHostAddsToTheBlocksAroundAnEvent) {
+TEST_F(CServerSide, AddsValuesToTheBlocks) {
   create();
   EXPECT_EQ(jx_block_add(JX_BLOCK_USER, "plan", "gold"), JX_OK);
   EXPECT_EQ(jx_block_add(JX_BLOCK_DEVICE, "remote", "voice"), JX_OK);
@@ -239,7 +239,7 @@ TEST_F(CServerSide, AHostAddsToTheBlocksAroundAnEvent) {
   EXPECT_EQ(jx_block_add(5, "a", "b"), JX_ERROR_UNKNOWN_ENUMERATOR);
 }
 
-TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
+TEST_F(CServerSide, ReadsSetsAndRemovesVariables) {
   create();
   char text[20];
   EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr),
@@ -254,7 +254,7 @@ TEST_F(CServerSide, VariablesAreReadSetAndRemoved) {
             JX_ERROR_NOT_SET);
 }
 
-TEST_F(CServerSide, TheBackgroundIsToldToTheLibrary) {
+TEST_F(CServerSide, ReportsBackgroundTransitionsToTheLibrary) {
   create();
   EXPECT_EQ(jx_enable_running_in_background(serverSide), JX_OK);
   EXPECT_EQ(jx_wait_for_user_agent(serverSide), JX_OK);
@@ -277,7 +277,7 @@ void logEvent(void* context, const char* name, const char* parameters) {
 }
 void release(void* context) { ++static_cast<Mirror*>(context)->releases; }
 
-TEST_F(CServerSide, EventsAreMirroredToFirebaseUntilItIsReleased) {
+TEST_F(CServerSide, MirrorsEventsToFirebaseUntilReleased) {
   Mirror mirror;
   const jx_firebase firebase = {sizeof(jx_firebase), &mirror, &setDefault, &logEvent, &release};
   create(JX_BEHAVIOUR_DEFAULT, &firebase);
@@ -289,7 +289,7 @@ TEST_F(CServerSide, EventsAreMirroredToFirebaseUntilItIsReleased) {
   EXPECT_EQ(mirror.releases, 1);
 }
 
-TEST_F(CServerSide, WhatFirebaseDoesNotHaveIsNotCalled) {
+TEST_F(CServerSide, DoesNotCallNullFirebaseFunctions) {
   Mirror mirror;
   const jx_firebase firebase = {sizeof(jx_firebase), &mirror, nullptr, &logEvent, nullptr};
   create(JX_BEHAVIOUR_DEFAULT, &firebase);
@@ -297,7 +297,7 @@ TEST_F(CServerSide, WhatFirebaseDoesNotHaveIsNotCalled) {
   EXPECT_EQ(mirror.calls, R"(quiz {"event_name":"quiz"};)");
 }
 
-TEST_F(CServerSide, ATableOfUnknownSizeIsRefusedAndNotReleased) {
+TEST_F(CServerSide, RejectsAFirebaseTableOfUnknownSize) {
   start();
   Mirror mirror;
   const jx_firebase firebase = {sizeof(jx_firebase) + 8, &mirror, nullptr, nullptr, &release};

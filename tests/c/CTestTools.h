@@ -17,10 +17,10 @@ namespace jx::test {
 struct FreeObject {
   void operator()(jx_object* object) const { EXPECT_EQ(jx_object_free(object), JX_OK); }
 };
-/// A handle that a test frees when it ends.
+/// A handle that is freed at the end of its scope.
 using Object = std::unique_ptr<jx_object, FreeObject>;
 
-/// An event of the class; the last mode of one that has some, with the session "session".
+/// Creates an event; for a class with modes with the last mode and the session "session".
 inline Object makeEvent(const char* className, std::size_t modeCount = 0) {
   jx_object* event = nullptr;
   const auto mode = static_cast<std::uint32_t>(modeCount - 1);
@@ -47,7 +47,7 @@ inline Object makeItem(const char* id, std::int64_t quantity, const jx_object* p
   return Object(item);
 }
 
-/// The object's JSON; an "event_id" in it stands as "E".
+/// Returns the object's JSON, with "event_id" replaced by "E".
 inline std::string objectJson(const jx_object* object) {
   size_t length = 0;
   EXPECT_EQ(jx_object_json(object, nullptr, 0, &length), JX_ERROR_TOO_SMALL);

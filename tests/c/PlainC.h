@@ -9,8 +9,8 @@
 extern "C" {
 #endif
 
-/// A purchase of two items with every field of its class, made as a program in C makes one. Null
-/// when a call failed.
+/// Creates a purchase of two items with every field of its class, in C. Returns null if a call
+/// failed.
 jx_object* plain_purchase(void);
 
 #ifdef __cplusplus

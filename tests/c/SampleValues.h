@@ -8,8 +8,8 @@
 
 namespace jx::test {
 
-/// A value for a field of this kind, as JSON text by properties: what the sources that the build
-/// writes set in C, and what the tests set in C++.
+/// Returns a sample value for a field of this kind as JSON, by properties. Used by the generated C
+/// sources and by the C++ tests.
 inline std::string sampleJson(const JXFieldInfo& field) {
   switch (field.kind) {
     case JXFieldKind::String:
@@ -24,7 +24,7 @@ inline std::string sampleJson(const JXFieldInfo& field) {
     case JXFieldKind::Values:
       return R"([1,"two",{"three":3.0}])";
     case JXFieldKind::Enumeration:
-      return "\"" + std::string(field.enumStrings.members[field.enumStrings.count - 1]) + "\"";
+      return "\"" + std::string(field.enumStrings.enumerators[field.enumStrings.count - 1]) + "\"";
     case JXFieldKind::Items:
       return R"([{"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}},)"
              R"({"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}}])";

@@ -1,11 +1,11 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# Fails when jx/c/jx_events.h and jx/c/events are not what the tables of the events say now.
+# Fails if jx/c/jx_events.h and jx/c/events differ from the generated headers.
 file(REMOVE_RECURSE ${SCRATCH})
 execute_process(COMMAND ${PROGRAM} ${SOURCE_FOLDER} ${SCRATCH} RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
-  message(FATAL_ERROR "jx_c_headers ended with ${result}")
+  message(FATAL_ERROR "jx_c_headers failed: exit status ${result}")
 endif()
 file(GLOB wanted RELATIVE ${SCRATCH} ${SCRATCH}/jx/c/events/*)
 file(GLOB there RELATIVE ${SOURCE_FOLDER} ${SOURCE_FOLDER}/jx/c/events/*)
@@ -23,6 +23,6 @@ foreach(path jx/c/jx_events.h ${wanted})
   endif()
 endforeach()
 if(NOT is_same)
-  message(FATAL_ERROR "The headers for C are not up to date. Renew them with\n"
+  message(FATAL_ERROR "jx/c/events is not up to date. Update it with\n"
                       "  cmake --build ${BUILD_FOLDER} --target c_headers")
 endif()

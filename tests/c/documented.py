@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Finds operations of the interface for C that no comment tells about: documented.py SOURCE."""
+"""Finds undocumented functions of the C interface: documented.py SOURCE."""
 
 import glob
 import os
@@ -20,9 +20,9 @@ def undocumented(path):
 def main():
     os.chdir(sys.argv[1])
     paths = glob.glob("jx/c/*.h") + glob.glob("jx/c/events/*.h")
-    findings = [f"{path}: {name} says nothing" for path in sorted(paths)
+    findings = [f"{path}: {name} is not documented" for path in sorted(paths)
                 for name in undocumented(path)]
-    print("\n".join(findings) or f"{len(paths)} headers")
+    print("\n".join(findings) or f"{len(paths)} headers checked")
     sys.exit(1 if findings or len(paths) < 35 else 0)
 
 

@@ -17,7 +17,7 @@ namespace {
 
 class AppBlock : public ServerSideFixture {
  protected:
-  static std::string text() {
+  static std::string json() {
     return JXJsonWriter::write(JXApp::sharedInstance().getJsonObject(), JXJsonStyle::Compact).text;
   }
 };
@@ -27,24 +27,24 @@ class BaselessApp final : public JXApp {
   bool baseInit() override { return false; }
 };
 
-TEST_F(AppBlock, StandsInWritingOrder) {
+TEST_F(AppBlock, WritesKeysInOrder) {
   start();
   JXCoreVariables::sharedInstance().addData_withValue(JX_ConsentVersion, "3");
-  EXPECT_EQ(text(),
+  EXPECT_EQ(json(),
             R"({"name":"Example TV","version":"1.0","build":"100","namespace":"com.example.tv",)"
             R"("serverside_version":"5.4.5","core_version":"1.0.0","consent_version":"3"})");
 }
 
-TEST_F(AppBlock, WithoutConsentTheVersionIsLeftOutAndNotEmpty) {
+TEST_F(AppBlock, OmitsConsentVersionWithoutConsent) {
   start();
-  EXPECT_EQ(JXApp::sharedInstance().consentVersion(), JXString("")) << "before it is serialised";
-  EXPECT_EQ(text(),
+  EXPECT_EQ(JXApp::sharedInstance().consentVersion(), JXString("")) << "before serialisation";
+  EXPECT_EQ(json(),
             R"({"name":"Example TV","version":"1.0","build":"100","namespace":"com.example.tv",)"
             R"("serverside_version":"5.4.5","core_version":"1.0.0"})");
   EXPECT_FALSE(JXApp::sharedInstance().consentVersion().isPresent());
 }
 
-TEST_F(AppBlock, TheConsentVersionFollowsTheCoreAtEachSerialisation) {
+TEST_F(AppBlock, ReadsConsentVersionFromCoreAtEachSerialisation) {
   start();
   JXApp& app = JXApp::sharedInstance();
   app.setConsentVersion("forged");
@@ -55,7 +55,7 @@ TEST_F(AppBlock, TheConsentVersionFollowsTheCoreAtEachSerialisation) {
   }
 }
 
-TEST_F(AppBlock, ANameThatTheHostAddsIsReplaced) {
+TEST_F(AppBlock, FieldsOverrideAdditionalProperties) {
   start();
   JXApp& app = JXApp::sharedInstance();
   app.addAdditionalProperty_withStringValue("name", "forged");
@@ -67,21 +67,21 @@ TEST_F(AppBlock, ANameThatTheHostAddsIsReplaced) {
   EXPECT_EQ(block.get("flavour").string(), JXString("dark"));
 }
 
-TEST_F(AppBlock, VersionsAreStrings) {
+TEST_F(AppBlock, WritesVersionsAsStrings) {
   start();
   const JXJsonObject block = JXApp::sharedInstance().getJsonObject();
   EXPECT_EQ(block.get("version").kind(), JXJsonValue::Kind::String);
   EXPECT_EQ(block.get("build").kind(), JXJsonValue::Kind::String);
 }
 
-TEST_F(AppBlock, AnApplicationThatStatesNothingIsUnknownWithAnEmptyVersion) {
+TEST_F(AppBlock, WritesUnknownNameAndEmptyVersionByDefault) {
   platform->bundle = {};
   start();
-  EXPECT_EQ(text(), R"x({"name":"(unknown)","version":"","serverside_version":"5.4.5",)x"
+  EXPECT_EQ(json(), R"x({"name":"(unknown)","version":"","serverside_version":"5.4.5",)x"
                     R"x("core_version":"1.0.0"})x");
 }
 
-TEST_F(AppBlock, InitOnceMoreChangesNothingAndReinitReadsAnew) {
+TEST_F(AppBlock, InitKeepsValuesAndReinitReadsThemAgain) {
   start();
   JXApp& app = JXApp::sharedInstance();
   JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
@@ -94,12 +94,12 @@ TEST_F(AppBlock, InitOnceMoreChangesNothingAndReinitReadsAnew) {
   EXPECT_EQ(app.init(), &app);
   EXPECT_EQ(app.name(), JXString("Example TV"));
   EXPECT_EQ(app.reinit(), &app);
-  EXPECT_EQ(text(),
+  EXPECT_EQ(json(),
             R"({"name":"Other","version":"2.0","build":"200","namespace":"com.example.other",)"
             R"("serverside_version":"5.4.5","core_version":"1.0.0"})");
 }
 
-TEST_F(AppBlock, AnotherInstanceComesBackAsItWasMade) {
+TEST_F(AppBlock, InitLeavesSecondInstanceUnchanged) {
   start();
   JXApp::sharedInstance();
   JXApp other;
@@ -110,13 +110,13 @@ TEST_F(AppBlock, AnotherInstanceComesBackAsItWasMade) {
   EXPECT_EQ(other.getJsonObject().size(), 0u);
 }
 
-TEST_F(AppBlock, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
+TEST_F(AppBlock, InitReturnsNullAndBlocksLaterCallsIfBaseFails) {
   start();
   BaselessApp app;
   EXPECT_TRUE(neverReturns([&] { ASSERT_EQ(app.init(), nullptr); }, [&] { app.init(); }));
 }
 
-TEST_F(AppBlock, AccessorsAreReadAndWrittenUnderTheirNames) {
+TEST_F(AppBlock, GettersReturnWhatSettersStored) {
   start();
   JXApp app;
   app.setName("1");

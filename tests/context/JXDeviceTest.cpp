@@ -19,8 +19,8 @@ using ::testing::ElementsAre;
 
 class DeviceBlock : public ServerSideFixture {
  protected:
-  // The block without its lifecycle block, which tests of its own look at.
-  static std::string text() {
+  // Returns the block without its lifecycle block, which has its own tests.
+  static std::string json() {
     JXJsonObject block = JXDevice::sharedInstance().getJsonObject();
     block.remove("lifecycle");
     return JXJsonWriter::write(block, JXJsonStyle::Compact).text;
@@ -34,7 +34,7 @@ class BaselessDevice final : public JXDevice {
   bool baseInit() override { return false; }
 };
 
-TEST_F(DeviceBlock, KeyTextsAreTheCores) {
+TEST_F(DeviceBlock, KeyConstantsMatchTheCore) {
   EXPECT_EQ(JXD_DEVICE, "device");
   EXPECT_EQ(JXD_ADTRACKING, "ad_tracking");
   EXPECT_EQ(JXD_IDFA, "idfa");
@@ -57,12 +57,12 @@ TEST_F(DeviceBlock, KeyTextsAreTheCores) {
   EXPECT_EQ(JXD_USER_AGENT, "user_agent");
 }
 
-TEST_F(DeviceBlock, EverythingStandsInWritingOrder) {
+TEST_F(DeviceBlock, WritesKeysInOrder) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
   JXCoreVariables::sharedInstance().addData_withValue(kJXPredefinedVariable_UserAgent, "Agent/1");
-  EXPECT_EQ(text(),
+  EXPECT_EQ(json(),
             R"({"ad_tracking":true,"user_agent":"Agent/1",)"
             R"("idfa":"11111111-2222-4333-8444-555555555555",)"
             R"("idfv":"66666666-7777-4888-8999-AAAAAAAAAAAA",)"
@@ -76,7 +76,7 @@ TEST_F(DeviceBlock, EverythingStandsInWritingOrder) {
   EXPECT_EQ(whole.entries().back().key, JXString("lifecycle"));
 }
 
-TEST_F(DeviceBlock, TypeAndSystemNameAreTwoFieldsOfOneVariable) {
+TEST_F(DeviceBlock, TypeAndOsNameAreIndependentFields) {
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
   EXPECT_EQ(device.type(), JXString("tvos"));
@@ -86,14 +86,14 @@ TEST_F(DeviceBlock, TypeAndSystemNameAreTwoFieldsOfOneVariable) {
   EXPECT_EQ(block().get("type").string(), JXString("tv"));
 }
 
-TEST_F(DeviceBlock, OnlyTheFlagTextOneIsTracking) {
+TEST_F(DeviceBlock, ReportsTrackingOnlyForStringOne) {
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
   EXPECT_FALSE(block().contains("ad_tracking")) << "no value";
-  for (const char* flag : {"0", "true", "TRUE", "True", "yes", "01", " 1", "10"}) {
-    device.setAdTrackingEnabled(flag);
-    EXPECT_EQ(block().get("ad_tracking").kind(), JXJsonValue::Kind::Bool) << flag;
-    EXPECT_FALSE(block().get("ad_tracking").boolValue()) << flag;
+  for (const char* value : {"0", "true", "TRUE", "True", "yes", "01", " 1", "10"}) {
+    device.setAdTrackingEnabled(value);
+    EXPECT_EQ(block().get("ad_tracking").kind(), JXJsonValue::Kind::Bool) << value;
+    EXPECT_FALSE(block().get("ad_tracking").boolValue()) << value;
   }
   device.setAdTrackingEnabled("1");
   EXPECT_TRUE(block().get("ad_tracking").boolValue());
@@ -103,7 +103,7 @@ TEST_F(DeviceBlock, OnlyTheFlagTextOneIsTracking) {
   EXPECT_FALSE(block().contains("ad_tracking"));
 }
 
-TEST_F(DeviceBlock, AScreenWidthThatIsNoNumberIsLeftOutAlone) {
+TEST_F(DeviceBlock, OmitsOnlyTheScreenWidthIfNotANumber) {
   for (const char* width : {"abc", "", "12px", " 1920"}) {
     EXPECT_EQ(inLaunch([&]() -> std::string {
                 start();
@@ -115,14 +115,14 @@ TEST_F(DeviceBlock, AScreenWidthThatIsNoNumberIsLeftOutAlone) {
   }
 }
 
-TEST_F(DeviceBlock, AScreenHeightThatIsMissingIsLeftOutAlone) {
+TEST_F(DeviceBlock, OmitsOnlyTheScreenHeightIfNotSet) {
   start();
   variables().removeData(kJXPredefinedVariable_ScreenHeight);
   EXPECT_EQ(JXJsonWriter::write(inside(block(), {"screen"}), JXJsonStyle::Compact).text,
             R"({"width":1920})");
 }
 
-TEST_F(DeviceBlock, ScreenSizesAreExactDecimals) {
+TEST_F(DeviceBlock, WritesScreenSizesExactly) {
   start();
   variables().addData_withValue(kJXPredefinedVariable_ScreenWidth, "1920.50");
   EXPECT_EQ(inside(block(), {"screen"}).get("width").numberString(), JXString("1920.50"));
@@ -130,7 +130,7 @@ TEST_F(DeviceBlock, ScreenSizesAreExactDecimals) {
   EXPECT_FALSE(inside(block(), {"screen"}).contains("width"));
 }
 
-TEST_F(DeviceBlock, ReinitKeepsASizeWhenTheNewTextIsNoNumber) {
+TEST_F(DeviceBlock, ReinitKeepsSizeIfNewStringIsNotANumber) {
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
   variables().addData_withValue(kJXPredefinedVariable_ScreenWidth, "abc");
@@ -140,7 +140,7 @@ TEST_F(DeviceBlock, ReinitKeepsASizeWhenTheNewTextIsNoNumber) {
   EXPECT_EQ(device.screenHeight()->toString(), "720");
 }
 
-TEST_F(DeviceBlock, ReinitReadsIdentityAnewAndKeepsWhatIsNotCollected) {
+TEST_F(DeviceBlock, ReinitReadsIdentityAgainAndKeepsOtherValues) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
@@ -158,9 +158,9 @@ TEST_F(DeviceBlock, ReinitReadsIdentityAnewAndKeepsWhatIsNotCollected) {
     variables().addData_withValue(key, "new");
   }
   platform->timeZone = "Asia/Tokyo";
-  EXPECT_EQ(device.language(), JXString("en")) << "fixed until reinit";
+  EXPECT_EQ(device.language(), JXString("en")) << "read once";
   EXPECT_EQ(device.reinit(), &device);
-  EXPECT_EQ(text(),
+  EXPECT_EQ(json(),
             R"({"room":"kitchen","ad_tracking":true,"user_agent":"Agent/1",)"
             R"("idfa":"11111111-2222-4333-8444-555555555555",)"
             R"("idfv":"66666666-7777-4888-8999-AAAAAAAAAAAA",)"
@@ -170,7 +170,7 @@ TEST_F(DeviceBlock, ReinitReadsIdentityAnewAndKeepsWhatIsNotCollected) {
             R"("timezone":"Asia/Tokyo"})");
 }
 
-TEST_F(DeviceBlock, InitOnceMoreChangesNothing) {
+TEST_F(DeviceBlock, SecondInitChangesNothing) {
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
   variables().addData_withValue(kJXPredefinedVariable_Language, "fr");
@@ -180,7 +180,7 @@ TEST_F(DeviceBlock, InitOnceMoreChangesNothing) {
   EXPECT_EQ(device.getOsProperties(), os);
 }
 
-TEST_F(DeviceBlock, AnotherInstanceComesBackAsItWasMade) {
+TEST_F(DeviceBlock, InitLeavesSecondInstanceUnchanged) {
   const auto serverSide = make();
   JXDevice::sharedInstance();
   JXDevice other;
@@ -192,13 +192,24 @@ TEST_F(DeviceBlock, AnotherInstanceComesBackAsItWasMade) {
   EXPECT_TRUE(other.getJsonObject().get("os").object().isPresent());
 }
 
-TEST_F(DeviceBlock, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
+TEST_F(DeviceBlock, InitReturnsNullAndBlocksLaterCallsIfBaseFails) {
   start();
   BaselessDevice device;
   EXPECT_TRUE(neverReturns([&] { ASSERT_EQ(device.init(), nullptr); }, [&] { device.init(); }));
 }
 
-TEST_F(DeviceBlock, TheUserAgentIsFetchedOnceAndThenKept) {
+TEST_F(DeviceBlock, OmitsSdkIdIfCreatedBeforeTheFirstServerSide) {
+  start();
+  JXDevice& device = JXDevice::sharedInstance();
+  EXPECT_FALSE(device.sdkID().isPresent());
+  const auto serverSide = make();
+  EXPECT_FALSE(inside(execute(*serverSide).body, {"context", "device"}).contains("sdk_id"));
+  device.reinit();
+  EXPECT_EQ(inside(execute(*serverSide).body, {"context", "device"}).get("sdk_id").string(),
+            JXString("00000000-0000-4000-8000-000000000001"));
+}
+
+TEST_F(DeviceBlock, ReadsUserAgentOnce) {
   const auto serverSide = make();
   JXCoreVariables& core = JXCoreVariables::sharedInstance();
   EXPECT_FALSE(block().contains("user_agent"));
@@ -208,7 +219,7 @@ TEST_F(DeviceBlock, TheUserAgentIsFetchedOnceAndThenKept) {
   EXPECT_EQ(block().get("user_agent").string(), JXString("Agent/1"));
 }
 
-TEST_F(DeviceBlock, AnEmptyUserAgentIsKeptToo) {
+TEST_F(DeviceBlock, KeepsEmptyUserAgent) {
   const auto serverSide = make();
   JXCoreVariables& core = JXCoreVariables::sharedInstance();
   core.addData_withValue(kJXPredefinedVariable_UserAgent, "");
@@ -217,20 +228,20 @@ TEST_F(DeviceBlock, AnEmptyUserAgentIsKeptToo) {
   EXPECT_EQ(block().get("user_agent").string(), JXString(""));
 }
 
-TEST_F(DeviceBlock, OwnKeysReplaceTheHostsInTheirPlace) {
+TEST_F(DeviceBlock, FieldsOverrideAdditionalProperties) {
   const auto serverSide = make();
   JXDevice& device = JXDevice::sharedInstance();
   device.addAdditionalProperty_withStringValue("language", "forged");
-  device.addAdditionalProperty_withStringValue("idfa", "kept, as nothing replaces it");
+  device.addAdditionalProperty_withStringValue("idfa", "kept, no field overrides it");
   device.getOsProperties()->addAdditionalProperty_withStringValue("name", "forged");
   device.getScreenProperties()->addAdditionalProperty_withStringValue("width", "forged");
   EXPECT_EQ(block().get("language").string(), JXString("en"));
-  EXPECT_EQ(block().get("idfa").string(), JXString("kept, as nothing replaces it"));
+  EXPECT_EQ(block().get("idfa").string(), JXString("kept, no field overrides it"));
   EXPECT_EQ(inside(block(), {"os"}).get("name").string(), JXString("tvos"));
   EXPECT_EQ(inside(block(), {"screen"}).get("width").numberString(), JXString("1920"));
 }
 
-TEST_F(DeviceBlock, AlwaysHoldsALifecycleObject) {
+TEST_F(DeviceBlock, AlwaysContainsLifecycleObject) {
   const auto serverSide = make();
   variables().clearData();
   const JXJsonObject lifecycle = block().get("lifecycle").object();
@@ -239,7 +250,7 @@ TEST_F(DeviceBlock, AlwaysHoldsALifecycleObject) {
             R"({"new_session":false,"first_execute":false,"is_first_visit":false})");
 }
 
-TEST_F(DeviceBlock, AdvertisingValuesAreCopiedAsTheyAre) {
+TEST_F(DeviceBlock, CopiesAdvertisingValuesUnchanged) {
   const auto serverSide = make();
   JXCoreVariables& core = JXCoreVariables::sharedInstance();
   core.addData_withValue(kJXPredefinedVariable_isTrackingEnabled, "maybe");
@@ -256,7 +267,7 @@ TEST_F(DeviceBlock, AdvertisingValuesAreCopiedAsTheyAre) {
   EXPECT_FALSE(device.IDFV().isPresent());
 }
 
-TEST_F(DeviceBlock, EachCallBuildsANewObject) {
+TEST_F(DeviceBlock, ReturnsNewObjectOnEachCall) {
   const auto serverSide = make();
   JXJsonObject first = block();
   first.set("stray", true);
@@ -265,7 +276,7 @@ TEST_F(DeviceBlock, EachCallBuildsANewObject) {
   EXPECT_FALSE(inside(block(), {"os"}).contains("stray"));
 }
 
-TEST_F(DeviceBlock, AccessorsAreReadAndWrittenUnderTheirNames) {
+TEST_F(DeviceBlock, GettersReturnWhatSettersStored) {
   start();
   JXDevice device;
   device.setSdkID("1");

@@ -15,13 +15,13 @@ namespace {
 class LifecycleBlock : public ServerSideFixture {
  protected:
   static JXJsonObject block() { return JXLifecycle::sharedInstance().getJsonObject(); }
-  static std::string text() { return JXJsonWriter::write(block(), JXJsonStyle::Compact).text; }
+  static std::string json() { return JXJsonWriter::write(block(), JXJsonStyle::Compact).text; }
   static void set(std::string_view key, const JXString& value) {
     JXPredefinedVariables::sharedInstance().addData_withValue(key, value);
   }
 };
 
-TEST_F(LifecycleBlock, EachKeyCopiesItsVariableInWritingOrder) {
+TEST_F(LifecycleBlock, WritesEachVariableInOrder) {
   start();
   JXPredefinedVariables::sharedInstance().clearData();
   set("#JX_SESSION_ID#", "s");
@@ -42,7 +42,7 @@ TEST_F(LifecycleBlock, EachKeyCopiesItsVariableInWritingOrder) {
   set("#JX_BACKGROUND_TIME#", "16");
   set("#JX_FIRST_EXECUTE#", "TRUE");
   set("#JX_IS_FIRST_VISIT#", "TRUE");
-  EXPECT_EQ(text(),
+  EXPECT_EQ(json(),
             R"({"session_id":"s","new_session":true,"session_duration":3,"current_session":4,)"
             R"("visit_number":5,"current_visit":6,"current_version_first_visit":7,)"
             R"("session_number":8,"first_visit":9,"last_visit":10,"last_call":11,)"
@@ -51,7 +51,7 @@ TEST_F(LifecycleBlock, EachKeyCopiesItsVariableInWritingOrder) {
             R"("is_first_visit":true})");
 }
 
-TEST_F(LifecycleBlock, OnlyTheTextOneIsANewSession) {
+TEST_F(LifecycleBlock, ReportsNewSessionOnlyForStringOne) {
   start();
   for (const char* value : {"true", "TRUE", "0", "", "01", "1 "}) {
     set("#JX_NEW_SESSION#", value);
@@ -63,7 +63,7 @@ TEST_F(LifecycleBlock, OnlyTheTextOneIsANewSession) {
   EXPECT_TRUE(block().get("new_session").boolValue());
 }
 
-TEST_F(LifecycleBlock, OnlyTheTextTrueInCapitalsIsTheFirstExecuteOrVisit) {
+TEST_F(LifecycleBlock, ReportsFirstExecuteAndVisitOnlyForStringTRUE) {
   start();
   for (const char* value : {"1", "true", "True", "", "TRUE "}) {
     set("#JX_FIRST_EXECUTE#", value);
@@ -77,7 +77,7 @@ TEST_F(LifecycleBlock, OnlyTheTextTrueInCapitalsIsTheFirstExecuteOrVisit) {
   EXPECT_TRUE(block().get("is_first_visit").boolValue());
 }
 
-TEST_F(LifecycleBlock, HostPropertiesStandBesideTheKeysAndAreReplacedByWrittenOnes) {
+TEST_F(LifecycleBlock, FieldsOverrideAdditionalProperties) {
   start();
   JXLifecycle& lifecycle = JXLifecycle::sharedInstance();
   lifecycle.addAdditionalProperty_withStringValue("mood", "good");
@@ -88,23 +88,23 @@ TEST_F(LifecycleBlock, HostPropertiesStandBesideTheKeysAndAreReplacedByWrittenOn
   EXPECT_EQ(block().get("visit_number").string(), JXString("forged"));
 }
 
-TEST_F(LifecycleBlock, EachSerialisationReadsTheVariablesAnew) {
+TEST_F(LifecycleBlock, ReadsVariablesAtEachSerialisation) {
   start();
   set("#JX_NUMBER_VISIT#", "7");
   EXPECT_EQ(block().get("visit_number").numberString(), JXString("7"));
   set("#JX_NUMBER_VISIT#", "8");
-  EXPECT_EQ(JXLifecycle::sharedInstance().visitNumber(), JXString("7")) << "copied last";
+  EXPECT_EQ(JXLifecycle::sharedInstance().visitNumber(), JXString("7")) << "the last copied value";
   EXPECT_EQ(block().get("visit_number").numberString(), JXString("8"));
 }
 
-TEST_F(LifecycleBlock, TheFieldsKeepTheTextAndTheBlockWritesANumber) {
+TEST_F(LifecycleBlock, KeepsTheStringAndWritesANumber) {
   start();
   set("#JX_CURRENT_VISIT_MS#", "+0012.50");
   EXPECT_EQ(block().get("current_visit").numberString(), JXString("12.50"));
   EXPECT_EQ(JXLifecycle::sharedInstance().currentVisit(), JXString("+0012.50"));
 }
 
-TEST_F(LifecycleBlock, TextsThatAreNoNumbersAreLeftOut) {
+TEST_F(LifecycleBlock, OmitsStringsThatAreNotNumbers) {
   start();
   for (const char* value : {"", "abc", "12ms", "-"}) {
     set("#JX_CURRENT_VISIT_MS#", value);
@@ -117,7 +117,7 @@ TEST_F(LifecycleBlock, TextsThatAreNoNumbersAreLeftOut) {
   EXPECT_EQ(block().get("current_visit").numberString(), JXString("-5"));
 }
 
-TEST_F(LifecycleBlock, BeforeItIsSerialisedEverythingIsEmpty) {
+TEST_F(LifecycleBlock, IsEmptyBeforeFirstSerialisation) {
   start();
   const JXLifecycle& lifecycle = JXLifecycle::sharedInstance();
   EXPECT_FALSE(lifecycle.sessionID().isPresent());
@@ -127,7 +127,7 @@ TEST_F(LifecycleBlock, BeforeItIsSerialisedEverythingIsEmpty) {
   EXPECT_FALSE(lifecycle.firstExecute());
 }
 
-TEST_F(LifecycleBlock, InitASecondTimeNeverReturns) {
+TEST_F(LifecycleBlock, SecondInitNeverReturns) {
   start();
   EXPECT_TRUE(neverReturns([] { JXLifecycle::sharedInstance(); },
                            [] { JXLifecycle::sharedInstance().init(); }));
@@ -138,12 +138,12 @@ TEST_F(LifecycleBlock, InitASecondTimeNeverReturns) {
                            }));
 }
 
-TEST_F(LifecycleBlock, AskingForItAgainReturnsTheSameObject) {
+TEST_F(LifecycleBlock, SharedInstanceReturnsSameObject) {
   start();
   EXPECT_EQ(&JXLifecycle::sharedInstance(), &JXLifecycle::sharedInstance());
 }
 
-TEST_F(LifecycleBlock, AccessorsAreReadAndWrittenUnderTheirNames) {
+TEST_F(LifecycleBlock, GettersReturnWhatSettersStored) {
   start();
   JXLifecycle l;
   l.setFirstExecute(true);

@@ -16,11 +16,11 @@ std::string json(const std::shared_ptr<JXAdditionalProperties>& object) {
   return JXUtils::jsonDictionaryToString(object->getAdditionalProperties()).toStdString();
 }
 
-TEST(JXAdditionalProperties, ThereAreNoneAtFirst) {
+TEST(JXAdditionalProperties, IsInitiallyEmpty) {
   EXPECT_EQ(json(JXAdditionalProperties::init()), "{}");
 }
 
-TEST(JXAdditionalProperties, TheLaterValueReplacesTheEarlier) {
+TEST(JXAdditionalProperties, ReplacesAnEarlierValueOfTheSameKey) {
   const auto object = JXAdditionalProperties::init();
   object->addAdditionalProperty_withStringValue("store", "uk");
   object->addAdditionalProperty_withStringValue("shelf", "top");
@@ -32,7 +32,7 @@ TEST(JXAdditionalProperties, TheLaterValueReplacesTheEarlier) {
   EXPECT_EQ(json(object), R"({"store":{"a":1},"shelf":"top"})");
 }
 
-TEST(JXAdditionalProperties, AbsentKeysAndValuesAreIgnored) {
+TEST(JXAdditionalProperties, IgnoresNullKeysAndValues) {
   const auto object = JXAdditionalProperties::init();
   object->addAdditionalProperty_withStringValue("store", "uk");
   object->addAdditionalProperty_withStringValue("store", nullptr);
@@ -43,13 +43,13 @@ TEST(JXAdditionalProperties, AbsentKeysAndValuesAreIgnored) {
   EXPECT_EQ(json(object), R"({"store":"uk"})");
 }
 
-TEST(JXAdditionalProperties, EmptyKeysAndTextsAreKept) {
+TEST(JXAdditionalProperties, KeepsEmptyKeysAndStrings) {
   const auto object = JXAdditionalProperties::init();
   object->addAdditionalProperty_withStringValue("", "");
   EXPECT_EQ(json(object), R"({"":""})");
 }
 
-TEST(JXAdditionalProperties, ADictIsStoredItself) {
+TEST(JXAdditionalProperties, StoresADictByReference) {
   const auto object = JXAdditionalProperties::init();
   JXJsonObject dict;
   object->addAdditionalProperty_withDictValue("gift", dict);
@@ -57,7 +57,7 @@ TEST(JXAdditionalProperties, ADictIsStoredItself) {
   EXPECT_EQ(json(object), R"({"gift":{"wrapped":true}})");
 }
 
-TEST(JXAdditionalProperties, EveryEntryOfAnObjectIsAddedNullIncluded) {
+TEST(JXAdditionalProperties, AddsEveryEntryOfAnObjectIncludingJsonNull) {
   const auto object = JXAdditionalProperties::init();
   object->addAdditionalProperty_withStringValue("b", "before");
   JXJsonObject entries;
@@ -70,7 +70,7 @@ TEST(JXAdditionalProperties, EveryEntryOfAnObjectIsAddedNullIncluded) {
   EXPECT_EQ(json(object), R"({"b":1.50,"a":null,"c":[]})");
 }
 
-TEST(JXAdditionalProperties, EveryPairOfAStoreIsAddedAsItIsNow) {
+TEST(JXAdditionalProperties, AddsTheCurrentPairsOfAStore) {
   const auto object = JXAdditionalProperties::init();
   const auto store = JXDynamicStore::init();
   store->addData_withValue("store", "uk");
@@ -80,7 +80,7 @@ TEST(JXAdditionalProperties, EveryPairOfAStoreIsAddedAsItIsNow) {
   EXPECT_EQ(json(object), R"({"store":"uk","tills":3})");
 }
 
-TEST(JXAdditionalProperties, AddingItsOwnPropertiesChangesNothing) {
+TEST(JXAdditionalProperties, AddingItsOwnPropertiesHasNoEffect) {
   const auto object = JXAdditionalProperties::init();
   object->addAdditionalProperty_withStringValue("a", "1");
   object->addAdditionalProperty(object->getAdditionalProperties());
@@ -88,7 +88,7 @@ TEST(JXAdditionalProperties, AddingItsOwnPropertiesChangesNothing) {
   EXPECT_EQ(json(object), R"({"a":"1"})");
 }
 
-TEST(JXAdditionalProperties, WhatIsAnsweredIsTheObjectsOwn) {
+TEST(JXAdditionalProperties, ReturnsItsOwnObjectNotACopy) {
   const auto object = JXAdditionalProperties::init();
   object->getAdditionalProperties().set("direct", 1);
   EXPECT_EQ(json(object), R"({"direct":1})");

@@ -7,7 +7,7 @@
 namespace jx {
 namespace {
 
-TEST(JXClassRegistry, KnowsWhatRegisteredItself) {
+TEST(JXClassRegistry, FindsRegisteredNames) {
   JXClassRegistry& registry = JXClassRegistry::sharedInstance();
   EXPECT_FALSE(registry.hasClass("JXMobileConsent"));
   registry.registerClass("JXMobileConsent");
@@ -20,7 +20,7 @@ TEST(JXClassRegistry, KnowsWhatRegisteredItself) {
   registry.unregisterClass("JXMobileConsent");
 }
 
-TEST(JXClassRegistry, IgnoresAbsentAndEmptyNames) {
+TEST(JXClassRegistry, IgnoresNullAndEmptyNames) {
   JXClassRegistry& registry = JXClassRegistry::sharedInstance();
   registry.registerClass(nullptr);
   registry.registerClass("");

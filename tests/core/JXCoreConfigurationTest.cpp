@@ -18,7 +18,7 @@ namespace {
 
 class JXCoreConfigurationTest : public test::JXCoreFixture {};
 
-TEST(JXCoreConfigurationDefaults, SuitATelevisionApplication) {
+TEST(JXCoreConfigurationDefaults, MatchTheDocumentedValues) {
   const JXCoreConfiguration defaults;
   EXPECT_FALSE(defaults.storageFolder.isPresent());
   EXPECT_FALSE(defaults.collectionHost.isPresent());
@@ -38,7 +38,7 @@ TEST(JXCoreConfigurationDefaults, SuitATelevisionApplication) {
   EXPECT_EQ(defaults.retryTimings.userAgentWait, std::chrono::milliseconds(10'000));
 }
 
-TEST_F(JXCoreConfigurationTest, MayBeSetAgainUntilTheCoreStarts) {
+TEST_F(JXCoreConfigurationTest, CanBeSetAgainUntilTheCoreStarts) {
   EXPECT_FALSE(JXCoreServices::hasStarted());
   clock_ = std::make_shared<JXManualClock>(5);
   configuration_.clock = clock_;
@@ -48,7 +48,7 @@ TEST_F(JXCoreConfigurationTest, MayBeSetAgainUntilTheCoreStarts) {
   EXPECT_TRUE(JXCoreServices::hasStarted());
 }
 
-TEST_F(JXCoreConfigurationTest, ALateOneIsIgnoredWithOneLine) {
+TEST_F(JXCoreConfigurationTest, IgnoresALateSetAndLogsOneMessage) {
   JXCoreInitialisation::init();
   const auto before = logLines().size();
   JXCoreConfiguration late = configuration_;
@@ -61,11 +61,11 @@ TEST_F(JXCoreConfigurationTest, ALateOneIsIgnoredWithOneLine) {
   EXPECT_EQ(logLines().back().substr(0, 2), "3 ");
 }
 
-TEST_F(JXCoreConfigurationTest, MakesTheCollectionEndpoint) {
+TEST_F(JXCoreConfigurationTest, CreatesTheCollectionEndpoint) {
   EXPECT_EQ(JXCoreServices::sharedInstance().collectionEndpoint(), JXString("http://127.0.0.1"));
 }
 
-TEST_F(JXCoreConfigurationTest, StartingTheCoreTwiceChangesNothing) {
+TEST_F(JXCoreConfigurationTest, SecondCoreStartHasNoEffect) {
   EXPECT_NE(JXCoreInitialisation::init(), nullptr);
   const JXString sdkId = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID);
   EXPECT_NE(JXCoreInitialisation::init(), nullptr);
@@ -73,7 +73,7 @@ TEST_F(JXCoreConfigurationTest, StartingTheCoreTwiceChangesNothing) {
   EXPECT_EQ(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID), sdkId);
 }
 
-TEST_F(JXCoreConfigurationTest, ADryRunTakesNoRequests) {
+TEST_F(JXCoreConfigurationTest, DryRunDoesNotQueueRequests) {
   JXCoreInitialisation::init();
   JXNetworkManager::sharedInstance().enqueue("http://127.0.0.1/events", "{}");
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.added, 0U);
@@ -85,10 +85,10 @@ class JXCoreStart : public test::JXCoreFixture {
   void prepare() override { configuration_.collectionHost = "http://collect.example.com"; }
 };
 
-TEST_F(JXCoreStart, SaysWhatIsWrongWithTheCollectionHostOnce) {
+TEST_F(JXCoreStart, LogsAnInvalidCollectionHostOnce) {
   JXCoreInitialisation::init();
   JXCoreInitialisation::init();
-  EXPECT_EQ(countLogLines("3 Plain http is refused"), 1);
+  EXPECT_EQ(countLogLines("3 Collection host \"http://collect.example.com\" upgraded to https"), 1);
   EXPECT_EQ(JXCoreServices::sharedInstance().collectionEndpoint(),
             JXString("https://collect.example.com"));
 }
@@ -97,14 +97,14 @@ class JXPinnedStart : public test::JXCoreFixture {
  protected:
   void prepare() override {
     configuration_.dryRun = false;
-    configuration_.pinnedPublicKeys = {"47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=", "a slip"};
+    configuration_.pinnedPublicKeys = {"47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=", "a typo"};
   }
 };
 
-TEST_F(JXPinnedStart, SaysWhichPinIsNone) {
+TEST_F(JXPinnedStart, LogsEachInvalidPin) {
   JXCoreInitialisation::init();
-  EXPECT_EQ(countLogLines("3 The pinned key \"a slip\" is no SHA-256 in Base64"), 1);
-  EXPECT_EQ(countLogLines("3 The pinned key"), 1);
+  EXPECT_EQ(countLogLines("3 Pinned key \"a typo\" is not a SHA-256 hash in Base64"), 1);
+  EXPECT_EQ(countLogLines("3 Pinned key"), 1);
 }
 
 class Posted {
@@ -122,7 +122,7 @@ class Posted {
   std::string names_;
 };
 
-TEST(JXApplication, PostsTheApplicationsNotificationsOnTheDefaultCentre) {
+TEST(JXApplication, PostsApplicationNotificationsOnTheDefaultCenter) {
   const Posted posted;
   JXApplication::applicationDidEnterBackground();
   JXApplication::applicationWillEnterForeground();
@@ -131,7 +131,7 @@ TEST(JXApplication, PostsTheApplicationsNotificationsOnTheDefaultCentre) {
             "UIApplicationWillEnterForegroundNotification;");
 }
 
-TEST_F(JXCoreConfigurationTest, ThePlatformsApplicationIsObservedFromTheStart) {
+TEST_F(JXCoreConfigurationTest, ObservesThePlatformApplicationFromTheStart) {
   const Posted posted;
   EXPECT_FALSE(platform_->enterBackground());
   JXCoreInitialisation::init();

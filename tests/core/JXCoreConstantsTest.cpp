@@ -7,7 +7,7 @@
 namespace jx {
 namespace {
 
-TEST(JXCoreConstants, NameTheBlocksOfThePayload) {
+TEST(JXCoreConstants, DefineTheBlocksOfThePayload) {
   EXPECT_EQ(kJXCoreVersion, "1.0.0");
   EXPECT_EQ(JXE_CONTEXT, "context");
   EXPECT_EQ(JXE_USER, "user");
@@ -16,7 +16,7 @@ TEST(JXCoreConstants, NameTheBlocksOfThePayload) {
   EXPECT_EQ(STATIC_IDFA, "00000000-0000-0000-0000-000000000000");
 }
 
-TEST(JXCoreConstants, NameTheKeysOfTheDeviceBlock) {
+TEST(JXCoreConstants, DefineTheKeysOfTheDeviceBlock) {
   EXPECT_EQ(JXD_DEVICE, "device");
   EXPECT_EQ(JXD_ADTRACKING, "ad_tracking");
   EXPECT_EQ(JXD_IDFA, "idfa");
@@ -39,7 +39,7 @@ TEST(JXCoreConstants, NameTheKeysOfTheDeviceBlock) {
   EXPECT_EQ(JXD_USER_AGENT, "user_agent");
 }
 
-TEST(JXCoreConstants, NameTheCoresVariables) {
+TEST(JXCoreConstants, DefineTheCoreVariables) {
   EXPECT_EQ(kJXPredefinedVariable_IDFA, "#JX_IDFA#");
   EXPECT_EQ(kJXPredefinedVariable_IDFV, "#JX_IDFV#");
   EXPECT_EQ(kJXPredefinedVariable_SDKID, "#JX_SDK_ID#");
@@ -49,7 +49,7 @@ TEST(JXCoreConstants, NameTheCoresVariables) {
   EXPECT_EQ(JX_ConsentVersion, "#JX_CONSENT_VERSION#");
 }
 
-TEST(JXCoreConstants, NameTheNotifications) {
+TEST(JXCoreConstants, DefineTheNotificationNames) {
   EXPECT_EQ(kJXNotification_HTTPRequest, "JXNotification: HTTP Request");
   EXPECT_EQ(kJXNotification_EnablingTheServerSide, "JXNotification: Enabling The Server Side");
   EXPECT_EQ(kJXNotification_StoppingTheServerSide, "JXNotification: Stopping The Server Side");
@@ -63,7 +63,7 @@ TEST(JXCoreConstants, NameTheNotifications) {
             "UIApplicationWillEnterForegroundNotification");
 }
 
-TEST(JXCoreConstants, ThePartsOfANotificationHaveKeysOfTheirOwn) {
+TEST(JXCoreConstants, DefineDistinctUserInfoKeys) {
   EXPECT_NE(kJXUserInfo_URLKey, kJXUserInfo_POSTData);
   EXPECT_NE(kJXUserInfo_URLKey, kJXUserInfo_DataKey);
   EXPECT_NE(kJXUserInfo_POSTData, kJXUserInfo_DataKey);

@@ -19,12 +19,12 @@
 
 namespace jx::test {
 
-/// Sets the core's configuration before anything of it starts: a fake platform, a clock that is
-/// moved by hand, a folder of the test's own, and a log that is kept. The core starts once in a
-/// process, so a test needs a process of its own.
+/// Sets the core's configuration before the core starts: a fake platform, a manual clock, a
+/// temporary folder and a captured log. The core starts once per process, so each test needs its
+/// own process.
 class JXCoreFixture : public testing::Test {
  public:
-  /// The log so far, each line as "LEVEL TEXT".
+  /// Returns the log messages so far, each as "LEVEL MESSAGE".
   std::vector<std::string> logLines() const {
     const std::lock_guard<std::mutex> lock(log_->mutex);
     return log_->lines;
@@ -52,9 +52,9 @@ class JXCoreFixture : public testing::Test {
   void SetUp() override {
     prepare();
     ASSERT_TRUE(JXCoreConfiguration::set(configuration_))
-        << "the core has started: run each test in a process of its own";
+        << "the core has already started: run each test in its own process";
   }
-  /// For changes to the configuration before it is set.
+  /// Hook for changes to the configuration before it is set.
   virtual void prepare() {}
 
   struct Log {
@@ -62,8 +62,8 @@ class JXCoreFixture : public testing::Test {
     std::vector<std::string> lines;
   };
 
-  // Made before the core starts, so that it ends after the transfer thread, which would otherwise
-  // write into a folder that is gone already.
+  // Created before the core starts, so that it is destroyed after the transfer thread has ended,
+  // which would otherwise write to a removed folder.
   static TemporaryFolder& folder() {
     static TemporaryFolder folder;
     return folder;

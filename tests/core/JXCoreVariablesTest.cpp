@@ -17,7 +17,7 @@
 namespace jx {
 namespace {
 
-// What a child process, which starts the core anew, gives back; empty when it failed.
+// Returns the result of `work` in a child process, which starts its own core; empty on failure.
 template <typename Work>
 std::string inAnotherProcess(Work work) {
   int ends[2];
@@ -25,20 +25,20 @@ std::string inAnotherProcess(Work work) {
   const pid_t child = fork();
   if (child == 0) {
     close(ends[0]);
-    const std::string text = work();
+    const std::string result = work();
     const bool isWritten =
-        write(ends[1], text.data(), text.size()) == static_cast<ssize_t>(text.size());
+        write(ends[1], result.data(), result.size()) == static_cast<ssize_t>(result.size());
     _exit(isWritten ? 0 : 1);
   }
   close(ends[1]);
-  std::string text;
+  std::string result;
   char part[256];
   for (ssize_t length = 0; (length = read(ends[0], part, sizeof part)) > 0;)
-    text.append(part, static_cast<std::size_t>(length));
+    result.append(part, static_cast<std::size_t>(length));
   close(ends[0]);
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? text : std::string();
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? result : std::string();
 }
 
 class JXCoreVariablesTest : public test::JXCoreFixture {
@@ -46,7 +46,7 @@ class JXCoreVariablesTest : public test::JXCoreFixture {
   static JXCoreVariables& variables() { return JXCoreVariables::sharedInstance(); }
 };
 
-TEST_F(JXCoreVariablesTest, TellTheTimeOfTheConfiguredClock) {
+TEST_F(JXCoreVariablesTest, ReturnTheTimeOfTheConfiguredClock) {
   EXPECT_EQ(variables().nowMs(), 1'700'000'000'123);
   EXPECT_EQ(variables().nowMsString(), JXString("1700000000123"));
   EXPECT_EQ(variables().nowString(), JXString("1700000000"));
@@ -56,14 +56,14 @@ TEST_F(JXCoreVariablesTest, TellTheTimeOfTheConfiguredClock) {
   EXPECT_EQ(variables().nowString(), JXString("1700000001"));
 }
 
-TEST_F(JXCoreVariablesTest, TellTimesBefore1970AndFarAway) {
+TEST_F(JXCoreVariablesTest, ReturnTimesBefore1970AndInTheFarFuture) {
   clock_->set(0);
   EXPECT_EQ(variables().nowMsString(), JXString("0"));
   EXPECT_EQ(variables().nowString(), JXString("0"));
   clock_->set(-86'400'000);
   EXPECT_EQ(variables().nowMsString(), JXString("-86400000"));
   EXPECT_EQ(variables().nowString(), JXString("-86400"));
-  // The second that the instant lies in began before it.
+  // Seconds are rounded down, also for negative times.
   clock_->set(-1'500);
   EXPECT_EQ(variables().nowMsString(), JXString("-1500"));
   EXPECT_EQ(variables().nowString(), JXString("-2"));
@@ -72,7 +72,7 @@ TEST_F(JXCoreVariablesTest, TellTimesBefore1970AndFarAway) {
   EXPECT_EQ(variables().nowString(), JXString("253402300799"));
 }
 
-TEST_F(JXCoreVariablesTest, KeepTexts) {
+TEST_F(JXCoreVariablesTest, StoreStrings) {
   variables().addData_withValue("a", "1");
   EXPECT_EQ(variables().getData("a"), JXString("1"));
   EXPECT_EQ(variables().dynamicStore()->getData("a").string(), JXString("1"));
@@ -86,7 +86,7 @@ TEST_F(JXCoreVariablesTest, KeepTexts) {
   EXPECT_FALSE(variables().getData("number").isPresent());
 }
 
-TEST_F(JXCoreVariablesTest, ReadTheVendorIdentifierWhenTold) {
+TEST_F(JXCoreVariablesTest, ReadTheVendorIdentifierOnSetIDFV) {
   EXPECT_FALSE(variables().getData("#JX_IDFV#").isPresent());
   variables().setIDFV();
   EXPECT_EQ(variables().getData("#JX_IDFV#"), JXString("66666666-7777-4888-8999-AAAAAAAAAAAA"));
@@ -95,7 +95,7 @@ TEST_F(JXCoreVariablesTest, ReadTheVendorIdentifierWhenTold) {
   EXPECT_FALSE(variables().getData("#JX_IDFV#").isPresent());
 }
 
-TEST_F(JXCoreVariablesTest, RememberWhetherToRunInTheBackground) {
+TEST_F(JXCoreVariablesTest, StoreWhetherToRunInTheBackground) {
   EXPECT_FALSE(variables().enableSDKInBG());
   variables().setEnableSDKInBG(true);
   EXPECT_TRUE(variables().enableSDKInBG());
@@ -103,36 +103,36 @@ TEST_F(JXCoreVariablesTest, RememberWhetherToRunInTheBackground) {
   EXPECT_FALSE(variables().enableSDKInBG());
 }
 
-TEST_F(JXCoreVariablesTest, TheSdkIdIsMadeOnceAndPersisted) {
+TEST_F(JXCoreVariablesTest, CreateAndPersistTheSdkIdOnce) {
   const JXString id = variables().getData("#JX_SDK_ID#");
   EXPECT_EQ(id, JXString("00000000-0000-4000-8000-000000000001"));
   EXPECT_EQ(platform_->defaults.entries().at("#JX_SDK_ID#"), id);
   EXPECT_EQ(platform_->defaults.setCount("#JX_SDK_ID#"), 1);
 }
 
-TEST_F(JXCoreVariablesTest, APersistedSdkIdIsKept) {
+TEST_F(JXCoreVariablesTest, KeepAPersistedSdkId) {
   platform_->defaults.preset("#JX_SDK_ID#", "earlier");
   EXPECT_EQ(variables().getData("#JX_SDK_ID#"), JXString("earlier"));
   EXPECT_EQ(platform_->defaults.setCount(), 0);
 }
 
-// The platform has no store of its own here, so the core's file holds what is persisted.
+// The platform has no store here, so the core persists values in its own file.
 class JXPersistedIdentifiers : public JXCoreVariablesTest {
  protected:
   void prepare() override { platform_->hasUserDefaults = false; }
 };
 
-TEST_F(JXPersistedIdentifiers, TheSdkIdOutlivesTheProcess) {
+TEST_F(JXPersistedIdentifiers, KeepTheSdkIdAcrossProcesses) {
   const auto sdkId = [] { return variables().getData("#JX_SDK_ID#").toStdString(); };
   const std::string first = inAnotherProcess(sdkId);
-  // Another process would make another identifier if it found none.
+  // Another process would create a different identifier if it found none.
   platform_->newUUID();
   EXPECT_EQ(first, "00000000-0000-4000-8000-000000000001");
   EXPECT_EQ(inAnotherProcess(sdkId), first);
   EXPECT_EQ(sdkId(), first);
 }
 
-TEST_F(JXPersistedIdentifiers, TheAnonymousIdOutlivesTheProcess) {
+TEST_F(JXPersistedIdentifiers, KeepTheAnonymousIdAcrossProcesses) {
   const std::string first = inAnotherProcess([] {
     JXUser::sharedInstance().setAnonymous_id("chosen");
     JXUser::sharedInstance().setConsentID("consent");
@@ -143,7 +143,7 @@ TEST_F(JXPersistedIdentifiers, TheAnonymousIdOutlivesTheProcess) {
   EXPECT_FALSE(JXUser::sharedInstance().consentID().isPresent());
 }
 
-TEST_F(JXPersistedIdentifiers, ASavedValueOutlivesAKill) {
+TEST_F(JXPersistedIdentifiers, KeepASavedValueAfterAKill) {
   const pid_t child = fork();
   if (child == 0) {
     JXUserDefaults::saveInfoToUserDefaults_forLabel("value", "label");

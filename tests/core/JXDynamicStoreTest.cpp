@@ -31,7 +31,7 @@ TEST(JXDynamicStore, KeepsValuesInTheOrderOfTheirKeys) {
   EXPECT_FALSE(store->getData("c").isPresent());
 }
 
-TEST(JXDynamicStore, AnAbsentValueRemovesAndNullIsAValue) {
+TEST(JXDynamicStore, RemovesTheKeyForANullValueAndStoresJsonNull) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", 1);
   store->addData_withValue("a", JXJsonValue());
@@ -40,7 +40,7 @@ TEST(JXDynamicStore, AnAbsentValueRemovesAndNullIsAValue) {
   EXPECT_EQ(store->getData("b").kind(), JXJsonValue::Kind::Null);
 }
 
-TEST(JXDynamicStore, AnAbsentKeyIsNotTheEmptyKey) {
+TEST(JXDynamicStore, DistinguishesNullKeysFromTheEmptyKey) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue(nullptr, "ignored");
   EXPECT_EQ(keysOf(*store), "");
@@ -51,7 +51,7 @@ TEST(JXDynamicStore, AnAbsentKeyIsNotTheEmptyKey) {
   EXPECT_EQ(store->getData("").string(), JXString("empty"));
 }
 
-TEST(JXDynamicStore, RemoveDataReturnsWhatWasThere) {
+TEST(JXDynamicStore, RemoveDataReturnsTheRemovedValue) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", "value");
   EXPECT_EQ(store->removeData("a").string(), JXString("value"));
@@ -59,7 +59,7 @@ TEST(JXDynamicStore, RemoveDataReturnsWhatWasThere) {
   EXPECT_FALSE(store->getData("a").isPresent());
 }
 
-TEST(JXDynamicStore, MergingReplacesValuesOfTheSameKey) {
+TEST(JXDynamicStore, MergingReplacesValuesWithTheSameKey) {
   const auto store = JXDynamicStore::init();
   const auto other = JXDynamicStore::init();
   store->addData_withValue("a", 1);
@@ -93,14 +93,14 @@ TEST(JXDynamicStore, ClearDataRemovesEverything) {
   EXPECT_EQ(keysOf(*store), "");
 }
 
-TEST(JXDynamicStore, MayBeUsedByManyThreads) {
+TEST(JXDynamicStore, CanBeUsedByManyThreads) {
   const auto store = JXDynamicStore::init();
   std::vector<std::thread> threads;
   for (int number = 0; number < 4; ++number) {
     threads.emplace_back([&store, number] {
-      const std::string own = "own key of thread number " + std::to_string(number);
+      const std::string own = "key of thread " + std::to_string(number);
       for (int i = 0; i < 500; ++i) {
-        store->addData_withValue(own, "a text that is too long to be held in place");
+        store->addData_withValue(own, "a string that is too long for the small string buffer");
         store->addData_withValue("shared", own);
         store->getData("shared");
         store->entries();
@@ -113,20 +113,20 @@ TEST(JXDynamicStore, MayBeUsedByManyThreads) {
   EXPECT_EQ(store->entries().size(), 5U);
 }
 
-TEST(JXDynamicStore, TellsTextsTogetherWhereverTheirKeysStand) {
+TEST(JXDynamicStore, ReturnsSeveralStringsAtAnyPosition) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", "1");
   store->addData_withValue("number", 2);
   store->addData_withValue("b", "3");
   constexpr std::string_view kKeys[] = {"b", "none", "a", "number"};
-  std::size_t places[4] = {};
+  std::size_t positions[4] = {};
   const auto expect = [&](const JXString& b, const JXString& a) {
-    JXString texts[4];
-    store->getStrings(kKeys, 4, places, texts);
-    EXPECT_EQ(texts[0], b);
-    EXPECT_EQ(texts[1], JXString());
-    EXPECT_EQ(texts[2], a);
-    EXPECT_EQ(texts[3], JXString());  // a number is no text
+    JXString strings[4];
+    store->getStrings(kKeys, 4, positions, strings);
+    EXPECT_EQ(strings[0], b);
+    EXPECT_EQ(strings[1], JXString());
+    EXPECT_EQ(strings[2], a);
+    EXPECT_EQ(strings[3], JXString());  // a number is not a string
   };
   expect("3", "1");
   store->addData_withValue("b", "4");

@@ -10,7 +10,7 @@
 namespace jx {
 namespace {
 
-TEST(JXList, AnAbsentListHoldsNothingAndIgnoresWhatIsAppended) {
+TEST(JXList, NullListIsEmptyAndIgnoresAppends) {
   const JXList<std::string> none(nullptr);
   none.append("a");
   none.appendAll({"b"});
@@ -19,7 +19,7 @@ TEST(JXList, AnAbsentListHoldsNothingAndIgnoresWhatIsAppended) {
   EXPECT_EQ(none.begin(), none.end());
 }
 
-TEST(JXList, AnEmptyListIsPresent) {
+TEST(JXList, EmptyListIsNotNull) {
   const JXList<int> empty;
   EXPECT_TRUE(empty.isPresent());
   EXPECT_EQ(empty.size(), 0U);
@@ -35,15 +35,15 @@ TEST(JXList, CopiesShareTheirElements) {
   EXPECT_EQ(list[2], "c");
 }
 
-TEST(JXList, AVectorIsCopied) {
+TEST(JXList, CopiesAVector) {
   std::vector<std::string> elements{"a"};
   const JXList<std::string> list(elements);
   elements.push_back("b");
   EXPECT_EQ(list.size(), 1U);
 }
 
-TEST(JXList, TakesAllElementsOfAnotherAndOfItself) {
-  const JXList<std::string> list{"a", "b, too long to be held in place"};
+TEST(JXList, AppendsAllElementsOfAnotherListAndOfItself) {
+  const JXList<std::string> list{"a", "b, too long for the small string buffer"};
   list.appendAll(nullptr);
   list.appendAll(list);
   std::string all;

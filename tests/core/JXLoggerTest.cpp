@@ -19,84 +19,84 @@ class JXLoggerTest : public testing::Test {
     logger_.setSink({});
     logger_.setMaxLevel(3);
   }
-  void keepLines() {
+  void captureMessages() {
     logger_.setSink([this](int level, std::string_view message) {
-      lines_.push_back(std::to_string(level) + " " + std::string(message));
+      messages_.push_back(std::to_string(level) + " " + std::string(message));
     });
   }
 
   JXLogger& logger_ = JXLogger::sharedInstance();
-  std::vector<std::string> lines_;
+  std::vector<std::string> messages_;
 };
 
-TEST_F(JXLoggerTest, PrintsLevelsUpToThreeUnlessToldOtherwise) {
-  keepLines();
+TEST_F(JXLoggerTest, PrintsLevelsUpToThreeByDefault) {
+  captureMessages();
   for (int level = 1; level <= 6; ++level)
-    logger_.logMessage_withLevel("line", level);
-  EXPECT_EQ(lines_, (std::vector<std::string>{"1 line", "2 line", "3 line"}));
+    logger_.logMessage_withLevel("message", level);
+  EXPECT_EQ(messages_, (std::vector<std::string>{"1 message", "2 message", "3 message"}));
   EXPECT_TRUE(logger_.printsLevel(3));
   EXPECT_FALSE(logger_.printsLevel(4));
 }
 
-TEST_F(JXLoggerTest, PrintsUpToTheLevelThatWasSet) {
-  keepLines();
+TEST_F(JXLoggerTest, PrintsUpToTheConfiguredLevel) {
+  captureMessages();
   logger_.setMaxLevel(6);
   logger_.logMessage_withLevel("detail", 6);
   logger_.setMaxLevel(2);
   logger_.logMessage_withLevel("failure", 3);
-  EXPECT_EQ(lines_, std::vector<std::string>{"6 detail"});
+  EXPECT_EQ(messages_, std::vector<std::string>{"6 detail"});
 }
 
-TEST_F(JXLoggerTest, LevelZeroPrintsNothingAtAll) {
-  keepLines();
+TEST_F(JXLoggerTest, PrintsNothingAtLevelZero) {
+  captureMessages();
   logger_.setMaxLevel(0);
   for (int level = -1; level <= 6; ++level) {
-    logger_.logMessage_withLevel("line", level);
+    logger_.logMessage_withLevel("message", level);
     EXPECT_FALSE(logger_.printsLevel(level)) << level;
   }
-  EXPECT_TRUE(lines_.empty());
+  EXPECT_TRUE(messages_.empty());
 }
 
-TEST_F(JXLoggerTest, WhatASinkThrowsIsDropped) {
+TEST_F(JXLoggerTest, DiscardsExceptionsOfASink) {
   logger_.setSink([](int, std::string_view) { throw std::runtime_error("full"); });
   logger_.logMessage_withLevel("lost", 2);
   logger_.setSink([](int, std::string_view) { throw 1; });
   logger_.logMessage_withLevel("lost", 2);
-  keepLines();
+  captureMessages();
   logger_.logMessage_withLevel("kept", 2);
-  EXPECT_EQ(lines_, std::vector<std::string>{"2 kept"});
+  EXPECT_EQ(messages_, std::vector<std::string>{"2 kept"});
 }
 
-TEST_F(JXLoggerTest, WhatASinkLogsItselfIsDropped) {
+TEST_F(JXLoggerTest, DiscardsMessagesLoggedByASink) {
   logger_.setSink([this](int, std::string_view message) {
-    lines_.emplace_back(message);
+    messages_.emplace_back(message);
     logger_.logMessage_withLevel("from inside", 2);
   });
   logger_.logMessage_withLevel("one", 2);
   logger_.logMessage_withLevel("two", 2);
-  EXPECT_EQ(lines_, (std::vector<std::string>{"one", "two"}));
+  EXPECT_EQ(messages_, (std::vector<std::string>{"one", "two"}));
 }
 
-TEST_F(JXLoggerTest, ASinkMayLogWhileItEnds) {
+TEST_F(JXLoggerTest, AllowsASinkToLogWhileItIsDestroyed) {
   struct Ending {
-    ~Ending() { JXLogger::sharedInstance().logMessage_withLevel("a sink ended", 2); }
+    ~Ending() { JXLogger::sharedInstance().logMessage_withLevel("sink destroyed", 2); }
   };
   auto ending = std::make_shared<Ending>();
   logger_.setSink([ending](int, std::string_view) {});
   ending.reset();
-  keepLines();
-  EXPECT_EQ(lines_, std::vector<std::string>{"2 a sink ended"});
+  captureMessages();
+  EXPECT_EQ(messages_, std::vector<std::string>{"2 sink destroyed"});
 }
 
-TEST_F(JXLoggerTest, ASinkIsCalledOnTheThreadThatLogsOneCallAtATime) {
-  // Not synchronised itself: the thread sanitizer would see two calls at a time.
+TEST_F(JXLoggerTest, CallsTheSinkOnTheLoggingThreadOneCallAtATime) {
+  // Not synchronised: the thread sanitizer would detect concurrent calls.
   std::size_t calls = 0;
   logger_.setSink([&calls](int, std::string_view) { ++calls; });
   std::vector<std::thread> threads;
   for (int number = 0; number < 4; ++number) {
     threads.emplace_back([this] {
       for (int i = 0; i < 250; ++i)
-        logger_.logMessage_withLevel("line", 2);
+        logger_.logMessage_withLevel("message", 2);
     });
   }
   for (std::thread& thread : threads)
@@ -105,11 +105,11 @@ TEST_F(JXLoggerTest, ASinkIsCalledOnTheThreadThatLogsOneCallAtATime) {
 
   std::thread::id where;
   logger_.setSink([&where](int, std::string_view) { where = std::this_thread::get_id(); });
-  logger_.logMessage_withLevel("line", 2);
+  logger_.logMessage_withLevel("message", 2);
   EXPECT_EQ(where, std::this_thread::get_id());
 }
 
-TEST_F(JXLoggerTest, WithoutASinkALineGoesToStandardError) {
+TEST_F(JXLoggerTest, WritesToStandardErrorWithoutASink) {
   testing::internal::CaptureStderr();
   logger_.logMessage_withLevel("Unable to open the queue", 2);
   logger_.logMessage_withLevel("not printed", 4);
@@ -119,7 +119,7 @@ TEST_F(JXLoggerTest, WithoutASinkALineGoesToStandardError) {
   EXPECT_EQ(printed.back(), '\n');
 }
 
-TEST_F(JXLoggerTest, StandardErrorGetsTheWholeLineWhateverItHolds) {
+TEST_F(JXLoggerTest, WritesTheWholeMessageToStandardError) {
   testing::internal::CaptureStderr();
   logger_.logMessage_withLevel(std::string_view("before %s %n\0after", 19), 2);
   const std::string printed = testing::internal::GetCapturedStderr();

@@ -16,25 +16,25 @@
 namespace jx {
 namespace {
 
-TEST(JXStartGuard, TheFirstInitialisationRuns) {
+TEST(JXStartGuard, RunsTheFirstInitialisation) {
   int state = 0;
   EXPECT_TRUE(tryBeginInit(state));
   EXPECT_EQ(state, 1);
 }
 
-TEST(JXStartGuard, WhatStandsIsLeftAlone) {
+TEST(JXStartGuard, DoesNotInitialiseAgain) {
   int state = 2;
   EXPECT_FALSE(tryBeginInit(state));
   EXPECT_EQ(state, 2);
 }
 
-TEST(JXStartGuard, AFreshInitialisationRunsWhenItWasAskedFor) {
+TEST(JXStartGuard, RunsARequestedReinitialisation) {
   int state = 3;
   EXPECT_TRUE(tryBeginInit(state));
   EXPECT_EQ(state, 1);
 }
 
-TEST(JXStartGuard, AnyOtherValueIsLeftAlone) {
+TEST(JXStartGuard, DoesNotInitialiseForInvalidStates) {
   for (const int other : {-1, 4, 100, -2'147'483'647}) {
     int state = other;
     EXPECT_FALSE(tryBeginInit(state));
@@ -42,17 +42,16 @@ TEST(JXStartGuard, AnyOtherValueIsLeftAlone) {
   }
 }
 
-// State ("S" asleep, "R" running, "Z" ended) of a process, as the system tells it.
+// Returns the state of a process ("S" asleep, "R" running, "Z" ended) from /proc.
 char processState(pid_t process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
-  const std::string text{std::istreambuf_iterator<char>(file), {}};
-  const std::size_t name = text.rfind(')');
-  return name == std::string::npos || name + 2 >= text.size() ? '?' : text[name + 2];
+  const std::string content{std::istreambuf_iterator<char>(file), {}};
+  const std::size_t name = content.rfind(')');
+  return name == std::string::npos || name + 2 >= content.size() ? '?' : content[name + 2];
 }
 
-// Runs `work` in a child and tells whether it goes to sleep for good: the child writes a byte
-// before, and one behind it. While the child sleeps in a system call it is not on its way to the
-// second byte.
+// Returns whether `work` sleeps forever in a child process. The child writes a byte before and
+// after it; while the child sleeps in a system call, it does not proceed to the second byte.
 template <typename Work>
 testing::AssertionResult neverReturns(Work work) {
   int ends[2];
@@ -66,27 +65,27 @@ testing::AssertionResult neverReturns(Work work) {
   close(ends[1]);
   char byte = 0;
   bool began = child > 0 && read(ends[0], &byte, 1) == 1 && byte == 'b';
-  // Each look gives the child the processor; it ends when the child sleeps or has ended.
+  // Each check yields the processor to the child. Stops when the child sleeps or has ended.
   char state = processState(child);
-  for (long looks = 0; began && state != 'S' && state != 'Z' && looks < 10'000'000; ++looks) {
+  for (long checks = 0; began && state != 'S' && state != 'Z' && checks < 10'000'000; ++checks) {
     usleep(0);
     state = processState(child);
   }
-  // Asleep with the pipe still open and nothing in it: the work has not returned.
+  // Asleep with the pipe open and empty: the work has not returned.
   fcntl(ends[0], F_SETFL, O_NONBLOCK);
   const bool silent = read(ends[0], &byte, 1) == -1 && errno == EAGAIN;
   kill(child, SIGKILL);
   int status = 0;
   waitpid(child, &status, 0);
   close(ends[0]);
-  if (!began) return testing::AssertionFailure() << "the child did not begin";
+  if (!began) return testing::AssertionFailure() << "the child did not start";
   if (state != 'S' || !silent) {
-    return testing::AssertionFailure() << "it returned, or never came to rest: " << state;
+    return testing::AssertionFailure() << "work() returned or did not sleep; state " << state;
   }
   return testing::AssertionSuccess();
 }
 
-TEST(JXStartGuard, ASecondInitialisationBesideARunningOneNeverReturns) {
+TEST(JXStartGuard, ConcurrentInitialisationNeverReturns) {
   EXPECT_TRUE(neverReturns([] {
     int state = 1;
     tryBeginInit(state);
@@ -97,7 +96,7 @@ TEST(JXStartGuard, NeverReturnNeverReturns) {
   EXPECT_TRUE(neverReturns([] { neverReturn(); }));
 }
 
-TEST(JXStartGuard, TheCheckAboveSeesWorkThatReturns) {
+TEST(JXStartGuard, TestHelperDetectsWorkThatReturns) {
   EXPECT_FALSE(neverReturns([] {
     int state = 2;
     tryBeginInit(state);

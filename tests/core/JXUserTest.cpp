@@ -30,7 +30,7 @@ TEST_F(JXUserTest, HasAnAnonymousIdFromTheStart) {
   EXPECT_EQ(platform_->uuidCount(), 1);
 }
 
-TEST_F(JXUserTest, SettingTheAnonymousIdReplacesIt) {
+TEST_F(JXUserTest, ReplacesTheAnonymousId) {
   user().setAnonymous_id("legacy");
   EXPECT_EQ(user().anonymous_id(), JXString("legacy"));
   user().setAnonymous_id(nullptr);
@@ -38,7 +38,7 @@ TEST_F(JXUserTest, SettingTheAnonymousIdReplacesIt) {
   EXPECT_EQ(json(user()), R"({"anonymous_id":"legacy"})");
 }
 
-TEST_F(JXUserTest, TheConsentIdIsWrittenOnceItIsSet) {
+TEST_F(JXUserTest, WritesTheConsentIdOnceItIsSet) {
   user().setAnonymous_id("a");
   user().setConsentID("c");
   EXPECT_EQ(json(user()), R"({"anonymous_id":"a","consent_id":"c"})");
@@ -47,7 +47,7 @@ TEST_F(JXUserTest, TheConsentIdIsWrittenOnceItIsSet) {
   EXPECT_EQ(json(user()), R"({"anonymous_id":"a"})");
 }
 
-TEST_F(JXUserTest, ItsOwnFieldsWinOverAdditionalProperties) {
+TEST_F(JXUserTest, FieldsOverrideAdditionalProperties) {
   user().setAnonymous_id("own");
   user().addAdditionalProperty_withStringValue("plan", "gold");
   user().addAdditionalProperty_withStringValue("anonymous_id", "host");
@@ -55,7 +55,7 @@ TEST_F(JXUserTest, ItsOwnFieldsWinOverAdditionalProperties) {
   EXPECT_EQ(json(user()), R"({"plan":"gold","anonymous_id":"own","consent_id":"host"})");
 }
 
-TEST_F(JXUserTest, EachBlockIsANewObject) {
+TEST_F(JXUserTest, ReturnsANewObjectPerCall) {
   JXJsonObject block = user().getJsonObject();
   block.set("added", 1);
   EXPECT_FALSE(user().getJsonObject().contains("added"));
@@ -66,10 +66,11 @@ class JXNetworkTest : public test::JXCoreFixture {
   static JXNetwork& network() { return JXNetwork::sharedInstance(); }
 };
 
-TEST_F(JXNetworkTest, NamesTheKindOfConnection) {
+TEST_F(JXNetworkTest, WritesTheConnectionTypeAfterARefresh) {
   EXPECT_EQ(json(network()), R"({"connection_type":"ethernet"})");
   platform_->network = JXNetworkKind::Wifi;
-  EXPECT_EQ(json(network()), R"({"connection_type":"ethernet"})") << "asked for each event";
+  EXPECT_EQ(json(network()), R"({"connection_type":"ethernet"})")
+      << "read from the system for each event";
   network().refresh();
   EXPECT_EQ(json(network()), R"({"connection_type":"wifi"})");
   platform_->network = JXNetworkKind::Cellular;
@@ -80,7 +81,7 @@ TEST_F(JXNetworkTest, NamesTheKindOfConnection) {
   EXPECT_EQ(json(network()), R"({"connection_type":"none"})");
 }
 
-TEST_F(JXNetworkTest, AskedAgainWhenTheApplicationComesToTheForeground) {
+TEST_F(JXNetworkTest, RefreshesWhenTheApplicationEntersTheForeground) {
   JXCoreInitialisation::init();
   platform_->network = JXNetworkKind::Wifi;
   EXPECT_EQ(json(JXNetwork::sharedInstance()), R"({"connection_type":"ethernet"})");
@@ -89,20 +90,20 @@ TEST_F(JXNetworkTest, AskedAgainWhenTheApplicationComesToTheForeground) {
   EXPECT_EQ(json(JXNetwork::sharedInstance()), R"({"connection_type":"wifi"})");
 }
 
-TEST_F(JXNetworkTest, ItsOwnFieldWinsOverAdditionalProperties) {
+TEST_F(JXNetworkTest, FieldOverridesAdditionalProperties) {
   network().addAdditionalProperty_withStringValue("carrier", "none");
   network().addAdditionalProperty_withStringValue("connection_type", "pigeon");
   EXPECT_EQ(json(network()), R"({"carrier":"none","connection_type":"ethernet"})");
 }
 
-TEST_F(JXNetworkTest, AKindOutsideItsListIsNone) {
+TEST_F(JXNetworkTest, WritesNoneForAnUnknownKind) {
   platform_->network = static_cast<JXNetworkKind>(77);
   EXPECT_EQ(json(network()), R"({"connection_type":"none"})");
 }
 
 class JXUserDefaultsTest : public test::JXCoreFixture {};
 
-TEST_F(JXUserDefaultsTest, KeepTextsInThePlatformsStore) {
+TEST_F(JXUserDefaultsTest, StoreStringsInThePlatformStore) {
   JXUserDefaults::saveInfoToUserDefaults_forLabel("1", "jx_number_sessions");
   EXPECT_EQ(JXUserDefaults::retrieveInfoFromUserDefaults("jx_number_sessions"), JXString("1"));
   EXPECT_EQ(platform_->defaults.entries().at("jx_number_sessions"), JXString("1"));
@@ -112,7 +113,7 @@ TEST_F(JXUserDefaultsTest, KeepTextsInThePlatformsStore) {
   EXPECT_FALSE(JXUserDefaults::retrieveInfoFromUserDefaults("jx_number_sessions").isPresent());
 }
 
-TEST_F(JXUserDefaultsTest, IgnoreAbsentLabels) {
+TEST_F(JXUserDefaultsTest, IgnoreNullLabels) {
   JXUserDefaults::saveInfoToUserDefaults_forLabel("1", nullptr);
   EXPECT_EQ(platform_->defaults.setCount(), 0);
   EXPECT_FALSE(JXUserDefaults::retrieveInfoFromUserDefaults(nullptr).isPresent());
@@ -120,7 +121,7 @@ TEST_F(JXUserDefaultsTest, IgnoreAbsentLabels) {
   EXPECT_EQ(JXUserDefaults::standardUserDefaults(), &platform_->defaults);
 }
 
-class JXUserDefaultsNowhere : public test::JXCoreFixture {
+class JXUserDefaultsWithoutStore : public test::JXCoreFixture {
  protected:
   void prepare() override {
     platform_->hasUserDefaults = false;
@@ -128,7 +129,7 @@ class JXUserDefaultsNowhere : public test::JXCoreFixture {
   }
 };
 
-TEST_F(JXUserDefaultsNowhere, WithoutAStoreAndAFolderValuesAreDropped) {
+TEST_F(JXUserDefaultsWithoutStore, DiscardsValuesWithoutAStoreAndAFolder) {
   EXPECT_EQ(JXUserDefaults::standardUserDefaults(), nullptr);
   JXUserDefaults::saveInfoToUserDefaults_forLabel("1", "label");
   EXPECT_FALSE(JXUserDefaults::retrieveInfoFromUserDefaults("label").isPresent());

@@ -15,7 +15,7 @@ std::string json(const JXJsonObject& object) {
   return JXUtils::jsonDictionaryToString(object).toStdString();
 }
 
-TEST(JXUtils, AbsentValuesLeaveTheObjectAsItWas) {
+TEST(JXUtils, NullValuesLeaveTheObjectUnchanged) {
   JXJsonObject dict;
   for (const char* key : {"s", "f", "t", "a", "j"})
     dict.set(key, "before");
@@ -28,7 +28,7 @@ TEST(JXUtils, AbsentValuesLeaveTheObjectAsItWas) {
   EXPECT_EQ(json(dict), R"({"s":"before","f":"before","t":"before","a":"before","j":"before"})");
 }
 
-TEST(JXUtils, EmptyZeroAndFalseAreWritten) {
+TEST(JXUtils, WritesEmptyZeroAndFalse) {
   JXJsonObject dict;
   JXUtils::setString_forKey_onDict("", "s", dict);
   JXUtils::setFloat_forKey_onDict(JXDecimal(0), "f", dict);
@@ -39,7 +39,7 @@ TEST(JXUtils, EmptyZeroAndFalseAreWritten) {
   EXPECT_EQ(json(dict), R"({"s":"","f":0,"t":0,"b":false,"a":[],"j":{}})");
 }
 
-TEST(JXUtils, ValuesReplaceWhatStoodUnderTheKeyAndKeepItsPlace) {
+TEST(JXUtils, ReplacesAValueAndKeepsTheKeyPosition) {
   JXJsonObject dict;
   dict.set("a", 1);
   dict.set("b", 2);
@@ -47,7 +47,7 @@ TEST(JXUtils, ValuesReplaceWhatStoodUnderTheKeyAndKeepItsPlace) {
   EXPECT_EQ(json(dict), R"({"a":true,"b":2})");
 }
 
-TEST(JXUtils, AnAbsentDictIsLeftAlone) {
+TEST(JXUtils, IgnoresANullDict) {
   JXJsonObject none(nullptr);
   JXUtils::setString_forKey_onDict("x", "k", none);
   JXUtils::setFloat_forKey_onDict(JXDecimal(1), "k", none);
@@ -58,7 +58,7 @@ TEST(JXUtils, AnAbsentDictIsLeftAlone) {
   EXPECT_FALSE(none.isPresent());
 }
 
-TEST(JXUtils, NumbersAreWrittenDigitForDigit) {
+TEST(JXUtils, WritesNumbersExactly) {
   JXJsonObject dict;
   JXUtils::setFloat_forKey_onDict(JXDecimal::fromString("12.50"), "a", dict);
   JXUtils::setFloat_forKey_onDict(JXDecimal(-3), "b", dict);
@@ -67,14 +67,14 @@ TEST(JXUtils, NumbersAreWrittenDigitForDigit) {
   EXPECT_EQ(json(dict), R"({"a":12.50,"b":-3,"c":100000000000000000000,"d":0.1})");
 }
 
-TEST(JXUtils, NotANumberIsLeftOut) {
+TEST(JXUtils, OmitsNaN) {
   JXJsonObject dict;
   JXUtils::setFloat_forKey_onDict(JXDecimal::nan(), "a", dict);
   JXUtils::setFloat_forKey_onDict(JXDecimal::fromString("abc"), "b", dict);
   EXPECT_EQ(json(dict), "{}");
 }
 
-TEST(JXUtils, NumbersInTextsAreWrittenDigitForDigit) {
+TEST(JXUtils, WritesNumbersInStringsExactly) {
   JXJsonObject dict;
   JXUtils::setFloatFromString_forKey_onDict("1700000000123", "time", dict);
   JXUtils::setFloatFromString_forKey_onDict("12.50", "scale", dict);
@@ -89,15 +89,15 @@ TEST(JXUtils, NumbersInTextsAreWrittenDigitForDigit) {
             R"("point":0.5,"long":1234567890123456789012345678901234567890.12345})");
 }
 
-TEST(JXUtils, ATextThatIsNoNumberIsLeftOut) {
+TEST(JXUtils, OmitsStringsThatAreNotNumbers) {
   JXJsonObject dict;
-  for (const char* text : {"", " ", "abc", "-", "1,5", "12 apples", "NaN", "0x10"}) {
-    JXUtils::setFloatFromString_forKey_onDict(text, "k", dict);
+  for (const char* string : {"", " ", "abc", "-", "1,5", "12 apples", "NaN", "0x10"}) {
+    JXUtils::setFloatFromString_forKey_onDict(string, "k", dict);
   }
   EXPECT_EQ(json(dict), "{}");
 }
 
-TEST(JXUtils, SetJsonAndSetArrayStoreTheVeryObject) {
+TEST(JXUtils, SetJsonAndSetArrayStoreByReference) {
   JXJsonObject dict;
   JXJsonObject context;
   JXJsonArray items;
@@ -109,7 +109,7 @@ TEST(JXUtils, SetJsonAndSetArrayStoreTheVeryObject) {
   EXPECT_EQ(json(dict), R"({"context":{"event_id":"id"},"items":[1]})");
 }
 
-TEST(JXUtils, NumberFromNSStringTakesTheLeadingInteger) {
+TEST(JXUtils, NumberFromNSStringReturnsTheLeadingInteger) {
   EXPECT_EQ(JXUtils::numberFromNSString("42"), 42);
   EXPECT_EQ(JXUtils::numberFromNSString("-42"), -42);
   EXPECT_EQ(JXUtils::numberFromNSString("+42"), 42);
@@ -122,14 +122,14 @@ TEST(JXUtils, NumberFromNSStringTakesTheLeadingInteger) {
   EXPECT_EQ(JXUtils::numberFromNSString(std::string("7\0008", 3)), 7);
 }
 
-TEST(JXUtils, NumberFromNSStringIsZeroWhereThereIsNone) {
-  for (const char* text : {"", " ", "abc", "-", "+", "--1", "+-1", "- 1", ".5", "x42"}) {
-    EXPECT_EQ(JXUtils::numberFromNSString(text), 0) << text;
+TEST(JXUtils, NumberFromNSStringReturnsZeroWithoutANumber) {
+  for (const char* string : {"", " ", "abc", "-", "+", "--1", "+-1", "- 1", ".5", "x42"}) {
+    EXPECT_EQ(JXUtils::numberFromNSString(string), 0) << string;
   }
   EXPECT_EQ(JXUtils::numberFromNSString(nullptr), 0);
 }
 
-TEST(JXUtils, NumberFromNSStringStopsAtTheEndsOfItsRange) {
+TEST(JXUtils, NumberFromNSStringClampsToItsRange) {
   EXPECT_EQ(JXUtils::numberFromNSString("9223372036854775807"), INT64_MAX);
   EXPECT_EQ(JXUtils::numberFromNSString("9223372036854775808"), INT64_MAX);
   EXPECT_EQ(JXUtils::numberFromNSString("-9223372036854775808"), INT64_MIN);
@@ -139,7 +139,7 @@ TEST(JXUtils, NumberFromNSStringStopsAtTheEndsOfItsRange) {
   EXPECT_EQ(JXUtils::numberFromNSString("-9223372036854775807"), -INT64_MAX);
 }
 
-TEST(JXUtils, UnsignedFromDigitsTakesWholeTextsOfDigitsModuloTwoToThe64) {
+TEST(JXUtils, UnsignedFromDigitsReturnsDigitsModuloTwoToThe64) {
   EXPECT_EQ(JXUtils::unsignedFromDigits("1700000000123"), 1'700'000'000'123U);
   EXPECT_EQ(JXUtils::unsignedFromDigits("007"), 7U);
   EXPECT_EQ(JXUtils::unsignedFromDigits("18446744073709551615"), UINT64_MAX);
@@ -148,14 +148,14 @@ TEST(JXUtils, UnsignedFromDigitsTakesWholeTextsOfDigitsModuloTwoToThe64) {
   EXPECT_EQ(JXUtils::unsignedFromDigits("184467440737095516160000000005"), 5U);
 }
 
-TEST(JXUtils, UnsignedFromDigitsIsZeroForAnyOtherText) {
-  const JXString texts[] = {nullptr, "",    "-1", "+1",   " 1",
-                            "1 ",    "1.0", "1a", "0x10", std::string("1\0", 2)};
-  for (const JXString& text : texts)
-    EXPECT_EQ(JXUtils::unsignedFromDigits(text), 0U) << text;
+TEST(JXUtils, UnsignedFromDigitsReturnsZeroForAnyOtherString) {
+  const JXString strings[] = {nullptr, "",    "-1", "+1",   " 1",
+                              "1 ",    "1.0", "1a", "0x10", std::string("1\0", 2)};
+  for (const JXString& string : strings)
+    EXPECT_EQ(JXUtils::unsignedFromDigits(string), 0U) << string;
 }
 
-TEST(JXUtils, AnObjectAsTextIsCompactAndAnAbsentOneHasNone) {
+TEST(JXUtils, JsonDictionaryToStringIsCompactAndKeepsNull) {
   JXJsonObject object;
   object.set("a", JXJsonValue::null());
   object.set("b", "x y");

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Does what docs/adding-an-event.md shows, in a copy of the sources.
+"""Applies the patch of docs/adding-an-event.md to a copy of the sources and runs the result.
 
 adding_an_event_test.py ROOT LIBRARY COMPILER [FLAG...]
 
-The page's patch applies and adds fewer than 30 lines; the class that it adds is found by its name,
-is complete when the page says so, and writes its field.
+The patch must apply and add fewer than 30 lines. The class that it adds must be found by its name,
+meet its condition once the field is set, and write the field.
 """
 
 import os
@@ -17,7 +17,7 @@ import subprocess
 import sys
 import tempfile
 
-MOST_LINES = 30
+MAX_LINES = 30
 PROGRAM = """
 #include <iostream>
 
@@ -35,7 +35,7 @@ int main() {
   std::cout << jx::JXJsonWriter::write(body, jx::JXJsonStyle::Compact).text << '\\n';
 }
 """
-PRINTED = '0 stars is absent\n1 1\n{"event_name":"rate","stars":5}\n'
+EXPECTED = '0 stars must be set\n1 1\n{"event_name":"rate","stars":5}\n'
 
 
 def run(command, folder):
@@ -60,23 +60,24 @@ def main():
     patch = re.search(r"^```diff\n(.*?)^```$", page, re.MULTILINE | re.DOTALL).group(1)
     added = sum(line.startswith("+") and not line.startswith("+++")
                 for line in patch.splitlines())
-    if added >= MOST_LINES or f"{added} lines" not in page:
-        sys.exit(f"the patch adds {added} lines: fewer than {MOST_LINES}, and the page says so")
+    if added >= MAX_LINES or f"{added} lines" not in page:
+        sys.exit(f"the patch adds {added} lines; it must add fewer than {MAX_LINES}, and the page "
+                 "must state the number")
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        # A repository above the folder would make git look for the files there.
+        # Otherwise git would search a repository above the folder for the files.
         os.environ["GIT_CEILING_DIRECTORIES"] = str(folder.parent)
         patched_copy(root, folder, patch)
         (folder / "main.cpp").write_text(PROGRAM, encoding="utf-8")
         run([compiler, *flags, "-std=c++20", "-I.", "-fsyntax-only",
              "tests/events/catalogue/ExpectedCatalogue.cpp"], folder)
-        # The new catalogue stands before the library and so takes the place of its own.
+        # The linker prefers the new catalogue, because it precedes the library.
         run([compiler, *flags, "-std=c++17", "-I.", "main.cpp", "jx/events/JXEventCatalogue.cpp",
              library, "-lcurl", "-lpthread", f"-Wl,-rpath,{os.path.dirname(library)}", "-o",
              "rate"], folder)
         printed = run([folder / "rate"], folder)
-    if printed != PRINTED:
-        sys.exit(f"expected\n{PRINTED}printed\n{printed}")
+    if printed != EXPECTED:
+        sys.exit(f"expected\n{EXPECTED}printed\n{printed}")
 
 
 if __name__ == "__main__":

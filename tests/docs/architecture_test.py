@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""The way of an event in docs/architecture.md names files and operations: each is where it says.
+"""Checks the event lifecycle table of docs/architecture.md: its files and operations exist.
 
 architecture_test.py ROOT     the root of the tree
 """
@@ -13,26 +13,26 @@ import sys
 STEP = re.compile(r"^\| (\d+) \| (.+?) \|", re.MULTILINE)
 
 
-def faults(root, number, cell):
-    """What a step names that is not there. An operation belongs to a file named in its step."""
+def errors(root, number, cell):
+    """Yields what a step names and is missing. Its operations must be in one of its files."""
     sources = ""
     for name in re.findall(r"`([\w/]+\.(?:cpp|h))`", cell):
         found = [path for path in root.glob("jx/**/" + name.rsplit("/", 1)[-1])
                  if path.as_posix().endswith("/" + name)]
         if len(found) != 1:
-            yield f"step {number}: there is no {name}"
+            yield f"step {number}: {name} does not exist"
         sources += "".join(path.read_text(encoding="utf-8") for path in found)
     for name in re.findall(r"`(\w+)`", cell):
         if not re.search(rf"\b{name}\(", sources):
-            yield f"step {number}: no file that it names has {name}"
+            yield f"step {number}: {name} is in none of its files"
 
 
 def main():
     root = pathlib.Path(sys.argv[1]).resolve()
     steps = STEP.findall((root / "docs/architecture.md").read_text(encoding="utf-8"))
     if [int(number) for number, _ in steps] != list(range(1, 13)):
-        sys.exit(f"docs/architecture.md tells {len(steps)} steps, the picture 12")
-    found = [fault for number, cell in steps for fault in faults(root, number, cell)]
+        sys.exit(f"docs/architecture.md must have the steps 1 to 12 of the diagram, found {len(steps)}")
+    found = [error for number, cell in steps for error in errors(root, number, cell)]
     print("\n".join(found))
     sys.exit(1 if found else 0)
 

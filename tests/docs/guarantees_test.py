@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""A promise in docs/guarantees.md names the tests that prove it: each of them exists.
+"""Checks that every test that docs/guarantees.md names exists.
 
 guarantees_test.py ROOT     the root of the tree
 """
@@ -10,15 +10,15 @@ import pathlib
 import re
 import sys
 
-# In backticks: a suite and a test, "*" for all of a suite, with an instantiation's name before it
-# where the test has parameters; or a test that ctest knows by a lower-case name.
+# In backticks: Suite.Test, or Suite.* for a whole suite, after the name of the instantiation if the
+# test has parameters; or the lower-case name of a test that ctest runs directly.
 NAMED = re.compile(r"`((?:\w+/)?[A-Z]\w+\.(?:[A-Z]\w+|\*)|soak\.\w+)`")
 MACRO = re.compile(r"\bTEST(_F|_P)?\(\s*(\w+),\s*(\w+)\)")
 INSTANTIATION = re.compile(r"\bINSTANTIATE_TEST_SUITE_P\(\s*(\w+),\s*(\w+)")
 
 
 def existing_tests(root):
-    """The names of all tests in the sources, and "Suite.*" for each suite."""
+    """Returns the names of all tests in the sources, and "Suite.*" for each suite."""
     names, parameterised, instances = set(), [], []
     for path in sorted((root / "tests").rglob("*.cpp")):
         text = path.read_text(encoding="utf-8")
@@ -33,8 +33,8 @@ def existing_tests(root):
     soak = root / "tests/soak/CMakeLists.txt"
     if soak.exists():
         text = soak.read_text(encoding="utf-8")
-        names |= {f"soak.{proof}" for proof in ("kills", "offline", "outage", "flush", "exit")
-                  if re.search(rf"\b{proof}\b", text)}
+        names |= {f"soak.{name}" for name in ("kills", "offline", "outage", "flush", "exit")
+                  if re.search(rf"\b{name}\b", text)}
     return names
 
 
@@ -42,11 +42,11 @@ def main():
     root = pathlib.Path(sys.argv[1])
     named = NAMED.findall((root / "docs/guarantees.md").read_text(encoding="utf-8"))
     if len(named) < 20:
-        sys.exit(f"guarantees.md names {len(named)} tests only")
+        sys.exit(f"docs/guarantees.md must name at least 20 tests, found {len(named)}")
     known = existing_tests(root)
     missing = [name for name in named if name not in known]
     for name in missing:
-        print(f"docs/guarantees.md: there is no test {name}")
+        print(f"docs/guarantees.md: test {name} does not exist")
     sys.exit(1 if missing else 0)
 
 

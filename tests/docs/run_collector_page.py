@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Runs the command lines of docs/collector.md against a collector of its own.
+"""Runs the commands of docs/collector.md against a new collector and compares their output.
 
     run_collector_page.py PROGRAM PAGE
 
-Each block of "sh" is run in one shell and must end with 0. The block behind it says what it prints:
-of "json", one value after the other, each with at least what the page shows (times and sizes may
-differ, lists may be longer); of "text", the very lines, where "..." stands for anything. The first
-"sh" block sets EVENTS, WEB and CA; they get the values of the collector that was started.
+Each "sh" block runs in one shell and must exit with status 0. The block after it is the expected
+output. "json": a sequence of values, each containing at least the content that the page shows
+(times and sizes may differ, lists may be longer). "text": the exact lines, where "..." matches
+anything. The first "sh" block sets EVENTS, WEB and CA; the script replaces them with the values of
+the new collector.
 """
 import json
 import os
@@ -20,11 +21,11 @@ import tempfile
 DIFFERS = re.compile(r"^(bytes|.*_ms)$")
 BLOCK = re.compile(r"^```(\w+)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 VARIABLES = ["EVENTS", "WEB", "CA"]
-PATIENCE_S = 60
+TIMEOUT_S = 60
 
 
 class Failure(Exception):
-    """The page and the collector disagree."""
+    """The output of the collector differs from the page."""
 
 
 def start(program, folder):
@@ -33,7 +34,7 @@ def start(program, folder):
         [program, "collector", "--state", os.path.join(folder, "state"), "--port", "0",
          "--web-port", "0", "--ports-file", ports], stdout=subprocess.PIPE, text=True)
     for line in process.stdout:
-        if line.startswith("Ctrl-C"):
+        if "Ctrl-C" in line:
             break
     if not os.path.exists(ports):
         process.kill()
@@ -43,9 +44,9 @@ def start(program, folder):
 
 
 def compare(shown, printed, path):
-    """Fails unless `printed` has all that `shown` has."""
+    """Raises Failure unless `printed` contains everything in `shown`."""
     if type(shown) is not type(printed):
-        raise Failure(f"{path}: the page shows {shown!r}, printed is {printed!r}")
+        raise Failure(f"{path}: the page shows {shown!r}; the command printed {printed!r}")
     if isinstance(shown, dict):
         for key, value in shown.items():
             if key not in printed:
@@ -56,11 +57,12 @@ def compare(shown, printed, path):
                 raise Failure(f"{path}.{key} is {printed[key]!r}")
     elif isinstance(shown, list):
         if len(printed) < len(shown) or (not shown and printed):
-            raise Failure(f"{path}: the page shows {len(shown)} entries, printed are {len(printed)}")
+            raise Failure(f"{path}: the page shows {len(shown)} entries; "
+                          f"the command printed {len(printed)}")
         for index, value in enumerate(shown):
             compare(value, printed[index], f"{path}[{index}]")
     elif shown != printed:
-        raise Failure(f"{path}: the page shows {shown!r}, printed is {printed!r}")
+        raise Failure(f"{path}: the page shows {shown!r}; the command printed {printed!r}")
 
 
 def values(text):
@@ -77,13 +79,13 @@ def values(text):
 def check_text(shown, printed):
     pattern = ".*".join(re.escape(part) for part in shown.rstrip("\n").split("..."))
     if not re.fullmatch(pattern, printed.rstrip("\n")):
-        raise Failure(f"the page shows\n{shown}printed is\n{printed}")
+        raise Failure(f"the page shows\n{shown}the command printed\n{printed}")
 
 
 def check_json(shown, printed):
     wanted, given = values(shown), values(printed)
     if len(wanted) != len(given):
-        raise Failure(f"the page shows {len(wanted)} values, printed are {len(given)}")
+        raise Failure(f"the page shows {len(wanted)} values; the command printed {len(given)}")
     for index, value in enumerate(wanted):
         compare(value, given[index], f"value {index + 1}")
 
@@ -91,15 +93,15 @@ def check_json(shown, printed):
 def run(command, environment, folder):
     result = subprocess.run(["bash", "-e", "-u", "-c", command], cwd=folder, env=environment,
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
-                            timeout=PATIENCE_S, check=False)
+                            timeout=TIMEOUT_S, check=False)
     if result.returncode != 0:
         raise Failure(f"status {result.returncode}\n{result.stdout}{result.stderr}")
     return result.stdout
 
 
 def run_page(blocks, environment, folder):
-    """Gives how many commands were run, and how many of their answers were compared."""
-    commands = answers = 0
+    """Returns the number of command blocks that ran and of output blocks that were compared."""
+    commands = outputs = 0
     printed = None
     for number, (kind, content) in enumerate(blocks):
         try:
@@ -108,11 +110,11 @@ def run_page(blocks, environment, folder):
                 printed = run(content, environment, folder)
             elif printed is not None:
                 (check_json if kind == "json" else check_text)(content, printed)
-                answers += 1
+                outputs += 1
                 printed = None
         except Failure as failure:
             raise Failure(f"block {number + 2}:\n{content}{failure}") from failure
-    return commands, answers
+    return commands, outputs
 
 
 def main(program, page):
@@ -128,13 +130,13 @@ def main(program, page):
             environment = dict(os.environ, CA=ports["ca"], no_proxy="localhost",
                                EVENTS=f"https://localhost:{ports['events_port']}/events",
                                WEB=f"http://localhost:{ports['web_port']}")
-            commands, answers = run_page(blocks[first + 1:], environment, folder)
+            commands, outputs = run_page(blocks[first + 1:], environment, folder)
         finally:
             process.terminate()
-            process.wait(PATIENCE_S)
-    if commands != answers or commands < 10:
-        raise Failure(f"{commands} command blocks, {answers} answers: each block has one")
-    print(f"{commands} command blocks ran and printed what the page shows")
+            process.wait(TIMEOUT_S)
+    if commands != outputs or commands < 10:
+        raise Failure(f"{commands} command blocks and {outputs} output blocks must match")
+    print(f"{commands} command blocks printed the output that the page shows")
 
 
 if __name__ == "__main__":

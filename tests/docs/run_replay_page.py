@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Runs the command lines of a page that need nothing but the program, and compares what they print.
+"""Runs the commands of a page that require only the program, and compares their output.
 
     run_replay_page.py PROGRAM PAGE
 
-Each block of "sh" is run in one shell, in an empty folder; the block of "text" behind it says what
-it prints, where "..." stands for anything on a line.
+Each "sh" block is run in its own shell; all blocks of a page share one folder, which is empty at
+first. The "text" block after it is the expected output, where "..." matches any part of a line.
 """
 import os
 import pathlib
@@ -20,12 +20,12 @@ def main(program, page):
     blocks = [block for block in BLOCK.findall(pathlib.Path(page).read_text(encoding="utf-8"))
               if block[0] in ("sh", "text")]
     if not blocks or [kind for kind, _ in blocks] != ["sh", "text"] * (len(blocks) // 2):
-        raise Failure("each command block has one of text behind it")
+        raise Failure("each \"sh\" block must be followed by one \"text\" block")
     path = os.path.dirname(os.path.abspath(program)) + os.pathsep + os.environ["PATH"]
     with tempfile.TemporaryDirectory() as folder:
         for (_, command), (_, shown) in zip(blocks[::2], blocks[1::2]):
             check_text(shown, run(command, dict(os.environ, PATH=path), folder))
-    print(f"{len(blocks) // 2} command blocks ran and printed what the page shows")
+    print(f"{len(blocks) // 2} command blocks printed the expected output")
 
 
 if __name__ == "__main__":

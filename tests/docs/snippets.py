@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Writes a source of the C++ that the pages show, so that the build compiles it.
+"""Writes the C++ examples of the pages to a source file, so that the build compiles them.
 
 snippets.py SOURCE PAGE...
 
-A block is a function's body, with `serverSide`, `configuration` and `event` at hand, unless it
-begins at the level of a file (an include, a class, a function). A block that must not be compiled
-has the line "<!-- not compiled: REASON -->" before it.
+Each block becomes a function body in which `serverSide`, `configuration` and `event` are declared,
+unless it contains declarations at file level (an include, a class, a function). The line
+"<!-- not compiled: REASON -->" before a block excludes it.
 """
 
 import pathlib
@@ -24,7 +24,7 @@ HEAD = """// Written by tests/docs/snippets.py from the pages of docs/.
 
 
 def blocks(page):
-    """[(number of the line, C++)] of what the page shows."""
+    """Yields (line number, C++) of each block of a page."""
     text = page.read_text(encoding="utf-8")
     for match in BLOCK.finditer(text):
         if not match.group(1):
@@ -33,7 +33,7 @@ def blocks(page):
 
 def compiled(page, line, text, number):
     includes = "".join(INCLUDE.findall(text))
-    # In the place of an include stays an empty line, so that the compiler names the page's.
+    # An empty line replaces each include, so that line numbers in messages match the page.
     body = INCLUDE.sub("\n", text)
     where = f'#line {line} "{page}"\n'
     if FILE_LEVEL.search(text):
@@ -48,7 +48,7 @@ def main():
     source, pages = pathlib.Path(sys.argv[1]), sys.argv[2:]
     parts = [(page, line, text) for page in pages for line, text in blocks(pathlib.Path(page))]
     if not parts:
-        sys.exit("the pages show no C++")
+        sys.exit("the pages have no C++ blocks")
     made = [compiled(page, line, text, number) for number, (page, line, text) in enumerate(parts)]
     source.write_text(HEAD + "".join(one for one, _ in made) + "".join(one for _, one in made),
                       encoding="utf-8")

@@ -11,24 +11,23 @@
 #include "tests/core/storage/JXLogLines.h"
 #include "tests/support/JXEventTestTools.h"
 
-// What events do with input that no host should give: something defined, never a crash and never
-// text that is no JSON.
+// Invalid input to events has defined results: no crash and always valid JSON.
 namespace jx::test {
 namespace {
 
-TEST(JXBadInput, AnAmountFromATextThatIsNoNumberIsLeftOut) {
+TEST(JXBadInput, OmitsAnAmountFromAnInvalidNumberString) {
   const auto event = JXViewCartEvent::init();
   event->setValue(JXDecimal::fromString("a lot"));
   EXPECT_EQ(eventJson(*event),
             R"({"event_name":"view_cart","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXBadInput, AnAmountThatIsNoNumberCountsAsAbsent) {
+TEST(JXBadInput, TreatsANaNAmountAsNotSet) {
   const auto event =
       JXAddToCartEvent::initWithValue_withCurrency_withItems(12, "GBP", {lampItem()});
   EXPECT_TRUE(event->verifyEvent());
   event->setValue(JXDecimal::nan());
-  EXPECT_EQ(event->firstFailedCondition(), JXString("value is absent"));
+  EXPECT_EQ(event->firstFailedCondition(), JXString("value must be set"));
   const auto item = lampItem();
   item->setQuantity(JXDecimal::nan());
   EXPECT_FALSE(item->verifyItem());
@@ -37,7 +36,7 @@ TEST(JXBadInput, AnAmountThatIsNoNumberCountsAsAbsent) {
   EXPECT_FALSE(product->verifyProduct());
 }
 
-TEST(JXBadInput, AnAbsentItemIsLeftOutWithALogLine) {
+TEST(JXBadInput, SkipsANullItemWithALogMessage) {
   eventPlatform();
   LogLines log;
   const auto event = JXViewCartEvent::initWithItems({nullptr, lampItem(), nullptr});
@@ -45,10 +44,10 @@ TEST(JXBadInput, AnAbsentItemIsLeftOutWithALogLine) {
   EXPECT_EQ(eventJson(*event),
             std::string(R"({"event_name":"view_cart","context":{"event_id":"E"},"items":[)") +
                 kLampJson + "]}");
-  EXPECT_EQ(log.with("3 An absent element of a list was left out"), 2u);
+  EXPECT_EQ(log.with("3 List element is null; skipped"), 2u);
 }
 
-TEST(JXBadInput, AnAbsentListOfItemsIsWrittenEmptyAndHoldsNoEntry) {
+TEST(JXBadInput, WritesANullItemListAsAnEmptyArray) {
   const auto cart = JXViewCartEvent::init();
   cart->setItems(nullptr);
   cart->items().append(lampItem());
@@ -61,21 +60,21 @@ TEST(JXBadInput, AnAbsentListOfItemsIsWrittenEmptyAndHoldsNoEntry) {
             R"({"event_name":"select_item","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXBadInput, AProductThatContainsItselfThroughItsPropertiesIsWrittenWithoutTheCircle) {
+TEST(JXBadInput, OmitsTheCycleOfAProductThatContainsItself) {
   const auto item = lampItem();
-  JXJsonObject circle;
-  circle.set("a", 1);
-  circle.set("self", circle);
-  item->product()->addAdditionalProperty_withDictValue("extra", circle);
+  JXJsonObject cycle;
+  cycle.set("a", 1);
+  cycle.set("self", cycle);
+  item->product()->addAdditionalProperty_withDictValue("extra", cycle);
   const auto event = JXViewCartEvent::initWithItems({item});
   EXPECT_EQ(eventJson(*event),
             R"({"event_name":"view_cart","context":{"event_id":"E"},"items":[{"id":"1",)"
             R"("quantity":2,"product":{"extra":{"a":1},"id":"L7","name":"Lamp",)"
             R"("price":12.50,"colors":[]}}]})");
-  circle.clear();
+  cycle.clear();
 }
 
-TEST(JXBadInput, AnEventThatHoldsItsOwnPropertiesIsWrittenWithoutTheCircle) {
+TEST(JXBadInput, OmitsTheCycleOfAnEventThatContainsItsProperties) {
   eventPlatform();
   const auto event = JXViewCartEvent::init();
   JXJsonObject own = event->getAdditionalProperties();
@@ -85,13 +84,13 @@ TEST(JXBadInput, AnEventThatHoldsItsOwnPropertiesIsWrittenWithoutTheCircle) {
   own.clear();
 }
 
-TEST(JXBadInput, TheSameItemTwiceIsWrittenTwice) {
+TEST(JXBadInput, WritesTheSameItemTwice) {
   const auto item = lampItem();
   const auto event = JXViewCartEvent::initWithItems({item, item});
   EXPECT_EQ(event->getJsonObject().get("items").array().size(), 2u);
 }
 
-TEST(JXBadInput, TextsThatAreNoUtf8StillGiveValidJson) {
+TEST(JXBadInput, WritesValidJsonForInvalidUtf8) {
   eventPlatform();
   const auto event = JXViewCartEvent::init();
   event->setCurrency("\xff\xfe");
@@ -100,7 +99,7 @@ TEST(JXBadInput, TextsThatAreNoUtf8StillGiveValidJson) {
   EXPECT_TRUE(JXJsonReader::read(text).value.isPresent()) << text;
 }
 
-TEST(JXBadInput, AnAbsentKeyOrValueOfAParameterIsIgnored) {
+TEST(JXBadInput, IgnoresANullKeyOrValueOfAParameter) {
   const auto event = JXViewCartEvent::init();
   event->addAdditionalParameter_withValue(nullptr, "v");
   event->addAdditionalParameter_withValue("k", nullptr);

@@ -13,7 +13,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXEventCatalogue, HoldsEveryClassOnceAndBasesFirst) {
+TEST(JXEventCatalogue, ListsEachClassOnceAndBasesFirst) {
   std::vector<std::string_view> names;
   for (const JXEventClass* type : allEventClasses()) {
     if (type->base != nullptr) {
@@ -32,7 +32,7 @@ TEST(JXEventCatalogue, FindsAClassByItsName) {
   EXPECT_EQ(eventClassNamed(""), nullptr);
 }
 
-TEST(JXEventCatalogue, MakesEventsOfTheirOwnClassWithTheirName) {
+TEST(JXEventCatalogue, CreatesEventsOfEachClassWithTheirName) {
   for (const JXEventClass* type : allEventClasses()) {
     SCOPED_TRACE(type->className);
     if (!type->modes.empty()) continue;
@@ -49,7 +49,7 @@ TEST(JXEventCatalogue, MakesEventsOfTheirOwnClassWithTheirName) {
   }
 }
 
-TEST(JXEventCatalogue, MakesVideoEventsOfEachModeWithTheirSession) {
+TEST(JXEventCatalogue, CreatesVideoEventsOfEachModeWithTheirSessionID) {
   int classesWithModes = 0;
   for (const JXEventClass* type : allEventClasses()) {
     SCOPED_TRACE(type->className);
@@ -68,7 +68,7 @@ TEST(JXEventCatalogue, MakesVideoEventsOfEachModeWithTheirSession) {
   EXPECT_EQ(classesWithModes, 4);
 }
 
-TEST(JXEventCatalogue, NoTwoClassesShareAnEventName) {
+TEST(JXEventCatalogue, HasUniqueEventNames) {
   std::set<std::string_view> seen;
   for (const JXEventClass* type : allEventClasses()) {
     for (const std::string_view name : type->eventNames)
@@ -76,8 +76,8 @@ TEST(JXEventCatalogue, NoTwoClassesShareAnEventName) {
   }
 }
 
-// A condition on a field that no class of the line writes would never hold.
-TEST(JXEventCatalogue, EachConditionIsAboutAFieldOfItsClassAndANameOfItsClass) {
+// A condition on a field that neither the class nor its bases write could never be met.
+TEST(JXEventCatalogue, HasConditionsOnlyOnFieldsAndNamesOfTheClass) {
   for (const JXEventClass* type : allEventClasses()) {
     for (const JXCondition& condition : type->conditions) {
       SCOPED_TRACE(std::string(type->className) + " " + std::string(condition.key));
@@ -96,8 +96,9 @@ TEST(JXEventCatalogue, EachConditionIsAboutAFieldOfItsClassAndANameOfItsClass) {
   }
 }
 
-// A key that is written twice must hold the same property both times, or the order would matter.
-TEST(JXEventCatalogue, AKeyThatIsWrittenTwiceHoldsTheSameProperty) {
+// A key that is listed twice must have the same property both times, because only the first listing
+// is written.
+TEST(JXEventCatalogue, ListsDuplicateKeysWithTheSameProperty) {
   std::vector<std::string> repeated;
   for (const JXEventClass* type : allEventClasses()) {
     std::vector<JXFieldInfo> fields;

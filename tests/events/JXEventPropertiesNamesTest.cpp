@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The JSON keys that receivers of the events read, each written out once more.
+// The JSON keys of the events, as literals: servers depend on them.
 
 #include "jx/events/JXEventPropertiesNames.h"
 
@@ -14,7 +14,7 @@
 namespace jx::test {
 namespace {
 
-TEST(EventKeys, AreTheTextsThatReceiversRead) {
+TEST(EventKeys, MatchTheKeysThatServersRead) {
   EXPECT_EQ(JX_ID, "id");
   EXPECT_EQ(JXE_EVENT, "event_name");
   EXPECT_EQ(JXE_EVENTID, "event_id");
@@ -116,12 +116,12 @@ TEST(EventKeys, AreTheTextsThatReceiversRead) {
   EXPECT_EQ(JXV_AD_QUARTILE, "ad_quartile");
 }
 
-TEST(EventKeys, OfTheBlocksAreTheCores) {
+TEST(EventKeys, OfContextAndUserMatchTheCore) {
   EXPECT_EQ(JXE_CONTEXT, "context");
   EXPECT_EQ(JXE_USER, "user");
 }
 
-TEST(EventKeys, TheirHomeHoldsNothing) { EXPECT_TRUE(std::is_empty_v<JXEventPropertiesNames>); }
+TEST(EventKeys, ClassOfTheKeysIsEmpty) { EXPECT_TRUE(std::is_empty_v<JXEventPropertiesNames>); }
 
 }  // namespace
 }  // namespace jx::test

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The base of all events and the two small classes beside it.
+// JXEvent, JXCustomEvent and JXECommerceEvent.
 
 #include "jx/events/JXEvent.h"
 
@@ -20,12 +20,12 @@ namespace {
 class EventBase : public ServerSideFixture {
  protected:
   EventBase() { start(); }
-  static std::string text(const JXEvent& event) {
+  static std::string compactJson(const JXEvent& event) {
     return JXJsonWriter::write(event.getJsonObject(), JXJsonStyle::Compact).text;
   }
 };
 
-// Gives the block of an item, and something else than an item.
+// Has a getJsonObject like an item, but is not an item.
 class Sticker {
  public:
   JXJsonObject getJsonObject() const {
@@ -35,23 +35,23 @@ class Sticker {
   }
 };
 
-TEST_F(EventBase, WithNothingSetHoldsOnlyTheContextWithItsIdentifier) {
-  EXPECT_EQ(text(*JXEvent::init()),
+TEST_F(EventBase, WritesOnlyTheContextWithItsEventIDByDefault) {
+  EXPECT_EQ(compactJson(*JXEvent::init()),
             R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
 }
 
-TEST_F(EventBase, WritesNameThenPageThenContextBehindTheExtraProperties) {
+TEST_F(EventBase, WritesAdditionalPropertiesThenNamePageAndContext) {
   const auto event = JXEvent::init();
   event->setPageType("hub");
   event->setPageName("home");
   event->setName("page");
   event->addAdditionalParameter_withValue("extra", "x");
-  EXPECT_EQ(text(*event),
+  EXPECT_EQ(compactJson(*event),
             R"({"extra":"x","event_name":"page","page_name":"home","page_type":"hub",)"
             R"("context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
 }
 
-TEST_F(EventBase, AnExtraPageNameSurvivesUntilThePageIsNamed) {
+TEST_F(EventBase, OverridesAnAdditionalPageNameOnlyIfSet) {
   const auto event = JXEvent::init();
   event->addAdditionalParameter_withValue("page_name", "extra");
   event->addAdditionalParameter_withValue("page_type", "extra");
@@ -63,7 +63,7 @@ TEST_F(EventBase, AnExtraPageNameSurvivesUntilThePageIsNamed) {
   EXPECT_EQ(event->getJsonObject().get("page_type").string(), JXString("")) << "empty is a value";
 }
 
-TEST_F(EventBase, AnExtraEventNameIsReplacedOrRemoved) {
+TEST_F(EventBase, ReplacesOrRemovesAnAdditionalEventName) {
   const auto event = JXEvent::init();
   event->addAdditionalParameter_withValue("event_name", "extra");
   EXPECT_FALSE(event->getJsonObject().contains("event_name"));
@@ -72,19 +72,20 @@ TEST_F(EventBase, AnExtraEventNameIsReplacedOrRemoved) {
   event->setName("");
   EXPECT_EQ(event->getJsonObject().get("event_name").string(), JXString(""));
   EXPECT_EQ(event->getAdditionalProperties().get("event_name").string(), JXString("extra"))
-      << "the event's own properties are not touched";
+      << "the additional properties stay unchanged";
 }
 
-TEST_F(EventBase, AnExtraContextIsReplaced) {
+TEST_F(EventBase, ReplacesAnAdditionalContext) {
   const auto event = JXEvent::init();
   JXJsonObject forged;
   forged.set("device", "forged");
   event->addAdditionalParameter_forJsonDict("context", forged);
-  EXPECT_EQ(text(*event), R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
+  EXPECT_EQ(compactJson(*event),
+            R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
   EXPECT_FALSE(forged.contains("event_id"));
 }
 
-TEST_F(EventBase, EachCallMakesANewIdentifierAndANewObject) {
+TEST_F(EventBase, ReturnsANewObjectAndEventIDOnEachCall) {
   const auto event = JXEvent::init();
   JXJsonObject first = event->getJsonObject();
   const JXJsonObject second = event->getJsonObject();
@@ -95,13 +96,13 @@ TEST_F(EventBase, EachCallMakesANewIdentifierAndANewObject) {
   EXPECT_FALSE(event->getAdditionalProperties().contains("stray"));
 }
 
-TEST_F(EventBase, WhatIsAddedToTheContextLaterIsInTheEvent) {
+TEST_F(EventBase, ReturnsAContextThatCanBeExtended) {
   JXJsonObject block = JXEvent::init()->getJsonObject();
   block.get(JXE_CONTEXT).object().set("later", true);
   EXPECT_TRUE(inside(block, {"context"}).get("later").boolValue());
 }
 
-TEST_F(EventBase, ParametersAreTheBasesProperties) {
+TEST_F(EventBase, StoresParametersAsAdditionalProperties) {
   const auto event = JXEvent::init();
   event->addAdditionalParameter_withValue("text", "t");
   JXJsonObject nested;
@@ -115,7 +116,7 @@ TEST_F(EventBase, ParametersAreTheBasesProperties) {
             R"({"text":"replaced","object":{"later":true},"number":1.50})");
 }
 
-TEST_F(EventBase, AbsentParametersAreIgnored) {
+TEST_F(EventBase, IgnoresNullParameters) {
   const auto event = JXEvent::init();
   event->addAdditionalParameter_withValue(nullptr, "v");
   event->addAdditionalParameter_withValue("k", nullptr);
@@ -128,7 +129,7 @@ TEST_F(EventBase, AbsentParametersAreIgnored) {
   EXPECT_EQ(event->getAdditionalProperties().get("").string(), JXString("v"));
 }
 
-TEST_F(EventBase, ABareEventNeverVerifies) {
+TEST_F(EventBase, IsAlwaysInvalid) {
   const auto event = JXEvent::init();
   EXPECT_FALSE(event->verifyEvent());
   event->setName("n");
@@ -136,10 +137,10 @@ TEST_F(EventBase, ABareEventNeverVerifies) {
   event->setPageType("t");
   EXPECT_FALSE(event->verifyEvent());
   EXPECT_TRUE(event->firstFailedCondition().testString());
-  EXPECT_TRUE(lines().empty()) << "a check logs nothing";
+  EXPECT_TRUE(lines().empty()) << "validation logs nothing";
 }
 
-TEST_F(EventBase, ItemListsKeepTheirOrder) {
+TEST_F(EventBase, ListsItemsInOrder) {
   JXList<std::shared_ptr<JXItem>> items;
   for (const char* id : {"b", "a", "c"}) {
     const auto item = JXItem::init();
@@ -153,7 +154,7 @@ TEST_F(EventBase, ItemListsKeepTheirOrder) {
   EXPECT_EQ(array.at(2).object().get("id").string(), JXString("c"));
 }
 
-TEST_F(EventBase, AnEmptyOrAbsentItemListIsAnEmptyArray) {
+TEST_F(EventBase, WritesAnEmptyOrNullItemListAsAnEmptyArray) {
   using Items = JXList<std::shared_ptr<JXItem>>;
   for (const Items& items : {Items(), Items(nullptr)}) {
     const JXJsonArray array = JXEvent::getItemListAsJson(items);
@@ -162,28 +163,28 @@ TEST_F(EventBase, AnEmptyOrAbsentItemListIsAnEmptyArray) {
   }
 }
 
-TEST_F(EventBase, AnAbsentElementIsLeftOutWithALine) {
+TEST_F(EventBase, SkipsANullElementWithALogMessage) {
   const JXList<std::shared_ptr<JXItem>> items{JXItem::init(), nullptr, JXItem::init()};
   EXPECT_EQ(JXEvent::getItemListAsJson(items).size(), 2u);
   EXPECT_EQ(linesUpTo(3).size(), 1u);
 }
 
-TEST_F(EventBase, AnyObjectsThatGiveJsonCanBeListed) {
+TEST_F(EventBase, ListsAnyObjectsWithGetJsonObject) {
   const JXList<std::shared_ptr<Sticker>> stickers{std::make_shared<Sticker>()};
   EXPECT_TRUE(JXEvent::getItemListAsJson(stickers).at(0).object().get("sticker").boolValue());
   const JXList<std::shared_ptr<JXProduct>> products{JXProduct::init()};
   EXPECT_EQ(JXEvent::getItemListAsJson(products).size(), 1u);
 }
 
-TEST_F(EventBase, ACustomEventCarriesTheHostsName) {
+TEST_F(EventBase, CustomEventHasTheApplicationsName) {
   const auto event = JXCustomEvent::initWithName("quiz");
   EXPECT_EQ(event->name(), JXString("quiz"));
   EXPECT_EQ(
-      text(*event),
+      compactJson(*event),
       R"({"event_name":"quiz","context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
 }
 
-TEST_F(EventBase, ACustomEventVerifiesByItsName) {
+TEST_F(EventBase, CustomEventRequiresANonEmptyName) {
   EXPECT_TRUE(JXCustomEvent::initWithName("q")->verifyEvent());
   EXPECT_TRUE(JXCustomEvent::initWithName(" ")->verifyEvent()) << "one character is enough";
   EXPECT_FALSE(JXCustomEvent::initWithName("")->verifyEvent());
@@ -191,31 +192,32 @@ TEST_F(EventBase, ACustomEventVerifiesByItsName) {
   const auto event = JXCustomEvent::initWithName("q");
   EXPECT_FALSE(event->firstFailedCondition().isPresent());
   event->setName(nullptr);
-  EXPECT_EQ(event->firstFailedCondition(), JXString("name is absent or empty"));
+  EXPECT_EQ(event->firstFailedCondition(), JXString("name must be a non-empty string"));
 }
 
-TEST_F(EventBase, AShoppingEventAlwaysVerifiesAndHasItsOwnEmptyList) {
+TEST_F(EventBase, ECommerceEventIsAlwaysValidAndHasItsOwnEmptyList) {
   const auto event = JXECommerceEvent::init();
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_TRUE(event->items().isPresent());
   EXPECT_EQ(event->items().size(), 0u);
   EXPECT_FALSE(event->currency().isPresent());
   event->items().append(JXItem::init());
-  EXPECT_EQ(event->items().size(), 1u) << "the list is the event's own";
-  EXPECT_EQ(JXECommerceEvent::init()->items().size(), 0u) << "and no other's";
+  EXPECT_EQ(event->items().size(), 1u) << "the event owns the list";
+  EXPECT_EQ(JXECommerceEvent::init()->items().size(), 0u) << "events do not share the list";
   event->setItems(nullptr);
   EXPECT_FALSE(event->items().isPresent());
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST_F(EventBase, AShoppingEventWritesNoMoreThanTheBase) {
+TEST_F(EventBase, ECommerceEventWritesOnlyTheFieldsOfJXEvent) {
   const auto event = JXECommerceEvent::init();
   event->setCurrency("GBP");
   event->items().append(JXItem::init());
-  EXPECT_EQ(text(*event), R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
+  EXPECT_EQ(compactJson(*event),
+            R"({"context":{"event_id":"00000000-0000-4000-8000-000000000001"}})");
 }
 
-TEST_F(EventBase, AccessorsAreReadAndWrittenUnderTheirNames) {
+TEST_F(EventBase, AccessorsReturnTheValuesThatWereSet) {
   const auto event = JXECommerceEvent::init();
   event->setName("1");
   event->setPageName("2");
@@ -227,7 +229,7 @@ TEST_F(EventBase, AccessorsAreReadAndWrittenUnderTheirNames) {
   EXPECT_EQ(event->currency(), JXString("4"));
 }
 
-TEST_F(EventBase, ClassesAreFoundByTheirNameAndMakeThemselves) {
+TEST_F(EventBase, FindsClassesByNameAndCreatesTheirEvents) {
   const JXEventClass* const custom = eventClassNamed("JXCustomEvent");
   ASSERT_NE(custom, nullptr);
   EXPECT_EQ(custom->base, &JXEvent::eventClass());
@@ -240,7 +242,7 @@ TEST_F(EventBase, ClassesAreFoundByTheirNameAndMakeThemselves) {
   EXPECT_EQ(eventClassNamed(""), nullptr);
 }
 
-TEST_F(EventBase, PropertiesOfTheClassAndItsBasesCanBeSetByName) {
+TEST_F(EventBase, SetsPropertiesOfTheClassAndItsBasesByName) {
   const JXEventClass& type = JXECommerceEvent::eventClass();
   const auto event = JXECommerceEvent::init();
   EXPECT_EQ(type.setProperty(*event, "pageName", "home"), "");
@@ -249,9 +251,9 @@ TEST_F(EventBase, PropertiesOfTheClassAndItsBasesCanBeSetByName) {
   EXPECT_EQ(event->currency(), JXString("GBP"));
   EXPECT_EQ(type.setProperty(*event, "pageName", JXJsonValue::null()), "");
   EXPECT_FALSE(event->pageName().isPresent());
-  EXPECT_NE(type.setProperty(*event, "currency", 7), "") << "no text";
+  EXPECT_NE(type.setProperty(*event, "currency", 7), "") << "must be a string";
   EXPECT_EQ(event->currency(), JXString("GBP"));
-  EXPECT_NE(type.setProperty(*event, "coupon", "c"), "") << "no field of this class";
+  EXPECT_NE(type.setProperty(*event, "coupon", "c"), "") << "not a field of this class";
 }
 
 }  // namespace

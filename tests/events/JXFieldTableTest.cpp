@@ -26,7 +26,7 @@ JXJsonValue json(const char* text) {
   return reading.value;
 }
 
-// What is wrong with the value, empty when the property took it.
+// Returns the error, or an empty string if the property accepts the value.
 std::string set(JXEvent& event, std::string_view property, const char* text) {
   return event.ownEventClass().setProperty(event, property, json(text));
 }
@@ -36,10 +36,10 @@ std::string set(JXProduct& product, std::string_view property, const char* text)
   return JXProduct::fields().set(product, field, json(text));
 }
 
-TEST(JXEnumStrings, HasNoTextOutsideItsEnumeration) {
-  static constexpr std::array<std::string_view, 2> texts{"a", "b"};
-  static constexpr std::array<std::string_view, 2> members{"A", "B"};
-  const JXEnumStrings table(texts, members);
+TEST(JXEnumStrings, ReturnsNullOutsideTheEnumeration) {
+  static constexpr std::array<std::string_view, 2> strings{"a", "b"};
+  static constexpr std::array<std::string_view, 2> enumerators{"A", "B"};
+  const JXEnumStrings table(strings, enumerators);
   EXPECT_EQ(table.stringOf(0), JXString("a"));
   EXPECT_EQ(table.stringOf(1), JXString("b"));
   EXPECT_EQ(table.stringOf(2), JXString());
@@ -50,12 +50,12 @@ TEST(JXEnumStrings, HasNoTextOutsideItsEnumeration) {
   EXPECT_TRUE(JXEnumStrings().allStrings().empty());
 }
 
-TEST(JXFieldTable, ATextTakesAStringOrNull) {
+TEST(JXFieldTable, StringFieldAcceptsStringOrNull) {
   const auto event = JXPurchaseEvent::init();
   EXPECT_EQ(set(*event, "coupon", R"("SPRING")"), "");
   EXPECT_EQ(event->coupon(), JXString("SPRING"));
   for (const char* wrong : {"1", "true", "{}", "[]"})
-    EXPECT_EQ(set(*event, "coupon", wrong), "is no text") << wrong;
+    EXPECT_EQ(set(*event, "coupon", wrong), "must be a string") << wrong;
   EXPECT_EQ(event->coupon(), JXString("SPRING"));
   EXPECT_EQ(set(*event, "coupon", R"("")"), "");
   EXPECT_EQ(event->coupon(), JXString(""));
@@ -63,7 +63,7 @@ TEST(JXFieldTable, ATextTakesAStringOrNull) {
   EXPECT_EQ(event->coupon(), JXString());
 }
 
-TEST(JXFieldTable, ANumberTakesDigitsAsANumberOrAStringOrNull) {
+TEST(JXFieldTable, NumberFieldAcceptsNumberNumericStringOrNull) {
   const auto event = JXPurchaseEvent::init();
   EXPECT_EQ(set(*event, "revenue", "12.50"), "");
   ASSERT_TRUE(event->revenue().has_value());
@@ -71,66 +71,66 @@ TEST(JXFieldTable, ANumberTakesDigitsAsANumberOrAStringOrNull) {
   EXPECT_EQ(set(*event, "revenue", R"("1.5e3")"), "");
   EXPECT_EQ(event->revenue()->toString(), "1500");
   for (const char* wrong : {R"("a lot")", R"("")", "true", "[1]", "{}"})
-    EXPECT_EQ(set(*event, "revenue", wrong), "is no decimal number") << wrong;
+    EXPECT_EQ(set(*event, "revenue", wrong), "must be a decimal number") << wrong;
   EXPECT_EQ(event->revenue()->toString(), "1500");
   EXPECT_EQ(set(*event, "revenue", "null"), "");
   EXPECT_EQ(event->revenue(), std::nullopt);
 }
 
-TEST(JXFieldTable, AFlagTakesTrueAndFalseAndIsNeverAbsent) {
+TEST(JXFieldTable, BooleanFieldAcceptsOnlyTrueOrFalse) {
   const auto event =
       JXVideoPlaybackEvent::initWithMode_andSessionId(EJXVideoPlaybackMode_START, "");
   EXPECT_EQ(set(*event, "fullScreen", "true"), "");
   EXPECT_TRUE(event->fullScreen());
   for (const char* wrong : {"null", "1", R"("true")", "[]", "{}"})
-    EXPECT_EQ(set(*event, "fullScreen", wrong), "is neither true nor false") << wrong;
+    EXPECT_EQ(set(*event, "fullScreen", wrong), "must be true or false") << wrong;
   EXPECT_TRUE(event->fullScreen());
 }
 
-TEST(JXFieldTable, AListOfTextsTakesStringsAndNulls) {
+TEST(JXFieldTable, StringsFieldAcceptsStringsAndNulls) {
   const auto product = JXProduct::init();
   EXPECT_EQ(set(*product, "colors", R"(["red",null,""])"), "");
   EXPECT_EQ(product->colors().size(), 3u);
   EXPECT_EQ(product->colors()[1], JXString());
-  EXPECT_EQ(set(*product, "colors", R"(["red",1])"), "holds what is no text");
-  EXPECT_EQ(set(*product, "colors", R"("red")"), "is no list");
+  EXPECT_EQ(set(*product, "colors", R"(["red",1])"), "must contain only strings");
+  EXPECT_EQ(set(*product, "colors", R"("red")"), "must be an array");
   EXPECT_EQ(product->colors().size(), 3u);
   EXPECT_EQ(set(*product, "colors", "null"), "");
   EXPECT_FALSE(product->colors().isPresent());
 }
 
-TEST(JXFieldTable, NumberedTextsTakeAListToo) {
+TEST(JXFieldTable, NumberedStringsFieldAcceptsAnArray) {
   const auto product = JXProduct::init();
   EXPECT_EQ(set(*product, "categories", R"(["a","b"])"), "");
   EXPECT_EQ(jsonText(product->getJsonObject()),
             R"({"category_1":"a","category_2":"b","colors":[]})");
-  EXPECT_EQ(set(*product, "categories", "{}"), "is no list");
+  EXPECT_EQ(set(*product, "categories", "{}"), "must be an array");
 }
 
-TEST(JXFieldTable, AListOfValuesTakesAnyArrayOrNull) {
+TEST(JXFieldTable, ValuesFieldAcceptsAnyArrayOrNull) {
   const auto event =
       JXVideoContentEvent::initWithMode_andSessionId(EJXVideoContentMode_START, "s-1");
   EXPECT_EQ(set(*event, "keywords", R"(["a",1.50,null,{"b":[true]}])"), "");
   EXPECT_EQ(event->keywords().size(), 4u);
   EXPECT_EQ(event->keywords().at(1).numberString(), JXString("1.50"));
-  EXPECT_EQ(set(*event, "keywords", R"("a")"), "is no list");
+  EXPECT_EQ(set(*event, "keywords", R"("a")"), "must be an array");
   EXPECT_EQ(event->keywords().size(), 4u);
   EXPECT_EQ(set(*event, "keywords", "null"), "");
   EXPECT_FALSE(event->keywords().isPresent());
 }
 
-TEST(JXFieldTable, AnEnumerationTakesTheNameOfAMemberAndIsNeverAbsent) {
+TEST(JXFieldTable, EnumerationFieldAcceptsOnlyEnumeratorNames) {
   const auto event = JXVideoAdEvent::initWithMode_andSessionId(EJXVideoAdMode_START, "s-1");
   EXPECT_EQ(set(*event, "adType", R"("MID_ROLL")"), "");
   EXPECT_EQ(event->adType(), EJXAdType_MID_ROLL);
   for (const char* wrong : {R"("mid-roll")", R"("EJXAdType_PRE_ROLL")", R"("")", "0", "null"})
-    EXPECT_EQ(set(*event, "adType", wrong), "is no member of the enumeration") << wrong;
+    EXPECT_EQ(set(*event, "adType", wrong), "must be one of the enumeration's names") << wrong;
   EXPECT_EQ(event->adType(), EJXAdType_MID_ROLL);
   EXPECT_EQ(set(*event, "loadType", R"("LINEAR")"), "");
   EXPECT_EQ(event->loadType(), EJXAdLoadType_LINEAR);
 }
 
-TEST(JXFieldTable, ItemsTakeObjectsWithTheirFieldsProductAndParameters) {
+TEST(JXFieldTable, ItemsFieldAcceptsItemsWithProductsAndParameters) {
   const auto event = JXPurchaseEvent::init();
   EXPECT_EQ(set(*event, "items", R"([{"ID":"1","quantity":6,"product":{"ID":"85123A",
       "name":"LANTERN","price":"3.39","categories":["home"],"parameters":{"new":null}},
@@ -147,25 +147,25 @@ TEST(JXFieldTable, ItemsTakeObjectsWithTheirFieldsProductAndParameters) {
   EXPECT_FALSE(event->items().isPresent());
 }
 
-TEST(JXFieldTable, ItemsSayWhatIsWrongAndAreThenUnchanged) {
+TEST(JXFieldTable, ItemsFieldReportsErrorsAndStaysUnchanged) {
   const auto event = JXPurchaseEvent::
       initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
           "1", 1, 1, "GBP", "t", "card", "pending", {lampItem()});
-  EXPECT_EQ(set(*event, "items", "{}"), "is no list");
-  EXPECT_EQ(set(*event, "items", R"(["1"])"), "holds what is no item");
-  EXPECT_EQ(set(*event, "items", R"([{"id":"1"}])"), "holds an item whose id is no field");
+  EXPECT_EQ(set(*event, "items", "{}"), "must be an array");
+  EXPECT_EQ(set(*event, "items", R"(["1"])"), "must contain only items");
+  EXPECT_EQ(set(*event, "items", R"([{"id":"1"}])"), "contains an invalid item: id is not a field");
   EXPECT_EQ(set(*event, "items", R"([{"quantity":"six"}])"),
-            "holds an item whose quantity is no decimal number");
+            "contains an invalid item: quantity must be a decimal number");
   EXPECT_EQ(set(*event, "items", R"([{"parameters":[]}])"),
-            "holds an item whose parameters is no object");
+            "contains an invalid item: parameters must be an object");
   EXPECT_EQ(set(*event, "items", R"([{"product":"p"}])"),
-            "holds an item whose product is no product");
+            "contains an invalid item: product must be an object");
   EXPECT_EQ(set(*event, "items", R"([{"product":{"price":true}}])"),
-            "holds an item whose product is a product whose price is no decimal number");
+            "contains an invalid item: product is invalid: price must be a decimal number");
   EXPECT_EQ(event->items().size(), 1u);
 }
 
-TEST(JXFieldTable, APropertyOfABaseAndAnUnwrittenOneCanBeSet) {
+TEST(JXFieldTable, SetsInheritedAndUnwrittenProperties) {
   const auto playback =
       JXVideoPlaybackEvent::initWithMode_andSessionId(EJXVideoPlaybackMode_START, nullptr);
   EXPECT_EQ(set(*playback, "videoSessionID", R"("s-1")"), "");
@@ -179,10 +179,10 @@ TEST(JXFieldTable, APropertyOfABaseAndAnUnwrittenOneCanBeSet) {
   EXPECT_EQ(shopping->items().size(), 1u);
 }
 
-TEST(JXFieldTable, AnUnknownPropertyIsRefused) {
+TEST(JXFieldTable, RejectsAnUnknownProperty) {
   EXPECT_EQ(set(*JXPurchaseEvent::init(), "payment_method", R"("card")"),
-            "is no field of JXPurchaseEvent");
-  EXPECT_EQ(set(*JXEvent::init(), "currency", R"("GBP")"), "is no field of JXEvent");
+            "is not a field of JXPurchaseEvent");
+  EXPECT_EQ(set(*JXEvent::init(), "currency", R"("GBP")"), "is not a field of JXEvent");
 }
 
 }  // namespace

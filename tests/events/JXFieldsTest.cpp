@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Walking a table of fields, over a class that has one of each kind.
+// The field table of a class with one field of each type.
 
 #include "jx/events/JXFields.h"
 
@@ -18,29 +18,30 @@
 namespace jx::test {
 namespace {
 
-constexpr std::array<std::string_view, 2> kTexts{"first text", "second text"};
-constexpr std::array<std::string_view, 2> kMembers{"FIRST", "SECOND"};
+constexpr std::array<std::string_view, 2> kStrings{"first string", "second string"};
+constexpr std::array<std::string_view, 2> kEnumerators{"FIRST", "SECOND"};
 
 struct Sample : JXAdditionalProperties {
-  JXString text;
+  JXString string;
   std::optional<JXDecimal> number;
-  bool flag = false;
-  JXList<JXString> texts = nullptr;
+  bool boolean = false;
+  JXList<JXString> strings = nullptr;
   JXList<JXString> numbered = nullptr;
   JXJsonArray values = nullptr;
-  int choice = -1;
+  int enumeration = -1;
   JXList<std::shared_ptr<JXItem>> items = nullptr;
   std::shared_ptr<JXProduct> product;
 
   static const JXFields<Sample>& fields() {
     static const JXFields<Sample> table{
-        {"text_key", "text", &Sample::text},
+        {"string_key", "string", &Sample::string},
         {"number_key", "number", &Sample::number},
-        {"flag_key", "flag", &Sample::flag},
-        {"texts_key", "texts", &Sample::texts},
+        {"boolean_key", "boolean", &Sample::boolean},
+        {"strings_key", "strings", &Sample::strings},
         {"numbered_", "numbered", JXNumberedStrings<Sample>{&Sample::numbered}},
         {"values_key", "values", &Sample::values},
-        {"choice_key", "choice", JXEnumField<Sample>{&Sample::choice, {kTexts, kMembers}}},
+        {"enumeration_key", "enumeration",
+         JXEnumField<Sample>{&Sample::enumeration, {kStrings, kEnumerators}}},
         {"items_key", "items", &Sample::items},
         {"product_key", "product", &Sample::product},
     };
@@ -66,50 +67,50 @@ JXFieldState state(const Sample& sample, std::string_view property) {
   return table.state(sample, table.findProperty(property));
 }
 
-TEST(Fields, WriteNothingButFlagsAndCopiedListsOfAnEmptyObject) {
-  EXPECT_EQ(written(Sample()), R"({"flag_key":false,"texts_key":[],"items_key":[]})");
+TEST(Fields, WriteOnlyBooleansAndEmptyListsByDefault) {
+  EXPECT_EQ(written(Sample()), R"({"boolean_key":false,"strings_key":[],"items_key":[]})");
 }
 
-TEST(Fields, WriteInTheOrderOfTheTable) {
+TEST(Fields, WriteInTableOrder) {
   Sample sample;
-  sample.text = "t";
+  sample.string = "t";
   sample.number = JXDecimal::fromString("12.50");
-  sample.flag = true;
-  sample.texts = {"a", nullptr, ""};
+  sample.boolean = true;
+  sample.strings = {"a", nullptr, ""};
   sample.numbered = {"x", nullptr, "z"};
   sample.values = json(R"([1,"two",null])").array();
-  sample.choice = 1;
+  sample.enumeration = 1;
   sample.items = JXList<std::shared_ptr<JXItem>>();
   sample.product = JXProduct::init();
   EXPECT_EQ(written(sample),
-            R"({"text_key":"t","number_key":12.50,"flag_key":true,"texts_key":["a",""],)"
+            R"({"string_key":"t","number_key":12.50,"boolean_key":true,"strings_key":["a",""],)"
             R"("numbered_1":"x","numbered_3":"z","values_key":[1,"two",null],)"
-            R"("choice_key":"second text","items_key":[],"product_key":{"colors":[]}})");
+            R"("enumeration_key":"second string","items_key":[],"product_key":{"colors":[]}})");
 }
 
-TEST(Fields, AnAbsentFieldLeavesWhatStoodThere) {
+TEST(Fields, KeepTheExistingValueForANullField) {
   JXJsonObject dict;
-  dict.set("text_key", "extra");
-  dict.set("flag_key", "extra");
+  dict.set("string_key", "extra");
+  dict.set("boolean_key", "extra");
   EXPECT_EQ(written(Sample(), dict),
-            R"({"text_key":"extra","flag_key":false,"texts_key":[],"items_key":[]})");
+            R"({"string_key":"extra","boolean_key":false,"strings_key":[],"items_key":[]})");
 }
 
-TEST(Fields, ANotANumberIsLeftOut) {
+TEST(Fields, OmitNaN) {
   Sample sample;
   sample.number = JXDecimal::nan();
-  EXPECT_EQ(written(sample), R"({"flag_key":false,"texts_key":[],"items_key":[]})");
+  EXPECT_EQ(written(sample), R"({"boolean_key":false,"strings_key":[],"items_key":[]})");
 }
 
-TEST(Fields, AChoiceOutsideItsEnumerationIsLeftOut) {
+TEST(Fields, OmitAnUnknownEnumerationValue) {
   Sample sample;
-  for (const int choice : {-1, 2, 2147483647, -2147483647 - 1}) {
-    sample.choice = choice;
-    EXPECT_EQ(written(sample), R"({"flag_key":false,"texts_key":[],"items_key":[]})") << choice;
+  for (const int value : {-1, 2, 2147483647, -2147483647 - 1}) {
+    sample.enumeration = value;
+    EXPECT_EQ(written(sample), R"({"boolean_key":false,"strings_key":[],"items_key":[]})") << value;
   }
 }
 
-TEST(Fields, AreFoundByPropertyAndByKey) {
+TEST(Fields, FindFieldsByPropertyAndByKey) {
   const JXFieldTable& table = Sample::fields();
   EXPECT_EQ(table.fields().size(), 9u);
   EXPECT_EQ(table.findProperty("number"), 1u);
@@ -118,7 +119,7 @@ TEST(Fields, AreFoundByPropertyAndByKey) {
   EXPECT_EQ(table.findKey(""), JXFieldTable::npos);
 }
 
-TEST(Fields, TellTheirKinds) {
+TEST(Fields, ReportTheirKinds) {
   const std::vector<JXFieldKind> expected = {
       JXFieldKind::String,      JXFieldKind::Number,          JXFieldKind::Boolean,
       JXFieldKind::Strings,     JXFieldKind::NumberedStrings, JXFieldKind::Values,
@@ -131,100 +132,101 @@ TEST(Fields, TellTheirKinds) {
   EXPECT_EQ(Sample::fields().fields()[0].enumStrings.count, 0u);
 }
 
-TEST(Fields, AbsentOnesAreNeitherPresentNorUsable) {
+TEST(Fields, ReportNullFieldsAsNotPresent) {
   const Sample sample;
   for (const char* property :
-       {"text", "number", "texts", "numbered", "values", "choice", "items", "product"}) {
+       {"string", "number", "strings", "numbered", "values", "enumeration", "items", "product"}) {
     EXPECT_FALSE(state(sample, property).isPresent) << property;
     EXPECT_FALSE(state(sample, property).isNonEmptyString) << property;
     EXPECT_FALSE(state(sample, property).hasEntries) << property;
   }
-  EXPECT_TRUE(state(sample, "flag").isPresent) << "a flag always is";
+  EXPECT_TRUE(state(sample, "boolean").isPresent) << "a Boolean is always present";
 }
 
-TEST(Fields, EmptyOnesArePresentButNotUsable) {
+TEST(Fields, ReportEmptyFieldsAsPresentButEmpty) {
   Sample sample;
-  sample.text = "";
+  sample.string = "";
   sample.number = JXDecimal();
-  sample.texts = JXList<JXString>();
+  sample.strings = JXList<JXString>();
   sample.numbered = JXList<JXString>();
   sample.values = JXJsonArray();
   sample.items = JXList<std::shared_ptr<JXItem>>();
   sample.product = JXProduct::init();
   for (const char* property :
-       {"text", "number", "texts", "numbered", "values", "items", "product"}) {
+       {"string", "number", "strings", "numbered", "values", "items", "product"}) {
     EXPECT_TRUE(state(sample, property).isPresent) << property;
     EXPECT_FALSE(state(sample, property).isNonEmptyString) << property;
     EXPECT_FALSE(state(sample, property).hasEntries) << property;
   }
-  sample.text = "t";
-  EXPECT_TRUE(state(sample, "text").isNonEmptyString);
-  sample.texts.append("t");
-  EXPECT_TRUE(state(sample, "texts").hasEntries);
+  sample.string = "t";
+  EXPECT_TRUE(state(sample, "string").isNonEmptyString);
+  sample.strings.append("t");
+  EXPECT_TRUE(state(sample, "strings").hasEntries);
 }
 
-TEST(Fields, AreReadFromJson) {
+TEST(Fields, ReadValuesFromJson) {
   Sample sample;
-  EXPECT_EQ(set(sample, "text", R"("t")"), "");
+  EXPECT_EQ(set(sample, "string", R"("t")"), "");
   EXPECT_EQ(set(sample, "number", "1e2"), "");
-  EXPECT_EQ(set(sample, "flag", "true"), "");
-  EXPECT_EQ(set(sample, "texts", R"(["a",null])"), "");
+  EXPECT_EQ(set(sample, "boolean", "true"), "");
+  EXPECT_EQ(set(sample, "strings", R"(["a",null])"), "");
   EXPECT_EQ(set(sample, "numbered", R"(["n"])"), "");
   EXPECT_EQ(set(sample, "values", R"([{"deep":1.50}])"), "");
-  EXPECT_EQ(set(sample, "choice", R"("FIRST")"), "");
+  EXPECT_EQ(set(sample, "enumeration", R"("FIRST")"), "");
   EXPECT_EQ(set(sample, "items", R"([{"ID":"1","quantity":"2","parameters":{"gift":true}}])"), "");
   EXPECT_EQ(set(sample, "product", R"({"name":"LANTERN","price":3.39,"categories":["home"]})"), "");
   EXPECT_EQ(written(sample),
-            R"({"text_key":"t","number_key":100,"flag_key":true,"texts_key":["a"],)"
-            R"("numbered_1":"n","values_key":[{"deep":1.50}],"choice_key":"first text",)"
+            R"({"string_key":"t","number_key":100,"boolean_key":true,"strings_key":["a"],)"
+            R"("numbered_1":"n","values_key":[{"deep":1.50}],"enumeration_key":"first string",)"
             R"("items_key":[{"gift":true,"id":"1","quantity":2,"product":{"colors":[]}}],)"
             R"("product_key":{"name":"LANTERN","price":3.39,"category_1":"home","colors":[]}})");
 }
 
-TEST(Fields, NullSetsThemToAbsent) {
+TEST(Fields, SetFieldsToNullFromJsonNull) {
   Sample sample;
-  sample.text = "t";
+  sample.string = "t";
   sample.number = JXDecimal(1);
-  sample.texts = {"a"};
+  sample.strings = {"a"};
   sample.numbered = {"a"};
   sample.values = JXJsonArray();
   sample.items = {JXItem::init()};
   sample.product = JXProduct::init();
   for (const char* property :
-       {"text", "number", "texts", "numbered", "values", "items", "product"}) {
+       {"string", "number", "strings", "numbered", "values", "items", "product"}) {
     EXPECT_EQ(set(sample, property, "null"), "") << property;
     EXPECT_FALSE(state(sample, property).isPresent) << property;
   }
-  EXPECT_NE(set(sample, "flag", "null"), "") << "a flag cannot be absent";
-  EXPECT_NE(set(sample, "choice", "null"), "");
+  EXPECT_NE(set(sample, "boolean", "null"), "") << "a Boolean cannot be null";
+  EXPECT_NE(set(sample, "enumeration", "null"), "");
 }
 
-TEST(Fields, ANullProductInAnItemIsNoneAndAnUnnamedOneIsEmpty) {
+TEST(Fields, ReadANullProductAsNullAndAMissingOneAsEmpty) {
   Sample sample;
   ASSERT_EQ(set(sample, "items", R"([{"product":null},{}])"), "");
   EXPECT_EQ(written(sample),
-            R"({"flag_key":false,"texts_key":[],"items_key":[{},{"product":{"colors":[]}}]})");
+            R"({"boolean_key":false,"strings_key":[],"items_key":[{},{"product":{"colors":[]}}]})");
 }
 
-TEST(Fields, AWrongValueIsNamedAndChangesNothing) {
+TEST(Fields, RejectInvalidValuesWithoutChangingTheObject) {
   Sample sample;
-  sample.text = "kept";
+  sample.string = "kept";
   sample.number = JXDecimal(7);
-  sample.texts = {"kept"};
-  sample.choice = 0;
+  sample.strings = {"kept"};
+  sample.enumeration = 0;
   const std::string before = written(sample);
-  EXPECT_NE(set(sample, "text", "1"), "");
+  EXPECT_NE(set(sample, "string", "1"), "");
   EXPECT_NE(set(sample, "number", R"("abc")"), "");
   EXPECT_NE(set(sample, "number", R"("")"), "");
   EXPECT_NE(set(sample, "number", "true"), "");
-  EXPECT_NE(set(sample, "flag", R"("true")"), "");
-  EXPECT_NE(set(sample, "flag", "1"), "");
-  EXPECT_NE(set(sample, "texts", R"(["a",1])"), "");
-  EXPECT_NE(set(sample, "texts", R"("a")"), "");
+  EXPECT_NE(set(sample, "boolean", R"("true")"), "");
+  EXPECT_NE(set(sample, "boolean", "1"), "");
+  EXPECT_NE(set(sample, "strings", R"(["a",1])"), "");
+  EXPECT_NE(set(sample, "strings", R"("a")"), "");
   EXPECT_NE(set(sample, "values", "{}"), "");
-  EXPECT_NE(set(sample, "choice", R"("THIRD")"), "");
-  EXPECT_NE(set(sample, "choice", R"("first text")"), "") << "the member's name is asked for";
-  EXPECT_NE(set(sample, "choice", "0"), "");
+  EXPECT_NE(set(sample, "enumeration", R"("THIRD")"), "");
+  EXPECT_NE(set(sample, "enumeration", R"("first string")"), "")
+      << "only the enumerator's name is accepted";
+  EXPECT_NE(set(sample, "enumeration", "0"), "");
   EXPECT_NE(set(sample, "items", R"([{"colour":"red"}])"), "");
   EXPECT_NE(set(sample, "items", R"([1])"), "");
   EXPECT_NE(set(sample, "product", R"({"price":"free"})"), "");
@@ -232,10 +234,10 @@ TEST(Fields, AWrongValueIsNamedAndChangesNothing) {
   EXPECT_EQ(written(sample), before);
 }
 
-TEST(Fields, TheTextOfAnEnumerationIsNeverReadOutOfBounds) {
-  const JXEnumStrings table{kTexts, kMembers};
-  EXPECT_EQ(table.stringOf(0), JXString("first text"));
-  EXPECT_EQ(table.stringOf(1), JXString("second text"));
+TEST(Fields, ReturnNullStringsOutsideTheEnumeration) {
+  const JXEnumStrings table{kStrings, kEnumerators};
+  EXPECT_EQ(table.stringOf(0), JXString("first string"));
+  EXPECT_EQ(table.stringOf(1), JXString("second string"));
   EXPECT_FALSE(table.stringOf(2).isPresent());
   EXPECT_FALSE(table.stringOf(-1).isPresent());
   EXPECT_FALSE(JXEnumStrings().stringOf(0).isPresent());

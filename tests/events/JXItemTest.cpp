@@ -12,7 +12,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXItem, WithEveryFieldSetWritesThemAllInOrderAndNestsItsProduct) {
+TEST(JXItem, WritesAllFieldsInOrderAndNestsItsProduct) {
   const auto item = lampItem();
   item->setVariant("tall");
   item->setList_position(4);
@@ -26,7 +26,7 @@ TEST(JXItem, WithEveryFieldSetWritesThemAllInOrderAndNestsItsProduct) {
             R"("product":{"id":"L7","name":"Lamp","price":12.50,"colors":[]}})");
 }
 
-TEST(JXItem, MadeByInitHasAnEmptyProductAndFailsUntilThatIsFilledIn) {
+TEST(JXItem, StartsWithAnEmptyProductAndIsInvalidUntilItIsFilled) {
   const auto item = JXItem::init();
   ASSERT_NE(item->product(), nullptr);
   EXPECT_EQ(jsonText(item->getJsonObject()), R"({"product":{"colors":[]}})");
@@ -39,7 +39,7 @@ TEST(JXItem, MadeByInitHasAnEmptyProductAndFailsUntilThatIsFilledIn) {
   EXPECT_TRUE(item->verifyItem());
 }
 
-TEST(JXItem, NeedsAnIdentifierAProductThatVerifiesAndAQuantity) {
+TEST(JXItem, RequiresAnIDAValidProductAndAQuantity) {
   EXPECT_TRUE(lampItem()->verifyItem());
   const auto withoutId = lampItem();
   withoutId->setID("");
@@ -47,33 +47,33 @@ TEST(JXItem, NeedsAnIdentifierAProductThatVerifiesAndAQuantity) {
   const auto withoutProduct = lampItem();
   withoutProduct->setProduct(nullptr);
   EXPECT_FALSE(withoutProduct->verifyItem());
-  const auto withBadProduct = lampItem();
-  withBadProduct->setProduct(JXProduct::init());
-  EXPECT_FALSE(withBadProduct->verifyItem());
+  const auto withInvalidProduct = lampItem();
+  withInvalidProduct->setProduct(JXProduct::init());
+  EXPECT_FALSE(withInvalidProduct->verifyItem());
   const auto withoutQuantity = lampItem();
   withoutQuantity->setQuantity(std::nullopt);
   EXPECT_FALSE(withoutQuantity->verifyItem());
 }
 
-TEST(JXItem, AQuantityOfZeroIsAQuantity) {
+TEST(JXItem, AcceptsAQuantityOfZero) {
   const auto item = JXItem::initWithItemId_withProduct_withQuantity("1", lampItem()->product(), 0);
   EXPECT_TRUE(item->verifyItem());
   EXPECT_EQ(item->getJsonObject().get("quantity").numberString(), JXString("0"));
 }
 
-TEST(JXItem, TakesTheWholeRangeOfQuantities) {
+TEST(JXItem, AcceptsTheWholeRangeOfQuantities) {
   const auto lowest =
       JXItem::initWithItemId_withProduct_withQuantity("1", lampItem()->product(), INT32_MIN);
   EXPECT_EQ(lowest->getJsonObject().get("quantity").numberString(), JXString("-2147483648"));
 }
 
-TEST(JXItem, AnAbsentProductStaysAbsentAndIsNotWritten) {
+TEST(JXItem, KeepsAndOmitsANullProduct) {
   const auto item = JXItem::initWithItemId_withProduct_withQuantity("1", nullptr, 2);
   EXPECT_EQ(item->product(), nullptr);
   EXPECT_EQ(jsonText(item->getJsonObject()), R"({"id":"1","quantity":2})");
 }
 
-TEST(JXItem, NeverLiftsItsProductsKeysToItsOwnLevel) {
+TEST(JXItem, WritesProductKeysOnlyInsideTheProduct) {
   const JXJsonObject json = lampItem()->getJsonObject();
   EXPECT_FALSE(json.contains("name"));
   EXPECT_FALSE(json.contains("price"));
@@ -81,7 +81,7 @@ TEST(JXItem, NeverLiftsItsProductsKeysToItsOwnLevel) {
   EXPECT_EQ(json.get("product").object().get("id").string(), JXString("L7"));
 }
 
-TEST(JXItem, ThatFailsIsStillWrittenInFullByItsEvent) {
+TEST(JXItem, IsWrittenInFullEvenIfInvalid) {
   const auto item = JXItem::init();
   item->setVariant("tall");
   ASSERT_FALSE(item->verifyItem());

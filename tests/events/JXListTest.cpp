@@ -9,62 +9,62 @@
 namespace jx::test {
 namespace {
 
-using Texts = JXList<std::string>;
+using Strings = JXList<std::string>;
 
-std::string joined(const Texts& list) {
-  std::string text;
+std::string joined(const Strings& list) {
+  std::string result;
   for (const std::string& element : list)
-    text += element;
-  return text;
+    result += element;
+  return result;
 }
 
-TEST(List, IsEmptyAndPresentWhenItIsMade) {
-  const Texts list;
+TEST(List, IsEmptyAndPresentByDefault) {
+  const Strings list;
   EXPECT_TRUE(list.isPresent());
   EXPECT_EQ(list.size(), 0u);
   EXPECT_EQ(joined(list), "");
 }
 
-TEST(List, AnAbsentOneHoldsNothingAndIgnoresWhatIsAppended) {
-  const Texts list = nullptr;
+TEST(List, IgnoresAppendsIfNull) {
+  const Strings list = nullptr;
   list.append("a");
-  list.appendAll(Texts{"a"});
+  list.appendAll(Strings{"a"});
   EXPECT_FALSE(list.isPresent());
   EXPECT_EQ(list.size(), 0u);
   EXPECT_EQ(joined(list), "");
 }
 
-TEST(List, KeepsTheOrderOfWhatIsAppended) {
-  const Texts list{"b", "a"};
+TEST(List, KeepsTheOrderOfAppendedElements) {
+  const Strings list{"b", "a"};
   list.append("c");
   EXPECT_EQ(joined(list), "bac");
   EXPECT_EQ(list[1], "a");
 }
 
 TEST(List, CopiesShareTheElements) {
-  const Texts list;
-  const Texts copy = list;
+  const Strings list;
+  const Strings copy = list;
   copy.append("a");
   EXPECT_EQ(joined(list), "a");
   EXPECT_TRUE(list.isSameAs(copy));
-  EXPECT_FALSE(list.isSameAs(Texts{"a"}));
+  EXPECT_FALSE(list.isSameAs(Strings{"a"}));
 }
 
-TEST(List, MadeFromAVectorHasElementsOfItsOwn) {
+TEST(List, CopiesTheElementsOfAVector) {
   std::vector<std::string> vector{"a"};
-  const Texts list = vector;
+  const Strings list = vector;
   vector.push_back("b");
   EXPECT_EQ(joined(list), "a");
 }
 
-TEST(List, CanBeAppendedToItself) {
-  const Texts list{"a", "b"};
+TEST(List, AppendsToItself) {
+  const Strings list{"a", "b"};
   list.appendAll(list);
   EXPECT_EQ(joined(list), "abab");
 }
 
-TEST(List, AppendingAnAbsentOneChangesNothing) {
-  const Texts list{"a"};
+TEST(List, IgnoresAppendingANullList) {
+  const Strings list{"a"};
   list.appendAll(nullptr);
   EXPECT_EQ(joined(list), "a");
 }

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXProduct, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXProduct, WritesAllFieldsInOrder) {
   const auto product =
       JXProduct::initWithProductId_withName_withPrice("85123A", "LANTERN", decimal("3.390"));
   product->setSize("M");
@@ -26,7 +26,7 @@ TEST(JXProduct, WithEveryFieldSetWritesThemAllInOrder) {
             R"("colors":["white","red"]})");
 }
 
-TEST(JXProduct, MadeByInitHasEmptyListsNothingElseAndFails) {
+TEST(JXProduct, StartsWithEmptyListsAndIsInvalid) {
   const auto product = JXProduct::init();
   EXPECT_TRUE(product->categories().isPresent());
   EXPECT_TRUE(product->colors().isPresent());
@@ -37,23 +37,23 @@ TEST(JXProduct, MadeByInitHasEmptyListsNothingElseAndFails) {
   EXPECT_EQ(jsonText(product->getJsonObject()), R"({"colors":[]})");
 }
 
-TEST(JXProduct, NeedsAnIdentifierANameAndAPrice) {
-  const auto complete = [] {
+TEST(JXProduct, RequiresAnIDANameAndAPrice) {
+  const auto validProduct = [] {
     return JXProduct::initWithProductId_withName_withPrice("p", "Lamp", 1);
   };
-  EXPECT_TRUE(complete()->verifyProduct());
-  const auto withoutId = complete();
+  EXPECT_TRUE(validProduct()->verifyProduct());
+  const auto withoutId = validProduct();
   withoutId->setID("");
   EXPECT_FALSE(withoutId->verifyProduct());
-  const auto withoutName = complete();
+  const auto withoutName = validProduct();
   withoutName->setName(nullptr);
   EXPECT_FALSE(withoutName->verifyProduct());
-  const auto withoutPrice = complete();
+  const auto withoutPrice = validProduct();
   withoutPrice->setPrice(std::nullopt);
   EXPECT_FALSE(withoutPrice->verifyProduct());
 }
 
-TEST(JXProduct, WithAPriceOfZeroOrBelowVerifies) {
+TEST(JXProduct, AcceptsAPriceOfZeroOrBelow) {
   EXPECT_TRUE(JXProduct::initWithProductId_withName_withPrice("p", "Lamp", 0)->verifyProduct());
   EXPECT_TRUE(JXProduct::initWithProductId_withName_withPrice("p", "Lamp", -5)->verifyProduct());
 }
@@ -65,27 +65,27 @@ TEST(JXProduct, NumbersItsCategoriesFromOne) {
             R"({"category_1":"a","category_2":"b","category_3":"c","colors":[]})");
 }
 
-TEST(JXProduct, AnAbsentCategoryLeavesItsNumberOutAndCounts) {
+TEST(JXProduct, SkipsTheNumberOfANullCategory) {
   const auto product = JXProduct::init();
   product->setCategories({"a", nullptr, "", "d"});
   EXPECT_EQ(jsonText(product->getJsonObject()),
             R"({"category_1":"a","category_3":"","category_4":"d","colors":[]})");
 }
 
-TEST(JXProduct, AbsentListsCountAsHoldingNothing) {
+TEST(JXProduct, TreatsNullListsAsEmpty) {
   const auto product = JXProduct::init();
   product->setCategories(nullptr);
   product->setColors(nullptr);
   EXPECT_EQ(jsonText(product->getJsonObject()), R"({"colors":[]})");
 }
 
-TEST(JXProduct, AnAbsentColourIsLeftOut) {
+TEST(JXProduct, OmitsANullColor) {
   const auto product = JXProduct::init();
   product->setColors({"red", nullptr, ""});
   EXPECT_EQ(jsonText(product->getJsonObject()), R"({"colors":["red",""]})");
 }
 
-TEST(JXProduct, ItsOwnBrandReplacesAnExtraOneWhenItIsSet) {
+TEST(JXProduct, OverridesAnAdditionalBrandIfSet) {
   const auto product = JXProduct::init();
   product->addAdditionalProperty_withStringValue("brand", "extra");
   EXPECT_EQ(product->getJsonObject().get("brand").string(), JXString("extra"));
@@ -93,7 +93,7 @@ TEST(JXProduct, ItsOwnBrandReplacesAnExtraOneWhenItIsSet) {
   EXPECT_EQ(product->getJsonObject().get("brand").string(), JXString("own"));
 }
 
-TEST(JXProduct, TwoCallsGiveEqualObjectsThatAreNotShared) {
+TEST(JXProduct, ReturnsEqualButSeparateObjects) {
   const auto product = JXProduct::initWithProductId_withName_withPrice("p", "Lamp", 1);
   JXJsonObject first = product->getJsonObject();
   EXPECT_EQ(jsonText(first), jsonText(product->getJsonObject()));

@@ -25,7 +25,7 @@ class CExample : public ::testing::Test {
             JX_EXAMPLE_C, {collector_.address(), collector_.caFile(), folder_.path("state")},
             kPatience)) {}
 
-  // The first event of this name; absent when there is none.
+  // Returns the first event of this name; null if there is none.
   JXJsonObject body(const char* name) const {
     for (std::size_t i = 0; i < collector_.eventCount(); ++i) {
       const JXJsonObject body = collector_.body(i);
@@ -46,7 +46,7 @@ TEST_F(CExample, DeliversItsSessionAndPrintsTheCounters) {
   std::vector<std::string> names;
   for (std::size_t i = 0; i < collector_.eventCount(); ++i)
     names.push_back(collector_.body(i).get("event_name").string().toStdString());
-  // In the order of arrival, which several requests in flight may change.
+  // Concurrent requests may arrive in any order.
   std::sort(names.begin(), names.end());
   EXPECT_EQ(names, (std::vector<std::string>{
                        "add_to_cart", "page_view", "purchase", "quiz_answered", "search",
@@ -54,7 +54,7 @@ TEST_F(CExample, DeliversItsSessionAndPrintsTheCounters) {
                        "video_content_quarter_reached", "video_start", "video_subtitle_on"}));
 }
 
-TEST_F(CExample, WaitsForConsentAndKeepsMoneyExact) {
+TEST_F(CExample, WaitsForConsentAndKeepsExactAmounts) {
   EXPECT_EQ(body("search").get("user").string(), JXString("waiting_for_consent"));
   const JXJsonObject purchase = body("purchase");
   EXPECT_EQ(purchase.get("user").object().get("consent_id").string(), JXString("consent-1"));
@@ -65,7 +65,7 @@ TEST_F(CExample, WaitsForConsentAndKeepsMoneyExact) {
   EXPECT_EQ(product.get("category_2").string(), JXString("light"));
 }
 
-std::string textOf(const std::string& path) {
+std::string readFile(const std::string& path) {
   std::ifstream file(std::string(JX_SOURCE_DIR) + "/" + path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
@@ -84,10 +84,10 @@ TEST(CMinimalExample, DeliversItsEventOverHttps) {
   EXPECT_EQ(collector.body(0).get("answer").string(), JXString("B"));
 }
 
-TEST(CMinimalExample, TheGuideShowsExactlyThisFile) {
-  const std::string example = textOf("examples/c/minimal.c");
+TEST(CMinimalExample, MatchesTheCodeInTheGuide) {
+  const std::string example = readFile("examples/c/minimal.c");
   ASSERT_FALSE(example.empty());
-  EXPECT_NE(textOf("docs/c.md").find("\n```c\n" + example + "```\n"), std::string::npos);
+  EXPECT_NE(readFile("docs/c.md").find("\n```c\n" + example + "```\n"), std::string::npos);
 }
 
 }  // namespace

@@ -19,16 +19,16 @@ constexpr std::chrono::seconds kPatience{60};
 
 class ConsentExample : public testing::Test {
  protected:
-  /// One launch of the application, with all that its viewer types.
-  std::string launch(const std::string& typed) const {
+  /// Launches the application with the given input and returns its output.
+  std::string launch(const std::string& input) const {
     const ChildProcess::Result result = ChildProcess::runWithInput(
         JX_EXAMPLE_CONSENT, {folder_.path("state"), collector_.address(), collector_.caFile()},
-        typed, kPatience);
+        input, kPatience);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_EQ(result.errors, "");
     return result.output;
   }
-  /// The bodies that arrived about this page.
+  /// Returns the received bodies of this page.
   std::vector<JXJsonObject> arrived(const std::string& page) const {
     std::vector<JXJsonObject> bodies;
     for (std::size_t i = 0; i < collector_.eventCount(); ++i) {
@@ -46,7 +46,7 @@ class ConsentExample : public testing::Test {
   CollectorProgram collector_{JX_PROGRAM, folder_.path()};
 };
 
-TEST_F(ConsentExample, WhatArrivesFollowsEachDecision) {
+TEST_F(ConsentExample, SendsEventsAccordingToEachDecision) {
   const std::string output =
       launch("open home\nagree\nopen film\nrefuse\nopen settings\nagree\nopen shop\n");
   EXPECT_THAT(output, HasSubstr("Decision: open\nhome: waiting_for_consent\nfilm: {"));
@@ -60,19 +60,19 @@ TEST_F(ConsentExample, WhatArrivesFollowsEachDecision) {
   EXPECT_TRUE(consentId(arrived("film")[0]).testString());
   EXPECT_TRUE(consentId(arrived("shop")[0]).testString());
   EXPECT_NE(consentId(arrived("film")[0]), consentId(arrived("shop")[0]))
-      << "a new agreement, not the one that was taken back";
+      << "new consent gets a new ID";
   const JXJsonObject app = arrived("film")[0].get("context").object().get("app").object();
   EXPECT_EQ(app.get("consent_version").string(), JXString("2.1.0"));
 }
 
-TEST_F(ConsentExample, AnAgreementHoldsAtTheNextLaunch) {
+TEST_F(ConsentExample, KeepsConsentAtTheNextLaunch) {
   launch("agree\nopen film\n");
   EXPECT_THAT(launch("open shop\n"), HasSubstr("Decision: agreed\nshop: {"));
   ASSERT_EQ(arrived("shop").size(), 1u);
   EXPECT_EQ(consentId(arrived("shop")[0]), consentId(arrived("film")[0]));
 }
 
-TEST_F(ConsentExample, ARefusalHoldsAtTheNextLaunch) {
+TEST_F(ConsentExample, KeepsARefusalAtTheNextLaunch) {
   launch("refuse\n");
   EXPECT_THAT(launch("open shop\n"), HasSubstr("Decision: refused\nshop: nothing is sent\n"));
   EXPECT_EQ(collector_.eventCount(), 0u);

@@ -11,7 +11,7 @@
 namespace jx::test {
 namespace {
 
-// What the program prints on its standard output; the test fails when it does not end well.
+// Returns the standard output of the command; the test fails if its exit status is not 0.
 std::string outputOf(const std::string& command) {
   std::FILE* const pipe = ::popen(command.c_str(), "r");
   EXPECT_NE(pipe, nullptr);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{60};
 
-std::string textOf(const std::string& path) {
+std::string readFile(const std::string& path) {
   std::ifstream file(std::string(JX_SOURCE_DIR) + "/" + path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
@@ -35,7 +35,7 @@ TEST(MinimalExample, DeliversItsEventOverHttps) {
   EXPECT_EQ(body.get("answer").string(), JXString("B"));
 }
 
-TEST(MinimalExample, WhatCouldNotBeSentIsDeliveredByTheNextRun) {
+TEST(MinimalExample, DeliversUnsentEventsInTheNextRun) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string address = "https://127.0.0.1:" + std::to_string(port.number());
@@ -49,10 +49,10 @@ TEST(MinimalExample, WhatCouldNotBeSentIsDeliveredByTheNextRun) {
   EXPECT_EQ(collector.eventCount(), 2u);
 }
 
-TEST(MinimalExample, TheReadmeShowsExactlyThisFile) {
-  const std::string example = textOf("examples/minimal/main.cpp");
+TEST(MinimalExample, MatchesTheCodeInTheReadme) {
+  const std::string example = readFile("examples/minimal/main.cpp");
   ASSERT_FALSE(example.empty());
-  EXPECT_NE(textOf("README.md").find("\n```cpp\n" + example + "```\n"), std::string::npos);
+  EXPECT_NE(readFile("README.md").find("\n```cpp\n" + example + "```\n"), std::string::npos);
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ constexpr const char* kRight = "\033[C";
 constexpr const char* kLeft = "\033[D";
 constexpr const char* kOk = "\n";
 
-/// The shop, driven by keys, with a collector.
+/// The shop, controlled by keys, with a collector.
 class ShopExample : public testing::Test {
  protected:
   ChildProcess::Result press(const std::vector<std::string>& keys) const {
@@ -43,7 +43,7 @@ class ShopExample : public testing::Test {
         JX_EXAMPLE_SHOP, {collector_.address(), collector_.caFile(), folder_.path("state")}, all,
         kPatience);
   }
-  /// The names of what arrived, in no order: what happens at once is delivered at once.
+  /// Returns the names of the received events. Simultaneous events may arrive in any order.
   std::vector<std::string> arrivedNames() const {
     std::vector<std::string> names;
     const JXJsonArray events = collector_.events();
@@ -53,7 +53,7 @@ class ShopExample : public testing::Test {
     }
     return names;
   }
-  /// The one event of this name.
+  /// Returns the body of the only event of this name.
   JXJsonObject body(const std::string& name) const {
     std::vector<JXJsonObject> found;
     const JXJsonArray events = collector_.events();
@@ -70,10 +70,10 @@ class ShopExample : public testing::Test {
   CollectorProgram collector_{JX_PROGRAM, folder_.path()};
 };
 
-TEST_F(ShopExample, BuysTwoMugsAndALampAndSendsEachStepOnce) {
-  const auto result = press({kOk, kDown, kOk, kOk, kOk,  // the shop, the mug, twice into the cart
-                             "b", kDown, kOk, kOk,       // back, the lamp, into the cart
-                             "bb", kDown, kOk, kOk,      // home, the cart, check out
+TEST_F(ShopExample, SendsEachStepOfAPurchaseOnce) {
+  const auto result = press({kOk, kDown, kOk, kOk, kOk,  // shop, mug, add to cart twice
+                             "b", kDown, kOk, kOk,       // back, lamp, add to cart
+                             "bb", kDown, kOk, kOk,      // home, cart, check out
                              kDown, kOk, "q"});          // by invoice
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output,
@@ -90,12 +90,12 @@ TEST_F(ShopExample, BuysTwoMugsAndALampAndSendsEachStepOnce) {
             "page_view, view_cart\n"
             "begin_checkout, page_view\n"
             "add_payment_info, purchase, page_view\n");
-  std::vector<std::string> shown(10, "page_view");
-  shown.insert(shown.end(),
-               {"view_item_list", "view_item_list", "view_item_list", "select_item", "select_item",
-                "view_item", "view_item", "add_to_cart", "add_to_cart", "add_to_cart", "view_cart",
-                "begin_checkout", "add_payment_info", "purchase"});
-  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(shown));
+  std::vector<std::string> expected(10, "page_view");
+  expected.insert(expected.end(),
+                  {"view_item_list", "view_item_list", "view_item_list", "select_item",
+                   "select_item", "view_item", "view_item", "add_to_cart", "add_to_cart",
+                   "add_to_cart", "view_cart", "begin_checkout", "add_payment_info", "purchase"});
+  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(expected));
 
   const JXJsonObject purchase = body("purchase");
   EXPECT_EQ(purchase.get("revenue").numberString(), JXString("74.00"));
@@ -108,7 +108,7 @@ TEST_F(ShopExample, BuysTwoMugsAndALampAndSendsEachStepOnce) {
   EXPECT_EQ(items.at(1).object().get("id").string(), JXString("lamp-2"));
 }
 
-TEST_F(ShopExample, WhatIsTakenOutOfTheCartIsNotBought) {
+TEST_F(ShopExample, DoesNotCheckOutARemovedItem) {
   const auto result = press({kOk, kOk, kOk, "bb", kDown, kOk, kLeft, kOk, "q"});
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(result.output, EndsWith("page_view, view_cart\nremove_from_cart\n"))
@@ -116,7 +116,7 @@ TEST_F(ShopExample, WhatIsTakenOutOfTheCartIsNotBought) {
   EXPECT_EQ(body("remove_from_cart").get("value").numberString(), JXString("24.90"));
 }
 
-TEST_F(ShopExample, TheTrailerIsPlayedPausedSoughtThroughAndCompleted) {
+TEST_F(ShopExample, ReportsPlayPauseSeekAndCompletionOfTheTrailer) {
   std::vector<std::string> keys{kUp, kUp, kOk, " ", " ", kRight, kLeft};
   keys.insert(keys.end(), 9, kRight);
   const auto result = press(keys);
@@ -129,11 +129,11 @@ TEST_F(ShopExample, TheTrailerIsPlayedPausedSoughtThroughAndCompleted) {
             body("video_complete").get("video_session_id").string());
 }
 
-TEST_F(ShopExample, WhatIsNoKeyIsPassedOver) {
+TEST_F(ShopExample, IgnoresUnknownKeys) {
   EXPECT_EQ(press({"xyz", "\033[Z", "\xff", "9", "q", kOk}).output, "page_view\n");
 }
 
-/// The shop in a terminal of its own.
+/// The shop in a pseudo-terminal.
 class ShopTerminal : public testing::Test {
  protected:
   ShopTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
@@ -161,7 +161,7 @@ class ShopTerminal : public testing::Test {
   void press(const std::string& keys) const {
     ASSERT_EQ(::write(master_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
   }
-  /// Reads until this was drawn behind what was seen before.
+  /// Reads until `text` appears after the text of the previous call.
   bool sees(const std::string& text) {
     for (std::size_t at = std::string::npos;;) {
       at = screen_.find(text, seen_);
@@ -177,9 +177,9 @@ class ShopTerminal : public testing::Test {
       screen_.append(static_cast<const char*>(bytes), static_cast<std::size_t>(count));
     }
   }
-  /// The exit status, once the program ended and the terminal is as it was.
+  /// Waits for the end, checks that the terminal is restored, and returns the exit status.
   int endedCleanly() {
-    EXPECT_TRUE(sees("\033[?25h\033[?1049l")) << "the cursor and the screen are given back";
+    EXPECT_TRUE(sees("\033[?25h\033[?1049l")) << "cursor and screen are restored";
     int status = 0;
     EXPECT_EQ(::waitpid(pid_, &status, 0), pid_);
     pid_ = -1;
@@ -198,7 +198,7 @@ class ShopTerminal : public testing::Test {
   std::size_t seen_ = 0;
 };
 
-TEST_F(ShopTerminal, DrawsPagesAndGivesTheTerminalBackAtTheEnd) {
+TEST_F(ShopTerminal, DrawsPagesAndRestoresTheTerminalAtTheEnd) {
   ASSERT_TRUE(sees("\033[?1049h\033[?25l"));
   ASSERT_TRUE(sees("What shall it be?"));
   ASSERT_TRUE(sees("sent: page_view"));
@@ -212,18 +212,18 @@ TEST_F(ShopTerminal, DrawsPagesAndGivesTheTerminalBackAtTheEnd) {
   EXPECT_EQ(endedCleanly(), 0);
 }
 
-TEST_F(ShopTerminal, GivesTheTerminalBackWhenItIsTerminated) {
+TEST_F(ShopTerminal, RestoresTheTerminalAfterSigterm) {
   ASSERT_TRUE(sees("sent: page_view"));
   ::kill(pid_, SIGTERM);
   EXPECT_EQ(endedCleanly(), 0);
 }
 
-TEST_F(ShopTerminal, GivesTheTerminalBackWhenItIsInterruptedInAFilm) {
+TEST_F(ShopTerminal, RestoresTheTerminalAfterSigintDuringAFilm) {
   ASSERT_TRUE(sees("sent: page_view"));
   press(std::string(kUp) + kUp + "\r");
   ASSERT_TRUE(sees("sent: page_view, video_start"));
   ::kill(pid_, SIGINT);
-  ASSERT_TRUE(sees("sent: video_pause")) << "the film that is left says so";
+  ASSERT_TRUE(sees("sent: video_pause")) << "leaving the film sends a pause";
   EXPECT_EQ(endedCleanly(), 0);
 }
 

@@ -30,15 +30,15 @@ std::string flatItems(const char* text) {
   return jsonText(result);
 }
 
-TEST(JXServerSideUtils, AnEventWithoutItemsGivesParametersWithoutItems) {
+TEST(JXServerSideUtils, OmitsItemsIfTheEventHasNone) {
   EXPECT_EQ(parametersOf(*JXCustomEvent::initWithName("quiz")), R"({"event_name":"quiz"})");
 }
 
-TEST(JXServerSideUtils, AnEmptyListOfItemsGivesAnEmptyList) {
+TEST(JXServerSideUtils, KeepsEmptyItemList) {
   EXPECT_EQ(parametersOf(*JXViewCartEvent::init()), R"({"event_name":"view_cart","items":[]})");
 }
 
-TEST(JXServerSideUtils, TwoItemsAreFlatAndNumberedFromZeroInTheirOrder) {
+TEST(JXServerSideUtils, FlattensItemsAndNumbersThemFromZero) {
   const auto second = lampItem();
   second->setID("2");
   EXPECT_EQ(parametersOf(*JXViewCartEvent::initWithItems({lampItem(), second})),
@@ -49,7 +49,7 @@ TEST(JXServerSideUtils, TwoItemsAreFlatAndNumberedFromZeroInTheirOrder) {
             R"("jx_product_price":12.50,"jx_product_colors":[],"index":1}]})");
 }
 
-TEST(JXServerSideUtils, AnItemsObjectIsStoredAsItsTextUnderItsPrefix) {
+TEST(JXServerSideUtils, ConvertsObjectInItemToPrefixedString) {
   const auto item = lampItem();
   item->addAdditionalProperty_withDictValue("gift", object(R"({"for":"you","price":1.50})"));
   const auto event = JXViewCartEvent::initWithItems({item});
@@ -57,21 +57,21 @@ TEST(JXServerSideUtils, AnItemsObjectIsStoredAsItsTextUnderItsPrefix) {
   EXPECT_EQ(flat.get("jx_item_gift").string(), JXString(R"({"for":"you","price":1.50})"));
 }
 
-TEST(JXServerSideUtils, AnExtraObjectIsStoredAsTextAndAnExtraListStaysAList) {
+TEST(JXServerSideUtils, ConvertsObjectsToStringsAndKeepsLists) {
   const auto event = JXCustomEvent::initWithName("quiz");
   event->addAdditionalParameter(object(R"({"score":{"a":1},"answers":["x",{"y":2}]})"));
   EXPECT_EQ(parametersOf(*event),
             R"({"score":"{\"a\":1}","answers":["x",{"y":2}],"event_name":"quiz"})");
 }
 
-TEST(JXServerSideUtils, ParametersNeverContainTheContextOrTheUser) {
+TEST(JXServerSideUtils, OmitsContextAndUser) {
   eventPlatform();
   const auto event = JXCustomEvent::initWithName("quiz");
   event->addAdditionalParameter(object(R"({"user":{"id":1},"context":{"own":true},"k":"v"})"));
   EXPECT_EQ(parametersOf(*event), R"({"k":"v","event_name":"quiz"})");
 }
 
-TEST(JXServerSideUtils, LeavesTheEventAsItIs) {
+TEST(JXServerSideUtils, LeavesTheEventUnchanged) {
   eventPlatform();
   const auto event = JXPurchaseEvent::init();
   event->addAdditionalParameter(object(R"({"user":{"id":1}})"));
@@ -79,24 +79,24 @@ TEST(JXServerSideUtils, LeavesTheEventAsItIs) {
   EXPECT_EQ(jsonText(event->getAdditionalProperties()), R"({"user":{"id":1}})");
 }
 
-TEST(JXServerSideUtils, OnlyAListOfItemsIsUnfolded) {
+TEST(JXServerSideUtils, FlattensOnlyAListOfItems) {
   EXPECT_EQ(flatItems(R"({})"), R"({"items":[]})");
   EXPECT_EQ(flatItems(R"({"items":"none"})"), R"({"items":[]})");
   EXPECT_EQ(flatItems(R"({"items":{"id":"1"}})"), R"({"items":[]})");
   EXPECT_EQ(flatItems(R"({"items":null})"), R"({"items":[]})");
 }
 
-TEST(JXServerSideUtils, AnElementThatIsNoObjectGivesOnlyItsPlace) {
+TEST(JXServerSideUtils, ConvertsItemThatIsNotAnObjectToItsIndex) {
   EXPECT_EQ(flatItems(R"({"items":["x",null,{"id":"3"}]})"),
             R"({"items":[{"index":0},{"index":1},{"item_id":"3","index":2}]})");
 }
 
-TEST(JXServerSideUtils, AnItemsOwnIndexIsPrefixedAndItsPlaceWinsOverAClash) {
+TEST(JXServerSideUtils, PrefixesIndexOfTheItemAndAddsItsPosition) {
   EXPECT_EQ(flatItems(R"({"items":[{"index":9,"coupon":"C"}]})"),
             R"({"items":[{"jx_item_index":9,"jx_item_coupon":"C","index":0}]})");
 }
 
-TEST(JXServerSideUtils, AProductsIdentifierIsPrefixedAndItsNameIsTheItemsName) {
+TEST(JXServerSideUtils, PrefixesProductIdAndUsesProductNameAsItemName) {
   JXJsonObject target = object(R"({"product":"gone","kept":true})");
   JXServerSideUtils::productToDict_into(
       object(R"({"id":"p","name":"Lamp","size":{"w":2},"category_1":"home"})"), target);
@@ -104,12 +104,12 @@ TEST(JXServerSideUtils, AProductsIdentifierIsPrefixedAndItsNameIsTheItemsName) {
                               R"("jx_product_size":"{\"w\":2}","jx_product_category_1":"home"})");
 }
 
-TEST(JXServerSideUtils, AProductThatIsNoObjectGivesNothing) {
+TEST(JXServerSideUtils, IgnoresProductThatIsNotAnObject) {
   EXPECT_EQ(flatItems(R"({"items":[{"product":"p","id":"1"}]})"),
             R"({"items":[{"item_id":"1","index":0}]})");
 }
 
-TEST(JXServerSideUtils, APropertyReplacesWhatWasThereAndOnlyObjectsBecomeText) {
+TEST(JXServerSideUtils, SetPropertyReplacesValueAndConvertsOnlyObjects) {
   JXJsonObject target = object(R"({"k":"old"})");
   JXServerSideUtils::setProperty_forKey_intoPropertiesDict(true, "k", target);
   JXServerSideUtils::setProperty_forKey_intoPropertiesDict(decimal("1.50"), "n", target);
@@ -120,7 +120,7 @@ TEST(JXServerSideUtils, APropertyReplacesWhatWasThereAndOnlyObjectsBecomeText) {
   EXPECT_EQ(jsonText(target), R"({"k":true,"n":1.50,"s":"t","o":"{\"a\":[1]}","l":[1]})");
 }
 
-TEST(JXServerSideUtils, AnExtraPropertyThatContainsItselfGivesValidText) {
+TEST(JXServerSideUtils, WritesValidStringForCircularReference) {
   eventPlatform();
   JXJsonObject circle;
   circle.set("self", circle);

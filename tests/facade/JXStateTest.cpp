@@ -30,54 +30,54 @@ class BaselessState final : public JXState {
   bool baseInit() override { return false; }
 };
 
-class TellingState final : public JXState {
+class RecordingState final : public JXState {
  public:
   void didEnterBackground(const void* application) override {
-    told.push_back({"background", application});
+    calls.push_back({"background", application});
   }
   void willEnterForeground(const void* application) override {
-    told.push_back({"foreground", application});
+    calls.push_back({"foreground", application});
   }
-  std::vector<std::pair<std::string, const void*>> told;
+  std::vector<std::pair<std::string, const void*>> calls;
 };
 
-TEST_F(ApplicationState, ABackgroundTransitionIsToldOnceAsTheState) {
+TEST_F(ApplicationState, PostsBackgroundTransitionOnce) {
   const auto serverSide = make();
   platform->enterBackground();
-  const auto told = posted(kJXNotification_OnBackground);
-  ASSERT_EQ(told.size(), 1u);
-  EXPECT_EQ(told[0].object, &JXState::sharedInstance());
-  EXPECT_FALSE(told[0].userInfo.isPresent());
+  const auto notifications = posted(kJXNotification_OnBackground);
+  ASSERT_EQ(notifications.size(), 1u);
+  EXPECT_EQ(notifications[0].object, &JXState::sharedInstance());
+  EXPECT_FALSE(notifications[0].userInfo.isPresent());
   EXPECT_EQ(foregrounds(), 0u);
 }
 
-TEST_F(ApplicationState, AForegroundTransitionIsToldOnceAsTheState) {
+TEST_F(ApplicationState, PostsForegroundTransitionOnce) {
   const auto serverSide = make();
   platform->enterForeground();
-  const auto told = posted(kJXNotification_OnForeground);
-  ASSERT_EQ(told.size(), 1u);
-  EXPECT_EQ(told[0].object, &JXState::sharedInstance());
-  EXPECT_FALSE(told[0].userInfo.isPresent());
+  const auto notifications = posted(kJXNotification_OnForeground);
+  ASSERT_EQ(notifications.size(), 1u);
+  EXPECT_EQ(notifications[0].object, &JXState::sharedInstance());
+  EXPECT_FALSE(notifications[0].userInfo.isPresent());
   EXPECT_EQ(backgrounds(), 0u);
 }
 
-TEST_F(ApplicationState, IsToldThroughTheStatesOwnSenderNotTheFacades) {
+TEST_F(ApplicationState, PostsThroughItsOwnSender) {
   const auto serverSide = make();
   EXPECT_NE(JXState::sharedInstance().senderDelegate(), serverSide->senderDelegate());
   EXPECT_EQ(JXState::sharedInstance().senderDelegate()->parent(), &JXState::sharedInstance());
-  const auto facades = std::make_shared<JXNotificationCenter>();
-  serverSide->changeNotificationCenter(facades);
+  const auto center = std::make_shared<JXNotificationCenter>();
+  serverSide->changeNotificationCenter(center);
   platform->enterBackground();
-  EXPECT_EQ(backgrounds(), 1u) << "the facade's centre is not the state's";
+  EXPECT_EQ(backgrounds(), 1u) << "the state does not use the centre of the ServerSide";
   JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
   platform->enterBackground();
-  EXPECT_EQ(backgrounds(), 1u) << "the state posts elsewhere now";
+  EXPECT_EQ(backgrounds(), 1u) << "the state posts on another centre";
   JXState::sharedInstance().changeNotificationCenter(nullptr);
   platform->enterBackground();
   EXPECT_EQ(backgrounds(), 2u);
 }
 
-TEST_F(ApplicationState, AHostThatStatesItItselfIsHeardTheSameWay) {
+TEST_F(ApplicationState, PostsTransitionsReportedByTheApplication) {
   const auto serverSide = make();
   JXApplication::applicationDidEnterBackground();
   JXApplication::applicationWillEnterForeground();
@@ -85,7 +85,7 @@ TEST_F(ApplicationState, AHostThatStatesItItselfIsHeardTheSameWay) {
   EXPECT_EQ(foregrounds(), 1u);
 }
 
-TEST_F(ApplicationState, OnAnotherCentreTheNetworkManagerStillHearsIt) {
+TEST_F(ApplicationState, NotifiesNetworkManagerFromAnyCentre) {
   queueForReal();
   const auto serverSide = make();
   JXState::sharedInstance().changeNotificationCenter(std::make_shared<JXNotificationCenter>());
@@ -95,7 +95,7 @@ TEST_F(ApplicationState, OnAnotherCentreTheNetworkManagerStillHearsIt) {
   EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
-TEST_F(ApplicationState, InitOnceMoreChangesNothing) {
+TEST_F(ApplicationState, SecondInitChangesNothing) {
   const auto serverSide = make();
   JXState& state = JXState::sharedInstance();
   const auto sender = state.senderDelegate();
@@ -105,7 +105,7 @@ TEST_F(ApplicationState, InitOnceMoreChangesNothing) {
   EXPECT_EQ(backgrounds(), 1u);
 }
 
-TEST_F(ApplicationState, ReinitDoublesEachTransition) {
+TEST_F(ApplicationState, ReinitPostsEachTransitionAgain) {
   const auto serverSide = make();
   JXState& state = JXState::sharedInstance();
   const auto sender = state.senderDelegate();
@@ -120,7 +120,7 @@ TEST_F(ApplicationState, ReinitDoublesEachTransition) {
   EXPECT_EQ(backgrounds(), 5u);
 }
 
-TEST_F(ApplicationState, AnotherObjectComesBackAsItWasMade) {
+TEST_F(ApplicationState, InitLeavesSecondInstanceUnchanged) {
   const auto serverSide = make();
   JXState other;
   EXPECT_EQ(other.init(), &other);
@@ -130,29 +130,29 @@ TEST_F(ApplicationState, AnotherObjectComesBackAsItWasMade) {
   EXPECT_EQ(backgrounds(), 0u);
 }
 
-TEST_F(ApplicationState, TheHooksGetTheNotificationsObjectBeforeTheCoreIsTold) {
+TEST_F(ApplicationState, CallsHooksWithTheObjectBeforeNotifyingTheCore) {
   start();
-  TellingState state;
+  RecordingState state;
   ASSERT_EQ(state.init(), &state);
   const int application = 0;
-  std::size_t toldBefore = 0;
+  std::size_t callsBefore = 0;
   JXNotificationCenter::defaultCenter()->addObserver(
-      &toldBefore, kJXNotification_OnBackground,
-      [&](const JXNotification&) { toldBefore = state.told.size(); });
+      &callsBefore, kJXNotification_OnBackground,
+      [&](const JXNotification&) { callsBefore = state.calls.size(); });
   JXNotificationCenter::defaultCenter()->postNotification(
       {UIApplicationDidEnterBackgroundNotification, &application});
   JXNotificationCenter::defaultCenter()->postNotification(
       {UIApplicationWillEnterForegroundNotification, &application});
-  JXNotificationCenter::defaultCenter()->removeObserver(&toldBefore);
-  EXPECT_EQ(toldBefore, 1u);
-  ASSERT_EQ(state.told.size(), 2u);
-  EXPECT_EQ(state.told[0].first, "background");
-  EXPECT_EQ(state.told[0].second, &application);
-  EXPECT_EQ(state.told[1].first, "foreground");
-  EXPECT_EQ(state.told[1].second, &application);
+  JXNotificationCenter::defaultCenter()->removeObserver(&callsBefore);
+  EXPECT_EQ(callsBefore, 1u);
+  ASSERT_EQ(state.calls.size(), 2u);
+  EXPECT_EQ(state.calls[0].first, "background");
+  EXPECT_EQ(state.calls[0].second, &application);
+  EXPECT_EQ(state.calls[1].first, "foreground");
+  EXPECT_EQ(state.calls[1].second, &application);
 }
 
-TEST_F(ApplicationState, AnEndedStateNoLongerListens) {
+TEST_F(ApplicationState, DestroyedObjectReceivesNoNotifications) {
   start();
   {
     JXState state;
@@ -162,13 +162,13 @@ TEST_F(ApplicationState, AnEndedStateNoLongerListens) {
   EXPECT_EQ(backgrounds(), 0u);
 }
 
-TEST_F(ApplicationState, DateIsTheCoresClock) {
+TEST_F(ApplicationState, ReadsDateFromCoreClock) {
   start();
   EXPECT_EQ(JXState::sharedInstance().date().time_since_epoch(),
             std::chrono::milliseconds(1'700'000'000'000));
 }
 
-TEST_F(ApplicationState, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
+TEST_F(ApplicationState, InitReturnsNullAndBlocksLaterCallsIfBaseFails) {
   start();
   BaselessState state;
   EXPECT_TRUE(neverReturns([&] { ASSERT_EQ(state.init(), nullptr); }, [&] { state.init(); }));
@@ -176,7 +176,7 @@ TEST_F(ApplicationState, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
       << "the guard belongs to the class";
 }
 
-TEST_F(ApplicationState, AfterAFailedBaseReinitMayTryAgain) {
+TEST_F(ApplicationState, ReinitSucceedsAfterFailedInit) {
   start();
   BaselessState failed;
   ASSERT_EQ(failed.init(), nullptr);
@@ -188,16 +188,16 @@ TEST_F(ApplicationState, AfterAFailedBaseReinitMayTryAgain) {
 
 class StartOrder : public ServerSideFixture {};
 
-TEST_F(StartOrder, TheCoresVariablesAreReadAsPredefinedOnes) {
+TEST_F(StartOrder, CopiesCoreVariablesToPredefinedVariables) {
   start();
   const auto initialisation = JXServerSideInitialisation::init();
   EXPECT_NE(initialisation, nullptr);
   EXPECT_EQ(variable("#JX_SDK_ID#"), JXString("00000000-0000-4000-8000-000000000001"));
 }
 
-TEST_F(StartOrder, CoreThenStateThenVariables) {
-  // The user's identifier belongs to the core and the unique identifier to the variables; the state
-  // registers with the application's notifications before the variables do.
+TEST_F(StartOrder, StartsCoreThenStateThenVariables) {
+  // The core creates the user's identifier before the variables create the unique identifier. The
+  // state observes the application's notifications before the variables do.
   const auto serverSide = make();
   EXPECT_EQ(platform->defaults.entries().at("jx_unique_id"),
             JXString("00000000-0000-4000-8000-000000000003"));
@@ -208,11 +208,11 @@ TEST_F(StartOrder, CoreThenStateThenVariables) {
       });
   platform->enterBackground();
   JXNotificationCenter::defaultCenter()->removeObserver(&wasBackground);
-  EXPECT_FALSE(wasBackground) << "the core is told before the variables have reacted";
+  EXPECT_FALSE(wasBackground) << "the core is notified before the variables change";
   EXPECT_TRUE(JXPredefinedVariables::sharedInstance().isBackground());
 }
 
-TEST_F(StartOrder, ASecondServerSideMergesTheCoresVariablesAgainAndStartsNothingTwice) {
+TEST_F(StartOrder, SecondServerSideOnlyCopiesCoreVariablesAgain) {
   const auto first = make();
   const int writes = platform->defaults.setCount();
   JXCoreVariables::sharedInstance().addData_withValue("#CORE#", "later");
@@ -227,7 +227,7 @@ TEST_F(StartOrder, ASecondServerSideMergesTheCoresVariablesAgainAndStartsNothing
   EXPECT_EQ(posted(kJXNotification_OnBackground).size(), 1u);
 }
 
-TEST_F(StartOrder, TwoServerSidesSendEachToItsOwnAddress) {
+TEST_F(StartOrder, EachServerSideSendsToItsOwnUrl) {
   const auto first = make();
   const auto second = ServerSide::initWithSiteID_andSourceKey(5678, "other");
   EXPECT_EQ(execute(*first).url,

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The body of a request: its shape byte for byte, and what a host may put into it.
+// The request body: its exact format, and the values that an application may add to it.
 
 #include <gmock/gmock.h>
 
@@ -29,7 +29,7 @@ class EventBody : public ServerSideFixture {
   }
 };
 
-TEST_F(EventBody, OfACustomEventByteForByte) {
+TEST_F(EventBody, OfCustomEventMatchesExactly) {
   const auto serverSide = make();
   clock->advance(5'000);
   serverSide->addPermanentData_withValue("store", "uk");
@@ -104,14 +104,14 @@ TEST_F(EventBody, OfACustomEventByteForByte) {
 })");
 }
 
-TEST_F(EventBody, EndsWithTheMarkerWhileConsentIsAwaited) {
+TEST_F(EventBody, EndsWithMarkerWhileWaitingForConsent) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make();
   const Request request = execute(*serverSide);
   EXPECT_THAT(request.text, ::testing::EndsWith("  },\n  \"user\": \"waiting_for_consent\"\n}"));
 }
 
-TEST_F(EventBody, HasNoNameWhenTheEventHasNone) {
+TEST_F(EventBody, OmitsEventNameIfNull) {
   const auto serverSide = make();
   const auto event = JXCustomEvent::initWithName(nullptr);
   event->addAdditionalParameter_withValue("event_name", "forged");
@@ -120,7 +120,7 @@ TEST_F(EventBody, HasNoNameWhenTheEventHasNone) {
   EXPECT_FALSE(requests()[0].body.contains("event_name"));
 }
 
-TEST_F(EventBody, IsSentForAnEventThatDoesNotVerify) {
+TEST_F(EventBody, IsSentForEventThatFailsValidation) {
   const auto serverSide = make();
   const auto event = JXEvent::init();
   ASSERT_FALSE(event->verifyEvent());
@@ -128,7 +128,7 @@ TEST_F(EventBody, IsSentForAnEventThatDoesNotVerify) {
   EXPECT_EQ(requests().size(), 1u);
 }
 
-TEST_F(EventBody, OfAnUnfilledShoppingEventHasNeitherItemsNorCurrency) {
+TEST_F(EventBody, OfECommerceBaseEventHasNoItemsOrCurrency) {
   const auto serverSide = make();
   const auto event = JXECommerceEvent::init();
   event->setCurrency("GBP");
@@ -139,29 +139,44 @@ TEST_F(EventBody, OfAnUnfilledShoppingEventHasNeitherItemsNorCurrency) {
   EXPECT_FALSE(requests()[0].body.contains("currency"));
 }
 
-TEST_F(EventBody, CarriesWhatTheHostAddsToTheUserBlock) {
+TEST_F(EventBody, IncludesAdditionalPropertiesOfTheUserBlock) {
   const auto serverSide = make();
   JXUser::sharedInstance().addAdditionalProperty_withStringValue("segment", "s-7");
   const JXJsonObject user = execute(*serverSide).body.get("user").object();
   EXPECT_EQ(user.get("segment").string(), JXString("s-7"));
 }
 
-TEST_F(EventBody, TellsTheNetworkKindOfTheMoment) {
+TEST_F(EventBody, WritesEmptyStringAddedToTheUserBlock) {
+  const auto serverSide = make();
+  JXUser& user = JXUser::sharedInstance();
+  user.addAdditionalProperty_withStringValue("segment", "s-7");
+  user.addAdditionalProperty_withStringValue("segment", nullptr);
+  user.addAdditionalProperty_withStringValue("plan", "");
+  user.setAnonymous_id("a-1");
+  user.setAnonymous_id("");
+  user.setAnonymous_id(nullptr);
+  const JXJsonObject block = execute(*serverSide).body.get("user").object();
+  EXPECT_EQ(block.get("segment").string(), JXString("s-7")) << "null is ignored";
+  EXPECT_EQ(block.get("plan").string(), JXString(""));
+  EXPECT_EQ(block.get("anonymous_id").string(), JXString("a-1")) << "null and empty are ignored";
+}
+
+TEST_F(EventBody, ReportsCurrentNetworkType) {
   platform->network = JXNetworkKind::None;
   const auto serverSide = make();
   const JXJsonObject network = inside(execute(*serverSide).body, {"context", "device", "network"});
   EXPECT_EQ(network.get("connection_type").string(), JXString("none"));
 }
 
-TEST_F(EventBody, EmojiArriveAsGiven) {
+TEST_F(EventBody, KeepsEmoji) {
   const std::string emoji = "\xF0\x9F\x8E\xAC caf\xC3\xA9 \xE2\x82\xAC";
   const Request request = sent(emoji, emoji, emoji);
   EXPECT_EQ(request.body.get("event_name").string(), JXString(emoji));
   EXPECT_EQ(request.body.get(emoji).string(), JXString(emoji));
-  EXPECT_THAT(request.text, HasSubstr(emoji)) << "as UTF-8, not as escapes";
+  EXPECT_THAT(request.text, HasSubstr(emoji)) << "as UTF-8, not escaped";
 }
 
-TEST_F(EventBody, ControlCharactersArriveAsGiven) {
+TEST_F(EventBody, KeepsControlCharacters) {
   std::string controls;
   for (char c = 1; c < 32; ++c)
     controls.push_back(c);
@@ -171,29 +186,29 @@ TEST_F(EventBody, ControlCharactersArriveAsGiven) {
   EXPECT_EQ(request.body.get(controls).string(), JXString(controls));
 }
 
-TEST_F(EventBody, AnEmbeddedNulArrivesAsGiven) {
+TEST_F(EventBody, KeepsEmbeddedNul) {
   const std::string nul("a\0b", 3);
   const Request request = sent(nul, nul, nul);
   EXPECT_EQ(request.body.get("event_name").string(), JXString(nul));
   EXPECT_EQ(request.body.get(nul).string(), JXString(nul));
 }
 
-TEST_F(EventBody, BytesThatAreNoUtf8BecomeTheReplacementCharacter) {
-  const std::string bad = "a\xFF\xC3(\xED\xA0\x80z";
-  const std::string good = "a\xEF\xBF\xBD\xEF\xBF\xBD(\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBDz";
-  const Request request = sent(bad, bad, bad);
-  EXPECT_EQ(request.body.get("event_name").string(), JXString(good));
-  EXPECT_EQ(request.body.get(good).string(), JXString(good));
+TEST_F(EventBody, ReplacesInvalidUtf8WithReplacementCharacter) {
+  const std::string invalid = "a\xFF\xC3(\xED\xA0\x80z";
+  const std::string replaced = "a\xEF\xBF\xBD\xEF\xBF\xBD(\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBDz";
+  const Request request = sent(invalid, invalid, invalid);
+  EXPECT_EQ(request.body.get("event_name").string(), JXString(replaced));
+  EXPECT_EQ(request.body.get(replaced).string(), JXString(replaced));
 }
 
-TEST_F(EventBody, AMebibyteArrivesAsGiven) {
+TEST_F(EventBody, KeepsOneMebibyteString) {
   std::string long_(1024 * 1024, 'x');
   long_[700'000] = '"';
   const Request request = sent("quiz", "long", long_);
   EXPECT_EQ(request.body.get("long").string(), JXString(long_));
 }
 
-TEST_F(EventBody, TwoHundredLevelsArriveAsGiven) {
+TEST_F(EventBody, KeepsTwoHundredNestedObjects) {
   const auto serverSide = make();
   JXJsonObject outer;
   JXJsonObject inner = outer;
@@ -213,24 +228,26 @@ TEST_F(EventBody, TwoHundredLevelsArriveAsGiven) {
   EXPECT_TRUE(found.get("bottom").boolValue());
 }
 
-TEST_F(EventBody, AnObjectThatContainsItselfIsOneLineAndLeftOut) {
+TEST_F(EventBody, OmitsCircularReferenceAndLogsOnce) {
   const auto serverSide = make();
-  JXJsonObject endless;
-  endless.set("self", endless);
-  endless.set("kept", true);
+  JXJsonObject circular;
+  circular.set("self", circular);
+  circular.set("kept", true);
   const auto event = JXCustomEvent::initWithName("quiz");
-  event->addAdditionalParameter_forJsonDict("endless", endless);
+  event->addAdditionalParameter_forJsonDict("circular", circular);
   forgetLines();
   serverSide->execute(event);
-  EXPECT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_EQ(linesUpTo(3),
+            (std::vector<LogLine>{
+                {3, "Event sent without some values: circular reference or size limit exceeded"}}));
   ASSERT_EQ(requests().size(), 1u);
-  const JXJsonObject found = requests()[0].body.get("endless").object();
+  const JXJsonObject found = requests()[0].body.get("circular").object();
   EXPECT_TRUE(found.get("kept").boolValue());
   EXPECT_FALSE(found.contains("self"));
-  endless.clear();
+  circular.clear();
 }
 
-TEST_F(EventBody, NumbersOfTheHostArriveDigitForDigit) {
+TEST_F(EventBody, KeepsNumbersExactly) {
   const auto serverSide = make();
   JXJsonObject numbers;
   numbers.set("price", JXJsonValue::numberFromString("12.50"));

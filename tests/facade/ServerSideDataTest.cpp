@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The permanent data and the advertising identifiers.
+// Permanent data and advertising identifiers.
 
 #include <gmock/gmock.h>
 
@@ -18,7 +18,7 @@ class PermanentData : public ServerSideFixture {};
 
 JXString core(std::string_view key) { return JXCoreVariables::sharedInstance().getData(key); }
 
-TEST_F(PermanentData, GoesWithEveryEventUntilItIsRemoved) {
+TEST_F(PermanentData, IsAddedToEveryEventUntilRemoved) {
   const auto serverSide = make();
   serverSide->addPermanentData_withValue("store", "uk");
   EXPECT_EQ(serverSide->getPermanentData("store").string(), JXString("uk"));
@@ -29,7 +29,7 @@ TEST_F(PermanentData, GoesWithEveryEventUntilItIsRemoved) {
   EXPECT_FALSE(execute(*serverSide).body.contains("store"));
 }
 
-TEST_F(PermanentData, IsAddedToTheEventObjectAndStaysOnIt) {
+TEST_F(PermanentData, StaysOnTheExecutedEventObject) {
   const auto serverSide = make();
   const auto event = JXCustomEvent::initWithName("quiz");
   serverSide->addPermanentData_withValue("store", "uk");
@@ -40,7 +40,7 @@ TEST_F(PermanentData, IsAddedToTheEventObjectAndStaysOnIt) {
   EXPECT_EQ(requests().back().body.get("store").string(), JXString("uk"));
 }
 
-TEST_F(PermanentData, ALaterValueReplacesWhatAnEarlierExecuteLeftOnTheEvent) {
+TEST_F(PermanentData, ReplacesValueOfAnEarlierExecute) {
   const auto serverSide = make();
   const auto event = JXCustomEvent::initWithName("quiz");
   serverSide->addPermanentData_withValue("store", "uk");
@@ -50,7 +50,7 @@ TEST_F(PermanentData, ALaterValueReplacesWhatAnEarlierExecuteLeftOnTheEvent) {
   EXPECT_EQ(requests().back().body.get("store").string(), JXString("fr"));
 }
 
-TEST_F(PermanentData, TakesAnyJsonValue) {
+TEST_F(PermanentData, AcceptsAnyJsonValue) {
   const auto serverSide = make();
   JXJsonObject nested;
   nested.set("depth", 2);
@@ -70,23 +70,23 @@ TEST_F(PermanentData, TakesAnyJsonValue) {
   EXPECT_EQ(body.get("nothing").kind(), JXJsonValue::Kind::Null);
 }
 
-TEST_F(PermanentData, AnAbsentValueRemovesTheKey) {
+TEST_F(PermanentData, NullValueRemovesTheKey) {
   const auto serverSide = make();
   serverSide->addPermanentData_withValue("store", "uk");
   serverSide->addPermanentData_withValue("store", nullptr);
   EXPECT_FALSE(serverSide->getPermanentData("store").isPresent());
 }
 
-TEST_F(PermanentData, AnAbsentKeyIsNotTheEmptyKey) {
+TEST_F(PermanentData, DistinguishesNullKeyFromEmptyKey) {
   const auto serverSide = make();
-  serverSide->addPermanentData_withValue("", "of the empty key");
-  serverSide->addPermanentData_withValue(nullptr, "of no key");
+  serverSide->addPermanentData_withValue("", "empty key");
+  serverSide->addPermanentData_withValue(nullptr, "null key");
   EXPECT_FALSE(serverSide->getPermanentData(nullptr).isPresent());
   EXPECT_FALSE(serverSide->removePermanentData(nullptr).isPresent());
-  EXPECT_EQ(serverSide->getPermanentData("").string(), JXString("of the empty key"));
+  EXPECT_EQ(serverSide->getPermanentData("").string(), JXString("empty key"));
 }
 
-TEST_F(PermanentData, AnEventsOwnFieldWinsOverIt) {
+TEST_F(PermanentData, IsOverriddenByEventFields) {
   const auto serverSide = make();
   serverSide->addPermanentData_withValue("event_name", "forged");
   serverSide->addPermanentData_withValue("page_name", "permanent");
@@ -102,7 +102,7 @@ TEST_F(PermanentData, BelongsToOneServerSide) {
   EXPECT_FALSE(execute(*second).body.contains("store"));
 }
 
-TEST_F(PermanentData, WithoutAStoreEventsGoOnAndNothingIsFound) {
+TEST_F(PermanentData, IsIgnoredWithoutAStore) {
   const auto serverSide = make();
   serverSide->setPermanentStore(nullptr);
   serverSide->addPermanentData_withValue("store", "uk");
@@ -113,11 +113,11 @@ TEST_F(PermanentData, WithoutAStoreEventsGoOnAndNothingIsFound) {
 
 class AdvertisingIds : public ServerSideFixture {};
 
-TEST_F(AdvertisingIds, TheConstantForTheUntrackedIsAllZeros) {
+TEST_F(AdvertisingIds, StaticIdfaIsAllZeros) {
   EXPECT_EQ(STATIC_IDFA, "00000000-0000-0000-0000-000000000000");
 }
 
-TEST_F(AdvertisingIds, AreUnknownUntilTheHostAsks) {
+TEST_F(AdvertisingIds, AreOmittedUntilAdded) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   EXPECT_FALSE(core(kJXPredefinedVariable_isTrackingEnabled).isPresent());
@@ -129,7 +129,7 @@ TEST_F(AdvertisingIds, AreUnknownUntilTheHostAsks) {
   EXPECT_FALSE(device.contains("idfv"));
 }
 
-TEST_F(AdvertisingIds, WhenTrackingIsAllowedAllThreeReachTheDeviceBlock) {
+TEST_F(AdvertisingIds, AreWrittenIfTrackingIsAllowed) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
@@ -143,7 +143,7 @@ TEST_F(AdvertisingIds, WhenTrackingIsAllowedAllThreeReachTheDeviceBlock) {
   EXPECT_EQ(device.get("idfv").string(), JXString("66666666-7777-4888-8999-AAAAAAAAAAAA"));
 }
 
-TEST_F(AdvertisingIds, WhenTrackingIsRefusedTheIdentifierIsTheStaticOne) {
+TEST_F(AdvertisingIds, UseStaticIdfaIfTrackingIsDenied) {
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
   EXPECT_EQ(core(kJXPredefinedVariable_isTrackingEnabled), JXString("0"));
@@ -154,7 +154,7 @@ TEST_F(AdvertisingIds, WhenTrackingIsRefusedTheIdentifierIsTheStaticOne) {
   EXPECT_EQ(device.get("idfa").string(), JXString("00000000-0000-0000-0000-000000000000"));
 }
 
-TEST_F(AdvertisingIds, AskingAgainFollowsTheViewersNewAnswer) {
+TEST_F(AdvertisingIds, FollowChangedPermissionWhenAddedAgain) {
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
   platform->trackingAllowed = true;
@@ -163,12 +163,12 @@ TEST_F(AdvertisingIds, AskingAgainFollowsTheViewersNewAnswer) {
   EXPECT_EQ(JXDevice::sharedInstance().adTrackingEnabled(), JXString("1"));
 }
 
-TEST_F(AdvertisingIds, TheIdentifierFollowsTheStoredFlagNotTheSystem) {
+TEST_F(AdvertisingIds, IdfaDependsOnStoredPermission) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   serverSide->setIDFA();
   EXPECT_EQ(core(kJXPredefinedVariable_IDFA), JXString("00000000-0000-0000-0000-000000000000"))
-      << "the flag is absent";
+      << "the permission is not set";
   JXCoreVariables::sharedInstance().addData_withValue(kJXPredefinedVariable_isTrackingEnabled, "0");
   serverSide->setIDFA();
   EXPECT_EQ(core(kJXPredefinedVariable_IDFA), JXString("00000000-0000-0000-0000-000000000000"));
@@ -178,7 +178,7 @@ TEST_F(AdvertisingIds, TheIdentifierFollowsTheStoredFlagNotTheSystem) {
   EXPECT_EQ(core(kJXPredefinedVariable_IDFA), JXString("11111111-2222-4333-8444-555555555555"));
 }
 
-TEST_F(AdvertisingIds, TheFlagAloneDoesNotTouchTheIdentifier) {
+TEST_F(AdvertisingIds, SettingThePermissionKeepsTheIdfa) {
   platform->trackingAllowed = true;
   const auto serverSide = make();
   serverSide->setAdvertisingTrackingEnabled();
@@ -187,7 +187,7 @@ TEST_F(AdvertisingIds, TheFlagAloneDoesNotTouchTheIdentifier) {
   EXPECT_FALSE(JXDevice::sharedInstance().adTrackingEnabled().isPresent());
 }
 
-TEST_F(AdvertisingIds, ASystemWithoutIdentifiersLeavesThemOut) {
+TEST_F(AdvertisingIds, AreOmittedIfTheSystemHasNone) {
   platform->trackingAllowed = true;
   platform->advertisingId = nullptr;
   platform->vendorId = nullptr;

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What `execute` does, step by step.
+// The steps of `execute`.
 
 #include <gmock/gmock.h>
 
@@ -10,8 +10,13 @@
 #include "jx/context/JXDevice.h"
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/json/JXJsonReader.h"
+#include "jx/core/json/JXJsonWriter.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/events/JXCustomEvent.h"
+#include "jx/events/JXItem.h"
+#include "jx/events/ecommerce/JXViewCartEvent.h"
+#include "jx/events/video/JXVideoPlaybackEvent.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
@@ -26,18 +31,19 @@ using ::testing::StartsWith;
 
 class Execute : public ServerSideFixture {};
 
-// An event class of a host's own that fails while it is written.
+// An application's event class that throws while it is serialised.
 class BrokenEvent final : public JXEvent {
  public:
   JXJsonObject getJsonObject() const override { throw std::runtime_error("no such screen"); }
 };
 
+// An application's event class that throws an object which is not a std::exception.
 class OddEvent final : public JXEvent {
  public:
   JXJsonObject getJsonObject() const override { throw 42; }
 };
 
-// An event class of a host's own that has no context.
+// An application's event class without a context.
 class BareEvent final : public JXEvent {
  public:
   JXJsonObject getJsonObject() const override {
@@ -49,8 +55,8 @@ class BareEvent final : public JXEvent {
 
 class Instance final : public IJXFirebaseInstance {
  public:
-  explicit Instance(std::string_view answered) : answered_(answered) {}
-  bool respondsToOperation(std::string_view operation) override { return operation == answered_; }
+  explicit Instance(std::string_view supported) : supported_(supported) {}
+  bool respondsToOperation(std::string_view operation) override { return operation == supported_; }
   void performOperation(std::string_view operation, const JXJsonValue& first,
                         const JXJsonValue& second) override {
     calls.push_back(std::string(operation) + " " + first.string().toStdString());
@@ -63,19 +69,19 @@ class Instance final : public IJXFirebaseInstance {
   bool throws = false;
 
  private:
-  std::string answered_;
+  std::string supported_;
 };
 
-TEST_F(Execute, AnAbsentEventIsOneLineAtLevelThree) {
+TEST_F(Execute, LogsAndIgnoresNullEvent) {
   const auto serverSide = make();
   forgetLines();
   serverSide->execute(nullptr);
-  EXPECT_THAT(lines(), ElementsAre(LogLine{3, "An absent event was given to execute"}));
+  EXPECT_THAT(lines(), ElementsAre(LogLine{3, "execute() called with a null event; ignored"}));
   EXPECT_TRUE(requests().empty());
   EXPECT_FALSE(variable(kJXPredefinedVariable_FirstExecute).isPresent());
 }
 
-TEST_F(Execute, InTheDisabledStateNothingAtAllHappens) {
+TEST_F(Execute, DoesNothingWhileDisabled) {
   const auto serverSide = make(2);
   serverSide->addPermanentData_withValue("store", "uk");
   const auto event = JXCustomEvent::initWithName("quiz");
@@ -94,14 +100,14 @@ TEST_F(Execute, InTheDisabledStateNothingAtAllHappens) {
   EXPECT_EQ(event->getAdditionalProperties().size(), 0u);
 }
 
-TEST_F(Execute, WhileConsentIsAwaitedTheMarkerStandsForTheUserBlock) {
+TEST_F(Execute, WritesMarkerForUserBlockWhileWaitingForConsent) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make();
   const Request request = execute(*serverSide);
   EXPECT_EQ(request.body.get("user").string(), JXString("waiting_for_consent"));
 }
 
-TEST_F(Execute, OnceEnabledTheUserBlockIsSent) {
+TEST_F(Execute, WritesUserBlockOnceEnabled) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make();
   serverSide->enableServerSide();
@@ -109,7 +115,7 @@ TEST_F(Execute, OnceEnabledTheUserBlockIsSent) {
   EXPECT_EQ(user.get("anonymous_id").string(), JXString("00000000-0000-4000-8000-000000000002"));
 }
 
-TEST_F(Execute, PostsOneRequestWithTwoEntriesAsItself) {
+TEST_F(Execute, PostsOneRequestWithUrlAndBody) {
   const auto serverSide = make();
   const Request request = execute(*serverSide);
   EXPECT_EQ(request.object, serverSide.get());
@@ -118,7 +124,7 @@ TEST_F(Execute, PostsOneRequestWithTwoEntriesAsItself) {
   EXPECT_TRUE(request.body.isPresent());
 }
 
-TEST_F(Execute, LogsTheNameThenTheWholeBodyAtLevelSix) {
+TEST_F(Execute, LogsNameAndBodyAtLevelSix) {
   const auto serverSide = make();
   forgetLines();
   const Request request = execute(*serverSide);
@@ -134,7 +140,7 @@ TEST_F(Execute, LogsNothingBelowLevelSix) {
   EXPECT_TRUE(lines().empty());
 }
 
-TEST_F(Execute, TheTimestampIsTheCallInDigits) {
+TEST_F(Execute, WritesCallTimeAsNumber) {
   const auto serverSide = make();
   clock->advance(1'234);
   const Request request = execute(*serverSide);
@@ -144,7 +150,7 @@ TEST_F(Execute, TheTimestampIsTheCallInDigits) {
   EXPECT_EQ(variable(kJXPredefinedVariable_CurrentCallMs), JXString("1700000001234"));
 }
 
-TEST_F(Execute, ACallTimeThatIsAbsentOrNoNumberLeavesTheTimestampOut) {
+TEST_F(Execute, OmitsTimestampIfCallTimeIsNotANumber) {
   const auto serverSide = make();
   JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
   const auto event = JXCustomEvent::initWithName("quiz");
@@ -159,7 +165,7 @@ TEST_F(Execute, ACallTimeThatIsAbsentOrNoNumberLeavesTheTimestampOut) {
               HasSubstr("\"event_timestamp\": 123456789012345678901\n"));
 }
 
-TEST_F(Execute, TheSameEventTwiceHasTwoIdentifiers) {
+TEST_F(Execute, CreatesNewEventIdForEachCall) {
   const auto serverSide = make();
   const auto event = JXCustomEvent::initWithName("quiz");
   serverSide->addPermanentData_withValue("store", "uk");
@@ -173,7 +179,7 @@ TEST_F(Execute, TheSameEventTwiceHasTwoIdentifiers) {
   EXPECT_EQ(requests()[1].body.get("store").string(), JXString("uk"));
 }
 
-TEST_F(Execute, AnExtraPropertyNamedContextIsReplaced) {
+TEST_F(Execute, ReplacesAdditionalPropertyNamedContextOrUser) {
   const auto serverSide = make();
   const auto event = JXCustomEvent::initWithName("quiz");
   event->addAdditionalParameter_withValue("context", "forged");
@@ -187,7 +193,7 @@ TEST_F(Execute, AnExtraPropertyNamedContextIsReplaced) {
   }
 }
 
-TEST_F(Execute, OnlyTheFirstEventOfAProcessIsTheFirstExecuteAndOpensTheSession) {
+TEST_F(Execute, MarksOnlyFirstEventAsFirstExecuteAndNewSession) {
   const auto serverSide = make();
   const JXJsonObject first = lifecycle(execute(*serverSide));
   EXPECT_TRUE(first.get("first_execute").boolValue());
@@ -198,7 +204,7 @@ TEST_F(Execute, OnlyTheFirstEventOfAProcessIsTheFirstExecuteAndOpensTheSession) 
   EXPECT_FALSE(second.get("new_session").boolValue());
 }
 
-TEST_F(Execute, AnEventThatFailsToBeWrittenIsOneLineAndTheNextGoesOut) {
+TEST_F(Execute, LogsEventThatThrowsAndSendsTheNext) {
   const auto serverSide = make();
   configuration.logLevel = 3;
   forgetLines();
@@ -208,10 +214,10 @@ TEST_F(Execute, AnEventThatFailsToBeWrittenIsOneLineAndTheNextGoesOut) {
   EXPECT_THAT(linesUpTo(5)[0].message, HasSubstr("no such screen"));
   EXPECT_TRUE(requests().empty());
   EXPECT_TRUE(lifecycle(execute(*serverSide)).get("new_session").boolValue())
-      << "the mark goes with the first event that was sent";
+      << "the first event that is sent carries the mark";
 }
 
-TEST_F(Execute, AnEventThatThrowsNoExceptionObjectIsOneLineToo) {
+TEST_F(Execute, LogsEventThatThrowsOtherTypes) {
   const auto serverSide = make();
   forgetLines();
   EXPECT_NO_THROW(serverSide->execute(std::make_shared<OddEvent>()));
@@ -219,7 +225,7 @@ TEST_F(Execute, AnEventThatThrowsNoExceptionObjectIsOneLineToo) {
   execute(*serverSide);
 }
 
-TEST_F(Execute, AnEventClassWithoutAContextIsSentWithoutOne) {
+TEST_F(Execute, SendsEventWithoutContext) {
   const auto serverSide = make();
   serverSide->execute(std::make_shared<BareEvent>());
   ASSERT_EQ(requests().size(), 1u);
@@ -227,7 +233,7 @@ TEST_F(Execute, AnEventClassWithoutAContextIsSentWithoutOne) {
   EXPECT_TRUE(requests()[0].body.contains("user"));
 }
 
-TEST_F(Execute, WithoutASenderNothingIsPostedAndTheRestGoesOn) {
+TEST_F(Execute, PostsNothingWithoutASender) {
   const auto serverSide = make();
   serverSide->setSenderDelegate(nullptr);
   serverSide->execute(JXCustomEvent::initWithName("quiz"));
@@ -240,7 +246,7 @@ TEST_F(Execute, WithoutASenderNothingIsPostedAndTheRestGoesOn) {
   EXPECT_EQ(variable(kJXPredefinedVariable_IsNewSession), JXString("0"));
 }
 
-TEST_F(Execute, AnEventWithoutAnAddressIsLostWithALine) {
+TEST_F(Execute, DiscardsAndLogsEventWithoutUrl) {
   const auto serverSide = make();
   const JXString url = serverSide->url();
   serverSide->setUrl(nullptr);
@@ -253,7 +259,7 @@ TEST_F(Execute, AnEventWithoutAnAddressIsLostWithALine) {
   EXPECT_EQ(linesUpTo(5).size(), 1u);
 }
 
-TEST_F(Execute, AnObserverMayExecuteAnotherEvent) {
+TEST_F(Execute, AllowsObserverToExecuteAnotherEvent) {
   const auto serverSide = make();
   bool isFollowed = false;
   JXNotificationCenter::defaultCenter()->addObserver(
@@ -266,7 +272,7 @@ TEST_F(Execute, AnObserverMayExecuteAnotherEvent) {
   EXPECT_EQ(requests().size(), 2u);
 }
 
-TEST_F(Execute, TheMirrorGetsNameAndParametersAfterTheRequest) {
+TEST_F(Execute, PassesNameAndParametersToFirebase) {
   start();
   const auto instance = std::make_shared<Instance>("logEventWithName:parameters:");
   const auto serverSide =
@@ -278,7 +284,52 @@ TEST_F(Execute, TheMirrorGetsNameAndParametersAfterTheRequest) {
   EXPECT_FALSE(instance->parameters.contains("context"));
 }
 
-TEST_F(Execute, TheMirrorHearsNothingWhileDisabled) {
+TEST_F(Execute, SharesListsButNotTheParametersWithFirebase) {
+  start();
+  const auto instance = std::make_shared<Instance>("logEventWithName:parameters:");
+  const auto serverSide =
+      ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(1, "k", instance);
+  serverSide->addPermanentData_withValue("stores", JXJsonReader::read(R"(["uk"])").value);
+  const auto item = JXItem::init();
+  item->addAdditionalProperty(JXJsonReader::read(R"({"tags":["a"]})").value.object());
+  const auto event = JXViewCartEvent::initWithItems({item});
+  event->addAdditionalParameter(
+      JXJsonReader::read(R"({"steps":[{"n":1}],"score":{"a":1}})").value.object());
+  serverSide->execute(event);
+
+  JXJsonObject parameters = instance->parameters;
+  parameters.get("stores").array().append("changed");
+  parameters.get("steps").array().at(0).object().set("n", "changed");
+  parameters.get("items").array().at(0).object().get("jx_item_tags").array().append("changed");
+  parameters.get("items").array().append("of the copy");
+  parameters.set("score", "of the copy");
+  parameters.set("own", "of the copy");
+
+  serverSide->execute(event);
+  JXJsonObject body = requests().back().body;
+  for (const char* key : {"context", "user", "event_name"})
+    body.remove(key);
+  EXPECT_EQ(JXJsonWriter::write(body, JXJsonStyle::Compact).text,
+            R"({"steps":[{"n":"changed"}],"score":{"a":1},"stores":["uk","changed"],)"
+            R"("items":[{"tags":["a","changed"],"product":{"colors":[]}}]})");
+  const Request next = execute(*serverSide, "next");
+  EXPECT_EQ(next.body.get("stores").array().size(), 2u) << "the permanent data has changed too";
+}
+
+TEST_F(Execute, SharesIdListsOfPlaybackEventsWithFirebase) {
+  start();
+  const auto instance = std::make_shared<Instance>("logEventWithName:parameters:");
+  const auto serverSide =
+      ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(1, "k", instance);
+  const auto event =
+      JXVideoPlaybackEvent::initWithMode_andSessionId(EJXVideoPlaybackMode_START, "s");
+  event->contentAssetID().append("a");
+  serverSide->execute(event);
+  instance->parameters.get("content_asset_id").array().append("changed");
+  EXPECT_EQ(event->contentAssetID().size(), 2u);
+}
+
+TEST_F(Execute, DoesNotMirrorWhileDisabled) {
   start();
   const auto instance = std::make_shared<Instance>("logEventWithName:parameters:");
   const auto serverSide =
@@ -288,18 +339,18 @@ TEST_F(Execute, TheMirrorHearsNothingWhileDisabled) {
   EXPECT_TRUE(instance->calls.empty());
 }
 
-TEST_F(Execute, AMirrorWithoutTheOperationChangesNothing) {
+TEST_F(Execute, DoesNotMirrorToInstanceWithoutTheOperation) {
   start();
   const auto instance = std::make_shared<Instance>("setDefaultEventParameters:parameters:");
   const auto serverSide =
       ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(1, "k", instance);
   forgetLines();
   execute(*serverSide);
-  EXPECT_EQ(instance->calls.size(), 1u) << "the developer id at the start";
+  EXPECT_EQ(instance->calls.size(), 1u) << "the developer ID at the start";
   EXPECT_TRUE(linesUpTo(5).empty());
 }
 
-TEST_F(Execute, AMirrorThatThrowsIsOneLineAndTheRequestWentOut) {
+TEST_F(Execute, SendsEventIfMirrorThrows) {
   start();
   const auto instance = std::make_shared<Instance>("logEventWithName:parameters:");
   instance->throws = true;
@@ -311,7 +362,7 @@ TEST_F(Execute, AMirrorThatThrowsIsOneLineAndTheRequestWentOut) {
   EXPECT_EQ(variable(kJXPredefinedVariable_IsNewSession), JXString("0"));
 }
 
-TEST_F(Execute, AClockBeforeTheEpochIsWrittenAsAnUnsignedNumber) {
+TEST_F(Execute, WritesTimeBeforeTheEpochAsUnsignedNumber) {
   clock->set(-5'000);
   const auto serverSide = make();
   EXPECT_EQ(context(execute(*serverSide)).get("event_timestamp").numberString(),
@@ -319,7 +370,7 @@ TEST_F(Execute, AClockBeforeTheEpochIsWrittenAsAnUnsignedNumber) {
   EXPECT_TRUE(linesUpTo(3).empty());
 }
 
-TEST_F(Execute, ASinkThatThrowsOrExecutesDoesNotDisturbTheEvent) {
+TEST_F(Execute, SendsEventIfLogSinkThrowsOrExecutes) {
   std::shared_ptr<ServerSide> serverSide;
   int depth = 0;
   configuration.logSink = [&](int level, std::string_view) {
@@ -336,14 +387,14 @@ TEST_F(Execute, ASinkThatThrowsOrExecutesDoesNotDisturbTheEvent) {
   JXLogger::sharedInstance().setSink(nullptr);
 }
 
-TEST_F(Execute, TheNotificationForTheHostsOwnUseIsNeverPosted) {
+TEST_F(Execute, NeverPostsHitSentNotification) {
   EXPECT_EQ(kJXNotification_HitSent, "JXNotification: Hit Sent");
   const auto serverSide = make();
   execute(*serverSide);
   EXPECT_TRUE(posted(kJXNotification_HitSent).empty());
 }
 
-TEST_F(Execute, WhenItReturnsTheEventIsInTheOutbox) {
+TEST_F(Execute, StoresEventBeforeReturning) {
   queueForReal();
   const auto serverSide = make();
   execute(*serverSide);

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// How a ServerSide starts: what each initialiser hands on, the address, the start state.
+// The start of a ServerSide: the parameters of each initialiser, the URL, the initial state.
 
 #include <gmock/gmock.h>
 
@@ -19,8 +19,8 @@ using ::testing::ElementsAre;
 
 class ServerSideStart : public ServerSideFixture {};
 
-// Answers no operation.
-class SilentInstance final : public IJXFirebaseInstance {
+// Supports no operation.
+class UnsupportedInstance final : public IJXFirebaseInstance {
  public:
   bool respondsToOperation(std::string_view) override { return false; }
   void performOperation(std::string_view, const JXJsonValue&, const JXJsonValue&) override {}
@@ -34,27 +34,27 @@ class ThrowingInstance final : public IJXFirebaseInstance {
   }
 };
 
-TEST_F(ServerSideStart, LogsVersionThenSiteThenStartState) {
+TEST_F(ServerSideStart, LogsVersionSiteAndInitialState) {
   const auto serverSide = make();
   EXPECT_THAT(lines(), ElementsAre(LogLine{4, "Server-Side SDK init with version 5.4.5"},
                                    LogLine{4, "Server-Side SDK init with siteID 1234"},
                                    LogLine{5, "Starting Server-Side SDK"}));
 }
 
-TEST_F(ServerSideStart, TheVersionConstantsAreThoseOfTheRelease) {
+TEST_F(ServerSideStart, VersionConstantsMatchTheRelease) {
   EXPECT_EQ(kJXServerSideVersion, "5.4.5");
   EXPECT_EQ(kReleaseDate, "28/04/2025");
   EXPECT_EQ(kReleaseTime, "17:17:38");
 }
 
-TEST_F(ServerSideStart, DefaultWithoutConsentModuleIsEnabledAndLeavesTheNetworkManagerAlone) {
+TEST_F(ServerSideStart, DefaultWithoutConsentModuleStartsEnabled) {
   const auto serverSide = make(0);
   EXPECT_EQ(serverSide->serverSideState(), 1);
   EXPECT_EQ(serverSide->defaultBehaviour(), 0);
   EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
 }
 
-TEST_F(ServerSideStart, DefaultWithConsentModuleWaitsAndLeavesTheNetworkManagerAlone) {
+TEST_F(ServerSideStart, DefaultWithConsentModuleWaitsForConsent) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make(0);
   EXPECT_EQ(serverSide->serverSideState(), 0);
@@ -64,7 +64,7 @@ TEST_F(ServerSideStart, DefaultWithConsentModuleWaitsAndLeavesTheNetworkManagerA
                                    LogLine{5, "Starting Server-Side SDK and waiting for consent"}));
 }
 
-TEST_F(ServerSideStart, AlwaysEnabledTellsTheNetworkManagerOne) {
+TEST_F(ServerSideStart, AlwaysEnabledSetsManagerStateOne) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make(1);
   EXPECT_EQ(serverSide->serverSideState(), 1);
@@ -73,7 +73,7 @@ TEST_F(ServerSideStart, AlwaysEnabledTellsTheNetworkManagerOne) {
   EXPECT_EQ(lines().size(), 3u);
 }
 
-TEST_F(ServerSideStart, DisabledByDefaultTellsTheNetworkManagerTwo) {
+TEST_F(ServerSideStart, DisabledByDefaultSetsManagerStateTwo) {
   const auto serverSide = make(2);
   EXPECT_EQ(serverSide->serverSideState(), 2);
   EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 2);
@@ -81,20 +81,20 @@ TEST_F(ServerSideStart, DisabledByDefaultTellsTheNetworkManagerTwo) {
   EXPECT_EQ(lines().size(), 3u);
 }
 
-TEST_F(ServerSideStart, DisabledByDefaultHoldsWhatIsQueued) {
+TEST_F(ServerSideStart, DisabledByDefaultPausesDelivery) {
   queueForReal();
   const auto serverSide = make(2);
   EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
-TEST_F(ServerSideStart, BehaviourThreeIsTheDefault) {
+TEST_F(ServerSideStart, TreatsBehaviourThreeAsDefault) {
   const auto serverSide = make(3);
   EXPECT_EQ(serverSide->serverSideState(), 1);
   EXPECT_EQ(JXNetworkManager::sharedInstance().managerState(), 0);
   EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK"}));
 }
 
-TEST_F(ServerSideStart, BehaviourMinusOneIsTheDefault) {
+TEST_F(ServerSideStart, TreatsBehaviourMinusOneAsDefault) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make(-1);
   EXPECT_EQ(serverSide->serverSideState(), 0);
@@ -102,7 +102,7 @@ TEST_F(ServerSideStart, BehaviourMinusOneIsTheDefault) {
   EXPECT_EQ(lines().back(), (LogLine{5, "Starting Server-Side SDK and waiting for consent"}));
 }
 
-TEST_F(ServerSideStart, SiteZeroIsNotLoggedAndStandsInTheAddress) {
+TEST_F(ServerSideStart, WritesSiteZeroToUrlWithoutLoggingIt) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey(0, "key");
   EXPECT_THAT(lines(), ElementsAre(LogLine{4, "Server-Side SDK init with version 5.4.5"},
@@ -110,7 +110,7 @@ TEST_F(ServerSideStart, SiteZeroIsNotLoggedAndStandsInTheAddress) {
   EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=0&token=key"));
 }
 
-TEST_F(ServerSideStart, NegativeSiteIsLoggedAndWrittenWithItsSign) {
+TEST_F(ServerSideStart, WritesNegativeSiteToUrlAndLog) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey(-2147483647 - 1, "key");
   EXPECT_EQ(count({4, "Server-Side SDK init with siteID -2147483648"}), 1u);
@@ -118,14 +118,14 @@ TEST_F(ServerSideStart, NegativeSiteIsLoggedAndWrittenWithItsSign) {
             JXString("https://collect.example.com/events?jx_s=-2147483648&token=key"));
 }
 
-TEST_F(ServerSideStart, TheSourceKeyIsNotEscaped) {
+TEST_F(ServerSideStart, DoesNotEscapeTheSourceKey) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey(7, "a b&c=\xC3\xA9/%41");
   EXPECT_EQ(serverSide->url(),
             JXString("https://collect.example.com/events?jx_s=7&token=a b&c=\xC3\xA9/%41"));
 }
 
-TEST_F(ServerSideStart, AnAbsentSourceKeyIsOneClearLine) {
+TEST_F(ServerSideStart, LogsOnceIfSourceKeyIsNull) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey(7, nullptr);
   ASSERT_EQ(linesUpTo(3).size(), 1u);
@@ -134,7 +134,7 @@ TEST_F(ServerSideStart, AnAbsentSourceKeyIsOneClearLine) {
   execute(*serverSide);
 }
 
-TEST_F(ServerSideStart, AHostWithoutASchemeIsHttpsAndOneClearLine) {
+TEST_F(ServerSideStart, UsesHttpsAndLogsIfHostHasNoScheme) {
   configuration.collectionHost = "collect.example.com:8443";
   const auto serverSide = make();
   EXPECT_EQ(serverSide->url(),
@@ -143,7 +143,7 @@ TEST_F(ServerSideStart, AHostWithoutASchemeIsHttpsAndOneClearLine) {
   EXPECT_THAT(lines()[0].message, ::testing::HasSubstr("collect.example.com:8443"));
 }
 
-TEST_F(ServerSideStart, PlainHttpBeyondLoopbackBecomesHttpsAndOneClearLine) {
+TEST_F(ServerSideStart, ReplacesHttpWithHttpsAndLogsOutsideLoopback) {
   configuration.collectionHost = "http://collect.example.com";
   const auto serverSide = make();
   EXPECT_EQ(serverSide->url(), JXString("https://collect.example.com/events?jx_s=1234&token=key"));
@@ -151,34 +151,34 @@ TEST_F(ServerSideStart, PlainHttpBeyondLoopbackBecomesHttpsAndOneClearLine) {
   EXPECT_THAT(linesUpTo(3)[0].message, ::testing::HasSubstr("http"));
 }
 
-TEST_F(ServerSideStart, APathThatLooksLikeLoopbackDoesNotLetPlainHttpPass) {
+TEST_F(ServerSideStart, RejectsHttpIfOnlyThePathLooksLikeLoopback) {
   configuration.collectionHost = "http://collect.example.com/@localhost";
   const auto serverSide = make();
   EXPECT_EQ(serverSide->url().view().substr(0, 27), "https://collect.example.com");
   EXPECT_EQ(linesUpTo(3).size(), 1u);
 }
 
-TEST_F(ServerSideStart, PlainHttpToLoopbackIsTakenSilently) {
+TEST_F(ServerSideStart, AcceptsHttpToLoopbackWithoutLogging) {
   configuration.collectionHost = "http://127.0.0.1:8080";
   const auto serverSide = make();
   EXPECT_EQ(serverSide->url(), JXString("http://127.0.0.1:8080/events?jx_s=1234&token=key"));
   EXPECT_EQ(lines().size(), 3u);
 }
 
-TEST_F(ServerSideStart, AHostTextThatNamesNoHostIsOneClearLine) {
-  for (const char* text : {"", "https://", "http:///", ":8443"}) {
+TEST_F(ServerSideStart, LogsOnceIfCollectionHostIsInvalid) {
+  for (const char* host : {"", "https://", "http:///", ":8443"}) {
     EXPECT_EQ(inLaunch([&] {
-                configuration.collectionHost = text;
+                configuration.collectionHost = host;
                 const auto serverSide = make();
                 const bool isHttps = serverSide->url().view().substr(0, 8) == "https://";
                 return std::to_string(linesUpTo(3).size()) + (isHttps ? " https" : " other");
               }),
               "1 https")
-        << text;
+        << host;
   }
 }
 
-TEST_F(ServerSideStart, TheShortestInitialiserHasNoInstanceAndTheDefaultBehaviour) {
+TEST_F(ServerSideStart, ShortestInitialiserUsesDefaults) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey(9, "k");
   EXPECT_EQ(serverSide->siteID(), 9);
@@ -187,7 +187,7 @@ TEST_F(ServerSideStart, TheShortestInitialiserHasNoInstanceAndTheDefaultBehaviou
   EXPECT_EQ(serverSide->firebaseInstance(), nullptr);
 }
 
-TEST_F(ServerSideStart, TheInitialiserWithABehaviourKeepsIt) {
+TEST_F(ServerSideStart, InitialiserStoresBehaviour) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour(9, "k", 2);
   EXPECT_EQ(serverSide->siteID(), 9);
@@ -195,18 +195,18 @@ TEST_F(ServerSideStart, TheInitialiserWithABehaviourKeepsIt) {
   EXPECT_EQ(serverSide->firebaseInstance(), nullptr);
 }
 
-TEST_F(ServerSideStart, TheInitialiserWithAnInstanceKeepsItAndTheDefaultBehaviour) {
+TEST_F(ServerSideStart, InitialiserStoresFirebaseInstance) {
   start();
-  const auto instance = std::make_shared<SilentInstance>();
+  const auto instance = std::make_shared<UnsupportedInstance>();
   const auto serverSide =
       ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(9, "k", instance);
   EXPECT_EQ(serverSide->firebaseInstance(), instance);
   EXPECT_EQ(serverSide->defaultBehaviour(), 0);
 }
 
-TEST_F(ServerSideStart, TheInitialiserWithBehaviourAndInstanceKeepsBoth) {
+TEST_F(ServerSideStart, InitialiserStoresBehaviourAndFirebaseInstance) {
   start();
-  const auto instance = std::make_shared<SilentInstance>();
+  const auto instance = std::make_shared<UnsupportedInstance>();
   const auto serverSide =
       ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(9, "k", 1,
                                                                                       instance);
@@ -214,11 +214,11 @@ TEST_F(ServerSideStart, TheInitialiserWithBehaviourAndInstanceKeepsBoth) {
   EXPECT_EQ(serverSide->defaultBehaviour(), 1);
 }
 
-TEST_F(ServerSideStart, TheFullInitialiserPostsOnTheGivenCentre) {
+TEST_F(ServerSideStart, FullInitialiserPostsOnGivenCentre) {
   start();
   const auto center = std::make_shared<JXNotificationCenter>();
   record(center);
-  const auto instance = std::make_shared<SilentInstance>();
+  const auto instance = std::make_shared<UnsupportedInstance>();
   const auto serverSide = ServerSide::
       initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
           9, "k", center, 1, instance);
@@ -230,7 +230,7 @@ TEST_F(ServerSideStart, TheFullInitialiserPostsOnTheGivenCentre) {
   execute(*serverSide);
 }
 
-TEST_F(ServerSideStart, ANullCentreIsTheDefaultOne) {
+TEST_F(ServerSideStart, NullCentreMeansDefaultCentre) {
   start();
   const auto serverSide = ServerSide::
       initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance(
@@ -238,7 +238,7 @@ TEST_F(ServerSideStart, ANullCentreIsTheDefaultOne) {
   execute(*serverSide);
 }
 
-TEST_F(ServerSideStart, EverythingThatItOwnsIsMade) {
+TEST_F(ServerSideStart, CreatesItsOwnedObjects) {
   const auto serverSide = make();
   EXPECT_NE(serverSide->initialisation(), nullptr);
   ASSERT_NE(serverSide->permanentStore(), nullptr);
@@ -248,7 +248,7 @@ TEST_F(ServerSideStart, EverythingThatItOwnsIsMade) {
   EXPECT_NE(serverSide->listenerDelegate(), nullptr);
 }
 
-TEST_F(ServerSideStart, AnInstanceThatThrowsCostsOneLineAndNothingElse) {
+TEST_F(ServerSideStart, LogsOnceAndStartsIfFirebaseInstanceThrows) {
   start();
   const auto serverSide = ServerSide::initWithSiteID_andSourceKey_andFirebaseInstance(
       9, "k", std::make_shared<ThrowingInstance>());
@@ -256,17 +256,17 @@ TEST_F(ServerSideStart, AnInstanceThatThrowsCostsOneLineAndNothingElse) {
   EXPECT_THAT(linesUpTo(3)[0].message, ::testing::HasSubstr("not configured"));
   EXPECT_EQ(serverSide->siteID(), 9);
   serverSide->disableServerSide();
-  EXPECT_EQ(serverSide->serverSideState(), 2) << "it listens all the same";
+  EXPECT_EQ(serverSide->serverSideState(), 2) << "it still receives notifications";
 }
 
-TEST_F(ServerSideStart, GivingTheDeveloperIdToAnInstanceThatThrowsReturnsNormally) {
+TEST_F(ServerSideStart, SetDeveloperIdCatchesExceptions) {
   const auto serverSide = make();
   serverSide->setFirebaseInstance(std::make_shared<ThrowingInstance>());
   EXPECT_NO_THROW(serverSide->setDeveloperIdForFirebaseInstance());
   EXPECT_EQ(linesUpTo(3).size(), 1u);
 }
 
-TEST_F(ServerSideStart, AConfigurationThatComesAfterTheStartIsRefused) {
+TEST_F(ServerSideStart, RejectsConfigurationAfterTheStart) {
   const auto serverSide = make();
   configuration.collectionHost = "https://elsewhere.example.com";
   EXPECT_FALSE(JXCoreConfiguration::set(configuration));

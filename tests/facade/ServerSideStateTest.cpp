@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The state of a ServerSide: every row of its table, through each way that a notification can take.
+// The state of a ServerSide: every transition, and every path of a notification.
 
 #include <gmock/gmock.h>
 
@@ -40,19 +40,19 @@ class ServerSideState : public ServerSideFixture {
 
 class EveryState : public ServerSideState, public ::testing::WithParamInterface<std::int32_t> {};
 
-TEST_P(EveryState, AStopIsIgnoredByAlwaysEnabled) {
+TEST_P(EveryState, AlwaysEnabledIgnoresStop) {
   expectChange(1, GetParam(), kJXNotification_StoppingTheServerSide, GetParam(), {});
 }
 
-TEST_P(EveryState, AStopDisablesTheDefault) {
+TEST_P(EveryState, StopDisablesDefault) {
   expectChange(0, GetParam(), kJXNotification_StoppingTheServerSide, 2, {kDeactivated});
 }
 
-TEST_P(EveryState, AStopDisablesDisabledByDefault) {
+TEST_P(EveryState, StopDisablesDisabledByDefault) {
   expectChange(2, GetParam(), kJXNotification_StoppingTheServerSide, 2, {kDeactivated});
 }
 
-TEST_P(EveryState, EnablingEnablesTheDefault) {
+TEST_P(EveryState, EnablingEnablesDefault) {
   expectChange(0, GetParam(), kJXNotification_EnablingTheServerSide, 1, {kActivated});
 }
 
@@ -64,11 +64,11 @@ TEST_P(EveryState, EnablingEnablesDisabledByDefault) {
   expectChange(2, GetParam(), kJXNotification_EnablingTheServerSide, 1, {kActivated});
 }
 
-TEST_P(EveryState, AnyOtherNameChangesNothing) {
+TEST_P(EveryState, IgnoresOtherNotifications) {
   expectChange(0, GetParam(), kJXNotification_HitSent, GetParam(), {});
 }
 
-TEST_P(EveryState, OtherNamesGivenToTheHandlerChangeNothing) {
+TEST_P(EveryState, HandlerIgnoresOtherNames) {
   const auto serverSide = make();
   serverSide->setServerSideState(GetParam());
   forgetLines();
@@ -80,7 +80,7 @@ TEST_P(EveryState, OtherNamesGivenToTheHandlerChangeNothing) {
 
 INSTANTIATE_TEST_SUITE_P(From, EveryState, ::testing::Values(0, 1, 2));
 
-TEST_F(ServerSideState, ARepeatedNotificationLogsAgain) {
+TEST_F(ServerSideState, LogsRepeatedNotifications) {
   const auto serverSide = make();
   forgetLines();
   post(kJXNotification_StoppingTheServerSide);
@@ -90,7 +90,7 @@ TEST_F(ServerSideState, ARepeatedNotificationLogsAgain) {
   EXPECT_THAT(lines(), ElementsAre(kDeactivated, kDeactivated, kActivated, kActivated));
 }
 
-TEST_F(ServerSideState, EnableServerSidePostsTheUserBlockAsItself) {
+TEST_F(ServerSideState, EnableServerSidePostsUserBlock) {
   JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
   const auto serverSide = make();
   JXUser::sharedInstance().setConsentID("c-1");
@@ -105,7 +105,7 @@ TEST_F(ServerSideState, EnableServerSidePostsTheUserBlockAsItself) {
   EXPECT_EQ(serverSide->serverSideState(), 1);
 }
 
-TEST_F(ServerSideState, DisableServerSidePostsAStopWithoutUserInfo) {
+TEST_F(ServerSideState, DisableServerSidePostsStopWithoutUserInfo) {
   const auto serverSide = make();
   serverSide->disableServerSide();
   const auto sent = posted(kJXNotification_StoppingTheServerSide);
@@ -115,7 +115,7 @@ TEST_F(ServerSideState, DisableServerSidePostsAStopWithoutUserInfo) {
   EXPECT_EQ(serverSide->serverSideState(), 2);
 }
 
-TEST_F(ServerSideState, AlwaysEnabledPostsNoStopAndIgnoresOneFromElsewhere) {
+TEST_F(ServerSideState, AlwaysEnabledPostsNoStopAndIgnoresOthers) {
   const auto serverSide = make(1);
   serverSide->disableServerSide();
   EXPECT_TRUE(posted(kJXNotification_StoppingTheServerSide).empty());
@@ -124,7 +124,7 @@ TEST_F(ServerSideState, AlwaysEnabledPostsNoStopAndIgnoresOneFromElsewhere) {
   execute(*serverSide);
 }
 
-TEST_F(ServerSideState, DisabledByDefaultDropsEventsUntilItIsEnabled) {
+TEST_F(ServerSideState, DisabledByDefaultIgnoresEventsUntilEnabled) {
   const auto serverSide = make(2);
   serverSide->execute(JXCustomEvent::initWithName("lost"));
   EXPECT_TRUE(requests().empty());
@@ -133,7 +133,7 @@ TEST_F(ServerSideState, DisabledByDefaultDropsEventsUntilItIsEnabled) {
   EXPECT_EQ(execute(*serverSide, "kept").body.get("event_name").string(), JXString("kept"));
 }
 
-TEST_F(ServerSideState, ThroughAHostCentreEachChangeIsHeardOnce) {
+TEST_F(ServerSideState, ReceivesEachChangeOnceThroughAnotherCentre) {
   const auto serverSide = make();
   const auto center = std::make_shared<JXNotificationCenter>();
   record(center);
@@ -147,14 +147,14 @@ TEST_F(ServerSideState, ThroughAHostCentreEachChangeIsHeardOnce) {
   EXPECT_EQ(posted(kJXNotification_StoppingTheServerSide).size(), 1u) << "on its centre only";
 }
 
-TEST_F(ServerSideState, ChangingTheCentreLeavesTheListenerOnTheDefaultOne) {
+TEST_F(ServerSideState, ChangingTheCentreKeepsListeningOnTheDefaultOne) {
   const auto serverSide = make();
   serverSide->changeNotificationCenter(std::make_shared<JXNotificationCenter>());
   post(kJXNotification_StoppingTheServerSide);
   EXPECT_EQ(serverSide->serverSideState(), 2);
 }
 
-TEST_F(ServerSideState, ChangingBackToANullCentrePostsOnTheDefaultOne) {
+TEST_F(ServerSideState, NullCentrePostsOnTheDefaultOne) {
   const auto serverSide = make();
   serverSide->changeNotificationCenter(std::make_shared<JXNotificationCenter>());
   serverSide->execute(JXCustomEvent::initWithName("elsewhere"));
@@ -163,16 +163,16 @@ TEST_F(ServerSideState, ChangingBackToANullCentrePostsOnTheDefaultOne) {
   execute(*serverSide);
 }
 
-TEST_F(ServerSideState, ASecondServerSideHearsTheStopOfTheFirst) {
+TEST_F(ServerSideState, StopDisablesEveryServerSide) {
   const auto first = make();
   const auto second = make();
-  const auto stubborn = make(1);
+  const auto alwaysEnabled = make(1);
   first->disableServerSide();
   EXPECT_EQ(second->serverSideState(), 2);
-  EXPECT_EQ(stubborn->serverSideState(), 1);
+  EXPECT_EQ(alwaysEnabled->serverSideState(), 1);
 }
 
-TEST_F(ServerSideState, AnEndedServerSideHearsNothing) {
+TEST_F(ServerSideState, DestroyedServerSideReceivesNoNotifications) {
   auto serverSide = make();
   serverSide.reset();
   forgetLines();
@@ -180,7 +180,7 @@ TEST_F(ServerSideState, AnEndedServerSideHearsNothing) {
   EXPECT_TRUE(lines().empty());
 }
 
-TEST_F(ServerSideState, AListenerThatOutlivesItsServerSideIsHarmless) {
+TEST_F(ServerSideState, ListenerMayOutliveItsServerSide) {
   auto serverSide = make();
   const auto listener = serverSide->listenerDelegate();
   const auto sender = serverSide->senderDelegate();
@@ -192,7 +192,7 @@ TEST_F(ServerSideState, AListenerThatOutlivesItsServerSideIsHarmless) {
   EXPECT_EQ(sender->parent(), nullptr);
 }
 
-TEST_F(ServerSideState, RunningInBackgroundIsMarkedAndLogged) {
+TEST_F(ServerSideState, EnableRunningInBackgroundIsStoredAndLogged) {
   const auto serverSide = make();
   forgetLines();
   serverSide->enableRunningInBackground();
@@ -201,7 +201,7 @@ TEST_F(ServerSideState, RunningInBackgroundIsMarkedAndLogged) {
               ElementsAre(LogLine{5, "Server-Side SDK is now enabled to run in background"}));
 }
 
-TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
+TEST_F(ServerSideState, EnableRunningInBackgroundResumesDelivery) {
   queueForReal();
   const auto serverSide = make();
   platform->enterBackground();
@@ -210,7 +210,7 @@ TEST_F(ServerSideState, RunningInBackgroundLetsTheBackgroundSend) {
   EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
-TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
+TEST_F(ServerSideState, WaitForUserAgentPausesDeliveryUntilItIsKnown) {
   queueForReal();
   platform->userAgentAnswersLater = true;
   const auto serverSide = make();
@@ -221,7 +221,7 @@ TEST_F(ServerSideState, WaitingForTheUserAgentHoldsAndThenFillsTheVariables) {
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/2"));
 }
 
-TEST_F(ServerSideState, AStopHoldsTheQueueAndEnablingLetsItGo) {
+TEST_F(ServerSideState, StopPausesDeliveryAndEnablingResumesIt) {
   queueForReal();
   const auto serverSide = make();
   serverSide->disableServerSide();

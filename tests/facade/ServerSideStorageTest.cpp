@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// A ServerSide on storage that cannot be used, or that is not there.
+// A ServerSide with unusable or missing storage.
 
 #include <gmock/gmock.h>
 
@@ -27,21 +27,21 @@ class BrokenStorage : public ServerSideFixture {
   }
 };
 
-TEST_F(BrokenStorage, AFolderThatCannotBeMadeKeepsEventsInMemoryAndSaysSoOnce) {
-  // Below a regular file no folder can be made, not even by the superuser.
+TEST_F(BrokenStorage, KeepsEventsInMemoryIfFolderCannotBeCreated) {
+  // No folder can be created below a regular file, not even by the superuser.
   const std::string file = storage().write("file", "");
   configuration.storageFolder = file + "/state";
   const auto serverSide = make();
   execute(*serverSide);
   execute(*serverSide);
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 2u);
-  const auto said = storageLines(file + "/state");
-  EXPECT_FALSE(said.empty());
-  for (const std::string& line : said)
+  const auto messages = storageLines(file + "/state");
+  EXPECT_FALSE(messages.empty());
+  for (const std::string& line : messages)
     EXPECT_EQ(count({3, line}), 1u) << line;
 }
 
-TEST_F(BrokenStorage, AFileInThePlaceOfTheFolderIsTheSame) {
+TEST_F(BrokenStorage, KeepsEventsInMemoryIfFolderIsAFile) {
   configuration.storageFolder = storage().write("state", "not a folder");
   const auto serverSide = make();
   execute(*serverSide);
@@ -49,7 +49,7 @@ TEST_F(BrokenStorage, AFileInThePlaceOfTheFolderIsTheSame) {
   EXPECT_GE(linesUpTo(3).size(), 1u);
 }
 
-TEST_F(BrokenStorage, AFolderInThePlaceOfTheVariablesFileStartsAllTheSame) {
+TEST_F(BrokenStorage, StartsIfVariablesFileIsAFolder) {
   storage().makeFolder("defaults");
   configuration.storageFolder = storage().path();
   const auto serverSide = make();
@@ -58,7 +58,7 @@ TEST_F(BrokenStorage, AFolderInThePlaceOfTheVariablesFileStartsAllTheSame) {
   EXPECT_GE(linesUpTo(3).size(), 1u);
 }
 
-TEST_F(BrokenStorage, RubbishInTheVariablesFileStartsAnInstallationAnew) {
+TEST_F(BrokenStorage, StartsNewInstallationIfVariablesFileIsInvalid) {
   storage().write("defaults", std::string(5'000, '\xA5'));
   configuration.storageFolder = storage().path();
   const auto serverSide = make();
@@ -67,15 +67,15 @@ TEST_F(BrokenStorage, RubbishInTheVariablesFileStartsAnInstallationAnew) {
   execute(*serverSide);
 }
 
-TEST_F(BrokenStorage, WithoutAnyFolderEventsAreKeptInMemoryAfterOneLine) {
+TEST_F(BrokenStorage, KeepsEventsInMemoryAndLogsOnceWithoutFolder) {
   configuration.storageFolder = nullptr;
   const auto serverSide = make();
   execute(*serverSide);
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 1u);
-  EXPECT_EQ(storageLines("There is no storage folder").size(), 1u);
+  EXPECT_EQ(storageLines("No storage folder available").size(), 1u);
 }
 
-TEST_F(BrokenStorage, WithoutAnyFolderTheUniqueIdentifierIsUnset) {
+TEST_F(BrokenStorage, LeavesUniqueIdentifierUnsetWithoutFolder) {
   configuration.storageFolder = nullptr;
   const auto serverSide = make();
   EXPECT_FALSE(variable("#JX_UNIQUE_ID#").isPresent());

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The file of trusted certificates, as a device may find it.
+// Missing, empty and unusable CA files.
 
 #include <gtest/gtest.h>
 
@@ -22,47 +22,47 @@ std::string contentOf(const std::string& path) {
 class CaFile : public ::testing::Test {
  protected:
   CaFile() {
-    story.setup.caFile = path;
+    scenario.setup.caFile = path;
     fault.requestsRead = 0;
     fault.clientGoesFirst = true;
-    fault.play = [](ServerStory&) {};
-    fault.heal = [](ServerStory& told) {
-      told.folder.write("ca.pem", contentOf(told.server.caFile()));
+    fault.play = [](ServerScenario&) {};
+    fault.heal = [](ServerScenario& healed) {
+      healed.folder.write("ca.pem", contentOf(healed.server.caFile()));
     };
-    fault.reason = "the CA file " + path + " is missing or holds no certificates";
+    fault.reason = "CA file " + path + " is missing or contains no certificates";
   }
-  void holds(const std::string& order, const std::string& name, const std::string& did) {
+  void expectRetries(const std::string& order, const std::string& name, const std::string& did) {
     fault.order = order;
     fault.fault = name;
     fault.did = did;
-    tellStoryOfHolding(story, fault, HealedBefore::TheSameProcess);
+    expectDeliveryAfterFault(scenario, fault, HealedBefore::TheSameProcess);
   }
 
-  ServerStory story;
-  const std::string path = story.folder.path("ca.pem");
+  ServerScenario scenario;
+  const std::string path = scenario.folder.path("ca.pem");
   ServerFault fault;
 };
 
-TEST_F(CaFile, AMissingOneHoldsUntilItIsThere) {
-  holds("2.05", "CA file missing", "there was no file of certificates");
+TEST_F(CaFile, KeepsEventsQueuedWhileMissing) {
+  expectRetries("2.05", "CA file missing", "the CA file was missing");
 }
 
-TEST_F(CaFile, AnEmptyOneHoldsUntilItIsFilled) {
-  story.folder.write("ca.pem", "");
-  holds("2.06", "CA file empty", "the file of certificates was empty");
+TEST_F(CaFile, KeepsEventsQueuedWhileEmpty) {
+  scenario.folder.write("ca.pem", "");
+  expectRetries("2.06", "CA file empty", "the CA file was empty");
 }
 
-TEST_F(CaFile, OneThatHoldsNoCertificatesHolds) {
-  story.folder.write("ca.pem", "-----BEGIN CERTIFICATE-----\nrubbish\n");
-  holds("2.07", "CA file damaged", "the file of certificates held half of one");
+TEST_F(CaFile, KeepsEventsQueuedWhileDamaged) {
+  scenario.folder.write("ca.pem", "-----BEGIN CERTIFICATE-----\ninvalid\n");
+  expectRetries("2.07", "CA file damaged", "the CA file contained an incomplete certificate");
 }
 
-TEST_F(CaFile, OneOfAnotherAuthorityHoldsUntilItIsReplaced) {
+TEST_F(CaFile, KeepsEventsQueuedWhileOfAnotherAuthority) {
   const JXTestAuthority other("another authority");
-  story.folder.write("ca.pem", contentOf(other.caFile()));
+  scenario.folder.write("ca.pem", contentOf(other.caFile()));
   fault.reason = "SSL certificate problem: ";
-  holds("2.08", "CA file of another authority",
-        "the file of certificates named an authority that did not sign the server's");
+  expectRetries("2.08", "CA file of another authority",
+                "the CA file contained an authority that did not sign the server's certificate");
 }
 
 }  // namespace

@@ -14,9 +14,9 @@ void writeFaultRow(const FaultRow& row) {
   if (file == nullptr || ::testing::Test::HasFailure()) return;
   const std::string line = row.order + "\t| " + row.fault + " | " + row.did + " | " + row.library +
                            " | " + std::to_string(row.delivered) + " | " +
-                           std::to_string(row.held) + " | " + std::to_string(row.rejected) + " | " +
-                           std::to_string(row.dropped) + " |\n";
-  // Tests run side by side: a line goes to the end of the file in one piece.
+                           std::to_string(row.queued) + " | " + std::to_string(row.rejected) +
+                           " | " + std::to_string(row.dropped) + " |\n";
+  // Tests run in parallel, so each line is appended with one write.
   const int descriptor = ::open(file, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
   const ssize_t written = ::write(descriptor, line.data(), line.size());
   EXPECT_EQ(written, static_cast<ssize_t>(line.size())) << file;

@@ -9,27 +9,27 @@
 
 namespace jx::test {
 
-/// What one fault came to, as measured in the run that writes it down.
+/// The measured result of one fault.
 struct FaultRow {
-  std::string order;    ///< where the row stands in the table: section and number, as "1.07"
-  std::string fault;    ///< what the case is called
-  std::string did;      ///< what the server or the disk did
-  std::string library;  ///< what the library did
+  std::string order;    ///< position in the table: section and number, for example "1.07"
+  std::string fault;    ///< name of the case
+  std::string did;      ///< behaviour of the server or the disk
+  std::string library;  ///< behaviour of the library
   std::uint64_t delivered = 0;
-  std::uint64_t held = 0;  ///< how many were kept while the fault lasted
+  std::uint64_t queued = 0;  ///< events queued during the fault
   std::uint64_t rejected = 0;
   std::uint64_t dropped = 0;
 };
 
-/// Appends the row, as a line of Markdown behind its place and a tab, to the file that the
-/// environment variable JX_FAULT_TABLE names; without the variable it does nothing. A test that has
-/// failed writes none. `scripts/fault-table` puts the lines together.
+/// Appends the row to the file that the environment variable JX_FAULT_TABLE names: its position, a
+/// tab and a line of Markdown. Does nothing without the variable or if the test has failed.
+/// `scripts/fault-table` sorts the lines.
 void writeFaultRow(const FaultRow& row);
 
-/// All that the queue dropped, whatever the reason.
+/// Returns the number of events that the queue dropped, for any reason.
 std::uint64_t droppedOf(const JXOutboxCounters& counters);
 
-/// A number and its noun: "1 try", "3 tries".
+/// Returns a number and its noun: "1 attempt", "3 attempts".
 std::string counted(std::uint64_t number, const std::string& one, const std::string& several);
 
 }  // namespace jx::test

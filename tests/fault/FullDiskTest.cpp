@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// A disk that is full at the first, the second, ... the last system call of a run: whole launches
-// of the library, each in a process of its own.
+// A disk that is full at the first, the second, ... the last system call of a run. Each launch of
+// the library runs in its own process.
 
 #include <gtest/gtest.h>
 
@@ -36,12 +36,12 @@ using namespace std::chrono_literals;
 constexpr long kNever = 1'000'000;
 constexpr int kExecutes = 12;
 
-// What the two launches of one position told.
-struct Told {
-  std::map<std::string, bool> accepted;                 // by event id; false once a call had failed
-  std::set<std::string> whileRefused;                   // executed while the server was away
-  std::map<std::string, std::set<std::string>> bodies;  // by event id, of what the server read
-  std::map<std::string, int> deliveries;                // by event id
+// The output of the two launches of one position.
+struct Observations {
+  std::map<std::string, bool> accepted;                 // by event ID; false once a call had failed
+  std::set<std::string> whileRefused;                   // executed while the server was unreachable
+  std::map<std::string, std::set<std::string>> bodies;  // received by the server, by event ID
+  std::map<std::string, int> deliveries;                // by event ID
   std::string rejected;
   long calls = 0;
   long failed = 0;
@@ -50,7 +50,7 @@ struct Told {
 
 class FullDiskAtEveryCall : public ::testing::Test {
  protected:
-  // Everything of one launch but the events; told as lines of words.
+  // The setup and the output of one launch, as lines of words.
   class Process {
    public:
     Process(const std::string& state, int port) : server(options(port)) {
@@ -78,10 +78,10 @@ class FullDiskAtEveryCall : public ::testing::Test {
     Process& operator=(const Process&) = delete;
 
     static JXTestServerOptions options(int port) {
-      JXTestServerOptions made;
-      made.tls = false;
-      made.port = port;
-      return made;
+      JXTestServerOptions options;
+      options.tls = false;
+      options.port = port;
+      return options;
     }
     void execute(int times, const FailingDisk& disk, const char* what) {
       for (int i = 0; i < times; ++i) {
@@ -90,7 +90,7 @@ class FullDiskAtEveryCall : public ::testing::Test {
       }
     }
     static bool deliverAll() { return JXNetworkManager::sharedInstance().flush(20s); }
-    void tellBodies() {
+    void writeBodies() {
       for (const JXTestRequest& request : server.requests()) {
         text << "body " << eventIdOf(request.body).toStdString() << ' '
              << std::hash<std::string>()(request.body) << '\n';
@@ -104,11 +104,11 @@ class FullDiskAtEveryCall : public ::testing::Test {
   };
 
   // A launch on the failing disk: events that are delivered, in the background and after it, one
-  // that is rejected, and some that the server is not there for.
+  // that is rejected, and some while the server is unreachable.
   std::string failingLaunch(long first, long end, FailingDisk::Write write) const {
     return inLaunch(
         [&] {
-          // Not ended before the library is.
+          // Must outlive the library.
           static const auto* const disk = new FailingDisk(first, end, write);
           Process process(folder.path("state"), port.number());
           process.execute(4, *disk, "execute");
@@ -126,7 +126,7 @@ class FullDiskAtEveryCall : public ::testing::Test {
           if (!Process::deliverAll()) process.text << "late\n";
           process.server.refuse();
           process.execute(4, *disk, "refused");
-          process.tellBodies();
+          process.writeBodies();
           process.text << "calls " << disk->calls() << ' ' << disk->failed() << '\n';
           return process.text.str();
         },
@@ -137,47 +137,47 @@ class FullDiskAtEveryCall : public ::testing::Test {
         [&] {
           Process process(folder.path("state"), port.number());
           if (!Process::deliverAll()) process.text << "late\n";
-          process.tellBodies();
+          process.writeBodies();
           return process.text.str();
         },
         Ending::Exit);
   }
 
-  static Told read(const std::string& text) {
-    Told told;
+  static Observations read(const std::string& text) {
+    Observations observed;
     std::istringstream words(text);
     for (std::string word; words >> word;) {
       std::string id, value;
       EXPECT_TRUE(words >> id >> value) << text;
       if (word == "body") {
-        // The first time, the rejected one was refused.
-        if (id != told.rejected || told.bodies.count(id) != 0) ++told.deliveries[id];
-        told.bodies[id].insert(value);
+        // The first request of the rejected event is not a delivery.
+        if (id != observed.rejected || observed.bodies.count(id) != 0) ++observed.deliveries[id];
+        observed.bodies[id].insert(value);
       } else if (word == "calls") {
-        told.calls = std::stol(id);
-        told.failed = std::stol(value);
+        observed.calls = std::stol(id);
+        observed.failed = std::stol(value);
       } else {
         EXPECT_TRUE(word == "execute" || word == "reject" || word == "refused") << text;
-        told.accepted[id] = value == "0";
-        ++told.executes;
-        if (word == "reject") told.rejected = id;
-        if (word == "refused") told.whileRefused.insert(id);
+        observed.accepted[id] = value == "0";
+        ++observed.executes;
+        if (word == "reject") observed.rejected = id;
+        if (word == "refused") observed.whileRefused.insert(id);
       }
     }
-    return told;
+    return observed;
   }
-  Told play(long first, long end, FailingDisk::Write write) const {
+  Observations play(long first, long end, FailingDisk::Write write) const {
     std::filesystem::remove_all(folder.path("state"));
     const std::string text = failingLaunch(first, end, write);
     return read(text + healthyLaunch());
   }
-  // Whatever failed: each execute came back, and each try of an event had the same bytes.
-  static void expectSound(const Told& told) {
-    EXPECT_EQ(told.executes, kExecutes);
-    EXPECT_EQ(told.accepted.size(), static_cast<std::size_t>(kExecutes));
-    for (const auto& [id, bodies] : told.bodies) {
+  // Expects that every execute returned and that all attempts of an event have the same bytes.
+  static void expectSound(const Observations& observed) {
+    EXPECT_EQ(observed.executes, kExecutes);
+    EXPECT_EQ(observed.accepted.size(), static_cast<std::size_t>(kExecutes));
+    for (const auto& [id, bodies] : observed.bodies) {
       EXPECT_EQ(bodies.size(), 1u) << id;
-      EXPECT_EQ(told.accepted.count(id), 1u) << id;
+      EXPECT_EQ(observed.accepted.count(id), 1u) << id;
     }
   }
 
@@ -185,23 +185,23 @@ class FullDiskAtEveryCall : public ::testing::Test {
   const ReservedPort port;
 };
 
-TEST_F(FullDiskAtEveryCall, ForOneCallLosesAndRepeatsNothing) {
+TEST_F(FullDiskAtEveryCall, LosesAndRepeatsNothingWhenOneCallFails) {
   long positions = 0;
   std::uint64_t delivered = 0, rejected = 0;
   for (long call = 0;; ++call) {
     SCOPED_TRACE("call " + std::to_string(call));
-    const Told told = play(call, call + 1, FailingDisk::Write::Half);
-    expectSound(told);
-    for (const auto& [id, early] : told.accepted) {
-      const int times = told.deliveries.count(id) != 0 ? told.deliveries.at(id) : 0;
-      EXPECT_EQ(times, id == told.rejected ? 0 : 1) << id;
+    const Observations observed = play(call, call + 1, FailingDisk::Write::Half);
+    expectSound(observed);
+    for (const auto& [id, early] : observed.accepted) {
+      const int times = observed.deliveries.count(id) != 0 ? observed.deliveries.at(id) : 0;
+      EXPECT_EQ(times, id == observed.rejected ? 0 : 1) << id;
       delivered += static_cast<std::uint64_t>(times);
     }
     ++rejected;
-    if (told.failed == 0 || HasFailure()) break;
+    if (observed.failed == 0 || HasFailure()) break;
     ++positions;
   }
-  std::cout << "[ FIGURES  ] a full disk for one call, at each of " << positions
+  std::cout << "[ RESULTS  ] disk full for one call, at each of " << positions
             << " calls: " << delivered << " deliveries\n";
   EXPECT_GT(positions, 40);
   writeFaultRow({"10.01", "disk full for one system call, at each of " + std::to_string(positions),
@@ -210,38 +210,38 @@ TEST_F(FullDiskAtEveryCall, ForOneCallLosesAndRepeatsNothing) {
                  0});
 }
 
-TEST_F(FullDiskAtEveryCall, FromThatCallOnLosesNothingThatWasAcceptedBefore) {
+TEST_F(FullDiskAtEveryCall, LosesNoAcceptedEventWhenAllLaterCallsFail) {
   long positions = 0;
   std::uint64_t delivered = 0, repeated = 0, rejected = 0, lost = 0;
   for (long call = 0;; ++call) {
     SCOPED_TRACE("calls from " + std::to_string(call));
-    const Told told = play(call, kNever, FailingDisk::Write::Nothing);
-    expectSound(told);
-    for (const auto& [id, early] : told.accepted) {
-      const int times = told.deliveries.count(id) != 0 ? told.deliveries.at(id) : 0;
-      if (id == told.rejected) {
-        // Without a dead letter on the disk the next process asks again, and the server takes it.
+    const Observations observed = play(call, kNever, FailingDisk::Write::Nothing);
+    expectSound(observed);
+    for (const auto& [id, early] : observed.accepted) {
+      const int times = observed.deliveries.count(id) != 0 ? observed.deliveries.at(id) : 0;
+      if (id == observed.rejected) {
+        // Without a dead letter on disk, the next process sends it again and the server accepts it.
         (times == 0 ? rejected : delivered) += 1;
         continue;
       }
-      EXPECT_TRUE(times > 0 || (!early && told.whileRefused.count(id) != 0)) << id;
+      EXPECT_TRUE(times > 0 || (!early && observed.whileRefused.count(id) != 0)) << id;
       delivered += times > 0 ? 1 : 0;
       repeated += times > 1 ? 1 : 0;
       lost += times == 0 ? 1 : 0;
     }
-    if (told.failed == 0 || HasFailure()) break;
+    if (observed.failed == 0 || HasFailure()) break;
     ++positions;
   }
-  std::cout << "[ FIGURES  ] a full disk from each of " << positions << " calls on: " << delivered
+  std::cout << "[ RESULTS  ] disk full from each of " << positions << " calls on: " << delivered
             << " events delivered, " << repeated << " of them again after the restart, " << lost
-            << " that were in memory only lost with the process\n";
+            << " lost that were only in memory\n";
   EXPECT_GT(positions, 40);
   writeFaultRow({"10.02", "disk full from then on, at each of " + std::to_string(positions),
                  "failed with ENOSPC until the process ended",
-                 "delivered every event that was accepted before; those in memory only ended with "
-                 "the process (" +
-                     std::to_string(lost) + "), those whose settling found no room came again (" +
-                     std::to_string(repeated) + ")",
+                 "delivered every event that was accepted before; " + std::to_string(lost) +
+                     " events that were only in memory were lost with the process, " +
+                     std::to_string(repeated) +
+                     " whose acknowledgement could not be stored were sent again",
                  delivered, 0, rejected, lost});
 }
 

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Ways to the server: names that nobody knows, and proxies. What is for the device itself never
-// goes through a proxy, so the collector has a name here that only the proxy can resolve.
+// Host names that do not resolve, and proxies. Requests to loopback never use a proxy, so the
+// collector has a host name here that only the proxy can resolve.
 
 #include <gtest/gtest.h>
 
@@ -28,173 +28,173 @@ JXTestServerOptions namedCollector() {
 class Proxy : public ::testing::Test {
  protected:
   Proxy() {
-    story.url = "https://collector.invalid/events?jx_s=1&token=key";
+    scenario.url = "https://collector.invalid/events?jx_s=1&token=key";
     for (const char* name : {"https_proxy", "HTTPS_PROXY", "http_proxy", "HTTP_PROXY", "all_proxy",
                              "ALL_PROXY", "no_proxy", "NO_PROXY"}) {
       environment.unset(name);
     }
   }
-  void startProxy() { story.proxy = std::make_unique<JXTestProxy>(story.server.port()); }
+  void startProxy() { scenario.proxy = std::make_unique<JXTestProxy>(scenario.server.port()); }
   void expectDelivery() {
-    story.startProcess();
-    story.execute("a");
-    EXPECT_TRUE(story.deliverAll());
-    EXPECT_EQ(story.server.bodies(), Texts{bodyOf("a")});
+    scenario.startProcess();
+    scenario.execute("a");
+    EXPECT_TRUE(scenario.deliverAll());
+    EXPECT_EQ(scenario.server.bodies(), Texts{bodyOf("a")});
   }
-  // Without the proxy the name is unknown, so nobody is asked for anything.
-  void expectThatNobodyIsAsked() {
-    story.startProcess();
-    story.execute("a");
-    ASSERT_TRUE(story.waitForFailedTries(1));
-    EXPECT_NE(story.failures.all().front().reason.find("resolve host"), std::string::npos);
-    EXPECT_EQ(story.counters().outbox.queued, 1u);
-    EXPECT_EQ(story.connections(), 0);
+  // Without the proxy, the host name is unknown, so no connection is made.
+  void expectNoConnection() {
+    scenario.startProcess();
+    scenario.execute("a");
+    ASSERT_TRUE(scenario.waitForFailedAttempts(1));
+    EXPECT_NE(scenario.failures.all().front().reason.find("resolve host"), std::string::npos);
+    EXPECT_EQ(scenario.counters().outbox.queued, 1u);
+    EXPECT_EQ(scenario.connections(), 0);
   }
-  ServerFault proxyAnswers(int status, const std::string& order) const {
+  ServerFault proxyResponse(int status, const std::string& order) const {
     ServerFault fault;
     const std::string number = std::to_string(status);
     fault.order = order;
-    fault.fault = "proxy answers " + number;
-    fault.did = "a proxy answered CONNECT with " + number;
-    fault.play = [status](ServerStory& told) {
-      told.proxy = std::make_unique<JXTestProxy>(told.server.port());
-      told.setup.proxy = told.proxy->url();
-      told.proxy->answer(status);
+    fault.fault = "proxy responds with " + number;
+    fault.did = "a proxy responded to CONNECT with " + number;
+    fault.play = [status](ServerScenario& played) {
+      played.proxy = std::make_unique<JXTestProxy>(played.server.port());
+      played.setup.proxy = played.proxy->url();
+      played.proxy->answer(status);
     };
-    fault.heal = [](ServerStory& told) { told.proxy->answer(200); };
+    fault.heal = [](ServerScenario& played) { played.proxy->answer(200); };
     fault.reason = number;
     fault.requestsRead = 0;
     return fault;
   }
 
   ScopedEnvironment environment;
-  ServerStory story{namedCollector()};
+  ServerScenario scenario{namedCollector()};
 };
 
-TEST_F(Proxy, ANameThatDoesNotResolveHoldsUntilSomebodyKnowsIt) {
+TEST_F(Proxy, KeepsEventsQueuedWhileHostDoesNotResolve) {
   ServerFault fault;
   fault.order = "6.01";
   fault.fault = "host name that does not resolve";
-  fault.did = "the name server knew no collector.invalid";
-  fault.play = [](ServerStory&) {};
-  fault.heal = [](ServerStory& told) {
-    told.proxy = std::make_unique<JXTestProxy>(told.server.port());
-    told.setup.proxy = told.proxy->url();
+  fault.did = "the name server did not know collector.invalid";
+  fault.play = [](ServerScenario&) {};
+  fault.heal = [](ServerScenario& played) {
+    played.proxy = std::make_unique<JXTestProxy>(played.server.port());
+    played.setup.proxy = played.proxy->url();
   };
   fault.reason = "resolve host";
   fault.requestsRead = 0;
-  tellStoryOfHolding(story, fault, HealedBefore::TheNextProcess);
+  expectDeliveryAfterFault(scenario, fault, HealedBefore::TheNextProcess);
 }
 
-TEST_F(Proxy, AnUnreachableOneHolds) {
+TEST_F(Proxy, KeepsEventsQueuedWhileUnreachable) {
   const ReservedPort port;
   ServerFault fault;
   fault.order = "6.02";
   fault.fault = "unreachable proxy";
-  fault.did = "nobody listened at the proxy's port";
-  fault.play = [&](ServerStory& told) {
-    told.setup.proxy = "http://127.0.0.1:" + std::to_string(port.number());
+  fault.did = "no process listened on the proxy's port";
+  fault.play = [&](ServerScenario& played) {
+    played.setup.proxy = "http://127.0.0.1:" + std::to_string(port.number());
   };
-  fault.heal = [&](ServerStory& told) {
-    told.proxy = std::make_unique<JXTestProxy>(told.server.port(), port.number());
+  fault.heal = [&](ServerScenario& played) {
+    played.proxy = std::make_unique<JXTestProxy>(played.server.port(), port.number());
   };
   fault.reason = "connect to server";
   fault.requestsRead = 0;
-  tellStoryOfHolding(story, fault, HealedBefore::TheSameProcess);
+  expectDeliveryAfterFault(scenario, fault, HealedBefore::TheSameProcess);
 }
 
-TEST_F(Proxy, OneThatWantsALoginIsNoAnswerOfTheServer) {
-  tellStoryOfHolding(story, proxyAnswers(407, "6.03"), HealedBefore::TheSameProcess);
+TEST_F(Proxy, RetriesWhenProxyRequiresAuthentication) {
+  expectDeliveryAfterFault(scenario, proxyResponse(407, "6.03"), HealedBefore::TheSameProcess);
 }
 
-TEST_F(Proxy, OneThatDoesNotReachTheServerIsNoAnswerOfIt) {
-  tellStoryOfHolding(story, proxyAnswers(502, "6.04"), HealedBefore::TheSameProcess);
+TEST_F(Proxy, RetriesWhenProxyDoesNotReachTheServer) {
+  expectDeliveryAfterFault(scenario, proxyResponse(502, "6.04"), HealedBefore::TheSameProcess);
 }
 
-TEST_F(Proxy, OneThatLeadsToAnotherServerLearnsNothing) {
-  story.proxy = std::make_unique<JXTestProxy>(story.elsewhere.port());
-  story.setup.proxy = story.proxy->url();
-  story.startProcess();
-  story.execute("a");
-  ASSERT_TRUE(story.waitForFailedTries(1));
-  EXPECT_EQ(story.elsewhere.connections(), 1);
-  EXPECT_EQ(story.elsewhere.requests().size(), 0u);
-  EXPECT_EQ(story.counters().outbox.queued, 1u);
-  writeFaultRow({"6.05", "proxy that leads elsewhere",
-                 "a proxy connected to another server, with a certificate of its own",
-                 counted(story.counters().failures, "failed try", "failed tries") +
-                     ", the other server read " +
-                     counted(story.elsewhere.requests().size(), "request", "requests"),
-                 story.counters().outbox.delivered, story.counters().outbox.queued, 0,
-                 droppedOf(story.counters().outbox)});
+TEST_F(Proxy, SendsNothingToAnotherServerBehindTheProxy) {
+  scenario.proxy = std::make_unique<JXTestProxy>(scenario.elsewhere.port());
+  scenario.setup.proxy = scenario.proxy->url();
+  scenario.startProcess();
+  scenario.execute("a");
+  ASSERT_TRUE(scenario.waitForFailedAttempts(1));
+  EXPECT_EQ(scenario.elsewhere.connections(), 1);
+  EXPECT_EQ(scenario.elsewhere.requests().size(), 0u);
+  EXPECT_EQ(scenario.counters().outbox.queued, 1u);
+  writeFaultRow({"6.05", "proxy to another server",
+                 "a proxy connected to another server with a different certificate",
+                 counted(scenario.counters().failures, "failed attempt", "failed attempts") +
+                     ", the other server received " +
+                     counted(scenario.elsewhere.requests().size(), "request", "requests"),
+                 scenario.counters().outbox.delivered, scenario.counters().outbox.queued, 0,
+                 droppedOf(scenario.counters().outbox)});
 }
 
-TEST_F(Proxy, TheConfiguredOneSeesTheNameAndNothingElse) {
+TEST_F(Proxy, RevealsOnlyTheHostNameToTheProxy) {
   startProxy();
-  story.setup.proxy = story.proxy->url();
+  scenario.setup.proxy = scenario.proxy->url();
   expectDelivery();
-  ASSERT_EQ(story.proxy->requests().size(), 1u);
-  const JXTestRequest request = story.proxy->requests().front();
+  ASSERT_EQ(scenario.proxy->requests().size(), 1u);
+  const JXTestRequest request = scenario.proxy->requests().front();
   EXPECT_EQ(request.method, "CONNECT");
   EXPECT_EQ(request.target, "collector.invalid:443");
   for (const auto& [name, value] : request.headers)
     EXPECT_EQ(value.find("token"), std::string::npos) << name;
 }
 
-TEST_F(Proxy, TheEnvironmentNamesOneInSmallLetters) {
+TEST_F(Proxy, ReadsLowercaseEnvironmentVariable) {
   startProxy();
-  story.setup.proxy = nullptr;
-  environment.set("https_proxy", story.proxy->url());
+  scenario.setup.proxy = nullptr;
+  environment.set("https_proxy", scenario.proxy->url());
   expectDelivery();
-  EXPECT_EQ(story.proxy->requests().size(), 1u);
+  EXPECT_EQ(scenario.proxy->requests().size(), 1u);
 }
 
-TEST_F(Proxy, TheEnvironmentNamesOneInCapitals) {
+TEST_F(Proxy, ReadsUppercaseEnvironmentVariable) {
   startProxy();
-  story.setup.proxy = nullptr;
-  environment.set("HTTPS_PROXY", story.proxy->url());
+  scenario.setup.proxy = nullptr;
+  environment.set("HTTPS_PROXY", scenario.proxy->url());
   expectDelivery();
-  EXPECT_EQ(story.proxy->requests().size(), 1u);
+  EXPECT_EQ(scenario.proxy->requests().size(), 1u);
 }
 
-TEST_F(Proxy, TheConfiguredOneGoesBeforeTheEnvironments) {
+TEST_F(Proxy, PrefersConfigurationToEnvironment) {
   startProxy();
-  story.setup.proxy = story.proxy->url();
-  environment.set("https_proxy", story.elsewhere.url(""));
+  scenario.setup.proxy = scenario.proxy->url();
+  environment.set("https_proxy", scenario.elsewhere.url(""));
   expectDelivery();
-  EXPECT_EQ(story.elsewhere.connections(), 0);
+  EXPECT_EQ(scenario.elsewhere.connections(), 0);
 }
 
-TEST_F(Proxy, NoProxyInTheEnvironmentLeavesItOut) {
+TEST_F(Proxy, RespectsNoProxyEnvironmentVariable) {
   startProxy();
-  story.setup.proxy = nullptr;
-  environment.set("https_proxy", story.proxy->url());
+  scenario.setup.proxy = nullptr;
+  environment.set("https_proxy", scenario.proxy->url());
   environment.set("no_proxy", "example.com,collector.invalid");
-  expectThatNobodyIsAsked();
+  expectNoConnection();
 }
 
-TEST_F(Proxy, AnEmptyConfigurationLeavesTheEnvironmentsOut) {
+TEST_F(Proxy, IgnoresEnvironmentWhenConfiguredEmpty) {
   startProxy();
-  story.setup.proxy = "";
-  environment.set("https_proxy", story.proxy->url());
-  expectThatNobodyIsAsked();
+  scenario.setup.proxy = "";
+  environment.set("https_proxy", scenario.proxy->url());
+  expectNoConnection();
 }
 
-TEST_F(Proxy, WhatIsForTheDeviceItselfGoesThroughNone) {
+TEST_F(Proxy, ConnectsToLoopbackDirectly) {
   JXTestServerOptions loopback;
-  story.server.present(loopback);
-  story.url = story.server.url();
+  scenario.server.present(loopback);
+  scenario.url = scenario.server.url();
   startProxy();
-  story.setup.proxy = story.proxy->url();
-  environment.set("https_proxy", story.proxy->url());
+  scenario.setup.proxy = scenario.proxy->url();
+  environment.set("https_proxy", scenario.proxy->url());
   expectDelivery();
-  EXPECT_EQ(story.proxy->connections(), 0);
+  EXPECT_EQ(scenario.proxy->connections(), 0);
 }
 
-// The whole library, told of the proxy as a host tells it.
-class ProxyOfAServerSide : public ServerSideFixture {
+// The complete library, with the proxy set like an application does.
+class ServerSideProxy : public ServerSideFixture {
  protected:
-  ProxyOfAServerSide() {
+  ServerSideProxy() {
     configuration.storageFolder = storage().path();
     configuration.dryRun = false;
     configuration.collectionHost = "collector.invalid";
@@ -216,12 +216,12 @@ class ProxyOfAServerSide : public ServerSideFixture {
   JXTestProxy proxy{server.port()};
 };
 
-TEST_F(ProxyOfAServerSide, IsTheConfiguredOne) {
+TEST_F(ServerSideProxy, UsesConfiguredProxy) {
   configuration.proxy = proxy.url();
   expectDelivery();
 }
 
-TEST_F(ProxyOfAServerSide, IsTheEnvironmentsWhenNoneIsConfigured) {
+TEST_F(ServerSideProxy, UsesEnvironmentWhenNotConfigured) {
   environment.set("https_proxy", proxy.url());
   environment.unset("no_proxy");
   environment.unset("NO_PROXY");

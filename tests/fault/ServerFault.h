@@ -8,42 +8,46 @@
 #include <string>
 #include <vector>
 
-#include "tests/fault/ServerStory.h"
+#include "tests/fault/ServerScenario.h"
 
 namespace jx::test {
 
-/// One thing that a server does wrong, and what is to come of it.
+/// A fault of a server, and the expected behaviour of the library.
 struct ServerFault {
   std::string name;   ///< of the test
-  std::string order;  ///< place in the table; without one there is no row
-  std::string fault;  ///< the table's words for it
-  std::string did;    ///< what the server did, in the table
-  std::function<void(ServerStory&)> play;
-  std::function<void(ServerStory&)> heal = [](ServerStory& story) { story.server.answerAll({}); };
-  std::string reason;            ///< part of the log line that tells it
-  std::size_t requestsRead = 1;  ///< how many requests the server read at each failed try
-  /// True when the client connects and goes, which the server notices a moment later.
+  std::string order;  ///< position in the table; empty: no row
+  std::string fault;  ///< name of the case in the table
+  std::string did;    ///< behaviour of the server in the table
+  std::function<void(ServerScenario&)> play;
+  std::function<void(ServerScenario&)> heal = [](ServerScenario& scenario) {
+    scenario.server.answerAll({});
+  };
+  std::string reason;            ///< part of the log message
+  std::size_t requestsRead = 1;  ///< requests that the server reads during each failed attempt
+  /// True if the client closes the connection, which the server notices a moment later.
   bool clientGoesFirst = false;
   std::chrono::milliseconds initialBackoff{500};
-  std::chrono::milliseconds secondPause{1'000};
-  int status = 0;  ///< of the answer that rejects
+  std::chrono::milliseconds secondBackoff{1'000};
+  int status = 0;  ///< of the rejecting response
 
   friend std::ostream& operator<<(std::ostream& out, const ServerFault& shown) {
     return out << shown.name;
   }
 };
 
-/// After them the events are still queued.
-std::vector<ServerFault> faultsThatHold();
-/// They are the receiver's last word.
-std::vector<ServerFault> faultsThatReject();
-/// They come too late to matter.
-std::vector<ServerFault> faultsThatDeliver();
+/// Faults after which the events stay queued and are sent again.
+std::vector<ServerFault> transientFaults();
+/// Final responses that reject the events.
+std::vector<ServerFault> rejectingFaults();
+/// Faults after the status of a successful response, which do not matter.
+std::vector<ServerFault> deliveringFaults();
 
 enum class HealedBefore { TheSameProcess, TheNextProcess };
 
-/// Several events meet the fault, which pauses the pipeline twice; then it is healed, for the same
-/// process or while none runs, and everything is delivered once. Writes the row.
-void tellStoryOfHolding(ServerStory& story, const ServerFault& fault, HealedBefore healedBefore);
+/// Executes several events during the fault and expects two failed attempts. Then heals the fault,
+/// for the same process or while no process runs, and expects each event to be delivered once.
+/// Writes the row.
+void expectDeliveryAfterFault(ServerScenario& scenario, const ServerFault& fault,
+                              HealedBefore healedBefore);
 
 }  // namespace jx::test

@@ -1,8 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What a server may do to a delivery: each fault is played against several queued events, and then
-// the server is healed.
+// Faults of a server during delivery: each is tested with several queued events, and then healed.
 
 #include <gtest/gtest.h>
 
@@ -25,130 +24,130 @@ Texts sorted(Texts texts) {
   return texts;
 }
 
-class ServerThat : public ::testing::TestWithParam<ServerFault> {
+class ServerWithFault : public ::testing::TestWithParam<ServerFault> {
  protected:
-  ServerStory story;
+  ServerScenario scenario;
 };
 
-class HoldingFault : public ServerThat {};
+class TransientFault : public ServerWithFault {};
 
-TEST_P(HoldingFault, HealedIsFollowedByDelivery) {
-  tellStoryOfHolding(story, GetParam(), HealedBefore::TheSameProcess);
+TEST_P(TransientFault, DeliversEachEventOnceInSameProcess) {
+  expectDeliveryAfterFault(scenario, GetParam(), HealedBefore::TheSameProcess);
 }
 
-TEST_P(HoldingFault, HealedLaterIsFollowedByDeliveryFromTheNextProcess) {
+TEST_P(TransientFault, DeliversEachEventOnceInNextProcess) {
   ServerFault fault = GetParam();
-  fault.order.clear();  // its row tells the story of one process
-  tellStoryOfHolding(story, fault, HealedBefore::TheNextProcess);
+  fault.order.clear();  // the row describes one process
+  expectDeliveryAfterFault(scenario, fault, HealedBefore::TheNextProcess);
 }
 
-INSTANTIATE_TEST_SUITE_P(Server, HoldingFault, ::testing::ValuesIn(faultsThatHold()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Server, TransientFault, ::testing::ValuesIn(transientFaults()), nameOf);
 
-class RejectingFault : public ServerThat {
+class RejectingFault : public ServerWithFault {
  protected:
-  // Both events are told as rejected, once each, and lie among the dead letters.
+  // Expects each event to be reported as rejected once and moved to the dead letters.
   void expectRejected(const Texts& eventIds) {
     const std::string status = std::to_string(GetParam().status);
-    ASSERT_TRUE(story.deliveries.waitFor(eventIds.size()));
-    Texts told, lines, bodies;
-    for (const JXDelivery& delivery : story.deliveries.all()) {
+    ASSERT_TRUE(scenario.deliveries.waitFor(eventIds.size()));
+    Texts reported, lines, bodies;
+    for (const JXDelivery& delivery : scenario.deliveries.all()) {
       EXPECT_EQ(delivery.outcome, JXDeliveryOutcome::Rejected);
       EXPECT_EQ(delivery.status, GetParam().status);
       EXPECT_EQ(delivery.reason, JXString("HTTP status " + status));
-      told.push_back(delivery.eventId.toStdString());
+      reported.push_back(delivery.eventId.toStdString());
     }
     for (const std::string& id : eventIds) {
-      lines.push_back("2 Request of event " + id +
-                      " is rejected and not tried again: HTTP status " + status);
+      lines.push_back("2 Server rejected event " + id + ": HTTP status " + status +
+                      "; not retrying");
       bodies.push_back(bodyOf(id));
     }
-    EXPECT_EQ(sorted(told), eventIds);
-    EXPECT_EQ(sorted(story.lines(5)), lines);
-    EXPECT_EQ(sorted(story.server.bodies()), bodies);
+    EXPECT_EQ(sorted(reported), eventIds);
+    EXPECT_EQ(sorted(scenario.lines(5)), lines);
+    EXPECT_EQ(sorted(scenario.server.bodies()), bodies);
     expectDeadLetters(bodies);
   }
   void expectDeadLetters(const Texts& bodies) {
     std::string error;
-    Texts buried;
-    for (const JXOutboxListing& letter : listDeadLetters(story.folder.path("outbox"), error)) {
+    Texts letters;
+    for (const JXOutboxListing& letter : listDeadLetters(scenario.folder.path("outbox"), error)) {
       EXPECT_EQ(letter.status, GetParam().status);
-      EXPECT_EQ(letter.url, story.url);
-      buried.push_back(letter.body);
+      EXPECT_EQ(letter.url, scenario.url);
+      letters.push_back(letter.body);
     }
     EXPECT_EQ(error, "");
-    EXPECT_EQ(sorted(buried), bodies);
+    EXPECT_EQ(sorted(letters), bodies);
   }
 };
 
-TEST_P(RejectingFault, BuriesTheEventsAndIsNotAskedAgain) {
-  GetParam().play(story);
-  story.startProcess();
+TEST_P(RejectingFault, MovesEventsToDeadLettersWithoutRetrying) {
+  GetParam().play(scenario);
+  scenario.startProcess();
   for (const char* id : {"a", "b", "c"})
-    story.execute(id);
-  EXPECT_TRUE(story.deliverAll());
+    scenario.execute(id);
+  EXPECT_TRUE(scenario.deliverAll());
   expectRejected({"a", "b", "c"});
-  const JXDeliveryCounters rejected = story.counters();
+  const JXDeliveryCounters rejected = scenario.counters();
   EXPECT_EQ(rejected.outbox.rejected, 3u);
   EXPECT_EQ(rejected.outbox.delivered, 0u);
   EXPECT_EQ(rejected.attempts, 3u);
-  EXPECT_EQ(rejected.failures, 0u) << "a lasting answer is no failure, and pauses nothing";
+  EXPECT_EQ(rejected.failures, 0u) << "a final response is not a failure and pauses nothing";
 
-  GetParam().heal(story);
-  story.endProcess();
-  story.startProcess();
-  story.execute("d");
-  EXPECT_TRUE(story.deliverAll());
-  ASSERT_TRUE(story.deliveries.waitFor(4));
-  EXPECT_EQ(sorted(story.server.bodies()),
+  GetParam().heal(scenario);
+  scenario.endProcess();
+  scenario.startProcess();
+  scenario.execute("d");
+  EXPECT_TRUE(scenario.deliverAll());
+  ASSERT_TRUE(scenario.deliveries.waitFor(4));
+  EXPECT_EQ(sorted(scenario.server.bodies()),
             (Texts{bodyOf("a"), bodyOf("b"), bodyOf("c"), bodyOf("d")}));
-  EXPECT_EQ(story.counters().outbox.delivered, 1u);
+  EXPECT_EQ(scenario.counters().outbox.delivered, 1u);
   expectDeadLetters({bodyOf("a"), bodyOf("b"), bodyOf("c")});
-  EXPECT_EQ(story.elsewhere.connections(), 0) << "a redirect is not followed";
+  EXPECT_EQ(scenario.elsewhere.connections(), 0) << "a redirect is not followed";
   const std::string following =
       GetParam().status == 301
           ? ", made " +
-                counted(static_cast<std::uint64_t>(story.elsewhere.connections()), "connection",
+                counted(static_cast<std::uint64_t>(scenario.elsewhere.connections()), "connection",
                         "connections") +
                 " to the other server"
           : "";
   writeFaultRow({GetParam().order, GetParam().fault, GetParam().did,
-                 "tried each event once, moved it to the dead letters with the status and one log "
-                 "line at level 2" +
+                 "sent each event once and moved it to the dead letters, with the status and one "
+                 "log message at level 2" +
                      following + "; the next event was delivered",
-                 story.counters().outbox.delivered, 0, rejected.outbox.rejected,
+                 scenario.counters().outbox.delivered, 0, rejected.outbox.rejected,
                  droppedOf(rejected.outbox)});
 }
 
-INSTANTIATE_TEST_SUITE_P(Server, RejectingFault, ::testing::ValuesIn(faultsThatReject()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Server, RejectingFault, ::testing::ValuesIn(rejectingFaults()), nameOf);
 
-class DeliveringFault : public ServerThat {};
+class DeliveringFault : public ServerWithFault {};
 
-TEST_P(DeliveringFault, AfterACompleteHeadChangesNothing) {
-  GetParam().play(story);
-  story.startProcess();
+TEST_P(DeliveringFault, AcceptsStatusOfCompleteHeaders) {
+  GetParam().play(scenario);
+  scenario.startProcess();
   for (const char* id : {"a", "b", "c"})
-    story.execute(id);
-  EXPECT_TRUE(story.deliverAll());
-  GetParam().heal(story);
-  story.execute("d");
-  EXPECT_TRUE(story.deliverAll());
-  ASSERT_TRUE(story.deliveries.waitFor(4));
-  EXPECT_EQ(sorted(story.server.bodies()),
+    scenario.execute(id);
+  EXPECT_TRUE(scenario.deliverAll());
+  GetParam().heal(scenario);
+  scenario.execute("d");
+  EXPECT_TRUE(scenario.deliverAll());
+  ASSERT_TRUE(scenario.deliveries.waitFor(4));
+  EXPECT_EQ(sorted(scenario.server.bodies()),
             (Texts{bodyOf("a"), bodyOf("b"), bodyOf("c"), bodyOf("d")}));
-  const JXDeliveryCounters counters = story.counters();
+  const JXDeliveryCounters counters = scenario.counters();
   EXPECT_EQ(counters.outbox.delivered, 4u);
   EXPECT_EQ(counters.outbox.queued, 0u);
   EXPECT_EQ(counters.attempts, 4u);
   EXPECT_EQ(counters.failures, 0u);
-  EXPECT_EQ(story.lines(5), Texts{});
+  EXPECT_EQ(scenario.lines(5), Texts{});
   writeFaultRow({GetParam().order, GetParam().fault, GetParam().did,
-                 "took the status at its word: " + counted(counters.attempts, "try", "tries") +
+                 "accepted the status: " + counted(counters.attempts, "attempt", "attempts") +
                      " for 4 events, none repeated",
                  counters.outbox.delivered, 0, counters.outbox.rejected,
                  droppedOf(counters.outbox)});
 }
 
-INSTANTIATE_TEST_SUITE_P(Server, DeliveringFault, ::testing::ValuesIn(faultsThatDeliver()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Server, DeliveringFault, ::testing::ValuesIn(deliveringFaults()), nameOf);
 
 }  // namespace
 }  // namespace jx::test

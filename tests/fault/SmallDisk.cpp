@@ -16,8 +16,8 @@ namespace {
 
 constexpr uid_t kNobody = 65534;
 
-// Mounts of this process are its own from now on.
-bool leaveTheMountsOfOthers() {
+// Moves this process to its own mount namespace.
+bool enterOwnMountNamespace() {
   if (::unshare(CLONE_NEWNS) != 0 && ::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
   return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
@@ -26,7 +26,7 @@ bool leaveTheMountsOfOthers() {
 
 SmallDisk::SmallDisk(std::string folder, int megabytes) : folder_(std::move(folder)) {
   const std::string size = "size=" + std::to_string(megabytes) + "m";
-  isMounted_ = leaveTheMountsOfOthers() &&
+  isMounted_ = enterOwnMountNamespace() &&
                ::mount("tmpfs", folder_.c_str(), "tmpfs", MS_NOSUID | MS_NODEV, size.c_str()) == 0;
 }
 

@@ -6,22 +6,22 @@
 
 namespace jx::test {
 
-/// A folder that is a disk of its own, of a few MiB, in memory. It is mounted for this process
-/// alone and goes with it.
+/// An in-memory file system of a few MiB. It is mounted for this process only and disappears with
+/// it.
 class SmallDisk {
  public:
-  /// Mounts it at `folder`, which exists. See `isMounted`.
+  /// Mounts it at `folder`, which must exist. See `isMounted`.
   SmallDisk(std::string folder, int megabytes);
   ~SmallDisk();
   SmallDisk(const SmallDisk&) = delete;
   SmallDisk& operator=(const SmallDisk&) = delete;
 
-  /// False where the system lets this user mount nothing; the folder is an ordinary one then.
+  /// Returns false if this user is not allowed to mount; then the folder is an ordinary one.
   bool isMounted() const { return isMounted_; }
   const std::string& path() const { return folder_; }
-  /// Takes all the room that is left. False when some is left then.
+  /// Uses all free space. Returns false if some is left.
   bool fill() const;
-  /// Gives the room back.
+  /// Frees the space that `fill` used.
   void empty() const;
 
  private:
@@ -29,11 +29,11 @@ class SmallDisk {
   bool isMounted_ = false;
 };
 
-/// The user that is not allowed anything special, while it lives: before the superuser no folder is
-/// read-only. Changes nothing for an ordinary user.
+/// Switches from the superuser to an ordinary user while it exists, because no folder is read-only
+/// for the superuser. Does nothing for an ordinary user.
 class OrdinaryUser {
  public:
-  /// Gives `folder` to that user.
+  /// Makes that user the owner of `folder`.
   explicit OrdinaryUser(const std::string& folder);
   ~OrdinaryUser();
   OrdinaryUser(const OrdinaryUser&) = delete;

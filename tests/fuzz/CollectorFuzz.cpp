@@ -21,50 +21,51 @@ std::optional<std::string> textIn(const JXJsonObject& object, std::string_view k
   return text.isPresent() ? std::optional(text.toStdString()) : std::nullopt;
 }
 
-// The library's own reader finds the same name and id.
-void checkFacts(const EventMetadata& facts, std::string_view body) {
+// Expects the library's reader to find the same name and ID.
+void checkMetadata(const EventMetadata& metadata, std::string_view body) {
   const JXJsonReading reading = JXJsonReader::read(body);
   const ReferenceReading reference = readReference(body);
-  if (facts.problem) {
-    require(!facts.name && !facts.eventID && !facts.eventTimestamp,
-            "what is no event has no facts");
-    // The library's reader passes a byte order mark; on the way no body has one.
+  if (metadata.problem) {
+    require(!metadata.name && !metadata.eventID && !metadata.eventTimestamp,
+            "an invalid event has no metadata");
+    // The library's reader accepts a byte order mark; a request body must not have one.
     const bool isMarked = body.substr(0, 1) == "\xEF";
     require(isMarked || reading.value.kind() != Kind::Object,
-            "what the library may write is an event", *facts.problem, body);
+            "JSON objects that the library accepts are events", *metadata.problem, body);
     return;
   }
-  require(reference.isUndecided || reference.value.kind == Kind::Object, "an event is an object",
-          body, {});
-  // Of a key that comes twice either value may count; the library has limits that RapidJSON lacks.
+  require(reference.isUndecided || reference.value.kind == Kind::Object,
+          "an event is a JSON object", body, {});
+  // Readers differ for duplicate keys, and the library has limits that RapidJSON does not have.
   if (reference.repeatsKey || reading.value.kind() != Kind::Object) return;
   const JXJsonObject object = reading.value.object();
   const JXJsonObject context = object.get("context").object();
-  require(facts.name == textIn(object, "event_name"), "the name is the event's", body, {});
-  require(facts.eventID == textIn(context, "event_id"), "the id is the event's", body, {});
-  if (!facts.eventTimestamp) return;
-  require(context.get("event_timestamp").decimal() == JXDecimal(*facts.eventTimestamp),
-          "the time is the event's", body, {});
+  require(metadata.name == textIn(object, "event_name"), "the name is that of the event", body, {});
+  require(metadata.eventID == textIn(context, "event_id"), "the ID is that of the event", body, {});
+  if (!metadata.eventTimestamp) return;
+  require(context.get("event_timestamp").decimal() == JXDecimal(*metadata.eventTimestamp),
+          "the timestamp is that of the event", body, {});
 }
 
-// What is no event is bad, and whatever is bad has a reason in words.
-void checkJudgement(const ValidationResult& validation, std::string_view body) {
-  require(!validation.facts.problem || !validation.isGood(), "what is no event is not good", body,
-          {});
-  for (const Diagnostic& reason : validation.reasons.kept())
-    require(!reason.text.empty(), "a reason has words", body, {});
+// Expects bodies that are not events to be invalid, and a message in every diagnostic.
+void checkValidation(const ValidationResult& validation, std::string_view body) {
+  require(!validation.metadata.problem || !validation.isValid(),
+          "a body that is not an event is invalid", body, {});
+  for (const Diagnostic& diagnostic : validation.diagnostics.kept())
+    require(!diagnostic.text.empty(), "a diagnostic has a message", body, {});
 }
 
-// What the collector shows of it is JSON, whatever came.
+// Expects the collector's representation to be JSON for any input.
 void checkShown(const StoredEvent& event, const ValidationResult& validation) {
   const JXJsonReading shown =
-      JXJsonReader::read(eventToJson(event, validation.reasons.kept(), std::nullopt));
-  require(shown.value.kind() == Kind::Object, "an event is shown as an object", shown.error, {});
+      JXJsonReader::read(eventToJson(event, validation.diagnostics.kept(), std::nullopt));
+  require(shown.value.kind() == Kind::Object, "an event is represented by an object", shown.error,
+          {});
   const JXJsonObject object = shown.value.object();
   const std::string wanted = withReplacementCharacters(event.request.body);
-  require(object.get("body").string() == JXString(wanted), "the body is shown", wanted, {});
+  require(object.get("body").string() == JXString(wanted), "the body is included", wanted, {});
   require(object.contains("body_base64") == !isUtf8(event.request.body),
-          "a body that is no text is shown whole too");
+          "a body that is not UTF-8 is also included as Base64");
   require(JXJsonReader::read(eventsToJson({event, event}, 0)).error.empty(),
           "a list of events is JSON");
 }
@@ -75,9 +76,9 @@ void check(Input input) {
   event.request.body = std::string(input.rest());
   event.request.headers.emplace_back(event.request.query, event.request.body);
   const ValidationResult validation = ValidationResult::of(event.request.query, event.request.body);
-  checkFacts(validation.facts, event.request.body);
-  checkJudgement(validation, event.request.body);
-  event.facts = validation.facts;
+  checkMetadata(validation.metadata, event.request.body);
+  checkValidation(validation, event.request.body);
+  event.metadata = validation.metadata;
   checkShown(event, validation);
 }
 

@@ -18,38 +18,39 @@ namespace jx::fuzz {
 namespace {
 
 constexpr std::size_t kDigits = 38;
-constexpr std::size_t kMostFraction = 128;
-constexpr std::size_t kMostWhole = kDigits + 127;
+constexpr std::size_t kMaxFraction = 128;
+constexpr std::size_t kMaxWhole = kDigits + 127;
 constexpr std::string_view kNotANumber = "NaN";
 
-std::string_view takeDigits(std::string_view& text) {
+std::string_view consumeDigits(std::string_view& text) {
   const std::size_t end = std::min(text.find_first_not_of("0123456789"), text.size());
   const std::string_view digits = text.substr(0, end);
   text.remove_prefix(end);
   return digits;
 }
 
-void takeSign(std::string_view& text) {
+void consumeSign(std::string_view& text) {
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
 }
 
-// Sign, digits with a point, exponent.
+// Returns whether the string is an optional sign, digits with an optional point, and an optional
+// exponent.
 bool isNumber(std::string_view text) {
-  takeSign(text);
-  std::size_t digits = takeDigits(text).size();
+  consumeSign(text);
+  std::size_t digits = consumeDigits(text).size();
   if (!text.empty() && text.front() == '.') {
     text.remove_prefix(1);
-    digits += takeDigits(text).size();
+    digits += consumeDigits(text).size();
   }
   if (digits == 0) return false;
   if (text.empty()) return true;
   if (text.front() != 'e' && text.front() != 'E') return false;
   text.remove_prefix(1);
-  takeSign(text);
-  return !takeDigits(text).empty() && text.empty();
+  consumeSign(text);
+  return !consumeDigits(text).empty() && text.empty();
 }
 
-// Adds one to the last digit; the digits may become one more.
+// Adds one to the number, which may add a digit.
 void increment(std::string& digits) {
   for (std::size_t i = digits.size(); i-- > 0;) {
     if (digits[i] != '9') {
@@ -61,7 +62,7 @@ void increment(std::string& digits) {
   digits.insert(0, 1, '1');
 }
 
-// What a number of plain digits prints as, by moving digits about.
+// Returns the expected string for a number of plain digits, by string operations only.
 std::string rounded(std::string plain) {
   const std::string sign = plain.front() == '-' ? "-" : "";
   plain.erase(0, sign.size());
@@ -74,13 +75,13 @@ std::string rounded(std::string plain) {
   }
   const std::size_t first = digits.find_first_not_of('0');
   if (first == std::string::npos) {
-    scale = std::min(scale, kMostFraction);
+    scale = std::min(scale, kMaxFraction);
     return sign + (scale == 0 ? "0" : "0." + std::string(scale, '0'));
   }
   digits.erase(0, first);
-  // Dropped from the end: what is beyond 38 digits, and what is beyond 128 places.
+  // Digits after the 38th significant digit and the 128th decimal place are dropped.
   std::size_t dropped = digits.size() > kDigits ? digits.size() - kDigits : 0;
-  if (scale > kMostFraction) dropped = std::max(dropped, scale - kMostFraction);
+  if (scale > kMaxFraction) dropped = std::max(dropped, scale - kMaxFraction);
   if (dropped > digits.size()) return std::string(kNotANumber);
   const bool up = dropped != 0 && digits[digits.size() - dropped] >= '5';
   digits.resize(digits.size() - dropped);
@@ -92,15 +93,15 @@ std::string rounded(std::string plain) {
   }
   if (dropped >= scale) {
     digits.append(dropped - scale, '0');
-    return digits.size() > kMostWhole ? std::string(kNotANumber) : sign + digits;
+    return digits.size() > kMaxWhole ? std::string(kNotANumber) : sign + digits;
   }
   scale -= dropped;
   if (digits.size() <= scale) digits.insert(0, scale + 1 - digits.size(), '0');
-  if (digits.size() - scale > kMostWhole) return std::string(kNotANumber);
+  if (digits.size() - scale > kMaxWhole) return std::string(kNotANumber);
   return sign + digits.insert(digits.size() - scale, 1, '.');
 }
 
-// Nothing for a number whose exponent is too far away to write it out.
+// Returns the expected string; nullopt if the exponent is too large to write the number out.
 std::optional<std::string> expected(std::string_view text) {
   const std::size_t e = text.find_first_of("eE");
   if (e != std::string_view::npos) {
@@ -114,43 +115,47 @@ std::optional<std::string> expected(std::string_view text) {
 void checkPrinted(const JXDecimal& number) {
   const std::string printed = number.toString();
   if (number.isNaN()) {
-    require(printed == kNotANumber, "not-a-number prints as NaN", printed, kNotANumber);
+    require(printed == kNotANumber, "NaN is printed as NaN", printed, kNotANumber);
     const JXDecimal same = number;
-    require(number != same, "not-a-number equals nothing");
+    require(number != same, "NaN is not equal to itself");
     return;
   }
   std::string_view rest = printed;
   if (rest.front() == '-') rest.remove_prefix(1);
-  const std::string_view whole = takeDigits(rest);
+  const std::string_view whole = consumeDigits(rest);
   require(!whole.empty() && (whole == "0" || whole.front() != '0'),
-          "the whole part is digits without a leading zero", printed, {});
+          "the integer part has no leading zero", printed, {});
   if (!rest.empty()) {
     require(rest.front() == '.', "only digits and a point are printed", printed, {});
     rest.remove_prefix(1);
-    require(!takeDigits(rest).empty() && rest.empty(), "digits stand behind the point", printed,
-            {});
+    require(!consumeDigits(rest).empty() && rest.empty(), "digits follow the point", printed, {});
   }
   const JXDecimal again = JXDecimal::fromString(printed);
-  require(again == number, "what is printed reads as the number", again.toString(), printed);
-  require(again.toString() == printed, "and prints the same", again.toString(), printed);
+  require(again == number, "the printed string is parsed as the same number", again.toString(),
+          printed);
+  require(again.toString() == printed, "the parsed number is printed as the same string",
+          again.toString(), printed);
 }
 
 void checkText(std::string_view text) {
   const JXDecimal number = JXDecimal::fromString(text);
   checkPrinted(number);
   if (!isNumber(text)) {
-    require(number.isNaN(), "what is no number is not-a-number", number.toString(), text);
+    require(number.isNaN(), "a string that is not a number is parsed as NaN", number.toString(),
+            text);
     return;
   }
   const std::optional<std::string> wanted = expected(text);
-  if (wanted) require(number.toString() == *wanted, "digit for digit", number.toString(), *wanted);
+  if (wanted)
+    require(number.toString() == *wanted, "the printed digits are exact", number.toString(),
+            *wanted);
 }
 
 void checkDouble(double value) {
   const JXDecimal number = JXDecimal::fromDouble(value);
   checkPrinted(number);
   if (!std::isfinite(value)) {
-    require(number.isNaN(), "what is not finite is not-a-number");
+    require(number.isNaN(), "infinity and NaN are converted to NaN");
     return;
   }
   std::array<char, 64> text{};
@@ -159,13 +164,15 @@ void checkDouble(double value) {
           .ptr;
   const std::string_view shortest(text.data(), static_cast<std::size_t>(end - text.data()));
   const JXDecimal wanted = JXDecimal::fromString(shortest);
-  require(number.isNaN() == wanted.isNaN(), "a number when it fits", shortest, {});
+  require(number.isNaN() == wanted.isNaN(), "a double that fits is converted to a number", shortest,
+          {});
   if (number.isNaN()) return;
-  require(number == wanted, "the shortest digits", number.toString(), shortest);
-  // Below that a decimal has fewer digits than a double.
+  require(number == wanted, "a double is converted to its shortest digits", number.toString(),
+          shortest);
+  // Below this value, a decimal has fewer digits than a double.
   if (std::fabs(value) < 1e-110) return;
-  require(std::strtod(number.toString().c_str(), nullptr) == value, "reads back as the double",
-          number.toString(), shortest);
+  require(std::strtod(number.toString().c_str(), nullptr) == value,
+          "the printed string is parsed as the same double", number.toString(), shortest);
 }
 
 }  // namespace

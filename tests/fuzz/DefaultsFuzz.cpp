@@ -18,11 +18,11 @@ const std::string& path() {
   return path;
 }
 
-// One piece of a file: any bytes, or a frame that holds any payload, a value, or a removal.
+// Creates one part of a file: any bytes, or a frame with any payload, a value or a removal.
 std::string piece(Input& input) {
   const std::uint8_t kind = input.byte();
   const std::string text(input.bytes(input.byte()));
-  // Few keys, so that they meet.
+  // Few keys, so that they collide.
   const std::string key = text.substr(0, kind / 4u % 3);
   const std::string head = littleEndian(key.size(), 4);
   switch (kind % 4) {
@@ -37,7 +37,7 @@ std::string piece(Input& input) {
   }
 }
 
-// The last frame of a key holds its value.
+// Returns the values in a file. The last frame of a key contains its value.
 Values valuesIn(std::string_view file) {
   constexpr std::size_t kHead = 5;
   Values values;
@@ -75,21 +75,21 @@ void check(Input input) {
   Values values = valuesIn(file);
   {
     JXDefaultsFile defaults(path());
-    require(defaults.isAvailable(), "a file is written on, whatever it holds");
-    requireValues(defaults, values, "each value that the file holds whole is there");
+    require(defaults.isAvailable(), "a file with any content is writable");
+    requireValues(defaults, values, "each value in a valid frame is returned");
     for (const auto& [key, value] : changes) {
       require(values.count(key) != 0 || !defaults.objectForKey(JXString(key)).isPresent(),
-              "what was removed, and what never was, is absent", key, {});
+              "removed and unknown keys return null", key, {});
       defaults.setObject_forKey(JXString(value), JXString(key));
       values[key] = value;
     }
     defaults.maintain();
     requireValues(defaults, values, "maintenance changes no value");
-    require(defaults.storageErrors() == 0, "no content makes the file fail");
+    require(defaults.storageErrors() == 0, "no content causes a storage error");
   }
-  require(valuesIn(contentOf(path())) == values, "the file holds these values and no others");
+  require(valuesIn(contentOf(path())) == values, "the file contains exactly these values");
   JXDefaultsFile again(path());
-  requireValues(again, values, "each value is there after a start");
+  requireValues(again, values, "each value is returned after a restart");
 }
 
 }  // namespace

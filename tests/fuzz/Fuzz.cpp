@@ -15,12 +15,12 @@ namespace jx::fuzz {
 
 void require(bool holds, const char* property) { require(holds, property, {}, {}); }
 
-void require(bool holds, const char* property, std::string_view found, std::string_view wanted) {
+void require(bool holds, const char* property, std::string_view actual, std::string_view expected) {
   if (holds) return;
-  std::fprintf(stderr, "broken: %s\n", property);
-  if (!found.empty() || !wanted.empty()) {
-    std::fprintf(stderr, "  found:  %.*s\n  wanted: %.*s\n", static_cast<int>(found.size()),
-                 found.data(), static_cast<int>(wanted.size()), wanted.data());
+  std::fprintf(stderr, "violated: %s\n", property);
+  if (!actual.empty() || !expected.empty()) {
+    std::fprintf(stderr, "actual:   %.*s\n  expected: %.*s\n", static_cast<int>(actual.size()),
+                 actual.data(), static_cast<int>(expected.size()), expected.data());
   }
   std::abort();
 }
@@ -29,16 +29,16 @@ std::uint8_t Input::byte() { return static_cast<std::uint8_t>(number(1)); }
 
 std::uint64_t Input::number(std::size_t bytes) {
   std::uint64_t value = 0;
-  const std::string_view taken = this->bytes(bytes);
-  for (std::size_t i = 0; i < taken.size(); ++i)
-    value |= std::uint64_t{static_cast<unsigned char>(taken[i])} << (8 * i);
+  const std::string_view result = this->bytes(bytes);
+  for (std::size_t i = 0; i < result.size(); ++i)
+    value |= std::uint64_t{static_cast<unsigned char>(result[i])} << (8 * i);
   return value;
 }
 
 std::string_view Input::bytes(std::size_t count) {
-  const std::string_view taken = rest_.substr(0, count);
-  rest_.remove_prefix(taken.size());
-  return taken;
+  const std::string_view result = rest_.substr(0, count);
+  rest_.remove_prefix(result.size());
+  return result;
 }
 
 void silenceLog() { JXLogger::sharedInstance().setMaxLevel(0); }

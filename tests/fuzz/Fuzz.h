@@ -7,17 +7,17 @@
 #include <string>
 #include <string_view>
 
-/// What each target defines: tries one input, and ends the process when a property is broken.
+/// Defined by each target: tests one input, and aborts the process if a property is violated.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace jx::fuzz {
 
-/// Ends the process, with the property in words, when it does not hold.
+/// Prints the property and aborts the process if it does not hold.
 void require(bool holds, const char* property);
-/// The same, showing the texts that it is about.
-void require(bool holds, const char* property, std::string_view found, std::string_view wanted);
+/// Does the same and prints the actual and the expected string.
+void require(bool holds, const char* property, std::string_view actual, std::string_view expected);
 
-/// Reads an input as the decisions of a made-up case: numbers from its front, 0 when it has ended.
+/// Reads decisions of a test case from an input: numbers from its front, 0 at its end.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size)
@@ -25,9 +25,9 @@ class Input {
 
   bool isEmpty() const { return rest_.empty(); }
   std::uint8_t byte();
-  /// Of so many bytes, the least significant first.
+  /// Returns a number of the given number of bytes, little-endian.
   std::uint64_t number(std::size_t bytes);
-  /// At most so many bytes.
+  /// Returns at most the given number of bytes.
   std::string_view bytes(std::size_t count);
   std::string_view rest() const { return rest_; }
 
@@ -35,13 +35,14 @@ class Input {
   std::string_view rest_;
 };
 
-/// Switches the library's log off: a million odd inputs would be a million lines.
+/// Disables the library's log, which would otherwise contain a message for each invalid input.
 void silenceLog();
-/// The path of a folder that lives as long as the process; made with the first call.
+/// Returns the path of a temporary folder, which is created by the first call and removed at the
+/// end of the process.
 const std::string& scratchFolder();
-/// Writes a file anew.
+/// Creates or replaces a file.
 void writeFile(const std::string& path, std::string_view content);
-/// Empty when there is no such file.
+/// Returns the content of a file, empty if it does not exist.
 std::string contentOf(const std::string& path);
 
 }  // namespace jx::fuzz

@@ -23,7 +23,7 @@ const std::string& path() {
   return path;
 }
 
-void forgetSetAside() {
+void removeAllFiles() {
   std::vector<std::string> names;
   require(listFolder(scratchFolder(), names) == 0, "the folder can be listed");
   for (const std::string& name : names)
@@ -34,19 +34,19 @@ Texts scanned() {
   Texts texts;
   const int error =
       JXJournal::scan(path(), [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
-  require(error == 0, "whatever a file holds, it can be scanned");
+  require(error == 0, "any file can be scanned");
   return texts;
 }
 
 Texts recovered(JXJournal& journal, JXJournal::Writers writers) {
   Texts texts;
-  std::uint64_t behind = 0;
+  std::uint64_t end = 0;
   const JXJournal::Recovery recovery = journal.recover(writers, [&](const JXFrame& frame) {
-    require(frame.offset >= behind, "frames come in order and do not overlap");
-    behind = frame.offset + kJXFrameHeaderSize + frame.payload.size();
+    require(frame.offset >= end, "frames are in order and do not overlap");
+    end = frame.offset + kJXFrameHeaderSize + frame.payload.size();
     texts.emplace_back(frame.payload);
   });
-  require(recovery.error == 0, "whatever a file holds, it can be recovered");
+  require(recovery.error == 0, "any file can be recovered");
   return texts;
 }
 
@@ -62,37 +62,36 @@ void requireSame(const Texts& found, const Texts& wanted, const char* property) 
           std::to_string(wanted.size()) + " frames");
 }
 
-// A file of these bytes gives these frames in every way of reading it, and takes another.
+// Expects every way of reading the file to return these frames, and appending to work.
 void check(std::string_view file, const Texts& frames) {
   writeFile(path(), file);
   requireSame(scanned(), frames, "a scan finds every frame");
   {
     JXJournal journal = opened();
     requireSame(recovered(journal, JXJournal::Writers::Several), frames,
-                "recovering beside other writers finds every frame");
-    require(contentOf(path()) == file, "beside other writers nothing is cut off");
+                "recovery with other writers finds every frame");
+    require(contentOf(path()) == file, "recovery with other writers does not truncate the file");
   }
   Texts more = frames;
   {
     JXJournal journal = opened();
-    requireSame(recovered(journal, JXJournal::Writers::One), frames,
-                "recovering finds every frame");
+    requireSame(recovered(journal, JXJournal::Writers::One), frames, "recovery finds every frame");
     std::uint64_t offset = 0;
     const std::string_view part = "after";
-    require(journal.append(&part, 1, &offset) == 0, "a recovered file takes another frame");
+    require(journal.append(&part, 1, &offset) == 0, "a frame can be appended to a recovered file");
     std::string payload;
     require(journal.read(offset, part.size(), payload) == 0 && payload == part,
-            "what was appended is read at its place");
+            "the appended frame is read at its offset");
     more.push_back(payload);
   }
-  requireSame(scanned(), more, "what was appended is found behind what was there");
+  requireSame(scanned(), more, "a scan finds the appended frame after the others");
   requireSame(
       [] {
         JXJournal again = opened();
         return recovered(again, JXJournal::Writers::One);
       }(),
-      more, "recovering again finds the same");
-  forgetSetAside();
+      more, "a second recovery finds the same frames");
+  removeAllFiles();
 }
 
 void checkAnyBytes(std::string_view file) {
@@ -103,14 +102,15 @@ void checkAnyBytes(std::string_view file) {
   check(file, texts);
 }
 
-// Frames whose payloads are text, which cannot hold a frame's mark, then a cut and changed bytes.
+// Creates frames with ASCII payloads, which cannot contain the mark of a frame. Then truncates the
+// file and changes bytes.
 void checkDamagedFrames(Input input) {
-  struct Place {
+  struct Position {
     std::size_t begin, end;
   };
   std::string file(kFileMark);
   Texts texts;
-  std::vector<Place> places;
+  std::vector<Position> places;
   const std::size_t count = input.byte() % 16u;
   for (std::size_t i = 0; i < count; ++i) {
     std::string payload(input.bytes(input.byte()));

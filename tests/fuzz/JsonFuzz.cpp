@@ -13,12 +13,13 @@ namespace {
 
 using Kind = JXJsonValue::Kind;
 
-// The library accepts what RapidJSON accepts, but for the limits that its reader names, and no
-// more; both then hold the same value.
+// Expects the library to accept the same input as RapidJSON, except for the limits documented by
+// its reader, and to return the same value.
 void checkAgainstReference(std::string_view text, const JXJsonReading& reading) {
   const bool isAccepted = reading.value.isPresent();
-  require(isAccepted == reading.error.empty(), "what is refused has a reason, and nothing else");
-  require(isAccepted || reading.errorOffset <= text.size(), "an error stands inside of the text");
+  require(isAccepted == reading.error.empty(), "exactly the rejected input has an error message");
+  require(isAccepted || reading.errorOffset <= text.size(),
+          "the offset of an error is within the input");
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   const bool isMarked = text.substr(0, kByteOrderMark.size()) == kByteOrderMark;
   const ReferenceReading reference =
@@ -26,10 +27,10 @@ void checkAgainstReference(std::string_view text, const JXJsonReading& reading) 
   if (reference.isUndecided) return;
   const bool isWithinLimits = reference.depth <= JXJsonReader::kMaxDepth &&
                               !reference.hasEndlessNumber && !reference.hasLoneSurrogate;
-  require(isAccepted == (reference.isJson && isWithinLimits),
-          "JSON is accepted and nothing else is", isAccepted ? "accepted" : reading.error, text);
+  require(isAccepted == (reference.isJson && isWithinLimits), "exactly valid JSON is accepted",
+          isAccepted ? "accepted" : reading.error, text);
   if (isAccepted) {
-    require(isSame(reference.value, reading.value), "the value is the one in the text");
+    require(isSame(reference.value, reading.value), "the value equals the reference value");
   }
 }
 
@@ -39,22 +40,23 @@ std::string written(const JXJsonObject& object, JXJsonStyle style, std::size_t& 
   return text.text;
 }
 
-// What is written is JSON, and reads as what was written.
+// Expects the output to be JSON that is read as the same value.
 void checkRoundTrip(const JXJsonObject& object, JXJsonStyle style) {
   std::size_t leftOut = 0;
   const std::string text = written(object, style, leftOut);
   const ReferenceReading reference = readReference(text);
-  require(reference.isJson || reference.isUndecided, "what is written is JSON", text, {});
-  require(reference.depth <= JXJsonWriter::kMaxDepth, "nothing is written too deep");
+  require(reference.isJson || reference.isUndecided, "the output is JSON", text, {});
+  require(reference.depth <= JXJsonWriter::kMaxDepth,
+          "the output does not exceed the maximum depth");
   const JXJsonReading again = JXJsonReader::read(text);
-  require(again.value.kind() == Kind::Object, "what is written is read", again.error, text);
+  require(again.value.kind() == Kind::Object, "the output can be read", again.error, text);
   if (leftOut == 0 && reference.isJson) {
-    require(isSame(reference.value, object.mutableCopy()), "what is written is the value");
+    require(isSame(reference.value, object.mutableCopy()), "the output equals the value");
   }
   std::size_t leftOutAgain = 0;
   const std::string second = written(again.value.object(), style, leftOutAgain);
-  require(second == text, "what was read is written as it was", second, text);
-  require(leftOutAgain == 0, "what was written once is written whole again");
+  require(second == text, "reading and writing does not change the output", second, text);
+  require(leftOutAgain == 0, "writing again omits nothing");
 }
 
 void check(std::string_view text) {

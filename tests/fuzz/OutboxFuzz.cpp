@@ -43,7 +43,7 @@ const std::string& box() {
   return path;
 }
 
-// One piece of a file: any bytes, or a frame that holds any payload, a request, what is settled,
+// Creates one part of a file: any bytes, or a frame with any payload, a request, acknowledgements
 // or a dead letter.
 std::string piece(Input& input, const std::string& before) {
   const std::uint8_t kind = input.byte();
@@ -71,7 +71,7 @@ std::string piece(Input& input, const std::string& before) {
   }
 }
 
-// A request or a dead letter in a payload; false when it is none.
+// Reads a request or a dead letter from a payload; returns false if it is neither.
 bool decode(std::string_view payload, char kind, std::size_t headSize, Request& request) {
   if (payload.size() < headSize || payload.front() != kind) return false;
   const std::size_t urlLength = number32At(payload, 4);
@@ -83,10 +83,10 @@ bool decode(std::string_view payload, char kind, std::size_t headSize, Request& 
   return true;
 }
 
-// What a segment says is still to be sent.
-Requests unsettledIn(std::string_view file) {
+// Returns the requests of a segment that are still to be sent.
+Requests unacknowledgedIn(std::string_view file) {
   Requests requests;
-  std::vector<std::uint32_t> settled;
+  std::vector<std::uint32_t> acknowledged;
   for (const FoundFrame& frame : framesIn(file)) {
     Request request;
     if (decode(frame.payload, 'Q', 16, request)) {
@@ -94,20 +94,22 @@ Requests unsettledIn(std::string_view file) {
       requests.push_back(request);
     } else if (!frame.payload.empty() && frame.payload.front() == 'S') {
       for (std::size_t at = 4; at + 4 <= frame.payload.size(); at += 4)
-        settled.push_back(number32At(frame.payload, at));
-      // Nothing is settled before it is there.
+        acknowledged.push_back(number32At(frame.payload, at));
+      // A request cannot be acknowledged before it was written.
       const auto isLater = [&](std::uint32_t offset) { return offset >= frame.offset; };
-      settled.erase(std::remove_if(settled.begin(), settled.end(), isLater), settled.end());
+      acknowledged.erase(std::remove_if(acknowledged.begin(), acknowledged.end(), isLater),
+                         acknowledged.end());
     }
   }
-  const auto isSettled = [&](const Request& request) {
-    return std::find(settled.begin(), settled.end(), request.offset) != settled.end();
+  const auto isAcknowledged = [&](const Request& request) {
+    return std::find(acknowledged.begin(), acknowledged.end(), request.offset) !=
+           acknowledged.end();
   };
-  requests.erase(std::remove_if(requests.begin(), requests.end(), isSettled), requests.end());
+  requests.erase(std::remove_if(requests.begin(), requests.end(), isAcknowledged), requests.end());
   return requests;
 }
 
-// The last letters of the file, as many as the last of them says are kept.
+// Returns the last letters of the file. The last letter contains the number to keep.
 Requests lettersIn(std::string_view file) {
   Requests letters;
   std::size_t keep = 0;
@@ -128,7 +130,7 @@ Requests listed(bool dead) {
   for (const JXOutboxListing& each :
        dead ? listDeadLetters(box(), error) : listOutbox(box(), error))
     requests.push_back({0, each.createdMs, each.url, each.body, each.status});
-  require(error.empty(), "a folder can be listed, whatever its files hold", error, {});
+  require(error.empty(), "any folder can be listed", error, {});
   return requests;
 }
 
@@ -137,30 +139,31 @@ void requireSame(const Requests& found, const Requests& wanted, const char* prop
           std::to_string(wanted.size()) + " requests");
 }
 
-void checkSetAside() {
+void checkQuarantine() {
   std::size_t count = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(box()))
-    count += isSetAsideName(entry.path().filename().string()) ? 1 : 0;
-  require(count <= kJXMaxSetAside, "set-aside files are bounded");
+    count += isQuarantinedName(entry.path().filename().string()) ? 1 : 0;
+  require(count <= kJXMaxQuarantinedFiles, "the number of quarantined files is limited");
 }
 
-// Too old at the next insert: from 2025 or later, and made more than thirty days ago.
+// Returns whether the next insert drops the request as too old: created in 2025 or later, and more
+// than thirty days ago.
 bool isExpired(const Request& request) {
   constexpr std::int64_t kThirtyDaysMs = 2'592'000'000;
   return request.createdMs >= 1'735'689'600'000 && request.createdMs < kNowMs - kThirtyDaysMs;
 }
 
-// Takes everything and settles it as the input decides: delivered, refused or given back.
-void serve(Input input, Requests& waiting, Requests& letters) {
+// Takes all requests and completes them as the input decides: delivered, rejected or requeued.
+void deliver(Input input, Requests& waiting, Requests& letters) {
   JXOutbox outbox(box(), {}, std::make_shared<JXManualClock>(kNowMs));
-  require(outbox.counters().queued == waiting.size(), "what is adopted is counted");
+  require(outbox.counters().queued == waiting.size(), "requests of earlier processes are counted");
   std::vector<JXOutboxRequest> taken;
   Requests found;
   while (auto request = outbox.take()) {
     found.push_back({0, request->createdMs, request->url, request->body, 0});
     taken.push_back(std::move(*request));
   }
-  requireSame(found, waiting, "what is taken is what the files hold whole");
+  requireSame(found, waiting, "the outbox returns every valid request of the files");
   Requests left;
   for (std::size_t i = 0; i < taken.size(); ++i) {
     const std::uint8_t decision = input.byte() % 4u;
@@ -177,9 +180,9 @@ void serve(Input input, Requests& waiting, Requests& letters) {
   }
   waiting = left;
   const auto id = outbox.add("https://host.example/events", "{}");
-  require(id.has_value(), "a folder takes a new request, whatever its files hold");
+  require(id.has_value(), "any folder accepts a new request");
   outbox.sync();
-  require(outbox.counters().storageErrors == 0, "no content makes a file fail");
+  require(outbox.counters().storageErrors == 0, "no content causes a storage error");
   waiting.erase(std::remove_if(waiting.begin(), waiting.end(), isExpired), waiting.end());
   waiting.push_back({0, kNowMs, "https://host.example/events", "{}", 0});
 }
@@ -196,22 +199,23 @@ void check(Input input) {
   }
   for (std::size_t i = 0; i < files.size(); ++i)
     writeFile(box() + "/" + kFiles[i], files[i]);
-  Requests waiting = unsettledIn(files[0]);
-  const Requests ofSecond = unsettledIn(files[1]);
-  waiting.insert(waiting.end(), ofSecond.begin(), ofSecond.end());
+  Requests waiting = unacknowledgedIn(files[0]);
+  const Requests inSecondSegment = unacknowledgedIn(files[1]);
+  waiting.insert(waiting.end(), inSecondSegment.begin(), inSecondSegment.end());
   Requests letters = lettersIn(files[kDead]);
-  requireSame(listed(false), waiting, "what is listed is what the files hold whole");
-  requireSame(listed(true), letters, "the letters are what their file holds whole");
+  requireSame(listed(false), waiting, "the list contains every valid request of the files");
+  requireSame(listed(true), letters, "the dead letters are the valid letters of their file");
   Requests before = letters;
-  serve(decisions, waiting, letters);
-  requireSame(listed(false), waiting, "what was given back or added is still there");
-  // A letter that is added decides how many are kept: then old ones may show again.
+  deliver(decisions, waiting, letters);
+  requireSame(listed(false), waiting, "requeued and added requests are listed");
+  // A new letter contains a new number to keep, so older letters may be listed again.
   const Requests now = listed(true);
-  const bool isBehind =
+  const bool isLast =
       now.size() >= letters.size() && std::equal(letters.rbegin(), letters.rend(), now.rbegin());
-  require(isBehind, "what was refused is the last of the letters");
-  require(letters.size() != before.size() || now == before, "nothing else changes the letters");
-  checkSetAside();
+  require(isLast, "rejected requests are the last dead letters");
+  require(letters.size() != before.size() || now == before,
+          "only rejected requests change the dead letters");
+  checkQuarantine();
 }
 
 }  // namespace

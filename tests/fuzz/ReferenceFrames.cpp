@@ -8,7 +8,7 @@ namespace {
 constexpr std::string_view kMark{"\xF7JX\xF8", 4};
 constexpr std::size_t kHeader = 12;
 
-// The size of the frame at the front of the bytes, 0 when there is none.
+// Returns the size of the frame at the front of the bytes, 0 if there is none.
 std::size_t frameSize(std::string_view bytes) {
   if (bytes.size() < kHeader || bytes.substr(0, 4) != kMark) return 0;
   const std::size_t length = number32At(bytes, 4);

@@ -10,13 +10,13 @@
 
 namespace jx::fuzz {
 
-// The format of a journal file, told a second time, so that the library is not judged by itself.
+// An independent implementation of the journal file format, to compare the library with.
 
-/// The CRC-32C of the bytes, bit by bit.
+/// Returns the CRC-32C of the bytes, computed bit by bit.
 std::uint32_t slowCrc32c(std::string_view bytes);
-/// "\xF7JX\xF8", length, CRC of length and payload, payload.
+/// Returns a frame: "\xF7JX\xF8", length, CRC of length and payload, payload.
 std::string frameOf(std::string_view payload);
-/// The number as four bytes, the least significant first, and back.
+/// Returns the number as little-endian bytes, and converts four bytes back.
 std::string littleEndian(std::uint64_t value, std::size_t bytes);
 std::uint32_t number32At(std::string_view bytes, std::size_t at);
 
@@ -24,10 +24,10 @@ struct FoundFrame {
   std::size_t offset = 0;
   std::string payload;
 };
-/// The frames of a file: from the front, each place that is a whole frame, none inside another.
+/// Returns the frames of a file in order: every complete frame that is not inside another one.
 std::vector<FoundFrame> framesIn(std::string_view file);
 
-/// A longer file may hold so many false marks that the library gives up on the rest of it.
+/// A longer file may contain so many false marks that the library ignores the rest of it.
 constexpr std::size_t kMaxFile = 8 * 1024;
 
 }  // namespace jx::fuzz

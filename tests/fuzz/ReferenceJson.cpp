@@ -38,7 +38,7 @@ bool isEndless(std::string_view number) {
                               JXDecimalText::kMaxPlainDigits;
 }
 
-// Builds the values in a stack, the innermost open one last.
+// Builds the values on a stack, the innermost open one last.
 class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> {
  public:
   explicit Builder(ReferenceReading& reading) : reading_(reading) {}
@@ -65,7 +65,7 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
  private:
   std::string checked(const char* text, rapidjson::SizeType size) {
     std::string copy(text, size);
-    // The bytes of the input were validated: what is not UTF-8 now was made by an escape.
+    // The input was validated, so invalid UTF-8 is the result of an escape.
     reading_.hasLoneSurrogate = reading_.hasLoneSurrogate || !isUtf8(copy);
     return copy;
   }
@@ -79,7 +79,7 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
     open_.pop_back();
     return put(std::move(value));
   }
-  // A key that comes again replaces its value and keeps its place.
+  // A duplicate key replaces the value and keeps its position.
   bool put(ReferenceValue value) {
     if (open_.empty()) {
       reading_.value = std::move(value);
@@ -105,16 +105,16 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
   std::vector<std::pair<ReferenceValue, std::string>> open_;  // with the key that was read last
 };
 
-bool sameMembers(const ReferenceValue& wanted, const JXJsonValue& found) {
-  if (wanted.kind == Kind::Array) {
+bool sameMembers(const ReferenceValue& expected, const JXJsonValue& found) {
+  if (expected.kind == Kind::Array) {
     const std::vector<JXJsonValue> values = found.array().values();
     return std::equal(
-        wanted.members.begin(), wanted.members.end(), values.begin(), values.end(),
+        expected.members.begin(), expected.members.end(), values.begin(), values.end(),
         [](const auto& member, const JXJsonValue& value) { return isSame(member.value, value); });
   }
   const std::vector<JXJsonEntry> entries = found.object().entries();
-  return std::equal(wanted.members.begin(), wanted.members.end(), entries.begin(), entries.end(),
-                    [](const auto& member, const JXJsonEntry& entry) {
+  return std::equal(expected.members.begin(), expected.members.end(), entries.begin(),
+                    entries.end(), [](const auto& member, const JXJsonEntry& entry) {
                       return member.key == entry.key.view() && isSame(member.value, entry.value);
                     });
 }
@@ -123,7 +123,7 @@ bool sameMembers(const ReferenceValue& wanted, const JXJsonValue& found) {
 
 ReferenceReading readReference(std::string_view text) {
   ReferenceReading reading;
-  // Outside of texts RapidJSON takes no byte for more than it is; a NUL, though, ends its input.
+  // RapidJSON stops at a NUL byte, so the end of the input is checked below.
   rapidjson::MemoryStream stream(text.empty() ? "" : text.data(), text.size());
   rapidjson::Reader reader;
   Builder builder(reading);
@@ -143,7 +143,7 @@ std::string plainDigits(std::string_view number) {
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
   std::string whole(mantissa.substr(0, point));
   std::string fraction(mantissa.substr(std::min(point + 1, mantissa.size())));
-  // The point moves over one digit, or over a zero where there is none.
+  // Moves the point by one digit, or by a zero if there is none.
   for (std::int64_t left = exponentOf(number); left > 0; --left) {
     whole.push_back(fraction.empty() ? '0' : fraction.front());
     if (!fraction.empty()) fraction.erase(0, 1);
@@ -157,18 +157,18 @@ std::string plainDigits(std::string_view number) {
   return (negative ? "-" : "") + whole + (fraction.empty() ? "" : "." + fraction);
 }
 
-bool isSame(const ReferenceValue& wanted, const JXJsonValue& found) {
-  if (wanted.kind != found.kind()) return false;
-  switch (wanted.kind) {
+bool isSame(const ReferenceValue& expected, const JXJsonValue& found) {
+  if (expected.kind != found.kind()) return false;
+  switch (expected.kind) {
     case Kind::Bool:
-      return wanted.truth == found.boolValue();
+      return expected.truth == found.boolValue();
     case Kind::Number:
-      return plainDigits(wanted.text) == found.numberString().view();
+      return plainDigits(expected.text) == found.numberString().view();
     case Kind::String:
-      return wanted.text == found.string().view();
+      return expected.text == found.string().view();
     case Kind::Object:
     case Kind::Array:
-      return sameMembers(wanted, found);
+      return sameMembers(expected, found);
     case Kind::Absent:
     case Kind::Null:
       break;

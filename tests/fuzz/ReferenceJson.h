@@ -13,12 +13,12 @@ namespace jx::fuzz {
 
 struct ReferenceMember;
 
-/// A JSON value as RapidJSON reads it, numbers as they are spelt.
+/// A JSON value as read by RapidJSON, with unmodified number strings.
 struct ReferenceValue {
   JXJsonValue::Kind kind = JXJsonValue::Kind::Absent;
   bool truth = false;
-  std::string text;                      ///< of a string, and of a number
-  std::vector<ReferenceMember> members;  ///< of an array without keys
+  std::string text;                      ///< of a string or a number
+  std::vector<ReferenceMember> members;  ///< of an object; of an array, with empty keys
 };
 
 struct ReferenceMember {
@@ -28,24 +28,25 @@ struct ReferenceMember {
 
 struct ReferenceReading {
   bool isJson = false;
-  /// RapidJSON refuses a number beyond a double; the library does not, so nothing can be said.
+  /// True if RapidJSON rejected a number that exceeds a double. The library accepts it, so the
+  /// result cannot be compared.
   bool isUndecided = false;
-  /// An escape gives half of a surrogate pair, which RapidJSON lets through.
+  /// True if an escape is half of a surrogate pair, which RapidJSON accepts.
   bool hasLoneSurrogate = false;
   std::size_t depth = 0;
   bool repeatsKey = false;
-  /// A number's exponent would make it longer than the library writes out.
+  /// True if the plain digits of a number exceed the maximum length of the library.
   bool hasEndlessNumber = false;
   ReferenceValue value;
 };
 
-/// Reads strictly: UTF-8 only, nothing behind the value, no byte order mark.
+/// Reads strict JSON: UTF-8 only, nothing after the value, no byte order mark.
 ReferenceReading readReference(std::string_view text);
 
-/// The number written without an exponent and with every digit that it was given.
+/// Returns the number without an exponent and with all its digits.
 std::string plainDigits(std::string_view number);
 
-/// True when the library's value says the same.
-bool isSame(const ReferenceValue& wanted, const JXJsonValue& found);
+/// Returns whether the library's value equals the reference value.
+bool isSame(const ReferenceValue& expected, const JXJsonValue& found);
 
 }  // namespace jx::fuzz

@@ -17,23 +17,23 @@ namespace {
 std::string bodyOf(const ScriptCommand& command) {
   const auto* const event = std::get_if<ScriptEvent>(&command);
   if (event == nullptr) return {};
-  require(event->event != nullptr, "a line that does \"event\" has one");
+  require(event->event != nullptr, "an \"event\" line contains an event");
   event->event->verifyEvent();
   JXJsonObject body = event->event->getJsonObject();
-  // Holds an id that is new each time.
+  // Contains a new ID each time.
   body.remove("context");
   return JXJsonWriter::write(body, JXJsonStyle::Compact).text;
 }
 
-// A reason is shown to a person, on one line of a terminal.
-void checkReason(const std::string& reason) {
-  require(!reason.empty(), "a refusal has a reason");
-  require(isUtf8(reason), "a reason is UTF-8", reason, {});
-  require(reason.back() != '.', "a reason has no full stop", reason, {});
-  const bool isOneLine = std::none_of(reason.begin(), reason.end(), [](char c) {
+// Expects an error message that fits one line of a terminal.
+void checkMessage(const std::string& message) {
+  require(!message.empty(), "a rejected line has an error message");
+  require(isUtf8(message), "an error message is UTF-8", message, {});
+  require(message.back() != '.', "an error message does not end with a full stop", message, {});
+  const bool isOneLine = std::none_of(message.begin(), message.end(), [](char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
   });
-  require(isOneLine, "a reason is one line without control characters", reason, {});
+  require(isOneLine, "an error message has no control characters", message, {});
 }
 
 void checkCommand(std::string_view line, const ScriptCommand& command) {
@@ -44,11 +44,11 @@ void checkCommand(std::string_view line, const ScriptCommand& command) {
   }
   const JXJsonReading reading = JXJsonReader::read(line);
   require(reading.value.object().get("do").string().testString(),
-          "a command is an object that says what to do", line, {});
+          "a command is an object with the key \"do\"", line, {});
   const std::string body = bodyOf(command);
   if (body.empty()) return;
   const JXJsonReading written = JXJsonReader::read(body);
-  require(written.value.kind() == JXJsonValue::Kind::Object, "an event is written as an object",
+  require(written.value.kind() == JXJsonValue::Kind::Object, "an event is serialised as an object",
           written.error, body);
 }
 
@@ -57,14 +57,15 @@ void check(std::string_view line) {
   if (first) {
     checkCommand(line, *first);
   } else {
-    checkReason(first.error().text);
+    checkMessage(first.error().text);
   }
-  // Nothing is remembered between lines, and a carriage return at the end is no matter.
+  // Lines are independent of each other, and a trailing carriage return is ignored.
   const Result<ScriptCommand> second = readScriptLine(std::string(line) + "\r");
-  require(static_cast<bool>(first) == static_cast<bool>(second), "a line reads the same again");
+  require(static_cast<bool>(first) == static_cast<bool>(second),
+          "a line is accepted or rejected again");
   if (!first) return;
   require(first->index() == second->index() && bodyOf(*first) == bodyOf(*second),
-          "a line does the same again", bodyOf(*second), bodyOf(*first));
+          "a line is parsed as the same command again", bodyOf(*second), bodyOf(*first));
 }
 
 }  // namespace

@@ -15,55 +15,57 @@ namespace jx::fuzz {
 namespace {
 
 using std::chrono::milliseconds;
-using Wait = std::optional<milliseconds>;
+using Delay = std::optional<milliseconds>;
 
 constexpr std::int64_t kTenYearsMs = 10LL * 365 * 24 * 60 * 60 * 1'000;
 
-std::string textOf(const Wait& wait) {
-  return wait ? std::to_string(wait->count()) + " ms" : "nothing";
+std::string textOf(const Delay& delay) {
+  return delay ? std::to_string(delay->count()) + " ms" : "nothing";
 }
 
-void requireWait(std::string_view text, std::int64_t nowMs, const Wait& wanted) {
-  const Wait found = parseRetryAfter(text, nowMs);
-  require(found == wanted, "the wait is the one that was asked for", textOf(found),
-          textOf(wanted) + " for " + std::string(text));
+void requireDelay(std::string_view text, std::int64_t nowMs, const Delay& expected) {
+  const Delay found = parseRetryAfter(text, nowMs);
+  require(found == expected, "the delay is the requested one", textOf(found),
+          textOf(expected) + " for " + std::string(text));
 }
 
 void checkAnyText(std::string_view text, std::int64_t nowMs) {
-  const Wait wait = parseRetryAfter(text, nowMs);
-  if (wait) {
-    require(wait->count() >= 0, "no wait is negative", textOf(wait), text);
-    require(wait->count() <= kTenYearsMs, "no wait is longer than ten years", textOf(wait), text);
+  const Delay delay = parseRetryAfter(text, nowMs);
+  if (delay) {
+    require(delay->count() >= 0, "no delay is negative", textOf(delay), text);
+    require(delay->count() <= kTenYearsMs, "no delay is longer than ten years", textOf(delay),
+            text);
   }
-  requireWait("\t " + std::string(text) + " \r\n", nowMs, wait);
-  // A number of seconds, and nothing else, is all digits.
+  requireDelay("\t " + std::string(text) + " \r\n", nowMs, delay);
+  // Exactly a number of seconds consists of digits only.
   const bool isNumber = !text.empty() && std::all_of(text.begin(), text.end(),
                                                      [](char c) { return c >= '0' && c <= '9'; });
   if (!isNumber) return;
   const std::string digits(text.substr(std::min(text.find_first_not_of('0'), text.size() - 1)));
   const bool isShort = digits.size() <= 12;
   const std::int64_t ms = isShort ? std::stoll(digits) * 1'000 : kTenYearsMs;
-  requireWait(text, nowMs, milliseconds(std::min(ms, kTenYearsMs)));
+  requireDelay(text, nowMs, milliseconds(std::min(ms, kTenYearsMs)));
 }
 
-// The wait until an instant of a whole second, at least 0.
-Wait until(std::int64_t second, std::int64_t nowMs) {
+// Returns the delay until a point in time in seconds, at least 0.
+Delay until(std::int64_t second, std::int64_t nowMs) {
   return milliseconds(std::clamp(second * 1'000 - nowMs, std::int64_t{0}, kTenYearsMs));
 }
 
-// The three forms in which HTTP writes an instant, and one with a field that no clock shows.
+// Tests the three date formats of HTTP, and a date with an invalid hour.
 void checkDate(Input input) {
   // From the year 0 to the year 9999.
   constexpr std::int64_t kFirst = -62'167'219'200;
   constexpr std::int64_t kSpan = 315'569'520'000;
   const auto second = static_cast<std::time_t>(
       kFirst + static_cast<std::int64_t>(input.number(8) % std::uint64_t{kSpan}));
-  // Within twenty years of the date, where the wait is neither 0 nor the longest.
+  // The current time is up to thirty years before or ten years after the date, so that the delay
+  // may be 0, the maximum or in between.
   const std::int64_t nowMs =
       second * 1'000 + kTenYearsMs - static_cast<std::int64_t>(input.number(8) % (4 * kTenYearsMs));
   std::tm parts{};
   require(::gmtime_r(&second, &parts) != nullptr && ::timegm(&parts) == second,
-          "the system knows the date");
+          "the system can convert the date");
   std::array<char, 64> text{};
   std::strftime(text.data(), text.size(), "%a, %d %b %Y %H:%M:%S GMT", &parts);
   // strftime writes a year before 1000 with fewer digits.
@@ -71,15 +73,15 @@ void checkDate(Input input) {
   std::snprintf(year.data(), year.size(), "%04d", parts.tm_year + 1900);
   std::string date(text.data());
   date.replace(12, date.size() - 12 - 13, year.data());
-  requireWait(date, nowMs, until(second, nowMs));
+  requireDelay(date, nowMs, until(second, nowMs));
   std::strftime(text.data(), text.size(), "%a %b %e %H:%M:%S ", &parts);
-  requireWait(std::string(text.data()) + year.data(), nowMs, until(second, nowMs));
+  requireDelay(std::string(text.data()) + year.data(), nowMs, until(second, nowMs));
   if (parts.tm_year >= 100 && parts.tm_year < 200) {
     std::strftime(text.data(), text.size(), "%A, %d-%b-%y %H:%M:%S GMT", &parts);
-    requireWait(text.data(), nowMs, until(second, nowMs));
+    requireDelay(text.data(), nowMs, until(second, nowMs));
   }
   date.replace(17, 2, "24");
-  requireWait(date, nowMs, std::nullopt);
+  requireDelay(date, nowMs, std::nullopt);
 }
 
 }  // namespace

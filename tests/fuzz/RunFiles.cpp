@@ -24,9 +24,9 @@ std::vector<fs::path> filesUnder(const fs::path& path) {
   return files;
 }
 
-void tryFile(const fs::path& path) {
+void runFile(const fs::path& path) {
   const std::string content = jx::fuzz::contentOf(path.string());
-  // Said before, so that the last line names the file that ended the process.
+  // Printed first, so that the last line names the file that aborted the process.
   std::printf("%s\n", path.filename().c_str());
   std::fflush(stdout);
   LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(content.data()), content.size());
@@ -34,16 +34,16 @@ void tryFile(const fs::path& path) {
 
 }  // namespace
 
-// Stands in for the fuzzer where the compiler has none: tries files, and those of folders. A target
-// without any past finding has no folder of them.
-int main(int count, char** arguments) {
-  std::size_t tried = 0;
-  for (int i = 1; i < count; ++i) {
+// Replaces the fuzzer for compilers without libFuzzer: runs the given files and the files of the
+// given folders. The folder of regressions may be missing.
+int main(int argumentCount, char** arguments) {
+  std::size_t count = 0;
+  for (int i = 1; i < argumentCount; ++i) {
     for (const fs::path& file : filesUnder(arguments[i])) {
-      tryFile(file);
-      ++tried;
+      runFile(file);
+      ++count;
     }
   }
-  std::printf("%zu files tried\n", tried);
-  return tried == 0 ? 1 : 0;
+  std::printf("%zu files run\n", count);
+  return count == 0 ? 1 : 0;
 }

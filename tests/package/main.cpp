@@ -1,8 +1,9 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What a host asks of the library's boundary: types known on both sides of it, virtual operations
-// called in both directions, and the templates of the headers made for a class of the host's own.
+// Tests the binary interface of the library: types that are used on both sides, virtual calls in
+// both directions, and templates of the headers that are instantiated for a class of the
+// application.
 #include <iostream>
 #include <typeinfo>
 

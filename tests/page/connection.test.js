@@ -31,21 +31,21 @@ async function send(text) {
 const shows = (names) =>
   until(`the list shows ${names}`, async () => String(await namesIn(page)) === String(names));
 
-test('Reset asks first, then removes everything for good', async () => {
+test('Reset asks for confirmation, then deletes all events', async () => {
   await send(search('one'));
   await send(search('two'));
   await shows(['search', 'search']);
   await page.click('#reset');
-  assert.match(await page.locator('dialog').innerText(), /2 events are removed/);
-  await page.getByRole('button', { name: 'Keep them' }).click();
+  assert.match(await page.locator('dialog').innerText(), /2 events will be permanently deleted/);
+  await page.getByRole('button', { name: 'Cancel' }).click();
   assert.equal((await collector.get('/api/summary')).events, 2);
   await page.click('#reset');
-  await page.getByRole('button', { name: 'Remove all' }).click();
+  await page.getByRole('button', { name: 'Delete all' }).click();
   await page.locator('.first-steps').waitFor();
   assert.equal((await collector.get('/api/summary')).events, 0);
 });
 
-test('While the collector is away the page says since when, and comes back by itself', async () => {
+test('Shows since when the connection is lost, and reconnects automatically', async () => {
   await send(search('kept'));
   await shows(['search']);
   await collector.stop();
@@ -61,15 +61,15 @@ test('While the collector is away the page says since when, and comes back by it
   await shows(['login', 'search']);
 });
 
-test('Try now does not wait for the next try', async () => {
+test('Retry now does not wait for the retry delay', async () => {
   await collector.stop();
   await page.locator('.notice.away').waitFor();
   await collector.startAgain();
-  await page.getByRole('button', { name: 'Try now' }).click();
+  await page.getByRole('button', { name: 'Retry now' }).click();
   await page.locator('.notice.away').waitFor({ state: 'hidden' });
 });
 
-test('Armed faults show as a line above everything, and are cleared there', async () => {
+test('Shows active faults in a notice that can clear them', async () => {
   await collector.post('/api/faults', JSON.stringify({ next: 0, status: 429, retry_after: '1' }));
   const armed = page.locator('.notice.armed');
   await armed.waitFor();
@@ -80,7 +80,7 @@ test('Armed faults show as a line above everything, and are cleared there', asyn
   assert.equal(await send(search('taken')), 200);
 });
 
-test('The export links give what the filters let through', async () => {
+test('Export links apply the filters', async () => {
   await collector.post('/api/reset', '{}');
   await send(search('one'));
   await send(body('login', {}));

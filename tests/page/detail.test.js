@@ -22,7 +22,7 @@ after(async () => {
   await collector.remove();
 });
 
-/** Sends bodies to an emptied collector and opens the last of them. */
+/** Resets the collector, sends bodies, and opens the last event. */
 async function withEvents(bodies, use) {
   await collector.post('/api/reset', '{}');
   for (const text of bodies) await sender.send(text);
@@ -48,7 +48,7 @@ const PURCHASE = {
   payment_method: 'card', status: 'confirmed', items: [ITEM],
 };
 
-test('The body is a tree whose branches fold, with context and user folded at first', () =>
+test('Shows the body as a tree, with context and user collapsed initially', () =>
   withEvents([body('purchase', PURCHASE)], async (page) => {
     const price = keyAt(page, 'items[0].product.price');
     await price.waitFor();
@@ -57,13 +57,13 @@ test('The body is a tree whose branches fold, with context and user folded at fi
     await page.locator('#panel summary', { hasText: 'items' }).click();
     await price.waitFor({ state: 'hidden' });
     assert.equal(await keyAt(page, 'context.device.os.name').count(), 0);
-    await page.getByRole('button', { name: 'Unfold all' }).click();
+    await page.getByRole('button', { name: 'Expand all' }).click();
     await keyAt(page, 'context.device.os.name').waitFor();
-    await page.getByRole('button', { name: 'Fold all', exact: true }).click();
+    await page.getByRole('button', { name: 'Collapse all', exact: true }).click();
     await price.waitFor({ state: 'hidden' });
   }));
 
-test('Numbers show digit for digit as they were received, and a repeated key twice', () => {
+test('Shows numbers exactly as received, and a duplicate key twice', () => {
   const text = body('quiz', {}).replace('{', '{"exact":1.10,"large":12345678901234567890,' +
     '"small":0.000000000000000000001,"power":1E+2,"twice":1,"twice":2,');
   return withEvents([text], async (page) => {
@@ -76,24 +76,24 @@ test('Numbers show digit for digit as they were received, and a repeated key twi
   });
 });
 
-test('Each reason stands beside its key, and in a list on top that leads there', () => {
+test('Shows each diagnostic next to its key, and in a list that links to it', () => {
   const { status, ...incomplete } = PURCHASE;
   const wrong = { ...incomplete, revenue: 'twenty', items: [{ ...ITEM, quantity: '6' }] };
   return withEvents([body('purchase', wrong)], async (page) => {
-    assert.equal(await page.locator('.badge').innerText(), '▲ bad');
+    assert.equal(await page.locator('.badge').innerText(), '▲ invalid');
     const listed = await page.locator('.reasons li.error .path').allInnerTexts();
     assert.deepEqual(listed.sort(), ['items[0].quantity', 'revenue', 'status']);
     for (const key of listed) {
       assert.equal(await keyAt(page, key).locator('> .reason.error').count(), 1, key);
     }
-    assert.equal(await keyAt(page, 'status').locator('.value').innerText(), 'absent');
-    await page.getByRole('button', { name: 'Fold all', exact: true }).click();
+    assert.equal(await keyAt(page, 'status').locator('.value').innerText(), 'missing');
+    await page.getByRole('button', { name: 'Collapse all', exact: true }).click();
     await page.locator('.reasons .path', { hasText: 'items[0].quantity' }).click();
     await keyAt(page, 'items[0].quantity').waitFor({ state: 'visible' });
   });
 });
 
-test('The differences to the previous event of the name, with ids and times folded', () =>
+test('Shows differences to the previous event, with IDs and times collapsed', () =>
   withEvents([
     body('quiz', { page_name: 'quiz', answer: 'A', old: true }, { atMs: 1767225600000 }),
     body('login', {}),
@@ -102,10 +102,10 @@ test('The differences to the previous event of the name, with ids and times fold
     await page.getByRole('tab', { name: 'Differences' }).click();
     const changes = page.locator('.panel .changes').first().locator('.change');
     await changes.first().waitFor();
-    const told = await changes.evaluateAll((nodes) => nodes.map((node) =>
+    const shown = await changes.evaluateAll((nodes) => nodes.map((node) =>
       [node.className, node.querySelector('.key').textContent,
         ...[...node.querySelectorAll('.value')].map((value) => value.textContent)].join(' ')));
-    assert.deepEqual(told, ['change changed answer "A" "B"', 'change added added[0] 1',
+    assert.deepEqual(shown, ['change changed answer "A" "B"', 'change added added[0] 1',
       'change removed old true']);
     const folded = page.locator('.volatile');
     assert.equal(await folded.evaluate((node) => node.open), false);
@@ -114,20 +114,20 @@ test('The differences to the previous event of the name, with ids and times fold
     assert.deepEqual(volatile, ['context.event_id', 'context.event_timestamp']);
   }));
 
-test('A good event without notes has neither a list of reasons nor a place where it was', () =>
+test('A valid event without warnings shows no list of diagnostics', () =>
   withEvents([search('x')], async (page) => {
     await page.locator('.tree').waitFor();
     assert.equal(await page.locator('.reasons').count(), 0);
     assert.doesNotMatch(await page.locator('#detail').innerText(), /null|undefined/);
   }));
 
-test('An event without an earlier one of its name says so', () =>
+test('Reports that there is no previous event of the same name', () =>
   withEvents([body('quiz', {})], async (page) => {
     await page.getByRole('tab', { name: 'Differences' }).click();
-    await page.getByText('No earlier event of this name').waitFor();
+    await page.getByText('No previous event with this name').waitFor();
   }));
 
-test('The request tells its query and headers', () =>
+test('Shows the query and headers of the request', () =>
   withEvents([search('x')], async (page) => {
     await page.getByRole('tab', { name: 'Request' }).click();
     const cell = (name) => page.locator('.pairs tr', { has: page.locator(`th:text-is("${name}")`) })
@@ -138,7 +138,7 @@ test('The request tells its query and headers', () =>
     assert.match(headers, /content-type\s+application\/json/i);
   }));
 
-test('The raw body is what was received, and is copied whole', () => {
+test('Shows and copies the raw body as received', () => {
   const text = body('quiz', {}).replace('{', '{ "spaced" :   1.50 ,');
   return withEvents([text], async (page) => {
     await page.getByRole('tab', { name: 'Raw' }).click();
@@ -149,13 +149,13 @@ test('The raw body is what was received, and is copied whole', () => {
   });
 });
 
-test('A body that is no JSON shows as text, with what is wrong', () =>
+test('Shows an invalid JSON body as text, with the error', () =>
   withEvents(['{"event_name": "broken'], async (page) => {
-    await page.locator('.panel .reason.error', { hasText: 'No JSON' }).waitFor();
+    await page.locator('.panel .reason.error', { hasText: 'Invalid JSON' }).waitFor();
     assert.equal(await page.locator('.panel .raw').textContent(), '{"event_name": "broken');
   }));
 
-test('Markup from a device is text everywhere, and no script of it runs', () => {
+test('Shows markup from a device as text and does not run its scripts', () => {
   const image = '<img src=x onerror="globalThis.isBroken=1">';
   const script = '<script>globalThis.isBroken=1</script>';
   return withEvents([
@@ -180,7 +180,7 @@ test('Markup from a device is text everywhere, and no script of it runs', () => 
   });
 });
 
-test('The policy of the page refuses scripts that are not its own files', async () => {
+test('The content security policy blocks all scripts but the files of the page', async () => {
   const page = await openPage(browser, collector.page);
   try {
     const refused = await page.evaluate(async () => {
@@ -195,7 +195,7 @@ test('The policy of the page refuses scripts that are not its own files', async 
       document.body.append(holder);
       let evaluated = 'refused';
       try {
-        // Not a direct eval, which the harness itself would be exempt from.
+        // Not a direct eval: the test harness is exempt from the policy there.
         evaluated = globalThis.setTimeout('globalThis.isBroken = 1', 0);
       } catch {
         evaluated = 'refused';
@@ -206,8 +206,8 @@ test('The policy of the page refuses scripts that are not its own files', async 
     assert.equal(refused.isBroken, undefined);
     assert.ok(refused.policies.includes('script-src-elem'), String(refused.policies));
     assert.ok(refused.policies.includes('script-src-attr'), String(refused.policies));
-    const answer = await fetch(collector.page);
-    const policy = answer.headers.get('content-security-policy');
+    const response = await fetch(collector.page);
+    const policy = response.headers.get('content-security-policy');
     for (const part of ["default-src 'none'", "script-src 'self'", "style-src 'self'",
       "connect-src 'self'", "base-uri 'none'", "form-action 'none'", "frame-ancestors 'none'"]) {
       assert.ok(policy.includes(part), `${part} in ${policy}`);
@@ -218,14 +218,14 @@ test('The policy of the page refuses scripts that are not its own files', async 
   }
 });
 
-test('A body of many keys opens at once, and is shown piece by piece', () => {
+test('Opens a body with many keys at once and shows it in pages', () => {
   const many = Object.fromEntries(Array.from({ length: 5000 }, (_, index) => [`k${index}`, index]));
   return withEvents([body('quiz', { many })], async (page) => {
     await page.locator('#panel summary', { hasText: 'many' }).click();
     await keyAt(page, 'many.k0').waitFor();
     assert.equal(await page.locator('#panel li').count() < 300, true);
     await page.getByText('Show more').click();
-    await until('the next piece is there',
+    await until('the next page is shown',
       async () => await keyAt(page, 'many.k399').count() === 1);
   });
 });

@@ -36,7 +36,7 @@ async function withPage(hash, use) {
 const shows = (page, names) =>
   until(`the list shows ${names}`, async () => String(await namesIn(page)) === String(names));
 
-test('An event shows as it arrives, without a reload', () => withPage('', async (page) => {
+test('Shows an event when it arrives, without a reload', () => withPage('', async (page) => {
   await page.evaluate(() => { globalThis.isSamePage = true; });
   await sender.send(search('lighthouse'));
   await shows(page, ['search']);
@@ -45,7 +45,7 @@ test('An event shows as it arrives, without a reload', () => withPage('', async 
   assert.equal(await page.evaluate(() => globalThis.isSamePage), true);
 }));
 
-test('A collector without events tells how to reach it', () => withPage('', async (page) => {
+test('An empty collector shows how to connect an application', () => withPage('', async (page) => {
   const steps = page.locator('.first-steps');
   await steps.waitFor();
   const text = await steps.innerText();
@@ -55,7 +55,7 @@ test('A collector without events tells how to reach it', () => withPage('', asyn
   await steps.waitFor({ state: 'hidden' });
 }));
 
-test('Each filter lets through what it names, and its chip removes it', async () => {
+test('Each filter shows matching events, and its chip removes it', async () => {
   await sender.send(search('lighthouse'));
   await sender.send(body('search', {}, { session: 'OTHER-SESSION' }));
   await sender.send(body('video_start', {
@@ -85,7 +85,7 @@ test('Each filter lets through what it names, and its chip removes it', async ()
   });
 });
 
-test('An address with filters shows the same list to whoever opens it', async () => {
+test('A URL with filters opens the filtered list', async () => {
   await sender.send(search('lighthouse'));
   await sender.send(search('harbour'));
   await sender.send(body('login', {}));
@@ -97,7 +97,7 @@ test('An address with filters shows the same list to whoever opens it', async ()
   });
 });
 
-test('What arrives passes the filters that are set, by text too', () =>
+test('Applies all filters, including text, to new events', () =>
   withPage('#text=harbour', async (page) => {
     await page.locator('.first-steps').waitFor();
     await sender.send(search('lighthouse'));
@@ -105,13 +105,13 @@ test('What arrives passes the filters that are set, by text too', () =>
     await shows(page, ['search']);
     await page.click('.chip[data-filter="text"]');
     await page.click('[data-good="false"]');
-    await sender.send(search('good, so it stays out'));
+    await sender.send(search('valid, so it does not match'));
     await sender.send(body('search', {}));
     await shows(page, ['search']);
     assert.equal(await rowsOf(page).first().locator('.mark.error').innerText(), '1 error');
   }));
 
-test('While paused arrivals are counted, and shown afterwards', () => withPage('', async (page) => {
+test('Counts new events while paused and shows them on resume', () => withPage('', async (page) => {
   await sender.send(search('before'));
   await shows(page, ['search']);
   await page.keyboard.press('p');
@@ -123,7 +123,7 @@ test('While paused arrivals are counted, and shown afterwards', () => withPage('
   await shows(page, ['sign_up', 'login', 'search']);
 }));
 
-test('A repeated event stays one row and is counted', () => withPage('', async (page) => {
+test('A repeated event is one row with a counter', () => withPage('', async (page) => {
   const text = search('twice', { id: 'REPEATED-1' });
   await sender.send(text);
   await shows(page, ['search']);
@@ -132,18 +132,18 @@ test('A repeated event stays one row and is counted', () => withPage('', async (
   assert.deepEqual(await namesIn(page), ['search']);
 }));
 
-test('The counts and the chart of the last hour follow', () => withPage('', async (page) => {
+test('Updates the counters and the chart of the last hour', () => withPage('', async (page) => {
   await sender.send(search('good'));
   await sender.send(body('search', {}));
   await sender.send(body('search', {}));
   await page.locator('.counter.bad dd', { hasText: '2' }).waitFor();
   assert.equal(await page.locator('.counter.good dd').innerText(), '1');
   const label = await page.locator('.minute-chart').getAttribute('aria-label');
-  assert.match(label, /1 good, 2 bad/);
+  assert.match(label, /1 valid, 2 invalid/);
   assert.ok(await page.locator('.minute-chart rect.bad').count() > 0);
 }));
 
-test('Everything can be reached by keyboard', async () => {
+test('Supports keyboard navigation', async () => {
   for (const term of ['alpha', 'beta', 'gamma']) await sender.send(search(term));
   await withPage('', async (page) => {
     await shows(page, ['search', 'search', 'search']);
@@ -174,7 +174,7 @@ test('Everything can be reached by keyboard', async () => {
   });
 });
 
-test('The browser goes back from an opened event', async () => {
+test('The back button of the browser closes an open event', async () => {
   await sender.send(search('one'));
   await withPage('', async (page) => {
     await rowsOf(page).first().click();

@@ -11,42 +11,42 @@ import { Demo, until } from './support/program.js';
 
 const SCREENSHOTS = process.env.JX_SCREENSHOTS;
 const AA = 4.5;
-// Smaller than the window of the tests: a picture is to be read beside a text.
-const PICTURES = {
+// Smaller than the test window, so that screenshots are readable in the documentation.
+const SCREENSHOT_SIZES = {
   list: { width: 1090, height: 540 },
   detail: { width: 1090, height: 540 },
   session: { width: 1280, height: 440 },
 };
 const PHONE = { width: 360, height: 740 };
-const PHONE_PICTURES = { list: 'light', detail: 'dark', session: 'light' };
+const PHONE_SCREENSHOTS = { list: 'light', detail: 'dark', session: 'light' };
 
 let demo;
 let browser;
-let badPurchase;
+let invalidPurchase;
 
 before(async () => {
   demo = await Demo.start();
   browser = await launch();
-  const answer = await fetch(`${demo.page}api/events?name=purchase&good=false&view=row`);
-  badPurchase = (await answer.json()).events[0].id;
+  const response = await fetch(`${demo.page}api/events?name=purchase&good=false&view=row`);
+  invalidPurchase = (await response.json()).events[0].id;
 });
 after(async () => {
   await browser.close();
   await demo.remove();
 });
 
-/** The views, and what is there when they are drawn. */
+/** The URL fragment of each view, and an element that is present when it is rendered. */
 const views = () => ({
   list: ['', '.space .row .name'],
-  detail: [`#event=${badPurchase}`, '.tree .missing'],
+  detail: [`#event=${invalidPurchase}`, '.tree .missing'],
   session: ['#view=sessions&session=evening-1', '.mark-point'],
 });
 
 async function inView(name, options, use) {
-  const [hash, settled] = views()[name];
+  const [hash, rendered] = views()[name];
   const page = await openPage(browser, demo.page + hash, options);
   try {
-    await page.locator(settled).first().waitFor();
+    await page.locator(rendered).first().waitFor();
     await page.locator('.minute-chart').waitFor();
     await use(page);
   } finally {
@@ -54,7 +54,7 @@ async function inView(name, options, use) {
   }
 }
 
-async function picture(page, name) {
+async function takeScreenshot(page, name) {
   if (!SCREENSHOTS) return;
   await mkdir(SCREENSHOTS, { recursive: true });
   await page.screenshot({ path: join(SCREENSHOTS, `inspector-${name}.png`) });
@@ -74,18 +74,18 @@ const TEXTS = {
 
 for (const colorScheme of ['light', 'dark']) {
   for (const name of ['list', 'detail', 'session']) {
-    test(`${name}, ${colorScheme}: every text stands out by at least ${AA} to 1`, () =>
+    test(`${name}, ${colorScheme}: the contrast of text is at least ${AA} to 1`, () =>
       inView(name, { colorScheme }, async (page) => {
         const found = await contrastsOf(page, TEXTS[name]);
         for (const [selector, contrast] of Object.entries(found)) {
           assert.ok(contrast !== null, `${selector} is not on the page`);
           assert.ok(contrast >= AA, `${selector}: ${contrast.toFixed(2)}`);
         }
-        await page.setViewportSize(PICTURES[name]);
-        await picture(page, `${name}-${colorScheme}`);
+        await page.setViewportSize(SCREENSHOT_SIZES[name]);
+        await takeScreenshot(page, `${name}-${colorScheme}`);
       }));
 
-    test(`${name}, ${colorScheme}: on a phone nothing reaches beyond the screen`, () =>
+    test(`${name}, ${colorScheme}: fits the width of a phone`, () =>
       inView(name, { colorScheme, ...PHONE }, async (page) => {
         assert.equal(await overflowOf(page), 0);
         const wide = await page.evaluate(() => [...document.querySelectorAll('body *')]
@@ -93,23 +93,23 @@ for (const colorScheme of ['light', 'dark']) {
             node.getBoundingClientRect().right > innerWidth + 0.5)
           .map((node) => `${node.tagName}.${node.className}`));
         assert.deepEqual(wide, []);
-        const isShown = PHONE_PICTURES[name] === colorScheme;
-        if (isShown) await picture(page, `phone-${name}-${colorScheme}`);
+        const isShown = PHONE_SCREENSHOTS[name] === colorScheme;
+        if (isShown) await takeScreenshot(page, `phone-${name}-${colorScheme}`);
       }));
   }
 }
 
-test('Everything that can be pressed has a name', () => inView('detail', {}, async (page) => {
-  const nameless = await page.evaluate(() =>
+test('Every control has an accessible name', () => inView('detail', {}, async (page) => {
+  const unnamed = await page.evaluate(() =>
     [...document.querySelectorAll('button, a, input, select, summary, [role=button]')]
       .filter((node) => !(node.getAttribute('aria-label') ?? node.textContent).trim())
       .map((node) => node.outerHTML));
-  assert.deepEqual(nameless, []);
+  assert.deepEqual(unnamed, []);
 }));
 
-test('What has the focus is seen to have it', () => inView('list', {}, async (page) => {
+test('Shows a focus outline on every control', () => inView('list', {}, async (page) => {
   const seen = new Set();
-  await until('the focus went around', async () => {
+  await until('the focus reaches the list', async () => {
     await page.keyboard.press('Tab');
     const focus = await page.evaluate(() => {
       const node = document.activeElement;
@@ -117,12 +117,12 @@ test('What has the focus is seen to have it', () => inView('list', {}, async (pa
       return { id: node.id || node.textContent, outline: style.outlineStyle };
     });
     if (focus.id !== '' && !seen.has('list')) {
-      assert.notEqual(focus.outline, 'none', `${focus.id} shows no focus`);
+      assert.notEqual(focus.outline, 'none', `${focus.id} has no focus outline`);
     }
     seen.add(focus.id);
     return seen.has('list');
   });
   for (const id of ['pause', 'reset', 'help', 'view-sessions', 'filter-text', 'filter-name']) {
-    assert.ok(seen.has(id), `${id} is reached by Tab`);
+    assert.ok(seen.has(id), `${id} can be reached with Tab`);
   }
 }));

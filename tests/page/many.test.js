@@ -9,25 +9,25 @@ import { search, Sender } from './support/events.js';
 import { Collector, until } from './support/program.js';
 
 const EVENTS = 100000;
-const PIECE = 5000;
+const BATCH = 5000;
 
 let collector;
 let browser;
 let page;
 
-/** As many events as wanted, made of one that the collector exported. */
+/** Imports copies of one exported event. */
 async function importMany() {
   const id = 'SEED-0000-4000-8000';
   const sender = new Sender(collector);
   await sender.send(search('seed', { id }));
   sender.close();
-  const answer = await fetch(new URL('/api/export.ndjson', collector.page));
-  const line = (await answer.text()).trim();
-  for (let made = 0; made < EVENTS; made += PIECE) {
-    const piece = Array.from({ length: PIECE }, () => line.replaceAll(id, randomUUID()));
+  const response = await fetch(new URL('/api/export.ndjson', collector.page));
+  const line = (await response.text()).trim();
+  for (let imports = 0; imports < EVENTS; imports += BATCH) {
+    const batch = Array.from({ length: BATCH }, () => line.replaceAll(id, randomUUID()));
     const { imported } =
-      await collector.post('/api/import', piece.join('\n'), 'application/x-ndjson');
-    assert.equal(imported, PIECE);
+      await collector.post('/api/import', batch.join('\n'), 'application/x-ndjson');
+    assert.equal(imported, BATCH);
   }
 }
 
@@ -45,8 +45,8 @@ after(async () => {
 
 const MOST_ROWS = 80;
 
-test('Only what is in sight is in the document, however far one scrolls', async (t) => {
-  // The list grows as its end comes near, so the end is reached in several steps.
+test('Only visible rows are in the document while scrolling', async (t) => {
+  // The list loads more rows near its end, so the end is reached in several steps.
   const scroll = () => page.evaluate(() => {
     const list = document.getElementById('list');
     list.scrollTop = list.scrollHeight;
@@ -65,7 +65,7 @@ test('Only what is in sight is in the document, however far one scrolls', async 
   assert.ok(most > 10 && most <= MOST_ROWS, `${most} rows`);
 });
 
-test('With everything loaded, moving and arrivals still draw', async (t) => {
+test('Scrolls and shows new events with all rows loaded', async (t) => {
   const list = page.locator('#list');
   await list.focus();
   await page.keyboard.press('Home');

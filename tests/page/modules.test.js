@@ -6,7 +6,7 @@ import { after, before, test } from 'node:test';
 import { launch, openPage } from './support/browser.js';
 import { Collector } from './support/program.js';
 
-// The parts that decide and draw nothing, asked in the browser that will run them.
+// Tests of the modules without a user interface, run in the browser.
 
 let collector;
 let browser;
@@ -22,36 +22,36 @@ after(async () => {
   await collector.remove();
 });
 
-test('The JSON reader tells what is no JSON, and where', async () => {
-  const faults = await page.evaluate(async () => {
+test('JSON reader reports the offset of invalid JSON', async () => {
+  const offsets = await page.evaluate(async () => {
     const { readJson } = await import('/json.js');
     const trial = (text) => {
       try {
         readJson(text);
         return null;
-      } catch (fault) {
-        return fault.offset;
+      } catch (error) {
+        return error.offset;
       }
     };
     return ['{}', ' [1, {"a": null}] ', '', '{', '[1,]', '01', '1.', '{"a":1}x', '"\t"', '"\\x"',
       '{a:1}', '[1 2]'].map(trial);
   });
-  assert.deepEqual(faults, [null, null, 0, 1, 3, 1, 1, 7, 0, 0, 1, 3]);
+  assert.deepEqual(offsets, [null, null, 0, 1, 3, 1, 1, 7, 0, 0, 1, 3]);
 });
 
-test('The JSON reader refuses what is nested too deeply, with stack to spare', async () => {
+test('JSON reader rejects deep nesting without exhausting the stack', async () => {
   const message = await page.evaluate(async () => {
     const { readJson } = await import('/json.js');
     try {
       return readJson('['.repeat(200000));
-    } catch (fault) {
-      return fault.message;
+    } catch (error) {
+      return error.message;
     }
   });
   assert.match(message, /too deeply/);
 });
 
-test('The JSON reader takes a text of megabytes', async () => {
+test('JSON reader accepts a string of megabytes', async () => {
   const length = await page.evaluate(async () => {
     const { readJson } = await import('/json.js');
     return readJson(JSON.stringify('x\n'.repeat(4000000))).text.length;
@@ -59,8 +59,8 @@ test('The JSON reader takes a text of megabytes', async () => {
   assert.equal(length, 8000000);
 });
 
-test('Server-sent events are put together from any pieces', async () => {
-  const told = await page.evaluate(async () => {
+test('Event parser accepts chunks of any size', async () => {
+  const parsed = await page.evaluate(async () => {
     const { EventParser } = await import('/stream.js');
     const text = ': heartbeat\n\nevent: arrival\nid: 7\ndata: {"a":\ndata: 1}\n\r\n' +
       'data: plain\n\nevent: reset\ndata: {}\r\n\r\n';
@@ -74,7 +74,7 @@ test('Server-sent events are put together from any pieces', async () => {
     });
   });
   const wanted = [['arrival', '7', '{"a":\n1}'], ['message', null, 'plain'], ['reset', null, '{}']];
-  assert.deepEqual(told, [wanted, wanted, wanted]);
+  assert.deepEqual(parsed, [wanted, wanted, wanted]);
 });
 
 test('The chart has a bar for each minute of the last hour, the current one last', async () => {
@@ -95,7 +95,7 @@ test('The chart has a bar for each minute of the last hour, the current one last
   assert.equal(lost, 0);
 });
 
-test('Steps never stand closer than a mark, and later ones stand further right', async () => {
+test('Steps are at least one mark apart, and later steps are further right', async () => {
   const { xs, width } = await page.evaluate(async () => {
     const { positions } = await import('/scale.js');
     return positions([0, 0, 5, 3600000, 3600001], 400);
@@ -106,7 +106,7 @@ test('Steps never stand closer than a mark, and later ones stand further right',
   assert.ok(width >= xs.at(-1));
 });
 
-test('A post-roll and an advertisement outside a break are segments of their own', async () => {
+test('A post-roll and an ad outside a break have separate segments', async () => {
   const segments = await page.evaluate(async () => {
     const { groupsOf, stepsOf } = await import('/lanes.js');
     const event = (id, name, adType) => ({
@@ -123,16 +123,16 @@ test('A post-roll and an advertisement outside a break are segments of their own
   assert.deepEqual(segments, [['pre-roll', 0, 1], ['post-roll', 2, 5]]);
 });
 
-test('Faults are told in words', async () => {
-  const words = await page.evaluate(async () => {
-    const { faultWords } = await import('/notices.js');
+test('Describes active faults', async () => {
+  const descriptions = await page.evaluate(async () => {
+    const { describeFaults } = await import('/notices.js');
     return [null, { next: 0 }, { next: 3, status: 503, action: 'answer' },
       { next: 1, action: 'reset', delay_ms: 500 }, { next: 0, action: 'hang' },
-      { next: 0, delay_ms: 2000 }].map(faultWords);
+      { next: 0, delay_ms: 2000 }].map(describeFaults);
   });
-  assert.deepEqual(words, ['', '',
-    'The collector answers the next 3 requests with status 503.',
-    'The collector breaks the connection of the next 1 request, after 500 ms.',
-    'The collector leaves every request without an answer.',
-    'The collector answers every request late, after 2.0 s.']);
+  assert.deepEqual(descriptions, ['', '',
+    'The collector responds to the next 3 requests with status 503.',
+    'The collector resets the connection of the next 1 request, after 500 ms.',
+    'The collector leaves every request without a response.',
+    'The collector delays the response to every request by 2.0 s.']);
 });

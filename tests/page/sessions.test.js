@@ -23,7 +23,7 @@ after(async () => {
 
 const marksIn = (kind) => page.locator(`.mark-point[data-kind="${kind}"]`);
 
-// Written down from the demo's script.
+// Copied from the script of the demo.
 const FILM = ['video_start', 'video_ad_break_start', 'video_ad_start', 'video_ad_playing',
   'video_ad_complete', 'video_ad_break_complete', 'video_content_start', 'video_buffer_start',
   'video_buffer_complete', 'video_subtitle_on', 'video_seek_start', 'video_seek_complete',
@@ -31,7 +31,7 @@ const FILM = ['video_start', 'video_ad_break_start', 'video_ad_start', 'video_ad
   'video_ad_break_complete', 'video_content_quarter_reached', 'video_pause', 'video_resume',
   'video_volume', 'video_content_quarter_reached', 'video_content_complete', 'video_complete'];
 
-test('The film of the demo has a mark for each event, in order from left to right', async () => {
+test('Shows a mark for each event of the film, from left to right', async () => {
   const marks = await page.locator('.mark-point').evaluateAll((nodes) => nodes.map((node) => ({
     name: node.dataset.name,
     x: node.getBoundingClientRect().x,
@@ -39,7 +39,7 @@ test('The film of the demo has a mark for each event, in order from left to righ
   assert.deepEqual(marks.sort((a, b) => a.x - b.x).map((mark) => mark.name), FILM);
 });
 
-test('Playing, pause, buffering and seeking are stretches that tell their length', async () => {
+test('Shows playing, pause, buffering and seeking as segments with durations', async () => {
   const titles = (kind) => page.locator(`.segment.${kind} title`).allTextContents();
   assert.deepEqual(await titles('buffering'), ['buffering 3.8 s']);
   assert.deepEqual(await titles('seeking'), ['seeking 2.1 s']);
@@ -49,18 +49,18 @@ test('Playing, pause, buffering and seeking are stretches that tell their length
   assert.equal((await titles('playing')).length, 4);
 });
 
-test('Quarters tell how far the film had come; a wrong position is unknown', async () => {
+test('Shows the position of each quarter, and ? for an invalid position', async () => {
   const labels = await marksIn('quarter').evaluateAll((nodes) =>
     nodes.map((node) => node.getAttribute('aria-label').split(', ').at(-1)));
   assert.deepEqual(labels, ['25%', '50%', '?']);
   assert.equal(await page.locator('.mark-point.bad').count(), 1);
 });
 
-test('The half hour in the background shows as the beginning of a new session', async () => {
+test('Marks the new session after half an hour in the background', async () => {
   assert.equal(await page.locator('.session-break').count(), 1);
 });
 
-test('Pointing at a mark shows its event, choosing it opens the whole', async () => {
+test('Hovering over a mark previews its event, clicking opens it', async () => {
   await marksIn('pause').hover();
   await page.locator('.readout strong', { hasText: 'video_pause' }).waitFor();
   await marksIn('pause').click();
@@ -69,7 +69,7 @@ test('Pointing at a mark shows its event, choosing it opens the whole', async ()
   await page.locator('#detail').waitFor({ state: 'hidden' });
 });
 
-test('The marks are walked through with the arrow keys', async () => {
+test('The arrow keys move between marks', async () => {
   await page.locator('.mark-point[tabindex="0"]').focus();
   await page.keyboard.press('Home');
   await page.keyboard.press('ArrowRight');
@@ -81,7 +81,7 @@ test('The marks are walked through with the arrow keys', async () => {
   await page.keyboard.press('Escape');
 });
 
-test('Shopping is drawn as steps from the list to the purchase', async () => {
+test('Shows shopping as steps from the list to the purchase', async () => {
   const first = page.locator('.session-list .entry:not(.video)').last();
   await first.click();
   await page.locator('.stair').waitFor();
@@ -93,12 +93,12 @@ test('Shopping is drawn as steps from the list to the purchase', async () => {
   assert.deepEqual(names, ['view_item_list', 'select_item', 'view_item', 'add_to_cart',
     'add_to_cart', 'view_cart', 'remove_from_cart', 'begin_checkout', 'add_shipping_info',
     'add_payment_info', 'purchase', 'purchase']);
-  assert.ok(shopping[0].y < shopping.at(-1).y, 'the purchase stands below the list');
+  assert.ok(shopping[0].y < shopping.at(-1).y, 'the purchase is below the list');
   assert.equal(await page.locator('.mark-point.bad[data-name="purchase"]').count(), 1);
 });
 
-test('A session can be read as a list', async () => {
-  await page.getByText('Show as a list').click();
+test('Shows a session as a list', async () => {
+  await page.getByText('Show as list').click();
   await page.locator('.chip[data-filter="session"]').waitFor();
   await until('the list holds the session', async () =>
     (await page.locator('.space .row .name').allInnerTexts()).includes('app_start') ||

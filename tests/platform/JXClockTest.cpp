@@ -11,7 +11,7 @@
 namespace jx {
 namespace {
 
-TEST(JXManualClock, StandsStillUntilItIsMoved) {
+TEST(JXManualClock, KeepsItsTimeUntilItIsChanged) {
   JXManualClock clock(1700000000000);
   EXPECT_EQ(clock.nowMs(), 1700000000000);
   EXPECT_EQ(clock.nowMs(), 1700000000000);
@@ -25,7 +25,7 @@ TEST(JXManualClock, AdvancesByMillisecondsAndBack) {
   EXPECT_EQ(clock.nowMs(), -1);
 }
 
-TEST(JXManualClock, CanBeSet) {
+TEST(JXManualClock, SetsTheTime) {
   JXManualClock clock(5);
   clock.set(7);
   EXPECT_EQ(clock.nowMs(), 7);

@@ -15,7 +15,7 @@ std::uint32_t numberFor(const JXEnvironment& environment) {
   return defaultEncodingNumber(environment, nothingInstalled);
 }
 
-TEST(EncodingNumber, EveryCharsetOfTheListIsKnown) {
+TEST(EncodingNumber, ReturnsTheNumberOfEveryListedCharset) {
   EXPECT_EQ(encodingNumber("ASCII"), 1U);
   EXPECT_EQ(encodingNumber("ANSI_X3.4-1968"), 1U);
   EXPECT_EQ(encodingNumber("NEXTSTEP"), 2U);
@@ -40,7 +40,7 @@ TEST(EncodingNumber, EveryCharsetOfTheListIsKnown) {
   EXPECT_EQ(encodingNumber("UTF-32LE"), 0x9C000100U);
 }
 
-TEST(EncodingNumber, SpellingDoesNotMatter) {
+TEST(EncodingNumber, IgnoresSpellingVariants) {
   for (const char* name : {"utf8", "UTF-8", "utf-8", "Utf_8"}) {
     EXPECT_EQ(encodingNumber(name), 4U) << name;
   }
@@ -49,21 +49,21 @@ TEST(EncodingNumber, SpellingDoesNotMatter) {
   EXPECT_EQ(encodingNumber("SJIS"), 8U);
 }
 
-TEST(EncodingNumber, OtherCharsetsHaveNone) {
+TEST(EncodingNumber, ReturnsZeroForUnknownCharsets) {
   for (const char* name : {"", "KOI8-R", "ISO-8859-15", "GB18030", "-", "\xff\xfe"}) {
     EXPECT_EQ(encodingNumber(name), 0U) << name;
   }
   EXPECT_EQ(encodingNumber("UTF-8" + std::string(10000, '8')), 0U);
 }
 
-TEST(DefaultEncoding, TheNameOfTheLocaleTellsTheCharset) {
+TEST(DefaultEncoding, ReadsTheCharsetFromTheLocaleName) {
   EXPECT_EQ(numberFor({{"LANG", "fr_CA.UTF-8"}}), 4U);
   EXPECT_EQ(numberFor({{"LANG", "fr_CA.ISO-8859-1@x"}}), 5U);
   EXPECT_EQ(numberFor({{"LANG", "C.UTF-8"}}), 4U);
   EXPECT_EQ(numberFor({{"LANG", "ru_RU.KOI8-R"}}), 0U);
 }
 
-TEST(DefaultEncoding, LcAllBeforeLcCtypeBeforeLang) {
+TEST(DefaultEncoding, PrefersLcAllOverLcCtypeOverLang) {
   JXEnvironment environment{
       {"LC_ALL", "ja_JP.eucJP"}, {"LC_CTYPE", "ja_JP.SJIS"}, {"LANG", "ja_JP.UTF-8"}};
   EXPECT_EQ(numberFor(environment), 3U);
@@ -73,14 +73,14 @@ TEST(DefaultEncoding, LcAllBeforeLcCtypeBeforeLang) {
   EXPECT_EQ(numberFor(environment), 4U);
 }
 
-TEST(DefaultEncoding, TheCLocaleIsAsciiAndSoIsNone) {
+TEST(DefaultEncoding, ReturnsAsciiForTheCLocaleAndForNoLocale) {
   EXPECT_EQ(numberFor({{"LANG", "C"}}), 1U);
   EXPECT_EQ(numberFor({{"LC_ALL", "POSIX"}}), 1U);
   EXPECT_EQ(numberFor({{"LANG", ""}}), 1U);
   EXPECT_EQ(numberFor({}), 1U);
 }
 
-TEST(DefaultEncoding, ANameWithoutCharsetAsksTheInstalledLocale) {
+TEST(DefaultEncoding, UsesTheInstalledLocaleForANameWithoutCharset) {
   const auto latin1 = [](const JXString& name) {
     EXPECT_EQ(name, JXString("fr_FR"));
     return JXInstalledLocale{"ISO-8859-1", nullptr, nullptr};
@@ -89,7 +89,7 @@ TEST(DefaultEncoding, ANameWithoutCharsetAsksTheInstalledLocale) {
   EXPECT_EQ(numberFor({{"LANG", "fr_FR"}}), 0U);
 }
 
-TEST(InstalledLocale, TheCLocaleIsAlwaysThereAndHasNoMoney) {
+TEST(InstalledLocale, FindsTheCLocaleWithoutACurrency) {
   const auto found = findInstalledLocale("C");
   ASSERT_TRUE(found.has_value());
   EXPECT_EQ(encodingNumber(found->charset.view()), 1U);
@@ -97,7 +97,7 @@ TEST(InstalledLocale, TheCLocaleIsAlwaysThereAndHasNoMoney) {
   EXPECT_EQ(found->currencySymbol, JXString());
 }
 
-TEST(InstalledLocale, NamesThatAreNoLocaleAreNotLookedFor) {
+TEST(InstalledLocale, RejectsMalformedNames) {
   for (const char* name :
        {"", "xx_YY.UTF-8", "../../etc/passwd", "/etc", "fr_CA:en", "\xff", "C/.."}) {
     EXPECT_FALSE(findInstalledLocale(name).has_value()) << name;

@@ -16,7 +16,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXFakePlatform, CountsItsUUIDsUpInHexadecimal) {
+TEST(JXFakePlatform, IncrementsUUIDsInHexadecimal) {
   JXFakePlatform platform;
   EXPECT_EQ(platform.newUUID(), JXString("00000000-0000-4000-8000-000000000001"));
   for (int i = 0; i < 8; ++i)
@@ -25,7 +25,7 @@ TEST(JXFakePlatform, CountsItsUUIDsUpInHexadecimal) {
   EXPECT_EQ(platform.uuidCount(), 10);
 }
 
-TEST(JXFakePlatform, DefaultsHoldCountAndCanBeTakenAway) {
+TEST(JXFakePlatform, StoresAndCountsDefaultsAndCanOmitThem) {
   JXFakePlatform platform;
   platform.defaults.preset("old", "1");
   ASSERT_EQ(platform.userDefaults(), &platform.defaults);
@@ -43,21 +43,21 @@ TEST(JXFakePlatform, DefaultsHoldCountAndCanBeTakenAway) {
   EXPECT_EQ(platform.userDefaults(), nullptr);
 }
 
-TEST(JXFakePlatform, AnswersForTheUserAgentNowOrLater) {
+TEST(JXFakePlatform, ReturnsTheUserAgentImmediatelyOrLater) {
   JXFakePlatform platform;
-  std::vector<JXString> answers;
-  const auto keep = [&answers](const JXString& answer) { answers.push_back(answer); };
+  std::vector<JXString> received;
+  const auto keep = [&received](const JXString& value) { received.push_back(value); };
   platform.requestUserAgent(keep);
   platform.userAgentAnswersLater = true;
   platform.requestUserAgent(keep);
-  EXPECT_EQ(answers, std::vector<JXString>{"ExampleAgent/1.0"});
+  EXPECT_EQ(received, std::vector<JXString>{"ExampleAgent/1.0"});
   EXPECT_EQ(platform.answerUserAgent("Late/2"), 1);
   EXPECT_EQ(platform.answerUserAgent("Late/3"), 0);
-  EXPECT_EQ(answers, (std::vector<JXString>{"ExampleAgent/1.0", "Late/2"}));
+  EXPECT_EQ(received, (std::vector<JXString>{"ExampleAgent/1.0", "Late/2"}));
   EXPECT_EQ(platform.userAgentRequestCount(), 2);
 }
 
-TEST(JXFakePlatform, TellsItsObserversWhenTheTestSaysSo) {
+TEST(JXFakePlatform, NotifiesObserversOnRequest) {
   JXFakePlatform platform;
   EXPECT_FALSE(platform.enterBackground());
   std::string calls;
@@ -68,7 +68,7 @@ TEST(JXFakePlatform, TellsItsObserversWhenTheTestSaysSo) {
   EXPECT_EQ(platform.observeCount(), 1);
 }
 
-TEST(TemporaryFolder, IsRemovedWithAllThatItHolds) {
+TEST(TemporaryFolder, RemovesItsContents) {
   std::string path;
   {
     const TemporaryFolder folder;
@@ -85,7 +85,7 @@ TEST(TemporaryFolder, IsRemovedWithAllThatItHolds) {
   EXPECT_EQ(::stat("/etc", &status), 0);
 }
 
-TEST(ScopedEnvironment, PutsTheOldValuesBack) {
+TEST(ScopedEnvironment, RestoresThePreviousValues) {
   ::setenv("JX_TEST_KEPT", "old", 1);
   ::unsetenv("JX_TEST_NEW");
   {

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(LanguageTag, TerritoryFollowsTheLanguage) {
+TEST(LanguageTag, AppendsTheTerritoryToTheLanguage) {
   EXPECT_EQ(languageTag("fr_CA"), JXString("fr-CA"));
   EXPECT_EQ(languageTag("fr_CA.UTF-8"), JXString("fr-CA"));
   EXPECT_EQ(languageTag("fr_CA.UTF-8@euro"), JXString("fr-CA"));
@@ -22,12 +22,12 @@ TEST(LanguageTag, TerritoryFollowsTheLanguage) {
   EXPECT_EQ(languageTag("es_419"), JXString("es-419"));
 }
 
-TEST(LanguageTag, CaseIsThatOfLanguageTags) {
+TEST(LanguageTag, NormalisesCase) {
   EXPECT_EQ(languageTag("FR_ca.utf8"), JXString("fr-CA"));
   EXPECT_EQ(languageTag("ZH_HANS_cn"), JXString("zh-Hans-CN"));
 }
 
-TEST(LanguageTag, AScriptStandsBetweenLanguageAndTerritory) {
+TEST(LanguageTag, WritesTheScriptBetweenLanguageAndTerritory) {
   EXPECT_EQ(languageTag("zh_Hans_CN"), JXString("zh-Hans-CN"));
   EXPECT_EQ(languageTag("sr_RS@latin"), JXString("sr-Latn-RS"));
   EXPECT_EQ(languageTag("sr_RS.UTF-8@cyrillic"), JXString("sr-Cyrl-RS"));
@@ -35,34 +35,36 @@ TEST(LanguageTag, AScriptStandsBetweenLanguageAndTerritory) {
   EXPECT_EQ(languageTag("ca_ES@valencia"), JXString("ca-ES-valencia"));
 }
 
-TEST(LanguageTag, ANameInTagFormIsKept) {
+TEST(LanguageTag, KeepsANameInTagForm) {
   EXPECT_EQ(languageTag("fr-CA"), JXString("fr-CA"));
   EXPECT_EQ(languageTag("zh-Hant-TW"), JXString("zh-Hant-TW"));
 }
 
-TEST(LanguageTag, TheCLocaleIsNoLanguage) {
+TEST(LanguageTag, ReturnsNullForTheCLocale) {
   for (const char* name : {"", "C", "POSIX", "C.UTF-8", "C.utf8", "POSIX.UTF-8"}) {
     EXPECT_EQ(languageTag(name), JXString()) << name;
   }
 }
 
-TEST(LanguageTag, MalformedNamesAreIgnored) {
+TEST(LanguageTag, ReturnsNullForMalformedNames) {
   for (const char* name : {"f", "french", "fr_", "fr__CA", "_CA", "12", "fr_C!", "fr CA", "../../x",
                            "fr_CA/..", "fr_CA.\x01", "\xff\xfe", "fr_CA@\n", "fr_123456789"}) {
     EXPECT_EQ(languageTag(name), JXString()) << name;
   }
 }
 
-TEST(LanguageTag, ATagHasAtMost35Characters) {
+TEST(LanguageTag, ReturnsNullForMoreThan35Characters) {
   EXPECT_EQ(languageTag("fr_CA_abcdefgh_ijklmnop_qrstuvwx_yz"),
             JXString("fr-CA-abcdefgh-ijklmnop-qrstuvwx-yz"));  // 35
   EXPECT_EQ(languageTag("fr_CA_abcdefgh_ijklmnop_qrstuvwx_yza"), JXString());
   EXPECT_EQ(languageTag(std::string(10000, 'a')), JXString());
 }
 
-TEST(PreferredLanguages, NothingSetGivesNone) { EXPECT_THAT(preferredLanguageTags({}), IsEmpty()); }
+TEST(PreferredLanguages, ReturnsNothingIfNothingIsSet) {
+  EXPECT_THAT(preferredLanguageTags({}), IsEmpty());
+}
 
-TEST(PreferredLanguages, LcAllBeforeLcMessagesBeforeLang) {
+TEST(PreferredLanguages, PrefersLcAllOverLcMessagesOverLang) {
   JXEnvironment environment{
       {"LC_ALL", "fr_CA.UTF-8"}, {"LC_MESSAGES", "de_DE.UTF-8"}, {"LANG", "en_GB.UTF-8"}};
   EXPECT_THAT(preferredLanguageTags(environment), ElementsAre(JXString("fr-CA")));
@@ -72,18 +74,18 @@ TEST(PreferredLanguages, LcAllBeforeLcMessagesBeforeLang) {
   EXPECT_THAT(preferredLanguageTags(environment), ElementsAre(JXString("en-GB")));
 }
 
-TEST(PreferredLanguages, LanguageComesFirstAndTheLocaleLast) {
+TEST(PreferredLanguages, ListsLanguageBeforeTheLocale) {
   const JXEnvironment environment{{"LANGUAGE", "nb_NO:nn:da_DK"}, {"LANG", "sv_SE.UTF-8"}};
   EXPECT_THAT(preferredLanguageTags(environment),
               ElementsAre(JXString("nb-NO"), JXString("nn"), JXString("da-DK"), JXString("sv-SE")));
 }
 
-TEST(PreferredLanguages, EachLanguageIsListedOnce) {
+TEST(PreferredLanguages, ListsEachLanguageOnce) {
   const JXEnvironment environment{{"LANGUAGE", "fr_CA:fr:fr_CA"}, {"LANG", "fr_CA.UTF-8"}};
   EXPECT_THAT(preferredLanguageTags(environment), ElementsAre(JXString("fr-CA"), JXString("fr")));
 }
 
-TEST(PreferredLanguages, LanguageDoesNotCountInTheCLocale) {
+TEST(PreferredLanguages, IgnoresLanguageInTheCLocale) {
   EXPECT_THAT(preferredLanguageTags({{"LANGUAGE", "fr_CA"}, {"LANG", "C"}}), IsEmpty());
   EXPECT_THAT(preferredLanguageTags({{"LANGUAGE", "fr_CA"}, {"LC_ALL", "POSIX"}}), IsEmpty());
   EXPECT_THAT(preferredLanguageTags({{"LANGUAGE", "fr_CA"}}), IsEmpty());
@@ -91,14 +93,14 @@ TEST(PreferredLanguages, LanguageDoesNotCountInTheCLocale) {
               ElementsAre(JXString("fr-CA")));
 }
 
-TEST(PreferredLanguages, UnusableEntriesAreSkipped) {
+TEST(PreferredLanguages, SkipsUnusableEntries) {
   const JXEnvironment environment{{"LANGUAGE", "::C:!!:" + std::string(500, 'x') + ":it_IT:"},
                                   {"LANG", "en_US.UTF-8"}};
   EXPECT_THAT(preferredLanguageTags(environment),
               ElementsAre(JXString("it-IT"), JXString("en-US")));
 }
 
-TEST(PreferredLanguages, AListOfTenThousandCharactersGivesSixteenLanguages) {
+TEST(PreferredLanguages, ReturnsAtMostSixteenLanguages) {
   std::string list;
   for (char first = 'a'; first <= 'z'; ++first) {
     for (char second = 'a'; second <= 'z'; ++second) {

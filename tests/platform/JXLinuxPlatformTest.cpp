@@ -22,13 +22,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A system of files and lists that the test writes.
+// A system with files and lists that the test provides.
 class LinuxPlatform : public testing::Test {
  protected:
   JXLinuxPlatform& platform() {
     if (!platform_) {
       platform_ = std::make_unique<JXLinuxPlatform>(
-          host_,
+          overrides_,
           JXLinuxSystem{environment_, root_.path(), [](const JXString&) { return std::nullopt; },
                         [this] {
                           ++kernelReads_;
@@ -44,13 +44,13 @@ class LinuxPlatform : public testing::Test {
   }
 
   JXString userAgent() {
-    JXString text("never answered");
+    JXString text("never called");
     platform().requestUserAgent([&text](const JXString& answer) { text = answer; });
     return text;
   }
 
   test::TemporaryFolder root_;
-  JXHostOverrides host_;
+  JXHostOverrides overrides_;
   JXEnvironment environment_;
   JXNetworkReading reading_;
   std::chrono::steady_clock::time_point now_;
@@ -59,9 +59,9 @@ class LinuxPlatform : public testing::Test {
   std::unique_ptr<JXLinuxPlatform> platform_;
 };
 
-TEST_F(LinuxPlatform, AnswersFromTheEnvironmentThatItWasGiven) {
+TEST_F(LinuxPlatform, ReadsTheGivenEnvironment) {
   environment_ = {{"LANG", "fr_CA.UTF-8"}, {"TZ", "Asia/Tokyo"}, {"HOME", "/home/tv"}};
-  host_.bundle.identifier = "com.example.tv";
+  overrides_.bundle.identifier = "com.example.tv";
   EXPECT_THAT(platform().preferredLanguages(), ElementsAre(JXString("fr-CA")));
   EXPECT_EQ(platform().currencyCode(), JXString("CAD"));
   EXPECT_EQ(platform().currencySymbol(), JXString("$"));
@@ -71,7 +71,7 @@ TEST_F(LinuxPlatform, AnswersFromTheEnvironmentThatItWasGiven) {
             JXString("/home/tv/.local/state/jxserverside/com.example.tv"));
 }
 
-TEST_F(LinuxPlatform, DescribesSystemAndHardware) {
+TEST_F(LinuxPlatform, ReturnsSystemAndHardware) {
   root_.write("etc/os-release", "NAME=\"Example OS\"\nVERSION_ID=4.2\n");
   root_.write("sys/firmware/devicetree/base/model", "Example Board\n");
   root_.write("sys/class/graphics/fb0/virtual_size", "1280,720\n");
@@ -83,7 +83,7 @@ TEST_F(LinuxPlatform, DescribesSystemAndHardware) {
   EXPECT_EQ(platform().screenBounds().height, 720);
 }
 
-TEST_F(LinuxPlatform, ReadsFactsOfTheSystemOnceForAllThreads) {
+TEST_F(LinuxPlatform, ReadsSystemInformationOnceForAllThreads) {
   root_.write("etc/os-release", "NAME=Before\n");
   JXLinuxPlatform& shared = platform();
   std::vector<std::thread> threads;
@@ -96,9 +96,9 @@ TEST_F(LinuxPlatform, ReadsFactsOfTheSystemOnceForAllThreads) {
   EXPECT_EQ(kernelReads_.load(), 1);
 }
 
-TEST_F(LinuxPlatform, StatesWhatTheHostStated) {
-  host_.bundle = {"com.example.tv", "Example TV", "100", "1.0"};
-  host_.screen = {1920, 1080};
+TEST_F(LinuxPlatform, ReturnsTheValuesOfTheApplication) {
+  overrides_.bundle = {"com.example.tv", "Example TV", "100", "1.0"};
+  overrides_.screen = {1920, 1080};
   const JXBundleInformation bundle = platform().bundleInformation();
   EXPECT_EQ(bundle.identifier, JXString("com.example.tv"));
   EXPECT_EQ(bundle.name, JXString("Example TV"));
@@ -107,7 +107,7 @@ TEST_F(LinuxPlatform, StatesWhatTheHostStated) {
   EXPECT_EQ(platform().screenBounds().width, 1920);
 }
 
-TEST_F(LinuxPlatform, WhatTheHostLeftOutIsAbsent) {
+TEST_F(LinuxPlatform, ReturnsNullForValuesThatAreNotSet) {
   const JXBundleInformation bundle = platform().bundleInformation();
   EXPECT_EQ(bundle.identifier, JXString());
   EXPECT_EQ(bundle.name, JXString());
@@ -115,7 +115,7 @@ TEST_F(LinuxPlatform, WhatTheHostLeftOutIsAbsent) {
   EXPECT_EQ(bundle.shortVersion, JXString());
 }
 
-TEST_F(LinuxPlatform, HasNoAdvertisingAndNoStoreOfSettings) {
+TEST_F(LinuxPlatform, HasNeitherAdvertisingNorASettingsStore) {
   root_.write("etc/machine-id", "0123456789abcdef0123456789abcdef\n");
   EXPECT_FALSE(platform().isAdvertisingTrackingAllowed());
   EXPECT_EQ(platform().advertisingIdentifier(), JXString());
@@ -124,29 +124,29 @@ TEST_F(LinuxPlatform, HasNoAdvertisingAndNoStoreOfSettings) {
   EXPECT_EQ(platform().userDefaults(), nullptr);
 }
 
-TEST_F(LinuxPlatform, TheUserAgentOfTheHostIsAnsweredUnchanged) {
-  host_.userAgent = "Host/1.0 (a; b)";
+TEST_F(LinuxPlatform, ReturnsTheConfiguredUserAgentUnchanged) {
+  overrides_.userAgent = "Host/1.0 (a; b)";
   EXPECT_EQ(userAgent(), JXString("Host/1.0 (a; b)"));
 }
 
-TEST_F(LinuxPlatform, ElseTheUserAgentIsMadeOfTheSystem) {
+TEST_F(LinuxPlatform, BuildsADefaultUserAgentFromTheSystem) {
   root_.write("etc/os-release", "NAME=\"Debian GNU/Linux\"\nVERSION_ID=\"12\"\n");
-  host_.userAgent = "";
+  overrides_.userAgent = "";
   EXPECT_EQ(userAgent(), JXString("Debian-GNU-Linux/12 (aarch64)"));
 }
 
-TEST_F(LinuxPlatform, AnEmptyCallForTheUserAgentIsIgnored) {
+TEST_F(LinuxPlatform, IgnoresAnEmptyUserAgentCallback) {
   platform().requestUserAgent(nullptr);
   EXPECT_EQ(kernelReads_.load(), 0);
 }
 
-TEST_F(LinuxPlatform, NeverCallsTheObserversOfTheApplication) {
+TEST_F(LinuxPlatform, NeverCallsApplicationObservers) {
   int calls = 0;
   platform().observeApplication([&calls] { ++calls; }, [&calls] { ++calls; });
   EXPECT_EQ(calls, 0);
 }
 
-TEST_F(LinuxPlatform, TheKindOfNetworkIsReadAgainAfterOneSecond) {
+TEST_F(LinuxPlatform, RefreshesTheNetworkKindAfterOneSecond) {
   EXPECT_EQ(platform().networkKind(), JXNetworkKind::None);
   reading_.interfaces = {{"wlan0", true, false, true}};
   now_ += std::chrono::milliseconds(999);
@@ -157,7 +157,7 @@ TEST_F(LinuxPlatform, TheKindOfNetworkIsReadAgainAfterOneSecond) {
   EXPECT_EQ(networkReads_, 2);
 }
 
-TEST_F(LinuxPlatform, AddressesAreReadAtEachCall) {
+TEST_F(LinuxPlatform, ReadsAddressesInEachCall) {
   EXPECT_THAT(platform().interfaceAddresses(), IsEmpty());
   reading_.addresses = {
       {"eth0", JXInterfaceAddress::Family::IPv4, {192, 0, 2, 1}},
@@ -166,7 +166,7 @@ TEST_F(LinuxPlatform, AddressesAreReadAtEachCall) {
   EXPECT_EQ(platform().interfaceAddresses()[0].name, JXString("eth0"));
 }
 
-TEST_F(LinuxPlatform, MakesUUIDsAndKnowsItsProcess) {
+TEST_F(LinuxPlatform, ReturnsUUIDsAndTheProcessId) {
   EXPECT_EQ(platform().newUUID().size(), 36U);
   EXPECT_NE(platform().newUUID(), platform().newUUID());
   EXPECT_NE((std::uint64_t{platform().randomBits()} << 32 | platform().randomBits()),
@@ -174,7 +174,7 @@ TEST_F(LinuxPlatform, MakesUUIDsAndKnowsItsProcess) {
   EXPECT_EQ(platform().processIdentifier(), ::getpid());
 }
 
-// The platform of this machine with variables that the test sets.
+// The platform of this machine, with environment variables set by the test.
 class SystemPlatform : public testing::Test {
  protected:
   SystemPlatform() {
@@ -188,7 +188,7 @@ class SystemPlatform : public testing::Test {
 
   static std::shared_ptr<JXPlatform> make() { return makeSystemPlatform({}, {}, nullptr); }
 
-  // Calls every operation that reads the system.
+  // Calls every operation that reads system data.
   static void readEverything(JXPlatform& platform) {
     platform.userDefaults();
     platform.defaultStorageFolder();
@@ -212,7 +212,7 @@ class SystemPlatform : public testing::Test {
   test::ScopedEnvironment environment_;
 };
 
-TEST_F(SystemPlatform, ACanadianTelevisionInTokyo) {
+TEST_F(SystemPlatform, ReadsLocaleAndTimeZoneVariables) {
   environment_.set("LANG", "fr_CA.UTF-8");
   environment_.set("TZ", "Asia/Tokyo");
   const auto platform = make();
@@ -223,7 +223,7 @@ TEST_F(SystemPlatform, ACanadianTelevisionInTokyo) {
   EXPECT_EQ(platform->timeZoneName(), JXString("Asia/Tokyo"));
 }
 
-TEST_F(SystemPlatform, TheCLocaleHasNoLanguageAndNoMoney) {
+TEST_F(SystemPlatform, ReturnsNoLanguageAndCurrencyForTheCLocale) {
   environment_.set("LANG", "C");
   const auto platform = make();
   EXPECT_THAT(platform->preferredLanguages(), IsEmpty());
@@ -232,7 +232,7 @@ TEST_F(SystemPlatform, TheCLocaleHasNoLanguageAndNoMoney) {
   EXPECT_EQ(platform->defaultEncoding(), 1U);
 }
 
-TEST_F(SystemPlatform, NoVariableStopsTheStart) {
+TEST_F(SystemPlatform, StartsWithInvalidVariables) {
   const std::string values[] = {"",
                                 "C",
                                 std::string(10000, 'a'),
@@ -261,23 +261,23 @@ TEST_F(SystemPlatform, NoVariableStopsTheStart) {
   }
 }
 
-TEST_F(SystemPlatform, NothingSetAtAllIsEnough) { readEverything(*make()); }
+TEST_F(SystemPlatform, StartsWithoutAnyVariable) { readEverything(*make()); }
 
-TEST_F(SystemPlatform, ATimeZoneThatIsMissingIsUtc) {
+TEST_F(SystemPlatform, ReturnsUtcForAMissingTimeZone) {
   const test::TemporaryFolder folder;
   environment_.set("TZDIR", folder.path());
   environment_.set("TZ", ":Missing/Zone");
   EXPECT_EQ(make()->timeZoneName(), JXString("UTC"));
 }
 
-TEST_F(SystemPlatform, KeepsTheVariablesOfItsMaking) {
+TEST_F(SystemPlatform, KeepsTheVariablesOfItsCreation) {
   environment_.set("LANG", "fr_CA.UTF-8");
   const auto platform = make();
   environment_.set("LANG", "ja_JP.UTF-8");
   EXPECT_THAT(platform->preferredLanguages(), ElementsAre(JXString("fr-CA")));
 }
 
-TEST_F(SystemPlatform, LeavesTheLocaleOfTheHostAlone) {
+TEST_F(SystemPlatform, DoesNotChangeTheLocaleOfTheProcess) {
   ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
   environment_.set("LANG", "C.UTF-8");
   environment_.set("LC_MONETARY", "fr_CA.UTF-8");

@@ -22,7 +22,7 @@ void expectMoney(const JXMoney& money, const JXString& code, const JXString& sym
   EXPECT_EQ(money.symbol, symbol);
 }
 
-TEST(LocaleMoney, ATerritoryTellsItsCurrencyWhereNoLocaleIsInstalled) {
+TEST(LocaleMoney, UsesTheTerritoryIfTheLocaleIsNotInstalled) {
   expectMoney(localeMoney({{"LANG", "fr_CA.UTF-8"}}, nothingInstalled), "CAD", "$");
   expectMoney(localeMoney({{"LANG", "en_GB"}}, nothingInstalled), "GBP", "£");
   expectMoney(localeMoney({{"LANG", "de_DE.UTF-8@euro"}}, nothingInstalled), "EUR", "€");
@@ -30,7 +30,7 @@ TEST(LocaleMoney, ATerritoryTellsItsCurrencyWhereNoLocaleIsInstalled) {
   expectMoney(localeMoney({{"LANG", "zh_Hans_CN"}}, nothingInstalled), "CNY", "¥");
 }
 
-TEST(LocaleMoney, LcAllBeforeLcMonetaryBeforeLang) {
+TEST(LocaleMoney, PrefersLcAllOverLcMonetaryOverLang) {
   JXEnvironment environment{{"LC_ALL", "en_GB"}, {"LC_MONETARY", "de_CH"}, {"LANG", "en_US"}};
   expectMoney(localeMoney(environment, nothingInstalled), "GBP", "£");
   environment["LC_ALL"] = "";
@@ -39,23 +39,23 @@ TEST(LocaleMoney, LcAllBeforeLcMonetaryBeforeLang) {
   expectMoney(localeMoney(environment, nothingInstalled), "USD", "$");
 }
 
-TEST(LocaleMoney, LcMessagesSaysNothingAboutMoney) {
+TEST(LocaleMoney, IgnoresLcMessages) {
   expectMoney(localeMoney({{"LC_MESSAGES", "fr_FR"}}, nothingInstalled), nullptr, nullptr);
 }
 
-TEST(LocaleMoney, NoTerritoryNoMoney) {
+TEST(LocaleMoney, ReturnsNothingWithoutATerritory) {
   for (const char* name : {"C", "POSIX", "C.UTF-8", "", "eo", "es_419", "en_AQ", "en_QQ", "!!"}) {
     expectMoney(localeMoney({{"LANG", name}}, nothingInstalled), nullptr, nullptr);
   }
   expectMoney(localeMoney({}, nothingInstalled), nullptr, nullptr);
 }
 
-TEST(LocaleMoney, AnInstalledLocaleIsBelieved) {
+TEST(LocaleMoney, UsesTheInstalledLocale) {
   expectMoney(localeMoney({{"LANG", "de_DE.UTF-8"}}, installed("UTF-8", "DEM", "DM")), "DEM", "DM");
   expectMoney(localeMoney({{"LANG", "eo"}}, installed("UTF-8", "XDR", "¤")), "XDR", "¤");
 }
 
-TEST(LocaleMoney, TheLookupIsAskedForTheEffectiveName) {
+TEST(LocaleMoney, LooksUpTheEffectiveLocaleName) {
   JXString asked;
   localeMoney({{"LC_MONETARY", "fr_CA.UTF-8"}, {"LANG", "en_US"}}, [&asked](const JXString& name) {
     asked = name;
@@ -64,7 +64,7 @@ TEST(LocaleMoney, TheLookupIsAskedForTheEffectiveName) {
   EXPECT_EQ(asked, JXString("fr_CA.UTF-8"));
 }
 
-TEST(LocaleMoney, ASymbolInAnotherCharsetIsReplacedByOurs) {
+TEST(LocaleMoney, ReplacesASymbolInAnotherCharset) {
   expectMoney(localeMoney({{"LANG", "fr_FR@euro"}}, installed("ISO-8859-15", "EUR", "\xA4")), "EUR",
               "€");
   expectMoney(localeMoney({{"LANG", "en_US"}}, installed("ISO-8859-1", "USD", "$")), "USD", "$");
@@ -72,11 +72,11 @@ TEST(LocaleMoney, ASymbolInAnotherCharsetIsReplacedByOurs) {
               "XTS");
 }
 
-TEST(LocaleMoney, AnInstalledLocaleWithoutACurrencyLeavesItToTheTerritory) {
+TEST(LocaleMoney, UsesTheTerritoryIfTheLocaleHasNoCurrency) {
   expectMoney(localeMoney({{"LANG", "en_GB"}}, installed("UTF-8", nullptr, nullptr)), "GBP", "£");
 }
 
-TEST(TerritoryMoney, KnowsCurrenciesThatChangedLately) {
+TEST(TerritoryMoney, KnowsRecentlyChangedCurrencies) {
   EXPECT_EQ(territoryMoney("HR").code, JXString("EUR"));
   EXPECT_EQ(territoryMoney("BG").code, JXString("EUR"));
   EXPECT_EQ(territoryMoney("CW").code, JXString("XCG"));
@@ -85,13 +85,13 @@ TEST(TerritoryMoney, KnowsCurrenciesThatChangedLately) {
   EXPECT_EQ(territoryMoney("ZW").code, JXString("ZWG"));
 }
 
-TEST(TerritoryMoney, TakesTwoUpperCaseLetters) {
+TEST(TerritoryMoney, AcceptsOnlyTwoUpperCaseLetters) {
   for (const char* text : {"", "G", "gb", "GBR", "ZZ", "00", "\xff\xff"}) {
     EXPECT_FALSE(territoryMoney(text).code.isPresent()) << text;
   }
 }
 
-TEST(TerritoryMoney, EveryTerritoryOfTheWorldHasACodeAndASymbol) {
+TEST(TerritoryMoney, ReturnsCodeAndSymbolForEveryTerritory) {
   const std::string territories =
       "AD AE AF AG AI AL AM AO AR AS AT AU AW AX AZ BA BB BD BE BF BG BH BI BJ BL BM BN BO BQ BR "
       "BS BT BV BW BY BZ CA CC CD CF CG CH CI CK CL CM CN CO CR CU CV CW CX CY CZ DE DJ DK DM DO "
@@ -108,7 +108,7 @@ TEST(TerritoryMoney, EveryTerritoryOfTheWorldHasACodeAndASymbol) {
     EXPECT_EQ(territoryMoney(territory).code.size(), 3U) << territory;
     EXPECT_TRUE(territoryMoney(territory).symbol.testString()) << territory;
   }
-  EXPECT_EQ(count, 248);  // Antarctica is the one without
+  EXPECT_EQ(count, 248);  // all except Antarctica
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ class NetworkKind : public testing::Test {
   test::TemporaryFolder root_;
 };
 
-TEST_F(NetworkKind, NothingUsableIsNone) {
+TEST_F(NetworkKind, ReturnsNoneWithoutAUsableInterface) {
   EXPECT_EQ(kind({}), JXNetworkKind::None);
   EXPECT_EQ(kind({{"lo", true, true, true}}), JXNetworkKind::None);
   hardware("eth0");
@@ -43,12 +43,12 @@ TEST_F(NetworkKind, NothingUsableIsNone) {
   EXPECT_EQ(kind({{"eth0", true, false, false}}), JXNetworkKind::None);
 }
 
-TEST_F(NetworkKind, AWiredDeviceIsEthernet) {
+TEST_F(NetworkKind, ReturnsEthernetForAWiredDevice) {
   hardware("enp3s0");
   EXPECT_EQ(kind({{"lo", true, true, true}, up("enp3s0")}), JXNetworkKind::Ethernet);
 }
 
-TEST_F(NetworkKind, WirelessPartsMakeItWifi) {
+TEST_F(NetworkKind, ReturnsWifiForAWirelessDevice) {
   hardware("wlan0", "wireless/status");
   EXPECT_EQ(kind({up("wlan0")}), JXNetworkKind::Wifi);
   hardware("mlan0", "phy80211/name");
@@ -58,7 +58,7 @@ TEST_F(NetworkKind, WirelessPartsMakeItWifi) {
   EXPECT_EQ(kind({up("net1")}), JXNetworkKind::Wifi);
 }
 
-TEST_F(NetworkKind, ModemsAreCellular) {
+TEST_F(NetworkKind, ReturnsCellularForModems) {
   hardware("wwan0");
   EXPECT_EQ(kind({up("wwan0")}), JXNetworkKind::Cellular);
   hardware("net2");
@@ -69,14 +69,14 @@ TEST_F(NetworkKind, ModemsAreCellular) {
   EXPECT_EQ(kind({up("usb7")}), JXNetworkKind::Cellular);
 }
 
-TEST_F(NetworkKind, WithoutSysTheNameDecides) {
+TEST_F(NetworkKind, ClassifiesByNameWithoutSys) {
   EXPECT_EQ(kind({up("wlan0")}), JXNetworkKind::Wifi);
   EXPECT_EQ(kind({up("wwan0")}), JXNetworkKind::Cellular);
   EXPECT_EQ(kind({up("eth0")}), JXNetworkKind::Ethernet);
   EXPECT_EQ(kind({up("docker0")}), JXNetworkKind::None);
 }
 
-TEST_F(NetworkKind, WiredBeforeWirelessBeforeCellularWithoutARoute) {
+TEST_F(NetworkKind, PrefersWiredOverWirelessOverCellular) {
   hardware("eth0");
   hardware("wlan0", "wireless/status");
   hardware("wwan0");
@@ -84,7 +84,7 @@ TEST_F(NetworkKind, WiredBeforeWirelessBeforeCellularWithoutARoute) {
   EXPECT_EQ(kind({up("wwan0"), up("wlan0")}), JXNetworkKind::Wifi);
 }
 
-TEST_F(NetworkKind, TheDefaultRouteWithTheLowestMetricDecides) {
+TEST_F(NetworkKind, PrefersTheDefaultRouteWithTheLowestMetric) {
   hardware("eth0");
   hardware("wlan0", "wireless/status");
   root_.write("proc/net/route",
@@ -95,7 +95,7 @@ TEST_F(NetworkKind, TheDefaultRouteWithTheLowestMetricDecides) {
   EXPECT_EQ(kind({up("eth0"), up("wlan0")}), JXNetworkKind::Ethernet);
 }
 
-TEST_F(NetworkKind, ARouteOfTheNewerProtocolCounts) {
+TEST_F(NetworkKind, ReadsIPv6Routes) {
   hardware("eth0");
   hardware("wlan0", "wireless/status");
   const std::string zeros(32, '0');
@@ -106,14 +106,14 @@ TEST_F(NetworkKind, ARouteOfTheNewerProtocolCounts) {
   EXPECT_EQ(kind({up("eth0"), up("wlan0")}), JXNetworkKind::Wifi);
 }
 
-TEST_F(NetworkKind, DamagedRoutesAreIgnored) {
+TEST_F(NetworkKind, IgnoresInvalidRoutes) {
   hardware("eth0");
   hardware("wlan0", "wireless/status");
   root_.write("proc/net/route", "Iface\n\xff\xfe\nwlan0\t00000000\nwlan0 00000000 a b c d x\n\n");
   EXPECT_EQ(kind({up("wlan0"), up("eth0")}), JXNetworkKind::Ethernet);
 }
 
-TEST_F(NetworkKind, ContainersOfThisMachineDoNotHideTheRealConnection) {
+TEST_F(NetworkKind, IgnoresBridgesOfLocalContainers) {
   root_.write("sys/class/net/docker0/bridge/bridge_id", "\n");
   root_.write("sys/class/net/veth12ab/type", "1\n");
   hardware("wlan0", "wireless/status");
@@ -121,25 +121,25 @@ TEST_F(NetworkKind, ContainersOfThisMachineDoNotHideTheRealConnection) {
   EXPECT_EQ(kind({up("docker0")}), JXNetworkKind::None);
 }
 
-TEST_F(NetworkKind, TheInsideOfAContainerIsEthernet) {
+TEST_F(NetworkKind, ReturnsEthernetInsideAContainer) {
   root_.write("sys/class/net/eth0/type", "1\n");
   EXPECT_EQ(kind({{"lo", true, true, true}, up("eth0")}), JXNetworkKind::Ethernet);
 }
 
-TEST_F(NetworkKind, ABridgeThatHoldsTheDefaultRouteIsEthernet) {
+TEST_F(NetworkKind, ReturnsEthernetForABridgeWithTheDefaultRoute) {
   root_.write("sys/class/net/br0/bridge/bridge_id", "\n");
   root_.write("proc/net/route", kRouteHead + defaultRoute("br0", 0));
   EXPECT_EQ(kind({up("br0")}), JXNetworkKind::Ethernet);
 }
 
-TEST_F(NetworkKind, AVirtualPrivateNetworkLeavesItToTheDeviceBelow) {
+TEST_F(NetworkKind, PrefersTheDeviceBelowAVpn) {
   root_.write("sys/class/net/tun0/type", "65534\n");
   hardware("wlan0", "wireless/status");
   root_.write("proc/net/route", kRouteHead + defaultRoute("tun0", 0) + defaultRoute("wlan0", 600));
   EXPECT_EQ(kind({up("tun0"), up("wlan0")}), JXNetworkKind::Wifi);
 }
 
-TEST(NetworkReading, LoopbackIsListedWithItsAddressInNetworkOrder) {
+TEST(NetworkReading, ListsLoopbackInNetworkByteOrder) {
   const JXNetworkReading reading = readNetworkInterfaces();
   const auto loopback = std::find_if(reading.interfaces.begin(), reading.interfaces.end(),
                                      [](const auto& entry) { return entry.isLoopback; });
@@ -153,14 +153,14 @@ TEST(NetworkReading, LoopbackIsListedWithItsAddressInNetworkOrder) {
   EXPECT_EQ(std::to_array(address->word), (std::array<std::uint8_t, 4>{127, 0, 0, 1}));
 }
 
-TEST(NetworkReading, TheWordOfTheNewerProtocolIsTheFlowInformation) {
+TEST(NetworkReading, ReturnsTheFlowInformationForIPv6) {
   for (const JXInterfaceAddress& entry : readNetworkInterfaces().addresses) {
     if (entry.family == JXInterfaceAddress::Family::IPv4) continue;
     EXPECT_EQ(std::to_array(entry.word), (std::array<std::uint8_t, 4>{0, 0, 0, 0})) << entry.name;
   }
 }
 
-TEST(NetworkReading, EachInterfaceIsListedOnce) {
+TEST(NetworkReading, ListsEachInterfaceOnce) {
   std::vector<std::string> names;
   for (const auto& entry : readNetworkInterfaces().interfaces)
     names.push_back(entry.name);

@@ -21,7 +21,7 @@ class OsRelease : public testing::Test {
   test::TemporaryFolder root_;
 };
 
-TEST_F(OsRelease, NameAndVersionAreRead) {
+TEST_F(OsRelease, ReadsNameAndVersion) {
   root_.write("etc/os-release",
               "PRETTY_NAME=\"Other\"\nNAME=\"Debian GNU/Linux\"\nVERSION_ID=\"12\"\n"
               "VERSION=\"12 (bookworm)\"\n");
@@ -29,7 +29,7 @@ TEST_F(OsRelease, NameAndVersionAreRead) {
   EXPECT_EQ(release().version, JXString("12"));
 }
 
-TEST_F(OsRelease, QuotesAreThoseOfAShell) {
+TEST_F(OsRelease, ParsesShellQuotes) {
   root_.write("etc/os-release", "NAME='It\"s TV'\nVERSION_ID=3.1\r\n");
   EXPECT_EQ(release().name, JXString("It\"s TV"));
   EXPECT_EQ(release().version, JXString("3.1"));
@@ -38,24 +38,24 @@ TEST_F(OsRelease, QuotesAreThoseOfAShell) {
   EXPECT_EQ(release().version, JXString("6.1.0"));
 }
 
-TEST_F(OsRelease, ALaterLineReplacesAnEarlierAndCommentsDoNotCount) {
+TEST_F(OsRelease, UsesTheLastLineAndIgnoresComments) {
   root_.write("etc/os-release", "#NAME=No\nNAME=One\nNAME=Two\nMYNAME=Three");
   EXPECT_EQ(release().name, JXString("Two"));
 }
 
-TEST_F(OsRelease, TheFileOfTheVendorIsTheSecondChoice) {
+TEST_F(OsRelease, FallsBackToTheVendorFile) {
   root_.write("usr/lib/os-release", "NAME=Vendor\nVERSION_ID=9\n");
   EXPECT_EQ(release().name, JXString("Vendor"));
   root_.write("etc/os-release", "NAME=Local\nVERSION_ID=1\n");
   EXPECT_EQ(release().name, JXString("Local"));
 }
 
-TEST_F(OsRelease, WithoutAFileTheKernelAnswers) {
+TEST_F(OsRelease, FallsBackToTheKernelWithoutAFile) {
   EXPECT_EQ(release().name, JXString("Linux"));
   EXPECT_EQ(release().version, JXString("6.1.0"));
 }
 
-TEST_F(OsRelease, DamagedFilesLeaveItToTheKernel) {
+TEST_F(OsRelease, FallsBackToTheKernelForInvalidFiles) {
   for (const std::string& content : {std::string(), std::string("NAME"), std::string("NAME="),
                                      std::string("NAME=\""), std::string("\xff\xfe\0\0", 4),
                                      "NAME=" + std::string(100000, 'x'), std::string("=\n=\n")}) {
@@ -65,20 +65,20 @@ TEST_F(OsRelease, DamagedFilesLeaveItToTheKernel) {
   }
 }
 
-TEST_F(OsRelease, APipeInThePlaceOfTheFileDoesNotBlock) {
+TEST_F(OsRelease, DoesNotBlockOnAFifo) {
   root_.makeFolder("etc");
   ASSERT_EQ(::mkfifo(root_.path("etc/os-release").c_str(), 0600), 0);
   EXPECT_EQ(release().name, JXString("Linux"));
 }
 
-TEST(KernelNames, TheRunningKernelNamesItself) {
+TEST(KernelNames, ReturnsTheNamesOfTheRunningKernel) {
   const JXKernelNames names = readKernelNames();
   EXPECT_EQ(names.system, JXString("Linux"));
   EXPECT_TRUE(names.release.testString());
   EXPECT_TRUE(names.machine.testString());
 }
 
-TEST(DeviceModel, TheDeviceTreeComesBeforeTheFirmware) {
+TEST(DeviceModel, PrefersTheDeviceTreeOverTheFirmware) {
   const test::TemporaryFolder root;
   EXPECT_EQ(readDeviceModel(root.path()), JXString());
   root.write("sys/class/dmi/id/product_name", "Example Box 9\n");
@@ -87,7 +87,7 @@ TEST(DeviceModel, TheDeviceTreeComesBeforeTheFirmware) {
   EXPECT_EQ(readDeviceModel(root.path()), JXString("Example Board Rev 1"));
 }
 
-TEST(DeviceModel, WhatAMakerLeftUnfilledIsNoModel) {
+TEST(DeviceModel, IgnoresVendorPlaceholders) {
   const test::TemporaryFolder root;
   for (const char* text : {"", "\n", "   \n", "To be filled by O.E.M.\n", "Default string\n"}) {
     root.write("sys/class/dmi/id/product_name", text);

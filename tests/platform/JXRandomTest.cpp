@@ -30,18 +30,18 @@ bool isVersion4(std::string_view text) {
   return text[14] == '4' && std::string_view("89AB").find(text[19]) != std::string_view::npos;
 }
 
-TEST(UUID, TextSetsVersionAndVariant) {
-  EXPECT_EQ(randomUUIDText({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
+TEST(UUID, SetsVersionAndVariant) {
+  EXPECT_EQ(randomUUIDString({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}),
             JXString("00000000-0000-4000-8000-000000000000"));
-  EXPECT_EQ(randomUUIDText(
+  EXPECT_EQ(randomUUIDString(
                 {255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255}),
             JXString("FFFFFFFF-FFFF-4FFF-BFFF-FFFFFFFFFFFF"));
-  EXPECT_EQ(randomUUIDText({0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x01, 0x23, 0x45, 0x67,
-                            0x89, 0xAB, 0xCD, 0xEF}),
+  EXPECT_EQ(randomUUIDString({0x01, 0x23, 0x45, 0x67, 0x89, 0xAB, 0xCD, 0xEF, 0x01, 0x23, 0x45,
+                              0x67, 0x89, 0xAB, 0xCD, 0xEF}),
             JXString("01234567-89AB-4DEF-8123-456789ABCDEF"));
 }
 
-TEST(UUID, AHundredThousandAreWellFormedAndDiffer) {
+TEST(UUID, ReturnsWellFormedUniqueValues) {
   std::unordered_set<std::string> seen;
   for (int i = 0; i < 100000; ++i) {
     const JXString uuid = makeRandomUUID();
@@ -50,10 +50,10 @@ TEST(UUID, AHundredThousandAreWellFormedAndDiffer) {
   }
 }
 
-TEST(UUID, ThreadsDoNotRepeatEachOther) {
-  std::vector<std::vector<std::string>> made(4);
+TEST(UUID, ReturnsUniqueValuesOnAllThreads) {
+  std::vector<std::vector<std::string>> created(4);
   std::vector<std::thread> threads;
-  for (auto& list : made) {
+  for (auto& list : created) {
     threads.emplace_back([&list] {
       for (int i = 0; i < 5000; ++i)
         list.push_back(makeRandomUUID().toStdString());
@@ -62,18 +62,18 @@ TEST(UUID, ThreadsDoNotRepeatEachOther) {
   for (std::thread& thread : threads)
     thread.join();
   std::unordered_set<std::string> seen;
-  for (const auto& list : made)
+  for (const auto& list : created)
     seen.insert(list.begin(), list.end());
   EXPECT_EQ(seen.size(), 20000U);
 }
 
-// The UUIDs that a child of this process makes, read over a pipe.
+// Returns UUIDs that a child of this process creates, read from a pipe.
 std::vector<std::string> uuidsOfChild(int count, int depth) {
   int ends[2];
   if (::pipe(ends) != 0) return {};
   pid_t child = ::fork();
   if (child == 0) {
-    // The deepest descendant speaks; those between make none of their own.
+    // Only the last descendant writes; the others create no UUIDs.
     for (int level = 1; level < depth; ++level) {
       const pid_t next = ::fork();
       if (next == 0) continue;
@@ -97,8 +97,8 @@ std::vector<std::string> uuidsOfChild(int count, int depth) {
   return uuids;
 }
 
-TEST(UUID, AForkedChildDoesNotRepeatItsParent) {
-  makeRandomUUID();  // leaves the parent with bytes in store
+TEST(UUID, ReturnsUniqueValuesInAForkedChild) {
+  makeRandomUUID();  // fills the buffer of the parent
   std::set<std::string> seen;
   const auto first = uuidsOfChild(100, 1);
   const auto second = uuidsOfChild(100, 1);
@@ -111,7 +111,7 @@ TEST(UUID, AForkedChildDoesNotRepeatItsParent) {
   EXPECT_EQ(seen.size(), 400U);
 }
 
-TEST(Random, BitsAreSpreadOverAllPositions) {
+TEST(Random, SetsAndClearsEveryBit) {
   std::uint32_t everSet = 0;
   std::uint32_t alwaysSet = 0xFFFFFFFFU;
   for (int i = 0; i < 1000; ++i) {
@@ -123,7 +123,7 @@ TEST(Random, BitsAreSpreadOverAllPositions) {
   EXPECT_EQ(alwaysSet, 0U);
 }
 
-TEST(Random, ARequestLargerThanTheStoreIsFilled) {
+TEST(Random, FillsRequestsLargerThanTheBuffer) {
   std::vector<std::uint8_t> bytes(5000, 0);
   fillRandom(bytes.data(), bytes.size());
   EXPECT_LT(std::count(bytes.begin(), bytes.end(), 0), 200);
@@ -134,20 +134,20 @@ bool fails(std::uint8_t* bytes, std::size_t) {
   bytes[0] = 1;
   return false;
 }
-bool givesSevens(std::uint8_t* bytes, std::size_t count) {
+bool fillsSevens(std::uint8_t* bytes, std::size_t count) {
   std::fill_n(bytes, count, std::uint8_t{7});
   return true;
 }
-bool mustNotBeAsked(std::uint8_t*, std::size_t) { std::abort(); }
+bool mustNotBeCalled(std::uint8_t*, std::size_t) { std::abort(); }
 
-TEST(Random, TheFirstSourceThatSucceedsIsUsed) {
-  const JXRandomSource sources[] = {fails, givesSevens, mustNotBeAsked};
+TEST(Random, UsesTheFirstSourceThatSucceeds) {
+  const JXRandomSource sources[] = {fails, fillsSevens, mustNotBeCalled};
   std::array<std::uint8_t, 5> bytes{};
   fillFromFirst(sources, 3, bytes.data(), bytes.size());
   EXPECT_EQ(bytes, (std::array<std::uint8_t, 5>{7, 7, 7, 7, 7}));
 }
 
-TEST(Random, WithoutAnySourceTheBytesStillDiffer) {
+TEST(Random, ReturnsDifferentBytesWithoutAnySource) {
   const JXRandomSource sources[] = {fails};
   std::set<std::array<std::uint8_t, 16>> seen;
   for (int i = 0; i < 10000; ++i) {

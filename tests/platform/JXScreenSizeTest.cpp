@@ -27,14 +27,14 @@ class ScreenSize : public testing::Test {
   test::TemporaryFolder root_;
 };
 
-TEST_F(ScreenSize, NoDisplayIsNothing) { expectSize({}, 0, 0); }
+TEST_F(ScreenSize, ReturnsZeroWithoutADisplay) { expectSize({}, 0, 0); }
 
-TEST_F(ScreenSize, WhatTheHostStatedWins) {
+TEST_F(ScreenSize, PrefersTheConfiguredSize) {
   connector("card0-HDMI-A-1", "connected\n", "3840x2160\n");
   expectSize({1280, 720.5}, 1280, 720.5);
 }
 
-TEST_F(ScreenSize, AStatementThatIsNoSizeIsPassedOver) {
+TEST_F(ScreenSize, IgnoresAnInvalidConfiguredSize) {
   connector("card0-HDMI-A-1", "connected\n", "3840x2160\n1920x1080\n");
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -45,7 +45,7 @@ TEST_F(ScreenSize, AStatementThatIsNoSizeIsPassedOver) {
   }
 }
 
-TEST_F(ScreenSize, TheFirstConnectedDisplayWithAModeCounts) {
+TEST_F(ScreenSize, UsesTheFirstConnectedDisplayWithAMode) {
   root_.write("sys/class/drm/card0/status", "connected\n");
   root_.write("sys/class/drm/version", "drm 1.1.0\n");
   connector("card0-DP-1", "disconnected\n", "640x480\n");
@@ -55,20 +55,20 @@ TEST_F(ScreenSize, TheFirstConnectedDisplayWithAModeCounts) {
   expectSize({}, 1920, 1080);
 }
 
-TEST_F(ScreenSize, TheFrameBufferIsTheLastChoice) {
+TEST_F(ScreenSize, FallsBackToTheFrameBuffer) {
   root_.write("sys/class/graphics/fb0/virtual_size", "1920,1080\n");
   expectSize({}, 1920, 1080);
   connector("card0-DP-1", "connected\n", "1280x720\n");
   expectSize({}, 1280, 720);
 }
 
-TEST_F(ScreenSize, TheModeOfAFrameBufferThatIsDrawnTwiceOverCounts) {
+TEST_F(ScreenSize, PrefersTheModeOfADoubleBufferedFrameBuffer) {
   root_.write("sys/class/graphics/fb0/virtual_size", "1920,2160\n");
   root_.write("sys/class/graphics/fb0/mode", "U:1920x1080p-60\n");
   expectSize({}, 1920, 1080);
 }
 
-TEST_F(ScreenSize, DamagedModesAreNoSize) {
+TEST_F(ScreenSize, IgnoresInvalidModes) {
   for (const char* text : {"x", "1920", "1920x", "x1080", "0x0", "-1x-1", "\xff\xfe", "999999x1"}) {
     connector("card0-DP-1", "connected\n", text);
     expectSize({}, 0, 0);

@@ -9,35 +9,35 @@
 namespace jx {
 namespace {
 
-TEST(StorageFolder, TheStateFolderOfTheSessionComesFirst) {
+TEST(StorageFolder, PrefersXdgStateHome) {
   EXPECT_EQ(storageFolder({{"XDG_STATE_HOME", "/data/state"}, {"HOME", "/home/tv"}}, nullptr),
             JXString("/data/state/jxserverside"));
 }
 
-TEST(StorageFolder, ElseItIsBelowTheHomeFolder) {
+TEST(StorageFolder, FallsBackToTheHomeFolder) {
   EXPECT_EQ(storageFolder({{"HOME", "/home/tv"}}, nullptr),
             JXString("/home/tv/.local/state/jxserverside"));
 }
 
-TEST(StorageFolder, AbsentWithoutEither) {
+TEST(StorageFolder, ReturnsNullWithoutEither) {
   EXPECT_EQ(storageFolder({}, "com.example.tv"), JXString());
   EXPECT_EQ(storageFolder({{"HOME", ""}, {"XDG_STATE_HOME", ""}}, nullptr), JXString());
 }
 
-TEST(StorageFolder, RelativeAndOverlongPathsDoNotCount) {
+TEST(StorageFolder, IgnoresRelativeAndOverlongPaths) {
   EXPECT_EQ(storageFolder({{"XDG_STATE_HOME", "state"}, {"HOME", "/home/tv"}}, nullptr),
             JXString("/home/tv/.local/state/jxserverside"));
   EXPECT_EQ(storageFolder({{"HOME", "/" + std::string(10000, 'h')}}, nullptr), JXString());
 }
 
-TEST(StorageFolder, EachApplicationHasItsOwn) {
+TEST(StorageFolder, ReturnsOneFolderPerApplication) {
   const JXEnvironment environment{{"HOME", "/home/tv"}};
   EXPECT_EQ(storageFolder(environment, "com.example.tv-2_b"),
             JXString("/home/tv/.local/state/jxserverside/com.example.tv-2_b"));
   EXPECT_EQ(storageFolder(environment, ""), JXString("/home/tv/.local/state/jxserverside"));
 }
 
-TEST(StorageFolder, AnIdentifierNeverLeadsOutOfTheFolder) {
+TEST(StorageFolder, ReplacesUnsafeCharactersOfTheIdentifier) {
   const JXEnvironment environment{{"HOME", "/h"}};
   EXPECT_EQ(storageFolder(environment, "../../etc"),
             JXString("/h/.local/state/jxserverside/_._.._etc"));

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXStringBuilder, BecomesTheTextThatWasAppended) {
+TEST(JXStringBuilder, ReturnsTheAppendedString) {
   JXStringBuilder builder(0);
   builder.append(std::string_view("Lantern"));
   builder.append(',');
@@ -24,7 +24,7 @@ TEST(JXStringBuilder, BecomesTheTextThatWasAppended) {
   EXPECT_STREQ(text.c_str(), "Lantern,...ok");
 }
 
-TEST(JXStringBuilder, KeepsALongTextWhileItGrows) {
+TEST(JXStringBuilder, KeepsALongStringWhileGrowing) {
   JXStringBuilder builder(1);
   std::string expected;
   for (int i = 0; i < 1'000; ++i) {
@@ -37,14 +37,14 @@ TEST(JXStringBuilder, KeepsALongTextWhileItGrows) {
   EXPECT_EQ(text.c_str()[10'000], '\0');
 }
 
-TEST(JXStringBuilder, OfNothingBecomesTheEmptyText) {
+TEST(JXStringBuilder, ReturnsTheEmptyStringIfNothingWasAppended) {
   JXStringBuilder builder(0);
   const JXString text = builder.finish();
   EXPECT_TRUE(text.isPresent());
   EXPECT_EQ(text.size(), 0u);
 }
 
-TEST(JXStringBuilder, StartsAgainWhenItsTextWasTaken) {
+TEST(JXStringBuilder, IsEmptyAfterFinish) {
   JXStringBuilder builder(100);
   builder.append(50, 'a');
   const JXString first = builder.finish();

@@ -15,10 +15,10 @@
 namespace jx {
 namespace {
 
-const std::string kInline(30, 'a');  // the longest text that is held in place
-const std::string kShared(31, 'b');  // the shortest that is shared
+const std::string kInline(30, 'a');  // the longest inline string
+const std::string kShared(31, 'b');  // the shortest shared string
 
-TEST(JXString, NothingAndNullPointersAreAbsent) {
+TEST(JXString, IsNullByDefaultAndForNullPointers) {
   const char* none = nullptr;
   EXPECT_FALSE(JXString().isPresent());
   EXPECT_FALSE(JXString(nullptr).isPresent());
@@ -28,7 +28,7 @@ TEST(JXString, NothingAndNullPointersAreAbsent) {
   EXPECT_TRUE(JXString().view().empty());
 }
 
-TEST(JXString, EmptyIsPresentAndDiffersFromAbsent) {
+TEST(JXString, DistinguishesEmptyFromNull) {
   const JXString empty("");
   EXPECT_TRUE(empty.isPresent());
   EXPECT_FALSE(empty.testString());
@@ -37,25 +37,25 @@ TEST(JXString, EmptyIsPresentAndDiffersFromAbsent) {
   EXPECT_TRUE(JXString(std::string_view()).isPresent());
 }
 
-TEST(JXString, TestStringAsksForOneCharacter) {
+TEST(JXString, TestStringRequiresOneCharacter) {
   EXPECT_FALSE(JXString().testString());
   EXPECT_FALSE(JXString("").testString());
   EXPECT_TRUE(JXString(" ").testString());
   EXPECT_TRUE(JXString(std::string_view("\0", 1)).testString());
 }
 
-TEST(JXString, TextsOnBothSidesOfTheInlineCapacityAreKept) {
+TEST(JXString, KeepsStringsOfAllLengthsAroundTheInlineCapacity) {
   for (const std::size_t length : {std::size_t{1}, std::size_t{29}, std::size_t{30},
                                    std::size_t{31}, std::size_t{32}, std::size_t{100000}}) {
     const std::string text(length, 'x');
-    const JXString made(text);
-    EXPECT_EQ(made.size(), length);
-    EXPECT_EQ(made.toStdString(), text);
-    EXPECT_EQ(std::string(made.c_str()), text);
+    const JXString created(text);
+    EXPECT_EQ(created.size(), length);
+    EXPECT_EQ(created.toStdString(), text);
+    EXPECT_EQ(std::string(created.c_str()), text);
   }
 }
 
-TEST(JXString, AnEmbeddedNulIsPartOfTheText) {
+TEST(JXString, KeepsEmbeddedNuls) {
   const std::string shortText("a\0b", 3);
   const std::string longText = shortText + std::string(30, 'c');
   EXPECT_EQ(JXString(shortText).size(), 3U);
@@ -64,7 +64,7 @@ TEST(JXString, AnEmbeddedNulIsPartOfTheText) {
   EXPECT_NE(JXString(shortText), JXString("a"));
 }
 
-TEST(JXString, CopiesAreEqualAndOutliveTheOriginal) {
+TEST(JXString, CopiesAreEqualAndIndependentOfTheOriginal) {
   for (const std::string& text : {kInline, kShared}) {
     JXString copy;
     {
@@ -77,18 +77,18 @@ TEST(JXString, CopiesAreEqualAndOutliveTheOriginal) {
   }
 }
 
-TEST(JXString, ACopyOfALongTextSharesIt) {
+TEST(JXString, SharesLongStringsBetweenCopies) {
   const JXString original(kShared);
   const JXString copy(original);
   EXPECT_EQ(copy.c_str(), original.c_str());
 }
 
-TEST(JXString, AMoveLeavesTheSourceAbsent) {
+TEST(JXString, MoveLeavesTheSourceNull) {
   for (const std::string& text : {kInline, kShared}) {
     JXString source(text);
     JXString target(std::move(source));
     EXPECT_EQ(target.toStdString(), text);
-    EXPECT_FALSE(source.isPresent());  // NOLINT(bugprone-use-after-move): the rule under test
+    EXPECT_FALSE(source.isPresent());  // NOLINT(bugprone-use-after-move): the tested behaviour
     JXString assigned("old");
     assigned = std::move(target);
     EXPECT_EQ(assigned.toStdString(), text);
@@ -96,7 +96,7 @@ TEST(JXString, AMoveLeavesTheSourceAbsent) {
   }
 }
 
-TEST(JXString, AssigningToItselfChangesNothing) {
+TEST(JXString, KeepsItsValueOnSelfAssignment) {
   for (const std::string& text : {kInline, kShared}) {
     JXString value(text);
     JXString& same = value;
@@ -107,7 +107,7 @@ TEST(JXString, AssigningToItselfChangesNothing) {
   }
 }
 
-TEST(JXString, AssignmentReplacesEveryKindByEveryKind) {
+TEST(JXString, AssignsBetweenAllRepresentations) {
   const JXString kinds[] = {JXString(), JXString(""), JXString(kInline), JXString(kShared)};
   for (const JXString& before : kinds) {
     for (const JXString& after : kinds) {
@@ -119,19 +119,19 @@ TEST(JXString, AssignmentReplacesEveryKindByEveryKind) {
   }
 }
 
-TEST(JXString, EqualityComparesBytes) {
+TEST(JXString, ComparesBytes) {
   EXPECT_EQ(JXString(kShared), JXString(std::string(31, 'b')));
   EXPECT_NE(JXString(kShared), JXString(std::string(24, 'b')));
   EXPECT_NE(JXString("a"), JXString("A"));
 }
 
-TEST(JXString, PrintsItsTextOrThatItIsAbsent) {
+TEST(JXString, PrintsTheStringOrAMarkerForNull) {
   std::ostringstream out;
   out << JXString("text") << '|' << JXString() << '|' << JXString("");
   EXPECT_EQ(out.str(), "text|(absent)|");
 }
 
-TEST(JXString, IsAKeyOfUnorderedMaps) {
+TEST(JXString, WorksAsAKeyOfUnorderedMaps) {
   std::unordered_map<JXString, int> numbers;
   numbers[JXString(kShared)] = 1;
   numbers[JXString(kInline)] = 2;
@@ -139,7 +139,7 @@ TEST(JXString, IsAKeyOfUnorderedMaps) {
   EXPECT_EQ(numbers.at(JXString(std::string(30, 'a'))), 2);
 }
 
-TEST(JXString, CopiesOnManyThreadsReleaseTheSharedTextOnce) {
+TEST(JXString, ReleasesASharedStringOnceOnManyThreads) {
   const JXString original(kShared);
   std::vector<std::thread> threads;
   std::atomic<int> wrong{0};

@@ -1,16 +1,16 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// One launch of an installation: a process of its own that reads its life from standard input, a
-// step a line, and answers each event with the predefined variables that it was built from, as a
+// One launch of an installation, in a separate process. It reads steps from standard input, one per
+// line. For each event it prints the predefined variables that the event was built from, as one
 // line of JSON.
 //
 //   scenario_launch STATE_FOLDER START_MS VERSION|-
 //
 // Steps: "event NAME", "advance MS", "clock MS", "background", "foreground", "reinit",
-// "kill_in_event NAME" (SIGKILL while the event is handed to the core), "persisted" (answers with
-// the persisted texts). Before the start, "persist KEY TEXT" and "forget KEY" change what an
-// earlier launch left.
+// "kill_in_event NAME" (SIGKILL while the event is passed to the core), "persisted" (prints the
+// persisted strings). Before the start, "persist KEY STRING" and "forget KEY" change what an
+// earlier launch has persisted.
 
 #include <csignal>
 #include <cstdio>
@@ -98,9 +98,9 @@ class Launch {
       killsInEvent_ = true;
       serverSide_->execute(JXCustomEvent::initWithName(rest));
     } else if (verb == "persisted") {
-      answer(persistedTexts());
+      print(persistedStrings());
     } else {
-      std::cerr << "no such step: " << line << "\n";
+      std::cerr << "unknown step: " << line << "\n";
       std::exit(2);
     }
   }
@@ -112,31 +112,31 @@ class Launch {
     JXNotificationCenter::defaultCenter()->addObserver(
         this, kJXNotification_HTTPRequest, [this](const JXNotification&) {
           if (killsInEvent_) std::raise(SIGKILL);
-          answer(JXPredefinedVariables::sharedInstance().dynamicStore()->entries());
+          print(JXPredefinedVariables::sharedInstance().dynamicStore()->entries());
         });
   }
 
-  // Only before the start, as the library holds the file afterwards.
+  // Only before the start, because the library locks the file afterwards.
   void changeDefaults(const std::string& verb, const std::string& rest) const {
     const std::size_t space = rest.find(' ');
     JXDefaultsFile file(folder_ + "/defaults");
     if (verb == "forget") {
       file.setObject_forKey(nullptr, rest);
     } else {
-      const std::string text = space == std::string::npos ? "" : rest.substr(space + 1);
-      file.setObject_forKey(text, rest.substr(0, space));
+      const std::string value = space == std::string::npos ? "" : rest.substr(space + 1);
+      file.setObject_forKey(value, rest.substr(0, space));
     }
   }
 
-  JXJsonObject persistedTexts() const {
-    JXJsonObject texts;
+  JXJsonObject persistedStrings() const {
+    JXJsonObject strings;
     for (const std::string_view key : kPersisted) {
-      texts.set(key, JXUserDefaults::retrieveInfoFromUserDefaults(key));
+      strings.set(key, JXUserDefaults::retrieveInfoFromUserDefaults(key));
     }
-    return texts;
+    return strings;
   }
 
-  static void answer(const JXJsonObject& object) {
+  static void print(const JXJsonObject& object) {
     std::cout << JXUtils::jsonDictionaryToString(object).view() << std::endl;
   }
 

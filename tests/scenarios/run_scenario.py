@@ -1,22 +1,22 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Runs one life of an installation: a process for each launch, all on one state folder.
+"""Runs a scenario: the launches of one installation, each in a new process, on one state folder.
 
-A scenario file is read line by line; "#!" starts a comment. Unindented lines begin a launch:
+A scenario file is read line by line; "#!" starts a comment. Unindented lines are headings:
 
-    launch at MS [version TEXT]     a new process at this time of day, in milliseconds
-    lose defaults                   between launches: the persisted values are gone
+    launch at MS [version STRING]   starts a process at this time, in ms since the Unix epoch
+    lose defaults                   deletes the persisted values between launches
 
-Lines indented by two are the launch's steps (see ScenarioLaunch.cpp), sent in order. Lines indented
-by four say what must hold after the step above them:
+Lines indented by two are the steps of the launch (see ScenarioLaunch.cpp), in order. Lines indented
+by four are the expectations after the step above them:
 
-    NAME = TEXT       the variable, or after "persisted" the persisted text, is exactly TEXT
-    NAME = (absent)   it has no value
-    NAME = (empty)    it is the empty text
-    NAME = (uuid X)   a UUID: the same wherever X stands, different from those of other letters
+    NAME = STRING     the variable, or after "persisted" the persisted string, equals STRING
+    NAME = (not set)  there is no value
+    NAME = (empty)    it is the empty string
+    NAME = (uuid X)   it is a UUID: the same for each X, different for other letters
 
-A scenario with no expectation fails.
+A scenario without expectations fails.
 """
 import json
 import re
@@ -30,11 +30,11 @@ SHORT = re.compile(r"^[A-Z][A-Z_]*$")
 
 
 class Failure(Exception):
-    """What the scenario says does not hold."""
+    """An expectation of the scenario is not met, or the scenario is invalid."""
 
 
 def parse(path):
-    """The launches: (number of the line, words of the heading, steps); a step has expectations."""
+    """Returns the launches: (line number, words of the heading, steps); a step has expectations."""
     launches = []
     with open(path, encoding="utf-8") as file:
         for number, raw in enumerate(file, 1):
@@ -67,9 +67,9 @@ class Scenario:
             elif heading[:2] == ["launch", "at"]:
                 self.launch(number, heading, steps)
             else:
-                raise Failure(f"line {number}: no such heading: {' '.join(heading)}")
+                raise Failure(f"line {number}: unknown heading: {' '.join(heading)}")
         if self.checks == 0:
-            raise Failure("nothing was expected")
+            raise Failure("the scenario contains no expectations")
 
     def launch(self, number, heading, steps):
         version = heading[4] if heading[3:4] == ["version"] else "-"
@@ -78,13 +78,13 @@ class Scenario:
                               capture_output=True, text=True, timeout=60, check=False)
         killed = any(step.startswith("kill_in_event") for _, step, _ in steps)
         if done.returncode != (-9 if killed else 0):
-            raise Failure(f"line {number}: the launch ended with {done.returncode}: {done.stderr}")
-        answers = iter(done.stdout.splitlines())
+            raise Failure(f"line {number}: the launch exited with {done.returncode}: {done.stderr}")
+        outputs = iter(done.stdout.splitlines())
         for line, step, expectations in steps:
             if step.split()[0] in ("event", "persisted"):
-                self.compare(json.loads(next(answers)), expectations)
+                self.compare(json.loads(next(outputs)), expectations)
             elif expectations:
-                raise Failure(f"line {line}: nothing can be expected after '{step}'")
+                raise Failure(f"line {line}: '{step}' has no output to compare")
 
     def compare(self, found, expectations):
         for line, name, expected in expectations:
@@ -95,10 +95,10 @@ class Scenario:
                 raise Failure(f"line {line}: {key} is {found.get(key)!r}, {problem}")
 
     def problem(self, value, expected):
-        if expected == "(absent)":
-            return "" if value is None else "expected none"
+        if expected == "(not set)":
+            return "" if value is None else "expected no value"
         if expected == "(empty)":
-            return "" if value == "" else "expected the empty text"
+            return "" if value == "" else "expected the empty string"
         if expected.startswith("(uuid "):
             return self.uuid_problem(value, expected)
         return "" if value == expected else f"expected {expected!r}"
@@ -109,7 +109,7 @@ class Scenario:
         if self.uuids.setdefault(letter, value) != value:
             return f"expected the same as before, {self.uuids[letter]}"
         if any(other == value for name, other in self.uuids.items() if name != letter):
-            return "expected another UUID than before"
+            return "expected a different UUID"
         return ""
 
 
@@ -119,7 +119,7 @@ def main():
     try:
         scenario = Scenario(program, folder + "/state")
         scenario.run(parse(path))
-        print(f"{scenario.checks} expectations hold")
+        print(f"{scenario.checks} expectations met")
         return 0
     except Failure as failure:
         print(f"{path}: {failure}")

@@ -9,16 +9,16 @@ import unittest
 SCRIPT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "scripts", "exports")
 SOURCE = """
 namespace jx {
-struct Shown { virtual ~Shown(); void act(); };
-Shown::~Shown() {}
-void Shown::act() {}
+struct Public { virtual ~Public(); void act(); };
+Public::~Public() {}
+void Public::act() {}
 namespace detail { void help() {} }
-bool operator==(const Shown&, const Shown&) { return true; }
+bool operator==(const Public&, const Public&) { return true; }
 }
 extern "C" void jx_begin() {}
 extern "C" void jx_end() {}
 """
-NAMES = ["jx::Shown", "jx::detail::help", "jx::operator==", "jx_begin", "jx_end"]
+NAMES = ["jx::Public", "jx::detail::help", "jx::operator==", "jx_begin", "jx_end"]
 
 
 class Exports(unittest.TestCase):
@@ -26,7 +26,7 @@ class Exports(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(cls.folder.cleanup)
-        cls.library = os.path.join(cls.folder.name, "libshown.so")
+        cls.library = os.path.join(cls.folder.name, "libpublic.so")
         subprocess.run([os.environ.get("CXX", "c++"), "-shared", "-fPIC", "-x", "c++", "-", "-o",
                         cls.library], input=SOURCE, text=True, check=True)
         cls.list = os.path.join(cls.folder.name, "list.txt")
@@ -38,28 +38,28 @@ class Exports(unittest.TestCase):
                                 stdout=subprocess.PIPE, text=True, check=False)
         return result.returncode, result.stdout
 
-    def test_the_names_as_they_are_listed_are_in_order(self):
-        self.assertEqual(self.run_with(["# why"] + NAMES), (0, "5 names, as listed\n"))
+    def test_accepts_names_that_are_listed(self):
+        self.assertEqual(self.run_with(["# why"] + NAMES), (0, "exports: 5 names, all listed\n"))
 
-    def test_a_name_that_is_not_listed_is_a_leak(self):
+    def test_reports_exported_name_that_is_not_listed(self):
         status, output = self.run_with([name for name in NAMES if name != "jx::detail::help"])
         self.assertEqual(status, 1)
-        self.assertIn("jx::detail::help: is exported and not in", output)
+        self.assertIn("jx::detail::help: exported but not listed in", output)
 
-    def test_a_listed_name_that_is_gone_is_told(self):
+    def test_reports_listed_name_that_is_not_exported(self):
         status, output = self.run_with(NAMES + ["jx::Gone"])
         self.assertEqual(status, 1)
-        self.assertIn("jx::Gone: is in", output)
+        self.assertIn("jx::Gone: listed in", output)
 
-    def test_a_star_stands_for_every_name_that_begins_so(self):
+    def test_star_matches_every_name_with_the_prefix(self):
         self.assertEqual(self.run_with(NAMES[:3] + ["jx_*"])[0], 0)
 
-    def test_a_star_that_stands_for_nothing_is_told(self):
+    def test_reports_star_without_a_match(self):
         status, output = self.run_with(NAMES + ["jx_gone_*"])
         self.assertEqual(status, 1)
-        self.assertIn("jx_gone_*: is in", output)
+        self.assertIn("jx_gone_*: listed in", output)
 
-    def test_renewing_keeps_comments_and_stars(self):
+    def test_renew_keeps_comments_and_stars(self):
         self.assertEqual(self.run_with(["# why", "jx::Gone", "jx_*"], "--renew")[0], 0)
         with open(self.list, encoding="utf-8") as file:
             self.assertEqual(file.read().splitlines(), ["# why"] + NAMES[:3] + ["jx_*"])

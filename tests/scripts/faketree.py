@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""A small source tree in a temporary folder, for the tests of the checks."""
+"""Creates small source trees in temporary folders, for the tests of the checks."""
 
 import contextlib
 import io
@@ -15,12 +15,12 @@ CHECKS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "s
 
 
 class FakeTreeTest(unittest.TestCase):
-    """Runs the check named `check` over trees that a test writes down as {path: text}."""
+    """Runs the check named `check` on trees that a test defines as {path: text}."""
 
     check = ""
 
     def findings(self, tree):
-        """(exit status, what the check printed) for a tree."""
+        """Returns (exit status, output of the check) for a tree."""
         with tempfile.TemporaryDirectory() as root:
             for path, text in tree.items():
                 full = os.path.join(root, path)
@@ -30,7 +30,7 @@ class FakeTreeTest(unittest.TestCase):
             return self._run(root)
 
     def _run(self, root):
-        # In this process: a new interpreter for each tree would be most of the time.
+        # In this process: starting an interpreter for each tree would take most of the time.
         output = io.StringIO()
         script = os.path.join(CHECKS, self.check)
         with mock.patch.object(sys, "argv", [script, "--root", root]), \
@@ -42,7 +42,7 @@ class FakeTreeTest(unittest.TestCase):
         self.assertEqual(self.findings(tree), (0, ""))
 
     def assert_found(self, tree, *expected):
-        """Each of `expected` is the start of one line, and there are no more lines."""
+        """Asserts that each output line starts with the item of `expected` at its position."""
         status, output = self.findings(tree)
         lines = output.splitlines()
         self.assertEqual(len(lines), len(expected), output)

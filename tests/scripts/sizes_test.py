@@ -8,21 +8,21 @@ import faketree
 class Sizes(faketree.FakeTreeTest):
     check = "sizes"
 
-    def test_four_hundred_and_one_lines_are_too_many(self):
+    def test_rejects_more_than_400_lines(self):
         self.assert_found({"jx/core/A.cpp": "int a;\n" * 401},
                           "jx/core/A.cpp:401: 401 lines, the limit is 400")
         self.assert_found({"tools/jx/A.h": "int a;\n" * 401}, "tools/jx/A.h:401: 401 lines")
 
-    def test_up_to_four_hundred_lines_give_a_note_only(self):
+    def test_prints_a_note_for_301_to_400_lines(self):
         for lines in (301, 400):
             status, output = self.findings({"jx/core/A.cpp": "int a;\n" * lines})
             self.assertEqual(status, 0)
             self.assertIn(f"jx/core/A.cpp:301: note: {lines} lines", output)
 
-    def test_three_hundred_lines_say_nothing(self):
+    def test_accepts_300_lines(self):
         self.assert_clean({"jx/core/A.cpp": "int a;\n" * 300})
 
-    def test_tests_may_be_long(self):
+    def test_ignores_the_length_of_tests(self):
         self.assert_clean({"tests/core/A.cpp": "int a;\n" * 900})
 
 

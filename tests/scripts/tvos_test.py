@@ -4,13 +4,13 @@ import unittest
 
 import faketree
 
-PROBES = "tvos: the probes are refused as they must be: 'path' is unavailable: introduced in tvOS"
+PROBES = "tvos: the probes are rejected as expected: 'path' is unavailable: introduced in tvOS"
 
 
 class TvOS(faketree.FakeTreeTest):
     check = "tvos"
 
-    def assert_refused(self, text, reason, path="jx/core/A.cpp"):
+    def assert_rejected(self, text, reason, path="jx/core/A.cpp"):
         status, output = self.findings({path: text})
         self.assertEqual(status, 1, output)
         self.assertIn(reason, output)
@@ -21,33 +21,33 @@ class TvOS(faketree.FakeTreeTest):
         self.assertEqual(status, 0, output)
         self.assertTrue(output.startswith(PROBES), output)
 
-    def test_sound_sources_pass_and_the_probes_are_told(self):
+    def test_accepts_valid_sources_and_reports_the_probes(self):
         self.assert_accepted("#include <string>\n#include <fcntl.h>\n"
                              "int a(int f) { return fcntl(f, F_FULLFSYNC); }\n")
 
-    def test_what_came_with_a_later_system_is_refused(self):
-        self.assert_refused("#include <filesystem>\nstd::filesystem::path a;\n",
+    def test_rejects_features_of_a_later_system(self):
+        self.assert_rejected("#include <filesystem>\nstd::filesystem::path a;\n",
                             "'path' is unavailable: introduced in tvOS 13.0")
 
-    def test_a_header_that_only_linux_has_is_refused(self):
-        self.assert_refused("#include <sys/random.h>\n", "'sys/random.h' file not found")
+    def test_rejects_linux_only_headers(self):
+        self.assert_rejected("#include <sys/random.h>\n", "'sys/random.h' file not found")
 
-    def test_a_call_that_darwin_lacks_is_refused(self):
-        self.assert_refused("#include <time.h>\nint a(timespec b) "
+    def test_rejects_functions_missing_on_darwin(self):
+        self.assert_rejected("#include <time.h>\nint a(timespec b) "
                             "{ return clock_nanosleep(CLOCK_REALTIME, 0, &b, &b); }\n",
-                            "'clock_nanosleep' is unavailable: Darwin has none")
+                            "'clock_nanosleep' is unavailable: not available on Darwin")
 
-    def test_a_64_bit_integer_is_a_long_long(self):
-        self.assert_refused("#include <cstdint>\n#include <cstddef>\nvoid a(std::uint64_t);\n"
+    def test_64_bit_integer_is_a_long_long(self):
+        self.assert_rejected("#include <cstdint>\n#include <cstddef>\nvoid a(std::uint64_t);\n"
                             "void a(std::int64_t);\nvoid b(std::size_t c) { a(c); }\n",
                             "call to 'a' is ambiguous")
 
-    def test_what_only_linux_compiles_is_left_alone(self):
+    def test_ignores_linux_only_sources(self):
         status, output = self.findings({"jx/platform/linux/A.cpp": "#include <sys/random.h>\n"})
         self.assertEqual(status, 0, output)
 
-    def test_a_public_header_that_no_source_includes_is_looked_at(self):
-        self.assert_refused("#pragma once\n#include <sys/epoll.h>\n",
+    def test_checks_public_headers_that_no_source_includes(self):
+        self.assert_rejected("#pragma once\n#include <sys/epoll.h>\n",
                             "'sys/epoll.h' file not found", "jx/core/A.h")
 
 

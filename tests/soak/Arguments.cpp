@@ -9,20 +9,21 @@ namespace jx::soak {
 
 Arguments::Arguments(const std::vector<std::string>& words) {
   for (std::size_t i = 0; i < words.size(); ++i) {
-    if (words[i].rfind("--", 0) != 0) throw std::invalid_argument("not an option: " + words[i]);
+    if (words[i].rfind("--", 0) != 0)
+      throw std::invalid_argument("unexpected argument: " + words[i]);
     const std::string name = words[i].substr(2);
     const bool hasValue = i + 1 < words.size() && words[i + 1].rfind("--", 0) != 0;
     given_[name] = hasValue ? words[++i] : std::string();
   }
 }
 
-std::uint64_t Arguments::number(const std::string& name, std::uint64_t otherwise) {
-  if (!has(name)) return otherwise;
+std::uint64_t Arguments::number(const std::string& name, std::uint64_t defaultValue) {
+  if (!has(name)) return defaultValue;
   const std::string& text = given_.at(name);
   std::uint64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size()) {
-    throw std::invalid_argument("--" + name + " wants a number");
+    throw std::invalid_argument("--" + name + " must be a number");
   }
   return number;
 }
@@ -38,7 +39,7 @@ bool Arguments::has(const std::string& name) {
 
 void Arguments::expectAllKnown() const {
   for (const auto& [name, value] : given_) {
-    if (known_.count(name) == 0) throw std::invalid_argument("no such option: --" + name);
+    if (known_.count(name) == 0) throw std::invalid_argument("unknown option: --" + name);
   }
 }
 

@@ -12,15 +12,17 @@ namespace jx::soak {
 /// The options of a command line: "--name value", or "--name" alone for a switch.
 class Arguments {
  public:
-  /// Throws std::invalid_argument for a word that is no option.
+  /// Throws std::invalid_argument for a word that is not an option.
   explicit Arguments(const std::vector<std::string>& words);
 
-  /// The number given for an option, or `otherwise`. Throws std::invalid_argument when what was
-  /// given is no number.
-  std::uint64_t number(const std::string& name, std::uint64_t otherwise);
+  /// Returns the number of an option, or `defaultValue` without the option. Throws
+  /// std::invalid_argument if its value is not a number.
+  std::uint64_t number(const std::string& name, std::uint64_t defaultValue);
+  /// Returns the value of an option, empty without the option.
   std::string text(const std::string& name);
+  /// Returns whether the option is present.
   bool has(const std::string& name);
-  /// Throws std::invalid_argument when an option was given for which nobody asked.
+  /// Throws std::invalid_argument for an option that none of the calls above has read.
   void expectAllKnown() const;
 
  private:

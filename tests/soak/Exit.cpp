@@ -11,7 +11,7 @@
 
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
-#include "tests/soak/SilentHosts.h"
+#include "tests/soak/SilentServers.h"
 #include "tests/soak/Tally.h"
 #include "tests/soak/WorkerProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -20,8 +20,8 @@ namespace jx::soak {
 namespace {
 
 constexpr std::uint64_t kEvents = 20;
-// What the library takes at most, and as much again as a busy machine may take for the rest.
-constexpr double kLongestMs = 250 + 150;
+// The limit of the library, plus the time that the rest may take on a busy machine.
+constexpr double kMaxMs = 250 + 150;
 
 double monotonicMs() {
   timespec now{};
@@ -34,54 +34,55 @@ class Exits {
   Exits(std::uint64_t times, bool assertsTimes, Report& report)
       : times_(times), assertsTimes_(assertsTimes), report_(report) {}
 
-  // All processes share one folder. With `server`, each ends while the server holds a request.
-  void against(const std::string& what, WorkerOrders orders, test::JXTestServer* server = nullptr) {
+  // All processes share one folder. With `server`, each exits while the server delays a response.
+  void run(const std::string& what, WorkerOptions options, test::JXTestServer* server = nullptr) {
     const test::TemporaryFolder folder;
-    orders.state = folder.path();
-    orders.events = kEvents;
-    orders.awaitTry = true;
-    orders.awaitGo = true;
-    std::vector<double> times;
+    options.state = folder.path();
+    options.events = kEvents;
+    options.awaitAttempt = true;
+    options.awaitGo = true;
+    std::vector<double> durations;
     for (std::uint64_t run = 0; run < times_; ++run) {
-      orders.first = run * kEvents;
-      const std::unique_ptr<ChildProcess> worker = startWorker(orders);
-      if (!worker->waitForOutput(beginningOf(Record::Kind::Reported), std::chrono::seconds(60))) {
-        tellWhyNot(what, *worker);
+      options.first = run * kEvents;
+      const std::unique_ptr<ChildProcess> worker = startWorker(options);
+      if (!worker->waitForOutput(prefixOf(Record::Kind::Reported), std::chrono::seconds(60))) {
+        reportFailure(what, *worker);
         return;
       }
       if (server != nullptr && !server->waitForRequests(run + 1)) {
-        report_.promise(false, "the server receives a request");
+        report_.promise(false, "the server received a request");
         return;
       }
-      go(*worker);
+      resume(*worker);
       const std::vector<Record> records = finish(*worker);
       const double ended = monotonicMs();
       const auto left = static_cast<double>(lastOf(records, Record::Kind::Leaving).value_or(0));
-      times.push_back(ended - left / 1e6);
+      durations.push_back(ended - left / 1e6);
     }
-    report_.say(what + ": " + std::to_string(times.size()) + " ends, " + spread(times, "ms"));
-    judge(times, folder.path());
+    report_.say(what + ": " + std::to_string(durations.size()) + " exits, " +
+                spread(durations, "ms"));
+    check(durations, folder.path());
   }
 
  private:
-  void tellWhyNot(const std::string& what, ChildProcess& worker) {
+  void reportFailure(const std::string& what, ChildProcess& worker) {
     if (const auto error = lastOf(finish(worker), Record::Kind::Unable)) {
-      report_.say(what + ": left out, the system does not allow it (" +
+      report_.say(what + ": skipped, not permitted by the system (" +
                   std::generic_category().message(static_cast<int>(*error)) + ")");
     } else {
-      report_.promise(false, what + ": the worker comes to the end of its events");
+      report_.promise(false, what + ": the worker executed its events");
     }
   }
 
-  void judge(const std::vector<double>& times, const std::string& state) {
+  void check(const std::vector<double>& durations, const std::string& state) {
     const std::vector<std::uint64_t> queued = queuedIn(state);
     bool isWhole = queued.size() == times_ * kEvents;
     for (std::size_t i = 0; isWhole && i < queued.size(); ++i)
       isWhole = queued[i] == i;
-    report_.promise(isWhole, "each event waits in the queue once");
+    report_.promise(isWhole, "each event is queued once");
     if (!assertsTimes_) return;
-    report_.promise(*std::max_element(times.begin(), times.end()) <= kLongestMs,
-                    "each process ends within 400 ms");
+    report_.promise(*std::max_element(durations.begin(), durations.end()) <= kMaxMs,
+                    "each process exits within 400 ms");
   }
 
   const std::uint64_t times_;
@@ -97,25 +98,25 @@ int exit(Arguments& arguments) {
   arguments.expectAllKnown();
   Report report("exit");
   Exits exits(times, assertsTimes, report);
-  WorkerOrders orders;
+  WorkerOptions options;
 
   test::JXTestServer server;
-  orders.host = server.url("");
-  orders.caFile = server.caFile();
+  options.host = server.url("");
+  options.caFile = server.caFile();
   test::JXTestAnswer stall;
   stall.manner = test::JXTestAnswer::Manner::StallBeforeHead;
   server.answerAll(stall);
-  exits.against("with a request in flight that stalls", orders, &server);
+  exits.run("with a stalled request in flight", options, &server);
   server.refuse();
-  exits.against("while connections are refused", orders);
+  exits.run("while connections are refused", options);
 
   const BlackHole hole;
-  orders.host = hole.host();
-  exits.against("while connecting to a host that does not answer", orders);
+  options.host = hole.url();
+  exits.run("while connecting to a server that does not respond", options);
 
-  orders.host = "https://collect.example.com";
-  orders.silentNames = true;
-  exits.against("while asking for a name that no name server resolves", orders);
+  options.host = "https://collect.example.com";
+  options.silentNames = true;
+  exits.run("while resolving a host name without a response", options);
   return report.status();
 }
 

@@ -10,7 +10,7 @@
 
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
-#include "tests/soak/SilentHosts.h"
+#include "tests/soak/SilentServers.h"
 #include "tests/soak/Tally.h"
 #include "tests/soak/WorkerProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -21,11 +21,11 @@ namespace {
 constexpr double kDeadlineMs = 200;
 constexpr double kSlackMs = 100;
 
-// Sleeps the flushes' deadline again and again while it lives, to tell how late this machine wakes
-// whoever waits for a time.
-class BareSleeps {
+// Sleeps for the deadline of a flush repeatedly while it exists, to measure how late this machine
+// wakes a sleeping thread.
+class PlainSleeps {
  public:
-  BareSleeps()
+  PlainSleeps()
       : thread_([this](const std::stop_token& stop) {
           while (!stop.stop_requested())
             sleepOnce();
@@ -54,18 +54,18 @@ class Flushes {
   Flushes(std::uint64_t times, bool assertsTimes, Report& report)
       : times_(times), assertsTimes_(assertsTimes), report_(report) {}
 
-  void against(const std::string& what, WorkerOrders orders) {
+  void run(const std::string& what, WorkerOptions options) {
     const test::TemporaryFolder folder;
-    orders.state = folder.path();
-    orders.events = 1;
-    orders.awaitTry = true;
-    orders.flushes = times_;
-    orders.flushMs = static_cast<std::uint64_t>(kDeadlineMs);
-    BareSleeps sleeps;
-    const std::vector<Record> records = runWorkerToItsEnd(orders);
-    const std::vector<double> bare = sleeps.end();
+    options.state = folder.path();
+    options.events = 1;
+    options.awaitAttempt = true;
+    options.flushes = times_;
+    options.flushMs = static_cast<std::uint64_t>(kDeadlineMs);
+    PlainSleeps sleeps;
+    const std::vector<Record> records = runWorker(options);
+    const std::vector<double> sleepTimes = sleeps.end();
     if (const auto error = lastOf(records, Record::Kind::Unable)) {
-      report_.say(what + ": left out, the system does not allow it (" +
+      report_.say(what + ": skipped, not permitted by the system (" +
                   std::generic_category().message(static_cast<int>(*error)) + ")");
       return;
     }
@@ -73,21 +73,22 @@ class Flushes {
     for (const std::uint64_t us : numbersOf(records, Record::Kind::Flushed))
       times.push_back(static_cast<double>(us) / 1'000);
     report_.say(what + ": " + std::to_string(times.size()) + " calls, " + spread(times, "ms") +
-                "; bare sleeps meanwhile: " + spread(bare, "ms"));
-    judge(records, times, *std::max_element(bare.begin(), bare.end()));
-    report_.promise(queuedIn(folder.path()).size() == times_ + 1, "all events wait in the queue");
+                "; plain sleeps at the same time: " + spread(sleepTimes, "ms"));
+    check(records, times, *std::max_element(sleepTimes.begin(), sleepTimes.end()));
+    report_.promise(queuedIn(folder.path()).size() == times_ + 1, "all events are queued");
   }
 
  private:
-  void judge(const std::vector<Record>& records, const std::vector<double>& times,
-             double longestBareMs) {
+  void check(const std::vector<Record>& records, const std::vector<double>& times,
+             double longestSleepMs) {
     const auto [shortest, longest] = std::minmax_element(times.begin(), times.end());
     report_.promise(times.size() == times_ && lastOf(records, Record::Kind::Emptied) == 0,
-                    "each call says that the queue is not empty");
-    report_.promise(!times.empty() && *shortest >= kDeadlineMs, "none ends before its deadline");
+                    "each call reports that the queue is not empty");
+    report_.promise(!times.empty() && *shortest >= kDeadlineMs,
+                    "no call returns before its deadline");
     if (!assertsTimes_) return;
-    report_.promise(!times.empty() && *longest <= longestBareMs + kSlackMs,
-                    "none takes 100 ms more than the longest bare sleep");
+    report_.promise(!times.empty() && *longest <= longestSleepMs + kSlackMs,
+                    "no call takes 100 ms more than the longest plain sleep");
   }
 
   const std::uint64_t times_;
@@ -103,27 +104,27 @@ int flush(Arguments& arguments) {
   arguments.expectAllKnown();
   Report report("flush");
   Flushes flushes(times, assertsTimes, report);
-  WorkerOrders orders;
+  WorkerOptions options;
 
-  const NeverSpeaks mute;
-  orders.host = mute.host();
-  flushes.against("a host that accepts and never speaks", orders);
+  const SilentServer silent;
+  options.host = silent.url();
+  flushes.run("a server that accepts connections and never sends data", options);
 
   const BlackHole hole;
-  orders.host = hole.host();
-  flushes.against("a host that answers no attempt to connect", orders);
+  options.host = hole.url();
+  flushes.run("a server that does not respond to connection attempts", options);
 
   test::JXTestServer server;
   test::JXTestAnswer stall;
   stall.manner = test::JXTestAnswer::Manner::StallBeforeHead;
   server.answerAll(stall);
-  orders.host = server.url("");
-  orders.caFile = server.caFile();
-  flushes.against("a host that reads requests and never answers", orders);
+  options.host = server.url("");
+  options.caFile = server.caFile();
+  flushes.run("a server that reads requests and never responds", options);
 
-  orders.host = "https://collect.example.com";
-  orders.silentNames = true;
-  flushes.against("a name that no name server resolves", orders);
+  options.host = "https://collect.example.com";
+  options.silentNames = true;
+  flushes.run("a host name that no name server resolves", options);
   return report.status();
 }
 

@@ -16,68 +16,68 @@
 namespace jx::soak {
 namespace {
 
-constexpr std::uint64_t kLongestDeliveryMs = 540'000;
+constexpr std::uint64_t kMaxDeliveryMs = 540'000;
 
 class Outage {
  public:
   Outage(std::uint64_t requests, Report& report) : requests_(requests), report_(report) {
     server_.refuse();
-    orders_.state = folder_.path();
-    orders_.host = server_.url("");
-    orders_.caFile = server_.caFile();
+    options_.state = folder_.path();
+    options_.host = server_.url("");
+    options_.caFile = server_.caFile();
   }
 
   void deliverInTheSameProcess() {
     report_.say("the same process:");
-    orders_.events = requests_;
-    orders_.awaitGo = true;
-    orders_.deliverMs = kLongestDeliveryMs;
-    const std::unique_ptr<ChildProcess> worker = startWorker(orders_);
-    if (!worker->waitForOutput(beginningOf(Record::Kind::Reported), std::chrono::minutes(10))) {
-      throw std::runtime_error("the worker does not come to the end of its events");
+    options_.events = requests_;
+    options_.awaitGo = true;
+    options_.deliverMs = kMaxDeliveryMs;
+    const std::unique_ptr<ChildProcess> worker = startWorker(options_);
+    if (!worker->waitForOutput(prefixOf(Record::Kind::Reported), std::chrono::minutes(10))) {
+      throw std::runtime_error("the worker did not execute its events within 10 minutes");
     }
     server_.accept();
-    go(*worker);
+    resume(*worker);
     const std::vector<Record> records = finish(*worker);
-    tellQueued(records);
-    tellDelivered(records);
+    reportQueued(records);
+    reportDelivered(records);
   }
 
   void deliverAfterARestart() {
     report_.say("after a restart:");
-    orders_.events = requests_;
-    tellQueued(runWorkerToItsEnd(orders_));
+    options_.events = requests_;
+    reportQueued(runWorker(options_));
     server_.accept();
-    orders_.events = 0;
-    orders_.deliverMs = kLongestDeliveryMs;
-    const std::vector<Record> records = runWorkerToItsEnd(orders_);
+    options_.events = 0;
+    options_.deliverMs = kMaxDeliveryMs;
+    const std::vector<Record> records = runWorker(options_);
     report_.say(
-        "start with the queue of the earlier process " +
+        "start with the queue of the previous process " +
         rounded(static_cast<double>(lastOf(records, Record::Kind::Started).value_or(0)) / 1'000) +
         " ms");
-    tellDelivered(records);
+    reportDelivered(records);
   }
 
  private:
-  void tellQueued(const std::vector<Record>& records) {
+  void reportQueued(const std::vector<Record>& records) {
     const std::size_t executed = numbersOf(records, Record::Kind::Executed).size();
-    report_.promise(executed == requests_, "executed " + std::to_string(executed));
-    report_.say("peak memory when all were queued " +
-                std::to_string(numbersOf(records, Record::Kind::Memory).at(0)) + " KiB, tries " +
-                std::to_string(numbersOf(records, Record::Kind::Tries).at(0)));
+    report_.promise(executed == requests_, "events executed " + std::to_string(executed));
+    report_.say("peak memory with all events queued " +
+                std::to_string(numbersOf(records, Record::Kind::Memory).at(0)) + " KiB, attempts " +
+                std::to_string(numbersOf(records, Record::Kind::Attempts).at(0)));
   }
 
-  void tellDelivered(const std::vector<Record>& records) {
+  void reportDelivered(const std::vector<Record>& records) {
     const double seconds =
         static_cast<double>(lastOf(records, Record::Kind::Flushed).value_or(0)) / 1'000'000;
     report_.say("delivered in " + rounded(seconds, 2) + " s, " +
                 rounded(static_cast<double>(requests_) / seconds, 0) +
-                " requests a second, peak memory " +
+                " requests per second, peak memory " +
                 std::to_string(lastOf(records, Record::Kind::Memory).value_or(0)) + " KiB");
     const Tally tally = tallyOf(server_, folder_.path());
     report_.promise(lastOf(records, Record::Kind::Emptied) == 1, "the queue is empty");
-    report_.promise(tally.taken.size() == requests_ && *tally.taken.rbegin() == requests_ - 1,
-                    "delivered distinct " + std::to_string(tally.taken.size()));
+    report_.promise(tally.accepted.size() == requests_ && *tally.accepted.rbegin() == requests_ - 1,
+                    "distinct events delivered " + std::to_string(tally.accepted.size()));
     report_.promise(tally.repeats == 0 && tally.bodies == requests_,
                     "delivered twice " + std::to_string(tally.repeats));
   }
@@ -86,7 +86,7 @@ class Outage {
   Report& report_;
   const test::TemporaryFolder folder_;
   test::JXTestServer server_;
-  WorkerOrders orders_;
+  WorkerOptions options_;
 };
 
 }  // namespace

@@ -6,20 +6,20 @@
 
 namespace jx::soak {
 
-// Each proof is a subcommand of the program. It prints its figures and returns the exit status, 0
-// when what it proves holds.
+// Each soak test is a subcommand of the program. It prints its results and returns the exit status,
+// 0 if all checks passed.
 
-/// Processes are killed at random instants while they execute and send; nothing that execute
-/// returned for is lost.
+/// Kills processes at random times while they execute and send. No event for which execute returned
+/// is lost.
 int kills(Arguments& arguments);
-/// Many events while the server refuses connections make few attempts, and little more work than
-/// with a server that answers.
+/// Executes many events while the server refuses connections. They cause few attempts, and little
+/// more work than with a server that responds.
 int offline(Arguments& arguments);
-/// A long queue is delivered after the outage, by the same process and by the next.
+/// Delivers a long queue after an outage, in the same process and in the next one.
 int outage(Arguments& arguments);
-/// A flush to a host that never answers ends at its deadline.
+/// Flushes to servers that never respond. Each flush returns at its deadline.
 int flush(Arguments& arguments);
-/// A process that ends while the host cannot be reached ends soon, and leaves its queue.
+/// Exits processes while the server is unreachable. Each exits soon and keeps its queue.
 int exit(Arguments& arguments);
 
 }  // namespace jx::soak

@@ -10,7 +10,7 @@
 namespace jx::soak {
 namespace {
 
-// A letter, twenty digits, a line's end.
+// A letter, twenty digits and a newline.
 constexpr std::size_t kRecordSize = 22;
 
 }  // namespace
@@ -44,6 +44,6 @@ std::optional<std::uint64_t> lastOf(const std::vector<Record>& records, Record::
   return numbers.empty() ? std::nullopt : std::optional(numbers.back());
 }
 
-std::string beginningOf(Record::Kind kind) { return std::string(1, static_cast<char>(kind)); }
+std::string prefixOf(Record::Kind kind) { return std::string(1, static_cast<char>(kind)); }
 
 }  // namespace jx::soak

@@ -12,9 +12,9 @@ void Report::say(const std::string& text) const {
   std::fflush(stdout);
 }
 
-void Report::promise(bool kept, const std::string& text) {
-  say((kept ? "kept: " : "BROKEN: ") + text);
-  if (!kept) ++broken_;
+void Report::promise(bool passed, const std::string& text) {
+  say((passed ? "passed: " : "FAILED: ") + text);
+  if (!passed) ++failed_;
 }
 
 std::string spread(std::vector<double> values, const std::string& unit) {

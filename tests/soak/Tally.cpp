@@ -29,24 +29,24 @@ std::optional<Event> eventIn(const std::string& body) {
 
 std::string outboxIn(const std::string& state) { return state + "/outbox"; }
 
-void expectNo(const std::string& error) {
+void throwOn(const std::string& error) {
   if (!error.empty()) throw std::runtime_error(error);
 }
 
 std::vector<JXOutboxListing> queueOf(const std::string& state) {
-  // A process that was killed early has made no folder.
+  // A process that was killed early has not created the folder.
   if (!std::filesystem::exists(outboxIn(state))) return {};
   std::string error;
   std::vector<JXOutboxListing> queue = listOutbox(outboxIn(state), error);
-  expectNo(error);
+  throwOn(error);
   return queue;
 }
 
 }  // namespace
 
 std::size_t Tally::distinct() const {
-  const auto isNew = [this](std::uint64_t number) { return taken.count(number) == 0; };
-  return taken.size() +
+  const auto isNew = [this](std::uint64_t number) { return accepted.count(number) == 0; };
+  return accepted.size() +
          static_cast<std::size_t>(std::count_if(rejected.begin(), rejected.end(), isNew));
 }
 
@@ -64,8 +64,8 @@ Tally tallyOf(const test::JXTestServer& server, const std::string& state) {
     const auto [known, isNew] = bodyOfId.emplace(event->id, request.body);
     if (!isNew && known->second != request.body) ++tally.differing;
     if (idOfNumber.emplace(event->number, event->id).first->second != event->id) ++tally.renamed;
-    const bool isTaken = request.status >= 200 && request.status < 300;
-    if (isTaken && !tally.taken.insert(event->number).second) ++tally.repeats;
+    const bool isAccepted = request.status >= 200 && request.status < 300;
+    if (isAccepted && !tally.accepted.insert(event->number).second) ++tally.repeats;
   }
   std::string error;
   for (const JXOutboxListing& letter : listDeadLetters(outboxIn(state), error)) {
@@ -75,7 +75,7 @@ Tally tallyOf(const test::JXTestServer& server, const std::string& state) {
       ++tally.unreadable;
     }
   }
-  expectNo(error);
+  throwOn(error);
   return tally;
 }
 
@@ -83,7 +83,7 @@ std::vector<std::uint64_t> queuedIn(const std::string& state) {
   std::vector<std::uint64_t> numbers;
   for (const JXOutboxListing& request : queueOf(state)) {
     const std::optional<Event> event = eventIn(request.body);
-    if (!event) throw std::runtime_error("the queue holds a request without a number");
+    if (!event) throw std::runtime_error("the queue contains a request without a number");
     numbers.push_back(event->number);
   }
   std::sort(numbers.begin(), numbers.end());
@@ -92,7 +92,7 @@ std::vector<std::uint64_t> queuedIn(const std::string& state) {
 
 std::size_t queueLengthIn(const std::string& state) { return queueOf(state).size(); }
 
-std::size_t setAsideIn(const std::string& state) {
+std::size_t quarantinedIn(const std::string& state) {
   std::size_t count = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(state)) {
     if (entry.path().filename().string().find(".damaged-") != std::string::npos) ++count;
@@ -102,7 +102,7 @@ std::size_t setAsideIn(const std::string& state) {
 
 std::size_t missing(const std::vector<std::uint64_t>& numbers, const Tally& tally) {
   return static_cast<std::size_t>(std::count_if(
-      numbers.begin(), numbers.end(), [&](std::uint64_t each) { return !tally.holds(each); }));
+      numbers.begin(), numbers.end(), [&](std::uint64_t each) { return !tally.contains(each); }));
 }
 
 }  // namespace jx::soak

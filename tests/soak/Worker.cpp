@@ -16,7 +16,7 @@
 
 #include "jx/JXServerSide.h"
 #include "tests/soak/Record.h"
-#include "tests/soak/SilentHosts.h"
+#include "tests/soak/SilentServers.h"
 
 namespace jx::soak {
 namespace {
@@ -29,16 +29,16 @@ std::uint64_t microsecondsSince(Clock::time_point start) {
   return static_cast<std::uint64_t>(passed.count());
 }
 
-JXCoreConfiguration configurationOf(const WorkerOrders& orders) {
+JXCoreConfiguration configurationOf(const WorkerOptions& options) {
   JXCoreConfiguration configuration;
-  configuration.storageFolder = orders.state;
-  configuration.collectionHost = orders.host;
-  if (!orders.caFile.empty()) configuration.caFile = orders.caFile;
-  // So that nothing is missing because it was displaced.
+  configuration.storageFolder = options.state;
+  configuration.collectionHost = options.host;
+  if (!options.caFile.empty()) configuration.caFile = options.caFile;
+  // High limits, so that no event is dropped.
   configuration.outboxBounds.maxRequests = 10'000'000;
   configuration.outboxBounds.maxBytes = std::uint64_t{64} << 30;
   configuration.outboxBounds.maxDeadLetters = 10'000'000;
-  if (orders.quick) {
+  if (options.quick) {
     configuration.retryTimings.initialBackoff = milliseconds(4);
     configuration.retryTimings.maxBackoff = milliseconds(30);
     configuration.retryTimings.syncDelay = milliseconds(5);
@@ -48,34 +48,34 @@ JXCoreConfiguration configurationOf(const WorkerOrders& orders) {
 
 class Worker {
  public:
-  explicit Worker(const WorkerOrders& orders) : orders_(orders) {}
+  explicit Worker(const WorkerOptions& options) : options_(options) {}
 
   void start() {
-    JXCoreConfiguration::set(configurationOf(orders_));
+    JXCoreConfiguration::set(configurationOf(options_));
     const Clock::time_point before = Clock::now();
     serverSide_ = ServerSide::initWithSiteID_andSourceKey(1, "key");
     writeRecord(Record::Kind::Started, microsecondsSince(before));
   }
 
   void executeAll() {
-    for (std::uint64_t i = 0; i < orders_.events; ++i)
+    for (std::uint64_t i = 0; i < options_.events; ++i)
       executeOne();
-    while (orders_.awaitTry && JXNetworkManager::sharedInstance().counters().attempts == 0) {
+    while (options_.awaitAttempt && JXNetworkManager::sharedInstance().counters().attempts == 0) {
       std::this_thread::sleep_for(milliseconds(1));
     }
   }
 
-  void flushAgainAndAgain() {
+  void flushRepeatedly() {
     std::uint64_t emptied = 0;
-    for (std::uint64_t i = 0; i < orders_.flushes; ++i) {
+    for (std::uint64_t i = 0; i < options_.flushes; ++i) {
       executeOne();
-      if (timedFlush(milliseconds(orders_.flushMs))) ++emptied;
+      if (timedFlush(milliseconds(options_.flushMs))) ++emptied;
     }
     writeRecord(Record::Kind::Emptied, emptied);
   }
 
   void deliver() {
-    writeRecord(Record::Kind::Emptied, timedFlush(milliseconds(orders_.deliverMs)) ? 1 : 0);
+    writeRecord(Record::Kind::Emptied, timedFlush(milliseconds(options_.deliverMs)) ? 1 : 0);
   }
 
   static void report() {
@@ -84,25 +84,25 @@ class Worker {
     const auto inUs = [](const timeval& time) { return time.tv_sec * 1'000'000 + time.tv_usec; };
     writeRecord(Record::Kind::Processor,
                 static_cast<std::uint64_t>(inUs(used.ru_utime) + inUs(used.ru_stime)));
-    writeRecord(Record::Kind::Tries, JXNetworkManager::sharedInstance().counters().attempts);
+    writeRecord(Record::Kind::Attempts, JXNetworkManager::sharedInstance().counters().attempts);
     writeRecord(Record::Kind::Memory, peakMemoryKiB());
     writeRecord(Record::Kind::Reported, 0);
   }
 
  private:
   void executeOne() {
-    const std::uint64_t number = orders_.first + executed_++;
+    const std::uint64_t number = options_.first + executed_++;
     const auto event = JXCustomEvent::initWithName("soak");
     event->addAdditionalParameter_withValue("n", std::to_string(number));
-    if (orders_.padBytes != 0) {
-      // Any length may end a page of the file, where a kill can tear a write.
-      const std::size_t length = number * 7'919 % (orders_.padBytes + 1);
+    if (options_.padBytes != 0) {
+      // Varying lengths hit the end of a file page, where a kill can cause a partial write.
+      const std::size_t length = number * 7'919 % (options_.padBytes + 1);
       event->addAdditionalParameter_withValue("pad", std::string(length, 'p'));
     }
     serverSide_->execute(event);
     writeRecord(Record::Kind::Executed, number);
-    if (orders_.gapUs == 0) return;
-    std::this_thread::sleep_for(std::chrono::microseconds(orders_.gapUs));
+    if (options_.gapUs == 0) return;
+    std::this_thread::sleep_for(std::chrono::microseconds(options_.gapUs));
   }
 
   static bool timedFlush(milliseconds deadline) {
@@ -121,15 +121,15 @@ class Worker {
     return 0;
   }
 
-  const WorkerOrders orders_;
+  const WorkerOptions options_;
   std::shared_ptr<ServerSide> serverSide_;
   std::uint64_t executed_ = 0;
 };
 
-// Reads an order from its option.
-class OrderReader {
+// Reads the value of an option.
+class OptionReader {
  public:
-  explicit OrderReader(Arguments& arguments) : arguments_(arguments) {}
+  explicit OptionReader(Arguments& arguments) : arguments_(arguments) {}
   void operator()(const char* name, std::string& value) { value = arguments_.text(name); }
   void operator()(const char* name, bool& value) { value = arguments_.has(name); }
   void operator()(const char* name, std::uint64_t& value) {
@@ -143,36 +143,36 @@ class OrderReader {
 }  // namespace
 
 int worker(Arguments& arguments) {
-  WorkerOrders orders;
-  forEachOrder(orders, OrderReader(arguments));
+  WorkerOptions options;
+  forEachOption(options, OptionReader(arguments));
   arguments.expectAllKnown();
-  std::optional<SilentNames> names;
-  if (orders.silentNames) {
+  std::optional<SilentNameServer> names;
+  if (options.silentNames) {
     names.emplace();
     if (names->error() != 0) {
       writeRecord(Record::Kind::Unable, static_cast<std::uint64_t>(names->error()));
       return 0;
     }
   }
-  Worker worker(orders);
+  Worker worker(options);
   worker.start();
   worker.executeAll();
-  if (names && !names->waitForQuestion()) {
-    // This system asks for names by another way than the name server.
+  if (names && !names->waitForQuery()) {
+    // This system does not use the name server to resolve names.
     writeRecord(Record::Kind::Unable, ETIMEDOUT);
     return 0;
   }
   Worker::report();
-  if (orders.awaitGo) {
+  if (options.awaitGo) {
     char line[8];
     if (::read(STDIN_FILENO, line, sizeof line) <= 0) return 4;
   }
-  if (orders.flushes != 0) worker.flushAgainAndAgain();
-  if (orders.deliverMs != 0) {
+  if (options.flushes != 0) worker.flushRepeatedly();
+  if (options.deliverMs != 0) {
     worker.deliver();
     Worker::report();
   }
-  if (orders.waitForKill) ::pause();
+  if (options.waitForKill) ::pause();
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   writeRecord(Record::Kind::Leaving, static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000 +

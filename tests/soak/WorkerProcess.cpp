@@ -12,12 +12,12 @@
 namespace jx::soak {
 namespace {
 
-constexpr std::chrono::minutes kPatience{10};
+constexpr std::chrono::minutes kWorkerTimeout{10};
 
-// Writes an order as its option.
-class OrderWriter {
+// Converts a value to an option.
+class OptionWriter {
  public:
-  explicit OrderWriter(std::vector<std::string>& words) : words_(words) {}
+  explicit OptionWriter(std::vector<std::string>& words) : words_(words) {}
   void operator()(const std::string& name, const std::string& value) {
     if (!value.empty()) words_.insert(words_.end(), {"--" + name, value});
   }
@@ -32,36 +32,36 @@ class OrderWriter {
   std::vector<std::string>& words_;
 };
 
-std::vector<std::string> argumentsFor(const WorkerOrders& orders) {
+std::vector<std::string> argumentsFor(const WorkerOptions& options) {
   std::vector<std::string> words{"worker"};
-  forEachOrder(orders, OrderWriter(words));
+  forEachOption(options, OptionWriter(words));
   return words;
 }
 
 }  // namespace
 
-std::unique_ptr<ChildProcess> startWorker(const WorkerOrders& orders) {
+std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options) {
   const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
-  const auto input = orders.awaitGo ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
-  return std::make_unique<ChildProcess>(self, argumentsFor(orders),
+  const auto input = options.awaitGo ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
+  return std::make_unique<ChildProcess>(self, argumentsFor(options),
                                         std::map<std::string, std::string>{}, input);
 }
 
-void go(ChildProcess& worker) {
-  if (!worker.writeInput("go\n")) throw std::runtime_error("a worker ended before its time");
+void resume(ChildProcess& worker) {
+  if (!worker.writeInput("go\n")) throw std::runtime_error("a worker exited too early");
 }
 
 std::vector<Record> finish(ChildProcess& worker) {
-  const ChildProcess::Result result = worker.wait(kPatience);
+  const ChildProcess::Result result = worker.wait(kWorkerTimeout);
   if (result.status != 0) {
-    throw std::runtime_error("a worker ended with status " + std::to_string(result.status) + "\n" +
+    throw std::runtime_error("a worker exited with status " + std::to_string(result.status) + "\n" +
                              result.errors);
   }
   return recordsIn(result.output);
 }
 
-std::vector<Record> runWorkerToItsEnd(const WorkerOrders& orders) {
-  return finish(*startWorker(orders));
+std::vector<Record> runWorker(const WorkerOptions& options) {
+  return finish(*startWorker(options));
 }
 
 }  // namespace jx::soak

@@ -11,14 +11,15 @@
 
 namespace jx::soak {
 
-/// Starts a worker with these orders.
-std::unique_ptr<ChildProcess> startWorker(const WorkerOrders& orders);
-/// Lets a worker that awaits it go on.
-void go(ChildProcess& worker);
-/// Starts a worker and waits for its end. Throws std::runtime_error when it does not end well in
-/// ten minutes.
-std::vector<Record> runWorkerToItsEnd(const WorkerOrders& orders);
-/// The records of a worker that is ending by itself; throws as the operation above.
+/// Starts a worker with these options.
+std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options);
+/// Resumes a worker that waits for a line on standard input. Throws std::runtime_error if it has
+/// exited.
+void resume(ChildProcess& worker);
+/// Starts a worker, waits for its exit and returns its records. Throws std::runtime_error if it
+/// does not exit with status 0 within ten minutes.
+std::vector<Record> runWorker(const WorkerOptions& options);
+/// Waits for the exit of a worker and returns its records. Throws like `runWorker`.
 std::vector<Record> finish(ChildProcess& worker);
 
 }  // namespace jx::soak

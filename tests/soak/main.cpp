@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Long proofs that no event is lost, with real processes, files and connections.
+// Soak tests, which check that no event is lost, with real processes, files and connections.
 //
 //   jx_soak kills   [--runs 1000] [--seed N]
 //   jx_soak offline [--events 2050] [--gap-ms 3] [--rounds 3]
@@ -9,8 +9,8 @@
 //   jx_soak flush   [--times 100] [--assert-times]
 //   jx_soak exit    [--times 100] [--assert-times]
 //
-// Prints its figures, a line each. Exit status: 0 when every promise was kept, 1 when one was
-// broken, 2 for wrong usage.
+// Prints one result per line. Exit status: 0 if all checks passed, 1 if one failed, 2 for invalid
+// arguments.
 
 #include <exception>
 #include <iostream>

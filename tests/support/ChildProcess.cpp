@@ -33,7 +33,7 @@ void closeEnd(int& fd) {
   fd = -1;
 }
 
-// Reads once. False at the end.
+// Reads once; returns false at the end of the stream.
 bool readInto(int fd, std::string& text) {
   std::array<char, 4096> part{};
   const ssize_t count = ::read(fd, part.data(), part.size());
@@ -146,7 +146,7 @@ bool ChildProcess::waitForErrors(const std::string& text, std::chrono::milliseco
 }
 
 bool ChildProcess::writeInput(const std::string& text) const {
-  // A program that has gone must not end the test with it.
+  // A program that has exited must not end the test with SIGPIPE.
   std::signal(SIGPIPE, SIG_IGN);
   std::size_t written = 0;
   while (written < text.size()) {
@@ -164,7 +164,7 @@ ChildProcess::Result ChildProcess::wait(std::chrono::milliseconds limit) {
   const Clock::time_point deadline = Clock::now() + limit;
   while (readOutput(deadline)) {
   }
-  // The pipes may close before the program ends, or outlive it: only its end counts.
+  // The pipes may close before or after the program ends, so wait for the process itself.
   const int processFd = static_cast<int>(::syscall(SYS_pidfd_open, pid_, 0));
   check(processFd >= 0 ? 0 : errno, "pidfd_open");
   pollfd ended{processFd, POLLIN, 0};

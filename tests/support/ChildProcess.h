@@ -11,25 +11,25 @@
 
 namespace jx {
 
-/// A program that a test runs as a child, with its output caught. Ended, if it still runs, when
-/// this object goes. Used by one thread.
+/// A child process of a test, with captured output. The destructor ends it when it still runs. Use
+/// it on one thread.
 class ChildProcess {
  public:
   struct Result {
-    /// The exit status; 128 and the number of the signal when one ended it.
+    /// The exit status; 128 plus the signal number when a signal ended the program.
     int status = -1;
     bool timedOut = false;
     std::string output;  ///< standard output
     std::string errors;  ///< standard error
   };
 
-  /// What the program reads from its standard input.
+  /// Standard input of the program.
   enum class Input {
     Empty,  ///< nothing
-    Pipe,   ///< what `writeInput` gives, until `closeInput`
+    Pipe,   ///< the data of `writeInput`, until `closeInput`
   };
 
-  /// Starts `program` with `arguments`. `environment` is added to the test's own. Throws
+  /// Starts `program` with `arguments`. Adds `environment` to the test's environment. Throws
   /// std::system_error when the program cannot be started.
   ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                const std::map<std::string, std::string>& environment = {},
@@ -39,36 +39,36 @@ class ChildProcess {
   ChildProcess& operator=(const ChildProcess&) = delete;
 
   pid_t pid() const { return pid_; }
-  /// Sends a signal.
+  /// Sends a signal to the program.
   void signal(int number) const;
-  /// Reads standard output until `text` has come. False when the program ended, or the time was
-  /// up, before it.
+  /// Reads standard output until it contains `text`. Returns false when the program ends or the
+  /// time is up first.
   bool waitForOutput(const std::string& text, std::chrono::milliseconds limit);
-  /// The same for standard error.
+  /// As `waitForOutput`, for standard error.
   bool waitForErrors(const std::string& text, std::chrono::milliseconds limit);
-  /// Standard output as far as it was read by the operations above.
+  /// Returns the standard output that the operations above have read.
   const std::string& output() const { return result_.output; }
-  /// Writes to a standard input that is a pipe; waits while the pipe is full. False when the
-  /// program has closed it.
+  /// Writes to a standard input that is a pipe; waits while the pipe is full. Returns false when
+  /// the program has closed it.
   bool writeInput(const std::string& text) const;
-  /// Ends the standard input.
+  /// Closes the standard input.
   void closeInput();
-  /// Reads until the program ends; a program that does not end in time is killed and the result
-  /// says so.
+  /// Reads until the program ends. Kills a program that does not end in time and reports that in
+  /// the result.
   Result wait(std::chrono::milliseconds limit);
 
-  /// Starts a program and waits for its end.
+  /// Starts a program and waits until it ends.
   static Result run(const std::string& program, const std::vector<std::string>& arguments,
                     std::chrono::milliseconds limit,
                     const std::map<std::string, std::string>& environment = {});
-  /// The same with `input` as its standard input.
+  /// As above, with `input` as its standard input.
   static Result runWithInput(const std::string& program, const std::vector<std::string>& arguments,
                              const std::string& input, std::chrono::milliseconds limit);
 
  private:
   using Clock = std::chrono::steady_clock;
 
-  // Reads what is there; false when both pipes are closed or the deadline has passed.
+  // Reads available output; returns false when both pipes are closed or the deadline has passed.
   bool readOutput(Clock::time_point deadline);
   bool waitForText(const std::string& caught, const std::string& text,
                    std::chrono::milliseconds limit);

@@ -14,7 +14,7 @@ namespace {
 
 JXJsonObject parsed(const std::string& text) {
   const JXJsonObject object = JXJsonReader::read(text).value.object();
-  if (!object.isPresent()) throw std::runtime_error("no JSON object: " + text);
+  if (!object.isPresent()) throw std::runtime_error("not a JSON object: " + text);
   return object;
 }
 
@@ -40,15 +40,15 @@ std::string CollectorProgram::address() const {
   return "https://127.0.0.1:" + portText("events_port");
 }
 
-JXJsonObject CollectorProgram::ask(const std::string& path) const {
+JXJsonObject CollectorProgram::query(const std::string& path) const {
   HttpsClient client;
-  const auto answer = client.get("http://127.0.0.1:" + portText("web_port") + path);
-  if (answer.status != 200) throw std::runtime_error("no answer to " + path);
-  return parsed(answer.body);
+  const auto response = client.get("http://127.0.0.1:" + portText("web_port") + path);
+  if (response.status != 200) throw std::runtime_error("no response to " + path);
+  return parsed(response.body);
 }
 
 JXJsonArray CollectorProgram::events() const {
-  return ask("/api/events?after=0&limit=1000").get("events").array();
+  return query("/api/events?after=0&limit=1000").get("events").array();
 }
 
 JXJsonObject CollectorProgram::body(std::size_t index) const {
@@ -64,7 +64,7 @@ std::set<std::string> CollectorProgram::eventIds() const {
 }
 
 std::string CollectorProgram::repeats() const {
-  return ask("/api/summary").get("repeats").numberString().toStdString();
+  return query("/api/summary").get("repeats").numberString().toStdString();
 }
 
 }  // namespace jx::test

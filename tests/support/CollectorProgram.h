@@ -11,30 +11,30 @@
 
 namespace jx::test {
 
-/// `jx collector` as a child process, on ports that were free, ended with this object. Throws
-/// std::runtime_error when it does not start or does not answer.
+/// `jx collector` as a child process on free ports; ended by the destructor. Throws
+/// std::runtime_error when it does not start or does not respond.
 class CollectorProgram {
  public:
-  /// `folder` is where it keeps its things; it exists. Port 0 takes any that is free.
+  /// `folder` is an existing folder for its files. Port 0 selects a free port.
   CollectorProgram(const std::string& program, const std::string& folder, int port = 0);
 
-  /// "https://127.0.0.1:PORT".
+  /// Returns "https://127.0.0.1:PORT".
   std::string address() const;
   std::string caFile() const { return portText("ca"); }
 
-  /// The events that arrived, in order of arrival, as the JSON interface tells them.
+  /// Returns the received events in order of arrival, as reported by the HTTP API.
   JXJsonArray events() const;
-  /// The body of the event at this place.
+  /// Returns the body of the event at `index`.
   JXJsonObject body(std::size_t index) const;
   std::size_t eventCount() const { return events().size(); }
-  /// The event ids that arrived.
+  /// Returns the received event IDs.
   std::set<std::string> eventIds() const;
-  /// How often an event came again.
+  /// Returns the number of repeated events.
   std::string repeats() const;
 
  private:
   std::string portText(const char* key) const;
-  JXJsonObject ask(const std::string& path) const;
+  JXJsonObject query(const std::string& path) const;
 
   ChildProcess process_;
   JXJsonObject ports_;

@@ -9,18 +9,18 @@
 
 namespace jx {
 
-/// An HTTP client that keeps its connection from one request to the next. Used by one thread.
+/// An HTTP client that reuses its connection. Use it on one thread.
 class HttpsClient {
  public:
   struct Response {
-    CURLcode error = CURLE_OK;  ///< why there is no answer
+    CURLcode error = CURLE_OK;  ///< reason when there is no response
     long status = 0;
     std::string headers;
     std::string body;
-    long newConnections = 0;  ///< how many this request had to make
+    long newConnections = 0;  ///< connections opened for this request
   };
 
-  /// Servers are trusted when `caFile` vouches for them.
+  /// Trusts servers with a certificate signed by an authority in `caFile`.
   explicit HttpsClient(std::string caFile = {});
   ~HttpsClient();
   HttpsClient(const HttpsClient&) = delete;
@@ -31,7 +31,7 @@ class HttpsClient {
                 const std::vector<std::string>& headers = {});
   Response request(const std::string& method, const std::string& url, const std::string& body,
                    const std::vector<std::string>& headers = {});
-  /// Resolves a host name to 127.0.0.1 on this port.
+  /// Resolves `host` to 127.0.0.1 for `port`.
   void pointAtLoopback(const std::string& host, int port);
 
  private:

@@ -11,7 +11,7 @@
 namespace jx::test {
 namespace {
 
-// The fake platform's UUIDs are numbered.
+// The fake platform numbers its UUIDs.
 std::string lastUUID() {
   char text[40];
   std::snprintf(text, sizeof text, "00000000-0000-4000-8000-%012X",
@@ -27,8 +27,8 @@ JXFakePlatform& eventPlatform() {
     JXCoreConfiguration configuration;
     configuration.platform = made;
     configuration.dryRun = true;
-    // Named, so that nobody warns of its absence; a dry run makes no folder.
-    configuration.storageFolder = "not-made";
+    // Set to avoid the warning about a missing folder; a dry run does not create it.
+    configuration.storageFolder = "not-created";
     EXPECT_TRUE(JXCoreConfiguration::set(configuration)) << "the core has started already";
     JXCoreServices::sharedInstance();
     return made;

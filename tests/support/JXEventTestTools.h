@@ -17,33 +17,33 @@
 
 namespace jx::test {
 
-/// The platform that events are made on in a test. The first call starts the core on it, with
-/// nothing stored and nothing sent.
+/// Returns the platform that events use in a test. The first call starts the core with it, in a dry
+/// run.
 JXFakePlatform& eventPlatform();
 
-/// The event's JSON as compact text. Its "event_id" is compared with the UUID that the platform
-/// made for it, and then stands as "E", so that expected texts are short.
+/// Returns the event as compact JSON. Compares its "event_id" with the UUID that the platform
+/// created for it, then replaces it with "E", so that expected strings are short.
 std::string eventJson(const JXEvent& event);
-/// Compact text of any object.
+/// Returns any object as compact JSON.
 std::string jsonText(const JXJsonObject& object);
 
-/// The number of this text; the test fails when it is none.
+/// Returns the number in `text`; the test fails when it is not a number.
 JXDecimal decimal(const char* text);
 
-/// An item that verifies, two lamps at 12.50, and its JSON.
+/// A valid item, two lamps at 12.50, and its JSON.
 std::shared_ptr<JXItem> lampItem();
 inline constexpr const char* kLampJson =
     R"({"id":"1","quantity":2,"product":{"id":"L7","name":"Lamp","price":12.50,"colors":[]}})";
 
-/// One rule of a class: how to break it, and what the event then says of itself.
+/// One rule of a class: how to violate it, and the expected diagnostic.
 template <typename Event>
 struct Rule {
   std::string words;
   std::function<void(Event&)> breakIt;
 };
 
-/// Checks that an event of `complete` verifies, that breaking each rule alone is found and told in
-/// its words, and that the rules are tested in the order of the list.
+/// Checks that an event of `complete` is valid, that violating each rule alone is reported with its
+/// diagnostic, and that the rules are checked in the order of the list.
 template <typename Event>
 void expectRules(const std::function<std::shared_ptr<Event>()>& complete,
                  const std::vector<Rule<Event>>& rules) {

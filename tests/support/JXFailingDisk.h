@@ -11,12 +11,12 @@
 
 namespace jx {
 
-/// Puts failing system calls in the place of the storage's, for one test. Counts the calls; those
-/// with numbers from `first` up to, not including, `end` fail with `error`. To be made and ended
-/// while no other thread uses storage; several may use it in between.
+/// Replaces the storage's system calls with failing ones for one test. Counts the calls; those with
+/// indexes from `first` up to, not including, `end` fail with `error`. Create and destroy it while
+/// no other thread uses storage; several threads may use storage in between.
 class FailingDisk {
  public:
-  /// How a failing write fails.
+  /// The way in which a failing write fails.
   enum class Write { Nothing, Half };
 
   FailingDisk(long first, long end, Write write, int error = ENOSPC) {
@@ -33,11 +33,11 @@ class FailingDisk {
   FailingDisk& operator=(const FailingDisk&) = delete;
 
   long calls() const { return plan().calls; }
-  /// How many calls have failed.
+  /// Returns the number of failed calls.
   long failed() const { return plan().failed; }
-  /// No call fails from now on.
+  /// Stops failing.
   void heal() { plan().end = 0; }
-  /// Every call from number `first` on fails from now on.
+  /// Starts failing every call from index `first`.
   void fail() { plan().end = std::numeric_limits<long>::max(); }
 
  private:
@@ -67,7 +67,7 @@ class FailingDisk {
   static ssize_t writeParts(int descriptor, const iovec* parts, int count) {
     if (!fails()) return JXFileCalls::system().write(descriptor, parts, count);
     if (plan().write == Write::Nothing) return -1;
-    // The first part whole and half of the second: a frame that stops in its middle.
+    // Writes the first part and half of the second: an incomplete frame.
     iovec half[2] = {parts[0], count > 1 ? parts[1] : iovec{parts[0].iov_base, 0}};
     half[1].iov_len /= 2;
     return JXFileCalls::system().write(descriptor, half, 2);

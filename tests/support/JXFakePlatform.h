@@ -14,19 +14,19 @@
 
 namespace jx::test {
 
-/// A settings store in memory. Thread-safe.
+/// An in-memory settings store. Thread-safe.
 class JXFakePlatformDefaults final : public JXPlatformDefaults {
  public:
   JXString objectForKey(const JXString& key) override;
   void setObject_forKey(const JXString& value, const JXString& key) override;
   void synchronize() override;
 
-  /// Puts an entry in as an earlier launch would have: not counted.
+  /// Adds an entry without counting it, as if an earlier launch had stored it.
   void preset(const std::string& key, const JXString& value);
-  /// A copy of what is held now.
+  /// Returns a copy of all entries.
   std::map<std::string, JXString> entries() const;
 
-  /// Calls of `setObject_forKey`, removals included.
+  /// Returns the number of `setObject_forKey` calls, removals included.
   int setCount() const { return setCount_.load(); }
   int setCount(const std::string& key) const;
   int synchronizeCount() const { return synchronizeCount_.load(); }
@@ -41,9 +41,9 @@ class JXFakePlatformDefaults final : public JXPlatformDefaults {
   std::atomic<int> synchronizeCount_{0};
 };
 
-/// The one platform for tests: every answer is a public value, by default that of a television in
-/// London. Set the values before the library is started; those that are atomic, and everything
-/// about the user agent and the application, may be used at any time on any thread.
+/// The platform for tests: every result is a public value; the defaults describe a TV in London.
+/// Set the values before the library is started. Atomic values, the user agent and the application
+/// state may be used at any time on any thread.
 class JXFakePlatform final : public JXPlatform {
  public:
   /// `userDefaults()` returns `defaults` while this is true, else null.
@@ -74,23 +74,23 @@ class JXFakePlatform final : public JXPlatform {
   std::vector<JXInterfaceAddress> addresses;
 
   JXString userAgent{"ExampleAgent/1.0"};
-  /// True: a request for the user agent waits for `answerUserAgent`.
+  /// True makes a user agent request wait for `answerUserAgent`.
   bool userAgentAnswersLater = false;
 
   std::int32_t process = 4242;
-  /// What `randomBits` returns first; each further call returns one more.
+  /// First result of `randomBits`; each further call returns one more.
   std::atomic<std::uint32_t> nextRandomBits{1};
 
-  /// Answers every request that waits, on the calling thread. Returns how many there were.
+  /// Completes all pending user agent requests on the calling thread. Returns their number.
   int answerUserAgent(const JXString& text);
   int userAgentRequestCount() const { return userAgentRequests_.load(); }
 
-  /// Tells the observers, on the calling thread. False when nobody observes.
+  /// Notifies the observers on the calling thread. Returns false when there is none.
   bool enterBackground();
   bool enterForeground();
   int observeCount() const { return observeCount_.load(); }
 
-  /// UUIDs made so far; the n-th is "00000000-0000-4000-8000-" and n in twelve hexadecimal digits.
+  /// Number of UUIDs created; the n-th is "00000000-0000-4000-8000-" plus n in twelve hex digits.
   int uuidCount() const { return uuidCount_.load(); }
 
   JXPlatformDefaults* userDefaults() override { return hasUserDefaults ? &defaults : nullptr; }

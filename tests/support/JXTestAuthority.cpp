@@ -29,7 +29,7 @@ void addExtension(X509* certificate, X509* issuer, int kind, const std::string& 
   X509_EXTENSION_free(extension);
 }
 
-// A certificate that still has to be signed.
+// Creates a certificate that is not signed yet.
 JXTestIdentity unsignedIdentity(const char* commonName, JXTestValidity validity) {
   JXTestIdentity identity;
   identity.key.reset(EVP_EC_gen("P-256"));
@@ -57,7 +57,7 @@ JXTestIdentity unsignedIdentity(const char* commonName, JXTestValidity validity)
 std::string publicKeyPinOf(const X509* certificate) {
   unsigned char* der = nullptr;
   const int length = i2d_X509_PUBKEY(X509_get_X509_PUBKEY(certificate), &der);
-  if (length <= 0) throw std::runtime_error("test authority: no public key");
+  if (length <= 0) throw std::runtime_error("test authority: missing public key");
   unsigned char digest[SHA256_DIGEST_LENGTH];
   SHA256(der, static_cast<std::size_t>(length), digest);
   OPENSSL_free(der);

@@ -27,14 +27,13 @@ struct JXTestIdentity {
   JXOpenSsl<X509> certificate;
 };
 
-/// The SHA-256 of a certificate's public key (its SubjectPublicKeyInfo) in Base64.
+/// Returns the SHA-256 of a certificate's public key (SubjectPublicKeyInfo) in Base64.
 std::string publicKeyPinOf(const X509* certificate);
 
-/// When a certificate holds: for an hour around now, or for an hour that is over.
+/// Validity period of a certificate: an hour around now, or an hour in the past.
 enum class JXTestValidity { Now, Past };
 
-/// A certificate authority that lives as long as its object. Failures of OpenSSL throw
-/// std::runtime_error.
+/// A temporary certificate authority. OpenSSL failures throw std::runtime_error.
 class JXTestAuthority {
  public:
   explicit JXTestAuthority(const char* name = "test authority");
@@ -42,9 +41,9 @@ class JXTestAuthority {
   JXTestAuthority(const JXTestAuthority&) = delete;
   JXTestAuthority& operator=(const JXTestAuthority&) = delete;
 
-  /// A PEM file with the authority's certificate, removed with this object.
+  /// Returns a PEM file with the authority's certificate; the destructor removes it.
   const std::string& caFile() const { return file_; }
-  /// A server's identity for the names given, each "DNS:..." or "IP:...".
+  /// Creates a server identity for `names`, each "DNS:..." or "IP:...".
   JXTestIdentity issue(const std::vector<std::string>& names,
                        JXTestValidity validity = JXTestValidity::Now) const;
 

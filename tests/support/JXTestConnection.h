@@ -11,29 +11,29 @@
 
 namespace jx::test {
 
-/// A request that a server has read whole.
+/// A request that a server has read completely.
 struct JXTestRequest {
   std::string method;
-  std::string target;                          ///< what follows the method: path and query
+  std::string target;                          ///< path and query
   std::map<std::string, std::string> headers;  ///< names in lower case
   std::string body;
-  int connection = 0;  ///< number of the connection it came by, from 1
-  int status = 0;      ///< what the server was to answer; 0 when it gave no whole head
+  int connection = 0;  ///< index of its connection, from 1
+  int status = 0;      ///< status of the response; 0 without a complete header section
 };
 
-/// One accepted connection, with or without TLS. Belongs to the thread that serves it; the
-/// descriptor is the caller's.
+/// An accepted connection, with or without TLS. Belongs to the thread that serves it; the caller
+/// owns the descriptor.
 class JXTestConnection {
  public:
   JXTestConnection(int descriptor, JXOpenSsl<SSL> tls);
 
   bool handshake();
   bool write(std::string_view bytes);
-  /// Nothing when the client has gone.
+  /// Reads a request; returns nothing when the client has closed the connection.
   std::optional<JXTestRequest> readRequest();
-  /// Returns when the client has gone.
+  /// Returns when the client has closed the connection.
   void waitForEnd();
-  /// Waits for `ms`, shorter when the client sends or goes.
+  /// Waits for `ms`, or until the client sends data or closes the connection.
   void pace(int ms) const;
   void resetAtClose() const;
 

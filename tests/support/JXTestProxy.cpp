@@ -28,7 +28,7 @@ sockaddr_in loopback(int port) {
   return address;
 }
 
-// Passes on what is there. False at the end of either side.
+// Forwards available data; returns false when either side has closed.
 bool passOn(int from, int to) {
   char bytes[16 * 1024];
   const ssize_t count = ::recv(from, bytes, sizeof bytes, 0);

@@ -12,24 +12,22 @@
 
 namespace jx::test {
 
-/// A proxy on 127.0.0.1 that answers CONNECT, whatever name it is asked for, by connecting to one
-/// local port: so it knows names that nobody else knows. Runs on threads of its own that end with
-/// it at once. Every operation is thread-safe.
+/// A proxy on 127.0.0.1 that handles every CONNECT by connecting to one local port, so that any
+/// host name resolves. Runs on its own threads, which the destructor stops. Thread-safe.
 class JXTestProxy {
  public:
-  /// Connects to `targetPort`. `port` is one that a ReservedPort keeps, or 0 for the system's
-  /// choice.
+  /// Connects to `targetPort`. `port` is a port of a ReservedPort, or 0 for any free port.
   explicit JXTestProxy(int targetPort, int port = 0);
   ~JXTestProxy();
   JXTestProxy(const JXTestProxy&) = delete;
   JXTestProxy& operator=(const JXTestProxy&) = delete;
 
-  /// "http://127.0.0.1:PORT".
+  /// Returns "http://127.0.0.1:PORT".
   std::string url() const;
-  /// The status of its answers from now on; it connects with 200 only, as it does at first.
+  /// Sets the status of its responses; it connects only with 200, the initial value.
   void answer(int status) { status_ = status; }
 
-  /// The requests that it has read.
+  /// Returns the requests that it has read.
   std::vector<JXTestRequest> requests() const;
   int connections() const { return connections_; }
 

@@ -29,7 +29,7 @@ constexpr int kSlowByteMs = 20;
   throw std::runtime_error(std::string("test server: ") + what);
 }
 
-// A client that goes must end a write, not the process.
+// A client that closes the connection must fail a write, not end the process with SIGPIPE.
 void blockBrokenPipes() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -44,7 +44,7 @@ std::string headOf(const JXTestAnswer& answer, std::size_t announcedLength) {
   return head + "Content-Length: " + std::to_string(announcedLength) + "\r\n\r\n";
 }
 
-// Manners without an answer's head tell none.
+// Returns 0 for manners that send no complete header section.
 int statusTold(const JXTestAnswer& answer) {
   switch (answer.manner) {
     case Manner::StallBeforeHead:
@@ -137,11 +137,11 @@ void JXTestServer::refuse() {
   std::unique_lock<std::mutex> lock(mutex_);
   listens_ = false;
   wakeAcceptor();
-  // While a poll holds the old socket, it keeps the port from the new one.
+  // While a poll uses the old socket, the port is not available to the new one.
   changed_.wait(lock, [this] { return !pollsSocket_; });
   close(socket_);
   endConnections();
-  // Bound but not listening: connections are refused, and nobody else gets the port.
+  // Bound but not listening: refuses connections and keeps the port reserved.
   openSocket(port_);
 }
 

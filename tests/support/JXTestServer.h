@@ -18,19 +18,19 @@
 
 namespace jx::test {
 
-/// What the server does once it has read a request.
+/// Behaviour of the server after it has read a request.
 struct JXTestAnswer {
   enum class Manner {
-    Whole,            ///< sends the answer
-    StallBeforeHead,  ///< sends nothing until the client goes
-    StallInBody,      ///< sends the head, which announces one byte more than comes, and no more
-    Reset,            ///< closes the connection with a reset, without an answer
+    Whole,            ///< sends the response
+    StallBeforeHead,  ///< sends nothing until the client disconnects
+    StallInBody,      ///< sends a body one byte shorter than announced, then stalls
+    Reset,            ///< resets the connection without a response
     CloseInBody,      ///< like StallInBody, but closes
-    CloseInHead,      ///< sends half of a good head, and closes
-    EndlessBody,      ///< sends the head, then bytes until the client goes
-    EndlessHead,      ///< sends header lines until the client goes
-    SlowBytes,        ///< sends the answer byte by byte, one every 20 ms
-    Rubbish,          ///< sends bytes that are no HTTP, and closes
+    CloseInHead,      ///< sends half of a valid header section and closes
+    EndlessBody,      ///< sends the header, then bytes until the client disconnects
+    EndlessHead,      ///< sends header lines until the client disconnects
+    SlowBytes,        ///< sends the response byte by byte, one every 20 ms
+    Rubbish,          ///< sends bytes that are not HTTP and closes
   };
   int status = 200;
   std::vector<std::pair<std::string, std::string>> headers;
@@ -38,21 +38,21 @@ struct JXTestAnswer {
   Manner manner = Manner::Whole;
 };
 
-/// How a server is made.
+/// Options of a server.
 struct JXTestServerOptions {
   enum class Certificate { Good, Expired, OfAnotherAuthority };
 
   bool tls = true;
-  int port = 0;  ///< one that a ReservedPort keeps; 0: the system chooses
+  int port = 0;  ///< a port of a ReservedPort; 0: any free port
   Certificate certificate = Certificate::Good;
   std::vector<std::string> certificateNames{"IP:127.0.0.1", "DNS:localhost"};
   int newestTlsVersion = 0;  ///< such as TLS1_1_VERSION; 0: all
 };
 
-/// An HTTP/1.1 server on 127.0.0.1, with a certificate authority of its own. It answers as it is
-/// told, badly if need be, keeps what it received, and runs on threads of its own that end with it
-/// at once. Every operation is thread-safe; `waitFor...` block until the condition holds and return
-/// false when it does not after 20 seconds.
+/// An HTTP/1.1 server on 127.0.0.1 with its own certificate authority. Sends configured responses,
+/// invalid ones included, and records the requests. Runs on its own threads, which the destructor
+/// stops. Thread-safe; `waitFor...` block until the condition is true and return false after 20
+/// seconds.
 class JXTestServer {
  public:
   explicit JXTestServer(const JXTestServerOptions& options = {});
@@ -60,38 +60,38 @@ class JXTestServer {
   JXTestServer(const JXTestServer&) = delete;
   JXTestServer& operator=(const JXTestServer&) = delete;
 
-  /// "https://127.0.0.1:PORT" and `target`.
+  /// Returns "https://127.0.0.1:PORT" plus `target`.
   std::string url(const std::string& target = "/events?jx_s=1&token=key") const;
   int port() const { return port_; }
   const std::string& caFile() const { return authority_.caFile(); }
-  /// The SHA-256 of the server's public key in Base64.
+  /// Returns the SHA-256 of the server's public key in Base64.
   std::string publicKeyPin() const;
 
-  /// New connections get the certificate and the TLS versions of `options` from now on.
+  /// Uses the certificate and the TLS versions of `options` for new connections.
   void present(const JXTestServerOptions& options);
 
-  /// What every request gets for which nothing else was said; at first 200 with an empty body.
+  /// Sets the default response; initially 200 with an empty body.
   void answerAll(JXTestAnswer answer);
-  /// What the next request gets; told several times, the requests after it.
+  /// Sets the response to the next request; further calls set those of the following requests.
   void answerNext(JXTestAnswer answer);
-  /// Takes back what was told for next requests and not given yet.
+  /// Removes the responses set for next requests that were not sent yet.
   void forgetNext();
 
-  /// Refuses new connections from now on, and ends those there are; the port stays taken.
+  /// Refuses new connections and closes existing ones; the port stays reserved.
   void refuse();
   /// Accepts connections again.
   void accept();
-  /// Ends the connections there are, as a server does with idle ones.
+  /// Closes the existing connections, as a server does with idle ones.
   void dropConnections();
 
   std::vector<JXTestRequest> requests() const;
-  /// The bodies of the requests, in the order in which they were read.
+  /// Returns the bodies of the requests, in the order in which they were read.
   std::vector<std::string> bodies() const;
-  /// Connections accepted so far, those included whose TLS handshake failed.
+  /// Returns the number of accepted connections, failed TLS handshakes included.
   int connections() const;
-  /// Requests that the client left while they stalled.
+  /// Returns the number of requests that the client abandoned while they stalled.
   int abandoned() const;
-  /// True when a client offered HTTP/2 in its TLS handshake.
+  /// Returns whether a client offered HTTP/2 in its TLS handshake.
   bool wasOfferedHttp2() const;
 
   bool waitForRequests(std::size_t count);
@@ -116,7 +116,7 @@ class JXTestServer {
 
   const bool tls_;
   JXTestAuthority authority_;
-  JXTestAuthority stranger_{"unknown authority"};  // whom no client trusts
+  JXTestAuthority stranger_{"unknown authority"};  // not trusted by any client
   JXOpenSsl<SSL_CTX> context_;
   int port_ = 0;
 
@@ -133,7 +133,7 @@ class JXTestServer {
   JXTestAnswer standing_;
   std::deque<JXTestAnswer> next_;
   std::vector<JXTestRequest> requests_;
-  std::vector<int> open_;  // descriptors of the connections there are
+  std::vector<int> open_;  // descriptors of the open connections
   std::vector<std::thread> threads_;
   std::thread acceptor_;
 };

@@ -25,11 +25,11 @@ struct Child {
 
 Child forked(const std::function<void(int pipe)>& work, Ending ending = Ending::Kill) {
   int ends[2];
-  if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
-  // What is buffered now would be written by both processes.
+  if (::pipe(ends) != 0) throw std::runtime_error("cannot create a pipe");
+  // Otherwise both processes would write the buffered output.
   std::fflush(nullptr);
   const pid_t pid = ::fork();
-  if (pid < 0) throw std::runtime_error("no process");
+  if (pid < 0) throw std::runtime_error("cannot create a process");
   if (pid == 0) {
     ::close(ends[0]);
     work(ends[1]);
@@ -57,7 +57,7 @@ std::string readAll(int pipe) {
   return text;
 }
 
-// The state letter and the processor time of the process, as the system tells them.
+// Returns the state letter and the processor time of the process from /proc.
 struct Activity {
   char state = '?';
   unsigned long ticks = 0;
@@ -113,12 +113,12 @@ bool neverReturns(const std::function<void()>& prepare, const std::function<void
   const bool wasBegun = ::read(child.pipe, &byte, 1) == 1 && byte == 'b';
   bool staysAway = false;
   const unsigned long before = activityOf(child.pid).ticks;
-  // A thread that sleeps has nothing else to sleep for; one that spins shows in its time.
+  // A sleeping thread has no other reason to sleep; a busy one uses processor time.
   while (wasBegun && !staysAway && !isReadable(child.pipe)) {
     const Activity now = activityOf(child.pid);
     staysAway = now.state == 'S' || now.ticks > before + 100;
   }
-  // It may have gone to sleep behind the call, in writing that it came back.
+  // It may sleep after the call, while it writes that the call returned.
   if (staysAway && isReadable(child.pipe)) staysAway = false;
   ::kill(child.pid, SIGKILL);
   ::waitpid(child.pid, nullptr, 0);

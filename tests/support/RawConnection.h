@@ -7,8 +7,8 @@
 
 namespace jx {
 
-/// A plain TCP connection to 127.0.0.1, for what a well-behaved client never says. Used by one
-/// thread; waits for at most half a minute.
+/// A plain TCP connection to 127.0.0.1 for invalid client behaviour. Use it on one thread; waits
+/// for at most 30 seconds.
 class RawConnection {
  public:
   explicit RawConnection(int port);
@@ -17,13 +17,13 @@ class RawConnection {
   RawConnection& operator=(const RawConnection&) = delete;
 
   bool isOpen() const { return fd_ >= 0; }
-  /// False when the other side does not take it any more.
+  /// Returns false when the other side no longer accepts data.
   bool send(std::string_view bytes);
-  /// Reads until `mark` has come, or the connection ends.
+  /// Reads until `mark` is received or the connection ends.
   std::string readUntil(std::string_view mark);
   /// Reads until the other side closes the connection.
   std::string readToEnd();
-  /// True when the last reading ended because the other side closed, not because time was up.
+  /// Returns whether the last read ended because the other side closed, not because of the timeout.
   bool sawEnd() const { return sawEnd_; }
 
  private:

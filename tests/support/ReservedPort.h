@@ -4,8 +4,8 @@
 
 namespace jx::test {
 
-/// A port of 127.0.0.1 at which nobody listens, kept from being given to others. A server that sets
-/// SO_REUSEADDR may listen at it while this object lives. Throws when there is none.
+/// Reserves a port of 127.0.0.1 on which no server listens. A server that sets SO_REUSEADDR may
+/// listen on it during the lifetime of this object. Throws when no port is available.
 class ReservedPort {
  public:
   ReservedPort();

@@ -8,8 +8,8 @@
 
 namespace jx::test {
 
-/// Changes environment variables of this process and puts the old values back when it ends. Not
-/// for use while other threads read the environment.
+/// Changes environment variables of this process; the destructor restores the old values. Must not
+/// be used while other threads read the environment.
 class ScopedEnvironment {
  public:
   ScopedEnvironment() = default;

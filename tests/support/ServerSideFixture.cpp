@@ -36,7 +36,7 @@ void ServerSideFixture::start() {
 }
 
 const TemporaryFolder& ServerSideFixture::storage() {
-  // What is made first ends last: the library registers its own end when it starts.
+  // Created first, so destroyed last: the library registers its exit handler when it starts.
   static const TemporaryFolder folder;
   return folder;
 }

@@ -22,7 +22,7 @@
 
 namespace jx::test {
 
-/// A line of the log. Compares and prints like the pair that it is.
+/// A log message. Compares and prints like a pair of level and message.
 struct LogLine {
   int level = 0;
   std::string message;
@@ -35,20 +35,19 @@ struct LogLine {
   }
 };
 
-/// A request that was handed to the core.
+/// A request that was passed to the core.
 struct Request {
   const void* object = nullptr;
   JXJsonObject userInfo;
   JXString url;
-  std::string text;   ///< the body as it would be posted
-  JXJsonObject body;  ///< the same, read; absent when it is no JSON
+  std::string text;   ///< the body as it is posted
+  JXJsonObject body;  ///< the parsed body; null when it is not JSON
 };
 
-/// A test that starts the library with a fake platform, a manual clock and a log that is kept. It
-/// runs dry unless the test sets `configuration.dryRun` to false and names a storage folder.
+/// A test that starts the library with a fake platform, a manual clock and a captured log. It is a
+/// dry run unless the test sets `configuration.dryRun` to false and a storage folder.
 ///
-/// A test changes `platform` and `configuration` as it likes, then calls `make` or `start`, once a
-/// process.
+/// A test changes `platform` and `configuration`, then calls `make` or `start` once per process.
 class ServerSideFixture : public ::testing::Test {
  protected:
   static constexpr std::int64_t kStartMs = 1'700'000'000'000;
@@ -56,35 +55,35 @@ class ServerSideFixture : public ::testing::Test {
   ServerSideFixture();
   ~ServerSideFixture() override;
 
-  /// Puts the configuration in force and begins to record; for tests that ask a singleton directly.
+  /// Applies the configuration and starts recording; for tests that use a singleton directly.
   void start();
-  /// `start`, the first time, and a new ServerSide for site 1234 with the key "key".
+  /// Calls `start` the first time and creates a ServerSide for site 1234 with the key "key".
   std::shared_ptr<ServerSide> make(std::int32_t defaultBehaviour = 0);
-  /// Also records what is posted on another centre.
+  /// Also records notifications on another center.
   void record(const std::shared_ptr<JXNotificationCenter>& center);
 
-  /// A folder for the library's files that goes when the process ends, after the library has
-  /// stopped: one that goes earlier would be made again. To be called before `start`.
+  /// Returns a folder for the library's files. It is removed when the process exits, after the
+  /// library has stopped, which would otherwise create it again. Call it before `start`.
   static const TemporaryFolder& storage();
-  /// Has the library store and try to send, to a port where nobody listens.
+  /// Makes the library store requests and send them to a port without a server.
   void queueForReal();
 
-  /// An event by its name alone, executed; returns the request that it became.
+  /// Executes an event that has only a name; returns the resulting request.
   Request execute(ServerSide& serverSide, const char* name = "quiz");
-  /// A predefined variable's text.
+  /// Returns the string of a predefined variable.
   static JXString variable(std::string_view key);
 
   std::vector<LogLine> lines() const;
-  /// Those of up to this level.
+  /// Returns the messages up to this level.
   std::vector<LogLine> linesUpTo(int level) const;
   std::size_t count(const LogLine& line) const;
   void forgetLines();
-  /// What was posted under the name, in order.
+  /// Returns the notifications with this name, in order.
   std::vector<JXNotification> posted(std::string_view name) const;
   const std::vector<Request>& requests() const { return requests_; }
-  /// The object under keys, one inside the other; absent when there is none.
+  /// Returns the object under nested keys; null when there is none.
   static JXJsonObject inside(const JXJsonObject& object, const std::vector<std::string>& keys);
-  /// The lifecycle block of a request.
+  /// Returns the lifecycle block of a request.
   static JXJsonObject lifecycle(const Request& request);
   static JXJsonObject context(const Request& request);
 
@@ -93,7 +92,7 @@ class ServerSideFixture : public ::testing::Test {
   JXCoreConfiguration configuration;
 
  private:
-  // Outlives the fixture in the sink: the library's own thread may still log while a test ends.
+  // Co-owned by the sink, because the transfer thread may still log while a test ends.
   struct Log {
     std::mutex mutex;
     std::vector<LogLine> lines;

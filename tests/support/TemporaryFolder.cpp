@@ -22,7 +22,7 @@ TemporaryFolder::TemporaryFolder() {
 }
 
 TemporaryFolder::~TemporaryFolder() {
-  // A test may have taken away its own right to look into a folder.
+  // A test may have removed its own permission to read a folder.
   std::error_code ignored;
   const auto options = fs::directory_options::skip_permission_denied;
   for (fs::recursive_directory_iterator entry(path_, options, ignored), end; entry != end;

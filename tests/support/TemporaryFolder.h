@@ -7,8 +7,8 @@
 
 namespace jx::test {
 
-/// A new, empty folder below the system's folder for temporary files; removed with all that it
-/// holds when this object ends. Throws when it cannot be made, so that a test fails at once.
+/// A new empty folder inside the system's temporary folder; the destructor removes it with its
+/// contents. Throws when it cannot be created, so that the test fails immediately.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -16,16 +16,16 @@ class TemporaryFolder {
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-  /// Without a '/' at its end.
+  /// Returns the path, without a trailing '/'.
   const std::string& path() const { return path_; }
-  /// The path of `relative` inside the folder; a '/' at its start does not matter.
+  /// Returns the path of `relative` inside the folder; a leading '/' is ignored.
   std::string path(std::string_view relative) const;
 
-  /// Writes a file, replaces one of that name, and makes the folders above it. Returns its path.
+  /// Writes or replaces a file and creates its parent folders. Returns its path.
   std::string write(std::string_view relative, std::string_view content) const;
-  /// Makes a folder and the folders above it. Returns its path.
+  /// Creates a folder and its parent folders. Returns its path.
   std::string makeFolder(std::string_view relative) const;
-  /// Makes a symbolic link with exactly this target, and the folders above it. Returns its path.
+  /// Creates a symbolic link with exactly this target, and its parent folders. Returns its path.
   std::string link(std::string_view relative, const std::string& target) const;
 
  private:

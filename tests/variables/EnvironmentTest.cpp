@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What the system and the application say about themselves.
+// Variables that describe the system and the application.
 
 #include <gtest/gtest.h>
 
@@ -80,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Encoding{0x94000100, "UTF-16LE"}, Encoding{0x98000100, "UTF-32BE"},
                       Encoding{0x9C000100, "UTF-32LE"}));
 
-TEST(TextEncodingName, OfEveryOtherNumberIsUtf8) {
+TEST(TextEncodingName, IsUtf8ForUnknownNumbers) {
   for (std::uint32_t number = 16; number < 100; ++number) {
     if (number != 21 && number != 30) {
       EXPECT_EQ(nameOfTextEncoding(number), "UTF-8") << number;
@@ -93,8 +93,8 @@ TEST(TextEncodingName, OfEveryOtherNumberIsUtf8) {
 struct Points {
   double width;
   double height;
-  const char* widthText;
-  const char* heightText;
+  const char* widthString;
+  const char* heightString;
 };
 
 class Screen : public Environment, public ::testing::WithParamInterface<Points> {};
@@ -103,8 +103,8 @@ TEST_P(Screen, IsTruncatedTowardZero) {
   platform->screen = {GetParam().width, GetParam().height};
   start();
   variables();
-  EXPECT_EQ(variable("#JX_SCREEN_WIDTH#"), JXString(GetParam().widthText));
-  EXPECT_EQ(variable("#JX_SCREEN_HEIGHT#"), JXString(GetParam().heightText));
+  EXPECT_EQ(variable("#JX_SCREEN_WIDTH#"), JXString(GetParam().widthString));
+  EXPECT_EQ(variable("#JX_SCREEN_HEIGHT#"), JXString(GetParam().heightString));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Points{0, 0, "0", "0"}, Points{-0.9, -1.9, "0", "-1"},
                       Points{std::numeric_limits<double>::quiet_NaN(), 1e300, "0", "2147483647"}));
 
-TEST_F(Environment, ALocaleWithoutACurrencyIsAHyphenAndOneLine) {
+TEST_F(Environment, StoresHyphenAndLogsIfLocaleHasNoCurrency) {
   platform->currency = nullptr;
   platform->symbol = "?";
   start();
@@ -123,18 +123,18 @@ TEST_F(Environment, ALocaleWithoutACurrencyIsAHyphenAndOneLine) {
   EXPECT_EQ(count(kNoCurrency), 1u);
 }
 
-TEST_F(Environment, AnEmptyCurrencyIsTheSameAndReturnedAsItIs) {
+TEST_F(Environment, StoresHyphenForEmptyCurrencyAndReturnsItAsRead) {
   platform->currency = "";
   platform->symbol = "";
   start();
   EXPECT_EQ(variables().currencyCode(), JXString(""));
   EXPECT_EQ(variables().currencySymbol(), JXString(""));
   EXPECT_EQ(variable("#JX_CURRENCY_CODE#"), JXString("-"));
-  EXPECT_EQ(variable("#JX_CURRENCY_SYMBOL#"), JXString("")) << "stored without any test";
-  EXPECT_EQ(count(kNoCurrency), 2u) << "once at the start, once when asked";
+  EXPECT_EQ(variable("#JX_CURRENCY_SYMBOL#"), JXString("")) << "stored unchanged";
+  EXPECT_EQ(count(kNoCurrency), 2u) << "once at the start, once in currencyCode";
 }
 
-TEST_F(Environment, CurrencyQueriesReadAnewStoreAndReturn) {
+TEST_F(Environment, CurrencyQueriesReadStoreAndReturnNewValues) {
   start();
   variables();
   platform->currency = "EUR";
@@ -146,7 +146,7 @@ TEST_F(Environment, CurrencyQueriesReadAnewStoreAndReturn) {
   EXPECT_EQ(variable("#JX_CURRENCY_SYMBOL#"), JXString("\xE2\x82\xAC"));
 }
 
-TEST_F(Environment, ASystemThatSaysNothingLeavesItsVariablesUnset) {
+TEST_F(Environment, LeavesVariablesUnsetIfSystemReturnsNull) {
   platform->bundle = {};
   platform->model = nullptr;
   platform->osName = nullptr;
@@ -166,7 +166,7 @@ TEST_F(Environment, ASystemThatSaysNothingLeavesItsVariablesUnset) {
   EXPECT_EQ(variable("#JX_NORVANE_VERSION#"), JXString("5.4.5"));
 }
 
-TEST_F(Environment, AnEmptyApplicationNameIsUnknownAndAnEmptyBuildIsKept) {
+TEST_F(Environment, ReplacesEmptyNameWithUnknownAndKeepsEmptyBuild) {
   platform->bundle.name = "";
   platform->bundle.version = "";
   start();
@@ -175,14 +175,14 @@ TEST_F(Environment, AnEmptyApplicationNameIsUnknownAndAnEmptyBuildIsKept) {
   EXPECT_EQ(variable("#JX_APPLICATION_BUILD#"), JXString(""));
 }
 
-TEST_F(Environment, AModifiedDeviceIsMarked) {
+TEST_F(Environment, MarksModifiedDevice) {
   platform->deviceModified = true;
   start();
   variables();
   EXPECT_EQ(variable("#JX_JAILBROKEN#"), JXString("1"));
 }
 
-TEST_F(Environment, DeclaredNamesThatTheHostFillsStayUnset) {
+TEST_F(Environment, LeavesApplicationVariablesUnset) {
   start();
   variables();
   for (const char* key :
@@ -193,7 +193,7 @@ TEST_F(Environment, DeclaredNamesThatTheHostFillsStayUnset) {
 
 class ApplicationVersion : public Environment {};
 
-TEST_F(ApplicationVersion, WithoutOneNothingIsPersistedAndEveryStartIsTheFirstVisit) {
+TEST_F(ApplicationVersion, WithoutItEveryStartIsTheFirstVisit) {
   for (const JXString& none : {JXString(), JXString("")}) {
     platform->bundle.shortVersion = none;
     platform->defaults.preset("jx_date_first_visit", "1600000000");
@@ -207,7 +207,18 @@ TEST_F(ApplicationVersion, WithoutOneNothingIsPersistedAndEveryStartIsTheFirstVi
   }
 }
 
-TEST_F(ApplicationVersion, OfTheFirstKnownRunIsNotedWithItsTime) {
+TEST_F(ApplicationVersion, MissingLaterKeepsFirstVisitOfTheLastVersion) {
+  platform->defaults.preset("#JX_APPLICATION_VERSION#", "1.0");
+  platform->defaults.preset("#JX_VERSION_FIRST_VISIT_MS#", "1600000000000");
+  platform->bundle.shortVersion = nullptr;
+  start();
+  variables();
+  EXPECT_EQ(variable("#JX_APPLICATION_VERSION#"), JXString(""));
+  EXPECT_EQ(variable("#JX_VERSION_FIRST_VISIT_MS#"), JXString("1600000000000"));
+  EXPECT_EQ(variable("#JX_IS_FIRST_VISIT#"), JXString("FALSE"));
+}
+
+TEST_F(ApplicationVersion, OfFirstKnownRunIsStoredWithItsTime) {
   start();
   variables();
   EXPECT_EQ(persisted("#JX_APPLICATION_VERSION#"), JXString("1.0"));
@@ -215,7 +226,7 @@ TEST_F(ApplicationVersion, OfTheFirstKnownRunIsNotedWithItsTime) {
   EXPECT_FALSE(persisted("#JX_APPLICATION_PREVIOUS_VERSION#").isPresent());
 }
 
-TEST_F(ApplicationVersion, AnUpdateKeepsTheOldOneAndStartsItsOwnTime) {
+TEST_F(ApplicationVersion, UpdateStoresPreviousVersionAndNewFirstVisit) {
   platform->defaults.preset("#JX_APPLICATION_VERSION#", "1.0");
   platform->defaults.preset("#JX_VERSION_FIRST_VISIT_MS#", "1600000000000");
   platform->bundle.shortVersion = "1.1";
@@ -229,7 +240,7 @@ TEST_F(ApplicationVersion, AnUpdateKeepsTheOldOneAndStartsItsOwnTime) {
   EXPECT_EQ(variable("#JX_APPLICATION_VERSION#"), JXString("1.1"));
 }
 
-TEST_F(ApplicationVersion, TheSameOneKeepsItsTime) {
+TEST_F(ApplicationVersion, UnchangedKeepsItsFirstVisit) {
   platform->defaults.preset("#JX_APPLICATION_VERSION#", "1.0");
   platform->defaults.preset("#JX_VERSION_FIRST_VISIT_MS#", "1600000000000");
   start();
@@ -239,14 +250,14 @@ TEST_F(ApplicationVersion, TheSameOneKeepsItsTime) {
   EXPECT_FALSE(persisted("#JX_APPLICATION_PREVIOUS_VERSION#").isPresent());
 }
 
-TEST_F(ApplicationVersion, ThePersistedPreviousOneIsReadBeforeItIsShownAsZero) {
+TEST_F(ApplicationVersion, ReadsPersistedPreviousVersion) {
   platform->defaults.preset("#JX_APPLICATION_PREVIOUS_VERSION#", "0.8");
   start();
   variables().initApplicationVersion("1700000000000");
   EXPECT_EQ(variable("#JX_APPLICATION_PREVIOUS_VERSION#"), JXString("0.8"));
 }
 
-TEST_F(ApplicationVersion, AnEmptyPersistedOneIsTheFirstKnownRun) {
+TEST_F(ApplicationVersion, EmptyPersistedVersionIsTheFirstKnownRun) {
   platform->defaults.preset("#JX_APPLICATION_VERSION#", "");
   platform->defaults.preset("#JX_VERSION_FIRST_VISIT_MS#", "");
   start();
@@ -271,7 +282,7 @@ TEST_F(DeviceAddress, PrefersWifiToCellular) {
             JXString("192.168.0.255"));
 }
 
-TEST_F(DeviceAddress, IsCellularWithoutWifi) {
+TEST_F(DeviceAddress, UsesCellularWithoutWifi) {
   EXPECT_EQ(found({{"pdp_ip0", Family::IPv4, {10, 1, 2, 3}}, {"en1", Family::IPv4, {1, 1, 1, 1}}}),
             JXString("10.1.2.3"));
 }
@@ -281,14 +292,14 @@ TEST_F(DeviceAddress, IsEmptyWithNeither) {
   EXPECT_EQ(found({}), JXString(""));
 }
 
-TEST_F(DeviceAddress, ALaterEntryReplacesAnEarlierEvenWithTheZerosOfIPv6) {
+TEST_F(DeviceAddress, UsesLastEntryEvenIfIPv6Zeros) {
   EXPECT_EQ(found({{"en0", Family::IPv4, {192, 168, 0, 2}}, {"en0", Family::IPv6, {0, 0, 0, 0}}}),
             JXString("0.0.0.0"));
   EXPECT_EQ(found({{"en0", Family::IPv6, {0, 0, 0, 0}}, {"en0", Family::IPv4, {192, 168, 0, 2}}}),
             JXString("192.168.0.2"));
 }
 
-TEST_F(DeviceAddress, OtherFamiliesAndNamelessEntriesAreSkipped) {
+TEST_F(DeviceAddress, SkipsOtherFamiliesAndNullNames) {
   EXPECT_EQ(found({{"en0", Family::IPv4, {1, 2, 3, 4}},
                    {"en0", Family::Other, {9, 9, 9, 9}},
                    {nullptr, Family::IPv4, {9, 9, 9, 9}}}),

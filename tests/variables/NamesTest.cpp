@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The texts of names that hosts, receivers and installations in the field rely on: a changed one
-// loses data, so each is written out here once more.
+// Names that applications, servers and existing installations rely on. A changed name loses data,
+// so each string is repeated here.
 
 #include "jx/variables/JXPredefinedVariableNames.h"
 
@@ -15,7 +15,7 @@
 namespace jx::test {
 namespace {
 
-TEST(PredefinedVariableNames, AreTheTextsThatHostsKnow) {
+TEST(PredefinedVariableNames, MatchPublishedStrings) {
   EXPECT_EQ(kJXPredefinedVariable_Language, "#JX_LANGUAGE#");
   EXPECT_EQ(kJXPredefinedVariable_Region, "#JX_REGION#");
   EXPECT_EQ(kJXPredefinedVariable_SystemName, "#JX_SYSNAME#");
@@ -72,7 +72,7 @@ TEST(PredefinedVariableNames, AreTheTextsThatHostsKnow) {
   EXPECT_EQ(kJXPredefinedVariable_FirstExecute, "#JX_FIRST_EXECUTE#");
 }
 
-TEST(PredefinedVariableNames, OfTheCoreAreTheTextsThatHostsKnow) {
+TEST(PredefinedVariableNames, OfTheCoreMatchPublishedStrings) {
   EXPECT_EQ(kJXPredefinedVariable_IDFA, "#JX_IDFA#");
   EXPECT_EQ(kJXPredefinedVariable_IDFV, "#JX_IDFV#");
   EXPECT_EQ(kJXPredefinedVariable_SDKID, "#JX_SDK_ID#");
@@ -82,7 +82,7 @@ TEST(PredefinedVariableNames, OfTheCoreAreTheTextsThatHostsKnow) {
   EXPECT_EQ(JX_ConsentVersion, "#JX_CONSENT_VERSION#");
 }
 
-TEST(PersistedKeys, OfVisitsAndSessionsAreThoseOfInstallationsInTheField) {
+TEST(PersistedKeys, OfVisitsAndSessionsMatchExistingInstallations) {
   EXPECT_EQ(kJXUserDefaultsKey_UniqueID, "jx_unique_id");
   EXPECT_EQ(kJXDateFirstVisitFormat, "jx_date_first_visit");
   EXPECT_EQ(kJXDateLastVisitFormat, "jx_date_last_visit");
@@ -92,7 +92,7 @@ TEST(PersistedKeys, OfVisitsAndSessionsAreThoseOfInstallationsInTheField) {
   EXPECT_EQ(kJXLastPID, "jx_last_pid");
 }
 
-TEST(PersistedKeys, OfUsageTimingAreThoseOfInstallationsInTheField) {
+TEST(PersistedKeys, OfUsageTimingMatchExistingInstallations) {
   EXPECT_EQ(kJXTimeSinceLastMeasurement, "TimeSinceLastMeasurement");
   EXPECT_EQ(kJXExitTimestamp, "ExitTimestamp");
   EXPECT_EQ(kJXLastForegroundTime, "LastForegroundTime");

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What the start-up leaves behind, and in which order its steps read and write.
+// Variables and entries after the start-up, and the order in which its steps read and write.
 
 #include <gmock/gmock.h>
 
@@ -20,7 +20,7 @@ class VariableStartUp : public ServerSideFixture {
   static JXPredefinedVariables& variables() { return JXPredefinedVariables::sharedInstance(); }
 };
 
-TEST_F(VariableStartUp, LeavesTheseVariablesAndNoOthers) {
+TEST_F(VariableStartUp, SetsExactlyTheseVariables) {
   start();
   std::map<std::string, std::string> found;
   const JXJsonObject entries = variables().dynamicStore()->entries();
@@ -74,7 +74,7 @@ TEST_F(VariableStartUp, LeavesTheseVariablesAndNoOthers) {
   EXPECT_EQ(found, expected);
 }
 
-TEST_F(VariableStartUp, PersistsTheseEntriesAndNoOthers) {
+TEST_F(VariableStartUp, PersistsExactlyTheseEntries) {
   start();
   variables();
   const std::map<std::string, JXString> expected = {
@@ -95,7 +95,7 @@ TEST_F(VariableStartUp, PersistsTheseEntriesAndNoOthers) {
   EXPECT_EQ(platform->defaults.entries(), expected);
 }
 
-TEST_F(VariableStartUp, ThePreviousVersionShowsZeroEvenWhenOneIsPersisted) {
+TEST_F(VariableStartUp, ReportsPreviousVersionZeroEvenIfOneIsPersisted) {
   platform->defaults.preset("#JX_APPLICATION_PREVIOUS_VERSION#", "0.9");
   start();
   variables();
@@ -105,15 +105,15 @@ TEST_F(VariableStartUp, ThePreviousVersionShowsZeroEvenWhenOneIsPersisted) {
   EXPECT_EQ(variable("#JX_DELTA_BACKGROUND_TIME#"), JXString("0"));
 }
 
-TEST_F(VariableStartUp, AsksWhetherItIsTheFirstVisitBeforeTheVersionIsNoted) {
+TEST_F(VariableStartUp, ChecksFirstVisitBeforeStoringTheVersion) {
   start();
   variables();
   EXPECT_EQ(variable("#JX_IS_FIRST_VISIT#"), JXString("TRUE"))
-      << "the entry that it looks for was written by a later step";
+      << "a later step writes the entry that is checked";
   EXPECT_TRUE(platform->defaults.entries().at("#JX_VERSION_FIRST_VISIT_MS#").testString());
 }
 
-TEST_F(VariableStartUp, CarriesTheLastCallOverBeforeTheSessionIsSetUp) {
+TEST_F(VariableStartUp, CarriesLastCallOverBeforeSessionSetUp) {
   platform->defaults.preset("#JX_LAST_CALL_MS#", "1600000000000");
   platform->defaults.preset("SessionStartTimestamp", "1699999999000");
   start();
@@ -121,15 +121,15 @@ TEST_F(VariableStartUp, CarriesTheLastCallOverBeforeTheSessionIsSetUp) {
   EXPECT_EQ(variable("#JX_LAST_SESSION_LAST_HIT_MS#"), JXString("1600000000000"));
 }
 
-TEST_F(VariableStartUp, OnTheFirstMeasuredStartTheLastHitIsZeroWhateverTheLastCall) {
+TEST_F(VariableStartUp, SetsLastHitToZeroOnFirstMeasuredStart) {
   platform->defaults.preset("#JX_LAST_CALL_MS#", "1600000000000");
   start();
   variables();
   EXPECT_EQ(variable("#JX_LAST_SESSION_LAST_HIT_MS#"), JXString("0"))
-      << "the session set-up comes later";
+      << "the session set-up runs later";
 }
 
-TEST_F(VariableStartUp, ReinitStartsEverythingOver) {
+TEST_F(VariableStartUp, ReinitResetsVariablesAndAdvancesCounters) {
   start();
   JXPredefinedVariables& v = variables();
   v.addData_withValue("#MINE#", "lost");
@@ -152,7 +152,7 @@ TEST_F(VariableStartUp, ReinitStartsEverythingOver) {
   EXPECT_EQ(variable("#JX_CURRENT_CALL_MS#"), JXString("1700000020000"));
 }
 
-TEST_F(VariableStartUp, ReinitInTheBackgroundStaysInTheBackground) {
+TEST_F(VariableStartUp, ReinitKeepsBackgroundState) {
   start();
   JXPredefinedVariables& v = variables();
   v.didEnterBackground({});
@@ -164,10 +164,10 @@ TEST_F(VariableStartUp, ReinitInTheBackgroundStaysInTheBackground) {
   EXPECT_EQ(v.totalBackgroundTime(), 1'000u);
 }
 
-TEST_F(VariableStartUp, TheFirstReinitCountsAVisitAndTheSecondDoesNot) {
+TEST_F(VariableStartUp, FirstReinitCountsVisitAndSecondDoesNot) {
   start();
   JXPredefinedVariables& v = variables();
-  EXPECT_EQ(platform->defaults.entries().count("jx_last_pid"), 0u) << "the pid was not known yet";
+  EXPECT_EQ(platform->defaults.entries().count("jx_last_pid"), 0u) << "the pid is not known yet";
   clock->advance(1'000);
   v.reinit();
   EXPECT_EQ(variable("#JX_NUMBER_VISIT#"), JXString("2"));
@@ -184,7 +184,7 @@ TEST_F(VariableStartUp, TheFirstReinitCountsAVisitAndTheSecondDoesNot) {
   EXPECT_EQ(variable("#JX_APPLICATION_STARTS#"), JXString("3"));
 }
 
-TEST_F(VariableStartUp, ThePidOfAnotherProcessCountsAVisit) {
+TEST_F(VariableStartUp, ReinitCountsVisitIfPidBelongsToAnotherProcess) {
   start();
   JXPredefinedVariables& v = variables();
   v.reinit();
@@ -193,7 +193,7 @@ TEST_F(VariableStartUp, ThePidOfAnotherProcessCountsAVisit) {
   EXPECT_EQ(variable("#JX_NUMBER_VISIT#"), JXString("3"));
 }
 
-TEST_F(VariableStartUp, APersistedPidOfThisNumberStillCountsAVisitAtAProcessStart) {
+TEST_F(VariableStartUp, ProcessStartCountsVisitEvenWithPersistedOwnPid) {
   platform->defaults.preset("jx_date_first_visit", "1600000000");
   platform->defaults.preset("jx_last_pid", "4242");
   platform->defaults.preset("jx_number_coldStarts", "6");
@@ -203,7 +203,7 @@ TEST_F(VariableStartUp, APersistedPidOfThisNumberStillCountsAVisitAtAProcessStar
   EXPECT_EQ(platform->defaults.entries().count("jx_last_pid"), 0u);
 }
 
-TEST_F(VariableStartUp, AfterAReinitEachNotificationIsHandledTwice) {
+TEST_F(VariableStartUp, ReinitHandlesEachNotificationTwice) {
   start();
   JXPredefinedVariables& v = variables();
   v.reinit();
@@ -212,12 +212,12 @@ TEST_F(VariableStartUp, AfterAReinitEachNotificationIsHandledTwice) {
   EXPECT_EQ(platform->defaults.setCount("ExitTimestamp"), 2);
   clock->advance(1'000);
   JXApplication::applicationWillEnterForeground();
-  EXPECT_EQ(v.totalForegroundTransitions(), 2) << "the second one finds the foreground";
+  EXPECT_EQ(v.totalForegroundTransitions(), 2) << "the second handler finds it in the foreground";
   EXPECT_EQ(platform->defaults.entries().at("TimeSinceLastMeasurement"), JXString("0"))
       << "the second handler measures from the first";
 }
 
-TEST_F(VariableStartUp, AReinitHearsAUserAgentOnce) {
+TEST_F(VariableStartUp, ReinitStillStoresUserAgent) {
   start();
   JXPredefinedVariables& v = variables();
   v.reinit();
@@ -228,7 +228,7 @@ TEST_F(VariableStartUp, AReinitHearsAUserAgentOnce) {
   EXPECT_EQ(variable("#JX_USER_AGENT#"), JXString("Agent/1"));
 }
 
-TEST_F(VariableStartUp, AListenerThatOutlivesItsObjectIsHarmless) {
+TEST_F(VariableStartUp, ListenerMayOutliveItsObject) {
   start();
   std::shared_ptr<JXEventListener> listener;
   {
@@ -238,8 +238,8 @@ TEST_F(VariableStartUp, AListenerThatOutlivesItsObjectIsHarmless) {
   }
   EXPECT_EQ(inLaunch([]() -> std::string {
               JXJsonObject userInfo;
-              // Longer than what fits into a string itself, so that a write to an object that has
-              // ended meets freed memory.
+              // Too long for the small-string buffer, so that a write to a destroyed object
+              // accesses freed memory.
               userInfo.set(kJXUserInfo_DataKey, std::string(4'000, 'a'));
               JXNotificationCenter::defaultCenter()->postNotification(
                   {kJXNotification_UserAgentAvailable, nullptr, userInfo});
@@ -248,7 +248,7 @@ TEST_F(VariableStartUp, AListenerThatOutlivesItsObjectIsHarmless) {
             "alive");
 }
 
-TEST_F(VariableStartUp, AnEndedObjectNoLongerListens) {
+TEST_F(VariableStartUp, DestroyedObjectReceivesNoNotifications) {
   start();
   {
     JXPredefinedVariables mine;

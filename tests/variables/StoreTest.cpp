@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The store of predefined variables and everything that only reads or writes it.
+// The store of predefined variables, and the operations that only read or write it.
 
 #include <gmock/gmock.h>
 
@@ -35,7 +35,7 @@ class BaselessVariables final : public JXPredefinedVariables {
   bool baseInit() override { return false; }
 };
 
-TEST_F(VariableStore, AskingAgainReturnsTheSameObjectAndChangesNothing) {
+TEST_F(VariableStore, SharedInstanceReturnsSameObject) {
   start();
   JXPredefinedVariables* const first = &variables();
   first->addData_withValue("k", "v");
@@ -64,16 +64,16 @@ TEST_F(VariableStore, SetsReplacesRemovesAndClears) {
   EXPECT_EQ(variables().dynamicStore()->entries().size(), 0u);
 }
 
-TEST_F(VariableStore, AnAbsentKeyIsNotTheEmptyKey) {
+TEST_F(VariableStore, DistinguishesNullKeyFromEmptyKey) {
   start();
-  variables().addData_withValue("", "of the empty key");
-  variables().addData_withValue(nullptr, "of no key");
+  variables().addData_withValue("", "empty key");
+  variables().addData_withValue(nullptr, "null key");
   EXPECT_FALSE(variables().getData(nullptr).isPresent());
   EXPECT_FALSE(variables().removeData(nullptr).isPresent());
-  EXPECT_EQ(variables().getData(""), JXString("of the empty key"));
+  EXPECT_EQ(variables().getData(""), JXString("empty key"));
 }
 
-TEST_F(VariableStore, AddingAStoreMergesItAndANullOneDoesNothing) {
+TEST_F(VariableStore, MergesAddedStoreAndIgnoresNull) {
   start();
   const auto store = JXDynamicStore::init();
   store->addData_withValue("new", "n");
@@ -88,7 +88,7 @@ TEST_F(VariableStore, AddingAStoreMergesItAndANullOneDoesNothing) {
   EXPECT_EQ(variables().dynamicStore()->entries().size(), before);
 }
 
-TEST_F(VariableStore, TimesAreTheCoresClock) {
+TEST_F(VariableStore, ReadsTimesFromCoreClock) {
   start();
   clock->set(1'700'000'000'999);
   EXPECT_EQ(variables().now(), 1'700'000'000);
@@ -97,18 +97,18 @@ TEST_F(VariableStore, TimesAreTheCoresClock) {
   EXPECT_EQ(variables().nowMsString(), JXString("1700000000999"));
 }
 
-TEST_F(VariableStore, ARandomDrawIsNeverNegative) {
+TEST_F(VariableStore, NeverReturnsNegativeRandomNumber) {
   start();
   platform->nextRandomBits = 7;
   EXPECT_EQ(variables().randomInt(), 7);
   platform->nextRandomBits = 0x7FFFFFFF;
   EXPECT_EQ(variables().randomInt(), 2147483647);
   platform->nextRandomBits = 0xFFFFFFFF;
-  EXPECT_EQ(variables().randomInt(), 1) << "a draw with the top bit set is negated";
+  EXPECT_EQ(variables().randomInt(), 1) << "a negative number is negated";
   platform->nextRandomBits = 0x80000001;
   EXPECT_EQ(variables().randomInt(), 2147483647);
   platform->nextRandomBits = 0x80000000;
-  EXPECT_GE(variables().randomInt(), 0) << "the one draw without a negative";
+  EXPECT_GE(variables().randomInt(), 0) << "the only number that cannot be negated";
   platform->nextRandomBits = 12345;
   EXPECT_EQ(variables().randomString(), JXString("12345"));
 }
@@ -139,7 +139,7 @@ TEST_F(VariableStore, AccessorsReadTheirVariable) {
   reads("#JX_LAST_CALL_MS#", &JXPredefinedVariables::timestampLastCallMs);
 }
 
-TEST_F(VariableStore, TheUserAgentIsReadFromTheCoreNotFromHere) {
+TEST_F(VariableStore, ReadsUserAgentFromCoreVariables) {
   start();
   variables().addData_withValue(kJXPredefinedVariable_UserAgent, "here");
   EXPECT_FALSE(variables().userAgent().isPresent());
@@ -147,16 +147,17 @@ TEST_F(VariableStore, TheUserAgentIsReadFromTheCoreNotFromHere) {
   EXPECT_EQ(variables().userAgent(), JXString("core"));
 }
 
-TEST_F(VariableStore, ANewUserAgentIsStored) {
+TEST_F(VariableStore, StoresNewUserAgent) {
   start();
   variables();
   announce("Agent/1");
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/1"));
   announce("");
-  EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("")) << "an empty text is a value";
+  EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString(""))
+      << "an empty string is a value";
 }
 
-TEST_F(VariableStore, AUserAgentNotificationWithoutAValueChangesNothing) {
+TEST_F(VariableStore, IgnoresUserAgentNotificationWithoutString) {
   start();
   variables();
   announce("Agent/1");
@@ -166,7 +167,7 @@ TEST_F(VariableStore, AUserAgentNotificationWithoutAValueChangesNothing) {
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/1"));
 }
 
-TEST_F(VariableStore, OtherNotificationsAreIgnored) {
+TEST_F(VariableStore, IgnoresOtherNotifications) {
   start();
   JXJsonObject userInfo;
   userInfo.set(kJXUserInfo_DataKey, "Agent/1");
@@ -187,7 +188,7 @@ TEST_F(VariableStore, ChangingTheCentreMovesTheListener) {
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("back"));
 }
 
-TEST_F(VariableStore, FirstExecuteIsTrueOnceAndThenFalse) {
+TEST_F(VariableStore, SetsFirstExecuteToTrueOnce) {
   start();
   EXPECT_FALSE(variable(kJXPredefinedVariable_FirstExecute).isPresent());
   variables().firstExecute();
@@ -198,12 +199,13 @@ TEST_F(VariableStore, FirstExecuteIsTrueOnceAndThenFalse) {
   EXPECT_EQ(variable(kJXPredefinedVariable_FirstExecute), JXString("FALSE"));
   variables().addData_withValue(kJXPredefinedVariable_FirstExecute, "");
   variables().firstExecute();
-  EXPECT_EQ(variable(kJXPredefinedVariable_FirstExecute), JXString("TRUE")) << "no text, no first";
+  EXPECT_EQ(variable(kJXPredefinedVariable_FirstExecute), JXString("TRUE"))
+      << "an empty string counts as not set";
   for (const auto& [key, value] : platform->defaults.entries())
     EXPECT_NE(key, "#JX_FIRST_EXECUTE#") << "it is not persisted";
 }
 
-TEST_F(VariableStore, ResetNewSessionTakesTheMarkAway) {
+TEST_F(VariableStore, ResetNewSessionClearsTheMark) {
   start();
   variables();
   EXPECT_EQ(variable(kJXPredefinedVariable_IsNewSession), JXString("1"));
@@ -213,7 +215,7 @@ TEST_F(VariableStore, ResetNewSessionTakesTheMarkAway) {
   EXPECT_EQ(variable(kJXPredefinedVariable_IsNewSession), JXString("0"));
 }
 
-TEST_F(VariableStore, TheUniqueIdentifierMayServeAsAnonymousOrConsentIdentifier) {
+TEST_F(VariableStore, UsesUniqueIdentifierAsAnonymousOrConsentId) {
   start();
   variables().addData_withValue("#JX_UNIQUE_ID#", "legacy");
   variables().useLegacyUniqueIDForAnonymousID();
@@ -223,7 +225,7 @@ TEST_F(VariableStore, TheUniqueIdentifierMayServeAsAnonymousOrConsentIdentifier)
   EXPECT_EQ(JXUser::sharedInstance().consentID(), JXString("legacy"));
 }
 
-TEST_F(VariableStore, PropertiesHoldWhatTheyAreGiven) {
+TEST_F(VariableStore, GettersReturnWhatSettersStored) {
   start();
   JXPredefinedVariables& v = variables();
   EXPECT_FALSE(v.isBackground());
@@ -259,7 +261,7 @@ TEST_F(VariableStore, PropertiesHoldWhatTheyAreGiven) {
   EXPECT_EQ(v.visitDuration(), 10u);
 }
 
-TEST_F(VariableStore, InitOnceMoreChangesNothing) {
+TEST_F(VariableStore, SecondInitChangesNothing) {
   start();
   const auto store = variables().dynamicStore();
   const int writes = platform->defaults.setCount();
@@ -270,7 +272,7 @@ TEST_F(VariableStore, InitOnceMoreChangesNothing) {
   EXPECT_EQ(platform->defaults.setCount(), writes);
 }
 
-TEST_F(VariableStore, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
+TEST_F(VariableStore, InitReturnsNullAndBlocksLaterCallsIfBaseFails) {
   start();
   BaselessVariables failed;
   EXPECT_TRUE(neverReturns([&] { ASSERT_EQ(failed.init(), nullptr); }, [&] { failed.init(); }));
@@ -278,7 +280,7 @@ TEST_F(VariableStore, AFailedBaseGivesNothingAndLeavesTheGuardRunning) {
       << "the guard belongs to the class";
 }
 
-TEST_F(VariableStore, AnObjectBesideTheSharedOneHoldsNothingAndIsHarmless) {
+TEST_F(VariableStore, SecondInstanceStaysEmpty) {
   start();
   variables();
   JXPredefinedVariables other;
@@ -300,7 +302,7 @@ TEST_F(VariableStore, AnObjectBesideTheSharedOneHoldsNothingAndIsHarmless) {
             "empty");
 }
 
-TEST_F(VariableStore, WithoutAStoreOrAListenerEventsStillGoOut) {
+TEST_F(VariableStore, SendsEventsWithoutStoreOrListener) {
   start();
   EXPECT_EQ(inLaunch([&]() -> std::string {
               const auto serverSide = make();

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Time in the foreground and in the background, measured with a clock that is moved by hand.
+// Time in the foreground and in the background, measured with a manual clock.
 
 #include <gmock/gmock.h>
 
@@ -25,7 +25,7 @@ class UsageTiming : public ServerSideFixture {
     preset("TimeSinceLastMeasurement", unmeasured);
     preset("LastForegroundTime", foreground);
   }
-  static std::string four() {
+  static std::string startValues() {
     return variable("#JX_CS_START_IT#").toStdString() + " " +
            variable("#JX_CS_START_DIT#").toStdString() + " " +
            variable("#JX_CS_START_DFT#").toStdString() + " " +
@@ -40,19 +40,19 @@ class UsageTiming : public ServerSideFixture {
   void event() { variables().computeTimeChangingVariables(); }
 };
 
-TEST_F(UsageTiming, TheFirstStartEverIsAllZeros) {
+TEST_F(UsageTiming, FirstStartSetsZeros) {
   start();
   variables();
   EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1700000000000"));
   EXPECT_EQ(persisted("LastSessionStartTimestamp"), JXString("0"));
   EXPECT_EQ(persisted("UsageDuration"), JXString("0"));
-  EXPECT_EQ(four(), "0 0 0 0");
+  EXPECT_EQ(startValues(), "0 0 0 0");
   EXPECT_EQ(variable("#JX_USER_SESSION_DURATION_MS#"), JXString("0"));
   EXPECT_EQ(variable("#JX_USAGE_SESSION_DURATION_MS#"), JXString("0"));
   EXPECT_EQ(variable("#JX_LAST_SESSION_START_MS#"), JXString("0"));
 }
 
-TEST_F(UsageTiming, AStartWithinTheLimitKeepsTheSessionAndCountsTheUnmeasured) {
+TEST_F(UsageTiming, StartWithinLimitKeepsSessionAndAddsUnmeasuredTime) {
   preset("SessionStartTimestamp", "1699999400000");
   preset("LastSessionStartTimestamp", "1600000000000");
   preset("UsageDuration", "50000");
@@ -61,13 +61,13 @@ TEST_F(UsageTiming, AStartWithinTheLimitKeepsTheSessionAndCountsTheUnmeasured) {
   variables();
   EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1699999400000"));
   EXPECT_EQ(variable("#JX_LAST_SESSION_START_MS#"), JXString("1600000000000"));
-  EXPECT_EQ(four(), "103000 100000 7000 27000");
+  EXPECT_EQ(startValues(), "103000 100000 7000 27000");
   EXPECT_EQ(variable("#JX_USER_SESSION_DURATION_MS#"), JXString("107000"));
   EXPECT_EQ(variable("#JX_USAGE_SESSION_DURATION_MS#"), JXString("157000"));
   EXPECT_EQ(variables().startUsage(), 157'000u);
 }
 
-TEST_F(UsageTiming, AStartBeyondTheLimitRenewsAndLeavesTheUnmeasuredOut) {
+TEST_F(UsageTiming, StartBeyondLimitRenewsSessionWithoutUnmeasuredTime) {
   preset("SessionStartTimestamp", "1699998140000");  // 31 minutes
   preset("LastSessionStartTimestamp", "1600000000000");
   preset("UsageDuration", "50000");
@@ -81,21 +81,21 @@ TEST_F(UsageTiming, AStartBeyondTheLimitRenewsAndLeavesTheUnmeasuredOut) {
   EXPECT_EQ(variable("#JX_USAGE_SESSION_DURATION_MS#"), JXString("150000"));
 }
 
-TEST_F(UsageTiming, ExactlyTheLimitAfterTheStoredStartDoesNotRenew) {
+TEST_F(UsageTiming, StartExactlyAtLimitKeepsSession) {
   preset("SessionStartTimestamp", "1699998200000");
   start();
   variables();
   EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1699998200000"));
 }
 
-TEST_F(UsageTiming, OneMillisecondMoreRenews) {
+TEST_F(UsageTiming, StartOneMillisecondBeyondLimitRenewsSession) {
   preset("SessionStartTimestamp", "1699998199999");
   start();
   variables();
   EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1700000000000"));
 }
 
-TEST_F(UsageTiming, AClockSetBackBeforeTheStoredStartRenews) {
+TEST_F(UsageTiming, ClockSetBackBeforeStoredStartRenewsSession) {
   preset("SessionStartTimestamp", "1700000000001");
   start();
   variables();
@@ -103,17 +103,17 @@ TEST_F(UsageTiming, AClockSetBackBeforeTheStoredStartRenews) {
   EXPECT_EQ(persisted("LastSessionStartTimestamp"), JXString("1700000000001"));
 }
 
-TEST_F(UsageTiming, AnExitInTheFutureWrapsAround) {
+TEST_F(UsageTiming, ExitInTheFutureWrapsAround) {
   preset("SessionStartTimestamp", "1700000000000");
   presetExit("1700000001000", "500", "0", "0");
   start();
   variables();
   // -1000 in 64 bits, and 500 more.
-  EXPECT_EQ(four(), "18446744073709551116 18446744073709550616 0 0");
+  EXPECT_EQ(startValues(), "18446744073709551116 18446744073709550616 0 0");
   EXPECT_EQ(variable("#JX_USER_SESSION_DURATION_MS#"), JXString("18446744073709550616"));
 }
 
-TEST_F(UsageTiming, WithoutAPersistedLastStartTheVariableIsUnset) {
+TEST_F(UsageTiming, LeavesLastSessionStartUnsetIfNotPersisted) {
   preset("SessionStartTimestamp", "1699999999000");
   start();
   variables();
@@ -122,19 +122,19 @@ TEST_F(UsageTiming, WithoutAPersistedLastStartTheVariableIsUnset) {
 
 class MissingExit : public UsageTiming, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(MissingExit, LeavesAllFourAtZero) {
+TEST_P(MissingExit, LeavesStartValuesAtZero) {
   presetExit("1699999900000", "3000", "7000", "20000");
   preset(GetParam(), nullptr);
   start();
   variables();
-  EXPECT_EQ(four(), "0 0 0 0");
+  EXPECT_EQ(startValues(), "0 0 0 0");
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, MissingExit,
                          ::testing::Values("ExitTimestamp", "LastBackgroundTime",
                                            "TimeSinceLastMeasurement", "LastForegroundTime"));
 
-TEST_F(UsageTiming, StoredTextsThatAreNoNumbersCountAsZero) {
+TEST_F(UsageTiming, StoredStringsThatAreNotNumbersCountAsZero) {
   preset("SessionStartTimestamp", "soon");  // 0: more than the limit ago
   preset("UsageDuration", "-9");
   presetExit("", "letters", "12ms", "1.5");
@@ -142,12 +142,12 @@ TEST_F(UsageTiming, StoredTextsThatAreNoNumbersCountAsZero) {
   variables();
   EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1700000000000"));
   EXPECT_EQ(persisted("LastSessionStartTimestamp"), JXString("soon"));
-  // The unmeasured time is the stored text as it is.
-  EXPECT_EQ(four(), "1700000000000 1700000000000 12ms 0");
+  // The unmeasured time is the stored string, unchanged.
+  EXPECT_EQ(startValues(), "1700000000000 1700000000000 12ms 0");
   EXPECT_EQ(variable("#JX_USAGE_SESSION_DURATION_MS#"), JXString("1700000000000"));
 }
 
-TEST_F(UsageTiming, ThirtyDigitsCountModuloTheRange) {
+TEST_F(UsageTiming, LargeStoredNumbersWrapAround) {
   preset("SessionStartTimestamp", "1700000000000");
   preset("UsageDuration", "18446744073709551617");  // 2^64 + 1
   start();
@@ -156,7 +156,7 @@ TEST_F(UsageTiming, ThirtyDigitsCountModuloTheRange) {
   EXPECT_TRUE(linesUpTo(3).empty());
 }
 
-TEST_F(UsageTiming, TwoEventsFiveSecondsApartReportTheTimeBetween) {
+TEST_F(UsageTiming, SecondEventReportsTimeSinceTheFirst) {
   start();
   variables();
   clock->advance(2'000);
@@ -168,14 +168,14 @@ TEST_F(UsageTiming, TwoEventsFiveSecondsApartReportTheTimeBetween) {
   EXPECT_EQ(variables().deltaForeground(), 0u);
 }
 
-TEST_F(UsageTiming, AnEventAtTheSameInstantReportsNothingNew) {
+TEST_F(UsageTiming, EventAtSameInstantReportsZero) {
   start();
   variables();
   event();
   EXPECT_EQ(times(), "0 0 0 0");
 }
 
-TEST_F(UsageTiming, GoingToTheBackgroundTakesASnapshot) {
+TEST_F(UsageTiming, BackgroundTransitionPersistsSnapshot) {
   start();
   variables();
   clock->advance(4'000);
@@ -185,15 +185,16 @@ TEST_F(UsageTiming, GoingToTheBackgroundTakesASnapshot) {
   EXPECT_TRUE(variables().isBackground());
   EXPECT_EQ(persisted("TimeSinceLastMeasurement"), JXString("3000"));
   EXPECT_EQ(persisted("ExitTimestamp"), JXString("1700000007000"));
-  EXPECT_EQ(persisted("LastForegroundTime"), JXString("4000")) << "before the last stretch";
+  EXPECT_EQ(persisted("LastForegroundTime"), JXString("4000"))
+      << "without the time since the last event";
   EXPECT_EQ(persisted("LastBackgroundTime"), JXString("0"));
   EXPECT_EQ(variables().totalForegroundTime(), 7'000u);
   EXPECT_EQ(variables().deltaForeground(), 3'000u);
   EXPECT_EQ(variables().lastTime(), 1'700'000'007'000u);
-  EXPECT_EQ(times(), "4000 4000 0 0") << "the variables follow at the next event";
+  EXPECT_EQ(times(), "4000 4000 0 0") << "the next event updates the variables";
 }
 
-TEST_F(UsageTiming, TwiceToTheBackgroundCountsTheTimeBetweenAsForeground) {
+TEST_F(UsageTiming, RepeatedBackgroundTransitionCountsForegroundTime) {
   start();
   variables();
   clock->advance(1'000);
@@ -205,7 +206,7 @@ TEST_F(UsageTiming, TwiceToTheBackgroundCountsTheTimeBetweenAsForeground) {
   EXPECT_EQ(persisted("LastForegroundTime"), JXString("1000"));
 }
 
-TEST_F(UsageTiming, EventsInTheBackgroundCountAsBackgroundTime) {
+TEST_F(UsageTiming, EventsInTheBackgroundAddBackgroundTime) {
   start();
   variables();
   clock->advance(1'000);
@@ -218,7 +219,7 @@ TEST_F(UsageTiming, EventsInTheBackgroundCountAsBackgroundTime) {
   EXPECT_EQ(times(), "1000 0 6000 4000");
 }
 
-TEST_F(UsageTiming, ComingBackReplacesTheDeltaAndCountsATransition) {
+TEST_F(UsageTiming, ForegroundTransitionReplacesDeltaAndIsCounted) {
   start();
   variables();
   variables().didEnterBackground({});
@@ -235,7 +236,7 @@ TEST_F(UsageTiming, ComingBackReplacesTheDeltaAndCountsATransition) {
   EXPECT_EQ(times(), "1000 1000 6000 6000");
 }
 
-TEST_F(UsageTiming, AForegroundWithoutABackgroundChangesNothing) {
+TEST_F(UsageTiming, ForegroundWithoutBackgroundChangesNothing) {
   start();
   variables();
   clock->advance(9'000'000);
@@ -249,7 +250,7 @@ TEST_F(UsageTiming, AForegroundWithoutABackgroundChangesNothing) {
   EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("1"));
 }
 
-TEST_F(UsageTiming, ExactlyTheLimitInTheBackgroundKeepsTheSession) {
+TEST_F(UsageTiming, BackgroundExactlyAtLimitKeepsSession) {
   start();
   variables();
   variables().didEnterBackground({});
@@ -258,7 +259,7 @@ TEST_F(UsageTiming, ExactlyTheLimitInTheBackgroundKeepsTheSession) {
   EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("1"));
 }
 
-TEST_F(UsageTiming, OneMillisecondMoreInTheBackgroundStartsASession) {
+TEST_F(UsageTiming, BackgroundOneMillisecondBeyondLimitStartsSession) {
   start();
   variables();
   variables().didEnterBackground({});
@@ -268,7 +269,7 @@ TEST_F(UsageTiming, OneMillisecondMoreInTheBackgroundStartsASession) {
   EXPECT_EQ(variable("#JX_CURRENT_SESSION_MS#"), JXString("1700001800001"));
 }
 
-TEST_F(UsageTiming, AnEventInTheBackgroundShortensTheStayThatCounts) {
+TEST_F(UsageTiming, EventInTheBackgroundRestartsTheLimit) {
   start();
   variables();
   variables().didEnterBackground({});
@@ -276,10 +277,23 @@ TEST_F(UsageTiming, AnEventInTheBackgroundShortensTheStayThatCounts) {
   event();
   clock->advance(1'800'000);
   variables().willEnterForeground({});
-  EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("1")) << "counted from the event";
+  EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("1")) << "measured from the event";
 }
 
-TEST_F(UsageTiming, AClockSetBackInTheBackgroundStartsASession) {
+TEST_F(UsageTiming, SessionAfterTheBackgroundKeepsLastSessionStart) {
+  preset("SessionStartTimestamp", "1699999400000");
+  preset("LastSessionStartTimestamp", "1600000000000");
+  start();
+  variables();
+  variables().didEnterBackground({});
+  clock->advance(1'800'001);
+  variables().willEnterForeground({});
+  EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("2"));
+  EXPECT_EQ(variable("#JX_LAST_SESSION_START_MS#"), JXString("1600000000000"));
+  EXPECT_EQ(persisted("SessionStartTimestamp"), JXString("1699999400000"));
+}
+
+TEST_F(UsageTiming, ClockSetBackInTheBackgroundStartsSession) {
   start();
   variables();
   variables().didEnterBackground({});
@@ -289,7 +303,7 @@ TEST_F(UsageTiming, AClockSetBackInTheBackgroundStartsASession) {
   EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("2"));
 }
 
-TEST_F(UsageTiming, AClockSetBackBetweenEventsWrapsAround) {
+TEST_F(UsageTiming, ClockSetBackBetweenEventsWrapsAround) {
   start();
   variables();
   clock->advance(-1'000);
@@ -297,10 +311,10 @@ TEST_F(UsageTiming, AClockSetBackBetweenEventsWrapsAround) {
   EXPECT_EQ(times(), "18446744073709550616 18446744073709550616 0 0");
   clock->advance(1'000);
   event();
-  EXPECT_EQ(times(), "0 1000 0 0") << "the total comes round again";
+  EXPECT_EQ(times(), "0 1000 0 0") << "the total wraps around again";
 }
 
-TEST_F(UsageTiming, TheHostMayChangeTheLimit) {
+TEST_F(UsageTiming, UsesConfiguredVisitDuration) {
   start();
   variables().setVisitDuration(100);
   variables().didEnterBackground({});
@@ -309,7 +323,7 @@ TEST_F(UsageTiming, TheHostMayChangeTheLimit) {
   EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("2"));
 }
 
-TEST_F(UsageTiming, EachEventPersistsTheUsageOfItsStretch) {
+TEST_F(UsageTiming, EachEventPersistsUsageSinceThePreviousOne) {
   preset("SessionStartTimestamp", "1699999999000");
   preset("UsageDuration", "100");
   start();
@@ -322,10 +336,11 @@ TEST_F(UsageTiming, EachEventPersistsTheUsageOfItsStretch) {
   variables().willEnterForeground({});
   clock->advance(500);
   event();
-  EXPECT_EQ(persisted("UsageDuration"), JXString("3600")) << "the deltas and what it began with";
+  EXPECT_EQ(persisted("UsageDuration"), JXString("3600"))
+      << "the deltas plus the usage at the start";
 }
 
-TEST_F(UsageTiming, TransitionsOfTheApplicationReachIt) {
+TEST_F(UsageTiming, ObservesApplicationTransitions) {
   const auto serverSide = make();
   clock->advance(1'000);
   platform->enterBackground();

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Visits, sessions and calls within one launch; what earlier launches left is preset.
+// Visits, sessions and calls within one process; persisted values of earlier processes are preset.
 
 #include <gmock/gmock.h>
 
@@ -18,9 +18,9 @@ class Visits : public ServerSideFixture {
   void preset(const std::string& key, const JXString& value) {
     platform->defaults.preset(key, value);
   }
-  /// Absent when nothing is persisted under the key.
+  /// Returns the persisted string; null if there is none.
   JXString persisted(const std::string& key) { return platform->defaults.objectForKey(key); }
-  /// What a launch at 1600000000000 left, without any session or event after it.
+  /// Presets the values persisted by a process that started at 1600000000000 and executed no event.
   void presetEarlierLaunch() {
     preset("jx_date_first_visit", "1600000000");
     preset("jx_date_last_visit", "1600000000");
@@ -35,7 +35,7 @@ class Visits : public ServerSideFixture {
   }
 };
 
-TEST_F(Visits, TheFirstLaunchIsTheFirstOfEverything) {
+TEST_F(Visits, FirstLaunchSetsAllFirstValues) {
   start();
   variables();
   for (const char* key : {"#JX_FIRST_VISIT_MS#", "#JX_LAST_VISIT_MS#", "#JX_CURRENT_VISIT_MS#",
@@ -46,10 +46,10 @@ TEST_F(Visits, TheFirstLaunchIsTheFirstOfEverything) {
   EXPECT_EQ(variable("#JX_IS_FIRST_VISIT#"), JXString("TRUE"));
   EXPECT_EQ(variable("#JX_APPLICATION_STARTS#"), JXString("1"));
   for (const char* key : {"jx_date_first_visit", "jx_date_last_visit", "jx_date_current_visit"})
-    EXPECT_EQ(persisted(key), JXString("1700000000")) << key << " holds seconds";
+    EXPECT_EQ(persisted(key), JXString("1700000000")) << key << " is in seconds";
 }
 
-TEST_F(Visits, TheNextLaunchCountsAVisitAndASession) {
+TEST_F(Visits, NextLaunchIncrementsVisitAndSession) {
   presetEarlierLaunch();
   start();
   variables();
@@ -66,7 +66,7 @@ TEST_F(Visits, TheNextLaunchCountsAVisitAndASession) {
   EXPECT_EQ(persisted("jx_date_current_visit"), JXString("1700000000000"));
 }
 
-TEST_F(Visits, WithoutAPersistedCurrentVisitTheFirstVisitServes) {
+TEST_F(Visits, UseFirstVisitIfCurrentVisitIsNotPersisted) {
   preset("jx_date_first_visit", "1600000000");
   preset("jx_date_last_visit", "1650000000000");
   start();
@@ -75,7 +75,7 @@ TEST_F(Visits, WithoutAPersistedCurrentVisitTheFirstVisitServes) {
   EXPECT_EQ(persisted("jx_date_last_visit"), JXString("1600000000"));
 }
 
-TEST_F(Visits, WithoutAPersistedLastVisitTheCurrentOneBecomesIt) {
+TEST_F(Visits, UseCurrentVisitIfLastVisitIsNotPersisted) {
   preset("jx_date_first_visit", "1600000000");
   preset("jx_date_current_visit", "1650000000000");
   start();
@@ -83,7 +83,7 @@ TEST_F(Visits, WithoutAPersistedLastVisitTheCurrentOneBecomesIt) {
   EXPECT_EQ(variable("#JX_LAST_VISIT_MS#"), JXString("1650000000000"));
 }
 
-TEST_F(Visits, AnEmptyFirstVisitIsPresentAndSoNotTheFirst) {
+TEST_F(Visits, EmptyFirstVisitIsNotTheFirstVisit) {
   preset("jx_date_first_visit", "");
   start();
   variables();
@@ -98,7 +98,7 @@ struct Count {
 
 class StoredCounts : public Visits, public ::testing::WithParamInterface<Count> {};
 
-TEST_P(StoredCounts, OfVisitsGoOnFromWhatIsStored) {
+TEST_P(StoredCounts, IncrementVisits) {
   presetEarlierLaunch();
   preset("jx_number_coldStarts", GetParam().stored);
   start();
@@ -107,7 +107,7 @@ TEST_P(StoredCounts, OfVisitsGoOnFromWhatIsStored) {
   EXPECT_EQ(persisted("jx_number_coldStarts"), JXString(GetParam().next));
 }
 
-TEST_P(StoredCounts, OfSessionsGoOnFromWhatIsStoredAtANewVisit) {
+TEST_P(StoredCounts, IncrementSessionsAtNewVisit) {
   presetEarlierLaunch();
   preset("jx_number_sessions", GetParam().stored);
   start();
@@ -116,7 +116,7 @@ TEST_P(StoredCounts, OfSessionsGoOnFromWhatIsStoredAtANewVisit) {
   EXPECT_EQ(persisted("jx_number_sessions"), JXString(GetParam().next));
 }
 
-TEST_P(StoredCounts, OfSessionsGoOnFromWhatIsStoredAtANewSession) {
+TEST_P(StoredCounts, IncrementSessionsAtNewSession) {
   const auto serverSide = make();
   preset("jx_number_sessions", GetParam().stored);
   longBackground();
@@ -124,7 +124,7 @@ TEST_P(StoredCounts, OfSessionsGoOnFromWhatIsStoredAtANewSession) {
   EXPECT_EQ(persisted("jx_number_sessions"), JXString(GetParam().next));
 }
 
-TEST_P(StoredCounts, OfProcessStartsGoOnFromWhatIsStored) {
+TEST_P(StoredCounts, IncrementProcessStarts) {
   preset("#JX_APPLICATION_STARTS#", GetParam().stored);
   start();
   variables();
@@ -132,32 +132,32 @@ TEST_P(StoredCounts, OfProcessStartsGoOnFromWhatIsStored) {
   EXPECT_EQ(persisted("#JX_APPLICATION_STARTS#"), JXString(GetParam().next));
 }
 
-// Counts are 32-bit numbers in text: one that is beyond them wraps around and never stops the
+// Counts are 32-bit integers stored as strings. A larger one wraps around and never prevents the
 // start.
-INSTANTIATE_TEST_SUITE_P(Are, StoredCounts,
+INSTANTIATE_TEST_SUITE_P(From, StoredCounts,
                          ::testing::Values(Count{nullptr, "1"}, Count{"", "1"}, Count{"41", "42"},
                                            Count{"abc", "1"}, Count{"12abc", "13"},
                                            Count{" 7", "8"}, Count{"-5", "-4"}, Count{"-1", "0"},
                                            Count{"2147483647", "-2147483648"},
                                            Count{"999999999999999999999999999999", "0"}));
 
-TEST_F(Visits, TheUniqueIdentifierIsKeptOnceItIsStored) {
+TEST_F(Visits, KeepStoredUniqueIdentifier) {
   preset("jx_unique_id", "A0000000-0000-4000-8000-000000000000");
   start();
   EXPECT_EQ(variables().uniqueIdentifier(), JXString("A0000000-0000-4000-8000-000000000000"));
   EXPECT_EQ(platform->defaults.setCount("jx_unique_id"), 0);
-  EXPECT_EQ(platform->uuidCount(), 3) << "a fresh one is drawn all the same";
+  EXPECT_EQ(platform->uuidCount(), 3) << "a new one is created anyway";
   EXPECT_EQ(platform->defaults.synchronizeCount(), 1);
 }
 
-TEST_F(Visits, AFreshInstallationGetsAUniqueIdentifier) {
+TEST_F(Visits, CreateUniqueIdentifierForNewInstallation) {
   start();
   EXPECT_EQ(variables().uniqueIdentifier(), JXString("00000000-0000-4000-8000-000000000002"));
   EXPECT_EQ(persisted("jx_unique_id"), JXString("00000000-0000-4000-8000-000000000002"));
   EXPECT_EQ(platform->defaults.synchronizeCount(), 1);
 }
 
-TEST_F(Visits, TheFirstEventsLastCallIsItsOwnTimeWhenThereNeverWasOne) {
+TEST_F(Visits, FirstEventEverReportsItsOwnTimeAsLastCall) {
   const auto serverSide = make();
   clock->advance(3'000);
   execute(*serverSide);
@@ -166,7 +166,7 @@ TEST_F(Visits, TheFirstEventsLastCallIsItsOwnTimeWhenThereNeverWasOne) {
   EXPECT_EQ(persisted("#JX_LAST_CALL_MS#"), JXString("1700000003000"));
 }
 
-TEST_F(Visits, TheFirstEventsLastCallIsTheLastOfTheEarlierProcess) {
+TEST_F(Visits, FirstEventReportsLastCallOfEarlierProcess) {
   preset("#JX_LAST_CALL_MS#", "1650000000000");
   const auto serverSide = make();
   clock->advance(3'000);
@@ -179,7 +179,7 @@ TEST_F(Visits, TheFirstEventsLastCallIsTheLastOfTheEarlierProcess) {
   EXPECT_EQ(persisted("#JX_LAST_CALL_MS#"), JXString("1700000005000"));
 }
 
-TEST_F(Visits, ALongBackgroundStartsASessionWithinTheVisit) {
+TEST_F(Visits, LongBackgroundStartsSessionWithinTheVisit) {
   presetEarlierLaunch();
   const auto serverSide = make();
   clock->advance(1'000);
@@ -197,7 +197,25 @@ TEST_F(Visits, ALongBackgroundStartsASessionWithinTheVisit) {
   EXPECT_EQ(variable("#JX_CURRENT_VISIT_MS#"), JXString("1700000000000"));
 }
 
-TEST_F(Visits, SessionAndVisitStartDifferAfterANewSession) {
+TEST_F(Visits, NewSessionReportsProcessStartAsLastHitWithoutEvents) {
+  const auto serverSide = make();
+  clock->advance(1'000);
+  longBackground();
+  EXPECT_EQ(variable("#JX_LAST_SESSION_LAST_HIT_MS#"), JXString("1700000000000"));
+}
+
+TEST_F(Visits, NewSessionReportsLastEventOfTheProcessAsLastHit) {
+  const auto serverSide = make();
+  clock->advance(1'000);
+  execute(*serverSide);
+  longBackground();
+  longBackground();
+  EXPECT_EQ(variable("#JX_NUMBER_SESSION#"), JXString("3"));
+  EXPECT_EQ(variable("#JX_LAST_SESSION_LAST_HIT_MS#"), JXString("1700000001000"))
+      << "the session in between has no event";
+}
+
+TEST_F(Visits, SessionAndVisitStartDifferAfterNewSession) {
   const auto serverSide = make();
   EXPECT_EQ(variables().timestampCurrentVisitMs(), variables().nav_TimestampCurrentVisitMs());
   longBackground();
@@ -205,7 +223,7 @@ TEST_F(Visits, SessionAndVisitStartDifferAfterANewSession) {
   EXPECT_EQ(variables().nav_TimestampCurrentVisitMs(), JXString("1700000000000"));
 }
 
-TEST_F(Visits, OnlyTheFirstEventOfTheNewSessionCarriesTheMark) {
+TEST_F(Visits, OnlyFirstEventOfSessionCarriesNewSessionMark) {
   const auto serverSide = make();
   execute(*serverSide);
   longBackground();
@@ -213,7 +231,7 @@ TEST_F(Visits, OnlyTheFirstEventOfTheNewSessionCarriesTheMark) {
   EXPECT_FALSE(lifecycle(execute(*serverSide)).get("new_session").boolValue());
 }
 
-TEST_F(Visits, TheSessionDurationCountsFromTheVisitAndCarriesTheUsage) {
+TEST_F(Visits, SessionDurationAddsUsageToTimeSinceVisitStart) {
   preset("SessionStartTimestamp", "1699999999000");
   preset("UsageDuration", "700");
   const auto serverSide = make();
@@ -245,7 +263,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Start{"-1", "1700000000000"}, Start{" 1699999999000", "1000"},
                       Start{"1699999999000ms", "1000"}));
 
-TEST_F(Visits, WithoutAVisitStartTheDurationStaysAndOneLineSaysSo) {
+TEST_F(Visits, KeepDurationAndLogIfVisitStartIsNotSet) {
   const auto serverSide = make();
   clock->advance(1'000);
   execute(*serverSide);
@@ -261,7 +279,7 @@ TEST_F(Visits, WithoutAVisitStartTheDurationStaysAndOneLineSaysSo) {
   }
 }
 
-TEST_F(Visits, ATimestampIsStoredInSecondsAndMilliseconds) {
+TEST_F(Visits, StoreTimestampInSecondsAndMilliseconds) {
   start();
   variables().addTimestamp_andTimestampeMs_withTime("s", "ms", 1'700'000'000);
   EXPECT_EQ(variable("s"), JXString("1700000000"));

@@ -20,13 +20,13 @@ constexpr std::string_view kFolder = "jx/c/events/";
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
-std::string enumeration(const std::string& name, const std::string& about,
-                        const std::vector<std::string_view>& members,
-                        const std::vector<std::string_view>& texts) {
-  std::string text = comment(about) + "typedef enum " + name + " {\n";
-  for (std::size_t i = 0; i < members.size(); ++i) {
-    text += "  " + name + "_" + std::string(members[i]) + " = " + std::to_string(i) +
-            (i + 1 < members.size() ? "," : "") + "  ///< " + quoted(texts[i]) + "\n";
+std::string enumeration(const std::string& name, const std::string& description,
+                        const std::vector<std::string_view>& enumerators,
+                        const std::vector<std::string_view>& strings) {
+  std::string text = comment(description) + "typedef enum " + name + " {\n";
+  for (std::size_t i = 0; i < enumerators.size(); ++i) {
+    text += "  " + name + "_" + std::string(enumerators[i]) + " = " + std::to_string(i) +
+            (i + 1 < enumerators.size() ? "," : "") + "  ///< " + quoted(strings[i]) + "\n";
   }
   return text + "} " + name + ";\n\n";
 }
@@ -34,22 +34,25 @@ std::string enumeration(const std::string& name, const std::string& about,
 std::string creation(const CClass& type) {
   const std::string name = type.name + "_create";
   const std::string out = "jx_object** " + type.handle;
-  const std::string about =
-      "A new one in `*" + type.handle + "`, to be ended with `jx_object_free`.";
+  const std::string article = type.handle == "product" ? "a " : "an ";
+  const std::string description = "Creates " + article + type.handle + " in `*" + type.handle +
+                                  "`; free it with `jx_object_free`.";
   if (type.event == nullptr) {
-    return comment(about) + function(name, {out}, "jx_" + type.handle + "_create", {type.handle});
+    return comment(description) +
+           function(name, {out}, "jx_" + type.handle + "_create", {type.handle});
   }
   if (!type.event->modes.empty()) {
-    return comment(about + " The mode chooses its name; `session_id` may be null.") +
+    return comment(description + " `mode` determines its name; `session_id` may be null.") +
            function(name, {type.name + "_Mode mode", "const char* session_id", out},
                     "jx_event_create_with_mode",
                     {quoted(type.name), "mode", "session_id", type.handle});
   }
   if (takesName(type)) {
-    return comment(about) + function(name, {"const char* name", out}, "jx_custom_event_create",
-                                     {"name", type.handle});
+    return comment(description + " `name` may be null.") + function(name, {"const char* name", out},
+                                                                    "jx_custom_event_create",
+                                                                    {"name", type.handle});
   }
-  return comment(about) +
+  return comment(description) +
          function(name, {out}, "jx_event_create", {quoted(type.name), type.handle});
 }
 
@@ -57,21 +60,21 @@ std::string fieldText(const CClass& type, const JXFieldInfo& field, bool isWritt
   const std::string name = type.name + "_" + std::string(field.property);
   std::string text;
   if (field.kind == JXFieldKind::Enumeration) {
-    text +=
-        enumeration(choiceName(type, field), "Members of `" + std::string(field.property) + "`.",
-                    field.enumStrings.allEnumerators(), field.enumStrings.allStrings());
+    text += enumeration(enumName(type, field), "Values of `" + std::string(field.property) + "`.",
+                        field.enumStrings.allEnumerators(), field.enumStrings.allStrings());
   }
   const bool isNumbered = field.kind == JXFieldKind::NumberedStrings;
-  text += comment("`" + std::string(field.property) + "`, written as \"" + std::string(field.key) +
-                  (isNumbered ? "1\" and so on" : "\"") +
-                  (isWritten ? "." : " by the classes that say so."));
+  text += comment("Property `" + std::string(field.property) + "`, JSON key \"" +
+                  std::string(field.key) + (isNumbered ? "1\" and so on" : "\"") +
+                  (isWritten ? "." : "; written only by derived classes that have this key."));
   text += "#define " + name + " " + quoted(type.name + "." + std::string(field.property)) + "\n";
   for (const CSetter& setter : settersOf(type, field)) {
     std::vector<std::string> parameters{"jx_object* " + type.handle};
     parameters.insert(parameters.end(), setter.parameters.begin(), setter.parameters.end());
     std::vector<std::string> arguments{type.handle, name};
     arguments.insert(arguments.end(), setter.arguments.begin(), setter.arguments.end());
-    text += comment(setter.about) + function(setter.name, parameters, setter.calls, arguments);
+    text +=
+        comment(setter.description) + function(setter.name, parameters, setter.calls, arguments);
   }
   return text + "\n";
 }
@@ -81,21 +84,21 @@ std::string tableText(const CClass& type, const JXFieldTable* table, bool isWrit
   if (table == nullptr) return text;
   const auto& fields = table->fields();
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    // A table may write a field twice; it is set once.
+    // A table may list a field twice; it needs only one setter.
     if (table->findProperty(fields[i].property) == i) text += fieldText(type, fields[i], isWritten);
   }
   return text;
 }
 
-std::string header(const CClass& type, const std::string& about, const std::string& fields) {
+std::string header(const CClass& type, const std::string& description, const std::string& fields) {
   std::string text = opening("JX_C_EVENTS_" + type.name + "_H", {"jx/c/jx_object.h"});
-  std::string whole = about;
+  std::string complete = description;
   if (type.event != nullptr && type.event->base != nullptr) {
-    whole += " Takes the fields of " + std::string(type.event->base->className) + " too.";
+    complete += " Also has the fields of " + std::string(type.event->base->className) + ".";
   }
-  text += comment(whole) + "#define " + type.name + "_class " + quoted(type.name) + "\n\n";
+  text += comment(complete) + "#define " + type.name + "_class " + quoted(type.name) + "\n\n";
   if (type.event != nullptr && !type.event->modes.empty()) {
-    text += enumeration(type.name + "_Mode", "What happened; the text is the event's name.",
+    text += enumeration(type.name + "_Mode", "Modes, with the event name of each.",
                         type.event->modes, type.event->eventNames);
   }
   return text + creation(type) + "\n" + fields + closing();
@@ -123,9 +126,10 @@ std::map<std::string, std::string> cHeaders(const std::string& sourceFolder) {
   all.reserve(files.size());
   for (const auto& [path, text] : files)
     all.push_back(path);
-  files["jx/c/jx_events.h"] = opening("JX_C_JX_EVENTS_H", all, false) +
-                              comment("Every class, field and name of the event catalogue.") +
-                              "\n#endif\n";
+  files["jx/c/jx_events.h"] =
+      opening("JX_C_JX_EVENTS_H", all, false) +
+      comment("Includes the headers of all classes, fields and names of the event catalogue.") +
+      "\n#endif\n";
   return files;
 }
 

@@ -7,9 +7,9 @@
 
 namespace jx::catalogue {
 
-/// The headers that name every class, field, mode and constant for C: their text by their path from
-/// the source folder. Everything in them is read from the library's own tables, and from the
-/// comments and constants of the headers in `sourceFolder`.
+/// Generates the C headers of all classes, fields, modes and constants. Returns their contents by
+/// path, relative to the source folder. The contents are read from the field tables of the library,
+/// and from the comments and constants of the headers in `sourceFolder`.
 std::map<std::string, std::string> cHeaders(const std::string& sourceFolder);
 
 }  // namespace jx::catalogue

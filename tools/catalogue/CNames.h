@@ -6,10 +6,10 @@
 
 namespace jx::catalogue {
 
-/// The header with the constants that are no fields: names of notifications and predefined
-/// variables, and ready-made texts of payment methods and purchase statuses. A constant is called
-/// as in C++ without its first letter, since a macro of the same name would break that one. Throws
-/// when a header of `sourceFolder` holds none.
+/// Generates the header of the constants that are not fields: names of notifications and predefined
+/// variables, and predefined strings of payment methods and purchase statuses. The C name of a
+/// constant is its C++ name without the first letter, because a macro of the same name would
+/// replace the C++ constant. Throws if a header of `sourceFolder` contains no such constant.
 std::string namesHeader(const std::string& sourceFolder);
 
 }  // namespace jx::catalogue

@@ -34,7 +34,7 @@ bool takesName(const CClass& type) {
   return type.event != nullptr && type.event->eventNames.empty() && !isBase(*type.event);
 }
 
-std::string choiceName(const CClass& type, const JXFieldInfo& field) {
+std::string enumName(const CClass& type, const JXFieldInfo& field) {
   return type.name + "_" + withCapital(field.property);
 }
 
@@ -42,36 +42,39 @@ std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
   const std::string property(field.property);
   const std::string set = type.name + "_set" + withCapital(property);
   const std::string sets = "Sets `" + property + "`";
-  const std::string orAbsent = "; null makes it absent.";
+  const std::string orNull = "; null removes the value.";
   switch (field.kind) {
     case JXFieldKind::String:
-      return {{sets + orAbsent, set, {"const char* value"}, "jx_object_set_string", {"value"}}};
+      return {{sets + orNull, set, {"const char* value"}, "jx_object_set_string", {"value"}}};
     case JXFieldKind::Number:
-      return {
-          {sets + " from a decimal text" + orAbsent,
-           set,
-           {"const char* number"},
-           "jx_object_set_number",
-           {"number"}},
-          {sets + ".", set + "_integer", {"int64_t value"}, "jx_object_set_integer", {"value"}}};
+      return {{sets + " from a decimal string" + orNull,
+               set,
+               {"const char* number"},
+               "jx_object_set_number",
+               {"number"}},
+              {sets + " from an integer.",
+               set + "_integer",
+               {"int64_t value"},
+               "jx_object_set_integer",
+               {"value"}}};
     case JXFieldKind::Boolean:
       return {{sets + ".", set, {"bool value"}, "jx_object_set_boolean", {"value"}}};
     case JXFieldKind::Strings:
     case JXFieldKind::NumberedStrings:
-      return {{sets + ", a list of texts" + orAbsent,
+      return {{sets + " to a list of strings" + orNull,
                set,
-               {"const char* const* texts", "size_t count"},
+               {"const char* const* strings", "size_t count"},
                "jx_object_set_strings",
-               {"texts", "count"}}};
+               {"strings", "count"}}};
     case JXFieldKind::Values:
-      return {{sets + ", a JSON array" + orAbsent,
+      return {{sets + " from a JSON array" + orNull,
                set,
                {"const char* json"},
                "jx_object_set_json",
                {"json"}}};
     case JXFieldKind::Enumeration:
       return {
-          {sets + ".", set, {choiceName(type, field) + " value"}, "jx_object_set_enum", {"value"}}};
+          {sets + ".", set, {enumName(type, field) + " value"}, "jx_object_set_enum", {"value"}}};
     case JXFieldKind::Items:
       return {{"Appends a copy of an item to `" + property + "`.",
                type.name + "_" + property + "_append",
@@ -79,7 +82,7 @@ std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field) {
                "jx_object_add_item",
                {"item"}}};
     case JXFieldKind::Product:
-      return {{sets + " to a copy of a product" + orAbsent,
+      return {{sets + " to a copy of a product" + orNull,
                set,
                {"const jx_object* product"},
                "jx_object_set_product",

@@ -9,30 +9,30 @@
 
 namespace jx::catalogue {
 
-/// A class as its header for C tells it.
+/// A class of the C interface.
 struct CClass {
   std::string name;
-  std::string handle;                   ///< what a parameter of this class is called
-  const JXEventClass* event = nullptr;  ///< null for an item and a product
+  std::string handle;                   ///< name of a parameter of this class
+  const JXEventClass* event = nullptr;  ///< null for an item or a product
 };
 
-/// Every event class, in the order of the catalogue.
+/// Returns all event classes, in the order of the catalogue.
 std::vector<CClass> cEventClasses();
-/// True for a class whose events are named by the host, when they are made.
+/// Returns true for a class whose events are named by the application when they are created.
 bool takesName(const CClass& type);
 
-/// An operation that sets a field: how it is called, what it takes behind the object, and what it
-/// calls with what behind object and field.
+/// A function that sets a field.
 struct CSetter {
-  std::string about;  ///< what it does, in a sentence
+  std::string description;  ///< one sentence, for its comment
   std::string name;
-  std::vector<std::string> parameters;
-  std::string calls;
-  std::vector<std::string> arguments;
+  std::vector<std::string> parameters;  ///< that follow the object
+  std::string calls;                    ///< name of the function that it calls
+  std::vector<std::string> arguments;   ///< that follow the object and the field
 };
 
+/// Returns the functions that set a field.
 std::vector<CSetter> settersOf(const CClass& type, const JXFieldInfo& field);
-/// The type of a field's enumeration.
-std::string choiceName(const CClass& type, const JXFieldInfo& field);
+/// Returns the name of the enumeration type of a field.
+std::string enumName(const CClass& type, const JXFieldInfo& field);
 
 }  // namespace jx::catalogue

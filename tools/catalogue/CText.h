@@ -7,15 +7,15 @@
 
 namespace jx::catalogue {
 
-/// Lines of `///` of at most 100 columns.
+/// Formats a comment as lines of `///` with at most 100 columns.
 std::string comment(const std::string& text);
-/// An inline function of C that calls another one.
+/// Formats an inline C function that calls another function.
 std::string function(const std::string& name, const std::vector<std::string>& parameters,
                      const std::string& calls, const std::vector<std::string>& arguments);
-/// What stands before the declarations of a header; those in it are C's when `isC`.
+/// Returns the lines before the declarations of a header, with C linkage if `isC`.
 std::string opening(const std::string& guard, const std::vector<std::string>& includes,
                     bool isC = true);
-/// What stands behind them.
+/// Returns the lines after the declarations of a header with C linkage.
 std::string closing();
 
 }  // namespace jx::catalogue

@@ -6,8 +6,8 @@
 
 namespace jx::catalogue {
 
-/// The page that tells people what every event class writes and what makes it complete, as
-/// Markdown. Everything in it is read from the library's own tables and from the comments above the
+/// Generates the event reference as Markdown: the fields and required fields of every event class.
+/// The contents are read from the field tables of the library and from the comments above the
 /// classes in `sourceFolder`.
 std::string cataloguePage(const std::string& sourceFolder);
 

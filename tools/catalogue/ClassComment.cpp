@@ -35,10 +35,10 @@ ClassComment commentOfClass(const std::string& sourceFolder, std::string_view cl
     std::ifstream header(entry.path());
     const std::string comment =
         commentAbove(header, "class JX_API " + std::string(className) + " ");
-    if (comment.empty()) throw std::runtime_error(file + " says nothing above its class");
+    if (comment.empty()) throw std::runtime_error(file + " has no comment above its class");
     return {std::filesystem::relative(entry.path(), root).generic_string(), comment};
   }
-  throw std::runtime_error("there is no " + file + " below jx/events");
+  throw std::runtime_error(file + " not found in jx/events");
 }
 
 }  // namespace jx::catalogue

@@ -7,14 +7,14 @@
 
 namespace jx::catalogue {
 
-/// What the header of a class says about it.
+/// The documentation comment of a class.
 struct ClassComment {
-  std::string header;  ///< path from the source folder
-  std::string text;    ///< the comment above the class, in one line
+  std::string header;  ///< path relative to the source folder
+  std::string text;    ///< the comment above the class, as one line
 };
 
-/// Finds the header `<className>.h` below jx/events and reads the comment above its class. Throws
-/// when there is none, so that no page goes out with a hole in it.
+/// Finds the header `<className>.h` in jx/events and returns the comment above its class. Throws if
+/// there is none, so that no class is published without documentation.
 ClassComment commentOfClass(const std::string& sourceFolder, std::string_view className);
 
 }  // namespace jx::catalogue

@@ -12,11 +12,12 @@
 
 namespace jx {
 
-/// Replaces the file by `content` so that a reader, and a crash, see either the old file or the
-/// whole new one. The file has exactly the given mode from the moment it exists.
+/// Replaces the content of a file atomically: readers, and the file system after a crash, see
+/// either the old file or the complete new one. The file has exactly the given mode when it is
+/// created.
 Done writeFileAtomically(const std::filesystem::path& path, std::string_view content, mode_t mode);
 
-/// The whole content of a file.
+/// Returns the entire content of a file.
 Result<std::string> readWholeFile(const std::filesystem::path& path);
 
 }  // namespace jx

@@ -9,7 +9,7 @@
 namespace jx {
 namespace {
 
-constexpr std::chrono::milliseconds kBetweenProgress{100};
+constexpr std::chrono::milliseconds kProgressInterval{100};
 
 }  // namespace
 
@@ -25,7 +25,7 @@ void Console::line(std::string_view text) {
 bool Console::wantsProgress() const {
   if (!showsProgress_) return false;
   const std::lock_guard<std::mutex> lock(mutex_);
-  return !isShown_ || Clock::now() - shownAt_ >= kBetweenProgress;
+  return !isShown_ || Clock::now() - shownAt_ >= kProgressInterval;
 }
 
 void Console::progress(std::string_view text) {

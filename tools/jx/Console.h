@@ -9,18 +9,18 @@
 
 namespace jx {
 
-/// Writes lines to standard error, with a line of progress below them that is written over. The
-/// progress is shown on a terminal only. Thread-safe.
+/// Writes messages to standard error, followed by a progress line that is overwritten. Progress is
+/// shown only on a terminal. Thread-safe.
 class Console {
  public:
-  /// `showsProgress` false shows none on a terminal either.
+  /// With `showsProgress` false, progress is not shown on a terminal either.
   explicit Console(bool showsProgress);
   ~Console() { clearProgress(); }
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;
 
   void line(std::string_view text);
-  /// True when it is time for a new progress text, so that none is built in vain.
+  /// Returns true when a progress update is due, so that callers format no text that is not shown.
   bool wantsProgress() const;
   void progress(std::string_view text);
   void clearProgress();

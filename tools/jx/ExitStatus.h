@@ -4,8 +4,7 @@
 
 namespace jx {
 
-/// What the program's commands return to the shell. A command that can fail in further ways
-/// numbers them from 3.
+/// Exit statuses of all commands. A command with further statuses numbers them from 3.
 inline constexpr int kExitOk = 0;
 inline constexpr int kExitFailure = 1;
 inline constexpr int kExitUsage = 2;

@@ -30,7 +30,7 @@ std::string asOneLine(std::string_view text) {
   for (std::size_t i = 0; i < line.size(); ++i) {
     const auto byte = static_cast<unsigned char>(line[i]);
     if (byte < 0x20 || byte == 0x7F) line[i] = ' ';
-    // U+0080 to U+009F: some terminals take them for the start of a command.
+    // Some terminals interpret U+0080 to U+009F as the start of a control sequence.
     if (byte == 0xC2 && i + 1 < line.size() && static_cast<unsigned char>(line[i + 1]) < 0xA0) {
       line.replace(i, 2, " ");
     }
@@ -71,7 +71,7 @@ std::string asIsoTime(std::int64_t ms) {
   constexpr int kYearOffset = 1900;
   const bool isInCalendar = ::gmtime_r(&time, &parts) != nullptr;
   const int year = isInCalendar ? parts.tm_year + kYearOffset : -1;
-  // Four digits of a year are what the format has room for.
+  // The format has four digits for the year.
   if (year < 0 || year > 9999) return std::to_string(ms);
   std::array<char, 80> text{};
   std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d.%03dZ", year,

@@ -9,17 +9,17 @@
 
 namespace jx {
 
-/// The text as one line that a terminal shows and does not obey: control characters become blanks,
-/// bytes that are not UTF-8 the replacement character.
+/// Returns the text as one line that is safe to print on a terminal: control characters become
+/// spaces, and invalid UTF-8 becomes the replacement character.
 std::string asOneLine(std::string_view text);
-/// At most `width` characters of the text, the last an ellipsis when some had to go. Counts code
-/// points. The text is UTF-8.
+/// Returns the UTF-8 text truncated to `width` code points; a truncated text ends with an ellipsis.
 std::string shortened(std::string_view text, std::size_t width);
-/// Fills up with blanks to `width` code points.
+/// Returns the text padded with spaces to `width` code points.
 std::string padded(std::string_view text, std::size_t width);
-/// One line in quotation marks, shortened to what suits a message.
+/// Returns the text in quotation marks as one line, truncated for use in a message.
 std::string quoted(std::string_view text);
-/// "2026-01-02T03:04:05.678Z"; the number itself for a time beyond the calendar.
+/// Returns a time as "2026-01-02T03:04:05.678Z"; the number of milliseconds for a year outside 0
+/// to 9999.
 std::string asIsoTime(std::int64_t ms);
 
 }  // namespace jx

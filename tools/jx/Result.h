@@ -8,31 +8,31 @@
 
 namespace jx {
 
-/// Why something could not be done: one line for a person, without a full stop.
+/// The cause of a failure: one line for the user, without a full stop.
 struct Error {
   std::string text;
 };
 
-/// A value, or the reason why there is none.
+/// A value or an error.
 template <typename Value>
 class [[nodiscard]] Result {
  public:
-  Result(Value value) : held_(std::in_place_index<0>, std::move(value)) {}
-  Result(Error error) : held_(std::in_place_index<1>, std::move(error)) {}
+  Result(Value value) : state_(std::in_place_index<0>, std::move(value)) {}
+  Result(Error error) : state_(std::in_place_index<1>, std::move(error)) {}
 
-  explicit operator bool() const { return held_.index() == 0; }
-  Value& operator*() { return std::get<0>(held_); }
-  const Value& operator*() const { return std::get<0>(held_); }
-  Value* operator->() { return &std::get<0>(held_); }
-  const Value* operator->() const { return &std::get<0>(held_); }
-  /// Only when there is no value.
-  const Error& error() const { return std::get<1>(held_); }
+  explicit operator bool() const { return state_.index() == 0; }
+  Value& operator*() { return std::get<0>(state_); }
+  const Value& operator*() const { return std::get<0>(state_); }
+  Value* operator->() { return &std::get<0>(state_); }
+  const Value* operator->() const { return &std::get<0>(state_); }
+  /// Requires that there is no value.
+  const Error& error() const { return std::get<1>(state_); }
 
  private:
-  std::variant<Value, Error> held_;
+  std::variant<Value, Error> state_;
 };
 
-/// The outcome of an action that yields nothing.
+/// The result of an operation without a return value.
 using Done = Result<std::monostate>;
 inline Done done() { return std::monostate{}; }
 

@@ -11,14 +11,14 @@
 
 namespace jx {
 
-Result<TemporaryState> TemporaryState::make() {
+Result<TemporaryState> TemporaryState::create() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-  if (error) return Error{"no folder for temporary files: " + error.message()};
+  if (error) return Error{"cannot find the folder for temporary files: " + error.message()};
   std::string path = (parent / "jx-XXXXXX").string();
   if (::mkdtemp(path.data()) == nullptr) {
-    const std::error_code why(errno, std::generic_category());
-    return Error{"cannot make a folder in " + parent.string() + ": " + why.message()};
+    const std::error_code cause(errno, std::generic_category());
+    return Error{"cannot create a folder in " + parent.string() + ": " + cause.message()};
   }
   return TemporaryState(path);
 }

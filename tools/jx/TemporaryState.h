@@ -8,17 +8,17 @@
 
 namespace jx {
 
-/// A new folder for files that are of no use once the program has ended: removed with this object,
-/// with all that it holds, unless it is to be kept.
+/// A temporary folder. The destructor removes it and its content, unless keep() was called.
 class TemporaryState {
  public:
-  static Result<TemporaryState> make();
+  /// Creates a new folder in the system's folder for temporary files.
+  static Result<TemporaryState> create();
   ~TemporaryState();
   TemporaryState(TemporaryState&& other) noexcept;
   TemporaryState& operator=(TemporaryState&& other) noexcept;
 
   const std::filesystem::path& path() const { return path_; }
-  /// Leaves the folder behind.
+  /// Keeps the folder when this object is destroyed.
   void keep() { kept_ = true; }
 
  private:

@@ -4,8 +4,8 @@
 
 namespace jx {
 
-/// Holds back SIGINT and SIGTERM from the moment it is made, in this thread and in those started
-/// later, and lets one thread wait for them. Made before any other thread starts.
+/// Blocks SIGINT and SIGTERM in the calling thread and in threads started later, and lets one
+/// thread wait for them. Create it before any other thread starts.
 class TerminationSignals {
  public:
   TerminationSignals();
@@ -13,9 +13,9 @@ class TerminationSignals {
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-  /// Returns when one of the two has arrived.
+  /// Waits for one of the signals and consumes it.
   void wait() const;
-  /// Readable once one of the two has arrived.
+  /// Returns a descriptor that is readable while a signal is pending.
   int fd() const { return fd_; }
 
  private:

@@ -13,7 +13,8 @@
 namespace {
 
 int run(int argc, char** argv) {
-  CLI::App app("Collects events of TV applications: the tools around the library.", "jx");
+  CLI::App app("Command-line tools of JXServerSide, the event-collection SDK for TV applications.",
+               "jx");
   app.set_version_flag("--version", "jx " JX_VERSION " (JXServerSide, Apache-2.0)",
                        "Print the version and exit");
   app.require_subcommand(0, 1);
@@ -26,10 +27,10 @@ int run(int argc, char** argv) {
 
   try {
     app.parse(argc, argv);
-  } catch (const CLI::Success& asked) {
-    return app.exit(asked);  // --help and --version
-  } catch (const CLI::ParseError& wrong) {
-    std::fprintf(stderr, "jx: %s (see jx --help)\n", wrong.what());
+  } catch (const CLI::Success& request) {
+    return app.exit(request);  // --help and --version
+  } catch (const CLI::ParseError& error) {
+    std::fprintf(stderr, "jx: %s (see jx --help)\n", error.what());
     return jx::kExitUsage;
   }
   if (app.get_subcommands().empty()) {

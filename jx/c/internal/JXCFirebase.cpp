@@ -15,7 +15,7 @@ constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
 }  // namespace
 
 JXCFirebase::~JXCFirebase() {
-  if (isOwned_ && table_.release != nullptr) table_.release(table_.context);
+  if (isReleaseEnabled_ && table_.release != nullptr) table_.release(table_.context);
 }
 
 bool JXCFirebase::respondsToOperation(std::string_view operation) {

@@ -7,8 +7,8 @@
 
 namespace jx::c {
 
-/// Brings the operations that the library performs on a Firebase instance to a C host's table.
-/// Tells the host when it ends.
+/// Forwards the library's calls of a Firebase instance to the function table of a C application.
+/// The destructor calls `release`, if `enableRelease` was called.
 class JXCFirebase final : public IJXFirebaseInstance {
  public:
   explicit JXCFirebase(const jx_firebase& table) : table_(table) {}
@@ -19,12 +19,11 @@ class JXCFirebase final : public IJXFirebaseInstance {
   bool respondsToOperation(std::string_view operation) override;
   void performOperation(std::string_view operation, const JXJsonValue& first,
                         const JXJsonValue& second) override;
-  /// From now on the host is told of the end.
-  void own() { isOwned_ = true; }
+  void enableRelease() { isReleaseEnabled_ = true; }
 
  private:
   const jx_firebase table_;
-  bool isOwned_ = false;
+  bool isReleaseEnabled_ = false;
 };
 
 }  // namespace jx::c

@@ -23,7 +23,7 @@ const JXFieldInfo* fieldIn(const JXFieldTable* table, std::string_view property)
 JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
     : type_(type), event_(std::move(event)) {}
 
-// The names are constants with a NUL behind them.
+// The names are NUL-terminated constants.
 const char* JXCEvent::className() const { return type_.className.data(); }
 
 const JXFieldInfo* JXCEvent::fieldOf(std::string_view property) const {
@@ -43,11 +43,11 @@ bool JXCEvent::isOf(std::string_view className) const {
 }
 
 std::string JXCEvent::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  std::string wrong = type_.setProperty(*event_, field.property, value);
-  if (wrong.empty() && field.kind == JXFieldKind::Items) {
-    lists_.set(field.property, value.array());  // absent for a null, which removes the list
+  std::string error = type_.setProperty(*event_, field.property, value);
+  if (error.empty() && field.kind == JXFieldKind::Items) {
+    lists_.set(field.property, value.array());  // null removes the list
   }
-  return wrong;
+  return error;
 }
 
 Result JXCEvent::addItem(const JXFieldInfo& field, const JXCObject& item) {
@@ -109,17 +109,17 @@ bool JXCBlock<Block>::isOf(std::string_view name) const {
 template <typename Block>
 std::string JXCBlock<Block>::set(const JXFieldInfo& field, const JXJsonValue& value) {
   const JXFieldTable& table = Block::fields();
-  std::string wrong = table.set(*block_, table.findProperty(field.property), value);
-  // An absent value stands as JSON's null: the copy must become absent too.
-  if (wrong.empty()) {
+  std::string error = table.set(*block_, table.findProperty(field.property), value);
+  // A removed value is kept as JSON null, so that it is removed from a copy too.
+  if (error.empty()) {
     values_.set(field.property, value.isPresent() ? value : JXJsonValue::null());
   }
-  return wrong;
+  return error;
 }
 
 template <typename Block>
 Result JXCBlock<Block>::addItem(const JXFieldInfo&, const JXCObject&) {
-  return {JX_ERROR_WRONG_TYPE, std::string(className()) + " holds no items"};
+  return {JX_ERROR_WRONG_TYPE, std::string(className()) + " has no list of items"};
 }
 
 template <typename Block>
@@ -135,16 +135,16 @@ void JXCBlock<Block>::addParameter(std::string_view key, const JXJsonValue& valu
 
 template <typename Block>
 Result JXCBlock<Block>::verify() {
-  bool isComplete = false;
+  bool isValid = false;
   if constexpr (std::is_same_v<Block, JXItem>) {
-    isComplete = block_->verifyItem();
+    isValid = block_->verifyItem();
   } else {
-    isComplete = block_->verifyProduct();
+    isValid = block_->verifyProduct();
   }
-  if (isComplete) return JX_OK;
+  if (isValid) return JX_OK;
   return {JX_ERROR_INCOMPLETE, std::is_same_v<Block, JXItem>
-                                   ? "the item lacks ID, quantity or a complete product"
-                                   : "the product lacks ID, name or price"};
+                                   ? "ID and quantity must be set, and product must be valid"
+                                   : "ID, name and price must be set"};
 }
 
 template class JXCBlock<JXItem>;

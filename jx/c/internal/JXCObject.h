@@ -14,8 +14,8 @@
 
 namespace jx::c {
 
-/// What a `jx_object` stands for. Knows fields by what the tables of the classes tell, so a class
-/// or a field that is added needs no change here. Belongs to one thread at a time.
+/// The object that a `jx_object` handle refers to. Fields are defined by the field tables of the
+/// classes, so a new class or field needs no change here. Belongs to one thread at a time.
 class JXCObject {
  public:
   JXCObject() = default;
@@ -24,19 +24,19 @@ class JXCObject {
   JXCObject& operator=(const JXCObject&) = delete;
 
   virtual const char* className() const = 0;
-  /// The field of this property, the bases' included; null when there is none.
+  /// Returns the field of this property, including those of the bases; null if there is none.
   virtual const JXFieldInfo* fieldOf(std::string_view property) const = 0;
-  /// True when the object is of this class, itself or by its bases.
+  /// Returns true if the object is of this class or of a class derived from it.
   virtual bool isOf(std::string_view className) const = 0;
-  /// Gives a field a value. Returns what is wrong with it, empty when nothing is.
+  /// Sets a field. Returns an error message, which is empty on success.
   virtual std::string set(const JXFieldInfo& field, const JXJsonValue& value) = 0;
   virtual Result addItem(const JXFieldInfo& field, const JXCObject& item) = 0;
   virtual void addParameter(std::string_view key, const JXJsonValue& value) = 0;
   virtual Result verify() = 0;
   virtual JXJsonObject json() = 0;
-  /// The event; null for an item and a product.
+  /// Returns the event; null for an item or a product.
   virtual std::shared_ptr<JXEvent> event() { return nullptr; }
-  /// An item or a product as its properties say; absent for an event. Not changed any more.
+  /// Returns a copy of the properties of an item or a product; null for an event.
   virtual JXJsonObject values() const { return nullptr; }
 };
 
@@ -59,8 +59,8 @@ class JXCEvent final : public JXCObject {
 
   const JXEventClass& type_;
   std::shared_ptr<JXEvent> event_;
-  // The lists of items by property, handed to the event when it is looked at: the tables take a
-  // list as a whole, and adding a hundred items should not hand over a hundred lists.
+  // The lists of items by property, set on the event only when it is read: the tables set a list as
+  // a whole, and adding a hundred items should not set a hundred lists.
   JXJsonObject lists_;
   bool listsChanged_ = false;
 };
@@ -83,8 +83,8 @@ class JXCBlock final : public JXCObject {
 
  private:
   std::shared_ptr<Block> block_;
-  // The same by properties, from which copies are made. What nests in it is replaced, never
-  // changed, so that a copy of one level is a copy.
+  // The same values by property, from which copies are made. Nested values are replaced and never
+  // modified, so a shallow copy is sufficient.
   JXJsonObject values_;
 };
 

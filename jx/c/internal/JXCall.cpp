@@ -14,11 +14,11 @@
 namespace jx::c {
 namespace {
 
-// Has no destructor: a host may still call while its thread's or the process's objects end.
+// Has no destructor: an application may call the library during thread or process termination.
 thread_local std::array<char, 256> detailOfThread{};
 
 void keepDetail(std::string_view detail) noexcept {
-  // What is cut is cut between characters.
+  // Truncates between characters.
   const std::string_view beginning = detail.substr(0, detailOfThread.size() - 1);
   const std::size_t length =
       beginning.size() < detail.size() ? utf8PrefixLength(beginning) : beginning.size();
@@ -26,7 +26,7 @@ void keepDetail(std::string_view detail) noexcept {
   detailOfThread[length] = '\0';
 }
 
-bool isAnswer(jx_status status) {
+bool isExpectedResult(jx_status status) {
   return status == JX_ERROR_TOO_SMALL || status == JX_ERROR_TIMED_OUT ||
          status == JX_ERROR_NOT_SET || status == JX_ERROR_INCOMPLETE;
 }
@@ -39,11 +39,11 @@ jx_status report(const char* operation, const Result& result) noexcept {
     const std::string detail =
         result.detail.empty() ? jx_status_string(result.status) : result.detail;
     keepDetail(detail);
-    if (!isAnswer(result.status)) {
+    if (!isExpectedResult(result.status)) {
       JXLogger::sharedInstance().logMessage_withLevel(std::string(operation) + ": " + detail, 3);
     }
   } catch (...) {
-    // No memory for the words: the status alone tells.
+    // Out of memory for the detail: the status is still returned.
     JXLogger::sharedInstance().logMessage_withLevel(operation, 3);
   }
   return result.status;
@@ -53,8 +53,9 @@ const char* latestDetail() noexcept { return detailOfThread.data(); }
 
 Result end(void* handle, JXHandleKind kind) {
   if (handle == nullptr) return JX_OK;
-  std::shared_ptr<void> last;
-  return JXHandles::sharedInstance().remove(handle, kind, last);
+  // Ends the object after the lock is released.
+  std::shared_ptr<void> object;
+  return JXHandles::sharedInstance().remove(handle, kind, object);
 }
 
 Result copyOut(const std::string& text, char* buffer, std::size_t capacity, std::size_t* length) {
@@ -75,20 +76,21 @@ Result readJson(const char* json, JXJsonValue& value) {
   }
   JXJsonReading reading = JXJsonReader::read(json);
   if (!reading.error.empty()) {
-    return {JX_ERROR_INVALID_JSON,
-            "not JSON, at byte " + std::to_string(reading.errorOffset + 1) + ": " + reading.error};
+    return {
+        JX_ERROR_INVALID_JSON,
+        "invalid JSON at byte " + std::to_string(reading.errorOffset + 1) + ": " + reading.error};
   }
   value = std::move(reading.value);
   return JX_OK;
 }
 
 std::string jsonText(const JXJsonValue& value) {
-  // The writer writes objects, so the value is cut out of one.
-  JXJsonObject around;
-  around.set("v", value);
-  const std::string text = JXJsonWriter::write(around, JXJsonStyle::Compact).text;
+  // The writer writes only objects, so the value is extracted from one.
+  JXJsonObject wrapper;
+  wrapper.set("v", value);
+  const std::string text = JXJsonWriter::write(wrapper, JXJsonStyle::Compact).text;
   constexpr std::size_t kBefore = sizeof(R"({"v":)") - 1;
-  // A value that is too large for the writer is left out with its key.
+  // A value that is too large for the writer is omitted with its key.
   return text.size() > kBefore ? text.substr(kBefore, text.size() - kBefore - 1) : "null";
 }
 

@@ -15,22 +15,22 @@
 
 namespace jx::c {
 
-/// What a call from C came to: a status, and in words what was wrong.
+/// Result of a call from C: a status and an error message.
 struct Result {
   Result(jx_status code) : status(code) {}
-  Result(jx_status code, std::string words) : status(code), detail(std::move(words)) {}
+  Result(jx_status code, std::string message) : status(code), detail(std::move(message)) {}
 
   jx_status status;
-  std::string detail;  ///< empty: the status says all
+  std::string detail;  ///< empty: the description of the status is sufficient
 };
 
-/// Keeps the detail for `jx_error_detail` and logs it, unless the status is an answer rather than
-/// a mistake. Returns the status.
+/// Stores the detail for `jx_error_detail`. Logs it, unless the status is an expected result such
+/// as JX_ERROR_NOT_SET. Returns the status.
 jx_status report(const char* operation, const Result& result) noexcept;
-/// The latest detail on this thread.
+/// Returns the latest detail of this thread.
 const char* latestDetail() noexcept;
 
-/// Runs the body of an operation; the one place where what the library throws ends.
+/// Runs the body of a C function and converts exceptions of the library to a status.
 template <typename Body>
 jx_status call(const char* operation, const Body& body) noexcept {
   try {
@@ -48,7 +48,7 @@ jx_status call(const char* operation, const Body& body) noexcept {
   }
 }
 
-/// Runs `body` with the object behind a handle.
+/// Runs `body` with the object of a handle.
 template <typename Object, typename Body>
 Result with(const void* handle, JXHandleKind kind, const Body& body) {
   std::shared_ptr<void> found;
@@ -57,25 +57,25 @@ Result with(const void* handle, JXHandleKind kind, const Body& body) {
   return body(*static_cast<Object*>(found.get()));
 }
 
-/// Gives a new object to the caller.
+/// Creates a handle for a new object.
 template <typename Handle>
 Result give(JXHandleKind kind, std::shared_ptr<void> object, Handle** handle) {
   *handle = static_cast<Handle*>(JXHandles::sharedInstance().add(kind, std::move(object)));
   return *handle != nullptr ? JX_OK : JX_ERROR_OUT_OF_MEMORY;
 }
 
-/// Ends what a handle keeps; null is nothing to end.
+/// Frees a handle; null does nothing.
 Result end(void* handle, JXHandleKind kind);
 
-/// Copies a text into a buffer of the caller's, by the rules of `jx_object_json`.
+/// Copies a string to the caller's buffer, by the rules of `jx_object_json`.
 Result copyOut(const std::string& text, char* buffer, std::size_t capacity, std::size_t* length);
 
-/// Reads JSON; null is the absent value. Returns what is wrong with it, JX_OK when nothing is.
+/// Parses JSON; a null pointer yields the null value. Returns JX_ERROR_INVALID_JSON on an error.
 Result readJson(const char* json, JXJsonValue& value);
-/// Compact JSON text of any value.
+/// Returns any value as compact JSON.
 std::string jsonText(const JXJsonValue& value);
 
-/// A name that a host gave, for a message.
+/// Returns a name from the caller in quotation marks, for a message.
 std::string quoted(const char* name);
 
 }  // namespace jx::c

@@ -13,42 +13,42 @@
 
 namespace jx {
 
-/// What a handle of the C interface stands for.
+/// Type of the object that a handle of the C interface refers to.
 enum class JXHandleKind : std::uint8_t { Object, ServerSide, Observer };
 
-/// Every handle that was given to C and not freed. A handle is a number made of a place and of how
-/// often the place was given, dressed as a pointer, and is never followed; a place whose count is
-/// used up is not given again. So a freed handle is always told from the living ones, at the price
-/// of a lock and a look-up in each call. Thread-safe; never destroyed.
+/// Table of all handles that were returned to C and not freed. A handle is an integer, cast to a
+/// pointer, that combines the index of a slot with the use count of that slot. It is never
+/// dereferenced. A slot whose use count is exhausted is not reused, so a freed handle is always
+/// detected. Each call costs a lock and a look-up. Thread-safe; never destroyed.
 class JXHandles {
  public:
   static JXHandles& sharedInstance();
 
-  /// A handle that keeps the object; null when there is no place left.
+  /// Returns a new handle that owns the object; null if no slot is left.
   void* add(JXHandleKind kind, std::shared_ptr<void> object);
-  /// The object that the handle keeps. A status other than JX_OK when there is none of this kind;
-  /// `object` is then left alone.
+  /// Finds the object of a handle. Returns another status than JX_OK if there is no object of this
+  /// kind, and does not change `object`.
   jx_status find(const void* handle, JXHandleKind kind, std::shared_ptr<void>& object) const;
-  /// The same, and the handle is dead from now on.
+  /// Same as `find`, and invalidates the handle.
   jx_status remove(void* handle, JXHandleKind kind, std::shared_ptr<void>& object);
   std::size_t count() const;
 
-  /// `placeBits` of a handle's number are the place, the rest is its count.
-  explicit JXHandles(unsigned placeBits) : placeBits_(placeBits) {}
+  /// The lowest `slotBits` bits of a handle are the slot index, the others the use count.
+  explicit JXHandles(unsigned slotBits) : slotBits_(slotBits) {}
 
  private:
-  struct Place {
+  struct Slot {
     std::shared_ptr<void> object;
     std::uintptr_t uses = 0;
     JXHandleKind kind = JXHandleKind::Object;
   };
 
-  jx_status placeOf(const void* handle, JXHandleKind kind, std::size_t& place) const;
-  std::uintptr_t mostUses() const { return UINTPTR_MAX >> placeBits_; }
+  jx_status findSlot(const void* handle, JXHandleKind kind, std::size_t& slot) const;
+  std::uintptr_t maxUses() const { return UINTPTR_MAX >> slotBits_; }
 
-  const unsigned placeBits_;
+  const unsigned slotBits_;
   mutable std::mutex mutex_;
-  std::vector<Place> places_;
+  std::vector<Slot> slots_;
   std::deque<std::size_t> free_;
 };
 

@@ -25,7 +25,7 @@ std::string paddedLimb(std::uint64_t limb) {
   return std::string(static_cast<std::size_t>(kLimbDigits) - digits.size(), '0') + digits;
 }
 
-// A coefficient of up to 38 digits that takes one digit after the other.
+// A coefficient of up to 38 digits, built digit by digit.
 struct Coefficient {
   std::uint64_t high = 0;
   std::uint64_t low = 0;
@@ -34,7 +34,7 @@ struct Coefficient {
     high = high * 10 + low / (kLimb / 10);
     low = low % (kLimb / 10) * 10 + static_cast<std::uint64_t>(digit - '0');
   }
-  // False when the sum has 39 digits; the coefficient is then 10^37, one power of ten short.
+  // Returns false when the sum has 39 digits; the coefficient is then 10^37, a tenth of the sum.
   bool increment() noexcept {
     if (++low < kLimb) return true;
     low = 0;
@@ -45,8 +45,8 @@ struct Coefficient {
   bool isZero() const noexcept { return high == 0 && low == 0; }
 };
 
-// The decimal digits and the exponent of a text that `printf("%e")` made, whatever the locale's
-// decimal point is.
+// The decimal digits and the exponent of a `printf("%e")` result, independent of the locale's
+// decimal point.
 struct Scientific {
   std::string digits;
   int exponent = 0;
@@ -65,7 +65,7 @@ Scientific scientificOf(double magnitude, int fractionDigits) {
   return result;
 }
 
-// The next larger number of as many digits.
+// Returns the next larger number with the same number of digits.
 Scientific nextUp(Scientific number) {
   for (auto digit = number.digits.rbegin(); digit != number.digits.rend(); ++digit) {
     if (*digit != '9') {
@@ -81,7 +81,7 @@ Scientific nextUp(Scientific number) {
 }
 
 bool readsBackAs(const Scientific& number, double magnitude) {
-  // Without a point there is nothing in the text that a locale could spell differently.
+  // Without a decimal point the string does not depend on the locale.
   const int exponent = number.exponent - static_cast<int>(number.digits.size()) + 1;
   const std::string text = number.digits + "e" + std::to_string(exponent);
   return std::strtod(text.c_str(), nullptr) == magnitude;
@@ -108,10 +108,10 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
   while (first < total && digitAt(first) == '0')
     ++first;
   const bool isZero = first == total;
-  // The scale of a zero is all that it says beside its value; only as much of it as fits is kept.
+  // A zero keeps its scale, as far as it fits.
   if (isZero && total > 0) first = total - 1;
 
-  // Exponent of the digit at position i when it is the last one kept.
+  // The exponent if the digit at position i is the last one kept.
   const auto exponentAt = [&](std::size_t i) {
     return exponent + static_cast<std::int64_t>(integerDigits.size()) -
            static_cast<std::int64_t>(i) - 1;
@@ -124,7 +124,7 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
         static_cast<std::int16_t>(std::clamp<std::int64_t>(exponentAt(total - 1), kMinExponent, 0));
     return zero;
   }
-  // Digits below the smallest power of ten are rounded away like those beyond the 38th.
+  // Digits below the smallest power of ten are rounded like those after the 38th.
   if (exponentAt(first) < kMinExponent - 1) return nan();
   while (kept > first && exponentAt(kept - 1) < kMinExponent)
     --kept;
@@ -137,7 +137,7 @@ JXDecimal JXDecimal::fromDigits(bool negative, std::string_view integerDigits,
   if (kept < total && digitAt(kept) >= '5' && !coefficient.increment()) ++resultExponent;
   if (coefficient.isZero()) return nan();
 
-  // A power of ten that is too large may still fit as trailing zeros of the coefficient.
+  // An exponent that is too large may still fit as trailing zeros of the coefficient.
   while (resultExponent > kMaxExponent && coefficient.high < kLimb / 10) {
     coefficient.append('0');
     --resultExponent;
@@ -160,8 +160,8 @@ JXDecimal JXDecimal::fromDouble(double value) noexcept {
   for (int fractionDigits = 0; fractionDigits <= 17; ++fractionDigits) {
     shortest = scientificOf(magnitude, fractionDigits);
     if (readsBackAs(shortest, magnitude)) break;
-    // Just above a power of two the nearest text of this length may fall on the narrow side of
-    // the double, while its neighbour reads back.
+    // At a power of two the spacing of doubles changes: the nearest decimal of this length may lie
+    // below and not convert back, while the next larger one does.
     const Scientific neighbour = nextUp(shortest);
     if (readsBackAs(neighbour, magnitude)) {
       shortest = neighbour;
@@ -177,11 +177,11 @@ std::string JXDecimal::significantDigits() const {
   return std::to_string(high_) + paddedLimb(low_);
 }
 
-// Of a number like most: few digits, and no more behind the point than those.
-std::string JXDecimal::shortText() const {
-  constexpr std::size_t kMost = 1 + 1 + 1 + kLimbDigits + 1;  // sign, zero, point, digits
-  char text[kMost];
-  char* const end = text + kMost;
+// Fast path for common numbers: up to 19 digits, up to 19 of them after the decimal point.
+std::string JXDecimal::toShortString() const {
+  constexpr std::size_t kMaxLength = 1 + 1 + 1 + kLimbDigits + 1;  // sign, zero, point, digits
+  char text[kMaxLength];
+  char* const end = text + kMaxLength;
   char* at = end;
   std::uint64_t rest = low_;
   int fraction = -exponent_;
@@ -200,7 +200,7 @@ std::string JXDecimal::shortText() const {
 
 std::string JXDecimal::toString() const {
   if (isNaN_) return "NaN";
-  if (high_ == 0 && exponent_ <= 0 && exponent_ >= -kLimbDigits) return shortText();
+  if (high_ == 0 && exponent_ <= 0 && exponent_ >= -kLimbDigits) return toShortString();
   return JXDecimalText::plain(negative_, significantDigits(), exponent_);
 }
 

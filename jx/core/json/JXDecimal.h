@@ -14,7 +14,7 @@
 namespace jx {
 
 namespace detail {
-/// True for the integers that are numbers; `bool` and characters are none.
+/// True for integer types that represent numbers; false for `bool` and character types.
 template <typename T>
 inline constexpr bool isNumberInteger =
     std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
@@ -23,47 +23,48 @@ inline constexpr bool isNumberInteger =
 
 /// An exact decimal number: up to 38 significant digits and a power of ten from -128 to 127.
 ///
-/// Money and counts are held in it, so that 0.1 stays 0.1. The scale that it was given is kept:
-/// "12.50" prints as 12.50. More than 38 significant digits are rounded half away from zero. A
-/// magnitude that does not fit and a text that is no number give the not-a-number value, which is
-/// left out wherever it would be written. A value type; copies are cheap and never allocate.
+/// Used for amounts and counts, so that 0.1 stays 0.1. Keeps the scale: "12.50" prints as 12.50.
+/// More than 38 significant digits are rounded half away from zero. A magnitude that is out of
+/// range and a string that is not a number result in NaN. NaN is omitted wherever it would be
+/// written. A value type; copies are cheap and never allocate.
 class JX_API JXDecimal {
  public:
-  /// Zero.
+  /// Creates zero.
   constexpr JXDecimal() noexcept = default;
 
-  /// The integer itself. `bool` and characters are no numbers and do not compile.
+  /// Creates the exact value of an integer. `bool` and characters do not compile.
   template <typename Integer, typename = std::enable_if_t<detail::isNumberInteger<Integer>>>
   JXDecimal(Integer value) noexcept
       : JXDecimal(value < 0, value < 0 ? 0 - static_cast<std::uint64_t>(value)
                                        : static_cast<std::uint64_t>(value)) {}
 
-  /// Binary floating point has no exact decimal: say `fromDouble`, or pass the text.
+  /// Deleted, because binary floating point is not exact: use `fromDouble` or `fromString`.
   template <typename Floating, typename = std::enable_if_t<std::is_floating_point_v<Floating>>,
             typename = void>
   JXDecimal(Floating) = delete;
 
-  /// A decimal text: an optional sign, digits with an optional point, an optional exponent
-  /// ("-12.50", "+3", ".5", "1e3"). Not-a-number for anything else, an absent text included.
+  /// Parses a decimal string: an optional sign, digits with an optional decimal point, an optional
+  /// exponent ("-12.50", "+3", ".5", "1e3"). Returns NaN for any other string and for null.
   static JXDecimal fromString(const JXString& text) noexcept;
-  /// The shortest decimal that reads back as the same double; infinities and NaN are not-a-number.
+  /// Returns the shortest decimal that converts back to the same double. Returns NaN for
+  /// infinities, NaN and values out of range.
   static JXDecimal fromDouble(double value) noexcept;
-  /// The value that is no number: equal to nothing, written nowhere.
+  /// Returns NaN (not a number): equal to no value and never written.
   static constexpr JXDecimal nan() noexcept {
     JXDecimal result;
     result.isNaN_ = true;
     return result;
   }
 
-  /// True when this is no number.
+  /// Returns true for NaN.
   constexpr bool isNaN() const noexcept { return isNaN_; }
 
-  /// Plain digits, never an exponent: "-12.50", "100000". "NaN" for the not-a-number value.
+  /// Returns plain digits without an exponent ("-12.50", "100000"), or "NaN".
   std::string toString() const;
 
-  /// Equal in value, whatever the scale: 12.50 equals 12.5. Not-a-number equals nothing.
+  /// Compares values regardless of scale: 12.50 equals 12.5. NaN equals no value, not even NaN.
   friend JX_API bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept;
-  /// The opposite of ==: not-a-number differs from everything.
+  /// Returns the opposite of ==: NaN differs from every value.
   friend bool operator!=(const JXDecimal& a, const JXDecimal& b) noexcept { return !(a == b); }
 
  private:
@@ -71,9 +72,9 @@ class JX_API JXDecimal {
   static JXDecimal fromDigits(bool negative, std::string_view integerDigits,
                               std::string_view fractionDigits, std::int64_t exponent) noexcept;
   std::string significantDigits() const;
-  std::string shortText() const;
+  std::string toShortString() const;
 
-  // Value = (high_ * 10^19 + low_) * 10^exponent_, both halves below 10^19: 38 digits together.
+  // Value = (high_ * 10^19 + low_) * 10^exponent_, both halves below 10^19: 38 digits in total.
   std::uint64_t high_ = 0;
   std::uint64_t low_ = 0;
   std::int16_t exponent_ = 0;
@@ -81,7 +82,7 @@ class JX_API JXDecimal {
   bool isNaN_ = false;
 };
 
-/// Prints what `toString` gives: for test messages and logs.
+/// Writes the result of `toString`, for test messages and logs.
 JX_API std::ostream& operator<<(std::ostream& out, const JXDecimal& value);
 
 }  // namespace jx

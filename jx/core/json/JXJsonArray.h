@@ -13,27 +13,27 @@ namespace jx {
 class JXJsonArrayNode;
 class JXJsonValue;
 
-/// A JSON array: a handle that shares one list of values with its copies. An absent handle holds
-/// nothing and ignores what is put into it. Not synchronised.
+/// A JSON array: a handle that shares one list of values with its copies. A null handle has no
+/// values and ignores changes. Not synchronised.
 class JX_API JXJsonArray {
  public:
-  /// A new empty array.
+  /// Creates an empty array.
   JXJsonArray();
-  /// No array at all.
+  /// Creates a null handle.
   JXJsonArray(std::nullptr_t) noexcept {}
 
-  /// True when there is an array, the empty one included.
+  /// Returns false for a null handle; true for an array, including an empty one.
   bool isPresent() const noexcept { return node_ != nullptr; }
-  /// True when both handles share the same values, or both are absent.
+  /// Returns true when both handles share the same values, or both are null.
   bool isSameAs(const JXJsonArray& other) const noexcept { return node_ == other.node_; }
 
-  /// Appends `value`; an absent value is left out.
+  /// Appends `value`; ignores an absent value.
   void append(JXJsonValue value);
-  /// How many values there are; 0 when absent.
+  /// Returns the number of values; 0 for a null handle.
   std::size_t size() const noexcept;
-  /// The value at `index`, absent beyond the end.
+  /// Returns the value at `index`, absent if out of range.
   JXJsonValue at(std::size_t index) const;
-  /// The values in order; valid until this array changes or its last handle ends.
+  /// Returns the values in order; valid until this array changes or its last handle is destroyed.
   const std::vector<JXJsonValue>& values() const noexcept;
 
  private:

@@ -8,9 +8,9 @@
 namespace jx {
 namespace {
 
-constexpr int kMaxEndingDepth = 64;
-thread_local int endingDepth = 0;
-thread_local std::vector<JXJsonValue>* pendingEnds = nullptr;
+constexpr int kMaxReleaseDepth = 64;
+thread_local int releaseDepth = 0;
+thread_local std::vector<JXJsonValue>* pendingReleases = nullptr;
 
 }  // namespace
 
@@ -18,25 +18,25 @@ void JXJsonNode::release(JXJsonValue&& value) noexcept {
   const bool nested =
       value.kind() == JXJsonValue::Kind::Object || value.kind() == JXJsonValue::Kind::Array;
   if (!nested) return;
-  if (endingDepth < kMaxEndingDepth) {
-    ++endingDepth;
-    { const JXJsonValue ended = std::move(value); }
-    --endingDepth;
+  if (releaseDepth < kMaxReleaseDepth) {
+    ++releaseDepth;
+    { const JXJsonValue released = std::move(value); }
+    --releaseDepth;
     return;
   }
-  if (pendingEnds != nullptr) {
-    pendingEnds->push_back(std::move(value));
+  if (pendingReleases != nullptr) {
+    pendingReleases->push_back(std::move(value));
     return;
   }
-  // The first one that is too deep ends what comes up while it ends.
+  // The first call at the maximum depth destroys the values that nested calls queue.
   std::vector<JXJsonValue> pending;
-  pendingEnds = &pending;
+  pendingReleases = &pending;
   pending.push_back(std::move(value));
   while (!pending.empty()) {
-    const JXJsonValue ended = std::move(pending.back());
+    const JXJsonValue released = std::move(pending.back());
     pending.pop_back();
   }
-  pendingEnds = nullptr;
+  pendingReleases = nullptr;
 }
 
 JXJsonObjectNode::~JXJsonObjectNode() { clear(); }
@@ -58,7 +58,7 @@ std::size_t JXJsonObjectNode::find(std::string_view key) const {
 void JXJsonObjectNode::set(std::string_view key, JXJsonValue&& value) {
   const std::size_t position = find(key);
   if (position != npos) {
-    // Kept until the new value stands, because the new one may live inside the old one.
+    // Destroyed after the assignment, because the new value may be inside the old one.
     JXJsonValue replaced = std::exchange(entries[position].value, std::move(value));
     release(std::move(replaced));
     return;
@@ -80,9 +80,9 @@ JXJsonValue JXJsonObjectNode::removeAt(std::size_t position) {
 
 void JXJsonObjectNode::clear() {
   index_.clear();
-  std::vector<JXJsonEntry> ended = std::move(entries);
+  std::vector<JXJsonEntry> removed = std::move(entries);
   entries.clear();
-  for (JXJsonEntry& entry : ended)
+  for (JXJsonEntry& entry : removed)
     release(std::move(entry.value));
 }
 

@@ -10,11 +10,11 @@
 
 namespace jx {
 
-/// What object and array nodes share: ending a deeply nested value without deep recursion.
+/// Base of object and array nodes: destroys a deeply nested value without deep recursion.
 class JXJsonNode {
  protected:
-  /// Takes the nested objects and arrays out of `value` when the nesting is deep, so that they end
-  /// one after the other instead of inside each other.
+  /// Destroys `value`. Deeply nested objects and arrays are destroyed one after the other instead
+  /// of recursively.
   static void release(JXJsonValue&& value) noexcept;
 };
 
@@ -37,8 +37,8 @@ class JXJsonObjectNode : JXJsonNode {
  private:
   void rebuildIndex();
 
-  // Hash of the key to its positions. Blocks have few keys and are searched from the front; only a
-  // large object (a host's own data) pays for an index.
+  // Maps the hash of a key to its positions. JSON blocks have few keys and use a linear search;
+  // only a large object (the application's own data) uses the index.
   static constexpr std::size_t kIndexFrom = 64;
   std::unordered_multimap<std::size_t, std::size_t> index_;
 };

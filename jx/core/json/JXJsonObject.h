@@ -15,41 +15,41 @@ class JXJsonObjectNode;
 class JXJsonValue;
 struct JXJsonEntry;
 
-/// A JSON object: a handle that shares one list of key/value entries with its copies, so a nested
-/// object that is stored and then extended shows the extension. Entries keep the order in which
-/// their keys were first set. An absent handle holds nothing and ignores what is put into it. Not
-/// synchronised: one object belongs to one thread at a time.
+/// A JSON object: a handle that shares one list of key/value entries with its copies, so changes to
+/// a nested object remain visible after it was stored. Entries keep the order in which their keys
+/// were first set. A null handle has no entries and ignores changes. Not synchronised: one object
+/// belongs to one thread at a time.
 class JX_API JXJsonObject {
  public:
-  /// A new empty object.
+  /// Creates an empty object.
   JXJsonObject();
-  /// No object at all.
+  /// Creates a null handle.
   JXJsonObject(std::nullptr_t) noexcept {}
 
-  /// True when there is an object, the empty one included.
+  /// Returns false for a null handle; true for an object, including an empty one.
   bool isPresent() const noexcept { return node_ != nullptr; }
-  /// True when both handles share the same entries.
+  /// Returns true when both handles share the same entries, or both are null.
   bool isSameAs(const JXJsonObject& other) const noexcept { return node_ == other.node_; }
 
-  /// Puts `value` under `key`, in the place of what was there; an absent value removes the key.
+  /// Sets `key` to `value`, replacing any value in its position; an absent value removes the key.
   void set(std::string_view key, JXJsonValue value);
-  /// The value under `key`, absent when there is none.
+  /// Returns the value of `key`, absent if there is none.
   JXJsonValue get(std::string_view key) const;
-  /// True when there is a value under `key`, JSON's null included.
+  /// Returns true when `key` has a value, including JSON null.
   bool contains(std::string_view key) const;
-  /// Removes the key and returns what was there, absent when nothing was.
+  /// Removes `key` and returns its value, absent if there was none.
   JXJsonValue remove(std::string_view key);
-  /// Removes every entry, for all handles that share them.
+  /// Removes all entries, for all handles that share them.
   void clear();
-  /// How many entries there are; 0 when absent.
+  /// Returns the number of entries; 0 for a null handle.
   std::size_t size() const noexcept;
 
-  /// The entries in order. The reference is valid until this object changes or its last handle
-  /// ends; changing the object while walking it is not allowed.
+  /// Returns the entries in order. The reference is valid until this object changes or its last
+  /// handle is destroyed. Do not change the object while iterating.
   const std::vector<JXJsonEntry>& entries() const noexcept;
 
-  /// A new object with the same entries; nested objects and arrays stay shared. Absent for an
-  /// absent handle.
+  /// Returns a new object with the same entries; nested objects and arrays stay shared. Returns a
+  /// null handle for a null handle.
   JXJsonObject mutableCopy() const;
 
  private:

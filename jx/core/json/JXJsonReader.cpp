@@ -41,16 +41,16 @@ void appendUtf8(std::uint32_t codePoint, std::string& text) {
 
 }  // namespace
 
-// A parser of our own, because general ones refuse what a double cannot hold (1e400) even when they
-// hand numbers over as text. The containers that are open stand in a stack, so that deep nesting
-// costs no recursion.
+// Not a general JSON parser, because those reject numbers that a double cannot represent (1e400)
+// even when they pass numbers as strings. Open containers are kept on an explicit stack, so deep
+// nesting needs no recursion.
 class JXJsonReader::Parser {
  public:
   explicit Parser(std::string_view text) : text_(text) {}
 
   JXJsonReading read() {
     at_ = utf8PrefixLength(text_);
-    bool isJson = at_ == text_.size() || fault("bytes are not UTF-8");
+    bool isJson = at_ == text_.size() || fail("invalid UTF-8");
     if (isJson) {
       at_ = text_.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0;
       isJson = document();
@@ -72,24 +72,24 @@ class JXJsonReader::Parser {
     bool isObject() const { return container.kind() == JXJsonValue::Kind::Object; }
   };
 
-  bool fault(const char* error) {
+  bool fail(const char* error) {
     error_ = error;
     return false;
   }
-  bool faultAt(std::size_t offset, const char* error) {
+  bool failAt(std::size_t offset, const char* error) {
     at_ = offset;
-    return fault(error);
+    return fail(error);
   }
 
   bool atEnd() const { return at_ == text_.size(); }
-  bool stands(char c) const { return !atEnd() && text_[at_] == c; }
+  bool isAt(char c) const { return !atEnd() && text_[at_] == c; }
   bool skip(char c) {
-    const bool found = stands(c);
+    const bool found = isAt(c);
     if (found) ++at_;
     return found;
   }
-  void skipBlanks() {
-    while (stands(' ') || stands('\n') || stands('\r') || stands('\t'))
+  void skipWhitespace() {
+    while (isAt(' ') || isAt('\n') || isAt('\r') || isAt('\t'))
       ++at_;
   }
   bool skipDigits() {
@@ -99,10 +99,10 @@ class JXJsonReader::Parser {
     return at_ != begin;
   }
 
-  // Each turn reads a value, or the beginning of a container, and goes on to the next one.
+  // Each iteration reads a value or the start of a container.
   bool document() {
     do {
-      skipBlanks();
+      skipWhitespace();
       if (!beginValue()) return false;
       if (expectsValue_) continue;
       if (!endValues()) return false;
@@ -112,60 +112,61 @@ class JXJsonReader::Parser {
 
   bool beginValue() {
     expectsValue_ = false;
-    if (atEnd()) return fault("a value is missing");
+    if (atEnd()) return fail("unexpected end of text, expected a value");
     switch (text_[at_]) {
       case '{':
-        return open(JXJsonObject()) && (stands('}') || key());
+        return open(JXJsonObject()) && (isAt('}') || key());
       case '[':
         expectsValue_ = true;
         if (!open(JXJsonArray())) return false;
-        expectsValue_ = !stands(']');
+        expectsValue_ = !isAt(']');
         return true;
       case '"': {
         JXString text;
         return string(text) && put(std::move(text));
       }
       case 't':
-        return word("true", true);
+        return literal("true", true);
       case 'f':
-        return word("false", false);
+        return literal("false", false);
       case 'n':
-        return word("null", JXJsonValue::null());
+        return literal("null", JXJsonValue::null());
       default:
         return number();
     }
   }
 
-  // What may stand behind a value: ends of containers, then a comma or the end of the text.
+  // Reads the tokens allowed after a value: ends of containers, then a comma or the end of the
+  // text.
   bool endValues() {
-    for (skipBlanks(); !open_.empty(); skipBlanks()) {
+    for (skipWhitespace(); !open_.empty(); skipWhitespace()) {
       if (skip(',')) {
-        skipBlanks();
+        skipWhitespace();
         expectsValue_ = true;
         return !open_.back().isObject() || key();
       }
       if (!skip(open_.back().isObject() ? '}' : ']')) {
-        return fault("a comma or the end of an object or array is missing");
+        return fail("expected ',' or the end of the object or array");
       }
       open_.pop_back();
     }
-    return atEnd() || fault("something stands behind the value");
+    return atEnd() || fail("unexpected data after the value");
   }
 
   bool open(const JXJsonValue& container) {
-    if (open_.size() >= kMaxDepth) return fault("values are nested too deep");
+    if (open_.size() >= kMaxDepth) return fail("values are nested too deeply");
     put(container);
     open_.push_back({container, {}});
     ++at_;
-    skipBlanks();
+    skipWhitespace();
     return true;
   }
 
   bool key() {
-    if (!stands('"')) return fault("a key is missing");
+    if (!isAt('"')) return fail("expected a key in double quotes");
     if (!string(open_.back().key)) return false;
-    skipBlanks();
-    if (!skip(':')) return fault("a colon is missing");
+    skipWhitespace();
+    if (!skip(':')) return fail("expected ':' after the key");
     expectsValue_ = true;
     return true;
   }
@@ -181,23 +182,23 @@ class JXJsonReader::Parser {
     return true;
   }
 
-  bool word(std::string_view word, JXJsonValue value) {
-    if (text_.substr(at_, word.size()) != word) return fault("this is no value");
-    at_ += word.size();
+  bool literal(std::string_view literal, JXJsonValue value) {
+    if (text_.substr(at_, literal.size()) != literal) return fail("invalid value");
+    at_ += literal.size();
     return put(std::move(value));
   }
 
   bool number() {
     const std::size_t begin = at_;
     skip('-');
-    if (!skip('0') && !skipDigits()) return faultAt(begin, "this is no value");
-    if (skip('.') && !skipDigits()) return fault("a number has no digits behind its point");
+    if (!skip('0') && !skipDigits()) return failAt(begin, "invalid value");
+    if (skip('.') && !skipDigits()) return fail("expected a digit after the decimal point");
     if (skip('e') || skip('E')) {
       if (!skip('+')) skip('-');
-      if (!skipDigits()) return fault("a number has no digits in its exponent");
+      if (!skipDigits()) return fail("expected a digit in the exponent");
     }
     JXJsonValue value = JXJsonValue::numberFromString(text_.substr(begin, at_ - begin));
-    if (!value.isPresent()) return faultAt(begin, "a number has too many digits");
+    if (!value.isPresent()) return failAt(begin, "number has too many digits");
     return put(std::move(value));
   }
 
@@ -209,9 +210,9 @@ class JXJsonReader::Parser {
       while (!atEnd() && text_[at_] != '"' && text_[at_] != '\\' && !isControl(text_[at_]))
         ++at_;
       text.append(text_.substr(run, at_ - run));
-      if (atEnd()) return faultAt(begin, "a text has no end");
+      if (atEnd()) return failAt(begin, "unterminated string");
       if (skip('"')) break;
-      if (!skip('\\')) return fault("a control character stands in a text");
+      if (!skip('\\')) return fail("unescaped control character in a string");
       if (!escape(text)) return false;
     }
     result = text;
@@ -224,7 +225,7 @@ class JXJsonReader::Parser {
     constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
     if (skip('u')) return escapedCodePoint(text);
     const std::size_t letter = atEnd() ? std::string_view::npos : kLetters.find(text_[at_]);
-    if (letter == std::string_view::npos) return fault("this is no escape");
+    if (letter == std::string_view::npos) return fail("invalid escape sequence");
     text.push_back(kMeanings[letter]);
     ++at_;
     return true;
@@ -233,12 +234,12 @@ class JXJsonReader::Parser {
   bool escapedCodePoint(std::string& text) {
     const std::size_t begin = at_ - 2;
     std::uint32_t codePoint = 0;
-    if (!fourHexDigits(codePoint)) return fault("an escape needs four hexadecimal digits");
+    if (!fourHexDigits(codePoint)) return fail("\\u must be followed by four hexadecimal digits");
     if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
       std::uint32_t low = 0;
       const bool isPair = codePoint < 0xDC00 && skip('\\') && skip('u') && fourHexDigits(low) &&
                           low >= 0xDC00 && low <= 0xDFFF;
-      if (!isPair) return faultAt(begin, "half of a surrogate pair stands alone");
+      if (!isPair) return failAt(begin, "unpaired surrogate in a \\u escape");
       codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (low - 0xDC00);
     }
     appendUtf8(codePoint, text);
@@ -256,7 +257,7 @@ class JXJsonReader::Parser {
 
   const std::string_view text_;
   std::size_t at_ = 0;
-  bool expectsValue_ = false;  // a container or a comma stands before
+  bool expectsValue_ = false;  // after '[', ',' or ':'
   std::vector<Open> open_;
   JXJsonValue result_;
   const char* error_ = "";

@@ -11,24 +11,24 @@
 
 namespace jx {
 
-/// What reading a JSON text gave.
+/// The result of parsing JSON text.
 struct JX_API JXJsonReading {
-  JXJsonValue value;  ///< absent when the text is no JSON
-  std::string error;  ///< what is wrong, empty when nothing is
-  /// Where it is wrong, in bytes from the start.
+  JXJsonValue value;  ///< absent on error
+  std::string error;  ///< error message, empty on success
+  /// Position of the error, in bytes from the start; 0 on success.
   std::size_t errorOffset = 0;
 };
 
-/// Reads JSON text with its numbers digit for digit. A key that stands twice in an object holds
-/// its later value. Refused: text behind the value, bytes that are not UTF-8, escaped halves of a
-/// surrogate pair, values nested deeper than `kMaxDepth`, and numbers whose exponent makes them
-/// longer than 4,096 digits. A byte order mark at the start is skipped.
+/// Parses JSON text and keeps numbers exact, as their digits. A duplicate key gets its last value.
+/// Errors: data after the value, invalid UTF-8, unpaired surrogate escapes, nesting deeper than
+/// `kMaxDepth`, and numbers whose exponent makes them longer than 4,096 digits. A byte order mark
+/// at the start is skipped.
 class JX_API JXJsonReader {
  public:
-  /// How deep objects and arrays may be nested.
+  /// The maximum nesting depth of objects and arrays.
   static constexpr std::size_t kMaxDepth = 1'000;
 
-  /// Reads one value. Never throws for what the text holds. Thread-safe.
+  /// Parses one value. Never throws because of the text's content. Thread-safe.
   static JXJsonReading read(std::string_view text);
 
  private:

@@ -10,48 +10,48 @@
 
 namespace jx {
 
-/// Takes what a block of JSON holds, entry by entry in writing order: to build the tree that a host
-/// may look at and extend, or to write the text at once. An absent value leaves its key out; an
-/// empty string, a zero, `false` and an empty array are values. One thread at a time.
+/// Receives the entries of a JSON block in output order, to build a tree that the application may
+/// inspect and extend, or to write JSON text directly. A null or absent value omits its key; an
+/// empty string, zero, `false` and an empty array are written. One thread at a time.
 class JX_API JXJsonSink {
  public:
   virtual ~JXJsonSink() = default;
 
-  /// @name Entries of the object that was begun last
+  /// @name Entries of the innermost open object
   /// @{
 
-  /// The text; an empty one is written.
+  /// Adds a string; omitted if null.
   virtual void text(std::string_view key, const JXString& value) = 0;
-  /// Digit for digit; not-a-number counts as absent.
+  /// Adds a number exactly, without rounding; omitted if nullopt or NaN.
   virtual void number(std::string_view key, const std::optional<JXDecimal>& value) = 0;
-  /// The number that the text holds, as `JXJsonValue::numberFromString` reads it; a text that is no
-  /// number counts as absent.
+  /// Adds the number in a string, parsed as by `JXJsonValue::numberFromString`; omitted if null or
+  /// not a number.
   virtual void numberFromString(std::string_view key, const JXString& value) = 0;
-  /// The boolean.
+  /// Adds a boolean.
   virtual void flag(std::string_view key, bool value) = 0;
-  /// Any JSON value, JSON's null included.
+  /// Adds any JSON value, including JSON null; omitted if absent.
   virtual void value(std::string_view key, const JXJsonValue& value) = 0;
-  /// What follows are entries of an object under `key`, up to its `endObject`.
+  /// Begins an object under `key`. Following calls add its entries, until its `endObject`.
   virtual void beginObject(std::string_view key) = 0;
-  /// What follows are elements of an array under `key`, up to its `endArray`.
+  /// Begins an array under `key`. Following calls add its elements, until its `endArray`.
   virtual void beginArray(std::string_view key) = 0;
 
   /// @}
-  /// @name Elements of the array that was begun last
+  /// @name Elements of the innermost open array
   /// @{
 
-  /// The text; an absent one is left out.
+  /// Adds a string; omitted if null.
   virtual void stringElement(const JXString& value) = 0;
-  /// What follows are entries of an object in the array, up to its `endObject`.
+  /// Begins an object in the array. Following calls add its entries, until its `endObject`.
   virtual void beginObjectElement() = 0;
   /// @}
 
-  /// Ends the object that was begun last.
+  /// Ends the innermost open object.
   virtual void endObject() = 0;
-  /// Ends the array that was begun last.
+  /// Ends the innermost open array.
   virtual void endArray() = 0;
 
-  /// An object under `key` with the entries that `block` tells by its `writeEntries`.
+  /// Adds an object under `key` with the entries that `block.writeEntries` writes.
   template <typename Block>
   void block(std::string_view key, const Block& block) {
     beginObject(key);

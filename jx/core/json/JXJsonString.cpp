@@ -12,10 +12,10 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kQuotes = 2;
-constexpr std::size_t kLongestEscape = 6;
+constexpr std::size_t kMaxEscapeLength = 6;
 
-// Of a byte that may not stand in a string as it is: the character behind the backslash, 'u' where
-// only its number will do; 0 of every other byte.
+// Returns the character after the backslash for a byte that must be escaped, 'u' for a numeric
+// escape; 0 for any other byte.
 char escapeOf(char byte) noexcept {
   switch (byte) {
     case '"':
@@ -40,14 +40,14 @@ std::size_t escapedLength(std::string_view text) noexcept {
   std::size_t length = 0;
   for (const char byte : text) {
     const char escape = escapeOf(byte);
-    length += escape == '\0' ? 1 : escape == 'u' ? kLongestEscape : 2;
+    length += escape == '\0' ? 1 : escape == 'u' ? kMaxEscapeLength : 2;
   }
   return length;
 }
 
 constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
 
-// True when one of the eight bytes is zero.
+// Returns true when one of the eight bytes is zero.
 constexpr bool hasZero(std::uint64_t word) noexcept {
   return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
 }
@@ -61,7 +61,7 @@ constexpr bool isPlainByte(char byte) noexcept {
   return static_cast<unsigned char>(byte) - 0x20U < 0x60U && byte != '"' && byte != '\\';
 }
 
-// True when every byte is ASCII and stands in a JSON string as it is, which is nearly always so.
+// Returns true when all bytes are ASCII and need no escape, the common case.
 bool isPlain(std::string_view text) noexcept {
   const char* at = text.data();
   std::size_t left = text.size();
@@ -74,8 +74,8 @@ bool isPlain(std::string_view text) noexcept {
   return std::all_of(at, at + left, isPlainByte);
 }
 
-void appendUnusual(std::string_view text, JXStringBuilder& out) {
-  if (!isUtf8(text)) return appendUnusual(withReplacementCharacters(text), out);
+void appendEscaped(std::string_view text, JXStringBuilder& out) {
+  if (!isUtf8(text)) return appendEscaped(withReplacementCharacters(text), out);
   constexpr char kDigits[] = "0123456789ABCDEF";
   out.append('"');
   for (const char byte : text) {
@@ -96,13 +96,13 @@ void appendUnusual(std::string_view text, JXStringBuilder& out) {
 
 }  // namespace
 
-std::size_t lengthOfJsonString(std::string_view text) {
+std::size_t jsonStringLength(std::string_view text) {
   return kQuotes +
          (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
 }
 
 void appendJsonString(std::string_view text, JXStringBuilder& out) {
-  if (!isPlain(text)) return appendUnusual(text, out);
+  if (!isPlain(text)) return appendEscaped(text, out);
   char* const place = out.extend(text.size() + kQuotes);
   place[0] = '"';
   if (!text.empty()) std::memcpy(place + 1, text.data(), text.size());

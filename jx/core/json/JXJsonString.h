@@ -9,13 +9,14 @@
 
 namespace jx {
 
-// A text as a JSON string: between quotes, with a backslash before what may not stand there as it
-// is, and with the replacement character for each part that is not UTF-8.
+// Serialise a string as a JSON string: in quotes, with special characters escaped, and with the
+// replacement character for each part that is not UTF-8.
 
-/// How long the string is.
-std::size_t lengthOfJsonString(std::string_view text);
-/// The same, no less than that, and without looking at the text: no byte becomes more than six.
-constexpr std::size_t longestJsonString(std::string_view text) { return 2 + 6 * text.size(); }
+/// Returns the length of the JSON string in bytes, quotes included.
+std::size_t jsonStringLength(std::string_view text);
+/// Returns an upper bound of the length without reading the string: a byte becomes at most six.
+constexpr std::size_t maxJsonStringLength(std::string_view text) { return 2 + 6 * text.size(); }
+/// Appends the JSON string to `out`.
 void appendJsonString(std::string_view text, JXStringBuilder& out);
 
 }  // namespace jx

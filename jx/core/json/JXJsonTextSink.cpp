@@ -11,7 +11,7 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kIndent = 2;
-// True of digits that JSON takes as they are.
+// Returns true for digits that are a valid JSON number as they are.
 bool isPlainInteger(std::string_view text) noexcept {
   if (text.empty() || (text.front() == '0' && text.size() != 1)) return false;
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -64,9 +64,9 @@ void JXJsonTextSink::stringElement(const JXString& value) {
 void JXJsonTextSink::beginObjectElement() { beginContainer(nullptr, '{'); }
 
 void JXJsonTextSink::root(const JXJsonObject& object) {
-  inside_.push_back(object.node_.get());
+  ancestors_.push_back(object.node_.get());
   entries(object);
-  inside_.pop_back();
+  ancestors_.pop_back();
 }
 
 void JXJsonTextSink::entries(const JXJsonObject& object) {
@@ -101,28 +101,28 @@ void JXJsonTextSink::putValue(const std::string_view* key, const JXJsonValue& va
 }
 
 void JXJsonTextSink::putObject(const std::string_view* key, const JXJsonObject& object) {
-  if (leavesOut(object.node_.get())) return;
+  if (mustOmit(object.node_.get())) return;
   beginContainer(key, '{');
   if (skipped_ == 0) root(object);
   endObject();
 }
 
 void JXJsonTextSink::putArray(const std::string_view* key, const JXJsonArray& array) {
-  if (leavesOut(array.node_.get())) return;
+  if (mustOmit(array.node_.get())) return;
   beginContainer(key, '[');
   if (skipped_ == 0) {
-    inside_.push_back(array.node_.get());
+    ancestors_.push_back(array.node_.get());
     for (const JXJsonValue& element : array.values())
       putValue(nullptr, element);
-    inside_.pop_back();
+    ancestors_.pop_back();
   }
   endArray();
 }
 
-// A value that contains itself would never end.
-bool JXJsonTextSink::leavesOut(const void* node) {
+// Returns true inside an omitted container and for a circular reference.
+bool JXJsonTextSink::mustOmit(const void* node) {
   if (skipped_ != 0) return true;
-  if (std::find(inside_.begin(), inside_.end(), node) == inside_.end()) return false;
+  if (std::find(ancestors_.begin(), ancestors_.end(), node) == ancestors_.end()) return false;
   ++leftOut_;
   return true;
 }
@@ -155,7 +155,7 @@ void JXJsonTextSink::end(char closing) {
   }
   --level_;
   closing_ -= endLength(level_);
-  if (isPretty_ && !isFirst_) putLine(level_);
+  if (isPretty_ && !isFirst_) putLineBreak(level_);
   out_.append(closing);
   isFirst_ = false;
 }
@@ -168,8 +168,9 @@ void JXJsonTextSink::putBare(const std::string_view* key, std::string_view text)
   if (begin(key, text.size(), nullptr)) out_.append(text);
 }
 
-// Writes all that stands before a value. False when the value must stay out: `length` is what it
-// takes beside `text`, which is null of a value that is no string.
+// Writes the separator, line break and key before a value. Returns false when the value exceeds the
+// size limit and must be omitted. `length` is the value's length in addition to `text`, which is
+// null unless the value is a string.
 bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
                            const std::string_view* text) {
   if (skipped_ != 0) return false;
@@ -181,13 +182,13 @@ bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
     return around + (key != nullptr ? textLength(*key) : 0) +
            (text != nullptr ? textLength(*text) : 0);
   };
-  if (!fits(lengthBy(longestJsonString)) && !fits(lengthBy(lengthOfJsonString))) {
+  if (!fits(lengthBy(maxJsonStringLength)) && !fits(lengthBy(jsonStringLength))) {
     ++leftOut_;
     return false;
   }
   if (!isFirst_) out_.append(',');
   isFirst_ = false;
-  if (isPretty_) putLine(level_);
+  if (isPretty_) putLineBreak(level_);
   if (key == nullptr) return true;
   appendJsonString(*key, out_);
   out_.append(':');
@@ -200,8 +201,8 @@ bool JXJsonTextSink::fits(std::size_t length) const {
   return taken <= JXJsonWriter::kMaxBytes && length <= JXJsonWriter::kMaxBytes - taken;
 }
 
-void JXJsonTextSink::putLine(std::size_t level) {
-  // A copy of constant size is one or two instructions; what is too much is written over.
+void JXJsonTextSink::putLineBreak(std::size_t level) {
+  // A copy of constant size is one or two instructions; surplus spaces are removed afterwards.
   constexpr std::string_view kLine = "\n                               ";
   const std::size_t length = lineLength(level);
   char* const line = out_.extend(std::max(length, kLine.size()));
@@ -213,7 +214,7 @@ void JXJsonTextSink::putLine(std::size_t level) {
   }
 }
 
-// A line's end and the blanks that the next line begins with.
+// The length of a newline and the indentation of the next line.
 std::size_t JXJsonTextSink::lineLength(std::size_t level) { return 1 + kIndent * level; }
 
 std::size_t JXJsonTextSink::endLength(std::size_t level) const {

@@ -11,11 +11,11 @@
 
 namespace jx {
 
-/// Writes the text of one JSON object while it is told what the object holds. Nothing is looked
-/// up: a key that is told twice stands there twice. What `JXJsonWriter` promises of its text holds.
+/// Writes the entries of one JSON object directly as JSON text. Does not detect duplicate keys: a
+/// key that is added twice is written twice. Gives the guarantees of `JXJsonWriter` for its text.
 class JXJsonTextSink final : public JXJsonSink {
  public:
-  /// `expectedSize` saves the growing of the text where it is known.
+  /// `expectedSize` is a hint in bytes that avoids reallocation.
   JXJsonTextSink(JXJsonStyle style, std::size_t expectedSize);
 
   void text(std::string_view key, const JXString& value) override;
@@ -30,20 +30,21 @@ class JXJsonTextSink final : public JXJsonSink {
   void endObject() override { end('}'); }
   void endArray() override { end(']'); }
 
-  /// Writes every entry of an object that is told otherwise in part.
+  /// Writes all entries of an object, in addition to entries added by other calls.
   void entries(const JXJsonObject& object);
-  /// Writes every entry of the object that the text is of: what contains it is endless.
+  /// Writes all entries of the object that the text represents; a value that contains this object
+  /// is a circular reference.
   void root(const JXJsonObject& object);
 
-  /// Values that had to stay out so far.
+  /// Returns the number of values omitted so far.
   std::size_t leftOut() const { return leftOut_; }
-  /// The text, after which the sink is of no use any more.
+  /// Returns the text. The sink must not be used afterwards.
   JXString finish();
 
  private:
   using Kind = JXJsonValue::Kind;
 
-  // `key` is null of an array's element.
+  // `key` is null for an array element.
   void putValue(const std::string_view* key, const JXJsonValue& value);
   void putObject(const std::string_view* key, const JXJsonObject& object);
   void putArray(const std::string_view* key, const JXJsonArray& array);
@@ -54,18 +55,18 @@ class JXJsonTextSink final : public JXJsonSink {
   void beginContainer(const std::string_view* key, char opening);
   void open(char opening);
   void end(char closing);
-  bool leavesOut(const void* node);
-  void putLine(std::size_t level);
+  bool mustOmit(const void* node);
+  void putLineBreak(std::size_t level);
   static std::size_t lineLength(std::size_t level);
   std::size_t endLength(std::size_t level) const;
 
   JXStringBuilder out_;
   const bool isPretty_;
   std::size_t level_ = 0;
-  bool isFirst_ = true;              ///< nothing was written yet into what was begun last
-  std::size_t skipped_ = 0;          ///< levels of a container that had to stay out
-  std::size_t closing_ = 0;          ///< what the ends of the containers will take
-  std::vector<const void*> inside_;  ///< nodes of the trees that are being written
+  bool isFirst_ = true;                 ///< the innermost open container is empty so far
+  std::size_t skipped_ = 0;             ///< open levels of an omitted container
+  std::size_t closing_ = 0;             ///< bytes needed to close the open containers
+  std::vector<const void*> ancestors_;  ///< nodes of the containers being written
   std::size_t leftOut_ = 0;
 };
 

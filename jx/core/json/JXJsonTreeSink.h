@@ -9,10 +9,10 @@
 
 namespace jx {
 
-/// Puts what it is told into a JSON object, over what stands there under the same keys.
+/// Writes entries to a JSON object and replaces values with the same keys.
 class JXJsonTreeSink final : public JXJsonSink {
  public:
-  /// `root` must be present.
+  /// `root` must not be null.
   explicit JXJsonTreeSink(const JXJsonObject& root);
 
   void text(std::string_view key, const JXString& value) override;
@@ -38,9 +38,9 @@ class JXJsonTreeSink final : public JXJsonSink {
   std::vector<Level> levels_;
 };
 
-/// Tells `sink` the entries of `extras` and, over them, what `writeFields` tells to the sink that
-/// it is given. A field takes the place of an extra entry of its key, which only the whole object
-/// shows; without extras nothing is built.
+/// Writes the entries of `extras` and the entries that `writeFields` passes to its sink to `sink`.
+/// A field replaces an extra entry with the same key, in its position. To detect this, the entries
+/// are first collected in an object; without extras they are written directly.
 template <typename Fields>
 void writeOver(const JXJsonObject& extras, JXJsonSink& sink, const Fields& writeFields) {
   if (extras.size() == 0) return writeFields(sink);

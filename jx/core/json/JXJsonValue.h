@@ -15,62 +15,64 @@
 
 namespace jx {
 
-/// One JSON value, or none at all: absent differs from JSON's null.
+/// A JSON value, or no value ("absent"), which differs from JSON null: an absent value is omitted
+/// from objects and arrays.
 ///
-/// Objects and arrays are handles: a copy of the value refers to the same object. Numbers are kept
-/// as their plain decimal digits, so that they come out digit for digit.
+/// Objects and arrays are handles: a copy of the value refers to the same object. Numbers are
+/// stored as their plain decimal digits, so that they are written exactly, without rounding.
 class JX_API JXJsonValue {
  public:
-  /// What a value is; absent is none.
+  /// The type of a value; Absent means no value.
   enum class Kind { Absent, Null, Bool, Number, String, Object, Array };
 
-  /// The absent value.
+  /// Creates an absent value.
   JXJsonValue() = default;
-  /// The absent value.
+  /// Creates an absent value.
   JXJsonValue(std::nullptr_t) {}
-  /// JSON's null, which is a value.
+  /// Returns JSON null.
   static JXJsonValue null();
-  /// A number from its text, digit for digit: a plus sign and leading zeros are dropped, an
-  /// exponent is written out. Absent when the text is no number.
+  /// Returns the number in a string, exactly: drops a plus sign and leading zeros, expands an
+  /// exponent. Returns an absent value when the string is null or not a number, or when the
+  /// exponent makes it longer than 4,096 digits.
   static JXJsonValue numberFromString(const JXString& text);
 
-  /// Only a `bool` itself: a pointer is no truth value.
+  /// Creates a boolean. Accepts only `bool`, so that pointers do not convert.
   template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>, typename = void>
   JXJsonValue(Bool value) : value_(value) {}
-  /// The integer itself.
+  /// Creates a number from an integer.
   template <typename Integer, typename = std::enable_if_t<detail::isNumberInteger<Integer>>>
   JXJsonValue(Integer value) : JXJsonValue(JXDecimal(value)) {}
-  /// Absent when the number is not-a-number.
+  /// Creates a number; absent for NaN.
   JXJsonValue(const JXDecimal& number);
-  /// Absent when the string is.
+  /// Creates a string; absent for null.
   JXJsonValue(JXString text);
-  /// The text up to its NUL; absent for a null pointer.
+  /// Creates a string from a NUL-terminated string; absent for null.
   JXJsonValue(const char* text) : JXJsonValue(JXString(text)) {}
-  /// A text.
+  /// Creates a string.
   JXJsonValue(std::string_view text) : JXJsonValue(JXString(text)) {}
-  /// A text.
+  /// Creates a string.
   JXJsonValue(const std::string& text) : JXJsonValue(JXString(text)) {}
-  /// Absent when the handle is.
+  /// Creates an object; absent for a null handle.
   JXJsonValue(JXJsonObject object);
-  /// Absent when the handle is.
+  /// Creates an array; absent for a null handle.
   JXJsonValue(JXJsonArray array);
 
-  /// What this value is.
+  /// Returns the type of the value.
   Kind kind() const noexcept { return static_cast<Kind>(value_.index()); }
-  /// True unless the value is absent; JSON's null is present.
+  /// Returns false for an absent value; true for any other, including JSON null.
   bool isPresent() const noexcept { return kind() != Kind::Absent; }
 
-  /// False unless the value is a true boolean.
+  /// Returns true if the value is the boolean `true`; false otherwise.
   bool boolValue() const noexcept;
-  /// The text of a string value; absent for every other kind.
+  /// Returns the string; null for any other kind.
   JXString string() const;
-  /// The digits of a number value; absent for every other kind.
+  /// Returns the digits of a number; null for any other kind.
   JXString numberString() const;
-  /// The number; not-a-number for every other kind.
+  /// Returns the number; NaN for any other kind.
   JXDecimal decimal() const;
-  /// The handle; absent for every other kind.
+  /// Returns the object; a null handle for any other kind.
   JXJsonObject object() const;
-  /// The handle; absent for every other kind.
+  /// Returns the array; a null handle for any other kind.
   JXJsonArray array() const;
 
  private:
@@ -86,11 +88,11 @@ class JX_API JXJsonValue {
   std::variant<std::monostate, Null, bool, Number, JXString, JXJsonObject, JXJsonArray> value_;
 };
 
-/// One entry of an object.
+/// An entry of an object.
 struct JX_API JXJsonEntry {
-  /// Its key; any text, the empty one too.
+  /// The key; any string, including an empty one.
   JXString key;
-  /// Its value; never absent inside an object.
+  /// The value; never absent inside an object.
   JXJsonValue value;
 };
 

@@ -10,29 +10,29 @@
 
 namespace jx {
 
-/// How a text is laid out: on one line, or with a line for each entry.
+/// The layout of JSON text: on one line, or one line per entry.
 enum class JXJsonStyle { Compact, Pretty };
 
-/// A JSON text and how many values had to stay out of it.
+/// JSON text and the number of values omitted from it.
 struct JX_API JXJsonText {
   /// The JSON, UTF-8.
   std::string text;
-  /// Values that contain themselves, lie deeper than `JXJsonWriter::kMaxDepth` or would make the
-  /// text longer than `kMaxBytes`: each was left out with its key.
+  /// The number of values omitted with their keys: circular references, values nested deeper than
+  /// `JXJsonWriter::kMaxDepth`, and values that would make the text longer than `kMaxBytes`.
   std::size_t leftOut = 0;
 };
 
-/// Writes JSON as UTF-8. The text is always valid JSON: bytes that are not UTF-8 become the
-/// replacement character, numbers are written as the digits that they hold. Pretty text has a line
-/// for each entry and two spaces for each level.
+/// Serialises JSON as UTF-8. The text is always valid JSON: invalid UTF-8 becomes the replacement
+/// character, numbers are written as their stored digits. Pretty text has one line per entry and an
+/// indentation of two spaces per level.
 class JX_API JXJsonWriter {
  public:
-  /// How deep objects and arrays are written.
+  /// The maximum nesting depth of objects and arrays.
   static constexpr std::size_t kMaxDepth = 512;
-  /// How long a text may become, in bytes.
+  /// The maximum length of the text, in bytes.
   static constexpr std::size_t kMaxBytes = 32u * 1024 * 1024;
 
-  /// "{}" for an absent object.
+  /// Serialises an object; "{}" for a null handle.
   static JXJsonText write(const JXJsonObject& object, JXJsonStyle style);
 };
 

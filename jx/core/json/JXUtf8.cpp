@@ -9,12 +9,12 @@ namespace jx {
 namespace {
 
 struct Sequence {
-  std::size_t length = 0;  // bytes that belong together
+  std::size_t length = 0;  // of the sequence or the maximal invalid subpart
   bool valid = false;
 };
 
-// The range that the second byte must be in; it is what excludes overlong forms, surrogates and
-// code points above U+10FFFF.
+// The valid range of the second byte. It excludes overlong forms, surrogates and code points above
+// U+10FFFF.
 struct SecondByte {
   unsigned char first;
   unsigned char last;
@@ -56,7 +56,7 @@ Sequence sequenceAt(std::string_view bytes, std::size_t at) noexcept {
   return {length, true};
 }
 
-// Texts are nearly always ASCII, so eight bytes are looked at in one step.
+// Most strings are ASCII, so this checks eight bytes per step.
 std::size_t asciiPrefix(std::string_view bytes, std::size_t at) noexcept {
   const std::size_t begin = at;
   std::uint64_t word;

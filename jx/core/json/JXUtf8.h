@@ -8,13 +8,14 @@
 
 namespace jx {
 
-/// True when the bytes are UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
+/// Returns true when the bytes are valid UTF-8: no overlong form, no surrogate, nothing above
+/// U+10FFFF.
 bool isUtf8(std::string_view bytes) noexcept;
 
-/// How many bytes there are before the first that is not UTF-8; all when every one is.
+/// Returns the number of bytes before the first invalid sequence; all bytes if there is none.
 std::size_t utf8PrefixLength(std::string_view bytes) noexcept;
 
-/// The text with each maximal part that is not UTF-8 replaced by U+FFFD.
+/// Returns the string with each maximal invalid subpart replaced by U+FFFD.
 std::string withReplacementCharacters(std::string_view bytes);
 
 }  // namespace jx

@@ -11,34 +11,34 @@ namespace jx {
 
 class JXEventListener;
 
-/// An object that owns a listener and receives what it hears.
+/// An object that owns a listener and receives its notifications.
 class JX_API IJXEventListenerDelegate {
  public:
   virtual ~IJXEventListenerDelegate() = default;
-  /// Called on the thread that posts.
+  /// Called with each notification, on the thread that posts it.
   virtual void onNotificationReceived(const JXNotification& notification) = 0;
-  /// The listener that this object owns; null when it has none.
+  /// Returns the listener that this object owns; null when it has none.
   virtual std::shared_ptr<JXEventListener> listenerDelegate() const = 0;
 };
 
-/// Calls its parent with the notifications of the names it listens for: those posted on its own
-/// centre, and those that the hub brings from other centres. Each is heard once, wherever it was
-/// posted. Ending the listener ends the calls, and waits for one that is under way on another
-/// thread.
+/// Passes notifications with the names it listens for to its parent: those posted on its own
+/// center, and those that the hub forwards from other centers. Each notification is delivered once,
+/// wherever it was posted. Destroying the listener ends the calls, and waits for a call that is in
+/// progress on another thread.
 class JX_API JXEventListener {
  public:
-  /// A new listener on the default centre, without a parent and without names.
+  /// Returns a new listener on the default center, without a parent or names. Never null.
   static std::shared_ptr<JXEventListener> init();
   ~JXEventListener();
   JXEventListener(const JXEventListener&) = delete;
   JXEventListener& operator=(const JXEventListener&) = delete;
 
-  /// The object to call; not owned, and must outlive this listener. Null calls nobody.
+  /// Sets the object to call; not owned, must outlive this listener. Null stops the calls.
   void setParent(IJXEventListenerDelegate* parent);
-  /// From now on the parent hears notifications of this name. Naming it twice has no effect beyond
-  /// naming it once; an absent name is ignored.
+  /// Starts listening for notifications with `name`. A name that is already listened for, or null,
+  /// is ignored.
   void listen(const JXString& name);
-  /// Moves the listener with all its names to another centre; null is the default one.
+  /// Moves the listener with all its names to another center; null selects the default center.
   void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
 
  private:

@@ -11,10 +11,10 @@
 
 namespace jx {
 
-/// What a listener shares with the centres and the hub, so that one that ends while a notification
-/// is under way on another thread is either still whole or no longer called.
+/// State that a listener shares with the centers and the hub. A listener that is destroyed during a
+/// notification on another thread is thus either still valid or no longer called.
 struct JXEventListener::State {
-  // Recursive: a parent may post, and hear, while it is being called.
+  // Recursive: a parent may post and receive notifications while it is being called.
   std::recursive_mutex mutex;
   IJXEventListenerDelegate* parent = nullptr;
   std::shared_ptr<JXNotificationCenter> center;
@@ -25,7 +25,7 @@ struct JXEventListener::State {
     if (parent != nullptr) parent->onNotificationReceived(notification);
   }
 
-  /// For a notification that was posted on the centre `from`.
+  /// Delivers a notification that was posted on the center `from`, unless it is the listener's own.
   void deliverFromElsewhere(const JXNotification& notification, const JXNotificationCenter* from) {
     const std::lock_guard<std::recursive_mutex> lock(mutex);
     if (parent == nullptr || center.get() == from) return;

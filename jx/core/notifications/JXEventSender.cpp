@@ -18,7 +18,7 @@ void JXEventSender::setNotificationCenter(const std::shared_ptr<JXNotificationCe
 }
 
 void JXEventSender::send(const JXNotification& notification) {
-  // Held here, because an observer may move this sender to another centre meanwhile.
+  // Copied, because an observer may move this sender to another center during the call.
   const std::shared_ptr<JXNotificationCenter> center = center_;
   center->postNotification(notification);
 }

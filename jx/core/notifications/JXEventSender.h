@@ -15,24 +15,24 @@ class JXEventSender;
 class JX_API IJXEventSenderDelegate {
  public:
   virtual ~IJXEventSenderDelegate() = default;
-  /// The sender that this object owns; null when it has none.
+  /// Returns the sender that this object owns; null when it has none.
   virtual std::shared_ptr<JXEventSender> senderDelegate() const = 0;
 };
 
-/// Posts its owner's notifications on a centre that the hub observes, so that they reach the core
-/// whichever centre it is.
+/// Posts its owner's notifications on a center that the hub observes, so that they reach the core
+/// from any center.
 class JX_API JXEventSender {
  public:
-  /// A new sender on the default centre, without an owner.
+  /// Returns a new sender on the default center, without an owner. Never null.
   static std::shared_ptr<JXEventSender> init();
 
-  /// The owner; not owned by the sender and never called.
+  /// Sets the owner; the sender does not own it and never calls it.
   void setParent(IJXEventSenderDelegate* parent) { parent_ = parent; }
-  /// The owner, null when there is none.
+  /// Returns the owner; null when there is none.
   IJXEventSenderDelegate* parent() const { return parent_; }
-  /// The centre to post on; null is the default one.
+  /// Sets the center to post on; null selects the default center.
   void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
-  /// Posts on the caller's thread; all who hear it have been called when it returns.
+  /// Posts the notification and calls all observers on the caller's thread before it returns.
   void send(const JXNotification& notification);
 
  private:

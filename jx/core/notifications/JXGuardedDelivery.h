@@ -9,18 +9,20 @@
 
 namespace jx {
 
-/// Calls one who hears the notification. What it throws becomes a log line, so that neither the
-/// poster nor the others who hear it notice.
+/// Calls an observer of the notification. Logs its exceptions at level 3, so that they affect
+/// neither the poster nor the other observers.
 template <typename Call>
 void deliverGuarded(const JXNotification& notification, Call&& call) {
   try {
     call();
   } catch (const std::exception& error) {
     JXLogger::sharedInstance().logMessage_withLevel(
-        "An observer of \"" + notification.name.toStdString() + "\" threw: " + error.what(), 3);
+        "Observer of \"" + notification.name.toStdString() +
+            "\" threw an exception: " + error.what() + "; ignored",
+        3);
   } catch (...) {
     JXLogger::sharedInstance().logMessage_withLevel(
-        "An observer of \"" + notification.name.toStdString() + "\" threw", 3);
+        "Observer of \"" + notification.name.toStdString() + "\" threw an exception; ignored", 3);
   }
 }
 

@@ -8,13 +8,13 @@
 
 namespace jx {
 
-/// A message that one object posts and others observe by its name.
+/// A message that one object posts and others observe by name.
 struct JX_API JXNotification {
-  /// What it is about; observers ask for it.
+  /// Name of the notification, which observers register for.
   JXString name;
-  /// Who it is about, for comparison only: it is never followed, and may be null.
+  /// Sender or subject, for comparison only: never dereferenced, may be null.
   const void* object = nullptr;
-  /// What goes with it; absent when nothing does.
+  /// Additional data; null when there is none.
   JXJsonObject userInfo{nullptr};
 };
 

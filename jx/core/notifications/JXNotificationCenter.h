@@ -13,30 +13,30 @@
 
 namespace jx {
 
-/// Brings what is posted to those who observe it, on the thread that posts, in the order in which
-/// they registered. Thread-safe; an observer may post, register and unregister while it is called.
+/// Delivers notifications to observers on the thread that posts, in the order of their
+/// registration. Thread-safe; an observer may post, register and unregister while it is called.
 class JX_API JXNotificationCenter {
  public:
-  /// What is called with each notification, on the thread that posts.
+  /// Function that is called with each notification, on the thread that posts it.
   using Handler = std::function<void(const JXNotification&)>;
 
-  /// A centre of the host's own, without observers.
+  /// Creates a center without observers, for use by the application.
   JXNotificationCenter();
-  /// The process's own centre; never destroyed.
+  /// Returns the default center of the process; never destroyed.
   static const std::shared_ptr<JXNotificationCenter>& defaultCenter();
 
-  /// Calls `handler` with each notification of that name, or with every one when the name is
-  /// absent. `observer` names the registration for `removeObserver` and is never followed. The same
-  /// observer may register several times and is then called as often.
+  /// Calls `handler` with each notification named `name`; null selects every notification.
+  /// `observer` identifies the registration for `removeObserver` and is never dereferenced. An
+  /// observer that registers several times is called once per registration.
   void addObserver(const void* observer, const JXString& name, Handler handler);
-  /// Ends all registrations of the observer: none of its handlers is begun any more, not even by a
-  /// post that is under way.
+  /// Removes all registrations of the observer. None of its handlers is called afterwards, not even
+  /// by a post in progress.
   void removeObserver(const void* observer);
-  /// Ends the registrations of the observer for one name.
+  /// Removes the registrations of the observer for one name.
   void removeObserver_name(const void* observer, const JXString& name);
 
-  /// Calls every handler whose name fits. What a handler throws is logged at level 3 and does not
-  /// reach the poster or the other handlers.
+  /// Calls every handler registered for the notification's name. Exceptions of a handler are logged
+  /// at level 3; they affect neither the poster nor the other handlers.
   void postNotification(const JXNotification& notification);
 
  private:
@@ -47,7 +47,7 @@ class JX_API JXNotificationCenter {
   void removeWhere(Predicate predicate);
 
   std::mutex mutex_;
-  // Replaced, never changed, so that a post can walk it without the lock.
+  // Replaced, never modified, so that a post can iterate over it without the lock.
   std::shared_ptr<const Registrations> registrations_;
 };
 

@@ -20,12 +20,13 @@ JXNotificationHub& JXNotificationHub::sharedInstance() {
 }
 
 JXNotificationHub::JXNotificationHub() : listeners_(std::make_shared<const Listeners>()) {
-  // A consent module posts on the default centre without a sender of the core's.
+  // A consent module posts on the default center without a JXEventSender.
   observe(JXNotificationCenter::defaultCenter());
 }
 
 void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& center) {
-  // Held until the centre is observed: whoever finds it known here may post on it at once.
+  // Locked until the center is observed, because another thread that finds it here may post at
+  // once.
   const std::lock_guard<std::mutex> lock(mutex_);
   const auto ended = [](const auto& known) { return known.expired(); };
   centers_.erase(std::remove_if(centers_.begin(), centers_.end(), ended), centers_.end());
@@ -75,7 +76,7 @@ void JXNotificationHub::handToNetworkManager(const JXNotification& notification)
       manager.enqueue(url.view(), body.view());
     } else {
       JXLogger::sharedInstance().logMessage_withLevel(
-          "A request without an address or a body is lost", 2);
+          "HTTP request notification has no URL or body; event discarded", 2);
     }
   } else if (name == kJXNotification_EnablingTheServerSide) {
     manager.changingSDKBehaviour(true);
@@ -84,7 +85,7 @@ void JXNotificationHub::handToNetworkManager(const JXNotification& notification)
   } else if (name == kJXNotification_OnBackground) {
     manager.onBackground();
   } else if (name == kJXNotification_OnForeground) {
-    // The viewer may have plugged in a cable meanwhile. Asking must not be what starts the core.
+    // The connection may have changed in the background. Reading it must not start the core.
     if (JXCoreServices::hasStarted()) JXNetwork::sharedInstance().refresh();
     manager.onForeground();
   }

@@ -11,14 +11,14 @@
 
 namespace jx {
 
-/// Stands between the centres: observes each one that a sender posts on, hands requests and state
-/// changes to the network manager, and passes each notification on to the listeners that sit on
-/// another centre. Everything happens on the thread that posts. Thread-safe; never destroyed.
+/// Connects the notification centers: observes each center that a sender posts on, passes requests
+/// and state changes to the network manager, and forwards each notification to the listeners of
+/// other centers. Runs on the thread that posts. Thread-safe; never destroyed.
 class JXNotificationHub {
  public:
   static JXNotificationHub& sharedInstance();
 
-  /// Observes the centre from now on; a centre that is observed already is left alone.
+  /// Starts observing `center`; a center that is already observed is ignored.
   void observe(const std::shared_ptr<JXNotificationCenter>& center);
 
  private:
@@ -33,7 +33,7 @@ class JXNotificationHub {
 
   std::mutex mutex_;
   std::vector<std::weak_ptr<JXNotificationCenter>> centers_;
-  // Replaced, never changed, so that a notification can be passed on without the lock.
+  // Replaced, never modified, so that a notification can be forwarded without the lock.
   std::shared_ptr<const Listeners> listeners_;
 };
 

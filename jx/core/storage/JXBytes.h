@@ -6,8 +6,7 @@
 
 namespace jx {
 
-// Numbers in files are little-endian whatever the machine is, so that a folder can be read on
-// another one when a fault is looked into.
+// Integers in files are always little-endian, so that a folder can be inspected on another machine.
 
 inline void putU32(unsigned char* at, std::uint32_t value) {
   for (int i = 0; i < 4; ++i)

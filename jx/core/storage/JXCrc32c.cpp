@@ -38,10 +38,10 @@ Tables makeTables() {
   return tables;
 }
 
-// Made where they are needed, since most processors have an instruction for this.
+// Created on first use, because most CPUs have an instruction for CRC-32C.
 const Tables& tables() {
-  static const Tables made = makeTables();
-  return made;
+  static const Tables instance = makeTables();
+  return instance;
 }
 
 std::uint32_t littleEndian(const unsigned char* at) {

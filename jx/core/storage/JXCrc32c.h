@@ -7,11 +7,11 @@
 
 namespace jx {
 
-/// The CRC-32C (Castagnoli) of `size` bytes that follow those whose CRC is `crc`; 0 starts. Uses
-/// the processor's instruction where it has one.
+/// Returns the CRC-32C (Castagnoli) of `size` bytes that continue a sequence whose CRC is `crc`;
+/// pass 0 to start. Uses the CPU instruction where available.
 std::uint32_t crc32c(std::uint32_t crc, const void* data, std::size_t size) noexcept;
 
-/// The same in plain C++, for processors without the instruction.
+/// Same as `crc32c`, in portable C++, for CPUs without the instruction.
 std::uint32_t crc32cPortable(std::uint32_t crc, const void* data, std::size_t size) noexcept;
 
 }  // namespace jx

@@ -16,7 +16,7 @@
 namespace jx {
 namespace {
 
-// Each is lost only to another process that replaced or deleted the file in that instant.
+// An attempt fails only when another process replaces or deletes the file at the same time.
 constexpr int kOpenAttempts = 3;
 
 }  // namespace
@@ -31,14 +31,14 @@ int JXDeadLetters::append(const JXOutboxRequest& request, int status) {
   int error = lockFile();
   if (error != 0) return error;
   error = appendLocked(request, status);
-  // Rewritten when at least half of it is old; when that fails the file is only longer.
-  if (error == 0 && places_.size() >= 2 * keep_) rewrite();
+  // Compacts the file when at least half of it is obsolete. A failure only leaves the file longer.
+  if (error == 0 && locations_.size() >= 2 * keep_) rewrite();
   knownSize_ = journal_.size();
   journal_.file().unlock();
   return error;
 }
 
-// Opens and locks the file that the path names now, and knows what it holds.
+// Opens and locks the file that is at the path now, and reads it if it has changed.
 int JXDeadLetters::lockFile() {
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
     if (!journal_.isOpen()) {
@@ -46,24 +46,24 @@ int JXDeadLetters::lockFile() {
       if (error != 0) return error;
       journal_ = JXJournal(JXFile::open(path_, JXFile::Access::Append, error), path_);
       if (error != 0) return error;
-      // Not the size of any file, so that this one is read.
+      // Matches no file size, so that the file is read.
       knownSize_ = std::numeric_limits<std::uint64_t>::max();
     }
     if (!journal_.file().tryLock(JXFile::Lock::Exclusive)) return EWOULDBLOCK;
-    if (journal_.file().isAt(path_)) return readPlaces();
+    if (journal_.file().isAt(path_)) return readLocations();
     journal_.close();
   }
   return EWOULDBLOCK;
 }
 
-int JXDeadLetters::readPlaces() {
+int JXDeadLetters::readLocations() {
   std::uint64_t size = 0;
   int error = journal_.file().size(size);
   if (error != 0 || size == knownSize_) return error;
-  places_.clear();
+  locations_.clear();
   const JXJournal::Recovery recovery =
       journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
-        places_.push_back({frame.offset, frame.payload.size()});
+        locations_.push_back({frame.offset, frame.payload.size()});
       });
   damaged_ = damaged_ || recovery.quarantined;
   return 0;
@@ -78,20 +78,20 @@ int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
   std::uint64_t offset = 0;
   const int error = journal_.append(parts, 3, &offset);
   if (error != 0) return error;
-  places_.push_back({offset, sizeof head + request.url.size() + request.body.size()});
+  locations_.push_back({offset, sizeof head + request.url.size() + request.body.size()});
   dirty_ = true;
   return 0;
 }
 
-// Puts a file in the place of this one that holds only the letters to keep.
+// Replaces the file with one that contains only the requests to keep.
 int JXDeadLetters::rewrite() {
   const std::string freshPath = path_ + ".new";
   int error = 0;
   JXJournal fresh(JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
-  std::deque<Place> kept;
-  for (std::size_t i = places_.size() - keep_; error == 0 && i < places_.size(); ++i) {
+  std::deque<Location> kept;
+  for (std::size_t i = locations_.size() - keep_; error == 0 && i < locations_.size(); ++i) {
     std::string payload;
-    error = journal_.read(places_[i].offset, places_[i].length, payload);
+    error = journal_.read(locations_[i].offset, locations_[i].length, payload);
     if (error != 0) break;
     const std::string_view part = payload;
     kept.push_back({0, payload.size()});
@@ -106,7 +106,7 @@ int JXDeadLetters::rewrite() {
     return error;
   }
   journal_ = std::move(fresh);
-  places_ = std::move(kept);
+  locations_ = std::move(kept);
   return 0;
 }
 

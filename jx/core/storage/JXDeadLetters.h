@@ -12,33 +12,34 @@
 
 namespace jx {
 
-/// The requests that a server refused for good, in the file "dead" of the outbox folder: the last
-/// `keep` of them. Processes share the file; each locks it while it appends. Thread-safe. Failures
-/// are errno values, 0 for success.
+/// Stores the requests that the server permanently rejected in the file "dead" of the outbox
+/// folder, the last `keep` of them. Processes share the file; each locks it while appending.
+/// Thread-safe. Operations that can fail return an errno value, 0 for success.
 class JXDeadLetters {
  public:
   JXDeadLetters(const std::string& folder, std::size_t keep);
 
-  /// Keeps one. EWOULDBLOCK when another process is writing the file in this instant.
+  /// Appends a request with the HTTP status that rejected it. Returns EWOULDBLOCK while another
+  /// process is writing the file.
   int append(const JXOutboxRequest& request, int status);
-  /// Waits until what was appended is on the disk.
+  /// Makes appended requests durable. Blocks until the disk has written them.
   int sync();
   bool needsSync() const;
-  /// Deletes all.
+  /// Deletes the file.
   int clear();
-  /// True once after a damaged part of the file was set aside.
+  /// Returns true once after damaged data of the file was quarantined.
   bool takeDamaged();
 
   const std::string& path() const { return path_; }
 
  private:
-  struct Place {
+  struct Location {
     std::uint64_t offset;
     std::size_t length;
   };
 
   int lockFile();
-  int readPlaces();
+  int readLocations();
   int appendLocked(const JXOutboxRequest& request, int status);
   int rewrite();
 
@@ -46,8 +47,8 @@ class JXDeadLetters {
   const std::size_t keep_;
   mutable std::mutex mutex_;
   JXJournal journal_;
-  std::deque<Place> places_;     ///< of the letters in the file
-  std::uint64_t knownSize_ = 0;  ///< of the file when `places_` was right
+  std::deque<Location> locations_;  ///< of the frames in the file
+  std::uint64_t knownSize_ = 0;     ///< file size for which `locations_` is valid
   bool dirty_ = false;
   bool damaged_ = false;
 };

@@ -11,20 +11,20 @@ namespace jx {
 namespace {
 
 constexpr std::uint64_t kRewriteAbove = 64 * 1024;
-// Each attempt is lost only to another process that replaced the file in that instant.
+// An attempt fails only when another process replaces the file at the same time.
 constexpr int kOpenAttempts = 3;
 
 }  // namespace
 
-// Holds the lock, and logs after releasing it: the log's sink may call back.
+// Holds the lock and logs after releasing it, because the log sink may call back.
 class JXDefaultsFile::Locked {
  public:
   explicit Locked(JXDefaultsFile& file) : file_(file), lock_(file.mutex_) {}
   ~Locked() {
     if (!lock_.owns_lock()) lock_.lock();
-    const auto lines = file_.report_.takeLines();
+    const auto messages = file_.report_.takeMessages();
     lock_.unlock();
-    JXStorageReport::log(lines);
+    JXStorageReport::log(messages);
   }
   void unlock() { lock_.unlock(); }
   void lock() { lock_.lock(); }
@@ -76,7 +76,7 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
 
 void JXDefaultsFile::beginChanges() {
   const std::lock_guard<std::mutex> lock(mutex_);
-  // Of two threads at once the second one's changes are stored one by one.
+  // While another thread is between beginChanges and endChanges, changes are written one by one.
   if (changing_ == std::thread::id()) changing_ = std::this_thread::get_id();
 }
 
@@ -109,7 +109,7 @@ std::uint64_t JXDefaultsFile::damaged() const {
   return report_.damagedFiles();
 }
 
-// Opens the file unless it is open already; one that was removed is made again.
+// Opens the file unless it is already open. Recreates a file that was removed.
 void JXDefaultsFile::ensureOpen() {
   if (journal_ != nullptr && journal_->file().isLinked()) return;
   journal_.reset();
@@ -118,7 +118,7 @@ void JXDefaultsFile::ensureOpen() {
   }
 }
 
-// False when another attempt is of no use.
+// Returns false when another attempt is useless.
 bool JXDefaultsFile::openOnce() {
   int error = makeFolder(folderOf(path_));
   JXFile file;
@@ -127,8 +127,8 @@ bool JXDefaultsFile::openOnce() {
     report_.failed("open the file", error);
     return false;
   }
-  // Alone with the file, a torn end may be cut off. Else only the shared lock is asked for, which
-  // is refused only while another process puts a rewritten file in its place.
+  // With the exclusive lock, a torn end may be truncated. Otherwise the shared lock is enough; it
+  // is unavailable only while another process replaces the file with a rewritten one.
   const bool alone = file.tryLock(JXFile::Lock::Exclusive);
   if (!alone && !file.tryLock(JXFile::Lock::Shared)) {
     report_.failed("lock the file", EWOULDBLOCK);
@@ -138,20 +138,20 @@ bool JXDefaultsFile::openOnce() {
   auto journal = std::make_shared<JXJournal>(std::move(file), path_);
   JXDefaultsMap inFile;
   readContent(*journal, alone ? JXJournal::Writers::One : JXJournal::Writers::Several, inFile);
-  // Between giving up the exclusive lock and holding the shared one, another process may have
-  // replaced the file.
+  // Another process may have replaced the file between releasing the exclusive lock and acquiring
+  // the shared one.
   const bool shared = !alone || journal->file().tryLock(JXFile::Lock::Shared);
   if (!shared || !journal->file().isAt(path_)) return true;
   journal_ = std::move(journal);
   folderDirty_ = true;
-  // After the file was removed while it was in use, what this process knows is written again.
+  // If the file was removed while in use, the values of this process are written again.
   adoptContent(inFile, false);
   writeUnsaved();
   return true;
 }
 
-// Reads the whole file, sets aside what is damaged in it, and leaves it open to other writers.
-// False when the disk refused a part.
+// Reads the whole file, quarantines damaged data, and allows other writers afterwards. Returns
+// false on a read error.
 bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
                                  JXDefaultsMap& content) {
   const JXJournal::Recovery recovery =
@@ -163,8 +163,8 @@ bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
   return recovery.error == 0;
 }
 
-// Takes over what the file says, except where a change of this process is not in it yet. An entry
-// that a whole file lacks was removed by another process; one that a new file lacks is written.
+// Adopts the values in the file, except for keys whose change is not written yet. An entry missing
+// from a complete file was removed by another process; one missing from a new file is written.
 void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole) {
   for (auto entry = values_.begin(); entry != values_.end();) {
     const bool missing = inFile.count(entry->first) == 0 && unsaved_.count(entry->first) == 0;
@@ -180,7 +180,7 @@ void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole)
   }
 }
 
-// A file that cannot be written may still be readable.
+// Loads the values of a file that can be read but not written.
 void JXDefaultsFile::readWithoutLock() {
   const int error =
       JXJournal::scan(path_, [&](const JXFrame& frame) { applyDefault(frame.payload, values_); });
@@ -261,8 +261,8 @@ bool JXDefaultsFile::needsCompaction() const {
          bytesOfDefaults(values_) < size / 2;
 }
 
-// After an exclusive lock was refused or is no longer needed. While no lock was held another
-// process may have replaced the file, and then this one is opened anew.
+// Called when the exclusive lock is unavailable or no longer needed. Another process may have
+// replaced the file while no lock was held; the file is then reopened.
 void JXDefaultsFile::downgradeToSharedLock() {
   if (journal_ == nullptr) return;
   if (journal_->file().tryLock(JXFile::Lock::Shared) && journal_->file().isAt(path_)) return;
@@ -270,8 +270,8 @@ void JXDefaultsFile::downgradeToSharedLock() {
   ensureOpen();
 }
 
-// Called with the file locked exclusively. Other threads go on setting values in the old file
-// meanwhile; those are written again into the new one.
+// Called with the file locked exclusively. Values that other threads set in the old file during
+// the rewrite are written again to the new one.
 bool JXDefaultsFile::rewrite() {
   const std::string freshPath = path_ + ".new";
   int error = 0;
@@ -291,7 +291,7 @@ bool JXDefaultsFile::rewrite() {
   return false;
 }
 
-// From the file and not from memory: another process that has ended may have set values.
+// Reads the file instead of using memory: a process that has exited may have set values.
 bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
   const Locked locked(*this);
   if (journal_ == nullptr) return false;

@@ -16,41 +16,42 @@
 
 namespace jx {
 
-/// User defaults in one journal file, for systems that have no store of their own.
+/// Stores user defaults in one journal file, for systems without a user defaults store.
 ///
-/// A value set is in the kernel's hands when the setter returns, so a killed process keeps it; the
-/// disk has it after the next `maintain`. While the file cannot be opened or written, values live
-/// in memory and are written as soon as it can. Several processes may use one file: each sees what
-/// was there when it opened the file and what it set itself, and the last value set stays.
-/// Thread-safe.
+/// A value has been written to the file when the setter returns, so it survives a killed process.
+/// The next `maintain` call makes it durable (fsync). While the file cannot be opened or written,
+/// values are kept in memory and written as soon as possible. Several processes may use one file:
+/// each sees the values present when it opened the file and the values it set. The last value set
+/// wins. Thread-safe.
 class JXDefaultsFile final : public JXPlatformDefaults {
  public:
-  /// Opens the file, making it and its folder when they are missing.
+  /// Opens the file; creates it and its folder if they are missing.
   explicit JXDefaultsFile(std::string path);
   ~JXDefaultsFile() override;
   JXDefaultsFile(const JXDefaultsFile&) = delete;
   JXDefaultsFile& operator=(const JXDefaultsFile&) = delete;
 
   JXString objectForKey(const JXString& key) override;
-  /// One write; none when the entry has this value already. An absent key is ignored.
+  /// Sets or, when `value` is null, removes an entry with one write. Writes nothing when the entry
+  /// already has this value. A null key is ignored.
   void setObject_forKey(const JXString& value, const JXString& key) override;
-  /// Returns at once: waiting for the disk is the business of `maintain`.
+  /// Returns immediately: `maintain` makes values durable.
   void synchronize() override {}
   void beginChanges() override;
-  /// One write for all that this thread has set since.
+  /// Writes all values that this thread has set since `beginChanges` with one write.
   void endChanges() override;
 
-  /// Makes what was set durable, writes what could not be written before, and rewrites the file
-  /// when most of it is old. To be called within a second after a change, on the transfer thread:
-  /// it waits for the disk, and keeps no other thread waiting meanwhile.
+  /// Makes changed values durable, retries failed writes, and compacts the file when most of it is
+  /// obsolete. Call it on the transfer thread within a second after a change. It blocks on disk
+  /// I/O without blocking other threads.
   void maintain();
-  /// True when `maintain` has something to do.
+  /// Returns true when `maintain` has work to do.
   bool needsMaintenance() const;
-  /// True when a value that is set now survives the process.
+  /// Returns true when a value that is set now survives the process.
   bool isAvailable() const;
-  /// Reads, writes and syncs that failed since the file was opened.
+  /// Returns the number of failed reads, writes and syncs since the file was opened.
   std::uint64_t storageErrors() const;
-  /// How often a damaged part of the file was set aside.
+  /// Returns how many times damaged data of the file was quarantined.
   std::uint64_t damaged() const;
 
  private:
@@ -72,18 +73,18 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   void downgradeToSharedLock();
 
   const std::string path_;
-  std::mutex maintenance_;  ///< one `maintain` at a time; taken before `mutex_`
+  std::mutex maintenance_;  ///< serialises `maintain`; locked before `mutex_`
   mutable std::mutex mutex_;
   JXStorageReport report_;
   std::shared_ptr<JXJournal> journal_;  ///< null while the file cannot be opened
   JXDefaultsMap values_;
   std::unordered_set<JXString> unsaved_;  ///< keys whose last change is in memory only
-  std::unordered_set<JXString> changed_;  ///< keys set since the running rewrite began
+  std::unordered_set<JXString> changed_;  ///< keys set since the current rewrite began
   std::thread::id changing_;              ///< the thread between `beginChanges` and `endChanges`
   bool rewriting_ = false;
   bool dirty_ = false;
   bool folderDirty_ = false;
-  bool damaged_ = false;  ///< the file holds damage that a rewrite would clear
+  bool damaged_ = false;  ///< the file contains damaged data that a rewrite would remove
 };
 
 }  // namespace jx

@@ -12,7 +12,7 @@ constexpr std::size_t kHead = 5;
 constexpr char kValue = 'V';
 constexpr char kRemoved = 'X';
 
-// Calls `use` with the parts of the payload that gives `key` the value.
+// Calls `use` with the parts of the payload that sets `key` to `value`.
 template <typename Use>
 int withParts(const JXString& key, const JXString& value, const Use& use) {
   unsigned char head[kHead];
@@ -52,7 +52,7 @@ void applyDefault(std::string_view payload, JXDefaultsMap& values) {
 }
 
 std::uint64_t bytesOfDefaults(const JXDefaultsMap& values) {
-  std::uint64_t bytes = kJXJournalMark.size();
+  std::uint64_t bytes = kJXJournalMagic.size();
   for (const auto& [key, value] : values) {
     bytes += kJXFrameHeaderSize + kHead + key.size() + value.size();
   }

@@ -14,17 +14,17 @@ namespace jx {
 
 using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 
-/// Appends the frame that gives `key` the value; an absent value removes the entry. Returns an
-/// errno value, 0 for success.
+/// Appends the frame that sets `key` to `value`; a null value removes the entry. Returns an errno
+/// value, 0 for success.
 int appendDefault(JXJournal& journal, const JXString& key, const JXString& value);
 
-/// The same frame, behind what `frames` holds.
+/// Appends the same frame to `frames`.
 void encodeDefault(const JXString& key, const JXString& value, std::string& frames);
 
-/// Applies one frame of a defaults file to `values`; a frame of another kind is passed.
+/// Applies one frame of a defaults file to `values`; ignores a frame of another kind.
 void applyDefault(std::string_view payload, JXDefaultsMap& values);
 
-/// How many bytes a file needs that holds these entries and nothing else.
+/// Returns the size in bytes of a file that contains only these entries.
 std::uint64_t bytesOfDefaults(const JXDefaultsMap& values);
 
 }  // namespace jx

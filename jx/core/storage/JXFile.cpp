@@ -18,8 +18,8 @@ int openSystem(const char* path, int flags, mode_t mode) { return ::open(path, f
 
 int synchronizeSystem(int descriptor) {
 #if defined(__APPLE__)
-  // There fsync leaves the bytes in the drive's own cache, which a power cut empties. Not every
-  // file system knows the stronger call.
+  // On Apple systems fsync leaves the bytes in the drive's cache, which a power loss clears. Not
+  // every file system supports F_FULLFSYNC.
   const int result = ::fcntl(descriptor, F_FULLFSYNC);
   return result == 0 || errno == EINTR ? result : ::fsync(descriptor);
 #else
@@ -28,7 +28,7 @@ int synchronizeSystem(int descriptor) {
 }
 
 int flagsOf(JXFile::Access access) {
-  // Without O_NONBLOCK, opening a pipe that somebody put there would wait for its other end.
+  // Without O_NONBLOCK, opening a named pipe at this path would block until its other end opens.
   constexpr int kAlways = O_CLOEXEC | O_NONBLOCK;
   constexpr int kAppend = kAlways | O_RDWR | O_APPEND;
   switch (access) {

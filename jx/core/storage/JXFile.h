@@ -11,8 +11,8 @@
 
 namespace jx {
 
-/// The system calls that a full, read-only or worn disk makes fail. All storage goes through this
-/// one table, so that a fault at each of them can be played.
+/// The system calls that fail on a full, read-only or failing disk. All storage code calls through
+/// this table, so that tests can inject a fault at each call.
 struct JXFileCalls {
   int (*open)(const char* path, int flags, mode_t mode);
   ssize_t (*write)(int descriptor, const iovec* parts, int count);
@@ -20,22 +20,23 @@ struct JXFileCalls {
   int (*synchronize)(int descriptor);
   int (*rename)(const char* from, const char* to);
 
-  /// The table in force. To be changed only while no other thread uses storage.
+  /// Returns the table in use. Change it only while no other thread uses storage.
   static JXFileCalls& current();
+  /// Returns a table of the operating system's calls.
   static JXFileCalls system();
 };
 
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
-/// success. Files are made with mode 0600 and closed on exec. One thread at a time, except that
-/// `read` and `synchronize` may run beside the others.
+/// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that
+/// `read` and `synchronize` may run concurrently with the other operations.
 class JXFile {
  public:
   enum class Access {
     Read,
-    Append,           ///< read, and write at the end; made when missing
-    AppendExisting,   ///< the same; fails when missing
-    AppendCreateNew,  ///< the same; fails when it exists
-    AppendEmptied,    ///< the same; made when missing, emptied when not
+    Append,           ///< read, and write at the end; created if missing
+    AppendExisting,   ///< as Append; fails if missing
+    AppendCreateNew,  ///< as Append; fails if it exists
+    AppendEmptied,    ///< as Append; truncated to 0 bytes if it exists
   };
   enum class Lock { Shared, Exclusive };
 
@@ -44,29 +45,31 @@ class JXFile {
   JXFile(JXFile&& other) noexcept;
   JXFile& operator=(JXFile&& other) noexcept;
 
-  /// Opens `path`. What is not a regular file is refused with EINVAL.
+  /// Opens `path`. On failure returns a closed file and sets `error`, to 0 on success. EINVAL if
+  /// `path` is not a regular file.
   static JXFile open(const std::string& path, Access access, int& error);
   void close() noexcept;
   bool isOpen() const noexcept { return descriptor_ >= 0; }
 
-  /// Appends `parts` with one system call. `written` tells how many bytes went into the file, also
-  /// when it fails: a full disk may take a part of them.
+  /// Appends `parts` with one system call. `written` receives the number of bytes written, on
+  /// failure too: a full disk may accept only some of them.
   int append(const iovec* parts, int count, std::size_t& written);
-  /// Reads up to `size` bytes at `offset`; `got` is less only at the end of the file.
+  /// Reads up to `size` bytes at `offset`. `got` receives the number of bytes read, which is less
+  /// than `size` only at the end of the file.
   int read(std::uint64_t offset, void* into, std::size_t size, std::size_t& got) const;
   int truncate(std::uint64_t size);
-  /// Waits until the content is on the disk.
+  /// Makes the content durable. Blocks until the disk has written it.
   int synchronize() const;
   int size(std::uint64_t& size) const;
 
-  /// Takes the file's advisory lock, or changes the kind held, without waiting. False when another
-  /// holder forbids it; then the lock that was held before may be gone.
+  /// Acquires the file's advisory lock, or converts the current one, without blocking. Returns
+  /// false when another owner prevents it; a lock held before may then have been released.
   bool tryLock(Lock lock);
   void unlock();
 
-  /// False when the file was removed from its folder.
+  /// Returns false when the file was removed from its folder.
   bool isLinked() const;
-  /// True when `path` names this file now.
+  /// Returns true when `path` currently refers to this file.
   bool isAt(const std::string& path) const;
 
  private:

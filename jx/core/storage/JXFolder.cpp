@@ -41,7 +41,7 @@ int makeFolder(const std::string& path) {
   if (error != ENOENT || above == path || above == ".") return error;
   const int aboveError = makeFolder(above);
   if (aboveError != 0) return aboveError;
-  // Another process may have been quicker.
+  // Another process may have created the folder first.
   return ::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST ? 0 : errno;
 }
 
@@ -60,7 +60,7 @@ int listFolder(const std::string& path, std::vector<std::string>& names) {
   return error;
 }
 
-bool mayContainFileWithSuffix(const std::string& path, std::string_view ending) {
+bool mayContainFileWithSuffix(const std::string& path, std::string_view suffix) {
   DIR* const folder = ::opendir(path.c_str());
   if (folder == nullptr) return true;
   bool found = false;
@@ -69,7 +69,7 @@ bool mayContainFileWithSuffix(const std::string& path, std::string_view ending) 
   while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
     const std::string_view name = entry->d_name;
     found = found ||
-            (name.size() >= ending.size() && name.substr(name.size() - ending.size()) == ending);
+            (name.size() >= suffix.size() && name.substr(name.size() - suffix.size()) == suffix);
     errno = 0;
   }
   const bool isWhole = errno == 0;
@@ -81,17 +81,16 @@ int synchronizeFolder(const std::string& path) {
   const int descriptor =
       JXFileCalls::current().open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
   if (descriptor < 0) return errno;
-  // Not fdatasync: the entries of a folder are its data, but some file systems take them for
-  // metadata.
+  // Not fdatasync: some file systems treat the entries of a folder as metadata.
   const int error = ::fsync(descriptor) == 0 ? 0 : errno;
   ::close(descriptor);
-  // Some file systems cannot sync a folder and need not.
+  // Some file systems do not support, and do not need, syncing a folder.
   return error == EINVAL || error == ENOTSUP ? 0 : error;
 }
 
 bool JXFolderWatch::mayHaveChanged() {
-  // The kernel's clock for files moves on in steps of some milliseconds, so that a second change in
-  // the same step cannot be told from the first.
+  // File times advance in steps of some milliseconds, so two changes in the same step have the same
+  // time.
   constexpr std::int64_t kCoarseNs = 100'000'000;
   struct stat status {};
   if (::stat(path_.c_str(), &status) != 0) return true;

@@ -10,34 +10,36 @@
 
 namespace jx {
 
-/// Makes the folder and those above it that are missing, for this user only (mode 0700). One that
-/// exists is left as it is. Returns an errno value, 0 for success.
+/// Creates the folder and its missing parents with mode 0700. Leaves an existing folder unchanged.
+/// Returns an errno value, 0 for success.
 int makeFolder(const std::string& path);
 
-/// The names in the folder, in no order. Returns an errno value, 0 for success.
+/// Lists the names in the folder, in no particular order. Returns an errno value, 0 for success.
 int listFolder(const std::string& path, std::vector<std::string>& names);
 
-/// False when the folder was read and holds no name with this ending.
-bool mayContainFileWithSuffix(const std::string& path, std::string_view ending);
+/// Returns false when the folder was read and contains no name with this suffix; true otherwise.
+bool mayContainFileWithSuffix(const std::string& path, std::string_view suffix);
 
-/// Waits until the folder's entries (files made, renamed, removed) are on the disk.
+/// Makes the folder's entries (files created, renamed, removed) durable. Blocks until the disk has
+/// written them. Returns an errno value, 0 for success.
 int synchronizeFolder(const std::string& path);
 
-/// The folder of a file path: "." when it names none.
+/// Returns the parent folder of a path; "." when the path has none.
 std::string folderOf(const std::string& path);
 
-/// Tells with one system call whether files may have been made, renamed or removed in a folder.
+/// Detects with one system call whether files may have been created, renamed or removed in a
+/// folder. Not synchronised.
 class JXFolderWatch {
  public:
   explicit JXFolderWatch(std::string path) : path_(std::move(path)) {}
 
-  /// True when the folder may have changed since the last call, and for the first one. Never false
-  /// when it has changed.
+  /// Returns true on the first call, and when the folder may have changed since the last call.
+  /// Never returns false when it has changed.
   bool mayHaveChanged();
 
  private:
   std::string path_;
-  std::int64_t seenNs_ = -1;  ///< the folder's time of change; -1: not known for sure
+  std::int64_t seenNs_ = -1;  ///< modification time of the folder; -1: not known for certain
 };
 
 }  // namespace jx

@@ -29,7 +29,7 @@ JXJournal::Recovery JXJournal::recover(Writers writers, const Visit& visit) {
   while (reader.next(frame))
     visit(frame);
   if (reader.error() != 0) {
-    // A disk that cannot be read may hold good frames there: nothing is cut off.
+    // The unreadable part may contain intact frames, so nothing is truncated.
     recovery.error = reader.error();
     return recovery;
   }
@@ -43,7 +43,7 @@ JXJournal::Recovery JXJournal::repair(const JXFrameReader& reader) {
   const JXDamage& last = reader.damages().back();
   const bool atEnd = last.offset + last.length == end_;
   recovery.error = quarantine(file_, path_, reader.damages(), atEnd, recovery.quarantined);
-  // When the bytes could not be saved they stay: frames behind them are found all the same.
+  // Bytes that could not be copied stay in the file: readers find the frames after them anyway.
   if (recovery.error != 0 || !atEnd) return recovery;
   recovery.error = file_.truncate(last.offset);
   if (recovery.error == 0) {
@@ -63,8 +63,8 @@ int JXJournal::append(const std::string_view* parts, std::size_t count, std::uin
   std::array<iovec, kMaxParts + 2> pieces;
   int used = 0;
   auto next = [&]() -> iovec& { return pieces[static_cast<std::size_t>(used++)]; };
-  const std::size_t mark = end_ == 0 ? kJXJournalMark.size() : 0;
-  if (mark != 0) next() = partOf(kJXJournalMark.data(), mark);
+  const std::size_t mark = end_ == 0 ? kJXJournalMagic.size() : 0;
+  if (mark != 0) next() = partOf(kJXJournalMagic.data(), mark);
   next() = partOf(header.bytes, sizeof header.bytes);
   for (std::size_t i = 0; i < count; ++i)
     next() = partOf(parts[i].data(), parts[i].size());
@@ -76,8 +76,8 @@ int JXJournal::append(const std::string_view* parts, std::size_t count, std::uin
 }
 
 int JXJournal::appendFrames(std::string_view frames) {
-  const std::size_t mark = end_ == 0 ? kJXJournalMark.size() : 0;
-  iovec pieces[] = {partOf(kJXJournalMark.data(), mark), partOf(frames.data(), frames.size())};
+  const std::size_t mark = end_ == 0 ? kJXJournalMagic.size() : 0;
+  iovec pieces[] = {partOf(kJXJournalMagic.data(), mark), partOf(frames.data(), frames.size())};
   return write(pieces, 2, mark + frames.size());
 }
 
@@ -88,8 +88,8 @@ int JXJournal::write(iovec* pieces, int count, std::size_t size) {
     end_ += size;
     return 0;
   }
-  // The disk is full. What went in is taken back; when even that fails, or others may have written
-  // behind it, it stays as a damaged place that readers pass.
+  // The disk is full. Truncates the partial write; when that fails, or when others may have written
+  // after it, it stays as damaged data that readers skip.
   if (written != 0 && (writers_ == Writers::Several || file_.truncate(end_) != 0)) end_ += written;
   return error != 0 ? error : ENOSPC;
 }

@@ -16,12 +16,12 @@
 namespace jx {
 namespace {
 
-// Of the queue's repair; each writes a few dozen requests.
-constexpr int kClosingSteps = 32;
-constexpr std::size_t kDropsAtOnce = 32;
+// Each step of the queue's repair writes a few dozen requests.
+constexpr int kMaxRepairStepsAtClose = 32;
+constexpr std::size_t kDropsPerCall = 32;
 
-// No exception leaves the outbox. What may be thrown is a lack of memory, and what was asked for
-// was then not done.
+// No exception leaves the outbox. Only an allocation failure can throw; the operation then has no
+// effect.
 template <typename Work>
 auto withoutExceptions(Work work) noexcept -> decltype(work()) {
   try {
@@ -38,14 +38,15 @@ class JXOutbox::Implementation {
     Implementation& owner;
     std::unique_lock<std::mutex>& lock;
     ~AfterUnlock() {
-      const auto lines = owner.report_.takeLines();
+      const auto messages = owner.report_.takeMessages();
       lock.unlock();
-      JXStorageReport::log(lines);
+      JXStorageReport::log(messages);
     }
   };
 
  public:
-  /// Runs `work` with the lock held, and logs after releasing it: the log's sink may call back.
+  /// Runs `work` with the lock held and logs after releasing it, because the log sink may call
+  /// back.
   template <typename Work>
   auto locked(Work work) {
     std::unique_lock<std::mutex> lock(mutex_);
@@ -62,12 +63,12 @@ class JXOutbox::Implementation {
     withoutExceptions([&] { locked([](JXOutboxQueue& queue) { queue.adopt(); }); });
   }
 
-  /// What is in memory only goes to the disk when it takes it, in a few milliseconds at most.
+  /// Tries to write requests kept in memory, within a few milliseconds.
   ~Implementation() {
     withoutExceptions([&] {
       locked([this](JXOutboxQueue& queue) {
         segments_.detectDeletedSegments();
-        for (int step = 0; step < kClosingSteps && queue.repairSome(); ++step) {
+        for (int step = 0; step < kMaxRepairStepsAtClose && queue.repairSome(); ++step) {
         }
       });
     });
@@ -76,7 +77,7 @@ class JXOutbox::Implementation {
   std::vector<JXOutboxDrop> takeDropped() {
     std::vector<JXOutboxDrop> dropped;
     for (JXOutboxDrops::Drop& drop :
-         locked([](JXOutboxQueue& queue) { return queue.drops().take(kDropsAtOnce); })) {
+         locked([](JXOutboxQueue& queue) { return queue.drops().take(kDropsPerCall); })) {
       const JXDropReason reason = drop.reason;
       dropped.push_back({reason, bodyOf(std::move(drop))});
     }
@@ -90,14 +91,14 @@ class JXOutbox::Implementation {
 
   bool needsSync() const {
     const std::lock_guard<std::mutex> lock(mutex_);
-    return segments_.needsSync() || queue_.needsRepair() || queue_.hasRefused() ||
+    return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
            dead_.needsSync();
   }
 
   void purge() {
     locked([](JXOutboxQueue& queue) { queue.clear(); });
     reportError("delete the dead letters", dead_.clear());
-    reportError("delete what was set aside", removeQuarantinedFiles(segments_.folder()));
+    reportError("delete the quarantined files", removeQuarantinedFiles(segments_.folder()));
   }
 
   void sync() {
@@ -106,28 +107,28 @@ class JXOutbox::Implementation {
       segments_.detectDeletedSegments();
       segments_.retry();
     });
-    // Step by step, so that a caller's thread never waits for the whole.
+    // Releases the lock between steps, so that a calling thread never waits for the whole repair.
     while (locked([](JXOutboxQueue& queue) { return queue.repairSome(); })) {
     }
-    buryRefused();
+    moveRejectedToDeadLetters();
     syncFiles();
   }
 
-  /// Moves refused requests to the dead letters. First the letter, then the settling: a kill in
-  /// between asks the server again instead of losing the request.
-  void buryRefused() {
-    while (const std::optional<JXOutboxQueue::Refused> refused =
-               locked([](JXOutboxQueue& queue) { return queue.nextRefused(); })) {
-      const int error = dead_.append(refused->request, refused->status);
+  /// Moves rejected requests to the dead letters. Writes the dead letter before the
+  /// acknowledgement: after a kill in between, the request is sent again instead of being lost.
+  void moveRejectedToDeadLetters() {
+    while (const std::optional<JXOutboxQueue::Rejected> rejected =
+               locked([](JXOutboxQueue& queue) { return queue.nextRejected(); })) {
+      const int error = dead_.append(rejected->request, rejected->status);
       if (dead_.takeDamaged()) {
         locked([this](JXOutboxQueue&) { report_.damaged(dead_.path()); });
       }
       if (error != 0) {
-        // Another process has the file for a moment: `sync` comes back to it.
-        if (error != EWOULDBLOCK) reportError("keep a dead letter", error);
+        // With EWOULDBLOCK another process is writing the file; `sync` retries.
+        if (error != EWOULDBLOCK) reportError("store a dead letter", error);
         return;
       }
-      locked([&](JXOutboxQueue& queue) { queue.settleRefused(refused->request.id); });
+      locked([&](JXOutboxQueue& queue) { queue.acknowledgeRejected(rejected->request.id); });
     }
   }
 
@@ -136,7 +137,7 @@ class JXOutbox::Implementation {
     if (error != 0) locked([&](JXOutboxQueue&) { report_.failed(action, error); });
   }
 
-  // Waits for the disk without the lock.
+  // Blocks on disk I/O without the lock.
   void syncFiles() {
     bool folderDirty = false;
     const std::vector<std::shared_ptr<JXOutboxSegment>> dirty = locked([&](JXOutboxQueue&) {
@@ -165,7 +166,7 @@ class JXOutbox::Implementation {
   JXStorageReport report_;
   JXOutboxSegments segments_;
   JXOutboxQueue queue_;
-  JXDeadLetters dead_;  ///< has a lock of its own, so that its rewriting keeps no caller waiting
+  JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
 };
 
 JXOutbox::JXOutbox(const std::string& folder, JXOutboxBounds bounds,
@@ -199,10 +200,10 @@ bool JXOutbox::markDelivered(std::uint64_t id) {
 
 bool JXOutbox::moveToDeadLetters(std::uint64_t id, int status) {
   return withoutExceptions([&] {
-    const bool held =
-        implementation_->locked([&](JXOutboxQueue& queue) { return queue.refuse(id, status); });
-    if (held) implementation_->buryRefused();
-    return held;
+    const bool wasQueued =
+        implementation_->locked([&](JXOutboxQueue& queue) { return queue.reject(id, status); });
+    if (wasQueued) implementation_->moveRejectedToDeadLetters();
+    return wasQueued;
   });
 }
 
@@ -215,7 +216,7 @@ void JXOutbox::sync() {
 }
 
 void JXOutbox::rememberDropped() {
-  implementation_->locked([](JXOutboxQueue& queue) { queue.drops().startRemembering(); });
+  implementation_->locked([](JXOutboxQueue& queue) { queue.drops().startRecording(); });
 }
 
 std::vector<JXOutboxDrop> JXOutbox::takeDropped() {

@@ -14,72 +14,73 @@
 
 namespace jx {
 
-/// A request as it was given to the outbox.
+/// A queued request.
 struct JXOutboxRequest {
-  std::uint64_t id = 0;  ///< names the request in this process only
+  std::uint64_t id = 0;  ///< identifies the request in this process only
   std::int64_t createdMs = 0;
   std::string url;
   std::string body;
 };
 
-/// A request that left the queue without an answer.
+/// A request that left the queue without a final response.
 struct JXOutboxDrop {
   JXDropReason reason = JXDropReason::None;
-  std::string body;  ///< empty when it cannot be read any more
+  std::string body;  ///< empty when it can no longer be read
 };
 
 /// A queue of HTTP requests that survives the end of the process.
 ///
-/// A request is on the disk (in the kernel's hands) when `add` returns, so a killed process loses
-/// none; `sync` makes it durable against a power cut. Several processes may open one folder: each
-/// writes files of its own, and adopts at its start those whose process has ended. All operations
-/// are thread-safe; `add` is meant for the caller's thread and costs one write, the others for the
-/// transfer thread. No operation throws; what fails is counted and logged once per cause.
+/// A request has been written to a file when `add` returns, so it survives a killed process; `sync`
+/// makes it durable across a power loss. Several processes may open one folder: each writes its own
+/// files, and on start adopts the files of processes that have ended. All operations are
+/// thread-safe. `add` is meant for the calling thread and costs one write; the others are meant for
+/// the transfer thread. No operation throws. Each failure is counted, and logged once per cause.
 class JXOutbox {
  public:
-  /// Opens the queue in `folder`, making the folder (mode 0700) when it is missing, and adopts what
-  /// earlier processes left. When the folder cannot be made or read the outbox still works, in
-  /// memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
+  /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
+  /// requests of processes that have ended. When the folder cannot be created or read, the outbox
+  /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
   JXOutbox(const std::string& folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock);
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
   JXOutbox& operator=(const JXOutbox&) = delete;
 
-  /// Appends a request, dropping the oldest ones beyond the bounds. While the disk takes none it
-  /// stays in memory, where the oldest make room for it. Returns its id; nothing when it is larger
-  /// than maxBytes alone (counted in droppedTooLarge), or when the disk took none and maxInMemory
-  /// is 0 (droppedNoStorage). Age is judged by the clock as it stands now: a request from before
-  /// 2025, when the clock was not set yet, and one from the future have no age.
+  /// Appends a request and drops the oldest ones beyond the limits. While writes fail, the request
+  /// is kept in memory, evicting the oldest ones there. Returns its ID; nullopt when the request
+  /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
+  /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
+  /// 2025 (the clock was not set yet) or in the future has no age and does not expire.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
 
-  /// The oldest request that is not in flight and not among `except`; it is in flight from now on.
-  /// Nothing when there is none. A request whose bytes can no longer be read is counted as a
-  /// storage error and skipped. One in flight may be dropped by the bounds; settling it is then
+  /// Marks the oldest request that is neither in flight nor in `except` as in flight and returns
+  /// it; nullopt when there is none. A request that can no longer be read is counted as a storage
+  /// error and skipped. A request in flight may be dropped by the limits; acknowledging it is then
   /// ignored.
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
-  /// Gives a request in flight back; it keeps its place in the order.
+  /// Returns a request in flight to the queue, at its original position. Ignores any other ID.
   void requeue(std::uint64_t id);
-  /// The request was delivered: it is removed. False, here and in the next, for an id that is no
-  /// longer held: the request was dropped meanwhile.
+  /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
+  /// was dropped in the meantime.
   bool markDelivered(std::uint64_t id);
-  /// The request was refused for good: it moves to the dead letters, at once or, when another
-  /// process is writing them or the disk is full, in `sync`.
+  /// Moves a permanently rejected request to the dead letters: immediately, or in `sync` when
+  /// another process is writing them or the disk is full. Returns false as markDelivered does.
   bool moveToDeadLetters(std::uint64_t id, int status);
-  /// Empties the queue, in flight requests and dead letters included, and deletes what damage had
-  /// set aside. What another process holds stays.
+  /// Deletes all requests, including those in flight, the dead letters and the quarantined files.
+  /// Requests of other running processes stay.
   void purge();
 
-  /// Makes durable what was appended since the last call, and does again what the disk refused:
-  /// writes what had to stay in memory, deletes files whose requests are all settled, writes what
-  /// a removed folder held. Transfer thread: it waits for the disk, and no other thread for it.
+  /// Makes requests appended since the last call durable and retries failed operations: writes
+  /// requests kept in memory, deletes files without unacknowledged requests, and rewrites requests
+  /// whose files were deleted. Call it on the transfer thread: it blocks on disk I/O without
+  /// blocking other threads.
   void sync();
-  /// True when `sync` has something to do.
+  /// Returns true when `sync` has work to do.
   bool needsSync() const;
 
-  /// From now on dropped requests are remembered for `takeDropped`, some thousands at most.
+  /// Starts recording dropped requests for `takeDropped`, at most a few thousand at a time.
   void rememberDropped();
-  /// A few of the requests dropped since, those first that were dropped first; nothing when all
-  /// were taken. Reads the disk, and keeps no other thread waiting for that.
+  /// Removes and returns some of the recorded dropped requests, in the order in which they were
+  /// dropped; empty when there are none. Reads the disk without blocking other threads.
   std::vector<JXOutboxDrop> takeDropped();
 
   JXOutboxCounters counters() const;
@@ -89,31 +90,31 @@ class JXOutbox {
   std::unique_ptr<Implementation> implementation_;
 };
 
-/// One request as an outbox folder tells it without being opened for sending.
+/// A request read from an outbox folder that is not opened for sending.
 struct JXOutboxListing {
   std::int64_t createdMs = 0;
   std::string url;
   std::string body;
-  int status = 0;  ///< of a dead letter: the HTTP status that refused it
+  int status = 0;  ///< of a dead letter: the HTTP status that rejected it
 };
 
-/// Reads an outbox folder without changing it, while other processes may have it open: the queued
-/// requests, oldest first. `error` tells why nothing could be read.
+/// Returns the queued requests of a folder, oldest first, without changing it; other processes may
+/// have it open. `error` receives the last read error, empty on success.
 std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error);
-/// The same for the dead letters, oldest first.
+/// Returns the dead letters of a folder, oldest first, in the same way.
 std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error);
 
-/// What `purgeOutbox` did.
+/// The result of `purgeOutbox`.
 struct JXOutboxPurge {
-  std::uint64_t removed = 0;      ///< requests that are gone
-  std::uint64_t marked = 0;       ///< requests that the process which holds them will forget
-  std::uint64_t deadLetters = 0;  ///< that are gone
+  std::uint64_t removed = 0;      ///< requests deleted
+  std::uint64_t marked = 0;       ///< requests that the process owning them will discard
+  std::uint64_t deadLetters = 0;  ///< dead letters deleted
 };
-/// Empties an outbox folder, dead letters and what damage had set aside included, while other
-/// processes may have it open. What such a process holds is marked: it forgets those requests
-/// before it sends anything more, or the next process does that reads them; only a request that is
-/// in flight at that moment may still arrive. Requests that are added later are not meant. `error`
-/// tells what could not be done; the rest is.
+/// Deletes the requests, dead letters and quarantined files of a folder; other processes may have
+/// it open. Requests of a running process are marked: that process, or the next one that reads
+/// them, discards them before it sends another request. Only a request in flight at that moment may
+/// still arrive. Requests added later are not affected. `error` receives the first failure, empty
+/// on success; a failure does not stop the rest of the purge.
 JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error);
 
 }  // namespace jx

@@ -10,24 +10,24 @@
 namespace jx {
 namespace {
 
-// A host whose callback never returns must not make memory grow, nor keep deleted files for ever.
-constexpr std::size_t kMostDrops = 10'000;
-constexpr std::size_t kMostBodyBytes = 8u * 1024 * 1024;
+// Limits memory and deleted files kept open when the application's callback never returns.
+constexpr std::size_t kMaxDrops = 10'000;
+constexpr std::size_t kMaxBodyBytes = 8u * 1024 * 1024;
 
 }  // namespace
 
-void JXOutboxDrops::note(JXDropReason reason, std::string_view body) {
-  if (!remembers_) return;
+void JXOutboxDrops::record(JXDropReason reason, std::string_view body) {
+  if (!isRecording_) return;
   Drop drop;
   drop.reason = reason;
-  if (bodyBytes_ + body.size() <= kMostBodyBytes) drop.body = std::string(body);
+  if (bodyBytes_ + body.size() <= kMaxBodyBytes) drop.body = std::string(body);
   push(std::move(drop));
 }
 
-void JXOutboxDrops::note(JXDropReason reason, const JXOutboxEntry& entry,
-                         std::string_view bodyInMemory) {
-  if (entry.segment == nullptr) return note(reason, bodyInMemory);
-  if (!remembers_) return;
+void JXOutboxDrops::record(JXDropReason reason, const JXOutboxEntry& entry,
+                           std::string_view bodyInMemory) {
+  if (entry.segment == nullptr) return record(reason, bodyInMemory);
+  if (!isRecording_) return;
   Drop drop;
   drop.reason = reason;
   drop.segment = entry.segment->shared_from_this();
@@ -37,15 +37,15 @@ void JXOutboxDrops::note(JXDropReason reason, const JXOutboxEntry& entry,
 }
 
 void JXOutboxDrops::push(Drop drop) {
-  if (drops_.size() >= kMostDrops) return;
+  if (drops_.size() >= kMaxDrops) return;
   bodyBytes_ += drop.body.size();
   drops_.push_back(std::move(drop));
 }
 
-std::vector<JXOutboxDrops::Drop> JXOutboxDrops::take(std::size_t most) {
+std::vector<JXOutboxDrops::Drop> JXOutboxDrops::take(std::size_t limit) {
   std::vector<Drop> taken;
-  taken.reserve(std::min(most, drops_.size()));
-  while (taken.size() < most && !drops_.empty()) {
+  taken.reserve(std::min(limit, drops_.size()));
+  while (taken.size() < limit && !drops_.empty()) {
     bodyBytes_ -= drops_.front().body.size();
     taken.push_back(std::move(drops_.front()));
     drops_.pop_front();

@@ -16,38 +16,40 @@
 
 namespace jx {
 
-/// The requests that left a queue without an answer, until somebody is told of them. What a file
-/// holds is read only then, so that dropping thousands costs the caller no reading: a segment lives
-/// as long as a drop in it is remembered, even when its file is gone. Not synchronised.
+/// Records the requests that left a queue without a final response until they are reported. Bodies
+/// in files are read only then, so dropping thousands of requests reads nothing. A segment stays
+/// open while a dropped request in it is recorded, even after its file was deleted. Not
+/// synchronised.
 class JXOutboxDrops {
  public:
   struct Drop {
     JXDropReason reason = JXDropReason::None;
-    std::shared_ptr<JXOutboxSegment> segment;  ///< null: `body` holds the text
+    std::shared_ptr<JXOutboxSegment> segment;  ///< null: the body is in `body`
     std::uint32_t offset = 0;
     std::uint32_t bytes = 0;
     std::string body;
   };
 
-  /// Nothing is remembered before this.
-  void startRemembering() { remembers_ = true; }
-  /// A request that no file holds.
-  void note(JXDropReason reason, std::string_view body);
-  /// A request in the index, with its body when it is in memory only.
-  void note(JXDropReason reason, const JXOutboxEntry& entry, std::string_view bodyInMemory);
-  /// Up to `most`, those first that were dropped first. May be read without the owner's lock.
-  std::vector<Drop> take(std::size_t most);
+  /// Starts recording; requests dropped earlier are not recorded.
+  void startRecording() { isRecording_ = true; }
+  /// Records a dropped request that is in no file.
+  void record(JXDropReason reason, std::string_view body);
+  /// Records a dropped request of the index; `bodyInMemory` is used only if it is in no file.
+  void record(JXDropReason reason, const JXOutboxEntry& entry, std::string_view bodyInMemory);
+  /// Removes and returns up to `limit` records in the order in which the requests were dropped.
+  /// Their bodies may be read without the owner's lock.
+  std::vector<Drop> take(std::size_t limit);
   bool isEmpty() const { return drops_.empty(); }
 
  private:
   void push(Drop drop);
 
-  bool remembers_ = false;
+  bool isRecording_ = false;
   std::deque<Drop> drops_;
   std::size_t bodyBytes_ = 0;
 };
 
-/// The body of a drop, empty when it cannot be read any more.
+/// Returns the body of a dropped request, empty when it can no longer be read.
 std::string bodyOf(JXOutboxDrops::Drop drop);
 
 }  // namespace jx

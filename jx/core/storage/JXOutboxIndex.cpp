@@ -9,8 +9,8 @@ namespace {
 
 using State = JXOutboxEntry::State;
 
-// Below this many dropping those that are gone is not worth the walk.
-constexpr std::size_t kFewGone = 1'024;
+// Erasing fewer entries than this is not worth traversing all.
+constexpr std::size_t kMinGoneToCompact = 1'024;
 
 }  // namespace
 
@@ -25,26 +25,26 @@ JXOutboxEntry& JXOutboxIndex::push(JXOutboxEntry entry) {
 
 JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
   const auto found = from(id);
-  const bool held = found != entries_.end() && found->id == id && found->state != State::Gone;
-  return held ? &*found : nullptr;
+  const bool exists = found != entries_.end() && found->id == id && found->state != State::Gone;
+  return exists ? &*found : nullptr;
 }
 
 JXOutboxEntry* JXOutboxIndex::oldest() { return entries_.empty() ? nullptr : &entries_.front(); }
 
 JXOutboxEntry* JXOutboxIndex::nextQueued(const std::vector<std::uint64_t>& except) {
-  bool passedSome = false;
-  for (auto entry = from(takeFrom_); entry != entries_.end(); ++entry) {
+  bool foundQueued = false;
+  for (auto entry = from(firstQueued_); entry != entries_.end(); ++entry) {
     if (entry->state != State::Queued) continue;
-    // Whatever follows, the first of those that are queued is this one.
-    if (!passedSome) takeFrom_ = entry->id;
-    passedSome = true;
+    // The first queued entry, even if it is in `except`.
+    if (!foundQueued) firstQueued_ = entry->id;
+    foundQueued = true;
     if (std::find(except.begin(), except.end(), entry->id) == except.end()) return &*entry;
   }
-  if (!passedSome) takeFrom_ = nextId_;
+  if (!foundQueued) firstQueued_ = nextId_;
   return nullptr;
 }
 
-void JXOutboxIndex::noteQueued(std::uint64_t id) { takeFrom_ = std::min(takeFrom_, id); }
+void JXOutboxIndex::markQueued(std::uint64_t id) { firstQueued_ = std::min(firstQueued_, id); }
 
 void JXOutboxIndex::remove(JXOutboxEntry& entry) {
   entry.state = State::Gone;
@@ -54,7 +54,7 @@ void JXOutboxIndex::remove(JXOutboxEntry& entry) {
   while (!entries_.empty() && isGone(entries_.front()))
     entries_.pop_front();
   const std::size_t gone = entries_.size() - count_;
-  if (gone > kFewGone && gone > entries_.size() / 2) {
+  if (gone > kMinGoneToCompact && gone > entries_.size() / 2) {
     entries_.erase(std::remove_if(entries_.begin(), entries_.end(), isGone), entries_.end());
   }
 }

@@ -11,12 +11,13 @@ namespace jx {
 
 class JXOutboxSegment;
 
-/// Where one request is: all that memory holds of it, unless the disk takes none.
+/// The location and state of one request; its content is in a file, or in memory while writes
+/// fail.
 struct JXOutboxEntry {
   enum class State : std::uint8_t {
     Queued,
     InFlight,
-    Refused,  ///< for good; it waits for its place among the dead letters
+    Rejected,  ///< permanently; to be moved to the dead letters
     Gone
   };
 
@@ -24,26 +25,26 @@ struct JXOutboxEntry {
   std::int64_t createdMs = 0;
   JXOutboxSegment* segment = nullptr;  ///< null: in memory only
   std::uint32_t offset = 0;            ///< of its frame in the segment
-  std::uint32_t bytes = 0;             ///< of URL and body
-  std::int16_t status = 0;             ///< that refused it
+  std::uint32_t bytes = 0;             ///< size of URL and body
+  std::int16_t status = 0;             ///< the HTTP status that rejected it
   State state = State::Queued;
 };
-static_assert(sizeof(JXOutboxEntry) <= 48, "10,000 of these are held in a TV's memory");
+static_assert(sizeof(JXOutboxEntry) <= 48, "a TV keeps up to 10,000 of these in memory");
 
-/// The requests of an outbox in their order, oldest first. Not synchronised. Pointers to entries
-/// are valid until the next `push` or `remove`.
+/// The requests of an outbox in order, oldest first. Not synchronised. Pointers to entries are
+/// valid until the next `push` or `remove`.
 class JXOutboxIndex {
  public:
-  /// Appends a request and gives it its id.
+  /// Appends a request and assigns its ID.
   JXOutboxEntry& push(JXOutboxEntry entry);
-  /// Null when there is no such request.
+  /// Returns the request with this ID, or null.
   JXOutboxEntry* find(std::uint64_t id);
-  /// Null when there is none.
+  /// Returns the oldest request, or null.
   JXOutboxEntry* oldest();
-  /// The oldest that is neither in flight nor refused nor among `except`. Null when there is none.
+  /// Returns the oldest request that is neither in flight nor rejected nor in `except`, or null.
   JXOutboxEntry* nextQueued(const std::vector<std::uint64_t>& except);
-  /// To be called when a request may be taken again.
-  void noteQueued(std::uint64_t id);
+  /// Call this when the state of a request changes back to Queued.
+  void markQueued(std::uint64_t id);
   void remove(JXOutboxEntry& entry);
 
   /// Calls `visit` for each request, oldest first, until it returns false.
@@ -54,7 +55,7 @@ class JXOutboxIndex {
     }
   }
 
-  /// The id that the next request will have.
+  /// Returns the ID that the next request will get.
   std::uint64_t nextId() const { return nextId_; }
   std::size_t count() const { return count_; }
   std::uint64_t bytes() const { return bytes_; }
@@ -62,9 +63,9 @@ class JXOutboxIndex {
  private:
   std::deque<JXOutboxEntry>::iterator from(std::uint64_t id);
 
-  std::deque<JXOutboxEntry> entries_;  ///< by id; those that are gone are dropped now and then
+  std::deque<JXOutboxEntry> entries_;  ///< by ID; entries that are Gone are erased in batches
   std::uint64_t nextId_ = 1;
-  std::uint64_t takeFrom_ = 1;  ///< none before this id is queued
+  std::uint64_t firstQueued_ = 1;  ///< no request with a lower ID is queued
   std::size_t count_ = 0;
   std::uint64_t bytes_ = 0;
 };

@@ -13,13 +13,13 @@
 namespace jx {
 namespace {
 
-// The names in the folder; false, with the reason in `error`, when it cannot be read.
-bool namesIn(const std::string& folder, std::vector<std::string>& names, std::string& error) {
-  const int number = listFolder(folder, names);
-  error = number == 0 ? std::string()
-                      : "cannot read " + folder + ": " +
-                            std::error_code(number, std::generic_category()).message();
-  return number == 0;
+// Lists the names in the folder. Returns false and sets `error` when it cannot be read.
+bool listNames(const std::string& folder, std::vector<std::string>& names, std::string& error) {
+  const int code = listFolder(folder, names);
+  error = code == 0 ? std::string()
+                    : "cannot read " + folder + ": " +
+                          std::error_code(code, std::generic_category()).message();
+  return code == 0;
 }
 
 }  // namespace
@@ -27,14 +27,14 @@ bool namesIn(const std::string& folder, std::vector<std::string>& names, std::st
 std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error) {
   std::vector<JXOutboxListing> listing;
   std::vector<std::string> names;
-  if (!namesIn(folder, names, error)) return listing;
-  // The names sort as their numbers do.
+  if (!listNames(folder, names, error)) return listing;
+  // Names sort in the order of their numbers.
   std::sort(names.begin(), names.end());
   for (const std::string& name : names) {
     if (JXOutboxSegment::numberOf(name) == 0) continue;
     std::vector<JXListedRequest> requests;
     const int failure = listSegment(folder + "/" + name, requests);
-    // One that was delivered and deleted in this instant is no failure.
+    // A segment that was delivered and deleted in the meantime is not an error.
     if (failure != 0 && failure != ENOENT) {
       error = "cannot read " + name + ": " +
               std::error_code(failure, std::generic_category()).message();
@@ -49,7 +49,7 @@ std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& 
 std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error) {
   std::vector<JXOutboxListing> listing;
   std::vector<std::string> names;
-  if (!namesIn(folder, names, error)) return listing;
+  if (!listNames(folder, names, error)) return listing;
   std::size_t keep = 0;
   const int failure = JXJournal::scan(folder + "/dead", [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
@@ -61,7 +61,7 @@ std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::str
   if (failure != 0 && failure != ENOENT) {
     error = "cannot read dead: " + std::error_code(failure, std::generic_category()).message();
   }
-  // Older ones stay in the file until it is rewritten.
+  // Older dead letters stay in the file until it is compacted.
   if (listing.size() > keep) {
     listing.erase(listing.begin(),
                   listing.end() - static_cast<std::vector<JXOutboxListing>::difference_type>(keep));

@@ -14,12 +14,13 @@
 namespace jx {
 namespace {
 
-void note(int number, const std::string& what, std::string& error) {
-  if (number == 0 || number == ENOENT || !error.empty()) return;
-  error = "cannot " + what + ": " + std::error_code(number, std::generic_category()).message();
+// Keeps the first error.
+void recordError(int code, const std::string& action, std::string& error) {
+  if (code == 0 || code == ENOENT || !error.empty()) return;
+  error = "cannot " + action + ": " + std::error_code(code, std::generic_category()).message();
 }
 
-// A segment that nobody holds is deleted; the holder of another is told by a mark.
+// Deletes a segment that no process owns. Writes a purge mark for the owner of any other.
 void purgeSegment(const std::string& folder, std::uint64_t number, JXOutboxPurge& purge,
                   std::string& error) {
   const std::string path = folder + "/" + JXOutboxSegment::nameOf(number);
@@ -27,18 +28,18 @@ void purgeSegment(const std::string& folder, std::uint64_t number, JXOutboxPurge
   JXJournal::Recovery recovery;
   if (const auto segment = JXOutboxSegment::adopt(folder, number, requests, recovery)) {
     const int failure = segment->remove();
-    note(failure, "delete " + path, error);
+    recordError(failure, "delete " + path, error);
     if (failure == 0) purge.removed += requests.size();
     return;
   }
-  note(recovery.error, "read " + path, error);
-  std::vector<JXListedRequest> held;
-  note(listSegment(path, held), "read " + path, error);
-  if (held.empty()) return;
+  recordError(recovery.error, "read " + path, error);
+  std::vector<JXListedRequest> queued;
+  recordError(listSegment(path, queued), "read " + path, error);
+  if (queued.empty()) return;
   const int failure = writePurgeMark(path);
-  note(failure, "mark " + path, error);
-  // One that was delivered and deleted in this instant needs no mark.
-  if (failure == 0) purge.marked += held.size();
+  recordError(failure, "mark " + path + " for purging", error);
+  // A segment that was delivered and deleted in the meantime needs no mark.
+  if (failure == 0) purge.marked += queued.size();
 }
 
 }  // namespace
@@ -61,9 +62,9 @@ JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error) {
   std::string ignored;
   const std::size_t dead = listDeadLetters(folder, ignored).size();
   const int deadError = JXDeadLetters(folder, 0).clear();
-  note(deadError, "delete the dead letters", error);
+  recordError(deadError, "delete the dead letters", error);
   if (deadError == 0) purge.deadLetters = dead;
-  note(removeQuarantinedFiles(folder), "delete what was set aside", error);
+  recordError(removeQuarantinedFiles(folder), "delete the quarantined files", error);
   return purge;
 }
 

@@ -12,10 +12,10 @@ namespace {
 
 using State = JXOutboxEntry::State;
 
-// 2025-01-01T00:00:00Z. A TV without a battery clock starts in 1970 and learns the time later: a
-// request from before this instant has an unknown age.
+// 2025-01-01T00:00:00Z. A TV without a battery-backed clock starts in 1970 and gets the time later:
+// the age of a request dated before this is unknown.
 constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
-// What one step of a repair does while the caller's thread may be waiting for the lock.
+// Requests written per repair step. A calling thread may be waiting for the lock in the meantime.
 constexpr int kRepairStep = 32;
 
 }  // namespace
@@ -32,7 +32,7 @@ void JXOutboxQueue::adopt() {
     entry.offset = request.offset;
     entry.bytes = request.bytes;
     index_.push(entry);
-    noteCreated(request.createdMs);
+    updateOldest(request.createdMs);
   });
 }
 
@@ -50,32 +50,32 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   }
   const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
-  noteCreated(entry.createdMs);
-  dropBeyondBounds(entry.createdMs);
+  updateOldest(entry.createdMs);
+  dropOverLimits(entry.createdMs);
   return id;
 }
 
 std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason reason) {
   count(reason);
-  drops_.note(reason, body);
+  drops_.record(reason, body);
   return std::nullopt;
 }
 
-// The next request to be pushed stays in memory; the oldest there make room.
+// Stores the request that is pushed next in memory and evicts the oldest ones there.
 bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
   if (bounds_.maxInMemory == 0) return false;
   while (memory_.size() >= bounds_.maxInMemory) {
     drop(*index_.find(memory_.begin()->first), JXDropReason::NoStorage);
   }
-  memory_.emplace(index_.nextId(), Texts{std::string(url), std::string(body)});
+  memory_.emplace(index_.nextId(), StoredInMemory{std::string(url), std::string(body)});
   return true;
 }
 
-void JXOutboxQueue::noteCreated(std::int64_t createdMs) {
+void JXOutboxQueue::updateOldest(std::int64_t createdMs) {
   if (createdMs >= kFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
 }
 
-void JXOutboxQueue::dropBeyondBounds(std::int64_t nowMs) {
+void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   dropExpired(nowMs);
   const std::size_t maxRequests = std::max<std::size_t>(bounds_.maxRequests, 1);
   while (index_.count() > maxRequests)
@@ -85,8 +85,8 @@ void JXOutboxQueue::dropBeyondBounds(std::int64_t nowMs) {
   finishModifiedSegments();
 }
 
-// The walk over all requests happens only when the oldest may have expired. A request from the
-// future, made before a clock was set back, does not expire.
+// Traverses all requests only when the oldest may have expired. A request dated in the future,
+// created before the clock was set back, does not expire.
 void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
   const std::int64_t maxAgeMs = bounds_.maxAge.count();
   const auto isExpired = [&](std::int64_t createdMs) {
@@ -99,7 +99,7 @@ void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
     if (isExpired(entry.createdMs)) {
       expired.push_back(entry.id);
     } else {
-      noteCreated(entry.createdMs);
+      updateOldest(entry.createdMs);
     }
     return true;
   });
@@ -108,11 +108,11 @@ void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
 }
 
 void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) {
-  // A refused one was counted as rejected; only its place among the dead letters is lost.
-  if (entry.state != State::Refused) {
+  // A rejected request was counted already; it is only not moved to the dead letters.
+  if (entry.state != State::Rejected) {
     count(reason);
     const bool isInMemory = entry.segment == nullptr;
-    drops_.note(reason, entry, isInMemory ? memory_.at(entry.id).body : std::string_view());
+    drops_.record(reason, entry, isInMemory ? memory_.at(entry.id).body : std::string_view());
   }
   release(entry);
 }
@@ -142,27 +142,28 @@ void JXOutboxQueue::count(JXDropReason reason) {
   }
 }
 
-// Forgets a request. Its file is told by `finishModifiedSegments`, once for all that were released.
+// Removes a request. finishModifiedSegments writes the acknowledgements of all released requests
+// together.
 void JXOutboxQueue::release(JXOutboxEntry& entry) {
-  if (entry.state == State::Refused) {
-    refusedBytes_ -= entry.bytes;
-    refused_.erase(std::find(refused_.begin(), refused_.end(), entry.id));
+  if (entry.state == State::Rejected) {
+    rejectedBytes_ -= entry.bytes;
+    rejected_.erase(std::find(rejected_.begin(), rejected_.end(), entry.id));
   }
   if (entry.segment == nullptr) {
     memory_.erase(entry.id);
   } else {
-    entry.segment->settle(entry.offset);
-    if (touched_.empty() || touched_.back() != entry.segment) touched_.push_back(entry.segment);
+    entry.segment->acknowledge(entry.offset);
+    if (modified_.empty() || modified_.back() != entry.segment) modified_.push_back(entry.segment);
   }
   index_.remove(entry);
 }
 
 void JXOutboxQueue::finishModifiedSegments() {
-  std::sort(touched_.begin(), touched_.end());
-  touched_.erase(std::unique(touched_.begin(), touched_.end()), touched_.end());
-  for (JXOutboxSegment* segment : touched_)
+  std::sort(modified_.begin(), modified_.end());
+  modified_.erase(std::unique(modified_.begin(), modified_.end()), modified_.end());
+  for (JXOutboxSegment* segment : modified_)
     segments_.finish(*segment);
-  touched_.clear();
+  modified_.clear();
 }
 
 std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except) {
@@ -183,9 +184,9 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
   request.id = entry.id;
   request.createdMs = entry.createdMs;
   if (entry.segment == nullptr) {
-    const Texts& texts = memory_.at(entry.id);
-    request.url = texts.url;
-    request.body = texts.body;
+    const StoredInMemory& stored = memory_.at(entry.id);
+    request.url = stored.url;
+    request.body = stored.body;
     return 0;
   }
   std::string payload;
@@ -194,14 +195,14 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
   const JXOutboxRecord record = decodeRecord(payload);
   if (record.kind != JXRecordKind::Request) return EBADMSG;
   request.url = std::string(record.url);
-  // The body is what is left of the payload in its own memory.
+  // Reuses the memory of the payload for the body.
   payload.erase(0, payload.size() - record.body.size());
   request.body = std::move(payload);
   return 0;
 }
 
-// A damaged request is set aside and done with. One that the disk refuses to read stays on it for
-// the next start, when the disk may have changed its mind.
+// Quarantines and drops a damaged request. After a read error the request stays in its file for
+// the next start, when it may be readable again.
 void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
   report_.failed("read a request", error);
   if (error != EBADMSG) {
@@ -209,8 +210,8 @@ void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
     return;
   }
   bool copied = false;
-  const int copyError = entry.segment->setAsideRequest(entry.offset, entry.bytes, copied);
-  if (copyError != 0) report_.failed("set a damaged request aside", copyError);
+  const int copyError = entry.segment->quarantineRequest(entry.offset, entry.bytes, copied);
+  if (copyError != 0) report_.failed("quarantine a damaged request", copyError);
   if (copied) report_.damaged(entry.segment->path());
   drop(entry, JXDropReason::Unreadable);
   finishModifiedSegments();
@@ -228,7 +229,7 @@ void JXOutboxQueue::applyPurgeMarks() {
     for (const std::uint64_t id : ids)
       drop(*index_.find(id), JXDropReason::Purged);
     finishModifiedSegments();
-    if (!purged.segment->hasUnwrittenSettled()) removePurgeMark(purged.segment->path());
+    if (!purged.segment->hasUnwrittenAcknowledgements()) removePurgeMark(purged.segment->path());
   }
 }
 
@@ -236,12 +237,12 @@ void JXOutboxQueue::requeue(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state != State::InFlight) return;
   entry->state = State::Queued;
-  index_.noteQueued(id);
+  index_.markQueued(id);
 }
 
 bool JXOutboxQueue::markDelivered(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state == State::Refused) return false;
+  if (entry == nullptr || entry->state == State::Rejected) return false;
   ++counters_.delivered;
   release(*entry);
   finishModifiedSegments();
@@ -255,24 +256,24 @@ void JXOutboxQueue::clear() {
   segments_.finishCurrent();
 }
 
-bool JXOutboxQueue::refuse(std::uint64_t id, int status) {
+bool JXOutboxQueue::reject(std::uint64_t id, int status) {
   JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state == State::Refused) return false;
+  if (entry == nullptr || entry->state == State::Rejected) return false;
   ++counters_.rejected;
-  entry->state = State::Refused;
+  entry->state = State::Rejected;
   entry->status = static_cast<std::int16_t>(status);
-  refused_.push_back(id);
-  refusedBytes_ += entry->bytes;
+  rejected_.push_back(id);
+  rejectedBytes_ += entry->bytes;
   return true;
 }
 
-std::optional<JXOutboxQueue::Refused> JXOutboxQueue::nextRefused() {
-  while (!refused_.empty()) {
-    JXOutboxEntry& entry = *index_.find(refused_.front());
-    Refused refused;
-    refused.status = entry.status;
-    const int error = read(entry, refused.request);
-    if (error == 0) return refused;
+std::optional<JXOutboxQueue::Rejected> JXOutboxQueue::nextRejected() {
+  while (!rejected_.empty()) {
+    JXOutboxEntry& entry = *index_.find(rejected_.front());
+    Rejected rejected;
+    rejected.status = entry.status;
+    const int error = read(entry, rejected.request);
+    if (error == 0) return rejected;
     report_.failed("read a request", error);
     release(entry);
     finishModifiedSegments();
@@ -280,25 +281,25 @@ std::optional<JXOutboxQueue::Refused> JXOutboxQueue::nextRefused() {
   return std::nullopt;
 }
 
-void JXOutboxQueue::settleRefused(std::uint64_t id) {
+void JXOutboxQueue::acknowledgeRejected(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state != State::Refused) return;
+  if (entry == nullptr || entry->state != State::Rejected) return;
   release(*entry);
   finishModifiedSegments();
 }
 
 bool JXOutboxQueue::repairSome() {
   if (!needsRepair()) return false;
-  // Those of deleted files are older.
-  const bool took = segments_.hasLost() ? rewriteLostRequests() : writeSomeOfMemory();
-  if (took && !needsRepair()) report_.recovered();
-  return took && needsRepair();
+  // Requests of deleted files are older than those in memory.
+  const bool succeeded = segments_.hasLost() ? rewriteLostRequests() : writeSomeOfMemory();
+  if (succeeded && !needsRepair()) report_.recovered();
+  return succeeded && needsRepair();
 }
 
-// Copies requests out of deleted files, which live as long as they are open here.
+// Copies requests from deleted files, which exist as long as they are open here.
 bool JXOutboxQueue::rewriteLostRequests() {
   int done = 0;
-  bool took = true;
+  bool succeeded = true;
   std::vector<std::uint64_t> unreadable;
   index_.forEach([&](JXOutboxEntry& entry) {
     if (entry.segment == nullptr || !entry.segment->lost) return true;
@@ -310,10 +311,10 @@ bool JXOutboxQueue::rewriteLostRequests() {
     std::uint32_t offset = 0;
     JXOutboxSegment* const segment =
         segments_.append(request.url, request.body, entry.createdMs, offset);
-    took = segment != nullptr;
-    if (!took) return false;
-    entry.segment->settle(entry.offset);
-    touched_.push_back(entry.segment);
+    succeeded = segment != nullptr;
+    if (!succeeded) return false;
+    entry.segment->acknowledge(entry.offset);
+    modified_.push_back(entry.segment);
     entry.segment = segment;
     entry.offset = offset;
     return ++done < kRepairStep;
@@ -321,7 +322,7 @@ bool JXOutboxQueue::rewriteLostRequests() {
   for (const std::uint64_t id : unreadable)
     dropUnreadable(*index_.find(id), EBADMSG);
   finishModifiedSegments();
-  return took;
+  return succeeded;
 }
 
 bool JXOutboxQueue::writeSomeOfMemory() {
@@ -340,8 +341,8 @@ JXOutboxCounters JXOutboxQueue::counters() const {
   JXOutboxCounters counters = counters_;
   counters.storageErrors = report_.failures();
   counters.damaged = report_.damagedFiles();
-  counters.queued = index_.count() - refused_.size();
-  counters.queuedBytes = index_.bytes() - refusedBytes_;
+  counters.queued = index_.count() - rejected_.size();
+  counters.queuedBytes = index_.bytes() - rejectedBytes_;
   counters.inMemory = memory_.size();
   return counters;
 }

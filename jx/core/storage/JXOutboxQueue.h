@@ -19,12 +19,13 @@
 
 namespace jx {
 
-/// The order, the bounds and the counters of an outbox, on its segments. Not synchronised: the
-/// outbox calls it under its lock. The operations mean what those of JXOutbox mean.
+/// Implements the order, limits and counters of an outbox on top of its segments. Not
+/// synchronised: the outbox calls it with its lock held. Operations correspond to those of
+/// JXOutbox.
 class JXOutboxQueue {
  public:
-  /// A request that was refused for good and is to become a dead letter.
-  struct Refused {
+  /// A permanently rejected request, to be moved to the dead letters.
+  struct Rejected {
     JXOutboxRequest request;
     int status = 0;
   };
@@ -33,26 +34,28 @@ class JXOutboxQueue {
   JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report, const JXOutboxBounds& bounds,
                 std::shared_ptr<const JXClock> clock);
 
-  /// Takes over what the segments of ended processes hold. To be called once, first.
+  /// Adopts the requests of processes that have ended. Call it once, before anything else.
   void adopt();
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except);
   void requeue(std::uint64_t id);
-  /// Forgets what another process marked for purging.
+  /// Drops the requests that another process marked for purging.
   void applyPurgeMarks();
   bool markDelivered(std::uint64_t id);
   void clear();
 
-  /// Marks a request as refused; it is no longer queued. False when it is not held.
-  bool refuse(std::uint64_t id, int status);
-  /// The oldest refused request, with its bytes.
-  std::optional<Refused> nextRefused();
-  /// The refused request has become a dead letter.
-  void settleRefused(std::uint64_t id);
-  bool hasRefused() const { return !refused_.empty(); }
+  /// Marks a request as rejected; it is no longer queued. Returns false if the ID is unknown or
+  /// already rejected.
+  bool reject(std::uint64_t id, int status);
+  /// Returns the rejected request that was rejected first, with its content; nullopt if there is
+  /// none. Drops rejected requests that cannot be read.
+  std::optional<Rejected> nextRejected();
+  /// Acknowledges a rejected request that was moved to the dead letters.
+  void acknowledgeRejected(std::uint64_t id);
+  bool hasRejected() const { return !rejected_.empty(); }
 
-  /// Writes a few requests that are in memory only, or whose file was deleted, to the disk. True
-  /// when there are more and the disk took these.
+  /// Writes some of the requests that are in memory only or whose file was deleted. Returns true
+  /// when the writes succeeded and more requests remain.
   bool repairSome();
   bool needsRepair() const { return !memory_.empty() || segments_.hasLost(); }
 
@@ -60,15 +63,15 @@ class JXOutboxQueue {
   JXOutboxDrops& drops() { return drops_; }
 
  private:
-  struct Texts {
+  struct StoredInMemory {
     std::string url;
     std::string body;
   };
 
   std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   bool keepInMemory(std::string_view url, std::string_view body);
-  void noteCreated(std::int64_t createdMs);
-  void dropBeyondBounds(std::int64_t nowMs);
+  void updateOldest(std::int64_t createdMs);
+  void dropOverLimits(std::int64_t nowMs);
   void dropExpired(std::int64_t nowMs);
   void drop(JXOutboxEntry& entry, JXDropReason reason);
   void count(JXDropReason reason);
@@ -84,11 +87,11 @@ class JXOutboxQueue {
   const JXOutboxBounds bounds_;
   const std::shared_ptr<const JXClock> clock_;
   JXOutboxIndex index_;
-  std::map<std::uint64_t, Texts> memory_;  ///< by id: requests that are on no disk yet
-  std::vector<std::uint64_t> refused_;     ///< ids, oldest first
-  std::vector<JXOutboxSegment*> touched_;  ///< had requests settled; their files do not say so yet
-  std::uint64_t refusedBytes_ = 0;
-  /// No request that can expire is older than this.
+  std::map<std::uint64_t, StoredInMemory> memory_;  ///< by ID: requests not yet in a file
+  std::vector<std::uint64_t> rejected_;             ///< IDs, in the order of rejection
+  std::vector<JXOutboxSegment*> modified_;          ///< have acknowledgements to write
+  std::uint64_t rejectedBytes_ = 0;
+  /// Lower bound of the creation times of requests that can expire.
   std::int64_t oldestMs_ = std::numeric_limits<std::int64_t>::max();
   JXOutboxCounters counters_;
   JXOutboxDrops drops_;

@@ -10,7 +10,7 @@ namespace jx {
 namespace {
 
 constexpr unsigned char kRequest = 'Q';
-constexpr unsigned char kSettled = 'S';
+constexpr unsigned char kAcknowledgement = 'S';
 constexpr unsigned char kDeadLetter = 'D';
 
 void encodeHead(unsigned char* head, unsigned char kind, std::string_view url,
@@ -21,15 +21,15 @@ void encodeHead(unsigned char* head, unsigned char kind, std::string_view url,
   putU64(head + 8, static_cast<std::uint64_t>(createdMs));
 }
 
-// The part that a request and a dead letter have in common.
-bool decodeTexts(std::string_view payload, std::size_t headSize, JXOutboxRecord& record) {
+// Decodes the fields that a request and a dead letter have in common.
+bool decodeUrlAndBody(std::string_view payload, std::size_t headSize, JXOutboxRecord& record) {
   if (payload.size() < headSize) return false;
   const std::size_t urlLength = getU32(payload.data() + 4);
-  const std::string_view texts = payload.substr(headSize);
-  if (urlLength > texts.size()) return false;
+  const std::string_view strings = payload.substr(headSize);
+  if (urlLength > strings.size()) return false;
   record.createdMs = static_cast<std::int64_t>(getU64(payload.data() + 8));
-  record.url = texts.substr(0, urlLength);
-  record.body = texts.substr(urlLength);
+  record.url = strings.substr(0, urlLength);
+  record.body = strings.substr(urlLength);
   return true;
 }
 
@@ -38,16 +38,16 @@ bool decodeTexts(std::string_view payload, std::size_t headSize, JXOutboxRecord&
 JXOutboxRecord decodeRecord(std::string_view payload) {
   JXOutboxRecord record;
   const unsigned char kind = payload.empty() ? 0 : static_cast<unsigned char>(payload.front());
-  if (kind == kRequest && decodeTexts(payload, kJXRequestHeadSize, record)) {
+  if (kind == kRequest && decodeUrlAndBody(payload, kJXRequestHeadSize, record)) {
     record.kind = JXRecordKind::Request;
-  } else if (kind == kDeadLetter && decodeTexts(payload, kJXDeadLetterHeadSize, record)) {
+  } else if (kind == kDeadLetter && decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) {
     record.kind = JXRecordKind::DeadLetter;
     record.status = static_cast<int>(getU32(payload.data() + 16));
     record.keep = getU32(payload.data() + 20);
-  } else if (kind == kSettled) {
-    record.kind = JXRecordKind::Settled;
-    for (std::size_t at = kJXSettledHeadSize; at + 4 <= payload.size(); at += 4) {
-      record.settled.push_back(getU32(payload.data() + at));
+  } else if (kind == kAcknowledgement) {
+    record.kind = JXRecordKind::Acknowledgement;
+    for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {
+      record.acknowledged.push_back(getU32(payload.data() + at));
     }
   }
   return record;
@@ -65,11 +65,11 @@ void encodeDeadLetterHead(unsigned char (&head)[kJXDeadLetterHeadSize], std::str
   putU32(head + 20, keep);
 }
 
-std::vector<unsigned char> encodeSettled(const std::vector<std::uint32_t>& offsets) {
-  std::vector<unsigned char> payload(kJXSettledHeadSize + 4 * offsets.size());
-  payload[0] = kSettled;
+std::vector<unsigned char> encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
+  std::vector<unsigned char> payload(kJXAcknowledgementHeadSize + 4 * offsets.size());
+  payload[0] = kAcknowledgement;
   for (std::size_t i = 0; i < offsets.size(); ++i) {
-    putU32(payload.data() + kJXSettledHeadSize + 4 * i, offsets[i]);
+    putU32(payload.data() + kJXAcknowledgementHeadSize + 4 * i, offsets[i]);
   }
   return payload;
 }

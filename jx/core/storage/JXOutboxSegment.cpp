@@ -18,23 +18,23 @@ constexpr std::uint64_t kSegmentSize = 1024 * 1024;
 constexpr std::string_view kPrefix = "segment-";
 constexpr std::size_t kDigits = 16;
 
-// What is settled stands before the frame that says so. One that names a later place was not
-// written here, and must not settle the request that comes to stand there.
-void addSettled(std::vector<std::uint32_t>& settled, const JXOutboxRecord& record,
-                std::uint64_t frameOffset) {
-  for (const std::uint32_t offset : record.settled) {
-    if (offset < frameOffset) settled.push_back(offset);
+// An acknowledgement follows the requests that it names. Ignores later offsets: such a frame was
+// not written by this class and must not acknowledge a request that is appended there later.
+void addAcknowledged(std::vector<std::uint32_t>& acknowledged, const JXOutboxRecord& record,
+                     std::uint64_t frameOffset) {
+  for (const std::uint32_t offset : record.acknowledged) {
+    if (offset < frameOffset) acknowledged.push_back(offset);
   }
 }
 
-// Removes those of `offsets` from a list that is sorted by offset.
+// Removes the requests at `offsets`.
 template <typename Request>
-void removeSettled(std::vector<Request>& requests, std::vector<std::uint32_t>& offsets) {
+void removeAcknowledged(std::vector<Request>& requests, std::vector<std::uint32_t>& offsets) {
   std::sort(offsets.begin(), offsets.end());
-  const auto isSettled = [&](const Request& request) {
+  const auto isAcknowledged = [&](const Request& request) {
     return std::binary_search(offsets.begin(), offsets.end(), request.offset);
   };
-  requests.erase(std::remove_if(requests.begin(), requests.end(), isSettled), requests.end());
+  requests.erase(std::remove_if(requests.begin(), requests.end(), isAcknowledged), requests.end());
 }
 
 }  // namespace
@@ -59,12 +59,12 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::create(const std::string& fold
   const std::string path = folder + "/" + nameOf(number);
   JXFile file = JXFile::open(path, JXFile::Access::AppendCreateNew, error);
   if (error != 0) return nullptr;
-  // A process that starts in this instant may have adopted, and even deleted, the empty file.
+  // A process that starts at the same time may have adopted, or even deleted, the empty file.
   if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) {
     error = EEXIST;
     return nullptr;
   }
-  // One that was meant for an earlier file of this name.
+  // A mark left over from an earlier file of this name.
   removePurgeMark(path);
   return std::shared_ptr<JXOutboxSegment>(new JXOutboxSegment(JXJournal(std::move(file), path)));
 }
@@ -81,7 +81,7 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
   if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) return nullptr;
 
   std::shared_ptr<JXOutboxSegment> segment(new JXOutboxSegment(JXJournal(std::move(file), path)));
-  std::vector<std::uint32_t> settled;
+  std::vector<std::uint32_t> acknowledged;
   recovery = segment->journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Request) {
@@ -89,25 +89,25 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
                           static_cast<std::uint32_t>(record.url.size() + record.body.size()),
                           record.createdMs});
     }
-    addSettled(settled, record, frame.offset);
+    addAcknowledged(acknowledged, record, frame.offset);
   });
-  removeSettled(requests, settled);
+  removeAcknowledged(requests, acknowledged);
   segment->live_ = requests.size();
-  segment->forgetPurged(requests);
-  // The process that wrote it may have been killed before it waited for the disk.
+  segment->dropPurged(requests);
+  // The process that wrote it may have been killed before the sync.
   segment->dirty = true;
   return segment;
 }
 
-// Obeys a mark that the process which held the segment did not live to see.
-void JXOutboxSegment::forgetPurged(std::vector<JXStoredRequest>& requests) {
+// Applies a purge mark that the previous owner exited without processing.
+void JXOutboxSegment::dropPurged(std::vector<JXStoredRequest>& requests) {
   const std::uint64_t purged = readPurgeMark(path());
   if (purged == 0) return;
   const auto kept =
       std::find_if(requests.begin(), requests.end(),
                    [purged](const JXStoredRequest& request) { return request.offset >= purged; });
   for (auto request = requests.begin(); request != kept; ++request)
-    settle(request->offset);
+    acknowledge(request->offset);
   requests.erase(requests.begin(), kept);
   if (requests.empty() || writeAcknowledgements() == 0) removePurgeMark(path());
 }
@@ -130,14 +130,14 @@ int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string
   return journal_.read(offset, kJXRequestHeadSize + bytes, payload);
 }
 
-void JXOutboxSegment::settle(std::uint32_t offset) {
+void JXOutboxSegment::acknowledge(std::uint32_t offset) {
   unwritten_.push_back(offset);
   --live_;
 }
 
 int JXOutboxSegment::writeAcknowledgements() {
   if (unwritten_.empty()) return 0;
-  const std::vector<unsigned char> payload = encodeSettled(unwritten_);
+  const std::vector<unsigned char> payload = encodeAcknowledgement(unwritten_);
   const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
   const int error = journal_.append(&part, 1, nullptr);
   if (error != 0) return error;
@@ -146,14 +146,14 @@ int JXOutboxSegment::writeAcknowledgements() {
   return 0;
 }
 
-int JXOutboxSegment::setAsideRequest(std::uint32_t offset, std::uint32_t bytes,
-                                     bool& copied) const {
+int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes,
+                                       bool& copied) const {
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
   return quarantine(journal_.file(), path(), {{offset, length}}, false, copied);
 }
 
 int JXOutboxSegment::remove() {
-  // A file that somebody else deleted may have given its name to another process's.
+  // If the file was deleted, its name may now belong to a file of another process.
   if (!isLinked()) return 0;
   if (::unlink(path().c_str()) != 0 && errno != ENOENT) return errno;
   removePurgeMark(path());
@@ -163,16 +163,16 @@ int JXOutboxSegment::remove() {
 bool JXOutboxSegment::isFull() const { return journal_.size() >= kSegmentSize; }
 
 int listSegment(const std::string& path, std::vector<JXListedRequest>& requests) {
-  std::vector<std::uint32_t> settled;
+  std::vector<std::uint32_t> acknowledged;
   const int error = JXJournal::scan(path, [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Request) {
       requests.push_back(
           {frame.offset, record.createdMs, std::string(record.url), std::string(record.body)});
     }
-    addSettled(settled, record, frame.offset);
+    addAcknowledged(acknowledged, record, frame.offset);
   });
-  removeSettled(requests, settled);
+  removeAcknowledged(requests, acknowledged);
   const std::uint64_t purged = readPurgeMark(path);
   requests.erase(
       std::remove_if(requests.begin(), requests.end(),

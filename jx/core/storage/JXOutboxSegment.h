@@ -13,74 +13,80 @@
 
 namespace jx {
 
-/// A request as a segment holds it.
+/// The location of a request in a segment.
 struct JXStoredRequest {
-  std::uint32_t offset = 0;
-  std::uint32_t bytes = 0;
+  std::uint32_t offset = 0;  ///< of its frame
+  std::uint32_t bytes = 0;   ///< size of URL and body
   std::int64_t createdMs = 0;
 };
 
-/// One file of an outbox: requests, and the frames that say which of them are settled. The process
-/// that has it open holds its lock. Not synchronised, except that `sync` may run beside the others.
-/// Failures are errno values, 0 for success.
+/// One file of an outbox: requests, and acknowledgements of requests. The process that has it open
+/// owns its lock. Not synchronised, except that `sync` may run concurrently with the other
+/// operations. Operations that can fail return an errno value, 0 for success.
 class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
  public:
-  /// Makes the file of this number and locks it. EEXIST when another process has taken the number.
+  /// Creates and locks the file with this number. Returns null and sets `error` on failure, EEXIST
+  /// when another process has used the number.
   static std::shared_ptr<JXOutboxSegment> create(const std::string& folder, std::uint64_t number,
                                                  int& error);
-  /// Locks an existing file and reads which requests are not settled, in order. Null without an
-  /// error when another process holds it or has just deleted it.
+  /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
+  /// an error when another process owns the file or has just deleted it.
   static std::shared_ptr<JXOutboxSegment> adopt(const std::string& folder, std::uint64_t number,
                                                 std::vector<JXStoredRequest>& requests,
                                                 JXJournal::Recovery& recovery);
 
-  /// The name of a segment's file, and back; 0 for a name that is none.
+  /// Convert between a segment's number and its file name. `numberOf` returns 0 if `name` is not a
+  /// segment's name.
   static std::string nameOf(std::uint64_t number);
   static std::uint64_t numberOf(const std::string& name);
 
+  /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
              std::uint32_t& offset);
-  /// Reads the payload of a request's frame. EBADMSG when it is damaged.
+  /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const;
-  /// The request is done with; the file says so after `writeAcknowledgements`.
-  void settle(std::uint32_t offset);
-  /// Writes what was settled since, as one frame.
+  /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
+  void acknowledge(std::uint32_t offset);
+  /// Writes all unwritten acknowledgements as one frame.
   int writeAcknowledgements();
-  /// Copies the bytes of a damaged request to a file of their own.
-  int setAsideRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) const;
+  /// Copies the bytes of a damaged request to a quarantine file. `copied` receives false when that
+  /// file exists already.
+  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) const;
   int sync() const { return journal_.sync(); }
   /// Deletes the file.
   int remove();
 
-  /// How many requests are not settled.
+  /// Returns the number of unacknowledged requests.
   std::size_t live() const { return live_; }
-  bool hasUnwrittenSettled() const { return !unwritten_.empty(); }
-  /// True when another frame should go into a new segment.
+  bool hasUnwrittenAcknowledgements() const { return !unwritten_.empty(); }
+  /// Returns true when the next frame should go into a new segment.
   bool isFull() const;
   bool isLinked() const { return journal_.file().isLinked(); }
   const std::string& path() const { return journal_.path(); }
 
-  bool dirty = false;  ///< written since the last sync that succeeded
-  bool lost = false;   ///< somebody deleted the file; what it holds lives as long as it is open
+  bool dirty = false;  ///< written since the last successful sync
+  bool lost = false;   ///< the file was deleted; its content exists as long as it is open
 
  private:
   explicit JXOutboxSegment(JXJournal journal) : journal_(std::move(journal)) {}
 
-  void forgetPurged(std::vector<JXStoredRequest>& requests);
+  void dropPurged(std::vector<JXStoredRequest>& requests);
 
   JXJournal journal_;
   std::size_t live_ = 0;
-  std::vector<std::uint32_t> unwritten_;  ///< offsets of settled requests that no frame names yet
+  std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
 };
 
-/// The unsettled requests of a segment's file in order, with their bytes: read without lock while
-/// another process may write it. Those that are to be forgotten (see JXPurgeMark) are left out.
+/// An unacknowledged request of a segment's file, with its content.
 struct JXListedRequest {
   std::uint64_t offset = 0;
   std::int64_t createdMs = 0;
   std::string url;
   std::string body;
 };
+/// Lists the unacknowledged requests of a segment's file in order, without a lock; another process
+/// may be writing it. Omits requests that are marked for purging (see JXPurgeMark). Returns an
+/// errno value, 0 for success.
 int listSegment(const std::string& path, std::vector<JXListedRequest>& requests);
 
 }  // namespace jx

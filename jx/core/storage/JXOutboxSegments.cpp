@@ -11,14 +11,14 @@
 namespace jx {
 namespace {
 
-// Each is lost only to another process that took the same number in that instant.
+// An attempt fails only when another process uses the same number at the same time.
 constexpr int kCreateAttempts = 8;
 
 }  // namespace
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
-// The numbers of all segments in the folder, smallest first.
+// Returns the numbers of all segments in the folder in ascending order.
 std::vector<std::uint64_t> JXOutboxSegments::numbersInFolder(int& error) const {
   std::vector<std::string> names;
   error = listFolder(folder_, names);
@@ -49,7 +49,7 @@ void JXOutboxSegments::adoptAll(const Adopted& adopted) {
     }
     for (const JXStoredRequest& request : requests)
       adopted(*segment, request);
-    // The newest is written on, so that starting often does not make many files.
+    // New requests go to the newest segment, so that frequent starts do not create many files.
     current_ = segment.get();
   }
   if (!numbers.empty()) lastNumber_ = numbers.back();
@@ -77,7 +77,7 @@ bool JXOutboxSegments::startSegment() {
   int error = makeFolder(folder_);
   std::shared_ptr<JXOutboxSegment> segment;
   for (int attempt = 0; error == 0 && segment == nullptr && attempt < kCreateAttempts; ++attempt) {
-    // Behind those of other processes too, so that the numbers tell the order of all.
+    // Follows the numbers of other processes too, so that numbers give the order of all segments.
     const std::vector<std::uint64_t> numbers = numbersInFolder(error);
     if (error != 0) break;
     if (!numbers.empty()) lastNumber_ = std::max(lastNumber_, numbers.back());
@@ -85,7 +85,7 @@ bool JXOutboxSegments::startSegment() {
     if (error == EEXIST) error = 0;
   }
   if (segment == nullptr) {
-    report_.failed("make a segment", error != 0 ? error : EEXIST);
+    report_.failed("create a segment", error != 0 ? error : EEXIST);
     return false;
   }
   current_ = segment.get();
@@ -100,7 +100,7 @@ void JXOutboxSegments::finish(JXOutboxSegment& segment) {
     return;
   }
   const int error = segment.writeAcknowledgements();
-  if (error != 0) report_.failed("append what is settled", error);
+  if (error != 0) report_.failed("append acknowledgements", error);
 }
 
 void JXOutboxSegments::finishCurrent() {
@@ -110,7 +110,7 @@ void JXOutboxSegments::finishCurrent() {
   drop(finished);
 }
 
-// Deletes the file; when the disk refuses that, `retry` comes back to it.
+// Deletes the file. After a failure `retry` tries again.
 void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   if (&segment == current_) current_ = nullptr;
   const int error = segment.remove();
@@ -126,8 +126,8 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
-  // Deleting segments changes the folder too, again and again while a long queue is delivered.
-  if (!mayContainFileWithSuffix(folder_, kJXPurgeMarkEnding)) return marked;
+  // The deletion of segments also changes the folder, repeatedly while a long queue is delivered.
+  if (!mayContainFileWithSuffix(folder_, kJXPurgeMarkSuffix)) return marked;
   for (const auto& segment : segments_) {
     const std::uint64_t end = readPurgeMark(segment->path());
     if (end != 0) marked.push_back({segment, end});
@@ -136,11 +136,11 @@ std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
 }
 
 void JXOutboxSegments::retry() {
-  // A copy: finishing a segment removes it from the list.
+  // A copy, because finish() may remove a segment from the list.
   const std::vector<std::shared_ptr<JXOutboxSegment>> all = segments_;
   for (const auto& segment : all) {
     const bool toDelete = segment->live() == 0 && segment.get() != current_;
-    if (toDelete || segment->hasUnwrittenSettled()) finish(*segment);
+    if (toDelete || segment->hasUnwrittenAcknowledgements()) finish(*segment);
   }
 }
 
@@ -171,7 +171,7 @@ bool JXOutboxSegments::consumeFolderDirtyFlag() { return std::exchange(folderDir
 
 bool JXOutboxSegments::needsSync() const {
   const auto needs = [&](const std::shared_ptr<JXOutboxSegment>& each) {
-    return each->dirty || each->lost || each->hasUnwrittenSettled() ||
+    return each->dirty || each->lost || each->hasUnwrittenAcknowledgements() ||
            (each->live() == 0 && each.get() != current_);
   };
   return folderDirty_ || std::any_of(segments_.begin(), segments_.end(), needs);

@@ -15,8 +15,8 @@
 
 namespace jx {
 
-/// The segments that this process holds in one folder: those it adopted, and the one that it
-/// writes. Not synchronised. What fails goes to the report.
+/// The segments that this process owns in one folder: those it adopted, and the one it is writing.
+/// Not synchronised. Failures are passed to the report.
 class JXOutboxSegments {
  public:
   using Adopted = std::function<void(JXOutboxSegment& segment, const JXStoredRequest& request)>;
@@ -24,43 +24,44 @@ class JXOutboxSegments {
   /// `report` must outlive this object.
   JXOutboxSegments(std::string folder, JXStorageReport& report)
       : folder_(std::move(folder)), watch_(folder_), report_(report) {}
-  /// Deletes the segment being written when nothing in it is left to deliver.
+  /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
   JXOutboxSegments& operator=(const JXOutboxSegments&) = delete;
 
-  /// Takes over the segments that no process holds, oldest first, and tells their requests in
-  /// order. To be called once, first.
+  /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each of their
+  /// requests in order. Call it once, before anything else.
   void adoptAll(const Adopted& adopted);
 
-  /// Writes a request into the current segment, starting a new one when it is full or its file was
-  /// deleted. The segment that took it, or null.
+  /// Appends a request to the current segment; starts a new one if it is full or its file was
+  /// deleted. Returns the segment, or null on failure.
   JXOutboxSegment* append(std::string_view url, std::string_view body, std::int64_t createdMs,
                           std::uint32_t& offset);
-  /// To be called after requests of the segment were settled: says so in its file, or deletes the
-  /// file with its last request. `segment` may be gone afterwards.
+  /// Call this after requests of the segment were acknowledged: writes the acknowledgements, or
+  /// deletes the file if no unacknowledged request is left. `segment` may be destroyed afterwards.
   void finish(JXOutboxSegment& segment);
-  /// Deletes the current segment too when all in it is settled.
+  /// Deletes the current segment too if all its requests are acknowledged.
   void finishCurrent();
 
-  /// A segment of which another process wants the requests before `end` forgotten.
+  /// A segment whose requests before the offset `end` another process marked for purging.
   struct Purged {
     std::shared_ptr<JXOutboxSegment> segment;
     std::uint64_t end;
   };
-  /// The segments that were marked for purging and were not told before they are finished. Cheap
-  /// while nothing in the folder changes.
+  /// Returns the segments with a purge mark. Cheap while the folder does not change: segments are
+  /// returned only after a change.
   std::vector<Purged> markedForPurge();
 
-  /// Does again what the disk refused before.
+  /// Retries failed writes of acknowledgements and deletions.
   void retry();
-  /// Finds out which files somebody deleted. True when one of them has unsettled requests.
+  /// Marks segments whose files were deleted as lost. Returns true when one of them has
+  /// unacknowledged requests.
   bool detectDeletedSegments();
   bool hasLost() const;
 
-  /// The segments written since they were last taken, for syncing without the owner's lock.
+  /// Returns the segments written since the last call, for syncing without the owner's lock.
   std::vector<std::shared_ptr<JXOutboxSegment>> takeDirty();
-  /// True once after a segment was made.
+  /// Returns true once after a segment was created.
   bool consumeFolderDirtyFlag();
   void setFolderDirty() { folderDirty_ = true; }
   bool needsSync() const;

@@ -14,11 +14,11 @@
 namespace jx {
 namespace {
 
-// Two numbers of twenty digits, a blank and a line end.
-constexpr std::size_t kLongestText = 42;
+// Two numbers of up to twenty digits, a space and a newline.
+constexpr std::size_t kMaxTextSize = 42;
 
 std::string markPath(const std::string& segmentPath) {
-  return std::string(segmentPath).append(kJXPurgeMarkEnding);
+  return std::string(segmentPath).append(kJXPurgeMarkSuffix);
 }
 
 int currentMark(const std::string& segmentPath, JXPurgeMark& mark) {
@@ -32,7 +32,7 @@ int currentMark(const std::string& segmentPath, JXPurgeMark& mark) {
 }  // namespace
 
 bool isPurgeMarkName(const std::string& name) {
-  constexpr std::string_view suffix = kJXPurgeMarkEnding;
+  constexpr std::string_view suffix = kJXPurgeMarkSuffix;
   return name.size() > suffix.size() &&
          name.compare(name.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
@@ -42,7 +42,7 @@ int writePurgeMark(const std::string& segmentPath) {
   int error = currentMark(segmentPath, mark);
   if (error != 0) return error;
   const std::string text = std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
-  // Renamed into its place, so that nobody reads half of it.
+  // Renamed into place, so that no process reads a partial mark.
   const std::string fresh = markPath(segmentPath) + "." + std::to_string(::getpid());
   JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
   if (error != 0) return error;
@@ -64,9 +64,9 @@ std::uint64_t readPurgeMark(const std::string& segmentPath) {
   int error = 0;
   const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);
   if (error != 0 || currentMark(segmentPath, now) != 0) return 0;
-  char text[kLongestText + 1] = {};
+  char text[kMaxTextSize + 1] = {};
   std::size_t got = 0;
-  if (file.read(0, text, kLongestText, got) != 0) return 0;
+  if (file.read(0, text, kMaxTextSize, got) != 0) return 0;
   JXPurgeMark mark;
   const int fields = std::sscanf(text, "%" SCNu64 " %" SCNu64, &mark.inode, &mark.size);
   return fields == 2 && mark.inode == now.inode ? mark.size : 0;

@@ -8,25 +8,25 @@
 
 namespace jx {
 
-/// Word from one process to the one that holds a segment, as a small file beside it: the requests
-/// that stood in the segment when the mark was made are to be forgotten. It names the segment's
-/// inode, so that a later segment of the same name is not meant.
+/// A marker file next to a segment. It tells the process that owns the segment to discard the
+/// requests that the segment contained when the mark was written. It contains the segment's inode,
+/// so that it does not apply to a later segment of the same name.
 struct JXPurgeMark {
   std::uint64_t inode = 0;
-  std::uint64_t size = 0;  ///< of the segment's file when the mark was made
+  std::uint64_t size = 0;  ///< size of the segment's file when the mark was written
 };
 
-/// What the name of a mark's file ends with.
-inline constexpr std::string_view kJXPurgeMarkEnding = ".purge";
-/// True for the name of a mark's file.
+/// The suffix of a purge mark's file name.
+inline constexpr std::string_view kJXPurgeMarkSuffix = ".purge";
+/// Returns true if `name` is the file name of a purge mark.
 bool isPurgeMarkName(const std::string& name);
 
-/// Makes the mark for the segment as it is now, in place of an older one. Returns an errno value, 0
-/// for success; ENOENT when there is no such segment.
+/// Writes a mark for the current content of the segment, replacing an older mark. Returns an errno
+/// value, 0 for success; ENOENT if the segment does not exist.
 int writePurgeMark(const std::string& segmentPath);
-/// How much of the segment is to be forgotten, 0 when there is no mark for it.
+/// Returns the size of the segment's part to discard, in bytes; 0 if there is no valid mark for it.
 std::uint64_t readPurgeMark(const std::string& segmentPath);
-/// Deletes the mark, if there is one.
+/// Deletes the mark if it exists.
 void removePurgeMark(const std::string& segmentPath);
 
 }  // namespace jx

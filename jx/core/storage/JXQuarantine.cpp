@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kSuffix = ".damaged-";
 
-// Removes the oldest set-aside files of the folder until one more is within the bound.
+// Removes the oldest quarantine files of the folder until one more is within the limit.
 void makeRoom(const std::string& folder) {
   std::vector<std::string> names;
   if (listFolder(folder, names) != 0) return;
@@ -24,12 +24,12 @@ void makeRoom(const std::string& folder) {
   for (const std::string& name : names) {
     struct stat status {};
     const std::string path = folder + "/" + name;
-    if (isSetAsideName(name) && ::stat(path.c_str(), &status) == 0) {
+    if (isQuarantinedName(name) && ::stat(path.c_str(), &status) == 0) {
       kept.emplace_back(status.st_mtime, path);
     }
   }
   std::sort(kept.begin(), kept.end());
-  for (std::size_t i = 0; i + kJXMaxSetAside <= kept.size(); ++i)
+  for (std::size_t i = 0; i + kJXMaxQuarantinedFiles <= kept.size(); ++i)
     ::unlink(kept[i].second.c_str());
 }
 
@@ -56,14 +56,14 @@ int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
 
 }  // namespace
 
-bool isSetAsideName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
+bool isQuarantinedName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
 
 int removeQuarantinedFiles(const std::string& folder) {
   std::vector<std::string> names;
   const int unreadable = listFolder(folder, names);
   int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
   for (const std::string& name : names) {
-    if (!isSetAsideName(name)) continue;
+    if (!isQuarantinedName(name)) continue;
     if (::unlink((folder + "/" + name).c_str()) != 0 && errno != ENOENT) error = errno;
   }
   return error;
@@ -86,7 +86,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   for (std::size_t i = 0; error == 0 && i < damages.size(); ++i) {
     error = copy(file, damages[i], to);
   }
-  // Half a copy would pass for a whole one at the next opening.
+  // A partial copy would be taken for a complete one the next time the file is opened.
   if (error != 0 && to.isOpen()) ::unlink(target.c_str());
   copied = error == 0;
   return error;

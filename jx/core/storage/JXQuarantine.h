@@ -10,21 +10,22 @@
 
 namespace jx {
 
-/// How many set-aside files a folder keeps; the oldest go first. They are there for whoever looks
-/// into a fault, and must not fill a small disk.
-constexpr std::size_t kJXMaxSetAside = 8;
+/// The maximum number of quarantine files in a folder; the oldest are deleted first. They exist for
+/// debugging and must not fill a small disk.
+constexpr std::size_t kJXMaxQuarantinedFiles = 8;
 
-/// Copies damaged places of `file` into a new file beside `path`, named after it and the first
-/// damaged offset. When there is one of that name and `replaces` is false, nothing is copied: the
-/// same damage was met before. `copied` tells which. Returns an errno value, 0 for success.
+/// Copies the damaged ranges of `file` to a new file next to `path`, named after it and the first
+/// damaged offset. If that file exists and `replaces` is false, copies nothing: the same damage was
+/// found before. `copied` receives whether the ranges were copied. Returns an errno value, 0 for
+/// success.
 int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
                bool replaces, bool& copied);
 
-/// True for the name of a set-aside file.
-bool isSetAsideName(const std::string& name);
+/// Returns true if `name` is the name of a quarantine file.
+bool isQuarantinedName(const std::string& name);
 
-/// Deletes the set-aside files of a folder. Returns an errno value, 0 for success; a folder that is
-/// missing has none.
+/// Deletes the quarantine files of a folder. Returns an errno value, 0 for success and for a
+/// missing folder.
 int removeQuarantinedFiles(const std::string& folder);
 
 }  // namespace jx

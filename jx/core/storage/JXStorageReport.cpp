@@ -12,15 +12,15 @@
 namespace jx {
 namespace {
 
-// The causes that were told and have not gone since, for all storages of the process.
-struct ToldCauses {
+// The causes that were logged and have not been resolved since, for all storages of the process.
+struct ReportedCauses {
   std::mutex mutex;
   std::set<std::pair<std::string, int>> causes;  // folder and errno value
 };
 
-// Never destroyed: the transfer thread may report while the process ends.
-ToldCauses& told() {
-  static ToldCauses* const instance = new ToldCauses();
+// Never destroyed: the transfer thread may report a failure while the process exits.
+ReportedCauses& reported() {
+  static ReportedCauses* const instance = new ReportedCauses();
   return *instance;
 }
 
@@ -29,16 +29,16 @@ ToldCauses& told() {
 void JXStorageReport::failed(const char* action, int error) {
   ++failures_;
   {
-    const std::lock_guard<std::mutex> lock(told().mutex);
-    if (!told().causes.emplace(folder_, error).second) return;
+    const std::lock_guard<std::mutex> lock(reported().mutex);
+    if (!reported().causes.emplace(folder_, error).second) return;
   }
   const std::string reason = std::error_code(error, std::generic_category()).message();
-  lines_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
+  messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
 }
 
 void JXStorageReport::recovered() {
-  const std::lock_guard<std::mutex> lock(told().mutex);
-  auto& causes = told().causes;
+  const std::lock_guard<std::mutex> lock(reported().mutex);
+  auto& causes = reported().causes;
   for (auto cause = causes.begin(); cause != causes.end();) {
     cause = cause->first == folder_ ? causes.erase(cause) : std::next(cause);
   }
@@ -46,12 +46,13 @@ void JXStorageReport::recovered() {
 
 void JXStorageReport::damaged(const std::string& path) {
   ++damagedFiles_;
-  lines_.push_back({subject_ + ": damaged part of " + path + " set aside", 2});
+  messages_.push_back(
+      {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
 }
 
-void JXStorageReport::log(const std::vector<Line>& lines) {
-  for (const Line& line : lines) {
-    JXLogger::sharedInstance().logMessage_withLevel(line.text, line.level);
+void JXStorageReport::log(const std::vector<Message>& messages) {
+  for (const Message& message : messages) {
+    JXLogger::sharedInstance().logMessage_withLevel(message.text, message.level);
   }
 }
 

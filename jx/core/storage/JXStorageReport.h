@@ -9,41 +9,42 @@
 
 namespace jx {
 
-/// Counts what goes wrong in one storage and makes one log line of each cause, however often it
-/// happens, and however many storages of one folder it hits: a folder that cannot be written is one
-/// cause. The lines are handed out to be logged later, because the log's sink belongs to the host
-/// and may call back while the storage is locked. Not synchronised: the owner's lock guards it.
+/// Counts the failures of one storage and creates one log message per cause, however often it
+/// occurs and however many storages of a folder it affects: a folder that cannot be written is one
+/// cause. Messages are returned to be logged later, because the log sink belongs to the application
+/// and may call back while the storage is locked. Not synchronised: guarded by the owner's lock.
 class JXStorageReport {
  public:
-  struct Line {
+  struct Message {
     std::string text;
     int level;
   };
 
-  /// `subject` begins each line, for example "outbox /data/jx/outbox". `folder` is what several
-  /// storages have in common.
+  /// `subject` is the start of each message, for example "outbox /data/jx/outbox". `folder` is the
+  /// folder that several storages share.
   JXStorageReport(std::string subject, std::string folder)
       : subject_(std::move(subject)), folder_(std::move(folder)) {}
 
-  /// `action`, in the words of the line ("append"), failed with the errno value `error`.
+  /// Reports that `action` (a verb phrase such as "append a request") failed with the errno value
+  /// `error`.
   void failed(const char* action, int error);
-  /// Part of a file could not be read and was set aside.
+  /// Reports that damaged data of the file `path` was quarantined.
   void damaged(const std::string& path);
-  /// What had failed works again: the next failure is worth a line again.
+  /// Reports that failed operations succeed again: the next failure is logged again.
   void recovered();
 
   std::uint64_t failures() const { return failures_; }
   std::uint64_t damagedFiles() const { return damagedFiles_; }
 
-  /// The lines since the last call.
-  std::vector<Line> takeLines() { return std::exchange(lines_, {}); }
-  /// Hands lines to the library's log.
-  static void log(const std::vector<Line>& lines);
+  /// Returns the messages since the last call.
+  std::vector<Message> takeMessages() { return std::exchange(messages_, {}); }
+  /// Logs the messages. Call it without the owner's lock.
+  static void log(const std::vector<Message>& messages);
 
  private:
   std::string subject_;
   std::string folder_;
-  std::vector<Line> lines_;
+  std::vector<Message> messages_;
   std::uint64_t failures_ = 0;
   std::uint64_t damagedFiles_ = 0;
 };

@@ -16,7 +16,7 @@
 #include "jx/core/transfer/JXPublicKeyPin.h"
 
 #if LIBCURL_VERSION_NUM < 0x074400
-#error "libcurl 7.68 or later is needed: the transfer thread is woken by curl_multi_wakeup"
+#error "libcurl must be 7.68 or later: curl_multi_wakeup is required"
 #endif
 
 namespace jx {
@@ -24,21 +24,22 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr long kMostConnections = 4;
+constexpr long kMaxConnections = 4;
 
 void initialiseCurlOnce() {
   static std::once_flag once;
-  // Never undone: the host may use libcurl too, and a thread of ours may outlive its statics.
+  // Never cleaned up: the application may use libcurl too, and the transfer thread may outlive
+  // static objects.
   std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
 }
 
 long inMilliseconds(milliseconds time) {
-  // Zero would be libcurl's word for its own default.
+  // Zero would select libcurl's default.
   return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
 }
 
-// libcurl's form of the pins. Where none is given to match, none may match either: what was meant
-// to be pinned must not go out unpinned because of a slip in a configuration.
+// Returns the pins in libcurl's syntax. When no pin is valid, returns one that matches no key, so
+// that a typo in the configuration does not disable pinning.
 std::string joinedPins(const std::vector<std::string>& pins) {
   constexpr const char* kPrefix = "sha256//";
   std::string joined;
@@ -50,14 +51,14 @@ std::string joinedPins(const std::vector<std::string>& pins) {
   return joined.empty() ? kPrefix + std::string(43, 'A') + "=" : joined;
 }
 
-// One request under way, and an easy handle that is kept for the next.
+// A request in flight with its easy handle, which is reused for the next request.
 struct Exchange {
   CURL* easy = nullptr;
   JXHttpTarget target;
   JXHttpRequest request;
-  JXHttpResponseParser answer;
+  JXHttpResponseParser response;
   char error[CURL_ERROR_SIZE] = {};
-  bool isGuarded = true;  ///< libcurl took every setting on which trust stands
+  bool isSecure = true;  ///< libcurl accepted every setting that server authentication requires
 
   Exchange() : easy(curl_easy_init()) {
     if (easy == nullptr) throw std::bad_alloc();
@@ -69,24 +70,24 @@ struct Exchange {
 
 std::size_t onHeader(char* data, std::size_t, std::size_t bytes, void* exchange) {
   try {
-    return static_cast<Exchange*>(exchange)->answer.readHeader({data, bytes}) ? bytes : 0;
+    return static_cast<Exchange*>(exchange)->response.readHeader({data, bytes}) ? bytes : 0;
   } catch (...) {
-    return 0;  // no memory: the request ends without an answer
+    return 0;  // out of memory: the request ends without a response
   }
 }
 
 std::size_t onBody(char*, std::size_t, std::size_t bytes, void* exchange) {
-  return static_cast<Exchange*>(exchange)->answer.readBody(bytes) ? bytes : 0;
+  return static_cast<Exchange*>(exchange)->response.readBody(bytes) ? bytes : 0;
 }
 
 std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOptions& options) {
   if (code == CURLE_SSL_CACERT_BADFILE && options.caFile.isPresent()) {
-    return "the CA file " + options.caFile.toStdString() + " is missing or holds no certificates";
+    return "CA file " + options.caFile.toStdString() + " is missing or contains no certificates";
   }
-  if (code == CURLE_OK) return "the answer ended in the middle of its head";
-  std::string text = curl_easy_strerror(code);
-  if (exchange.error[0] != '\0') text.append(" (").append(exchange.error).append(")");
-  return text;
+  if (code == CURLE_OK) return "incomplete response header section";
+  std::string message = curl_easy_strerror(code);
+  if (exchange.error[0] != '\0') message.append(" (").append(exchange.error).append(")");
+  return message;
 }
 
 }  // namespace
@@ -97,15 +98,15 @@ class JXCurlTransport::Implementation {
     initialiseCurlOnce();
     multi_ = curl_multi_init();
     headers_ = curl_slist_append(headers_, "Content-Type: application/json; charset=utf-8");
-    // Nothing is to be gained by asking first: the bodies are small.
+    // Disables "100-continue": the bodies are small.
     curl_slist* const all = curl_slist_append(headers_, "Expect:");
     if (multi_ == nullptr || headers_ == nullptr || all == nullptr) {
       release();
       throw std::bad_alloc();
     }
     curl_multi_setopt(multi_, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
-    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMostConnections);
-    curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, kMostConnections);
+    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+    curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, kMaxConnections);
   }
 
   ~Implementation() {
@@ -116,12 +117,12 @@ class JXCurlTransport::Implementation {
   void start(JXHttpRequest request) {
     std::unique_ptr<Exchange> exchange = freeExchange();
     exchange->request = std::move(request);
-    const std::string refusal = exchange->target.set(exchange->request.url);
-    if (!refusal.empty()) return refuse(std::move(exchange), true, refusal);
-    if (!exchange->isGuarded) {
-      return refuse(std::move(exchange), false, "this libcurl cannot check the server as asked");
+    const std::string error = exchange->target.set(exchange->request.url);
+    if (!error.empty()) return reject(std::move(exchange), true, error);
+    if (!exchange->isSecure) {
+      return reject(std::move(exchange), false, "libcurl does not support a required TLS setting");
     }
-    aim(*exchange);
+    prepareRequest(*exchange);
     active_.push_back(std::move(exchange));
     Exchange& started = *active_.back();
     const CURLMcode code = curl_multi_add_handle(multi_, started.easy);
@@ -131,10 +132,10 @@ class JXCurlTransport::Implementation {
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
     perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
-      const auto most = milliseconds(INT_MAX);
-      const int wait = static_cast<int>(std::min(timeout.value_or(most), most).count());
+      const auto longest = milliseconds(INT_MAX);
+      const int wait = static_cast<int>(std::min(timeout.value_or(longest), longest).count());
       if (curl_multi_poll(multi_, nullptr, 0, wait, nullptr) != CURLM_OK) {
-        // Out of memory or descriptors: without this the caller would turn in circles.
+        // Out of memory or descriptors: without this delay the caller would loop without waiting.
         std::this_thread::sleep_for(milliseconds(std::min(wait, 1'000)));
       }
       perform();
@@ -170,14 +171,14 @@ class JXCurlTransport::Implementation {
     return exchange;
   }
 
-  void refuse(std::unique_ptr<Exchange> exchange, bool forGood, const std::string& reason) {
+  void reject(std::unique_ptr<Exchange> exchange, bool permanently, const std::string& reason) {
     JXAttemptResult outcome;
-    outcome.neverSendable = forGood;
+    outcome.neverSendable = permanently;
     ready_.push_back({std::move(exchange->request), outcome, nullptr, reason});
     free_.push_back(std::move(exchange));
   }
 
-  // What stays the same for every request of an exchange.
+  // Sets the options that are the same for all requests of an exchange.
   void prepare(Exchange& exchange) const {
     CURL* const easy = exchange.easy;
     curl_easy_setopt(easy, CURLOPT_PRIVATE, &exchange);
@@ -198,44 +199,44 @@ class JXCurlTransport::Implementation {
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, inMilliseconds(options_.requestTimeout));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
 #if LIBCURL_VERSION_NUM >= 0x075700
-    // An abort leaves a name resolution to itself instead of waiting for it.
+    // An abort does not wait for a pending name resolution.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
 #endif
-    exchange.isGuarded = prepareTrust(easy);
-    // The proxy's own answers are not the receiver's.
+    exchange.isSecure = prepareTrust(easy);
+    // Responses of the proxy to CONNECT are not responses of the server.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (options_.proxy.isPresent()) {
       curl_easy_setopt(easy, CURLOPT_PROXY, options_.proxy.c_str());
     }
   }
 
-  // False when libcurl, or the TLS library under it, does not know one of the settings.
+  // Returns false when libcurl or its TLS library does not support one of the settings.
   bool prepareTrust(CURL* easy) const {
-    bool isGuarded = true;
+    bool isSecure = true;
     const auto set = [&](CURLoption option, auto value) {
-      isGuarded = curl_easy_setopt(easy, option, value) == CURLE_OK && isGuarded;
+      isSecure = curl_easy_setopt(easy, option, value) == CURLE_OK && isSecure;
     };
     set(CURLOPT_SSL_VERIFYPEER, 1L);
     set(CURLOPT_SSL_VERIFYHOST, 2L);
     set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
     if (options_.caFile.isPresent()) {
       set(CURLOPT_CAINFO, options_.caFile.c_str());
-      // Otherwise the system's folder would be trusted besides.
+      // Otherwise the system's certificate folder would be trusted too.
       curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
 #if LIBCURL_VERSION_NUM >= 0x075700
-      // A file that is replaced counts from the next connection on, not a day later.
+      // A replaced file takes effect with the next connection, not a day later.
       curl_easy_setopt(easy, CURLOPT_CA_CACHE_TIMEOUT, 0L);
 #endif
     }
     if (!options_.pinnedPublicKeys.empty()) {
       set(CURLOPT_PINNEDPUBLICKEY, joinedPins(options_.pinnedPublicKeys).c_str());
     }
-    return isGuarded;
+    return isSecure;
   }
 
-  // What differs from request to request.
-  void aim(Exchange& exchange) const {
-    exchange.answer = JXHttpResponseParser();
+  // Sets the options that differ between requests.
+  void prepareRequest(Exchange& exchange) const {
+    exchange.response = JXHttpResponseParser();
     exchange.error[0] = '\0';
     CURL* const easy = exchange.easy;
     curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());
@@ -243,7 +244,7 @@ class JXCurlTransport::Implementation {
                      static_cast<curl_off_t>(exchange.request.body.size()));
     curl_easy_setopt(easy, CURLOPT_POSTFIELDS, exchange.request.body.data());
     const bool isLoopback = exchange.target.isLoopback();
-    // What is for this device stays on it.
+    // Requests to this device must not leave it.
     curl_easy_setopt(easy, CURLOPT_NOPROXY, isLoopback ? "*" : nullptr);
 #if LIBCURL_VERSION_NUM >= 0x075500
     curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, isLoopback ? "https,http" : "https");
@@ -269,10 +270,10 @@ class JXCurlTransport::Implementation {
   void finish(Exchange& exchange, CURLcode code) {
     curl_multi_remove_handle(multi_, exchange.easy);
     JXHttpResult result;
-    result.outcome.status = exchange.answer.status();
+    result.outcome.status = exchange.response.status();
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
-    if (exchange.answer.status() != 0) {
-      result.retryAfter = exchange.answer.retryAfter();
+    if (exchange.response.status() != 0) {
+      result.retryAfter = exchange.response.retryAfter();
     } else {
       result.reason = describe(code, exchange, options_);
     }

@@ -13,27 +13,29 @@
 
 namespace jx {
 
-/// How requests leave the device.
+/// Options of the HTTP transport.
 struct JXHttpOptions {
-  JXString caFile;  ///< the only certificates trusted; absent: those of the system
-  JXString proxy;   ///< absent: what the environment says; "" for none
-  JXString userAgent;
-  /// Pins as JXCoreConfiguration tells them; empty: any key that a trusted certificate vouches for.
+  JXString caFile;     ///< PEM file with the only trusted certificates; null: the system's
+  JXString proxy;      ///< proxy URL; "" for none; null: the environment's
+  JXString userAgent;  ///< value of the User-Agent header; null: no such header
+  /// Pins as in JXCoreConfiguration; empty: any key of a trusted certificate.
   std::vector<std::string> pinnedPublicKeys;
   std::chrono::milliseconds connectTimeout{10'000};
   std::chrono::milliseconds requestTimeout{30'000};
 };
 
-/// HTTP by libcurl. HTTPS only, TLS 1.2 or later, certificate and host name checked; plain HTTP
-/// only to the device itself, and such requests go through no proxy. Redirects are not followed.
-/// Connections, four at most, are kept for further requests; with HTTP/2 one serves all. Of an
-/// answer at most 64 KiB are read, and its content is dropped: once the status and the headers are
-/// there, the answer counts, whatever becomes of the rest.
+/// HTTP transport based on libcurl. Uses HTTPS with TLS 1.2 or later and verifies certificate and
+/// host name. Plain HTTP is allowed only to the device itself; such requests use no proxy.
+/// Redirects are not followed. At most four connections are kept and reused; with HTTP/2 one serves
+/// all.
+///
+/// Reads at most 64 KiB of a response and discards the body. A response is valid as soon as its
+/// status and headers are complete, even when the body then fails.
 class JXCurlTransport final : public JXHttpTransport {
  public:
-  /// Throws std::bad_alloc when libcurl cannot be started.
+  /// Throws std::bad_alloc when libcurl cannot be initialised.
   explicit JXCurlTransport(const JXHttpOptions& options);
-  /// Does not wait for the network. With a libcurl before 7.87 it may wait for a name resolution.
+  /// Does not wait for the network. With libcurl before 7.87 it may wait for a name resolution.
   ~JXCurlTransport() override;
 
   void start(JXHttpRequest request) override;

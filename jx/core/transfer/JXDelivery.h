@@ -12,49 +12,64 @@
 
 namespace jx {
 
-/// When a request that got no lasting answer is tried again, and how long one try may take.
+/// Backoff, timeouts and delays of the delivery. A request that got no final response is retried.
 struct JX_API JXRetryTimings {
-  std::chrono::milliseconds initialBackoff{1'000};  ///< doubles with each failed try
-  std::chrono::milliseconds maxBackoff{300'000};    ///< that the library takes by itself
-  /// The longest pause that a receiver may ask for.
+  /// Longest backoff after the first failed attempt, in milliseconds. It doubles with each further
+  /// failure up to `maxBackoff`; the actual backoff is a random part of it (full jitter). Default:
+  /// 1 second. Limits: 0 to 365 days.
+  std::chrono::milliseconds initialBackoff{1'000};
+  /// Longest backoff that the library chooses, in milliseconds; a Retry-After of the server may be
+  /// longer. Default: 5 minutes. Limits: 0 to 365 days.
+  std::chrono::milliseconds maxBackoff{300'000};
+  /// Longest Retry-After that is honoured, in milliseconds; a longer one is shortened to it.
+  /// Default: 24 hours. Limits: 0 (ignores Retry-After) to 365 days.
   std::chrono::milliseconds maxRetryAfter{std::chrono::hours(24)};
-  /// How long connecting may take.
+  /// Time limit for establishing a connection, in milliseconds. Default: 10 seconds. Minimum: 1 ms.
   std::chrono::milliseconds connectTimeout{10'000};
-  std::chrono::milliseconds requestTimeout{30'000};  ///< name resolution to the end of the answer
-  std::chrono::milliseconds syncDelay{1'000};        ///< a write is durable after at most this
-  std::chrono::milliseconds userAgentWait{10'000};   ///< requests are held for this at most
-  /// What an earlier process left waits for this at the start, unless before that a request comes
-  /// or the manager is told whether requests may leave: so that consent is asked for first.
+  /// Time limit for one attempt, in milliseconds, from name resolution to the end of the response.
+  /// Default: 30 seconds. Minimum: 1 ms.
+  std::chrono::milliseconds requestTimeout{30'000};
+  /// Longest time between a write and its sync to the disk, in milliseconds; a synced write
+  /// survives a power loss. Default: 1 second.
+  std::chrono::milliseconds syncDelay{1'000};
+  /// Longest time that requests are paused while the platform determines its user agent, in
+  /// milliseconds. Default: 10 seconds. Limits: 0 to 365 days.
+  std::chrono::milliseconds userAgentWait{10'000};
+  /// Delay at the start before requests of an earlier process are sent, in milliseconds, so that
+  /// the application can check consent first. It ends early when a request is added, on `flush`, or
+  /// when the network manager is enabled or disabled. Default: 1 second. 0 sends them immediately.
   std::chrono::milliseconds startHold{1'000};
 };
 
-/// What became of one request.
+/// Outcome of one request.
 enum class JXDeliveryOutcome { Delivered, Rejected, Dropped };
 
-/// Tells the host what became of one request.
+/// Reports the outcome of one request to the application.
 struct JX_API JXDelivery {
-  /// What became of it.
+  /// The outcome of the request.
   JXDeliveryOutcome outcome = JXDeliveryOutcome::Delivered;
-  JXString eventId;  ///< the event's "event_id"; absent when the body holds none
-  int status = 0;    ///< HTTP status, 0 when there was none
-  JXString reason;   ///< in words, for a log; absent when delivered
-  JXDropReason dropReason = JXDropReason::None;  ///< of a dropped one
+  JXString eventId;  ///< the event's "event_id"; null when the body contains none
+  int status = 0;    ///< HTTP status; 0 without a response
+  JXString reason;   ///< human-readable reason, for a log; null when delivered
+  JXDropReason dropReason = JXDropReason::None;  ///< reason of a dropped request; else None
 };
 
-/// Called on the transfer thread, once per request, after the request has left the queue: sent,
-/// refused by the receiver, or dropped, be it by the bounds, by a purge or because the queue did
-/// not take it. May call any JXNetworkManager operation; a `flush` in it does not wait. A drop is
-/// told within `syncDelay`; one beyond the first 10,000 that wait to be told is only counted, and
-/// so is every drop after the process began to end. What it throws is caught and logged.
+/// Receives the outcome of each request: delivered, rejected, or dropped (queue limits, purge, or
+/// not accepted by the queue). Called on the transfer thread, once per request, after the request
+/// has left the queue. May call any JXNetworkManager operation; `flush` does not wait then.
+/// Exceptions are caught and logged.
+///
+/// A dropped request is reported within `syncDelay`. It is only counted when 10,000 reports are
+/// already pending, or when the process has begun to exit.
 using JXDeliveryCallback = std::function<void(const JXDelivery&)>;
 
-/// Counts since the start of this process, and what is held now.
+/// Counters since the start of this process, and the current state of the delivery.
 struct JX_API JXDeliveryCounters {
-  /// What the queue counts.
+  /// Counters of the queue.
   JXOutboxCounters outbox;
-  std::uint64_t attempts = 0;  ///< requests that were started
-  std::uint64_t failures = 0;  ///< tries that ended without a lasting answer
-  bool paused = false;  ///< true while requests are held by consent, background or user agent
+  std::uint64_t attempts = 0;  ///< attempts started
+  std::uint64_t failures = 0;  ///< attempts that ended without a final response
+  bool paused = false;         ///< true while consent, background or user agent pauses delivery
 };
 
 }  // namespace jx

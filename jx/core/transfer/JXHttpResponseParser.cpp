@@ -13,7 +13,7 @@ bool hasName(std::string_view header, std::string_view lowerCaseName) {
                     [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b + 32 : b); });
 }
 
-// "HTTP/1.1 503 Service Unavailable"; 0 when it has no status of three digits.
+// Parses "HTTP/1.1 503 Service Unavailable"; returns 0 without a three-digit status.
 int statusOf(std::string_view statusLine) {
   const std::size_t blank = statusLine.find(' ');
   if (blank == std::string_view::npos || statusLine.size() < blank + 4) return 0;
@@ -29,24 +29,24 @@ int statusOf(std::string_view statusLine) {
 
 bool JXHttpResponseParser::readHeader(std::string_view line) {
   bytes_ += line.size();
-  if (bytes_ > kMostBytes) return false;
-  if (status_ != 0) return true;  // a trailer behind the content
+  if (bytes_ > kMaxBytes) return false;
+  if (status_ != 0) return true;  // a trailer after the body
   if (line.substr(0, 5) == "HTTP/") {
-    statusOfThisHead_ = statusOf(line);
+    currentStatus_ = statusOf(line);
     retryAfter_.clear();
   } else if (hasName(line, "retry-after")) {
     const std::string_view value = line.substr(line.find(':') + 1);
     const std::size_t first = std::min(value.find_first_not_of(" \t\r\n"), value.size());
     retryAfter_ = value.substr(first, value.find_last_not_of(" \t\r\n") + 1 - first);
   } else if (line == "\r\n" || line == "\n") {
-    if (statusOfThisHead_ >= 200) status_ = statusOfThisHead_;
+    if (currentStatus_ >= 200) status_ = currentStatus_;
   }
   return true;
 }
 
 bool JXHttpResponseParser::readBody(std::size_t bytes) {
   bytes_ += bytes;
-  return bytes_ <= kMostBytes;
+  return bytes_ <= kMaxBytes;
 }
 
 }  // namespace jx

@@ -8,26 +8,26 @@
 
 namespace jx {
 
-/// Reads the head of an HTTP answer line by line, and counts what follows. The content itself is
-/// not kept: nothing but the status and Retry-After matters.
+/// Parses the header section of an HTTP response line by line and counts the bytes of the body. The
+/// body is not kept: only the status and Retry-After are used.
 class JXHttpResponseParser {
  public:
-  static constexpr std::size_t kMostBytes = 64 * 1024;
+  static constexpr std::size_t kMaxBytes = 64 * 1024;
 
-  /// Takes one line of the head, its line end included; heads of interim answers may come before.
-  /// False when more than `kMostBytes` have come altogether, and no more is to be read.
+  /// Parses one header line, line end included; interim responses may precede the final one.
+  /// Returns false when more than `kMaxBytes` were received in total; stop reading then.
   bool readHeader(std::string_view line);
-  /// Takes so many bytes of the content; false as above.
+  /// Counts `bytes` of the body; returns false as `readHeader` does.
   bool readBody(std::size_t bytes);
 
-  /// Status of the final answer once its head is complete; 0 until then.
+  /// Returns the status of the final response once its header section is complete; 0 until then.
   int status() const { return status_; }
-  /// Value of its Retry-After, empty when there is none.
+  /// Returns the value of the Retry-After header; empty when there is none.
   const std::string& retryAfter() const { return retryAfter_; }
 
  private:
   std::size_t bytes_ = 0;
-  int statusOfThisHead_ = 0;
+  int currentStatus_ = 0;  // of the header section that is being read
   int status_ = 0;
   std::string retryAfter_;
 };

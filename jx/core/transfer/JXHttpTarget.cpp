@@ -14,34 +14,34 @@ JXHttpTarget::~JXHttpTarget() { curl_url_cleanup(handle_); }
 
 std::string JXHttpTarget::set(const std::string& url) {
   // Nearly every request goes to the same URL.
-  if (handle_ != nullptr && url == text_) return refusal_;
+  if (handle_ != nullptr && url == url_) return error_;
   curl_url_cleanup(handle_);
   handle_ = curl_url();
   if (handle_ == nullptr) throw std::bad_alloc();
-  text_ = url;
-  refusal_ = validate();
-  return refusal_;
+  url_ = url;
+  error_ = validate();
+  return error_;
 }
 
 std::string JXHttpTarget::validate() {
   isLoopback_ = false;
-  // A NUL would hide the end of the URL from libcurl.
-  if (text_.find('\0') != std::string::npos) return "the URL holds a NUL";
-  const CURLUcode code = curl_url_set(handle_, CURLUPART_URL, text_.c_str(), CURLU_URLENCODE);
+  // libcurl would ignore everything after a NUL byte.
+  if (url_.find('\0') != std::string::npos) return "URL must not contain a NUL byte";
+  const CURLUcode code = curl_url_set(handle_, CURLUPART_URL, url_.c_str(), CURLU_URLENCODE);
   if (code == CURLUE_OUT_OF_MEMORY) throw std::bad_alloc();
-  if (code != CURLUE_OK) return std::string("the URL is invalid: ") + curl_url_strerror(code);
+  if (code != CURLUE_OK) return std::string("invalid URL: ") + curl_url_strerror(code);
   isLoopback_ = isLoopbackHost(part(CURLUPART_HOST));
   const std::string scheme = part(CURLUPART_SCHEME);
   if (scheme == "https" || (scheme == "http" && isLoopback_)) return {};
-  return "requests go out by https only, not by " + scheme;
+  return "URL scheme must be https, not " + scheme;
 }
 
 std::string JXHttpTarget::part(int which) const {
-  char* text = nullptr;
-  curl_url_get(handle_, static_cast<CURLUPart>(which), &text, 0);
-  if (text == nullptr) return {};
-  std::string copy(text);
-  curl_free(text);
+  char* part = nullptr;
+  curl_url_get(handle_, static_cast<CURLUPart>(which), &part, 0);
+  if (part == nullptr) return {};
+  std::string copy(part);
+  curl_free(part);
   return copy;
 }
 

@@ -8,8 +8,8 @@ struct Curl_URL;  // libcurl's handle of a parsed URL
 
 namespace jx {
 
-/// A parsed URL that may be posted to: https to any host, http only to the device itself
-/// ("localhost", 127.0.0.0/8, ::1). What is judged here is what libcurl then connects to.
+/// A parsed URL that requests may be posted to: https to any host, http only to the device itself
+/// ("localhost", 127.0.0.0/8, ::1). libcurl connects to the URL that is validated here.
 class JXHttpTarget {
  public:
   JXHttpTarget() = default;
@@ -17,12 +17,13 @@ class JXHttpTarget {
   JXHttpTarget(const JXHttpTarget&) = delete;
   JXHttpTarget& operator=(const JXHttpTarget&) = delete;
 
-  /// Parses `url`. A blank and bytes beyond ASCII are percent-encoded, since a host's key may hold
-  /// them. Returns what forbids posting to it, empty when nothing does. Throws std::bad_alloc.
+  /// Parses and validates `url`. Percent-encodes spaces and non-ASCII bytes, because a source key
+  /// may contain them. Returns an error message; empty when the URL is valid. Throws
+  /// std::bad_alloc.
   std::string set(const std::string& url);
-  /// True when the host is the device itself.
+  /// Returns whether the host is the device itself.
   bool isLoopback() const { return isLoopback_; }
-  /// The parsed URL, valid until the next `set`.
+  /// Returns the parsed URL, valid until the next `set`.
   Curl_URL* handle() const { return handle_; }
 
  private:
@@ -30,8 +31,8 @@ class JXHttpTarget {
   std::string part(int which) const;
 
   Curl_URL* handle_ = nullptr;
-  std::string text_;
-  std::string refusal_;
+  std::string url_;
+  std::string error_;
   bool isLoopback_ = false;
 };
 

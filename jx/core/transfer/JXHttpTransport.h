@@ -13,37 +13,37 @@
 
 namespace jx {
 
-/// One POST of a JSON body. `id` is the caller's and names it among those in flight.
+/// One POST of a JSON body. The caller chooses `id`, which identifies the request while in flight.
 struct JXHttpRequest {
   std::uint64_t id = 0;
   std::string url;
   std::string body;
 };
 
-/// How a request ended; it carries the request back.
+/// Result of a request; returns the request to the caller.
 struct JXHttpResult {
   JXHttpRequest request;
   JXAttemptResult outcome;
-  JXString retryAfter;  ///< value of the answer's Retry-After header
-  std::string reason;   ///< without an answer: why there is none, in words
+  JXString retryAfter;  ///< value of the response's Retry-After header
+  std::string reason;   ///< error message when there is no response
 };
 
-/// Sends HTTP requests side by side without a thread of its own. It belongs to one thread, which
-/// drives it with `poll`; only `wakeUp` may be called from others. No operation but a constructor
-/// throws anything besides std::bad_alloc.
+/// Sends HTTP requests concurrently without its own thread. It belongs to one thread, which drives
+/// it with `poll`; only `wakeUp` may be called on other threads. Except for constructors,
+/// operations throw only std::bad_alloc.
 class JXHttpTransport {
  public:
   virtual ~JXHttpTransport() = default;
 
-  /// Takes a request up; each one started ends in exactly one result or in `abortAll`.
+  /// Starts a request. Each started request ends with exactly one result, or with `abortAll`.
   virtual void start(JXHttpRequest request) = 0;
-  /// Moves the requests on and returns the results there are. When there are none yet it first
-  /// waits, until something happens on the network, `wakeUp` was called or `timeout` has passed;
-  /// without a timeout it may wait for ever.
+  /// Advances the requests and returns the results. Without a result, waits first until there is
+  /// network activity, `wakeUp` is called or `timeout` has passed; without a timeout it may wait
+  /// forever.
   virtual std::vector<JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) = 0;
-  /// Ends the present `poll`, or the next one when none is running.
+  /// Ends the current `poll`, or the next one when none is running.
   virtual void wakeUp() noexcept = 0;
-  /// Ends all requests without an answer, and forgets them.
+  /// Aborts and discards all requests without a result.
   virtual void abortAll() noexcept = 0;
 };
 

@@ -17,27 +17,28 @@ namespace {
 constexpr int kAlwaysEnabled = 1;
 constexpr int kDisabledByDefault = 2;
 
-// The transfer of the one manager, which is never destroyed. Read without a lock, since a forked
-// child that exits would wait for ever for one that was held during the fork.
+// The transfer of the manager; never destroyed. Read without a lock, because a forked child that
+// exits would wait forever for a lock that was owned during the fork.
 JXTransfer* stoppedAtExit = nullptr;
 
-// Not one of these operations lets an exception out: a host's thread stands above them.
+// Catches and logs all exceptions, because the caller is an application thread. `failure` is the
+// log message without cause and consequence.
 template <class Operation>
-void guarded(const char* name, Operation&& operation) noexcept {
+void guarded(const char* failure, const char* consequence, Operation&& operation) noexcept {
   try {
     operation();
-  } catch (const std::exception& failure) {
+  } catch (const std::exception& error) {
     JXLogger::sharedInstance().logMessage_withLevel(
-        std::string("Network manager, ") + name + ": " + failure.what(), 3);
+        std::string(failure) + ": " + error.what() + "; " + consequence, 3);
   } catch (...) {
-    JXLogger::sharedInstance().logMessage_withLevel(name, 3);
+    JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
   }
 }
 
 }  // namespace
 
 JXNetworkManager& JXNetworkManager::sharedInstance() {
-  // Never destroyed: threads may use it while the process ends.
+  // Never destroyed: threads may use it while the process exits.
   static JXNetworkManager* const instance = new JXNetworkManager();
   return *instance;
 }
@@ -50,7 +51,7 @@ std::shared_ptr<JXTransfer> JXNetworkManager::transfer() const {
 void JXNetworkManager::setManagerState(int state) {
   const std::lock_guard<std::mutex> lock(mutex_);
   managerState_ = state == kAlwaysEnabled || state == kDisabledByDefault ? state : 0;
-  decide(managerState_ != kDisabledByDefault);
+  applyEnabled(managerState_ != kDisabledByDefault);
 }
 
 int JXNetworkManager::managerState() const {
@@ -61,19 +62,19 @@ int JXNetworkManager::managerState() const {
 void JXNetworkManager::changingSDKBehaviour(bool enabled) {
   const std::lock_guard<std::mutex> lock(mutex_);
   if (!enabled && managerState_ == kAlwaysEnabled) return;
-  decide(enabled);
+  applyEnabled(enabled);
 }
 
-void JXNetworkManager::decide(bool enabled) {
+void JXNetworkManager::applyEnabled(bool enabled) {
   enabled_ = enabled;
   decided_ = true;
-  guarded("enabling", [&] {
+  guarded("Enabling or disabling delivery failed", "delivery state unchanged", [&] {
     if (transfer_) transfer_->setDisabled(!enabled);
   });
 }
 
 void JXNetworkManager::applyBackground() {
-  guarded("background", [&] {
+  guarded("Applying the background state failed", "delivery state unchanged", [&] {
     if (transfer_) transfer_->setInBackground(inBackground_ && !runsInBackground_);
   });
 }
@@ -84,16 +85,19 @@ void JXNetworkManager::waitForUserAgent() {
     waitsForUserAgent_ = true;
     if (!transfer_ || !requestUserAgent_) return;
   }
-  askForUserAgent();
+  startUserAgentRequest();
 }
 
-// The hold is set before the question, since the platform may answer at once.
-void JXNetworkManager::askForUserAgent() {
-  guarded("user agent", [&] {
+// Delivery is paused before the request, because the platform may call back immediately.
+void JXNetworkManager::startUserAgentRequest() {
+  guarded("Requesting the user agent failed", "delivery does not wait for it", [&] {
     std::shared_ptr<JXTransfer> transfer = this->transfer();
-    transfer->holdForUserAgent();
+    transfer->pauseForUserAgent();
     try {
-      requestUserAgent_([transfer] { guarded("user agent", [&] { transfer->userAgentKnown(); }); });
+      requestUserAgent_([transfer] {
+        guarded("Resuming delivery after the user agent failed",
+                "delivery resumes after the wait time", [&] { transfer->userAgentKnown(); });
+      });
     } catch (...) {
       transfer->userAgentKnown();
       throw;
@@ -108,7 +112,7 @@ void JXNetworkManager::enableRunningInBackground() {
 }
 
 void JXNetworkManager::enqueue(std::string_view url, std::string_view body) {
-  guarded("enqueue", [&] {
+  guarded("Queuing a request failed", "request lost", [&] {
     if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->enqueue(url, body);
   });
 }
@@ -127,7 +131,7 @@ void JXNetworkManager::onForeground() {
 
 bool JXNetworkManager::flush(std::chrono::milliseconds deadline) {
   bool isEmpty = true;
-  guarded("flush", [&] {
+  guarded("Flush failed", "requests stay queued", [&] {
     const std::shared_ptr<JXTransfer> transfer = this->transfer();
     if (!transfer) return;
     isEmpty = false;
@@ -137,20 +141,20 @@ bool JXNetworkManager::flush(std::chrono::milliseconds deadline) {
 }
 
 void JXNetworkManager::purge() {
-  guarded("purge", [&] {
+  guarded("Purge failed", "requests may stay queued", [&] {
     if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->purge();
   });
 }
 
 void JXNetworkManager::storageChanged() {
-  guarded("storage change", [&] {
+  guarded("Scheduling a sync failed", "changes become durable with the next sync", [&] {
     if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->storageChanged();
   });
 }
 
 JXDeliveryCounters JXNetworkManager::counters() const {
   JXDeliveryCounters counters;
-  guarded("counters", [&] {
+  guarded("Reading the delivery counters failed", "counters may be 0", [&] {
     if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) {
       counters = transfer->counters();
     }
@@ -159,25 +163,28 @@ JXDeliveryCounters JXNetworkManager::counters() const {
 }
 
 void JXNetworkManager::start(JXTransferSetup setup) {
-  guarded("start", [&] {
-    bool asksForUserAgent = false;
+  guarded("Starting the transfer thread failed", "requests are not accepted", [&] {
+    bool requestsUserAgent = false;
     {
       const std::lock_guard<std::mutex> lock(mutex_);
       if (transfer_) return;
       requestUserAgent_ = setup.requestUserAgent;
       auto transfer = std::make_shared<JXTransfer>(std::move(setup));
-      asksForUserAgent = waitsForUserAgent_ && requestUserAgent_;
-      if (asksForUserAgent) transfer->holdForUserAgent();
+      requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
+      if (requestsUserAgent) transfer->pauseForUserAgent();
       if (decided_) transfer->setDisabled(!enabled_);
       transfer->setInBackground(inBackground_ && !runsInBackground_);
       transfer->start();
       transfer_ = std::move(transfer);
-      // After libcurl and what it uses were initialised above, so that the thread ends before they
-      // are torn down.
+      // Registered after libcurl and its dependencies were initialised above, so that the thread
+      // ends before they are cleaned up.
       stoppedAtExit = transfer_.get();
-      std::atexit([] { guarded("end", [] { stoppedAtExit->stop(JXTransfer::kStopLimit); }); });
+      std::atexit([] {
+        guarded("Stopping the transfer thread failed", "process exit continues",
+                [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
+      });
     }
-    if (asksForUserAgent) askForUserAgent();
+    if (requestsUserAgent) startUserAgentRequest();
   });
 }
 

@@ -16,69 +16,72 @@ namespace jx {
 class JXTransfer;
 struct JXTransferSetup;
 
-/// The core's network state machine: takes requests, holds them while they must not leave, and has
-/// them sent by the transfer thread. Every operation is thread-safe and returns at once unless it
-/// says otherwise. Before `start` (and in a dry run, where there is no transfer) requests are not
-/// taken and the states are only remembered.
+/// The core's network state machine: queues requests, pauses them while they must not be sent, and
+/// passes them to the transfer thread. Every operation is thread-safe and returns immediately
+/// unless documented otherwise. Before `start` (and in a dry run, which has no transfer) requests
+/// are not accepted and states are only recorded. Failures are logged at level 3; no operation
+/// throws.
 class JX_API JXNetworkManager {
  public:
-  /// The one manager of this process; never destroyed.
+  /// Returns the manager of this process; never destroyed.
   static JXNetworkManager& sharedInstance();
 
-  /// 0: nothing was said, requests are sent. 1: always enabled, stopping is ignored. 2: disabled
-  /// by default, requests are held until an enabling notification. Other values count as 0.
+  /// Sets the manager state. 0: not set; requests are sent. 1: always enabled; stop requests are
+  /// ignored. 2: disabled by default; requests are paused until an enabling notification. Other
+  /// values count as 0.
   void setManagerState(int state);
-  /// The state that was set last; 0 at first.
+  /// Returns the state set last; initially 0.
   int managerState() const;
-  /// True lets requests go out; false holds them, aborting those in flight. Ignored with false
-  /// while the manager state is 1.
+  /// Enables or pauses sending. False also aborts requests in flight, which stay queued; it is
+  /// ignored while the manager state is 1.
   void changingSDKBehaviour(bool enabled);
-  /// Holds requests until the platform's user agent is known, at most 10 seconds. When it is known
-  /// it is stored in JXCoreVariables and `kJXNotification_UserAgentAvailable` is posted, on the
-  /// thread on which the platform answers.
+  /// Pauses requests until the platform's user agent is known, for at most
+  /// `JXRetryTimings::userAgentWait`. The user agent is then stored in JXCoreVariables and
+  /// `kJXNotification_UserAgentAvailable` is posted, on the thread on which the platform returns
+  /// it.
   void waitForUserAgent();
-  /// Lets requests go out while the application is in the background.
+  /// Allows sending while the application is in the background.
   void enableRunningInBackground();
 
-  /// Takes a request: it is in the outbox when this returns. Costs the caller one write.
+  /// Queues a request. It is in the outbox when this returns; the caller performs one write.
   void enqueue(std::string_view url, std::string_view body);
-  /// The application went to the background: nothing is sent until it returns, unless running in
-  /// background was enabled; requests in flight are let to end.
+  /// Reports that the application entered the background. No request is started until it returns to
+  /// the foreground, unless running in background is enabled; requests in flight complete.
   void onBackground();
-  /// The application came back: what is queued may leave again.
+  /// Reports that the application entered the foreground; queued requests may be sent again.
   void onForeground();
 
-  /// Waits until the queue is empty, at most until `deadline` has passed; true when it is empty.
-  /// Blocks the calling thread, and never longer than the deadline. It shortens a back-off pause
-  /// to the first one's length, but not a pause that the receiver asked for, and lifts no hold.
+  /// Waits until the queue is empty or `deadline` has passed; returns whether it is empty. Blocks
+  /// the calling thread, never longer than the deadline. Shortens a backoff to `initialBackoff`,
+  /// but not a delay requested by the server, and does not resume paused delivery.
   bool flush(std::chrono::milliseconds deadline);
-  /// Empties the queue and the dead letters; requests in flight are aborted.
+  /// Deletes all queued requests and dead letters; requests in flight are aborted.
   void purge();
-  /// Something else that the core keeps on the disk was changed: it is made durable within a
-  /// second.
+  /// Reports that other persisted data of the core changed; it is made durable within
+  /// `JXRetryTimings::syncDelay`.
   void storageChanged();
-  /// A copy of all counts, taken at one moment.
+  /// Returns a copy of all counters, read at one moment.
   JXDeliveryCounters counters() const;
 
-  /// Starts the transfer thread, which is stopped within 250 ms when the process ends. Called once
-  /// by the core; a second call is ignored. When the system gives no thread it is logged, and
-  /// requests are not taken.
+  /// Starts the transfer thread, which is stopped within 250 ms when the process exits. Called once
+  /// by the core; a second call is ignored. When the system cannot create a thread, logs the
+  /// failure at level 3; requests are then not accepted.
   void start(JXTransferSetup setup);
 
  private:
   JXNetworkManager() = default;
 
   std::shared_ptr<JXTransfer> transfer() const;
-  void decide(bool enabled);
+  void applyEnabled(bool enabled);
   void applyBackground();
-  void askForUserAgent();
+  void startUserAgentRequest();
 
   mutable std::mutex mutex_;
   std::shared_ptr<JXTransfer> transfer_;
   std::function<void(std::function<void()>)> requestUserAgent_;  // set once, before transfer_
   int managerState_ = 0;
   bool enabled_ = true;
-  bool decided_ = false;  // somebody said whether requests may leave
+  bool decided_ = false;  // whether sending was enabled or paused explicitly
   bool inBackground_ = false;
   bool runsInBackground_ = false;
   bool waitsForUserAgent_ = false;

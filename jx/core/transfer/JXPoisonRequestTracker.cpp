@@ -7,45 +7,45 @@
 namespace jx {
 
 void JXPoisonRequestTracker::ended(std::uint64_t id, const JXAttemptResult& outcome,
-                                   JXResponseClass verdict, Time start) {
-  const auto found = std::find_if(suspects_.begin(), suspects_.end(),
-                                  [id](const Suspect& each) { return each.id == id; });
-  if (verdict != JXResponseClass::Retry) {
-    if (found != suspects_.end()) suspects_.erase(found);
+                                   JXResponseClass responseClass, Time start) {
+  const auto found = std::find_if(tracked_.begin(), tracked_.end(),
+                                  [id](const Tracked& each) { return each.id == id; });
+  if (responseClass != JXResponseClass::Retry) {
+    if (found != tracked_.end()) tracked_.erase(found);
     return;
   }
-  // Without an answer it is the network that fails, which is the same for all requests.
+  // Without a response the network fails, which affects all requests alike.
   if (outcome.status < 500) return;
-  if (found == suspects_.end()) {
-    if (suspects_.size() >= kMost) suspects_.erase(suspects_.begin());
-    suspects_.push_back({id, 1, Time::min()});
+  if (found == tracked_.end()) {
+    if (tracked_.size() >= kMaxTracked) tracked_.erase(tracked_.begin());
+    tracked_.push_back({id, 1, Time::min()});
     return;
   }
   ++found->failures;
-  if (found->failures < kTries) return;
-  // Without jitter: the pipeline's own pause, which comes on top, has it.
-  found->until = start + longestPauseAfter(found->failures - kTries, timings_);
+  if (found->failures < kFailureLimit) return;
+  // Without jitter, because the backoff of the pipeline, which is added, has it.
+  found->until = start + maxBackoffAfter(found->failures - kFailureLimit, timings_);
 }
 
 std::vector<std::uint64_t> JXPoisonRequestTracker::deferred(Time now) const {
   std::vector<std::uint64_t> ids;
-  for (const Suspect& suspect : suspects_) {
-    if (now < suspect.until) ids.push_back(suspect.id);
+  for (const Tracked& request : tracked_) {
+    if (now < request.until) ids.push_back(request.id);
   }
   return ids;
 }
 
-std::optional<JXPoisonRequestTracker::Time> JXPoisonRequestTracker::firstEnd(Time now) const {
+std::optional<JXPoisonRequestTracker::Time> JXPoisonRequestTracker::nextRetry(Time now) const {
   std::optional<Time> first;
-  for (const Suspect& suspect : suspects_) {
-    if (now < suspect.until) first = first ? std::min(*first, suspect.until) : suspect.until;
+  for (const Tracked& request : tracked_) {
+    if (now < request.until) first = first ? std::min(*first, request.until) : request.until;
   }
   return first;
 }
 
-void JXPoisonRequestTracker::endPauses() {
-  for (Suspect& suspect : suspects_)
-    suspect.until = Time::min();
+void JXPoisonRequestTracker::endDeferrals() {
+  for (Tracked& request : tracked_)
+    request.until = Time::min();
 }
 
 }  // namespace jx

@@ -11,39 +11,40 @@
 
 namespace jx {
 
-/// Finds the requests on which the receiver itself stumbles. The oldest request is tried first and
-/// a failure pauses everything, so one body that is always answered with 500 would keep all others
-/// from leaving until it is too old. A request that failed so `kTries` times has a pause of its
-/// own, doubling like that of the pipeline, in which others are tried; when they get through, only
-/// that one waits. A pure state: it is told what happened and when.
+/// Tracks requests that the server repeatedly fails to process, so that they do not block the
+/// queue. The oldest request is sent first and a failure delays all requests, so a body that always
+/// gets a 5xx response would block the others until it expires. After `kFailureLimit` such failures
+/// a request is deferred with its own backoff, which doubles like that of the pipeline; others are
+/// sent in the meantime. Pure state: the caller passes each result with its time.
 class JXPoisonRequestTracker {
  public:
   using Time = std::chrono::steady_clock::time_point;
-  /// A restart of the receiver gives a 5xx or two; three in a row to one request are suspicious.
-  static constexpr std::uint32_t kTries = 3;
-  /// More than these are not known apart; the oldest is forgotten first.
-  static constexpr std::size_t kMost = 100;
+  /// A server restart may cause one or two 5xx responses; three for the same request defer it.
+  static constexpr std::uint32_t kFailureLimit = 3;
+  /// Maximum number of tracked requests; the oldest is removed first.
+  static constexpr std::size_t kMaxTracked = 100;
 
   explicit JXPoisonRequestTracker(const JXRetryTimings& timings) : timings_(timings) {}
 
-  /// A try of the request ended; its pause, if it has one, counts from `start`.
-  void ended(std::uint64_t id, const JXAttemptResult& outcome, JXResponseClass verdict, Time start);
-  /// The requests that are not to be tried now.
+  /// Records the result of an attempt. A deferral begins at `start`.
+  void ended(std::uint64_t id, const JXAttemptResult& outcome, JXResponseClass responseClass,
+             Time start);
+  /// Returns the requests that must not be sent now.
   std::vector<std::uint64_t> deferred(Time now) const;
-  /// When the first of them may be tried again; nothing when there is none.
-  std::optional<Time> firstEnd(Time now) const;
-  /// All may be tried again.
-  void endPauses();
+  /// Returns the time of the next retry of a deferred request; nullopt when none is deferred.
+  std::optional<Time> nextRetry(Time now) const;
+  /// Ends all deferrals.
+  void endDeferrals();
 
  private:
-  struct Suspect {
+  struct Tracked {
     std::uint64_t id;
     std::uint32_t failures;
-    Time until;  ///< its pause ends
+    Time until;  ///< end of its deferral
   };
 
   JXRetryTimings timings_;
-  std::vector<Suspect> suspects_;
+  std::vector<Tracked> tracked_;
 };
 
 }  // namespace jx

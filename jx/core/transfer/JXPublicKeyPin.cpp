@@ -4,14 +4,14 @@
 
 namespace jx {
 
-bool isPublicKeyPin(std::string_view text) {
+bool isPublicKeyPin(std::string_view string) {
   constexpr std::string_view kDigits =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  if (text.size() != 44 || text.back() != '=') return false;
-  text.remove_suffix(1);
-  if (text.find_first_not_of(kDigits) != std::string_view::npos) return false;
-  // The last digit holds the hash's last four bits and two that are zero.
-  return kDigits.find(text.back()) % 4 == 0;
+  if (string.size() != 44 || string.back() != '=') return false;
+  string.remove_suffix(1);
+  if (string.find_first_not_of(kDigits) != std::string_view::npos) return false;
+  // The last digit encodes the hash's last four bits, followed by two zero bits.
+  return kDigits.find(string.back()) % 4 == 0;
 }
 
 }  // namespace jx

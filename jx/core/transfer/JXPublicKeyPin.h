@@ -6,7 +6,8 @@
 
 namespace jx {
 
-/// True for the Base64 text of 32 bytes, as a SHA-256 has: 43 digits and one "=".
-bool isPublicKeyPin(std::string_view text);
+/// Returns whether `string` is the Base64 form of 32 bytes, the size of a SHA-256 hash: 43 digits
+/// and one "=".
+bool isPublicKeyPin(std::string_view string);
 
 }  // namespace jx

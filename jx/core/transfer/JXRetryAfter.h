@@ -9,11 +9,10 @@
 
 namespace jx {
 
-/// How long a Retry-After header asks to wait, counted from `nowWallMs` (milliseconds since the
-/// Unix epoch). `text` is a number of seconds or one of HTTP's three forms of a date; a date that
-/// has passed is a wait of zero, and a wait of more than ten years counts as ten years. Nothing
-/// when the text is neither.
-std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view text,
+/// Returns the delay that a Retry-After header requests, relative to `nowWallMs` (milliseconds
+/// since the Unix epoch). `header` is a number of seconds or a date in one of HTTP's three forms. A
+/// past date returns zero; more than ten years return ten years; an invalid header returns nullopt.
+std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view header,
                                                          std::int64_t nowWallMs) noexcept;
 
 }  // namespace jx

@@ -10,43 +10,45 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Keeps sums with the steady clock's nanoseconds far from overflow, whatever a host configures.
-constexpr milliseconds kLongestAnyPause = std::chrono::hours(24 * 365);
+// Prevents overflow of sums with the steady clock's nanoseconds, whatever the configuration
+// contains.
+constexpr milliseconds kMaxDelay = std::chrono::hours(24 * 365);
 
-milliseconds sane(milliseconds pause) {
-  return std::clamp(pause, milliseconds::zero(), kLongestAnyPause);
+milliseconds clamped(milliseconds delay) {
+  return std::clamp(delay, milliseconds::zero(), kMaxDelay);
 }
 
 milliseconds jittered(milliseconds longest, double draw) {
-  if (!(draw > 0)) return milliseconds::zero();  // also when it is not a number
+  if (!(draw > 0)) return milliseconds::zero();  // also for NaN
   const double part = std::min(draw, 1.0) * static_cast<double>(longest.count());
   return milliseconds(static_cast<milliseconds::rep>(part));
 }
 
-void waitAsAsked(JXRetryState& state, const JXCompletedAttempt& end, const JXRetryTimings& timings,
-                 JXRetryState::Time now) {
+void applyRetryAfter(JXRetryState& state, const JXCompletedAttempt& end,
+                     const JXRetryTimings& timings, JXRetryState::Time now) {
   if (!end.retryAfter) return;
-  const milliseconds asked = sane(std::min(*end.retryAfter, timings.maxRetryAfter));
-  if (asked == milliseconds::zero()) return;
-  state.pausedUntil = std::max(state.pausedUntil, now + asked);
-  state.askedToWait = true;
+  const milliseconds delay = clamped(std::min(*end.retryAfter, timings.maxRetryAfter));
+  if (delay == milliseconds::zero()) return;
+  state.backoffUntil = std::max(state.backoffUntil, now + delay);
+  state.hasRetryAfter = true;
 }
 
 }  // namespace
 
-milliseconds longestPauseAfter(std::uint32_t failures, const JXRetryTimings& timings) {
-  const milliseconds longest = sane(timings.maxBackoff);
-  milliseconds pause = std::min(sane(timings.initialBackoff), longest);
-  for (std::uint32_t i = 0; i < failures && pause > milliseconds::zero() && pause < longest; ++i) {
-    pause = std::min(pause * 2, longest);
+milliseconds maxBackoffAfter(std::uint32_t failures, const JXRetryTimings& timings) {
+  const milliseconds longest = clamped(timings.maxBackoff);
+  milliseconds backoff = std::min(clamped(timings.initialBackoff), longest);
+  for (std::uint32_t i = 0; i < failures && backoff > milliseconds::zero() && backoff < longest;
+       ++i) {
+    backoff = std::min(backoff * 2, longest);
   }
-  return pause;
+  return backoff;
 }
 
 JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept {
   if (outcome.neverSendable) return JXResponseClass::Rejected;
   const int status = outcome.status;
-  // A status below 200 is an interim one: the answer itself never came.
+  // A status below 200 is interim: the final response was not received.
   if (status < 200) return JXResponseClass::Retry;
   if (status < 300) return JXResponseClass::Delivered;
   if (status == 408 || status == 425 || status == 429) return JXResponseClass::Retry;
@@ -56,31 +58,32 @@ JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept {
 JXRetryState nextStep(const JXRetryState& state, const JXCompletedAttempt& end,
                       const JXRetryTimings& timings, JXRetryState::Time now, double draw) noexcept {
   JXRetryState next = state;
-  const bool ofThisRound = end.round == state.round;
-  if (end.verdict != JXResponseClass::Retry) {
-    if (ofThisRound) {
+  const bool isCurrentRound = end.round == state.round;
+  if (end.responseClass != JXResponseClass::Retry) {
+    if (isCurrentRound) {
       next = JXRetryState{};
       next.round = state.round;
     }
     return next;
   }
-  if (ofThisRound) {
+  if (isCurrentRound) {
     next.round = state.round + 1;
     next.failedAt = now;
-    next.pausedUntil = now + jittered(longestPauseAfter(state.failures, timings), draw);
-    next.askedToWait = false;
+    next.backoffUntil = now + jittered(maxBackoffAfter(state.failures, timings), draw);
+    next.hasRetryAfter = false;
     if (next.failures < std::numeric_limits<std::uint32_t>::max()) ++next.failures;
   }
-  waitAsAsked(next, end, timings, now);
+  applyRetryAfter(next, end, timings, now);
   return next;
 }
 
 JXRetryState shortenBackoff(const JXRetryState& state, const JXRetryTimings& timings,
                             JXRetryState::Time now) noexcept {
   JXRetryState next = state;
-  if (!state.isPaused(now) || state.askedToWait) return next;
-  const JXRetryState::Time soonest = std::max(now, state.failedAt + sane(timings.initialBackoff));
-  next.pausedUntil = std::min(state.pausedUntil, soonest);
+  if (!state.isBackingOff(now) || state.hasRetryAfter) return next;
+  const JXRetryState::Time soonest =
+      std::max(now, state.failedAt + clamped(timings.initialBackoff));
+  next.backoffUntil = std::min(state.backoffUntil, soonest);
   return next;
 }
 

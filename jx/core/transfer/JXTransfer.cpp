@@ -26,12 +26,10 @@ namespace {
 using SteadyTime = std::chrono::steady_clock::time_point;
 using std::chrono::milliseconds;
 
-// Longer waits are as good as endless, and a sum with the clock's time must not overflow.
-constexpr milliseconds kLongestWait = std::chrono::hours(24 * 365);
+// Limits a wait so that a sum with the clock's time cannot overflow.
+constexpr milliseconds kMaxWait = std::chrono::hours(24 * 365);
 
-milliseconds bounded(milliseconds wait) {
-  return std::clamp(wait, milliseconds::zero(), kLongestWait);
-}
+milliseconds bounded(milliseconds wait) { return std::clamp(wait, milliseconds::zero(), kMaxWait); }
 
 JXTransferSetup completed(JXTransferSetup setup) {
   if (!setup.steadyNow) setup.steadyNow = [] { return std::chrono::steady_clock::now(); };
@@ -53,15 +51,16 @@ JXTransferSetup completed(JXTransferSetup setup) {
   return setup;
 }
 
-// Signals are the host's: none is handled on the transfer thread, and a peer that closes while we
-// write (SIGPIPE) ends nothing. Faults of the thread itself stay deliverable.
+// Blocks signals on the transfer thread: the application handles them on its own threads, and a
+// peer that closes during a write (SIGPIPE) does not end the process. Signals for errors of the
+// thread itself, such as SIGSEGV, stay deliverable.
 class SignalsBlocked {
  public:
   SignalsBlocked() {
     sigset_t all;
     sigfillset(&all);
-    for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS}) {
-      sigdelset(&all, fault);
+    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS}) {
+      sigdelset(&all, signal);
     }
     pthread_sigmask(SIG_SETMASK, &all, &before_);
   }
@@ -75,8 +74,8 @@ class SignalsBlocked {
 
 }  // namespace
 
-// What the owner and the thread share. The thread holds it too, so that one that was left behind
-// at a stop finds everything in place.
+// State shared by the owner and the thread. The thread co-owns it, so that it stays valid for a
+// thread that was abandoned at a stop.
 class JXTransfer::Engine {
  public:
   explicit Engine(JXTransferSetup setup)
@@ -96,69 +95,69 @@ class JXTransfer::Engine {
   std::atomic<std::thread::id> threadId_{};
   const pid_t process_ = getpid();
 
-  // Guards what follows; never held while anything is called but the outbox.
+  // Guards the members below; while it is locked, only the outbox is called.
   std::mutex mutex_;
   std::condition_variable changed_;
   bool ended_ = false;
-  bool leftBehind_ = false;
-  bool stopped_ = false;  // stop() has its answer
+  bool abandoned_ = false;
+  bool stopped_ = false;  // stop() was called
   std::atomic<int> flushing_{0};
 
   void run() noexcept {
     threadId_.store(std::this_thread::get_id());
-    while (turn()) {
+    while (runOnce()) {
     }
     end();
   }
   bool isOnThread() const { return threadId_.load() == std::this_thread::get_id(); }
   bool queueIsEmpty() const { return outbox_->counters().queued == 0; }
-  // The last owner's end would close curl's connections on the thread that was left behind.
-  static void keepForEver(std::shared_ptr<Engine> engine) {
+  // Otherwise the last owner would close curl's connections on the abandoned thread.
+  static void keepForever(std::shared_ptr<Engine> engine) {
     static std::mutex mutex;
     static auto* const kept = new std::vector<std::shared_ptr<Engine>>();
     const std::lock_guard<std::mutex> lock(mutex);
     kept->push_back(std::move(engine));
   }
-  void tellFlushers() {
-    // They wait for nothing else; being woken for each request would cost more than sending it.
+  void notifyFlushers() {
+    // They wait only for the empty queue; waking them per request would cost more than sending it.
     if (flushing_.load() == 0 || !queueIsEmpty()) return;
     const std::lock_guard<std::mutex> lock(mutex_);
     changed_.notify_all();
   }
 
  private:
-  // False once the thread is to end.
-  bool turn() noexcept {
+  // Returns false when the thread must end.
+  bool runOnce() noexcept {
     try {
-      const JXTransferCommands orders = mailbox_.readOrders();
-      if (orders.stop) return false;
-      loop_->take(orders, mailbox_.readAdded());
-      const JXTransferWait rest = loop_->act();
-      tellFlushers();
-      const bool mayWait = mailbox_.prepareToSleep(rest.ignoresAdditions);
-      loop_->waitAndSettle(rest, mayWait);
+      const JXTransferCommands commands = mailbox_.readCommands();
+      if (commands.stop) return false;
+      loop_->apply(commands, mailbox_.readAdded());
+      const JXTransferWait wait = loop_->act();
+      notifyFlushers();
+      const bool mayWait = mailbox_.prepareToSleep(wait.ignoresAdditions);
+      loop_->waitAndComplete(wait, mayWait);
       mailbox_.awake();
-    } catch (const std::exception& failure) {
+    } catch (const std::exception& error) {
       mailbox_.awake();
-      loop_->recover(failure.what());
+      loop_->recover(error.what());
     } catch (...) {
       mailbox_.awake();
-      loop_->recover("unknown failure");
+      loop_->recover("unknown error");
     }
-    tellFlushers();
+    notifyFlushers();
     return true;
   }
 
   void end() noexcept {
     {
-      // Too late: the process may be gone half-way, and curl's libraries with it.
+      // Too late: the process may be exiting, with curl's libraries already cleaned up.
       const std::lock_guard<std::mutex> lock(mutex_);
-      if (leftBehind_) return;
+      if (abandoned_) return;
     }
     try {
       loop_->end();
     } catch (...) {
-      // The requests are in the outbox all the same.
+      // The requests are in the outbox anyway.
     }
     const std::lock_guard<std::mutex> lock(mutex_);
     ended_ = true;
@@ -181,43 +180,43 @@ void JXTransfer::enqueue(std::string_view url, std::string_view body) {
   if (engine_->outbox_->add(url, body)) {
     engine_->mailbox_.notifyAdded();
   } else if (engine_->setup_.onDelivery) {
-    engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.rejectedByQueue; });
+    engine_->mailbox_.send([](JXTransferCommands& commands) { ++commands.rejectedByQueue; });
   }
 }
 
 void JXTransfer::storageChanged() {
-  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.storageChanges; });
+  engine_->mailbox_.send([](JXTransferCommands& commands) { ++commands.storageChanges; });
 }
 
 void JXTransfer::setDisabled(bool disabled) {
-  engine_->mailbox_.order([disabled](JXTransferCommands& orders) {
-    orders.disabled = disabled;
-    ++orders.decisions;
+  engine_->mailbox_.send([disabled](JXTransferCommands& commands) {
+    commands.disabled = disabled;
+    ++commands.decisions;
   });
 }
 
 void JXTransfer::setInBackground(bool inBackground) {
-  engine_->mailbox_.order(
-      [inBackground](JXTransferCommands& orders) { orders.inBackground = inBackground; });
+  engine_->mailbox_.send(
+      [inBackground](JXTransferCommands& commands) { commands.inBackground = inBackground; });
 }
 
-void JXTransfer::holdForUserAgent() {
+void JXTransfer::pauseForUserAgent() {
   const SteadyTime until =
       engine_->setup_.steadyNow() + bounded(engine_->setup_.timings.userAgentWait);
-  engine_->mailbox_.order([until](JXTransferCommands& orders) { orders.heldUntil = until; });
+  engine_->mailbox_.send([until](JXTransferCommands& commands) { commands.pausedUntil = until; });
 }
 
 void JXTransfer::userAgentKnown() {
-  engine_->mailbox_.order([](JXTransferCommands& orders) { orders.heldUntil.reset(); });
+  engine_->mailbox_.send([](JXTransferCommands& commands) { commands.pausedUntil.reset(); });
 }
 
 bool JXTransfer::flush(milliseconds deadline) {
-  // The deadline follows the real clock: it is the host that waits, not the plan.
+  // The deadline uses the real clock, because the application waits, not the plan.
   const SteadyTime until = std::chrono::steady_clock::now() + bounded(deadline);
   if (engine_->queueIsEmpty()) return true;
   if (engine_->isOnThread()) return false;
   ++engine_->flushing_;
-  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.flushes; });
+  engine_->mailbox_.send([](JXTransferCommands& commands) { ++commands.flushes; });
   std::unique_lock<std::mutex> lock(engine_->mutex_);
   const bool empty =
       engine_->changed_.wait_until(lock, until, [this] { return engine_->queueIsEmpty(); });
@@ -227,26 +226,26 @@ bool JXTransfer::flush(milliseconds deadline) {
 
 void JXTransfer::purge() {
   engine_->outbox_->purge();
-  engine_->mailbox_.order([](JXTransferCommands& orders) { ++orders.purges; });
-  engine_->tellFlushers();
+  engine_->mailbox_.send([](JXTransferCommands& commands) { ++commands.purges; });
+  engine_->notifyFlushers();
 }
 
 JXDeliveryCounters JXTransfer::counters() const {
-  const JXTransferCommands orders = engine_->mailbox_.orders();
+  const JXTransferCommands commands = engine_->mailbox_.commands();
   JXDeliveryCounters counters;
   counters.outbox = engine_->outbox_->counters();
   counters.attempts = engine_->loop_->attempts();
   counters.failures = engine_->loop_->failures();
-  counters.paused = orders.disabled || orders.inBackground ||
-                    (orders.heldUntil && engine_->setup_.steadyNow() < *orders.heldUntil);
+  counters.paused = commands.disabled || commands.inBackground ||
+                    (commands.pausedUntil && engine_->setup_.steadyNow() < *commands.pausedUntil);
   return counters;
 }
 
 bool JXTransfer::stop(milliseconds limit) {
-  // In a forked child the thread does not exist, and its locks may be held for ever.
+  // In a forked child the thread does not exist, and its locks may stay locked forever.
   if (getpid() != engine_->process_) return false;
   const SteadyTime until = std::chrono::steady_clock::now() + bounded(limit);
-  engine_->mailbox_.order([](JXTransferCommands& orders) { orders.stop = true; });
+  engine_->mailbox_.send([](JXTransferCommands& commands) { commands.stop = true; });
   {
     std::unique_lock<std::mutex> lock(engine_->mutex_);
     if (engine_->stopped_) return engine_->ended_;
@@ -254,15 +253,15 @@ bool JXTransfer::stop(milliseconds limit) {
     if (!engine_->thread_.joinable()) engine_->ended_ = true;  // it was never started
     if (!engine_->isOnThread())
       engine_->changed_.wait_until(lock, until, [this] { return engine_->ended_; });
-    engine_->leftBehind_ = !engine_->ended_;
+    engine_->abandoned_ = !engine_->ended_;
   }
   if (!engine_->thread_.joinable()) return true;
-  if (!engine_->leftBehind_) {
+  if (!engine_->abandoned_) {
     engine_->thread_.join();
     return true;
   }
   engine_->thread_.detach();
-  engine_->keepForEver(engine_);
+  engine_->keepForever(engine_);
   return false;
 }
 

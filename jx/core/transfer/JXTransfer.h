@@ -12,55 +12,56 @@
 
 namespace jx {
 
-/// Owns the transfer thread, which sends what the outbox holds and makes the storage durable. It
-/// sleeps without any periodic wake-up while there is nothing to do. All operations are
-/// thread-safe; none but `flush` and `stop` waits for the network or for the thread.
+/// Owns the transfer thread, which sends the queued requests and makes the storage durable. The
+/// thread sleeps without periodic wake-ups while it has no work. All operations are thread-safe;
+/// only `flush` and `stop` wait for the network or the thread.
 ///
-/// After a `fork` the child has no transfer thread: there `stop` does nothing and `flush` returns
-/// at its deadline. A child that does not `exec` must not use the library.
+/// After a `fork`, the child has no transfer thread: `stop` does nothing and `flush` returns at its
+/// deadline. A child that does not call `exec` must not use the library.
 class JXTransfer {
  public:
-  /// How long a process end waits for the thread.
+  /// Longest time that a process exit waits for the thread.
   static constexpr std::chrono::milliseconds kStopLimit{250};
 
-  /// Throws std::exception when there is no memory.
+  /// Does not start the thread. Throws a std::exception when out of memory.
   explicit JXTransfer(JXTransferSetup setup);
-  /// Stops within `kStopLimit`.
+  /// Calls `stop(kStopLimit)`.
   ~JXTransfer();
   JXTransfer(const JXTransfer&) = delete;
   JXTransfer& operator=(const JXTransfer&) = delete;
 
-  /// Starts the thread, once; holds may be set before. Throws std::system_error when the system
-  /// gives no thread.
+  /// Starts the thread; a second call has no effect. Delivery may be paused before. Throws
+  /// std::system_error when the system cannot create a thread.
   void start();
 
-  /// Puts a request into the outbox, where it is when this returns, and has it sent.
+  /// Adds a request to the outbox before it returns, and wakes the thread to send it.
   void enqueue(std::string_view url, std::string_view body);
-  /// Something else on the disk was changed: sync and `maintain` run within `syncDelay`.
+  /// Reports that other stored data changed: a sync and `maintain` run within `syncDelay`.
   void storageChanged();
 
-  /// True holds all requests and aborts those in flight. Either value says that the question of
-  /// consent was considered, and ends the hold at the start.
+  /// True pauses all requests and aborts those in flight. Either value counts as a consent decision
+  /// and ends `startHold`.
   void setDisabled(bool disabled);
-  /// True holds requests that are not in flight yet.
+  /// True pauses requests that are not in flight yet.
   void setInBackground(bool inBackground);
-  /// Holds requests until `userAgentKnown`, at most for `userAgentWait`.
-  void holdForUserAgent();
+  /// Pauses requests until `userAgentKnown` is called, for at most `userAgentWait`.
+  void pauseForUserAgent();
+  /// Ends the pause of `pauseForUserAgent`.
   void userAgentKnown();
 
-  /// True when the queue is empty, waiting for it at most until `deadline` has passed. A back-off
-  /// pause is cut to its shortest, unless the receiver asked for it by Retry-After; holds are not
-  /// lifted. On the transfer thread itself it does not wait.
+  /// Waits until the queue is empty or `deadline` has passed; returns whether it is empty. Shortens
+  /// a backoff to `initialBackoff` unless the server requested it by Retry-After; does not resume
+  /// paused delivery. Does not wait when called on the transfer thread.
   bool flush(std::chrono::milliseconds deadline);
-  /// Empties the queue and the dead letters at once and aborts what is in flight.
+  /// Deletes all queued requests and dead letters before it returns, and aborts requests in flight.
   void purge();
 
   JXDeliveryCounters counters() const;
 
-  /// Ends the thread; requests in flight stay in the outbox, and callbacks are not called any more.
-  /// False when the thread did not end within `limit` (a callback or the disk keeps it): it is left
-  /// behind then, and touches nothing but what keeps it. Further calls give the same answer, and
-  /// the thread does not start again.
+  /// Stops the thread. Requests in flight stay in the outbox; callbacks are not called afterwards.
+  /// Returns false when the thread did not end within `limit` because a callback or the disk blocks
+  /// it; the thread is then abandoned and only finishes the blocking call. Further calls return the
+  /// same result, and the thread cannot be started again.
   bool stop(std::chrono::milliseconds limit);
 
  private:

@@ -15,14 +15,15 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Hooks of the core and of the host: what they throw must not end the thread.
-template <class Hook, class... Arguments>
-void callSafely(const Hook& hook, Arguments&&... arguments) noexcept {
-  if (!hook) return;
+// Calls a callback of the core or the application. Its exceptions must not end the thread.
+template <class Callback, class... Arguments>
+void callSafely(const Callback& callback, Arguments&&... arguments) noexcept {
+  if (!callback) return;
   try {
-    hook(std::forward<Arguments>(arguments)...);
+    callback(std::forward<Arguments>(arguments)...);
   } catch (...) {
-    JXLogger::sharedInstance().logMessage_withLevel("A callback threw on the transfer thread", 3);
+    JXLogger::sharedInstance().logMessage_withLevel(
+        "Callback threw an exception on the transfer thread; ignored", 3);
   }
 }
 
@@ -30,8 +31,8 @@ void log(const std::string& message, int level) {
   JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
-std::string named(const JXString& eventId) {
-  return eventId.isPresent() ? "event " + eventId.toStdString() : "event without an id";
+std::string withId(const char* event, const JXString& eventId) {
+  return event + (eventId.isPresent() ? " " + eventId.toStdString() : " without an ID");
 }
 
 std::string describe(const JXHttpResult& result) {
@@ -42,24 +43,24 @@ std::string describe(const JXHttpResult& result) {
 const char* describe(JXDropReason reason) {
   switch (reason) {
     case JXDropReason::TooMany:
-      return "the queue held too many requests";
+      return "queue limit exceeded: number of requests";
     case JXDropReason::TooLarge:
-      return "the queue held too many bytes";
+      return "queue limit exceeded: size in bytes";
     case JXDropReason::TooOld:
-      return "it waited for too long";
+      return "queue limit exceeded: age";
     case JXDropReason::NoStorage:
-      return "the disk took nothing, and memory held too many";
+      return "storage unavailable and in-memory queue limit exceeded";
     case JXDropReason::Unreadable:
-      return "its bytes on the disk are damaged";
+      return "stored request is damaged";
     case JXDropReason::Purged:
-      return "the queue was purged";
+      return "queue purged";
     case JXDropReason::None:
       break;
   }
   return "";
 }
 
-// What failed, without the numbers that differ from try to try, such as the time that it took.
+// Returns the cause without digits that differ between attempts, such as the elapsed time.
 std::string causeOf(const JXHttpResult& result) {
   std::string cause = describe(result);
   if (result.outcome.status != 0) return cause;
@@ -77,52 +78,52 @@ JXString eventIdOf(std::string_view body) {
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
     : setup_(std::move(setup)), plan_(setup_.timings, setup_.steadyNow()) {
   if (setup_.onDelivery) setup_.outbox->rememberDropped();
-  // What an earlier process left may be made durable or tidied.
+  // Requests of an earlier process may need a sync or a cleanup.
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
 }
 
-void JXTransferLoop::take(const JXTransferCommands& orders, bool added) {
+void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
   const JXTransferPlan::Time now = setup_.steadyNow();
-  plan_.setDisabled(orders.disabled);
-  plan_.setInBackground(orders.inBackground);
-  plan_.holdUntil(orders.heldUntil);
-  if (orders.decisions != applied_.decisions) plan_.endStartHold();
+  plan_.setDisabled(commands.disabled);
+  plan_.setInBackground(commands.inBackground);
+  plan_.pauseUntil(commands.pausedUntil);
+  if (commands.decisions != applied_.decisions) plan_.endStartHold();
   if (added) plan_.requestsAdded();
-  if (added || orders.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
-  if (orders.flushes != applied_.flushes) plan_.expedite(now);
-  if (orders.purges != applied_.purges) {
+  if (added || commands.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
+  if (commands.flushes != applied_.flushes) plan_.expedite(now);
+  if (commands.purges != applied_.purges) {
     abortInFlight();
     plan_.storageChanged(now);
   }
-  applied_ = orders;
+  applied_ = commands;
 }
 
 JXTransferWait JXTransferLoop::act() {
-  const JXTransferActions step = plan_.next(setup_.steadyNow());
-  if (step.abortInFlight) abortInFlight();
-  if (step.sync) sync();
-  for (std::size_t i = 0; i < step.mayStart; ++i) {
-    if (!startOne(step.probes)) break;
+  const JXTransferActions actions = plan_.next(setup_.steadyNow());
+  if (actions.abortInFlight) abortInFlight();
+  if (actions.sync) sync();
+  for (std::size_t i = 0; i < actions.mayStart; ++i) {
+    if (!startOne(actions.probes)) break;
   }
-  const bool hasTold = reportDropped();
-  JXTransferWait rest = plan_.rest(setup_.steadyNow());
-  // There may be more, which wait for one turn, so that a callback that makes the queue drop again
-  // cannot keep the thread from its orders.
-  if (hasTold) rest.wakeAt = setup_.steadyNow();
-  return rest;
+  const bool hasReported = reportDropped();
+  JXTransferWait wait = plan_.nextWait(setup_.steadyNow());
+  // Further dropped requests are reported in the next iteration, so that a callback that causes new
+  // drops cannot keep the thread from reading its commands.
+  if (hasReported) wait.wakeAt = setup_.steadyNow();
+  return wait;
 }
 
-void JXTransferLoop::waitAndSettle(const JXTransferWait& rest, bool mayWait) {
+void JXTransferLoop::waitAndComplete(const JXTransferWait& wait, bool mayWait) {
   std::optional<milliseconds> timeout;
   if (!mayWait) {
     timeout = milliseconds::zero();
-  } else if (rest.wakeAt) {
-    // Rounded up: waking a moment early would mean turning in circles until the time has come.
-    const auto left = std::chrono::ceil<milliseconds>(*rest.wakeAt - setup_.steadyNow());
+  } else if (wait.wakeAt) {
+    // Rounded up: waking too early would loop without waiting until the time is reached.
+    const auto left = std::chrono::ceil<milliseconds>(*wait.wakeAt - setup_.steadyNow());
     timeout = std::max(left, milliseconds::zero());
   }
   for (JXHttpResult& result : setup_.transport->poll(timeout))
-    settle(result);
+    complete(result);
 }
 
 void JXTransferLoop::end() {
@@ -130,14 +131,14 @@ void JXTransferLoop::end() {
   sync();
 }
 
-void JXTransferLoop::recover(std::string_view what) noexcept {
+void JXTransferLoop::recover(std::string_view error) noexcept {
   try {
-    log("The transfer thread gave its requests back: " + std::string(what), 3);
+    log("Transfer thread error: " + std::string(error) + "; in-flight requests requeued", 3);
     const JXTransferPlan::Time now = setup_.steadyNow();
     abortInFlight();
-    plan_.failedInside(now, setup_.draw());
+    plan_.failedInternally(now, setup_.draw());
   } catch (...) {
-    // Nothing is lost: the requests stay in the outbox and are found by the next process.
+    // Nothing is lost: the requests stay in the outbox for the next process.
   }
 }
 
@@ -167,7 +168,7 @@ void JXTransferLoop::sync() {
   plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
 }
 
-void JXTransferLoop::settle(JXHttpResult& result) {
+void JXTransferLoop::complete(JXHttpResult& result) {
   const std::optional<milliseconds> retryAfter =
       parseRetryAfter(result.retryAfter.view(), setup_.clock ? setup_.clock->nowMs() : 0);
   const JXTransferPlan::Time now = setup_.steadyNow();
@@ -175,12 +176,12 @@ void JXTransferLoop::settle(JXHttpResult& result) {
   switch (plan_.ended(id, result.outcome, retryAfter, now, setup_.draw())) {
     case JXResponseClass::Delivered:
       plan_.storageChanged(now);
-      if (!lastFailure_.empty()) log("Requests go out again", 5);
+      if (!lastFailure_.empty()) log("Delivery resumed", 5);
       lastFailure_.clear();
-      // One that was dropped while it was in flight was told as dropped.
+      // A request dropped while in flight was already reported as dropped.
       if (setup_.outbox->markDelivered(id) && setup_.onDelivery) {
-        tell({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
-              nullptr, JXDropReason::None});
+        report({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
+                nullptr, JXDropReason::None});
       }
       break;
     case JXResponseClass::Rejected:
@@ -197,34 +198,38 @@ void JXTransferLoop::settle(JXHttpResult& result) {
 
 void JXTransferLoop::reportRejected(const JXHttpResult& result) {
   const JXString eventId = eventIdOf(result.request.body);
-  const std::string why = describe(result);
-  log("Request of " + named(eventId) + " is rejected and not tried again: " + why, 2);
-  tell({JXDeliveryOutcome::Rejected, eventId, result.outcome.status, why, JXDropReason::None});
+  const std::string reason = describe(result);
+  const std::string what = result.outcome.status != 0
+                               ? withId("Server rejected event", eventId)
+                               : withId("Event", eventId) + " cannot be sent";
+  log(what + ": " + reason + "; not retrying", 2);
+  report({JXDeliveryOutcome::Rejected, eventId, result.outcome.status, reason, JXDropReason::None});
 }
 
-// A few at a time; true when there were any.
+// Reports a few dropped requests; returns whether there were any.
 bool JXTransferLoop::reportDropped() {
   if (!setup_.onDelivery) return false;
   const std::vector<JXOutboxDrop> drops = setup_.outbox->takeDropped();
   for (const JXOutboxDrop& drop : drops) {
-    tell({JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, describe(drop.reason), drop.reason});
+    report(
+        {JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, describe(drop.reason), drop.reason});
   }
   return !drops.empty();
 }
 
 void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {
-  // One line for each cause, not for each try: a device may be offline for days.
+  // One message per cause, not per attempt: a device may be offline for days.
   std::string cause = causeOf(result);
   const int level = cause == lastFailure_ ? 6 : 3;
   lastFailure_ = std::move(cause);
   if (!JXLogger::sharedInstance().printsLevel(level)) return;
-  const auto pause = std::max(std::chrono::ceil<milliseconds>(plan_.retryState().pausedUntil - now),
-                              milliseconds::zero());
-  log("Requests stay queued, next try in " + std::to_string(pause.count()) +
-          " ms: " + describe(result),
+  const auto backoff = std::max(
+      std::chrono::ceil<milliseconds>(plan_.retryState().backoffUntil - now), milliseconds::zero());
+  log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(backoff.count()) +
+          " ms",
       level);
 }
 
-void JXTransferLoop::tell(const JXDelivery& delivery) { callSafely(setup_.onDelivery, delivery); }
+void JXTransferLoop::report(const JXDelivery& delivery) { callSafely(setup_.onDelivery, delivery); }
 
 }  // namespace jx

@@ -16,24 +16,25 @@
 
 namespace jx {
 
-/// What the transfer thread does between two sleeps: takes orders, does what the plan says with
-/// outbox and transport, and settles what came back. It belongs to one thread, and has none of its
-/// own, so that tests can turn it step by step. `tries` and `failures` may be read anywhere.
+/// The work of the transfer thread between two sleeps: applies commands, executes the plan with
+/// outbox and transport, and processes the results. It belongs to one thread and creates none, so
+/// that tests can run it step by step. `attempts` and `failures` may be read on any thread.
 class JXTransferLoop {
  public:
-  /// `setup.transport` and `setup.outbox` are there, `setup.steadyNow` and `setup.draw` too.
+  /// `setup.transport`, `setup.outbox`, `setup.steadyNow` and `setup.draw` must be set.
   explicit JXTransferLoop(JXTransferSetup setup);
 
-  /// Takes orders; `added` tells that requests were added.
-  void take(const JXTransferCommands& orders, bool added);
-  /// Does what is due now and tells how to wait.
+  /// Applies commands; `added` is true when requests were added.
+  void apply(const JXTransferCommands& commands, bool added);
+  /// Performs the actions that are due now and returns how to wait.
   JXTransferWait act();
-  /// Waits as `rest` says (not at all when `mayWait` is false) and settles what came back.
-  void waitAndSettle(const JXTransferWait& rest, bool mayWait);
-  /// Gives back what is in flight, as before the process ends, and makes the storage durable.
+  /// Waits as specified by `wait` (not at all when `mayWait` is false) and processes the results.
+  void waitAndComplete(const JXTransferWait& wait, bool mayWait);
+  /// Requeues the requests in flight and makes the storage durable, before the process exits.
   void end();
-  /// After a failure inside, such as memory that ran out: gives back what is in flight and pauses.
-  void recover(std::string_view what) noexcept;
+  /// Recovers from an internal failure such as out of memory: requeues the requests in flight and
+  /// starts a backoff. `error` is the cause, for the log.
+  void recover(std::string_view error) noexcept;
 
   std::uint64_t attempts() const { return attempts_.load(); }
   std::uint64_t failures() const { return failures_.load(); }
@@ -42,21 +43,21 @@ class JXTransferLoop {
   bool startOne(bool probes);
   void abortInFlight();
   void sync();
-  void settle(JXHttpResult& result);
+  void complete(JXHttpResult& result);
   void reportRejected(const JXHttpResult& result);
   bool reportDropped();
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
-  void tell(const JXDelivery& delivery);
+  void report(const JXDelivery& delivery);
 
   JXTransferSetup setup_;
   JXTransferPlan plan_;
   JXTransferCommands applied_;
-  std::string lastFailure_;  // the cause that was logged last, empty after a success
+  std::string lastFailure_;  // the cause logged last; empty after a success
   std::atomic<std::uint64_t> attempts_{0};
   std::atomic<std::uint64_t> failures_{0};
 };
 
-/// The "event_id" of a request's body, absent when it holds none.
+/// Returns the "event_id" of a request body; null when it contains none.
 JXString eventIdOf(std::string_view body);
 
 }  // namespace jx

@@ -4,21 +4,21 @@
 
 namespace jx {
 
-JXTransferCommands JXTransferMailbox::orders() const {
+JXTransferCommands JXTransferMailbox::commands() const {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return orders_;
+  return commands_;
 }
 
-JXTransferCommands JXTransferMailbox::readOrders() {
-  ordered_.store(false);
+JXTransferCommands JXTransferMailbox::readCommands() {
+  hasCommand_.store(false);
   const std::lock_guard<std::mutex> lock(mutex_);
-  return orders_;
+  return commands_;
 }
 
 bool JXTransferMailbox::prepareToSleep(bool ignoresAdditions) {
   sleepState_.store(ignoresAdditions ? SleepState::SleepingUntilCommand
                                      : SleepState::SleepingUntilAny);
-  if (!ordered_.load() && (ignoresAdditions || !added_.load())) return true;
+  if (!hasCommand_.load() && (ignoresAdditions || !added_.load())) return true;
   sleepState_.store(SleepState::Running);
   return false;
 }

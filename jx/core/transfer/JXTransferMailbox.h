@@ -15,50 +15,51 @@
 
 namespace jx {
 
-/// What other threads want of the transfer thread. The numbers only grow: a change is an order.
+/// Commands for the transfer thread. The counters are monotonic; a changed counter is a new
+/// command.
 struct JXTransferCommands {
   bool stop = false;
   bool disabled = false;
   bool inBackground = false;
-  std::optional<std::chrono::steady_clock::time_point> heldUntil;  ///< for the user agent
-  std::uint64_t decisions = 0;  ///< how often it was said whether requests may leave
+  std::optional<std::chrono::steady_clock::time_point> pausedUntil;  ///< wait for the user agent
+  std::uint64_t decisions = 0;  ///< how often sending was enabled or disabled
   std::uint64_t purges = 0;
   std::uint64_t flushes = 0;
   std::uint64_t storageChanges = 0;
-  std::uint64_t rejectedByQueue = 0;  ///< requests that the queue did not take
+  std::uint64_t rejectedByQueue = 0;  ///< requests that the queue did not accept
 };
 
-/// Between the threads that give orders and the transfer thread, which is woken only when it sleeps
-/// and the news matters to it.
+/// Passes commands from other threads to the transfer thread. Wakes it only when it sleeps and the
+/// update is relevant to it.
 class JXTransferMailbox {
  public:
-  /// `wake` ends the transfer thread's sleep, or its next one; it may be called on any thread.
+  /// `wake` ends the transfer thread's current or next sleep; it must be callable on any thread.
   explicit JXTransferMailbox(std::function<void()> wake) : wake_(std::move(wake)) {}
 
-  /// Gives an order: `change` is applied to the orders, and the thread is woken.
+  /// Applies `change` to the commands and wakes the thread.
   template <class Change>
-  void order(Change&& change) {
+  void send(Change&& change) {
     {
       const std::lock_guard<std::mutex> lock(mutex_);
-      change(orders_);
+      change(commands_);
     }
-    ordered_.store(true);
+    hasCommand_.store(true);
     wakeIfSleeping();
   }
-  /// Tells of an added request: two atomic operations, unless the thread sleeps and waits for one.
+  /// Reports an added request. Costs two atomic operations unless the thread must be woken.
   void notifyAdded() {
     added_.store(true);
     if (sleepState_.load() == SleepState::SleepingUntilAny) wakeIfSleeping();
   }
-  /// The orders as they stand.
-  JXTransferCommands orders() const;
+  /// Returns the current commands.
+  JXTransferCommands commands() const;
 
-  // The rest is for the transfer thread.
+  // The following operations are for the transfer thread only.
 
-  JXTransferCommands readOrders();
+  JXTransferCommands readCommands();
   bool readAdded() { return added_.exchange(false); }
-  /// Announces that the thread goes to sleep; `ignoresAdditions` when an added request is no reason
-  /// to wake it. False when there are news already, and it is not to sleep then.
+  /// Marks the thread as sleeping; with `ignoresAdditions`, added requests do not wake it. Returns
+  /// false when there is an update already; the thread must not sleep then.
   bool prepareToSleep(bool ignoresAdditions);
   void awake() { sleepState_.store(SleepState::Running); }
 
@@ -71,10 +72,10 @@ class JXTransferMailbox {
 
   const std::function<void()> wake_;
   mutable std::mutex mutex_;
-  JXTransferCommands orders_;
-  // Each side writes its own flag first and reads the other's then, in one order for all threads,
-  // so that either the giver sees the sleeper or the sleeper sees the news.
-  std::atomic<bool> ordered_{false};
+  JXTransferCommands commands_;
+  // Each side first writes its own variable and then reads the other's, sequentially consistent, so
+  // that either the sender sees the sleeper or the sleeper sees the update.
+  std::atomic<bool> hasCommand_{false};
   std::atomic<bool> added_{false};
   std::atomic<SleepState> sleepState_{SleepState::Running};
 };

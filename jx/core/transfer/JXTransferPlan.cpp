@@ -17,59 +17,59 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 }  // namespace
 
 JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, Time now)
-    : timings_(timings), suspects_(timings), startHoldUntil_(now + timings.startHold) {
+    : timings_(timings), poisonRequests_(timings), startHoldUntil_(now + timings.startHold) {
   inFlight_.reserve(kMaxInFlight);
 }
 
-// Until when a hold that ends by itself lasts, if there is one.
-std::optional<Time> JXTransferPlan::timedHold(Time now) const {
+// Returns the end of a pause that ends automatically; nullopt when there is none.
+std::optional<Time> JXTransferPlan::timedPause(Time now) const {
   std::optional<Time> last;
-  for (const std::optional<Time>& until : {heldUntil_, startHoldUntil_}) {
+  for (const std::optional<Time>& until : {pausedUntil_, startHoldUntil_}) {
     if (until && now < *until) last = last ? std::max(*last, *until) : *until;
   }
   return last;
 }
 
-std::size_t JXTransferPlan::freePlaces(Time now) const {
-  if (isHeld(now) || retry_.isPaused(now)) return 0;
-  // A probe goes alone: those still in flight from before the failure end first.
-  const std::size_t places = probing_ ? 1 : kMaxInFlight;
-  return places - std::min(places, inFlight_.size());
+std::size_t JXTransferPlan::freeSlots(Time now) const {
+  if (isBlocked(now) || retry_.isBackingOff(now)) return 0;
+  // A probe is sent alone, after the requests in flight from before the failure have ended.
+  const std::size_t slots = probing_ ? 1 : kMaxInFlight;
+  return slots - std::min(slots, inFlight_.size());
 }
 
 JXTransferActions JXTransferPlan::next(Time now) {
-  JXTransferActions step;
-  step.abortInFlight = disabled_ && !inFlight_.empty();
-  step.sync = syncDue_ && now >= *syncDue_;
+  JXTransferActions actions;
+  actions.abortInFlight = disabled_ && !inFlight_.empty();
+  actions.sync = syncDue_ && now >= *syncDue_;
   if (inFlight_.empty() && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) probing_ = true;
-  if (asideUntil_ && now >= *asideUntil_) {
-    asideUntil_.reset();
+  if (deferredUntil_ && now >= *deferredUntil_) {
+    deferredUntil_.reset();
     mayHaveRequests_ = true;
   }
-  step.mayStart = mayHaveRequests_ ? freePlaces(now) : 0;
-  step.probes = probing_;
-  return step;
+  actions.mayStart = mayHaveRequests_ ? freeSlots(now) : 0;
+  actions.probes = probing_;
+  return actions;
 }
 
-JXTransferWait JXTransferPlan::rest(Time now) const {
-  JXTransferWait rest;
-  rest.wakeAt = syncDue_;
+JXTransferWait JXTransferPlan::nextWait(Time now) const {
+  JXTransferWait wait;
+  wait.wakeAt = syncDue_;
   if (!mayHaveRequests_) {
-    rest.wakeAt = earlier(rest.wakeAt, asideUntil_);
-    return rest;
+    wait.wakeAt = earlier(wait.wakeAt, deferredUntil_);
+    return wait;
   }
-  // A pause or a hold ended since `next` was asked: there is something to start at once.
-  if (freePlaces(now) > 0) rest.wakeAt = now;
+  // A backoff or a pause ended since `next` was called: a request can be started immediately.
+  if (freeSlots(now) > 0) wait.wakeAt = now;
   if (!disabled_ && !inBackground_) {
-    if (const std::optional<Time> until = timedHold(now)) {
-      rest.wakeAt = earlier(rest.wakeAt, until);
-    } else if (retry_.isPaused(now)) {
-      rest.wakeAt = earlier(rest.wakeAt, retry_.pausedUntil);
+    if (const std::optional<Time> until = timedPause(now)) {
+      wait.wakeAt = earlier(wait.wakeAt, until);
+    } else if (retry_.isBackingOff(now)) {
+      wait.wakeAt = earlier(wait.wakeAt, retry_.backoffUntil);
     }
   }
-  // An addition ends the hold at the start, so it must be heard then.
-  rest.ignoresAdditions = syncDue_ && freePlaces(now) == 0 && !startHoldUntil_;
-  return rest;
+  // An added request ends `startHold`, so it must wake the thread then.
+  wait.ignoresAdditions = syncDue_ && freeSlots(now) == 0 && !startHoldUntil_;
+  return wait;
 }
 
 void JXTransferPlan::storageChanged(Time now) {
@@ -79,12 +79,12 @@ void JXTransferPlan::storageChanged(Time now) {
 void JXTransferPlan::synced(bool unfinished, Time now) {
   syncDue_.reset();
   if (!unfinished) {
-    syncPause_ = std::chrono::milliseconds::zero();
+    syncBackoff_ = std::chrono::milliseconds::zero();
     return;
   }
   const auto shortest = std::max(timings_.syncDelay, std::chrono::milliseconds(1));
-  syncPause_ = std::max(shortest, std::min(syncPause_ * 2, kLongestSyncPause));
-  syncDue_ = now + syncPause_;
+  syncBackoff_ = std::max(shortest, std::min(syncBackoff_ * 2, kMaxSyncBackoff));
+  syncDue_ = now + syncBackoff_;
 }
 
 void JXTransferPlan::started(std::uint64_t id) { inFlight_.push_back({id, retry_.round}); }
@@ -92,26 +92,26 @@ void JXTransferPlan::started(std::uint64_t id) { inFlight_.push_back({id, retry_
 JXResponseClass JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,
                                       std::optional<std::chrono::milliseconds> retryAfter, Time now,
                                       double draw) {
-  const JXResponseClass verdict = classifyResponse(outcome);
+  const JXResponseClass responseClass = classifyResponse(outcome);
   const auto flight = std::find_if(inFlight_.begin(), inFlight_.end(),
                                    [id](const Flight& each) { return each.id == id; });
-  if (flight == inFlight_.end()) return verdict;
+  if (flight == inFlight_.end()) return responseClass;
   const std::uint64_t round = flight->round;
   inFlight_.erase(flight);
   lastEnd_ = now;
-  if (verdict == JXResponseClass::Retry) {
+  if (responseClass == JXResponseClass::Retry) {
     probing_ = true;
     mayHaveRequests_ = true;
   } else if (round == retry_.round && !outcome.neverSendable) {
     probing_ = false;
   }
-  // A request that cannot be sent says nothing about the network.
+  // A request that cannot be sent provides no information about the network.
   if (!outcome.neverSendable) {
-    retry_ = nextStep(retry_, {round, verdict, retryAfter}, timings_, now, draw);
+    retry_ = nextStep(retry_, {round, responseClass, retryAfter}, timings_, now, draw);
   }
-  // Counted from the end of the pipeline's pause, in which the others could not have been tried.
-  suspects_.ended(id, outcome, verdict, std::max(now, retry_.pausedUntil));
-  return verdict;
+  // Starts at the end of the pipeline's backoff, because no other request can be sent before it.
+  poisonRequests_.ended(id, outcome, responseClass, std::max(now, retry_.backoffUntil));
+  return responseClass;
 }
 
 std::vector<std::uint64_t> JXTransferPlan::aborted() {
@@ -127,7 +127,7 @@ std::vector<std::uint64_t> JXTransferPlan::aborted() {
   return ids;
 }
 
-void JXTransferPlan::failedInside(Time now, double draw) {
+void JXTransferPlan::failedInternally(Time now, double draw) {
   probing_ = true;
   mayHaveRequests_ = true;
   retry_ =

@@ -13,81 +13,84 @@
 
 namespace jx {
 
-/// What is to be done now, in this order.
+/// Actions that are due now, in this order.
 struct JXTransferActions {
-  bool abortInFlight = false;  ///< and give the requests back
+  bool abortInFlight = false;  ///< and requeue the requests
   bool sync = false;
-  std::size_t mayStart = 0;  ///< so many requests may be started
-  bool probes = false;       ///< what is started finds out whether the network is there
+  std::size_t mayStart = 0;  ///< number of requests that may be started
+  bool probes = false;       ///< the next request tests whether the network is available
 };
 
-/// How to wait when everything was done.
+/// How to wait after all actions were performed.
 struct JXTransferWait {
   std::optional<std::chrono::steady_clock::time_point> wakeAt;
-  /// A request that is added meanwhile need not wake the thread: it could not be started, and the
-  /// next sync is already due at `wakeAt` or before.
+  /// True when an added request need not wake the thread, because it could not be started and the
+  /// next sync is due at `wakeAt` or before.
   bool ignoresAdditions = false;
 };
 
-/// Decides when requests are started, aborted and made durable. It holds no thread, no clock and no
-/// request: it is told what happened and when, and answers what is to be done.
+/// Decides when requests are started, aborted and made durable. It contains no thread, clock or
+/// request: the caller passes each occurrence with its time, and the plan returns the due actions.
 ///
-/// At the start, after a failure and after an idle time only one request is in flight until an
-/// answer came; then up to four are. A request on which the receiver stumbles again and again lets
-/// others by (see JXPoisonRequestTracker). A hold stops new requests; disabling also aborts those
-/// in flight. The sync follows a change by `syncDelay` whatever the network does. What the queue
-/// held at the start waits for `startHold`, unless something tells before that requests may leave.
+/// At the start, after a failure and after an idle time, only one request is in flight until a
+/// response is received; then up to four are. A request that the server repeatedly fails to process
+/// does not block the others (see JXPoisonRequestTracker). A pause stops new requests; disabling
+/// also aborts those in flight. A sync follows a change within `syncDelay`, independent of the
+/// network. Requests queued at the start wait for `startHold`, unless it is ended earlier.
 class JXTransferPlan {
  public:
   using Time = std::chrono::steady_clock::time_point;
   static constexpr std::size_t kMaxInFlight = 4;
   static constexpr std::chrono::minutes kIdleBeforeProbe{1};
-  /// While syncs leave something undone (a full disk) they are tried at growing distances, up to
-  /// this one.
-  static constexpr std::chrono::milliseconds kLongestSyncPause{60'000};
+  /// Longest backoff between syncs that leave work undone, for example on a full disk.
+  static constexpr std::chrono::milliseconds kMaxSyncBackoff{60'000};
 
   JXTransferPlan(const JXRetryTimings& timings, Time now);
 
   JXTransferActions next(Time now);
-  JXTransferWait rest(Time now) const;
+  JXTransferWait nextWait(Time now) const;
 
-  /// Requests were added. At the start the plan takes it that there are some.
+  /// Reports that requests were added. Initially the plan assumes that there are requests.
   void requestsAdded() {
     mayHaveRequests_ = true;
     endStartHold();
   }
-  /// The hold at the start is over: it is known now whether requests may leave.
+  /// Ends `startHold`, because it is known now whether requests may be sent.
   void endStartHold() { startHoldUntil_.reset(); }
-  /// Something on the disk was changed and is to be made durable.
+  /// Reports a change on the disk that must be made durable.
   void storageChanged(Time now);
-  /// A sync is over; `unfinished` when it left something undone.
+  /// Reports a completed sync; `unfinished` when it left work undone.
   void synced(bool unfinished, Time now);
 
+  /// Reports that a request was started.
   void started(std::uint64_t id);
-  /// Requests that are not to be started now, because the receiver stumbles on them.
-  std::vector<std::uint64_t> deferred(Time now) const { return suspects_.deferred(now); }
-  /// The queue had nothing to start but what is set aside.
+  /// Returns the requests that must not be started now, because the server repeatedly failed on
+  /// them.
+  std::vector<std::uint64_t> deferred(Time now) const { return poisonRequests_.deferred(now); }
+  /// Reports that the queue contains no request to start except deferred ones.
   void nothingToStart(Time now) {
     mayHaveRequests_ = false;
-    asideUntil_ = suspects_.firstEnd(now);
+    deferredUntil_ = poisonRequests_.nextRetry(now);
   }
-  /// A try ended. `draw` in [0, 1) is the jitter of the pause that may follow.
+  /// Reports the end of an attempt and returns its class. `draw` in [0, 1) is the jitter of a
+  /// backoff that may follow.
   JXResponseClass ended(std::uint64_t id, const JXAttemptResult& outcome,
                         std::optional<std::chrono::milliseconds> retryAfter, Time now, double draw);
-  /// The requests in flight were aborted and are in the queue again. They are no failure.
+  /// Reports that the requests in flight were aborted and returns their IDs. Does not count as a
+  /// failure.
   std::vector<std::uint64_t> aborted();
-  /// Something went wrong in the process itself, such as memory that ran out: pauses as after a
-  /// failed try.
-  void failedInside(Time now, double draw);
+  /// Reports an internal failure such as out of memory; starts a backoff as after a failed attempt.
+  void failedInternally(Time now, double draw);
 
   void setDisabled(bool disabled) { disabled_ = disabled; }
   void setInBackground(bool inBackground) { inBackground_ = inBackground; }
-  /// Holds requests until `until`; absent ends the hold.
-  void holdUntil(std::optional<Time> until) { heldUntil_ = until; }
-  /// A flush asks for haste: see `shortenBackoff`.
+  /// Pauses requests until `until`; nullopt ends the pause.
+  void pauseUntil(std::optional<Time> until) { pausedUntil_ = until; }
+  /// Applies a flush: shortens the backoff (see `shortenBackoff`) and ends deferrals and
+  /// `startHold`.
   void expedite(Time now) {
     retry_ = shortenBackoff(retry_, timings_, now);
-    suspects_.endPauses();
+    poisonRequests_.endDeferrals();
     mayHaveRequests_ = true;
     endStartHold();
   }
@@ -101,24 +104,24 @@ class JXTransferPlan {
     std::uint64_t round;
   };
 
-  bool isHeld(Time now) const { return disabled_ || inBackground_ || timedHold(now); }
-  std::optional<Time> timedHold(Time now) const;
-  std::size_t freePlaces(Time now) const;
+  bool isBlocked(Time now) const { return disabled_ || inBackground_ || timedPause(now); }
+  std::optional<Time> timedPause(Time now) const;
+  std::size_t freeSlots(Time now) const;
 
   JXRetryTimings timings_;
   JXRetryState retry_;
   std::vector<Flight> inFlight_;
-  JXPoisonRequestTracker suspects_;
-  std::optional<Time> asideUntil_;
+  JXPoisonRequestTracker poisonRequests_;
+  std::optional<Time> deferredUntil_;
   bool mayHaveRequests_ = true;
   bool probing_ = true;
   std::optional<Time> lastEnd_;
   bool disabled_ = false;
   bool inBackground_ = false;
-  std::optional<Time> heldUntil_;
+  std::optional<Time> pausedUntil_;
   std::optional<Time> startHoldUntil_;
   std::optional<Time> syncDue_;
-  std::chrono::milliseconds syncPause_{0};
+  std::chrono::milliseconds syncBackoff_{0};
 };
 
 }  // namespace jx

@@ -17,31 +17,31 @@ namespace jx {
 
 class JXHttpTransport;
 
-/// Everything that the transfer thread works with.
+/// Dependencies and options of the transfer thread.
 struct JXTransferSetup {
   std::shared_ptr<JXOutbox> outbox;
-  std::shared_ptr<const JXClock> clock;  ///< time of day, for a Retry-After that is a date
+  std::shared_ptr<const JXClock> clock;  ///< time of day, for Retry-After dates
   JXRetryTimings timings;
-  JXString caFile;  ///< certificates to trust; absent: those of the system
+  JXString caFile;  ///< PEM file of trusted certificates; null: the system's
   std::vector<std::string> pinnedPublicKeys;  ///< empty: any key
-  JXString proxy;                             ///< absent: what the environment says; "" for none
-  JXString httpUserAgent{"JXServerSide"};     ///< names this library to the receiver
+  JXString proxy;                             ///< proxy URL; "" for none; null: the environment's
+  JXString httpUserAgent{"JXServerSide"};     ///< value of the User-Agent header
   JXDeliveryCallback onDelivery;
-  /// Run on the transfer thread together with the outbox's sync: makes durable and tidies what
-  /// else the core keeps on the disk.
+  /// Called on the transfer thread with each sync of the outbox. Makes the core's other stored data
+  /// durable and cleans it up.
   std::function<void()> maintain;
-  /// Asked before a try after a pause or an idle time, on the transfer thread.
+  /// Called on the transfer thread before an attempt that follows a backoff or an idle time.
   std::function<void()> beforeConnecting;
-  /// Asks the platform for its user agent, stores and posts the answer, and then calls `known`,
-  /// once, on any thread, also when there is no user agent. Called on the thread that calls
-  /// `waitForUserAgent` or, when that came first, `start`; without a lock. Absent: requests never
-  /// wait for a user agent.
+  /// Requests the platform's user agent, stores and posts the result, then calls `known` once, on
+  /// any thread, even without a user agent. Called without a lock, on the thread that calls
+  /// `waitForUserAgent` or, if that was called first, `start`. Empty: requests never wait for a
+  /// user agent.
   std::function<void(std::function<void()> known)> requestUserAgent;
 
-  // What tests move; absent, it is libcurl, the steady clock, and a random generator.
+  // Replaced by tests. Defaults: libcurl, the steady clock and a random number generator.
   std::shared_ptr<JXHttpTransport> transport;
-  std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< any thread
-  std::function<double()> draw;  ///< a number in [0, 1) for the jitter of pauses
+  std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< called on any thread
+  std::function<double()> draw;  ///< random number in [0, 1) for the backoff jitter
 };
 
 }  // namespace jx

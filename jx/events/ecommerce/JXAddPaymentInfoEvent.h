@@ -12,26 +12,28 @@
 
 namespace jx {
 
-/// The viewer chose how to pay. Items are not required.
+/// The viewer selected a payment method. Items are not required. The field table lists `coupon`
+/// twice; it is written once, directly after `paymentMethod`.
 class JX_API JXAddPaymentInfoEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "add_payment_info"; every other field is absent or empty.
+  /// Creates an event named "add_payment_info"; all other fields are null or empty.
   static std::shared_ptr<JXAddPaymentInfoEvent> init();
-  /// The same with a payment method, which is kept as it is.
+  /// Creates an event with this payment method, without validating it.
   static std::shared_ptr<JXAddPaymentInfoEvent> initWithPaymentMethod(
       const JXString& paymentMethod);
 
-  /// One of the `EJXPayementMethod_*` texts, or any other: it is not checked.
+  /// The payment method: an `EJXPayementMethod_*` string or any other string. Not validated
+  /// further.
   const JXString& paymentMethod() const { return paymentMethod_; }
   void setPaymentMethod(const JXString& value) { paymentMethod_ = value; }
-  /// The coupon code that was used. Written twice, with one value.
+  /// The coupon code used. Written once, directly after `paymentMethod`.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
-  /// The revenue, in units of the currency.
+  /// The revenue, in units of `currency`.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -14,27 +14,28 @@
 
 namespace jx {
 
-/// The viewer chose how the items are shipped.
+/// The viewer selected a shipping method for the items.
 class JX_API JXAddShippingInfoEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "add_shipping_info"; every other field is absent or empty.
+  /// Creates an event named "add_shipping_info"; all other fields are null or empty.
   static std::shared_ptr<JXAddShippingInfoEvent> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event with this value and currency, without validating them, and appends the items
+  /// to its own list; the caller's list is not stored.
   static std::shared_ptr<JXAddShippingInfoEvent> initWithItems_withValue_withCurrency(
       const JXList<std::shared_ptr<JXItem>>& items, const std::optional<JXDecimal>& value,
       const JXString& currency);
 
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
-  /// The coupon code that was used.
+  /// The coupon code used.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
-  /// The name of the kind of shipping that was chosen.
+  /// The name of the selected shipping method.
   const JXString& shippingTier() const { return shippingTier_; }
   void setShippingTier(const JXString& value) { shippingTier_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -13,20 +13,20 @@
 
 namespace jx {
 
-/// Items were put on the wish list.
+/// Items were added to the wish list.
 class JX_API JXAddToWishlistEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "add_to_wishlist"; every other field is absent or empty.
+  /// Creates an event named "add_to_wishlist"; all other fields are null or empty.
   static std::shared_ptr<JXAddToWishlistEvent> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event and appends the items to its own list; the caller's list is not stored.
   static std::shared_ptr<JXAddToWishlistEvent> initWithItems(
       const JXList<std::shared_ptr<JXItem>>& items);
 
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -14,27 +14,28 @@
 
 namespace jx {
 
-/// The checkout has begun.
+/// The viewer began the checkout.
 class JX_API JXBeginCheckoutEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "begin_checkout"; every other field is absent or empty.
+  /// Creates an event named "begin_checkout"; all other fields are null or empty.
   static std::shared_ptr<JXBeginCheckoutEvent> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event with these amounts and currency, without validating them, and appends the
+  /// items to its own list; the caller's list is not stored.
   static std::shared_ptr<JXBeginCheckoutEvent> initWithRevenue_withValue_withCurrency_withItems(
       const std::optional<JXDecimal>& revenue, const std::optional<JXDecimal>& value,
       const JXString& currency, const JXList<std::shared_ptr<JXItem>>& items);
 
-  /// The revenue, in units of the currency.
+  /// The revenue, in units of `currency`.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
-  /// The coupon code that was used.
+  /// The coupon code used.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

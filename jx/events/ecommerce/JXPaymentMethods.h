@@ -6,8 +6,8 @@
 
 namespace jx {
 
-/// @name Ready-made texts for `paymentMethod`
-/// Any other text may be given instead. The spelling of the prefix is historic and part of the
+/// @name Predefined strings for `paymentMethod`
+/// Any other string is allowed too. The spelling of the prefix is historic and part of the
 /// interface.
 /// @{
 inline constexpr std::string_view EJXPayementMethod_BY_INVOICE = "by_invoice";

@@ -14,13 +14,13 @@
 
 namespace jx {
 
-/// A finished purchase: what was bought, for how much, how it is paid and how far it is.
+/// A completed purchase: items, amounts, payment method and order status.
 class JX_API JXPurchaseEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "purchase"; every other field is absent or empty.
+  /// Creates an event named "purchase"; all other fields are null or empty.
   static std::shared_ptr<JXPurchaseEvent> init();
-  /// The arguments are kept as they are, unchecked. The items are appended to the event's own list;
-  /// the caller's list is not kept.
+  /// Creates an event with these values, without validating them, and appends the items to its own
+  /// list; the caller's list is not stored.
   static std::shared_ptr<JXPurchaseEvent>
   initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
       const JXString& ID, const std::optional<JXDecimal>& revenue,
@@ -31,35 +31,36 @@ class JX_API JXPurchaseEvent final : public JXECommerceEvent {
   /// The identifier of the order.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
-  /// The revenue, in units of the currency.
+  /// The revenue, in units of `currency`.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
-  /// What the shipping costs, in units of the currency.
+  /// The shipping costs, in units of `currency`.
   const std::optional<JXDecimal>& shippingAmount() const { return shippingAmount_; }
   void setShippingAmount(const std::optional<JXDecimal>& value) { shippingAmount_ = value; }
-  /// The tax, in units of the currency.
+  /// The tax, in units of `currency`.
   const std::optional<JXDecimal>& taxAmount() const { return taxAmount_; }
   void setTaxAmount(const std::optional<JXDecimal>& value) { taxAmount_ = value; }
-  /// The coupon code that was used.
+  /// The coupon code used.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
-  /// A free text for the kind of transaction.
+  /// The type of the transaction, a free-form string.
   const JXString& type() const { return type_; }
   void setType(const JXString& value) { type_ = value; }
-  /// One of the `EJXPayementMethod_*` texts, or any other: it is not checked.
+  /// The payment method: an `EJXPayementMethod_*` string or any other string. Not validated
+  /// further.
   const JXString& paymentMethod() const { return paymentMethod_; }
   void setPaymentMethod(const JXString& value) { paymentMethod_ = value; }
-  /// One of the `EJXPurchaseStatus_*` texts, or any other: it is not checked.
+  /// The status: an `EJXPurchaseStatus_*` string or any other string. Not validated further.
   const JXString& status() const { return status_; }
   void setStatus(const JXString& value) { status_ = value; }
-  /// An address that belongs to the transaction.
+  /// A URL that belongs to the transaction.
   const JXString& url() const { return url_; }
   void setUrl(const JXString& value) { url_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

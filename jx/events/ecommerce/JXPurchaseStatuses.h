@@ -6,8 +6,8 @@
 
 namespace jx {
 
-/// @name Ready-made texts for `status`
-/// Any other text may be given instead. SHIPPE is historic and part of the interface.
+/// @name Predefined strings for `status`
+/// Any other string is allowed too. The spelling SHIPPE is historic and part of the interface.
 /// @{
 inline constexpr std::string_view EJXPurchaseStatus_CANCELED = "canceled";
 inline constexpr std::string_view EJXPurchaseStatus_DELIVERED = "delivered";

@@ -14,48 +14,49 @@
 
 namespace jx {
 
-/// Money given back for a purchase. It counts as complete as soon as it names an item.
+/// A refund for a purchase. It is valid if it contains at least one item.
 class JX_API JXRefundEvent final : public JXECommerceEvent {
  public:
-  /// A new event named "refund"; every other field is absent or empty.
+  /// Creates an event named "refund"; all other fields are null or empty.
   static std::shared_ptr<JXRefundEvent> init();
-  /// The arguments are kept as they are, unchecked. The event has no items yet.
+  /// Creates an event with these values, without validating them. Its list of items is empty.
   static std::shared_ptr<JXRefundEvent> initWithID_withRevenue_withValue_withCurrency_withType(
       const JXString& ID, const std::optional<JXDecimal>& revenue,
       const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type);
-  /// The same, and the items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event with these values, without validating them, and appends the items to its own
+  /// list; the caller's list is not stored.
   static std::shared_ptr<JXRefundEvent>
   initWithID_withRevenue_withValue_withCurrency_withType_withItems(
       const JXString& ID, const std::optional<JXDecimal>& revenue,
       const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
       const JXList<std::shared_ptr<JXItem>>& items);
 
-  /// The identifier of the order that is given back.
+  /// The identifier of the refunded order.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
-  /// The revenue, in units of the currency.
+  /// The revenue, in units of `currency`.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
-  /// What the shipping costs, in units of the currency.
+  /// The shipping costs, in units of `currency`.
   const std::optional<JXDecimal>& shippingAmount() const { return shippingAmount_; }
   void setShippingAmount(const std::optional<JXDecimal>& value) { shippingAmount_ = value; }
-  /// The tax, in units of the currency.
+  /// The tax, in units of `currency`.
   const std::optional<JXDecimal>& taxAmount() const { return taxAmount_; }
   void setTaxAmount(const std::optional<JXDecimal>& value) { taxAmount_ = value; }
-  /// The coupon code that was used.
+  /// The coupon code used.
   const JXString& coupon() const { return coupon_; }
   void setCoupon(const JXString& value) { coupon_ = value; }
-  /// A free text for the kind of transaction.
+  /// The type of the transaction, a free-form string.
   const JXString& type() const { return type_; }
   void setType(const JXString& value) { type_ = value; }
-  /// An address that belongs to the transaction.
+  /// A URL that belongs to the transaction.
   const JXString& url() const { return url_; }
   void setUrl(const JXString& value) { url_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -13,19 +13,20 @@
 
 namespace jx {
 
-/// An item was looked at. Its one amount is a revenue, where its neighbours have a value.
+/// The viewer opened an item. The event's amount is `revenue`; the cart and wish list events have
+/// `value` instead.
 class JX_API JXViewItem final : public JXECommerceEvent {
  public:
-  /// A new event named "view_item"; every other field is absent or empty.
+  /// Creates an event named "view_item"; all other fields are null or empty.
   static std::shared_ptr<JXViewItem> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event and appends the items to its own list; the caller's list is not stored.
   static std::shared_ptr<JXViewItem> initWithItems(const JXList<std::shared_ptr<JXItem>>& items);
 
-  /// The revenue, in units of the currency.
+  /// The revenue, in units of `currency`.
   const std::optional<JXDecimal>& revenue() const { return revenue_; }
   void setRevenue(const std::optional<JXDecimal>& value) { revenue_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

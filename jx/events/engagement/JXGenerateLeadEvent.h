@@ -12,26 +12,26 @@
 
 namespace jx {
 
-/// The viewer became a lead. An amount and its currency come together or not at all.
+/// The viewer became a lead. `value` and `currency` must be set together or not at all.
 class JX_API JXGenerateLeadEvent final : public JXEvent {
  public:
-  /// A new event named "generate_lead"; every other field is absent or empty.
+  /// Creates an event named "generate_lead"; all other fields are null or empty.
   static std::shared_ptr<JXGenerateLeadEvent> init();
-  /// The same with an amount and its currency, which are kept as they are.
+  /// Creates an event with this value and currency, without validating them.
   static std::shared_ptr<JXGenerateLeadEvent> initWithValue_withCurrency(
       const std::optional<JXDecimal>& value, const JXString& currency);
 
-  /// The worth of what the event is about, in units of the currency.
+  /// The monetary value of the event, in units of `currency`.
   const std::optional<JXDecimal>& value() const { return value_; }
   void setValue(const std::optional<JXDecimal>& value) { value_ = value; }
-  /// The currency of the amounts, best as its ISO 4217 code: "EUR".
+  /// The currency of the amounts, preferably an ISO 4217 code such as "EUR".
   const JXString& currency() const { return currency_; }
   void setCurrency(const JXString& value) { currency_ = value; }
   /// The identifier of the lead.
   const JXString& ID() const { return ID_; }
   void setID(const JXString& value) { ID_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

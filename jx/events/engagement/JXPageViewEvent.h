@@ -10,15 +10,15 @@
 
 namespace jx {
 
-/// A page or screen was shown: `pageType` says which kind, `pageName` which one.
+/// A page or screen was shown. `pageType` is its type, `pageName` its name.
 class JX_API JXPageViewEvent final : public JXEvent {
  public:
-  /// A new event named "page_view"; every other field is absent or empty.
+  /// Creates an event named "page_view"; all other fields are null or empty.
   static std::shared_ptr<JXPageViewEvent> init();
-  /// The same with the kind of page, which is kept as it is.
+  /// Creates an event with this page type, without validating it.
   static std::shared_ptr<JXPageViewEvent> initWithType(const JXString& pageType);
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

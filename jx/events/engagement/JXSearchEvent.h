@@ -10,19 +10,19 @@
 
 namespace jx {
 
-/// The viewer searched.
+/// The viewer performed a search.
 class JX_API JXSearchEvent final : public JXEvent {
  public:
-  /// A new event named "search"; every other field is absent or empty.
+  /// Creates an event named "search"; all other fields are null or empty.
   static std::shared_ptr<JXSearchEvent> init();
-  /// The same with what was searched for, which is kept as it is.
+  /// Creates an event with this search term, without validating it.
   static std::shared_ptr<JXSearchEvent> initWithSearchTerm(const JXString& searchTerm);
 
-  /// What the viewer searched for.
+  /// The search term.
   const JXString& searchTerm() const { return searchTerm_; }
   void setSearchTerm(const JXString& value) { searchTerm_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -10,20 +10,20 @@
 
 namespace jx {
 
-/// The viewer chose a piece of content. Always complete.
+/// The viewer selected a piece of content. Always valid.
 class JX_API JXSelectContentEvent final : public JXEvent {
  public:
-  /// A new event named "select_content"; every other field is absent or empty.
+  /// Creates an event named "select_content"; all other fields are null or empty.
   static std::shared_ptr<JXSelectContentEvent> init();
 
-  /// A free text for the kind of content.
+  /// The type of the content, a free-form string.
   const JXString& contentType() const { return contentType_; }
   void setContentType(const JXString& value) { contentType_ = value; }
-  /// The identifier of what was chosen.
+  /// The identifier of the selected content.
   const JXString& itemID() const { return itemID_; }
   void setItemID(const JXString& value) { itemID_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

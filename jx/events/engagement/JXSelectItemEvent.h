@@ -12,23 +12,23 @@
 
 namespace jx {
 
-/// The viewer chose an item of a list.
+/// The viewer selected an item of a list.
 class JX_API JXSelectItemEvent final : public JXEvent {
  public:
-  /// A new event named "select_item"; every other field is absent or empty.
+  /// Creates an event named "select_item"; all other fields are null or empty.
   static std::shared_ptr<JXSelectItemEvent> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event and appends the items to its own list; the caller's list is not stored.
   static std::shared_ptr<JXSelectItemEvent> initWithItems(
       const JXList<std::shared_ptr<JXItem>>& items);
 
   /// The name of the list.
   const JXString& itemListName() const { return itemListName_; }
   void setItemListName(const JXString& value) { itemListName_ = value; }
-  /// The event's own list, empty at first: append to it.
+  /// The event's list of items, initially empty; callers may append to it.
   const JXList<std::shared_ptr<JXItem>>& items() const { return items_; }
   void setItems(const JXList<std::shared_ptr<JXItem>>& value) { items_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

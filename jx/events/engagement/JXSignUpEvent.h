@@ -10,17 +10,17 @@
 
 namespace jx {
 
-/// The viewer made an account. Always complete.
+/// The viewer created an account. Always valid.
 class JX_API JXSignUpEvent final : public JXEvent {
  public:
-  /// A new event named "sign_up"; every other field is absent or empty.
+  /// Creates an event named "sign_up"; all other fields are null or empty.
   static std::shared_ptr<JXSignUpEvent> init();
 
-  /// How: a free text such as "remote" or "phone".
+  /// The sign-up method, a free-form string such as "remote" or "phone".
   const JXString& method() const { return method_; }
   void setMethod(const JXString& value) { method_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -15,20 +15,20 @@ namespace jx {
 /// A list of items was shown.
 class JX_API JXViewItemListEvent final : public JXEvent {
  public:
-  /// A new event named "view_item_list"; every other field is absent or empty.
+  /// Creates an event named "view_item_list"; all other fields are null or empty.
   static std::shared_ptr<JXViewItemListEvent> init();
-  /// The items are appended to the event's own list; the caller's list is not kept.
+  /// Creates an event and appends the items to its own list; the caller's list is not stored.
   static std::shared_ptr<JXViewItemListEvent> initWithItems(
       const JXList<std::shared_ptr<JXItem>>& items);
 
   /// The name of the list.
   const JXString& itemListName() const { return itemListName_; }
   void setItemListName(const JXString& value) { itemListName_ = value; }
-  /// The event's own list, empty at first: append to it.
+  /// The event's list of items, initially empty; callers may append to it.
   const JXList<std::shared_ptr<JXItem>>& items() const { return items_; }
   void setItems(const JXList<std::shared_ptr<JXItem>>& value) { items_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -14,37 +14,39 @@
 
 namespace jx {
 
-/// What happens to an advertisement or a break. Its types are always written: "pre-roll" and
-/// "dynamic" when they were never set.
+/// A change in an advertisement or ad break: start, progress, stop, completion, skip or click. The
+/// ad type and load type are always written, by default as "pre-roll" and "dynamic"; only a value
+/// outside its enumeration is not written.
 class JX_API JXVideoAdEvent final : public JXVideoEvent {
  public:
-  /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
+  /// Creates an event named after its mode. A mode outside the enumeration yields an event without
+  /// a name. `sessionId` is the video session ID.
   static std::shared_ptr<JXVideoAdEvent> initWithMode_andSessionId(EJXVideoAdMode mode,
                                                                    const JXString& sessionId);
 
-  /// A value outside the enumeration is kept and not written.
+  /// The type of the advertisement. A value outside the enumeration is stored but not written.
   EJXAdType adType() const { return static_cast<EJXAdType>(adType_); }
   void setAdType(EJXAdType value) { adType_ = value; }
-  /// A value outside the enumeration is kept and not written.
+  /// The load type of the advertisement. A value outside the enumeration is stored but not written.
   EJXAdLoadType loadType() const { return static_cast<EJXAdLoadType>(loadType_); }
   void setLoadType(EJXAdLoadType value) { loadType_ = value; }
   /// The identifier of the advertisement.
   const JXString& adAssetID() const { return adAssetID_; }
   void setAdAssetID(const JXString& value) { adAssetID_ = value; }
-  /// The identifier of the break that the advertisement runs in.
+  /// The identifier of the ad pod, the break that contains the advertisement.
   const JXString& adPodID() const { return adPodID_; }
   void setAdPodID(const JXString& value) { adPodID_ = value; }
-  /// The place of the advertisement in its break.
+  /// The position of the advertisement in its break.
   const std::optional<JXDecimal>& podPosition() const { return podPosition_; }
   void setPodPosition(const std::optional<JXDecimal>& value) { podPosition_ = value; }
-  /// The length of the break, as the host counts it.
+  /// The length of the break, in the unit that the application chooses.
   const std::optional<JXDecimal>& podLength() const { return podLength_; }
   void setPodLength(const std::optional<JXDecimal>& value) { podLength_ = value; }
-  /// The quarter of the advertisement that was reached, 1 to 4; it is not checked.
+  /// The quarter of the advertisement that was reached, from 1 to 4. The range is not validated.
   const std::optional<JXDecimal>& adQuartile() const { return adQuartile_; }
   void setAdQuartile(const std::optional<JXDecimal>& value) { adQuartile_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

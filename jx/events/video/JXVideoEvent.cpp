@@ -20,7 +20,7 @@ const JXEventClass& JXVideoEvent::eventClass() {
   };
   static const auto& type =
       *new JXEventClass{"JXVideoEvent", &JXEvent::eventClass(), {},
-                        &fields,        {neverComplete()},      createByInit<JXVideoEvent>};
+                        &fields,        {neverValid()},         createByInit<JXVideoEvent>};
   return type;
 }
 

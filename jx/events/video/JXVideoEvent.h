@@ -12,30 +12,30 @@
 
 namespace jx {
 
-/// Base of the video events: what each of them tells about its video session. On its own it has no
-/// name and is never complete.
+/// Base of the video events: the fields that describe the video session. This class itself has no
+/// event name and never passes validation.
 class JX_API JXVideoEvent : public JXEvent {
  public:
-  /// A new event without a name and without a video session.
+  /// Creates an event without a name and without a video session ID.
   static std::shared_ptr<JXVideoEvent> init();
 
-  /// Which video session this is; the same text in all its events.
+  /// The video session ID; the same string in all events of a session.
   const JXString& videoSessionID() const { return videoSessionID_; }
   void setVideoSessionID(const JXString& value) { videoSessionID_ = value; }
-  /// Position of the playhead, in the unit of `totalLength`.
+  /// The position of the playhead, in the unit of `totalLength`.
   const std::optional<JXDecimal>& cursorPosition() const { return cursorPosition_; }
   void setCursorPosition(const std::optional<JXDecimal>& value) { cursorPosition_ = value; }
-  /// Length of the video, best in seconds: it is written as it is given.
+  /// The length of the video, preferably in seconds; written unchanged.
   const std::optional<JXDecimal>& totalLength() const { return totalLength_; }
   void setTotalLength(const std::optional<JXDecimal>& value) { totalLength_ = value; }
   /// The title of the video.
   const JXString& videoTitle() const { return videoTitle_; }
   void setVideoTitle(const JXString& value) { videoTitle_ = value; }
-  /// Who publishes the video.
+  /// The publisher of the video.
   const JXString& publisher() const { return publisher_; }
   void setPublisher(const JXString& value) { publisher_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

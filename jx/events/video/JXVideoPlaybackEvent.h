@@ -14,64 +14,67 @@
 
 namespace jx {
 
-/// What the player does: start, pause, buffering, seeking, completion. It may span several assets
-/// and pods, so those are lists.
+/// A change in the playback: start, pause, resume, error, buffering, seeking or completion.
+/// Playback may span several assets and pods, so these are lists.
 class JX_API JXVideoPlaybackEvent final : public JXVideoEvent {
  public:
-  /// The mode chooses the event's name; a mode outside its enumeration gives an event without one.
+  /// Creates an event named after its mode. A mode outside the enumeration yields an event without
+  /// a name. `sessionId` is the video session ID.
   static std::shared_ptr<JXVideoPlaybackEvent> initWithMode_andSessionId(EJXVideoPlaybackMode mode,
                                                                          const JXString& sessionId);
 
-  /// True when the video fills the screen. Always written.
+  /// True if the video fills the screen. Always written.
   bool fullScreen() const { return fullScreen_; }
   void setFullScreen(bool value) { fullScreen_ = value; }
-  /// True when advertisements may run. Always written.
+  /// True if advertisements are enabled. Always written.
   bool adEnabled() const { return adEnabled_; }
   void setAdEnabled(bool value) { adEnabled_ = value; }
-  /// True when the video is live. Always written.
+  /// True if the video is live. Always written.
   bool livestream() const { return livestream_; }
   void setLivestream(bool value) { livestream_ = value; }
-  /// The event's own list, empty at first: append to it. An absent list is not written.
+  /// The content assets of the playback, initially an empty list; callers may append to it. A null
+  /// list is not written.
   JXJsonArray contentAssetID() const { return contentAssetID_; }
   void setContentAssetID(const JXJsonArray& value) { contentAssetID_ = value; }
-  /// The parts of the content that the playback spans. As the lists above.
+  /// The content pods of the playback; same rules as `contentAssetID`.
   JXJsonArray contentPodID() const { return contentPodID_; }
   void setContentPodID(const JXJsonArray& value) { contentPodID_ = value; }
-  /// The advertisements that the playback spans. As the lists above.
+  /// The advertisements of the playback; same rules as `contentAssetID`.
   JXJsonArray adAssetID() const { return adAssetID_; }
   void setAdAssetID(const JXJsonArray& value) { adAssetID_ = value; }
-  /// The breaks that the playback spans. As the lists above.
+  /// The ad breaks of the playback; same rules as `contentAssetID`.
   JXJsonArray adPodID() const { return adPodID_; }
   void setAdPodID(const JXJsonArray& value) { adPodID_ = value; }
-  /// Free text; historically without the capital T of the other video events.
+  /// The type of the advertisement, a free-form string. The lower-case t is historic: the other
+  /// video events have `adType`.
   const JXString& adtype() const { return adtype_; }
   void setAdtype(const JXString& value) { adtype_ = value; }
-  /// Where a seek begins or ends, in the unit of cursorPosition.
+  /// The start or end position of a seek, in the unit of `cursorPosition`.
   const std::optional<JXDecimal>& seekPosition() const { return seekPosition_; }
   void setSeekPosition(const std::optional<JXDecimal>& value) { seekPosition_ = value; }
-  /// The bit rate, in the unit that the host uses throughout: written as it is given.
+  /// The bit rate, in the unit that the application uses for all events; written unchanged.
   const std::optional<JXDecimal>& bitrate() const { return bitrate_; }
   void setBitrate(const std::optional<JXDecimal>& value) { bitrate_ = value; }
-  /// Frames a second.
+  /// The frame rate, in frames per second.
   const std::optional<JXDecimal>& framerate() const { return framerate_; }
   void setFramerate(const std::optional<JXDecimal>& value) { framerate_ = value; }
   /// The name of the player.
   const JXString& videoPlayer() const { return videoPlayer_; }
   void setVideoPlayer(const JXString& value) { videoPlayer_ = value; }
-  /// The volume, on the scale that the host uses throughout.
+  /// The volume, on the scale that the application uses for all events.
   const std::optional<JXDecimal>& sound() const { return sound_; }
   void setSound(const std::optional<JXDecimal>& value) { sound_ = value; }
-  /// A free text for the picture, such as "2160p".
+  /// The image quality, a free-form string such as "2160p".
   const JXString& imageQuality() const { return imageQuality_; }
   void setImageQuality(const JXString& value) { imageQuality_ = value; }
-  /// A free text for what interrupted the video.
+  /// The cause of an interruption of the video, a free-form string.
   const JXString& interruptionMethod() const { return interruptionMethod_; }
   void setInterruptionMethod(const JXString& value) { interruptionMethod_ = value; }
-  /// A free text for the kind of video.
+  /// The category of the video, a free-form string.
   const JXString& videoCategory() const { return videoCategory_; }
   void setVideoCategory(const JXString& value) { videoCategory_ = value; }
 
-  /// What tells this class from the others: names, fields, conditions. Never destroyed.
+  /// Returns the descriptor of this class: names, fields, conditions. Never destroyed.
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 

@@ -8,17 +8,18 @@
 
 namespace jx {
 
-/// The run time's look-up of an Objective-C class by its name; null when no loaded framework has
-/// it. Advertising frameworks are looked up and never linked by name: AppTrackingTransparency came
-/// with tvOS 14, and an application without advertising carries neither.
+/// Looks up an Objective-C class by name; null if no loaded framework contains it. Classes of the
+/// advertising frameworks are looked up at run time: AppTrackingTransparency was introduced with
+/// tvOS 14, and an application without advertising links neither framework.
 using JXClassLookup = std::function<void*(const char* name)>;
 void* loadedClass(const char* name);
 
-/// With AppTrackingTransparency: true in its state 3, authorised. Without it (before tvOS 14): what
-/// AdSupport's own switch says. False when there is neither.
+/// With AppTrackingTransparency: returns true in its state 3, authorised. Without it (before tvOS
+/// 14): returns the setting of AdSupport. Returns false if neither framework is loaded.
 bool isTrackingAllowed(const JXClassLookup& classNamed);
 
-/// AdSupport's identifier, absent without AdSupport. All zeros where the viewer allows none.
-JXString advertisingIdentifierText(const JXClassLookup& classNamed);
+/// Returns the identifier of AdSupport; null without AdSupport. All zeros if the viewer does not
+/// allow tracking.
+JXString advertisingIdentifierString(const JXClassLookup& classNamed);
 
 }  // namespace jx

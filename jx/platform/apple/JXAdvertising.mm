@@ -6,8 +6,8 @@
 
 #import "jx/platform/apple/JXFoundationString.h"
 
-// What is asked of ATTrackingManager, stated here because development kits before tvOS 14 have no
-// header for it.
+// The method of ATTrackingManager that is called. Declared here because SDKs before tvOS 14 do not
+// have its header.
 @protocol JXTrackingAuthorisation
 + (NSUInteger)trackingAuthorizationStatus;
 @end
@@ -41,9 +41,9 @@ bool isTrackingAllowed(const JXClassLookup& classNamed) {
   }
 }
 
-JXString advertisingIdentifierText(const JXClassLookup& classNamed) {
+JXString advertisingIdentifierString(const JXClassLookup& classNamed) {
   @autoreleasepool {
-    return textOf([[identifierManager(classNamed) advertisingIdentifier] UUIDString]);
+    return stringOf([[identifierManager(classNamed) advertisingIdentifier] UUIDString]);
   }
 }
 

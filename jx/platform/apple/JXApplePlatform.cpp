@@ -19,15 +19,15 @@
 namespace jx {
 namespace {
 
-// The system's first word on the network comes within a few milliseconds.
-constexpr std::chrono::milliseconds kLongestWaitForNetworkPath{50};
+// The first network update of the system arrives within a few milliseconds.
+constexpr std::chrono::milliseconds kMaxWaitForNetworkPath{50};
 
 }  // namespace
 
 JXAppleSystem JXAppleSystem::current() { return {"", loadedClass, readNetworkInterfaces}; }
 
-JXApplePlatform::JXApplePlatform(JXHostOverrides host, JXAppleSystem system)
-    : host_(std::move(host)), system_(std::move(system)) {}
+JXApplePlatform::JXApplePlatform(JXHostOverrides overrides, JXAppleSystem system)
+    : overrides_(std::move(overrides)), system_(std::move(system)) {}
 
 JXPlatformDefaults* JXApplePlatform::userDefaults() { return &defaults_; }
 
@@ -44,7 +44,7 @@ std::uint32_t JXApplePlatform::defaultEncoding() { return foundationEncoding(); 
 JXString JXApplePlatform::timeZoneName() { return foundationTimeZoneName(); }
 
 JXBundleInformation JXApplePlatform::bundleInformation() {
-  return completedByMainBundle(host_.bundle);
+  return completedByMainBundle(overrides_.bundle);
 }
 
 JXString JXApplePlatform::deviceModel() { return deviceModelName(); }
@@ -56,8 +56,8 @@ JXString JXApplePlatform::systemVersion() { return deviceSystemVersion(); }
 JXString JXApplePlatform::machineName() { return deviceMachineName(); }
 
 JXScreenBounds JXApplePlatform::screenBounds() {
-  const bool isStated = host_.screen.width > 0 && host_.screen.height > 0;
-  return isStated ? host_.screen : mainScreenBounds();
+  const bool isOverridden = overrides_.screen.width > 0 && overrides_.screen.height > 0;
+  return isOverridden ? overrides_.screen : mainScreenBounds();
 }
 
 bool JXApplePlatform::isAdvertisingTrackingAllowed() {
@@ -65,7 +65,7 @@ bool JXApplePlatform::isAdvertisingTrackingAllowed() {
 }
 
 JXString JXApplePlatform::advertisingIdentifier() {
-  return advertisingIdentifierText(system_.classNamed);
+  return advertisingIdentifierString(system_.classNamed);
 }
 
 JXString JXApplePlatform::vendorIdentifier() { return deviceVendorIdentifier(); }
@@ -73,18 +73,18 @@ JXString JXApplePlatform::vendorIdentifier() { return deviceVendorIdentifier(); 
 bool JXApplePlatform::isDeviceModified() { return isSystemModified(system_.root); }
 
 JXNetworkKind JXApplePlatform::networkKind() {
-  if (const auto told = networkPath_.kind(kLongestWaitForNetworkPath)) return *told;
-  return guessedKindOfNetwork(system_.networkReading().interfaces);
+  if (const auto kind = networkPath_.kind(kMaxWaitForNetworkPath)) return *kind;
+  return guessNetworkKind(system_.networkReading().interfaces);
 }
 
 std::vector<JXInterfaceAddress> JXApplePlatform::interfaceAddresses() {
   return system_.networkReading().addresses;
 }
 
-void JXApplePlatform::requestUserAgent(std::function<void(const JXString&)> answer) {
-  if (!answer) return;
-  if (host_.userAgent.testString()) return answer(host_.userAgent);
-  answer(userAgentString(deviceSystemName(), deviceSystemVersion(), deviceMachineName()));
+void JXApplePlatform::requestUserAgent(std::function<void(const JXString&)> completion) {
+  if (!completion) return;
+  if (overrides_.userAgent.testString()) return completion(overrides_.userAgent);
+  completion(userAgentString(deviceSystemName(), deviceSystemVersion(), deviceMachineName()));
 }
 
 void JXApplePlatform::observeApplication(std::function<void()> didEnterBackground,

@@ -17,10 +17,10 @@
 
 namespace jx {
 
-/// What the platform asks besides the frameworks that it links; tests give their own. `current()`
-/// is the system itself. The functions may be called on any thread.
+/// Dependencies of the platform other than the linked frameworks; tests replace them. `current()`
+/// returns those of the system. The functions may be called on any thread.
 struct JXAppleSystem {
-  std::string root;  ///< stands before the paths of the integrity probe
+  std::string root;  ///< prefix of the paths of the integrity probe
   JXClassLookup classNamed;
   std::function<JXNetworkReading()> networkReading;
 
@@ -28,15 +28,15 @@ struct JXAppleSystem {
 };
 
 /// The platform of tvOS 12 and later, on Foundation, UIKit and Network; AdSupport and
-/// AppTrackingTransparency are used where they are loaded. What the host states counts before what
-/// the system says. Operations may be called on any thread, but those that ask UIKit (model,
-/// system, screen, vendor identifier) belong on the main thread, where the first ServerSide is
-/// made.
+/// AppTrackingTransparency are used if they are loaded. Values of the application override those of
+/// the system. Operations may be called on any thread, except those that use UIKit (model, system,
+/// screen, vendor identifier): call them on the main thread, on which the first ServerSide is
+/// created.
 class JXApplePlatform final : public JXPlatform {
  public:
-  JXApplePlatform(JXHostOverrides host, JXAppleSystem system);
+  JXApplePlatform(JXHostOverrides overrides, JXAppleSystem system);
 
-  /// The application's standard user defaults.
+  /// Returns the application's standard user defaults.
   JXPlatformDefaults* userDefaults() override;
   JXString defaultStorageFolder() override;
 
@@ -46,14 +46,15 @@ class JXApplePlatform final : public JXPlatform {
   std::uint32_t defaultEncoding() override;
   JXString timeZoneName() override;
 
-  /// What the host stated, completed by the main bundle.
+  /// Returns the values that the application set, completed by the main bundle.
   JXBundleInformation bundleInformation() override;
 
   JXString deviceModel() override;
   JXString systemName() override;
   JXString systemVersion() override;
   JXString machineName() override;
-  /// What the host stated when that has a width and a height, else the main screen's.
+  /// Returns the size that the application set if width and height are positive, else the size of
+  /// the main screen.
   JXScreenBounds screenBounds() override;
 
   bool isAdvertisingTrackingAllowed() override;
@@ -61,13 +62,15 @@ class JXApplePlatform final : public JXPlatform {
   JXString vendorIdentifier() override;
   bool isDeviceModified() override;
 
-  /// The system's word; until its first, which the first call waits for at most 50 ms, a guess.
+  /// Returns the type that the system reports; before its first update a guess from the interface
+  /// names. The first call waits for the update, for at most 50 ms.
   JXNetworkKind networkKind() override;
   std::vector<JXInterfaceAddress> interfaceAddresses() override;
 
-  /// Answers at once, on the calling thread: what the host stated, else a product made of the
-  /// system's name and version, such as "tvOS/12.4 (AppleTV6-2)". tvOS has no web view to ask.
-  void requestUserAgent(std::function<void(const JXString&)> answer) override;
+  /// Calls `completion` on the calling thread before this returns, with the user agent that the
+  /// application set, else with a product that consists of the system's name and version, such as
+  /// "tvOS/12.4 (AppleTV6-2)". tvOS has no web view that provides one.
+  void requestUserAgent(std::function<void(const JXString&)> completion) override;
 
   void observeApplication(std::function<void()> didEnterBackground,
                           std::function<void()> willEnterForeground) override;
@@ -77,7 +80,7 @@ class JXApplePlatform final : public JXPlatform {
   std::int32_t processIdentifier() override;
 
  private:
-  const JXHostOverrides host_;
+  const JXHostOverrides overrides_;
   const JXAppleSystem system_;
   JXFoundationDefaults defaults_;
   JXNetworkPath networkPath_;

@@ -6,9 +6,9 @@
 
 namespace jx {
 
-/// Hears UIKit's notifications that the application went to the background and comes back, on the
-/// thread that posts them, the main thread. Stops hearing when it ends; it must not end while a
-/// notification is being delivered.
+/// Observes the UIKit notifications that the application entered the background and returns to the
+/// foreground, on the thread that posts them, the main thread. The destructor stops observing and
+/// must not run while a notification is being delivered.
 class JXApplicationObserver {
  public:
   JXApplicationObserver(std::function<void()> didEnterBackground,
@@ -23,7 +23,7 @@ class JXApplicationObserver {
  private:
   const std::function<void()> didEnterBackground_;
   const std::function<void()> willEnterForeground_;
-  void* listener_;  // an object of the run time, owned
+  void* listener_;  // an Objective-C object, owned
 };
 
 }  // namespace jx

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-// The notification centre calls objects, not functions.
+// NSNotificationCenter calls methods of objects, not functions.
 @interface JXApplicationListener : NSObject {
   const jx::JXApplicationObserver* observer_;
 }

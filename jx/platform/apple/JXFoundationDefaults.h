@@ -6,14 +6,14 @@
 
 namespace jx {
 
-/// The application's standard user defaults. On tvOS they are the one place whose content the
-/// system keeps for good, so the identifiers live there and not beside the outbox. Thread-safe.
+/// The application's standard user defaults. On tvOS they are the only permanent storage, so the
+/// identifiers are stored there and not next to the outbox. Thread-safe.
 class JXFoundationDefaults final : public JXPlatformDefaults {
  public:
-  /// Absent also for an entry that holds neither a text nor bytes.
+  /// Also returns null for an entry that is neither a string nor data.
   JXString objectForKey(const JXString& key) override;
-  /// A text that is not UTF-8 is stored as bytes, so that it is read back as it was. An absent or
-  /// empty key, or one that is not UTF-8, names no entry.
+  /// Stores a string that is not UTF-8 as data, so that it is read back unchanged. Ignores a key
+  /// that is null, empty or not UTF-8.
   void setObject_forKey(const JXString& value, const JXString& key) override;
   void synchronize() override;
 };

@@ -10,8 +10,8 @@ namespace {
 NSString* entryName(const JXString& key) { return key.testString() ? foundationString(key) : nil; }
 
 id storable(const JXString& value) {
-  NSString* const text = foundationString(value);
-  if (text != nil) return text;
+  NSString* const string = foundationString(value);
+  if (string != nil) return string;
   return [NSData dataWithBytes:value.view().data() length:value.size()];
 }
 
@@ -22,7 +22,7 @@ JXString JXFoundationDefaults::objectForKey(const JXString& key) {
     NSString* const name = entryName(key);
     if (name == nil) return nullptr;
     const id object = [[NSUserDefaults standardUserDefaults] objectForKey:name];
-    if (![object isKindOfClass:[NSData class]]) return textOf(object);
+    if (![object isKindOfClass:[NSData class]]) return stringOf(object);
     NSData* const bytes = object;
     return JXString(std::string_view(static_cast<const char*>([bytes bytes]), [bytes length]));
   }

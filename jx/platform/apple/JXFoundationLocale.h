@@ -9,8 +9,9 @@
 
 namespace jx {
 
-/// What Foundation knows of the viewer's language, money, text and time. Each asks anew, since a
-/// viewer may change the settings while the application runs. Thread-safe.
+/// Language, currency, encoding and time zone of the viewer, as reported by Foundation. Each call
+/// reads the current value, because a viewer may change the settings while the application runs.
+/// Thread-safe.
 std::vector<JXString> foundationLanguages();
 JXString foundationCurrencyCode();
 JXString foundationCurrencySymbol();

@@ -10,8 +10,8 @@ std::vector<JXString> foundationLanguages() {
   @autoreleasepool {
     std::vector<JXString> tags;
     for (NSString* tag in [NSLocale preferredLanguages]) {
-      const JXString text = textOf(tag);
-      if (text.testString()) tags.push_back(text);
+      const JXString string = stringOf(tag);
+      if (string.testString()) tags.push_back(string);
     }
     return tags;
   }
@@ -19,13 +19,13 @@ std::vector<JXString> foundationLanguages() {
 
 JXString foundationCurrencyCode() {
   @autoreleasepool {
-    return textOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencyCode]);
+    return stringOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencyCode]);
   }
 }
 
 JXString foundationCurrencySymbol() {
   @autoreleasepool {
-    return textOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencySymbol]);
+    return stringOf([[NSLocale currentLocale] objectForKey:NSLocaleCurrencySymbol]);
   }
 }
 
@@ -35,7 +35,7 @@ std::uint32_t foundationEncoding() {
 
 JXString foundationTimeZoneName() {
   @autoreleasepool {
-    return textOf([[NSTimeZone localTimeZone] name]);
+    return stringOf([[NSTimeZone localTimeZone] name]);
   }
 }
 

@@ -8,11 +8,11 @@
 
 namespace jx {
 
-/// The text of an NSString; absent for nil and for an object of another class, such as a number
-/// that somebody wrote into a property list.
-JXString textOf(id object);
+/// Converts an NSString; null for nil and for an object of another class, such as a number in a
+/// property list.
+JXString stringOf(id object);
 
-/// An autoreleased NSString; nil when `text` is absent or no UTF-8.
-NSString* foundationString(const JXString& text);
+/// Returns an autoreleased NSString; nil if `string` is null or not UTF-8.
+NSString* foundationString(const JXString& string);
 
 }  // namespace jx

@@ -4,18 +4,18 @@
 
 namespace jx {
 
-JXString textOf(id object) {
+JXString stringOf(id object) {
   if (![object isKindOfClass:[NSString class]]) return nullptr;
-  // Not UTF8String, which ends at the first NUL.
+  // UTF8String would end at the first NUL.
   NSData* const bytes = [static_cast<NSString*>(object) dataUsingEncoding:NSUTF8StringEncoding
                                                      allowLossyConversion:YES];
   return JXString(std::string_view(static_cast<const char*>([bytes bytes]), [bytes length]));
 }
 
-NSString* foundationString(const JXString& text) {
-  if (!text.isPresent()) return nil;
-  return [[[NSString alloc] initWithBytes:text.view().data()
-                                   length:text.size()
+NSString* foundationString(const JXString& string) {
+  if (!string.isPresent()) return nil;
+  return [[[NSString alloc] initWithBytes:string.view().data()
+                                   length:string.size()
                                  encoding:NSUTF8StringEncoding] autorelease];
 }
 

@@ -6,8 +6,8 @@
 
 namespace jx {
 
-/// What UIKit and the kernel know of the device and its screen. UIKit is asked on the calling
-/// thread, so the first ServerSide belongs on the main thread.
+/// Device and screen, as reported by UIKit and the kernel. UIKit is called on the calling thread,
+/// so the first ServerSide must be created on the main thread.
 JXString deviceModelName();
 JXString deviceSystemName();
 JXString deviceSystemVersion();

@@ -11,25 +11,25 @@ namespace jx {
 
 JXString deviceModelName() {
   @autoreleasepool {
-    return textOf([[UIDevice currentDevice] model]);
+    return stringOf([[UIDevice currentDevice] model]);
   }
 }
 
 JXString deviceSystemName() {
   @autoreleasepool {
-    return textOf([[UIDevice currentDevice] systemName]);
+    return stringOf([[UIDevice currentDevice] systemName]);
   }
 }
 
 JXString deviceSystemVersion() {
   @autoreleasepool {
-    return textOf([[UIDevice currentDevice] systemVersion]);
+    return stringOf([[UIDevice currentDevice] systemVersion]);
   }
 }
 
 JXString deviceVendorIdentifier() {
   @autoreleasepool {
-    return textOf([[[UIDevice currentDevice] identifierForVendor] UUIDString]);
+    return stringOf([[[UIDevice currentDevice] identifierForVendor] UUIDString]);
   }
 }
 
@@ -41,7 +41,7 @@ JXString deviceMachineName() {
 JXScreenBounds mainScreenBounds() {
   @autoreleasepool {
     UIScreen* const screen = [UIScreen mainScreen];
-    // A structure is not asked of nil, whose answer is undefined on some run times.
+    // On some run times a method that returns a structure has an undefined result if sent to nil.
     if (screen == nil) return {};
     const CGRect bounds = [screen bounds];
     return {bounds.size.width, bounds.size.height};

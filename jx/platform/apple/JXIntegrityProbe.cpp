@@ -26,8 +26,8 @@ constexpr const char* kForeignPaths[] = {
     "/Library/MobileSubstrate/DynamicLibraries",
 };
 
-// Asks neither time nor size of what stands there, for which an application has to give reasons. A
-// link counts by itself, wherever it leads.
+// Does not read time or size of the file, because applications must declare a reason for that. A
+// link exists even if its target does not.
 bool exists(const std::string& path) {
   char target[1];
   return ::access(path.c_str(), F_OK) == 0 || ::readlink(path.c_str(), target, sizeof target) >= 0;

@@ -6,9 +6,9 @@
 
 namespace jx {
 
-/// True when a file stands in the system that no sound device has: a shell, a remote login, a
-/// package manager, a loader of foreign code. `root` stands before each path. A probe for honest
-/// statistics; it holds up nobody who hides the files. Thread-safe.
+/// Returns true if a file exists that an unmodified device does not have: a shell, a remote login,
+/// a package manager, a loader of foreign code. `root` is the prefix of each path. For statistics
+/// only: hidden files are not detected. Thread-safe.
 bool isSystemModified(const std::string& root);
 
 }  // namespace jx

@@ -6,7 +6,7 @@
 
 namespace jx {
 
-/// What the main bundle states in its Info.plist, where `host` is absent. Thread-safe.
-JXBundleInformation completedByMainBundle(const JXBundleInformation& host);
+/// Returns `overrides`, with values of the main bundle's Info.plist in place of null. Thread-safe.
+JXBundleInformation completedByMainBundle(const JXBundleInformation& overrides);
 
 }  // namespace jx

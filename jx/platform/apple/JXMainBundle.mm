@@ -7,15 +7,15 @@
 namespace jx {
 namespace {
 
-void complete(JXString& stated, id ofBundle) {
-  if (!stated.isPresent()) stated = textOf(ofBundle);
+void complete(JXString& value, id bundleValue) {
+  if (!value.isPresent()) value = stringOf(bundleValue);
 }
 
 }  // namespace
 
-JXBundleInformation completedByMainBundle(const JXBundleInformation& host) {
+JXBundleInformation completedByMainBundle(const JXBundleInformation& overrides) {
   @autoreleasepool {
-    JXBundleInformation bundle = host;
+    JXBundleInformation bundle = overrides;
     NSBundle* const main = [NSBundle mainBundle];
     complete(bundle.identifier, [main bundleIdentifier]);
     complete(bundle.name, [main objectForInfoDictionaryKey:@"CFBundleName"]);

@@ -13,7 +13,7 @@ bool startsWith(std::string_view name, std::string_view prefix) {
 
 }  // namespace
 
-JXNetworkKind guessedKindOfNetwork(const std::vector<JXNetworkInterface>& interfaces) {
+JXNetworkKind guessNetworkKind(const std::vector<JXNetworkInterface>& interfaces) {
   for (const JXNetworkInterface& entry : interfaces) {
     if (!entry.isUp || entry.isLoopback || !entry.hasAddress) continue;
     if (startsWith(entry.name, "en")) return JXNetworkKind::Wifi;

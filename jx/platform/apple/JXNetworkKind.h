@@ -8,10 +8,11 @@
 
 namespace jx {
 
-/// A guess for the moments before the system has told which connection is in use: the first
-/// interface that is up and has an address, by its usual name: "pdp_ip0" is cellular; "en0" and its
-/// like count as Wi-Fi, by which most sets are connected. Links between devices ("awdl0", "llw0")
-/// and tunnels ("utun0") are no connection of their own. None when nothing is left.
-JXNetworkKind guessedKindOfNetwork(const std::vector<JXNetworkInterface>& interfaces);
+/// Guesses the type of the connection until the system reports it. Uses the name of the first
+/// interface that is up and has an address: "pdp_ip0" is cellular; "en0" and similar names are
+/// Wi-Fi, the most common connection of TVs. Ignores links between devices ("awdl0", "llw0") and
+/// tunnels
+/// ("utun0"). Returns None if no interface is left.
+JXNetworkKind guessNetworkKind(const std::vector<JXNetworkInterface>& interfaces);
 
 }  // namespace jx

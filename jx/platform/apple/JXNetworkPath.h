@@ -10,8 +10,8 @@
 
 namespace jx {
 
-/// Follows the system's own word on which connection is in use. The system tells it on a queue of
-/// its own, for the first time some milliseconds after this object was made. Thread-safe.
+/// Observes the current connection, as reported by the system. The system reports it on its own
+/// queue, first some milliseconds after this object was created. Thread-safe.
 class JXNetworkPath {
  public:
   JXNetworkPath();
@@ -19,15 +19,15 @@ class JXNetworkPath {
   JXNetworkPath(const JXNetworkPath&) = delete;
   JXNetworkPath& operator=(const JXNetworkPath&) = delete;
 
-  /// The kind of the connection in use; nothing before the system's first word. The first call
-  /// waits for it, at most `limit`.
+  /// Returns the type of the current connection; nothing before the first update. The first call
+  /// waits for the update, for at most `limit`.
   std::optional<JXNetworkKind> kind(std::chrono::milliseconds limit);
 
  private:
-  struct Told;
+  struct State;
 
-  const std::shared_ptr<Told> told_;  // shared with the handler, which may outlive this object
-  void* monitor_ = nullptr;           // owned
+  const std::shared_ptr<State> state_;  // shared with the handler, which may outlive this object
+  void* monitor_ = nullptr;             // owned
 };
 
 }  // namespace jx

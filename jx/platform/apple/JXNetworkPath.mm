@@ -10,15 +10,15 @@
 
 namespace jx {
 
-struct JXNetworkPath::Told {
+struct JXNetworkPath::State {
   std::mutex mutex;
   std::condition_variable changed;
   std::optional<JXNetworkKind> kind;
   bool wasAwaited = false;
 
-  void tell(JXNetworkKind now) {
+  void update(JXNetworkKind newKind) {
     const std::lock_guard<std::mutex> lock(mutex);
-    kind = now;
+    kind = newKind;
     changed.notify_all();
   }
 };
@@ -32,21 +32,21 @@ JXNetworkKind kindOfPath(nw_path_t path) {
   if (nw_path_uses_interface_type(path, nw_interface_type_cellular)) {
     return JXNetworkKind::Cellular;
   }
-  // A tunnel, or the network of the computer that a simulator runs on.
+  // A tunnel, or the network of the computer that runs the simulator.
   return JXNetworkKind::Ethernet;
 }
 
 }  // namespace
 
-JXNetworkPath::JXNetworkPath() : told_(std::make_shared<Told>()) {
+JXNetworkPath::JXNetworkPath() : state_(std::make_shared<State>()) {
   const nw_path_monitor_t monitor = nw_path_monitor_create();
   if (monitor == nullptr) return;
   const dispatch_queue_t queue = dispatch_queue_create("jx.network-path", DISPATCH_QUEUE_SERIAL);
   nw_path_monitor_set_queue(monitor, queue);
   dispatch_release(queue);
-  const std::shared_ptr<Told> told = told_;
+  const std::shared_ptr<State> state = state_;
   nw_path_monitor_set_update_handler(monitor, ^(nw_path_t path) {
-    told->tell(kindOfPath(path));
+    state->update(kindOfPath(path));
   });
   nw_path_monitor_start(monitor);
   monitor_ = monitor;
@@ -60,11 +60,11 @@ JXNetworkPath::~JXNetworkPath() {
 }
 
 std::optional<JXNetworkKind> JXNetworkPath::kind(std::chrono::milliseconds limit) {
-  std::unique_lock<std::mutex> lock(told_->mutex);
-  if (!told_->kind && monitor_ != nullptr && !std::exchange(told_->wasAwaited, true)) {
-    told_->changed.wait_for(lock, limit, [this] { return told_->kind.has_value(); });
+  std::unique_lock<std::mutex> lock(state_->mutex);
+  if (!state_->kind && monitor_ != nullptr && !std::exchange(state_->wasAwaited, true)) {
+    state_->changed.wait_for(lock, limit, [this] { return state_->kind.has_value(); });
   }
-  return told_->kind;
+  return state_->kind;
 }
 
 }  // namespace jx

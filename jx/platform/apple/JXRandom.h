@@ -8,10 +8,11 @@
 
 namespace jx {
 
-/// Foundation's random UUID: 36 characters, upper-case hexadecimal, hyphenated. Thread-safe.
+/// Returns a random UUID of Foundation: 36 characters, upper-case hexadecimal, hyphenated.
+/// Thread-safe.
 JXString makeFoundationUUID();
 
-/// 32 random bits of the system's generator. Thread-safe.
+/// Returns 32 random bits from the system's generator. Thread-safe.
 std::uint32_t drawSystemRandomBits();
 
 }  // namespace jx

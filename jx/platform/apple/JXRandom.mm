@@ -10,7 +10,7 @@ namespace jx {
 
 JXString makeFoundationUUID() {
   @autoreleasepool {
-    return textOf([[[NSUUID UUID] UUIDString] uppercaseString]);
+    return stringOf([[[NSUUID UUID] UUIDString] uppercaseString]);
   }
 }
 

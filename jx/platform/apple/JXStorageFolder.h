@@ -6,10 +6,10 @@
 
 namespace jx {
 
-/// "jxserverside" in the application's folder for caches, the one folder in which tvOS lets an
-/// application keep files between launches. The system may empty it while the application does not
-/// run, so what must stay is kept in the user defaults. Absent when the system names no such
-/// folder. Thread-safe.
+/// Returns "jxserverside" in the application's caches folder, the only folder on tvOS that keeps
+/// files between launches. The system may empty it while the application is not running, so
+/// permanent values are stored in the user defaults. Null if the system has no such folder.
+/// Thread-safe.
 JXString cachesStorageFolder();
 
 }  // namespace jx

@@ -12,7 +12,7 @@ JXString cachesStorageFolder() {
         NSSearchPathForDirectoriesInDomains(NSCachesDirectory, NSUserDomainMask, YES);
     if ([folders count] == 0) return nullptr;
     NSString* const caches = [folders objectAtIndex:0];
-    return textOf([caches stringByAppendingPathComponent:@"jxserverside"]);
+    return stringOf([caches stringByAppendingPathComponent:@"jxserverside"]);
   }
 }
 

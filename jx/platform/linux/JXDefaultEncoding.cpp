@@ -66,9 +66,9 @@ std::string_view codesetOf(std::string_view localeName) {
 }  // namespace
 
 std::uint32_t encodingNumber(std::string_view charset) {
-  constexpr std::size_t kLongest = 64;
+  constexpr std::size_t kMaxLength = 64;
   std::string plain;
-  for (const char c : charset.substr(0, kLongest)) {
+  for (const char c : charset.substr(0, kMaxLength)) {
     if (c >= 'a' && c <= 'z') {
       plain += static_cast<char>(c - 'a' + 'A');
     } else if ((c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) {

@@ -10,13 +10,13 @@
 
 namespace jx {
 
-/// The number of a charset, told by any of its usual names in any spelling ("utf8", "UTF-8",
-/// "ISO_8859-1"); 0 when the list of numbers has no such charset.
+/// Returns the number of a charset, given any of its usual names in any spelling ("utf8", "UTF-8",
+/// "ISO_8859-1"); 0 if the charset has no number.
 std::uint32_t encodingNumber(std::string_view charset);
 
-/// The number of the default byte-string encoding: the charset that the locale of characters
-/// (LC_ALL, LC_CTYPE, LANG) names, else the charset of that locale where it is installed, else
-/// ASCII for the C locale and where no locale is set; 0 when unknown.
+/// Returns the number of the default byte-string encoding: the charset in the name of the character
+/// locale (LC_ALL, LC_CTYPE, LANG), else the charset of that locale if it is installed, else ASCII
+/// for the C locale and if no locale is set; 0 if unknown.
 std::uint32_t defaultEncodingNumber(const JXEnvironment& environment,
                                     const JXInstalledLocaleLookup& installed);
 

@@ -12,7 +12,7 @@ JXEnvironment copyProcessEnvironment() {
       "LANG",     "TZ",     "TZDIR",       "HOME",        "XDG_STATE_HOME"};
   JXEnvironment copy;
   for (const char* name : kNames) {
-    // Once, while the library starts: a copy is what keeps later changes by the host harmless.
+    // Called once, at the start. The copy protects against later changes by the application.
     const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
     if (value != nullptr) copy.emplace(name, JXString(value));
   }

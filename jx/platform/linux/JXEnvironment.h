@@ -10,16 +10,16 @@
 
 namespace jx {
 
-/// Environment variables by name, copied: a host that changes its environment on one thread cannot
-/// disturb a thread of the library that reads it.
+/// A copy of environment variables, by name. The application may change its environment on one
+/// thread while a thread of the library reads the copy.
 using JXEnvironment = std::map<std::string, JXString, std::less<>>;
 
-/// The variables of this process that the library reads. Called when the platform is made, on the
-/// host's thread.
+/// Returns the variables of this process that the library uses. Called on the application thread,
+/// when the platform is created.
 JXEnvironment copyProcessEnvironment();
 
-/// The value of `name`; absent when it is not set or empty, which POSIX treats alike for the
-/// variables read here.
+/// Returns the value of `name`; null if it is not set or empty, which POSIX treats alike for these
+/// variables.
 JXString variable(const JXEnvironment& environment, std::string_view name);
 
 }  // namespace jx

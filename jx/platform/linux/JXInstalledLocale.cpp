@@ -13,35 +13,37 @@
 namespace jx {
 namespace {
 
-JXString presentText(std::string_view text) { return text.empty() ? JXString() : JXString(text); }
+JXString nullIfEmpty(std::string_view string) {
+  return string.empty() ? JXString() : JXString(string);
+}
 
 JXString currencyCodeOf([[maybe_unused]] locale_t locale) {
 #ifdef INT_CURR_SYMBOL
-  // Three letters and the blank that separates them from an amount.
-  return presentText(trimBlanks(nl_langinfo_l(INT_CURR_SYMBOL, locale)));
+  // Three letters and the space that separates them from an amount.
+  return nullIfEmpty(trimBlanks(nl_langinfo_l(INT_CURR_SYMBOL, locale)));
 #else
   return nullptr;
 #endif
 }
 
 JXString currencySymbolOf(locale_t locale) {
-  std::string_view text = nl_langinfo_l(CRNCYSTR, locale);
-  // The first character tells where the symbol stands beside an amount.
-  if (!text.empty()) text.remove_prefix(1);
-  return presentText(text);
+  std::string_view symbol = nl_langinfo_l(CRNCYSTR, locale);
+  // The first character is the position of the symbol relative to the amount.
+  if (!symbol.empty()) symbol.remove_prefix(1);
+  return nullIfEmpty(symbol);
 }
 
 }  // namespace
 
 std::optional<JXInstalledLocale> findInstalledLocale(const JXString& name) {
-  // Only well-formed names reach the C library, which would look for a file of that name.
+  // Only well-formed names are passed to the C library, which searches for a file of that name.
   const bool known = isPlainLocale(name.view()) ? name.size() < 32
                                                 : !parseLocaleName(name.view()).language.empty();
   if (!known || name.view().find_first_of("/:") != std::string_view::npos) return std::nullopt;
   const locale_t locale = newlocale(LC_CTYPE_MASK | LC_MONETARY_MASK, name.c_str(), nullptr);
   if (locale == nullptr) return std::nullopt;
   JXInstalledLocale found;
-  found.charset = presentText(nl_langinfo_l(CODESET, locale));
+  found.charset = nullIfEmpty(nl_langinfo_l(CODESET, locale));
   found.currencyCode = currencyCodeOf(locale);
   found.currencySymbol = currencySymbolOf(locale);
   freelocale(locale);

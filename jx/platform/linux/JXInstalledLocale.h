@@ -9,19 +9,19 @@
 
 namespace jx {
 
-/// What the C library knows about a locale that is installed. Texts are in the locale's own
-/// charset; absent when the locale states none.
+/// Properties of an installed locale, as reported by the C library. Strings are in the charset of
+/// the locale; null if the locale does not define them.
 struct JXInstalledLocale {
   JXString charset;         ///< "UTF-8", "ISO-8859-1"
   JXString currencyCode;    ///< "CAD"
   JXString currencySymbol;  ///< "$"
 };
 
-/// Finds a locale by its POSIX name; nothing when it is not installed.
+/// Finds a locale by its POSIX name; nothing if it is not installed.
 using JXInstalledLocaleLookup = std::function<std::optional<JXInstalledLocale>(const JXString&)>;
 
-/// Asks the C library through a locale object of its own: the process's locale, which belongs to
-/// the host, is neither read nor changed. Safe on any thread.
+/// Queries the C library with a separate locale object: the locale of the process, which belongs to
+/// the application, is neither read nor changed. Thread-safe.
 std::optional<JXInstalledLocale> findInstalledLocale(const JXString& name);
 
 }  // namespace jx

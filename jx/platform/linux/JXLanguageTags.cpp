@@ -10,8 +10,8 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kLongestTag = 35;
-constexpr std::size_t kMostLanguages = 16;
+constexpr std::size_t kMaxTagLength = 35;
+constexpr std::size_t kMaxLanguages = 16;
 
 std::string scriptOfModifier(std::string_view modifier) {
   if (modifier == "latin") return "Latn";
@@ -27,7 +27,7 @@ void append(std::string& tag, std::string_view part) {
 }
 
 void addOnce(std::vector<JXString>& tags, const JXString& tag) {
-  if (!tag.isPresent() || tags.size() == kMostLanguages) return;
+  if (!tag.isPresent() || tags.size() == kMaxLanguages) return;
   if (std::find(tags.begin(), tags.end(), tag) == tags.end()) tags.push_back(tag);
 }
 
@@ -41,7 +41,7 @@ JXString languageTag(std::string_view localeName) {
   append(tag, name.territory);
   append(tag, name.variant);
   if (name.modifier == "valencia" && name.variant.empty()) append(tag, name.modifier);
-  return tag.size() <= kLongestTag ? JXString(tag) : JXString();
+  return tag.size() <= kMaxTagLength ? JXString(tag) : JXString();
 }
 
 std::vector<JXString> preferredLanguageTags(const JXEnvironment& environment) {
@@ -50,7 +50,7 @@ std::vector<JXString> preferredLanguageTags(const JXEnvironment& environment) {
   if (!locale.isPresent() || locale.view() == "C" || locale.view() == "POSIX") return tags;
   const JXString languages = variable(environment, "LANGUAGE");
   std::string_view rest = languages.view();
-  while (!rest.empty() && tags.size() < kMostLanguages) {
+  while (!rest.empty() && tags.size() < kMaxLanguages) {
     const std::size_t colon = rest.find(':');
     addOnce(tags, languageTag(rest.substr(0, colon)));
     rest.remove_prefix(colon == std::string_view::npos ? rest.size() : colon + 1);

@@ -10,14 +10,14 @@
 
 namespace jx {
 
-/// The language tag of a POSIX locale name: "fr_CA.UTF-8@euro" gives "fr-CA", "zh_Hans_CN" gives
-/// "zh-Hans-CN", "sr_RS@latin" gives "sr-Latn-RS". Absent for the C locale, for a malformed name
-/// and for a tag of more than 35 characters, the length that language tags are limited to.
+/// Converts a POSIX locale name to a language tag: "fr_CA.UTF-8@euro" to "fr-CA", "zh_Hans_CN" to
+/// "zh-Hans-CN", "sr_RS@latin" to "sr-Latn-RS". Returns null for the C locale, for a malformed name
+/// and for a tag of more than 35 characters, the maximum length of a language tag.
 JXString languageTag(std::string_view localeName);
 
-/// The viewer's languages, most preferred first: the list in LANGUAGE, then the locale of messages
-/// (LC_ALL, LC_MESSAGES, LANG), each once, at most 16. As in gettext, LANGUAGE counts only when a
-/// locale is set and that is neither "C" nor "POSIX"; "C.UTF-8" lets it count.
+/// Returns the viewer's languages, most preferred first: the list in LANGUAGE, then the message
+/// locale (LC_ALL, LC_MESSAGES, LANG), without duplicates, at most 16. As in gettext, LANGUAGE is
+/// used only if a locale is set that is neither "C" nor "POSIX"; it is used with "C.UTF-8".
 std::vector<JXString> preferredLanguageTags(const JXEnvironment& environment);
 
 }  // namespace jx

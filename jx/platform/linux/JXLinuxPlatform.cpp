@@ -19,8 +19,8 @@
 namespace jx {
 namespace {
 
-// Every event states the kind of network, and reading it takes a dozen system calls.
-constexpr std::chrono::seconds kNetworkKindAge{1};
+// Every event contains the type of network, and reading it takes a dozen system calls.
+constexpr std::chrono::seconds kMaxNetworkKindAge{1};
 
 }  // namespace
 
@@ -30,13 +30,13 @@ JXLinuxSystem JXLinuxSystem::current() {
           readNetworkInterfaces,    [] { return std::chrono::steady_clock::now(); }};
 }
 
-JXLinuxPlatform::JXLinuxPlatform(JXHostOverrides host, JXLinuxSystem system)
-    : host_(std::move(host)), system_(std::move(system)) {}
+JXLinuxPlatform::JXLinuxPlatform(JXHostOverrides overrides, JXLinuxSystem system)
+    : overrides_(std::move(overrides)), system_(std::move(system)) {}
 
 JXPlatformDefaults* JXLinuxPlatform::userDefaults() { return nullptr; }
 
 JXString JXLinuxPlatform::defaultStorageFolder() {
-  return storageFolder(system_.environment, host_.bundle.identifier);
+  return storageFolder(system_.environment, overrides_.bundle.identifier);
 }
 
 std::vector<JXString> JXLinuxPlatform::preferredLanguages() {
@@ -59,17 +59,19 @@ JXString JXLinuxPlatform::timeZoneName() {
   return localTimeZoneName(system_.environment, system_.root);
 }
 
-JXBundleInformation JXLinuxPlatform::bundleInformation() { return host_.bundle; }
+JXBundleInformation JXLinuxPlatform::bundleInformation() { return overrides_.bundle; }
 
-JXString JXLinuxPlatform::deviceModel() { return facts().model; }
+JXString JXLinuxPlatform::deviceModel() { return systemInfo().model; }
 
-JXString JXLinuxPlatform::systemName() { return facts().release.name; }
+JXString JXLinuxPlatform::systemName() { return systemInfo().release.name; }
 
-JXString JXLinuxPlatform::systemVersion() { return facts().release.version; }
+JXString JXLinuxPlatform::systemVersion() { return systemInfo().release.version; }
 
-JXString JXLinuxPlatform::machineName() { return facts().kernel.machine; }
+JXString JXLinuxPlatform::machineName() { return systemInfo().kernel.machine; }
 
-JXScreenBounds JXLinuxPlatform::screenBounds() { return screenSize(host_.screen, system_.root); }
+JXScreenBounds JXLinuxPlatform::screenBounds() {
+  return screenSize(overrides_.screen, system_.root);
+}
 
 bool JXLinuxPlatform::isAdvertisingTrackingAllowed() { return false; }
 
@@ -82,7 +84,7 @@ bool JXLinuxPlatform::isDeviceModified() { return false; }
 JXNetworkKind JXLinuxPlatform::networkKind() {
   const std::lock_guard<std::mutex> lock(networkMutex_);
   const auto now = system_.steadyNow();
-  if (!networkReadAt_ || now - *networkReadAt_ >= kNetworkKindAge) {
+  if (!networkReadAt_ || now - *networkReadAt_ >= kMaxNetworkKindAge) {
     networkKind_ = kindOfNetwork(system_.networkReading().interfaces, system_.root);
     networkReadAt_ = now;
   }
@@ -93,11 +95,11 @@ std::vector<JXInterfaceAddress> JXLinuxPlatform::interfaceAddresses() {
   return system_.networkReading().addresses;
 }
 
-void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> answer) {
-  if (!answer) return;
-  if (host_.userAgent.testString()) return answer(host_.userAgent);
-  const Facts& known = facts();
-  answer(userAgentString(known.release.name, known.release.version, known.kernel.machine));
+void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> completion) {
+  if (!completion) return;
+  if (overrides_.userAgent.testString()) return completion(overrides_.userAgent);
+  const SystemInfo& known = systemInfo();
+  completion(userAgentString(known.release.name, known.release.version, known.kernel.machine));
 }
 
 void JXLinuxPlatform::observeApplication(std::function<void()>, std::function<void()>) {}
@@ -108,13 +110,13 @@ std::uint32_t JXLinuxPlatform::randomBits() { return drawRandomBits(); }
 
 std::int32_t JXLinuxPlatform::processIdentifier() { return ::getpid(); }
 
-const JXLinuxPlatform::Facts& JXLinuxPlatform::facts() {
-  std::call_once(factsRead_, [this] {
-    facts_.kernel = system_.kernelNames();
-    facts_.release = readOsRelease(system_.root, facts_.kernel);
-    facts_.model = readDeviceModel(system_.root);
+const JXLinuxPlatform::SystemInfo& JXLinuxPlatform::systemInfo() {
+  std::call_once(systemInfoRead_, [this] {
+    systemInfo_.kernel = system_.kernelNames();
+    systemInfo_.release = readOsRelease(system_.root, systemInfo_.kernel);
+    systemInfo_.model = readDeviceModel(system_.root);
   });
-  return facts_;
+  return systemInfo_;
 }
 
 std::shared_ptr<JXPlatform> makeSystemPlatform(const JXBundleInformation& bundle,

@@ -17,11 +17,11 @@
 
 namespace jx {
 
-/// What the Linux platform asks for its answers; tests give folders and lists of their own.
-/// `current()` is the system itself. The functions may be called on any thread.
+/// Data sources of the Linux platform; tests replace them. `current()` returns those of the system.
+/// The functions may be called on any thread.
 struct JXLinuxSystem {
   JXEnvironment environment;
-  std::string root;  ///< stands before /etc, /sys and /proc
+  std::string root;  ///< prefix of /etc, /sys and /proc
   JXInstalledLocaleLookup installedLocale;
   std::function<JXKernelNames()> kernelNames;
   std::function<JXNetworkReading()> networkReading;
@@ -30,14 +30,14 @@ struct JXLinuxSystem {
   static JXLinuxSystem current();
 };
 
-/// The platform of a Linux system. Environment variables are those of the moment at which it was
-/// made. Facts that do not change while a system runs are read at their first use and kept; the
-/// kind of network is read again after a second. All operations may be called on any thread.
+/// The platform of a Linux system. Environment variables are copied when it is created. Values that
+/// do not change while a system runs are read on first use and cached; the type of network is
+/// cached for one second. All operations may be called on any thread.
 class JXLinuxPlatform final : public JXPlatform {
  public:
-  JXLinuxPlatform(JXHostOverrides host, JXLinuxSystem system);
+  JXLinuxPlatform(JXHostOverrides overrides, JXLinuxSystem system);
 
-  /// Null: Linux has no store of settings that belongs to an application.
+  /// Returns null: Linux has no settings store per application.
   JXPlatformDefaults* userDefaults() override;
   JXString defaultStorageFolder() override;
 
@@ -47,7 +47,7 @@ class JXLinuxPlatform final : public JXPlatform {
   std::uint32_t defaultEncoding() override;
   JXString timeZoneName() override;
 
-  /// What the host stated, unchanged.
+  /// Returns the values that the application set, unchanged.
   JXBundleInformation bundleInformation() override;
 
   JXString deviceModel() override;
@@ -56,25 +56,26 @@ class JXLinuxPlatform final : public JXPlatform {
   JXString machineName() override;
   JXScreenBounds screenBounds() override;
 
-  /// False: Linux has no advertising identifier, and nobody whom a viewer could have allowed it.
+  /// Returns false: Linux has neither an advertising identifier nor a permission for it.
   bool isAdvertisingTrackingAllowed() override;
   JXString advertisingIdentifier() override;
-  /// Absent. The machine's own identifier (/etc/machine-id) is the same for every application and
-  /// for good, so it stays private.
+  /// Returns null. The machine ID (/etc/machine-id) is permanent and the same for every
+  /// application, so it is not used.
   JXString vendorIdentifier() override;
-  /// False. A Linux system belongs to its owner, who may change any of it and who builds it from
-  /// parts of any origin; there is no state that a program could compare with, and a guess would
-  /// call sound devices modified.
+  /// Returns false. The owner of a Linux system may change any part of it and may build it from any
+  /// source. There is no reference state to compare with, and a guess would report unmodified
+  /// devices as modified.
   bool isDeviceModified() override;
 
   JXNetworkKind networkKind() override;
   std::vector<JXInterfaceAddress> interfaceAddresses() override;
 
-  /// Answers at once, on the calling thread: what the host stated, else a product made of the
-  /// system's name and version, such as "Debian-GNU-Linux/12 (x86_64)".
-  void requestUserAgent(std::function<void(const JXString&)> answer) override;
+  /// Calls `completion` on the calling thread before this returns, with the user agent that the
+  /// application set, else with a product that consists of the system's name and version, such as
+  /// "Debian-GNU-Linux/12 (x86_64)".
+  void requestUserAgent(std::function<void(const JXString&)> completion) override;
 
-  /// Ignored: the host calls JXApplication itself.
+  /// Does nothing: the application calls JXApplication itself.
   void observeApplication(std::function<void()> didEnterBackground,
                           std::function<void()> willEnterForeground) override;
 
@@ -83,19 +84,19 @@ class JXLinuxPlatform final : public JXPlatform {
   std::int32_t processIdentifier() override;
 
  private:
-  struct Facts {
+  struct SystemInfo {
     JXKernelNames kernel;
     JXOsRelease release;
     JXString model;
   };
 
-  const Facts& facts();
+  const SystemInfo& systemInfo();
 
-  const JXHostOverrides host_;
+  const JXHostOverrides overrides_;
   const JXLinuxSystem system_;
 
-  std::once_flag factsRead_;
-  Facts facts_;
+  std::once_flag systemInfoRead_;
+  SystemInfo systemInfo_;
 
   std::mutex networkMutex_;
   std::optional<std::chrono::steady_clock::time_point> networkReadAt_;

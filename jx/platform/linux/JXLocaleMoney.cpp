@@ -9,8 +9,8 @@
 namespace jx {
 namespace {
 
-bool isUtf8Text(const JXString& text, const JXString& charset) {
-  const std::string_view view = text.view();
+bool isUtf8(const JXString& string, const JXString& charset) {
+  const std::string_view view = string.view();
   const bool isAscii = std::all_of(view.begin(), view.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   return isAscii || charset.view() == "UTF-8";
@@ -25,10 +25,10 @@ JXMoney localeMoney(const JXEnvironment& environment, const JXInstalledLocaleLoo
   const JXMoney money = territoryMoney(parsed.territory);
   const std::optional<JXInstalledLocale> found = installed(name);
   if (!found || !found->currencyCode.testString()) return money;
-  if (found->currencySymbol.testString() && isUtf8Text(found->currencySymbol, found->charset)) {
+  if (found->currencySymbol.testString() && isUtf8(found->currencySymbol, found->charset)) {
     return {found->currencyCode, found->currencySymbol};
   }
-  // A symbol in another charset: ours says the same in UTF-8, unless it is another currency's.
+  // The symbol is in another charset: use that of the territory, if it has the same currency.
   if (found->currencyCode == money.code) return money;
   return {found->currencyCode, found->currencyCode};
 }

@@ -10,19 +10,20 @@
 
 namespace jx {
 
-/// A locale's currency: ISO 4217 code, and the symbol in UTF-8. Both absent when unknown.
+/// Currency of a locale: ISO 4217 code, and the symbol in UTF-8. Both null if unknown.
 struct JXMoney {
   JXString code;
   JXString symbol;
 };
 
-/// The currency of the locale of money (LC_ALL, LC_MONETARY, LANG): what the C library says about
-/// an installed locale, else what its territory uses, since a TV image seldom installs any
-/// locale. Nothing for the C locale, for an unknown territory and for a name without one.
+/// Returns the currency of the monetary locale (LC_ALL, LC_MONETARY, LANG): as reported by the C
+/// library if the locale is installed, else the currency of its territory, because TV images seldom
+/// install locales. Null strings for the C locale, for an unknown territory and for a name without
+/// one.
 JXMoney localeMoney(const JXEnvironment& environment, const JXInstalledLocaleLookup& installed);
 
-/// The currency of a territory, given by its two-letter ISO 3166 code in upper case; nothing for an
-/// unknown one.
+/// Returns the currency of a territory, given by its two-letter ISO 3166 code in upper case; null
+/// strings if unknown.
 JXMoney territoryMoney(std::string_view territory);
 
 }  // namespace jx

@@ -8,10 +8,10 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kLongestName = 128;
-constexpr std::size_t kLongestSubtag = 8;
+constexpr std::size_t kMaxNameLength = 128;
+constexpr std::size_t kMaxSubtagLength = 8;
 
-// The functions of <cctype> ask the process's locale, which is the host's affair.
+// The functions of <cctype> depend on the locale of the process, which belongs to the application.
 bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
 bool isAlpha(char c) { return isUpper(c) || (c >= 'a' && c <= 'z'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
@@ -43,7 +43,7 @@ std::vector<std::string_view> split(std::string_view text) {
   }
 }
 
-// Fills language, script, territory and variant; false when the name is malformed.
+// Sets language, script, territory and variant; returns false if the name is malformed.
 bool parseSubtags(std::string_view text, JXLocaleName& name) {
   const std::vector<std::string_view> parts = split(text);
   const std::string_view language = parts.front();
@@ -59,7 +59,7 @@ bool parseSubtags(std::string_view text, JXLocaleName& name) {
   }
   for (; next < parts.size(); ++next) {
     const std::string_view part = parts[next];
-    if (part.empty() || part.size() > kLongestSubtag || !all(part, isAlnum)) return false;
+    if (part.empty() || part.size() > kMaxSubtagLength || !all(part, isAlnum)) return false;
     if (!name.variant.empty()) name.variant += '-';
     name.variant += changed(part, lower);
   }
@@ -71,7 +71,7 @@ bool isNamePart(char c) { return isAlnum(c) || c == '-' || c == '_' || c == '.' 
 }  // namespace
 
 JXLocaleName parseLocaleName(std::string_view text) {
-  if (text.empty() || text.size() > kLongestName || isPlainLocale(text)) return {};
+  if (text.empty() || text.size() > kMaxNameLength || isPlainLocale(text)) return {};
   JXLocaleName name;
   const std::size_t at = text.find('@');
   if (at != std::string_view::npos) name.modifier = text.substr(at + 1);

@@ -13,7 +13,7 @@
 namespace jx {
 namespace {
 
-// In the order in which they are preferred.
+// In order of preference.
 enum class Class { Wired, Wireless, Cellular, Virtual, Bridge };
 
 bool startsWithAny(std::string_view name, std::initializer_list<std::string_view> prefixes) {
@@ -47,7 +47,7 @@ Class classOf(const std::string& name, const std::string& root) {
   return systemPathExists(folder + "/device") ? Class::Wired : Class::Virtual;
 }
 
-// Names of the interfaces through which a default route leads, the preferred route first.
+// Returns the names of the interfaces of default routes, the preferred route first.
 std::vector<std::string> defaultRoutes(const std::string& root) {
   std::vector<std::pair<std::uint64_t, std::string>> routes;
   const JXString table = readSystemFile(root + "/proc/net/route");
@@ -88,7 +88,7 @@ JXNetworkKind kindOf(Class type) {
 
 struct Candidate {
   bool isVirtual;
-  std::size_t route;  // place among the default routes; their number when it has none
+  std::size_t route;  // index among the default routes; their number if it has none
   Class type;
 
   bool isBetterThan(const Candidate& other) const {

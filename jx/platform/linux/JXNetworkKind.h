@@ -9,13 +9,12 @@
 
 namespace jx {
 
-/// The kind of connection in use, from the interfaces that are up and have an address, loopback
-/// left out. What /sys/class/net tells of an interface makes it wireless, cellular, wired (it has a
-/// device) or virtual; where /sys tells nothing the usual names ("wlan0", "wwan0") do. Among those
-/// that are not virtual the one with the default route wins, then wired before wireless before
-/// cellular. Only virtual ones (the inside of a container, a VPN): Ethernet; but a bridge that
-/// serves this machine's own containers counts only when the default route leads through it.
-/// `root` stands before /sys and /proc.
+/// Returns the type of the current connection, from the interfaces that are up and have an address,
+/// except loopback. /sys/class/net classifies an interface as wireless, cellular, wired (it has a
+/// device) or virtual; without an entry its usual name ("wlan0", "wwan0") does. Interfaces that are
+/// not virtual are preferred, then those with a default route, then wired over wireless over
+/// cellular. If all are virtual (inside a container, a VPN), returns Ethernet. A bridge of local
+/// containers is ignored unless it has a default route. `root` is the prefix of /sys and /proc.
 JXNetworkKind kindOfNetwork(const std::vector<JXNetworkInterface>& interfaces,
                             const std::string& root);
 

@@ -11,10 +11,10 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kLongestValue = 256;
+constexpr std::size_t kMaxValueLength = 256;
 
-// The value of a shell assignment: bare, in single quotes, or in double quotes with '\' before a
-// character that is special there.
+// Returns the value of a shell assignment: unquoted, in single quotes, or in double quotes with '\'
+// before special characters.
 std::string unquote(std::string_view value) {
   const char quote = value.empty() ? '\0' : value.front();
   const bool isQuoted = quote == '"' || quote == '\'';
@@ -39,22 +39,22 @@ JXString valueOf(std::string_view file, std::string_view key) {
     }
     const std::string value = unquote(line.substr(key.size() + 1));
     const std::string_view trimmed = trimBlanks(value);
-    if (!trimmed.empty() && trimmed.size() <= kLongestValue) found = JXString(trimmed);
+    if (!trimmed.empty() && trimmed.size() <= kMaxValueLength) found = JXString(trimmed);
   }
   return found;
 }
 
-bool isUnfilled(std::string_view model) {
-  static constexpr std::string_view kUnfilled[] = {"To be filled by O.E.M.",
-                                                   "To Be Filled By O.E.M.",
-                                                   "System Product Name",
-                                                   "Default string",
-                                                   "Not Applicable",
-                                                   "Not Specified",
-                                                   "None",
-                                                   "Unknown"};
-  for (const std::string_view text : kUnfilled) {
-    if (model == text) return true;
+bool isPlaceholder(std::string_view model) {
+  static constexpr std::string_view kPlaceholders[] = {"To be filled by O.E.M.",
+                                                       "To Be Filled By O.E.M.",
+                                                       "System Product Name",
+                                                       "Default string",
+                                                       "Not Applicable",
+                                                       "Not Specified",
+                                                       "None",
+                                                       "Unknown"};
+  for (const std::string_view placeholder : kPlaceholders) {
+    if (model == placeholder) return true;
   }
   return false;
 }
@@ -80,7 +80,7 @@ JXString readDeviceModel(const std::string& root) {
   for (const char* path :
        {"/sys/firmware/devicetree/base/model", "/sys/class/dmi/id/product_name"}) {
     const JXString model = readSystemLine(root + path);
-    if (model.isPresent() && !isUnfilled(model.view())) return model;
+    if (model.isPresent() && !isPlaceholder(model.view())) return model;
   }
   return nullptr;
 }

@@ -8,7 +8,7 @@
 
 namespace jx {
 
-/// What the running kernel says about itself and the hardware, as `uname` gives it.
+/// Names of the running kernel and of the hardware, as reported by `uname`.
 struct JXKernelNames {
   JXString system;   ///< "Linux"
   JXString release;  ///< "6.1.0"
@@ -21,15 +21,15 @@ struct JXOsRelease {
   JXString version;
 };
 
-/// Asks the running kernel; absent names when it does not answer.
+/// Queries the running kernel; null strings if that fails.
 JXKernelNames readKernelNames();
 
-/// NAME and VERSION_ID of /etc/os-release, or of /usr/lib/os-release where there is no such file;
-/// for what they do not tell, the kernel's name and release. `root` stands before the paths.
+/// Returns NAME and VERSION_ID of /etc/os-release, or of /usr/lib/os-release if that file does not
+/// exist; the kernel's name and release for missing values. `root` is the prefix of the paths.
 JXOsRelease readOsRelease(const std::string& root, const JXKernelNames& kernel);
 
-/// The model that the device tree or the board's firmware names; absent when neither does, or when
-/// it holds what a maker left unfilled. `root` stands before the paths.
+/// Returns the model from the device tree or the board's firmware; null if neither contains it, or
+/// if it is a placeholder of the vendor. `root` is the prefix of the paths.
 JXString readDeviceModel(const std::string& root);
 
 }  // namespace jx

@@ -10,8 +10,8 @@ namespace {
 bool isAlpha(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Takes "CET" or "<+03>" from the front of `text`; empty when it starts with neither.
-std::string takeLetters(std::string_view& text) {
+// Removes "CET" or "<+03>" from the front of `text` and returns it; empty if there is neither.
+std::string consumeLetters(std::string_view& text) {
   const bool isQuoted = !text.empty() && text.front() == '<';
   const std::size_t end =
       isQuoted ? text.find('>')
@@ -23,8 +23,8 @@ std::string takeLetters(std::string_view& text) {
   return letters.size() >= 3 && letters.size() <= 16 ? letters : std::string();
 }
 
-// Takes one or two digits from the front of `text`; -1 when there is none.
-int takeNumber(std::string_view& text) {
+// Removes one or two digits from the front of `text` and returns their value; -1 if there is none.
+int consumeNumber(std::string_view& text) {
   int number = -1;
   for (int digits = 0; digits < 2 && !text.empty() && isDigit(text.front()); ++digits) {
     number = std::max(number, 0) * 10 + (text.front() - '0');
@@ -37,25 +37,25 @@ int takeNumber(std::string_view& text) {
 
 std::optional<JXPosixZoneRule> parsePosixZoneRule(std::string_view text) {
   JXPosixZoneRule rule;
-  rule.letters = takeLetters(text);
+  rule.letters = consumeLetters(text);
   if (rule.letters.empty() || text.empty()) return std::nullopt;
   int sign = 1;
   if (text.front() == '-' || text.front() == '+') {
     sign = text.front() == '-' ? -1 : 1;
     text.remove_prefix(1);
   }
-  const int hours = takeNumber(text);
+  const int hours = consumeNumber(text);
   if (hours < 0 || hours > 24) return std::nullopt;
   rule.offsetSeconds = hours * 3600;
   for (int unit = 60; unit >= 1 && !text.empty() && text.front() == ':'; unit /= 60) {
     text.remove_prefix(1);
-    const int number = takeNumber(text);
+    const int number = consumeNumber(text);
     if (number < 0 || number > 59) return std::nullopt;
     rule.offsetSeconds += number * unit;
   }
   rule.offsetSeconds *= sign;
   rule.hasSummerTime = !text.empty();
-  if (rule.hasSummerTime && takeLetters(text).empty()) return std::nullopt;
+  if (rule.hasSummerTime && consumeLetters(text).empty()) return std::nullopt;
   return rule;
 }
 

@@ -8,14 +8,14 @@
 
 namespace jx {
 
-/// The head of a POSIX time zone rule such as "CET-1CEST,M3.5.0,M10.5.0/3".
+/// The first part of a POSIX time zone rule such as "CET-1CEST,M3.5.0,M10.5.0/3".
 struct JXPosixZoneRule {
   std::string letters;         ///< "CET"; without the angle brackets of "<+03>-3"
-  int offsetSeconds = 0;       ///< west of Greenwich is positive, as the rule writes it
+  int offsetSeconds = 0;       ///< positive west of Greenwich, as in the rule
   bool hasSummerTime = false;  ///< something follows the offset
 };
 
-/// Takes a rule apart; nothing for a text that is no rule.
+/// Parses a rule; returns nothing if `text` is not a rule.
 std::optional<JXPosixZoneRule> parsePosixZoneRule(std::string_view text);
 
 }  // namespace jx

@@ -18,18 +18,18 @@ namespace jx {
 namespace {
 
 // 64 UUIDs for one system call.
-constexpr std::size_t kStoreSize = 1024;
+constexpr std::size_t kBufferSize = 1024;
 
-// Raised in a forked child, so that the stores it inherited count as used up.
+// Incremented in a forked child, so that the inherited buffers count as empty.
 std::atomic<std::uint32_t> forkGeneration{1};
 
-struct Store {
-  std::uint8_t bytes[kStoreSize];
+struct Buffer {
+  std::uint8_t bytes[kBufferSize];
   std::size_t left;
-  std::uint32_t generation;  // 0, which is no generation, in a thread that has drawn nothing yet
+  std::uint32_t generation;  // 0 until the first use in a thread
 };
 
-thread_local Store store{{}, 0, 0};
+thread_local Buffer buffer{{}, 0, 0};
 
 void watchForks() {
   static const int registered =
@@ -39,7 +39,7 @@ void watchForks() {
 
 bool fillFromKernel(std::uint8_t* bytes, std::size_t count) {
   while (count > 0) {
-    // Early in a boot the kernel may have too little to give; the program does not wait for it.
+    // Early in a boot the kernel may not have enough entropy; do not block.
     const ssize_t got = ::getrandom(bytes, count, GRND_NONBLOCK);
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) return false;
@@ -63,7 +63,7 @@ bool fillFromDevice(std::uint8_t* bytes, std::size_t count) {
   return count == 0;
 }
 
-// A step of the SplitMix64 sequence.
+// One step of the SplitMix64 sequence.
 std::uint64_t mix(std::uint64_t value) {
   value += 0x9E3779B97F4A7C15U;
   value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9U;
@@ -71,11 +71,11 @@ std::uint64_t mix(std::uint64_t value) {
   return value ^ (value >> 31);
 }
 
-std::uint64_t seedOfThisMoment() {
+std::uint64_t seedFromProcess() {
   static std::atomic<std::uint64_t> counter{0};
   std::uint64_t start[2] = {0, 0};
   if (const unsigned long address = ::getauxval(AT_RANDOM)) {
-    // The system hands addresses over as integers.
+    // getauxval returns addresses as integers.
     const void* const bytes =
         reinterpret_cast<const void*>(address);  // NOLINT(performance-no-int-to-ptr)
     std::memcpy(start, bytes, sizeof start);
@@ -92,11 +92,11 @@ std::uint64_t seedOfThisMoment() {
   return seed;
 }
 
-void fillFromMoment(std::uint8_t* bytes, std::size_t count) {
-  std::uint64_t state = seedOfThisMoment();
+void fillFromProcess(std::uint8_t* bytes, std::size_t count) {
+  std::uint64_t state = seedFromProcess();
   while (count > 0) {
     state = mix(state);
-    const std::uint64_t word = mix(state ^ seedOfThisMoment());
+    const std::uint64_t word = mix(state ^ seedFromProcess());
     const std::size_t part = std::min(count, sizeof word);
     std::memcpy(bytes, &word, part);
     bytes += part;
@@ -111,16 +111,16 @@ void fillRandom(std::uint8_t* bytes, std::size_t count) {
   watchForks();
   const std::uint32_t generation = forkGeneration.load(std::memory_order_relaxed);
   while (count > 0) {
-    if (store.generation != generation || store.left == 0) {
-      fillFromFirst(kSources, std::size(kSources), store.bytes, kStoreSize);
-      store.left = kStoreSize;
-      store.generation = generation;
+    if (buffer.generation != generation || buffer.left == 0) {
+      fillFromFirst(kSources, std::size(kSources), buffer.bytes, kBufferSize);
+      buffer.left = kBufferSize;
+      buffer.generation = generation;
     }
-    const std::size_t part = std::min(count, store.left);
-    store.left -= part;
-    // Given out once and not kept.
-    std::memcpy(bytes, store.bytes + store.left, part);
-    std::memset(store.bytes + store.left, 0, part);
+    const std::size_t part = std::min(count, buffer.left);
+    buffer.left -= part;
+    // Each byte is returned once and then cleared.
+    std::memcpy(bytes, buffer.bytes + buffer.left, part);
+    std::memset(buffer.bytes + buffer.left, 0, part);
     bytes += part;
     count -= part;
   }
@@ -137,10 +137,10 @@ std::uint32_t drawRandomBits() {
 JXString makeRandomUUID() {
   std::uint8_t bytes[16];
   fillRandom(bytes, sizeof bytes);
-  return randomUUIDText(bytes);
+  return randomUUIDString(bytes);
 }
 
-JXString randomUUIDText(const std::uint8_t (&bytes)[16]) {
+JXString randomUUIDString(const std::uint8_t (&bytes)[16]) {
   static constexpr char kDigits[] = "0123456789ABCDEF";
   char text[36];
   std::size_t length = 0;
@@ -160,7 +160,7 @@ void fillFromFirst(const JXRandomSource* sources, std::size_t sourceCount, std::
   for (std::size_t i = 0; i < sourceCount; ++i) {
     if (sources[i](bytes, count)) return;
   }
-  fillFromMoment(bytes, count);
+  fillFromProcess(bytes, count);
 }
 
 }  // namespace jx

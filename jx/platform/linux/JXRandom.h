@@ -9,27 +9,27 @@
 
 namespace jx {
 
-/// Random bytes from the kernel, taken from a store that each thread keeps, so that most calls cost
-/// no system call. Safe on any thread. A child made by `fork` throws away what its parent had in
-/// store, so the two never give out the same bytes; a process made by a bare `clone` system call,
-/// behind the C library's back, is not told apart.
+/// Fills `bytes` with random bytes from the kernel. Each thread has a buffer, so most calls need no
+/// system call. Thread-safe. A child created by `fork` discards the buffers of its parent, so the
+/// two never return the same bytes. A process created by a direct `clone` system call, without the
+/// C library, is not detected.
 void fillRandom(std::uint8_t* bytes, std::size_t count);
 
-/// 32 random bits.
+/// Returns 32 random bits.
 std::uint32_t drawRandomBits();
 
-/// A random UUID (version 4, variant 1): 36 characters, upper-case hexadecimal, hyphenated.
+/// Returns a random UUID (version 4, variant 1): 36 characters, upper-case hexadecimal, hyphenated.
 JXString makeRandomUUID();
 
-/// The UUID text of 16 bytes, in which version and variant are set first.
-JXString randomUUIDText(const std::uint8_t (&bytes)[16]);
+/// Formats 16 bytes as a UUID, after setting version and variant.
+JXString randomUUIDString(const std::uint8_t (&bytes)[16]);
 
-/// A source of random bytes that may fail; true when it filled all of them.
+/// A source of random bytes. Returns true if it filled all of them.
 using JXRandomSource = bool (*)(std::uint8_t* bytes, std::size_t count);
 
-/// Fills from the first of `sources` that succeeds. When none does, from what tells this process
-/// and this moment apart from others (clocks, process, the bytes that the kernel gives a program at
-/// its start, a counter): never the same twice, but not secret.
+/// Fills `bytes` from the first of `sources` that succeeds. If all fail, uses values that are
+/// unique to this process and time (clocks, process ID, the random bytes that the kernel passes to
+/// a program at its start, a counter): not repeated, but not secret.
 void fillFromFirst(const JXRandomSource* sources, std::size_t sourceCount, std::uint8_t* bytes,
                    std::size_t count);
 

@@ -14,8 +14,9 @@ namespace {
 
 bool isSide(double side) { return std::isfinite(side) && side >= 1; }
 
-// Takes a decimal number of at most five digits from the front of `text`; 0 when there is none.
-int takeSide(std::string_view& text) {
+// Removes a decimal number of at most five digits from the front of `text` and returns it; 0 if
+// there is none.
+int consumeSide(std::string_view& text) {
   int side = 0;
   for (int digits = 0; digits < 5 && !text.empty(); ++digits) {
     if (text.front() < '0' || text.front() > '9') break;
@@ -25,12 +26,12 @@ int takeSide(std::string_view& text) {
   return side;
 }
 
-// "1920x1080" or "1920,1080"; what follows ("i", "p-60") does not matter.
+// Parses "1920x1080" or "1920,1080"; ignores a suffix ("i", "p-60").
 std::optional<JXScreenBounds> parseSize(std::string_view text, char separator) {
-  const int width = takeSide(text);
+  const int width = consumeSide(text);
   if (width == 0 || text.empty() || text.front() != separator) return std::nullopt;
   text.remove_prefix(1);
-  const int height = takeSide(text);
+  const int height = consumeSide(text);
   if (height == 0) return std::nullopt;
   return JXScreenBounds{static_cast<double>(width), static_cast<double>(height)};
 }
@@ -47,7 +48,7 @@ std::optional<JXScreenBounds> sizeOfDisplay(const std::string& root) {
   return std::nullopt;
 }
 
-// The mode comes first: a frame buffer that is drawn twice over has a size of twice the height.
+// Prefers the mode: a double-buffered frame buffer has a virtual size of twice the height.
 std::optional<JXScreenBounds> sizeOfFrameBuffer(const std::string& root) {
   const std::string folder = root + "/sys/class/graphics/fb0";
   const JXString mode = readSystemLine(folder + "/mode");
@@ -60,8 +61,8 @@ std::optional<JXScreenBounds> sizeOfFrameBuffer(const std::string& root) {
 
 }  // namespace
 
-JXScreenBounds screenSize(const JXScreenBounds& stated, const std::string& root) {
-  if (isSide(stated.width) && isSide(stated.height)) return stated;
+JXScreenBounds screenSize(const JXScreenBounds& configured, const std::string& root) {
+  if (isSide(configured.width) && isSide(configured.height)) return configured;
   if (const auto size = sizeOfDisplay(root)) return *size;
   return sizeOfFrameBuffer(root).value_or(JXScreenBounds{});
 }

@@ -8,19 +8,19 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kLongestPath = 3072;
-constexpr std::size_t kLongestIdentifier = 128;
+constexpr std::size_t kMaxPathLength = 3072;
+constexpr std::size_t kMaxIdentifierLength = 128;
 
 bool isFolder(const JXString& path) {
-  return path.testString() && path.view().front() == '/' && path.size() <= kLongestPath;
+  return path.testString() && path.view().front() == '/' && path.size() <= kMaxPathLength;
 }
 
 std::string folderName(std::string_view identifier) {
-  std::string name(identifier.substr(0, kLongestIdentifier));
+  std::string name(identifier.substr(0, kMaxIdentifierLength));
   for (char& c : name) {
-    const bool isKept = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-                        (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '_';
-    if (!isKept) c = '_';
+    const bool isAllowed = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                           (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '_';
+    if (!isAllowed) c = '_';
   }
   if (name.front() == '.') name.front() = '_';
   return name;

@@ -7,11 +7,11 @@
 
 namespace jx {
 
-/// The folder for the library's files: "jxserverside" in $XDG_STATE_HOME, else in
-/// $HOME/.local/state, and below it one folder per application when `bundleIdentifier` holds text.
-/// Absent when neither variable holds an absolute path of at most 3,072 characters. Characters of
-/// the identifier other than letters, digits, '.', '-' and '_' become '_', and so does a '.' at its
-/// start; it is cut at 128.
+/// Returns the folder for the library's files: "jxserverside" in $XDG_STATE_HOME, else in
+/// $HOME/.local/state, with one subfolder per application unless `bundleIdentifier` is null or
+/// empty. Null if neither variable contains an absolute path of at most 3,072 characters. In the
+/// identifier, characters other than letters, digits, '.', '-' and '_', and a leading '.', are
+/// replaced by '_'; it is truncated to 128 characters.
 JXString storageFolder(const JXEnvironment& environment, const JXString& bundleIdentifier);
 
 }  // namespace jx

@@ -15,7 +15,7 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kMostRead = 64 * 1024;
+constexpr std::size_t kMaxSize = 64 * 1024;
 
 bool isControl(char c) {
   const auto byte = static_cast<unsigned char>(c);
@@ -25,13 +25,13 @@ bool isControl(char c) {
 std::string readDescriptor(int descriptor) {
   std::string text;
   char block[4096];
-  while (text.size() < kMostRead) {
+  while (text.size() < kMaxSize) {
     const ssize_t count = ::read(descriptor, block, sizeof block);
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) break;
     text.append(block, static_cast<std::size_t>(count));
   }
-  if (text.size() > kMostRead) text.resize(kMostRead);
+  if (text.size() > kMaxSize) text.resize(kMaxSize);
   return text;
 }
 
@@ -70,7 +70,7 @@ std::vector<std::string> listSystemFolder(const std::string& path) {
   std::vector<std::string> names;
   DIR* folder = ::opendir(path.c_str());
   if (folder == nullptr) return names;
-  // Unsafe only when threads share the stream.
+  // Unsafe only if threads share the stream.
   while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);

@@ -10,27 +10,26 @@
 
 namespace jx {
 
-/// Reads of the small files in which the system describes itself. Every function takes a whole
-/// path; what cannot be read is absent or empty. None of them blocks: a FIFO or a device in the
-/// place of a file is not read.
+/// Functions that read small system files. Every function takes a complete path and returns null or
+/// an empty result on an error. None of them blocks: FIFOs and devices are not read.
 
-/// The first 64 KiB of a regular file; absent when it cannot be opened.
+/// Returns the first 64 KiB of a regular file; null if it cannot be opened.
 JXString readSystemFile(const std::string& path);
 
-/// The first line of a file without control characters (a NUL at the end of a device tree text
-/// included) and without blanks at both ends; absent when nothing is left.
+/// Returns the first line of a file without control characters (including the NUL at the end of a
+/// device tree string) and without leading and trailing blanks; null if nothing is left.
 JXString readSystemLine(const std::string& path);
 
-/// Where a symbolic link points, as it is written; absent when `path` is no symbolic link.
+/// Returns the target of a symbolic link, unresolved; null if `path` is not a symbolic link.
 JXString readSystemLink(const std::string& path);
 
-/// Names in a folder without "." and "..", sorted; empty when it cannot be read.
+/// Returns the names in a folder without "." and "..", sorted; empty if it cannot be read.
 std::vector<std::string> listSystemFolder(const std::string& path);
 
-/// True when `path` leads to something, through links.
+/// Returns true if `path` exists, following links.
 bool systemPathExists(const std::string& path);
 
-/// `text` without blanks and control characters at both ends.
+/// Returns `text` without leading and trailing blanks and control characters.
 std::string_view trimBlanks(std::string_view text);
 
 }  // namespace jx

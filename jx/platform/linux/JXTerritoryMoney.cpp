@@ -9,7 +9,7 @@
 namespace jx {
 namespace {
 
-// Territory and currency, sorted: "FREUR" says that France uses EUR. A territory without permanent
+// Territory and currency, sorted: "FREUR" means that France uses EUR. A territory without permanent
 // inhabitants has the currency of the state that administers it; Antarctica has none.
 constexpr char kTerritories[][6] = {
     "ADEUR", "AEAED", "AFAFN", "AGXCD", "AIXCD", "ALALL", "AMAMD", "AOAOA", "ARARS", "ASUSD",
@@ -38,7 +38,7 @@ constexpr char kTerritories[][6] = {
     "UMUSD", "USUSD", "UYUYU", "UZUZS", "VAEUR", "VCXCD", "VEVES", "VGUSD", "VIUSD", "VNVND",
     "VUVUV", "WFXPF", "WSWST", "XKEUR", "YEYER", "YTEUR", "ZAZAR", "ZMZMW", "ZWZWG"};
 
-// Currency and the symbol that its own territory writes, sorted by currency.
+// Currency and the symbol that is used in its territory, sorted by currency.
 struct CurrencySymbol {
   char code[4];
   char symbol[16];
@@ -77,7 +77,7 @@ constexpr CurrencySymbol kSymbols[] = {
     {"XCD", "$"},    {"XCG", "Cg."},  {"XOF", "F CFA"}, {"XPF", "F"},    {"YER", "ر.ي."},
     {"ZAR", "R"},    {"ZMW", "K"},    {"ZWG", "ZiG"}};
 
-// The tables are searched by halving.
+// The binary search requires sorted tables.
 template <typename Entry, std::size_t kCount, typename Key>
 constexpr bool isSorted(const Entry (&entries)[kCount], Key key) {
   for (std::size_t i = 1; i < kCount; ++i) {

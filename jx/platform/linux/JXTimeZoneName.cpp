@@ -10,8 +10,8 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kLongestName = 64;
-constexpr int kMostLinks = 8;
+constexpr std::size_t kMaxNameLength = 64;
+constexpr int kMaxLinks = 8;
 constexpr std::string_view kUtc = "UTC";
 
 bool isNameCharacter(char c) {
@@ -19,14 +19,14 @@ bool isNameCharacter(char c) {
          c == '_' || c == '-' || c == '+';
 }
 
-// No zone's name has a dot, so that no name leads out of the database.
+// Zone names have no dots, so a valid name cannot refer to a path outside the database.
 bool isZoneName(std::string_view name) {
-  return !name.empty() && name.size() <= kLongestName && name.front() != '/' &&
+  return !name.empty() && name.size() <= kMaxNameLength && name.front() != '/' &&
          name.back() != '/' && name.find("//") == std::string_view::npos &&
          std::all_of(name.begin(), name.end(), isNameCharacter);
 }
 
-// The part below the last folder "zoneinfo"; absent when the path is not below one.
+// Returns the part after the last folder "zoneinfo"; null if the path has no such folder.
 JXString nameBelowDatabase(std::string_view path) {
   constexpr std::string_view kFolder = "zoneinfo/";
   const std::size_t start = path.rfind(kFolder);
@@ -38,10 +38,10 @@ JXString nameBelowDatabase(std::string_view path) {
   return isZoneName(name) ? JXString(name) : JXString();
 }
 
-// Follows links from `path` until one is below the database. Text only: what the last link points
-// at need not exist.
-JXString nameBehindLinks(std::string path, const std::string& root) {
-  for (int step = 0; step <= kMostLinks; ++step) {
+// Follows links from `path` until one is in the database. The target of the last link need not
+// exist.
+JXString resolveZoneName(std::string path, const std::string& root) {
+  for (int step = 0; step <= kMaxLinks; ++step) {
     const JXString name = nameBelowDatabase(path);
     if (name.isPresent()) return name;
     const JXString target = readSystemLink(root + path);
@@ -53,7 +53,7 @@ JXString nameBehindLinks(std::string path, const std::string& root) {
   return nullptr;
 }
 
-// The zone database as far as it is installed.
+// The zone database, if it is installed.
 class Database {
  public:
   Database(const JXEnvironment& environment, const std::string& root) {
@@ -83,17 +83,17 @@ JXString nameOfRule(const JXPosixZoneRule& rule, std::string_view text, const Da
   return database.has(rule.letters) ? JXString(rule.letters) : JXString(kUtc);
 }
 
-// Absent when the variable says nothing about the zone's name.
+// Returns null if the variable does not determine the zone name.
 JXString nameOfVariable(std::string_view text, const Database& database, const std::string& root) {
   if (!text.empty() && text.front() == ':') text.remove_prefix(1);
   if (text.empty()) return kUtc;
   const bool isPath = text.front() == '/';
-  // The dates behind the comma of a rule may hold a '/'; before it only a name does.
+  // The dates after the comma of a rule may contain a '/'; before the comma only a name may.
   const bool isOneWord = text.substr(0, text.find(',')).find('/') == std::string_view::npos;
   if (isOneWord && !database.has(text)) {
     if (const auto rule = parsePosixZoneRule(text)) return nameOfRule(*rule, text, database);
   }
-  const JXString name = isPath ? nameBehindLinks(std::string(text.substr(0, 4096)), root)
+  const JXString name = isPath ? resolveZoneName(std::string(text.substr(0, 4096)), root)
                                : nameBelowDatabase("zoneinfo/" + std::string(text));
   if (isPath && !name.isPresent()) return nullptr;
   const bool isKnown = name.isPresent() && (database.has(name.view()) || !database.isInstalled());
@@ -104,15 +104,15 @@ JXString nameOfVariable(std::string_view text, const Database& database, const s
 
 JXString localTimeZoneName(const JXEnvironment& environment, const std::string& root) {
   const Database database(environment, root);
-  // Set but empty means UTC, so this variable is not read through variable().
-  const auto stated = environment.find("TZ");
-  if (stated != environment.end() && stated->second.isPresent()) {
-    const JXString name = nameOfVariable(stated->second.view(), database, root);
+  // An empty TZ means UTC, so jx::variable(), which returns null for it, is not used here.
+  const auto entry = environment.find("TZ");
+  if (entry != environment.end() && entry->second.isPresent()) {
+    const JXString name = nameOfVariable(entry->second.view(), database, root);
     if (name.isPresent()) return name;
   }
   const JXString line = readSystemLine(root + "/etc/timezone");
   if (isZoneName(line.view())) return line;
-  const JXString linked = nameBehindLinks("/etc/localtime", root);
+  const JXString linked = resolveZoneName("/etc/localtime", root);
   return linked.isPresent() ? linked : JXString(kUtc);
 }
 

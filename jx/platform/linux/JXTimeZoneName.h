@@ -9,18 +9,19 @@
 
 namespace jx {
 
-/// The IANA name of the local time zone; never absent or empty. `root` stands before every path
-/// that is read; empty for the system itself.
+/// Returns the IANA name of the local time zone; never null or empty. `root` is the prefix of every
+/// path that is read; empty for the system itself.
 ///
-/// The first of these that tells one:
-/// - TZ. A name ("Asia/Tokyo", with or without ':') is taken as it is, also where the zone
-///   database is not installed; where it is installed and has no such zone, and for a text that is
-///   no name, the answer is "UTC", the time that the C library then uses. A path below the
-///   database, or a link to one, is its name; any other path tells nothing. A rule such as
-///   "CET-1CEST" is its own name where the database has it, or the name of its letters; a rule
-///   without summer time and with whole hours is "Etc/GMT-9"; else "UTC".
+/// Uses the first of these sources that determines a name:
+/// - TZ. A name ("Asia/Tokyo", with or without ':') is returned unchanged, even if the zone
+/// database
+///   is not installed. If the database is installed and has no such zone, or if the value is not a
+///   name, returns "UTC", the time zone that the C library uses in that case. A path in the
+///   database, or a link to one, yields its name; other paths are ignored. A rule such as
+///   "CET-1CEST" yields the zone of that name or of its letters, if the database has it; a rule
+///   without summer time and with whole hours yields "Etc/GMT-9"; else "UTC".
 /// - /etc/timezone.
-/// - where /etc/localtime points, below the folder "zoneinfo".
+/// - The target of /etc/localtime, relative to the folder "zoneinfo".
 /// - "UTC".
 JXString localTimeZoneName(const JXEnvironment& environment, const std::string& root);
 

@@ -14,7 +14,7 @@
 namespace jx {
 namespace {
 
-// Both kinds of address hold the word behind family and port.
+// In both address types the word follows family and port.
 constexpr std::size_t kWordOffset = 4;
 static_assert(offsetof(sockaddr_in, sin_addr) == kWordOffset);
 static_assert(offsetof(sockaddr_in6, sin6_flowinfo) == kWordOffset);
@@ -31,8 +31,8 @@ JXInterfaceAddress addressOf(const char* name, const sockaddr& address) {
   return entry;
 }
 
-// An address that the interface gave itself says nothing about a connection.
-bool reachesFurther(const sockaddr& address) {
+// A self-assigned link-local address does not indicate a connection.
+bool isRoutable(const sockaddr& address) {
   if (address.sa_family == AF_INET) {
     sockaddr_in v4;
     std::memcpy(&v4, &address, sizeof v4);
@@ -67,7 +67,7 @@ JXNetworkReading readNetworkInterfaces() {
     known.isUp = (entry->ifa_flags & IFF_UP) != 0 && (entry->ifa_flags & IFF_RUNNING) != 0;
     known.isLoopback = (entry->ifa_flags & IFF_LOOPBACK) != 0;
     if (entry->ifa_addr == nullptr) continue;
-    known.hasAddress = known.hasAddress || reachesFurther(*entry->ifa_addr);
+    known.hasAddress = known.hasAddress || isRoutable(*entry->ifa_addr);
     reading.addresses.push_back(addressOf(entry->ifa_name, *entry->ifa_addr));
   }
   ::freeifaddrs(list);

@@ -9,22 +9,22 @@
 
 namespace jx {
 
-/// One network interface of the system.
+/// A network interface of the system.
 struct JXNetworkInterface {
   std::string name;
-  bool isUp = false;  ///< switched on and with a carrier
+  bool isUp = false;  ///< enabled and with a carrier
   bool isLoopback = false;
-  /// Has an address that reaches further than its own link.
+  /// True if it has an address that is not link-local.
   bool hasAddress = false;
 };
 
-/// Both views of one reading of the system's list.
+/// Two views of one reading of the system's interface list.
 struct JXNetworkReading {
   std::vector<JXNetworkInterface> interfaces;  ///< one entry per name, in the system's order
   std::vector<JXInterfaceAddress> addresses;   ///< one entry per address, in the system's order
 };
 
-/// Reads the list with `getifaddrs`; empty when that fails. Thread-safe.
+/// Reads the list with `getifaddrs`; empty if that fails. Thread-safe.
 JXNetworkReading readNetworkInterfaces();
 
 }  // namespace jx

@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, with
-// the classes of characters that the C++ library asks for.
+// Replaces tvOS's header in scripts/checks/tvos: musl's header with the character classes that
+// the C++ library uses.
 #pragma once
 
 #include_next <ctype.h>

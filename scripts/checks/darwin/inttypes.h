@@ -1,7 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, with
-// the formats of a 64-bit integer that is a `long long`.
+// Replaces tvOS's header in scripts/checks/tvos: musl's header with the format macros of a
+// 64-bit integer that is a `long long`.
 #pragma once
 
 #include_next <inttypes.h>

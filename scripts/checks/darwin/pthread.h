@@ -1,15 +1,15 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, without
-// what Darwin lacks.
+// Replaces tvOS's header in scripts/checks/tvos: musl's header without the functions that
+// Darwin does not have.
 #pragma once
 
 #include_next <pthread.h>
 
-#include "lacking.h"
+#include "unavailable.h"
 
-JX_LACKING(pthread_condattr_setclock, "Darwin's condition variables know one clock");
-JX_LACKING(pthread_mutex_timedlock, "Darwin has none");
-JX_LACKING(pthread_spin_lock, "Darwin has none");
-JX_LACKING(pthread_barrier_wait, "Darwin has none");
-JX_LACKING(pthread_getcpuclockid, "Darwin has none");
+JX_UNAVAILABLE(pthread_condattr_setclock, "condition variables of Darwin support one clock only");
+JX_UNAVAILABLE(pthread_mutex_timedlock, "not available on Darwin");
+JX_UNAVAILABLE(pthread_spin_lock, "not available on Darwin");
+JX_UNAVAILABLE(pthread_barrier_wait, "not available on Darwin");
+JX_UNAVAILABLE(pthread_getcpuclockid, "not available on Darwin");

@@ -1,12 +1,12 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, without
-// what Darwin only seems to have.
+// Replaces tvOS's header in scripts/checks/tvos: musl's header without the functions that
+// Darwin does not have or that always fail there.
 #pragma once
 
 #include_next <semaphore.h>
 
-#include "lacking.h"
+#include "unavailable.h"
 
-JX_LACKING(sem_init, "Darwin declares it, and it always fails");
-JX_LACKING(sem_timedwait, "Darwin has none");
+JX_UNAVAILABLE(sem_init, "it always fails on Darwin");
+JX_UNAVAILABLE(sem_timedwait, "not available on Darwin");

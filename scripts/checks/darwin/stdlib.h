@@ -1,16 +1,16 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: that of musl, without
-// what tvOS 12 lacks, and with what Darwin adds.
+// Replaces tvOS's header in scripts/checks/tvos: musl's header without the functions that
+// tvOS 12 does not have, and with Darwin's additions.
 #pragma once
 
 #include_next <stdlib.h>
 
-#include "lacking.h"
+#include "unavailable.h"
 
-JX_LACKING(aligned_alloc, "introduced in tvOS 13.0");
-JX_LACKING(quick_exit, "Darwin has none");
-JX_LACKING(at_quick_exit, "Darwin has none");
+JX_UNAVAILABLE(aligned_alloc, "introduced in tvOS 13.0");
+JX_UNAVAILABLE(quick_exit, "not available on Darwin");
+JX_UNAVAILABLE(at_quick_exit, "not available on Darwin");
 
 #include <stdint.h>
 

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: what the library may use of it.
+// Replaces tvOS's header in scripts/checks/tvos: the declarations that the library may use.
 #pragma once
 
 #include <stddef.h>

@@ -25,7 +25,7 @@ namespace {
 
 std::string printed(double value) { return JXDecimal::fromDouble(value).toString(); }
 
-TEST(JXDecimalFromDouble, GivesTheShortestDigitsThatReadBack) {
+TEST(JXDecimalFromDouble, ReturnsShortestRoundTripDigits) {
   EXPECT_EQ(printed(0.1), "0.1");
   EXPECT_EQ(printed(-0.1), "-0.1");
   EXPECT_EQ(printed(0.3), "0.3");
@@ -39,19 +39,20 @@ TEST(JXDecimalFromDouble, GivesTheShortestDigitsThatReadBack) {
   EXPECT_EQ(printed(5e-100), "0." + std::string(99, '0') + "5");
 }
 
-TEST(JXDecimalFromDouble, FindsTheShortestNextToAPowerOfTwo) {
-  // The nearest text of 16 digits is below 2^89, where doubles lie closer, and does not read back.
+TEST(JXDecimalFromDouble, FindsShortestDigitsNextToPowersOfTwo) {
+  // The nearest decimal of 16 digits is below 2^89, where doubles are closer together, and does not
+  // convert back.
   EXPECT_EQ(printed(std::ldexp(1.0, 89)), "618970019642690200000000000");
-  // So it is below 2^-44.
+  // The same applies below 2^-44.
   EXPECT_EQ(printed(std::ldexp(1.0, -44)), "0.00000000000005684341886080802");
 }
 
-TEST(JXDecimalFromDouble, ZeroIsZeroWhateverItsSign) {
+TEST(JXDecimalFromDouble, ConvertsPositiveAndNegativeZeroToZero) {
   EXPECT_EQ(printed(0.0), "0");
   EXPECT_EQ(JXDecimal::fromDouble(-0.0), JXDecimal(0));
 }
 
-TEST(JXDecimalFromDouble, WhatHasNoDecimalOrDoesNotFitIsNotANumber) {
+TEST(JXDecimalFromDouble, ReturnsNaNForInfinityNaNAndOutOfRangeValues) {
   EXPECT_TRUE(JXDecimal::fromDouble(std::numeric_limits<double>::infinity()).isNaN());
   EXPECT_TRUE(JXDecimal::fromDouble(-std::numeric_limits<double>::infinity()).isNaN());
   EXPECT_TRUE(JXDecimal::fromDouble(std::numeric_limits<double>::quiet_NaN()).isNaN());
@@ -60,7 +61,7 @@ TEST(JXDecimalFromDouble, WhatHasNoDecimalOrDoesNotFitIsNotANumber) {
   EXPECT_TRUE(JXDecimal::fromDouble(-1e200).isNaN());
 }
 
-TEST(JXDecimalFromDouble, ReadsBackAndNoShorterTextDoes) {
+TEST(JXDecimalFromDouble, RoundTripsWithTheFewestDigits) {
   std::mt19937_64 random(20240229);
   std::uniform_int_distribution<int> exponent(-90, 90);
   std::uniform_real_distribution<double> mantissa(-1.0, 1.0);
@@ -82,21 +83,21 @@ TEST(JXDecimalFromDouble, ReadsBackAndNoShorterTextDoes) {
   }
 }
 
-// A system's own locales may be missing on a small machine, so the test brings one: the file that
-// the C library reads for LC_NUMERIC, with a comma for the point and dots between thousands.
+// A minimal system may have no locales installed, so the test provides one: the file that the C
+// library reads for LC_NUMERIC, with a decimal comma and dots between thousands.
 std::string commaNumerics() {
   static constexpr unsigned char kBytes[] = {
-      0x14, 0x11, 0x03, 0x20,                            // what the file is: LC_NUMERIC
-      6,    0,    0,    0,    32,  0,  0, 0, 34, 0,  0,  // six entries and where they stand
+      0x14, 0x11, 0x03, 0x20,                            // magic number of LC_NUMERIC
+      6,    0,    0,    0,    32,  0,  0, 0, 34, 0,  0,  // six entries and their offsets
       0,    36,   0,    0,    0,   40, 0, 0, 0,  44, 0, 0, 0, 48, 0, 0, 0, ',', 0,  // decimal point
-      '.',  0,                                // between thousands
+      '.',  0,                                // thousands separator
       3,    3,    0,    0,                    // groups of three
-      ',',  0,    0,    0,    '.', 0,  0, 0,  // the two as wide characters
+      ',',  0,    0,    0,    '.', 0,  0, 0,  // both as wide characters
       'U',  'T',  'F',  '-',  '8', 0,  0, 0};
   return {reinterpret_cast<const char*>(kBytes), sizeof kBytes};
 }
 
-class JXDecimalInACommaLocale : public testing::Test {
+class JXDecimalCommaLocale : public testing::Test {
  protected:
   void SetUp() override {
     folder_.write("comma/LC_NUMERIC", commaNumerics());
@@ -104,7 +105,7 @@ class JXDecimalInACommaLocale : public testing::Test {
     ASSERT_NE(std::setlocale(LC_NUMERIC, "comma"), nullptr);
     char text[16];
     std::snprintf(text, sizeof text, "%.1f", 1.5);
-    ASSERT_STREQ(text, "1,5") << "the locale does not work, so the test would show nothing";
+    ASSERT_STREQ(text, "1,5") << "the locale is not in effect, so the test would be meaningless";
   }
   void TearDown() override { std::setlocale(LC_NUMERIC, "C"); }
 
@@ -113,18 +114,18 @@ class JXDecimalInACommaLocale : public testing::Test {
   test::ScopedEnvironment environment_;
 };
 
-TEST_F(JXDecimalInACommaLocale, FromDoubleStillPrintsAPoint) {
+TEST_F(JXDecimalCommaLocale, FromDoubleUsesAPoint) {
   EXPECT_EQ(printed(0.1), "0.1");
   EXPECT_EQ(printed(1234567.25), "1234567.25");
   EXPECT_EQ(printed(std::ldexp(1.0, 89)), "618970019642690200000000000");
 }
 
-TEST_F(JXDecimalInACommaLocale, TextStillNeedsAPoint) {
+TEST_F(JXDecimalCommaLocale, FromStringRequiresAPoint) {
   EXPECT_EQ(JXDecimal::fromString("1234.50").toString(), "1234.50");
   EXPECT_TRUE(JXDecimal::fromString("1234,50").isNaN());
 }
 
-TEST_F(JXDecimalInACommaLocale, JsonIsReadAndWrittenWithAPoint) {
+TEST_F(JXDecimalCommaLocale, JsonIsReadAndWrittenWithAPoint) {
   const JXJsonReading reading = JXJsonReader::read(R"({"a":12.50,"b":1234567})");
   EXPECT_EQ(reading.error, "");
   EXPECT_EQ(JXJsonWriter::write(reading.value.object(), JXJsonStyle::Compact).text,

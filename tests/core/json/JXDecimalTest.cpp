@@ -19,12 +19,12 @@ std::string printed(const JXString& text) { return JXDecimal::fromString(text).t
 std::string zeros(std::size_t count) { return std::string(count, '0'); }
 std::string nines(std::size_t count) { return std::string(count, '9'); }
 
-TEST(JXDecimal, NothingIsZero) {
+TEST(JXDecimal, DefaultsToZero) {
   EXPECT_EQ(JXDecimal().toString(), "0");
   EXPECT_FALSE(JXDecimal().isNaN());
 }
 
-TEST(JXDecimal, KeepsTheDigitsAndTheScaleOfAText) {
+TEST(JXDecimal, KeepsDigitsAndScaleOfAString) {
   EXPECT_EQ(printed("12.50"), "12.50");
   EXPECT_EQ(printed("-12.50"), "-12.50");
   EXPECT_EQ(printed("0.10"), "0.10");
@@ -46,19 +46,19 @@ TEST(JXDecimal, DropsPlusSignAndLeadingZeros) {
   EXPECT_EQ(printed(zeros(500) + "1"), "1");
 }
 
-TEST(JXDecimal, APointNeedsDigitsOnOneSideOnly) {
+TEST(JXDecimal, AcceptsAPointWithDigitsOnOneSideOnly) {
   EXPECT_EQ(printed(".5"), "0.5");
   EXPECT_EQ(printed("-.5"), "-0.5");
   EXPECT_EQ(printed("5."), "5");
 }
 
-TEST(JXDecimal, ANegativeZeroIsANumberAndEqualsZero) {
+TEST(JXDecimal, KeepsTheSignOfNegativeZeroWhichEqualsZero) {
   EXPECT_EQ(printed("-0"), "-0");
   EXPECT_EQ(JXDecimal::fromString("-0"), JXDecimal(0));
   EXPECT_EQ(JXDecimal::fromString("-0.00"), JXDecimal::fromString("0"));
 }
 
-TEST(JXDecimal, WritesExponentsOut) {
+TEST(JXDecimal, ExpandsExponents) {
   EXPECT_EQ(printed("1e3"), "1000");
   EXPECT_EQ(printed("1E3"), "1000");
   EXPECT_EQ(printed("1e+3"), "1000");
@@ -72,7 +72,7 @@ TEST(JXDecimal, WritesExponentsOut) {
   EXPECT_EQ(printed("0e5"), "0");
 }
 
-TEST(JXDecimal, HoldsThirtyEightDigits) {
+TEST(JXDecimal, StoresThirtyEightDigits) {
   EXPECT_EQ(printed("12345678901234567890123456789012345678"),
             "12345678901234567890123456789012345678");
   EXPECT_EQ(printed("-1234567890123456789.0123456789012345678"),
@@ -81,7 +81,7 @@ TEST(JXDecimal, HoldsThirtyEightDigits) {
   EXPECT_EQ(printed("0.00000" + nines(38)), "0.00000" + nines(38));
 }
 
-TEST(JXDecimal, RoundsHalfAwayFromZeroBeyondThirtyEightDigits) {
+TEST(JXDecimal, RoundsHalfAwayFromZeroAfterThirtyEightDigits) {
   EXPECT_EQ(printed("1234567890123456789012345678901234567.84"),
             "1234567890123456789012345678901234567.8");
   EXPECT_EQ(printed("1234567890123456789012345678901234567.85"),
@@ -96,21 +96,21 @@ TEST(JXDecimal, RoundsHalfAwayFromZeroBeyondThirtyEightDigits) {
             "123456789012345678901234567890123456780");
 }
 
-TEST(JXDecimal, RoundingUpMayCarryThroughEveryDigit) {
+TEST(JXDecimal, CarriesThroughEveryDigitWhenRoundingUp) {
   EXPECT_EQ(printed(nines(39)), "1" + zeros(39));
   EXPECT_EQ(printed("-" + nines(39)), "-1" + zeros(39));
   EXPECT_EQ(printed("0." + nines(39)), "1." + zeros(37));
-  // The lower half alone carries.
+  // Carries within the lower half only.
   EXPECT_EQ(printed("1" + nines(37) + "5"), "2" + zeros(38));
 }
 
-TEST(JXDecimal, LeadingZerosDoNotCountAsSignificantDigits) {
+TEST(JXDecimal, DoesNotCountLeadingZerosAsSignificantDigits) {
   EXPECT_EQ(printed(zeros(100) + "12345678901234567890123456789012345678"),
             "12345678901234567890123456789012345678");
   EXPECT_EQ(printed("0." + zeros(50) + "1"), "0." + zeros(50) + "1");
 }
 
-TEST(JXDecimal, TheLargestAndTheSmallestPowersOfTenFit) {
+TEST(JXDecimal, AcceptsTheLargestAndSmallestExponents) {
   EXPECT_EQ(printed("1e127"), "1" + zeros(127));
   EXPECT_EQ(printed("-9e127"), "-9" + zeros(127));
   EXPECT_EQ(printed(nines(38) + "e127"), nines(38) + zeros(127));
@@ -119,7 +119,7 @@ TEST(JXDecimal, TheLargestAndTheSmallestPowersOfTenFit) {
   EXPECT_EQ(printed(nines(38) + "e-128"), "0." + zeros(90) + nines(38));
 }
 
-TEST(JXDecimal, AMagnitudeThatDoesNotFitIsNotANumber) {
+TEST(JXDecimal, ReturnsNaNForAMagnitudeOutOfRange) {
   EXPECT_TRUE(JXDecimal::fromString(nines(38) + "e128").isNaN());
   EXPECT_TRUE(JXDecimal::fromString("-" + nines(38) + "e128").isNaN());
   // Rounds up to 1e166.
@@ -132,24 +132,24 @@ TEST(JXDecimal, AMagnitudeThatDoesNotFitIsNotANumber) {
   EXPECT_TRUE(JXDecimal::fromString("1e-99999999999999999999").isNaN());
 }
 
-TEST(JXDecimal, APowerOfTenThatIsTooLargeMayStandInTheDigits) {
-  // 1e128 is 10 times ten to the 127th: within 38 digits and the largest exponent.
+TEST(JXDecimal, MovesAnExcessExponentIntoTheDigits) {
+  // 1e128 equals 10e127, which fits the 38 digits and the largest exponent.
   EXPECT_EQ(printed("1e128"), "1" + zeros(128));
   EXPECT_EQ(printed("1e164"), "1" + zeros(164));
 }
 
-TEST(JXDecimal, AnyZeroFits) {
+TEST(JXDecimal, AcceptsZeroWithAnyExponent) {
   EXPECT_EQ(printed("0e99999"), "0");
   EXPECT_EQ(JXDecimal::fromString("0e-99999"), JXDecimal(0));
   EXPECT_EQ(JXDecimal::fromString("0." + zeros(5000)), JXDecimal(0));
 }
 
-TEST(JXDecimal, DigitsBelowTheSmallestPowerOfTenAreRoundedAway) {
+TEST(JXDecimal, RoundsDigitsBelowTheSmallestExponent) {
   EXPECT_EQ(printed("1.4e-128"), "0." + zeros(127) + "1");
   EXPECT_EQ(printed("1.5e-128"), "0." + zeros(127) + "2");
 }
 
-TEST(JXDecimal, ATextThatIsNoNumberIsNotANumber) {
+TEST(JXDecimal, ReturnsNaNForAStringThatIsNotANumber) {
   const JXString texts[] = {nullptr,        "",      " ",   "abc", "1,5",      "1 ",    " 1",
                             "1 2",          "--1",   "+-1", "1-",  ".",        "-",     "+",
                             "-.",           "1.2.3", "1e",  "1e+", "e5",       ".e5",   "0x10",
@@ -161,18 +161,18 @@ TEST(JXDecimal, ATextThatIsNoNumberIsNotANumber) {
   }
 }
 
-TEST(JXDecimal, AnEmbeddedNulIsNoPartOfANumber) {
+TEST(JXDecimal, RejectsAnEmbeddedNul) {
   EXPECT_TRUE(JXDecimal::fromString(std::string("1\0", 2)).isNaN());
   EXPECT_TRUE(JXDecimal::fromString(std::string("1\0002", 3)).isNaN());
   EXPECT_TRUE(JXDecimal::fromString(std::string("\0", 1)).isNaN());
 }
 
-TEST(JXDecimal, AVeryLongTextIsRead) {
+TEST(JXDecimal, ParsesAVeryLongString) {
   EXPECT_EQ(printed("0." + std::string(1'000'000, '3')), "0." + std::string(38, '3'));
   EXPECT_TRUE(JXDecimal::fromString(std::string(1'000'000, '3')).isNaN());
 }
 
-TEST(JXDecimal, TakesEveryIntegerExactly) {
+TEST(JXDecimal, ConvertsEveryIntegerExactly) {
   EXPECT_EQ(JXDecimal(0).toString(), "0");
   EXPECT_EQ(JXDecimal(-1).toString(), "-1");
   EXPECT_EQ(JXDecimal(std::int8_t{-128}).toString(), "-128");
@@ -183,7 +183,7 @@ TEST(JXDecimal, TakesEveryIntegerExactly) {
             "18446744073709551615");
 }
 
-TEST(JXDecimal, BoolsCharactersAndFloatingPointDoNotConvert) {
+TEST(JXDecimal, DoesNotConvertBoolsCharactersAndFloatingPoint) {
   EXPECT_FALSE((std::is_constructible_v<JXDecimal, bool>));
   EXPECT_FALSE((std::is_constructible_v<JXDecimal, char>));
   EXPECT_FALSE((std::is_constructible_v<JXDecimal, wchar_t>));
@@ -192,7 +192,7 @@ TEST(JXDecimal, BoolsCharactersAndFloatingPointDoNotConvert) {
   EXPECT_TRUE((std::is_constructible_v<JXDecimal, int>));
 }
 
-TEST(JXDecimal, EqualInValueWhateverTheScale) {
+TEST(JXDecimal, ComparesValuesRegardlessOfScale) {
   const std::pair<const char*, const char*> equal[] = {{"12.50", "12.5"},   {"100", "1e2"},
                                                        {"0", "0.000"},      {"-0.10", "-0.1"},
                                                        {"1e127", "10e126"}, {"0.001", "1e-3"}};
@@ -206,7 +206,7 @@ TEST(JXDecimal, EqualInValueWhateverTheScale) {
   }
 }
 
-TEST(JXDecimal, NotANumberEqualsNothing) {
+TEST(JXDecimal, NaNEqualsNoValue) {
   const JXDecimal nan = JXDecimal::nan();
   EXPECT_TRUE(nan.isNaN());
   EXPECT_FALSE(nan == nan);
@@ -214,13 +214,13 @@ TEST(JXDecimal, NotANumberEqualsNothing) {
   EXPECT_TRUE(JXDecimal(0) != nan);
 }
 
-TEST(JXDecimal, PrintsItselfIntoAStream) {
+TEST(JXDecimal, WritesItselfToAStream) {
   std::ostringstream out;
   out << JXDecimal::fromString("-1.50") << " " << JXDecimal::nan();
   EXPECT_EQ(out.str(), "-1.50 NaN");
 }
 
-TEST(JXDecimal, PrintsTheLongestOfItsShortTexts) {
+TEST(JXDecimal, FormatsNumbersAtTheLimitOfTheFastPath) {
   for (const char* text :
        {"0", "-0.5", "18446744073709551", "9999999999999999999", "-9999999999999999999",
         "0.0000000000000000001", "-0.9999999999999999999", "0.00000000000000000001",

@@ -28,7 +28,7 @@ TEST(JXJsonArray, KeepsValuesInOrder) {
   EXPECT_EQ(kinds, "4312");
 }
 
-TEST(JXJsonArray, AnAbsentValueIsLeftOut) {
+TEST(JXJsonArray, IgnoresAbsentValues) {
   JXJsonArray array;
   array.append(JXJsonValue());
   array.append(JXString());
@@ -36,14 +36,14 @@ TEST(JXJsonArray, AnAbsentValueIsLeftOut) {
   EXPECT_EQ(array.size(), 0U);
 }
 
-TEST(JXJsonArray, BeyondTheEndIsAbsent) {
+TEST(JXJsonArray, ReturnsAnAbsentValueOutOfRange) {
   JXJsonArray array;
   array.append(1);
   EXPECT_FALSE(array.at(1).isPresent());
   EXPECT_FALSE(array.at(static_cast<std::size_t>(-1)).isPresent());
 }
 
-TEST(JXJsonArray, AnAbsentHandleHoldsNothingAndIgnoresWhatIsPutIn) {
+TEST(JXJsonArray, NullHandleIsEmptyAndIgnoresChanges) {
   JXJsonArray none(nullptr);
   none.append(1);
   EXPECT_FALSE(none.isPresent());
@@ -61,16 +61,16 @@ TEST(JXJsonArray, CopiesOfAHandleShareTheValues) {
   EXPECT_FALSE(array.isSameAs(JXJsonArray()));
 }
 
-TEST(JXJsonArray, MayTakeItsOwnElements) {
+TEST(JXJsonArray, AppendsItsOwnElements) {
   JXJsonArray array;
-  array.append("a text that is too long to be held in place");
+  array.append("a string that is too long to be stored inline");
   for (int i = 0; i < 100; ++i)
     array.append(array.values()[0]);
   EXPECT_EQ(array.size(), 101U);
-  EXPECT_EQ(array.at(100).string(), JXString("a text that is too long to be held in place"));
+  EXPECT_EQ(array.at(100).string(), JXString("a string that is too long to be stored inline"));
 }
 
-TEST(JXJsonArray, ADeeplyNestedOneEndsWithoutDeepRecursion) {
+TEST(JXJsonArray, DestroysDeepNestingWithoutDeepRecursion) {
   JXJsonArray array;
   array.append("core");
   for (int i = 0; i < 100'000; ++i) {

@@ -19,7 +19,7 @@ std::string keysOf(const JXJsonObject& object) {
   return keys;
 }
 
-TEST(JXJsonObject, IsPresentAndEmptyFromTheStart) {
+TEST(JXJsonObject, IsPresentAndEmptyByDefault) {
   const JXJsonObject object;
   EXPECT_TRUE(object.isPresent());
   EXPECT_EQ(object.size(), 0U);
@@ -27,7 +27,7 @@ TEST(JXJsonObject, IsPresentAndEmptyFromTheStart) {
   EXPECT_FALSE(object.get("key").isPresent());
 }
 
-TEST(JXJsonObject, AnAbsentHandleHoldsNothingAndIgnoresWhatIsPutIn) {
+TEST(JXJsonObject, NullHandleIsEmptyAndIgnoresChanges) {
   JXJsonObject none(nullptr);
   none.set("key", 1);
   none.clear();
@@ -49,7 +49,7 @@ TEST(JXJsonObject, CopiesOfAHandleShareTheEntries) {
   EXPECT_FALSE(object.isSameAs(JXJsonObject()));
 }
 
-TEST(JXJsonObject, ANestedObjectThatIsExtendedLaterShowsTheExtension) {
+TEST(JXJsonObject, ShowsLaterChangesOfANestedObject) {
   JXJsonObject outer;
   JXJsonObject inner;
   outer.set("inner", inner);
@@ -59,7 +59,7 @@ TEST(JXJsonObject, ANestedObjectThatIsExtendedLaterShowsTheExtension) {
   EXPECT_EQ(inner.size(), 2U);
 }
 
-TEST(JXJsonObject, ReplacingAValueKeepsThePlaceOfItsKey) {
+TEST(JXJsonObject, ReplacingAValueKeepsThePositionOfItsKey) {
   JXJsonObject object;
   object.set("a", 1);
   object.set("b", 2);
@@ -70,7 +70,7 @@ TEST(JXJsonObject, ReplacingAValueKeepsThePlaceOfItsKey) {
   EXPECT_EQ(object.size(), 3U);
 }
 
-TEST(JXJsonObject, AKeyThatIsRemovedAndSetAgainComesLast) {
+TEST(JXJsonObject, AppendsAKeyThatWasRemovedAndSetAgain) {
   JXJsonObject object;
   object.set("a", 1);
   object.set("b", 2);
@@ -80,7 +80,7 @@ TEST(JXJsonObject, AKeyThatIsRemovedAndSetAgainComesLast) {
   EXPECT_EQ(keysOf(object), "b a ");
 }
 
-TEST(JXJsonObject, RemovingWhatIsNotThereGivesAnAbsentValue) {
+TEST(JXJsonObject, RemovingAMissingKeyReturnsAnAbsentValue) {
   JXJsonObject object;
   object.set("null", JXJsonValue::null());
   EXPECT_FALSE(object.remove("other").isPresent());
@@ -95,14 +95,14 @@ TEST(JXJsonObject, SettingAnAbsentValueRemovesTheKey) {
   EXPECT_EQ(object.size(), 0U);
 }
 
-TEST(JXJsonObject, HoldsNullAsAValue) {
+TEST(JXJsonObject, StoresJsonNull) {
   JXJsonObject object;
   object.set("a", JXJsonValue::null());
   EXPECT_TRUE(object.contains("a"));
   EXPECT_EQ(object.get("a").kind(), JXJsonValue::Kind::Null);
 }
 
-TEST(JXJsonObject, AnyBytesMakeAKey) {
+TEST(JXJsonObject, AcceptsAnyBytesAsAKey) {
   JXJsonObject object;
   object.set("", 1);
   object.set(std::string("a\0b", 3), 2);
@@ -113,7 +113,7 @@ TEST(JXJsonObject, AnyBytesMakeAKey) {
   EXPECT_EQ(object.get("a").numberString(), JXString("3"));
 }
 
-TEST(JXJsonObject, AMutableCopyCopiesOneLevel) {
+TEST(JXJsonObject, MutableCopyCopiesOneLevel) {
   JXJsonObject object;
   JXJsonObject inner;
   JXJsonArray list;
@@ -135,7 +135,7 @@ TEST(JXJsonObject, AMutableCopyCopiesOneLevel) {
   EXPECT_EQ(copy.get("list").array().size(), 1U);
 }
 
-TEST(JXJsonObject, ClearEndsTheEntriesForEveryHandle) {
+TEST(JXJsonObject, ClearRemovesTheEntriesOfEveryHandle) {
   JXJsonObject object;
   const JXJsonObject other = object;
   object.set("a", 1);
@@ -145,7 +145,7 @@ TEST(JXJsonObject, ClearEndsTheEntriesForEveryHandle) {
   EXPECT_EQ(keysOf(other), "b ");
 }
 
-TEST(JXJsonObject, TenThousandKeysKeepTheirOrderAndAreAllFound) {
+TEST(JXJsonObject, FindsTenThousandKeysAndKeepsTheirOrder) {
   JXJsonObject object;
   for (int i = 0; i < 10'000; ++i)
     object.set("key" + std::to_string(i), i);
@@ -160,7 +160,7 @@ TEST(JXJsonObject, TenThousandKeysKeepTheirOrderAndAreAllFound) {
   EXPECT_FALSE(object.contains("key10000"));
 }
 
-TEST(JXJsonObject, ManyKeysAreFoundAfterOthersWereRemoved) {
+TEST(JXJsonObject, FindsKeysAfterManyOthersWereRemoved) {
   JXJsonObject object;
   for (int i = 0; i < 1'000; ++i)
     object.set("key" + std::to_string(i), i);
@@ -173,7 +173,7 @@ TEST(JXJsonObject, ManyKeysAreFoundAfterOthersWereRemoved) {
     EXPECT_EQ(object.contains("key" + std::to_string(i)), i % 10 == 0) << i;
   }
   EXPECT_EQ(object.entries()[99].key, JXString("key990"));
-  // Down to few keys and up again.
+  // Shrinks below the index threshold and grows again.
   for (int i = 0; i < 1'000; i += 10)
     object.remove("key" + std::to_string(i));
   EXPECT_EQ(object.size(), 0U);
@@ -183,7 +183,7 @@ TEST(JXJsonObject, ManyKeysAreFoundAfterOthersWereRemoved) {
   EXPECT_FALSE(object.contains("key0"));
 }
 
-TEST(JXJsonObject, ACopyOfALargeObjectFindsItsOwnKeys) {
+TEST(JXJsonObject, CopyOfALargeObjectFindsItsOwnKeys) {
   JXJsonObject object;
   for (int i = 0; i < 500; ++i)
     object.set("key" + std::to_string(i), i);
@@ -195,41 +195,41 @@ TEST(JXJsonObject, ACopyOfALargeObjectFindsItsOwnKeys) {
   EXPECT_EQ(copy.get("key1").numberString(), JXString("1"));
 }
 
-TEST(JXJsonObject, AKeyMayComeFromTheObjectItself) {
+TEST(JXJsonObject, AcceptsAKeyFromTheObjectItself) {
   JXJsonObject object;
-  object.set("first key, too long to be held in place", 1);
+  object.set("first key, too long to be stored inline", 1);
   for (int i = 0; i < 100; ++i) {
     object.set(std::string(object.entries()[0].key.view()) + std::to_string(i), i);
   }
   object.set(object.entries()[0].key.view(), object.entries()[5].value);
-  EXPECT_EQ(object.get("first key, too long to be held in place").numberString(), JXString("4"));
+  EXPECT_EQ(object.get("first key, too long to be stored inline").numberString(), JXString("4"));
   EXPECT_TRUE(object.remove(object.entries()[0].key.view()).isPresent());
   EXPECT_EQ(object.size(), 100U);
 }
 
-TEST(JXJsonObject, AValueMayBeReplacedByWhatLivesInsideIt) {
+TEST(JXJsonObject, ReplacesAValueWithOneInsideIt) {
   JXJsonObject object;
   {
     JXJsonObject inner;
-    inner.set("text", "deep inside, and too long to be held in place");
+    inner.set("text", "deep inside, and too long to be stored inline");
     object.set("a", std::move(inner));
   }
   object.set("a", object.get("a").object().entries()[0].value);
-  EXPECT_EQ(object.get("a").string(), JXString("deep inside, and too long to be held in place"));
+  EXPECT_EQ(object.get("a").string(), JXString("deep inside, and too long to be stored inline"));
 }
 
-TEST(JXJsonObject, MayBePutIntoItself) {
+TEST(JXJsonObject, CanContainItself) {
   JXJsonObject object;
   object.set("self", object);
   EXPECT_TRUE(object.get("self").object().get("self").object().isSameAs(object));
-  // Opens the circle, without which the object would never end.
+  // Breaks the circular reference, which would otherwise leak the object.
   object.clear();
   EXPECT_EQ(object.size(), 0U);
 }
 
 constexpr int kDeep = 100'000;
 
-TEST(JXJsonObject, ADeeplyNestedOneEndsWithoutDeepRecursion) {
+TEST(JXJsonObject, DestroysDeepNestingWithoutDeepRecursion) {
   JXJsonObject outermost;
   JXJsonObject innermost = outermost;
   for (int i = 0; i < kDeep; ++i) {
@@ -241,7 +241,7 @@ TEST(JXJsonObject, ADeeplyNestedOneEndsWithoutDeepRecursion) {
   EXPECT_EQ(innermost.size(), 0U);
 }
 
-TEST(JXJsonObject, ADeeplyNestedMixtureEndsWithoutDeepRecursion) {
+TEST(JXJsonObject, DestroysDeeplyNestedMixtureWithoutDeepRecursion) {
   JXJsonValue value("core");
   for (int i = 0; i < kDeep / 10; ++i) {
     JXJsonObject object;
@@ -268,7 +268,7 @@ JXJsonValue deeplyNested() {
   return value;
 }
 
-TEST(JXJsonObject, ReplacingRemovingAndClearingADeeplyNestedValueIsSafe) {
+TEST(JXJsonObject, ReplacesRemovesAndClearsDeeplyNestedValues) {
   JXJsonObject object;
   object.set("a", deeplyNested());
   object.set("a", 1);

@@ -18,7 +18,7 @@ namespace {
 
 using Kind = JXJsonValue::Kind;
 
-// Compared here entry by entry, so that the writer is not checked by itself.
+// Compares entry by entry, so that the writer is not used to verify itself.
 testing::AssertionResult same(const JXJsonValue& a, const JXJsonValue& b) {
   if (a.kind() != b.kind()) return testing::AssertionFailure() << "kinds differ";
   if (a.boolValue() != b.boolValue()) return testing::AssertionFailure() << "booleans differ";
@@ -41,7 +41,7 @@ testing::AssertionResult same(const JXJsonValue& a, const JXJsonValue& b) {
   return testing::AssertionSuccess();
 }
 
-// Makes the same values in each run.
+// Creates the same values in every run.
 class Generator {
  public:
   explicit Generator(unsigned seed) : random_(seed) {}
@@ -91,7 +91,7 @@ class Generator {
     return digits;
   }
 
-  // Whole characters of one to four bytes, control characters and NUL among them.
+  // Complete characters of one to four bytes, including control characters and NUL.
   std::string text() {
     static const std::string characters[] = {"a",
                                              "Z",
@@ -119,7 +119,7 @@ class Generator {
   std::mt19937 random_;
 };
 
-TEST(JXJsonRoundTrip, WhatIsWrittenReadsBackTheSame) {
+TEST(JXJsonRoundTrip, ReadsBackTheWrittenValues) {
   Generator generator(20250428);
   for (int i = 0; i < 300; ++i) {
     const JXJsonObject object = generator.object(0);
@@ -134,7 +134,7 @@ TEST(JXJsonRoundTrip, WhatIsWrittenReadsBackTheSame) {
   }
 }
 
-// Makes a writer's calls from a text, the numbers as their digits.
+// Calls a writer for each event of a parser and passes numbers as their digits.
 template <typename Writer>
 struct Copying : rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Copying<Writer>> {
   explicit Copying(Writer& into) : writer(into) {}
@@ -165,7 +165,7 @@ std::string copied(const std::string& json, Writer& writer, rapidjson::StringBuf
   return {buffer.GetString(), buffer.GetSize()};
 }
 
-TEST(JXJsonRoundTrip, AnotherWriterWritesTheSameBytes) {
+TEST(JXJsonRoundTrip, WritesTheSameBytesAsAnotherWriter) {
   Generator generator(20261120);
   for (int i = 0; i < 300; ++i) {
     const JXJsonObject object = generator.object(0);

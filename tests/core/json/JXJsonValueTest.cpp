@@ -14,7 +14,7 @@ namespace {
 
 using Kind = JXJsonValue::Kind;
 
-TEST(JXJsonValue, AbsentIsNotNull) {
+TEST(JXJsonValue, DistinguishesAbsentFromNull) {
   EXPECT_EQ(JXJsonValue().kind(), Kind::Absent);
   EXPECT_FALSE(JXJsonValue().isPresent());
   EXPECT_EQ(JXJsonValue(nullptr).kind(), Kind::Absent);
@@ -22,7 +22,7 @@ TEST(JXJsonValue, AbsentIsNotNull) {
   EXPECT_TRUE(JXJsonValue::null().isPresent());
 }
 
-TEST(JXJsonValue, WhatIsAbsentElsewhereIsAbsentHere) {
+TEST(JXJsonValue, IsAbsentForNullInputsAndNaN) {
   const char* none = nullptr;
   EXPECT_FALSE(JXJsonValue(none).isPresent());
   EXPECT_FALSE(JXJsonValue(JXString()).isPresent());
@@ -31,7 +31,7 @@ TEST(JXJsonValue, WhatIsAbsentElsewhereIsAbsentHere) {
   EXPECT_FALSE(JXJsonValue(JXDecimal::nan()).isPresent());
 }
 
-TEST(JXJsonValue, EmptyAndZeroAndFalseArePresent) {
+TEST(JXJsonValue, EmptyZeroAndFalseArePresent) {
   EXPECT_EQ(JXJsonValue("").kind(), Kind::String);
   EXPECT_EQ(JXJsonValue("").string(), JXString(""));
   EXPECT_EQ(JXJsonValue(0).numberString(), JXString("0"));
@@ -40,27 +40,27 @@ TEST(JXJsonValue, EmptyAndZeroAndFalseArePresent) {
   EXPECT_EQ(JXJsonValue(JXJsonArray()).kind(), Kind::Array);
 }
 
-TEST(JXJsonValue, EachWayToSayATextGivesAString) {
+TEST(JXJsonValue, AcceptsEveryStringType) {
   EXPECT_EQ(JXJsonValue("text").string(), JXString("text"));
   EXPECT_EQ(JXJsonValue(std::string("text")).string(), JXString("text"));
   EXPECT_EQ(JXJsonValue(std::string_view("text")).string(), JXString("text"));
   EXPECT_EQ(JXJsonValue(JXString("text")).string(), JXString("text"));
 }
 
-TEST(JXJsonValue, APointerIsNoTruthValue) {
+TEST(JXJsonValue, DoesNotConvertPointersToBool) {
   EXPECT_FALSE((std::is_constructible_v<JXJsonValue, int*>));
   EXPECT_FALSE((std::is_constructible_v<JXJsonValue, const void*>));
   EXPECT_FALSE((std::is_constructible_v<JXJsonValue, double>));
   EXPECT_EQ(JXJsonValue("false").kind(), Kind::String);
 }
 
-TEST(JXJsonValue, IntegersAreNumbersToTheLastDigit) {
+TEST(JXJsonValue, KeepsEveryDigitOfIntegers) {
   EXPECT_EQ(JXJsonValue(INT64_MIN).numberString(), JXString("-9223372036854775808"));
   EXPECT_EQ(JXJsonValue(UINT64_MAX).numberString(), JXString("18446744073709551615"));
   EXPECT_EQ(JXJsonValue(JXDecimal::fromString("12.50")).numberString(), JXString("12.50"));
 }
 
-TEST(JXJsonValue, ANumberFromTextKeepsEveryDigit) {
+TEST(JXJsonValue, NumberFromStringKeepsEveryDigit) {
   const char* digits = "123456789012345678901234567890123456789012345.67890";
   EXPECT_EQ(JXJsonValue::numberFromString(digits).numberString(), JXString(digits));
   EXPECT_EQ(JXJsonValue::numberFromString("12.50").numberString(), JXString("12.50"));
@@ -74,21 +74,21 @@ TEST(JXJsonValue, ANumberFromTextKeepsEveryDigit) {
   EXPECT_EQ(JXJsonValue::numberFromString("00e3").numberString(), JXString("0"));
 }
 
-TEST(JXJsonValue, ATextThatIsNoNumberGivesAnAbsentOne) {
+TEST(JXJsonValue, NumberFromStringIsAbsentForInvalidInput) {
   const JXString texts[] = {
       nullptr, "", "12a", "1,5", " 1", "1 ", "NaN", "-", std::string("1\0", 2)};
   for (const JXString& text : texts)
     EXPECT_FALSE(JXJsonValue::numberFromString(text).isPresent());
 }
 
-TEST(JXJsonValue, AnExponentMayNotMakeANumberEndless) {
+TEST(JXJsonValue, LimitsTheLengthOfAnExpandedExponent) {
   EXPECT_TRUE(JXJsonValue::numberFromString("1e4000").isPresent());
   EXPECT_FALSE(JXJsonValue::numberFromString("1e5000").isPresent());
   EXPECT_FALSE(JXJsonValue::numberFromString("1e-5000").isPresent());
   EXPECT_FALSE(JXJsonValue::numberFromString("1e999999999999").isPresent());
 }
 
-TEST(JXJsonValue, AskingForAnotherKindGivesNothing) {
+TEST(JXJsonValue, ReturnsNoValueForAnotherKind) {
   const JXJsonValue text("12");
   EXPECT_FALSE(text.boolValue());
   EXPECT_FALSE(text.numberString().isPresent());
@@ -101,7 +101,7 @@ TEST(JXJsonValue, AskingForAnotherKindGivesNothing) {
   EXPECT_FALSE(JXJsonValue::null().object().isPresent());
 }
 
-TEST(JXJsonValue, GivesBackWhatItWasMadeFrom) {
+TEST(JXJsonValue, ReturnsTheOriginalValue) {
   EXPECT_TRUE(JXJsonValue(true).boolValue());
   EXPECT_EQ(JXJsonValue(JXDecimal::fromString("-3.10")).decimal(), JXDecimal::fromString("-3.1"));
   const JXJsonObject object;

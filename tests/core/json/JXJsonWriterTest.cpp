@@ -12,7 +12,7 @@
 namespace jx {
 namespace {
 
-// Large texts are compared without being printed.
+// Compares large texts and prints only their start.
 testing::AssertionResult isText(const JXJsonText& json, const std::string& expected) {
   if (json.text == expected) return testing::AssertionSuccess();
   return testing::AssertionFailure() << json.text.size() << " bytes: " << json.text.substr(0, 80);
@@ -30,7 +30,7 @@ std::string compactText(const JXString& text) {
   return compact(object);
 }
 
-// An object, an array, an object ... `levels` deep, the object itself included.
+// Alternating objects and arrays, `levels` deep including the outermost object.
 JXJsonObject nested(std::size_t levels) {
   JXJsonValue inner("core");
   for (std::size_t level = levels; level > 1; --level) {
@@ -67,13 +67,13 @@ JXJsonObject sample() {
   return object;
 }
 
-TEST(JXJsonWriter, CompactTextHasNoBlanks) {
+TEST(JXJsonWriter, WritesCompactTextWithoutWhitespace) {
   EXPECT_EQ(compact(sample()),
             R"({"id":"536365","new":false,"count":6,"product":{"name":"LANTERN","price":3.390},)"
             R"("colours":["red",null],"none":{},"empty":[]})");
 }
 
-TEST(JXJsonWriter, PrettyTextHasALineForEachEntryAndTwoSpacesForEachLevel) {
+TEST(JXJsonWriter, WritesPrettyTextWithALinePerEntryAndTwoSpacesPerLevel) {
   EXPECT_EQ(JXJsonWriter::write(sample(), JXJsonStyle::Pretty).text,
             "{\n"
             "  \"id\": \"536365\",\n"
@@ -92,7 +92,7 @@ TEST(JXJsonWriter, PrettyTextHasALineForEachEntryAndTwoSpacesForEachLevel) {
             "}");
 }
 
-TEST(JXJsonWriter, AnEmptyAndAnAbsentObjectAreEmptyBraces) {
+TEST(JXJsonWriter, WritesEmptyBracesForAnEmptyAndANullObject) {
   EXPECT_EQ(compact(JXJsonObject()), "{}");
   EXPECT_EQ(compact(JXJsonObject(nullptr)), "{}");
   EXPECT_EQ(JXJsonWriter::write(nullptr, JXJsonStyle::Pretty).text, "{}");
@@ -117,12 +117,12 @@ TEST(JXJsonWriter, WritesAnEmbeddedNul) {
   EXPECT_EQ(compact(object), R"({"k\u0000":1})");
 }
 
-TEST(JXJsonWriter, WritesTextBeyondAsciiAsItIs) {
+TEST(JXJsonWriter, DoesNotEscapeNonAsciiCharacters) {
   EXPECT_EQ(compactText("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x93\xBA \xE2\x80\xA8"),
             "{\"t\":\"caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x93\xBA \xE2\x80\xA8\"}");
 }
 
-TEST(JXJsonWriter, EscapesKeysLikeTexts) {
+TEST(JXJsonWriter, EscapesKeysLikeStrings) {
   JXJsonObject object;
   object.set("a\"b\n", 1);
   object.set("", 2);
@@ -130,7 +130,7 @@ TEST(JXJsonWriter, EscapesKeysLikeTexts) {
   EXPECT_EQ(compact(object), "{\"a\\\"b\\n\":1,\"\":2,\"bad\xEF\xBF\xBD\":3}");
 }
 
-TEST(JXJsonWriter, ReplacesWhatIsNoUtf8) {
+TEST(JXJsonWriter, ReplacesInvalidUtf8) {
   EXPECT_EQ(compactText("a\x80z"), "{\"t\":\"a\xEF\xBF\xBDz\"}");              // continuation
   EXPECT_EQ(compactText("\xC0\xAF"), "{\"t\":\"\xEF\xBF\xBD\xEF\xBF\xBD\"}");  // overlong
   EXPECT_EQ(compactText("\xED\xA0\x80"),
@@ -140,7 +140,7 @@ TEST(JXJsonWriter, ReplacesWhatIsNoUtf8) {
             "{\"t\":\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\"}");  // too high
 }
 
-TEST(JXJsonWriter, WritesNumbersDigitForDigit) {
+TEST(JXJsonWriter, WritesNumbersExactly) {
   JXJsonObject object;
   object.set("a", JXJsonValue::numberFromString("12.50"));
   object.set("b", JXJsonValue::numberFromString("123456789012345678901234567890.10"));
@@ -151,12 +151,12 @@ TEST(JXJsonWriter, WritesNumbersDigitForDigit) {
             R"("d":-0.000001})");
 }
 
-TEST(JXJsonWriter, ATextOfOneMebibyteArrivesWhole) {
+TEST(JXJsonWriter, WritesAStringOfOneMebibyte) {
   const std::string text(1024 * 1024, 'x');
   EXPECT_TRUE(compactText(text) == "{\"t\":\"" + text + "\"}");
 }
 
-TEST(JXJsonWriter, TwoHundredLevelsArriveAsGiven) {
+TEST(JXJsonWriter, WritesTwoHundredLevels) {
   const JXJsonText json = JXJsonWriter::write(nested(200), JXJsonStyle::Compact);
   EXPECT_EQ(json.leftOut, 0U);
   std::string opening;
@@ -168,7 +168,7 @@ TEST(JXJsonWriter, TwoHundredLevelsArriveAsGiven) {
   EXPECT_EQ(json.text, opening + "\"core\"" + closing);
 }
 
-TEST(JXJsonWriter, LeavesOutAndCountsWhatLiesTooDeep) {
+TEST(JXJsonWriter, OmitsAndCountsValuesNestedTooDeeply) {
   const JXJsonText deepest = JXJsonWriter::write(nested(512), JXJsonStyle::Compact);
   EXPECT_EQ(deepest.leftOut, 0U);
   EXPECT_NE(deepest.text.find("core"), std::string::npos);
@@ -183,7 +183,7 @@ TEST(JXJsonWriter, LeavesOutAndCountsWhatLiesTooDeep) {
   EXPECT_TRUE(JXJsonReader::read(endless.text).value.isPresent());
 }
 
-TEST(JXJsonWriter, LeavesOutAndCountsAValueThatContainsItself) {
+TEST(JXJsonWriter, OmitsAndCountsCircularReferences) {
   JXJsonObject object;
   JXJsonArray array;
   JXJsonObject inner;
@@ -198,12 +198,12 @@ TEST(JXJsonWriter, LeavesOutAndCountsAValueThatContainsItself) {
   const JXJsonText json = JXJsonWriter::write(object, JXJsonStyle::Compact);
   EXPECT_EQ(json.text, R"({"before":1,"list":[2,{"after":3}]})");
   EXPECT_EQ(json.leftOut, 3U);
-  // Opens the circles, without which the objects would never end.
+  // Breaks the circular references, which would otherwise leak the objects.
   inner.clear();
   object.clear();
 }
 
-TEST(JXJsonWriter, ThatAnObjectStandsInTwoPlacesIsNoCircle) {
+TEST(JXJsonWriter, WritesAnObjectThatOccursTwice) {
   JXJsonObject shared;
   shared.set("a", 1);
   JXJsonObject object;
@@ -212,7 +212,7 @@ TEST(JXJsonWriter, ThatAnObjectStandsInTwoPlacesIsNoCircle) {
   EXPECT_EQ(compact(object), R"({"x":{"a":1},"y":{"a":1}})");
 }
 
-TEST(JXJsonWriter, LeavesOutATextThatIsTooLargeAndWritesTheRest) {
+TEST(JXJsonWriter, OmitsAStringThatIsTooLargeAndWritesTheRest) {
   JXJsonObject object;
   object.set("before", 1);
   object.set("large", std::string(JXJsonWriter::kMaxBytes + 1, 'x'));
@@ -222,8 +222,8 @@ TEST(JXJsonWriter, LeavesOutATextThatIsTooLargeAndWritesTheRest) {
   EXPECT_EQ(json.leftOut, 1U);
 }
 
-TEST(JXJsonWriter, ATextCountsAsLongAsItIsWritten) {
-  // Each of these bytes is written as six.
+TEST(JXJsonWriter, CountsTheEscapedLengthOfAString) {
+  // Each of these bytes is written as six bytes.
   JXJsonObject object;
   object.set("controls", std::string(JXJsonWriter::kMaxBytes / 6 + 1, '\x01'));
   object.set("after", 2);
@@ -231,12 +231,12 @@ TEST(JXJsonWriter, ATextCountsAsLongAsItIsWritten) {
   EXPECT_TRUE(isText(json, R"({"after":2})"));
   EXPECT_EQ(json.leftOut, 1U);
 
-  // And each of these as three.
+  // Each of these bytes is written as three bytes.
   object.set("controls", std::string(JXJsonWriter::kMaxBytes / 3 + 1, '\xFF'));
   EXPECT_TRUE(isText(JXJsonWriter::write(object, JXJsonStyle::Compact), R"({"after":2})"));
 }
 
-TEST(JXJsonWriter, AKeyCountsToo) {
+TEST(JXJsonWriter, CountsTheLengthOfAKey) {
   JXJsonObject object;
   object.set(std::string(JXJsonWriter::kMaxBytes + 1, 'k'), 1);
   object.set("after", 2);
@@ -245,7 +245,7 @@ TEST(JXJsonWriter, AKeyCountsToo) {
   EXPECT_EQ(json.leftOut, 1U);
 }
 
-TEST(JXJsonWriter, ATextMayBeAsLongAsTheLimitAndNoLonger) {
+TEST(JXJsonWriter, WritesTextUpToExactlyTheSizeLimit) {
   const std::string frame = R"({"t":""})";
   JXJsonObject object;
   object.set("t", std::string(JXJsonWriter::kMaxBytes - frame.size(), 'x'));
@@ -257,8 +257,8 @@ TEST(JXJsonWriter, ATextMayBeAsLongAsTheLimitAndNoLonger) {
   EXPECT_TRUE(isText(JXJsonWriter::write(object, JXJsonStyle::Compact), "{}"));
 }
 
-// A few shared objects that would unfold to two to the power of 100 values.
-JXJsonObject unfolding() {
+// A few shared objects that would expand to 2^100 values.
+JXJsonObject expanding() {
   JXJsonObject object;
   object.set("leaf", std::string(64 * 1024, 'x'));
   for (int level = 0; level < 100; ++level) {
@@ -270,9 +270,9 @@ JXJsonObject unfolding() {
   return object;
 }
 
-TEST(JXJsonWriter, ASmallValueThatUnfoldsWithoutEndStaysWithinTheLimit) {
+TEST(JXJsonWriter, LimitsASmallValueThatExpandsExponentially) {
   for (const JXJsonStyle style : {JXJsonStyle::Compact, JXJsonStyle::Pretty}) {
-    const JXJsonText json = JXJsonWriter::write(unfolding(), style);
+    const JXJsonText json = JXJsonWriter::write(expanding(), style);
     EXPECT_LE(json.text.size(), JXJsonWriter::kMaxBytes);
     EXPECT_GT(json.leftOut, 0U);
     EXPECT_TRUE(JXJsonReader::read(json.text).value.isPresent());

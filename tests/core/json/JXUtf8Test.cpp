@@ -13,7 +13,7 @@ namespace {
 
 #define REPLACED "\xEF\xBF\xBD"
 
-TEST(JXUtf8, TakesEveryWellFormedSequence) {
+TEST(JXUtf8, AcceptsEveryWellFormedSequence) {
   const std::string texts[] = {"",
                                "plain",
                                std::string("a\0b", 3),
@@ -33,18 +33,18 @@ TEST(JXUtf8, TakesEveryWellFormedSequence) {
   }
 }
 
-TEST(JXUtf8, ReplacesEachMaximalPartThatIsNoUtf8) {
+TEST(JXUtf8, ReplacesEachMaximalInvalidSubpart) {
   const std::pair<std::string, std::string> cases[] = {
-      // Stray continuation bytes, each on its own.
+      // Stray continuation bytes, each replaced separately.
       {"\x80", REPLACED},
       {"a\xBFz", "a" REPLACED "z"},
       {"\x80\x80\x80", REPLACED REPLACED REPLACED},
-      // Bytes that begin nothing.
+      // Bytes that begin no sequence.
       {"\xC0\x80", REPLACED REPLACED},
       {"\xC1\xBF", REPLACED REPLACED},
       {"\xF5\x80\x80\x80", REPLACED REPLACED REPLACED REPLACED},
       {"\xFE\xFF", REPLACED REPLACED},
-      // Overlong forms of three and four bytes: the second byte fits no sequence.
+      // Overlong forms of three and four bytes: the second byte is invalid after the first.
       {"\xE0\x80\xAF", REPLACED REPLACED REPLACED},
       {"\xE0\x9F\xBF", REPLACED REPLACED REPLACED},
       {"\xF0\x80\x80\xAF", REPLACED REPLACED REPLACED REPLACED},
@@ -54,7 +54,7 @@ TEST(JXUtf8, ReplacesEachMaximalPartThatIsNoUtf8) {
       {"\xED\xBF\xBF", REPLACED REPLACED REPLACED},
       // Above U+10FFFF.
       {"\xF4\x90\x80\x80", REPLACED REPLACED REPLACED REPLACED},
-      // Truncated: what there is of the sequence is one part.
+      // Truncated: the bytes of the sequence are one subpart.
       {"\xC3", REPLACED},
       {"\xE2\x82", REPLACED},
       {"\xF0\x9F\x93", REPLACED},
@@ -76,7 +76,7 @@ TEST(JXUtf8, ReplacesEachMaximalPartThatIsNoUtf8) {
   }
 }
 
-TEST(JXUtf8, SeesAFaultAtEveryPlaceOfALongText) {
+TEST(JXUtf8, DetectsInvalidBytesAtEveryPositionOfALongString) {
   for (std::size_t at = 0; at < 40; ++at) {
     std::string text(40, 'a');
     text[at] = '\xFF';

@@ -24,145 +24,145 @@ class JXListenerAndSender : public test::JXCoreFixture {
     return JXNotificationCenter::defaultCenter();
   }
 
-  std::shared_ptr<JXNotificationCenter> hosts_ = std::make_shared<JXNotificationCenter>();
+  std::shared_ptr<JXNotificationCenter> application_ = std::make_shared<JXNotificationCenter>();
 };
 
-// Where the sender posts and where the listener sits.
-TEST_F(JXListenerAndSender, OnTheDefaultCentreTheListenerHearsOnce) {
+// Combinations of the sender's and the listener's center.
+TEST_F(JXListenerAndSender, DeliversOnceOnTheDefaultCenter) {
   JXListening listening;
   listening.listen("x");
   JXEventSender::init()->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, WhatIsPostedOnTheHostsCentreIsHeardOnTheDefaultOne) {
+TEST_F(JXListenerAndSender, DeliversFromAnApplicationCenterToTheDefaultCenter) {
   JXListening listening;
   listening.listen("x");
   const auto sender = JXEventSender::init();
-  sender->setNotificationCenter(hosts_);
+  sender->setNotificationCenter(application_);
   sender->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, WhatIsPostedOnTheDefaultCentreIsHeardOnTheHosts) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversFromTheDefaultCenterToAnApplicationCenter) {
+  JXListening listening(application_);
   listening.listen("x");
   JXEventSender::init()->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, OnTheSameHostsCentreTheListenerHearsOnce) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversOnceOnTheSameApplicationCenter) {
+  JXListening listening(application_);
   listening.listen("x");
   const auto sender = JXEventSender::init();
-  sender->setNotificationCenter(hosts_);
+  sender->setNotificationCenter(application_);
   sender->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, BetweenTwoHostsCentresTheListenerHearsOnce) {
+TEST_F(JXListenerAndSender, DeliversOnceBetweenTwoApplicationCenters) {
   JXListening listening(std::make_shared<JXNotificationCenter>());
   listening.listen("x");
   const auto sender = JXEventSender::init();
-  sender->setNotificationCenter(hosts_);
+  sender->setNotificationCenter(application_);
   sender->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, AConsentModuleMayPostOnTheDefaultCentreWithoutASender) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversPostsOnTheDefaultCenterWithoutASender) {
+  JXListening listening(application_);
   listening.listen("x");
   defaultCenter()->postNotification({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, WhatTheHostPostsOnItsOwnCentreIsHeardThereWithoutASender) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversPostsOnAnApplicationCenterWithoutASender) {
+  JXListening listening(application_);
   listening.listen("x");
-  hosts_->postNotification({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  application_->postNotification({"x"});
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, EachOfManyListenersHearsOnceWhereverItSits) {
+TEST_F(JXListenerAndSender, DeliversOnceToEachOfManyListenersOnAnyCenter) {
   JXListening onDefault;
-  JXListening onHosts(hosts_);
-  JXListening alsoOnHosts(hosts_);
+  JXListening onApplication(application_);
+  JXListening alsoOnApplication(application_);
   JXListening elsewhere(std::make_shared<JXNotificationCenter>());
-  for (JXListening* listening : {&onDefault, &onHosts, &alsoOnHosts, &elsewhere})
+  for (JXListening* listening : {&onDefault, &onApplication, &alsoOnApplication, &elsewhere})
     listening->listen("x");
   const auto first = JXEventSender::init();
   const auto second = JXEventSender::init();
-  second->setNotificationCenter(hosts_);
+  second->setNotificationCenter(application_);
   first->send({"x"});
   second->send({"x"});
-  for (JXListening* listening : {&onDefault, &onHosts, &alsoOnHosts, &elsewhere})
-    EXPECT_EQ(listening->heard(), "x;x;");
+  for (JXListening* listening : {&onDefault, &onApplication, &alsoOnApplication, &elsewhere})
+    EXPECT_EQ(listening->received(), "x;x;");
 }
 
-TEST_F(JXListenerAndSender, ASenderThatMovedPostsOnItsNewCentreOnly) {
+TEST_F(JXListenerAndSender, SenderPostsOnItsNewCenterOnly) {
   std::string posted;
   const auto observe = [&](const std::shared_ptr<JXNotificationCenter>& center, const char* mark) {
     center->addObserver(this, "x", [&posted, mark](const JXNotification&) { posted += mark; });
   };
   observe(defaultCenter(), "default;");
-  observe(hosts_, "host;");
+  observe(application_, "application;");
   JXListening listening;
   listening.listen("x");
   const auto sender = JXEventSender::init();
   sender->send({"x"});
-  sender->setNotificationCenter(hosts_);
-  sender->setNotificationCenter(hosts_);
+  sender->setNotificationCenter(application_);
+  sender->setNotificationCenter(application_);
   sender->send({"x"});
   sender->setNotificationCenter(nullptr);
   sender->send({"x"});
-  EXPECT_EQ(posted, "default;host;default;");
-  EXPECT_EQ(listening.heard(), "x;x;x;");
+  EXPECT_EQ(posted, "default;application;default;");
+  EXPECT_EQ(listening.received(), "x;x;x;");
   defaultCenter()->removeObserver(this);
-  hosts_->removeObserver(this);
+  application_->removeObserver(this);
 }
 
-TEST_F(JXListenerAndSender, AListenerThatMovedTakesItsNamesAlong) {
+TEST_F(JXListenerAndSender, ListenerKeepsItsNamesOnANewCenter) {
   JXListening listening;
   listening.listen("x").listen("y");
   const auto sender = JXEventSender::init();
-  listening.listenerDelegate()->setNotificationCenter(hosts_);
-  hosts_->postNotification({"x"});
+  listening.listenerDelegate()->setNotificationCenter(application_);
+  application_->postNotification({"x"});
   sender->send({"y"});
   listening.listen("z");
-  hosts_->postNotification({"z"});
-  EXPECT_EQ(listening.heard(), "x;y;z;");
+  application_->postNotification({"z"});
+  EXPECT_EQ(listening.received(), "x;y;z;");
   listening.listenerDelegate()->setNotificationCenter(nullptr);
-  hosts_->postNotification({"x"});
-  EXPECT_EQ(listening.heard(), "x;y;z;") << "nobody sends on that centre through the core";
+  application_->postNotification({"x"});
+  EXPECT_EQ(listening.received(), "x;y;z;") << "no sender posts on that center through the core";
   sender->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;y;z;x;");
+  EXPECT_EQ(listening.received(), "x;y;z;x;");
 }
 
-TEST_F(JXListenerAndSender, OnlyNamesThatAreListenedForAreHeard) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversOnlyNamesThatAreListenedFor) {
+  JXListening listening(application_);
   listening.listen("x").listen("x").listen(nullptr);
   const auto sender = JXEventSender::init();
   for (const char* name : {"x", "y", "", "X"}) {
     sender->send({name});
-    hosts_->postNotification({name});
+    application_->postNotification({name});
   }
   sender->send({});
-  EXPECT_EQ(listening.heard(), "x;x;");
+  EXPECT_EQ(listening.received(), "x;x;");
 }
 
-TEST_F(JXListenerAndSender, WithoutAParentNobodyIsCalled) {
+TEST_F(JXListenerAndSender, DoesNotCallAnyoneWithoutAParent) {
   JXListening listening;
   listening.listen("x");
   listening.listenerDelegate()->setParent(nullptr);
   JXEventSender::init()->send({"x"});
-  EXPECT_EQ(listening.heard(), "");
+  EXPECT_EQ(listening.received(), "");
   listening.listenerDelegate()->setParent(&listening);
   JXEventSender::init()->send({"x"});
-  EXPECT_EQ(listening.heard(), "x;");
+  EXPECT_EQ(listening.received(), "x;");
 }
 
-TEST_F(JXListenerAndSender, TheNotificationArrivesWhole) {
-  JXListening listening(hosts_);
+TEST_F(JXListenerAndSender, DeliversTheCompleteNotification) {
+  JXListening listening(application_);
   listening.listen("x");
   JXJsonObject userInfo;
   JXNotification got;
@@ -172,24 +172,24 @@ TEST_F(JXListenerAndSender, TheNotificationArrivesWhole) {
   EXPECT_TRUE(got.userInfo.isSameAs(userInfo));
 }
 
-TEST_F(JXListenerAndSender, EverythingHappensOnTheThreadThatPostsBeforeSendReturns) {
+TEST_F(JXListenerAndSender, DeliversOnThePostingThreadBeforeSendReturns) {
   JXListening here;
-  JXListening there(hosts_);
+  JXListening there(application_);
   here.listen("x");
   there.listen("x");
   std::thread other([&] {
     JXEventSender::init()->send({"x"});
-    EXPECT_EQ(here.heard(), "x;");
-    EXPECT_EQ(there.heard(), "x;");
+    EXPECT_EQ(here.received(), "x;");
+    EXPECT_EQ(there.received(), "x;");
     EXPECT_EQ(here.thread(), std::this_thread::get_id());
     EXPECT_EQ(there.thread(), std::this_thread::get_id());
   });
   other.join();
 }
 
-TEST_F(JXListenerAndSender, AListenerMaySendWhileItHears) {
+TEST_F(JXListenerAndSender, ListenerCanSendDuringDelivery) {
   JXListening first;
-  JXListening second(hosts_);
+  JXListening second(application_);
   const auto sender = JXEventSender::init();
   first.listen("x").listen("z");
   second.listen("y");
@@ -198,45 +198,45 @@ TEST_F(JXListenerAndSender, AListenerMaySendWhileItHears) {
   };
   second.reaction = [&](const JXNotification&) { sender->send({"z"}); };
   sender->send({"x"});
-  EXPECT_EQ(first.heard(), "x;z;");
-  EXPECT_EQ(second.heard(), "y;");
+  EXPECT_EQ(first.received(), "x;z;");
+  EXPECT_EQ(second.received(), "y;");
 }
 
-TEST_F(JXListenerAndSender, OneThatThrowsKeepsTheNotificationFromNobody) {
+TEST_F(JXListenerAndSender, ThrowingListenerDoesNotAffectTheOthers) {
   JXCoreInitialisation::init();  // for the log
   JXListening brokenHere;
   JXListening here;
-  JXListening brokenThere(hosts_);
-  JXListening there(hosts_);
+  JXListening brokenThere(application_);
+  JXListening there(application_);
   for (JXListening* listening : {&brokenHere, &here, &brokenThere, &there})
     listening->listen("x");
   brokenHere.reaction = [](const JXNotification&) { throw std::runtime_error("broken here"); };
   brokenThere.reaction = [](const JXNotification&) { throw std::runtime_error("broken there"); };
   const auto sender = JXEventSender::init();
   sender->send({"x"});
-  EXPECT_EQ(here.heard(), "x;");
-  EXPECT_EQ(there.heard(), "x;");
-  sender->setNotificationCenter(hosts_);
+  EXPECT_EQ(here.received(), "x;");
+  EXPECT_EQ(there.received(), "x;");
+  sender->setNotificationCenter(application_);
   sender->send({"x"});
-  EXPECT_EQ(here.heard(), "x;x;");
-  EXPECT_EQ(there.heard(), "x;x;");
+  EXPECT_EQ(here.received(), "x;x;");
+  EXPECT_EQ(there.received(), "x;x;");
   EXPECT_EQ(countLogLines("3 "), 4);
 }
 
-TEST_F(JXListenerAndSender, AListenerThatEndedHearsNoMore) {
+TEST_F(JXListenerAndSender, DestroyedListenerReceivesNothing) {
   JXListening here;
-  JXListening there(hosts_);
+  JXListening there(application_);
   here.listen("x");
   there.listen("x");
   here.endListener();
   there.endListener();
   JXEventSender::init()->send({"x"});
-  hosts_->postNotification({"x"});
-  EXPECT_EQ(here.heard() + there.heard(), "");
+  application_->postNotification({"x"});
+  EXPECT_EQ(here.received() + there.received(), "");
 }
 
-TEST_F(JXListenerAndSender, AListenerMayEndItselfAndOthersWhileItHears) {
-  for (const auto& center : {defaultCenter(), hosts_}) {
+TEST_F(JXListenerAndSender, ListenerCanDestroyItselfAndOthersDuringDelivery) {
+  for (const auto& center : {defaultCenter(), application_}) {
     JXListening first(center);
     JXListening second(center);
     first.listen("x");
@@ -248,12 +248,12 @@ TEST_F(JXListenerAndSender, AListenerMayEndItselfAndOthersWhileItHears) {
     const auto sender = JXEventSender::init();
     sender->send({"x"});
     sender->send({"x"});
-    EXPECT_EQ(first.heard(), "x;");
-    EXPECT_EQ(second.heard(), "");
+    EXPECT_EQ(first.received(), "x;");
+    EXPECT_EQ(second.received(), "");
   }
 }
 
-TEST_F(JXListenerAndSender, ACentreThatEndedIsNoLongerPostedOn) {
+TEST_F(JXListenerAndSender, DestroyedCentersAreForgotten) {
   JXListening listening;
   listening.listen("x");
   for (int i = 0; i < 50; ++i) {
@@ -261,10 +261,10 @@ TEST_F(JXListenerAndSender, ACentreThatEndedIsNoLongerPostedOn) {
     sender->setNotificationCenter(std::make_shared<JXNotificationCenter>());
     sender->send({"x"});
   }
-  EXPECT_EQ(listening.heard().size(), 100U);
+  EXPECT_EQ(listening.received().size(), 100U);
 }
 
-// A gate that one thread closes and another waits for.
+// A gate that one thread opens and another waits for.
 class Gate {
  public:
   void open() {
@@ -283,13 +283,13 @@ class Gate {
   bool isOpen_ = false;
 };
 
-TEST_F(JXListenerAndSender, EndingAListenerWaitsForACallThatIsUnderWayOnAnotherThread) {
-  for (const auto& center : {defaultCenter(), hosts_}) {
+TEST_F(JXListenerAndSender, DestroyingAListenerWaitsForACallOnAnotherThread) {
+  for (const auto& center : {defaultCenter(), application_}) {
     JXListening listening(center);
     listening.listen("x");
     Gate called;
     Gate mayReturn;
-    bool hasReturned = false;  // not synchronised: the listener's end must order the two threads
+    bool hasReturned = false;  // not synchronised: destroying the listener must order the threads
     listening.reaction = [&](const JXNotification&) {
       called.open();
       mayReturn.wait();
@@ -302,36 +302,36 @@ TEST_F(JXListenerAndSender, EndingAListenerWaitsForACallThatIsUnderWayOnAnotherT
     EXPECT_TRUE(hasReturned);
     opener.join();
     poster.join();
-    EXPECT_EQ(listening.heard(), "x;");
+    EXPECT_EQ(listening.received(), "x;");
   }
 }
 
-TEST_F(JXListenerAndSender, ListenersMayComeAndGoWhileOtherThreadsSend) {
+TEST_F(JXListenerAndSender, ListenersCanComeAndGoWhileOtherThreadsSend) {
   std::vector<std::thread> threads;
   for (int number = 0; number < 2; ++number) {
     threads.emplace_back([this, number] {
       const auto sender = JXEventSender::init();
-      if (number == 1) sender->setNotificationCenter(hosts_);
+      if (number == 1) sender->setNotificationCenter(application_);
       for (int i = 0; i < 300; ++i)
         sender->send({"x"});
     });
   }
   for (int i = 0; i < 150; ++i) {
     JXListening here;
-    JXListening there(hosts_);
+    JXListening there(application_);
     here.listen("x");
     there.listen("x");
     there.listenerDelegate()->setNotificationCenter(nullptr);
     here.endListener();
     there.endListener();
-    const std::string heard = here.heard() + there.heard();
-    EXPECT_EQ(heard.size() % 2, 0U);
+    const std::string received = here.received() + there.received();
+    EXPECT_EQ(received.size() % 2, 0U);
   }
   for (std::thread& thread : threads)
     thread.join();
 }
 
-TEST_F(JXListenerAndSender, ASenderKnowsItsParent) {
+TEST_F(JXListenerAndSender, SenderReturnsItsParent) {
   const auto sender = JXEventSender::init();
   EXPECT_EQ(sender->parent(), nullptr);
   struct Owner : IJXEventSenderDelegate {

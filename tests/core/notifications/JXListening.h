@@ -12,7 +12,7 @@
 
 namespace jx::test {
 
-/// An object with a listener of its own that writes down what it hears.
+/// An object that owns a listener and records the notifications that it receives.
 class JXListening : public IJXEventListenerDelegate {
  public:
   explicit JXListening(std::shared_ptr<JXNotificationCenter> center = nullptr) {
@@ -21,7 +21,7 @@ class JXListening : public IJXEventListenerDelegate {
   }
 
   void onNotificationReceived(const JXNotification& notification) override {
-    heard_ += notification.name.toStdString() + ";";
+    received_ += notification.name.toStdString() + ";";
     thread_ = std::this_thread::get_id();
     if (reaction) reaction(notification);
   }
@@ -32,15 +32,15 @@ class JXListening : public IJXEventListenerDelegate {
     return *this;
   }
   void endListener() { listener_.reset(); }
-  /// The names heard so far, each with a semicolon behind it.
-  const std::string& heard() const { return heard_; }
+  /// Returns the names received so far, each followed by a semicolon.
+  const std::string& received() const { return received_; }
   std::thread::id thread() const { return thread_; }
 
   std::function<void(const JXNotification&)> reaction;
 
  private:
   std::shared_ptr<JXEventListener> listener_ = JXEventListener::init();
-  std::string heard_;
+  std::string received_;
   std::thread::id thread_;
 };
 

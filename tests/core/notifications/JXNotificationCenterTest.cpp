@@ -24,32 +24,32 @@ class JXNotificationCenterTest : public testing::Test {
   }
   ~JXNotificationCenterTest() override { JXLogger::sharedInstance().setSink({}); }
 
-  JXNotificationCenter::Handler hear(const std::string& mark) {
-    return [this, mark](const JXNotification&) { heard_ += mark; };
+  JXNotificationCenter::Handler record(const std::string& mark) {
+    return [this, mark](const JXNotification&) { received_ += mark; };
   }
   void post(const char* name) { center_.postNotification({name}); }
 
   JXNotificationCenter center_;
-  std::string heard_;
+  std::string received_;
   std::vector<std::string> log_;
   const int a_ = 0;
   const int b_ = 0;
 };
 
-TEST_F(JXNotificationCenterTest, CallsThoseWhoObserveTheNameInTheOrderOfTheirRegistration) {
-  center_.addObserver(&b_, "x", hear("1"));
-  center_.addObserver(&a_, "y", hear("2"));
-  center_.addObserver(&a_, "x", hear("3"));
-  center_.addObserver(&b_, nullptr, hear("4"));
+TEST_F(JXNotificationCenterTest, CallsObserversOfTheNameInRegistrationOrder) {
+  center_.addObserver(&b_, "x", record("1"));
+  center_.addObserver(&a_, "y", record("2"));
+  center_.addObserver(&a_, "x", record("3"));
+  center_.addObserver(&b_, nullptr, record("4"));
   post("x");
-  EXPECT_EQ(heard_, "134");
+  EXPECT_EQ(received_, "134");
   post("y");
-  EXPECT_EQ(heard_, "13424");
+  EXPECT_EQ(received_, "13424");
   post("X");
-  EXPECT_EQ(heard_, "134244");
+  EXPECT_EQ(received_, "134244");
 }
 
-TEST_F(JXNotificationCenterTest, HandsTheNotificationOnAsItIs) {
+TEST_F(JXNotificationCenterTest, DeliversTheNotificationUnchanged) {
   JXJsonObject userInfo;
   JXNotification got;
   center_.addObserver(&a_, "x", [&](const JXNotification& n) { got = n; });
@@ -62,90 +62,90 @@ TEST_F(JXNotificationCenterTest, HandsTheNotificationOnAsItIs) {
   EXPECT_FALSE(got.userInfo.isPresent());
 }
 
-TEST_F(JXNotificationCenterTest, AnEmptyNameIsANameAndAnAbsentOneIsHeardByWhoHearsAll) {
-  center_.addObserver(&a_, "", hear("1"));
-  center_.addObserver(&b_, nullptr, hear("2"));
+TEST_F(JXNotificationCenterTest, DistinguishesTheEmptyNameFromANullName) {
+  center_.addObserver(&a_, "", record("1"));
+  center_.addObserver(&b_, nullptr, record("2"));
   center_.postNotification({""});
-  EXPECT_EQ(heard_, "12");
+  EXPECT_EQ(received_, "12");
   center_.postNotification({});
-  EXPECT_EQ(heard_, "122");
+  EXPECT_EQ(received_, "122");
 }
 
-TEST_F(JXNotificationCenterTest, OneObserverMayRegisterSeveralTimes) {
-  center_.addObserver(&a_, "x", hear("1"));
-  center_.addObserver(&a_, "x", hear("1"));
-  center_.addObserver(&a_, "y", hear("2"));
+TEST_F(JXNotificationCenterTest, AllowsAnObserverToRegisterSeveralTimes) {
+  center_.addObserver(&a_, "x", record("1"));
+  center_.addObserver(&a_, "x", record("1"));
+  center_.addObserver(&a_, "y", record("2"));
   post("x");
-  EXPECT_EQ(heard_, "11");
+  EXPECT_EQ(received_, "11");
   center_.removeObserver_name(&a_, "x");
   post("x");
   post("y");
-  EXPECT_EQ(heard_, "112");
+  EXPECT_EQ(received_, "112");
   center_.removeObserver(&a_);
   post("y");
-  EXPECT_EQ(heard_, "112");
+  EXPECT_EQ(received_, "112");
 }
 
-TEST_F(JXNotificationCenterTest, RemovingOneObserverLeavesTheOthers) {
-  center_.addObserver(&a_, "x", hear("a"));
-  center_.addObserver(&b_, "x", hear("b"));
+TEST_F(JXNotificationCenterTest, RemovesOneObserverAndKeepsTheOthers) {
+  center_.addObserver(&a_, "x", record("a"));
+  center_.addObserver(&b_, "x", record("b"));
   center_.removeObserver(&a_);
-  center_.removeObserver(&heard_);
+  center_.removeObserver(&received_);
   post("x");
-  EXPECT_EQ(heard_, "b");
+  EXPECT_EQ(received_, "b");
 }
 
-TEST_F(JXNotificationCenterTest, WhoIsRemovedDuringAPostIsNotBegunAnyMore) {
+TEST_F(JXNotificationCenterTest, DoesNotCallAnObserverRemovedDuringThePost) {
   center_.addObserver(&a_, "x", [&](const JXNotification&) {
-    heard_ += "1";
+    received_ += "1";
     center_.removeObserver(&b_);
     center_.removeObserver(&a_);
   });
-  center_.addObserver(&b_, "x", hear("2"));
-  center_.addObserver(&heard_, "x", hear("3"));
+  center_.addObserver(&b_, "x", record("2"));
+  center_.addObserver(&received_, "x", record("3"));
   post("x");
-  EXPECT_EQ(heard_, "13");
+  EXPECT_EQ(received_, "13");
   post("x");
-  EXPECT_EQ(heard_, "133");
+  EXPECT_EQ(received_, "133");
 }
 
-TEST_F(JXNotificationCenterTest, WhoRegistersDuringAPostHearsTheNext) {
+TEST_F(JXNotificationCenterTest, CallsAnObserverAddedDuringAPostFromTheNextPost) {
   center_.addObserver(&a_, "x", [&](const JXNotification&) {
-    heard_ += "1";
-    if (heard_ == "1") center_.addObserver(&b_, "x", hear("2"));
+    received_ += "1";
+    if (received_ == "1") center_.addObserver(&b_, "x", record("2"));
   });
   post("x");
-  EXPECT_EQ(heard_, "1");
+  EXPECT_EQ(received_, "1");
   post("x");
-  EXPECT_EQ(heard_, "112");
+  EXPECT_EQ(received_, "112");
 }
 
-TEST_F(JXNotificationCenterTest, AHandlerMayPost) {
+TEST_F(JXNotificationCenterTest, AllowsAHandlerToPost) {
   center_.addObserver(&a_, "x", [&](const JXNotification&) {
-    heard_ += "(";
+    received_ += "(";
     post("y");
-    heard_ += ")";
+    received_ += ")";
   });
-  center_.addObserver(&b_, "y", hear("y"));
-  center_.addObserver(&b_, "x", hear("x"));
+  center_.addObserver(&b_, "y", record("y"));
+  center_.addObserver(&b_, "x", record("x"));
   post("x");
-  EXPECT_EQ(heard_, "(y)x");
+  EXPECT_EQ(received_, "(y)x");
 }
 
-TEST_F(JXNotificationCenterTest, WhatAHandlerThrowsIsLoggedAndReachesNobody) {
+TEST_F(JXNotificationCenterTest, LogsExceptionsOfHandlersAndDoesNotPropagateThem) {
   center_.addObserver(&a_, "x", [](const JXNotification&) { throw std::runtime_error("broken"); });
   center_.addObserver(&a_, "x", [](const JXNotification&) { throw 1; });
   center_.addObserver(&a_, "x", nullptr);
-  center_.addObserver(&b_, "x", hear("2"));
+  center_.addObserver(&b_, "x", record("2"));
   post("x");
-  EXPECT_EQ(heard_, "2");
+  EXPECT_EQ(received_, "2");
   ASSERT_EQ(log_.size(), 3U);
   for (const std::string& line : log_)
     EXPECT_EQ(line.substr(0, 2), "3 ") << line;
   EXPECT_NE(log_[0].find("broken"), std::string::npos);
 }
 
-TEST_F(JXNotificationCenterTest, HandlersAreCalledOnTheThreadThatPosts) {
+TEST_F(JXNotificationCenterTest, CallsHandlersOnThePostingThread) {
   std::thread::id where;
   center_.addObserver(&a_, "x", [&](const JXNotification&) { where = std::this_thread::get_id(); });
   post("x");
@@ -157,18 +157,18 @@ TEST_F(JXNotificationCenterTest, HandlersAreCalledOnTheThreadThatPosts) {
   other.join();
 }
 
-TEST_F(JXNotificationCenterTest, ManyThreadsMayRegisterPostAndRemove) {
-  std::atomic<int> heardByFirst{0};
-  std::atomic<int> heardOwn{0};
-  center_.addObserver(&a_, "x", [&](const JXNotification&) { ++heardByFirst; });
+TEST_F(JXNotificationCenterTest, AllowsManyThreadsToRegisterPostAndRemove) {
+  std::atomic<int> receivedByFirst{0};
+  std::atomic<int> receivedOwn{0};
+  center_.addObserver(&a_, "x", [&](const JXNotification&) { ++receivedByFirst; });
   std::vector<std::thread> threads;
   for (int number = 0; number < 4; ++number) {
     threads.emplace_back([&] {
       const int self = 0;
       const auto thread = std::this_thread::get_id();
       for (int i = 0; i < 200; ++i) {
-        center_.addObserver(&self, "x", [&heardOwn, thread](const JXNotification&) {
-          if (std::this_thread::get_id() == thread) ++heardOwn;
+        center_.addObserver(&self, "x", [&receivedOwn, thread](const JXNotification&) {
+          if (std::this_thread::get_id() == thread) ++receivedOwn;
         });
         post("x");
         center_.removeObserver(&self);
@@ -178,11 +178,11 @@ TEST_F(JXNotificationCenterTest, ManyThreadsMayRegisterPostAndRemove) {
   }
   for (std::thread& thread : threads)
     thread.join();
-  EXPECT_EQ(heardByFirst, 1'600);
-  EXPECT_EQ(heardOwn, 800);
+  EXPECT_EQ(receivedByFirst, 1'600);
+  EXPECT_EQ(receivedOwn, 800);
 }
 
-TEST(JXDefaultNotificationCenter, IsOneForTheProcess) {
+TEST(JXDefaultNotificationCenter, IsTheSameForTheWholeProcess) {
   EXPECT_NE(JXNotificationCenter::defaultCenter(), nullptr);
   EXPECT_EQ(JXNotificationCenter::defaultCenter(), JXNotificationCenter::defaultCenter());
 }

@@ -26,7 +26,7 @@
 namespace jx {
 namespace {
 
-// A port of this machine at which nobody answers, and that nobody else gets meanwhile.
+// A local port that is bound but does not accept connections, so that no other program can use it.
 class ClosedPort {
  public:
   ClosedPort() : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
@@ -36,7 +36,7 @@ class ClosedPort {
     socklen_t length = sizeof address;
     auto* const plain = reinterpret_cast<sockaddr*>(&address);
     if (bind(socket_, plain, length) != 0 || getsockname(socket_, plain, &length) != 0) {
-      throw std::runtime_error("no port");
+      throw std::runtime_error("no port available");
     }
     url_ = "http://127.0.0.1:" + std::to_string(ntohs(address.sin_port)) + "/events";
   }
@@ -50,7 +50,7 @@ class ClosedPort {
   std::string url_;
 };
 
-// The core with its queue and its transfer thread, and a receiver that cannot be reached.
+// The core with its queue and transfer thread, and an unreachable server.
 class JXNotificationHubTest : public test::JXCoreFixture {
  protected:
   void prepare() override { configuration_.dryRun = false; }
@@ -68,39 +68,40 @@ class JXNotificationHubTest : public test::JXCoreFixture {
     notification.userInfo.set(kJXUserInfo_POSTData, body);
     return notification;
   }
-  std::shared_ptr<JXEventSender> senderOnHosts() const {
+  std::shared_ptr<JXEventSender> senderOnApplicationCenter() const {
     const auto sender = JXEventSender::init();
-    sender->setNotificationCenter(hosts_);
+    sender->setNotificationCenter(application_);
     return sender;
   }
 
   const ClosedPort port_;
-  const std::shared_ptr<JXNotificationCenter> hosts_ = std::make_shared<JXNotificationCenter>();
+  const std::shared_ptr<JXNotificationCenter> application_ =
+      std::make_shared<JXNotificationCenter>();
 };
 
-TEST_F(JXNotificationHubTest, ARequestIsInTheQueueWhenSendReturns) {
+TEST_F(JXNotificationHubTest, QueuesARequestBeforeSendReturns) {
   JXEventSender::init()->send(request());
   EXPECT_EQ(queued(), 1U);
-  senderOnHosts()->send(request());
+  senderOnApplicationCenter()->send(request());
   EXPECT_EQ(queued(), 2U);
   EXPECT_EQ(manager().counters().outbox.added, 2U);
 }
 
-TEST_F(JXNotificationHubTest, ARequestIsTakenOnceHoweverManySendersAndListenersThereAre) {
+TEST_F(JXNotificationHubTest, QueuesARequestOnceWithManySendersAndListeners) {
   test::JXListening here;
-  test::JXListening there(hosts_);
+  test::JXListening there(application_);
   here.listenerDelegate()->listen(kJXNotification_HTTPRequest);
   there.listenerDelegate()->listen(kJXNotification_HTTPRequest);
-  const auto first = senderOnHosts();
-  const auto second = senderOnHosts();
+  const auto first = senderOnApplicationCenter();
+  const auto second = senderOnApplicationCenter();
   const auto third = JXEventSender::init();
   first->send(request());
   EXPECT_EQ(manager().counters().outbox.added, 1U);
-  EXPECT_EQ(here.heard(), "JXNotification: HTTP Request;");
-  EXPECT_EQ(there.heard(), "JXNotification: HTTP Request;");
+  EXPECT_EQ(here.received(), "JXNotification: HTTP Request;");
+  EXPECT_EQ(there.received(), "JXNotification: HTTP Request;");
 }
 
-TEST_F(JXNotificationHubTest, ARequestWithoutUrlOrBodyIsNotTaken) {
+TEST_F(JXNotificationHubTest, DoesNotQueueARequestWithoutUrlOrBody) {
   const auto sender = JXEventSender::init();
   sender->send({kJXNotification_HTTPRequest});
   sender->send({kJXNotification_HTTPRequest, nullptr, JXJsonObject()});
@@ -116,7 +117,7 @@ TEST_F(JXNotificationHubTest, ARequestWithoutUrlOrBodyIsNotTaken) {
   EXPECT_EQ(manager().counters().outbox.added, 0U);
 }
 
-TEST_F(JXNotificationHubTest, OtherNotificationsAreNoRequests) {
+TEST_F(JXNotificationHubTest, DoesNotQueueOtherNotifications) {
   JXNotification notification = request();
   notification.name = kJXNotification_HitSent;
   JXEventSender::init()->send(notification);
@@ -125,8 +126,8 @@ TEST_F(JXNotificationHubTest, OtherNotificationsAreNoRequests) {
   EXPECT_EQ(manager().counters().outbox.added, 0U);
 }
 
-TEST_F(JXNotificationHubTest, StoppingHoldsRequestsAndEnablingLetsThemGo) {
-  const auto sender = senderOnHosts();
+TEST_F(JXNotificationHubTest, StoppingPausesRequestsAndEnablingResumesThem) {
+  const auto sender = senderOnApplicationCenter();
   EXPECT_FALSE(manager().counters().paused);
   sender->send({kJXNotification_StoppingTheServerSide});
   EXPECT_TRUE(manager().counters().paused);
@@ -137,7 +138,7 @@ TEST_F(JXNotificationHubTest, StoppingHoldsRequestsAndEnablingLetsThemGo) {
   EXPECT_EQ(queued(), 1U);
 }
 
-TEST_F(JXNotificationHubTest, AConsentModuleOnTheDefaultCentreStopsAndEnablesToo) {
+TEST_F(JXNotificationHubTest, AcceptsStopAndEnableOnTheDefaultCenter) {
   const auto& center = JXNotificationCenter::defaultCenter();
   center->postNotification({kJXNotification_StoppingTheServerSide});
   EXPECT_TRUE(manager().counters().paused);
@@ -145,88 +146,88 @@ TEST_F(JXNotificationHubTest, AConsentModuleOnTheDefaultCentreStopsAndEnablesToo
   EXPECT_FALSE(manager().counters().paused);
 }
 
-TEST_F(JXNotificationHubTest, TheManagersStateDecidesWhatStoppingMeans) {
+TEST_F(JXNotificationHubTest, ManagerStateDefinesTheEffectOfStopping) {
   manager().setManagerState(1);
   EXPECT_EQ(manager().managerState(), 1);
-  senderOnHosts()->send({kJXNotification_StoppingTheServerSide});
+  senderOnApplicationCenter()->send({kJXNotification_StoppingTheServerSide});
   EXPECT_FALSE(manager().counters().paused) << "always enabled";
   manager().setManagerState(2);
   EXPECT_EQ(manager().managerState(), 2);
   EXPECT_TRUE(manager().counters().paused) << "disabled by default";
-  senderOnHosts()->send({kJXNotification_EnablingTheServerSide});
+  senderOnApplicationCenter()->send({kJXNotification_EnablingTheServerSide});
   EXPECT_FALSE(manager().counters().paused);
   manager().setManagerState(7);
   EXPECT_EQ(manager().managerState(), 0);
 }
 
-TEST_F(JXNotificationHubTest, TheBackgroundHoldsRequestsUntilTheForeground) {
+TEST_F(JXNotificationHubTest, PausesRequestsInTheBackground) {
   const auto sender = JXEventSender::init();
   sender->send({kJXNotification_OnBackground});
   EXPECT_TRUE(manager().counters().paused);
   sender->send(request());
   EXPECT_EQ(queued(), 1U);
-  senderOnHosts()->send({kJXNotification_OnForeground});
+  senderOnApplicationCenter()->send({kJXNotification_OnForeground});
   EXPECT_FALSE(manager().counters().paused);
   sender->send({kJXNotification_OnBackground});
   manager().enableRunningInBackground();
   EXPECT_FALSE(manager().counters().paused);
 }
 
-TEST_F(JXNotificationHubTest, AListenerSeesTheManagersStateAfterTheChange) {
+TEST_F(JXNotificationHubTest, UpdatesTheManagerBeforeListenersAreCalled) {
   test::JXListening listening;
   listening.listenerDelegate()->listen(kJXNotification_StoppingTheServerSide);
-  bool wasHolding = false;
-  listening.reaction = [&](const JXNotification&) { wasHolding = manager().counters().paused; };
+  bool wasPaused = false;
+  listening.reaction = [&](const JXNotification&) { wasPaused = manager().counters().paused; };
   JXEventSender::init()->send({kJXNotification_StoppingTheServerSide});
-  EXPECT_TRUE(wasHolding);
+  EXPECT_TRUE(wasPaused);
 }
 
-TEST_F(JXNotificationHubTest, AListenerThatThrowsKeepsNoRequestFromTheQueue) {
-  test::JXListening listening(hosts_);
+TEST_F(JXNotificationHubTest, QueuesRequestsDespiteAThrowingListener) {
+  test::JXListening listening(application_);
   listening.listenerDelegate()->listen(kJXNotification_HTTPRequest);
   listening.reaction = [](const JXNotification&) { throw 1; };
-  senderOnHosts()->send(request());
+  senderOnApplicationCenter()->send(request());
   JXEventSender::init()->send(request());
   EXPECT_EQ(manager().counters().outbox.added, 2U);
 }
 
-TEST_F(JXNotificationHubTest, TheUserAgentIsStoredAndToldWhenItIsKnown) {
-  test::JXListening listening(hosts_);
+TEST_F(JXNotificationHubTest, StoresAndPostsTheUserAgentWhenItIsKnown) {
+  test::JXListening listening(application_);
   listening.listenerDelegate()->listen(kJXNotification_UserAgentAvailable);
-  JXString told;
+  JXString posted;
   JXString stored;
   listening.reaction = [&](const JXNotification& n) {
-    told = n.userInfo.get(kJXUserInfo_DataKey).string();
+    posted = n.userInfo.get(kJXUserInfo_DataKey).string();
     stored = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
   };
   platform_->userAgentAnswersLater = true;
   manager().waitForUserAgent();
   EXPECT_TRUE(manager().counters().paused);
-  EXPECT_EQ(listening.heard(), "");
+  EXPECT_EQ(listening.received(), "");
   EXPECT_EQ(platform_->answerUserAgent("Agent/2.0"), 1);
-  EXPECT_EQ(told, JXString("Agent/2.0"));
+  EXPECT_EQ(posted, JXString("Agent/2.0"));
   EXPECT_EQ(stored, JXString("Agent/2.0"));
   EXPECT_FALSE(manager().counters().paused);
 }
 
-TEST_F(JXNotificationHubTest, WithoutAUserAgentNothingIsToldAndNothingHeld) {
+TEST_F(JXNotificationHubTest, NeitherPostsNorPausesWithoutAUserAgent) {
   test::JXListening listening;
   listening.listenerDelegate()->listen(kJXNotification_UserAgentAvailable);
   platform_->userAgent = nullptr;
   manager().waitForUserAgent();
   EXPECT_FALSE(manager().counters().paused);
-  EXPECT_EQ(listening.heard(), "");
+  EXPECT_EQ(listening.received(), "");
 }
 
-TEST_F(JXNotificationHubTest, ObservingACentreAgainChangesNothing) {
-  JXNotificationHub::sharedInstance().observe(hosts_);
-  JXNotificationHub::sharedInstance().observe(hosts_);
+TEST_F(JXNotificationHubTest, ObservingACenterAgainHasNoEffect) {
+  JXNotificationHub::sharedInstance().observe(application_);
+  JXNotificationHub::sharedInstance().observe(application_);
   JXNotificationHub::sharedInstance().observe(JXNotificationCenter::defaultCenter());
-  hosts_->postNotification(request());
+  application_->postNotification(request());
   EXPECT_EQ(manager().counters().outbox.added, 1U);
 }
 
-// What was made durable so far: the storage's call to the system is watched.
+// Counts the syncs of the "defaults" file by wrapping the storage's system call.
 class Durability {
  public:
   Durability() {
@@ -244,7 +245,7 @@ class Durability {
       return result;
     };
   }
-  /// False when it did not happen within 20 seconds.
+  /// Waits for the given number of syncs; returns false after 20 seconds.
   static bool waitFor(int times) {
     std::unique_lock<std::mutex> lock(mutex());
     return changed().wait_for(lock, std::chrono::seconds(20), [&] { return count() >= times; });
@@ -255,7 +256,7 @@ class Durability {
   }
 
  private:
-  // Never destroyed: the transfer thread may still write while the process ends.
+  // Never destroyed: the transfer thread may still write while the process exits.
   static std::mutex& mutex() {
     static auto* const mutex = new std::mutex();
     return *mutex;
@@ -280,9 +281,9 @@ class JXUserDefaultsOnDisk : public test::JXCoreFixture {
   const Durability durability_;
 };
 
-TEST_F(JXUserDefaultsOnDisk, WhatIsSavedBecomesDurableWithoutAnyRequest) {
+TEST_F(JXUserDefaultsOnDisk, MakesSavedValuesDurableWithoutARequest) {
   JXCoreInitialisation::init();
-  ASSERT_TRUE(Durability::waitFor(1)) << "the identifiers that the start made";
+  ASSERT_TRUE(Durability::waitFor(1)) << "the identifiers created at the start";
   const int before = Durability::times();
   JXUserDefaults::saveInfoToUserDefaults_forLabel("value", "label");
   EXPECT_TRUE(Durability::waitFor(before + 1));

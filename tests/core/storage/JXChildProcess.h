@@ -13,8 +13,8 @@
 
 namespace jx {
 
-/// A forked process that runs `work` with the writing end of a pipe to this one, and ends with the
-/// status that `work` returns. Killed and waited for when the object ends.
+/// A forked process that runs `work` with the write end of a pipe to this process, and exits with
+/// the status that `work` returns. The destructor kills the process and waits for it.
 class ChildProcess {
  public:
   explicit ChildProcess(const std::function<int(int pipe)>& work) {
@@ -36,7 +36,7 @@ class ChildProcess {
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
-  /// The next line that the child wrote; empty when it has closed the pipe.
+  /// Returns the next line that the child wrote; empty after it has closed the pipe.
   std::string readLine() {
     std::string line;
     char byte = 0;
@@ -44,7 +44,7 @@ class ChildProcess {
       if (byte == '\n') return line;
       line += byte;
     }
-    // What came before the end without a line's end was torn by the kill.
+    // A last line without a newline was cut off by the kill.
     return {};
   }
 
@@ -52,7 +52,7 @@ class ChildProcess {
     ::kill(pid_, SIGKILL);
     wait();
   }
-  /// The exit status; -1 when a signal ended the child.
+  /// Waits for the child. Returns its exit status, -1 if a signal terminated it.
   int wait() {
     int status = 0;
     ::waitpid(pid_, &status, 0);
@@ -60,7 +60,7 @@ class ChildProcess {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
-  /// To be called by the child.
+  /// Call this in the child process.
   static void writeLine(int pipe, const std::string& line) {
     const std::string whole = line + "\n";
     if (::write(pipe, whole.data(), whole.size()) < 0) ::_exit(99);
@@ -71,7 +71,7 @@ class ChildProcess {
   int pipe_ = -1;
 };
 
-/// Gives up the rights of the superuser, before whom no file is read-only.
+/// Drops superuser privileges, with which no file would be read-only. Returns false on failure.
 inline bool becomeOrdinaryUser() {
   constexpr uid_t kNobody = 65534;
   return ::geteuid() != 0 || (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0);

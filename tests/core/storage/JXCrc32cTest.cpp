@@ -17,7 +17,7 @@ std::uint32_t both(const std::string& bytes) {
   return crc;
 }
 
-TEST(Crc32c, GivesThePublishedCheckValues) {
+TEST(Crc32c, ReturnsThePublishedCheckValues) {
   std::string ascending(32, '\0');
   std::iota(ascending.begin(), ascending.end(), '\0');
   const std::string descending(ascending.rbegin(), ascending.rend());
@@ -47,7 +47,7 @@ TEST(Crc32c, PortableAndHardwareAgreeAtEveryLengthAndAlignment) {
   }
 }
 
-TEST(Crc32c, PiecesGiveTheValueOfTheWhole) {
+TEST(Crc32c, ReturnsTheSameValueForPiecesAsForTheWhole) {
   const std::string whole = "123456789";
   for (std::size_t cut = 0; cut <= whole.size(); ++cut) {
     const std::uint32_t first = crc32c(0, whole.data(), cut);

@@ -24,7 +24,7 @@ class DefaultsFile : public ::testing::Test {
  protected:
   DefaultsFile() : path_(folder_.file("state/defaults")) {}
 
-  // Old values of one entry, about 1 KiB each.
+  // Writes obsolete values of one entry, about 1 KiB each.
   static void fill(JXDefaultsFile& file, int times) {
     for (int i = 0; i < times; ++i) {
       file.setObject_forKey(std::to_string(i) + std::string(1'000, '.'), "filler");
@@ -36,7 +36,7 @@ class DefaultsFile : public ::testing::Test {
   const std::string path_;
 };
 
-TEST_F(DefaultsFile, AValueIsReadableAtOnceAndAfterReopening) {
+TEST_F(DefaultsFile, ReturnsAValueImmediatelyAndAfterReopening) {
   {
     JXDefaultsFile file(path_);
     EXPECT_FALSE(file.objectForKey("visits").isPresent());
@@ -52,7 +52,7 @@ TEST_F(DefaultsFile, AValueIsReadableAtOnceAndAfterReopening) {
   EXPECT_TRUE(log_.all().empty());
 }
 
-TEST_F(DefaultsFile, AnAbsentValueRemovesTheEntry) {
+TEST_F(DefaultsFile, NullValueRemovesTheEntry) {
   {
     JXDefaultsFile file(path_);
     file.setObject_forKey("1", "visits");
@@ -62,14 +62,14 @@ TEST_F(DefaultsFile, AnAbsentValueRemovesTheEntry) {
   EXPECT_FALSE(JXDefaultsFile(path_).objectForKey("visits").isPresent());
 }
 
-TEST_F(DefaultsFile, AnAbsentKeyIsIgnored) {
+TEST_F(DefaultsFile, IgnoresANullKey) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("1", nullptr);
   EXPECT_FALSE(file.objectForKey(nullptr).isPresent());
   EXPECT_EQ(contentOf(path_), "");
 }
 
-TEST_F(DefaultsFile, TheValueItHasAlreadyWritesNothing) {
+TEST_F(DefaultsFile, DoesNotWriteAnUnchangedValue) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("1", "visits");
   const std::string before = contentOf(path_);
@@ -78,7 +78,7 @@ TEST_F(DefaultsFile, TheValueItHasAlreadyWritesNothing) {
   EXPECT_EQ(contentOf(path_), before);
 }
 
-TEST_F(DefaultsFile, SettingIsOneWriteAndNoWaitForTheDisk) {
+TEST_F(DefaultsFile, SetsAValueWithOneWriteAndNoSync) {
   JXDefaultsFile file(path_);
   const FailingDisk disk(0, 0, FailingDisk::Write::Nothing);
   file.setObject_forKey("1", "visits");
@@ -86,7 +86,7 @@ TEST_F(DefaultsFile, SettingIsOneWriteAndNoWaitForTheDisk) {
   EXPECT_EQ(disk.calls(), 1);
 }
 
-TEST_F(DefaultsFile, MaintenanceIsNeededAfterAChangeOnly) {
+TEST_F(DefaultsFile, NeedsMaintenanceOnlyAfterAChange) {
   JXDefaultsFile file(path_);
   file.maintain();
   EXPECT_FALSE(file.needsMaintenance());
@@ -96,7 +96,7 @@ TEST_F(DefaultsFile, MaintenanceIsNeededAfterAChangeOnly) {
   EXPECT_FALSE(file.needsMaintenance());
 }
 
-TEST_F(DefaultsFile, AKilledProcessLosesNothingThatItSet) {
+TEST_F(DefaultsFile, KeepsEveryValueOfAKilledProcess) {
   ChildProcess child([&](int pipe) {
     JXDefaultsFile file(path_);
     for (int i = 0;; ++i) {
@@ -111,13 +111,13 @@ TEST_F(DefaultsFile, AKilledProcessLosesNothingThatItSet) {
   child.kill();
   for (std::string line = child.readLine(); !line.empty(); line = child.readLine())
     last = line;
-  // The value after the last reported one may have been set, and not reported.
+  // The value after the last reported one may have been set without being reported.
   const int kept = std::stoi(JXDefaultsFile(path_).objectForKey("count").toStdString());
   EXPECT_GE(kept, std::stoi(last));
   EXPECT_LE(kept, std::stoi(last) + 1);
 }
 
-TEST_F(DefaultsFile, AFileThatIsMostlyOldIsRewritten) {
+TEST_F(DefaultsFile, CompactsAFileThatIsMostlyObsolete) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("kept", "first");
   file.setObject_forKey("x", "removed");
@@ -135,7 +135,7 @@ TEST_F(DefaultsFile, AFileThatIsMostlyOldIsRewritten) {
   EXPECT_EQ(again.objectForKey("filler"), "99" + std::string(1'000, '.'));
 }
 
-TEST_F(DefaultsFile, AFileOfCurrentValuesIsNotRewritten) {
+TEST_F(DefaultsFile, DoesNotCompactAFileOfCurrentValues) {
   JXDefaultsFile file(path_);
   for (int i = 0; i < 100; ++i) {
     file.setObject_forKey(std::string(1'000, '.'), "key " + std::to_string(i));
@@ -145,7 +145,7 @@ TEST_F(DefaultsFile, AFileOfCurrentValuesIsNotRewritten) {
   EXPECT_EQ(contentOf(path_), before);
 }
 
-TEST_F(DefaultsFile, NoRewriteWhileAnotherHasTheFileOpen) {
+TEST_F(DefaultsFile, DoesNotCompactWhileAnotherInstanceHasTheFileOpen) {
   JXDefaultsFile file(path_);
   {
     JXDefaultsFile other(path_);
@@ -162,7 +162,7 @@ TEST_F(DefaultsFile, NoRewriteWhileAnotherHasTheFileOpen) {
   EXPECT_EQ(again.objectForKey("own"), "ours");
 }
 
-TEST_F(DefaultsFile, ARewriteKeepsTheLaterValueOfAnotherProcess) {
+TEST_F(DefaultsFile, CompactionKeepsTheLaterValueOfAnotherProcess) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("1", "visits");
   file.setObject_forKey("x", "removed by the other");
@@ -178,10 +178,10 @@ TEST_F(DefaultsFile, ARewriteKeepsTheLaterValueOfAnotherProcess) {
   EXPECT_EQ(JXDefaultsFile(path_).objectForKey("visits"), "2");
 }
 
-// What happens while the storage waits for the disk, in the tests below.
+// Called during each sync in the test below.
 std::function<void()>* duringSync = nullptr;
 
-TEST_F(DefaultsFile, AValueSetWhileTheNewFileIsOnItsWayToTheDiskIsKept) {
+TEST_F(DefaultsFile, KeepsAValueSetDuringTheSyncOfTheCompactedFile) {
   JXDefaultsFile file(path_);
   fill(file, 100);
   file.setObject_forKey("x", "removed");
@@ -197,7 +197,7 @@ TEST_F(DefaultsFile, AValueSetWhileTheNewFileIsOnItsWayToTheDiskIsKept) {
   };
   file.maintain();
   JXFileCalls::current() = JXFileCalls::system();
-  // Of the old file, then of the new one.
+  // One sync of the old file, one of the new file.
   EXPECT_EQ(syncs, 2);
   EXPECT_LT(std::filesystem::file_size(path_), 2'000u);
   JXDefaultsFile again(path_);
@@ -205,7 +205,7 @@ TEST_F(DefaultsFile, AValueSetWhileTheNewFileIsOnItsWayToTheDiskIsKept) {
   EXPECT_FALSE(again.objectForKey("removed").isPresent());
 }
 
-TEST_F(DefaultsFile, ThreadsMaySetValuesDuringMaintenance) {
+TEST_F(DefaultsFile, AcceptsValuesFromOtherThreadsDuringMaintenance) {
   JXDefaultsFile file(path_);
   std::thread setter([&] {
     for (int i = 0; i < 3'000; ++i) {
@@ -225,7 +225,7 @@ TEST_F(DefaultsFile, ThreadsMaySetValuesDuringMaintenance) {
   EXPECT_EQ(again.objectForKey("k3"), "2999" + std::string(200, '.'));
 }
 
-TEST_F(DefaultsFile, DamageLosesOneEntryAndIsClearedByMaintenance) {
+TEST_F(DefaultsFile, DamageLosesOneEntryAndIsRemovedByMaintenance) {
   {
     JXDefaultsFile file(path_);
     file.setObject_forKey("1", "first");
@@ -246,7 +246,7 @@ TEST_F(DefaultsFile, DamageLosesOneEntryAndIsClearedByMaintenance) {
   EXPECT_EQ(JXDefaultsFile(path_).damaged(), 0u);
 }
 
-TEST_F(DefaultsFile, WithoutAFolderValuesLiveInMemoryUntilThereIsOne) {
+TEST_F(DefaultsFile, KeepsValuesInMemoryUntilTheFolderCanBeCreated) {
   writeFile(folder_.file("state"), "a file where the folder should be");
   JXDefaultsFile file(path_);
   EXPECT_FALSE(file.isAvailable());
@@ -264,7 +264,7 @@ TEST_F(DefaultsFile, WithoutAFolderValuesLiveInMemoryUntilThereIsOne) {
   EXPECT_EQ(JXDefaultsFile(path_).objectForKey("visits"), "4");
 }
 
-TEST_F(DefaultsFile, AFullDiskKeepsValuesInMemoryAndWritesThemLater) {
+TEST_F(DefaultsFile, KeepsValuesInMemoryWhileTheDiskIsFullAndWritesThemLater) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("1", "visits");
   FailingDisk disk(0, 1'000, FailingDisk::Write::Half);
@@ -280,7 +280,7 @@ TEST_F(DefaultsFile, AFullDiskKeepsValuesInMemoryAndWritesThemLater) {
   EXPECT_EQ(JXDefaultsFile(path_).objectForKey("visits"), "3");
 }
 
-TEST_F(DefaultsFile, ARewriteThatFailsAtAnyCallLosesNothing) {
+TEST_F(DefaultsFile, LosesNothingWhenCompactionFailsAtAnyCall) {
   bool failed = true;
   for (long call = 0; failed; ++call) {
     const std::string path = folder_.file("state/" + std::to_string(call));
@@ -298,12 +298,12 @@ TEST_F(DefaultsFile, ARewriteThatFailsAtAnyCallLosesNothing) {
     EXPECT_EQ(again.objectForKey("second"), "after") << call;
     EXPECT_EQ(again.objectForKey("filler"), "99" + std::string(1'000, '.')) << call;
     EXPECT_EQ(file.storageErrors(), failed ? 1u : 0u) << call;
-    // Sync of the file and of the folder, opening, two writes, sync and renaming of the new file.
+    // Sync of the file and the folder, then open, two writes, sync and rename of the new file.
     EXPECT_TRUE(failed || call >= 7) << call;
   }
 }
 
-TEST_F(DefaultsFile, AReadOnlyFileIsStillRead) {
+TEST_F(DefaultsFile, ReadsAReadOnlyFile) {
   { JXDefaultsFile(path_).setObject_forKey("1", "visits"); }
   ::chmod(folder_.path().c_str(), 0755);
   ::chmod(folder_.file("state").c_str(), 0555);
@@ -320,7 +320,7 @@ TEST_F(DefaultsFile, AReadOnlyFileIsStillRead) {
   EXPECT_EQ(JXDefaultsFile(path_).objectForKey("visits"), "1");
 }
 
-TEST_F(DefaultsFile, AFolderRemovedWhileRunningIsMadeAgainWithAllValues) {
+TEST_F(DefaultsFile, RecreatesARemovedFolderWithAllValues) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("1", "visits");
   std::filesystem::remove_all(folder_.file("state"));
@@ -330,7 +330,7 @@ TEST_F(DefaultsFile, AFolderRemovedWhileRunningIsMadeAgainWithAllValues) {
   EXPECT_EQ(again.objectForKey("starts"), "2");
 }
 
-TEST_F(DefaultsFile, TheLogMayCallBack) {
+TEST_F(DefaultsFile, LogSinkMayCallBack) {
   JXDefaultsFile file(path_);
   int calls = 0;
   JXLogger::sharedInstance().setSink([&](int, std::string_view) {
@@ -342,7 +342,7 @@ TEST_F(DefaultsFile, TheLogMayCallBack) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST_F(DefaultsFile, WhatIsChangedTogetherIsReadableAtOnceAndOneWriteInTheEnd) {
+TEST_F(DefaultsFile, WritesGroupedChangesOnceAndReturnsThemImmediately) {
   {
     JXDefaultsFile file(path_);
     file.setObject_forKey("0", "before");
@@ -363,7 +363,7 @@ TEST_F(DefaultsFile, WhatIsChangedTogetherIsReadableAtOnceAndOneWriteInTheEnd) {
   EXPECT_FALSE(again.objectForKey("before").isPresent());
 }
 
-TEST_F(DefaultsFile, ChangesOfAnotherThreadAreNotHeldBack) {
+TEST_F(DefaultsFile, DoesNotDelayChangesOfAnotherThread) {
   JXDefaultsFile file(path_);
   file.setObject_forKey("0", "before");
   const FailingDisk counting(0, 0, FailingDisk::Write::Nothing);
@@ -380,7 +380,7 @@ TEST_F(DefaultsFile, ChangesOfAnotherThreadAreNotHeldBack) {
   EXPECT_EQ(counting.calls(), 2);
 }
 
-TEST_F(DefaultsFile, ChangesThatTheDiskRefusesAreWrittenLater) {
+TEST_F(DefaultsFile, RetriesGroupedChangesAfterAWriteError) {
   {
     JXDefaultsFile file(path_);
     file.setObject_forKey("0", "before");
@@ -401,7 +401,7 @@ TEST_F(DefaultsFile, ChangesThatTheDiskRefusesAreWrittenLater) {
   EXPECT_EQ(again.objectForKey("usage"), "7");
 }
 
-TEST_F(DefaultsFile, AValueSetAfterTheFileWasReplacedIsTheNewOne) {
+TEST_F(DefaultsFile, KeepsAValueSetAfterTheFileWasReplaced) {
   {
     JXDefaultsFile file(path_);
     file.setObject_forKey("1", "visits");

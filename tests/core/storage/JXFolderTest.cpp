@@ -9,7 +9,7 @@
 namespace jx {
 namespace {
 
-TEST(Folder, HoldsANameWithAnEndingOnlyWhenThereIsOne) {
+TEST(Folder, FindsAFileWithSuffixOnlyIfItExists) {
   const TemporaryFolder folder;
   const std::string path = folder.file("outbox");
   ASSERT_EQ(makeFolder(path), 0);
@@ -21,7 +21,7 @@ TEST(Folder, HoldsANameWithAnEndingOnlyWhenThereIsOne) {
   EXPECT_TRUE(mayContainFileWithSuffix(path, ".purge"));
 }
 
-TEST(Folder, ThatCannotBeReadMayHoldAnything) {
+TEST(Folder, MayContainAnySuffixWhenItCannotBeRead) {
   const TemporaryFolder folder;
   EXPECT_TRUE(mayContainFileWithSuffix(folder.file("missing"), ".purge"));
 }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kFrames = 200;
 
-// A journal of 200 frames of different lengths, and where each begins.
+// A journal of 200 frames of different lengths, and the offset of each.
 class JournalDamage : public ::testing::Test {
  protected:
   JournalDamage() : path_(folder_.file("j")) {
@@ -32,7 +32,7 @@ class JournalDamage : public ::testing::Test {
     starts_.push_back(whole_.size());
   }
 
-  // How many frames lie wholly before this byte.
+  // Returns the number of frames that end at or before this byte.
   std::size_t framesBefore(std::size_t byte) const {
     std::size_t count = 0;
     while (count < kFrames && starts_[count + 1] <= byte)
@@ -53,8 +53,8 @@ class JournalDamage : public ::testing::Test {
     return texts;
   }
 
-  // Beside other writers nothing is cut off, and the next frame stands behind the damage.
-  std::vector<std::string> recoveredBesideOthers(const std::string& content) {
+  // With several writers nothing is truncated, and the next frame follows the damaged data.
+  std::vector<std::string> recoveredWithSeveralWriters(const std::string& content) {
     writeFile(path_, content);
     int error = 0;
     JXJournal journal(JXFile::open(path_, JXFile::Access::Append, error), path_);
@@ -83,7 +83,7 @@ class JournalDamage : public ::testing::Test {
   std::string whole_;
 };
 
-TEST_F(JournalDamage, CutAtEveryByteLosesOnlyTheFrameThatWasCut) {
+TEST_F(JournalDamage, TruncationAtAnyByteLosesOnlyTheTruncatedFrame) {
   for (std::size_t cut = 0; cut < whole_.size(); ++cut) {
     std::vector<std::string> expected(texts_.begin(),
                                       texts_.begin() + static_cast<long>(framesBefore(cut)));
@@ -93,12 +93,12 @@ TEST_F(JournalDamage, CutAtEveryByteLosesOnlyTheFrameThatWasCut) {
   }
 }
 
-TEST_F(JournalDamage, ABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
+TEST_F(JournalDamage, BitFlipInAnyByteLosesOnlyTheDamagedFrame) {
   for (std::size_t byte = 0; byte < whole_.size(); ++byte) {
     std::string damaged = whole_;
     damaged[byte] = static_cast<char>(damaged[byte] ^ (1 << byte % 8));
     std::vector<std::string> expected = texts_;
-    // The first eight bytes name the format; no frame is lost with them.
+    // The first eight bytes identify the format; damage there loses no frame.
     if (byte >= starts_[0])
       expected.erase(expected.begin() + static_cast<long>(framesBefore(byte)));
     ASSERT_EQ(recovered(damaged), expected) << "flipped at " << byte;
@@ -107,30 +107,30 @@ TEST_F(JournalDamage, ABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
   }
 }
 
-TEST_F(JournalDamage, BesideOtherWritersACutAtEveryByteLosesOnlyTheFrameThatWasCut) {
+TEST_F(JournalDamage, WithSeveralWritersTruncationLosesOnlyTheTruncatedFrame) {
   for (std::size_t cut = 0; cut < whole_.size(); ++cut) {
     std::vector<std::string> expected(texts_.begin(),
                                       texts_.begin() + static_cast<long>(framesBefore(cut)));
-    ASSERT_EQ(recoveredBesideOthers(whole_.substr(0, cut)), expected) << "cut at " << cut;
+    ASSERT_EQ(recoveredWithSeveralWriters(whole_.substr(0, cut)), expected) << "cut at " << cut;
     expected.push_back("after");
     ASSERT_EQ(scanned(), expected) << "cut at " << cut;
   }
 }
 
-TEST_F(JournalDamage, BesideOtherWritersABitFlippedAtEveryByteLosesOnlyTheFrameThatHoldsIt) {
+TEST_F(JournalDamage, WithSeveralWritersBitFlipLosesOnlyTheDamagedFrame) {
   for (std::size_t byte = 0; byte < whole_.size(); ++byte) {
     std::string damaged = whole_;
     damaged[byte] = static_cast<char>(damaged[byte] ^ (0x80 >> byte % 8));
     std::vector<std::string> expected = texts_;
     if (byte >= starts_[0])
       expected.erase(expected.begin() + static_cast<long>(framesBefore(byte)));
-    ASSERT_EQ(recoveredBesideOthers(damaged), expected) << "flipped at " << byte;
+    ASSERT_EQ(recoveredWithSeveralWriters(damaged), expected) << "flipped at " << byte;
     expected.push_back("after");
     ASSERT_EQ(scanned(), expected) << "flipped at " << byte;
   }
 }
 
-TEST_F(JournalDamage, AStretchOfZerosLosesOnlyTheFramesUnderIt) {
+TEST_F(JournalDamage, RangeOfZerosLosesOnlyTheOverwrittenFrames) {
   for (std::size_t from = 0; from < whole_.size(); from += 61) {
     std::string damaged = whole_;
     const std::size_t to = std::min(from + 512, whole_.size());
@@ -143,7 +143,7 @@ TEST_F(JournalDamage, AStretchOfZerosLosesOnlyTheFramesUnderIt) {
   }
 }
 
-TEST_F(JournalDamage, ManyFalseMarksAreGivenUpOn) {
+TEST_F(JournalDamage, StopsAfterManyFalseMagics) {
   std::string marks;
   for (int i = 0; i < 50'000; ++i)
     marks += std::string("\xF7JX\xF8\x10\x00\x00\x00????", 12);

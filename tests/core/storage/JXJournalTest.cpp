@@ -50,7 +50,7 @@ Texts scanned(const std::string& path) {
   return texts;
 }
 
-TEST(Journal, FramesComeBackInOrder) {
+TEST(Journal, ReturnsFramesInOrder) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   {
@@ -66,7 +66,7 @@ TEST(Journal, FramesComeBackInOrder) {
   EXPECT_FALSE(again.recovery.quarantined);
 }
 
-TEST(Journal, APayloadInPartsIsOneFrame) {
+TEST(Journal, WritesAPayloadInPartsAsOneFrame) {
   const TemporaryFolder folder;
   Opened opened = openJournal(folder.file("j"));
   const std::string_view parts[] = {"head", "", "body"};
@@ -78,7 +78,7 @@ TEST(Journal, APayloadInPartsIsOneFrame) {
   EXPECT_EQ(scanned(folder.file("j")), Texts{"headbody"});
 }
 
-TEST(Journal, OneFrameIsOneWriteTheFirstIncluded) {
+TEST(Journal, WritesEachFrameWithOneWrite) {
   const TemporaryFolder folder;
   Opened opened = openJournal(folder.file("j"));
   const FailingDisk disk(0, 0, FailingDisk::Write::Nothing);
@@ -88,7 +88,7 @@ TEST(Journal, OneFrameIsOneWriteTheFirstIncluded) {
   EXPECT_EQ(disk.calls(), 2);
 }
 
-TEST(Journal, FilesAreReadableByTheirOwnerOnly) {
+TEST(Journal, CreatesFilesReadableOnlyByTheirOwner) {
   const TemporaryFolder folder;
   openJournal(folder.file("j"));
   struct stat status {};
@@ -96,14 +96,14 @@ TEST(Journal, FilesAreReadableByTheirOwnerOnly) {
   EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
-TEST(Journal, AnEmptyFileIsAnEmptyJournal) {
+TEST(Journal, OpensAnEmptyFileAsAnEmptyJournal) {
   const TemporaryFolder folder;
   writeFile(folder.file("j"), "");
   EXPECT_TRUE(openJournal(folder.file("j")).texts.empty());
   EXPECT_TRUE(scanned(folder.file("j")).empty());
 }
 
-TEST(Journal, AForeignFileIsSetAsideWholeAndTheJournalGoesOn) {
+TEST(Journal, QuarantinesAForeignFileAndContinues) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   writeFile(path, "{\"not\": \"ours\"}\n");
@@ -115,7 +115,7 @@ TEST(Journal, AForeignFileIsSetAsideWholeAndTheJournalGoesOn) {
   EXPECT_EQ(openJournal(path).texts, Texts{"one"});
 }
 
-TEST(Journal, ATornLastFrameIsSetAsideAndCutOff) {
+TEST(Journal, QuarantinesAndTruncatesATornLastFrame) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   appendTo(path, "one");
@@ -130,7 +130,7 @@ TEST(Journal, ATornLastFrameIsSetAsideAndCutOff) {
   EXPECT_EQ(openJournal(path).texts, (Texts{"one", "two"}));
 }
 
-TEST(Journal, AReadOnlyScanIgnoresATornEndAndChangesNothing) {
+TEST(Journal, ScanIgnoresATornEndAndChangesNothing) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   appendTo(path, "one");
@@ -141,7 +141,7 @@ TEST(Journal, AReadOnlyScanIgnoresATornEndAndChangesNothing) {
   EXPECT_EQ(filesNamed(folder.path(), ""), 1u);
 }
 
-TEST(Journal, WithSeveralWritersNothingIsCutOff) {
+TEST(Journal, DoesNotTruncateWithSeveralWriters) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   appendTo(path, "one");
@@ -154,31 +154,31 @@ TEST(Journal, WithSeveralWritersNothingIsCutOff) {
   EXPECT_EQ(scanned(path), (Texts{"one", "two"}));
 }
 
-TEST(Journal, AnAbsurdLengthIsDamageAndCostsNoMemory) {
+TEST(Journal, TreatsAnImplausibleLengthAsDamage) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   appendTo(path, "one");
   appendTo(path, "two");
   std::string content = contentOf(path);
-  // The length of the first frame, behind the file's mark and the frame's.
+  // The length of the first frame, after the magic of the file and of the frame.
   for (std::size_t i = 12; i < 16; ++i)
     content[i] = '\xFF';
   writeFile(path, content);
   EXPECT_EQ(scanned(path), Texts{"two"});
 }
 
-TEST(Journal, TheNumberOfSetAsideFilesIsBounded) {
+TEST(Journal, LimitsTheNumberOfQuarantineFiles) {
   const TemporaryFolder folder;
   for (int i = 0; i < 20; ++i) {
     const std::string path = folder.file("j" + std::to_string(i));
-    writeFile(path, "rubbish");
+    writeFile(path, "garbage");
     openJournal(path);
   }
-  EXPECT_EQ(filesNamed(folder.path(), ".damaged-"), kJXMaxSetAside);
-  EXPECT_EQ(contentOf(folder.file("j19.damaged-0")), "rubbish");
+  EXPECT_EQ(filesNamed(folder.path(), ".damaged-"), kJXMaxQuarantinedFiles);
+  EXPECT_EQ(contentOf(folder.file("j19.damaged-0")), "garbage");
 }
 
-TEST(Journal, ReadingWhereNoFrameIsSaysSo) {
+TEST(Journal, ReturnsEBADMSGWhenThereIsNoFrame) {
   const TemporaryFolder folder;
   Opened opened = openJournal(folder.file("j"));
   std::uint64_t offset = 0;
@@ -191,7 +191,7 @@ TEST(Journal, ReadingWhereNoFrameIsSaysSo) {
   EXPECT_EQ(payload, "unchanged");
 }
 
-TEST(Journal, AShortWriteIsTakenBack) {
+TEST(Journal, RevertsAShortWrite) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   Opened opened = openJournal(path);
@@ -206,7 +206,7 @@ TEST(Journal, AShortWriteIsTakenBack) {
   EXPECT_EQ(scanned(path), (Texts{"one", "two"}));
 }
 
-TEST(Journal, AShortWriteThatCannotBeTakenBackHidesNoLaterFrame) {
+TEST(Journal, ReadsFramesAfterAShortWriteThatCannotBeReverted) {
   const TemporaryFolder folder;
   const std::string path = folder.file("j");
   Opened opened = openJournal(path);
@@ -223,7 +223,7 @@ TEST(Journal, AShortWriteThatCannotBeTakenBackHidesNoLaterFrame) {
   EXPECT_EQ(openJournal(path).texts, (Texts{"one", "two"}));
 }
 
-TEST(Journal, WhatIsNoRegularFileIsRefused) {
+TEST(Journal, RejectsAPathThatIsNotARegularFile) {
   const TemporaryFolder folder;
   int error = 0;
   JXFile::open(folder.path(), JXFile::Access::Append, error);
@@ -233,7 +233,7 @@ TEST(Journal, WhatIsNoRegularFileIsRefused) {
   EXPECT_EQ(error, EINVAL);
 }
 
-TEST(Journal, TakesSeveralWholeFramesWithOneWrite) {
+TEST(Journal, AppendsSeveralFramesWithOneWrite) {
   const TemporaryFolder folder;
   std::string frames;
   for (const std::string_view text : {"one", "", "three"})

@@ -9,28 +9,28 @@
 
 namespace jx {
 
-/// Collects the log of one test instead of printing it.
+/// Collects the log messages of one test instead of printing them.
 class LogLines {
  public:
   LogLines() {
     JXLogger::sharedInstance().setSink([this](int level, std::string_view message) {
-      lines_.push_back(std::to_string(level) + " " + std::string(message));
+      messages_.push_back(std::to_string(level) + " " + std::string(message));
     });
   }
   ~LogLines() { JXLogger::sharedInstance().setSink({}); }
   LogLines(const LogLines&) = delete;
   LogLines& operator=(const LogLines&) = delete;
 
-  const std::vector<std::string>& all() const { return lines_; }
+  const std::vector<std::string>& all() const { return messages_; }
   std::size_t with(const std::string& part) const {
     std::size_t count = 0;
-    for (const std::string& line : lines_)
+    for (const std::string& line : messages_)
       count += line.find(part) != std::string::npos;
     return count;
   }
 
  private:
-  std::vector<std::string> lines_;
+  std::vector<std::string> messages_;
 };
 
 }  // namespace jx

@@ -7,9 +7,9 @@
 namespace jx {
 namespace {
 
-class OutboxBoundsRule : public OutboxTest {};
+class OutboxBounds : public OutboxTest {};
 
-TEST_F(OutboxBoundsRule, TooManyRequestsDropTheOldest) {
+TEST_F(OutboxBounds, DropsTheOldestBeyondMaxRequests) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 3;
   const auto outbox = open(bounds);
@@ -21,7 +21,7 @@ TEST_F(OutboxBoundsRule, TooManyRequestsDropTheOldest) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"c", "d", "e"}));
 }
 
-TEST_F(OutboxBoundsRule, TooManyBytesDropTheOldest) {
+TEST_F(OutboxBounds, DropsTheOldestBeyondMaxBytes) {
   JXOutboxBounds bounds;
   bounds.maxBytes = 100;
   const auto outbox = open(bounds);
@@ -35,7 +35,7 @@ TEST_F(OutboxBoundsRule, TooManyBytesDropTheOldest) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{std::string(20, 'c'), std::string(41, 'd')}));
 }
 
-TEST_F(OutboxBoundsRule, ARequestLargerThanTheWholeBoundIsRefusedAndDropsNoOther) {
+TEST_F(OutboxBounds, RejectsARequestLargerThanMaxBytesAndDropsNoOther) {
   JXOutboxBounds bounds;
   bounds.maxBytes = 100;
   const auto outbox = open(bounds);
@@ -47,7 +47,7 @@ TEST_F(OutboxBoundsRule, ARequestLargerThanTheWholeBoundIsRefusedAndDropsNoOther
   EXPECT_EQ(outbox->counters().queued, 2u);
 }
 
-TEST_F(OutboxBoundsRule, ExactlyThirtyDaysIsNotTooOld) {
+TEST_F(OutboxBounds, KeepsARequestForExactlyThirtyDays) {
   const auto outbox = open();
   add(*outbox, "old");
   clock_->advance(30 * kDayMs);
@@ -59,7 +59,7 @@ TEST_F(OutboxBoundsRule, ExactlyThirtyDaysIsNotTooOld) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"new", "newer"}));
 }
 
-TEST_F(OutboxBoundsRule, AgeIsAskedOfEveryRequestNotOnlyOfTheFirst) {
+TEST_F(OutboxBounds, ChecksTheAgeOfEveryRequest) {
   const auto outbox = open();
   clock_->set(0);
   add(*outbox, "of 1970");
@@ -71,7 +71,7 @@ TEST_F(OutboxBoundsRule, AgeIsAskedOfEveryRequestNotOnlyOfTheFirst) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"of 1970", "new"}));
 }
 
-TEST_F(OutboxBoundsRule, ARequestFromBeforeTheClockWasSetNeverExpires) {
+TEST_F(OutboxBounds, NeverExpiresARequestFromBeforeTheClockWasSet) {
   constexpr std::int64_t kNewYear2025Ms = 1'735'689'600'000;
   const auto outbox = open();
   clock_->set(5'000);
@@ -86,7 +86,7 @@ TEST_F(OutboxBoundsRule, ARequestFromBeforeTheClockWasSetNeverExpires) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"of 1970", "of 2024", "new"}));
 }
 
-TEST_F(OutboxBoundsRule, ARequestFromTheFutureDoesNotExpire) {
+TEST_F(OutboxBounds, DoesNotExpireARequestDatedInTheFuture) {
   {
     const auto outbox = open();
     clock_->advance(365 * kDayMs);
@@ -98,7 +98,7 @@ TEST_F(OutboxBoundsRule, ARequestFromTheFutureDoesNotExpire) {
   EXPECT_EQ(takeAll(*open()), (Bodies{"of next year", "of today"}));
 }
 
-TEST_F(OutboxBoundsRule, AClockThatFellBackTo1970ExpiresNothing) {
+TEST_F(OutboxBounds, ExpiresNothingAfterTheClockFellBackTo1970) {
   const auto outbox = open();
   add(*outbox, "a");
   clock_->set(0);
@@ -107,7 +107,7 @@ TEST_F(OutboxBoundsRule, AClockThatFellBackTo1970ExpiresNothing) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b"}));
 }
 
-TEST_F(OutboxBoundsRule, AdoptedRequestsCountAndGoFirst) {
+TEST_F(OutboxBounds, CountsAdoptedRequestsAndDropsThemFirst) {
   {
     const auto outbox = open();
     for (const char* body : {"a", "b", "c"})
@@ -121,7 +121,7 @@ TEST_F(OutboxBoundsRule, AdoptedRequestsCountAndGoFirst) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"c", "d"}));
 }
 
-TEST_F(OutboxBoundsRule, ARequestInFlightMayBeDroppedAndItsSettlingIsIgnored) {
+TEST_F(OutboxBounds, IgnoresTheAcknowledgementOfADroppedRequestInFlight) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 2;
   const auto outbox = open(bounds);
@@ -135,7 +135,7 @@ TEST_F(OutboxBoundsRule, ARequestInFlightMayBeDroppedAndItsSettlingIsIgnored) {
   EXPECT_EQ(outbox->counters().queued, 2u);
 }
 
-TEST_F(OutboxBoundsRule, ManyDropsAtOnceLeaveNoOldFiles) {
+TEST_F(OutboxBounds, DeletesTheFilesOfManyDroppedRequests) {
   const auto outbox = open();
   for (int i = 0; i < 2'000; ++i)
     add(*outbox, std::to_string(i) + std::string(2'000, '.'));

@@ -12,7 +12,7 @@
 namespace jx {
 namespace {
 
-using Diagnostic = JXDropReason;
+using Reason = JXDropReason;
 
 class OutboxDrops : public OutboxTest {
  protected:
@@ -22,8 +22,8 @@ class OutboxDrops : public OutboxTest {
     return outbox;
   }
 
-  // All that were dropped, as bodies, after a check that one reason dropped them.
-  static Bodies dropped(JXOutbox& outbox, Diagnostic reason) {
+  // Returns the bodies of all dropped requests and checks that each has this reason.
+  static Bodies dropped(JXOutbox& outbox, Reason reason) {
     Bodies bodies;
     for (auto drops = outbox.takeDropped(); !drops.empty(); drops = outbox.takeDropped()) {
       for (const JXOutboxDrop& drop : drops) {
@@ -35,66 +35,66 @@ class OutboxDrops : public OutboxTest {
   }
 };
 
-TEST_F(OutboxDrops, AreToldOldestFirstAndOnce) {
+TEST_F(OutboxDrops, ReportsEachDroppedRequestOnceOldestFirst) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 2;
   const auto outbox = openRemembering(bounds);
   for (const char* body : {"a", "b", "c", "d"})
     add(*outbox, body);
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany), (Bodies{"a", "b"}));
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany), Bodies{});
+  EXPECT_EQ(dropped(*outbox, Reason::TooMany), (Bodies{"a", "b"}));
+  EXPECT_EQ(dropped(*outbox, Reason::TooMany), Bodies{});
 }
 
-TEST_F(OutboxDrops, NameTheirReason) {
+TEST_F(OutboxDrops, ReportsTheReason) {
   JXOutboxBounds bounds;
   bounds.maxBytes = std::string(kTestUrl).size() + 3;
   const auto outbox = openRemembering(bounds);
   add(*outbox, "aa");
   add(*outbox, "bb");
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooLarge), Bodies{"aa"});
+  EXPECT_EQ(dropped(*outbox, Reason::TooLarge), Bodies{"aa"});
   add(*outbox, "too large alone");
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooLarge), Bodies{"too large alone"});
+  EXPECT_EQ(dropped(*outbox, Reason::TooLarge), Bodies{"too large alone"});
   clock_->advance(30 * kDayMs + 1);
   add(*outbox, "cc");
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooOld), Bodies{"bb"});
+  EXPECT_EQ(dropped(*outbox, Reason::TooOld), Bodies{"bb"});
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{"cc"});
+  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{"cc"});
 }
 
-TEST_F(OutboxDrops, OfMemoryKeepTheirBodies) {
+TEST_F(OutboxDrops, KeepsTheBodiesOfRequestsInMemory) {
   JXOutboxBounds bounds;
   bounds.maxInMemory = 1;
   const auto outbox = openRemembering(bounds);
   const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
   add(*outbox, "a");
   add(*outbox, "b");
-  EXPECT_EQ(dropped(*outbox, Diagnostic::NoStorage), Bodies{"a"});
+  EXPECT_EQ(dropped(*outbox, Reason::NoStorage), Bodies{"a"});
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{"b"});
+  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{"b"});
 }
 
-TEST_F(OutboxDrops, WithoutMemoryTellWhatTheDiskRefused) {
+TEST_F(OutboxDrops, ReportsAFailedWriteWithoutMemory) {
   JXOutboxBounds bounds;
   bounds.maxInMemory = 0;
   const auto outbox = openRemembering(bounds);
   const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
   add(*outbox, "a");
-  EXPECT_EQ(dropped(*outbox, Diagnostic::NoStorage), Bodies{"a"});
+  EXPECT_EQ(dropped(*outbox, Reason::NoStorage), Bodies{"a"});
 }
 
-TEST_F(OutboxDrops, AreReadableAfterTheirFilesWereDeleted) {
+TEST_F(OutboxDrops, ReadsBodiesAfterTheirFilesWereDeleted) {
   const auto outbox = openRemembering();
   for (int i = 0; i < 100; ++i)
     add(*outbox, std::to_string(i));
   outbox->purge();
   EXPECT_EQ(segments(), 0u);
-  const Bodies bodies = dropped(*outbox, Diagnostic::Purged);
+  const Bodies bodies = dropped(*outbox, Reason::Purged);
   ASSERT_EQ(bodies.size(), 100u);
   EXPECT_EQ(bodies.front(), "0");
   EXPECT_EQ(bodies.back(), "99");
 }
 
-TEST_F(OutboxDrops, TellDamageWithoutABody) {
+TEST_F(OutboxDrops, ReportsADamagedRequestWithoutABody) {
   const auto outbox = openRemembering();
   add(*outbox, "first");
   add(*outbox, "second");
@@ -103,41 +103,41 @@ TEST_F(OutboxDrops, TellDamageWithoutABody) {
       .seekp(static_cast<std::streamoff>(contentOf(file).find("first")))
       .put('F');
   EXPECT_EQ(takeAll(*outbox), Bodies{"second"});
-  EXPECT_EQ(dropped(*outbox, Diagnostic::Unreadable), Bodies{""});
+  EXPECT_EQ(dropped(*outbox, Reason::Unreadable), Bodies{""});
   EXPECT_EQ(outbox->counters().droppedUnreadable, 1u);
   EXPECT_EQ(outbox->counters().queued, 1u);
 }
 
-TEST_F(OutboxDrops, AreBoundedInNumberAndInMemory) {
+TEST_F(OutboxDrops, LimitsTheNumberOfRecordsAndTheirMemory) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 1;
   const auto outbox = openRemembering(bounds);
   for (int i = 0; i < 10'003; ++i)
     add(*outbox, std::to_string(i));
   EXPECT_EQ(outbox->counters().droppedTooMany, 10'002u);
-  EXPECT_EQ(dropped(*outbox, Diagnostic::TooMany).size(), 10'000u);
+  EXPECT_EQ(dropped(*outbox, Reason::TooMany).size(), 10'000u);
 
   JXOutboxDrops drops;
-  drops.startRemembering();
+  drops.startRecording();
   const std::string large(5u * 1024 * 1024, 'x');
-  drops.note(Diagnostic::NoStorage, large);
-  drops.note(Diagnostic::NoStorage, large);
+  drops.record(Reason::NoStorage, large);
+  drops.record(Reason::NoStorage, large);
   const auto taken = drops.take(10);
   ASSERT_EQ(taken.size(), 2u);
   EXPECT_EQ(taken[0].body.size(), large.size());
   EXPECT_EQ(taken[1].body, "");
-  drops.note(Diagnostic::NoStorage, large);
+  drops.record(Reason::NoStorage, large);
   EXPECT_EQ(drops.take(1)[0].body.size(), large.size());
 }
 
-TEST_F(OutboxDrops, AreNotRememberedUnlessAsked) {
+TEST_F(OutboxDrops, RecordsNothingByDefault) {
   const auto outbox = open();
   add(*outbox, "a");
   outbox->purge();
-  EXPECT_EQ(dropped(*outbox, Diagnostic::Purged), Bodies{});
+  EXPECT_EQ(dropped(*outbox, Reason::Purged), Bodies{});
 }
 
-TEST_F(OutboxDrops, SettlingWhatWasDroppedSaysSo) {
+TEST_F(OutboxDrops, AcknowledgingADroppedRequestReturnsFalse) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 1;
   const auto outbox = openRemembering(bounds);

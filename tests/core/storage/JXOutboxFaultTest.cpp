@@ -18,14 +18,14 @@ namespace fs = std::filesystem;
 
 class OutboxFault : public OutboxTest {
  protected:
-  // What a run accepted and was told to forget.
+  // The bodies that a run accepted and acknowledged.
   struct Run {
     std::multiset<std::string> accepted;
-    std::multiset<std::string> settled;
+    std::multiset<std::string> acknowledged;
     std::string rejected;
   };
 
-  void life(Run& run, const std::string& name) {
+  void runOutbox(Run& run, const std::string& name) {
     const auto outbox = open();
     for (int i = 0; i < 4; ++i) {
       const std::string body = name + std::to_string(i);
@@ -33,7 +33,7 @@ class OutboxFault : public OutboxTest {
     }
     if (const auto request = outbox->take()) {
       outbox->markDelivered(request->id);
-      run.settled.insert(request->body);
+      run.acknowledged.insert(request->body);
     }
     outbox->sync();
     if (const auto request = outbox->take()) {
@@ -47,27 +47,28 @@ class OutboxFault : public OutboxTest {
     outbox->sync();
   }
 
-  // Two lives of which one system call, or all from one on, fail; then a whole one.
+  // Opens an outbox twice while the system calls from `first` to `end` fail, then once without
+  // failures.
   void expectNothingLost(long first, long end, FailingDisk::Write write, long& calls) {
     fs::remove_all(box_);
     Run run;
     {
       FailingDisk disk(first, end, write);
-      life(run, "x");
-      life(run, "y");
+      runOutbox(run, "x");
+      runOutbox(run, "y");
       calls = disk.calls();
     }
     EXPECT_EQ(run.accepted.size(), 8u);
     std::multiset<std::string> expected = run.accepted;
-    for (const std::string& body : run.settled)
+    for (const std::string& body : run.acknowledged)
       expected.erase(body);
     const Bodies letters = dead();
     const auto outbox = open();
     const Bodies left = takeAll(*outbox);
-    // A letter that could not be written is asked of the server again.
-    const bool buried = letters == Bodies{run.rejected};
-    EXPECT_TRUE(buried || letters.empty());
-    if (buried) expected.erase(run.rejected);
+    // A request whose dead letter could not be written is sent again.
+    const bool hasDeadLetter = letters == Bodies{run.rejected};
+    EXPECT_TRUE(hasDeadLetter || letters.empty());
+    if (hasDeadLetter) expected.erase(run.rejected);
     EXPECT_EQ(sorted(left), Bodies(expected.begin(), expected.end()));
   }
 };
@@ -91,7 +92,7 @@ TEST_F(OutboxFault, TwoFailuresInARowAtAnyCallLoseAndRepeatNothing) {
   }
 }
 
-TEST_F(OutboxFault, ADiskThatIsFullFromAnyCallOnLosesNothingInTheProcess) {
+TEST_F(OutboxFault, DiskFullFromAnyCallOnLosesNothingInTheProcess) {
   long calls = 1;
   for (long call = 0; call < calls; ++call) {
     SCOPED_TRACE("calls from " + std::to_string(call));
@@ -113,7 +114,7 @@ TEST_F(OutboxFault, ADiskThatIsFullFromAnyCallOnLosesNothingInTheProcess) {
   EXPECT_GT(calls, 6);
 }
 
-TEST_F(OutboxFault, AFullDiskIsOneLogLineAndEveryFailureIsCounted) {
+TEST_F(OutboxFault, LogsAFullDiskOnceAndCountsEveryFailure) {
   const auto outbox = open();
   add(*outbox, "a");
   const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
@@ -125,7 +126,7 @@ TEST_F(OutboxFault, AFullDiskIsOneLogLineAndEveryFailureIsCounted) {
             Bodies{"3 outbox " + box_ + ": cannot append a request: No space left on device"});
 }
 
-TEST_F(OutboxFault, MemoryKeepsTheLatestThousand) {
+TEST_F(OutboxFault, KeepsTheLatestThousandRequestsInMemory) {
   const auto outbox = open();
   add(*outbox, "on disk");
   FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
@@ -145,7 +146,7 @@ TEST_F(OutboxFault, MemoryKeepsTheLatestThousand) {
   EXPECT_EQ(left[1'000], "1499");
 }
 
-TEST_F(OutboxFault, WithoutMemoryABrokenDiskRefuses) {
+TEST_F(OutboxFault, RejectsRequestsWhenWritesFailAndMemoryIsDisabled) {
   JXOutboxBounds bounds;
   bounds.maxInMemory = 0;
   const auto outbox = open(bounds);
@@ -156,7 +157,7 @@ TEST_F(OutboxFault, WithoutMemoryABrokenDiskRefuses) {
   EXPECT_EQ(outbox->counters().queued, 0u);
 }
 
-TEST_F(OutboxFault, RequestsInMemoryAreServedSettledAndPurged) {
+TEST_F(OutboxFault, DeliversAcknowledgesAndPurgesRequestsInMemory) {
   const auto outbox = open();
   const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
   for (const char* body : {"a", "b", "c"})
@@ -171,7 +172,7 @@ TEST_F(OutboxFault, RequestsInMemoryAreServedSettledAndPurged) {
   EXPECT_FALSE(outbox->take().has_value());
 }
 
-TEST_F(OutboxFault, WhatIsInMemoryIsWrittenAtClose) {
+TEST_F(OutboxFault, WritesRequestsInMemoryAtClose) {
   auto outbox = open();
   {
     const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing);
@@ -182,7 +183,7 @@ TEST_F(OutboxFault, WhatIsInMemoryIsWrittenAtClose) {
   EXPECT_EQ(listed(), Bodies{"a"});
 }
 
-TEST_F(OutboxFault, WithoutAFolderItWorksInMemoryUntilThereIsOne) {
+TEST_F(OutboxFault, WorksInMemoryUntilTheFolderCanBeCreated) {
   writeFile(box_, "a file where the folder should be");
   const auto outbox = open();
   for (const char* body : {"a", "b"})
@@ -194,7 +195,7 @@ TEST_F(OutboxFault, WithoutAFolderItWorksInMemoryUntilThereIsOne) {
   EXPECT_EQ(outbox->counters().inMemory, 0u);
 }
 
-TEST_F(OutboxFault, AReadOnlyFolderIsServedFromMemory) {
+TEST_F(OutboxFault, WorksInMemoryWithAReadOnlyFolder) {
   fs::create_directory(box_);
   ::chmod(folder_.path().c_str(), 0755);
   ::chmod(box_.c_str(), 0555);
@@ -205,14 +206,14 @@ TEST_F(OutboxFault, AReadOnlyFolderIsServedFromMemory) {
     add(*outbox, "b");
     outbox->sync();
     if (outbox->counters().inMemory != 2) return 2;
-    if (log_.with("make a segment: Permission denied") != 1) return 3;
+    if (log_.with("create a segment: Permission denied") != 1) return 3;
     return takeAll(*outbox) == Bodies{"a", "b"} ? 0 : 4;
   });
   EXPECT_EQ(child.wait(), 0);
   EXPECT_EQ(filesNamed(box_, ""), 0u);
 }
 
-TEST_F(OutboxFault, AFileSizeLimitTearsNoFrame) {
+TEST_F(OutboxFault, FileSizeLimitLeavesNoTornFrame) {
   ChildProcess child([&](int) {
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{1'000, 1'000};

@@ -26,7 +26,7 @@ class OutboxFiles : public OutboxTest {
   static std::string nameOf(const std::string& body) { return body.substr(0, body.find('.')); }
 };
 
-TEST_F(OutboxFiles, ASegmentIsAboutAMebibyte) {
+TEST_F(OutboxFiles, StartsANewSegmentAfterAMebibyte) {
   const auto outbox = open();
   for (const char* name : {"a", "b", "c", "d"})
     add(*outbox, big(name));
@@ -34,7 +34,7 @@ TEST_F(OutboxFiles, ASegmentIsAboutAMebibyte) {
   EXPECT_EQ(fs::file_size(segment(1)) / 400'000, 3u);
 }
 
-TEST_F(OutboxFiles, ASegmentGoesWithItsLastRequest) {
+TEST_F(OutboxFiles, DeletesASegmentWithItsLastRequest) {
   const auto outbox = open();
   for (const char* name : {"a", "b", "c", "d"})
     add(*outbox, big(name));
@@ -45,7 +45,7 @@ TEST_F(OutboxFiles, ASegmentGoesWithItsLastRequest) {
   EXPECT_EQ(nameOf(outbox->take()->body), "d");
 }
 
-TEST_F(OutboxFiles, TheSegmentBeingWrittenGoesOnceItIsFull) {
+TEST_F(OutboxFiles, DeletesTheEmptyCurrentSegmentOnceItIsFull) {
   const auto outbox = open();
   for (const char* name : {"a", "b", "c"})
     outbox->markDelivered(add(*outbox, big(name)));
@@ -55,7 +55,7 @@ TEST_F(OutboxFiles, TheSegmentBeingWrittenGoesOnceItIsFull) {
   EXPECT_EQ(listed(), Bodies{"d"});
 }
 
-TEST_F(OutboxFiles, AnEmptyQueueLeavesNoSegmentAtClose) {
+TEST_F(OutboxFiles, LeavesNoSegmentAtCloseWhenTheQueueIsEmpty) {
   {
     const auto outbox = open();
     outbox->markDelivered(add(*outbox, "a"));
@@ -64,7 +64,7 @@ TEST_F(OutboxFiles, AnEmptyQueueLeavesNoSegmentAtClose) {
   EXPECT_EQ(segments(), 0u);
 }
 
-TEST_F(OutboxFiles, AdoptedRequestsComeBeforeOwnOnes) {
+TEST_F(OutboxFiles, ReturnsAdoptedRequestsBeforeOwnOnes) {
   {
     const auto outbox = open();
     add(*outbox, "a");
@@ -76,11 +76,11 @@ TEST_F(OutboxFiles, AdoptedRequestsComeBeforeOwnOnes) {
   EXPECT_EQ(listed(), (Bodies{"a", "b", "c"}));
 }
 
-TEST_F(OutboxFiles, TheOrderIsThatOfTheFilesNotOfTheClock) {
+TEST_F(OutboxFiles, OrdersRequestsByFileNotByClock) {
   {
     const auto first = open();
     add(*first, "a");
-    // A second process, while the first still runs, with a clock set back in between.
+    // A second outbox while the first is open, with the clock set back in between.
     const auto second = open();
     clock_->advance(-365 * kDayMs);
     add(*second, "b");
@@ -92,14 +92,14 @@ TEST_F(OutboxFiles, TheOrderIsThatOfTheFilesNotOfTheClock) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "c"}));
 }
 
-TEST_F(OutboxFiles, StartingOftenDoesNotMakeManyFiles) {
+TEST_F(OutboxFiles, FrequentStartsDoNotCreateManyFiles) {
   for (int i = 0; i < 50; ++i)
     add(*open(), std::to_string(i));
   EXPECT_EQ(segments(), 1u);
   EXPECT_EQ(listed().size(), 50u);
 }
 
-TEST_F(OutboxFiles, WhatAnotherHoldsIsNotTaken) {
+TEST_F(OutboxFiles, DoesNotTakeRequestsOfAnotherOutbox) {
   const auto one = open();
   add(*one, "a");
   const auto two = open();
@@ -109,7 +109,7 @@ TEST_F(OutboxFiles, WhatAnotherHoldsIsNotTaken) {
   EXPECT_EQ(listed(), (Bodies{"a", "b"}));
 }
 
-TEST_F(OutboxFiles, PurgeLeavesWhatAnotherHolds) {
+TEST_F(OutboxFiles, PurgeKeepsRequestsOfAnotherOutbox) {
   const auto one = open();
   add(*one, "a");
   const auto two = open();
@@ -119,7 +119,7 @@ TEST_F(OutboxFiles, PurgeLeavesWhatAnotherHolds) {
   EXPECT_EQ(takeAll(*one), Bodies{"a"});
 }
 
-TEST_F(OutboxFiles, OtherFilesInTheFolderAreLeftAlone) {
+TEST_F(OutboxFiles, IgnoresOtherFilesInTheFolder) {
   fs::create_directory(box_);
   writeFile(box_ + "/segment-1", "x");
   writeFile(box_ + "/segment-000000000000000g", "x");
@@ -134,7 +134,7 @@ TEST_F(OutboxFiles, OtherFilesInTheFolderAreLeftAlone) {
   EXPECT_EQ(filesNamed(box_, ""), 4u);
 }
 
-TEST_F(OutboxFiles, ATornEndIsSetAsideAndTheRestIsServed) {
+TEST_F(OutboxFiles, QuarantinesATornEndAndDeliversTheRest) {
   {
     const auto outbox = open();
     add(*outbox, "a");
@@ -151,7 +151,7 @@ TEST_F(OutboxFiles, ATornEndIsSetAsideAndTheRestIsServed) {
   EXPECT_EQ(listed(), (Bodies{"a", "c"}));
 }
 
-TEST_F(OutboxFiles, DamageInTheMiddleLosesOneRequestAndNoSettling) {
+TEST_F(OutboxFiles, DamageInTheMiddleLosesOneRequestAndNoAcknowledgement) {
   {
     const auto outbox = open();
     for (const char* body : {"first", "second", "third", "fourth"})
@@ -167,12 +167,12 @@ TEST_F(OutboxFiles, DamageInTheMiddleLosesOneRequestAndNoSettling) {
     EXPECT_EQ(outbox->counters().damaged, 1u);
     EXPECT_EQ(takeAll(*outbox), (Bodies{"second", "fourth"}));
   }
-  // The same damage is not set aside again.
+  // The same damage is not quarantined again.
   EXPECT_EQ(open()->counters().damaged, 0u);
   EXPECT_EQ(filesNamed(box_, ".damaged-"), 1u);
 }
 
-TEST_F(OutboxFiles, DamageWhileOpenIsMetAtTakeAndSkipped) {
+TEST_F(OutboxFiles, TakeSkipsARequestDamagedWhileOpen) {
   const auto outbox = open();
   for (const char* body : {"first", "second", "third"})
     add(*outbox, body);
@@ -186,15 +186,15 @@ TEST_F(OutboxFiles, DamageWhileOpenIsMetAtTakeAndSkipped) {
   EXPECT_EQ(outbox->counters().queued, 2u);
 }
 
-TEST_F(OutboxFiles, ASettledFrameSettlesNothingThatComesAfterIt) {
+TEST_F(OutboxFiles, AcknowledgementDoesNotApplyToLaterRequests) {
   add(*open(), "first");
   {
     int error = 0;
     JXJournal journal(JXFile::open(segment(1), JXFile::Access::Append, error), segment(1));
     ASSERT_EQ(error, 0);
     journal.recover(JXJournal::Writers::One, [](const JXFrame&) {});
-    const std::uint64_t next = journal.size() + kJXFrameHeaderSize + kJXSettledHeadSize + 4;
-    const auto payload = encodeSettled({static_cast<std::uint32_t>(next)});
+    const std::uint64_t next = journal.size() + kJXFrameHeaderSize + kJXAcknowledgementHeadSize + 4;
+    const auto payload = encodeAcknowledgement({static_cast<std::uint32_t>(next)});
     const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
     ASSERT_EQ(journal.append(&part, 1, nullptr), 0);
     ASSERT_EQ(journal.size(), next);
@@ -204,11 +204,11 @@ TEST_F(OutboxFiles, ASettledFrameSettlesNothingThatComesAfterIt) {
   EXPECT_EQ(takeAll(*open()), (Bodies{"first", "second"}));
 }
 
-TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
+TEST_F(OutboxFiles, WorksWithInvalidDataInEveryFile) {
   fs::create_directory(box_);
   writeFile(segment(3), std::string(5'000, '\xFF'));
   writeFile(segment(4), "");
-  writeFile(box_ + "/dead", "rubbish");
+  writeFile(box_ + "/dead", "garbage");
   const auto outbox = open();
   outbox->moveToDeadLetters(add(*outbox, "a"), 400);
   add(*outbox, "b");
@@ -217,7 +217,7 @@ TEST_F(OutboxFiles, RubbishInEveryFileStopsNothing) {
   EXPECT_EQ(outbox->counters().damaged, 2u);
 }
 
-TEST_F(OutboxFiles, DeadLettersWaitWhileAnotherWritesTheirFile) {
+TEST_F(OutboxFiles, DelaysDeadLettersWhileTheirFileIsLocked) {
   const auto outbox = open();
   outbox->moveToDeadLetters(add(*outbox, "a"), 400);
   outbox->sync();
@@ -230,7 +230,7 @@ TEST_F(OutboxFiles, DeadLettersWaitWhileAnotherWritesTheirFile) {
   EXPECT_EQ(outbox->counters().queued, 0u);
   EXPECT_FALSE(outbox->take().has_value());
   EXPECT_TRUE(outbox->needsSync());
-  // A process killed now would ask the server again.
+  // After a kill at this point, the request would be sent again.
   EXPECT_EQ(listed(), Bodies{"b"});
   other.unlock();
   outbox->sync();
@@ -244,14 +244,14 @@ TEST_F(OutboxFiles, ListingIgnoresATornEndAndChangesNothing) {
   const auto outbox = open();
   add(*outbox, "a");
   const std::string before = contentOf(segment(1));
-  // The beginning of a frame that another process is just writing.
+  // The start of a frame that another process is writing.
   std::ofstream(segment(1), std::ios::binary | std::ios::app) << before.substr(8, 20);
   EXPECT_EQ(listed(), Bodies{"a"});
   EXPECT_EQ(contentOf(segment(1)), before + before.substr(8, 20));
   EXPECT_EQ(filesNamed(box_, ""), 1u);
 }
 
-TEST_F(OutboxFiles, ListingAMissingFolderSaysWhy) {
+TEST_F(OutboxFiles, ListingAMissingFolderReturnsAnError) {
   std::string error;
   EXPECT_TRUE(listOutbox(folder_.file("nowhere"), error).empty());
   EXPECT_EQ(error, "cannot read " + folder_.file("nowhere") + ": No such file or directory");
@@ -259,7 +259,7 @@ TEST_F(OutboxFiles, ListingAMissingFolderSaysWhy) {
   EXPECT_EQ(error, "cannot read " + folder_.file("nowhere") + ": No such file or directory");
 }
 
-TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainAtTheNextAdd) {
+TEST_F(OutboxFiles, AddRecreatesARemovedFolder) {
   const auto outbox = open();
   add(*outbox, "a");
   add(*outbox, "b");
@@ -273,7 +273,7 @@ TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainAtTheNextAdd) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "c"}));
 }
 
-TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainBySync) {
+TEST_F(OutboxFiles, SyncRecreatesARemovedFolderWithItsRequests) {
   {
     const auto outbox = open();
     for (int i = 0; i < 200; ++i)
@@ -293,7 +293,7 @@ TEST_F(OutboxFiles, AFolderRemovedWhileRunningIsMadeAgainBySync) {
   EXPECT_EQ(left.back(), "199");
 }
 
-TEST_F(OutboxFiles, WhatARemovedFolderHeldIsDeliverableWithoutSync) {
+TEST_F(OutboxFiles, DeliversRequestsOfARemovedFolderWithoutSync) {
   const auto outbox = open();
   add(*outbox, "a");
   fs::remove_all(box_);

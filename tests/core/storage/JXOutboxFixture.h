@@ -21,7 +21,7 @@ constexpr std::int64_t kTestNowMs = 1'790'000'000'000;  // in September 2026
 constexpr std::int64_t kDayMs = 24LL * 60 * 60 * 1'000;
 constexpr const char* kTestUrl = "https://collect.example/events";
 
-/// An outbox folder, a clock, and short ways to say what a test does with them.
+/// Provides an outbox folder, a clock and helper functions.
 class OutboxTest : public ::testing::Test {
  protected:
   OutboxTest() : box_(folder_.file("outbox")) {}
@@ -34,7 +34,7 @@ class OutboxTest : public ::testing::Test {
     return outbox.add(kTestUrl, body).value_or(0);
   }
 
-  /// Takes all that can be taken; the bodies in their order.
+  /// Takes all available requests and returns their bodies in order.
   static std::vector<std::string> takeAll(JXOutbox& outbox) {
     std::vector<std::string> bodies;
     while (const auto request = outbox.take())
@@ -42,7 +42,7 @@ class OutboxTest : public ::testing::Test {
     return bodies;
   }
 
-  /// The bodies that another reader sees in the folder.
+  /// Returns the bodies of the queued requests that another reader sees in the folder.
   std::vector<std::string> listed() const {
     std::string error;
     std::vector<std::string> bodies;
@@ -52,6 +52,7 @@ class OutboxTest : public ::testing::Test {
     return bodies;
   }
 
+  /// Returns the bodies of the dead letters.
   std::vector<std::string> dead() const {
     std::string error;
     std::vector<std::string> bodies;

@@ -19,9 +19,9 @@ class OutboxProcess : public OutboxTest {
  protected:
   using Child = std::unique_ptr<ChildProcess>;
 
-  // A process that adds requests until it is killed, and reports each when `add` has returned.
-  // Every third one is delivered at once, which is reported before.
-  Child adder(const std::string& name) {
+  // Starts a process that adds requests until it is killed, and reports each after `add` returned.
+  // It marks every third request as delivered immediately and reports this first.
+  Child addingProcess(const std::string& name) {
     return std::make_unique<ChildProcess>([this, name](int pipe) {
       const auto outbox = open();
       takeAll(*outbox);
@@ -40,16 +40,16 @@ class OutboxProcess : public OutboxTest {
     });
   }
 
-  // A process that adds requests on one thread while another sends them, until it is killed.
-  Child sender(const std::string& name) {
+  // Starts a process that adds requests on one thread while another sends them, until it is killed.
+  Child sendingProcess(const std::string& name) {
     return std::make_unique<ChildProcess>([this, name](int pipe) {
-      // So that nothing is missing because it was displaced.
+      // No dead letter is evicted, so none is missing for that reason.
       JXOutboxBounds bounds;
       bounds.maxDeadLetters = 1'000'000;
       const auto outbox = open(bounds);
-      std::thread transfer([&] { sendForEver(*outbox, pipe); });
+      std::thread transfer([&] { sendForever(*outbox, pipe); });
       for (int i = 0;; ++i) {
-        // Neither runs away from the other.
+        // Limits the lead of this thread over the other.
         while (outbox->counters().queued > 100)
           std::this_thread::yield();
         const std::string body = name + std::to_string(i);
@@ -60,16 +60,16 @@ class OutboxProcess : public OutboxTest {
     });
   }
 
-  // Four requests are in flight at a time; of three one is delivered, which is reported before, one
-  // refused, one given back.
-  static void sendForEver(JXOutbox& outbox, int pipe) {
-    std::deque<JXOutboxRequest> flying;
+  // Keeps four requests in flight. Of every three requests one is delivered and reported first, one
+  // is rejected and one is requeued.
+  static void sendForever(JXOutbox& outbox, int pipe) {
+    std::deque<JXOutboxRequest> inFlight;
     for (int i = 0;; ++i) {
-      while (flying.size() < 4) {
-        if (auto request = outbox.take()) flying.push_back(std::move(*request));
+      while (inFlight.size() < 4) {
+        if (auto request = outbox.take()) inFlight.push_back(std::move(*request));
       }
-      const JXOutboxRequest request = std::move(flying.front());
-      flying.pop_front();
+      const JXOutboxRequest request = std::move(inFlight.front());
+      inFlight.pop_front();
       if (i % 3 == 0) {
         ChildProcess::writeLine(pipe, "-" + request.body);
         outbox.markDelivered(request.id);
@@ -82,8 +82,8 @@ class OutboxProcess : public OutboxTest {
     }
   }
 
-  // A process that delivers all it can get, tells it, and ends.
-  Child deliverer() {
+  // Starts a process that delivers and reports all available requests, then exits.
+  Child deliveringProcess() {
     return std::make_unique<ChildProcess>([this](int pipe) {
       const auto outbox = open();
       while (const auto request = outbox->take()) {
@@ -95,25 +95,25 @@ class OutboxProcess : public OutboxTest {
   }
 };
 
-TEST_F(OutboxProcess, AKillLosesNoRequestThatWasAccepted) {
+TEST_F(OutboxProcess, KillLosesNoAcceptedRequest) {
   std::set<std::string> accepted;
-  std::set<std::string> maybeSettled;
+  std::set<std::string> maybeAcknowledged;
   for (int round = 0; round < 25; ++round) {
-    const Child child = adder("r" + std::to_string(round) + "-");
-    const auto note = [&](const std::string& line) {
-      (line[0] == '+' ? accepted : maybeSettled).insert(line.substr(1));
+    const Child child = addingProcess("r" + std::to_string(round) + "-");
+    const auto record = [&](const std::string& line) {
+      (line[0] == '+' ? accepted : maybeAcknowledged).insert(line.substr(1));
     };
     for (int lines = 0; lines < 5 + round * 13; ++lines)
-      note(child->readLine());
+      record(child->readLine());
     child->kill();
     for (std::string line = child->readLine(); !line.empty(); line = child->readLine())
-      note(line);
+      record(line);
 
     const Bodies left = listed();
     const std::set<std::string> held(left.begin(), left.end());
     ASSERT_EQ(held.size(), left.size());
     EXPECT_TRUE(std::includes(held.begin(), held.end(), accepted.begin(), accepted.end()));
-    // Beyond those: at most the one in hand when the kill came, each round.
+    // In addition at most one request per round, the one being added at the kill.
     EXPECT_LE(held.size(), accepted.size() + static_cast<std::size_t>(round) + 1);
   }
   EXPECT_GT(accepted.size(), 2'000u);
@@ -121,37 +121,37 @@ TEST_F(OutboxProcess, AKillLosesNoRequestThatWasAccepted) {
   EXPECT_EQ(takeAll(*open()), left);
 }
 
-TEST_F(OutboxProcess, AKillAmidSendingLosesNoRequestThatWasAccepted) {
-  std::set<std::string> owed;
+TEST_F(OutboxProcess, KillDuringDeliveryLosesNoAcceptedRequest) {
+  std::set<std::string> expected;
   std::set<std::string> maybeDelivered;
   for (int round = 0; round < 40; ++round) {
-    const Child child = sender("r" + std::to_string(round) + "-");
-    const auto note = [&](const std::string& line) {
-      (line[0] == '+' ? owed : maybeDelivered).insert(line.substr(1));
+    const Child child = sendingProcess("r" + std::to_string(round) + "-");
+    const auto record = [&](const std::string& line) {
+      (line[0] == '+' ? expected : maybeDelivered).insert(line.substr(1));
     };
     for (int lines = 0; lines < 5 + round * 10; ++lines)
-      note(child->readLine());
+      record(child->readLine());
     child->kill();
     for (std::string line = child->readLine(); !line.empty(); line = child->readLine())
-      note(line);
+      record(line);
   }
   for (const std::string& body : maybeDelivered)
-    owed.erase(body);
+    expected.erase(body);
   const Bodies left = listed();
   const Bodies letters = dead();
   std::set<std::string> held(left.begin(), left.end());
   EXPECT_EQ(held.size(), left.size());
   held.insert(letters.begin(), letters.end());
-  EXPECT_TRUE(std::includes(held.begin(), held.end(), owed.begin(), owed.end()));
-  EXPECT_GT(owed.size(), 500u);
+  EXPECT_TRUE(std::includes(held.begin(), held.end(), expected.begin(), expected.end()));
+  EXPECT_GT(expected.size(), 500u);
   EXPECT_GT(maybeDelivered.size(), 500u);
   EXPECT_GT(letters.size(), 100u);
 }
 
-TEST_F(OutboxProcess, NoRequestIsTakenByTwoOfManyProcesses) {
+TEST_F(OutboxProcess, EachRequestIsTakenByOneProcessOnly) {
   std::set<std::string> expected;
   {
-    // Segments of several processes, all ended.
+    // Creates segments as several processes that have ended would leave them.
     std::vector<std::unique_ptr<JXOutbox>> boxes;
     for (int box = 0; box < 6; ++box) {
       boxes.push_back(open());
@@ -166,7 +166,7 @@ TEST_F(OutboxProcess, NoRequestIsTakenByTwoOfManyProcesses) {
   for (int wave = 0; wave < 2; ++wave) {
     std::vector<Child> children;
     for (int i = 0; i < 4; ++i)
-      children.push_back(deliverer());
+      children.push_back(deliveringProcess());
     for (const Child& child : children) {
       for (std::string line = child->readLine(); !line.empty(); line = child->readLine()) {
         delivered.push_back(line);
@@ -178,7 +178,7 @@ TEST_F(OutboxProcess, NoRequestIsTakenByTwoOfManyProcesses) {
   EXPECT_TRUE(listed().empty());
 }
 
-TEST_F(OutboxProcess, AKilledProcessIsAdoptedWhileOthersRun) {
+TEST_F(OutboxProcess, AdoptsRequestsOfAKilledProcessWhileOthersRun) {
   const auto running = open();
   add(*running, "running");
   ChildProcess child([this](int pipe) {
@@ -197,8 +197,8 @@ TEST_F(OutboxProcess, AKilledProcessIsAdoptedWhileOthersRun) {
   EXPECT_EQ(takeAll(*running), Bodies{"running"});
 }
 
-TEST_F(OutboxProcess, ListingWorksWhileAnotherAdds) {
-  const Child child = adder("x");
+TEST_F(OutboxProcess, ListsRequestsWhileAnotherProcessAddsThem) {
+  const Child child = addingProcess("x");
   for (int i = 0; i < 100; ++i)
     child->readLine();
   for (int i = 0; i < 20; ++i)
@@ -206,7 +206,7 @@ TEST_F(OutboxProcess, ListingWorksWhileAnotherAdds) {
   EXPECT_TRUE(dead().empty());
 }
 
-TEST_F(OutboxProcess, TwoProcessesKeepTheirDeadLettersInOneFile) {
+TEST_F(OutboxProcess, TwoProcessesShareOneDeadLetterFile) {
   std::vector<Child> children;
   for (int each = 0; each < 2; ++each) {
     children.push_back(std::make_unique<ChildProcess>([this, each](int) {
@@ -217,7 +217,7 @@ TEST_F(OutboxProcess, TwoProcessesKeepTheirDeadLettersInOneFile) {
         outbox->moveToDeadLetters(add(*outbox, std::to_string(each) + "/" + std::to_string(i)),
                                   400);
       }
-      // One that the other kept from writing is written later.
+      // Retries dead letters that could not be written while the other process held the lock.
       for (int i = 0; i < 1'000 && outbox->needsSync(); ++i)
         outbox->sync();
       return outbox->counters().storageErrors == 0 ? 0 : 1;

@@ -21,7 +21,7 @@ class OutboxPurging : public OutboxTest {
   std::size_t marks() const { return filesNamed(box_, ".purge"); }
 };
 
-TEST_F(OutboxPurging, DeletesWhatNobodyHolds) {
+TEST_F(OutboxPurging, DeletesRequestsThatNoProcessOwns) {
   {
     const auto outbox = open();
     for (const char* body : {"a", "b", "refused"})
@@ -37,7 +37,7 @@ TEST_F(OutboxPurging, DeletesWhatNobodyHolds) {
   EXPECT_TRUE(std::filesystem::is_empty(box_));
 }
 
-TEST_F(OutboxPurging, WhatAnotherHoldsIsForgottenBeforeAnythingIsTaken) {
+TEST_F(OutboxPurging, OwnerDiscardsMarkedRequestsBeforeTakingAnother) {
   const auto outbox = open();
   outbox->rememberDropped();
   add(*outbox, "a");
@@ -46,7 +46,7 @@ TEST_F(OutboxPurging, WhatAnotherHoldsIsForgottenBeforeAnythingIsTaken) {
   EXPECT_EQ(done.removed, 0u);
   EXPECT_EQ(done.marked, 2u);
   EXPECT_EQ(listed(), Bodies{});
-  // What comes after the purge is not meant by it.
+  // A purge does not affect later requests.
   add(*outbox, "c");
   EXPECT_EQ(listed(), Bodies{"c"});
   EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
@@ -58,7 +58,7 @@ TEST_F(OutboxPurging, WhatAnotherHoldsIsForgottenBeforeAnythingIsTaken) {
   EXPECT_EQ(drops[0].reason, JXDropReason::Purged);
 }
 
-TEST_F(OutboxPurging, SyncForgetsTooSoThatAnIdleQueueIsEmptied) {
+TEST_F(OutboxPurging, SyncDiscardsMarkedRequestsOfAnIdleQueue) {
   const auto outbox = open();
   add(*outbox, "a");
   purge();
@@ -67,7 +67,7 @@ TEST_F(OutboxPurging, SyncForgetsTooSoThatAnIdleQueueIsEmptied) {
   EXPECT_EQ(outbox->counters().purged, 1u);
 }
 
-TEST_F(OutboxPurging, ASecondPurgeMeansWhatCameSince) {
+TEST_F(OutboxPurging, SecondPurgeMarksOnlyLaterRequests) {
   const auto outbox = open();
   add(*outbox, "a");
   EXPECT_EQ(purge().marked, 1u);
@@ -79,7 +79,7 @@ TEST_F(OutboxPurging, ASecondPurgeMeansWhatCameSince) {
   EXPECT_EQ(outbox->counters().purged, 2u);
 }
 
-TEST_F(OutboxPurging, AMarkOutlivesTheProcessThatDidNotSeeIt) {
+TEST_F(OutboxPurging, NextProcessAppliesAMarkThatTheOwnerDidNotProcess) {
   {
     const auto outbox = open();
     add(*outbox, "a");
@@ -92,7 +92,7 @@ TEST_F(OutboxPurging, AMarkOutlivesTheProcessThatDidNotSeeIt) {
   EXPECT_EQ(marks(), 0u);
 }
 
-TEST_F(OutboxPurging, ASegmentThatWasPurgedWholeIsDeletedAtTheNextStart) {
+TEST_F(OutboxPurging, DeletesACompletelyPurgedSegmentAtTheNextStart) {
   {
     const auto outbox = open();
     add(*outbox, "a");
@@ -103,7 +103,7 @@ TEST_F(OutboxPurging, ASegmentThatWasPurgedWholeIsDeletedAtTheNextStart) {
   EXPECT_EQ(marks(), 0u);
 }
 
-TEST_F(OutboxPurging, AMarkOfAnEarlierFileMeansNoLaterOneOfItsName) {
+TEST_F(OutboxPurging, IgnoresAMarkOfAnEarlierFileWithTheSameName) {
   const auto outbox = open();
   add(*outbox, "old");
   const std::string mark = box_ + "/segment-0000000000000001.purge";
@@ -116,7 +116,7 @@ TEST_F(OutboxPurging, AMarkOfAnEarlierFileMeansNoLaterOneOfItsName) {
   EXPECT_EQ(takeAll(*outbox), Bodies{"new"});
 }
 
-TEST_F(OutboxPurging, RubbishInAMarkMeansNothing) {
+TEST_F(OutboxPurging, IgnoresAnInvalidMark) {
   const auto outbox = open();
   add(*outbox, "a");
   for (const char* text : {"", "x", "1", "1 2\n", "99999999999999999999 99999999999999999999\n"}) {
@@ -126,7 +126,7 @@ TEST_F(OutboxPurging, RubbishInAMarkMeansNothing) {
   }
 }
 
-TEST_F(OutboxPurging, ARequestInFlightMayArriveAndIsNotCountedAsDelivered) {
+TEST_F(OutboxPurging, DoesNotCountAPurgedRequestInFlightAsDelivered) {
   const auto outbox = open();
   add(*outbox, "a");
   const auto request = outbox->take();
@@ -137,14 +137,14 @@ TEST_F(OutboxPurging, ARequestInFlightMayArriveAndIsNotCountedAsDelivered) {
   EXPECT_EQ(outbox->counters().delivered, 0u);
 }
 
-TEST_F(OutboxPurging, AMissingFolderIsAnErrorInWords) {
+TEST_F(OutboxPurging, ReportsAMissingFolder) {
   std::string error;
   const JXOutboxPurge done = purgeOutbox(folder_.file("missing"), error);
   EXPECT_EQ(done.removed + done.marked + done.deadLetters, 0u);
   EXPECT_EQ(error, "cannot read " + folder_.file("missing") + ": No such file or directory");
 }
 
-TEST_F(OutboxPurging, ByTheQueueItselfDeletesWhatWasSetAside) {
+TEST_F(OutboxPurging, PurgeOfTheOwnQueueDeletesQuarantineFiles) {
   const auto outbox = open();
   add(*outbox, "a");
   writeFile(box_ + "/segment-0000000000000001.damaged-12", "torn");

@@ -16,7 +16,7 @@ namespace {
 
 class Outbox : public OutboxTest {};
 
-TEST_F(Outbox, ARequestComesBackByteForByte) {
+TEST_F(Outbox, ReturnsARequestUnchanged) {
   const auto outbox = open();
   const std::string body("{\"a\":\"\0\xFF\n\"}", 11);
   const std::uint64_t id = outbox->add("https://collect.example/?a=b", body).value();
@@ -27,14 +27,14 @@ TEST_F(Outbox, ARequestComesBackByteForByte) {
   EXPECT_EQ(request.createdMs, kTestNowMs);
 }
 
-TEST_F(Outbox, AnEmptyBodyAndAnEmptyUrlAreARequest) {
+TEST_F(Outbox, AcceptsAnEmptyUrlAndBody) {
   { open()->add("", ""); }
   const JXOutboxRequest request = open()->take().value();
   EXPECT_EQ(request.url, "");
   EXPECT_EQ(request.body, "");
 }
 
-TEST_F(Outbox, FilesAndFolderAreForTheirOwnerOnly) {
+TEST_F(Outbox, CreatesFilesAndFolderForTheirOwnerOnly) {
   const auto outbox = open();
   add(*outbox, "a");
   outbox->moveToDeadLetters(outbox->take()->id, 400);
@@ -47,15 +47,15 @@ TEST_F(Outbox, FilesAndFolderAreForTheirOwnerOnly) {
   }
 }
 
-TEST_F(Outbox, AddingIsOneWrite) {
+TEST_F(Outbox, AddsARequestWithOneWrite) {
   const auto outbox = open();
-  add(*outbox, "first, which makes the file");
+  add(*outbox, "first, which creates the file");
   const FailingDisk disk(0, 0, FailingDisk::Write::Nothing);
   add(*outbox, "second");
   EXPECT_EQ(disk.calls(), 1);
 }
 
-TEST_F(Outbox, TheOldestIsTakenFirstAndOnlyOnce) {
+TEST_F(Outbox, TakesTheOldestRequestFirstAndOnlyOnce) {
   const auto outbox = open();
   for (const char* body : {"a", "b", "c"})
     add(*outbox, body);
@@ -64,7 +64,7 @@ TEST_F(Outbox, TheOldestIsTakenFirstAndOnlyOnce) {
   EXPECT_EQ(outbox->counters().queued, 3u);
 }
 
-TEST_F(Outbox, ARequestGivenBackKeepsItsPlace) {
+TEST_F(Outbox, RequeuedRequestKeepsItsPosition) {
   const auto outbox = open();
   for (const char* body : {"a", "b", "c", "d"})
     add(*outbox, body);
@@ -76,7 +76,7 @@ TEST_F(Outbox, ARequestGivenBackKeepsItsPlace) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"a", "b", "d"}));
 }
 
-TEST_F(Outbox, GivingBackWhatIsNotInFlightChangesNothing) {
+TEST_F(Outbox, RequeueIgnoresRequestsThatAreNotInFlight) {
   const auto outbox = open();
   const std::uint64_t a = add(*outbox, "a");
   outbox->requeue(a);
@@ -84,7 +84,7 @@ TEST_F(Outbox, GivingBackWhatIsNotInFlightChangesNothing) {
   EXPECT_EQ(takeAll(*outbox), Bodies{"a"});
 }
 
-TEST_F(Outbox, ADeliveredRequestIsGoneForGood) {
+TEST_F(Outbox, RemovesADeliveredRequestPermanently) {
   {
     const auto outbox = open();
     for (const char* body : {"a", "b", "c"})
@@ -98,7 +98,7 @@ TEST_F(Outbox, ADeliveredRequestIsGoneForGood) {
   EXPECT_EQ(takeAll(*open()), (Bodies{"a", "c"}));
 }
 
-TEST_F(Outbox, AnIdThatIsNoLongerHeldIsIgnored) {
+TEST_F(Outbox, IgnoresAnIdThatIsNoLongerQueued) {
   const auto outbox = open();
   const std::uint64_t a = add(*outbox, "a");
   add(*outbox, "b");
@@ -111,7 +111,7 @@ TEST_F(Outbox, AnIdThatIsNoLongerHeldIsIgnored) {
   EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
 }
 
-TEST_F(Outbox, CountersTellWhatIsHeld) {
+TEST_F(Outbox, CountersReportQueuedRequestsAndBytes) {
   const auto outbox = open();
   outbox->add("12345", "678");
   outbox->add("12345", "");
@@ -123,7 +123,7 @@ TEST_F(Outbox, CountersTellWhatIsHeld) {
   EXPECT_EQ(counters.storageErrors, 0u);
 }
 
-TEST_F(Outbox, SyncIsNeededAfterAChangeOnly) {
+TEST_F(Outbox, NeedsSyncOnlyAfterAChange) {
   const auto outbox = open();
   EXPECT_FALSE(outbox->needsSync());
   const std::uint64_t a = add(*outbox, "a");
@@ -136,7 +136,7 @@ TEST_F(Outbox, SyncIsNeededAfterAChangeOnly) {
   EXPECT_FALSE(outbox->needsSync());
 }
 
-TEST_F(Outbox, ManyRequestsOutOfOrderLeaveTheRightOnes) {
+TEST_F(Outbox, KeepsTheRightRequestsAfterManyDeliveries) {
   const auto outbox = open();
   std::vector<std::uint64_t> ids;
   for (int i = 0; i < 5'000; ++i)
@@ -149,7 +149,7 @@ TEST_F(Outbox, ManyRequestsOutOfOrderLeaveTheRightOnes) {
   EXPECT_EQ(listed(), (Bodies{"7", "1007", "2007", "3007", "4007"}));
 }
 
-TEST_F(Outbox, PurgeEmptiesQueueInFlightAndDeadLetters) {
+TEST_F(Outbox, PurgeDeletesQueuedInFlightAndDeadLetters) {
   const auto outbox = open();
   for (const char* body : {"a", "b", "c"})
     add(*outbox, body);
@@ -169,7 +169,7 @@ TEST_F(Outbox, PurgeEmptiesQueueInFlightAndDeadLetters) {
   EXPECT_EQ(listed(), Bodies{"after"});
 }
 
-TEST_F(Outbox, ARejectedRequestBecomesADeadLetterWithItsStatus) {
+TEST_F(Outbox, MovesARejectedRequestToTheDeadLettersWithItsStatus) {
   {
     const auto outbox = open();
     add(*outbox, "a");
@@ -188,7 +188,7 @@ TEST_F(Outbox, ARejectedRequestBecomesADeadLetterWithItsStatus) {
   EXPECT_EQ(takeAll(*open()), Bodies{"b"});
 }
 
-TEST_F(Outbox, TheLatestDeadLettersAreKept) {
+TEST_F(Outbox, KeepsTheLatestDeadLetters) {
   JXOutboxBounds bounds;
   bounds.maxDeadLetters = 3;
   Bodies expected;
@@ -203,13 +203,13 @@ TEST_F(Outbox, TheLatestDeadLettersAreKept) {
     }
     outbox->sync();
   }
-  // Five letters at most before it is rewritten, about 80 bytes each.
+  // At most five dead letters of about 80 bytes each before compaction.
   EXPECT_LT(std::filesystem::file_size(box_ + "/dead"), 600u);
   EXPECT_FALSE(std::filesystem::exists(box_ + "/dead.new"));
   EXPECT_EQ(dead(), expected);
 }
 
-TEST_F(Outbox, WithoutPlaceForDeadLettersARejectedRequestIsOnlyCounted) {
+TEST_F(Outbox, OnlyCountsARejectedRequestWhenDeadLettersAreDisabled) {
   JXOutboxBounds bounds;
   bounds.maxDeadLetters = 0;
   const auto outbox = open(bounds);
@@ -231,7 +231,7 @@ TEST_F(Outbox, TwoOutboxesShareTheDeadLetters) {
   EXPECT_EQ(dead(), (Bodies{"26", "27", "28", "29"}));
 }
 
-TEST_F(Outbox, ThreadsMayAddWhileAnotherDelivers) {
+TEST_F(Outbox, AcceptsRequestsWhileAnotherThreadDelivers) {
   constexpr int kEach = 1'000;
   const auto outbox = open();
   std::vector<std::thread> adders;
@@ -260,7 +260,7 @@ TEST_F(Outbox, ThreadsMayAddWhileAnotherDelivers) {
   EXPECT_EQ(outbox->counters().queued, 0u);
 }
 
-TEST_F(Outbox, TheLogMayCallBack) {
+TEST_F(Outbox, LogSinkMayCallBack) {
   const auto outbox = open();
   int calls = 0;
   JXLogger::sharedInstance().setSink([&](int, std::string_view) {

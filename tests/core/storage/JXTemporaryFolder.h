@@ -11,7 +11,7 @@
 
 namespace jx {
 
-/// A folder of its own for one test, removed with all it holds.
+/// A temporary folder for one test, removed with its content.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -38,13 +38,13 @@ inline std::string contentOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-/// A new file: some file systems wait for the disk when a file is emptied and written again.
+/// Creates a new file, because some file systems sync when a file is truncated and written again.
 inline void writeFile(const std::string& path, const std::string& content) {
   std::filesystem::remove(path);
   std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
 }
 
-/// How many files of the folder have `part` in their names.
+/// Returns the number of files in the folder whose names contain `part`.
 inline std::size_t filesNamed(const std::string& folder, const std::string& part) {
   std::size_t count = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {

@@ -26,7 +26,7 @@ JXHttpOptions trusting(const JXTestServer& server) {
   return options;
 }
 
-// Drives the transport until so many results are there.
+// Drives the transport until it has returned `count` results.
 std::vector<JXHttpResult> collect(JXCurlTransport& transport, std::size_t count) {
   std::vector<JXHttpResult> results;
   while (results.size() < count) {
@@ -42,7 +42,7 @@ JXHttpResult post(JXCurlTransport& transport, const std::string& url,
   return collect(transport, 1).front();
 }
 
-JXHttpResult postTold(const JXTestAnswer& answer, JXHttpOptions options = {}) {
+JXHttpResult postToServerWith(const JXTestAnswer& answer, JXHttpOptions options = {}) {
   JXTestServer server;
   server.answerAll(answer);
   options.caFile = server.caFile();
@@ -50,7 +50,7 @@ JXHttpResult postTold(const JXTestAnswer& answer, JXHttpOptions options = {}) {
   return post(transport, server.url());
 }
 
-JXTestAnswer told(Manner manner, int status = 200) {
+JXTestAnswer answerOf(Manner manner, int status = 200) {
   JXTestAnswer answer;
   answer.manner = manner;
   answer.status = status;
@@ -75,7 +75,7 @@ TEST(CurlTransport, PostsTheBodyAsJson) {
   EXPECT_EQ(0u, request.headers.count("expect"));
 }
 
-TEST(CurlTransport, ALargeBodyIsSentWithoutAskingFirst) {
+TEST(CurlTransport, SendsALargeBodyWithoutExpect100Continue) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   const std::string body(3 * 1024 * 1024, 'b');
@@ -84,14 +84,14 @@ TEST(CurlTransport, ALargeBodyIsSentWithoutAskingFirst) {
   EXPECT_EQ(0u, server.requests().front().headers.count("expect"));
 }
 
-TEST(CurlTransport, Http2IsOffered) {
+TEST(CurlTransport, OffersHttp2) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   post(transport, server.url());
   EXPECT_TRUE(server.wasOfferedHttp2());
 }
 
-TEST(CurlTransport, OneAfterTheOtherUsesOneConnection) {
+TEST(CurlTransport, ReusesOneConnectionForSequentialRequests) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   for (int i = 0; i < 20; ++i)
@@ -100,7 +100,7 @@ TEST(CurlTransport, OneAfterTheOtherUsesOneConnection) {
   EXPECT_EQ(1, server.connections());
 }
 
-TEST(CurlTransport, SideBySideAtMostFourConnectionsAreUsed) {
+TEST(CurlTransport, UsesAtMostFourConnectionsForConcurrentRequests) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   for (std::uint64_t id = 1; id <= 12; ++id)
@@ -114,7 +114,7 @@ TEST(CurlTransport, SideBySideAtMostFourConnectionsAreUsed) {
   EXPECT_LE(server.connections(), 4);
 }
 
-TEST(CurlTransport, AConnectionThatTheServerEndedWhileIdleIsReplaced) {
+TEST(CurlTransport, ReplacesAConnectionClosedByTheServerWhileIdle) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   ASSERT_EQ(200, post(transport, server.url()).outcome.status);
@@ -123,7 +123,7 @@ TEST(CurlTransport, AConnectionThatTheServerEndedWhileIdleIsReplaced) {
   EXPECT_EQ(2, server.connections());
 }
 
-TEST(CurlTransport, ACertificateOfAnotherAuthorityIsNoAnswer) {
+TEST(CurlTransport, RejectsACertificateOfAnotherAuthority) {
   JXTestServer server;
   const test::JXTestAuthority other;
   JXHttpOptions options;
@@ -136,14 +136,14 @@ TEST(CurlTransport, ACertificateOfAnotherAuthorityIsNoAnswer) {
   EXPECT_EQ(0u, server.requests().size());
 }
 
-TEST(CurlTransport, WithoutACaFileTheSystemsAuthoritiesCount) {
+TEST(CurlTransport, UsesTheSystemCertificatesWithoutACaFile) {
   JXTestServer server;
   JXCurlTransport transport{JXHttpOptions()};
   EXPECT_EQ(0, post(transport, server.url()).outcome.status);
   EXPECT_EQ(0u, server.requests().size());
 }
 
-TEST(CurlTransport, ACertificateForAnotherHostIsNoAnswer) {
+TEST(CurlTransport, RejectsACertificateForAnotherHost) {
   test::JXTestServerOptions options;
   options.certificateNames = {"DNS:elsewhere.example"};
   JXTestServer server(options);
@@ -152,7 +152,7 @@ TEST(CurlTransport, ACertificateForAnotherHostIsNoAnswer) {
   EXPECT_EQ(0u, server.requests().size());
 }
 
-TEST(CurlTransport, TlsBefore12IsNoAnswer) {
+TEST(CurlTransport, RejectsTlsBefore12) {
   test::JXTestServerOptions options;
   options.newestTlsVersion = TLS1_1_VERSION;
   JXTestServer server(options);
@@ -162,7 +162,7 @@ TEST(CurlTransport, TlsBefore12IsNoAnswer) {
   EXPECT_EQ(0u, server.requests().size());
 }
 
-TEST(CurlTransport, AMissingCaFileIsNamedAndIsNoAnswer) {
+TEST(CurlTransport, ReportsAMissingCaFile) {
   JXTestServer server;
   JXHttpOptions options;
   options.caFile = "/nowhere/ca.pem";
@@ -170,14 +170,14 @@ TEST(CurlTransport, AMissingCaFileIsNamedAndIsNoAnswer) {
   const JXHttpResult result = post(transport, server.url());
   EXPECT_EQ(0, result.outcome.status);
   EXPECT_FALSE(result.outcome.neverSendable);
-  EXPECT_EQ("the CA file /nowhere/ca.pem is missing or holds no certificates", result.reason);
+  EXPECT_EQ("CA file /nowhere/ca.pem is missing or contains no certificates", result.reason);
 }
 
-TEST(CurlTransport, ARubbishCaFileIsNamedAndIsNoAnswer) {
+TEST(CurlTransport, ReportsAnInvalidCaFile) {
   JXTestServer server;
-  std::string path = "/tmp/jx-rubbish-XXXXXX";
+  std::string path = "/tmp/jx-invalid-XXXXXX";
   const int descriptor = mkstemp(path.data());
-  ASSERT_EQ(7, write(descriptor, "rubbish", 7));
+  ASSERT_EQ(7, write(descriptor, "invalid", 7));
   close(descriptor);
   JXHttpOptions options;
   options.caFile = path;
@@ -185,10 +185,10 @@ TEST(CurlTransport, ARubbishCaFileIsNamedAndIsNoAnswer) {
   const JXHttpResult result = post(transport, server.url());
   std::remove(path.c_str());
   EXPECT_EQ(0, result.outcome.status);
-  EXPECT_EQ("the CA file " + path + " is missing or holds no certificates", result.reason);
+  EXPECT_EQ("CA file " + path + " is missing or contains no certificates", result.reason);
 }
 
-TEST(CurlTransport, AReplacedCaFileCountsFromTheNextConnectionOn) {
+TEST(CurlTransport, UsesAReplacedCaFileForTheNextConnection) {
   JXTestServer server;
   const test::JXTestAuthority other("another authority");
   const std::string path = other.caFile() + ".copy";
@@ -203,18 +203,18 @@ TEST(CurlTransport, AReplacedCaFileCountsFromTheNextConnectionOn) {
   std::remove(path.c_str());
 }
 
-TEST(CurlTransport, PlainHttpBeyondTheDeviceIsNeverSent) {
+TEST(CurlTransport, DoesNotSendPlainHttpToOtherHosts) {
   JXCurlTransport transport{JXHttpOptions()};
   for (const char* url : {"http://collect.example/events", "http://128.0.0.1/", "http://[::2]/",
                           "http://10.0.0.1/", "http://localhost.example/",
                           "http://127.0.0.1.example/", "http://127.0.0.1@collect.example/"}) {
     const JXHttpResult result = post(transport, url);
     EXPECT_TRUE(result.outcome.neverSendable) << url;
-    EXPECT_EQ("requests go out by https only, not by http", result.reason) << url;
+    EXPECT_EQ("URL scheme must be https, not http", result.reason) << url;
   }
 }
 
-TEST(CurlTransport, OtherSchemesAndWhatIsNoUrlAreNeverSent) {
+TEST(CurlTransport, DoesNotSendToOtherSchemesOrInvalidUrls) {
   JXCurlTransport transport{JXHttpOptions()};
   for (const std::string& url :
        {std::string(), std::string("collect.example/events"), std::string("ftp://127.0.0.1/"),
@@ -226,7 +226,7 @@ TEST(CurlTransport, OtherSchemesAndWhatIsNoUrlAreNeverSent) {
   }
 }
 
-TEST(CurlTransport, PlainHttpToTheDeviceItselfIsSent) {
+TEST(CurlTransport, SendsPlainHttpToLoopbackHosts) {
   test::JXTestServerOptions options;
   options.tls = false;
   JXTestServer server(options);
@@ -237,18 +237,18 @@ TEST(CurlTransport, PlainHttpToTheDeviceItselfIsSent) {
   EXPECT_EQ(2u, server.requests().size());
 }
 
-TEST(CurlTransport, ABlankAndBytesBeyondAsciiInTheUrlAreEncoded) {
+TEST(CurlTransport, EncodesSpacesAndNonAsciiBytesInTheUrl) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
   EXPECT_EQ(200, post(transport, server.url("/e?token=a b\xC3\xA9%20")).outcome.status);
   EXPECT_EQ("/e?token=a+b%c3%a9%20", server.requests().front().target);
 }
 
-TEST(CurlTransport, TheProxyIsUsedButNotForTheDeviceItself) {
+TEST(CurlTransport, UsesTheProxyExceptForLoopbackHosts) {
   test::JXTestServerOptions options;
   options.tls = false;
   JXTestServer proxy(options);
-  proxy.answerAll(told(Manner::Whole, 403));
+  proxy.answerAll(answerOf(Manner::Whole, 403));
   JXTestServer server;
   JXHttpOptions http = trusting(server);
   http.proxy = "http://127.0.0.1:" + std::to_string(proxy.port());
@@ -259,10 +259,10 @@ TEST(CurlTransport, TheProxyIsUsedButNotForTheDeviceItself) {
   ASSERT_EQ(1u, proxy.requests().size());
   EXPECT_EQ("CONNECT", proxy.requests().front().method);
   EXPECT_EQ("collect.example:443", proxy.requests().front().target);
-  EXPECT_EQ(0, result.outcome.status) << "a proxy's refusal is not the receiver's answer";
+  EXPECT_EQ(0, result.outcome.status) << "a response of the proxy is not a response of the server";
 }
 
-TEST(CurlTransport, ARedirectIsAnAnswerAndIsNotFollowed) {
+TEST(CurlTransport, DoesNotFollowRedirects) {
   JXTestServer server;
   JXTestAnswer answer;
   answer.status = 307;
@@ -273,46 +273,46 @@ TEST(CurlTransport, ARedirectIsAnAnswerAndIsNotFollowed) {
   EXPECT_EQ(1u, server.requests().size());
 }
 
-TEST(CurlTransport, RetryAfterComesWithTheResult) {
-  JXTestAnswer answer = told(Manner::Whole, 429);
+TEST(CurlTransport, ReturnsRetryAfterWithTheResult) {
+  JXTestAnswer answer = answerOf(Manner::Whole, 429);
   answer.headers = {{"Retry-After", "120"}};
-  const JXHttpResult result = postTold(answer);
+  const JXHttpResult result = postToServerWith(answer);
   EXPECT_EQ(429, result.outcome.status);
   EXPECT_EQ(JXString("120"), result.retryAfter);
 }
 
-TEST(CurlTransport, AnEndlessBodyIsCutAndItsStatusCounts) {
-  EXPECT_EQ(200, postTold(told(Manner::EndlessBody)).outcome.status);
-  EXPECT_EQ(503, postTold(told(Manner::EndlessBody, 503)).outcome.status);
+TEST(CurlTransport, StopsReadingAnEndlessBodyAndReturnsItsStatus) {
+  EXPECT_EQ(200, postToServerWith(answerOf(Manner::EndlessBody)).outcome.status);
+  EXPECT_EQ(503, postToServerWith(answerOf(Manner::EndlessBody, 503)).outcome.status);
 }
 
-TEST(CurlTransport, AnEndlessHeadIsNoAnswer) {
-  EXPECT_EQ(0, postTold(told(Manner::EndlessHead)).outcome.status);
+TEST(CurlTransport, ReturnsNoStatusForAnEndlessHeaderSection) {
+  EXPECT_EQ(0, postToServerWith(answerOf(Manner::EndlessHead)).outcome.status);
 }
 
-TEST(CurlTransport, ABodyThatBreaksOffLeavesTheStatus) {
-  EXPECT_EQ(200, postTold(told(Manner::CloseInBody)).outcome.status);
+TEST(CurlTransport, ReturnsTheStatusWhenTheBodyIsIncomplete) {
+  EXPECT_EQ(200, postToServerWith(answerOf(Manner::CloseInBody)).outcome.status);
 }
 
-TEST(CurlTransport, AHeadThatBreaksOffIsNoAnswer) {
-  const JXHttpResult result = postTold(told(Manner::CloseInHead));
+TEST(CurlTransport, ReturnsNoStatusForAnIncompleteHeaderSection) {
+  const JXHttpResult result = postToServerWith(answerOf(Manner::CloseInHead));
   EXPECT_EQ(0, result.outcome.status);
-  EXPECT_EQ("the answer ended in the middle of its head", result.reason);
+  EXPECT_EQ("incomplete response header section", result.reason);
 }
 
-TEST(CurlTransport, AResetIsNoAnswer) {
-  const JXHttpResult result = postTold(told(Manner::Reset));
-  EXPECT_EQ(0, result.outcome.status);
-  EXPECT_FALSE(result.outcome.neverSendable);
-}
-
-TEST(CurlTransport, RubbishIsNoAnswer) {
-  const JXHttpResult result = postTold(told(Manner::Rubbish));
+TEST(CurlTransport, ReturnsNoStatusForAReset) {
+  const JXHttpResult result = postToServerWith(answerOf(Manner::Reset));
   EXPECT_EQ(0, result.outcome.status);
   EXPECT_FALSE(result.outcome.neverSendable);
 }
 
-TEST(CurlTransport, ARefusedConnectionIsNoAnswer) {
+TEST(CurlTransport, ReturnsNoStatusForInvalidHttp) {
+  const JXHttpResult result = postToServerWith(answerOf(Manner::Rubbish));
+  EXPECT_EQ(0, result.outcome.status);
+  EXPECT_FALSE(result.outcome.neverSendable);
+}
+
+TEST(CurlTransport, ReturnsNoStatusForARefusedConnection) {
   JXTestServer server;
   server.refuse();
   JXCurlTransport transport(trusting(server));
@@ -321,29 +321,29 @@ TEST(CurlTransport, ARefusedConnectionIsNoAnswer) {
   EXPECT_EQ(200, post(transport, server.url()).outcome.status);
 }
 
-TEST(CurlTransport, AStallBeforeTheHeadEndsAtTheTimeOut) {
+TEST(CurlTransport, TimesOutWhenTheResponseStallsBeforeTheHeader) {
   JXHttpOptions options;
   options.requestTimeout = 100ms;
-  EXPECT_EQ(0, postTold(told(Manner::StallBeforeHead), options).outcome.status);
+  EXPECT_EQ(0, postToServerWith(answerOf(Manner::StallBeforeHead), options).outcome.status);
 }
 
-TEST(CurlTransport, AStallInTheBodyEndsAtTheTimeOutAndLeavesTheStatus) {
+TEST(CurlTransport, ReturnsTheStatusWhenTheBodyTimesOut) {
   JXHttpOptions options;
   options.requestTimeout = 500ms;
-  EXPECT_EQ(200, postTold(told(Manner::StallInBody), options).outcome.status);
+  EXPECT_EQ(200, postToServerWith(answerOf(Manner::StallInBody), options).outcome.status);
 }
 
-TEST(CurlTransport, SlowBytesEndAtTheTimeOut) {
+TEST(CurlTransport, TimesOutWhenBytesArriveTooSlowly) {
   JXHttpOptions options;
   options.requestTimeout = 300ms;
-  JXTestAnswer slow = told(Manner::SlowBytes);
+  JXTestAnswer slow = answerOf(Manner::SlowBytes);
   slow.headers = {{"X-Long", std::string(1'000, 'x')}};
-  EXPECT_EQ(0, postTold(slow, options).outcome.status);
+  EXPECT_EQ(0, postToServerWith(slow, options).outcome.status);
 }
 
-TEST(CurlTransport, AbortedRequestsHaveNoResult) {
+TEST(CurlTransport, ReturnsNoResultForAbortedRequests) {
   JXTestServer server;
-  server.answerAll(told(Manner::StallBeforeHead));
+  server.answerAll(answerOf(Manner::StallBeforeHead));
   JXCurlTransport transport(trusting(server));
   transport.start({1, server.url(), "{}"});
   while (server.requests().empty())
@@ -355,7 +355,7 @@ TEST(CurlTransport, AbortedRequestsHaveNoResult) {
   EXPECT_EQ(200, post(transport, server.url()).outcome.status);
 }
 
-TEST(CurlTransport, AWakeUpEndsAnEndlessPoll) {
+TEST(CurlTransport, WakeUpEndsAPollWithoutTimeout) {
   JXCurlTransport transport{JXHttpOptions()};
   transport.wakeUp();
   EXPECT_TRUE(transport.poll(std::nullopt).empty());
@@ -364,10 +364,10 @@ TEST(CurlTransport, AWakeUpEndsAnEndlessPoll) {
   waker.join();
 }
 
-// The SHA-256 of nothing: a pin in the right form that no key has.
+// The SHA-256 hash of the empty string: a valid pin that matches no key.
 constexpr const char* kOtherPin = "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=";
 
-TEST(CurlTransport, APinnedKeyThatTheServerShowsLetsTheRequestPass) {
+TEST(CurlTransport, SendsWhenTheServerPresentsAPinnedKey) {
   JXTestServer server;
   JXHttpOptions options = trusting(server);
   options.pinnedPublicKeys = {kOtherPin, server.publicKeyPin()};
@@ -375,7 +375,7 @@ TEST(CurlTransport, APinnedKeyThatTheServerShowsLetsTheRequestPass) {
   EXPECT_EQ(200, post(transport, server.url()).outcome.status);
 }
 
-TEST(CurlTransport, AKeyThatIsNotPinnedGetsNoRequest) {
+TEST(CurlTransport, DoesNotSendToAKeyThatIsNotPinned) {
   JXTestServer server;
   JXHttpOptions options = trusting(server);
   options.pinnedPublicKeys = {kOtherPin};
@@ -387,17 +387,17 @@ TEST(CurlTransport, AKeyThatIsNotPinnedGetsNoRequest) {
   EXPECT_TRUE(server.requests().empty());
 }
 
-TEST(CurlTransport, PinsThatAreNoPinsMatchNoServer) {
+TEST(CurlTransport, InvalidPinsMatchNoServer) {
   JXTestServer server;
   JXHttpOptions options = trusting(server);
-  // The last names a file to libcurl.
+  // libcurl would interpret the last one as a file name.
   options.pinnedPublicKeys = {"", "abc", server.publicKeyPin() + "=", server.caFile()};
   JXCurlTransport transport(options);
   EXPECT_EQ(0, post(transport, server.url()).outcome.status);
   EXPECT_TRUE(server.requests().empty());
 }
 
-TEST(CurlTransport, APinDoesNotReplaceTheCertificatesCheck) {
+TEST(CurlTransport, PinDoesNotReplaceCertificateVerification) {
   JXTestServer server;
   JXTestServer other;
   JXHttpOptions options = trusting(other);

@@ -20,13 +20,13 @@ using namespace std::chrono_literals;
 using test::bodyOf;
 using Texts = std::vector<std::string>;
 
-// Made before the manager's start, and so ended after its thread.
+// Created before the manager is started, so destroyed after its thread has ended.
 test::JXCollected<int>& maintainedOfTheProcess() {
   static test::JXCollected<int> maintained;
   return maintained;
 }
 
-// The manager of the process; each test has a process of its own.
+// The manager of the process; each test runs in its own process.
 class NetworkManager : public ::testing::Test {
  protected:
   NetworkManager() {
@@ -36,11 +36,11 @@ class NetworkManager : public ::testing::Test {
     setup.caFile = server.caFile();
     setup.timings.syncDelay = 1ms;
     setup.timings.startHold = 0ms;
-    setup.maintain = [&turns = maintained] { turns.add(1); };
+    setup.maintain = [&runs = maintained] { runs.add(1); };
   }
 
   void enqueue(const std::string& eventId) { manager.enqueue(server.url(), bodyOf(eventId)); }
-  bool holdsNow() {
+  bool isPausedWithoutAttempts() {
     const std::size_t before = maintained.all().size();
     manager.storageChanged();
     return maintained.waitFor(before + 1) && manager.counters().paused &&
@@ -55,7 +55,7 @@ class NetworkManager : public ::testing::Test {
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
 };
 
-TEST_F(NetworkManager, BeforeItsStartNothingIsTakenAndAllOperationsAreSafe) {
+TEST_F(NetworkManager, IgnoresRequestsBeforeItsStart) {
   enqueue("ignored");
   manager.onBackground();
   manager.onForeground();
@@ -67,7 +67,7 @@ TEST_F(NetworkManager, BeforeItsStartNothingIsTakenAndAllOperationsAreSafe) {
   EXPECT_EQ(0u, setup.outbox->counters().queued);
 }
 
-TEST_F(NetworkManager, SendsWithoutBeingToldAnything) {
+TEST_F(NetworkManager, SendsByDefault) {
   manager.start(setup);
   enqueue("e");
   EXPECT_TRUE(manager.flush(20s));
@@ -75,7 +75,7 @@ TEST_F(NetworkManager, SendsWithoutBeingToldAnything) {
   EXPECT_EQ(1u, manager.counters().outbox.delivered);
 }
 
-TEST_F(NetworkManager, ASecondStartIsIgnored) {
+TEST_F(NetworkManager, IgnoresASecondStart) {
   manager.start(setup);
   JXTransferSetup second = setup;
   second.outbox = std::make_shared<JXOutbox>(folder.file("other"), JXOutboxBounds(),
@@ -85,7 +85,7 @@ TEST_F(NetworkManager, ASecondStartIsIgnored) {
   EXPECT_EQ(0u, second.outbox->counters().added);
 }
 
-TEST_F(NetworkManager, StatesOutsideTheThreeCountAsZero) {
+TEST_F(NetworkManager, TreatsUnknownStatesAsZero) {
   for (const int state : {-1, 3, 2'147'483'647}) {
     manager.setManagerState(state);
     EXPECT_EQ(0, manager.managerState());
@@ -96,41 +96,41 @@ TEST_F(NetworkManager, StatesOutsideTheThreeCountAsZero) {
   EXPECT_EQ(2, manager.managerState());
 }
 
-TEST_F(NetworkManager, DisabledByDefaultHoldsUntilItIsEnabled) {
+TEST_F(NetworkManager, PausesWhenDisabledByDefaultUntilEnabled) {
   manager.start(setup);
   manager.setManagerState(2);
   manager.changingSDKBehaviour(false);
   enqueue("e");
-  EXPECT_TRUE(holdsNow());
+  EXPECT_TRUE(isPausedWithoutAttempts());
   manager.changingSDKBehaviour(true);
   EXPECT_TRUE(manager.flush(20s));
   EXPECT_EQ(1u, server.requests().size());
 }
 
-TEST_F(NetworkManager, AStateFromBeforeTheStartHolds) {
+TEST_F(NetworkManager, PausesForAStateSetBeforeTheStart) {
   setup.outbox->add(server.url(), bodyOf("old"));
   manager.setManagerState(2);
   manager.start(setup);
-  EXPECT_TRUE(holdsNow());
+  EXPECT_TRUE(isPausedWithoutAttempts());
   EXPECT_EQ(0, server.connections());
   manager.changingSDKBehaviour(true);
   EXPECT_TRUE(manager.flush(20s));
 }
 
-TEST_F(NetworkManager, WhatWasLeftIsNotSentBeforeTheStateIsTold) {
+TEST_F(NetworkManager, DoesNotSendOldRequestsBeforeTheStateIsSet) {
   setup.timings.startHold = 1h;
   setup.outbox->add(server.url(), bodyOf("old"));
   manager.start(setup);
   manager.storageChanged();
   ASSERT_TRUE(maintained.waitFor(1));
   manager.setManagerState(2);
-  EXPECT_TRUE(holdsNow());
+  EXPECT_TRUE(isPausedWithoutAttempts());
   EXPECT_EQ(0, server.connections());
   manager.changingSDKBehaviour(true);
   EXPECT_TRUE(manager.flush(20s));
 }
 
-TEST_F(NetworkManager, AlwaysEnabledIgnoresStopping) {
+TEST_F(NetworkManager, IgnoresStoppingWhenAlwaysEnabled) {
   manager.start(setup);
   manager.setManagerState(1);
   manager.changingSDKBehaviour(true);
@@ -140,16 +140,16 @@ TEST_F(NetworkManager, AlwaysEnabledIgnoresStopping) {
   EXPECT_FALSE(manager.counters().paused);
 }
 
-TEST_F(NetworkManager, InTheBackgroundRequestsAreHeld) {
+TEST_F(NetworkManager, PausesRequestsInTheBackground) {
   manager.start(setup);
   manager.onBackground();
   enqueue("e");
-  EXPECT_TRUE(holdsNow());
+  EXPECT_TRUE(isPausedWithoutAttempts());
   manager.onForeground();
   EXPECT_TRUE(manager.flush(20s));
 }
 
-TEST_F(NetworkManager, EnabledToRunInTheBackgroundRequestsGoOut) {
+TEST_F(NetworkManager, SendsInTheBackgroundWhenEnabled) {
   manager.start(setup);
   manager.onBackground();
   manager.enableRunningInBackground();
@@ -161,28 +161,28 @@ TEST_F(NetworkManager, EnabledToRunInTheBackgroundRequestsGoOut) {
   EXPECT_TRUE(manager.flush(20s));
 }
 
-TEST_F(NetworkManager, RequestsWaitForTheUserAgent) {
+TEST_F(NetworkManager, PausesRequestsUntilTheUserAgentIsKnown) {
   std::function<void()> known;
-  setup.requestUserAgent = [&](std::function<void()> answer) { known = std::move(answer); };
+  setup.requestUserAgent = [&](std::function<void()> done) { known = std::move(done); };
   manager.start(setup);
   manager.waitForUserAgent();
   ASSERT_TRUE(known);
   enqueue("e");
-  EXPECT_TRUE(holdsNow());
+  EXPECT_TRUE(isPausedWithoutAttempts());
   known();
   EXPECT_TRUE(manager.flush(20s));
 }
 
-TEST_F(NetworkManager, AUserAgentThatIsKnownAtOnceHoldsNothing) {
+TEST_F(NetworkManager, DoesNotPauseWhenTheUserAgentIsKnownImmediately) {
   setup.requestUserAgent = [](const std::function<void()>& known) { known(); };
   manager.start(setup);
   manager.waitForUserAgent();
   EXPECT_FALSE(manager.counters().paused);
 }
 
-TEST_F(NetworkManager, AWaitFromBeforeTheStartBeginsWithIt) {
+TEST_F(NetworkManager, StartsAUserAgentWaitRequestedBeforeTheStart) {
   std::function<void()> known;
-  setup.requestUserAgent = [&](std::function<void()> answer) { known = std::move(answer); };
+  setup.requestUserAgent = [&](std::function<void()> done) { known = std::move(done); };
   manager.waitForUserAgent();
   manager.start(setup);
   ASSERT_TRUE(known);
@@ -191,14 +191,14 @@ TEST_F(NetworkManager, AWaitFromBeforeTheStartBeginsWithIt) {
   EXPECT_FALSE(manager.counters().paused);
 }
 
-TEST_F(NetworkManager, AUserAgentQuestionThatThrowsHoldsNothing) {
+TEST_F(NetworkManager, DoesNotPauseWhenTheUserAgentRequestThrows) {
   setup.requestUserAgent = [](const std::function<void()>&) { throw std::runtime_error("none"); };
   manager.start(setup);
   manager.waitForUserAgent();
   EXPECT_FALSE(manager.counters().paused);
 }
 
-TEST_F(NetworkManager, APurgeEmptiesTheQueue) {
+TEST_F(NetworkManager, PurgeEmptiesTheQueue) {
   manager.start(setup);
   manager.onBackground();
   enqueue("e");
@@ -214,34 +214,36 @@ std::string lineFrom(int pipe) {
   return line;
 }
 
-TEST(NetworkManagerAtExit, AHangingRequestDelaysNoExitAndIsKept) {
+TEST(NetworkManagerAtExit, KeepsAHangingRequestWithoutDelayingTheExit) {
   const TemporaryFolder folder;
-  int words[2];
-  ASSERT_EQ(0, pipe(words));
-  // Forked before the server's threads are there: a child of theirs could make none of its own.
+  int commands[2];
+  ASSERT_EQ(0, pipe(commands));
+  // Forked before the server creates threads, because a child of a multithreaded process could not
+  // create its own.
   ChildProcess child([&](int) {
     JXTransferSetup setup;
     setup.clock = std::make_shared<JXSystemClock>();
     setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), setup.clock);
-    setup.caFile = lineFrom(words[0]);
-    const std::string url = lineFrom(words[0]);
+    setup.caFile = lineFrom(commands[0]);
+    const std::string url = lineFrom(commands[0]);
     JXNetworkManager::sharedInstance().start(setup);
     JXNetworkManager::sharedInstance().enqueue(url, bodyOf("kept"));
-    std::exit(lineFrom(words[0]) == "exit" ? 3 : 4);
+    std::exit(lineFrom(commands[0]) == "exit" ? 3 : 4);
     return 0;
   });
   test::JXTestServer server;
   test::JXTestAnswer never;
   never.manner = test::JXTestAnswer::Manner::StallBeforeHead;
   server.answerAll(never);
-  const std::string whereTo = server.caFile() + "\n" + server.url() + "\n";
-  ASSERT_EQ(static_cast<ssize_t>(whereTo.size()), write(words[1], whereTo.data(), whereTo.size()));
+  const std::string addresses = server.caFile() + "\n" + server.url() + "\n";
+  ASSERT_EQ(static_cast<ssize_t>(addresses.size()),
+            write(commands[1], addresses.data(), addresses.size()));
   ASSERT_TRUE(server.waitForRequests(1));
-  ASSERT_EQ(5, write(words[1], "exit\n", 5));
-  // The request would hang for 30 seconds, and this test's limit is below.
+  ASSERT_EQ(5, write(commands[1], "exit\n", 5));
+  // The request would hang for 30 seconds, longer than the time limit of this test.
   EXPECT_EQ(3, child.wait());
-  close(words[0]);
-  close(words[1]);
+  close(commands[0]);
+  close(commands[1]);
   std::string error;
   const std::vector<JXOutboxListing> queued = listOutbox(folder.file("outbox"), error);
   ASSERT_EQ(1u, queued.size()) << error;

@@ -7,23 +7,23 @@
 namespace jx {
 namespace {
 
-TEST(PublicKeyPin, IsTheBase64TextOf32Bytes) {
+TEST(PublicKeyPin, AcceptsTheBase64FormOf32Bytes) {
   EXPECT_TRUE(isPublicKeyPin("47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU="));
   EXPECT_TRUE(isPublicKeyPin("AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA="));
 }
 
-TEST(PublicKeyPin, IsNoOtherText) {
-  for (const char* text : {
+TEST(PublicKeyPin, RejectsAnyOtherString) {
+  for (const char* string : {
            "",
            "=",
-           "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU",           // no end
+           "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU",           // no padding
            "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuF==",          // 31 bytes
-           "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFV=",          // 32 bytes and a bit
-           "47DEQpj8HBSa-_TImW-5JCeuQeRkm5NMpJWZG3hSuFU=",          // the alphabet of URLs
-           "sha256//47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=",  // another's form
+           "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFV=",          // extra bits
+           "47DEQpj8HBSa-_TImW-5JCeuQeRkm5NMpJWZG3hSuFU=",          // URL-safe alphabet
+           "sha256//47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=",  // libcurl's prefix
            "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855",
        }) {
-    EXPECT_FALSE(isPublicKeyPin(text)) << text;
+    EXPECT_FALSE(isPublicKeyPin(string)) << string;
   }
 }
 

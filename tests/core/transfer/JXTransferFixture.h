@@ -14,7 +14,7 @@
 
 namespace jx::test {
 
-/// Collects values from other threads and lets a test wait for their number.
+/// Collects values from other threads and lets a test wait for a number of them.
 template <class Value>
 class JXCollected {
  public:
@@ -27,7 +27,7 @@ class JXCollected {
     const std::lock_guard<std::mutex> lock(mutex_);
     return values_;
   }
-  /// False when there are not so many after 20 seconds.
+  /// Waits until there are `count` values; returns false after 20 seconds.
   bool waitFor(std::size_t count) {
     std::unique_lock<std::mutex> lock(mutex_);
     return changed_.wait_for(lock, std::chrono::seconds(20),
@@ -40,20 +40,20 @@ class JXCollected {
   std::vector<Value> values_;
 };
 
-/// Keeps the log lines up to level 5, each as "LEVEL text", while it lives.
+/// Captures log messages up to level 5 during its lifetime, each as "LEVEL message".
 class JXLogCapture {
  public:
   JXLogCapture() {
     JXLogger::sharedInstance().setMaxLevel(5);
-    JXLogger::sharedInstance().setSink([this](int level, std::string_view text) {
-      lines_.add(std::to_string(level) + " " + std::string(text));
+    JXLogger::sharedInstance().setSink([this](int level, std::string_view message) {
+      lines_.add(std::to_string(level) + " " + std::string(message));
     });
   }
   ~JXLogCapture() { JXLogger::sharedInstance().setSink(nullptr); }
   JXLogCapture(const JXLogCapture&) = delete;
   JXLogCapture& operator=(const JXLogCapture&) = delete;
 
-  /// The lines that hold `part`.
+  /// Returns the messages that contain `part`.
   std::vector<std::string> linesWith(const std::string& part) const {
     std::vector<std::string> found;
     for (const std::string& line : lines_.all()) {
@@ -66,7 +66,7 @@ class JXLogCapture {
   JXCollected<std::string> lines_;
 };
 
-/// The body of an event with this identifier.
+/// Returns the body of an event with the given ID.
 inline std::string bodyOf(const std::string& eventId) {
   return R"({"context":{"event_id":")" + eventId + R"("}})";
 }

@@ -20,7 +20,7 @@ using test::bodyOf;
 using Time = std::chrono::steady_clock::time_point;
 using Texts = std::vector<std::string>;
 
-// Answers at once with what it is told, or keeps the requests in flight.
+// Returns the configured response immediately, or keeps the requests in flight.
 class FakeTransport : public JXHttpTransport {
  public:
   void start(JXHttpRequest request) override {
@@ -51,7 +51,7 @@ class FakeTransport : public JXHttpTransport {
   bool answers = true;
   bool failsToStart = false;
   JXAttemptResult outcome{200, false};
-  std::map<std::string, int> statusOf;  // by body, in place of that of `outcome`
+  std::map<std::string, int> statusOf;  // by body; overrides the status of `outcome`
   JXString retryAfter;
   std::string reason = "refused";
   std::vector<JXHttpRequest> started;
@@ -70,7 +70,7 @@ class TransferLoop : public ::testing::Test {
     setup.maintain = [this] { ++maintained; };
     setup.onDelivery = [this](const JXDelivery& delivery) {
       deliveries.push_back(delivery);
-      if (throws) throw std::runtime_error("the host's");
+      if (throws) throw std::runtime_error("application");
     };
     setup.beforeConnecting = [this] { ++probes; };
   }
@@ -83,10 +83,10 @@ class TransferLoop : public ::testing::Test {
     setup.outbox->add("https://host/", bodyOf(eventId));
     added = true;
   }
-  void turn() {
-    loop().take(orders, std::exchange(added, false));
-    rest = loop().act();
-    loop().waitAndSettle(rest, true);
+  void runOnce() {
+    loop().apply(commands, std::exchange(added, false));
+    wait = loop().act();
+    loop().waitAndComplete(wait, true);
   }
   std::uint64_t queued() const { return setup.outbox->counters().queued; }
 
@@ -95,8 +95,8 @@ class TransferLoop : public ::testing::Test {
   std::shared_ptr<FakeTransport> transport = std::make_shared<FakeTransport>();
   Time now = Time(1'000s);
   JXTransferSetup setup;
-  JXTransferCommands orders;
-  JXTransferWait rest;
+  JXTransferCommands commands;
+  JXTransferWait wait;
   bool added = false;
   int maintained = 0;
   int probes = 0;
@@ -107,29 +107,29 @@ class TransferLoop : public ::testing::Test {
   std::unique_ptr<JXTransferLoop> loop_;
 };
 
-TEST_F(TransferLoop, ManyEventsWhileOfflineMakeFewAttempts) {
+TEST_F(TransferLoop, MakesFewAttemptsForManyEventsWhileOffline) {
   transport->outcome = {0, false};
   for (int i = 0; i < 2'050; ++i) {
     add("e");
-    turn();
-    turn();
+    runOnce();
+    runOnce();
     now += 3ms;
   }
-  // At 0 s, and after pauses of 0.5, 1 and 2 seconds; the next would be at 7.5 s.
+  // At 0 s, and after backoffs of 0.5, 1 and 2 seconds; the next attempt would be at 7.5 s.
   EXPECT_EQ(4u, transport->started.size());
   EXPECT_EQ(2'050u, queued());
   EXPECT_EQ(4u, loop().attempts());
   EXPECT_EQ(4u, loop().failures());
 }
 
-TEST_F(TransferLoop, ARequestOnWhichTheServerStumblesLetsTheOthersBy) {
+TEST_F(TransferLoop, RequestFailingRepeatedlyDoesNotBlockOthers) {
   transport->statusOf[bodyOf("bad")] = 500;
   add("bad");
   for (const char* id : {"b", "c", "d", "e", "f"})
     add(id);
-  // Three failures with pauses of 0.5, 1 and 2 seconds, then the others.
+  // Three failures with backoffs of 0.5, 1 and 2 seconds, then the others.
   for (int i = 0; i < 10; ++i) {
-    turn();
+    runOnce();
     now += 1s;
   }
   EXPECT_EQ(1u, queued());
@@ -137,50 +137,50 @@ TEST_F(TransferLoop, ARequestOnWhichTheServerStumblesLetsTheOthersBy) {
   for (const JXDelivery& each : deliveries)
     delivered.push_back(each.eventId.toStdString());
   EXPECT_EQ((Texts{"b", "c", "d", "e", "f"}), delivered);
-  // From now on it is tried at growing distances, and holds nothing up.
+  // From now on it is retried with a growing backoff and does not block other requests.
   transport->started.clear();
   for (int i = 0; i < 3'600; ++i) {
-    turn();
+    runOnce();
     now += 1s;
   }
   EXPECT_GE(25u, transport->started.size());
   EXPECT_LE(12u, transport->started.size());
   transport->statusOf.clear();
   now += 300s;
-  turn();
+  runOnce();
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(TransferLoop, AFlushTriesWhatIsSetAside) {
+TEST_F(TransferLoop, FlushRetriesDeferredRequests) {
   transport->statusOf[bodyOf("bad")] = 500;
   add("bad");
   for (int i = 0; i < 60; ++i) {
-    turn();
+    runOnce();
     now += 1s;
   }
   ASSERT_EQ(1u, queued());
   transport->statusOf.clear();
-  ++orders.flushes;
-  turn();
+  ++commands.flushes;
+  runOnce();
   now += 1s;
-  turn();
+  runOnce();
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(TransferLoop, OneProbeThenUpToFourOldestFirst) {
+TEST_F(TransferLoop, SendsOneProbeThenUpToFourOldestFirst) {
   for (const char* id : {"a", "b", "c", "d", "e", "f"})
     add(id);
   transport->answers = false;
-  turn();
+  runOnce();
   ASSERT_EQ(1u, transport->started.size());
   transport->answers = true;
-  turn();
+  runOnce();
   transport->answers = false;
-  turn();
+  runOnce();
   ASSERT_EQ(5u, transport->started.size());
   transport->answers = true;
-  turn();
-  turn();
+  runOnce();
+  runOnce();
   Texts bodies;
   for (const JXHttpRequest& request : transport->started)
     bodies.push_back(request.body);
@@ -190,15 +190,15 @@ TEST_F(TransferLoop, OneProbeThenUpToFourOldestFirst) {
   EXPECT_EQ(1, probes);
 }
 
-TEST_F(TransferLoop, AFailedRequestKeepsItsPlace) {
+TEST_F(TransferLoop, FailedRequestKeepsItsPosition) {
   add("a");
   add("b");
   transport->outcome = {503, false};
-  turn();
+  runOnce();
   now += 1s;
   transport->outcome = {200, false};
-  turn();
-  turn();
+  runOnce();
+  runOnce();
   ASSERT_EQ(3u, transport->started.size());
   EXPECT_EQ(bodyOf("a"), transport->started[0].body);
   EXPECT_EQ(bodyOf("a"), transport->started[1].body);
@@ -206,25 +206,25 @@ TEST_F(TransferLoop, AFailedRequestKeepsItsPlace) {
   EXPECT_EQ(2, probes);
 }
 
-TEST_F(TransferLoop, ARetryAfterDateCountsFromTheTimeOfDay) {
+TEST_F(TransferLoop, ComparesARetryAfterDateWithTheTimeOfDay) {
   add("a");
   transport->outcome = {503, false};
   transport->retryAfter = "Sun, 06 Nov 1994 08:50:37 GMT";
-  turn();
+  runOnce();
   now += 60s - 1ms;
-  turn();
+  runOnce();
   EXPECT_EQ(1u, transport->started.size());
   now += 1ms;
-  turn();
+  runOnce();
   EXPECT_EQ(2u, transport->started.size());
 }
 
-TEST_F(TransferLoop, TheHostIsToldOfDeliveryAndRejection) {
+TEST_F(TransferLoop, ReportsDeliveredAndRejectedEvents) {
   add("a");
-  turn();
+  runOnce();
   transport->outcome = {404, false};
   add("b");
-  turn();
+  runOnce();
   ASSERT_EQ(2u, deliveries.size());
   EXPECT_EQ(JXDeliveryOutcome::Delivered, deliveries[0].outcome);
   EXPECT_EQ(JXString("a"), deliveries[0].eventId);
@@ -236,94 +236,94 @@ TEST_F(TransferLoop, TheHostIsToldOfDeliveryAndRejection) {
   EXPECT_EQ(JXString("HTTP status 404"), deliveries[1].reason);
 }
 
-TEST_F(TransferLoop, ARejectionIsOneLogLineWithStatusAndEvent) {
+TEST_F(TransferLoop, LogsARejectionOnceWithStatusAndEventId) {
   const test::JXLogCapture log;
   transport->outcome = {400, false};
   add("b-7");
-  turn();
-  EXPECT_EQ((Texts{"2 Request of event b-7 is rejected and not tried again: HTTP status 400"}),
+  runOnce();
+  EXPECT_EQ((Texts{"2 Server rejected event b-7: HTTP status 400; not retrying"}),
             log.linesWith("rejected"));
   EXPECT_EQ(1u, setup.outbox->counters().rejected);
 }
 
-TEST_F(TransferLoop, ABodyWithoutAnEventIdIsDeliveredToo) {
+TEST_F(TransferLoop, DeliversABodyWithoutAnEventId) {
   setup.outbox->add("https://host/", "no JSON");
   added = true;
-  turn();
+  runOnce();
   ASSERT_EQ(1u, deliveries.size());
   EXPECT_EQ(JXString(), deliveries[0].eventId);
 }
 
-TEST_F(TransferLoop, AFailureIsLoggedOnceForEachCause) {
+TEST_F(TransferLoop, LogsAFailureOncePerCause) {
   const test::JXLogCapture log;
   add("a");
   transport->outcome = {0, false};
   for (int i = 0; i < 5; ++i, now += 300s)
-    turn();
+    runOnce();
   transport->outcome = {503, false};
   for (int i = 0; i < 5; ++i, now += 300s)
-    turn();
-  EXPECT_EQ(1u, log.linesWith("next try in 500 ms: refused").size());
+    runOnce();
+  EXPECT_EQ(1u, log.linesWith("Delivery failed: refused; retrying in 500 ms").size());
   EXPECT_EQ(1u, log.linesWith("HTTP status 503").size());
-  EXPECT_EQ(2u, log.linesWith("3 Requests stay queued").size());
+  EXPECT_EQ(2u, log.linesWith("3 Delivery failed").size());
 }
 
-TEST_F(TransferLoop, FailuresThatDifferInNumbersOnlyAreOneCause) {
+TEST_F(TransferLoop, TreatsFailuresThatDifferOnlyInDigitsAsOneCause) {
   const test::JXLogCapture log;
   transport->outcome = {0, false};
   add("a");
   for (const char* reason : {"no connection after 12 ms", "no connection after 7 ms", "no name"}) {
     transport->reason = reason;
-    turn();
+    runOnce();
     now += 10min;
   }
-  EXPECT_EQ((Texts{"3 Requests stay queued, next try in 500 ms: no connection after 12 ms",
-                   "3 Requests stay queued, next try in 2000 ms: no name"}),
-            log.linesWith("Requests stay queued"));
+  EXPECT_EQ((Texts{"3 Delivery failed: no connection after 12 ms; retrying in 500 ms",
+                   "3 Delivery failed: no name; retrying in 2000 ms"}),
+            log.linesWith("Delivery failed"));
 }
 
-TEST_F(TransferLoop, WhatACallbackThrowsIsDropped) {
+TEST_F(TransferLoop, IgnoresExceptionsOfCallbacks) {
   throws = true;
   setup.maintain = [] { throw 5; };
   setup.beforeConnecting = [] { throw std::runtime_error("hook"); };
   add("a");
-  turn();
+  runOnce();
   now += 1s;
-  turn();
+  runOnce();
   EXPECT_EQ(1u, deliveries.size());
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(TransferLoop, DisablingGivesBackWhatIsInFlight) {
+TEST_F(TransferLoop, DisablingRequeuesRequestsInFlight) {
   transport->answers = false;
   add("a");
-  turn();
+  runOnce();
   ASSERT_EQ(1u, transport->inFlight.size());
-  orders.disabled = true;
-  turn();
+  commands.disabled = true;
+  runOnce();
   EXPECT_EQ(0u, transport->inFlight.size());
   EXPECT_EQ(1u, queued());
   now += 1h;
-  turn();
+  runOnce();
   EXPECT_EQ(1u, transport->started.size());
-  orders.disabled = false;
+  commands.disabled = false;
   transport->answers = true;
-  turn();
+  runOnce();
   EXPECT_EQ(0u, queued());
   EXPECT_EQ(0u, loop().failures());
 }
 
-TEST_F(TransferLoop, APurgeAbortsWhatIsInFlight) {
+TEST_F(TransferLoop, PurgeAbortsRequestsInFlight) {
   transport->answers = false;
   add("a");
-  turn();
+  runOnce();
   setup.outbox->purge();
-  ++orders.purges;
-  turn();
+  ++commands.purges;
+  runOnce();
   EXPECT_EQ(0u, transport->inFlight.size());
   transport->answers = true;
   add("b");
-  turn();
+  runOnce();
   ASSERT_EQ(2u, transport->started.size());
   EXPECT_EQ(bodyOf("b"), transport->started[1].body);
   ASSERT_EQ(2u, deliveries.size());
@@ -332,59 +332,58 @@ TEST_F(TransferLoop, APurgeAbortsWhatIsInFlight) {
   EXPECT_EQ(JXString("b"), deliveries[1].eventId);
 }
 
-// Dropped events as "id: reason", in the order in which they were told.
-Texts told(const std::vector<JXDelivery>& deliveries) {
-  Texts texts;
+// Returns the dropped events as "id: reason", in the order of their reports.
+Texts reported(const std::vector<JXDelivery>& deliveries) {
+  Texts reports;
   for (const JXDelivery& each : deliveries) {
     EXPECT_EQ(JXDeliveryOutcome::Dropped, each.outcome);
     EXPECT_EQ(0, each.status);
-    texts.push_back(each.eventId.toStdString() + ": " + each.reason.toStdString());
+    reports.push_back(each.eventId.toStdString() + ": " + each.reason.toStdString());
   }
-  return texts;
+  return reports;
 }
 
-TEST_F(TransferLoop, EventsThatTheBoundsDisplaceAreToldWithTheirIds) {
+TEST_F(TransferLoop, ReportsEvictedEventsWithTheirIds) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 2;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
-  orders.disabled = true;
-  turn();
+  commands.disabled = true;
+  runOnce();
   for (const char* id : {"a", "b", "c", "d"})
     add(id);
-  turn();
-  EXPECT_EQ(told(deliveries),
-            (Texts{"a: the queue held too many requests", "b: the queue held too many requests"}));
+  runOnce();
+  EXPECT_EQ(reported(deliveries), (Texts{"a: queue limit exceeded: number of requests",
+                                         "b: queue limit exceeded: number of requests"}));
   EXPECT_EQ(JXDropReason::TooMany, deliveries[0].dropReason);
-  turn();
+  runOnce();
   EXPECT_EQ(2u, deliveries.size());
 }
 
-TEST_F(TransferLoop, AnEventThatTheQueueDidNotTakeIsToldAsDropped) {
+TEST_F(TransferLoop, ReportsAnEventThatTheQueueDidNotAcceptAsDropped) {
   JXOutboxBounds bounds;
   bounds.maxBytes = 20;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
-  turn();
+  runOnce();
   add("large");
-  turn();
-  EXPECT_EQ(told(deliveries), Texts{"large: the queue held too many bytes"});
+  runOnce();
+  EXPECT_EQ(reported(deliveries), Texts{"large: queue limit exceeded: size in bytes"});
   EXPECT_EQ(JXDropReason::TooLarge, deliveries[0].dropReason);
 }
 
-TEST_F(TransferLoop, PurgedEventsAreToldWithTheirIds) {
+TEST_F(TransferLoop, ReportsPurgedEventsWithTheirIds) {
   transport->answers = false;
-  turn();
+  runOnce();
   add("in flight");
   add("queued");
-  turn();
+  runOnce();
   setup.outbox->purge();
-  ++orders.purges;
-  turn();
-  EXPECT_EQ(told(deliveries),
-            (Texts{"in flight: the queue was purged", "queued: the queue was purged"}));
+  ++commands.purges;
+  runOnce();
+  EXPECT_EQ(reported(deliveries), (Texts{"in flight: queue purged", "queued: queue purged"}));
   EXPECT_EQ(JXDropReason::Purged, deliveries[1].dropReason);
 }
 
-TEST_F(TransferLoop, AnEventDroppedInFlightIsToldOnce) {
+TEST_F(TransferLoop, ReportsAnEventDroppedInFlightOnce) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 1;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
@@ -393,133 +392,133 @@ TEST_F(TransferLoop, AnEventDroppedInFlightIsToldOnce) {
     transport->outcome = {200, false};
     transport->answers = false;
     add("a");
-    turn();
+    runOnce();
     ASSERT_EQ(1u, transport->inFlight.size());
     add("b");
-    turn();
+    runOnce();
     transport->outcome = {status, false};
     transport->answers = true;
-    turn();
+    runOnce();
     ASSERT_LE(1u, deliveries.size());
     EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
     EXPECT_EQ(JXString("a"), deliveries[0].eventId);
     for (std::size_t i = 1; i < deliveries.size(); ++i)
       EXPECT_EQ(JXString("b"), deliveries[i].eventId);
     transport->outcome = {200, false};
-    turn();
+    runOnce();
     EXPECT_EQ(0u, queued());
   }
 }
 
-TEST_F(TransferLoop, ACallbackThatMakesTheQueueDropAgainDoesNotKeepTheThread) {
+TEST_F(TransferLoop, CallbackThatCausesDropsDoesNotBlockTheThread) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 1;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
-  int told = 0;
+  int reports = 0;
   setup.onDelivery = [&](const JXDelivery&) {
-    ++told;
+    ++reports;
     setup.outbox->add("https://host/", bodyOf("more"));
   };
-  orders.disabled = true;
-  turn();
+  commands.disabled = true;
+  runOnce();
   add("a");
   add("b");
-  turn();
-  EXPECT_EQ(1, told);
-  EXPECT_EQ(now, rest.wakeAt);
-  turn();
-  EXPECT_EQ(2, told);
+  runOnce();
+  EXPECT_EQ(1, reports);
+  EXPECT_EQ(now, wait.wakeAt);
+  runOnce();
+  EXPECT_EQ(2, reports);
 }
 
-TEST_F(TransferLoop, ManyDropsAreToldTurnByTurnWithoutASleep) {
-  turn();
+TEST_F(TransferLoop, ReportsManyDropsInBatchesWithoutSleeping) {
+  runOnce();
   for (int i = 0; i < 100; ++i)
     setup.outbox->add("https://host/", bodyOf(std::to_string(i)));
   setup.outbox->purge();
-  ++orders.purges;
-  int turns = 0;
+  ++commands.purges;
+  int runs = 0;
   do {
-    turn();
-    ++turns;
-  } while (rest.wakeAt == now && turns < 10);
-  EXPECT_EQ(5, turns);
+    runOnce();
+    ++runs;
+  } while (wait.wakeAt == now && runs < 10);
+  EXPECT_EQ(5, runs);
   EXPECT_EQ(100u, deliveries.size());
 }
 
-TEST_F(TransferLoop, WithoutACallbackNoDropIsRemembered) {
+TEST_F(TransferLoop, DoesNotRememberDropsWithoutACallback) {
   setup.onDelivery = nullptr;
-  turn();
+  runOnce();
   add("a");
   setup.outbox->purge();
   EXPECT_TRUE(setup.outbox->takeDropped().empty());
 }
 
-TEST_F(TransferLoop, StorageIsMadeDurableASecondAfterAChangeWhileARequestHangs) {
+TEST_F(TransferLoop, SyncsASecondAfterAChangeWhileARequestHangs) {
   transport->answers = false;
   add("a");
-  turn();
+  runOnce();
   EXPECT_EQ(1'000ms, transport->timeouts.back());
   now += 999ms;
-  turn();
+  runOnce();
   EXPECT_TRUE(setup.outbox->needsSync());
   EXPECT_EQ(0, maintained);
   now += 1ms;
-  turn();
+  runOnce();
   EXPECT_FALSE(setup.outbox->needsSync());
   EXPECT_EQ(1, maintained);
   EXPECT_EQ(std::nullopt, transport->timeouts.back());
 }
 
-TEST_F(TransferLoop, AStorageChangeThatWasToldRunsTheMaintenance) {
-  turn();
+TEST_F(TransferLoop, RunsMaintenanceAfterAStorageChange) {
+  runOnce();
   now += 5s;
-  ++orders.storageChanges;
-  turn();
+  ++commands.storageChanges;
+  runOnce();
   now += 1s;
-  turn();
+  runOnce();
   EXPECT_EQ(1, maintained);
 }
 
-TEST_F(TransferLoop, AnIdleLoopWaitsWithoutALimit) {
+TEST_F(TransferLoop, WaitsWithoutATimeoutWhenIdle) {
   add("a");
-  turn();
+  runOnce();
   now += 1s;
-  turn();
-  turn();
+  runOnce();
+  runOnce();
   EXPECT_EQ(std::nullopt, transport->timeouts.back());
 }
 
-TEST_F(TransferLoop, ThePauseIsWaitedForInFull) {
+TEST_F(TransferLoop, WaitsForTheFullBackoff) {
   add("a");
   transport->outcome = {0, false};
-  turn();
-  turn();
+  runOnce();
+  runOnce();
   EXPECT_EQ(500ms, transport->timeouts.back());
   now += 499ms + 1us;
-  turn();
+  runOnce();
   EXPECT_EQ(1ms, transport->timeouts.back());
   EXPECT_EQ(1u, transport->started.size());
 }
 
-TEST_F(TransferLoop, AFailureInsideGivesBackAndPauses) {
+TEST_F(TransferLoop, RequeuesAndBacksOffAfterAnInternalFailure) {
   add("a");
   transport->failsToStart = true;
-  loop().take(orders, true);
+  loop().apply(commands, true);
   EXPECT_THROW(loop().act(), std::runtime_error);
   loop().recover("no memory");
   transport->failsToStart = false;
-  turn();
+  runOnce();
   EXPECT_EQ(0u, transport->started.size());
   now += 500ms;
-  turn();
+  runOnce();
   EXPECT_EQ(1u, transport->started.size());
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(TransferLoop, TheEndGivesBackAndMakesDurable) {
+TEST_F(TransferLoop, EndRequeuesAndSyncs) {
   transport->answers = false;
   add("a");
-  turn();
+  runOnce();
   loop().end();
   EXPECT_EQ(0u, transport->inFlight.size());
   EXPECT_FALSE(setup.outbox->needsSync());

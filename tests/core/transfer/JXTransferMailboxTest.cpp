@@ -13,40 +13,40 @@ class TransferMailbox : public ::testing::Test {
   JXTransferMailbox mailbox{[this] { ++wakes; }};
 };
 
-TEST_F(TransferMailbox, NobodyIsWokenWhileTheThreadIsAwake) {
+TEST_F(TransferMailbox, DoesNotWakeARunningThread) {
   mailbox.notifyAdded();
-  mailbox.order([](JXTransferCommands& orders) { orders.disabled = true; });
+  mailbox.send([](JXTransferCommands& commands) { commands.disabled = true; });
   EXPECT_EQ(0, wakes);
   EXPECT_TRUE(mailbox.readAdded());
   EXPECT_FALSE(mailbox.readAdded());
-  EXPECT_TRUE(mailbox.readOrders().disabled);
+  EXPECT_TRUE(mailbox.readCommands().disabled);
 }
 
-TEST_F(TransferMailbox, ASleeperIsWokenByTheFirstAdditionOnly) {
+TEST_F(TransferMailbox, WakesASleepingThreadForTheFirstAdditionOnly) {
   ASSERT_TRUE(mailbox.prepareToSleep(false));
   mailbox.notifyAdded();
   mailbox.notifyAdded();
   EXPECT_EQ(1, wakes);
 }
 
-TEST_F(TransferMailbox, ASleeperThatIgnoresAdditionsIsWokenByOrdersOnly) {
+TEST_F(TransferMailbox, WakesAThreadThatIgnoresAdditionsForCommandsOnly) {
   ASSERT_TRUE(mailbox.prepareToSleep(true));
   mailbox.notifyAdded();
   EXPECT_EQ(0, wakes);
-  mailbox.order([](JXTransferCommands& orders) { orders.stop = true; });
+  mailbox.send([](JXTransferCommands& commands) { commands.stop = true; });
   EXPECT_EQ(1, wakes);
   mailbox.awake();
   EXPECT_TRUE(mailbox.readAdded());
 }
 
-TEST_F(TransferMailbox, NewsFromBeforeTheSleepKeepTheThreadAwake) {
+TEST_F(TransferMailbox, PendingUpdatesKeepTheThreadAwake) {
   mailbox.notifyAdded();
   EXPECT_FALSE(mailbox.prepareToSleep(false));
   EXPECT_TRUE(mailbox.prepareToSleep(true));
   mailbox.awake();
-  mailbox.order([](JXTransferCommands& orders) { ++orders.purges; });
+  mailbox.send([](JXTransferCommands& commands) { ++commands.purges; });
   EXPECT_FALSE(mailbox.prepareToSleep(true));
-  mailbox.readOrders();
+  mailbox.readCommands();
   EXPECT_TRUE(mailbox.prepareToSleep(true));
 }
 

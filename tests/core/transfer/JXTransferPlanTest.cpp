@@ -13,17 +13,17 @@ using Ids = std::vector<std::uint64_t>;
 
 const Time kStart = Time(1'000s);
 constexpr JXAttemptResult kDelivered{200, false};
-constexpr JXAttemptResult kNoAnswer{0, false};
+constexpr JXAttemptResult kNoResponse{0, false};
 constexpr JXAttemptResult kUnavailable{503, false};
 constexpr JXAttemptResult kNeverSendable{0, true};
 
-// A plan past its hold at the start, with a queue that holds requests.
+// A plan after its `startHold`, with queued requests.
 class TransferPlan : public ::testing::Test {
  protected:
   TransferPlan() { plan.endStartHold(); }
 
   std::size_t mayStart(Time now) { return plan.next(now).mayStart; }
-  // The first request was delivered, so that several may follow.
+  // Delivers the first request, so that several may be in flight afterwards.
   void warmUp() {
     plan.started(1);
     plan.ended(1, kDelivered, {}, kStart, 0.5);
@@ -32,7 +32,7 @@ class TransferPlan : public ::testing::Test {
   JXTransferPlan plan{JXRetryTimings(), kStart};
 };
 
-TEST_F(TransferPlan, OnlyOneRequestIsInFlightUntilAnAnswerCame) {
+TEST_F(TransferPlan, StartsOneRequestUntilAResponseIsReceived) {
   EXPECT_EQ(1u, mayStart(kStart));
   EXPECT_TRUE(plan.next(kStart).probes);
   plan.started(1);
@@ -42,19 +42,19 @@ TEST_F(TransferPlan, OnlyOneRequestIsInFlightUntilAnAnswerCame) {
   EXPECT_FALSE(plan.next(kStart).probes);
 }
 
-TEST_F(TransferPlan, ARejectionIsAnAnswerToo) {
+TEST_F(TransferPlan, TreatsARejectionAsAResponse) {
   plan.started(1);
   EXPECT_EQ(JXResponseClass::Rejected, plan.ended(1, JXAttemptResult{404, false}, {}, kStart, 0.5));
   EXPECT_EQ(4u, mayStart(kStart));
 }
 
-TEST_F(TransferPlan, ARequestThatCannotBeSentTellsNothingOfTheNetwork) {
+TEST_F(TransferPlan, RequestThatCannotBeSentDoesNotEndTheProbe) {
   plan.started(1);
   EXPECT_EQ(JXResponseClass::Rejected, plan.ended(1, kNeverSendable, {}, kStart, 0.5));
   EXPECT_EQ(1u, mayStart(kStart));
 }
 
-TEST_F(TransferPlan, AtMostFourAreInFlight) {
+TEST_F(TransferPlan, KeepsAtMostFourRequestsInFlight) {
   warmUp();
   for (std::uint64_t id = 2; id <= 5; ++id)
     plan.started(id);
@@ -63,130 +63,130 @@ TEST_F(TransferPlan, AtMostFourAreInFlight) {
   EXPECT_EQ(1u, mayStart(kStart));
 }
 
-TEST_F(TransferPlan, AFailurePausesEverything) {
+TEST_F(TransferPlan, FailureDelaysAllRequests) {
   plan.started(1);
-  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(1, kNoResponse, {}, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 499ms));
-  EXPECT_EQ(kStart + 500ms, plan.rest(kStart).wakeAt);
+  EXPECT_EQ(kStart + 500ms, plan.nextWait(kStart).wakeAt);
   EXPECT_EQ(1u, mayStart(kStart + 500ms));
 }
 
-TEST_F(TransferPlan, APauseThatEndsWhileTheThreadGoesToRestIsNotOverslept) {
+TEST_F(TransferPlan, WakesForABackoffThatEndsBeforeTheSleep) {
   plan.started(1);
-  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(1, kNoResponse, {}, kStart, 0.5);
   ASSERT_EQ(0u, mayStart(kStart + 499ms));
-  EXPECT_EQ(kStart + 500ms, plan.rest(kStart + 500ms).wakeAt);
-  plan.holdUntil(kStart + 2s);
+  EXPECT_EQ(kStart + 500ms, plan.nextWait(kStart + 500ms).wakeAt);
+  plan.pauseUntil(kStart + 2s);
   ASSERT_EQ(0u, mayStart(kStart + 1'999ms));
-  EXPECT_EQ(kStart + 2s, plan.rest(kStart + 2s).wakeAt);
+  EXPECT_EQ(kStart + 2s, plan.nextWait(kStart + 2s).wakeAt);
 }
 
-TEST_F(TransferPlan, FourFailuresAtOnceAreOneStepOfThePause) {
+TEST_F(TransferPlan, CountsFourConcurrentFailuresOnce) {
   warmUp();
   for (std::uint64_t id = 2; id <= 5; ++id)
     plan.started(id);
   for (std::uint64_t id = 2; id <= 5; ++id)
     plan.ended(id, kUnavailable, {}, kStart, 0.5);
   EXPECT_EQ(1u, plan.retryState().failures);
-  EXPECT_EQ(kStart + 500ms, plan.retryState().pausedUntil);
+  EXPECT_EQ(kStart + 500ms, plan.retryState().backoffUntil);
 }
 
-TEST_F(TransferPlan, TheProbeAfterAFailureWaitsForThoseStillInFlight) {
+TEST_F(TransferPlan, ProbeAfterAFailureWaitsForRequestsInFlight) {
   warmUp();
   plan.started(2);
   plan.started(3);
-  plan.ended(2, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(2, kNoResponse, {}, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 10s));
-  plan.ended(3, kNoAnswer, {}, kStart + 10s, 0.5);
+  plan.ended(3, kNoResponse, {}, kStart + 10s, 0.5);
   EXPECT_EQ(1u, plan.retryState().failures);
   EXPECT_EQ(1u, mayStart(kStart + 10s));
 }
 
-TEST_F(TransferPlan, AnAnswerFromBeforeTheFailureDoesNotOpenThePipeline) {
+TEST_F(TransferPlan, ResponseFromBeforeTheFailureDoesNotEndTheBackoff) {
   warmUp();
   plan.started(2);
   plan.started(3);
-  plan.ended(2, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(2, kNoResponse, {}, kStart, 0.5);
   plan.ended(3, kDelivered, {}, kStart + 1ms, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 499ms));
   EXPECT_EQ(1u, mayStart(kStart + 500ms));
 }
 
-TEST_F(TransferPlan, AfterMoreThanAMinuteOfIdlenessOneRequestProbes) {
+TEST_F(TransferPlan, ProbesWithOneRequestAfterAnIdleMinute) {
   warmUp();
   EXPECT_EQ(4u, mayStart(kStart + 60s));
   EXPECT_EQ(1u, mayStart(kStart + 60s + 1ms));
 }
 
-TEST_F(TransferPlan, RetryAfterIsObeyed) {
+TEST_F(TransferPlan, WaitsForRetryAfter) {
   plan.started(1);
   plan.ended(1, JXAttemptResult{429, false}, 30s, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 29'999ms));
   EXPECT_EQ(1u, mayStart(kStart + 30s));
 }
 
-TEST_F(TransferPlan, AnEmptyQueueNeedsNoWaking) {
+TEST_F(TransferPlan, DoesNotWakeForAnEmptyQueue) {
   plan.nothingToStart(kStart);
   EXPECT_EQ(0u, mayStart(kStart));
-  EXPECT_EQ(std::nullopt, plan.rest(kStart).wakeAt);
-  EXPECT_FALSE(plan.rest(kStart).ignoresAdditions);
+  EXPECT_EQ(std::nullopt, plan.nextWait(kStart).wakeAt);
+  EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);
 }
 
-TEST_F(TransferPlan, DisablingAbortsWhatIsInFlightAndHoldsIt) {
+TEST_F(TransferPlan, DisablingAbortsAndPausesRequestsInFlight) {
   plan.started(1);
   plan.setDisabled(true);
   EXPECT_TRUE(plan.next(kStart).abortInFlight);
   EXPECT_EQ(Ids{1}, plan.aborted());
-  const JXTransferActions step = plan.next(kStart);
-  EXPECT_FALSE(step.abortInFlight);
-  EXPECT_EQ(0u, step.mayStart);
-  EXPECT_EQ(std::nullopt, plan.rest(kStart).wakeAt);
+  const JXTransferActions actions = plan.next(kStart);
+  EXPECT_FALSE(actions.abortInFlight);
+  EXPECT_EQ(0u, actions.mayStart);
+  EXPECT_EQ(std::nullopt, plan.nextWait(kStart).wakeAt);
   plan.setDisabled(false);
   EXPECT_EQ(1u, mayStart(kStart));
   EXPECT_EQ(0u, plan.retryState().failures);
 }
 
-TEST_F(TransferPlan, DisablingHoldsARetryThatWasScheduled) {
+TEST_F(TransferPlan, DisablingPausesAScheduledRetry) {
   plan.started(1);
-  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(1, kNoResponse, {}, kStart, 0.5);
   plan.setDisabled(true);
   EXPECT_EQ(0u, mayStart(kStart + 1h));
-  EXPECT_EQ(std::nullopt, plan.rest(kStart).wakeAt);
+  EXPECT_EQ(std::nullopt, plan.nextWait(kStart).wakeAt);
 }
 
-TEST_F(TransferPlan, InTheBackgroundNothingStartsAndNothingIsAborted) {
+TEST_F(TransferPlan, NeitherStartsNorAbortsRequestsInTheBackground) {
   plan.started(1);
   plan.setInBackground(true);
-  const JXTransferActions step = plan.next(kStart);
-  EXPECT_FALSE(step.abortInFlight);
-  EXPECT_EQ(0u, step.mayStart);
+  const JXTransferActions actions = plan.next(kStart);
+  EXPECT_FALSE(actions.abortInFlight);
+  EXPECT_EQ(0u, actions.mayStart);
   plan.ended(1, kDelivered, {}, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart));
   plan.setInBackground(false);
   EXPECT_EQ(4u, mayStart(kStart));
 }
 
-TEST_F(TransferPlan, TheHoldForTheUserAgentEndsByItself) {
-  plan.holdUntil(kStart + 10s);
+TEST_F(TransferPlan, PauseForTheUserAgentEndsAutomatically) {
+  plan.pauseUntil(kStart + 10s);
   EXPECT_EQ(0u, mayStart(kStart + 9'999ms));
-  EXPECT_EQ(kStart + 10s, plan.rest(kStart).wakeAt);
+  EXPECT_EQ(kStart + 10s, plan.nextWait(kStart).wakeAt);
   EXPECT_EQ(1u, mayStart(kStart + 10s));
 }
 
-TEST_F(TransferPlan, TheHoldForTheUserAgentEndsWhenItIsKnown) {
-  plan.holdUntil(kStart + 10s);
-  plan.holdUntil(std::nullopt);
+TEST_F(TransferPlan, PauseForTheUserAgentEndsWhenItIsKnown) {
+  plan.pauseUntil(kStart + 10s);
+  plan.pauseUntil(std::nullopt);
   EXPECT_EQ(1u, mayStart(kStart));
 }
 
-TEST(TransferPlanAtItsStart, WhatTheQueueHoldsWaitsASecondForADecision) {
+TEST(TransferPlanStartHold, WaitsASecondForADecision) {
   JXTransferPlan plan(JXRetryTimings(), kStart);
   EXPECT_EQ(0u, plan.next(kStart + 999ms).mayStart);
-  EXPECT_EQ(kStart + 1s, plan.rest(kStart).wakeAt);
+  EXPECT_EQ(kStart + 1s, plan.nextWait(kStart).wakeAt);
   EXPECT_EQ(1u, plan.next(kStart + 1s).mayStart);
 }
 
-TEST(TransferPlanAtItsStart, ARequestOrADecisionOrAFlushEndsTheHold) {
+TEST(TransferPlanStartHold, EndsForARequestADecisionOrAFlush) {
   JXTransferPlan byRequest(JXRetryTimings(), kStart);
   byRequest.requestsAdded();
   EXPECT_EQ(1u, byRequest.next(kStart).mayStart);
@@ -198,25 +198,25 @@ TEST(TransferPlanAtItsStart, ARequestOrADecisionOrAFlushEndsTheHold) {
   EXPECT_EQ(1u, byFlush.next(kStart).mayStart);
 }
 
-TEST(TransferPlanAtItsStart, AnAdditionIsHeardDuringTheHold) {
+TEST(TransferPlanStartHold, WakesForAnAddedRequest) {
   JXTransferPlan plan(JXRetryTimings(), kStart);
   plan.storageChanged(kStart);
-  EXPECT_FALSE(plan.rest(kStart).ignoresAdditions);
+  EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);
 }
 
-TEST_F(TransferPlan, ASyncFollowsTheFirstChangeByASecond) {
+TEST_F(TransferPlan, SyncsASecondAfterTheFirstChange) {
   plan.nothingToStart(kStart);
   plan.storageChanged(kStart);
   plan.storageChanged(kStart + 700ms);
   EXPECT_FALSE(plan.next(kStart + 999ms).sync);
-  EXPECT_EQ(kStart + 1s, plan.rest(kStart + 999ms).wakeAt);
+  EXPECT_EQ(kStart + 1s, plan.nextWait(kStart + 999ms).wakeAt);
   EXPECT_TRUE(plan.next(kStart + 1s).sync);
   plan.synced(false, kStart + 1s);
   EXPECT_FALSE(plan.next(kStart + 1h).sync);
-  EXPECT_EQ(std::nullopt, plan.rest(kStart + 1h).wakeAt);
+  EXPECT_EQ(std::nullopt, plan.nextWait(kStart + 1h).wakeAt);
 }
 
-TEST_F(TransferPlan, ASyncIsDueWhateverTheNetworkDoes) {
+TEST_F(TransferPlan, SyncsIndependentlyOfTheNetwork) {
   warmUp();
   for (std::uint64_t id = 2; id <= 5; ++id)
     plan.started(id);
@@ -225,62 +225,62 @@ TEST_F(TransferPlan, ASyncIsDueWhateverTheNetworkDoes) {
   EXPECT_TRUE(plan.next(kStart + 1s).sync);
 }
 
-TEST_F(TransferPlan, ASyncThatFailsIsTriedAtGrowingDistances) {
+TEST_F(TransferPlan, RetriesAFailedSyncWithExponentialBackoff) {
   plan.nothingToStart(kStart);
   plan.storageChanged(kStart);
   Time now = kStart + 1s;
-  for (const auto distance : {1s, 2s, 4s, 8s, 16s, 32s, 60s, 60s}) {
+  for (const auto backoff : {1s, 2s, 4s, 8s, 16s, 32s, 60s, 60s}) {
     ASSERT_TRUE(plan.next(now).sync);
     plan.synced(true, now);
-    EXPECT_EQ(now + distance, plan.rest(now).wakeAt);
-    now += distance;
+    EXPECT_EQ(now + backoff, plan.nextWait(now).wakeAt);
+    now += backoff;
   }
 }
 
-TEST_F(TransferPlan, AChangeAfterAFailedSyncIsSyncedWithinASecond) {
+TEST_F(TransferPlan, SyncsAChangeAfterAFailedSyncWithinASecond) {
   plan.nothingToStart(kStart);
   for (int i = 0; i < 6; ++i)
     plan.synced(true, kStart);
-  ASSERT_EQ(kStart + 32s, plan.rest(kStart).wakeAt);
+  ASSERT_EQ(kStart + 32s, plan.nextWait(kStart).wakeAt);
   plan.storageChanged(kStart);
-  EXPECT_EQ(kStart + 1s, plan.rest(kStart).wakeAt);
+  EXPECT_EQ(kStart + 1s, plan.nextWait(kStart).wakeAt);
 }
 
-TEST_F(TransferPlan, AdditionsDuringAPauseAreNoReasonToWake) {
+TEST_F(TransferPlan, DoesNotWakeForAdditionsDuringABackoff) {
   plan.started(1);
-  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
-  EXPECT_FALSE(plan.rest(kStart).ignoresAdditions);  // the first one sets the time of the sync
+  plan.ended(1, kNoResponse, {}, kStart, 0.5);
+  EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);  // the first addition schedules the sync
   plan.storageChanged(kStart);
-  EXPECT_TRUE(plan.rest(kStart).ignoresAdditions);
+  EXPECT_TRUE(plan.nextWait(kStart).ignoresAdditions);
 }
 
-TEST_F(TransferPlan, AFlushCutsAPauseThatNobodyAskedFor) {
+TEST_F(TransferPlan, FlushShortensABackoffWithoutRetryAfter) {
   Time now = kStart;
   for (std::uint64_t id = 1; id <= 6; ++id) {
     plan.started(id);
-    plan.ended(id, kNoAnswer, {}, now, 0.5);
+    plan.ended(id, kNoResponse, {}, now, 0.5);
   }
   EXPECT_EQ(0u, mayStart(now + 2s));
   plan.expedite(now + 2s);
   EXPECT_EQ(1u, mayStart(now + 2s));
 }
 
-TEST_F(TransferPlan, AFailureInsideTheProcessPausesToo) {
-  plan.failedInside(kStart, 0.5);
+TEST_F(TransferPlan, InternalFailureStartsABackoff) {
+  plan.failedInternally(kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart + 499ms));
   EXPECT_EQ(1u, mayStart(kStart + 500ms));
 }
 
-TEST_F(TransferPlan, AnEndThatWasAlreadyToldIsIgnored) {
+TEST_F(TransferPlan, IgnoresASecondEndOfARequest) {
   plan.started(1);
   plan.ended(1, kDelivered, {}, kStart, 0.5);
-  plan.ended(1, kNoAnswer, {}, kStart, 0.5);
+  plan.ended(1, kNoResponse, {}, kStart, 0.5);
   EXPECT_EQ(4u, mayStart(kStart));
 }
 
-TEST_F(TransferPlan, WhatIsSetAsideWakesTheThreadWhenItsPauseIsOver) {
+TEST_F(TransferPlan, WakesWhenADeferralEnds) {
   Time now = kStart;
-  // Without jitter the pipeline's own pauses are over at once.
+  // With a draw of 0 the backoff of the pipeline ends immediately.
   for (int i = 0; i < 4; ++i) {
     plan.started(1);
     plan.ended(1, kUnavailable, {}, now, 0);
@@ -288,7 +288,7 @@ TEST_F(TransferPlan, WhatIsSetAsideWakesTheThreadWhenItsPauseIsOver) {
   EXPECT_EQ(plan.deferred(now), Ids{1});
   plan.nothingToStart(now);
   EXPECT_EQ(0u, mayStart(now + 1'999ms));
-  EXPECT_EQ(now + 2s, plan.rest(now + 1'999ms).wakeAt);
+  EXPECT_EQ(now + 2s, plan.nextWait(now + 1'999ms).wakeAt);
   EXPECT_EQ(1u, mayStart(now + 2s));
   EXPECT_EQ(plan.deferred(now + 2s), Ids{});
 }

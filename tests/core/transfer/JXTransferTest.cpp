@@ -28,7 +28,7 @@ using Texts = std::vector<std::string>;
 
 constexpr milliseconds kLong = 20s;
 
-JXTestAnswer told(Manner manner, int status = 200) {
+JXTestAnswer answerOf(Manner manner, int status = 200) {
   JXTestAnswer answer;
   answer.manner = manner;
   answer.status = status;
@@ -58,8 +58,8 @@ class Transfer : public ::testing::Test {
   }
   void enqueue(const std::string& eventId) { transfer->enqueue(server.url(), bodyOf(eventId)); }
   std::uint64_t queued() const { return setup.outbox->counters().queued; }
-  // Returns once the thread has done everything that was due when this was called.
-  bool letTheThreadTurn() {
+  // Waits until the thread has done everything that was due when this was called.
+  bool waitForThread() {
     const std::size_t before = maintained.all().size();
     transfer->storageChanged();
     return maintained.waitFor(before + 1);
@@ -93,14 +93,14 @@ TEST_F(Transfer, DeliversEveryRequestOnce) {
   EXPECT_FALSE(counters.paused);
 }
 
-TEST_F(Transfer, WhatAnEarlierProcessLeftIsDelivered) {
+TEST_F(Transfer, DeliversRequestsOfAnEarlierProcess) {
   setup.outbox->add(server.url(), bodyOf("old"));
   start();
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ(Texts{bodyOf("old")}, server.bodies());
 }
 
-TEST_F(Transfer, RequestsSentOneByOneUseOneConnectionInOrder) {
+TEST_F(Transfer, SendsSequentialRequestsInOrderOverOneConnection) {
   start();
   Texts expected;
   for (int i = 0; i < 20; ++i) {
@@ -112,23 +112,23 @@ TEST_F(Transfer, RequestsSentOneByOneUseOneConnectionInOrder) {
   EXPECT_EQ(1, server.connections());
 }
 
-TEST_F(Transfer, EveryTrySendsTheSameBytes) {
-  server.answerNext(told(Manner::Whole, 503));
-  server.answerNext(told(Manner::Reset));
-  server.answerNext(told(Manner::Rubbish));
-  server.answerNext(told(Manner::Whole, 429));
+TEST_F(Transfer, SendsTheSameBytesInEveryAttempt) {
+  server.answerNext(answerOf(Manner::Whole, 503));
+  server.answerNext(answerOf(Manner::Reset));
+  server.answerNext(answerOf(Manner::Rubbish));
+  server.answerNext(answerOf(Manner::Whole, 429));
   start();
   enqueue("same");
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ(Texts(5, bodyOf("same")), server.bodies());
-  // A kept connection that is reset may have been idle for too long, so that libcurl sends the
-  // request again at once, on a new one: one try, two requests.
+  // A reused connection that is reset may have been idle for too long, so libcurl sends the request
+  // again on a new connection: one attempt, two requests.
   EXPECT_EQ(4u, transfer->counters().attempts);
   EXPECT_EQ(3u, transfer->counters().failures);
   EXPECT_EQ(1u, deliveries.all().size());
 }
 
-TEST_F(Transfer, AWrongCertificateKeepsTheRequest) {
+TEST_F(Transfer, KeepsTheRequestAfterAnInvalidCertificate) {
   const test::JXTestAuthority other;
   setup.caFile = other.caFile();
   start();
@@ -140,7 +140,7 @@ TEST_F(Transfer, AWrongCertificateKeepsTheRequest) {
   EXPECT_EQ(0u, deliveries.all().size());
 }
 
-TEST_F(Transfer, AMissingCaFileIsOneLogLineAndKeepsTheRequest) {
+TEST_F(Transfer, LogsAMissingCaFileOnceAndKeepsTheRequest) {
   const test::JXLogCapture log;
   setup.caFile = "/nowhere/ca.pem";
   start();
@@ -148,26 +148,25 @@ TEST_F(Transfer, AMissingCaFileIsOneLogLineAndKeepsTheRequest) {
   ASSERT_TRUE(probes.waitFor(4));
   EXPECT_TRUE(transfer->stop(kLong));
   EXPECT_EQ(1u, queued());
-  const Texts lines = log.linesWith("the CA file /nowhere/ca.pem is missing");
+  const Texts lines = log.linesWith("CA file /nowhere/ca.pem is missing");
   ASSERT_EQ(1u, lines.size());
   EXPECT_EQ('3', lines.front().front());
 }
 
-TEST_F(Transfer, PlainHttpBeyondTheDeviceIsRejectedWithALogLine) {
+TEST_F(Transfer, RejectsPlainHttpToOtherHostsWithALogMessage) {
   const test::JXLogCapture log;
   start();
   transfer->enqueue("http://collect.example/events", bodyOf("plain"));
   ASSERT_TRUE(deliveries.waitFor(1));
   EXPECT_EQ(JXDeliveryOutcome::Rejected, deliveries.all().front().outcome);
   EXPECT_EQ(0, deliveries.all().front().status);
-  EXPECT_EQ((Texts{"2 Request of event plain is rejected and not tried again: requests go out by "
-                   "https only, not by http"}),
-            log.linesWith("rejected"));
+  EXPECT_EQ(Texts{"2 Event plain cannot be sent: URL scheme must be https, not http; not retrying"},
+            log.linesWith("cannot be sent"));
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(Transfer, ARedirectIsRejectedAndNotTriedAgain) {
-  JXTestAnswer redirect = told(Manner::Whole, 302);
+TEST_F(Transfer, RejectsARedirectWithoutRetrying) {
+  JXTestAnswer redirect = answerOf(Manner::Whole, 302);
   redirect.headers = {{"Location", server.url("/elsewhere")}};
   server.answerNext(redirect);
   start();
@@ -183,17 +182,17 @@ TEST_F(Transfer, ARedirectIsRejectedAndNotTriedAgain) {
   EXPECT_EQ(bodyOf("moved"), dead.front().body);
 }
 
-TEST_F(Transfer, AnEndlessAnswerDeliversOnce) {
-  server.answerNext(told(Manner::EndlessBody));
+TEST_F(Transfer, DeliversOnceDespiteAnEndlessResponse) {
+  server.answerNext(answerOf(Manner::EndlessBody));
   start();
   enqueue("endless");
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ(1u, server.requests().size());
 }
 
-TEST_F(Transfer, ARequestThatTimedOutIsTriedAgain) {
+TEST_F(Transfer, RetriesARequestThatTimedOut) {
   setup.timings.requestTimeout = 200ms;
-  server.answerNext(told(Manner::StallBeforeHead));
+  server.answerNext(answerOf(Manner::StallBeforeHead));
   start();
   enqueue("late");
   EXPECT_TRUE(transfer->flush(kLong));
@@ -201,7 +200,7 @@ TEST_F(Transfer, ARequestThatTimedOutIsTriedAgain) {
   EXPECT_GE(transfer->counters().failures, 1u);
 }
 
-TEST_F(Transfer, AServerThatComesBackGetsEverythingOnce) {
+TEST_F(Transfer, DeliversEverythingOnceWhenTheServerIsBack) {
   server.refuse();
   start();
   std::set<std::string> expected;
@@ -218,8 +217,8 @@ TEST_F(Transfer, AServerThatComesBackGetsEverythingOnce) {
   EXPECT_EQ(bodyOf("0"), bodies.front());
 }
 
-TEST_F(Transfer, StopsInTimeWhileARequestHangsAndKeepsIt) {
-  server.answerAll(told(Manner::StallBeforeHead));
+TEST_F(Transfer, StopsInTimeAndKeepsAHangingRequest) {
+  server.answerAll(answerOf(Manner::StallBeforeHead));
   start();
   enqueue("hangs");
   ASSERT_TRUE(server.waitForRequests(1));
@@ -230,7 +229,7 @@ TEST_F(Transfer, StopsInTimeWhileARequestHangsAndKeepsIt) {
   EXPECT_EQ(0u, deliveries.all().size());
 }
 
-TEST_F(Transfer, ARequestAfterTheStopIsKept) {
+TEST_F(Transfer, KeepsARequestAddedAfterTheStop) {
   start();
   EXPECT_TRUE(transfer->stop(kLong));
   enqueue("kept");
@@ -238,13 +237,13 @@ TEST_F(Transfer, ARequestAfterTheStopIsKept) {
   EXPECT_FALSE(transfer->flush(0ms));
 }
 
-TEST_F(Transfer, ATransferThatNeverStartedStops) {
+TEST_F(Transfer, StopsWhenItWasNeverStarted) {
   transfer = std::make_unique<JXTransfer>(setup);
   EXPECT_TRUE(transfer->stop(0ms));
 }
 
-TEST_F(Transfer, AFlushEndsAtItsDeadlineWhenNobodyAnswers) {
-  server.answerAll(told(Manner::StallBeforeHead));
+TEST_F(Transfer, FlushEndsAtItsDeadlineWithoutAResponse) {
+  server.answerAll(answerOf(Manner::StallBeforeHead));
   start();
   enqueue("hangs");
   ASSERT_TRUE(server.waitForRequests(1));
@@ -256,13 +255,13 @@ TEST_F(Transfer, AFlushEndsAtItsDeadlineWhenNobodyAnswers) {
   EXPECT_TRUE(transfer->flush(milliseconds::max()));
 }
 
-TEST_F(Transfer, AFlushOfAnEmptyQueueReturnsAtOnce) {
+TEST_F(Transfer, FlushOfAnEmptyQueueReturnsImmediately) {
   start();
   EXPECT_TRUE(transfer->flush(0ms));
 }
 
-TEST_F(Transfer, AFlushWaitsOutAPauseThatTheReceiverAskedFor) {
-  JXTestAnswer busy = told(Manner::Whole, 503);
+TEST_F(Transfer, FlushDoesNotShortenARetryAfter) {
+  JXTestAnswer busy = answerOf(Manner::Whole, 503);
   busy.headers = {{"Retry-After", "3600"}};
   server.answerAll(busy);
   start();
@@ -272,7 +271,7 @@ TEST_F(Transfer, AFlushWaitsOutAPauseThatTheReceiverAskedFor) {
   EXPECT_EQ(1u, server.requests().size());
 }
 
-TEST_F(Transfer, AFlushDoesNotTryAgainBeforeTheFirstPauseHasPassed) {
+TEST_F(Transfer, FlushDoesNotRetryBeforeTheInitialBackoff) {
   setup.timings.initialBackoff = 10min;
   setup.timings.maxBackoff = 1h;
   setup.draw = [] { return 0.9; };
@@ -280,32 +279,32 @@ TEST_F(Transfer, AFlushDoesNotTryAgainBeforeTheFirstPauseHasPassed) {
   setup.steadyNow = [offset] {
     return std::chrono::steady_clock::now() + std::chrono::hours(offset->load());
   };
-  server.answerNext(told(Manner::Whole, 500));
-  server.answerNext(told(Manner::Whole, 500));
+  server.answerNext(answerOf(Manner::Whole, 500));
+  server.answerNext(answerOf(Manner::Whole, 500));
   start();
   enqueue("e");
   ASSERT_TRUE(server.waitForRequests(1));
   while (transfer->counters().failures < 1)
-    ASSERT_TRUE(letTheThreadTurn());
-  // An hour later by the plan's clock the first pause is long over, and the second try fails.
+    ASSERT_TRUE(waitForThread());
+  // An hour later on the plan's clock the first backoff is over, and the second attempt fails.
   offset->store(1);
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   ASSERT_TRUE(server.waitForRequests(2));
   while (transfer->counters().failures < 2)
-    ASSERT_TRUE(letTheThreadTurn());
-  EXPECT_FALSE(transfer->flush(20ms)) << "less than the first pause has passed since the failure";
+    ASSERT_TRUE(waitForThread());
+  EXPECT_FALSE(transfer->flush(20ms)) << "less than initialBackoff has passed since the failure";
   EXPECT_EQ(2u, server.requests().size());
 }
 
-TEST_F(Transfer, WithdrawnConsentAbortsWhatIsInFlightAndHoldsIt) {
-  server.answerNext(told(Manner::StallBeforeHead));
+TEST_F(Transfer, WithdrawnConsentAbortsAndPausesRequestsInFlight) {
+  server.answerNext(answerOf(Manner::StallBeforeHead));
   start();
   enqueue("private");
   ASSERT_TRUE(server.waitForRequests(1));
   transfer->setDisabled(true);
   EXPECT_TRUE(server.waitForAbandoned(1));
   enqueue("second");
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   EXPECT_TRUE(transfer->counters().paused);
   EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(2u, queued());
@@ -314,19 +313,19 @@ TEST_F(Transfer, WithdrawnConsentAbortsWhatIsInFlightAndHoldsIt) {
   EXPECT_EQ((Texts{bodyOf("private"), bodyOf("private"), bodyOf("second")}), server.bodies());
 }
 
-TEST_F(Transfer, DisabledFromTheStartNothingIsSent) {
+TEST_F(Transfer, SendsNothingWhenDisabledFromTheStart) {
   setup.outbox->add(server.url(), bodyOf("old"));
   transfer = std::make_unique<JXTransfer>(setup);
   transfer->setDisabled(true);
   transfer->start();
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   EXPECT_EQ(0, server.connections());
   transfer->setDisabled(false);
   EXPECT_TRUE(transfer->flush(kLong));
 }
 
-TEST_F(Transfer, InTheBackgroundWhatIsInFlightEndsAndNothingStarts) {
-  JXTestAnswer slow = told(Manner::SlowBytes);
+TEST_F(Transfer, CompletesRequestsInFlightAndStartsNoneInTheBackground) {
+  JXTestAnswer slow = answerOf(Manner::SlowBytes);
   server.answerNext(slow);
   start();
   enqueue("first");
@@ -334,7 +333,7 @@ TEST_F(Transfer, InTheBackgroundWhatIsInFlightEndsAndNothingStarts) {
   transfer->setInBackground(true);
   enqueue("second");
   ASSERT_TRUE(deliveries.waitFor(1));
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(1u, queued());
   EXPECT_TRUE(transfer->counters().paused);
@@ -343,12 +342,12 @@ TEST_F(Transfer, InTheBackgroundWhatIsInFlightEndsAndNothingStarts) {
   EXPECT_EQ((Texts{bodyOf("first"), bodyOf("second")}), server.bodies());
 }
 
-TEST_F(Transfer, RequestsWaitForTheUserAgent) {
+TEST_F(Transfer, PausesRequestsUntilTheUserAgentIsKnown) {
   transfer = std::make_unique<JXTransfer>(setup);
-  transfer->holdForUserAgent();
+  transfer->pauseForUserAgent();
   transfer->start();
   enqueue("e");
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   EXPECT_EQ(0u, transfer->counters().attempts);
   EXPECT_TRUE(transfer->counters().paused);
   transfer->userAgentKnown();
@@ -356,18 +355,18 @@ TEST_F(Transfer, RequestsWaitForTheUserAgent) {
   EXPECT_FALSE(transfer->counters().paused);
 }
 
-TEST_F(Transfer, RequestsDoNotWaitForEverForTheUserAgent) {
+TEST_F(Transfer, DoesNotPauseForeverForTheUserAgent) {
   setup.timings.userAgentWait = 50ms;
   transfer = std::make_unique<JXTransfer>(setup);
-  transfer->holdForUserAgent();
+  transfer->pauseForUserAgent();
   transfer->start();
   enqueue("e");
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_FALSE(transfer->counters().paused);
 }
 
-TEST_F(Transfer, APurgeEmptiesTheQueueAndAbortsWhatIsInFlight) {
-  server.answerAll(told(Manner::StallBeforeHead));
+TEST_F(Transfer, PurgeEmptiesTheQueueAndAbortsRequestsInFlight) {
+  server.answerAll(answerOf(Manner::StallBeforeHead));
   start();
   for (const char* id : {"a", "b", "c"})
     enqueue(id);
@@ -380,13 +379,13 @@ TEST_F(Transfer, APurgeEmptiesTheQueueAndAbortsWhatIsInFlight) {
   enqueue("d");
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ(bodyOf("d"), server.bodies().back());
-  // The three that were purged, and the one that was sent.
+  // Three purged requests and one that was sent.
   ASSERT_TRUE(deliveries.waitFor(4));
   EXPECT_EQ(JXDropReason::Purged, deliveries.all()[2].dropReason);
   EXPECT_EQ(JXDeliveryOutcome::Delivered, deliveries.all()[3].outcome);
 }
 
-TEST_F(Transfer, ACallbackMayUseTheTransferAndAFlushInItDoesNotWait) {
+TEST_F(Transfer, CallbackCanUseTheTransferAndFlushDoesNotWait) {
   std::atomic<bool> flushed{true};
   setup.onDelivery = [&](const JXDelivery& delivery) {
     if (delivery.eventId == JXString("first")) {
@@ -401,7 +400,7 @@ TEST_F(Transfer, ACallbackMayUseTheTransferAndAFlushInItDoesNotWait) {
   EXPECT_FALSE(flushed);
 }
 
-// Tells when the thread waits without a limit.
+// Records when the thread waits without a timeout.
 class WatchedTransport : public JXHttpTransport {
  public:
   explicit WatchedTransport(const JXHttpOptions& options) : curl_(options) {}
@@ -420,13 +419,13 @@ class WatchedTransport : public JXHttpTransport {
 
   std::atomic<int> wakes{0};
   int polls = 0;
-  JXCollected<int> endless;  // the number of each poll without a time limit
+  JXCollected<int> endless;  // index of each poll without a timeout
 
  private:
   JXCurlTransport curl_;
 };
 
-TEST_F(Transfer, AnIdleThreadSleepsWithoutALimitUntilItIsNeeded) {
+TEST_F(Transfer, SleepsWithoutATimeoutWhenIdle) {
   JXHttpOptions options;
   options.caFile = server.caFile();
   const auto transport = std::make_shared<WatchedTransport>(options);
@@ -437,11 +436,11 @@ TEST_F(Transfer, AnIdleThreadSleepsWithoutALimitUntilItIsNeeded) {
   ASSERT_TRUE(deliveries.waitFor(1));
   ASSERT_TRUE(maintained.waitFor(1));
   const std::size_t before = transport->endless.all().size();
-  ASSERT_TRUE(letTheThreadTurn());
+  ASSERT_TRUE(waitForThread());
   ASSERT_TRUE(transport->endless.waitFor(before + 1));
 }
 
-TEST_F(Transfer, ManyEventsDuringAPauseWakeTheThreadOnlyForTheSync) {
+TEST_F(Transfer, WakesOnlyForTheSyncDuringABackoff) {
   JXHttpOptions options;
   options.caFile = server.caFile();
   const auto transport = std::make_shared<WatchedTransport>(options);
@@ -464,7 +463,7 @@ TEST_F(Transfer, ManyEventsDuringAPauseWakeTheThreadOnlyForTheSync) {
   EXPECT_EQ(2'051u, queued());
 }
 
-// A transport whose thread hangs until the test lets it go.
+// A transport that blocks its thread until the test releases it.
 class HangingTransport : public JXHttpTransport {
  public:
   void start(JXHttpRequest) override {}
@@ -479,7 +478,7 @@ class HangingTransport : public JXHttpTransport {
   JXCollected<int> polling, released, aborted;
 };
 
-TEST_F(Transfer, AHangingThreadDelaysNeitherFlushNorStop) {
+TEST_F(Transfer, HangingThreadDelaysNeitherFlushNorStop) {
   const auto transport = std::make_shared<HangingTransport>();
   setup.transport = transport;
   start();
@@ -490,10 +489,11 @@ TEST_F(Transfer, AHangingThreadDelaysNeitherFlushNorStop) {
   EXPECT_FALSE(transfer->stop(20ms));
   transport->released.add(1);
   transfer.reset();
-  EXPECT_EQ(0u, transport->aborted.all().size()) << "a thread left behind touches no transport";
+  EXPECT_EQ(0u, transport->aborted.all().size())
+      << "an abandoned thread must not use the transport";
 }
 
-TEST_F(Transfer, InAForkedChildStopReturnsAtOnce) {
+TEST_F(Transfer, StopReturnsImmediatelyInAForkedChild) {
   start();
   ChildProcess child([this](int) { return transfer->stop(1h) ? 1 : 0; });
   EXPECT_EQ(0, child.wait());

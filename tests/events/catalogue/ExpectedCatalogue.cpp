@@ -7,23 +7,23 @@
 namespace jx::test {
 namespace {
 
-ExpectedField text(std::string_view key, std::string_view property) {
-  return {"text", key, property};
+ExpectedField string(std::string_view key, std::string_view property) {
+  return {"string", key, property};
 }
 ExpectedField number(std::string_view key, std::string_view property) {
   return {"number", key, property};
 }
-ExpectedField flag(std::string_view key, std::string_view property) {
-  return {"flag", key, property};
+ExpectedField boolean(std::string_view key, std::string_view property) {
+  return {"boolean", key, property};
 }
-ExpectedField texts(std::string_view key, std::string_view property) {
-  return {"list of texts", key, property};
+ExpectedField strings(std::string_view key, std::string_view property) {
+  return {"strings", key, property};
 }
 ExpectedField numbered(std::string_view prefix, std::string_view property) {
-  return {"numbered texts", prefix, property};
+  return {"numbered strings", prefix, property};
 }
 ExpectedField values(std::string_view key, std::string_view property) {
-  return {"list of values", key, property};
+  return {"values", key, property};
 }
 ExpectedField items(std::string_view key, std::string_view property) {
   return {"items", key, property};
@@ -31,46 +31,46 @@ ExpectedField items(std::string_view key, std::string_view property) {
 ExpectedField product(std::string_view key, std::string_view property) {
   return {"product", key, property};
 }
-ExpectedField choice(std::string_view key, std::string_view property,
-                     std::vector<ExpectedChoice> choices) {
-  return {"choice", key, property, std::move(choices)};
+ExpectedField enumeration(std::string_view key, std::string_view property,
+                          std::vector<ExpectedEnumerator> enumerators) {
+  return {"enumeration", key, property, std::move(enumerators)};
 }
 
 ExpectedCondition never() { return {"never"}; }
-ExpectedCondition usableText(std::string_view key) { return {"usable text", key}; }
+ExpectedCondition nonEmptyString(std::string_view key) { return {"non-empty string", key}; }
 ExpectedCondition isPresent(std::string_view key) { return {"present", key}; }
-ExpectedCondition hasEntries(std::string_view key) { return {"not empty", key}; }
-ExpectedCondition bothOrNeither(std::string_view key, std::string_view textKey) {
-  return {"together", key, textKey};
+ExpectedCondition nonEmptyList(std::string_view key) { return {"non-empty list", key}; }
+ExpectedCondition bothOrNeither(std::string_view key, std::string_view stringKey) {
+  return {"together", key, stringKey};
 }
 
-// Bases, and the event that a host names itself.
+// Base classes, and the event that the application names.
 
 const ExpectedClass kEvent{
     .name = "JXEvent",
-    .written = {text("event_name", "name"), text("page_name", "pageName"),
-                text("page_type", "pageType")},
+    .written = {string("event_name", "name"), string("page_name", "pageName"),
+                string("page_type", "pageType")},
     .conditions = {never()},
 };
 
 const ExpectedClass kECommerceEvent{
     .name = "JXECommerceEvent",
     .base = "JXEvent",
-    .unwritten = {text("currency", "currency"), items("items", "items")},
+    .unwritten = {string("currency", "currency"), items("items", "items")},
 };
 
 const ExpectedClass kCustomEvent{
     .name = "JXCustomEvent",
     .base = "JXEvent",
-    .conditions = {usableText("event_name")},
+    .conditions = {nonEmptyString("event_name")},
 };
 
 const ExpectedClass kVideoEvent{
     .name = "JXVideoEvent",
     .base = "JXEvent",
-    .written = {text("video_session_id", "videoSessionID"),
+    .written = {string("video_session_id", "videoSessionID"),
                 number("cursor_position", "cursorPosition"), number("total_length", "totalLength"),
-                text("video_title", "videoTitle"), text("publisher", "publisher")},
+                string("video_title", "videoTitle"), string("publisher", "publisher")},
     .conditions = {never()},
 };
 
@@ -80,66 +80,66 @@ const ExpectedClass kPurchase{
     .name = "JXPurchaseEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"purchase"},
-    .written = {text("currency", "currency"), text("id", "ID"), number("value", "value"),
+    .written = {string("currency", "currency"), string("id", "ID"), number("value", "value"),
                 number("revenue", "revenue"), number("shipping_amount", "shippingAmount"),
-                number("tax_amount", "taxAmount"), text("coupon", "coupon"), text("type", "type"),
-                text("payment_method", "paymentMethod"), text("status", "status"),
-                text("url", "url"), items("items", "items")},
-    .conditions = {hasEntries("items"), usableText("id"), isPresent("revenue"), isPresent("value"),
-                   usableText("currency"), usableText("type"), usableText("payment_method"),
-                   usableText("status")},
+                number("tax_amount", "taxAmount"), string("coupon", "coupon"),
+                string("type", "type"), string("payment_method", "paymentMethod"),
+                string("status", "status"), string("url", "url"), items("items", "items")},
+    .conditions = {nonEmptyList("items"), nonEmptyString("id"), isPresent("revenue"),
+                   isPresent("value"), nonEmptyString("currency"), nonEmptyString("type"),
+                   nonEmptyString("payment_method"), nonEmptyString("status")},
 };
 
 const ExpectedClass kRefund{
     .name = "JXRefundEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"refund"},
-    .written = {text("currency", "currency"), number("value", "value"), text("id", "ID"),
+    .written = {string("currency", "currency"), number("value", "value"), string("id", "ID"),
                 number("revenue", "revenue"), number("shipping_amount", "shippingAmount"),
-                number("tax_amount", "taxAmount"), text("type", "type"), text("url", "url"),
-                text("coupon", "coupon"), items("items", "items")},
-    .conditions = {hasEntries("items")},
+                number("tax_amount", "taxAmount"), string("type", "type"), string("url", "url"),
+                string("coupon", "coupon"), items("items", "items")},
+    .conditions = {nonEmptyList("items")},
 };
 
 const ExpectedClass kAddToCart{
     .name = "JXAddToCartEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"add_to_cart"},
-    .written = {text("currency", "currency"), number("value", "value"), items("items", "items")},
-    .conditions = {hasEntries("items"), isPresent("value"), usableText("currency")},
+    .written = {string("currency", "currency"), number("value", "value"), items("items", "items")},
+    .conditions = {nonEmptyList("items"), isPresent("value"), nonEmptyString("currency")},
 };
 
 const ExpectedClass kRemoveFromCart{
     .name = "JXRemoveFromCartEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"remove_from_cart"},
-    .written = {number("value", "value"), text("currency", "currency"), items("items", "items")},
-    .conditions = {hasEntries("items")},
+    .written = {number("value", "value"), string("currency", "currency"), items("items", "items")},
+    .conditions = {nonEmptyList("items")},
 };
 
 const ExpectedClass kViewCart{
     .name = "JXViewCartEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"view_cart"},
-    .written = {text("currency", "currency"), number("value", "value"), items("items", "items")},
-    .conditions = {hasEntries("items")},
+    .written = {string("currency", "currency"), number("value", "value"), items("items", "items")},
+    .conditions = {nonEmptyList("items")},
 };
 
 const ExpectedClass kViewItem{
     .name = "JXViewItem",
     .base = "JXECommerceEvent",
     .eventNames = {"view_item"},
-    .written = {text("currency", "currency"), number("revenue", "revenue"),
+    .written = {string("currency", "currency"), number("revenue", "revenue"),
                 items("items", "items")},
-    .conditions = {hasEntries("items"), isPresent("revenue"), usableText("currency")},
+    .conditions = {nonEmptyList("items"), isPresent("revenue"), nonEmptyString("currency")},
 };
 
 const ExpectedClass kAddToWishlist{
     .name = "JXAddToWishlistEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"add_to_wishlist"},
-    .written = {number("value", "value"), text("currency", "currency"), items("items", "items")},
-    .conditions = {hasEntries("items")},
+    .written = {number("value", "value"), string("currency", "currency"), items("items", "items")},
+    .conditions = {nonEmptyList("items")},
 };
 
 const ExpectedClass kBeginCheckout{
@@ -147,8 +147,9 @@ const ExpectedClass kBeginCheckout{
     .base = "JXECommerceEvent",
     .eventNames = {"begin_checkout"},
     .written = {number("value", "value"), number("revenue", "revenue"),
-                text("currency", "currency"), text("coupon", "coupon"), items("items", "items")},
-    .conditions = {usableText("currency"), hasEntries("items"), isPresent("value"),
+                string("currency", "currency"), string("coupon", "coupon"),
+                items("items", "items")},
+    .conditions = {nonEmptyString("currency"), nonEmptyList("items"), isPresent("value"),
                    isPresent("revenue")},
 };
 
@@ -156,19 +157,20 @@ const ExpectedClass kAddShippingInfo{
     .name = "JXAddShippingInfoEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"add_shipping_info"},
-    .written = {text("currency", "currency"), number("value", "value"), text("coupon", "coupon"),
-                text("shipping_tier", "shippingTier"), items("items", "items")},
-    .conditions = {hasEntries("items"), isPresent("value"), usableText("currency")},
+    .written = {string("currency", "currency"), number("value", "value"),
+                string("coupon", "coupon"), string("shipping_tier", "shippingTier"),
+                items("items", "items")},
+    .conditions = {nonEmptyList("items"), isPresent("value"), nonEmptyString("currency")},
 };
 
 const ExpectedClass kAddPaymentInfo{
     .name = "JXAddPaymentInfoEvent",
     .base = "JXECommerceEvent",
     .eventNames = {"add_payment_info"},
-    .written = {text("payment_method", "paymentMethod"), text("coupon", "coupon"),
-                number("revenue", "revenue"), text("currency", "currency"), items("items", "items"),
-                text("coupon", "coupon")},
-    .conditions = {usableText("payment_method")},
+    .written = {string("payment_method", "paymentMethod"), string("coupon", "coupon"),
+                number("revenue", "revenue"), string("currency", "currency"),
+                items("items", "items"), string("coupon", "coupon")},
+    .conditions = {nonEmptyString("payment_method")},
 };
 
 // Engagement.
@@ -185,23 +187,23 @@ ExpectedClass plain(std::string_view name, std::string_view eventName,
 std::vector<ExpectedClass> engagementClasses() {
   return {
       plain("JXPageViewEvent", "page_view",
-            {text("page_name", "pageName"), text("page_type", "pageType")},
-            {usableText("page_type")}),
-      plain("JXSearchEvent", "search", {text("search_term", "searchTerm")},
-            {usableText("search_term")}),
-      plain("JXLoginEvent", "login", {text("method", "method")}, {}),
-      plain("JXSignUpEvent", "sign_up", {text("method", "method")}, {}),
+            {string("page_name", "pageName"), string("page_type", "pageType")},
+            {nonEmptyString("page_type")}),
+      plain("JXSearchEvent", "search", {string("search_term", "searchTerm")},
+            {nonEmptyString("search_term")}),
+      plain("JXLoginEvent", "login", {string("method", "method")}, {}),
+      plain("JXSignUpEvent", "sign_up", {string("method", "method")}, {}),
       plain("JXGenerateLeadEvent", "generate_lead",
-            {text("currency", "currency"), number("value", "value"), text("id", "ID")},
+            {string("currency", "currency"), number("value", "value"), string("id", "ID")},
             {bothOrNeither("value", "currency")}),
       plain("JXSelectContentEvent", "select_content",
-            {text("content_type", "contentType"), text("item_id", "itemID")}, {}),
+            {string("content_type", "contentType"), string("item_id", "itemID")}, {}),
       plain("JXSelectItemEvent", "select_item",
-            {text("item_list_name", "itemListName"), items("items", "items")},
-            {hasEntries("items")}),
+            {string("item_list_name", "itemListName"), items("items", "items")},
+            {nonEmptyList("items")}),
       plain("JXViewItemListEvent", "view_item_list",
-            {text("item_list_name", "itemListName"), items("items", "items")},
-            {hasEntries("items")}),
+            {string("item_list_name", "itemListName"), items("items", "items")},
+            {nonEmptyList("items")}),
   };
 }
 
@@ -215,17 +217,17 @@ const ExpectedClass kVideoPlayback{
                    "video_resume", "video_complete"},
     .modes = {"START", "PAUSE", "ERROR", "BUFFER_START", "BUFFER_COMPLETE", "SEEK_START",
               "SEEK_COMPLETE", "RESUME", "COMPLETE"},
-    .written = {text("video_player", "videoPlayer"), text("ad_type", "adtype"),
-                text("image_quality", "imageQuality"),
-                text("interruption_method", "interruptionMethod"),
-                text("video_category", "videoCategory"), flag("full_screen", "fullScreen"),
-                flag("ad_enabled", "adEnabled"), flag("livestream", "livestream"),
+    .written = {string("video_player", "videoPlayer"), string("ad_type", "adtype"),
+                string("image_quality", "imageQuality"),
+                string("interruption_method", "interruptionMethod"),
+                string("video_category", "videoCategory"), boolean("full_screen", "fullScreen"),
+                boolean("ad_enabled", "adEnabled"), boolean("livestream", "livestream"),
                 values("content_asset_id", "contentAssetID"),
                 values("content_pod_id", "contentPodID"), values("ad_asset_id", "adAssetID"),
                 values("ad_pod_id", "adPodID"), number("seek_position", "seekPosition"),
                 number("bitrate", "bitrate"), number("framerate", "framerate"),
                 number("sound", "sound")},
-    .conditions = {usableText("video_session_id"),
+    .conditions = {nonEmptyString("video_session_id"),
                    isPresent("content_asset_id"),
                    {.kind = "present",
                     .key = "cursor_position",
@@ -242,14 +244,15 @@ const ExpectedClass kVideoAd{
     .modes = {"START", "PLAYING", "STOP", "COMPLETE", "SKIP", "BREAK_START", "BREAK_COMPLETE",
               "CLICK"},
     .written =
-        {text("ad_asset_id", "adAssetID"), text("ad_pod_id", "adPodID"),
+        {string("ad_asset_id", "adAssetID"), string("ad_pod_id", "adPodID"),
          number("pod_position", "podPosition"), number("pod_length", "podLength"),
          number("ad_quartile", "adQuartile"),
-         choice("ad_type", "adType",
-                {{"PRE_ROLL", "pre-roll"}, {"MID_ROLL", "mid-roll"}, {"POST_ROLL", "post-roll"}}),
-         choice("load_type", "loadType", {{"DYNAMIC", "dynamic"}, {"LINEAR", "linear"}})},
-    .conditions = {usableText("video_session_id"), usableText("ad_asset_id"),
-                   usableText("ad_pod_id"), isPresent("cursor_position"),
+         enumeration(
+             "ad_type", "adType",
+             {{"PRE_ROLL", "pre-roll"}, {"MID_ROLL", "mid-roll"}, {"POST_ROLL", "post-roll"}}),
+         enumeration("load_type", "loadType", {{"DYNAMIC", "dynamic"}, {"LINEAR", "linear"}})},
+    .conditions = {nonEmptyString("video_session_id"), nonEmptyString("ad_asset_id"),
+                   nonEmptyString("ad_pod_id"), isPresent("cursor_position"),
                    isPresent("total_length")},
 };
 
@@ -259,15 +262,15 @@ const ExpectedClass kVideoContent{
     .eventNames = {"video_content_start", "video_content_playing", "video_content_quarter_reached",
                    "video_content_complete"},
     .modes = {"START", "PLAYING", "QUARTER_REACHED", "COMPLETE"},
-    .written = {text("content_pod_id", "contentPodID"),
-                text("video_description", "videoDescription"), text("season", "season"),
-                text("episode", "episode"), text("program", "program"), text("channel", "channel"),
-                text("content_asset_id", "contentAssetID"), text("video_category", "videoCategory"),
-                text("airdate", "airDate"), values("keywords", "keywords"),
-                flag("full_episode", "fullEpisode"), flag("livestream", "livestream"),
-                number("bitrate", "bitrate"), number("framerate", "framerate"),
-                number("total_length", "totalLength")},
-    .conditions = {usableText("video_session_id"), usableText("content_asset_id"),
+    .written = {string("content_pod_id", "contentPodID"),
+                string("video_description", "videoDescription"), string("season", "season"),
+                string("episode", "episode"), string("program", "program"),
+                string("channel", "channel"), string("content_asset_id", "contentAssetID"),
+                string("video_category", "videoCategory"), string("airdate", "airDate"),
+                values("keywords", "keywords"), boolean("full_episode", "fullEpisode"),
+                boolean("livestream", "livestream"), number("bitrate", "bitrate"),
+                number("framerate", "framerate"), number("total_length", "totalLength")},
+    .conditions = {nonEmptyString("video_session_id"), nonEmptyString("content_asset_id"),
                    isPresent("cursor_position"), isPresent("total_length")},
 };
 
@@ -278,29 +281,29 @@ const ExpectedClass kVideoSetting{
                    "video_fullscreen_on", "video_fullscreen_off", "video_quality", "video_share"},
     .modes = {"VOLUME", "SPEED", "SUBTITLE_ON", "SUBTITLE_OFF", "FULLSCREEN_ON", "FULLSCREEN_OFF",
               "QUALITY", "SHARE"},
-    .written = {text("content_pod_id", "contentPodID"),
-                text("content_asset_id", "contentAssetID"),
-                text("ad_asset_id", "adAssetID"),
-                text("ad_pod_id", "adPodID"),
-                text("ad_type", "adType"),
-                text("video_description", "videoDescription"),
-                text("season", "season"),
-                text("episode", "episode"),
-                text("video_category", "videoCategory"),
-                text("program", "program"),
-                text("channel", "channel"),
-                text("airdate", "airdate"),
-                text("image_quality", "imageQuality"),
+    .written = {string("content_pod_id", "contentPodID"),
+                string("content_asset_id", "contentAssetID"),
+                string("ad_asset_id", "adAssetID"),
+                string("ad_pod_id", "adPodID"),
+                string("ad_type", "adType"),
+                string("video_description", "videoDescription"),
+                string("season", "season"),
+                string("episode", "episode"),
+                string("video_category", "videoCategory"),
+                string("program", "program"),
+                string("channel", "channel"),
+                string("airdate", "airdate"),
+                string("image_quality", "imageQuality"),
                 values("keywords", "keywords"),
-                flag("full_screen", "fullScreen"),
-                flag("full_episode", "fullEpisode"),
-                flag("ad_enabled", "adEnabled"),
-                flag("livestream", "livestream"),
+                boolean("full_screen", "fullScreen"),
+                boolean("full_episode", "fullEpisode"),
+                boolean("ad_enabled", "adEnabled"),
+                boolean("livestream", "livestream"),
                 number("bitrate", "bitrate"),
                 number("framerate", "framerate"),
                 number("sound", "sound")},
-    .conditions = {usableText("video_session_id"),
-                   usableText("content_asset_id"),
+    .conditions = {nonEmptyString("video_session_id"),
+                   nonEmptyString("content_asset_id"),
                    isPresent("cursor_position"),
                    isPresent("bitrate"),
                    {.kind = "present", .key = "sound", .onlyFor = {"video_volume"}}},
@@ -324,13 +327,13 @@ const std::vector<ExpectedClass>& expectedClasses() {
 
 const std::vector<ExpectedField>& expectedItemFields() {
   static const std::vector<ExpectedField> fields{
-      text("id", "ID"),
+      string("id", "ID"),
       number("quantity", "quantity"),
-      text("variant", "variant"),
+      string("variant", "variant"),
       number("list_position", "list_position"),
       number("discount", "discount"),
-      text("coupon", "coupon"),
-      text("affiliation", "affiliation"),
+      string("coupon", "coupon"),
+      string("affiliation", "affiliation"),
       product("product", "product"),
   };
   return fields;
@@ -338,9 +341,9 @@ const std::vector<ExpectedField>& expectedItemFields() {
 
 const std::vector<ExpectedField>& expectedProductFields() {
   static const std::vector<ExpectedField> fields{
-      text("id", "ID"),         text("size", "size"),         text("name", "name"),
-      number("price", "price"), text("currency", "currency"), numbered("category_", "categories"),
-      text("brand", "brand"),   texts("colors", "colors"),
+      string("id", "ID"),       string("size", "size"),         string("name", "name"),
+      number("price", "price"), string("currency", "currency"), numbered("category_", "categories"),
+      string("brand", "brand"), strings("colors", "colors"),
   };
   return fields;
 }

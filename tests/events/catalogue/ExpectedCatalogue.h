@@ -7,20 +7,20 @@
 
 namespace jx::test {
 
-// What the event classes must be, typed a second time: by hand, in literals only, and without
-// the library's key constants or tables, so that a slip of the pen on one side shows.
+// The expected event classes, written a second time by hand: only literals, without the library's
+// key constants or tables, so that a typo on either side fails a test.
 
-/// The members of an enumeration (behind its prefix) with their texts, in the order of the values.
-struct ExpectedChoice {
-  std::string_view member;
-  std::string_view text;
+/// An enumerator, without its prefix, and its JSON string; listed in the order of the values.
+struct ExpectedEnumerator {
+  std::string_view name;
+  std::string_view string;
 };
 
 struct ExpectedField {
   std::string_view kind;
   std::string_view key;
   std::string_view property;
-  std::vector<ExpectedChoice> choices = {};
+  std::vector<ExpectedEnumerator> enumerators = {};
 };
 
 struct ExpectedCondition {
@@ -33,7 +33,7 @@ struct ExpectedCondition {
 
 struct ExpectedClass {
   std::string_view name;
-  std::string_view base = {};  ///< empty for the class at the root
+  std::string_view base = {};  ///< empty for the root class
   std::vector<std::string_view> eventNames = {};
   std::vector<std::string_view> modes = {};
   std::vector<ExpectedField> written = {};

@@ -5,7 +5,7 @@
 namespace jx::test {
 namespace {
 
-const std::vector<ExpectedText> kKeyConstants{
+const std::vector<ExpectedString> kKeyConstants{
     {"JX_ID", "id"},
     {"JXE_EVENT", "event_name"},
     {"JXE_EVENTID", "event_id"},
@@ -107,7 +107,7 @@ const std::vector<ExpectedText> kKeyConstants{
     {"JXV_AD_QUARTILE", "ad_quartile"},
 };
 
-const std::vector<ExpectedText> kPaymentMethods{
+const std::vector<ExpectedString> kPaymentMethods{
     {"EJXPayementMethod_BY_INVOICE", "by_invoice"},
     {"EJXPayementMethod_BY_BANK_TRANSFER_IN_A", "by_bank_transfer_in_advance"},
     {"EJXPayementMethod_CARD", "card"},
@@ -119,7 +119,7 @@ const std::vector<ExpectedText> kPaymentMethods{
     {"EJXPayementMethod_OTHER", "other"},
 };
 
-const std::vector<ExpectedText> kPurchaseStatuses{
+const std::vector<ExpectedString> kPurchaseStatuses{
     {"EJXPurchaseStatus_CANCELED", "canceled"},
     {"EJXPurchaseStatus_DELIVERED", "delivered"},
     {"EJXPurchaseStatus_IN_PROGRESS", "in_progress"},
@@ -176,9 +176,9 @@ const std::vector<ExpectedEnumeration> kEnumerations{
 
 }  // namespace
 
-const std::vector<ExpectedText>& expectedKeyConstants() { return kKeyConstants; }
-const std::vector<ExpectedText>& expectedPaymentMethods() { return kPaymentMethods; }
-const std::vector<ExpectedText>& expectedPurchaseStatuses() { return kPurchaseStatuses; }
+const std::vector<ExpectedString>& expectedKeyConstants() { return kKeyConstants; }
+const std::vector<ExpectedString>& expectedPaymentMethods() { return kPaymentMethods; }
+const std::vector<ExpectedString>& expectedPurchaseStatuses() { return kPurchaseStatuses; }
 const std::vector<ExpectedEnumeration>& expectedEnumerations() { return kEnumerations; }
 
 }  // namespace jx::test

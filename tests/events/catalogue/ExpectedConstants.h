@@ -7,27 +7,27 @@
 
 namespace jx::test {
 
-/// An exported text constant: its name in the source, and its text.
-struct ExpectedText {
+/// An exported string constant: its name in the source, and its value.
+struct ExpectedString {
   std::string_view constant;
-  std::string_view text;
+  std::string_view string;
 };
 
-struct ExpectedMember {
+struct ExpectedEnumeratorValue {
   int value;
-  std::string_view member;
-  std::string_view text;
+  std::string_view enumerator;
+  std::string_view string;
 };
 
 struct ExpectedEnumeration {
   std::string_view name;
-  std::vector<ExpectedMember> members;
+  std::vector<ExpectedEnumeratorValue> enumerators;
 };
 
-/// The constants that name keys of events, items, products, lifecycle, application and video.
-const std::vector<ExpectedText>& expectedKeyConstants();
-const std::vector<ExpectedText>& expectedPaymentMethods();
-const std::vector<ExpectedText>& expectedPurchaseStatuses();
+/// The key constants of events, items, products, lifecycle, application and video.
+const std::vector<ExpectedString>& expectedKeyConstants();
+const std::vector<ExpectedString>& expectedPaymentMethods();
+const std::vector<ExpectedString>& expectedPurchaseStatuses();
 const std::vector<ExpectedEnumeration>& expectedEnumerations();
 
 }  // namespace jx::test

@@ -29,25 +29,25 @@ namespace {
 
 using testing::ElementsAreArray;
 
-// Both sides are told in lines of the same form, so that a failure shows the line that differs.
+// Both sides are written as lines of the same form, so that a failure shows the line that differs.
 using Lines = std::vector<std::string>;
 
 std::string kindName(JXFieldKind kind) {
   switch (kind) {
     case JXFieldKind::String:
-      return "text";
+      return "string";
     case JXFieldKind::Number:
       return "number";
     case JXFieldKind::Boolean:
-      return "flag";
+      return "boolean";
     case JXFieldKind::Strings:
-      return "list of texts";
+      return "strings";
     case JXFieldKind::NumberedStrings:
-      return "numbered texts";
+      return "numbered strings";
     case JXFieldKind::Values:
-      return "list of values";
+      return "values";
     case JXFieldKind::Enumeration:
-      return "choice";
+      return "enumeration";
     case JXFieldKind::Items:
       return "items";
     case JXFieldKind::Product:
@@ -61,11 +61,11 @@ std::string kindName(JXCondition::Kind kind) {
     case JXCondition::Kind::Never:
       return "never";
     case JXCondition::Kind::NonEmptyString:
-      return "usable text";
+      return "non-empty string";
     case JXCondition::Kind::Present:
       return "present";
     case JXCondition::Kind::NonEmptyList:
-      return "not empty";
+      return "non-empty list";
     case JXCondition::Kind::Together:
       return "together";
   }
@@ -80,15 +80,15 @@ std::string joined(const std::vector<std::string_view>& parts) {
   return line;
 }
 
-Lines texts(const std::vector<std::string_view>& views) { return {views.begin(), views.end()}; }
+Lines strings(const std::vector<std::string_view>& views) { return {views.begin(), views.end()}; }
 
 Lines linesOf(const std::vector<ExpectedField>& fields) {
   Lines lines;
   for (const ExpectedField& field : fields) {
     std::vector<std::string_view> parts{field.kind, field.key, field.property};
-    for (const ExpectedChoice& choice : field.choices) {
-      parts.push_back(choice.member);
-      parts.push_back(choice.text);
+    for (const ExpectedEnumerator& enumerator : field.enumerators) {
+      parts.push_back(enumerator.name);
+      parts.push_back(enumerator.string);
     }
     lines.push_back(joined(parts));
   }
@@ -101,8 +101,8 @@ Lines linesOf(const JXFieldTable& table) {
     const std::string kind = kindName(field.kind);
     std::vector<std::string_view> parts{kind, field.key, field.property};
     for (std::size_t value = 0; value < field.enumStrings.count; ++value) {
-      parts.push_back(field.enumStrings.members[value]);
-      parts.push_back(field.enumStrings.texts[value]);
+      parts.push_back(field.enumStrings.enumerators[value]);
+      parts.push_back(field.enumStrings.strings[value]);
     }
     lines.push_back(joined(parts));
   }
@@ -133,7 +133,7 @@ Lines linesOf(const std::vector<JXCondition>& conditions) {
   return lines;
 }
 
-TEST(IndependentCatalogue, HoldsTheExpectedClassesAndNoOther) {
+TEST(IndependentCatalogue, ListsExactlyTheExpectedClasses) {
   Lines expected;
   for (const ExpectedClass& one : expectedClasses()) {
     expected.emplace_back(one.name);
@@ -146,7 +146,7 @@ TEST(IndependentCatalogue, HoldsTheExpectedClassesAndNoOther) {
   EXPECT_THAT(actual, testing::UnorderedElementsAreArray(expected));
 }
 
-TEST(IndependentCatalogue, ListsABaseBeforeTheClassesOnIt) {
+TEST(IndependentCatalogue, ListsBasesBeforeDerivedClasses) {
   std::set<const JXEventClass*> seen;
   for (const JXEventClass* one : allEventClasses()) {
     EXPECT_TRUE(one->base == nullptr || seen.count(one->base) == 1) << one->className;
@@ -154,7 +154,7 @@ TEST(IndependentCatalogue, ListsABaseBeforeTheClassesOnIt) {
   }
 }
 
-TEST(IndependentCatalogue, TheEventNamesAllDiffer) {
+TEST(IndependentCatalogue, HasUniqueEventNames) {
   std::set<std::string> names;
   for (const JXEventClass* one : allEventClasses()) {
     for (const std::string_view name : one->eventNames) {
@@ -163,11 +163,11 @@ TEST(IndependentCatalogue, TheEventNamesAllDiffer) {
   }
 }
 
-TEST(IndependentCatalogue, AnItemWritesItsFieldsInOrder) {
+TEST(IndependentCatalogue, ListsItemFieldsInOrder) {
   EXPECT_THAT(linesOf(JXItem::fields()), ElementsAreArray(linesOf(expectedItemFields())));
 }
 
-TEST(IndependentCatalogue, AProductWritesItsFieldsInOrder) {
+TEST(IndependentCatalogue, ListsProductFieldsInOrder) {
   EXPECT_THAT(linesOf(JXProduct::fields()), ElementsAreArray(linesOf(expectedProductFields())));
 }
 
@@ -181,30 +181,30 @@ class IndependentCatalogueClass : public testing::TestWithParam<ExpectedClass> {
   const JXEventClass* actual_ = nullptr;
 };
 
-TEST_P(IndependentCatalogueClass, StandsOnItsBase) {
+TEST_P(IndependentCatalogueClass, HasItsBase) {
   EXPECT_EQ(actual_->className, GetParam().name);
   EXPECT_EQ(actual_->base == nullptr ? std::string_view() : actual_->base->className,
             GetParam().base);
 }
 
 TEST_P(IndependentCatalogueClass, HasItsEventNamesAndModes) {
-  EXPECT_THAT(texts(actual_->eventNames), ElementsAreArray(texts(GetParam().eventNames)));
-  EXPECT_THAT(texts(actual_->modes), ElementsAreArray(texts(GetParam().modes)));
+  EXPECT_THAT(strings(actual_->eventNames), ElementsAreArray(strings(GetParam().eventNames)));
+  EXPECT_THAT(strings(actual_->modes), ElementsAreArray(strings(GetParam().modes)));
 }
 
-TEST_P(IndependentCatalogueClass, WritesItsOwnFieldsInOrder) {
+TEST_P(IndependentCatalogueClass, ListsItsOwnFieldsInOrder) {
   EXPECT_THAT(linesOf(actual_->written), ElementsAreArray(linesOf(GetParam().written)));
 }
 
-TEST_P(IndependentCatalogueClass, KeepsOnlyTheExpectedPropertiesUnwritten) {
+TEST_P(IndependentCatalogueClass, ListsItsUnwrittenProperties) {
   EXPECT_THAT(linesOf(actual_->unwritten), ElementsAreArray(linesOf(GetParam().unwritten)));
 }
 
-TEST_P(IndependentCatalogueClass, AsksForItsConditionsInOrder) {
+TEST_P(IndependentCatalogueClass, ListsItsConditionsInOrder) {
   EXPECT_THAT(linesOf(actual_->conditions), ElementsAreArray(linesOf(GetParam().conditions)));
 }
 
-TEST_P(IndependentCatalogueClass, MakesEventsOfItselfThatCarryTheNameOfTheirMode) {
+TEST_P(IndependentCatalogueClass, CreatesEventsWithTheNameOfTheirMode) {
   const std::vector<std::string_view>& names = GetParam().eventNames;
   for (std::size_t mode = 0; mode < std::max<std::size_t>(names.size(), 1); ++mode) {
     const std::shared_ptr<JXEvent> event = actual_->create(static_cast<int>(mode), JXString());

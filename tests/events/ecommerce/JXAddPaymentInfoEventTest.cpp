@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXAddPaymentInfoEvent, WithEveryFieldSetWritesThemAllInOrderAndTheCouponOnce) {
+TEST(JXAddPaymentInfoEvent, WritesAllFieldsInOrderAndTheCouponOnce) {
   const auto event = JXAddPaymentInfoEvent::initWithPaymentMethod("card");
   event->setPageName("P");
   event->setPageType("t");
@@ -24,18 +24,19 @@ TEST(JXAddPaymentInfoEvent, WithEveryFieldSetWritesThemAllInOrderAndTheCouponOnc
                 kLampJson + "]}");
 }
 
-TEST(JXAddPaymentInfoEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXAddPaymentInfoEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXAddPaymentInfoEvent::init()),
             R"({"event_name":"add_payment_info","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXAddPaymentInfoEvent, NeedsAPaymentMethodAndNothingElse) {
+TEST(JXAddPaymentInfoEvent, RequiresOnlyAPaymentMethod) {
   expectRules<JXAddPaymentInfoEvent>(
       [] { return JXAddPaymentInfoEvent::initWithPaymentMethod("card"); },
-      {{"paymentMethod is absent or empty", [](auto& event) { event.setPaymentMethod(""); }}});
+      {{"paymentMethod must be a non-empty string",
+        [](auto& event) { event.setPaymentMethod(""); }}});
 }
 
-TEST(JXAddPaymentInfoEvent, WithOnlyAPaymentMethodVerifiesAndStillWritesItems) {
+TEST(JXAddPaymentInfoEvent, IsValidWithOnlyAPaymentMethodAndWritesItems) {
   const auto event = JXAddPaymentInfoEvent::initWithPaymentMethod("card");
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_EQ(eventJson(*event), R"({"event_name":"add_payment_info","context":{"event_id":"E"},)"

@@ -9,13 +9,13 @@
 namespace jx::test {
 namespace {
 
-std::shared_ptr<JXAddShippingInfoEvent> completeShipping() {
+std::shared_ptr<JXAddShippingInfoEvent> validShipping() {
   return JXAddShippingInfoEvent::initWithItems_withValue_withCurrency({lampItem()},
                                                                       decimal("25.00"), "GBP");
 }
 
-TEST(JXAddShippingInfoEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeShipping();
+TEST(JXAddShippingInfoEvent, WritesAllFieldsInOrder) {
+  const auto event = validShipping();
   event->setPageName("P");
   event->setPageType("t");
   event->setCoupon("SPRING");
@@ -27,26 +27,26 @@ TEST(JXAddShippingInfoEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXAddShippingInfoEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXAddShippingInfoEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXAddShippingInfoEvent::init()),
             R"({"event_name":"add_shipping_info","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXAddShippingInfoEvent, NeedsAnItemAValueAndACurrency) {
+TEST(JXAddShippingInfoEvent, RequiresAnItemAValueAndACurrency) {
   expectRules<JXAddShippingInfoEvent>(
-      completeShipping,
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }},
-       {"value is absent", [](auto& event) { event.setValue(std::nullopt); }},
-       {"currency is absent or empty", [](auto& event) { event.setCurrency(""); }}});
+      validShipping,
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }},
+       {"value must be set", [](auto& event) { event.setValue(std::nullopt); }},
+       {"currency must be a non-empty string", [](auto& event) { event.setCurrency(""); }}});
 }
 
-TEST(JXAddShippingInfoEvent, CountsAValueOfZeroAsPresent) {
-  const auto event = completeShipping();
+TEST(JXAddShippingInfoEvent, AcceptsAValueOfZero) {
+  const auto event = validShipping();
   event->setValue(0);
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXAddShippingInfoEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXAddShippingInfoEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXAddShippingInfoEvent::initWithItems_withValue_withCurrency(items, 1, "GBP");
   items.append(lampItem());

@@ -9,13 +9,13 @@
 namespace jx::test {
 namespace {
 
-std::shared_ptr<JXAddToCartEvent> completeAddToCart() {
+std::shared_ptr<JXAddToCartEvent> validAddToCart() {
   return JXAddToCartEvent::initWithValue_withCurrency_withItems(decimal("25.00"), "GBP",
                                                                 {lampItem()});
 }
 
-TEST(JXAddToCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeAddToCart();
+TEST(JXAddToCartEvent, WritesAllFieldsInOrder) {
+  const auto event = validAddToCart();
   event->setPageName("P");
   event->setPageType("t");
   EXPECT_EQ(eventJson(*event),
@@ -24,26 +24,26 @@ TEST(JXAddToCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXAddToCartEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXAddToCartEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXAddToCartEvent::init()),
             R"({"event_name":"add_to_cart","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXAddToCartEvent, NeedsAnItemAValueAndACurrency) {
+TEST(JXAddToCartEvent, RequiresAnItemAValueAndACurrency) {
   expectRules<JXAddToCartEvent>(
-      completeAddToCart,
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }},
-       {"value is absent", [](auto& event) { event.setValue(std::nullopt); }},
-       {"currency is absent or empty", [](auto& event) { event.setCurrency(""); }}});
+      validAddToCart,
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }},
+       {"value must be set", [](auto& event) { event.setValue(std::nullopt); }},
+       {"currency must be a non-empty string", [](auto& event) { event.setCurrency(""); }}});
 }
 
-TEST(JXAddToCartEvent, CountsAValueOfZeroAsPresent) {
-  const auto event = completeAddToCart();
+TEST(JXAddToCartEvent, AcceptsAValueOfZero) {
+  const auto event = validAddToCart();
   event->setValue(0);
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXAddToCartEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXAddToCartEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto byItems = JXAddToCartEvent::initWithItems(items);
   const auto byValue = JXAddToCartEvent::initWithValue_withCurrency_withItems(1, "GBP", items);

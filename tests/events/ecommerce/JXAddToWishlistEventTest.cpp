@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXAddToWishlistEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXAddToWishlistEvent, WritesAllFieldsInOrder) {
   const auto event = JXAddToWishlistEvent::initWithItems({lampItem()});
   event->setPageName("P");
   event->setPageType("t");
@@ -21,18 +21,18 @@ TEST(JXAddToWishlistEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXAddToWishlistEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXAddToWishlistEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXAddToWishlistEvent::init()),
             R"({"event_name":"add_to_wishlist","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXAddToWishlistEvent, NeedsAnItemAndNothingElse) {
+TEST(JXAddToWishlistEvent, RequiresOnlyAnItem) {
   expectRules<JXAddToWishlistEvent>(
       [] { return JXAddToWishlistEvent::initWithItems({lampItem()}); },
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXAddToWishlistEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXAddToWishlistEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXAddToWishlistEvent::initWithItems(items);
   items.append(lampItem());

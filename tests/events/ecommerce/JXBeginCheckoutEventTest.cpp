@@ -9,13 +9,13 @@
 namespace jx::test {
 namespace {
 
-std::shared_ptr<JXBeginCheckoutEvent> completeCheckout() {
+std::shared_ptr<JXBeginCheckoutEvent> validCheckout() {
   return JXBeginCheckoutEvent::initWithRevenue_withValue_withCurrency_withItems(
       decimal("20.10"), decimal("25.00"), "GBP", {lampItem()});
 }
 
-TEST(JXBeginCheckoutEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeCheckout();
+TEST(JXBeginCheckoutEvent, WritesAllFieldsInOrder) {
+  const auto event = validCheckout();
   event->setPageName("P");
   event->setPageType("t");
   event->setCoupon("SPRING");
@@ -26,33 +26,33 @@ TEST(JXBeginCheckoutEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXBeginCheckoutEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXBeginCheckoutEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXBeginCheckoutEvent::init()),
             R"({"event_name":"begin_checkout","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXBeginCheckoutEvent, NeedsACurrencyAnItemAValueAndARevenue) {
+TEST(JXBeginCheckoutEvent, RequiresACurrencyAnItemAValueAndARevenue) {
   expectRules<JXBeginCheckoutEvent>(
-      completeCheckout,
-      {{"currency is absent or empty", [](auto& event) { event.setCurrency(""); }},
-       {"items holds no entry", [](auto& event) { event.setItems({}); }},
-       {"value is absent", [](auto& event) { event.setValue(std::nullopt); }},
-       {"revenue is absent", [](auto& event) { event.setRevenue(std::nullopt); }}});
+      validCheckout,
+      {{"currency must be a non-empty string", [](auto& event) { event.setCurrency(""); }},
+       {"items must contain at least one element", [](auto& event) { event.setItems({}); }},
+       {"value must be set", [](auto& event) { event.setValue(std::nullopt); }},
+       {"revenue must be set", [](auto& event) { event.setRevenue(std::nullopt); }}});
 }
 
-TEST(JXBeginCheckoutEvent, WithoutACurrencyFailsBeforeItsItemsAreLookedAt) {
+TEST(JXBeginCheckoutEvent, ReportsTheMissingCurrencyBeforeTheItems) {
   EXPECT_EQ(JXBeginCheckoutEvent::init()->firstFailedCondition(),
-            JXString("currency is absent or empty"));
+            JXString("currency must be a non-empty string"));
 }
 
-TEST(JXBeginCheckoutEvent, CountsAmountsOfZeroAsPresent) {
-  const auto event = completeCheckout();
+TEST(JXBeginCheckoutEvent, AcceptsAmountsOfZero) {
+  const auto event = validCheckout();
   event->setValue(0);
   event->setRevenue(0);
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXBeginCheckoutEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXBeginCheckoutEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event =
       JXBeginCheckoutEvent::initWithRevenue_withValue_withCurrency_withItems(1, 1, "GBP", items);

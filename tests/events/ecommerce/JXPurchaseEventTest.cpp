@@ -11,15 +11,15 @@
 namespace jx::test {
 namespace {
 
-std::shared_ptr<JXPurchaseEvent> completePurchase() {
+std::shared_ptr<JXPurchaseEvent> validPurchase() {
   return JXPurchaseEvent::
       initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
           "536365", decimal("139.12"), decimal("150.00"), "GBP", "online", EJXPayementMethod_CARD,
           EJXPurchaseStatus_PENDING, {lampItem()});
 }
 
-TEST(JXPurchaseEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completePurchase();
+TEST(JXPurchaseEvent, WritesAllFieldsInOrder) {
+  const auto event = validPurchase();
   event->setPageName("Thanks");
   event->setPageType("receipt");
   event->setShippingAmount(decimal("4.90"));
@@ -36,35 +36,36 @@ TEST(JXPurchaseEvent, WithEveryFieldSetWritesThemAllInOrder) {
           kLampJson + "]}");
 }
 
-TEST(JXPurchaseEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXPurchaseEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXPurchaseEvent::init()),
             R"({"event_name":"purchase","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXPurchaseEvent, NeedsAnItemItsIdentifierBothAmountsAndFourTexts) {
+TEST(JXPurchaseEvent, RequiresAnItemAnIDBothAmountsAndFourStrings) {
   expectRules<JXPurchaseEvent>(
-      completePurchase,
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }},
-       {"ID is absent or empty", [](auto& event) { event.setID(""); }},
-       {"revenue is absent", [](auto& event) { event.setRevenue(std::nullopt); }},
-       {"value is absent", [](auto& event) { event.setValue(std::nullopt); }},
-       {"currency is absent or empty", [](auto& event) { event.setCurrency(nullptr); }},
-       {"type is absent or empty", [](auto& event) { event.setType(""); }},
-       {"paymentMethod is absent or empty", [](auto& event) { event.setPaymentMethod(nullptr); }},
-       {"status is absent or empty", [](auto& event) { event.setStatus(""); }}});
+      validPurchase,
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }},
+       {"ID must be a non-empty string", [](auto& event) { event.setID(""); }},
+       {"revenue must be set", [](auto& event) { event.setRevenue(std::nullopt); }},
+       {"value must be set", [](auto& event) { event.setValue(std::nullopt); }},
+       {"currency must be a non-empty string", [](auto& event) { event.setCurrency(nullptr); }},
+       {"type must be a non-empty string", [](auto& event) { event.setType(""); }},
+       {"paymentMethod must be a non-empty string",
+        [](auto& event) { event.setPaymentMethod(nullptr); }},
+       {"status must be a non-empty string", [](auto& event) { event.setStatus(""); }}});
 }
 
-TEST(JXPurchaseEvent, WithAnEmptyListOfItemsFailsAtTheFirstStep) {
+TEST(JXPurchaseEvent, ReportsEmptyItemsFirst) {
   const auto event = JXPurchaseEvent::
       initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
           "536365", decimal("139.12"), decimal("150.00"), "GBP", "online", EJXPayementMethod_CARD,
           EJXPurchaseStatus_PENDING, {});
   EXPECT_FALSE(event->verifyEvent());
-  EXPECT_EQ(event->firstFailedCondition(), JXString("items holds no entry"));
+  EXPECT_EQ(event->firstFailedCondition(), JXString("items must contain at least one element"));
 }
 
-TEST(JXPurchaseEvent, TakesAnyStatusAndPaymentMethodThatIsNotEmpty) {
-  const auto event = completePurchase();
+TEST(JXPurchaseEvent, AcceptsAnyNonEmptyStatusAndPaymentMethod) {
+  const auto event = validPurchase();
   event->setStatus("lost at sea");
   event->setPaymentMethod("barter");
   EXPECT_TRUE(event->verifyEvent());
@@ -73,22 +74,22 @@ TEST(JXPurchaseEvent, TakesAnyStatusAndPaymentMethodThatIsNotEmpty) {
   EXPECT_EQ(json.get("payment_method").string(), JXString("barter"));
 }
 
-TEST(JXPurchaseEvent, CountsZeroAndNegativeAmountsAsPresent) {
-  const auto event = completePurchase();
+TEST(JXPurchaseEvent, AcceptsZeroAndNegativeAmounts) {
+  const auto event = validPurchase();
   event->setRevenue(0);
   event->setValue(-1);
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXPurchaseEvent, DoesNotLookIntoItsItems) {
-  const auto event = completePurchase();
+TEST(JXPurchaseEvent, DoesNotValidateItsItems) {
+  const auto event = validPurchase();
   event->setItems({JXItem::init()});
   EXPECT_FALSE(event->items()[0]->verifyItem());
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_EQ(event->getJsonObject().get("items").array().size(), 1u);
 }
 
-TEST(JXPurchaseEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXPurchaseEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXPurchaseEvent::
       initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
@@ -97,7 +98,7 @@ TEST(JXPurchaseEvent, DoesNotKeepTheListThatItWasGiven) {
   EXPECT_EQ(event->items().size(), 1u);
 }
 
-TEST(JXPaymentMethods, HoldTheirTexts) {
+TEST(JXPaymentMethods, HaveTheirStrings) {
   EXPECT_EQ(EJXPayementMethod_BY_INVOICE, "by_invoice");
   EXPECT_EQ(EJXPayementMethod_BY_BANK_TRANSFER_IN_A, "by_bank_transfer_in_advance");
   EXPECT_EQ(EJXPayementMethod_CARD, "card");
@@ -109,7 +110,7 @@ TEST(JXPaymentMethods, HoldTheirTexts) {
   EXPECT_EQ(EJXPayementMethod_OTHER, "other");
 }
 
-TEST(JXPurchaseStatuses, HoldTheirTexts) {
+TEST(JXPurchaseStatuses, HaveTheirStrings) {
   EXPECT_EQ(EJXPurchaseStatus_CANCELED, "canceled");
   EXPECT_EQ(EJXPurchaseStatus_DELIVERED, "delivered");
   EXPECT_EQ(EJXPurchaseStatus_IN_PROGRESS, "in_progress");

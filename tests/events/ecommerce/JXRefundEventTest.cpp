@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXRefundEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXRefundEvent, WritesAllFieldsInOrder) {
   const auto event =
       JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(
           "R1", decimal("10.50"), decimal("12"), "EUR", "partial", {lampItem()});
@@ -28,22 +28,22 @@ TEST(JXRefundEvent, WithEveryFieldSetWritesThemAllInOrder) {
           kLampJson + "]}");
 }
 
-TEST(JXRefundEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXRefundEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXRefundEvent::init()),
             R"({"event_name":"refund","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXRefundEvent, NeedsAnItemAndNothingElse) {
+TEST(JXRefundEvent, RequiresOnlyAnItem) {
   expectRules<JXRefundEvent>(
       [] {
         const auto event = JXRefundEvent::init();
         event->items().append(lampItem());
         return event;
       },
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXRefundEvent, MadeWithoutItemsFailsUntilOneIsAdded) {
+TEST(JXRefundEvent, IsInvalidUntilAnItemIsAdded) {
   const auto event = JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType(
       "R1", decimal("10.50"), decimal("12"), "EUR", "partial");
   EXPECT_FALSE(event->verifyEvent());
@@ -57,7 +57,7 @@ TEST(JXRefundEvent, MadeWithoutItemsFailsUntilOneIsAdded) {
   EXPECT_EQ(event->type(), JXString("partial"));
 }
 
-TEST(JXRefundEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXRefundEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event =
       JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(

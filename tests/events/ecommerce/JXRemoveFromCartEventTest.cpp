@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXRemoveFromCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXRemoveFromCartEvent, WritesAllFieldsInOrder) {
   const auto event = JXRemoveFromCartEvent::initWithItems({lampItem()});
   event->setPageName("P");
   event->setPageType("t");
@@ -21,18 +21,18 @@ TEST(JXRemoveFromCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXRemoveFromCartEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXRemoveFromCartEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXRemoveFromCartEvent::init()),
             R"({"event_name":"remove_from_cart","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXRemoveFromCartEvent, NeedsAnItemAndNothingElse) {
+TEST(JXRemoveFromCartEvent, RequiresOnlyAnItem) {
   expectRules<JXRemoveFromCartEvent>(
       [] { return JXRemoveFromCartEvent::initWithItems({lampItem()}); },
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXRemoveFromCartEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXRemoveFromCartEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXRemoveFromCartEvent::initWithItems(items);
   items.append(lampItem());

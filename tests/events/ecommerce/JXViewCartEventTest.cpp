@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXViewCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXViewCartEvent, WritesAllFieldsInOrder) {
   const auto event = JXViewCartEvent::initWithItems({lampItem()});
   event->setPageName("P");
   event->setPageType("t");
@@ -21,17 +21,18 @@ TEST(JXViewCartEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXViewCartEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXViewCartEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXViewCartEvent::init()),
             R"({"event_name":"view_cart","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXViewCartEvent, NeedsAnItemAndNothingElse) {
-  expectRules<JXViewCartEvent>([] { return JXViewCartEvent::initWithItems({lampItem()}); },
-                               {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+TEST(JXViewCartEvent, RequiresOnlyAnItem) {
+  expectRules<JXViewCartEvent>(
+      [] { return JXViewCartEvent::initWithItems({lampItem()}); },
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXViewCartEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXViewCartEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXViewCartEvent::initWithItems(items);
   items.append(lampItem());

@@ -9,15 +9,15 @@
 namespace jx::test {
 namespace {
 
-std::shared_ptr<JXViewItem> completeViewItem() {
+std::shared_ptr<JXViewItem> validViewItem() {
   const auto event = JXViewItem::initWithItems({lampItem()});
   event->setRevenue(decimal("12.50"));
   event->setCurrency("GBP");
   return event;
 }
 
-TEST(JXViewItem, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeViewItem();
+TEST(JXViewItem, WritesAllFieldsInOrder) {
+  const auto event = validViewItem();
   event->setPageName("P");
   event->setPageType("t");
   EXPECT_EQ(eventJson(*event),
@@ -27,33 +27,33 @@ TEST(JXViewItem, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXViewItem, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXViewItem, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXViewItem::init()),
             R"({"event_name":"view_item","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXViewItem, NeedsAnItemARevenueAndACurrency) {
+TEST(JXViewItem, RequiresAnItemARevenueAndACurrency) {
   expectRules<JXViewItem>(
-      completeViewItem,
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }},
-       {"revenue is absent", [](auto& event) { event.setRevenue(std::nullopt); }},
-       {"currency is absent or empty", [](auto& event) { event.setCurrency(""); }}});
+      validViewItem,
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }},
+       {"revenue must be set", [](auto& event) { event.setRevenue(std::nullopt); }},
+       {"currency must be a non-empty string", [](auto& event) { event.setCurrency(""); }}});
 }
 
-TEST(JXViewItem, CountsARevenueOfZeroAsPresent) {
-  const auto event = completeViewItem();
+TEST(JXViewItem, AcceptsARevenueOfZero) {
+  const auto event = validViewItem();
   event->setRevenue(0);
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXViewItem, CarriesARevenueAndNeverAValue) {
-  const JXJsonObject json = completeViewItem()->getJsonObject();
+TEST(JXViewItem, WritesARevenueAndNeverAValue) {
+  const JXJsonObject json = validViewItem()->getJsonObject();
   EXPECT_TRUE(json.contains("revenue"));
   EXPECT_FALSE(json.contains("value"));
   EXPECT_EQ(JXViewItem::eventClass().fieldOfKey("value"), nullptr);
 }
 
-TEST(JXViewItem, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXViewItem, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXViewItem::initWithItems(items);
   items.append(lampItem());

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXGenerateLeadEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXGenerateLeadEvent, WritesAllFieldsInOrder) {
   const auto event = JXGenerateLeadEvent::initWithValue_withCurrency(decimal("9.90"), "EUR");
   event->setPageName("P");
   event->setPageType("t");
@@ -19,28 +19,28 @@ TEST(JXGenerateLeadEvent, WithEveryFieldSetWritesThemAllInOrder) {
             R"("context":{"event_id":"E"},"currency":"EUR","value":9.90,"id":"L1"})");
 }
 
-TEST(JXGenerateLeadEvent, WithNothingSetWritesItsName) {
+TEST(JXGenerateLeadEvent, WritesOnlyItsNameByDefault) {
   EXPECT_EQ(eventJson(*JXGenerateLeadEvent::init()),
             R"({"event_name":"generate_lead","context":{"event_id":"E"}})");
 }
 
-TEST(JXGenerateLeadEvent, WithNeitherAmountNorCurrencyVerifies) {
+TEST(JXGenerateLeadEvent, IsValidWithoutValueAndCurrency) {
   EXPECT_TRUE(JXGenerateLeadEvent::init()->verifyEvent());
   EXPECT_TRUE(JXGenerateLeadEvent::initWithValue_withCurrency(std::nullopt, "")->verifyEvent());
 }
 
-TEST(JXGenerateLeadEvent, WithOnlyACurrencyFails) {
+TEST(JXGenerateLeadEvent, IsInvalidWithOnlyACurrency) {
   const auto event = JXGenerateLeadEvent::initWithValue_withCurrency(std::nullopt, "EUR");
   EXPECT_FALSE(event->verifyEvent());
-  EXPECT_EQ(event->firstFailedCondition(), JXString("value and currency must be given together"));
+  EXPECT_EQ(event->firstFailedCondition(), JXString("value and currency must be set together"));
 }
 
-TEST(JXGenerateLeadEvent, WithOnlyAnAmountFails) {
+TEST(JXGenerateLeadEvent, IsInvalidWithOnlyAValue) {
   EXPECT_FALSE(JXGenerateLeadEvent::initWithValue_withCurrency(1, nullptr)->verifyEvent());
   EXPECT_FALSE(JXGenerateLeadEvent::initWithValue_withCurrency(1, "")->verifyEvent());
 }
 
-TEST(JXGenerateLeadEvent, WithBothVerifiesAndZeroIsAnAmount) {
+TEST(JXGenerateLeadEvent, IsValidWithBothAndAcceptsAValueOfZero) {
   EXPECT_TRUE(
       JXGenerateLeadEvent::initWithValue_withCurrency(decimal("9.90"), "EUR")->verifyEvent());
   EXPECT_TRUE(JXGenerateLeadEvent::initWithValue_withCurrency(0, "EUR")->verifyEvent());

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXLoginEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXLoginEvent, WritesAllFieldsInOrder) {
   const auto event = JXLoginEvent::init();
   event->setPageName("P");
   event->setPageType("t");
@@ -18,7 +18,7 @@ TEST(JXLoginEvent, WithEveryFieldSetWritesThemAllInOrder) {
                                R"("context":{"event_id":"E"},"method":"remote"})");
 }
 
-TEST(JXLoginEvent, WithNothingSetVerifiesAndLeavesTheMethodOut) {
+TEST(JXLoginEvent, IsValidAndOmitsTheMethodByDefault) {
   const auto event = JXLoginEvent::init();
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_EQ(event->firstFailedCondition(), JXString());

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXSearchEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXSearchEvent, WritesAllFieldsInOrder) {
   const auto event = JXSearchEvent::initWithSearchTerm("space");
   event->setPageName("P");
   event->setPageType("t");
@@ -17,15 +17,15 @@ TEST(JXSearchEvent, WithEveryFieldSetWritesThemAllInOrder) {
                                R"("context":{"event_id":"E"},"search_term":"space"})");
 }
 
-TEST(JXSearchEvent, WithNothingSetWritesItsName) {
+TEST(JXSearchEvent, WritesOnlyItsNameByDefault) {
   EXPECT_EQ(eventJson(*JXSearchEvent::init()),
             R"({"event_name":"search","context":{"event_id":"E"}})");
 }
 
-TEST(JXSearchEvent, NeedsASearchTerm) {
+TEST(JXSearchEvent, RequiresASearchTerm) {
   expectRules<JXSearchEvent>(
       [] { return JXSearchEvent::initWithSearchTerm("space"); },
-      {{"searchTerm is absent or empty", [](auto& event) { event.setSearchTerm(""); }}});
+      {{"searchTerm must be a non-empty string", [](auto& event) { event.setSearchTerm(""); }}});
 }
 
 }  // namespace

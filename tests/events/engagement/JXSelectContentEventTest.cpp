@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXSelectContentEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXSelectContentEvent, WritesAllFieldsInOrder) {
   const auto event = JXSelectContentEvent::init();
   event->setPageName("P");
   event->setPageType("t");
@@ -20,7 +20,7 @@ TEST(JXSelectContentEvent, WithEveryFieldSetWritesThemAllInOrder) {
             R"("context":{"event_id":"E"},"content_type":"series","item_id":"S1"})");
 }
 
-TEST(JXSelectContentEvent, WithNothingSetVerifiesAndWritesItsName) {
+TEST(JXSelectContentEvent, IsValidAndWritesOnlyItsNameByDefault) {
   const auto event = JXSelectContentEvent::init();
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_EQ(event->firstFailedCondition(), JXString());

@@ -10,7 +10,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXSelectItemEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXSelectItemEvent, WritesAllFieldsInOrder) {
   const auto event = JXSelectItemEvent::initWithItems({lampItem()});
   event->setPageName("P");
   event->setPageType("t");
@@ -21,18 +21,18 @@ TEST(JXSelectItemEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXSelectItemEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXSelectItemEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXSelectItemEvent::init()),
             R"({"event_name":"select_item","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXSelectItemEvent, NeedsAnItem) {
+TEST(JXSelectItemEvent, RequiresAnItem) {
   expectRules<JXSelectItemEvent>(
       [] { return JXSelectItemEvent::initWithItems({lampItem()}); },
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXSelectItemEvent, MadeByInitHasAnEmptyPresentListAndVerifiesOnceItHoldsAnItem) {
+TEST(JXSelectItemEvent, StartsWithAnEmptyListAndIsValidWithOneItem) {
   const auto event = JXSelectItemEvent::init();
   EXPECT_TRUE(event->items().isPresent());
   EXPECT_EQ(event->items().size(), 0u);
@@ -41,14 +41,14 @@ TEST(JXSelectItemEvent, MadeByInitHasAnEmptyPresentListAndVerifiesOnceItHoldsAnI
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXSelectItemEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXSelectItemEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXSelectItemEvent::initWithItems(items);
   items.append(lampItem());
   EXPECT_EQ(event->items().size(), 1u);
 }
 
-TEST(JXSelectItemEvent, WritesTheKeysOfAViewedListAndDiffersOnlyInItsName) {
+TEST(JXSelectItemEvent, DiffersFromJXViewItemListEventOnlyInItsName) {
   const auto selected = JXSelectItemEvent::initWithItems({lampItem()});
   selected->setItemListName("Lamps");
   const auto viewed = JXViewItemListEvent::initWithItems({lampItem()});

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXSignUpEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXSignUpEvent, WritesAllFieldsInOrder) {
   const auto event = JXSignUpEvent::init();
   event->setPageName("P");
   event->setPageType("t");
@@ -18,7 +18,7 @@ TEST(JXSignUpEvent, WithEveryFieldSetWritesThemAllInOrder) {
                                R"("context":{"event_id":"E"},"method":"remote"})");
 }
 
-TEST(JXSignUpEvent, WithNothingSetVerifiesAndLeavesTheMethodOut) {
+TEST(JXSignUpEvent, IsValidAndOmitsTheMethodByDefault) {
   const auto event = JXSignUpEvent::init();
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_EQ(event->firstFailedCondition(), JXString());

@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXViewItemListEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXViewItemListEvent, WritesAllFieldsInOrder) {
   const auto event = JXViewItemListEvent::initWithItems({lampItem()});
   event->setPageName("P");
   event->setPageType("t");
@@ -20,18 +20,18 @@ TEST(JXViewItemListEvent, WithEveryFieldSetWritesThemAllInOrder) {
                 kLampJson + "]}");
 }
 
-TEST(JXViewItemListEvent, WithNothingSetWritesItsNameAndNoItems) {
+TEST(JXViewItemListEvent, WritesOnlyItsNameAndEmptyItemsByDefault) {
   EXPECT_EQ(eventJson(*JXViewItemListEvent::init()),
             R"({"event_name":"view_item_list","context":{"event_id":"E"},"items":[]})");
 }
 
-TEST(JXViewItemListEvent, NeedsAnItem) {
+TEST(JXViewItemListEvent, RequiresAnItem) {
   expectRules<JXViewItemListEvent>(
       [] { return JXViewItemListEvent::initWithItems({lampItem()}); },
-      {{"items holds no entry", [](auto& event) { event.setItems({}); }}});
+      {{"items must contain at least one element", [](auto& event) { event.setItems({}); }}});
 }
 
-TEST(JXViewItemListEvent, MadeByInitHasAnEmptyPresentListAndVerifiesOnceItHoldsAnItem) {
+TEST(JXViewItemListEvent, StartsWithAnEmptyListAndIsValidWithOneItem) {
   const auto event = JXViewItemListEvent::init();
   EXPECT_TRUE(event->items().isPresent());
   EXPECT_EQ(event->items().size(), 0u);
@@ -40,7 +40,7 @@ TEST(JXViewItemListEvent, MadeByInitHasAnEmptyPresentListAndVerifiesOnceItHoldsA
   EXPECT_TRUE(event->verifyEvent());
 }
 
-TEST(JXViewItemListEvent, DoesNotKeepTheListThatItWasGiven) {
+TEST(JXViewItemListEvent, DoesNotStoreTheCallersList) {
   const JXList<std::shared_ptr<JXItem>> items{lampItem()};
   const auto event = JXViewItemListEvent::initWithItems(items);
   items.append(lampItem());

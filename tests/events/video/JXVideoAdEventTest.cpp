@@ -13,7 +13,7 @@ namespace {
 
 using Event = JXVideoAdEvent;
 
-std::shared_ptr<Event> completeAd() {
+std::shared_ptr<Event> validAd() {
   const auto event = Event::initWithMode_andSessionId(EJXVideoAdMode_START, "s-1");
   event->setAdAssetID("X1");
   event->setAdPodID("P1");
@@ -22,8 +22,8 @@ std::shared_ptr<Event> completeAd() {
   return event;
 }
 
-TEST(JXVideoAdEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeAd();
+TEST(JXVideoAdEvent, WritesAllFieldsInOrder) {
+  const auto event = validAd();
   event->setPageName("P");
   event->setPageType("t");
   event->setVideoTitle("Moon");
@@ -41,30 +41,31 @@ TEST(JXVideoAdEvent, WithEveryFieldSetWritesThemAllInOrder) {
             R"("ad_quartile":2.0,"ad_type":"post-roll","load_type":"linear"})");
 }
 
-TEST(JXVideoAdEvent, WithNothingSetSaysPreRollAndDynamic) {
+TEST(JXVideoAdEvent, WritesPreRollAndDynamicByDefault) {
   EXPECT_EQ(eventJson(*Event::initWithMode_andSessionId(EJXVideoAdMode_CLICK, nullptr)),
             R"({"event_name":"video_ad_click","context":{"event_id":"E"},"ad_type":"pre-roll",)"
             R"("load_type":"dynamic"})");
 }
 
-TEST(JXVideoAdEvent, NeedsASessionBothIdentifiersACursorAndALength) {
+TEST(JXVideoAdEvent, RequiresSessionIDBothAdIDsCursorAndLength) {
   expectRules<Event>(
-      completeAd,
-      {{"videoSessionID is absent or empty", [](auto& event) { event.setVideoSessionID(""); }},
-       {"adAssetID is absent or empty", [](auto& event) { event.setAdAssetID(nullptr); }},
-       {"adPodID is absent or empty", [](auto& event) { event.setAdPodID(""); }},
-       {"cursorPosition is absent", [](auto& event) { event.setCursorPosition(std::nullopt); }},
-       {"totalLength is absent", [](auto& event) { event.setTotalLength(std::nullopt); }}});
+      validAd,
+      {{"videoSessionID must be a non-empty string",
+        [](auto& event) { event.setVideoSessionID(""); }},
+       {"adAssetID must be a non-empty string", [](auto& event) { event.setAdAssetID(nullptr); }},
+       {"adPodID must be a non-empty string", [](auto& event) { event.setAdPodID(""); }},
+       {"cursorPosition must be set", [](auto& event) { event.setCursorPosition(std::nullopt); }},
+       {"totalLength must be set", [](auto& event) { event.setTotalLength(std::nullopt); }}});
 }
 
-TEST(JXVideoAdEvent, WithAnEmptyPodIdentifierFails) {
-  const auto event = completeAd();
+TEST(JXVideoAdEvent, IsInvalidWithAnEmptyPodID) {
+  const auto event = validAd();
   event->setAdPodID("");
   EXPECT_FALSE(event->verifyEvent());
 }
 
-TEST(JXVideoAdEvent, WithTypesOneWritesMidRollAndLinear) {
-  const auto event = completeAd();
+TEST(JXVideoAdEvent, WritesMidRollAndLinearForTypesOne) {
+  const auto event = validAd();
   event->setAdType(static_cast<EJXAdType>(1));
   event->setLoadType(static_cast<EJXAdLoadType>(1));
   const JXJsonObject json = event->getJsonObject();
@@ -72,9 +73,9 @@ TEST(JXVideoAdEvent, WithTypesOneWritesMidRollAndLinear) {
   EXPECT_EQ(json.get("load_type").string(), JXString("linear"));
 }
 
-TEST(JXVideoAdEvent, ATypeOutsideItsEnumerationIsKeptAndWritesNoKey) {
+TEST(JXVideoAdEvent, StoresUnknownTypesWithoutWritingThem) {
   for (const int type : {-1, 3, INT_MAX, INT_MIN}) {
-    const auto event = completeAd();
+    const auto event = validAd();
     event->setAdType(static_cast<EJXAdType>(type));
     event->setLoadType(static_cast<EJXAdLoadType>(type));
     EXPECT_EQ(event->adType(), type);
@@ -85,7 +86,7 @@ TEST(JXVideoAdEvent, ATypeOutsideItsEnumerationIsKeptAndWritesNoKey) {
   }
 }
 
-TEST(JXVideoAdEvent, AModeOutsideItsEnumerationGivesAnEventWithoutAName) {
+TEST(JXVideoAdEvent, HasNoNameForAnUnknownMode) {
   EXPECT_EQ(Event::initWithMode_andSessionId(static_cast<EJXVideoAdMode>(8), "s")->name(),
             JXString());
   EXPECT_EQ(Event::initWithMode_andSessionId(static_cast<EJXVideoAdMode>(-1), "s")->name(),

@@ -11,7 +11,7 @@ namespace {
 
 using Event = JXVideoContentEvent;
 
-std::shared_ptr<Event> completeContent() {
+std::shared_ptr<Event> validContent() {
   const auto event = Event::initWithMode_andSessionId(EJXVideoContentMode_QUARTER_REACHED, "s-1");
   event->setContentAssetID("A1");
   event->setCursorPosition(1350);
@@ -19,8 +19,8 @@ std::shared_ptr<Event> completeContent() {
   return event;
 }
 
-TEST(JXVideoContentEvent, WithEveryFieldSetWritesThemAllInOrderAndTheLengthOnce) {
-  const auto event = completeContent();
+TEST(JXVideoContentEvent, WritesAllFieldsInOrderAndTheLengthOnce) {
+  const auto event = validContent();
   event->setPageName("P");
   event->setPageType("t");
   event->setVideoTitle("Moon");
@@ -49,29 +49,31 @@ TEST(JXVideoContentEvent, WithEveryFieldSetWritesThemAllInOrderAndTheLengthOnce)
             R"("full_episode":true,"livestream":true,"bitrate":4500,"framerate":25})");
 }
 
-TEST(JXVideoContentEvent, WithNothingSetWritesItsFlagsAndNoKeywords) {
+TEST(JXVideoContentEvent, WritesBooleansAndEmptyKeywordsByDefault) {
   EXPECT_EQ(eventJson(*Event::initWithMode_andSessionId(EJXVideoContentMode_START, nullptr)),
             R"({"event_name":"video_content_start","context":{"event_id":"E"},"keywords":[],)"
             R"("full_episode":false,"livestream":false})");
 }
 
-TEST(JXVideoContentEvent, NeedsASessionAnAssetACursorAndALength) {
+TEST(JXVideoContentEvent, RequiresSessionIDAssetCursorAndLength) {
   expectRules<Event>(
-      completeContent,
-      {{"videoSessionID is absent or empty", [](auto& event) { event.setVideoSessionID(""); }},
-       {"contentAssetID is absent or empty", [](auto& event) { event.setContentAssetID(""); }},
-       {"cursorPosition is absent", [](auto& event) { event.setCursorPosition(std::nullopt); }},
-       {"totalLength is absent", [](auto& event) { event.setTotalLength(std::nullopt); }}});
+      validContent,
+      {{"videoSessionID must be a non-empty string",
+        [](auto& event) { event.setVideoSessionID(""); }},
+       {"contentAssetID must be a non-empty string",
+        [](auto& event) { event.setContentAssetID(""); }},
+       {"cursorPosition must be set", [](auto& event) { event.setCursorPosition(std::nullopt); }},
+       {"totalLength must be set", [](auto& event) { event.setTotalLength(std::nullopt); }}});
 }
 
-TEST(JXVideoContentEvent, AbsentKeywordsAreNotWritten) {
-  const auto event = completeContent();
+TEST(JXVideoContentEvent, OmitsNullKeywords) {
+  const auto event = validContent();
   event->setKeywords(nullptr);
   event->keywords().append("lost");
   EXPECT_FALSE(event->getJsonObject().contains("keywords"));
 }
 
-TEST(JXVideoContentEvent, AModeOutsideItsEnumerationGivesAnEventWithoutAName) {
+TEST(JXVideoContentEvent, HasNoNameForAnUnknownMode) {
   EXPECT_EQ(Event::initWithMode_andSessionId(static_cast<EJXVideoContentMode>(4), "s")->name(),
             JXString());
 }

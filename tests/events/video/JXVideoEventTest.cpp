@@ -9,7 +9,7 @@
 namespace jx::test {
 namespace {
 
-TEST(JXVideoEvent, WithEveryFieldSetWritesThemAllInOrder) {
+TEST(JXVideoEvent, WritesAllFieldsInOrder) {
   const auto event = JXVideoEvent::init();
   event->setName("video_start");
   event->setPageName("P");
@@ -25,11 +25,11 @@ TEST(JXVideoEvent, WithEveryFieldSetWritesThemAllInOrder) {
             R"("total_length":5400,"video_title":"Moon","publisher":"Example Films"})");
 }
 
-TEST(JXVideoEvent, WithNothingSetHoldsOnlyItsContext) {
+TEST(JXVideoEvent, WritesOnlyItsContextByDefault) {
   EXPECT_EQ(eventJson(*JXVideoEvent::init()), R"({"context":{"event_id":"E"}})");
 }
 
-TEST(JXVideoEvent, FailsWhateverItsFieldsHold) {
+TEST(JXVideoEvent, IsInvalidRegardlessOfItsFields) {
   const auto event = JXVideoEvent::init();
   EXPECT_FALSE(event->verifyEvent());
   event->setName("video_start");
@@ -37,10 +37,11 @@ TEST(JXVideoEvent, FailsWhateverItsFieldsHold) {
   event->setCursorPosition(0);
   event->setTotalLength(5400);
   EXPECT_FALSE(event->verifyEvent());
-  EXPECT_EQ(event->firstFailedCondition(), JXString("a bare JXVideoEvent is never complete"));
+  EXPECT_EQ(event->firstFailedCondition(),
+            JXString("JXVideoEvent is a base class and never passes validation"));
 }
 
-TEST(JXVideoEvent, WritesPositionsAsExactNumbersAndNeverAsTexts) {
+TEST(JXVideoEvent, WritesPositionsAsExactNumbersNotAsStrings) {
   const auto event = JXVideoEvent::init();
   event->setCursorPosition(decimal("0.1"));
   event->setTotalLength(decimal("123456789012345678901234567890.12345678"));

@@ -13,7 +13,7 @@ namespace {
 
 using Event = JXVideoPlaybackEvent;
 
-std::shared_ptr<Event> completePlayback() {
+std::shared_ptr<Event> validPlayback() {
   const auto event = Event::initWithMode_andSessionId(EJXVideoPlaybackMode_PAUSE, "s-1");
   event->contentAssetID().append("A1");
   event->setCursorPosition(0);
@@ -21,8 +21,8 @@ std::shared_ptr<Event> completePlayback() {
   return event;
 }
 
-TEST(JXVideoPlaybackEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completePlayback();
+TEST(JXVideoPlaybackEvent, WritesAllFieldsInOrder) {
+  const auto event = validPlayback();
   event->setPageName("P");
   event->setPageType("t");
   event->setVideoTitle("Moon");
@@ -54,23 +54,24 @@ TEST(JXVideoPlaybackEvent, WithEveryFieldSetWritesThemAllInOrder) {
       R"("bitrate":4500,"framerate":23.976,"sound":0.80})");
 }
 
-TEST(JXVideoPlaybackEvent, WithNothingSetWritesItsFlagsAndEmptyLists) {
+TEST(JXVideoPlaybackEvent, WritesBooleansAndEmptyListsByDefault) {
   EXPECT_EQ(eventJson(*Event::initWithMode_andSessionId(EJXVideoPlaybackMode_START, nullptr)),
             R"({"event_name":"video_start","context":{"event_id":"E"},"full_screen":false,)"
             R"("ad_enabled":false,"livestream":false,"content_asset_id":[],"content_pod_id":[],)"
             R"("ad_asset_id":[],"ad_pod_id":[]})");
 }
 
-TEST(JXVideoPlaybackEvent, NeedsASessionAContentListACursorAndALength) {
+TEST(JXVideoPlaybackEvent, RequiresSessionIDContentAssetsCursorAndLength) {
   expectRules<Event>(
-      completePlayback,
-      {{"videoSessionID is absent or empty", [](auto& event) { event.setVideoSessionID(""); }},
-       {"contentAssetID is absent", [](auto& event) { event.setContentAssetID(nullptr); }},
-       {"cursorPosition is absent", [](auto& event) { event.setCursorPosition(std::nullopt); }},
-       {"totalLength is absent", [](auto& event) { event.setTotalLength(std::nullopt); }}});
+      validPlayback,
+      {{"videoSessionID must be a non-empty string",
+        [](auto& event) { event.setVideoSessionID(""); }},
+       {"contentAssetID must be set", [](auto& event) { event.setContentAssetID(nullptr); }},
+       {"cursorPosition must be set", [](auto& event) { event.setCursorPosition(std::nullopt); }},
+       {"totalLength must be set", [](auto& event) { event.setTotalLength(std::nullopt); }}});
 }
 
-TEST(JXVideoPlaybackEvent, OnlyBufferingIsCompleteWithoutACursorPosition) {
+TEST(JXVideoPlaybackEvent, RequiresACursorPositionExceptForBuffering) {
   for (int mode = EJXVideoPlaybackMode_START; mode <= EJXVideoPlaybackMode_COMPLETE; ++mode) {
     const auto event =
         Event::initWithMode_andSessionId(static_cast<EJXVideoPlaybackMode>(mode), "s-1");
@@ -80,26 +81,26 @@ TEST(JXVideoPlaybackEvent, OnlyBufferingIsCompleteWithoutACursorPosition) {
   }
 }
 
-TEST(JXVideoPlaybackEvent, MadeWithModeThreeIsNamedVideoBufferStart) {
+TEST(JXVideoPlaybackEvent, IsNamedVideoBufferStartForModeThree) {
   const auto event = Event::initWithMode_andSessionId(static_cast<EJXVideoPlaybackMode>(3), "s");
   EXPECT_EQ(event->name(), JXString("video_buffer_start"));
 }
 
-TEST(JXVideoPlaybackEvent, AnAbsentContentListFailsAndIsNotWritten) {
-  const auto event = completePlayback();
+TEST(JXVideoPlaybackEvent, RejectsAndOmitsANullContentList) {
+  const auto event = validPlayback();
   event->setContentAssetID(nullptr);
   EXPECT_FALSE(event->verifyEvent());
   EXPECT_FALSE(event->getJsonObject().contains("content_asset_id"));
 }
 
-TEST(JXVideoPlaybackEvent, AnEmptyContentListPassesAndIsWritten) {
-  const auto event = completePlayback();
+TEST(JXVideoPlaybackEvent, AcceptsAndWritesAnEmptyContentList) {
+  const auto event = validPlayback();
   event->setContentAssetID(JXJsonArray());
   EXPECT_TRUE(event->verifyEvent());
   EXPECT_TRUE(event->getJsonObject().get("content_asset_id").array().isPresent());
 }
 
-TEST(JXVideoPlaybackEvent, AModeOutsideItsEnumerationGivesAnEventWithoutAName) {
+TEST(JXVideoPlaybackEvent, HasNoNameForAnUnknownMode) {
   for (const int mode : {-1, 9, 1000000, INT_MIN}) {
     const auto event =
         Event::initWithMode_andSessionId(static_cast<EJXVideoPlaybackMode>(mode), "s-1");
@@ -108,8 +109,8 @@ TEST(JXVideoPlaybackEvent, AModeOutsideItsEnumerationGivesAnEventWithoutAName) {
   }
 }
 
-TEST(JXVideoPlaybackEvent, WithoutANameNeedsACursorPosition) {
-  const auto event = completePlayback();
+TEST(JXVideoPlaybackEvent, RequiresACursorPositionWithoutAName) {
+  const auto event = validPlayback();
   event->setName(nullptr);
   EXPECT_TRUE(event->verifyEvent());
   event->setCursorPosition(std::nullopt);

@@ -11,7 +11,7 @@ namespace {
 
 using Event = JXVideoSettingEvent;
 
-std::shared_ptr<Event> completeSetting(EJXVideoSettingMode mode) {
+std::shared_ptr<Event> validSetting(EJXVideoSettingMode mode) {
   const auto event = Event::initWithMode_andSessionId(mode, "s-1");
   event->setContentAssetID("A1");
   event->setCursorPosition(10);
@@ -20,8 +20,8 @@ std::shared_ptr<Event> completeSetting(EJXVideoSettingMode mode) {
   return event;
 }
 
-TEST(JXVideoSettingEvent, WithEveryFieldSetWritesThemAllInOrder) {
-  const auto event = completeSetting(EJXVideoSettingMode_QUALITY);
+TEST(JXVideoSettingEvent, WritesAllFieldsInOrder) {
+  const auto event = validSetting(EJXVideoSettingMode_QUALITY);
   event->setPageName("P");
   event->setPageType("t");
   event->setTotalLength(5400);
@@ -58,43 +58,45 @@ TEST(JXVideoSettingEvent, WithEveryFieldSetWritesThemAllInOrder) {
             R"("bitrate":4500,"framerate":25,"sound":0.5})");
 }
 
-TEST(JXVideoSettingEvent, WithNothingSetWritesItsFlagsAndNoKeywords) {
+TEST(JXVideoSettingEvent, WritesBooleansAndEmptyKeywordsByDefault) {
   EXPECT_EQ(eventJson(*Event::initWithMode_andSessionId(EJXVideoSettingMode_SHARE, nullptr)),
             R"({"event_name":"video_share","context":{"event_id":"E"},"keywords":[],)"
             R"("full_screen":false,"full_episode":false,"ad_enabled":false,"livestream":false})");
 }
 
-TEST(JXVideoSettingEvent, OfTheVolumeNeedsASessionAnAssetACursorABitrateAndTheSound) {
+TEST(JXVideoSettingEvent, RequiresSessionIDAssetCursorBitrateAndSoundForVolume) {
   expectRules<Event>(
-      [] { return completeSetting(EJXVideoSettingMode_VOLUME); },
-      {{"videoSessionID is absent or empty", [](auto& event) { event.setVideoSessionID(""); }},
-       {"contentAssetID is absent or empty", [](auto& event) { event.setContentAssetID(""); }},
-       {"cursorPosition is absent", [](auto& event) { event.setCursorPosition(std::nullopt); }},
-       {"bitrate is absent", [](auto& event) { event.setBitrate(std::nullopt); }},
-       {"sound is absent", [](auto& event) { event.setSound(std::nullopt); }}});
+      [] { return validSetting(EJXVideoSettingMode_VOLUME); },
+      {{"videoSessionID must be a non-empty string",
+        [](auto& event) { event.setVideoSessionID(""); }},
+       {"contentAssetID must be a non-empty string",
+        [](auto& event) { event.setContentAssetID(""); }},
+       {"cursorPosition must be set", [](auto& event) { event.setCursorPosition(std::nullopt); }},
+       {"bitrate must be set", [](auto& event) { event.setBitrate(std::nullopt); }},
+       {"sound must be set", [](auto& event) { event.setSound(std::nullopt); }}});
 }
 
-TEST(JXVideoSettingEvent, OnlyTheVolumeNeedsASound) {
+TEST(JXVideoSettingEvent, RequiresASoundOnlyForVolume) {
   for (int mode = EJXVideoSettingMode_VOLUME; mode <= EJXVideoSettingMode_SHARE; ++mode) {
-    const auto event = completeSetting(static_cast<EJXVideoSettingMode>(mode));
+    const auto event = validSetting(static_cast<EJXVideoSettingMode>(mode));
     event->setSound(std::nullopt);
     EXPECT_EQ(event->verifyEvent(), mode != 0) << event->name();
   }
 }
 
-TEST(JXVideoSettingEvent, WithALengthButNoBitrateFails) {
-  const auto event = completeSetting(EJXVideoSettingMode_SPEED);
+TEST(JXVideoSettingEvent, IsInvalidWithoutABitrateEvenWithALength) {
+  const auto event = validSetting(EJXVideoSettingMode_SPEED);
   event->setTotalLength(5400);
   event->setBitrate(std::nullopt);
   EXPECT_FALSE(event->verifyEvent());
 }
 
-TEST(JXVideoSettingEvent, MadeWithModeZeroIsNamedVideoVolume) {
+TEST(JXVideoSettingEvent, IsNamedVideoVolumeForModeZero) {
   const auto event = Event::initWithMode_andSessionId(static_cast<EJXVideoSettingMode>(0), "s");
   EXPECT_EQ(event->name(), JXString("video_volume"));
 }
 
-TEST(JXVideoSettingEvent, AModeOutsideItsEnumerationGivesAnEventWithoutAName) {
+TEST(JXVideoSettingEvent, HasNoNameForAnUnknownMode) {
   EXPECT_EQ(Event::initWithMode_andSessionId(static_cast<EJXVideoSettingMode>(8), "s")->name(),
             JXString());
 }

@@ -30,7 +30,7 @@ using testing::UnorderedElementsAreArray;
 
 constexpr std::chrono::seconds kPatience{60};
 
-// The events in a report, in its order: what stands behind the arrows.
+// Returns the event names of a report, in order: the words after the arrows.
 std::vector<std::string> shownNames(const std::string& report) {
   const std::string arrow = "-> ";
   std::vector<std::string> names;
@@ -41,7 +41,7 @@ std::vector<std::string> shownNames(const std::string& report) {
   return names;
 }
 
-/// The example with a real player, a film of 20 seconds made for the test, and a collector.
+/// The example with a real player, a generated film of 20 seconds, and a collector.
 class PlayerExample : public testing::Test {
  protected:
   void SetUp() override {
@@ -64,18 +64,18 @@ class PlayerExample : public testing::Test {
     ASSERT_EQ(ChildProcess::run(JX_FFMPEG, film, kPatience).status, 0);
   }
 
-  /// The example's command line, with `more` at its end.
+  /// Returns the command line of the example, followed by `more`.
   std::vector<std::string> arguments(const std::vector<std::string>& more) const {
     std::vector<std::string> all{"--to",    collector_.address(), "--ca", collector_.caFile(),
                                  "--state", folder_.path("state")};
     all.insert(all.end(), more.begin(), more.end());
     return all;
   }
-  void type(ChildProcess& player, const std::string& line, const std::string& answer) const {
+  void type(ChildProcess& player, const std::string& line, const std::string& output) const {
     ASSERT_TRUE(player.writeInput(line + "\n"));
-    ASSERT_TRUE(player.waitForOutput(answer, kPatience)) << player.output();
+    ASSERT_TRUE(player.waitForOutput(output, kPatience)) << player.output();
   }
-  /// In no order: what happens at once is delivered at once.
+  /// Returns the names of the received events. Simultaneous events may arrive in any order.
   std::vector<std::string> arrivedNames() const {
     std::vector<std::string> names;
     const JXJsonArray events = collector_.events();
@@ -85,7 +85,7 @@ class PlayerExample : public testing::Test {
     }
     return names;
   }
-  /// The bodies of the events of this name, in the order in which they happened.
+  /// Returns the bodies of the events of this name, in chronological order.
   std::vector<JXJsonObject> bodies(const std::string& name) const {
     std::map<std::string, JXJsonObject> found;
     const JXJsonArray events = collector_.events();
@@ -108,13 +108,13 @@ class PlayerExample : public testing::Test {
   TemporaryFolder folder_;
   std::string film_ = folder_.path("film.mkv");
   CollectorProgram collector_{JX_PROGRAM, folder_.path()};
-  // So that a test sees what the example leaves behind.
+  // For temporary files of the example, so that a test detects files that are not removed.
   TemporaryFolder own_;
   std::map<std::string, std::string> environment_{{"TMPDIR", own_.path()}};
 };
 
-TEST_F(PlayerExample, TellsAPauseASeekAQuarterAndTheEndAsTheyHappen) {
-  // It begins paused, so that nothing passes while this test is slow.
+TEST_F(PlayerExample, ReportsPauseSeekQuarterAndCompletion) {
+  // Starts paused, so that a slow test does not miss a position.
   ChildProcess player(JX_EXAMPLE_PLAYER, arguments({film_, "--pause"}), environment_,
                       ChildProcess::Input::Pipe);
   ASSERT_TRUE(player.waitForOutput("video_pause at 0 of 20", kPatience)) << player.output();
@@ -127,7 +127,7 @@ TEST_F(PlayerExample, TellsAPauseASeekAQuarterAndTheEndAsTheyHappen) {
   EXPECT_EQ(result.status, 0) << result.errors;
   EXPECT_EQ(result.errors, "");
 
-  const std::vector<std::string> happened{"video_start",
+  const std::vector<std::string> expected{"video_start",
                                           "video_content_start",
                                           "video_pause",
                                           "video_seek_start",
@@ -141,8 +141,8 @@ TEST_F(PlayerExample, TellsAPauseASeekAQuarterAndTheEndAsTheyHappen) {
                                           "video_resume",
                                           "video_content_complete",
                                           "video_complete"};
-  EXPECT_EQ(shownNames(result.output), happened);
-  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(happened));
+  EXPECT_EQ(shownNames(result.output), expected);
+  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(expected));
   EXPECT_EQ(digits(bodies("video_complete").at(0), "total_length"), "20");
   const std::vector<JXJsonObject> seeks = bodies("video_seek_start");
   ASSERT_EQ(seeks.size(), 2u);
@@ -150,12 +150,12 @@ TEST_F(PlayerExample, TellsAPauseASeekAQuarterAndTheEndAsTheyHappen) {
   EXPECT_EQ(digits(seeks[0], "seek_position"), "4.5");
   EXPECT_EQ(digits(seeks[1], "cursor_position"),
             digits(bodies("video_pause").at(1), "cursor_position"))
-      << "left where it paused";
+      << "the seek starts at the paused position";
   EXPECT_EQ(digits(seeks[1], "seek_position"), "18");
   EXPECT_TRUE(std::filesystem::is_empty(own_.path()));
 }
 
-TEST_F(PlayerExample, TellsThatItWaitsForMoreOfTheFilm) {
+TEST_F(PlayerExample, ReportsBuffering) {
   std::ifstream file(film_, std::ios::binary);
   const std::string bytes(std::istreambuf_iterator<char>(file), {});
   const std::string pipe = folder_.path("stream");
@@ -173,15 +173,15 @@ TEST_F(PlayerExample, TellsThatItWaitsForMoreOfTheFilm) {
   const ChildProcess::Result result = player.wait(kPatience);
   EXPECT_EQ(result.status, 0) << result.errors;
 
-  const std::vector<std::string> happened = shownNames(result.output);
-  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(happened));
+  const std::vector<std::string> shown = shownNames(result.output);
+  EXPECT_THAT(arrivedNames(), UnorderedElementsAreArray(shown));
   std::vector<std::string> waits;
-  for (const std::string& name : happened) {
+  for (const std::string& name : shown) {
     if (name.rfind("video_buffer", 0) == 0 || name == "video_pause" || name == "video_complete") {
       waits.push_back(name);
     }
   }
-  // A slow machine may wait more than once.
+  // A slow machine may buffer more than once.
   ASSERT_GE(waits.size(), 3u);
   EXPECT_EQ(waits[0], "video_buffer_start");
   EXPECT_EQ(waits[1], "video_buffer_complete");
@@ -189,7 +189,7 @@ TEST_F(PlayerExample, TellsThatItWaitsForMoreOfTheFilm) {
   EXPECT_THAT(waits, Not(Contains("video_pause")));
 }
 
-TEST_F(PlayerExample, TellsThatAFilmCannotBePlayed) {
+TEST_F(PlayerExample, ReportsAFilmThatCannotBePlayed) {
   const ChildProcess::Result result = ChildProcess::run(
       JX_EXAMPLE_PLAYER, arguments({folder_.path("missing.mkv")}), kPatience, environment_);
   EXPECT_EQ(result.status, 0) << result.errors;
@@ -197,7 +197,7 @@ TEST_F(PlayerExample, TellsThatAFilmCannotBePlayed) {
   EXPECT_EQ(bodies("video_error").at(0).get("error").string(), JXString("loading failed"));
 }
 
-TEST_F(PlayerExample, EndedInTheMiddleItTellsWhereAndLeavesNothingBehind) {
+TEST_F(PlayerExample, ReportsAPauseAndCleansUpAfterSigterm) {
   ChildProcess player(JX_EXAMPLE_PLAYER, arguments({film_}), environment_);
   ASSERT_TRUE(player.waitForOutput("video_content_start", kPatience)) << player.output();
   player.signal(SIGTERM);
@@ -208,7 +208,7 @@ TEST_F(PlayerExample, EndedInTheMiddleItTellsWhereAndLeavesNothingBehind) {
   EXPECT_TRUE(std::filesystem::is_empty(own_.path()));
 }
 
-TEST_F(PlayerExample, FollowsAPlayerThatRunsAlreadyAndLetsItRun) {
+TEST_F(PlayerExample, ConnectsToARunningPlayerWithoutEndingIt) {
   const std::string socket = folder_.path("mpv");
   ChildProcess mpv(JX_MPV, {"--no-config", "--no-terminal", "--vo=null", "--ao=null", "--pause",
                             "--start=7", "--input-ipc-server=" + socket, film_});
@@ -218,12 +218,12 @@ TEST_F(PlayerExample, FollowsAPlayerThatRunsAlreadyAndLetsItRun) {
   EXPECT_EQ(player.wait(kPatience).status, 0);
   EXPECT_THAT(arrivedNames(),
               UnorderedElementsAre("video_start", "video_content_start", "video_pause"));
-  EXPECT_EQ(::kill(mpv.pid(), 0), 0) << "it was not ours to end";
+  EXPECT_EQ(::kill(mpv.pid(), 0), 0) << "the example must not end the player";
   mpv.signal(SIGTERM);
   EXPECT_FALSE(mpv.wait(kPatience).timedOut);
 }
 
-TEST_F(PlayerExample, WithoutAPlayerItSaysSo) {
+TEST_F(PlayerExample, ReportsAMissingPlayer) {
   const ChildProcess::Result result =
       ChildProcess::run(JX_EXAMPLE_PLAYER, arguments({film_}), kPatience, {{"PATH", own_.path()}});
   EXPECT_EQ(result.status, 1);

@@ -19,12 +19,12 @@ PlayerChange changeOf(const std::string& line) {
   return reading.change.value_or(PlayerChange{Kind::Left});
 }
 
-bool meansNothing(const std::string& line) {
+bool isIgnored(const std::string& line) {
   const MpvReading reading = readMpvLine(line);
-  return !reading.change && reading.question.empty();
+  return !reading.change && reading.request.empty();
 }
 
-TEST(MpvMessages, APropertyIsAChange) {
+TEST(MpvMessages, ConvertsPropertiesToChanges) {
   const PlayerChange position =
       changeOf(R"({"event":"property-change","id":4,"name":"time-pos","data":4.960000})");
   EXPECT_EQ(position.kind, Kind::Position);
@@ -32,7 +32,7 @@ TEST(MpvMessages, APropertyIsAChange) {
   const PlayerChange paused =
       changeOf(R"({"event":"property-change","id":5,"name":"pause","data":true})");
   EXPECT_EQ(paused.kind, Kind::Paused);
-  EXPECT_TRUE(paused.flag);
+  EXPECT_TRUE(paused.isOn);
   const PlayerChange waiting =
       changeOf(R"({"event":"property-change","id":6,"name":"paused-for-cache","data":true})");
   EXPECT_EQ(waiting.kind, Kind::Buffering);
@@ -42,12 +42,12 @@ TEST(MpvMessages, APropertyIsAChange) {
   EXPECT_EQ(name.text, "film.mkv");
 }
 
-TEST(MpvMessages, APropertyWithoutAValueMeansNothing) {
-  EXPECT_TRUE(meansNothing(R"({"event":"property-change","id":3,"name":"duration"})"));
-  EXPECT_TRUE(meansNothing(R"({"event":"property-change","id":3,"name":"duration","data":null})"));
+TEST(MpvMessages, IgnoresPropertiesWithoutAValue) {
+  EXPECT_TRUE(isIgnored(R"({"event":"property-change","id":3,"name":"duration"})"));
+  EXPECT_TRUE(isIgnored(R"({"event":"property-change","id":3,"name":"duration","data":null})"));
 }
 
-TEST(MpvMessages, AFilmEndsByItsEndByTheViewerOrByAnError) {
+TEST(MpvMessages, DistinguishesTheEndOfFilmQuitAndError) {
   EXPECT_EQ(changeOf(R"({"event":"end-file","reason":"eof","playlist_entry_id":1})").kind,
             Kind::Finished);
   EXPECT_EQ(changeOf(R"({"event":"end-file","reason":"quit"})").kind, Kind::Left);
@@ -56,31 +56,31 @@ TEST(MpvMessages, AFilmEndsByItsEndByTheViewerOrByAnError) {
       changeOf(R"({"event":"end-file","reason":"error","file_error":"loading failed"})");
   EXPECT_EQ(failed.kind, Kind::Failed);
   EXPECT_EQ(failed.text, "loading failed");
-  EXPECT_TRUE(meansNothing(R"({"event":"end-file","reason":"redirect"})"));
+  EXPECT_TRUE(isIgnored(R"({"event":"end-file","reason":"redirect"})"));
 }
 
-TEST(MpvMessages, WhereASeekLandedIsAskedForAndTheAnswerEndsIt) {
+TEST(MpvMessages, RequestsThePositionAfterASeek) {
   EXPECT_EQ(changeOf(R"({"event":"seek"})").kind, Kind::SeekBegan);
   const MpvReading restarted = readMpvLine(R"({"event":"playback-restart"})");
   EXPECT_FALSE(restarted.change.has_value());
-  EXPECT_EQ(restarted.question, R"({"command":["get_property","time-pos"],"request_id":1})"
-                                "\n");
+  EXPECT_EQ(restarted.request, R"({"command":["get_property","time-pos"],"request_id":1})"
+                               "\n");
   const PlayerChange landed = changeOf(R"({"data":16.023000,"request_id":1,"error":"success"})");
   EXPECT_EQ(landed.kind, Kind::SeekEnded);
   EXPECT_EQ(landed.number, 16.023);
-  EXPECT_TRUE(meansNothing(R"({"request_id":1,"error":"property unavailable"})"));
-  EXPECT_TRUE(meansNothing(R"({"data":16.0,"request_id":0,"error":"success"})"));
+  EXPECT_TRUE(isIgnored(R"({"request_id":1,"error":"property unavailable"})"));
+  EXPECT_TRUE(isIgnored(R"({"data":16.0,"request_id":0,"error":"success"})"));
 }
 
-TEST(MpvMessages, WhatIsNoMessageMeansNothing) {
+TEST(MpvMessages, IgnoresUnknownLines) {
   for (const char* line : {"", "{", "[]", "7", R"({"event":7})", R"({"event":"audio-reconfig"})",
                            R"({"event":"property-change"})",
                            R"({"event":"property-change","name":"unasked","data":1})"}) {
-    EXPECT_TRUE(meansNothing(line)) << line;
+    EXPECT_TRUE(isIgnored(line)) << line;
   }
 }
 
-TEST(Remote, SaysForMpvWhatTheViewerTyped) {
+TEST(Remote, ConvertsInputToMpvCommands) {
   EXPECT_EQ(remoteCommand("pause"), R"({"command":["set_property","pause",true],"request_id":0})"
                                     "\n");
   EXPECT_EQ(remoteCommand("seek 12.50"), R"({"command":["seek",12.50,"absolute"],"request_id":0})"

@@ -4,10 +4,10 @@ import { chromium } from 'playwright-core';
 
 const ARGUMENTS = ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
   '--disable-background-networking', '--disable-component-update', '--disable-sync',
-  // Grey edges instead of coloured ones, so that the pictures are small and alike everywhere.
+  // Greyscale antialiasing, so that screenshots are small and identical on every machine.
   '--disable-lcd-text'];
 
-/** Debian's Chromium, without a window. */
+/** Launches Debian's Chromium without a window. */
 export function launch() {
   return chromium.launch({
     executablePath: process.env.JX_CHROMIUM ?? '/usr/bin/chromium', args: ARGUMENTS,
@@ -15,8 +15,8 @@ export function launch() {
 }
 
 /**
- * A page of its own, in one time zone. Whatever it complains of, a refused script included, is in
- * `complaints`.
+ * Opens a page in a new context with a fixed time zone. Its console errors, such as blocked
+ * scripts, are added to `complaints`.
  */
 export async function openPage(browser, address,
   { width = 1280, height = 800, colorScheme = 'light', permissions = [] } = {}) {
@@ -37,7 +37,7 @@ export async function openPage(browser, address,
 
 export const rowsOf = (page) => page.locator('.space .row');
 
-/** The names in sight, from the top. */
+/** Returns the visible names, from the top. */
 export async function namesIn(page) {
   const rows = await rowsOf(page).evaluateAll((nodes) => nodes.map((node) => ({
     name: node.querySelector('.name').textContent,
@@ -46,7 +46,7 @@ export async function namesIn(page) {
   return rows.sort((a, b) => a.top - b.top).map((row) => row.name);
 }
 
-/** How wide the page is beyond its window: 0, unless one has to scroll sideways. */
+/** Returns how many pixels the page is wider than its window. */
 export function overflowOf(page) {
   return page.evaluate(() =>
     document.scrollingElement.scrollWidth - document.scrollingElement.clientWidth);

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 /**
- * The lowest contrast of each selector's texts with what lies behind them, as WCAG computes it.
- * Runs in the page. A selector without a visible text is told as null.
+ * Returns the lowest contrast between text and background for each selector, as defined by WCAG.
+ * Runs in the page. The value is null for a selector without visible text.
  */
 export function contrastsOf(page, selectors) {
   return page.evaluate((wanted) => {
@@ -21,8 +21,8 @@ export function contrastsOf(page, selectors) {
       });
       return 0.2126 * red + 0.7152 * green + 0.0722 * blue;
     };
-    // Every ground in use is opaque; the nearest one counts.
-    const ground = (node) => {
+    // All backgrounds are opaque; the nearest one counts.
+    const background = (node) => {
       for (let at = node; at; at = at.parentElement) {
         const { rgb, alpha } = parse(getComputedStyle(at).backgroundColor);
         if (alpha === 1) return rgb;
@@ -32,13 +32,13 @@ export function contrastsOf(page, selectors) {
     const contrast = (node) => {
       const style = getComputedStyle(node);
       const own = node instanceof SVGElement ? style.fill : style.color;
-      const [high, low] = [luminance(parse(own).rgb), luminance(ground(node))]
+      const [high, low] = [luminance(parse(own).rgb), luminance(background(node))]
         .sort((a, b) => b - a);
       return (high + 0.05) / (low + 0.05);
     };
-    const isSeen = (node) => node.getClientRects().length > 0 && node.textContent.trim() !== '';
+    const isVisible = (node) => node.getClientRects().length > 0 && node.textContent.trim() !== '';
     return Object.fromEntries(wanted.map((selector) => {
-      const found = [...document.querySelectorAll(selector)].filter(isSeen).map(contrast);
+      const found = [...document.querySelectorAll(selector)].filter(isVisible).map(contrast);
       return [selector, found.length > 0 ? Math.min(...found) : null];
     }));
   }, selectors);

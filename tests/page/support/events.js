@@ -5,7 +5,7 @@ import { Agent, request } from 'node:https';
 
 export const SESSION = 'AAAAAAAA-0000-4000-8000-000000000001';
 
-/** What the library puts into every event. */
+/** The context block that the library writes to every event. */
 function context({ id, session, atMs }) {
   return {
     event_id: id ?? randomUUID().toUpperCase(),
@@ -30,7 +30,7 @@ function context({ id, session, atMs }) {
   };
 }
 
-/** The body of an event as the library would write it. */
+/** Returns the body of an event as the library writes it. */
 export function body(name, fields = {}, about = {}) {
   return JSON.stringify({
     event_name: name,
@@ -42,7 +42,7 @@ export function body(name, fields = {}, about = {}) {
 
 export const search = (term, about) => body('search', { search_term: term }, about);
 
-/** Posts bodies over HTTPS as an application does, on connections that stay open. */
+/** Posts bodies over HTTPS like an application, on keep-alive connections. */
 export class Sender {
   constructor(collector, connections = 1) {
     this.port = collector.eventsPort;
@@ -56,9 +56,9 @@ export class Sender {
         host: '127.0.0.1', port: this.port, path: '/events?jx_s=7&token=page-tests',
         method: 'POST', agent: this.agent,
         headers: { 'Content-Type': 'application/json', 'Content-Length': bytes.length },
-      }, (answer) => {
-        answer.resume();
-        answer.on('end', () => resolve(answer.statusCode));
+      }, (response) => {
+        response.resume();
+        response.on('end', () => resolve(response.statusCode));
       });
       sent.on('error', reject);
       sent.end(bytes);

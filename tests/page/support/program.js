@@ -8,15 +8,15 @@ import { fileURLToPath } from 'node:url';
 
 const ROOT = fileURLToPath(new URL('../../..', import.meta.url));
 const PROGRAM = process.env.JX_PROGRAM ?? join(ROOT, 'build/dev/tools/jx/jx');
-const PATIENCE_MS = 60000;
+const TIMEOUT_MS = 60000;
 
-/** Asks until the answer is truthy. */
-export async function until(what, ask) {
-  const end = Date.now() + PATIENCE_MS;
+/** Calls `check` until it returns a truthy value, which is returned. */
+export async function until(condition, check) {
+  const end = Date.now() + TIMEOUT_MS;
   for (;;) {
-    const answer = await ask();
-    if (answer) return answer;
-    if (Date.now() > end) throw new Error(`waited in vain: ${what}`);
+    const result = await check();
+    if (result) return result;
+    if (Date.now() > end) throw new Error(`timed out: ${condition}`);
     await new Promise((resolve) => setTimeout(resolve, 20));
   }
 }
@@ -24,8 +24,8 @@ export async function until(what, ask) {
 function run(args, environment = {}) {
   const child = spawn(PROGRAM, args,
     { stdio: ['ignore', 'pipe', 'inherit'], env: { ...process.env, ...environment } });
-  child.said = '';
-  child.stdout.on('data', (piece) => { child.said += piece; });
+  child.output = '';
+  child.stdout.on('data', (piece) => { child.output += piece; });
   child.ended = new Promise((resolve, reject) => {
     child.on('exit', resolve);
     child.on('error', reject);
@@ -33,7 +33,7 @@ function run(args, environment = {}) {
   return child;
 }
 
-/** A running `jx collector`, with a folder of its own that outlives a restart. */
+/** A running `jx collector`, with its own folder that survives a restart. */
 export class Collector {
   static async start() {
     const collector = new Collector();
@@ -47,7 +47,7 @@ export class Collector {
     this.child = run(['collector', '--state', join(this.folder, 'state'), '--port', eventsPort,
       '--web-port', webPort, '--ports-file', portsFile]);
     const ports = await until('the collector starts', async () => {
-      if (this.child.exitCode !== null) throw new Error('the collector ended at once');
+      if (this.child.exitCode !== null) throw new Error('the collector exited at start');
       return readFile(portsFile, 'utf8').then(JSON.parse, () => null);
     });
     Object.assign(this, { eventsPort: ports.events_port, webPort: ports.web_port });
@@ -72,30 +72,30 @@ export class Collector {
   }
 
   async get(path) {
-    const answer = await fetch(new URL(path, this.page));
-    if (!answer.ok) throw new Error(`${path}: ${answer.status} ${await answer.text()}`);
-    return answer.json();
+    const response = await fetch(new URL(path, this.page));
+    if (!response.ok) throw new Error(`${path}: ${response.status} ${await response.text()}`);
+    return response.json();
   }
 
   async post(path, body, type = 'application/json') {
-    const answer = await fetch(new URL(path, this.page),
+    const response = await fetch(new URL(path, this.page),
       { method: 'POST', headers: { 'Content-Type': type }, body });
-    if (!answer.ok) throw new Error(`${path}: ${answer.status} ${await answer.text()}`);
-    return answer.json();
+    if (!response.ok) throw new Error(`${path}: ${response.status} ${await response.text()}`);
+    return response.json();
   }
 }
 
-/** A running `jx demo` that has told everything; its page stays open. */
+/** A running `jx demo` that has printed its results; its web UI stays available. */
 export class Demo {
   static async start() {
     const demo = new Demo();
     demo.folder = await mkdtemp(join(tmpdir(), 'jx-page-'));
     demo.child = run(['demo'], { TMPDIR: demo.folder });
-    await until('the demo is told', () => {
-      if (demo.child.exitCode !== null) throw new Error(`the demo ended: ${demo.child.said}`);
-      return demo.child.said.includes('Ctrl-C ends');
+    await until('the demo is complete', () => {
+      if (demo.child.exitCode !== null) throw new Error(`the demo exited: ${demo.child.output}`);
+      return demo.child.output.includes('Ctrl-C');
     });
-    [demo.page] = demo.child.said.match(/http:\/\/localhost:\d+\//);
+    [demo.page] = demo.child.output.match(/http:\/\/localhost:\d+\//);
     return demo;
   }
 

@@ -12,31 +12,31 @@
 namespace jx::test {
 namespace {
 
-TEST(FoundationText, NilAndObjectsOfOtherClassesAreAbsent) {
+TEST(FoundationString, ReturnsNullForNilAndOtherClasses) {
   @autoreleasepool {
-    EXPECT_EQ(textOf(nil), JXString());
-    EXPECT_EQ(textOf([NSNumber numberWithInt:42]), JXString());
-    EXPECT_EQ(textOf([NSArray array]), JXString());
+    EXPECT_EQ(stringOf(nil), JXString());
+    EXPECT_EQ(stringOf([NSNumber numberWithInt:42]), JXString());
+    EXPECT_EQ(stringOf([NSArray array]), JXString());
   }
 }
 
-TEST(FoundationText, TextGoesThereAndBackUnchanged) {
+TEST(FoundationString, ConvertsStringsInBothDirections) {
   @autoreleasepool {
     for (const JXString& text : {JXString(""), JXString("caf\xC3\xA9"),
                                  JXString(std::string("a\0b", 3)), JXString("\xF0\x9F\x93\xBA")}) {
-      EXPECT_EQ(textOf(foundationString(text)), text);
+      EXPECT_EQ(stringOf(foundationString(text)), text);
     }
   }
 }
 
-TEST(FoundationText, AbsentTextAndBytesThatAreNoUtf8AreNil) {
+TEST(FoundationString, ReturnsNilForNullAndInvalidUtf8) {
   @autoreleasepool {
     EXPECT_TRUE(foundationString(nullptr) == nil);
     EXPECT_TRUE(foundationString("\xFF") == nil);
   }
 }
 
-TEST(FoundationDefaults, AnEntryThatIsNoTextIsAbsent) {
+TEST(FoundationDefaults, ReturnsNullForEntriesThatAreNotStrings) {
   @autoreleasepool {
     [[NSUserDefaults standardUserDefaults] setInteger:42 forKey:@"number"];
     [[NSUserDefaults standardUserDefaults] setObject:[NSArray array] forKey:@"list"];
@@ -46,7 +46,7 @@ TEST(FoundationDefaults, AnEntryThatIsNoTextIsAbsent) {
   EXPECT_EQ(defaults.objectForKey("list"), JXString());
 }
 
-TEST(FoundationDefaults, TheApplicationSeesWhatTheLibraryWrote) {
+TEST(FoundationDefaults, WritesValuesThatTheApplicationCanRead) {
   JXFoundationDefaults defaults;
   defaults.setObject_forKey("6F9619FF", "jx_unique_id");
   @autoreleasepool {
@@ -55,16 +55,16 @@ TEST(FoundationDefaults, TheApplicationSeesWhatTheLibraryWrote) {
   }
 }
 
-TEST(FoundationLocale, TheZoneIsTheApplicationsLocalOne) {
+TEST(FoundationLocale, ReturnsTheLocalTimeZone) {
   @autoreleasepool {
     [NSTimeZone setDefaultTimeZone:[NSTimeZone timeZoneWithName:@"Asia/Tokyo"]];
   }
   EXPECT_EQ(foundationTimeZoneName(), JXString("Asia/Tokyo"));
 }
 
-TEST(FoundationLocale, TheLanguagesAreTheViewersInTheirOrder) {
+TEST(FoundationLocale, ReturnsTheLanguagesInOrderOfPreference) {
   @autoreleasepool {
-    // GNUstep's own way to say what a viewer chose in the settings.
+    // GNUstep's equivalent of the language settings.
     [NSUserDefaults setUserLanguages:[NSArray arrayWithObjects:@"fr-CA", @"en", nil]];
   }
   const auto languages = foundationLanguages();

@@ -23,37 +23,37 @@ constexpr int kWifi = 1;
 constexpr int kCellular = 2;
 constexpr int kWired = 3;
 
-TEST(AppleNetwork, TheSystemsPathDecidesTheKind) {
-  tellFakePath({true, kWired});
+TEST(AppleNetwork, ReturnsTheKindOfTheSystemPath) {
+  setFakePath({true, kWired});
   const auto platform = platformWith();
   EXPECT_EQ(platform->networkKind(), JXNetworkKind::Ethernet);
-  tellFakePath({true, kWifi});
+  setFakePath({true, kWifi});
   EXPECT_EQ(platform->networkKind(), JXNetworkKind::Wifi);
-  tellFakePath({true, kCellular});
+  setFakePath({true, kCellular});
   EXPECT_EQ(platform->networkKind(), JXNetworkKind::Cellular);
 }
 
-TEST(AppleNetwork, AnUnsatisfiedPathIsNoConnection) {
-  tellFakePath({false, kWifi});
+TEST(AppleNetwork, ReturnsNoneForAnUnsatisfiedPath) {
+  setFakePath({false, kWifi});
   EXPECT_EQ(platformWith()->networkKind(), JXNetworkKind::None);
 }
 
-TEST(AppleNetwork, APathOfAnotherKindCountsAsWired) {
-  tellFakePath({true, kOther});
+TEST(AppleNetwork, ReturnsEthernetForOtherPaths) {
+  setFakePath({true, kOther});
   EXPECT_EQ(platformWith()->networkKind(), JXNetworkKind::Ethernet);
 }
 
-TEST(AppleNetwork, UntilTheSystemHasToldThePlatformGuesses) {
-  forgetFakePath();
+TEST(AppleNetwork, GuessesUntilTheFirstUpdate) {
+  resetFakePath();
   JXNetworkReading reading;
   reading.interfaces = {up("en0")};
   const auto platform = platformWith(reading);
   EXPECT_EQ(platform->networkKind(), JXNetworkKind::Wifi);
-  tellFakePath({true, kWired});
+  setFakePath({true, kWired});
   EXPECT_EQ(platform->networkKind(), JXNetworkKind::Ethernet);
 }
 
-TEST(AppleNetwork, AMonitorRunsAsLongAsItsPlatform) {
+TEST(AppleNetwork, StopsTheMonitorWithThePlatform) {
   EXPECT_EQ(runningFakeMonitors(), 0);
   auto platform = platformWith();
   EXPECT_EQ(runningFakeMonitors(), 1);
@@ -61,21 +61,21 @@ TEST(AppleNetwork, AMonitorRunsAsLongAsItsPlatform) {
   EXPECT_EQ(runningFakeMonitors(), 0);
 }
 
-TEST(AppleNetworkGuess, LoopbackTunnelsAndDeviceLinksAreNoConnection) {
-  EXPECT_EQ(guessedKindOfNetwork({}), JXNetworkKind::None);
-  EXPECT_EQ(guessedKindOfNetwork({{"lo0", true, true, true}, up("utun0"), up("awdl0"), up("llw0")}),
+TEST(AppleNetworkGuess, IgnoresLoopbackTunnelsAndDeviceLinks) {
+  EXPECT_EQ(guessNetworkKind({}), JXNetworkKind::None);
+  EXPECT_EQ(guessNetworkKind({{"lo0", true, true, true}, up("utun0"), up("awdl0"), up("llw0")}),
             JXNetworkKind::None);
 }
 
-TEST(AppleNetworkGuess, AnInterfaceThatIsDownOrHasNoAddressDoesNotCount) {
-  EXPECT_EQ(guessedKindOfNetwork({{"en0", false, false, true}, {"en1", true, false, false}}),
+TEST(AppleNetworkGuess, IgnoresInterfacesThatAreDownOrHaveNoAddress) {
+  EXPECT_EQ(guessNetworkKind({{"en0", false, false, true}, {"en1", true, false, false}}),
             JXNetworkKind::None);
 }
 
-TEST(AppleNetworkGuess, TheFirstUsableInterfaceCounts) {
-  EXPECT_EQ(guessedKindOfNetwork({{"en0", false, false, true}, up("pdp_ip0")}),
+TEST(AppleNetworkGuess, UsesTheFirstUsableInterface) {
+  EXPECT_EQ(guessNetworkKind({{"en0", false, false, true}, up("pdp_ip0")}),
             JXNetworkKind::Cellular);
-  EXPECT_EQ(guessedKindOfNetwork({up("en1"), up("pdp_ip0")}), JXNetworkKind::Wifi);
+  EXPECT_EQ(guessNetworkKind({up("en1"), up("pdp_ip0")}), JXNetworkKind::Wifi);
 }
 
 }  // namespace

@@ -24,59 +24,59 @@ class ApplePlatform : public ::testing::Test {
   JXApplePlatform& platform() {
     if (!platform_) {
       platform_ = std::make_unique<JXApplePlatform>(
-          host_, JXAppleSystem{root_.path(),
-                               [this](const char* name) -> void* {
-                                 return name == leftOut_ ? nullptr : loadedClass(name);
-                               },
-                               [this] { return reading_; }});
+          overrides_, JXAppleSystem{root_.path(),
+                                    [this](const char* name) -> void* {
+                                      return name == missingClass_ ? nullptr : loadedClass(name);
+                                    },
+                                    [this] { return reading_; }});
     }
     return *platform_;
   }
 
   JXString userAgent() {
-    JXString told("never answered");
-    platform().requestUserAgent([&told](const JXString& text) { told = text; });
-    return told;
+    JXString result("never called");
+    platform().requestUserAgent([&result](const JXString& text) { result = text; });
+    return result;
   }
 
   TemporaryFolder root_;
-  JXHostOverrides host_;
+  JXHostOverrides overrides_;
   JXNetworkReading reading_;
-  std::string leftOut_;  // a class that the run time does not have
+  std::string missingClass_;  // a class that the run time does not have
   std::unique_ptr<JXApplePlatform> platform_;
 };
 
-TEST_F(ApplePlatform, DescribesTheDeviceAsUIKitDoes) {
+TEST_F(ApplePlatform, ReturnsTheDeviceValuesOfUIKit) {
   EXPECT_EQ(platform().deviceModel(), JXString("Apple TV"));
   EXPECT_EQ(platform().systemName(), JXString("tvOS"));
   EXPECT_EQ(platform().systemVersion(), JXString("12.4"));
   EXPECT_EQ(platform().vendorIdentifier(), JXString("6F9619FF-8B86-D011-B42D-00C04FC964FF"));
 }
 
-TEST_F(ApplePlatform, WhatUIKitDoesNotSayIsAbsent) {
+TEST_F(ApplePlatform, ReturnsNullForValuesUnknownToUIKit) {
   fakeDevice().model = nullptr;
   fakeDevice().vendorIdentifier = nullptr;
   EXPECT_EQ(platform().deviceModel(), JXString());
   EXPECT_EQ(platform().vendorIdentifier(), JXString());
 }
 
-TEST_F(ApplePlatform, TheScreenIsTheMainOneInPoints) {
+TEST_F(ApplePlatform, ReturnsTheMainScreenInPoints) {
   EXPECT_EQ(platform().screenBounds().width, 1920);
   EXPECT_EQ(platform().screenBounds().height, 1080);
 }
 
-TEST_F(ApplePlatform, WithoutAScreenTheBoundsAreZero) {
+TEST_F(ApplePlatform, ReturnsZeroBoundsWithoutAScreen) {
   fakeDevice().hasScreen = false;
   EXPECT_EQ(platform().screenBounds().width, 0);
   EXPECT_EQ(platform().screenBounds().height, 0);
 }
 
-TEST_F(ApplePlatform, AStatedScreenWithoutHeightIsNoStatement) {
-  host_.screen = {640, 0};
+TEST_F(ApplePlatform, IgnoresAConfiguredScreenWithoutHeight) {
+  overrides_.screen = {640, 0};
   EXPECT_EQ(platform().screenBounds().width, 1920);
 }
 
-TEST_F(ApplePlatform, OnlyAuthorisationStateThreeAllowsTracking) {
+TEST_F(ApplePlatform, AllowsTrackingOnlyInAuthorisationStateThree) {
   fakeAdvertising().isTrackingEnabled = true;
   for (const unsigned long denied : {0UL, 1UL, 2UL, 4UL}) {
     fakeAdvertising().authorisation = denied;
@@ -86,8 +86,8 @@ TEST_F(ApplePlatform, OnlyAuthorisationStateThreeAllowsTracking) {
   EXPECT_TRUE(platform().isAdvertisingTrackingAllowed());
 }
 
-TEST_F(ApplePlatform, BeforeTvOS14TheSwitchOfAdSupportCounts) {
-  leftOut_ = "ATTrackingManager";
+TEST_F(ApplePlatform, UsesTheAdSupportSettingBeforeTvOS14) {
+  missingClass_ = "ATTrackingManager";
   fakeAdvertising().authorisation = 3;
   fakeAdvertising().isTrackingEnabled = false;
   EXPECT_FALSE(platform().isAdvertisingTrackingAllowed());
@@ -96,54 +96,52 @@ TEST_F(ApplePlatform, BeforeTvOS14TheSwitchOfAdSupportCounts) {
   EXPECT_TRUE(platform().isAdvertisingTrackingAllowed());
 }
 
-TEST_F(ApplePlatform, TheAdvertisingIdentifierIsAdSupports) {
+TEST_F(ApplePlatform, ReturnsTheAdSupportIdentifier) {
   EXPECT_EQ(platform().advertisingIdentifier(), JXString("EA7583CD-A667-48BC-B806-42ECB2B48606"));
 }
 
-TEST_F(ApplePlatform, WithoutAdSupportThereIsNoAdvertisingIdentifier) {
-  leftOut_ = "ASIdentifierManager";
+TEST_F(ApplePlatform, ReturnsNoAdvertisingIdentifierWithoutAdSupport) {
+  missingClass_ = "ASIdentifierManager";
   EXPECT_EQ(platform().advertisingIdentifier(), JXString());
 }
 
-TEST_F(ApplePlatform, WithoutAnyFrameworkForItTrackingIsNotAllowed) {
-  JXApplePlatform bare(host_, {root_.path(), [](const char*) -> void* { return nullptr; },
-                               [] { return JXNetworkReading{}; }});
+TEST_F(ApplePlatform, DisallowsTrackingWithoutFrameworks) {
+  JXApplePlatform bare(overrides_, {root_.path(), [](const char*) -> void* { return nullptr; },
+                                    [] { return JXNetworkReading{}; }});
   EXPECT_FALSE(bare.isAdvertisingTrackingAllowed());
   EXPECT_EQ(bare.advertisingIdentifier(), JXString());
 }
 
-TEST_F(ApplePlatform, ADeviceWithoutForeignFilesIsSound) {
-  EXPECT_FALSE(platform().isDeviceModified());
-}
+TEST_F(ApplePlatform, ReportsAnUnmodifiedDevice) { EXPECT_FALSE(platform().isDeviceModified()); }
 
-TEST_F(ApplePlatform, APackageManagersFolderMeansThatTheDeviceIsModified) {
+TEST_F(ApplePlatform, ReportsAModifiedDeviceForAPackageManager) {
   root_.makeFolder("etc/apt");
   EXPECT_TRUE(platform().isDeviceModified());
 }
 
-TEST_F(ApplePlatform, ALinkIntoNowhereCountsAsAForeignFile) {
+TEST_F(ApplePlatform, ReportsAModifiedDeviceForABrokenLink) {
   root_.link("private/var/jb", "/nowhere");
   EXPECT_TRUE(platform().isDeviceModified());
 }
 
-TEST_F(ApplePlatform, TheUserAgentNamesSystemVersionAndMachine) {
+TEST_F(ApplePlatform, BuildsTheUserAgentFromSystemVersionAndMachine) {
   fakeDevice().systemName = "tv OS";
   const std::string machine = platform().machineName().toStdString();
   EXPECT_EQ(userAgent().toStdString().substr(0, 12), "tv-OS/12.4 (");
   EXPECT_EQ(userAgent().toStdString().substr(12, 3), machine.substr(0, 3));
 }
 
-TEST_F(ApplePlatform, WithoutASystemNameThereIsNoUserAgent) {
+TEST_F(ApplePlatform, ReturnsNoUserAgentWithoutASystemName) {
   fakeDevice().systemName = nullptr;
   EXPECT_EQ(userAgent(), JXString());
 }
 
-TEST_F(ApplePlatform, TheFilesAreKeptInTheFolderForCaches) {
+TEST_F(ApplePlatform, UsesTheCachesFolder) {
   EXPECT_EQ(platform().defaultStorageFolder(),
             JXString(std::string(std::getenv("JX_TEST_HOME")) + "/Library/Caches/jxserverside"));
 }
 
-TEST_F(ApplePlatform, AnEntryWithoutANameIsNeitherWrittenNorRead) {
+TEST_F(ApplePlatform, IgnoresDefaultsWithoutAName) {
   JXPlatformDefaults& defaults = *platform().userDefaults();
   for (const JXString& key : {JXString(), JXString(""), JXString("\xFF")}) {
     defaults.setObject_forKey("text", key);

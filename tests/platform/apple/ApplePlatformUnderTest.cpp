@@ -12,7 +12,7 @@ const PlatformUnderTest& platformUnderTest() {
     system.make = [](const JXHostOverrides& host) {
       return makeSystemPlatform(host.bundle, host.screen, host.userAgent);
     };
-    // As in the tests' own Info.plist.
+    // As in the Info.plist of the tests.
     system.systemBundle = {"com.example.bundle", "Bundle TV", "77", "7.0"};
     system.postDidEnterBackground = postFakeDidEnterBackground;
     system.postWillEnterForeground = postFakeWillEnterForeground;

@@ -10,16 +10,16 @@
 namespace jx::test {
 namespace {
 
-// The library as a host starts it, on the platform that it makes for itself.
+// The library as an application starts it, with the default platform.
 class WholeLibrary : public ServerSideFixture {
  protected:
   WholeLibrary() {
     configuration.platform = nullptr;
-    tellFakePath({true, 3});
+    setFakePath({true, 3});
   }
 };
 
-TEST_F(WholeLibrary, AnEventDescribesTheAppleDevice) {
+TEST_F(WholeLibrary, WritesTheAppleDevice) {
   const auto serverSide = make();
   const JXJsonObject device = inside(context(execute(*serverSide)), {"device"});
   EXPECT_EQ(device.get("name").string(), JXString("Apple TV"));
@@ -30,7 +30,7 @@ TEST_F(WholeLibrary, AnEventDescribesTheAppleDevice) {
   EXPECT_EQ(inside(device, {"network"}).get("connection_type").string(), JXString("ethernet"));
 }
 
-TEST_F(WholeLibrary, AnEventNamesTheApplicationsBundle) {
+TEST_F(WholeLibrary, WritesTheApplicationBundle) {
   const auto serverSide = make();
   const JXJsonObject app = inside(context(execute(*serverSide)), {"app"});
   EXPECT_EQ(app.get("name").string(), JXString("Bundle TV"));
@@ -39,7 +39,7 @@ TEST_F(WholeLibrary, AnEventNamesTheApplicationsBundle) {
   EXPECT_EQ(variable("#JX_APPLICATION_BUILD#"), JXString("77"));
 }
 
-TEST_F(WholeLibrary, AnAuthorisedViewersIdentifierIsSent) {
+TEST_F(WholeLibrary, SendsTheIdentifierWithAuthorisation) {
   fakeAdvertising().authorisation = 3;
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
@@ -49,7 +49,7 @@ TEST_F(WholeLibrary, AnAuthorisedViewersIdentifierIsSent) {
   EXPECT_EQ(device.get("idfv").string(), JXString("6F9619FF-8B86-D011-B42D-00C04FC964FF"));
 }
 
-TEST_F(WholeLibrary, ADeniedIdentifierIsNeverSent) {
+TEST_F(WholeLibrary, DoesNotSendTheIdentifierWithoutAuthorisation) {
   fakeAdvertising().authorisation = 2;
   fakeAdvertising().isTrackingEnabled = true;
   const auto serverSide = make();
@@ -61,7 +61,7 @@ TEST_F(WholeLibrary, ADeniedIdentifierIsNeverSent) {
   EXPECT_EQ(request.text.find("EA7583CD"), std::string::npos);
 }
 
-TEST_F(WholeLibrary, TheSystemsTransitionsReachTheLibrary) {
+TEST_F(WholeLibrary, ObservesTransitionsOfTheSystem) {
   make();
   postFakeDidEnterBackground();
   EXPECT_EQ(posted(kJXNotification_OnBackground).size(), 1U);
@@ -70,7 +70,7 @@ TEST_F(WholeLibrary, TheSystemsTransitionsReachTheLibrary) {
   EXPECT_EQ(posted(kJXNotification_OnForeground).size(), 1U);
 }
 
-TEST_F(WholeLibrary, TheIdentifierLivesInTheUserDefaults) {
+TEST_F(WholeLibrary, StoresTheIdentifierInTheUserDefaults) {
   make();
   const JXString stored = JXUserDefaults::retrieveInfoFromUserDefaults("jx_unique_id");
   EXPECT_EQ(stored.size(), 36U);

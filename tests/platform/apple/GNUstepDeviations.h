@@ -6,12 +6,10 @@
 
 namespace jx::test {
 
-/// Where GNUstep's Foundation does otherwise than the system that the platform is written for. All
-/// that the tests on GNUstep take into account stands here.
+/// Adjusts the tests to all deviations of GNUstep's Foundation from tvOS.
 inline void allowForGNUstep(PlatformUnderTest& system) {
-  // Its NSUUID fills all sixteen bytes with random ones and sets neither version nor variant, so
-  // that the text does not say that it is random. It is, all the same.
-  system.uuidsStateTheirVersion = false;
+  // NSUUID of GNUstep consists of 16 random bytes and sets neither version nor variant.
+  system.uuidsHaveAVersion = false;
 }
 
 }  // namespace jx::test

@@ -11,7 +11,7 @@
 
 namespace {
 
-// GNUstep finds the folders of a user in this file.
+// GNUstep reads the folders of a user from this file.
 std::string writeConfiguration(const jx::test::TemporaryFolder& home) {
   return home.write(
       "GNUstep.conf",
@@ -19,8 +19,8 @@ std::string writeConfiguration(const jx::test::TemporaryFolder& home) {
           "\nGNUSTEP_USER_DIR_LIBRARY=" + home.makeFolder("Library") + "\n");
 }
 
-// Runs this program again as a child whose user is the folder, so that no test reads or writes what
-// the user of this machine has. GNUstep reads its configuration before `main`.
+// Runs this program again as a child process with a temporary home folder, so that no test reads or
+// writes files of the user. GNUstep reads its configuration before `main`.
 int runAtHome(char** argv) {
   const jx::test::TemporaryFolder home;
   ::setenv("GNUSTEP_CONFIG_FILE", writeConfiguration(home).c_str(), 1);

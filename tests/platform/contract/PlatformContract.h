@@ -11,20 +11,20 @@
 
 namespace jx::test {
 
-/// A test of what JXPlatform promises, whichever system it runs on.
+/// Tests the contract of JXPlatform on any system.
 class PlatformContract : public ::testing::Test {
  protected:
   PlatformContract() : system_(platformUnderTest()) {}
 
   JXPlatform& platform() {
-    if (!platform_) platform_ = system_.make(host_);
+    if (!platform_) platform_ = system_.make(overrides_);
     return *platform_;
   }
 
   static bool isUpperCaseUUID(const JXString& text);
 
   const PlatformUnderTest& system_;
-  JXHostOverrides host_;  ///< to be changed before the first `platform()`
+  JXHostOverrides overrides_;  ///< to be changed before the first `platform()`
   std::shared_ptr<JXPlatform> platform_;
 };
 

@@ -11,8 +11,8 @@
 namespace jx::test {
 namespace {
 
-// The system's settings store, or the file that the library uses where there is none: both must
-// keep the same promises.
+// The settings store of the system, or the file that the library uses if there is none. Both must
+// fulfil the same contract.
 class DefaultsContract : public PlatformContract {
  protected:
   JXPlatformDefaults& defaults() {
@@ -25,43 +25,43 @@ class DefaultsContract : public PlatformContract {
   std::unique_ptr<JXDefaultsFile> file_;
 };
 
-TEST_F(DefaultsContract, AreTheSystemsOwnWhereItHasThem) {
+TEST_F(DefaultsContract, UsesTheStoreOfTheSystemIfItHasOne) {
   EXPECT_EQ(platform().userDefaults() != nullptr, system_.hasUserDefaults);
 }
 
-TEST_F(DefaultsContract, AnUnknownEntryIsAbsent) {
+TEST_F(DefaultsContract, ReturnsNullForAnUnknownEntry) {
   EXPECT_EQ(defaults().objectForKey("#JX_NEVER_WRITTEN#"), JXString());
 }
 
-TEST_F(DefaultsContract, ATextIsReadBackAtOnce) {
+TEST_F(DefaultsContract, ReturnsAValueImmediatelyAfterSettingIt) {
   defaults().setObject_forKey("1700000000000", "#JX_TIME#");
   EXPECT_EQ(defaults().objectForKey("#JX_TIME#"), JXString("1700000000000"));
 }
 
-TEST_F(DefaultsContract, TheLaterValueCounts) {
+TEST_F(DefaultsContract, ReplacesAValue) {
   defaults().setObject_forKey("first", "#JX_VALUE#");
   defaults().setObject_forKey("second", "#JX_VALUE#");
   EXPECT_EQ(defaults().objectForKey("#JX_VALUE#"), JXString("second"));
 }
 
-TEST_F(DefaultsContract, AnEmptyTextIsAValue) {
+TEST_F(DefaultsContract, KeepsAnEmptyString) {
   defaults().setObject_forKey("", "#JX_EMPTY#");
   EXPECT_EQ(defaults().objectForKey("#JX_EMPTY#"), JXString(""));
 }
 
-TEST_F(DefaultsContract, AnAbsentValueRemovesTheEntry) {
+TEST_F(DefaultsContract, RemovesAnEntrySetToNull) {
   defaults().setObject_forKey("text", "#JX_GONE#");
   defaults().setObject_forKey(nullptr, "#JX_GONE#");
   EXPECT_EQ(defaults().objectForKey("#JX_GONE#"), JXString());
 }
 
-TEST_F(DefaultsContract, RemovingWhatIsNotThereChangesNothing) {
+TEST_F(DefaultsContract, IgnoresRemovalOfAnUnknownEntry) {
   defaults().setObject_forKey("text", "#JX_OTHER#");
   defaults().setObject_forKey(nullptr, "#JX_NOT_THERE#");
   EXPECT_EQ(defaults().objectForKey("#JX_OTHER#"), JXString("text"));
 }
 
-TEST_F(DefaultsContract, AnyTextIsReadBackAsItWas) {
+TEST_F(DefaultsContract, ReturnsAnyStringUnchanged) {
   const std::vector<JXString> texts{"caf\xC3\xA9 \xF0\x9F\x93\xBA",
                                     "\" \\ { } ; = <plist> & \n\t",
                                     "\xFF\xFE is no UTF-8",
@@ -77,13 +77,13 @@ TEST_F(DefaultsContract, AnyTextIsReadBackAsItWas) {
   }
 }
 
-TEST_F(DefaultsContract, ANulIsKept) {
+TEST_F(DefaultsContract, KeepsNulCharacters) {
   const JXString text(std::string("a\0b", 3));
   defaults().setObject_forKey(text, "#JX_NUL#");
   EXPECT_EQ(defaults().objectForKey("#JX_NUL#"), text);
 }
 
-TEST_F(DefaultsContract, ThreadsMayWriteAtOnce) {
+TEST_F(DefaultsContract, SupportsConcurrentWrites) {
   JXPlatformDefaults& shared = defaults();
   std::vector<std::thread> threads;
   threads.reserve(4);

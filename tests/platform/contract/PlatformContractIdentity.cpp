@@ -26,17 +26,17 @@ bool PlatformContract::isUpperCaseUUID(const JXString& text) {
 
 namespace {
 
-TEST_F(PlatformContract, AUUIDHas36CharactersInUpperCase) {
+TEST_F(PlatformContract, ReturnsUUIDsOf36UpperCaseCharacters) {
   for (int i = 0; i < 100; ++i) {
     const JXString uuid = platform().newUUID();
     EXPECT_TRUE(isUpperCaseUUID(uuid)) << uuid;
   }
 }
 
-TEST_F(PlatformContract, AUUIDStatesThatItIsRandom) {
+TEST_F(PlatformContract, SetsTheRandomVersionInUUIDs) {
   for (int i = 0; i < 100; ++i) {
     const JXString uuid = platform().newUUID();
-    if (system_.uuidsStateTheirVersion) {
+    if (system_.uuidsHaveAVersion) {
       EXPECT_EQ(uuid.view()[14], '4') << uuid;
       EXPECT_NE(std::string_view("89AB").find(uuid.view()[19]), std::string_view::npos) << uuid;
     } else {
@@ -45,19 +45,19 @@ TEST_F(PlatformContract, AUUIDStatesThatItIsRandom) {
   }
 }
 
-TEST_F(PlatformContract, NoTwoUUIDsAreEqual) {
+TEST_F(PlatformContract, ReturnsUniqueUUIDs) {
   std::set<std::string> seen;
   for (int i = 0; i < 10'000; ++i)
     seen.insert(platform().newUUID().toStdString());
   EXPECT_EQ(seen.size(), 10'000U);
 }
 
-TEST_F(PlatformContract, NoTwoThreadsMakeTheSameUUID) {
-  std::vector<std::vector<std::string>> made(4);
+TEST_F(PlatformContract, ReturnsUniqueUUIDsOnAllThreads) {
+  std::vector<std::vector<std::string>> created(4);
   std::vector<std::thread> threads;
   JXPlatform& shared = platform();
-  threads.reserve(made.size());
-  for (auto& mine : made) {
+  threads.reserve(created.size());
+  for (auto& mine : created) {
     threads.emplace_back([&shared, &mine] {
       for (int i = 0; i < 500; ++i)
         mine.push_back(shared.newUUID().toStdString());
@@ -66,12 +66,12 @@ TEST_F(PlatformContract, NoTwoThreadsMakeTheSameUUID) {
   for (auto& thread : threads)
     thread.join();
   std::set<std::string> seen;
-  for (const auto& part : made)
+  for (const auto& part : created)
     seen.insert(part.begin(), part.end());
   EXPECT_EQ(seen.size(), 2'000U);
 }
 
-TEST_F(PlatformContract, EveryRandomBitIsSometimesSetAndSometimesNot) {
+TEST_F(PlatformContract, SetsAndClearsEveryRandomBit) {
   std::uint32_t everSet = 0;
   std::uint32_t alwaysSet = 0xFFFFFFFF;
   for (int i = 0; i < 256; ++i) {
@@ -83,57 +83,59 @@ TEST_F(PlatformContract, EveryRandomBitIsSometimesSetAndSometimesNot) {
   EXPECT_EQ(alwaysSet, 0U);
 }
 
-TEST_F(PlatformContract, NamesThisProcess) { EXPECT_EQ(platform().processIdentifier(), getpid()); }
-
-TEST_F(PlatformContract, WhatTheHostStatesOfItselfIsToldUnchanged) {
-  host_.bundle = {"com.example.tv", "Example TV", "1234", "1.2.3"};
-  const JXBundleInformation told = platform().bundleInformation();
-  EXPECT_EQ(told.identifier, JXString("com.example.tv"));
-  EXPECT_EQ(told.name, JXString("Example TV"));
-  EXPECT_EQ(told.version, JXString("1234"));
-  EXPECT_EQ(told.shortVersion, JXString("1.2.3"));
+TEST_F(PlatformContract, ReturnsTheProcessId) {
+  EXPECT_EQ(platform().processIdentifier(), getpid());
 }
 
-TEST_F(PlatformContract, WhatTheHostLeavesOutTheSystemsBundleFills) {
-  host_.bundle.name = "Example TV";
-  const JXBundleInformation told = platform().bundleInformation();
-  EXPECT_EQ(told.identifier, system_.systemBundle.identifier);
-  EXPECT_EQ(told.name, JXString("Example TV"));
-  EXPECT_EQ(told.version, system_.systemBundle.version);
-  EXPECT_EQ(told.shortVersion, system_.systemBundle.shortVersion);
+TEST_F(PlatformContract, ReturnsTheConfiguredBundleUnchanged) {
+  overrides_.bundle = {"com.example.tv", "Example TV", "1234", "1.2.3"};
+  const JXBundleInformation result = platform().bundleInformation();
+  EXPECT_EQ(result.identifier, JXString("com.example.tv"));
+  EXPECT_EQ(result.name, JXString("Example TV"));
+  EXPECT_EQ(result.version, JXString("1234"));
+  EXPECT_EQ(result.shortVersion, JXString("1.2.3"));
 }
 
-TEST_F(PlatformContract, AnEmptyTextOfTheHostIsAStatement) {
-  host_.bundle.shortVersion = "";
+TEST_F(PlatformContract, CompletesTheBundleFromTheSystem) {
+  overrides_.bundle.name = "Example TV";
+  const JXBundleInformation result = platform().bundleInformation();
+  EXPECT_EQ(result.identifier, system_.systemBundle.identifier);
+  EXPECT_EQ(result.name, JXString("Example TV"));
+  EXPECT_EQ(result.version, system_.systemBundle.version);
+  EXPECT_EQ(result.shortVersion, system_.systemBundle.shortVersion);
+}
+
+TEST_F(PlatformContract, KeepsAConfiguredEmptyString) {
+  overrides_.bundle.shortVersion = "";
   EXPECT_EQ(platform().bundleInformation().shortVersion, JXString(""));
 }
 
-TEST_F(PlatformContract, TheMachineIsTheKernelsNameForIt) {
+TEST_F(PlatformContract, ReturnsTheMachineNameOfTheKernel) {
   utsname names{};
   ASSERT_GE(uname(&names), 0);
   EXPECT_EQ(platform().machineName(), JXString(names.machine));
 }
 
-TEST_F(PlatformContract, SystemNameAndVersionAreLinesWithText) {
+TEST_F(PlatformContract, ReturnsNonEmptySystemNameAndVersion) {
   for (const JXString& text : {platform().systemName(), platform().systemVersion()}) {
     EXPECT_TRUE(text.testString());
     EXPECT_EQ(text.view().find('\n'), std::string_view::npos) << text;
   }
 }
 
-TEST_F(PlatformContract, AnAdvertisingIdentifierIsAbsentOrAUUID) {
+TEST_F(PlatformContract, ReturnsNullOrAUUIDAsAdvertisingIdentifier) {
   for (const JXString& text : {platform().advertisingIdentifier(), platform().vendorIdentifier()}) {
     EXPECT_TRUE(!text.isPresent() || isUpperCaseUUID(text)) << text;
   }
 }
 
-TEST_F(PlatformContract, WhereTrackingIsAllowedThereIsAnIdentifier) {
+TEST_F(PlatformContract, ReturnsAnIdentifierIfTrackingIsAllowed) {
   EXPECT_TRUE(!platform().isAdvertisingTrackingAllowed() ||
               platform().advertisingIdentifier().testString());
 }
 
-TEST_F(PlatformContract, TheIntegrityProbeAnswersTheSameTwice) {
-  // A probe must not leave traces that it then finds.
+TEST_F(PlatformContract, ReturnsTheSameIntegrityResultTwice) {
+  // A probe must not create files that it then detects.
   const bool first = platform().isDeviceModified();
   EXPECT_EQ(platform().isDeviceModified(), first);
 }

@@ -11,23 +11,23 @@
 
 namespace jx::test {
 
-/// What a system gives the contract's tests. Each test program defines `platformUnderTest` for the
-/// system that it was built with; the tests themselves are the same everywhere.
+/// System-specific part of the contract tests. Each test program defines `platformUnderTest` for
+/// its system; the tests are the same for all systems.
 struct PlatformUnderTest {
-  /// A platform as the library makes it.
+  /// Creates a platform as the library does.
   std::function<std::shared_ptr<JXPlatform>(const JXHostOverrides&)> make;
 
-  /// What the system says of the application where the host states nothing.
+  /// Values of the system for an application that sets none.
   JXBundleInformation systemBundle;
-  /// Post what the system posts when the application leaves and comes back; empty on a system
-  /// without such notifications.
+  /// Post the notifications of the system that the application enters the background and returns to
+  /// the foreground; empty on a system without such notifications.
   std::function<void()> postDidEnterBackground;
   std::function<void()> postWillEnterForeground;
-  /// Whether there is a settings store of the system's own.
+  /// Whether the system has a settings store.
   bool hasUserDefaults = false;
 
-  // Where the system of this machine falls short of the promise, set in one place with its reason.
-  bool uuidsStateTheirVersion = true;
+  // Deviations of the system of this machine from the contract.
+  bool uuidsHaveAVersion = true;
 };
 
 const PlatformUnderTest& platformUnderTest();

@@ -35,9 +35,10 @@ mode_t modeOf(const std::filesystem::path& file) {
   return status.st_mode & 07777;
 }
 
-// Verifies server.pem as a TLS client does that trusts ca.pem and wants to reach `host` at `time`.
-// Gives OpenSSL's verdict.
-int verdict(const std::filesystem::path& folder, const std::string& host, std::time_t time = kNow) {
+// Verifies server.pem like a TLS client that trusts ca.pem and connects to `host` at `time`.
+// Returns the result of OpenSSL.
+int verifyServerCertificate(const std::filesystem::path& folder, const std::string& host,
+                            std::time_t time = kNow) {
   using Store = std::unique_ptr<X509_STORE, OpenSslRelease<X509_STORE_free>>;
   using Context = std::unique_ptr<X509_STORE_CTX, OpenSslRelease<X509_STORE_CTX_free>>;
   const CertificateHandle authority = certificateFromPem(contentOf(folder / "ca.pem"));
@@ -60,22 +61,22 @@ int verdict(const std::filesystem::path& folder, const std::string& host, std::t
   return X509_STORE_CTX_get_error(context.get());
 }
 
-TEST(CertificateAuthority, ItsServerCertificateIsValidForEachOfItsNames) {
+TEST(CertificateAuthority, ServerCertificateIsValidForEachName) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-  EXPECT_EQ(verdict(folder.path(), "localhost"), X509_V_OK);
-  EXPECT_EQ(verdict(folder.path(), "127.0.0.1"), X509_V_OK);
-  EXPECT_EQ(verdict(folder.path(), "::1"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "127.0.0.1"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "::1"), X509_V_OK);
 }
 
-TEST(CertificateAuthority, ItsServerCertificateIsNotValidForAnotherName) {
+TEST(CertificateAuthority, ServerCertificateIsNotValidForOtherNames) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-  EXPECT_EQ(verdict(folder.path(), "example.com"), X509_V_ERR_HOSTNAME_MISMATCH);
-  EXPECT_EQ(verdict(folder.path(), "127.0.0.2"), X509_V_ERR_IP_ADDRESS_MISMATCH);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "example.com"), X509_V_ERR_HOSTNAME_MISMATCH);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "127.0.0.2"), X509_V_ERR_IP_ADDRESS_MISMATCH);
 }
 
-TEST(CertificateAuthority, ItMaySignServersButNoFurtherAuthorities) {
+TEST(CertificateAuthority, MaySignServersButNotAuthorities) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const CertificateHandle authority = certificateFromPem(contentOf(folder / "ca.pem"));
@@ -90,7 +91,7 @@ TEST(CertificateAuthority, ItMaySignServersButNoFurtherAuthorities) {
   EXPECT_EQ(X509_check_ca(server.get()), 0);
 }
 
-TEST(CertificateAuthority, ItLastsTenYearsAndAServerCertificateAtMost397Days) {
+TEST(CertificateAuthority, IsValidForTenYearsAndServersForAtMost397Days) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const CertificateHandle authority = certificateFromPem(contentOf(folder / "ca.pem"));
@@ -106,14 +107,14 @@ TEST(CertificateAuthority, ItLastsTenYearsAndAServerCertificateAtMost397Days) {
   EXPECT_GT(days, 365);
 }
 
-TEST(CertificateAuthority, ItsKeysAreForTheOwnerOnly) {
+TEST(CertificateAuthority, KeysAreAccessibleToTheOwnerOnly) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   EXPECT_EQ(modeOf(folder / "ca.key"), 0600u);
   EXPECT_EQ(modeOf(folder / "server.key"), 0600u);
 }
 
-TEST(CertificateAuthority, ARestartKeepsEveryFile) {
+TEST(CertificateAuthority, KeepsAllFilesWhenReopened) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   std::vector<std::string> before;
@@ -128,7 +129,7 @@ TEST(CertificateAuthority, ARestartKeepsEveryFile) {
   EXPECT_EQ(before, after);
 }
 
-TEST(CertificateAuthority, AServerCertificateIsRenewedThirtyDaysBeforeItsEndByTheSameAuthority) {
+TEST(CertificateAuthority, RenewsTheServerCertificateThirtyDaysBeforeExpiry) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const std::string authority = contentOf(folder / "ca.pem");
@@ -137,30 +138,30 @@ TEST(CertificateAuthority, AServerCertificateIsRenewedThirtyDaysBeforeItsEndByTh
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, later));
   EXPECT_EQ(contentOf(folder / "ca.pem"), authority);
   EXPECT_NE(contentOf(folder / "server.pem"), server);
-  EXPECT_EQ(verdict(folder.path(), "localhost", later + 300 * kDay), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", later + 300 * kDay), X509_V_OK);
 }
 
-TEST(CertificateAuthority, OtherNamesMakeAnotherServerCertificate) {
+TEST(CertificateAuthority, ReissuesTheServerCertificateForOtherNames) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const std::string authority = contentOf(folder / "ca.pem");
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), {"localhost", "tv-desk.example"}, kNow));
   EXPECT_EQ(contentOf(folder / "ca.pem"), authority);
-  EXPECT_EQ(verdict(folder.path(), "tv-desk.example"), X509_V_OK);
-  EXPECT_EQ(verdict(folder.path(), "::1"), X509_V_ERR_IP_ADDRESS_MISMATCH);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "tv-desk.example"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "::1"), X509_V_ERR_IP_ADDRESS_MISMATCH);
 }
 
-TEST(CertificateAuthority, ADamagedServerCertificateIsMadeAnew) {
+TEST(CertificateAuthority, ReissuesADamagedServerCertificate) {
   for (const char* file : {"server.pem", "server.key"}) {
     const ScratchFolder folder;
     ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-    overwrite(folder / file, "-----BEGIN rubbish");
+    overwrite(folder / file, "-----BEGIN garbage");
     ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow)) << file;
-    EXPECT_EQ(verdict(folder.path(), "localhost"), X509_V_OK) << file;
+    EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost"), X509_V_OK) << file;
   }
 }
 
-TEST(CertificateAuthority, AServerCertificateOfAnotherAuthorityIsMadeAnew) {
+TEST(CertificateAuthority, ReissuesAServerCertificateOfAnotherAuthority) {
   const ScratchFolder folder;
   const ScratchFolder other;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
@@ -168,14 +169,15 @@ TEST(CertificateAuthority, AServerCertificateOfAnotherAuthorityIsMadeAnew) {
   for (const char* file : {"server.pem", "server.key"}) {
     overwrite(folder / file, contentOf(other / file));
   }
-  EXPECT_NE(verdict(folder.path(), "localhost"), X509_V_OK);
+  EXPECT_NE(verifyServerCertificate(folder.path(), "localhost"), X509_V_OK);
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-  EXPECT_EQ(verdict(folder.path(), "localhost"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost"), X509_V_OK);
 }
 
-// Opens a folder in which one file of the authority was replaced; expects a refusal that names
-// `reason` and leaves both files as they are.
-void expectRefusal(const std::string& file, const std::string& content, const std::string& reason) {
+// Replaces one file of the authority and opens the folder. Expects an error that contains `reason`,
+// and both files unchanged.
+void expectOpenFails(const std::string& file, const std::string& content,
+                     const std::string& reason) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   overwrite(folder / file, content);
@@ -188,62 +190,62 @@ void expectRefusal(const std::string& file, const std::string& content, const st
   EXPECT_EQ(contentOf(folder / "ca.key"), key);
 }
 
-TEST(CertificateAuthority, ADamagedAuthorityIsReportedAndLeftAlone) {
+TEST(CertificateAuthority, ReportsADamagedAuthorityAndDoesNotReplaceIt) {
   const ScratchFolder other;
   ASSERT_TRUE(CertificateAuthority::open(other.path(), kNames, kNow));
-  expectRefusal("ca.pem", "rubbish", "ca.pem holds no certificate");
-  expectRefusal("ca.pem", "", "ca.pem holds no certificate");
-  expectRefusal("ca.key", "rubbish", "ca.key holds no private key");
-  expectRefusal("ca.key", contentOf(other / "ca.key"), "ca.key is not the key of ca.pem");
+  expectOpenFails("ca.pem", "garbage", "ca.pem does not contain a certificate");
+  expectOpenFails("ca.pem", "", "ca.pem does not contain a certificate");
+  expectOpenFails("ca.key", "garbage", "ca.key does not contain a private key");
+  expectOpenFails("ca.key", contentOf(other / "ca.key"), "ca.key is not the private key of ca.pem");
 }
 
-TEST(CertificateAuthority, ALostHalfOfTheAuthorityIsReportedAndNotReplaced) {
+TEST(CertificateAuthority, ReportsAMissingAuthorityFileAndDoesNotReplaceIt) {
   for (const std::string file : {"ca.pem", "ca.key"}) {
     const ScratchFolder folder;
     ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
     std::filesystem::remove(folder / file);
     const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
     ASSERT_FALSE(opened);
-    EXPECT_NE(opened.error().text.find("has lost " + file), std::string::npos);
+    EXPECT_NE(opened.error().text.find(file + " is missing"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(folder / file));
   }
 }
 
-TEST(CertificateAuthority, ACertificateThatMaySignNothingIsNoAuthority) {
+TEST(CertificateAuthority, RejectsACertificateThatIsNotACa) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   overwrite(folder / "ca.pem", contentOf(folder / "server.pem"));
   overwrite(folder / "ca.key", contentOf(folder / "server.key"));
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.error().text.find("not the certificate of an authority"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("is not a CA certificate"), std::string::npos);
 }
 
-TEST(CertificateAuthority, AKeyThatOthersMayReadIsRefused) {
+TEST(CertificateAuthority, RejectsAKeyThatOtherUsersCanRead) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   ASSERT_EQ(::chmod((folder / "ca.key").c_str(), 0644), 0);
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.error().text.find("may be read by others"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("is accessible to other users"), std::string::npos);
 }
 
-TEST(CertificateAuthority, AnExpiredAuthorityIsReported) {
+TEST(CertificateAuthority, ReportsAnExpiredAuthority) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow + 3650 * kDay);
   ASSERT_FALSE(opened);
-  EXPECT_NE(opened.error().text.find("has come to its end"), std::string::npos);
+  EXPECT_NE(opened.error().text.find("has expired or expires within a day"), std::string::npos);
 }
 
-TEST(CertificateAuthority, AFolderThatCannotBeWrittenIsReported) {
+TEST(CertificateAuthority, ReportsAFolderThatCannotBeWritten) {
   const ScratchFolder folder;
   const auto opened = CertificateAuthority::open(folder / "missing", kNames, kNow);
   ASSERT_FALSE(opened);
   EXPECT_NE(opened.error().text.find("cannot write"), std::string::npos);
 }
 
-TEST(CertifiableName, IsAnIpAddressOrAHostName) {
+TEST(CertifiableName, AcceptsIpAddressesAndHostNames) {
   EXPECT_TRUE(isCertifiableName("tv-desk.example"));
   EXPECT_TRUE(isCertifiableName("192.168.1.7"));
   EXPECT_TRUE(isCertifiableName("fe80::1"));

@@ -5,8 +5,8 @@
 namespace jx {
 namespace {
 
-// After each of these, the collector must still take and tell events.
-class CollectorBadInput : public Inspected {
+// After each test, the collector must still accept and list events.
+class CollectorBadInput : public CollectorFixture {
  protected:
   ~CollectorBadInput() override {
     EXPECT_EQ(send(namedBody("login", "after")), 200);
@@ -17,16 +17,16 @@ class CollectorBadInput : public Inspected {
     const rapidjson::Document event = json("/api/events/" + id);
     return event["reasons"][0]["code"].GetString();
   }
-  /// The first line of what the page's port says to this.
+  /// Sends raw bytes to the web port. Returns the status line of the response.
   std::string statusLine(const std::string& request) const {
     RawConnection connection(server_->webPort());
     connection.send(request);
-    const std::string answer = connection.readUntil("\r\n\r\n");
-    return answer.substr(0, answer.find('\r'));
+    const std::string response = connection.readUntil("\r\n\r\n");
+    return response.substr(0, response.find('\r'));
   }
 };
 
-TEST_F(CollectorBadInput, ABodyOfTenMebibytesIsJudgedByWhatItIs) {
+TEST_F(CollectorBadInput, ValidatesBodiesOfTenMebibytes) {
   constexpr std::size_t kSize = std::size_t{10} * 1024 * 1024;
   ASSERT_EQ(send(std::string(kSize, 'x')), 200);
   EXPECT_EQ(codeOf("1"), "not_json");
@@ -45,7 +45,7 @@ TEST_F(CollectorBadInput, ABodyOfTenMebibytesIsJudgedByWhatItIs) {
   EXPECT_LE(row["events"][0]["line"].GetStringLength(), 200u);
 }
 
-TEST_F(CollectorBadInput, BytesThatAreNotUtf8AreShownTwice) {
+TEST_F(CollectorBadInput, ShowsNonUtf8BodiesAsTextAndBase64) {
   ASSERT_EQ(send("\xC3\x28"), 200);
   EXPECT_EQ(codeOf("1"), "not_utf8");
   const rapidjson::Document event = json("/api/events/1");
@@ -53,7 +53,7 @@ TEST_F(CollectorBadInput, BytesThatAreNotUtf8AreShownTwice) {
   EXPECT_STREQ(event["body_base64"].GetString(), "wyg=");
 }
 
-TEST_F(CollectorBadInput, ARequestLineOfAHundredKibibytesIsRefused) {
+TEST_F(CollectorBadInput, RejectsRequestLinesOfAHundredKibibytes) {
   const std::string path(std::size_t{100} * 1024, 'a');
   const std::string rest = " HTTP/1.1\r\nHost: localhost\r\n\r\n";
   for (const std::string start : {"GET /", "GET /api/events?text=", "POST /api/"}) {
@@ -62,7 +62,7 @@ TEST_F(CollectorBadInput, ARequestLineOfAHundredKibibytesIsRefused) {
   }
 }
 
-TEST_F(CollectorBadInput, AnUpgradeToAWebSocketIsRefused) {
+TEST_F(CollectorBadInput, RejectsWebSocketUpgrades) {
   for (const std::string path : {"/", "/api/stream"}) {
     EXPECT_EQ(statusLine("GET " + path +
                          " HTTP/1.1\r\nHost: localhost\r\nConnection: Upgrade\r\n"
@@ -72,7 +72,7 @@ TEST_F(CollectorBadInput, AnUpgradeToAWebSocketIsRefused) {
   }
 }
 
-TEST_F(CollectorBadInput, ParametersThatNobodyMeansAreHarmless) {
+TEST_F(CollectorBadInput, HandlesMaliciousQueryParameters) {
   for (const std::string query :
        {"text=%00%FF", "name=%27%3B%20DROP%20TABLE%20events%3B--", "session=%25%25",
         "text=", "after=9223372036854775807", "before=9223372036854775807", "class=%3Cscript%3E"}) {
@@ -82,14 +82,14 @@ TEST_F(CollectorBadInput, ParametersThatNobodyMeansAreHarmless) {
   EXPECT_EQ(get("/api/events/9223372036854775808").status, 404);
 }
 
-TEST_F(CollectorBadInput, AnImportThatBreaksOffKeepsWhatCameBefore) {
+TEST_F(CollectorBadInput, KeepsCompleteLinesOfAnInterruptedImport) {
   {
     RawConnection connection(server_->webPort());
     connection.send(
         "POST /api/import HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/json\r\n"
         "Content-Length: 1000\r\n\r\n{\"received_ms\":1,\"body\":\"{}\"}\n{\"received");
   }
-  // The collector sees the end of the connection when it reads on.
+  // The collector detects the closed connection on its next read.
   while (json("/api/summary")["events"].GetInt64() == 0) {
   }
   EXPECT_EQ(json("/api/summary")["events"].GetInt64(), 1);

@@ -18,9 +18,9 @@
 
 namespace jx {
 
-inline const std::vector<std::string> kSaysJson{"Content-Type: application/json"};
+inline const std::vector<std::string> kJsonContentType{"Content-Type: application/json"};
 
-/// A body as the library writes it, with its own members and, when given, its ids.
+/// Returns an event body as the library writes it, with the given members and IDs.
 inline std::string eventBody(const std::string& members, const std::string& eventId,
                              const std::string& session = "s-1") {
   return "{" + members + R"(,"context":{"event_id":")" + eventId +
@@ -36,10 +36,10 @@ inline std::string namedBody(const std::string& name, const std::string& eventId
   return eventBody(R"("event_name":")" + name + "\"", eventId, session);
 }
 
-/// A collector in the test's own process.
-class Inspected : public testing::Test {
+/// A collector in the test process.
+class CollectorFixture : public testing::Test {
  protected:
-  explicit Inspected(const std::function<void(CollectorSettings&)>& change = {}) {
+  explicit CollectorFixture(const std::function<void(CollectorSettings&)>& change = {}) {
     CollectorSettings settings;
     settings.stateFolder = folder_ / "state";
     settings.eventsPort = 0;
@@ -69,7 +69,7 @@ class Inspected : public testing::Test {
     return HttpsClient().get(webUrl(path), headers);
   }
   HttpsClient::Response post(const std::string& path, const std::string& body,
-                             const std::vector<std::string>& headers = kSaysJson) const {
+                             const std::vector<std::string>& headers = kJsonContentType) const {
     return HttpsClient().post(webUrl(path), body, headers);
   }
 
@@ -80,7 +80,7 @@ class Inspected : public testing::Test {
     EXPECT_FALSE(document.HasParseError()) << text;
     return document;
   }
-  /// The names of the events that a list gives, in its order.
+  /// Returns the names of the listed events, in order.
   std::vector<std::string> names(const std::string& query) const {
     std::vector<std::string> found;
     const rapidjson::Document list = json("/api/events?" + query);
@@ -91,7 +91,7 @@ class Inspected : public testing::Test {
     return found;
   }
 
-  /// What asks for the stream, as a browser would.
+  /// Returns a request for the event stream, as a browser sends it.
   std::string streamRequest(const std::string& rest = "", const std::string& headers = "") const {
     return "GET /api/stream" + rest +
            " HTTP/1.1\r\nHost: localhost:" + std::to_string(server_->webPort()) + "\r\n" + headers +

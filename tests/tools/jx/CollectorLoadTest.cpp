@@ -14,7 +14,7 @@
 namespace jx {
 namespace {
 
-// How the test's clients and the collector share a slow machine must not decide the outcome.
+// Long limits, so that the test does not depend on how fast the machine is.
 HttpLimits patientLimits() {
   constexpr std::chrono::hours kHour{1};
   HttpLimits limits;
@@ -34,8 +34,8 @@ CURL* makePost(const std::string& url, const std::string& caFile, const std::str
   return handle;
 }
 
-// Sends `count` events, each on a connection of its own, all begun at the same moment. Gives how
-// many were answered with 200.
+// Sends `count` events concurrently, each on its own connection. Returns the number of responses
+// with status 200.
 int postAtOnce(const std::string& url, const std::string& caFile, int count) {
   CURLM* const multi = curl_multi_init();
   std::vector<CURL*> handles;
@@ -48,20 +48,20 @@ int postAtOnce(const std::string& url, const std::string& caFile, int count) {
   while (running > 0 && curl_multi_perform(multi, &running) == CURLM_OK) {
     curl_multi_poll(multi, nullptr, 0, 1000, nullptr);
   }
-  int answered = 0;
+  int succeeded = 0;
   for (CURL* const handle : handles) {
     long status = 0;
     curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &status);
-    if (status == 200) ++answered;
+    if (status == 200) ++succeeded;
     curl_multi_remove_handle(multi, handle);
     curl_easy_cleanup(handle);
   }
   curl_multi_cleanup(multi);
-  return answered;
+  return succeeded;
 }
 
-TEST(CollectorLoad, AThousandRequestsAtOnceAreAllStored) {
-  // Both ends of a thousand connections.
+TEST(CollectorLoad, StoresAThousandConcurrentRequests) {
+  // The test process owns both ends of a thousand connections.
   rlimit limit{};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
   limit.rlim_cur = std::min<rlim_t>(4096, limit.rlim_max);

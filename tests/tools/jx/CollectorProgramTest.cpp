@@ -29,7 +29,7 @@ std::ptrdiff_t linesOf(const std::string& text) {
   return std::count(text.begin(), text.end(), '\n');
 }
 
-// A collector in a process of its own, on ports that were free.
+// A collector in a child process, on free ports.
 class RunningCollector {
  public:
   explicit RunningCollector(const std::filesystem::path& folder)
@@ -39,7 +39,7 @@ class RunningCollector {
     const Result<std::string> text = readWholeFile(folder / "ports");
     if (!text) throw std::runtime_error(text.error().text);
     ports_.Parse(text->data(), text->size());
-    if (!ports_.IsObject()) throw std::runtime_error("no JSON: " + *text);
+    if (!ports_.IsObject()) throw std::runtime_error("not JSON: " + *text);
   }
 
   ChildProcess& process() { return process_; }
@@ -57,7 +57,7 @@ class RunningCollector {
   rapidjson::Document ports_;
 };
 
-TEST(Program, SaysItsVersionInOneLine) {
+TEST(Program, PrintsItsVersionInOneLine) {
   const auto result = runJx({"--version"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output.substr(0, 9), "jx 0.1.0 ");
@@ -65,21 +65,21 @@ TEST(Program, SaysItsVersionInOneLine) {
   EXPECT_EQ(result.errors, "");
 }
 
-TEST(Program, HelpNamesTheCommandsAndSucceeds) {
+TEST(Program, HelpListsTheCommands) {
   const auto result = runJx({"--help"});
   EXPECT_EQ(result.status, 0);
   EXPECT_NE(result.output.find("collector"), std::string::npos);
   EXPECT_EQ(result.errors, "");
 }
 
-TEST(Program, WithoutArgumentsItShowsTheHelpAndFails) {
+TEST(Program, PrintsHelpAndFailsWithoutArguments) {
   const auto result = runJx({});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.output, "");
   EXPECT_NE(result.errors.find("Usage: jx"), std::string::npos);
 }
 
-TEST(Program, WrongUsageIsOneLineAndStatusTwo) {
+TEST(Program, ReportsUsageErrorsInOneLineWithStatusTwo) {
   const std::vector<std::vector<std::string>> wrong{{"nothing"},
                                                     {"--nothing"},
                                                     {"collector", "--nothing"},
@@ -98,7 +98,7 @@ TEST(Program, WrongUsageIsOneLineAndStatusTwo) {
   }
 }
 
-TEST(CollectorProgram, HelpNamesEveryOption) {
+TEST(CollectorProgram, HelpListsEveryOption) {
   const auto result = runJx({"collector", "--help"});
   EXPECT_EQ(result.status, 0);
   for (const char* option : {"--state", "--port", "--listen", "--web-port", "--web-listen",
@@ -107,7 +107,7 @@ TEST(CollectorProgram, HelpNamesEveryOption) {
   }
 }
 
-TEST(CollectorProgram, SaysWhereEventsGoAndWhatToTrust) {
+TEST(CollectorProgram, PrintsUrlsAndCaFile) {
   const ScratchFolder folder;
   RunningCollector collector(folder.path());
   collector.process().signal(SIGTERM);
@@ -119,7 +119,7 @@ TEST(CollectorProgram, SaysWhereEventsGoAndWhatToTrust) {
   EXPECT_EQ(result.errors, "");
 }
 
-TEST(CollectorProgram, ThePortsFileTellsScriptsEverything) {
+TEST(CollectorProgram, WritesPortsCaFileAndPidToThePortsFile) {
   const ScratchFolder folder;
   RunningCollector collector(folder.path());
   EXPECT_EQ(collector.ports()["pid"].GetInt(), collector.process().pid());
@@ -128,12 +128,12 @@ TEST(CollectorProgram, ThePortsFileTellsScriptsEverything) {
   EXPECT_EQ(HttpsClient().get(collector.webUrl("/api/summary")).status, 200);
 }
 
-TEST(CollectorProgram, SigtermAndSigintEndItWithStatusZero) {
+TEST(CollectorProgram, ExitsWithStatusZeroOnSigtermAndSigint) {
   for (const int number : {SIGTERM, SIGINT}) {
     const ScratchFolder folder;
     RunningCollector collector(folder.path());
     HttpsClient client(collector.caFile());
-    // The client keeps its connection open: it must not hold up the end.
+    // The client keeps its connection open, which must not delay the exit.
     ASSERT_EQ(client.post(collector.eventsUrl(), "{}").status, 200);
     collector.process().signal(number);
     const auto result = collector.process().wait(seconds(20));
@@ -143,7 +143,7 @@ TEST(CollectorProgram, SigtermAndSigintEndItWithStatusZero) {
   }
 }
 
-TEST(CollectorProgram, WhatWasAcknowledgedIsThereAfterAKill) {
+TEST(CollectorProgram, KeepsAcknowledgedEventsAfterSigkill) {
   const ScratchFolder folder;
   {
     RunningCollector collector(folder.path());
@@ -158,7 +158,7 @@ TEST(CollectorProgram, WhatWasAcknowledgedIsThereAfterAKill) {
   EXPECT_EQ(summary.body.substr(0, 15), "{\"requests\":20,");
 }
 
-TEST(CollectorProgram, APortInUseIsOneLineAndStatusOne) {
+TEST(CollectorProgram, ReportsAPortInUseInOneLineWithStatusOne) {
   const ScratchFolder folder;
   const auto taken = ListeningSocket::open("127.0.0.1", 0);
   ASSERT_TRUE(taken);
@@ -168,35 +168,35 @@ TEST(CollectorProgram, APortInUseIsOneLineAndStatusOne) {
                                isEventsPort ? port : "0", "--web-port", isEventsPort ? "0" : port});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output, "");
-    EXPECT_EQ(result.errors,
-              "jx collector: port " + port + " of 127.0.0.1 is in use by another program\n");
+    EXPECT_EQ(result.errors, "jx collector: cannot listen on 127.0.0.1 port " + port +
+                                 ": the port is already in use\n");
   }
 }
 
-TEST(CollectorProgram, AStateFolderThatCannotBeMadeIsOneLineAndStatusOne) {
+TEST(CollectorProgram, ReportsAnUnusableStateFolderInOneLineWithStatusOne) {
   const ScratchFolder folder;
   std::ofstream(folder / "file") << "in the way";
   const auto below = runJx({"collector", "--state", (folder / "file" / "state").string()});
   EXPECT_EQ(below.status, 1);
   EXPECT_EQ(linesOf(below.errors), 1) << below.errors;
-  EXPECT_NE(below.errors.find("cannot make the state folder"), std::string::npos);
+  EXPECT_NE(below.errors.find("cannot create the state folder"), std::string::npos);
   const auto itself = runJx({"collector", "--state", (folder / "file").string()});
   EXPECT_EQ(itself.status, 1);
   EXPECT_NE(itself.errors.find("cannot write to the state folder"), std::string::npos);
 }
 
-TEST(CollectorProgram, ABrokenAuthorityIsOneLineAndStatusOne) {
+TEST(CollectorProgram, ReportsADamagedAuthorityInOneLineWithStatusOne) {
   const ScratchFolder folder;
-  std::ofstream(folder / "ca.pem") << "rubbish";
-  std::ofstream(folder / "ca.key") << "rubbish";
+  std::ofstream(folder / "ca.pem") << "garbage";
+  std::ofstream(folder / "ca.key") << "garbage";
   const auto result =
       runJx({"collector", "--state", folder.path().string(), "--port", "0", "--web-port", "0"});
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(linesOf(result.errors), 1) << result.errors;
-  EXPECT_NE(result.errors.find("ca.pem holds no certificate"), std::string::npos);
+  EXPECT_NE(result.errors.find("ca.pem does not contain a certificate"), std::string::npos);
 }
 
-TEST(CollectorProgram, ASecondCollectorOnTheSameFolderIsRefused) {
+TEST(CollectorProgram, RejectsAStateFolderInUse) {
   const ScratchFolder folder;
   const RunningCollector collector(folder.path());
   const auto second = runJx(
@@ -205,11 +205,11 @@ TEST(CollectorProgram, ASecondCollectorOnTheSameFolderIsRefused) {
   EXPECT_NE(second.errors.find("is in use by another collector"), std::string::npos);
 }
 
-TEST(CollectorProgram, KeepsItsStateUnderXdgStateHomeOrHome) {
+TEST(CollectorProgram, StoresStateUnderXdgStateHomeOrHome) {
   const ScratchFolder folder;
   const std::string xdg = (folder / "xdg").string();
   const std::string home = (folder / "home").string();
-  // A port that is no one's to take ends the program once the folder is there.
+  // The port is in use, so the program exits after it has created the folder.
   const auto taken = ListeningSocket::open("127.0.0.1", 0);
   ASSERT_TRUE(taken);
   const std::vector<std::string> arguments{"collector", "--port", std::to_string(taken->port())};

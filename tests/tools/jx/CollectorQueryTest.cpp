@@ -9,9 +9,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-class CollectorQuery : public Inspected {};
+class CollectorQuery : public CollectorFixture {};
 
-TEST_F(CollectorQuery, ARowHoldsWhatAListShows) {
+TEST_F(CollectorQuery, RowViewContainsTheListColumns) {
   const std::string body =
       eventBody(R"("event_name":"video_pause","video_session_id":"v-1","content_asset_id":[],)"
                 R"("cursor_position":12,"total_length":5400,"video_title":"Fox","own":1)",
@@ -38,7 +38,7 @@ TEST_F(CollectorQuery, ARowHoldsWhatAListShows) {
   EXPECT_EQ(list["last"].GetInt64(), row["id"].GetInt64());
 }
 
-TEST_F(CollectorQuery, EachFilterLeavesOutTheOthers) {
+TEST_F(CollectorQuery, AppliesEachFilter) {
   ASSERT_EQ(send(namedBody("login", "e-1", "s-1")), 200);
   ASSERT_EQ(send(namedBody("purchase", "e-2", "s-1")), 200);
   ASSERT_EQ(send(namedBody("quiz", "e-3", "s-2")), 200);
@@ -60,7 +60,7 @@ TEST_F(CollectorQuery, EachFilterLeavesOutTheOthers) {
   }
 }
 
-TEST_F(CollectorQuery, ScrollingBackGivesTheNewestBelowARow) {
+TEST_F(CollectorQuery, BeforeReturnsTheNewestOlderEvents) {
   for (const char* name : {"a", "b", "c", "d"})
     ASSERT_EQ(send(namedBody(name, name)), 200);
   const rapidjson::Document newest = json("/api/events?view=row&limit=1");
@@ -70,15 +70,15 @@ TEST_F(CollectorQuery, ScrollingBackGivesTheNewestBelowARow) {
   EXPECT_EQ(names("before=1"), Names{});
 }
 
-TEST_F(CollectorQuery, WrongFiltersAreReported) {
+TEST_F(CollectorQuery, RejectsInvalidFilters) {
   for (const char* query : {"good=yes", "before=x", "since=-1", "view=all", "limit=0"}) {
-    const auto answer = get(std::string("/api/events?") + query);
-    EXPECT_EQ(answer.status, 400) << query;
-    EXPECT_TRUE(parsed(answer.body).HasMember("error")) << query;
+    const auto response = get(std::string("/api/events?") + query);
+    EXPECT_EQ(response.status, 400) << query;
+    EXPECT_TRUE(parsed(response.body).HasMember("error")) << query;
   }
 }
 
-TEST_F(CollectorQuery, OneEventTellsItsReasonsAndItsRequest) {
+TEST_F(CollectorQuery, EventContainsItsDiagnosticsAndRequest) {
   ASSERT_EQ(send(eventBody(R"("event_name":"purchase","items":[{"id":"1"}])", "e-1")), 200);
   const rapidjson::Document event = json("/api/events/1");
   EXPECT_FALSE(event["good"].GetBool());
@@ -86,7 +86,7 @@ TEST_F(CollectorQuery, OneEventTellsItsReasonsAndItsRequest) {
   EXPECT_STREQ(first["level"].GetString(), "error");
   EXPECT_STREQ(first["code"].GetString(), "missing_field");
   EXPECT_STREQ(first["key"].GetString(), "items[0].product");
-  EXPECT_STREQ(first["text"].GetString(), "the required product is absent");
+  EXPECT_STREQ(first["text"].GetString(), "product must be set");
   EXPECT_EQ(event["reasons"].Size(), event["errors"].GetUint64());
   EXPECT_STREQ(event["method"].GetString(), "POST");
   EXPECT_STREQ(event["query"].GetString(), "jx_s=7&token=key");
@@ -96,7 +96,7 @@ TEST_F(CollectorQuery, OneEventTellsItsReasonsAndItsRequest) {
   EXPECT_TRUE(event["previous"].IsNull());
 }
 
-TEST_F(CollectorQuery, ThePreviousEventIsOfTheSameSessionFirst) {
+TEST_F(CollectorQuery, PreviousEventPrefersTheSameSession) {
   ASSERT_EQ(send(namedBody("login", "e-1", "s-1")), 200);
   ASSERT_EQ(send(namedBody("login", "e-2", "s-2")), 200);
   ASSERT_EQ(send(namedBody("quiz", "e-3", "s-1")), 200);
@@ -107,7 +107,7 @@ TEST_F(CollectorQuery, ThePreviousEventIsOfTheSameSessionFirst) {
   EXPECT_TRUE(json("/api/events/3")["previous"].IsNull());
 }
 
-TEST_F(CollectorQuery, TheSummaryCountsGoodAndBad) {
+TEST_F(CollectorQuery, SummaryCountsValidAndInvalidEvents) {
   ASSERT_EQ(send(namedBody("login", "e-1")), 200);
   ASSERT_EQ(send(eventBody(R"("event_name":"quiz","own":1)", "e-2")), 200);
   ASSERT_EQ(send(namedBody("purchase", "e-3")), 200);
@@ -134,7 +134,7 @@ TEST_F(CollectorQuery, TheSummaryCountsGoodAndBad) {
   EXPECT_EQ(bad, 1);
 }
 
-TEST_F(CollectorQuery, SessionsComeNewestFirstWithTheirVideos) {
+TEST_F(CollectorQuery, ListsSessionsNewestFirstWithTheirVideos) {
   const auto video = [](const std::string& id) {
     return R"("event_name":"video_start","video_session_id":")" + id + "\"";
   };
@@ -144,8 +144,8 @@ TEST_F(CollectorQuery, SessionsComeNewestFirstWithTheirVideos) {
   ASSERT_EQ(send(eventBody(video("v-2"), "e-4", "s-1")), 200);
   ASSERT_EQ(send(namedBody("login", "e-5", "s-2")), 200);
   ASSERT_EQ(send("{}"), 200);
-  const rapidjson::Document answer = json("/api/sessions");
-  const rapidjson::Value& sessions = answer["sessions"];
+  const rapidjson::Document response = json("/api/sessions");
+  const rapidjson::Value& sessions = response["sessions"];
   ASSERT_EQ(sessions.Size(), 2u);
   EXPECT_STREQ(sessions[0]["session"].GetString(), "s-2");
   const rapidjson::Value& first = sessions[1];
@@ -159,12 +159,12 @@ TEST_F(CollectorQuery, SessionsComeNewestFirstWithTheirVideos) {
   EXPECT_LE(first["first_ms"].GetInt64(), first["last_ms"].GetInt64());
 }
 
-TEST_F(CollectorQuery, AResetEmptiesTheStoreAndNumbersGoOn) {
+TEST_F(CollectorQuery, ResetRemovesAllEventsAndDoesNotReuseIds) {
   ASSERT_EQ(send(namedBody("login", "e-1")), 200);
   ASSERT_EQ(send(namedBody("login", "e-2")), 200);
-  const auto answer = post("/api/reset", "{}");
-  EXPECT_EQ(answer.status, 200);
-  EXPECT_EQ(answer.body, R"({"removed":2})");
+  const auto response = post("/api/reset", "{}");
+  EXPECT_EQ(response.status, 200);
+  EXPECT_EQ(response.body, R"({"removed":2})");
   EXPECT_EQ(json("/api/summary")["requests"].GetInt64(), 0);
   ASSERT_EQ(send(namedBody("login", "e-1")), 200);
   const rapidjson::Document list = json("/api/events?view=row");
@@ -173,28 +173,29 @@ TEST_F(CollectorQuery, AResetEmptiesTheStoreAndNumbersGoOn) {
   EXPECT_EQ(list["events"][0]["repeats"].GetInt64(), 0);
 }
 
-TEST_F(CollectorQuery, TextsOfADeviceStayTexts) {
+TEST_F(CollectorQuery, ServesUntrustedStringsAsInertJson) {
   const std::string evil = "<script>alert('1')</script><img src=x onerror=alert(2)>";
   ASSERT_EQ(send(eventBody(R"("event_name":")" + evil + "\"", evil, evil)), 200);
   for (const char* path : {"/api/events", "/api/events/1", "/api/sessions", "/api/summary"}) {
-    const auto answer = get(path);
-    EXPECT_EQ(answer.status, 200) << path;
-    EXPECT_NE(answer.headers.find("Content-Type: application/json"), std::string::npos) << path;
-    EXPECT_NE(answer.headers.find("X-Content-Type-Options: nosniff"), std::string::npos) << path;
-    EXPECT_NE(answer.headers.find("default-src 'none'; script-src 'self'"), std::string::npos);
+    const auto response = get(path);
+    EXPECT_EQ(response.status, 200) << path;
+    EXPECT_NE(response.headers.find("Content-Type: application/json"), std::string::npos) << path;
+    EXPECT_NE(response.headers.find("X-Content-Type-Options: nosniff"), std::string::npos) << path;
+    EXPECT_NE(response.headers.find("default-src 'none'; script-src 'self'"), std::string::npos);
   }
   EXPECT_EQ(names("view=row"), Names{evil});
 }
 
-TEST_F(CollectorQuery, AForeignPageCanNeitherReadNorReset) {
+TEST_F(CollectorQuery, RejectsForeignOrigins) {
   ASSERT_EQ(send(namedBody("login", "e-1")), 200);
   const std::string own = "Origin: " + webUrl("");
   for (const std::string origin :
        {"http://attacker.example", "null", "http://localhost", "https://localhost:1"}) {
-    const auto answer = get("/api/events", {"Origin: " + origin});
-    EXPECT_EQ(answer.status, 403) << origin;
-    EXPECT_EQ(answer.body.find("e-1"), std::string::npos) << origin;
-    EXPECT_EQ(post("/api/reset", "{}", {kSaysJson[0], "Origin: " + origin}).status, 403) << origin;
+    const auto response = get("/api/events", {"Origin: " + origin});
+    EXPECT_EQ(response.status, 403) << origin;
+    EXPECT_EQ(response.body.find("e-1"), std::string::npos) << origin;
+    EXPECT_EQ(post("/api/reset", "{}", {kJsonContentType[0], "Origin: " + origin}).status, 403)
+        << origin;
   }
   EXPECT_EQ(get("/api/events", {own}).status, 200);
   EXPECT_EQ(post("/api/reset", "{}", {"Content-Type: text/plain"}).status, 415);
@@ -205,22 +206,23 @@ TEST_F(CollectorQuery, AForeignPageCanNeitherReadNorReset) {
             200);
 }
 
-TEST_F(CollectorQuery, WhatIsNotOfferedIsRefused) {
+TEST_F(CollectorQuery, RejectsUnknownPathsAndMethods) {
   EXPECT_EQ(post("/api/events", "{}").status, 405);
   EXPECT_EQ(get("/api/reset").status, 405);
   EXPECT_EQ(get("/api/nothing").status, 404);
 }
 
-class StrictCollector : public Inspected {
+class StrictCollector : public CollectorFixture {
  protected:
-  StrictCollector() : Inspected([](CollectorSettings& settings) { settings.isStrict = true; }) {}
+  StrictCollector()
+      : CollectorFixture([](CollectorSettings& settings) { settings.isStrict = true; }) {}
 };
 
-TEST_F(StrictCollector, TellsTheDeviceWhatIsWrongAndKeepsTheEvent) {
+TEST_F(StrictCollector, RespondsWithDiagnosticsAndStoresTheEvent) {
   const auto bad = client().post(eventsUrl(), namedBody("search", "e-1"));
   EXPECT_EQ(bad.status, 422);
   EXPECT_EQ(bad.body, R"({"reasons":[{"level":"error","code":"missing_field","key":"search_term",)"
-                      R"("text":"the required searchTerm is absent"}]})");
+                      R"("text":"searchTerm must be set"}]})");
   const auto good = client().post(eventsUrl(), namedBody("login", "e-2"));
   EXPECT_EQ(good.status, 200);
   EXPECT_EQ(good.body, "");

@@ -36,7 +36,7 @@ class CollectorServerTest : public testing::Test {
   }
   std::string caFile() const { return server_->authorityFile().string(); }
 
-  /// The JSON that the page's server gives.
+  /// Returns the JSON response of the web port.
   rapidjson::Document json(const std::string& path) const {
     const HttpsClient::Response response = HttpsClient().get(webUrl(path));
     EXPECT_EQ(response.status, 200) << path;
@@ -51,13 +51,13 @@ class CollectorServerTest : public testing::Test {
   std::unique_ptr<CollectorServer> server_;
 };
 
-TEST_F(CollectorServerTest, TellsThePageWhereApplicationsSendTo) {
+TEST_F(CollectorServerTest, AboutReturnsTheEventsPortAndCaFile) {
   const rapidjson::Document about = json("/api/about");
   EXPECT_EQ(about["events_port"].GetInt(), server_->eventsPort());
   EXPECT_EQ(about["ca_file"].GetString(), caFile());
 }
 
-TEST_F(CollectorServerTest, ABrowserThatTakesBrotliGetsItsAnswersUncompressed) {
+TEST_F(CollectorServerTest, DoesNotCompressWebResponses) {
   for (const std::string path : {"/", "/app.js", "/api/summary"}) {
     const auto response = HttpsClient().get(webUrl(path), {"Accept-Encoding: gzip, deflate, br"});
     EXPECT_EQ(response.status, 200) << path;
@@ -65,7 +65,7 @@ TEST_F(CollectorServerTest, ABrowserThatTakesBrotliGetsItsAnswersUncompressed) {
   }
 }
 
-TEST_F(CollectorServerTest, AnEventIsStoredAndAnsweredWith200AndNoBody) {
+TEST_F(CollectorServerTest, StoresAnEventAndRespondsWith200AndNoBody) {
   const auto response = HttpsClient(caFile()).post(eventsUrl(), kEvent, {"X-Device: tv%41"});
   ASSERT_EQ(response.error, CURLE_OK);
   EXPECT_EQ(response.status, 200);
@@ -95,7 +95,7 @@ TEST_F(CollectorServerTest, AnEventIsStoredAndAnsweredWith200AndNoBody) {
   EXPECT_EQ(list["last"].GetInt64(), event["id"].GetInt64());
 }
 
-TEST_F(CollectorServerTest, TheAddressAndEachNameOfTheMachineAreTrusted) {
+TEST_F(CollectorServerTest, CertificateIsValidForEachNameOfTheMachine) {
   HttpsClient client(caFile());
   const std::string port = std::to_string(server_->eventsPort());
   EXPECT_EQ(client.post("https://127.0.0.1:" + port + "/events", kEvent).status, 200);
@@ -106,7 +106,7 @@ TEST_F(CollectorServerTest, TheAddressAndEachNameOfTheMachineAreTrusted) {
             CURLE_PEER_FAILED_VERIFICATION);
 }
 
-TEST_F(CollectorServerTest, AClientThatTrustsAnotherAuthorityRefuses) {
+TEST_F(CollectorServerTest, ClientsWithAnotherAuthorityRejectTheCertificate) {
   const ScratchFolder other;
   const auto authority =
       CertificateAuthority::open(other.path(), {"localhost"}, std::time(nullptr));
@@ -116,7 +116,7 @@ TEST_F(CollectorServerTest, AClientThatTrustsAnotherAuthorityRefuses) {
   EXPECT_EQ(HttpsClient().post(eventsUrl(), kEvent).error, CURLE_PEER_FAILED_VERIFICATION);
 }
 
-TEST_F(CollectorServerTest, AHundredRequestsShareOneConnection) {
+TEST_F(CollectorServerTest, ReusesOneConnectionForAHundredRequests) {
   HttpsClient client(caFile());
   long connections = 0;
   for (int i = 0; i < 100; ++i) {
@@ -128,7 +128,7 @@ TEST_F(CollectorServerTest, AHundredRequestsShareOneConnection) {
   EXPECT_EQ(json("/api/summary")["requests"].GetInt64(), 100);
 }
 
-TEST_F(CollectorServerTest, ARepeatedEventShowsOnceAndIsCounted) {
+TEST_F(CollectorServerTest, ListsARepeatedEventOnceAndCountsIt) {
   HttpsClient client(caFile());
   for (int i = 0; i < 3; ++i)
     ASSERT_EQ(client.post(eventsUrl(), kEvent).status, 200);
@@ -144,7 +144,7 @@ TEST_F(CollectorServerTest, ARepeatedEventShowsOnceAndIsCounted) {
   EXPECT_EQ(summary["first_ms"].GetInt64(), list["events"][0]["received_ms"].GetInt64());
 }
 
-TEST_F(CollectorServerTest, AnythingButAPostOfEventsIsRefusedAndNotStored) {
+TEST_F(CollectorServerTest, RejectsAnythingButPostEventsOnTheEventsPort) {
   HttpsClient client(caFile());
   EXPECT_EQ(client.post(eventsUrl("/other"), kEvent).status, 404);
   EXPECT_EQ(client.get(eventsUrl("/")).status, 404);
@@ -156,7 +156,7 @@ TEST_F(CollectorServerTest, AnythingButAPostOfEventsIsRefusedAndNotStored) {
   EXPECT_EQ(json("/api/summary")["requests"].GetInt64(), 0);
 }
 
-TEST_F(CollectorServerTest, ABodyOfSixteenMebibytesIsTakenAndOneByteMoreIsNot) {
+TEST_F(CollectorServerTest, AcceptsBodiesOfUpToSixteenMebibytes) {
   HttpsClient client(caFile());
   const std::string largest(std::size_t{16} * 1024 * 1024, 'x');
   EXPECT_EQ(client.post(eventsUrl(), largest).status, 200);
@@ -166,14 +166,14 @@ TEST_F(CollectorServerTest, ABodyOfSixteenMebibytesIsTakenAndOneByteMoreIsNot) {
   EXPECT_EQ(json("/api/summary")["requests"].GetInt64(), 1);
 }
 
-TEST_F(CollectorServerTest, ABodyThatIsNoEventIsStoredWithItsProblem) {
+TEST_F(CollectorServerTest, StoresInvalidBodiesWithTheirProblem) {
   HttpsClient client(caFile());
-  ASSERT_EQ(client.post(eventsUrl(), "no JSON").status, 200);
+  ASSERT_EQ(client.post(eventsUrl(), "not JSON at all").status, 200);
   ASSERT_EQ(client.post(eventsUrl(), std::string("\xFF\0A", 3)).status, 200);
   const rapidjson::Document list = json("/api/events");
   ASSERT_EQ(list["events"].Size(), 2u);
   EXPECT_STREQ(list["events"][0]["problem"].GetString(), "not JSON");
-  EXPECT_STREQ(list["events"][0]["body"].GetString(), "no JSON");
+  EXPECT_STREQ(list["events"][0]["body"].GetString(), "not JSON at all");
   EXPECT_FALSE(list["events"][0].HasMember("body_base64"));
   EXPECT_STREQ(list["events"][1]["problem"].GetString(), "not UTF-8");
   const rapidjson::Value& body = list["events"][1]["body"];
@@ -183,7 +183,7 @@ TEST_F(CollectorServerTest, ABodyThatIsNoEventIsStoredWithItsProblem) {
   EXPECT_EQ(json("/api/summary")["bad"].GetInt64(), 2);
 }
 
-TEST_F(CollectorServerTest, ARequestThatCannotBeStoredIsAnsweredWith500) {
+TEST_F(CollectorServerTest, RespondsWith500WhenTheEventCannotBeStored) {
   Result<SqliteDatabase> database = SqliteDatabase::open(folder_ / "state" / "events.db");
   ASSERT_TRUE(database);
   ASSERT_TRUE(database->execute("ALTER TABLE events RENAME TO elsewhere"));
@@ -194,7 +194,7 @@ TEST_F(CollectorServerTest, ARequestThatCannotBeStoredIsAnsweredWith500) {
   EXPECT_EQ(client.post(eventsUrl(), kEvent).status, 200);
 }
 
-TEST_F(CollectorServerTest, EventsAreListedAfterARowByNameAndUpToALimit) {
+TEST_F(CollectorServerTest, ListsEventsByRowNameAndLimit) {
   HttpsClient client(caFile());
   for (const char* name : {"a", "b", "a", "b"}) {
     const std::string body = std::string(R"({"event_name":")") + name + "\"}";
@@ -213,7 +213,7 @@ TEST_F(CollectorServerTest, EventsAreListedAfterARowByNameAndUpToALimit) {
   EXPECT_EQ(std::to_string(none["last"].GetInt64()), end);
 }
 
-TEST_F(CollectorServerTest, WrongParametersAreReported) {
+TEST_F(CollectorServerTest, RejectsInvalidParameters) {
   for (const char* query : {"limit=0", "limit=1001", "limit=x", "after=-1", "after="}) {
     const auto response = HttpsClient().get(webUrl(std::string("/api/events?") + query));
     EXPECT_EQ(response.status, 400) << query;
@@ -221,7 +221,7 @@ TEST_F(CollectorServerTest, WrongParametersAreReported) {
   }
 }
 
-TEST_F(CollectorServerTest, OneEventIsShownByItsNumber) {
+TEST_F(CollectorServerTest, ReturnsAnEventByItsId) {
   ASSERT_EQ(HttpsClient(caFile()).post(eventsUrl(), kEvent).status, 200);
   const rapidjson::Document list = json("/api/events");
   const std::string id = std::to_string(list["events"][0]["id"].GetInt64());
@@ -231,14 +231,14 @@ TEST_F(CollectorServerTest, OneEventIsShownByItsNumber) {
   EXPECT_EQ(HttpsClient().get(webUrl("/api/events/")).status, 404);
 }
 
-TEST_F(CollectorServerTest, TheCaFileIsServed) {
+TEST_F(CollectorServerTest, ServesTheCaFile) {
   const auto response = HttpsClient().get(webUrl("/ca.pem"));
   EXPECT_EQ(response.status, 200);
   EXPECT_EQ(response.body.substr(0, 27), "-----BEGIN CERTIFICATE-----");
   EXPECT_EQ(response.body.find("PRIVATE"), std::string::npos);
 }
 
-TEST_F(CollectorServerTest, ThePageMayRunItsOwnFilesAndNothingElse) {
+TEST_F(CollectorServerTest, PageMayLoadOnlyItsOwnFiles) {
   const auto page = HttpsClient().get(webUrl("/"));
   EXPECT_EQ(page.status, 200);
   EXPECT_NE(page.headers.find("Content-Type: text/html; charset=utf-8\r\n"), std::string::npos);
@@ -251,7 +251,7 @@ TEST_F(CollectorServerTest, ThePageMayRunItsOwnFilesAndNothingElse) {
   EXPECT_EQ(HttpsClient().get(webUrl("/nothing.js")).status, 404);
 }
 
-TEST_F(CollectorServerTest, AForeignNameThatPointsHereSeesNoEvents) {
+TEST_F(CollectorServerTest, RejectsUnknownHostNames) {
   ASSERT_EQ(HttpsClient(caFile()).post(eventsUrl(), kEvent).status, 200);
   const auto foreign = HttpsClient().get(webUrl("/api/events"), {"Host: attacker.example"});
   EXPECT_EQ(foreign.status, 403);

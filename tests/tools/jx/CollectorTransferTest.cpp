@@ -7,11 +7,11 @@
 namespace jx {
 namespace {
 
-const std::vector<std::string> kSaysLines{"Content-Type: application/x-ndjson"};
+const std::vector<std::string> kNdjsonContentType{"Content-Type: application/x-ndjson"};
 
-class CollectorTransfer : public Inspected {
+class CollectorTransfer : public CollectorFixture {
  protected:
-  /// Everything that is kept, without what differs from one collector to the next.
+  /// Returns all stored events, without the values that differ between collectors.
   std::vector<std::string> kept() const {
     std::vector<std::string> found;
     const rapidjson::Document list = json("/api/events?after=0");
@@ -38,7 +38,7 @@ class CollectorTransfer : public Inspected {
   }
 };
 
-TEST_F(CollectorTransfer, WhatIsExportedAsLinesCanBeImportedAgain) {
+TEST_F(CollectorTransfer, ImportsExportedNdjson) {
   fill();
   const std::vector<std::string> before = kept();
   const auto exported = get("/api/export.ndjson");
@@ -46,13 +46,13 @@ TEST_F(CollectorTransfer, WhatIsExportedAsLinesCanBeImportedAgain) {
   EXPECT_NE(exported.headers.find("Content-Type: application/x-ndjson"), std::string::npos);
   EXPECT_EQ(std::count(exported.body.begin(), exported.body.end(), '\n'), 4);
   ASSERT_EQ(post("/api/reset", "{}").status, 200);
-  const auto imported = post("/api/import", exported.body, kSaysLines);
+  const auto imported = post("/api/import", exported.body, kNdjsonContentType);
   EXPECT_EQ(imported.status, 200);
   EXPECT_EQ(imported.body, R"({"imported":4,"repeated":0,"refused":[]})");
   EXPECT_EQ(kept(), before);
 }
 
-TEST_F(CollectorTransfer, WhatIsExportedAsAnArchiveCanBeImportedAgain) {
+TEST_F(CollectorTransfer, ImportsExportedHar) {
   fill();
   const std::vector<std::string> before = kept();
   const auto exported = get("/api/export.har");
@@ -70,7 +70,7 @@ TEST_F(CollectorTransfer, WhatIsExportedAsAnArchiveCanBeImportedAgain) {
   EXPECT_EQ(kept(), before);
 }
 
-TEST_F(CollectorTransfer, ImportingTwiceKeepsEachEventOnce) {
+TEST_F(CollectorTransfer, StoresEventsImportedTwiceOnce) {
   ASSERT_EQ(send(namedBody("login", "e-1")), 200);
   const std::string lines = get("/api/export.ndjson").body;
   const std::vector<std::string> before = kept();
@@ -78,7 +78,7 @@ TEST_F(CollectorTransfer, ImportingTwiceKeepsEachEventOnce) {
   EXPECT_EQ(kept(), before);
 }
 
-TEST_F(CollectorTransfer, AnExportHasTheFiltersOfAList) {
+TEST_F(CollectorTransfer, ExportAppliesFilters) {
   for (const char* name : {"login", "quiz", "login"})
     ASSERT_EQ(send("{\"event_name\":\"" + std::string(name) + "\"}"), 200);
   const auto lines = [this](const std::string& query) {
@@ -92,7 +92,7 @@ TEST_F(CollectorTransfer, AnExportHasTheFiltersOfAList) {
   EXPECT_EQ(get("/api/export.har?good=x").status, 400);
 }
 
-TEST_F(CollectorTransfer, AnExportOfManyEventsComesWhole) {
+TEST_F(CollectorTransfer, ExportsMoreEventsThanFitIntoOnePart) {
   std::string lines;
   for (int i = 0; i < 1050; ++i)
     lines += "{\"received_ms\":5,\"body\":\"" + std::to_string(i) + "\"}\n";
@@ -102,26 +102,27 @@ TEST_F(CollectorTransfer, AnExportOfManyEventsComesWhole) {
   EXPECT_EQ(parsed(get("/api/export.har").body)["log"]["entries"].Size(), 1050u);
 }
 
-TEST_F(CollectorTransfer, ABadLineIsReportedAndTheOthersAreTaken) {
-  const auto answer = post("/api/import",
-                           "\n{\"received_ms\":1,\"body\":\"{}\"}\nrubbish\n{\"body\":\"{}\"}\n"
-                           "{\"received_ms\":2}\n{\"received_ms\":3,\"body_base64\":\"%\"}\n"
-                           "{\"received_ms\":4,\"body\":\"[]\"}");
-  EXPECT_EQ(answer.status, 200);
-  EXPECT_EQ(answer.body,
-            R"({"imported":2,"repeated":0,"refused":[{"line":3,"reason":"is no JSON object"},)"
-            R"({"line":4,"reason":"has no received_ms"},{"line":5,"reason":"has no body"},)"
-            R"({"line":6,"reason":"has a body_base64 that is none"}]})");
+TEST_F(CollectorTransfer, ReportsInvalidLinesAndImportsTheOthers) {
+  const auto response = post("/api/import",
+                             "\n{\"received_ms\":1,\"body\":\"{}\"}\ngarbage\n{\"body\":\"{}\"}\n"
+                             "{\"received_ms\":2}\n{\"received_ms\":3,\"body_base64\":\"%\"}\n"
+                             "{\"received_ms\":4,\"body\":\"[]\"}");
+  EXPECT_EQ(response.status, 200);
+  EXPECT_EQ(response.body,
+            R"({"imported":2,"repeated":0,"refused":[{"line":3,"reason":"not a JSON object"},)"
+            R"({"line":4,"reason":"received_ms must be a non-negative integer"},)"
+            R"({"line":5,"reason":"body must be a string"},)"
+            R"({"line":6,"reason":"body_base64 is not valid Base64"}]})");
 }
 
-TEST_F(CollectorTransfer, TheFirstLineMayBeTheBadOne) {
-  EXPECT_EQ(post("/api/import", "rubbish\n{\"received_ms\":1,\"body\":\"{}\"}\n").body,
-            R"({"imported":1,"repeated":0,"refused":[{"line":1,"reason":"is no JSON object"}]})");
+TEST_F(CollectorTransfer, ReportsAnInvalidFirstLine) {
+  EXPECT_EQ(post("/api/import", "garbage\n{\"received_ms\":1,\"body\":\"{}\"}\n").body,
+            R"({"imported":1,"repeated":0,"refused":[{"line":1,"reason":"not a JSON object"}]})");
   EXPECT_EQ(post("/api/import", "").body, R"({"imported":0,"repeated":0,"refused":[]})");
 }
 
-TEST_F(CollectorTransfer, AnArchiveOfAnotherProgramGivesItsPosts) {
-  const auto answer = post("/api/import", R"({
+TEST_F(CollectorTransfer, ImportsPostsFromHarOfAnotherProgram) {
+  const auto response = post("/api/import", R"({
   "log": {"entries": [
     {"startedDateTime": "2026-01-02T04:04:05.678+01:00", "request": {"method": "POST",
      "url": "https://collect.example/events?jx_s=3&token=k", "headers": [{"name": "A", "value": "b"}],
@@ -130,21 +131,21 @@ TEST_F(CollectorTransfer, AnArchiveOfAnotherProgramGivesItsPosts) {
     {"startedDateTime": "yesterday", "request": {"method": "POST", "postData": {"text": "{}"}}}
   ]}
 })");
-  EXPECT_EQ(answer.body,
-            R"({"imported":1,"repeated":0,"refused":[{"line":2,"reason":"is no POST"},)"
-            R"({"line":3,"reason":"has no startedDateTime"}]})");
+  EXPECT_EQ(response.body,
+            R"({"imported":1,"repeated":0,"refused":[{"line":2,"reason":"method must be POST"},)"
+            R"({"line":3,"reason":"startedDateTime must be an ISO 8601 time with an offset"}]})");
   EXPECT_EQ(kept(), std::vector<std::string>{"1767323045678 1767323045678 0 "
                                              "/events?jx_s=3&token=k\nA: b\n"
                                              "{\"event_name\":\"login\"}"});
 }
 
-TEST_F(CollectorTransfer, ATextSentInChunksIsTakenToo) {
-  const auto answer = post("/api/import", "{\"received_ms\":1,\"body\":\"{}\"}\n",
-                           {"Content-Type: application/json", "Transfer-Encoding: chunked"});
-  EXPECT_EQ(answer.body, R"({"imported":1,"repeated":0,"refused":[]})");
+TEST_F(CollectorTransfer, ImportsChunkedBodies) {
+  const auto response = post("/api/import", "{\"received_ms\":1,\"body\":\"{}\"}\n",
+                             {"Content-Type: application/json", "Transfer-Encoding: chunked"});
+  EXPECT_EQ(response.body, R"({"imported":1,"repeated":0,"refused":[]})");
 }
 
-TEST(Base64, IsReadAsStrictlyAsItIsWritten) {
+TEST(Base64, DecodesEncodedBytesAndRejectsMalformedInput) {
   EXPECT_EQ(toBase64(std::string("\xFF\0A", 3)), "/wBB");
   for (const std::string bytes : {"", "a", "ab", "abc", "\xFF\xFE\xFD\xFC"})
     EXPECT_EQ(fromBase64(toBase64(bytes)), std::optional<std::string>(bytes));
@@ -152,7 +153,7 @@ TEST(Base64, IsReadAsStrictlyAsItIsWritten) {
     EXPECT_EQ(fromBase64(text), std::optional<std::string>()) << text;
 }
 
-TEST(HarReader, ReadsTimesWithTheirOffset) {
+TEST(HarReader, ParsesTimesWithOffset) {
   EXPECT_EQ(msOfIsoTime("2026-01-02T03:04:05.678Z"), std::optional<std::int64_t>(1767323045678));
   EXPECT_EQ(msOfIsoTime("2026-01-02T03:04:05Z"), std::optional<std::int64_t>(1767323045000));
   EXPECT_EQ(msOfIsoTime("2026-01-01T22:04:05-05:00"), std::optional<std::int64_t>(1767323045000));

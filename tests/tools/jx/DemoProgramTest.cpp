@@ -19,10 +19,10 @@ namespace {
 
 using test::TemporaryFolder;
 
-// Counted in the script by hand.
+// Counted manually in the script.
 constexpr int kSent = 45;
 
-TEST(DemoScript, EveryLineIsACommand) {
+TEST(DemoScript, ContainsOnlyValidLines) {
   std::string_view script = demoScript();
   int events = 0;
   while (!script.empty()) {
@@ -35,40 +35,40 @@ TEST(DemoScript, EveryLineIsACommand) {
   EXPECT_EQ(events, kSent + 1);
 }
 
-TEST(DemoScript, TwoEventsAreIncompleteOnPurpose) {
+TEST(DemoScript, ContainsTwoInvalidEvents) {
   std::string_view script = demoScript();
-  std::vector<std::string> faults;
+  std::vector<std::string> diagnostics;
   while (!script.empty()) {
     const std::size_t end = script.find('\n');
     const Result<ScriptCommand> command = readScriptLine(script.substr(0, end));
     ASSERT_TRUE(command) << script.substr(0, end);
     const auto* const line = std::get_if<ScriptEvent>(&*command);
     if (line != nullptr && !line->event->verifyEvent()) {
-      faults.push_back(line->event->name().toStdString() + ": " +
-                       line->event->firstFailedCondition().toStdString());
+      diagnostics.push_back(line->event->name().toStdString() + ": " +
+                            line->event->firstFailedCondition().toStdString());
     }
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
   }
-  EXPECT_THAT(faults,
-              testing::ElementsAre("purchase: type is absent or empty",
-                                   "video_content_quarter_reached: cursorPosition is absent"));
+  EXPECT_THAT(diagnostics,
+              testing::ElementsAre("purchase: type must be a non-empty string",
+                                   "video_content_quarter_reached: cursorPosition must be set"));
 }
 
-TEST(DemoProgram, OnceShowsEveryArrivalAndLeavesNothingBehind) {
+TEST(DemoProgram, OncePrintsEveryEventAndRemovesItsFiles) {
   const TemporaryFolder folder;
   const auto result =
       ChildProcess::run(JX_PROGRAM, {"demo", "--once"}, kPatience, {{"TMPDIR", folder.path()}});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.errors, "");
   EXPECT_TRUE(contains(result.output, "\n45 events sent, 45 arrived\n")) << result.output;
-  EXPECT_TRUE(contains(result.output, "\n1 more was not sent: ")) << result.output;
+  EXPECT_TRUE(contains(result.output, "\n1 more not sent: ")) << result.output;
   EXPECT_TRUE(contains(result.output, "  video_pause ")) << result.output;
   EXPECT_TRUE(contains(result.output, "stars=4.5")) << result.output;
-  EXPECT_FALSE(contains(result.output, "\033")) << "no terminal, no colours";
+  EXPECT_FALSE(contains(result.output, "\033")) << "colours are used only on a terminal";
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST(DemoProgram, ASecondRunWorksToo) {
+TEST(DemoProgram, RunsTwice) {
   const TemporaryFolder folder;
   for (int run = 0; run < 2; ++run) {
     EXPECT_EQ(
@@ -78,17 +78,17 @@ TEST(DemoProgram, ASecondRunWorksToo) {
   }
 }
 
-TEST(DemoProgram, WithoutOnceThePageStaysOpenUntilItIsInterrupted) {
+TEST(DemoProgram, KeepsWebUiOpenUntilInterruptedWithoutOnce) {
   const TemporaryFolder folder;
   ChildProcess demo(JX_PROGRAM, {"demo"}, {{"TMPDIR", folder.path()}});
-  ASSERT_TRUE(demo.waitForOutput("(Ctrl-C ends)", kPatience));
+  ASSERT_TRUE(demo.waitForOutput("(press Ctrl-C to stop)", kPatience));
   const std::size_t begin = demo.output().find("http://localhost:");
   ASSERT_NE(begin, std::string::npos) << demo.output();
   const std::string page = demo.output().substr(begin, demo.output().find(' ', begin) - begin);
   EXPECT_EQ(HttpsClient().get(page).status, 200) << page;
-  const auto answer = HttpsClient().get(page + "api/events?name=video_pause");
-  EXPECT_EQ(answer.status, 200) << page;
-  EXPECT_TRUE(contains(answer.body, "The Last Lighthouse"));
+  const auto response = HttpsClient().get(page + "api/events?name=video_pause");
+  EXPECT_EQ(response.status, 200) << page;
+  EXPECT_TRUE(contains(response.body, "The Last Lighthouse"));
   demo.signal(SIGINT);
   const auto result = demo.wait(kPatience);
   EXPECT_EQ(result.status, 0);
@@ -96,7 +96,7 @@ TEST(DemoProgram, WithoutOnceThePageStaysOpenUntilItIsInterrupted) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST(DemoProgram, HelpNamesItsOption) {
+TEST(DemoProgram, HelpListsItsOption) {
   const auto result = runJx({"demo", "--help"});
   EXPECT_EQ(result.status, 0);
   EXPECT_TRUE(contains(result.output, "--once"));

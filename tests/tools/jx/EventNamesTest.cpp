@@ -7,40 +7,40 @@
 namespace jx {
 namespace {
 
-TEST(EventNames, ANameBelongsToTheClassThatWritesIt) {
-  ASSERT_NE(classWriting("purchase"), nullptr);
-  EXPECT_EQ(classWriting("purchase")->className, "JXPurchaseEvent");
-  ASSERT_NE(classWriting("video_seek_start"), nullptr);
-  EXPECT_EQ(classWriting("video_seek_start")->className, "JXVideoPlaybackEvent");
-  EXPECT_EQ(classWriting("quiz"), nullptr);
-  EXPECT_EQ(classWriting(""), nullptr);
+TEST(EventNames, FindsTheClassOfAnEventName) {
+  ASSERT_NE(classOfEventName("purchase"), nullptr);
+  EXPECT_EQ(classOfEventName("purchase")->className, "JXPurchaseEvent");
+  ASSERT_NE(classOfEventName("video_seek_start"), nullptr);
+  EXPECT_EQ(classOfEventName("video_seek_start")->className, "JXVideoPlaybackEvent");
+  EXPECT_EQ(classOfEventName("quiz"), nullptr);
+  EXPECT_EQ(classOfEventName(""), nullptr);
 }
 
-TEST(EventNames, CapitalsAndSeparatorsAreASlip) {
-  EXPECT_EQ(nameMeantBy("Purchase"), "purchase");
-  EXPECT_EQ(nameMeantBy("addToCart"), "add_to_cart");
-  EXPECT_EQ(nameMeantBy("add-to-cart"), "add_to_cart");
-  EXPECT_EQ(nameMeantBy("Video Start"), "video_start");
+TEST(EventNames, SuggestsANameForOtherCaseAndSeparators) {
+  EXPECT_EQ(suggestedName("Purchase"), "purchase");
+  EXPECT_EQ(suggestedName("addToCart"), "add_to_cart");
+  EXPECT_EQ(suggestedName("add-to-cart"), "add_to_cart");
+  EXPECT_EQ(suggestedName("Video Start"), "video_start");
 }
 
-TEST(EventNames, OneLetterIsASlip) {
-  EXPECT_EQ(nameMeantBy("purchse"), "purchase");
-  EXPECT_EQ(nameMeantBy("purchasee"), "purchase");
-  EXPECT_EQ(nameMeantBy("purchaze"), "purchase");
-  EXPECT_EQ(nameMeantBy("video_strat"), "video_start");
+TEST(EventNames, SuggestsANameForOneWrongLetter) {
+  EXPECT_EQ(suggestedName("purchse"), "purchase");
+  EXPECT_EQ(suggestedName("purchasee"), "purchase");
+  EXPECT_EQ(suggestedName("purchaze"), "purchase");
+  EXPECT_EQ(suggestedName("video_strat"), "video_start");
 }
 
-TEST(EventNames, OtherNamesAreTheHostsOwn) {
+TEST(EventNames, SuggestsNothingForCustomNames) {
   for (const char* name : {"purchase", "quiz", "", "login2", "my_purchase", "purch", "logon_page",
                            "search_results", "video", "x"}) {
-    EXPECT_EQ(nameMeantBy(name), "") << name;
+    EXPECT_EQ(suggestedName(name), "") << name;
   }
-  EXPECT_EQ(nameMeantBy(std::string(100'000, 'p')), "");
+  EXPECT_EQ(suggestedName(std::string(100'000, 'p')), "");
 }
 
-TEST(EventNames, TheTablesHaveOneFingerprint) {
-  EXPECT_EQ(fingerprintOfTables(), fingerprintOfTables());
-  EXPECT_GT(fingerprintOfTables(), 0);
+TEST(EventNames, SchemaFingerprintIsStable) {
+  EXPECT_EQ(schemaFingerprint(), schemaFingerprint());
+  EXPECT_GT(schemaFingerprint(), 0);
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ std::unique_ptr<EventStore> openStore(const std::filesystem::path& file,
   return std::move(*store);
 }
 
-// The bodies of what the query gives, in its order.
+// Returns the bodies of the matching events, in order.
 std::vector<std::string> bodies(const EventStore& store, const EventQuery& query = {}) {
   std::vector<std::string> found;
   const auto events = store.reading().list(query);
@@ -44,7 +44,7 @@ std::vector<std::string> bodies(const EventStore& store, const EventQuery& query
   return found;
 }
 
-TEST(EventStore, KeepsEveryPartOfARequest) {
+TEST(EventStore, StoresEveryPartOfARequest) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   const std::string body =
@@ -61,15 +61,15 @@ TEST(EventStore, KeepsEveryPartOfARequest) {
             (std::vector<std::pair<std::string, std::string>>{
                 {"Content-Type", "application/json"}, {"X-Twice", "a"}, {"X-Twice", "b"}}));
   EXPECT_EQ((*event)->request.body, body);
-  EXPECT_EQ((*event)->facts.eventID, std::optional<std::string>("e1"));
-  EXPECT_EQ((*event)->facts.name, std::optional<std::string>("play"));
-  EXPECT_EQ((*event)->facts.eventTimestamp, std::optional<std::int64_t>(9));
-  EXPECT_EQ((*event)->facts.site, std::optional<std::int64_t>(7));
-  EXPECT_EQ((*event)->facts.token, std::optional<std::string>("key"));
-  EXPECT_EQ((*event)->facts.problem, std::optional<std::string>());
+  EXPECT_EQ((*event)->metadata.eventID, std::optional<std::string>("e1"));
+  EXPECT_EQ((*event)->metadata.name, std::optional<std::string>("play"));
+  EXPECT_EQ((*event)->metadata.eventTimestamp, std::optional<std::int64_t>(9));
+  EXPECT_EQ((*event)->metadata.site, std::optional<std::int64_t>(7));
+  EXPECT_EQ((*event)->metadata.token, std::optional<std::string>("key"));
+  EXPECT_EQ((*event)->metadata.problem, std::optional<std::string>());
 }
 
-TEST(EventStore, KeepsABodyByteForByte) {
+TEST(EventStore, StoresBodiesByteForByte) {
   const ScratchFolder folder;
   std::string everyByte;
   for (int byte = 0; byte < 256; ++byte)
@@ -83,7 +83,7 @@ TEST(EventStore, KeepsABodyByteForByte) {
   EXPECT_EQ(bodies(*reopened), (std::vector<std::string>{everyByte, ""}));
 }
 
-TEST(EventStore, ARepeatedEventIdIsStoredOnceAndCounted) {
+TEST(EventStore, StoresARepeatedEventIdOnceAndCountsIt) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   const auto first = store->add(requestWith(eventBody("e1", "play"), 10));
@@ -101,7 +101,7 @@ TEST(EventStore, ARepeatedEventIdIsStoredOnceAndCounted) {
   EXPECT_EQ(bodies(*store).size(), 2u);
 }
 
-TEST(EventStore, RequestsWithoutAnEventIdAreNeverRepeats) {
+TEST(EventStore, DoesNotCountRequestsWithoutEventIdAsRepeats) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   ASSERT_TRUE(store->add(requestWith("{}")));
@@ -109,7 +109,7 @@ TEST(EventStore, RequestsWithoutAnEventIdAreNeverRepeats) {
   EXPECT_EQ(bodies(*store), (std::vector<std::string>{"{}", "{}"}));
 }
 
-TEST(EventStore, TheOldestEventsGoWhenTheBoundIsReached) {
+TEST(EventStore, EvictsTheOldestEventsAtTheLimit) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db", 3);
   for (const char* body : {"[1]", "[2]", "[3]", "[4]", "[5]"}) {
@@ -122,7 +122,7 @@ TEST(EventStore, TheOldestEventsGoWhenTheBoundIsReached) {
   EXPECT_EQ(summary->evicted, 2);
 }
 
-TEST(EventStore, ASmallerBoundHoldsFromTheNextStart) {
+TEST(EventStore, AppliesASmallerLimitAtTheNextStart) {
   const ScratchFolder folder;
   {
     const auto store = openStore(folder / "events.db", 3);
@@ -135,7 +135,7 @@ TEST(EventStore, ASmallerBoundHoldsFromTheNextStart) {
   EXPECT_EQ(bodies(*store), (std::vector<std::string>{"[3]", "[4]"}));
 }
 
-TEST(EventStore, RowNumbersAreNotUsedTwice) {
+TEST(EventStore, DoesNotReuseRowIds) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db", 1);
   const auto first = store->add(requestWith("[1]"));
@@ -147,7 +147,7 @@ TEST(EventStore, RowNumbersAreNotUsedTwice) {
   EXPECT_FALSE(*evicted);
 }
 
-TEST(EventStore, AListGivesTheNewestOrThoseAfterARow) {
+TEST(EventStore, ListsTheNewestEventsOrThoseAfterARow) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   std::vector<std::int64_t> ids;
@@ -165,7 +165,7 @@ TEST(EventStore, AListGivesTheNewestOrThoseAfterARow) {
   EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{}));
 }
 
-TEST(EventStore, AListCanBeOfOneName) {
+TEST(EventStore, ListsEventsOfOneName) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
@@ -175,7 +175,7 @@ TEST(EventStore, AListCanBeOfOneName) {
   EXPECT_EQ(bodies(*store, query), (std::vector<std::string>{eventBody("e2", "stop")}));
 }
 
-TEST(EventStore, AListOfLargeBodiesStopsEarlyAndCanBeGoneOnWith) {
+TEST(EventStore, ListStopsEarlyForLargeBodiesAndCanBeContinued) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   const std::string large(std::size_t{12} * 1024 * 1024, 'x');
@@ -192,14 +192,14 @@ TEST(EventStore, AListOfLargeBodiesStopsEarlyAndCanBeGoneOnWith) {
   EXPECT_EQ(rest->size(), 1u);
 }
 
-TEST(EventStore, TheSummaryCountsRequestsEventsRepeatsAndNames) {
+TEST(EventStore, SummaryCountsRequestsEventsRepeatsAndNames) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 100)));
   ASSERT_TRUE(store->add(requestWith(eventBody("e2", "stop"), 200)));
   ASSERT_TRUE(store->add(requestWith(eventBody("e3", "play"), 300)));
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"), 400)));
-  ASSERT_TRUE(store->add(requestWith("rubbish", 350)));
+  ASSERT_TRUE(store->add(requestWith("garbage", 350)));
   const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->requests, 5);
@@ -213,7 +213,7 @@ TEST(EventStore, TheSummaryCountsRequestsEventsRepeatsAndNames) {
                                  {std::nullopt, 1, 1}, {"play", 2, 2}, {"stop", 1, 1}}));
 }
 
-TEST(EventStore, AnEmptyStoreHasAnEmptySummary) {
+TEST(EventStore, ReturnsAnEmptySummaryForAnEmptyStore) {
   const ScratchFolder folder;
   const auto summary = openStore(folder / "events.db")->reading().summary(0);
   ASSERT_TRUE(summary);
@@ -222,7 +222,7 @@ TEST(EventStore, AnEmptyStoreHasAnEmptySummary) {
   EXPECT_TRUE(summary->byName.empty());
 }
 
-TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
+TEST(EventStore, StoresEventsAndCountsRepeatsFromManyThreads) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db", 10'000);
   std::vector<std::thread> threads;
@@ -245,7 +245,7 @@ TEST(EventStore, ManyThreadsLoseNothingAndCountEachRepeat) {
   EXPECT_EQ(summary->repeats, 350);
 }
 
-TEST(EventStore, RemovingAllForgetsEventsRepeatsAndEvictions) {
+TEST(EventStore, RemoveAllResetsEventsRepeatsAndEvictions) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db", 2);
   for (const char* id : {"e1", "e2", "e3"})
@@ -262,7 +262,7 @@ TEST(EventStore, RemovingAllForgetsEventsRepeatsAndEvictions) {
   EXPECT_EQ(*again, 4);
 }
 
-TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
+TEST(EventStore, RestoresEventsWithTheirRepeatsAndTimes) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
   StoredEvent event;
@@ -281,10 +281,10 @@ TEST(EventStore, WhatIsRestoredKeepsItsRepeatsAndTimes) {
   EXPECT_EQ((*kept)->repeats, 3);
 }
 
-TEST(EventStore, WhatHappensIsTold) {
+TEST(EventStore, PublishesArrivalsRepeatsAndResets) {
   const ScratchFolder folder;
   const auto store = openStore(folder / "events.db");
-  EventBroadcaster::Subscription subscription(store->feed());
+  EventBroadcaster::Subscription subscription(store->broadcaster());
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
   ASSERT_TRUE(store->add(requestWith(eventBody("e1", "play"))));
   ASSERT_TRUE(store->removeAll());
@@ -298,7 +298,7 @@ TEST(EventStore, WhatHappensIsTold) {
   EXPECT_EQ(updates.signals[1].id, 1);
 }
 
-// The tables as the first version of the program made them.
+// The schema of the first version of the program.
 constexpr const char* kFirstVersion = R"sql(
 CREATE TABLE events (
   id INTEGER PRIMARY KEY AUTOINCREMENT, received_ms INTEGER NOT NULL,
@@ -315,11 +315,11 @@ INSERT INTO events VALUES (6, 100, 300, 2, 'e1', 'login', 9, 7, 'key', NULL, 'PO
   'jx_s=7&token=key', '[{"name":"A","value":"b"}]',
   CAST('{"event_name":"login","context":{"event_id":"e1","event_timestamp":9}}' AS BLOB));
 INSERT INTO events VALUES (8, 200, 200, 0, NULL, NULL, NULL, NULL, NULL, 'not JSON', 'POST',
-  '/events', '', '[]', CAST('rubbish' AS BLOB));
+  '/events', '', '[]', CAST('garbage' AS BLOB));
 PRAGMA user_version = 1;
 )sql";
 
-TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
+TEST(EventStore, MigratesAndValidatesAFileOfTheFirstVersion) {
   const ScratchFolder folder;
   {
     Result<SqliteDatabase> database = SqliteDatabase::open(folder / "events.db");
@@ -337,12 +337,12 @@ TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
   EXPECT_EQ(first.repeats, 2);
   EXPECT_EQ(first.className, std::optional<std::string>("JXLoginEvent"));
   EXPECT_EQ(first.errors, 3);  // device, application, user
-  EXPECT_EQ(first.facts.token, std::optional<std::string>("key"));
+  EXPECT_EQ(first.metadata.token, std::optional<std::string>("key"));
   EXPECT_EQ(first.bytes, 70);
   EXPECT_EQ(first.request.headers.size(), 1u);
   EXPECT_EQ(first.request.body.size(), 70u);
-  EXPECT_EQ(events->back().facts.problem, std::optional<std::string>("not JSON"));
-  EXPECT_EQ(events->back().request.body, "rubbish");
+  EXPECT_EQ(events->back().metadata.problem, std::optional<std::string>("not JSON"));
+  EXPECT_EQ(events->back().request.body, "garbage");
   const auto summary = store->reading().summary(0);
   ASSERT_TRUE(summary);
   EXPECT_EQ(summary->evicted, 5);
@@ -352,7 +352,7 @@ TEST(EventStore, AFileOfTheFirstVersionIsBroughtUpToDateAndJudged) {
   EXPECT_EQ(*next, 9);
 }
 
-TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
+TEST(EventStore, RevalidatesEventsWhenTheRulesChange) {
   const ScratchFolder folder;
   {
     const auto store = openStore(folder / "events.db");
@@ -377,11 +377,11 @@ TEST(EventStore, WhatOtherRulesJudgedIsJudgedAgain) {
     ASSERT_TRUE(database->execute("UPDATE counters SET value = value + 1 WHERE name = 'rules'"));
   }
   EXPECT_EQ(rowOf().className, std::optional<std::string>("JXLoginEvent"));
-  EXPECT_FALSE(rowOf().isGood());
+  EXPECT_FALSE(rowOf().isValid());
   EXPECT_EQ(rowOf().line, "");
 }
 
-TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
+TEST(EventStore, ReportsAFileThatIsNotADatabase) {
   const ScratchFolder folder;
   std::ofstream(folder / "events.db") << std::string(5000, 'x');
   const auto store = EventStore::open(folder / "events.db", 10);
@@ -390,7 +390,7 @@ TEST(EventStore, AFileThatIsNoDatabaseIsReported) {
       << store.error().text;
 }
 
-TEST(EventStore, AFileOfANewerVersionIsReported) {
+TEST(EventStore, ReportsAFileOfANewerVersion) {
   const ScratchFolder folder;
   openStore(folder / "events.db");
   {

@@ -7,16 +7,16 @@
 namespace jx {
 namespace {
 
-TEST(FaultPlan, NothingIsArmedAtFirst) {
-  EventBroadcaster feed;
-  FaultPlan plan(feed);
+TEST(FaultPlan, HasNoFaultInitially) {
+  EventBroadcaster broadcaster;
+  FaultPlan plan(broadcaster);
   EXPECT_FALSE(plan.take());
   EXPECT_EQ(plan.toJson(), R"({"armed":null,"met":0})");
 }
 
-TEST(FaultPlan, AFaultIsMetAsOftenAsItSays) {
-  EventBroadcaster feed;
-  FaultPlan plan(feed);
+TEST(FaultPlan, AppliesAFaultToTheGivenNumberOfRequests) {
+  EventBroadcaster broadcaster;
+  FaultPlan plan(broadcaster);
   ASSERT_TRUE(plan.set(R"({"next":2,"delay_ms":500,"status":429,"retry_after":"5"})"));
   EXPECT_EQ(plan.toJson(), R"({"armed":{"next":2,"delay_ms":500,"status":429,"retry_after":"5",)"
                            R"("action":"answer"},"met":0})");
@@ -25,15 +25,15 @@ TEST(FaultPlan, AFaultIsMetAsOftenAsItSays) {
   EXPECT_EQ(first->delay, std::chrono::milliseconds(500));
   EXPECT_EQ(first->status, std::optional<int>(429));
   EXPECT_EQ(first->retryAfter, std::optional<std::string>("5"));
-  EXPECT_TRUE(first->refuses());
+  EXPECT_TRUE(first->rejects());
   EXPECT_TRUE(plan.take());
   EXPECT_FALSE(plan.take());
   EXPECT_EQ(plan.toJson(), R"({"armed":null,"met":2})");
 }
 
-TEST(FaultPlan, WithoutANumberItLastsUntilItIsCleared) {
-  EventBroadcaster feed;
-  FaultPlan plan(feed);
+TEST(FaultPlan, KeepsAFaultWithoutNextUntilCleared) {
+  EventBroadcaster broadcaster;
+  FaultPlan plan(broadcaster);
   ASSERT_TRUE(plan.set(R"({"action":"reset"})"));
   for (int i = 0; i < 100; ++i)
     ASSERT_TRUE(plan.take());
@@ -44,23 +44,23 @@ TEST(FaultPlan, WithoutANumberItLastsUntilItIsCleared) {
   EXPECT_FALSE(plan.take());
 }
 
-TEST(FaultPlan, OnlyAnAnswerThatAcceptsLetsAnEventIn) {
-  EventBroadcaster feed;
-  FaultPlan plan(feed);
-  const auto refuses = [&plan](const char* json) {
+TEST(FaultPlan, Only2xxStatusesLetTheEventBeStored) {
+  EventBroadcaster broadcaster;
+  FaultPlan plan(broadcaster);
+  const auto rejects = [&plan](const char* json) {
     EXPECT_TRUE(plan.set(json)) << json;
-    return plan.take()->refuses();
+    return plan.take()->rejects();
   };
-  EXPECT_FALSE(refuses(R"({"delay_ms":1})"));
-  EXPECT_FALSE(refuses(R"({"status":204})"));
-  EXPECT_TRUE(refuses(R"({"status":301})"));
-  EXPECT_TRUE(refuses(R"({"action":"reset"})"));
-  EXPECT_TRUE(refuses(R"({"action":"hang","status":200})"));
+  EXPECT_FALSE(rejects(R"({"delay_ms":1})"));
+  EXPECT_FALSE(rejects(R"({"status":204})"));
+  EXPECT_TRUE(rejects(R"({"status":301})"));
+  EXPECT_TRUE(rejects(R"({"action":"reset"})"));
+  EXPECT_TRUE(rejects(R"({"action":"hang","status":200})"));
 }
 
-TEST(FaultPlan, WhatIsWrongChangesNothing) {
-  EventBroadcaster feed;
-  FaultPlan plan(feed);
+TEST(FaultPlan, InvalidInputChangesNothing) {
+  EventBroadcaster broadcaster;
+  FaultPlan plan(broadcaster);
   ASSERT_TRUE(plan.set(R"({"status":503})"));
   const std::string before = plan.toJson();
   for (const char* json :

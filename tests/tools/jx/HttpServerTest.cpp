@@ -16,7 +16,7 @@ using std::chrono::milliseconds;
 
 constexpr const char* kHeadEnd = "\r\n\r\n";
 
-// A server that answers a posted body with its length.
+// A server that responds to a POST with the length of its body.
 class EchoServer {
  public:
   explicit EchoServer(HttpLimits limits = HttpLimits()) : server_(nullptr, limits) {
@@ -29,7 +29,7 @@ class EchoServer {
       response.set_content("<" + request.get_header_value("X-Text") + ">", "text/plain");
     });
     server_.onGet("/throw", [](const httplib::Request&, const std::string&, httplib::Response&) {
-      throw std::runtime_error("a fault in a handler");
+      throw std::runtime_error("an error in a handler");
     });
     const Done started = server_.start("127.0.0.1", 0);
     if (!started) throw std::runtime_error(started.error().text);
@@ -38,8 +38,8 @@ class EchoServer {
   HttpServer& server() { return server_; }
   int port() const { return server_.listeningPort(); }
 
-  /// What the server sends when a client says this and then waits.
-  std::string answerTo(std::string_view request) const {
+  /// Sends raw bytes and returns the response head.
+  std::string responseTo(std::string_view request) const {
     RawConnection connection(port());
     connection.send(request);
     return connection.readUntil(kHeadEnd);
@@ -58,14 +58,14 @@ HttpLimits shortLimits() {
   return limits;
 }
 
-TEST(HttpServer, ReadsABodyOfGivenLength) {
+TEST(HttpServer, ReadsABodyWithContentLength) {
   const EchoServer server;
   RawConnection connection(server.port());
   ASSERT_TRUE(
       connection.send("POST /size HTTP/1.1\r\nHost: localhost\r\nContent-Length: 5\r\n\r\nhello"));
-  const std::string answer = connection.readUntil(">");
-  EXPECT_EQ(answer.substr(0, 15), "HTTP/1.1 200 OK");
-  EXPECT_EQ(answer.substr(answer.size() - 3), "<5>");
+  const std::string response = connection.readUntil(">");
+  EXPECT_EQ(response.substr(0, 15), "HTTP/1.1 200 OK");
+  EXPECT_EQ(response.substr(response.size() - 3), "<5>");
 }
 
 TEST(HttpServer, ReadsAChunkedBody) {
@@ -74,22 +74,22 @@ TEST(HttpServer, ReadsAChunkedBody) {
   ASSERT_TRUE(
       connection.send("POST /size HTTP/1.1\r\nHost: localhost\r\nTransfer-Encoding: chunked\r\n\r\n"
                       "3\r\nabc\r\n4\r\ndefg\r\n0\r\n\r\n"));
-  const std::string answer = connection.readUntil(">");
-  ASSERT_GE(answer.size(), 3u);
-  EXPECT_EQ(answer.substr(answer.size() - 3), "<7>");
+  const std::string response = connection.readUntil(">");
+  ASSERT_GE(response.size(), 3u);
+  EXPECT_EQ(response.substr(response.size() - 3), "<7>");
 }
 
-TEST(HttpServer, GivesHeadersAsTheyWereSent) {
+TEST(HttpServer, PassesHeadersAsSent) {
   const EchoServer server;
   RawConnection connection(server.port());
   ASSERT_TRUE(
       connection.send("GET /header HTTP/1.1\r\nHost: localhost\r\nX-Text: a%41 +b\r\n\r\n"));
-  const std::string answer = connection.readUntil(">");
-  ASSERT_GE(answer.size(), 9u);
-  EXPECT_EQ(answer.substr(answer.size() - 9), "<a%41 +b>");
+  const std::string response = connection.readUntil(">");
+  ASSERT_GE(response.size(), 9u);
+  EXPECT_EQ(response.substr(response.size() - 9), "<a%41 +b>");
 }
 
-TEST(HttpServer, OneConnectionCarriesManyRequests) {
+TEST(HttpServer, HandlesManyRequestsOnOneConnection) {
   const EchoServer server;
   RawConnection connection(server.port());
   for (int i = 0; i < 100; ++i) {
@@ -107,7 +107,7 @@ struct BadRequest {
 std::vector<BadRequest> badRequests() {
   const std::string post = "POST /size HTTP/1.1\r\nHost: localhost\r\n";
   return {
-      {"no HTTP at all", "rubbish\r\n\r\n", "HTTP/1.1 400"},
+      {"not HTTP", "garbage\r\n\r\n", "HTTP/1.1 400"},
       {"an HTTP/2 preface", "PRI * HTTP/2.0\r\n\r\nSM\r\n\r\n", "HTTP/1.1 400"},
       {"a long request line", "GET /" + std::string(100 * 1024, 'a') + " HTTP/1.1\r\n\r\n",
        "HTTP/1.1 414"},
@@ -117,58 +117,59 @@ std::vector<BadRequest> badRequests() {
       {"a WebSocket", "GET /header HTTP/1.1\r\nConnection: Upgrade\r\nUpgrade: websocket\r\n\r\n",
        "HTTP/1.1 400"},
       {"no length", post + "\r\n", "HTTP/1.1 411"},
-      {"a length that is no number", post + "Content-Length: 5x\r\n\r\nhello", "HTTP/1.1 400"},
+      {"a length that is not a number", post + "Content-Length: 5x\r\n\r\nhello", "HTTP/1.1 400"},
       {"a negative length", post + "Content-Length: -5\r\n\r\nhello", "HTTP/1.1 400"},
       {"two lengths", post + "Content-Length: 5\r\nContent-Length: 4\r\n\r\nhello", "HTTP/1.1 400"},
       {"a length and chunks",
        post + "Content-Length: 5\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n", "HTTP/1.1 400"},
       {"a huge length", post + "Content-Length: 99999999999999999999\r\n\r\n", "HTTP/1.1 413"},
-      {"an unknown transfer", post + "Transfer-Encoding: gzip\r\n\r\n", "HTTP/1.1 501"},
-      {"a packed body", post + "Content-Encoding: gzip\r\nContent-Length: 5\r\n\r\nhello",
+      {"an unknown transfer encoding", post + "Transfer-Encoding: gzip\r\n\r\n", "HTTP/1.1 501"},
+      {"an encoded body", post + "Content-Encoding: gzip\r\nContent-Length: 5\r\n\r\nhello",
        "HTTP/1.1 415"},
-      {"parts", post + "Content-Type: multipart/form-data\r\nContent-Length: 5\r\n\r\nhello",
+      {"multipart form data",
+       post + "Content-Type: multipart/form-data\r\nContent-Length: 5\r\n\r\nhello",
        "HTTP/1.1 415"},
-      {"chunks that are none", post + "Transfer-Encoding: chunked\r\n\r\nzz\r\n", "HTTP/1.1 400"},
+      {"malformed chunks", post + "Transfer-Encoding: chunked\r\n\r\nzz\r\n", "HTTP/1.1 400"},
       {"a GET with a body", "GET /header HTTP/1.1\r\nContent-Length: 5\r\n\r\nhello",
        "HTTP/1.1 400"},
       {"a handler that throws", "GET /throw HTTP/1.1\r\n\r\n", "HTTP/1.1 500"},
   };
 }
 
-TEST(HttpServer, ABadRequestIsAnsweredAndTheNextClientIsServed) {
+TEST(HttpServer, RejectsInvalidRequestsAndServesTheNextClient) {
   const EchoServer server;
   for (const BadRequest& bad : badRequests()) {
-    EXPECT_EQ(server.answerTo(bad.text).substr(0, bad.statusLine.size()), bad.statusLine)
+    EXPECT_EQ(server.responseTo(bad.text).substr(0, bad.statusLine.size()), bad.statusLine)
         << bad.what;
-    EXPECT_EQ(server.answerTo("GET /header HTTP/1.1\r\n\r\n").substr(0, 12), "HTTP/1.1 200")
+    EXPECT_EQ(server.responseTo("GET /header HTTP/1.1\r\n\r\n").substr(0, 12), "HTTP/1.1 200")
         << bad.what;
   }
 }
 
-TEST(HttpServer, WhatFollowsARefusedBodyIsNotTakenForARequest) {
+TEST(HttpServer, DoesNotParseARejectedBodyAsARequest) {
   const EchoServer server(shortLimits());
   RawConnection connection(server.port());
   ASSERT_TRUE(
       connection.send("POST /nothing HTTP/1.1\r\nContent-Length: 40\r\n\r\n"
                       "GET /header HTTP/1.1\r\nHost: localhost\r\n\r\n"));
-  const std::string answers = connection.readToEnd();
+  const std::string responses = connection.readToEnd();
   EXPECT_TRUE(connection.sawEnd());
-  EXPECT_EQ(answers.substr(0, 12), "HTTP/1.1 404");
-  EXPECT_EQ(answers.find("HTTP/1.1", 12), std::string::npos) << answers;
+  EXPECT_EQ(responses.substr(0, 12), "HTTP/1.1 404");
+  EXPECT_EQ(responses.find("HTTP/1.1", 12), std::string::npos) << responses;
 }
 
-TEST(HttpServer, AChunkedBodyIsBoundedToo) {
+TEST(HttpServer, LimitsChunkedBodies) {
   HttpLimits limits;
   limits.bodyBytes = 10;
   const EchoServer server(limits);
   EXPECT_EQ(server
-                .answerTo("POST /size HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"
-                          "6\r\nabcdef\r\n6\r\nabcdef\r\n0\r\n\r\n")
+                .responseTo("POST /size HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"
+                            "6\r\nabcdef\r\n6\r\nabcdef\r\n0\r\n\r\n")
                 .substr(0, 12),
             "HTTP/1.1 413");
 }
 
-TEST(HttpServer, AHeadWithoutEndIsCutOff) {
+TEST(HttpServer, ClosesConnectionsWithAnEndlessHead) {
   HttpLimits limits;
   limits.headBytes = 1000;
   const EchoServer server(limits);
@@ -181,7 +182,7 @@ TEST(HttpServer, AHeadWithoutEndIsCutOff) {
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, AChunkSizeWithoutEndIsCutOff) {
+TEST(HttpServer, ClosesConnectionsWithAnEndlessChunkSize) {
   HttpLimits limits;
   limits.bodyBytes = 10;
   limits.headBytes = 1000;
@@ -195,14 +196,14 @@ TEST(HttpServer, AChunkSizeWithoutEndIsCutOff) {
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, AClientThatSaysNothingIsDropped) {
+TEST(HttpServer, ClosesIdleConnections) {
   const EchoServer server(shortLimits());
   RawConnection connection(server.port());
   EXPECT_EQ(connection.readToEnd(), "");
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, AClientThatStopsInsideARequestIsDropped) {
+TEST(HttpServer, ClosesConnectionsThatStallInsideARequest) {
   const EchoServer server(shortLimits());
   RawConnection connection(server.port());
   ASSERT_TRUE(connection.send("POST /size HTTP/1.1\r\nContent-Length: 100\r\n\r\nhello"));
@@ -210,20 +211,20 @@ TEST(HttpServer, AClientThatStopsInsideARequestIsDropped) {
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, AClientThatDribblesIsDroppedWhenTheTimeForARequestIsUp) {
+TEST(HttpServer, ClosesSlowConnectionsAtTheRequestTimeLimit) {
   HttpLimits limits = shortLimits();
   limits.silence = milliseconds(10'000);
   const EchoServer server(limits);
   RawConnection connection(server.port());
   connection.send("POST /size HTTP/1.1\r\nContent-Length: 16000000\r\n\r\n");
-  // Far less than announced comes in that time; the server gives up although bytes keep coming.
+  // The body stays incomplete within the limit; the server gives up although bytes keep arriving.
   while (connection.send("x")) {
   }
   connection.readToEnd();
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, StoppingEndsIdleConnectionsWithoutWaitingForTheirTime) {
+TEST(HttpServer, StopClosesIdleConnectionsImmediately) {
   HttpLimits limits;
   limits.idle = milliseconds(3'600'000);
   EchoServer server(limits);
@@ -235,7 +236,7 @@ TEST(HttpServer, StoppingEndsIdleConnectionsWithoutWaitingForTheirTime) {
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, StoppingEndsARequestThatNeverEnds) {
+TEST(HttpServer, StopClosesUnfinishedRequests) {
   HttpLimits limits;
   limits.silence = milliseconds(3'600'000);
   limits.request = milliseconds(3'600'000);
@@ -252,7 +253,7 @@ TEST(HttpServer, StoppingEndsARequestThatNeverEnds) {
   EXPECT_TRUE(connection.sawEnd());
 }
 
-TEST(HttpServer, ConnectionsBeyondTheThreadsAreServedInTheirTurn) {
+TEST(HttpServer, QueuesConnectionsWhenAllThreadsAreBusy) {
   HttpLimits limits = shortLimits();
   limits.threads = 2;
   const EchoServer server(limits);
@@ -266,7 +267,7 @@ TEST(HttpServer, ConnectionsBeyondTheThreadsAreServedInTheirTurn) {
   }
 }
 
-TEST(HttpServer, ConnectionsBeyondTheBoundWaitUntilOthersEnd) {
+TEST(HttpServer, DelaysConnectionsAboveTheLimit) {
   HttpLimits limits;
   limits.connections = 1;
   const EchoServer server(limits);
@@ -279,20 +280,21 @@ TEST(HttpServer, ConnectionsBeyondTheBoundWaitUntilOthersEnd) {
   EXPECT_EQ(second.readUntil(">").substr(0, 12), "HTTP/1.1 200");
 }
 
-TEST(HttpServer, APortInUseIsReported) {
+TEST(HttpServer, ReportsAPortInUse) {
   const EchoServer server;
   HttpServer second;
   const Done started = second.start("127.0.0.1", server.port());
   ASSERT_FALSE(started);
-  EXPECT_EQ(started.error().text,
-            "port " + std::to_string(server.port()) + " of 127.0.0.1 is in use by another program");
+  EXPECT_EQ(started.error().text, "cannot listen on 127.0.0.1 port " +
+                                      std::to_string(server.port()) +
+                                      ": the port is already in use");
 }
 
-TEST(HttpServer, AnAddressThatIsNotOursIsReported) {
+TEST(HttpServer, ReportsAnAddressOfAnotherMachine) {
   HttpServer server;
   const Done started = server.start("192.0.2.1", 0);
   ASSERT_FALSE(started);
-  EXPECT_NE(started.error().text.find("cannot listen on port 0 of 192.0.2.1"), std::string::npos);
+  EXPECT_NE(started.error().text.find("cannot listen on 192.0.2.1 port 0"), std::string::npos);
 }
 
 }  // namespace

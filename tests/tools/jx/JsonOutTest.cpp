@@ -7,7 +7,7 @@
 namespace jx {
 namespace {
 
-TEST(JsonOut, SeparatesWhatStandsSideBySide) {
+TEST(JsonOut, SeparatesSiblingsWithCommas) {
   JsonOut out;
   out.beginObject().member("a", std::int64_t{-1}).key("b").beginArray();
   out.value("x").value(true).beginObject().endObject().beginArray().endArray().endArray();
@@ -15,13 +15,13 @@ TEST(JsonOut, SeparatesWhatStandsSideBySide) {
   EXPECT_EQ(out.text(), R"({"a":-1,"b":["x",true,{},[]],"c":null})");
 }
 
-TEST(JsonOut, EscapesWhatATextMayNotHold) {
+TEST(JsonOut, EscapesQuotesBackslashesAndControlCharacters) {
   JsonOut out;
   out.value(std::string("\"\\/\n\t\r\b\f\0\x1F\x7F\xC3\xA4", 13));
   EXPECT_EQ(out.text(), "\"\\\"\\\\/\\n\\t\\r\\b\\f\\u0000\\u001f\x7F\xC3\xA4\"");
 }
 
-TEST(JsonOut, BytesThatAreNotUtf8BecomeReplacementCharacters) {
+TEST(JsonOut, ReplacesBytesThatAreNotUtf8) {
   EXPECT_EQ(JsonOut().value("a\xFF").text(), "\"a\xEF\xBF\xBD\"");
 }
 

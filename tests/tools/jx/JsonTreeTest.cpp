@@ -10,7 +10,7 @@ namespace {
 using Problem = JsonTree::Problem;
 using Kind = JsonNode::Kind;
 
-TEST(JsonTree, KeepsNumbersAsTheyWereWritten) {
+TEST(JsonTree, KeepsTheDigitsOfNumbers) {
   const JsonTree tree = JsonTree::read("[12.50,1e300,-0,123456789012345678901234567890]");
   ASSERT_EQ(tree.problem(), Problem::None);
   EXPECT_EQ(tree.node(1).text, "12.50");
@@ -19,7 +19,7 @@ TEST(JsonTree, KeepsNumbersAsTheyWereWritten) {
   EXPECT_EQ(tree.node(4).text, "123456789012345678901234567890");
 }
 
-TEST(JsonTree, FindsTheLastEntryOfAKey) {
+TEST(JsonTree, FindsTheLastValueOfADuplicateKey) {
   const JsonTree tree = JsonTree::read(R"({"a":{"b":1},"b":2,"a":"last"})");
   const auto found = tree.find(0, "a");
   ASSERT_TRUE(found);
@@ -30,7 +30,7 @@ TEST(JsonTree, FindsTheLastEntryOfAKey) {
   EXPECT_EQ(tree.sizeOf(0), 3u);
 }
 
-TEST(JsonTree, TellsWhereAValueStands) {
+TEST(JsonTree, ReturnsThePathOfAValue) {
   const JsonTree tree =
       JsonTree::read(R"({"items":[{},{"product":{"name":1,"two words":2,"a\"b":3}}]})");
   const auto product = tree.find(3, "product");
@@ -44,7 +44,7 @@ TEST(JsonTree, TellsWhereAValueStands) {
   EXPECT_EQ(tree.pathOf(0, "items"), "items");
 }
 
-TEST(JsonTree, APathOfLongKeysIsCut) {
+TEST(JsonTree, ShortensPathsOfLongKeys) {
   std::string text;
   for (int i = 0; i < 20; ++i)
     text += "{\"" + std::string(500, 'k') + "\":";
@@ -56,7 +56,7 @@ TEST(JsonTree, APathOfLongKeysIsCut) {
   EXPECT_EQ(path.substr(path.size() - 3), "...");
 }
 
-TEST(JsonTree, RefusesWhatIsNoJson) {
+TEST(JsonTree, RejectsInvalidJson) {
   EXPECT_EQ(JsonTree::read("").problem(), Problem::NotJson);
   EXPECT_EQ(JsonTree::read("{} {}").problem(), Problem::NotJson);
   EXPECT_EQ(JsonTree::read(std::string("{}\0", 3)).problem(), Problem::NotJson);
@@ -64,8 +64,8 @@ TEST(JsonTree, RefusesWhatIsNoJson) {
   EXPECT_TRUE(JsonTree::read("[1,2").nodes().empty());
 }
 
-// The library writes any number digit for digit.
-TEST(JsonTree, ANumberBeyondADoubleKeepsItsDigits) {
+// The library writes numbers of any size without rounding.
+TEST(JsonTree, KeepsTheDigitsOfNumbersOutsideTheRangeOfADouble) {
   const std::string nines(400, '9');
   const JsonTree tree =
       JsonTree::read("[1e400,\"1e400 \\\"9\",1.5e2,7,-" + nines + ",{\"1e400\":-1E+400}]");
@@ -80,7 +80,7 @@ TEST(JsonTree, ANumberBeyondADoubleKeepsItsDigits) {
   EXPECT_EQ(tree.pathOf(7), "[5].1e400");
 }
 
-TEST(JsonTree, BesideANumberBeyondADoubleWhatIsNoJsonIsStillRefused) {
+TEST(JsonTree, RejectsInvalidJsonThatContainsLargeNumbers) {
   for (const char* text :
        {"[1e400", "[1e400,01]", "[1e400,1e]", "[1e400,-]", "[1e400,1.e400]", "[1e400,\"open]",
         "[1e400] 1", "[01e400]", "[1e400,+1]", "[1e400,\"\\"}) {
@@ -89,7 +89,7 @@ TEST(JsonTree, BesideANumberBeyondADoubleWhatIsNoJsonIsStillRefused) {
   EXPECT_EQ(JsonTree::read("[1e400,2,3]", 3).problem(), Problem::TooMany);
 }
 
-TEST(JsonTree, BoundsDepthAndNumberOfValues) {
+TEST(JsonTree, LimitsDepthAndNumberOfValues) {
   const auto nested = [](std::size_t depth) {
     return std::string(depth, '[') + std::string(depth, ']');
   };

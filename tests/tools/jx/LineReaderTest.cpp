@@ -43,7 +43,7 @@ class Pipe {
   int ends_[2] = {-1, -1};
 };
 
-// The lines of a text, read to its end.
+// Returns all lines of a text.
 std::vector<std::string> linesOf(const std::string& text) {
   Pipe input;
   Pipe stop;
@@ -60,25 +60,25 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 using Lines = std::vector<std::string>;
 
-TEST(LineReader, LinesEndWithALineFeedOrACarriageReturnAndOne) {
+TEST(LineReader, AcceptsLfAndCrLfLineEnds) {
   EXPECT_EQ(linesOf("a\nb\r\nc\n"), (Lines{"a", "b", "c"}));
 }
 
-TEST(LineReader, TheLastLineMayLackItsEnd) {
+TEST(LineReader, ReturnsLastLineWithoutLineEnd) {
   EXPECT_EQ(linesOf("a\nb"), (Lines{"a", "b"}));
   EXPECT_EQ(linesOf("a\r"), (Lines{"a"}));
 }
 
-TEST(LineReader, EmptyLinesCountAndAnEmptyInputHasNone) {
+TEST(LineReader, ReturnsEmptyLinesButNoneForEmptyInput) {
   EXPECT_EQ(linesOf("\n\r\n\n"), (Lines{"", "", ""}));
   EXPECT_EQ(linesOf(""), Lines{});
 }
 
-TEST(LineReader, AnyByteMayStandInALine) {
+TEST(LineReader, AcceptsAnyByteInALine) {
   EXPECT_EQ(linesOf(std::string("a\0\xFF\rb\n", 6)), (Lines{std::string("a\0\xFF\rb", 5)}));
 }
 
-TEST(LineReader, ALineIsGivenBeforeThePipeIsClosed) {
+TEST(LineReader, ReturnsLineBeforePipeIsClosed) {
   Pipe input;
   Pipe stop;
   LineReader reader(input.out(), stop.out());
@@ -91,7 +91,7 @@ TEST(LineReader, ALineIsGivenBeforeThePipeIsClosed) {
   EXPECT_EQ(line, "second");
 }
 
-TEST(LineReader, StopsAtOnceAlthoughLinesAreThere) {
+TEST(LineReader, StopsImmediatelyWithLinesBuffered) {
   Pipe input;
   Pipe stop;
   input.write("a\nb\n");
@@ -102,7 +102,7 @@ TEST(LineReader, StopsAtOnceAlthoughLinesAreThere) {
   EXPECT_EQ(reader.next(line), Result::Stopped);
 }
 
-TEST(LineReader, StopsWhileItWaitsForInput) {
+TEST(LineReader, StopsWhileWaitingForInput) {
   Pipe input;
   Pipe stop;
   LineReader reader(input.out(), stop.out());
@@ -112,7 +112,7 @@ TEST(LineReader, StopsWhileItWaitsForInput) {
   other.join();
 }
 
-TEST(LineReader, AnInputThatCannotBeReadFails) {
+TEST(LineReader, ReportsReadErrors) {
   Pipe stop;
   Pipe other;
   const int closed = ::dup(other.out());
@@ -122,7 +122,7 @@ TEST(LineReader, AnInputThatCannotBeReadFails) {
   EXPECT_EQ(reader.next(line), Result::Failed);
 }
 
-TEST(LineReader, ALineBeyondTheLimitIsPassedOverAndTheNextIsRead) {
+TEST(LineReader, SkipsLinesOverTheLimit) {
   Pipe input;
   Pipe stop;
   std::thread writer([&input] {

@@ -10,27 +10,27 @@
 namespace jx {
 namespace {
 
-TEST(Printable, ControlCharactersBecomeBlanks) {
+TEST(Printable, ReplacesControlCharactersWithSpaces) {
   EXPECT_EQ(asOneLine("a\nb\r\tc\033[31m\x7F"), "a b  c [31m ");
   EXPECT_EQ(asOneLine("a\u009B31m"), "a 31m");
   EXPECT_EQ(asOneLine("\u00A0\u00E9"), "\u00A0\u00E9");
 }
 
-TEST(Printable, BytesThatAreNotUtf8AreReplaced) { EXPECT_EQ(asOneLine("a\xFF"), "a\uFFFD"); }
+TEST(Printable, ReplacesInvalidUtf8) { EXPECT_EQ(asOneLine("a\xFF"), "a\uFFFD"); }
 
-TEST(Printable, AShortenedTextIsAsWideAsAskedAndSplitsNoCharacter) {
+TEST(Printable, TruncatesToWidthWithoutSplittingCharacters) {
   EXPECT_EQ(shortened("abc", 3), "abc");
   EXPECT_EQ(shortened("abcd", 3), "ab\u2026");
   EXPECT_EQ(shortened("\u00E9\u00E9\u00E9\u00E9", 3), "\u00E9\u00E9\u2026");
   EXPECT_EQ(shortened("ab", 1), "\u2026");
 }
 
-TEST(Printable, PaddingCountsCharactersNotBytes) {
+TEST(Printable, PadsByCharactersNotBytes) {
   EXPECT_EQ(padded("\u00E9", 3), "\u00E9  ");
   EXPECT_EQ(padded("abcd", 3), "abcd");
 }
 
-TEST(Printable, TimesAreIsoInUtc) {
+TEST(Printable, FormatsTimesAsIsoInUtc) {
   EXPECT_EQ(asIsoTime(0), "1970-01-01T00:00:00.000Z");
   EXPECT_EQ(asIsoTime(1'700'000'000'123), "2023-11-14T22:13:20.123Z");
   EXPECT_EQ(asIsoTime(-1), "1969-12-31T23:59:59.999Z");

@@ -12,7 +12,7 @@
 
 namespace jx {
 
-/// Long enough for any run that ends at all, on a busy machine and under a sanitizer.
+/// Timeout for every run that terminates, on a busy machine and with a sanitizer.
 inline constexpr std::chrono::seconds kPatience{100};
 
 inline ChildProcess::Result runJx(const std::vector<std::string>& arguments,
@@ -28,7 +28,7 @@ inline bool contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-/// A script of events named "n0", "n1" and so on.
+/// Returns a script with events named "n0", "n1" and so on.
 inline std::string customEvents(int count) {
   std::string script;
   for (int i = 0; i < count; ++i) {
@@ -37,7 +37,8 @@ inline std::string customEvents(int count) {
   return script;
 }
 
-/// The bodies that `jx replay --print` wrote: each ends with a brace at the start of a line.
+/// Returns the bodies written by `jx replay --print`. Each body ends with a brace at the start of a
+/// line.
 inline std::vector<std::string> bodiesIn(const std::string& output) {
   std::vector<std::string> bodies;
   for (std::size_t at = 0; at < output.size();) {

@@ -14,7 +14,7 @@ namespace {
 using test::ReservedPort;
 using test::TemporaryFolder;
 
-TEST(QueueProgram, TellsWhatAReplayHoldsWhileItRuns) {
+TEST(QueueProgram, ListsQueueOfARunningReplay) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string state = folder.path("state");
@@ -36,13 +36,13 @@ TEST(QueueProgram, TellsWhatAReplayHoldsWhileItRuns) {
   const auto dead = runJx({"queue", "dead", "--state", state});
   EXPECT_EQ(dead.status, 0);
   EXPECT_EQ(dead.output, "");
-  // The process that has the folder open goes on as before.
+  // The process that has the folder open is not affected.
   ASSERT_TRUE(replay.writeInput(customEvents(1) + "y\n"));
   ASSERT_TRUE(replay.waitForErrors("line 6: ", kPatience));
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "4 ");
 }
 
-TEST(QueueProgram, PurgeDeletesWhatAnEndedProcessLeft) {
+TEST(QueueProgram, PurgeDeletesRequestsOfAnExitedProcess) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string state = folder.path("state");
@@ -56,7 +56,7 @@ TEST(QueueProgram, PurgeDeletesWhatAnEndedProcessLeft) {
             "0 requests queued, 0 bytes; 0 dead letters\n");
 }
 
-TEST(QueueProgram, PurgeReachesARunningProcessWhichGoesOnWithWhatIsNew) {
+TEST(QueueProgram, PurgeAppliesToRunningProcessButNotToNewEvents) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string state = folder.path("state");
@@ -69,8 +69,8 @@ TEST(QueueProgram, PurgeReachesARunningProcessWhichGoesOnWithWhatIsNew) {
   const auto purge = runJx({"queue", "purge", "--state", state});
   EXPECT_EQ(purge.status, 0) << purge.errors;
   EXPECT_EQ(purge.output,
-            "0 requests and 0 dead letters deleted\n2 requests more: held by a running process, "
-            "which drops them before it sends anything else\n");
+            "0 requests and 0 dead letters deleted\n2 requests more in use by a running process, "
+            "which deletes them before it sends anything else\n");
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "0 ");
   ASSERT_TRUE(replay.writeInput(customEvents(1)));
   replay.closeInput();
@@ -79,7 +79,7 @@ TEST(QueueProgram, PurgeReachesARunningProcessWhichGoesOnWithWhatIsNew) {
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "1 ");
 }
 
-TEST(QueueProgram, AStateWithoutAnythingToSendHoldsNothing) {
+TEST(QueueProgram, ReportsEmptyQueueWithoutOutbox) {
   const TemporaryFolder folder;
   ASSERT_EQ(runJx({"replay", "--print", "--state", folder.path("state")}, customEvents(1)).status,
             0);
@@ -91,7 +91,7 @@ TEST(QueueProgram, AStateWithoutAnythingToSendHoldsNothing) {
             "0 requests and 0 dead letters deleted\n");
 }
 
-TEST(QueueProgram, AFolderThatIsMissingOrNoStateIsOneLineAndAFailure) {
+TEST(QueueProgram, ReportsMissingOrInvalidFolderInOneLine) {
   const TemporaryFolder folder;
   for (const std::string& path :
        {folder.path("missing"), folder.path(), folder.write("file", "x")}) {
@@ -105,7 +105,7 @@ TEST(QueueProgram, AFolderThatIsMissingOrNoStateIsOneLineAndAFailure) {
   }
 }
 
-TEST(QueueProgram, WrongUsageIsOneLineAndStatusTwo) {
+TEST(QueueProgram, ReportsWrongUsageInOneLineWithStatus2) {
   for (const auto& arguments :
        std::vector<std::vector<std::string>>{{"queue"},
                                              {"queue", "status"},
@@ -118,7 +118,7 @@ TEST(QueueProgram, WrongUsageIsOneLineAndStatusTwo) {
   }
 }
 
-TEST(QueueProgram, HelpNamesTheVerbs) {
+TEST(QueueProgram, HelpListsTheVerbs) {
   const auto result = runJx({"queue", "--help"});
   EXPECT_EQ(result.status, 0);
   for (const char* part : {"status", "list", "dead", "purge", "--state"}) {

@@ -11,39 +11,39 @@ JXOutboxListing request(std::int64_t createdMs, const std::string& body, int sta
   return {createdMs, "https://h/events", body, status};
 }
 
-TEST(QueueReport, TheFirstNumberOfTheStatusIsHowManyAreQueued) {
+TEST(QueueReport, StatusBeginsWithNumberOfQueuedRequests) {
   EXPECT_EQ(queueStatus({}, {}), "0 requests queued, 0 bytes; 0 dead letters\n");
   EXPECT_EQ(queueStatus({request(1'000, "{}")}, {request(0, "{}", 400)}),
             "1 request queued, 18 bytes; 1 dead letter\n"
             "oldest 1970-01-01T00:00:01.000Z\nnewest 1970-01-01T00:00:01.000Z\n"
-            "refused with 400: 1\n");
+            "rejected with status 400: 1\n");
 }
 
-TEST(QueueReport, TheOldestIsTheOldestByTimeAlsoWhenTheClockWentBack) {
+TEST(QueueReport, FindsOldestByTimeAfterClockWentBack) {
   EXPECT_EQ(queueStatus({request(3'000, "{}"), request(1'000, "{}"), request(2'000, "{}")}, {}),
             "3 requests queued, 54 bytes; 0 dead letters\n"
             "oldest 1970-01-01T00:00:01.000Z\nnewest 1970-01-01T00:00:03.000Z\n");
 }
 
-TEST(QueueReport, DeadLettersAreCountedByStatus) {
+TEST(QueueReport, CountsDeadLettersByStatus) {
   EXPECT_EQ(queueStatus({}, {request(0, "{}", 413), request(0, "{}", 400), request(0, "{}", 413),
                              request(0, "{}", 0)}),
             "0 requests queued, 0 bytes; 4 dead letters\n"
-            "never sendable: 1\nrefused with 400: 1\nrefused with 413: 2\n");
+            "not sendable: 1\nrejected with status 400: 1\nrejected with status 413: 2\n");
 }
 
-TEST(QueueReport, ARequestIsOneLineWithTimeSizeNameAndId) {
+TEST(QueueReport, ListsTimeSizeNameAndIdInOneLine) {
   EXPECT_EQ(
       queueLines({request(1'000, R"({"event_name":"quiz","context":{"event_id":"A-1"}})")}, false),
       "1970-01-01T00:00:01.000Z        50  quiz                      A-1\n");
 }
 
-TEST(QueueReport, ADeadLetterTellsItsStatus) {
+TEST(QueueReport, ListsStatusOfDeadLetters) {
   EXPECT_EQ(queueLines({request(0, R"({"event_name":"quiz"})", 410)}, true),
             "1970-01-01T00:00:00.000Z  410        21  quiz                      -\n");
 }
 
-TEST(QueueReport, ABodyThatIsNoEventAndANameThatIsNoLineStayOneLine) {
+TEST(QueueReport, ListsInvalidBodiesAndNamesInOneLine) {
   EXPECT_EQ(queueLines({request(0, "no JSON")}, false),
             "1970-01-01T00:00:00.000Z         7  -                         -\n");
   EXPECT_EQ(queueLines({request(0, R"({"event_name":"a\nb\u001b[0m"})")}, false),

@@ -11,7 +11,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/jx/ProgramRun.h"
 
-// What `jx replay` does with a receiver, and without one that was expected.
+// Tests of `jx replay` with a server, and with a server that is not reachable.
 
 namespace jx {
 namespace {
@@ -28,7 +28,7 @@ std::string at(const ReservedPort& port) {
 
 std::string addressOf(const JXTestServer& server) { return server.url(""); }
 
-TEST(ReplayDelivery, EveryEventArrivesOnceWithSiteAndKey) {
+TEST(ReplayDelivery, DeliversEachEventOnceWithSiteAndKey) {
   const TemporaryFolder folder;
   const CollectorProgram collector(JX_PROGRAM, folder.path());
   const std::string script = folder.write("script", customEvents(20));
@@ -45,14 +45,14 @@ TEST(ReplayDelivery, EveryEventArrivesOnceWithSiteAndKey) {
   EXPECT_EQ(first.get("token").string(), JXString("some-key"));
 }
 
-TEST(ReplayDelivery, AKilledReplayLosesNoneOfAThousandEvents) {
+TEST(ReplayDelivery, KeepsAThousandEventsWhenKilled) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string state = folder.path("state");
   {
     ChildProcess replay(JX_PROGRAM, {"replay", "--to", at(port), "--state", state}, {},
                         ChildProcess::Input::Pipe);
-    // What is said about the line behind them tells that all events were executed.
+    // The message about the following line shows that all events were executed.
     ASSERT_TRUE(replay.writeInput(customEvents(1'000) + "the end\n"));
     ASSERT_TRUE(replay.waitForErrors("line 1001: ", kPatience));
     replay.signal(SIGKILL);
@@ -69,7 +69,7 @@ TEST(ReplayDelivery, AKilledReplayLosesNoneOfAThousandEvents) {
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 11), "0 requests ");
 }
 
-TEST(ReplayDelivery, WithoutAReceiverItIsHeldKeptAndStatusThree) {
+TEST(ReplayDelivery, KeepsEventsWithStatus3WithoutAServer) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const auto result = ChildProcess::run(JX_PROGRAM,
@@ -78,14 +78,14 @@ TEST(ReplayDelivery, WithoutAReceiverItIsHeldKeptAndStatusThree) {
                                         kPatience, {{"TMPDIR", folder.makeFolder("tmp")}});
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(result.output, "executed 3, delivered 0, held 3, rejected 0, dropped 0\n");
-  const std::string said = "what was not delivered is kept: --state ";
-  ASSERT_EQ(result.errors.substr(0, said.size()), said) << result.errors;
+  const std::string message = "undelivered events are kept; send them later with --state ";
+  ASSERT_EQ(result.errors.substr(0, message.size()), message) << result.errors;
   const std::string kept =
-      result.errors.substr(said.size(), result.errors.size() - said.size() - 1);
+      result.errors.substr(message.size(), result.errors.size() - message.size() - 1);
   EXPECT_EQ(runJx({"queue", "status", "--state", kept}).output.substr(0, 2), "3 ");
 }
 
-TEST(ReplayDelivery, ATemporaryStateIsRemovedWhenAllWasDelivered) {
+TEST(ReplayDelivery, RemovesTemporaryStateWhenAllDelivered) {
   const TemporaryFolder folder;
   JXTestServer server;
   const auto result = ChildProcess::run(JX_PROGRAM,
@@ -97,7 +97,7 @@ TEST(ReplayDelivery, ATemporaryStateIsRemovedWhenAllWasDelivered) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.path("tmp")));
 }
 
-TEST(ReplayDelivery, AWrongCaFileIsOneLineAndLosesNothing) {
+TEST(ReplayDelivery, ReportsWrongCaFileInOneLineAndKeepsEvents) {
   const TemporaryFolder folder;
   JXTestServer server;
   const JXTestServer stranger;
@@ -110,7 +110,7 @@ TEST(ReplayDelivery, AWrongCaFileIsOneLineAndLosesNothing) {
     EXPECT_EQ(result.status, 3) << caFile;
     EXPECT_EQ(result.output, "executed 2, delivered 0, held 2, rejected 0, dropped 0\n");
     EXPECT_EQ(linesOf(result.errors), 1) << result.errors;
-    EXPECT_TRUE(contains(result.errors, "Requests stay queued")) << result.errors;
+    EXPECT_TRUE(contains(result.errors, "Delivery failed")) << result.errors;
     const auto again =
         runJx({"replay", "--to", addressOf(server), "--ca", server.caFile(), "--state", state});
     EXPECT_EQ(again.output, "executed 0, delivered 2, held 0, rejected 0, dropped 0\n");
@@ -118,7 +118,7 @@ TEST(ReplayDelivery, AWrongCaFileIsOneLineAndLosesNothing) {
   EXPECT_EQ(server.requests().size(), 6u);
 }
 
-TEST(ReplayDelivery, ARefusedEventIsRejectedAndADeadLetter) {
+TEST(ReplayDelivery, MovesRejectedEventToDeadLetters) {
   const TemporaryFolder folder;
   JXTestServer server;
   JXTestAnswer refusal;
@@ -136,7 +136,7 @@ TEST(ReplayDelivery, ARefusedEventIsRejectedAndADeadLetter) {
   EXPECT_TRUE(contains(dead.output, "  n0  ")) << dead.output;
 }
 
-TEST(ReplayDelivery, BadLinesBesideDeliveredEventsAreStatusOne) {
+TEST(ReplayDelivery, ReturnsStatus1ForBadLinesWhenAllDelivered) {
   JXTestServer server;
   const auto result = runJx({"replay", "--to", addressOf(server), "--ca", server.caFile()},
                             customEvents(1) + "x\n");
@@ -144,12 +144,12 @@ TEST(ReplayDelivery, BadLinesBesideDeliveredEventsAreStatusOne) {
   EXPECT_EQ(result.output, "executed 1, delivered 1, held 0, rejected 0, dropped 0; bad lines 1\n");
 }
 
-TEST(ReplayDelivery, WhatIsExecutedInTheBackgroundIsHeldAndGoesOutOnReturn) {
+TEST(ReplayDelivery, SendsBackgroundEventsAfterForeground) {
   const TemporaryFolder folder;
   JXTestServer server;
   const std::vector<std::string> words{"replay",        "--to",    addressOf(server),   "--ca",
                                        server.caFile(), "--state", folder.path("state")};
-  // Nothing can leave, so the end is not waited for.
+  // Delivery is blocked, so the program does not wait.
   const auto away = runJx(words, "{\"do\":\"background\"}\n" + customEvents(2));
   EXPECT_EQ(away.status, 3);
   EXPECT_EQ(away.output, "executed 2, delivered 0, held 2, rejected 0, dropped 0\n");
@@ -160,7 +160,7 @@ TEST(ReplayDelivery, WhatIsExecutedInTheBackgroundIsHeldAndGoesOutOnReturn) {
   EXPECT_EQ(back.output, "executed 1, delivered 3, held 0, rejected 0, dropped 0\n");
 }
 
-TEST(ReplayDelivery, WithoutConsentWhatIsQueuedStaysAndEnablingSendsIt) {
+TEST(ReplayDelivery, KeepsQueueWithoutConsentAndSendsWhenEnabled) {
   const TemporaryFolder folder;
   const ReservedPort port;
   const std::string state = folder.path("state");
@@ -181,7 +181,7 @@ TEST(ReplayDelivery, WithoutConsentWhatIsQueuedStaysAndEnablingSendsIt) {
   EXPECT_EQ(collector.eventCount(), 2u);
 }
 
-TEST(ReplayDelivery, AScriptLongerThanTheQueueLosesNothingWhileTheReceiverAnswers) {
+TEST(ReplayDelivery, DeliversScriptLongerThanTheQueue) {
   JXTestServer server;
   const auto result = runJx({"replay", "--to", addressOf(server), "--ca", server.caFile(), "--wait",
                              "90", "--log-level", "2"},
@@ -190,7 +190,7 @@ TEST(ReplayDelivery, AScriptLongerThanTheQueueLosesNothingWhileTheReceiverAnswer
   EXPECT_EQ(result.output, "executed 12000, delivered 12000, held 0, rejected 0, dropped 0\n");
 }
 
-TEST(ReplayDelivery, PlainHttpToTheOwnMachineIsAllowed) {
+TEST(ReplayDelivery, AllowsHttpForLoopback) {
   test::JXTestServerOptions options;
   options.tls = false;
   JXTestServer server(options);
@@ -200,7 +200,7 @@ TEST(ReplayDelivery, PlainHttpToTheOwnMachineIsAllowed) {
   EXPECT_EQ(server.requests().size(), 1u);
 }
 
-TEST(ReplaySignals, OneMoreEndsTheWaiting) {
+TEST(ReplaySignals, SecondSignalStopsWaiting) {
   const TemporaryFolder folder;
   JXTestServer server;
   JXTestAnswer silence;

@@ -9,7 +9,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/jx/ProgramRun.h"
 
-// What `jx replay` does without a network: the bodies it prints, bad lines, wrong usage.
+// Tests of `jx replay` without a network: printed bodies, bad lines, wrong usage.
 
 namespace jx {
 namespace {
@@ -18,7 +18,7 @@ using test::TemporaryFolder;
 
 constexpr const char* kNothingSent = "executed 0, delivered 0, held 0, rejected 0, dropped 0";
 
-// UUIDs are the only thing that chance decides.
+// UUIDs are the only random values.
 std::string withoutUuids(const std::string& text) {
   static const std::regex uuid("[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}");
   return std::regex_replace(text, uuid, "UUID");
@@ -28,7 +28,7 @@ JXJsonObject lifecycleOf(const JXJsonObject& body) {
   return body.get("context").object().get("device").object().get("lifecycle").object();
 }
 
-TEST(ReplayPrint, BodiesComeOutWithTheDigitsOfTheScript) {
+TEST(ReplayPrint, PrintsNumbersExactlyAsInTheScript) {
   const auto result = runJx(
       {"replay", "--print", "-"},
       R"({"do":"event","class":"JXCustomEvent","name":"one","parameters":{"deep":{"list":[1,{"x":null}],"t":true}}})"
@@ -52,17 +52,17 @@ TEST(ReplayPrint, BodiesComeOutWithTheDigitsOfTheScript) {
             two.get("context").object().get("event_id").string());
 }
 
-TEST(ReplayPrint, StandardOutputIsForBodiesOnly) {
+TEST(ReplayPrint, WritesOnlyBodiesToStandardOutput) {
   const auto result = runJx({"replay", "--print", "--verify", "-"}, customEvents(1) + "\nx\n");
   EXPECT_EQ(bodiesIn(result.output).size(), 1u);
   EXPECT_EQ(result.output.back(), '\n');
   EXPECT_EQ(result.output.front(), '{');
   EXPECT_TRUE(contains(result.errors, "executed 1, delivered 0,"));
-  EXPECT_TRUE(contains(result.errors, "line 1: JXCustomEvent \"n0\" is complete\n"));
-  EXPECT_TRUE(contains(result.errors, "line 3: not JSON"));
+  EXPECT_TRUE(contains(result.errors, "line 1: JXCustomEvent \"n0\" is valid\n"));
+  EXPECT_TRUE(contains(result.errors, "line 3: invalid JSON"));
 }
 
-TEST(ReplayPrint, ABodyIsWrittenAtOnceAlsoInTheBackgroundAndWhileThePipeStaysOpen) {
+TEST(ReplayPrint, WritesBodyImmediatelyEvenInTheBackground) {
   ChildProcess replay(JX_PROGRAM, {"replay", "--print"}, {}, ChildProcess::Input::Pipe);
   ASSERT_TRUE(replay.writeInput("{\"do\":\"background\"}\n" + customEvents(1)));
   EXPECT_TRUE(replay.waitForOutput("\"event_name\": \"n0\"", kPatience));
@@ -71,7 +71,7 @@ TEST(ReplayPrint, ABodyIsWrittenAtOnceAlsoInTheBackgroundAndWhileThePipeStaysOpe
   EXPECT_EQ(replay.wait(kPatience).status, 0);
 }
 
-TEST(ReplayPrint, TwoRunsOfOneScriptDifferInUuidsOnly) {
+TEST(ReplayPrint, PrintsSameOutputTwiceExceptUuids) {
   const std::string script = customEvents(3) +
                              "{\"do\":\"advance\",\"ms\":1000}\n{\"do\":\"background\"}\n"
                              "{\"do\":\"advance\",\"ms\":1800001}\n{\"do\":\"foreground\"}\n" +
@@ -87,11 +87,11 @@ TEST(ReplayPrint, TwoRunsOfOneScriptDifferInUuidsOnly) {
   EXPECT_EQ(first.status, 0);
   ASSERT_EQ(bodiesIn(first.output).size(), 5u);
   EXPECT_EQ(withoutUuids(first.output), withoutUuids(run(other).output));
-  // The same state again is a second visit.
+  // A second run with the same state is a new visit.
   EXPECT_NE(withoutUuids(first.output), withoutUuids(run(one).output));
 }
 
-TEST(ReplayPrint, TheClockStandsStillUntilTheScriptMovesIt) {
+TEST(ReplayPrint, AdvancesManualClockOnlyByTheScript) {
   const auto result =
       runJx({"replay", "--print", "--at", "1700000000000"},
             customEvents(1) + "{\"do\":\"advance\",\"ms\":-5000}\n" + customEvents(1));
@@ -104,7 +104,7 @@ TEST(ReplayPrint, TheClockStandsStillUntilTheScriptMovesIt) {
   EXPECT_EQ(timestamp(1), JXString("1699999995000"));
 }
 
-TEST(ReplayPrint, OptionsReachTheLibrary) {
+TEST(ReplayPrint, PassesOptionsToTheLibrary) {
   const auto result =
       runJx({"replay", "--print", "--version-name", "7.1", "--behaviour", "-1"}, customEvents(1));
   const auto bodies = bodiesIn(result.output);
@@ -114,7 +114,7 @@ TEST(ReplayPrint, OptionsReachTheLibrary) {
       JXString("7.1"));
 }
 
-TEST(ReplayPrint, PermanentDataGoWithEveryEventUntilTheyAreForgotten) {
+TEST(ReplayPrint, AddsPermanentParametersUntilForgotten) {
   const auto result =
       runJx({"replay", "--print"},
             "{\"do\":\"permanent\",\"key\":\"store\",\"value\":{\"n\":1.50}}\n"
@@ -128,7 +128,7 @@ TEST(ReplayPrint, PermanentDataGoWithEveryEventUntilTheyAreForgotten) {
   EXPECT_TRUE(parsedBody(bodies[1]).contains("nothing"));
 }
 
-TEST(ReplayPrint, EventsWhileDisabledAreIgnoredAndEnablingTakesThemAgain) {
+TEST(ReplayPrint, IgnoresEventsWhileDisabled) {
   const std::string script = customEvents(1) + "{\"do\":\"enable\"}\n" + customEvents(1) +
                              "{\"do\":\"disable\"}\n" + customEvents(1);
   const auto byDefault = runJx({"replay", "--print", "--behaviour", "2"}, script);
@@ -140,7 +140,7 @@ TEST(ReplayPrint, EventsWhileDisabledAreIgnoredAndEnablingTakesThemAgain) {
   EXPECT_EQ(bodiesIn(always.output).size(), 3u);
 }
 
-TEST(ReplayPrint, AnyIntegerIsABehaviourAndOneBeyondAllBoundsIsTheDefault) {
+TEST(ReplayPrint, AcceptsAnyIntegerAsBehaviour) {
   for (const char* number : {"0", "3", "-1", "+7", "4294967298", "99999999999999999999999"}) {
     const auto result = runJx({"replay", "--print", "--behaviour", number}, customEvents(1));
     EXPECT_EQ(result.status, 0) << number;
@@ -148,7 +148,7 @@ TEST(ReplayPrint, AnyIntegerIsABehaviourAndOneBeyondAllBoundsIsTheDefault) {
   }
 }
 
-TEST(ReplayPrint, CarriageReturnsBlankLinesAndAMissingLastLineEndAreFine) {
+TEST(ReplayPrint, AcceptsCrLfBlankLinesAndMissingLastLineEnd) {
   const auto result = runJx({"replay", "--print"},
                             "\r\n{\"do\":\"enable\"}\r\n\n  \n"
                             "{\"do\":\"event\",\"class\":\"JXCustomEvent\",\"name\":\"last\"}");
@@ -156,7 +156,7 @@ TEST(ReplayPrint, CarriageReturnsBlankLinesAndAMissingLastLineEndAreFine) {
   EXPECT_EQ(bodiesIn(result.output).size(), 1u);
 }
 
-TEST(ReplayPrint, ALineOfAMebibyteIsAnEvent) {
+TEST(ReplayPrint, AcceptsALineOfOneMebibyte) {
   const std::string text(1u << 20, 'x');
   const auto result =
       runJx({"replay", "--print"},
@@ -165,7 +165,7 @@ TEST(ReplayPrint, ALineOfAMebibyteIsAnEvent) {
   EXPECT_TRUE(contains(result.output, "\"t\": \"" + text + "\""));
 }
 
-TEST(ReplayPrint, AFullDiskBehindStandardOutputIsSaidOnceAndStopsTheRun) {
+TEST(ReplayPrint, ReportsFullDiskOnceAndStops) {
   const TemporaryFolder folder;
   const std::string script = folder.write("script", customEvents(3));
   const auto result = ChildProcess::run(
@@ -177,7 +177,7 @@ TEST(ReplayPrint, AFullDiskBehindStandardOutputIsSaidOnceAndStopsTheRun) {
             "executed 1, delivered 0, held 0, rejected 0, dropped 0\n");
 }
 
-TEST(ReplayBadLines, AreToldWithTheirNumberSendNothingAndTheRestGoesOn) {
+TEST(ReplayBadLines, ReportsLineNumberAndContinues) {
   const std::string bad[] = {
       "nonsense",
       "[1]",
@@ -201,7 +201,7 @@ TEST(ReplayBadLines, AreToldWithTheirNumberSendNothingAndTheRestGoesOn) {
   }
 }
 
-TEST(ReplayBadLines, StrictStopsAtTheFirst) {
+TEST(ReplayBadLines, StopsAtFirstBadLineWithStrict) {
   const auto result =
       runJx({"replay", "--print", "--strict"}, customEvents(1) + "x\ny\n" + customEvents(1));
   EXPECT_EQ(result.status, 1);
@@ -209,28 +209,29 @@ TEST(ReplayBadLines, StrictStopsAtTheFirst) {
   EXPECT_FALSE(contains(result.errors, "line 3"));
 }
 
-TEST(ReplayBadLines, AdvanceBeyondTheClocksRangeIsOne) {
+TEST(ReplayBadLines, RejectsAdvanceOutOfClockRange) {
   const auto result = runJx({"replay", "--print", "--at", "9223372036854775807"},
                             "{\"do\":\"advance\",\"ms\":1}\n");
   EXPECT_EQ(result.status, 1);
-  EXPECT_TRUE(contains(result.errors, "line 1: the clock cannot be moved as far as that\n"));
+  EXPECT_TRUE(contains(result.errors, "line 1: ms must not move the clock out of its range\n"));
 }
 
-TEST(ReplayVerify, TellsEachEventsFirstLackAndSendsNothingByItself) {
+TEST(ReplayVerify, PrintsFirstFailedCheckWithoutSending) {
   const auto result =
       runJx({"replay", "--verify"}, customEvents(1) +
                                         "{\"do\":\"event\",\"class\":\"JXCustomEvent\"}\n"
                                         "{\"do\":\"event\",\"class\":\"JXEvent\"}\n");
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output,
-            "line 1: JXCustomEvent \"n0\" is complete\n"
-            "line 2: JXCustomEvent without name is incomplete: name is absent or empty\n"
-            "line 3: JXEvent without name is incomplete: a bare JXEvent is never complete\n"
+            "line 1: JXCustomEvent \"n0\" is valid\n"
+            "line 2: JXCustomEvent without name is invalid: name must be a non-empty string\n"
+            "line 3: JXEvent without name is invalid: JXEvent is a base class and never passes "
+            "validation\n"
             "executed 3, delivered 0, held 0, rejected 0, dropped 0\n");
   EXPECT_EQ(result.errors, "");
 }
 
-TEST(ReplayUsage, WrongUsageIsOneLineAndStatusTwo) {
+TEST(ReplayUsage, ReportsWrongUsageInOneLineWithStatus2) {
   const TemporaryFolder folder;
   const std::string script = folder.write("script", customEvents(1));
   const std::vector<std::vector<std::string>> wrong{
@@ -268,7 +269,7 @@ TEST(ReplayUsage, WrongUsageIsOneLineAndStatusTwo) {
   }
 }
 
-TEST(ReplayUsage, HelpNamesEveryOptionAndTheStatuses) {
+TEST(ReplayUsage, HelpListsEveryOptionAndExitStatus) {
   const auto result = runJx({"replay", "--help"});
   EXPECT_EQ(result.status, 0);
   for (const char* part :
@@ -279,7 +280,7 @@ TEST(ReplayUsage, HelpNamesEveryOptionAndTheStatuses) {
   }
 }
 
-TEST(ReplaySignals, TheFirstEndsTheReadingAndTheSummaryIsPrinted) {
+TEST(ReplaySignals, FirstSignalStopsReadingAndPrintsSummary) {
   for (const int number : {SIGINT, SIGTERM}) {
     ChildProcess replay(JX_PROGRAM, {"replay", "--print"}, {}, ChildProcess::Input::Pipe);
     ASSERT_TRUE(replay.writeInput(customEvents(1)));
@@ -292,7 +293,7 @@ TEST(ReplaySignals, TheFirstEndsTheReadingAndTheSummaryIsPrinted) {
   }
 }
 
-TEST(ReplaySignals, ASlowPaceDoesNotHoldUpTheEnd) {
+TEST(ReplaySignals, StopsImmediatelyAtLowRate) {
   ChildProcess replay(JX_PROGRAM, {"replay", "--print", "--rate", "0.001"}, {},
                       ChildProcess::Input::Pipe);
   ASSERT_TRUE(replay.writeInput(customEvents(2)));
@@ -303,14 +304,14 @@ TEST(ReplaySignals, ASlowPaceDoesNotHoldUpTheEnd) {
   EXPECT_TRUE(contains(result.errors, "stopped after line 1\n")) << result.errors;
 }
 
-TEST(ReplayLog, LibraryLinesGoToStandardErrorAtTheLevelAsked) {
+TEST(ReplayLog, WritesLibraryLogToStandardErrorAtLogLevel) {
   const auto silent = runJx({"replay", "--print", "--key", "", "--log-level", "0"}, "");
   EXPECT_EQ(silent.errors, std::string(kNothingSent) + "\n");
   const auto loud = runJx({"replay", "--print", "--log-level", "4"}, "");
   EXPECT_TRUE(contains(loud.errors, "[JX 4] Server-Side SDK init with version 5.4.5\n"));
 }
 
-TEST(ReplayState, ATemporaryFolderIsRemovedWhenNothingIsLeft) {
+TEST(ReplayState, RemovesTemporaryFolderWhenNothingIsLeft) {
   const TemporaryFolder folder;
   const auto result = ChildProcess::run(JX_PROGRAM, {"replay", "--print", "/dev/null"}, kPatience,
                                         {{"TMPDIR", folder.path()}});

@@ -7,8 +7,8 @@
 namespace jx {
 namespace {
 
-// Five events that were executed, taken and delivered.
-ReplayTally allWell() {
+// Five events that were executed, queued and delivered.
+ReplayTally allDelivered() {
   ReplayTally tally;
   tally.executed = 5;
   tally.sends = true;
@@ -17,34 +17,34 @@ ReplayTally allWell() {
   return tally;
 }
 
-TEST(ReplayTally, AllDeliveredIsStatusZero) {
-  EXPECT_EQ(summaryOf(allWell()), "executed 5, delivered 5, held 0, rejected 0, dropped 0");
-  EXPECT_EQ(exitStatusOf(allWell()), 0);
+TEST(ReplayTally, ReturnsStatus0WhenAllDelivered) {
+  EXPECT_EQ(summaryOf(allDelivered()), "executed 5, delivered 5, held 0, rejected 0, dropped 0");
+  EXPECT_EQ(exitStatusOf(allDelivered()), 0);
 }
 
-TEST(ReplayTally, BadLinesAloneAreStatusOne) {
-  ReplayTally tally = allWell();
+TEST(ReplayTally, ReturnsStatus1ForBadLinesOnly) {
+  ReplayTally tally = allDelivered();
   tally.badLines = 2;
   EXPECT_EQ(summaryOf(tally),
             "executed 5, delivered 5, held 0, rejected 0, dropped 0; bad lines 2");
   EXPECT_EQ(exitStatusOf(tally), 1);
 }
 
-TEST(ReplayTally, WhatIsHeldRejectedOrDroppedIsStatusThreeAlsoBesideBadLines) {
-  ReplayTally held = allWell();
+TEST(ReplayTally, ReturnsStatus3ForUndeliveredEventsEvenWithBadLines) {
+  ReplayTally held = allDelivered();
   held.counters.outbox.queued = 1;
   held.badLines = 1;
   EXPECT_EQ(exitStatusOf(held), 3);
-  ReplayTally rejected = allWell();
+  ReplayTally rejected = allDelivered();
   rejected.counters.outbox.rejected = 1;
   EXPECT_EQ(exitStatusOf(rejected), 3);
-  ReplayTally dropped = allWell();
+  ReplayTally dropped = allDelivered();
   dropped.counters.outbox.droppedTooOld = 1;
   EXPECT_EQ(exitStatusOf(dropped), 3);
 }
 
-TEST(ReplayTally, EveryReasonToDropCounts) {
-  ReplayTally tally = allWell();
+TEST(ReplayTally, CountsEveryDropReason) {
+  ReplayTally tally = allDelivered();
   tally.counters.outbox.droppedTooMany = 1;
   tally.counters.outbox.droppedTooLarge = 20;
   tally.counters.outbox.droppedTooOld = 300;
@@ -52,14 +52,14 @@ TEST(ReplayTally, EveryReasonToDropCounts) {
   EXPECT_EQ(tally.dropped(), 4'321u);
 }
 
-TEST(ReplayTally, EventsThatTheLibraryNeverTookAreDropped) {
-  ReplayTally tally = allWell();
+TEST(ReplayTally, CountsEventsNeverQueuedAsDropped) {
+  ReplayTally tally = allDelivered();
   tally.counters = {};
   EXPECT_EQ(summaryOf(tally), "executed 5, delivered 0, held 0, rejected 0, dropped 5");
 }
 
-TEST(ReplayTally, EventsWithoutConsentAreIgnoredAndNotDropped) {
-  ReplayTally tally = allWell();
+TEST(ReplayTally, CountsEventsWithoutConsentAsIgnored) {
+  ReplayTally tally = allDelivered();
   tally.executed = 7;
   tally.ignored = 2;
   EXPECT_EQ(summaryOf(tally),
@@ -67,20 +67,20 @@ TEST(ReplayTally, EventsWithoutConsentAreIgnoredAndNotDropped) {
   EXPECT_EQ(exitStatusOf(tally), 0);
 }
 
-TEST(ReplayTally, WhereNothingIsSentNothingIsLeftUndelivered) {
+TEST(ReplayTally, ReturnsStatus0WhenNothingIsSent) {
   ReplayTally tally;
   tally.executed = 5;
   EXPECT_EQ(summaryOf(tally), "executed 5, delivered 0, held 0, rejected 0, dropped 0");
   EXPECT_EQ(exitStatusOf(tally), 0);
 }
 
-TEST(ReplayTally, RequestsOnNoDiskAreSaidToBeLost) {
-  ReplayTally tally = allWell();
+TEST(ReplayTally, ReportsRequestsInMemoryAsLost) {
+  ReplayTally tally = allDelivered();
   tally.counters.outbox.queued = 3;
   tally.counters.outbox.inMemory = 3;
   EXPECT_EQ(summaryOf(tally),
-            "executed 5, delivered 5, held 3, rejected 0, dropped 0; of those held 3 are on no "
-            "disk and lost now");
+            "executed 5, delivered 5, held 3, rejected 0, dropped 0; 3 held events could not "
+            "be stored and are lost");
 }
 
 }  // namespace

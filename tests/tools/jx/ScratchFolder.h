@@ -9,7 +9,7 @@
 
 namespace jx {
 
-/// A new folder for one test, removed with all it holds.
+/// A temporary folder for one test. The destructor removes it and its content.
 class ScratchFolder {
  public:
   ScratchFolder() {

@@ -9,12 +9,12 @@
 namespace jx {
 namespace {
 
-// Events come from outside: whatever they hold, the browser runs nothing but the page's own files.
+// Events are untrusted input: the browser may run only the scripts of the web UI.
 constexpr const char* kContentPolicy =
     "default-src 'none'; script-src 'self'; style-src 'self'; connect-src 'self'; "
     "img-src 'self' data:; base-uri 'none'; form-action 'none'; frame-ancestors 'none'";
 
-// Absent stays absent; false when the text is no number.
+// Leaves `number` unchanged when the parameter is not set. Returns false when it is not an integer.
 bool readNumber(const httplib::Request& request, const char* name,
                 std::optional<std::int64_t>& number) {
   if (!request.has_param(name)) return true;
@@ -35,14 +35,14 @@ void setWebHeaders(httplib::Response& response) {
   response.set_header("Cache-Control", "no-store");
 }
 
-void answerJson(httplib::Response& response, int status, const std::string& json) {
+void sendJson(httplib::Response& response, int status, const std::string& json) {
   response.status = status;
   setWebHeaders(response);
   response.set_content(json, "application/json");
 }
 
-void answerFailure(httplib::Response& response, int status, const std::string& text) {
-  answerJson(response, status, errorToJson(text));
+void sendError(httplib::Response& response, int status, const std::string& text) {
+  sendJson(response, status, errorToJson(text));
 }
 
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
@@ -58,17 +58,21 @@ Result<EventQuery> filtersOf(const httplib::Request& request, std::int64_t maxLi
   EventQuery query;
   std::optional<std::int64_t> limit;
   if (!readNumber(request, "limit", limit) || (limit && (*limit < 1 || *limit > maxLimit))) {
-    return Error{"limit is 1 to " + std::to_string(maxLimit)};
+    return Error{"limit must be between 1 and " + std::to_string(maxLimit)};
   }
   query.limit = limit.value_or(query.limit);
-  if (!readNumber(request, "after", query.after)) return Error{"after is a whole number"};
-  if (!readNumber(request, "before", query.before)) return Error{"before is a whole number"};
+  if (!readNumber(request, "after", query.after)) {
+    return Error{"after must be a non-negative integer"};
+  }
+  if (!readNumber(request, "before", query.before)) {
+    return Error{"before must be a non-negative integer"};
+  }
   if (!readNumber(request, "since", query.sinceMs)) {
-    return Error{"since is a time in milliseconds"};
+    return Error{"since must be a time in milliseconds since the Unix epoch"};
   }
   if (request.has_param("good")) {
     const std::string good = request.get_param_value("good");
-    if (good != "true" && good != "false") return Error{"good is true or false"};
+    if (good != "true" && good != "false") return Error{"good must be true or false"};
     query.good = good == "true";
   }
   readText(request, "name", query.name);

@@ -14,16 +14,19 @@
 
 namespace jx {
 
-/// The headers of every answer on the page's port.
+/// Sets the headers common to all responses on the web port.
 void setWebHeaders(httplib::Response& response);
-void answerJson(httplib::Response& response, int status, const std::string& json);
-void answerFailure(httplib::Response& response, int status, const std::string& text);
+/// Sets the status and a JSON body.
+void sendJson(httplib::Response& response, int status, const std::string& json);
+/// Sets the status and the body {"error": text}.
+void sendError(httplib::Response& response, int status, const std::string& text);
 
-/// Digits only, within 63 bits.
+/// Parses a non-negative integer of at most 63 bits. Returns nullopt for anything else.
 std::optional<std::int64_t> wholeNumber(std::string_view text);
 
-/// The filters that stand in the parameters of a request: after, before, name, class, good,
-/// session, text, since, limit. `maxLimit` bounds the last one. Fails with what is wrong.
+/// Reads the filters from the parameters of a request: after, before, name, class, good, session,
+/// text, since and limit. `maxLimit` is the largest valid limit. On failure, returns an error that
+/// names the invalid parameter.
 Result<EventQuery> filtersOf(const httplib::Request& request, std::int64_t maxLimit);
 
 }  // namespace jx

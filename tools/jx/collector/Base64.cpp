@@ -18,7 +18,7 @@ std::string toBase64(std::string_view bytes) {
 std::optional<std::string> fromBase64(std::string_view text) {
   constexpr std::string_view kLetters =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  // OpenSSL skips blanks at the ends, and takes signs for padding that stand elsewhere.
+  // OpenSSL ignores white space at both ends and accepts padding in other places. Reject both.
   const std::size_t letters = text.find_last_not_of('=') + 1;
   const std::size_t padding = text.size() - letters;
   if (text.size() % 4 != 0 || padding > 2 ||

@@ -10,7 +10,7 @@ namespace jx {
 
 std::string toBase64(std::string_view bytes);
 
-/// Absent when the text is no base64.
+/// Returns nullopt when the text is not valid, padded Base64.
 std::optional<std::string> fromBase64(std::string_view text);
 
 }  // namespace jx

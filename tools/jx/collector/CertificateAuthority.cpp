@@ -15,23 +15,23 @@ namespace jx {
 namespace {
 
 constexpr std::time_t kDay = 24 * 60 * 60;
-// The clocks of TV sets are often behind.
+// TV clocks are often behind.
 constexpr std::time_t kClockSkew = kDay;
 constexpr std::time_t kAuthorityValidity = 3650 * kDay;
-// Some systems refuse server certificates that are valid for more than 397 days altogether.
+// Some systems reject server certificates that are valid for more than 397 days.
 constexpr std::time_t kServerValidity = 395 * kDay;
 constexpr std::time_t kRenewBefore = 30 * kDay;
 
-constexpr const char* kHowToReplace =
-    "; put the right files back, or move ca.pem and ca.key away to make a new authority that "
-    "every device must then be told to trust";
+constexpr const char* kReplaceHint =
+    "; restore the original files, or move ca.pem and ca.key away to create a new authority, which "
+    "every device must then trust";
 
-bool mayBeReadByOthers(const std::filesystem::path& file) {
+bool isAccessibleToOthers(const std::filesystem::path& file) {
   struct stat status {};
   return ::stat(file.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
 }
 
-bool keyBelongsTo(const KeyHandle& key, const CertificateHandle& certificate) {
+bool keyMatches(const KeyHandle& key, const CertificateHandle& certificate) {
   return key && certificate && X509_check_private_key(certificate.get(), key.get()) == 1;
 }
 
@@ -45,34 +45,33 @@ Result<CertificateAuthority> CertificateAuthority::open(const std::filesystem::p
                                                         std::vector<std::string> names,
                                                         std::time_t now) {
   CertificateAuthority authority(folder, std::move(names), now);
-  if (const Done made = authority.loadOrMakeAuthority(); !made) return made.error();
-  if (const Done made = authority.loadOrMakeServer(); !made) return made.error();
+  if (const Done ready = authority.loadOrCreateAuthority(); !ready) return ready.error();
+  if (const Done ready = authority.loadOrIssueServerCertificate(); !ready) return ready.error();
   return authority;
 }
 
-Done CertificateAuthority::loadOrMakeAuthority() {
+Done CertificateAuthority::loadOrCreateAuthority() {
   std::error_code ignored;
   const bool hasCertificate = std::filesystem::exists(certificateFile(), ignored);
   const bool hasKey = std::filesystem::exists(folder_ / "ca.key", ignored);
-  if (!hasCertificate && !hasKey) return makeAuthority();
+  if (!hasCertificate && !hasKey) return createAuthority();
   if (!hasCertificate || !hasKey) {
     const std::string missing = hasKey ? "ca.pem" : "ca.key";
-    return Error{"the certificate authority in " + folder_.string() + " has lost " + missing +
-                 kHowToReplace};
+    return Error{(folder_ / missing).string() + " is missing" + kReplaceHint};
   }
   return loadAuthority();
 }
 
-Done CertificateAuthority::makeAuthority() {
-  CertificateText text;
-  text.commonName = "jx collector (this machine only)";
-  text.notBefore = now_ - kClockSkew;
-  text.notAfter = now_ + kAuthorityValidity;
-  key_ = makePrivateKey();
-  if (key_) certificate_ = makeAuthorityCertificate(text, *key_);
-  if (!certificate_) return Error{"OpenSSL could not make a certificate authority"};
-  certificatePem_ = pemOf(*certificate_);
-  if (const Done kept = writeFileAtomically(folder_ / "ca.key", pemOf(*key_), 0600); !kept) {
+Done CertificateAuthority::createAuthority() {
+  CertificateFields fields;
+  fields.commonName = "jx collector (this machine only)";
+  fields.notBefore = now_ - kClockSkew;
+  fields.notAfter = now_ + kAuthorityValidity;
+  key_ = createPrivateKey();
+  if (key_) certificate_ = createAuthorityCertificate(fields, *key_);
+  if (!certificate_) return Error{"OpenSSL failed to create a certificate authority"};
+  certificatePem_ = toPem(*certificate_);
+  if (const Done kept = writeFileAtomically(folder_ / "ca.key", toPem(*key_), 0600); !kept) {
     return kept;
   }
   return writeFileAtomically(certificateFile(), certificatePem_, 0644);
@@ -91,46 +90,48 @@ Done CertificateAuthority::loadAuthority() {
 
 Done CertificateAuthority::checkAuthority() const {
   const std::string where = folder_.string();
-  if (!certificate_) return Error{where + "/ca.pem holds no certificate" + kHowToReplace};
-  if (!key_) return Error{where + "/ca.key holds no private key" + kHowToReplace};
-  if (!keyBelongsTo(key_, certificate_)) {
-    return Error{where + "/ca.key is not the key of ca.pem" + kHowToReplace};
+  if (!certificate_) return Error{where + "/ca.pem does not contain a certificate" + kReplaceHint};
+  if (!key_) return Error{where + "/ca.key does not contain a private key" + kReplaceHint};
+  if (!keyMatches(key_, certificate_)) {
+    return Error{where + "/ca.key is not the private key of ca.pem" + kReplaceHint};
   }
   if (X509_check_ca(certificate_.get()) != 1) {
-    return Error{where + "/ca.pem is not the certificate of an authority" + kHowToReplace};
+    return Error{where + "/ca.pem is not a CA certificate" + kReplaceHint};
   }
-  if (mayBeReadByOthers(folder_ / "ca.key")) {
-    return Error{where + "/ca.key may be read by others; chmod 600 it if it is still secret"};
+  if (isAccessibleToOthers(folder_ / "ca.key")) {
+    return Error{
+        where +
+        "/ca.key is accessible to other users; run chmod 600 on it if the key is still secret"};
   }
   if (notAfter(*certificate_) <= now_ + kDay) {
-    return Error{where + "/ca.pem has come to its end" + kHowToReplace};
+    return Error{where + "/ca.pem has expired or expires within a day" + kReplaceHint};
   }
   return done();
 }
 
-Done CertificateAuthority::loadOrMakeServer() {
-  if (loadServer() && serverStillServes()) return done();
-  return makeServer();
+Done CertificateAuthority::loadOrIssueServerCertificate() {
+  if (loadServerCertificate() && isServerCertificateUsable()) return done();
+  return issueServerCertificate();
 }
 
-bool CertificateAuthority::loadServer() {
+bool CertificateAuthority::loadServerCertificate() {
   const Result<std::string> certificate = readWholeFile(folder_ / "server.pem");
   const Result<std::string> key = readWholeFile(folder_ / "server.key");
   if (!certificate || !key) return false;
   serverCertificate_ = certificateFromPem(*certificate);
   serverKey_ = privateKeyFromPem(*key);
-  return keyBelongsTo(serverKey_, serverCertificate_);
+  return keyMatches(serverKey_, serverCertificate_);
 }
 
-bool CertificateAuthority::serverStillServes() const {
+bool CertificateAuthority::isServerCertificateUsable() const {
   X509* const server = serverCertificate_.get();
   if (X509_check_issued(certificate_.get(), server) != X509_V_OK) return false;
   if (X509_verify(server, key_.get()) != 1) return false;
   if (notAfter(*server) < now_ + kRenewBefore) return false;
   using Names = std::unique_ptr<GENERAL_NAMES, OpenSslRelease<GENERAL_NAMES_free>>;
-  const Names held(static_cast<GENERAL_NAMES*>(
+  const Names names(static_cast<GENERAL_NAMES*>(
       X509_get_ext_d2i(server, NID_subject_alt_name, nullptr, nullptr)));
-  if (!held || static_cast<std::size_t>(sk_GENERAL_NAME_num(held.get())) != names_.size()) {
+  if (!names || static_cast<std::size_t>(sk_GENERAL_NAME_num(names.get())) != names_.size()) {
     return false;
   }
   return std::all_of(names_.begin(), names_.end(), [server](const std::string& name) {
@@ -139,31 +140,31 @@ bool CertificateAuthority::serverStillServes() const {
   });
 }
 
-Done CertificateAuthority::makeServer() {
-  CertificateText text;
-  text.commonName = names_.front();
-  text.notBefore = now_ - kClockSkew;
-  text.notAfter = std::min(now_ + kServerValidity, notAfter(*certificate_));
-  text.names = names_;
-  serverKey_ = makePrivateKey();
+Done CertificateAuthority::issueServerCertificate() {
+  CertificateFields fields;
+  fields.commonName = names_.front();
+  fields.notBefore = now_ - kClockSkew;
+  fields.notAfter = std::min(now_ + kServerValidity, notAfter(*certificate_));
+  fields.names = names_;
+  serverKey_ = createPrivateKey();
   serverCertificate_ =
-      serverKey_ ? makeServerCertificate(text, *serverKey_, *certificate_, *key_) : nullptr;
-  if (!serverCertificate_) return Error{"OpenSSL could not make a server certificate"};
-  if (const Done kept = writeFileAtomically(folder_ / "server.key", pemOf(*serverKey_), 0600);
+      serverKey_ ? createServerCertificate(fields, *serverKey_, *certificate_, *key_) : nullptr;
+  if (!serverCertificate_) return Error{"OpenSSL failed to create a server certificate"};
+  if (const Done kept = writeFileAtomically(folder_ / "server.key", toPem(*serverKey_), 0600);
       !kept) {
     return kept;
   }
-  return writeFileAtomically(folder_ / "server.pem", pemOf(*serverCertificate_), 0644);
+  return writeFileAtomically(folder_ / "server.pem", toPem(*serverCertificate_), 0644);
 }
 
-Result<SslContextHandle> CertificateAuthority::makeServerContext() const {
+Result<SslContextHandle> CertificateAuthority::createServerContext() const {
   SslContextHandle context(SSL_CTX_new(TLS_server_method()));
   const bool complete = context &&
                         SSL_CTX_set_min_proto_version(context.get(), TLS1_2_VERSION) == 1 &&
                         SSL_CTX_use_certificate(context.get(), serverCertificate_.get()) == 1 &&
                         SSL_CTX_use_PrivateKey(context.get(), serverKey_.get()) == 1;
-  if (!complete) return Error{"OpenSSL could not use the server certificate"};
-  // The connection code writes whole buffers and repeats a write from the same place.
+  if (!complete) return Error{"OpenSSL failed to load the server certificate"};
+  // ConnectionStream writes whole buffers and repeats a write from the same position.
   SSL_CTX_set_mode(context.get(), SSL_MODE_ENABLE_PARTIAL_WRITE |
                                       SSL_MODE_ACCEPT_MOVING_WRITE_BUFFER |
                                       SSL_MODE_RELEASE_BUFFERS);

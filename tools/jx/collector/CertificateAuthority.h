@@ -12,40 +12,40 @@
 
 namespace jx {
 
-/// The collector's own certificate authority, kept in a folder as ca.pem and ca.key, and the server
-/// certificate that it signed, server.pem and server.key.
+/// The local certificate authority of the collector (ca.pem, ca.key) and the server certificate
+/// that it signed (server.pem, server.key), stored in one folder.
 ///
-/// The authority is made once and then never replaced, because devices were told to trust it: when
-/// its files are damaged, open() says so and leaves them as they are. The server certificate is
-/// made anew whenever it does not serve: missing, damaged, for other names, signed by another
-/// authority, or within 30 days of its end. Used at start, on one thread.
+/// The authority is created once and never replaced, because devices trust it: when its files are
+/// damaged, open() returns an error and leaves them unchanged. The server certificate is reissued
+/// whenever it is unusable: missing, damaged, for other names, signed by another authority, or
+/// within 30 days of its expiry. Used at start, on one thread.
 class CertificateAuthority {
  public:
-  /// Reads what the folder, which exists, holds, and makes what is missing. `names` are the host
-  /// names and IP addresses of the server certificate, at least one, each a certifiable name.
-  /// `now` is in seconds since the Unix epoch.
+  /// Loads the files in `folder`, which must exist, and creates missing ones. `names` are the host
+  /// names and IP addresses of the server certificate: at least one, each a certifiable name. `now`
+  /// is in seconds since the Unix epoch.
   static Result<CertificateAuthority> open(const std::filesystem::path& folder,
                                            std::vector<std::string> names, std::time_t now);
 
-  /// The authority's certificate: the file that a device or a client is told to trust.
+  /// Returns the path of the CA certificate, which devices and clients must trust.
   std::filesystem::path certificateFile() const { return folder_ / "ca.pem"; }
-  /// Its content.
+  /// Returns the content of certificateFile().
   const std::string& certificatePem() const { return certificatePem_; }
-  /// A TLS server context with the server certificate, TLS 1.2 or later.
-  Result<SslContextHandle> makeServerContext() const;
+  /// Creates a TLS server context with the server certificate. Requires TLS 1.2 or later.
+  Result<SslContextHandle> createServerContext() const;
 
  private:
   CertificateAuthority(std::filesystem::path folder, std::vector<std::string> names,
                        std::time_t now);
 
-  Done loadOrMakeAuthority();
-  Done makeAuthority();
+  Done loadOrCreateAuthority();
+  Done createAuthority();
   Done loadAuthority();
   Done checkAuthority() const;
-  Done loadOrMakeServer();
-  bool loadServer();
-  bool serverStillServes() const;
-  Done makeServer();
+  Done loadOrIssueServerCertificate();
+  bool loadServerCertificate();
+  bool isServerCertificateUsable() const;
+  Done issueServerCertificate();
 
   std::filesystem::path folder_;
   std::vector<std::string> names_;

@@ -36,16 +36,16 @@ bool addExtension(X509& certificate, X509& issuer, int nid, const std::string& v
   return extension && X509_add_ext(&certificate, extension.get(), -1) == 1;
 }
 
-CertificateHandle beginCertificate(const CertificateText& text, EVP_PKEY& key) {
+CertificateHandle beginCertificate(const CertificateFields& fields, EVP_PKEY& key) {
   CertificateHandle certificate(X509_new());
   if (!certificate || X509_set_version(certificate.get(), X509_VERSION_3) != 1) return nullptr;
   ASN1_TIME* const from = X509_getm_notBefore(certificate.get());
   ASN1_TIME* const until = X509_getm_notAfter(certificate.get());
-  const std::string name = text.commonName.substr(0, kMaxCommonName);
+  const std::string name = fields.commonName.substr(0, kMaxCommonName);
   X509_NAME* const subject = X509_get_subject_name(certificate.get());
   const bool complete =
-      setSerialNumber(*certificate) && ASN1_TIME_set(from, text.notBefore) &&
-      ASN1_TIME_set(until, text.notAfter) && X509_set_pubkey(certificate.get(), &key) == 1 &&
+      setSerialNumber(*certificate) && ASN1_TIME_set(from, fields.notBefore) &&
+      ASN1_TIME_set(until, fields.notAfter) && X509_set_pubkey(certificate.get(), &key) == 1 &&
       X509_NAME_add_entry_by_txt(subject, "CN", MBSTRING_UTF8,
                                  reinterpret_cast<const unsigned char*>(name.data()),
                                  static_cast<int>(name.size()), -1, 0) == 1;
@@ -71,15 +71,15 @@ BioHandle reading(std::string_view text) {
   return BioHandle(BIO_new_mem_buf(text.data(), static_cast<int>(text.size())));
 }
 
-// Without it OpenSSL asks on the terminal for the password of an encrypted key.
+// Without this callback, OpenSSL prompts on the terminal for the password of an encrypted key.
 int noPassword(char*, int, int, void*) { return -1; }
 
 }  // namespace
 
-KeyHandle makePrivateKey() { return KeyHandle(EVP_EC_gen("P-256")); }
+KeyHandle createPrivateKey() { return KeyHandle(EVP_EC_gen("P-256")); }
 
-CertificateHandle makeAuthorityCertificate(const CertificateText& text, EVP_PKEY& key) {
-  CertificateHandle certificate = beginCertificate(text, key);
+CertificateHandle createAuthorityCertificate(const CertificateFields& fields, EVP_PKEY& key) {
+  CertificateHandle certificate = beginCertificate(fields, key);
   if (!certificate) return nullptr;
   X509& self = *certificate;
   const bool complete =
@@ -92,9 +92,9 @@ CertificateHandle makeAuthorityCertificate(const CertificateText& text, EVP_PKEY
   return complete ? std::move(certificate) : nullptr;
 }
 
-CertificateHandle makeServerCertificate(const CertificateText& text, EVP_PKEY& key, X509& authority,
-                                        EVP_PKEY& authorityKey) {
-  CertificateHandle certificate = beginCertificate(text, key);
+CertificateHandle createServerCertificate(const CertificateFields& fields, EVP_PKEY& key,
+                                          X509& authority, EVP_PKEY& authorityKey) {
+  CertificateHandle certificate = beginCertificate(fields, key);
   if (!certificate) return nullptr;
   X509& self = *certificate;
   const bool complete =
@@ -104,18 +104,18 @@ CertificateHandle makeServerCertificate(const CertificateText& text, EVP_PKEY& k
       addExtension(self, authority, NID_ext_key_usage, "serverAuth") &&
       addExtension(self, authority, NID_subject_key_identifier, "hash") &&
       addExtension(self, authority, NID_authority_key_identifier, "keyid:always") &&
-      addExtension(self, authority, NID_subject_alt_name, alternativeNames(text.names)) &&
+      addExtension(self, authority, NID_subject_alt_name, alternativeNames(fields.names)) &&
       X509_sign(&self, &authorityKey, EVP_sha256()) > 0;
   return complete ? std::move(certificate) : nullptr;
 }
 
-std::string pemOf(X509& certificate) {
+std::string toPem(X509& certificate) {
   const BioHandle memory(BIO_new(BIO_s_mem()));
   if (!memory || PEM_write_bio_X509(memory.get(), &certificate) != 1) return {};
   return textOf(*memory);
 }
 
-std::string pemOf(EVP_PKEY& key) {
+std::string toPem(EVP_PKEY& key) {
   const BioHandle memory(BIO_new(BIO_s_mem()));
   if (!memory ||
       PEM_write_bio_PrivateKey(memory.get(), &key, nullptr, nullptr, 0, nullptr, nullptr) != 1) {

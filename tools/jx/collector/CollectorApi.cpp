@@ -70,66 +70,66 @@ void CollectorApi::installPage(HttpServer& server) {
 
 void CollectorApi::listEvents(const httplib::Request& request, httplib::Response& response) const {
   const Result<EventQuery> query = filtersOf(request, kMaxLimit);
-  if (!query) return answerFailure(response, 400, query.error().text);
+  if (!query) return sendError(response, 400, query.error().text);
   const std::string view =
       request.has_param("view") ? request.get_param_value("view") : std::string("full");
-  if (view != "full" && view != "row") return answerFailure(response, 400, "view is full or row");
-  // Only a search can ask for too much.
+  if (view != "full" && view != "row") return sendError(response, 400, "view must be full or row");
+  // A text search can exceed its limit; other queries fail only on database errors.
   const int failed = query->text ? 503 : 500;
   const std::int64_t last = query->after.value_or(0);
   if (view == "row") {
     const Result<std::vector<EventRow>> rows = store_.reading().rows(*query);
-    if (!rows) return answerFailure(response, failed, rows.error().text);
-    return answerJson(response, 200, rowsToJson(*rows, last));
+    if (!rows) return sendError(response, failed, rows.error().text);
+    return sendJson(response, 200, rowsToJson(*rows, last));
   }
   const Result<std::vector<StoredEvent>> events = store_.reading().list(*query);
-  if (!events) return answerFailure(response, failed, events.error().text);
-  answerJson(response, 200, eventsToJson(*events, last));
+  if (!events) return sendError(response, failed, events.error().text);
+  sendJson(response, 200, eventsToJson(*events, last));
 }
 
 void CollectorApi::showEvent(const httplib::Request& request, httplib::Response& response) const {
   const auto id = wholeNumber(std::string_view(request.path).substr(kEventsFolder.size()));
-  if (!id) return answerFailure(response, 404, "no such event");
+  if (!id) return sendError(response, 404, "event not found");
   const Result<std::optional<StoredEvent>> event = store_.reading().find(*id);
-  if (!event) return answerFailure(response, 500, event.error().text);
-  if (!*event) return answerFailure(response, 404, "no such event");
+  if (!event) return sendError(response, 500, event.error().text);
+  if (!*event) return sendError(response, 404, "event not found");
   const Result<std::optional<std::int64_t>> previous = store_.reading().previousOf(**event);
-  if (!previous) return answerFailure(response, 500, previous.error().text);
+  if (!previous) return sendError(response, 500, previous.error().text);
   const ReceivedRequest& kept = (*event)->request;
   const ValidationResult validation = ValidationResult::of(kept.query, kept.body);
-  answerJson(response, 200, eventToJson(**event, validation.reasons.kept(), *previous));
+  sendJson(response, 200, eventToJson(**event, validation.diagnostics.kept(), *previous));
 }
 
 void CollectorApi::getEndpoints(httplib::Response& response) const {
-  answerJson(response, 200,
-             JsonOut()
-                 .beginObject()
-                 .member("events_port", eventsPort_)
-                 .member("ca_file", authorityFile_)
-                 .endObject()
-                 .text());
+  sendJson(response, 200,
+           JsonOut()
+               .beginObject()
+               .member("events_port", eventsPort_)
+               .member("ca_file", authorityFile_)
+               .endObject()
+               .text());
 }
 
 void CollectorApi::summarise(httplib::Response& response) const {
   const Result<EventSummary> summary = store_.reading().summary(wallClockMs());
-  if (!summary) return answerFailure(response, 500, summary.error().text);
-  answerJson(response, 200, summaryToJson(*summary));
+  if (!summary) return sendError(response, 500, summary.error().text);
+  sendJson(response, 200, summaryToJson(*summary));
 }
 
 void CollectorApi::listSessions(const httplib::Request& request,
                                 httplib::Response& response) const {
   Result<EventQuery> query = filtersOf(request, kMaxLimit);
-  if (!query) return answerFailure(response, 400, query.error().text);
+  if (!query) return sendError(response, 400, query.error().text);
   if (!request.has_param("limit")) query->limit = kSessions;
   const Result<std::vector<SessionSummary>> sessions = store_.reading().sessions(query->limit);
-  if (!sessions) return answerFailure(response, 500, sessions.error().text);
-  answerJson(response, 200, sessionsToJson(*sessions));
+  if (!sessions) return sendError(response, 500, sessions.error().text);
+  sendJson(response, 200, sessionsToJson(*sessions));
 }
 
 void CollectorApi::reset(httplib::Response& response) const {
   const Result<std::int64_t> removed = store_.removeAll();
-  if (!removed) return answerFailure(response, 500, removed.error().text);
-  answerJson(response, 200, JsonOut().beginObject().member("removed", *removed).endObject().text());
+  if (!removed) return sendError(response, 500, removed.error().text);
+  sendJson(response, 200, JsonOut().beginObject().member("removed", *removed).endObject().text());
 }
 
 }  // namespace jx

@@ -12,17 +12,16 @@
 
 namespace jx {
 
-/// The interface for people and programs: the page, the events and what is counted of them as JSON,
-/// and the CA certificate.
+/// Serves the web UI, the events and their counts as JSON, and the CA certificate.
 class CollectorApi {
  public:
-  /// `store` outlives the server that this is installed in.
+  /// `store` must outlive the server in which this API is installed.
   CollectorApi(EventStore& store, std::string authorityPem);
 
-  /// Where an application reaches this collector, for the page to tell. Said before the server that
-  /// this is installed in starts.
+  /// Sets the HTTPS port and the CA file that GET /api/about returns. Call before the server
+  /// starts.
   void setEndpoints(int eventsPort, std::string authorityFile);
-  /// Adds the routes; this object outlives the server.
+  /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:

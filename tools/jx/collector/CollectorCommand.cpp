@@ -22,7 +22,7 @@ namespace {
 
 constexpr rlim_t kDescriptors = 8192;
 
-// The usual 1,024 descriptors would bound the connections below what the servers allow.
+// The default of 1,024 descriptors would limit the connections to fewer than the servers allow.
 void raiseDescriptorLimit() {
   rlimit limit{};
   if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= kDescriptors) return;
@@ -51,16 +51,16 @@ std::string shownHost(const std::string& address) {
 
 void printEndpoints(const CollectorOptions& options, const CollectorServer& server) {
   const std::string ca = server.authorityFile().string();
-  std::printf("Events go to  https://%s:%d/events\n",
+  std::printf("Events URL    https://%s:%d/events\n",
               shownHost(options.settings.eventsAddress).c_str(), server.eventsPort());
-  std::printf("See them at   http://%s:%d/\n", shownHost(options.settings.webAddress).c_str(),
+  std::printf("Web UI        http://%s:%d/\n", shownHost(options.settings.webAddress).c_str(),
               server.webPort());
   std::printf("CA file       %s\n", ca.c_str());
   std::printf(
-      "Trust it      sudo install -m 644 %s /usr/local/share/ca-certificates/jx-collector.crt && "
+      "Install CA    sudo install -m 644 %s /usr/local/share/ca-certificates/jx-collector.crt && "
       "sudo update-ca-certificates\n",
       quotedForShell(ca).c_str());
-  std::printf("Ctrl-C ends the collector.\n");
+  std::printf("Press Ctrl-C to stop.\n");
   std::fflush(stdout);
 }
 
@@ -86,35 +86,45 @@ void addOptions(CLI::App& command, CollectorOptions& options) {
   const CLI::Range ports(0, 65535);
   const CLI::Validator certifiable(
       [](std::string& name) {
-        return isCertifiableName(name) ? std::string() : name + " is no host name or IP address";
+        return isCertifiableName(name) ? std::string()
+                                       : "must be a host name or an IP address: " + name;
       },
       "NAME");
   command.add_option("--state", settings.stateFolder,
-                     "Folder for the certificates and the events "
-                     "(default: $XDG_STATE_HOME/jx-collector or ~/.local/state/jx-collector)");
-  command.add_option("--port", settings.eventsPort, "HTTPS port for events; 0 takes any")
+                     "Store certificates and events in this folder "
+                     "[$XDG_STATE_HOME/jx-collector or ~/.local/state/jx-collector]");
+  command
+      .add_option("--port", settings.eventsPort,
+                  "Set the HTTPS port for events; 0 selects a free port")
       ->check(ports)
       ->capture_default_str();
-  command.add_option("--listen", settings.eventsAddress, "Address to listen on for events")
+  command.add_option("--listen", settings.eventsAddress, "Set the address to listen on for events")
       ->capture_default_str();
-  command.add_option("--web-port", settings.webPort, "HTTP port of the page; 0 takes any")
+  command
+      .add_option("--web-port", settings.webPort,
+                  "Set the HTTP port of the web UI; 0 selects a free port")
       ->check(ports)
       ->capture_default_str();
-  command.add_option("--web-listen", settings.webAddress, "Address to listen on for the page")
+  command
+      .add_option("--web-listen", settings.webAddress,
+                  "Set the address to listen on for the web UI")
       ->capture_default_str();
   command
       .add_option("--name", settings.names,
-                  "A further name or IP address of this machine, for its certificate")
+                  "Add a host name or IP address of this machine to the server certificate")
       ->check(certifiable)
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  command.add_option("--max-events", settings.maxEvents, "How many events are kept")
+  command
+      .add_option("--max-events", settings.maxEvents,
+                  "Limit the number of stored events; the oldest are evicted")
       ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000'000}))
       ->capture_default_str();
   command.add_flag("--strict", settings.isStrict,
-                   "Answer a bad event with 422 and the reasons; it is kept all the same");
-  command.add_option("--ports-file", options.portsFile,
-                     "Write the ports, the CA file and the process id here, as JSON, when ready");
+                   "Respond to invalid events with 422 and the diagnostics; store them anyway");
+  command.add_option(
+      "--ports-file", options.portsFile,
+      "Write the ports, the CA file and the process ID to this file, as JSON, when ready");
 }
 
 }  // namespace
@@ -145,7 +155,7 @@ int runCollector(const CollectorOptions& options) {
 void addCollectorCommand(CLI::App& app, int& exitStatus) {
   const auto options = std::make_shared<CollectorOptions>();
   CLI::App* const command = app.add_subcommand(
-      "collector", "Receive events over HTTPS, keep them, and show them on a page");
+      "collector", "Receive, validate and store events over HTTPS, and serve the inspector web UI");
   addOptions(*command, *options);
   command->callback([options, &exitStatus] { exitStatus = runCollector(*options); });
 }

@@ -9,18 +9,19 @@
 
 namespace jx {
 
-/// What the command line of `jx collector` says.
+/// The command-line options of `jx collector`.
 struct CollectorOptions {
-  /// Its state folder is empty for the default one.
+  /// An empty state folder selects the default one.
   CollectorSettings settings;
-  /// Written when the collector is ready; empty for none.
+  /// File to write when the collector is ready; empty for none.
   std::filesystem::path portsFile;
 };
 
-/// Runs the collector until SIGINT or SIGTERM. Gives the exit status.
+/// Runs the collector until SIGINT or SIGTERM. Returns the exit status.
 int runCollector(const CollectorOptions& options);
 
-/// Adds the command; when the command line names it, its exit status is set during parsing.
+/// Adds the `collector` command. When the command line selects it, parsing runs it and sets
+/// `exitStatus`.
 void addCollectorCommand(CLI::App& app, int& exitStatus);
 
 }  // namespace jx

@@ -21,7 +21,7 @@ std::string hostName() {
 
 bool isWildcard(const std::string& address) { return address == "0.0.0.0" || address == "::"; }
 
-// In a fixed order and each once, so that the same settings give the same certificate.
+// Without duplicates and in a fixed order, so that the same settings keep the same certificate.
 std::vector<std::string> allNames(const CollectorSettings& settings) {
   std::vector<std::string> names{"localhost", "127.0.0.1", "::1"};
   std::vector<std::string> further{hostName()};
@@ -42,7 +42,7 @@ CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority author
     : folder_(std::move(folder)),
       authority_(std::move(authority)),
       store_(std::move(store)),
-      faults_(store_->feed()),
+      faults_(store_->broadcaster()),
       intake_(*store_, faults_, settings.isStrict),
       guard_(std::move(names)),
       api_(*store_, authority_.certificatePem()),
@@ -52,8 +52,8 @@ CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority author
       eventsServer_(std::move(tls), settings.limits),
       webServer_(nullptr, settings.limits) {
   intake_.install(eventsServer_);
-  webServer_.onEveryRequest([this](const httplib::Request& request, httplib::Response& response) {
-    return guard_.refuses(request, response);
+  webServer_.setRequestGuard([this](const httplib::Request& request, httplib::Response& response) {
+    return guard_.rejects(request, response);
   });
   api_.install(webServer_);
   live_.install(webServer_);
@@ -73,7 +73,7 @@ Result<std::unique_ptr<CollectorServer>> CollectorServer::start(const CollectorS
   Result<CertificateAuthority> authority =
       CertificateAuthority::open(folder->path(), names, std::time(nullptr));
   if (!authority) return authority.error();
-  Result<SslContextHandle> tls = authority->makeServerContext();
+  Result<SslContextHandle> tls = authority->createServerContext();
   if (!tls) return tls.error();
   Result<std::unique_ptr<EventStore>> store =
       EventStore::open(folder->path() / "events.db", settings.maxEvents);

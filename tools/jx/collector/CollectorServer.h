@@ -24,29 +24,29 @@
 
 namespace jx {
 
-/// Where the collector listens and what it keeps.
+/// Configuration of the collector: addresses, storage and limits.
 struct CollectorSettings {
   std::filesystem::path stateFolder;
   std::string eventsAddress = "127.0.0.1";
-  int eventsPort = 8443;  ///< 0: any that is free
+  int eventsPort = 8443;  ///< 0 selects a free port
   std::string webAddress = "127.0.0.1";
-  int webPort = 8080;  ///< 0: any that is free
-  /// Host names and IP addresses of this machine beside localhost, 127.0.0.1, ::1 and the host
-  /// name.
+  int webPort = 8080;  ///< 0 selects a free port
+  /// Host names and IP addresses of this machine, in addition to localhost, 127.0.0.1, ::1 and the
+  /// system's host name.
   std::vector<std::string> names;
-  std::int64_t maxEvents = 100'000;
-  bool isStrict = false;  ///< bad events are answered with 422
+  std::int64_t maxEvents = 100'000;  ///< number of stored events; the oldest are evicted
+  bool isStrict = false;             ///< respond to invalid events with 422
   HttpLimits limits;
   LiveTiming live;
 };
 
-/// The whole collector, wired top to bottom: state folder, certificate authority, store, the HTTPS
-/// server for devices and the plain one for people.
+/// The complete collector, wired top to bottom: state folder, certificate authority, event store,
+/// the HTTPS server for devices, and the HTTP server for the web UI and the API.
 class CollectorServer {
  public:
-  /// Everything listens when this returns.
+  /// Starts the collector. On success, both servers are listening.
   static Result<std::unique_ptr<CollectorServer>> start(const CollectorSettings& settings);
-  /// Stops both servers; what was answered with 200 is stored.
+  /// Stops both servers. Every event acknowledged with 200 is stored.
   ~CollectorServer();
 
   int eventsPort() const { return eventsServer_.listeningPort(); }

@@ -56,7 +56,7 @@ bool ConnectionStream::open() {
     ERR_clear_error();
     const int result = SSL_accept(tls_.get());
     if (result == 1) return true;
-    if (!waitAsTlsDemands(result)) break;
+    if (!waitForTls(result)) break;
   }
   broken_ = true;
   return false;
@@ -67,14 +67,14 @@ bool ConnectionStream::awaitRequest() {
   received_ = 0;
   inHead_ = true;
   bodyWireBytes_ = limits_.bodyWireBytes();
-  mayBeCutOff_ = false;
+  skipsStopGrace_ = false;
   if (broken_ || stop_.isRaised()) return false;
   deadline_ = Clock::now() + limits_.idle;
   silence_ = limits_.idle;
-  const bool arrived = !isExhausted() || fill();
+  const bool publishArrival = !isExhausted() || fill();
   deadline_ = Clock::now() + limits_.request;
   silence_ = limits_.silence;
-  return arrived;
+  return publishArrival;
 }
 
 void ConnectionStream::sendCloseNotify() {
@@ -91,7 +91,7 @@ void ConnectionStream::drain() {
   deadline_ = Clock::now() + limits_.lingering;
   silence_ = limits_.lingering;
   inHead_ = false;
-  // Below TLS: what comes is thrown away.
+  // Reads below TLS, because the bytes are discarded.
   while (!broken_ && Clock::now() < effectiveDeadline()) {
     if (transferPlain(::recv(fd_, buffer_.data(), buffer_.size(), 0), POLLIN) == 0) return;
   }
@@ -107,20 +107,21 @@ void ConnectionStream::allowBody(std::size_t wireBytes, std::chrono::millisecond
   deadline_ = Clock::now() + time;
 }
 
-ConnectionStream::Woken ConnectionStream::waitBetween(int fd, std::chrono::milliseconds time) {
-  mayBeCutOff_ = true;
+ConnectionStream::WakeReason ConnectionStream::waitInterruptibly(int fd,
+                                                                 std::chrono::milliseconds time) {
+  skipsStopGrace_ = true;
   const Clock::time_point ends = Clock::now() + time;
   for (;;) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(ends - Clock::now()).count();
-    // A client that closes its side has gone: nobody half-closes and listens on here.
+    // POLLRDHUP counts as a disconnect: no supported client half-closes and keeps reading.
     std::array<pollfd, 3> states{pollfd{fd_, POLLRDHUP, 0}, pollfd{stop_.fd(), POLLIN, 0},
                                  pollfd{fd, POLLIN, 0}};
     const int ready =
         ::poll(states.data(), states.size(), static_cast<int>(std::max<decltype(left)>(0, left)));
     const bool isOver = broken_ || states[0].revents != 0 || states[1].revents != 0;
-    if (isOver || (ready < 0 && errno != EINTR)) return Woken::ByEnd;
-    if (ready > 0) return Woken::ByCall;
-    if (ready == 0 && left <= 0) return Woken::ByTime;
+    if (isOver || (ready < 0 && errno != EINTR)) return WakeReason::Closed;
+    if (ready > 0) return WakeReason::Readable;
+    if (ready == 0 && left <= 0) return WakeReason::Timeout;
   }
 }
 
@@ -132,7 +133,7 @@ void ConnectionStream::abort() {
 
 bool ConnectionStream::is_readable() const { return !broken_ && !isExhausted(); }
 
-// Waits like a write does: a reader that is behind for a moment has not gone.
+// Waits as long as a write does, because a client that is briefly slow is still connected.
 bool ConnectionStream::is_writable() const { return !broken_ && waitFor(POLLOUT); }
 
 ssize_t ConnectionStream::read(char* ptr, size_t size) {
@@ -157,7 +158,7 @@ ssize_t ConnectionStream::write(const char* ptr, size_t size) {
       return -1;
     }
     written += static_cast<std::size_t>(count);
-    // An answer may take as long as it is being read.
+    // A response may take as long as the client keeps reading it.
     deadline_ = std::max(deadline_, Clock::now() + limits_.silence);
   }
   return static_cast<ssize_t>(size);
@@ -182,7 +183,7 @@ void ConnectionStream::get_local_ip_and_port(std::string& ip, int& port) const {
 bool ConnectionStream::fill() {
   position_ = 0;
   filled_ = 0;
-  // Asked here too, because a client that never lets the server wait has a time limit as well.
+  // Also checked here: the time limit applies even to a client that never makes the server wait.
   const bool isLate = Clock::now() > effectiveDeadline();
   const ssize_t count = isLate ? -1 : readSome(buffer_.data(), buffer_.size());
   if (count < 0) broken_ = true;
@@ -203,7 +204,7 @@ ssize_t ConnectionStream::readSome(char* data, std::size_t size) {
     const int result = SSL_read_ex(tls_.get(), data, size, &count);
     if (result == 1) return static_cast<ssize_t>(count);
     if (SSL_get_error(tls_.get(), result) == SSL_ERROR_ZERO_RETURN) return 0;
-    if (!waitAsTlsDemands(result)) return -1;
+    if (!waitForTls(result)) return -1;
   }
   return -1;
 }
@@ -219,12 +220,12 @@ ssize_t ConnectionStream::writeSome(const char* data, std::size_t size) {
     std::size_t count = 0;
     const int result = SSL_write_ex(tls_.get(), data, size, &count);
     if (result == 1) return static_cast<ssize_t>(count);
-    if (!waitAsTlsDemands(result)) return -1;
+    if (!waitForTls(result)) return -1;
   }
   return -1;
 }
 
-// The count, or -1: to be repeated, unless the connection is broken.
+// Returns the byte count, or -1 when the caller must repeat the operation or the connection broke.
 ssize_t ConnectionStream::transferPlain(ssize_t result, short events) {
   if (result >= 0 || errno == EINTR) return result;
   const bool again = errno == EAGAIN || errno == EWOULDBLOCK;
@@ -232,7 +233,7 @@ ssize_t ConnectionStream::transferPlain(ssize_t result, short events) {
   return -1;
 }
 
-bool ConnectionStream::waitAsTlsDemands(int result) {
+bool ConnectionStream::waitForTls(int result) {
   switch (SSL_get_error(tls_.get(), result)) {
     case SSL_ERROR_WANT_READ:
       return waitFor(POLLIN);
@@ -245,8 +246,8 @@ bool ConnectionStream::waitAsTlsDemands(int result) {
 
 ConnectionStream::Clock::time_point ConnectionStream::effectiveDeadline() const {
   if (!stop_.isRaised()) return deadline_;
-  // An idle connection has nothing in flight.
-  if (mayBeCutOff_ || (inHead_ && head_.empty())) return stop_.raisedAt();
+  // An idle connection has no request in flight.
+  if (skipsStopGrace_ || (inHead_ && head_.empty())) return stop_.raisedAt();
   return std::min(deadline_, stop_.raisedAt() + limits_.stopGrace);
 }
 

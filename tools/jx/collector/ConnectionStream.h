@@ -15,52 +15,52 @@
 
 namespace jx {
 
-/// The server's end of one connection, plain or TLS: bytes in and out, with a time limit on
-/// everything that waits for the client. Used by one thread. Closes the socket in the end.
+/// The server side of one connection, plain or TLS. Every operation that waits for the client has a
+/// time limit. Used by one thread. The destructor closes the socket.
 class ConnectionStream final : public httplib::Stream {
  public:
-  /// Takes over the socket, which does not block. `tls` may be null: then the connection is plain.
-  /// The other two outlive the stream.
+  /// Takes ownership of the non-blocking socket `fd`. A null `tls` selects a plain connection.
+  /// `limits` and `stop` must outlive the stream.
   ConnectionStream(int fd, SSL_CTX* tls, const HttpLimits& limits, const StopSignal& stop);
   ~ConnectionStream() override;
   ConnectionStream(const ConnectionStream&) = delete;
   ConnectionStream& operator=(const ConnectionStream&) = delete;
 
-  /// Does the TLS handshake, if any. False when the connection is of no use.
+  /// Performs the TLS handshake, if any. Returns false when the connection is unusable.
   bool open();
-  /// Waits for the first byte of the next request. False when the client closed the connection or
-  /// was idle for too long, or the server stops.
+  /// Waits for the first byte of the next request. Returns false when the client closed the
+  /// connection or exceeded the idle limit, or when the server stops.
   bool awaitRequest();
-  /// From awaitRequest() on, what is read is kept as the request's head, within its limit.
+  /// Returns the bytes of the request head: everything read since awaitRequest(), up to the limit.
   const std::string& head() const { return head_; }
-  /// What is read from now on belongs to the body.
+  /// Marks the end of the head. Bytes read after this call belong to the body.
   void endHead();
-  /// For this request only: its body may be that long as it travels, and take that long.
+  /// Sets the maximum size on the wire and the maximum duration of the body, for this request only.
   void allowBody(std::size_t wireBytes, std::chrono::milliseconds time);
-  /// What ended a wait.
-  enum class Woken {
-    ByCall,  ///< the descriptor became readable
-    ByTime,
-    ByEnd,  ///< the client has gone, or the server stops
+  /// Why a wait ended.
+  enum class WakeReason {
+    Readable,  ///< the descriptor became readable
+    Timeout,
+    Closed,  ///< the client disconnected, or the server stops
   };
-  /// Waits before an answer, or between two parts of one. `fd` may be -1 for none. From now on this
-  /// connection does not outlive the server's stop by any grace.
-  Woken waitBetween(int fd, std::chrono::milliseconds time);
-  /// Ends the connection without an answer, as a crash of the server would.
+  /// Waits before a response, or between two parts of one, until `fd` is readable; -1 for none.
+  /// From then on, stopping the server closes this connection without a grace period.
+  WakeReason waitInterruptibly(int fd, std::chrono::milliseconds time);
+  /// Resets the connection without a response, like a crash of the server.
   void abort();
-  /// True when reading or writing failed: nothing more can be said on this connection.
+  /// True when reading or writing failed. A broken connection cannot be used again.
   bool isBroken() const { return broken_; }
-  /// Tells the client that nothing more will come.
+  /// Signals the end of the response stream to the client: TLS close_notify and TCP FIN.
   void sendCloseNotify();
-  /// After that, reads on for a moment: closing with unread bytes would reset the connection before
-  /// the client has read the answer.
+  /// Call after sendCloseNotify(). Reads and discards input for a short time: closing a socket with
+  /// unread bytes would reset the connection before the client has read the response.
   void drain();
 
   bool is_readable() const override;
   bool is_writable() const override;
-  /// Some bytes; 0 at the end, -1 on failure.
+  /// Returns the number of bytes read, 0 at the end of the stream, or -1 on failure.
   ssize_t read(char* ptr, size_t size) override;
-  /// All of the bytes, or -1.
+  /// Writes all bytes and returns their number, or -1 on failure.
   ssize_t write(const char* ptr, size_t size) override;
   void get_remote_ip_and_port(std::string& ip, int& port) const override;
   void get_local_ip_and_port(std::string& ip, int& port) const override;
@@ -73,8 +73,9 @@ class ConnectionStream final : public httplib::Stream {
   ssize_t readSome(char* data, std::size_t size);
   ssize_t writeSome(const char* data, std::size_t size);
   ssize_t transferPlain(ssize_t result, short events);
-  /// Waits as the failed TLS operation demands. False when it cannot be repeated.
-  bool waitAsTlsDemands(int result);
+  /// Waits until the TLS operation that returned `result` can be repeated. Returns false when it
+  /// cannot.
+  bool waitForTls(int result);
   bool waitFor(short events) const;
   Clock::time_point effectiveDeadline() const;
   bool isExhausted() const { return position_ == filled_; }
@@ -87,10 +88,10 @@ class ConnectionStream final : public httplib::Stream {
   std::size_t position_ = 0;
   std::size_t filled_ = 0;
   std::string head_;
-  std::size_t received_ = 0;  // of the head, or of the body
+  std::size_t received_ = 0;  // bytes of the head, or of the body
   std::size_t bodyWireBytes_ = 0;
   bool inHead_ = false;
-  bool mayBeCutOff_ = false;
+  bool skipsStopGrace_ = false;
   bool broken_ = false;
   Clock::time_point deadline_;
   std::chrono::milliseconds silence_;

@@ -1,7 +1,7 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
 
-# Writes the files of the page into a source file, byte by byte:
+# Generates a source file that contains the files of the web UI as byte arrays:
 #   cmake -D PAGE_FOLDER=... -D OUTPUT=... -P EmbedPage.cmake
 file(GLOB files LIST_DIRECTORIES false ${PAGE_FOLDER}/*.html ${PAGE_FOLDER}/*.js
      ${PAGE_FOLDER}/*.css ${PAGE_FOLDER}/*.svg)

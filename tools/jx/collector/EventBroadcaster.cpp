@@ -12,59 +12,60 @@
 
 namespace jx {
 
-EventBroadcaster::Subscription::Subscription(EventBroadcaster& feed)
-    : feed_(feed), fd_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+EventBroadcaster::Subscription::Subscription(EventBroadcaster& broadcaster)
+    : broadcaster_(broadcaster), fd_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
   if (fd_ < 0) throw std::system_error(errno, std::generic_category(), "eventfd");
-  const std::lock_guard<std::mutex> lock(feed_.mutex_);
-  next_ = feed_.firstSignal_ + feed_.signals_.size();
-  feed_.subscriptions_.push_back(this);
+  const std::lock_guard<std::mutex> lock(broadcaster_.mutex_);
+  next_ = broadcaster_.firstSignal_ + broadcaster_.signals_.size();
+  broadcaster_.subscriptions_.push_back(this);
 }
 
 EventBroadcaster::Subscription::~Subscription() {
   {
-    const std::lock_guard<std::mutex> lock(feed_.mutex_);
-    feed_.subscriptions_.erase(
-        std::find(feed_.subscriptions_.begin(), feed_.subscriptions_.end(), this));
+    const std::lock_guard<std::mutex> lock(broadcaster_.mutex_);
+    broadcaster_.subscriptions_.erase(
+        std::find(broadcaster_.subscriptions_.begin(), broadcaster_.subscriptions_.end(), this));
   }
   ::close(fd_);
 }
 
 EventBroadcaster::Updates EventBroadcaster::Subscription::take() {
-  const std::lock_guard<std::mutex> lock(feed_.mutex_);
+  const std::lock_guard<std::mutex> lock(broadcaster_.mutex_);
   eventfd_t ignored = 0;
   ::eventfd_read(fd_, &ignored);
-  isCalled_ = false;
+  isNotified_ = false;
   Updates updates;
-  updates.last = feed_.last_;
-  updates.fellBehind = next_ < feed_.firstSignal_;
-  const std::uint64_t from = std::max(next_, feed_.firstSignal_) - feed_.firstSignal_;
-  updates.signals.assign(feed_.signals_.begin() + static_cast<std::ptrdiff_t>(from),
-                         feed_.signals_.end());
-  next_ = feed_.firstSignal_ + feed_.signals_.size();
+  updates.last = broadcaster_.last_;
+  updates.fellBehind = next_ < broadcaster_.firstSignal_;
+  const std::uint64_t from = std::max(next_, broadcaster_.firstSignal_) - broadcaster_.firstSignal_;
+  updates.signals.assign(broadcaster_.signals_.begin() + static_cast<std::ptrdiff_t>(from),
+                         broadcaster_.signals_.end());
+  next_ = broadcaster_.firstSignal_ + broadcaster_.signals_.size();
   return updates;
 }
 
-void EventBroadcaster::arrived(std::int64_t id) {
+void EventBroadcaster::publishArrival(std::int64_t id) {
   const std::lock_guard<std::mutex> lock(mutex_);
   last_ = std::max(last_, id);
-  callSubscribers();
+  notifySubscribers();
 }
 
-void EventBroadcaster::tell(Signal signal) {
+void EventBroadcaster::publish(Signal signal) {
   const std::lock_guard<std::mutex> lock(mutex_);
   signals_.push_back(std::move(signal));
   if (signals_.size() > kKeptSignals) {
     signals_.pop_front();
     ++firstSignal_;
   }
-  callSubscribers();
+  notifySubscribers();
 }
 
-// One call until it is heard: a flood of events costs a watcher one wake-up at a time.
-void EventBroadcaster::callSubscribers() {
-  for (Subscription* const watch : subscriptions_) {
-    if (std::exchange(watch->isCalled_, true)) continue;
-    ::eventfd_write(watch->fd_, 1);
+// Notifies each subscriber once until it calls take(), so that a burst of events causes one
+// wake-up.
+void EventBroadcaster::notifySubscribers() {
+  for (Subscription* const subscription : subscriptions_) {
+    if (std::exchange(subscription->isNotified_, true)) continue;
+    ::eventfd_write(subscription->fd_, 1);
   }
 }
 

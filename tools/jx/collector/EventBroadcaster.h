@@ -11,61 +11,64 @@
 
 namespace jx {
 
-/// Tells those who watch that something happened. An arrival is told by its row number only: who
-/// wants to know more reads the store, at its own pace, so that a slow watcher costs no memory.
+/// Notifies subscribers of changes in the store. Publishes only the row ID of a new event:
+/// subscribers read the event from the store at their own pace, so slow ones use no extra memory.
 /// Thread-safe.
 class EventBroadcaster {
  public:
-  /// What a row number cannot tell.
+  /// A change other than a new event.
   struct Signal {
     enum class Kind { Repeat, Reset, Faults };
 
     Kind kind = Kind::Repeat;
-    std::int64_t id = 0;       ///< the event that was repeated; of a reset, the last one removed
-    std::int64_t repeats = 0;  ///< how often, in all
-    std::string text;          ///< of Faults: what is armed, as JSON
+    std::int64_t id = 0;  ///< row ID of the repeated event; for Reset, of the last removed event
+    std::int64_t repeats = 0;  ///< total number of repeats
+    std::string text;          ///< for Faults: the armed fault as JSON
   };
 
-  /// What happened since a watcher asked last.
+  /// The changes since the previous call of take().
   struct Updates {
-    std::int64_t last = 0;  ///< the newest row number
+    std::int64_t last = 0;  ///< the newest row ID
     std::vector<Signal> signals;
-    bool fellBehind = false;  ///< signals were lost because the watcher asked too late
+    bool fellBehind = false;  ///< signals were lost because take() was called too late
   };
 
-  /// One who watches; ends before the feed. Used by one thread.
+  /// A subscriber. The broadcaster must outlive it. Used by one thread.
   class Subscription {
    public:
-    explicit Subscription(EventBroadcaster& feed);
+    explicit Subscription(EventBroadcaster& broadcaster);
     ~Subscription();
     Subscription(const Subscription&) = delete;
     Subscription& operator=(const Subscription&) = delete;
 
-    /// Becomes readable when there is updates; take() resets it.
+    /// Returns a descriptor that is readable while updates are pending. take() resets it.
     int fd() const { return fd_; }
+    /// Returns the updates since the previous call, or since construction.
     Updates take();
 
    private:
     friend class EventBroadcaster;
 
-    EventBroadcaster& feed_;
+    EventBroadcaster& broadcaster_;
     const int fd_;
-    bool isCalled_ = false;   // guarded by the feed
-    std::uint64_t next_ = 0;  // guarded by the feed
+    bool isNotified_ = false;  // guarded by the broadcaster
+    std::uint64_t next_ = 0;   // guarded by the broadcaster
   };
 
-  void arrived(std::int64_t id);
-  void tell(Signal signal);
+  /// Publishes the row ID of a new event.
+  void publishArrival(std::int64_t id);
+  /// Publishes a signal. Keeps the last 4,096 for subscribers that have not read them.
+  void publish(Signal signal);
 
  private:
   static constexpr std::size_t kKeptSignals = 4096;
 
-  void callSubscribers();
+  void notifySubscribers();
 
   std::mutex mutex_;
   std::int64_t last_ = 0;
   std::deque<Signal> signals_;
-  std::uint64_t firstSignal_ = 0;  // number of the oldest one kept
+  std::uint64_t firstSignal_ = 0;  // sequence number of the oldest stored signal
   std::vector<Subscription*> subscriptions_;
 };
 

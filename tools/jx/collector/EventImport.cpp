@@ -20,31 +20,33 @@ bool isBlank(std::string_view line) {
 
 }  // namespace
 
-bool EventImport::take(std::string_view part) {
-  held_.append(part);
-  if (format_ == Format::Unknown) recognise();
-  if (format_ == Format::Lines) takeLines(false);
+bool EventImport::consume(std::string_view part) {
+  buffer_.append(part);
+  if (format_ == Format::Unknown) detectFormat();
+  if (format_ == Format::Lines) readLines(false);
   const std::size_t most = format_ == Format::Lines ? kMaxLine : kMaxArchive;
-  if (error_.empty() && held_.size() > most) {
-    error_ = format_ == Format::Lines ? "a line is longer than 64 MiB"
-                                      : "an archive is longer than 256 MiB: import lines of JSON";
+  if (error_.empty() && buffer_.size() > most) {
+    error_ = format_ == Format::Lines
+                 ? "a line must not be longer than 64 MiB"
+                 : "an archive must not be larger than 256 MiB; import NDJSON instead";
   }
   return error_.empty();
 }
 
 void EventImport::finish() {
   if (!error_.empty()) return;
-  if (format_ == Format::Lines) return takeLines(true);
-  takeArchive();
+  if (format_ == Format::Lines) return readLines(true);
+  readArchive();
 }
 
-// An event on the first line that is not blank tells that lines follow. An archive is one value,
-// which seldom ends on its first line; whatever else it is, is decided when all of it is there.
-void EventImport::recognise() {
+// If the first non-blank line is an event, the format is NDJSON. Otherwise the input may be an
+// archive, which is one JSON value that rarely ends on its first line; readArchive() decides when
+// the input is complete.
+void EventImport::detectFormat() {
   for (std::size_t begin = 0;;) {
-    const std::size_t end = held_.find('\n', begin);
+    const std::size_t end = buffer_.find('\n', begin);
     if (end == std::string::npos) return;
-    const std::string_view line = std::string_view(held_).substr(begin, end - begin);
+    const std::string_view line = std::string_view(buffer_).substr(begin, end - begin);
     begin = end + 1;
     if (isBlank(line)) continue;
     format_ = eventFromLine(line) ? Format::Lines : Format::Archive;
@@ -52,41 +54,41 @@ void EventImport::recognise() {
   }
 }
 
-void EventImport::takeLines(bool isEnd) {
+void EventImport::readLines(bool isEnd) {
   std::size_t begin = 0;
   for (;;) {
-    const std::size_t end = held_.find('\n', std::max(begin, looked_));
-    if (end == std::string::npos && !(isEnd && begin < held_.size())) break;
-    const std::string_view line = std::string_view(held_).substr(begin, end - begin);
-    begin = end == std::string::npos ? held_.size() : end + 1;
-    ++number_;
-    if (!isBlank(line)) takeEvent(eventFromLine(line));
+    const std::size_t end = buffer_.find('\n', std::max(begin, scanned_));
+    if (end == std::string::npos && !(isEnd && begin < buffer_.size())) break;
+    const std::string_view line = std::string_view(buffer_).substr(begin, end - begin);
+    begin = end == std::string::npos ? buffer_.size() : end + 1;
+    ++lineNumber_;
+    if (!isBlank(line)) storeEvent(eventFromLine(line));
     if (!error_.empty()) return;
   }
-  held_.erase(0, begin);
-  looked_ = held_.size();
+  buffer_.erase(0, begin);
+  scanned_ = buffer_.size();
 }
 
-void EventImport::takeArchive() {
-  const JsonTree archive = JsonTree::read(held_, kMaxArchiveValues);
+void EventImport::readArchive() {
+  const JsonTree archive = JsonTree::read(buffer_, kMaxArchiveValues);
   if (archive.problem() == JsonTree::Problem::TooMany) {
-    error_ = "an archive holds more than 4000000 values: import lines of JSON";
+    error_ = "an archive must not contain more than 4000000 values; import NDJSON instead";
     return;
   }
   const std::optional<std::uint32_t> entries = harEntries(archive);
   if (!entries) {
     format_ = Format::Lines;
-    looked_ = 0;
-    return takeLines(true);
+    scanned_ = 0;
+    return readLines(true);
   }
   forEachIn(archive, *entries, [&](std::uint32_t entry) {
-    ++number_;
-    if (error_.empty()) takeEvent(eventFromHar(archive, entry));
+    ++lineNumber_;
+    if (error_.empty()) storeEvent(eventFromHar(archive, entry));
   });
 }
 
-void EventImport::takeEvent(const Result<StoredEvent>& event) {
-  if (!event) return refuse(event.error().text);
+void EventImport::storeEvent(const Result<StoredEvent>& event) {
+  if (!event) return reject(event.error().text);
   const Result<bool> restored = store_.restore(*event);
   if (!restored) {
     error_ = restored.error().text;
@@ -95,8 +97,8 @@ void EventImport::takeEvent(const Result<StoredEvent>& event) {
   }
 }
 
-void EventImport::refuse(std::string reason) {
-  if (refused_.size() < kMaxRefused) refused_.emplace_back(number_, std::move(reason));
+void EventImport::reject(std::string reason) {
+  if (refused_.size() < kMaxRefused) refused_.emplace_back(lineNumber_, std::move(reason));
 }
 
 std::string EventImport::toJson() const {

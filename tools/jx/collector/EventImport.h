@@ -13,39 +13,40 @@
 
 namespace jx {
 
-/// Takes up what another collector, or another program, exported: lines of JSON, or an HTTP
-/// archive, whichever it turns out to be. Lines are stored as they come; an archive is held until
-/// its end.
+/// Imports events that a collector or another program exported. Detects the format: NDJSON or an
+/// HTTP archive (HAR). NDJSON lines are stored as they arrive; an archive is buffered until its
+/// end.
 class EventImport {
  public:
-  /// The store outlives the import.
+  /// `store` must outlive the import.
   explicit EventImport(EventStore& store) : store_(store) {}
 
-  /// The next part of the text. False when it cannot be gone on with; error() then tells why.
-  bool take(std::string_view part);
-  /// After the last part.
+  /// Consumes the next part of the input. Returns false when the import failed; error() then
+  /// returns the cause.
+  bool consume(std::string_view part);
+  /// Completes the import. Call once, after the last part.
   void finish();
 
-  /// Empty when nothing failed as a whole.
+  /// Returns why the import failed; empty when it did not. Rejected lines are not a failure.
   const std::string& error() const { return error_; }
-  /// {"imported":2,"repeated":1,"refused":[{"line":3,"reason":"has no body"}]}. Of an archive, the
-  /// line is the number of the entry.
+  /// Returns {"imported":2,"repeated":1,"refused":[{"line":3,"reason":"body must be a string"}]}.
+  /// In an archive, "line" is the number of the entry. Numbers start at 1.
   std::string toJson() const;
 
  private:
   enum class Format { Unknown, Lines, Archive };
 
-  void recognise();
-  void takeLines(bool isEnd);
-  void takeArchive();
-  void takeEvent(const Result<StoredEvent>& event);
-  void refuse(std::string reason);
+  void detectFormat();
+  void readLines(bool isEnd);
+  void readArchive();
+  void storeEvent(const Result<StoredEvent>& event);
+  void reject(std::string reason);
 
   EventStore& store_;
   Format format_ = Format::Unknown;
-  std::string held_;
-  std::size_t looked_ = 0;  // of what is held, how much has no line end
-  std::int64_t number_ = 0;
+  std::string buffer_;
+  std::size_t scanned_ = 0;  // bytes of the buffer without a line end
+  std::int64_t lineNumber_ = 0;
   std::int64_t imported_ = 0;
   std::int64_t repeated_ = 0;
   std::vector<std::pair<std::int64_t, std::string>> refused_;

@@ -12,7 +12,7 @@
 namespace jx {
 namespace {
 
-// Longer than any client waits; who waits longer is dropped.
+// Longer than any client is expected to wait. After that, the connection is closed.
 constexpr std::chrono::hours kHang{1};
 
 std::string queryOf(const std::string& target) {
@@ -20,14 +20,14 @@ std::string queryOf(const std::string& target) {
   return mark == std::string::npos ? std::string() : target.substr(mark + 1);
 }
 
-// Does to the client what the fault says, short of an answer. False when there is nobody left to
-// answer.
-bool suffer(const Fault& fault, ConnectionStream& connection) {
+// Applies the delay and the connection faults. Returns false when the connection is closed and no
+// response can be sent.
+bool applyFault(const Fault& fault, ConnectionStream& connection) {
   const bool hangs = fault.action == Fault::Action::Hang;
   const std::chrono::milliseconds time = hangs ? std::chrono::milliseconds(kHang) : fault.delay;
-  const bool hasGone =
-      time.count() > 0 && connection.waitBetween(-1, time) == ConnectionStream::Woken::ByEnd;
-  if (!hasGone && !hangs && fault.action == Fault::Action::Answer) return true;
+  const bool hasGone = time.count() > 0 && connection.waitInterruptibly(-1, time) ==
+                                               ConnectionStream::WakeReason::Closed;
+  if (!hasGone && !hangs && fault.action == Fault::Action::Respond) return true;
   connection.abort();
   return false;
 }
@@ -35,18 +35,19 @@ bool suffer(const Fault& fault, ConnectionStream& connection) {
 }  // namespace
 
 void EventIntake::install(HttpServer& server) {
-  server.onPost("/events", [this](const httplib::Request& request, const std::string& body,
-                                  httplib::Response& response) { take(request, body, response); });
+  server.onPost("/events",
+                [this](const httplib::Request& request, const std::string& body,
+                       httplib::Response& response) { receive(request, body, response); });
 }
 
-void EventIntake::take(const httplib::Request& request, const std::string& body,
-                       httplib::Response& response) const {
+void EventIntake::receive(const httplib::Request& request, const std::string& body,
+                          httplib::Response& response) const {
   const std::optional<Fault> fault = faults_.take();
   if (!fault) return store(request, body, response);
-  if (!suffer(*fault, HttpServer::connection())) return;
-  if (!fault->refuses()) store(request, body, response);
-  // What could not be stored must not be answered as if it were.
-  if (fault->status && (fault->refuses() || response.status == 200)) {
+  if (!applyFault(*fault, HttpServer::connection())) return;
+  if (!fault->rejects()) store(request, body, response);
+  // A status that accepts the event must not replace the 500 of an event that was not stored.
+  if (fault->status && (fault->rejects() || response.status == 200)) {
     response.status = *fault->status;
   }
   if (fault->retryAfter) response.set_header("Retry-After", *fault->retryAfter);
@@ -61,14 +62,14 @@ void EventIntake::store(const httplib::Request& request, const std::string& body
   received.query = queryOf(request.target);
   received.headers.assign(request.headers.begin(), request.headers.end());
   received.body = body;
-  // Judged before the store is asked for its lock: a large body takes a while.
+  // Validate before the store takes its lock, because a large body takes time.
   const ValidationResult validation = ValidationResult::of(received.query, received.body);
   const Result<std::int64_t> id = store_.add(received, validation);
   response.status = id ? 200 : 500;
-  if (!id) std::fprintf(stderr, "jx collector: %s\n", id.error().text.c_str());
-  if (!id || !isStrict_ || validation.isGood()) return;
+  if (!id) std::fprintf(stderr, "jx collector: %s; responded with 500\n", id.error().text.c_str());
+  if (!id || !isStrict_ || validation.isValid()) return;
   response.status = 422;
-  response.set_content(reasonsToJson(validation.reasons.kept()), "application/json");
+  response.set_content(diagnosticsToJson(validation.diagnostics.kept()), "application/json");
 }
 
 }  // namespace jx

@@ -8,21 +8,21 @@
 
 namespace jx {
 
-/// The interface for devices: POST /events stores the request, whatever its body is, and answers
-/// 200 with an empty body once it is stored. A strict one answers a bad event with 422 and says
-/// why; it is stored all the same. Before all that, a request may meet a fault.
+/// Handles requests of devices: POST /events stores the request, even if its body is invalid, and
+/// then responds with 200 and an empty body. In strict mode it responds to an invalid event with
+/// 422 and the diagnostics, but stores it anyway. An armed fault is applied first.
 class EventIntake {
  public:
-  /// Both outlive the server that this is installed in.
+  /// `store` and `faults` must outlive the server in which this is installed.
   EventIntake(EventStore& store, FaultPlan& faults, bool isStrict)
       : store_(store), faults_(faults), isStrict_(isStrict) {}
 
-  /// Adds the routes; this object outlives the server.
+  /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:
-  void take(const httplib::Request& request, const std::string& body,
-            httplib::Response& response) const;
+  void receive(const httplib::Request& request, const std::string& body,
+               httplib::Response& response) const;
   void store(const httplib::Request& request, const std::string& body,
              httplib::Response& response) const;
 

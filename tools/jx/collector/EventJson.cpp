@@ -12,25 +12,25 @@ namespace {
 void writeRowMembers(JsonOut& out, const EventRow& row) {
   out.member("id", row.id)
       .member("received_ms", row.receivedMs)
-      .member("name", row.facts.name)
+      .member("name", row.metadata.name)
       .member("class", row.className)
-      .member("good", row.isGood())
+      .member("good", row.isValid())
       .member("errors", row.errors)
       .member("notes", row.notes)
-      .member("session", row.facts.session)
-      .member("video_session", row.facts.videoSession)
+      .member("session", row.metadata.session)
+      .member("video_session", row.metadata.videoSession)
       .member("line", row.line)
-      .member("event_id", row.facts.eventID)
-      .member("event_timestamp", row.facts.eventTimestamp)
-      .member("site", row.facts.site)
+      .member("event_id", row.metadata.eventID)
+      .member("event_timestamp", row.metadata.eventTimestamp)
+      .member("site", row.metadata.site)
       .member("repeats", row.repeats)
       .member("bytes", row.bytes);
 }
 
 void writeRequestMembers(JsonOut& out, const StoredEvent& event) {
   out.member("last_seen_ms", event.lastSeenMs)
-      .member("token", event.facts.token)
-      .member("problem", event.facts.problem)
+      .member("token", event.metadata.token)
+      .member("problem", event.metadata.problem)
       .member("method", event.request.method)
       .member("path", event.request.path)
       .member("query", event.request.query);
@@ -53,16 +53,16 @@ void writeEvent(JsonOut& out, const StoredEvent& event) {
   out.endObject();
 }
 
-void writeReasons(JsonOut& out, const std::vector<Diagnostic>& reasons) {
+void writeDiagnostics(JsonOut& out, const std::vector<Diagnostic>& diagnostics) {
   out.key("reasons").beginArray();
   for (const Diagnostic::Level level : {Diagnostic::Level::Error, Diagnostic::Level::Warning}) {
-    for (const Diagnostic& reason : reasons) {
-      if (reason.level != level) continue;
+    for (const Diagnostic& diagnostic : diagnostics) {
+      if (diagnostic.level != level) continue;
       out.beginObject()
           .member("level", level == Diagnostic::Level::Error ? "error" : "note")
-          .member("code", reason.code)
-          .member("key", reason.key)
-          .member("text", reason.text)
+          .member("code", diagnostic.code)
+          .member("key", diagnostic.key)
+          .member("text", diagnostic.text)
           .endObject();
     }
   }
@@ -101,7 +101,7 @@ std::string eventsToJson(const std::vector<StoredEvent>& events, std::int64_t la
   return listToJson(events, last, writeEvent);
 }
 
-std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>& reasons,
+std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>& diagnostics,
                         const std::optional<std::int64_t>& previous) {
   JsonOut out;
   out.beginObject();
@@ -112,15 +112,15 @@ std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>&
     out.beginArray().value(name).value(value).endArray();
   out.endArray();
   writeBody(out, event.request.body);
-  writeReasons(out, reasons);
+  writeDiagnostics(out, diagnostics);
   out.member("previous", previous).endObject();
   return out.text();
 }
 
-std::string reasonsToJson(const std::vector<Diagnostic>& reasons) {
+std::string diagnosticsToJson(const std::vector<Diagnostic>& diagnostics) {
   JsonOut out;
   out.beginObject();
-  writeReasons(out, reasons);
+  writeDiagnostics(out, diagnostics);
   out.endObject();
   return out.text();
 }
@@ -139,7 +139,7 @@ std::string summaryToJson(const EventSummary& summary) {
       .member("last_ms", summary.lastMs);
   out.key("by_name").beginArray();
   for (const EventSummary::Name& name : summary.byName) {
-    // The count goes by two names: the first one is older.
+    // Two keys for the same count: "events" remains for compatibility.
     out.beginObject()
         .member("name", name.name)
         .member("events", name.events)

@@ -14,18 +14,19 @@ namespace jx {
 
 class JsonOut;
 
-// What the JSON interface says. Bytes that are not UTF-8 become U+FFFD.
+// Serialises the responses of the JSON API. Bytes that are not UTF-8 become U+FFFD.
 
 void writeRow(JsonOut& out, const EventRow& row);
 std::string rowToJson(const EventRow& row);
-/// `last` is what to ask for events after, when there are none.
+/// Writes {"events": [...], "last": ID}. The parameter `last` is used when `rows` is empty;
+/// otherwise it is the ID of the last row.
 std::string rowsToJson(const std::vector<EventRow>& rows, std::int64_t last);
-/// The same with the requests. A body that is not UTF-8 is repeated in base64.
+/// Same, with the requests. A body that is not UTF-8 is also included in Base64.
 std::string eventsToJson(const std::vector<StoredEvent>& events, std::int64_t last);
-/// All there is to say about one event.
-std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>& reasons,
+/// Writes one event with its request, its diagnostics and the ID of the previous event.
+std::string eventToJson(const StoredEvent& event, const std::vector<Diagnostic>& diagnostics,
                         const std::optional<std::int64_t>& previous);
-std::string reasonsToJson(const std::vector<Diagnostic>& reasons);
+std::string diagnosticsToJson(const std::vector<Diagnostic>& diagnostics);
 std::string summaryToJson(const EventSummary& summary);
 std::string sessionsToJson(const std::vector<SessionSummary>& sessions);
 std::string errorToJson(const std::string& text);

@@ -52,23 +52,23 @@ std::string eventToLine(const StoredEvent& event) {
 Result<StoredEvent> eventFromLine(std::string_view line) {
   const JsonTree tree = JsonTree::read(line);
   if (tree.problem() != JsonTree::Problem::None || !tree.isObject(0)) {
-    return Error{"is no JSON object"};
+    return Error{"not a JSON object"};
   }
   StoredEvent event;
   ReceivedRequest& request = event.request;
   const std::optional<std::int64_t> received = integerMember(tree, 0, "received_ms");
-  if (!received || *received < 0) return Error{"has no received_ms"};
+  if (!received || *received < 0) return Error{"received_ms must be a non-negative integer"};
   request.receivedMs = event.receivedMs = *received;
   event.lastSeenMs = integerMember(tree, 0, "last_seen_ms").value_or(*received);
   event.repeats = std::max<std::int64_t>(0, integerMember(tree, 0, "repeats").value_or(0));
-  request.method = textMember(tree, 0, "method").value_or("POST");
-  request.path = textMember(tree, 0, "path").value_or("/events");
-  request.query = textMember(tree, 0, "query").value_or("");
+  request.method = stringMember(tree, 0, "method").value_or("POST");
+  request.path = stringMember(tree, 0, "path").value_or("/events");
+  request.query = stringMember(tree, 0, "query").value_or("");
   readHeaders(tree, request);
-  const std::optional<std::string> packed = textMember(tree, 0, "body_base64");
+  const std::optional<std::string> encoded = stringMember(tree, 0, "body_base64");
   const std::optional<std::string> body =
-      packed ? fromBase64(*packed) : textMember(tree, 0, "body");
-  if (!body) return Error{packed ? "has a body_base64 that is none" : "has no body"};
+      encoded ? fromBase64(*encoded) : stringMember(tree, 0, "body");
+  if (!body) return Error{encoded ? "body_base64 is not valid Base64" : "body must be a string"};
   request.body = *body;
   return event;
 }

@@ -12,11 +12,12 @@
 
 namespace jx {
 
-/// An event as one line of JSON, with a line end: all that another collector needs to keep it, byte
-/// for byte.
+/// Serialises an event as one line of JSON with a line end. The line contains everything that
+/// another collector needs to store the same bytes.
 std::string eventToLine(const StoredEvent& event);
 
-/// The other way round: the request, its repeats and its times. Fails with what is wrong.
+/// Parses a line that eventToLine() wrote: the request, its repeats and its times. On failure,
+/// returns an error that names the invalid field.
 Result<StoredEvent> eventFromLine(std::string_view line);
 
 }  // namespace jx

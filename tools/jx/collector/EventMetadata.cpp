@@ -71,20 +71,20 @@ EventMetadata EventMetadata::read(std::string_view query, std::string_view body)
 }
 
 EventMetadata EventMetadata::read(std::string_view query, const JsonTree& body) {
-  EventMetadata facts;
-  if (const auto site = parameter(query, "jx_s")) facts.site = wholeNumber(*site);
-  if (const auto token = parameter(query, "token")) facts.token = std::string(*token);
-  facts.problem = problemOf(body);
-  if (facts.problem) return facts;
-  facts.name = textAt(body, {JXE_EVENT});
-  facts.eventID = textAt(body, {JXE_CONTEXT, JXE_EVENTID});
-  facts.session = textAt(body, {JXE_CONTEXT, JXD_DEVICE, JXL_LIFECYCLE, JXL_SESSION_ID});
-  facts.videoSession = textAt(body, {JXV_VIDEO_SESSION_ID});
+  EventMetadata metadata;
+  if (const auto site = parameter(query, "jx_s")) metadata.site = wholeNumber(*site);
+  if (const auto token = parameter(query, "token")) metadata.token = std::string(*token);
+  metadata.problem = problemOf(body);
+  if (metadata.problem) return metadata;
+  metadata.name = textAt(body, {JXE_EVENT});
+  metadata.eventID = textAt(body, {JXE_CONTEXT, JXE_EVENTID});
+  metadata.session = textAt(body, {JXE_CONTEXT, JXD_DEVICE, JXL_LIFECYCLE, JXL_SESSION_ID});
+  metadata.videoSession = textAt(body, {JXV_VIDEO_SESSION_ID});
   const auto timestamp = valueAt(body, {JXE_CONTEXT, JX_EVENTTIMESTAMP});
   if (timestamp && body.node(*timestamp).kind == JsonNode::Kind::Number) {
-    facts.eventTimestamp = wholeNumber(body.node(*timestamp).text);
+    metadata.eventTimestamp = wholeNumber(body.node(*timestamp).text);
   }
-  return facts;
+  return metadata;
 }
 
 }  // namespace jx

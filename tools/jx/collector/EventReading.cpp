@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kConnections = 4;
 constexpr std::size_t kListBytes = std::size_t{32} * 1024 * 1024;
-constexpr const char* kCannotRead = "cannot read the events";
+constexpr const char* kCannotRead = "cannot read events";
 
 constexpr std::string_view kRowColumns =
     "e.id, received_ms, last_seen_ms, repeats, event_id, name, class, errors, notes, session, "
@@ -28,17 +28,17 @@ EventRow rowOf(const SqliteStatement& row) {
   event.receivedMs = row.integer(1);
   event.lastSeenMs = row.integer(2);
   event.repeats = row.integer(3);
-  event.facts.eventID = row.optionalText(4);
-  event.facts.name = row.optionalText(5);
+  event.metadata.eventID = row.optionalText(4);
+  event.metadata.name = row.optionalText(5);
   event.className = row.optionalText(6);
   event.errors = row.integer(7);
   event.notes = row.integer(8);
-  event.facts.session = row.optionalText(9);
-  event.facts.videoSession = row.optionalText(10);
-  event.facts.eventTimestamp = row.optionalInteger(11);
-  event.facts.site = row.optionalInteger(12);
-  event.facts.token = row.optionalText(13);
-  event.facts.problem = row.optionalText(14);
+  event.metadata.session = row.optionalText(9);
+  event.metadata.videoSession = row.optionalText(10);
+  event.metadata.eventTimestamp = row.optionalInteger(11);
+  event.metadata.site = row.optionalInteger(12);
+  event.metadata.token = row.optionalText(13);
+  event.metadata.problem = row.optionalText(14);
   event.bytes = row.integer(15);
   event.line = row.bytes(16);
   return event;
@@ -60,7 +60,7 @@ std::string listText(const EventQuery& query, bool withRequests) {
   std::string sql = "SELECT " + std::string(kRowColumns);
   if (withRequests) sql += kRequestColumns;
   sql += " FROM events e";
-  // CROSS keeps the order: the small rows are looked at first.
+  // CROSS JOIN fixes the join order, so that SQLite scans the small rows first.
   if (withRequests || query.text) sql += " CROSS JOIN requests r ON r.id = e.id";
   sql += " WHERE e.id > ?1 AND e.id < ?2";
   if (query.name) sql += " AND name = ?4";
@@ -90,7 +90,7 @@ void bindList(SqliteStatement& statement, const EventQuery& query) {
 
 }  // namespace
 
-// One of the connections, for as long as it is needed.
+// Owns one of the connections until destruction. Waits until one is free.
 class EventReading::Lease {
  public:
   explicit Lease(const EventReading& reading) : reading_(reading) {
@@ -178,17 +178,17 @@ Result<std::optional<StoredEvent>> EventReading::find(std::int64_t id) const {
 }
 
 Result<std::optional<std::int64_t>> EventReading::previousOf(const EventRow& row) const {
-  if (!row.facts.name) return std::optional<std::int64_t>();
+  if (!row.metadata.name) return std::optional<std::int64_t>();
   const Lease lease(*this);
   for (const bool sameSession : {true, false}) {
-    if (sameSession && !row.facts.session) continue;
+    if (sameSession && !row.metadata.session) continue;
     Result<SqliteStatement> statement = lease.database().prepare(
         std::string("SELECT id FROM events WHERE name = ?1 AND id < ?2") +
         (sameSession ? " AND session = ?3" : "") + " ORDER BY id DESC LIMIT 1");
     if (!statement) return statement.error();
-    statement->bindText(1, *row.facts.name);
+    statement->bindText(1, *row.metadata.name);
     statement->bind(2, row.id);
-    if (sameSession) statement->bindText(3, *row.facts.session);
+    if (sameSession) statement->bindText(3, *row.metadata.session);
     const int status = statement->step();
     if (status == SQLITE_ROW) return std::optional<std::int64_t>(statement->integer(0));
     if (status != SQLITE_DONE) return lease.database().lastFailure(kCannotRead);

@@ -17,25 +17,27 @@
 
 namespace jx {
 
-/// Reads what the store keeps. Thread-safe: a few readers work at a time, beside the writer, so
-/// that a long search holds up nobody.
+/// Reads the event store. Thread-safe: up to four readers run at a time, concurrently with the
+/// writer, so that a long search does not block other requests.
 class EventReading {
  public:
+  /// Opens the read connections to an existing database.
   static Result<std::unique_ptr<EventReading>> open(const std::filesystem::path& file);
 
-  /// In order of arrival. Stops early when the events together exceed some 32 MiB, so that a
-  /// caller goes on after the last one given; at least one event is given when any matches.
+  /// Returns events in order of arrival. Stops early when their bodies exceed about 32 MiB in
+  /// total; callers continue after the last returned event. Returns at least one event if any
+  /// matches.
   Result<std::vector<StoredEvent>> list(const EventQuery& query) const;
-  /// The same without the requests, and without that bound.
+  /// Same, without the requests and without the size limit.
   Result<std::vector<EventRow>> rows(const EventQuery& query) const;
-  /// Absent when there is no such row.
+  /// Returns nullopt when the row does not exist.
   Result<std::optional<StoredEvent>> find(std::int64_t id) const;
-  /// The row number of the event of the same name before this one: of its session if there is one,
-  /// else of any.
+  /// Returns the row ID of the previous event with the same name: of the same session if there is
+  /// one, otherwise of any session. Returns nullopt when there is none.
   Result<std::optional<std::int64_t>> previousOf(const EventRow& row) const;
-  /// `nowMs` tells which sixty minutes are the last.
+  /// Counts the stored events. `nowMs` is the current time, which selects the last sixty minutes.
   Result<EventSummary> summary(std::int64_t nowMs) const;
-  /// The newest first.
+  /// Returns at most `limit` sessions, the most recent first.
   Result<std::vector<SessionSummary>> sessions(std::int64_t limit) const;
 
  private:

@@ -12,59 +12,59 @@
 
 namespace jx {
 
-/// A request as it arrived. Any bytes may stand in any part of it.
+/// A request as received. Every part may contain any bytes.
 struct ReceivedRequest {
   std::int64_t receivedMs = 0;  ///< milliseconds since the Unix epoch
   std::string method;
   std::string path;
-  std::string query;  ///< what follows the question mark, as it was written
-  /// Names and values as they were sent; a name may come more than once.
+  std::string query;  ///< part of the URL after the question mark, not decoded
+  /// Names and values as sent. Names may repeat.
   std::vector<std::pair<std::string, std::string>> headers;
   std::string body;
 };
 
-/// What is shown of a request in a list: everything but the request itself.
+/// A row of the event list: everything except the request itself.
 struct EventRow {
-  std::int64_t id = 0;  ///< row number; a later arrival has a larger one
+  std::int64_t id = 0;  ///< row ID; increases with every event
   std::int64_t receivedMs = 0;
-  std::int64_t lastSeenMs = 0;  ///< when it came last
-  std::int64_t repeats = 0;     ///< how often the same event id came again
-  EventMetadata facts;
+  std::int64_t lastSeenMs = 0;  ///< when it was last received
+  std::int64_t repeats = 0;     ///< number of further requests with the same event ID
+  EventMetadata metadata;
   std::optional<std::string> className;
   std::int64_t errors = 0;
   std::int64_t notes = 0;
   std::string line;
-  std::int64_t bytes = 0;  ///< of the body
+  std::int64_t bytes = 0;  ///< size of the body
 
-  bool isGood() const { return errors == 0; }
+  bool isValid() const { return errors == 0; }
 };
 
-/// A request as it is kept.
+/// A stored request.
 struct StoredEvent : EventRow {
   ReceivedRequest request;
 };
 
-/// Which events to list. What is absent does not matter.
+/// Filters of an event list. A filter that is not set matches every event.
 struct EventQuery {
-  /// Events with a larger row number only, the oldest of them first in line for the limit. Absent:
-  /// the newest are first in line.
+  /// Only events with a larger row ID. If set, `limit` selects the oldest of them; otherwise it
+  /// selects the newest events.
   std::optional<std::int64_t> after;
-  /// Events with a smaller row number only.
+  /// Only events with a smaller row ID.
   std::optional<std::int64_t> before;
   std::optional<std::string> name;
   std::optional<std::string> className;
   std::optional<bool> good;
-  /// A session of the application or of a video.
+  /// Session ID or video session ID.
   std::optional<std::string> session;
-  /// Stands somewhere in the body; A to Z are like a to z.
+  /// Substring of the body. ASCII letters match in either case.
   std::optional<std::string> text;
-  std::optional<std::int64_t> sinceMs;  ///< received then or later
+  std::optional<std::int64_t> sinceMs;  ///< only events received at this time or later
   std::int64_t limit = 100;
 };
 
-/// Counts over what is kept.
+/// Counts over all stored events.
 struct EventSummary {
-  /// Events without a name are counted under an absent one.
+  /// Events without a name are counted under nullopt.
   struct Name {
     std::optional<std::string> name;
     std::int64_t events = 0;
@@ -81,16 +81,16 @@ struct EventSummary {
   std::int64_t events = 0;
   std::int64_t repeats = 0;
   std::int64_t good = 0;
-  std::int64_t bad = 0;  ///< events with an error
-  std::int64_t notes = 0;
-  std::int64_t evicted = 0;  ///< events ever removed to make room
+  std::int64_t bad = 0;      ///< events with at least one error
+  std::int64_t notes = 0;    ///< warnings of all events
+  std::int64_t evicted = 0;  ///< events evicted to make room since the last reset
   std::optional<std::int64_t> firstMs;
   std::optional<std::int64_t> lastMs;
-  std::vector<Name> byName;     ///< in order of name
-  std::vector<Minute> minutes;  ///< the last sixty, the current one at the end
+  std::vector<Name> byName;     ///< sorted by name
+  std::vector<Minute> minutes;  ///< the last sixty minutes, the current one last
 };
 
-/// What is kept of one run of the application.
+/// The stored events of one session of the application.
 struct SessionSummary {
   struct Video {
     std::string id;

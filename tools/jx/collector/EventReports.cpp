@@ -10,7 +10,7 @@ namespace {
 constexpr std::int64_t kMinuteMs = 60'000;
 constexpr std::int64_t kMinutes = 60;
 
-// What several statements read between its beginning and its end is of one moment.
+// A read transaction: all statements during its lifetime see the same state of the database.
 class Snapshot {
  public:
   explicit Snapshot(SqliteDatabase& database)
@@ -28,7 +28,8 @@ class Snapshot {
   Done began_;
 };
 
-// Binds the text to the first parameter, when there is one, and calls `take` with each row.
+// Binds `text`, or `number` when `text` is null, to the first parameter. Calls `take` with each
+// row.
 template <typename Take>
 Done forEachRow(SqliteDatabase& database, std::string_view sql, const std::string* text,
                 std::int64_t number, const Take& take) {
@@ -42,7 +43,7 @@ Done forEachRow(SqliteDatabase& database, std::string_view sql, const std::strin
   int status = SQLITE_DONE;
   while ((status = statement->step()) == SQLITE_ROW)
     take(*statement);
-  return status == SQLITE_DONE ? done() : database.lastFailure("cannot read the events");
+  return status == SQLITE_DONE ? done() : database.lastFailure("cannot read events");
 }
 
 Done readTotals(SqliteDatabase& database, EventSummary& summary) {

@@ -11,11 +11,11 @@
 
 namespace jx {
 
-/// Counts over everything that is kept, all of one moment. `nowMs` tells which minutes are the
-/// last.
+/// Counts all stored events in one snapshot of the database. `nowMs` is the current time, which
+/// selects the last sixty minutes.
 Result<EventSummary> readSummary(SqliteDatabase& database, std::int64_t nowMs);
 
-/// The sessions that had an event last, newest first.
+/// Returns at most `limit` sessions in one snapshot, those with the most recent events first.
 Result<std::vector<SessionSummary>> readSessions(SqliteDatabase& database, std::int64_t limit);
 
 }  // namespace jx

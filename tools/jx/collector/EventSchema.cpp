@@ -35,10 +35,10 @@ CREATE TABLE counters (name TEXT PRIMARY KEY, value INTEGER NOT NULL) WITHOUT RO
 INSERT INTO counters VALUES ('evicted', 0);
 )sql";
 
-// The requests move to a table of their own, so that lists and counts read small rows only. What is
-// judged of them is filled in when the store sees that no rules have judged them yet. The row
-// number stands in the indexes because a list is of one name, in order of arrival.
-constexpr const char* kJudgedEvents = R"sql(
+// Moves the requests to their own table, so that lists and counts read only small rows. The store
+// fills in the validation columns afterwards, because the rules version 0 is never current. The
+// indexes include the row ID because lists filter by name and sort by arrival.
+constexpr const char* kValidatedEvents = R"sql(
 CREATE TABLE requests (
   id INTEGER PRIMARY KEY,
   method TEXT NOT NULL,
@@ -48,7 +48,7 @@ CREATE TABLE requests (
   body BLOB NOT NULL
 );
 INSERT INTO requests SELECT id, method, path, query, headers, body FROM events;
-CREATE TABLE judged (
+CREATE TABLE validated (
   id INTEGER PRIMARY KEY AUTOINCREMENT,
   received_ms INTEGER NOT NULL,
   last_seen_ms INTEGER NOT NULL,
@@ -68,10 +68,10 @@ CREATE TABLE judged (
   bytes INTEGER NOT NULL DEFAULT 0,
   line TEXT NOT NULL DEFAULT ''
 );
-INSERT INTO judged (id, received_ms, last_seen_ms, repeats, event_id)
+INSERT INTO validated (id, received_ms, last_seen_ms, repeats, event_id)
   SELECT id, received_ms, last_seen_ms, repeats, event_id FROM events;
 DROP TABLE events;
-ALTER TABLE judged RENAME TO events;
+ALTER TABLE validated RENAME TO events;
 CREATE UNIQUE INDEX events_by_event_id ON events (event_id) WHERE event_id IS NOT NULL;
 CREATE INDEX events_by_name ON events (name, id, good, repeats, notes);
 CREATE INDEX events_by_received ON events (received_ms, good);
@@ -84,8 +84,8 @@ CREATE INDEX bad_events ON events (id) WHERE good = 0;
 INSERT INTO counters VALUES ('rules', 0);
 )sql";
 
-// Step n leads from version n to version n + 1. Steps are only ever added.
-constexpr std::array<const char*, 2> kSteps{kFirstTables, kJudgedEvents};
+// Step n migrates version n to version n + 1. Only append steps; never change existing ones.
+constexpr std::array<const char*, 2> kSteps{kFirstTables, kValidatedEvents};
 
 }  // namespace
 
@@ -94,7 +94,7 @@ Done migrateEvents(SqliteDatabase& database) {
   if (!found) return found.error();
   const auto newest = static_cast<std::int64_t>(kSteps.size());
   if (*found < 0 || *found > newest) {
-    return Error{"was written by a newer version of this program"};
+    return Error{"the database was written by a newer version of jx"};
   }
   for (std::int64_t version = *found; version < newest; ++version) {
     const Done stepped = database.execute(

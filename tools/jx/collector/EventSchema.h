@@ -7,8 +7,8 @@
 
 namespace jx {
 
-/// Brings a database of events, new or of an earlier version, to the tables that this program
-/// knows. Reports one that a newer program wrote, and leaves it as it is.
+/// Migrates a new or older database to the current schema. Returns an error and changes nothing
+/// when a newer version of the program wrote the database.
 Done migrateEvents(SqliteDatabase& database);
 
 }  // namespace jx

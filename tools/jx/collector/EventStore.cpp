@@ -35,7 +35,8 @@ Result<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path
 }
 
 Done EventStore::migrate() {
-  // A write costs no fsync: a crash of the process loses nothing, a power cut the last seconds.
+  // Writes do not call fsync: a process crash loses nothing; a power loss may lose the last
+  // seconds.
   const Done set = writer_.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL");
   return set ? migrateEvents(writer_) : set;
 }
@@ -81,8 +82,8 @@ Done EventStore::countRows() {
       "SELECT COALESCE((SELECT seq FROM sqlite_sequence "
       "WHERE name = 'events'), 0)");
   if (!last) return last.error();
-  feed_.arrived(*last);
-  // The bound may be smaller than at the last start.
+  broadcaster_.publishArrival(*last);
+  // The limit may be smaller than at the last start.
   return inTransaction([this] { return makeRoom(); });
 }
 
@@ -123,7 +124,7 @@ Result<std::int64_t> EventStore::add(const ReceivedRequest& request,
   std::int64_t id = 0;
   std::optional<Repeat> repeat;
   const Done added = inTransaction([&]() -> Done {
-    const Result<std::optional<Repeat>> repeated = countRepeat(request, validation.facts);
+    const Result<std::optional<Repeat>> repeated = countRepeat(request, validation.metadata);
     if (!repeated) return repeated.error();
     repeat = *repeated;
     if (repeat) return done();
@@ -133,12 +134,12 @@ Result<std::int64_t> EventStore::add(const ReceivedRequest& request,
     return makeRoom();
   });
   if (!added) return added.error();
-  // Told under the lock, so that row numbers are told in their order.
+  // Publish under the lock, so that row IDs are published in order.
   if (repeat) {
-    feed_.tell({EventBroadcaster::Signal::Kind::Repeat, repeat->id, repeat->repeats, {}});
+    broadcaster_.publish({EventBroadcaster::Signal::Kind::Repeat, repeat->id, repeat->repeats, {}});
     return repeat->id;
   }
-  feed_.arrived(id);
+  broadcaster_.publishArrival(id);
   return id;
 }
 
@@ -147,7 +148,7 @@ Result<bool> EventStore::restore(const StoredEvent& event) {
   const std::lock_guard<std::mutex> lock(writing_);
   std::int64_t id = 0;
   const Done restored = inTransaction([&]() -> Done {
-    const Result<bool> kept = isKept(validation.facts);
+    const Result<bool> kept = isKept(validation.metadata);
     if (!kept) return kept.error();
     if (*kept) return done();
     const Result<std::int64_t> inserted =
@@ -157,7 +158,7 @@ Result<bool> EventStore::restore(const StoredEvent& event) {
     return makeRoom();
   });
   if (!restored) return restored.error();
-  if (id != 0) feed_.arrived(id);
+  if (id != 0) broadcaster_.publishArrival(id);
   return id != 0;
 }
 
@@ -173,15 +174,15 @@ Result<std::int64_t> EventStore::removeAll() {
         "UPDATE counters SET value = 0 WHERE name = 'evicted'");
   });
   if (!did) return did.error();
-  feed_.tell({EventBroadcaster::Signal::Kind::Reset, *last, 0, {}});
+  broadcaster_.publish({EventBroadcaster::Signal::Kind::Reset, *last, 0, {}});
   return removed;
 }
 
 Result<std::optional<EventStore::Repeat>> EventStore::countRepeat(const ReceivedRequest& request,
-                                                                  const EventMetadata& facts) {
-  if (!facts.eventID) return std::optional<Repeat>();
+                                                                  const EventMetadata& metadata) {
+  if (!metadata.eventID) return std::optional<Repeat>();
   const SqliteUse use(repeat_);
-  repeat_.bindText(1, *facts.eventID);
+  repeat_.bindText(1, *metadata.eventID);
   repeat_.bind(2, request.receivedMs);
   const int status = repeat_.step();
   if (status == SQLITE_DONE) return std::optional<Repeat>();
@@ -191,10 +192,10 @@ Result<std::optional<EventStore::Repeat>> EventStore::countRepeat(const Received
   return std::optional<Repeat>(repeat);
 }
 
-Result<bool> EventStore::isKept(const EventMetadata& facts) {
-  if (!facts.eventID) return false;
+Result<bool> EventStore::isKept(const EventMetadata& metadata) {
+  if (!metadata.eventID) return false;
   const SqliteUse use(find_);
-  find_.bindText(1, *facts.eventID);
+  find_.bindText(1, *metadata.eventID);
   const int status = find_.step();
   if (status != SQLITE_ROW && status != SQLITE_DONE) return writer_.lastFailure(kCannotStore);
   return status == SQLITE_ROW;
@@ -208,7 +209,7 @@ Result<std::int64_t> EventStore::insert(const ReceivedRequest& request,
     insert_.bind(1, request.receivedMs);
     insert_.bind(2, lastSeenMs);
     insert_.bind(3, repeats);
-    insert_.bind(4, validation.facts.eventID);
+    insert_.bind(4, validation.metadata.eventID);
     insert_.bind(5, static_cast<std::int64_t>(request.body.size()));
     bindValidationResult(insert_, 6, validation);
     if (insert_.step() != SQLITE_DONE) return writer_.lastFailure(kCannotStore);
@@ -233,7 +234,7 @@ Done EventStore::makeRoom() {
   for (SqliteStatement* const statement : {&evictRequests_, &evict_, &countEvicted_}) {
     const SqliteUse use(*statement);
     statement->bind(1, surplus);
-    if (statement->step() != SQLITE_DONE) return writer_.lastFailure("cannot make room");
+    if (statement->step() != SQLITE_DONE) return writer_.lastFailure("cannot evict old events");
   }
   rows_ = maxEvents_;
   return done();

@@ -18,30 +18,29 @@
 
 namespace jx {
 
-/// The requests that the collector received, in a SQLite file. Thread-safe: one thread writes at a
-/// time, and reading does not wait for writing. What add() reported as stored survives a crash of
-/// the process.
+/// Stores the received requests in a SQLite file. Thread-safe: one thread writes at a time; readers
+/// do not wait for writers. An event that add() reported as stored survives a process crash.
 class EventStore {
  public:
-  /// Opens the file, or makes it; one of an earlier version, or judged by other rules, is brought
-  /// up to date. `maxEvents`, at least 1, is how many are kept; the oldest go.
+  /// Opens or creates the file. Migrates older schemas and revalidates the events when the rules
+  /// have changed. `maxEvents` (at least 1) limits the number of events; the oldest are evicted.
   static Result<std::unique_ptr<EventStore>> open(const std::filesystem::path& file,
                                                   std::int64_t maxEvents);
 
-  /// Stores a request, or counts it as a repeat when its event id is already there. Gives the row
-  /// number of the event.
+  /// Stores a request, or counts it as a repeat when its event ID is already stored. Returns the
+  /// row ID of the event.
   Result<std::int64_t> add(const ReceivedRequest& request);
-  /// The same for who has judged it already.
+  /// Same, for a request that is already validated.
   Result<std::int64_t> add(const ReceivedRequest& request, const ValidationResult& validation);
-  /// Stores what an earlier collector kept, with its repeats, unless its event id is already there;
-  /// then nothing changes. True when it was stored.
+  /// Stores an exported event with its repeats and times. Does nothing when its event ID is already
+  /// stored. Returns true when it was added.
   Result<bool> restore(const StoredEvent& event);
-  /// Removes everything. Gives how many events there were. Row numbers are not used again.
+  /// Removes all events and returns their number. Row IDs are not reused.
   Result<std::int64_t> removeAll();
 
   const EventReading& reading() const { return *reading_; }
-  /// Where what happens here is told.
-  EventBroadcaster& feed() { return feed_; }
+  /// Publishes the changes of this store.
+  EventBroadcaster& broadcaster() { return broadcaster_; }
 
  private:
   struct Repeat {
@@ -58,18 +57,18 @@ class EventStore {
   Done begin();
   Done commit();
   void rollBack();
-  /// Runs `write` in a transaction of its own, which counts only if all of it succeeds.
+  /// Runs `write` in a transaction. Rolls back when `write` or the commit fails.
   template <typename Write>
   Done inTransaction(const Write& write);
   Result<std::optional<Repeat>> countRepeat(const ReceivedRequest& request,
-                                            const EventMetadata& facts);
-  Result<bool> isKept(const EventMetadata& facts);
+                                            const EventMetadata& metadata);
+  Result<bool> isKept(const EventMetadata& metadata);
   Result<std::int64_t> insert(const ReceivedRequest& request, const ValidationResult& validation,
                               std::int64_t lastSeenMs, std::int64_t repeats);
   Done makeRoom();
 
   std::int64_t maxEvents_;
-  EventBroadcaster feed_;
+  EventBroadcaster broadcaster_;
 
   std::mutex writing_;
   SqliteDatabase writer_;

@@ -35,7 +35,7 @@ EventStream::EventStream(EventStore& store, const FaultPlan& faults,
                          std::optional<std::int64_t> after, std::chrono::milliseconds heartbeat,
                          std::chrono::milliseconds pause)
     : store_(store),
-      subscription_(store.feed()),
+      subscription_(store.broadcaster()),
       heartbeat_(heartbeat),
       pause_(pause),
       faults_(faults.toJson()) {
@@ -43,20 +43,20 @@ EventStream::EventStream(EventStore& store, const FaultPlan& faults,
 }
 
 void EventStream::run(ConnectionStream& connection, const Write& write) {
-  // At once, so that a reader knows that it is heard, and what is armed.
+  // Sent immediately, so that the client knows that it is connected and which fault is armed.
   if (!write(": jx collector\n\n" + entry("faults", faults_))) return;
   for (;;) {
     const std::optional<std::string> part = nextPart();
     if (!part || (!part->empty() && !write(*part))) return;
     if (!hasMore_) {
-      const auto pause =
-          part->empty() ? ConnectionStream::Woken::ByTime : connection.waitBetween(-1, pause_);
-      if (pause == ConnectionStream::Woken::ByEnd) return;
-      const auto woken = connection.waitBetween(subscription_.fd(), heartbeat_);
-      if (woken == ConnectionStream::Woken::ByEnd) return;
-      if (woken == ConnectionStream::Woken::ByTime && !write(":\n\n")) return;
-    } else if (connection.waitBetween(-1, std::chrono::milliseconds(0)) ==
-               ConnectionStream::Woken::ByEnd) {
+      const auto pause = part->empty() ? ConnectionStream::WakeReason::Timeout
+                                       : connection.waitInterruptibly(-1, pause_);
+      if (pause == ConnectionStream::WakeReason::Closed) return;
+      const auto woken = connection.waitInterruptibly(subscription_.fd(), heartbeat_);
+      if (woken == ConnectionStream::WakeReason::Closed) return;
+      if (woken == ConnectionStream::WakeReason::Timeout && !write(":\n\n")) return;
+    } else if (connection.waitInterruptibly(-1, std::chrono::milliseconds(0)) ==
+               ConnectionStream::WakeReason::Closed) {
       return;
     }
   }
@@ -71,14 +71,14 @@ std::optional<std::string> EventStream::nextPart() {
     if (signal.kind == Kind::Repeat) repeats[signal.id] = signal.repeats;
     if (signal.kind == Kind::Faults) part += entry("faults", signal.text);
     if (signal.kind != Kind::Reset) continue;
-    // What came before it is gone, and not worth telling.
+    // Events before the reset are gone and are not sent.
     last_ = std::max(last_, signal.id);
     repeats.clear();
     part += resetEntry(signal.id);
   }
   if (!addArrivals(updates.last, part)) return std::nullopt;
-  // Behind the arrivals, because an event may have arrived and been repeated at once. One that
-  // follows in a later part is read with its repeats.
+  // After the arrivals, because an event may have arrived and been repeated in the same part.
+  // Repeats of an event in a later part are skipped, because its row will include them.
   for (const auto& [id, count] : repeats) {
     if (id <= last_) part += repeatEntry(id, count);
   }

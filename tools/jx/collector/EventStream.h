@@ -14,23 +14,26 @@
 
 namespace jx {
 
-/// One stream of server-sent events: arrivals, repeats, resets and faults, as they happen. It reads
-/// the store at the pace of its reader, so it holds no more than one part of the answer.
+/// One stream of server-sent events (SSE): arrivals, repeats, resets and faults, as they happen.
+/// Reads the store at the client's pace and buffers at most one part of the response.
 class EventStream {
  public:
-  /// Watches from its making on. `after` is the row after which to begin; absent for what comes.
+  /// Subscribes on construction. The stream starts after the row ID `after`; nullopt starts with
+  /// the next event. `heartbeat` is the interval of comment lines on a silent stream; `pause` is
+  /// the minimum interval between two parts. `store` and `faults` must outlive the stream.
   EventStream(EventStore& store, const FaultPlan& faults, std::optional<std::int64_t> after,
               std::chrono::milliseconds heartbeat, std::chrono::milliseconds pause);
 
-  /// False when the reader does not take it any more.
+  /// Sends one part. Returns false when the client no longer accepts data.
   using Write = std::function<bool(const std::string& part)>;
-  /// Until the reader goes, falls too far behind, or the server stops.
+  /// Sends events until the client disconnects or falls too far behind, or the server stops.
   void run(ConnectionStream& connection, const Write& write);
 
  private:
-  /// What is new, as text; absent when the stream must end.
+  /// Returns the pending entries; nullopt when the stream must end.
   std::optional<std::string> nextPart();
-  /// Adds arrivals up to the row `newest`, as many as fit into one part. False on a failure.
+  /// Appends arrivals up to the row `newest`, as many as fit into one part. Returns false on
+  /// failure.
   bool addArrivals(std::int64_t newest, std::string& part);
 
   EventStore& store_;
@@ -38,8 +41,8 @@ class EventStream {
   const std::chrono::milliseconds heartbeat_;
   const std::chrono::milliseconds pause_;
   std::int64_t last_ = 0;
-  std::string faults_;    // as they were when the stream began
-  bool hasMore_ = false;  // one part did not hold all
+  std::string faults_;    // state at the start of the stream
+  bool hasMore_ = false;  // the last part did not contain all arrivals
 };
 
 }  // namespace jx

@@ -15,6 +15,7 @@ using Kind = JsonNode::Kind;
 constexpr std::int64_t kMaxNext = 1'000'000;
 constexpr std::int64_t kMaxDelayMs = 600'000;
 constexpr std::size_t kMaxRetryAfter = 64;
+constexpr std::size_t kMaxShownKey = 64;
 
 constexpr const char* nameOf(Fault::Action action) {
   switch (action) {
@@ -22,7 +23,7 @@ constexpr const char* nameOf(Fault::Action action) {
       return "reset";
     case Fault::Action::Hang:
       return "hang";
-    case Fault::Action::Answer:
+    case Fault::Action::Respond:
       break;
   }
   return "answer";
@@ -34,34 +35,34 @@ struct Request {
   bool clears = false;
 };
 
-std::optional<std::int64_t> numberIn(const JsonNode& node, std::int64_t least, std::int64_t most) {
+std::optional<std::int64_t> numberIn(const JsonNode& node, std::int64_t min, std::int64_t max) {
   std::int64_t value = 0;
   const char* const end = node.text.data() + node.text.size();
   if (node.kind != Kind::Number) return std::nullopt;
   const auto parsed = std::from_chars(node.text.data(), end, value);
   if (parsed.ec != std::errc() || parsed.ptr != end) return std::nullopt;
-  return value >= least && value <= most ? std::optional<std::int64_t>(value) : std::nullopt;
+  return value >= min && value <= max ? std::optional<std::int64_t>(value) : std::nullopt;
 }
 
-// Each gives what is wrong, empty when nothing is.
+// Each reader returns an error message, empty on success.
 std::string readRetryAfter(const JsonNode& node, Request& request) {
   const bool isText = node.kind == Kind::String || node.kind == Kind::Number;
   bool isHeader = isText && !node.text.empty() && node.text.size() <= kMaxRetryAfter;
   for (const char c : node.text)
     isHeader = isHeader && c >= ' ' && c <= '~';
-  if (!isHeader) return "retry_after is a text for a header";
+  if (!isHeader) return "retry_after must be 1 to 64 printable ASCII characters";
   request.fault.retryAfter = std::string(node.text);
   return {};
 }
 
 std::string readAction(const JsonNode& node, Request& request) {
   for (const Fault::Action action :
-       {Fault::Action::Answer, Fault::Action::Reset, Fault::Action::Hang}) {
+       {Fault::Action::Respond, Fault::Action::Reset, Fault::Action::Hang}) {
     if (node.kind != Kind::String || node.text != nameOf(action)) continue;
     request.fault.action = action;
     return {};
   }
-  return "action is answer, reset or hang";
+  return "action must be answer, reset or hang";
 }
 
 std::string readMember(const JsonNode& node, Request& request) {
@@ -69,43 +70,43 @@ std::string readMember(const JsonNode& node, Request& request) {
   if (node.key == "retry_after") return readRetryAfter(node, request);
   if (node.key == "clear") {
     request.clears = node.kind == Kind::Bool && node.text == "true";
-    return node.kind == Kind::Bool ? "" : "clear is true or false";
+    return node.kind == Kind::Bool ? "" : "clear must be true or false";
   }
   if (node.key == "next") {
     const auto next = numberIn(node, 0, kMaxNext);
     request.next = next.value_or(0);
-    return next ? "" : "next is 0 to 1000000";
+    return next ? "" : "next must be an integer between 0 and 1000000";
   }
   if (node.key == "delay_ms") {
     const auto delay = numberIn(node, 0, kMaxDelayMs);
     request.fault.delay = std::chrono::milliseconds(delay.value_or(0));
-    return delay ? "" : "delay_ms is 0 to 600000";
+    return delay ? "" : "delay_ms must be an integer between 0 and 600000";
   }
   if (node.key == "status") {
     const auto status = numberIn(node, 200, 599);
     request.fault.status = static_cast<int>(status.value_or(0));
-    return status ? "" : "status is 200 to 599";
+    return status ? "" : "status must be an integer between 200 and 599";
   }
-  return std::string(node.key.substr(0, kMaxRetryAfter)) + " is not known here";
+  return "unknown key: " + std::string(node.key.substr(0, kMaxShownKey));
 }
 
 Result<Request> readRequest(std::string_view json) {
   const JsonTree tree = JsonTree::read(json);
   if (tree.problem() != JsonTree::Problem::None || !tree.isObject(0)) {
-    return Error{"the body is no JSON object"};
+    return Error{"the body must be a JSON object"};
   }
   Request request;
   std::string error;
   forEachIn(tree, 0, [&](std::uint32_t member) {
-    // A page that fills in a form writes null where nothing was said.
+    // Clients that serialise a form write null for empty fields.
     if (!error.empty() || tree.node(member).kind == Kind::Null) return;
     error = readMember(tree.node(member), request);
   });
   const Fault& fault = request.fault;
-  const bool doesNothing = fault.action == Fault::Action::Answer && !fault.status &&
+  const bool doesNothing = fault.action == Fault::Action::Respond && !fault.status &&
                            !fault.retryAfter && fault.delay.count() == 0;
   if (error.empty() && !request.clears && doesNothing) {
-    error = "it says neither delay_ms nor status, retry_after or action";
+    error = "one of delay_ms, status, retry_after or action is required";
   }
   if (!error.empty()) return Error{error};
   return request;
@@ -120,24 +121,24 @@ Done FaultPlan::set(std::string_view json) {
   armed_.reset();
   if (!request->clears) armed_ = request->fault;
   next_ = request->next;
-  met_ = 0;
-  tell();
+  appliedCount_ = 0;
+  publish();
   return done();
 }
 
 void FaultPlan::clear() {
   const std::lock_guard<std::mutex> lock(mutex_);
   armed_.reset();
-  tell();
+  publish();
 }
 
 std::optional<Fault> FaultPlan::take() {
   const std::lock_guard<std::mutex> lock(mutex_);
   std::optional<Fault> fault = armed_;
   if (!fault) return fault;
-  ++met_;
+  ++appliedCount_;
   if (next_ > 0 && --next_ == 0) armed_.reset();
-  tell();
+  publish();
   return fault;
 }
 
@@ -161,10 +162,12 @@ std::string FaultPlan::asJson() const {
   } else {
     out.value(std::optional<std::string>());
   }
-  out.member("met", met_).endObject();
+  out.member("met", appliedCount_).endObject();
   return out.text();
 }
 
-void FaultPlan::tell() { feed_.tell({EventBroadcaster::Signal::Kind::Faults, 0, 0, asJson()}); }
+void FaultPlan::publish() {
+  broadcaster_.publish({EventBroadcaster::Signal::Kind::Faults, 0, 0, asJson()});
+}
 
 }  // namespace jx

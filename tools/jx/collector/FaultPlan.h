@@ -14,48 +14,51 @@
 
 namespace jx {
 
-/// What the collector does to a device instead of taking its event.
+/// A fault that the collector injects into the response to a device.
 struct Fault {
   enum class Action {
-    Answer,  ///< answers with the status; without one, as always
-    Reset,   ///< breaks the connection
-    Hang,    ///< says nothing until the client gives up
+    Respond,  ///< responds with the status; without one, responds normally
+    Reset,    ///< resets the connection
+    Hang,     ///< sends no response until the client gives up
   };
 
-  Action action = Action::Answer;
-  std::chrono::milliseconds delay{0};  ///< before any of it
+  Action action = Action::Respond;
+  std::chrono::milliseconds delay{0};  ///< delay before the action
   std::optional<int> status;
   std::optional<std::string> retryAfter;
 
-  bool refuses() const {
-    return action != Action::Answer || (status && (*status < 200 || *status > 299));
+  /// True when the fault prevents the event from being stored.
+  bool rejects() const {
+    return action != Action::Respond || (status && (*status < 200 || *status > 299));
   }
 };
 
-/// The fault that is armed, if any, and for how many requests. Thread-safe.
+/// The armed fault, if any, and the number of requests that it affects. Thread-safe.
 class FaultPlan {
  public:
-  /// The feed outlives the plan; it is told of every change.
-  explicit FaultPlan(EventBroadcaster& feed) : feed_(feed) {}
+  /// Publishes every change to `broadcaster`, which must outlive the plan.
+  explicit FaultPlan(EventBroadcaster& broadcaster) : broadcaster_(broadcaster) {}
 
-  /// Arms what the JSON object says ("next", "delay_ms", "status", "retry_after", "action"), or
-  /// clears everything ("clear": true). On failure nothing changes.
+  /// Arms the fault that a JSON object defines ("next", "delay_ms", "status", "retry_after",
+  /// "action"), or clears the armed one ("clear": true). On failure, returns an error and changes
+  /// nothing.
   Done set(std::string_view json);
+  /// Clears the armed fault.
   void clear();
-  /// The fault that the next request meets.
+  /// Returns the fault for the next request and counts it; nullopt when no fault is armed.
   std::optional<Fault> take();
-  /// What is armed: {"armed":null,"met":2}.
+  /// Returns the armed fault and the number of affected requests: {"armed":null,"met":2}.
   std::string toJson() const;
 
  private:
   std::string asJson() const;
-  void tell();
+  void publish();
 
-  EventBroadcaster& feed_;
+  EventBroadcaster& broadcaster_;
   mutable std::mutex mutex_;
   std::optional<Fault> armed_;
-  std::int64_t next_ = 0;  // 0: until it is changed
-  std::int64_t met_ = 0;   // requests since it was armed
+  std::int64_t next_ = 0;          // remaining requests; 0 means until changed
+  std::int64_t appliedCount_ = 0;  // requests affected since the fault was armed
 };
 
 }  // namespace jx

@@ -12,18 +12,18 @@ void FaultsApi::install(HttpServer& server) {
   const std::string path = "/api/faults";
   server.onGet(path,
                [this](const httplib::Request&, const std::string&, httplib::Response& response) {
-                 answerJson(response, 200, plan_.toJson());
+                 sendJson(response, 200, plan_.toJson());
                });
   server.onPost(
       path, [this](const httplib::Request&, const std::string& body, httplib::Response& response) {
         const Done set = plan_.set(body);
-        if (!set) return answerFailure(response, 400, set.error().text);
-        answerJson(response, 200, plan_.toJson());
+        if (!set) return sendError(response, 400, set.error().text);
+        sendJson(response, 200, plan_.toJson());
       });
   server.onDelete(path,
                   [this](const httplib::Request&, const std::string&, httplib::Response& response) {
                     plan_.clear();
-                    answerJson(response, 200, plan_.toJson());
+                    sendJson(response, 200, plan_.toJson());
                   });
 }
 

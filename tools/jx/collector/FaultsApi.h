@@ -7,13 +7,13 @@
 
 namespace jx {
 
-/// Arms, shows and clears the faults that devices meet.
+/// HTTP API to arm, show and clear faults.
 class FaultsApi {
  public:
-  /// The plan outlives the server that this is installed in.
+  /// `plan` must outlive the server in which this is installed.
   explicit FaultsApi(FaultPlan& plan) : plan_(plan) {}
 
-  /// Adds the routes; this object outlives the server.
+  /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:

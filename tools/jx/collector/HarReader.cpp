@@ -20,7 +20,7 @@ namespace {
 using Kind = JsonNode::Kind;
 
 constexpr std::int64_t kUnknown = -1;
-constexpr std::int64_t kTaken = 200;
+constexpr std::int64_t kAccepted = 200;
 
 std::string headerOf(const ReceivedRequest& request, const char* wanted, const char* otherwise) {
   for (const auto& [name, value] : request.headers) {
@@ -70,7 +70,7 @@ void writeRequest(JsonOut& out, const ReceivedRequest& request) {
 
 void writeResponse(JsonOut& out) {
   out.key("response").beginObject();
-  out.member("status", kTaken).member("statusText", "OK").member("httpVersion", "HTTP/1.1");
+  out.member("status", kAccepted).member("statusText", "OK").member("httpVersion", "HTTP/1.1");
   out.key("cookies").beginArray().endArray().key("headers").beginArray().endArray();
   out.key("content").beginObject();
   out.member("size", std::int64_t{0}).member("mimeType", "").endObject();
@@ -78,7 +78,7 @@ void writeResponse(JsonOut& out) {
   out.endObject();
 }
 
-// The path and what follows the question mark.
+// Splits a URL into the path and the query.
 void readUrl(std::string_view url, ReceivedRequest& request) {
   const std::size_t scheme = url.find("://");
   if (scheme != std::string_view::npos) url.remove_prefix(scheme + 3);
@@ -93,9 +93,9 @@ void readHeaders(const JsonTree& archive, std::uint32_t entry, ReceivedRequest& 
   const std::optional<std::uint32_t> headers = archive.find(entry, "headers");
   if (!headers || archive.node(*headers).kind != Kind::Array) return;
   forEachIn(archive, *headers, [&](std::uint32_t header) {
-    const std::optional<std::string> name = textMember(archive, header, "name");
+    const std::optional<std::string> name = stringMember(archive, header, "name");
     if (name)
-      request.headers.emplace_back(*name, textMember(archive, header, "value").value_or(""));
+      request.headers.emplace_back(*name, stringMember(archive, header, "value").value_or(""));
   });
 }
 
@@ -130,23 +130,26 @@ std::optional<std::uint32_t> harEntries(const JsonTree& archive) {
 
 Result<StoredEvent> eventFromHar(const JsonTree& archive, std::uint32_t entry) {
   const std::optional<std::uint32_t> request = archive.find(entry, "request");
-  if (!request || textMember(archive, *request, "method") != "POST") return Error{"is no POST"};
+  if (!request || stringMember(archive, *request, "method") != "POST") {
+    return Error{"method must be POST"};
+  }
   const std::optional<std::uint32_t> data = archive.find(*request, "postData");
-  const std::optional<std::string> text = data ? textMember(archive, *data, "text") : std::nullopt;
-  if (!text) return Error{"has no body"};
+  const std::optional<std::string> text =
+      data ? stringMember(archive, *data, "text") : std::nullopt;
+  if (!text) return Error{"postData.text must be a string"};
   const std::optional<std::int64_t> started =
-      msOfIsoTime(textMember(archive, entry, "startedDateTime").value_or(""));
-  if (!started) return Error{"has no startedDateTime"};
+      msOfIsoTime(stringMember(archive, entry, "startedDateTime").value_or(""));
+  if (!started) return Error{"startedDateTime must be an ISO 8601 time with an offset"};
   StoredEvent event;
   event.request.receivedMs = event.receivedMs = *started;
   event.lastSeenMs = integerMember(archive, entry, "_last_seen_ms").value_or(*started);
   event.repeats = std::max<std::int64_t>(0, integerMember(archive, entry, "_repeats").value_or(0));
   event.request.method = "POST";
-  readUrl(textMember(archive, *request, "url").value_or(""), event.request);
+  readUrl(stringMember(archive, *request, "url").value_or(""), event.request);
   readHeaders(archive, *request, event.request);
-  const std::optional<std::string> packed = textMember(archive, *data, "_base64");
-  const std::optional<std::string> body = packed ? fromBase64(*packed) : text;
-  if (!body) return Error{"has a _base64 that is none"};
+  const std::optional<std::string> encoded = stringMember(archive, *data, "_base64");
+  const std::optional<std::string> body = encoded ? fromBase64(*encoded) : text;
+  if (!body) return Error{"_base64 is not valid Base64"};
   event.request.body = *body;
   return event;
 }

@@ -13,21 +13,24 @@
 
 namespace jx {
 
-// Events in the HTTP archive format, version 1.2, which many programs show. What that has no place
-// for stands in members that begin with an underscore.
+// Events in the HTTP archive format (HAR 1.2), which many programs can display. Values for which
+// HAR has no member are stored in members whose names begin with an underscore.
 
-/// What stands before the entries, between two of them, and behind them.
+/// The text before the first entry, between two entries, and after the last entry.
 std::string harHead();
 constexpr std::string_view kHarBetween = ",\n";
 constexpr std::string_view kHarTail = "\n]}}\n";
+/// Serialises an event as an entry.
 std::string harEntry(const StoredEvent& event);
 
-/// The array of entries; absent when the text is no archive.
+/// Returns the array of entries; nullopt when the document is not an archive.
 std::optional<std::uint32_t> harEntries(const JsonTree& archive);
-/// One of the entries as an event. Fails when it holds none: no POST, or one without a text.
+/// Reads an event from an entry. Returns an error when the request is not a POST, has no body or
+/// time, or has an invalid _base64.
 Result<StoredEvent> eventFromHar(const JsonTree& archive, std::uint32_t entry);
 
-/// "2026-01-02T03:04:05.678Z", or with an offset "+01:00", in milliseconds since the Unix epoch.
+/// Parses "2026-01-02T03:04:05.678Z", or a time with an offset such as "+01:00". Returns
+/// milliseconds since the Unix epoch; nullopt for anything else.
 std::optional<std::int64_t> msOfIsoTime(std::string_view text);
 
 }  // namespace jx

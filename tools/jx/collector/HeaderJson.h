@@ -11,11 +11,11 @@ namespace jx {
 
 using HeaderList = std::vector<std::pair<std::string, std::string>>;
 
-/// Headers as a JSON array of {"name": ..., "value": ...}, which keeps those that come twice. Bytes
-/// that are not UTF-8 become U+FFFD.
+/// Serialises headers as a JSON array of {"name": ..., "value": ...}, which preserves duplicates.
+/// Bytes that are not UTF-8 become U+FFFD.
 std::string headersToJson(const HeaderList& headers);
 
-/// The other way round; what does not have that shape is left out.
+/// Parses the output of headersToJson(). Skips entries of any other form.
 HeaderList headersFromJson(std::string_view json);
 
 }  // namespace jx

@@ -20,13 +20,13 @@ namespace {
 
 constexpr int kAcceptPauseMs = 20;
 
-// A connection has one thread while it is open, and cpp-httplib does not hand the connection to
-// its handlers: they say here that it must not be used further.
-thread_local bool closeAfterAnswer = false;
+// A connection has one thread while it is open. cpp-httplib does not pass the connection to its
+// handlers, so handlers set this to close the connection after the response.
+thread_local bool closeAfterResponse = false;
 thread_local ConnectionStream* connectionOfThread = nullptr;
 
 void closeAfter(httplib::Response& response) {
-  closeAfterAnswer = true;
+  closeAfterResponse = true;
   response.set_header("Connection", "close");
 }
 
@@ -45,17 +45,17 @@ HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
     : tls_(std::move(tls)), limits_(limits), workers_(limits.threads) {
   set_keep_alive_timeout(std::chrono::duration_cast<std::chrono::seconds>(limits.idle).count());
   set_keep_alive_max_count(std::numeric_limits<int>::max());
-  // The reader of bodies counts for itself, because this limit does not hold for chunked ones.
+  // This limit does not apply to chunked bodies, so readBodyThenCall() counts the bytes as well.
   set_payload_max_length(limits.uploadBytes);
   set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
-    return refuseOrPass(request, response);
+    return rejectOrPass(request, response);
   });
   set_expect_100_continue_handler(
       [this](const httplib::Request& request, httplib::Response& response) {
-        return refuseOrPass(request, response) == HandlerResponse::Handled ? response.status : 100;
+        return rejectOrPass(request, response) == HandlerResponse::Handled ? response.status : 100;
       });
   set_exception_handler(
-      // The type is the library's.
+      // cpp-httplib defines the parameter type.
       // NOLINTNEXTLINE(performance-unnecessary-value-param)
       [](const httplib::Request&, httplib::Response& response, std::exception_ptr) {
         response.status = 500;
@@ -96,8 +96,8 @@ void HttpServer::onPost(const std::string& path, RouteHandler handler) {
 
 void HttpServer::onDelete(const std::string& path, RouteHandler handler) {
   const Route& route = addRoute("DELETE", path);
-  // With a reader that is not used: without one, cpp-httplib would wait for a body until the client
-  // closes the connection.
+  // The content reader is required although it is unused: without it, cpp-httplib would wait for a
+  // body until the client closes the connection.
   Delete(literalPattern(route.path) + (route.isPrefix ? ".*" : ""),
          [handler = std::move(handler)](
              const httplib::Request& request, httplib::Response& response,
@@ -127,13 +127,13 @@ void HttpServer::onUpload(const std::string& path, UploadHandler handler) {
 
 ConnectionStream& HttpServer::connection() { return *connectionOfThread; }
 
-void HttpServer::onEveryRequest(
+void HttpServer::setRequestGuard(
     std::function<bool(const httplib::Request&, httplib::Response&)> guard) {
   guard_ = std::move(guard);
 }
 
-int HttpServer::refusal(const httplib::Request& request, httplib::Response& response) const {
-  // cpp-httplib matches paths by regular expressions, which recurse once per character.
+int HttpServer::routingError(const httplib::Request& request, httplib::Response& response) const {
+  // cpp-httplib matches paths with regular expressions, which recurse once per character.
   if (request.path.size() > limits_.pathBytes) return 404;
   std::string allowed;
   bool isAllowed = false;
@@ -152,17 +152,17 @@ int HttpServer::refusal(const httplib::Request& request, httplib::Response& resp
     return 405;
   }
   if (request.get_header_value("Upgrade") == "websocket") return 400;
-  return framingRefusal(request, maxBody);
+  return framingError(request, maxBody);
 }
 
-httplib::Server::HandlerResponse HttpServer::refuseOrPass(const httplib::Request& request,
+httplib::Server::HandlerResponse HttpServer::rejectOrPass(const httplib::Request& request,
                                                           httplib::Response& response) {
-  const bool isAnswered = guard_ && guard_(request, response);
-  const int status = isAnswered ? response.status : refusal(request, response);
+  const bool hasResponse = guard_ && guard_(request, response);
+  const int status = hasResponse ? response.status : routingError(request, response);
   if (status == 0) return HandlerResponse::Unhandled;
   response.status = status;
-  // The body that was announced stays unread.
-  if (announcesBody(request)) closeAfter(response);
+  // The declared body stays unread, so the connection cannot be reused.
+  if (declaresBody(request)) closeAfter(response);
   return HandlerResponse::Handled;
 }
 
@@ -188,7 +188,7 @@ Done HttpServer::start(const std::string& address, int port) {
   Result<ListeningSocket> socket = ListeningSocket::open(address, port);
   if (!socket) return socket.error();
   port_ = socket->port();
-  // What cpp-httplib looks at to see that it is not being stopped.
+  // cpp-httplib considers itself running while this socket is valid.
   svr_sock_ = socket->fd();
   listening_.push_back(std::move(*socket));
   accepting_ = std::thread([this] { acceptConnections(); });
@@ -208,7 +208,7 @@ void HttpServer::acceptConnections() {
     const bool isFull = connections_.load() >= limits_.connections;
     std::array<pollfd, 2> states{pollfd{stop_.fd(), POLLIN, 0},
                                  pollfd{listening_.front().fd(), POLLIN, 0}};
-    // While it is full, further clients wait in the backlog.
+    // At the connection limit, new clients wait in the backlog.
     ::poll(states.data(), isFull ? 1 : 2, isFull ? kAcceptPauseMs : -1);
     if (!isFull && states[1].revents != 0) acceptOne();
   }
@@ -217,7 +217,7 @@ void HttpServer::acceptConnections() {
 void HttpServer::acceptOne() {
   const int fd = ::accept4(listening_.front().fd(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
   if (fd < 0) {
-    // Out of descriptors or memory: connections that end give some back.
+    // Out of descriptors or memory: wait, because connections that end release some.
     const bool isScarce = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
     pollfd stop{stop_.fd(), POLLIN, 0};
     if (isScarce) ::poll(&stop, 1, kAcceptPauseMs);
@@ -236,32 +236,32 @@ void HttpServer::serve(int fd) {
     ConnectionStream stream(fd, tls_.get(), limits_, stop_);
     if (stream.open()) serveRequests(stream);
   } catch (const std::exception&) {
-    // Out of memory: this connection ends, the others go on.
+    // Out of memory: only this connection ends.
   }
   --connections_;
 }
 
 void HttpServer::serveRequests(ConnectionStream& stream) {
-  bool isInStep = true;
-  bool closesAnyway = false;
+  bool isSynchronised = true;
+  bool closesConnection = false;
   connectionOfThread = &stream;
-  while (isInStep && !closesAnyway && stream.awaitRequest()) {
+  while (isSynchronised && !closesConnection && stream.awaitRequest()) {
     bool isParsed = false;
-    closeAfterAnswer = false;
-    const bool isAnswered =
-        process_request(stream, stop_.isRaised(), closesAnyway, [&](httplib::Request& request) {
+    closeAfterResponse = false;
+    const bool hasResponse =
+        process_request(stream, stop_.isRaised(), closesConnection, [&](httplib::Request& request) {
           isParsed = true;
           request.headers = headersAsSent(stream.head());
-          // cpp-httplib compresses for whoever takes Brotli, at its slowest level: a second for
-          // what a browser on this machine reads in a millisecond.
+          // cpp-httplib compresses for clients that accept Brotli, at its slowest level. That takes
+          // a second for a response that a local browser reads in a millisecond.
           if (tls_ == nullptr) request.headers.erase("Accept-Encoding");
           stream.endHead();
         });
-    // After a head that was not understood nobody knows where the next request begins.
-    isInStep = isAnswered && isParsed && !closeAfterAnswer;
+    // After an invalid head, the start of the next request is unknown.
+    isSynchronised = hasResponse && isParsed && !closeAfterResponse;
   }
   stream.sendCloseNotify();
-  if (!isInStep) stream.drain();
+  if (!isSynchronised) stream.drain();
 }
 
 }  // namespace jx

@@ -22,43 +22,48 @@ namespace jx {
 
 class ConnectionStream;
 
-/// An HTTP/1.1 server, plain or TLS, with a table of routes. The reading and writing of messages is
-/// cpp-httplib's; connections, threads and limits are our own, because an inspector has to bound
-/// what a client takes, to end at once, and to see headers as they were sent.
+/// An HTTP/1.1 server, plain or TLS, with a route table. cpp-httplib reads and writes the messages.
+/// This class manages connections, threads and limits, because the collector must limit the
+/// resources of clients, stop immediately, and see headers exactly as sent.
 class HttpServer : private httplib::Server {
  public:
-  /// `body` is whole and at most as long as the limits allow. Called on the thread of its
-  /// connection, several at a time. Sets the answer; what it throws is answered with 500.
+  /// Sets the response to a request. `body` is complete and within the limits. Called on the thread
+  /// of the connection, concurrently for several connections. An exception results in status 500.
   using RouteHandler = std::function<void(const httplib::Request& request, const std::string& body,
                                           httplib::Response& response)>;
 
-  /// `tls` is null for a plain server.
+  /// A null `tls` creates a plain HTTP server.
   explicit HttpServer(SslContextHandle tls = nullptr, HttpLimits limits = HttpLimits());
-  /// Stops.
+  /// Calls stopServing().
   ~HttpServer() override;
 
-  /// GET, and HEAD with it. A path that ends with a slash and a star takes all paths under it.
-  /// Routes are added before the start.
+  /// Adds a route for GET and HEAD. A path that ends with a slash and a star matches all paths
+  /// below it. Add all routes before start().
   void onGet(const std::string& path, RouteHandler handler);
+  /// Adds a route for POST. The body is read before the handler is called.
   void onPost(const std::string& path, RouteHandler handler);
+  /// Adds a route for DELETE.
   void onDelete(const std::string& path, RouteHandler handler);
-  /// A POST whose body is read in parts, up to the limit of an upload. `read` calls its argument
-  /// with each part until that gives false; it gives false when the body broke off.
+  /// Calls `take` with each part of the body until it returns false. Returns false when the body is
+  /// incomplete.
   using BodyReader = std::function<bool(const std::function<bool(std::string_view)>& take)>;
   using UploadHandler = std::function<void(const httplib::Request& request, const BodyReader& read,
                                            httplib::Response& response)>;
+  /// Adds a route for POST whose handler reads the body in parts, up to the upload limit.
   void onUpload(const std::string& path, UploadHandler handler);
-  /// The connection of the request that the calling thread answers: for handlers, and for what
-  /// gives an answer in parts.
+  /// Returns the connection that the calling thread serves. Call only from handlers and from
+  /// content providers of chunked responses.
   static ConnectionStream& connection();
-  /// Asked first, before the routes and before the body is read: true when it has set an answer.
-  void onEveryRequest(std::function<bool(const httplib::Request&, httplib::Response&)> guard);
+  /// Sets a function that is called for every request, before routing and before the body is read.
+  /// It returns true when it has set the response.
+  void setRequestGuard(std::function<bool(const httplib::Request&, httplib::Response&)> guard);
 
-  /// Port 0 takes any that is free. Started once.
+  /// Starts listening. Port 0 selects a free port. Call once.
   Done start(const std::string& address, int port);
-  /// The port that it listens on.
+  /// Returns the port on which the server listens.
   int listeningPort() const { return port_; }
-  /// Ends all connections: idle ones at once, the others after a moment's grace. May be repeated.
+  /// Closes all connections: idle ones immediately, the others after the grace period. Returns when
+  /// all threads have ended. Can be called again.
   void stopServing();
 
  private:
@@ -71,8 +76,8 @@ class HttpServer : private httplib::Server {
   };
 
   Route& addRoute(const std::string& method, const std::string& path);
-  HandlerResponse refuseOrPass(const httplib::Request& request, httplib::Response& response);
-  int refusal(const httplib::Request& request, httplib::Response& response) const;
+  HandlerResponse rejectOrPass(const httplib::Request& request, httplib::Response& response);
+  int routingError(const httplib::Request& request, httplib::Response& response) const;
   void readBodyThenCall(const RouteHandler& handler, const httplib::Request& request,
                         httplib::Response& response, const httplib::ContentReader& reader) const;
   void acceptConnections();

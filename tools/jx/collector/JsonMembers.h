@@ -12,15 +12,15 @@
 
 namespace jx {
 
-/// A text in an object; absent when there is none.
-inline std::optional<std::string> textMember(const JsonTree& tree, std::uint32_t object,
-                                             std::string_view key) {
+/// Returns the string under `key`; nullopt when it is missing or not a string.
+inline std::optional<std::string> stringMember(const JsonTree& tree, std::uint32_t object,
+                                               std::string_view key) {
   const std::optional<std::uint32_t> value = tree.find(object, key);
   if (!value || tree.node(*value).kind != JsonNode::Kind::String) return std::nullopt;
   return std::string(tree.node(*value).text);
 }
 
-/// A whole number in an object; absent when there is none.
+/// Returns the integer under `key`; nullopt when it is missing or not an integer.
 inline std::optional<std::int64_t> integerMember(const JsonTree& tree, std::uint32_t object,
                                                  std::string_view key) {
   const std::optional<std::uint32_t> value = tree.find(object, key);

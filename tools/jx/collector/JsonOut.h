@@ -9,7 +9,8 @@
 
 namespace jx {
 
-/// Writes one JSON text. Bytes that are not UTF-8 become U+FFFD; what is absent becomes null.
+/// Writes one JSON value. Bytes that are not UTF-8 become U+FFFD; nullopt becomes null. The caller
+/// is responsible for a valid sequence of calls.
 class JsonOut {
  public:
   JsonOut& beginObject() { return open('{'); }

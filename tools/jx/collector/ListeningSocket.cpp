@@ -16,7 +16,7 @@
 namespace jx {
 namespace {
 
-// Many devices, or one with a long queue, may connect at the same moment.
+// Many devices may connect at the same time.
 constexpr int kBacklog = 4096;
 
 struct FreeAddresses {
@@ -36,7 +36,7 @@ int boundPort(int fd) {
 
 bool bindAndListen(int fd, const addrinfo& address) {
   const int on = 1;
-  // Only this option: sharing the port would let a second collector start beside the first.
+  // Not SO_REUSEPORT, which would let a second collector share the port.
   ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
   return ::bind(fd, address.ai_addr, address.ai_addrlen) == 0 && ::listen(fd, kBacklog) == 0;
 }
@@ -44,7 +44,7 @@ bool bindAndListen(int fd, const addrinfo& address) {
 }  // namespace
 
 Result<ListeningSocket> ListeningSocket::open(const std::string& address, int port) {
-  const std::string where = "port " + std::to_string(port) + " of " + address;
+  const std::string where = address + " port " + std::to_string(port);
   addrinfo hints{};
   hints.ai_socktype = SOCK_STREAM;
   hints.ai_flags = AI_PASSIVE | AI_NUMERICSERV;
@@ -56,7 +56,8 @@ Result<ListeningSocket> ListeningSocket::open(const std::string& address, int po
   if (fd >= 0 && bindAndListen(fd, *addresses)) return ListeningSocket(fd, boundPort(fd));
   const int error = errno;
   if (fd >= 0) ::close(fd);
-  if (error == EADDRINUSE) return Error{where + " is in use by another program"};
+  if (error == EADDRINUSE)
+    return Error{"cannot listen on " + where + ": the port is already in use"};
   return Error{"cannot listen on " + where + ": " + std::generic_category().message(error)};
 }
 

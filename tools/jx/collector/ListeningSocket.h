@@ -8,10 +8,10 @@
 
 namespace jx {
 
-/// A TCP socket that waits for connections; closed when it goes.
+/// A listening TCP socket. The destructor closes it.
 class ListeningSocket {
  public:
-  /// `address` is an IP address or a name; port 0 takes any that is free.
+  /// Binds and listens. `address` is an IP address or a host name. Port 0 selects a free port.
   static Result<ListeningSocket> open(const std::string& address, int port);
 
   ListeningSocket(ListeningSocket&& other) noexcept;

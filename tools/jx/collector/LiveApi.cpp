@@ -20,7 +20,7 @@ constexpr std::int64_t kMaxCount = 1000;
 constexpr std::int64_t kMaxSeconds = 300;
 constexpr std::int64_t kSeconds = 10;
 
-// Absent when the parameter is wrong.
+// Returns `otherwise` when the parameter is not set, and nullopt when it is invalid.
 std::optional<std::int64_t> parameter(const httplib::Request& request, const char* name,
                                       std::int64_t otherwise, std::int64_t most) {
   if (!request.has_param(name)) return otherwise;
@@ -30,13 +30,13 @@ std::optional<std::int64_t> parameter(const httplib::Request& request, const cha
 
 }  // namespace
 
-// One of the bounded number of answers that may wait.
-class LiveApi::Seat {
+// One of the limited number of responses that may wait for events. Released by the destructor.
+class LiveApi::Slot {
  public:
-  explicit Seat(std::atomic<std::size_t>& taken) : taken_(taken) {}
-  ~Seat() { --taken_; }
-  Seat(const Seat&) = delete;
-  Seat& operator=(const Seat&) = delete;
+  explicit Slot(std::atomic<std::size_t>& taken) : taken_(taken) {}
+  ~Slot() { --taken_; }
+  Slot(const Slot&) = delete;
+  Slot& operator=(const Slot&) = delete;
 
  private:
   std::atomic<std::size_t>& taken_;
@@ -52,29 +52,30 @@ void LiveApi::install(HttpServer& server) {
   });
 }
 
-std::shared_ptr<LiveApi::Seat> LiveApi::takeSeat(httplib::Response& response) {
-  if (++answers_ <= maxAnswers_) return std::make_shared<Seat>(answers_);
-  --answers_;
+std::shared_ptr<LiveApi::Slot> LiveApi::acquireSlot(httplib::Response& response) {
+  if (++openResponses_ <= maxResponses_) return std::make_shared<Slot>(openResponses_);
+  --openResponses_;
   response.set_header("Retry-After", "5");
-  answerFailure(response, 503, "too many answers are waiting already");
+  sendError(response, 503, "too many waiting responses");
   return nullptr;
 }
 
 void LiveApi::stream(const httplib::Request& request, httplib::Response& response) {
   Result<EventQuery> query = filtersOf(request, kMaxCount);
-  if (!query) return answerFailure(response, 400, query.error().text);
+  if (!query) return sendError(response, 400, query.error().text);
   if (request.has_header("Last-Event-ID")) {
     query->after = wholeNumber(request.get_header_value("Last-Event-ID"));
-    if (!query->after) return answerFailure(response, 400, "Last-Event-ID is a whole number");
+    if (!query->after)
+      return sendError(response, 400, "Last-Event-ID must be a non-negative integer");
   }
-  std::shared_ptr<Seat> seat = takeSeat(response);
-  if (!seat) return;
+  std::shared_ptr<Slot> slot = acquireSlot(response);
+  if (!slot) return;
   setWebHeaders(response);
-  // Watches from now on, so that nothing falls between the answer's head and its first part.
+  // Subscribes now, so that no event is lost between the response header and the first part.
   auto events = std::make_shared<EventStream>(store_, faults_, query->after, timing_.heartbeat,
                                               timing_.pause);
   response.set_chunked_content_provider(
-      "text/event-stream", [events, seat](std::size_t, httplib::DataSink& sink) {
+      "text/event-stream", [events, slot](std::size_t, httplib::DataSink& sink) {
         events->run(HttpServer::connection(), [&sink](const std::string& part) {
           return sink.write(part.data(), part.size());
         });
@@ -85,23 +86,23 @@ void LiveApi::stream(const httplib::Request& request, httplib::Response& respons
 
 void LiveApi::await(const httplib::Request& request, httplib::Response& response) {
   const Result<EventQuery> query = filtersOf(request, kMaxCount);
-  if (!query) return answerFailure(response, 400, query.error().text);
+  if (!query) return sendError(response, 400, query.error().text);
   const auto count = parameter(request, "count", 1, kMaxCount);
   const auto seconds = parameter(request, "timeout", kSeconds, kMaxSeconds);
-  if (!count || *count < 1) return answerFailure(response, 400, "count is 1 to 1000");
-  if (!seconds) return answerFailure(response, 400, "timeout is 0 to 300 seconds");
-  const std::shared_ptr<Seat> seat = takeSeat(response);
-  if (!seat) return;
+  if (!count || *count < 1) return sendError(response, 400, "count must be between 1 and 1000");
+  if (!seconds) return sendError(response, 400, "timeout must be between 0 and 300 seconds");
+  const std::shared_ptr<Slot> slot = acquireSlot(response);
+  if (!slot) return;
   const Result<std::string> json =
       awaitEvents(*query, static_cast<std::size_t>(*count), std::chrono::seconds(*seconds));
-  if (!json) return answerFailure(response, 500, json.error().text);
-  answerJson(response, 200, *json);
+  if (!json) return sendError(response, 500, json.error().text);
+  sendJson(response, 200, *json);
 }
 
 Result<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
                                          std::chrono::milliseconds time) {
   const Clock::time_point ends = Clock::now() + time;
-  EventBroadcaster::Subscription subscription(store_.feed());
+  EventBroadcaster::Subscription subscription(store_.broadcaster());
   std::vector<EventRow> found;
   query.after = query.after.value_or(0);
   for (;;) {
@@ -111,13 +112,13 @@ Result<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
     if (!rows) return rows.error();
     found.insert(found.end(), rows->begin(), rows->end());
     if (found.size() == count) break;
-    // What was looked at once is not looked at again.
+    // Do not read the same rows again.
     query.after =
         std::max(*query.after, rows->empty() ? newest : std::max(newest, rows->back().id));
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(ends - Clock::now());
     if (left.count() <= 0) break;
-    const auto woken = HttpServer::connection().waitBetween(subscription.fd(), left);
-    if (woken == ConnectionStream::Woken::ByEnd) break;
+    const auto woken = HttpServer::connection().waitInterruptibly(subscription.fd(), left);
+    if (woken == ConnectionStream::WakeReason::Closed) break;
   }
   JsonOut out;
   out.beginObject().key("events").beginArray();

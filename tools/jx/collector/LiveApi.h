@@ -14,28 +14,29 @@
 
 namespace jx {
 
-/// How answers that wait for events keep time.
+/// Intervals of responses that wait for events.
 struct LiveTiming {
-  std::chrono::milliseconds heartbeat{15'000};  ///< of a stream in which nothing happens
-  std::chrono::milliseconds pause{40};  ///< between two parts of a stream: nobody reads faster
+  std::chrono::milliseconds heartbeat{15'000};  ///< interval of comment lines on a silent stream
+  std::chrono::milliseconds pause{40};          ///< minimum interval between two parts of a stream
 };
 
-/// Answers that wait for what happens: the stream of arrivals, and waiting for a number of events.
-/// Each takes a thread while it lasts, so there is a bound on them.
+/// Responses that wait for events: the event stream (SSE) and waiting for a number of events. Each
+/// occupies a thread while it is open, so their number is limited.
 class LiveApi {
  public:
-  /// Both outlive the server that this is installed in.
-  LiveApi(EventStore& store, const FaultPlan& faults, std::size_t maxAnswers, LiveTiming timing)
-      : store_(store), faults_(faults), maxAnswers_(maxAnswers), timing_(timing) {}
+  /// `store` and `faults` must outlive the server in which this is installed. `maxResponses` limits
+  /// the number of responses that wait at the same time.
+  LiveApi(EventStore& store, const FaultPlan& faults, std::size_t maxResponses, LiveTiming timing)
+      : store_(store), faults_(faults), maxResponses_(maxResponses), timing_(timing) {}
 
-  /// Adds the routes; this object outlives the server.
+  /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:
-  class Seat;
+  class Slot;
 
-  /// Null, with an answer set, when there is none.
-  std::shared_ptr<Seat> takeSeat(httplib::Response& response);
+  /// Returns null and sets a 503 response when all slots are in use.
+  std::shared_ptr<Slot> acquireSlot(httplib::Response& response);
   void stream(const httplib::Request& request, httplib::Response& response);
   void await(const httplib::Request& request, httplib::Response& response);
   Result<std::string> awaitEvents(EventQuery query, std::size_t count,
@@ -43,9 +44,9 @@ class LiveApi {
 
   EventStore& store_;
   const FaultPlan& faults_;
-  const std::size_t maxAnswers_;
+  const std::size_t maxResponses_;
   const LiveTiming timing_;
-  std::atomic<std::size_t> answers_{0};
+  std::atomic<std::size_t> openResponses_{0};
 };
 
 }  // namespace jx

@@ -7,16 +7,16 @@
 
 namespace jx {
 
-/// One file of the inspector's page, as the build found it in tools/jx/collector/page.
+/// One file of the inspector web UI, embedded by the build from tools/jx/collector/page.
 struct PageFile {
   std::string_view name;  ///< "index.html"
   std::string_view content;
 };
 
-/// In order of name. Its source is written by the build (EmbedPage.cmake).
+/// Returns all files, sorted by name. EmbedPage.cmake generates the source of this function.
 const std::vector<PageFile>& pageFiles();
 
-/// By the ending of the name.
+/// Returns the media type for the extension of a file name.
 const char* contentTypeOf(std::string_view fileName);
 
 }  // namespace jx

@@ -9,15 +9,16 @@
 
 namespace jx {
 
-/// True when the head announces a body.
-bool announcesBody(const httplib::Request& request);
+/// True when the request head declares a body.
+bool declaresBody(const httplib::Request& request);
 
-/// The status with which a request is refused because of how its body is announced: 400 when it is
-/// contradictory, 411 when its length is unknown, 413 when it is longer than `maxBody`, 415 when it
-/// is packed in a way that is not unpacked here. 0 when the body can be read.
-int framingRefusal(const httplib::Request& request, std::size_t maxBody);
+/// Returns the status for a request whose body cannot be read: 400 for contradictory headers, 411
+/// for an unknown length, 413 when it is longer than `maxBody`, 415 for an unsupported content
+/// encoding or multipart form data, 501 for an unsupported transfer encoding. Returns 0 when it can
+/// be read.
+int framingError(const httplib::Request& request, std::size_t maxBody);
 
-/// The headers of a request head as they were sent: values are not decoded.
+/// Parses the headers of a request head without decoding their values.
 httplib::Headers headersAsSent(const std::string& head);
 
 }  // namespace jx

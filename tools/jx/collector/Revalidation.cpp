@@ -23,9 +23,9 @@ Done validateAll(SqliteDatabase& database) {
     update->bind(1, select->integer(0));
     update->bind(2, static_cast<std::int64_t>(body.size()));
     bindValidationResult(*update, 3, validation);
-    if (update->step() != SQLITE_DONE) return database.lastFailure("cannot judge the events");
+    if (update->step() != SQLITE_DONE) return database.lastFailure("cannot revalidate events");
   }
-  return status == SQLITE_DONE ? done() : database.lastFailure("cannot judge the events");
+  return status == SQLITE_DONE ? done() : database.lastFailure("cannot revalidate events");
 }
 
 }  // namespace
@@ -34,32 +34,32 @@ Done revalidateWhereNeeded(SqliteDatabase& database) {
   const Result<std::int64_t> rules =
       database.oneInteger("SELECT value FROM counters WHERE name = 'rules'");
   if (!rules) return rules.error();
-  if (*rules == ValidationResult::rules()) return done();
+  if (*rules == ValidationResult::rulesVersion()) return done();
   if (const Done began = database.execute("BEGIN IMMEDIATE"); !began) return began;
-  const Done judged = validateAll(database);
-  if (!judged) {
+  const Done validated = validateAll(database);
+  if (!validated) {
     static_cast<void>(database.execute("ROLLBACK"));
-    return judged;
+    return validated;
   }
   return database.execute(
-      "UPDATE counters SET value = " + std::to_string(ValidationResult::rules()) +
+      "UPDATE counters SET value = " + std::to_string(ValidationResult::rulesVersion()) +
       " WHERE name = 'rules'; COMMIT");
 }
 
 void bindValidationResult(SqliteStatement& statement, int first,
                           const ValidationResult& validation) {
-  const EventMetadata& facts = validation.facts;
-  statement.bind(first, facts.name);
+  const EventMetadata& metadata = validation.metadata;
+  statement.bind(first, metadata.name);
   if (!validation.className.empty()) statement.bindText(first + 1, validation.className);
-  statement.bind(first + 2, std::int64_t{validation.isGood() ? 1 : 0});
-  statement.bind(first + 3, validation.reasons.errors());
-  statement.bind(first + 4, validation.reasons.notes());
-  statement.bind(first + 5, facts.session);
-  statement.bind(first + 6, facts.videoSession);
-  statement.bind(first + 7, facts.eventTimestamp);
-  statement.bind(first + 8, facts.site);
-  statement.bind(first + 9, facts.token);
-  statement.bind(first + 10, facts.problem);
+  statement.bind(first + 2, std::int64_t{validation.isValid() ? 1 : 0});
+  statement.bind(first + 3, validation.diagnostics.errors());
+  statement.bind(first + 4, validation.diagnostics.warnings());
+  statement.bind(first + 5, metadata.session);
+  statement.bind(first + 6, metadata.videoSession);
+  statement.bind(first + 7, metadata.eventTimestamp);
+  statement.bind(first + 8, metadata.site);
+  statement.bind(first + 9, metadata.token);
+  statement.bind(first + 10, metadata.problem);
   statement.bindText(first + 11, validation.line);
 }
 

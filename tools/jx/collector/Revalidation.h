@@ -8,12 +8,13 @@
 
 namespace jx {
 
-/// Judges all that is kept again when it was judged by other rules, or never.
+/// Validates all stored events again when the rules have changed, or when they were never
+/// validated.
 Done revalidateWhereNeeded(SqliteDatabase& database);
 
-/// Binds what a validation says to the twelve parameters from `first` on: name, class, good,
-/// errors, notes, session, video session, event timestamp, site, token, problem, line. The
-/// validation must stay alive until the statement is reset.
+/// Binds a validation result to twelve parameters, starting at `first`: name, class, good, errors,
+/// notes, session, video session, event timestamp, site, token, problem, line. `validation` must
+/// stay alive until the statement is reset.
 void bindValidationResult(SqliteStatement& statement, int first,
                           const ValidationResult& validation);
 

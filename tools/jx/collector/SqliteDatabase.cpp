@@ -74,7 +74,7 @@ Done SqliteDatabase::execute(const std::string& sql) {
   if (sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK) {
     return done();
   }
-  return lastFailure("the database refused");
+  return lastFailure("database error");
 }
 
 Result<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
@@ -83,14 +83,14 @@ Result<SqliteStatement> SqliteDatabase::prepare(std::string_view sql) {
                                         SQLITE_PREPARE_PERSISTENT, &raw, nullptr);
   SqliteStatement statement;
   statement.handle_.reset(raw);
-  if (status != SQLITE_OK) return lastFailure("the database refused");
+  if (status != SQLITE_OK) return lastFailure("database error");
   return statement;
 }
 
 Result<std::int64_t> SqliteDatabase::oneInteger(std::string_view sql) {
   Result<SqliteStatement> statement = prepare(sql);
   if (!statement) return statement.error();
-  if (statement->step() != SQLITE_ROW) return lastFailure("cannot read the events");
+  if (statement->step() != SQLITE_ROW) return lastFailure("cannot read events");
   return statement->integer(0);
 }
 
@@ -99,7 +99,7 @@ Done SqliteDatabase::defineFunction(const char* name, int arguments,
                                     void* data) {
   const int status = sqlite3_create_function_v2(handle_.get(), name, arguments, SQLITE_UTF8, data,
                                                 function, nullptr, nullptr, nullptr);
-  return status == SQLITE_OK ? done() : lastFailure("the database refused");
+  return status == SQLITE_OK ? done() : lastFailure("database error");
 }
 
 Error SqliteDatabase::lastFailure(const std::string& action) const {

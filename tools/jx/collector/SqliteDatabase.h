@@ -15,24 +15,24 @@
 
 namespace jx {
 
-/// A prepared statement. Reset it by a `SqliteUse` before it is used again. Not thread-safe.
+/// A prepared statement. Reset it with `SqliteUse` before using it again. Not thread-safe.
 class SqliteStatement {
  public:
   SqliteStatement() = default;
 
-  /// Parameters count from 1. The text must stay alive until the statement is reset; absent is
-  /// NULL.
+  /// Binds a value to a parameter; numbering starts at 1. Strings must stay alive until the
+  /// statement is reset. nullopt binds NULL.
   void bind(int parameter, std::int64_t value);
   void bind(int parameter, const std::optional<std::int64_t>& value);
   void bind(int parameter, const std::optional<std::string>& text);
   void bindText(int parameter, std::string_view text);
   void bindBytes(int parameter, std::string_view bytes);
 
-  /// SQLITE_ROW, SQLITE_DONE or an error code.
+  /// Returns SQLITE_ROW, SQLITE_DONE or an error code.
   int step();
   void reset();
 
-  /// Columns count from 0.
+  /// Reads a column of the current row; numbering starts at 0.
   std::int64_t integer(int column) const;
   std::optional<std::int64_t> optionalInteger(int column) const;
   std::string bytes(int column) const;
@@ -46,7 +46,8 @@ class SqliteStatement {
   std::unique_ptr<sqlite3_stmt, Finalize> handle_;
 };
 
-/// Resets a statement at the end of a block, so that it holds no lock and no pointer after it.
+/// Resets a statement at the end of a scope, which releases its locks and its pointers to bound
+/// values.
 class SqliteUse {
  public:
   explicit SqliteUse(SqliteStatement& statement) : statement_(statement) {}
@@ -58,22 +59,23 @@ class SqliteUse {
   SqliteStatement& statement_;
 };
 
-/// One connection to a database file. Its owner makes sure that one thread uses it at a time.
+/// One connection to a database file. Not thread-safe: callers must serialise access.
 class SqliteDatabase {
  public:
+  /// Opens or creates the file.
   static Result<SqliteDatabase> open(const std::filesystem::path& file);
 
-  /// Runs statements that give no rows.
+  /// Runs statements that return no rows.
   Done execute(const std::string& sql);
   Result<SqliteStatement> prepare(std::string_view sql);
-  /// Runs a statement that gives one integer.
+  /// Runs a statement that returns one integer.
   Result<std::int64_t> oneInteger(std::string_view sql);
   std::int64_t lastInsertedRow() const { return sqlite3_last_insert_rowid(handle_.get()); }
-  /// Makes a function known to the statements of this connection; its answer depends on nothing
-  /// but its arguments and `data`, which outlives the connection.
+  /// Registers an SQL function on this connection. Its result must depend only on its arguments and
+  /// on `data`, which must outlive the connection.
   Done defineFunction(const char* name, int arguments,
                       void (*function)(sqlite3_context*, int, sqlite3_value**), void* data);
-  /// Why the last operation failed.
+  /// Returns the error of the last failed operation, prefixed with `action`.
   Error lastFailure(const std::string& action) const;
 
  private:

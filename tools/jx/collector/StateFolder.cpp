@@ -43,7 +43,7 @@ Result<StateFolder> StateFolder::open(const std::filesystem::path& path) {
   if (!error && ::mkdir(path.c_str(), kOwnerOnly) != 0 && errno != EEXIST) {
     error.assign(errno, std::generic_category());
   }
-  if (error) return Error{"cannot make the state folder " + text + ": " + error.message()};
+  if (error) return Error{"cannot create the state folder " + text + ": " + error.message()};
   const std::string lockFile = (path / "lock").string();
   const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (lock < 0) {
@@ -56,13 +56,13 @@ Result<StateFolder> StateFolder::open(const std::filesystem::path& path) {
 }
 
 Result<std::filesystem::path> StateFolder::defaultPath() {
-  // The program has one thread yet.
+  // The program is still single-threaded here.
   const char* const state = std::getenv("XDG_STATE_HOME");  // NOLINT(concurrency-mt-unsafe)
-  // A relative one is to be ignored, says the rule for these variables.
+  // The XDG Base Directory rules require relative paths to be ignored.
   if (state != nullptr && state[0] == '/') return std::filesystem::path(state) / "jx-collector";
   const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe)
   if (home == nullptr || home[0] != '/') {
-    return Error{"no home folder to keep the collector's state in; name one with --state"};
+    return Error{"HOME must be an absolute path; alternatively set the state folder with --state"};
   }
   return std::filesystem::path(home) / ".local/state/jx-collector";
 }

@@ -8,13 +8,14 @@
 
 namespace jx {
 
-/// The folder in which the collector keeps its things. While this object lives, no other process
-/// opens it.
+/// The folder in which the collector stores its files. Locked: while this object exists, no other
+/// process can open the folder.
 class StateFolder {
  public:
-  /// Makes the folder, closed to other users, when it is missing.
+  /// Opens the folder. Creates it, accessible to its owner only, when it is missing.
   static Result<StateFolder> open(const std::filesystem::path& path);
-  /// $XDG_STATE_HOME/jx-collector, or ~/.local/state/jx-collector.
+  /// Returns $XDG_STATE_HOME/jx-collector, or ~/.local/state/jx-collector when XDG_STATE_HOME is
+  /// not an absolute path. Returns an error when HOME is not one either.
   static Result<std::filesystem::path> defaultPath();
 
   StateFolder(StateFolder&& other) noexcept;

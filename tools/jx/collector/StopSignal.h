@@ -7,7 +7,7 @@
 
 namespace jx {
 
-/// Told once, seen by every thread that waits in poll(). Thread-safe.
+/// A one-time signal that wakes every thread waiting in poll(). Thread-safe.
 class StopSignal {
  public:
   StopSignal();
@@ -15,11 +15,12 @@ class StopSignal {
   StopSignal(const StopSignal&) = delete;
   StopSignal& operator=(const StopSignal&) = delete;
 
+  /// Raises the signal. Further calls have no effect.
   void raise();
   bool isRaised() const { return raised_.load(); }
-  /// When it was raised; meaningful only then.
+  /// Returns when the signal was raised. Valid only after isRaised() returned true.
   std::chrono::steady_clock::time_point raisedAt() const { return raisedAt_; }
-  /// Becomes readable, for good, when the signal is raised.
+  /// Returns a descriptor that becomes permanently readable when the signal is raised.
   int fd() const { return fd_; }
 
  private:

@@ -32,7 +32,7 @@ void TextSearch::call(sqlite3_context* context, int, sqlite3_value** values) {
   auto& search = *static_cast<TextSearch*>(sqlite3_user_data(context));
   const std::string_view body = bytesOf(values[0]);
   if (body.size() > search.left_) {
-    sqlite3_result_error(context, "there is too much to search: narrow it by name or session", -1);
+    sqlite3_result_error(context, "the search exceeds 1 GiB; narrow it by name or session", -1);
     return;
   }
   search.left_ -= body.size();

@@ -10,15 +10,16 @@
 
 namespace jx {
 
-/// Looks for a text in stored bodies: the SQL function contains_text(body, text), in which A to Z
-/// are like a to z. One search looks at a bounded number of bytes and then fails. Belongs to one
-/// connection and outlives it.
+/// Searches stored bodies for a substring: the SQL function contains_text(body, text). ASCII
+/// letters match in either case. A search fails after reading `kMaxBytes`. Belongs to one
+/// connection and must outlive it.
 class TextSearch {
  public:
   static constexpr std::size_t kMaxBytes = std::size_t{1024} * 1024 * 1024;
 
+  /// Registers the SQL function.
   Done install(SqliteDatabase& database);
-  /// Before each search.
+  /// Resets the byte limit. Call before each search.
   void begin() { left_ = kMaxBytes; }
 
   static bool contains(std::string_view body, std::string_view text);

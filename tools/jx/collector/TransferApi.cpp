@@ -40,18 +40,19 @@ void TransferApi::exportEvents(const httplib::Request& request, httplib::Respons
                                const Format& format) const {
   constexpr std::int64_t kNoLimit = std::numeric_limits<std::int64_t>::max();
   Result<EventQuery> query = filtersOf(request, kNoLimit);
-  if (!query) return answerFailure(response, 400, query.error().text);
+  if (!query) return sendError(response, 400, query.error().text);
   query->after = query->after.value_or(0);
   const std::int64_t limit = request.has_param("limit") ? query->limit : kNoLimit;
   setWebHeaders(response);
   response.set_header("Content-Disposition", "attachment; filename=\"" + format.fileName + "\"");
-  // Called for one part after the other: the events may be more than memory holds.
+  // Called once per part, because the events may not fit into memory.
   response.set_chunked_content_provider(
       format.contentType, [this, query = *query, left = limit, format, isFirst = true](
                               std::size_t, httplib::DataSink& sink) mutable {
         query.limit = std::min(left, kEventsInPart);
         const Result<std::vector<StoredEvent>> events = store_.reading().list(query);
-        // The head of the answer has gone: only an answer that breaks off tells of the failure.
+        // The response header is already sent, so an incomplete body is the only way to report
+        // failure.
         if (!events) return false;
         std::string part = isFirst ? format.head : std::string();
         for (const StoredEvent& event : *events) {
@@ -73,12 +74,12 @@ void TransferApi::exportEvents(const httplib::Request& request, httplib::Respons
 void TransferApi::importEvents(const HttpServer::BodyReader& read,
                                httplib::Response& response) const {
   EventImport import(store_);
-  const bool isWhole = read([&import](std::string_view part) { return import.take(part); });
+  const bool isWhole = read([&import](std::string_view part) { return import.consume(part); });
   if (isWhole) import.finish();
   int status = 200;
   if (!isWhole) status = 400;
   if (!import.error().empty()) status = 422;
-  answerJson(response, status, import.toJson());
+  sendJson(response, status, import.toJson());
 }
 
 }  // namespace jx

@@ -9,17 +9,17 @@
 
 namespace jx {
 
-/// Carries events from one collector to another, or to other programs: export and import.
+/// Exports events for other collectors and programs, and imports them.
 class TransferApi {
  public:
-  /// `store` outlives the server that this is installed in.
+  /// `store` must outlive the server in which this is installed.
   explicit TransferApi(EventStore& store) : store_(store) {}
 
-  /// Adds the routes; this object outlives the server.
+  /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:
-  /// How events stand in one file.
+  /// An export file format.
   struct Format {
     std::string contentType;
     std::string fileName;

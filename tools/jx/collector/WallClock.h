@@ -7,7 +7,7 @@
 
 namespace jx {
 
-/// Milliseconds since the Unix epoch.
+/// Returns the system time in milliseconds since the Unix epoch.
 inline std::int64_t wallClockMs() {
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();

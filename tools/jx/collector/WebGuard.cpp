@@ -21,41 +21,43 @@ std::string hostWithoutPort(std::string host) {
   return host.substr(0, host.find(':'));
 }
 
-bool areSame(const std::string& a, const std::string& b) {
+bool equalIgnoringCase(const std::string& a, const std::string& b) {
   return ::strcasecmp(a.c_str(), b.c_str()) == 0;
 }
 
 bool isOwnOrigin(const httplib::Request& request) {
   if (!request.has_header("Origin")) return true;
-  return areSame(request.get_header_value("Origin"), "http://" + request.get_header_value("Host"));
+  return equalIgnoringCase(request.get_header_value("Origin"),
+                           "http://" + request.get_header_value("Host"));
 }
 
-bool saysJson(const httplib::Request& request) {
+bool hasJsonContentType(const httplib::Request& request) {
   std::string type = request.get_header_value("Content-Type");
   type = type.substr(0, type.find(';'));
   type.erase(type.find_last_not_of(" \t") + 1);
-  return areSame(type, "application/json") ||
-         (request.path == "/api/import" && areSame(type, "application/x-ndjson"));
+  return equalIgnoringCase(type, "application/json") ||
+         (request.path == "/api/import" && equalIgnoringCase(type, "application/x-ndjson"));
 }
 
 }  // namespace
 
-bool WebGuard::refuses(const httplib::Request& request, httplib::Response& response) const {
+bool WebGuard::rejects(const httplib::Request& request, httplib::Response& response) const {
   const std::string host = hostWithoutPort(request.get_header_value("Host"));
-  const bool isOurs = isIpAddress(host) ||
-                      std::any_of(names_.begin(), names_.end(),
-                                  [&](const std::string& name) { return areSame(name, host); });
-  if (!isOurs) {
-    answerFailure(response, 403, "this machine was addressed by a name that it does not know");
+  const bool isKnownHost =
+      isIpAddress(host) || std::any_of(names_.begin(), names_.end(), [&](const std::string& name) {
+        return equalIgnoringCase(name, host);
+      });
+  if (!isKnownHost) {
+    sendError(response, 403, "unknown name in the Host header");
     return true;
   }
   if (!isOwnOrigin(request)) {
-    answerFailure(response, 403, "the request comes from a page of another origin");
+    sendError(response, 403, "Origin must be the collector's own origin");
     return true;
   }
   const bool isReading = request.method == "GET" || request.method == "HEAD";
-  if (!isReading && !saysJson(request)) {
-    answerFailure(response, 415, "what changes something needs Content-Type: application/json");
+  if (!isReading && !hasJsonContentType(request)) {
+    sendError(response, 415, "Content-Type must be application/json");
     return true;
   }
   return false;

@@ -9,17 +9,17 @@
 
 namespace jx {
 
-/// Decides who may speak to the page's port. A foreign web site reaches it through the browser of
-/// whoever visits it, so: the machine must be addressed by one of its names or by an IP address; a
-/// page that names its origin must be our own; and what changes something must say that it sends
-/// JSON, which a foreign page cannot without asking first.
+/// Access control of the web port against foreign web sites, which can send requests through the
+/// browser of a user. The Host header must contain an IP address or a name of this machine
+/// (prevents DNS rebinding). An Origin header must match the web UI. Requests that change data must
+/// have a JSON Content-Type, which foreign pages can send only after a CORS preflight.
 class WebGuard {
  public:
-  /// `names` are host names under which the machine may be addressed.
+  /// `names` are the host names of this machine that a Host header may contain.
   explicit WebGuard(std::vector<std::string> names) : names_(std::move(names)) {}
 
-  /// True when it has set an answer, which is a refusal.
-  bool refuses(const httplib::Request& request, httplib::Response& response) const;
+  /// Returns true when it rejects the request and has set the response.
+  bool rejects(const httplib::Request& request, httplib::Response& response) const;
 
  private:
   const std::vector<std::string> names_;

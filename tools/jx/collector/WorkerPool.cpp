@@ -14,7 +14,7 @@ bool WorkerPool::run(std::function<void()> job) {
     try {
       threads_.emplace_back([this] { work(); });
     } catch (const std::system_error&) {
-      // The system has no thread to give: those that run take the job when they can.
+      // The system cannot start another thread: a running one will take the job.
       if (threads_.empty()) return false;
     }
   }

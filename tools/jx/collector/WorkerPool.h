@@ -12,7 +12,7 @@
 
 namespace jx {
 
-/// Runs jobs on threads that it starts as they are needed, up to a bound; further jobs wait in
+/// Runs jobs on a pool of threads that grows on demand up to a limit. Further jobs are queued in
 /// order. Thread-safe.
 class WorkerPool {
  public:
@@ -21,9 +21,10 @@ class WorkerPool {
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
 
-  /// False when not one thread could be started; the job is then not run.
+  /// Queues a job. Returns false, without running it, when no thread could be started or finish()
+  /// was called.
   bool run(std::function<void()> job);
-  /// Waits until all jobs have run and all threads have ended. Takes no job after that.
+  /// Waits until all jobs have run and all threads have ended. Later calls of run() return false.
   void finish();
 
  private:

@@ -42,11 +42,11 @@ std::string row(const std::string& time, const std::string& name, const std::str
 std::string arrivalTable(const std::vector<Arrival>& arrivals, const TerminalStyle& style) {
   TerminalStyle plain = style;
   plain.coloured = false;
-  std::string head = row("time", "event", "event_id", "bytes", "what it says", plain);
+  std::string head = row("time", "event", "event_id", "bytes", "summary", plain);
   head.pop_back();
   std::string table = style.dim(head) + "\n";
   for (const Arrival& arrival : arrivals) {
-    if (arrival.opensSession) table += style.dim("-- a new session begins") + "\n";
+    if (arrival.opensSession) table += style.dim("-- new session") + "\n";
     table += row(timeOfDay(arrival.timestampMs), arrival.name.empty() ? "-" : arrival.name,
                  arrival.eventId, std::to_string(arrival.bytes), arrival.details, style);
   }

@@ -10,8 +10,8 @@
 
 namespace jx {
 
-/// The arrivals as a table for people: time of day, name, beginning of the event id, size, details;
-/// a rule where a session begins. No line is wider than the style's width.
+/// Formats the arrivals as a table: time of day, name, start of the event ID, size, details, and a
+/// line where a session begins. No line is wider than the width of the style.
 std::string arrivalTable(const std::vector<Arrival>& arrivals, const TerminalStyle& style);
 
 }  // namespace jx

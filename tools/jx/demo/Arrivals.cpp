@@ -35,8 +35,8 @@ std::string shown(const JXJsonValue& value) {
   return text.substr(kBefore, text.size() - kBefore - 1);
 }
 
-// The page first, as it stands last in the body; what every event has is left out.
-std::string detailsOf(const JXJsonObject& body, const std::vector<std::string>& said) {
+// The page name first, although it is last in the body; keys common to all events are omitted.
+std::string detailsOf(const JXJsonObject& body, const std::vector<std::string>& commonKeys) {
   std::string details;
   const auto add = [&details](std::string_view key, const JXJsonValue& value) {
     if (!details.empty()) details += ' ';
@@ -48,12 +48,13 @@ std::string detailsOf(const JXJsonObject& body, const std::vector<std::string>& 
   for (const JXJsonEntry& entry : body.entries()) {
     const std::string_view key = entry.key.view();
     if (key == JXE_PAGENAME || key == JXE_EVENT || key == JXE_CONTEXT || key == JXE_USER) continue;
-    if (std::find(said.begin(), said.end(), key) == said.end()) add(key, entry.value);
+    if (std::find(commonKeys.begin(), commonKeys.end(), key) == commonKeys.end())
+      add(key, entry.value);
   }
   return asOneLine(details);
 }
 
-Arrival arrivalOf(const JXJsonObject& event, const std::vector<std::string>& said) {
+Arrival arrivalOf(const JXJsonObject& event, const std::vector<std::string>& commonKeys) {
   Arrival arrival;
   const std::string text = event.get("body").string().toStdString();
   const JXJsonObject body = JXJsonReader::read(text).value.object();
@@ -65,31 +66,32 @@ Arrival arrivalOf(const JXJsonObject& event, const std::vector<std::string>& sai
   arrival.bytes = text.size();
   arrival.repeats = integerOf(event.get("repeats"));
   arrival.opensSession = lifecycle.get(JXL_NEW_SESSION).boolValue();
-  arrival.details = detailsOf(body, said);
+  arrival.details = detailsOf(body, commonKeys);
   return arrival;
 }
 
 }  // namespace
 
 Result<std::vector<Arrival>> readArrivals(std::string_view json,
-                                          const std::vector<std::string>& said) {
+                                          const std::vector<std::string>& commonKeys) {
   const JXJsonReading reading = JXJsonReader::read(json);
   const JXJsonArray events = reading.value.object().get("events").array();
-  if (!events.isPresent()) return Error{"the collector's answer is not understood"};
+  if (!events.isPresent()) return Error{"the response of the collector contains no list of events"};
   std::vector<Arrival> arrivals;
   for (const JXJsonValue& event : events.values())
-    arrivals.push_back(arrivalOf(event.object(), said));
+    arrivals.push_back(arrivalOf(event.object(), commonKeys));
   return arrivals;
 }
 
-Result<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said) {
+Result<std::vector<Arrival>> fetchArrivals(int webPort,
+                                           const std::vector<std::string>& commonKeys) {
   httplib::Client client("127.0.0.1", webPort);
-  const httplib::Result answer = client.Get("/api/events?after=0&limit=1000");
-  if (!answer) return Error{"the collector does not answer: " + to_string(answer.error())};
-  if (answer->status != 200) {
-    return Error{"the collector answers with status " + std::to_string(answer->status)};
+  const httplib::Result response = client.Get("/api/events?after=0&limit=1000");
+  if (!response) return Error{"cannot reach the collector: " + to_string(response.error())};
+  if (response->status != 200) {
+    return Error{"the collector returned HTTP status " + std::to_string(response->status)};
   }
-  return readArrivals(answer->body, said);
+  return readArrivals(response->body, commonKeys);
 }
 
 }  // namespace jx

@@ -12,24 +12,23 @@
 
 namespace jx {
 
-/// An event as the collector tells it, in the words of its table.
+/// An event received by the collector, with the columns of the table.
 struct Arrival {
-  std::int64_t timestampMs = 0;  ///< when the application executed it; 0 when it does not tell
+  std::int64_t timestampMs = 0;  ///< time of execution; 0 when unknown
   std::string name;
   std::string eventId;
   std::size_t bytes = 0;
   std::int64_t repeats = 0;
   bool opensSession = false;
-  std::string
-      details;  ///< what it says beside the name: "title=\"Seven Winters\" megabytes=1843.2"
+  std::string details;  ///< fields except the name: "title=\"Seven Winters\" megabytes=1843.2"
 };
 
-/// Reads the answer of the collector's JSON interface to a question for events. The details leave
-/// out the keys `said`, which every event carries.
+/// Parses a response of the collector's API to a query for events. The details omit `commonKeys`,
+/// which every event contains.
 Result<std::vector<Arrival>> readArrivals(std::string_view json,
-                                          const std::vector<std::string>& said);
+                                          const std::vector<std::string>& commonKeys);
 
-/// Asks the collector on this machine for its first 1,000 events, in order of arrival.
-Result<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& said);
+/// Requests the first 1,000 events from the collector on this machine, in order of arrival.
+Result<std::vector<Arrival>> fetchArrivals(int webPort, const std::vector<std::string>& commonKeys);
 
 }  // namespace jx

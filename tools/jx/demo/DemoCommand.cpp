@@ -27,7 +27,7 @@ int fail(const Error& failure) {
   return kExitFailure;
 }
 
-void say(const std::string& text) {
+void printLine(const std::string& text) {
   std::printf("%s\n", text.c_str());
   std::fflush(stdout);
 }
@@ -40,8 +40,8 @@ Result<std::unique_ptr<CollectorServer>> startCollector(const std::filesystem::p
   return CollectorServer::start(settings);
 }
 
-// How many of the events that went out are there, each once.
-std::size_t arrivedOnce(const DemoPlayed& played, const std::vector<Arrival>& arrivals) {
+// Returns the number of sent events that arrived exactly once.
+std::size_t countArrivedOnce(const DemoPlayed& played, const std::vector<Arrival>& arrivals) {
   std::size_t count = 0;
   for (const std::string& id : played.eventIds) {
     const auto isIt = [&id](const Arrival& arrival) { return arrival.eventId == id; };
@@ -51,16 +51,16 @@ std::size_t arrivedOnce(const DemoPlayed& played, const std::vector<Arrival>& ar
   return count;
 }
 
-bool tellOutcome(const DemoPlayed& played, const std::vector<Arrival>& arrivals,
+// Returns true when every event arrived exactly once.
+bool printResult(const DemoPlayed& played, const std::vector<Arrival>& arrivals,
                  const TerminalStyle& style) {
-  const std::size_t arrived = arrivedOnce(played, arrivals);
+  const std::size_t arrived = countArrivedOnce(played, arrivals);
   const bool isComplete = arrived == played.eventIds.size() && arrivals.size() == arrived;
   const std::string text = std::to_string(played.eventIds.size()) + " events sent, " +
                            std::to_string(arrived) + " arrived";
-  say("\n" + (isComplete ? style.good(text) : style.bad(text)));
+  printLine("\n" + (isComplete ? style.success(text) : style.failure(text)));
   if (played.ignored != 0) {
-    say(style.dim(std::to_string(played.ignored) +
-                  " more was not sent: the viewer had withdrawn consent"));
+    printLine(style.dim(std::to_string(played.ignored) + " more not sent: consent was withdrawn"));
   }
   return isComplete;
 }
@@ -73,11 +73,11 @@ int runDemo(bool once) {
     pollfd stop{signals.fd(), POLLIN, 0};
     return ::poll(&stop, 1, 0) == 1;
   };
-  // Made before the library starts, so that it is removed after the library's thread has ended.
+  // Created before the library starts, so that it is removed after the library's thread has ended.
   static std::optional<TemporaryState> folder;
-  Result<TemporaryState> made = TemporaryState::make();
-  if (!made) return fail(made.error());
-  folder.emplace(std::move(*made));
+  Result<TemporaryState> created = TemporaryState::create();
+  if (!created) return fail(created.error());
+  folder.emplace(std::move(*created));
   const Result<std::unique_ptr<CollectorServer>> collector =
       startCollector(folder->path() / "collector");
   if (!collector) return fail(collector.error());
@@ -85,18 +85,18 @@ int runDemo(bool once) {
   const TerminalStyle style = TerminalStyle::ofStandardOutput();
   const DemoTarget target{"https://127.0.0.1:" + std::to_string((*collector)->eventsPort()),
                           (*collector)->authorityFile().string(), folder->path() / "television"};
-  say(style.bold("An evening of television, sent by the library to " + target.address) + "\n");
+  printLine(style.bold("Sample TV session, sent by the library to " + target.address) + "\n");
   const Result<DemoPlayed> played = playDemo(demoScript(), target, isCancelled);
   if (!played) return fail(played.error());
   const Result<std::vector<Arrival>> arrivals =
       fetchArrivals((*collector)->webPort(), played->permanentKeys);
   if (!arrivals) return fail(arrivals.error());
   std::fputs(arrivalTable(*arrivals, style).c_str(), stdout);
-  const bool isComplete = tellOutcome(*played, *arrivals, style);
+  const bool isComplete = printResult(*played, *arrivals, style);
   if (!once) {
-    say("\nSee them at " +
-        style.bold("http://localhost:" + std::to_string((*collector)->webPort()) + "/") +
-        " (Ctrl-C ends)");
+    printLine("\nWeb UI: " +
+              style.bold("http://localhost:" + std::to_string((*collector)->webPort()) + "/") +
+              " (press Ctrl-C to stop)");
     signals.wait();
   }
   return isComplete ? kExitOk : kExitFailure;
@@ -105,10 +105,10 @@ int runDemo(bool once) {
 void addDemoCommand(CLI::App& app, int& exitStatus) {
   const auto once = std::make_shared<bool>(false);
   CLI::App* const command = app.add_subcommand(
-      "demo", "Play an evening of television through the library and show what arrives");
+      "demo", "Send a sample TV session through the library and show the events received");
   command->add_flag("--once", *once,
-                    "End when all is told, with status 0 only if every event arrived; without it "
-                    "the collector's page stays open until Ctrl-C");
+                    "Exit after printing the results, with status 0 only if every event arrived "
+                    "[keep the web UI open until Ctrl-C]");
   command->callback([once, &exitStatus] { exitStatus = runDemo(*once); });
 }
 

@@ -6,13 +6,14 @@
 
 namespace jx {
 
-/// Starts a collector in this process, plays an evening of television through the library over
-/// HTTPS, and tells what arrived. `once`: returns then; else keeps the collector's page open until
-/// SIGINT or SIGTERM. Gives the exit status: 0 when every event arrived, each once. Once in a
-/// process.
+/// Starts a collector in this process, sends a sample TV session through the library over HTTPS,
+/// and prints the events received. With `once`, returns immediately after that; otherwise keeps the
+/// web UI open until SIGINT or SIGTERM. Returns the exit status: 0 when every event arrived exactly
+/// once. Call it once per process.
 int runDemo(bool once);
 
-/// Adds the command; when the command line names it, its exit status is set during parsing.
+/// Adds the command to `app`. Parsing a command line with this command runs it and sets
+/// `exitStatus`.
 void addDemoCommand(CLI::App& app, int& exitStatus);
 
 }  // namespace jx

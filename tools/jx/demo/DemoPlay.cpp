@@ -15,7 +15,7 @@
 namespace jx {
 namespace {
 
-constexpr std::chrono::seconds kPatience{20};
+constexpr std::chrono::seconds kDeliveryTimeout{20};
 
 Result<std::vector<ScriptCommand>> commandsOf(std::string_view script) {
   std::vector<ScriptCommand> commands;
@@ -23,8 +23,8 @@ Result<std::vector<ScriptCommand>> commandsOf(std::string_view script) {
     const std::size_t end = script.find('\n');
     Result<ScriptCommand> command = readScriptLine(script.substr(0, end));
     if (!command) {
-      return Error{"line " + std::to_string(commands.size() + 1) +
-                   " of the script: " + command.error().text};
+      return Error{"script line " + std::to_string(commands.size() + 1) + ": " +
+                   command.error().text};
     }
     commands.push_back(std::move(*command));
     script.remove_prefix(end == std::string_view::npos ? script.size() : end + 1);
@@ -60,12 +60,12 @@ Result<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
   ReplaySession session(settings);
   for (const ScriptCommand& command : *commands) {
     if (isCancelled()) break;
-    if (const auto* const datum = std::get_if<ScriptPermanent>(&command)) {
-      played.permanentKeys.push_back(datum->key);
+    if (const auto* const permanent = std::get_if<ScriptPermanent>(&command)) {
+      played.permanentKeys.push_back(permanent->key);
     }
     const Done ran = session.run(command, isCancelled);
     if (!ran) return ran.error();
-    session.waitForDelivery(kPatience, isCancelled);
+    session.waitForDelivery(kDeliveryTimeout, isCancelled);
   }
   played.ignored = session.tally().ignored;
   return played;

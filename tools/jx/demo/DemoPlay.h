@@ -13,24 +13,24 @@
 
 namespace jx {
 
-/// Where the demonstration sends.
+/// The collector that receives the demo events.
 struct DemoTarget {
   std::string address;  ///< "https://127.0.0.1:8443"
   std::string caFile;
   std::filesystem::path stateFolder;
 };
 
-/// What was played.
+/// The result of the demo.
 struct DemoPlayed {
-  std::vector<std::string> eventIds;       ///< of what went out, in order of execution
-  std::vector<std::string> permanentKeys;  ///< that events carried
-  std::uint64_t ignored = 0;               ///< executed without consent, and not taken
+  std::vector<std::string> eventIds;       ///< IDs of the events sent, in order of execution
+  std::vector<std::string> permanentKeys;  ///< keys of the permanent parameters
+  std::uint64_t ignored = 0;               ///< events executed without consent, which were ignored
 };
 
-/// Plays the script through the library, at times of day that end about now. Each event is
-/// delivered before the next is executed, as far as it may leave, so that they arrive in order.
-/// Ends early when `isCancelled`. A line of the script that is none is a failure. Once in a
-/// process.
+/// Runs the script through the library, with a clock that ends at about the current time. Each
+/// event is delivered before the next one is executed (unless delivery is blocked), so that events
+/// arrive in order. Returns early when `isCancelled` returns true. Returns an error for an invalid
+/// line. Call it once per process.
 Result<DemoPlayed> playDemo(std::string_view script, const DemoTarget& target,
                             const std::function<bool()>& isCancelled);
 

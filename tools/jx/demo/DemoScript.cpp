@@ -5,10 +5,10 @@
 namespace jx {
 namespace {
 
-// Two events are wrong on purpose, so that the page has something to tell: the first purchase
-// names neither its type nor its status, and the third quarter states its position as a text.
-// While consent is withdrawn one event is executed and not taken; one more is executed in the
-// background, where it waits; the return comes late enough for a new session.
+// Two events are invalid on purpose, so that the inspector shows diagnostics: the first purchase
+// has neither a type nor a status, and the third quarter has a string as its position. One event is
+// executed without consent and ignored. One event is executed and queued in the background; the
+// application returns late enough for a new session.
 constexpr std::string_view kScript = R"json(
 {"do":"permanent","key":"profile","value":"living room"}
 {"do":"event","class":"JXCustomEvent","name":"app_start","parameters":{"launch":"home screen","cold":true}}

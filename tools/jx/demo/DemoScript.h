@@ -6,8 +6,8 @@
 
 namespace jx {
 
-/// A session script: an evening in front of a television, from the start of the application to
-/// the last film. Ends in the foreground and with consent, so that every event can be delivered.
+/// Returns the session script of the demo: one evening, from the start of the application to the
+/// end of a film. It ends in the foreground and with consent, so that every event can be delivered.
 std::string_view demoScript();
 
 }  // namespace jx

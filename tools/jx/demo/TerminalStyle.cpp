@@ -11,7 +11,7 @@ namespace jx {
 namespace {
 
 std::string_view environment(const char* name) {
-  const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nobody sets it
+  const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): never set
   return value == nullptr ? std::string_view() : std::string_view(value);
 }
 

@@ -19,14 +19,14 @@ namespace {
 using Listing = std::vector<JXOutboxListing>;
 using Lister = Listing (*)(const std::string& folder, std::string& error);
 
-Result<Listing> listed(Lister lister, const std::filesystem::path& outbox) {
+Result<Listing> readListing(Lister lister, const std::filesystem::path& outbox) {
   std::string error;
   Listing listing = lister(outbox.string(), error);
   if (!error.empty()) return Error{error};
   return listing;
 }
 
-// A folder in which the library has started but never had anything to send holds no outbox yet.
+// The folder has no outbox if the library was started but has not queued a request yet.
 bool isUnusedState(const std::filesystem::path& state) {
   std::error_code ignored;
   return !std::filesystem::exists(state / "outbox", ignored) && !ignored &&
@@ -35,17 +35,17 @@ bool isUnusedState(const std::filesystem::path& state) {
 
 Result<std::string> purge(const std::filesystem::path& outbox) {
   std::string error;
-  const JXOutboxPurge done = purgeOutbox(outbox.string(), error);
+  const JXOutboxPurge purged = purgeOutbox(outbox.string(), error);
   if (!error.empty()) return Error{error};
-  return queuePurged(done);
+  return queuePurged(purged);
 }
 
-Result<std::string> tell(const QueueOptions& options) {
+Result<std::string> runVerb(const QueueOptions& options) {
   const bool isUnused = isUnusedState(options.stateFolder);
   const std::filesystem::path outbox = options.stateFolder / "outbox";
   if (options.verb == "purge") return isUnused ? queuePurged({}) : purge(outbox);
   const auto read = [&](Lister lister) {
-    return isUnused ? Result<Listing>(Listing{}) : listed(lister, outbox);
+    return isUnused ? Result<Listing>(Listing{}) : readListing(lister, outbox);
   };
   if (options.verb == "dead") {
     const Result<Listing> dead = read(listDeadLetters);
@@ -63,7 +63,7 @@ Result<std::string> tell(const QueueOptions& options) {
 }  // namespace
 
 int runQueue(const QueueOptions& options) {
-  const Result<std::string> text = tell(options);
+  const Result<std::string> text = runVerb(options);
   if (!text) {
     std::fprintf(stderr, "jx queue: %s\n", text.error().text.c_str());
     return kExitFailure;
@@ -74,15 +74,16 @@ int runQueue(const QueueOptions& options) {
 
 void addQueueCommand(CLI::App& app, int& exitStatus) {
   const auto options = std::make_shared<QueueOptions>();
-  CLI::App* const command = app.add_subcommand("queue", "Tell what waits to be sent, or empty it");
+  CLI::App* const command = app.add_subcommand("queue", "Inspect or purge the on-disk event queue");
   command
-      ->add_option("VERB", options->verb,
-                   "status: how many requests are queued, and since when; list: one line a "
-                   "request; dead: those that the server refused for good; purge: delete them all")
+      ->add_option(
+          "VERB", options->verb,
+          "status: print the number, size and age of queued requests; list: print one line "
+          "per queued request; dead: print one line per dead letter; purge: delete all")
       ->required()
       ->type_name("")
       ->check(CLI::IsMember({"status", "list", "dead", "purge"}));
-  command->add_option("--state", options->stateFolder, "State folder of the application")
+  command->add_option("--state", options->stateFolder, "Read the state folder of the application")
       ->required()
       ->type_name("DIR");
   command->callback([options, &exitStatus] { exitStatus = runQueue(*options); });

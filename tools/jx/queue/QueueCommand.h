@@ -8,17 +8,18 @@
 
 namespace jx {
 
-/// What the command line of `jx queue` says.
+/// Options of `jx queue`.
 struct QueueOptions {
   std::string verb;  ///< "status", "list", "dead" or "purge"
   std::filesystem::path stateFolder;
 };
 
-/// Tells what the outbox of a state folder holds, without changing it, or empties it; other
-/// processes may have it open. Gives the exit status.
+/// Prints the content of the outbox of a state folder without changing it, or purges it. Other
+/// processes may have the folder open. Returns the exit status.
 int runQueue(const QueueOptions& options);
 
-/// Adds the command; when the command line names it, its exit status is set during parsing.
+/// Adds the command to `app`. Parsing a command line with this command runs it and sets
+/// `exitStatus`.
 void addQueueCommand(CLI::App& app, int& exitStatus);
 
 }  // namespace jx

@@ -38,16 +38,16 @@ std::string ages(const std::vector<JXOutboxListing>& queued) {
          "\n";
 }
 
-std::string refusals(const std::vector<JXOutboxListing>& dead) {
+std::string rejections(const std::vector<JXOutboxListing>& dead) {
   std::map<int, std::size_t> byStatus;
   for (const JXOutboxListing& letter : dead)
     ++byStatus[letter.status];
   std::string text;
   for (const auto& [status, count] : byStatus) {
-    // A request that could not be sent at all has no status.
-    text +=
-        (status == 0 ? std::string("never sendable") : "refused with " + std::to_string(status)) +
-        ": " + std::to_string(count) + "\n";
+    // A request that could not be sent has no status.
+    text += (status == 0 ? std::string("not sendable")
+                         : "rejected with status " + std::to_string(status)) +
+            ": " + std::to_string(count) + "\n";
   }
   return text;
 }
@@ -61,7 +61,7 @@ std::string queueStatus(const std::vector<JXOutboxListing>& queued,
     bytes += request.url.size() + request.body.size();
   std::string text = counted(queued.size(), "request") + " queued, " + counted(bytes, "byte") +
                      "; " + counted(dead.size(), "dead letter") + "\n";
-  return text + ages(queued) + refusals(dead);
+  return text + ages(queued) + rejections(dead);
 }
 
 std::string queuePurged(const JXOutboxPurge& purge) {
@@ -69,7 +69,7 @@ std::string queuePurged(const JXOutboxPurge& purge) {
                      counted(purge.deadLetters, "dead letter") + " deleted\n";
   if (purge.marked != 0) {
     text += counted(purge.marked, "request") +
-            " more: held by a running process, which drops them before it sends anything else\n";
+            " more in use by a running process, which deletes them before it sends anything else\n";
   }
   return text;
 }
@@ -77,11 +77,11 @@ std::string queuePurged(const JXOutboxPurge& purge) {
 std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus) {
   std::string text;
   for (const JXOutboxListing& request : requests) {
-    const EventMetadata facts = EventMetadata::read("", request.body);
+    const EventMetadata event = EventMetadata::read("", request.body);
     text += asIsoTime(request.createdMs);
     if (withStatus) text += "  " + std::to_string(request.status);
     text += "  " + rightAligned(std::to_string(request.body.size()), kSizeWidth) + "  " +
-            padded(shown(facts.name), kNameWidth) + "  " + shown(facts.eventID) + "\n";
+            padded(shown(event.name), kNameWidth) + "  " + shown(event.eventID) + "\n";
   }
   return text;
 }

@@ -10,16 +10,17 @@
 
 namespace jx {
 
-/// "12 requests queued, 34567 bytes, ..." in one line, then since when, and which statuses refused
-/// the dead letters.
+/// Returns "12 requests queued, 34567 bytes; 0 dead letters", then the times of the oldest and the
+/// newest request, and the number of dead letters per HTTP status. The first number is the number
+/// of queued requests.
 std::string queueStatus(const std::vector<JXOutboxListing>& queued,
                         const std::vector<JXOutboxListing>& dead);
 
-/// A line for each request: when it was made, its size, the event's name and id; with the HTTP
-/// status in second place when `withStatus`. What the event does not tell is "-".
+/// Returns one line per request: creation time, size, event name and event ID; `withStatus` adds
+/// the HTTP status as the second column. A value that the event does not contain is "-".
 std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus);
 
-/// What a purge did, in one line or two.
+/// Returns the result of a purge in one or two lines.
 std::string queuePurged(const JXOutboxPurge& purge);
 
 }  // namespace jx

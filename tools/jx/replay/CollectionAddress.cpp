@@ -43,22 +43,23 @@ bool isPort(std::string_view port) {
 
 }  // namespace
 
-std::string faultOfCollectionAddress(const std::string& address) {
+std::string collectionAddressError(const std::string& address) {
   std::string_view rest = address;
   const bool isHttps = rest.substr(0, kHttps.size()) == kHttps;
   const bool isHttp = rest.substr(0, kHttp.size()) == kHttp;
-  if (!isHttps && !isHttp) return "it begins neither with https:// nor with http://";
+  if (!isHttps && !isHttp) return "the URL must begin with https:// or http://";
   rest.remove_prefix(isHttps ? kHttps.size() : kHttp.size());
   if (!rest.empty() && rest.back() == '/') rest.remove_suffix(1);
 
   const std::size_t bracket = rest.rfind(']');
   const std::size_t colon = rest.find(':', bracket == std::string_view::npos ? 0 : bracket);
   const std::string_view host = rest.substr(0, colon);
-  if (!isHostName(host) && !isBracketedIPv6(host)) return "it names no host";
+  if (!isHostName(host) && !isBracketedIPv6(host))
+    return "the URL must contain a valid host name and nothing after the port";
   if (colon != std::string_view::npos && !isPort(rest.substr(colon + 1))) {
-    return "its port is none from 1 to 65535";
+    return "the port must be between 1 and 65535";
   }
-  if (isHttp && !isLoopbackAuthority(rest)) return "plain http is for this very machine only";
+  if (isHttp && !isLoopbackAuthority(rest)) return "http:// is allowed only for loopback hosts";
   return {};
 }
 

@@ -6,9 +6,9 @@
 
 namespace jx {
 
-/// What is wrong with an address that somebody typed as the place where events go; empty when
-/// nothing is. Right is "https://HOST" with an optional port, or "http://" before a loopback host.
-/// Stricter than the library, which mends what it can: here somebody can be asked.
-std::string faultOfCollectionAddress(const std::string& address);
+/// Validates a collection URL from the command line. Returns the error, or an empty string for a
+/// valid URL: "https://HOST" with an optional port, or "http://" with a loopback host. Stricter
+/// than the library, which corrects a URL where it can: here the user can correct it.
+std::string collectionAddressError(const std::string& address);
 
 }  // namespace jx

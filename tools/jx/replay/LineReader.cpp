@@ -20,7 +20,7 @@ LineReader::Result LineReader::next(std::string& line) {
   if (isStopped(0, hasInput)) return Result::Stopped;
   for (;;) {
     bool tooLong = false;
-    if (takeLine(line, tooLong)) return tooLong ? Result::TooLong : Result::Line;
+    if (extractLine(line, tooLong)) return tooLong ? Result::TooLong : Result::Line;
     if (ended_) return Result::End;
     switch (fill()) {
       case Filling::More:
@@ -36,8 +36,8 @@ LineReader::Result LineReader::next(std::string& line) {
   }
 }
 
-// True when a line, or the end of one that is too long, was there.
-bool LineReader::takeLine(std::string& line, bool& tooLong) {
+// Returns true when the buffer contained a line, or the end of a line that is too long.
+bool LineReader::extractLine(std::string& line, bool& tooLong) {
   const std::size_t end = buffer_.find('\n', searched_);
   const bool isWhole = end != std::string::npos;
   const std::size_t stop = isWhole ? end : buffer_.size();
@@ -77,7 +77,7 @@ LineReader::Filling LineReader::fill() {
 
 bool LineReader::isStopped(int timeoutMs, bool& hasInput) const {
   std::array<pollfd, 2> states{pollfd{stop_, POLLIN, 0}, pollfd{input_, POLLIN, 0}};
-  // Alone when nobody waits: a closed pipe would be reported again and again.
+  // Without a timeout, only `stop_` is polled: a closed pipe would be reported every time.
   const nfds_t watched = timeoutMs == 0 ? 1 : 2;
   if (::poll(states.data(), watched, timeoutMs) <= 0) return false;
   hasInput = states[1].revents != 0;

@@ -21,7 +21,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// The library's lines stand between those of the program, and may come from its thread.
+// Library log messages are interleaved with messages of the program and may come from its thread.
 JXLogSink sinkTo(const std::shared_ptr<Console>& console) {
   return [console](int level, std::string_view message) {
     console->line("[JX " + std::to_string(level) + "] " + std::string(message));
@@ -65,7 +65,7 @@ void Replay::readLines() {
     const LineReader::Result result = reader_.next(line);
     if (result == LineReader::Result::End) return;
     if (result == LineReader::Result::Stopped) {
-      signals_.wait();  // takes it, so that the next one ends the waiting
+      signals_.wait();  // consumes the signal; a second one cancels the wait for delivery
       console_->line("stopped after line " + std::to_string(lineNumber_));
       return;
     }
@@ -73,8 +73,8 @@ void Replay::readLines() {
     ++lineNumber_;
     if (result == LineReader::Result::Failed) {
       ++badLines_;
-      console_->line("line " + std::to_string(lineNumber_) + ": cannot be read: " +
-                     std::error_code(error, std::generic_category()).message());
+      console_->line("line " + std::to_string(lineNumber_) +
+                     ": read error: " + std::error_code(error, std::generic_category()).message());
       return;
     }
     if (!playLine(result, line)) return;
@@ -82,10 +82,10 @@ void Replay::readLines() {
 }
 
 bool Replay::playLine(LineReader::Result result, const std::string& line) {
-  const Done played =
-      result == LineReader::Result::TooLong
-          ? Done(Error{"longer than " + std::to_string(LineReader::kMaxLineBytes >> 20) + " MiB"})
-          : playText(line);
+  const Done played = result == LineReader::Result::TooLong
+                          ? Done(Error{"a line must be at most " +
+                                       std::to_string(LineReader::kMaxLineBytes >> 20) + " MiB"})
+                          : runLine(line);
   if (!played) {
     ++badLines_;
     console_->line("line " + std::to_string(lineNumber_) + ": " + played.error().text);
@@ -94,14 +94,14 @@ bool Replay::playLine(LineReader::Result result, const std::string& line) {
   return (played || !options_.strict) && !printFailed_;
 }
 
-Done Replay::playText(const std::string& line) {
+Done Replay::runLine(const std::string& line) {
   const Result<ScriptCommand> command = readScriptLine(line);
   if (!command) return command.error();
   if (const auto* const event = std::get_if<ScriptEvent>(&*command)) {
     if (options_.verifies) printVerification(*event->event);
     keepPace();
     if (isSignalled()) {
-      --lineNumber_;  // the reader stops next; this line was not played
+      --lineNumber_;  // the reader stops next; this line was not executed
       return done();
     }
   }
@@ -110,13 +110,12 @@ Done Replay::playText(const std::string& line) {
 
 void Replay::printVerification(const JXEvent& event) const {
   const JXString failed = event.firstFailedCondition();
-  const std::string verdict =
-      failed.isPresent() ? "incomplete: " + failed.toStdString() : "complete";
+  const std::string result = failed.isPresent() ? "invalid: " + failed.toStdString() : "valid";
   const std::string text =
       "line " + std::to_string(lineNumber_) + ": " + std::string(event.ownEventClass().className) +
       " " + (event.name().isPresent() ? quoted(event.name().view()) : "without name") + " is " +
-      verdict;
-  if (options_.prints) return console_->line(text);  // standard output is for the bodies
+      result;
+  if (options_.prints) return console_->line(text);  // standard output contains only bodies
   console_->clearProgress();
   std::printf("%s\n", text.c_str());
 }
@@ -128,7 +127,7 @@ void Replay::keepPace() {
     pollfd stop{signals_.fd(), POLLIN, 0};
     ::poll(&stop, 1, static_cast<int>(left.count()));
   }
-  // Time that was lost is not made up for by a burst.
+  // A delay is not compensated by a burst of events.
   const auto interval = std::chrono::duration_cast<steady_clock::duration>(
       std::chrono::duration<double>(1 / *options_.rate));
   due_ = std::max(due_ + interval, steady_clock::now());

@@ -17,21 +17,22 @@
 
 namespace jx {
 
-/// One run of `jx replay`: reads the script, plays it line by line, waits, and tells how it went.
+/// One run of `jx replay`: executes the script line by line, waits for delivery and prints a
+/// summary.
 class Replay {
  public:
-  /// `options` names a state folder; `script` is an open descriptor.
+  /// `options` contains a state folder; `script` is an open descriptor.
   Replay(const ReplayOptions& options, int script, const TerminationSignals& signals,
          std::shared_ptr<Console> console);
 
-  /// Gives the exit status.
+  /// Runs the script and returns the exit status.
   int play();
 
  private:
   void readLines();
-  /// False when the reading is to end.
+  /// Returns false when reading must stop.
   bool playLine(LineReader::Result result, const std::string& line);
-  Done playText(const std::string& line);
+  Done runLine(const std::string& line);
   void printVerification(const JXEvent& event) const;
   void keepPace();
   bool isSignalled() const;
@@ -47,7 +48,7 @@ class Replay {
   std::uint64_t lineNumber_ = 0;
   std::uint64_t badLines_ = 0;
   bool printFailed_ = false;
-  std::chrono::steady_clock::time_point due_;  ///< of the next event, when a rate was given
+  std::chrono::steady_clock::time_point due_;  ///< when the next event is due, with --rate
 };
 
 }  // namespace jx

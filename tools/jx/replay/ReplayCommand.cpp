@@ -24,8 +24,8 @@
 namespace jx {
 namespace {
 
-int refuse(const std::string& why) {
-  std::fprintf(stderr, "jx replay: %s\n", why.c_str());
+int failUsage(const std::string& message) {
+  std::fprintf(stderr, "jx replay: %s\n", message.c_str());
   return kExitUsage;
 }
 
@@ -38,19 +38,19 @@ Result<int> openScript(const std::string& path) {
   if (path == "-") return STDIN_FILENO;
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return failureOf("read", path, errno);
-  struct stat facts {};
-  if (::fstat(file, &facts) == 0 && S_ISDIR(facts.st_mode)) {
+  struct stat status {};
+  if (::fstat(file, &status) == 0 && S_ISDIR(status.st_mode)) {
     ::close(file);
     return failureOf("read", path, EISDIR);
   }
   return file;
 }
 
-// The library would go on in memory, and what a later run is to find would be nowhere. Whether a
-// folder takes files is asked by making one: permissions alone do not tell.
-Done makeUsable(const std::filesystem::path& folder) {
+// Without a usable folder the library would keep events in memory, and a later run would not find
+// them. Permissions alone are not sufficient, so a test file is created.
+Done ensureWritable(const std::filesystem::path& folder) {
   if (const int error = makeFolder(folder.string()); error != 0) {
-    return failureOf("make the folder", folder.string(), error);
+    return failureOf("create the folder", folder.string(), error);
   }
   std::string probe = (folder / ".probe-XXXXXX").string();
   const int file = ::mkostemp(probe.data(), O_CLOEXEC);
@@ -60,32 +60,32 @@ Done makeUsable(const std::filesystem::path& folder) {
   return done();
 }
 
-// The folder given, or a temporary one. The latter is destroyed after the library's thread has
-// ended, because it is made before: that thread would make its files anew.
+// Returns the given folder or a temporary one. The temporary folder is created before the library's
+// thread and destroyed after it: a running thread would create its files again.
 Result<std::filesystem::path> chooseState(const ReplayOptions& options,
                                           std::optional<TemporaryState>& temporary) {
   if (!options.settings.stateFolder.empty()) {
-    const Done usable = makeUsable(options.settings.stateFolder);
+    const Done usable = ensureWritable(options.settings.stateFolder);
     if (!usable) return usable.error();
     return options.settings.stateFolder;
   }
-  Result<TemporaryState> made = TemporaryState::make();
-  if (!made) return made.error();
-  temporary.emplace(std::move(*made));
+  Result<TemporaryState> created = TemporaryState::create();
+  if (!created) return created.error();
+  temporary.emplace(std::move(*created));
   return temporary->path();
 }
 
 }  // namespace
 
 int runReplay(const ReplayOptions& options) {
-  const std::string fault = faultOfTogether(options);
-  if (!fault.empty()) return refuse(fault);
+  const std::string error = combinationError(options);
+  if (!error.empty()) return failUsage(error);
   const TerminationSignals signals;
   const Result<int> script = openScript(options.script);
-  if (!script) return refuse(script.error().text);
+  if (!script) return failUsage(script.error().text);
   static std::optional<TemporaryState> temporary;
   const Result<std::filesystem::path> state = chooseState(options, temporary);
-  if (!state) return refuse(state.error().text);
+  if (!state) return failUsage(state.error().text);
 
   ReplayOptions complete = options;
   complete.settings.stateFolder = *state;
@@ -94,7 +94,8 @@ int runReplay(const ReplayOptions& options) {
   const int status = replay.play();
   if (temporary && options.sends() && status == kExitUndelivered) {
     temporary->keep();
-    console->line("what was not delivered is kept: --state " + temporary->path().string());
+    console->line("undelivered events are kept; send them later with --state " +
+                  temporary->path().string());
   }
   return status;
 }

@@ -8,10 +8,11 @@
 
 namespace jx {
 
-/// Plays a script through the library. Gives the exit status. Once in a process.
+/// Runs a script through the library and returns the exit status. Call it once per process.
 int runReplay(const ReplayOptions& options);
 
-/// Adds the command; when the command line names it, its exit status is set during parsing.
+/// Adds the command to `app`. Parsing a command line with this command runs it and sets
+/// `exitStatus`.
 void addReplayCommand(CLI::App& app, int& exitStatus);
 
 }  // namespace jx

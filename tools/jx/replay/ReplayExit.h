@@ -4,7 +4,7 @@
 
 namespace jx {
 
-/// Beside those of every command: something was left undelivered.
+/// Exit status in addition to those of every command: something was left undelivered.
 inline constexpr int kExitUndelivered = 3;
 
 }  // namespace jx

@@ -11,23 +11,23 @@
 
 namespace jx {
 
-/// What the command line of `jx replay` says.
+/// Options of `jx replay`.
 struct ReplayOptions {
   std::string script = "-";  ///< path, or "-" for standard input
-  ReplaySettings settings;   ///< its state folder is empty for a temporary one
+  ReplaySettings settings;   ///< an empty state folder selects a temporary one
   bool prints = false;
   bool verifies = false;
   bool strict = false;
-  std::optional<double> rate;  ///< events a second
+  std::optional<double> rate;  ///< events per second
   double waitSeconds = 10;
 
   bool sends() const { return !prints && !settings.collectionAddress.empty(); }
 };
 
-/// Adds the options to the command; they are filled while the command line is parsed.
+/// Adds the options to the command. Parsing the command line fills `options`.
 void addReplayOptions(CLI::App& command, ReplayOptions& options);
 
-/// What is wrong with options that are each right; empty when nothing is.
-std::string faultOfTogether(const ReplayOptions& options);
+/// Returns the error of a combination of valid options; empty for a valid combination.
+std::string combinationError(const ReplayOptions& options);
 
 }  // namespace jx

@@ -11,18 +11,18 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// How long one wait on the library takes at most before it is asked whether to give up.
+// Maximum duration of one flush() before cancellation is checked.
 constexpr milliseconds kSlice{100};
 
-// Half of what the library's queue holds before it drops the oldest.
+// Half of the queue limits, above which the library drops the oldest requests.
 constexpr std::uint64_t kManyRequests = 5'000;
 constexpr std::uint64_t kManyBytes = 16u * 1024 * 1024;
 
-bool isCrowded(const JXDeliveryCounters& counters) {
+bool isHalfFull(const JXDeliveryCounters& counters) {
   return counters.outbox.queued > kManyRequests || counters.outbox.queuedBytes > kManyBytes;
 }
 
-JXString presentOnly(const std::string& text) { return text.empty() ? JXString() : JXString(text); }
+JXString nullIfEmpty(const std::string& text) { return text.empty() ? JXString() : JXString(text); }
 
 }  // namespace
 
@@ -31,8 +31,8 @@ ReplaySession::ReplaySession(const ReplaySettings& settings)
   if (settings.startMs) clock_ = std::make_shared<JXManualClock>(*settings.startMs);
   JXCoreConfiguration configuration;
   configuration.storageFolder = settings.stateFolder.string();
-  configuration.collectionHost = presentOnly(settings.collectionAddress);
-  configuration.caFile = presentOnly(settings.caFile);
+  configuration.collectionHost = nullIfEmpty(settings.collectionAddress);
+  configuration.caFile = nullIfEmpty(settings.caFile);
   configuration.logSink = settings.logSink;
   configuration.logLevel = settings.logLevel;
   configuration.dryRun = !sends_;
@@ -58,22 +58,22 @@ Done ReplaySession::run(const ScriptCommand& command, const std::function<bool()
     execute(event->event, isCancelled);
   } else if (const auto* const step = std::get_if<ScriptAdvance>(&command)) {
     return advance(step->ms);
-  } else if (const auto* const datum = std::get_if<ScriptPermanent>(&command)) {
-    serverSide_->addPermanentData_withValue(datum->key, datum->value);
+  } else if (const auto* const permanent = std::get_if<ScriptPermanent>(&command)) {
+    serverSide_->addPermanentData_withValue(permanent->key, permanent->value);
   } else if (const auto* const forgotten = std::get_if<ScriptForget>(&command)) {
     serverSide_->removePermanentData(forgotten->key);
-  } else if (const auto* const happening = std::get_if<ScriptAct>(&command)) {
-    act(*happening);
+  } else if (const auto* const action = std::get_if<ScriptAct>(&command)) {
+    act(*action);
   }
   return done();
 }
 
 Done ReplaySession::advance(std::int64_t ms) {
-  if (!clock_) return Error{"advance needs a clock that can be moved (--at)"};
+  if (!clock_) return Error{"advance requires the option --at"};
   const std::int64_t now = clock_->nowMs();
   using Limits = std::numeric_limits<std::int64_t>;
   if (ms > 0 ? now > Limits::max() - ms : now < Limits::min() - ms) {
-    return Error{"the clock cannot be moved as far as that"};
+    return Error{"ms must not move the clock out of its range"};
   }
   clock_->advance(ms);
   return done();
@@ -104,12 +104,13 @@ void ReplaySession::waitForQueue(const std::function<bool()>& isCancelled) {
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   for (;;) {
     const JXDeliveryCounters counters = manager.counters();
-    const std::uint64_t settled = counters.outbox.delivered + counters.outbox.rejected;
-    if (!isCrowded(counters) || counters.paused || stalledAt_ == settled || isCancelled()) return;
+    const std::uint64_t completed = counters.outbox.delivered + counters.outbox.rejected;
+    if (!isHalfFull(counters) || counters.paused || stalledAt_ == completed || isCancelled())
+      return;
     stalledAt_.reset();
     manager.flush(kSlice);
     const JXDeliveryCounters after = manager.counters();
-    if (after.outbox.delivered + after.outbox.rejected == settled) stalledAt_ = settled;
+    if (after.outbox.delivered + after.outbox.rejected == completed) stalledAt_ = completed;
   }
 }
 
@@ -123,13 +124,13 @@ void ReplaySession::waitForDelivery(milliseconds limit, const std::function<bool
   } while (steady_clock::now() < end && !isDeliveryBlocked(manager.counters()) && !isCancelled());
 }
 
-// Requests that are in flight when the application goes to the background are let to end; without
-// consent they are aborted.
+// Requests in flight are completed when the application enters the background; without consent they
+// are aborted.
 bool ReplaySession::isDeliveryBlocked(const JXDeliveryCounters& counters) const {
   if (!counters.paused) return false;
-  const std::uint64_t ended =
+  const std::uint64_t finished =
       counters.failures + counters.outbox.delivered + counters.outbox.rejected;
-  return isDisabled() || counters.attempts <= ended;
+  return isDisabled() || counters.attempts <= finished;
 }
 
 ReplayTally ReplaySession::tally() const {

@@ -19,26 +19,26 @@
 
 namespace jx {
 
-/// What a replayed application says to the library before its first event.
+/// Configuration of the replayed application.
 struct ReplaySettings {
   std::int32_t siteID = 1;
   std::string sourceKey = "jx-replay";
   std::int32_t behaviour = EJXDefaultBehaviour_DEFAULT;
-  /// Empty: nothing is stored or sent.
+  /// An empty address stores and sends nothing.
   std::string collectionAddress;
-  std::string caFile;  ///< empty: the system's
+  std::string caFile;  ///< empty: the system's certificates
   std::filesystem::path stateFolder;
-  /// Start of a clock that only `ScriptAdvance` moves; absent: real time.
+  /// Start of a manual clock that only `ScriptAdvance` advances; not set: real time.
   std::optional<std::int64_t> startMs;
   std::optional<std::string> versionName;
   int logLevel = 3;
   JXLogSink logSink;
-  /// Given each body as it would be posted, while the event is executed; empty for nobody.
+  /// Called during `execute` with each body as it would be posted. May be empty.
   std::function<void(std::string_view body)> onBody;
 };
 
-/// An application as the library sees it, played by a script. One in a process, because the library
-/// starts once. Used by one thread.
+/// An application that is driven by a script. One per process, because the library starts once.
+/// Used by one thread.
 class ReplaySession {
  public:
   explicit ReplaySession(const ReplaySettings& settings);
@@ -46,17 +46,17 @@ class ReplaySession {
   ReplaySession(const ReplaySession&) = delete;
   ReplaySession& operator=(const ReplaySession&) = delete;
 
-  /// Does what a line says; a failure has done nothing. Before an event it may wait while requests
-  /// leave, since a script comes faster than a network takes it and would push its own first
-  /// events out of the queue; `isCancelled` ends that.
+  /// Runs a command; a command that fails has no effect. Before an event, this may wait for
+  /// delivery when the queue is half full: a script is faster than the network, and its own first
+  /// events would be evicted. `isCancelled` ends the wait.
   Done run(const ScriptCommand& command, const std::function<bool()>& isCancelled);
-  /// Waits until nothing is queued. Ends early when `limit` has passed, when what is queued cannot
-  /// leave (no consent, background), or when `isCancelled`.
+  /// Waits until the queue is empty. Returns early after `limit`, when delivery is blocked (no
+  /// consent, background), or when `isCancelled` returns true.
   void waitForDelivery(std::chrono::milliseconds limit, const std::function<bool()>& isCancelled);
 
-  /// Events executed so far, and what became of them; without the bad lines.
+  /// Returns the number of events executed so far and their results, without bad lines.
   ReplayTally tally() const;
-  /// True when the viewer's decision keeps events from being taken.
+  /// Returns true while events are ignored for lack of consent.
   bool isDisabled() const;
 
  private:
@@ -71,7 +71,7 @@ class ReplaySession {
   std::shared_ptr<ServerSide> serverSide_;
   std::uint64_t executed_ = 0;
   std::uint64_t ignored_ = 0;
-  /// How many were delivered when waiting for the queue to drain was of no use.
+  /// Delivered and rejected requests when waiting for the queue last made no progress.
   std::optional<std::uint64_t> stalledAt_;
 };
 

@@ -11,10 +11,10 @@ std::uint64_t ReplayTally::dropped() const {
   if (!sends) return 0;
   const JXOutboxCounters& outbox = counters.outbox;
   const std::uint64_t seen = ignored + outbox.added + outbox.droppedNoStorage;
-  // Without a transfer thread the library takes no request and counts none.
-  const std::uint64_t neverTaken = executed > seen ? executed - seen : 0;
+  // Without a transfer thread the library neither queues nor counts requests.
+  const std::uint64_t neverQueued = executed > seen ? executed - seen : 0;
   return outbox.droppedTooMany + outbox.droppedTooLarge + outbox.droppedTooOld +
-         outbox.droppedNoStorage + outbox.droppedUnreadable + neverTaken;
+         outbox.droppedNoStorage + outbox.droppedUnreadable + neverQueued;
 }
 
 std::string summaryOf(const ReplayTally& tally) {
@@ -24,9 +24,10 @@ std::string summaryOf(const ReplayTally& tally) {
                      std::to_string(tally.dropped());
   if (tally.ignored != 0) text += "; " + std::to_string(tally.ignored) + " ignored while disabled";
   if (tally.badLines != 0) text += "; bad lines " + std::to_string(tally.badLines);
-  if (tally.counters.outbox.inMemory != 0) {
-    text += "; of those held " + std::to_string(tally.counters.outbox.inMemory) +
-            " are on no disk and lost now";
+  if (const std::uint64_t lost = tally.counters.outbox.inMemory; lost != 0) {
+    text += "; " + std::to_string(lost) +
+            (lost == 1 ? " held event could not be stored and is lost"
+                       : " held events could not be stored and are lost");
   }
   return text;
 }

@@ -15,27 +15,28 @@ namespace jx {
 /// A blank line.
 struct ScriptNothing {};
 
-/// The event, filled, ready for `execute`.
+/// An event with its fields, ready for `execute`.
 struct ScriptEvent {
   std::shared_ptr<JXEvent> event;
 };
 
-/// Moves the clock; backwards when negative.
+/// Advances the clock; a negative value moves it back.
 struct ScriptAdvance {
   std::int64_t ms = 0;
 };
 
-/// A permanent datum of any JSON value, JSON's null included.
+/// Adds a permanent parameter with any JSON value, including null.
 struct ScriptPermanent {
   std::string key;
   JXJsonValue value;
 };
 
+/// Removes a permanent parameter.
 struct ScriptForget {
   std::string key;
 };
 
-/// What happens to the application, or what its viewer decides.
+/// A state change of the application, or a consent decision of the user.
 enum class ScriptAct { Background, Foreground, Enable, Disable };
 
 /// One line of a session script.

@@ -21,61 +21,66 @@ constexpr std::string_view kSessionProperty = "videoSessionID";
 Result<const JXEventClass*> classOf(const JXJsonObject& line) {
   const JXJsonValue name = line.get("class");
   if (!name.isPresent()) return Error{"class is missing"};
-  if (name.kind() != Kind::String) return Error{"class is no text"};
+  if (name.kind() != Kind::String) return Error{"class must be a string"};
   const JXEventClass* const type = eventClassNamed(name.string().view());
-  if (type == nullptr) return Error{quoted(name.string().view()) + " is no event class"};
+  if (type == nullptr) return Error{"unknown event class " + quoted(name.string().view())};
   return type;
 }
 
-// 0 for a class without modes.
+// Returns 0 for a class without modes.
 Result<int> modeOf(const JXEventClass& type, const JXJsonObject& line) {
   const JXJsonValue mode = line.get("mode");
   if (type.modes.empty()) {
     if (!mode.isPresent()) return 0;
-    return Error{std::string(type.className) + " has no modes"};
+    return Error{"mode is not allowed: " + std::string(type.className) + " has no modes"};
   }
   if (!mode.isPresent()) return Error{"mode is missing"};
-  if (mode.kind() != Kind::String) return Error{"mode is no text"};
+  if (mode.kind() != Kind::String) return Error{"mode must be a string"};
   const JXString name = mode.string();
   const auto found = std::find(type.modes.begin(), type.modes.end(), name.view());
   if (found == type.modes.end()) {
-    return Error{quoted(name.view()) + " is no mode of " + std::string(type.className)};
+    return Error{"unknown mode " + quoted(name.view()) + " of " + std::string(type.className)};
   }
   return static_cast<int>(found - type.modes.begin());
 }
 
-// Absent when the key is missing or null.
-Result<JXString> textOf(const JXJsonObject& line, std::string_view key) {
+// Returns null when the key is missing or null.
+Result<JXString> stringOf(const JXJsonObject& line, std::string_view key) {
   const JXJsonValue value = line.get(key);
-  const bool isAbsent = value.kind() == Kind::Absent || value.kind() == Kind::Null;
-  if (!isAbsent && value.kind() != Kind::String) return Error{std::string(key) + " is no text"};
+  const bool isNull = value.kind() == Kind::Absent || value.kind() == Kind::Null;
+  if (!isNull && value.kind() != Kind::String) {
+    return Error{std::string(key) + " must be a string or null"};
+  }
   return value.string();
 }
 
-// The argument of the class's initialiser: the name of a custom event, the session of a video one.
+// Returns the argument of the initialiser: the name of a custom event, the session of a video
+// event.
 Result<JXString> argumentOf(const JXEventClass& type, const JXJsonObject& line) {
   const bool takesName = &type == &JXCustomEvent::eventClass();
   if (!takesName && line.contains("name")) {
-    return Error{"name is no argument of " + std::string(type.className) +
-                 "; it is one of its fields"};
+    return Error{"name is allowed only for JXCustomEvent; set the name of a " +
+                 std::string(type.className) + " in \"fields\""};
   }
-  return takesName ? textOf(line, "name") : textOf(line, "session");
+  return takesName ? stringOf(line, "name") : stringOf(line, "session");
 }
 
 std::string fill(const JXEventClass& type, const JXJsonObject& line, JXEvent& event) {
-  // Also for the base of the video classes, whose initialiser takes no session.
+  // Also sets the session of JXVideoEvent, whose initialiser has no session argument.
   if (line.contains("session")) {
-    const std::string wrong = type.setProperty(event, kSessionProperty, line.get("session"));
-    if (!wrong.empty()) return "session " + wrong;
+    const std::string error = type.setProperty(event, kSessionProperty, line.get("session"));
+    if (!error.empty()) return "session " + error;
   }
   const JXJsonValue fields = line.get("fields");
-  if (fields.isPresent() && fields.kind() != Kind::Object) return "fields is no object";
+  if (fields.isPresent() && fields.kind() != Kind::Object) return "fields must be an object";
   for (const JXJsonEntry& field : fields.object().entries()) {
-    const std::string wrong = type.setProperty(event, field.key.view(), field.value);
-    if (!wrong.empty()) return quoted(field.key.view()) + " " + wrong;
+    const std::string error = type.setProperty(event, field.key.view(), field.value);
+    if (!error.empty()) return quoted(field.key.view()) + " " + error;
   }
   const JXJsonValue parameters = line.get("parameters");
-  if (parameters.isPresent() && parameters.kind() != Kind::Object) return "parameters is no object";
+  if (parameters.isPresent() && parameters.kind() != Kind::Object) {
+    return "parameters must be an object";
+  }
   event.addAdditionalParameter(parameters.object());
   return {};
 }
@@ -90,8 +95,8 @@ Result<ScriptCommand> readEventLine(const JXJsonObject& line) {
   const Result<JXString> argument = argumentOf(**type, line);
   if (!argument) return argument.error();
   const std::shared_ptr<JXEvent> event = (*type)->create(*mode, *argument);
-  std::string wrong = fill(**type, line, *event);
-  if (!wrong.empty()) return Error{asOneLine(wrong)};
+  std::string error = fill(**type, line, *event);
+  if (!error.empty()) return Error{asOneLine(error)};
   return ScriptCommand(ScriptEvent{event});
 }
 

@@ -8,8 +8,8 @@
 
 namespace jx {
 
-/// Makes the event of a script line that does "event". Knows the event classes by what
-/// JXEventClass tells about them only, so a class that is added needs no change here.
+/// Creates the event of a script line whose "do" is "event". Uses only JXEventClass, so a new event
+/// class requires no change here.
 Result<ScriptCommand> readEventLine(const JXJsonObject& line);
 
 }  // namespace jx

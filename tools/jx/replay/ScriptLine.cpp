@@ -23,27 +23,27 @@ using Reader = Result<ScriptCommand> (*)(const JXJsonObject& line);
 
 struct Verb {
   std::string_view name;
-  std::initializer_list<std::string_view> keys;  ///< beside "do"
+  std::initializer_list<std::string_view> keys;  ///< in addition to "do"
   Reader read;
 };
 
 Result<std::string> keyOf(const JXJsonObject& line) {
   const JXJsonValue key = line.get("key");
   if (!key.isPresent()) return Error{"key is missing"};
-  if (key.kind() != Kind::String) return Error{"key is no text"};
+  if (key.kind() != Kind::String) return Error{"key must be a string"};
   return key.string().toStdString();
 }
 
 Result<ScriptCommand> readAdvance(const JXJsonObject& line) {
   const JXJsonValue ms = line.get("ms");
   if (!ms.isPresent()) return Error{"ms is missing"};
-  if (ms.kind() != Kind::Number) return Error{"ms is no number"};
+  if (ms.kind() != Kind::Number) return Error{"ms must be a number"};
   const JXString digits = ms.numberString();
   const std::string_view text = digits.view();
   ScriptAdvance advance;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), advance.ms);
   if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size()) {
-    return Error{"ms is no whole number of milliseconds"};
+    return Error{"ms must be a 64-bit integer"};
   }
   return ScriptCommand(advance);
 }
@@ -80,14 +80,14 @@ const std::array<Verb, 8>& verbs() {
   return all;
 }
 
-// A misspelt key would silently lose what stands under it.
+// Rejects misspelt keys, whose values would otherwise be ignored silently.
 std::optional<Error> unknownKey(const Verb& verb, const JXJsonObject& line) {
   for (const JXJsonEntry& entry : line.entries()) {
     const std::string_view key = entry.key.view();
     if (key == "do" || std::find(verb.keys.begin(), verb.keys.end(), key) != verb.keys.end()) {
       continue;
     }
-    return Error{quoted(key) + " does not belong to \"" + std::string(verb.name) + "\""};
+    return Error{"unknown key " + quoted(key) + " for command \"" + std::string(verb.name) + "\""};
   }
   return std::nullopt;
 }
@@ -98,24 +98,24 @@ Result<ScriptCommand> readScriptLine(std::string_view line) {
   if (line.find_first_not_of(" \t\r\n") == std::string_view::npos) {
     return ScriptCommand(ScriptNothing{});
   }
-  if (!isUtf8(line)) return Error{"not UTF-8"};
+  if (!isUtf8(line)) return Error{"invalid UTF-8"};
   const JXJsonReading reading = JXJsonReader::read(line);
   if (!reading.error.empty()) {
-    return Error{"not JSON, at byte " + std::to_string(reading.errorOffset + 1) + ": " +
+    return Error{"invalid JSON at byte " + std::to_string(reading.errorOffset + 1) + ": " +
                  reading.error};
   }
-  if (reading.value.kind() != Kind::Object) return Error{"not a JSON object"};
+  if (reading.value.kind() != Kind::Object) return Error{"a line must be a JSON object"};
   const JXJsonObject object = reading.value.object();
   const JXJsonValue verbValue = object.get("do");
   if (!verbValue.isPresent()) return Error{"\"do\" is missing"};
-  if (verbValue.kind() != Kind::String) return Error{"\"do\" is no text"};
+  if (verbValue.kind() != Kind::String) return Error{"\"do\" must be a string"};
   const JXString name = verbValue.string();
   for (const Verb& verb : verbs()) {
     if (verb.name != name.view()) continue;
     if (std::optional<Error> unknown = unknownKey(verb, object)) return std::move(*unknown);
     return verb.read(object);
   }
-  return Error{"nothing is called " + quoted(name.view()) + " to do"};
+  return Error{"unknown command " + quoted(name.view())};
 }
 
 }  // namespace jx

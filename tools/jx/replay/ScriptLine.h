@@ -9,9 +9,9 @@
 
 namespace jx {
 
-/// Reads one line of a session script, without its line end. Any bytes are allowed; what is no
-/// command is a failure that says why, for the person who wrote the line. Depends on nothing but
-/// the line, and changes nothing.
+/// Parses one line of a session script, without its line end. The line may contain any bytes.
+/// Returns an error message for the author of the script when the line is not a command. A pure
+/// function.
 Result<ScriptCommand> readScriptLine(std::string_view line);
 
 }  // namespace jx

@@ -1,9 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for the types of tvOS on arm64, for scripts/checks/tvos. They are stated before
-// those of musl, which states each only where it is not stated yet. That a 64-bit integer is a
-// `long long` here, and a `long` on Linux, is what tells the overloads and templates of the two
-// apart.
+// The types of tvOS on arm64, for scripts/checks/tvos. They are defined before those of musl, which
+// defines only missing types. A 64-bit integer is a `long long` here and a `long` on Linux, so
+// overloads and templates resolve differently on the two systems.
 
 #ifndef JX_DARWIN_TYPES
 #define JX_DARWIN_TYPES

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A STAND-IN for tvOS's header, for scripts/checks/tvos: what the library may use of it.
+// Replaces tvOS's header in scripts/checks/tvos: the declarations that the library may use.
 #pragma once
 
 #include <stdint.h>
@@ -44,7 +44,7 @@ struct sockaddr_in6 {
 #define IN6_IS_ADDR_LINKLOCAL(a) (((a)->s6_addr[0] == 0xfe) && (((a)->s6_addr[1] & 0xc0) == 0x80))
 #define IN6_IS_ADDR_LOOPBACK(a) ((a)->s6_addr[15] == 1)
 
-// On Darwin these are macros, which cannot be asked for in the global namespace.
+// On Darwin these are macros, so they cannot be qualified with `::`.
 #define ntohs(x) __builtin_bswap16(x)
 #define ntohl(x) __builtin_bswap32(x)
 #define htons(x) __builtin_bswap16(x)

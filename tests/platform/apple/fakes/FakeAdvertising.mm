@@ -23,7 +23,7 @@
 
 @end
 
-// A FAKE of AppTrackingTransparency, which the library looks up by its name alone.
+// A FAKE of AppTrackingTransparency, which the library looks up only by name.
 @interface ATTrackingManager : NSObject
 + (NSUInteger)trackingAuthorizationStatus;
 @end

@@ -14,7 +14,7 @@
 struct jx_fake_queue {};
 
 struct jx_fake_path {
-  jx::test::FakePath said;
+  jx::test::FakePath path;
 };
 
 struct jx_fake_monitor {
@@ -27,12 +27,12 @@ std::mutex mutex;
 std::optional<jx::test::FakePath> current;
 std::vector<jx_fake_monitor*> running;
 
-// The system calls handlers on a queue, which is another thread than the caller's.
-void tell(const std::vector<jx_fake_monitor*>& monitors, const jx::test::FakePath& said) {
+// The system calls handlers on a queue, not on the thread of the caller.
+void notify(const std::vector<jx_fake_monitor*>& monitors, const jx::test::FakePath& path) {
   std::thread([&] {
-    jx_fake_path path{said};
+    jx_fake_path fakePath{path};
     for (const jx_fake_monitor* monitor : monitors)
-      monitor->handler(&path);
+      monitor->handler(&fakePath);
   }).join();
 }
 
@@ -52,13 +52,13 @@ void nw_path_monitor_set_update_handler(nw_path_monitor_t monitor,
 }
 
 void nw_path_monitor_start(nw_path_monitor_t monitor) {
-  std::optional<jx::test::FakePath> said;
+  std::optional<jx::test::FakePath> path;
   {
     const std::lock_guard<std::mutex> lock(mutex);
     running.push_back(monitor);
-    said = current;
+    path = current;
   }
-  if (said) tell({monitor}, *said);
+  if (path) notify({monitor}, *path);
 }
 
 void nw_path_monitor_cancel(nw_path_monitor_t monitor) {
@@ -73,26 +73,26 @@ void nw_release(void* object) {
 }
 
 nw_path_status_t nw_path_get_status(nw_path_t path) {
-  return path->said.isSatisfied ? nw_path_status_satisfied : nw_path_status_unsatisfied;
+  return path->path.isSatisfied ? nw_path_status_satisfied : nw_path_status_unsatisfied;
 }
 
 bool nw_path_uses_interface_type(nw_path_t path, nw_interface_type_t type) {
-  return path->said.interfaceType == type;
+  return path->path.interfaceType == type;
 }
 
 namespace jx::test {
 
-void tellFakePath(const FakePath& path) {
+void setFakePath(const FakePath& path) {
   std::vector<jx_fake_monitor*> monitors;
   {
     const std::lock_guard<std::mutex> lock(mutex);
     current = path;
     monitors = running;
   }
-  tell(monitors, path);
+  notify(monitors, path);
 }
 
-void forgetFakePath() {
+void resetFakePath() {
   const std::lock_guard<std::mutex> lock(mutex);
   current.reset();
 }

@@ -6,8 +6,8 @@
 
 namespace jx::test {
 
-/// What the fakes of the frameworks say; tests set it before they ask the platform. A null pointer
-/// is a value that the system does not have.
+/// Values of the fake frameworks; tests set them before they call the platform. A null pointer
+/// means that the value is unavailable.
 struct FakeDevice {
   const char* model = "Apple TV";
   const char* systemName = "tvOS";
@@ -26,19 +26,19 @@ struct FakeAdvertising {
 };
 FakeAdvertising& fakeAdvertising();
 
-/// The numbers of the Network framework.
+/// State of the fake network path, with the numbers of the Network framework.
 struct FakePath {
   bool isSatisfied = true;
   int interfaceType = 3;
 };
-/// Tells a monitor that runs, on a thread of its own, and returns when it has heard. Monitors
-/// started later hear it at their start.
-void tellFakePath(const FakePath& path);
-/// Monitors started from now on hear nothing until told.
-void forgetFakePath();
+/// Notifies running monitors on another thread and returns after they were called. Monitors that
+/// are started later are notified at their start.
+void setFakePath(const FakePath& path);
+/// Monitors that are started later are not notified until `setFakePath`.
+void resetFakePath();
 int runningFakeMonitors();
 
-/// Posts the notification on Foundation's default centre, as the application does.
+/// Posts the notification on the default centre of Foundation, like the system.
 void postFakeDidEnterBackground();
 void postFakeWillEnterForeground();
 

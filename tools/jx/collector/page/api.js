@@ -1,29 +1,29 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-/** What the collector answered instead of what was asked for. */
-export class ApiFault extends Error {
+/** An error response of the collector. */
+export class ApiError extends Error {
   constructor(status, message) {
     super(message);
     this.status = status;
   }
 }
 
-async function ask(path, options) {
-  const answer = await fetch(path, { cache: 'no-store', ...options });
-  const text = await answer.text();
-  if (answer.ok) return text === '' ? {} : JSON.parse(text);
-  let said = `the collector answers with status ${answer.status}`;
+async function request(path, options) {
+  const response = await fetch(path, { cache: 'no-store', ...options });
+  const text = await response.text();
+  if (response.ok) return text === '' ? {} : JSON.parse(text);
+  let message = `the collector returned HTTP status ${response.status}`;
   try {
-    said = JSON.parse(text).error ?? said;
+    message = JSON.parse(text).error ?? message;
   } catch {
-    // No JSON: the status says enough.
+    // Not JSON: the message contains the status only.
   }
-  throw new ApiFault(answer.status, said);
+  throw new ApiError(response.status, message);
 }
 
 function send(method, path, body) {
-  return ask(path, {
+  return request(path, {
     method,
     headers: { 'Content-Type': 'application/json' },
     body: body === undefined ? undefined : JSON.stringify(body),
@@ -31,16 +31,16 @@ function send(method, path, body) {
 }
 
 export function listRows(fields) {
-  return ask(`/api/events?${new URLSearchParams([['view', 'row'], ...fields])}`);
+  return request(`/api/events?${new URLSearchParams([['view', 'row'], ...fields])}`);
 }
 
 export function listEvents(fields) {
-  return ask(`/api/events?${new URLSearchParams([['view', 'full'], ...fields])}`);
+  return request(`/api/events?${new URLSearchParams([['view', 'full'], ...fields])}`);
 }
 
-export const findEvent = (id) => ask(`/api/events/${id}`);
-export const summary = () => ask('/api/summary');
-export const listSessions = () => ask('/api/sessions');
+export const findEvent = (id) => request(`/api/events/${id}`);
+export const summary = () => request('/api/summary');
+export const listSessions = () => request('/api/sessions');
 export const reset = () => send('POST', '/api/reset', {});
-export const about = () => ask('/api/about');
+export const about = () => request('/api/about');
 export const clearFaults = () => send('DELETE', '/api/faults');

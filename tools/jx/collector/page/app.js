@@ -1,9 +1,9 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 import * as api from './api.js';
-import { firstSteps, nothingPasses } from './blank.js';
+import { firstSteps, noMatches } from './blank.js';
 import { EventDetail } from './detail.js';
-import { confirmReset, showKeys } from './dialogs.js';
+import { confirmReset, showShortcuts } from './dialogs.js';
 import { byId, oncePerFrame } from './dom.js';
 import { EventFeed } from './feed.js';
 import { FilterBar } from './filterbar.js';
@@ -16,14 +16,14 @@ import { Overview } from './overview.js';
 import { SessionView } from './sessions.js';
 import { StreamClient } from './stream.js';
 
-const SESSIONS_REST_MS = 1500;
+const SESSIONS_REFRESH_MS = 1500;
 
-/** Wires the parts: the address says what is shown, the parts change the address. */
+/** Connects the components. The URL fragment defines the view; components change it. */
 class Inspector {
   constructor() {
     this.place = readHash(location.hash);
     this.feed = new EventFeed((change) => this.feedChanged(change),
-      (fault) => this.notices.showTrouble(`The events cannot be listed: ${fault.message}`));
+      (error) => this.notices.showError(`Could not load the events: ${error.message}`));
     this.list = new EventList(byId('events'), this.feed, (id) => this.go({ event: id }, true));
     this.detail = new EventDetail(byId('detail'), {
       onClose: () => this.go({ event: null }, true),
@@ -39,16 +39,18 @@ class Inspector {
     });
     this.bar = new FilterBar(byId('filters'), byId('chips'), (filters) => this.go({ filters }));
     this.overview = new Overview({
-      counters: byId('counters'), chart: byId('minutes'), onSummary: (sum) => this.counted(sum),
+      counters: byId('counters'),
+      chart: byId('minutes'),
+      onSummary: (result) => this.summaryChanged(result),
     });
     this.stream = new StreamClient({
       prepare: () => this.prepare(),
-      onEvent: (type, data) => this.told(type, data),
+      onEvent: (type, data) => this.onStreamEvent(type, data),
       onState: (state) => this.connectionChanged(state),
     });
     this.notices = new Notices(byId('notices'), () => this.stream.retryNow());
     this.classes = new Set();
-    // However many events a frame brings, what stands around the list is written once.
+    // Updates the controls around the list once per frame, regardless of the number of events.
     this.showFeed = oncePerFrame(() => {
       this.bar.offer('class', [...this.classes].filter(Boolean).sort().map((one) => [one, one]));
       this.showPause();
@@ -60,16 +62,16 @@ class Inspector {
   wire() {
     byId('pause').addEventListener('click', () => this.togglePause());
     byId('reset').addEventListener('click', () => this.reset());
-    byId('help').addEventListener('click', () => showKeys());
+    byId('help').addEventListener('click', () => showShortcuts());
     document.addEventListener('pointerdown', (event) => {
       if (!byId('export').contains(event.target)) byId('export').open = false;
     });
-    // Going back and forth, and an address typed by hand.
+    // Back, forward, and a URL entered by the user.
     addEventListener('popstate', () => this.apply(readHash(location.hash)));
     installKeys({
       onEscape: () => this.escape(),
       onPause: () => this.togglePause(),
-      onHelp: () => showKeys(),
+      onHelp: () => showShortcuts(),
       onView: (view) => this.go({ view }, true),
       list: this.list,
     });
@@ -80,7 +82,7 @@ class Inspector {
     this.stream.run();
   }
 
-  /** Changes what is shown; `isStep` makes the browser's back button return from it. */
+  /** Changes the view. With `isStep`, the browser's back button returns to the previous one. */
   go(change, isStep = false) {
     const place = { ...this.place, ...change };
     const hash = writeHash(place);
@@ -123,7 +125,7 @@ class Inspector {
     this.shownSession = wanted;
   }
 
-  /** Before each connection: what is shown is what the collector holds now. */
+  /** Reloads everything before each connection. Returns the ID of the newest event. */
   async prepare() {
     const newest = await api.listRows([['limit', 1]]);
     this.about = await api.about();
@@ -138,7 +140,7 @@ class Inspector {
     this.showPause();
   }
 
-  told(type, data) {
+  onStreamEvent(type, data) {
     if (type === 'arrival') {
       this.classes.add(data.class ?? '');
       this.feed.arrive(data);
@@ -161,7 +163,7 @@ class Inspector {
       this.sessionsTimer = null;
       if (this.place.view === 'sessions') await this.sessions.show(this.place.filters.session);
       this.offerSessions();
-    }, SESSIONS_REST_MS);
+    }, SESSIONS_REFRESH_MS);
   }
 
   async offerSessions() {
@@ -187,16 +189,16 @@ class Inspector {
     const isEmpty = this.feed.length === 0 && !this.feed.isLoading;
     const isFiltered = queryOf(this.place.filters).length > 0;
     if (!isEmpty || !this.about) this.list.showBlank(null);
-    else if (isFiltered) this.list.showBlank(nothingPasses(() => this.go({ filters: {} })));
+    else if (isFiltered) this.list.showBlank(noMatches(() => this.go({ filters: {} })));
     else this.list.showBlank(firstSteps(this.about));
   }
 
-  counted(sum) {
-    this.bar.offerNames(sum.by_name ?? []);
+  summaryChanged(result) {
+    this.bar.offerNames(result.by_name ?? []);
   }
 
   connectionChanged(state) {
-    this.notices.showAway(state);
+    this.notices.showConnection(state);
     byId('connection').textContent = state.isConnected ? 'live' : 'offline';
     byId('connection').classList.toggle('live', state.isConnected);
   }
@@ -218,8 +220,8 @@ class Inspector {
     try {
       const { events } = await api.summary();
       if (await confirmReset(counted(events, 'event'))) await api.reset();
-    } catch (fault) {
-      this.notices.showTrouble(`The events are still there: ${fault.message}`);
+    } catch (error) {
+      this.notices.showError(`Could not delete the events: ${error.message}`);
     }
   }
 

@@ -2,25 +2,26 @@
 // SPDX-License-Identifier: Apache-2.0
 import { button, element } from './dom.js';
 
-/** What the list shows while nothing has ever arrived: how to make something arrive. */
+/** The empty state of a collector without events: shows how to connect an application. */
 export function firstSteps({ events_port: port, ca_file: caFile }) {
   const host = `https://${location.hostname}:${port}`;
   const code = `configuration.collectionHost = ${JSON.stringify(host)};\n` +
     `configuration.caFile = ${JSON.stringify(caFile)};`;
   return element('div', { class: 'first-steps' },
-    element('h2', {}, 'No event yet'),
+    element('h2', {}, 'No events yet'),
     element('p', {},
-      'Point the application at this collector before it makes its first ServerSide:'),
-    element('pre', { class: 'raw', tabindex: 0, 'aria-label': 'Lines for the application' }, code),
-    element('p', { class: 'hint' }, 'On another machine, use this one’s address and copy the ',
+      'Configure the application before it creates its first ServerSide:'),
+    element('pre', { class: 'raw', tabindex: 0, 'aria-label': 'Application configuration' }, code),
+    element('p', { class: 'hint' },
+      'On another machine, use this machine’s address and copy the ',
       element('a', { href: '/ca.pem', download: 'ca.pem' }, 'CA file'),
-      ' there. What arrives shows here by itself.'));
+      ' to it. Events appear here automatically.'));
 }
 
-/** What the list shows when the filters let nothing through. */
-export function nothingPasses(onClear) {
+/** The empty state of a list whose filters match no event. */
+export function noMatches(onClear) {
   return element('div', { class: 'first-steps' },
-    element('h2', {}, 'No event passes the filters'),
-    element('p', {}, 'New ones that do show here as they arrive.'),
+    element('h2', {}, 'No matching events'),
+    element('p', {}, 'New events that match the filters appear here automatically.'),
     button('Clear all filters', onClear));
 }

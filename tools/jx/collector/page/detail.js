@@ -6,11 +6,11 @@ import { button, element } from './dom.js';
 import { counted, preciseTime, shortId } from './format.js';
 import { readJson } from './json.js';
 import { requestView } from './request.js';
-import { JsonTree, ReasonMap, reasonNotes } from './tree.js';
+import { diagnosticLabels, DiagnosticMap, JsonTree } from './tree.js';
 
 const TABS = [['body', 'Body'], ['changes', 'Differences'], ['request', 'Request'], ['raw', 'Raw']];
 
-/** The pane that shows one event whole. */
+/** The pane with all details of one event. */
 export class EventDetail {
   constructor(pane, { onClose, onOpen, onFilter, onSession }) {
     Object.assign(this, { pane, onClose, onOpen, onFilter, onSession });
@@ -24,8 +24,8 @@ export class EventDetail {
     try {
       const event = await findEvent(id);
       if (this.id === id) this.show(event);
-    } catch (fault) {
-      if (this.id === id) this.showFault(fault);
+    } catch (error) {
+      if (this.id === id) this.showError(error);
     }
   }
 
@@ -35,10 +35,11 @@ export class EventDetail {
     this.pane.replaceChildren();
   }
 
-  showFault(fault) {
-    const text = fault.status === 404
-      ? 'This event is not here any more: the collector was reset, or newer events took its place.'
-      : `The event cannot be shown: ${fault.message}`;
+  showError(error) {
+    const text = error.status === 404
+      ? 'This event is no longer available: the collector was reset, or the event was evicted to ' +
+        'make room.'
+      : `Could not load the event: ${error.message}`;
     this.pane.replaceChildren(this.head('Event', null), element('p', { class: 'blank' }, text));
     this.pane.hidden = false;
   }
@@ -50,10 +51,10 @@ export class EventDetail {
       role: 'tab', id: `tab-${key}`, 'aria-controls': 'panel',
       on: { click: () => this.choose(key), keydown: (pressed) => this.steer(pressed) },
     }));
-    const reasons = this.reasonList(event.reasons ?? []);
+    const diagnostics = this.diagnosticList(event.reasons ?? []);
     this.pane.replaceChildren(this.head(event.name ?? '(no name)', event), this.facts(event),
-      ...(reasons ? [reasons] : []),
-      element('div', { class: 'tabs', role: 'tablist', 'aria-label': 'Parts of the event' },
+      ...(diagnostics ? [diagnostics] : []),
+      element('div', { class: 'tabs', role: 'tablist', 'aria-label': 'Event views' },
         ...this.tabs), this.panels);
     this.pane.hidden = false;
     this.pane.scrollTop = 0;
@@ -61,22 +62,22 @@ export class EventDetail {
   }
 
   head(name, event) {
-    const verdict = event && element('span', { class: event.good ? 'badge good' : 'badge bad' },
-      event.good ? '● good' : '▲ bad');
+    const badge = event && element('span', { class: event.good ? 'badge good' : 'badge bad' },
+      event.good ? '● valid' : '▲ invalid');
     return element('header', { class: 'detail-head' },
-      element('h2', {}, name), verdict,
-      button('Close', () => this.onClose(), { class: 'close', title: 'Escape' }));
+      element('h2', {}, name), badge,
+      button('Close', () => this.onClose(), { class: 'close', title: 'Close (Escape)' }));
   }
 
   facts(event) {
     const facts = [
-      element('span', {}, event.class ?? 'no class of the library'),
+      element('span', {}, event.class ?? 'unknown event class'),
       element('span', {}, `№ ${event.id}`),
       element('time', {}, preciseTime(event.received_ms)),
       event.repeats > 0 ? element('span', { class: 'mark' }, `×${event.repeats + 1}`) : null,
     ];
     const acts = [
-      event.name && button('Only this name', () => this.onFilter('name', event.name)),
+      event.name && button('Filter by name', () => this.onFilter('name', event.name)),
       event.session &&
         button(`Session ${shortId(event.session)}`, () => this.onSession(event.session)),
       event.video_session &&
@@ -87,19 +88,19 @@ export class EventDetail {
       element('p', { class: 'acts' }, ...acts.filter(Boolean)));
   }
 
-  reasonList(reasons) {
-    if (reasons.length === 0) return null;
-    const list = element('ul', { class: 'reasons', 'aria-label': 'What is wrong or worth a look' },
-      ...reasons.map((reason) => element('li', { class: reason.level },
-        button(reason.key || '(the whole body)', () => this.reveal(reason.key), { class: 'path' }),
-        ...reasonNotes([reason]))));
-    if (reasons.some((reason) => reason.level === 'error')) return list;
-    // Nothing is wrong: it is there for whoever wants to know.
+  diagnosticList(diagnostics) {
+    if (diagnostics.length === 0) return null;
+    const list = element('ul', { class: 'reasons', 'aria-label': 'Errors and warnings' },
+      ...diagnostics.map((one) => element('li', { class: one.level },
+        button(one.key || '(entire body)', () => this.reveal(one.key), { class: 'path' }),
+        ...diagnosticLabels([one]))));
+    if (diagnostics.some((one) => one.level === 'error')) return list;
+    // The event is valid, so the warnings are collapsed.
     return element('details', { class: 'notes-only' },
-      element('summary', {}, counted(reasons.length, 'note')), list);
+      element('summary', {}, counted(diagnostics.length, 'warning')), list);
   }
 
-  /** Shows the place in the tree that a reason is about. */
+  /** Scrolls to the key of a diagnostic in the tree. */
   reveal(path) {
     this.choose('body');
     const place = [...this.panels.querySelectorAll('[data-path]')]
@@ -138,20 +139,20 @@ export class EventDetail {
   }
 
   bodyView() {
-    const reasons = this.event.reasons ?? [];
+    const diagnostics = this.event.reasons ?? [];
     let value;
     try {
       value = readJson(this.event.body);
-    } catch (fault) {
+    } catch (error) {
       return element('div', {},
-        element('p', { class: 'reason error' }, `No JSON: ${fault.message}` +
-          (fault.offset === undefined ? '' : `, at character ${fault.offset + 1}`)),
+        element('p', { class: 'reason error' }, `Invalid JSON: ${error.message}` +
+          (error.offset === undefined ? '' : `, at character ${error.offset + 1}`)),
         this.rawText());
     }
-    const tree = new JsonTree(new ReasonMap(reasons));
+    const tree = new JsonTree(new DiagnosticMap(diagnostics));
     return element('div', {},
-      element('p', { class: 'acts' }, button('Unfold all', () => tree.foldAll(true)),
-        button('Fold all', () => tree.foldAll(false))),
+      element('p', { class: 'acts' }, button('Expand all', () => tree.toggleAll(true)),
+        button('Collapse all', () => tree.toggleAll(false))),
       tree.build(value));
   }
 
@@ -159,17 +160,17 @@ export class EventDetail {
     const { event } = this;
     if (!event.previous) {
       return element('p', { class: 'hint' },
-        'No earlier event of this name is here to compare with.');
+        'No previous event with this name is available.');
     }
     const view = element('div', {}, element('p', { class: 'hint' }, 'Comparing…'));
     findEvent(event.previous).then((previous) => {
       const link = button(`№ ${previous.id}`, () => this.onOpen(previous.id));
       view.replaceChildren(
         element('p', { class: 'hint' }, 'Compared with ', link,
-          `, the event of this name before it (${preciseTime(previous.received_ms)})`),
+          `, the previous event with this name (${preciseTime(previous.received_ms)})`),
         changesView(previous, event));
-    }).catch((fault) => view.replaceChildren(element('p', { class: 'hint' },
-      `The earlier event cannot be shown: ${fault.message}`)));
+    }).catch((error) => view.replaceChildren(element('p', { class: 'hint' },
+      `Could not load the previous event: ${error.message}`)));
     return view;
   }
 
@@ -179,21 +180,21 @@ export class EventDetail {
   }
 
   rawView() {
-    const done = element('span', { role: 'status' });
+    const status = element('span', { role: 'status' });
     const copy = async () => {
       try {
         await navigator.clipboard.writeText(this.event.body);
-        done.textContent = 'Copied';
+        status.textContent = 'Copied';
       } catch {
         getSelection().selectAllChildren(this.pane.querySelector('.raw'));
-        done.textContent = 'Selected: press Ctrl+C';
+        status.textContent = 'Selected; press Ctrl+C to copy';
       }
     };
     const isLossy = this.event.body_base64 !== undefined;
     return element('div', {},
-      element('p', { class: 'acts' }, button('Copy', copy, { id: 'copy' }), done),
+      element('p', { class: 'acts' }, button('Copy', copy, { id: 'copy' }), status),
       isLossy ? element('p', { class: 'reason error' },
-        'The body is not UTF-8; the bytes that are none show as \ufffd.') : null,
+        'The body is not valid UTF-8; invalid bytes are shown as \ufffd.') : null,
       this.rawText());
   }
 }

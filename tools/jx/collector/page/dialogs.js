@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 import { button, element } from './dom.js';
 
-const KEYS = [
-  ['↑ ↓', 'the event above, below'], ['Page Up, Page Down', 'a screen up, down'],
-  ['Home, End', 'the newest, the oldest that is loaded'], ['Enter', 'open the event'],
-  ['Escape', 'close what is open, then clear the filters'], ['/', 'filter by text'],
-  ['p', 'pause, resume'], ['e, s', 'events, sessions'], ['?', 'these keys'],
+const SHORTCUTS = [
+  ['↑ ↓', 'previous event, next event'], ['Page Up, Page Down', 'one page up, down'],
+  ['Home, End', 'newest event, oldest loaded event'], ['Enter', 'open the event'],
+  ['Escape', 'close the menu or event, then clear the filters'], ['/', 'filter by text'],
+  ['p', 'pause, resume'], ['e, s', 'events, sessions'], ['?', 'keyboard shortcuts'],
 ];
 
-/** Shows a dialog until it is closed; gives the value of the button that closed it. */
-function ask(title, content, buttons) {
+/** Shows a modal dialog. Resolves to the value of the button that closed it. */
+function showDialog(title, content, buttons) {
   const dialog = element('dialog', { 'aria-label': title }, element('h2', {}, title), content,
     element('p', { class: 'acts' }, ...buttons.map(([value, text, kind]) =>
       button(text, () => dialog.close(value), { class: kind, value }))));
@@ -24,17 +24,17 @@ function ask(title, content, buttons) {
   });
 }
 
-export function showKeys() {
+export function showShortcuts() {
   const table = element('table', { class: 'pairs keys' }, element('tbody', {},
-    ...KEYS.map(([key, act]) => element('tr', {},
+    ...SHORTCUTS.map(([key, act]) => element('tr', {},
       element('th', { scope: 'row' }, element('kbd', {}, key)), element('td', {}, act)))));
-  return ask('Keys', table, [['', 'Close', '']]);
+  return showDialog('Keyboard shortcuts', table, [['', 'Close', '']]);
 }
 
-/** Whether the reader really means it. */
+/** Resolves to true when the user confirms. */
 export async function confirmReset(count) {
-  const answer = await ask('Remove all events?', element('p', {},
-    `${count} are removed from the collector for good. Export them first if somebody may still ` +
-    'need them.'), [['', 'Keep them', ''], ['reset', 'Remove all', 'danger']]);
-  return answer === 'reset';
+  const result = await showDialog('Delete all events?', element('p', {},
+    `${count} will be permanently deleted from the collector. Export them first if you may still ` +
+    'need them.'), [['', 'Cancel', ''], ['reset', 'Delete all', 'danger']]);
+  return result === 'reset';
 }

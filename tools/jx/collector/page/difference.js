@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 import { pathOf, shownValue } from './json.js';
 
-// What changes from one event to the next although nothing was said differently.
+// Keys whose values differ between otherwise identical events.
 const VOLATILE = new Set([
   'context.event_id',
   'context.event_timestamp',
@@ -20,22 +20,22 @@ function collect(value, path, leaves) {
 }
 
 /**
- * What `after` says otherwise than `before`: [{path, kind, before, after, isVolatile}] with kind
- * 'added', 'removed' or 'changed', in the order of the newer body, what was removed last. Numbers
- * are compared as they are written: 1.0 is not 1.
+ * Returns the differences from `before` to `after`: [{path, kind, before, after, isVolatile}] with
+ * kind 'added', 'removed' or 'changed', in the order of `after`, removed keys last. Numbers are
+ * compared as strings: 1.0 differs from 1.
  */
 export function differences(before, after) {
   const old = collect(before, '', new Map());
   const now = collect(after, '', new Map());
   const found = [];
-  const note = (kind, path, from, to) =>
+  const add = (kind, path, from, to) =>
     found.push({ path, kind, before: from, after: to, isVolatile: VOLATILE.has(path) });
   for (const [path, text] of now) {
-    if (!old.has(path)) note('added', path, null, text);
-    else if (old.get(path) !== text) note('changed', path, old.get(path), text);
+    if (!old.has(path)) add('added', path, null, text);
+    else if (old.get(path) !== text) add('changed', path, old.get(path), text);
   }
   for (const [path, text] of old) {
-    if (!now.has(path)) note('removed', path, text, null);
+    if (!now.has(path)) add('removed', path, text, null);
   }
   return found;
 }

@@ -17,14 +17,15 @@ function fill(node, attributes, children) {
 }
 
 /**
- * An HTML element. Texts among the children become text nodes, so what a device sent is never
- * parsed as markup. `on` maps events to handlers; null, undefined and false leave an attribute out.
+ * Creates an HTML element. String children become text nodes, so data from a device is never
+ * parsed as markup. `on` maps events to handlers. Attributes that are null, undefined or false
+ * are omitted.
  */
 export function element(name, attributes = {}, ...children) {
   return fill(document.createElement(name), attributes, children);
 }
 
-/** An SVG element; the rest as in element(). */
+/** Creates an SVG element; otherwise the same as element(). */
 export function shape(name, attributes = {}, ...children) {
   return fill(document.createElementNS(SVG, name), attributes, children);
 }
@@ -37,14 +38,14 @@ export function byId(id) {
   return document.getElementById(id);
 }
 
-/** Runs `draw` once in the next frame, however often it is asked to before. */
+/** Returns a function that runs `draw` in the next frame, at most once per frame. */
 export function oncePerFrame(draw) {
-  let isAsked = false;
+  let isScheduled = false;
   return () => {
-    if (isAsked) return;
-    isAsked = true;
+    if (isScheduled) return;
+    isScheduled = true;
     requestAnimationFrame(() => {
-      isAsked = false;
+      isScheduled = false;
       draw();
     });
   };

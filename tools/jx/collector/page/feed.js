@@ -5,21 +5,21 @@ import { passes, queryOf } from './filters.js';
 
 const FIRST_ROWS = 300;
 const PAGE_ROWS = 1000;
-// Enough to scroll through a day's work; older ones are asked for again when they are needed.
+// Enough rows for a working day; older rows are requested again when needed.
 const KEPT_ROWS = 250000;
-// How many arrivals of a pause are fetched one by one; with more, the newest page is.
+// After a pause with more events than this, only the newest page is loaded.
 const CATCH_UP_ROWS = 2000;
 const TEXT_DELAY_MS = 120;
 
 /**
- * The rows that pass the filters, from the newest down as far as somebody has scrolled. Calls
- * `onChange({added, isNew})` when they change: `added` is how many came on top, `isNew` says that
- * the list is another one.
+ * The rows that match the filters, from the newest to the oldest row that was scrolled to. Calls
+ * `onChange({added, isNew})` after each change: `added` is the number of rows added at the top;
+ * `isNew` is true when the whole list was replaced.
  */
 export class EventFeed {
-  constructor(onChange, onFault) {
+  constructor(onChange, onError) {
     this.onChange = onChange;
-    this.onFault = onFault;
+    this.onError = onError;
     this.filters = {};
     this.isPaused = false;
     this.clear();
@@ -34,7 +34,7 @@ export class EventFeed {
     return this.rows.length;
   }
 
-  /** Where the row with this id stands; -1 when it is not loaded. */
+  /** Returns the index of the row with this ID; -1 when it is not loaded. */
   indexOf(id) {
     const place = this.placeOf(id);
     return place < 0 ? -1 : this.rows.length - 1 - place;
@@ -43,7 +43,7 @@ export class EventFeed {
   clear() {
     this.rows = [];  // oldest first, so that an arrival is a push
     this.waiting = 0;
-    this.held = [];
+    this.pending = [];
     this.isLoading = false;
     this.hasAll = false;
     this.generation = (this.generation ?? 0) + 1;
@@ -53,20 +53,20 @@ export class EventFeed {
     this.filters = filters;
     this.clear();
     this.isLoading = true;
-    const rows = await this.ask([['limit', FIRST_ROWS]]);
+    const rows = await this.request([['limit', FIRST_ROWS]]);
     if (!rows) return;
     this.rows = rows;
     this.hasAll = rows.length === 0;
     this.isLoading = false;
-    for (const row of this.held.splice(0)) this.put(row);
+    for (const row of this.pending.splice(0)) this.put(row);
     this.onChange({ added: 0, isNew: true });
   }
 
-  /** The page below the oldest row, when there is one and it is not on its way already. */
+  /** Loads the page below the oldest row, unless it does not exist or is loading. */
   async loadOlder() {
     if (this.isLoading || this.hasAll || this.rows.length === 0) return;
     this.isLoading = true;
-    const rows = await this.ask([['limit', PAGE_ROWS], ['before', this.rows[0].id]]);
+    const rows = await this.request([['limit', PAGE_ROWS], ['before', this.rows[0].id]]);
     if (!rows) return;
     this.isLoading = false;
     this.hasAll = rows.length === 0;
@@ -74,18 +74,18 @@ export class EventFeed {
     this.onChange({ added: 0, isNew: false });
   }
 
-  /** A row that has just arrived. */
+  /** Handles the row of a new event. */
   arrive(row) {
     if (this.filters.text) {
-      this.askForNewSoon();
+      this.loadNewSoon();
     } else if (passes(row, this.filters)) {
-      this.take(row);
+      this.add(row);
     }
   }
 
-  take(row) {
+  add(row) {
     if (this.isLoading && this.rows.length === 0) {
-      this.held.push(row);
+      this.pending.push(row);
     } else if (this.isPaused) {
       this.waiting += 1;
       this.onChange({ added: 0, isNew: false });
@@ -120,21 +120,21 @@ export class EventFeed {
     const missed = this.waiting;
     this.waiting = 0;
     if (missed > CATCH_UP_ROWS || this.rows.length === 0) return this.load(this.filters);
-    return this.askForNew();
+    return this.loadNew();
   }
 
-  askForNewSoon() {
+  loadNewSoon() {
     this.timer ??= setTimeout(() => {
       this.timer = null;
-      this.askForNew();
+      this.loadNew();
     }, TEXT_DELAY_MS);
   }
 
-  /** What came behind the newest row; counted only, while the list is paused. */
-  async askForNew() {
+  /** Loads the rows after the newest row; only counts them while the list is paused. */
+  async loadNew() {
     if (this.rows.length === 0) return this.isPaused ? undefined : this.load(this.filters);
     for (;;) {
-      const rows = await this.ask([['limit', PAGE_ROWS], ['after', this.rows.at(-1).id]]);
+      const rows = await this.request([['limit', PAGE_ROWS], ['after', this.rows.at(-1).id]]);
       if (!rows) return;
       if (this.isPaused) {
         this.waiting = rows.length;
@@ -146,16 +146,16 @@ export class EventFeed {
     }
   }
 
-  /** Absent when it failed, or when the list has become another one meanwhile. */
-  async ask(fields) {
+  /** Returns undefined when the request failed or the list was replaced in the meantime. */
+  async request(fields) {
     const { generation } = this;
     try {
       const { events } = await listRows([...fields, ...queryOf(this.filters)]);
       return generation === this.generation ? events : undefined;
-    } catch (fault) {
+    } catch (error) {
       if (generation !== this.generation) return undefined;
       this.isLoading = false;
-      this.onFault(fault);
+      this.onError(error);
       return undefined;
     }
   }

@@ -6,7 +6,7 @@ import { FILTERS } from './filters.js';
 
 const TYPING_MS = 200;
 
-/** The fields of the filters, and a chip for each that is set. */
+/** The filter controls, and a chip for each filter that is set. */
 export class FilterBar {
   constructor(form, chips, onChange) {
     Object.assign(this, { form, chips, onChange });
@@ -16,18 +16,18 @@ export class FilterBar {
 
   build() {
     this.text = element('input', {
-      id: 'filter-text', type: 'search', placeholder: 'Text in the body',
-      'aria-label': 'Text anywhere in the body', autocomplete: 'off', spellcheck: 'false',
+      id: 'filter-text', type: 'search', placeholder: 'Search bodies',
+      'aria-label': 'Search event bodies', autocomplete: 'off', spellcheck: 'false',
       on: { input: () => this.typed() },
     });
-    this.verdicts = [['', 'All'], ['true', 'Good'], ['false', 'Bad']].map(([value, word]) =>
-      button(word, () => this.set('good', value), { 'data-good': value }));
-    this.name = this.choice('name', 'Name');
-    this.class = this.choice('class', 'Class');
-    this.session = this.choice('session', 'Session');
+    this.validities = [['', 'All'], ['true', 'Valid'], ['false', 'Invalid']].map(([value, label]) =>
+      button(label, () => this.set('good', value), { 'data-good': value }));
+    this.name = this.selectField('name', 'Name');
+    this.class = this.selectField('class', 'Class');
+    this.session = this.selectField('session', 'Session');
     this.form.append(this.text,
-      element('div', { class: 'segments', role: 'group', 'aria-label': 'Verdict' },
-        ...this.verdicts),
+      element('div', { class: 'segments', role: 'group', 'aria-label': 'Validation' },
+        ...this.validities),
       this.name, this.class, this.session);
     this.form.addEventListener('submit', (event) => {
       event.preventDefault();
@@ -35,7 +35,7 @@ export class FilterBar {
     });
   }
 
-  choice(key, label) {
+  selectField(key, label) {
     return element('select', {
       id: `filter-${key}`, 'aria-label': label,
       on: { change: (event) => this.set(key, event.target.value) },
@@ -59,12 +59,12 @@ export class FilterBar {
     this.onChange(filters);
   }
 
-  /** Shows these filters; does not report them. */
+  /** Shows these filters without calling `onChange`. */
   show(filters) {
     this.filters = filters;
     if (document.activeElement !== this.text || !filters.text) this.text.value = filters.text ?? '';
-    for (const verdict of this.verdicts) {
-      verdict.setAttribute('aria-pressed', verdict.dataset.good === (filters.good ?? ''));
+    for (const validity of this.validities) {
+      validity.setAttribute('aria-pressed', validity.dataset.good === (filters.good ?? ''));
     }
     for (const key of ['name', 'class', 'session']) this.select(key, filters[key] ?? '');
     this.showChips();
@@ -74,14 +74,14 @@ export class FilterBar {
     const set = FILTERS.filter(([key]) => this.filters[key]);
     this.chips.hidden = set.length === 0;
     this.chips.replaceChildren(...set.map(([key, label]) => {
-      const value = { true: 'good', false: 'bad' }[key === 'good' ? this.filters[key] : '']
+      const value = { true: 'valid', false: 'invalid' }[key === 'good' ? this.filters[key] : '']
         ?? this.filters[key];
       return button(`${label}: ${value} ×`, () => this.set(key, ''),
         { class: 'chip', 'data-filter': key, 'aria-label': `Remove filter ${label}: ${value}` });
     }), button('Clear all', () => this.onChange({}), { class: 'link', id: 'clear-filters' }));
   }
 
-  // A value that is not offered, as from a shared address, is added so that it can be seen.
+  // A value that is not in the list, for example from a shared URL, is added so that it is visible.
   select(key, value) {
     const field = this[key];
     if (value && ![...field.options].some((option) => option.value === value)) {
@@ -91,19 +91,19 @@ export class FilterBar {
     field.classList.toggle('set', value !== '');
   }
 
-  /** Offers these values: [[value, words]]. */
+  /** Sets the values of a list: [[value, label]]. */
   offer(key, values) {
     const field = this[key];
     const wanted = JSON.stringify(values);
     if (field.dataset.offered === wanted || document.activeElement === field) return;
     field.dataset.offered = wanted;
     field.replaceChildren(field.options[0],
-      ...values.map(([value, words]) => element('option', { value }, words)));
+      ...values.map(([value, label]) => element('option', { value }, label)));
     this.select(key, this.filters[key] ?? '');
   }
 
   offerNames(byName) {
     this.offer('name', byName.filter((one) => one.name !== null).map(({ name, count, bad }) =>
-      [name, `${name} (${grouped(count)}${bad > 0 ? `, ${bad} bad` : ''})`]));
+      [name, `${name} (${grouped(count)}${bad > 0 ? `, ${bad} invalid` : ''})`]));
   }
 }

@@ -1,18 +1,18 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-/** The filters that /api/events takes, with the words that people read. */
+/** The filters of /api/events, with their labels. */
 export const FILTERS = [
   ['text', 'Text'],
   ['name', 'Name'],
   ['class', 'Class'],
-  ['good', 'Verdict'],
+  ['good', 'Validation'],
   ['session', 'Session'],
 ];
 
 /**
- * What the page shows, as the part of the address behind "#": the view ('events' or 'sessions'),
- * the opened event, and the filters; a filter that is not set is absent.
+ * Reads the view from the fragment of the URL (after "#"): 'events' or 'sessions', the open event,
+ * and the filters. A filter that is not set is omitted.
  */
 export function readHash(hash) {
   const fields = new URLSearchParams(hash.replace(/^#/, ''));
@@ -35,12 +35,12 @@ export function writeHash({ view, event, filters }) {
   return `#${fields}`;
 }
 
-/** The filters as fields of a request. */
+/** Returns the filters as query parameters. */
 export function queryOf(filters) {
   return FILTERS.flatMap(([key]) => (filters[key] ? [[key, filters[key]]] : []));
 }
 
-/** Whether a row passes; a text cannot be judged here, as a row does not hold the body. */
+/** Returns whether a row matches all filters but the text: a row does not contain the body. */
 export function passes(row, filters) {
   if (filters.name && row.name !== filters.name) return false;
   if (filters.class && row.class !== filters.class) return false;

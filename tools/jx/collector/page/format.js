@@ -3,7 +3,7 @@
 
 const two = (number) => String(number).padStart(2, '0');
 
-/** 18:15:11, in the reader's time zone; "–" when unknown. */
+/** 18:15:11, in the local time zone; "–" when unknown. */
 export function timeOfDay(ms) {
   if (ms === null || ms === undefined) return '–';
   const date = new Date(ms);
@@ -46,7 +46,7 @@ export function grouped(number) {
   return String(number).replace(/\B(?=(\d{3})+$)/g, ',');
 }
 
-/** The beginning of an identifier, enough to tell it from its neighbours. */
+/** Returns the first characters of an ID, enough to distinguish it from others in a list. */
 export function shortId(id) {
   return id ? id.slice(0, 8) : '–';
 }

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 
 /**
- * Reads JSON without losing a digit: a number stays the text that was received, a key that stands
- * twice is there twice. What JSON.parse makes of 1.10, of 12345678901234567890 or of a repeated key
- * is not what the device sent.
+ * Reads JSON without losing precision: a number is kept as the received string, and a duplicate key
+ * is kept twice. JSON.parse changes 1.10, 12345678901234567890 and duplicate keys, so it does not
+ * show what the device sent.
  *
  * A value is {kind, text} for 'string' (decoded), 'number' (as received) and 'word' (true, false,
- * null), and {kind, members: [{key, value}]} for 'object' and 'array', where key is a text or an
+ * null), and {kind, members: [{key, value}]} for 'object' and 'array', where key is a string or an
  * index.
  */
 
@@ -16,8 +16,8 @@ const NUMBER = /-?(?:0|[1-9]\d*)(?:\.\d+)?(?:[eE][+-]?\d+)?/y;
 const WORD = /true|false|null/y;
 const BLANK = /[ \t\r\n]*/y;
 
-/** What is wrong with a text that is no JSON, and where. */
-export class JsonFault extends Error {
+/** Describes why a string is not valid JSON, and the offset of the error. */
+export class JsonError extends Error {
   constructor(message, offset) {
     super(message);
     this.offset = offset;
@@ -39,17 +39,17 @@ class Reader {
   }
 
   fail(message) {
-    throw new JsonFault(message, this.at);
+    throw new JsonError(message, this.at);
   }
 
-  /** The next character that is no blank, which stays unread. */
+  /** Returns the next character that is not whitespace, without consuming it. */
   peek() {
     this.match(BLANK);
     return this.text[this.at];
   }
 
   take(character) {
-    if (this.peek() !== character) this.fail(`${character} is expected`);
+    if (this.peek() !== character) this.fail(`expected ${character}`);
     this.at += 1;
   }
 
@@ -57,16 +57,16 @@ class Reader {
     const end = this.endOfString();
     let text;
     try {
-      // What stands between quotes holds no number to lose, so JSON.parse may decode it.
+      // A string contains no number that could lose precision, so JSON.parse can decode it.
       text = JSON.parse(this.text.slice(this.at, end));
     } catch {
-      this.fail('a text is not closed or has a wrong escape');
+      this.fail('unterminated string or invalid escape sequence');
     }
     this.at = end;
     return text;
   }
 
-  /** Searched quote by quote: a regular expression runs out of stack on a text of megabytes. */
+  /** Searches quote by quote: a regular expression runs out of stack on a string of megabytes. */
   endOfString() {
     let end = this.at;
     for (;;) {
@@ -79,9 +79,9 @@ class Reader {
   }
 
   value(depth) {
-    if (depth > MAX_DEPTH) this.fail('the body is nested too deeply to show');
+    if (depth > MAX_DEPTH) this.fail('the body is nested too deeply');
     const first = this.peek();
-    if (first === undefined) this.fail('the body ends too early');
+    if (first === undefined) this.fail('unexpected end of the body');
     if (first === '{') return this.container('object', '}', depth);
     if (first === '[') return this.container('array', ']', depth);
     if (first === '"') return { kind: 'string', text: this.string() };
@@ -89,7 +89,7 @@ class Reader {
     if (word !== null) return { kind: 'word', text: word };
     const number = this.match(NUMBER);
     if (number !== null) return { kind: 'number', text: number };
-    return this.fail('no value begins like this');
+    return this.fail('invalid value');
   }
 
   container(kind, end, depth) {
@@ -106,33 +106,33 @@ class Reader {
 
   member(kind, index, depth) {
     if (kind === 'array') return { key: index, value: this.value(depth + 1) };
-    if (this.peek() !== '"') this.fail('a key is expected');
+    if (this.peek() !== '"') this.fail('expected a key');
     const key = this.string();
     this.take(':');
     return { key, value: this.value(depth + 1) };
   }
 }
 
-/** Throws a JsonFault. */
+/** Parses a JSON document. Throws a JsonError. */
 export function readJson(text) {
   const reader = new Reader(text);
   const value = reader.value(0);
-  if (reader.peek() !== undefined) reader.fail('something stands behind the value');
+  if (reader.peek() !== undefined) reader.fail('unexpected data after the value');
   return value;
 }
 
-/** The path of a member: items[0].product */
+/** Returns the path of a member, such as items[0].product. */
 export function pathOf(parent, key) {
   if (typeof key === 'number') return `${parent}[${key}]`;
   return parent === '' ? key : `${parent}.${key}`;
 }
 
-/** The value of the last member with this key; undefined when there is none. */
+/** Returns the value of the last member with this key; undefined when there is none. */
 export function memberOf(value, key) {
   return value?.members?.findLast((member) => member.key === key)?.value;
 }
 
-/** A text as JSON writes it, a number or word as it is. */
+/** Returns a string in JSON notation, a number or word as received. */
 export function shownValue(value) {
   if (value.kind === 'string') return JSON.stringify(value.text);
   if (value.members) return value.kind === 'array' ? '[]' : '{}';

@@ -6,7 +6,7 @@ function isTyping(target) {
   return target.matches?.('input, select, textarea');
 }
 
-/** The keys that work wherever the focus is; those of the list are the list's own. */
+/** Installs the keyboard shortcuts of the page; the list handles its own keys. */
 export function installKeys({ onEscape, onPause, onHelp, onView, list }) {
   document.addEventListener('keydown', (event) => {
     if (event.ctrlKey || event.metaKey || event.altKey || document.querySelector('dialog[open]')) {
@@ -18,7 +18,7 @@ export function installKeys({ onEscape, onPause, onHelp, onView, list }) {
       return;
     }
     if (isTyping(event.target)) return;
-    const acts = {
+    const actions = {
       '/': () => byId('filter-text').focus(),
       p: onPause,
       '?': onHelp,
@@ -26,7 +26,7 @@ export function installKeys({ onEscape, onPause, onHelp, onView, list }) {
       s: () => onView('sessions'),
     };
     const isFree = document.activeElement === document.body;
-    if (acts[event.key]) acts[event.key]();
+    if (actions[event.key]) actions[event.key]();
     else if (isFree && /^Arrow(Down|Up)$/.test(event.key)) list.focusAndSteer(event);
     else return;
     event.preventDefault();

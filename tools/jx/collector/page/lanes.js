@@ -3,16 +3,15 @@
 import { memberOf, readJson } from './json.js';
 
 /**
- * What a session's events are drawn as. Pure: from events to lanes of marks and segments, in steps
- * of the order of execution; where a step stands is decided by scale.js, how it looks by
- * timeline.js.
+ * Converts the events of a session to lanes of marks and segments, in order of execution. Pure
+ * functions: scale.js computes the position of each step, timeline.js draws it.
  */
 
 const SHOPPING = ['view_item_list', 'select_item', 'view_item', 'add_to_wishlist', 'add_to_cart',
   'remove_from_cart', 'view_cart', 'begin_checkout', 'add_shipping_info', 'add_payment_info',
   'purchase', 'refund'];
 
-// The state of the player behind each event; null: the one before.
+// The state of the player after each event; null restores the previous state.
 const PLAYER = {
   video_start: 'playing', video_resume: 'playing', video_pause: 'paused',
   video_buffer_start: 'buffering', video_buffer_complete: null,
@@ -24,7 +23,7 @@ function plainNumber(value) {
   return value?.kind === 'number' ? Number(value.text) : null;
 }
 
-function told(event) {
+function parsedBody(event) {
   try {
     return readJson(event.body);
   } catch {
@@ -32,9 +31,9 @@ function told(event) {
   }
 }
 
-/** The event with what the drawing needs of its body. */
+/** The event with the values of its body that the timeline shows. */
 function step(event, index) {
-  const body = told(event);
+  const body = parsedBody(event);
   const cursor = plainNumber(memberOf(body, 'cursor_position'));
   const length = plainNumber(memberOf(body, 'total_length'));
   return {
@@ -50,7 +49,7 @@ function step(event, index) {
   };
 }
 
-/** In order of execution; what tells no time of its own stands where it arrived. */
+/** Returns the steps in order of execution; an event without a timestamp uses its arrival time. */
 export function stepsOf(events) {
   const ordered = [...events].sort((a, b) =>
     (a.event_timestamp ?? a.received_ms) - (b.event_timestamp ?? b.received_ms) || a.id - b.id);
@@ -104,7 +103,7 @@ function adLane(steps) {
     }
   };
   for (const one of own) {
-    // An advertisement outside a break is a segment of its own.
+    // An advertisement outside a break has its own segment.
     if (one.name === 'video_ad_break_start') open.set('break', one);
     else if (one.name === 'video_ad_break_complete') end('break', one);
     else if (one.name === 'video_ad_start' && !open.has('break')) open.set('ad', one);
@@ -135,7 +134,7 @@ function videoGroup(video, steps) {
   };
 }
 
-/** A lane for each step of shopping that was taken, the way to the purchase from top to bottom. */
+/** One lane per shopping step that occurred, in order of the purchase funnel from top to bottom. */
 function shoppingGroup(steps) {
   const lanes = SHOPPING.filter((name) => steps.some((one) => one.name === name)).map((name) => ({
     key: name,
@@ -146,7 +145,7 @@ function shoppingGroup(steps) {
   return { title: 'Shopping', lanes, isStair: true };
 }
 
-/** The groups of lanes that a session is drawn as; every step is a mark in exactly one lane. */
+/** Returns the groups of lanes of a session; each step is a mark in exactly one lane. */
 export function groupsOf(steps) {
   const videos = [...new Set(steps.filter((one) => one.video).map((one) => one.video))];
   const groups = videos.map((video) =>
@@ -157,7 +156,7 @@ export function groupsOf(steps) {
   const other = rest.filter((one) => !SHOPPING.includes(one.name));
   if (other.length > 0) {
     groups.push({
-      title: 'Everything else',
+      title: 'Other events',
       lanes: [{
         key: 'other', label: 'Other', segments: [],
         marks: other.map((one) => ({ step: one, kind: 'other' })),

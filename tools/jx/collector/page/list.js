@@ -4,12 +4,12 @@ import { button, element, oncePerFrame } from './dom.js';
 import { counted } from './format.js';
 import { RowView } from './rows.js';
 
-const ROWS_BEYOND = 10;    // drawn above and below what is visible
-const ROWS_AHEAD = 400;    // so early the next older page is asked for
+const ROWS_BEYOND = 10;    // drawn above and below the visible rows
+const ROWS_AHEAD = 400;    // rows left when the next older page is requested
 
 /**
- * The live list: however many rows the feed holds, only those in sight are in the document. It has
- * the focus as a whole and points to its active row, which may be out of sight.
+ * The live list. Only the visible rows are in the document, regardless of the size of the feed. The
+ * list has the focus and points to its active row, which may be scrolled out of view.
  */
 export class EventList {
   constructor(parent, feed, onOpen) {
@@ -39,13 +39,13 @@ export class EventList {
     this.newer = button('', () => this.toTop(), { class: 'newer', hidden: true });
     this.blank = element('div', { class: 'blank', hidden: true });
     this.head = element('div', { class: 'row head', 'aria-hidden': 'true' },
-      ...[['verdict', ''], ['time', 'Arrived'], ['name', 'Name'], ['line', 'What it says'],
+      ...[['verdict', ''], ['time', 'Received'], ['name', 'Name'], ['line', 'Summary'],
         ['marks', ''], ['session', 'Session']]
         .map(([name, text]) => element('span', { class: name }, text)));
     parent.replaceChildren(this.head, this.scroller, this.newer, this.blank);
   }
 
-  /** Rows are as high as the style says, which differs on a narrow screen. */
+  /** Reads the row height from the style sheet; it differs on a narrow screen. */
   measure() {
     const height = getComputedStyle(this.scroller).getPropertyValue('--row-height');
     this.rowHeight = Number.parseFloat(height) || 28;
@@ -53,13 +53,13 @@ export class EventList {
     this.draw();
   }
 
-  /** The feed changed. */
+  /** Called when the feed has changed. */
   update({ added, isNew }) {
     if (isNew) {
       this.unseen = 0;
       this.scroller.scrollTop = 0;
     } else if (added > 0 && this.scroller.scrollTop > this.rowHeight / 2) {
-      // What somebody reads stays where it is.
+      // Keep the visible rows in place.
       this.unseen += added;
       this.shift = (this.shift ?? 0) + added;
     }
@@ -92,7 +92,7 @@ export class EventList {
     }
     while (this.views.length > end - first) this.views.pop().node.remove();
     for (let index = first; index < end; index += 1) {
-      // By index modulo their number, a row in sight keeps its element while the list moves.
+      // Index modulo the number of views: a visible row keeps its element while the list scrolls.
       const view = this.views[index % this.views.length];
       const row = this.feed.at(index);
       view.show(row, index, index * this.rowHeight);
@@ -121,7 +121,7 @@ export class EventList {
     event.preventDefault();
   }
 
-  /** Makes the row so many further down the active one, and keeps it in sight. */
+  /** Moves the active row by the given number of rows and scrolls it into view. */
   move(steps) {
     if (this.feed.length === 0) return;
     const from = this.feed.indexOf(this.activeId);
@@ -136,13 +136,13 @@ export class EventList {
     this.draw();
   }
 
-  /** A key that was pressed while nothing had the focus. */
+  /** Handles a key that was pressed while nothing had the focus. */
   focusAndSteer(event) {
     this.scroller.focus();
     this.steer(event);
   }
 
-  /** Marks the row of the opened event, and shows it when it is loaded but out of sight. */
+  /** Marks the row of the open event and scrolls to it when it is loaded but not visible. */
   markOpen(id) {
     this.openId = id;
     if (id !== null) {
@@ -168,7 +168,7 @@ export class EventList {
     this.draw();
   }
 
-  /** What stands in place of the rows; nothing when there are some. */
+  /** Shows an empty state instead of the rows; null hides it. */
   showBlank(content) {
     this.blank.hidden = !content;
     this.blank.replaceChildren(...(content ? [content] : []));

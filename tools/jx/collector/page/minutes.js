@@ -9,7 +9,7 @@ const GAP_PX = 1;
 const HEIGHT_PX = 34;
 const MINUTE_MS = 60000;
 
-/** The last hour as bars from the left to now, one a minute; a minute without events has none. */
+/** Returns one bar per minute of the last hour, the current minute last. */
 export function barsOf(minutes, nowMs) {
   const now = Math.floor(nowMs / MINUTE_MS);
   const bars = Array.from({ length: MINUTES }, (_, place) => ({
@@ -22,7 +22,7 @@ export function barsOf(minutes, nowMs) {
   return bars;
 }
 
-// What is there is seen, however little it is beside the highest minute.
+// A minute with few events is still visible next to the highest bar.
 function pixels(count, most) {
   return count === 0 ? 0 : Math.max(2, Math.round((count / most) * (HEIGHT_PX - 4)));
 }
@@ -34,7 +34,7 @@ function column({ minuteMs, good, bad }, place, most) {
   const at = (name, from, height) => (height === 0 ? null
     : shape('rect', { class: name, x, y: HEIGHT_PX - from - height, width: BAR_PX, height }));
   return shape('g', {},
-    shape('title', {}, `${timeOfDay(minuteMs).slice(0, 5)}: ${good} good, ${bad} bad`),
+    shape('title', {}, `${timeOfDay(minuteMs).slice(0, 5)}: ${good} valid, ${bad} invalid`),
     shape('rect', { class: 'ground', x, y: 0, width: BAR_PX + GAP_PX, height: HEIGHT_PX }),
     at('bad', 0, badPx), at('good', badPx, goodPx));
 }
@@ -47,8 +47,8 @@ export function minuteChart(minutes, nowMs) {
   return shape('svg', {
     class: 'minute-chart', role: 'img', width, height: HEIGHT_PX,
     viewBox: `0 0 ${width} ${HEIGHT_PX}`, preserveAspectRatio: 'none',
-    'aria-label': `Events of the last hour by minute: ${sum('good')} good, ${sum('bad')} bad, ` +
-      `at most ${grouped(most)} in a minute`,
+    'aria-label': `Events per minute in the last hour: ${sum('good')} valid, ` +
+      `${sum('bad')} invalid, at most ${grouped(most)} per minute`,
   },
   shape('line', { class: 'base', x1: 0, x2: width, y1: HEIGHT_PX - 0.5, y2: HEIGHT_PX - 0.5 }),
   ...bars.map((bar, place) => column(bar, place, most)));

@@ -6,11 +6,11 @@ import { grouped } from './format.js';
 import { minuteChart } from './minutes.js';
 
 const MINUTE_MS = 60000;
-const SOONEST_MS = 400;
-// Counting takes the collector a while when it holds much; it is to spend its time on events.
-const REST_FACTOR = 8;
+const MIN_REFRESH_MS = 400;
+// Counting is slow when the collector has many events; most of its time is left for events.
+const IDLE_FACTOR = 8;
 
-/** The counts and the chart of the last hour, asked anew when something happened. */
+/** The counters and the chart of the last hour, refreshed after changes. */
 export class Overview {
   constructor({ counters, chart, onSummary }) {
     Object.assign(this, { counters, chart, onSummary });
@@ -18,35 +18,35 @@ export class Overview {
   }
 
   refreshSoon() {
-    this.timer ??= setTimeout(() => this.refresh(), this.restMs ?? 0);
+    this.timer ??= setTimeout(() => this.refresh(), this.refreshDelayMs ?? 0);
   }
 
   async refresh() {
     const begun = performance.now();
     try {
-      const answer = await summary();
-      this.show(answer);
-      this.onSummary(answer);
+      const result = await summary();
+      this.show(result);
+      this.onSummary(result);
     } catch {
-      // The stream tells that the collector is away.
+      // The stream reports the lost connection.
     }
-    this.restMs = Math.max(SOONEST_MS, REST_FACTOR * (performance.now() - begun));
+    this.refreshDelayMs = Math.max(MIN_REFRESH_MS, IDLE_FACTOR * (performance.now() - begun));
     this.timer = null;
   }
 
-  show(answer) {
-    const good = answer.good ?? answer.events - answer.bad;
+  show(result) {
+    const good = result.good ?? result.events - result.bad;
     const counts = [
-      ['Events', answer.events, ''], ['Good', good, 'good'],
-      ['Bad', answer.bad, answer.bad > 0 ? 'bad' : ''],
-      ['Notes', answer.notes ?? 0, ''],
-      ['Repeats', answer.repeats, ''],
+      ['Events', result.events, ''], ['Valid', good, 'good'],
+      ['Invalid', result.bad, result.bad > 0 ? 'bad' : ''],
+      ['Warnings', result.notes ?? 0, ''],
+      ['Repeats', result.repeats, ''],
     ];
     this.counters.replaceChildren(...counts.map(([name, count, kind]) =>
       element('div', { class: `counter ${kind}` },
         element('dt', {}, name), element('dd', {}, grouped(count)))));
     this.chart.replaceChildren(
-      element('span', { class: 'caption' }, 'Last hour', element('br'), 'by minute'),
-      minuteChart(answer.minutes ?? [], Date.now()));
+      element('span', { class: 'caption' }, 'Last hour', element('br'), 'per minute'),
+      minuteChart(result.minutes ?? [], Date.now()));
   }
 }

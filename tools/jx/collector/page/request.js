@@ -28,17 +28,17 @@ function queryPairs(query) {
 // A header is [name, value] or {name, value}.
 const headerPair = (header) => (Array.isArray(header) ? header : [header.name, header.value]);
 
-/** How the event came: the request line, its query and headers, and how often it was repeated. */
+/** The HTTP request of an event: request line, query, headers, and the number of repeats. */
 export function requestView(event) {
   const query = queryPairs(event.query);
   const facts = [
     ['Request', `${event.method} ${event.path}${event.query ? `?${event.query}` : ''}`],
-    ['Arrived', dateAndTime(event.received_ms)],
+    ['Received', dateAndTime(event.received_ms)],
     ['Executed', dateAndTime(event.event_timestamp)],
     ['Repeats', event.repeats > 0
-      ? `${event.repeats}, the last ${dateAndTime(event.last_seen_ms)}` : 'none'],
+      ? `${event.repeats}, last at ${dateAndTime(event.last_seen_ms)}` : 'none'],
     ['Size', `${grouped(event.bytes ?? 0)} bytes`],
-    ['Event id', event.event_id ?? '–'],
+    ['Event ID', event.event_id ?? '–'],
   ];
   return element('div', {}, table('Request', facts),
     query.length > 0 ? table('Query', query) : null,

@@ -5,7 +5,7 @@ import { counted, preciseTime, shortId } from './format.js';
 
 const cell = (name) => element('span', { class: name, role: 'gridcell' });
 
-/** One line of the list; made once and filled again and again while somebody scrolls. */
+/** One row of the list; created once and reused while the list scrolls. */
 export class RowView {
   constructor() {
     this.verdict = cell('verdict');
@@ -28,7 +28,7 @@ export class RowView {
     this.node.dataset.id = row.id;
     this.node.classList.toggle('bad', !row.good);
     this.verdict.textContent = row.good ? '●' : '▲';
-    this.verdict.setAttribute('aria-label', row.good ? 'good' : 'bad');
+    this.verdict.setAttribute('aria-label', row.good ? 'valid' : 'invalid');
     this.time.textContent = preciseTime(row.received_ms);
     this.name.textContent = row.name ?? '(no name)';
     this.line.textContent = row.line ?? '';
@@ -50,10 +50,10 @@ function marksOf(row) {
     marks.push(element('span', { class: 'mark error' }, counted(row.errors, 'error')));
   }
   if (row.notes > 0) {
-    marks.push(element('span', { class: 'mark note' }, counted(row.notes, 'note')));
+    marks.push(element('span', { class: 'mark note' }, counted(row.notes, 'warning')));
   }
   if (row.repeats > 0) {
-    marks.push(element('span', { class: 'mark', title: `repeated ${row.repeats} times` },
+    marks.push(element('span', { class: 'mark', title: `repeated ${counted(row.repeats, 'time')}` },
       `×${row.repeats + 1}`));
   }
   return marks;

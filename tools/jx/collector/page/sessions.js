@@ -21,7 +21,7 @@ async function eventsOf(session) {
   return { events, isWhole: false };
 }
 
-/** The sessions that the collector knows, and a drawing of the chosen one. */
+/** The list of sessions, and the timeline of the selected session. */
 export class SessionView {
   constructor(parent, { onChoose, onOpen, onList }) {
     Object.assign(this, { parent, onChoose, onOpen, onList });
@@ -32,7 +32,7 @@ export class SessionView {
     new ResizeObserver(() => this.resized()).observe(this.stage);
   }
 
-  /** Asks anew and shows; `session` absent: the newest. */
+  /** Loads and shows a session; the newest one when `session` is not set. */
   async show(session) {
     this.wanted = session ?? null;
     try {
@@ -41,9 +41,9 @@ export class SessionView {
       const chosen = this.wanted ?? sessions[0]?.session ?? null;
       this.drawList(chosen);
       await this.load(chosen);
-    } catch (fault) {
+    } catch (error) {
       this.stage.replaceChildren(element('p', { class: 'blank' },
-        `The sessions cannot be shown: ${fault.message}`));
+        `Could not load the sessions: ${error.message}`));
     }
   }
 
@@ -61,16 +61,16 @@ export class SessionView {
       'aria-current': id === chosen ? 'true' : null, on: { click: () => this.onChoose(id) },
     },
     element('span', { class: 'entry-title' }, title),
-    bad > 0 ? element('span', { class: 'mark error' }, `${bad} bad`) : null,
+    bad > 0 ? element('span', { class: 'mark error' }, `${bad} invalid`) : null,
     element('span', { class: 'entry-facts' },
-      `${counted(events, 'event')}, arrived ${timeOfDay(first)}`));
+      `${counted(events, 'event')}, received ${timeOfDay(first)}`));
   }
 
   async load(session) {
     if (session === null) {
       this.drawn = null;
       this.stage.replaceChildren(element('p', { class: 'blank' },
-        'No session yet. One appears with the first event that tells its session.'));
+        'No sessions yet. A session appears with the first event that has a session ID.'));
       return;
     }
     const { events, isWhole } = await eventsOf(session);
@@ -79,7 +79,7 @@ export class SessionView {
     this.redraw();
   }
 
-  // Only its width decides how the stage is drawn; its height follows from that.
+  // The layout depends only on the width; the height follows from it.
   resized() {
     if (this.stage.clientWidth !== this.width) this.redraw();
   }
@@ -89,28 +89,28 @@ export class SessionView {
     if (!this.drawn || this.width === 0) return;
     const focused = document.activeElement?.closest?.('.mark-point')?.dataset.id;
     this.drawStage(this.drawn);
-    // What was pointed at stays so while events come in.
+    // Keep the focus on the same mark while events arrive.
     if (focused) this.stage.querySelector(`.mark-point[data-id="${focused}"]`)?.focus();
   }
 
   drawStage({ session, steps, isWhole }) {
     if (steps.length === 0) {
       this.stage.replaceChildren(element('p', { class: 'blank' },
-        'No event of this session is here any more.'));
+        'The events of this session are no longer available.'));
       return;
     }
     const labelPx = Number.parseFloat(getComputedStyle(this.stage).getPropertyValue('--labels'));
     this.readout = element('div', { class: 'readout', role: 'status' },
-      'Point at a mark to read its event; choose it to see the whole.');
+      'Hover over a mark to preview its event; click it to open the event.');
     const timeline = new Timeline(steps, groupsOf(steps), {
       width: Math.max(240, this.width - labelPx - 32),
       onPoint: (step) => this.point(step),
       onOpen: this.onOpen,
     });
     const hints = [
-      'Long stretches are drawn shorter than they were; the labels tell the time.',
-      timeline.isWide ? 'There is more to the right: scroll, or walk with the arrow keys.' : '',
-      isWhole ? '' : `Only the first ${MAX_EVENTS} events are drawn.`,
+      'Long intervals are compressed; the labels show actual times.',
+      timeline.isWide ? 'The timeline continues to the right: scroll, or use the arrow keys.' : '',
+      isWhole ? '' : `Only the first ${MAX_EVENTS} events are shown.`,
     ];
     this.stage.replaceChildren(this.head(session, steps), timeline.node, this.readout,
       element('p', { class: 'hint' }, hints.filter(Boolean).join(' ')));
@@ -125,14 +125,14 @@ export class SessionView {
       element('p', { class: 'facts' },
         element('span', {}, `${timeOfDay(steps[0].atMs)} to ${timeOfDay(steps.at(-1).atMs)}`),
         element('span', {}, lasted), element('span', {}, counted(steps.length, 'event')),
-        bad > 0 ? element('span', { class: 'mark error' }, `${bad} bad`) : null),
-      button('Show as a list', () => this.onList(session)));
+        bad > 0 ? element('span', { class: 'mark error' }, `${bad} invalid`) : null),
+      button('Show as list', () => this.onList(session)));
   }
 
   point({ event, name, atMs }) {
     this.readout.replaceChildren(
       element('span', { class: event.good ? 'verdict good' : 'verdict bad' },
-        event.good ? '● good' : '▲ bad'),
+        event.good ? '● valid' : '▲ invalid'),
       element('strong', {}, name), element('span', { class: 'time' }, preciseTime(atMs)),
       element('span', {}, event.line ?? ''));
   }

@@ -1,13 +1,13 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-const FIRST_PAUSE_MS = 500;
-const LONGEST_PAUSE_MS = 10000;
-// A heartbeat comes every 15 s: a connection that is silent for longer than two is dead, as after
-// a laptop's sleep.
+const INITIAL_BACKOFF_MS = 500;
+const MAX_BACKOFF_MS = 10000;
+// A heartbeat is sent every 15 s. A connection without data for two intervals is dead, for example
+// after a laptop was suspended.
 const SILENCE_MS = 35000;
 
-/** Splits server-sent events out of pieces of text as they come. */
+/** Parses server-sent events from chunks of text. */
 export class EventParser {
   constructor(onEvent) {
     this.onEvent = onEvent;
@@ -19,13 +19,13 @@ export class EventParser {
     this.event = { type: 'message', id: null, data: [] };
   }
 
-  push(piece) {
-    const lines = (this.rest + piece).split('\n');
+  push(chunk) {
+    const lines = (this.rest + chunk).split('\n');
     this.rest = lines.pop();
-    for (const line of lines) this.take(line.endsWith('\r') ? line.slice(0, -1) : line);
+    for (const line of lines) this.parseLine(line.endsWith('\r') ? line.slice(0, -1) : line);
   }
 
-  take(line) {
+  parseLine(line) {
     if (line === '') {
       if (this.event.data.length > 0) {
         this.onEvent({ ...this.event, data: this.event.data.join('\n') });
@@ -43,14 +43,14 @@ export class EventParser {
 }
 
 /**
- * Follows /api/stream, and comes back by itself when it breaks. Before each connection it calls
- * `prepare`, which gives the id to go on from. Tells `onEvent(type, data)`, and
- * `onState({isConnected, sinceMs, retryMs})`.
+ * Reads /api/stream and reconnects automatically. Calls `prepare` before each connection, which
+ * returns the event ID to continue from. Calls `onEvent(type, data)` for each event and
+ * `onState({isConnected, sinceMs, retryMs})` when the connection changes.
  */
 export class StreamClient {
   constructor({ prepare, onEvent, onState }) {
     Object.assign(this, { prepare, onEvent, onState });
-    this.pauseMs = FIRST_PAUSE_MS;
+    this.backoffMs = INITIAL_BACKOFF_MS;
     this.lostMs = null;
   }
 
@@ -60,49 +60,49 @@ export class StreamClient {
       try {
         await this.follow();
       } catch {
-        // Whatever broke, what follows is the same: tell, wait, try again.
+        // Every error is handled the same way: report, wait, reconnect.
       }
-      clearTimeout(this.watch);
-      await this.pause();
+      clearTimeout(this.watchdog);
+      await this.backOff();
     }
   }
 
   retryNow() {
-    this.endPause?.();
+    this.endBackoff?.();
   }
 
   async follow() {
-    this.listen();
+    this.restartWatchdog();
     const after = await this.prepare(this.abort.signal);
-    const answer = await fetch(`/api/stream?after=${after}`,
+    const response = await fetch(`/api/stream?after=${after}`,
       { signal: this.abort.signal, cache: 'no-store' });
-    if (!answer.ok) throw new Error(`status ${answer.status}`);
-    this.pauseMs = FIRST_PAUSE_MS;
+    if (!response.ok) throw new Error(`status ${response.status}`);
+    this.backoffMs = INITIAL_BACKOFF_MS;
     this.lostMs = null;
     this.onState({ isConnected: true });
     const parser = new EventParser(({ type, data }) => this.onEvent(type, JSON.parse(data)));
-    const reader = answer.body.pipeThrough(new TextDecoderStream()).getReader();
+    const reader = response.body.pipeThrough(new TextDecoderStream()).getReader();
     for (;;) {
       const { done, value } = await reader.read();
       if (done) return;
-      this.listen();
+      this.restartWatchdog();
       parser.push(value);
     }
   }
 
-  listen() {
-    clearTimeout(this.watch);
-    this.watch = setTimeout(() => this.abort.abort(), SILENCE_MS);
+  restartWatchdog() {
+    clearTimeout(this.watchdog);
+    this.watchdog = setTimeout(() => this.abort.abort(), SILENCE_MS);
   }
 
-  pause() {
+  backOff() {
     this.abort.abort();
     this.lostMs ??= Date.now();
-    const waitMs = this.pauseMs;
-    this.pauseMs = Math.min(LONGEST_PAUSE_MS, waitMs * 2);
+    const waitMs = this.backoffMs;
+    this.backoffMs = Math.min(MAX_BACKOFF_MS, waitMs * 2);
     this.onState({ isConnected: false, sinceMs: this.lostMs, retryMs: Date.now() + waitMs });
     return new Promise((resolve) => {
-      this.endPause = resolve;
+      this.endBackoff = resolve;
       setTimeout(resolve, waitMs);
     });
   }

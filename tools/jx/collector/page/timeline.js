@@ -6,12 +6,12 @@ import { labelled, positions } from './scale.js';
 
 const LANE_PX = 30;
 const STAIR_PX = 22;
-const LABELLED_PX = 44;   // a lane whose segments are too full of marks to be written in
+const LABELLED_PX = 44;   // a lane whose labels are above the segments, which are full of marks
 const TITLE_PX = 26;
 const AXIS_PX = 22;
 const LETTER_PX = 6.5;
 
-// Drawn around 0,0, some 12 pixels wide.
+// Centred at 0,0, about 12 pixels wide.
 const GLYPHS = {
   start: 'M-4,-6 L6,0 L-4,6 Z',
   resume: 'M-4,-6 L6,0 L-4,6 Z',
@@ -38,7 +38,7 @@ function glyph(kind) {
   return GLYPHS[kind] ?? (kind === 'shop' || kind === 'other' ? DOT : DIAMOND);
 }
 
-/** The lanes of a session as a drawing whose marks can be pointed at, walked through and opened. */
+/** Draws the lanes of a session. Marks react to the pointer, the arrow keys and Enter. */
 export class Timeline {
   constructor(steps, groups, { width, onPoint, onOpen }) {
     Object.assign(this, { steps, groups, onPoint, onOpen });
@@ -92,7 +92,7 @@ export class Timeline {
     y = top;
     for (const lane of group.lanes) {
       y += heightOf(group, lane);
-      // Marks are drawn last, above what leads to them.
+      // Marks are drawn last, above segments and lines.
       const middle = y - heightOf(group, {}) / 2;
       for (const [place, mark] of lane.marks.entries()) {
         picture.append(this.mark(mark, middle, this.roomFor(mark, lane.marks[place + 1])));
@@ -122,7 +122,7 @@ export class Timeline {
     return shape('path', { class: 'stair', d: path });
   }
 
-  /** A mark's text is drawn when the next mark of the lane leaves room; its label always tells. */
+  /** Returns whether a mark's text fits before the next mark; its aria-label always contains it. */
   roomFor({ step, text }, next) {
     const end = next ? this.xs[next.step.index] - 8 : this.width;
     return Boolean(text) && this.xs[step.index] + 7 + text.length * LETTER_PX <= end;
@@ -130,7 +130,7 @@ export class Timeline {
 
   mark({ step, kind, text }, middle, hasRoom) {
     const { event, index } = step;
-    const label = `${step.name}, ${timeOfDay(step.atMs)}${event.good ? '' : ', bad'}` +
+    const label = `${step.name}, ${timeOfDay(step.atMs)}${event.good ? '' : ', invalid'}` +
       (text ? `, ${text}` : '');
     const node = shape('g', {
       class: `mark-point ${event.good ? '' : 'bad'}`, role: 'button', tabindex: -1,
@@ -150,7 +150,7 @@ export class Timeline {
     return node;
   }
 
-  /** A rule where the application was away so long that a new session began. */
+  /** A line where a new session began after a long time in the background. */
   breaks() {
     const group = shape('g', {});
     for (const [place, step] of this.steps.entries()) {

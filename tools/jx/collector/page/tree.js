@@ -4,22 +4,22 @@ import { button, element } from './dom.js';
 import { counted } from './format.js';
 import { pathOf, shownValue } from './json.js';
 
-const OPEN_MEMBERS = 60;   // a value with more, counted through, begins folded
+const OPEN_MEMBERS = 60;   // a value with more descendants is collapsed initially
 const SHOWN_MEMBERS = 200;
-// What is alike in every event begins folded.
-const FOLDED = new Set(['context', 'user']);
+// Blocks that are similar in every event are collapsed initially.
+const COLLAPSED = new Set(['context', 'user']);
 
 function isInside(path, key) {
   if (path === '') return key !== '';
   return key.startsWith(`${path}.`) || key.startsWith(`${path}[`);
 }
 
-/** Reasons by the path of the key that they are about. */
-export class ReasonMap {
-  constructor(reasons) {
+/** Diagnostics by the path of their key. */
+export class DiagnosticMap {
+  constructor(diagnostics) {
     this.byPath = new Map();
-    for (const reason of reasons) {
-      this.byPath.set(reason.key, [...(this.byPath.get(reason.key) ?? []), reason]);
+    for (const one of diagnostics) {
+      this.byPath.set(one.key, [...(this.byPath.get(one.key) ?? []), one]);
     }
   }
 
@@ -27,29 +27,29 @@ export class ReasonMap {
     return this.byPath.get(path) ?? [];
   }
 
-  /** Whether something is wrong inside `path`. */
+  /** Returns whether a descendant of `path` has an error. */
   hasErrorInside(path) {
-    return [...this.byPath].some(([key, reasons]) => isInside(path, key) &&
-      reasons.some((reason) => reason.level === 'error'));
+    return [...this.byPath].some(([key, diagnostics]) => isInside(path, key) &&
+      diagnostics.some((one) => one.level === 'error'));
   }
 
-  /** Reasons about members of `path` that are not there: [{path, key, reasons}]. */
+  /** Returns the diagnostics about missing members of `path`: [{path, key, diagnostics}]. */
   missingIn(path, members) {
-    const there = members.map((member) => pathOf(path, member.key));
+    const present = members.map((member) => pathOf(path, member.key));
     const missing = [];
-    for (const [key, reasons] of this.byPath) {
-      const isThere = there.some((own) => key === own || isInside(own, key));
-      if (!isInside(path, key) || isThere) continue;
-      missing.push({ path: key, key: key.slice(path.length).replace(/^\./, ''), reasons });
+    for (const [key, diagnostics] of this.byPath) {
+      const isPresent = present.some((own) => key === own || isInside(own, key));
+      if (!isInside(path, key) || isPresent) continue;
+      missing.push({ path: key, key: key.slice(path.length).replace(/^\./, ''), diagnostics });
     }
     return missing;
   }
 }
 
-export function reasonNotes(reasons) {
-  return reasons.map((reason) => element('span', { class: `reason ${reason.level}` },
-    element('span', { class: 'glyph', 'aria-label': reason.level },
-      reason.level === 'error' ? '▲' : '◆'), ` ${reason.text}`));
+export function diagnosticLabels(diagnostics) {
+  return diagnostics.map(({ level, text }) => element('span', { class: `reason ${level}` },
+    element('span', { class: 'glyph', 'aria-label': level === 'error' ? 'error' : 'warning' },
+      level === 'error' ? '▲' : '◆'), ` ${text}`));
 }
 
 function size(value) {
@@ -64,25 +64,25 @@ function preview(value) {
 }
 
 /**
- * A JSON value as a tree whose branches fold. Branches are filled when they are opened first, so
- * that a body of megabytes costs nothing until somebody looks.
+ * Shows a JSON value as a tree with collapsible branches. A branch is filled when it is first
+ * expanded, so that a body of megabytes opens fast.
  */
 export class JsonTree {
-  constructor(reasons) {
-    this.reasons = reasons;
+  constructor(diagnostics) {
+    this.diagnostics = diagnostics;
     this.branches = new Set();
   }
 
   build(value) {
     const root = element('div', { class: 'tree' });
-    root.append(...reasonNotes(this.reasons.at('')));
+    root.append(...diagnosticLabels(this.diagnostics.at('')));
     if (value.members) root.append(this.memberList(value, ''));
     else root.append(this.leaf(value));
     return root;
   }
 
-  foldAll(isOpen) {
-    // Opening fills, which adds branches; a set is walked through to those too.
+  toggleAll(isOpen) {
+    // Filling a branch adds branches; iterating a set includes them.
     for (const branch of this.branches) {
       if (isOpen) branch.fill();
       branch.node.open = isOpen;
@@ -96,11 +96,12 @@ export class JsonTree {
 
   memberList(value, path) {
     const list = element('ul');
-    // What lacks stands first: behind a long object nobody would find it.
-    for (const missing of this.reasons.missingIn(path, value.members)) {
+    // Missing keys come first: after a long object they would be overlooked.
+    for (const missing of this.diagnostics.missingIn(path, value.members)) {
       list.append(element('li', { class: 'missing', 'data-path': missing.path },
         element('span', { class: 'key' }, missing.key),
-        element('span', { class: 'value absent' }, 'absent'), ...reasonNotes(missing.reasons)));
+        element('span', { class: 'value absent' }, 'missing'),
+        ...diagnosticLabels(missing.diagnostics)));
     }
     this.appendMembers(list, value, path, 0);
     return list;
@@ -113,7 +114,7 @@ export class JsonTree {
     }
     if (end < value.members.length) {
       const more = element('li', {}, button(
-        `Show more, ${value.members.length - end} are left`, () => {
+        `Show more (${value.members.length - end} remaining)`, () => {
           more.remove();
           this.appendMembers(list, value, path, end);
         }));
@@ -122,24 +123,24 @@ export class JsonTree {
   }
 
   member({ key, value }, path) {
-    const reasons = this.reasons.at(path);
+    const diagnostics = this.diagnostics.at(path);
     const label = element('span', { class: typeof key === 'number' ? 'key index' : 'key' },
       String(key));
-    const notes = reasonNotes(reasons);
+    const labels = diagnosticLabels(diagnostics);
     const attributes = {
       'data-path': path,
-      class: reasons.some((reason) => reason.level === 'error') ? 'faulty' : null,
+      class: diagnostics.some((one) => one.level === 'error') ? 'faulty' : null,
     };
-    // An empty object that lacks something has a line to show.
-    if (!value.members || (value.members.length === 0 && !this.reasons.hasErrorInside(path))) {
-      return element('li', attributes, label, this.leaf(value), ...notes);
+    // An empty object with missing keys is shown as a branch.
+    if (!value.members || (value.members.length === 0 && !this.diagnostics.hasErrorInside(path))) {
+      return element('li', attributes, label, this.leaf(value), ...labels);
     }
-    return element('li', attributes, this.branch(label, value, path, notes));
+    return element('li', attributes, this.branch(label, value, path, labels));
   }
 
-  branch(label, value, path, notes) {
+  branch(label, value, path, labels) {
     const node = element('details', {}, element('summary', {}, label,
-      element('span', { class: 'preview' }, preview(value)), ...notes));
+      element('span', { class: 'preview' }, preview(value)), ...labels));
     let isFilled = false;
     const fill = () => {
       if (isFilled) return;
@@ -156,7 +157,7 @@ export class JsonTree {
   }
 
   beginsOpen(value, path) {
-    if (this.reasons.hasErrorInside(path)) return true;
-    return !FOLDED.has(path) && size(value) <= OPEN_MEMBERS;
+    if (this.diagnostics.hasErrorInside(path)) return true;
+    return !COLLAPSED.has(path) && size(value) <= OPEN_MEMBERS;
   }
 }

@@ -19,7 +19,7 @@ struct ContextField {
   std::string_view key;
   Kind kind;
   bool isRequired = false;
-  const ContextBlock* block = nullptr;  // of an object
+  const ContextBlock* block = nullptr;  // fields of an object; null for other kinds
 };
 
 struct ContextBlock {
@@ -27,6 +27,8 @@ struct ContextBlock {
 };
 
 constexpr bool kRequired = true;
+
+constexpr const char* mustBeSet() { return " must be set in every event"; }
 
 const ContextBlock& networkBlock() {
   static const auto& block = *new ContextBlock{{{"connection_type", Kind::String}}};
@@ -122,9 +124,10 @@ const ContextBlock& userBlock() {
 
 class ContextRules {
  public:
-  ContextRules(const JsonTree& tree, Diagnostics& reasons) : tree_(tree), reasons_(reasons) {}
+  ContextRules(const JsonTree& tree, Diagnostics& diagnostics)
+      : tree_(tree), diagnostics_(diagnostics) {}
 
-  void judge(std::uint32_t object, const ContextBlock& block) {
+  void validateBlock(std::uint32_t object, const ContextBlock& block) {
     forEachIn(tree_, object, [&](std::uint32_t value) { validateKey(value, block); });
     for (const ContextField& field : block.fields)
       validatePresence(object, field);
@@ -133,12 +136,12 @@ class ContextRules {
   void validateTop(std::string_view key, const ContextBlock& block) {
     const std::optional<std::uint32_t> value = tree_.find(0, key);
     if (!value) {
-      reasons_.error(kMissingContext, std::string(key), "every event carries this block");
+      diagnostics_.error(kMissingContext, std::string(key), std::string(key) + mustBeSet());
     } else if (tree_.isObject(*value)) {
-      judge(*value, block);
+      validateBlock(*value, block);
     } else {
-      reasons_.error(kWrongType, std::string(key),
-                     "must be an object, is " + std::string(nameOf(tree_.node(*value).kind)));
+      diagnostics_.error(kWrongType, std::string(key),
+                         "must be an object, not " + std::string(nameOf(tree_.node(*value).kind)));
     }
   }
 
@@ -148,14 +151,14 @@ class ContextRules {
     const auto field = std::find_if(block.fields.begin(), block.fields.end(),
                                     [&](const ContextField& f) { return f.key == node.key; });
     if (field == block.fields.end()) {
-      reasons_.note(kUnknownKey, tree_.pathOf(value),
-                    "is no field of this block: an additional property");
+      diagnostics_.warning(kUnknownKey, tree_.pathOf(value),
+                           "is not a field of this block; treated as an additional property");
     } else if (field->kind != node.kind) {
-      reasons_.error(
-          kWrongType, tree_.pathOf(value),
-          "must be " + std::string(nameOf(field->kind)) + ", is " + std::string(nameOf(node.kind)));
+      diagnostics_.error(kWrongType, tree_.pathOf(value),
+                         "must be " + std::string(nameOf(field->kind)) + ", not " +
+                             std::string(nameOf(node.kind)));
     } else if (field->block != nullptr) {
-      judge(value, *field->block);
+      validateBlock(value, *field->block);
     }
   }
 
@@ -163,23 +166,25 @@ class ContextRules {
     if (!field.isRequired) return;
     const std::optional<std::uint32_t> value = tree_.find(object, field.key);
     if (!value) {
-      reasons_.error(kMissingContext, tree_.pathOf(object, field.key), "every event carries this");
+      diagnostics_.error(kMissingContext, tree_.pathOf(object, field.key),
+                         std::string(field.key) + mustBeSet());
     } else if (tree_.node(*value).kind == Kind::String && tree_.node(*value).text.empty()) {
-      reasons_.error(kMissingContext, tree_.pathOf(*value), "is empty");
+      diagnostics_.error(kMissingContext, tree_.pathOf(*value),
+                         std::string(field.key) + " must not be empty");
     }
   }
 
   const JsonTree& tree_;
-  Diagnostics& reasons_;
+  Diagnostics& diagnostics_;
 };
 
 }  // namespace
 
-void validateContext(const JsonTree& tree, Diagnostics& reasons) {
-  ContextRules rules(tree, reasons);
+void validateContext(const JsonTree& tree, Diagnostics& diagnostics) {
+  ContextRules rules(tree, diagnostics);
   rules.validateTop(JXE_CONTEXT, contextBlock());
   const std::optional<std::uint32_t> user = tree.find(0, JXE_USER);
-  // While consent is awaited, this text stands in place of the block.
+  // Until the user has made a consent choice, the library writes this string instead of the block.
   const bool isAwaited = user && tree.node(*user).kind == Kind::String &&
                          tree.node(*user).text == JX_WAITING_FOR_CONSENT;
   if (!isAwaited) rules.validateTop(JXE_USER, userBlock());

@@ -7,8 +7,9 @@
 
 namespace jx {
 
-/// Holds the blocks that the library puts beside every event (context with device, lifecycle and
-/// application, and the user) against what it always writes. `tree` is an object.
-void validateContext(const JsonTree& tree, Diagnostics& reasons);
+/// Validates the blocks common to all events: the context (device, lifecycle and application) and
+/// the user. Checks that required fields are set and that every field has its type. The root of
+/// `tree` must be an object.
+void validateContext(const JsonTree& tree, Diagnostics& diagnostics);
 
 }  // namespace jx

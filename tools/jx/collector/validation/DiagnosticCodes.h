@@ -8,23 +8,23 @@
 
 namespace jx {
 
-// What is wrong with a body as a whole.
+// Errors that concern the whole body.
 inline constexpr std::string_view kNotUtf8 = "not_utf8";
 inline constexpr std::string_view kNotJson = "not_json";
 inline constexpr std::string_view kTooDeep = "too_deep";
 inline constexpr std::string_view kTooLarge = "too_large";
 inline constexpr std::string_view kNotAnObject = "not_an_object";
-// What is wrong with an event.
+// Errors in an event.
 inline constexpr std::string_view kUnknownName = "unknown_name";
 inline constexpr std::string_view kMissingField = "missing_field";
 inline constexpr std::string_view kWrongType = "wrong_type";
 inline constexpr std::string_view kLossyNumber = "lossy_number";
 inline constexpr std::string_view kWrongQuery = "wrong_query";
 inline constexpr std::string_view kMissingContext = "missing_context";
-// What is worth knowing about it.
+// Warnings.
 inline constexpr std::string_view kUnknownKey = "unknown_key";
 
-/// "a text", "an object".
+/// Returns the kind with its article, for messages: "a string", "an object".
 constexpr std::string_view nameOf(JsonNode::Kind kind) {
   switch (kind) {
     case JsonNode::Kind::Bool:
@@ -32,7 +32,7 @@ constexpr std::string_view nameOf(JsonNode::Kind kind) {
     case JsonNode::Kind::Number:
       return "a number";
     case JsonNode::Kind::String:
-      return "a text";
+      return "a string";
     case JsonNode::Kind::Array:
       return "an array";
     case JsonNode::Kind::Object:

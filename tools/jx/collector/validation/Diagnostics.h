@@ -10,18 +10,18 @@
 
 namespace jx {
 
-/// One thing that the collector has to say about an event.
+/// One validation error or warning of an event.
 struct Diagnostic {
   enum class Level { Error, Warning };
 
   Level level = Level::Error;
-  std::string_view code;  ///< "missing_field": for programs; a constant
-  std::string key;        ///< where: a path into the body, empty for the whole
-  std::string text;       ///< what is wrong, for a person
+  std::string_view code;  ///< machine-readable, such as "missing_field"; a constant
+  std::string key;        ///< path into the body; empty for the whole body
+  std::string text;       ///< human-readable message
 };
 
-/// What was said about one event. All of it is counted, the first `kKept` of each level are kept:
-/// whoever sends a million wrong keys gets a long answer, not an endless one.
+/// The errors and warnings of one event. Counts all of them and keeps the first `kKept` of each
+/// level, so that an event with a million invalid keys cannot produce an unbounded response.
 class Diagnostics {
  public:
   static constexpr std::int64_t kKept = 100;
@@ -30,18 +30,18 @@ class Diagnostics {
     if (++errors_ > kKept) return;
     kept_.push_back({Diagnostic::Level::Error, code, std::move(key), std::move(text)});
   }
-  void note(std::string_view code, std::string key, std::string text) {
-    if (++notes_ > kKept) return;
+  void warning(std::string_view code, std::string key, std::string text) {
+    if (++warnings_ > kKept) return;
     kept_.push_back({Diagnostic::Level::Warning, code, std::move(key), std::move(text)});
   }
 
   std::int64_t errors() const { return errors_; }
-  std::int64_t notes() const { return notes_; }
+  std::int64_t warnings() const { return warnings_; }
   const std::vector<Diagnostic>& kept() const { return kept_; }
 
  private:
   std::int64_t errors_ = 0;
-  std::int64_t notes_ = 0;
+  std::int64_t warnings_ = 0;
   std::vector<Diagnostic> kept_;
 };
 

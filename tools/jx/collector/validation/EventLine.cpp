@@ -15,21 +15,21 @@ using Kind = JsonNode::Kind;
 
 constexpr std::size_t kLineWidth = 120;
 constexpr std::size_t kTextWidth = 40;
-constexpr int kMostParts = 5;
+constexpr int kMaxParts = 5;
 
 class Line {
  public:
   explicit Line(const JsonTree& tree) : tree_(tree) {}
 
   void add(const std::string& part) {
-    if (part.empty() || parts_ == kMostParts) return;
+    if (part.empty() || parts_ == kMaxParts) return;
     text_ += (text_.empty() ? "" : ", ") + part;
     ++parts_;
   }
   bool isEmpty() const { return parts_ == 0; }
   std::string text() const { return shortened(text_, kLineWidth); }
 
-  /// The text or number under a key; empty when there is none.
+  /// Returns the string or number under a key; empty when the key is not set.
   std::string valueOf(std::string_view key) const {
     const std::optional<std::uint32_t> value = tree_.find(0, key);
     return value ? shown(*value) : std::string();
@@ -64,7 +64,7 @@ class Line {
   void addOwnProperties(const JXEventClass& type) {
     forEachIn(tree_, 0, [&](std::uint32_t value) {
       const std::string_view key = tree_.node(value).key;
-      if (parts_ == kMostParts || key == JXE_CONTEXT || key == JXE_USER) return;
+      if (parts_ == kMaxParts || key == JXE_CONTEXT || key == JXE_USER) return;
       if (type.fieldOfKey(key) != nullptr) return;
       const std::string text = shown(value);
       if (!text.empty())
@@ -78,20 +78,20 @@ class Line {
   int parts_ = 0;
 };
 
-// What a viewer would name an event by, in this order.
-constexpr std::array<std::string_view, 11> kTellingKeys{
+// Keys that identify an event to a reader, most significant first.
+constexpr std::array<std::string_view, 11> kSummaryKeys{
     JXE_PAGENAME,    JXE_SEARCHTERM,       JXE_METHOD,        JXE_CONTENTTYPE,
     JXE_ITEMID,      JXE_ITEMLISTNAME,     JXE_PAYMENTMETHOD, JXE_SHIPPINGTIER,
     JXV_VIDEO_TITLE, JXV_CONTENT_ASSET_ID, JXV_AD_ASSET_ID};
 
 }  // namespace
 
-std::string lineOf(const JsonTree& tree, const JXEventClass* type) {
+std::string summaryLineOf(const JsonTree& tree, const JXEventClass* type) {
   if (type == nullptr) return {};
   Line line(tree);
   line.addItems();
   line.addAmount();
-  for (const std::string_view key : kTellingKeys) {
+  for (const std::string_view key : kSummaryKeys) {
     if (type->fieldOfKey(key) != nullptr) line.add(line.valueOf(key));
   }
   line.addPosition();

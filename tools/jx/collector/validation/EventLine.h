@@ -9,8 +9,8 @@
 
 namespace jx {
 
-/// What matters about an event in one line: "3 items, 139.12 GBP". Empty when it says nothing
-/// beside its name. `tree` is an object; `type` may be null.
-std::string lineOf(const JsonTree& tree, const JXEventClass* type);
+/// Returns a one-line summary of an event: "3 items, 139.12 GBP". Empty when the event has nothing
+/// to show but its name, or when `type` is null. The root of `tree` must be an object.
+std::string summaryLineOf(const JsonTree& tree, const JXEventClass* type);
 
 }  // namespace jx

@@ -12,27 +12,27 @@
 namespace jx {
 namespace {
 
-// A short name is one slip away from too many others.
-constexpr std::size_t kShortestForSlips = 5;
-constexpr std::size_t kLongestForSlips = 64;
+// Short names are one edit away from too many others.
+constexpr std::size_t kMinTypoLength = 5;
+constexpr std::size_t kMaxTypoLength = 64;
 
 using NameTable = std::unordered_map<std::string_view, const JXEventClass*>;
 
-const NameTable& namesOfClasses() {
+const NameTable& classesByName() {
   static const NameTable& table = *[] {
-    auto* const made = new NameTable();
+    auto* const classes = new NameTable();
     for (const JXEventClass* type : allEventClasses()) {
       for (const std::string_view name : type->eventNames)
-        made->emplace(name, type);
+        classes->emplace(name, type);
     }
-    return made;
+    return classes;
   }();
   return table;
 }
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-// "AddToCart", "add-to-cart" and "add_to_cart" alike.
+// Lower case without separators: the same for "AddToCart", "add-to-cart" and "add_to_cart".
 std::string folded(std::string_view name) {
   std::string result;
   for (const char c : name) {
@@ -42,8 +42,9 @@ std::string folded(std::string_view name) {
   return result;
 }
 
-// A digit in it is no slip: "login2" is meant.
-bool isOneSlip(std::string_view longer, std::string_view shorter) {
+// True when one letter was omitted, added, changed or swapped with its neighbour. A digit is not
+// considered a typo: "login2" is intentional.
+bool isOneEdit(std::string_view longer, std::string_view shorter) {
   if (longer.size() < shorter.size()) std::swap(longer, shorter);
   if (longer.size() > shorter.size() + 1) return false;
   std::size_t at = 0;
@@ -62,7 +63,7 @@ class Fingerprint {
   void add(std::string_view text) {
     for (const char c : text)
       mix(static_cast<unsigned char>(c));
-    mix(0x100);  // no byte, so that "ab","c" differs from "a","bc"
+    mix(0x100);  // outside the range of a byte, so that "ab","c" differs from "a","bc"
   }
   void add(int number) { add(std::to_string(number)); }
   void add(const JXFieldTable& table) {
@@ -96,27 +97,27 @@ class Fingerprint {
 
 }  // namespace
 
-const JXEventClass* classWriting(std::string_view eventName) {
-  const auto found = namesOfClasses().find(eventName);
-  return found == namesOfClasses().end() ? nullptr : found->second;
+const JXEventClass* classOfEventName(std::string_view eventName) {
+  const auto found = classesByName().find(eventName);
+  return found == classesByName().end() ? nullptr : found->second;
 }
 
-std::string_view nameMeantBy(std::string_view eventName) {
-  if (eventName.size() > kLongestForSlips || classWriting(eventName) != nullptr) return {};
+std::string_view suggestedName(std::string_view eventName) {
+  if (eventName.size() > kMaxTypoLength || classOfEventName(eventName) != nullptr) return {};
   const std::string ours = folded(eventName);
-  std::string_view slip;
+  std::string_view typo;
   for (const JXEventClass* type : allEventClasses()) {
     for (const std::string_view name : type->eventNames) {
       const std::string theirs = folded(name);
       if (theirs == ours) return name;
-      const bool isLong = std::min(ours.size(), theirs.size()) >= kShortestForSlips;
-      if (slip.empty() && isLong && isOneSlip(ours, theirs)) slip = name;
+      const bool isLong = std::min(ours.size(), theirs.size()) >= kMinTypoLength;
+      if (typo.empty() && isLong && isOneEdit(ours, theirs)) typo = name;
     }
   }
-  return slip;
+  return typo;
 }
 
-std::int64_t fingerprintOfTables() {
+std::int64_t schemaFingerprint() {
   static const std::int64_t value = [] {
     Fingerprint fingerprint;
     for (const JXEventClass* type : allEventClasses()) {

@@ -9,16 +9,17 @@
 
 namespace jx {
 
-/// The class that writes events of this name; null when no class does. Thread-safe, as is all here.
-const JXEventClass* classWriting(std::string_view eventName);
+/// Returns the class that writes events with this name, or null. All functions in this header are
+/// thread-safe.
+const JXEventClass* classOfEventName(std::string_view eventName);
 
-/// The name that was probably meant: one that a class writes and that differs only by capitals, by
-/// how its words are separated, or by one slip of a letter (left out, added, changed, or swapped
-/// with its neighbour). Empty when there is none, and for a name that a class writes.
-std::string_view nameMeantBy(std::string_view eventName);
+/// Returns the known event name that a misspelt one probably refers to, or an empty string. The
+/// known name differs only in case, in word separators, or by one letter that was omitted, added,
+/// changed or swapped with its neighbour. Always empty for known names.
+std::string_view suggestedName(std::string_view eventName);
 
-/// A number that differs when the classes of events, their names, fields or conditions do: what was
-/// judged by other tables has to be judged again.
-std::int64_t fingerprintOfTables();
+/// Returns a hash of all event classes, their names, fields and conditions. When it changes, stored
+/// events must be validated again.
+std::int64_t schemaFingerprint();
 
 }  // namespace jx

@@ -15,7 +15,7 @@ namespace {
 
 using Kind = JsonNode::Kind;
 
-// "category_12": the prefix and a number from 1.
+// True for a numbered key such as "category_12": the prefix and a number starting at 1.
 bool isNumbered(std::string_view key, std::string_view prefix) {
   if (key.size() <= prefix.size() || key.substr(0, prefix.size()) != prefix) return false;
   const std::string_view number = key.substr(prefix.size());
@@ -23,6 +23,11 @@ bool isNumbered(std::string_view key, std::string_view prefix) {
 }
 
 }  // namespace
+
+std::string FieldRules::propertyOf(const Block& block, std::string_view key) {
+  const JXFieldInfo* const info = block.field(key);
+  return std::string(info != nullptr ? info->property : key);
+}
 
 const JXFieldInfo* FieldRules::Block::field(std::string_view key) const {
   for (const JXFieldTable* table : tables) {
@@ -47,13 +52,14 @@ void FieldRules::validateBlock(std::uint32_t object, const Block& block,
                                std::string_view eventName) {
   forEachIn(tree_, object, [&](std::uint32_t value) {
     const std::string_view key = tree_.node(value).key;
-    // The blocks beside the event's own fields have rules of their own.
+    // validateContext() validates these two blocks.
     if (object == 0 && (key == JXE_CONTEXT || key == JXE_USER)) return;
     if (const JXFieldInfo* const field = block.field(key)) {
       validateValue(value, *field);
     } else {
-      reasons_.note(kUnknownKey, tree_.pathOf(value),
-                    "is no field of " + std::string(block.name) + ": an additional property");
+      diagnostics_.warning(
+          kUnknownKey, tree_.pathOf(value),
+          "is not a field of " + std::string(block.name) + "; treated as an additional property");
     }
   });
   for (const JXCondition& condition : *block.conditions) {
@@ -65,7 +71,7 @@ void FieldRules::validateValue(std::uint32_t value, const JXFieldInfo& field) {
   switch (field.kind) {
     case JXFieldKind::String:
     case JXFieldKind::NumberedStrings:
-      hasKind(value, Kind::String, "a text");
+      hasKind(value, Kind::String, "a string");
       break;
     case JXFieldKind::Number:
       validateNumber(value);
@@ -95,24 +101,24 @@ void FieldRules::validateValue(std::uint32_t value, const JXFieldInfo& field) {
 }
 
 void FieldRules::validateNumber(std::uint32_t value) {
-  if (!hasKind(value, Kind::Number, "a number") || fitsAnAmount(tree_.node(value).text)) return;
-  reasons_.error(kLossyNumber, tree_.pathOf(value),
-                 "has more than the 38 digits of an amount, or is out of its range");
+  if (!hasKind(value, Kind::Number, "a number") || fitsAmount(tree_.node(value).text)) return;
+  diagnostics_.error(kLossyNumber, tree_.pathOf(value),
+                     "must be within the range of an amount and have at most 38 digits");
 }
 
 void FieldRules::validateStrings(std::uint32_t list) {
-  if (!hasKind(list, Kind::Array, "an array of texts")) return;
-  forEachIn(tree_, list, [this](std::uint32_t text) { hasKind(text, Kind::String, "a text"); });
+  if (!hasKind(list, Kind::Array, "an array of strings")) return;
+  forEachIn(tree_, list, [this](std::uint32_t text) { hasKind(text, Kind::String, "a string"); });
 }
 
 void FieldRules::validateEnum(std::uint32_t value, const JXFieldInfo& field) {
-  if (!hasKind(value, Kind::String, "a text")) return;
-  const std::vector<std::string_view> texts = field.enumStrings.allStrings();
-  if (std::find(texts.begin(), texts.end(), tree_.node(value).text) != texts.end()) return;
-  std::string wanted;
-  for (const std::string_view text : texts)
-    wanted += (wanted.empty() ? "" : ", ") + std::string(text);
-  reasons_.error(kWrongType, tree_.pathOf(value), "is none of: " + wanted);
+  if (!hasKind(value, Kind::String, "a string")) return;
+  const std::vector<std::string_view> allowed = field.enumStrings.allStrings();
+  if (std::find(allowed.begin(), allowed.end(), tree_.node(value).text) != allowed.end()) return;
+  std::string list;
+  for (const std::string_view text : allowed)
+    list += (list.empty() ? "" : ", ") + std::string(text);
+  diagnostics_.error(kWrongType, tree_.pathOf(value), "must be one of: " + list);
 }
 
 void FieldRules::validateItems(std::uint32_t list) {
@@ -131,19 +137,22 @@ void FieldRules::validateCondition(std::uint32_t object, const Block& block,
   const bool isTogether = condition.kind == JXCondition::Kind::Together;
   const std::string_view missing =
       isTogether && first.isPresent ? condition.otherKey : condition.key;
-  const JXFieldInfo* const field = block.field(missing);
-  std::string text = "the required " + std::string(field != nullptr ? field->property : missing);
+  std::string text = propertyOf(block, missing);
   if (isTogether) {
-    text += " is absent, although its other half is there";
+    text += " must be set when " +
+            propertyOf(block, first.isPresent ? condition.key : condition.otherKey) + " is set";
   } else if (!tree_.find(object, missing)) {
-    text += " is absent";
+    text += " must be set";
+  } else if (condition.kind == JXCondition::Kind::NonEmptyList) {
+    text += " must contain at least one entry";
   } else {
-    text += condition.kind == JXCondition::Kind::NonEmptyList ? " holds no entry" : " is empty";
+    text += " must not be empty";
   }
-  reasons_.error(kMissingField, tree_.pathOf(object, missing), std::move(text));
+  diagnostics_.error(kMissingField, tree_.pathOf(object, missing), std::move(text));
 }
 
-// A value of a wrong type is already told; that it is unusable, too, would be said twice.
+// A value of the wrong type counts as usable: validateValue() has already reported it, and a second
+// diagnostic for the same value would not help.
 JXFieldState FieldRules::stateOf(std::uint32_t object, std::string_view key) const {
   if (key.empty()) return {};
   const std::optional<std::uint32_t> value = tree_.find(object, key);
@@ -157,8 +166,8 @@ JXFieldState FieldRules::stateOf(std::uint32_t object, std::string_view key) con
 bool FieldRules::hasKind(std::uint32_t value, Kind kind, std::string_view wanted) {
   const Kind found = tree_.node(value).kind;
   if (found == kind) return true;
-  reasons_.error(kWrongType, tree_.pathOf(value),
-                 "must be " + std::string(wanted) + ", is " + std::string(nameOf(found)));
+  diagnostics_.error(kWrongType, tree_.pathOf(value),
+                     "must be " + std::string(wanted) + ", not " + std::string(nameOf(found)));
   return false;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,18 +13,20 @@
 
 namespace jx {
 
-/// Holds the JSON of an event, of its items and of their products against the library's own tables:
-/// which keys there are, what type each has, and what makes the whole complete.
+/// Validates the JSON of an event, its items and their products against the field tables of the
+/// library: known keys, the type of each value, and the conditions for required fields.
 class FieldRules {
  public:
-  /// Both outlive the rules.
-  FieldRules(const JsonTree& tree, Diagnostics& reasons) : tree_(tree), reasons_(reasons) {}
+  /// `tree` and `diagnostics` must outlive this object.
+  FieldRules(const JsonTree& tree, Diagnostics& diagnostics)
+      : tree_(tree), diagnostics_(diagnostics) {}
 
-  /// `event` is an object. `name` is the event's name.
+  /// Validates the object at index `event`. `name` is the event name, which selects the conditions
+  /// that apply.
   void validateEvent(std::uint32_t event, const JXEventClass& type, std::string_view name);
 
  private:
-  /// One kind of object: its fields and what completes it.
+  /// One kind of object: its fields and the conditions for required fields.
   struct Block {
     std::string_view name;
     std::vector<const JXFieldTable*> tables;
@@ -32,6 +35,8 @@ class FieldRules {
     const JXFieldInfo* field(std::string_view key) const;
   };
 
+  /// Returns the property name of the library for a JSON key.
+  static std::string propertyOf(const Block& block, std::string_view key);
   void validateBlock(std::uint32_t object, const Block& block, std::string_view eventName);
   void validateValue(std::uint32_t value, const JXFieldInfo& field);
   void validateNumber(std::uint32_t value);
@@ -43,7 +48,7 @@ class FieldRules {
   bool hasKind(std::uint32_t value, JsonNode::Kind kind, std::string_view wanted);
 
   const JsonTree& tree_;
-  Diagnostics& reasons_;
+  Diagnostics& diagnostics_;
 };
 
 }  // namespace jx

@@ -27,7 +27,7 @@ bool isPlainKey(std::string_view key) {
 }
 
 std::string step(std::string_view key, bool isFirst) {
-  // A device chooses its keys; a path of megabytes helps nobody.
+  // Devices choose their keys, so a path could become megabytes long; cut each key.
   const std::string shown = withReplacementCharacters(key.substr(0, kShownKeyBytes));
   if (isPlainKey(key) && key.size() <= kShownKeyBytes) return (isFirst ? "" : ".") + shown;
   std::string quoted = "[\"";
@@ -40,8 +40,8 @@ std::string step(std::string_view key, bool isFirst) {
 
 }  // namespace
 
-// Takes the parser's tokens. Its strings are copied into one text, which is as long as the body at
-// most and so is never moved.
+// Receives the parser's tokens. Copies their strings into one buffer. Its reserved capacity is the
+// size of the body, so it never reallocates.
 class JsonTree::Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> {
  public:
   Builder(JsonTree& tree, std::size_t size, std::size_t maxValues)
@@ -49,8 +49,8 @@ class JsonTree::Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>,
     text_.reserve(size);
   }
 
-  Problem refusal() const { return refusal_; }
-  /// Digits that take the place of the numbers that come, one for each (see LargeNumbers.h).
+  Problem problem() const { return problem_; }
+  /// Sets the digits that replace the parsed numbers, one entry per number (see LargeNumbers.h).
   void replaceNumbers(std::deque<std::string_view> digits) { digits_ = std::move(digits); }
 
   bool Null() { return put(Kind::Null, {}); }
@@ -89,7 +89,7 @@ class JsonTree::Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>,
 
   bool put(Kind kind, std::string_view text) {
     if (tree_.nodes_.size() == maxValues_) {
-      refusal_ = Problem::TooMany;
+      problem_ = Problem::TooMany;
       return false;
     }
     JsonNode& node = tree_.nodes_.emplace_back();
@@ -107,7 +107,7 @@ class JsonTree::Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>,
 
   bool open(Kind kind) {
     if (open_.size() == kMaxDepth) {
-      refusal_ = Problem::TooDeep;
+      problem_ = Problem::TooDeep;
       return false;
     }
     if (!put(kind, {})) return false;
@@ -127,21 +127,21 @@ class JsonTree::Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>,
   std::string_view key_;
   std::vector<Open> open_;
   std::deque<std::string_view> digits_;
-  Problem refusal_ = Problem::None;
+  Problem problem_ = Problem::None;
 };
 
-// True when the parser stopped at a number that no double holds.
+// Returns true when the parser stopped at a number outside the range of a double.
 bool JsonTree::parse(std::string_view text, Builder& builder) {
   rapidjson::MemoryStream stream(text.data() ? text.data() : "", text.size());
   rapidjson::Reader reader;
-  // Iterative, so that a body of brackets alone cannot exhaust the stack; numbers as they were
-  // written, because a double would already have lost what is looked for.
+  // Iterative, so that a body of brackets only cannot exhaust the stack. Numbers are kept as
+  // written, because a conversion to double would lose the digits to validate.
   constexpr unsigned kFlags =
       rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
   const rapidjson::ParseResult result = reader.Parse<kFlags>(stream, builder);
-  // The parser takes a NUL byte for the end of the text.
+  // The parser treats a NUL byte as the end of the document.
   if (result.IsError() || stream.Tell() != text.size()) problem_ = Problem::NotJson;
-  if (builder.refusal() != Problem::None) problem_ = builder.refusal();
+  if (builder.problem() != Problem::None) problem_ = builder.problem();
   if (problem_ != Problem::None) nodes_.clear();
   return result.Code() == rapidjson::kParseErrorNumberTooBig;
 }

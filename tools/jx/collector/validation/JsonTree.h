@@ -12,21 +12,23 @@
 
 namespace jx {
 
-/// One value of a JSON text. Numbers keep their digits, so that nothing is lost by looking at them.
+/// One value of a JSON document. Numbers keep their digits, so that reading them loses no
+/// precision.
 struct JsonNode {
   enum class Kind : std::uint8_t { Null, Bool, Number, String, Array, Object };
 
-  std::string_view key;  ///< in the object that holds it; empty elsewhere
-  std::string_view
-      text;  ///< of a string its text, of a number its digits, of a bool "true"/"false"
+  std::string_view key;  ///< key in the parent object; empty for other values
+  /// The decoded string, the digits of a number, or "true"/"false". Empty for other kinds.
+  std::string_view text;
   std::uint32_t parent = 0;
-  std::uint32_t end = 0;       ///< index behind the last value inside this one
-  std::uint32_t position = 0;  ///< in the array or object that holds it
+  std::uint32_t end = 0;       ///< index after the last value inside this one
+  std::uint32_t position = 0;  ///< position in the parent array or object
   Kind kind = Kind::Null;
 };
 
-/// A JSON text from anyone, read into one flat list in the order of the text. What it takes is
-/// bounded: values nested deeper than `kMaxDepth`, and more values than it is told, are refused.
+/// An untrusted JSON document, parsed into one flat list of values in document order. Resource use
+/// is bounded: documents nested deeper than `kMaxDepth`, or with more than `maxValues` values, are
+/// rejected.
 class JsonTree {
  public:
   static constexpr std::size_t kMaxDepth = 1000;
@@ -34,24 +36,26 @@ class JsonTree {
 
   enum class Problem { None, NotUtf8, NotJson, TooDeep, TooMany };
 
+  /// Parses any bytes. On failure, problem() returns the cause.
   static JsonTree read(std::string_view text, std::size_t maxValues = kMaxValues);
   JsonTree(JsonTree&&) = default;
   JsonTree& operator=(JsonTree&&) = default;
 
-  /// When it is not None, there are no values.
+  /// Returns why parsing failed, or None. Unless it is None, nodes() is empty.
   Problem problem() const { return problem_; }
   const std::vector<JsonNode>& nodes() const { return nodes_; }
   const JsonNode& node(std::uint32_t index) const { return nodes_[index]; }
 
   bool isObject(std::uint32_t index) const { return node(index).kind == JsonNode::Kind::Object; }
-  /// The entry of an object; when the key stands there more than once, the last one, which is what
-  /// a reader keeps. Absent when there is none, or `object` is no object.
+  /// Returns the index of the value under `key`. For a duplicate key, that is the last value, which
+  /// is the one that JSON readers keep. Returns nullopt when the key is missing or `object` is not
+  /// an object.
   std::optional<std::uint32_t> find(std::uint32_t object, std::string_view key) const;
-  /// How many values an array or an object holds.
+  /// Returns the number of values directly inside an array or object.
   std::size_t sizeOf(std::uint32_t container) const;
-  /// Where a value stands: "items[0].product.name"; empty for the whole.
+  /// Returns the path of a value: "items[0].product.name"; empty for the root.
   std::string pathOf(std::uint32_t index) const;
-  /// Where a key that is missing from an object would stand.
+  /// Returns the path that a key missing from `object` would have.
   std::string pathOf(std::uint32_t object, std::string_view key) const;
 
  private:
@@ -62,10 +66,10 @@ class JsonTree {
 
   Problem problem_ = Problem::None;
   std::vector<JsonNode> nodes_;
-  std::unique_ptr<std::string> text_;  // what the nodes point into
+  std::unique_ptr<std::string> text_;  // owns the bytes that the nodes refer to
 };
 
-/// Calls `visit` with the index of each value that a container holds directly.
+/// Calls `visit` with the index of each value directly inside `container`.
 template <typename Visit>
 void forEachIn(const JsonTree& tree, std::uint32_t container, const Visit& visit) {
   const std::uint32_t end = tree.node(container).end;

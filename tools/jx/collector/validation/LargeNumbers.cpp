@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kNumberCharacters = "+-.0123456789Ee";
-// A double holds numbers of up to 308 digits, and exponents of up to three.
+// Every number of up to 308 digits without an exponent is within the range of a double.
 constexpr std::size_t kSmallNumber = 300;
 
 std::size_t digitsAt(std::string_view text, std::size_t at) {
@@ -42,7 +42,8 @@ bool mayBeLarge(std::string_view number) {
   return number.size() > kSmallNumber || number.find_first_of("eE") != std::string_view::npos;
 }
 
-// Behind the string that begins at `at`, or the end when it does not end.
+// Returns the index after the string that begins at `at`; the end of `text` when it is
+// unterminated.
 std::size_t endOfString(std::string_view text, std::size_t at) {
   for (++at; at < text.size() && text[at] != '"'; ++at) {
     if (text[at] == '\\') ++at;

@@ -8,16 +8,17 @@
 
 namespace jx {
 
-/// A JSON text in which each number that may be beyond a double is replaced by a 0: the parser
-/// refuses such a number even when it is asked for its digits only, while the library writes any.
+/// A JSON document in which each number that may exceed the range of a double is replaced by 0. The
+/// parser rejects such numbers even when it only returns their digits, but the library can write
+/// them.
 struct TextWithoutLargeNumbers {
   std::string text;
-  /// For each number of the text, in order: the digits that stood there when they were replaced,
-  /// else nothing.
+  /// One entry per number, in document order: the original digits of a replaced number, empty for
+  /// other numbers. Refers to the input.
   std::deque<std::string_view> replaced;
 
-  /// `text` must outlive the result. What is no number by JSON's grammar is left for the parser to
-  /// refuse.
+  /// Replaces the large numbers in `text`, which must outlive the result. Does not change digits
+  /// that are not a number in the JSON grammar, so that the parser rejects them.
   static TextWithoutLargeNumbers of(std::string_view text);
 };
 

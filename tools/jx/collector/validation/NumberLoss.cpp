@@ -13,14 +13,14 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kAmountDigits = 38;
-// Below that many digits nobody can tell a float's or a double's remains from a precise amount.
+// With fewer digits, a converted float or double cannot be distinguished from an exact amount.
 constexpr std::size_t kFewestOfFloat = 10;
 constexpr std::size_t kFewestOfDouble = 16;
 constexpr std::size_t kMostOfDouble = 17;
-// How short the number must have been before.
-constexpr std::size_t kMostDigitsMeant = 11;
+// Maximum number of digits of the original value.
+constexpr std::size_t kMaxOriginalDigits = 11;
 
-// Without the exponent, the point, the sign, and zeros at the ends.
+// Returns the digits without exponent, decimal point, sign, and leading and trailing zeros.
 std::string significantDigits(std::string_view number) {
   std::string digits;
   for (const char c : number.substr(0, number.find_first_of("eE"))) {
@@ -30,7 +30,7 @@ std::string significantDigits(std::string_view number) {
   return digits;
 }
 
-// As a float and as a double know it; "%.Ng" drops zeros at the end.
+// Formats with `digits` significant digits; "%.Ng" drops trailing zeros.
 std::string withDigits(double value, int digits) {
   std::array<char, 64> text{};
   std::snprintf(text.data(), text.size(), "%.*g", digits, value);
@@ -39,22 +39,23 @@ std::string withDigits(double value, int digits) {
 
 }  // namespace
 
-std::string lossOf(std::string_view number) {
+std::string describeLoss(std::string_view number) {
   if (number.size() <= kFewestOfFloat || number.find('.') == std::string_view::npos) return {};
   const std::size_t digits = significantDigits(number).size();
   if (digits < kFewestOfFloat) return {};
   const double value = std::strtod(std::string(number).c_str(), nullptr);
-  std::string meant;
-  if (static_cast<double>(static_cast<float>(value)) == value) meant = withDigits(value, 7);
-  if (meant.empty() && digits >= kFewestOfDouble && digits <= kMostOfDouble) {
-    meant = withDigits(value, 15);
-    if (significantDigits(meant).size() > kMostDigitsMeant) return {};
+  std::string original;
+  if (static_cast<double>(static_cast<float>(value)) == value) original = withDigits(value, 7);
+  if (original.empty() && digits >= kFewestOfDouble && digits <= kMostOfDouble) {
+    original = withDigits(value, 15);
+    if (significantDigits(original).size() > kMaxOriginalDigits) return {};
   }
-  if (meant.empty()) return {};
-  return std::string(number) + " has been through binary floating point; " + meant + " was meant";
+  if (original.empty()) return {};
+  return std::string(number) +
+         " lost precision in binary floating point; the exact value is probably " + original;
 }
 
-bool fitsAnAmount(std::string_view number) {
+bool fitsAmount(std::string_view number) {
   if (number.size() <= kAmountDigits && number.find_first_of("eE") == std::string_view::npos) {
     return true;
   }

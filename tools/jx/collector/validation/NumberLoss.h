@@ -7,12 +7,12 @@
 
 namespace jx {
 
-/// What a JSON number has lost on its way, in words; empty when nothing. A number that went through
-/// binary floating point shows it: 139.12 becomes 139.12000000000001 as a double and
-/// 139.1199951171875 as a float.
-std::string lossOf(std::string_view number);
+/// Returns a message when a JSON number was converted through binary floating point and lost
+/// precision; empty otherwise. Such a conversion turns 139.12 into 139.12000000000001 (double) or
+/// 139.1199951171875 (float).
+std::string describeLoss(std::string_view number);
 
-/// True when the library holds the number as an amount without rounding it: 38 digits at most.
-bool fitsAnAmount(std::string_view number);
+/// True when the library can represent the number as an amount without rounding: at most 38 digits.
+bool fitsAmount(std::string_view number);
 
 }  // namespace jx

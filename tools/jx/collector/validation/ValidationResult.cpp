@@ -13,53 +13,55 @@
 namespace jx {
 namespace {
 
-// Raised when a rule changes that the tables do not tell.
+// Increment when a change of the rules alters the validity, counts or summary line of an event and
+// the field tables do not show it. Diagnostic messages are not stored, so they need no increment.
 constexpr std::int64_t kRulesVersion = 1;
 
-void validateQuery(const EventMetadata& facts, Diagnostics& reasons) {
-  if (!facts.site) {
-    reasons.error(kWrongQuery, "", "the query parameter jx_s is missing or no whole number");
+void validateQuery(const EventMetadata& metadata, Diagnostics& diagnostics) {
+  if (!metadata.site) {
+    diagnostics.error(kWrongQuery, "", "the query parameter jx_s must be set to an integer");
   }
-  if (!facts.token) {
-    reasons.error(kWrongQuery, "", "the query parameter token is missing");
-  } else if (facts.token->empty()) {
-    reasons.error(kWrongQuery, "", "the query parameter token is empty");
+  if (!metadata.token) {
+    diagnostics.error(kWrongQuery, "", "the query parameter token must be set");
+  } else if (metadata.token->empty()) {
+    diagnostics.error(kWrongQuery, "", "the query parameter token must not be empty");
   }
 }
 
-void validateWhole(const JsonTree& tree, Diagnostics& reasons) {
+void validateWhole(const JsonTree& tree, Diagnostics& diagnostics) {
   switch (tree.problem()) {
     case JsonTree::Problem::NotUtf8:
-      return reasons.error(kNotUtf8, "", "the body holds bytes that are not UTF-8");
+      return diagnostics.error(kNotUtf8, "", "the body must be valid UTF-8");
     case JsonTree::Problem::NotJson:
-      return reasons.error(kNotJson, "", "the body is no JSON text");
+      return diagnostics.error(kNotJson, "", "the body must be valid JSON");
     case JsonTree::Problem::TooDeep:
-      return reasons.error(kTooDeep, "", "the body is nested deeper than 1000 levels");
+      return diagnostics.error(kTooDeep, "", "the body must not be nested deeper than 1000 levels");
     case JsonTree::Problem::TooMany:
-      return reasons.error(kTooLarge, "", "the body holds more than 250000 values");
+      return diagnostics.error(kTooLarge, "", "the body must not contain more than 250000 values");
     case JsonTree::Problem::None:
       break;
   }
   if (!tree.isObject(0)) {
-    reasons.error(kNotAnObject, "", "the body is " + std::string(nameOf(tree.node(0).kind)));
+    diagnostics.error(kNotAnObject, "",
+                      "the body must be an object, not " + std::string(nameOf(tree.node(0).kind)));
   }
 }
 
-void validateNumbers(const JsonTree& tree, Diagnostics& reasons) {
+void validateNumbers(const JsonTree& tree, Diagnostics& diagnostics) {
   const std::vector<JsonNode>& nodes = tree.nodes();
   for (std::uint32_t i = 0; i < nodes.size(); ++i) {
     if (nodes[i].kind != JsonNode::Kind::Number) continue;
-    std::string loss = lossOf(nodes[i].text);
-    if (!loss.empty()) reasons.error(kLossyNumber, tree.pathOf(i), std::move(loss));
+    std::string loss = describeLoss(nodes[i].text);
+    if (!loss.empty()) diagnostics.error(kLossyNumber, tree.pathOf(i), std::move(loss));
   }
 }
 
-// A name that no class writes is a custom event's, unless it looks like a slip.
-void validateName(std::string_view name, Diagnostics& reasons) {
-  const std::string_view meant = nameMeantBy(name);
-  if (meant.empty()) return;
-  reasons.error(kUnknownName, "event_name",
-                "no class writes this name; " + std::string(meant) + " was probably meant");
+// A name that no class writes belongs to a custom event, unless it looks like a typo.
+void validateName(std::string_view name, Diagnostics& diagnostics) {
+  const std::string_view suggestion = suggestedName(name);
+  if (suggestion.empty()) return;
+  diagnostics.error(kUnknownName, "event_name",
+                    "is not a known event name; did you mean " + std::string(suggestion) + "?");
 }
 
 }  // namespace
@@ -67,26 +69,26 @@ void validateName(std::string_view name, Diagnostics& reasons) {
 ValidationResult ValidationResult::of(std::string_view query, std::string_view body) {
   const JsonTree tree = JsonTree::read(body);
   ValidationResult validation;
-  validation.facts = EventMetadata::read(query, tree);
-  Diagnostics& reasons = validation.reasons;
-  validateQuery(validation.facts, reasons);
-  validateWhole(tree, reasons);
-  if (validation.facts.problem) return validation;
+  validation.metadata = EventMetadata::read(query, tree);
+  Diagnostics& diagnostics = validation.diagnostics;
+  validateQuery(validation.metadata, diagnostics);
+  validateWhole(tree, diagnostics);
+  if (validation.metadata.problem) return validation;
   const std::string_view name =
-      validation.facts.name ? std::string_view(*validation.facts.name) : std::string_view();
-  const JXEventClass* type = classWriting(name);
+      validation.metadata.name ? std::string_view(*validation.metadata.name) : std::string_view();
+  const JXEventClass* type = classOfEventName(name);
   if (type == nullptr) {
     type = &JXCustomEvent::eventClass();
-    validateName(name, reasons);
+    validateName(name, diagnostics);
   }
-  FieldRules(tree, reasons).validateEvent(0, *type, name);
-  validateNumbers(tree, reasons);
-  validateContext(tree, reasons);
+  FieldRules(tree, diagnostics).validateEvent(0, *type, name);
+  validateNumbers(tree, diagnostics);
+  validateContext(tree, diagnostics);
   if (!name.empty()) validation.className = type->className;
-  validation.line = lineOf(tree, type);
+  validation.line = summaryLineOf(tree, type);
   return validation;
 }
 
-std::int64_t ValidationResult::rules() { return fingerprintOfTables() ^ kRulesVersion; }
+std::int64_t ValidationResult::rulesVersion() { return schemaFingerprint() ^ kRulesVersion; }
 
 }  // namespace jx

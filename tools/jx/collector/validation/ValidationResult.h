@@ -11,20 +11,20 @@
 
 namespace jx {
 
-/// What the collector makes of one request: what it is, whether it is right, and why not. Told from
-/// the tables by which the library itself writes events.
+/// The result of validating one request: its metadata, its event class and its diagnostics. Events
+/// are validated against the field tables that the library uses to serialise them.
 struct ValidationResult {
-  EventMetadata facts;
-  std::string className;  ///< of the events of this name; empty when there is no name
-  std::string line;       ///< what matters about it, in one line
-  Diagnostics reasons;
+  EventMetadata metadata;
+  std::string className;  ///< class of events with this name; empty when the name is not set
+  std::string line;       ///< one-line summary
+  Diagnostics diagnostics;
 
-  bool isGood() const { return reasons.errors() == 0; }
+  bool isValid() const { return diagnostics.errors() == 0; }
 
-  /// Any bytes.
+  /// Validates any bytes.
   static ValidationResult of(std::string_view query, std::string_view body);
-  /// Changes when the rules or the library's tables do.
-  static std::int64_t rules();
+  /// Returns a number that changes when the rules or the field tables of the library change.
+  static std::int64_t rulesVersion();
 };
 
 }  // namespace jx

@@ -1,6 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A FAKE of the Network framework for tests on GNUstep: a path monitor that says what tests set.
+// A FAKE of the Network framework for tests on GNUstep: a path monitor that reports the values
+// that tests set.
 #pragma once
 
 #include <dispatch/dispatch.h>

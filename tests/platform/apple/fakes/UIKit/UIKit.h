@@ -1,6 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A FAKE of UIKit for tests on GNUstep: what the library names of it, with values that tests set.
+// A FAKE of UIKit for tests on GNUstep: the declarations that the library uses, with values that
+// tests set.
 #pragma once
 
 #import <Foundation/Foundation.h>

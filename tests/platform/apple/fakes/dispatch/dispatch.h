@@ -1,6 +1,7 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// A FAKE of the system's queues for tests on GNUstep: they can be made and let go, and run nothing.
+// A FAKE of the system's queues for tests on GNUstep: they can be created and released,
+// and run nothing.
 #pragma once
 
 struct jx_fake_queue;

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/fault/StorageStory.h"
+#include "tests/fault/StorageScenario.h"
 
 #include <fcntl.h>
 #include <stdio.h>
@@ -27,7 +27,7 @@ Texts sorted(Texts texts) {
 
 }  // namespace
 
-StorageStory::StorageStory() {
+StorageScenario::StorageScenario() {
   platform->hasUserDefaults = false;
   configuration.storageFolder = storage().makeFolder("state");
   configuration.collectionHost = server.url("");
@@ -42,14 +42,14 @@ StorageStory::StorageStory() {
   server.refuse();
 }
 
-void StorageStory::executeMany(ServerSide& serverSide, std::size_t count) {
+void StorageScenario::executeMany(ServerSide& serverSide, std::size_t count) {
   const std::size_t before = requests().size();
   for (std::size_t i = 0; i < count; ++i)
     serverSide.execute(JXCustomEvent::initWithName("quiz"));
   EXPECT_EQ(requests().size(), before + count);
 }
 
-bool StorageStory::waitUntilOnDisk() const {
+bool StorageScenario::waitUntilOnDisk() const {
   const auto deadline = std::chrono::steady_clock::now() + 20s;
   while (counters().outbox.inMemory != 0) {
     if (std::chrono::steady_clock::now() > deadline) return false;
@@ -58,7 +58,7 @@ bool StorageStory::waitUntilOnDisk() const {
   return true;
 }
 
-Texts StorageStory::onDisk() const {
+Texts StorageScenario::onDisk() const {
   std::string error;
   Texts bodies;
   for (const JXOutboxListing& listing : listOutbox(state() + "/outbox", error))
@@ -66,7 +66,7 @@ Texts StorageStory::onDisk() const {
   return sorted(bodies);
 }
 
-Texts StorageStory::executed(std::size_t from, std::uint64_t dropped) const {
+Texts StorageScenario::executed(std::size_t from, std::uint64_t dropped) const {
   Texts bodies;
   for (std::size_t i = 0; i < requests().size(); ++i) {
     if (i < from || i >= from + dropped) bodies.push_back(requests()[i].text);
@@ -74,29 +74,29 @@ Texts StorageStory::executed(std::size_t from, std::uint64_t dropped) const {
   return sorted(bodies);
 }
 
-void StorageStory::removeState() const {
-  const std::string aside = storage().path("removed");
-  std::filesystem::rename(state(), aside);
-  std::filesystem::remove_all(aside);
+void StorageScenario::removeState() const {
+  const std::string moved = storage().path("removed");
+  std::filesystem::rename(state(), moved);
+  std::filesystem::remove_all(moved);
 }
 
-void StorageStory::replaceStateByAFile() const {
-  const std::string aside = storage().write("removed", "a file");
-  ASSERT_EQ(::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, state().c_str(), RENAME_EXCHANGE), 0);
-  std::filesystem::remove_all(aside);
+void StorageScenario::replaceStateByAFile() const {
+  const std::string moved = storage().write("removed", "a file");
+  ASSERT_EQ(::renameat2(AT_FDCWD, moved.c_str(), AT_FDCWD, state().c_str(), RENAME_EXCHANGE), 0);
+  std::filesystem::remove_all(moved);
 }
 
-void StorageStory::expectEachDeliveredOnce(Texts bodies) {
+void StorageScenario::expectEachDeliveredOnce(Texts bodies) {
   server.accept();
   EXPECT_TRUE(JXNetworkManager::sharedInstance().flush(20s));
-  // Whole bodies would make a long story of a failure.
+  // Printing complete bodies would make a failure unreadable.
   EXPECT_EQ(server.requests().size(), bodies.size());
   EXPECT_TRUE(sorted(server.bodies()) == sorted(std::move(bodies)));
   EXPECT_EQ(counters().outbox.delivered, server.requests().size());
   EXPECT_EQ(counters().outbox.rejected, 0u);
 }
 
-Texts StorageStory::storageLines() const {
+Texts StorageScenario::storageLines() const {
   Texts found;
   for (const LogLine& line : linesUpTo(3)) {
     if (line.message.find(state()) == std::string::npos) continue;
@@ -105,10 +105,10 @@ Texts StorageStory::storageLines() const {
   return found;
 }
 
-void StorageStory::writeRow(const std::string& order, const std::string& fault,
-                            const std::string& did, const std::string& library,
-                            std::uint64_t held) const {
-  writeFaultRow({order, fault, did, library, counters().outbox.delivered, held,
+void StorageScenario::writeRow(const std::string& order, const std::string& fault,
+                               const std::string& did, const std::string& library,
+                               std::uint64_t queued) const {
+  writeFaultRow({order, fault, did, library, counters().outbox.delivered, queued,
                  counters().outbox.rejected, droppedOf(counters().outbox)});
 }
 

@@ -1,12 +1,12 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "bench/Host.h"
+#include "bench/StartLibrary.h"
 
 #include "jx/core/notifications/JXNotificationCenter.h"
 
 namespace jx::bench {
 
-std::shared_ptr<ServerSide> startHost(const HostOptions& options) {
+std::shared_ptr<ServerSide> startLibrary(const LibraryOptions& options) {
   JXCoreConfiguration configuration;
   configuration.storageFolder = options.storageFolder;
   configuration.collectionHost = options.collectionHost;

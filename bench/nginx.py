@@ -1,6 +1,6 @@
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""A receiver for the measurements: nginx on loopback, HTTPS with HTTP/2, answering 204 at once."""
+"""The server of the benchmarks: nginx on loopback, HTTPS with HTTP/2, always responding with 204."""
 
 import collections
 import os
@@ -22,41 +22,41 @@ http {{
   fastcgi_temp_path {folder}/fastcgi;
   uwsgi_temp_path {folder}/uwsgi;
   scgi_temp_path {folder}/scgi;
-  log_format way '$connection $server_protocol $status $request_length';
-  access_log {folder}/access.log way buffer=256k flush=1s;
-  # A connection is not to end in the middle of a measurement.
+  log_format bench '$connection $server_protocol $status $request_length';
+  access_log {folder}/access.log bench buffer=256k flush=1s;
+  # Connections must not end during a measurement.
   keepalive_requests 10000000;
   keepalive_timeout 600s;
   server {{
     listen 127.0.0.1:{port} ssl http2;
     ssl_certificate {folder}/certificate.pem;
     ssl_certificate_key {folder}/key.pem;
-    # Nothing but a mirror reads a body without passing it on; an answer before its end would make
-    # nginx break the stream off.
+    # Only a mirror reads a body without forwarding it. nginx aborts a stream if it responds before
+    # the end of the body.
     location / {{
       mirror /mirrored;
       empty_gif;
-      error_page 405 = @taken;
+      error_page 405 = @accepted;
     }}
     location = /mirrored {{
       internal;
       return 204;
     }}
-    location @taken {{ return 204; }}
+    location @accepted {{ return 204; }}
   }}
 }}
 """
 
 
 def reserve_port():
-    """A free port, held until the socket is closed; nobody listens there."""
+    """Returns a socket that reserves a free port without listening, and the port."""
     holder = socket.socket()
     holder.bind(("127.0.0.1", 0))
     return holder, holder.getsockname()[1]
 
 
-class Receiver:
-    """Runs while it is used as a context."""
+class Server:
+    """Runs nginx while it is used as a context manager."""
 
     def __init__(self, folder, holder=None, port=0):
         self.folder = os.path.join(folder, "nginx")
@@ -74,21 +74,21 @@ class Receiver:
         program = shutil.which("nginx", path=os.environ.get("PATH", "") + ":/usr/sbin:/sbin")
         if program is None or shutil.which("openssl") is None:
             raise RuntimeError("nginx or openssl is not installed (scripts/packages bench)")
-        self._make_certificate()
+        self._create_certificate()
         configuration = os.path.join(self.folder, "nginx.conf")
         with open(configuration, "w", encoding="ascii") as file:
             file.write(CONFIGURATION.format(folder=self.folder, port=self.port))
         self.holder.close()
         self.process = subprocess.Popen([program, "-p", self.folder, "-c", configuration],
                                         stderr=subprocess.PIPE, text=True)
-        self._wait_until_it_answers()
+        self._wait_until_ready()
         return self
 
     def __exit__(self, *_):
         self.process.terminate()
         self.process.communicate(timeout=10)
 
-    def _make_certificate(self):
+    def _create_certificate(self):
         subprocess.run(
             ["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
              "-nodes", "-days", "1", "-subj", "/CN=127.0.0.1",
@@ -96,7 +96,7 @@ class Receiver:
              "-keyout", os.path.join(self.folder, "key.pem"), "-out", self.ca],
             check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def _wait_until_it_answers(self):
+    def _wait_until_ready(self):
         context = ssl.create_default_context(cafile=self.ca)
         deadline = time.monotonic() + 10
         while True:
@@ -108,25 +108,25 @@ class Receiver:
                 if self.process.poll() is not None:
                     raise RuntimeError(f"nginx: {self.process.stderr.read()}") from error
                 if time.monotonic() > deadline:
-                    raise RuntimeError("nginx does not answer") from error
+                    raise RuntimeError("nginx does not respond") from error
                 time.sleep(0.02)
 
-    def forget(self):
-        """What was logged up to now does not count."""
+    def clear_log(self):
+        """Discards the requests logged so far."""
         self.requests()
         os.truncate(self.log, 0)
 
     def requests(self):
-        """(connection, protocol, status) of each request since the last `forget`."""
+        """Returns (connection, protocol, status) of each request since the last `clear_log`."""
         time.sleep(1.2)  # until nginx has written its buffer
         with open(self.log, encoding="ascii") as file:
             return [tuple(line.split()[:3]) for line in file]
 
 
-Way = collections.namedtuple("Way", "requests connections protocols statuses")
+Summary = collections.namedtuple("Summary", "requests connections protocols statuses")
 
 
-def way(requests):
-    """How requests came."""
-    return Way(len(requests), len({each[0] for each in requests}),
-               sorted({each[1] for each in requests}), sorted({each[2] for each in requests}))
+def summary(requests):
+    """Returns the number of requests and of connections, the protocols and the statuses."""
+    return Summary(len(requests), len({each[0] for each in requests}),
+                   sorted({each[1] for each in requests}), sorted({each[2] for each in requests}))

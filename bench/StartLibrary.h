@@ -9,23 +9,23 @@
 
 namespace jx::bench {
 
-/// What a measuring program's application states about itself.
-struct HostOptions {
+/// The configuration of the library in a benchmark.
+struct LibraryOptions {
   std::string storageFolder;
-  /// By default nobody listens there, so that the queue grows.
+  /// By default no server listens there, so that the queue grows.
   std::string collectionHost = "https://127.0.0.1:1";
   std::string caFile;
-  /// False: the bounds of the outbox are those of an application; true: nothing is ever dropped.
+  /// False: the default queue limits; true: no event is ever dropped.
   bool keepsAll = false;
-  /// The time of day; null: the system's.
+  /// The wall clock; null for the system clock.
   std::shared_ptr<const JXClock> clock;
   JXDeliveryCallback onDelivery;
 };
 
-/// Configures the core and makes the process's ServerSide.
-std::shared_ptr<ServerSide> startHost(const HostOptions& options);
+/// Configures the core and creates the ServerSide of this process.
+std::shared_ptr<ServerSide> startLibrary(const LibraryOptions& options);
 
-/// Executes the event and returns the body that was made of it.
+/// Executes the event and returns its body.
 std::string bodyOf(ServerSide& serverSide, const std::shared_ptr<JXEvent>& event);
 
 }  // namespace jx::bench

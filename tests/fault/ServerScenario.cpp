@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/fault/ServerStory.h"
+#include "tests/fault/ServerScenario.h"
 
 #include <cstdlib>
 #include <utility>
@@ -10,75 +10,80 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::string_view kStaysQueued = "Requests stay queued, next try in ";
+constexpr std::string_view kDeliveryFailed = "Delivery failed: ";
+constexpr std::string_view kRetryingIn = "; retrying in ";
 
 }  // namespace
 
-ServerStory::ServerStory(const JXTestServerOptions& options) : server(options), url(server.url()) {
+ServerScenario::ServerScenario(const JXTestServerOptions& options)
+    : server(options), url(server.url()) {
   setup.clock = time.day;
   setup.steadyNow = time.steadyNow();
   setup.draw = [] { return 0.5; };
   setup.caFile = server.caFile();
   setup.proxy = "";
-  // The disk is not what these stories are about: a sync is due at once.
+  // These tests do not concern the disk: a sync is due at once.
   setup.timings.syncDelay = 0ms;
   setup.onDelivery = [this](const JXDelivery& delivery) { deliveries.add(delivery); };
   setup.maintain = [this] { maintained_.add(1); };
   JXLogger::sharedInstance().setMaxLevel(6);
   JXLogger::sharedInstance().setSink(
-      [this](int level, std::string_view text) { keepLine(level, std::string(text)); });
+      [this](int level, std::string_view text) { keepMessage(level, std::string(text)); });
 }
 
-ServerStory::~ServerStory() {
+ServerScenario::~ServerScenario() {
   transfer_.reset();
   JXLogger::sharedInstance().setSink(nullptr);
 }
 
-void ServerStory::keepLine(int level, const std::string& text) {
-  if (text.rfind(kStaysQueued, 0) != 0) {
+void ServerScenario::keepMessage(int level, const std::string& text) {
+  const std::size_t end = text.rfind(kRetryingIn);
+  if (text.rfind(kDeliveryFailed, 0) != 0 || end == std::string::npos) {
     lines_.add({level, text});
     return;
   }
-  const std::size_t reason = text.find(": ") + 2;
-  const std::chrono::milliseconds pause(std::atoll(text.c_str() + kStaysQueued.size()));
-  failures.add({level, pause, text.substr(reason)});
+  const std::size_t reason = kDeliveryFailed.size();
+  const std::chrono::milliseconds backoff(std::atoll(text.c_str() + end + kRetryingIn.size()));
+  failures.add({level, backoff, text.substr(reason, end - reason)});
 }
 
-void ServerStory::startProcess() {
+void ServerScenario::startProcess() {
   setup.outbox = std::make_shared<JXOutbox>(folder.path("outbox"), JXOutboxBounds(), time.day);
   transfer_ = std::make_unique<JXTransfer>(setup);
   transfer_->start();
 }
 
-void ServerStory::endProcess() {
-  triesOfEndedProcesses += counters().attempts;
+void ServerScenario::endProcess() {
+  attemptsOfEndedProcesses += counters().attempts;
   deliveredByEndedProcesses += counters().outbox.delivered;
   transfer_.reset();
   setup.outbox.reset();
 }
 
-void ServerStory::execute(const std::string& eventId) { transfer_->enqueue(url, bodyOf(eventId)); }
+void ServerScenario::execute(const std::string& eventId) {
+  transfer_->enqueue(url, bodyOf(eventId));
+}
 
-// The thread tells of its storage work in the middle of a turn: when it does so a second time, the
-// turn before is over.
-bool ServerStory::advance(std::chrono::milliseconds passed) {
+// The transfer thread reports its storage work in the middle of an iteration. With the second
+// report, the previous iteration is complete.
+bool ServerScenario::advance(std::chrono::milliseconds passed) {
   time.advance(passed);
   return turn() && turn();
 }
 
-bool ServerStory::turn() {
+bool ServerScenario::turn() {
   const std::size_t before = maintained_.all().size();
   transfer_->storageChanged();
   return maintained_.waitFor(before + 1);
 }
 
-bool ServerStory::deliverAll() { return transfer_->flush(20s); }
+bool ServerScenario::deliverAll() { return transfer_->flush(20s); }
 
-int ServerStory::connections() const {
+int ServerScenario::connections() const {
   return server.connections() + elsewhere.connections() + (proxy ? proxy->connections() : 0);
 }
 
-std::vector<std::string> ServerStory::lines(int level) const {
+std::vector<std::string> ServerScenario::lines(int level) const {
   std::vector<std::string> found;
   for (const Line& line : lines_.all()) {
     if (line.level <= level) found.push_back(std::to_string(line.level) + " " + line.text);

@@ -1,8 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// A body is written from the event's fields at once where that is the same as going by the event's
-// JSON object. These tests hold the two ways against each other.
+// A body is written directly from the event's field table if the result equals the event's JSON
+// object. These tests compare both ways.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@
 namespace jx::test {
 namespace {
 
-// Tells another event as its own: always by its JSON object.
+// Writes another event as its own, always from the JSON object.
 class Wrapped : public JXEvent {
  public:
   explicit Wrapped(std::shared_ptr<JXEvent> inner) : inner_(std::move(inner)) {}
@@ -31,7 +31,7 @@ class Wrapped : public JXEvent {
   std::shared_ptr<JXEvent> inner_;
 };
 
-// A value that the field takes.
+// Returns a value that the field accepts.
 JXJsonValue sampleOf(const JXFieldInfo& field) {
   const auto read = [](const char* json) { return JXJsonReader::read(json).value; };
   switch (field.kind) {
@@ -47,7 +47,7 @@ JXJsonValue sampleOf(const JXFieldInfo& field) {
     case JXFieldKind::Values:
       return read(R"([1, {"a": [true, null]}, []])");
     case JXFieldKind::Enumeration:
-      return field.enumStrings.members[field.enumStrings.count - 1];
+      return field.enumStrings.enumerators[field.enumStrings.count - 1];
     case JXFieldKind::Items:
       return read(R"([{"ID": "1", "quantity": 2, "parameters": {"gift": true, "quantity": 9},
                        "product": {"ID": "p", "price": "2.550", "categories": ["x", "y"],
@@ -68,11 +68,13 @@ void fill(JXEvent& event) {
   }
 }
 
-class EventTelling : public ServerSideFixture {
+class EventSerialisation : public ServerSideFixture {
  protected:
-  EventTelling() : serverSide_(make()) { bodyOf(JXCustomEvent::initWithName("the first one")); }
+  EventSerialisation() : serverSide_(make()) {
+    bodyOf(JXCustomEvent::initWithName("the first one"));
+  }
 
-  // With the event's identifier replaced, which is another each time.
+  // Returns the body with the event ID replaced, because each call creates a new one.
   std::string bodyOf(const std::shared_ptr<JXEvent>& event) {
     serverSide_->execute(event);
     std::string text = requests().back().text;
@@ -89,7 +91,7 @@ class EventTelling : public ServerSideFixture {
   std::shared_ptr<ServerSide> serverSide_;
 };
 
-TEST_F(EventTelling, OfEveryClassIsByItsFields) {
+TEST_F(EventSerialisation, UsesFieldTableForEveryClass) {
   for (const JXEventClass* type : allEventClasses()) {
     const auto event = type->create(0, "session");
     EXPECT_TRUE(event->canSerialiseFromFieldTable()) << type->className;
@@ -97,7 +99,7 @@ TEST_F(EventTelling, OfEveryClassIsByItsFields) {
   }
 }
 
-TEST_F(EventTelling, NamesNoKeyTwiceWithoutSayingSo) {
+TEST_F(EventSerialisation, MarksEveryDuplicateKey) {
   for (const JXEventClass* type : allEventClasses()) {
     std::multiset<std::string_view> keys{"event_name", "page_name", "page_type", "context", "user"};
     for (const JXEventClass* each = type; each->base != nullptr; each = each->base) {
@@ -110,7 +112,7 @@ TEST_F(EventTelling, NamesNoKeyTwiceWithoutSayingSo) {
   }
 }
 
-TEST_F(EventTelling, OfEveryClassIsTheSameBothWays) {
+TEST_F(EventSerialisation, FieldTableAndJsonObjectGiveTheSameBody) {
   ASSERT_EQ(allEventClasses().size(), 26u);
   for (const JXEventClass* type : allEventClasses()) {
     SCOPED_TRACE(std::string(type->className));
@@ -127,7 +129,7 @@ TEST_F(EventTelling, OfEveryClassIsTheSameBothWays) {
   }
 }
 
-TEST_F(EventTelling, WithContextBlocksThatTheHostExtendedIsTheSameBothWays) {
+TEST_F(EventSerialisation, GivesTheSameBodyWithExtendedContextBlocks) {
   JXUser::sharedInstance().addAdditionalProperty_withStringValue("anonymous_id", "replaced");
   JXUser::sharedInstance().addAdditionalProperty_withStringValue("segment", "gold");
   const auto event = JXCustomEvent::initWithName("quiz");
@@ -136,7 +138,7 @@ TEST_F(EventTelling, WithContextBlocksThatTheHostExtendedIsTheSameBothWays) {
   EXPECT_EQ(bodyOf(event).find("replaced"), std::string::npos);
 }
 
-TEST_F(EventTelling, AnExtraPropertyOfAFieldsKeyChangesPlacesWithTheField) {
+TEST_F(EventSerialisation, FieldReplacesAdditionalPropertyInItsPlace) {
   const auto event = JXPurchaseEvent::init();
   event->setCurrency("GBP");
   for (const char* key : {"currency", "event_name", "context", "user", "coupon"}) {
@@ -155,15 +157,15 @@ TEST_F(EventTelling, AnExtraPropertyOfAFieldsKeyChangesPlacesWithTheField) {
   EXPECT_NE(body.find("  \"user\": {\n    \"anonymous_id\""), std::string::npos) << body;
 }
 
-TEST_F(EventTelling, AnExtraPropertyThatContainsItselfIsLeftOutBothWays) {
+TEST_F(EventSerialisation, OmitsCircularReferenceBothWays) {
   const auto event = JXCustomEvent::initWithName("quiz");
-  JXJsonObject endless;
-  endless.set("good", 1);
-  endless.set("itself", endless);
-  event->addAdditionalParameter_forJsonDict("endless", endless);
+  JXJsonObject circular;
+  circular.set("good", 1);
+  circular.set("self", circular);
+  event->addAdditionalParameter_forJsonDict("circular", circular);
   expectSameBothWays(event);
-  EXPECT_NE(bodyOf(event).find("\"endless\": {\n    \"good\": 1\n  },"), std::string::npos);
-  endless.clear();  // or nothing would ever end it
+  EXPECT_NE(bodyOf(event).find("\"circular\": {\n    \"good\": 1\n  },"), std::string::npos);
+  circular.clear();  // breaks the reference cycle, which would leak
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/soak/SilentHosts.h"
+#include "tests/soak/SilentServers.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>
@@ -37,18 +37,19 @@ sockaddr_in loopback(std::uint16_t port) {
 }
 
 int boundSocket(int type, std::uint16_t port) {
-  const int made = socket(AF_INET, type | SOCK_CLOEXEC, 0);
+  const int descriptor = socket(AF_INET, type | SOCK_CLOEXEC, 0);
   const sockaddr_in address = loopback(port);
-  if (made < 0 || bind(made, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+  if (descriptor < 0 ||
+      bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
     fail("bind");
   }
-  return made;
+  return descriptor;
 }
 
 int listeningSocket(int backlog) {
-  const int made = boundSocket(SOCK_STREAM, 0);
-  if (listen(made, backlog) != 0) fail("listen");
-  return made;
+  const int descriptor = boundSocket(SOCK_STREAM, 0);
+  if (listen(descriptor, backlog) != 0) fail("listen");
+  return descriptor;
 }
 
 sockaddr_in addressOf(int listening) {
@@ -58,18 +59,18 @@ sockaddr_in addressOf(int listening) {
   return address;
 }
 
-std::string hostOf(int listening) {
+std::string urlOf(int listening) {
   return "https://127.0.0.1:" + std::to_string(ntohs(addressOf(listening).sin_port));
 }
 
-// A connection to `address` that is under way.
+// Starts a connection to `address`.
 int connecting(const sockaddr_in& address) {
-  const int made = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (connect(made, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 &&
+  const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  if (connect(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 &&
       errno != EINPROGRESS) {
     fail("connect");
   }
-  return made;
+  return descriptor;
 }
 
 bool connectsWithin(int descriptor, int ms) {
@@ -83,7 +84,7 @@ bool writeFile(const char* path, const std::string& text) {
   return file.good();
 }
 
-// An ordinary user may have namespaces only inside one in which it is the superuser.
+// An ordinary user may create namespaces only inside a user namespace.
 bool enterOwnNamespaces() {
   constexpr int kOwn = CLONE_NEWNS | CLONE_NEWNET;
   if (unshare(kOwn) == 0) return true;
@@ -96,26 +97,26 @@ bool enterOwnNamespaces() {
 
 // The loopback interface of a new network namespace is down.
 bool raiseLoopback() {
-  const int made = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   ifreq request{};
   std::strcpy(request.ifr_name, "lo");
   request.ifr_flags = IFF_UP | IFF_RUNNING;
-  const bool isUp = made >= 0 && ioctl(made, SIOCSIFFLAGS, &request) == 0;
-  if (made >= 0) close(made);
+  const bool isUp = descriptor >= 0 && ioctl(descriptor, SIOCSIFFLAGS, &request) == 0;
+  if (descriptor >= 0) close(descriptor);
   return isUp;
 }
 
 }  // namespace
 
-NeverSpeaks::NeverSpeaks() : socket_(listeningSocket(1'024)) {}
-NeverSpeaks::~NeverSpeaks() { close(socket_); }
-std::string NeverSpeaks::host() const { return hostOf(socket_); }
+SilentServer::SilentServer() : socket_(listeningSocket(1'024)) {}
+SilentServer::~SilentServer() { close(socket_); }
+std::string SilentServer::url() const { return urlOf(socket_); }
 
 BlackHole::BlackHole() : socket_(listeningSocket(0)) {
-  // The system takes one connection more than the backlog says, or two: until one hangs.
+  // The system accepts one or two connections more than the backlog: connect until one hangs.
   do {
     fillers_.push_back(connecting(addressOf(socket_)));
-    if (fillers_.size() > 64) throw std::runtime_error("a full backlog still takes connections");
+    if (fillers_.size() > 64) throw std::runtime_error("a full backlog still accepts connections");
   } while (connectsWithin(fillers_.back(), 300));
 }
 
@@ -125,9 +126,9 @@ BlackHole::~BlackHole() {
   close(socket_);
 }
 
-std::string BlackHole::host() const { return hostOf(socket_); }
+std::string BlackHole::url() const { return urlOf(socket_); }
 
-CountingResets::CountingResets()
+ResettingServer::ResettingServer()
     : socket_(listeningSocket(64)), thread_([this] {
         for (int descriptor = 0;
              (descriptor = accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
@@ -138,20 +139,20 @@ CountingResets::CountingResets()
         }
       }) {}
 
-CountingResets::~CountingResets() {
+ResettingServer::~ResettingServer() {
   stop();
   close(socket_);
 }
 
-std::string CountingResets::host() const { return hostOf(socket_); }
+std::string ResettingServer::url() const { return urlOf(socket_); }
 
-std::uint64_t CountingResets::stop() {
+std::uint64_t ResettingServer::stop() {
   shutdown(socket_, SHUT_RDWR);
   if (thread_.joinable()) thread_.join();
   return count_;
 }
 
-SilentNames::SilentNames() {
+SilentNameServer::SilentNameServer() {
   try {
     error_ = setUp();
   } catch (const std::system_error& error) {
@@ -159,11 +160,11 @@ SilentNames::SilentNames() {
   }
 }
 
-SilentNames::~SilentNames() {
+SilentNameServer::~SilentNameServer() {
   if (socket_ >= 0) close(socket_);
 }
 
-int SilentNames::setUp() {
+int SilentNameServer::setUp() {
   if (!enterOwnNamespaces()) return errno;
   if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return errno;
   if (!raiseLoopback()) return errno;
@@ -174,7 +175,7 @@ int SilentNames::setUp() {
   return 0;
 }
 
-bool SilentNames::waitForQuestion() const {
+bool SilentNameServer::waitForQuery() const {
   pollfd waited{socket_, POLLIN, 0};
   return poll(&waited, 1, 20'000) == 1;
 }

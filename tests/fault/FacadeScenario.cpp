@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/fault/FacadeStory.h"
+#include "tests/fault/FacadeScenario.h"
 
 #include <thread>
 #include <utility>
@@ -11,14 +11,14 @@ namespace jx::test {
 
 using namespace std::chrono_literals;
 
-// The real transport, with an ear for what is begun.
-class FacadeStory::Transport final : public JXHttpTransport {
+// The real transport, which also records the requests that are started.
+class FacadeScenario::Transport final : public JXHttpTransport {
  public:
   Transport(const JXHttpOptions& options, std::shared_ptr<Seen> seen)
       : curl_(options), seen_(std::move(seen)) {}
 
   void start(JXHttpRequest request) override {
-    seen_->begun.add(request.body);
+    seen_->started.add(request.body);
     curl_.start(std::move(request));
   }
   std::vector<JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) override {
@@ -32,20 +32,20 @@ class FacadeStory::Transport final : public JXHttpTransport {
   const std::shared_ptr<Seen> seen_;
 };
 
-FacadeStory::FacadeStory() {
+FacadeScenario::FacadeScenario() {
   storage();
   configuration.collectionHost = server.url("");
-  // The core of this process sends with the manager that the test starts, not with its own.
+  // The core must send with the manager that the test starts, not with its own.
   configuration.dryRun = true;
 }
 
-void FacadeStory::leaveFromEarlierProcess(const std::vector<std::string>& eventIds) const {
+void FacadeScenario::leaveFromEarlierProcess(const std::vector<std::string>& eventIds) const {
   JXOutbox outbox(storage().path("outbox"), JXOutboxBounds(), time.day);
   for (const std::string& id : eventIds)
     outbox.add(server.url(), bodyOf(id));
 }
 
-std::shared_ptr<ServerSide> FacadeStory::startWith(std::int32_t defaultBehaviour) {
+std::shared_ptr<ServerSide> FacadeScenario::startWith(std::int32_t defaultBehaviour) {
   JXHttpOptions options;
   options.caFile = server.caFile();
   options.proxy = "";
@@ -64,20 +64,20 @@ std::shared_ptr<ServerSide> FacadeStory::startWith(std::int32_t defaultBehaviour
   return make(defaultBehaviour);
 }
 
-// The thread tells of its storage work in the middle of a turn: when it does so a second time, the
-// turn before is over.
-bool FacadeStory::advance(std::chrono::milliseconds passed) {
+// The transfer thread reports its storage work in the middle of an iteration. With the second
+// report, the previous iteration is complete.
+bool FacadeScenario::advance(std::chrono::milliseconds passed) {
   time.advance(passed);
   return turn() && turn();
 }
 
-bool FacadeStory::turn() {
+bool FacadeScenario::turn() {
   const std::size_t before = seen_->maintained.all().size();
   manager.storageChanged();
   return seen_->maintained.waitFor(before + 1);
 }
 
-bool FacadeStory::waitForFailedTries(std::uint64_t count) {
+bool FacadeScenario::waitForFailedAttempts(std::uint64_t count) {
   while (counters().failures < count) {
     if (!turn()) return false;
     std::this_thread::yield();
@@ -85,16 +85,16 @@ bool FacadeStory::waitForFailedTries(std::uint64_t count) {
   return turn();
 }
 
-bool FacadeStory::deliverAll() const { return manager.flush(20s); }
+bool FacadeScenario::deliverAll() const { return manager.flush(20s); }
 
-std::vector<std::string> FacadeStory::executed() const {
+std::vector<std::string> FacadeScenario::executed() const {
   std::vector<std::string> bodies;
   for (const Request& request : requests())
     bodies.push_back(request.text);
   return bodies;
 }
 
-void FacadeStory::post(std::string_view name) {
+void FacadeScenario::post(std::string_view name) {
   JXNotificationCenter::defaultCenter()->postNotification({name});
 }
 

@@ -10,41 +10,41 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXTransferSetup.h"
 #include "tests/core/transfer/JXTransferFixture.h"
-#include "tests/fault/ServerStory.h"
+#include "tests/fault/ServerScenario.h"
 #include "tests/support/JXTestServer.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {
 
-/// A ServerSide on the whole core, from `execute` to a real server, with clocks that the test
-/// moves. The network manager is the process's own, with the retry timings of production.
-class FacadeStory : public ServerSideFixture {
+/// A ServerSide on the complete core, from `execute` to a real server, with clocks that the test
+/// advances. It uses the network manager of the process, with the default retry timings.
+class FacadeScenario : public ServerSideFixture {
  protected:
-  FacadeStory();
+  FacadeScenario();
 
-  /// What a process that has ended left in the queue.
+  /// Queues these events like an earlier process that has ended.
   void leaveFromEarlierProcess(const std::vector<std::string>& eventIds) const;
-  /// Starts the network manager, and the library with this behaviour.
+  /// Starts the network manager, and the library with this default behaviour.
   std::shared_ptr<ServerSide> startWith(std::int32_t defaultBehaviour);
-  /// Time passes, and whatever that made due has been done when this returns.
+  /// Advances the clocks. All work that became due is done when this returns.
   bool advance(std::chrono::milliseconds passed);
-  bool waitForFailedTries(std::uint64_t count);
+  bool waitForFailedAttempts(std::uint64_t count);
   bool deliverAll() const;
   JXDeliveryCounters counters() const { return manager.counters(); }
-  /// The bodies of all events that were executed, in their order.
+  /// Returns the bodies of all executed events, in order.
   std::vector<std::string> executed() const;
-  /// The bodies of the requests that were begun, in their order.
-  std::vector<std::string> begun() const { return seen_->begun.all(); }
+  /// Returns the bodies of the started requests, in order.
+  std::vector<std::string> started() const { return seen_->started.all(); }
   static void post(std::string_view name);
 
-  StoryTime time;
+  ScenarioTime time;
   JXTestServer server;
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
 
  private:
   // The transfer thread may outlive the test.
   struct Seen {
-    JXCollected<std::string> begun;
+    JXCollected<std::string> started;
     JXCollected<int> maintained;
   };
   class Transport;

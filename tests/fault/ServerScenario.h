@@ -19,8 +19,8 @@
 
 namespace jx::test {
 
-/// Clocks that stand still until the test moves them: the time of day and the steady one.
-class StoryTime {
+/// A wall clock and a steady clock that advance only when the test says so.
+class ScenarioTime {
  public:
   /// 2026-09-21 14:13:20 UTC.
   static constexpr std::int64_t kStartMs = 1'790'000'000'000;
@@ -42,52 +42,52 @@ class StoryTime {
       std::make_shared<std::atomic<std::int64_t>>(3'600'000);
 };
 
-/// A failed try, as the log told it.
-struct FailedTry {
+/// A failed attempt, as logged.
+struct FailedAttempt {
   int level = 0;
-  std::chrono::milliseconds pause{0};
+  std::chrono::milliseconds backoff{0};
   std::string reason;
 };
 
-/// A queue on the disk and the processes that serve it one after the other, against a real server
-/// that the test misleads. Processes have the retry timings of production; pauses pass when the
-/// test says so, and last half of their longest.
-class ServerStory {
+/// A queue on disk and the processes that deliver it one after the other, to a real server with a
+/// fault. Processes use the default retry timings with half of the jitter, on clocks that the test
+/// advances.
+class ServerScenario {
  public:
-  explicit ServerStory(const JXTestServerOptions& options = {});
-  ~ServerStory();
-  ServerStory(const ServerStory&) = delete;
-  ServerStory& operator=(const ServerStory&) = delete;
+  explicit ServerScenario(const JXTestServerOptions& options = {});
+  ~ServerScenario();
+  ServerScenario(const ServerScenario&) = delete;
+  ServerScenario& operator=(const ServerScenario&) = delete;
 
-  /// A process starts: it opens the queue's folder and begins to send.
+  /// Starts a process: opens the queue's folder and starts sending.
   void startProcess();
-  /// The process ends as an application does; its counters are added up.
+  /// Ends the process like an application does and adds up its counters.
   void endProcess();
   /// Queues the event; its body comes from `bodyOf`.
   void execute(const std::string& eventId);
-  /// Time passes, and whatever that made due has been done when this returns.
+  /// Advances the clocks. All work that became due is done when this returns.
   bool advance(std::chrono::milliseconds passed);
-  /// Waits until so many tries have failed in all processes.
-  bool waitForFailedTries(std::size_t count) { return failures.waitFor(count); }
+  /// Waits until `count` attempts have failed in all processes.
+  bool waitForFailedAttempts(std::size_t count) { return failures.waitFor(count); }
   bool deliverAll();
 
-  /// Connections that any server or proxy of the story was asked for so far.
+  /// Returns the number of connections to all servers and proxies so far.
   int connections() const;
-  /// Of the process that runs now.
+  /// Returns the counters of the running process.
   JXDeliveryCounters counters() const { return transfer_->counters(); }
-  /// The log lines up to `level` that tell no failed try, each as "LEVEL text".
+  /// Returns the log messages up to `level`, without those of failed attempts, as "LEVEL text".
   std::vector<std::string> lines(int level) const;
 
   TemporaryFolder folder;
-  StoryTime time;
+  ScenarioTime time;
   JXTestServer server;
-  JXTestServer elsewhere;  ///< where nothing of all this belongs
+  JXTestServer elsewhere;  ///< another server, which must not receive any event
   std::unique_ptr<JXTestProxy> proxy;
-  std::string url;        ///< where events go
-  JXTransferSetup setup;  ///< of the processes to come; the queue is opened by each
-  JXCollected<FailedTry> failures;
+  std::string url;        ///< the address of the events
+  JXTransferSetup setup;  ///< of the next processes; each opens the queue
+  JXCollected<FailedAttempt> failures;
   JXCollected<JXDelivery> deliveries;
-  std::uint64_t triesOfEndedProcesses = 0;
+  std::uint64_t attemptsOfEndedProcesses = 0;
   std::uint64_t deliveredByEndedProcesses = 0;
 
  private:
@@ -96,7 +96,7 @@ class ServerStory {
     std::string text;
   };
 
-  void keepLine(int level, const std::string& text);
+  void keepMessage(int level, const std::string& text);
   bool turn();
 
   JXCollected<Line> lines_;

@@ -11,35 +11,34 @@
 
 namespace jx::test {
 
-/// A ServerSide on the whole core and on a state folder that breaks, with a server that the test
-/// keeps away until it has seen what the disk holds. Pauses are a few milliseconds.
-class StorageStory : public ServerSideFixture {
+/// A ServerSide on the complete core and on a failing storage folder. The server refuses
+/// connections until the test has inspected the disk. Retry delays are a few milliseconds.
+class StorageScenario : public ServerSideFixture {
  protected:
-  StorageStory();
+  StorageScenario();
 
-  /// The folder of all that the library stores; below `storage()`.
+  /// Returns the storage folder of the library; below `storage()`.
   std::string state() const { return configuration.storageFolder.toStdString(); }
   void useState(const std::string& folder) { configuration.storageFolder = folder; }
-  /// Executes so many events; each becomes a request, whatever the disk says.
+  /// Executes `count` events and expects a request for each, regardless of disk errors.
   void executeMany(ServerSide& serverSide, std::size_t count);
   JXDeliveryCounters counters() const { return JXNetworkManager::sharedInstance().counters(); }
-  /// Waits until the disk has taken what was in memory only.
+  /// Waits until all events in memory are on disk.
   bool waitUntilOnDisk() const;
-  /// What another process would find in the queue, in the order of the alphabet.
+  /// Returns the bodies that another process would find in the queue, sorted.
   std::vector<std::string> onDisk() const;
-  /// The bodies of the events executed, without `dropped` ones from number `from` on, in the order
-  /// of the alphabet.
+  /// Returns the bodies of the executed events without `dropped` ones from index `from` on, sorted.
   std::vector<std::string> executed(std::size_t from = 0, std::uint64_t dropped = 0) const;
-  /// Takes the state folder away, at once and with all that it holds.
+  /// Removes the storage folder and its contents atomically.
   void removeState() const;
-  /// The same, and a file is in its place at that instant.
+  /// Replaces the storage folder by a file atomically.
   void replaceStateByAFile() const;
-  /// Lets the server answer and expects each of the bodies to come once.
+  /// Lets the server respond and expects each of the bodies once.
   void expectEachDeliveredOnce(std::vector<std::string> bodies);
-  /// The lines up to level 3 that tell of storage.
+  /// Returns the log messages up to level 3 that concern storage.
   std::vector<std::string> storageLines() const;
   void writeRow(const std::string& order, const std::string& fault, const std::string& did,
-                const std::string& library, std::uint64_t held) const;
+                const std::string& library, std::uint64_t queued) const;
 
   JXTestServer server;
 };
