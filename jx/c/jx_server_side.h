@@ -48,7 +48,7 @@ typedef struct jx_firebase {
 } jx_firebase;
 
 /// Creates an object in `*server_side`. The first call starts the library. `site_id` is the site ID
-/// of the application. `source_key` is its source key, which is added to the URL unchanged.
+/// of the application. `source_key` is its source key, percent-encoded in the request.
 /// `behaviour` is a `jx_behaviour`; any other value means JX_BEHAVIOUR_DEFAULT. `firebase` is
 /// copied and may be null. On an error `*server_side` is null, and `release` is not called.
 JX_API jx_status jx_server_side_create(int32_t site_id, const char* source_key, uint32_t behaviour,

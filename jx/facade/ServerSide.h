@@ -54,9 +54,10 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
 
   /// @name Initialisers
   /// `siteID` is the site ID of the application. `sourceKey` is its source key, which is written to
-  /// the URL without escaping. `defaultBehaviour` is an EJXDefaultBehaviour; any other value means
-  /// DEFAULT. `center` is the notification centre that this object posts on; null means the default
-  /// centre. `firebaseInstance` may be null; the object shares its ownership.
+  /// `url` unchanged and percent-encoded in the request. `defaultBehaviour` is an
+  /// EJXDefaultBehaviour; any other value means DEFAULT. `center` is the notification centre that
+  /// this object posts on; null means the default centre. `firebaseInstance` may be null; the
+  /// object shares its ownership.
   /// @{
 
   /// Uses default behaviour 0 and no Firebase instance. Never returns null.

@@ -17,9 +17,9 @@ class JXHttpTarget {
   JXHttpTarget(const JXHttpTarget&) = delete;
   JXHttpTarget& operator=(const JXHttpTarget&) = delete;
 
-  /// Parses and validates `url`. Percent-encodes spaces and non-ASCII bytes, because a source key
-  /// may contain them. Returns an error message; empty when the URL is valid. Throws
-  /// std::bad_alloc.
+  /// Parses and validates `url`. Percent-encodes the characters that a query value cannot contain,
+  /// `#` and blanks included, because a source key may contain them. Returns an error message;
+  /// empty when the URL is valid. Throws std::bad_alloc.
   std::string set(const std::string& url);
   /// Returns whether the host is the device itself.
   bool isLoopback() const { return isLoopback_; }

@@ -237,11 +237,26 @@ TEST(CurlTransport, SendsPlainHttpToLoopbackHosts) {
   EXPECT_EQ(2u, server.requests().size());
 }
 
-TEST(CurlTransport, EncodesSpacesAndNonAsciiBytesInTheUrl) {
+TEST(CurlTransport, EncodesCharactersThatAQueryValueCannotContain) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));
-  EXPECT_EQ(200, post(transport, server.url("/e?token=a b\xC3\xA9%20")).outcome.status);
-  EXPECT_EQ("/e?token=a+b%c3%a9%20", server.requests().front().target);
+  const std::vector<std::pair<std::string, std::string>> keys{
+      {"aZ09-._~", "aZ09-._~"},
+      {"a b", "a%20b"},
+      {"\xC3\xA9", "%c3%a9"},
+      {"a#b c", "a%23b%20c"},
+      {"a+b==", "a%2bb=="},
+      {"100%", "100%25"},
+      {"%4", "%254"},
+      {"%zz", "%25zz"},
+      {"a%20b%C3", "a%20b%C3"},
+      {"<\"\\^`{|}>[]", "%3c%22%5c%5e%60%7b%7c%7d%3e%5b%5d"},
+      {"a&b=c;d/e?f", "a&b=c;d/e?f"},
+  };
+  for (const auto& [key, sent] : keys) {
+    EXPECT_EQ(200, post(transport, server.url("/e?jx_s=1&token=" + key)).outcome.status) << key;
+    EXPECT_EQ("/e?jx_s=1&token=" + sent, server.requests().back().target);
+  }
 }
 
 TEST(CurlTransport, UsesTheProxyExceptForLoopbackHosts) {
