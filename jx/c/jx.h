@@ -27,10 +27,10 @@
 /// event. As in C++, bytes that are not UTF-8 are accepted and are written to the event as U+FFFD;
 /// only a string that is itself JSON must be UTF-8.
 ///
-/// Threads. A `jx_server_side` belongs to the thread that created it; a `jx_object` to one thread
-/// at a time. All other functions may be called on any thread. A handle may be freed on any thread,
-/// even while another thread uses it: that call completes normally. Each callback type documents
-/// the thread that calls it.
+/// Threads. Every function may be called on any thread; a `jx_object` belongs to one thread at a
+/// time. A handle may be freed on any thread, even while another thread uses it: that call
+/// completes normally. Each callback type documents the thread that calls it; no lock of the
+/// library is held during the call.
 
 #include "jx/c/jx_catalogue.h"
 #include "jx/c/jx_configuration.h"

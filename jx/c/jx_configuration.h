@@ -14,8 +14,9 @@
 extern "C" {
 #endif
 
-/// Receives log messages. Called on the thread that logs, including the transfer thread, one call
-/// at a time. `message` is valid during the call. Must not block or call the library.
+/// Receives log messages. Called on the thread that logs, including the transfer thread; several
+/// threads may call it at once. `message` is valid during the call. May call the library; messages
+/// that it causes are dropped. Must not block.
 typedef void (*jx_log_sink)(void* context, int32_t level, const char* message);
 
 /// Returns the time in milliseconds since the Unix epoch. Called on any thread; the time may jump

@@ -14,7 +14,7 @@ extern "C" {
 #endif
 
 /// The main SDK object. Create one and keep it while the application runs; it queues events and
-/// delivers them. Belongs to the thread that created it.
+/// delivers them. May be used on any thread.
 typedef struct jx_server_side jx_server_side;
 
 /// Initial state of the library, and whether it accepts stop requests.

@@ -14,22 +14,23 @@
 namespace jx {
 namespace {
 
-int JX_INIT_STATE = kJXInitNever;
+std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 }  // namespace
 
 JXApp& JXApp::sharedInstance() {
-  static JXApp* const instance = [] {
+  static JXOnce<JXApp, JXSessionLock> once;
+  return once.get([] {
     auto* const app = new JXApp();
     app->init();
     return app;
-  }();
-  return *instance;
+  });
 }
 
 JXApp* JXApp::init() {
-  if (!tryBeginInit(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE, "JXApp")) return this;
   if (!baseInit()) return nullptr;
+  const JXSessionLock lock;
   JX_INIT_STATE = kJXInitDone;
   const JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
   name_ = variables.getData(kJXPredefinedVariable_ApplicationName);
@@ -48,15 +49,18 @@ JXApp* JXApp::reinit() {
 }
 
 void JXApp::refreshContent() {
+  const JXSessionLock lock;
   consentVersion_ = JXCoreVariables::sharedInstance().getData(JX_ConsentVersion);
 }
 
 JXJsonObject JXApp::getJsonObject() {
+  const JXSessionLock lock;
   refreshContent();
   return newJsonObject();
 }
 
 void JXApp::writeOwnEntries(JXJsonSink& sink) const {
+  const JXSessionLock lock;
   sink.text(JXA_NAME, name_);
   sink.text(JXA_VERSION, version_);
   sink.text(JXA_BUILD, build_);

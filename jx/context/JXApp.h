@@ -5,19 +5,19 @@
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
+#include "jx/variables/JXSessionLock.h"
 
 namespace jx {
 
 /// The application block "app": name and version of the application, and the versions of this
-/// library, of its core and of the consent configuration. Use it only on the thread that executes
-/// events.
+/// library, of its core and of the consent configuration. Thread-safe.
 class JX_API JXApp : public JXAdditionalProperties {
  public:
   /// Returns the shared block of this process. The first call creates it and reads the values.
   static JXApp& sharedInstance();
 
   /// Creates an uninitialised object; applications use `sharedInstance`.
-  JXApp() = default;
+  JXApp() : JXAdditionalProperties(Sharing::AnyThread) {}
   /// Reads the values once per process and returns this object; an object created after the shared
   /// one is returned unchanged. Returns null if the base class cannot be initialised. Does not
   /// return while another `init` is running.
@@ -32,26 +32,28 @@ class JX_API JXApp : public JXAdditionalProperties {
   JXJsonObject getJsonObject();
 
   /// The application's name; "(unknown)" if it is not configured.
-  const JXString& name() const { return name_; }
-  void setName(const JXString& value) { name_ = value; }
+  JXString name() const { return JXSessionLock::read(name_); }
+  void setName(const JXString& value) { JXSessionLock::write(name_, value); }
   /// The version shown to users.
-  const JXString& version() const { return version_; }
-  void setVersion(const JXString& value) { version_ = value; }
+  JXString version() const { return JXSessionLock::read(version_); }
+  void setVersion(const JXString& value) { JXSessionLock::write(version_, value); }
   /// The build number.
-  const JXString& build() const { return build_; }
-  void setBuild(const JXString& value) { build_ = value; }
+  JXString build() const { return JXSessionLock::read(build_); }
+  void setBuild(const JXString& value) { JXSessionLock::write(build_, value); }
   /// The bundle identifier, such as "com.example.tv".
-  const JXString& nameSpace() const { return nameSpace_; }
-  void setNameSpace(const JXString& value) { nameSpace_ = value; }
+  JXString nameSpace() const { return JXSessionLock::read(nameSpace_); }
+  void setNameSpace(const JXString& value) { JXSessionLock::write(nameSpace_, value); }
   /// The version of the library's core.
-  const JXString& coreVersion() const { return coreVersion_; }
-  void setCoreVersion(const JXString& value) { coreVersion_ = value; }
+  JXString coreVersion() const { return JXSessionLock::read(coreVersion_); }
+  void setCoreVersion(const JXString& value) { JXSessionLock::write(coreVersion_, value); }
   /// The library version that events report.
-  const JXString& serverSideVersion() const { return serverSideVersion_; }
-  void setServerSideVersion(const JXString& value) { serverSideVersion_ = value; }
+  JXString serverSideVersion() const { return JXSessionLock::read(serverSideVersion_); }
+  void setServerSideVersion(const JXString& value) {
+    JXSessionLock::write(serverSideVersion_, value);
+  }
   /// The version of the consent configuration, set by the consent module.
-  const JXString& consentVersion() const { return consentVersion_; }
-  void setConsentVersion(const JXString& value) { consentVersion_ = value; }
+  JXString consentVersion() const { return JXSessionLock::read(consentVersion_); }
+  void setConsentVersion(const JXString& value) { JXSessionLock::write(consentVersion_, value); }
 
  private:
   void writeOwnEntries(JXJsonSink& sink) const override;

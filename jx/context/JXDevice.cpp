@@ -16,7 +16,7 @@
 namespace jx {
 namespace {
 
-int JX_INIT_STATE = kJXInitNever;
+std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 void storeNumber(const JXString& digits, std::optional<JXDecimal>& field) {
   const JXDecimal number = JXDecimal::fromString(digits);
@@ -30,17 +30,18 @@ JXJsonObject entriesOf(const std::shared_ptr<JXAdditionalProperties>& properties
 }  // namespace
 
 JXDevice& JXDevice::sharedInstance() {
-  static JXDevice* const instance = [] {
+  static JXOnce<JXDevice, JXSessionLock> once;
+  return once.get([] {
     auto* const device = new JXDevice();
     device->init();
     return device;
-  }();
-  return *instance;
+  });
 }
 
 JXDevice* JXDevice::init() {
-  if (!tryBeginInit(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE, "JXDevice")) return this;
   if (!baseInit()) return nullptr;
+  const JXSessionLock lock;
   JX_INIT_STATE = kJXInitDone;
   const JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
   sdkID_ = variables.getData(kJXPredefinedVariable_SDKID);
@@ -54,8 +55,8 @@ JXDevice* JXDevice::init() {
   osName_ = variables.getData(kJXPredefinedVariable_RuntimeName);
   osVersion_ = variables.getData(kJXPredefinedVariable_SystemVersion);
   timezone_ = JXCoreServices::sharedInstance().platform().timeZoneName();
-  osProperties_ = JXAdditionalProperties::init();
-  screenProperties_ = JXAdditionalProperties::init();
+  osProperties_ = JXAdditionalProperties::initShared();
+  screenProperties_ = JXAdditionalProperties::initShared();
   storeNumber(variables.getData(kJXPredefinedVariable_ScreenWidth), screenWidth_);
   storeNumber(variables.getData(kJXPredefinedVariable_ScreenHeight), screenHeight_);
   return this;
@@ -67,6 +68,7 @@ JXDevice* JXDevice::reinit() {
 }
 
 void JXDevice::setAdvertisingIds() {
+  const JXSessionLock lock;
   const JXCoreVariables& variables = JXCoreVariables::sharedInstance();
   adTrackingEnabled_ = variables.getData(kJXPredefinedVariable_isTrackingEnabled);
   IDFA_ = variables.getData(kJXPredefinedVariable_IDFA);
@@ -74,6 +76,7 @@ void JXDevice::setAdvertisingIds() {
 }
 
 void JXDevice::refreshContent() {
+  const JXSessionLock lock;
   if (!user_agent_.isPresent()) {
     user_agent_ = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
   }
@@ -81,11 +84,13 @@ void JXDevice::refreshContent() {
 }
 
 JXJsonObject JXDevice::getJsonObject() {
+  const JXSessionLock lock;
   refreshContent();
   return newJsonObject();
 }
 
 void JXDevice::writeOwnEntries(JXJsonSink& sink) const {
+  const JXSessionLock lock;
   if (adTrackingEnabled_.testString()) {
     sink.flag(JXD_ADTRACKING, adTrackingEnabled_ == JXString("1"));
   }

@@ -9,13 +9,14 @@
 #include "jx/core/json/JXDecimal.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
+#include "jx/variables/JXSessionLock.h"
 
 namespace jx {
 
 /// The device block: device, operating system, screen, network, advertising identifiers and user
 /// agent, with the lifecycle block nested in it. The device's identity is read once, when the
 /// object is initialised. `setAdvertisingIds` reads the advertising values. The user agent is read
-/// once it is known. Use the block only on the thread that executes events.
+/// once it is known. Thread-safe.
 class JX_API JXDevice : public JXAdditionalProperties {
  public:
   /// Returns the shared block of this process. The first call creates it and reads the values.
@@ -26,7 +27,7 @@ class JX_API JXDevice : public JXAdditionalProperties {
   static JXDevice& sharedInstance();
 
   /// Creates an uninitialised object; applications use `sharedInstance`.
-  JXDevice() = default;
+  JXDevice() : JXAdditionalProperties(Sharing::AnyThread) {}
   /// Reads the values once per process and returns this object; an object created after the shared
   /// one is returned unchanged. Returns null if the base class cannot be initialised. Does not
   /// return while another `init` is running.
@@ -38,10 +39,12 @@ class JX_API JXDevice : public JXAdditionalProperties {
   /// Copies the tracking permission and both identifiers from the core's variables.
   void setAdvertisingIds();
   /// Returns the additional properties of the nested "os" object; null before `init`.
-  const std::shared_ptr<JXAdditionalProperties>& getOsProperties() const { return osProperties_; }
+  std::shared_ptr<JXAdditionalProperties> getOsProperties() const {
+    return JXSessionLock::read(osProperties_);
+  }
   /// Returns the additional properties of the nested "screen" object; null before `init`.
-  const std::shared_ptr<JXAdditionalProperties>& getScreenProperties() const {
-    return screenProperties_;
+  std::shared_ptr<JXAdditionalProperties> getScreenProperties() const {
+    return JXSessionLock::read(screenProperties_);
   }
   /// Reads the user agent if it is still null, and refreshes the lifecycle block.
   void refreshContent();
@@ -51,54 +54,60 @@ class JX_API JXDevice : public JXAdditionalProperties {
 
   /// A random UUID, created at the first start of the installation. Null if the block was created
   /// before the first `ServerSide`.
-  const JXString& sdkID() const { return sdkID_; }
-  void setSdkID(const JXString& value) { sdkID_ = value; }
+  JXString sdkID() const { return JXSessionLock::read(sdkID_); }
+  void setSdkID(const JXString& value) { JXSessionLock::write(sdkID_, value); }
   /// The first part of the preferred language tag; "-" if the tag has no second part.
-  const JXString& language() const { return language_; }
-  void setLanguage(const JXString& value) { language_ = value; }
+  JXString language() const { return JXSessionLock::read(language_); }
+  void setLanguage(const JXString& value) { JXSessionLock::write(language_, value); }
   /// The second part of the preferred language tag; "-" if the tag has no second part.
-  const JXString& region() const { return region_; }
-  void setRegion(const JXString& value) { region_ = value; }
+  JXString region() const { return JXSessionLock::read(region_); }
+  void setRegion(const JXString& value) { JXSessionLock::write(region_, value); }
   /// The manufacturer's name.
-  const JXString& manufacturer() const { return manufacturer_; }
-  void setManufacturer(const JXString& value) { manufacturer_ = value; }
+  JXString manufacturer() const { return JXSessionLock::read(manufacturer_); }
+  void setManufacturer(const JXString& value) { JXSessionLock::write(manufacturer_, value); }
   /// The hardware machine identifier.
-  const JXString& model() const { return model_; }
-  void setModel(const JXString& value) { model_ = value; }
+  JXString model() const { return JXSessionLock::read(model_); }
+  void setModel(const JXString& value) { JXSessionLock::write(model_, value); }
   /// The marketing model of the device.
-  const JXString& name() const { return name_; }
-  void setName(const JXString& value) { name_ = value; }
+  JXString name() const { return JXSessionLock::read(name_); }
+  void setName(const JXString& value) { JXSessionLock::write(name_, value); }
   /// The runtime name: "tvos".
-  const JXString& type() const { return type_; }
-  void setType(const JXString& value) { type_ = value; }
+  JXString type() const { return JXSessionLock::read(type_); }
+  void setType(const JXString& value) { JXSessionLock::write(type_, value); }
   /// The IANA time zone name, such as "Asia/Tokyo".
-  const JXString& timezone() const { return timezone_; }
-  void setTimezone(const JXString& value) { timezone_ = value; }
+  JXString timezone() const { return JXSessionLock::read(timezone_); }
+  void setTimezone(const JXString& value) { JXSessionLock::write(timezone_, value); }
   /// The advertising identifier; null before `setAdvertisingIds`.
-  const JXString& IDFA() const { return IDFA_; }
-  void setIDFA(const JXString& value) { IDFA_ = value; }
+  JXString IDFA() const { return JXSessionLock::read(IDFA_); }
+  void setIDFA(const JXString& value) { JXSessionLock::write(IDFA_, value); }
   /// The vendor identifier; null before `setAdvertisingIds`.
-  const JXString& IDFV() const { return IDFV_; }
-  void setIDFV(const JXString& value) { IDFV_ = value; }
+  JXString IDFV() const { return JXSessionLock::read(IDFV_); }
+  void setIDFV(const JXString& value) { JXSessionLock::write(IDFV_, value); }
   /// "1" if advertising tracking is allowed. Any other non-empty string counts as not allowed; null
   /// and "" omit "ad_tracking".
-  const JXString& adTrackingEnabled() const { return adTrackingEnabled_; }
-  void setAdTrackingEnabled(const JXString& value) { adTrackingEnabled_ = value; }
+  JXString adTrackingEnabled() const { return JXSessionLock::read(adTrackingEnabled_); }
+  void setAdTrackingEnabled(const JXString& value) {
+    JXSessionLock::write(adTrackingEnabled_, value);
+  }
   /// The user agent; null until it is known.
-  const JXString& user_agent() const { return user_agent_; }
-  void setUser_agent(const JXString& value) { user_agent_ = value; }
+  JXString user_agent() const { return JXSessionLock::read(user_agent_); }
+  void setUser_agent(const JXString& value) { JXSessionLock::write(user_agent_, value); }
   /// The runtime name, written to the "os" object.
-  const JXString& osName() const { return osName_; }
-  void setOsName(const JXString& value) { osName_ = value; }
+  JXString osName() const { return JXSessionLock::read(osName_); }
+  void setOsName(const JXString& value) { JXSessionLock::write(osName_, value); }
   /// The operating system version.
-  const JXString& osVersion() const { return osVersion_; }
-  void setOsVersion(const JXString& value) { osVersion_ = value; }
+  JXString osVersion() const { return JXSessionLock::read(osVersion_); }
+  void setOsVersion(const JXString& value) { JXSessionLock::write(osVersion_, value); }
   /// The screen width in points.
-  const std::optional<JXDecimal>& screenWidth() const { return screenWidth_; }
-  void setScreenWidth(const std::optional<JXDecimal>& value) { screenWidth_ = value; }
+  std::optional<JXDecimal> screenWidth() const { return JXSessionLock::read(screenWidth_); }
+  void setScreenWidth(const std::optional<JXDecimal>& value) {
+    JXSessionLock::write(screenWidth_, value);
+  }
   /// The screen height in points.
-  const std::optional<JXDecimal>& screenHeight() const { return screenHeight_; }
-  void setScreenHeight(const std::optional<JXDecimal>& value) { screenHeight_ = value; }
+  std::optional<JXDecimal> screenHeight() const { return JXSessionLock::read(screenHeight_); }
+  void setScreenHeight(const std::optional<JXDecimal>& value) {
+    JXSessionLock::write(screenHeight_, value);
+  }
 
  private:
   void writeOwnEntries(JXJsonSink& sink) const override;

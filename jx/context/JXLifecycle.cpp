@@ -14,26 +14,28 @@
 namespace jx {
 namespace {
 
-bool alreadyInitialised = false;
+std::atomic<bool> alreadyInitialised{false};
 
 }  // namespace
 
 JXLifecycle& JXLifecycle::sharedInstance() {
-  static JXLifecycle* const instance = [] {
+  static JXOnce<JXLifecycle> once;
+  return once.get([] {
     auto* const lifecycle = new JXLifecycle();
     lifecycle->init();
     return lifecycle;
-  }();
-  return *instance;
+  });
 }
 
 JXLifecycle* JXLifecycle::init() {
-  if (alreadyInitialised) neverReturn();
-  alreadyInitialised = true;
+  if (alreadyInitialised.exchange(true)) {
+    neverReturn("JXLifecycle: init was called a second time; the call never returns");
+  }
   return baseInit() ? this : nullptr;
 }
 
 void JXLifecycle::refreshContent() {
+  const JXSessionLock lock;
   static constexpr std::string_view kKeys[kVariables] = {
       kJXPredefinedVariable_SessionID,
       kJXPredefinedVariable_IsNewSession,
@@ -80,11 +82,13 @@ void JXLifecycle::refreshContent() {
 }
 
 JXJsonObject JXLifecycle::getJsonObject() {
+  const JXSessionLock lock;
   refreshContent();
   return newJsonObject();
 }
 
 void JXLifecycle::writeOwnEntries(JXJsonSink& sink) const {
+  const JXSessionLock lock;
   sink.text(JXL_SESSION_ID, sessionID_);
   sink.flag(JXL_NEW_SESSION, isNewSession_);
   sink.numberFromString(JXL_SESSION_DURATION, sessionDuration_);

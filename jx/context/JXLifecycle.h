@@ -7,19 +7,20 @@
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
+#include "jx/variables/JXSessionLock.h"
 
 namespace jx {
 
 /// The lifecycle block inside the device block: visit, session and usage time of an event. Each
 /// serialisation copies the predefined variables to the fields, which keep these values until the
-/// next one. Use the block only on the thread that executes events.
+/// next one. Thread-safe.
 class JX_API JXLifecycle final : public JXAdditionalProperties {
  public:
   /// Returns the shared block of this process.
   static JXLifecycle& sharedInstance();
 
   /// Creates an uninitialised object; applications use `sharedInstance`.
-  JXLifecycle() = default;
+  JXLifecycle() : JXAdditionalProperties(Sharing::AnyThread) {}
   /// Returns this object on the first call in a process. Later calls never return, because a second
   /// lifecycle block must not exist. Returns null if the base class cannot be initialised.
   JXLifecycle* init();
@@ -31,69 +32,79 @@ class JX_API JXLifecycle final : public JXAdditionalProperties {
   JXJsonObject getJsonObject();
 
   /// True for the first event of the process.
-  bool firstExecute() const { return firstExecute_; }
-  void setFirstExecute(bool value) { firstExecute_ = value; }
+  bool firstExecute() const { return JXSessionLock::read(firstExecute_); }
+  void setFirstExecute(bool value) { JXSessionLock::write(firstExecute_, value); }
   /// True if no earlier process of this installation has stored the first visit of a version.
-  bool isFirstVisit() const { return isFirstVisit_; }
-  void setIsFirstVisit(bool value) { isFirstVisit_ = value; }
+  bool isFirstVisit() const { return JXSessionLock::read(isFirstVisit_); }
+  void setIsFirstVisit(bool value) { JXSessionLock::write(isFirstVisit_, value); }
   /// True for the first event of a session.
-  bool isNewSession() const { return isNewSession_; }
-  void setIsNewSession(bool value) { isNewSession_ = value; }
+  bool isNewSession() const { return JXSessionLock::read(isNewSession_); }
+  void setIsNewSession(bool value) { JXSessionLock::write(isNewSession_, value); }
   /// A random UUID, created for each session.
-  const JXString& sessionID() const { return sessionID_; }
-  void setSessionID(const JXString& value) { sessionID_ = value; }
+  JXString sessionID() const { return JXSessionLock::read(sessionID_); }
+  void setSessionID(const JXString& value) { JXSessionLock::write(sessionID_, value); }
   // The following values are decimal strings.
   /// Time since the start of the visit, plus the usage time carried over from earlier processes, in
   /// ms.
-  const JXString& sessionDuration() const { return sessionDuration_; }
-  void setSessionDuration(const JXString& value) { sessionDuration_ = value; }
+  JXString sessionDuration() const { return JXSessionLock::read(sessionDuration_); }
+  void setSessionDuration(const JXString& value) { JXSessionLock::write(sessionDuration_, value); }
   /// Start of the session, ms since the Unix epoch.
-  const JXString& currentSession() const { return currentSession_; }
-  void setCurrentSession(const JXString& value) { currentSession_ = value; }
+  JXString currentSession() const { return JXSessionLock::read(currentSession_); }
+  void setCurrentSession(const JXString& value) { JXSessionLock::write(currentSession_, value); }
   /// Number of visits, including the current one.
-  const JXString& visitNumber() const { return visitNumber_; }
-  void setVisitNumber(const JXString& value) { visitNumber_ = value; }
+  JXString visitNumber() const { return JXSessionLock::read(visitNumber_); }
+  void setVisitNumber(const JXString& value) { JXSessionLock::write(visitNumber_, value); }
   /// Start of the visit, ms since the Unix epoch.
-  const JXString& currentVisit() const { return currentVisit_; }
-  void setCurrentVisit(const JXString& value) { currentVisit_ = value; }
+  JXString currentVisit() const { return JXSessionLock::read(currentVisit_); }
+  void setCurrentVisit(const JXString& value) { JXSessionLock::write(currentVisit_, value); }
   /// First visit with this version of the application, ms since the Unix epoch. Null if no process
   /// has had a version.
-  const JXString& currentVersionFirstVisit() const { return currentVersionFirstVisit_; }
-  void setCurrentVersionFirstVisit(const JXString& value) { currentVersionFirstVisit_ = value; }
+  JXString currentVersionFirstVisit() const {
+    return JXSessionLock::read(currentVersionFirstVisit_);
+  }
+  void setCurrentVersionFirstVisit(const JXString& value) {
+    JXSessionLock::write(currentVersionFirstVisit_, value);
+  }
   /// Number of sessions, including the current one.
-  const JXString& sessionNumber() const { return sessionNumber_; }
-  void setSessionNumber(const JXString& value) { sessionNumber_ = value; }
+  JXString sessionNumber() const { return JXSessionLock::read(sessionNumber_); }
+  void setSessionNumber(const JXString& value) { JXSessionLock::write(sessionNumber_, value); }
   /// First visit of the installation: ms since the Unix epoch during that visit, seconds in all
   /// later visits.
-  const JXString& firstVisit() const { return firstVisit_; }
-  void setFirstVisit(const JXString& value) { firstVisit_ = value; }
+  JXString firstVisit() const { return JXSessionLock::read(firstVisit_); }
+  void setFirstVisit(const JXString& value) { JXSessionLock::write(firstVisit_, value); }
   /// Start of the last session of the previous visit, ms since the Unix epoch. In seconds if that
   /// session was the first one of the first visit. During the first visit: its own start, in ms.
-  const JXString& lastVisit() const { return lastVisit_; }
-  void setLastVisit(const JXString& value) { lastVisit_ = value; }
+  JXString lastVisit() const { return JXSessionLock::read(lastVisit_); }
+  void setLastVisit(const JXString& value) { JXSessionLock::write(lastVisit_, value); }
   /// Time of the previous event, ms since the Unix epoch. For the first event of a process this is
   /// the last event of an earlier process, or the event's own time if there was none.
-  const JXString& lastCall() const { return lastCall_; }
-  void setLastCall(const JXString& value) { lastCall_ = value; }
+  JXString lastCall() const { return JXSessionLock::read(lastCall_); }
+  void setLastCall(const JXString& value) { JXSessionLock::write(lastCall_, value); }
   /// Start of an earlier measured session, ms since the Unix epoch. The stored start becomes this
   /// value when a process starts more than 30 minutes after it; "0" until then. Sessions that begin
   /// on a return from the background do not change it.
-  const JXString& lastSessionStart() const { return lastSessionStart_; }
-  void setLastSessionStart(const JXString& value) { lastSessionStart_ = value; }
+  JXString lastSessionStart() const { return JXSessionLock::read(lastSessionStart_); }
+  void setLastSessionStart(const JXString& value) {
+    JXSessionLock::write(lastSessionStart_, value);
+  }
   /// Last event of the previous session, ms since the Unix epoch. "0" in the first process of the
   /// installation; null in a later process if no earlier process executed an event. After a new
   /// session in the background: the last event of this process, or its start if there was none.
-  const JXString& lastSessionLastHit() const { return lastSessionLastHit_; }
-  void setLastSessionLastHit(const JXString& value) { lastSessionLastHit_ = value; }
+  JXString lastSessionLastHit() const { return JXSessionLock::read(lastSessionLastHit_); }
+  void setLastSessionLastHit(const JXString& value) {
+    JXSessionLock::write(lastSessionLastHit_, value);
+  }
   /// Number of times that the application was in the foreground in this process, from 1.
-  const JXString& foregroundTransitions() const { return foregroundTransitions_; }
-  void setForegroundTransitions(const JXString& value) { foregroundTransitions_ = value; }
+  JXString foregroundTransitions() const { return JXSessionLock::read(foregroundTransitions_); }
+  void setForegroundTransitions(const JXString& value) {
+    JXSessionLock::write(foregroundTransitions_, value);
+  }
   /// Time in the foreground in this process, ms.
-  const JXString& foregroundTime() const { return foregroundTime_; }
-  void setForegroundTime(const JXString& value) { foregroundTime_ = value; }
+  JXString foregroundTime() const { return JXSessionLock::read(foregroundTime_); }
+  void setForegroundTime(const JXString& value) { JXSessionLock::write(foregroundTime_, value); }
   /// Time in the background in this process, ms.
-  const JXString& backgroundTime() const { return backgroundTime_; }
-  void setBackgroundTime(const JXString& value) { backgroundTime_ = value; }
+  JXString backgroundTime() const { return JXSessionLock::read(backgroundTime_); }
+  void setBackgroundTime(const JXString& value) { JXSessionLock::write(backgroundTime_, value); }
 
  private:
   void writeOwnEntries(JXJsonSink& sink) const override;

@@ -12,14 +12,34 @@ std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
   return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties());
 }
 
+std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::initShared() {
+  return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties(Sharing::AnyThread));
+}
+
+JXAdditionalProperties::JXAdditionalProperties(Sharing sharing)
+    : mutex_(sharing == Sharing::AnyThread ? std::make_unique<std::mutex>() : nullptr) {}
+
+JXJsonObject JXAdditionalProperties::getAdditionalProperties() const {
+  if (!mutex_) return additionalProperties_;
+  const std::lock_guard<std::mutex> lock(*mutex_);
+  return additionalProperties_.mutableCopy();
+}
+
+template <typename Operation>
+void JXAdditionalProperties::change(const Operation& operation) {
+  if (!mutex_) return operation(additionalProperties_);
+  const std::lock_guard<std::mutex> lock(*mutex_);
+  operation(additionalProperties_);
+}
+
 void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
-  writeOver(additionalProperties_, sink, [this](JXJsonSink& into) { writeOwnEntries(into); });
+  writeOver(getAdditionalProperties(), sink, [this](JXJsonSink& into) { writeOwnEntries(into); });
 }
 
 void JXAdditionalProperties::writeOwnEntries(JXJsonSink&) const {}
 
 JXJsonObject JXAdditionalProperties::newJsonObject() const {
-  const JXJsonObject object = additionalProperties_.mutableCopy();
+  const JXJsonObject object = getAdditionalProperties().mutableCopy();
   JXJsonTreeSink sink(object);
   writeOwnEntries(sink);
   return object;
@@ -27,20 +47,28 @@ JXJsonObject JXAdditionalProperties::newJsonObject() const {
 
 void JXAdditionalProperties::addAdditionalProperty_withStringValue(const JXString& key,
                                                                    const JXString& value) {
-  if (key.isPresent()) JXUtils::setString_forKey_onDict(value, key.view(), additionalProperties_);
+  if (!key.isPresent()) return;
+  change([&](JXJsonObject& properties) {
+    JXUtils::setString_forKey_onDict(value, key.view(), properties);
+  });
 }
 
 void JXAdditionalProperties::addAdditionalProperty_withDictValue(const JXString& key,
                                                                  const JXJsonObject& value) {
-  if (key.isPresent()) JXUtils::setJson_forKey_onDict(value, key.view(), additionalProperties_);
+  if (!key.isPresent()) return;
+  change([&](JXJsonObject& properties) {
+    JXUtils::setJson_forKey_onDict(value, key.view(), properties);
+  });
 }
 
 void JXAdditionalProperties::addAdditionalProperty(const JXJsonObject& entries) {
-  // Its own entries are already present, and the loop must not modify the object it iterates over.
-  if (entries.isSameAs(additionalProperties_)) return;
-  for (const JXJsonEntry& entry : entries.entries()) {
-    additionalProperties_.set(entry.key.view(), entry.value);
-  }
+  change([&](JXJsonObject& properties) {
+    // Its own entries are present already, and the loop must not modify the object that it
+    // iterates over.
+    if (entries.isSameAs(properties)) return;
+    for (const JXJsonEntry& entry : entries.entries())
+      properties.set(entry.key.view(), entry.value);
+  });
 }
 
 void JXAdditionalProperties::addAdditionalProperty(const JXDynamicStore& store) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 
 #include "jx/core/json/JXJsonValue.h"
 #include "jx/platform/JXApi.h"
@@ -15,18 +16,23 @@ class JXJsonSink;
 
 /// Base class of the objects that an application can extend with its own keys: events, items,
 /// products and context blocks. Additional properties come first in the object's JSON; a field with
-/// the same key overrides them. Adding a key again replaces its value. Not synchronised: use one
-/// object on one thread at a time.
+/// the same key overrides them. Adding a key again replaces its value.
+///
+/// An event, an item and a product belong to one thread at a time; the context blocks and the user
+/// block are thread-safe. A JSON object that was added is shared, not copied, and not synchronised.
 class JX_API JXAdditionalProperties {
  public:
   /// Returns a new object without properties. Never null.
   static std::shared_ptr<JXAdditionalProperties> init();
+  /// Returns a new object without properties that several threads may use. Never null.
+  static std::shared_ptr<JXAdditionalProperties> initShared();
   virtual ~JXAdditionalProperties() = default;
   JXAdditionalProperties(const JXAdditionalProperties&) = delete;
   JXAdditionalProperties& operator=(const JXAdditionalProperties&) = delete;
 
-  /// Returns all additional properties: the object itself, not a copy. Never null.
-  JXJsonObject getAdditionalProperties() const { return additionalProperties_; }
+  /// Returns all additional properties, never null. For an event, an item or a product this is the
+  /// object itself; for an object that several threads may use it is a copy.
+  JXJsonObject getAdditionalProperties() const;
   /// Writes the JSON entries of this object to `sink`: the additional properties, overridden by the
   /// fields.
   void writeEntries(JXJsonSink& sink) const;
@@ -42,10 +48,13 @@ class JX_API JXAdditionalProperties {
   void addAdditionalProperty(const JXDynamicStore& store);
 
  protected:
-  JXAdditionalProperties() = default;
+  /// Whether several threads may use the object at once.
+  enum class Sharing { OneThread, AnyThread };
+  explicit JXAdditionalProperties(Sharing sharing = Sharing::OneThread);
 
   /// Writes the object's own fields to `sink`, in order.
   virtual void writeOwnEntries(JXJsonSink& sink) const;
+  /// Returns the additional properties of an object that belongs to one thread, without a copy.
   const JXJsonObject& extraProperties() const { return additionalProperties_; }
   /// Returns a new JSON object: the additional properties, overridden by the fields.
   JXJsonObject newJsonObject() const;
@@ -55,6 +64,11 @@ class JX_API JXAdditionalProperties {
   virtual bool baseInit() { return true; }
 
  private:
+  /// Calls `operation` with the additional properties, under the mutex if there is one.
+  template <typename Operation>
+  void change(const Operation& operation);
+
+  std::unique_ptr<std::mutex> mutex_;  ///< null for an object of one thread
   JXJsonObject additionalProperties_;
 };
 

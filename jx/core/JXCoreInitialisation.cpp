@@ -17,7 +17,8 @@ std::shared_ptr<JXCoreInitialisation> JXCoreInitialisation::init() {
   JXNotificationHub::sharedInstance();
   // Create the core's variables and identifiers before the library merges and sends them.
   JXCoreVariables::sharedInstance();
-  JXUser::sharedInstance();
+  // Creates and stores the identifier before the first event needs it.
+  static_cast<void>(JXUser::sharedInstance().anonymous_id());
   JXNetwork::sharedInstance();
   services.start();
   return std::shared_ptr<JXCoreInitialisation>(new JXCoreInitialisation());

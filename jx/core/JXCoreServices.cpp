@@ -12,6 +12,7 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXNetwork.h"
+#include "jx/core/JXStartGuard.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/transfer/JXNetworkManager.h"
@@ -41,11 +42,11 @@ void announceUserAgent(const JXString& userAgent) {
 }  // namespace
 
 JXCoreServices& JXCoreServices::sharedInstance() {
-  static JXCoreServices* const instance = [] {
+  static JXOnce<JXCoreServices> once;
+  return once.get([] {
     started = true;
     return new JXCoreServices(JXCoreConfiguration::current());
-  }();
-  return *instance;
+  });
 }
 
 bool JXCoreServices::hasStarted() { return started; }
@@ -53,9 +54,6 @@ bool JXCoreServices::hasStarted() { return started; }
 JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
     : configuration_(configuration) {
   JXLogger& logger = JXLogger::sharedInstance();
-  logger.setMaxLevel(configuration.logLevel);
-  logger.setSink(configuration.logSink);
-
   clock_ = configuration.clock ? configuration.clock : std::make_shared<JXSystemClock>();
   platform_ =
       configuration.platform

@@ -6,6 +6,7 @@
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
 
 namespace jx {
@@ -24,8 +25,8 @@ JXString persistedSdkId() {
 }  // namespace
 
 JXCoreVariables& JXCoreVariables::sharedInstance() {
-  static JXCoreVariables* const instance = new JXCoreVariables();
-  return *instance;
+  static JXOnce<JXCoreVariables> once;
+  return once.get([] { return new JXCoreVariables(); });
 }
 
 JXCoreVariables::JXCoreVariables() : dynamicStore_(JXDynamicStore::init()) {

@@ -5,12 +5,22 @@
 #include <cstdio>
 #include <string>
 #include <utility>
+#include <vector>
+
+#include "jx/core/JXLogDeferral.h"
 
 namespace jx {
 namespace {
 
-// Set while this thread is inside the sink, so that a sink that logs is not called recursively.
+// Set while this thread is inside the sink. A sink may call the library; messages that it causes
+// are dropped, because each would call the sink again.
 thread_local bool insideSink = false;
+
+using Messages = std::vector<std::pair<int, std::string>>;
+
+thread_local int deferrals = 0;
+// Null until a message is deferred, because most deferrals defer none.
+thread_local Messages* deferred = nullptr;
 
 // Uses one write, so that messages of several processes do not mix, and writes NUL bytes too.
 void writeToStandardError(int level, std::string_view message) {
@@ -29,11 +39,35 @@ JXLogger& JXLogger::sharedInstance() {
 
 void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcept {
   if (!printsLevel(level) || insideSink) return;
+  try {
+    if (deferrals != 0) {
+      if (deferred == nullptr) deferred = new Messages();
+      deferred->emplace_back(level, message);
+    } else {
+      write(message, level);
+    }
+  } catch (...) {
+    // The message is lost; the application's event is not.
+  }
+}
+
+void JXLogger::logAtOnce(std::string_view message, int level) noexcept {
+  const int deferred = std::exchange(deferrals, 0);
+  logMessage_withLevel(message, level);
+  deferrals = deferred;
+}
+
+void JXLogger::write(std::string_view message, int level) {
+  std::shared_ptr<const JXLogSink> sink;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    sink = sink_;
+  }
+  // Without the lock: the sink may use locks that another thread holds while it logs.
   insideSink = true;
   try {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    if (sink_) {
-      sink_(level, message);
+    if (sink && *sink) {
+      (*sink)(level, message);
     } else {
       writeToStandardError(level, message);
     }
@@ -44,11 +78,19 @@ void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcep
 }
 
 void JXLogger::setSink(JXLogSink sink) {
-  {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    sink_.swap(sink);
-  }
-  // The previous sink is destroyed here, after the lock is released, because its members may log.
+  auto next = std::make_shared<const JXLogSink>(std::move(sink));
+  const std::lock_guard<std::mutex> lock(mutex_);
+  // The previous sink is destroyed after the lock is released, because its members may log.
+  sink_.swap(next);
+}
+
+JXLogDeferral::JXLogDeferral() noexcept { ++deferrals; }
+
+JXLogDeferral::~JXLogDeferral() {
+  if (--deferrals != 0 || deferred == nullptr) return;
+  const std::unique_ptr<Messages> messages(std::exchange(deferred, nullptr));
+  for (const auto& [level, message] : *messages)
+    JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
 }  // namespace jx

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string_view>
 
@@ -11,10 +12,13 @@
 
 namespace jx {
 
-/// Receives log messages. Called on the thread that logs, the transfer thread included, one call at
-/// a time; `message` is valid during the call. Exceptions thrown by the sink, and messages logged
-/// by it, are discarded. The sink must not block, because an event waits for it. It must not call
-/// the rest of the library: a message can be logged while the object it needs is being constructed.
+/// For the library: blocks the calling thread forever, after logging `message` at level 2.
+[[noreturn]] void neverReturn(const char* message);
+
+/// Receives log messages. Called on the thread that logs, the transfer thread included; several
+/// threads may call it at once, and no lock of the library is held. `message` is valid during the
+/// call. The sink may call the library. Exceptions thrown by the sink, and messages that it causes,
+/// are discarded. The sink must not block, because an event waits for it.
 using JXLogSink = std::function<void(int level, std::string_view message)>;
 
 /// The log of the library. Thread-safe. Levels:
@@ -42,15 +46,19 @@ class JX_API JXLogger {
   /// Sets the highest level that is logged; 0 turns the log off. The default is 3.
   void setMaxLevel(int maxLevel) noexcept { maxLevel_.store(maxLevel); }
   /// Replaces the sink. An empty `sink` restores the default, which writes each message to standard
-  /// error. Must not be called by a sink.
+  /// error.
   void setSink(JXLogSink sink);
 
  private:
   JXLogger() = default;
+  friend void neverReturn(const char* message);
+  /// Logs although the calling thread defers its messages: for a thread that blocks forever.
+  void logAtOnce(std::string_view message, int level) noexcept;
+  void write(std::string_view message, int level);
 
   std::atomic<int> maxLevel_{3};
   std::mutex mutex_;
-  JXLogSink sink_;
+  std::shared_ptr<const JXLogSink> sink_;
 };
 
 }  // namespace jx

@@ -3,6 +3,7 @@
 #include "jx/core/JXNetwork.h"
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
 
 namespace jx {
@@ -25,11 +26,11 @@ const char* toString(JXNetworkKind kind) {
 }  // namespace
 
 JXNetwork& JXNetwork::sharedInstance() {
-  static JXNetwork* const instance = new JXNetwork();
-  return *instance;
+  static JXOnce<JXNetwork> once;
+  return once.get([] { return new JXNetwork(); });
 }
 
-JXNetwork::JXNetwork() { refresh(); }
+JXNetwork::JXNetwork() : JXAdditionalProperties(Sharing::AnyThread) { refresh(); }
 
 JXJsonObject JXNetwork::getJsonObject() const { return newJsonObject(); }
 

@@ -13,8 +13,7 @@ namespace jx {
 /// The network block inside the device block: "connection_type" is "ethernet", "wifi", "cellular"
 /// or "none". Querying the system is too slow for each event, so the connection type is cached. It
 /// is read at the start, when the application enters the foreground, and by the transfer thread
-/// before it connects. The connection type is thread-safe; the additional properties are not. Never
-/// destroyed.
+/// before it connects. Thread-safe; never destroyed.
 class JX_API JXNetwork final : public JXAdditionalProperties {
  public:
   /// Returns the block of this process.

@@ -3,6 +3,7 @@
 #include "jx/core/JXUser.h"
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/json/JXJsonSink.h"
 
@@ -14,16 +15,11 @@ constexpr std::string_view kAnonymousIdKey = "#JX_ANONYMOUS_ID#";
 }  // namespace
 
 JXUser& JXUser::sharedInstance() {
-  static JXUser* const instance = new JXUser();
-  return *instance;
+  static JXOnce<JXUser> once;
+  return once.get([] { return new JXUser(); });
 }
 
-JXUser::JXUser() {
-  anonymousId_ = JXUserDefaults::retrieveInfoFromUserDefaults(kAnonymousIdKey);
-  if (!anonymousId_.testString()) {
-    setAnonymous_id(JXCoreServices::sharedInstance().platform().newUUID());
-  }
-}
+JXUser::JXUser() : JXAdditionalProperties(Sharing::AnyThread) {}
 
 JXJsonObject JXUser::getJsonObject() const { return newJsonObject(); }
 
@@ -33,12 +29,23 @@ void JXUser::writeOwnEntries(JXJsonSink& sink) const {
 }
 
 JXString JXUser::anonymous_id() const {
+  const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
+  // Read when it is first needed and not when the object is created: a consent module may set its
+  // identifier before the application has set the configuration.
+  if (!anonymousId_.testString()) {
+    anonymousId_ = JXUserDefaults::retrieveInfoFromUserDefaults(kAnonymousIdKey);
+  }
+  if (!anonymousId_.testString()) {
+    anonymousId_ = JXCoreServices::sharedInstance().platform().newUUID();
+    JXUserDefaults::saveInfoToUserDefaults_forLabel(anonymousId_, kAnonymousIdKey);
+  }
   return anonymousId_;
 }
 
 void JXUser::setAnonymous_id(const JXString& id) {
   if (!id.testString()) return;
+  const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   anonymousId_ = id;
   JXUserDefaults::saveInfoToUserDefaults_forLabel(id, kAnonymousIdKey);

@@ -11,7 +11,7 @@ namespace jx {
 
 /// The user block of the payload: "anonymous_id" (a random UUID, created once and persisted),
 /// "consent_id" when the application or its consent module has set one, and the additional
-/// properties. The identifiers are thread-safe; the additional properties are not. Never destroyed.
+/// properties. Thread-safe; never destroyed.
 class JX_API JXUser final : public JXAdditionalProperties {
  public:
   /// Returns the block of this process.
@@ -35,7 +35,7 @@ class JX_API JXUser final : public JXAdditionalProperties {
   void writeOwnEntries(JXJsonSink& sink) const override;
 
   mutable std::mutex mutex_;
-  JXString anonymousId_;
+  mutable JXString anonymousId_;  ///< null until it is first needed
   JXString consentId_;
 };
 

@@ -9,8 +9,9 @@
 
 namespace jx {
 
-/// An event that the application defines: a name, and any additional parameters.
-class JX_API JXCustomEvent final : public JXEvent {
+/// An event that the application defines: a name, and any additional parameters. A class of the
+/// application can derive from it and override `getJsonObject`.
+class JX_API JXCustomEvent : public JXEvent {
  public:
   /// Creates an event with this name. With a null name, the event fails `verifyEvent` and is sent
   /// without "event_name".
@@ -21,7 +22,7 @@ class JX_API JXCustomEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
+ protected:
   JXCustomEvent() = default;
 };
 

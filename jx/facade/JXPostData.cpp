@@ -7,6 +7,7 @@
 
 #include "jx/context/JXApp.h"
 #include "jx/context/JXDevice.h"
+#include "jx/context/JXLifecycle.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
@@ -16,23 +17,26 @@
 #include "jx/facade/ServerSide.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
+#include "jx/variables/JXSessionLock.h"
 
 namespace jx {
 namespace {
 
-JXString timestamp() {
-  return JXPredefinedVariables::sharedInstance().getData(kJXPredefinedVariable_CurrentCallMs);
-}
-
-// Writes the parts of the context that do not belong to the event.
-void writeDeviceAndApp(JXJsonSink& sink) {
+// Writes the parts of the context that do not belong to the event, as of one moment of the session.
+// With a claim that moment is an execution: the variables advance first, and the event takes the
+// mark of a new session.
+void writeDeviceAndApp(JXJsonSink& sink, JXNewSessionClaim* claim) {
+  JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
   JXDevice& device = JXDevice::sharedInstance();
-  device.refreshContent();
-  sink.block(JXD_DEVICE, device);
   JXApp& app = JXApp::sharedInstance();
+  const JXSessionLock lock;
+  if (claim != nullptr) variables.advance();
+  device.refreshContent();
+  if (claim != nullptr) JXLifecycle::sharedInstance().setIsNewSession(claim->take());
+  sink.block(JXD_DEVICE, device);
   app.refreshContent();
   sink.block(JXA_APP, app);
-  sink.numberFromString(JX_EVENTTIMESTAMP, timestamp());
+  sink.numberFromString(JX_EVENTTIMESTAMP, variables.getData(kJXPredefinedVariable_CurrentCallMs));
 }
 
 void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
@@ -43,12 +47,13 @@ void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
   }
 }
 
-void writeBody(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSink& sink) {
+void writeBody(const JXEvent& event, std::int32_t serverSideState, JXNewSessionClaim* claim,
+               JXJsonTextSink& sink) {
   sink.entries(event.getAdditionalProperties());
   event.writeHead(sink);
   sink.beginObject(JXE_CONTEXT);
   event.writeContext(sink);
-  writeDeviceAndApp(sink);
+  writeDeviceAndApp(sink, claim);
   sink.endObject();
   event.writeFields(sink);
   writeUser(sink, serverSideState);
@@ -56,30 +61,32 @@ void writeBody(const JXEvent& event, std::int32_t serverSideState, JXJsonTextSin
 
 // Same, but built from the event's JSON object, for events that override getJsonObject.
 void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
-                             JXJsonTextSink& sink) {
+                             JXNewSessionClaim* claim, JXJsonTextSink& sink) {
   const JXJsonObject body = event.getJsonObject();
   JXJsonTreeSink tree(body);
   writeUser(tree, serverSideState);
   const JXJsonObject context = body.get(JXE_CONTEXT).object();
   if (context.isPresent()) {
     JXJsonTreeSink contextTree(context);
-    writeDeviceAndApp(contextTree);
+    writeDeviceAndApp(contextTree, claim);
+  } else if (claim != nullptr) {
+    // An event without a context is part of the session too.
+    const JXSessionLock lock;
+    JXPredefinedVariables::sharedInstance().advance();
+    claim->take();
   }
   sink.root(body);
 }
 
-}  // namespace
-
-JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
-                                                           std::int32_t serverSideState) {
+JXString bodyOf(const JXEvent& event, std::int32_t serverSideState, JXNewSessionClaim* claim) {
   // The next body is probably about as large as the last one.
   static std::atomic<std::size_t> expectedSize{2048};
   constexpr std::size_t kMaxExpectedSize = std::size_t{64} * 1024;
   JXJsonTextSink sink(JXJsonStyle::Pretty, expectedSize.load(std::memory_order_relaxed));
   if (event.canSerialiseFromFieldTable()) {
-    writeBody(event, serverSideState, sink);
+    writeBody(event, serverSideState, claim, sink);
   } else {
-    writeBodyFromJsonObject(event, serverSideState, sink);
+    writeBodyFromJsonObject(event, serverSideState, claim, sink);
   }
   if (sink.leftOut() != 0) {
     JXLogger::sharedInstance().logMessage_withLevel(
@@ -89,6 +96,33 @@ JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
   expectedSize.store(std::min(body.size() + body.size() / 8, kMaxExpectedSize),
                      std::memory_order_relaxed);
   return body;
+}
+
+}  // namespace
+
+JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
+                                                           std::int32_t serverSideState) {
+  return bodyOf(event, serverSideState, nullptr);
+}
+
+JXString JXPostData::executionBody(const JXEvent& event, std::int32_t serverSideState,
+                                   JXNewSessionClaim& claim) {
+  return bodyOf(event, serverSideState, &claim);
+}
+
+JXNewSessionClaim::~JXNewSessionClaim() {
+  if (session_) JXPredefinedVariables::sharedInstance().releaseNewSession(*session_, false);
+}
+
+bool JXNewSessionClaim::take() {
+  session_ = JXPredefinedVariables::sharedInstance().claimNewSession();
+  return session_.has_value();
+}
+
+void JXNewSessionClaim::keep() {
+  if (!session_) return;
+  JXPredefinedVariables::sharedInstance().releaseNewSession(*session_, true);
+  session_.reset();
 }
 
 }  // namespace jx

@@ -11,17 +11,17 @@
 namespace jx {
 namespace {
 
-int JX_INIT_STATE = kJXInitNever;
+std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 }  // namespace
 
 JXState& JXState::sharedInstance() {
-  static JXState* const instance = [] {
+  static JXOnce<JXState> once;
+  return once.get([] {
     auto* const state = new JXState();
     state->init();
     return state;
-  }();
-  return *instance;
+  });
 }
 
 JXState::~JXState() {
@@ -30,10 +30,11 @@ JXState::~JXState() {
 }
 
 JXState* JXState::init() {
-  if (!tryBeginInit(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE, "JXState")) return this;
   if (!baseInit()) return nullptr;
-  senderDelegate_ = JXEventSender::init();
-  senderDelegate_->setParent(this);
+  const std::shared_ptr<JXEventSender> sender = JXEventSender::init();
+  sender->setParent(this);
+  setSenderDelegate(sender);
   const std::shared_ptr<JXNotificationCenter>& center = JXNotificationCenter::defaultCenter();
   center->addObserver(this, UIApplicationDidEnterBackgroundNotification,
                       [this](const JXNotification& n) { applicationDidEnterBackground(n); });
@@ -49,7 +50,7 @@ JXState* JXState::reinit() {
 }
 
 void JXState::changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
-  if (senderDelegate_) senderDelegate_->setNotificationCenter(center);
+  if (const auto sender = senderDelegate()) sender->setNotificationCenter(center);
 }
 
 void JXState::applicationDidEnterBackground(const JXNotification& notification) {
@@ -71,7 +72,7 @@ std::chrono::system_clock::time_point JXState::date() const {
 }
 
 void JXState::notifyCore(std::string_view notificationName) {
-  if (senderDelegate_) senderDelegate_->send({notificationName, this, nullptr});
+  if (const auto sender = senderDelegate()) sender->send({notificationName, this, nullptr});
 }
 
 }  // namespace jx

@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 #include "jx/core/JXSingleton.h"
 #include "jx/core/notifications/JXEventSender.h"
@@ -45,14 +47,19 @@ class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
   std::chrono::system_clock::time_point date() const;
 
   /// Returns the sender that notifies the core; null before `init`.
-  std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
+  std::shared_ptr<JXEventSender> senderDelegate() const override {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return senderDelegate_;
+  }
   void setSenderDelegate(std::shared_ptr<JXEventSender> sender) {
-    senderDelegate_ = std::move(sender);
+    const std::lock_guard<std::mutex> lock(mutex_);
+    std::swap(senderDelegate_, sender);
   }
 
  private:
   void notifyCore(std::string_view notificationName);
 
+  mutable std::mutex mutex_;
   std::shared_ptr<JXEventSender> senderDelegate_;
 };
 

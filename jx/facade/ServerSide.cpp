@@ -16,7 +16,6 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
-#include "jx/variables/JXPredefinedVariables.h"
 #include "jx/variables/JXServerSideVersion.h"
 
 namespace jx {
@@ -100,18 +99,20 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
     log("Server-Side SDK init without a source key; events are sent with an empty token", 3);
   }
   defaultBehaviour_ = defaultBehaviour;
-  url_ = JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
-         "/events?jx_s=" + site + "&token=" + sourceKey.toStdString();
-  permanentStore_ = JXDynamicStore::init();
+  setUrl(JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
+         "/events?jx_s=" + site + "&token=" + sourceKey.toStdString());
+  setPermanentStore(JXDynamicStore::init());
   setInitialState();
-  senderDelegate_ = JXEventSender::init();
-  senderDelegate_->setParent(this);
-  listenerDelegate_ = JXEventListener::init();
-  listenerDelegate_->setParent(this);
-  firebaseInstance_ = std::move(firebaseInstance);
+  const std::shared_ptr<JXEventSender> sender = JXEventSender::init();
+  sender->setParent(this);
+  setSenderDelegate(sender);
+  const std::shared_ptr<JXEventListener> listener = JXEventListener::init();
+  listener->setParent(this);
+  setListenerDelegate(listener);
+  setFirebaseInstance(std::move(firebaseInstance));
   setDeveloperIdForFirebaseInstance();
-  listenerDelegate_->listen(kJXNotification_EnablingTheServerSide);
-  listenerDelegate_->listen(kJXNotification_StoppingTheServerSide);
+  listener->listen(kJXNotification_EnablingTheServerSide);
+  listener->listen(kJXNotification_StoppingTheServerSide);
   changeNotificationCenter(center);
   siteID_ = siteID;
 }
@@ -145,54 +146,64 @@ ServerSide::~ServerSide() {
 }
 
 void ServerSide::setListenerDelegate(std::shared_ptr<JXEventListener> value) {
-  if (listenerDelegate_ && listenerDelegate_ != value) listenerDelegate_->setParent(nullptr);
-  listenerDelegate_ = std::move(value);
+  const std::shared_ptr<JXEventListener> previous = listenerDelegate();
+  if (previous && previous != value) previous->setParent(nullptr);
+  write(listenerDelegate_, std::move(value));
 }
 
 void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
-  if (serverSideState_ == EJXServerSideState_DISABLED) return;
+  // Read once, so that one event is sent in one state.
+  const std::int32_t state = serverSideState_;
+  if (state == EJXServerSideState_DISABLED) return;
   if (!event) {
     log("execute() called with a null event; ignored", 3);
     return;
   }
-  guarded("execute() failed", [&] { send(*event); });
+  guarded("execute() failed", [&] { send(*event, state); });
 }
 
-void ServerSide::send(JXEvent& event) {
-  JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
-  variables.firstExecute();
-  variables.computeTimeChangingVariables();
+void ServerSide::send(JXEvent& event, std::int32_t state) {
   const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
   if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
-  if (permanentStore_) event.addAdditionalProperty(*permanentStore_);
-  const JXString body = JXPostData::getPostParameters_withServerSideState(event, serverSideState_);
+  if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
+  JXNewSessionClaim claim;
+  const JXString body = JXPostData::executionBody(event, state, claim);
   if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
   JXJsonObject userInfo;
-  userInfo.set(kJXUserInfo_URLKey, url_);
+  userInfo.set(kJXUserInfo_URLKey, url());
   userInfo.set(kJXUserInfo_POSTData, body);
-  if (senderDelegate_) senderDelegate_->send({kJXNotification_HTTPRequest, this, userInfo});
-  variables.resetNewSession();
+  if (const auto sender = senderDelegate()) {
+    sender->send({kJXNotification_HTTPRequest, this, userInfo});
+  }
+  claim.keep();
   mirrorToFirebase(event);
 }
 
 void ServerSide::mirrorToFirebase(const JXEvent& event) {
-  if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kLogEvent)) return;
-  firebaseInstance_->performOperation(kLogEvent, event.name(),
-                                      JXServerSideUtils::eventPropertiesToDictionary(event));
+  const std::shared_ptr<IJXFirebaseInstance> firebase = firebaseInstance();
+  if (!firebase) return;
+  // Guarded separately: the event has been queued, so execute() has not failed.
+  guarded("Firebase mirroring failed", [&] {
+    if (!firebase->respondsToOperation(kLogEvent)) return;
+    firebase->performOperation(kLogEvent, event.name(),
+                               JXServerSideUtils::eventPropertiesToDictionary(event));
+  });
 }
 
 void ServerSide::addPermanentData_withValue(const JXString& key, const JXJsonValue& value) {
   guarded("addPermanentData_withValue() failed", [&] {
-    if (permanentStore_) permanentStore_->addData_withValue(key, value);
+    if (const auto store = permanentStore()) store->addData_withValue(key, value);
   });
 }
 
 JXJsonValue ServerSide::getPermanentData(const JXString& key) const {
-  return permanentStore_ ? permanentStore_->getData(key) : JXJsonValue();
+  const auto store = permanentStore();
+  return store ? store->getData(key) : JXJsonValue();
 }
 
 JXJsonValue ServerSide::removePermanentData(const JXString& key) {
-  return permanentStore_ ? permanentStore_->removeData(key) : JXJsonValue();
+  const auto store = permanentStore();
+  return store ? store->removeData(key) : JXJsonValue();
 }
 
 void ServerSide::waitForUserAgent() {
@@ -212,8 +223,8 @@ void ServerSide::enableServerSide() {
   guarded("enableServerSide() failed", [this] {
     JXJsonObject userInfo;
     userInfo.set(kJXUserInfo_POSTData, JXUser::sharedInstance().getJsonObject());
-    if (senderDelegate_) {
-      senderDelegate_->send({kJXNotification_EnablingTheServerSide, this, userInfo});
+    if (const auto sender = senderDelegate()) {
+      sender->send({kJXNotification_EnablingTheServerSide, this, userInfo});
     }
   });
 }
@@ -221,8 +232,8 @@ void ServerSide::enableServerSide() {
 void ServerSide::disableServerSide() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
   guarded("disableServerSide() failed", [this] {
-    if (senderDelegate_) {
-      senderDelegate_->send({kJXNotification_StoppingTheServerSide, this, nullptr});
+    if (const auto sender = senderDelegate()) {
+      sender->send({kJXNotification_StoppingTheServerSide, this, nullptr});
     }
   });
 }
@@ -252,7 +263,7 @@ void ServerSide::setIDFA() {
 }
 
 void ServerSide::changeNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
-  if (senderDelegate_) senderDelegate_->setNotificationCenter(center);
+  if (const auto sender = senderDelegate()) sender->setNotificationCenter(center);
 }
 
 void ServerSide::onNotificationReceived(const JXNotification& notification) {
@@ -270,11 +281,9 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
 void ServerSide::setDeveloperIdForFirebaseInstance() {
   // Guarded separately: initialisation must continue if the application's object throws.
   guarded("setDeveloperIdForFirebaseInstance() failed", [this] {
-    if (!firebaseInstance_ || !firebaseInstance_->respondsToOperation(kSetDefaultEventParameters)) {
-      return;
-    }
-    firebaseInstance_->performOperation(kSetDefaultEventParameters, "developer_id",
-                                        JX_GCM_DEVELOPER_ID);
+    const std::shared_ptr<IJXFirebaseInstance> firebase = firebaseInstance();
+    if (!firebase || !firebase->respondsToOperation(kSetDefaultEventParameters)) return;
+    firebase->performOperation(kSetDefaultEventParameters, "developer_id", JX_GCM_DEVELOPER_ID);
   });
 }
 

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
+#include <utility>
 
 #include "jx/core/JXDynamicStore.h"
 #include "jx/core/notifications/JXEventListener.h"
@@ -33,8 +36,9 @@ enum EJXDefaultBehaviour : std::int32_t {
 /// The main SDK object. Create one and keep it while the application runs; it queues events and
 /// delivers them.
 ///
-/// The application owns it. Call every operation on the thread that created the object. Operations
-/// return at once, never throw and report no errors; failures are logged. Creating the first
+/// The application owns it. Every operation may be called from any thread; an event belongs to one
+/// thread at a time. Operations return at once, never throw and report no errors; failures are
+/// logged. Creating the first
 /// `ServerSide` starts the library with the current JXCoreConfiguration.
 class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventListenerDelegate {
  public:
@@ -114,11 +118,11 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   ServerSide& operator=(const ServerSide&) = delete;
 
   /// Returns the object that started the library for this one. Applications do not need it.
-  const std::shared_ptr<JXServerSideInitialisation>& initialisation() const {
-    return initialisation_;
+  std::shared_ptr<JXServerSideInitialisation> initialisation() const {
+    return read(initialisation_);
   }
   void setInitialisation(std::shared_ptr<JXServerSideInitialisation> value) {
-    initialisation_ = std::move(value);
+    write(initialisation_, std::move(value));
   }
   /// Returns the site ID. Setting it does not change `url`.
   std::int32_t siteID() const { return siteID_; }
@@ -133,28 +137,30 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   void setDefaultBehaviour(std::int32_t value) { defaultBehaviour_ = value; }
   /// Returns the URL that events are posted to, with site ID and source key. A new URL applies to
   /// subsequent events.
-  const JXString& url() const { return url_; }
-  void setUrl(const JXString& value) { url_ = value; }
+  JXString url() const { return read(url_); }
+  void setUrl(const JXString& value) { write(url_, value); }
   /// Returns the store of the permanent data. With a null store there is no permanent data, and
   /// values that are added are ignored.
-  const std::shared_ptr<JXDynamicStore>& permanentStore() const { return permanentStore_; }
+  std::shared_ptr<JXDynamicStore> permanentStore() const { return read(permanentStore_); }
   void setPermanentStore(std::shared_ptr<JXDynamicStore> value) {
-    permanentStore_ = std::move(value);
+    write(permanentStore_, std::move(value));
   }
   /// Returns the sender of requests and state changes. With a null sender nothing is sent.
-  std::shared_ptr<JXEventSender> senderDelegate() const override { return senderDelegate_; }
+  std::shared_ptr<JXEventSender> senderDelegate() const override { return read(senderDelegate_); }
   void setSenderDelegate(std::shared_ptr<JXEventSender> value) {
-    senderDelegate_ = std::move(value);
+    write(senderDelegate_, std::move(value));
   }
   /// Returns the listener through which this object receives state changes.
-  std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
+  std::shared_ptr<JXEventListener> listenerDelegate() const override {
+    return read(listenerDelegate_);
+  }
   /// Replaces the listener. The previous one no longer calls this object; the new one is used
   /// unchanged, with the parent and the names that the application set.
   void setListenerDelegate(std::shared_ptr<JXEventListener> value);
   /// Returns the object that events are mirrored to; may be null.
-  const std::shared_ptr<IJXFirebaseInstance>& firebaseInstance() const { return firebaseInstance_; }
+  std::shared_ptr<IJXFirebaseInstance> firebaseInstance() const { return read(firebaseInstance_); }
   void setFirebaseInstance(std::shared_ptr<IJXFirebaseInstance> value) {
-    firebaseInstance_ = std::move(value);
+    write(firebaseInstance_, std::move(value));
   }
 
  private:
@@ -163,13 +169,26 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
              const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
              std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
   void setInitialState();
-  void send(JXEvent& event);
+  void send(JXEvent& event, std::int32_t state);
   void mirrorToFirebase(const JXEvent& event);
 
+  template <typename Value>
+  Value read(const Value& field) const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return field;
+  }
+  template <typename Value>
+  void write(Value& field, Value value) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    // The previous value ends after the lock is released: it may be an object of the application.
+    std::swap(field, value);
+  }
+
+  mutable std::mutex mutex_;  ///< guards the fields below that are not atomic
   std::shared_ptr<JXServerSideInitialisation> initialisation_;
-  std::int32_t siteID_ = 0;
-  std::int32_t serverSideState_ = EJXServerSideState_WAITING_FOR_CONSENT;
-  std::int32_t defaultBehaviour_ = EJXDefaultBehaviour_DEFAULT;
+  std::atomic<std::int32_t> siteID_{0};
+  std::atomic<std::int32_t> serverSideState_{EJXServerSideState_WAITING_FOR_CONSENT};
+  std::atomic<std::int32_t> defaultBehaviour_{EJXDefaultBehaviour_DEFAULT};
   JXString url_;
   std::shared_ptr<JXDynamicStore> permanentStore_;
   std::shared_ptr<JXEventSender> senderDelegate_;

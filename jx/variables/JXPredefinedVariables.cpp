@@ -17,17 +17,17 @@
 namespace jx {
 namespace {
 
-int JX_INIT_STATE = kJXInitNever;
+std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 }  // namespace
 
 JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
-  static JXPredefinedVariables* const instance = [] {
+  static JXOnce<JXPredefinedVariables, JXSessionLock> once;
+  return once.get([] {
     auto* const variables = new JXPredefinedVariables();
     variables->init();
     return variables;
-  }();
-  return *instance;
+  });
 }
 
 JXPredefinedVariables::~JXPredefinedVariables() {
@@ -37,8 +37,9 @@ JXPredefinedVariables::~JXPredefinedVariables() {
 }
 
 JXPredefinedVariables* JXPredefinedVariables::init() {
-  if (!tryBeginInit(JX_INIT_STATE)) return this;
+  if (!tryBeginInit(JX_INIT_STATE, "JXPredefinedVariables")) return this;
   if (!baseInit()) return nullptr;
+  const JXSessionLock lock;
   dynamicStore_ = JXDynamicStore::init();
   JX_INIT_STATE = kJXInitDone;
 
@@ -111,19 +112,23 @@ void JXPredefinedVariables::observeApplicationNotifications() {
 }
 
 void JXPredefinedVariables::addData_withValue(const JXString& key, const JXString& value) {
+  const JXSessionLock lock;
   if (dynamicStore_) dynamicStore_->addData_withValue(key, value);
 }
 
 void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store) {
+  const JXSessionLock lock;
   if (store && dynamicStore_) dynamicStore_->addData(*store);
 }
 
 JXString JXPredefinedVariables::getData(const JXString& key) const {
+  const JXSessionLock lock;
   return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();
 }
 
 void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t count,
                                        std::size_t* places, JXString* strings) const {
+  const JXSessionLock lock;
   if (dynamicStore_) {
     dynamicStore_->getStrings(keys, count, places, strings);
   } else {
@@ -132,10 +137,12 @@ void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t
 }
 
 JXString JXPredefinedVariables::removeData(const JXString& key) {
+  const JXSessionLock lock;
   return dynamicStore_ ? dynamicStore_->removeData(key).string() : JXString();
 }
 
 void JXPredefinedVariables::clearData() {
+  const JXSessionLock lock;
   if (dynamicStore_) dynamicStore_->clearData();
 }
 
@@ -229,8 +236,15 @@ JXString JXPredefinedVariables::userAgent() const {
 }
 
 void JXPredefinedVariables::firstExecute() {
+  const JXSessionLock lock;
   const bool hasExecuted = getData(kJXPredefinedVariable_FirstExecute).testString();
   addData_withValue(kJXPredefinedVariable_FirstExecute, hasExecuted ? "FALSE" : "TRUE");
+}
+
+void JXPredefinedVariables::advance() {
+  const JXSessionLock lock;
+  firstExecute();
+  computeTimeChangingVariables();
 }
 
 void JXPredefinedVariables::useLegacyUniqueIDForAnonymousID() {
@@ -243,7 +257,7 @@ void JXPredefinedVariables::useLegacyUniqueIDForConsentID() {
 
 void JXPredefinedVariables::changeNotificationCenter(
     const std::shared_ptr<JXNotificationCenter>& center) {
-  if (listenerDelegate_) listenerDelegate_->setNotificationCenter(center);
+  if (const auto listener = listenerDelegate()) listener->setNotificationCenter(center);
 }
 
 void JXPredefinedVariables::onNotificationReceived(const JXNotification& notification) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "jx/core/JXDynamicStore.h"
@@ -12,6 +13,7 @@
 #include "jx/core/notifications/JXEventListener.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
+#include "jx/variables/JXSessionLock.h"
 
 namespace jx {
 
@@ -22,9 +24,8 @@ inline constexpr std::int64_t kJXVisitDurationDefaultValue = 1800;
 /// They are set on the first call of `sharedInstance`, updated before every event, and persisted
 /// where later processes need them.
 ///
-/// The shared object is created once per process and never destroyed. The store is thread-safe. All
-/// other operations are called on the thread that executes events or on the thread that reports
-/// background and foreground; these two must not run at the same time.
+/// The shared object is created once per process and never destroyed. Every operation
+/// is thread-safe: the state is guarded by the session's one lock (see JXSessionLock).
 class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListenerDelegate {
  public:
   /// Returns the shared object of this process. The first call creates it and runs the start-up.
@@ -123,6 +124,15 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// Clears the new-session mark. Called after each event, so that only the first event of a
   /// session carries the mark.
   void resetNewSession();
+  /// Calls `firstExecute` and `computeTimeChangingVariables`, for an event that is executed.
+  void advance();
+  /// Takes the new-session mark for one event. Returns the session that it marks, or nothing when
+  /// the session is not new or another event has the mark. The variable stays "1" until the event
+  /// is posted, so that observers see it.
+  std::optional<std::uint64_t> claimNewSession();
+  /// Ends a claim. Clears the mark when the event was posted; otherwise the next event carries it.
+  /// Does nothing when another session has begun.
+  void releaseNewSession(std::uint64_t generation, bool isPosted);
 
   /// @}
   /// @name For the application
@@ -250,37 +260,53 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// @{
 
   /// The store of all variables; null before `init`.
-  const std::shared_ptr<JXDynamicStore>& dynamicStore() const { return dynamicStore_; }
-  void setDynamicStore(std::shared_ptr<JXDynamicStore> store) { dynamicStore_ = std::move(store); }
+  std::shared_ptr<JXDynamicStore> dynamicStore() const {
+    return JXSessionLock::read(dynamicStore_);
+  }
+  void setDynamicStore(std::shared_ptr<JXDynamicStore> store) {
+    JXSessionLock::write(dynamicStore_, std::move(store));
+  }
   /// True from the background notification until the foreground one.
-  bool isBackground() const { return isBackground_; }
-  void setIsBackground(bool value) { isBackground_ = value; }
+  bool isBackground() const { return JXSessionLock::read(isBackground_); }
+  void setIsBackground(bool value) { JXSessionLock::write(isBackground_, value); }
   /// Number of times that the application was in the foreground in this process, from 1.
-  std::int32_t totalForegroundTransitions() const { return totalForegroundTransitions_; }
-  void setTotalForegroundTransitions(std::int32_t value) { totalForegroundTransitions_ = value; }
-  std::uint64_t totalForegroundTime() const { return totalForegroundTime_; }  ///< ms
-  void setTotalForegroundTime(std::uint64_t ms) { totalForegroundTime_ = ms; }
-  std::uint64_t deltaForeground() const { return deltaForeground_; }  ///< ms
-  void setDeltaForeground(std::uint64_t ms) { deltaForeground_ = ms; }
-  std::uint64_t totalBackgroundTime() const { return totalBackgroundTime_; }  ///< ms
-  void setTotalBackgroundTime(std::uint64_t ms) { totalBackgroundTime_ = ms; }
-  std::uint64_t deltaBackground() const { return deltaBackground_; }  ///< ms
-  void setDeltaBackground(std::uint64_t ms) { deltaBackground_ = ms; }
-  std::uint64_t lastTime() const { return lastTime_; }  ///< ms since the Unix epoch
-  void setLastTime(std::uint64_t ms) { lastTime_ = ms; }
-  std::uint64_t startUsage() const { return startUsage_; }  ///< ms
-  void setStartUsage(std::uint64_t ms) { startUsage_ = ms; }
+  std::int32_t totalForegroundTransitions() const {
+    return JXSessionLock::read(totalForegroundTransitions_);
+  }
+  void setTotalForegroundTransitions(std::int32_t value) {
+    JXSessionLock::write(totalForegroundTransitions_, value);
+  }
+  std::uint64_t totalForegroundTime() const {
+    return JXSessionLock::read(totalForegroundTime_);
+  }  ///< ms
+  void setTotalForegroundTime(std::uint64_t ms) { JXSessionLock::write(totalForegroundTime_, ms); }
+  std::uint64_t deltaForeground() const { return JXSessionLock::read(deltaForeground_); }  ///< ms
+  void setDeltaForeground(std::uint64_t ms) { JXSessionLock::write(deltaForeground_, ms); }
+  std::uint64_t totalBackgroundTime() const {
+    return JXSessionLock::read(totalBackgroundTime_);
+  }  ///< ms
+  void setTotalBackgroundTime(std::uint64_t ms) { JXSessionLock::write(totalBackgroundTime_, ms); }
+  std::uint64_t deltaBackground() const { return JXSessionLock::read(deltaBackground_); }  ///< ms
+  void setDeltaBackground(std::uint64_t ms) { JXSessionLock::write(deltaBackground_, ms); }
+  std::uint64_t lastTime() const {
+    return JXSessionLock::read(lastTime_);
+  }  ///< ms since the Unix epoch
+  void setLastTime(std::uint64_t ms) { JXSessionLock::write(lastTime_, ms); }
+  std::uint64_t startUsage() const { return JXSessionLock::read(startUsage_); }  ///< ms
+  void setStartUsage(std::uint64_t ms) { JXSessionLock::write(startUsage_, ms); }
   /// The process ID as a string; null until the start-up has run.
-  const JXString& pid() const { return pid_; }
-  void setPid(const JXString& pid) { pid_ = pid; }
+  JXString pid() const { return JXSessionLock::read(pid_); }
+  void setPid(const JXString& pid) { JXSessionLock::write(pid_, pid); }
   /// Time in the background after which a return to the foreground starts a new session, ms. Each
   /// start-up sets it to 30 minutes.
-  std::uint64_t visitDuration() const { return visitDuration_; }
-  void setVisitDuration(std::uint64_t ms) { visitDuration_ = ms; }
+  std::uint64_t visitDuration() const { return JXSessionLock::read(visitDuration_); }
+  void setVisitDuration(std::uint64_t ms) { JXSessionLock::write(visitDuration_, ms); }
   /// Returns the listener that receives the user agent; null before `init`.
-  std::shared_ptr<JXEventListener> listenerDelegate() const override { return listenerDelegate_; }
+  std::shared_ptr<JXEventListener> listenerDelegate() const override {
+    return JXSessionLock::read(listenerDelegate_);
+  }
   void setListenerDelegate(std::shared_ptr<JXEventListener> listener) {
-    listenerDelegate_ = std::move(listener);
+    JXSessionLock::write(listenerDelegate_, std::move(listener));
   }
   /// @}
 
@@ -288,9 +314,12 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;
+  void markNewSession();
   JXString nextCount(const JXString& count);
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
+  std::uint64_t sessionGeneration_ = 0;  ///< counts the sessions of this process
+  bool isNewSessionClaimed_ = false;     ///< an event on its way carries the mark
   bool isBackground_ = false;
   std::int32_t totalForegroundTransitions_ = 1;
   std::uint64_t totalForegroundTime_ = 0;

@@ -90,6 +90,7 @@ void JXPredefinedVariables::setLocalSysName() {
 }
 
 void JXPredefinedVariables::setLocalLanguage() {
+  const JXSessionLock lock;
   const std::vector<JXString> languages = platform().preferredLanguages();
   const std::vector<std::string> parts =
       splitAtHyphens(languages.empty() ? std::string_view() : languages.front().view());
@@ -127,6 +128,7 @@ void JXPredefinedVariables::setIsJailBroken() {
 }
 
 void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
+  const JXSessionLock lock;
   JXString version = platform().bundleInformation().shortVersion;
   if (!version.isPresent()) version = "";
   const JXString firstVisit = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs);

@@ -37,6 +37,7 @@ void guarded(const Computation& computation) {
 }  // namespace
 
 void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
+  const JXSessionLock lock;
   isBackground_ = true;
   const std::uint64_t now = unsignedNowMs();
   const std::uint64_t sinceLastTime = now - lastTime_;
@@ -52,6 +53,7 @@ void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
 }
 
 void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
+  const JXSessionLock lock;
   if (!isBackground_) return;
   isBackground_ = false;
   totalForegroundTransitions_ =
@@ -66,6 +68,7 @@ void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
 }
 
 void JXPredefinedVariables::computeTimeChangingVariables() {
+  const JXSessionLock lock;
   const JXUserDefaults::Changes batch;
   const std::uint64_t now = unsignedNowMs();
   const JXString timeMs = decimal(now);
@@ -91,11 +94,12 @@ void JXPredefinedVariables::computeTimeChangingVariables() {
 }
 
 void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
+  const JXSessionLock lock;
   guarded([&] {
     const JXString sessionStart = persistedString(kJXSessionStartTimestamp);
     addData_withValue(kJXPredefinedVariable_SessionID,
                       JXCoreServices::sharedInstance().platform().newUUID());
-    addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
+    markNewSession();
     if (sessionStart.isPresent()) {
       // Measured from the stored start, not from the last activity.
       const std::uint64_t sinceStart =
@@ -125,6 +129,7 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
 }
 
 void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) {
+  const JXSessionLock lock;
   guarded([&] {
     const JXString exit = persistedString(kJXExitTimestamp);
     const JXString background = persistedString(kJXLastBackgroundTime);
@@ -151,6 +156,7 @@ void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) 
 }
 
 void JXPredefinedVariables::computeStartUsageTime(bool renewed) {
+  const JXSessionLock lock;
   guarded([&] {
     const JXString usage = persistedString(kJXUsageDuration);
     if (usage.isPresent()) startUsage_ = JXUtils::unsignedFromDigits(usage);

@@ -5,7 +5,9 @@
 // and again on return from a long time in the background.
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
@@ -30,11 +32,13 @@ std::string incremented(const JXString& count) {
 }  // namespace
 
 void JXPredefinedVariables::initIsFirstVisit() {
+  const JXSessionLock lock;
   const bool isKnown = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs).testString();
   addData_withValue(kJXPredefinedVariable_IsFirstVisit, isKnown ? "FALSE" : "TRUE");
 }
 
 void JXPredefinedVariables::initLastCallLastVisit() {
+  const JXSessionLock lock;
   const JXString lastCall = persistedString(kJXPredefinedVariable_LastCallMs);
   if (lastCall.testString()) {
     addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, lastCall);
@@ -42,6 +46,7 @@ void JXPredefinedVariables::initLastCallLastVisit() {
 }
 
 void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& timeMs) {
+  const JXSessionLock lock;
   addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
   JXPlatformDefaults* const defaults = JXUserDefaults::standardUserDefaults();
   if (defaults == nullptr) return;
@@ -56,6 +61,7 @@ void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& time
 }
 
 void JXPredefinedVariables::initColdStartNumber() {
+  const JXSessionLock lock;
   const JXString starts = persistedString(kJXPredefinedVariable_ColdStarts);
   const JXString counted = starts.testString() ? JXString(incremented(starts)) : JXString("1");
   addData_withValue(kJXPredefinedVariable_ColdStarts, counted);
@@ -63,6 +69,7 @@ void JXPredefinedVariables::initColdStartNumber() {
 }
 
 void JXPredefinedVariables::setTimestamps(const JXString& timeMs) {
+  const JXSessionLock lock;
   const JXString firstVisit = persistedString(kJXDateFirstVisitFormat);
   if (!firstVisit.isPresent()) {
     setFirstVisitUserDefaults(timeMs);
@@ -79,6 +86,7 @@ void JXPredefinedVariables::setTimestamps(const JXString& timeMs) {
 }
 
 void JXPredefinedVariables::setFirstVisitUserDefaults(const JXString& timeMs) {
+  const JXSessionLock lock;
   addData_withValue(kJXPredefinedVariable_FirstVisitMs, timeMs);
   addData_withValue(kJXPredefinedVariable_LastVisitMs, timeMs);
   addData_withValue(kJXPredefinedVariable_CurrentVisitMs, timeMs);
@@ -97,6 +105,7 @@ void JXPredefinedVariables::setFirstVisitUserDefaults(const JXString& timeMs) {
 
 void JXPredefinedVariables::newVisitUserDefaults_currentTime(const JXString& firstVisit,
                                                              const JXString& timeMs) {
+  const JXSessionLock lock;
   const JXString lastVisit = persistedString(kJXDateLastVisitFormat);
   JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
   persistString(kJXLastPID, pid_);
@@ -126,6 +135,7 @@ JXString JXPredefinedVariables::nextCount(const JXString& count) {
 }
 
 void JXPredefinedVariables::updateVisitUserDefaults(const JXString&) {
+  const JXSessionLock lock;
   const JXString lastVisit = persistedString(kJXDateLastVisitFormat);
   const JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
   const JXString visits = persistedString(kJXNumberColdStarts);
@@ -140,6 +150,7 @@ void JXPredefinedVariables::updateVisitUserDefaults(const JXString&) {
 }
 
 void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs) {
+  const JXSessionLock lock;
   addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs,
                     getData(kJXPredefinedVariable_CurrentCallMs));
   const JXString sessions = incremented(persistedString(kJXNumberSessions));
@@ -151,14 +162,39 @@ void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs)
   persistString(kJXDateCurrentVisitFormat, timeMs);
   addData_withValue(kJXPredefinedVariable_SessionID,
                     JXCoreServices::sharedInstance().platform().newUUID());
+  markNewSession();
+}
+
+void JXPredefinedVariables::markNewSession() {
+  const JXSessionLock lock;
   addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
+  ++sessionGeneration_;
+  isNewSessionClaimed_ = false;
+}
+
+std::optional<std::uint64_t> JXPredefinedVariables::claimNewSession() {
+  const JXSessionLock lock;
+  const bool isNew = getData(kJXPredefinedVariable_IsNewSession).view() == "1";
+  if (!isNew || std::exchange(isNewSessionClaimed_, true)) return std::nullopt;
+  return sessionGeneration_;
+}
+
+void JXPredefinedVariables::releaseNewSession(std::uint64_t generation, bool isPosted) {
+  const JXSessionLock lock;
+  // A session that began in the meantime has a mark of its own.
+  if (generation != sessionGeneration_) return;
+  isNewSessionClaimed_ = false;
+  if (isPosted) addData_withValue(kJXPredefinedVariable_IsNewSession, "0");
 }
 
 void JXPredefinedVariables::resetNewSession() {
+  const JXSessionLock lock;
   addData_withValue(kJXPredefinedVariable_IsNewSession, "0");
+  isNewSessionClaimed_ = false;
 }
 
 void JXPredefinedVariables::initNavTimestampCalls(const JXString& timeMs) {
+  const JXSessionLock lock;
   if (getData(kJXPredefinedVariable_LastCallMs).isPresent()) {
     addData_withValue(kJXPredefinedVariable_LastCallMs,
                       getData(kJXPredefinedVariable_CurrentCallMs));
@@ -172,6 +208,7 @@ void JXPredefinedVariables::initNavTimestampCalls(const JXString& timeMs) {
 }
 
 void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {
+  const JXSessionLock lock;
   const JXString visitStart = getData(kJXPredefinedVariable_CurrentVisitMs);
   if (!visitStart.testString()) {
     JXLogger::sharedInstance().logMessage_withLevel(
@@ -186,6 +223,7 @@ void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {
 void JXPredefinedVariables::addTimestamp_andTimestampeMs_withTime(const JXString& key,
                                                                   const JXString& keyMs,
                                                                   std::int64_t timeS) {
+  const JXSessionLock lock;
   addData_withValue(key, std::to_string(timeS));
   const std::uint64_t timeMs = static_cast<std::uint64_t>(timeS) * 1000;
   addData_withValue(keyMs, std::to_string(static_cast<std::int64_t>(timeMs)));

@@ -3,12 +3,18 @@
 #include "jx/core/JXCoreConfiguration.h"
 
 #include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "jx/core/JXApplication.h"
+#include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreInitialisation.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXUser.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "tests/core/JXCoreFixture.h"
@@ -59,6 +65,29 @@ TEST_F(JXCoreConfigurationTest, IgnoresALateSetAndLogsOneMessage) {
   EXPECT_EQ(JXCoreVariables::sharedInstance().nowMs(), 1'700'000'000'123);
   ASSERT_EQ(logLines().size(), before + 1);
   EXPECT_EQ(logLines().back().substr(0, 2), "3 ");
+}
+
+// As a consent module does when it is loaded, before the application configures the library.
+TEST_F(JXCoreConfigurationTest, CanBeSetAfterAConsentModuleRestoredItsIdentifier) {
+  JXUser::sharedInstance().setConsentID("restored");
+  JXClassRegistry::sharedInstance().registerClass("JXMobileConsent");
+  JXUser::sharedInstance().addAdditionalProperty_withStringValue("group", "b");
+  EXPECT_TRUE(JXCoreConfiguration::set(configuration_));
+  JXCoreInitialisation::init();
+  EXPECT_EQ(JXUser::sharedInstance().consentID(), JXString("restored"));
+  EXPECT_TRUE(JXUser::sharedInstance().anonymous_id().testString());
+}
+
+TEST_F(JXCoreConfigurationTest, KeepsALogSinkAndLevelThatWereSetBeforeTheStart) {
+  std::vector<std::string> messages;
+  JXLogger::sharedInstance().setSink(
+      [&messages](int, std::string_view message) { messages.emplace_back(message); });
+  JXLogger::sharedInstance().setMaxLevel(2);
+  JXCoreInitialisation::init();
+  JXLogger::sharedInstance().logMessage_withLevel("at level 3", 3);
+  JXLogger::sharedInstance().logMessage_withLevel("at level 2", 2);
+  JXLogger::sharedInstance().setSink(nullptr);
+  EXPECT_EQ(messages, std::vector<std::string>{"at level 2"});
 }
 
 TEST_F(JXCoreConfigurationTest, CreatesTheCollectionEndpoint) {

@@ -4,11 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <future>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "jx/core/JXLogDeferral.h"
 
 namespace jx {
 namespace {
@@ -88,9 +92,8 @@ TEST_F(JXLoggerTest, AllowsASinkToLogWhileItIsDestroyed) {
   EXPECT_EQ(messages_, std::vector<std::string>{"2 sink destroyed"});
 }
 
-TEST_F(JXLoggerTest, CallsTheSinkOnTheLoggingThreadOneCallAtATime) {
-  // Not synchronised: the thread sanitizer would detect concurrent calls.
-  std::size_t calls = 0;
+TEST_F(JXLoggerTest, CallsTheSinkOnTheLoggingThread) {
+  std::atomic<std::size_t> calls{0};
   logger_.setSink([&calls](int, std::string_view) { ++calls; });
   std::vector<std::thread> threads;
   for (int number = 0; number < 4; ++number) {
@@ -107,6 +110,41 @@ TEST_F(JXLoggerTest, CallsTheSinkOnTheLoggingThreadOneCallAtATime) {
   logger_.setSink([&where](int, std::string_view) { where = std::this_thread::get_id(); });
   logger_.logMessage_withLevel("message", 2);
   EXPECT_EQ(where, std::this_thread::get_id());
+}
+
+TEST_F(JXLoggerTest, CallsTheSinkWithoutALock) {
+  // The first call waits inside the sink for the second one, on another thread.
+  std::promise<void> second;
+  std::atomic<int> calls{0};
+  logger_.setSink([&](int, std::string_view) {
+    if (calls++ == 0) {
+      second.get_future().wait();
+    } else {
+      second.set_value();
+    }
+  });
+  std::thread waiting([this] { logger_.logMessage_withLevel("first", 2); });
+  while (calls == 0)
+    std::this_thread::yield();
+  logger_.logMessage_withLevel("second", 2);
+  waiting.join();
+  EXPECT_EQ(calls, 2);
+}
+
+TEST_F(JXLoggerTest, DefersMessagesUntilTheOutermostDeferralEnds) {
+  captureMessages();
+  {
+    const JXLogDeferral outer;
+    logger_.logMessage_withLevel("first", 2);
+    {
+      const JXLogDeferral inner;
+      logger_.logMessage_withLevel("second", 3);
+    }
+    EXPECT_TRUE(messages_.empty());
+    std::thread([this] { logger_.logMessage_withLevel("other thread", 2); }).join();
+    EXPECT_EQ(messages_, std::vector<std::string>{"2 other thread"});
+  }
+  EXPECT_EQ(messages_, (std::vector<std::string>{"2 other thread", "2 first", "3 second"}));
 }
 
 TEST_F(JXLoggerTest, WritesToStandardErrorWithoutASink) {

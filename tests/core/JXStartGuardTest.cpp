@@ -7,37 +7,43 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "jx/core/JXLogger.h"
 
 namespace jx {
 namespace {
 
 TEST(JXStartGuard, RunsTheFirstInitialisation) {
-  int state = 0;
-  EXPECT_TRUE(tryBeginInit(state));
+  std::atomic<int> state{0};
+  EXPECT_TRUE(tryBeginInit(state, "JXExample"));
   EXPECT_EQ(state, 1);
 }
 
 TEST(JXStartGuard, DoesNotInitialiseAgain) {
-  int state = 2;
-  EXPECT_FALSE(tryBeginInit(state));
+  std::atomic<int> state{2};
+  EXPECT_FALSE(tryBeginInit(state, "JXExample"));
   EXPECT_EQ(state, 2);
 }
 
 TEST(JXStartGuard, RunsARequestedReinitialisation) {
-  int state = 3;
-  EXPECT_TRUE(tryBeginInit(state));
+  std::atomic<int> state{3};
+  EXPECT_TRUE(tryBeginInit(state, "JXExample"));
   EXPECT_EQ(state, 1);
 }
 
 TEST(JXStartGuard, DoesNotInitialiseForInvalidStates) {
   for (const int other : {-1, 4, 100, -2'147'483'647}) {
-    int state = other;
-    EXPECT_FALSE(tryBeginInit(state));
+    std::atomic<int> state{other};
+    EXPECT_FALSE(tryBeginInit(state, "JXExample"));
     EXPECT_EQ(state, other);
   }
 }
@@ -87,19 +93,71 @@ testing::AssertionResult neverReturns(Work work) {
 
 TEST(JXStartGuard, ConcurrentInitialisationNeverReturns) {
   EXPECT_TRUE(neverReturns([] {
-    int state = 1;
-    tryBeginInit(state);
+    std::atomic<int> state{1};
+    tryBeginInit(state, "JXExample");
   }));
 }
 
 TEST(JXStartGuard, NeverReturnNeverReturns) {
-  EXPECT_TRUE(neverReturns([] { neverReturn(); }));
+  EXPECT_TRUE(neverReturns([] { neverReturn("blocked"); }));
+}
+
+TEST(JXStartGuard, LogsWhyACallNeverReturns) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    JXLogger::sharedInstance().setSink([&](int level, std::string_view message) {
+      const std::string text = std::to_string(level) + " " + std::string(message) + "\n";
+      if (write(ends[1], text.data(), text.size()) < 0) _exit(1);
+    });
+    const JXLogDeferral deferral;  // as during the start of the library
+    std::atomic<int> state{kJXInitRunning};
+    tryBeginInit(state, "JXExample");
+    _exit(0);
+  }
+  close(ends[1]);
+  std::string logged;
+  for (char byte = 0; read(ends[0], &byte, 1) == 1 && byte != '\n';)
+    logged += byte;
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  close(ends[0]);
+  EXPECT_EQ(logged, "2 JXExample: init was called while init was running; the call never returns");
+}
+
+TEST(JXOnce, CreatesOneObjectForManyThreads) {
+  static std::atomic<int> created{0};
+  JXOnce<int> once;
+  std::vector<std::thread> threads;
+  std::atomic<int> sum{0};
+  for (int i = 0; i < 8; ++i) {
+    threads.emplace_back([&] {
+      sum += once.get([] {
+        ++created;
+        return new int(7);
+      });
+    });
+  }
+  for (std::thread& thread : threads)
+    thread.join();
+  EXPECT_EQ(created, 1);
+  delete &once.get([] { return new int(0); });
+  EXPECT_EQ(sum, 56);
+}
+
+TEST(JXOnce, BlocksACallFromWithinTheCreation) {
+  EXPECT_TRUE(neverReturns([] {
+    static JXOnce<int> once;
+    JXLogger::sharedInstance().setMaxLevel(0);
+    once.get([] { return new int(once.get([] { return new int(1); })); });
+  }));
 }
 
 TEST(JXStartGuard, TestHelperDetectsWorkThatReturns) {
   EXPECT_FALSE(neverReturns([] {
-    int state = 2;
-    tryBeginInit(state);
+    std::atomic<int> state{2};
+    tryBeginInit(state, "JXExample");
   }));
 }
 

@@ -16,6 +16,7 @@ GAP = "\0"
 FORWARDED = {
     ("jx/core/storage/JXStorageReport.cpp", "message.text"): None,
     ("jx/core/transfer/JXTransferLoop.cpp", "message"): None,
+    ("jx/core/JXStartGuard.cpp", "message"): lambda tree: tree.last_messages(),
     ("jx/facade/ServerSide.cpp", "message"): None,
     ("jx/facade/ServerSide.cpp", 'std::string(failure) + ": " + error.what()'):
         lambda tree: tree.with_arguments("jx/facade/ServerSide.cpp", "guarded",
@@ -170,7 +171,7 @@ class Tree:
 
     def values(self, file, position, expression, environment):
         """Returns the values that an expression for a string can have, with GAP for variables."""
-        expression = expression.strip()
+        expression = re.sub(r"\s*\.c_str\(\)$", "", expression.strip())
         condition = split_at_top_level(expression, "?")
         if len(condition) > 1:
             alternatives = split_at_top_level(expression[len(condition[0]) + 1:], ":")
@@ -229,6 +230,12 @@ class Tree:
         for position, arguments in self.calls(file, rf"\b{function}"):
             yield {"file": file, "position": position,
                    **{name: arguments[index] for name, index in parameters.items()}}
+
+    def last_messages(self):
+        """Yields the messages of threads that do not continue."""
+        for file in self.sources:
+            for position, arguments in self.calls(file, r"\bneverReturn"):
+                yield {"file": file, "position": position, "text": arguments[0]}
 
     def endpoint_messages(self):
         file = "jx/core/JXCollectionEndpoint.cpp"

@@ -21,5 +21,8 @@ int outage(Arguments& arguments);
 int flush(Arguments& arguments);
 /// Exits processes while the server is unreachable. Each exits soon and keeps its queue.
 int exit(Arguments& arguments);
+/// Threads that execute, post application notifications, toggle consent, change data and read
+/// accessors at once: each event arrives with a valid body, and each session is marked once.
+int threads(Arguments& arguments);
 
 }  // namespace jx::soak

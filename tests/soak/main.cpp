@@ -8,6 +8,7 @@
 //   jx_soak outage  [--requests 100000]
 //   jx_soak flush   [--times 100] [--assert-times]
 //   jx_soak exit    [--times 100] [--assert-times]
+//   jx_soak threads [--seconds 60]
 //
 // Prints one result per line. Exit status: 0 if all checks passed, 1 if one failed, 2 for invalid
 // arguments.
@@ -25,12 +26,12 @@
 int main(int argc, char** argv) {
   using namespace jx::soak;
   const std::map<std::string, int (*)(Arguments&)> commands{
-      {"kills", kills}, {"offline", offline}, {"outage", outage},
-      {"flush", flush}, {"exit", exit},       {"worker", worker},
+      {"kills", kills}, {"offline", offline}, {"outage", outage}, {"flush", flush},
+      {"exit", exit},   {"threads", threads}, {"worker", worker},
   };
   const auto command = commands.find(argc > 1 ? argv[1] : "");
   if (command == commands.end()) {
-    std::cerr << "usage: jx_soak kills|offline|outage|flush|exit [OPTION...]\n";
+    std::cerr << "usage: jx_soak kills|offline|outage|flush|exit|threads [OPTION...]\n";
     return 2;
   }
   try {

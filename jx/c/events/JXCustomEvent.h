@@ -12,8 +12,8 @@
 extern "C" {
 #endif
 
-/// An event that the application defines: a name, and any additional parameters. Also has the
-/// fields of JXEvent.
+/// An event that the application defines: a name, and any additional parameters. A class of the
+/// application can derive from it and override `getJsonObject`. Also has the fields of JXEvent.
 #define JXCustomEvent_class "JXCustomEvent"
 
 /// Creates an event in `*event`; free it with `jx_object_free`. `name` may be null.

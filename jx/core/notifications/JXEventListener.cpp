@@ -12,41 +12,36 @@ std::shared_ptr<JXEventListener> JXEventListener::init() {
 }
 
 JXEventListener::JXEventListener() : state_(std::make_shared<State>()) {
-  state_->center = JXNotificationCenter::defaultCenter();
+  state_->setCenter(JXNotificationCenter::defaultCenter());
   JXNotificationHub::sharedInstance().add(state_);
 }
 
 JXEventListener::~JXEventListener() {
   JXNotificationHub::sharedInstance().remove(state_);
-  const std::lock_guard<std::recursive_mutex> lock(state_->mutex);
-  state_->parent = nullptr;
-  state_->center->removeObserver(state_.get());
+  state_->center()->removeObserver(state_.get());
+  state_->setParent(nullptr);
 }
 
-void JXEventListener::setParent(IJXEventListenerDelegate* parent) {
-  const std::lock_guard<std::recursive_mutex> lock(state_->mutex);
-  state_->parent = parent;
-}
+void JXEventListener::setParent(IJXEventListenerDelegate* parent) { state_->setParent(parent); }
 
 void JXEventListener::listen(const JXString& name) {
   if (!name.isPresent()) return;
-  const std::lock_guard<std::recursive_mutex> lock(state_->mutex);
-  if (std::find(state_->names.begin(), state_->names.end(), name) != state_->names.end()) return;
-  state_->names.push_back(name);
-  observe(name);
+  const std::lock_guard<std::mutex> lock(registering_);
+  if (state_->addName(name)) observe(*state_->center(), name);
 }
 
 void JXEventListener::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
-  const std::lock_guard<std::recursive_mutex> lock(state_->mutex);
-  state_->center->removeObserver(state_.get());
-  state_->center = center ? center : JXNotificationCenter::defaultCenter();
-  for (const JXString& name : state_->names)
-    observe(name);
+  const std::lock_guard<std::mutex> lock(registering_);
+  const std::shared_ptr<JXNotificationCenter> next =
+      center ? center : JXNotificationCenter::defaultCenter();
+  state_->setCenter(next)->removeObserver(state_.get());
+  for (const JXString& name : state_->names())
+    observe(*next, name);
 }
 
-void JXEventListener::observe(const JXString& name) {
+void JXEventListener::observe(JXNotificationCenter& center, const JXString& name) {
   const std::weak_ptr<State> state = state_;
-  state_->center->addObserver(state_.get(), name, [state](const JXNotification& notification) {
+  center.addObserver(state_.get(), name, [state](const JXNotification& notification) {
     if (const std::shared_ptr<State> alive = state.lock()) alive->deliver(notification);
   });
 }

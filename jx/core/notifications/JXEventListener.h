@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/platform/JXApi.h"
@@ -43,12 +44,13 @@ class JX_API JXEventListener {
 
  private:
   friend class JXNotificationHub;
-  struct State;
+  class State;
 
   JXEventListener();
-  void observe(const JXString& name);
+  void observe(JXNotificationCenter& center, const JXString& name);
 
   std::shared_ptr<State> state_;
+  std::mutex registering_;  ///< one change of names or center at a time
 };
 
 }  // namespace jx

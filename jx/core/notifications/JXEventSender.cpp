@@ -13,13 +13,21 @@ std::shared_ptr<JXEventSender> JXEventSender::init() {
 JXEventSender::JXEventSender() { setNotificationCenter(nullptr); }
 
 void JXEventSender::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
-  center_ = center ? center : JXNotificationCenter::defaultCenter();
-  JXNotificationHub::sharedInstance().observe(center_);
+  const std::shared_ptr<JXNotificationCenter> next =
+      center ? center : JXNotificationCenter::defaultCenter();
+  // Before anything is posted there, so that no notification misses the hub.
+  JXNotificationHub::sharedInstance().observe(next);
+  const std::lock_guard<std::mutex> lock(mutex_);
+  center_ = next;
 }
 
 void JXEventSender::send(const JXNotification& notification) {
   // Copied, because an observer may move this sender to another center during the call.
-  const std::shared_ptr<JXNotificationCenter> center = center_;
+  std::shared_ptr<JXNotificationCenter> center;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    center = center_;
+  }
   center->postNotification(notification);
 }
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/platform/JXApi.h"
@@ -20,16 +22,16 @@ class JX_API IJXEventSenderDelegate {
 };
 
 /// Posts its owner's notifications on a center that the hub observes, so that they reach the core
-/// from any center.
+/// from any center. Thread-safe.
 class JX_API JXEventSender {
  public:
   /// Returns a new sender on the default center, without an owner. Never null.
   static std::shared_ptr<JXEventSender> init();
 
   /// Sets the owner; the sender does not own it and never calls it.
-  void setParent(IJXEventSenderDelegate* parent) { parent_ = parent; }
+  void setParent(IJXEventSenderDelegate* parent) { parent_.store(parent); }
   /// Returns the owner; null when there is none.
-  IJXEventSenderDelegate* parent() const { return parent_; }
+  IJXEventSenderDelegate* parent() const { return parent_.load(); }
   /// Sets the center to post on; null selects the default center.
   void setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center);
   /// Posts the notification and calls all observers on the caller's thread before it returns.
@@ -38,7 +40,8 @@ class JX_API JXEventSender {
  private:
   JXEventSender();
 
-  IJXEventSenderDelegate* parent_ = nullptr;
+  std::atomic<IJXEventSenderDelegate*> parent_{nullptr};
+  std::mutex mutex_;
   std::shared_ptr<JXNotificationCenter> center_;
 };
 
