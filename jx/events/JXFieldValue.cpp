@@ -6,6 +6,7 @@
 
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
+#include "jx/events/JXOmissionLog.h"
 #include "jx/events/JXProduct.h"
 
 namespace jx::fieldvalue {
@@ -42,6 +43,7 @@ std::string readBlock(const JXJsonObject& json, Block& block) {
 void write(const JXString& value, std::string_view key, JXJsonSink& sink) { sink.text(key, value); }
 
 void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink) {
+  if (value && value->isNaN()) return JXOmissionLog::reportNaN(key);
   sink.number(key, value);
 }
 
@@ -50,8 +52,13 @@ void write(bool value, std::string_view key, JXJsonSink& sink) { sink.flag(key, 
 // A null list of strings is written as an empty array, like a null list of items.
 void write(const JXList<JXString>& value, std::string_view key, JXJsonSink& sink) {
   sink.beginArray(key);
-  for (const JXString& string : value)
-    sink.stringElement(string);
+  for (const JXString& string : value) {
+    if (string.isPresent()) {
+      sink.stringElement(string);
+    } else {
+      JXOmissionLog::reportNullElement(key);
+    }
+  }
   sink.endArray();
 }
 
@@ -82,8 +89,19 @@ void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJso
   std::string key;
   for (const JXString& string : value) {
     key.assign(prefix).append(std::to_string(++number));
-    sink.text(key, string);
+    if (string.isPresent()) {
+      sink.text(key, string);
+    } else {
+      JXOmissionLog::reportNullString(key);
+    }
   }
+}
+
+void writeEnumValue(int value, const JXEnumStrings& strings, std::string_view key,
+                    JXJsonSink& sink) {
+  const JXString string = strings.stringOf(value);
+  if (!string.isPresent()) return JXOmissionLog::reportOutsideEnumeration(key);
+  sink.text(key, string);
 }
 
 JXFieldState state(const JXString& value) { return {value.isPresent(), value.testString(), false}; }

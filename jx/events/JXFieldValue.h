@@ -22,7 +22,8 @@ class JXProduct;
 namespace fieldvalue {
 
 /// Writes the value under the key. Writes nothing for null and for a NaN amount, except that a null
-/// list of strings or items is written as an empty array.
+/// list of strings or items is written as an empty array. Null elements are skipped. While an event
+/// is executed, a NaN amount and a null string in a list are logged once per event and key.
 /// @{
 JX_API void write(const JXString& value, std::string_view key, JXJsonSink& sink);
 JX_API void write(const std::optional<JXDecimal>& value, std::string_view key, JXJsonSink& sink);
@@ -34,8 +35,12 @@ JX_API void write(const JXList<std::shared_ptr<JXItem>>& value, std::string_view
 JX_API void write(const std::shared_ptr<JXProduct>& value, std::string_view key, JXJsonSink& sink);
 /// @}
 /// Writes each string under `prefix` followed by its position, from 1. A null string is not written
-/// and its number is not used.
+/// and its number is not used; logged as by `write`.
 JX_API void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink);
+/// Writes the string of the enumeration's value. A value outside the enumeration is not written;
+/// logged as by `write`.
+JX_API void writeEnumValue(int value, const JXEnumStrings& strings, std::string_view key,
+                           JXJsonSink& sink);
 
 /// Returns the state of the value. A NaN amount counts as null, because it is not written.
 /// @{

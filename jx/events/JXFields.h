@@ -115,7 +115,7 @@ class JXFields final : public JXFieldTable {
   }
   static void writeMember(const Owner& owner, const JXEnumField<Owner>& field, std::string_view key,
                           JXJsonSink& sink) {
-    fieldvalue::write(field.strings.stringOf(owner.*field.member), key, sink);
+    fieldvalue::writeEnumValue(owner.*field.member, field.strings, key, sink);
   }
 
   template <typename T>

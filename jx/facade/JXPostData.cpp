@@ -14,6 +14,7 @@
 #include "jx/core/json/JXJsonTextSink.h"
 #include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/events/JXEventPropertiesNames.h"
+#include "jx/events/JXOmissionLog.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
@@ -107,6 +108,7 @@ JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
 
 JXString JXPostData::executionBody(const JXEvent& event, std::int32_t serverSideState,
                                    JXNewSessionClaim& claim) {
+  const JXOmissionLog omissions(event);
   return bodyOf(event, serverSideState, &claim);
 }
 

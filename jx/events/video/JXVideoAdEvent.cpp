@@ -16,7 +16,7 @@ constexpr JXEnumStrings kAdLoadTypes(EJXAdLoadType_toString, EJXAdLoadType_membe
 std::shared_ptr<JXVideoAdEvent> JXVideoAdEvent::initWithMode_andSessionId(
     EJXVideoAdMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoAdEvent> event(new JXVideoAdEvent());
-  event->setName(kModes.stringOf(mode));
+  event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;
 }

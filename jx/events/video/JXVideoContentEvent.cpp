@@ -14,7 +14,7 @@ constexpr JXEnumStrings kModes(EJXVideoContentMode_toString, EJXVideoContentMode
 std::shared_ptr<JXVideoContentEvent> JXVideoContentEvent::initWithMode_andSessionId(
     EJXVideoContentMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoContentEvent> event(new JXVideoContentEvent());
-  event->setName(kModes.stringOf(mode));
+  event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;
 }

@@ -2,12 +2,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/events/video/JXVideoEvent.h"
 
+#include <string>
+
+#include "jx/core/JXLogger.h"
 #include "jx/events/JXEventPropertiesNames.h"
 
 namespace jx {
 
 std::shared_ptr<JXVideoEvent> JXVideoEvent::init() {
   return std::shared_ptr<JXVideoEvent>(new JXVideoEvent());
+}
+
+void JXVideoEvent::setNameOfMode(const JXEnumStrings& modes, int mode) {
+  setName(modes.stringOf(mode));
+  if (name().isPresent()) return;
+  JXLogger::sharedInstance().logMessage_withLevel(
+      std::string(ownEventClass().className) + ": mode " + std::to_string(mode) +
+          " is outside its enumeration; event has no name",
+      3);
 }
 
 const JXEventClass& JXVideoEvent::eventClass() {

@@ -41,6 +41,9 @@ class JX_API JXVideoEvent : public JXEvent {
 
  protected:
   JXVideoEvent() = default;
+  /// Sets the name to the string of the mode. Logs a mode outside the enumeration, which leaves the
+  /// event without a name.
+  void setNameOfMode(const JXEnumStrings& modes, int mode);
 
   JXString videoSessionID_;
   std::optional<JXDecimal> cursorPosition_;

@@ -14,7 +14,7 @@ constexpr JXEnumStrings kModes(EJXVideoPlaybackMode_toString, EJXVideoPlaybackMo
 std::shared_ptr<JXVideoPlaybackEvent> JXVideoPlaybackEvent::initWithMode_andSessionId(
     EJXVideoPlaybackMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoPlaybackEvent> event(new JXVideoPlaybackEvent());
-  event->setName(kModes.stringOf(mode));
+  event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;
 }

@@ -14,7 +14,7 @@ constexpr JXEnumStrings kModes(EJXVideoSettingMode_toString, EJXVideoSettingMode
 std::shared_ptr<JXVideoSettingEvent> JXVideoSettingEvent::initWithMode_andSessionId(
     EJXVideoSettingMode mode, const JXString& sessionId) {
   std::shared_ptr<JXVideoSettingEvent> event(new JXVideoSettingEvent());
-  event->setName(kModes.stringOf(mode));
+  event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;
 }

@@ -1,0 +1,63 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/events/JXOmissionLog.h"
+
+#include <algorithm>
+
+#include "jx/core/JXLogger.h"
+#include "jx/events/JXEvent.h"
+
+namespace jx {
+namespace {
+
+// Writers of single fields do not know the event, so they find its log through the thread.
+thread_local JXOmissionLog* innermost = nullptr;
+
+}  // namespace
+
+JXOmissionLog::JXOmissionLog(const JXEvent& event) noexcept : event_(event), outer_(innermost) {
+  innermost = this;
+}
+
+JXOmissionLog::~JXOmissionLog() { innermost = outer_; }
+
+bool JXOmissionLog::isNew(Cause cause, std::string_view key) {
+  if (innermost == nullptr) return false;
+  const std::pair<Cause, std::string> report(cause, key);
+  auto& reported = innermost->reported_;
+  if (std::find(reported.begin(), reported.end(), report) != reported.end()) return false;
+  reported.push_back(report);
+  return true;
+}
+
+// Returns the class name for an event without a name.
+std::string JXOmissionLog::eventName() const {
+  return event_.name().testString() ? event_.name().toStdString()
+                                    : std::string(event_.ownEventClass().className);
+}
+
+void JXOmissionLog::reportNaN(std::string_view key) {
+  if (!isNew(Cause::NaN, key)) return;
+  JXLogger::sharedInstance().logMessage_withLevel(
+      innermost->eventName() + ": " + std::string(key) + " is NaN; omitted", 3);
+}
+
+void JXOmissionLog::reportOutsideEnumeration(std::string_view key) {
+  if (!isNew(Cause::OutsideEnumeration, key)) return;
+  JXLogger::sharedInstance().logMessage_withLevel(
+      innermost->eventName() + ": " + std::string(key) + " is outside its enumeration; omitted", 3);
+}
+
+void JXOmissionLog::reportNullElement(std::string_view key) {
+  if (!isNew(Cause::NullElement, key)) return;
+  JXLogger::sharedInstance().logMessage_withLevel(
+      innermost->eventName() + ": " + std::string(key) + " contains a null element; skipped", 3);
+}
+
+void JXOmissionLog::reportNullString(std::string_view key) {
+  if (!isNew(Cause::NullString, key)) return;
+  JXLogger::sharedInstance().logMessage_withLevel(
+      innermost->eventName() + ": " + std::string(key) + " is null; skipped", 3);
+}
+
+}  // namespace jx
