@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
@@ -12,7 +13,7 @@ namespace jx {
 
 /// An ordered list that can be null. It is a handle: copies share their elements, so
 /// `event->items().append(item)` extends the event's own list. A null list has no elements and
-/// ignores appended elements. Not synchronised.
+/// ignores changes. Not synchronised.
 template <typename T>
 class JXList {
  public:
@@ -46,18 +47,38 @@ class JXList {
       append((*other.elements_)[i]);
   }
 
-  /// Iterates over the elements in order; valid until an element is appended.
+  /// Inserts an element before the one at `index`, or appends it if there is none; ignored when
+  /// this list is null.
+  void insert(std::size_t index, T element) const {
+    if (elements_) elements_->insert(at(std::min(index, size())), std::move(element));
+  }
+  /// Removes the element at `index`. Returns false, without a change, if there is none.
+  bool removeAt(std::size_t index) const {
+    if (index >= size()) return false;
+    elements_->erase(at(index));
+    return true;
+  }
+  /// Removes all elements, for all handles that share them; a null list stays null.
+  void clear() const {
+    if (elements_) elements_->clear();
+  }
+
+  /// Iterates over the elements in order; valid until the list changes.
   auto begin() const noexcept { return elements().begin(); }
   /// Past-the-end iterator.
   auto end() const noexcept { return elements().end(); }
-  /// Returns the element at `index`, which must be less than `size()`; valid until an element is
-  /// appended.
+  /// Returns the element at `index`, which must be less than `size()`; valid until the list
+  /// changes.
   const T& operator[](std::size_t index) const { return elements()[index]; }
 
  private:
   const std::vector<T>& elements() const noexcept {
     static const std::vector<T> none;
     return elements_ ? *elements_ : none;
+  }
+
+  typename std::vector<T>::iterator at(std::size_t index) const {
+    return elements_->begin() + static_cast<std::ptrdiff_t>(index);
   }
 
   std::shared_ptr<std::vector<T>> elements_;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -21,6 +22,9 @@ class JX_API JXJsonArray {
   JXJsonArray();
   /// Creates a null handle.
   JXJsonArray(std::nullptr_t) noexcept {}
+  /// Creates an array of the given values, such as `{"drama", 2}`; skips absent values. Braces
+  /// around one array create an array that contains it; parentheses copy the handle.
+  JXJsonArray(std::initializer_list<JXJsonValue> values);
 
   /// Returns false for a null handle; true for an array, including an empty one.
   bool isPresent() const noexcept { return node_ != nullptr; }
@@ -29,6 +33,13 @@ class JX_API JXJsonArray {
 
   /// Appends `value`; ignores an absent value.
   void append(JXJsonValue value);
+  /// Inserts `value` before the one at `index`, or appends it if there is none; ignores an absent
+  /// value.
+  void insert(std::size_t index, JXJsonValue value);
+  /// Removes the value at `index` and returns it, absent if out of range.
+  JXJsonValue removeAt(std::size_t index);
+  /// Removes all values, for all handles that share them.
+  void clear();
   /// Returns the number of values; 0 for a null handle.
   std::size_t size() const noexcept;
   /// Returns the value at `index`, absent if out of range.

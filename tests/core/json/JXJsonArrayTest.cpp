@@ -83,5 +83,59 @@ TEST(JXJsonArray, DestroysDeepNestingWithoutDeepRecursion) {
   EXPECT_EQ(array.size(), 0U);
 }
 
+TEST(JXJsonArray, AcceptsAnInitialiserList) {
+  const JXJsonArray array{"a", 2, true, JXDecimal::fromString("1.50"), JXString(), JXJsonArray{1}};
+  ASSERT_EQ(array.size(), 5U) << "a null string is skipped";
+  EXPECT_EQ(array.at(0).string(), JXString("a"));
+  EXPECT_EQ(array.at(1).numberString(), JXString("2"));
+  EXPECT_TRUE(array.at(2).boolValue());
+  EXPECT_EQ(array.at(3).numberString(), JXString("1.50"));
+  EXPECT_EQ(array.at(4).array().size(), 1U);
+  const JXJsonArray copy(array);
+  EXPECT_TRUE(copy.isSameAs(array));
+}
+
+TEST(JXJsonArray, InsertsAtAPositionAndAppendsBehindTheEnd) {
+  JXJsonArray array{"b"};
+  array.insert(0, "a");
+  array.insert(99, "c");
+  array.insert(0, JXJsonValue());
+  ASSERT_EQ(array.size(), 3U);
+  EXPECT_EQ(array.at(0).string(), JXString("a"));
+  EXPECT_EQ(array.at(1).string(), JXString("b"));
+  EXPECT_EQ(array.at(2).string(), JXString("c"));
+}
+
+TEST(JXJsonArray, RemovesAndReturnsAValue) {
+  JXJsonArray array{"a", "b", "c"};
+  EXPECT_EQ(array.removeAt(1).string(), JXString("b"));
+  EXPECT_FALSE(array.removeAt(2).isPresent());
+  ASSERT_EQ(array.size(), 2U);
+  EXPECT_EQ(array.at(1).string(), JXString("c"));
+}
+
+TEST(JXJsonArray, ClearsTheValuesOfAllHandles) {
+  JXJsonArray array{"a", 2};
+  const JXJsonArray copy = array;
+  array.clear();
+  EXPECT_EQ(copy.size(), 0U);
+  EXPECT_TRUE(copy.isPresent());
+}
+
+TEST(JXJsonArray, ClearsAnArrayThatContainsItself) {
+  JXJsonArray array;
+  array.append(array);
+  array.clear();
+  EXPECT_EQ(array.size(), 0U);
+}
+
+TEST(JXJsonArray, NullHandleIgnoresInsertRemoveAndClear) {
+  JXJsonArray none(nullptr);
+  none.insert(0, 1);
+  EXPECT_FALSE(none.removeAt(0).isPresent());
+  none.clear();
+  EXPECT_FALSE(none.isPresent());
+}
+
 }  // namespace
 }  // namespace jx
