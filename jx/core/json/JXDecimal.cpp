@@ -45,6 +45,22 @@ struct Coefficient {
   bool isZero() const noexcept { return high == 0 && low == 0; }
 };
 
+// The digits of a coefficient that is scaled to a smaller exponent, most significant first, with
+// room for the carry of a sum.
+using AlignedDigits =
+    std::array<char, static_cast<std::size_t>(kMaxExponent - kMinExponent) + kMaxDigits + 1>;
+
+AlignedDigits aligned(std::uint64_t high, std::uint64_t low, int shift) noexcept {
+  AlignedDigits digits;
+  digits.fill('0');
+  auto digit = digits.rbegin() + shift;
+  for (std::uint64_t limb : {low, high}) {
+    for (int i = 0; i < kLimbDigits; ++i, limb /= 10)
+      *digit++ = static_cast<char>('0' + limb % 10);
+  }
+  return digits;
+}
+
 // The decimal digits and the exponent of a `printf("%e")` result, independent of the locale's
 // decimal point.
 struct Scientific {
@@ -204,19 +220,48 @@ std::string JXDecimal::toString() const {
   return JXDecimalText::plain(negative_, significantDigits(), exponent_);
 }
 
+int JXDecimal::compare(const JXDecimal& a, const JXDecimal& b) noexcept {
+  const int signOfA = a.isZero() ? 0 : a.negative_ ? -1 : 1;
+  const int signOfB = b.isZero() ? 0 : b.negative_ ? -1 : 1;
+  if (signOfA != signOfB) return signOfA < signOfB ? -1 : 1;
+  const int exponent = std::min(a.exponent_, b.exponent_);
+  const AlignedDigits x = aligned(a.high_, a.low_, a.exponent_ - exponent);
+  const AlignedDigits y = aligned(b.high_, b.low_, b.exponent_ - exponent);
+  if (x == y) return 0;
+  return x < y ? -signOfA : signOfA;
+}
+
 bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept {
-  if (a.isNaN_ || b.isNaN_) return false;
-  const auto normalised = [](const JXDecimal& d) {
-    std::string digits = d.significantDigits();
-    int exponent = d.exponent_;
-    while (digits.size() > 1 && digits.back() == '0') {
-      digits.pop_back();
-      ++exponent;
-    }
-    return digits == "0" ? std::pair<std::string, int>("0", 0)
-                         : std::pair<std::string, int>((d.negative_ ? "-" : "") + digits, exponent);
-  };
-  return normalised(a) == normalised(b);
+  return !a.isNaN_ && !b.isNaN_ && JXDecimal::compare(a, b) == 0;
+}
+
+bool operator<(const JXDecimal& a, const JXDecimal& b) noexcept {
+  return !a.isNaN_ && !b.isNaN_ && JXDecimal::compare(a, b) < 0;
+}
+
+bool operator<=(const JXDecimal& a, const JXDecimal& b) noexcept {
+  return !a.isNaN_ && !b.isNaN_ && JXDecimal::compare(a, b) <= 0;
+}
+
+JXDecimal operator+(const JXDecimal& a, const JXDecimal& b) noexcept {
+  if (a.isNaN_ || b.isNaN_) return JXDecimal::nan();
+  const int exponent = std::min(a.exponent_, b.exponent_);
+  AlignedDigits larger = aligned(a.high_, a.low_, a.exponent_ - exponent);
+  AlignedDigits smaller = aligned(b.high_, b.low_, b.exponent_ - exponent);
+  const bool isSwapped = larger < smaller;
+  if (isSwapped) larger.swap(smaller);
+  const bool subtracts = a.negative_ != b.negative_;
+  // Opposite numbers add up to a positive zero.
+  const bool isNegative = subtracts && larger == smaller ? false : (isSwapped ? b : a).negative_;
+  int carry = 0;
+  for (std::size_t i = larger.size(); i-- > 0;) {
+    const int other = smaller[i] - '0' + carry;
+    int digit = larger[i] - '0' + (subtracts ? -other : other);
+    carry = digit < 0 || digit > 9 ? 1 : 0;
+    if (carry != 0) digit += subtracts ? 10 : -10;
+    larger[i] = static_cast<char>('0' + digit);
+  }
+  return JXDecimal::fromDigits(isNegative, {larger.data(), larger.size()}, {}, exponent);
 }
 
 std::ostream& operator<<(std::ostream& out, const JXDecimal& value) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -66,9 +67,37 @@ class JX_API JXDecimal {
   friend JX_API bool operator==(const JXDecimal& a, const JXDecimal& b) noexcept;
   /// Returns the opposite of ==: NaN differs from every value.
   friend bool operator!=(const JXDecimal& a, const JXDecimal& b) noexcept { return !(a == b); }
+  /// @name Order of values, regardless of scale
+  /// NaN is unordered: every comparison with it returns false.
+  /// @{
+
+  /// Returns true if `a` is less than `b`.
+  friend JX_API bool operator<(const JXDecimal& a, const JXDecimal& b) noexcept;
+  /// Returns true if `a` is less than or equal to `b`.
+  friend JX_API bool operator<=(const JXDecimal& a, const JXDecimal& b) noexcept;
+  /// Returns true if `a` is greater than `b`.
+  friend bool operator>(const JXDecimal& a, const JXDecimal& b) noexcept { return b < a; }
+  /// Returns true if `a` is greater than or equal to `b`.
+  friend bool operator>=(const JXDecimal& a, const JXDecimal& b) noexcept { return b <= a; }
+  /// @}
+
+  /// Returns the exact sum with the larger of both scales: 12.5 + 0.50 is 13.00. A sum of more than
+  /// 38 significant digits is rounded half away from zero; one that is out of range is NaN. Returns
+  /// NaN if an operand is NaN.
+  friend JX_API JXDecimal operator+(const JXDecimal& a, const JXDecimal& b) noexcept;
+  /// Adds `other`, as `+` does.
+  JXDecimal& operator+=(const JXDecimal& other) noexcept { return *this = *this + other; }
+  /// Returns the number with the opposite sign; NaN for NaN.
+  constexpr JXDecimal operator-() const noexcept {
+    JXDecimal result = *this;
+    if (!isNaN_) result.negative_ = !negative_;
+    return result;
+  }
 
  private:
   JXDecimal(bool negative, std::uint64_t magnitude) noexcept;
+  bool isZero() const noexcept { return high_ == 0 && low_ == 0; }
+  static int compare(const JXDecimal& a, const JXDecimal& b) noexcept;
   static JXDecimal fromDigits(bool negative, std::string_view integerDigits,
                               std::string_view fractionDigits, std::int64_t exponent) noexcept;
   std::string significantDigits() const;
@@ -84,5 +113,27 @@ class JX_API JXDecimal {
 
 /// Writes the result of `toString`, for test messages and logs.
 JX_API std::ostream& operator<<(std::ostream& out, const JXDecimal& value);
+
+/// Literals of exact decimals, found in namespace `jx` and by `using namespace jx::literals`.
+inline namespace literals {
+
+/// Returns the number as it is written in the source, which is never converted to a double:
+/// `-12.50_decimal`. A literal that is not decimal, or has digit separators, does not compile.
+template <char... Characters>
+JXDecimal operator""_decimal() noexcept {
+  static_assert(
+      (((Characters >= '0' && Characters <= '9') || Characters == '.' || Characters == 'e' ||
+        Characters == 'E' || Characters == '+' || Characters == '-') &&
+       ...),
+      "the literal must be a decimal number without digit separators");
+  constexpr char text[] = {Characters..., '\0'};
+  return JXDecimal::fromString(std::string_view(text, sizeof...(Characters)));
+}
+/// Returns `JXDecimal::fromString` of the string: `"-12.50"_decimal`.
+inline JXDecimal operator""_decimal(const char* text, std::size_t length) noexcept {
+  return JXDecimal::fromString(std::string_view(text, length));
+}
+
+}  // namespace literals
 
 }  // namespace jx
