@@ -53,6 +53,16 @@ void JXAdditionalProperties::addAdditionalProperty_withStringValue(const JXStrin
   });
 }
 
+void JXAdditionalProperties::addAdditionalProperty_withNumberValue(const JXString& key,
+                                                                   const JXDecimal& value) {
+  addValue(key, value);
+}
+
+void JXAdditionalProperties::addValue(const JXString& key, const JXJsonValue& value) {
+  if (!key.isPresent() || !value.isPresent()) return;
+  change([&](JXJsonObject& properties) { properties.set(key.view(), value); });
+}
+
 void JXAdditionalProperties::addAdditionalProperty_withDictValue(const JXString& key,
                                                                  const JXJsonObject& value) {
   if (!key.isPresent()) return;

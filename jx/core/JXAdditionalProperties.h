@@ -4,7 +4,9 @@
 
 #include <memory>
 #include <mutex>
+#include <type_traits>
 
+#include "jx/core/json/JXDecimal.h"
 #include "jx/core/json/JXJsonValue.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
@@ -39,6 +41,13 @@ class JX_API JXAdditionalProperties {
 
   /// Adds a string. A null key or value is ignored; an empty key is valid.
   void addAdditionalProperty_withStringValue(const JXString& key, const JXString& value);
+  /// Adds a number exactly, without rounding. A null key and NaN are ignored.
+  void addAdditionalProperty_withNumberValue(const JXString& key, const JXDecimal& value);
+  /// Adds a Boolean. A null key is ignored. Accepts only `bool`, so that pointers do not convert.
+  template <typename Bool, typename = std::enable_if_t<std::is_same_v<Bool, bool>>>
+  void addAdditionalProperty_withBoolValue(const JXString& key, Bool value) {
+    addValue(key, value);
+  }
   /// Adds a JSON object by reference: entries added to `value` later are sent too. A null key or
   /// value is ignored.
   void addAdditionalProperty_withDictValue(const JXString& key, const JXJsonObject& value);
@@ -64,6 +73,7 @@ class JX_API JXAdditionalProperties {
   virtual bool baseInit() { return true; }
 
  private:
+  void addValue(const JXString& key, const JXJsonValue& value);
   /// Calls `operation` with the additional properties, under the mutex if there is one.
   template <typename Operation>
   void change(const Operation& operation);

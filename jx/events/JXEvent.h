@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/JXList.h"
@@ -57,6 +58,25 @@ class JX_API JXEvent : public JXAdditionalProperties {
   void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
     addAdditionalProperty_withStringValue(key, value);
   }
+  /// Adds a number exactly, replacing any value with the same key. A null key and NaN are ignored.
+  void addAdditionalParameter_withValue(const JXString& key, const JXDecimal& value) {
+    addAdditionalProperty_withNumberValue(key, value);
+  }
+  /// Adds an integer or a Boolean, replacing any value with the same key. A null key is ignored.
+  /// Characters do not compile.
+  template <typename Value, typename = std::enable_if_t<detail::isNumberInteger<Value> ||
+                                                        std::is_same_v<Value, bool>>>
+  void addAdditionalParameter_withValue(const JXString& key, Value value) {
+    if constexpr (std::is_same_v<Value, bool>) {
+      addAdditionalProperty_withBoolValue(key, value);
+    } else {
+      addAdditionalProperty_withNumberValue(key, value);
+    }
+  }
+  /// Deleted, because binary floating point is not exact: pass a `JXDecimal`.
+  template <typename Floating, typename = std::enable_if_t<std::is_floating_point_v<Floating>>,
+            typename = void>
+  void addAdditionalParameter_withValue(const JXString& key, Floating value) = delete;
   /// Adds an object, replacing any value with the same key. Stores the object itself, not a copy,
   /// so that entries added to it later are sent too. A null key or object is ignored.
   void addAdditionalParameter_forJsonDict(const JXString& key, const JXJsonObject& value) {

@@ -7,6 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <type_traits>
+#include <utility>
+
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/events/JXCustomEvent.h"
@@ -254,6 +260,44 @@ TEST_F(EventBase, SetsPropertiesOfTheClassAndItsBasesByName) {
   EXPECT_NE(type.setProperty(*event, "currency", 7), "") << "must be a string";
   EXPECT_EQ(event->currency(), JXString("GBP"));
   EXPECT_NE(type.setProperty(*event, "coupon", "c"), "") << "not a field of this class";
+}
+
+template <typename Value, typename = void>
+constexpr bool isParameter = false;
+template <typename Value>
+constexpr bool isParameter<
+    Value, std::void_t<decltype(std::declval<JXEvent&>().addAdditionalParameter_withValue(
+               "key", std::declval<Value>()))>> = true;
+
+static_assert(isParameter<const char*> && isParameter<std::string> && isParameter<JXString>);
+static_assert(isParameter<bool> && isParameter<int> && isParameter<std::uint64_t>);
+static_assert(isParameter<JXDecimal> && isParameter<std::nullptr_t>);
+static_assert(!isParameter<double> && !isParameter<float> && !isParameter<long double>);
+static_assert(!isParameter<char> && !isParameter<const void*>);
+
+TEST_F(EventBase, StoresNumericAndBooleanParametersWithTheirJsonType) {
+  const auto event = JXEvent::init();
+  event->addAdditionalParameter_withValue("string", "7");
+  event->addAdditionalParameter_withValue("amount", JXDecimal::fromString("12.50"));
+  event->addAdditionalParameter_withValue("count", 7);
+  event->addAdditionalParameter_withValue("zero", 0);
+  event->addAdditionalParameter_withValue("large", std::uint64_t{18446744073709551615u});
+  event->addAdditionalParameter_withValue("yes", true);
+  event->addAdditionalParameter_withValue("no", false);
+  EXPECT_EQ(JXJsonWriter::write(event->getAdditionalProperties(), JXJsonStyle::Compact).text,
+            R"({"string":"7","amount":12.50,"count":7,"zero":0,"large":18446744073709551615,)"
+            R"("yes":true,"no":false})");
+  event->addAdditionalParameter_withValue("count", "seven");
+  EXPECT_EQ(event->getAdditionalProperties().get("count").string(), JXString("seven"));
+}
+
+TEST_F(EventBase, IgnoresNaNParametersAndNullKeysOfNumbers) {
+  const auto event = JXEvent::init();
+  event->addAdditionalParameter_withValue("amount", JXDecimal::nan());
+  event->addAdditionalParameter_withValue(nullptr, 7);
+  event->addAdditionalParameter_withValue(nullptr, true);
+  event->addAdditionalParameter_withValue("string", nullptr);
+  EXPECT_EQ(event->getAdditionalProperties().size(), 0u);
 }
 
 }  // namespace
