@@ -16,6 +16,8 @@ class JX_API JXCustomEvent : public JXEvent {
   /// Creates an event with this name. With a null name, the event fails `verifyEvent` and is sent
   /// without "event_name".
   static std::shared_ptr<JXCustomEvent> initWithName(const JXString& name);
+  /// Deleted, because an event of this class needs a name.
+  static std::shared_ptr<JXCustomEvent> init() = delete;
 
   /// Returns the descriptor of this class: fields and conditions; the application chooses the event
   /// name. Never destroyed.

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 #include "jx/core/JXAdditionalProperties.h"
@@ -27,6 +28,11 @@ class JX_API JXItem final : public JXAdditionalProperties {
   /// Creates an item with these values, without validating them; a null product stays null.
   static std::shared_ptr<JXItem> initWithItemId_withProduct_withQuantity(
       const JXString& itemId, const std::shared_ptr<JXProduct>& product, std::int32_t quantity);
+  /// Deleted for floating point and for integers that do not fit: pass a `std::int32_t`, or set
+  /// `quantity` to a `JXDecimal`.
+  template <typename Number, typename = std::enable_if_t<detail::isLossyAs<Number, std::int32_t>>>
+  static std::shared_ptr<JXItem> initWithItemId_withProduct_withQuantity(
+      const JXString& itemId, const std::shared_ptr<JXProduct>& product, Number quantity) = delete;
 
   /// Returns true if `ID` is a non-empty string, `product` is set and valid, and `quantity` is set.
   /// Any quantity but NaN is valid.

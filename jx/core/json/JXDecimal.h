@@ -15,11 +15,23 @@
 namespace jx {
 
 namespace detail {
-/// True for integer types that represent numbers; false for `bool` and character types.
+/// True for integer types of up to 64 bits that represent numbers; false for `bool` and character
+/// types.
 template <typename T>
-inline constexpr bool isNumberInteger =
-    std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
-    !std::is_same_v<T, wchar_t> && !std::is_same_v<T, char16_t> && !std::is_same_v<T, char32_t>;
+inline constexpr bool isNumberInteger = std::is_integral_v<T> &&
+                                        sizeof(T) <= sizeof(std::uint64_t) &&
+                                        !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
+                                        !std::is_same_v<T, wchar_t> &&
+                                        !std::is_same_v<T, char16_t> &&
+                                        !std::is_same_v<T, char32_t>;
+/// True for arithmetic types with values that an `Integer` cannot represent: floating point, wider
+/// integers, and an unsigned integer of the same width as a signed `Integer`.
+template <typename T, typename Integer>
+inline constexpr bool isLossyAs = std::is_floating_point_v<T> ||
+                                  (std::is_integral_v<T> &&
+                                   (sizeof(T) > sizeof(Integer) ||
+                                    (sizeof(T) == sizeof(Integer) &&
+                                     std::is_signed_v<T> != std::is_signed_v<Integer>)));
 }  // namespace detail
 
 /// An exact decimal number: up to 38 significant digits and a power of ten from -128 to 127.

@@ -23,6 +23,8 @@ class JX_API JXVideoAdEvent final : public JXVideoEvent {
   /// a name. `sessionId` is the video session ID.
   static std::shared_ptr<JXVideoAdEvent> initWithMode_andSessionId(EJXVideoAdMode mode,
                                                                    const JXString& sessionId);
+  /// Deleted, because an event of this class needs a mode.
+  static std::shared_ptr<JXVideoAdEvent> init() = delete;
 
   /// The type of the advertisement. A value outside the enumeration is stored but not written.
   EJXAdType adType() const { return static_cast<EJXAdType>(adType_); }

@@ -22,6 +22,8 @@ class JX_API JXVideoContentEvent final : public JXVideoEvent {
   /// a name. `sessionId` is the video session ID.
   static std::shared_ptr<JXVideoContentEvent> initWithMode_andSessionId(EJXVideoContentMode mode,
                                                                         const JXString& sessionId);
+  /// Deleted, because an event of this class needs a mode.
+  static std::shared_ptr<JXVideoContentEvent> init() = delete;
 
   /// True if the video is a full episode, not a part of it. Always written.
   bool fullEpisode() const { return fullEpisode_; }

@@ -22,6 +22,8 @@ class JX_API JXVideoPlaybackEvent final : public JXVideoEvent {
   /// a name. `sessionId` is the video session ID.
   static std::shared_ptr<JXVideoPlaybackEvent> initWithMode_andSessionId(EJXVideoPlaybackMode mode,
                                                                          const JXString& sessionId);
+  /// Deleted, because an event of this class needs a mode.
+  static std::shared_ptr<JXVideoPlaybackEvent> init() = delete;
 
   /// True if the video fills the screen. Always written.
   bool fullScreen() const { return fullScreen_; }
