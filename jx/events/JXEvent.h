@@ -40,20 +40,6 @@ class JX_API JXEvent : public JXAdditionalProperties {
   template <typename Block>
   static JXJsonArray getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks);
 
-  // The parts of the event's JSON, in writing order, for callers that insert values between them.
-  // If `canSerialiseFromFieldTable` returns true, the parts are the whole of `getJsonObject`.
-
-  /// Returns false if the class overrides `getJsonObject`, or if an additional property has the key
-  /// of a field, which changes the writing order. Then only `getJsonObject` returns the event's
-  /// JSON.
-  bool canSerialiseFromFieldTable() const;
-  /// Writes the name and the page.
-  void writeHead(JXJsonSink& sink) const;
-  /// Writes the event's context entries: a new "event_id".
-  void writeContext(JXJsonSink& sink) const;
-  /// Writes the fields of the event's class and its base classes.
-  void writeFields(JXJsonSink& sink) const;
-
   /// Adds a parameter, replacing any value with the same key. A null key or value is ignored.
   void addAdditionalParameter_withValue(const JXString& key, const JXString& value) {
     addAdditionalProperty_withStringValue(key, value);
@@ -103,9 +89,26 @@ class JX_API JXEvent : public JXAdditionalProperties {
  protected:
   JXEvent() = default;
 
+  // The parts of the event's JSON, in writing order, for JXPostData, which inserts values between
+  // them. If `canSerialiseFromFieldTable` returns true, the parts are the whole of `getJsonObject`.
+
+  /// Returns false if the class overrides `getJsonObject`, or if an additional property has the key
+  /// of a field, which changes the writing order. Then only `getJsonObject` returns the event's
+  /// JSON.
+  bool canSerialiseFromFieldTable() const;
+  /// Writes the name and the page.
+  void writeHead(JXJsonSink& sink) const;
+  /// Writes the event's context entries: a new "event_id".
+  void writeContext(JXJsonSink& sink) const;
+  /// Writes the fields of the event's class and its base classes.
+  void writeFields(JXJsonSink& sink) const;
+
   JXString name_;
   JXString pageType_;
   JXString pageName_;
+
+ private:
+  friend class JXPostData;
 };
 
 namespace detail {

@@ -48,19 +48,8 @@ void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
   }
 }
 
-void writeBody(const JXEvent& event, std::int32_t serverSideState, JXNewSessionClaim* claim,
-               JXJsonTextSink& sink) {
-  sink.entries(event.getAdditionalProperties());
-  event.writeHead(sink);
-  sink.beginObject(JXE_CONTEXT);
-  event.writeContext(sink);
-  writeDeviceAndApp(sink, claim);
-  sink.endObject();
-  event.writeFields(sink);
-  writeUser(sink, serverSideState);
-}
-
-// Same, but built from the event's JSON object, for events that override getJsonObject.
+// Same as JXPostData::writeBody, but built from the event's JSON object, for events that override
+// getJsonObject.
 void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
                              JXNewSessionClaim* claim, JXJsonTextSink& sink) {
   const JXJsonObject body = event.getJsonObject();
@@ -79,7 +68,22 @@ void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
   sink.root(body);
 }
 
-JXString bodyOf(const JXEvent& event, std::int32_t serverSideState, JXNewSessionClaim* claim) {
+}  // namespace
+
+void JXPostData::writeBody(const JXEvent& event, std::int32_t serverSideState,
+                           JXNewSessionClaim* claim, JXJsonTextSink& sink) {
+  sink.entries(event.getAdditionalProperties());
+  event.writeHead(sink);
+  sink.beginObject(JXE_CONTEXT);
+  event.writeContext(sink);
+  writeDeviceAndApp(sink, claim);
+  sink.endObject();
+  event.writeFields(sink);
+  writeUser(sink, serverSideState);
+}
+
+JXString JXPostData::bodyOf(const JXEvent& event, std::int32_t serverSideState,
+                            JXNewSessionClaim* claim) {
   // The next body is probably about as large as the last one.
   static std::atomic<std::size_t> expectedSize{2048};
   constexpr std::size_t kMaxExpectedSize = std::size_t{64} * 1024;
@@ -98,8 +102,6 @@ JXString bodyOf(const JXEvent& event, std::int32_t serverSideState, JXNewSession
                      std::memory_order_relaxed);
   return body;
 }
-
-}  // namespace
 
 JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
                                                            std::int32_t serverSideState) {

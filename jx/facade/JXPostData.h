@@ -11,6 +11,8 @@
 
 namespace jx {
 
+class JXJsonTextSink;
+
 /// The mark of a new session, taken by the event that carries it. The destructor gives the mark
 /// back, unless the event was posted. Used on one thread.
 class JX_API JXNewSessionClaim {
@@ -43,6 +45,13 @@ class JX_API JXPostData {
   /// moment, and the event takes the mark of a new session, which `claim` then holds.
   static JXString executionBody(const JXEvent& event, std::int32_t serverSideState,
                                 JXNewSessionClaim& claim);
+
+ private:
+  static JXString bodyOf(const JXEvent& event, std::int32_t serverSideState,
+                         JXNewSessionClaim* claim);
+  /// Writes the body in one pass, without a JSON object. The event is serialised by its tables.
+  static void writeBody(const JXEvent& event, std::int32_t serverSideState,
+                        JXNewSessionClaim* claim, JXJsonTextSink& sink);
 };
 
 }  // namespace jx
