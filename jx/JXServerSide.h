@@ -26,6 +26,7 @@
 #include "jx/events/video/JXAdTypes.h"
 #include "jx/events/video/JXVideoModes.h"
 #include "jx/facade/ServerSide.h"
+#include "jx/variables/JXPersistedKeys.h"
 #include "jx/variables/JXPredefinedVariableNames.h"
 #include "jx/variables/JXPredefinedVariables.h"
 #include "jx/variables/JXServerSideVersion.h"

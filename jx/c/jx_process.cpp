@@ -70,11 +70,11 @@ Result copyString(const jx::JXString& string, char* buffer, size_t capacity, siz
 }  // namespace
 
 jx_status jx_application_did_enter_background(void) {
-  return perform(__func__, &jx::JXApplication::applicationDidEnterBackground);
+  return perform(__func__, [] { jx::JXApplication::applicationDidEnterBackground(); });
 }
 
 jx_status jx_application_will_enter_foreground(void) {
-  return perform(__func__, &jx::JXApplication::applicationWillEnterForeground);
+  return perform(__func__, [] { jx::JXApplication::applicationWillEnterForeground(); });
 }
 
 jx_status jx_register_module(const char* name) {

@@ -46,6 +46,10 @@ class JX_API JXDevice : public JXAdditionalProperties {
   std::shared_ptr<JXAdditionalProperties> getScreenProperties() const {
     return JXSessionLock::read(screenProperties_);
   }
+  /// Returns the same object as `getOsProperties`.
+  std::shared_ptr<JXAdditionalProperties> osProperties() const { return getOsProperties(); }
+  /// Returns the same object as `getScreenProperties`.
+  std::shared_ptr<JXAdditionalProperties> screenProperties() const { return getScreenProperties(); }
   /// Reads the user agent if it is still null, and refreshes the lifecycle block.
   void refreshContent();
   /// Returns a new object with the current values. It contains the additional properties,

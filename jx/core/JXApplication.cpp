@@ -7,14 +7,14 @@
 
 namespace jx {
 
-void JXApplication::applicationDidEnterBackground() {
+void JXApplication::applicationDidEnterBackground(const void* application) {
   JXNotificationCenter::defaultCenter()->postNotification(
-      {UIApplicationDidEnterBackgroundNotification});
+      {UIApplicationDidEnterBackgroundNotification, application});
 }
 
-void JXApplication::applicationWillEnterForeground() {
+void JXApplication::applicationWillEnterForeground(const void* application) {
   JXNotificationCenter::defaultCenter()->postNotification(
-      {UIApplicationWillEnterForegroundNotification});
+      {UIApplicationWillEnterForegroundNotification, application});
 }
 
 }  // namespace jx

@@ -89,8 +89,21 @@ void JXCoreServices::start() {
   std::call_once(started_, [this] {
     platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
                                   &JXApplication::applicationWillEnterForeground);
-    if (!configuration_.dryRun) startTransfer();
+    if (configuration_.dryRun) {
+      JXNetworkManager::sharedInstance().startDryRun(userAgentRequest());
+    } else {
+      startTransfer();
+    }
   });
+}
+
+std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {
+  return [this](std::function<void()> known) {
+    platform_->requestUserAgent([known = std::move(known)](const JXString& userAgent) {
+      announceUserAgent(userAgent);
+      known();
+    });
+  };
 }
 
 void JXCoreServices::startTransfer() {
@@ -115,12 +128,7 @@ void JXCoreServices::startTransfer() {
     if (defaultsFile_) defaultsFile_->maintain();
   };
   setup.beforeConnecting = [] { JXNetwork::sharedInstance().refresh(); };
-  setup.requestUserAgent = [this](std::function<void()> known) {
-    platform_->requestUserAgent([known = std::move(known)](const JXString& userAgent) {
-      announceUserAgent(userAgent);
-      known();
-    });
-  };
+  setup.requestUserAgent = userAgentRequest();
   JXNetworkManager::sharedInstance().start(std::move(setup));
   // The identifiers were created before the transfer thread existed.
   maintenanceIsDue_ = false;

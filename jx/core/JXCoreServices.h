@@ -40,6 +40,8 @@ class JXCoreServices {
  private:
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
+  /// Returns the operation that requests, stores and announces the user agent; see JXTransferSetup.
+  std::function<void(std::function<void()>)> userAgentRequest();
 
   JXCoreConfiguration configuration_;
   std::shared_ptr<const JXClock> clock_;

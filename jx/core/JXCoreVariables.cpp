@@ -8,6 +8,7 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
+#include "jx/core/transfer/JXNetworkManager.h"
 
 namespace jx {
 namespace {
@@ -54,6 +55,11 @@ JXString JXCoreVariables::nowMsString() const { return std::to_string(nowMs()); 
 JXString JXCoreVariables::nowString() const {
   return std::to_string(
       std::chrono::floor<std::chrono::seconds>(std::chrono::milliseconds(nowMs())).count());
+}
+
+void JXCoreVariables::setEnableSDKInBG(bool enabled) {
+  enableSDKInBG_ = enabled;
+  JXNetworkManager::sharedInstance().setRunningInBackground(enabled);
 }
 
 void JXCoreVariables::setIDFV() {

@@ -35,9 +35,10 @@ class JX_API JXCoreVariables {
   /// Returns the seconds since the Unix epoch, rounded down, as a decimal string.
   JXString nowString() const;
 
-  /// Records whether the core may send while the application is in the background. It only stores
-  /// the value; `JXNetworkManager::enableRunningInBackground` enables the delivery.
-  void setEnableSDKInBG(bool enabled) { enableSDKInBG_ = enabled; }
+  /// Sets whether the core may send while the application is in the background, as
+  /// `JXNetworkManager::setRunningInBackground` does. False pauses delivery at once if the
+  /// application is in the background.
+  void setEnableSDKInBG(bool enabled);
   /// Returns the value set last; initially false.
   bool enableSDKInBG() const { return enableSDKInBG_; }
   /// Reads the platform's vendor identifier and stores it under `kJXPredefinedVariable_IDFV`.

@@ -119,11 +119,13 @@ class JX_API JXPlatform {
   /// with null if there is no user agent.
   virtual void requestUserAgent(std::function<void(const JXString&)> completion) = 0;
 
+  /// Called with the application object of the system, for comparison only; null if it has none.
+  using ApplicationCallback = std::function<void(const void* application)>;
   /// Registers functions that are called on the main thread when the application enters the
   /// background and before it returns to the foreground. Called once. Does nothing on a system
   /// without such notifications; there the application calls JXApplication itself.
-  virtual void observeApplication(std::function<void()> didEnterBackground,
-                                  std::function<void()> willEnterForeground) = 0;
+  virtual void observeApplication(ApplicationCallback didEnterBackground,
+                                  ApplicationCallback willEnterForeground) = 0;
 
   /// Returns a new random UUID: 36 characters, upper-case hexadecimal, hyphenated.
   virtual JXString newUUID() = 0;

@@ -121,6 +121,11 @@ void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store
   if (store && dynamicStore_) dynamicStore_->addData(*store);
 }
 
+void JXPredefinedVariables::addData(const JXJsonObject& entries) {
+  const JXSessionLock lock;
+  if (dynamicStore_) dynamicStore_->addData(entries);
+}
+
 JXString JXPredefinedVariables::getData(const JXString& key) const {
   const JXSessionLock lock;
   return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();

@@ -51,6 +51,11 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void addData_withValue(const JXString& key, const JXString& value);
   /// Adds every entry of the store; a null store is ignored.
   void addData(const std::shared_ptr<JXDynamicStore>& store);
+  /// Adds every entry of the object; a null object is ignored. A value that is not a string
+  /// replaces the variable, which then reads as null.
+  void addData(const JXJsonObject& entries);
+  /// Does nothing, as for a null store or object.
+  void addData(std::nullptr_t) {}
   /// Returns the variable; null if it is not set.
   JXString getData(const JXString& key) const;
   /// Reads several variables atomically; see `JXDynamicStore::getStrings`.

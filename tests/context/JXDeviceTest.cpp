@@ -178,6 +178,9 @@ TEST_F(DeviceBlock, SecondInitChangesNothing) {
   EXPECT_EQ(device.init(), &device);
   EXPECT_EQ(device.language(), JXString("en"));
   EXPECT_EQ(device.getOsProperties(), os);
+  EXPECT_EQ(device.osProperties(), os);
+  EXPECT_EQ(device.screenProperties(), device.getScreenProperties());
+  EXPECT_NE(device.screenProperties(), nullptr);
 }
 
 TEST_F(DeviceBlock, InitLeavesSecondInstanceUnchanged) {

@@ -237,5 +237,21 @@ TEST_F(StartOrder, EachServerSideSendsToItsOwnUrl) {
   EXPECT_EQ(requests().size(), 2u);
 }
 
+TEST_F(ApplicationState, PassesTheApplicationObjectOfTheSystem) {
+  const auto serverSide = make();
+  const int application = 0;
+  platform->application = &application;
+  platform->enterBackground();
+  platform->enterForeground();
+  JXApplication::applicationDidEnterBackground();
+  const auto entered = posted(UIApplicationDidEnterBackgroundNotification);
+  ASSERT_EQ(entered.size(), 2u);
+  EXPECT_EQ(entered[0].object, &application);
+  EXPECT_EQ(entered[1].object, nullptr) << "the application passes none";
+  const auto left = posted(UIApplicationWillEnterForegroundNotification);
+  ASSERT_EQ(left.size(), 1u);
+  EXPECT_EQ(left[0].object, &application);
+}
+
 }  // namespace
 }  // namespace jx::test

@@ -230,5 +230,47 @@ TEST_F(ServerSideState, StopPausesDeliveryAndEnablingResumesIt) {
   EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
 }
 
+TEST_F(ServerSideState, CoreVariableAllowsDeliveryInBackgroundAndRevokesIt) {
+  queueForReal();
+  const auto serverSide = make();
+  platform->enterBackground();
+  JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
+  JXCoreVariables::sharedInstance().setEnableSDKInBG(false);
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
+  platform->enterForeground();
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
+}
+
+TEST_F(ServerSideState, CoreVariableRevokesEnableRunningInBackground) {
+  queueForReal();
+  const auto serverSide = make();
+  serverSide->enableRunningInBackground();
+  JXCoreVariables::sharedInstance().setEnableSDKInBG(false);
+  platform->enterBackground();
+  EXPECT_TRUE(JXNetworkManager::sharedInstance().counters().paused);
+}
+
+TEST_F(ServerSideState, WaitForUserAgentRequestsItInADryRun) {
+  platform->userAgentAnswersLater = true;
+  const auto serverSide = make();
+  serverSide->waitForUserAgent();
+  EXPECT_EQ(platform->userAgentRequestCount(), 1);
+  EXPECT_TRUE(posted(kJXNotification_UserAgentAvailable).empty());
+  EXPECT_EQ(platform->answerUserAgent("Agent/2"), 1);
+  const auto notifications = posted(kJXNotification_UserAgentAvailable);
+  ASSERT_EQ(notifications.size(), 1u);
+  EXPECT_EQ(notifications[0].userInfo.get(kJXUserInfo_DataKey).string(), JXString("Agent/2"));
+  EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/2"));
+}
+
+TEST_F(ServerSideState, WaitForUserAgentBeforeADryRunStartsIsHonoured) {
+  JXNetworkManager::sharedInstance().waitForUserAgent();
+  EXPECT_EQ(platform->userAgentRequestCount(), 0);
+  const auto serverSide = make();
+  EXPECT_EQ(platform->userAgentRequestCount(), 1);
+  EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), platform->userAgent);
+}
+
 }  // namespace
 }  // namespace jx::test

@@ -61,7 +61,8 @@ TEST(JXFakePlatform, NotifiesObserversOnRequest) {
   JXFakePlatform platform;
   EXPECT_FALSE(platform.enterBackground());
   std::string calls;
-  platform.observeApplication([&calls] { calls += 'B'; }, [&calls] { calls += 'F'; });
+  platform.observeApplication([&calls](const void*) { calls += 'B'; },
+                              [&calls](const void*) { calls += 'F'; });
   EXPECT_TRUE(platform.enterBackground());
   EXPECT_TRUE(platform.enterForeground());
   EXPECT_EQ(calls, "BF");

@@ -142,7 +142,8 @@ TEST_F(LinuxPlatform, IgnoresAnEmptyUserAgentCallback) {
 
 TEST_F(LinuxPlatform, NeverCallsApplicationObservers) {
   int calls = 0;
-  platform().observeApplication([&calls] { ++calls; }, [&calls] { ++calls; });
+  platform().observeApplication([&calls](const void*) { ++calls; },
+                                [&calls](const void*) { ++calls; });
   EXPECT_EQ(calls, 0);
 }
 

@@ -26,7 +26,6 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/platform/JXManualClock.h"
-#include "jx/variables/JXPersistedKeys.h"
 
 namespace {
 

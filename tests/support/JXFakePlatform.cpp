@@ -58,22 +58,22 @@ int JXFakePlatform::answerUserAgent(const JXString& text) {
 }
 
 bool JXFakePlatform::enterBackground() {
-  std::function<void()> observer;
+  ApplicationCallback observer;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     observer = didEnterBackground_;
   }
-  if (observer) observer();
+  if (observer) observer(application);
   return static_cast<bool>(observer);
 }
 
 bool JXFakePlatform::enterForeground() {
-  std::function<void()> observer;
+  ApplicationCallback observer;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     observer = willEnterForeground_;
   }
-  if (observer) observer();
+  if (observer) observer(application);
   return static_cast<bool>(observer);
 }
 
@@ -84,8 +84,8 @@ void JXFakePlatform::requestUserAgent(std::function<void(const JXString&)> answe
   waiting_.push_back(std::move(answer));
 }
 
-void JXFakePlatform::observeApplication(std::function<void()> didEnterBackground,
-                                        std::function<void()> willEnterForeground) {
+void JXFakePlatform::observeApplication(ApplicationCallback didEnterBackground,
+                                        ApplicationCallback willEnterForeground) {
   const std::lock_guard<std::mutex> lock(mutex_);
   ++observeCount_;
   didEnterBackground_ = std::move(didEnterBackground);

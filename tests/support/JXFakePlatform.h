@@ -85,6 +85,8 @@ class JXFakePlatform final : public JXPlatform {
   int answerUserAgent(const JXString& text);
   int userAgentRequestCount() const { return userAgentRequests_.load(); }
 
+  /// The application object that the system passes to the observers.
+  const void* application = nullptr;
   /// Notifies the observers on the calling thread. Returns false when there is none.
   bool enterBackground();
   bool enterForeground();
@@ -113,8 +115,8 @@ class JXFakePlatform final : public JXPlatform {
   JXNetworkKind networkKind() override { return network.load(); }
   std::vector<JXInterfaceAddress> interfaceAddresses() override { return addresses; }
   void requestUserAgent(std::function<void(const JXString&)> answer) override;
-  void observeApplication(std::function<void()> didEnterBackground,
-                          std::function<void()> willEnterForeground) override;
+  void observeApplication(ApplicationCallback didEnterBackground,
+                          ApplicationCallback willEnterForeground) override;
   JXString newUUID() override;
   std::uint32_t randomBits() override { return nextRandomBits.fetch_add(1); }
   std::int32_t processIdentifier() override { return process; }
@@ -122,8 +124,8 @@ class JXFakePlatform final : public JXPlatform {
  private:
   std::mutex mutex_;
   std::vector<std::function<void(const JXString&)>> waiting_;
-  std::function<void()> didEnterBackground_;
-  std::function<void()> willEnterForeground_;
+  ApplicationCallback didEnterBackground_;
+  ApplicationCallback willEnterForeground_;
   std::atomic<int> userAgentRequests_{0};
   std::atomic<int> observeCount_{0};
   std::atomic<int> uuidCount_{0};

@@ -318,5 +318,20 @@ TEST_F(VariableStore, SendsEventsWithoutStoreOrListener) {
             "1");
 }
 
+TEST_F(VariableStore, MergesAddedJsonObjectAndIgnoresNull) {
+  start();
+  JXJsonObject entries;
+  entries.set("new", "n");
+  entries.set("#JX_LANGUAGE#", "fr");
+  entries.set("number", 5);
+  variables().addData(entries);
+  EXPECT_EQ(variables().getData("new"), JXString("n"));
+  EXPECT_EQ(variables().language(), JXString("fr"));
+  EXPECT_FALSE(variables().getData("number").isPresent());
+  const std::size_t before = variables().dynamicStore()->entries().size();
+  variables().addData(JXJsonObject(nullptr));
+  EXPECT_EQ(variables().dynamicStore()->entries().size(), before);
+}
+
 }  // namespace
 }  // namespace jx::test

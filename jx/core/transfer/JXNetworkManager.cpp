@@ -83,31 +83,34 @@ void JXNetworkManager::waitForUserAgent() {
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     waitsForUserAgent_ = true;
-    if (!transfer_ || !requestUserAgent_) return;
+    if (!requestUserAgent_) return;
   }
   startUserAgentRequest();
 }
 
-// Delivery is paused before the request, because the platform may call back immediately.
+// Delivery is paused before the request, because the platform may call back immediately. A dry run
+// has no transfer.
 void JXNetworkManager::startUserAgentRequest() {
   guarded("Requesting the user agent failed", "delivery does not wait for it", [&] {
     std::shared_ptr<JXTransfer> transfer = this->transfer();
-    transfer->pauseForUserAgent();
+    if (transfer) transfer->pauseForUserAgent();
     try {
       requestUserAgent_([transfer] {
         guarded("Resuming delivery after the user agent failed",
-                "delivery resumes after the wait time", [&] { transfer->userAgentKnown(); });
+                "delivery resumes after the wait time", [&] {
+                  if (transfer) transfer->userAgentKnown();
+                });
       });
     } catch (...) {
-      transfer->userAgentKnown();
+      if (transfer) transfer->userAgentKnown();
       throw;
     }
   });
 }
 
-void JXNetworkManager::enableRunningInBackground() {
+void JXNetworkManager::setRunningInBackground(bool enabled) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  runsInBackground_ = true;
+  runsInBackground_ = enabled;
   applyBackground();
 }
 
@@ -186,6 +189,18 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     }
     if (requestsUserAgent) startUserAgentRequest();
   });
+}
+
+void JXNetworkManager::startDryRun(
+    std::function<void(std::function<void()> known)> requestUserAgent) {
+  bool requestsUserAgent = false;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (transfer_ || requestUserAgent_) return;
+    requestUserAgent_ = std::move(requestUserAgent);
+    requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
+  }
+  if (requestsUserAgent) startUserAgentRequest();
 }
 
 }  // namespace jx

@@ -38,10 +38,12 @@ class JX_API JXNetworkManager {
   /// Pauses requests until the platform's user agent is known, for at most
   /// `JXRetryTimings::userAgentWait`. The user agent is then stored in JXCoreVariables and
   /// `kJXNotification_UserAgentAvailable` is posted, on the thread on which the platform returns
-  /// it.
+  /// it; in a dry run too.
   void waitForUserAgent();
   /// Allows sending while the application is in the background.
-  void enableRunningInBackground();
+  void enableRunningInBackground() { setRunningInBackground(true); }
+  /// Sets whether requests are sent while the application is in the background; initially false.
+  void setRunningInBackground(bool enabled);
 
   /// Queues a request. It is in the outbox when this returns; the caller performs one write.
   void enqueue(std::string_view url, std::string_view body);
@@ -67,6 +69,9 @@ class JX_API JXNetworkManager {
   /// by the core; a second call is ignored. When the system cannot create a thread, logs the
   /// failure at level 3; requests are then not accepted.
   void start(JXTransferSetup setup);
+  /// Starts a dry run: only the user agent is requested. Called once by the core instead of
+  /// `start`.
+  void startDryRun(std::function<void(std::function<void()> known)> requestUserAgent);
 
  private:
   JXNetworkManager() = default;
@@ -78,7 +83,7 @@ class JX_API JXNetworkManager {
 
   mutable std::mutex mutex_;
   std::shared_ptr<JXTransfer> transfer_;
-  std::function<void(std::function<void()>)> requestUserAgent_;  // set once, before transfer_
+  std::function<void(std::function<void()>)> requestUserAgent_;  // set once, by the start
   int managerState_ = 0;
   bool enabled_ = true;
   bool decided_ = false;  // whether sending was enabled or paused explicitly

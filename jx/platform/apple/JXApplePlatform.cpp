@@ -87,8 +87,8 @@ void JXApplePlatform::requestUserAgent(std::function<void(const JXString&)> comp
   completion(userAgentString(deviceSystemName(), deviceSystemVersion(), deviceMachineName()));
 }
 
-void JXApplePlatform::observeApplication(std::function<void()> didEnterBackground,
-                                         std::function<void()> willEnterForeground) {
+void JXApplePlatform::observeApplication(ApplicationCallback didEnterBackground,
+                                         ApplicationCallback willEnterForeground) {
   const std::lock_guard<std::mutex> lock(observerMutex_);
   if (observer_) return;
   observer_ = std::make_unique<JXApplicationObserver>(std::move(didEnterBackground),

@@ -72,8 +72,8 @@ class JXApplePlatform final : public JXPlatform {
   /// "tvOS/12.4 (AppleTV6-2)". tvOS has no web view that provides one.
   void requestUserAgent(std::function<void(const JXString&)> completion) override;
 
-  void observeApplication(std::function<void()> didEnterBackground,
-                          std::function<void()> willEnterForeground) override;
+  void observeApplication(ApplicationCallback didEnterBackground,
+                          ApplicationCallback willEnterForeground) override;
 
   JXString newUUID() override;
   std::uint32_t randomBits() override;

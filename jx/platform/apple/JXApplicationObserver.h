@@ -11,18 +11,20 @@ namespace jx {
 /// must not run while a notification is being delivered.
 class JXApplicationObserver {
  public:
-  JXApplicationObserver(std::function<void()> didEnterBackground,
-                        std::function<void()> willEnterForeground);
+  /// Called with the UIApplication.
+  using Callback = std::function<void(const void* application)>;
+
+  JXApplicationObserver(Callback didEnterBackground, Callback willEnterForeground);
   ~JXApplicationObserver();
   JXApplicationObserver(const JXApplicationObserver&) = delete;
   JXApplicationObserver& operator=(const JXApplicationObserver&) = delete;
 
-  void didEnterBackground() const;
-  void willEnterForeground() const;
+  void didEnterBackground(const void* application) const;
+  void willEnterForeground(const void* application) const;
 
  private:
-  const std::function<void()> didEnterBackground_;
-  const std::function<void()> willEnterForeground_;
+  const Callback didEnterBackground_;
+  const Callback willEnterForeground_;
   void* listener_;  // an Objective-C object, owned
 };
 

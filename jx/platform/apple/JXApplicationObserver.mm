@@ -25,21 +25,19 @@
 }
 
 - (void)applicationDidEnterBackground:(NSNotification*)notification {
-  static_cast<void>(notification);
-  observer_->didEnterBackground();
+  observer_->didEnterBackground(static_cast<const void*>([notification object]));
 }
 
 - (void)applicationWillEnterForeground:(NSNotification*)notification {
-  static_cast<void>(notification);
-  observer_->willEnterForeground();
+  observer_->willEnterForeground(static_cast<const void*>([notification object]));
 }
 
 @end
 
 namespace jx {
 
-JXApplicationObserver::JXApplicationObserver(std::function<void()> didEnterBackground,
-                                             std::function<void()> willEnterForeground)
+JXApplicationObserver::JXApplicationObserver(Callback didEnterBackground,
+                                             Callback willEnterForeground)
     : didEnterBackground_(std::move(didEnterBackground)),
       willEnterForeground_(std::move(willEnterForeground)) {
   @autoreleasepool {
@@ -65,12 +63,12 @@ JXApplicationObserver::~JXApplicationObserver() {
   }
 }
 
-void JXApplicationObserver::didEnterBackground() const {
-  if (didEnterBackground_) didEnterBackground_();
+void JXApplicationObserver::didEnterBackground(const void* application) const {
+  if (didEnterBackground_) didEnterBackground_(application);
 }
 
-void JXApplicationObserver::willEnterForeground() const {
-  if (willEnterForeground_) willEnterForeground_();
+void JXApplicationObserver::willEnterForeground(const void* application) const {
+  if (willEnterForeground_) willEnterForeground_(application);
 }
 
 }  // namespace jx

@@ -102,7 +102,7 @@ void JXLinuxPlatform::requestUserAgent(std::function<void(const JXString&)> comp
   completion(userAgentString(known.release.name, known.release.version, known.kernel.machine));
 }
 
-void JXLinuxPlatform::observeApplication(std::function<void()>, std::function<void()>) {}
+void JXLinuxPlatform::observeApplication(ApplicationCallback, ApplicationCallback) {}
 
 JXString JXLinuxPlatform::newUUID() { return makeRandomUUID(); }
 

@@ -76,8 +76,8 @@ class JXLinuxPlatform final : public JXPlatform {
   void requestUserAgent(std::function<void(const JXString&)> completion) override;
 
   /// Does nothing: the application calls JXApplication itself.
-  void observeApplication(std::function<void()> didEnterBackground,
-                          std::function<void()> willEnterForeground) override;
+  void observeApplication(ApplicationCallback didEnterBackground,
+                          ApplicationCallback willEnterForeground) override;
 
   JXString newUUID() override;
   std::uint32_t randomBits() override;

@@ -70,6 +70,19 @@ TEST_F(WholeLibrary, ObservesTransitionsOfTheSystem) {
   EXPECT_EQ(posted(kJXNotification_OnForeground).size(), 1U);
 }
 
+TEST_F(WholeLibrary, PostsTransitionsWithTheApplicationObject) {
+  make();
+  postFakeDidEnterBackground();
+  postFakeWillEnterForeground();
+  const auto entered = posted(UIApplicationDidEnterBackgroundNotification);
+  const auto left = posted(UIApplicationWillEnterForegroundNotification);
+  ASSERT_EQ(entered.size(), 1U);
+  ASSERT_EQ(left.size(), 1U);
+  ASSERT_NE(fakeApplication(), nullptr);
+  EXPECT_EQ(entered[0].object, fakeApplication());
+  EXPECT_EQ(left[0].object, fakeApplication());
+}
+
 TEST_F(WholeLibrary, StoresTheIdentifierInTheUserDefaults) {
   make();
   const JXString stored = JXUserDefaults::retrieveInfoFromUserDefaults("jx_unique_id");

@@ -122,7 +122,8 @@ TEST_F(PlatformContract, ReturnsAStorageFolderThatCanBeCreated) {
 TEST_F(PlatformContract, ReportsEachTransitionOnceIfTheSystemNotifies) {
   int backgrounds = 0;
   int foregrounds = 0;
-  platform().observeApplication([&] { ++backgrounds; }, [&] { ++foregrounds; });
+  platform().observeApplication([&](const void*) { ++backgrounds; },
+                                [&](const void*) { ++foregrounds; });
   const int expected = system_.postDidEnterBackground ? 1 : 0;
   if (system_.postDidEnterBackground) system_.postDidEnterBackground();
   EXPECT_EQ(backgrounds, expected);
@@ -141,7 +142,7 @@ TEST_F(PlatformContract, IgnoresEmptyTransitionCallbacks) {
 
 TEST_F(PlatformContract, StopsObservingTransitionsWhenDestroyed) {
   int notified = 0;
-  platform().observeApplication([&] { ++notified; }, [&] { ++notified; });
+  platform().observeApplication([&](const void*) { ++notified; }, [&](const void*) { ++notified; });
   platform_.reset();
   if (system_.postDidEnterBackground) system_.postDidEnterBackground();
   if (system_.postWillEnterForeground) system_.postWillEnterForeground();

@@ -61,11 +61,16 @@ FakeDevice& fakeDevice() {
   return device;
 }
 
+const void* fakeApplication() {
+  static NSObject* const application = [[NSObject alloc] init];
+  return application;
+}
+
 void postFakeDidEnterBackground() {
   @autoreleasepool {
     [[NSNotificationCenter defaultCenter]
         postNotificationName:UIApplicationDidEnterBackgroundNotification
-                      object:nil];
+                      object:static_cast<id>(const_cast<void*>(fakeApplication()))];
   }
 }
 
@@ -73,7 +78,7 @@ void postFakeWillEnterForeground() {
   @autoreleasepool {
     [[NSNotificationCenter defaultCenter]
         postNotificationName:UIApplicationWillEnterForegroundNotification
-                      object:nil];
+                      object:static_cast<id>(const_cast<void*>(fakeApplication()))];
   }
 }
 

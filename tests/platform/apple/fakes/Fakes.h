@@ -38,6 +38,8 @@ void setFakePath(const FakePath& path);
 void resetFakePath();
 int runningFakeMonitors();
 
+/// Returns the object of the notifications below; represents UIApplication.
+const void* fakeApplication();
 /// Posts the notification on the default centre of Foundation, like the system.
 void postFakeDidEnterBackground();
 void postFakeWillEnterForeground();
