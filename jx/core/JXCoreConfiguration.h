@@ -9,6 +9,7 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXOutboxBounds.h"
 #include "jx/core/transfer/JXDelivery.h"
+#include "jx/core/transfer/JXHttpTransport.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXClock.h"
 #include "jx/platform/JXPlatform.h"
@@ -73,6 +74,10 @@ struct JX_API JXCoreConfiguration {
 
   /// Clock that provides the time of day. Default: null, the system clock.
   std::shared_ptr<const JXClock> clock;
+  /// HTTP client that sends the requests; see JXHttpTransport for its threads, lifetime and errors.
+  /// `caFile`, `pinnedPublicKeys`, `proxy` and the timeouts of `retryTimings` configure only the
+  /// built-in transport. Not used in a dry run. Default: null, the built-in transport with libcurl.
+  std::shared_ptr<JXHttpTransport> transport;
   /// Interface to the operating system. Default: null, the platform that the library was built for.
   std::shared_ptr<JXPlatform> platform;
 

@@ -122,6 +122,7 @@ void JXCoreServices::startTransfer() {
   setup.pinnedPublicKeys = configuration_.pinnedPublicKeys;
   setup.proxy = configuration_.proxy;
   setup.onDelivery = configuration_.onDelivery;
+  setup.transport = configuration_.transport;
   setup.maintain = [this] {
     // Cleared before the work, so that a change made during the work requests another run.
     maintenanceIsDue_ = false;

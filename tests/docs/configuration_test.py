@@ -19,7 +19,7 @@ STRUCTS = (("JXCoreConfiguration", "jx/core/JXCoreConfiguration.h", ""),
            ("JXRetryTimings", "jx/core/transfer/JXDelivery.h", ""),
            ("JXBundleInformation", "jx/platform/JXPlatform.h", "bundle_"),
            ("JXScreenBounds", "jx/platform/JXPlatform.h", "screen_"))
-NOT_IN_C = {"platform"}
+NOT_IN_C = {"platform", "transport"}
 EMPTY = {"JXString": "null", "JXLogSink": "empty", "JXDeliveryCallback": "empty"}
 UNITS_MS = {"ms": 1, "second": 1_000, "minute": 60_000, "hour": 3_600_000, "day": 86_400_000}
 FIELD_ROW = re.compile(r"^\| `(\w+)` \| `([^`]+)` \| (.+?) \| (`\w+`|-|see below) \| .+ \|$",

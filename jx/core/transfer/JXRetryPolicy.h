@@ -7,14 +7,9 @@
 #include <optional>
 
 #include "jx/core/transfer/JXDelivery.h"
+#include "jx/core/transfer/JXHttpTransport.h"
 
 namespace jx {
-
-/// Result of one attempt to send a request.
-struct JXAttemptResult {
-  int status = 0;              ///< HTTP status; 0 without a response
-  bool neverSendable = false;  ///< the request can never be sent, for example because of its URL
-};
 
 /// Classification of an attempt: the request is delivered, retried or permanently rejected.
 enum class JXResponseClass { Delivered, Retry, Rejected };

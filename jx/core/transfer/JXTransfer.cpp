@@ -29,6 +29,9 @@ using std::chrono::milliseconds;
 // Limits a wait so that a sum with the clock's time cannot overflow.
 constexpr milliseconds kMaxWait = std::chrono::hours(24 * 365);
 
+// Longest wait of the thread after two failed iterations in a row.
+constexpr milliseconds kDelayAfterFailures{1'000};
+
 milliseconds bounded(milliseconds wait) { return std::clamp(wait, milliseconds::zero(), kMaxWait); }
 
 JXTransferSetup completed(JXTransferSetup setup) {
@@ -134,26 +137,45 @@ class JXTransfer::Engine {
       loop_->apply(commands, mailbox_.readAdded());
       const JXTransferWait wait = loop_->act();
       notifyFlushers();
+      if (isAbandoned()) return false;
       const bool mayWait = mailbox_.prepareToSleep(wait.ignoresAdditions);
-      loop_->waitAndComplete(wait, mayWait);
+      std::vector<JXHttpResult> results = loop_->poll(wait, mayWait);
       mailbox_.awake();
+      if (isAbandoned()) return false;
+      loop_->complete(std::move(results));
+      hasFailed_ = false;
     } catch (const std::exception& error) {
-      mailbox_.awake();
-      loop_->recover(error.what());
+      if (!recover(error.what())) return false;
     } catch (...) {
-      mailbox_.awake();
-      loop_->recover("unknown error");
+      if (!recover("unknown error")) return false;
     }
     notifyFlushers();
     return true;
   }
 
-  void end() noexcept {
-    {
-      // Too late: the process may be exiting, with curl's libraries already cleaned up.
-      const std::lock_guard<std::mutex> lock(mutex_);
-      if (abandoned_) return;
+  // Returns false when the thread was abandoned and must not use the transport any more.
+  bool recover(const char* error) noexcept {
+    mailbox_.awake();
+    if (isAbandoned()) return false;
+    loop_->recover(error);
+    // Without this delay, a transport that fails in every `poll` would keep the thread busy.
+    if (std::exchange(hasFailed_, true)) {
+      std::unique_lock<std::mutex> lock(mutex_);
+      changed_.wait_for(lock, kDelayAfterFailures, [this] { return stopped_; });
     }
+    return true;
+  }
+
+  bool isAbandoned() noexcept {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return abandoned_;
+  }
+
+  bool hasFailed_ = false;  // the last iteration ended with an exception
+
+  void end() noexcept {
+    // Too late: the process may be exiting, with curl's libraries already cleaned up.
+    if (isAbandoned()) return;
     try {
       loop_->end();
     } catch (...) {
@@ -250,6 +272,7 @@ bool JXTransfer::stop(milliseconds limit) {
     std::unique_lock<std::mutex> lock(engine_->mutex_);
     if (engine_->stopped_) return engine_->ended_;
     engine_->stopped_ = true;
+    engine_->changed_.notify_all();
     if (!engine_->thread_.joinable()) engine_->ended_ = true;  // it was never started
     if (!engine_->isOnThread())
       engine_->changed_.wait_until(lock, until, [this] { return engine_->ended_; });

@@ -36,8 +36,8 @@ std::string withId(const char* event, const JXString& eventId) {
 }
 
 std::string describe(const JXHttpResult& result) {
-  return result.outcome.status != 0 ? "HTTP status " + std::to_string(result.outcome.status)
-                                    : result.reason;
+  if (result.outcome.status != 0) return "HTTP status " + std::to_string(result.outcome.status);
+  return result.reason.empty() ? "no response" : result.reason;
 }
 
 const char* describe(JXDropReason reason) {
@@ -113,7 +113,7 @@ JXTransferWait JXTransferLoop::act() {
   return wait;
 }
 
-void JXTransferLoop::waitAndComplete(const JXTransferWait& wait, bool mayWait) {
+std::vector<JXHttpResult> JXTransferLoop::poll(const JXTransferWait& wait, bool mayWait) {
   std::optional<milliseconds> timeout;
   if (!mayWait) {
     timeout = milliseconds::zero();
@@ -122,8 +122,12 @@ void JXTransferLoop::waitAndComplete(const JXTransferWait& wait, bool mayWait) {
     const auto left = std::chrono::ceil<milliseconds>(*wait.wakeAt - setup_.steadyNow());
     timeout = std::max(left, milliseconds::zero());
   }
-  for (JXHttpResult& result : setup_.transport->poll(timeout))
-    complete(result);
+  return setup_.transport->poll(timeout);
+}
+
+void JXTransferLoop::complete(std::vector<JXHttpResult> results) {
+  for (JXHttpResult& result : results)
+    completeOne(result);
 }
 
 void JXTransferLoop::end() {
@@ -133,7 +137,11 @@ void JXTransferLoop::end() {
 
 void JXTransferLoop::recover(std::string_view error) noexcept {
   try {
-    log("Transfer thread error: " + std::string(error) + "; in-flight requests requeued", 3);
+    // One message per cause, not per attempt: a transport may fail in every attempt.
+    std::string cause(error);
+    log("Transfer thread error: " + cause + "; in-flight requests requeued",
+        cause == lastFailure_ ? 6 : 3);
+    lastFailure_ = std::move(cause);
     const JXTransferPlan::Time now = setup_.steadyNow();
     abortInFlight();
     plan_.failedInternally(now, setup_.draw());
@@ -168,7 +176,13 @@ void JXTransferLoop::sync() {
   plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
 }
 
-void JXTransferLoop::complete(JXHttpResult& result) {
+void JXTransferLoop::completeOne(JXHttpResult& result) {
+  if (!plan_.isInFlight(result.request.id)) {
+    log("Transport returned a result for a request that is not in flight; ignored", 3);
+    return;
+  }
+  // An application's transport may return an error code as the status.
+  if (result.outcome.status < 100) result.outcome.status = 0;
   const std::optional<milliseconds> retryAfter =
       parseRetryAfter(result.retryAfter.view(), setup_.clock ? setup_.clock->nowMs() : 0);
   const JXTransferPlan::Time now = setup_.steadyNow();

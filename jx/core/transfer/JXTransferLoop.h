@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "jx/core/transfer/JXHttpTransport.h"
 #include "jx/core/transfer/JXTransferMailbox.h"
@@ -28,8 +29,10 @@ class JXTransferLoop {
   void apply(const JXTransferCommands& commands, bool added);
   /// Performs the actions that are due now and returns how to wait.
   JXTransferWait act();
-  /// Waits as specified by `wait` (not at all when `mayWait` is false) and processes the results.
-  void waitAndComplete(const JXTransferWait& wait, bool mayWait);
+  /// Waits as specified by `wait` (not at all when `mayWait` is false) and returns the results.
+  std::vector<JXHttpResult> poll(const JXTransferWait& wait, bool mayWait);
+  /// Processes the results of `poll`.
+  void complete(std::vector<JXHttpResult> results);
   /// Requeues the requests in flight and makes the storage durable, before the process exits.
   void end();
   /// Recovers from an internal failure such as out of memory: requeues the requests in flight and
@@ -43,7 +46,7 @@ class JXTransferLoop {
   bool startOne(bool probes);
   void abortInFlight();
   void sync();
-  void complete(JXHttpResult& result);
+  void completeOne(JXHttpResult& result);
   void reportRejected(const JXHttpResult& result);
   bool reportDropped();
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);

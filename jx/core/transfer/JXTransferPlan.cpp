@@ -87,6 +87,11 @@ void JXTransferPlan::synced(bool unfinished, Time now) {
   syncDue_ = now + syncBackoff_;
 }
 
+bool JXTransferPlan::isInFlight(std::uint64_t id) const {
+  return std::any_of(inFlight_.begin(), inFlight_.end(),
+                     [id](const Flight& each) { return each.id == id; });
+}
+
 void JXTransferPlan::started(std::uint64_t id) { inFlight_.push_back({id, retry_.round}); }
 
 JXResponseClass JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,

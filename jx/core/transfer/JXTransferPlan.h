@@ -97,6 +97,7 @@ class JXTransferPlan {
 
   const JXRetryState& retryState() const { return retry_; }
   std::size_t inFlight() const { return inFlight_.size(); }
+  bool isInFlight(std::uint64_t id) const;
 
  private:
   struct Flight {

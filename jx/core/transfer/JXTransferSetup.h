@@ -38,8 +38,9 @@ struct JXTransferSetup {
   /// user agent.
   std::function<void(std::function<void()> known)> requestUserAgent;
 
-  // Replaced by tests. Defaults: libcurl, the steady clock and a random number generator.
-  std::shared_ptr<JXHttpTransport> transport;
+  std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above
+
+  // Replaced by tests. Defaults: the steady clock and a random number generator.
   std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< called on any thread
   std::function<double()> draw;  ///< random number in [0, 1) for the backoff jitter
 };

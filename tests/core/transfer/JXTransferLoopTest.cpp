@@ -86,7 +86,7 @@ class TransferLoop : public ::testing::Test {
   void runOnce() {
     loop().apply(commands, std::exchange(added, false));
     wait = loop().act();
-    loop().waitAndComplete(wait, true);
+    loop().complete(loop().poll(wait, true));
   }
   std::uint64_t queued() const { return setup.outbox->counters().queued; }
 
@@ -513,6 +513,59 @@ TEST_F(TransferLoop, RequeuesAndBacksOffAfterAnInternalFailure) {
   runOnce();
   EXPECT_EQ(1u, transport->started.size());
   EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, LogsARepeatedInternalFailureOnce) {
+  const test::JXLogCapture log;
+  loop().recover("no memory");
+  loop().recover("no memory");
+  loop().recover("no socket");
+  EXPECT_EQ((Texts{"3 Transfer thread error: no memory; in-flight requests requeued",
+                   "3 Transfer thread error: no socket; in-flight requests requeued"}),
+            log.linesWith("Transfer thread error"));
+}
+
+TEST_F(TransferLoop, IgnoresAResultForARequestThatIsNotInFlight) {
+  const test::JXLogCapture log;
+  transport->answers = false;
+  add("a");
+  runOnce();
+  JXHttpResult stray;
+  stray.request.id = transport->inFlight.front().id + 1;
+  stray.outcome.status = 200;
+  loop().complete({stray});
+  EXPECT_EQ(1u, queued());
+  EXPECT_EQ(0u, deliveries.size());
+  EXPECT_EQ(Texts{"3 Transport returned a result for a request that is not in flight; ignored"},
+            log.linesWith("Transport"));
+}
+
+TEST_F(TransferLoop, CompletesARequestOnceWhenItsResultIsRepeated) {
+  transport->answers = false;
+  add("a");
+  runOnce();
+  JXHttpResult result;
+  result.request = transport->inFlight.front();
+  result.outcome.status = 200;
+  loop().complete({result, result});
+  EXPECT_EQ(0u, queued());
+  ASSERT_EQ(1u, deliveries.size());
+  EXPECT_EQ(JXString("a"), deliveries.front().eventId);
+}
+
+TEST_F(TransferLoop, RetriesARequestWhoseStatusIsNotAnHttpStatus) {
+  const test::JXLogCapture log;
+  add("a");
+  for (const int status : {-1, 99}) {
+    transport->outcome.status = status;
+    runOnce();
+    now += 10s;
+  }
+  EXPECT_EQ(2u, transport->started.size());
+  EXPECT_EQ(1u, queued());
+  EXPECT_EQ(0u, deliveries.size());
+  EXPECT_EQ(Texts{"3 Delivery failed: no response; retrying in 500 ms"},
+            log.linesWith("Delivery failed"));
 }
 
 TEST_F(TransferLoop, EndRequeuesAndSyncs) {

@@ -493,6 +493,103 @@ TEST_F(Transfer, HangingThreadDelaysNeitherFlushNorStop) {
       << "an abandoned thread must not use the transport";
 }
 
+// A transport that blocks in `poll` with a request, and returns its result when the test says so.
+class LateTransport : public HangingTransport {
+ public:
+  void start(JXHttpRequest request) override { request_ = std::move(request); }
+  std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) override {
+    if (request_.body.empty()) return {};
+    HangingTransport::poll(timeout);
+    JXHttpResult result;
+    result.request = request_;
+    result.outcome.status = 200;
+    returned.add(1);
+    return {result};
+  }
+
+  JXCollected<int> returned;
+
+ private:
+  JXHttpRequest request_;
+};
+
+TEST_F(Transfer, IgnoresResultsThatArriveAfterTheStop) {
+  const auto transport = std::make_shared<LateTransport>();
+  setup.transport = transport;
+  start();
+  enqueue("e");
+  ASSERT_TRUE(transport->polling.waitFor(1));
+  EXPECT_FALSE(transfer->stop(20ms));
+  transport->released.add(1);
+  ASSERT_TRUE(transport->returned.waitFor(1));
+  std::this_thread::sleep_for(50ms);  // the abandoned thread cannot be joined
+  EXPECT_EQ(1u, queued());
+  EXPECT_EQ(0u, deliveries.all().size());
+}
+
+// A transport that sends with libcurl, or throws in the operation that the test selects.
+class ThrowingTransport : public WatchedTransport {
+ public:
+  enum class Operation { None, Start, Poll };
+  using WatchedTransport::WatchedTransport;
+
+  void start(JXHttpRequest request) override {
+    if (throwing == Operation::Start) {
+      thrownByStart.add(1);
+      throw std::runtime_error("start failed");
+    }
+    WatchedTransport::start(std::move(request));
+  }
+  std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) override {
+    if (throwing == Operation::Poll) {
+      thrownByPoll.add(1);
+      throw 1;  // not a std::exception
+    }
+    return WatchedTransport::poll(timeout);
+  }
+
+  std::atomic<Operation> throwing{Operation::None};
+  JXCollected<int> thrownByStart, thrownByPoll;
+};
+
+TEST_F(Transfer, LosesNothingWhenTheTransportThrows) {
+  const test::JXLogCapture log;
+  JXHttpOptions options;
+  options.caFile = server.caFile();
+  const auto transport = std::make_shared<ThrowingTransport>(options);
+  setup.transport = transport;
+  transport->throwing = ThrowingTransport::Operation::Start;
+  start();
+  for (const char* id : {"a", "b", "c"})
+    enqueue(id);
+  ASSERT_TRUE(transport->thrownByStart.waitFor(2));
+  EXPECT_EQ(3u, queued());
+  transport->throwing = ThrowingTransport::Operation::Poll;
+  ASSERT_TRUE(transport->thrownByPoll.waitFor(2));
+  EXPECT_EQ(3u, queued());
+  transport->throwing = ThrowingTransport::Operation::None;
+  EXPECT_TRUE(transfer->flush(kLong));
+  const Texts bodies = server.bodies();
+  EXPECT_EQ((std::multiset<std::string>{bodyOf("a"), bodyOf("b"), bodyOf("c")}),
+            std::multiset<std::string>(bodies.begin(), bodies.end()));
+  EXPECT_EQ(Texts{"3 Transfer thread error: start failed; in-flight requests requeued"},
+            log.linesWith("start failed"));
+  EXPECT_EQ(Texts{"3 Transfer thread error: unknown error; in-flight requests requeued"},
+            log.linesWith("unknown error"));
+}
+
+TEST_F(Transfer, StopsImmediatelyWhileTheTransportThrows) {
+  const auto transport = std::make_shared<ThrowingTransport>(JXHttpOptions());
+  setup.transport = transport;
+  transport->throwing = ThrowingTransport::Operation::Poll;
+  start();
+  ASSERT_TRUE(transport->thrownByPoll.waitFor(2));
+  // The thread waits for a second between its calls, but not for a stop.
+  const auto before = std::chrono::steady_clock::now();
+  EXPECT_TRUE(transfer->stop(kLong));
+  EXPECT_LT(std::chrono::steady_clock::now() - before, 900ms);
+}
+
 TEST_F(Transfer, StopReturnsImmediatelyInAForkedChild) {
   start();
   ChildProcess child([this](int) { return transfer->stop(1h) ? 1 : 0; });
