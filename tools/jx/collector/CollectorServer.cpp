@@ -43,7 +43,7 @@ CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority author
       authority_(std::move(authority)),
       store_(std::move(store)),
       faults_(store_->broadcaster()),
-      intake_(*store_, faults_, settings.isStrict),
+      intake_(*store_, faults_, settings.isStrict, settings.sink),
       guard_(std::move(names)),
       api_(*store_, authority_.certificatePem()),
       live_(*store_, faults_, settings.limits.waiting, settings.live),

@@ -12,6 +12,7 @@
 #include "tools/jx/collector/CertificateAuthority.h"
 #include "tools/jx/collector/CollectorApi.h"
 #include "tools/jx/collector/EventIntake.h"
+#include "tools/jx/collector/EventSink.h"
 #include "tools/jx/collector/EventStore.h"
 #include "tools/jx/collector/FaultPlan.h"
 #include "tools/jx/collector/FaultsApi.h"
@@ -38,6 +39,7 @@ struct CollectorSettings {
   bool isStrict = false;             ///< respond to invalid events with 422
   HttpLimits limits;
   LiveTiming live;
+  std::shared_ptr<EventSink> sink;  ///< receives each accepted event; null: none
 };
 
 /// The complete collector, wired top to bottom: state folder, certificate authority, event store,

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <exception>
 
 #include "tools/jx/collector/ConnectionStream.h"
 #include "tools/jx/collector/EventJson.h"
@@ -14,6 +15,9 @@ namespace {
 
 // Longer than any client is expected to wait. After that, the connection is closed.
 constexpr std::chrono::hours kHang{1};
+
+// Delay in seconds that a device waits after a failure of the sink.
+constexpr const char* kSinkRetryAfter = "5";
 
 std::string queryOf(const std::string& target) {
   const std::size_t mark = target.find('?');
@@ -46,11 +50,15 @@ void EventIntake::receive(const httplib::Request& request, const std::string& bo
   if (!fault) return store(request, body, response);
   if (!applyFault(*fault, HttpServer::connection())) return;
   if (!fault->rejects()) store(request, body, response);
-  // A status that accepts the event must not replace the 500 of an event that was not stored.
+  // A status that accepts the event must not replace the 500 of an event that was not stored, nor
+  // the 503 of one that the sink did not accept.
   if (fault->status && (fault->rejects() || response.status == 200)) {
     response.status = *fault->status;
   }
-  if (fault->retryAfter) response.set_header("Retry-After", *fault->retryAfter);
+  if (fault->retryAfter) {
+    response.headers.erase("Retry-After");
+    response.set_header("Retry-After", *fault->retryAfter);
+  }
 }
 
 void EventIntake::store(const httplib::Request& request, const std::string& body,
@@ -67,9 +75,28 @@ void EventIntake::store(const httplib::Request& request, const std::string& body
   const Result<std::int64_t> id = store_.add(received, validation);
   response.status = id ? 200 : 500;
   if (!id) std::fprintf(stderr, "jx collector: %s; responded with 500\n", id.error().text.c_str());
-  if (!id || !isStrict_ || validation.isValid()) return;
-  response.status = 422;
-  response.set_content(diagnosticsToJson(validation.diagnostics.kept()), "application/json");
+  if (!id) return;
+  if (isStrict_ && !validation.isValid()) {
+    response.status = 422;
+    response.set_content(diagnosticsToJson(validation.diagnostics.kept()), "application/json");
+    return;
+  }
+  const Done passed = passToSink({*id, received, validation});
+  if (passed) return;
+  std::fprintf(stderr, "jx collector: %s; responded with 503\n", passed.error().text.c_str());
+  response.status = 503;
+  response.set_header("Retry-After", kSinkRetryAfter);
+}
+
+Done EventIntake::passToSink(const AcceptedEvent& event) const {
+  if (!sink_) return done();
+  try {
+    return sink_->accept(event);
+  } catch (const std::exception& error) {
+    return Error{std::string("event sink failed: ") + error.what()};
+  } catch (...) {
+    return Error{"event sink failed"};
+  }
 }
 
 }  // namespace jx

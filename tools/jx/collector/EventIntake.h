@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <memory>
+#include <utility>
+
+#include "tools/jx/collector/EventSink.h"
 #include "tools/jx/collector/EventStore.h"
 #include "tools/jx/collector/FaultPlan.h"
 #include "tools/jx/collector/HttpServer.h"
@@ -10,12 +14,13 @@ namespace jx {
 
 /// Handles requests of devices: POST /events stores the request, even if its body is invalid, and
 /// then responds with 200 and an empty body. In strict mode it responds to an invalid event with
-/// 422 and the diagnostics, but stores it anyway. An armed fault is applied first.
+/// 422 and the diagnostics, but stores it anyway. An armed fault is applied first. An accepted
+/// event is passed to the sink; if the sink fails, the response is 503 with Retry-After.
 class EventIntake {
  public:
-  /// `store` and `faults` must outlive the server in which this is installed.
-  EventIntake(EventStore& store, FaultPlan& faults, bool isStrict)
-      : store_(store), faults_(faults), isStrict_(isStrict) {}
+  /// `store` and `faults` must outlive the server in which this is installed. `sink` may be null.
+  EventIntake(EventStore& store, FaultPlan& faults, bool isStrict, std::shared_ptr<EventSink> sink)
+      : store_(store), faults_(faults), isStrict_(isStrict), sink_(std::move(sink)) {}
 
   /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
@@ -26,9 +31,12 @@ class EventIntake {
   void store(const httplib::Request& request, const std::string& body,
              httplib::Response& response) const;
 
+  Done passToSink(const AcceptedEvent& event) const;
+
   EventStore& store_;
   FaultPlan& faults_;
   const bool isStrict_;
+  const std::shared_ptr<EventSink> sink_;
 };
 
 }  // namespace jx
