@@ -72,7 +72,8 @@ struct JX_API JXCoreConfiguration {
   /// platform's user agent.
   JXString userAgent;
 
-  /// Clock that provides the time of day. Default: null, the system clock.
+  /// Clock that provides the time of day; see JXClock for its threads and limits. Default: null,
+  /// the system clock.
   std::shared_ptr<const JXClock> clock;
   /// HTTP client that sends the requests; see JXHttpTransport for its threads, lifetime and errors.
   /// `caFile`, `pinnedPublicKeys`, `proxy` and the timeouts of `retryTimings` configure only the

@@ -8,7 +8,11 @@
 
 namespace jx {
 
-/// Source of the time of day. Called on any thread, so implementations must be thread-safe.
+/// Source of the time of day; an application or a test replaces it with
+/// `JXCoreConfiguration::clock`. Called on any thread, so implementations must be thread-safe, and
+/// while the library holds locks, so they must not call the library. They must not throw. The
+/// library shares ownership of the clock until the process ends and never destroys it.
+///
 /// Timeouts and retry delays do not use it: they use the steady clock of the system, which is not
 /// affected by changes of the system time.
 class JX_API JXClock {
