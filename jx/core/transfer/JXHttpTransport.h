@@ -17,8 +17,8 @@ namespace jx {
 struct JX_API JXHttpRequest {
   /// Identifies the request while it is in flight. A retry of the same event may use the same ID.
   std::uint64_t id = 0;
-  /// URL as queued. Spaces and non-ASCII bytes of the source key are not percent-encoded yet, and
-  /// the scheme has not been checked.
+  /// URL as queued. The source key is not percent-encoded yet: it may contain blanks, `#`, `+` and
+  /// non-ASCII bytes. The scheme has not been checked.
   std::string url;
   /// Body in UTF-8. Each attempt must send exactly these bytes.
   std::string body;
