@@ -52,9 +52,9 @@ void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcep
 }
 
 void JXLogger::logAtOnce(std::string_view message, int level) noexcept {
-  const int deferred = std::exchange(deferrals, 0);
+  const int outer = std::exchange(deferrals, 0);
   logMessage_withLevel(message, level);
-  deferrals = deferred;
+  deferrals = outer;
 }
 
 void JXLogger::write(std::string_view message, int level) {
