@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "jx/core/JXLogDeferral.h"
+#include "jx/core/JXLogger.h"
 
 namespace jx {
 
@@ -23,9 +24,6 @@ enum JXInitState : int {
 /// initialised. Blocks forever while an `init` is running: a second one inside it or on another
 /// thread is a misuse that must never yield a half-initialised object. Logs one message then.
 bool tryBeginInit(std::atomic<int>& state, const char* className);
-
-/// Blocks the calling thread for ever, after logging `message` at level 2.
-[[noreturn]] void neverReturn(const char* message);
 
 /// Creates the one object of a class at the first call, on the calling thread, while other threads
 /// wait. The object is never destroyed. Messages that are logged during the creation are logged
