@@ -13,8 +13,6 @@
 #include "bench/Events.h"
 #include "bench/ExecuteBaseline.h"
 #include "bench/StartLibrary.h"
-#include "jx/context/JXApp.h"
-#include "jx/context/JXDevice.h"
 #include "jx/core/JXUser.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/json/JXJsonReader.h"
@@ -23,7 +21,9 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXOutbox.h"
 #include "jx/facade/JXPostData.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace jx::bench {

@@ -4,15 +4,15 @@
 // The functions of jx_server_side.h that work on process-wide objects.
 #include "jx/c/internal/JXCall.h"
 #include "jx/c/jx_server_side.h"
-#include "jx/context/JXApp.h"
-#include "jx/context/JXDevice.h"
-#include "jx/context/JXLifecycle.h"
 #include "jx/core/JXApplication.h"
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXUser.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXLifecycle.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace {
 

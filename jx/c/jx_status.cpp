@@ -6,7 +6,7 @@
 
 #include "jx/JXVersion.h"
 #include "jx/c/internal/JXCall.h"
-#include "jx/variables/JXServerSideVersion.h"
+#include "jx/session/JXServerSideVersion.h"
 
 const char* jx_status_string(uint32_t status) {
   static constexpr std::array<const char*, 20> kDescriptions{

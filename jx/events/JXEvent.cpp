@@ -6,11 +6,11 @@
 #include <iterator>
 #include <typeinfo>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonTreeSink.h"
-#include "jx/events/JXEventPropertiesNames.h"
 
 namespace jx {
 namespace {

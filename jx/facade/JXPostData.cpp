@@ -5,20 +5,20 @@
 #include <algorithm>
 #include <atomic>
 
-#include "jx/context/JXApp.h"
-#include "jx/context/JXDevice.h"
-#include "jx/context/JXLifecycle.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
 #include "jx/core/json/JXJsonTextSink.h"
 #include "jx/core/json/JXJsonTreeSink.h"
-#include "jx/events/JXEventPropertiesNames.h"
 #include "jx/events/JXOmissionLog.h"
 #include "jx/facade/ServerSide.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
-#include "jx/variables/JXSessionLock.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXLifecycle.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
+#include "jx/session/JXSessionLock.h"
 
 namespace jx {
 namespace {

@@ -5,7 +5,7 @@
 #include "jx/core/JXCoreInitialisation.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/facade/JXState.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx {
 

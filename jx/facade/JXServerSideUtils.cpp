@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXUtils.h"
-#include "jx/events/JXEventPropertiesNames.h"
 
 namespace jx {
 namespace {

@@ -6,7 +6,6 @@
 #include <string>
 #include <utility>
 
-#include "jx/context/JXDevice.h"
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
@@ -16,7 +15,8 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
-#include "jx/variables/JXServerSideVersion.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXServerSideVersion.h"
 
 namespace jx {
 namespace {

@@ -3,7 +3,7 @@
 
 // The JSON keys of the events, as literals: servers depend on them.
 
-#include "jx/events/JXEventPropertiesNames.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
 
 #include <gtest/gtest.h>
 

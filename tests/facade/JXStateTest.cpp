@@ -9,8 +9,8 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXServerSideInitialisation.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 

@@ -5,10 +5,10 @@
 
 #include <gmock/gmock.h>
 
-#include "jx/context/JXDevice.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/events/JXCustomEvent.h"
+#include "jx/session/JXDevice.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

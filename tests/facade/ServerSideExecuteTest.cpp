@@ -7,7 +7,6 @@
 
 #include <stdexcept>
 
-#include "jx/context/JXDevice.h"
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonReader.h"
@@ -18,8 +17,9 @@
 #include "jx/events/ecommerce/JXViewCartEvent.h"
 #include "jx/events/video/JXVideoPlaybackEvent.h"
 #include "jx/facade/JXPostData.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

@@ -8,7 +8,7 @@
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/transfer/JXNetworkManager.h"
-#include "jx/variables/JXServerSideVersion.h"
+#include "jx/session/JXServerSideVersion.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 

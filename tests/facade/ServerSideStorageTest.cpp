@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "jx/core/transfer/JXNetworkManager.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariableNames.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

@@ -16,9 +16,6 @@
 #include <utility>
 #include <vector>
 
-#include "jx/context/JXApp.h"
-#include "jx/context/JXDevice.h"
-#include "jx/context/JXLifecycle.h"
 #include "jx/core/JXApplication.h"
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/JXCoreConstants.h"
@@ -30,7 +27,10 @@
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/platform/JXManualClock.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXLifecycle.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/JXFakePlatform.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -14,7 +14,7 @@
 #include <iterator>
 
 #include "jx/core/storage/JXOutbox.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariableNames.h"
 #include "tests/core/transfer/JXTransferFixture.h"
 #include "tests/fault/FaultTable.h"
 #include "tests/fault/SmallDisk.h"

@@ -7,8 +7,8 @@ import faketree
 # One header in each folder, so that every direction can be tested.
 HEADERS = {path: "#pragma once\n" for path in (
     "jx/JXServerSide.h", "jx/platform/P.h", "jx/core/C.h", "jx/core/json/J.h",
-    "jx/variables/V.h", "jx/context/X.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
-    "jx/events/JXEventPropertiesNames.h", "jx/facade/F.h", "jx/c/I.h", "tools/jx/T.h", "tests/support/S.h",
+    "jx/session/S.h", "jx/catalogue/K.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
+    "jx/facade/F.h", "jx/c/I.h", "tools/jx/T.h", "tests/support/S.h",
     "bench/B.h", "examples/minimal/M.h", "examples/shop/N.h")}
 
 
@@ -30,23 +30,24 @@ class Includes(faketree.FakeTreeTest):
     def test_accepts_includes_of_the_same_and_lower_layers(self):
         self.assert_allowed("jx/platform/A.h", '"jx/platform/P.h"')
         self.assert_allowed("jx/core/json/A.h", '"jx/core/C.h"', '"jx/platform/P.h"')
-        self.assert_allowed("jx/variables/A.h", '"jx/core/json/J.h"', '"jx/platform/P.h"')
-        self.assert_allowed("jx/events/video/A.h", '"jx/events/E.h"', '"jx/core/C.h"')
-        self.assert_allowed("jx/context/A.h", '"jx/variables/V.h"', '"jx/core/C.h"')
-        self.assert_allowed("jx/facade/A.h", '"jx/events/E.h"', '"jx/context/X.h"',
-                            '"jx/variables/V.h"', '"jx/core/C.h"', '"jx/events/ecommerce/M.h"')
+        self.assert_allowed("jx/catalogue/A.h", '"jx/core/json/J.h"', '"jx/platform/P.h"')
+        self.assert_allowed("jx/session/A.h", '"jx/catalogue/K.h"', '"jx/core/C.h"')
+        self.assert_allowed("jx/events/video/A.h", '"jx/events/E.h"', '"jx/catalogue/K.h"')
+        self.assert_allowed("jx/facade/A.h", '"jx/events/E.h"', '"jx/session/S.h"',
+                            '"jx/catalogue/K.h"', '"jx/core/C.h"', '"jx/events/ecommerce/M.h"')
 
     def test_rejects_includes_of_higher_layers(self):
         self.assert_rejected("jx/platform/A.h", '"jx/core/C.h"', '"jx/facade/F.h"')
-        self.assert_rejected("jx/core/json/A.cpp", '"jx/variables/V.h"', '"jx/events/E.h"',
-                            '"jx/context/X.h"', '"jx/facade/F.h"')
-        self.assert_rejected("jx/variables/A.h", '"jx/facade/F.h"', '"jx/context/X.h"')
-        self.assert_rejected("jx/context/A.h", '"jx/facade/F.h"')
+        self.assert_rejected("jx/core/json/A.cpp", '"jx/session/S.h"', '"jx/events/E.h"',
+                            '"jx/catalogue/K.h"', '"jx/facade/F.h"')
+        self.assert_rejected("jx/catalogue/A.h", '"jx/facade/F.h"', '"jx/session/S.h"',
+                            '"jx/events/E.h"')
+        self.assert_rejected("jx/session/A.h", '"jx/facade/F.h"')
         self.assert_rejected("jx/events/A.h", '"jx/facade/F.h"')
 
     def test_c_layer_is_above_the_facade(self):
-        self.assert_allowed("jx/c/A.cpp", '"jx/facade/F.h"', '"jx/events/E.h"', '"jx/context/X.h"',
-                            '"jx/variables/V.h"', '"jx/core/C.h"', '"jx/platform/P.h"')
+        self.assert_allowed("jx/c/A.cpp", '"jx/facade/F.h"', '"jx/events/E.h"', '"jx/session/S.h"',
+                            '"jx/catalogue/K.h"', '"jx/core/C.h"', '"jx/platform/P.h"')
         self.assert_rejected("jx/facade/A.cpp", '"jx/c/I.h"')
         self.assert_rejected("jx/core/A.h", '"jx/c/I.h"')
 
@@ -56,16 +57,9 @@ class Includes(faketree.FakeTreeTest):
         self.assert_rejected("jx/c/A.cpp", "<stdint.h>")
         self.assert_rejected("jx/facade/A.h", "<stdint.h>")
 
-    def test_rejects_variables_and_context_in_events(self):
-        self.assert_rejected("jx/events/ecommerce/A.cpp", '"jx/variables/V.h"', '"jx/context/X.h"')
-
-    def test_rejects_events_in_variables(self):
-        self.assert_rejected("jx/variables/A.cpp", '"jx/events/E.h"',
-                            '"jx/events/JXEventPropertiesNames.h"')
-
-    def test_context_may_include_only_the_key_constants_of_events(self):
-        self.assert_allowed("jx/context/A.cpp", '"jx/events/JXEventPropertiesNames.h"')
-        self.assert_rejected("jx/context/A.cpp", '"jx/events/E.h"', '"jx/events/ecommerce/M.h"')
+    def test_session_and_events_do_not_include_each_other(self):
+        self.assert_rejected("jx/events/ecommerce/A.cpp", '"jx/session/S.h"')
+        self.assert_rejected("jx/session/A.cpp", '"jx/events/E.h"', '"jx/events/ecommerce/M.h"')
 
     def test_umbrella_includes_all_layers_but_no_layer_includes_it(self):
         self.assert_clean(tree("jx/JXServerSide.h", '#include "jx/core/C.h"',

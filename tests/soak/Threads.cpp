@@ -12,9 +12,6 @@
 #include <thread>
 #include <vector>
 
-#include "jx/context/JXApp.h"
-#include "jx/context/JXDevice.h"
-#include "jx/context/JXLifecycle.h"
 #include "jx/core/JXApplication.h"
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/JXCoreConstants.h"
@@ -24,7 +21,10 @@
 #include "jx/events/JXCustomEvent.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/platform/JXManualClock.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXLifecycle.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
 #include "tests/support/JXTestServer.h"

@@ -7,7 +7,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/events/JXCustomEvent.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx::test {
 

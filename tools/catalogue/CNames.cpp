@@ -46,7 +46,7 @@ std::string namesHeader(const std::string& sourceFolder) {
          constantsOf(sourceFolder, "jx/core/JXCoreConstants.h",
                      "Name of the core variable that a consent module sets.", "JX_(ConsentVersion)",
                      "JXPredefinedVariable_") +
-         constantsOf(sourceFolder, "jx/variables/JXPredefinedVariableNames.h",
+         constantsOf(sourceFolder, "jx/session/JXPredefinedVariableNames.h",
                      "Names of the predefined variables, for `jx_get_variable`.",
                      "k(JXPredefinedVariable_\\w+)") +
          constantsOf(sourceFolder, "jx/events/ecommerce/JXPaymentMethods.h",

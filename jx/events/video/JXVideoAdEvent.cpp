@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/events/video/JXVideoAdEvent.h"
 
-#include "jx/events/JXEventPropertiesNames.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
 
 namespace jx {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXLogger.h"
-#include "jx/events/JXEventPropertiesNames.h"
 
 namespace jx {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "jx/JXServerSide.h"
-#include "jx/events/JXEventPropertiesNames.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/events/ecommerce/JXPaymentMethods.h"
 #include "jx/events/ecommerce/JXPurchaseStatuses.h"
 #include "tests/events/catalogue/ExpectedConstants.h"

@@ -4,8 +4,8 @@
 
 #include <charconv>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
-#include "jx/events/JXEventPropertiesNames.h"
 #include "tools/jx/collector/validation/JsonTree.h"
 
 namespace jx {

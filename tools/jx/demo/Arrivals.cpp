@@ -7,10 +7,10 @@
 #include <algorithm>
 #include <charconv>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
-#include "jx/events/JXEventPropertiesNames.h"
 #include "tools/jx/Printable.h"
 
 namespace jx {

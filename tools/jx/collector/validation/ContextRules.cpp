@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
-#include "jx/events/JXEventPropertiesNames.h"
 #include "tools/jx/collector/validation/DiagnosticCodes.h"
 
 namespace jx {

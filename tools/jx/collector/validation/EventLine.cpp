@@ -4,8 +4,8 @@
 
 #include <array>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
-#include "jx/events/JXEventPropertiesNames.h"
 #include "tools/jx/Printable.h"
 
 namespace jx {

@@ -12,10 +12,10 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUtils.h"
-#include "jx/variables/JXPersistedKeys.h"
-#include "jx/variables/JXPersistedString.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPersistedKeys.h"
+#include "jx/session/JXPersistedString.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

@@ -14,11 +14,11 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/JXUtils.h"
-#include "jx/variables/JXLeadingNumber.h"
-#include "jx/variables/JXPersistedKeys.h"
-#include "jx/variables/JXPersistedString.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXLeadingNumber.h"
+#include "jx/session/JXPersistedKeys.h"
+#include "jx/session/JXPersistedString.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx {
 namespace {

@@ -5,7 +5,7 @@
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
-#include "jx/variables/JXSessionLock.h"
+#include "jx/session/JXSessionLock.h"
 
 namespace jx {
 

@@ -11,11 +11,11 @@
 
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
-#include "jx/variables/JXPersistedString.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
-#include "jx/variables/JXServerSideVersion.h"
-#include "jx/variables/JXTextEncoding.h"
+#include "jx/session/JXPersistedString.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
+#include "jx/session/JXServerSideVersion.h"
+#include "jx/session/JXTextEncoding.h"
 
 namespace jx {
 namespace {

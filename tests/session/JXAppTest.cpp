@@ -1,14 +1,14 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/context/JXApp.h"
+#include "jx/session/JXApp.h"
 
 #include <gtest/gtest.h>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/json/JXJsonWriter.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 

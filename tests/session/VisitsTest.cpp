@@ -5,8 +5,8 @@
 
 #include <gmock/gmock.h>
 
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

@@ -7,8 +7,8 @@
 
 #include <limits>
 
-#include "jx/variables/JXPredefinedVariables.h"
-#include "jx/variables/JXTextEncoding.h"
+#include "jx/session/JXPredefinedVariables.h"
+#include "jx/session/JXTextEncoding.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {

@@ -1,17 +1,17 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/context/JXDevice.h"
+#include "jx/session/JXDevice.h"
 
-#include "jx/context/JXLifecycle.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonTreeSink.h"
-#include "jx/events/JXEventPropertiesNames.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXLifecycle.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx {
 namespace {

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "jx/core/json/JXJsonWriter.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,7 +12,7 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUser.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariableNames.h"
 
 namespace jx {
 namespace {

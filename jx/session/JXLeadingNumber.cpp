@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/variables/JXLeadingNumber.h"
+#include "jx/session/JXLeadingNumber.h"
 
 #include <algorithm>
 #include <cstdlib>

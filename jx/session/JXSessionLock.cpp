@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/variables/JXSessionLock.h"
+#include "jx/session/JXSessionLock.h"
 
 #include <mutex>
 

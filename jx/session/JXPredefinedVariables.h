@@ -13,7 +13,7 @@
 #include "jx/core/notifications/JXEventListener.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
-#include "jx/variables/JXSessionLock.h"
+#include "jx/session/JXSessionLock.h"
 
 namespace jx {
 

@@ -1,15 +1,15 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/context/JXLifecycle.h"
+#include "jx/session/JXLifecycle.h"
 
 #include <string_view>
 #include <utility>
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
-#include "jx/events/JXEventPropertiesNames.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx {
 namespace {

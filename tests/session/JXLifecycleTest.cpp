@@ -1,11 +1,11 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/context/JXLifecycle.h"
+#include "jx/session/JXLifecycle.h"
 
 #include <gtest/gtest.h>
 
 #include "jx/core/json/JXJsonWriter.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 

@@ -11,8 +11,8 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXUser.h"
 #include "jx/core/notifications/JXEventSender.h"
-#include "jx/variables/JXPredefinedVariableNames.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
 

@@ -4,13 +4,13 @@
 // Names that applications, servers and existing installations rely on. A changed name loses data,
 // so each string is repeated here.
 
-#include "jx/variables/JXPredefinedVariableNames.h"
+#include "jx/session/JXPredefinedVariableNames.h"
 
 #include <gtest/gtest.h>
 
 #include "jx/core/JXCoreConstants.h"
-#include "jx/variables/JXPersistedKeys.h"
-#include "jx/variables/JXPredefinedVariables.h"
+#include "jx/session/JXPersistedKeys.h"
+#include "jx/session/JXPredefinedVariables.h"
 
 namespace jx::test {
 namespace {
