@@ -74,6 +74,7 @@ class Enumeration:
     """An enumeration, or a list of predefined strings. `values` maps the enumerator, without its
     prefix, to its JSON string."""
     name: str
+    file: str
     header: str
     comment: str
     values: dict
@@ -322,8 +323,9 @@ class _Reader:
                             ("strings", self.catalogue.strings)):
             for name, entry in values.pop(kind, {}).items():
                 table = _Table(entry, place.at(name))
-                known[name] = Enumeration(name, table.take("header"), table.text("comment"),
-                                          table.take("values", dict), table.text("title", ""))
+                known[name] = Enumeration(name, path.name, table.take("header"),
+                                          table.text("comment"), table.take("values", dict),
+                                          table.text("title", ""))
                 table.finish()
         return [(name, entry, place.at(name), folder) for name, entry in values.items()]
 
