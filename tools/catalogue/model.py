@@ -12,6 +12,7 @@ import tomllib
 
 FOLDER = "jx/catalogue"
 KEYS_FILE = "keys.toml"
+VARIABLE_HEADERS = ("jx/core/JXCoreConstants.h", "jx/session/JXPredefinedVariableNames.h")
 
 # The type of a field, and whether it can be null.
 FIELD_TYPES = {
@@ -25,10 +26,12 @@ FIELD_TYPES = {
     "items": True,
     "product": True,
 }
-CONTEXT_TYPES = ("string", "number", "boolean", "block")
+# A number or a Boolean of a context block may be kept as the string that it was read from.
+CONTEXT_TYPES = ("string", "number", "number_string", "boolean", "boolean_string", "block")
 CONDITIONS = ("never", "non_empty_string", "present", "non_empty_list", "together")
 _CONSTANT = re.compile(r"JX[A-Z]?_\w+")
 _LITERAL = re.compile(r"[a-z][a-z0-9_]*")
+_VARIABLE = re.compile(r"\bkJXPredefinedVariable_(\w+)\s*=")
 _DECLARATION = re.compile(r'inline constexpr std::string_view (\w+) =\s*"([^"]*)";')
 
 
@@ -93,7 +96,11 @@ class Field:
     enumeration: Enumeration = None
     default: str = ""  # the enumerator
     block: str = ""  # the nested block, for the type "block"
-    is_required: bool = False  # context blocks: the key is in every event
+    # Of context blocks only:
+    is_required: bool = False  # the key is in every event
+    variable: str = ""  # the predefined variable that the field is read from, without its prefix
+    true: str = ""  # the string that stands for true
+    properties: str = ""  # the member with the additional properties of a nested block
 
     @property
     def is_nullable(self):
@@ -158,6 +165,8 @@ class Block:
     json_comment: str = ""
     conditions_comment: str = ""
     key: Key = None
+    class_name: str = ""  # of a context block: the class with its accessors
+    class_header: str = ""  # the header of a class outside the session
     is_top_level: bool = False
     replaced_by: Key = None
     fields: dict = dataclasses.field(default_factory=dict)  # own, in declaration order
@@ -275,9 +284,12 @@ class _Reader:
     def __init__(self, root):
         self.root = pathlib.Path(root)
         self.catalogue = Catalogue({}, [], {}, {}, {})
+        self.variables = set()
 
     def read(self):
         folder = self.root / FOLDER
+        for header in VARIABLE_HEADERS:
+            self.variables.update(_VARIABLE.findall((self.root / header).read_text("utf-8")))
         self._keys(folder / KEYS_FILE)
         entries = []
         for path in sorted(folder.glob("*.toml")):
@@ -337,6 +349,8 @@ class _Reader:
         if kind == "context":
             block.key = self._key(table.take("key"), table.place.at("key"))
             block.is_top_level = table.take("top_level", bool, False)
+            block.class_name = table.take("class", str, "")
+            block.class_header = table.take("header", str, "")
             replacement = table.take("replaced_by", str, "")
             if replacement:
                 block.replaced_by = self._key(replacement, table.place.at("replaced_by"))
@@ -408,9 +422,19 @@ class _Reader:
             if default not in enumeration.values:
                 place.at("default").fail(f"{default} is not a value of {enumeration.name}")
         nested = entry.take("block") if kind == "block" else ""
-        is_required = block.kind == "context" and entry.take("required", bool, False)
-        return Field(name, key, kind, entry.text("comment"), block.name,
-                     entry.text("setter_comment", ""), enumeration, default, nested, is_required)
+        field = Field(name, key, kind, entry.text("comment"), block.name,
+                      entry.text("setter_comment", ""), enumeration, default, nested)
+        return self._context_field(field, entry) if block.kind == "context" else field
+
+    def _context_field(self, field, entry):
+        variable = entry.take("variable", str, "")
+        if variable and variable not in self.variables:
+            entry.place.at("variable").fail(f"{variable} is not a predefined variable")
+        is_compared = field.type == "boolean_string" or (field.type == "boolean" and variable)
+        true = entry.take("true") if is_compared else ""
+        properties = entry.take("properties", str, "") if field.type == "block" else ""
+        return dataclasses.replace(field, is_required=entry.take("required", bool, False),
+                                   variable=variable, true=true, properties=properties)
 
     def _known(self, block, name, place):
         field = block.all_fields.get(name)
