@@ -12,6 +12,11 @@ sys.path.insert(0, str(ROOT / "tools/catalogue"))
 import model  # noqa: E402
 
 CORE = 'inline constexpr std::string_view JXD_MODEL =\n    "model";\n'
+VARIABLES = '''
+inline constexpr std::string_view kJXPredefinedVariable_Count = "#JX_COUNT#";
+inline constexpr std::string_view kJXPredefinedVariable_IsNew =
+    "#JX_IS_NEW#";
+'''
 KEYS = """
 declared_in = "jx/core/JXCoreConstants.h"
 [[groups]]
@@ -78,6 +83,23 @@ comment = "A nested block."
 [inner.fields]
 model = { key = "JXD_MODEL", type = "string", comment = "The model." }
 """
+VIEW = """
+[session]
+kind = "context"
+class = "JXView"
+key = "session"
+comment = "A block with accessors."
+[session.fields]
+isNew = { key = "is_new", type = "boolean", variable = "IsNew", true = "1", comment = "New." }
+count = { key = "count", type = "number_string", variable = "Count", comment = "A count." }
+screen = { key = "screen", type = "block", block = "screen", properties = "extras", comment = "-" }
+[screen]
+kind = "context"
+key = "screen"
+comment = "A nested block without a class."
+[screen.fields]
+width = { key = "width", type = "number", variable = "Count", comment = "The width." }
+"""
 
 
 class Tree(unittest.TestCase):
@@ -88,6 +110,7 @@ class Tree(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.root = pathlib.Path(folder.name)
         self.write("jx/core/JXCoreConstants.h", CORE)
+        self.write("jx/session/JXPredefinedVariableNames.h", VARIABLES)
         self.write("jx/catalogue/keys.toml", KEYS)
         self.write("jx/catalogue/base.toml", BASE)
 
@@ -147,6 +170,26 @@ class Model(Tree):
         self.assertEqual([field.property for field in outer.required], ["inner"])
         self.assertEqual(outer.fields["inner"].block, "inner")
         self.assertEqual(catalogue.blocks["inner"].fields["model"].key.string, "model")
+
+    def test_reads_a_context_block_with_a_class(self):
+        block = self.load(VIEW).blocks["session"]
+        self.assertEqual(block.class_name, "JXView")
+        self.assertEqual([(field.variable, field.true) for field in block.fields.values()],
+                         [("IsNew", "1"), ("Count", ""), ("", "")])
+        self.assertEqual(block.fields["screen"].properties, "extras")
+
+    def test_rejects_an_unknown_variable(self):
+        self.assert_change_fails(
+            VIEW, 'variable = "Count"', 'variable = "Cuont"',
+            "more.toml: session.fields.count.variable: Cuont is not a predefined variable")
+
+    def test_rejects_a_boolean_without_the_string_that_stands_for_true(self):
+        self.assert_change_fails(VIEW, ', true = "1"', "",
+                                 "more.toml: session.fields.isNew.true: must be set")
+
+    def test_rejects_a_string_that_stands_for_true_of_a_number(self):
+        self.assert_change_fails(VIEW, 'variable = "Count"', 'variable = "Count", true = "1"',
+                                 "more.toml: session.fields.count.true: unknown key")
 
     def test_a_field_that_is_listed_twice_is_a_duplicate(self):
         block = self.load(RATE.replace('"stars", "name", "note"', '"stars", "stars"')
@@ -263,7 +306,14 @@ class Model(Tree):
     def test_rejects_a_nested_block_that_does_not_exist(self):
         self.assert_change_fails(
             CONTEXT, 'block = "inner"', 'block = "iner"',
-            "more.toml: outer.fields.inner.block: iner is not a context block")
+            "more.toml: outer.fields.inner.block: "
+            "iner is not a context block described after this one")
+
+    def test_rejects_a_block_that_contains_itself(self):
+        self.assert_change_fails(
+            CONTEXT, 'block = "inner"', 'block = "outer"',
+            "more.toml: outer.fields.inner.block: "
+            "outer is not a context block described after this one")
 
 
 class Command(Tree):
@@ -295,6 +345,19 @@ class Command(Tree):
         self.write("jx/catalogue/more.toml", RATE.replace('"The stars."', '"From one to five."'))
         self.assertEqual(self.run_script("--check")[:2],
                          (1, "jx/events/engagement/JXRateEvent.h\n"))
+
+    def test_writes_the_fields_of_a_context_block(self):
+        self.write("jx/catalogue/more.toml", VIEW)
+        self.assertEqual(self.run_script()[0], 0)
+        header = (self.root / "jx/session/JXViewFields.h").read_text(encoding="utf-8")
+        for line in ("bool isNew() const", "JXString count() const", "  /// A count. A decimal string.",
+                     "std::optional<JXDecimal> width() const",
+                     "std::shared_ptr<JXAdditionalProperties> extras_;"):
+            self.assertIn(line, header)
+        source = (self.root / "jx/session/JXViewFields.cpp").read_text(encoding="utf-8")
+        for line in ('isNew_ = values[0].view() == "1";', "count_ = std::move(values[1]);",
+                     'sink.numberFromString("count", count_);', 'screen.number("width", width_);'):
+            self.assertIn(line, source)
 
     def test_removes_the_files_of_a_removed_entry(self):
         (self.root / "jx/catalogue/more.toml").unlink()

@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::string_view kParameters = "parameters";
 
-const JXFieldInfo* fieldIn(const JXFieldTable* table, std::string_view property) {
-  if (table == nullptr) return nullptr;
-  const std::size_t field = table->findProperty(property);
-  return field != JXFieldTable::npos ? &table->fields()[field] : nullptr;
-}
-
 }  // namespace
 
 JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
@@ -27,20 +21,10 @@ JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
 const char* JXCEvent::className() const { return type_.className.data(); }
 
 const JXFieldInfo* JXCEvent::fieldOf(std::string_view property) const {
-  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
-    for (const JXFieldTable* table : {type->written, type->unwritten}) {
-      if (const JXFieldInfo* const field = fieldIn(table, property)) return field;
-    }
-  }
-  return nullptr;
+  return type_.fieldOfProperty(property);
 }
 
-bool JXCEvent::isOf(std::string_view className) const {
-  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
-    if (type->className == className) return true;
-  }
-  return false;
-}
+bool JXCEvent::isOf(std::string_view className) const { return type_.isOrDerivesFrom(className); }
 
 std::string JXCEvent::set(const JXFieldInfo& field, const JXJsonValue& value) {
   std::string error = type_.setProperty(*event_, field.property, value);
@@ -93,12 +77,12 @@ std::shared_ptr<JXEvent> JXCEvent::event() {
 
 template <typename Block>
 const char* JXCBlock<Block>::className() const {
-  return std::is_same_v<Block, JXItem> ? "JXItem" : "JXProduct";
+  return Block::blockClass().className.data();
 }
 
 template <typename Block>
 const JXFieldInfo* JXCBlock<Block>::fieldOf(std::string_view property) const {
-  return fieldIn(&Block::fields(), property);
+  return Block::blockClass().fieldOfProperty(property);
 }
 
 template <typename Block>
@@ -108,8 +92,7 @@ bool JXCBlock<Block>::isOf(std::string_view name) const {
 
 template <typename Block>
 std::string JXCBlock<Block>::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  const JXFieldTable& table = Block::fields();
-  std::string error = table.set(*block_, table.findProperty(field.property), value);
+  std::string error = Block::blockClass().setProperty(*block_, field.property, value);
   // A removed value is kept as JSON null, so that it is removed from a copy too.
   if (error.empty()) {
     values_.set(field.property, value.isPresent() ? value : JXJsonValue::null());
