@@ -60,7 +60,4 @@ class JXTransferLoop {
   std::atomic<std::uint64_t> failures_{0};
 };
 
-/// Returns the "event_id" of a request body; null when it contains none.
-JXString eventIdOf(std::string_view body);
-
 }  // namespace jx
