@@ -17,7 +17,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/transfer/JXTransferLoop.h"
 
 namespace jx {
 namespace {

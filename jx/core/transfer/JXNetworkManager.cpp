@@ -9,7 +9,6 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/transfer/JXTransfer.h"
-#include "jx/core/transfer/JXTransferSetup.h"
 
 namespace jx {
 namespace {
@@ -46,6 +45,14 @@ JXNetworkManager& JXNetworkManager::sharedInstance() {
 std::shared_ptr<JXTransfer> JXNetworkManager::transfer() const {
   const std::lock_guard<std::mutex> lock(mutex_);
   return transfer_;
+}
+
+// Returns a function that calls `operation` without the lock, unless there is no transfer.
+template <class Operation>
+auto JXNetworkManager::withTransfer(Operation operation) const {
+  return [this, operation] {
+    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) operation(*transfer);
+  };
 }
 
 void JXNetworkManager::setManagerState(int state) {
@@ -115,9 +122,8 @@ void JXNetworkManager::setRunningInBackground(bool enabled) {
 }
 
 void JXNetworkManager::enqueue(std::string_view url, std::string_view body) {
-  guarded("Queuing a request failed", "request lost", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->enqueue(url, body);
-  });
+  guarded("Queuing a request failed", "request lost",
+          withTransfer([&](JXTransfer& transfer) { transfer.enqueue(url, body); }));
 }
 
 void JXNetworkManager::onBackground() {
@@ -134,34 +140,27 @@ void JXNetworkManager::onForeground() {
 
 bool JXNetworkManager::flush(std::chrono::milliseconds deadline) {
   bool isEmpty = true;
-  guarded("Flush failed", "requests stay queued", [&] {
-    const std::shared_ptr<JXTransfer> transfer = this->transfer();
-    if (!transfer) return;
-    isEmpty = false;
-    isEmpty = transfer->flush(deadline);
-  });
+  guarded("Flush failed", "requests stay queued", withTransfer([&](JXTransfer& transfer) {
+            isEmpty = false;
+            isEmpty = transfer.flush(deadline);
+          }));
   return isEmpty;
 }
 
 void JXNetworkManager::purge() {
-  guarded("Purge failed", "requests may stay queued", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->purge();
-  });
+  guarded("Purge failed", "requests may stay queued",
+          withTransfer([](JXTransfer& transfer) { transfer.purge(); }));
 }
 
 void JXNetworkManager::storageChanged() {
-  guarded("Scheduling a sync failed", "changes become durable with the next sync", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->storageChanged();
-  });
+  guarded("Scheduling a sync failed", "changes become durable with the next sync",
+          withTransfer([](JXTransfer& transfer) { transfer.storageChanged(); }));
 }
 
 JXDeliveryCounters JXNetworkManager::counters() const {
   JXDeliveryCounters counters;
-  guarded("Reading the delivery counters failed", "counters may be 0", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) {
-      counters = transfer->counters();
-    }
-  });
+  guarded("Reading the delivery counters failed", "counters may be 0",
+          withTransfer([&](JXTransfer& transfer) { counters = transfer.counters(); }));
   return counters;
 }
 

@@ -77,6 +77,8 @@ class JX_API JXNetworkManager {
   JXNetworkManager() = default;
 
   std::shared_ptr<JXTransfer> transfer() const;
+  template <class Operation>
+  auto withTransfer(Operation operation) const;
   void applyEnabled(bool enabled);
   void applyBackground();
   void startUserAgentRequest();

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/transfer/JXTransferLoop.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
 #include "tests/core/transfer/JXTransferFixture.h"
