@@ -2,23 +2,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXOutboxRecord.h"
 
-#include <algorithm>
-
-#include "jx/core/storage/JXBytes.h"
+#include "jx/core/storage/JXFrame.h"
 
 namespace jx {
 namespace {
 
-constexpr unsigned char kRequest = 'Q';
-constexpr unsigned char kAcknowledgement = 'S';
-constexpr unsigned char kDeadLetter = 'D';
+constexpr char kRequest = 'Q';
+constexpr char kAcknowledgement = 'S';
+constexpr char kDeadLetter = 'D';
 
-void encodeHead(unsigned char* head, unsigned char kind, std::string_view url,
-                std::int64_t createdMs) {
-  std::fill(head, head + 4, static_cast<unsigned char>(0));
-  head[0] = kind;
-  putU32(head + 4, static_cast<std::uint32_t>(url.size()));
-  putU64(head + 8, static_cast<std::uint64_t>(createdMs));
+template <class Head>
+Head encodeHead(char kind, std::string_view url, std::int64_t createdMs) {
+  Head head{kind};
+  putU32(head.data() + 4, static_cast<std::uint32_t>(url.size()));
+  putU64(head.data() + 8, static_cast<std::uint64_t>(createdMs));
+  return head;
 }
 
 // Decodes the fields that a request and a dead letter have in common.
@@ -37,7 +35,7 @@ bool decodeUrlAndBody(std::string_view payload, std::size_t headSize, JXOutboxRe
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
   JXOutboxRecord record;
-  const unsigned char kind = payload.empty() ? 0 : static_cast<unsigned char>(payload.front());
+  const char kind = payload.empty() ? '\0' : payload.front();
   if (kind == kRequest && decodeUrlAndBody(payload, kJXRequestHeadSize, record)) {
     record.kind = JXRecordKind::Request;
   } else if (kind == kDeadLetter && decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) {
@@ -53,24 +51,23 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
   return record;
 }
 
-void encodeRequestHead(unsigned char (&head)[kJXRequestHeadSize], std::string_view url,
-                       std::int64_t createdMs) {
-  encodeHead(head, kRequest, url, createdMs);
+JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs) {
+  return encodeHead<JXRequestHead>(kRequest, url, createdMs);
 }
 
-void encodeDeadLetterHead(unsigned char (&head)[kJXDeadLetterHeadSize], std::string_view url,
-                          std::int64_t createdMs, int status, std::uint32_t keep) {
-  encodeHead(head, kDeadLetter, url, createdMs);
-  putU32(head + 16, static_cast<std::uint32_t>(status));
-  putU32(head + 20, keep);
+JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,
+                                      std::uint32_t keep) {
+  auto head = encodeHead<JXDeadLetterHead>(kDeadLetter, url, createdMs);
+  putU32(head.data() + 16, static_cast<std::uint32_t>(status));
+  putU32(head.data() + 20, keep);
+  return head;
 }
 
-std::vector<unsigned char> encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
-  std::vector<unsigned char> payload(kJXAcknowledgementHeadSize + 4 * offsets.size());
+std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
+  std::string payload(kJXAcknowledgementHeadSize + 4 * offsets.size(), '\0');
   payload[0] = kAcknowledgement;
-  for (std::size_t i = 0; i < offsets.size(); ++i) {
+  for (std::size_t i = 0; i < offsets.size(); ++i)
     putU32(payload.data() + kJXAcknowledgementHeadSize + 4 * i, offsets[i]);
-  }
   return payload;
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/transfer/JXTransferLoop.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXTemporaryFolder.h"

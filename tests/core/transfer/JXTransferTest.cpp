@@ -8,6 +8,7 @@
 #include <atomic>
 #include <set>
 
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/transfer/JXCurlTransport.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
