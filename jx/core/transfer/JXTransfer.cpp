@@ -5,7 +5,6 @@
 #include <pthread.h>
 #include <signal.h>
 
-#include <algorithm>
 #include <exception>
 #include <random>
 #include <utility>
@@ -19,13 +18,8 @@ namespace {
 using SteadyTime = std::chrono::steady_clock::time_point;
 using std::chrono::milliseconds;
 
-// Limits a wait so that a sum with the clock's time cannot overflow.
-constexpr milliseconds kMaxWait = std::chrono::hours(24 * 365);
-
 // Longest wait of the thread after two failed iterations in a row.
 constexpr milliseconds kDelayAfterFailures{1'000};
-
-milliseconds bounded(milliseconds wait) { return std::clamp(wait, milliseconds::zero(), kMaxWait); }
 
 JXTransferSetup completed(JXTransferSetup setup) {
   if (!setup.steadyNow) setup.steadyNow = [] { return std::chrono::steady_clock::now(); };
@@ -182,7 +176,7 @@ void JXTransfer::setInBackground(bool inBackground) {
 }
 
 void JXTransfer::pauseForUserAgent() {
-  const SteadyTime until = setup().steadyNow() + bounded(setup().timings.userAgentWait);
+  const SteadyTime until = setup().steadyNow() + boundedWait(setup().timings.userAgentWait);
   mailbox_.send([until](JXTransferCommands& commands) { commands.pausedUntil = until; });
 }
 
@@ -192,7 +186,7 @@ void JXTransfer::userAgentKnown() {
 
 bool JXTransfer::flush(milliseconds deadline) {
   // The deadline uses the real clock, because the application waits, not the plan.
-  const SteadyTime until = std::chrono::steady_clock::now() + bounded(deadline);
+  const SteadyTime until = std::chrono::steady_clock::now() + boundedWait(deadline);
   if (queueIsEmpty()) return true;
   if (isOnThread()) return false;
   ++flushing_;
@@ -223,7 +217,7 @@ JXDeliveryCounters JXTransfer::counters() const {
 bool JXTransfer::stop(milliseconds limit) {
   // In a forked child the thread does not exist, and its locks may stay locked forever.
   if (getpid() != process_) return false;
-  const SteadyTime until = std::chrono::steady_clock::now() + bounded(limit);
+  const SteadyTime until = std::chrono::steady_clock::now() + boundedWait(limit);
   mailbox_.send([](JXTransferCommands& commands) { commands.stop = true; });
   {
     std::unique_lock<std::mutex> lock(mutex_);
