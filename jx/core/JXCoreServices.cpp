@@ -10,6 +10,7 @@
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXStartGuard.h"
@@ -86,15 +87,22 @@ void JXCoreServices::userDefaultsChanged() {
 }
 
 void JXCoreServices::start() {
-  std::call_once(started_, [this] {
-    platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
-                                  &JXApplication::applicationWillEnterForeground);
-    if (configuration_.dryRun) {
-      JXNetworkManager::sharedInstance().startDryRun(userAgentRequest());
-    } else {
-      startTransfer();
-    }
-  });
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+  {
+    // Log sinks and observers of the user agent run after the start, because they may create a
+    // ServerSide, which starts the core.
+    const JXLogDeferral deferral;
+    std::call_once(started_, [&] {
+      platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
+                                    &JXApplication::applicationWillEnterForeground);
+      if (configuration_.dryRun) {
+        manager.startDryRun(userAgentRequest());
+      } else {
+        startTransfer();
+      }
+    });
+  }
+  manager.requestAwaitedUserAgent();
 }
 
 std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {

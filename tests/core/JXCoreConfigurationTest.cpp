@@ -136,6 +136,19 @@ TEST_F(JXPinnedStart, LogsEachInvalidPin) {
   EXPECT_EQ(countLogLines("3 Pinned key"), 1);
 }
 
+// A log sink belongs to the application, like every callback.
+TEST_F(JXPinnedStart, LogSinkMayStartTheLibrary) {
+  int started = 0;
+  JXLogger::sharedInstance().setSink([&started](int, std::string_view message) {
+    if (message.find("a typo") == std::string_view::npos) return;
+    EXPECT_NE(JXCoreInitialisation::init(), nullptr);
+    ++started;
+  });
+  JXCoreInitialisation::init();
+  JXLogger::sharedInstance().setSink(nullptr);
+  EXPECT_EQ(started, 1);
+}
+
 class Posted {
  public:
   Posted() {

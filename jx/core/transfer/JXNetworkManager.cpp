@@ -89,15 +89,18 @@ void JXNetworkManager::applyBackground() {
 void JXNetworkManager::waitForUserAgent() {
   {
     const std::lock_guard<std::mutex> lock(mutex_);
-    waitsForUserAgent_ = true;
-    if (!requestUserAgent_) return;
+    awaitsUserAgent_ = true;
   }
-  startUserAgentRequest();
+  requestAwaitedUserAgent();
 }
 
 // Delivery is paused before the request, because the platform may call back immediately. A dry run
 // has no transfer.
-void JXNetworkManager::startUserAgentRequest() {
+void JXNetworkManager::requestAwaitedUserAgent() {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!requestUserAgent_ || !std::exchange(awaitsUserAgent_, false)) return;
+  }
   guarded("Requesting the user agent failed", "delivery does not wait for it", [&] {
     std::shared_ptr<JXTransfer> transfer = this->transfer();
     if (transfer) transfer->pauseForUserAgent();
@@ -166,40 +169,29 @@ JXDeliveryCounters JXNetworkManager::counters() const {
 
 void JXNetworkManager::start(JXTransferSetup setup) {
   guarded("Starting the transfer thread failed", "requests are not accepted", [&] {
-    bool requestsUserAgent = false;
-    {
-      const std::lock_guard<std::mutex> lock(mutex_);
-      if (transfer_) return;
-      requestUserAgent_ = setup.requestUserAgent;
-      auto transfer = std::make_shared<JXTransfer>(std::move(setup));
-      requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
-      if (requestsUserAgent) transfer->pauseForUserAgent();
-      if (decided_) transfer->setDisabled(!enabled_);
-      transfer->setInBackground(inBackground_ && !runsInBackground_);
-      transfer->start();
-      transfer_ = std::move(transfer);
-      // Registered after libcurl and its dependencies were initialised above, so that the thread
-      // ends before they are cleaned up.
-      stoppedAtExit = transfer_.get();
-      std::atexit([] {
-        guarded("Stopping the transfer thread failed", "process exit continues",
-                [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
-      });
-    }
-    if (requestsUserAgent) startUserAgentRequest();
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (transfer_) return;
+    requestUserAgent_ = setup.requestUserAgent;
+    auto transfer = std::make_shared<JXTransfer>(std::move(setup));
+    if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
+    if (decided_) transfer->setDisabled(!enabled_);
+    transfer->setInBackground(inBackground_ && !runsInBackground_);
+    transfer->start();
+    transfer_ = std::move(transfer);
+    // Registered after libcurl and its dependencies were initialised above, so that the thread ends
+    // before they are cleaned up.
+    stoppedAtExit = transfer_.get();
+    std::atexit([] {
+      guarded("Stopping the transfer thread failed", "process exit continues",
+              [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
+    });
   });
 }
 
 void JXNetworkManager::startDryRun(
     std::function<void(std::function<void()> known)> requestUserAgent) {
-  bool requestsUserAgent = false;
-  {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    if (transfer_ || requestUserAgent_) return;
-    requestUserAgent_ = std::move(requestUserAgent);
-    requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
-  }
-  if (requestsUserAgent) startUserAgentRequest();
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (!transfer_ && !requestUserAgent_) requestUserAgent_ = std::move(requestUserAgent);
 }
 
 }  // namespace jx

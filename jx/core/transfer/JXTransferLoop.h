@@ -38,8 +38,8 @@ struct JXTransferSetup {
   std::function<void()> beforeConnecting;
   /// Requests the platform's user agent, stores and posts the result, then calls `known` once, on
   /// any thread, even without a user agent. Called without a lock, on the thread that calls
-  /// `waitForUserAgent` or, if that was called first, `start`. Empty: requests never wait for a
-  /// user agent.
+  /// `waitForUserAgent` or, if that was called first, `requestAwaitedUserAgent`. Empty: requests
+  /// never wait for a user agent.
   std::function<void(std::function<void()> known)> requestUserAgent;
 
   std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above

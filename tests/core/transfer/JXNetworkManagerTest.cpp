@@ -186,10 +186,15 @@ TEST_F(NetworkManager, StartsAUserAgentWaitRequestedBeforeTheStart) {
   setup.requestUserAgent = [&](std::function<void()> done) { known = std::move(done); };
   manager.waitForUserAgent();
   manager.start(setup);
+  EXPECT_FALSE(known);
+  EXPECT_TRUE(manager.counters().paused);
+  manager.requestAwaitedUserAgent();
   ASSERT_TRUE(known);
   EXPECT_TRUE(manager.counters().paused);
-  known();
+  std::exchange(known, nullptr)();
   EXPECT_FALSE(manager.counters().paused);
+  manager.requestAwaitedUserAgent();
+  EXPECT_FALSE(known) << "requested once";
 }
 
 TEST_F(NetworkManager, DoesNotPauseWhenTheUserAgentRequestThrows) {
