@@ -23,7 +23,8 @@
 namespace jx {
 namespace {
 
-std::atomic<bool> started{false};
+std::atomic<const char*> startingOperation{nullptr};
+thread_local const char* currentOperation = nullptr;
 
 JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
   if (configuration.storageFolder.testString()) return configuration.storageFolder;
@@ -42,15 +43,24 @@ void announceUserAgent(const JXString& userAgent) {
 
 }  // namespace
 
+JXCoreCaller::JXCoreCaller(const char* operation) noexcept
+    : isOutermost_(currentOperation == nullptr) {
+  if (isOutermost_) currentOperation = operation;
+}
+
+JXCoreCaller::~JXCoreCaller() {
+  if (isOutermost_) currentOperation = nullptr;
+}
+
 JXCoreServices& JXCoreServices::sharedInstance() {
   static JXOnce<JXCoreServices> once;
   return once.get([] {
-    started = true;
+    startingOperation = currentOperation != nullptr ? currentOperation : "an operation of the SDK";
     return new JXCoreServices(JXCoreConfiguration::current());
   });
 }
 
-bool JXCoreServices::hasStarted() { return started; }
+const char* JXCoreServices::startedBy() { return startingOperation; }
 
 JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
     : configuration_(configuration) {

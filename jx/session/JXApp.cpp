@@ -4,6 +4,7 @@
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
@@ -21,6 +22,7 @@ std::atomic<int> JX_INIT_STATE{kJXInitNever};
 JXApp& JXApp::sharedInstance() {
   static JXOnce<JXApp, JXSessionLock> once;
   return once.get([] {
+    const JXCoreCaller caller("JXApp::sharedInstance()");
     auto* const app = new JXApp();
     app->init();
     return app;

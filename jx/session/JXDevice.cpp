@@ -32,6 +32,7 @@ JXJsonObject entriesOf(const std::shared_ptr<JXAdditionalProperties>& properties
 JXDevice& JXDevice::sharedInstance() {
   static JXOnce<JXDevice, JXSessionLock> once;
   return once.get([] {
+    const JXCoreCaller caller("JXDevice::sharedInstance()");
     auto* const device = new JXDevice();
     device->init();
     return device;

@@ -24,6 +24,7 @@ std::atomic<int> JX_INIT_STATE{kJXInitNever};
 JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
   static JXOnce<JXPredefinedVariables, JXSessionLock> once;
   return once.get([] {
+    const JXCoreCaller caller("JXPredefinedVariables::sharedInstance()");
     auto* const variables = new JXPredefinedVariables();
     variables->init();
     return variables;
