@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -94,13 +93,8 @@ int JXDeadLetters::rewrite() {
     error = fresh.append({payload}, &kept.back().offset);
   }
   if (error == 0) error = fresh.sync();
-  if (error == 0 && JXFileCalls::current().rename(freshPath.c_str(), path_.c_str()) != 0) {
-    error = errno;
-  }
-  if (error != 0) {
-    std::remove(freshPath.c_str());
-    return error;
-  }
+  error = replaceFile(freshPath, path_, error);
+  if (error != 0) return error;
   journal_ = std::move(fresh);
   locations_ = std::move(kept);
   return 0;

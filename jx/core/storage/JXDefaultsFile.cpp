@@ -3,7 +3,6 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 
 #include <cerrno>
-#include <cstdio>
 
 #include "jx/core/storage/JXFolder.h"
 
@@ -24,6 +23,12 @@ void encode(const JXString& key, const JXString& value, std::string& frames) {
   char head[kHead] = {value.isPresent() ? kValue : kRemoved};
   putU32(head + 1, static_cast<std::uint32_t>(key.size()));
   encodeFrame({{head, sizeof head}, key.view(), value.view()}, frames);
+}
+
+int append(JXJournal& journal, const JXString& key, const JXString& value) {
+  std::string frame;
+  encode(key, value, frame);
+  return journal.appendFrames(frame);
 }
 
 // Applies one frame to `values`; ignores a frame of another kind.
@@ -293,17 +298,12 @@ bool JXDefaultsFile::rewrite() {
   JXDefaultsMap content;
   if (error == 0 && !beginRewrite(content)) return false;
   for (const auto& [key, value] : content) {
-    std::string frame;
-    encode(key, value, frame);
-    if (error == 0) error = fresh->appendFrames(frame);
+    if (error == 0) error = append(*fresh, key, value);
   }
   if (error == 0) error = fresh->sync();
   const JXReportingLock locked(mutex_, report_);
   rewriting_ = false;
-  if (error == 0) return replaceFile(std::move(fresh), freshPath);
-  report_.failed("rewrite the file", error);
-  std::remove(freshPath.c_str());
-  return false;
+  return finishRewrite(std::move(fresh), freshPath, error);
 }
 
 // Reads the file instead of using memory: a process that has exited may have set values.
@@ -318,18 +318,17 @@ bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
   return true;
 }
 
-bool JXDefaultsFile::replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path) {
-  int error = 0;
+// Adds the values that were set during the rewrite and replaces the file. `error` is the result of
+// the rewrite so far.
+bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path,
+                                   int error) {
   for (const JXString& key : changed_) {
-    std::string frame;
-    encode(key, valueOf(key), frame);
-    if (error == 0) error = fresh->appendFrames(frame);
+    if (error == 0) error = append(*fresh, key, valueOf(key));
   }
   if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
-  if (error == 0 && JXFileCalls::current().rename(path.c_str(), path_.c_str()) != 0) error = errno;
+  error = replaceFile(path, path_, error);
   if (error != 0) {
     report_.failed("rewrite the file", error);
-    std::remove(path.c_str());
     return false;
   }
   fresh->setWriters(JXJournal::Writers::Several);

@@ -71,7 +71,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool needsCompaction() const;
   bool rewrite();
   bool beginRewrite(JXDefaultsMap& content);
-  bool replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path);
+  bool finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path, int error);
   void downgradeToSharedLock();
 
   const std::string path_;

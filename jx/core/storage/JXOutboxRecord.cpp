@@ -7,13 +7,9 @@
 namespace jx {
 namespace {
 
-constexpr char kRequest = 'Q';
-constexpr char kAcknowledgement = 'S';
-constexpr char kDeadLetter = 'D';
-
 template <class Head>
-Head encodeHead(char kind, std::string_view url, std::int64_t createdMs) {
-  Head head{kind};
+Head encodeHead(JXRecordKind kind, std::string_view url, std::int64_t createdMs) {
+  Head head{static_cast<char>(kind)};
   putU32(head.data() + 4, static_cast<std::uint32_t>(url.size()));
   putU64(head.data() + 8, static_cast<std::uint64_t>(createdMs));
   return head;
@@ -35,15 +31,16 @@ bool decodeUrlAndBody(std::string_view payload, std::size_t headSize, JXOutboxRe
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
   JXOutboxRecord record;
-  const char kind = payload.empty() ? '\0' : payload.front();
-  if (kind == kRequest && decodeUrlAndBody(payload, kJXRequestHeadSize, record)) {
-    record.kind = JXRecordKind::Request;
-  } else if (kind == kDeadLetter && decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) {
-    record.kind = JXRecordKind::DeadLetter;
+  const auto kind = payload.empty() ? JXRecordKind::Unknown : JXRecordKind{payload.front()};
+  if (kind == JXRecordKind::Request) {
+    if (decodeUrlAndBody(payload, kJXRequestHeadSize, record)) record.kind = kind;
+  } else if (kind == JXRecordKind::DeadLetter) {
+    if (!decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) return record;
+    record.kind = kind;
     record.status = static_cast<int>(getU32(payload.data() + 16));
     record.keep = getU32(payload.data() + 20);
-  } else if (kind == kAcknowledgement) {
-    record.kind = JXRecordKind::Acknowledgement;
+  } else if (kind == JXRecordKind::Acknowledgement) {
+    record.kind = kind;
     for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {
       record.acknowledged.push_back(getU32(payload.data() + at));
     }
@@ -52,12 +49,12 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
 }
 
 JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs) {
-  return encodeHead<JXRequestHead>(kRequest, url, createdMs);
+  return encodeHead<JXRequestHead>(JXRecordKind::Request, url, createdMs);
 }
 
 JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,
                                       std::uint32_t keep) {
-  auto head = encodeHead<JXDeadLetterHead>(kDeadLetter, url, createdMs);
+  auto head = encodeHead<JXDeadLetterHead>(JXRecordKind::DeadLetter, url, createdMs);
   putU32(head.data() + 16, static_cast<std::uint32_t>(status));
   putU32(head.data() + 20, keep);
   return head;
@@ -65,7 +62,7 @@ JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t created
 
 std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
   std::string payload(kJXAcknowledgementHeadSize + 4 * offsets.size(), '\0');
-  payload[0] = kAcknowledgement;
+  payload[0] = static_cast<char>(JXRecordKind::Acknowledgement);
   for (std::size_t i = 0; i < offsets.size(); ++i)
     putU32(payload.data() + kJXAcknowledgementHeadSize + 4 * i, offsets[i]);
   return payload;

@@ -27,7 +27,8 @@ constexpr std::size_t kJXRequestHeadSize = 16;
 constexpr std::size_t kJXDeadLetterHeadSize = 24;
 constexpr std::size_t kJXAcknowledgementHeadSize = 4;
 
-enum class JXRecordKind { Unknown, Request, Acknowledgement, DeadLetter };
+/// The first byte of a payload.
+enum class JXRecordKind : char { Unknown, Request = 'Q', Acknowledgement = 'S', DeadLetter = 'D' };
 
 /// A decoded frame; the string views are valid as long as the payload.
 struct JXOutboxRecord {

@@ -222,12 +222,7 @@ int writePurgeMark(const std::string& segmentPath) {
   error = file.append(&part, 1, written);
   if (error == 0 && written < text.size()) error = ENOSPC;
   if (error == 0) error = file.synchronize();
-  if (error == 0 &&
-      JXFileCalls::current().rename(fresh.c_str(), markPath(segmentPath).c_str()) != 0) {
-    error = errno;
-  }
-  if (error != 0) ::unlink(fresh.c_str());
-  return error;
+  return replaceFile(fresh, markPath(segmentPath), error);
 }
 
 std::uint64_t readPurgeMark(const std::string& segmentPath) {

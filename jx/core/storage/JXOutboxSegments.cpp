@@ -130,13 +130,12 @@ void JXOutboxSegments::retry() {
   }
 }
 
-bool JXOutboxSegments::detectDeletedSegments() {
+void JXOutboxSegments::detectDeletedSegments() {
   for (const auto& segment : segments_) {
     if (segment->lost || segment->isLinked()) continue;
     segment->lost = true;
     if (segment.get() == current_) current_ = nullptr;
   }
-  return hasLost();
 }
 
 bool JXOutboxSegments::hasLost() const {

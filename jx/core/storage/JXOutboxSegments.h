@@ -52,9 +52,9 @@ class JXOutboxSegments {
 
   /// Retries failed writes of acknowledgements and deletions.
   void retry();
-  /// Marks segments whose files were deleted as lost. Returns true when one of them has
-  /// unacknowledged requests.
-  bool detectDeletedSegments();
+  /// Marks segments whose files were deleted as lost.
+  void detectDeletedSegments();
+  /// Returns true when a lost segment has unacknowledged requests.
   bool hasLost() const;
 
   /// Returns the segments written since the last call, for syncing without the owner's lock.
