@@ -4,7 +4,6 @@
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
-#include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
@@ -18,16 +17,6 @@ namespace {
 std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 }  // namespace
-
-JXApp& JXApp::sharedInstance() {
-  static JXOnce<JXApp, JXSessionLock> once;
-  return once.get([] {
-    const JXCoreCaller caller("JXApp::sharedInstance()");
-    auto* const app = new JXApp();
-    app->init();
-    return app;
-  });
-}
 
 JXApp* JXApp::init() {
   if (!tryBeginInit(JX_INIT_STATE, "JXApp")) return this;
