@@ -3,6 +3,7 @@
 #include "jx/core/JXCoreConfiguration.h"
 
 #include <mutex>
+#include <string>
 
 #include "jx/core/JXCoreServices.h"
 
@@ -35,8 +36,10 @@ bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
     logger.setMaxLevel(configuration.logLevel);
     logger.setSink(configuration.logSink);
   } else {
-    logger.logMessage_withLevel("JXCoreConfiguration::set() called after the SDK started; ignored",
-                                3);
+    logger.logMessage_withLevel(
+        std::string("JXCoreConfiguration::set() called after the SDK started (started by ") +
+            JXCoreServices::startedBy() + "); ignored",
+        3);
   }
   return isAccepted;
 }

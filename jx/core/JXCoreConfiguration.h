@@ -83,7 +83,8 @@ struct JX_API JXCoreConfiguration {
   std::shared_ptr<JXPlatform> platform;
 
   /// Replaces the current configuration with a copy of `configuration` and returns true. Once the
-  /// core has started, changes nothing, logs at level 3 and returns false. Thread-safe.
+  /// core has started, changes nothing, logs at level 3 which operation started it, and returns
+  /// false. Thread-safe.
   static bool set(const JXCoreConfiguration& configuration);
   /// Returns a copy of the current configuration. Thread-safe.
   static JXCoreConfiguration current();

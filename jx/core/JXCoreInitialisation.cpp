@@ -11,6 +11,7 @@
 namespace jx {
 
 std::shared_ptr<JXCoreInitialisation> JXCoreInitialisation::init() {
+  const JXCoreCaller caller("JXCoreInitialisation::init()");
   JXCoreServices& services = JXCoreServices::sharedInstance();
   // Observes the default center before any listener does, so that the network manager receives a
   // state change before the facade acts on it.

@@ -10,6 +10,7 @@
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/JXStartGuard.h"
@@ -17,12 +18,13 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/transfer/JXTransferLoop.h"
 
 namespace jx {
 namespace {
 
-std::atomic<bool> started{false};
+std::atomic<const char*> startingOperation{nullptr};
+thread_local const char* currentOperation = nullptr;
 
 JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
   if (configuration.storageFolder.testString()) return configuration.storageFolder;
@@ -41,15 +43,24 @@ void announceUserAgent(const JXString& userAgent) {
 
 }  // namespace
 
+JXCoreCaller::JXCoreCaller(const char* operation) noexcept
+    : isOutermost_(currentOperation == nullptr) {
+  if (isOutermost_) currentOperation = operation;
+}
+
+JXCoreCaller::~JXCoreCaller() {
+  if (isOutermost_) currentOperation = nullptr;
+}
+
 JXCoreServices& JXCoreServices::sharedInstance() {
   static JXOnce<JXCoreServices> once;
   return once.get([] {
-    started = true;
+    startingOperation = currentOperation != nullptr ? currentOperation : "an operation of the SDK";
     return new JXCoreServices(JXCoreConfiguration::current());
   });
 }
 
-bool JXCoreServices::hasStarted() { return started; }
+const char* JXCoreServices::startedBy() { return startingOperation; }
 
 JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
     : configuration_(configuration) {
@@ -86,15 +97,22 @@ void JXCoreServices::userDefaultsChanged() {
 }
 
 void JXCoreServices::start() {
-  std::call_once(started_, [this] {
-    platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
-                                  &JXApplication::applicationWillEnterForeground);
-    if (configuration_.dryRun) {
-      JXNetworkManager::sharedInstance().startDryRun(userAgentRequest());
-    } else {
-      startTransfer();
-    }
-  });
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+  {
+    // Log sinks and observers of the user agent run after the start, because they may create a
+    // ServerSide, which starts the core.
+    const JXLogDeferral deferral;
+    std::call_once(started_, [&] {
+      platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
+                                    &JXApplication::applicationWillEnterForeground);
+      if (configuration_.dryRun) {
+        manager.startDryRun(userAgentRequest());
+      } else {
+        startTransfer();
+      }
+    });
+  }
+  manager.requestAwaitedUserAgent();
 }
 
 std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {

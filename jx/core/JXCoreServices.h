@@ -14,13 +14,30 @@ namespace jx {
 
 class JXDefaultsFile;
 
+/// Names the public operation that is running on this thread, for the message of a configuration
+/// that is set after the operation started the core. Calls inside another named operation keep its
+/// name.
+class JXCoreCaller {
+ public:
+  /// `operation` is a string literal, for example "JXUser::anonymous_id()".
+  explicit JXCoreCaller(const char* operation) noexcept;
+  ~JXCoreCaller();
+  JXCoreCaller(const JXCoreCaller&) = delete;
+  JXCoreCaller& operator=(const JXCoreCaller&) = delete;
+
+ private:
+  const bool isOutermost_;
+};
+
 /// The services that the core depends on, created from the configuration on first use of the core.
 /// Thread-safe; never destroyed.
 class JXCoreServices {
  public:
   static JXCoreServices& sharedInstance();
   /// Returns whether the configuration has been read; it can no longer be changed then.
-  static bool hasStarted();
+  static bool hasStarted() { return startedBy() != nullptr; }
+  /// Returns the operation that started the core; null before the start.
+  static const char* startedBy();
 
   const JXClock& clock() const { return *clock_; }
   JXPlatform& platform() const { return *platform_; }

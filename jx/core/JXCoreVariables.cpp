@@ -27,7 +27,10 @@ JXString persistedSdkId() {
 
 JXCoreVariables& JXCoreVariables::sharedInstance() {
   static JXOnce<JXCoreVariables> once;
-  return once.get([] { return new JXCoreVariables(); });
+  return once.get([] {
+    const JXCoreCaller caller("JXCoreVariables::sharedInstance()");
+    return new JXCoreVariables();
+  });
 }
 
 JXCoreVariables::JXCoreVariables() : dynamicStore_(JXDynamicStore::init()) {

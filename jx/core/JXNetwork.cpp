@@ -27,7 +27,10 @@ const char* toString(JXNetworkKind kind) {
 
 JXNetwork& JXNetwork::sharedInstance() {
   static JXOnce<JXNetwork> once;
-  return once.get([] { return new JXNetwork(); });
+  return once.get([] {
+    const JXCoreCaller caller("JXNetwork::sharedInstance()");
+    return new JXNetwork();
+  });
 }
 
 JXNetwork::JXNetwork() : JXAdditionalProperties(Sharing::AnyThread) { refresh(); }

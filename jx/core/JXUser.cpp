@@ -21,7 +21,10 @@ JXUser& JXUser::sharedInstance() {
 
 JXUser::JXUser() : JXAdditionalProperties(Sharing::AnyThread) {}
 
-JXJsonObject JXUser::getJsonObject() const { return newJsonObject(); }
+JXJsonObject JXUser::getJsonObject() const {
+  const JXCoreCaller caller("JXUser::getJsonObject()");
+  return newJsonObject();
+}
 
 void JXUser::writeOwnEntries(JXJsonSink& sink) const {
   sink.text("anonymous_id", anonymous_id());
@@ -29,6 +32,7 @@ void JXUser::writeOwnEntries(JXJsonSink& sink) const {
 }
 
 JXString JXUser::anonymous_id() const {
+  const JXCoreCaller caller("JXUser::anonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   // Read when it is first needed and not when the object is created: a consent module may set its
@@ -45,6 +49,7 @@ JXString JXUser::anonymous_id() const {
 
 void JXUser::setAnonymous_id(const JXString& id) {
   if (!id.testString()) return;
+  const JXCoreCaller caller("JXUser::setAnonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   anonymousId_ = id;

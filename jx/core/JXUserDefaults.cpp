@@ -7,11 +7,13 @@
 namespace jx {
 
 JXString JXUserDefaults::retrieveInfoFromUserDefaults(const JXString& key) {
+  const JXCoreCaller caller("JXUserDefaults::retrieveInfoFromUserDefaults()");
   JXPlatformDefaults* const defaults = standardUserDefaults();
   return defaults != nullptr && key.isPresent() ? defaults->objectForKey(key) : JXString();
 }
 
 void JXUserDefaults::saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label) {
+  const JXCoreCaller caller("JXUserDefaults::saveInfoToUserDefaults_forLabel()");
   JXPlatformDefaults* const defaults = standardUserDefaults();
   if (defaults == nullptr || !label.isPresent()) return;
   defaults->setObject_forKey(value, label);

@@ -14,6 +14,7 @@ namespace jx {
 std::shared_ptr<JXEvent> JXEvent::init() { return std::shared_ptr<JXEvent>(new JXEvent()); }
 
 JXJsonObject JXEvent::getJsonObject() const {
+  const JXCoreCaller caller("JXEvent::getJsonObject()");
   JXJsonObject dict = extraProperties().mutableCopy();
   JXJsonTreeSink sink(dict);
   if (!name_.isPresent()) dict.remove(JXE_EVENT);

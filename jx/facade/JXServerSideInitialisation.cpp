@@ -3,6 +3,7 @@
 #include "jx/facade/JXServerSideInitialisation.h"
 
 #include "jx/core/JXCoreInitialisation.h"
+#include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/facade/JXState.h"
 #include "jx/session/JXPredefinedVariables.h"
@@ -10,6 +11,7 @@
 namespace jx {
 
 std::shared_ptr<JXServerSideInitialisation> JXServerSideInitialisation::init() {
+  const JXCoreCaller caller("JXServerSideInitialisation::init()");
   JXCoreInitialisation::init();
   JXState::sharedInstance();  // before the variables, so that the core is notified of a transition
                               // first

@@ -91,6 +91,7 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
                        const std::shared_ptr<JXNotificationCenter>& center,
                        std::int32_t defaultBehaviour,
                        std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
+  const JXCoreCaller caller("an initialiser of ServerSide");
   initialisation_ = JXServerSideInitialisation::init();
   log("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);
   const std::string site = std::to_string(siteID);

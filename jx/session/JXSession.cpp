@@ -4,15 +4,17 @@
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXCoreServices.h"
 #include "jx/core/json/JXJsonSink.h"
 
 namespace jx {
 namespace {
 
-// Runs the start-up of `part` once and returns it.
+// Runs the start-up of `part` once and returns it. `operation` names it as the start of the core.
 template <typename Once, typename Part>
-Part& started(Once& once, Part& part) {
-  return once.get([&part] {
+Part& started(Once& once, Part& part, const char* operation) {
+  return once.get([&part, operation] {
+    const JXCoreCaller caller(operation);
     part.init();
     return &part;
   });
@@ -26,13 +28,19 @@ JXSession& JXSession::sharedInstance() {
   return *instance;
 }
 
-JXPredefinedVariables& JXSession::variables() { return started(variablesStart_, variables_); }
+JXPredefinedVariables& JXSession::variables() {
+  return started(variablesStart_, variables_, "JXPredefinedVariables::sharedInstance()");
+}
 
-JXDevice& JXSession::device() { return started(deviceStart_, device_); }
+JXDevice& JXSession::device() {
+  return started(deviceStart_, device_, "JXDevice::sharedInstance()");
+}
 
-JXApp& JXSession::app() { return started(appStart_, app_); }
+JXApp& JXSession::app() { return started(appStart_, app_, "JXApp::sharedInstance()"); }
 
-JXLifecycle& JXSession::lifecycle() { return started(lifecycleStart_, lifecycle_); }
+JXLifecycle& JXSession::lifecycle() {
+  return started(lifecycleStart_, lifecycle_, "JXLifecycle::sharedInstance()");
+}
 
 void JXSession::writeContext(JXJsonSink& sink, JXNewSessionClaim* claim) {
   // Outside the lock: each part logs what its start-up reports.

@@ -14,7 +14,9 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXLogger.h"
+#include "jx/core/JXNetwork.h"
 #include "jx/core/JXUser.h"
+#include "jx/core/JXUserDefaults.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "tests/core/JXCoreFixture.h"
@@ -64,8 +66,42 @@ TEST_F(JXCoreConfigurationTest, IgnoresALateSetAndLogsOneMessage) {
   EXPECT_EQ(JXCoreConfiguration::current().clock, clock_);
   EXPECT_EQ(JXCoreVariables::sharedInstance().nowMs(), 1'700'000'000'123);
   ASSERT_EQ(logLines().size(), before + 1);
-  EXPECT_EQ(logLines().back().substr(0, 2), "3 ");
+  EXPECT_EQ(logLines().back(),
+            "3 JXCoreConfiguration::set() called after the SDK started (started by "
+            "JXCoreInitialisation::init()); ignored");
 }
+
+struct Start {
+  const char* operation;
+  void (*call)();
+  friend void PrintTo(const Start& each, std::ostream* out) { *out << each.operation; }
+};
+
+class JXCoreStarts : public test::JXCoreFixture, public testing::WithParamInterface<Start> {};
+
+TEST_P(JXCoreStarts, AreNamedByALateSet) {
+  GetParam().call();
+  JXCoreInitialisation::init();
+  ASSERT_FALSE(JXCoreConfiguration::set(configuration_));
+  EXPECT_EQ(logLines().back(),
+            std::string("3 JXCoreConfiguration::set() called after the SDK started (started by ") +
+                GetParam().operation + "); ignored");
+}
+
+// Each of these calls others of the list.
+INSTANTIATE_TEST_SUITE_P(
+    Operations, JXCoreStarts,
+    testing::Values(
+        Start{"JXUser::anonymous_id()", [] { JXUser::sharedInstance().anonymous_id(); }},
+        Start{"JXUser::setAnonymous_id()", [] { JXUser::sharedInstance().setAnonymous_id("a"); }},
+        Start{"JXUser::getJsonObject()", [] { JXUser::sharedInstance().getJsonObject(); }},
+        Start{"JXUserDefaults::retrieveInfoFromUserDefaults()",
+              [] { JXUserDefaults::retrieveInfoFromUserDefaults("key"); }},
+        Start{"JXUserDefaults::saveInfoToUserDefaults_forLabel()",
+              [] { JXUserDefaults::saveInfoToUserDefaults_forLabel("value", "key"); }},
+        Start{"JXCoreVariables::sharedInstance()", [] { JXCoreVariables::sharedInstance(); }},
+        Start{"JXNetwork::sharedInstance()", [] { JXNetwork::sharedInstance(); }}),
+    [](const testing::TestParamInfo<Start>& each) { return "Start" + std::to_string(each.index); });
 
 // As a consent module does when it is loaded, before the application configures the library.
 TEST_F(JXCoreConfigurationTest, CanBeSetAfterAConsentModuleRestoredItsIdentifier) {
@@ -134,6 +170,19 @@ TEST_F(JXPinnedStart, LogsEachInvalidPin) {
   JXCoreInitialisation::init();
   EXPECT_EQ(countLogLines("3 Pinned key \"a typo\" is not a SHA-256 hash in Base64"), 1);
   EXPECT_EQ(countLogLines("3 Pinned key"), 1);
+}
+
+// A log sink belongs to the application, like every callback.
+TEST_F(JXPinnedStart, LogSinkMayStartTheLibrary) {
+  int started = 0;
+  JXLogger::sharedInstance().setSink([&started](int, std::string_view message) {
+    if (message.find("a typo") == std::string_view::npos) return;
+    EXPECT_NE(JXCoreInitialisation::init(), nullptr);
+    ++started;
+  });
+  JXCoreInitialisation::init();
+  JXLogger::sharedInstance().setSink(nullptr);
+  EXPECT_EQ(started, 1);
 }
 
 class Posted {

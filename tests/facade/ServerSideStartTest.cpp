@@ -8,6 +8,11 @@
 #include "jx/core/JXClassRegistry.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/events/JXCustomEvent.h"
+#include "jx/facade/JXServerSideInitialisation.h"
+#include "jx/session/JXApp.h"
+#include "jx/session/JXDevice.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "jx/session/JXServerSideVersion.h"
 #include "tests/support/Launch.h"
 #include "tests/support/ServerSideFixture.h"
@@ -33,6 +38,40 @@ class ThrowingInstance final : public IJXFirebaseInstance {
     throw std::runtime_error("not configured");
   }
 };
+
+struct Starter {
+  const char* operation;
+  void (*call)();
+  friend void PrintTo(const Starter& each, std::ostream* out) { *out << each.operation; }
+};
+
+class SdkStart : public ServerSideFixture, public ::testing::WithParamInterface<Starter> {};
+
+TEST_P(SdkStart, IsNamedByALateConfiguration) {
+  start();
+  GetParam().call();
+  ASSERT_FALSE(JXCoreConfiguration::set(configuration));
+  EXPECT_EQ(lines().back(),
+            (LogLine{3, std::string("JXCoreConfiguration::set() called after the SDK started "
+                                    "(started by ") +
+                            GetParam().operation + "); ignored"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Operations, SdkStart,
+    ::testing::Values(
+        Starter{"an initialiser of ServerSide",
+                [] { ServerSide::initWithSiteID_andSourceKey(1, "key"); }},
+        Starter{"JXServerSideInitialisation::init()", [] { JXServerSideInitialisation::init(); }},
+        Starter{"JXPredefinedVariables::sharedInstance()",
+                [] { JXPredefinedVariables::sharedInstance(); }},
+        Starter{"JXDevice::sharedInstance()", [] { JXDevice::sharedInstance(); }},
+        Starter{"JXApp::sharedInstance()", [] { JXApp::sharedInstance(); }},
+        Starter{"JXEvent::getJsonObject()",
+                [] { JXCustomEvent::initWithName("quiz")->getJsonObject(); }}),
+    [](const ::testing::TestParamInfo<Starter>& each) {
+      return "Start" + std::to_string(each.index);
+    });
 
 TEST_F(ServerSideStart, LogsVersionSiteAndInitialState) {
   const auto serverSide = make();

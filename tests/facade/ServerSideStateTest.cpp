@@ -264,6 +264,34 @@ TEST_F(ServerSideState, WaitForUserAgentRequestsItInADryRun) {
   EXPECT_EQ(variable(kJXPredefinedVariable_UserAgent), JXString("Agent/2"));
 }
 
+// Creates a ServerSide when the user agent is announced during the start of another one.
+std::shared_ptr<ServerSide> createdByAnObserver(const std::function<void()>& start) {
+  std::shared_ptr<ServerSide> created;
+  JXNotificationCenter::defaultCenter()->addObserver(
+      &created, kJXNotification_UserAgentAvailable, [&created](const JXNotification&) {
+        if (!created) created = ServerSide::initWithSiteID_andSourceKey(2, "second");
+      });
+  JXNetworkManager::sharedInstance().waitForUserAgent();
+  start();
+  JXNotificationCenter::defaultCenter()->removeObserver(&created);
+  return created;
+}
+
+TEST_F(ServerSideState, ObserverOfTheUserAgentMayCreateAServerSideDuringTheStart) {
+  queueForReal();
+  const auto second = createdByAnObserver([this] { make(); });
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(platform->userAgentRequestCount(), 1);
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().counters().paused);
+  second->execute(JXCustomEvent::initWithName("quiz"));
+  EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.added, 1u);
+}
+
+TEST_F(ServerSideState, ObserverOfTheUserAgentMayCreateAServerSideDuringADryRunStart) {
+  EXPECT_NE(createdByAnObserver([this] { make(); }), nullptr);
+  EXPECT_EQ(platform->userAgentRequestCount(), 1);
+}
+
 TEST_F(ServerSideState, WaitForUserAgentBeforeADryRunStartsIsHonoured) {
   JXNetworkManager::sharedInstance().waitForUserAgent();
   EXPECT_EQ(platform->userAgentRequestCount(), 0);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "jx/core/transfer/JXNetworkManager.h"
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/transfer/JXTransferLoop.h"
 #include "tests/core/transfer/JXTransferFixture.h"
 #include "tests/fault/ServerScenario.h"
 #include "tests/support/JXTestServer.h"

@@ -15,8 +15,8 @@
 
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/JXCoreConstants.h"
+#include "jx/core/transfer/JXEventId.h"
 #include "jx/core/transfer/JXNetworkManager.h"
-#include "jx/core/transfer/JXTransferLoop.h"
 #include "jx/events/JXCustomEvent.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/platform/JXManualClock.h"

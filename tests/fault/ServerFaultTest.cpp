@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <map>
 
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "tests/fault/FaultTable.h"
 #include "tests/fault/ServerFault.h"
 

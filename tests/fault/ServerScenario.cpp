@@ -32,7 +32,7 @@ ServerScenario::ServerScenario(const JXTestServerOptions& options)
 }
 
 ServerScenario::~ServerScenario() {
-  transfer_.reset();
+  if (transfer_) transfer_->stop(JXTransfer::kStopLimit);
   JXLogger::sharedInstance().setSink(nullptr);
 }
 
@@ -49,13 +49,14 @@ void ServerScenario::keepMessage(int level, const std::string& text) {
 
 void ServerScenario::startProcess() {
   setup.outbox = std::make_shared<JXOutbox>(folder.path("outbox"), JXOutboxBounds(), time.day);
-  transfer_ = std::make_unique<JXTransfer>(setup);
+  transfer_ = std::make_shared<JXTransfer>(setup);
   transfer_->start();
 }
 
 void ServerScenario::endProcess() {
   attemptsOfEndedProcesses += counters().attempts;
   deliveredByEndedProcesses += counters().outbox.delivered;
+  transfer_->stop(JXTransfer::kStopLimit);
   transfer_.reset();
   setup.outbox.reset();
 }

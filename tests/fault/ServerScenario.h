@@ -101,7 +101,7 @@ class ServerScenario {
 
   JXCollected<Line> lines_;
   JXCollected<int> maintained_;
-  std::unique_ptr<JXTransfer> transfer_;
+  std::shared_ptr<JXTransfer> transfer_;
 };
 
 }  // namespace jx::test

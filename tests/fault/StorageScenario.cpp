@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/events/JXCustomEvent.h"
 #include "tests/fault/FaultTable.h"
 

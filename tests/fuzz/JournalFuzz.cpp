@@ -78,7 +78,7 @@ void check(std::string_view file, const Texts& frames) {
     requireSame(recovered(journal, JXJournal::Writers::One), frames, "recovery finds every frame");
     std::uint64_t offset = 0;
     const std::string_view part = "after";
-    require(journal.append(&part, 1, &offset) == 0, "a frame can be appended to a recovered file");
+    require(journal.append({part}, &offset) == 0, "a frame can be appended to a recovered file");
     std::string payload;
     require(journal.read(offset, part.size(), payload) == 0 && payload == part,
             "the appended frame is read at its offset");

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/platform/JXManualClock.h"
 #include "tests/fuzz/Fuzz.h"

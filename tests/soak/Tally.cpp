@@ -9,7 +9,7 @@
 #include <stdexcept>
 
 #include "jx/core/json/JXJsonReader.h"
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 
 namespace jx::soak {
 namespace {

@@ -6,12 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <limits>
 #include <utility>
 
 #include "jx/core/storage/JXFolder.h"
-#include "jx/core/storage/JXOutboxRecord.h"
 
 namespace jx {
 namespace {
@@ -70,15 +68,13 @@ int JXDeadLetters::readLocations() {
 }
 
 int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
-  unsigned char head[kJXDeadLetterHeadSize];
-  encodeDeadLetterHead(head, request.url, request.createdMs, status,
-                       static_cast<std::uint32_t>(keep_));
-  const std::string_view parts[] = {
-      {reinterpret_cast<const char*>(head), sizeof head}, request.url, request.body};
+  const JXDeadLetterHead head = encodeDeadLetterHead(request.url, request.createdMs, status,
+                                                     static_cast<std::uint32_t>(keep_));
   std::uint64_t offset = 0;
-  const int error = journal_.append(parts, 3, &offset);
+  const int error =
+      journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
   if (error != 0) return error;
-  locations_.push_back({offset, sizeof head + request.url.size() + request.body.size()});
+  locations_.push_back({offset, head.size() + request.url.size() + request.body.size()});
   dirty_ = true;
   return 0;
 }
@@ -93,18 +89,12 @@ int JXDeadLetters::rewrite() {
     std::string payload;
     error = journal_.read(locations_[i].offset, locations_[i].length, payload);
     if (error != 0) break;
-    const std::string_view part = payload;
     kept.push_back({0, payload.size()});
-    error = fresh.append(&part, 1, &kept.back().offset);
+    error = fresh.append({payload}, &kept.back().offset);
   }
   if (error == 0) error = fresh.sync();
-  if (error == 0 && JXFileCalls::current().rename(freshPath.c_str(), path_.c_str()) != 0) {
-    error = errno;
-  }
-  if (error != 0) {
-    std::remove(freshPath.c_str());
-    return error;
-  }
+  error = replaceFile(freshPath, path_, error);
+  if (error != 0) return error;
   journal_ = std::move(fresh);
   locations_ = std::move(kept);
   return 0;

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "jx/core/storage/JXJournal.h"
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxRecord.h"
 
 namespace jx {
 

@@ -3,7 +3,6 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 
 #include <cerrno>
-#include <cstdio>
 
 #include "jx/core/storage/JXFolder.h"
 
@@ -14,35 +13,57 @@ constexpr std::uint64_t kRewriteAbove = 64 * 1024;
 // An attempt fails only when another process replaces the file at the same time.
 constexpr int kOpenAttempts = 3;
 
-}  // namespace
+// Payload of a frame: kind (1 byte), length of the key (4), key, value.
+constexpr std::size_t kHead = 5;
+constexpr char kValue = 'V';
+constexpr char kRemoved = 'X';
 
-// Holds the lock and logs after releasing it, because the log sink may call back.
-class JXDefaultsFile::Locked {
- public:
-  explicit Locked(JXDefaultsFile& file) : file_(file), lock_(file.mutex_) {}
-  ~Locked() {
-    if (!lock_.owns_lock()) lock_.lock();
-    const auto messages = file_.report_.takeMessages();
-    lock_.unlock();
-    JXStorageReport::log(messages);
+// Appends the frame that sets `key` to `value`; a null value removes the entry.
+void encode(const JXString& key, const JXString& value, std::string& frames) {
+  char head[kHead] = {value.isPresent() ? kValue : kRemoved};
+  putU32(head + 1, static_cast<std::uint32_t>(key.size()));
+  encodeFrame({{head, sizeof head}, key.view(), value.view()}, frames);
+}
+
+int append(JXJournal& journal, const JXString& key, const JXString& value) {
+  std::string frame;
+  encode(key, value, frame);
+  return journal.appendFrames(frame);
+}
+
+// Applies one frame to `values`; ignores a frame of another kind.
+void apply(std::string_view payload, JXDefaultsMap& values) {
+  if (payload.size() < kHead) return;
+  const char kind = payload.front();
+  const std::size_t keyLength = getU32(payload.data() + 1);
+  if (keyLength > payload.size() - kHead) return;
+  const JXString key(payload.substr(kHead, keyLength));
+  if (kind == kValue) {
+    values[key] = JXString(payload.substr(kHead + keyLength));
+  } else if (kind == kRemoved) {
+    values.erase(key);
   }
-  void unlock() { lock_.unlock(); }
-  void lock() { lock_.lock(); }
+}
 
- private:
-  JXDefaultsFile& file_;
-  std::unique_lock<std::mutex> lock_;
-};
+// Returns the size in bytes of a file that contains only these entries.
+std::uint64_t compactSize(const JXDefaultsMap& values) {
+  std::uint64_t bytes = kJXJournalMagic.size();
+  for (const auto& [key, value] : values)
+    bytes += kJXFrameHeaderSize + kHead + key.size() + value.size();
+  return bytes;
+}
+
+}  // namespace
 
 JXDefaultsFile::JXDefaultsFile(std::string path)
     : path_(std::move(path)), report_("user defaults " + path_, folderOf(path_)) {
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   ensureOpen();
   if (journal_ == nullptr) readWithoutLock();
 }
 
 JXDefaultsFile::~JXDefaultsFile() {
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   writeUnsaved();
 }
 
@@ -58,7 +79,7 @@ JXString JXDefaultsFile::valueOf(const JXString& key) const {
 
 void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key) {
   if (!key.isPresent()) return;
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   const auto found = values_.find(key);
   const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
   if (same) return;
@@ -71,7 +92,9 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
   unsaved_.insert(key);
   if (changing_ == std::this_thread::get_id()) return;
   ensureOpen();
-  if (write(key)) unsaved_.erase(key);
+  std::string frame;
+  encode(key, value, frame);
+  if (writeFrames(frame)) unsaved_.erase(key);
 }
 
 void JXDefaultsFile::beginChanges() {
@@ -81,7 +104,7 @@ void JXDefaultsFile::beginChanges() {
 }
 
 void JXDefaultsFile::endChanges() {
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   if (changing_ != std::this_thread::get_id()) return;
   changing_ = std::thread::id();
   if (unsaved_.empty()) return;
@@ -155,7 +178,7 @@ bool JXDefaultsFile::openOnce() {
 bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
                                  JXDefaultsMap& content) {
   const JXJournal::Recovery recovery =
-      journal.recover(writers, [&](const JXFrame& frame) { applyDefault(frame.payload, content); });
+      journal.recover(writers, [&](const JXFrame& frame) { apply(frame.payload, content); });
   journal.setWriters(JXJournal::Writers::Several);
   if (recovery.error != 0) report_.failed("read the file", recovery.error);
   if (recovery.quarantined) report_.damaged(path_);
@@ -183,13 +206,13 @@ void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole)
 // Loads the values of a file that can be read but not written.
 void JXDefaultsFile::readWithoutLock() {
   const int error =
-      JXJournal::scan(path_, [&](const JXFrame& frame) { applyDefault(frame.payload, values_); });
+      JXJournal::scan(path_, [&](const JXFrame& frame) { apply(frame.payload, values_); });
   if (error != 0 && error != ENOENT) report_.failed("read the file", error);
 }
 
-bool JXDefaultsFile::write(const JXString& key) {
+bool JXDefaultsFile::writeFrames(std::string_view frames) {
   if (journal_ == nullptr) return false;
-  const int error = appendDefault(*journal_, key, valueOf(key));
+  const int error = journal_->appendFrames(frames);
   if (error != 0) {
     report_.failed("write a value", error);
     return false;
@@ -199,30 +222,25 @@ bool JXDefaultsFile::write(const JXString& key) {
 }
 
 void JXDefaultsFile::writeUnsaved() {
-  if (unsaved_.empty() || journal_ == nullptr) return;
+  if (unsaved_.empty()) return;
   std::string frames;
   for (const JXString& key : unsaved_)
-    encodeDefault(key, valueOf(key), frames);
-  const int error = journal_->appendFrames(frames);
-  if (error != 0) {
-    report_.failed("write a value", error);
-    return;
-  }
+    encode(key, valueOf(key), frames);
+  if (!writeFrames(frames)) return;
   unsaved_.clear();
-  dirty_ = true;
   report_.recovered();
 }
 
 void JXDefaultsFile::maintain() {
   const std::lock_guard<std::mutex> maintenance(maintenance_);
   {
-    Locked locked(*this);
+    JXReportingLock locked(mutex_, report_);
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
     ensureOpen();
     writeUnsaved();
   }
   syncChanges();
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   if (journal_ == nullptr || !needsCompaction()) return;
   if (!journal_->file().tryLock(JXFile::Lock::Exclusive)) {
     downgradeToSharedLock();
@@ -235,7 +253,7 @@ void JXDefaultsFile::maintain() {
 }
 
 void JXDefaultsFile::syncChanges() {
-  Locked locked(*this);
+  JXReportingLock locked(mutex_, report_);
   const std::shared_ptr<JXJournal> journal = dirty_ ? journal_ : nullptr;
   const bool folder = folderDirty_;
   if (journal != nullptr) dirty_ = false;
@@ -258,7 +276,7 @@ bool JXDefaultsFile::needsCompaction() const {
   if (damaged_) return true;
   std::uint64_t size = 0;
   return journal_->file().size(size) == 0 && size > kRewriteAbove &&
-         bytesOfDefaults(values_) < size / 2;
+         compactSize(values_) < size / 2;
 }
 
 // Called when the exclusive lock is unavailable or no longer needed. Another process may have
@@ -280,20 +298,17 @@ bool JXDefaultsFile::rewrite() {
   JXDefaultsMap content;
   if (error == 0 && !beginRewrite(content)) return false;
   for (const auto& [key, value] : content) {
-    if (error == 0) error = appendDefault(*fresh, key, value);
+    if (error == 0) error = append(*fresh, key, value);
   }
   if (error == 0) error = fresh->sync();
-  const Locked locked(*this);
+  const JXReportingLock locked(mutex_, report_);
   rewriting_ = false;
-  if (error == 0) return replaceFile(std::move(fresh), freshPath);
-  report_.failed("rewrite the file", error);
-  std::remove(freshPath.c_str());
-  return false;
+  return finishRewrite(std::move(fresh), freshPath, error);
 }
 
 // Reads the file instead of using memory: a process that has exited may have set values.
 bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
-  const Locked locked(*this);
+  const JXReportingLock locked(mutex_, report_);
   if (journal_ == nullptr) return false;
   if (!readContent(*journal_, JXJournal::Writers::One, content)) return false;
   adoptContent(content, true);
@@ -303,16 +318,17 @@ bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
   return true;
 }
 
-bool JXDefaultsFile::replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path) {
-  int error = 0;
+// Adds the values that were set during the rewrite and replaces the file. `error` is the result of
+// the rewrite so far.
+bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path,
+                                   int error) {
   for (const JXString& key : changed_) {
-    if (error == 0) error = appendDefault(*fresh, key, valueOf(key));
+    if (error == 0) error = append(*fresh, key, valueOf(key));
   }
   if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
-  if (error == 0 && JXFileCalls::current().rename(path.c_str(), path_.c_str()) != 0) error = errno;
+  error = replaceFile(path, path_, error);
   if (error != 0) {
     report_.failed("rewrite the file", error);
-    std::remove(path.c_str());
     return false;
   }
   fresh->setWriters(JXJournal::Writers::Several);

@@ -6,15 +6,19 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <unordered_map>
 #include <unordered_set>
 
-#include "jx/core/storage/JXDefaultsRecord.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXStorageReport.h"
 #include "jx/platform/JXPlatform.h"
+#include "jx/platform/JXString.h"
 
 namespace jx {
+
+using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 
 /// Stores user defaults in one journal file, for systems without a user defaults store.
 ///
@@ -55,21 +59,19 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   std::uint64_t damaged() const;
 
  private:
-  class Locked;
-
   void ensureOpen();
   bool openOnce();
   bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsMap& content);
   void adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole);
   void readWithoutLock();
   JXString valueOf(const JXString& key) const;
-  bool write(const JXString& key);
+  bool writeFrames(std::string_view frames);
   void writeUnsaved();
   void syncChanges();
   bool needsCompaction() const;
   bool rewrite();
   bool beginRewrite(JXDefaultsMap& content);
-  bool replaceFile(std::shared_ptr<JXJournal> fresh, const std::string& path);
+  bool finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path, int error);
   void downgradeToSharedLock();
 
   const std::string path_;

@@ -27,31 +27,18 @@ int synchronizeSystem(int descriptor) {
 #endif
 }
 
-int flagsOf(JXFile::Access access) {
-  // Without O_NONBLOCK, opening a named pipe at this path would block until its other end opens.
-  constexpr int kAlways = O_CLOEXEC | O_NONBLOCK;
-  constexpr int kAppend = kAlways | O_RDWR | O_APPEND;
-  switch (access) {
-    case JXFile::Access::Read:
-      return kAlways | O_RDONLY;
-    case JXFile::Access::Append:
-      return kAppend | O_CREAT;
-    case JXFile::Access::AppendExisting:
-      return kAppend;
-    case JXFile::Access::AppendCreateNew:
-      return kAppend | O_CREAT | O_EXCL;
-    case JXFile::Access::AppendEmptied:
-      return kAppend | O_CREAT | O_TRUNC;
-  }
-  return kAlways | O_RDONLY;
-}
-
 template <typename Call>
 auto repeatWhenInterrupted(Call call) {
   auto result = call();
   while (result < 0 && errno == EINTR)
     result = call();
   return result;
+}
+
+// Returns an errno value, 0 for success.
+template <typename Call>
+int errorOf(Call call) {
+  return repeatWhenInterrupted(call) < 0 ? errno : 0;
 }
 
 }  // namespace
@@ -65,6 +52,12 @@ JXFileCalls& JXFileCalls::current() {
   return calls;
 }
 
+int replaceFile(const std::string& from, const std::string& to, int error) {
+  if (error == 0 && JXFileCalls::current().rename(from.c_str(), to.c_str()) != 0) error = errno;
+  if (error != 0) ::unlink(from.c_str());
+  return error;
+}
+
 JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
 JXFile& JXFile::operator=(JXFile&& other) noexcept {
@@ -76,24 +69,15 @@ JXFile& JXFile::operator=(JXFile&& other) noexcept {
 }
 
 JXFile JXFile::open(const std::string& path, Access access, int& error) {
-  const int descriptor = repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().open(path.c_str(), flagsOf(access), 0600); });
-  if (descriptor < 0) {
-    error = errno;
-    return JXFile();
-  }
-  JXFile file(descriptor);
+  // Without O_NONBLOCK, opening a named pipe at this path would block until its other end opens.
+  const int flags = static_cast<int>(access) | O_CLOEXEC | O_NONBLOCK;
+  JXFile file(repeatWhenInterrupted(
+      [&] { return JXFileCalls::current().open(path.c_str(), flags, 0600); }));
+  error = file.isOpen() ? 0 : errno;
   struct stat status {};
-  if (::fstat(descriptor, &status) != 0) {
-    error = errno;
-    return JXFile();
-  }
-  if (!S_ISREG(status.st_mode)) {
-    error = EINVAL;
-    return JXFile();
-  }
-  error = 0;
-  return file;
+  if (error == 0 && ::fstat(file.descriptor_, &status) != 0) error = errno;
+  if (error == 0 && !S_ISREG(status.st_mode)) error = EINVAL;
+  return error == 0 ? std::move(file) : JXFile();
 }
 
 void JXFile::close() noexcept {
@@ -125,15 +109,12 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
 }
 
 int JXFile::truncate(std::uint64_t size) {
-  const int result = repeatWhenInterrupted(
+  return errorOf(
       [&] { return JXFileCalls::current().truncate(descriptor_, static_cast<off_t>(size)); });
-  return result < 0 ? errno : 0;
 }
 
 int JXFile::synchronize() const {
-  const int result =
-      repeatWhenInterrupted([&] { return JXFileCalls::current().synchronize(descriptor_); });
-  return result < 0 ? errno : 0;
+  return errorOf([&] { return JXFileCalls::current().synchronize(descriptor_); });
 }
 
 int JXFile::size(std::uint64_t& size) const {
@@ -145,7 +126,7 @@ int JXFile::size(std::uint64_t& size) const {
 
 bool JXFile::tryLock(Lock lock) {
   const int operation = (lock == Lock::Exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
-  return repeatWhenInterrupted([&] { return ::flock(descriptor_, operation); }) == 0;
+  return errorOf([&] { return ::flock(descriptor_, operation); }) == 0;
 }
 
 void JXFile::unlock() { ::flock(descriptor_, LOCK_UN); }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <fcntl.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 
@@ -26,17 +27,22 @@ struct JXFileCalls {
   static JXFileCalls system();
 };
 
+/// Replaces the file `to` with the file `from`; deletes `from` on failure, or if `error` is not 0.
+/// Returns an errno value, 0 for success.
+int replaceFile(const std::string& from, const std::string& to, int error);
+
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
 /// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that
 /// `read` and `synchronize` may run concurrently with the other operations.
 class JXFile {
  public:
-  enum class Access {
-    Read,
-    Append,           ///< read, and write at the end; created if missing
-    AppendExisting,   ///< as Append; fails if missing
-    AppendCreateNew,  ///< as Append; fails if it exists
-    AppendEmptied,    ///< as Append; truncated to 0 bytes if it exists
+  /// The values are flags of `open`.
+  enum class Access : int {
+    Read = O_RDONLY,
+    AppendExisting = O_RDWR | O_APPEND,  ///< read, and write at the end; fails if missing
+    Append = AppendExisting | O_CREAT,   ///< created if missing
+    AppendCreateNew = AppendExisting | O_CREAT | O_EXCL,  ///< fails if it exists
+    AppendEmptied = AppendExisting | O_CREAT | O_TRUNC,   ///< truncated to 0 bytes if it exists
   };
   enum class Lock { Shared, Exclusive };
 

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 
@@ -61,20 +62,11 @@ int listFolder(const std::string& path, std::vector<std::string>& names) {
 }
 
 bool mayContainFileWithSuffix(const std::string& path, std::string_view suffix) {
-  DIR* const folder = ::opendir(path.c_str());
-  if (folder == nullptr) return true;
-  bool found = false;
-  errno = 0;
-  // Unsafe only when threads share the stream.
-  while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
-    const std::string_view name = entry->d_name;
-    found = found ||
-            (name.size() >= suffix.size() && name.substr(name.size() - suffix.size()) == suffix);
-    errno = 0;
-  }
-  const bool isWhole = errno == 0;
-  ::closedir(folder);
-  return found || !isWhole;
+  std::vector<std::string> names;
+  if (listFolder(path, names) != 0) return true;
+  return std::any_of(names.begin(), names.end(), [suffix](const std::string_view name) {
+    return name.size() >= suffix.size() && name.substr(name.size() - suffix.size()) == suffix;
+  });
 }
 
 int synchronizeFolder(const std::string& path) {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "jx/core/storage/JXBytes.h"
 #include "jx/core/storage/JXCrc32c.h"
 
 namespace jx {
@@ -19,25 +18,25 @@ constexpr unsigned kMaxFalseMagics = 1'000;
 
 }  // namespace
 
-JXFrameHeader makeFrameHeader(const std::string_view* parts, std::size_t count) {
+JXFrameHeader makeFrameHeader(JXFrameParts parts) {
   std::size_t length = 0;
-  for (std::size_t i = 0; i < count; ++i)
-    length += parts[i].size();
+  for (const std::string_view part : parts)
+    length += part.size();
   JXFrameHeader header{};
-  std::memcpy(header.bytes, kFrameMagic.data(), kFrameMagic.size());
-  putU32(header.bytes + 4, static_cast<std::uint32_t>(length));
-  std::uint32_t crc = crc32c(0, header.bytes + 4, 4);
-  for (std::size_t i = 0; i < count; ++i)
-    crc = crc32c(crc, parts[i].data(), parts[i].size());
-  putU32(header.bytes + 8, crc);
+  std::memcpy(header.data(), kFrameMagic.data(), kFrameMagic.size());
+  putU32(header.data() + 4, static_cast<std::uint32_t>(length));
+  std::uint32_t crc = crc32c(0, header.data() + 4, 4);
+  for (const std::string_view part : parts)
+    crc = crc32c(crc, part.data(), part.size());
+  putU32(header.data() + 8, crc);
   return header;
 }
 
-void encodeFrame(const std::string_view* parts, std::size_t count, std::string& frames) {
-  const JXFrameHeader header = makeFrameHeader(parts, count);
-  frames.append(reinterpret_cast<const char*>(header.bytes), sizeof header.bytes);
-  for (std::size_t i = 0; i < count; ++i)
-    frames.append(parts[i]);
+void encodeFrame(JXFrameParts parts, std::string& frames) {
+  const JXFrameHeader header = makeFrameHeader(parts);
+  frames.append(header.data(), header.size());
+  for (const std::string_view part : parts)
+    frames.append(part);
 }
 
 bool isWholeFrame(std::string_view frame) {

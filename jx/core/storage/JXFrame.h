@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,15 +23,33 @@ constexpr std::size_t kJXFrameHeaderSize = 12;
 constexpr std::uint32_t kJXMaxPayload = 64u * 1024 * 1024;
 constexpr std::string_view kJXJournalMagic{"JXJRNL1\n", 8};
 
-struct JXFrameHeader {
-  unsigned char bytes[kJXFrameHeaderSize];
-};
+// Integers in files are always little-endian, so that a folder can be inspected on another machine.
 
-/// Returns the header of a frame whose payload is the concatenation of `count` parts, at most
-/// kJXMaxPayload bytes in total.
-JXFrameHeader makeFrameHeader(const std::string_view* parts, std::size_t count);
-/// Appends a complete frame to `frames`; its payload is the concatenation of the parts.
-void encodeFrame(const std::string_view* parts, std::size_t count, std::string& frames);
+inline void putU32(char* at, std::uint32_t value) {
+  for (int i = 0; i < 4; ++i)
+    at[i] = static_cast<char>(value >> (8 * i));
+}
+inline void putU64(char* at, std::uint64_t value) {
+  putU32(at, static_cast<std::uint32_t>(value));
+  putU32(at + 4, static_cast<std::uint32_t>(value >> 32));
+}
+inline std::uint32_t getU32(const char* at) {
+  std::uint32_t value = 0;
+  for (int i = 3; i >= 0; --i)
+    value = value << 8 | static_cast<unsigned char>(at[i]);
+  return value;
+}
+inline std::uint64_t getU64(const char* at) {
+  return static_cast<std::uint64_t>(getU32(at + 4)) << 32 | getU32(at);
+}
+
+/// The payload of a frame is the concatenation of its parts, at most kJXMaxPayload bytes in total.
+using JXFrameParts = std::initializer_list<std::string_view>;
+using JXFrameHeader = std::array<char, kJXFrameHeaderSize>;
+
+JXFrameHeader makeFrameHeader(JXFrameParts parts);
+/// Appends a complete frame to `frames`.
+void encodeFrame(JXFrameParts parts, std::string& frames);
 
 /// Returns true when `frame` is exactly one undamaged frame, header included.
 bool isWholeFrame(std::string_view frame);

@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::size_t kMaxParts = 4;
 
-iovec partOf(const void* bytes, std::size_t size) {
+iovec partOf(std::string_view bytes) {
   // writev takes pointers to non-const and does not write through them.
-  return {const_cast<void*>(bytes), size};
+  return {const_cast<char*>(bytes.data()), bytes.size()};
 }
 
 }  // namespace
@@ -53,31 +53,29 @@ JXJournal::Recovery JXJournal::repair(const JXFrameReader& reader) {
   return recovery;
 }
 
-int JXJournal::append(const std::string_view* parts, std::size_t count, std::uint64_t* offset) {
-  std::size_t length = 0;
-  for (std::size_t i = 0; i < count; ++i)
-    length += parts[i].size();
-  if (length > kJXMaxPayload || count > kMaxParts) return EFBIG;
-
-  const JXFrameHeader header = makeFrameHeader(parts, count);
+int JXJournal::append(JXFrameParts parts, std::uint64_t* offset) {
   std::array<iovec, kMaxParts + 2> pieces;
-  int used = 0;
-  auto next = [&]() -> iovec& { return pieces[static_cast<std::size_t>(used++)]; };
+  if (parts.size() > kMaxParts) return EFBIG;
+  const JXFrameHeader header = makeFrameHeader(parts);
   const std::size_t mark = end_ == 0 ? kJXJournalMagic.size() : 0;
-  if (mark != 0) next() = partOf(kJXJournalMagic.data(), mark);
-  next() = partOf(header.bytes, sizeof header.bytes);
-  for (std::size_t i = 0; i < count; ++i)
-    next() = partOf(parts[i].data(), parts[i].size());
-
+  pieces[0] = partOf(kJXJournalMagic.substr(0, mark));
+  pieces[1] = partOf({header.data(), header.size()});
+  int used = 2;
+  std::size_t length = 0;
+  for (const std::string_view part : parts) {
+    pieces[static_cast<std::size_t>(used++)] = partOf(part);
+    length += part.size();
+  }
+  if (length > kJXMaxPayload) return EFBIG;
   const std::uint64_t place = end_ + mark;
-  const int error = write(pieces.data(), used, mark + sizeof header.bytes + length);
+  const int error = write(pieces.data(), used, mark + header.size() + length);
   if (error == 0 && offset != nullptr && writers_ == Writers::One) *offset = place;
   return error;
 }
 
 int JXJournal::appendFrames(std::string_view frames) {
   const std::size_t mark = end_ == 0 ? kJXJournalMagic.size() : 0;
-  iovec pieces[] = {partOf(kJXJournalMagic.data(), mark), partOf(frames.data(), frames.size())};
+  iovec pieces[] = {partOf(kJXJournalMagic.substr(0, mark)), partOf(frames)};
   return write(pieces, 2, mark + frames.size());
 }
 

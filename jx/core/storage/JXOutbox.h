@@ -4,29 +4,20 @@
 
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "jx/core/JXOutboxBounds.h"
+#include "jx/core/storage/JXDeadLetters.h"
+#include "jx/core/storage/JXOutboxQueue.h"
+#include "jx/core/storage/JXOutboxSegments.h"
+#include "jx/core/storage/JXStorageReport.h"
 #include "jx/platform/JXClock.h"
 
 namespace jx {
-
-/// A queued request.
-struct JXOutboxRequest {
-  std::uint64_t id = 0;  ///< identifies the request in this process only
-  std::int64_t createdMs = 0;
-  std::string url;
-  std::string body;
-};
-
-/// A request that left the queue without a final response.
-struct JXOutboxDrop {
-  JXDropReason reason = JXDropReason::None;
-  std::string body;  ///< empty when it can no longer be read
-};
 
 /// A queue of HTTP requests that survives the end of the process.
 ///
@@ -40,7 +31,9 @@ class JXOutbox {
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
-  JXOutbox(const std::string& folder, JXOutboxBounds bounds, std::shared_ptr<const JXClock> clock);
+  JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
+           std::shared_ptr<const JXClock> clock);
+  /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
   JXOutbox& operator=(const JXOutbox&) = delete;
@@ -86,35 +79,19 @@ class JXOutbox {
   JXOutboxCounters counters() const;
 
  private:
-  class Implementation;
-  std::unique_ptr<Implementation> implementation_;
-};
+  template <typename Work>
+  auto locked(Work work);
+  template <typename Work>
+  auto lockedWithoutExceptions(Work work) noexcept;
+  void reportError(const char* action, int error);
+  void moveRejectedToDeadLetters();
+  void syncFiles();
 
-/// A request read from an outbox folder that is not opened for sending.
-struct JXOutboxListing {
-  std::int64_t createdMs = 0;
-  std::string url;
-  std::string body;
-  int status = 0;  ///< of a dead letter: the HTTP status that rejected it
+  mutable std::mutex mutex_;
+  JXStorageReport report_;
+  JXOutboxSegments segments_;
+  JXOutboxQueue queue_;
+  JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
 };
-
-/// Returns the queued requests of a folder, oldest first, without changing it; other processes may
-/// have it open. `error` receives the last read error, empty on success.
-std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error);
-/// Returns the dead letters of a folder, oldest first, in the same way.
-std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error);
-
-/// The result of `purgeOutbox`.
-struct JXOutboxPurge {
-  std::uint64_t removed = 0;      ///< requests deleted
-  std::uint64_t marked = 0;       ///< requests that the process owning them will discard
-  std::uint64_t deadLetters = 0;  ///< dead letters deleted
-};
-/// Deletes the requests, dead letters and quarantined files of a folder; other processes may have
-/// it open. Requests of a running process are marked: that process, or the next one that reads
-/// them, discards them before it sends another request. Only a request in flight at that moment may
-/// still arrive. Requests added later are not affected. `error` receives the first failure, empty
-/// on success; a failure does not stop the rest of the purge.
-JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error);
 
 }  // namespace jx

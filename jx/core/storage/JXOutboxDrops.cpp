@@ -16,34 +16,23 @@ constexpr std::size_t kMaxBodyBytes = 8u * 1024 * 1024;
 
 }  // namespace
 
-void JXOutboxDrops::record(JXDropReason reason, std::string_view body) {
-  if (!isRecording_) return;
-  Drop drop;
+void JXOutboxDrops::record(JXDropReason reason, std::string_view body, const JXOutboxEntry* entry) {
+  if (!isRecording_ || drops_.size() >= kMaxDrops) return;
+  JXOutboxDrop drop;
   drop.reason = reason;
-  if (bodyBytes_ + body.size() <= kMaxBodyBytes) drop.body = std::string(body);
-  push(std::move(drop));
-}
-
-void JXOutboxDrops::record(JXDropReason reason, const JXOutboxEntry& entry,
-                           std::string_view bodyInMemory) {
-  if (entry.segment == nullptr) return record(reason, bodyInMemory);
-  if (!isRecording_) return;
-  Drop drop;
-  drop.reason = reason;
-  drop.segment = entry.segment->shared_from_this();
-  drop.offset = entry.offset;
-  drop.bytes = entry.bytes;
-  push(std::move(drop));
-}
-
-void JXOutboxDrops::push(Drop drop) {
-  if (drops_.size() >= kMaxDrops) return;
-  bodyBytes_ += drop.body.size();
+  if (entry != nullptr && entry->segment != nullptr) {
+    drop.segment = entry->segment->shared_from_this();
+    drop.offset = entry->offset;
+    drop.bytes = entry->bytes;
+  } else if (bodyBytes_ + body.size() <= kMaxBodyBytes) {
+    drop.body = std::string(body);
+    bodyBytes_ += body.size();
+  }
   drops_.push_back(std::move(drop));
 }
 
-std::vector<JXOutboxDrops::Drop> JXOutboxDrops::take(std::size_t limit) {
-  std::vector<Drop> taken;
+std::vector<JXOutboxDrop> JXOutboxDrops::take(std::size_t limit) {
+  std::vector<JXOutboxDrop> taken;
   taken.reserve(std::min(limit, drops_.size()));
   while (taken.size() < limit && !drops_.empty()) {
     bodyBytes_ -= drops_.front().body.size();
@@ -53,11 +42,12 @@ std::vector<JXOutboxDrops::Drop> JXOutboxDrops::take(std::size_t limit) {
   return taken;
 }
 
-std::string bodyOf(JXOutboxDrops::Drop drop) {
-  if (drop.segment == nullptr) return std::move(drop.body);
+void JXOutboxDrop::readBody() {
   std::string payload;
-  if (drop.segment->read(drop.offset, drop.bytes, payload) != 0) return {};
-  return std::string(decodeRecord(payload).body);
+  if (segment != nullptr && segment->read(offset, bytes, payload) == 0) {
+    body = std::string(decodeRecord(payload).body);
+  }
+  segment.reset();
 }
 
 }  // namespace jx

@@ -16,40 +16,37 @@
 
 namespace jx {
 
+/// A request that left the queue without a final response.
+struct JXOutboxDrop {
+  JXDropReason reason = JXDropReason::None;
+  std::string body;                          ///< empty when it can no longer be read
+  std::shared_ptr<JXOutboxSegment> segment;  ///< not null: the body is still in the file only
+  std::uint32_t offset = 0;
+  std::uint32_t bytes = 0;
+
+  /// Reads a body that is in a file.
+  void readBody();
+};
+
 /// Records the requests that left a queue without a final response until they are reported. Bodies
 /// in files are read only then, so dropping thousands of requests reads nothing. A segment stays
 /// open while a dropped request in it is recorded, even after its file was deleted. Not
 /// synchronised.
 class JXOutboxDrops {
  public:
-  struct Drop {
-    JXDropReason reason = JXDropReason::None;
-    std::shared_ptr<JXOutboxSegment> segment;  ///< null: the body is in `body`
-    std::uint32_t offset = 0;
-    std::uint32_t bytes = 0;
-    std::string body;
-  };
-
   /// Starts recording; requests dropped earlier are not recorded.
   void startRecording() { isRecording_ = true; }
-  /// Records a dropped request that is in no file.
-  void record(JXDropReason reason, std::string_view body);
-  /// Records a dropped request of the index; `bodyInMemory` is used only if it is in no file.
-  void record(JXDropReason reason, const JXOutboxEntry& entry, std::string_view bodyInMemory);
+  /// Records a dropped request. `body` is used only if the request is not in a file; `entry` is
+  /// null for a request that is not in the index.
+  void record(JXDropReason reason, std::string_view body, const JXOutboxEntry* entry = nullptr);
   /// Removes and returns up to `limit` records in the order in which the requests were dropped.
   /// Their bodies may be read without the owner's lock.
-  std::vector<Drop> take(std::size_t limit);
-  bool isEmpty() const { return drops_.empty(); }
+  std::vector<JXOutboxDrop> take(std::size_t limit);
 
  private:
-  void push(Drop drop);
-
   bool isRecording_ = false;
-  std::deque<Drop> drops_;
+  std::deque<JXOutboxDrop> drops_;
   std::size_t bodyBytes_ = 0;
 };
-
-/// Returns the body of a dropped request, empty when it can no longer be read.
-std::string bodyOf(JXOutboxDrops::Drop drop);
 
 }  // namespace jx

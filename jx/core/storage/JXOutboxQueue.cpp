@@ -4,8 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
-
-#include "jx/core/storage/JXPurgeMark.h"
+#include <iterator>
 
 namespace jx {
 namespace {
@@ -18,6 +17,13 @@ constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
 // Requests written per repair step. A calling thread may be waiting for the lock in the meantime.
 constexpr int kRepairStep = 32;
 
+// The counters of the drop reasons after None, in their order.
+constexpr std::uint64_t JXOutboxCounters::*kDropCounters[] = {
+    &JXOutboxCounters::droppedTooMany,    &JXOutboxCounters::droppedTooLarge,
+    &JXOutboxCounters::droppedTooOld,     &JXOutboxCounters::droppedNoStorage,
+    &JXOutboxCounters::droppedUnreadable, &JXOutboxCounters::purged};
+static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason::Purged));
+
 }  // namespace
 
 JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report,
@@ -25,13 +31,8 @@ JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report
     : segments_(segments), report_(report), bounds_(bounds), clock_(std::move(clock)) {}
 
 void JXOutboxQueue::adopt() {
-  segments_.adoptAll([&](JXOutboxSegment& segment, const JXStoredRequest& request) {
-    JXOutboxEntry entry;
-    entry.createdMs = request.createdMs;
-    entry.segment = &segment;
-    entry.offset = request.offset;
-    entry.bytes = request.bytes;
-    index_.push(entry);
+  segments_.adoptAll([&](const JXOutboxEntry& request) {
+    index_.push(request);
     updateOldest(request.createdMs);
   });
 }
@@ -112,34 +113,13 @@ void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) {
   if (entry.state != State::Rejected) {
     count(reason);
     const bool isInMemory = entry.segment == nullptr;
-    drops_.record(reason, entry, isInMemory ? memory_.at(entry.id).body : std::string_view());
+    drops_.record(reason, isInMemory ? memory_.at(entry.id).body : std::string_view(), &entry);
   }
   release(entry);
 }
 
 void JXOutboxQueue::count(JXDropReason reason) {
-  switch (reason) {
-    case JXDropReason::TooMany:
-      ++counters_.droppedTooMany;
-      break;
-    case JXDropReason::TooLarge:
-      ++counters_.droppedTooLarge;
-      break;
-    case JXDropReason::TooOld:
-      ++counters_.droppedTooOld;
-      break;
-    case JXDropReason::NoStorage:
-      ++counters_.droppedNoStorage;
-      break;
-    case JXDropReason::Unreadable:
-      ++counters_.droppedUnreadable;
-      break;
-    case JXDropReason::Purged:
-      ++counters_.purged;
-      break;
-    case JXDropReason::None:
-      break;
-  }
+  ++(counters_.*kDropCounters[static_cast<std::size_t>(reason) - 1]);
 }
 
 // Removes a request. finishModifiedSegments writes the acknowledgements of all released requests

@@ -11,11 +11,13 @@
 #include <string_view>
 #include <vector>
 
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/JXOutboxBounds.h"
 #include "jx/core/storage/JXOutboxDrops.h"
 #include "jx/core/storage/JXOutboxIndex.h"
+#include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXOutboxSegments.h"
 #include "jx/core/storage/JXStorageReport.h"
+#include "jx/platform/JXClock.h"
 
 namespace jx {
 

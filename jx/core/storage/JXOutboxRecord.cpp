@@ -2,23 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXOutboxRecord.h"
 
-#include <algorithm>
-
-#include "jx/core/storage/JXBytes.h"
+#include "jx/core/storage/JXFrame.h"
 
 namespace jx {
 namespace {
 
-constexpr unsigned char kRequest = 'Q';
-constexpr unsigned char kAcknowledgement = 'S';
-constexpr unsigned char kDeadLetter = 'D';
-
-void encodeHead(unsigned char* head, unsigned char kind, std::string_view url,
-                std::int64_t createdMs) {
-  std::fill(head, head + 4, static_cast<unsigned char>(0));
-  head[0] = kind;
-  putU32(head + 4, static_cast<std::uint32_t>(url.size()));
-  putU64(head + 8, static_cast<std::uint64_t>(createdMs));
+template <class Head>
+Head encodeHead(JXRecordKind kind, std::string_view url, std::int64_t createdMs) {
+  Head head{static_cast<char>(kind)};
+  putU32(head.data() + 4, static_cast<std::uint32_t>(url.size()));
+  putU64(head.data() + 8, static_cast<std::uint64_t>(createdMs));
+  return head;
 }
 
 // Decodes the fields that a request and a dead letter have in common.
@@ -37,15 +31,16 @@ bool decodeUrlAndBody(std::string_view payload, std::size_t headSize, JXOutboxRe
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
   JXOutboxRecord record;
-  const unsigned char kind = payload.empty() ? 0 : static_cast<unsigned char>(payload.front());
-  if (kind == kRequest && decodeUrlAndBody(payload, kJXRequestHeadSize, record)) {
-    record.kind = JXRecordKind::Request;
-  } else if (kind == kDeadLetter && decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) {
-    record.kind = JXRecordKind::DeadLetter;
+  const auto kind = payload.empty() ? JXRecordKind::Unknown : JXRecordKind{payload.front()};
+  if (kind == JXRecordKind::Request) {
+    if (decodeUrlAndBody(payload, kJXRequestHeadSize, record)) record.kind = kind;
+  } else if (kind == JXRecordKind::DeadLetter) {
+    if (!decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) return record;
+    record.kind = kind;
     record.status = static_cast<int>(getU32(payload.data() + 16));
     record.keep = getU32(payload.data() + 20);
-  } else if (kind == kAcknowledgement) {
-    record.kind = JXRecordKind::Acknowledgement;
+  } else if (kind == JXRecordKind::Acknowledgement) {
+    record.kind = kind;
     for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {
       record.acknowledged.push_back(getU32(payload.data() + at));
     }
@@ -53,24 +48,23 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
   return record;
 }
 
-void encodeRequestHead(unsigned char (&head)[kJXRequestHeadSize], std::string_view url,
-                       std::int64_t createdMs) {
-  encodeHead(head, kRequest, url, createdMs);
+JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs) {
+  return encodeHead<JXRequestHead>(JXRecordKind::Request, url, createdMs);
 }
 
-void encodeDeadLetterHead(unsigned char (&head)[kJXDeadLetterHeadSize], std::string_view url,
-                          std::int64_t createdMs, int status, std::uint32_t keep) {
-  encodeHead(head, kDeadLetter, url, createdMs);
-  putU32(head + 16, static_cast<std::uint32_t>(status));
-  putU32(head + 20, keep);
+JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,
+                                      std::uint32_t keep) {
+  auto head = encodeHead<JXDeadLetterHead>(JXRecordKind::DeadLetter, url, createdMs);
+  putU32(head.data() + 16, static_cast<std::uint32_t>(status));
+  putU32(head.data() + 20, keep);
+  return head;
 }
 
-std::vector<unsigned char> encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
-  std::vector<unsigned char> payload(kJXAcknowledgementHeadSize + 4 * offsets.size());
-  payload[0] = kAcknowledgement;
-  for (std::size_t i = 0; i < offsets.size(); ++i) {
+std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
+  std::string payload(kJXAcknowledgementHeadSize + 4 * offsets.size(), '\0');
+  payload[0] = static_cast<char>(JXRecordKind::Acknowledgement);
+  for (std::size_t i = 0; i < offsets.size(); ++i)
     putU32(payload.data() + kJXAcknowledgementHeadSize + 4 * i, offsets[i]);
-  }
   return payload;
 }
 

@@ -2,12 +2,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace jx {
+
+/// A queued request.
+struct JXOutboxRequest {
+  std::uint64_t id = 0;  ///< identifies the request in this process only
+  std::int64_t createdMs = 0;
+  std::string url;
+  std::string body;
+};
 
 // The payloads of an outbox's frames. A request: kind, length of the URL, creation time, URL, body.
 // An acknowledgement: kind, then the offsets of the acknowledged requests in the same file. A dead
@@ -17,7 +27,8 @@ constexpr std::size_t kJXRequestHeadSize = 16;
 constexpr std::size_t kJXDeadLetterHeadSize = 24;
 constexpr std::size_t kJXAcknowledgementHeadSize = 4;
 
-enum class JXRecordKind { Unknown, Request, Acknowledgement, DeadLetter };
+/// The first byte of a payload.
+enum class JXRecordKind : char { Unknown, Request = 'Q', Acknowledgement = 'S', DeadLetter = 'D' };
 
 /// A decoded frame; the string views are valid as long as the payload.
 struct JXOutboxRecord {
@@ -33,10 +44,13 @@ struct JXOutboxRecord {
 /// Decodes a payload. The kind is Unknown when the payload is none of the three.
 JXOutboxRecord decodeRecord(std::string_view payload);
 
-void encodeRequestHead(unsigned char (&head)[kJXRequestHeadSize], std::string_view url,
-                       std::int64_t createdMs);
-void encodeDeadLetterHead(unsigned char (&head)[kJXDeadLetterHeadSize], std::string_view url,
-                          std::int64_t createdMs, int status, std::uint32_t keep);
-std::vector<unsigned char> encodeAcknowledgement(const std::vector<std::uint32_t>& offsets);
+/// The beginning of a payload, followed by the URL and the body.
+using JXRequestHead = std::array<char, kJXRequestHeadSize>;
+using JXDeadLetterHead = std::array<char, kJXDeadLetterHeadSize>;
+JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs);
+JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,
+                                      std::uint32_t keep);
+/// Returns the payload of an acknowledgement.
+std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets);
 
 }  // namespace jx

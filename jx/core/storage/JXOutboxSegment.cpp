@@ -2,39 +2,69 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXOutboxSegment.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cinttypes>
 #include <cstdio>
 
-#include "jx/core/storage/JXPurgeMark.h"
+#include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 namespace {
 
-constexpr std::uint64_t kSegmentSize = 1024 * 1024;
 constexpr std::string_view kPrefix = "segment-";
 constexpr std::size_t kDigits = 16;
+// Two numbers of up to twenty digits, a space and a newline.
+constexpr std::size_t kMaxMarkSize = 42;
 
-// An acknowledgement follows the requests that it names. Ignores later offsets: such a frame was
-// not written by this class and must not acknowledge a request that is appended there later.
-void addAcknowledged(std::vector<std::uint32_t>& acknowledged, const JXOutboxRecord& record,
-                     std::uint64_t frameOffset) {
-  for (const std::uint32_t offset : record.acknowledged) {
-    if (offset < frameOffset) acknowledged.push_back(offset);
-  }
+template <typename Request, typename Condition>
+void removeIf(std::vector<Request>& requests, const Condition& condition) {
+  requests.erase(std::remove_if(requests.begin(), requests.end(), condition), requests.end());
 }
 
-// Removes the requests at `offsets`.
-template <typename Request>
-void removeAcknowledged(std::vector<Request>& requests, std::vector<std::uint32_t>& offsets) {
-  std::sort(offsets.begin(), offsets.end());
-  const auto isAcknowledged = [&](const Request& request) {
-    return std::binary_search(offsets.begin(), offsets.end(), request.offset);
-  };
-  requests.erase(std::remove_if(requests.begin(), requests.end(), isAcknowledged), requests.end());
+// Calls `read` with a function to be called for each frame. Returns what `make` returns for each
+// request that is not acknowledged.
+template <typename Request, typename Read, typename Make>
+std::vector<Request> unacknowledged(const Read& read, const Make& make) {
+  std::vector<Request> requests;
+  std::vector<std::uint32_t> acknowledged;
+  read([&](const JXFrame& frame) {
+    const JXOutboxRecord record = decodeRecord(frame.payload);
+    if (record.kind == JXRecordKind::Request) requests.push_back(make(frame, record));
+    // An acknowledgement follows the requests that it names. Ignores later offsets: such a frame
+    // was not written by this class and must not acknowledge a request that is appended there
+    // later.
+    for (const std::uint32_t offset : record.acknowledged) {
+      if (offset < frame.offset) acknowledged.push_back(offset);
+    }
+  });
+  std::sort(acknowledged.begin(), acknowledged.end());
+  removeIf(requests, [&](const Request& request) {
+    return std::binary_search(acknowledged.begin(), acknowledged.end(), request.offset);
+  });
+  return requests;
+}
+
+std::string markPath(const std::string& segmentPath) {
+  return std::string(segmentPath).append(kJXPurgeMarkSuffix);
+}
+
+struct PurgeMark {
+  std::uint64_t inode = 0;
+  std::uint64_t size = 0;  // of the segment's file when the mark was written
+};
+
+int currentMark(const std::string& segmentPath, PurgeMark& mark) {
+  struct stat status {};
+  if (::stat(segmentPath.c_str(), &status) != 0) return errno;
+  mark.inode = status.st_ino;
+  mark.size = static_cast<std::uint64_t>(status.st_size);
+  return 0;
 }
 
 }  // namespace
@@ -54,6 +84,17 @@ std::uint64_t JXOutboxSegment::numberOf(const std::string& name) {
   return std::stoull(digits, nullptr, 16);
 }
 
+std::vector<std::uint64_t> JXOutboxSegment::numbersIn(const std::string& folder, int& error) {
+  std::vector<std::string> names;
+  error = listFolder(folder, names);
+  std::vector<std::uint64_t> numbers;
+  for (const std::string& name : names) {
+    if (const std::uint64_t number = numberOf(name)) numbers.push_back(number);
+  }
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
 std::shared_ptr<JXOutboxSegment> JXOutboxSegment::create(const std::string& folder,
                                                          std::uint64_t number, int& error) {
   const std::string path = folder + "/" + nameOf(number);
@@ -71,7 +112,7 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::create(const std::string& fold
 
 std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folder,
                                                         std::uint64_t number,
-                                                        std::vector<JXStoredRequest>& requests,
+                                                        std::vector<JXOutboxEntry>& requests,
                                                         JXJournal::Recovery& recovery) {
   const std::string path = folder + "/" + nameOf(number);
   recovery = {};
@@ -81,17 +122,18 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
   if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) return nullptr;
 
   std::shared_ptr<JXOutboxSegment> segment(new JXOutboxSegment(JXJournal(std::move(file), path)));
-  std::vector<std::uint32_t> acknowledged;
-  recovery = segment->journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
-    const JXOutboxRecord record = decodeRecord(frame.payload);
-    if (record.kind == JXRecordKind::Request) {
-      requests.push_back({static_cast<std::uint32_t>(frame.offset),
-                          static_cast<std::uint32_t>(record.url.size() + record.body.size()),
-                          record.createdMs});
-    }
-    addAcknowledged(acknowledged, record, frame.offset);
-  });
-  removeAcknowledged(requests, acknowledged);
+  const auto read = [&](const JXJournal::Visit& visit) {
+    recovery = segment->journal_.recover(JXJournal::Writers::One, visit);
+  };
+  requests =
+      unacknowledged<JXOutboxEntry>(read, [&](const JXFrame& frame, const JXOutboxRecord& record) {
+        JXOutboxEntry entry;
+        entry.createdMs = record.createdMs;
+        entry.segment = segment.get();
+        entry.offset = static_cast<std::uint32_t>(frame.offset);
+        entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
+        return entry;
+      });
   segment->live_ = requests.size();
   segment->dropPurged(requests);
   // The process that wrote it may have been killed before the sync.
@@ -100,25 +142,21 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
 }
 
 // Applies a purge mark that the previous owner exited without processing.
-void JXOutboxSegment::dropPurged(std::vector<JXStoredRequest>& requests) {
+void JXOutboxSegment::dropPurged(std::vector<JXOutboxEntry>& requests) {
   const std::uint64_t purged = readPurgeMark(path());
   if (purged == 0) return;
-  const auto kept =
-      std::find_if(requests.begin(), requests.end(),
-                   [purged](const JXStoredRequest& request) { return request.offset >= purged; });
-  for (auto request = requests.begin(); request != kept; ++request)
-    acknowledge(request->offset);
-  requests.erase(requests.begin(), kept);
+  removeIf(requests, [&](const JXOutboxEntry& request) {
+    if (request.offset < purged) acknowledge(request.offset);
+    return request.offset < purged;
+  });
   if (requests.empty() || writeAcknowledgements() == 0) removePurgeMark(path());
 }
 
 int JXOutboxSegment::append(std::string_view url, std::string_view body, std::int64_t createdMs,
                             std::uint32_t& offset) {
-  unsigned char head[kJXRequestHeadSize];
-  encodeRequestHead(head, url, createdMs);
-  const std::string_view parts[] = {{reinterpret_cast<const char*>(head), sizeof head}, url, body};
+  const JXRequestHead head = encodeRequestHead(url, createdMs);
   std::uint64_t place = 0;
-  const int error = journal_.append(parts, 3, &place);
+  const int error = journal_.append({{head.data(), head.size()}, url, body}, &place);
   if (error != 0) return error;
   offset = static_cast<std::uint32_t>(place);
   ++live_;
@@ -137,9 +175,7 @@ void JXOutboxSegment::acknowledge(std::uint32_t offset) {
 
 int JXOutboxSegment::writeAcknowledgements() {
   if (unwritten_.empty()) return 0;
-  const std::vector<unsigned char> payload = encodeAcknowledgement(unwritten_);
-  const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
-  const int error = journal_.append(&part, 1, nullptr);
+  const int error = journal_.append({encodeAcknowledgement(unwritten_)}, nullptr);
   if (error != 0) return error;
   unwritten_.clear();
   dirty = true;
@@ -160,25 +196,48 @@ int JXOutboxSegment::remove() {
   return 0;
 }
 
-bool JXOutboxSegment::isFull() const { return journal_.size() >= kSegmentSize; }
-
-int listSegment(const std::string& path, std::vector<JXListedRequest>& requests) {
-  std::vector<std::uint32_t> acknowledged;
-  const int error = JXJournal::scan(path, [&](const JXFrame& frame) {
-    const JXOutboxRecord record = decodeRecord(frame.payload);
-    if (record.kind == JXRecordKind::Request) {
-      requests.push_back(
-          {frame.offset, record.createdMs, std::string(record.url), std::string(record.body)});
-    }
-    addAcknowledged(acknowledged, record, frame.offset);
-  });
-  removeAcknowledged(requests, acknowledged);
+std::vector<JXOutboxListing> listSegment(const std::string& path, int& error) {
+  const auto read = [&](const JXJournal::Visit& visit) { error = JXJournal::scan(path, visit); };
+  auto requests =
+      unacknowledged<JXOutboxListing>(read, [](const JXFrame& frame, const JXOutboxRecord& record) {
+        return JXOutboxListing{record.createdMs, std::string(record.url), std::string(record.body),
+                               0, frame.offset};
+      });
   const std::uint64_t purged = readPurgeMark(path);
-  requests.erase(
-      std::remove_if(requests.begin(), requests.end(),
-                     [purged](const JXListedRequest& each) { return each.offset < purged; }),
-      requests.end());
-  return error;
+  removeIf(requests, [purged](const JXOutboxListing& each) { return each.offset < purged; });
+  return requests;
 }
+
+int writePurgeMark(const std::string& segmentPath) {
+  PurgeMark mark;
+  int error = currentMark(segmentPath, mark);
+  if (error != 0) return error;
+  const std::string text = std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
+  // Renamed into place, so that no process reads a partial mark.
+  const std::string fresh = markPath(segmentPath) + "." + std::to_string(::getpid());
+  JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
+  if (error != 0) return error;
+  const iovec part{const_cast<char*>(text.data()), text.size()};
+  std::size_t written = 0;
+  error = file.append(&part, 1, written);
+  if (error == 0 && written < text.size()) error = ENOSPC;
+  if (error == 0) error = file.synchronize();
+  return replaceFile(fresh, markPath(segmentPath), error);
+}
+
+std::uint64_t readPurgeMark(const std::string& segmentPath) {
+  PurgeMark now;
+  int error = 0;
+  const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);
+  if (error != 0 || currentMark(segmentPath, now) != 0) return 0;
+  char text[kMaxMarkSize + 1] = {};
+  std::size_t got = 0;
+  if (file.read(0, text, kMaxMarkSize, got) != 0) return 0;
+  PurgeMark mark;
+  const int fields = std::sscanf(text, "%" SCNu64 " %" SCNu64, &mark.inode, &mark.size);
+  return fields == 2 && mark.inode == now.inode ? mark.size : 0;
+}
+
+void removePurgeMark(const std::string& segmentPath) { ::unlink(markPath(segmentPath).c_str()); }
 
 }  // namespace jx

@@ -9,16 +9,9 @@
 #include <vector>
 
 #include "jx/core/storage/JXJournal.h"
-#include "jx/core/storage/JXOutboxRecord.h"
+#include "jx/core/storage/JXOutboxIndex.h"
 
 namespace jx {
-
-/// The location of a request in a segment.
-struct JXStoredRequest {
-  std::uint32_t offset = 0;  ///< of its frame
-  std::uint32_t bytes = 0;   ///< size of URL and body
-  std::int64_t createdMs = 0;
-};
 
 /// One file of an outbox: requests, and acknowledgements of requests. The process that has it open
 /// owns its lock. Not synchronised, except that `sync` may run concurrently with the other
@@ -32,13 +25,16 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
   static std::shared_ptr<JXOutboxSegment> adopt(const std::string& folder, std::uint64_t number,
-                                                std::vector<JXStoredRequest>& requests,
+                                                std::vector<JXOutboxEntry>& requests,
                                                 JXJournal::Recovery& recovery);
 
   /// Convert between a segment's number and its file name. `numberOf` returns 0 if `name` is not a
   /// segment's name.
   static std::string nameOf(std::uint64_t number);
   static std::uint64_t numberOf(const std::string& name);
+  /// Returns the numbers of all segments in the folder in ascending order. `error` receives an
+  /// errno value, 0 for success.
+  static std::vector<std::uint64_t> numbersIn(const std::string& folder, int& error);
 
   /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
@@ -60,7 +56,7 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   std::size_t live() const { return live_; }
   bool hasUnwrittenAcknowledgements() const { return !unwritten_.empty(); }
   /// Returns true when the next frame should go into a new segment.
-  bool isFull() const;
+  bool isFull() const { return journal_.size() >= kMaxSize; }
   bool isLinked() const { return journal_.file().isLinked(); }
   const std::string& path() const { return journal_.path(); }
 
@@ -68,25 +64,41 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   bool lost = false;   ///< the file was deleted; its content exists as long as it is open
 
  private:
+  static constexpr std::uint64_t kMaxSize = 1024 * 1024;
+
   explicit JXOutboxSegment(JXJournal journal) : journal_(std::move(journal)) {}
 
-  void dropPurged(std::vector<JXStoredRequest>& requests);
+  void dropPurged(std::vector<JXOutboxEntry>& requests);
 
   JXJournal journal_;
   std::size_t live_ = 0;
   std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
 };
 
-/// An unacknowledged request of a segment's file, with its content.
-struct JXListedRequest {
-  std::uint64_t offset = 0;
+/// A request read from an outbox folder that is not opened for sending.
+struct JXOutboxListing {
   std::int64_t createdMs = 0;
   std::string url;
   std::string body;
+  int status = 0;            ///< of a dead letter: the HTTP status that rejected it
+  std::uint64_t offset = 0;  ///< of its frame
 };
 /// Lists the unacknowledged requests of a segment's file in order, without a lock; another process
-/// may be writing it. Omits requests that are marked for purging (see JXPurgeMark). Returns an
-/// errno value, 0 for success.
-int listSegment(const std::string& path, std::vector<JXListedRequest>& requests);
+/// may be writing it. Omits requests that are marked for purging. `error` receives an errno value,
+/// 0 for success.
+std::vector<JXOutboxListing> listSegment(const std::string& path, int& error);
+
+/// The suffix of a purge mark's file name. A purge mark is a file next to a segment. It tells the
+/// process that owns the segment to discard the requests that the segment contained when the mark
+/// was written. It contains the segment's inode, so that it does not apply to a later segment of
+/// the same name.
+inline constexpr std::string_view kJXPurgeMarkSuffix = ".purge";
+/// Writes a mark for the current content of the segment, replacing an older mark. Returns an errno
+/// value, 0 for success; ENOENT if the segment does not exist.
+int writePurgeMark(const std::string& segmentPath);
+/// Returns the size of the segment's part to discard, in bytes; 0 if there is no valid mark for it.
+std::uint64_t readPurgeMark(const std::string& segmentPath);
+/// Deletes the mark if it exists.
+void removePurgeMark(const std::string& segmentPath);
 
 }  // namespace jx

@@ -6,7 +6,6 @@
 #include <cerrno>
 
 #include "jx/core/storage/JXFolder.h"
-#include "jx/core/storage/JXPurgeMark.h"
 
 namespace jx {
 namespace {
@@ -18,25 +17,13 @@ constexpr int kCreateAttempts = 8;
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
-// Returns the numbers of all segments in the folder in ascending order.
-std::vector<std::uint64_t> JXOutboxSegments::numbersInFolder(int& error) const {
-  std::vector<std::string> names;
-  error = listFolder(folder_, names);
-  std::vector<std::uint64_t> numbers;
-  for (const std::string& name : names) {
-    if (const std::uint64_t number = JXOutboxSegment::numberOf(name)) numbers.push_back(number);
-  }
-  std::sort(numbers.begin(), numbers.end());
-  return numbers;
-}
-
-void JXOutboxSegments::adoptAll(const Adopted& adopted) {
+void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>& adopted) {
   int error = makeFolder(folder_);
-  const std::vector<std::uint64_t> numbers =
-      error == 0 ? numbersInFolder(error) : std::vector<std::uint64_t>();
+  std::vector<std::uint64_t> numbers;
+  if (error == 0) numbers = JXOutboxSegment::numbersIn(folder_, error);
   if (error != 0) report_.failed("open the folder", error);
   for (const std::uint64_t number : numbers) {
-    std::vector<JXStoredRequest> requests;
+    std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
     auto segment = JXOutboxSegment::adopt(folder_, number, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
@@ -47,8 +34,7 @@ void JXOutboxSegments::adoptAll(const Adopted& adopted) {
       drop(*segment);
       continue;
     }
-    for (const JXStoredRequest& request : requests)
-      adopted(*segment, request);
+    std::for_each(requests.begin(), requests.end(), adopted);
     // New requests go to the newest segment, so that frequent starts do not create many files.
     current_ = segment.get();
   }
@@ -78,7 +64,7 @@ bool JXOutboxSegments::startSegment() {
   std::shared_ptr<JXOutboxSegment> segment;
   for (int attempt = 0; error == 0 && segment == nullptr && attempt < kCreateAttempts; ++attempt) {
     // Follows the numbers of other processes too, so that numbers give the order of all segments.
-    const std::vector<std::uint64_t> numbers = numbersInFolder(error);
+    const std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(folder_, error);
     if (error != 0) break;
     if (!numbers.empty()) lastNumber_ = std::max(lastNumber_, numbers.back());
     segment = JXOutboxSegment::create(folder_, ++lastNumber_, error);
@@ -90,7 +76,7 @@ bool JXOutboxSegments::startSegment() {
   }
   current_ = segment.get();
   segments_.push_back(std::move(segment));
-  folderDirty_ = true;
+  folderDirty = true;
   return true;
 }
 
@@ -144,13 +130,12 @@ void JXOutboxSegments::retry() {
   }
 }
 
-bool JXOutboxSegments::detectDeletedSegments() {
+void JXOutboxSegments::detectDeletedSegments() {
   for (const auto& segment : segments_) {
     if (segment->lost || segment->isLinked()) continue;
     segment->lost = true;
     if (segment.get() == current_) current_ = nullptr;
   }
-  return hasLost();
 }
 
 bool JXOutboxSegments::hasLost() const {
@@ -167,14 +152,12 @@ std::vector<std::shared_ptr<JXOutboxSegment>> JXOutboxSegments::takeDirty() {
   return dirty;
 }
 
-bool JXOutboxSegments::consumeFolderDirtyFlag() { return std::exchange(folderDirty_, false); }
-
 bool JXOutboxSegments::needsSync() const {
   const auto needs = [&](const std::shared_ptr<JXOutboxSegment>& each) {
     return each->dirty || each->lost || each->hasUnwrittenAcknowledgements() ||
            (each->live() == 0 && each.get() != current_);
   };
-  return folderDirty_ || std::any_of(segments_.begin(), segments_.end(), needs);
+  return folderDirty || std::any_of(segments_.begin(), segments_.end(), needs);
 }
 
 }  // namespace jx

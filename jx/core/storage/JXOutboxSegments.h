@@ -19,8 +19,6 @@ namespace jx {
 /// Not synchronised. Failures are passed to the report.
 class JXOutboxSegments {
  public:
-  using Adopted = std::function<void(JXOutboxSegment& segment, const JXStoredRequest& request)>;
-
   /// `report` must outlive this object.
   JXOutboxSegments(std::string folder, JXStorageReport& report)
       : folder_(std::move(folder)), watch_(folder_), report_(report) {}
@@ -31,7 +29,7 @@ class JXOutboxSegments {
 
   /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each of their
   /// requests in order. Call it once, before anything else.
-  void adoptAll(const Adopted& adopted);
+  void adoptAll(const std::function<void(const JXOutboxEntry& request)>& adopted);
 
   /// Appends a request to the current segment; starts a new one if it is full or its file was
   /// deleted. Returns the segment, or null on failure.
@@ -54,23 +52,21 @@ class JXOutboxSegments {
 
   /// Retries failed writes of acknowledgements and deletions.
   void retry();
-  /// Marks segments whose files were deleted as lost. Returns true when one of them has
-  /// unacknowledged requests.
-  bool detectDeletedSegments();
+  /// Marks segments whose files were deleted as lost.
+  void detectDeletedSegments();
+  /// Returns true when a lost segment has unacknowledged requests.
   bool hasLost() const;
 
   /// Returns the segments written since the last call, for syncing without the owner's lock.
   std::vector<std::shared_ptr<JXOutboxSegment>> takeDirty();
-  /// Returns true once after a segment was created.
-  bool consumeFolderDirtyFlag();
-  void setFolderDirty() { folderDirty_ = true; }
   bool needsSync() const;
   const std::string& folder() const { return folder_; }
+
+  bool folderDirty = false;  ///< a segment was created since the last successful sync of the folder
 
  private:
   bool startSegment();
   void drop(JXOutboxSegment& segment);
-  std::vector<std::uint64_t> numbersInFolder(int& error) const;
 
   const std::string folder_;
   JXFolderWatch watch_;
@@ -78,7 +74,6 @@ class JXOutboxSegments {
   std::vector<std::shared_ptr<JXOutboxSegment>> segments_;
   JXOutboxSegment* current_ = nullptr;
   std::uint64_t lastNumber_ = 0;
-  bool folderDirty_ = false;
 };
 
 }  // namespace jx

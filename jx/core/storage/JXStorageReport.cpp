@@ -3,7 +3,6 @@
 #include "jx/core/storage/JXStorageReport.h"
 
 #include <iterator>
-#include <mutex>
 #include <set>
 #include <system_error>
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -47,6 +48,25 @@ class JXStorageReport {
   std::vector<Message> messages_;
   std::uint64_t failures_ = 0;
   std::uint64_t damagedFiles_ = 0;
+};
+
+/// Locks a storage. Its destructor logs the messages of the report after releasing the lock,
+/// because the log sink may call back.
+class JXReportingLock {
+ public:
+  JXReportingLock(std::mutex& mutex, JXStorageReport& report) : report_(report), lock_(mutex) {}
+  ~JXReportingLock() {
+    if (!lock_.owns_lock()) lock_.lock();
+    const auto messages = report_.takeMessages();
+    lock_.unlock();
+    JXStorageReport::log(messages);
+  }
+  void unlock() { lock_.unlock(); }
+  void lock() { lock_.lock(); }
+
+ private:
+  JXStorageReport& report_;
+  std::unique_lock<std::mutex> lock_;
 };
 
 }  // namespace jx

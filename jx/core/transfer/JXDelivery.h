@@ -30,14 +30,15 @@ struct JX_API JXRetryTimings {
   /// Default: 30 seconds. Minimum: 1 ms.
   std::chrono::milliseconds requestTimeout{30'000};
   /// Longest time between a write and its sync to the disk, in milliseconds; a synced write
-  /// survives a power loss. Default: 1 second.
+  /// survives a power loss. Default: 1 second. Limits: 0 to 365 days.
   std::chrono::milliseconds syncDelay{1'000};
   /// Longest time that requests are paused while the platform determines its user agent, in
   /// milliseconds. Default: 10 seconds. Limits: 0 to 365 days.
   std::chrono::milliseconds userAgentWait{10'000};
   /// Delay at the start before requests of an earlier process are sent, in milliseconds, so that
   /// the application can check consent first. It ends early when a request is added, on `flush`, or
-  /// when the network manager is enabled or disabled. Default: 1 second. 0 sends them immediately.
+  /// when the network manager is enabled or disabled. Default: 1 second. Limits: 0 (sends them
+  /// immediately) to 365 days.
   std::chrono::milliseconds startHold{1'000};
 };
 

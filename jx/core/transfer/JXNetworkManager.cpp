@@ -9,7 +9,6 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/transfer/JXTransfer.h"
-#include "jx/core/transfer/JXTransferSetup.h"
 
 namespace jx {
 namespace {
@@ -48,6 +47,14 @@ std::shared_ptr<JXTransfer> JXNetworkManager::transfer() const {
   return transfer_;
 }
 
+// Returns a function that calls `operation` without the lock, unless there is no transfer.
+template <class Operation>
+auto JXNetworkManager::withTransfer(Operation operation) const {
+  return [this, operation] {
+    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) operation(*transfer);
+  };
+}
+
 void JXNetworkManager::setManagerState(int state) {
   const std::lock_guard<std::mutex> lock(mutex_);
   managerState_ = state == kAlwaysEnabled || state == kDisabledByDefault ? state : 0;
@@ -82,15 +89,18 @@ void JXNetworkManager::applyBackground() {
 void JXNetworkManager::waitForUserAgent() {
   {
     const std::lock_guard<std::mutex> lock(mutex_);
-    waitsForUserAgent_ = true;
-    if (!requestUserAgent_) return;
+    awaitsUserAgent_ = true;
   }
-  startUserAgentRequest();
+  requestAwaitedUserAgent();
 }
 
 // Delivery is paused before the request, because the platform may call back immediately. A dry run
 // has no transfer.
-void JXNetworkManager::startUserAgentRequest() {
+void JXNetworkManager::requestAwaitedUserAgent() {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!requestUserAgent_ || !std::exchange(awaitsUserAgent_, false)) return;
+  }
   guarded("Requesting the user agent failed", "delivery does not wait for it", [&] {
     std::shared_ptr<JXTransfer> transfer = this->transfer();
     if (transfer) transfer->pauseForUserAgent();
@@ -115,9 +125,8 @@ void JXNetworkManager::setRunningInBackground(bool enabled) {
 }
 
 void JXNetworkManager::enqueue(std::string_view url, std::string_view body) {
-  guarded("Queuing a request failed", "request lost", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->enqueue(url, body);
-  });
+  guarded("Queuing a request failed", "request lost",
+          withTransfer([&](JXTransfer& transfer) { transfer.enqueue(url, body); }));
 }
 
 void JXNetworkManager::onBackground() {
@@ -134,73 +143,55 @@ void JXNetworkManager::onForeground() {
 
 bool JXNetworkManager::flush(std::chrono::milliseconds deadline) {
   bool isEmpty = true;
-  guarded("Flush failed", "requests stay queued", [&] {
-    const std::shared_ptr<JXTransfer> transfer = this->transfer();
-    if (!transfer) return;
-    isEmpty = false;
-    isEmpty = transfer->flush(deadline);
-  });
+  guarded("Flush failed", "requests stay queued", withTransfer([&](JXTransfer& transfer) {
+            isEmpty = false;
+            isEmpty = transfer.flush(deadline);
+          }));
   return isEmpty;
 }
 
 void JXNetworkManager::purge() {
-  guarded("Purge failed", "requests may stay queued", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->purge();
-  });
+  guarded("Purge failed", "requests may stay queued",
+          withTransfer([](JXTransfer& transfer) { transfer.purge(); }));
 }
 
 void JXNetworkManager::storageChanged() {
-  guarded("Scheduling a sync failed", "changes become durable with the next sync", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) transfer->storageChanged();
-  });
+  guarded("Scheduling a sync failed", "changes become durable with the next sync",
+          withTransfer([](JXTransfer& transfer) { transfer.storageChanged(); }));
 }
 
 JXDeliveryCounters JXNetworkManager::counters() const {
   JXDeliveryCounters counters;
-  guarded("Reading the delivery counters failed", "counters may be 0", [&] {
-    if (const std::shared_ptr<JXTransfer> transfer = this->transfer()) {
-      counters = transfer->counters();
-    }
-  });
+  guarded("Reading the delivery counters failed", "counters may be 0",
+          withTransfer([&](JXTransfer& transfer) { counters = transfer.counters(); }));
   return counters;
 }
 
 void JXNetworkManager::start(JXTransferSetup setup) {
   guarded("Starting the transfer thread failed", "requests are not accepted", [&] {
-    bool requestsUserAgent = false;
-    {
-      const std::lock_guard<std::mutex> lock(mutex_);
-      if (transfer_) return;
-      requestUserAgent_ = setup.requestUserAgent;
-      auto transfer = std::make_shared<JXTransfer>(std::move(setup));
-      requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
-      if (requestsUserAgent) transfer->pauseForUserAgent();
-      if (decided_) transfer->setDisabled(!enabled_);
-      transfer->setInBackground(inBackground_ && !runsInBackground_);
-      transfer->start();
-      transfer_ = std::move(transfer);
-      // Registered after libcurl and its dependencies were initialised above, so that the thread
-      // ends before they are cleaned up.
-      stoppedAtExit = transfer_.get();
-      std::atexit([] {
-        guarded("Stopping the transfer thread failed", "process exit continues",
-                [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
-      });
-    }
-    if (requestsUserAgent) startUserAgentRequest();
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (transfer_) return;
+    requestUserAgent_ = setup.requestUserAgent;
+    auto transfer = std::make_shared<JXTransfer>(std::move(setup));
+    if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
+    if (decided_) transfer->setDisabled(!enabled_);
+    transfer->setInBackground(inBackground_ && !runsInBackground_);
+    transfer->start();
+    transfer_ = std::move(transfer);
+    // Registered after libcurl and its dependencies were initialised above, so that the thread ends
+    // before they are cleaned up.
+    stoppedAtExit = transfer_.get();
+    std::atexit([] {
+      guarded("Stopping the transfer thread failed", "process exit continues",
+              [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
+    });
   });
 }
 
 void JXNetworkManager::startDryRun(
     std::function<void(std::function<void()> known)> requestUserAgent) {
-  bool requestsUserAgent = false;
-  {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    if (transfer_ || requestUserAgent_) return;
-    requestUserAgent_ = std::move(requestUserAgent);
-    requestsUserAgent = waitsForUserAgent_ && requestUserAgent_;
-  }
-  if (requestsUserAgent) startUserAgentRequest();
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (!transfer_ && !requestUserAgent_) requestUserAgent_ = std::move(requestUserAgent);
 }
 
 }  // namespace jx

@@ -72,14 +72,18 @@ class JX_API JXNetworkManager {
   /// Starts a dry run: only the user agent is requested. Called once by the core instead of
   /// `start`.
   void startDryRun(std::function<void(std::function<void()> known)> requestUserAgent);
+  /// Requests the user agent if `waitForUserAgent` was called before the start. Called by the core
+  /// after `start` or `startDryRun`, without a lock, because it may call application code.
+  void requestAwaitedUserAgent();
 
  private:
   JXNetworkManager() = default;
 
   std::shared_ptr<JXTransfer> transfer() const;
+  template <class Operation>
+  auto withTransfer(Operation operation) const;
   void applyEnabled(bool enabled);
   void applyBackground();
-  void startUserAgentRequest();
 
   mutable std::mutex mutex_;
   std::shared_ptr<JXTransfer> transfer_;
@@ -89,7 +93,7 @@ class JX_API JXNetworkManager {
   bool decided_ = false;  // whether sending was enabled or paused explicitly
   bool inBackground_ = false;
   bool runsInBackground_ = false;
-  bool waitsForUserAgent_ = false;
+  bool awaitsUserAgent_ = false;  // waitForUserAgent was called and has not requested it yet
 };
 
 }  // namespace jx

@@ -10,14 +10,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Prevents overflow of sums with the steady clock's nanoseconds, whatever the configuration
-// contains.
-constexpr milliseconds kMaxDelay = std::chrono::hours(24 * 365);
-
-milliseconds clamped(milliseconds delay) {
-  return std::clamp(delay, milliseconds::zero(), kMaxDelay);
-}
-
 milliseconds jittered(milliseconds longest, double draw) {
   if (!(draw > 0)) return milliseconds::zero();  // also for NaN
   const double part = std::min(draw, 1.0) * static_cast<double>(longest.count());
@@ -27,7 +19,7 @@ milliseconds jittered(milliseconds longest, double draw) {
 void applyRetryAfter(JXRetryState& state, const JXCompletedAttempt& end,
                      const JXRetryTimings& timings, JXRetryState::Time now) {
   if (!end.retryAfter) return;
-  const milliseconds delay = clamped(std::min(*end.retryAfter, timings.maxRetryAfter));
+  const milliseconds delay = boundedWait(std::min(*end.retryAfter, timings.maxRetryAfter));
   if (delay == milliseconds::zero()) return;
   state.backoffUntil = std::max(state.backoffUntil, now + delay);
   state.hasRetryAfter = true;
@@ -35,9 +27,14 @@ void applyRetryAfter(JXRetryState& state, const JXCompletedAttempt& end,
 
 }  // namespace
 
+milliseconds boundedWait(milliseconds wait) noexcept {
+  constexpr milliseconds kMax = std::chrono::hours(24 * 365);
+  return std::clamp(wait, milliseconds::zero(), kMax);
+}
+
 milliseconds maxBackoffAfter(std::uint32_t failures, const JXRetryTimings& timings) {
-  const milliseconds longest = clamped(timings.maxBackoff);
-  milliseconds backoff = std::min(clamped(timings.initialBackoff), longest);
+  const milliseconds longest = boundedWait(timings.maxBackoff);
+  milliseconds backoff = std::min(boundedWait(timings.initialBackoff), longest);
   for (std::uint32_t i = 0; i < failures && backoff > milliseconds::zero() && backoff < longest;
        ++i) {
     backoff = std::min(backoff * 2, longest);
@@ -82,7 +79,7 @@ JXRetryState shortenBackoff(const JXRetryState& state, const JXRetryTimings& tim
   JXRetryState next = state;
   if (!state.isBackingOff(now) || state.hasRetryAfter) return next;
   const JXRetryState::Time soonest =
-      std::max(now, state.failedAt + clamped(timings.initialBackoff));
+      std::max(now, state.failedAt + boundedWait(timings.initialBackoff));
   next.backoffUntil = std::min(state.backoffUntil, soonest);
   return next;
 }

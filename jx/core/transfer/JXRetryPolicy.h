@@ -11,6 +11,10 @@
 
 namespace jx {
 
+/// Returns `wait` limited to 0 to 365 days, so that a sum with the steady clock's nanoseconds
+/// cannot overflow, whatever the configuration contains.
+std::chrono::milliseconds boundedWait(std::chrono::milliseconds wait) noexcept;
+
 /// Classification of an attempt: the request is delivered, retried or permanently rejected.
 enum class JXResponseClass { Delivered, Retry, Rejected };
 

@@ -2,13 +2,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <sys/types.h>
+#include <unistd.h>
+
+#include <atomic>
 #include <chrono>
-#include <cstdint>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <string_view>
+#include <thread>
 
 #include "jx/core/transfer/JXDelivery.h"
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/transfer/JXTransferLoop.h"
+#include "jx/core/transfer/JXTransferMailbox.h"
 
 namespace jx {
 
@@ -16,17 +23,19 @@ namespace jx {
 /// thread sleeps without periodic wake-ups while it has no work. All operations are thread-safe;
 /// only `flush` and `stop` wait for the network or the thread.
 ///
+/// The thread co-owns this object, so that it stays valid for a thread that was abandoned by
+/// `stop`. A started transfer therefore ends only with `stop`, not with its last owner.
+///
 /// After a `fork`, the child has no transfer thread: `stop` does nothing and `flush` returns at its
 /// deadline. A child that does not call `exec` must not use the library.
-class JXTransfer {
+class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
  public:
   /// Longest time that a process exit waits for the thread.
   static constexpr std::chrono::milliseconds kStopLimit{250};
 
-  /// Does not start the thread. Throws a std::exception when out of memory.
+  /// Does not start the thread; create the object with std::make_shared. Throws a std::exception
+  /// when out of memory.
   explicit JXTransfer(JXTransferSetup setup);
-  /// Calls `stop(kStopLimit)`.
-  ~JXTransfer();
   JXTransfer(const JXTransfer&) = delete;
   JXTransfer& operator=(const JXTransfer&) = delete;
 
@@ -65,8 +74,30 @@ class JXTransfer {
   bool stop(std::chrono::milliseconds limit);
 
  private:
-  class Engine;
-  std::shared_ptr<Engine> engine_;
+  void run() noexcept;
+  bool runOnce() noexcept;
+  bool recover(const char* error) noexcept;
+  void endLoop() noexcept;
+  bool isAbandoned() noexcept;
+  bool isOnThread() const { return threadId_.load() == std::this_thread::get_id(); }
+  bool queueIsEmpty() const { return setup().outbox->counters().queued == 0; }
+  void notifyFlushers();
+  const JXTransferSetup& setup() const { return loop_.setup(); }
+
+  JXTransferLoop loop_;
+  JXTransferMailbox mailbox_;
+  std::thread thread_;
+  std::atomic<std::thread::id> threadId_{};
+  const pid_t process_ = getpid();
+  bool hasFailed_ = false;  ///< the thread's last iteration ended with an exception
+  std::atomic<int> flushing_{0};
+
+  /// Guards the members below; while it is locked, only the outbox is called.
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  bool ended_ = false;
+  bool abandoned_ = false;
+  bool stopped_ = false;  ///< stop() was called
 };
 
 }  // namespace jx

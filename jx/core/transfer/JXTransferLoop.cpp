@@ -6,8 +6,7 @@
 #include <utility>
 
 #include "jx/core/JXLogger.h"
-#include "jx/core/json/JXJsonObject.h"
-#include "jx/core/json/JXJsonReader.h"
+#include "jx/core/transfer/JXEventId.h"
 #include "jx/core/transfer/JXRetryAfter.h"
 
 namespace jx {
@@ -70,10 +69,6 @@ std::string causeOf(const JXHttpResult& result) {
 }
 
 }  // namespace
-
-JXString eventIdOf(std::string_view body) {
-  return JXJsonReader::read(body).value.object().get("context").object().get("event_id").string();
-}
 
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
     : setup_(std::move(setup)), plan_(setup_.timings, setup_.steadyNow()) {

@@ -5,21 +5,54 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/transfer/JXDelivery.h"
 #include "jx/core/transfer/JXHttpTransport.h"
 #include "jx/core/transfer/JXTransferMailbox.h"
 #include "jx/core/transfer/JXTransferPlan.h"
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/platform/JXClock.h"
+#include "jx/platform/JXString.h"
 
 namespace jx {
 
+/// Dependencies and options of the transfer thread.
+struct JXTransferSetup {
+  std::shared_ptr<JXOutbox> outbox;
+  std::shared_ptr<const JXClock> clock;  ///< time of day, for Retry-After dates
+  JXRetryTimings timings;
+  JXString caFile;  ///< PEM file of trusted certificates; null: the system's
+  std::vector<std::string> pinnedPublicKeys;  ///< empty: any key
+  JXString proxy;                             ///< proxy URL; "" for none; null: the environment's
+  JXString httpUserAgent{"JXServerSide"};     ///< value of the User-Agent header
+  JXDeliveryCallback onDelivery;
+  /// Called on the transfer thread with each sync of the outbox. Makes the core's other stored data
+  /// durable and cleans it up.
+  std::function<void()> maintain;
+  /// Called on the transfer thread before an attempt that follows a backoff or an idle time.
+  std::function<void()> beforeConnecting;
+  /// Requests the platform's user agent, stores and posts the result, then calls `known` once, on
+  /// any thread, even without a user agent. Called without a lock, on the thread that calls
+  /// `waitForUserAgent` or, if that was called first, `requestAwaitedUserAgent`. Empty: requests
+  /// never wait for a user agent.
+  std::function<void(std::function<void()> known)> requestUserAgent;
+
+  std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above
+
+  // Replaced by tests. Defaults: the steady clock and a random number generator.
+  std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< called on any thread
+  std::function<double()> draw;  ///< random number in [0, 1) for the backoff jitter
+};
+
 /// The work of the transfer thread between two sleeps: applies commands, executes the plan with
 /// outbox and transport, and processes the results. It belongs to one thread and creates none, so
-/// that tests can run it step by step. `attempts` and `failures` may be read on any thread.
+/// that tests can run it step by step. `setup`, `attempts` and `failures` may be read on any
+/// thread.
 class JXTransferLoop {
  public:
   /// `setup.transport`, `setup.outbox`, `setup.steadyNow` and `setup.draw` must be set.
@@ -39,6 +72,7 @@ class JXTransferLoop {
   /// starts a backoff. `error` is the cause, for the log.
   void recover(std::string_view error) noexcept;
 
+  const JXTransferSetup& setup() const { return setup_; }
   std::uint64_t attempts() const { return attempts_.load(); }
   std::uint64_t failures() const { return failures_.load(); }
 
@@ -52,15 +86,12 @@ class JXTransferLoop {
   void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
   void report(const JXDelivery& delivery);
 
-  JXTransferSetup setup_;
+  const JXTransferSetup setup_;
   JXTransferPlan plan_;
   JXTransferCommands applied_;
   std::string lastFailure_;  // the cause logged last; empty after a success
   std::atomic<std::uint64_t> attempts_{0};
   std::atomic<std::uint64_t> failures_{0};
 };
-
-/// Returns the "event_id" of a request body; null when it contains none.
-JXString eventIdOf(std::string_view body);
 
 }  // namespace jx

@@ -9,9 +9,6 @@
 #include <mutex>
 #include <optional>
 #include <utility>
-#include <vector>
-
-#include "jx/platform/JXString.h"
 
 namespace jx {
 
@@ -52,15 +49,27 @@ class JXTransferMailbox {
     if (sleepState_.load() == SleepState::SleepingUntilAny) wakeIfSleeping();
   }
   /// Returns the current commands.
-  JXTransferCommands commands() const;
+  JXTransferCommands commands() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return commands_;
+  }
 
   // The following operations are for the transfer thread only.
 
-  JXTransferCommands readCommands();
+  JXTransferCommands readCommands() {
+    hasCommand_.store(false);
+    return commands();
+  }
   bool readAdded() { return added_.exchange(false); }
   /// Marks the thread as sleeping; with `ignoresAdditions`, added requests do not wake it. Returns
   /// false when there is an update already; the thread must not sleep then.
-  bool prepareToSleep(bool ignoresAdditions);
+  bool prepareToSleep(bool ignoresAdditions) {
+    sleepState_.store(ignoresAdditions ? SleepState::SleepingUntilCommand
+                                       : SleepState::SleepingUntilAny);
+    if (!hasCommand_.load() && (ignoresAdditions || !added_.load())) return true;
+    awake();
+    return false;
+  }
   void awake() { sleepState_.store(SleepState::Running); }
 
  private:

@@ -17,7 +17,9 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 }  // namespace
 
 JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, Time now)
-    : timings_(timings), poisonRequests_(timings), startHoldUntil_(now + timings.startHold) {
+    : timings_(timings),
+      poisonRequests_(timings),
+      startHoldUntil_(now + boundedWait(timings.startHold)) {
   inFlight_.reserve(kMaxInFlight);
 }
 
@@ -73,7 +75,7 @@ JXTransferWait JXTransferPlan::nextWait(Time now) const {
 }
 
 void JXTransferPlan::storageChanged(Time now) {
-  syncDue_ = earlier(syncDue_, now + timings_.syncDelay);
+  syncDue_ = earlier(syncDue_, now + boundedWait(timings_.syncDelay));
 }
 
 void JXTransferPlan::synced(bool unfinished, Time now) {
@@ -82,7 +84,7 @@ void JXTransferPlan::synced(bool unfinished, Time now) {
     syncBackoff_ = std::chrono::milliseconds::zero();
     return;
   }
-  const auto shortest = std::max(timings_.syncDelay, std::chrono::milliseconds(1));
+  const auto shortest = std::max(boundedWait(timings_.syncDelay), std::chrono::milliseconds(1));
   syncBackoff_ = std::max(shortest, std::min(syncBackoff_ * 2, kMaxSyncBackoff));
   syncDue_ = now + syncBackoff_;
 }

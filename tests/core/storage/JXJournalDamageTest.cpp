@@ -23,9 +23,8 @@ class JournalDamage : public ::testing::Test {
     journal.recover(JXJournal::Writers::One, [](const JXFrame&) {});
     for (std::size_t i = 0; i < kFrames; ++i) {
       texts_.push_back("frame " + std::to_string(i) + std::string(i * 7 % 23, '.'));
-      const std::string_view part = texts_.back();
       std::uint64_t offset = 0;
-      EXPECT_EQ(journal.append(&part, 1, &offset), 0);
+      EXPECT_EQ(journal.append({texts_.back()}, &offset), 0);
       starts_.push_back(offset);
     }
     whole_ = contentOf(path_);
@@ -48,8 +47,7 @@ class JournalDamage : public ::testing::Test {
     const JXJournal::Recovery recovery = journal.recover(
         JXJournal::Writers::One, [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
     EXPECT_EQ(recovery.error, 0);
-    const std::string_view part = "after";
-    EXPECT_EQ(journal.append(&part, 1, nullptr), 0);
+    EXPECT_EQ(journal.append({"after"}, nullptr), 0);
     return texts;
   }
 
@@ -64,8 +62,7 @@ class JournalDamage : public ::testing::Test {
                         [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
     EXPECT_EQ(recovery.error, 0);
     EXPECT_FALSE(recovery.quarantined);
-    const std::string_view part = "after";
-    EXPECT_EQ(journal.append(&part, 1, nullptr), 0);
+    EXPECT_EQ(journal.append({"after"}, nullptr), 0);
     EXPECT_EQ(contentOf(path_).substr(0, content.size()), content);
     return texts;
   }

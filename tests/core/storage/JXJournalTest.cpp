@@ -34,8 +34,7 @@ Opened openJournal(const std::string& path, JXJournal::Writers writers = JXJourn
 }
 
 int append(JXJournal& journal, const std::string& text, std::uint64_t* offset = nullptr) {
-  const std::string_view part = text;
-  return journal.append(&part, 1, offset);
+  return journal.append({text}, offset);
 }
 
 void appendTo(const std::string& path, const std::string& text) {
@@ -69,9 +68,8 @@ TEST(Journal, ReturnsFramesInOrder) {
 TEST(Journal, WritesAPayloadInPartsAsOneFrame) {
   const TemporaryFolder folder;
   Opened opened = openJournal(folder.file("j"));
-  const std::string_view parts[] = {"head", "", "body"};
   std::uint64_t offset = 0;
-  ASSERT_EQ(opened.journal.append(parts, 3, &offset), 0);
+  ASSERT_EQ(opened.journal.append({"head", "", "body"}, &offset), 0);
   std::string payload;
   ASSERT_EQ(opened.journal.read(offset, 8, payload), 0);
   EXPECT_EQ(payload, "headbody");
@@ -237,7 +235,7 @@ TEST(Journal, AppendsSeveralFramesWithOneWrite) {
   const TemporaryFolder folder;
   std::string frames;
   for (const std::string_view text : {"one", "", "three"})
-    encodeFrame(&text, 1, frames);
+    encodeFrame({text}, frames);
   {
     Opened opened = openJournal(folder.file("journal"));
     const FailingDisk counting(0, 0, FailingDisk::Write::Nothing);

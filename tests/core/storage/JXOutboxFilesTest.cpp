@@ -194,9 +194,8 @@ TEST_F(OutboxFiles, AcknowledgementDoesNotApplyToLaterRequests) {
     ASSERT_EQ(error, 0);
     journal.recover(JXJournal::Writers::One, [](const JXFrame&) {});
     const std::uint64_t next = journal.size() + kJXFrameHeaderSize + kJXAcknowledgementHeadSize + 4;
-    const auto payload = encodeAcknowledgement({static_cast<std::uint32_t>(next)});
-    const std::string_view part(reinterpret_cast<const char*>(payload.data()), payload.size());
-    ASSERT_EQ(journal.append(&part, 1, nullptr), 0);
+    const std::string payload = encodeAcknowledgement({static_cast<std::uint32_t>(next)});
+    ASSERT_EQ(journal.append({payload}, nullptr), 0);
     ASSERT_EQ(journal.size(), next);
   }
   add(*open(), "second");

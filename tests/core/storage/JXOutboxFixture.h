@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/platform/JXManualClock.h"
 #include "tests/core/storage/JXLogLines.h"
 #include "tests/core/storage/JXTemporaryFolder.h"

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "jx/core/storage/JXPurgeMark.h"
+#include "jx/core/storage/JXOutboxSegment.h"
 #include "tests/core/storage/JXOutboxFixture.h"
 
 namespace jx {

@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "jx/core/transfer/JXTransferSetup.h"
+#include "jx/core/storage/JXOutboxFolder.h"
+#include "jx/core/transfer/JXTransferLoop.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
 #include "tests/core/transfer/JXTransferFixture.h"
@@ -185,10 +186,15 @@ TEST_F(NetworkManager, StartsAUserAgentWaitRequestedBeforeTheStart) {
   setup.requestUserAgent = [&](std::function<void()> done) { known = std::move(done); };
   manager.waitForUserAgent();
   manager.start(setup);
+  EXPECT_FALSE(known);
+  EXPECT_TRUE(manager.counters().paused);
+  manager.requestAwaitedUserAgent();
   ASSERT_TRUE(known);
   EXPECT_TRUE(manager.counters().paused);
-  known();
+  std::exchange(known, nullptr)();
   EXPECT_FALSE(manager.counters().paused);
+  manager.requestAwaitedUserAgent();
+  EXPECT_FALSE(known) << "requested once";
 }
 
 TEST_F(NetworkManager, DoesNotPauseWhenTheUserAgentRequestThrows) {

@@ -204,6 +204,33 @@ TEST(TransferPlanStartHold, WakesForAnAddedRequest) {
   EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);
 }
 
+TEST(TransferPlanWaits, LimitsTheStartHoldAndTheSyncDelay) {
+  JXRetryTimings timings;
+  timings.startHold = std::chrono::milliseconds::max();
+  timings.syncDelay = std::chrono::milliseconds::max();
+  JXTransferPlan longest(timings, kStart);
+  const Time limit = kStart + std::chrono::hours(24 * 365);
+  EXPECT_EQ(0u, longest.next(kStart).mayStart);
+  EXPECT_EQ(limit, longest.nextWait(kStart).wakeAt);
+  EXPECT_EQ(1u, longest.next(limit).mayStart);
+  longest.storageChanged(kStart);
+  EXPECT_FALSE(longest.next(limit - 1ms).sync);
+  EXPECT_TRUE(longest.next(limit).sync);
+  longest.synced(true, kStart);
+  EXPECT_FALSE(longest.next(limit - 1ms).sync);
+  EXPECT_TRUE(longest.next(limit).sync);
+
+  timings.startHold = std::chrono::milliseconds::min();
+  timings.syncDelay = std::chrono::milliseconds::min();
+  JXTransferPlan shortest(timings, kStart);
+  EXPECT_EQ(1u, shortest.next(kStart).mayStart);
+  shortest.storageChanged(kStart);
+  EXPECT_TRUE(shortest.next(kStart).sync);
+  shortest.synced(true, kStart);
+  EXPECT_FALSE(shortest.next(kStart).sync);
+  EXPECT_TRUE(shortest.next(kStart + 1ms).sync);
+}
+
 TEST_F(TransferPlan, SyncsASecondAfterTheFirstChange) {
   plan.nothingToStart(kStart);
   plan.storageChanged(kStart);

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <set>
 
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/transfer/JXCurlTransport.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
@@ -50,10 +51,12 @@ class Transfer : public ::testing::Test {
     setup.maintain = [this] { maintained.add(1); };
     setup.beforeConnecting = [this] { probes.add(1); };
   }
-  ~Transfer() override { transfer.reset(); }
+  ~Transfer() override {
+    if (transfer) transfer->stop(JXTransfer::kStopLimit);
+  }
 
   void start() {
-    transfer = std::make_unique<JXTransfer>(setup);
+    transfer = std::make_shared<JXTransfer>(setup);
     transfer->start();
   }
   void enqueue(const std::string& eventId) { transfer->enqueue(server.url(), bodyOf(eventId)); }
@@ -72,7 +75,7 @@ class Transfer : public ::testing::Test {
   JXCollected<int> maintained;
   JXCollected<int> probes;
   JXTransferSetup setup;
-  std::unique_ptr<JXTransfer> transfer;
+  std::shared_ptr<JXTransfer> transfer;
 };
 
 TEST_F(Transfer, DeliversEveryRequestOnce) {
@@ -238,7 +241,7 @@ TEST_F(Transfer, KeepsARequestAddedAfterTheStop) {
 }
 
 TEST_F(Transfer, StopsWhenItWasNeverStarted) {
-  transfer = std::make_unique<JXTransfer>(setup);
+  transfer = std::make_shared<JXTransfer>(setup);
   EXPECT_TRUE(transfer->stop(0ms));
 }
 
@@ -315,7 +318,7 @@ TEST_F(Transfer, WithdrawnConsentAbortsAndPausesRequestsInFlight) {
 
 TEST_F(Transfer, SendsNothingWhenDisabledFromTheStart) {
   setup.outbox->add(server.url(), bodyOf("old"));
-  transfer = std::make_unique<JXTransfer>(setup);
+  transfer = std::make_shared<JXTransfer>(setup);
   transfer->setDisabled(true);
   transfer->start();
   ASSERT_TRUE(waitForThread());
@@ -343,7 +346,7 @@ TEST_F(Transfer, CompletesRequestsInFlightAndStartsNoneInTheBackground) {
 }
 
 TEST_F(Transfer, PausesRequestsUntilTheUserAgentIsKnown) {
-  transfer = std::make_unique<JXTransfer>(setup);
+  transfer = std::make_shared<JXTransfer>(setup);
   transfer->pauseForUserAgent();
   transfer->start();
   enqueue("e");
@@ -357,7 +360,7 @@ TEST_F(Transfer, PausesRequestsUntilTheUserAgentIsKnown) {
 
 TEST_F(Transfer, DoesNotPauseForeverForTheUserAgent) {
   setup.timings.userAgentWait = 50ms;
-  transfer = std::make_unique<JXTransfer>(setup);
+  transfer = std::make_shared<JXTransfer>(setup);
   transfer->pauseForUserAgent();
   transfer->start();
   enqueue("e");

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <vector>
 
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/Result.h"
 #include "tools/jx/queue/QueueReport.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 
 namespace jx {
 
