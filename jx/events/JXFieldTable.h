@@ -32,9 +32,10 @@ struct JX_API JXEnumStrings {
   std::size_t count = 0;
 
   /// Returns the JSON string of `value`; null if `value` is not in the enumeration.
-  JXString stringOf(int value) const {
-    const bool isInside = value >= 0 && static_cast<std::size_t>(value) < count;
-    return isInside ? JXString(strings[value]) : JXString();
+  JXString stringOf(int value) const { return isInside(value) ? strings[value] : JXString(); }
+  /// Returns the enumerator's name of `value`; null if `value` is not in the enumeration.
+  JXString enumeratorOf(int value) const {
+    return isInside(value) ? enumerators[value] : JXString();
   }
   /// Returns the JSON string of each value, in order.
   std::vector<std::string_view> allStrings() const { return {strings, strings + count}; }
@@ -42,6 +43,9 @@ struct JX_API JXEnumStrings {
   std::vector<std::string_view> allEnumerators() const {
     return {enumerators, enumerators + count};
   }
+
+ private:
+  bool isInside(int value) const { return value >= 0 && static_cast<std::size_t>(value) < count; }
 };
 
 /// The type of a field, which determines its JSON form.
@@ -103,6 +107,9 @@ class JX_API JXFieldTable {
   /// follow the field's name, and leaves the object unchanged.
   virtual std::string set(JXAdditionalProperties& object, std::size_t field,
                           const JXJsonValue& value) const = 0;
+  /// Returns a copy of the value of the field, in the form that `set` accepts; absent if the field
+  /// is null. A NaN amount and a value outside its enumeration count as null.
+  virtual JXJsonValue get(const JXAdditionalProperties& object, std::size_t field) const = 0;
 
  protected:
   std::vector<JXFieldInfo> fields_;

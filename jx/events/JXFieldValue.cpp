@@ -14,6 +14,9 @@ namespace {
 
 using Kind = JXJsonValue::Kind;
 
+// Contains the additional properties of an item or a product.
+constexpr std::string_view kParameters = "parameters";
+
 bool isNull(const JXJsonValue& json) {
   return json.kind() == Kind::Absent || json.kind() == Kind::Null;
 }
@@ -25,7 +28,7 @@ std::string readBlock(const JXJsonObject& json, Block& block) {
   const JXFieldTable& table = Block::fields();
   for (const JXJsonEntry& entry : json.entries()) {
     const std::string name = entry.key.toStdString();
-    if (name == "parameters") {
+    if (name == kParameters) {
       if (entry.value.kind() != Kind::Object) return "parameters must be an object";
       block.addAdditionalProperty(entry.value.object());
       continue;
@@ -36,6 +39,27 @@ std::string readBlock(const JXJsonObject& json, Block& block) {
     if (!error.empty()) return name + " " + error;
   }
   return {};
+}
+
+// The inverse of readBlock.
+template <typename Block>
+JXJsonValue blockToJson(const Block& block) {
+  const JXFieldTable& table = Block::fields();
+  JXJsonObject json;
+  for (std::size_t i = 0; i < table.fields().size(); ++i) {
+    const JXFieldInfo& field = table.fields()[i];
+    const JXJsonValue value = table.get(block, i);
+    const bool isNullInitially =
+        field.kind == JXFieldKind::String || field.kind == JXFieldKind::Number;
+    if (value.isPresent()) {
+      json.set(field.property, value);
+    } else if (!isNullInitially) {
+      json.set(field.property, JXJsonValue::null());
+    }
+  }
+  const JXJsonObject parameters = block.getAdditionalProperties();
+  if (parameters.size() != 0) json.set(kParameters, parameters.mutableCopy());
+  return json;
 }
 
 }  // namespace
@@ -209,5 +233,45 @@ std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value) {
   value = product;
   return {};
 }
+
+JXJsonValue toJson(const JXString& value) { return value; }
+
+JXJsonValue toJson(const std::optional<JXDecimal>& value) {
+  return value ? JXJsonValue(*value) : JXJsonValue();
+}
+
+JXJsonValue toJson(bool value) { return value; }
+
+JXJsonValue toJson(const JXList<JXString>& value) {
+  if (!value.isPresent()) return {};
+  JXJsonArray array;
+  for (const JXString& string : value)
+    array.append(string.isPresent() ? JXJsonValue(string) : JXJsonValue::null());
+  return array;
+}
+
+JXJsonValue toJson(const JXJsonArray& value) {
+  if (!value.isPresent()) return {};
+  JXJsonArray array;
+  for (const JXJsonValue& element : value.values())
+    array.append(element);
+  return array;
+}
+
+JXJsonValue toJson(const JXList<std::shared_ptr<JXItem>>& value) {
+  if (!value.isPresent()) return {};
+  JXJsonArray array;
+  for (const std::shared_ptr<JXItem>& item : value)
+    array.append(item ? toJson(*item) : JXJsonValue::null());
+  return array;
+}
+
+JXJsonValue toJson(const std::shared_ptr<JXProduct>& value) {
+  return value ? toJson(*value) : JXJsonValue();
+}
+
+JXJsonValue toJson(const JXItem& value) { return blockToJson(value); }
+
+JXJsonValue toJson(const JXProduct& value) { return blockToJson(value); }
 
 }  // namespace jx::fieldvalue

@@ -65,5 +65,20 @@ JX_API std::string read(const JXJsonValue& json, JXList<std::shared_ptr<JXItem>>
 JX_API std::string read(const JXJsonValue& json, std::shared_ptr<JXProduct>& value);
 /// @}
 
+/// Returns a copy of the value as JSON that `read` accepts; absent for null and for a NaN amount.
+/// An item or a product is an object of its properties. It contains JSON null for a property that
+/// is null but has another initial value.
+/// @{
+JX_API JXJsonValue toJson(const JXString& value);
+JX_API JXJsonValue toJson(const std::optional<JXDecimal>& value);
+JX_API JXJsonValue toJson(bool value);
+JX_API JXJsonValue toJson(const JXList<JXString>& value);
+JX_API JXJsonValue toJson(const JXJsonArray& value);
+JX_API JXJsonValue toJson(const JXList<std::shared_ptr<JXItem>>& value);
+JX_API JXJsonValue toJson(const std::shared_ptr<JXProduct>& value);
+JX_API JXJsonValue toJson(const JXItem& value);
+JX_API JXJsonValue toJson(const JXProduct& value);
+/// @}
+
 }  // namespace fieldvalue
 }  // namespace jx

@@ -90,6 +90,12 @@ class JXFields final : public JXFieldTable {
                       members_[field]);
   }
 
+  JXJsonValue get(const JXAdditionalProperties& object, std::size_t field) const override {
+    const Owner& owner = static_cast<const Owner&>(object);
+    return std::visit([&](const auto& member) { return getMember(owner, member); },
+                      members_[field]);
+  }
+
  private:
   // In the order of the alternatives of Member.
   static JXFieldKind kindOf(const Member& member) {
@@ -147,6 +153,17 @@ class JXFields final : public JXFieldTable {
       }
     }
     return "must be one of the enumeration's names";
+  }
+
+  template <typename T>
+  static JXJsonValue getMember(const Owner& owner, T Owner::*member) {
+    return fieldvalue::toJson(owner.*member);
+  }
+  static JXJsonValue getMember(const Owner& owner, const JXNumberedStrings<Owner>& numbered) {
+    return fieldvalue::toJson(owner.*numbered.member);
+  }
+  static JXJsonValue getMember(const Owner& owner, const JXEnumField<Owner>& field) {
+    return fieldvalue::toJson(field.strings.enumeratorOf(owner.*field.member));
   }
 
   std::vector<Member> members_;

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <utility>
 
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonTreeSink.h"
@@ -60,6 +61,14 @@ JXJsonValue json(const std::string& text) { return JXJsonReader::read(text).valu
 std::string set(Sample& sample, std::string_view property, const std::string& text) {
   const JXFieldTable& table = Sample::fields();
   return table.set(sample, table.findProperty(property), json(text));
+}
+
+// Returns the value of the property as JSON in an array; "[]" if it is absent.
+std::string get(const Sample& sample, std::string_view property) {
+  const JXFieldTable& table = Sample::fields();
+  JXJsonObject wrapper;
+  wrapper.set("v", JXJsonArray({table.get(sample, table.findProperty(property))}));
+  return JXJsonWriter::write(wrapper, JXJsonStyle::Compact).text.substr(sizeof(R"({"v":)") - 1);
 }
 
 JXFieldState state(const Sample& sample, std::string_view property) {
@@ -182,6 +191,45 @@ TEST(Fields, ReadValuesFromJson) {
             R"("product_key":{"name":"LANTERN","price":3.39,"category_1":"home","colors":[]}})");
 }
 
+TEST(Fields, GetValuesInTheFormThatSetAccepts) {
+  const std::pair<const char*, const char*> values[] = {
+      {"string", R"("t")"},
+      {"string", R"("")"},
+      {"number", "12.50"},
+      {"boolean", "true"},
+      {"boolean", "false"},
+      {"strings", R"(["a",null,""])"},
+      {"strings", "[]"},
+      {"numbered", R"(["n"])"},
+      {"values", R"([{"deep":1.50},null])"},
+      {"enumeration", R"("SECOND")"},
+      {"items", R"([{"ID":"1","quantity":2,"product":null,"parameters":{"gift":true}},null])"},
+      {"product", R"({"name":"LANTERN","categories":null,"colors":["red"]})"},
+  };
+  for (const auto& [property, value] : values) {
+    Sample sample;
+    ASSERT_EQ(set(sample, property, value), "") << property;
+    EXPECT_EQ(get(sample, property), '[' + std::string(value) + "]}");
+  }
+}
+
+TEST(Fields, GetNoValueForNullFields) {
+  Sample sample;
+  for (const char* property :
+       {"string", "number", "strings", "numbered", "values", "enumeration", "items", "product"})
+    EXPECT_EQ(get(sample, property), "[]}") << property;
+  sample.number = JXDecimal::nan();
+  EXPECT_EQ(get(sample, "number"), "[]}");
+}
+
+TEST(Fields, GetCopiesOfLists) {
+  Sample sample;
+  sample.values = JXJsonArray({1});
+  const JXFieldTable& table = Sample::fields();
+  table.get(sample, table.findProperty("values")).array().append(2);
+  EXPECT_EQ(sample.values.size(), 1u);
+}
+
 TEST(Fields, SetFieldsToNullFromJsonNull) {
   Sample sample;
   sample.string = "t";
@@ -241,6 +289,9 @@ TEST(Fields, ReturnNullStringsOutsideTheEnumeration) {
   EXPECT_FALSE(table.stringOf(2).isPresent());
   EXPECT_FALSE(table.stringOf(-1).isPresent());
   EXPECT_FALSE(JXEnumStrings().stringOf(0).isPresent());
+  EXPECT_EQ(table.enumeratorOf(1), JXString("SECOND"));
+  EXPECT_FALSE(table.enumeratorOf(2).isPresent());
+  EXPECT_FALSE(table.enumeratorOf(-1).isPresent());
 }
 
 }  // namespace
