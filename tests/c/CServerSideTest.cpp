@@ -273,7 +273,8 @@ void setDefault(void* context, const char* name, const char* value) {
   static_cast<Mirror*>(context)->calls += std::string(name) + "=" + value + ";";
 }
 void logEvent(void* context, const char* name, const char* parameters) {
-  static_cast<Mirror*>(context)->calls += std::string(name) + " " + parameters + ";";
+  static_cast<Mirror*>(context)->calls +=
+      std::string(name != nullptr ? name : "(null)") + " " + parameters + ";";
 }
 void release(void* context) { ++static_cast<Mirror*>(context)->releases; }
 
@@ -295,6 +296,19 @@ TEST_F(CServerSide, DoesNotCallNullFirebaseFunctions) {
   create(JX_BEHAVIOUR_DEFAULT, &firebase);
   send();
   EXPECT_EQ(mirror.calls, R"(quiz {"event_name":"quiz"};)");
+}
+
+TEST_F(CServerSide, MirrorsAnEventWithoutANameWithANullName) {
+  Mirror mirror;
+  const jx_firebase firebase = {sizeof(jx_firebase), &mirror, nullptr, &logEvent, nullptr};
+  create(JX_BEHAVIOUR_DEFAULT, &firebase);
+  jx_object* event = nullptr;
+  ASSERT_EQ(jx_custom_event_create(nullptr, &event), JX_OK);
+  const Object nameless(event);
+  EXPECT_EQ(jx_execute(serverSide, event), JX_OK);
+  ASSERT_EQ(JXEvent_setName(event, ""), JX_OK);
+  EXPECT_EQ(jx_execute(serverSide, event), JX_OK);
+  EXPECT_EQ(mirror.calls, R"((null) {}; {"event_name":""};)");
 }
 
 TEST_F(CServerSide, RejectsAFirebaseTableOfUnknownSize) {

@@ -25,11 +25,13 @@ bool JXCFirebase::respondsToOperation(std::string_view operation) {
 
 void JXCFirebase::performOperation(std::string_view operation, const JXJsonValue& first,
                                    const JXJsonValue& second) {
-  const JXString name = first.string();
+  const JXString string = first.string();
+  // `c_str` of a null string is "".
+  const char* const name = string.isPresent() ? string.c_str() : nullptr;
   if (operation == kSetDefaultEventParameters) {
-    table_.set_default_parameter(table_.context, name.c_str(), second.string().c_str());
+    table_.set_default_parameter(table_.context, name, second.string().c_str());
   } else {
-    table_.log_event(table_.context, name.c_str(), jsonText(second).c_str());
+    table_.log_event(table_.context, name, jsonText(second).c_str());
   }
 }
 
