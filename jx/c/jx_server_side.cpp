@@ -15,6 +15,7 @@ namespace {
 using jx::JXHandleKind;
 using jx::JXJsonValue;
 using jx::ServerSide;
+using jx::c::Form;
 using jx::c::JXCFirebase;
 using jx::c::JXCObject;
 using jx::c::Result;
@@ -52,16 +53,12 @@ Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   return JX_OK;
 }
 
-// `read` reads the value to add.
-template <typename Read>
 jx_status addPermanent(const char* operation, jx_server_side* handle, const char* key,
-                       const Read& read) {
-  return onServerSide(operation, handle, [&](ServerSide& serverSide) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
-    JXJsonValue value;
-    Result result = read(value);
-    if (result.status == JX_OK) serverSide.addPermanentData_withValue(key, value);
-    return result;
+                       const char* value, Form form) {
+  return onServerSide(operation, handle, [&](ServerSide& serverSide) {
+    return jx::c::readEntry(key, value, form, [&](const JXJsonValue& read) {
+      serverSide.addPermanentData_withValue(key, read);
+    });
   });
 }
 
@@ -102,15 +99,11 @@ jx_status jx_execute(jx_server_side* server_side, jx_object* event) {
 }
 
 jx_status jx_set_permanent(jx_server_side* server_side, const char* key, const char* value) {
-  return addPermanent(__func__, server_side, key, [&](JXJsonValue& read) {
-    read = JXJsonValue(value);
-    return Result(JX_OK);
-  });
+  return addPermanent(__func__, server_side, key, value, Form::String);
 }
 
 jx_status jx_set_permanent_json(jx_server_side* server_side, const char* key, const char* json) {
-  return addPermanent(__func__, server_side, key,
-                      [&](JXJsonValue& read) { return jx::c::readJson(json, read); });
+  return addPermanent(__func__, server_side, key, json, Form::Json);
 }
 
 jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* key, char* buffer,

@@ -87,7 +87,7 @@ jx_status setByName(jx_object* object, const jx_field& field, const jx_object* i
       return jx_object_set_enum(object, field.property,
                                 static_cast<std::uint32_t>(field.member_count - 1));
     case JX_KIND_ITEMS:
-      EXPECT_EQ(jx_object_set_null(object, field.property), JX_OK);
+      EXPECT_EQ(jx_object_list_clear(object, field.property), JX_OK);
       EXPECT_EQ(jx_object_add_item(object, field.property, item), JX_OK);
       return jx_object_add_item(object, field.property, item);
     case JX_KIND_PRODUCT:

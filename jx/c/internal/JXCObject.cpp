@@ -2,152 +2,109 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/c/internal/JXCObject.h"
 
-#include <type_traits>
+#include <algorithm>
 #include <utility>
 
 #include "jx/events/JXEventClass.h"
+#include "jx/events/JXFieldValue.h"
 
 namespace jx::c {
-namespace {
 
-constexpr std::string_view kParameters = "parameters";
-
-const JXFieldInfo* fieldIn(const JXFieldTable* table, std::string_view property) {
-  if (table == nullptr) return nullptr;
-  const std::size_t field = table->findProperty(property);
-  return field != JXFieldTable::npos ? &table->fields()[field] : nullptr;
+JXCObject::JXCObject(const JXEventClass& type, std::shared_ptr<JXEvent> event)
+    : object_(std::move(event)) {
+  for (const JXEventClass* part = &type; part != nullptr; part = part->base) {
+    classes_.push_back(part->className);
+    tables_.push_back(part->written);
+    if (part->unwritten != nullptr) tables_.push_back(part->unwritten);
+  }
 }
 
-}  // namespace
+JXCObject::JXCObject(std::shared_ptr<JXItem> item)
+    : object_(std::move(item)), classes_{"JXItem"}, tables_{&JXItem::fields()} {}
 
-JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
-    : type_(type), event_(std::move(event)) {}
+JXCObject::JXCObject(std::shared_ptr<JXProduct> product)
+    : object_(std::move(product)), classes_{"JXProduct"}, tables_{&JXProduct::fields()} {}
 
-// The names are NUL-terminated constants.
-const char* JXCEvent::className() const { return type_.className.data(); }
-
-const JXFieldInfo* JXCEvent::fieldOf(std::string_view property) const {
-  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
-    for (const JXFieldTable* table : {type->written, type->unwritten}) {
-      if (const JXFieldInfo* const field = fieldIn(table, property)) return field;
-    }
-  }
-  return nullptr;
+bool JXCObject::isOf(std::string_view className) const {
+  return std::find(classes_.begin(), classes_.end(), className) != classes_.end();
 }
 
-bool JXCEvent::isOf(std::string_view className) const {
-  for (const JXEventClass* type = &type_; type != nullptr; type = type->base) {
-    if (type->className == className) return true;
+JXCObject::Field JXCObject::fieldOf(std::string_view property) const {
+  for (const JXFieldTable* table : tables_) {
+    const std::size_t field = table->findProperty(property);
+    if (field != JXFieldTable::npos) return {table, field};
   }
-  return false;
+  return {nullptr, 0};
 }
 
-std::string JXCEvent::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  std::string error = type_.setProperty(*event_, field.property, value);
-  if (error.empty() && field.kind == JXFieldKind::Items) {
-    lists_.set(field.property, value.array());  // null removes the list
-  }
+std::string JXCObject::set(const Field& field, const JXJsonValue& value) {
+  std::string error = field.table->set(base(), field.index, value);
+  if (error.empty()) lists_.remove(field.info().property);
   return error;
 }
 
-Result JXCEvent::addItem(const JXFieldInfo& field, const JXCObject& item) {
-  JXJsonArray list = lists_.get(field.property).array();
-  if (!list.isPresent()) {
-    list = JXJsonArray();
-    lists_.set(field.property, list);
+JXJsonValue JXCObject::get(const Field& field) {
+  applyLists();
+  return field.table->get(base(), field.index);
+}
+
+JXJsonArray JXCObject::list(const Field& field) {
+  const std::string_view property = field.info().property;
+  if (!lists_.contains(property)) lists_.set(property, get(field));
+  return lists_.get(property).array();
+}
+
+void JXCObject::addParameter(std::string_view key, const JXJsonValue& value) {
+  JXJsonObject entries;
+  entries.set(key, value);
+  base().addAdditionalProperty(entries);
+}
+
+Result JXCObject::verify() {
+  applyLists();
+  if (const auto* const event = std::get_if<std::shared_ptr<JXEvent>>(&object_)) {
+    const JXString failed = (*event)->firstFailedCondition();
+    if (failed.isPresent()) return {JX_ERROR_INCOMPLETE, failed.toStdString()};
+  } else if (const auto* const item = std::get_if<std::shared_ptr<JXItem>>(&object_)) {
+    if (!(*item)->verifyItem()) {
+      return {JX_ERROR_INCOMPLETE, "ID and quantity must be set, and product must be valid"};
+    }
+  } else if (!std::get<std::shared_ptr<JXProduct>>(object_)->verifyProduct()) {
+    return {JX_ERROR_INCOMPLETE, "ID, name and price must be set"};
   }
-  list.append(item.values());
-  listsChanged_ = true;
   return JX_OK;
 }
 
-void JXCEvent::addParameter(std::string_view key, const JXJsonValue& value) {
-  JXJsonObject entries;
-  entries.set(key, value);
-  event_->addAdditionalParameter(entries);
-}
-
-void JXCEvent::applyLists() {
-  if (!listsChanged_) return;
-  for (const JXJsonEntry& list : lists_.entries())
-    type_.setProperty(*event_, list.key.view(), list.value);
-  listsChanged_ = false;
-}
-
-Result JXCEvent::verify() {
+JXJsonObject JXCObject::json() {
   applyLists();
-  const JXString failed = event_->firstFailedCondition();
-  if (!failed.isPresent()) return JX_OK;
-  return {JX_ERROR_INCOMPLETE, failed.toStdString()};
+  return std::visit([](const auto& object) { return object->getJsonObject(); }, object_);
 }
 
-JXJsonObject JXCEvent::json() {
+std::shared_ptr<JXEvent> JXCObject::event() {
   applyLists();
-  return event_->getJsonObject();
+  const auto* const event = std::get_if<std::shared_ptr<JXEvent>>(&object_);
+  return event != nullptr ? *event : nullptr;
 }
 
-std::shared_ptr<JXEvent> JXCEvent::event() {
+JXJsonValue JXCObject::values() {
   applyLists();
-  return event_;
-}
-
-template <typename Block>
-const char* JXCBlock<Block>::className() const {
-  return std::is_same_v<Block, JXItem> ? "JXItem" : "JXProduct";
-}
-
-template <typename Block>
-const JXFieldInfo* JXCBlock<Block>::fieldOf(std::string_view property) const {
-  return fieldIn(&Block::fields(), property);
-}
-
-template <typename Block>
-bool JXCBlock<Block>::isOf(std::string_view name) const {
-  return name == className();
-}
-
-template <typename Block>
-std::string JXCBlock<Block>::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  const JXFieldTable& table = Block::fields();
-  std::string error = table.set(*block_, table.findProperty(field.property), value);
-  // A removed value is kept as JSON null, so that it is removed from a copy too.
-  if (error.empty()) {
-    values_.set(field.property, value.isPresent() ? value : JXJsonValue::null());
+  if (const auto* const item = std::get_if<std::shared_ptr<JXItem>>(&object_)) {
+    return fieldvalue::toJson(**item);
   }
-  return error;
+  const auto* const product = std::get_if<std::shared_ptr<JXProduct>>(&object_);
+  return product != nullptr ? fieldvalue::toJson(*product) : JXJsonValue();
 }
 
-template <typename Block>
-Result JXCBlock<Block>::addItem(const JXFieldInfo&, const JXCObject&) {
-  return {JX_ERROR_WRONG_TYPE, std::string(className()) + " has no list of items"};
+JXAdditionalProperties& JXCObject::base() {
+  return std::visit([](const auto& object) -> JXAdditionalProperties& { return *object; }, object_);
 }
 
-template <typename Block>
-void JXCBlock<Block>::addParameter(std::string_view key, const JXJsonValue& value) {
-  JXJsonObject entries;
-  entries.set(key, value);
-  block_->addAdditionalProperty(entries);
-  JXJsonObject all = values_.get(kParameters).object().mutableCopy();
-  if (!all.isPresent()) all = JXJsonObject();
-  all.set(key, value);
-  values_.set(kParameters, all);
-}
-
-template <typename Block>
-Result JXCBlock<Block>::verify() {
-  bool isValid = false;
-  if constexpr (std::is_same_v<Block, JXItem>) {
-    isValid = block_->verifyItem();
-  } else {
-    isValid = block_->verifyProduct();
+void JXCObject::applyLists() {
+  for (const JXJsonEntry& list : lists_.entries()) {
+    const Field field = fieldOf(list.key.view());
+    field.table->set(base(), field.index, list.value);
   }
-  if (isValid) return JX_OK;
-  return {JX_ERROR_INCOMPLETE, std::is_same_v<Block, JXItem>
-                                   ? "ID and quantity must be set, and product must be valid"
-                                   : "ID, name and price must be set"};
+  lists_.clear();
 }
-
-template class JXCBlock<JXItem>;
-template class JXCBlock<JXProduct>;
 
 }  // namespace jx::c

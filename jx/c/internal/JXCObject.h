@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 #include "jx/c/internal/JXCall.h"
 #include "jx/core/json/JXJsonValue.h"
@@ -14,81 +16,56 @@
 
 namespace jx::c {
 
-/// The object that a `jx_object` handle refers to. Fields are defined by the field tables of the
-/// classes, so a new class or field needs no change here. Belongs to one thread at a time.
+/// The object that a `jx_object` handle refers to: an event, an item or a product. Fields are
+/// defined by the field tables of the classes, so a new class or field needs no change here.
+/// Belongs to one thread at a time.
 class JXCObject {
  public:
-  JXCObject() = default;
-  virtual ~JXCObject() = default;
-  JXCObject(const JXCObject&) = delete;
-  JXCObject& operator=(const JXCObject&) = delete;
+  /// A field of the object: its table and its position there.
+  struct Field {
+    const JXFieldTable* table;  ///< null: the class has no such field
+    std::size_t index;
 
-  virtual const char* className() const = 0;
-  /// Returns the field of this property, including those of the bases; null if there is none.
-  virtual const JXFieldInfo* fieldOf(std::string_view property) const = 0;
+    const JXFieldInfo& info() const { return table->fields()[index]; }
+  };
+
+  JXCObject(const JXEventClass& type, std::shared_ptr<JXEvent> event);
+  explicit JXCObject(std::shared_ptr<JXItem> item);
+  explicit JXCObject(std::shared_ptr<JXProduct> product);
+
+  /// Returns the name of the class, NUL-terminated.
+  const char* className() const { return classes_.front().data(); }
   /// Returns true if the object is of this class or of a class derived from it.
-  virtual bool isOf(std::string_view className) const = 0;
+  bool isOf(std::string_view className) const;
+  /// Returns the field of this property, including those of the bases.
+  Field fieldOf(std::string_view property) const;
+
   /// Sets a field. Returns an error message, which is empty on success.
-  virtual std::string set(const JXFieldInfo& field, const JXJsonValue& value) = 0;
-  virtual Result addItem(const JXFieldInfo& field, const JXCObject& item) = 0;
-  virtual void addParameter(std::string_view key, const JXJsonValue& value) = 0;
-  virtual Result verify() = 0;
-  virtual JXJsonObject json() = 0;
+  std::string set(const Field& field, const JXJsonValue& value);
+  JXJsonValue get(const Field& field);
+  /// Returns the elements of a list field, which the caller may change until the next call of
+  /// `set`; a null handle if the field is null.
+  JXJsonArray list(const Field& field);
+
+  void addParameter(std::string_view key, const JXJsonValue& value);
+  Result verify();
+  JXJsonObject json();
   /// Returns the event; null for an item or a product.
-  virtual std::shared_ptr<JXEvent> event() { return nullptr; }
-  /// Returns a copy of the properties of an item or a product; null for an event.
-  virtual JXJsonObject values() const { return nullptr; }
-};
-
-class JXCEvent final : public JXCObject {
- public:
-  JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event);
-
-  const char* className() const override;
-  const JXFieldInfo* fieldOf(std::string_view property) const override;
-  bool isOf(std::string_view className) const override;
-  std::string set(const JXFieldInfo& field, const JXJsonValue& value) override;
-  Result addItem(const JXFieldInfo& field, const JXCObject& item) override;
-  void addParameter(std::string_view key, const JXJsonValue& value) override;
-  Result verify() override;
-  JXJsonObject json() override;
-  std::shared_ptr<JXEvent> event() override;
+  std::shared_ptr<JXEvent> event();
+  /// Returns a copy of an item or a product, by properties; absent for an event.
+  JXJsonValue values();
 
  private:
+  JXAdditionalProperties& base();
   void applyLists();
 
-  const JXEventClass& type_;
-  std::shared_ptr<JXEvent> event_;
-  // The lists of items by property, set on the event only when it is read: the tables set a list as
-  // a whole, and adding a hundred items should not set a hundred lists.
+  std::variant<std::shared_ptr<JXEvent>, std::shared_ptr<JXItem>, std::shared_ptr<JXProduct>>
+      object_;
+  std::vector<std::string_view> classes_;    // the class, then its bases
+  std::vector<const JXFieldTable*> tables_;  // of these classes
+  // The lists that the caller may have changed, by property. The tables set a list as a whole, and
+  // adding a hundred items should not set a hundred lists, so they are set when the object is read.
   JXJsonObject lists_;
-  bool listsChanged_ = false;
 };
-
-/// An item or a product.
-template <typename Block>
-class JXCBlock final : public JXCObject {
- public:
-  JXCBlock() : block_(Block::init()) {}
-
-  const char* className() const override;
-  const JXFieldInfo* fieldOf(std::string_view property) const override;
-  bool isOf(std::string_view className) const override;
-  std::string set(const JXFieldInfo& field, const JXJsonValue& value) override;
-  Result addItem(const JXFieldInfo& field, const JXCObject& item) override;
-  void addParameter(std::string_view key, const JXJsonValue& value) override;
-  Result verify() override;
-  JXJsonObject json() override { return block_->getJsonObject(); }
-  JXJsonObject values() const override { return values_.mutableCopy(); }
-
- private:
-  std::shared_ptr<Block> block_;
-  // The same values by property, from which copies are made. Nested values are replaced and never
-  // modified, so a shallow copy is sufficient.
-  JXJsonObject values_;
-};
-
-extern template class JXCBlock<JXItem>;
-extern template class JXCBlock<JXProduct>;
 
 }  // namespace jx::c

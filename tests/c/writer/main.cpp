@@ -85,7 +85,7 @@ void printSetters(const CClass& type, const JXFieldTable* table) {
           "  expect(" + setter->name + "(object, " + argumentsOf(type, field, *setter) + "));\n";
       if (field.kind == JXFieldKind::Items) {
         // Appends two items; the base class may have appended others before.
-        std::cout << "  expect(jx_object_set_null(object, " << type.name << "_" << field.property
+        std::cout << "  expect(jx_object_list_clear(object, " << type.name << "_" << field.property
                   << "));\n"
                   << call;
       }

@@ -1,0 +1,215 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// The functions of jx_object.h that read fields and change lists.
+#include "jx/c/internal/JXCField.h"
+
+namespace {
+
+using jx::JXFieldKind;
+using jx::JXJsonArray;
+using jx::JXJsonValue;
+using jx::c::JXCObject;
+using jx::c::onField;
+using jx::c::Result;
+using Field = JXCObject::Field;
+using Kinds = std::initializer_list<JXFieldKind>;
+
+constexpr Kinds kLists = {JXFieldKind::Strings, JXFieldKind::NumberedStrings, JXFieldKind::Values,
+                          JXFieldKind::Items};
+constexpr Kinds kStringLists = {JXFieldKind::Strings, JXFieldKind::NumberedStrings,
+                                JXFieldKind::Values};
+
+// Passes the value of a field to `use`, unless it is null.
+template <typename Use>
+jx_status getValue(const char* operation, const jx_object* object, const char* name, Kinds kinds,
+                   const Use& use) {
+  return onField(operation, object, name, kinds,
+                 [&](JXCObject& found, const Field& field) -> Result {
+                   const JXJsonValue value = found.get(field);
+                   return value.isPresent() ? use(value, field) : JX_ERROR_NOT_SET;
+                 });
+}
+
+// Passes the elements of a list field to `use`, unless it is null.
+template <typename Use>
+jx_status onList(const char* operation, const jx_object* object, const char* name, Kinds kinds,
+                 const Use& use) {
+  return onField(operation, object, name, kinds,
+                 [&](JXCObject& found, const Field& field) -> Result {
+                   JXJsonArray list = found.list(field);
+                   return list.isPresent() ? use(list, field) : JX_ERROR_NOT_SET;
+                 });
+}
+
+Result outOfRange(const char* field, size_t index) {
+  return {JX_ERROR_OUT_OF_RANGE,
+          std::string(field) + " has no element at index " + std::to_string(index)};
+}
+
+// Passes an element of a list field to `use`.
+template <typename Use>
+jx_status onElement(const char* operation, const jx_object* object, const char* name, Kinds kinds,
+                    size_t index, const Use& use) {
+  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const Field&) -> Result {
+    const JXJsonValue element = list.at(index);
+    return element.isPresent() ? use(element) : outOfRange(name, index);
+  });
+}
+
+// `create` reads the element; an absent one is not inserted.
+template <typename Create>
+jx_status insert(const char* operation, jx_object* object, const char* name, Kinds kinds,
+                 size_t index, const Create& create) {
+  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const Field& field) {
+    JXJsonValue element;
+    Result result = create(element, field);
+    if (result.status == JX_OK) list.insert(index, element);
+    return result;
+  });
+}
+
+jx_status insertItem(const char* operation, jx_object* object, const char* name, size_t index,
+                     const jx_object* item) {
+  return insert(operation, object, name, {JXFieldKind::Items}, index,
+                [&](JXJsonValue& element, const Field&) {
+                  return jx::c::copyOf(item, "JXItem", "item", element);
+                });
+}
+
+}  // namespace
+
+jx_status jx_object_get_string(const jx_object* object, const char* field, char* buffer,
+                               size_t capacity, size_t* length) {
+  return getValue(__func__, object, field, {JXFieldKind::String},
+                  [&](const JXJsonValue& value, const Field&) {
+                    return jx::c::copyOut(value.string().toStdString(), buffer, capacity, length);
+                  });
+}
+
+jx_status jx_object_get_number(const jx_object* object, const char* field, char* buffer,
+                               size_t capacity, size_t* length) {
+  return getValue(
+      __func__, object, field, {JXFieldKind::Number}, [&](const JXJsonValue& value, const Field&) {
+        return jx::c::copyOut(value.numberString().toStdString(), buffer, capacity, length);
+      });
+}
+
+jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool* value) {
+  return getValue(__func__, object, field, {JXFieldKind::Boolean},
+                  [&](const JXJsonValue& read, const Field&) -> Result {
+                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
+                    *value = read.boolValue();
+                    return JX_OK;
+                  });
+}
+
+jx_status jx_object_get_enum(const jx_object* object, const char* field, uint32_t* value) {
+  return getValue(__func__, object, field, {JXFieldKind::Enumeration},
+                  [&](const JXJsonValue& read, const Field& info) -> Result {
+                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
+                    const jx::JXEnumStrings& strings = info.info().enumStrings;
+                    for (*value = 0; read.string().view() != strings.enumerators[*value];)
+                      ++*value;
+                    return JX_OK;
+                  });
+}
+
+jx_status jx_object_get_json(const jx_object* object, const char* field, char* buffer,
+                             size_t capacity, size_t* length) {
+  return getValue(__func__, object, field, {}, [&](const JXJsonValue& value, const Field&) {
+    return jx::c::copyOut(jx::c::jsonText(value), buffer, capacity, length);
+  });
+}
+
+jx_status jx_object_list_count(const jx_object* object, const char* field, size_t* count) {
+  if (count != nullptr) *count = 0;
+  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, const Field&) -> Result {
+    if (count == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    *count = list.size();
+    return JX_OK;
+  });
+}
+
+jx_status jx_object_list_get_string(const jx_object* object, const char* field, size_t index,
+                                    char* buffer, size_t capacity, size_t* length) {
+  return onElement(
+      __func__, object, field, kStringLists, index, [&](const JXJsonValue& element) -> Result {
+        if (element.kind() == JXJsonValue::Kind::Null) return JX_ERROR_NOT_SET;
+        const jx::JXString string = element.string();
+        if (!string.isPresent()) {
+          return {JX_ERROR_WRONG_TYPE,
+                  "element " + std::to_string(index) + " of " + field + " is not a string"};
+        }
+        return jx::c::copyOut(string.toStdString(), buffer, capacity, length);
+      });
+}
+
+jx_status jx_object_list_get_json(const jx_object* object, const char* field, size_t index,
+                                  char* buffer, size_t capacity, size_t* length) {
+  return onElement(__func__, object, field, kLists, index, [&](const JXJsonValue& element) {
+    return jx::c::copyOut(jx::c::jsonText(element), buffer, capacity, length);
+  });
+}
+
+jx_status jx_object_list_insert_string(jx_object* object, const char* field, size_t index,
+                                       const char* value) {
+  return insert(__func__, object, field, kStringLists, index,
+                [&](JXJsonValue& element, const Field& info) {
+                  const bool isAnyValue = info.info().kind == JXFieldKind::Values;
+                  element = value != nullptr || isAnyValue ? value : JXJsonValue::null();
+                  return Result(JX_OK);
+                });
+}
+
+jx_status jx_object_list_insert_number(jx_object* object, const char* field, size_t index,
+                                       const char* value) {
+  return insert(__func__, object, field, {JXFieldKind::Values}, index,
+                [&](JXJsonValue& element, const Field&) -> Result {
+                  if (value == nullptr) return JX_OK;
+                  element = JXJsonValue::numberFromString(value);
+                  return element.isPresent() ? JX_OK : jx::c::notANumber(field);
+                });
+}
+
+jx_status jx_object_list_insert_boolean(jx_object* object, const char* field, size_t index,
+                                        bool value) {
+  return insert(__func__, object, field, {JXFieldKind::Values}, index,
+                [&](JXJsonValue& element, const Field&) {
+                  element = value;
+                  return Result(JX_OK);
+                });
+}
+
+jx_status jx_object_list_insert_null(jx_object* object, const char* field, size_t index) {
+  return insert(__func__, object, field, kLists, index, [](JXJsonValue& element, const Field&) {
+    element = JXJsonValue::null();
+    return Result(JX_OK);
+  });
+}
+
+jx_status jx_object_list_insert_json(jx_object* object, const char* field, size_t index,
+                                     const char* json) {
+  return insert(__func__, object, field, {JXFieldKind::Values}, index,
+                [&](JXJsonValue& element, const Field&) { return jx::c::readJson(json, element); });
+}
+
+jx_status jx_object_list_insert_item(jx_object* object, const char* field, size_t index,
+                                     const jx_object* item) {
+  return insertItem(__func__, object, field, index, item);
+}
+
+jx_status jx_object_add_item(jx_object* object, const char* field, const jx_object* item) {
+  return insertItem(__func__, object, field, JX_LIST_END, item);
+}
+
+jx_status jx_object_list_remove(jx_object* object, const char* field, size_t index) {
+  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, const Field&) -> Result {
+    return list.removeAt(index).isPresent() ? JX_OK : outOfRange(field, index);
+  });
+}
+
+jx_status jx_object_list_clear(jx_object* object, const char* field) {
+  return onField(__func__, object, field, kLists, [&](JXCObject& found, const Field& info) {
+    return jx::c::set(found, field, info, JXJsonArray());
+  });
+}
