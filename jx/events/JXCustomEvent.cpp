@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #include "jx/events/JXCustomEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -19,10 +20,14 @@ const JXEventClass& JXCustomEvent::eventClass() {
       &JXEvent::eventClass(),
       {},
       &fields,
-      {nonEmptyString(JXE_EVENT)},
-      JXEventFactory::of<JXCustomEvent>([](int, const JXString& name) -> std::shared_ptr<JXEvent> {
-        return initWithName(name);
-      })};
+      {
+          nonEmptyString(JXE_EVENT),
+      },
+      JXEventFactory::of<JXCustomEvent>(
+          [](int, const JXString& argument) -> std::shared_ptr<JXEvent> {
+            return initWithName(argument);
+          }),
+  };
   return type;
 }
 

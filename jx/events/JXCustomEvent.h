@@ -1,11 +1,13 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #pragma once
 
 #include <memory>
 
 #include "jx/events/JXEvent.h"
 #include "jx/platform/JXApi.h"
+#include "jx/platform/JXString.h"
 
 namespace jx {
 

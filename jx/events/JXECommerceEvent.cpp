@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #include "jx/events/JXECommerceEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -11,19 +12,21 @@ std::shared_ptr<JXECommerceEvent> JXECommerceEvent::init() {
 }
 
 const JXEventClass& JXECommerceEvent::eventClass() {
-  static const auto& written = *new JXFields<JXECommerceEvent>{};
+  static const auto& fields = *new JXFields<JXECommerceEvent>{};
   static const auto& unwritten = *new JXFields<JXECommerceEvent>{
       {JXE_CURRENCY, "currency", &JXECommerceEvent::currency_},
       {JXE_ITEMS, "items", &JXECommerceEvent::items_},
   };
-  static const auto& type = *new JXEventClass{"JXECommerceEvent",
-                                              &JXEvent::eventClass(),
-                                              {},
-                                              &written,
-                                              {},
-                                              createByInit<JXECommerceEvent>,
-                                              {},
-                                              &unwritten};
+  static const auto& type = *new JXEventClass{
+      "JXECommerceEvent",
+      &JXEvent::eventClass(),
+      {},
+      &fields,
+      {},
+      createByInit<JXECommerceEvent>,
+      {},
+      &unwritten,
+  };
   return type;
 }
 

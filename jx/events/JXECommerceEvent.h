@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #pragma once
 
 #include <memory>
@@ -8,6 +9,7 @@
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
 #include "jx/platform/JXApi.h"
+#include "jx/platform/JXString.h"
 
 namespace jx {
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue by scripts/catalogue. Do not edit.
 #pragma once
 
 #include "jx/events/JXCustomEvent.h"
@@ -31,8 +32,7 @@
 
 namespace jx {
 
-/// All event classes, base classes first, in the order of docs/events.md. This is the only place to
-/// register a new class: its header above, its name below.
+/// All event classes, base classes first, in the order of docs/events.md.
 inline constexpr const JXEventClass& (*kJXEventClasses[])() = {
     JXEvent::eventClass,
     JXECommerceEvent::eventClass,

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #include "jx/events/JXItem.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -15,9 +16,9 @@ std::shared_ptr<JXItem> JXItem::init() {
 
 std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
     const JXString& itemId, const std::shared_ptr<JXProduct>& product, std::int32_t quantity) {
-  std::shared_ptr<JXItem> item(new JXItem());
-  item->setProduct(product);
+  std::shared_ptr<JXItem> item = init();
   item->setID(itemId);
+  item->setProduct(product);
   item->setQuantity(quantity);
   return item;
 }
@@ -46,7 +47,10 @@ const JXFieldTable& JXItem::fields() {
 
 const std::vector<JXCondition>& JXItem::conditions() {
   static const auto& list = *new std::vector<JXCondition>{
-      nonEmptyString(JX_ID), present(JXI_PRODUCT), present(JXI_QUANTITY)};
+      nonEmptyString(JX_ID),
+      present(JXI_PRODUCT),
+      present(JXI_QUANTITY),
+  };
   return list;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #include "jx/events/JXProduct.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -40,7 +41,10 @@ const JXFieldTable& JXProduct::fields() {
 
 const std::vector<JXCondition>& JXProduct::conditions() {
   static const auto& list = *new std::vector<JXCondition>{
-      nonEmptyString(JX_ID), nonEmptyString(JXP_NAME), present(JXP_PRICE)};
+      nonEmptyString(JX_ID),
+      nonEmptyString(JXP_NAME),
+      present(JXP_PRICE),
+  };
   return list;
 }
 

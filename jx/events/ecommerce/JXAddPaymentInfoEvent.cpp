@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
 #include "jx/events/ecommerce/JXAddPaymentInfoEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -33,12 +34,16 @@ const JXEventClass& JXAddPaymentInfoEvent::eventClass() {
       {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
       {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_, kDuplicateField},
   };
-  static const auto& type = *new JXEventClass{"JXAddPaymentInfoEvent",
-                                              &JXECommerceEvent::eventClass(),
-                                              {kName},
-                                              &fields,
-                                              {nonEmptyString(JXE_PAYMENTMETHOD)},
-                                              createByInit<JXAddPaymentInfoEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXAddPaymentInfoEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyString(JXE_PAYMENTMETHOD),
+      },
+      createByInit<JXAddPaymentInfoEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
 #include "jx/events/ecommerce/JXAddToWishlistEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -31,8 +32,15 @@ const JXEventClass& JXAddToWishlistEvent::eventClass() {
       {JXE_ITEMS, "items", &JXAddToWishlistEvent::items_},
   };
   static const auto& type = *new JXEventClass{
-      "JXAddToWishlistEvent",    &JXECommerceEvent::eventClass(),   {kName}, &fields,
-      {nonEmptyList(JXE_ITEMS)}, createByInit<JXAddToWishlistEvent>};
+      "JXAddToWishlistEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyList(JXE_ITEMS),
+      },
+      createByInit<JXAddToWishlistEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
 #include "jx/events/ecommerce/JXRefundEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -35,8 +36,12 @@ JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(
     const JXString& ID, const std::optional<JXDecimal>& revenue,
     const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXRefundEvent> event =
-      initWithID_withRevenue_withValue_withCurrency_withType(ID, revenue, value, currency, type);
+  std::shared_ptr<JXRefundEvent> event = init();
+  event->setID(ID);
+  event->setRevenue(revenue);
+  event->setValue(value);
+  event->setCurrency(currency);
+  event->setType(type);
   event->items_.appendAll(items);
   return event;
 }
@@ -55,8 +60,15 @@ const JXEventClass& JXRefundEvent::eventClass() {
       {JXE_ITEMS, "items", &JXRefundEvent::items_},
   };
   static const auto& type = *new JXEventClass{
-      "JXRefundEvent", &JXECommerceEvent::eventClass(), {kName},
-      &fields,         {nonEmptyList(JXE_ITEMS)},       createByInit<JXRefundEvent>};
+      "JXRefundEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyList(JXE_ITEMS),
+      },
+      createByInit<JXRefundEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
 #include "jx/events/ecommerce/JXRemoveFromCartEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -31,8 +32,15 @@ const JXEventClass& JXRemoveFromCartEvent::eventClass() {
       {JXE_ITEMS, "items", &JXRemoveFromCartEvent::items_},
   };
   static const auto& type = *new JXEventClass{
-      "JXRemoveFromCartEvent",   &JXECommerceEvent::eventClass(),    {kName}, &fields,
-      {nonEmptyList(JXE_ITEMS)}, createByInit<JXRemoveFromCartEvent>};
+      "JXRemoveFromCartEvent",
+      &JXECommerceEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyList(JXE_ITEMS),
+      },
+      createByInit<JXRemoveFromCartEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
 #include "jx/events/ecommerce/JXViewItem.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"

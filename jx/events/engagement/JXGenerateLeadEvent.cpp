@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXGenerateLeadEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -31,12 +32,16 @@ const JXEventClass& JXGenerateLeadEvent::eventClass() {
       {JXE_VALUE, "value", &JXGenerateLeadEvent::value_},
       {JX_ID, "ID", &JXGenerateLeadEvent::ID_},
   };
-  static const auto& type = *new JXEventClass{"JXGenerateLeadEvent",
-                                              &JXEvent::eventClass(),
-                                              {kName},
-                                              &fields,
-                                              {together(JXE_VALUE, JXE_CURRENCY)},
-                                              createByInit<JXGenerateLeadEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXGenerateLeadEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          together(JXE_VALUE, JXE_CURRENCY),
+      },
+      createByInit<JXGenerateLeadEvent>,
+  };
   return type;
 }
 

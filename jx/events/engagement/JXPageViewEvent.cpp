@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXPageViewEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -29,8 +30,15 @@ const JXEventClass& JXPageViewEvent::eventClass() {
       {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_, kDuplicateField},
   };
   static const auto& type = *new JXEventClass{
-      "JXPageViewEvent", &JXEvent::eventClass(),         {kName},
-      &fields,           {nonEmptyString(JXE_PAGETYPE)}, createByInit<JXPageViewEvent>};
+      "JXPageViewEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyString(JXE_PAGETYPE),
+      },
+      createByInit<JXPageViewEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXSearchEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -28,8 +29,15 @@ const JXEventClass& JXSearchEvent::eventClass() {
       {JXE_SEARCHTERM, "searchTerm", &JXSearchEvent::searchTerm_},
   };
   static const auto& type = *new JXEventClass{
-      "JXSearchEvent", &JXEvent::eventClass(),           {kName},
-      &fields,         {nonEmptyString(JXE_SEARCHTERM)}, createByInit<JXSearchEvent>};
+      "JXSearchEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyString(JXE_SEARCHTERM),
+      },
+      createByInit<JXSearchEvent>,
+  };
   return type;
 }
 

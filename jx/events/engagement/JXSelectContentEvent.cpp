@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXSelectContentEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -22,12 +23,14 @@ const JXEventClass& JXSelectContentEvent::eventClass() {
       {JXE_CONTENTTYPE, "contentType", &JXSelectContentEvent::contentType_},
       {JXE_ITEMID, "itemID", &JXSelectContentEvent::itemID_},
   };
-  static const auto& type = *new JXEventClass{"JXSelectContentEvent",
-                                              &JXEvent::eventClass(),
-                                              {kName},
-                                              &fields,
-                                              {},
-                                              createByInit<JXSelectContentEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXSelectContentEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {},
+      createByInit<JXSelectContentEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXSelectItemEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -29,9 +30,16 @@ const JXEventClass& JXSelectItemEvent::eventClass() {
       {JXE_ITEMLISTNAME, "itemListName", &JXSelectItemEvent::itemListName_},
       {JXE_ITEMS, "items", &JXSelectItemEvent::items_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXSelectItemEvent",       &JXEvent::eventClass(),         {kName}, &fields,
-                        {nonEmptyList(JXE_ITEMS)}, createByInit<JXSelectItemEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXSelectItemEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyList(JXE_ITEMS),
+      },
+      createByInit<JXSelectItemEvent>,
+  };
   return type;
 }
 

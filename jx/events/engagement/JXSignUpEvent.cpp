@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXSignUpEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -22,7 +23,8 @@ const JXEventClass& JXSignUpEvent::eventClass() {
       {JXE_METHOD, "method", &JXSignUpEvent::method_},
   };
   static const auto& type = *new JXEventClass{
-      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXSignUpEvent>};
+      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXSignUpEvent>,
+  };
   return type;
 }
 

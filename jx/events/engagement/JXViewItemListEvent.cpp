@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/engagement.toml by scripts/catalogue. Do not edit.
 #include "jx/events/engagement/JXViewItemListEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -30,8 +31,15 @@ const JXEventClass& JXViewItemListEvent::eventClass() {
       {JXE_ITEMS, "items", &JXViewItemListEvent::items_},
   };
   static const auto& type = *new JXEventClass{
-      "JXViewItemListEvent",     &JXEvent::eventClass(),           {kName}, &fields,
-      {nonEmptyList(JXE_ITEMS)}, createByInit<JXViewItemListEvent>};
+      "JXViewItemListEvent",
+      &JXEvent::eventClass(),
+      {kName},
+      &fields,
+      {
+          nonEmptyList(JXE_ITEMS),
+      },
+      createByInit<JXViewItemListEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/video.toml by scripts/catalogue. Do not edit.
 #include "jx/events/video/JXVideoAdEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -7,9 +8,7 @@
 namespace jx {
 namespace {
 
-constexpr JXEnumStrings kModes(EJXVideoAdMode_toString, EJXVideoAdMode_members);
-constexpr JXEnumStrings kAdTypes(EJXAdType_toString, EJXAdType_members);
-constexpr JXEnumStrings kAdLoadTypes(EJXAdLoadType_toString, EJXAdLoadType_members);
+constexpr auto kModes = JXEnumStrings(EJXVideoAdMode_toString, EJXVideoAdMode_members);
 
 }  // namespace
 
@@ -28,9 +27,12 @@ const JXEventClass& JXVideoAdEvent::eventClass() {
       {JXV_POD_POSITION, "podPosition", &JXVideoAdEvent::podPosition_},
       {JXV_POD_LENGTH, "podLength", &JXVideoAdEvent::podLength_},
       {JXV_AD_QUARTILE, "adQuartile", &JXVideoAdEvent::adQuartile_},
-      {JXV_AD_TYPE, "adType", JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::adType_, kAdTypes}},
+      {JXV_AD_TYPE, "adType",
+       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::adType_,
+                                   JXEnumStrings(EJXAdType_toString, EJXAdType_members)}},
       {JXV_LOAD_TYPE, "loadType",
-       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::loadType_, kAdLoadTypes}},
+       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::loadType_,
+                                   JXEnumStrings(EJXAdLoadType_toString, EJXAdLoadType_members)}},
   };
   static const auto& type = *new JXEventClass{
       "JXVideoAdEvent",

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/base.toml by scripts/catalogue. Do not edit.
 #include "jx/events/video/JXVideoEvent.h"
 
 #include <string>
@@ -30,9 +31,16 @@ const JXEventClass& JXVideoEvent::eventClass() {
       {JXV_VIDEO_TITLE, "videoTitle", &JXVideoEvent::videoTitle_},
       {JXV_PUBLISHER, "publisher", &JXVideoEvent::publisher_},
   };
-  static const auto& type =
-      *new JXEventClass{"JXVideoEvent", &JXEvent::eventClass(), {},
-                        &fields,        {neverValid()},         createByInit<JXVideoEvent>};
+  static const auto& type = *new JXEventClass{
+      "JXVideoEvent",
+      &JXEvent::eventClass(),
+      {},
+      &fields,
+      {
+          neverValid(),
+      },
+      createByInit<JXVideoEvent>,
+  };
   return type;
 }
 

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/video.toml by scripts/catalogue. Do not edit.
 #pragma once
 
 #include <memory>

@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/video.toml by scripts/catalogue. Do not edit.
 #include "jx/events/video/JXVideoSettingEvent.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
@@ -7,7 +8,7 @@
 namespace jx {
 namespace {
 
-constexpr JXEnumStrings kModes(EJXVideoSettingMode_toString, EJXVideoSettingMode_members);
+constexpr auto kModes = JXEnumStrings(EJXVideoSettingMode_toString, EJXVideoSettingMode_members);
 
 }  // namespace
 

@@ -1,0 +1,316 @@
+# Copyright 2026 The JXServerSide authors
+# SPDX-License-Identifier: Apache-2.0
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SCRIPT = ROOT / "scripts/catalogue"
+sys.path.insert(0, str(ROOT / "tools/catalogue"))
+import model  # noqa: E402
+
+CORE = 'inline constexpr std::string_view JXD_MODEL =\n    "model";\n'
+KEYS = """
+declared_in = "jx/core/JXCoreConstants.h"
+[[groups]]
+title = "Keys"
+[groups.keys]
+JXE_EVENT = "event_name"
+JXE_STARS = "stars"
+"""
+BASE = """
+[JXEvent]
+comment = "Base of all events."
+final = false
+by_hand = true
+[JXEvent.fields]
+name = { key = "JXE_EVENT", type = "string", comment = "The name." }
+"""
+RATE = """
+folder = "engagement"
+[JXRateEvent]
+comment = '''
+The viewer rated
+the page.'''
+base = "JXEvent"
+event_name = "rate"
+written = ["stars", "name", "note"]
+conditions = [{ present = "stars" }, { together = ["stars", "note"] }]
+[JXRateEvent.fields]
+note = { key = "note", type = "string", comment = "A note." }
+stars = { key = "JXE_STARS", type = "number", comment = "The stars." }
+[[JXRateEvent.initialisers]]
+name = "initWithStars_withText"
+comment = "Creates an event."
+arguments = ["stars", { name = "text", sets = "note" }]
+"""
+MODES = """
+[enumerations.EJXMode]
+header = "jx/events/JXModes.h"
+comment = "The modes."
+[enumerations.EJXMode.values]
+ON = "turned_on"
+OFF = "turned_off"
+[JXModeEvent]
+comment = "Something was turned on or off."
+base = "JXEvent"
+modes = "EJXMode"
+deleted_init = "an event of this class needs a mode"
+conditions = [{ present = "name", only_for = ["OFF"] }]
+[[JXModeEvent.initialisers]]
+name = "initWithMode"
+comment = "Creates an event."
+arguments = ["mode"]
+"""
+CONTEXT = """
+[outer]
+kind = "context"
+key = "JXE_EVENT"
+comment = "A block."
+[outer.fields]
+inner = { key = "inner", type = "block", block = "inner", required = true, comment = "Nested." }
+[inner]
+kind = "context"
+key = "inner"
+comment = "A nested block."
+[inner.fields]
+model = { key = "JXD_MODEL", type = "string", comment = "The model." }
+"""
+
+
+class Tree(unittest.TestCase):
+    """Runs on a small source tree with a catalogue of its own."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = pathlib.Path(folder.name)
+        self.write("jx/core/JXCoreConstants.h", CORE)
+        self.write("jx/catalogue/keys.toml", KEYS)
+        self.write("jx/catalogue/base.toml", BASE)
+
+    def write(self, path, text):
+        file = self.root / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text, encoding="utf-8")
+
+    def load(self, text):
+        self.write("jx/catalogue/more.toml", text)
+        return model.load(self.root)
+
+
+class Model(Tree):
+    def assert_fails(self, text, message):
+        with self.assertRaises(model.CatalogueError) as raised:
+            self.load(text)
+        self.assertEqual(str(raised.exception), message)
+
+    def assert_change_fails(self, text, old, new, message):
+        self.assertIn(old, text)
+        self.assert_fails(text.replace(old, new, 1), message)
+
+    def test_reads_an_event_class(self):
+        block = self.load(RATE).blocks["JXRateEvent"]
+        self.assertEqual(block.comment, "The viewer rated the page.")
+        self.assertEqual(block.base.name, "JXEvent")
+        self.assertEqual(block.header, "jx/events/engagement/JXRateEvent.h")
+        self.assertEqual(block.event_names, ["rate"])
+        self.assertEqual(list(block.fields), ["note", "stars"])
+        self.assertEqual([field.property for field in block.written], ["stars", "name", "note"])
+        self.assertEqual([block.is_duplicate(number) for number in range(3)], [False, True, False])
+        self.assertEqual(block.fields["stars"].key.cpp, "JXE_STARS")
+        self.assertEqual(block.fields["stars"].key.string, "stars")
+        self.assertEqual(block.fields["note"].key.cpp, '"note"')
+        self.assertEqual(list(block.all_fields), ["note", "stars", "name"])
+        self.assertEqual([(item.name, item.field.property, item.type)
+                          for item in block.initialisers[0].arguments],
+                         [("stars", "stars", "number"), ("text", "note", "string")])
+        self.assertEqual([(item.kind, [field.property for field in item.fields])
+                          for item in block.conditions],
+                         [("present", ["stars"]), ("together", ["stars", "note"])])
+
+    def test_reads_modes_and_their_conditions(self):
+        catalogue = self.load(MODES)
+        block = catalogue.blocks["JXModeEvent"]
+        self.assertEqual(block.event_names, ["turned_on", "turned_off"])
+        self.assertEqual(block.conditions[0].only_for, ("OFF",))
+        self.assertEqual([event.name for event in catalogue.events], ["JXEvent", "JXModeEvent"])
+        self.assertTrue(catalogue.is_base(catalogue.blocks["JXEvent"]))
+        self.assertFalse(catalogue.is_base(block))
+
+    def test_reads_nested_context_blocks(self):
+        catalogue = self.load(CONTEXT)
+        self.assertEqual([block.name for block in catalogue.contexts], ["outer", "inner"])
+        outer = catalogue.blocks["outer"]
+        self.assertEqual([field.property for field in outer.required], ["inner"])
+        self.assertEqual(outer.fields["inner"].block, "inner")
+        self.assertEqual(catalogue.blocks["inner"].fields["model"].key.string, "model")
+
+    def test_a_field_that_is_listed_twice_is_a_duplicate(self):
+        block = self.load(RATE.replace('"stars", "name", "note"', '"stars", "stars"')
+                          ).blocks["JXRateEvent"]
+        self.assertEqual([block.is_duplicate(number) for number in range(2)], [False, True])
+        self.assertEqual([field.property for field in block.unwritten], ["note"])
+
+    def test_rejects_text_that_is_not_toml(self):
+        with self.assertRaisesRegex(model.CatalogueError, "^more.toml: "):
+            self.load("[JXRateEvent")
+
+    def test_rejects_an_unknown_entry(self):
+        self.assert_change_fails(RATE, 'event_name = "rate"', 'event_nam = "rate"',
+                                 "more.toml: JXRateEvent.event_nam: unknown key")
+        self.assert_change_fails(RATE, 'comment = "The stars."', 'comment = "X", unit = "ms"',
+                                 "more.toml: JXRateEvent.fields.stars.unit: unknown key")
+
+    def test_rejects_a_missing_entry(self):
+        self.assert_change_fails(RATE, ', comment = "The stars."', "",
+                                 "more.toml: JXRateEvent.fields.stars.comment: must be set")
+
+    def test_rejects_a_value_of_the_wrong_type(self):
+        self.assert_change_fails(RATE, 'event_name = "rate"', "event_name = 1",
+                                 "more.toml: JXRateEvent.event_name: must be a str")
+
+    def test_rejects_a_class_that_is_described_twice(self):
+        self.assert_fails(BASE, "more.toml: JXEvent: already described in base.toml")
+
+    def test_rejects_an_unknown_base(self):
+        self.assert_change_fails(
+            RATE, 'base = "JXEvent"', 'base = "JXEvnt"',
+            "more.toml: JXRateEvent.base: JXEvnt is not a class described before this one")
+
+    def test_rejects_an_inherited_property(self):
+        self.assert_change_fails(RATE, "note = {", 'name = {',
+                                 "more.toml: JXRateEvent.fields.name: already declared by JXEvent")
+
+    def test_rejects_a_repeated_property(self):
+        self.write("jx/catalogue/more.toml", RATE.replace("note = {", "stars = {"))
+        with self.assertRaisesRegex(model.CatalogueError, "^more.toml: .*overwrite"):
+            model.load(self.root)
+
+    def test_rejects_two_fields_with_the_same_key(self):
+        self.assert_change_fails(
+            RATE, 'key = "note"', 'key = "stars"',
+            "more.toml: JXRateEvent.fields.stars.key: "
+            "the block has another field with the key stars")
+
+    def test_rejects_an_unknown_key_constant(self):
+        self.assert_change_fails(
+            RATE, "JXE_STARS", "JXE_STARZ",
+            "more.toml: JXRateEvent.fields.stars.key: "
+            "JXE_STARZ is neither a constant of keys.toml nor a lower-case JSON key")
+
+    def test_rejects_a_constant_that_is_declared_twice(self):
+        self.write("jx/catalogue/keys.toml", KEYS + 'JXD_MODEL = "model"\n')
+        self.assert_fails(RATE, "keys.toml: groups[0].JXD_MODEL: constant declared twice")
+
+    def test_rejects_an_unknown_type(self):
+        self.assert_change_fails(
+            RATE, '"number"', '"float"',
+            "more.toml: JXRateEvent.fields.stars.type: must be one of string, number, boolean, "
+            "strings, numbered_strings, values, enumeration, items, product")
+
+    def test_rejects_an_enumeration_default_that_is_not_a_value(self):
+        field = '[JXModeEvent.fields]\nkind = { key = "kind", type = "enumeration", ' \
+                'enumeration = "EJXMode", default = "MAYBE", comment = "The kind." }\n'
+        self.assert_fails(
+            MODES + field,
+            "more.toml: JXModeEvent.fields.kind.default: MAYBE is not a value of EJXMode")
+
+    def test_rejects_an_unknown_field(self):
+        self.assert_change_fails(RATE, '"stars", "name", "note"', '"starz"',
+                                 "more.toml: JXRateEvent.written: starz is not a field of "
+                                 "JXRateEvent")
+        self.assert_change_fails(RATE, 'present = "stars"', 'present = "starz"',
+                                 "more.toml: JXRateEvent.conditions[0].present: starz is not a "
+                                 "field of JXRateEvent")
+        self.assert_change_fails(RATE, 'arguments = ["stars"', 'arguments = ["starz"',
+                                 "more.toml: JXRateEvent.initialisers[0].arguments: starz is not "
+                                 "a field of JXRateEvent")
+
+    def test_rejects_another_number_of_arguments_than_keywords(self):
+        self.assert_change_fails(
+            RATE, "initWithStars_withText", "initWithStars",
+            "more.toml: JXRateEvent.initialisers[0].arguments: "
+            "must be as many as the keywords of the name")
+
+    def test_rejects_a_condition_of_no_kind_or_of_two(self):
+        message = ("more.toml: JXRateEvent.conditions[0]: must have exactly one of never, "
+                   "non_empty_string, present, non_empty_list, together")
+        self.assert_change_fails(RATE, "{ present =", "{ presend =", message)
+        self.assert_change_fails(RATE, '{ present = "stars" }', '{ present = "stars", never = true }',
+                                 message)
+
+    def test_rejects_a_condition_on_a_field_of_another_type(self):
+        self.assert_change_fails(
+            RATE, "present", "non_empty_list",
+            "more.toml: JXRateEvent.conditions: stars must be of type strings or "
+            "numbered_strings or values or items")
+        self.assert_change_fails(RATE, '["stars", "note"]', '["note", "stars"]',
+                                 "more.toml: JXRateEvent.conditions: stars must be of type string")
+
+    def test_rejects_an_unknown_mode(self):
+        self.assert_change_fails(
+            MODES, '["OFF"]', '["OF"]',
+            "more.toml: JXModeEvent.conditions[0].only_for: OF is not a mode of JXModeEvent")
+        self.assert_change_fails(MODES, 'modes = "EJXMode"', 'modes = "EJXModes"',
+                                 "more.toml: JXModeEvent.modes: unknown enumeration EJXModes")
+        self.assert_change_fails(
+            RATE, 'arguments = ["stars"', 'arguments = ["mode"',
+            "more.toml: JXRateEvent.initialisers[0].arguments: JXRateEvent has no modes")
+
+    def test_rejects_a_nested_block_that_does_not_exist(self):
+        self.assert_change_fails(
+            CONTEXT, 'block = "inner"', 'block = "iner"',
+            "more.toml: outer.fields.inner.block: iner is not a context block")
+
+
+class Command(Tree):
+    def run_script(self, *options):
+        result = subprocess.run([sys.executable, "-B", str(SCRIPT), "--root", str(self.root),
+                                 *options], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                text=True, check=False)
+        return result.returncode, result.stdout, result.stderr
+
+    def setUp(self):
+        super().setUp()
+        self.write("jx/catalogue/more.toml", RATE)
+        self.assertEqual(self.run_script()[0], 0)
+
+    def test_check_accepts_the_generated_files(self):
+        self.assertEqual(self.run_script("--check"), (0, "", ""))
+
+    def test_check_lists_a_file_that_was_edited(self):
+        path = "jx/events/engagement/JXRateEvent.h"
+        text = (self.root / path).read_text(encoding="utf-8")
+        self.write(path, text + "// edited\n")
+        status, output, errors = self.run_script("--check")
+        self.assertEqual((status, output), (1, path + "\n"))
+        self.assertIn("generate them with: scripts/catalogue", errors)
+        self.assertEqual(self.run_script(), (0, path + "\n", ""))
+        self.assertEqual((self.root / path).read_text(encoding="utf-8"), text)
+
+    def test_check_lists_the_files_of_a_changed_entry(self):
+        self.write("jx/catalogue/more.toml", RATE.replace('"The stars."', '"From one to five."'))
+        self.assertEqual(self.run_script("--check")[:2],
+                         (1, "jx/events/engagement/JXRateEvent.h\n"))
+
+    def test_removes_the_files_of_a_removed_entry(self):
+        (self.root / "jx/catalogue/more.toml").unlink()
+        removed = ["jx/events/engagement/JXRateEvent.cpp", "jx/events/engagement/JXRateEvent.h"]
+        status, output, _ = self.run_script("--check")
+        self.assertEqual(status, 1)
+        self.assertLessEqual(set(removed), set(output.splitlines()))
+        self.run_script()
+        self.assertEqual([path for path in removed if (self.root / path).exists()], [])
+
+    def test_reports_a_mistake_of_the_catalogue(self):
+        self.write("jx/catalogue/more.toml", RATE.replace('"JXEvent"', '"JXEvnt"'))
+        self.assertEqual(self.run_script("--check"), (
+            1, "", "catalogue: more.toml: JXRateEvent.base: JXEvnt is not a class described before "
+                   "this one\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
