@@ -152,7 +152,7 @@ TEST_F(CObject, AppendsItemsToAListSetFromJson) {
 
 TEST_F(CObject, RejectsUnknownModes) {
   jx_object* event = nullptr;
-  ASSERT_EQ(JXVideoAdEvent_create(JXVideoAdEvent_Mode_BREAK_START, "s", &event), JX_OK);
+  ASSERT_EQ(JXVideoAdEvent_create(::EJXVideoAdMode_BREAK_START, "s", &event), JX_OK);
   const Object ad(event);
   EXPECT_THAT(objectJson(event), HasSubstr(R"("event_name":"video_ad_break_start")"));
   event = ad.get();

@@ -27,10 +27,6 @@ bool isClass(std::string_view name) {
   return name == "JXItem" || name == "JXProduct" || eventClassNamed(name) != nullptr;
 }
 
-Result isNotAField(jx_status status, const char* name, const JXCObject& object) {
-  return {status, quoted(name) + " is not a field of " + object.className()};
-}
-
 Result wrongType(const char* field, const std::string& rule) {
   return {JX_ERROR_WRONG_TYPE, std::string(field) + " " + rule};
 }
@@ -47,10 +43,14 @@ Result findField(const JXCObject& object, const char* name,
     if (!isClass(type)) {
       return {JX_ERROR_UNKNOWN_CLASS, quoted(name) + " does not name a known class"};
     }
-    if (!object.isOf(type)) return isNotAField(JX_ERROR_WRONG_CLASS, name, object);
+    if (!object.isOf(type)) {
+      return {JX_ERROR_WRONG_CLASS, quoted(name) + " is not a field of " + object.className()};
+    }
   }
   field = object.fieldOf(property);
-  if (field.table == nullptr) return isNotAField(JX_ERROR_UNKNOWN_FIELD, name, object);
+  if (field.table == nullptr) {
+    return {JX_ERROR_UNKNOWN_FIELD, quoted(name) + " is not a field of " + object.className()};
+  }
   const JXFieldKind kind = field.info().kind;
   if (kinds.size() == 0 || std::find(kinds.begin(), kinds.end(), kind) != kinds.end()) return JX_OK;
   return wrongType(name, kRules[static_cast<std::size_t>(kind)]);
