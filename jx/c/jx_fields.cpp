@@ -1,6 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 // The functions of jx_object.h that read fields and change lists.
+#include <algorithm>
+
 #include "jx/c/internal/JXCField.h"
 
 namespace {
@@ -26,7 +28,7 @@ jx_status getValue(const char* operation, const jx_object* object, const char* n
   return onField(operation, object, name, kinds,
                  [&](JXCObject& found, const Field& field) -> Result {
                    const JXJsonValue value = found.get(field);
-                   return value.isPresent() ? use(value, field) : JX_ERROR_NOT_SET;
+                   return value.isPresent() ? use(value) : JX_ERROR_NOT_SET;
                  });
 }
 
@@ -88,15 +90,14 @@ jx_status jx_object_get_string(const jx_object* object, const char* field, char*
 
 jx_status jx_object_get_number(const jx_object* object, const char* field, char* buffer,
                                size_t capacity, size_t* length) {
-  return getValue(
-      __func__, object, field, {JXFieldKind::Number}, [&](const JXJsonValue& value, const Field&) {
-        return jx::c::copyOut(value.numberString().toStdString(), buffer, capacity, length);
-      });
+  return getValue(__func__, object, field, {JXFieldKind::Number}, [&](const JXJsonValue& value) {
+    return jx::c::copyOut(value.numberString().toStdString(), buffer, capacity, length);
+  });
 }
 
 jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool* value) {
   return getValue(__func__, object, field, {JXFieldKind::Boolean},
-                  [&](const JXJsonValue& read, const Field&) -> Result {
+                  [&](const JXJsonValue& read) -> Result {
                     if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
                     *value = read.boolValue();
                     return JX_OK;
@@ -104,19 +105,21 @@ jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool
 }
 
 jx_status jx_object_get_enum(const jx_object* object, const char* field, uint32_t* value) {
-  return getValue(__func__, object, field, {JXFieldKind::Enumeration},
-                  [&](const JXJsonValue& read, const Field& info) -> Result {
-                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
-                    const jx::JXEnumStrings& strings = info.info().enumStrings;
-                    for (*value = 0; read.string().view() != strings.enumerators[*value];)
-                      ++*value;
-                    return JX_OK;
-                  });
+  return onField(__func__, object, field, {JXFieldKind::Enumeration},
+                 [&](JXCObject& found, const Field& info) -> Result {
+                   if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
+                   const auto names = info.info().enumStrings.allEnumerators();
+                   const jx::JXString name = found.get(info).string();
+                   const auto place = std::find(names.begin(), names.end(), name.view());
+                   if (place == names.end()) return JX_ERROR_NOT_SET;
+                   *value = static_cast<uint32_t>(place - names.begin());
+                   return JX_OK;
+                 });
 }
 
 jx_status jx_object_get_json(const jx_object* object, const char* field, char* buffer,
                              size_t capacity, size_t* length) {
-  return getValue(__func__, object, field, {}, [&](const JXJsonValue& value, const Field&) {
+  return getValue(__func__, object, field, {}, [&](const JXJsonValue& value) {
     return jx::c::copyOut(jx::c::jsonText(value), buffer, capacity, length);
   });
 }

@@ -61,10 +61,11 @@ def functions(block, field):
     or_null = "; null removes the value."
 
     def reader(kind, form):
-        return Function(get_name, f"{gets}{form}.", f"jx_object_get_{kind}", _BUFFER)
+        return Function(get_name, f"{gets}{form} to `buffer`; see `jx_object_json`.",
+                        f"jx_object_get_{kind}", _BUFFER)
 
     def append(kind, parameter, name=""):
-        what = "a copy of an item" if kind == "item" else f"a {kind}"
+        what = {"item": "a copy of an item", "boolean": "a Boolean"}.get(kind, f"a {kind}")
         return Function(f"{list_name}append{name}", f"Appends {what} to `{field.property}`.",
                         f"jx_object_list_insert_{kind}", (parameter,), ("JX_LIST_END",))
 
@@ -72,7 +73,7 @@ def functions(block, field):
         Function(set_name, f"{sets} to a list of strings{or_null}", "jx_object_set_strings",
                  ("const char* const* strings", "size_t count")),
         append("string", "const char* value"),
-        Function(get_name, f"{gets} at `index`.", "jx_object_list_get_string",
+        Function(get_name, f"{gets} at `index` to `buffer`.", "jx_object_list_get_string",
                  ("size_t index", *_BUFFER)))
     own = {
         "string": (
@@ -196,10 +197,10 @@ def _enumeration(enumeration):
 
 
 def name_groups(catalogue):
-    """Returns the title of each group of constants, and their strings by name."""
-    groups = [(group.title, {key.constant: key.string for key in group.keys})
+    """Returns the description of each group of constants, and their strings by name."""
+    groups = [(f"{group.title}. {group.comment}", {key.constant: key.string for key in group.keys})
               for group in catalogue.key_groups + catalogue.name_groups]
-    return groups + [(strings.title + "; other strings are allowed",
+    return groups + [(strings.title + "; other strings are allowed.",
                       {f"{strings.name}_{name}": string for name, string in strings.values.items()})
                      for strings in catalogue.strings.values()]
 
@@ -207,8 +208,8 @@ def name_groups(catalogue):
 def names_header(catalogue):
     enumerations = "".join(map(_enumeration, catalogue.enumerations.values()))
     macros, arrays = "", ""
-    for title, strings in name_groups(catalogue):
-        heading = f"// {title}.\n\n"
+    for description, strings in name_groups(catalogue):
+        heading = comment(description, "").replace("///", "//") + "\n"
         macros += heading + "".join(f'#define {name} "{text}"\n' for name, text in strings.items())
         arrays += heading + "".join(f'static const char {name}[] = "{text}";\n'
                                     for name, text in strings.items())

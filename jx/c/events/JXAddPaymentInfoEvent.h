@@ -28,7 +28,7 @@ static inline jx_status JXAddPaymentInfoEvent_setPaymentMethod(jx_object* event,
                                                                const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_paymentMethod, value);
 }
-/// Writes `paymentMethod`.
+/// Writes `paymentMethod` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getPaymentMethod(const jx_object* event, char* buffer,
                                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_paymentMethod, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXAddPaymentInfoEvent_getPaymentMethod(const jx_object* 
 static inline jx_status JXAddPaymentInfoEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getCoupon(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_coupon, buffer, capacity, length);
@@ -56,7 +56,7 @@ static inline jx_status JXAddPaymentInfoEvent_setRevenue(jx_object* event, const
 static inline jx_status JXAddPaymentInfoEvent_setRevenue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXAddPaymentInfoEvent_revenue, value);
 }
-/// Writes `revenue` as a decimal string.
+/// Writes `revenue` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getRevenue(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXAddPaymentInfoEvent_revenue, buffer, capacity, length);
@@ -68,7 +68,7 @@ static inline jx_status JXAddPaymentInfoEvent_getRevenue(const jx_object* event,
 static inline jx_status JXAddPaymentInfoEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getCurrency(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_currency, buffer, capacity, length);
@@ -81,7 +81,7 @@ static inline jx_status JXAddPaymentInfoEvent_items_append(jx_object* event,
                                                            const jx_object* item) {
   return jx_object_list_insert_item(event, JXAddPaymentInfoEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getItems(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXAddPaymentInfoEvent_items, buffer, capacity, length);
@@ -101,7 +101,7 @@ static inline jx_status JXAddPaymentInfoEvent_items_clear(jx_object* event) {
 static inline jx_status JXAddPaymentInfoEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getName(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_name, buffer, capacity, length);
@@ -113,7 +113,7 @@ static inline jx_status JXAddPaymentInfoEvent_getName(const jx_object* event, ch
 static inline jx_status JXAddPaymentInfoEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getPageType(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_pageType, buffer, capacity, length);
@@ -125,7 +125,7 @@ static inline jx_status JXAddPaymentInfoEvent_getPageType(const jx_object* event
 static inline jx_status JXAddPaymentInfoEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddPaymentInfoEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddPaymentInfoEvent_getPageName(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddPaymentInfoEvent_pageName, buffer, capacity, length);

@@ -25,7 +25,7 @@ static inline jx_status JXAddShippingInfoEvent_create(jx_object** event) {
 static inline jx_status JXAddShippingInfoEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getCurrency(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_currency, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXAddShippingInfoEvent_setValue(jx_object* event, const 
 static inline jx_status JXAddShippingInfoEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXAddShippingInfoEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getValue(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXAddShippingInfoEvent_value, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXAddShippingInfoEvent_getValue(const jx_object* event, 
 static inline jx_status JXAddShippingInfoEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getCoupon(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_coupon, buffer, capacity, length);
@@ -66,7 +66,7 @@ static inline jx_status JXAddShippingInfoEvent_setShippingTier(jx_object* event,
                                                                const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_shippingTier, value);
 }
-/// Writes `shippingTier`.
+/// Writes `shippingTier` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getShippingTier(const jx_object* event, char* buffer,
                                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_shippingTier, buffer, capacity, length);
@@ -79,7 +79,7 @@ static inline jx_status JXAddShippingInfoEvent_items_append(jx_object* event,
                                                             const jx_object* item) {
   return jx_object_list_insert_item(event, JXAddShippingInfoEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getItems(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXAddShippingInfoEvent_items, buffer, capacity, length);
@@ -99,7 +99,7 @@ static inline jx_status JXAddShippingInfoEvent_items_clear(jx_object* event) {
 static inline jx_status JXAddShippingInfoEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getName(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_name, buffer, capacity, length);
@@ -111,7 +111,7 @@ static inline jx_status JXAddShippingInfoEvent_getName(const jx_object* event, c
 static inline jx_status JXAddShippingInfoEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getPageType(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_pageType, buffer, capacity, length);
@@ -123,7 +123,7 @@ static inline jx_status JXAddShippingInfoEvent_getPageType(const jx_object* even
 static inline jx_status JXAddShippingInfoEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddShippingInfoEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddShippingInfoEvent_getPageName(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddShippingInfoEvent_pageName, buffer, capacity, length);

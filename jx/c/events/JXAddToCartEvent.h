@@ -24,7 +24,7 @@ static inline jx_status JXAddToCartEvent_create(jx_object** event) {
 static inline jx_status JXAddToCartEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToCartEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getCurrency(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToCartEvent_currency, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXAddToCartEvent_setValue(jx_object* event, const char* 
 static inline jx_status JXAddToCartEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXAddToCartEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getValue(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXAddToCartEvent_value, buffer, capacity, length);
@@ -52,7 +52,7 @@ static inline jx_status JXAddToCartEvent_getValue(const jx_object* event, char* 
 static inline jx_status JXAddToCartEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXAddToCartEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getItems(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXAddToCartEvent_items, buffer, capacity, length);
@@ -72,7 +72,7 @@ static inline jx_status JXAddToCartEvent_items_clear(jx_object* event) {
 static inline jx_status JXAddToCartEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToCartEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getName(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToCartEvent_name, buffer, capacity, length);
@@ -84,7 +84,7 @@ static inline jx_status JXAddToCartEvent_getName(const jx_object* event, char* b
 static inline jx_status JXAddToCartEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToCartEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getPageType(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToCartEvent_pageType, buffer, capacity, length);
@@ -96,7 +96,7 @@ static inline jx_status JXAddToCartEvent_getPageType(const jx_object* event, cha
 static inline jx_status JXAddToCartEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToCartEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToCartEvent_getPageName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToCartEvent_pageName, buffer, capacity, length);

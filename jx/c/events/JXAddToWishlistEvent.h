@@ -28,7 +28,7 @@ static inline jx_status JXAddToWishlistEvent_setValue(jx_object* event, const ch
 static inline jx_status JXAddToWishlistEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXAddToWishlistEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getValue(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXAddToWishlistEvent_value, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXAddToWishlistEvent_getValue(const jx_object* event, ch
 static inline jx_status JXAddToWishlistEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToWishlistEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getCurrency(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToWishlistEvent_currency, buffer, capacity, length);
@@ -52,7 +52,7 @@ static inline jx_status JXAddToWishlistEvent_getCurrency(const jx_object* event,
 static inline jx_status JXAddToWishlistEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXAddToWishlistEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getItems(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXAddToWishlistEvent_items, buffer, capacity, length);
@@ -72,7 +72,7 @@ static inline jx_status JXAddToWishlistEvent_items_clear(jx_object* event) {
 static inline jx_status JXAddToWishlistEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToWishlistEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToWishlistEvent_name, buffer, capacity, length);
@@ -84,7 +84,7 @@ static inline jx_status JXAddToWishlistEvent_getName(const jx_object* event, cha
 static inline jx_status JXAddToWishlistEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToWishlistEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getPageType(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToWishlistEvent_pageType, buffer, capacity, length);
@@ -96,7 +96,7 @@ static inline jx_status JXAddToWishlistEvent_getPageType(const jx_object* event,
 static inline jx_status JXAddToWishlistEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXAddToWishlistEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXAddToWishlistEvent_getPageName(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXAddToWishlistEvent_pageName, buffer, capacity, length);

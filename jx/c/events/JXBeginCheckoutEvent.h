@@ -28,7 +28,7 @@ static inline jx_status JXBeginCheckoutEvent_setValue(jx_object* event, const ch
 static inline jx_status JXBeginCheckoutEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXBeginCheckoutEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getValue(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXBeginCheckoutEvent_value, buffer, capacity, length);
@@ -44,7 +44,7 @@ static inline jx_status JXBeginCheckoutEvent_setRevenue(jx_object* event, const 
 static inline jx_status JXBeginCheckoutEvent_setRevenue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXBeginCheckoutEvent_revenue, value);
 }
-/// Writes `revenue` as a decimal string.
+/// Writes `revenue` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getRevenue(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXBeginCheckoutEvent_revenue, buffer, capacity, length);
@@ -56,7 +56,7 @@ static inline jx_status JXBeginCheckoutEvent_getRevenue(const jx_object* event, 
 static inline jx_status JXBeginCheckoutEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXBeginCheckoutEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getCurrency(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXBeginCheckoutEvent_currency, buffer, capacity, length);
@@ -68,7 +68,7 @@ static inline jx_status JXBeginCheckoutEvent_getCurrency(const jx_object* event,
 static inline jx_status JXBeginCheckoutEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXBeginCheckoutEvent_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getCoupon(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXBeginCheckoutEvent_coupon, buffer, capacity, length);
@@ -80,7 +80,7 @@ static inline jx_status JXBeginCheckoutEvent_getCoupon(const jx_object* event, c
 static inline jx_status JXBeginCheckoutEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXBeginCheckoutEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getItems(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXBeginCheckoutEvent_items, buffer, capacity, length);
@@ -100,7 +100,7 @@ static inline jx_status JXBeginCheckoutEvent_items_clear(jx_object* event) {
 static inline jx_status JXBeginCheckoutEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXBeginCheckoutEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXBeginCheckoutEvent_name, buffer, capacity, length);
@@ -112,7 +112,7 @@ static inline jx_status JXBeginCheckoutEvent_getName(const jx_object* event, cha
 static inline jx_status JXBeginCheckoutEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXBeginCheckoutEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getPageType(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXBeginCheckoutEvent_pageType, buffer, capacity, length);
@@ -124,7 +124,7 @@ static inline jx_status JXBeginCheckoutEvent_getPageType(const jx_object* event,
 static inline jx_status JXBeginCheckoutEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXBeginCheckoutEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXBeginCheckoutEvent_getPageName(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXBeginCheckoutEvent_pageName, buffer, capacity, length);

@@ -25,7 +25,7 @@ static inline jx_status JXCustomEvent_create(const char* name, jx_object** event
 static inline jx_status JXCustomEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXCustomEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXCustomEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXCustomEvent_name, buffer, capacity, length);
@@ -37,7 +37,7 @@ static inline jx_status JXCustomEvent_getName(const jx_object* event, char* buff
 static inline jx_status JXCustomEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXCustomEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXCustomEvent_getPageType(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXCustomEvent_pageType, buffer, capacity, length);
@@ -49,7 +49,7 @@ static inline jx_status JXCustomEvent_getPageType(const jx_object* event, char* 
 static inline jx_status JXCustomEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXCustomEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXCustomEvent_getPageName(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXCustomEvent_pageName, buffer, capacity, length);

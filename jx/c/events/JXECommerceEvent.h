@@ -27,7 +27,7 @@ static inline jx_status JXECommerceEvent_create(jx_object** event) {
 static inline jx_status JXECommerceEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXECommerceEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXECommerceEvent_getCurrency(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXECommerceEvent_currency, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXECommerceEvent_getCurrency(const jx_object* event, cha
 static inline jx_status JXECommerceEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXECommerceEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXECommerceEvent_getItems(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXECommerceEvent_items, buffer, capacity, length);
@@ -60,7 +60,7 @@ static inline jx_status JXECommerceEvent_items_clear(jx_object* event) {
 static inline jx_status JXECommerceEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXECommerceEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXECommerceEvent_getName(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXECommerceEvent_name, buffer, capacity, length);
@@ -72,7 +72,7 @@ static inline jx_status JXECommerceEvent_getName(const jx_object* event, char* b
 static inline jx_status JXECommerceEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXECommerceEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXECommerceEvent_getPageType(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXECommerceEvent_pageType, buffer, capacity, length);
@@ -84,7 +84,7 @@ static inline jx_status JXECommerceEvent_getPageType(const jx_object* event, cha
 static inline jx_status JXECommerceEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXECommerceEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXECommerceEvent_getPageName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXECommerceEvent_pageName, buffer, capacity, length);

@@ -26,7 +26,7 @@ static inline jx_status JXEvent_create(jx_object** event) {
 static inline jx_status JXEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                         size_t* length) {
   return jx_object_get_string(event, JXEvent_name, buffer, capacity, length);
@@ -38,7 +38,7 @@ static inline jx_status JXEvent_getName(const jx_object* event, char* buffer, si
 static inline jx_status JXEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXEvent_getPageName(const jx_object* event, char* buffer, size_t capacity,
                                             size_t* length) {
   return jx_object_get_string(event, JXEvent_pageName, buffer, capacity, length);
@@ -50,7 +50,7 @@ static inline jx_status JXEvent_getPageName(const jx_object* event, char* buffer
 static inline jx_status JXEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXEvent_getPageType(const jx_object* event, char* buffer, size_t capacity,
                                             size_t* length) {
   return jx_object_get_string(event, JXEvent_pageType, buffer, capacity, length);

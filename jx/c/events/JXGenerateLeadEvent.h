@@ -25,7 +25,7 @@ static inline jx_status JXGenerateLeadEvent_create(jx_object** event) {
 static inline jx_status JXGenerateLeadEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXGenerateLeadEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getCurrency(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXGenerateLeadEvent_currency, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXGenerateLeadEvent_setValue(jx_object* event, const cha
 static inline jx_status JXGenerateLeadEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXGenerateLeadEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getValue(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXGenerateLeadEvent_value, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXGenerateLeadEvent_getValue(const jx_object* event, cha
 static inline jx_status JXGenerateLeadEvent_setID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXGenerateLeadEvent_ID, value);
 }
-/// Writes `ID`.
+/// Writes `ID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getID(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXGenerateLeadEvent_ID, buffer, capacity, length);
@@ -65,7 +65,7 @@ static inline jx_status JXGenerateLeadEvent_getID(const jx_object* event, char* 
 static inline jx_status JXGenerateLeadEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXGenerateLeadEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXGenerateLeadEvent_name, buffer, capacity, length);
@@ -77,7 +77,7 @@ static inline jx_status JXGenerateLeadEvent_getName(const jx_object* event, char
 static inline jx_status JXGenerateLeadEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXGenerateLeadEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getPageType(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXGenerateLeadEvent_pageType, buffer, capacity, length);
@@ -89,7 +89,7 @@ static inline jx_status JXGenerateLeadEvent_getPageType(const jx_object* event, 
 static inline jx_status JXGenerateLeadEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXGenerateLeadEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXGenerateLeadEvent_getPageName(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXGenerateLeadEvent_pageName, buffer, capacity, length);

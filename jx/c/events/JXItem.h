@@ -24,7 +24,7 @@ static inline jx_status JXItem_create(jx_object** item) { return jx_item_create(
 static inline jx_status JXItem_setID(jx_object* item, const char* value) {
   return jx_object_set_string(item, JXItem_ID, value);
 }
-/// Writes `ID`.
+/// Writes `ID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getID(const jx_object* item, char* buffer, size_t capacity,
                                      size_t* length) {
   return jx_object_get_string(item, JXItem_ID, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXItem_setQuantity(jx_object* item, const char* number) 
 static inline jx_status JXItem_setQuantity_integer(jx_object* item, int64_t value) {
   return jx_object_set_integer(item, JXItem_quantity, value);
 }
-/// Writes `quantity` as a decimal string.
+/// Writes `quantity` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getQuantity(const jx_object* item, char* buffer, size_t capacity,
                                            size_t* length) {
   return jx_object_get_number(item, JXItem_quantity, buffer, capacity, length);
@@ -52,7 +52,7 @@ static inline jx_status JXItem_getQuantity(const jx_object* item, char* buffer, 
 static inline jx_status JXItem_setVariant(jx_object* item, const char* value) {
   return jx_object_set_string(item, JXItem_variant, value);
 }
-/// Writes `variant`.
+/// Writes `variant` to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getVariant(const jx_object* item, char* buffer, size_t capacity,
                                           size_t* length) {
   return jx_object_get_string(item, JXItem_variant, buffer, capacity, length);
@@ -68,7 +68,7 @@ static inline jx_status JXItem_setList_position(jx_object* item, const char* num
 static inline jx_status JXItem_setList_position_integer(jx_object* item, int64_t value) {
   return jx_object_set_integer(item, JXItem_list_position, value);
 }
-/// Writes `list_position` as a decimal string.
+/// Writes `list_position` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getList_position(const jx_object* item, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_number(item, JXItem_list_position, buffer, capacity, length);
@@ -84,7 +84,7 @@ static inline jx_status JXItem_setDiscount(jx_object* item, const char* number) 
 static inline jx_status JXItem_setDiscount_integer(jx_object* item, int64_t value) {
   return jx_object_set_integer(item, JXItem_discount, value);
 }
-/// Writes `discount` as a decimal string.
+/// Writes `discount` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getDiscount(const jx_object* item, char* buffer, size_t capacity,
                                            size_t* length) {
   return jx_object_get_number(item, JXItem_discount, buffer, capacity, length);
@@ -96,7 +96,7 @@ static inline jx_status JXItem_getDiscount(const jx_object* item, char* buffer, 
 static inline jx_status JXItem_setCoupon(jx_object* item, const char* value) {
   return jx_object_set_string(item, JXItem_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getCoupon(const jx_object* item, char* buffer, size_t capacity,
                                          size_t* length) {
   return jx_object_get_string(item, JXItem_coupon, buffer, capacity, length);
@@ -108,7 +108,7 @@ static inline jx_status JXItem_getCoupon(const jx_object* item, char* buffer, si
 static inline jx_status JXItem_setAffiliation(jx_object* item, const char* value) {
   return jx_object_set_string(item, JXItem_affiliation, value);
 }
-/// Writes `affiliation`.
+/// Writes `affiliation` to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getAffiliation(const jx_object* item, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(item, JXItem_affiliation, buffer, capacity, length);
@@ -120,7 +120,7 @@ static inline jx_status JXItem_getAffiliation(const jx_object* item, char* buffe
 static inline jx_status JXItem_setProduct(jx_object* item, const jx_object* product) {
   return jx_object_set_product(item, JXItem_product, product);
 }
-/// Writes `product` as a JSON object of properties.
+/// Writes `product` as a JSON object of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXItem_getProduct(const jx_object* item, char* buffer, size_t capacity,
                                           size_t* length) {
   return jx_object_get_json(item, JXItem_product, buffer, capacity, length);

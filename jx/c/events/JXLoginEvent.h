@@ -24,7 +24,7 @@ static inline jx_status JXLoginEvent_create(jx_object** event) {
 static inline jx_status JXLoginEvent_setMethod(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXLoginEvent_method, value);
 }
-/// Writes `method`.
+/// Writes `method` to `buffer`; see `jx_object_json`.
 static inline jx_status JXLoginEvent_getMethod(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXLoginEvent_method, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXLoginEvent_getMethod(const jx_object* event, char* buf
 static inline jx_status JXLoginEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXLoginEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXLoginEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                              size_t* length) {
   return jx_object_get_string(event, JXLoginEvent_name, buffer, capacity, length);
@@ -48,7 +48,7 @@ static inline jx_status JXLoginEvent_getName(const jx_object* event, char* buffe
 static inline jx_status JXLoginEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXLoginEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXLoginEvent_getPageType(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXLoginEvent_pageType, buffer, capacity, length);
@@ -60,7 +60,7 @@ static inline jx_status JXLoginEvent_getPageType(const jx_object* event, char* b
 static inline jx_status JXLoginEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXLoginEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXLoginEvent_getPageName(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXLoginEvent_pageName, buffer, capacity, length);

@@ -25,7 +25,7 @@ static inline jx_status JXPageViewEvent_create(jx_object** event) {
 static inline jx_status JXPageViewEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPageViewEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPageViewEvent_getPageName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPageViewEvent_pageName, buffer, capacity, length);
@@ -37,7 +37,7 @@ static inline jx_status JXPageViewEvent_getPageName(const jx_object* event, char
 static inline jx_status JXPageViewEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPageViewEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPageViewEvent_getPageType(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPageViewEvent_pageType, buffer, capacity, length);
@@ -49,7 +49,7 @@ static inline jx_status JXPageViewEvent_getPageType(const jx_object* event, char
 static inline jx_status JXPageViewEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPageViewEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPageViewEvent_getName(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPageViewEvent_name, buffer, capacity, length);

@@ -24,7 +24,7 @@ static inline jx_status JXProduct_create(jx_object** product) { return jx_produc
 static inline jx_status JXProduct_setID(jx_object* product, const char* value) {
   return jx_object_set_string(product, JXProduct_ID, value);
 }
-/// Writes `ID`.
+/// Writes `ID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getID(const jx_object* product, char* buffer, size_t capacity,
                                         size_t* length) {
   return jx_object_get_string(product, JXProduct_ID, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXProduct_getID(const jx_object* product, char* buffer, 
 static inline jx_status JXProduct_setSize(jx_object* product, const char* value) {
   return jx_object_set_string(product, JXProduct_size, value);
 }
-/// Writes `size`.
+/// Writes `size` to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getSize(const jx_object* product, char* buffer, size_t capacity,
                                           size_t* length) {
   return jx_object_get_string(product, JXProduct_size, buffer, capacity, length);
@@ -48,7 +48,7 @@ static inline jx_status JXProduct_getSize(const jx_object* product, char* buffer
 static inline jx_status JXProduct_setName(jx_object* product, const char* value) {
   return jx_object_set_string(product, JXProduct_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getName(const jx_object* product, char* buffer, size_t capacity,
                                           size_t* length) {
   return jx_object_get_string(product, JXProduct_name, buffer, capacity, length);
@@ -64,7 +64,7 @@ static inline jx_status JXProduct_setPrice(jx_object* product, const char* numbe
 static inline jx_status JXProduct_setPrice_integer(jx_object* product, int64_t value) {
   return jx_object_set_integer(product, JXProduct_price, value);
 }
-/// Writes `price` as a decimal string.
+/// Writes `price` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getPrice(const jx_object* product, char* buffer, size_t capacity,
                                            size_t* length) {
   return jx_object_get_number(product, JXProduct_price, buffer, capacity, length);
@@ -76,7 +76,7 @@ static inline jx_status JXProduct_getPrice(const jx_object* product, char* buffe
 static inline jx_status JXProduct_setCurrency(jx_object* product, const char* value) {
   return jx_object_set_string(product, JXProduct_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getCurrency(const jx_object* product, char* buffer,
                                               size_t capacity, size_t* length) {
   return jx_object_get_string(product, JXProduct_currency, buffer, capacity, length);
@@ -94,7 +94,7 @@ static inline jx_status JXProduct_setCategories(jx_object* product, const char* 
 static inline jx_status JXProduct_categories_append(jx_object* product, const char* value) {
   return jx_object_list_insert_string(product, JXProduct_categories, JX_LIST_END, value);
 }
-/// Writes `categories` at `index`.
+/// Writes `categories` at `index` to `buffer`.
 static inline jx_status JXProduct_getCategories(const jx_object* product, size_t index,
                                                 char* buffer, size_t capacity, size_t* length) {
   return jx_object_list_get_string(product, JXProduct_categories, index, buffer, capacity, length);
@@ -114,7 +114,7 @@ static inline jx_status JXProduct_categories_clear(jx_object* product) {
 static inline jx_status JXProduct_setBrand(jx_object* product, const char* value) {
   return jx_object_set_string(product, JXProduct_brand, value);
 }
-/// Writes `brand`.
+/// Writes `brand` to `buffer`; see `jx_object_json`.
 static inline jx_status JXProduct_getBrand(const jx_object* product, char* buffer, size_t capacity,
                                            size_t* length) {
   return jx_object_get_string(product, JXProduct_brand, buffer, capacity, length);
@@ -131,7 +131,7 @@ static inline jx_status JXProduct_setColors(jx_object* product, const char* cons
 static inline jx_status JXProduct_colors_append(jx_object* product, const char* value) {
   return jx_object_list_insert_string(product, JXProduct_colors, JX_LIST_END, value);
 }
-/// Writes `colors` at `index`.
+/// Writes `colors` at `index` to `buffer`.
 static inline jx_status JXProduct_getColors(const jx_object* product, size_t index, char* buffer,
                                             size_t capacity, size_t* length) {
   return jx_object_list_get_string(product, JXProduct_colors, index, buffer, capacity, length);

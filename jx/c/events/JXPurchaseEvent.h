@@ -25,7 +25,7 @@ static inline jx_status JXPurchaseEvent_create(jx_object** event) {
 static inline jx_status JXPurchaseEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getCurrency(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_currency, buffer, capacity, length);
@@ -37,7 +37,7 @@ static inline jx_status JXPurchaseEvent_getCurrency(const jx_object* event, char
 static inline jx_status JXPurchaseEvent_setID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_ID, value);
 }
-/// Writes `ID`.
+/// Writes `ID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getID(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_ID, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXPurchaseEvent_setValue(jx_object* event, const char* n
 static inline jx_status JXPurchaseEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXPurchaseEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getValue(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXPurchaseEvent_value, buffer, capacity, length);
@@ -69,7 +69,7 @@ static inline jx_status JXPurchaseEvent_setRevenue(jx_object* event, const char*
 static inline jx_status JXPurchaseEvent_setRevenue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXPurchaseEvent_revenue, value);
 }
-/// Writes `revenue` as a decimal string.
+/// Writes `revenue` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getRevenue(const jx_object* event, char* buffer,
                                                    size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXPurchaseEvent_revenue, buffer, capacity, length);
@@ -85,7 +85,7 @@ static inline jx_status JXPurchaseEvent_setShippingAmount(jx_object* event, cons
 static inline jx_status JXPurchaseEvent_setShippingAmount_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXPurchaseEvent_shippingAmount, value);
 }
-/// Writes `shippingAmount` as a decimal string.
+/// Writes `shippingAmount` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getShippingAmount(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXPurchaseEvent_shippingAmount, buffer, capacity, length);
@@ -101,7 +101,7 @@ static inline jx_status JXPurchaseEvent_setTaxAmount(jx_object* event, const cha
 static inline jx_status JXPurchaseEvent_setTaxAmount_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXPurchaseEvent_taxAmount, value);
 }
-/// Writes `taxAmount` as a decimal string.
+/// Writes `taxAmount` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getTaxAmount(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXPurchaseEvent_taxAmount, buffer, capacity, length);
@@ -113,7 +113,7 @@ static inline jx_status JXPurchaseEvent_getTaxAmount(const jx_object* event, cha
 static inline jx_status JXPurchaseEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getCoupon(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_coupon, buffer, capacity, length);
@@ -125,7 +125,7 @@ static inline jx_status JXPurchaseEvent_getCoupon(const jx_object* event, char* 
 static inline jx_status JXPurchaseEvent_setType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_type, value);
 }
-/// Writes `type`.
+/// Writes `type` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getType(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_type, buffer, capacity, length);
@@ -138,7 +138,7 @@ static inline jx_status JXPurchaseEvent_getType(const jx_object* event, char* bu
 static inline jx_status JXPurchaseEvent_setPaymentMethod(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_paymentMethod, value);
 }
-/// Writes `paymentMethod`.
+/// Writes `paymentMethod` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getPaymentMethod(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_paymentMethod, buffer, capacity, length);
@@ -151,7 +151,7 @@ static inline jx_status JXPurchaseEvent_getPaymentMethod(const jx_object* event,
 static inline jx_status JXPurchaseEvent_setStatus(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_status, value);
 }
-/// Writes `status`.
+/// Writes `status` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getStatus(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_status, buffer, capacity, length);
@@ -163,7 +163,7 @@ static inline jx_status JXPurchaseEvent_getStatus(const jx_object* event, char* 
 static inline jx_status JXPurchaseEvent_setUrl(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_url, value);
 }
-/// Writes `url`.
+/// Writes `url` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getUrl(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_url, buffer, capacity, length);
@@ -175,7 +175,7 @@ static inline jx_status JXPurchaseEvent_getUrl(const jx_object* event, char* buf
 static inline jx_status JXPurchaseEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXPurchaseEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getItems(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXPurchaseEvent_items, buffer, capacity, length);
@@ -195,7 +195,7 @@ static inline jx_status JXPurchaseEvent_items_clear(jx_object* event) {
 static inline jx_status JXPurchaseEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getName(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_name, buffer, capacity, length);
@@ -207,7 +207,7 @@ static inline jx_status JXPurchaseEvent_getName(const jx_object* event, char* bu
 static inline jx_status JXPurchaseEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getPageType(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_pageType, buffer, capacity, length);
@@ -219,7 +219,7 @@ static inline jx_status JXPurchaseEvent_getPageType(const jx_object* event, char
 static inline jx_status JXPurchaseEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXPurchaseEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXPurchaseEvent_getPageName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXPurchaseEvent_pageName, buffer, capacity, length);

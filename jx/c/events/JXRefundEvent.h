@@ -25,7 +25,7 @@ static inline jx_status JXRefundEvent_create(jx_object** event) {
 static inline jx_status JXRefundEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getCurrency(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_currency, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXRefundEvent_setValue(jx_object* event, const char* num
 static inline jx_status JXRefundEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRefundEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getValue(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXRefundEvent_value, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXRefundEvent_getValue(const jx_object* event, char* buf
 static inline jx_status JXRefundEvent_setID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_ID, value);
 }
-/// Writes `ID`.
+/// Writes `ID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getID(const jx_object* event, char* buffer, size_t capacity,
                                             size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_ID, buffer, capacity, length);
@@ -69,7 +69,7 @@ static inline jx_status JXRefundEvent_setRevenue(jx_object* event, const char* n
 static inline jx_status JXRefundEvent_setRevenue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRefundEvent_revenue, value);
 }
-/// Writes `revenue` as a decimal string.
+/// Writes `revenue` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getRevenue(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXRefundEvent_revenue, buffer, capacity, length);
@@ -85,7 +85,7 @@ static inline jx_status JXRefundEvent_setShippingAmount(jx_object* event, const 
 static inline jx_status JXRefundEvent_setShippingAmount_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRefundEvent_shippingAmount, value);
 }
-/// Writes `shippingAmount` as a decimal string.
+/// Writes `shippingAmount` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getShippingAmount(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXRefundEvent_shippingAmount, buffer, capacity, length);
@@ -101,7 +101,7 @@ static inline jx_status JXRefundEvent_setTaxAmount(jx_object* event, const char*
 static inline jx_status JXRefundEvent_setTaxAmount_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRefundEvent_taxAmount, value);
 }
-/// Writes `taxAmount` as a decimal string.
+/// Writes `taxAmount` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getTaxAmount(const jx_object* event, char* buffer,
                                                    size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXRefundEvent_taxAmount, buffer, capacity, length);
@@ -113,7 +113,7 @@ static inline jx_status JXRefundEvent_getTaxAmount(const jx_object* event, char*
 static inline jx_status JXRefundEvent_setType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_type, value);
 }
-/// Writes `type`.
+/// Writes `type` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getType(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_type, buffer, capacity, length);
@@ -125,7 +125,7 @@ static inline jx_status JXRefundEvent_getType(const jx_object* event, char* buff
 static inline jx_status JXRefundEvent_setUrl(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_url, value);
 }
-/// Writes `url`.
+/// Writes `url` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getUrl(const jx_object* event, char* buffer, size_t capacity,
                                              size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_url, buffer, capacity, length);
@@ -137,7 +137,7 @@ static inline jx_status JXRefundEvent_getUrl(const jx_object* event, char* buffe
 static inline jx_status JXRefundEvent_setCoupon(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_coupon, value);
 }
-/// Writes `coupon`.
+/// Writes `coupon` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getCoupon(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_coupon, buffer, capacity, length);
@@ -149,7 +149,7 @@ static inline jx_status JXRefundEvent_getCoupon(const jx_object* event, char* bu
 static inline jx_status JXRefundEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXRefundEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getItems(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXRefundEvent_items, buffer, capacity, length);
@@ -169,7 +169,7 @@ static inline jx_status JXRefundEvent_items_clear(jx_object* event) {
 static inline jx_status JXRefundEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_name, buffer, capacity, length);
@@ -181,7 +181,7 @@ static inline jx_status JXRefundEvent_getName(const jx_object* event, char* buff
 static inline jx_status JXRefundEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getPageType(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_pageType, buffer, capacity, length);
@@ -193,7 +193,7 @@ static inline jx_status JXRefundEvent_getPageType(const jx_object* event, char* 
 static inline jx_status JXRefundEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRefundEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRefundEvent_getPageName(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRefundEvent_pageName, buffer, capacity, length);

@@ -28,7 +28,7 @@ static inline jx_status JXRemoveFromCartEvent_setValue(jx_object* event, const c
 static inline jx_status JXRemoveFromCartEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXRemoveFromCartEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getValue(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXRemoveFromCartEvent_value, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXRemoveFromCartEvent_getValue(const jx_object* event, c
 static inline jx_status JXRemoveFromCartEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRemoveFromCartEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getCurrency(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRemoveFromCartEvent_currency, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXRemoveFromCartEvent_items_append(jx_object* event,
                                                            const jx_object* item) {
   return jx_object_list_insert_item(event, JXRemoveFromCartEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getItems(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXRemoveFromCartEvent_items, buffer, capacity, length);
@@ -73,7 +73,7 @@ static inline jx_status JXRemoveFromCartEvent_items_clear(jx_object* event) {
 static inline jx_status JXRemoveFromCartEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRemoveFromCartEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getName(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRemoveFromCartEvent_name, buffer, capacity, length);
@@ -85,7 +85,7 @@ static inline jx_status JXRemoveFromCartEvent_getName(const jx_object* event, ch
 static inline jx_status JXRemoveFromCartEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRemoveFromCartEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getPageType(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRemoveFromCartEvent_pageType, buffer, capacity, length);
@@ -97,7 +97,7 @@ static inline jx_status JXRemoveFromCartEvent_getPageType(const jx_object* event
 static inline jx_status JXRemoveFromCartEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXRemoveFromCartEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXRemoveFromCartEvent_getPageName(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXRemoveFromCartEvent_pageName, buffer, capacity, length);

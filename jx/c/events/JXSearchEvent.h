@@ -24,7 +24,7 @@ static inline jx_status JXSearchEvent_create(jx_object** event) {
 static inline jx_status JXSearchEvent_setSearchTerm(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSearchEvent_searchTerm, value);
 }
-/// Writes `searchTerm`.
+/// Writes `searchTerm` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSearchEvent_getSearchTerm(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSearchEvent_searchTerm, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXSearchEvent_getSearchTerm(const jx_object* event, char
 static inline jx_status JXSearchEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSearchEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSearchEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXSearchEvent_name, buffer, capacity, length);
@@ -48,7 +48,7 @@ static inline jx_status JXSearchEvent_getName(const jx_object* event, char* buff
 static inline jx_status JXSearchEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSearchEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSearchEvent_getPageType(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSearchEvent_pageType, buffer, capacity, length);
@@ -60,7 +60,7 @@ static inline jx_status JXSearchEvent_getPageType(const jx_object* event, char* 
 static inline jx_status JXSearchEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSearchEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSearchEvent_getPageName(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSearchEvent_pageName, buffer, capacity, length);

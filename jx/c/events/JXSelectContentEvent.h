@@ -24,7 +24,7 @@ static inline jx_status JXSelectContentEvent_create(jx_object** event) {
 static inline jx_status JXSelectContentEvent_setContentType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSelectContentEvent_contentType, value);
 }
-/// Writes `contentType`.
+/// Writes `contentType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSelectContentEvent_getContentType(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSelectContentEvent_contentType, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXSelectContentEvent_getContentType(const jx_object* eve
 static inline jx_status JXSelectContentEvent_setItemID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSelectContentEvent_itemID, value);
 }
-/// Writes `itemID`.
+/// Writes `itemID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSelectContentEvent_getItemID(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSelectContentEvent_itemID, buffer, capacity, length);
@@ -48,7 +48,7 @@ static inline jx_status JXSelectContentEvent_getItemID(const jx_object* event, c
 static inline jx_status JXSelectContentEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSelectContentEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSelectContentEvent_getName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSelectContentEvent_name, buffer, capacity, length);
@@ -60,7 +60,7 @@ static inline jx_status JXSelectContentEvent_getName(const jx_object* event, cha
 static inline jx_status JXSelectContentEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSelectContentEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSelectContentEvent_getPageType(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSelectContentEvent_pageType, buffer, capacity, length);
@@ -72,7 +72,7 @@ static inline jx_status JXSelectContentEvent_getPageType(const jx_object* event,
 static inline jx_status JXSelectContentEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSelectContentEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSelectContentEvent_getPageName(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSelectContentEvent_pageName, buffer, capacity, length);

@@ -24,7 +24,7 @@ static inline jx_status JXSignUpEvent_create(jx_object** event) {
 static inline jx_status JXSignUpEvent_setMethod(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSignUpEvent_method, value);
 }
-/// Writes `method`.
+/// Writes `method` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSignUpEvent_getMethod(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSignUpEvent_method, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXSignUpEvent_getMethod(const jx_object* event, char* bu
 static inline jx_status JXSignUpEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSignUpEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSignUpEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_string(event, JXSignUpEvent_name, buffer, capacity, length);
@@ -48,7 +48,7 @@ static inline jx_status JXSignUpEvent_getName(const jx_object* event, char* buff
 static inline jx_status JXSignUpEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSignUpEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSignUpEvent_getPageType(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSignUpEvent_pageType, buffer, capacity, length);
@@ -60,7 +60,7 @@ static inline jx_status JXSignUpEvent_getPageType(const jx_object* event, char* 
 static inline jx_status JXSignUpEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXSignUpEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXSignUpEvent_getPageName(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXSignUpEvent_pageName, buffer, capacity, length);

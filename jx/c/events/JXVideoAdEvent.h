@@ -29,7 +29,7 @@ static inline jx_status JXVideoAdEvent_create(EJXVideoAdMode mode, const char* s
 static inline jx_status JXVideoAdEvent_setAdAssetID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_adAssetID, value);
 }
-/// Writes `adAssetID`.
+/// Writes `adAssetID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getAdAssetID(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_adAssetID, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXVideoAdEvent_getAdAssetID(const jx_object* event, char
 static inline jx_status JXVideoAdEvent_setAdPodID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_adPodID, value);
 }
-/// Writes `adPodID`.
+/// Writes `adPodID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getAdPodID(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_adPodID, buffer, capacity, length);
@@ -57,7 +57,7 @@ static inline jx_status JXVideoAdEvent_setPodPosition(jx_object* event, const ch
 static inline jx_status JXVideoAdEvent_setPodPosition_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_podPosition, value);
 }
-/// Writes `podPosition` as a decimal string.
+/// Writes `podPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getPodPosition(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoAdEvent_podPosition, buffer, capacity, length);
@@ -73,7 +73,7 @@ static inline jx_status JXVideoAdEvent_setPodLength(jx_object* event, const char
 static inline jx_status JXVideoAdEvent_setPodLength_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_podLength, value);
 }
-/// Writes `podLength` as a decimal string.
+/// Writes `podLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getPodLength(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoAdEvent_podLength, buffer, capacity, length);
@@ -90,7 +90,7 @@ static inline jx_status JXVideoAdEvent_setAdQuartile(jx_object* event, const cha
 static inline jx_status JXVideoAdEvent_setAdQuartile_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_adQuartile, value);
 }
-/// Writes `adQuartile` as a decimal string.
+/// Writes `adQuartile` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getAdQuartile(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoAdEvent_adQuartile, buffer, capacity, length);
@@ -126,7 +126,7 @@ static inline jx_status JXVideoAdEvent_getLoadType(const jx_object* event, uint3
 static inline jx_status JXVideoAdEvent_setVideoSessionID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_videoSessionID, value);
 }
-/// Writes `videoSessionID`.
+/// Writes `videoSessionID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getVideoSessionID(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_videoSessionID, buffer, capacity, length);
@@ -142,7 +142,7 @@ static inline jx_status JXVideoAdEvent_setCursorPosition(jx_object* event, const
 static inline jx_status JXVideoAdEvent_setCursorPosition_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_cursorPosition, value);
 }
-/// Writes `cursorPosition` as a decimal string.
+/// Writes `cursorPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getCursorPosition(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoAdEvent_cursorPosition, buffer, capacity, length);
@@ -158,7 +158,7 @@ static inline jx_status JXVideoAdEvent_setTotalLength(jx_object* event, const ch
 static inline jx_status JXVideoAdEvent_setTotalLength_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoAdEvent_totalLength, value);
 }
-/// Writes `totalLength` as a decimal string.
+/// Writes `totalLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getTotalLength(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoAdEvent_totalLength, buffer, capacity, length);
@@ -170,7 +170,7 @@ static inline jx_status JXVideoAdEvent_getTotalLength(const jx_object* event, ch
 static inline jx_status JXVideoAdEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_videoTitle, value);
 }
-/// Writes `videoTitle`.
+/// Writes `videoTitle` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getVideoTitle(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_videoTitle, buffer, capacity, length);
@@ -182,7 +182,7 @@ static inline jx_status JXVideoAdEvent_getVideoTitle(const jx_object* event, cha
 static inline jx_status JXVideoAdEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_publisher, value);
 }
-/// Writes `publisher`.
+/// Writes `publisher` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getPublisher(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_publisher, buffer, capacity, length);
@@ -194,7 +194,7 @@ static inline jx_status JXVideoAdEvent_getPublisher(const jx_object* event, char
 static inline jx_status JXVideoAdEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getName(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_name, buffer, capacity, length);
@@ -206,7 +206,7 @@ static inline jx_status JXVideoAdEvent_getName(const jx_object* event, char* buf
 static inline jx_status JXVideoAdEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getPageType(const jx_object* event, char* buffer,
                                                    size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_pageType, buffer, capacity, length);
@@ -218,7 +218,7 @@ static inline jx_status JXVideoAdEvent_getPageType(const jx_object* event, char*
 static inline jx_status JXVideoAdEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoAdEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoAdEvent_getPageName(const jx_object* event, char* buffer,
                                                    size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoAdEvent_pageName, buffer, capacity, length);

@@ -28,7 +28,7 @@ static inline jx_status JXVideoContentEvent_create(EJXVideoContentMode mode, con
 static inline jx_status JXVideoContentEvent_setContentPodID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_contentPodID, value);
 }
-/// Writes `contentPodID`.
+/// Writes `contentPodID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getContentPodID(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_contentPodID, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXVideoContentEvent_setVideoDescription(jx_object* event
                                                                 const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_videoDescription, value);
 }
-/// Writes `videoDescription`.
+/// Writes `videoDescription` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getVideoDescription(const jx_object* event,
                                                                 char* buffer, size_t capacity,
                                                                 size_t* length) {
@@ -55,7 +55,7 @@ static inline jx_status JXVideoContentEvent_getVideoDescription(const jx_object*
 static inline jx_status JXVideoContentEvent_setSeason(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_season, value);
 }
-/// Writes `season`.
+/// Writes `season` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getSeason(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_season, buffer, capacity, length);
@@ -67,7 +67,7 @@ static inline jx_status JXVideoContentEvent_getSeason(const jx_object* event, ch
 static inline jx_status JXVideoContentEvent_setEpisode(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_episode, value);
 }
-/// Writes `episode`.
+/// Writes `episode` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getEpisode(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_episode, buffer, capacity, length);
@@ -79,7 +79,7 @@ static inline jx_status JXVideoContentEvent_getEpisode(const jx_object* event, c
 static inline jx_status JXVideoContentEvent_setProgram(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_program, value);
 }
-/// Writes `program`.
+/// Writes `program` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getProgram(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_program, buffer, capacity, length);
@@ -91,7 +91,7 @@ static inline jx_status JXVideoContentEvent_getProgram(const jx_object* event, c
 static inline jx_status JXVideoContentEvent_setChannel(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_channel, value);
 }
-/// Writes `channel`.
+/// Writes `channel` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getChannel(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_channel, buffer, capacity, length);
@@ -103,7 +103,7 @@ static inline jx_status JXVideoContentEvent_getChannel(const jx_object* event, c
 static inline jx_status JXVideoContentEvent_setContentAssetID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_contentAssetID, value);
 }
-/// Writes `contentAssetID`.
+/// Writes `contentAssetID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getContentAssetID(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_contentAssetID, buffer, capacity, length);
@@ -115,7 +115,7 @@ static inline jx_status JXVideoContentEvent_getContentAssetID(const jx_object* e
 static inline jx_status JXVideoContentEvent_setVideoCategory(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_videoCategory, value);
 }
-/// Writes `videoCategory`.
+/// Writes `videoCategory` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getVideoCategory(const jx_object* event, char* buffer,
                                                              size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_videoCategory, buffer, capacity, length);
@@ -128,7 +128,7 @@ static inline jx_status JXVideoContentEvent_getVideoCategory(const jx_object* ev
 static inline jx_status JXVideoContentEvent_setAirDate(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_airDate, value);
 }
-/// Writes `airDate`.
+/// Writes `airDate` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getAirDate(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_airDate, buffer, capacity, length);
@@ -151,11 +151,11 @@ static inline jx_status JXVideoContentEvent_keywords_append_number(jx_object* ev
                                                                    const char* number) {
   return jx_object_list_insert_number(event, JXVideoContentEvent_keywords, JX_LIST_END, number);
 }
-/// Appends a boolean to `keywords`.
+/// Appends a Boolean to `keywords`.
 static inline jx_status JXVideoContentEvent_keywords_append_boolean(jx_object* event, bool value) {
   return jx_object_list_insert_boolean(event, JXVideoContentEvent_keywords, JX_LIST_END, value);
 }
-/// Writes `keywords` as a JSON array.
+/// Writes `keywords` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getKeywords(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoContentEvent_keywords, buffer, capacity, length);
@@ -202,7 +202,7 @@ static inline jx_status JXVideoContentEvent_setBitrate(jx_object* event, const c
 static inline jx_status JXVideoContentEvent_setBitrate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoContentEvent_bitrate, value);
 }
-/// Writes `bitrate` as a decimal string.
+/// Writes `bitrate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getBitrate(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoContentEvent_bitrate, buffer, capacity, length);
@@ -218,7 +218,7 @@ static inline jx_status JXVideoContentEvent_setFramerate(jx_object* event, const
 static inline jx_status JXVideoContentEvent_setFramerate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoContentEvent_framerate, value);
 }
-/// Writes `framerate` as a decimal string.
+/// Writes `framerate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getFramerate(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoContentEvent_framerate, buffer, capacity, length);
@@ -235,7 +235,7 @@ static inline jx_status JXVideoContentEvent_setTotalLength_integer(jx_object* ev
                                                                    int64_t value) {
   return jx_object_set_integer(event, JXVideoContentEvent_totalLength, value);
 }
-/// Writes `totalLength` as a decimal string.
+/// Writes `totalLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getTotalLength(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoContentEvent_totalLength, buffer, capacity, length);
@@ -247,7 +247,7 @@ static inline jx_status JXVideoContentEvent_getTotalLength(const jx_object* even
 static inline jx_status JXVideoContentEvent_setVideoSessionID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_videoSessionID, value);
 }
-/// Writes `videoSessionID`.
+/// Writes `videoSessionID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getVideoSessionID(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_videoSessionID, buffer, capacity, length);
@@ -265,7 +265,7 @@ static inline jx_status JXVideoContentEvent_setCursorPosition_integer(jx_object*
                                                                       int64_t value) {
   return jx_object_set_integer(event, JXVideoContentEvent_cursorPosition, value);
 }
-/// Writes `cursorPosition` as a decimal string.
+/// Writes `cursorPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getCursorPosition(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoContentEvent_cursorPosition, buffer, capacity, length);
@@ -277,7 +277,7 @@ static inline jx_status JXVideoContentEvent_getCursorPosition(const jx_object* e
 static inline jx_status JXVideoContentEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_videoTitle, value);
 }
-/// Writes `videoTitle`.
+/// Writes `videoTitle` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getVideoTitle(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_videoTitle, buffer, capacity, length);
@@ -289,7 +289,7 @@ static inline jx_status JXVideoContentEvent_getVideoTitle(const jx_object* event
 static inline jx_status JXVideoContentEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_publisher, value);
 }
-/// Writes `publisher`.
+/// Writes `publisher` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getPublisher(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_publisher, buffer, capacity, length);
@@ -301,7 +301,7 @@ static inline jx_status JXVideoContentEvent_getPublisher(const jx_object* event,
 static inline jx_status JXVideoContentEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_name, buffer, capacity, length);
@@ -313,7 +313,7 @@ static inline jx_status JXVideoContentEvent_getName(const jx_object* event, char
 static inline jx_status JXVideoContentEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getPageType(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_pageType, buffer, capacity, length);
@@ -325,7 +325,7 @@ static inline jx_status JXVideoContentEvent_getPageType(const jx_object* event, 
 static inline jx_status JXVideoContentEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoContentEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoContentEvent_getPageName(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoContentEvent_pageName, buffer, capacity, length);

@@ -25,7 +25,7 @@ static inline jx_status JXVideoEvent_create(jx_object** event) {
 static inline jx_status JXVideoEvent_setVideoSessionID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_videoSessionID, value);
 }
-/// Writes `videoSessionID`.
+/// Writes `videoSessionID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getVideoSessionID(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_videoSessionID, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXVideoEvent_setCursorPosition(jx_object* event, const c
 static inline jx_status JXVideoEvent_setCursorPosition_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoEvent_cursorPosition, value);
 }
-/// Writes `cursorPosition` as a decimal string.
+/// Writes `cursorPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getCursorPosition(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoEvent_cursorPosition, buffer, capacity, length);
@@ -57,7 +57,7 @@ static inline jx_status JXVideoEvent_setTotalLength(jx_object* event, const char
 static inline jx_status JXVideoEvent_setTotalLength_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoEvent_totalLength, value);
 }
-/// Writes `totalLength` as a decimal string.
+/// Writes `totalLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getTotalLength(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoEvent_totalLength, buffer, capacity, length);
@@ -69,7 +69,7 @@ static inline jx_status JXVideoEvent_getTotalLength(const jx_object* event, char
 static inline jx_status JXVideoEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_videoTitle, value);
 }
-/// Writes `videoTitle`.
+/// Writes `videoTitle` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getVideoTitle(const jx_object* event, char* buffer,
                                                    size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_videoTitle, buffer, capacity, length);
@@ -81,7 +81,7 @@ static inline jx_status JXVideoEvent_getVideoTitle(const jx_object* event, char*
 static inline jx_status JXVideoEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_publisher, value);
 }
-/// Writes `publisher`.
+/// Writes `publisher` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getPublisher(const jx_object* event, char* buffer,
                                                   size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_publisher, buffer, capacity, length);
@@ -93,7 +93,7 @@ static inline jx_status JXVideoEvent_getPublisher(const jx_object* event, char* 
 static inline jx_status JXVideoEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getName(const jx_object* event, char* buffer, size_t capacity,
                                              size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_name, buffer, capacity, length);
@@ -105,7 +105,7 @@ static inline jx_status JXVideoEvent_getName(const jx_object* event, char* buffe
 static inline jx_status JXVideoEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getPageType(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_pageType, buffer, capacity, length);
@@ -117,7 +117,7 @@ static inline jx_status JXVideoEvent_getPageType(const jx_object* event, char* b
 static inline jx_status JXVideoEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoEvent_getPageName(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoEvent_pageName, buffer, capacity, length);

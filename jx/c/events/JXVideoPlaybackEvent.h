@@ -29,7 +29,7 @@ static inline jx_status JXVideoPlaybackEvent_create(EJXVideoPlaybackMode mode,
 static inline jx_status JXVideoPlaybackEvent_setVideoPlayer(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_videoPlayer, value);
 }
-/// Writes `videoPlayer`.
+/// Writes `videoPlayer` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getVideoPlayer(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_videoPlayer, buffer, capacity, length);
@@ -42,7 +42,7 @@ static inline jx_status JXVideoPlaybackEvent_getVideoPlayer(const jx_object* eve
 static inline jx_status JXVideoPlaybackEvent_setAdtype(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_adtype, value);
 }
-/// Writes `adtype`.
+/// Writes `adtype` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getAdtype(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_adtype, buffer, capacity, length);
@@ -54,7 +54,7 @@ static inline jx_status JXVideoPlaybackEvent_getAdtype(const jx_object* event, c
 static inline jx_status JXVideoPlaybackEvent_setImageQuality(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_imageQuality, value);
 }
-/// Writes `imageQuality`.
+/// Writes `imageQuality` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getImageQuality(const jx_object* event, char* buffer,
                                                              size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_imageQuality, buffer, capacity, length);
@@ -67,7 +67,7 @@ static inline jx_status JXVideoPlaybackEvent_setInterruptionMethod(jx_object* ev
                                                                    const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_interruptionMethod, value);
 }
-/// Writes `interruptionMethod`.
+/// Writes `interruptionMethod` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getInterruptionMethod(const jx_object* event,
                                                                    char* buffer, size_t capacity,
                                                                    size_t* length) {
@@ -81,7 +81,7 @@ static inline jx_status JXVideoPlaybackEvent_getInterruptionMethod(const jx_obje
 static inline jx_status JXVideoPlaybackEvent_setVideoCategory(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_videoCategory, value);
 }
-/// Writes `videoCategory`.
+/// Writes `videoCategory` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getVideoCategory(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_videoCategory, buffer, capacity, length);
@@ -139,13 +139,13 @@ static inline jx_status JXVideoPlaybackEvent_contentAssetID_append_number(jx_obj
   return jx_object_list_insert_number(event, JXVideoPlaybackEvent_contentAssetID, JX_LIST_END,
                                       number);
 }
-/// Appends a boolean to `contentAssetID`.
+/// Appends a Boolean to `contentAssetID`.
 static inline jx_status JXVideoPlaybackEvent_contentAssetID_append_boolean(jx_object* event,
                                                                            bool value) {
   return jx_object_list_insert_boolean(event, JXVideoPlaybackEvent_contentAssetID, JX_LIST_END,
                                        value);
 }
-/// Writes `contentAssetID` as a JSON array.
+/// Writes `contentAssetID` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getContentAssetID(const jx_object* event, char* buffer,
                                                                size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoPlaybackEvent_contentAssetID, buffer, capacity, length);
@@ -177,13 +177,13 @@ static inline jx_status JXVideoPlaybackEvent_contentPodID_append_number(jx_objec
   return jx_object_list_insert_number(event, JXVideoPlaybackEvent_contentPodID, JX_LIST_END,
                                       number);
 }
-/// Appends a boolean to `contentPodID`.
+/// Appends a Boolean to `contentPodID`.
 static inline jx_status JXVideoPlaybackEvent_contentPodID_append_boolean(jx_object* event,
                                                                          bool value) {
   return jx_object_list_insert_boolean(event, JXVideoPlaybackEvent_contentPodID, JX_LIST_END,
                                        value);
 }
-/// Writes `contentPodID` as a JSON array.
+/// Writes `contentPodID` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getContentPodID(const jx_object* event, char* buffer,
                                                              size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoPlaybackEvent_contentPodID, buffer, capacity, length);
@@ -214,12 +214,12 @@ static inline jx_status JXVideoPlaybackEvent_adAssetID_append_number(jx_object* 
                                                                      const char* number) {
   return jx_object_list_insert_number(event, JXVideoPlaybackEvent_adAssetID, JX_LIST_END, number);
 }
-/// Appends a boolean to `adAssetID`.
+/// Appends a Boolean to `adAssetID`.
 static inline jx_status JXVideoPlaybackEvent_adAssetID_append_boolean(jx_object* event,
                                                                       bool value) {
   return jx_object_list_insert_boolean(event, JXVideoPlaybackEvent_adAssetID, JX_LIST_END, value);
 }
-/// Writes `adAssetID` as a JSON array.
+/// Writes `adAssetID` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getAdAssetID(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoPlaybackEvent_adAssetID, buffer, capacity, length);
@@ -250,11 +250,11 @@ static inline jx_status JXVideoPlaybackEvent_adPodID_append_number(jx_object* ev
                                                                    const char* number) {
   return jx_object_list_insert_number(event, JXVideoPlaybackEvent_adPodID, JX_LIST_END, number);
 }
-/// Appends a boolean to `adPodID`.
+/// Appends a Boolean to `adPodID`.
 static inline jx_status JXVideoPlaybackEvent_adPodID_append_boolean(jx_object* event, bool value) {
   return jx_object_list_insert_boolean(event, JXVideoPlaybackEvent_adPodID, JX_LIST_END, value);
 }
-/// Writes `adPodID` as a JSON array.
+/// Writes `adPodID` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getAdPodID(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoPlaybackEvent_adPodID, buffer, capacity, length);
@@ -279,7 +279,7 @@ static inline jx_status JXVideoPlaybackEvent_setSeekPosition_integer(jx_object* 
                                                                      int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_seekPosition, value);
 }
-/// Writes `seekPosition` as a decimal string.
+/// Writes `seekPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getSeekPosition(const jx_object* event, char* buffer,
                                                              size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_seekPosition, buffer, capacity, length);
@@ -296,7 +296,7 @@ static inline jx_status JXVideoPlaybackEvent_setBitrate(jx_object* event, const 
 static inline jx_status JXVideoPlaybackEvent_setBitrate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_bitrate, value);
 }
-/// Writes `bitrate` as a decimal string.
+/// Writes `bitrate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getBitrate(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_bitrate, buffer, capacity, length);
@@ -312,7 +312,7 @@ static inline jx_status JXVideoPlaybackEvent_setFramerate(jx_object* event, cons
 static inline jx_status JXVideoPlaybackEvent_setFramerate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_framerate, value);
 }
-/// Writes `framerate` as a decimal string.
+/// Writes `framerate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getFramerate(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_framerate, buffer, capacity, length);
@@ -328,7 +328,7 @@ static inline jx_status JXVideoPlaybackEvent_setSound(jx_object* event, const ch
 static inline jx_status JXVideoPlaybackEvent_setSound_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_sound, value);
 }
-/// Writes `sound` as a decimal string.
+/// Writes `sound` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getSound(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_sound, buffer, capacity, length);
@@ -341,7 +341,7 @@ static inline jx_status JXVideoPlaybackEvent_setVideoSessionID(jx_object* event,
                                                                const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_videoSessionID, value);
 }
-/// Writes `videoSessionID`.
+/// Writes `videoSessionID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getVideoSessionID(const jx_object* event, char* buffer,
                                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_videoSessionID, buffer, capacity, length);
@@ -359,7 +359,7 @@ static inline jx_status JXVideoPlaybackEvent_setCursorPosition_integer(jx_object
                                                                        int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_cursorPosition, value);
 }
-/// Writes `cursorPosition` as a decimal string.
+/// Writes `cursorPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getCursorPosition(const jx_object* event, char* buffer,
                                                                size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_cursorPosition, buffer, capacity, length);
@@ -376,7 +376,7 @@ static inline jx_status JXVideoPlaybackEvent_setTotalLength_integer(jx_object* e
                                                                     int64_t value) {
   return jx_object_set_integer(event, JXVideoPlaybackEvent_totalLength, value);
 }
-/// Writes `totalLength` as a decimal string.
+/// Writes `totalLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getTotalLength(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoPlaybackEvent_totalLength, buffer, capacity, length);
@@ -388,7 +388,7 @@ static inline jx_status JXVideoPlaybackEvent_getTotalLength(const jx_object* eve
 static inline jx_status JXVideoPlaybackEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_videoTitle, value);
 }
-/// Writes `videoTitle`.
+/// Writes `videoTitle` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getVideoTitle(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_videoTitle, buffer, capacity, length);
@@ -400,7 +400,7 @@ static inline jx_status JXVideoPlaybackEvent_getVideoTitle(const jx_object* even
 static inline jx_status JXVideoPlaybackEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_publisher, value);
 }
-/// Writes `publisher`.
+/// Writes `publisher` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getPublisher(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_publisher, buffer, capacity, length);
@@ -412,7 +412,7 @@ static inline jx_status JXVideoPlaybackEvent_getPublisher(const jx_object* event
 static inline jx_status JXVideoPlaybackEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getName(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_name, buffer, capacity, length);
@@ -424,7 +424,7 @@ static inline jx_status JXVideoPlaybackEvent_getName(const jx_object* event, cha
 static inline jx_status JXVideoPlaybackEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getPageType(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_pageType, buffer, capacity, length);
@@ -436,7 +436,7 @@ static inline jx_status JXVideoPlaybackEvent_getPageType(const jx_object* event,
 static inline jx_status JXVideoPlaybackEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoPlaybackEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoPlaybackEvent_getPageName(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoPlaybackEvent_pageName, buffer, capacity, length);

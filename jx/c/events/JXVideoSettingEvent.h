@@ -28,7 +28,7 @@ static inline jx_status JXVideoSettingEvent_create(EJXVideoSettingMode mode, con
 static inline jx_status JXVideoSettingEvent_setContentPodID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_contentPodID, value);
 }
-/// Writes `contentPodID`.
+/// Writes `contentPodID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getContentPodID(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_contentPodID, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXVideoSettingEvent_getContentPodID(const jx_object* eve
 static inline jx_status JXVideoSettingEvent_setContentAssetID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_contentAssetID, value);
 }
-/// Writes `contentAssetID`.
+/// Writes `contentAssetID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getContentAssetID(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_contentAssetID, buffer, capacity, length);
@@ -52,7 +52,7 @@ static inline jx_status JXVideoSettingEvent_getContentAssetID(const jx_object* e
 static inline jx_status JXVideoSettingEvent_setAdAssetID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_adAssetID, value);
 }
-/// Writes `adAssetID`.
+/// Writes `adAssetID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getAdAssetID(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_adAssetID, buffer, capacity, length);
@@ -64,7 +64,7 @@ static inline jx_status JXVideoSettingEvent_getAdAssetID(const jx_object* event,
 static inline jx_status JXVideoSettingEvent_setAdPodID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_adPodID, value);
 }
-/// Writes `adPodID`.
+/// Writes `adPodID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getAdPodID(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_adPodID, buffer, capacity, length);
@@ -76,7 +76,7 @@ static inline jx_status JXVideoSettingEvent_getAdPodID(const jx_object* event, c
 static inline jx_status JXVideoSettingEvent_setAdType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_adType, value);
 }
-/// Writes `adType`.
+/// Writes `adType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getAdType(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_adType, buffer, capacity, length);
@@ -89,7 +89,7 @@ static inline jx_status JXVideoSettingEvent_setVideoDescription(jx_object* event
                                                                 const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_videoDescription, value);
 }
-/// Writes `videoDescription`.
+/// Writes `videoDescription` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getVideoDescription(const jx_object* event,
                                                                 char* buffer, size_t capacity,
                                                                 size_t* length) {
@@ -103,7 +103,7 @@ static inline jx_status JXVideoSettingEvent_getVideoDescription(const jx_object*
 static inline jx_status JXVideoSettingEvent_setSeason(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_season, value);
 }
-/// Writes `season`.
+/// Writes `season` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getSeason(const jx_object* event, char* buffer,
                                                       size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_season, buffer, capacity, length);
@@ -115,7 +115,7 @@ static inline jx_status JXVideoSettingEvent_getSeason(const jx_object* event, ch
 static inline jx_status JXVideoSettingEvent_setEpisode(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_episode, value);
 }
-/// Writes `episode`.
+/// Writes `episode` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getEpisode(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_episode, buffer, capacity, length);
@@ -127,7 +127,7 @@ static inline jx_status JXVideoSettingEvent_getEpisode(const jx_object* event, c
 static inline jx_status JXVideoSettingEvent_setVideoCategory(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_videoCategory, value);
 }
-/// Writes `videoCategory`.
+/// Writes `videoCategory` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getVideoCategory(const jx_object* event, char* buffer,
                                                              size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_videoCategory, buffer, capacity, length);
@@ -139,7 +139,7 @@ static inline jx_status JXVideoSettingEvent_getVideoCategory(const jx_object* ev
 static inline jx_status JXVideoSettingEvent_setProgram(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_program, value);
 }
-/// Writes `program`.
+/// Writes `program` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getProgram(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_program, buffer, capacity, length);
@@ -151,7 +151,7 @@ static inline jx_status JXVideoSettingEvent_getProgram(const jx_object* event, c
 static inline jx_status JXVideoSettingEvent_setChannel(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_channel, value);
 }
-/// Writes `channel`.
+/// Writes `channel` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getChannel(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_channel, buffer, capacity, length);
@@ -164,7 +164,7 @@ static inline jx_status JXVideoSettingEvent_getChannel(const jx_object* event, c
 static inline jx_status JXVideoSettingEvent_setAirdate(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_airdate, value);
 }
-/// Writes `airdate`.
+/// Writes `airdate` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getAirdate(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_airdate, buffer, capacity, length);
@@ -176,7 +176,7 @@ static inline jx_status JXVideoSettingEvent_getAirdate(const jx_object* event, c
 static inline jx_status JXVideoSettingEvent_setImageQuality(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_imageQuality, value);
 }
-/// Writes `imageQuality`.
+/// Writes `imageQuality` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getImageQuality(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_imageQuality, buffer, capacity, length);
@@ -199,11 +199,11 @@ static inline jx_status JXVideoSettingEvent_keywords_append_number(jx_object* ev
                                                                    const char* number) {
   return jx_object_list_insert_number(event, JXVideoSettingEvent_keywords, JX_LIST_END, number);
 }
-/// Appends a boolean to `keywords`.
+/// Appends a Boolean to `keywords`.
 static inline jx_status JXVideoSettingEvent_keywords_append_boolean(jx_object* event, bool value) {
   return jx_object_list_insert_boolean(event, JXVideoSettingEvent_keywords, JX_LIST_END, value);
 }
-/// Writes `keywords` as a JSON array.
+/// Writes `keywords` as a JSON array to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getKeywords(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXVideoSettingEvent_keywords, buffer, capacity, length);
@@ -272,7 +272,7 @@ static inline jx_status JXVideoSettingEvent_setBitrate(jx_object* event, const c
 static inline jx_status JXVideoSettingEvent_setBitrate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoSettingEvent_bitrate, value);
 }
-/// Writes `bitrate` as a decimal string.
+/// Writes `bitrate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getBitrate(const jx_object* event, char* buffer,
                                                        size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoSettingEvent_bitrate, buffer, capacity, length);
@@ -288,7 +288,7 @@ static inline jx_status JXVideoSettingEvent_setFramerate(jx_object* event, const
 static inline jx_status JXVideoSettingEvent_setFramerate_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoSettingEvent_framerate, value);
 }
-/// Writes `framerate` as a decimal string.
+/// Writes `framerate` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getFramerate(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoSettingEvent_framerate, buffer, capacity, length);
@@ -304,7 +304,7 @@ static inline jx_status JXVideoSettingEvent_setSound(jx_object* event, const cha
 static inline jx_status JXVideoSettingEvent_setSound_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXVideoSettingEvent_sound, value);
 }
-/// Writes `sound` as a decimal string.
+/// Writes `sound` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getSound(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoSettingEvent_sound, buffer, capacity, length);
@@ -316,7 +316,7 @@ static inline jx_status JXVideoSettingEvent_getSound(const jx_object* event, cha
 static inline jx_status JXVideoSettingEvent_setVideoSessionID(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_videoSessionID, value);
 }
-/// Writes `videoSessionID`.
+/// Writes `videoSessionID` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getVideoSessionID(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_videoSessionID, buffer, capacity, length);
@@ -334,7 +334,7 @@ static inline jx_status JXVideoSettingEvent_setCursorPosition_integer(jx_object*
                                                                       int64_t value) {
   return jx_object_set_integer(event, JXVideoSettingEvent_cursorPosition, value);
 }
-/// Writes `cursorPosition` as a decimal string.
+/// Writes `cursorPosition` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getCursorPosition(const jx_object* event, char* buffer,
                                                               size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoSettingEvent_cursorPosition, buffer, capacity, length);
@@ -351,7 +351,7 @@ static inline jx_status JXVideoSettingEvent_setTotalLength_integer(jx_object* ev
                                                                    int64_t value) {
   return jx_object_set_integer(event, JXVideoSettingEvent_totalLength, value);
 }
-/// Writes `totalLength` as a decimal string.
+/// Writes `totalLength` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getTotalLength(const jx_object* event, char* buffer,
                                                            size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXVideoSettingEvent_totalLength, buffer, capacity, length);
@@ -363,7 +363,7 @@ static inline jx_status JXVideoSettingEvent_getTotalLength(const jx_object* even
 static inline jx_status JXVideoSettingEvent_setVideoTitle(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_videoTitle, value);
 }
-/// Writes `videoTitle`.
+/// Writes `videoTitle` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getVideoTitle(const jx_object* event, char* buffer,
                                                           size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_videoTitle, buffer, capacity, length);
@@ -375,7 +375,7 @@ static inline jx_status JXVideoSettingEvent_getVideoTitle(const jx_object* event
 static inline jx_status JXVideoSettingEvent_setPublisher(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_publisher, value);
 }
-/// Writes `publisher`.
+/// Writes `publisher` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getPublisher(const jx_object* event, char* buffer,
                                                          size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_publisher, buffer, capacity, length);
@@ -387,7 +387,7 @@ static inline jx_status JXVideoSettingEvent_getPublisher(const jx_object* event,
 static inline jx_status JXVideoSettingEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_name, buffer, capacity, length);
@@ -399,7 +399,7 @@ static inline jx_status JXVideoSettingEvent_getName(const jx_object* event, char
 static inline jx_status JXVideoSettingEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getPageType(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_pageType, buffer, capacity, length);
@@ -411,7 +411,7 @@ static inline jx_status JXVideoSettingEvent_getPageType(const jx_object* event, 
 static inline jx_status JXVideoSettingEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXVideoSettingEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXVideoSettingEvent_getPageName(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXVideoSettingEvent_pageName, buffer, capacity, length);

@@ -24,7 +24,7 @@ static inline jx_status JXViewCartEvent_create(jx_object** event) {
 static inline jx_status JXViewCartEvent_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewCartEvent_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getCurrency(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewCartEvent_currency, buffer, capacity, length);
@@ -40,7 +40,7 @@ static inline jx_status JXViewCartEvent_setValue(jx_object* event, const char* n
 static inline jx_status JXViewCartEvent_setValue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXViewCartEvent_value, value);
 }
-/// Writes `value` as a decimal string.
+/// Writes `value` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getValue(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_number(event, JXViewCartEvent_value, buffer, capacity, length);
@@ -52,7 +52,7 @@ static inline jx_status JXViewCartEvent_getValue(const jx_object* event, char* b
 static inline jx_status JXViewCartEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXViewCartEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getItems(const jx_object* event, char* buffer,
                                                  size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXViewCartEvent_items, buffer, capacity, length);
@@ -72,7 +72,7 @@ static inline jx_status JXViewCartEvent_items_clear(jx_object* event) {
 static inline jx_status JXViewCartEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewCartEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getName(const jx_object* event, char* buffer,
                                                 size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewCartEvent_name, buffer, capacity, length);
@@ -84,7 +84,7 @@ static inline jx_status JXViewCartEvent_getName(const jx_object* event, char* bu
 static inline jx_status JXViewCartEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewCartEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getPageType(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewCartEvent_pageType, buffer, capacity, length);
@@ -96,7 +96,7 @@ static inline jx_status JXViewCartEvent_getPageType(const jx_object* event, char
 static inline jx_status JXViewCartEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewCartEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewCartEvent_getPageName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewCartEvent_pageName, buffer, capacity, length);

@@ -25,7 +25,7 @@ static inline jx_status JXViewItem_create(jx_object** event) {
 static inline jx_status JXViewItem_setCurrency(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItem_currency, value);
 }
-/// Writes `currency`.
+/// Writes `currency` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getCurrency(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItem_currency, buffer, capacity, length);
@@ -41,7 +41,7 @@ static inline jx_status JXViewItem_setRevenue(jx_object* event, const char* numb
 static inline jx_status JXViewItem_setRevenue_integer(jx_object* event, int64_t value) {
   return jx_object_set_integer(event, JXViewItem_revenue, value);
 }
-/// Writes `revenue` as a decimal string.
+/// Writes `revenue` as a decimal string to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getRevenue(const jx_object* event, char* buffer, size_t capacity,
                                               size_t* length) {
   return jx_object_get_number(event, JXViewItem_revenue, buffer, capacity, length);
@@ -53,7 +53,7 @@ static inline jx_status JXViewItem_getRevenue(const jx_object* event, char* buff
 static inline jx_status JXViewItem_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXViewItem_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getItems(const jx_object* event, char* buffer, size_t capacity,
                                             size_t* length) {
   return jx_object_get_json(event, JXViewItem_items, buffer, capacity, length);
@@ -73,7 +73,7 @@ static inline jx_status JXViewItem_items_clear(jx_object* event) {
 static inline jx_status JXViewItem_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItem_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getName(const jx_object* event, char* buffer, size_t capacity,
                                            size_t* length) {
   return jx_object_get_string(event, JXViewItem_name, buffer, capacity, length);
@@ -85,7 +85,7 @@ static inline jx_status JXViewItem_getName(const jx_object* event, char* buffer,
 static inline jx_status JXViewItem_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItem_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getPageType(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItem_pageType, buffer, capacity, length);
@@ -97,7 +97,7 @@ static inline jx_status JXViewItem_getPageType(const jx_object* event, char* buf
 static inline jx_status JXViewItem_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItem_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItem_getPageName(const jx_object* event, char* buffer,
                                                size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItem_pageName, buffer, capacity, length);

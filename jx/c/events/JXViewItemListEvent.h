@@ -24,7 +24,7 @@ static inline jx_status JXViewItemListEvent_create(jx_object** event) {
 static inline jx_status JXViewItemListEvent_setItemListName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItemListEvent_itemListName, value);
 }
-/// Writes `itemListName`.
+/// Writes `itemListName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItemListEvent_getItemListName(const jx_object* event, char* buffer,
                                                             size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItemListEvent_itemListName, buffer, capacity, length);
@@ -36,7 +36,7 @@ static inline jx_status JXViewItemListEvent_getItemListName(const jx_object* eve
 static inline jx_status JXViewItemListEvent_items_append(jx_object* event, const jx_object* item) {
   return jx_object_list_insert_item(event, JXViewItemListEvent_items, JX_LIST_END, item);
 }
-/// Writes `items` as a JSON array of properties.
+/// Writes `items` as a JSON array of properties to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItemListEvent_getItems(const jx_object* event, char* buffer,
                                                      size_t capacity, size_t* length) {
   return jx_object_get_json(event, JXViewItemListEvent_items, buffer, capacity, length);
@@ -56,7 +56,7 @@ static inline jx_status JXViewItemListEvent_items_clear(jx_object* event) {
 static inline jx_status JXViewItemListEvent_setName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItemListEvent_name, value);
 }
-/// Writes `name`.
+/// Writes `name` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItemListEvent_getName(const jx_object* event, char* buffer,
                                                     size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItemListEvent_name, buffer, capacity, length);
@@ -68,7 +68,7 @@ static inline jx_status JXViewItemListEvent_getName(const jx_object* event, char
 static inline jx_status JXViewItemListEvent_setPageType(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItemListEvent_pageType, value);
 }
-/// Writes `pageType`.
+/// Writes `pageType` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItemListEvent_getPageType(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItemListEvent_pageType, buffer, capacity, length);
@@ -80,7 +80,7 @@ static inline jx_status JXViewItemListEvent_getPageType(const jx_object* event, 
 static inline jx_status JXViewItemListEvent_setPageName(jx_object* event, const char* value) {
   return jx_object_set_string(event, JXViewItemListEvent_pageName, value);
 }
-/// Writes `pageName`.
+/// Writes `pageName` to `buffer`; see `jx_object_json`.
 static inline jx_status JXViewItemListEvent_getPageName(const jx_object* event, char* buffer,
                                                         size_t capacity, size_t* length) {
   return jx_object_get_string(event, JXViewItemListEvent_pageName, buffer, capacity, length);

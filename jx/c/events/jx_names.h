@@ -74,7 +74,7 @@ typedef enum EJXAdLoadType {
 #define JX_ID "id"
 #define JX_EVENTTIMESTAMP "event_timestamp"
 
-// Event keys.
+// Event keys. JXE_NAME, JXP_NAME and JXA_NAME are all "name", on purpose.
 
 #define JXE_EVENT "event_name"
 #define JXE_EVENTID "event_id"
@@ -111,7 +111,7 @@ typedef enum EJXAdLoadType {
 #define JXI_QUANTITY "quantity"
 #define JXI_AFFILIATION "affiliation"
 
-// Product keys.
+// Product keys. The key of a product's category is JXP_CATEGORY_N followed by its number, from 1.
 
 #define JXP_PRICE "price"
 #define JXP_BRAND "brand"
@@ -327,7 +327,7 @@ typedef enum EJXAdLoadType {
 static const char JX_ID[] = "id";
 static const char JX_EVENTTIMESTAMP[] = "event_timestamp";
 
-// Event keys.
+// Event keys. JXE_NAME, JXP_NAME and JXA_NAME are all "name", on purpose.
 
 static const char JXE_EVENT[] = "event_name";
 static const char JXE_EVENTID[] = "event_id";
@@ -364,7 +364,7 @@ static const char JXI_DISCOUNT[] = "discount";
 static const char JXI_QUANTITY[] = "quantity";
 static const char JXI_AFFILIATION[] = "affiliation";
 
-// Product keys.
+// Product keys. The key of a product's category is JXP_CATEGORY_N followed by its number, from 1.
 
 static const char JXP_PRICE[] = "price";
 static const char JXP_BRAND[] = "brand";
