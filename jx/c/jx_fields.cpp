@@ -7,13 +7,13 @@
 
 namespace {
 
+using jx::JXFieldInfo;
 using jx::JXFieldKind;
 using jx::JXJsonArray;
 using jx::JXJsonValue;
 using jx::c::JXCObject;
 using jx::c::onField;
 using jx::c::Result;
-using Field = JXCObject::Field;
 using Kinds = std::initializer_list<JXFieldKind>;
 
 constexpr Kinds kLists = {JXFieldKind::Strings, JXFieldKind::NumberedStrings, JXFieldKind::Values,
@@ -26,7 +26,7 @@ template <typename Use>
 jx_status getValue(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                    const Use& use) {
   return onField(operation, object, name, kinds,
-                 [&](JXCObject& found, const Field& field) -> Result {
+                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
                    const JXJsonValue value = found.get(field);
                    return value.isPresent() ? use(value) : JX_ERROR_NOT_SET;
                  });
@@ -37,7 +37,7 @@ template <typename Use>
 jx_status onList(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                  const Use& use) {
   return onField(operation, object, name, kinds,
-                 [&](JXCObject& found, const Field& field) -> Result {
+                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
                    JXJsonArray list = found.list(field);
                    return list.isPresent() ? use(list, field) : JX_ERROR_NOT_SET;
                  });
@@ -52,17 +52,18 @@ Result outOfRange(const char* field, size_t index) {
 template <typename Use>
 jx_status onElement(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                     size_t index, const Use& use) {
-  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const Field&) -> Result {
-    const JXJsonValue element = list.at(index);
-    return element.isPresent() ? use(element) : outOfRange(name, index);
-  });
+  return onList(operation, object, name, kinds,
+                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
+                  const JXJsonValue element = list.at(index);
+                  return element.isPresent() ? use(element) : outOfRange(name, index);
+                });
 }
 
 // `create` reads the element; an absent one is not inserted.
 template <typename Create>
 jx_status insert(const char* operation, jx_object* object, const char* name, Kinds kinds,
                  size_t index, const Create& create) {
-  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const Field& field) {
+  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const JXFieldInfo& field) {
     JXJsonValue element;
     Result result = create(element, field);
     if (result.status == JX_OK) list.insert(index, element);
@@ -73,7 +74,7 @@ jx_status insert(const char* operation, jx_object* object, const char* name, Kin
 jx_status insertItem(const char* operation, jx_object* object, const char* name, size_t index,
                      const jx_object* item) {
   return insert(operation, object, name, {JXFieldKind::Items}, index,
-                [&](JXJsonValue& element, const Field&) {
+                [&](JXJsonValue& element, const JXFieldInfo&) {
                   return jx::c::copyOf(item, "JXItem", "item", element);
                 });
 }
@@ -82,10 +83,9 @@ jx_status insertItem(const char* operation, jx_object* object, const char* name,
 
 jx_status jx_object_get_string(const jx_object* object, const char* field, char* buffer,
                                size_t capacity, size_t* length) {
-  return getValue(__func__, object, field, {JXFieldKind::String},
-                  [&](const JXJsonValue& value, const Field&) {
-                    return jx::c::copyOut(value.string().toStdString(), buffer, capacity, length);
-                  });
+  return getValue(__func__, object, field, {JXFieldKind::String}, [&](const JXJsonValue& value) {
+    return jx::c::copyOut(value.string().toStdString(), buffer, capacity, length);
+  });
 }
 
 jx_status jx_object_get_number(const jx_object* object, const char* field, char* buffer,
@@ -106,9 +106,9 @@ jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool
 
 jx_status jx_object_get_enum(const jx_object* object, const char* field, uint32_t* value) {
   return onField(__func__, object, field, {JXFieldKind::Enumeration},
-                 [&](JXCObject& found, const Field& info) -> Result {
+                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
-                   const auto names = info.info().enumStrings.allEnumerators();
+                   const auto names = info.enumStrings.allEnumerators();
                    const jx::JXString name = found.get(info).string();
                    const auto place = std::find(names.begin(), names.end(), name.view());
                    if (place == names.end()) return JX_ERROR_NOT_SET;
@@ -126,11 +126,12 @@ jx_status jx_object_get_json(const jx_object* object, const char* field, char* b
 
 jx_status jx_object_list_count(const jx_object* object, const char* field, size_t* count) {
   if (count != nullptr) *count = 0;
-  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, const Field&) -> Result {
-    if (count == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    *count = list.size();
-    return JX_OK;
-  });
+  return onList(__func__, object, field, kLists,
+                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
+                  if (count == nullptr) return JX_ERROR_NULL_ARGUMENT;
+                  *count = list.size();
+                  return JX_OK;
+                });
 }
 
 jx_status jx_object_list_get_string(const jx_object* object, const char* field, size_t index,
@@ -157,8 +158,8 @@ jx_status jx_object_list_get_json(const jx_object* object, const char* field, si
 jx_status jx_object_list_insert_string(jx_object* object, const char* field, size_t index,
                                        const char* value) {
   return insert(__func__, object, field, kStringLists, index,
-                [&](JXJsonValue& element, const Field& info) {
-                  const bool isAnyValue = info.info().kind == JXFieldKind::Values;
+                [&](JXJsonValue& element, const JXFieldInfo& info) {
+                  const bool isAnyValue = info.kind == JXFieldKind::Values;
                   element = value != nullptr || isAnyValue ? value : JXJsonValue::null();
                   return Result(JX_OK);
                 });
@@ -167,7 +168,7 @@ jx_status jx_object_list_insert_string(jx_object* object, const char* field, siz
 jx_status jx_object_list_insert_number(jx_object* object, const char* field, size_t index,
                                        const char* value) {
   return insert(__func__, object, field, {JXFieldKind::Values}, index,
-                [&](JXJsonValue& element, const Field&) -> Result {
+                [&](JXJsonValue& element, const JXFieldInfo&) -> Result {
                   if (value == nullptr) return JX_OK;
                   element = JXJsonValue::numberFromString(value);
                   return element.isPresent() ? JX_OK : jx::c::notANumber(field);
@@ -177,23 +178,25 @@ jx_status jx_object_list_insert_number(jx_object* object, const char* field, siz
 jx_status jx_object_list_insert_boolean(jx_object* object, const char* field, size_t index,
                                         bool value) {
   return insert(__func__, object, field, {JXFieldKind::Values}, index,
-                [&](JXJsonValue& element, const Field&) {
+                [&](JXJsonValue& element, const JXFieldInfo&) {
                   element = value;
                   return Result(JX_OK);
                 });
 }
 
 jx_status jx_object_list_insert_null(jx_object* object, const char* field, size_t index) {
-  return insert(__func__, object, field, kLists, index, [](JXJsonValue& element, const Field&) {
-    element = JXJsonValue::null();
-    return Result(JX_OK);
-  });
+  return insert(__func__, object, field, kLists, index,
+                [](JXJsonValue& element, const JXFieldInfo&) {
+                  element = JXJsonValue::null();
+                  return Result(JX_OK);
+                });
 }
 
 jx_status jx_object_list_insert_json(jx_object* object, const char* field, size_t index,
                                      const char* json) {
-  return insert(__func__, object, field, {JXFieldKind::Values}, index,
-                [&](JXJsonValue& element, const Field&) { return jx::c::readJson(json, element); });
+  return insert(
+      __func__, object, field, {JXFieldKind::Values}, index,
+      [&](JXJsonValue& element, const JXFieldInfo&) { return jx::c::readJson(json, element); });
 }
 
 jx_status jx_object_list_insert_item(jx_object* object, const char* field, size_t index,
@@ -206,13 +209,14 @@ jx_status jx_object_add_item(jx_object* object, const char* field, const jx_obje
 }
 
 jx_status jx_object_list_remove(jx_object* object, const char* field, size_t index) {
-  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, const Field&) -> Result {
-    return list.removeAt(index).isPresent() ? JX_OK : outOfRange(field, index);
-  });
+  return onList(__func__, object, field, kLists,
+                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
+                  return list.removeAt(index).isPresent() ? JX_OK : outOfRange(field, index);
+                });
 }
 
 jx_status jx_object_list_clear(jx_object* object, const char* field) {
-  return onField(__func__, object, field, kLists, [&](JXCObject& found, const Field& info) {
+  return onField(__func__, object, field, kLists, [&](JXCObject& found, const JXFieldInfo& info) {
     return jx::c::set(found, field, info, JXJsonArray());
   });
 }

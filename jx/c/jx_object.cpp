@@ -10,6 +10,7 @@
 
 namespace {
 
+using jx::JXFieldInfo;
 using jx::JXFieldKind;
 using jx::JXHandleKind;
 using jx::JXJsonArray;
@@ -18,13 +19,12 @@ using jx::c::JXCObject;
 using jx::c::onField;
 using jx::c::onObject;
 using jx::c::Result;
-using Field = JXCObject::Field;
 
 // `create` returns the value. It runs inside the call because a long string allocates memory.
 template <typename Create>
 jx_status setValue(const char* operation, jx_object* object, const char* name, JXFieldKind kind,
                    const Create& create) {
-  return onField(operation, object, name, {kind}, [&](JXCObject& found, const Field& field) {
+  return onField(operation, object, name, {kind}, [&](JXCObject& found, const JXFieldInfo& field) {
     return jx::c::set(found, name, field, create());
   });
 }
@@ -33,7 +33,7 @@ template <typename Create>
 jx_status setDecimal(const char* operation, jx_object* object, const char* name,
                      const Create& create) {
   return onField(operation, object, name, {JXFieldKind::Number},
-                 [&](JXCObject& found, const Field& field) -> Result {
+                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
                    const jx::JXDecimal number = create();
                    if (number.isNaN()) return jx::c::notANumber(name);
                    return jx::c::set(found, name, field, number);
@@ -67,7 +67,8 @@ jx_status createBlock(const char* operation, jx_object** block) {
   return jx::c::call(operation, [&]() -> Result {
     if (block == nullptr) return JX_ERROR_NULL_ARGUMENT;
     *block = nullptr;
-    return jx::c::give(JXHandleKind::Object, std::make_shared<JXCObject>(Block::init()), block);
+    return jx::c::give(JXHandleKind::Object,
+                       std::make_shared<JXCObject>(Block::blockClass(), Block::init()), block);
   });
 }
 
@@ -131,8 +132,8 @@ jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value
 
 jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value) {
   return onField(__func__, object, field, {JXFieldKind::Enumeration},
-                 [&](JXCObject& found, const Field& info) -> Result {
-                   const jx::JXEnumStrings& strings = info.info().enumStrings;
+                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
+                   const jx::JXEnumStrings& strings = info.enumStrings;
                    if (value >= strings.count) {
                      return {JX_ERROR_UNKNOWN_ENUMERATOR,
                              std::to_string(value) + " is not a value of " + field};
@@ -144,7 +145,7 @@ jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t valu
 jx_status jx_object_set_strings(jx_object* object, const char* field, const char* const* strings,
                                 size_t count) {
   return onField(__func__, object, field, {JXFieldKind::Strings, JXFieldKind::NumberedStrings},
-                 [&](JXCObject& found, const Field& info) {
+                 [&](JXCObject& found, const JXFieldInfo& info) {
                    JXJsonArray list = strings != nullptr ? JXJsonArray() : nullptr;
                    for (size_t i = 0; list.isPresent() && i < count; ++i) {
                      list.append(strings[i] != nullptr ? strings[i] : JXJsonValue::null());
@@ -154,17 +155,18 @@ jx_status jx_object_set_strings(jx_object* object, const char* field, const char
 }
 
 jx_status jx_object_set_product(jx_object* object, const char* field, const jx_object* product) {
-  return onField(
-      __func__, object, field, {JXFieldKind::Product}, [&](JXCObject& found, const Field& info) {
-        JXJsonValue copy;
-        Result result =
-            product == nullptr ? JX_OK : jx::c::copyOf(product, "JXProduct", "product", copy);
-        return result.status == JX_OK ? jx::c::set(found, field, info, copy) : result;
-      });
+  return onField(__func__, object, field, {JXFieldKind::Product},
+                 [&](JXCObject& found, const JXFieldInfo& info) {
+                   JXJsonValue copy;
+                   Result result = product == nullptr
+                                       ? JX_OK
+                                       : jx::c::copyOf(product, "JXProduct", "product", copy);
+                   return result.status == JX_OK ? jx::c::set(found, field, info, copy) : result;
+                 });
 }
 
 jx_status jx_object_set_json(jx_object* object, const char* field, const char* json) {
-  return onField(__func__, object, field, {}, [&](JXCObject& found, const Field& info) {
+  return onField(__func__, object, field, {}, [&](JXCObject& found, const JXFieldInfo& info) {
     JXJsonValue value;
     Result result = jx::c::readJson(json, value);
     return result.status == JX_OK ? jx::c::set(found, field, info, value) : result;
@@ -172,7 +174,7 @@ jx_status jx_object_set_json(jx_object* object, const char* field, const char* j
 }
 
 jx_status jx_object_set_null(jx_object* object, const char* field) {
-  return onField(__func__, object, field, {}, [&](JXCObject& found, const Field& info) {
+  return onField(__func__, object, field, {}, [&](JXCObject& found, const JXFieldInfo& info) {
     return jx::c::set(found, field, info, JXJsonValue());
   });
 }
@@ -199,7 +201,7 @@ jx_status jx_object_json(const jx_object* object, char* buffer, size_t capacity,
 const char* jx_object_class(const jx_object* object) {
   const char* name = nullptr;
   onObject(__func__, object, [&](JXCObject& found) {
-    name = found.className();
+    name = found.type().className.data();
     return Result(JX_OK);
   });
   return name;

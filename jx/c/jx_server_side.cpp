@@ -90,7 +90,7 @@ jx_status jx_execute(jx_server_side* server_side, jx_object* event) {
       const std::shared_ptr<jx::JXEvent> inside = object.event();
       if (inside == nullptr) {
         return {JX_ERROR_WRONG_CLASS,
-                std::string("event must be an event, not a ") + object.className()};
+                std::string("event must be an event, not a ").append(object.type().className)};
       }
       serverSide.execute(inside);
       return JX_OK;

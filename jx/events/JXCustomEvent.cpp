@@ -14,20 +14,15 @@ std::shared_ptr<JXCustomEvent> JXCustomEvent::initWithName(const JXString& name)
 }
 
 const JXEventClass& JXCustomEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXCustomEvent>{};
-  static const auto& type = *new JXEventClass{
-      "JXCustomEvent",
-      &JXEvent::eventClass(),
-      {},
-      &fields,
+  static const auto& type = JXEventClass::of<JXCustomEvent>(
+      JXEvent::eventClass(), "JXCustomEvent", {}, {},
       {
           nonEmptyString(JXE_EVENT),
       },
       JXEventFactory::of<JXCustomEvent>(
           [](int, const JXString& argument) -> std::shared_ptr<JXEvent> {
             return initWithName(argument);
-          }),
-  };
+          }));
   return type;
 }
 

@@ -12,21 +12,12 @@ std::shared_ptr<JXECommerceEvent> JXECommerceEvent::init() {
 }
 
 const JXEventClass& JXECommerceEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXECommerceEvent>{};
-  static const auto& unwritten = *new JXFields<JXECommerceEvent>{
-      {JXE_CURRENCY, "currency", &JXECommerceEvent::currency_},
-      {JXE_ITEMS, "items", &JXECommerceEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXECommerceEvent",
-      &JXEvent::eventClass(),
-      {},
-      &fields,
-      {},
-      createByInit<JXECommerceEvent>,
-      {},
-      &unwritten,
-  };
+  static const auto& type = JXEventClass::of<JXECommerceEvent>(
+      JXEvent::eventClass(), "JXECommerceEvent", {}, {}, {}, createByInit<JXECommerceEvent>, {},
+      {
+          {JXE_CURRENCY, "currency", &JXECommerceEvent::currency_},
+          {JXE_ITEMS, "items", &JXECommerceEvent::items_},
+      });
   return type;
 }
 

@@ -3,31 +3,14 @@
 #include "jx/events/JXEvent.h"
 
 #include <algorithm>
-#include <iterator>
 #include <typeinfo>
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
-#include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonTreeSink.h"
 
 namespace jx {
-namespace {
-
-constexpr std::string_view kOwnKeys[] = {JXE_EVENT, JXE_PAGENAME, JXE_PAGETYPE, JXE_CONTEXT,
-                                         JXE_USER};
-
-}  // namespace
-
-namespace detail {
-
-void logNullElement() {
-  JXLogger::sharedInstance().logMessage_withLevel("List element is null; skipped", 3);
-}
-
-}  // namespace detail
-
 std::shared_ptr<JXEvent> JXEvent::init() { return std::shared_ptr<JXEvent>(new JXEvent()); }
 
 JXJsonObject JXEvent::getJsonObject() const {
@@ -48,8 +31,7 @@ bool JXEvent::canSerialiseFromFieldTable() const {
     return false;
   const auto hasFieldKey = [&](const JXJsonEntry& extra) {
     const std::string_view key = extra.key.view();
-    return std::find(std::begin(kOwnKeys), std::end(kOwnKeys), key) != std::end(kOwnKeys) ||
-           type.mayWrite(key);
+    return key == JXE_CONTEXT || key == JXE_USER || type.fieldWriting(key) != nullptr;
   };
   const std::vector<JXJsonEntry>& extras = extraProperties().entries();
   return std::none_of(extras.begin(), extras.end(), hasFieldKey);
@@ -65,24 +47,28 @@ void JXEvent::writeContext(JXJsonSink& sink) const {
   sink.text(JXE_EVENTID, JXCoreServices::sharedInstance().platform().newUUID());
 }
 
-void JXEvent::writeFields(JXJsonSink& sink) const { ownEventClass().writeFields(*this, sink); }
+void JXEvent::writeFields(JXJsonSink& sink) const {
+  ownEventClass().writeFields(*this, sink, &JXEvent::eventClass());
+}
 
-bool JXEvent::verifyEvent() const { return ownEventClass().firstFailed(*this) == nullptr; }
+bool JXEvent::verifyEvent() const {
+  return ownEventClass().firstFailed(*this, name_.view()) == nullptr;
+}
 
 JXString JXEvent::firstFailedCondition() const {
   const JXEventClass& type = ownEventClass();
-  const JXCondition* const failed = type.firstFailed(*this);
+  const JXCondition* const failed = type.firstFailed(*this, name_.view());
   return failed != nullptr ? JXString(type.describe(*failed)) : JXString();
 }
 
 const JXEventClass& JXEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXEvent>{
+  static const auto& fields = *new JXFieldTable{
       {JXE_EVENT, "name", &JXEvent::name_},
       {JXE_PAGENAME, "pageName", &JXEvent::pageName_},
       {JXE_PAGETYPE, "pageType", &JXEvent::pageType_},
   };
   static const auto& type =
-      *new JXEventClass{"JXEvent", nullptr, {}, &fields, {neverValid()}, createByInit<JXEvent>};
+      *new JXEventClass{{"JXEvent", nullptr, &fields, {neverValid()}}, {}, createByInit<JXEvent>};
   return type;
 }
 

@@ -9,7 +9,6 @@
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/JXList.h"
 #include "jx/events/JXEventClass.h"
-#include "jx/events/JXFields.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
@@ -110,10 +109,6 @@ class JX_API JXEvent : public JXAdditionalProperties {
  private:
   friend class JXPostData;
 };
-
-namespace detail {
-JX_API void logNullElement();
-}
 
 template <typename Block>
 JXJsonArray JXEvent::getItemListAsJson(const JXList<std::shared_ptr<Block>>& blocks) {

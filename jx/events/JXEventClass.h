@@ -3,14 +3,13 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 #include <type_traits>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
-#include "jx/events/JXCondition.h"
-#include "jx/events/JXFieldTable.h"
+#include "jx/catalogue/JXBlockClass.h"
 #include "jx/platform/JXApi.h"
 
 namespace jx {
@@ -40,51 +39,6 @@ struct JX_API JXEventFactory {
   const std::type_info* serialisedByTables;
 };
 
-/// The descriptor of an event class: its name, the fields that it writes, and its validation
-/// conditions. Each class has one, which is created once and never destroyed.
-struct JX_API JXEventClass {
-  std::string_view className;  ///< "JXPurchaseEvent"
-  const JXEventClass* base;    ///< null for JXEvent
-  /// The names of this class's events: one name, or one for each mode of a video class. Empty if
-  /// the application chooses the name.
-  std::vector<std::string_view> eventNames;
-  /// The fields that this class writes after those of its base, in order.
-  const JXFieldTable* written;
-  /// The conditions that make an event of this class valid, in the order of testing. The conditions
-  /// of the base class do not apply in addition.
-  std::vector<JXCondition> conditions;
-  /// Creates an event as the class's initialiser does. `mode` is an index into `modes`. `argument`
-  /// is the name or the video session ID for the initialiser. Both are ignored if the initialiser
-  /// has no such parameter.
-  JXEventFactory create;
-  /// Names of the modes, in the order of `eventNames`; empty for a class without modes.
-  std::vector<std::string_view> modes = {};
-  /// Properties that can be set although this class does not write them; null if there are none.
-  const JXFieldTable* unwritten = nullptr;
-
-  /// Returns the field with this JSON key, in this class or its bases; null if there is none.
-  const JXFieldInfo* fieldOfKey(std::string_view key) const;
-  /// Sets a property of this class or its bases. Returns an empty string on success. On error,
-  /// returns a message such as "must be a string", to follow the property's name, and leaves the
-  /// event unchanged.
-  std::string setProperty(JXEvent& event, std::string_view property,
-                          const JXJsonValue& value) const;
-  /// Writes the fields of the base classes, then its own, in order. Does not write the fields of
-  /// JXEvent, which `JXEvent::writeHead` writes.
-  void writeFields(const JXEvent& event, JXJsonSink& sink) const;
-  /// Returns true if `writeFields` may write this key.
-  bool mayWrite(std::string_view key) const;
-  /// Returns the first condition that the event fails; null if the event is valid.
-  const JXCondition* firstFailed(const JXEvent& event) const;
-  /// Describes the condition: "items must contain at least one element".
-  std::string describe(const JXCondition& condition) const;
-
- private:
-  JXFieldState stateOfKey(const JXEvent& event, std::string_view key) const;
-  bool holds(const JXCondition& condition, const JXEvent& event) const;
-  std::string_view propertyOfKey(std::string_view key) const;
-};
-
 /// The `create` of a class whose initialiser has no parameters.
 template <typename Event>
 inline constexpr JXEventFactory createByInit = JXEventFactory::of<Event>(
@@ -96,6 +50,42 @@ inline constexpr JXEventFactory createByMode =
     JXEventFactory::of<Event>([](int mode, const JXString& sessionId) -> std::shared_ptr<JXEvent> {
       return Event::initWithMode_andSessionId(static_cast<Mode>(mode), sessionId);
     });
+
+/// The descriptor of an event class: its names, the fields that it writes, and its validation
+/// conditions.
+struct JX_API JXEventClass : JXBlockClass {
+  /// The names of this class's events: one name, or one for each mode of a video class. Empty if
+  /// the application chooses the name.
+  std::vector<std::string_view> eventNames;
+  /// Creates an event as the class's initialiser does. `mode` is an index into `modes`. `argument`
+  /// is the name or the video session ID for the initialiser. Both are ignored if the initialiser
+  /// has no such parameter.
+  JXEventFactory create;
+  /// Names of the modes, in the order of `eventNames`; empty for a class without modes.
+  std::vector<std::string_view> modes = {};
+
+  /// Returns a new descriptor of the class `Event`, which is never destroyed. All strings must be
+  /// constants. `fields` lists the fields in writing order; a field that a base class writes is not
+  /// written again. Without conditions, every event is valid. docs/adding-an-event.md has an
+  /// example.
+  template <typename Event>
+  static const JXEventClass& of(const JXEventClass& base, std::string_view className,
+                                std::vector<std::string_view> eventNames, JXFieldTable fields,
+                                std::vector<JXCondition> conditions = {},
+                                JXEventFactory create = createByInit<Event>,
+                                std::vector<std::string_view> modes = {},
+                                JXFieldTable unwritten = {}) {
+    return newClass({{className, &base, nullptr, std::move(conditions)},
+                     std::move(eventNames),
+                     create,
+                     std::move(modes)},
+                    std::move(fields), std::move(unwritten));
+  }
+
+ private:
+  static const JXEventClass& newClass(JXEventClass type, JXFieldTable written,
+                                      JXFieldTable unwritten);
+};
 
 /// Returns all event classes, base classes first. Thread-safe.
 JX_API const std::vector<const JXEventClass*>& allEventClasses();

@@ -4,7 +4,6 @@
 #include "jx/events/JXItem.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
-#include "jx/events/JXFields.h"
 
 namespace jx {
 
@@ -24,15 +23,15 @@ std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
 }
 
 bool JXItem::verifyItem() const {
-  return fields().meetsAll(*this, conditions()) && product_->verifyProduct();
+  return blockClass().firstFailed(*this) == nullptr && product_->verifyProduct();
 }
 
 JXJsonObject JXItem::getJsonObject() const { return newJsonObject(); }
 
-void JXItem::writeOwnEntries(JXJsonSink& sink) const { fields().write(*this, sink); }
+void JXItem::writeOwnEntries(JXJsonSink& sink) const { blockClass().writeFields(*this, sink); }
 
-const JXFieldTable& JXItem::fields() {
-  static const auto& table = *new JXFields<JXItem>{
+const JXBlockClass& JXItem::blockClass() {
+  static const auto& fields = *new JXFieldTable{
       {JX_ID, "ID", &JXItem::ID_},
       {JXI_QUANTITY, "quantity", &JXItem::quantity_},
       {JXI_VARIANT, "variant", &JXItem::variant_},
@@ -42,16 +41,15 @@ const JXFieldTable& JXItem::fields() {
       {JXI_AFFILIATION, "affiliation", &JXItem::affiliation_},
       {JXI_PRODUCT, "product", &JXItem::product_},
   };
-  return table;
-}
-
-const std::vector<JXCondition>& JXItem::conditions() {
-  static const auto& list = *new std::vector<JXCondition>{
-      nonEmptyString(JX_ID),
-      present(JXI_PRODUCT),
-      present(JXI_QUANTITY),
-  };
-  return list;
+  static const auto& type = *new JXBlockClass{"JXItem",
+                                              nullptr,
+                                              &fields,
+                                              {
+                                                  nonEmptyString(JX_ID),
+                                                  present(JXI_PRODUCT),
+                                                  present(JXI_QUANTITY),
+                                              }};
+  return type;
 }
 
 }  // namespace jx

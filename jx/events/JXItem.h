@@ -9,10 +9,9 @@
 #include <type_traits>
 #include <vector>
 
+#include "jx/catalogue/JXBlockClass.h"
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/json/JXDecimal.h"
-#include "jx/events/JXCondition.h"
-#include "jx/events/JXFieldTable.h"
 #include "jx/events/JXProduct.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
@@ -67,11 +66,13 @@ class JX_API JXItem final : public JXAdditionalProperties {
   const JXString& affiliation() const { return affiliation_; }
   void setAffiliation(const JXString& value) { affiliation_ = value; }
 
+  /// Returns the descriptor of this class: fields and conditions. Never destroyed.
+  static const JXBlockClass& blockClass();
   /// Returns the fields in writing order. Never destroyed.
-  static const JXFieldTable& fields();
+  static const JXFieldTable& fields() { return *blockClass().written; }
   /// Returns the conditions that `verifyItem` tests, by JSON key. In addition, the product must be
   /// valid.
-  static const std::vector<JXCondition>& conditions();
+  static const std::vector<JXCondition>& conditions() { return blockClass().conditions; }
 
  private:
   JXItem() = default;

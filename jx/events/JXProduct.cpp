@@ -4,7 +4,6 @@
 #include "jx/events/JXProduct.h"
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
-#include "jx/events/JXFields.h"
 
 namespace jx {
 
@@ -19,14 +18,14 @@ std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
   return product;
 }
 
-bool JXProduct::verifyProduct() const { return fields().meetsAll(*this, conditions()); }
+bool JXProduct::verifyProduct() const { return blockClass().firstFailed(*this) == nullptr; }
 
 JXJsonObject JXProduct::getJsonObject() const { return newJsonObject(); }
 
-void JXProduct::writeOwnEntries(JXJsonSink& sink) const { fields().write(*this, sink); }
+void JXProduct::writeOwnEntries(JXJsonSink& sink) const { blockClass().writeFields(*this, sink); }
 
-const JXFieldTable& JXProduct::fields() {
-  static const auto& table = *new JXFields<JXProduct>{
+const JXBlockClass& JXProduct::blockClass() {
+  static const auto& fields = *new JXFieldTable{
       {JX_ID, "ID", &JXProduct::ID_},
       {JXP_SIZE, "size", &JXProduct::size_},
       {JXP_NAME, "name", &JXProduct::name_},
@@ -36,16 +35,15 @@ const JXFieldTable& JXProduct::fields() {
       {JXP_BRAND, "brand", &JXProduct::brand_},
       {JXP_COLORS, "colors", &JXProduct::colors_},
   };
-  return table;
-}
-
-const std::vector<JXCondition>& JXProduct::conditions() {
-  static const auto& list = *new std::vector<JXCondition>{
-      nonEmptyString(JX_ID),
-      nonEmptyString(JXP_NAME),
-      present(JXP_PRICE),
-  };
-  return list;
+  static const auto& type = *new JXBlockClass{"JXProduct",
+                                              nullptr,
+                                              &fields,
+                                              {
+                                                  nonEmptyString(JX_ID),
+                                                  nonEmptyString(JXP_NAME),
+                                                  present(JXP_PRICE),
+                                              }};
+  return type;
 }
 
 }  // namespace jx

@@ -7,11 +7,10 @@
 #include <optional>
 #include <vector>
 
+#include "jx/catalogue/JXBlockClass.h"
 #include "jx/core/JXAdditionalProperties.h"
 #include "jx/core/JXList.h"
 #include "jx/core/json/JXDecimal.h"
-#include "jx/events/JXCondition.h"
-#include "jx/events/JXFieldTable.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 
@@ -61,10 +60,12 @@ class JX_API JXProduct final : public JXAdditionalProperties {
   const JXString& size() const { return size_; }
   void setSize(const JXString& value) { size_ = value; }
 
+  /// Returns the descriptor of this class: fields and conditions. Never destroyed.
+  static const JXBlockClass& blockClass();
   /// Returns the fields in writing order. Never destroyed.
-  static const JXFieldTable& fields();
+  static const JXFieldTable& fields() { return *blockClass().written; }
   /// Returns the conditions that `verifyProduct` tests, by JSON key.
-  static const std::vector<JXCondition>& conditions();
+  static const std::vector<JXCondition>& conditions() { return blockClass().conditions; }
 
  private:
   JXProduct() = default;

@@ -6,12 +6,12 @@
 #include <atomic>
 
 #include "jx/catalogue/JXEventPropertiesNames.h"
+#include "jx/catalogue/JXOmissionLog.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
 #include "jx/core/json/JXJsonTextSink.h"
 #include "jx/core/json/JXJsonTreeSink.h"
-#include "jx/events/JXOmissionLog.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/session/JXApp.h"
 #include "jx/session/JXDevice.h"
@@ -110,7 +110,7 @@ JXString JXPostData::getPostParameters_withServerSideState(const JXEvent& event,
 
 JXString JXPostData::executionBody(const JXEvent& event, std::int32_t serverSideState,
                                    JXNewSessionClaim& claim) {
-  const JXOmissionLog omissions(event);
+  const JXOmissionLog omissions(event.name(), event.ownEventClass().className);
   return bodyOf(event, serverSideState, &claim);
 }
 

@@ -35,7 +35,7 @@ JXJsonValue sample(const JXFieldInfo& field) {
 }
 
 void fill(const JXEventClass& type, JXEvent& event) {
-  for (const JXEventClass* part = &type; part != nullptr; part = part->base) {
+  for (const JXBlockClass* part = &type; part != nullptr; part = part->base) {
     for (const JXFieldTable* table : {part->written, part->unwritten}) {
       if (table == nullptr) continue;
       for (const JXFieldInfo& field : table->fields())

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "jx/events/JXFieldTable.h"
+#include "jx/catalogue/JXFieldTable.h"
 
 namespace jx::test {
 

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Applies the patch of docs/adding-an-event.md to a copy of the sources and runs the result.
+"""Follows docs/adding-an-event.md in a copy of the sources and runs the result.
 
 adding_an_event_test.py ROOT LIBRARY COMPILER [FLAG...]
 
-The patch must apply and add fewer than 30 lines. The class that it adds must be found by its name,
-meet its condition once the field is set, and write the field.
+The patch of the page must apply and add fewer than 20 lines. The class that is generated from it
+must be found by its name, meet its condition once the field is set, and write the field. So must the
+class that the page defines in an application.
 """
 
 import os
@@ -17,25 +18,45 @@ import subprocess
 import sys
 import tempfile
 
-MAX_LINES = 30
+MAX_LINES = 20
+COPIED = ("jx", "scripts", "tools/catalogue", "tests/events/catalogue")
 PROGRAM = """
 #include <iostream>
 
 #include "jx/JXServerSide.h"
 #include "jx/core/json/JXJsonWriter.h"
 
-int main() {
-  const auto event = jx::JXRateEvent::init();
+namespace {
+
+#include "stars.h"
+
+template <typename Event>
+void print() {
+  const auto event = Event::init();
   std::cout << event->verifyEvent() << ' ' << event->firstFailedCondition() << '\\n';
   event->setStars(5);
-  std::cout << event->verifyEvent() << ' '
-            << (jx::eventClassNamed("JXRateEvent") == &event->ownEventClass()) << '\\n';
+  const jx::JXEventClass& type = event->ownEventClass();
+  std::cout << event->verifyEvent() << ' ' << (jx::eventClassNamed(type.className) == &type) << ' '
+            << type.create(0, nullptr)->name() << '\\n';
   jx::JXJsonObject body = event->getJsonObject();
   body.remove("context");
   std::cout << jx::JXJsonWriter::write(body, jx::JXJsonStyle::Compact).text << '\\n';
 }
+
+}  // namespace
+
+int main() {
+  print<jx::JXRateEvent>();
+  print<StarsEvent>();
+}
 """
-EXPECTED = '0 stars must be set\n1 1\n{"event_name":"rate","stars":5}\n'
+EXPECTED = """0 stars must be set
+1 1 rate
+{"event_name":"rate","stars":5}
+0 stars must be set
+1 0 stars
+{"event_name":"stars","stars":5}
+"""
 
 
 def run(command, folder):
@@ -46,18 +67,28 @@ def run(command, folder):
     return result.stdout
 
 
+def block(page, language):
+    return re.search(rf"^```{language}\n(.*?)^```$", page, re.MULTILINE | re.DOTALL).group(1)
+
+
 def patched_copy(root, folder, patch):
-    for part in ("jx", "tests/events/catalogue"):
+    for part in COPIED:
         shutil.copytree(root / part, folder / part)
+    shutil.copy(root / ".clang-format", folder)
     (folder / "rate.diff").write_text(patch, encoding="utf-8")
     run(["git", "apply", "--whitespace=error", "rate.diff"], folder)
+    generated = run([folder / "scripts/catalogue"], folder).split()
+    expected = ["jx/events/JXEventClasses.h", "jx/events/engagement/JXRateEvent.h",
+                "jx/events/engagement/JXRateEvent.cpp"]
+    if generated != expected:
+        sys.exit(f"scripts/catalogue generated {generated}, not {expected}")
 
 
 def main():
     root, library = pathlib.Path(sys.argv[1]), sys.argv[2]
     compiler, flags = sys.argv[3], sys.argv[4:]
     page = (root / "docs/adding-an-event.md").read_text(encoding="utf-8")
-    patch = re.search(r"^```diff\n(.*?)^```$", page, re.MULTILINE | re.DOTALL).group(1)
+    patch = block(page, "diff")
     added = sum(line.startswith("+") and not line.startswith("+++")
                 for line in patch.splitlines())
     if added >= MAX_LINES or f"{added} lines" not in page:
@@ -68,13 +99,15 @@ def main():
         # Otherwise git would search a repository above the folder for the files.
         os.environ["GIT_CEILING_DIRECTORIES"] = str(folder.parent)
         patched_copy(root, folder, patch)
+        (folder / "stars.h").write_text(
+            block(page, "cpp").replace('#include "jx/JXServerSide.h"\n', ""), encoding="utf-8")
         (folder / "main.cpp").write_text(PROGRAM, encoding="utf-8")
         run([compiler, *flags, "-std=c++20", "-I.", "-fsyntax-only",
              "tests/events/catalogue/ExpectedCatalogue.cpp"], folder)
-        # The linker prefers the new catalogue, because it precedes the library.
-        run([compiler, *flags, "-std=c++17", "-I.", "main.cpp", "jx/events/JXEventCatalogue.cpp",
-             library, "-lcurl", "-lpthread", f"-Wl,-rpath,{os.path.dirname(library)}", "-o",
-             "rate"], folder)
+        # The linker prefers the new list of classes, because it precedes the library.
+        run([compiler, *flags, "-std=c++17", "-I.", "main.cpp", "jx/events/JXEventClass.cpp",
+             "jx/events/engagement/JXRateEvent.cpp", library, "-lcurl", "-lpthread",
+             f"-Wl,-rpath,{os.path.dirname(library)}", "-o", "rate"], folder)
         printed = run([folder / "rate"], folder)
     if printed != EXPECTED:
         sys.exit(f"expected\n{EXPECTED}printed\n{printed}")

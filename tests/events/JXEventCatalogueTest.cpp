@@ -102,7 +102,7 @@ TEST(JXEventCatalogue, ListsDuplicateKeysWithTheSameProperty) {
   std::vector<std::string> repeated;
   for (const JXEventClass* type : allEventClasses()) {
     std::vector<JXFieldInfo> fields;
-    for (const JXEventClass* each = type; each != nullptr; each = each->base)
+    for (const JXBlockClass* each = type; each != nullptr; each = each->base)
       fields.insert(fields.begin(), each->written->fields().begin(), each->written->fields().end());
     for (std::size_t i = 0; i < fields.size(); ++i) {
       for (std::size_t j = i + 1; j < fields.size(); ++j) {

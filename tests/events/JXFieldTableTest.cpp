@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/events/JXFieldTable.h"
+#include "jx/catalogue/JXFieldTable.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 // The field table of a class with one field of each type.
 
-#include "jx/events/JXFields.h"
+#include "jx/catalogue/JXFieldTable.h"
 
 #include <gtest/gtest.h>
 
@@ -33,8 +33,8 @@ struct Sample : JXAdditionalProperties {
   JXList<std::shared_ptr<JXItem>> items = nullptr;
   std::shared_ptr<JXProduct> product;
 
-  static const JXFields<Sample>& fields() {
-    static const JXFields<Sample> table{
+  static const JXFieldTable& fields() {
+    static const JXFieldTable table{
         {"string_key", "string", &Sample::string},
         {"number_key", "number", &Sample::number},
         {"boolean_key", "boolean", &Sample::boolean},

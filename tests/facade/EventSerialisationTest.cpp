@@ -69,7 +69,7 @@ JXJsonValue sampleOf(const JXFieldInfo& field) {
 }
 
 void fill(JXEvent& event) {
-  for (const JXEventClass* type = &event.ownEventClass(); type != nullptr; type = type->base) {
+  for (const JXBlockClass* type = &event.ownEventClass(); type != nullptr; type = type->base) {
     for (const JXFieldInfo& field : type->written->fields()) {
       if (field.property == "name") continue;
       EXPECT_EQ(type->setProperty(event, field.property, sampleOf(field)), "") << field.property;
@@ -111,7 +111,7 @@ TEST_F(EventSerialisation, UsesFieldTableForEveryClass) {
 TEST_F(EventSerialisation, MarksEveryDuplicateKey) {
   for (const JXEventClass* type : allEventClasses()) {
     std::multiset<std::string_view> keys{"event_name", "page_name", "page_type", "context", "user"};
-    for (const JXEventClass* each = type; each->base != nullptr; each = each->base) {
+    for (const JXBlockClass* each = type; each->base != nullptr; each = each->base) {
       for (const JXFieldInfo& field : each->written->fields()) {
         if (!field.isDuplicate) keys.insert(field.key);
       }

@@ -16,10 +16,9 @@ class RatingEvent final : public jx::JXEvent {
  public:
   static std::shared_ptr<RatingEvent> init() { return std::make_shared<RatingEvent>(); }
   static const jx::JXEventClass& eventClass() {
-    static const jx::JXFields<RatingEvent> fields{{"stars", "stars", &RatingEvent::stars_}};
-    static const jx::JXEventClass type{
-        "RatingEvent", &jx::JXEvent::eventClass(),    {"rating"},
-        &fields,       {jx::nonEmptyString("stars")}, jx::createByInit<RatingEvent>};
+    static const auto& type = jx::JXEventClass::of<RatingEvent>(
+        jx::JXEvent::eventClass(), "RatingEvent", {"rating"},
+        {{"stars", "stars", &RatingEvent::stars_}}, {jx::nonEmptyString("stars")});
     return type;
   }
   const jx::JXEventClass& ownEventClass() const override { return eventClass(); }

@@ -270,7 +270,14 @@ class Model(Tree):
     def test_rejects_a_nested_block_that_does_not_exist(self):
         self.assert_change_fails(
             CONTEXT, 'block = "inner"', 'block = "iner"',
-            "more.toml: outer.fields.inner.block: iner is not a context block")
+            "more.toml: outer.fields.inner.block: "
+            "iner is not a context block described after this one")
+
+    def test_rejects_a_block_that_contains_itself(self):
+        self.assert_change_fails(
+            CONTEXT, 'block = "inner"', 'block = "outer"',
+            "more.toml: outer.fields.inner.block: "
+            "outer is not a context block described after this one")
 
 
 class CHeaders(Tree):

@@ -112,54 +112,21 @@ std::string typeOf(const JXFieldInfo& field) {
   return {};
 }
 
-bool hasKey(const std::vector<std::string_view>& keys, std::string_view key) {
-  return std::find(keys.begin(), keys.end(), key) != keys.end();
-}
-
-// `written` contains the keys that are written before those of this table.
-std::string tableOfFields(const JXFieldTable& table, std::vector<std::string_view> written) {
+std::string tableOfFields(const JXFieldTable& table) {
   std::string text = "| Property | Key | JSON type |\n|---|---|---|\n";
   for (const JXFieldInfo& field : table.fields()) {
     const std::string number = field.kind == JXFieldKind::NumberedStrings ? "1" : "";
     text += "| " + code(field.property) + " | " + code(std::string(field.key) + number) + " | " +
-            (hasKey(written, field.key) ? "duplicate key, same value" : typeOf(field)) + " |\n";
-    written.push_back(field.key);
+            (field.isDuplicate ? "duplicate key, same value" : typeOf(field)) + " |\n";
   }
   return text;
 }
 
-std::vector<std::string_view> keysOf(const JXEventClass* type) {
-  std::vector<std::string_view> keys;
-  for (; type != nullptr; type = type->base) {
-    for (const JXFieldInfo& field : type->written->fields())
-      keys.push_back(field.key);
-  }
-  return keys;
-}
-
-std::string propertyOf(const JXEventClass& type, std::string_view key) {
-  const JXFieldInfo* const field = type.fieldOfKey(key);
-  return code(field != nullptr ? field->property : key);
-}
-
 std::string requirement(const JXEventClass& type, const JXCondition& condition) {
-  const std::string property = propertyOf(type, condition.key);
-  switch (condition.kind) {
-    case JXCondition::Kind::Never:
-      break;
-    case JXCondition::Kind::NonEmptyString:
-      return property + " must be a non-empty string";
-    case JXCondition::Kind::Present:
-      return property + (type.fieldOfKey(condition.key)->kind == JXFieldKind::Number
-                             ? " must be set; zero is allowed"
-                             : " must be set; it may be empty");
-    case JXCondition::Kind::NonEmptyList:
-      return property + " must contain at least one element";
-    case JXCondition::Kind::Together:
-      return property + " and " + propertyOf(type, condition.otherKey) +
-             " must both be set or both be null";
-  }
-  return {};
+  const std::string text = type.describe(condition, "`");
+  if (condition.kind != JXCondition::Kind::Present) return text;
+  const bool isNumber = type.fieldOfKey(condition.key)->kind == JXFieldKind::Number;
+  return text + (isNumber ? "; zero is allowed" : "; it may be empty");
 }
 
 std::string conditionsOf(const JXEventClass& type) {
@@ -195,7 +162,7 @@ std::string heading(const std::string& sourceFolder, std::string_view className)
          comment.header + "](../" + comment.header + ")\n\n";
 }
 
-const JXEventClass* nearestWithFields(const JXEventClass* type) {
+const JXBlockClass* nearestWithFields(const JXBlockClass* type) {
   while (type != nullptr && type->written->fields().empty())
     type = type->base;
   return type;
@@ -204,11 +171,11 @@ const JXEventClass* nearestWithFields(const JXEventClass* type) {
 std::string sectionOf(const std::string& sourceFolder, const JXEventClass& type) {
   std::string text = heading(sourceFolder, type.className) + namesOf(type);
   const bool hasFields = !type.written->fields().empty();
-  if (const JXEventClass* const base = nearestWithFields(type.base)) {
+  if (const JXBlockClass* const base = nearestWithFields(type.base)) {
     text += (hasFields ? "Fields, written after those of " : "Fields: same as ") +
             link(base->className) + (hasFields ? ":\n\n" : ".\n\n");
   }
-  if (hasFields) text += tableOfFields(*type.written, keysOf(type.base)) + "\n";
+  if (hasFields) text += tableOfFields(*type.written) + "\n";
   return text + conditionsOf(type);
 }
 
@@ -235,8 +202,8 @@ std::string cataloguePage(const std::string& sourceFolder) {
       text += sectionOf(sourceFolder, *type);
   }
   text += "\n## Items and products\n" + heading(sourceFolder, "JXItem") +
-          tableOfFields(JXItem::fields(), {}) + heading(sourceFolder, "JXProduct") +
-          tableOfFields(JXProduct::fields(), {});
+          tableOfFields(JXItem::fields()) + heading(sourceFolder, "JXProduct") +
+          tableOfFields(JXProduct::fields());
   return text;
 }
 

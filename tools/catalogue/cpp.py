@@ -10,6 +10,7 @@ import textwrap
 from model import FOLDER
 
 KEYS_HEADER = f"{FOLDER}/JXEventPropertiesNames.h"
+CONTEXT_HEADER = f"{FOLDER}/JXContextBlocks.h"
 _WIDTH = 100
 _ITEMS = "JXList<std::shared_ptr<JXItem>>"
 
@@ -181,9 +182,14 @@ def initialiser_declarations(block):
 
 def descriptor_declarations(block):
     if block.kind == "object":
-        return (comment("Returns the fields in writing order. Never destroyed.") +
-                "  static const JXFieldTable& fields();\n" + comment(block.conditions_comment) +
-                "  static const std::vector<JXCondition>& conditions();\n\n")
+        return (comment("Returns the descriptor of this class: fields and conditions. Never "
+                        "destroyed.") +
+                "  static const JXBlockClass& blockClass();\n" +
+                comment("Returns the fields in writing order. Never destroyed.") +
+                "  static const JXFieldTable& fields() { return *blockClass().written; }\n" +
+                comment(block.conditions_comment) +
+                "  static const std::vector<JXCondition>& conditions() "
+                "{ return blockClass().conditions; }\n\n")
     names = ("fields and conditions; the application chooses the event name"
              if block.deleted_init and not block.event_names else "names, fields, conditions")
     return (comment(f"Returns the descriptor of this class: {names}. Never destroyed.") +
@@ -209,8 +215,7 @@ def verify_name(block):
 def class_header(block):
     needed = ["<memory>", "jx/platform/JXApi.h"]
     if block.kind == "object":
-        needed += ["<vector>", "jx/core/JXAdditionalProperties.h", "jx/events/JXCondition.h",
-                   "jx/events/JXFieldTable.h"]
+        needed += ["<vector>", "jx/catalogue/JXBlockClass.h", "jx/core/JXAdditionalProperties.h"]
     else:
         needed.append(block.base.header)
     if block.modes is not None:
@@ -238,23 +243,20 @@ def class_header(block):
     return header(f"{FOLDER}/{block.file}", needed, body + "};\n\n")
 
 
-def table_entry(block, field, is_duplicate):
-    place = f"&{block.name}::{field.member}"
-    if field.type == "numbered_strings":
-        place = f"JXNumberedStrings<{block.name}>{{{place}}}"
-    if field.enumeration is not None:
-        place = f"JXEnumField<{block.name}>{{{place}, {enum_strings(field.enumeration)}}}"
-    duplicate = ", kDuplicateField" if is_duplicate else ""
-    return f'{{{field.key.cpp}, "{field.property}", {place}{duplicate}}},\n'
+def field_list(block, fields):
+    text = ""
+    for field in fields:
+        place = f"&{block.name}::{field.member}"
+        if field.type == "numbered_strings":
+            place = f"JXNumberedStrings<{block.name}>{{{place}}}"
+        if field.enumeration is not None:
+            place = f"JXEnumField<{block.name}>{{{place}, {enum_strings(field.enumeration)}}}"
+        text += f'{{{field.key.cpp}, "{field.property}", {place}}},\n'
+    return f"{{{text}}}"
 
 
 def enum_strings(entry):
     return f"JXEnumStrings({entry.name}_toString, {entry.name}_members)"
-
-
-def field_table(block, name, entries):
-    return (f"  static const auto& {name} = *new JXFields<{block.name}>{{\n" + "".join(entries) +
-            "  };\n")
 
 
 def condition(block, item):
@@ -321,21 +323,15 @@ def event_definitions(block):
     if block.names_by_mode:
         text += _NAME_OF_MODE.format(name=block.name)
     text += f"const JXEventClass& {block.name}::eventClass() {{\n"
-    text += field_table(block, "fields", [
-        table_entry(block, field, block.is_duplicate(number))
-        for number, field in enumerate(block.written)])
-    if block.unwritten:
-        text += field_table(block, "unwritten",
-                            [table_entry(block, field, False) for field in block.unwritten])
-    names = "kModes.allStrings()" if block.modes else "{kName}" if block.event_name else "{}"
-    entries = [f'"{block.name}"', f"&{block.base.name}::eventClass()", names, "&fields",
-               conditions(block), factory(block)]
-    if block.modes or block.unwritten:
-        entries.append("kModes.allEnumerators()" if block.modes else "{}")
-    if block.unwritten:
-        entries.append("&unwritten")
-    return text + (f"  static const auto& type = *new JXEventClass{{{', '.join(entries)},}};\n"
-                   "  return type;\n}\n\n")
+    arguments_ = [f"{block.base.name}::eventClass()", f'"{block.name}"',
+                  "kModes.allStrings()" if block.modes else "{kName}" if block.event_name else "{}",
+                  field_list(block, block.written), conditions(block), factory(block),
+                  "kModes.allEnumerators()" if block.modes else "{}",
+                  field_list(block, block.unwritten)]
+    while arguments_[-1] in ("{}", f"createByInit<{block.name}>"):  # the default values
+        arguments_.pop()
+    return text + (f"  static const auto& type = JXEventClass::of<{block.name}>("
+                   f"{', '.join(arguments_)});\n  return type;\n}}\n\n")
 
 
 _NAME_OF_MODE = """
@@ -354,25 +350,21 @@ void {name}::setNameOfMode(const JXEnumStrings& modes, int mode) {{
 def object_definitions(block):
     nested = "".join(f" && {field.member}->verifyProduct()" for field in block.fields.values()
                      if field.type == "product")
-    table = "".join(table_entry(block, field, False) for field in block.written)
     return definitions_of_initialisers(block) + f"""
 bool {block.name}::{verify_name(block)}() const {{
-  return fields().meetsAll(*this, conditions()){nested};
+  return blockClass().firstFailed(*this) == nullptr{nested};
 }}
 
 JXJsonObject {block.name}::getJsonObject() const {{ return newJsonObject(); }}
 
-void {block.name}::writeOwnEntries(JXJsonSink& sink) const {{ fields().write(*this, sink); }}
-
-const JXFieldTable& {block.name}::fields() {{
-  static const auto& table = *new JXFields<{block.name}>{{
-{table}  }};
-  return table;
+void {block.name}::writeOwnEntries(JXJsonSink& sink) const {{
+  blockClass().writeFields(*this, sink);
 }}
 
-const std::vector<JXCondition>& {block.name}::conditions() {{
-  static const auto& list = *new std::vector<JXCondition>{conditions(block)};
-  return list;
+const JXBlockClass& {block.name}::blockClass() {{
+  static const auto& fields = *new JXFieldTable{field_list(block, block.written)};
+  static const auto& type = *new JXBlockClass{{"{block.name}", nullptr, &fields, {conditions(block)}}};
+  return type;
 }}
 
 """
@@ -380,8 +372,6 @@ const std::vector<JXCondition>& {block.name}::conditions() {{
 
 def class_source(block):
     needed = [KEYS_HEADER]
-    if block.kind == "object":
-        needed.append("jx/events/JXFields.h")
     if block.names_by_mode:
         needed += ["<string>", "jx/core/JXLogger.h"]
     constant = ""
@@ -407,10 +397,41 @@ def list_of_classes(catalogue):
     return header(FOLDER, [block.header for block in catalogue.events], body + "};\n\n")
 
 
+_JSON_KINDS = {"string": "String", "number": "Number", "boolean": "Bool", "block": "Object"}
+
+
+def context_block(block):
+    entries = ""
+    for field in block.fields.values():
+        nested = f"&{field.block}Block()" if field.block else "nullptr"
+        entries += (f"{{{field.key.cpp}, Kind::{_JSON_KINDS[field.type]}, "
+                    f"{'true' if field.is_required else 'false'}, {nested}}},\n")
+    replacement = f", {block.replaced_by.cpp}" if block.replaced_by else ""
+    return (f"const JXContextBlock& {block.name}Block() {{\n"
+            f"  static const auto& block = *new JXContextBlock{{{block.key.cpp}, "
+            f"{{{entries}}}{replacement}}};\n  return block;\n}}\n\n")
+
+
+def context_source(catalogue):
+    blocks = catalogue.contexts
+    headers = [KEYS_HEADER] + [field.key.header for block in blocks
+                               for field in block.fields.values() if field.key.header]
+    top = ", ".join(f"&{block.name}Block()" for block in blocks if block.is_top_level)
+    # The catalogue describes a block before the blocks that are nested in it.
+    definitions = "".join(context_block(block) for block in reversed(blocks))
+    return (f"{licence(FOLDER)}#include \"{CONTEXT_HEADER}\"\n\n{included(headers)}"
+            "namespace jx {\nnamespace {\n\nusing Kind = JXJsonValue::Kind;\n\n"
+            f"{definitions}}}  // namespace\n\n"
+            "const std::vector<const JXContextBlock*>& topLevelContextBlocks() {\n"
+            f"  static const auto& blocks = *new std::vector<const JXContextBlock*>{{{top}}};\n"
+            "  return blocks;\n}\n\n}  // namespace jx\n")
+
+
 def files(catalogue):
     """Returns the text of each generated file by its path."""
     texts = {KEYS_HEADER: keys_header(catalogue),
              "jx/events/JXEventClasses.h": list_of_classes(catalogue),
+             CONTEXT_HEADER[:-1] + "cpp": context_source(catalogue),
              **value_headers(catalogue)}
     for block in catalogue.events + catalogue.objects:
         if not block.is_by_hand:

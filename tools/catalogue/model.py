@@ -493,13 +493,14 @@ class _Reader:
             block.conditions.append(Condition(kind, fields, **modes))
 
     def _check_nested(self, entries):
+        """A nested block is described after its parent, so no block can contain itself."""
         places = {name: place for name, _, place, _ in entries}
-        for block in self.catalogue.contexts:
+        names = [block.name for block in self.catalogue.contexts]
+        for number, block in enumerate(self.catalogue.contexts):
             for field in block.fields.values():
-                nested = self.catalogue.blocks.get(field.block)
-                if field.type == "block" and (nested is None or nested.kind != "context"):
+                if field.type == "block" and field.block not in names[number + 1:]:
                     places[block.name].at(f"fields.{field.property}.block").fail(
-                        f"{field.block} is not a context block")
+                        f"{field.block} is not a context block described after this one")
 
     def _check_conditions(self):
         """A condition on a field of the wrong type would never or always hold."""

@@ -27,6 +27,9 @@ bool isClass(std::string_view name) {
   return name == "JXItem" || name == "JXProduct" || eventClassNamed(name) != nullptr;
 }
 
+// The names are NUL-terminated constants.
+const char* classOf(const JXCObject& object) { return object.type().className.data(); }
+
 Result wrongType(const char* field, const std::string& rule) {
   return {JX_ERROR_WRONG_TYPE, std::string(field) + " " + rule};
 }
@@ -34,7 +37,7 @@ Result wrongType(const char* field, const std::string& rule) {
 }  // namespace
 
 Result findField(const JXCObject& object, const char* name,
-                 std::initializer_list<JXFieldKind> kinds, JXCObject::Field& field) {
+                 std::initializer_list<JXFieldKind> kinds, const JXFieldInfo*& field) {
   if (name == nullptr) return {JX_ERROR_NULL_ARGUMENT, "field must not be null"};
   std::string_view property = name;
   if (const std::size_t dot = property.find('.'); dot != std::string_view::npos) {
@@ -43,20 +46,20 @@ Result findField(const JXCObject& object, const char* name,
     if (!isClass(type)) {
       return {JX_ERROR_UNKNOWN_CLASS, quoted(name) + " does not name a known class"};
     }
-    if (!object.isOf(type)) {
-      return {JX_ERROR_WRONG_CLASS, quoted(name) + " is not a field of " + object.className()};
+    if (!object.type().isOrDerivesFrom(type)) {
+      return {JX_ERROR_WRONG_CLASS, quoted(name) + " is not a field of " + classOf(object)};
     }
   }
-  field = object.fieldOf(property);
-  if (field.table == nullptr) {
-    return {JX_ERROR_UNKNOWN_FIELD, quoted(name) + " is not a field of " + object.className()};
+  field = object.type().fieldOfProperty(property);
+  if (field == nullptr) {
+    return {JX_ERROR_UNKNOWN_FIELD, quoted(name) + " is not a field of " + classOf(object)};
   }
-  const JXFieldKind kind = field.info().kind;
+  const JXFieldKind kind = field->kind;
   if (kinds.size() == 0 || std::find(kinds.begin(), kinds.end(), kind) != kinds.end()) return JX_OK;
   return wrongType(name, kRules[static_cast<std::size_t>(kind)]);
 }
 
-Result set(JXCObject& object, const char* name, const JXCObject::Field& field,
+Result set(JXCObject& object, const char* name, const JXFieldInfo& field,
            const JXJsonValue& value) {
   const std::string error = object.set(field, value);
   return error.empty() ? JX_OK : wrongType(name, error);
@@ -65,9 +68,9 @@ Result set(JXCObject& object, const char* name, const JXCObject::Field& field,
 Result copyOf(const jx_object* handle, const char* className, const char* argument,
               JXJsonValue& copy) {
   return with<JXCObject>(handle, JXHandleKind::Object, [&](JXCObject& object) -> Result {
-    if (!object.isOf(className)) {
+    if (!object.type().isOrDerivesFrom(className)) {
       return {JX_ERROR_WRONG_CLASS,
-              std::string(argument) + " must be a " + className + ", not a " + object.className()};
+              std::string(argument) + " must be a " + className + ", not a " + classOf(object)};
     }
     copy = object.values();
     return JX_OK;

@@ -19,22 +19,21 @@ jx_status onObject(const char* operation, const jx_object* object, const Body& b
 /// Finds a field by its property, with or without its class. Its type must be one of `kinds`;
 /// empty: any.
 Result findField(const JXCObject& object, const char* name,
-                 std::initializer_list<JXFieldKind> kinds, JXCObject::Field& field);
+                 std::initializer_list<JXFieldKind> kinds, const JXFieldInfo*& field);
 
 /// Passes the object and its field, as `findField` finds it, to `body`.
 template <typename Body>
 jx_status onField(const char* operation, const jx_object* object, const char* name,
                   std::initializer_list<JXFieldKind> kinds, const Body& body) {
   return onObject(operation, object, [&](JXCObject& found) -> Result {
-    JXCObject::Field field = {};
+    const JXFieldInfo* field = nullptr;
     Result result = findField(found, name, kinds, field);
-    return result.status == JX_OK ? body(found, field) : result;
+    return result.status == JX_OK ? body(found, *field) : result;
   });
 }
 
 /// Sets a field. `name` is the caller's name of the field, for the error message.
-Result set(JXCObject& object, const char* name, const JXCObject::Field& field,
-           const JXJsonValue& value);
+Result set(JXCObject& object, const char* name, const JXFieldInfo& field, const JXJsonValue& value);
 /// Copies the item or product of a handle. `argument` is its name in the error message.
 Result copyOf(const jx_object* handle, const char* className, const char* argument,
               JXJsonValue& copy);

@@ -26,24 +26,19 @@ std::shared_ptr<JXAddPaymentInfoEvent> JXAddPaymentInfoEvent::initWithPaymentMet
 }
 
 const JXEventClass& JXAddPaymentInfoEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXAddPaymentInfoEvent>{
-      {JXE_PAYMENTMETHOD, "paymentMethod", &JXAddPaymentInfoEvent::paymentMethod_},
-      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
-      {JXE_REVENUE, "revenue", &JXAddPaymentInfoEvent::revenue_},
-      {JXE_CURRENCY, "currency", &JXAddPaymentInfoEvent::currency_},
-      {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
-      {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_, kDuplicateField},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXAddPaymentInfoEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXAddPaymentInfoEvent>(
+      JXECommerceEvent::eventClass(), "JXAddPaymentInfoEvent", {kName},
+      {
+          {JXE_PAYMENTMETHOD, "paymentMethod", &JXAddPaymentInfoEvent::paymentMethod_},
+          {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
+          {JXE_REVENUE, "revenue", &JXAddPaymentInfoEvent::revenue_},
+          {JXE_CURRENCY, "currency", &JXAddPaymentInfoEvent::currency_},
+          {JXE_ITEMS, "items", &JXAddPaymentInfoEvent::items_},
+          {JXE_COUPON, "coupon", &JXAddPaymentInfoEvent::coupon_},
+      },
       {
           nonEmptyString(JXE_PAYMENTMETHOD),
-      },
-      createByInit<JXAddPaymentInfoEvent>,
-  };
+      });
   return type;
 }
 

@@ -30,25 +30,20 @@ JXAddShippingInfoEvent::initWithItems_withValue_withCurrency(
 }
 
 const JXEventClass& JXAddShippingInfoEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXAddShippingInfoEvent>{
-      {JXE_CURRENCY, "currency", &JXAddShippingInfoEvent::currency_},
-      {JXE_VALUE, "value", &JXAddShippingInfoEvent::value_},
-      {JXE_COUPON, "coupon", &JXAddShippingInfoEvent::coupon_},
-      {JXE_SHIPPINGTIER, "shippingTier", &JXAddShippingInfoEvent::shippingTier_},
-      {JXE_ITEMS, "items", &JXAddShippingInfoEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXAddShippingInfoEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXAddShippingInfoEvent>(
+      JXECommerceEvent::eventClass(), "JXAddShippingInfoEvent", {kName},
+      {
+          {JXE_CURRENCY, "currency", &JXAddShippingInfoEvent::currency_},
+          {JXE_VALUE, "value", &JXAddShippingInfoEvent::value_},
+          {JXE_COUPON, "coupon", &JXAddShippingInfoEvent::coupon_},
+          {JXE_SHIPPINGTIER, "shippingTier", &JXAddShippingInfoEvent::shippingTier_},
+          {JXE_ITEMS, "items", &JXAddShippingInfoEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
           nonEmptyString(JXE_CURRENCY),
-      },
-      createByInit<JXAddShippingInfoEvent>,
-  };
+      });
   return type;
 }
 

@@ -36,23 +36,18 @@ std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithValue_withCurrency_w
 }
 
 const JXEventClass& JXAddToCartEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXAddToCartEvent>{
-      {JXE_CURRENCY, "currency", &JXAddToCartEvent::currency_},
-      {JXE_VALUE, "value", &JXAddToCartEvent::value_},
-      {JXE_ITEMS, "items", &JXAddToCartEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXAddToCartEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXAddToCartEvent>(
+      JXECommerceEvent::eventClass(), "JXAddToCartEvent", {kName},
+      {
+          {JXE_CURRENCY, "currency", &JXAddToCartEvent::currency_},
+          {JXE_VALUE, "value", &JXAddToCartEvent::value_},
+          {JXE_ITEMS, "items", &JXAddToCartEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
           nonEmptyString(JXE_CURRENCY),
-      },
-      createByInit<JXAddToCartEvent>,
-  };
+      });
   return type;
 }
 

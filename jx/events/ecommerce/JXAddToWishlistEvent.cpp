@@ -26,21 +26,16 @@ std::shared_ptr<JXAddToWishlistEvent> JXAddToWishlistEvent::initWithItems(
 }
 
 const JXEventClass& JXAddToWishlistEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXAddToWishlistEvent>{
-      {JXE_VALUE, "value", &JXAddToWishlistEvent::value_},
-      {JXE_CURRENCY, "currency", &JXAddToWishlistEvent::currency_},
-      {JXE_ITEMS, "items", &JXAddToWishlistEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXAddToWishlistEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXAddToWishlistEvent>(
+      JXECommerceEvent::eventClass(), "JXAddToWishlistEvent", {kName},
+      {
+          {JXE_VALUE, "value", &JXAddToWishlistEvent::value_},
+          {JXE_CURRENCY, "currency", &JXAddToWishlistEvent::currency_},
+          {JXE_ITEMS, "items", &JXAddToWishlistEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXAddToWishlistEvent>,
-  };
+      });
   return type;
 }
 

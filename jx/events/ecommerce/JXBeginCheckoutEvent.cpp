@@ -31,26 +31,21 @@ JXBeginCheckoutEvent::initWithRevenue_withValue_withCurrency_withItems(
 }
 
 const JXEventClass& JXBeginCheckoutEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXBeginCheckoutEvent>{
-      {JXE_VALUE, "value", &JXBeginCheckoutEvent::value_},
-      {JXE_REVENUE, "revenue", &JXBeginCheckoutEvent::revenue_},
-      {JXE_CURRENCY, "currency", &JXBeginCheckoutEvent::currency_},
-      {JXE_COUPON, "coupon", &JXBeginCheckoutEvent::coupon_},
-      {JXE_ITEMS, "items", &JXBeginCheckoutEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXBeginCheckoutEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXBeginCheckoutEvent>(
+      JXECommerceEvent::eventClass(), "JXBeginCheckoutEvent", {kName},
+      {
+          {JXE_VALUE, "value", &JXBeginCheckoutEvent::value_},
+          {JXE_REVENUE, "revenue", &JXBeginCheckoutEvent::revenue_},
+          {JXE_CURRENCY, "currency", &JXBeginCheckoutEvent::currency_},
+          {JXE_COUPON, "coupon", &JXBeginCheckoutEvent::coupon_},
+          {JXE_ITEMS, "items", &JXBeginCheckoutEvent::items_},
+      },
       {
           nonEmptyString(JXE_CURRENCY),
           nonEmptyList(JXE_ITEMS),
           present(JXE_VALUE),
           present(JXE_REVENUE),
-      },
-      createByInit<JXBeginCheckoutEvent>,
-  };
+      });
   return type;
 }
 

@@ -37,25 +37,22 @@ std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::
 }
 
 const JXEventClass& JXPurchaseEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXPurchaseEvent>{
-      {JXE_CURRENCY, "currency", &JXPurchaseEvent::currency_},
-      {JX_ID, "ID", &JXPurchaseEvent::ID_},
-      {JXE_VALUE, "value", &JXPurchaseEvent::value_},
-      {JXE_REVENUE, "revenue", &JXPurchaseEvent::revenue_},
-      {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXPurchaseEvent::shippingAmount_},
-      {JXE_TAXAMOUNT, "taxAmount", &JXPurchaseEvent::taxAmount_},
-      {JXE_COUPON, "coupon", &JXPurchaseEvent::coupon_},
-      {JXE_TYPE, "type", &JXPurchaseEvent::type_},
-      {JXE_PAYMENTMETHOD, "paymentMethod", &JXPurchaseEvent::paymentMethod_},
-      {JXE_STATUS, "status", &JXPurchaseEvent::status_},
-      {JXE_URL, "url", &JXPurchaseEvent::url_},
-      {JXE_ITEMS, "items", &JXPurchaseEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXPurchaseEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXPurchaseEvent>(
+      JXECommerceEvent::eventClass(), "JXPurchaseEvent", {kName},
+      {
+          {JXE_CURRENCY, "currency", &JXPurchaseEvent::currency_},
+          {JX_ID, "ID", &JXPurchaseEvent::ID_},
+          {JXE_VALUE, "value", &JXPurchaseEvent::value_},
+          {JXE_REVENUE, "revenue", &JXPurchaseEvent::revenue_},
+          {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXPurchaseEvent::shippingAmount_},
+          {JXE_TAXAMOUNT, "taxAmount", &JXPurchaseEvent::taxAmount_},
+          {JXE_COUPON, "coupon", &JXPurchaseEvent::coupon_},
+          {JXE_TYPE, "type", &JXPurchaseEvent::type_},
+          {JXE_PAYMENTMETHOD, "paymentMethod", &JXPurchaseEvent::paymentMethod_},
+          {JXE_STATUS, "status", &JXPurchaseEvent::status_},
+          {JXE_URL, "url", &JXPurchaseEvent::url_},
+          {JXE_ITEMS, "items", &JXPurchaseEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
           nonEmptyString(JX_ID),
@@ -65,9 +62,7 @@ const JXEventClass& JXPurchaseEvent::eventClass() {
           nonEmptyString(JXE_TYPE),
           nonEmptyString(JXE_PAYMENTMETHOD),
           nonEmptyString(JXE_STATUS),
-      },
-      createByInit<JXPurchaseEvent>,
-  };
+      });
   return type;
 }
 

@@ -47,28 +47,23 @@ JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(
 }
 
 const JXEventClass& JXRefundEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXRefundEvent>{
-      {JXE_CURRENCY, "currency", &JXRefundEvent::currency_},
-      {JXE_VALUE, "value", &JXRefundEvent::value_},
-      {JX_ID, "ID", &JXRefundEvent::ID_},
-      {JXE_REVENUE, "revenue", &JXRefundEvent::revenue_},
-      {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXRefundEvent::shippingAmount_},
-      {JXE_TAXAMOUNT, "taxAmount", &JXRefundEvent::taxAmount_},
-      {JXE_TYPE, "type", &JXRefundEvent::type_},
-      {JXE_URL, "url", &JXRefundEvent::url_},
-      {JXE_COUPON, "coupon", &JXRefundEvent::coupon_},
-      {JXE_ITEMS, "items", &JXRefundEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXRefundEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXRefundEvent>(
+      JXECommerceEvent::eventClass(), "JXRefundEvent", {kName},
+      {
+          {JXE_CURRENCY, "currency", &JXRefundEvent::currency_},
+          {JXE_VALUE, "value", &JXRefundEvent::value_},
+          {JX_ID, "ID", &JXRefundEvent::ID_},
+          {JXE_REVENUE, "revenue", &JXRefundEvent::revenue_},
+          {JXE_SHIPPINGAMOUNT, "shippingAmount", &JXRefundEvent::shippingAmount_},
+          {JXE_TAXAMOUNT, "taxAmount", &JXRefundEvent::taxAmount_},
+          {JXE_TYPE, "type", &JXRefundEvent::type_},
+          {JXE_URL, "url", &JXRefundEvent::url_},
+          {JXE_COUPON, "coupon", &JXRefundEvent::coupon_},
+          {JXE_ITEMS, "items", &JXRefundEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXRefundEvent>,
-  };
+      });
   return type;
 }
 

@@ -26,21 +26,16 @@ std::shared_ptr<JXRemoveFromCartEvent> JXRemoveFromCartEvent::initWithItems(
 }
 
 const JXEventClass& JXRemoveFromCartEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXRemoveFromCartEvent>{
-      {JXE_VALUE, "value", &JXRemoveFromCartEvent::value_},
-      {JXE_CURRENCY, "currency", &JXRemoveFromCartEvent::currency_},
-      {JXE_ITEMS, "items", &JXRemoveFromCartEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXRemoveFromCartEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXRemoveFromCartEvent>(
+      JXECommerceEvent::eventClass(), "JXRemoveFromCartEvent", {kName},
+      {
+          {JXE_VALUE, "value", &JXRemoveFromCartEvent::value_},
+          {JXE_CURRENCY, "currency", &JXRemoveFromCartEvent::currency_},
+          {JXE_ITEMS, "items", &JXRemoveFromCartEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXRemoveFromCartEvent>,
-  };
+      });
   return type;
 }
 

@@ -26,21 +26,16 @@ std::shared_ptr<JXViewCartEvent> JXViewCartEvent::initWithItems(
 }
 
 const JXEventClass& JXViewCartEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXViewCartEvent>{
-      {JXE_CURRENCY, "currency", &JXViewCartEvent::currency_},
-      {JXE_VALUE, "value", &JXViewCartEvent::value_},
-      {JXE_ITEMS, "items", &JXViewCartEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXViewCartEvent",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
-      {
-          nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXViewCartEvent>,
-  };
+  static const auto& type =
+      JXEventClass::of<JXViewCartEvent>(JXECommerceEvent::eventClass(), "JXViewCartEvent", {kName},
+                                        {
+                                            {JXE_CURRENCY, "currency", &JXViewCartEvent::currency_},
+                                            {JXE_VALUE, "value", &JXViewCartEvent::value_},
+                                            {JXE_ITEMS, "items", &JXViewCartEvent::items_},
+                                        },
+                                        {
+                                            nonEmptyList(JXE_ITEMS),
+                                        });
   return type;
 }
 

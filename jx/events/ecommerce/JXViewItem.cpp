@@ -26,23 +26,18 @@ std::shared_ptr<JXViewItem> JXViewItem::initWithItems(
 }
 
 const JXEventClass& JXViewItem::eventClass() {
-  static const auto& fields = *new JXFields<JXViewItem>{
-      {JXE_CURRENCY, "currency", &JXViewItem::currency_},
-      {JXE_REVENUE, "revenue", &JXViewItem::revenue_},
-      {JXE_ITEMS, "items", &JXViewItem::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXViewItem",
-      &JXECommerceEvent::eventClass(),
-      {kName},
-      &fields,
-      {
-          nonEmptyList(JXE_ITEMS),
-          present(JXE_REVENUE),
-          nonEmptyString(JXE_CURRENCY),
-      },
-      createByInit<JXViewItem>,
-  };
+  static const auto& type =
+      JXEventClass::of<JXViewItem>(JXECommerceEvent::eventClass(), "JXViewItem", {kName},
+                                   {
+                                       {JXE_CURRENCY, "currency", &JXViewItem::currency_},
+                                       {JXE_REVENUE, "revenue", &JXViewItem::revenue_},
+                                       {JXE_ITEMS, "items", &JXViewItem::items_},
+                                   },
+                                   {
+                                       nonEmptyList(JXE_ITEMS),
+                                       present(JXE_REVENUE),
+                                       nonEmptyString(JXE_CURRENCY),
+                                   });
   return type;
 }
 

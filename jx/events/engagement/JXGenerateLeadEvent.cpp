@@ -27,21 +27,16 @@ std::shared_ptr<JXGenerateLeadEvent> JXGenerateLeadEvent::initWithValue_withCurr
 }
 
 const JXEventClass& JXGenerateLeadEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXGenerateLeadEvent>{
-      {JXE_CURRENCY, "currency", &JXGenerateLeadEvent::currency_},
-      {JXE_VALUE, "value", &JXGenerateLeadEvent::value_},
-      {JX_ID, "ID", &JXGenerateLeadEvent::ID_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXGenerateLeadEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXGenerateLeadEvent>(
+      JXEvent::eventClass(), "JXGenerateLeadEvent", {kName},
+      {
+          {JXE_CURRENCY, "currency", &JXGenerateLeadEvent::currency_},
+          {JXE_VALUE, "value", &JXGenerateLeadEvent::value_},
+          {JX_ID, "ID", &JXGenerateLeadEvent::ID_},
+      },
       {
           together(JXE_VALUE, JXE_CURRENCY),
-      },
-      createByInit<JXGenerateLeadEvent>,
-  };
+      });
   return type;
 }
 

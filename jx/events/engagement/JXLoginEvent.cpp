@@ -19,12 +19,11 @@ std::shared_ptr<JXLoginEvent> JXLoginEvent::init() {
 }
 
 const JXEventClass& JXLoginEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXLoginEvent>{
-      {JXE_METHOD, "method", &JXLoginEvent::method_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXLoginEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXLoginEvent>,
-  };
+  static const auto& type =
+      JXEventClass::of<JXLoginEvent>(JXEvent::eventClass(), "JXLoginEvent", {kName},
+                                     {
+                                         {JXE_METHOD, "method", &JXLoginEvent::method_},
+                                     });
   return type;
 }
 

@@ -25,20 +25,15 @@ std::shared_ptr<JXPageViewEvent> JXPageViewEvent::initWithType(const JXString& p
 }
 
 const JXEventClass& JXPageViewEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXPageViewEvent>{
-      {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_, kDuplicateField},
-      {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_, kDuplicateField},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXPageViewEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
-      {
-          nonEmptyString(JXE_PAGETYPE),
-      },
-      createByInit<JXPageViewEvent>,
-  };
+  static const auto& type =
+      JXEventClass::of<JXPageViewEvent>(JXEvent::eventClass(), "JXPageViewEvent", {kName},
+                                        {
+                                            {JXE_PAGENAME, "pageName", &JXPageViewEvent::pageName_},
+                                            {JXE_PAGETYPE, "pageType", &JXPageViewEvent::pageType_},
+                                        },
+                                        {
+                                            nonEmptyString(JXE_PAGETYPE),
+                                        });
   return type;
 }
 

@@ -25,19 +25,14 @@ std::shared_ptr<JXSearchEvent> JXSearchEvent::initWithSearchTerm(const JXString&
 }
 
 const JXEventClass& JXSearchEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXSearchEvent>{
-      {JXE_SEARCHTERM, "searchTerm", &JXSearchEvent::searchTerm_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXSearchEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXSearchEvent>(
+      JXEvent::eventClass(), "JXSearchEvent", {kName},
+      {
+          {JXE_SEARCHTERM, "searchTerm", &JXSearchEvent::searchTerm_},
+      },
       {
           nonEmptyString(JXE_SEARCHTERM),
-      },
-      createByInit<JXSearchEvent>,
-  };
+      });
   return type;
 }
 

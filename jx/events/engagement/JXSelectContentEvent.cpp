@@ -19,18 +19,12 @@ std::shared_ptr<JXSelectContentEvent> JXSelectContentEvent::init() {
 }
 
 const JXEventClass& JXSelectContentEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXSelectContentEvent>{
-      {JXE_CONTENTTYPE, "contentType", &JXSelectContentEvent::contentType_},
-      {JXE_ITEMID, "itemID", &JXSelectContentEvent::itemID_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXSelectContentEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
-      {},
-      createByInit<JXSelectContentEvent>,
-  };
+  static const auto& type = JXEventClass::of<JXSelectContentEvent>(
+      JXEvent::eventClass(), "JXSelectContentEvent", {kName},
+      {
+          {JXE_CONTENTTYPE, "contentType", &JXSelectContentEvent::contentType_},
+          {JXE_ITEMID, "itemID", &JXSelectContentEvent::itemID_},
+      });
   return type;
 }
 

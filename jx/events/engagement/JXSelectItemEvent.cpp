@@ -26,20 +26,15 @@ std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::initWithItems(
 }
 
 const JXEventClass& JXSelectItemEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXSelectItemEvent>{
-      {JXE_ITEMLISTNAME, "itemListName", &JXSelectItemEvent::itemListName_},
-      {JXE_ITEMS, "items", &JXSelectItemEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXSelectItemEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXSelectItemEvent>(
+      JXEvent::eventClass(), "JXSelectItemEvent", {kName},
+      {
+          {JXE_ITEMLISTNAME, "itemListName", &JXSelectItemEvent::itemListName_},
+          {JXE_ITEMS, "items", &JXSelectItemEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXSelectItemEvent>,
-  };
+      });
   return type;
 }
 

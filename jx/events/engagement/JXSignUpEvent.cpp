@@ -19,12 +19,11 @@ std::shared_ptr<JXSignUpEvent> JXSignUpEvent::init() {
 }
 
 const JXEventClass& JXSignUpEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXSignUpEvent>{
-      {JXE_METHOD, "method", &JXSignUpEvent::method_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXSignUpEvent", &JXEvent::eventClass(), {kName}, &fields, {}, createByInit<JXSignUpEvent>,
-  };
+  static const auto& type =
+      JXEventClass::of<JXSignUpEvent>(JXEvent::eventClass(), "JXSignUpEvent", {kName},
+                                      {
+                                          {JXE_METHOD, "method", &JXSignUpEvent::method_},
+                                      });
   return type;
 }
 

@@ -26,20 +26,15 @@ std::shared_ptr<JXViewItemListEvent> JXViewItemListEvent::initWithItems(
 }
 
 const JXEventClass& JXViewItemListEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXViewItemListEvent>{
-      {JXE_ITEMLISTNAME, "itemListName", &JXViewItemListEvent::itemListName_},
-      {JXE_ITEMS, "items", &JXViewItemListEvent::items_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXViewItemListEvent",
-      &JXEvent::eventClass(),
-      {kName},
-      &fields,
+  static const auto& type = JXEventClass::of<JXViewItemListEvent>(
+      JXEvent::eventClass(), "JXViewItemListEvent", {kName},
+      {
+          {JXE_ITEMLISTNAME, "itemListName", &JXViewItemListEvent::itemListName_},
+          {JXE_ITEMS, "items", &JXViewItemListEvent::items_},
+      },
       {
           nonEmptyList(JXE_ITEMS),
-      },
-      createByInit<JXViewItemListEvent>,
-  };
+      });
   return type;
 }
 

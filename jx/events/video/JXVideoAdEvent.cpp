@@ -21,24 +21,22 @@ std::shared_ptr<JXVideoAdEvent> JXVideoAdEvent::initWithMode_andSessionId(
 }
 
 const JXEventClass& JXVideoAdEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXVideoAdEvent>{
-      {JXV_AD_ASSET_ID, "adAssetID", &JXVideoAdEvent::adAssetID_},
-      {JXV_AD_POD_ID, "adPodID", &JXVideoAdEvent::adPodID_},
-      {JXV_POD_POSITION, "podPosition", &JXVideoAdEvent::podPosition_},
-      {JXV_POD_LENGTH, "podLength", &JXVideoAdEvent::podLength_},
-      {JXV_AD_QUARTILE, "adQuartile", &JXVideoAdEvent::adQuartile_},
-      {JXV_AD_TYPE, "adType",
-       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::adType_,
-                                   JXEnumStrings(EJXAdType_toString, EJXAdType_members)}},
-      {JXV_LOAD_TYPE, "loadType",
-       JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::loadType_,
-                                   JXEnumStrings(EJXAdLoadType_toString, EJXAdLoadType_members)}},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXVideoAdEvent",
-      &JXVideoEvent::eventClass(),
-      kModes.allStrings(),
-      &fields,
+  static const auto& type = JXEventClass::of<JXVideoAdEvent>(
+      JXVideoEvent::eventClass(), "JXVideoAdEvent", kModes.allStrings(),
+      {
+          {JXV_AD_ASSET_ID, "adAssetID", &JXVideoAdEvent::adAssetID_},
+          {JXV_AD_POD_ID, "adPodID", &JXVideoAdEvent::adPodID_},
+          {JXV_POD_POSITION, "podPosition", &JXVideoAdEvent::podPosition_},
+          {JXV_POD_LENGTH, "podLength", &JXVideoAdEvent::podLength_},
+          {JXV_AD_QUARTILE, "adQuartile", &JXVideoAdEvent::adQuartile_},
+          {JXV_AD_TYPE, "adType",
+           JXEnumField<JXVideoAdEvent>{&JXVideoAdEvent::adType_,
+                                       JXEnumStrings(EJXAdType_toString, EJXAdType_members)}},
+          {JXV_LOAD_TYPE, "loadType",
+           JXEnumField<JXVideoAdEvent>{
+               &JXVideoAdEvent::loadType_,
+               JXEnumStrings(EJXAdLoadType_toString, EJXAdLoadType_members)}},
+      },
       {
           nonEmptyString(JXV_VIDEO_SESSION_ID),
           nonEmptyString(JXV_AD_ASSET_ID),
@@ -46,9 +44,7 @@ const JXEventClass& JXVideoAdEvent::eventClass() {
           present(JXV_CURSOR_POSITION),
           present(JXV_TOTAL_LENGTH),
       },
-      createByMode<JXVideoAdEvent, EJXVideoAdMode>,
-      kModes.allEnumerators(),
-  };
+      createByMode<JXVideoAdEvent, EJXVideoAdMode>, kModes.allEnumerators());
   return type;
 }
 

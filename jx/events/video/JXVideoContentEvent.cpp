@@ -21,37 +21,32 @@ std::shared_ptr<JXVideoContentEvent> JXVideoContentEvent::initWithMode_andSessio
 }
 
 const JXEventClass& JXVideoContentEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXVideoContentEvent>{
-      {JXV_CONTENT_POD_ID, "contentPodID", &JXVideoContentEvent::contentPodID_},
-      {JXV_VIDEO_DESCRIPTION, "videoDescription", &JXVideoContentEvent::videoDescription_},
-      {JXV_SEASON, "season", &JXVideoContentEvent::season_},
-      {JXV_EPISODE, "episode", &JXVideoContentEvent::episode_},
-      {JXV_PROGRAM, "program", &JXVideoContentEvent::program_},
-      {JXV_CHANNEL, "channel", &JXVideoContentEvent::channel_},
-      {JXV_CONTENT_ASSET_ID, "contentAssetID", &JXVideoContentEvent::contentAssetID_},
-      {JXV_VIDEO_CATEGORY, "videoCategory", &JXVideoContentEvent::videoCategory_},
-      {JXV_AIRDATE, "airDate", &JXVideoContentEvent::airDate_},
-      {JXV_KEYWORDS, "keywords", &JXVideoContentEvent::keywords_},
-      {JXV_FULL_EPISODE, "fullEpisode", &JXVideoContentEvent::fullEpisode_},
-      {JXV_LIVESTREAM, "livestream", &JXVideoContentEvent::livestream_},
-      {JXV_BITRATE, "bitrate", &JXVideoContentEvent::bitrate_},
-      {JXV_FRAMERATE, "framerate", &JXVideoContentEvent::framerate_},
-      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_, kDuplicateField},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXVideoContentEvent",
-      &JXVideoEvent::eventClass(),
-      kModes.allStrings(),
-      &fields,
+  static const auto& type = JXEventClass::of<JXVideoContentEvent>(
+      JXVideoEvent::eventClass(), "JXVideoContentEvent", kModes.allStrings(),
+      {
+          {JXV_CONTENT_POD_ID, "contentPodID", &JXVideoContentEvent::contentPodID_},
+          {JXV_VIDEO_DESCRIPTION, "videoDescription", &JXVideoContentEvent::videoDescription_},
+          {JXV_SEASON, "season", &JXVideoContentEvent::season_},
+          {JXV_EPISODE, "episode", &JXVideoContentEvent::episode_},
+          {JXV_PROGRAM, "program", &JXVideoContentEvent::program_},
+          {JXV_CHANNEL, "channel", &JXVideoContentEvent::channel_},
+          {JXV_CONTENT_ASSET_ID, "contentAssetID", &JXVideoContentEvent::contentAssetID_},
+          {JXV_VIDEO_CATEGORY, "videoCategory", &JXVideoContentEvent::videoCategory_},
+          {JXV_AIRDATE, "airDate", &JXVideoContentEvent::airDate_},
+          {JXV_KEYWORDS, "keywords", &JXVideoContentEvent::keywords_},
+          {JXV_FULL_EPISODE, "fullEpisode", &JXVideoContentEvent::fullEpisode_},
+          {JXV_LIVESTREAM, "livestream", &JXVideoContentEvent::livestream_},
+          {JXV_BITRATE, "bitrate", &JXVideoContentEvent::bitrate_},
+          {JXV_FRAMERATE, "framerate", &JXVideoContentEvent::framerate_},
+          {JXV_TOTAL_LENGTH, "totalLength", &JXVideoContentEvent::totalLength_},
+      },
       {
           nonEmptyString(JXV_VIDEO_SESSION_ID),
           nonEmptyString(JXV_CONTENT_ASSET_ID),
           present(JXV_CURSOR_POSITION),
           present(JXV_TOTAL_LENGTH),
       },
-      createByMode<JXVideoContentEvent, EJXVideoContentMode>,
-      kModes.allEnumerators(),
-  };
+      createByMode<JXVideoContentEvent, EJXVideoContentMode>, kModes.allEnumerators());
   return type;
 }
 

@@ -24,23 +24,18 @@ void JXVideoEvent::setNameOfMode(const JXEnumStrings& modes, int mode) {
 }
 
 const JXEventClass& JXVideoEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXVideoEvent>{
-      {JXV_VIDEO_SESSION_ID, "videoSessionID", &JXVideoEvent::videoSessionID_},
-      {JXV_CURSOR_POSITION, "cursorPosition", &JXVideoEvent::cursorPosition_},
-      {JXV_TOTAL_LENGTH, "totalLength", &JXVideoEvent::totalLength_},
-      {JXV_VIDEO_TITLE, "videoTitle", &JXVideoEvent::videoTitle_},
-      {JXV_PUBLISHER, "publisher", &JXVideoEvent::publisher_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXVideoEvent",
-      &JXEvent::eventClass(),
-      {},
-      &fields,
+  static const auto& type = JXEventClass::of<JXVideoEvent>(
+      JXEvent::eventClass(), "JXVideoEvent", {},
+      {
+          {JXV_VIDEO_SESSION_ID, "videoSessionID", &JXVideoEvent::videoSessionID_},
+          {JXV_CURSOR_POSITION, "cursorPosition", &JXVideoEvent::cursorPosition_},
+          {JXV_TOTAL_LENGTH, "totalLength", &JXVideoEvent::totalLength_},
+          {JXV_VIDEO_TITLE, "videoTitle", &JXVideoEvent::videoTitle_},
+          {JXV_PUBLISHER, "publisher", &JXVideoEvent::publisher_},
+      },
       {
           neverValid(),
-      },
-      createByInit<JXVideoEvent>,
-  };
+      });
   return type;
 }
 

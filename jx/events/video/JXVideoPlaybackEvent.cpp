@@ -21,29 +21,27 @@ std::shared_ptr<JXVideoPlaybackEvent> JXVideoPlaybackEvent::initWithMode_andSess
 }
 
 const JXEventClass& JXVideoPlaybackEvent::eventClass() {
-  static const auto& fields = *new JXFields<JXVideoPlaybackEvent>{
-      {JXV_VIDEO_PLAYER, "videoPlayer", &JXVideoPlaybackEvent::videoPlayer_},
-      {JXV_AD_TYPE, "adtype", &JXVideoPlaybackEvent::adtype_},
-      {JXV_IMAGE_QUALITY, "imageQuality", &JXVideoPlaybackEvent::imageQuality_},
-      {JXV_INTERRUPTION_METHOD, "interruptionMethod", &JXVideoPlaybackEvent::interruptionMethod_},
-      {JXV_VIDEO_CATEGORY, "videoCategory", &JXVideoPlaybackEvent::videoCategory_},
-      {JXV_FULL_SCREEN, "fullScreen", &JXVideoPlaybackEvent::fullScreen_},
-      {JXV_AD_ENABLED, "adEnabled", &JXVideoPlaybackEvent::adEnabled_},
-      {JXV_LIVESTREAM, "livestream", &JXVideoPlaybackEvent::livestream_},
-      {JXV_CONTENT_ASSET_ID, "contentAssetID", &JXVideoPlaybackEvent::contentAssetID_},
-      {JXV_CONTENT_POD_ID, "contentPodID", &JXVideoPlaybackEvent::contentPodID_},
-      {JXV_AD_ASSET_ID, "adAssetID", &JXVideoPlaybackEvent::adAssetID_},
-      {JXV_AD_POD_ID, "adPodID", &JXVideoPlaybackEvent::adPodID_},
-      {JXV_SEEK_POSITION, "seekPosition", &JXVideoPlaybackEvent::seekPosition_},
-      {JXV_BITRATE, "bitrate", &JXVideoPlaybackEvent::bitrate_},
-      {JXV_FRAMERATE, "framerate", &JXVideoPlaybackEvent::framerate_},
-      {JXV_SOUND, "sound", &JXVideoPlaybackEvent::sound_},
-  };
-  static const auto& type = *new JXEventClass{
-      "JXVideoPlaybackEvent",
-      &JXVideoEvent::eventClass(),
-      kModes.allStrings(),
-      &fields,
+  static const auto& type = JXEventClass::of<JXVideoPlaybackEvent>(
+      JXVideoEvent::eventClass(), "JXVideoPlaybackEvent", kModes.allStrings(),
+      {
+          {JXV_VIDEO_PLAYER, "videoPlayer", &JXVideoPlaybackEvent::videoPlayer_},
+          {JXV_AD_TYPE, "adtype", &JXVideoPlaybackEvent::adtype_},
+          {JXV_IMAGE_QUALITY, "imageQuality", &JXVideoPlaybackEvent::imageQuality_},
+          {JXV_INTERRUPTION_METHOD, "interruptionMethod",
+           &JXVideoPlaybackEvent::interruptionMethod_},
+          {JXV_VIDEO_CATEGORY, "videoCategory", &JXVideoPlaybackEvent::videoCategory_},
+          {JXV_FULL_SCREEN, "fullScreen", &JXVideoPlaybackEvent::fullScreen_},
+          {JXV_AD_ENABLED, "adEnabled", &JXVideoPlaybackEvent::adEnabled_},
+          {JXV_LIVESTREAM, "livestream", &JXVideoPlaybackEvent::livestream_},
+          {JXV_CONTENT_ASSET_ID, "contentAssetID", &JXVideoPlaybackEvent::contentAssetID_},
+          {JXV_CONTENT_POD_ID, "contentPodID", &JXVideoPlaybackEvent::contentPodID_},
+          {JXV_AD_ASSET_ID, "adAssetID", &JXVideoPlaybackEvent::adAssetID_},
+          {JXV_AD_POD_ID, "adPodID", &JXVideoPlaybackEvent::adPodID_},
+          {JXV_SEEK_POSITION, "seekPosition", &JXVideoPlaybackEvent::seekPosition_},
+          {JXV_BITRATE, "bitrate", &JXVideoPlaybackEvent::bitrate_},
+          {JXV_FRAMERATE, "framerate", &JXVideoPlaybackEvent::framerate_},
+          {JXV_SOUND, "sound", &JXVideoPlaybackEvent::sound_},
+      },
       {
           nonEmptyString(JXV_VIDEO_SESSION_ID),
           present(JXV_CONTENT_ASSET_ID),
@@ -52,9 +50,7 @@ const JXEventClass& JXVideoPlaybackEvent::eventClass() {
                      EJXVideoPlaybackMode_toString[EJXVideoPlaybackMode_BUFFER_COMPLETE]}),
           present(JXV_TOTAL_LENGTH),
       },
-      createByMode<JXVideoPlaybackEvent, EJXVideoPlaybackMode>,
-      kModes.allEnumerators(),
-  };
+      createByMode<JXVideoPlaybackEvent, EJXVideoPlaybackMode>, kModes.allEnumerators());
   return type;
 }
 

@@ -12,10 +12,10 @@
 #include <string_view>
 #include <vector>
 
-#include "jx/events/JXCondition.h"
+#include "jx/catalogue/JXCondition.h"
+#include "jx/catalogue/JXFieldTable.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXEventClass.h"
-#include "jx/events/JXFieldTable.h"
 #include "jx/events/JXItem.h"
 #include "jx/events/JXProduct.h"
 #include "jx/platform/JXString.h"
@@ -147,7 +147,7 @@ TEST(IndependentCatalogue, ListsExactlyTheExpectedClasses) {
 }
 
 TEST(IndependentCatalogue, ListsBasesBeforeDerivedClasses) {
-  std::set<const JXEventClass*> seen;
+  std::set<const JXBlockClass*> seen;
   for (const JXEventClass* one : allEventClasses()) {
     EXPECT_TRUE(one->base == nullptr || seen.count(one->base) == 1) << one->className;
     seen.insert(one);

@@ -222,7 +222,7 @@ TEST_F(StrictCollector, RespondsWithDiagnosticsAndStoresTheEvent) {
   const auto bad = client().post(eventsUrl(), namedBody("search", "e-1"));
   EXPECT_EQ(bad.status, 422);
   EXPECT_EQ(bad.body, R"({"reasons":[{"level":"error","code":"missing_field","key":"search_term",)"
-                      R"("text":"searchTerm must be set"}]})");
+                      R"("text":"searchTerm must be a non-empty string"}]})");
   const auto good = client().post(eventsUrl(), namedBody("login", "e-2"));
   EXPECT_EQ(good.status, 200);
   EXPECT_EQ(good.body, "");

@@ -117,8 +117,8 @@ TEST(ValidationResult, MessagesNameTheLibraryProperty) {
   const ValidationResult validation = ValidationResult::of(
       kQuery, purchaseWith(R"([{"id":"","quantity":1,"product":{"id":"p","price":1}}])"));
   ASSERT_EQ(validation.diagnostics.kept().size(), 2u);
-  EXPECT_EQ(validation.diagnostics.kept()[0].text, "name must be set");
-  EXPECT_EQ(validation.diagnostics.kept()[1].text, "ID must not be empty");
+  EXPECT_EQ(validation.diagnostics.kept()[0].text, "name must be a non-empty string");
+  EXPECT_EQ(validation.diagnostics.kept()[1].text, "ID must be a non-empty string");
 }
 
 TEST(ValidationResult, MessagesNameBothPropertiesOfAPair) {
@@ -127,8 +127,8 @@ TEST(ValidationResult, MessagesNameBothPropertiesOfAPair) {
         ValidationResult::of(kQuery, eventWith(R"("event_name":"generate_lead",)" + member));
     return validation.diagnostics.kept().at(0).text;
   };
-  EXPECT_EQ(messageFor(R"("value":0)"), "currency must be set when value is set");
-  EXPECT_EQ(messageFor(R"("currency":"EUR")"), "value must be set when currency is set");
+  EXPECT_EQ(messageFor(R"("value":0)"), "value and currency must be set together");
+  EXPECT_EQ(messageFor(R"("currency":"EUR")"), "value and currency must be set together");
 }
 
 TEST(ValidationResult, ChecksTheTypeOfEachKindOfField) {

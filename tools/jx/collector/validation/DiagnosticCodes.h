@@ -38,6 +38,7 @@ constexpr std::string_view nameOf(JsonNode::Kind kind) {
     case JsonNode::Kind::Object:
       return "an object";
     case JsonNode::Kind::Null:
+    case JsonNode::Kind::Absent:
       break;
   }
   return "null";

@@ -5,16 +5,15 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "jx/events/JXEventClass.h"
+#include "jx/catalogue/JXBlockClass.h"
 #include "tools/jx/collector/validation/Diagnostics.h"
 #include "tools/jx/collector/validation/JsonTree.h"
 
 namespace jx {
 
-/// Validates the JSON of an event, its items and their products against the field tables of the
-/// library: known keys, the type of each value, and the conditions for required fields.
+/// Validates the JSON of an event, its items and their products against the descriptors
+/// of the library: known keys, the type of each value, and the conditions for required fields.
 class FieldRules {
  public:
   /// `tree` and `diagnostics` must outlive this object.
@@ -23,27 +22,19 @@ class FieldRules {
 
   /// Validates the object at index `event`. `name` is the event name, which selects the conditions
   /// that apply.
-  void validateEvent(std::uint32_t event, const JXEventClass& type, std::string_view name);
+  void validateEvent(std::uint32_t event, const JXBlockClass& type, std::string_view name) {
+    validateBlock(event, type, name);
+  }
 
  private:
-  /// One kind of object: its fields and the conditions for required fields.
-  struct Block {
-    std::string_view name;
-    std::vector<const JXFieldTable*> tables;
-    const std::vector<JXCondition>* conditions;
-
-    const JXFieldInfo* field(std::string_view key) const;
-  };
-
-  /// Returns the property name of the library for a JSON key.
-  static std::string propertyOf(const Block& block, std::string_view key);
-  void validateBlock(std::uint32_t object, const Block& block, std::string_view eventName);
+  void validateBlock(std::uint32_t object, const JXBlockClass& type, std::string_view eventName);
   void validateValue(std::uint32_t value, const JXFieldInfo& field);
   void validateNumber(std::uint32_t value);
   void validateStrings(std::uint32_t list);
   void validateEnum(std::uint32_t value, const JXFieldInfo& field);
   void validateItems(std::uint32_t list);
-  void validateCondition(std::uint32_t object, const Block& block, const JXCondition& condition);
+  void validateCondition(std::uint32_t object, const JXBlockClass& type,
+                         const JXCondition& condition);
   JXFieldState stateOf(std::uint32_t object, std::string_view key) const;
   bool hasKind(std::uint32_t value, JsonNode::Kind kind, std::string_view wanted);
 

@@ -10,12 +10,14 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/core/json/JXJsonValue.h"
+
 namespace jx {
 
 /// One value of a JSON document. Numbers keep their digits, so that reading them loses no
 /// precision.
 struct JsonNode {
-  enum class Kind : std::uint8_t { Null, Bool, Number, String, Array, Object };
+  using Kind = JXJsonValue::Kind;
 
   std::string_view key;  ///< key in the parent object; empty for other values
   /// The decoded string, the digits of a number, or "true"/"false". Empty for other kinds.

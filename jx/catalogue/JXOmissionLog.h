@@ -7,17 +7,19 @@
 #include <utility>
 #include <vector>
 
-namespace jx {
+#include "jx/platform/JXString.h"
 
-class JXEvent;
+namespace jx {
 
 /// Logs the values that cannot be written while an event is serialised for `execute`: one message
 /// for each cause and key, however many items share the key. Collects the reports of its own thread
 /// from construction to destruction. A report without an open log is ignored, so that inspecting an
-/// event does not log. The event must outlive the log.
+/// event does not log. The strings must outlive the log.
 class JXOmissionLog {
  public:
-  explicit JXOmissionLog(const JXEvent& event) noexcept;
+  /// `name` is the name of the event, which may be null or empty; then the messages contain
+  /// `className`.
+  JXOmissionLog(const JXString& name, std::string_view className) noexcept;
   ~JXOmissionLog();
   JXOmissionLog(const JXOmissionLog&) = delete;
   JXOmissionLog& operator=(const JXOmissionLog&) = delete;
@@ -37,7 +39,8 @@ class JXOmissionLog {
   static bool isNew(Cause cause, std::string_view key);
   std::string eventName() const;
 
-  const JXEvent& event_;
+  const JXString& name_;
+  const std::string_view className_;
   JXOmissionLog* const outer_;  ///< of an event that is executed while another one is serialised
   std::vector<std::pair<Cause, std::string>> reported_;
 };

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/events/JXCondition.h"
+#include "jx/catalogue/JXCondition.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,6 +22,12 @@ bool contains(const std::vector<std::string_view>& names, std::string_view name)
 }
 
 }  // namespace
+
+JXFieldState JXFieldState::ofJson(JXJsonValue::Kind kind, std::size_t size) {
+  using Kind = JXJsonValue::Kind;
+  return {kind != Kind::Absent && kind != Kind::Null, kind == Kind::String && size != 0,
+          kind == Kind::Array && size != 0};
+}
 
 bool JXCondition::appliesTo(std::string_view eventName) const {
   return (onlyFor.empty() || contains(onlyFor, eventName)) && !contains(exceptFor, eventName);

@@ -1,11 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/events/JXOmissionLog.h"
+#include "jx/catalogue/JXOmissionLog.h"
 
 #include <algorithm>
 
 #include "jx/core/JXLogger.h"
-#include "jx/events/JXEvent.h"
 
 namespace jx {
 namespace {
@@ -15,7 +14,8 @@ thread_local JXOmissionLog* innermost = nullptr;
 
 }  // namespace
 
-JXOmissionLog::JXOmissionLog(const JXEvent& event) noexcept : event_(event), outer_(innermost) {
+JXOmissionLog::JXOmissionLog(const JXString& name, std::string_view className) noexcept
+    : name_(name), className_(className), outer_(innermost) {
   innermost = this;
 }
 
@@ -30,10 +30,8 @@ bool JXOmissionLog::isNew(Cause cause, std::string_view key) {
   return true;
 }
 
-// Returns the class name for an event without a name.
 std::string JXOmissionLog::eventName() const {
-  return event_.name().testString() ? event_.name().toStdString()
-                                    : std::string(event_.ownEventClass().className);
+  return name_.testString() ? name_.toStdString() : std::string(className_);
 }
 
 void JXOmissionLog::reportNaN(std::string_view key) {

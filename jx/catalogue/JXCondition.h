@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
+#include "jx/core/json/JXJsonValue.h"
 #include "jx/platform/JXApi.h"
 
 namespace jx {
@@ -14,6 +16,10 @@ struct JX_API JXFieldState {
   bool isPresent = false;         ///< not null; a NaN amount counts as null
   bool isNonEmptyString = false;  ///< a string of at least one character
   bool hasEntries = false;        ///< a list of at least one element
+
+  /// Returns the state of a field from its JSON: the type of the value and, for a string or an
+  /// array, its size.
+  static JXFieldState ofJson(JXJsonValue::Kind kind, std::size_t size);
 };
 
 /// A condition that an event must meet to be valid. It identifies fields by their JSON key, so that
