@@ -3,44 +3,39 @@
 // The functions of jx_object.h that read fields and change lists.
 #include <algorithm>
 
-#include "jx/c/internal/JXCField.h"
+#include "jx/c/internal/JXCObject.h"
 
 namespace {
 
-using jx::JXFieldInfo;
-using jx::JXFieldKind;
 using jx::JXJsonArray;
 using jx::JXJsonValue;
-using jx::c::JXCObject;
+using jx::c::JXCField;
 using jx::c::onField;
 using jx::c::Result;
-using Kinds = std::initializer_list<JXFieldKind>;
+using Kind = jx::JXFieldKind;
+using Kinds = std::initializer_list<Kind>;
 
-constexpr Kinds kLists = {JXFieldKind::Strings, JXFieldKind::NumberedStrings, JXFieldKind::Values,
-                          JXFieldKind::Items};
-constexpr Kinds kStringLists = {JXFieldKind::Strings, JXFieldKind::NumberedStrings,
-                                JXFieldKind::Values};
+constexpr Kinds kLists = {Kind::Strings, Kind::NumberedStrings, Kind::Values, Kind::Items};
+constexpr Kinds kStringLists = {Kind::Strings, Kind::NumberedStrings, Kind::Values};
 
 // Passes the value of a field to `use`, unless it is null.
 template <typename Use>
 jx_status getValue(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                    const Use& use) {
-  return onField(operation, object, name, kinds,
-                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
-                   const JXJsonValue value = found.get(field);
-                   return value.isPresent() ? use(value) : JX_ERROR_NOT_SET;
-                 });
+  return onField(operation, object, name, kinds, [&](const JXCField& found) -> Result {
+    const JXJsonValue value = found.get();
+    return value.isPresent() ? use(value) : JX_ERROR_NOT_SET;
+  });
 }
 
 // Passes the elements of a list field to `use`, unless it is null.
 template <typename Use>
 jx_status onList(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                  const Use& use) {
-  return onField(operation, object, name, kinds,
-                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
-                   JXJsonArray list = found.list(field);
-                   return list.isPresent() ? use(list, field) : JX_ERROR_NOT_SET;
-                 });
+  return onField(operation, object, name, kinds, [&](const JXCField& found) -> Result {
+    JXJsonArray list = found.object.list(found.info);
+    return list.isPresent() ? use(list, found.info.kind) : JX_ERROR_NOT_SET;
+  });
 }
 
 Result outOfRange(const char* field, size_t index) {
@@ -52,64 +47,64 @@ Result outOfRange(const char* field, size_t index) {
 template <typename Use>
 jx_status onElement(const char* operation, const jx_object* object, const char* name, Kinds kinds,
                     size_t index, const Use& use) {
-  return onList(operation, object, name, kinds,
-                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
-                  const JXJsonValue element = list.at(index);
-                  return element.isPresent() ? use(element) : outOfRange(name, index);
-                });
+  return onList(operation, object, name, kinds, [&](JXJsonArray& list, Kind) -> Result {
+    const JXJsonValue element = list.at(index);
+    return element.isPresent() ? use(element) : outOfRange(name, index);
+  });
 }
 
-// `create` reads the element; an absent one is not inserted.
+// `create` reads the element. An absent one is inserted as null into a list of strings, and not
+// into any other list.
 template <typename Create>
 jx_status insert(const char* operation, jx_object* object, const char* name, Kinds kinds,
                  size_t index, const Create& create) {
-  return onList(operation, object, name, kinds, [&](JXJsonArray& list, const JXFieldInfo& field) {
+  return onList(operation, object, name, kinds, [&](JXJsonArray& list, Kind kind) {
     JXJsonValue element;
-    Result result = create(element, field);
-    if (result.status == JX_OK) list.insert(index, element);
+    Result result = create(element);
+    if (result.status != JX_OK) return result;
+    const bool hasStrings = kind == Kind::Strings || kind == Kind::NumberedStrings;
+    list.insert(index, element.isPresent() || !hasStrings ? element : JXJsonValue::null());
     return result;
   });
 }
 
 jx_status insertItem(const char* operation, jx_object* object, const char* name, size_t index,
                      const jx_object* item) {
-  return insert(operation, object, name, {JXFieldKind::Items}, index,
-                [&](JXJsonValue& element, const JXFieldInfo&) {
-                  return jx::c::copyOf(item, "JXItem", "item", element);
-                });
+  return insert(operation, object, name, {Kind::Items}, index, [&](JXJsonValue& element) {
+    return jx::c::copyOf(item, "JXItem", "item", element);
+  });
 }
 
 }  // namespace
 
 jx_status jx_object_get_string(const jx_object* object, const char* field, char* buffer,
                                size_t capacity, size_t* length) {
-  return getValue(__func__, object, field, {JXFieldKind::String}, [&](const JXJsonValue& value) {
+  return getValue(__func__, object, field, {Kind::String}, [&](const JXJsonValue& value) {
     return jx::c::copyOut(value.string().toStdString(), buffer, capacity, length);
   });
 }
 
 jx_status jx_object_get_number(const jx_object* object, const char* field, char* buffer,
                                size_t capacity, size_t* length) {
-  return getValue(__func__, object, field, {JXFieldKind::Number}, [&](const JXJsonValue& value) {
+  return getValue(__func__, object, field, {Kind::Number}, [&](const JXJsonValue& value) {
     return jx::c::copyOut(value.numberString().toStdString(), buffer, capacity, length);
   });
 }
 
 jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool* value) {
-  return getValue(__func__, object, field, {JXFieldKind::Boolean},
-                  [&](const JXJsonValue& read) -> Result {
-                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
-                    *value = read.boolValue();
-                    return JX_OK;
-                  });
+  return getValue(__func__, object, field, {Kind::Boolean}, [&](const JXJsonValue& read) -> Result {
+    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    *value = read.boolValue();
+    return JX_OK;
+  });
 }
 
 jx_status jx_object_get_enum(const jx_object* object, const char* field, uint32_t* value) {
-  return onField(__func__, object, field, {JXFieldKind::Enumeration},
-                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
+  return onField(__func__, object, field, {Kind::Enumeration},
+                 [&](const JXCField& found) -> Result {
                    if (value == nullptr) return JX_ERROR_NULL_ARGUMENT;
-                   const auto names = info.enumStrings.allEnumerators();
-                   const jx::JXString name = found.get(info).string();
+                   const auto names = found.info.enumStrings.allEnumerators();
+                   const jx::JXString name = found.get().string();
                    const auto place = std::find(names.begin(), names.end(), name.view());
                    if (place == names.end()) return JX_ERROR_NOT_SET;
                    *value = static_cast<uint32_t>(place - names.begin());
@@ -126,12 +121,11 @@ jx_status jx_object_get_json(const jx_object* object, const char* field, char* b
 
 jx_status jx_object_list_count(const jx_object* object, const char* field, size_t* count) {
   if (count != nullptr) *count = 0;
-  return onList(__func__, object, field, kLists,
-                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
-                  if (count == nullptr) return JX_ERROR_NULL_ARGUMENT;
-                  *count = list.size();
-                  return JX_OK;
-                });
+  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, Kind) -> Result {
+    if (count == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    *count = list.size();
+    return JX_OK;
+  });
 }
 
 jx_status jx_object_list_get_string(const jx_object* object, const char* field, size_t index,
@@ -157,18 +151,16 @@ jx_status jx_object_list_get_json(const jx_object* object, const char* field, si
 
 jx_status jx_object_list_insert_string(jx_object* object, const char* field, size_t index,
                                        const char* value) {
-  return insert(__func__, object, field, kStringLists, index,
-                [&](JXJsonValue& element, const JXFieldInfo& info) {
-                  const bool isAnyValue = info.kind == JXFieldKind::Values;
-                  element = value != nullptr || isAnyValue ? value : JXJsonValue::null();
-                  return Result(JX_OK);
-                });
+  return insert(__func__, object, field, kStringLists, index, [&](JXJsonValue& element) {
+    element = value;
+    return Result(JX_OK);
+  });
 }
 
 jx_status jx_object_list_insert_number(jx_object* object, const char* field, size_t index,
                                        const char* value) {
-  return insert(__func__, object, field, {JXFieldKind::Values}, index,
-                [&](JXJsonValue& element, const JXFieldInfo&) -> Result {
+  return insert(__func__, object, field, {Kind::Values}, index,
+                [&](JXJsonValue& element) -> Result {
                   if (value == nullptr) return JX_OK;
                   element = JXJsonValue::numberFromString(value);
                   return element.isPresent() ? JX_OK : jx::c::notANumber(field);
@@ -177,26 +169,23 @@ jx_status jx_object_list_insert_number(jx_object* object, const char* field, siz
 
 jx_status jx_object_list_insert_boolean(jx_object* object, const char* field, size_t index,
                                         bool value) {
-  return insert(__func__, object, field, {JXFieldKind::Values}, index,
-                [&](JXJsonValue& element, const JXFieldInfo&) {
-                  element = value;
-                  return Result(JX_OK);
-                });
+  return insert(__func__, object, field, {Kind::Values}, index, [&](JXJsonValue& element) {
+    element = value;
+    return Result(JX_OK);
+  });
 }
 
 jx_status jx_object_list_insert_null(jx_object* object, const char* field, size_t index) {
-  return insert(__func__, object, field, kLists, index,
-                [](JXJsonValue& element, const JXFieldInfo&) {
-                  element = JXJsonValue::null();
-                  return Result(JX_OK);
-                });
+  return insert(__func__, object, field, kLists, index, [](JXJsonValue& element) {
+    element = JXJsonValue::null();
+    return Result(JX_OK);
+  });
 }
 
 jx_status jx_object_list_insert_json(jx_object* object, const char* field, size_t index,
                                      const char* json) {
-  return insert(
-      __func__, object, field, {JXFieldKind::Values}, index,
-      [&](JXJsonValue& element, const JXFieldInfo&) { return jx::c::readJson(json, element); });
+  return insert(__func__, object, field, {Kind::Values}, index,
+                [&](JXJsonValue& element) { return jx::c::readJson(json, element); });
 }
 
 jx_status jx_object_list_insert_item(jx_object* object, const char* field, size_t index,
@@ -209,14 +198,12 @@ jx_status jx_object_add_item(jx_object* object, const char* field, const jx_obje
 }
 
 jx_status jx_object_list_remove(jx_object* object, const char* field, size_t index) {
-  return onList(__func__, object, field, kLists,
-                [&](JXJsonArray& list, const JXFieldInfo&) -> Result {
-                  return list.removeAt(index).isPresent() ? JX_OK : outOfRange(field, index);
-                });
+  return onList(__func__, object, field, kLists, [&](JXJsonArray& list, Kind) -> Result {
+    return list.removeAt(index).isPresent() ? JX_OK : outOfRange(field, index);
+  });
 }
 
 jx_status jx_object_list_clear(jx_object* object, const char* field) {
-  return onField(__func__, object, field, kLists, [&](JXCObject& found, const JXFieldInfo& info) {
-    return jx::c::set(found, field, info, JXJsonArray());
-  });
+  return onField(__func__, object, field, kLists,
+                 [&](const JXCField& found) { return found.set(JXJsonArray()); });
 }

@@ -4,40 +4,38 @@
 
 #include <string_view>
 
-#include "jx/c/internal/JXCField.h"
+#include "jx/c/internal/JXCObject.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/events/JXEventClass.h"
 
 namespace {
 
-using jx::JXFieldInfo;
-using jx::JXFieldKind;
 using jx::JXHandleKind;
 using jx::JXJsonArray;
 using jx::JXJsonValue;
+using jx::c::JXCField;
 using jx::c::JXCObject;
 using jx::c::onField;
 using jx::c::onObject;
 using jx::c::Result;
+using Kind = jx::JXFieldKind;
 
 // `create` returns the value. It runs inside the call because a long string allocates memory.
 template <typename Create>
-jx_status setValue(const char* operation, jx_object* object, const char* name, JXFieldKind kind,
+jx_status setValue(const char* operation, jx_object* object, const char* name, Kind kind,
                    const Create& create) {
-  return onField(operation, object, name, {kind}, [&](JXCObject& found, const JXFieldInfo& field) {
-    return jx::c::set(found, name, field, create());
-  });
+  return onField(operation, object, name, {kind},
+                 [&](const JXCField& found) { return found.set(create()); });
 }
 
 template <typename Create>
 jx_status setDecimal(const char* operation, jx_object* object, const char* name,
                      const Create& create) {
-  return onField(operation, object, name, {JXFieldKind::Number},
-                 [&](JXCObject& found, const JXFieldInfo& field) -> Result {
-                   const jx::JXDecimal number = create();
-                   if (number.isNaN()) return jx::c::notANumber(name);
-                   return jx::c::set(found, name, field, number);
-                 });
+  return onField(operation, object, name, {Kind::Number}, [&](const JXCField& found) -> Result {
+    const jx::JXDecimal number = create();
+    if (number.isNaN()) return jx::c::notANumber(name);
+    return found.set(number);
+  });
 }
 
 jx_status createEvent(const char* operation, const char* className, const uint32_t* mode,
@@ -107,12 +105,12 @@ jx_status jx_object_free(jx_object* object) {
 }
 
 jx_status jx_object_set_string(jx_object* object, const char* field, const char* value) {
-  return setValue(__func__, object, field, JXFieldKind::String, [&] { return JXJsonValue(value); });
+  return setValue(__func__, object, field, Kind::String, [&] { return JXJsonValue(value); });
 }
 
 jx_status jx_object_set_number(jx_object* object, const char* field, const char* value) {
   if (value == nullptr) {
-    return setValue(__func__, object, field, JXFieldKind::Number, [] { return JXJsonValue(); });
+    return setValue(__func__, object, field, Kind::Number, [] { return JXJsonValue(); });
   }
   return setDecimal(__func__, object, field, [&] { return jx::JXDecimal::fromString(value); });
 }
@@ -126,57 +124,53 @@ jx_status jx_object_set_double(jx_object* object, const char* field, double valu
 }
 
 jx_status jx_object_set_boolean(jx_object* object, const char* field, bool value) {
-  return setValue(__func__, object, field, JXFieldKind::Boolean,
-                  [&] { return JXJsonValue(value); });
+  return setValue(__func__, object, field, Kind::Boolean, [&] { return JXJsonValue(value); });
 }
 
 jx_status jx_object_set_enum(jx_object* object, const char* field, uint32_t value) {
-  return onField(__func__, object, field, {JXFieldKind::Enumeration},
-                 [&](JXCObject& found, const JXFieldInfo& info) -> Result {
-                   const jx::JXEnumStrings& strings = info.enumStrings;
+  return onField(__func__, object, field, {Kind::Enumeration},
+                 [&](const JXCField& found) -> Result {
+                   const jx::JXEnumStrings& strings = found.info.enumStrings;
                    if (value >= strings.count) {
                      return {JX_ERROR_UNKNOWN_ENUMERATOR,
                              std::to_string(value) + " is not a value of " + field};
                    }
-                   return jx::c::set(found, field, info, strings.enumerators[value]);
+                   return found.set(strings.enumerators[value]);
                  });
 }
 
 jx_status jx_object_set_strings(jx_object* object, const char* field, const char* const* strings,
                                 size_t count) {
-  return onField(__func__, object, field, {JXFieldKind::Strings, JXFieldKind::NumberedStrings},
-                 [&](JXCObject& found, const JXFieldInfo& info) {
+  return onField(__func__, object, field, {Kind::Strings, Kind::NumberedStrings},
+                 [&](const JXCField& found) {
                    JXJsonArray list = strings != nullptr ? JXJsonArray() : nullptr;
                    for (size_t i = 0; list.isPresent() && i < count; ++i) {
                      list.append(strings[i] != nullptr ? strings[i] : JXJsonValue::null());
                    }
-                   return jx::c::set(found, field, info, list);
+                   return found.set(list);
                  });
 }
 
 jx_status jx_object_set_product(jx_object* object, const char* field, const jx_object* product) {
-  return onField(__func__, object, field, {JXFieldKind::Product},
-                 [&](JXCObject& found, const JXFieldInfo& info) {
-                   JXJsonValue copy;
-                   Result result = product == nullptr
-                                       ? JX_OK
-                                       : jx::c::copyOf(product, "JXProduct", "product", copy);
-                   return result.status == JX_OK ? jx::c::set(found, field, info, copy) : result;
-                 });
+  return onField(__func__, object, field, {Kind::Product}, [&](const JXCField& found) {
+    JXJsonValue copy;
+    Result result =
+        product == nullptr ? JX_OK : jx::c::copyOf(product, "JXProduct", "product", copy);
+    return result.status == JX_OK ? found.set(copy) : result;
+  });
 }
 
 jx_status jx_object_set_json(jx_object* object, const char* field, const char* json) {
-  return onField(__func__, object, field, {}, [&](JXCObject& found, const JXFieldInfo& info) {
+  return onField(__func__, object, field, {}, [&](const JXCField& found) {
     JXJsonValue value;
     Result result = jx::c::readJson(json, value);
-    return result.status == JX_OK ? jx::c::set(found, field, info, value) : result;
+    return result.status == JX_OK ? found.set(value) : result;
   });
 }
 
 jx_status jx_object_set_null(jx_object* object, const char* field) {
-  return onField(__func__, object, field, {}, [&](JXCObject& found, const JXFieldInfo& info) {
-    return jx::c::set(found, field, info, JXJsonValue());
-  });
+  return onField(__func__, object, field, {},
+                 [&](const JXCField& found) { return found.set(JXJsonValue()); });
 }
 
 jx_status jx_object_add_parameter(jx_object* object, const char* key, const char* value) {
@@ -201,7 +195,7 @@ jx_status jx_object_json(const jx_object* object, char* buffer, size_t capacity,
 const char* jx_object_class(const jx_object* object) {
   const char* name = nullptr;
   onObject(__func__, object, [&](JXCObject& found) {
-    name = found.type().className.data();
+    name = found.className();
     return Result(JX_OK);
   });
   return name;

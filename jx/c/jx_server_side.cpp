@@ -4,10 +4,11 @@
 
 #include <cstring>
 #include <memory>
+#include <string_view>
 
-#include "jx/c/internal/JXCFirebase.h"
 #include "jx/c/internal/JXCObject.h"
 #include "jx/c/internal/JXCall.h"
+#include "jx/facade/IJXFirebaseInstance.h"
 #include "jx/facade/ServerSide.h"
 
 namespace {
@@ -16,7 +17,6 @@ using jx::JXHandleKind;
 using jx::JXJsonValue;
 using jx::ServerSide;
 using jx::c::Form;
-using jx::c::JXCFirebase;
 using jx::c::JXCObject;
 using jx::c::Result;
 
@@ -42,6 +42,43 @@ jx_status perform(const char* operation, const jx_server_side* handle,
     return Result(JX_OK);
   });
 }
+
+// Forwards the library's calls of a Firebase instance to the functions of the application. The
+// destructor calls `release`, if `enableRelease` was called.
+class JXCFirebase final : public jx::IJXFirebaseInstance {
+ public:
+  explicit JXCFirebase(const jx_firebase& table) : table_(table) {}
+  ~JXCFirebase() override {
+    if (isReleaseEnabled_ && table_.release != nullptr) table_.release(table_.context);
+  }
+  JXCFirebase(const JXCFirebase&) = delete;
+  JXCFirebase& operator=(const JXCFirebase&) = delete;
+
+  bool respondsToOperation(std::string_view operation) override {
+    if (operation == kSetDefaultEventParameters) return table_.set_default_parameter != nullptr;
+    return operation == kLogEvent && table_.log_event != nullptr;
+  }
+  void performOperation(std::string_view operation, const JXJsonValue& first,
+                        const JXJsonValue& second) override {
+    const jx::JXString string = first.string();
+    // `c_str` of a null string is "".
+    const char* const name = string.isPresent() ? string.c_str() : nullptr;
+    if (operation == kSetDefaultEventParameters) {
+      table_.set_default_parameter(table_.context, name, second.string().c_str());
+    } else {
+      table_.log_event(table_.context, name, jx::c::jsonText(second).c_str());
+    }
+  }
+  void enableRelease() { isReleaseEnabled_ = true; }
+
+ private:
+  static constexpr std::string_view kSetDefaultEventParameters =
+      "setDefaultEventParameters:parameters:";
+  static constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
+
+  const jx_firebase table_;
+  bool isReleaseEnabled_ = false;
+};
 
 Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   if (table == nullptr) return JX_OK;
@@ -90,7 +127,7 @@ jx_status jx_execute(jx_server_side* server_side, jx_object* event) {
       const std::shared_ptr<jx::JXEvent> inside = object.event();
       if (inside == nullptr) {
         return {JX_ERROR_WRONG_CLASS,
-                std::string("event must be an event, not a ").append(object.type().className)};
+                std::string("event must be an event, not a ") + object.className()};
       }
       serverSide.execute(inside);
       return JX_OK;
