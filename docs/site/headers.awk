@@ -37,7 +37,7 @@ accessor != "" && index($0, "void " setter "(") && before !~ /^ *\/\/\// {
 }
 
 # A string constant, which may continue on the next line.
-/^inline constexpr std::string_view/ {
+/^inline constexpr std::string_view|^static const char/ {
   bare = before !~ /^ *\/\/\/ [^@]/
 }
 

@@ -44,8 +44,8 @@ static jx_object* lantern(int64_t quantity) {
 static void browse(void) {
   jx_object* event = NULL;
   expect(JXPageViewEvent_create(&event));
-  expect(JXEvent_setPageName(event, "home"));
-  expect(JXEvent_setPageType(event, "hub"));
+  expect(JXPageViewEvent_setPageName(event, "home"));
+  expect(JXPageViewEvent_setPageType(event, "hub"));
   send(event);
 
   expect(JXSearchEvent_create(&event));
@@ -69,8 +69,8 @@ static void shop(void) {
   expect(JXPurchaseEvent_setShippingAmount(event, "3.00"));
   expect(JXPurchaseEvent_setCurrency(event, "GBP"));
   expect(JXPurchaseEvent_setType(event, "retail"));
-  expect(JXPurchaseEvent_setPaymentMethod(event, JXPayementMethod_CARD));
-  expect(JXPurchaseEvent_setStatus(event, JXPurchaseStatus_PENDING));
+  expect(JXPurchaseEvent_setPaymentMethod(event, EJXPayementMethod_CARD));
+  expect(JXPurchaseEvent_setStatus(event, EJXPurchaseStatus_PENDING));
   expect(JXPurchaseEvent_items_append(event, item));
   expect(jx_object_add_parameter_json(event, "gift", "true"));
   expect(jx_object_verify(event));  // all required fields are set
@@ -78,35 +78,36 @@ static void shop(void) {
   expect(jx_object_free(item));
 }
 
-static void play(JXVideoPlaybackEvent_Mode mode, int64_t position) {
+static void play(EJXVideoPlaybackMode mode, int64_t position) {
   jx_object* event = NULL;
   expect(JXVideoPlaybackEvent_create(mode, "film-1", &event));
-  expect(JXVideoEvent_setVideoTitle(event, "The Lighthouse Keeper"));
-  expect(JXVideoEvent_setTotalLength_integer(event, 5400));
-  expect(JXVideoEvent_setCursorPosition_integer(event, position));
+  expect(JXVideoPlaybackEvent_setVideoTitle(event, "The Lighthouse Keeper"));
+  expect(JXVideoPlaybackEvent_setTotalLength_integer(event, 5400));
+  expect(JXVideoPlaybackEvent_setCursorPosition_integer(event, position));
   expect(JXVideoPlaybackEvent_setFullScreen(event, true));
   send(event);
 }
 
-static void advertise(JXVideoAdEvent_Mode mode) {
+static void advertise(EJXVideoAdMode mode) {
   jx_object* event = NULL;
   expect(JXVideoAdEvent_create(mode, "film-1", &event));
   expect(JXVideoAdEvent_setAdAssetID(event, "ad-7"));
-  expect(JXVideoAdEvent_setAdType(event, JXVideoAdEvent_AdType_MID_ROLL));
+  expect(JXVideoAdEvent_setAdType(event, EJXAdType_MID_ROLL));
   send(event);
 }
 
 static void watch(void) {
   jx_object* event = NULL;
-  play(JXVideoPlaybackEvent_Mode_START, 0);
-  advertise(JXVideoAdEvent_Mode_START);
-  advertise(JXVideoAdEvent_Mode_COMPLETE);
-  expect(JXVideoContentEvent_create(JXVideoContentEvent_Mode_QUARTER_REACHED, "film-1", &event));
-  expect(JXVideoContentEvent_setKeywords(event, "[\"sea\",\"light\"]"));
+  play(EJXVideoPlaybackMode_START, 0);
+  advertise(EJXVideoAdMode_START);
+  advertise(EJXVideoAdMode_COMPLETE);
+  expect(JXVideoContentEvent_create(EJXVideoContentMode_QUARTER_REACHED, "film-1", &event));
+  expect(JXVideoContentEvent_keywords_append_string(event, "sea"));
+  expect(JXVideoContentEvent_keywords_append_string(event, "light"));
   send(event);
-  expect(JXVideoSettingEvent_create(JXVideoSettingEvent_Mode_SUBTITLE_ON, "film-1", &event));
+  expect(JXVideoSettingEvent_create(EJXVideoSettingMode_SUBTITLE_ON, "film-1", &event));
   send(event);
-  play(JXVideoPlaybackEvent_Mode_COMPLETE, 5400);
+  play(EJXVideoPlaybackMode_COMPLETE, 5400);
 
   expect(JXCustomEvent_create("quiz_answered", &event));
   expect(jx_object_add_parameter(event, "answer", "B"));

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   jx_server_side_create(1, "source-key", JX_BEHAVIOUR_DEFAULT, NULL, &library);
 
   JXCustomEvent_create("quiz_answered", &event);
-  JXEvent_setPageName(event, "quiz");
+  JXCustomEvent_setPageName(event, "quiz");
   jx_object_add_parameter(event, "answer", "B");
   jx_execute(library, event);  // stored before this returns; survives a killed process
   jx_object_free(event);

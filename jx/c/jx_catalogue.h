@@ -17,11 +17,11 @@ typedef enum jx_kind {
   JX_KIND_STRING = 0,            ///< `jx_object_set_string`
   JX_KIND_NUMBER = 1,            ///< `jx_object_set_number`, `_integer`, `_double`
   JX_KIND_BOOLEAN = 2,           ///< `jx_object_set_boolean`
-  JX_KIND_STRINGS = 3,           ///< `jx_object_set_strings`
-  JX_KIND_NUMBERED_STRINGS = 4,  ///< `jx_object_set_strings`; written as key1, key2 and so on
-  JX_KIND_VALUES = 5,            ///< `jx_object_set_json`
+  JX_KIND_STRINGS = 3,           ///< `jx_object_set_strings`, `jx_object_list_insert_string`
+  JX_KIND_NUMBERED_STRINGS = 4,  ///< as JX_KIND_STRINGS; written as key1, key2 and so on
+  JX_KIND_VALUES = 5,            ///< `jx_object_set_json`, `jx_object_list_insert_...`
   JX_KIND_ENUM = 6,              ///< `jx_object_set_enum`
-  JX_KIND_ITEMS = 7,             ///< `jx_object_add_item`
+  JX_KIND_ITEMS = 7,             ///< `jx_object_list_insert_item`
   JX_KIND_PRODUCT = 8            ///< `jx_object_set_product`
 } jx_kind;
 

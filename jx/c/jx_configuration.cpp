@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/c/jx_configuration.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <limits>
@@ -27,51 +28,47 @@ class CClock final : public jx::JXClock {
   void* context_;
 };
 
+struct ToC {
+  void operator()(uint64_t& c, uint64_t cpp) const { c = cpp; }
+  void operator()(int64_t& c, milliseconds cpp) const { c = cpp.count(); }
+};
+
+struct ToCpp {
+  template <typename Size>
+  void operator()(uint64_t c, Size& cpp) const {
+    // std::size_t may be narrower than the C type.
+    cpp = static_cast<Size>(std::min<uint64_t>(c, std::numeric_limits<Size>::max()));
+  }
+  void operator()(int64_t c, milliseconds& cpp) const { cpp = milliseconds(c); }
+};
+
+// Copies the limits and timings in one direction.
+template <typename Copy, typename C, typename Cpp>
+void copyNumbers(const Copy& copy, C& c, Cpp& cpp) {
+  auto& bounds = cpp.outboxBounds;
+  copy(c.max_requests, bounds.maxRequests);
+  copy(c.max_bytes, bounds.maxBytes);
+  copy(c.max_age_ms, bounds.maxAge);
+  copy(c.max_dead_letters, bounds.maxDeadLetters);
+  copy(c.max_in_memory, bounds.maxInMemory);
+  auto& timings = cpp.retryTimings;
+  copy(c.initial_backoff_ms, timings.initialBackoff);
+  copy(c.max_backoff_ms, timings.maxBackoff);
+  copy(c.max_retry_after_ms, timings.maxRetryAfter);
+  copy(c.connect_timeout_ms, timings.connectTimeout);
+  copy(c.request_timeout_ms, timings.requestTimeout);
+  copy(c.sync_delay_ms, timings.syncDelay);
+  copy(c.user_agent_wait_ms, timings.userAgentWait);
+  copy(c.start_hold_ms, timings.startHold);
+}
+
 jx_configuration defaults() {
   const jx::JXCoreConfiguration standard;
   jx_configuration c = {};
   c.struct_size = sizeof c;
   c.log_level = standard.logLevel;
-  c.max_requests = standard.outboxBounds.maxRequests;
-  c.max_bytes = standard.outboxBounds.maxBytes;
-  c.max_age_ms = standard.outboxBounds.maxAge.count();
-  c.max_dead_letters = standard.outboxBounds.maxDeadLetters;
-  c.max_in_memory = standard.outboxBounds.maxInMemory;
-  const jx::JXRetryTimings& timings = standard.retryTimings;
-  c.initial_backoff_ms = timings.initialBackoff.count();
-  c.max_backoff_ms = timings.maxBackoff.count();
-  c.max_retry_after_ms = timings.maxRetryAfter.count();
-  c.connect_timeout_ms = timings.connectTimeout.count();
-  c.request_timeout_ms = timings.requestTimeout.count();
-  c.sync_delay_ms = timings.syncDelay.count();
-  c.user_agent_wait_ms = timings.userAgentWait.count();
-  c.start_hold_ms = timings.startHold.count();
+  copyNumbers(ToC(), c, standard);
   return c;
-}
-
-// std::size_t may be narrower than the C type.
-std::size_t clampToSize(std::uint64_t value) {
-  constexpr std::uint64_t kMax = std::numeric_limits<std::size_t>::max();
-  return static_cast<std::size_t>(value < kMax ? value : kMax);
-}
-
-void readBounds(const jx_configuration& c, jx::JXOutboxBounds& bounds) {
-  bounds.maxRequests = clampToSize(c.max_requests);
-  bounds.maxBytes = c.max_bytes;
-  bounds.maxAge = milliseconds(c.max_age_ms);
-  bounds.maxDeadLetters = clampToSize(c.max_dead_letters);
-  bounds.maxInMemory = clampToSize(c.max_in_memory);
-}
-
-void readTimings(const jx_configuration& c, jx::JXRetryTimings& timings) {
-  timings.initialBackoff = milliseconds(c.initial_backoff_ms);
-  timings.maxBackoff = milliseconds(c.max_backoff_ms);
-  timings.maxRetryAfter = milliseconds(c.max_retry_after_ms);
-  timings.connectTimeout = milliseconds(c.connect_timeout_ms);
-  timings.requestTimeout = milliseconds(c.request_timeout_ms);
-  timings.syncDelay = milliseconds(c.sync_delay_ms);
-  timings.userAgentWait = milliseconds(c.user_agent_wait_ms);
-  timings.startHold = milliseconds(c.start_hold_ms);
 }
 
 jx_delivery inC(const jx::JXDelivery& delivery) {
@@ -119,8 +116,7 @@ Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
   }
   configuration.proxy = c.proxy;
   configuration.logLevel = c.log_level;
-  readBounds(c, configuration.outboxBounds);
-  readTimings(c, configuration.retryTimings);
+  copyNumbers(ToCpp(), c, configuration);
   configuration.dryRun = c.dry_run;
   configuration.bundle = {c.bundle_identifier, c.bundle_name, c.bundle_version,
                           c.bundle_short_version};

@@ -20,7 +20,7 @@ typedef void (*jx_notification_handler)(void* context, const char* name,
 
 /// Creates an observer in `*observer`, which calls `handler` for each notification named `name`,
 /// whether the library or the application posts it. jx/c/events/jx_names.h lists the names. Each
-/// request that is passed to the core is posted as JXNotification_HTTPRequest. On an error
+/// request that is passed to the core is posted as kJXNotification_HTTPRequest. On an error
 /// `*observer` is null.
 JX_API jx_status jx_observer_create(const char* name, jx_notification_handler handler,
                                     void* context, jx_observer** observer);

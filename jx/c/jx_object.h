@@ -60,15 +60,75 @@ JX_API jx_status jx_object_set_strings(jx_object* object, const char* field,
 /// Sets a product field to a copy of `product`. Null removes the value.
 JX_API jx_status jx_object_set_product(jx_object* object, const char* field,
                                        const jx_object* product);
-/// Appends a copy of `item` to a list field. The list is initially empty.
+/// Appends a copy of `item` to a list field. The list is initially empty. Returns JX_ERROR_NOT_SET
+/// without a change if the list is null: call `jx_object_list_clear` first.
 JX_API jx_status jx_object_add_item(jx_object* object, const char* field, const jx_object* item);
-/// Sets any field from a JSON value. Required for fields that contain lists of arbitrary values. An
-/// enumeration is the name of its enumerator; an item or a product is an object of its properties.
-/// Null removes the value.
+/// Sets any field from a JSON value. An enumeration is the name of its enumerator; an item or a
+/// product is an object of its properties. Null removes the value.
 JX_API jx_status jx_object_set_json(jx_object* object, const char* field, const char* json);
 /// Removes the value of a field. Boolean and enumeration fields always have a value: returns
 /// JX_ERROR_WRONG_TYPE.
 JX_API jx_status jx_object_set_null(jx_object* object, const char* field);
+
+// Reading fields. A field that is null returns JX_ERROR_NOT_SET, and nothing is written. See
+// `jx_object_json` for buffers.
+
+/// Writes the value of a string field.
+JX_API jx_status jx_object_get_string(const jx_object* object, const char* field, char* buffer,
+                                      size_t capacity, size_t* length);
+/// Writes the value of a number field as an exact decimal string, with its scale: "12.50".
+JX_API jx_status jx_object_get_number(const jx_object* object, const char* field, char* buffer,
+                                      size_t capacity, size_t* length);
+/// Writes the value of a Boolean field to `*value`.
+JX_API jx_status jx_object_get_boolean(const jx_object* object, const char* field, bool* value);
+/// Writes the value of an enumeration field to `*value`: the value of an enumerator, from 0.
+JX_API jx_status jx_object_get_enum(const jx_object* object, const char* field, uint32_t* value);
+/// Writes the value of any field as compact JSON, in the form that `jx_object_set_json` accepts.
+JX_API jx_status jx_object_get_json(const jx_object* object, const char* field, char* buffer,
+                                    size_t capacity, size_t* length);
+
+// Lists: fields that contain strings, items or arbitrary values. Lists behave as in C++: a list
+// that is null has no elements and ignores changes. For such a list all functions but
+// `jx_object_list_clear` return JX_ERROR_NOT_SET. Indexes start at 0.
+
+/// Writes the number of elements to `*count`, null elements included; 0 for a null list.
+JX_API jx_status jx_object_list_count(const jx_object* object, const char* field, size_t* count);
+/// Writes the string at `index`. Returns JX_ERROR_NOT_SET for a null element, JX_ERROR_OUT_OF_RANGE
+/// if there is no element, and JX_ERROR_WRONG_TYPE for any other value than a string.
+JX_API jx_status jx_object_list_get_string(const jx_object* object, const char* field, size_t index,
+                                           char* buffer, size_t capacity, size_t* length);
+/// Writes the element at `index` as compact JSON: "null" for a null element. Returns
+/// JX_ERROR_OUT_OF_RANGE if there is no element.
+JX_API jx_status jx_object_list_get_json(const jx_object* object, const char* field, size_t index,
+                                         char* buffer, size_t capacity, size_t* length);
+
+/// The index that appends an element.
+#define JX_LIST_END SIZE_MAX
+
+/// Inserts a string before the element at `index`, or appends it if there is none. Null inserts a
+/// null element into a list of strings, and nothing into a list of arbitrary values.
+JX_API jx_status jx_object_list_insert_string(jx_object* object, const char* field, size_t index,
+                                              const char* value);
+/// Inserts a number, from an exact decimal string, into a list of arbitrary values. Null inserts
+/// nothing.
+JX_API jx_status jx_object_list_insert_number(jx_object* object, const char* field, size_t index,
+                                              const char* value);
+/// Inserts a Boolean into a list of arbitrary values.
+JX_API jx_status jx_object_list_insert_boolean(jx_object* object, const char* field, size_t index,
+                                               bool value);
+/// Inserts a null element into any list. In a list of arbitrary values it is written as `null`; in
+/// other lists it is not written.
+JX_API jx_status jx_object_list_insert_null(jx_object* object, const char* field, size_t index);
+/// Inserts any JSON value into a list of arbitrary values. Null inserts nothing.
+JX_API jx_status jx_object_list_insert_json(jx_object* object, const char* field, size_t index,
+                                            const char* json);
+/// Inserts a copy of `item` into a list of items.
+JX_API jx_status jx_object_list_insert_item(jx_object* object, const char* field, size_t index,
+                                            const jx_object* item);
+/// Removes the element at `index`. Returns JX_ERROR_OUT_OF_RANGE if there is none.
+JX_API jx_status jx_object_list_remove(jx_object* object, const char* field, size_t index);
+/// Sets a list field to an empty list, even if it was null.
+JX_API jx_status jx_object_list_clear(jx_object* object, const char* field);
 
 // Parameters: values that the application adds under its own keys. They are written before the
 // fields; a field with the same key overrides them. Adding a key again replaces its value. A null

@@ -16,7 +16,7 @@
 
 namespace {
 
-using jx::JXJsonValue;
+using jx::c::Form;
 using jx::c::Result;
 
 // For operations that cannot fail.
@@ -44,27 +44,42 @@ jx::JXAdditionalProperties* blockOf(uint32_t block) {
   return nullptr;
 }
 
-// `read` reads the value to add.
-template <typename Read>
-jx_status addToBlock(const char* operation, uint32_t block, const char* key, const Read& read) {
+jx_status addToBlock(const char* operation, uint32_t block, const char* key, const char* value,
+                     Form form) {
   return jx::c::call(operation, [&]() -> Result {
     if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
     jx::JXAdditionalProperties* const properties = blockOf(block);
     if (properties == nullptr)
       return {JX_ERROR_UNKNOWN_ENUMERATOR, std::to_string(block) + " is not a jx_block"};
-    JXJsonValue value;
-    Result result = read(value);
-    if (result.status != JX_OK || !value.isPresent()) return result;
-    jx::JXJsonObject entries;
-    entries.set(key, value);
-    properties->addAdditionalProperty(entries);
-    return JX_OK;
+    return jx::c::readEntry(key, value, form, [&](const jx::JXJsonValue& read) {
+      jx::JXJsonObject entries;
+      entries.set(key, read);
+      properties->addAdditionalProperty(entries);
+    });
   });
 }
 
 Result copyString(const jx::JXString& string, char* buffer, size_t capacity, size_t* length) {
   if (!string.isPresent()) return JX_ERROR_NOT_SET;
   return jx::c::copyOut(string.toStdString(), buffer, capacity, length);
+}
+
+template <typename Variables>
+jx_status getVariable(const char* operation, const char* name, char* buffer, size_t capacity,
+                      size_t* length) {
+  return jx::c::call(operation, [&]() -> Result {
+    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    return copyString(Variables::sharedInstance().getData(name), buffer, capacity, length);
+  });
+}
+
+template <typename Variables>
+jx_status setVariable(const char* operation, const char* name, const char* value) {
+  return jx::c::call(operation, [&]() -> Result {
+    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
+    Variables::sharedInstance().addData_withValue(name, value);
+    return JX_OK;
+  });
 }
 
 }  // namespace
@@ -112,45 +127,25 @@ jx_status jx_use_legacy_unique_id_for_consent_id(void) {
 }
 
 jx_status jx_block_add(uint32_t block, const char* key, const char* value) {
-  return addToBlock(__func__, block, key, [&](JXJsonValue& read) {
-    read = JXJsonValue(value);
-    return Result(JX_OK);
-  });
+  return addToBlock(__func__, block, key, value, Form::String);
 }
 
 jx_status jx_block_add_json(uint32_t block, const char* key, const char* json) {
-  return addToBlock(__func__, block, key,
-                    [&](JXJsonValue& read) { return jx::c::readJson(json, read); });
+  return addToBlock(__func__, block, key, json, Form::Json);
 }
 
 jx_status jx_get_variable(const char* name, char* buffer, size_t capacity, size_t* length) {
-  return jx::c::call(__func__, [&]() -> Result {
-    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    return copyString(jx::JXPredefinedVariables::sharedInstance().getData(name), buffer, capacity,
-                      length);
-  });
+  return getVariable<jx::JXPredefinedVariables>(__func__, name, buffer, capacity, length);
 }
 
 jx_status jx_set_variable(const char* name, const char* value) {
-  return jx::c::call(__func__, [&]() -> Result {
-    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    jx::JXPredefinedVariables::sharedInstance().addData_withValue(name, value);
-    return JX_OK;
-  });
+  return setVariable<jx::JXPredefinedVariables>(__func__, name, value);
 }
 
 jx_status jx_get_core_variable(const char* name, char* buffer, size_t capacity, size_t* length) {
-  return jx::c::call(__func__, [&]() -> Result {
-    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    return copyString(jx::JXCoreVariables::sharedInstance().getData(name), buffer, capacity,
-                      length);
-  });
+  return getVariable<jx::JXCoreVariables>(__func__, name, buffer, capacity, length);
 }
 
 jx_status jx_set_core_variable(const char* name, const char* value) {
-  return jx::c::call(__func__, [&]() -> Result {
-    if (name == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    jx::JXCoreVariables::sharedInstance().addData_withValue(name, value);
-    return JX_OK;
-  });
+  return setVariable<jx::JXCoreVariables>(__func__, name, value);
 }

@@ -4,10 +4,11 @@
 
 #include <cstring>
 #include <memory>
+#include <string_view>
 
-#include "jx/c/internal/JXCFirebase.h"
 #include "jx/c/internal/JXCObject.h"
 #include "jx/c/internal/JXCall.h"
+#include "jx/facade/IJXFirebaseInstance.h"
 #include "jx/facade/ServerSide.h"
 
 namespace {
@@ -15,7 +16,7 @@ namespace {
 using jx::JXHandleKind;
 using jx::JXJsonValue;
 using jx::ServerSide;
-using jx::c::JXCFirebase;
+using jx::c::Form;
 using jx::c::JXCObject;
 using jx::c::Result;
 
@@ -42,6 +43,43 @@ jx_status perform(const char* operation, const jx_server_side* handle,
   });
 }
 
+// Forwards the library's calls of a Firebase instance to the functions of the application. The
+// destructor calls `release`, if `enableRelease` was called.
+class JXCFirebase final : public jx::IJXFirebaseInstance {
+ public:
+  explicit JXCFirebase(const jx_firebase& table) : table_(table) {}
+  ~JXCFirebase() override {
+    if (isReleaseEnabled_ && table_.release != nullptr) table_.release(table_.context);
+  }
+  JXCFirebase(const JXCFirebase&) = delete;
+  JXCFirebase& operator=(const JXCFirebase&) = delete;
+
+  bool respondsToOperation(std::string_view operation) override {
+    if (operation == kSetDefaultEventParameters) return table_.set_default_parameter != nullptr;
+    return operation == kLogEvent && table_.log_event != nullptr;
+  }
+  void performOperation(std::string_view operation, const JXJsonValue& first,
+                        const JXJsonValue& second) override {
+    const jx::JXString string = first.string();
+    // `c_str` of a null string is "".
+    const char* const name = string.isPresent() ? string.c_str() : nullptr;
+    if (operation == kSetDefaultEventParameters) {
+      table_.set_default_parameter(table_.context, name, second.string().c_str());
+    } else {
+      table_.log_event(table_.context, name, jx::c::jsonText(second).c_str());
+    }
+  }
+  void enableRelease() { isReleaseEnabled_ = true; }
+
+ private:
+  static constexpr std::string_view kSetDefaultEventParameters =
+      "setDefaultEventParameters:parameters:";
+  static constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
+
+  const jx_firebase table_;
+  bool isReleaseEnabled_ = false;
+};
+
 Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   if (table == nullptr) return JX_OK;
   const size_t size = table->struct_size;
@@ -52,16 +90,12 @@ Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   return JX_OK;
 }
 
-// `read` reads the value to add.
-template <typename Read>
 jx_status addPermanent(const char* operation, jx_server_side* handle, const char* key,
-                       const Read& read) {
-  return onServerSide(operation, handle, [&](ServerSide& serverSide) -> Result {
-    if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
-    JXJsonValue value;
-    Result result = read(value);
-    if (result.status == JX_OK) serverSide.addPermanentData_withValue(key, value);
-    return result;
+                       const char* value, Form form) {
+  return onServerSide(operation, handle, [&](ServerSide& serverSide) {
+    return jx::c::readEntry(key, value, form, [&](const JXJsonValue& read) {
+      serverSide.addPermanentData_withValue(key, read);
+    });
   });
 }
 
@@ -102,15 +136,11 @@ jx_status jx_execute(jx_server_side* server_side, jx_object* event) {
 }
 
 jx_status jx_set_permanent(jx_server_side* server_side, const char* key, const char* value) {
-  return addPermanent(__func__, server_side, key, [&](JXJsonValue& read) {
-    read = JXJsonValue(value);
-    return Result(JX_OK);
-  });
+  return addPermanent(__func__, server_side, key, value, Form::String);
 }
 
 jx_status jx_set_permanent_json(jx_server_side* server_side, const char* key, const char* json) {
-  return addPermanent(__func__, server_side, key,
-                      [&](JXJsonValue& read) { return jx::c::readJson(json, read); });
+  return addPermanent(__func__, server_side, key, json, Form::Json);
 }
 
 jx_status jx_get_permanent_json(const jx_server_side* server_side, const char* key, char* buffer,

@@ -39,9 +39,9 @@ typedef struct jx_firebase {
   void* context;       ///< passed to each function
   /// Sets a parameter that is added to every subsequent event.
   void (*set_default_parameter)(void* context, const char* name, const char* value);
-  /// Logs one event. `parameters_json` is a JSON object, written for this call. Nested objects are
-  /// serialised to strings and "items" is a list of flat objects; every other list is passed
-  /// unchanged and may therefore contain objects.
+  /// Logs one event. `event_name` is null for an event without a name. `parameters_json` is a JSON
+  /// object, written for this call. Nested objects are serialised to strings and "items" is a list
+  /// of flat objects; every other list is passed unchanged and may therefore contain objects.
   void (*log_event)(void* context, const char* event_name, const char* parameters_json);
   /// Called once, when the context is no longer used; may be null.
   void (*release)(void* context);

@@ -9,7 +9,7 @@
 #include "jx/session/JXServerSideVersion.h"
 
 const char* jx_status_string(uint32_t status) {
-  static constexpr std::array<const char*, 20> kDescriptions{
+  static constexpr std::array<const char*, 21> kDescriptions{
       "success",
       "handle is null",
       "handle was freed or is invalid",
@@ -25,11 +25,12 @@ const char* jx_status_string(uint32_t status) {
       "buffer is too small",
       "library has already started",
       "timed out",
-      "no value is set for this key",
+      "no value is set",
       "required field is not set",
       "unsupported struct_size",
       "out of memory or handles",
       "internal error",
+      "index is out of range",
   };
   return status < kDescriptions.size() ? kDescriptions[status] : "unknown status";
 }

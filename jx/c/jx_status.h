@@ -44,7 +44,8 @@ typedef enum jx_status {
   JX_ERROR_TOO_LATE = 13,
   /// The deadline expired before the queue was empty.
   JX_ERROR_TIMED_OUT = 14,
-  /// No value is set for this key.
+  /// The value is null: no value is set for the key, the field or the element of a list. Also for a
+  /// change of a list that is null, which is ignored as in C++.
   JX_ERROR_NOT_SET = 15,
   /// A required field of the event, item or product is not set.
   JX_ERROR_INCOMPLETE = 16,
@@ -53,7 +54,9 @@ typedef enum jx_status {
   /// Out of memory, or out of handles.
   JX_ERROR_OUT_OF_MEMORY = 18,
   /// An internal error; the detail describes it.
-  JX_ERROR_INTERNAL = 19
+  JX_ERROR_INTERNAL = 19,
+  /// The list has no element at this index.
+  JX_ERROR_OUT_OF_RANGE = 20
 } jx_status;
 
 /// Returns a description of a `jx_status`, a constant. Never null, even for an unknown value.

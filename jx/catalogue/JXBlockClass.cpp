@@ -50,6 +50,12 @@ std::string JXBlockClass::setProperty(JXAdditionalProperties& object, std::strin
   return place.table->set(object, place.field, value);
 }
 
+JXJsonValue JXBlockClass::getProperty(const JXAdditionalProperties& object,
+                                      std::string_view property) const {
+  const Place place = placeOfProperty(property);
+  return place.table != nullptr ? place.table->get(object, place.field) : JXJsonValue();
+}
+
 void JXBlockClass::writeFields(const JXAdditionalProperties& object, JXJsonSink& sink,
                                const JXBlockClass* excluded) const {
   if (this == excluded) return;

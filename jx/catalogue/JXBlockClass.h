@@ -42,6 +42,9 @@ struct JX_API JXBlockClass {
   /// object unchanged.
   std::string setProperty(JXAdditionalProperties& object, std::string_view property,
                           const JXJsonValue& value) const;
+  /// Returns a copy of a property of this class or its bases, as `JXFieldTable::get` does; absent
+  /// if there is no such property.
+  JXJsonValue getProperty(const JXAdditionalProperties& object, std::string_view property) const;
   /// Writes the fields of the base classes, then its own, in order. Does not write the fields of
   /// `excluded` and of its bases.
   void writeFields(const JXAdditionalProperties& object, JXJsonSink& sink,

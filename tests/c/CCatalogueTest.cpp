@@ -10,12 +10,18 @@
 
 #include "jx/c/jx_catalogue.h"
 #include "jx/c/jx_object.h"
+#include "jx/catalogue/JXEventPropertiesNames.h"
+#include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/events/JXEventClass.h"
 #include "jx/events/JXItem.h"
 #include "jx/events/JXProduct.h"
+#include "jx/events/ecommerce/JXPurchaseStatuses.h"
+#include "jx/events/video/JXAdTypes.h"
+#include "jx/events/video/JXVideoModes.h"
 #include "tests/c/CTestTools.h"
 #include "tests/c/EverySetter.h"
+#include "tests/c/PlainC.h"
 #include "tests/c/SampleValues.h"
 #include "tests/support/JXEventTestTools.h"
 
@@ -87,7 +93,7 @@ jx_status setByName(jx_object* object, const jx_field& field, const jx_object* i
       return jx_object_set_enum(object, field.property,
                                 static_cast<std::uint32_t>(field.member_count - 1));
     case JX_KIND_ITEMS:
-      EXPECT_EQ(jx_object_set_null(object, field.property), JX_OK);
+      EXPECT_EQ(jx_object_list_clear(object, field.property), JX_OK);
       EXPECT_EQ(jx_object_add_item(object, field.property, item), JX_OK);
       return jx_object_add_item(object, field.property, item);
     case JX_KIND_PRODUCT:
@@ -99,7 +105,7 @@ jx_status setByName(jx_object* object, const jx_field& field, const jx_object* i
                             sampleJson({{}, {}, JXFieldKind::Values, {}}).c_str());
 }
 
-TEST(CCatalogue, SetsEveryFieldByItsFunctionLikeCpp) {
+TEST(CCatalogue, SetsAndReadsEveryFieldByItsFunctionsLikeCpp) {
   eventPlatform();
   Bodies inC;
   EXPECT_EQ(every_setter(&storeBody, &inC), 0);
@@ -154,6 +160,63 @@ TEST(CCatalogue, ListsEveryClassWithItsBaseNamesModesAndFields) {
   EXPECT_STREQ(jx_class_at(index + 1)->name, "JXProduct");
   EXPECT_FALSE(jx_class_at(index + 1)->is_event);
   EXPECT_EQ(jx_class_at(index + 2), nullptr);
+}
+
+TEST(CCatalogue, ListsEveryFieldByPropertyKeyKindAndEnumerators) {
+  const auto expectSame = [](const jx_field*& inC, const JXFieldTable& table, bool isWritten) {
+    for (const JXFieldInfo& field : table.fields()) {
+      EXPECT_EQ(field.property, inC->property);
+      EXPECT_EQ(field.key, inC->key) << inC->property;
+      EXPECT_EQ(static_cast<int>(field.kind), inC->kind) << inC->property;
+      EXPECT_EQ(inC->is_written, isWritten) << inC->property;
+      ASSERT_EQ(field.enumStrings.count, inC->member_count) << inC->property;
+      for (size_t i = 0; i < inC->member_count; ++i)
+        EXPECT_EQ(field.enumStrings.enumerators[i], inC->members[i]);
+      ++inC;
+    }
+  };
+  for (const JXEventClass* type : allEventClasses()) {
+    const jx_class* const inC = jx_class_named(std::string(type->className).c_str());
+    const jx_field* field = inC->fields;
+    expectSame(field, *type->written, true);
+    if (type->unwritten != nullptr) expectSame(field, *type->unwritten, false);
+    for (size_t i = 0; i < inC->event_name_count; ++i)
+      EXPECT_EQ(type->eventNames[i], inC->event_names[i]);
+  }
+  const jx_field* field = jx_class_named("JXItem")->fields;
+  expectSame(field, JXItem::fields(), true);
+  field = jx_class_named("JXProduct")->fields;
+  expectSame(field, JXProduct::fields(), true);
+  EXPECT_EQ(jx_class_named("JXItem")->field_count, JXItem::fields().fields().size());
+  EXPECT_EQ(jx_class_named("JXProduct")->field_count, JXProduct::fields().fields().size());
+}
+
+TEST(CCatalogue, DeclaresConstantsUnderTheirCppNames) {
+  const char* const strings[] = {"id",
+                                 "payment_method",
+                                 "quantity",
+                                 "category_",
+                                 "session_id",
+                                 "namespace",
+                                 "ad_type",
+                                 "os",
+                                 "card",
+                                 "shipped",
+                                 "#JX_LANGUAGE#",
+                                 "#JX_IDFA#",
+                                 "#JX_CONSENT_VERSION#",
+                                 "JXNotification: HTTP Request",
+                                 "JXUserInfo: URL"};
+  const char* const* inC = plain_names();
+  for (const char* expected : strings)
+    EXPECT_STREQ(*inC++, expected);
+  EXPECT_EQ(*inC, nullptr);
+  // In C++ they are arrays next to the constants of namespace jx.
+  EXPECT_EQ(jx::JXE_PAYMENTMETHOD, ::JXE_PAYMENTMETHOD);
+  EXPECT_EQ(jx::EJXPurchaseStatus_SHIPPE, ::EJXPurchaseStatus_SHIPPE);
+  EXPECT_EQ(jx::kJXNotification_HTTPRequest, ::kJXNotification_HTTPRequest);
+  EXPECT_EQ(int{jx::EJXAdType_POST_ROLL}, int{::EJXAdType_POST_ROLL});
+  EXPECT_EQ(int{jx::EJXVideoSettingMode_SHARE}, int{::EJXVideoSettingMode_SHARE});
 }
 
 TEST(CCatalogue, DescribesAFieldByPropertyKeyKindAndEnumerators) {

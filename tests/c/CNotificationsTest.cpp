@@ -38,20 +38,21 @@ class CNotifications : public ServerSideFixture {
 
 TEST_F(CNotifications, ReceivesNotificationsByNameUntilFreed) {
   start();
-  ASSERT_EQ(jx_observer_create(JXNotification_HitSent, &receive, &received, &received.observer),
+  ASSERT_EQ(jx_observer_create(::kJXNotification_HitSent, &receive, &received, &received.observer),
             JX_OK);
-  EXPECT_EQ(jx_post_notification(JXNotification_HitSent, R"({"n":1.50})"), JX_OK);
-  EXPECT_EQ(jx_post_notification(JXNotification_HitSent, nullptr), JX_OK);
+  EXPECT_EQ(jx_post_notification(::kJXNotification_HitSent, R"({"n":1.50})"), JX_OK);
+  EXPECT_EQ(jx_post_notification(::kJXNotification_HitSent, nullptr), JX_OK);
   EXPECT_EQ(jx_post_notification("another", nullptr), JX_OK);
   EXPECT_EQ(jx_observer_free(received.observer), JX_OK);
-  EXPECT_EQ(jx_post_notification(JXNotification_HitSent, nullptr), JX_OK);
+  EXPECT_EQ(jx_post_notification(::kJXNotification_HitSent, nullptr), JX_OK);
   EXPECT_EQ(received.lines, (std::vector<std::string>{R"(JXNotification: Hit Sent {"n":1.50})",
                                                       "JXNotification: Hit Sent (null)"}));
 }
 
 TEST_F(CNotifications, ReceivesRequestsWithUrlAndBody) {
-  ASSERT_EQ(jx_observer_create(JXNotification_HTTPRequest, &receive, &received, &received.observer),
-            JX_OK);
+  ASSERT_EQ(
+      jx_observer_create(::kJXNotification_HTTPRequest, &receive, &received, &received.observer),
+      JX_OK);
   const auto serverSide = make();
   const Request sent = execute(*serverSide);
   ASSERT_EQ(received.lines.size(), 1u);
@@ -74,7 +75,7 @@ TEST_F(CNotifications, StopsAllServerSidesByANotification) {
   start();
   ASSERT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, nullptr, &serverSide), JX_OK);
   jx_state state = JX_STATE_ENABLED;
-  EXPECT_EQ(jx_post_notification(JXNotification_StoppingTheServerSide, nullptr), JX_OK);
+  EXPECT_EQ(jx_post_notification(::kJXNotification_StoppingTheServerSide, nullptr), JX_OK);
   EXPECT_EQ(jx_get_state(serverSide, &state), JX_OK);
   EXPECT_EQ(state, JX_STATE_DISABLED);
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);

@@ -29,6 +29,27 @@ TEST(CNull, ObjectFunctionsRejectNullHandles) {
   EXPECT_EQ(jx_object_set_null(nullptr, "value"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_add_parameter(nullptr, "a", "b"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_add_parameter_json(nullptr, "a", "1"), JX_ERROR_NULL_HANDLE);
+  bool boolean = false;
+  uint32_t number = 0;
+  size_t count = 0;
+  EXPECT_EQ(jx_object_get_string(nullptr, "ID", text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_get_number(nullptr, "a", text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_get_boolean(nullptr, "a", &boolean), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_get_enum(nullptr, "a", &number), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_get_json(nullptr, "a", text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_count(nullptr, "a", &count), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_get_string(nullptr, "a", 0, text, sizeof text, nullptr),
+            JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_get_json(nullptr, "a", 0, text, sizeof text, nullptr),
+            JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_string(nullptr, "a", 0, "a"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_number(nullptr, "a", 0, "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_boolean(nullptr, "a", 0, true), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_null(nullptr, "a", 0), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_json(nullptr, "a", 0, "1"), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_insert_item(nullptr, "a", 0, nullptr), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_remove(nullptr, "a", 0), JX_ERROR_NULL_HANDLE);
+  EXPECT_EQ(jx_object_list_clear(nullptr, "a"), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_verify(nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_json(nullptr, text, sizeof text, nullptr), JX_ERROR_NULL_HANDLE);
   EXPECT_EQ(jx_object_class(nullptr), nullptr);

@@ -144,7 +144,7 @@ TEST_F(CObject, AppendsItemsToAListSetFromJson) {
   ASSERT_EQ(jx_object_set_json(cart.get(), "items", R"([{"ID":"1","product":null}])"), JX_OK);
   ASSERT_EQ(jx_object_add_item(cart.get(), "items", item.get()), JX_OK);
   EXPECT_EQ(fields(), R"("items":[{"id":"1"},{"id":"2","quantity":1}]})");
-  ASSERT_EQ(jx_object_set_null(cart.get(), "items"), JX_OK);
+  ASSERT_EQ(jx_object_list_clear(cart.get(), "items"), JX_OK);
   EXPECT_EQ(fields(), R"("items":[]})");
   ASSERT_EQ(jx_object_add_item(cart.get(), "items", item.get()), JX_OK);
   EXPECT_EQ(fields(), R"("items":[{"id":"2","quantity":1}]})");
@@ -152,7 +152,7 @@ TEST_F(CObject, AppendsItemsToAListSetFromJson) {
 
 TEST_F(CObject, RejectsUnknownModes) {
   jx_object* event = nullptr;
-  ASSERT_EQ(JXVideoAdEvent_create(JXVideoAdEvent_Mode_BREAK_START, "s", &event), JX_OK);
+  ASSERT_EQ(JXVideoAdEvent_create(::EJXVideoAdMode_BREAK_START, "s", &event), JX_OK);
   const Object ad(event);
   EXPECT_THAT(objectJson(event), HasSubstr(R"("event_name":"video_ad_break_start")"));
   event = ad.get();
@@ -279,7 +279,8 @@ TEST_F(CObject, KeepsDetailsPerThread) {
 TEST_F(CObject, DescribesEachStatus) {
   EXPECT_STREQ(jx_status_string(JX_OK), "success");
   EXPECT_STREQ(jx_status_string(JX_ERROR_INTERNAL), "internal error");
-  EXPECT_STREQ(jx_status_string(20), "unknown status");
+  EXPECT_STREQ(jx_status_string(JX_ERROR_OUT_OF_RANGE), "index is out of range");
+  EXPECT_STREQ(jx_status_string(21), "unknown status");
   EXPECT_STREQ(jx_status_string(UINT32_MAX), "unknown status");
 }
 

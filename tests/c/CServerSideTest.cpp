@@ -197,7 +197,8 @@ TEST_F(CServerSide, UsesTheLegacyUniqueId) {
   create();
   char unique[80];
   char anonymous[80];
-  ASSERT_EQ(jx_get_variable(JXPredefinedVariable_UniqueID, unique, sizeof unique, nullptr), JX_OK);
+  ASSERT_EQ(jx_get_variable(::kJXPredefinedVariable_UniqueID, unique, sizeof unique, nullptr),
+            JX_OK);
   EXPECT_EQ(jx_use_legacy_unique_id_for_anonymous_id(), JX_OK);
   EXPECT_EQ(jx_use_legacy_unique_id_for_consent_id(), JX_OK);
   EXPECT_EQ(jx_get_anonymous_id(anonymous, sizeof anonymous, nullptr), JX_OK);
@@ -216,7 +217,7 @@ TEST_F(CServerSide, WritesAdvertisingIdsToTheDeviceBlock) {
   EXPECT_EQ(jx_set_advertising_tracking_enabled(serverSide), JX_OK);
   EXPECT_EQ(jx_set_idfa(serverSide), JX_OK);
   char text[40];
-  EXPECT_EQ(jx_get_core_variable(JXPredefinedVariable_IDFA, text, sizeof text, nullptr), JX_OK);
+  EXPECT_EQ(jx_get_core_variable(::kJXPredefinedVariable_IDFA, text, sizeof text, nullptr), JX_OK);
   EXPECT_EQ(text, std::string(STATIC_IDFA));
 }
 
@@ -242,15 +243,15 @@ TEST_F(CServerSide, AddsValuesToTheBlocks) {
 TEST_F(CServerSide, ReadsSetsAndRemovesVariables) {
   create();
   char text[20];
-  EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr),
+  EXPECT_EQ(jx_get_variable(::kJXPredefinedVariable_Longitude, text, sizeof text, nullptr),
             JX_ERROR_NOT_SET);
-  EXPECT_EQ(jx_set_variable(JXPredefinedVariable_Longitude, "-0.12"), JX_OK);
-  EXPECT_EQ(jx_get_variable(JXPredefinedVariable_Longitude, text, sizeof text, nullptr), JX_OK);
+  EXPECT_EQ(jx_set_variable(::kJXPredefinedVariable_Longitude, "-0.12"), JX_OK);
+  EXPECT_EQ(jx_get_variable(::kJXPredefinedVariable_Longitude, text, sizeof text, nullptr), JX_OK);
   EXPECT_STREQ(text, "-0.12");
-  EXPECT_EQ(jx_set_core_variable(JXPredefinedVariable_ConsentVersion, "2.1"), JX_OK);
+  EXPECT_EQ(jx_set_core_variable(::JX_ConsentVersion, "2.1"), JX_OK);
   EXPECT_THAT(jsonText(send()), HasSubstr(R"("consent_version":"2.1")"));
-  EXPECT_EQ(jx_set_core_variable(JXPredefinedVariable_ConsentVersion, nullptr), JX_OK);
-  EXPECT_EQ(jx_get_core_variable(JXPredefinedVariable_ConsentVersion, text, sizeof text, nullptr),
+  EXPECT_EQ(jx_set_core_variable(::JX_ConsentVersion, nullptr), JX_OK);
+  EXPECT_EQ(jx_get_core_variable(::JX_ConsentVersion, text, sizeof text, nullptr),
             JX_ERROR_NOT_SET);
 }
 
@@ -273,7 +274,8 @@ void setDefault(void* context, const char* name, const char* value) {
   static_cast<Mirror*>(context)->calls += std::string(name) + "=" + value + ";";
 }
 void logEvent(void* context, const char* name, const char* parameters) {
-  static_cast<Mirror*>(context)->calls += std::string(name) + " " + parameters + ";";
+  static_cast<Mirror*>(context)->calls +=
+      std::string(name != nullptr ? name : "(null)") + " " + parameters + ";";
 }
 void release(void* context) { ++static_cast<Mirror*>(context)->releases; }
 
@@ -295,6 +297,19 @@ TEST_F(CServerSide, DoesNotCallNullFirebaseFunctions) {
   create(JX_BEHAVIOUR_DEFAULT, &firebase);
   send();
   EXPECT_EQ(mirror.calls, R"(quiz {"event_name":"quiz"};)");
+}
+
+TEST_F(CServerSide, MirrorsAnEventWithoutANameWithANullName) {
+  Mirror mirror;
+  const jx_firebase firebase = {sizeof(jx_firebase), &mirror, nullptr, &logEvent, nullptr};
+  create(JX_BEHAVIOUR_DEFAULT, &firebase);
+  jx_object* event = nullptr;
+  ASSERT_EQ(jx_custom_event_create(nullptr, &event), JX_OK);
+  const Object nameless(event);
+  EXPECT_EQ(jx_execute(serverSide, event), JX_OK);
+  ASSERT_EQ(JXEvent_setName(event, ""), JX_OK);
+  EXPECT_EQ(jx_execute(serverSide, event), JX_OK);
+  EXPECT_EQ(mirror.calls, R"((null) {}; {"event_name":""};)");
 }
 
 TEST_F(CServerSide, RejectsAFirebaseTableOfUnknownSize) {

@@ -42,10 +42,10 @@ jx_object* plain_purchase(void) {
   expect(JXPurchaseEvent_setTaxAmount(event, "0"));
   expect(JXPurchaseEvent_setCoupon(event, ""));
   expect(JXPurchaseEvent_setType(event, "retail"));
-  expect(JXPurchaseEvent_setPaymentMethod(event, JXPayementMethod_CARD));
-  expect(JXPurchaseEvent_setStatus(event, JXPurchaseStatus_IN_PROGRESS));
+  expect(JXPurchaseEvent_setPaymentMethod(event, EJXPayementMethod_CARD));
+  expect(JXPurchaseEvent_setStatus(event, EJXPurchaseStatus_IN_PROGRESS));
   expect(JXPurchaseEvent_setUrl(event, NULL));
-  expect(JXEvent_setPageName(event, "caf\xC3\xA9"));
+  expect(JXPurchaseEvent_setPageName(event, "caf\xC3\xA9"));
   expect(jx_object_add_parameter(event, "store", "uk"));
   expect(jx_object_add_parameter_json(event, "basket", "{\"points\":12.50,\"old\":null}"));
   append_item(event, "85123A", "LANTERN", "3.39", 6);
@@ -53,4 +53,24 @@ jx_object* plain_purchase(void) {
   if (failures == 0) return event;
   (void)jx_object_free(event);
   return NULL;
+}
+
+const char* const* plain_names(void) {
+  static const char* const names[] = {JX_ID,
+                                      JXE_PAYMENTMETHOD,
+                                      JXI_QUANTITY,
+                                      JXP_CATEGORY_N,
+                                      JXL_SESSION_ID,
+                                      JXA_NAMESPACE,
+                                      JXV_AD_TYPE,
+                                      JXD_OS,
+                                      EJXPayementMethod_CARD,
+                                      EJXPurchaseStatus_SHIPPE,
+                                      kJXPredefinedVariable_Language,
+                                      kJXPredefinedVariable_IDFA,
+                                      JX_ConsentVersion,
+                                      kJXNotification_HTTPRequest,
+                                      kJXUserInfo_URLKey,
+                                      NULL};
+  return names;
 }

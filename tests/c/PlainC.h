@@ -13,6 +13,9 @@ extern "C" {
 /// failed.
 jx_object* plain_purchase(void);
 
+/// Returns constants of each kind, as C sees them, up to a null pointer.
+const char* const* plain_names(void);
+
 #ifdef __cplusplus
 }
 #endif

@@ -248,7 +248,7 @@ TEST_F(EventBase, FindsClassesByNameAndCreatesTheirEvents) {
   EXPECT_EQ(eventClassNamed(""), nullptr);
 }
 
-TEST_F(EventBase, SetsPropertiesOfTheClassAndItsBasesByName) {
+TEST_F(EventBase, SetsAndReturnsPropertiesOfTheClassAndItsBasesByName) {
   const JXEventClass& type = JXECommerceEvent::eventClass();
   const auto event = JXECommerceEvent::init();
   EXPECT_EQ(type.setProperty(*event, "pageName", "home"), "");
@@ -260,6 +260,11 @@ TEST_F(EventBase, SetsPropertiesOfTheClassAndItsBasesByName) {
   EXPECT_NE(type.setProperty(*event, "currency", 7), "") << "must be a string";
   EXPECT_EQ(event->currency(), JXString("GBP"));
   EXPECT_NE(type.setProperty(*event, "coupon", "c"), "") << "not a field of this class";
+  event->setPageName("home");
+  EXPECT_EQ(type.getProperty(*event, "pageName").string(), JXString("home"));
+  EXPECT_EQ(type.getProperty(*event, "currency").string(), JXString("GBP"));
+  EXPECT_FALSE(type.getProperty(*event, "pageType").isPresent());
+  EXPECT_FALSE(type.getProperty(*event, "coupon").isPresent()) << "not a field of this class";
 }
 
 template <typename Value, typename = void>

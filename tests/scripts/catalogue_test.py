@@ -9,6 +9,7 @@ import unittest
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCRIPT = ROOT / "scripts/catalogue"
 sys.path.insert(0, str(ROOT / "tools/catalogue"))
+import c_headers  # noqa: E402
 import model  # noqa: E402
 
 CORE = 'inline constexpr std::string_view JXD_MODEL =\n    "model";\n'
@@ -24,6 +25,12 @@ title = "Keys"
 [groups.keys]
 JXE_EVENT = "event_name"
 JXE_STARS = "stars"
+"""
+NAMES = """
+[[names]]
+title = "Names"
+declared_in = "jx/core/JXCoreConstants.h"
+pattern = "JXD_MODEL"
 """
 BASE = """
 [JXEvent]
@@ -316,6 +323,70 @@ class Model(Tree):
             "outer is not a context block described after this one")
 
 
+class CHeaders(Tree):
+    def header(self, text, name):
+        return c_headers.files(self.load(text))[f"jx/c/events/{name}.h"]
+
+    def test_declares_functions_of_own_and_inherited_fields(self):
+        header = self.header(RATE, "JXRateEvent")
+        self.assertEqual([line.partition("(")[0].rpartition(" ")[2] for line in header.splitlines()
+                          if line.startswith("static inline")], [
+            "JXRateEvent_create", "JXRateEvent_setStars", "JXRateEvent_setStars_integer",
+            "JXRateEvent_getStars", "JXRateEvent_setName", "JXRateEvent_getName",
+            "JXRateEvent_setNote", "JXRateEvent_getNote"])
+        self.assertIn('/// The stars. JSON key "stars".\n'
+                      '#define JXRateEvent_stars "JXRateEvent.stars"\n'
+                      "/// Sets `stars` from a decimal string; null removes the value.\n"
+                      "static inline jx_status JXRateEvent_setStars(jx_object* event, "
+                      "const char* number) {\n"
+                      "  return jx_object_set_number(event, JXRateEvent_stars, number);\n}\n",
+                      header)
+        self.assertIn("getStars(const jx_object* event, char* buffer, size_t capacity, "
+                      "size_t* length) {\n"
+                      "  return jx_object_get_number(event, JXRateEvent_stars, buffer, capacity, "
+                      "length);", header)
+        self.assertIn("/// The viewer rated the page. Includes the fields of JXEvent.", header)
+
+    def test_marks_fields_that_the_class_does_not_write(self):
+        header = self.header(RATE.replace('"stars", "name", "note"', '"stars"'), "JXRateEvent")
+        self.assertIn('/// A note. JSON key "note". This class does not write it.', header)
+        self.assertIn('/// The stars. JSON key "stars".\n', header)
+
+    def test_declares_functions_of_lists(self):
+        field = '[JXModeEvent.fields]\n' \
+                'all = { key = "all", type = "TYPE", comment = "All." }\n'
+        names = {"strings": ["setAll", "all_append", "getAll", "all_count", "all_clear"],
+                 "values": ["setAll", "all_append_string", "all_append_number",
+                            "all_append_boolean", "getAll", "all_count", "all_clear"],
+                 "items": ["all_append", "getAll", "all_count", "all_clear"]}
+        for kind, expected in names.items():
+            header = self.header(MODES + field.replace("TYPE", kind), "JXModeEvent")
+            for name in expected:
+                self.assertIn(f" JXModeEvent_{name}(", header)
+            self.assertEqual(header.count("static inline"), 1 + len(expected) + 2)
+
+    def test_declares_modes_under_their_cpp_names(self):
+        self.assertIn("JXModeEvent_create(EJXMode mode, const char* session_id, jx_object** event)",
+                      self.header(MODES, "JXModeEvent"))
+        names = self.header(MODES, "jx_names")
+        self.assertIn('typedef enum EJXMode {\n  EJXMode_ON = 0,  ///< "turned_on"\n'
+                      '  EJXMode_OFF = 1  ///< "turned_off"\n} EJXMode;', names)
+
+    def test_declares_constants_as_macros_in_c_and_as_arrays_in_cpp(self):
+        self.write("jx/catalogue/keys.toml", KEYS + NAMES)
+        in_c, in_cpp = self.header(RATE, "jx_names").split("#else\n")
+        for name, string in (("JXE_STARS", "stars"), ("JXD_MODEL", "model")):
+            self.assertIn(f'#define {name} "{string}"\n', in_c)
+            self.assertIn(f'static const char {name}[] = "{string}";\n', in_cpp)
+
+    def test_rejects_names_that_match_no_constant(self):
+        self.write("jx/catalogue/keys.toml", KEYS + NAMES.replace("MODEL", "MODELS"))
+        with self.assertRaises(model.CatalogueError) as raised:
+            self.load(RATE)
+        self.assertEqual(str(raised.exception), "keys.toml: names[0].pattern: matches no constant "
+                                                "of jx/core/JXCoreConstants.h")
+
+
 class Command(Tree):
     def run_script(self, *options):
         result = subprocess.run([sys.executable, "-B", str(SCRIPT), "--root", str(self.root),
@@ -344,7 +415,7 @@ class Command(Tree):
     def test_check_lists_the_files_of_a_changed_entry(self):
         self.write("jx/catalogue/more.toml", RATE.replace('"The stars."', '"From one to five."'))
         self.assertEqual(self.run_script("--check")[:2],
-                         (1, "jx/events/engagement/JXRateEvent.h\n"))
+                         (1, "jx/events/engagement/JXRateEvent.h\njx/c/events/JXRateEvent.h\n"))
 
     def test_writes_the_fields_of_a_context_block(self):
         self.write("jx/catalogue/more.toml", VIEW)
@@ -361,7 +432,8 @@ class Command(Tree):
 
     def test_removes_the_files_of_a_removed_entry(self):
         (self.root / "jx/catalogue/more.toml").unlink()
-        removed = ["jx/events/engagement/JXRateEvent.cpp", "jx/events/engagement/JXRateEvent.h"]
+        removed = ["jx/events/engagement/JXRateEvent.cpp", "jx/events/engagement/JXRateEvent.h",
+                   "jx/c/events/JXRateEvent.h"]
         status, output, _ = self.run_script("--check")
         self.assertEqual(status, 1)
         self.assertLessEqual(set(removed), set(output.splitlines()))

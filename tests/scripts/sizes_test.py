@@ -22,6 +22,12 @@ class Sizes(faketree.FakeTreeTest):
     def test_accepts_300_lines(self):
         self.assert_clean({"jx/core/A.cpp": "int a;\n" * 300})
 
+    def test_ignores_the_length_of_generated_files(self):
+        mark = "// Generated from x.toml by scripts/catalogue. Do not edit.\n#pragma once\n"
+        self.assert_clean({"jx/c/A.h": mark + "int a;\n" * 500})
+        self.assert_found({"jx/c/A.h": "#pragma once\n" + mark + "int a;\n" * 500},
+                          "jx/c/A.h:401: 503 lines")
+
     def test_ignores_the_length_of_tests(self):
         self.assert_clean({"tests/core/A.cpp": "int a;\n" * 900})
 

@@ -225,6 +225,7 @@ class Catalogue:
     """All entries, in the order of the files."""
     keys: dict  # Key by the name of its constant
     key_groups: list
+    name_groups: list  # KeyGroup: constants that are not JSON keys
     enumerations: dict
     strings: dict  # predefined strings of fields that accept any string
     blocks: dict
@@ -283,7 +284,7 @@ class _Table:
 class _Reader:
     def __init__(self, root):
         self.root = pathlib.Path(root)
-        self.catalogue = Catalogue({}, [], {}, {}, {})
+        self.catalogue = Catalogue({}, [], [], {}, {}, {})
         self.variables = set()
 
     def read(self):
@@ -325,7 +326,21 @@ class _Reader:
             self.catalogue.key_groups.append(
                 KeyGroup(group.text("title"), group.text("comment", ""), tuple(keys)))
             group.finish()
+        self._names(table)
         table.finish()
+
+    def _names(self, table):
+        """Reads constants that C++ headers declare by hand."""
+        for number, values in enumerate(table.take("names", list, [])):
+            entry = _Table(values, table.place.at(f"names[{number}]"))
+            header, pattern = entry.take("declared_in"), re.compile(entry.take("pattern"))
+            declared = _DECLARATION.findall((self.root / header).read_text("utf-8"))
+            names = tuple(Key(string, constant, header) for constant, string in declared
+                          if pattern.fullmatch(constant))
+            if not names:
+                entry.place.at("pattern").fail(f"matches no constant of {header}")
+            self.catalogue.name_groups.append(KeyGroup(entry.text("title"), "", names))
+            entry.finish()
 
     def _file(self, path):
         values = self._toml(path)

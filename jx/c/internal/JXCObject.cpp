@@ -2,135 +2,141 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/c/internal/JXCObject.h"
 
-#include <type_traits>
-#include <utility>
+#include <algorithm>
+#include <iterator>
 
+#include "jx/catalogue/JXFieldValue.h"
 #include "jx/events/JXEventClass.h"
 
 namespace jx::c {
 namespace {
 
-constexpr std::string_view kParameters = "parameters";
+// The rule for the value of each JXFieldKind, in the order of the enumeration.
+constexpr const char* kRules[] = {"must be a string",
+                                  "must be a number",
+                                  "must be a Boolean",
+                                  "must be a list of strings",
+                                  "must be a list of strings",
+                                  "must be a JSON array",
+                                  "must be a value of its enumeration",
+                                  "must be a list of items",
+                                  "must be a product"};
+static_assert(std::size(kRules) == static_cast<std::size_t>(JXFieldKind::Product) + 1);
+
+bool isClass(std::string_view name) {
+  return name == "JXItem" || name == "JXProduct" || eventClassNamed(name) != nullptr;
+}
+
+Result wrongType(const char* field, const std::string& rule) {
+  return {JX_ERROR_WRONG_TYPE, std::string(field) + " " + rule};
+}
 
 }  // namespace
 
-JXCEvent::JXCEvent(const JXEventClass& type, std::shared_ptr<JXEvent> event)
-    : type_(type), event_(std::move(event)) {}
-
-// The names are NUL-terminated constants.
-const char* JXCEvent::className() const { return type_.className.data(); }
-
-const JXFieldInfo* JXCEvent::fieldOf(std::string_view property) const {
-  return type_.fieldOfProperty(property);
-}
-
-bool JXCEvent::isOf(std::string_view className) const { return type_.isOrDerivesFrom(className); }
-
-std::string JXCEvent::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  std::string error = type_.setProperty(*event_, field.property, value);
-  if (error.empty() && field.kind == JXFieldKind::Items) {
-    lists_.set(field.property, value.array());  // null removes the list
-  }
+std::string JXCObject::set(const JXFieldInfo& field, const JXJsonValue& value) {
+  std::string error = type_.setProperty(base(), field.property, value);
+  if (error.empty()) lists_.remove(field.property);
   return error;
 }
 
-Result JXCEvent::addItem(const JXFieldInfo& field, const JXCObject& item) {
-  JXJsonArray list = lists_.get(field.property).array();
-  if (!list.isPresent()) {
-    list = JXJsonArray();
-    lists_.set(field.property, list);
+JXJsonValue JXCObject::get(const JXFieldInfo& field) {
+  applyLists();
+  return type_.getProperty(base(), field.property);
+}
+
+JXJsonArray JXCObject::list(const JXFieldInfo& field) {
+  if (!lists_.contains(field.property)) lists_.set(field.property, get(field));
+  return lists_.get(field.property).array();
+}
+
+void JXCObject::addParameter(std::string_view key, const JXJsonValue& value) {
+  JXJsonObject entries;
+  entries.set(key, value);
+  base().addAdditionalProperty(entries);
+}
+
+Result JXCObject::verify() {
+  if (const std::shared_ptr<JXEvent> checked = event()) {
+    const JXString failed = checked->firstFailedCondition();
+    if (failed.isPresent()) return {JX_ERROR_INCOMPLETE, failed.toStdString()};
+  } else if (const auto* const item = std::get_if<std::shared_ptr<JXItem>>(&object_)) {
+    if (!(*item)->verifyItem()) {
+      return {JX_ERROR_INCOMPLETE, "ID and quantity must be set, and product must be valid"};
+    }
+  } else if (!std::get<std::shared_ptr<JXProduct>>(object_)->verifyProduct()) {
+    return {JX_ERROR_INCOMPLETE, "ID, name and price must be set"};
   }
-  list.append(item.values());
-  listsChanged_ = true;
   return JX_OK;
 }
 
-void JXCEvent::addParameter(std::string_view key, const JXJsonValue& value) {
-  JXJsonObject entries;
-  entries.set(key, value);
-  event_->addAdditionalParameter(entries);
+JXJsonObject JXCObject::json() {
+  applyLists();
+  return std::visit([](const auto& object) { return object->getJsonObject(); }, object_);
 }
 
-void JXCEvent::applyLists() {
-  if (!listsChanged_) return;
+std::shared_ptr<JXEvent> JXCObject::event() {
+  applyLists();
+  const auto* const event = std::get_if<std::shared_ptr<JXEvent>>(&object_);
+  return event != nullptr ? *event : nullptr;
+}
+
+JXJsonValue JXCObject::values() {
+  applyLists();
+  return fieldvalue::blockToJson(base(), *type_.written);
+}
+
+JXAdditionalProperties& JXCObject::base() {
+  return std::visit([](const auto& object) -> JXAdditionalProperties& { return *object; }, object_);
+}
+
+void JXCObject::applyLists() {
   for (const JXJsonEntry& list : lists_.entries())
-    type_.setProperty(*event_, list.key.view(), list.value);
-  listsChanged_ = false;
+    type_.setProperty(base(), list.key.view(), list.value);
+  lists_.clear();
 }
 
-Result JXCEvent::verify() {
-  applyLists();
-  const JXString failed = event_->firstFailedCondition();
-  if (!failed.isPresent()) return JX_OK;
-  return {JX_ERROR_INCOMPLETE, failed.toStdString()};
-}
-
-JXJsonObject JXCEvent::json() {
-  applyLists();
-  return event_->getJsonObject();
-}
-
-std::shared_ptr<JXEvent> JXCEvent::event() {
-  applyLists();
-  return event_;
-}
-
-template <typename Block>
-const char* JXCBlock<Block>::className() const {
-  return Block::blockClass().className.data();
-}
-
-template <typename Block>
-const JXFieldInfo* JXCBlock<Block>::fieldOf(std::string_view property) const {
-  return Block::blockClass().fieldOfProperty(property);
-}
-
-template <typename Block>
-bool JXCBlock<Block>::isOf(std::string_view name) const {
-  return name == className();
-}
-
-template <typename Block>
-std::string JXCBlock<Block>::set(const JXFieldInfo& field, const JXJsonValue& value) {
-  std::string error = Block::blockClass().setProperty(*block_, field.property, value);
-  // A removed value is kept as JSON null, so that it is removed from a copy too.
-  if (error.empty()) {
-    values_.set(field.property, value.isPresent() ? value : JXJsonValue::null());
+Result findField(const JXCObject& object, const char* name,
+                 std::initializer_list<JXFieldKind> kinds, const JXFieldInfo*& field) {
+  if (name == nullptr) return {JX_ERROR_NULL_ARGUMENT, "field must not be null"};
+  std::string_view property = name;
+  if (const std::size_t dot = property.find('.'); dot != std::string_view::npos) {
+    const std::string_view type = property.substr(0, dot);
+    property.remove_prefix(dot + 1);
+    if (!isClass(type)) {
+      return {JX_ERROR_UNKNOWN_CLASS, quoted(name) + " does not name a known class"};
+    }
+    if (!object.type().isOrDerivesFrom(type)) {
+      return {JX_ERROR_WRONG_CLASS, quoted(name) + " is not a field of " + object.className()};
+    }
   }
-  return error;
-}
-
-template <typename Block>
-Result JXCBlock<Block>::addItem(const JXFieldInfo&, const JXCObject&) {
-  return {JX_ERROR_WRONG_TYPE, std::string(className()) + " has no list of items"};
-}
-
-template <typename Block>
-void JXCBlock<Block>::addParameter(std::string_view key, const JXJsonValue& value) {
-  JXJsonObject entries;
-  entries.set(key, value);
-  block_->addAdditionalProperty(entries);
-  JXJsonObject all = values_.get(kParameters).object().mutableCopy();
-  if (!all.isPresent()) all = JXJsonObject();
-  all.set(key, value);
-  values_.set(kParameters, all);
-}
-
-template <typename Block>
-Result JXCBlock<Block>::verify() {
-  bool isValid = false;
-  if constexpr (std::is_same_v<Block, JXItem>) {
-    isValid = block_->verifyItem();
-  } else {
-    isValid = block_->verifyProduct();
+  field = object.type().fieldOfProperty(property);
+  if (field == nullptr) {
+    return {JX_ERROR_UNKNOWN_FIELD, quoted(name) + " is not a field of " + object.className()};
   }
-  if (isValid) return JX_OK;
-  return {JX_ERROR_INCOMPLETE, std::is_same_v<Block, JXItem>
-                                   ? "ID and quantity must be set, and product must be valid"
-                                   : "ID, name and price must be set"};
+  const JXFieldKind kind = field->kind;
+  if (kinds.size() == 0 || std::find(kinds.begin(), kinds.end(), kind) != kinds.end()) return JX_OK;
+  return wrongType(name, kRules[static_cast<std::size_t>(kind)]);
 }
 
-template class JXCBlock<JXItem>;
-template class JXCBlock<JXProduct>;
+Result JXCField::set(const JXJsonValue& value) const {
+  const std::string error = object.set(info, value);
+  return error.empty() ? JX_OK : wrongType(name, error);
+}
+
+Result copyOf(const jx_object* handle, const char* className, const char* argument,
+              JXJsonValue& copy) {
+  return with<JXCObject>(handle, JXHandleKind::Object, [&](JXCObject& object) -> Result {
+    if (!object.type().isOrDerivesFrom(className)) {
+      return {JX_ERROR_WRONG_CLASS,
+              std::string(argument) + " must be a " + className + ", not a " + object.className()};
+    }
+    copy = object.values();
+    return JX_OK;
+  });
+}
+
+Result notANumber(const char* field) {
+  return {JX_ERROR_INVALID_NUMBER, std::string(field) + " must be a finite decimal number"};
+}
 
 }  // namespace jx::c

@@ -72,6 +72,19 @@ Result copyOut(const std::string& text, char* buffer, std::size_t capacity, std:
 
 /// Parses JSON; a null pointer yields the null value. Returns JX_ERROR_INVALID_JSON on an error.
 Result readJson(const char* json, JXJsonValue& value);
+/// The form in which the caller passes a value.
+enum class Form { String, Json };
+
+/// Reads a value that the caller passes with its key, and passes it to `use`: absent for null.
+template <typename Use>
+Result readEntry(const char* key, const char* value, Form form, const Use& use) {
+  if (key == nullptr) return {JX_ERROR_NULL_ARGUMENT, "key must not be null"};
+  JXJsonValue read = form == Form::String ? value : JXJsonValue();
+  Result result = form == Form::Json ? readJson(value, read) : JX_OK;
+  if (result.status == JX_OK) use(read);
+  return result;
+}
+
 /// Returns any value as compact JSON.
 std::string jsonText(const JXJsonValue& value);
 
