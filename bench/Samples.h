@@ -19,6 +19,11 @@ class Samples {
     nanoseconds_.push_back(std::chrono::duration_cast<std::chrono::nanoseconds>(time).count());
   }
 
+  /// Adds all samples of `other`.
+  void add(const Samples& other) {
+    nanoseconds_.insert(nanoseconds_.end(), other.nanoseconds_.begin(), other.nanoseconds_.end());
+  }
+
   /// Returns the quantile `part` in microseconds: 0.5 is the median, 1 the longest. Returns 0 if
   /// there are no samples.
   double at(double part) {

@@ -77,6 +77,19 @@ def paced_rows(cases, what):
     return rows
 
 
+def thread_rows(bench):
+    """Returns the rows of jx_bench_threads: execute() from several threads at once."""
+    rows = []
+    quick = ["--rounds", 2, "--calls", 40] if bench.quick else ["--calls", 8000]
+    for threads, rounds in bench.run("jx_bench_threads", *quick).items():
+        what = f"{threads} thread{'s' if threads != '1' else ''}, 1 item"
+        case = {"rounds": rounds}
+        rows.append(table.ratio(f"{what}, events", pairs(case, "execute", 0), "/s"))
+        rows.append(table.ratio(f"{what}, p50", pairs(case, "execute", 1), "us"))
+        rows.append(table.ratio(f"{what}, p99", pairs(case, "execute", 2), "us"))
+    return rows
+
+
 def rows(bench):
     quick = ["--calls", 20, "--block", 10, "--rounds", 2]
     burst = bench.run("jx_bench_execute", *(quick if bench.quick else []))

@@ -52,7 +52,7 @@ def measure_parts(bench):
     return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
 
 
-PARTS = {"execute": execute.rows, "drain": drain.rows, "start": launch.start_and_memory_rows,
+PARTS = {"execute": execute.rows, "threads": execute.thread_rows, "drain": drain.rows, "start": launch.start_and_memory_rows,
          "idle": launch.idle_rows, "size": size.rows, "parts": measure_parts}
 
 

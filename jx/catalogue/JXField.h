@@ -95,93 +95,93 @@ inline constexpr JXFieldKind kFieldKind<JXList<std::shared_ptr<Block>>> = JXFiel
 template <typename Block>
 inline constexpr JXFieldKind kFieldKind<std::shared_ptr<Block>> = JXFieldKind::Product;
 
-template <typename Owner, typename Value>
-class JXMemberAccess : public JXFieldAccess {
- public:
-  explicit JXMemberAccess(Value Owner::*member) : member_(member) {}
-
-  void write(const JXAdditionalProperties& object, std::string_view key,
-             JXJsonSink& sink) const override {
-    fieldvalue::write(valueOf(object), key, sink);
-  }
-  JXFieldState state(const JXAdditionalProperties& object) const override {
-    return fieldvalue::state(valueOf(object));
-  }
-  std::string set(JXAdditionalProperties& object, const JXJsonValue& value) const override {
-    return fieldvalue::read(value, static_cast<Owner&>(object).*member_);
-  }
-  JXJsonValue get(const JXAdditionalProperties& object) const override {
-    return fieldvalue::toJson(valueOf(object));
-  }
-
- protected:
-  const Value& valueOf(const JXAdditionalProperties& object) const {
-    return static_cast<const Owner&>(object).*member_;
-  }
-
- private:
-  Value Owner::*member_;
-};
-
-template <typename Owner>
-class JXNumberedAccess final : public JXMemberAccess<Owner, JXList<JXString>> {
- public:
-  using JXMemberAccess<Owner, JXList<JXString>>::JXMemberAccess;
-  void write(const JXAdditionalProperties& object, std::string_view key,
-             JXJsonSink& sink) const override {
-    fieldvalue::writeNumbered(this->valueOf(object), key, sink);
-  }
-};
-
-template <typename Owner>
-class JXEnumAccess final : public JXFieldAccess {
- public:
-  explicit JXEnumAccess(const JXEnumField<Owner>& field) : field_(field) {}
-
-  void write(const JXAdditionalProperties& object, std::string_view key,
-             JXJsonSink& sink) const override {
-    fieldvalue::writeEnumValue(valueOf(object), field_.strings, key, sink);
-  }
-  JXFieldState state(const JXAdditionalProperties& object) const override {
-    return fieldvalue::state(field_.strings.stringOf(valueOf(object)));
-  }
-  std::string set(JXAdditionalProperties& object, const JXJsonValue& value) const override {
-    return fieldvalue::readEnumValue(value, field_.strings,
-                                     static_cast<Owner&>(object).*field_.member);
-  }
-  JXJsonValue get(const JXAdditionalProperties& object) const override {
-    return fieldvalue::toJson(field_.strings.enumeratorOf(valueOf(object)));
-  }
-
- private:
-  int valueOf(const JXAdditionalProperties& object) const {
-    return static_cast<const Owner&>(object).*field_.member;
-  }
-
-  JXEnumField<Owner> field_;
-};
-
 }  // namespace detail
 
 /// One entry of a field table: the description of a field, and access to its value. All strings
 /// must be constants.
 struct JX_API JXField {
+ private:
+  // Access to a field that is stored in a member.
+  template <typename Owner, typename Value>
+  class MemberAccess final : public JXFieldAccess {
+   public:
+    // `isNumbered` marks a list of strings that is written under numbered keys.
+    explicit MemberAccess(Value Owner::*member, bool isNumbered = false)
+        : member_(member), isNumbered_(isNumbered) {}
+
+    void write(const JXAdditionalProperties& object, std::string_view key,
+               JXJsonSink& sink) const override {
+      if constexpr (detail::kFieldKind<Value> == JXFieldKind::Strings) {
+        if (isNumbered_) return fieldvalue::writeNumbered(valueOf(object), key, sink);
+      }
+      fieldvalue::write(valueOf(object), key, sink);
+    }
+    JXFieldState state(const JXAdditionalProperties& object) const override {
+      return fieldvalue::state(valueOf(object));
+    }
+    std::string set(JXAdditionalProperties& object, const JXJsonValue& value) const override {
+      return fieldvalue::read(value, static_cast<Owner&>(object).*member_);
+    }
+    JXJsonValue get(const JXAdditionalProperties& object) const override {
+      return fieldvalue::toJson(valueOf(object));
+    }
+
+   private:
+    const Value& valueOf(const JXAdditionalProperties& object) const {
+      return static_cast<const Owner&>(object).*member_;
+    }
+
+    Value Owner::*member_;
+    bool isNumbered_;
+  };
+
+  // Access to an enumeration that is stored as an integer.
+  template <typename Owner>
+  class EnumAccess final : public JXFieldAccess {
+   public:
+    // Refers to the strings of the enumeration.
+    explicit EnumAccess(const JXEnumField<Owner>& field) : field_(field) {}
+
+    void write(const JXAdditionalProperties& object, std::string_view key,
+               JXJsonSink& sink) const override {
+      fieldvalue::writeEnumValue(valueOf(object), field_.strings, key, sink);
+    }
+    JXFieldState state(const JXAdditionalProperties& object) const override {
+      return fieldvalue::state(field_.strings.stringOf(valueOf(object)));
+    }
+    std::string set(JXAdditionalProperties& object, const JXJsonValue& value) const override {
+      return fieldvalue::readEnumValue(value, field_.strings,
+                                       static_cast<Owner&>(object).*field_.member);
+    }
+    JXJsonValue get(const JXAdditionalProperties& object) const override {
+      return fieldvalue::toJson(field_.strings.enumeratorOf(valueOf(object)));
+    }
+
+   private:
+    int valueOf(const JXAdditionalProperties& object) const {
+      return static_cast<const Owner&>(object).*field_.member;
+    }
+
+    JXEnumField<Owner> field_;
+  };
+
+ public:
   /// A field that is stored in `member`, as a string, exact decimal, Boolean, list of strings, list
   /// of any values, list of items, or product.
   template <typename Owner, typename Value>
   JXField(std::string_view key, std::string_view property, Value Owner::*member)
       : info{key, property, detail::kFieldKind<Value>, {}, false},
-        access(std::make_shared<detail::JXMemberAccess<Owner, Value>>(member)) {}
+        access(std::make_shared<MemberAccess<Owner, Value>>(member)) {}
   /// A list of strings that is written under numbered keys; `key` is their prefix.
   template <typename Owner>
   JXField(std::string_view key, std::string_view property, JXNumberedStrings<Owner> numbered)
       : info{key, property, JXFieldKind::NumberedStrings, {}, false},
-        access(std::make_shared<detail::JXNumberedAccess<Owner>>(numbered.member)) {}
+        access(std::make_shared<MemberAccess<Owner, JXList<JXString>>>(numbered.member, true)) {}
   /// An enumeration.
   template <typename Owner>
   JXField(std::string_view key, std::string_view property, const JXEnumField<Owner>& field)
       : info{key, property, JXFieldKind::Enumeration, field.strings, false},
-        access(std::make_shared<detail::JXEnumAccess<Owner>>(field)) {}
+        access(std::make_shared<EnumAccess<Owner>>(field)) {}
 
   /// The description of the field.
   JXFieldInfo info;

@@ -33,13 +33,20 @@ void JXAdditionalProperties::change(const Operation& operation) {
 }
 
 void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
-  // Without a copy for an object of one thread: an event may have a hundred items.
   const auto fields = [this](JXJsonSink& into) { writeOwnEntries(into); };
+  // Without a copy of the handle for an object of one thread: an event may have a hundred items.
   if (mutex_) {
-    writeOver(getAdditionalProperties(), sink, fields);
+    writeOver(extrasOf(*this), sink, fields);
   } else {
     writeOver(additionalProperties_, sink, fields);
   }
+}
+
+JXJsonObject JXAdditionalProperties::extrasOf(const JXAdditionalProperties& object) {
+  if (!object.mutex_) return object.additionalProperties_;
+  const std::lock_guard<std::mutex> lock(*object.mutex_);
+  if (object.additionalProperties_.size() == 0) return nullptr;
+  return object.additionalProperties_.mutableCopy();
 }
 
 void JXAdditionalProperties::writeOwnEntries(JXJsonSink&) const {}

@@ -65,6 +65,9 @@ class JX_API JXAdditionalProperties {
   virtual void writeOwnEntries(JXJsonSink& sink) const;
   /// Returns the additional properties of an object that belongs to one thread, without a copy.
   const JXJsonObject& extraProperties() const { return additionalProperties_; }
+  /// Returns the additional properties of `object` as they are now. An object that several threads
+  /// may use yields a copy, or null if it has none.
+  static JXJsonObject extrasOf(const JXAdditionalProperties& object);
   /// Returns a new JSON object: the additional properties, overridden by the fields.
   JXJsonObject newJsonObject() const;
 

@@ -3,9 +3,21 @@
 #include "jx/core/JXDynamicStore.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace jx {
+namespace {
+
+// Returns whether the entry with this key is at `position`, after searching for it elsewhere.
+bool findEntry(const std::vector<JXJsonEntry>& all, std::string_view key, std::size_t& position) {
+  const auto hasKey = [&](const JXJsonEntry& entry) { return entry.key.view() == key; };
+  if (position < all.size() && hasKey(all[position])) return true;
+  position = static_cast<std::size_t>(std::find_if(all.begin(), all.end(), hasKey) - all.begin());
+  return position < all.size();
+}
+
+}  // namespace
 
 std::shared_ptr<JXDynamicStore> JXDynamicStore::init() {
   return std::shared_ptr<JXDynamicStore>(new JXDynamicStore());
@@ -52,12 +64,22 @@ void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::vector<JXJsonEntry>& all = entries_.entries();
   for (std::size_t i = 0; i < count; ++i) {
-    const auto hasKey = [&](const JXJsonEntry& entry) { return entry.key.view() == keys[i]; };
-    if (positions[i] >= all.size() || !hasKey(all[positions[i]])) {
-      const auto found = std::find_if(all.begin(), all.end(), hasKey);
-      positions[i] = static_cast<std::size_t>(found - all.begin());
-    }
-    strings[i] = positions[i] < all.size() ? all[positions[i]].value.string() : JXString();
+    strings[i] =
+        findEntry(all, keys[i], positions[i]) ? all[positions[i]].value.string() : JXString();
+  }
+}
+
+JXString JXDynamicStore::getString(std::string_view key, std::size_t& position) const {
+  JXString string;
+  getStrings(&key, 1, &position, &string);
+  return string;
+}
+
+void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXString string) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (!findEntry(entries_.entries(), key, position) ||
+      !entries_.replaceString(position, std::move(string))) {
+    entries_.set(key, std::move(string));
   }
 }
 

@@ -51,6 +51,12 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   void getStrings(const std::string_view* keys, std::size_t count, std::size_t* positions,
                   JXString* strings) const;
 
+  /// Returns the string under `key`; null if there is none. `position` caches the key's position as
+  /// in `getStrings`.
+  JXString getString(std::string_view key, std::size_t& position) const;
+  /// Sets or replaces the string under `key`; null removes the key. `position` as in `getString`.
+  void setString(std::string_view key, std::size_t& position, JXString string);
+
   /// Returns a copy of all pairs.
   JXJsonObject entries() const;
 

@@ -13,32 +13,10 @@
 #include "jx/core/json/JXJsonTextSink.h"
 #include "jx/core/json/JXJsonTreeSink.h"
 #include "jx/facade/ServerSide.h"
-#include "jx/session/JXApp.h"
-#include "jx/session/JXDevice.h"
-#include "jx/session/JXLifecycle.h"
-#include "jx/session/JXPredefinedVariableNames.h"
-#include "jx/session/JXPredefinedVariables.h"
-#include "jx/session/JXSessionLock.h"
+#include "jx/session/JXSession.h"
 
 namespace jx {
 namespace {
-
-// Writes the parts of the context that do not belong to the event, as of one moment of the session.
-// With a claim that moment is an execution: the variables advance first, and the event takes the
-// mark of a new session.
-void writeDeviceAndApp(JXJsonSink& sink, JXNewSessionClaim* claim) {
-  JXPredefinedVariables& variables = JXPredefinedVariables::sharedInstance();
-  JXDevice& device = JXDevice::sharedInstance();
-  JXApp& app = JXApp::sharedInstance();
-  const JXSessionLock lock;
-  if (claim != nullptr) variables.advance();
-  device.refreshContent();
-  if (claim != nullptr) JXLifecycle::sharedInstance().setIsNewSession(claim->take());
-  sink.block(JXD_DEVICE, device);
-  app.refreshContent();
-  sink.block(JXA_APP, app);
-  sink.numberFromString(JX_EVENTTIMESTAMP, variables.getData(kJXPredefinedVariable_CurrentCallMs));
-}
 
 void writeUser(JXJsonSink& sink, std::int32_t serverSideState) {
   if (serverSideState != EJXServerSideState_WAITING_FOR_CONSENT) {
@@ -58,12 +36,9 @@ void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
   const JXJsonObject context = body.get(JXE_CONTEXT).object();
   if (context.isPresent()) {
     JXJsonTreeSink contextTree(context);
-    writeDeviceAndApp(contextTree, claim);
+    JXSession::sharedInstance().writeContext(contextTree, claim);
   } else if (claim != nullptr) {
-    // An event without a context is part of the session too.
-    const JXSessionLock lock;
-    JXPredefinedVariables::sharedInstance().advance();
-    claim->take();
+    JXSession::sharedInstance().advance(*claim);
   }
   sink.root(body);
 }
@@ -76,7 +51,7 @@ void JXPostData::writeBody(const JXEvent& event, std::int32_t serverSideState,
   event.writeHead(sink);
   sink.beginObject(JXE_CONTEXT);
   event.writeContext(sink);
-  writeDeviceAndApp(sink, claim);
+  JXSession::sharedInstance().writeContext(sink, claim);
   sink.endObject();
   event.writeFields(sink);
   writeUser(sink, serverSideState);
@@ -112,21 +87,6 @@ JXString JXPostData::executionBody(const JXEvent& event, std::int32_t serverSide
                                    JXNewSessionClaim& claim) {
   const JXOmissionLog omissions(event.name(), event.ownEventClass().className);
   return bodyOf(event, serverSideState, &claim);
-}
-
-JXNewSessionClaim::~JXNewSessionClaim() {
-  if (session_) JXPredefinedVariables::sharedInstance().releaseNewSession(*session_, false);
-}
-
-bool JXNewSessionClaim::take() {
-  session_ = JXPredefinedVariables::sharedInstance().claimNewSession();
-  return session_.has_value();
-}
-
-void JXNewSessionClaim::keep() {
-  if (!session_) return;
-  JXPredefinedVariables::sharedInstance().releaseNewSession(*session_, true);
-  session_.reset();
 }
 
 }  // namespace jx

@@ -15,8 +15,8 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
-#include "jx/session/JXDevice.h"
 #include "jx/session/JXServerSideVersion.h"
+#include "jx/session/JXSession.h"
 
 namespace jx {
 namespace {

@@ -18,15 +18,6 @@ std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
 }  // namespace
 
-JXApp& JXApp::sharedInstance() {
-  static JXOnce<JXApp, JXSessionLock> once;
-  return once.get([] {
-    auto* const app = new JXApp();
-    app->init();
-    return app;
-  });
-}
-
 JXApp* JXApp::init() {
   if (!tryBeginInit(JX_INIT_STATE, "JXApp")) return this;
   if (!baseInit()) return nullptr;

@@ -23,20 +23,7 @@ void storeNumber(const JXString& digits, std::optional<JXDecimal>& field) {
   if (!number.isNaN()) field = number;
 }
 
-JXJsonObject entriesOf(const std::shared_ptr<JXAdditionalProperties>& properties) {
-  return properties ? properties->getAdditionalProperties() : JXJsonObject(nullptr);
-}
-
 }  // namespace
-
-JXDevice& JXDevice::sharedInstance() {
-  static JXOnce<JXDevice, JXSessionLock> once;
-  return once.get([] {
-    auto* const device = new JXDevice();
-    device->init();
-    return device;
-  });
-}
 
 JXDevice* JXDevice::init() {
   if (!tryBeginInit(JX_INIT_STATE, "JXDevice")) return this;
@@ -113,7 +100,7 @@ void JXDevice::writeOwnEntries(JXJsonSink& sink) const {
 
 void JXDevice::writeOs(JXJsonSink& sink) const {
   sink.beginObject(JXD_OS);
-  writeOver(entriesOf(osProperties_), sink, [this](JXJsonSink& os) {
+  writeOver(osProperties_ ? extrasOf(*osProperties_) : nullptr, sink, [this](JXJsonSink& os) {
     os.text(JXD_OS_NAME, osName_);
     os.text(JXD_OS_VERSION, osVersion_);
   });
@@ -122,10 +109,11 @@ void JXDevice::writeOs(JXJsonSink& sink) const {
 
 void JXDevice::writeScreen(JXJsonSink& sink) const {
   sink.beginObject(JXD_SCREEN);
-  writeOver(entriesOf(screenProperties_), sink, [this](JXJsonSink& screen) {
-    screen.number(JXD_SCREEN_WIDTH, screenWidth_);
-    screen.number(JXD_SCREEN_HEIGHT, screenHeight_);
-  });
+  writeOver(screenProperties_ ? extrasOf(*screenProperties_) : nullptr, sink,
+            [this](JXJsonSink& screen) {
+              screen.number(JXD_SCREEN_WIDTH, screenWidth_);
+              screen.number(JXD_SCREEN_HEIGHT, screenHeight_);
+            });
   sink.endObject();
 }
 

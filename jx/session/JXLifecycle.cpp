@@ -18,15 +18,6 @@ std::atomic<bool> alreadyInitialised{false};
 
 }  // namespace
 
-JXLifecycle& JXLifecycle::sharedInstance() {
-  static JXOnce<JXLifecycle> once;
-  return once.get([] {
-    auto* const lifecycle = new JXLifecycle();
-    lifecycle->init();
-    return lifecycle;
-  });
-}
-
 JXLifecycle* JXLifecycle::init() {
   if (alreadyInitialised.exchange(true)) {
     neverReturn("JXLifecycle: init was called a second time; the call never returns");

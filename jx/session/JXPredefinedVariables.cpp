@@ -6,6 +6,7 @@
 #include <chrono>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
@@ -19,16 +20,15 @@ namespace {
 
 std::atomic<int> JX_INIT_STATE{kJXInitNever};
 
-}  // namespace
+// In the order of JXPredefinedVariables::Frequent.
+constexpr std::string_view kFrequentNames[] = {
+    kJXPredefinedVariable_FirstExecute,   kJXPredefinedVariable_IsNewSession,
+    kJXPredefinedVariable_CurrentVisitMs, kJXPredefinedVariable_CurrentCallMs,
+    kJXPredefinedVariable_LastCallMs,     kJXPredefinedVariable_SessionDurationMs,
+    kJXPredefinedVariable_ForegroundTime, kJXPredefinedVariable_DeltaForegroundTime,
+    kJXPredefinedVariable_BackgroundTime, kJXPredefinedVariable_DeltaBackgroundTime};
 
-JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
-  static JXOnce<JXPredefinedVariables, JXSessionLock> once;
-  return once.get([] {
-    auto* const variables = new JXPredefinedVariables();
-    variables->init();
-    return variables;
-  });
-}
+}  // namespace
 
 JXPredefinedVariables::~JXPredefinedVariables() {
   JXNotificationCenter::defaultCenter()->removeObserver(this);
@@ -141,6 +141,16 @@ void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t
   }
 }
 
+JXString JXPredefinedVariables::frequent(Frequent variable) const {
+  return dynamicStore_ ? dynamicStore_->getString(kFrequentNames[variable], positions_[variable])
+                       : JXString();
+}
+
+void JXPredefinedVariables::setFrequent(Frequent variable, JXString value) {
+  if (!dynamicStore_) return;
+  dynamicStore_->setString(kFrequentNames[variable], positions_[variable], std::move(value));
+}
+
 JXString JXPredefinedVariables::removeData(const JXString& key) {
   const JXSessionLock lock;
   return dynamicStore_ ? dynamicStore_->removeData(key).string() : JXString();
@@ -242,8 +252,7 @@ JXString JXPredefinedVariables::userAgent() const {
 
 void JXPredefinedVariables::firstExecute() {
   const JXSessionLock lock;
-  const bool hasExecuted = getData(kJXPredefinedVariable_FirstExecute).testString();
-  addData_withValue(kJXPredefinedVariable_FirstExecute, hasExecuted ? "FALSE" : "TRUE");
+  setFrequent(FirstExecute, frequent(FirstExecute).testString() ? "FALSE" : "TRUE");
 }
 
 void JXPredefinedVariables::advance() {

@@ -129,15 +129,6 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// Clears the new-session mark. Called after each event, so that only the first event of a
   /// session carries the mark.
   void resetNewSession();
-  /// Calls `firstExecute` and `computeTimeChangingVariables`, for an event that is executed.
-  void advance();
-  /// Takes the new-session mark for one event. Returns the session that it marks, or nothing when
-  /// the session is not new or another event has the mark. The variable stays "1" until the event
-  /// is posted, so that observers see it.
-  std::optional<std::uint64_t> claimNewSession();
-  /// Ends a claim. Clears the mark when the event was posted; otherwise the next event carries it.
-  /// Does nothing when another session has begun.
-  void releaseNewSession(std::uint64_t generation, bool isPosted);
 
   /// @}
   /// @name For the application
@@ -316,15 +307,47 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// @}
 
  private:
+  friend class JXNewSessionClaim;
+  friend class JXSession;
+
+  /// Calls `firstExecute` and `computeTimeChangingVariables`, for an event that is executed.
+  void advance();
+  /// Claims the new-session mark for one event. Returns the session that it marks, or nothing when
+  /// the session is not new or another event has the mark. The variable stays "1" until the event
+  /// is posted, so that observers see it.
+  std::optional<std::uint64_t> claimNewSession();
+  /// Ends a claim. Clears the mark when the event was posted; otherwise the next event carries it.
+  /// Does nothing when another session has begun.
+  void releaseNewSession(std::uint64_t generation, bool isPosted);
+
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;
   void markNewSession();
   JXString nextCount(const JXString& count);
 
+  /// The variables that every event reads or changes.
+  enum Frequent : std::size_t {
+    FirstExecute,
+    IsNewSession,
+    CurrentVisit,
+    CurrentCall,
+    LastCall,
+    SessionDuration,
+    ForegroundTime,
+    DeltaForeground,
+    BackgroundTime,
+    DeltaBackground,
+    kFrequentCount
+  };
+  /// Same as `getData` and `addData_withValue`, without a search. The caller has the lock.
+  JXString frequent(Frequent variable) const;
+  void setFrequent(Frequent variable, JXString value);
+
   std::shared_ptr<JXDynamicStore> dynamicStore_;
-  std::uint64_t sessionGeneration_ = 0;  ///< counts the sessions of this process
-  bool isNewSessionClaimed_ = false;     ///< an event on its way carries the mark
+  mutable std::size_t positions_[kFrequentCount] = {};  ///< in the store
+  std::uint64_t sessionGeneration_ = 0;                 ///< counts the sessions of this process
+  bool isNewSessionClaimed_ = false;                    ///< an event on its way carries the mark
   bool isBackground_ = false;
   std::int32_t totalForegroundTransitions_ = 1;
   std::uint64_t totalForegroundTime_ = 0;

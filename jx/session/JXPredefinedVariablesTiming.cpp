@@ -84,10 +84,10 @@ void JXPredefinedVariables::computeTimeChangingVariables() {
     totalForegroundTime_ += sinceLastTime;
   }
   lastTime_ = now;
-  addData_withValue(kJXPredefinedVariable_ForegroundTime, decimal(totalForegroundTime_));
-  addData_withValue(kJXPredefinedVariable_DeltaForegroundTime, decimal(deltaForeground_));
-  addData_withValue(kJXPredefinedVariable_BackgroundTime, decimal(totalBackgroundTime_));
-  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, decimal(deltaBackground_));
+  setFrequent(ForegroundTime, decimal(totalForegroundTime_));
+  setFrequent(DeltaForeground, decimal(deltaForeground_));
+  setFrequent(BackgroundTime, decimal(totalBackgroundTime_));
+  setFrequent(DeltaBackground, decimal(deltaBackground_));
   persistString(kJXUsageDuration, decimal(deltaForeground_ + deltaBackground_ + startUsage_));
   deltaBackground_ = 0;
   deltaForeground_ = 0;

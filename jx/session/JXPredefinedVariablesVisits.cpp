@@ -167,14 +167,14 @@ void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs)
 
 void JXPredefinedVariables::markNewSession() {
   const JXSessionLock lock;
-  addData_withValue(kJXPredefinedVariable_IsNewSession, "1");
+  setFrequent(IsNewSession, "1");
   ++sessionGeneration_;
   isNewSessionClaimed_ = false;
 }
 
 std::optional<std::uint64_t> JXPredefinedVariables::claimNewSession() {
   const JXSessionLock lock;
-  const bool isNew = getData(kJXPredefinedVariable_IsNewSession).view() == "1";
+  const bool isNew = frequent(IsNewSession).view() == "1";
   if (!isNew || std::exchange(isNewSessionClaimed_, true)) return std::nullopt;
   return sessionGeneration_;
 }
@@ -184,32 +184,30 @@ void JXPredefinedVariables::releaseNewSession(std::uint64_t generation, bool isP
   // A session that began in the meantime has a mark of its own.
   if (generation != sessionGeneration_) return;
   isNewSessionClaimed_ = false;
-  if (isPosted) addData_withValue(kJXPredefinedVariable_IsNewSession, "0");
+  if (isPosted) setFrequent(IsNewSession, "0");
 }
 
 void JXPredefinedVariables::resetNewSession() {
   const JXSessionLock lock;
-  addData_withValue(kJXPredefinedVariable_IsNewSession, "0");
+  setFrequent(IsNewSession, "0");
   isNewSessionClaimed_ = false;
 }
 
 void JXPredefinedVariables::initNavTimestampCalls(const JXString& timeMs) {
   const JXSessionLock lock;
-  if (getData(kJXPredefinedVariable_LastCallMs).isPresent()) {
-    addData_withValue(kJXPredefinedVariable_LastCallMs,
-                      getData(kJXPredefinedVariable_CurrentCallMs));
+  if (frequent(LastCall).isPresent()) {
+    setFrequent(LastCall, frequent(CurrentCall));
   } else {
     const JXString earlierProcessCall = persistedString(kJXPredefinedVariable_LastCallMs);
-    addData_withValue(kJXPredefinedVariable_LastCallMs,
-                      earlierProcessCall.isPresent() ? earlierProcessCall : timeMs);
+    setFrequent(LastCall, earlierProcessCall.isPresent() ? earlierProcessCall : timeMs);
   }
-  addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
+  setFrequent(CurrentCall, timeMs);
   persistString(kJXPredefinedVariable_LastCallMs, timeMs);
 }
 
 void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {
   const JXSessionLock lock;
-  const JXString visitStart = getData(kJXPredefinedVariable_CurrentVisitMs);
+  const JXString visitStart = frequent(CurrentVisit);
   if (!visitStart.testString()) {
     JXLogger::sharedInstance().logMessage_withLevel(
         "Error with timestamp kJXPredefinedVariable_CurrentVisitMs", 2);
@@ -217,7 +215,7 @@ void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {
   }
   const auto time = static_cast<std::uint64_t>(JXUtils::numberFromNSString(timeMs));
   const std::uint64_t duration = time - truncatedLeadingNumber(visitStart.view()) + startUsage_;
-  addData_withValue(kJXPredefinedVariable_SessionDurationMs, std::to_string(duration));
+  setFrequent(SessionDuration, std::to_string(duration));
 }
 
 void JXPredefinedVariables::addTimestamp_andTimestampeMs_withTime(const JXString& key,

@@ -139,5 +139,42 @@ TEST(JXDynamicStore, ReturnsSeveralStringsAtAnyPosition) {
   expect(nullptr, nullptr);
 }
 
+TEST(JXDynamicStore, SetsAStringAtAnyPosition) {
+  const auto store = JXDynamicStore::init();
+  std::size_t position = 0;
+  store->setString("b", position, "1");
+  EXPECT_EQ(store->getString("b", position), "1");
+  store->setString("b", position, "2");
+  store->addData_withValue("a", "3");
+  store->removeData("b");
+  EXPECT_EQ(store->getString("b", position), nullptr);
+  EXPECT_EQ(store->getData("a").string(), "3");
+  store->setString("b", position, "4");
+  EXPECT_EQ(store->getData("b").string(), "4");
+  EXPECT_EQ(store->getData("a").string(), "3");
+}
+
+TEST(JXDynamicStore, ReplacesAnyValueByAString) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", 1);
+  store->addData_withValue("b", JXJsonObject());
+  std::size_t first = 0;
+  std::size_t second = 0;
+  store->setString("a", first, "x");
+  store->setString("b", second, "y");
+  EXPECT_EQ(store->getData("a").string(), "x");
+  EXPECT_EQ(store->getData("b").string(), "y");
+  EXPECT_EQ(store->entries().size(), 2U);
+}
+
+TEST(JXDynamicStore, RemovesTheKeyWhenItsStringIsSetToNull) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("a", "1");
+  std::size_t position = 0;
+  store->setString("a", position, nullptr);
+  store->setString("none", position, nullptr);
+  EXPECT_TRUE(store->isEmpty());
+}
+
 }  // namespace
 }  // namespace jx

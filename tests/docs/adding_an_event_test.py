@@ -6,8 +6,8 @@
 adding_an_event_test.py ROOT LIBRARY COMPILER [FLAG...]
 
 The patch of the page must apply and add fewer than 20 lines. The class that is generated from it
-must be found by its name, meet its condition once the field is set, and write the field. So must the
-class that the page defines in an application.
+must be found by its name, meet its condition once the field is set, and write the field. A class of
+an application that the page shows must do the same, except that it is not in the list of classes.
 """
 
 import os

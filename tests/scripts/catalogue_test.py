@@ -246,8 +246,8 @@ class Model(Tree):
         message = ("more.toml: JXRateEvent.conditions[0]: must have exactly one of never, "
                    "non_empty_string, present, non_empty_list, together")
         self.assert_change_fails(RATE, "{ present =", "{ presend =", message)
-        self.assert_change_fails(RATE, '{ present = "stars" }', '{ present = "stars", never = true }',
-                                 message)
+        self.assert_change_fails(RATE, '{ present = "stars" }',
+                                 '{ present = "stars", never = true }', message)
 
     def test_rejects_a_condition_on_a_field_of_another_type(self):
         self.assert_change_fails(

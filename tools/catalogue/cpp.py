@@ -59,7 +59,8 @@ def licence(source):
 
 
 def header(source, includes, body):
-    return f"{licence(source)}#pragma once\n\n{included(includes)}namespace jx {{\n\n{body}}}  // namespace jx\n"
+    return (f"{licence(source)}#pragma once\n\n{included(includes)}"
+            f"namespace jx {{\n\n{body}}}  // namespace jx\n")
 
 
 def included(headers):
@@ -176,7 +177,8 @@ def initialiser_declarations(block):
                          "std::enable_if_t<detail::isLossyAs<Number, std::int32_t>>>\n"
                          f"  {pointer} {item.name}({arguments(block, item, 'Number')}) = delete;\n")
     if block.deleted_init:
-        text += comment(f"Deleted, because {block.deleted_init}.") + f"  {pointer} init() = delete;\n"
+        text += (comment(f"Deleted, because {block.deleted_init}.") +
+                 f"  {pointer} init() = delete;\n")
     return text + "\n"
 
 
@@ -293,8 +295,9 @@ def definitions_of_initialisers(block):
         filled = "".join(f"  {variable}->{field.setter}(JXProduct::init());\n"
                          for field in block.fields.values() if field.type == "product")
         if filled:
-            text += (f"{pointer} {block.name}::init() {{\n  {pointer} {variable}(new {block.name}());\n"
-                     f"{filled}  return {variable};\n}}\n\n")
+            text += (f"{pointer} {block.name}::init() {{\n"
+                     f"  {pointer} {variable}(new {block.name}());\n{filled}"
+                     f"  return {variable};\n}}\n\n")
         else:
             text += (f"{pointer} {block.name}::init() {{ "
                      f"return {pointer}(new {block.name}()); }}\n\n")
@@ -363,7 +366,8 @@ void {block.name}::writeOwnEntries(JXJsonSink& sink) const {{
 
 const JXBlockClass& {block.name}::blockClass() {{
   static const auto& fields = *new JXFieldTable{field_list(block, block.written)};
-  static const auto& type = *new JXBlockClass{{"{block.name}", nullptr, &fields, {conditions(block)}}};
+  static const auto& type =
+      *new JXBlockClass{{"{block.name}", nullptr, &fields, {conditions(block)}}};
   return type;
 }}
 

@@ -44,6 +44,13 @@ const std::vector<JXJsonEntry>& JXJsonObject::entries() const noexcept {
   return node_ ? node_->entries : none;
 }
 
+bool JXJsonObject::replaceString(std::size_t position, JXString&& string) {
+  JXJsonValue& value = node_->entries[position].value;
+  if (!string.isPresent() || value.kind() != JXJsonValue::Kind::String) return false;
+  value = std::move(string);
+  return true;
+}
+
 JXJsonObject JXJsonObject::mutableCopy() const {
   JXJsonObject copy(nullptr);
   if (node_) copy.node_ = std::make_shared<JXJsonObjectNode>(*node_);

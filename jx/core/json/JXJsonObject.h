@@ -13,6 +13,7 @@ namespace jx {
 
 class JXJsonObjectNode;
 class JXJsonValue;
+class JXString;
 struct JXJsonEntry;
 
 /// A JSON object: a handle that shares one list of key/value entries with its copies, so changes to
@@ -53,8 +54,14 @@ class JX_API JXJsonObject {
   JXJsonObject mutableCopy() const;
 
  private:
+  friend class JXDynamicStore;
   friend class JXJsonObjectNode;
   friend class JXJsonTextSink;
+
+  /// Replaces the value at `position`. Changes nothing and returns false if it is not a string, or
+  /// if `string` is null.
+  bool replaceString(std::size_t position, JXString&& string);
+
   std::shared_ptr<JXJsonObjectNode> node_;
 };
 
