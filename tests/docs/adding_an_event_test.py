@@ -79,7 +79,8 @@ def patched_copy(root, folder, patch):
     run(["git", "apply", "--whitespace=error", "rate.diff"], folder)
     generated = run([folder / "scripts/catalogue"], folder).split()
     expected = ["jx/events/JXEventClasses.h", "jx/events/engagement/JXRateEvent.h",
-                "jx/events/engagement/JXRateEvent.cpp"]
+                "jx/events/engagement/JXRateEvent.cpp", "jx/c/events/JXRateEvent.h",
+                "jx/c/jx_events.h", "jx/c/internal/JXCClasses.h"]
     if generated != expected:
         sys.exit(f"scripts/catalogue generated {generated}, not {expected}")
 
@@ -104,6 +105,8 @@ def main():
         (folder / "main.cpp").write_text(PROGRAM, encoding="utf-8")
         run([compiler, *flags, "-std=c++20", "-I.", "-fsyntax-only",
              "tests/events/catalogue/ExpectedCatalogue.cpp"], folder)
+        run([compiler, *flags, "-std=c++17", "-I.", "-fsyntax-only", "jx/c/jx_catalogue.cpp"],
+            folder)
         # The linker prefers the new list of classes, because it precedes the library.
         run([compiler, *flags, "-std=c++17", "-I.", "main.cpp", "jx/events/JXEventClass.cpp",
              "jx/events/engagement/JXRateEvent.cpp", library, "-lcurl", "-lpthread",
