@@ -59,16 +59,16 @@ TEST_P(SdkStart, IsNamedByALateConfiguration) {
 
 INSTANTIATE_TEST_SUITE_P(
     Operations, SdkStart,
-    ::testing::Values(
-        Starter{"an initialiser of ServerSide",
-                [] { ServerSide::initWithSiteID_andSourceKey(1, "key"); }},
-        Starter{"JXServerSideInitialisation::init()", [] { JXServerSideInitialisation::init(); }},
-        Starter{"JXPredefinedVariables::sharedInstance()",
-                [] { JXPredefinedVariables::sharedInstance(); }},
-        Starter{"JXDevice::sharedInstance()", [] { JXDevice::sharedInstance(); }},
-        Starter{"JXApp::sharedInstance()", [] { JXApp::sharedInstance(); }},
-        Starter{"JXEvent::getJsonObject()",
-                [] { JXCustomEvent::initWithName("quiz")->getJsonObject(); }}),
+    ::testing::Values(Starter{"an initialiser of ServerSide",
+                              [] { ServerSide::initWithSiteID_andSourceKey(1, "key"); }},
+                      Starter{"JXServerSideInitialisation::init()",
+                              [] { JXServerSideInitialisation::init(); }},
+                      Starter{"JXPredefinedVariables::sharedInstance()",
+                              [] { JXPredefinedVariables::sharedInstance(); }},
+                      Starter{"JXDevice::sharedInstance()", [] { JXDevice::sharedInstance(); }},
+                      Starter{"JXApp::sharedInstance()", [] { JXApp::sharedInstance(); }},
+                      Starter{"JXEvent::getJsonObject()",
+                              [] { JXCustomEvent::initWithName("quiz")->getJsonObject(); }}),
     [](const ::testing::TestParamInfo<Starter>& each) {
       return "Start" + std::to_string(each.index);
     });
