@@ -194,10 +194,10 @@ TEST_F(CObject, CreatesACustomEventWithoutANameThatIsInvalid) {
 TEST_F(CObject, ValidatesItemsAndProducts) {
   const Object product = makeProduct("p", "1");
   EXPECT_EQ(jx_object_verify(product.get()), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "ID, name and price must be set");
+  EXPECT_EQ(detail(), "name must be a non-empty string");
   const Object early = makeItem("1", 1, product.get());
   EXPECT_EQ(jx_object_verify(early.get()), JX_ERROR_INCOMPLETE);
-  EXPECT_EQ(detail(), "ID and quantity must be set, and product must be valid");
+  EXPECT_EQ(detail(), "product: name must be a non-empty string");
   ASSERT_EQ(JXProduct_setName(product.get(), "Lamp"), JX_OK);
   EXPECT_EQ(jx_object_verify(product.get()), JX_OK);
   const Object item = makeItem("1", 1, product.get());

@@ -56,17 +56,17 @@ void JXCObject::addParameter(std::string_view key, const JXJsonValue& value) {
 }
 
 Result JXCObject::verify() {
-  if (const std::shared_ptr<JXEvent> checked = event()) {
-    const JXString failed = checked->firstFailedCondition();
-    if (failed.isPresent()) return {JX_ERROR_INCOMPLETE, failed.toStdString()};
-  } else if (const auto* const item = std::get_if<std::shared_ptr<JXItem>>(&object_)) {
-    if (!(*item)->verifyItem()) {
-      return {JX_ERROR_INCOMPLETE, "ID and quantity must be set, and product must be valid"};
-    }
-  } else if (!std::get<std::shared_ptr<JXProduct>>(object_)->verifyProduct()) {
-    return {JX_ERROR_INCOMPLETE, "ID, name and price must be set"};
+  const std::shared_ptr<JXEvent> checked = event();
+  const std::string_view eventName = checked ? checked->name().view() : std::string_view();
+  if (const JXCondition* const failed = type_.firstFailed(base(), eventName)) {
+    return {JX_ERROR_INCOMPLETE, type_.describe(*failed)};
   }
-  return JX_OK;
+  const auto* const item = std::get_if<std::shared_ptr<JXItem>>(&object_);
+  if (item == nullptr) return JX_OK;
+  const JXBlockClass& product = JXProduct::blockClass();
+  const JXCondition* const failed = product.firstFailed(*(*item)->product());
+  if (failed == nullptr) return JX_OK;
+  return {JX_ERROR_INCOMPLETE, "product: " + product.describe(*failed)};
 }
 
 JXJsonObject JXCObject::json() {
