@@ -77,10 +77,9 @@ JXString JXDynamicStore::getString(std::string_view key, std::size_t& position) 
 
 void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXString string) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  if (!findEntry(entries_.entries(), key, position) ||
-      !entries_.replaceString(position, std::move(string))) {
-    entries_.set(key, std::move(string));
-  }
+  const bool isFound = findEntry(entries_.entries(), key, position);
+  if (isFound && entries_.replaceString(position, JXString(string))) return;
+  entries_.set(key, std::move(string));
 }
 
 JXJsonObject JXDynamicStore::entries() const {
