@@ -68,6 +68,19 @@ struct ConfiguredHost {
 
 }  // namespace
 
+std::string withoutCredentials(std::string_view text) {
+  std::string safe;
+  for (std::size_t at = text.find('@'); at != std::string_view::npos; at = text.find('@')) {
+    const std::string_view before = text.substr(0, at);
+    std::size_t begin = before.find_last_of("\"'") + 1;  // 0 without a quote
+    const std::size_t slashes = before.find("//", begin);
+    if (slashes != std::string_view::npos) begin = slashes + 2;
+    safe.append(text.substr(0, begin)).append("***@");
+    text.remove_prefix(at + 1);
+  }
+  return safe.append(text);
+}
+
 bool isLoopbackAuthority(std::string_view authority) {
   if (!isAuthority(authority) || authority.find_first_of("/?#") != std::string_view::npos) {
     return false;
@@ -79,19 +92,19 @@ JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
                                                 const JXString& fallback) {
   JXCollectionEndpoint endpoint;
   const ConfiguredHost host(configured.view());
-  const std::string quoted = "\"" + configured.toStdString() + "\"";
+  const std::string quoted = "\"" + withoutCredentials(configured.view()) + "\"";
   if (!host.isValid()) {
     endpoint.url = std::string(kHttps).append(ConfiguredHost(fallback.view()).authority);
     if (configured.isPresent()) {
       endpoint.message = "Collection host " + quoted + " is invalid; events are sent to " +
-                         endpoint.url.toStdString();
+                         withoutCredentials(endpoint.url.view());
       endpoint.messageLevel = 3;
     }
     return endpoint;
   }
   const bool staysHttp = host.isHttp && isLoopbackAuthority(host.authority);
   endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(host.authority);
-  const std::string consequence = "; events are sent to " + endpoint.url.toStdString();
+  const std::string consequence = "; events are sent to " + withoutCredentials(endpoint.url.view());
   if (host.isHttp && !staysHttp) {
     endpoint.message = "Collection host " + quoted +
                        " upgraded to https: http:// is allowed only for loopback hosts" +

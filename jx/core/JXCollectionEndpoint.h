@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "jx/platform/JXString.h"
 
 namespace jx {
@@ -18,6 +21,11 @@ struct JXCollectionEndpoint {
   /// `configured` contains no host or has another scheme.
   static JXCollectionEndpoint from(const JXString& configured, const JXString& fallback);
 };
+
+/// Returns the URL, or the message that quotes one, with "***" instead of user name and password,
+/// for the log. Also replaces what only resembles them: all from the last quote, or the two slashes
+/// after it, to an "@".
+std::string withoutCredentials(std::string_view text);
 
 /// Returns whether the host of `authority`, optionally followed by a port, is the device itself.
 bool isLoopbackAuthority(std::string_view authority);

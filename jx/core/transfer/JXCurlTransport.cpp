@@ -11,6 +11,7 @@
 #include <thread>
 #include <utility>
 
+#include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -86,7 +87,10 @@ std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOption
   }
   if (code == CURLE_OK) return "incomplete response header section";
   std::string message = curl_easy_strerror(code);
-  if (exchange.error[0] != '\0') message.append(" (").append(exchange.error).append(")");
+  // libcurl quotes a proxy URL that it cannot parse.
+  if (exchange.error[0] != '\0') {
+    message.append(" (").append(withoutCredentials(exchange.error)).append(")");
+  }
   return message;
 }
 
