@@ -418,16 +418,16 @@ TEST_F(Callbacks, LogSinkMayCallTheSdk) {
 
 TEST_F(Callbacks, LogSinkMayCallTheSdkDuringItsStart) {
   configuration.logLevel = 6;
-  std::atomic<int> calls{0};
+  const auto calls = std::make_shared<std::atomic<int>>(0);
   configuration.collectionHost = "collect.example.com/path";  // is logged while the core starts
-  configuration.logSink = [&calls](int, std::string_view) {
-    ++calls;
+  configuration.logSink = [calls](int, std::string_view) {
+    ++*calls;
     static_cast<void>(JXDevice::sharedInstance().sdkID());
     static_cast<void>(JXUser::sharedInstance().anonymous_id());
     static_cast<void>(JXNetworkManager::sharedInstance().counters());
   };
   const auto serverSide = start();
-  EXPECT_GE(calls, 2);
+  EXPECT_GE(*calls, 2);
   EXPECT_EQ(serverSide->siteID(), 1);
 }
 
@@ -447,15 +447,16 @@ TEST_F(Callbacks, DeliveryCallbackMayCallTheSdk) {
   };
   configuration.outboxBounds.maxRequests = 1;
   const auto serverSide = start();
-  Calls calls(serverSide);
+  // Shared, because the transfer thread may still be calling it when the test ends.
+  const auto calls = std::make_shared<Calls>(serverSide);
   {
     const std::lock_guard<std::mutex> lock(hook->mutex);
-    hook->call = [&] { calls(); };
+    hook->call = [calls] { (*calls)(); };
   }
   // The second one evicts the first, which is reported on the transfer thread.
   serverSide->execute(JXCustomEvent::initWithName("first"));
   serverSide->execute(JXCustomEvent::initWithName("second"));
-  calls.expectDone();
+  calls->expectDone();
   const std::lock_guard<std::mutex> lock(hook->mutex);
   hook->call = nullptr;
 }
