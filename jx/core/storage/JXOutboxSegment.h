@@ -88,9 +88,9 @@ struct JXOutboxListing {
 /// 0 for success.
 std::vector<JXOutboxListing> listSegment(const std::string& path, int& error);
 
-/// The suffix of a purge mark's file name. A purge mark is a file next to a segment. It tells the
-/// process that owns the segment to discard the requests that the segment contained when the mark
-/// was written. It contains the segment's inode, so that it does not apply to a later segment of
+/// The suffix of a purge mark's file name. A purge mark is a file next to a segment. The process
+/// that owns the segment discards the requests that the segment contained when the mark was
+/// written. The mark contains the segment's inode, so that it does not apply to a later segment of
 /// the same name.
 inline constexpr std::string_view kJXPurgeMarkSuffix = ".purge";
 /// Writes a mark for the current content of the segment, replacing an older mark. Returns an errno
