@@ -134,6 +134,7 @@ void JXCoreServices::startTransfer() {
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
   setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_);
+  setup.stopMarks = std::make_shared<JXStopMarks>(folder);
   setup.clock = clock_;
   setup.timings = configuration_.retryTimings;
   setup.caFile = configuration_.caFile;

@@ -56,12 +56,18 @@ JXOutbox::~JXOutbox() {
   });
 }
 
-std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body) {
-  return lockedWithoutExceptions([&] { return queue_.add(url, body); });
+std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
+                                           const JXRequestOrigin& origin, bool awaitsDecision) {
+  return lockedWithoutExceptions([&] { return queue_.add(url, body, origin, awaitsDecision); });
 }
 
-std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except) {
-  return lockedWithoutExceptions([&] { return queue_.take(except); });
+std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except,
+                                              const JXSendFilter& filter) {
+  return lockedWithoutExceptions([&] { return queue_.take(except, filter); });
+}
+
+std::uint16_t JXOutbox::mostStops(std::uint32_t source) {
+  return lockedWithoutExceptions([&] { return queue_.mostStops(source); });
 }
 
 void JXOutbox::requeue(std::uint64_t id) {

@@ -43,13 +43,22 @@ class JXOutbox {
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
   /// 2025 (the clock was not set yet) or in the future has no age and does not expire.
-  std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
+    return add(url, body, JXRequestOrigin(), false);
+  }
+  /// Same, with the origin that is stored with the request. `awaitsDecision` is true when its
+  /// ServerSide has not been enabled since it started disabled.
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
+                                   const JXRequestOrigin& origin, bool awaitsDecision);
 
-  /// Marks the oldest request that is neither in flight nor in `except` as in flight and returns
-  /// it; nullopt when there is none. A request that can no longer be read is counted as a storage
-  /// error and skipped. A request in flight may be dropped by the limits; acknowledging it is then
-  /// ignored.
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
+  /// Marks the oldest request that is neither in flight nor in `except`, and that `filter` allows,
+  /// as in flight and returns it; nullopt when there is none. A request that can no longer be read
+  /// is counted as a storage error and skipped. A request in flight may be dropped by the limits;
+  /// acknowledging it is then ignored.
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {},
+                                      const JXSendFilter& filter = {});
+  /// Returns the largest number of stops stored with a queued request of this source.
+  std::uint16_t mostStops(std::uint32_t source);
   /// Returns a request in flight to the queue, at its original position. Ignores any other ID.
   void requeue(std::uint64_t id);
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
