@@ -5,13 +5,13 @@
 
 privacy_test.py ROOT JX_PROGRAM LAUNCH_PROGRAM
 
-Each launch is a process. One installation is started enabled and waiting for consent, executes every
-event class with every field, gets rejections, is purged while it runs, and finds damaged files. Two
-are started only disabled, and only waiting for consent.
+Each launch is a process. One installation is started enabled and waiting for consent, executes
+every event class with every field, gets rejections, is purged while it runs, and finds damaged
+files. Three more are started only disabled, only waiting for consent, and on a platform with user
+defaults, as tvOS has.
 
 Every file, every persisted key and every key in a stored body must have a row. Every row must have
-been seen, except the files of the section "Temporary files". Another installation has a
-platform with user defaults, as tvOS has.
+been seen, except the files of the section "Temporary files".
 """
 
 import http.server
