@@ -70,7 +70,7 @@ class Page:
 
 
 def keys_of(value, path=""):
-    """Yields the paths of the values in a body; a value that is an object is not one of them."""
+    """Yields (path, value) for the values in a body that are not objects."""
     if isinstance(value, dict) and value:
         for key, inner in value.items():
             name = re.sub(r"^(category|keywords)_\d+$", r"\1_<n>", key)
@@ -79,7 +79,14 @@ def keys_of(value, path=""):
         for inner in value:
             yield from keys_of(inner, path + "[]")
     else:
-        yield path
+        yield path, value
+
+
+def kind_of_example(cell):
+    """Returns the type of the value that a cell shows: strings and lists are code."""
+    if not cell.startswith("`"):
+        return bool if cell in ("true", "false") else (int, float)
+    return list if cell.startswith("`[") else str
 
 
 def defaults_in(path):
@@ -114,7 +121,8 @@ class Installation:
     def __init__(self, folder, program, launch_program):
         self.folder = pathlib.Path(folder)
         self.program, self.launch_program = program, launch_program
-        self.files, self.defaults, self.keys = set(), set(), set()
+        self.files, self.defaults = set(), set()
+        self.values = {}  # {key of a body: values}
 
     def launch(self, state):
         subprocess.run([self.launch_program, self.folder, state], check=True, timeout=60,
@@ -151,7 +159,12 @@ class Installation:
                     if verb == "list":
                         shape.remove("status")
                     expect(list(request) == shape, f"jx queue {verb} --json: {list(request)}")
-                    self.keys |= set(keys_of(request["body"]))
+                    for key, value in keys_of(request["body"]):
+                        self.values.setdefault(key, []).append(value)
+
+    def keys(self):
+        """Returns the keys of the stored bodies, without those that the application added."""
+        return {key for key in self.values if not OF_THE_APPLICATION.match(key)}
 
 
 def example_of(field):
@@ -258,11 +271,11 @@ def compare_consent(page, folder, programs):
               if cells[-1] in ("start", "background")}
     compare("Persisted values of a disabled process", disabled.defaults,
             dict.fromkeys(stored))
-    expect(not disabled.keys, "an event was stored while disabled")
+    expect(not disabled.values, "an event was stored while disabled")
     waiting = Installation(folder / "waiting", *programs)
     waiting.launch("waiting")
     compare("Context and user while waiting for consent",
-            {key for key in waiting.keys if not OF_THE_APPLICATION.match(key)} - {"event_name"},
+            waiting.keys() - {"event_name"},
             {key: cells for key, cells in page.rows("Context and user").items()
              if cells[2] == "yes"})
 
@@ -288,10 +301,11 @@ def compare_example(page, installation):
     text = page.sections["Subject-access requests"]
     example = json.loads(re.search(r"^```text\n(.*)\n```$", text, re.MULTILINE).group(1))
     expect(list(example) == ["created", "url", "body"], f"example: {list(example)}")
-    for key in set(keys_of(example["body"])) - installation.keys:
+    keys = dict(keys_of(example["body"])).keys()
+    for key in keys - installation.keys():
         problems.append(f"docs/privacy.md: the example contains {key}, which was not stored")
-    for key in ("context.device.sdk_id", "user.anonymous_id"):
-        expect(key in set(keys_of(example["body"])), f"docs/privacy.md: example without {key}")
+    for key in {"context.device.sdk_id", "user.anonymous_id"} - keys:
+        problems.append(f"docs/privacy.md: the example does not contain {key}")
 
 
 def main():
@@ -302,9 +316,13 @@ def main():
     try:
         installation = Installation(folder / "state", *programs)
         live(root, installation)
-        keys = {key for key in installation.keys if not OF_THE_APPLICATION.match(key)}
-        compare("Data in events", keys,
-                page.rows("Context and user") | page.rows("Fields of events"))
+        data = page.rows("Context and user") | page.rows("Fields of events")
+        compare("Data in events", installation.keys(), data)
+        for key, cells in data.items():
+            kind = kind_of_example(cells[0])
+            # Some fields are lists in one event class and strings in another.
+            expect(any(isinstance(value, kind) for value in installation.values.get(key, [])),
+                   f"docs/privacy.md: {key}: the example {cells[0]} has another type")
         compare("Persisted values", installation.defaults, page.rows("Persisted values"))
         temporary = page.rows("Temporary files")
         files = {path for path in installation.files
