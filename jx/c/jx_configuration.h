@@ -50,7 +50,7 @@ typedef struct jx_configuration {
   // Limits of the queue; the oldest requests are dropped first. 0 is a limit, not the default.
   uint64_t max_requests;      ///< maximum number of queued requests
   uint64_t max_bytes;         ///< maximum total size of their bodies and URLs
-  int64_t max_age_ms;         ///< older requests are dropped
+  int64_t max_age_ms;         ///< older requests and dead letters are deleted
   uint64_t max_dead_letters;  ///< maximum number of rejected requests that are kept
   uint64_t max_in_memory;     ///< maximum number of requests kept in memory while writes fail
   // Retries and timeouts.

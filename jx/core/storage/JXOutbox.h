@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -73,8 +74,9 @@ class JXOutbox {
 
   /// Makes requests appended since the last call durable and retries failed operations: writes
   /// requests kept in memory, deletes files without unacknowledged requests, and rewrites requests
-  /// whose files were deleted. Call it on the transfer thread: it blocks on disk I/O without
-  /// blocking other threads.
+  /// whose files were deleted. Drops requests that exceed maxAge; the first call also deletes dead
+  /// letters and quarantined files that do. Call it on the transfer thread: it blocks on disk I/O
+  /// without blocking other threads.
   void sync();
   /// Returns true when `sync` has work to do.
   bool needsSync() const;
@@ -94,13 +96,18 @@ class JXOutbox {
   auto lockedWithoutExceptions(Work work) noexcept;
   void reportError(const char* action, int error);
   void moveRejectedToDeadLetters();
+  void removeExpiredFiles();
+  void reportDamagedDeadLetters();
   void syncFiles();
 
+  const std::shared_ptr<const JXClock> clock_;
+  const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
   JXStorageReport report_;
   JXOutboxSegments segments_;
   JXOutboxQueue queue_;
   JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
+  bool hasUncheckedFiles_ = false;  ///< of an earlier process, which may have expired
 };
 
 }  // namespace jx

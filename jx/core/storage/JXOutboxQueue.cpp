@@ -6,14 +6,13 @@
 #include <cerrno>
 #include <iterator>
 
+#include "jx/core/storage/JXAge.h"
+
 namespace jx {
 namespace {
 
 using State = JXOutboxEntry::State;
 
-// 2025-01-01T00:00:00Z. A TV without a battery-backed clock starts in 1970 and gets the time later:
-// the age of a request dated before this is unknown.
-constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
 // Requests written per repair step. A calling thread may be waiting for the lock in the meantime.
 constexpr int kRepairStep = 32;
 
@@ -79,7 +78,7 @@ bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
 }
 
 void JXOutboxQueue::updateOldest(std::int64_t createdMs) {
-  if (createdMs >= kFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
+  if (createdMs >= kJXFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
 }
 
 void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
@@ -92,18 +91,18 @@ void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   finishModifiedSegments();
 }
 
-// Traverses all requests only when the oldest may have expired. A request dated in the future,
-// created before the clock was set back, does not expire.
+void JXOutboxQueue::dropExpired() {
+  dropExpired(clock_->nowMs());
+  finishModifiedSegments();
+}
+
+// Traverses all requests only when the oldest may have expired.
 void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
-  const std::int64_t maxAgeMs = bounds_.maxAge.count();
-  const auto isExpired = [&](std::int64_t createdMs) {
-    return createdMs >= kFirstPlausibleMs && createdMs < nowMs && nowMs - createdMs > maxAgeMs;
-  };
-  if (!isExpired(oldestMs_)) return;
+  if (!isExpired(oldestMs_, nowMs, bounds_.maxAge)) return;
   std::vector<std::uint64_t> expired;
   oldestMs_ = std::numeric_limits<std::int64_t>::max();
   index_.forEach([&](const JXOutboxEntry& entry) {
-    if (isExpired(entry.createdMs)) {
+    if (isExpired(entry.createdMs, nowMs, bounds_.maxAge)) {
       expired.push_back(entry.id);
     } else {
       updateOldest(entry.createdMs);

@@ -47,6 +47,8 @@ class JXOutboxQueue {
   void requeue(std::uint64_t id);
   /// Drops the requests that another process marked for purging.
   void applyPurgeMarks();
+  /// Drops the requests that exceed the maximum age.
+  void dropExpired();
   bool markDelivered(std::uint64_t id);
   void clear();
 
