@@ -39,6 +39,8 @@ class JXOutboxQueue {
   /// Adopts the requests of processes that have ended. Call it once, before anything else.
   void adopt();
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
+  /// Counts and records a request that is not added.
+  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except);
   void requeue(std::uint64_t id);
   /// Drops the requests that another process marked for purging.
@@ -70,7 +72,6 @@ class JXOutboxQueue {
     std::string body;
   };
 
-  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   bool keepInMemory(std::string_view url, std::string_view body);
   void updateOldest(std::int64_t createdMs);
   void dropOverLimits(std::int64_t nowMs);
