@@ -61,7 +61,6 @@ typedef struct jx_configuration {
   int64_t request_timeout_ms;  ///< maximum time from name resolution to the end of the response
   int64_t sync_delay_ms;       ///< maximum time until a write is durable
   int64_t user_agent_wait_ms;  ///< see `jx_wait_for_user_agent`
-  int64_t start_hold_ms;  ///< delay at the start before requests of an earlier process are sent
   /// Receives the outcome of each request; may be null.
   jx_delivery_callback on_delivery;
   void* on_delivery_context;  ///< passed to `on_delivery`

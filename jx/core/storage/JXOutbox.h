@@ -13,6 +13,7 @@
 
 #include "jx/core/JXOutboxBounds.h"
 #include "jx/core/storage/JXDeadLetters.h"
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXOutboxQueue.h"
 #include "jx/core/storage/JXOutboxSegments.h"
 #include "jx/core/storage/JXStorageReport.h"
@@ -32,8 +33,9 @@ class JXOutbox {
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
+  /// `erasures` reports when the folder is erased; null if it never is.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
-           std::shared_ptr<const JXClock> clock);
+           std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr);
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
@@ -43,14 +45,24 @@ class JXOutbox {
   /// is kept in memory, evicting the oldest ones there. Returns its ID; nullopt when the request
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
-  /// 2025 (the clock was not set yet) or in the future has no age and does not expire.
-  std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
+  /// 2025 (the clock was not set yet) or in the future has no age and does not expire. A request
+  /// that was begun before an erase is not added (purged, nullopt); see JXErasureScope.
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
+    return add(url, body, JXRequestOrigin(), false);
+  }
+  /// Same, with the origin that is stored with the request. `awaitsDecision` is true when its
+  /// ServerSide has not been enabled since it started disabled.
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
+                                   const JXRequestOrigin& origin, bool awaitsDecision);
 
-  /// Marks the oldest request that is neither in flight nor in `except` as in flight and returns
-  /// it; nullopt when there is none. A request that can no longer be read is counted as a storage
-  /// error and skipped. A request in flight may be dropped by the limits; acknowledging it is then
-  /// ignored.
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
+  /// Marks the oldest request that is neither in flight nor in `except`, and that `filter` allows,
+  /// as in flight and returns it; nullopt when there is none. A request that can no longer be read
+  /// is counted as a storage error and skipped. A request in flight may be dropped by the limits;
+  /// acknowledging it is then ignored.
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {},
+                                      const JXSendFilter& filter = {});
+  /// Returns the largest number of stops stored with a queued request of this source.
+  std::uint16_t mostStops(std::uint32_t source);
   /// Returns a request in flight to the queue, at its original position. Ignores any other ID.
   void requeue(std::uint64_t id);
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
@@ -62,6 +74,11 @@ class JXOutbox {
   /// Deletes all requests, including those in flight, the dead letters and the quarantined files.
   /// Requests of other running processes stay.
   void purge();
+
+  /// Drops, as `purge` does, all requests that were added before the last erase. The other
+  /// operations do the same first; `add`, `take` and `sync` also notice an erase by another
+  /// process.
+  void applyErasures();
 
   /// Makes requests appended since the last call durable and retries failed operations: writes
   /// requests kept in memory, deletes files without unacknowledged requests, and rewrites requests
@@ -85,6 +102,8 @@ class JXOutbox {
   auto locked(Work work);
   template <typename Work>
   auto lockedWithoutExceptions(Work work) noexcept;
+  void checkErasures();
+  void dropErased();
   void reportError(const char* action, int error);
   void moveRejectedToDeadLetters();
   void removeExpiredFiles();
@@ -97,6 +116,8 @@ class JXOutbox {
   JXStorageReport report_;
   JXOutboxSegments segments_;
   JXOutboxQueue queue_;
+  const std::shared_ptr<JXErasures> erasures_;
+  std::uint64_t seenErasures_ = 0;  ///< the count at which the queued requests were added
   JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
   bool hasUncheckedFiles_ = false;  ///< of an earlier process, which may have expired
 };
