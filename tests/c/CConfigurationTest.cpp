@@ -48,6 +48,7 @@ TEST(CConfiguration, HasTheDefaultsOfCpp) {
   const jx_configuration c = defaultConfiguration();
   EXPECT_EQ(c.struct_size, sizeof c);
   EXPECT_EQ(c.storage_folder, nullptr);
+  EXPECT_FALSE(c.stores_only_with_consent);
   EXPECT_EQ(c.proxy, nullptr);
   EXPECT_EQ(c.log_level, 3);
   EXPECT_EQ(c.max_requests, 10'000u);
@@ -72,6 +73,7 @@ TEST(CConfiguration, AppliesEveryField) {
   const char* const keys[] = {"first", nullptr};
   jx_configuration c = isolated();
   c.storage_folder = "folder";
+  c.stores_only_with_consent = true;
   c.collection_host = "collect.example.com";
   c.ca_file = "ca.pem";
   c.pinned_public_keys = keys;
@@ -103,6 +105,7 @@ TEST(CConfiguration, AppliesEveryField) {
 
   const JXCoreConfiguration now = JXCoreConfiguration::current();
   EXPECT_EQ(now.storageFolder, JXString("folder"));
+  EXPECT_TRUE(now.storesOnlyWithConsent);
   EXPECT_EQ(now.collectionHost, JXString("collect.example.com"));
   EXPECT_EQ(now.caFile, JXString("ca.pem"));
   EXPECT_EQ(now.pinnedPublicKeys, (std::vector<std::string>{"first", ""}));

@@ -169,6 +169,7 @@ class JXCurlTransport::Implementation {
     }
     active_.clear();
     ready_.clear();
+    sockets_.forgetClosed();
   }
 
   void suspend() noexcept { sockets_.shut(); }
@@ -299,6 +300,7 @@ class JXCurlTransport::Implementation {
 
   void finish(Exchange& exchange, CURLcode code) {
     curl_multi_remove_handle(multi_, exchange.easy);
+    if (code != CURLE_OK) sockets_.forgetClosed();
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <sys/types.h>
-
 #include <atomic>
 #include <mutex>
 #include <vector>
@@ -14,10 +12,18 @@ namespace jx {
 /// thread. Thread-safe.
 class JXSocketGate {
  public:
-  /// Opens a socket, as `socket` does. Returns -1 on failure and while the gate is closed.
+  JXSocketGate() = default;
+  ~JXSocketGate();
+  JXSocketGate(const JXSocketGate&) = delete;
+  JXSocketGate& operator=(const JXSocketGate&) = delete;
+
+  /// Opens a socket, as `socket` does. Returns -1 on failure and while the gate is shut.
   int open(int family, int type, int protocol) noexcept;
   /// Closes a socket that `open` returned.
   void close(int socket) noexcept;
+  /// Forgets the sockets that were closed without `close`: libcurl does that if a connection was
+  /// not established. Call it on the thread that uses the sockets.
+  void forgetClosed() noexcept;
 
   /// From its return until `reopen`, nothing can be written to a socket of the gate, and what the
   /// system has not sent yet is discarded when the socket is closed. Waits for a write that another
@@ -29,10 +35,13 @@ class JXSocketGate {
  private:
   struct Socket {
     int descriptor;
-    ino_t inode;
+    /// The same socket: whoever closes `descriptor`, this one cannot become that of another file.
+    int duplicate;
   };
+  template <class Predicate>
+  void forgetIf(Predicate predicate) noexcept;
 
-  std::mutex mutex_;  ///< also prevents that a descriptor is closed and reused while it is shut
+  std::mutex mutex_;
   std::atomic<bool> isShut_{false};
   std::vector<Socket> sockets_;
 };
