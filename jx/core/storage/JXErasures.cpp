@@ -42,10 +42,6 @@ std::string newToken() {
   return token;
 }
 
-void log(const std::string& message, int level) {
-  JXLogger::sharedInstance().logMessage_withLevel(message, level);
-}
-
 }  // namespace
 
 JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
@@ -56,7 +52,8 @@ JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
   adopt(mark.token);
   if (!mark.pending) return;
   const std::vector<std::string> left = finish();
-  log("Interrupted erase of the stored data resumed: " + folder_, 5);
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Interrupted erase of the stored data resumed: " + folder_, 5);
   logFailure(left);
 }
 
@@ -105,7 +102,8 @@ std::uint64_t JXErasures::check() {
   const Mark mark = readMark();
   if (mark.token.empty() || mark.token == token_) return count();
   adopt(mark.token);
-  log("Stored data erased by another process; queued requests dropped, identifiers replaced: " +
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Stored data erased by another process; queued requests dropped, identifiers replaced: " +
           folder_,
       5);
   if (mark.pending) {
@@ -120,7 +118,8 @@ std::uint64_t JXErasures::check() {
 
 void JXErasures::logFailure(const std::vector<std::string>& left) const {
   if (left.empty()) return;
-  log("Stored data not erased completely: " + left.front() +
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Stored data not erased completely: " + left.front() +
           "; number of failures: " + std::to_string(left.size()),
       3);
 }
