@@ -107,9 +107,10 @@ std::vector<std::string> JXCoreServices::eraseStoredData() {
 }
 
 std::vector<std::string> JXCoreServices::erase() {
-  std::vector<std::string> left = erasures_->erase();
+  std::vector<std::string> left = erasures_->begin();
   if (defaultsFile_) defaultsFile_->applyErasures();
   JXNetworkManager::sharedInstance().applyErasures();
+  erasures_->complete(left);
   return left;
 }
 
