@@ -67,6 +67,7 @@ class JXCoreServices {
  private:
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
+  void removeExpiredQuarantinedDefaults();
   std::vector<std::string> erase();
   /// Returns the operation that requests, stores and announces the user agent; see JXTransferSetup.
   std::function<void(std::function<void()>)> userAgentRequest();
@@ -80,6 +81,7 @@ class JXCoreServices {
   std::unique_ptr<JXDefaultsFile> defaultsFile_;
   JXPlatformDefaults* userDefaults_ = nullptr;
   std::atomic<bool> maintenanceIsDue_{false};
+  bool quarantineIsChecked_ = false;  ///< used on the transfer thread only
   std::once_flag started_;
 };
 

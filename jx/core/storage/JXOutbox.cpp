@@ -42,13 +42,18 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures)
-    : report_("outbox " + folder, folderOf(folder)),
+    : clock_(std::move(clock)),
+      maxAge_(bounds.maxAge),
+      report_("outbox " + folder, folderOf(folder)),
       segments_(folder, report_, erasures.get()),
-      queue_(segments_, report_, bounds, std::move(clock)),
+      queue_(segments_, report_, bounds, clock_),
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
-      dead_(folder, bounds.maxDeadLetters) {
-  lockedWithoutExceptions([&] { queue_.adopt(); });
+      dead_(folder, bounds.maxDeadLetters, bounds.maxAge) {
+  lockedWithoutExceptions([&] {
+    hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
+    queue_.adopt();
+  });
 }
 
 JXOutbox::~JXOutbox() {
@@ -61,22 +66,28 @@ JXOutbox::~JXOutbox() {
   });
 }
 
-std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body) {
+std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
+                                           const JXRequestOrigin& origin, bool awaitsDecision) {
   return lockedWithoutExceptions([&]() -> std::optional<std::uint64_t> {
     const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
     dropErased();
     if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
-    const std::optional<std::uint64_t> id = queue_.add(url, body);
+    const std::optional<std::uint64_t> id = queue_.add(url, body, origin, awaitsDecision);
     dropErased();  // an erase may have missed a segment that was created
     return id;
   });
 }
 
-std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except) {
+std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except,
+                                              const JXSendFilter& filter) {
   return lockedWithoutExceptions([&] {
     checkErasures();
-    return queue_.take(except);
+    return queue_.take(except, filter);
   });
+}
+
+std::uint16_t JXOutbox::mostStops(std::uint32_t source) {
+  return lockedWithoutExceptions([&] { return queue_.mostStops(source); });
 }
 
 void JXOutbox::requeue(std::uint64_t id) {
@@ -129,6 +140,7 @@ void JXOutbox::sync() {
     locked([&] {
       checkErasures();
       queue_.applyPurgeMarks();
+      queue_.dropExpired();
       segments_.detectDeletedSegments();
       segments_.retry();
     });
@@ -140,6 +152,7 @@ void JXOutbox::sync() {
     })) {
     }
     moveRejectedToDeadLetters();
+    if (locked([&] { return hasUncheckedFiles_; })) removeExpiredFiles();
     syncFiles();
   });
 }
@@ -153,13 +166,13 @@ void JXOutbox::moveRejectedToDeadLetters() {
     return queue_.nextRejected();
   };
   while (const auto rejected = locked(next)) {
-    const int error = dead_.append(rejected->request, rejected->status);
+    const int error = dead_.append(rejected->request, rejected->status, clock_->nowMs());
     const bool wasErased = locked([&] {
       checkErasures();
       return seenErasures_ != erasures;
     });
     if (wasErased) reportError("delete the dead letters", dead_.clear());
-    if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
+    reportDamagedDeadLetters();
     if (error != 0) {
       // With EWOULDBLOCK another process is writing the file; `sync` retries.
       if (error != EWOULDBLOCK) reportError("store a dead letter", error);
@@ -167,6 +180,22 @@ void JXOutbox::moveRejectedToDeadLetters() {
     }
     locked([&] { queue_.acknowledgeRejected(rejected->request.id); });
   }
+}
+
+void JXOutbox::removeExpiredFiles() {
+  const std::int64_t nowMs = clock_->nowMs();
+  const int error = dead_.removeExpired(nowMs);
+  reportDamagedDeadLetters();
+  // Another process is writing the file; the next `sync` tries again.
+  if (error == EWOULDBLOCK) return;
+  reportError("delete expired dead letters", error);
+  reportError("delete expired quarantined files",
+              removeExpiredQuarantinedFiles(segments_.folder(), nowMs, maxAge_));
+  locked([&] { hasUncheckedFiles_ = false; });
+}
+
+void JXOutbox::reportDamagedDeadLetters() {
+  if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
 }
 
 void JXOutbox::reportError(const char* action, int error) {
@@ -193,7 +222,8 @@ void JXOutbox::syncFiles() {
 
 bool JXOutbox::needsSync() const {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() || dead_.needsSync();
+  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
+         hasUncheckedFiles_ || dead_.needsSync();
 }
 
 void JXOutbox::rememberDropped() {

@@ -12,6 +12,7 @@ namespace jx {
 struct QueueOptions {
   std::string verb;  ///< "status", "list", "dead" or "purge"
   std::filesystem::path stateFolder;
+  bool json = false;  ///< print the whole requests; for "list" and "dead"
   bool all = false;  ///< purge everything that is stored, not only the queue
 };
 
