@@ -129,9 +129,10 @@ std::vector<std::string> JXCoreServices::eraseStoredData() {
 }
 
 std::vector<std::string> JXCoreServices::erase() {
-  std::vector<std::string> left = erasures_->erase();
+  std::vector<std::string> left = erasures_->begin();
   if (JXDefaultsFile* const file = defaultsFile_) file->applyErasures();
   JXNetworkManager::sharedInstance().applyErasures();
+  erasures_->complete(left);
   return left;
 }
 

@@ -42,10 +42,6 @@ std::string newToken() {
   return token;
 }
 
-void log(const std::string& message, int level) {
-  JXLogger::sharedInstance().logMessage_withLevel(message, level);
-}
-
 }  // namespace
 
 JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
@@ -56,17 +52,25 @@ JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
   adopt(mark.token);
   if (!mark.pending) return;
   const std::vector<std::string> left = finish();
-  log("Interrupted erase of the stored data resumed: " + folder_, 5);
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Interrupted erase of the stored data resumed: " + folder_, 5);
   logFailure(left);
 }
 
 std::vector<std::string> JXErasures::erase() {
+  std::vector<std::string> left = begin();
+  complete(left);
+  return left;
+}
+
+std::vector<std::string> JXErasures::begin() {
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   token_ = newToken();
   // On a full disk this fails, but the second mark is written after the files are deleted.
   if (!folder_.empty()) writeMark({true, token_});
-  std::vector<std::string> left = finish();
+  std::vector<std::string> left;
+  removeAll(left);
   ++count_;
   return left;
 }
@@ -75,26 +79,39 @@ void JXErasures::adopt(const std::string& token) {
   token_ = token == kDamaged ? newToken() : token;
 }
 
-// Deletes everything and completes the mark.
+void JXErasures::complete(std::vector<std::string>& left) {
+  const JXLogDeferral deferral;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  completeMark(left);
+}
+
 std::vector<std::string> JXErasures::finish() {
   std::vector<std::string> left;
+  removeAll(left);
+  completeMark(left);
+  return left;
+}
+
+void JXErasures::removeAll(std::vector<std::string>& left) {
   if (defaults_ != nullptr) {
     for (const std::string_view key : kJXStoredKeys)
       defaults_->setObject_forKey(nullptr, key);
     defaults_->synchronize();
   }
-  if (folder_.empty()) return left;
-  removeStoredFiles(folder_, left);
+  if (!folder_.empty()) removeStoredFiles(folder_, left);
+}
+
+void JXErasures::completeMark(std::vector<std::string>& left) {
+  if (folder_.empty()) return;
   const Mark current = readMark();
   // Another process began an erase in the meantime; it completes the mark.
   const bool isAnother = current.token != token_ && current.token != kDamaged;
-  if (current.pending && isAnother) return left;
+  if (current.pending && isAnother) return;
   const int error = writeMark({false, token_});
   if (error != 0) {
     addLeft(path_, error, left);
     left.back() += "; another process that uses the folder may write its values again";
   }
-  return left;
 }
 
 std::uint64_t JXErasures::check() {
@@ -105,7 +122,8 @@ std::uint64_t JXErasures::check() {
   const Mark mark = readMark();
   if (mark.token.empty() || mark.token == token_) return count();
   adopt(mark.token);
-  log("Stored data erased by another process; queued requests dropped, identifiers replaced: " +
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Stored data erased by another process; queued requests dropped, identifiers replaced: " +
           folder_,
       5);
   if (mark.pending) {
@@ -120,7 +138,8 @@ std::uint64_t JXErasures::check() {
 
 void JXErasures::logFailure(const std::vector<std::string>& left) const {
   if (left.empty()) return;
-  log("Stored data not erased completely: " + left.front() +
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Stored data not erased completely: " + left.front() +
           "; number of failures: " + std::to_string(left.size()),
       3);
 }

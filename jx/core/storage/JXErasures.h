@@ -36,6 +36,10 @@ class JXErasures {
   /// Deletes the files and the values, and returns one line for each that could not be deleted,
   /// with the reason. Continues after failures. Blocks on disk I/O.
   std::vector<std::string> erase();
+  /// The two steps of `erase`, for a process that uses the folder: it closes the deleted files in
+  /// between. On a full disk, the mark cannot be written before that.
+  std::vector<std::string> begin();
+  void complete(std::vector<std::string>& left);
   /// Notices an erase by another process, and finishes it if that process has not; returns `count`.
   /// Costs one system call; waits for an erase that another thread is running. A file that is
   /// created before the call, and found to be current by it, is not missed by an erase.
@@ -53,6 +57,8 @@ class JXErasures {
   int replaceMark(const Mark& mark) const;
   void adopt(const std::string& token);
   std::vector<std::string> finish();
+  void removeAll(std::vector<std::string>& left);
+  void completeMark(std::vector<std::string>& left);
   void logFailure(const std::vector<std::string>& left) const;
 
   const std::string folder_;
