@@ -27,5 +27,7 @@ int threads(Arguments& arguments);
 /// Stops and enables delivery repeatedly while events are sent. After a stop has returned, nothing
 /// is written to a socket.
 int stops(Arguments& arguments);
+/// Toggles consent from many threads. Afterwards the state of the ServerSide decides what is sent.
+int toggles(Arguments& arguments);
 
 }  // namespace jx::soak
