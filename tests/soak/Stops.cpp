@@ -63,11 +63,13 @@ class Stops {
     side_.startLoad(kExecuting);
     for (std::uint64_t i = 0; i < options_.count; ++i) {
       awaitSending();
+      const std::uint64_t before = socketwrites::counts().lateCalls;
       way_();
       marks_ += side_.hasMark() ? 1 : 0;
       socketwrites::waitForSyncsInProgress();
       std::this_thread::sleep_for(kQuietTime);
       socketwrites::allow();
+      broken_ += socketwrites::counts().lateCalls == before ? 0 : 1;
       side_.serverSide().enableServerSide();
     }
     side_.endLoad();
@@ -160,6 +162,7 @@ class Stops {
   LoadedSide side_;
   const std::function<void()> way_;
   std::uint64_t marks_ = 0;
+  std::uint64_t broken_ = 0;  ///< stops that were followed by writes
   bool isEmpty_ = false;
 };
 
