@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <thread>
 
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/storage/JXFrame.h"
@@ -128,6 +129,15 @@ std::vector<std::string> ConsentScenario::marks() const {
     if (name.rfind("stopped-", 0) == 0) found.push_back(file.path().string());
   }
   return found;
+}
+
+bool ConsentScenario::waitForMarks(std::size_t count) const {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (marks().size() != count) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return true;
 }
 
 std::string describe(const Events& events) {

@@ -53,6 +53,8 @@ class ConsentScenario : public ::testing::Test {
 
   /// Returns the files in the outbox whose names begin with "stopped-".
   std::vector<std::string> marks() const;
+  /// Waits until there are this many marks: a process writes and removes them on a thread.
+  bool waitForMarks(std::size_t count) const;
   std::string state() const { return folder.path("state"); }
 
   TemporaryFolder folder;

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 
 // The first decision of a process: which requests of earlier processes it sends. The tests print
-// the rows of a table in Markdown, in the order of their parameters.
+// the rows of a Markdown table; to print all of it:
+//
+//   jx_tests_consent --gtest_filter='*StartTable*' | grep '^|'
 
 #include <cstdio>
 #include <fstream>
@@ -59,6 +61,12 @@ Events difference(const Events& some, const Events& others) {
 class StartTable : public ConsentScenario,
                    public ::testing::WithParamInterface<std::tuple<Start, Mark, Queue>> {
  protected:
+  static void SetUpTestSuite() {
+    std::puts(
+        "| default behaviour | mark of a stop | queued | sent at the start | after execute | "
+        "after enableServerSide | after disableServerSide |\n|---|---|---|---|---|---|---|");
+  }
+
   Start start() const { return std::get<0>(GetParam()); }
   Mark mark() const { return std::get<1>(GetParam()); }
   Queue queue() const { return std::get<2>(GetParam()); }
