@@ -31,8 +31,8 @@ std::string oldRequest(const std::string& url, const std::string& body) {
 }
 
 std::string oldBody(const std::string& event, const std::string& user) {
-  return R"({"context":{"event_id":")" + event + R"("},"event_name":")" + event + R"(","user":)" +
-         user + "}";
+  return "{\n  \"context\": {\n    \"event_id\": \"" + event + "\"\n  },\n  \"event_name\": \"" +
+         event + "\",\n  \"user\": " + user + "\n}";
 }
 
 }  // namespace
@@ -72,9 +72,9 @@ void ConsentScenario::leaveFromOldVersion(const Events& events, const Events& wa
   const std::string url = server.url("/events?jx_s=1&token=" + key);
   std::string file(kJXJournalMagic);
   for (const std::string& event : events)
-    file += oldRequest(url, oldBody(event, R"({"anonymous_id":"a"})"));
+    file += oldRequest(url, oldBody(event, "{\n    \"anonymous_id\": \"a\"\n  }"));
   for (const std::string& event : waiting)
-    file += oldRequest(url, oldBody(event, R"("waiting_for_consent")"));
+    file += oldRequest(url, oldBody(event, "\"waiting_for_consent\""));
   folder.write("state/outbox/segment-0000000000000001", file);
 }
 

@@ -126,7 +126,7 @@ TEST_F(Stop, HoldsInThisProcessOnAReadOnlyDisk) {
   EXPECT_EQ(takeArrived(), Events());
   const std::string log = life.end();
   std::size_t messages = 0;
-  for (std::size_t at = 0; (at = log.find("stopped-", at)) != std::string::npos; ++at)
+  for (std::size_t at = 0; (at = log.find("Cannot record the stop", at)) != std::string::npos; ++at)
     ++messages;
   EXPECT_EQ(messages, 1u) << log;
 }
