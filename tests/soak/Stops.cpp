@@ -119,6 +119,7 @@ class Stops {
     const std::map<std::string, std::function<void()>> ways{
         {"call", [this] { stop(); }},
         {"notification", [this] { stop(); }},
+        {"manager", [this] { stop(); }},
         {"thread", [this] { std::thread([this] { stop(); }).join(); }},
         {"callback",
          [this] {
@@ -128,7 +129,7 @@ class Stops {
     };
     const auto found = ways.find(name);
     if (found != ways.end()) return found->second;
-    throw std::invalid_argument("--way must be call, notification, thread or callback");
+    throw std::invalid_argument("--way must be call, notification, manager, thread or callback");
   }
 
   // Waits for writes that follow the last enabling: the server is being written to again.
@@ -142,6 +143,8 @@ class Stops {
     if (options_.way == "notification") {
       JXNotificationCenter::defaultCenter()->postNotification(
           {kJXNotification_StoppingTheServerSide});
+    } else if (options_.way == "manager") {
+      JXNetworkManager::sharedInstance().changingSDKBehaviour(false);
     } else {
       side_.serverSide().disableServerSide();
     }

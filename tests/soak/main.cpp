@@ -11,7 +11,7 @@
 //   jx_soak exit    [--times 100] [--assert-times]
 //   jx_soak threads [--seconds 60]
 //   jx_soak stops   [--count 2000] [--tls] [--slow-disk] [--slow-send]
-//                   [--way call|notification|thread|callback]
+//                   [--way call|notification|manager|thread|callback]
 //   jx_soak toggles [--rounds 500] [--count 500]
 //
 // Prints one result per line. Exit status: 0 if all checks passed, 1 if one failed, 2 for invalid
