@@ -98,7 +98,8 @@ class Stops {
                    "the writes of libcurl were counted");
     report.promise(counts.lateBytes == 0, std::to_string(counts.lateBytes) +
                                               " bytes written after a return, in " +
-                                              std::to_string(counts.lateCalls) + " calls");
+                                              std::to_string(counts.lateCalls) + " calls after " +
+                                              std::to_string(broken_) + " stops");
     report.promise(isEmpty_ && received == posted, std::to_string(received) + " of " +
                                                        std::to_string(posted) +
                                                        " events received after the last enabling");
