@@ -19,8 +19,8 @@ set(CPACK_COMPONENTS_ALL jxserverside_runtime jxserverside_development jxservers
 set(CPACK_DEBIAN_JXSERVERSIDE_RUNTIME_DESCRIPTION "Event-collection SDK for TV \
 applications, shared library. Each event is stored on disk before the call returns and is sent \
 over HTTPS when the network is available.")
-set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_DESCRIPTION "Headers, the static library, and the \
-CMake and pkg-config files.")
+set(CPACK_DEBIAN_JXSERVERSIDE_DEVELOPMENT_DESCRIPTION "Headers, the static library, the \
+privacy manifest for Apple systems, and the CMake and pkg-config files.")
 set(CPACK_DEBIAN_JXSERVERSIDE_TOOLS_DESCRIPTION "The program jx. It replays recorded sessions and \
 runs a local collector with a web UI.")
 

@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: Apache-2.0
 
 # `cmake --install` has three components: jxserverside_runtime (the shared library),
-# jxserverside_development (the public headers, the static library, and the CMake and pkg-config
-# files) and jxserverside_tools (the program jx). With add_subdirectory, nothing of this project is
-# installed unless JX_INSTALL is on.
+# jxserverside_development (the public headers, the static library, the privacy manifest for Apple
+# systems, and the CMake and pkg-config files) and jxserverside_tools (the program jx). With
+# add_subdirectory, nothing of this project is installed unless JX_INSTALL is on.
 option(JX_INSTALL "Generate install rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT JX_INSTALL)
   return()
@@ -34,6 +34,9 @@ foreach(header ${public_headers})
 endforeach()
 install(FILES ${PROJECT_SOURCE_DIR}/jx/c/module.modulemap ${development}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/jx/c)
+# Applications for Apple systems include the privacy manifest (docs/tvos.md).
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/apple/PrivacyInfo.xcprivacy ${development}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/jxserverside)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/NOTICE ${development}
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 

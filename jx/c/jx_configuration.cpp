@@ -59,7 +59,6 @@ void copyNumbers(const Copy& copy, C& c, Cpp& cpp) {
   copy(c.request_timeout_ms, timings.requestTimeout);
   copy(c.sync_delay_ms, timings.syncDelay);
   copy(c.user_agent_wait_ms, timings.userAgentWait);
-  copy(c.start_hold_ms, timings.startHold);
 }
 
 jx_configuration defaults() {

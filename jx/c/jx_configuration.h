@@ -50,7 +50,7 @@ typedef struct jx_configuration {
   // Limits of the queue; the oldest requests are dropped first. 0 is a limit, not the default.
   uint64_t max_requests;      ///< maximum number of queued requests
   uint64_t max_bytes;         ///< maximum total size of their bodies and URLs
-  int64_t max_age_ms;         ///< older requests are dropped
+  int64_t max_age_ms;         ///< older requests and dead letters are deleted
   uint64_t max_dead_letters;  ///< maximum number of rejected requests that are kept
   uint64_t max_in_memory;     ///< maximum number of requests kept in memory while writes fail
   // Retries and timeouts.
@@ -61,7 +61,6 @@ typedef struct jx_configuration {
   int64_t request_timeout_ms;  ///< maximum time from name resolution to the end of the response
   int64_t sync_delay_ms;       ///< maximum time until a write is durable
   int64_t user_agent_wait_ms;  ///< see `jx_wait_for_user_agent`
-  int64_t start_hold_ms;  ///< delay at the start before requests of an earlier process are sent
   /// Receives the outcome of each request; may be null.
   jx_delivery_callback on_delivery;
   void* on_delivery_context;  ///< passed to `on_delivery`

@@ -16,6 +16,7 @@
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
+#include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
 #include "jx/core/transfer/JXTransferLoop.h"
@@ -124,6 +125,13 @@ std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {
   };
 }
 
+// Runs once, on the transfer thread. The outbox removes the quarantined files of its own folder.
+void JXCoreServices::removeExpiredQuarantinedDefaults() {
+  if (!defaultsFile_ || std::exchange(quarantineIsChecked_, true)) return;
+  removeExpiredQuarantinedFiles(storageFolder_.toStdString(), clock_->nowMs(),
+                                configuration_.outboxBounds.maxAge);
+}
+
 void JXCoreServices::startTransfer() {
   for (const std::string& pin : configuration_.pinnedPublicKeys) {
     if (isPublicKeyPin(pin)) continue;
@@ -134,6 +142,7 @@ void JXCoreServices::startTransfer() {
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
   setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_);
+  setup.stopMarks = std::make_shared<JXStopMarks>(folder);
   setup.clock = clock_;
   setup.timings = configuration_.retryTimings;
   setup.caFile = configuration_.caFile;
@@ -145,6 +154,7 @@ void JXCoreServices::startTransfer() {
     // Cleared before the work, so that a change made during the work requests another run.
     maintenanceIsDue_ = false;
     if (defaultsFile_) defaultsFile_->maintain();
+    removeExpiredQuarantinedDefaults();
   };
   setup.beforeConnecting = [] { JXNetwork::sharedInstance().refresh(); };
   setup.requestUserAgent = userAgentRequest();

@@ -57,6 +57,7 @@ class JXCoreServices {
  private:
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
+  void removeExpiredQuarantinedDefaults();
   /// Returns the operation that requests, stores and announces the user agent; see JXTransferSetup.
   std::function<void(std::function<void()>)> userAgentRequest();
 
@@ -68,6 +69,7 @@ class JXCoreServices {
   std::unique_ptr<JXDefaultsFile> defaultsFile_;
   JXPlatformDefaults* userDefaults_ = nullptr;
   std::atomic<bool> maintenanceIsDue_{false};
+  bool quarantineIsChecked_ = false;  ///< used on the transfer thread only
   std::once_flag started_;
 };
 

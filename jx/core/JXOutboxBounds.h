@@ -17,8 +17,8 @@ struct JX_API JXOutboxBounds {
   /// Maximum size of the queue in bytes: the sum of the bodies and URLs of all requests. The oldest
   /// requests are dropped; a request that exceeds the limit alone is not queued. Default: 32 MiB.
   std::uint64_t maxBytes = 32u * 1024 * 1024;
-  /// Maximum age of a queued request in milliseconds; older requests are dropped. A request created
-  /// before 2025 (clock not set yet) or in the future has no age. Default: 30 days.
+  /// Maximum age of a queued request, a dead letter or a quarantined file, in milliseconds. Data
+  /// created before 2025 (clock not set yet) or in the future has no age. Default: 30 days.
   std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
   /// Maximum number of dead letters, which are requests that the server rejected; the oldest are
   /// deleted. Default: 1,000. 0 keeps none.

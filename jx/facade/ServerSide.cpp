@@ -12,6 +12,7 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
+#include "jx/core/notifications/JXPostScope.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
@@ -103,7 +104,7 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
   setUrl(JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
          "/events?jx_s=" + site + "&token=" + sourceKey.toStdString());
   setPermanentStore(JXDynamicStore::init());
-  setInitialState();
+  JXNetworkManager::sharedInstance().serverSideStarted(this, url().view(), setInitialState());
   const std::shared_ptr<JXEventSender> sender = JXEventSender::init();
   sender->setParent(this);
   setSenderDelegate(sender);
@@ -118,25 +119,25 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
   siteID_ = siteID;
 }
 
-void ServerSide::setInitialState() {
-  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+JXStartState ServerSide::setInitialState() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_DISABLED_BY_DEFAULT) {
     serverSideState_ = EJXServerSideState_DISABLED;
-    manager.setManagerState(2);
-    manager.changingSDKBehaviour(false);
     log("Starting Server-Side SDK as 'Disabled by default'", 5);
-  } else if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) {
+    return JXStartState::Disabled;
+  }
+  if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) {
     serverSideState_ = EJXServerSideState_ENABLED;
-    manager.setManagerState(1);
-    manager.changingSDKBehaviour(true);
     log("Starting Server-Side SDK as 'Always Enabled'", 5);
-  } else if (JXClassRegistry::sharedInstance().hasClass(kConsentModule)) {
+    return JXStartState::AlwaysEnabled;
+  }
+  if (JXClassRegistry::sharedInstance().hasClass(kConsentModule)) {
     log("Starting Server-Side SDK and waiting for consent", 5);
     serverSideState_ = EJXServerSideState_WAITING_FOR_CONSENT;
-  } else {
-    log("Starting Server-Side SDK", 5);
-    serverSideState_ = EJXServerSideState_ENABLED;
+    return JXStartState::WaitingForConsent;
   }
+  log("Starting Server-Side SDK", 5);
+  serverSideState_ = EJXServerSideState_ENABLED;
+  return JXStartState::Enabled;
 }
 
 ServerSide::~ServerSide() {
@@ -144,6 +145,18 @@ ServerSide::~ServerSide() {
   // The application may keep either of them longer than this object.
   if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
   if (senderDelegate_) senderDelegate_->setParent(nullptr);
+  JXNetworkManager::sharedInstance().serverSideEnded(this);
+}
+
+void ServerSide::setDefaultBehaviour(std::int32_t value) {
+  defaultBehaviour_ = value;
+  JXNetworkManager::sharedInstance().setAlwaysEnabled(this,
+                                                      value == EJXDefaultBehaviour_ALWAYS_ENABLED);
+}
+
+void ServerSide::setUrl(const JXString& value) {
+  write(url_, value);
+  JXNetworkManager::sharedInstance().serverSideMoved(this, value.view());
 }
 
 void ServerSide::setListenerDelegate(std::shared_ptr<JXEventListener> value) {
@@ -271,12 +284,25 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
   if (notification.name.view() == kJXNotification_StoppingTheServerSide) {
     // Checked here too, because the notification may come from another sender.
     if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
-    serverSideState_ = EJXServerSideState_DISABLED;
-    log("Server-Side SDK is now deactivated", 5);
+    if (applyDecision(notification, EJXServerSideState_DISABLED)) {
+      log("Server-Side SDK is now deactivated", 5);
+    }
   } else if (notification.name.view() == kJXNotification_EnablingTheServerSide) {
-    serverSideState_ = EJXServerSideState_ENABLED;
-    log("Server-Side SDK is now activated", 5);
+    if (applyDecision(notification, EJXServerSideState_ENABLED)) {
+      log("Server-Side SDK is now activated", 5);
+    }
   }
+}
+
+// Ignores a decision that another thread's later one has overtaken on the way from the network
+// manager, so that both end in the same state.
+bool ServerSide::applyDecision(const JXNotification& notification, std::int32_t state) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const std::uint64_t decision = JXPostScope::decisionOf(notification);
+  if (decision != 0 && decision < lastDecision_) return false;
+  if (decision != 0) lastDecision_ = decision;
+  serverSideState_ = state;
+  return true;
 }
 
 void ServerSide::setDeveloperIdForFirebaseInstance() {

@@ -19,6 +19,8 @@
 
 namespace jx {
 
+enum class JXStartState;
+
 /// Specifies whether events are sent.
 enum EJXServerSideState : std::int32_t {
   EJXServerSideState_WAITING_FOR_CONSENT = 0,  ///< sent, with a marker instead of the user block
@@ -91,10 +93,13 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   void waitForUserAgent();
   /// Allows delivery while the application is in the background.
   void enableRunningInBackground();
-  /// Withdraws consent: new events are ignored; queued events stay queued and are not sent. Does
-  /// nothing for an object that is always enabled.
+  /// Withdraws consent, for every ServerSide that is not always enabled: new events are ignored;
+  /// queued events stay queued. When this returns, nothing of them is sent any more, in later
+  /// processes neither, until an enabling. Waits for neither network nor disk (see
+  /// JXNetworkManager::changingSDKBehaviour). Does nothing for an object that is always enabled.
   void disableServerSide();
-  /// Gives consent: new events are sent, and so are the queued events.
+  /// Gives consent, for every ServerSide: new events are sent, and so are the queued events, also
+  /// those that earlier processes left because of a stop.
   void enableServerSide();
 
   /// Reads the vendor identifier, the tracking permission and the advertising identifier, and
@@ -134,11 +139,11 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   /// Returns an EJXDefaultBehaviour. Setting it later changes only whether stop requests are
   /// ignored.
   std::int32_t defaultBehaviour() const { return defaultBehaviour_; }
-  void setDefaultBehaviour(std::int32_t value) { defaultBehaviour_ = value; }
+  void setDefaultBehaviour(std::int32_t value);
   /// Returns the URL that events are posted to, with site ID and source key. A new URL applies to
   /// subsequent events.
   JXString url() const { return read(url_); }
-  void setUrl(const JXString& value) { write(url_, value); }
+  void setUrl(const JXString& value);
   /// Returns the store of the permanent data. With a null store there is no permanent data, and
   /// values that are added are ignored.
   std::shared_ptr<JXDynamicStore> permanentStore() const { return read(permanentStore_); }
@@ -168,7 +173,8 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   void start(std::int32_t siteID, const JXString& sourceKey,
              const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
              std::shared_ptr<IJXFirebaseInstance> firebaseInstance);
-  void setInitialState();
+  JXStartState setInitialState();
+  bool applyDecision(const JXNotification& notification, std::int32_t state);
   void send(JXEvent& event, std::int32_t state);
   void mirrorToFirebase(const JXEvent& event);
 
@@ -194,6 +200,7 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   std::shared_ptr<JXEventSender> senderDelegate_;
   std::shared_ptr<JXEventListener> listenerDelegate_;
   std::shared_ptr<IJXFirebaseInstance> firebaseInstance_;
+  std::uint64_t lastDecision_ = 0;  ///< number of the stop or enabling that was applied last
 };
 
 }  // namespace jx

@@ -59,7 +59,6 @@ TEST(CConfiguration, HasTheDefaultsOfCpp) {
   EXPECT_EQ(c.request_timeout_ms, 30'000);
   EXPECT_EQ(c.sync_delay_ms, 1'000);
   EXPECT_EQ(c.user_agent_wait_ms, 10'000);
-  EXPECT_EQ(c.start_hold_ms, 1'000);
   EXPECT_FALSE(c.dry_run);
 }
 
@@ -88,7 +87,6 @@ TEST(CConfiguration, AppliesEveryField) {
   c.request_timeout_ms = 11;
   c.sync_delay_ms = 12;
   c.user_agent_wait_ms = 13;
-  c.start_hold_ms = 14;
   c.bundle_identifier = "com.example.tv";
   c.bundle_name = "Example";
   c.bundle_version = "100";
@@ -119,7 +117,6 @@ TEST(CConfiguration, AppliesEveryField) {
   EXPECT_EQ(now.retryTimings.requestTimeout, milliseconds(11));
   EXPECT_EQ(now.retryTimings.syncDelay, milliseconds(12));
   EXPECT_EQ(now.retryTimings.userAgentWait, milliseconds(13));
-  EXPECT_EQ(now.retryTimings.startHold, milliseconds(14));
   EXPECT_TRUE(now.dryRun);
   EXPECT_EQ(now.bundle.identifier, JXString("com.example.tv"));
   EXPECT_EQ(now.bundle.name, JXString("Example"));

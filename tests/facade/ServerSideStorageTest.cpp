@@ -3,7 +3,14 @@
 
 // A ServerSide with unusable or missing storage.
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
+#include <utility>
 
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/session/JXPredefinedVariableNames.h"
@@ -65,6 +72,28 @@ TEST_F(BrokenStorage, StartsNewInstallationIfVariablesFileIsInvalid) {
   EXPECT_EQ(variable(kJXPredefinedVariable_NumberVisits), JXString("1"));
   EXPECT_EQ(variable(kJXPredefinedVariable_IsFirstVisit), JXString("TRUE"));
   execute(*serverSide);
+}
+
+TEST_F(BrokenStorage, DeletesQuarantinedVariablesThatAreTooOldAfterTheStart) {
+  const std::string old = storage().write("defaults.damaged-0", "garbage");
+  const std::string young = storage().write("defaults.damaged-9", "garbage");
+  const std::string foreign = storage().write("notes", "of the application");
+  // In November 2026, 30 days and one second after the first file, 30 days after the second.
+  clock->set(1'794'000'000'000);
+  for (const auto& [path, seconds] :
+       {std::pair(old, 1'791'407'999), {young, 1'791'408'000}, {foreign, 1'791'407'999}}) {
+    const timespec times[2] = {{seconds, 0}, {seconds, 0}};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+  }
+  configuration.storageFolder = storage().path();
+  configuration.retryTimings.syncDelay = std::chrono::milliseconds(1);
+  const auto serverSide = make(2);
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (::access(old.c_str(), F_OK) == 0 && std::chrono::steady_clock::now() < deadline)
+    std::this_thread::yield();
+  EXPECT_NE(::access(old.c_str(), F_OK), 0);
+  EXPECT_EQ(::access(young.c_str(), F_OK), 0);
+  EXPECT_EQ(::access(foreign.c_str(), F_OK), 0);
 }
 
 TEST_F(BrokenStorage, KeepsEventsInMemoryAndLogsOnceWithoutFolder) {

@@ -94,7 +94,6 @@ class ServerSideTransport : public ServerSideFixture {
     configuration.transport = transport;
     configuration.retryTimings.initialBackoff = 1ms;
     configuration.retryTimings.maxBackoff = 1ms;
-    configuration.retryTimings.startHold = 0ms;
     // Co-owned, because the transfer thread may outlive the test.
     configuration.onDelivery = [all = deliveries](const JXDelivery& each) { all->add(each); };
   }

@@ -26,6 +26,8 @@ class FacadeScenario::Transport final : public JXHttpTransport {
   }
   void wakeUp() noexcept override { curl_.wakeUp(); }
   void abortAll() noexcept override { curl_.abortAll(); }
+  void suspend() noexcept override { curl_.suspend(); }
+  void resume() noexcept override { curl_.resume(); }
 
  private:
   JXCurlTransport curl_;
@@ -42,7 +44,7 @@ FacadeScenario::FacadeScenario() {
 void FacadeScenario::leaveFromEarlierProcess(const std::vector<std::string>& eventIds) const {
   JXOutbox outbox(storage().path("outbox"), JXOutboxBounds(), time.day);
   for (const std::string& id : eventIds)
-    outbox.add(server.url(), bodyOf(id));
+    outbox.add(server.url("/events?jx_s=1234&token=key"), bodyOf(id));
 }
 
 std::shared_ptr<ServerSide> FacadeScenario::startWith(std::int32_t defaultBehaviour) {

@@ -64,7 +64,6 @@ class FullDiskAtEveryCall : public ::testing::Test {
       configuration.retryTimings.initialBackoff = 1ms;
       configuration.retryTimings.maxBackoff = 4ms;
       configuration.retryTimings.syncDelay = 1ms;
-      configuration.retryTimings.startHold = 0ms;
       configuration.logLevel = 0;
       JXCoreConfiguration::set(configuration);
       serverSide = ServerSide::initWithSiteID_andSourceKey(1, "key");

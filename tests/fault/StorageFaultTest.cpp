@@ -234,7 +234,7 @@ TEST_F(BrokenDisk, LosesOnlyTheDamagedEventOfASegment) {
   {
     JXOutbox earlier(outbox, JXOutboxBounds(), clock);
     for (const char* id : {"one", "two", "three", "four", "five"})
-      earlier.add(server.url(), bodyOf(id));
+      earlier.add(server.url("/events?jx_s=1234&token=key"), bodyOf(id));
   }
   const std::string segment = outbox + "/segment-0000000000000001";
   std::string content = contentOf(segment);

@@ -38,7 +38,6 @@ StorageScenario::StorageScenario() {
   configuration.retryTimings.initialBackoff = 1ms;
   configuration.retryTimings.maxBackoff = 10ms;
   configuration.retryTimings.syncDelay = 1ms;
-  configuration.retryTimings.startHold = 0ms;
   configuration.logLevel = 3;
   server.refuse();
 }

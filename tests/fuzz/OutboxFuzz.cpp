@@ -147,11 +147,15 @@ void checkQuarantine() {
   require(count <= kJXMaxQuarantinedFiles, "the number of quarantined files is limited");
 }
 
-// Returns whether the next insert drops the request as too old: created in 2025 or later, and more
-// than thirty days ago.
+// Returns whether the request or dead letter is too old: created in 2025 or later, and more than
+// thirty days ago.
 bool isExpired(const Request& request) {
   constexpr std::int64_t kThirtyDaysMs = 2'592'000'000;
   return request.createdMs >= 1'735'689'600'000 && request.createdMs < kNowMs - kThirtyDaysMs;
+}
+
+void removeExpired(Requests& requests) {
+  requests.erase(std::remove_if(requests.begin(), requests.end(), isExpired), requests.end());
 }
 
 // Takes all requests and completes them as the input decides: delivered, rejected or requeued.
@@ -184,7 +188,7 @@ void deliver(Input input, Requests& waiting, Requests& letters) {
   require(id.has_value(), "any folder accepts a new request");
   outbox.sync();
   require(outbox.counters().storageErrors == 0, "no content causes a storage error");
-  waiting.erase(std::remove_if(waiting.begin(), waiting.end(), isExpired), waiting.end());
+  removeExpired(waiting);
   waiting.push_back({0, kNowMs, "https://host.example/events", "{}", 0});
 }
 
@@ -206,16 +210,21 @@ void check(Input input) {
   Requests letters = lettersIn(files[kDead]);
   requireSame(listed(false), waiting, "the list contains every valid request of the files");
   requireSame(listed(true), letters, "the dead letters are the valid letters of their file");
-  Requests before = letters;
+  const Requests before = letters;
   deliver(decisions, waiting, letters);
   requireSame(listed(false), waiting, "requeued and added requests are listed");
-  // A new letter contains a new number to keep, so older letters may be listed again.
   const Requests now = listed(true);
+  require(std::none_of(now.begin(), now.end(), isExpired), "no dead letter is too old");
+  // The last letter contains the number to keep: without it, others are listed.
+  const bool lastStays = letters.empty() || !isExpired(letters.back());
+  const bool isSame =
+      letters.size() == before.size() && std::none_of(before.begin(), before.end(), isExpired);
+  removeExpired(letters);
+  // A new letter contains a new number to keep, so older letters may be listed again.
   const bool isLast =
       now.size() >= letters.size() && std::equal(letters.rbegin(), letters.rend(), now.rbegin());
-  require(isLast, "rejected requests are the last dead letters");
-  require(letters.size() != before.size() || now == before,
-          "only rejected requests change the dead letters");
+  require(!lastStays || isLast, "rejected requests are the last dead letters");
+  require(!isSame || now == before, "only rejected and expired requests change the dead letters");
   checkQuarantine();
 }
 

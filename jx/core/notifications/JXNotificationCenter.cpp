@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "jx/core/notifications/JXGuardedDelivery.h"
+#include "jx/core/notifications/JXPostScope.h"
 
 namespace jx {
 
@@ -62,6 +63,7 @@ void JXNotificationCenter::removeObserver_name(const void* observer, const JXStr
 }
 
 void JXNotificationCenter::postNotification(const JXNotification& notification) {
+  const JXPostScope scope(notification);
   std::shared_ptr<const Registrations> registrations;
   {
     const std::lock_guard<std::mutex> lock(mutex_);

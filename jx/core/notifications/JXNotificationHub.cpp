@@ -10,6 +10,7 @@
 #include "jx/core/JXNetwork.h"
 #include "jx/core/notifications/JXEventListenerState.h"
 #include "jx/core/notifications/JXGuardedDelivery.h"
+#include "jx/core/notifications/JXPostScope.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 
 namespace jx {
@@ -73,15 +74,15 @@ void JXNotificationHub::handToNetworkManager(const JXNotification& notification)
     const JXString url = notification.userInfo.get(kJXUserInfo_URLKey).string();
     const JXString body = notification.userInfo.get(kJXUserInfo_POSTData).string();
     if (url.isPresent() && body.isPresent()) {
-      manager.enqueue(url.view(), body.view());
+      manager.enqueue(url.view(), body.view(), notification.object);
     } else {
       JXLogger::sharedInstance().logMessage_withLevel(
           "HTTP request notification has no URL or body; event discarded", 2);
     }
   } else if (name == kJXNotification_EnablingTheServerSide) {
-    manager.changingSDKBehaviour(true);
+    JXPostScope::setDecision(notification, manager.decide(true));
   } else if (name == kJXNotification_StoppingTheServerSide) {
-    manager.changingSDKBehaviour(false);
+    JXPostScope::setDecision(notification, manager.decide(false));
   } else if (name == kJXNotification_OnBackground) {
     manager.onBackground();
   } else if (name == kJXNotification_OnForeground) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXDeadLetters.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <limits>
 #include <utility>
 
+#include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXFolder.h"
 
 namespace jx {
@@ -16,33 +18,63 @@ namespace {
 
 // An attempt fails only when another process replaces or deletes the file at the same time.
 constexpr int kOpenAttempts = 3;
+constexpr const char* kRewriteSuffix = ".new";
+
+int removeFile(const std::string& path) {
+  return ::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+}
 
 }  // namespace
 
-JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep)
+JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep,
+                             std::chrono::milliseconds maxAge)
     : path_(folder + "/dead"),
-      keep_(std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())) {}
+      keep_(std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())),
+      maxAge_(maxAge) {}
 
-int JXDeadLetters::append(const JXOutboxRequest& request, int status) {
+int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64_t nowMs) {
   if (keep_ == 0) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
-  int error = lockFile();
+  int error = lockFile(JXFile::Access::Append);
   if (error != 0) return error;
   error = appendLocked(request, status);
-  // Compacts the file when at least half of it is obsolete. A failure only leaves the file longer.
-  if (error == 0 && locations_.size() >= 2 * keep_) rewrite();
+  // Compacts the file when at least half of it is obsolete. A failure only leaves the file longer:
+  // the next append tries again.
+  if (error == 0 && (locations_.size() >= 2 * keep_ || hasExpired(nowMs))) rewrite(nowMs);
   knownSize_ = journal_.size();
   journal_.file().unlock();
   return error;
 }
 
+int JXDeadLetters::removeExpired(std::int64_t nowMs) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const int lockError = lockFile(JXFile::Access::AppendExisting);
+  const bool isMissing = lockError == ENOENT || lockError == ENOTDIR;
+  if (lockError != 0 && !isMissing) return lockError;
+  // A process that was killed while it rewrote the file left a copy. Nobody writes it now.
+  int error = removeFile(path_ + kRewriteSuffix);
+  if (isMissing) return error;
+  if (hasExpired(nowMs)) error = rewrite(nowMs);
+  knownSize_ = journal_.size();
+  journal_.file().unlock();
+  // Most processes never append.
+  if (!dirty_) journal_.close();
+  return error;
+}
+
+bool JXDeadLetters::hasExpired(std::int64_t nowMs) const {
+  return std::any_of(locations_.begin(), locations_.end(), [&](const Location& each) {
+    return isExpired(each.createdMs, nowMs, maxAge_);
+  });
+}
+
 // Opens and locks the file that is at the path now, and reads it if it has changed.
-int JXDeadLetters::lockFile() {
+int JXDeadLetters::lockFile(JXFile::Access access) {
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
     if (!journal_.isOpen()) {
-      int error = makeFolder(folderOf(path_));
+      int error = access == JXFile::Access::Append ? makeFolder(folderOf(path_)) : 0;
       if (error != 0) return error;
-      journal_ = JXJournal(JXFile::open(path_, JXFile::Access::Append, error), path_);
+      journal_ = JXJournal(JXFile::open(path_, access, error), path_);
       if (error != 0) return error;
       // Matches no file size, so that the file is read.
       knownSize_ = std::numeric_limits<std::uint64_t>::max();
@@ -61,7 +93,8 @@ int JXDeadLetters::readLocations() {
   locations_.clear();
   const JXJournal::Recovery recovery =
       journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
-        locations_.push_back({frame.offset, frame.payload.size()});
+        locations_.push_back(
+            {frame.offset, frame.payload.size(), decodeRecord(frame.payload).createdMs});
       });
   damaged_ = damaged_ || recovery.quarantined;
   return 0;
@@ -74,22 +107,25 @@ int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
   const int error =
       journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
   if (error != 0) return error;
-  locations_.push_back({offset, head.size() + request.url.size() + request.body.size()});
+  locations_.push_back(
+      {offset, head.size() + request.url.size() + request.body.size(), request.createdMs});
   dirty_ = true;
   return 0;
 }
 
 // Replaces the file with one that contains only the requests to keep.
-int JXDeadLetters::rewrite() {
-  const std::string freshPath = path_ + ".new";
+int JXDeadLetters::rewrite(std::int64_t nowMs) {
+  const std::string freshPath = path_ + kRewriteSuffix;
   int error = 0;
   JXJournal fresh(JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
   std::deque<Location> kept;
-  for (std::size_t i = locations_.size() - keep_; error == 0 && i < locations_.size(); ++i) {
+  for (std::size_t i = locations_.size() - std::min(locations_.size(), keep_);
+       error == 0 && i < locations_.size(); ++i) {
+    if (isExpired(locations_[i].createdMs, nowMs, maxAge_)) continue;
     std::string payload;
     error = journal_.read(locations_[i].offset, locations_[i].length, payload);
     if (error != 0) break;
-    kept.push_back({0, payload.size()});
+    kept.push_back({0, payload.size(), locations_[i].createdMs});
     error = fresh.append({payload}, &kept.back().offset);
   }
   if (error == 0) error = fresh.sync();
@@ -97,6 +133,7 @@ int JXDeadLetters::rewrite() {
   if (error != 0) return error;
   journal_ = std::move(fresh);
   locations_ = std::move(kept);
+  dirty_ = true;
   return 0;
 }
 
@@ -113,11 +150,19 @@ bool JXDeadLetters::needsSync() const {
   return dirty_;
 }
 
+bool JXDeadLetters::mayExist() const {
+  struct stat status {};
+  return ::stat(path_.c_str(), &status) == 0 ||
+         ::stat((path_ + kRewriteSuffix).c_str(), &status) == 0;
+}
+
 int JXDeadLetters::clear() {
   const std::lock_guard<std::mutex> lock(mutex_);
   journal_.close();
   dirty_ = false;
-  return ::unlink(path_.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+  const int error = removeFile(path_);
+  const int copyError = removeFile(path_ + kRewriteSuffix);
+  return error != 0 ? error : copyError;
 }
 
 bool JXDeadLetters::takeDamaged() {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <mutex>
@@ -13,19 +14,27 @@
 namespace jx {
 
 /// Stores the requests that the server permanently rejected in the file "dead" of the outbox
-/// folder, the last `keep` of them. Processes share the file; each locks it while appending.
-/// Thread-safe. Operations that can fail return an errno value, 0 for success.
+/// folder, the last `keep` of them that are not older than `maxAge`. Processes share the file; each
+/// locks it while changing it. Thread-safe. Operations that can fail return an errno value, 0 for
+/// success.
 class JXDeadLetters {
  public:
-  JXDeadLetters(const std::string& folder, std::size_t keep);
+  JXDeadLetters(const std::string& folder, std::size_t keep,
+                std::chrono::milliseconds maxAge = std::chrono::milliseconds::max());
 
-  /// Appends a request with the HTTP status that rejected it. Returns EWOULDBLOCK while another
-  /// process is writing the file.
-  int append(const JXOutboxRequest& request, int status);
+  /// Appends a request with the HTTP status that rejected it, then deletes the expired ones, as
+  /// `removeExpired` does. Returns EWOULDBLOCK while another process is writing the file.
+  int append(const JXOutboxRequest& request, int status, std::int64_t nowMs);
+  /// Deletes the requests that are older than the maximum age at `nowMs`: the file no longer
+  /// contains their bytes. Also deletes the remains of an interrupted deletion. Blocks until the
+  /// disk has written the file. Returns EWOULDBLOCK while another process is writing it.
+  int removeExpired(std::int64_t nowMs);
   /// Makes appended requests durable. Blocks until the disk has written them.
   int sync();
   bool needsSync() const;
-  /// Deletes the file.
+  /// Returns false if the folder contains no file of dead letters.
+  bool mayExist() const;
+  /// Deletes the file, and the remains of an interrupted deletion.
   int clear();
   /// Returns true once after damaged data of the file was quarantined.
   bool takeDamaged();
@@ -36,15 +45,18 @@ class JXDeadLetters {
   struct Location {
     std::uint64_t offset;
     std::size_t length;
+    std::int64_t createdMs;  ///< 0: unknown
   };
 
-  int lockFile();
+  int lockFile(JXFile::Access access);
   int readLocations();
   int appendLocked(const JXOutboxRequest& request, int status);
-  int rewrite();
+  bool hasExpired(std::int64_t nowMs) const;
+  int rewrite(std::int64_t nowMs);
 
   const std::string path_;
   const std::size_t keep_;
+  const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
   JXJournal journal_;
   std::deque<Location> locations_;  ///< of the frames in the file

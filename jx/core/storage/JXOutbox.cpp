@@ -41,11 +41,16 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock)
-    : report_("outbox " + folder, folderOf(folder)),
+    : clock_(std::move(clock)),
+      maxAge_(bounds.maxAge),
+      report_("outbox " + folder, folderOf(folder)),
       segments_(folder, report_),
-      queue_(segments_, report_, bounds, std::move(clock)),
-      dead_(folder, bounds.maxDeadLetters) {
-  lockedWithoutExceptions([&] { queue_.adopt(); });
+      queue_(segments_, report_, bounds, clock_),
+      dead_(folder, bounds.maxDeadLetters, bounds.maxAge) {
+  lockedWithoutExceptions([&] {
+    hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
+    queue_.adopt();
+  });
 }
 
 JXOutbox::~JXOutbox() {
@@ -56,12 +61,18 @@ JXOutbox::~JXOutbox() {
   });
 }
 
-std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body) {
-  return lockedWithoutExceptions([&] { return queue_.add(url, body); });
+std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
+                                           const JXRequestOrigin& origin, bool awaitsDecision) {
+  return lockedWithoutExceptions([&] { return queue_.add(url, body, origin, awaitsDecision); });
 }
 
-std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except) {
-  return lockedWithoutExceptions([&] { return queue_.take(except); });
+std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except,
+                                              const JXSendFilter& filter) {
+  return lockedWithoutExceptions([&] { return queue_.take(except, filter); });
+}
+
+std::uint16_t JXOutbox::mostStops(std::uint32_t source) {
+  return lockedWithoutExceptions([&] { return queue_.mostStops(source); });
 }
 
 void JXOutbox::requeue(std::uint64_t id) {
@@ -92,6 +103,7 @@ void JXOutbox::sync() {
   withoutExceptions([&] {
     locked([&] {
       queue_.applyPurgeMarks();
+      queue_.dropExpired();
       segments_.detectDeletedSegments();
       segments_.retry();
     });
@@ -99,6 +111,7 @@ void JXOutbox::sync() {
     while (locked([&] { return queue_.repairSome(); })) {
     }
     moveRejectedToDeadLetters();
+    if (locked([&] { return hasUncheckedFiles_; })) removeExpiredFiles();
     syncFiles();
   });
 }
@@ -107,8 +120,8 @@ void JXOutbox::sync() {
 // again instead of being lost.
 void JXOutbox::moveRejectedToDeadLetters() {
   while (const auto rejected = locked([&] { return queue_.nextRejected(); })) {
-    const int error = dead_.append(rejected->request, rejected->status);
-    if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
+    const int error = dead_.append(rejected->request, rejected->status, clock_->nowMs());
+    reportDamagedDeadLetters();
     if (error != 0) {
       // With EWOULDBLOCK another process is writing the file; `sync` retries.
       if (error != EWOULDBLOCK) reportError("store a dead letter", error);
@@ -116,6 +129,22 @@ void JXOutbox::moveRejectedToDeadLetters() {
     }
     locked([&] { queue_.acknowledgeRejected(rejected->request.id); });
   }
+}
+
+void JXOutbox::removeExpiredFiles() {
+  const std::int64_t nowMs = clock_->nowMs();
+  const int error = dead_.removeExpired(nowMs);
+  reportDamagedDeadLetters();
+  // Another process is writing the file; the next `sync` tries again.
+  if (error == EWOULDBLOCK) return;
+  reportError("delete expired dead letters", error);
+  reportError("delete expired quarantined files",
+              removeExpiredQuarantinedFiles(segments_.folder(), nowMs, maxAge_));
+  locked([&] { hasUncheckedFiles_ = false; });
+}
+
+void JXOutbox::reportDamagedDeadLetters() {
+  if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
 }
 
 void JXOutbox::reportError(const char* action, int error) {
@@ -142,7 +171,8 @@ void JXOutbox::syncFiles() {
 
 bool JXOutbox::needsSync() const {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() || dead_.needsSync();
+  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
+         hasUncheckedFiles_ || dead_.needsSync();
 }
 
 void JXOutbox::rememberDropped() {

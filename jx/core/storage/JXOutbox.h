@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -43,13 +44,22 @@ class JXOutbox {
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
   /// 2025 (the clock was not set yet) or in the future has no age and does not expire.
-  std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
+    return add(url, body, JXRequestOrigin(), false);
+  }
+  /// Same, with the origin that is stored with the request. `awaitsDecision` is true when its
+  /// ServerSide has not been enabled since it started disabled.
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
+                                   const JXRequestOrigin& origin, bool awaitsDecision);
 
-  /// Marks the oldest request that is neither in flight nor in `except` as in flight and returns
-  /// it; nullopt when there is none. A request that can no longer be read is counted as a storage
-  /// error and skipped. A request in flight may be dropped by the limits; acknowledging it is then
-  /// ignored.
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {});
+  /// Marks the oldest request that is neither in flight nor in `except`, and that `filter` allows,
+  /// as in flight and returns it; nullopt when there is none. A request that can no longer be read
+  /// is counted as a storage error and skipped. A request in flight may be dropped by the limits;
+  /// acknowledging it is then ignored.
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {},
+                                      const JXSendFilter& filter = {});
+  /// Returns the largest number of stops stored with a queued request of this source.
+  std::uint16_t mostStops(std::uint32_t source);
   /// Returns a request in flight to the queue, at its original position. Ignores any other ID.
   void requeue(std::uint64_t id);
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
@@ -64,8 +74,9 @@ class JXOutbox {
 
   /// Makes requests appended since the last call durable and retries failed operations: writes
   /// requests kept in memory, deletes files without unacknowledged requests, and rewrites requests
-  /// whose files were deleted. Call it on the transfer thread: it blocks on disk I/O without
-  /// blocking other threads.
+  /// whose files were deleted. Drops requests that exceed maxAge; the first call also deletes dead
+  /// letters and quarantined files that do. Call it on the transfer thread: it blocks on disk I/O
+  /// without blocking other threads.
   void sync();
   /// Returns true when `sync` has work to do.
   bool needsSync() const;
@@ -85,13 +96,18 @@ class JXOutbox {
   auto lockedWithoutExceptions(Work work) noexcept;
   void reportError(const char* action, int error);
   void moveRejectedToDeadLetters();
+  void removeExpiredFiles();
+  void reportDamagedDeadLetters();
   void syncFiles();
 
+  const std::shared_ptr<const JXClock> clock_;
+  const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
   JXStorageReport report_;
   JXOutboxSegments segments_;
   JXOutboxQueue queue_;
   JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
+  bool hasUncheckedFiles_ = false;  ///< of an earlier process, which may have expired
 };
 
 }  // namespace jx

@@ -13,7 +13,8 @@ namespace jx {
 /// Returns the queued requests of a folder, oldest first, without changing it; other processes may
 /// have it open. `error` receives the first read error, empty on success.
 std::vector<JXOutboxListing> listOutbox(const std::string& folder, std::string& error);
-/// Returns the dead letters of a folder, oldest first, in the same way.
+/// Returns the dead letters of a folder, oldest first, in the same way. Includes those that are too
+/// old but not deleted yet: their maximum age is configured in the application.
 std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::string& error);
 
 /// The result of `purgeOutbox`.

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "jx/core/storage/JXSendFilter.h"
+
 namespace jx {
 namespace {
 
@@ -31,13 +33,15 @@ JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
 
 JXOutboxEntry* JXOutboxIndex::oldest() { return entries_.empty() ? nullptr : &entries_.front(); }
 
-JXOutboxEntry* JXOutboxIndex::nextQueued(const std::vector<std::uint64_t>& except) {
+JXOutboxEntry* JXOutboxIndex::nextQueued(const std::vector<std::uint64_t>& except,
+                                         const JXSendFilter& filter) {
   bool foundQueued = false;
   for (auto entry = from(firstQueued_); entry != entries_.end(); ++entry) {
     if (entry->state != State::Queued) continue;
-    // The first queued entry, even if it is in `except`.
+    // The first queued entry, even if it must not be sent now.
     if (!foundQueued) firstQueued_ = entry->id;
     foundQueued = true;
+    if (!filter.allows(*entry)) continue;
     if (std::find(except.begin(), except.end(), entry->id) == except.end()) return &*entry;
   }
   if (!foundQueued) firstQueued_ = nextId_;

@@ -7,9 +7,12 @@
 #include <deque>
 #include <vector>
 
+#include "jx/core/storage/JXOutboxRecord.h"
+
 namespace jx {
 
 class JXOutboxSegment;
+class JXSendFilter;
 
 /// The location and state of one request; its content is in a file, or in memory while writes
 /// fail.
@@ -26,8 +29,14 @@ struct JXOutboxEntry {
   JXOutboxSegment* segment = nullptr;  ///< null: in memory only
   std::uint32_t offset = 0;            ///< of its frame in the segment
   std::uint32_t bytes = 0;             ///< size of URL and body
-  std::int16_t status = 0;             ///< the HTTP status that rejected it
+  std::uint32_t source = 0;            ///< see JXSendFilter::sourceOf
+  JXRequestOrigin origin;
+  std::int16_t status = 0;  ///< the HTTP status that rejected it
   State state = State::Queued;
+  bool hasWaitingMarker = false;  ///< was executed while waiting for consent
+  /// Left by an earlier process, or by a ServerSide that has not been enabled since it started
+  /// disabled.
+  bool awaitsDecision = false;
 };
 static_assert(sizeof(JXOutboxEntry) <= 48, "a TV keeps up to 10,000 of these in memory");
 
@@ -41,8 +50,9 @@ class JXOutboxIndex {
   JXOutboxEntry* find(std::uint64_t id);
   /// Returns the oldest request, or null.
   JXOutboxEntry* oldest();
-  /// Returns the oldest request that is neither in flight nor rejected nor in `except`, or null.
-  JXOutboxEntry* nextQueued(const std::vector<std::uint64_t>& except);
+  /// Returns the oldest request that is neither in flight nor rejected nor in `except` and that
+  /// `filter` allows, or null.
+  JXOutboxEntry* nextQueued(const std::vector<std::uint64_t>& except, const JXSendFilter& filter);
   /// Call this when the state of a request changes back to Queued.
   void markQueued(std::uint64_t id);
   void remove(JXOutboxEntry& entry);

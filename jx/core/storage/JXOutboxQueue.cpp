@@ -6,14 +6,13 @@
 #include <cerrno>
 #include <iterator>
 
+#include "jx/core/storage/JXAge.h"
+
 namespace jx {
 namespace {
 
 using State = JXOutboxEntry::State;
 
-// 2025-01-01T00:00:00Z. A TV without a battery-backed clock starts in 1970 and gets the time later:
-// the age of a request dated before this is unknown.
-constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
 // Requests written per repair step. A calling thread may be waiting for the lock in the meantime.
 constexpr int kRepairStep = 32;
 
@@ -37,7 +36,9 @@ void JXOutboxQueue::adopt() {
   });
 }
 
-std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::string_view body) {
+std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::string_view body,
+                                                const JXRequestOrigin& origin,
+                                                bool awaitsDecision) {
   const std::uint64_t bytes = std::uint64_t{url.size()} + body.size();
   if (bytes > bounds_.maxBytes || bytes > kJXMaxPayload - kJXRequestHeadSize) {
     return rejectRequest(body, JXDropReason::TooLarge);
@@ -45,7 +46,11 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   JXOutboxEntry entry;
   entry.createdMs = clock_->nowMs();
   entry.bytes = static_cast<std::uint32_t>(bytes);
-  entry.segment = segments_.append(url, body, entry.createdMs, entry.offset);
+  entry.source = JXSendFilter::sourceOf(url);
+  entry.origin = origin;
+  entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(body);
+  entry.awaitsDecision = awaitsDecision;
+  entry.segment = segments_.append(url, body, entry.createdMs, origin, entry.offset);
   if (entry.segment == nullptr && !keepInMemory(url, body)) {
     return rejectRequest(body, JXDropReason::NoStorage);
   }
@@ -73,7 +78,7 @@ bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
 }
 
 void JXOutboxQueue::updateOldest(std::int64_t createdMs) {
-  if (createdMs >= kFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
+  if (createdMs >= kJXFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
 }
 
 void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
@@ -86,18 +91,18 @@ void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   finishModifiedSegments();
 }
 
-// Traverses all requests only when the oldest may have expired. A request dated in the future,
-// created before the clock was set back, does not expire.
+void JXOutboxQueue::dropExpired() {
+  dropExpired(clock_->nowMs());
+  finishModifiedSegments();
+}
+
+// Traverses all requests only when the oldest may have expired.
 void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
-  const std::int64_t maxAgeMs = bounds_.maxAge.count();
-  const auto isExpired = [&](std::int64_t createdMs) {
-    return createdMs >= kFirstPlausibleMs && createdMs < nowMs && nowMs - createdMs > maxAgeMs;
-  };
-  if (!isExpired(oldestMs_)) return;
+  if (!isExpired(oldestMs_, nowMs, bounds_.maxAge)) return;
   std::vector<std::uint64_t> expired;
   oldestMs_ = std::numeric_limits<std::int64_t>::max();
   index_.forEach([&](const JXOutboxEntry& entry) {
-    if (isExpired(entry.createdMs)) {
+    if (isExpired(entry.createdMs, nowMs, bounds_.maxAge)) {
       expired.push_back(entry.id);
     } else {
       updateOldest(entry.createdMs);
@@ -146,9 +151,10 @@ void JXOutboxQueue::finishModifiedSegments() {
   modified_.clear();
 }
 
-std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except) {
+std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except,
+                                                   const JXSendFilter& filter) {
   applyPurgeMarks();
-  while (JXOutboxEntry* entry = index_.nextQueued(except)) {
+  while (JXOutboxEntry* entry = index_.nextQueued(except, filter)) {
     JXOutboxRequest request;
     const int error = read(*entry, request);
     if (error == 0) {
@@ -158,6 +164,15 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64
     dropUnreadable(*entry, error);
   }
   return std::nullopt;
+}
+
+std::uint16_t JXOutboxQueue::mostStops(std::uint32_t source) {
+  std::uint16_t most = 0;
+  index_.forEach([&](const JXOutboxEntry& entry) {
+    if (entry.source == source) most = std::max(most, entry.origin.stops);
+    return true;
+  });
+  return most;
 }
 
 int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) const {
@@ -290,7 +305,7 @@ bool JXOutboxQueue::rewriteLostRequests() {
     }
     std::uint32_t offset = 0;
     JXOutboxSegment* const segment =
-        segments_.append(request.url, request.body, entry.createdMs, offset);
+        segments_.append(request.url, request.body, entry.createdMs, entry.origin, offset);
     succeeded = segment != nullptr;
     if (!succeeded) return false;
     entry.segment->acknowledge(entry.offset);
@@ -309,8 +324,8 @@ bool JXOutboxQueue::writeSomeOfMemory() {
   for (int done = 0; done < kRepairStep && !memory_.empty(); ++done) {
     const auto oldest = memory_.begin();
     JXOutboxEntry& entry = *index_.find(oldest->first);
-    entry.segment =
-        segments_.append(oldest->second.url, oldest->second.body, entry.createdMs, entry.offset);
+    entry.segment = segments_.append(oldest->second.url, oldest->second.body, entry.createdMs,
+                                     entry.origin, entry.offset);
     if (entry.segment == nullptr) return false;
     memory_.erase(oldest);
   }

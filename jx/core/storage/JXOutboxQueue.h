@@ -16,6 +16,7 @@
 #include "jx/core/storage/JXOutboxIndex.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXOutboxSegments.h"
+#include "jx/core/storage/JXSendFilter.h"
 #include "jx/core/storage/JXStorageReport.h"
 #include "jx/platform/JXClock.h"
 
@@ -38,11 +39,16 @@ class JXOutboxQueue {
 
   /// Adopts the requests of processes that have ended. Call it once, before anything else.
   void adopt();
-  std::optional<std::uint64_t> add(std::string_view url, std::string_view body);
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except);
+  std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
+                                   const JXRequestOrigin& origin, bool awaitsDecision);
+  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except,
+                                      const JXSendFilter& filter);
+  std::uint16_t mostStops(std::uint32_t source);
   void requeue(std::uint64_t id);
   /// Drops the requests that another process marked for purging.
   void applyPurgeMarks();
+  /// Drops the requests that exceed the maximum age.
+  void dropExpired();
   bool markDelivered(std::uint64_t id);
   void clear();
 

@@ -27,13 +27,26 @@ bool decodeUrlAndBody(std::string_view payload, std::size_t headSize, JXOutboxRe
   return true;
 }
 
+// A policy of a later version counts as unknown.
+JXRequestOrigin decodeOrigin(std::string_view payload) {
+  JXRequestOrigin origin;
+  const auto policy = static_cast<std::uint8_t>(payload[1]);
+  if (policy <= static_cast<std::uint8_t>(JXSendPolicy::AsksFirst)) {
+    origin.policy = static_cast<JXSendPolicy>(policy);
+  }
+  origin.stops = static_cast<std::uint16_t>(getU32(payload.data()) >> 16);
+  return origin;
+}
+
 }  // namespace
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
   JXOutboxRecord record;
   const auto kind = payload.empty() ? JXRecordKind::Unknown : JXRecordKind{payload.front()};
   if (kind == JXRecordKind::Request) {
-    if (decodeUrlAndBody(payload, kJXRequestHeadSize, record)) record.kind = kind;
+    if (!decodeUrlAndBody(payload, kJXRequestHeadSize, record)) return record;
+    record.kind = kind;
+    record.origin = decodeOrigin(payload);
   } else if (kind == JXRecordKind::DeadLetter) {
     if (!decodeUrlAndBody(payload, kJXDeadLetterHeadSize, record)) return record;
     record.kind = kind;
@@ -48,8 +61,13 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
   return record;
 }
 
-JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs) {
-  return encodeHead<JXRequestHead>(JXRecordKind::Request, url, createdMs);
+JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs,
+                                const JXRequestOrigin& origin) {
+  auto head = encodeHead<JXRequestHead>(JXRecordKind::Request, url, createdMs);
+  head[1] = static_cast<char>(origin.policy);
+  head[2] = static_cast<char>(origin.stops);
+  head[3] = static_cast<char>(origin.stops >> 8);
+  return head;
 }
 
 JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,

@@ -19,9 +19,26 @@ struct JXOutboxRequest {
   std::string body;
 };
 
-// The payloads of an outbox's frames. A request: kind, length of the URL, creation time, URL, body.
-// An acknowledgement: kind, then the offsets of the acknowledged requests in the same file. A dead
-// letter: as a request, with the HTTP status and the number of dead letters to keep.
+/// How the ServerSide that executed a request decides whether its requests may be sent. The values
+/// are stored in files.
+enum class JXSendPolicy : std::uint8_t {
+  Unknown,        ///< written by an early revision, or not executed by a ServerSide
+  Enabled,        ///< starts enabled; obeys stops
+  AlwaysEnabled,  ///< ignores stops
+  AsksFirst       ///< starts disabled or waits for consent; obeys stops
+};
+
+/// The part of a request's origin that is stored with it.
+struct JXRequestOrigin {
+  JXSendPolicy policy = JXSendPolicy::Unknown;
+  /// Number of stops recorded for the source before the request; see JXStopMarks.
+  std::uint16_t stops = 0;
+};
+
+// The payloads of an outbox's frames. A request: kind, policy, number of stops (2 bytes), length of
+// the URL, creation time, URL, body. An acknowledgement: kind, then the offsets of the acknowledged
+// requests in the same file. A dead letter: as a request without policy and stops, with the HTTP
+// status and the number of dead letters to keep.
 
 constexpr std::size_t kJXRequestHeadSize = 16;
 constexpr std::size_t kJXDeadLetterHeadSize = 24;
@@ -34,6 +51,7 @@ enum class JXRecordKind : char { Unknown, Request = 'Q', Acknowledgement = 'S', 
 struct JXOutboxRecord {
   JXRecordKind kind = JXRecordKind::Unknown;
   std::int64_t createdMs = 0;
+  JXRequestOrigin origin;
   std::string_view url;
   std::string_view body;
   std::vector<std::uint32_t> acknowledged;  ///< offsets of requests in the same file
@@ -47,7 +65,8 @@ JXOutboxRecord decodeRecord(std::string_view payload);
 /// The beginning of a payload, followed by the URL and the body.
 using JXRequestHead = std::array<char, kJXRequestHeadSize>;
 using JXDeadLetterHead = std::array<char, kJXDeadLetterHeadSize>;
-JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs);
+JXRequestHead encodeRequestHead(std::string_view url, std::int64_t createdMs,
+                                const JXRequestOrigin& origin);
 JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t createdMs, int status,
                                       std::uint32_t keep);
 /// Returns the payload of an acknowledgement.

@@ -13,6 +13,7 @@
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXQuarantine.h"
+#include "jx/core/storage/JXSendFilter.h"
 
 namespace jx {
 namespace {
@@ -132,6 +133,10 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
         entry.segment = segment.get();
         entry.offset = static_cast<std::uint32_t>(frame.offset);
         entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
+        entry.source = JXSendFilter::sourceOf(record.url);
+        entry.origin = record.origin;
+        entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(record.body);
+        entry.awaitsDecision = true;
         return entry;
       });
   segment->live_ = requests.size();
@@ -153,8 +158,8 @@ void JXOutboxSegment::dropPurged(std::vector<JXOutboxEntry>& requests) {
 }
 
 int JXOutboxSegment::append(std::string_view url, std::string_view body, std::int64_t createdMs,
-                            std::uint32_t& offset) {
-  const JXRequestHead head = encodeRequestHead(url, createdMs);
+                            const JXRequestOrigin& origin, std::uint32_t& offset) {
+  const JXRequestHead head = encodeRequestHead(url, createdMs, origin);
   std::uint64_t place = 0;
   const int error = journal_.append({{head.data(), head.size()}, url, body}, &place);
   if (error != 0) return error;

@@ -38,7 +38,7 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
 
   /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
-             std::uint32_t& offset);
+             const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const;
   /// Acknowledges a request; `writeAcknowledgements` writes this to the file.

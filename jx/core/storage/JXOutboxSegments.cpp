@@ -42,7 +42,8 @@ void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>&
 }
 
 JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
-                                          std::int64_t createdMs, std::uint32_t& offset) {
+                                          std::int64_t createdMs, const JXRequestOrigin& origin,
+                                          std::uint32_t& offset) {
   if (current_ != nullptr && !current_->isLinked()) {
     current_->lost = true;
     current_ = nullptr;
@@ -53,7 +54,7 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     if (full.live() == 0) drop(full);
   }
   if (current_ == nullptr && !startSegment()) return nullptr;
-  const int error = current_->append(url, body, createdMs, offset);
+  const int error = current_->append(url, body, createdMs, origin, offset);
   if (error == 0) return current_;
   report_.failed("append a request", error);
   return nullptr;

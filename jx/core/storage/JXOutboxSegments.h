@@ -34,7 +34,7 @@ class JXOutboxSegments {
   /// Appends a request to the current segment; starts a new one if it is full or its file was
   /// deleted. Returns the segment, or null on failure.
   JXOutboxSegment* append(std::string_view url, std::string_view body, std::int64_t createdMs,
-                          std::uint32_t& offset);
+                          const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Call this after requests of the segment were acknowledged: writes the acknowledgements, or
   /// deletes the file if no unacknowledged request is left. `segment` may be destroyed afterwards.
   void finish(JXOutboxSegment& segment);

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <ctime>
 
+#include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXFolder.h"
 
 namespace jx {
@@ -54,19 +55,41 @@ int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
   return 0;
 }
 
+// Deletes the quarantine files of the folder for whose path `matches` returns true.
+template <typename Matches>
+int removeFiles(const std::string& folder, Matches matches) {
+  std::vector<std::string> names;
+  const int unreadable = listFolder(folder, names);
+  int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
+  for (const std::string& name : names) {
+    const std::string path = folder + "/" + name;
+    if (!isQuarantinedName(name) || !matches(path)) continue;
+    if (::unlink(path.c_str()) != 0 && errno != ENOENT) error = errno;
+  }
+  return error;
+}
+
 }  // namespace
 
 bool isQuarantinedName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
 
 int removeQuarantinedFiles(const std::string& folder) {
+  return removeFiles(folder, [](const std::string&) { return true; });
+}
+
+int removeExpiredQuarantinedFiles(const std::string& folder, std::int64_t nowMs,
+                                  std::chrono::milliseconds maxAge) {
+  return removeFiles(folder, [&](const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 &&
+           isExpired(std::int64_t{status.st_mtime} * 1'000, nowMs, maxAge);
+  });
+}
+
+bool hasQuarantinedFiles(const std::string& folder) {
   std::vector<std::string> names;
-  const int unreadable = listFolder(folder, names);
-  int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
-  for (const std::string& name : names) {
-    if (!isQuarantinedName(name)) continue;
-    if (::unlink((folder + "/" + name).c_str()) != 0 && errno != ENOENT) error = errno;
-  }
-  return error;
+  return listFolder(folder, names) == 0 &&
+         std::any_of(names.begin(), names.end(), isQuarantinedName);
 }
 
 int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,

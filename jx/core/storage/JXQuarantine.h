@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -27,5 +29,10 @@ bool isQuarantinedName(const std::string& name);
 /// Deletes the quarantine files of a folder. Returns an errno value, 0 for success and for a
 /// missing folder.
 int removeQuarantinedFiles(const std::string& folder);
+/// The same for those that are older than `maxAge` at `nowMs`.
+int removeExpiredQuarantinedFiles(const std::string& folder, std::int64_t nowMs,
+                                  std::chrono::milliseconds maxAge);
+/// Returns true if a folder contains a quarantine file.
+bool hasQuarantinedFiles(const std::string& folder);
 
 }  // namespace jx

@@ -15,6 +15,7 @@
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
+#include "jx/core/transfer/JXSocketGate.h"
 
 #if LIBCURL_VERSION_NUM < 0x074400
 #error "libcurl must be 7.68 or later: curl_multi_wakeup is required"
@@ -81,6 +82,16 @@ std::size_t onBody(char*, std::size_t, std::size_t bytes, void* exchange) {
   return static_cast<Exchange*>(exchange)->response.readBody(bytes) ? bytes : 0;
 }
 
+curl_socket_t openSocket(void* gate, curlsocktype, curl_sockaddr* address) {
+  return static_cast<JXSocketGate*>(gate)->open(address->family, address->socktype,
+                                                address->protocol);
+}
+
+int closeSocket(void* gate, curl_socket_t socket) {
+  static_cast<JXSocketGate*>(gate)->close(socket);
+  return 0;
+}
+
 std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOptions& options) {
   if (code == CURLE_SSL_CACERT_BADFILE && options.caFile.isPresent()) {
     return "CA file " + options.caFile.toStdString() + " is missing or contains no certificates";
@@ -128,13 +139,14 @@ class JXCurlTransport::Implementation {
     }
     prepareRequest(*exchange);
     active_.push_back(std::move(exchange));
+    if (sockets_.isShut()) return;  // until abortAll
     Exchange& started = *active_.back();
     const CURLMcode code = curl_multi_add_handle(multi_, started.easy);
     if (code != CURLM_OK) finish(started, CURLE_FAILED_INIT);
   }
 
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
-    perform();
+    if (!sockets_.isShut()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
       const auto longest = milliseconds(INT_MAX);
       const int wait = static_cast<int>(std::min(timeout.value_or(longest), longest).count());
@@ -142,9 +154,11 @@ class JXCurlTransport::Implementation {
         // Out of memory or descriptors: without this delay the caller would loop without waiting.
         std::this_thread::sleep_for(milliseconds(std::min(wait, 1'000)));
       }
-      perform();
+      if (!sockets_.isShut()) perform();
     }
-    return std::exchange(ready_, {});
+    std::vector<JXHttpResult> results = std::exchange(ready_, {});
+    if (sockets_.isShut()) removeUnanswered(results);
+    return results;
   }
 
   void wakeUp() noexcept { curl_multi_wakeup(multi_); }
@@ -157,7 +171,16 @@ class JXCurlTransport::Implementation {
     ready_.clear();
   }
 
+  void suspend() noexcept { sockets_.shut(); }
+  void resume() noexcept { sockets_.reopen(); }
+
  private:
+  // They ended because of the suspension, which is not a failure of the network or the server.
+  static void removeUnanswered(std::vector<JXHttpResult>& results) {
+    const auto isUnanswered = [](const JXHttpResult& each) { return each.outcome.status == 0; };
+    results.erase(std::remove_if(results.begin(), results.end(), isUnanswered), results.end());
+  }
+
   void release() {
     free_.clear();
     curl_multi_cleanup(multi_);
@@ -183,7 +206,7 @@ class JXCurlTransport::Implementation {
   }
 
   // Sets the options that are the same for all requests of an exchange.
-  void prepare(Exchange& exchange) const {
+  void prepare(Exchange& exchange) {
     CURL* const easy = exchange.easy;
     curl_easy_setopt(easy, CURLOPT_PRIVATE, &exchange);
     curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, exchange.error);
@@ -198,10 +221,13 @@ class JXCurlTransport::Implementation {
     }
     curl_easy_setopt(easy, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(easy, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
-    curl_easy_setopt(easy, CURLOPT_PIPEWAIT, 1L);
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, inMilliseconds(options_.connectTimeout));
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, inMilliseconds(options_.requestTimeout));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &sockets_);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
+    curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &sockets_);
 #if LIBCURL_VERSION_NUM >= 0x075700
     // An abort does not wait for a pending name resolution.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
@@ -290,6 +316,7 @@ class JXCurlTransport::Implementation {
   }
 
   const JXHttpOptions options_;
+  JXSocketGate sockets_;
   CURLM* multi_ = nullptr;
   curl_slist* headers_ = nullptr;
   std::vector<std::unique_ptr<Exchange>> active_;
@@ -311,5 +338,9 @@ std::vector<JXHttpResult> JXCurlTransport::poll(std::optional<milliseconds> time
 void JXCurlTransport::wakeUp() noexcept { implementation_->wakeUp(); }
 
 void JXCurlTransport::abortAll() noexcept { implementation_->abortAll(); }
+
+void JXCurlTransport::suspend() noexcept { implementation_->suspend(); }
+
+void JXCurlTransport::resume() noexcept { implementation_->resume(); }
 
 }  // namespace jx

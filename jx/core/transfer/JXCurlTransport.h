@@ -42,6 +42,8 @@ class JXCurlTransport final : public JXHttpTransport {
   std::vector<JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) override;
   void wakeUp() noexcept override;
   void abortAll() noexcept override;
+  void suspend() noexcept override;
+  void resume() noexcept override;
 
  private:
   class Implementation;

@@ -35,11 +35,6 @@ struct JX_API JXRetryTimings {
   /// Longest time that requests are paused while the platform determines its user agent, in
   /// milliseconds. Default: 10 seconds. Limits: 0 to 365 days.
   std::chrono::milliseconds userAgentWait{10'000};
-  /// Delay at the start before requests of an earlier process are sent, in milliseconds, so that
-  /// the application can check consent first. It ends early when a request is added, on `flush`, or
-  /// when the network manager is enabled or disabled. Default: 1 second. Limits: 0 (sends them
-  /// immediately) to 365 days.
-  std::chrono::milliseconds startHold{1'000};
 };
 
 /// Outcome of one request.
@@ -70,7 +65,8 @@ struct JX_API JXDeliveryCounters {
   JXOutboxCounters outbox;
   std::uint64_t attempts = 0;  ///< attempts started
   std::uint64_t failures = 0;  ///< attempts that ended without a final response
-  bool paused = false;         ///< true while consent, background or user agent pauses delivery
+  /// True while a stop, a start as disabled, the background or the user agent holds requests.
+  bool paused = false;
 };
 
 }  // namespace jx

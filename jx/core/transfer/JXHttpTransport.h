@@ -56,7 +56,7 @@ struct JX_API JXHttpResult {
 /// and `abortAll` are called on the transfer thread only, never two at once; `wakeUp` is called on
 /// any thread, also during the others. No lock of the library is locked during `start`, `poll` and
 /// `abortAll`. They may call any operation of the library; JXNetworkManager::flush does not wait
-/// then. `wakeUp` must not call the library.
+/// then. `wakeUp`, `suspend` and `resume` must not call the library.
 ///
 /// The library shares ownership of the transport until the process ends and never destroys it. At
 /// process exit it calls `wakeUp` and then `abortAll`, the last operation. When an operation does
@@ -90,6 +90,18 @@ class JX_API JXHttpTransport {
   /// yet. Called when consent is withdrawn, on a purge, after an exception and at process exit. The
   /// requests may be started again later, with the same IDs.
   virtual void abortAll() noexcept = 0;
+
+  /// Ends all sending at once: after it returns, no byte of a request is written to the network
+  /// until `resume` is called, neither of the requests in flight nor of one that is started in the
+  /// meantime. Called when consent is withdrawn, on the thread of the application, at any time,
+  /// also during the other operations. Must not wait for the network. The library then calls
+  /// `abortAll` on the transfer thread, before `resume`; results of requests that ended because of
+  /// the suspension must not be returned by `poll`. Does nothing by default; the requests in flight
+  /// of such a transport are only aborted, so data of them may be sent for a short time after a
+  /// stop.
+  virtual void suspend() noexcept {}
+  /// Ends `suspend`. Called on the transfer thread, after `abortAll`.
+  virtual void resume() noexcept {}
 };
 
 }  // namespace jx

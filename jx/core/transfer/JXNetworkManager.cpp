@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "jx/core/JXLogger.h"
+#include "jx/core/transfer/JXConsentGate.h"
 #include "jx/core/transfer/JXTransfer.h"
 
 namespace jx {
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int kAlwaysEnabled = 1;
 constexpr int kDisabledByDefault = 2;
+// A stop waits until its record survives a killed process, but not for a disk that hangs.
+constexpr std::chrono::milliseconds kRecordLimit{5};
 
 // The transfer of the manager; never destroyed. Read without a lock, because a forked child that
 // exits would wait forever for a lock that was owned during the fork.
@@ -35,6 +38,8 @@ void guarded(const char* failure, const char* consequence, Operation&& operation
 }
 
 }  // namespace
+
+JXNetworkManager::JXNetworkManager() : consent_(std::make_unique<JXConsentGate>()) {}
 
 JXNetworkManager& JXNetworkManager::sharedInstance() {
   // Never destroyed: threads may use it while the process exits.
@@ -58,7 +63,14 @@ auto JXNetworkManager::withTransfer(Operation operation) const {
 void JXNetworkManager::setManagerState(int state) {
   const std::lock_guard<std::mutex> lock(mutex_);
   managerState_ = state == kAlwaysEnabled || state == kDisabledByDefault ? state : 0;
-  applyEnabled(managerState_ != kDisabledByDefault);
+  ignoresStops_ = managerState_ == kAlwaysEnabled;
+  const bool stops = managerState_ == kDisabledByDefault;
+  if (stops) {
+    consent_->stop(false);
+  } else {
+    consent_->release();
+  }
+  applyConsent(stops);
 }
 
 int JXNetworkManager::managerState() const {
@@ -66,18 +78,74 @@ int JXNetworkManager::managerState() const {
   return managerState_;
 }
 
-void JXNetworkManager::changingSDKBehaviour(bool enabled) {
-  const std::lock_guard<std::mutex> lock(mutex_);
-  if (!enabled && managerState_ == kAlwaysEnabled) return;
-  applyEnabled(enabled);
+std::uint64_t JXNetworkManager::decide(bool enabled) {
+  std::shared_ptr<JXStopMarks> stopMarks;
+  std::uint64_t decision = 0;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    decision = ++decisions_;
+    if (!enabled && ignoresStops_) return decision;
+    if (enabled) {
+      consent_->enable();
+    } else {
+      consent_->stop(true);
+      stopMarks = stopMarks_;
+    }
+    applyConsent(!enabled);
+  }
+  if (stopMarks) stopMarks->wait(kRecordLimit);
+  return decision;
 }
 
-void JXNetworkManager::applyEnabled(bool enabled) {
-  enabled_ = enabled;
-  decided_ = true;
+// Passes the decisions to the transfer; the mutex is locked.
+void JXNetworkManager::applyConsent(bool stops) {
   guarded("Enabling or disabling delivery failed", "delivery state unchanged", [&] {
-    if (transfer_) transfer_->setDisabled(!enabled);
+    if (!transfer_) return;
+    if (stops) {
+      transfer_->stopSending(consent_->filter(), consent_->isPaused());
+    } else {
+      transfer_->setFilter(consent_->filter(), consent_->isPaused());
+    }
+    for (const JXStopMark& mark : consent_->takeChangedMarks()) {
+      if (stopMarks_) stopMarks_->set(mark);
+    }
   });
+}
+
+std::uint16_t JXNetworkManager::mostStops(std::string_view url) const {
+  const std::shared_ptr<JXTransfer> transfer = this->transfer();
+  return transfer ? transfer->mostStops(JXSendFilter::sourceOf(url)) : std::uint16_t{0};
+}
+
+void JXNetworkManager::serverSideStarted(const void* serverSide, std::string_view url,
+                                         JXStartState state) {
+  guarded("Registering a ServerSide failed", "its earlier events are held", [&] {
+    const std::uint16_t stops = mostStops(url);
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (state == JXStartState::AlwaysEnabled) managerState_ = kAlwaysEnabled;
+    if (state == JXStartState::Disabled) managerState_ = kDisabledByDefault;
+    consent_->started(serverSide, JXSendFilter::sourceOf(url), state, stops);
+    applyConsent(false);
+  });
+}
+
+void JXNetworkManager::serverSideMoved(const void* serverSide, std::string_view url) {
+  guarded("Registering the URL of a ServerSide failed", "its earlier events are held", [&] {
+    const std::uint16_t stops = mostStops(url);
+    const std::lock_guard<std::mutex> lock(mutex_);
+    consent_->moved(serverSide, JXSendFilter::sourceOf(url), stops);
+    applyConsent(false);
+  });
+}
+
+void JXNetworkManager::setAlwaysEnabled(const void* serverSide, bool isAlwaysEnabled) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  consent_->setAlwaysEnabled(serverSide, isAlwaysEnabled);
+}
+
+void JXNetworkManager::serverSideEnded(const void* serverSide) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  consent_->ended(serverSide);
 }
 
 void JXNetworkManager::applyBackground() {
@@ -124,9 +192,17 @@ void JXNetworkManager::setRunningInBackground(bool enabled) {
   applyBackground();
 }
 
-void JXNetworkManager::enqueue(std::string_view url, std::string_view body) {
-  guarded("Queuing a request failed", "request lost",
-          withTransfer([&](JXTransfer& transfer) { transfer.enqueue(url, body); }));
+void JXNetworkManager::enqueue(std::string_view url, std::string_view body, const void* sender) {
+  guarded("Queuing a request failed", "request lost", [&] {
+    std::shared_ptr<JXTransfer> transfer;
+    JXConsentGate::Origin origin;
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      transfer = transfer_;
+      origin = consent_->originOf(sender);
+    }
+    if (transfer) transfer->enqueue(url, body, origin.stored, origin.awaitsDecision);
+  });
 }
 
 void JXNetworkManager::onBackground() {
@@ -172,9 +248,11 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (transfer_) return;
     requestUserAgent_ = setup.requestUserAgent;
+    stopMarks_ = setup.stopMarks;
+    if (stopMarks_) consent_->setMarks(stopMarks_->read());
     auto transfer = std::make_shared<JXTransfer>(std::move(setup));
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
-    if (decided_) transfer->setDisabled(!enabled_);
+    transfer->setFilter(consent_->filter(), consent_->isPaused());
     transfer->setInBackground(inBackground_ && !runsInBackground_);
     transfer->start();
     transfer_ = std::move(transfer);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -13,8 +14,13 @@
 
 namespace jx {
 
+class JXConsentGate;
+class JXStopMarks;
 class JXTransfer;
 struct JXTransferSetup;
+
+/// The state in which a ServerSide starts.
+enum class JXStartState { Enabled, AlwaysEnabled, Disabled, WaitingForConsent };
 
 /// The core's network state machine: queues requests, pauses them while they must not be sent, and
 /// passes them to the transfer thread. Every operation is thread-safe and returns immediately
@@ -26,15 +32,23 @@ class JX_API JXNetworkManager {
   /// Returns the manager of this process; never destroyed.
   static JXNetworkManager& sharedInstance();
 
-  /// Sets the manager state. 0: not set; requests are sent. 1: always enabled; stop requests are
-  /// ignored. 2: disabled by default; requests are paused until an enabling notification. Other
-  /// values count as 0.
+  /// Sets the manager state, for an application without a ServerSide; each ServerSide decides for
+  /// its own requests at its start. 0: not set; requests are sent. 1: always enabled; stop requests
+  /// are ignored. 2: disabled by default; requests are held until an enabling. Other values count
+  /// as 0. With 0 and 1, requests of earlier processes are sent too, unless a stop was recorded for
+  /// them.
   void setManagerState(int state);
-  /// Returns the state set last; initially 0.
+  /// Returns the state set last, by `setManagerState` or by a ServerSide at its start (1: always
+  /// enabled, 2: disabled by default); initially 0.
   int managerState() const;
-  /// Enables or pauses sending. False also aborts requests in flight, which stay queued; it is
-  /// ignored while the manager state is 1.
-  void changingSDKBehaviour(bool enabled);
+  /// Enables sending, or stops it, for every ServerSide that is not always enabled, as their
+  /// notifications do. When a stop returns, nothing of these requests is sent any more; those in
+  /// flight are aborted and stay queued. The stop is recorded for the next process, which holds
+  /// them until it is enabled. The call waits for neither network nor disk, except for the record,
+  /// at most 5 ms. A stop is ignored while the state set by `setManagerState` is 1.
+  void changingSDKBehaviour(bool enabled) { decide(enabled); }
+  /// Same; returns the number of this decision, which is larger than those of earlier decisions.
+  std::uint64_t decide(bool enabled);
   /// Pauses requests until the platform's user agent is known, for at most
   /// `JXRetryTimings::userAgentWait`. The user agent is then stored in JXCoreVariables and
   /// `kJXNotification_UserAgentAvailable` is posted, on the thread on which the platform returns
@@ -45,8 +59,19 @@ class JX_API JXNetworkManager {
   /// Sets whether requests are sent while the application is in the background; initially false.
   void setRunningInBackground(bool enabled);
 
-  /// Queues a request. It is in the outbox when this returns; the caller performs one write.
-  void enqueue(std::string_view url, std::string_view body);
+  /// Called by a ServerSide at its start, before it can execute an event. `url` is the URL of its
+  /// requests.
+  void serverSideStarted(const void* serverSide, std::string_view url, JXStartState state);
+  /// Called by a ServerSide when the URL of its requests changes.
+  void serverSideMoved(const void* serverSide, std::string_view url);
+  /// Called by a ServerSide when it begins or ends to ignore stops; applies to later requests.
+  void setAlwaysEnabled(const void* serverSide, bool isAlwaysEnabled);
+  /// Called by a ServerSide at its end. Its requests stay queued.
+  void serverSideEnded(const void* serverSide);
+
+  /// Queues a request of `sender`, which is a ServerSide or any other object. It is in the outbox
+  /// when this returns; the caller performs one write.
+  void enqueue(std::string_view url, std::string_view body, const void* sender = nullptr);
   /// Reports that the application entered the background. No request is started until it returns to
   /// the foreground, unless running in background is enabled; requests in flight complete.
   void onBackground();
@@ -77,20 +102,23 @@ class JX_API JXNetworkManager {
   void requestAwaitedUserAgent();
 
  private:
-  JXNetworkManager() = default;
+  JXNetworkManager();
 
   std::shared_ptr<JXTransfer> transfer() const;
   template <class Operation>
   auto withTransfer(Operation operation) const;
-  void applyEnabled(bool enabled);
+  std::uint16_t mostStops(std::string_view url) const;
+  void applyConsent(bool stops);
   void applyBackground();
 
   mutable std::mutex mutex_;
   std::shared_ptr<JXTransfer> transfer_;
   std::function<void(std::function<void()>)> requestUserAgent_;  // set once, by the start
+  std::shared_ptr<JXStopMarks> stopMarks_;                       // null before the start
+  const std::unique_ptr<JXConsentGate> consent_;
+  std::uint64_t decisions_ = 0;
   int managerState_ = 0;
-  bool enabled_ = true;
-  bool decided_ = false;  // whether sending was enabled or paused explicitly
+  bool ignoresStops_ = false;
   bool inBackground_ = false;
   bool runsInBackground_ = false;
   bool awaitsUserAgent_ = false;  // waitForUserAgent was called and has not requested it yet

@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/transfer/JXTransfer.h"
 
-#include <pthread.h>
-#include <signal.h>
-
 #include <exception>
 #include <random>
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXSignalsBlocked.h"
 #include "jx/core/transfer/JXCurlTransport.h"
 
 namespace jx {
@@ -41,27 +39,6 @@ JXTransferSetup completed(JXTransferSetup setup) {
   return setup;
 }
 
-// Blocks signals on the transfer thread: the application handles them on its own threads, and a
-// peer that closes during a write (SIGPIPE) does not end the process. Signals for errors of the
-// thread itself, such as SIGSEGV, stay deliverable.
-class SignalsBlocked {
- public:
-  SignalsBlocked() {
-    sigset_t all;
-    sigfillset(&all);
-    for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS}) {
-      sigdelset(&all, signal);
-    }
-    pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  SignalsBlocked(const SignalsBlocked&) = delete;
-  SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
- private:
-  sigset_t before_;
-};
-
 // Otherwise the last owner would close curl's connections on the abandoned thread.
 void keepForever(std::shared_ptr<JXTransfer> transfer) {
   static std::mutex mutex;
@@ -78,7 +55,7 @@ JXTransfer::JXTransfer(JXTransferSetup setup)
 
 void JXTransfer::start() {
   if (thread_.joinable()) return;
-  const SignalsBlocked blockedInTheNewThread;
+  const JXSignalsBlocked blockedInTheNewThread;
   thread_ = std::thread([self = shared_from_this()] { self->run(); });
 }
 
@@ -95,6 +72,7 @@ bool JXTransfer::runOnce() noexcept {
     const JXTransferCommands commands = mailbox_.readCommands();
     if (commands.stop) return false;
     loop_.apply(commands, mailbox_.readAdded());
+    resumeTransport(commands);
     const JXTransferWait wait = loop_.act();
     notifyFlushers();
     if (isAbandoned()) return false;
@@ -111,6 +89,17 @@ bool JXTransfer::runOnce() noexcept {
   }
   notifyFlushers();
   return true;
+}
+
+// Resumes the transport after the requests of before a suspension were aborted, unless it was
+// suspended again in the meantime.
+void JXTransfer::resumeTransport(const JXTransferCommands& applied) {
+  if (applied.suspensions == endedSuspensions_) return;
+  mailbox_.withCommands([&](const JXTransferCommands& current) {
+    if (current.suspensions != applied.suspensions) return;
+    setup().transport->resume();
+    endedSuspensions_ = applied.suspensions;
+  });
 }
 
 // Returns false when the thread was abandoned and must not use the transport any more.
@@ -151,8 +140,9 @@ void JXTransfer::notifyFlushers() {
   changed_.notify_all();
 }
 
-void JXTransfer::enqueue(std::string_view url, std::string_view body) {
-  if (setup().outbox->add(url, body)) {
+void JXTransfer::enqueue(std::string_view url, std::string_view body, const JXRequestOrigin& origin,
+                         bool awaitsDecision) {
+  if (setup().outbox->add(url, body, origin, awaitsDecision)) {
     mailbox_.notifyAdded();
   } else if (setup().onDelivery) {
     mailbox_.send([](JXTransferCommands& commands) { ++commands.rejectedByQueue; });
@@ -163,10 +153,21 @@ void JXTransfer::storageChanged() {
   mailbox_.send([](JXTransferCommands& commands) { ++commands.storageChanges; });
 }
 
-void JXTransfer::setDisabled(bool disabled) {
-  mailbox_.send([disabled](JXTransferCommands& commands) {
-    commands.disabled = disabled;
-    ++commands.decisions;
+void JXTransfer::setFilter(std::shared_ptr<const JXSendFilter> filter, bool isConsentMissing) {
+  mailbox_.send([&](JXTransferCommands& commands) {
+    commands.filter = std::move(filter);
+    commands.isConsentMissing = isConsentMissing;
+  });
+}
+
+// Suspends the transport and sends the command under one lock, so that the thread does not resume
+// the transport before it has the new filter.
+void JXTransfer::stopSending(std::shared_ptr<const JXSendFilter> filter, bool isConsentMissing) {
+  mailbox_.send([&](JXTransferCommands& commands) {
+    setup().transport->suspend();
+    ++commands.suspensions;
+    commands.filter = std::move(filter);
+    commands.isConsentMissing = isConsentMissing;
   });
 }
 
@@ -209,7 +210,7 @@ JXDeliveryCounters JXTransfer::counters() const {
   counters.outbox = setup().outbox->counters();
   counters.attempts = loop_.attempts();
   counters.failures = loop_.failures();
-  counters.paused = commands.disabled || commands.inBackground ||
+  counters.paused = commands.isConsentMissing || commands.inBackground ||
                     (commands.pausedUntil && setup().steadyNow() < *commands.pausedUntil);
   return counters;
 }

@@ -44,13 +44,19 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   void start();
 
   /// Adds a request to the outbox before it returns, and wakes the thread to send it.
-  void enqueue(std::string_view url, std::string_view body);
+  void enqueue(std::string_view url, std::string_view body, const JXRequestOrigin& origin,
+               bool awaitsDecision);
+  void enqueue(std::string_view url, std::string_view body) { enqueue(url, body, {}, false); }
+  /// See JXOutbox::mostStops.
+  std::uint16_t mostStops(std::uint32_t source) const { return setup().outbox->mostStops(source); }
   /// Reports that other stored data changed: a sync and `maintain` run within `syncDelay`.
   void storageChanged();
 
-  /// True pauses all requests and aborts those in flight. Either value counts as a consent decision
-  /// and ends `startHold`.
-  void setDisabled(bool disabled);
+  /// Sets which requests may be sent; `isConsentMissing` is reported by `counters`.
+  void setFilter(std::shared_ptr<const JXSendFilter> filter, bool isConsentMissing);
+  /// Same, and nothing of a request that was started before is sent after it returns; the requests
+  /// in flight are aborted and stay queued. Does not wait for network or disk.
+  void stopSending(std::shared_ptr<const JXSendFilter> filter, bool isConsentMissing);
   /// True pauses requests that are not in flight yet.
   void setInBackground(bool inBackground);
   /// Pauses requests until `userAgentKnown` is called, for at most `userAgentWait`.
@@ -81,6 +87,7 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   bool isAbandoned() noexcept;
   bool isOnThread() const { return threadId_.load() == std::this_thread::get_id(); }
   bool queueIsEmpty() const { return setup().outbox->counters().queued == 0; }
+  void resumeTransport(const JXTransferCommands& applied);
   void notifyFlushers();
   const JXTransferSetup& setup() const { return loop_.setup(); }
 
@@ -89,7 +96,8 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   std::thread thread_;
   std::atomic<std::thread::id> threadId_{};
   const pid_t process_ = getpid();
-  bool hasFailed_ = false;  ///< the thread's last iteration ended with an exception
+  std::uint64_t endedSuspensions_ = 0;  ///< for the transfer thread only
+  bool hasFailed_ = false;              ///< the thread's last iteration ended with an exception
   std::atomic<int> flushing_{0};
 
   /// Guards the members below; while it is locked, only the outbox is called.

@@ -71,7 +71,7 @@ std::string causeOf(const JXHttpResult& result) {
 }  // namespace
 
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
-    : setup_(std::move(setup)), plan_(setup_.timings, setup_.steadyNow()) {
+    : setup_(std::move(setup)), plan_(setup_.timings) {
   if (setup_.onDelivery) setup_.outbox->rememberDropped();
   // Requests of an earlier process may need a sync or a cleanup.
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
@@ -79,11 +79,10 @@ JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
 
 void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
   const JXTransferPlan::Time now = setup_.steadyNow();
-  plan_.setDisabled(commands.disabled);
   plan_.setInBackground(commands.inBackground);
   plan_.pauseUntil(commands.pausedUntil);
-  if (commands.decisions != applied_.decisions) plan_.endStartHold();
-  if (added) plan_.requestsAdded();
+  if (commands.suspensions != applied_.suspensions) abortInFlight();
+  if (added || commands.filter != applied_.filter) plan_.requestsAdded();
   if (added || commands.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
   if (commands.flushes != applied_.flushes) plan_.expedite(now);
   if (commands.purges != applied_.purges) {
@@ -95,7 +94,6 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
 
 JXTransferWait JXTransferLoop::act() {
   const JXTransferActions actions = plan_.next(setup_.steadyNow());
-  if (actions.abortInFlight) abortInFlight();
   if (actions.sync) sync();
   for (std::size_t i = 0; i < actions.mayStart; ++i) {
     if (!startOne(actions.probes)) break;
@@ -147,7 +145,9 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
 
 bool JXTransferLoop::startOne(bool probes) {
   const JXTransferPlan::Time now = setup_.steadyNow();
-  std::optional<JXOutboxRequest> request = setup_.outbox->take(plan_.deferred(now));
+  static const JXSendFilter everything;
+  std::optional<JXOutboxRequest> request =
+      setup_.outbox->take(plan_.deferred(now), applied_.filter ? *applied_.filter : everything);
   if (!request) {
     plan_.nothingToStart(now);
     return false;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXStopMarks.h"
 #include "jx/core/transfer/JXDelivery.h"
 #include "jx/core/transfer/JXHttpTransport.h"
 #include "jx/core/transfer/JXTransferMailbox.h"
@@ -31,6 +32,7 @@ struct JXTransferSetup {
   JXString proxy;                             ///< proxy URL; "" for none; null: the environment's
   JXString httpUserAgent{"JXServerSide"};     ///< value of the User-Agent header
   JXDeliveryCallback onDelivery;
+  std::shared_ptr<JXStopMarks> stopMarks;  ///< records stops; null: they hold in this process only
   /// Called on the transfer thread with each sync of the outbox. Makes the core's other stored data
   /// durable and cleans it up.
   std::function<void()> maintain;

@@ -6,20 +6,24 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <utility>
 
 namespace jx {
 
+class JXSendFilter;
+
 /// Commands for the transfer thread. The counters are monotonic; a changed counter is a new
 /// command.
 struct JXTransferCommands {
   bool stop = false;
-  bool disabled = false;
+  std::shared_ptr<const JXSendFilter> filter;  ///< null: every request may be sent
+  bool isConsentMissing = false;               ///< requests are held until an enabling
   bool inBackground = false;
   std::optional<std::chrono::steady_clock::time_point> pausedUntil;  ///< wait for the user agent
-  std::uint64_t decisions = 0;  ///< how often sending was enabled or disabled
+  std::uint64_t suspensions = 0;  ///< how often the transport was suspended
   std::uint64_t purges = 0;
   std::uint64_t flushes = 0;
   std::uint64_t storageChanges = 0;
@@ -42,6 +46,12 @@ class JXTransferMailbox {
     }
     hasCommand_.store(true);
     wakeIfSleeping();
+  }
+  /// Calls `use` with the current commands; they do not change meanwhile.
+  template <class Use>
+  void withCommands(Use&& use) const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    use(commands_);
   }
   /// Reports an added request. Costs two atomic operations unless the thread must be woken.
   void notifyAdded() {

@@ -16,24 +16,13 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 
 }  // namespace
 
-JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, Time now)
-    : timings_(timings),
-      poisonRequests_(timings),
-      startHoldUntil_(now + boundedWait(timings.startHold)) {
+JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings)
+    : timings_(timings), poisonRequests_(timings) {
   inFlight_.reserve(kMaxInFlight);
 }
 
-// Returns the end of a pause that ends automatically; nullopt when there is none.
-std::optional<Time> JXTransferPlan::timedPause(Time now) const {
-  std::optional<Time> last;
-  for (const std::optional<Time>& until : {pausedUntil_, startHoldUntil_}) {
-    if (until && now < *until) last = last ? std::max(*last, *until) : *until;
-  }
-  return last;
-}
-
 std::size_t JXTransferPlan::freeSlots(Time now) const {
-  if (isBlocked(now) || retry_.isBackingOff(now)) return 0;
+  if (inBackground_ || isPaused(now) || retry_.isBackingOff(now)) return 0;
   // A probe is sent alone, after the requests in flight from before the failure have ended.
   const std::size_t slots = probing_ ? 1 : kMaxInFlight;
   return slots - std::min(slots, inFlight_.size());
@@ -41,7 +30,6 @@ std::size_t JXTransferPlan::freeSlots(Time now) const {
 
 JXTransferActions JXTransferPlan::next(Time now) {
   JXTransferActions actions;
-  actions.abortInFlight = disabled_ && !inFlight_.empty();
   actions.sync = syncDue_ && now >= *syncDue_;
   if (inFlight_.empty() && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) probing_ = true;
   if (deferredUntil_ && now >= *deferredUntil_) {
@@ -62,15 +50,14 @@ JXTransferWait JXTransferPlan::nextWait(Time now) const {
   }
   // A backoff or a pause ended since `next` was called: a request can be started immediately.
   if (freeSlots(now) > 0) wait.wakeAt = now;
-  if (!disabled_ && !inBackground_) {
-    if (const std::optional<Time> until = timedPause(now)) {
-      wait.wakeAt = earlier(wait.wakeAt, until);
+  if (!inBackground_) {
+    if (isPaused(now)) {
+      wait.wakeAt = earlier(wait.wakeAt, pausedUntil_);
     } else if (retry_.isBackingOff(now)) {
       wait.wakeAt = earlier(wait.wakeAt, retry_.backoffUntil);
     }
   }
-  // An added request ends `startHold`, so it must wake the thread then.
-  wait.ignoresAdditions = syncDue_ && freeSlots(now) == 0 && !startHoldUntil_;
+  wait.ignoresAdditions = syncDue_ && freeSlots(now) == 0;
   return wait;
 }
 

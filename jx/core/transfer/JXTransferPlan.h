@@ -15,7 +15,6 @@ namespace jx {
 
 /// Actions that are due now, in this order.
 struct JXTransferActions {
-  bool abortInFlight = false;  ///< and requeue the requests
   bool sync = false;
   std::size_t mayStart = 0;  ///< number of requests that may be started
   bool probes = false;       ///< the next request tests whether the network is available
@@ -34,9 +33,8 @@ struct JXTransferWait {
 ///
 /// At the start, after a failure and after an idle time, only one request is in flight until a
 /// response is received; then up to four are. A request that the server repeatedly fails to process
-/// does not block the others (see JXPoisonRequestTracker). A pause stops new requests; disabling
-/// also aborts those in flight. A sync follows a change within `syncDelay`, independent of the
-/// network. Requests queued at the start wait for `startHold`, unless it is ended earlier.
+/// does not block the others (see JXPoisonRequestTracker). A pause stops new requests. A sync
+/// follows a change within `syncDelay`, independent of the network.
 class JXTransferPlan {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -45,18 +43,14 @@ class JXTransferPlan {
   /// Longest backoff between syncs that leave work undone, for example on a full disk.
   static constexpr std::chrono::milliseconds kMaxSyncBackoff{60'000};
 
-  JXTransferPlan(const JXRetryTimings& timings, Time now);
+  explicit JXTransferPlan(const JXRetryTimings& timings);
 
   JXTransferActions next(Time now);
   JXTransferWait nextWait(Time now) const;
 
-  /// Reports that requests were added. Initially the plan assumes that there are requests.
-  void requestsAdded() {
-    mayHaveRequests_ = true;
-    endStartHold();
-  }
-  /// Ends `startHold`, because it is known now whether requests may be sent.
-  void endStartHold() { startHoldUntil_.reset(); }
+  /// Reports that requests were added or may be sent now. Initially the plan assumes that there are
+  /// requests.
+  void requestsAdded() { mayHaveRequests_ = true; }
   /// Reports a change on the disk that must be made durable.
   void storageChanged(Time now);
   /// Reports a completed sync; `unfinished` when it left work undone.
@@ -82,17 +76,14 @@ class JXTransferPlan {
   /// Reports an internal failure such as out of memory; starts a backoff as after a failed attempt.
   void failedInternally(Time now, double draw);
 
-  void setDisabled(bool disabled) { disabled_ = disabled; }
   void setInBackground(bool inBackground) { inBackground_ = inBackground; }
   /// Pauses requests until `until`; nullopt ends the pause.
   void pauseUntil(std::optional<Time> until) { pausedUntil_ = until; }
-  /// Applies a flush: shortens the backoff (see `shortenBackoff`) and ends deferrals and
-  /// `startHold`.
+  /// Applies a flush: shortens the backoff (see `shortenBackoff`) and ends deferrals.
   void expedite(Time now) {
     retry_ = shortenBackoff(retry_, timings_, now);
     poisonRequests_.endDeferrals();
     mayHaveRequests_ = true;
-    endStartHold();
   }
 
   const JXRetryState& retryState() const { return retry_; }
@@ -105,8 +96,7 @@ class JXTransferPlan {
     std::uint64_t round;
   };
 
-  bool isBlocked(Time now) const { return disabled_ || inBackground_ || timedPause(now); }
-  std::optional<Time> timedPause(Time now) const;
+  bool isPaused(Time now) const { return pausedUntil_ && now < *pausedUntil_; }
   std::size_t freeSlots(Time now) const;
 
   JXRetryTimings timings_;
@@ -117,10 +107,8 @@ class JXTransferPlan {
   bool mayHaveRequests_ = true;
   bool probing_ = true;
   std::optional<Time> lastEnd_;
-  bool disabled_ = false;
   bool inBackground_ = false;
   std::optional<Time> pausedUntil_;
-  std::optional<Time> startHoldUntil_;
   std::optional<Time> syncDue_;
   std::chrono::milliseconds syncBackoff_{0};
 };

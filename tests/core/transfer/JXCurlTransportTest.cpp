@@ -381,6 +381,38 @@ TEST(CurlTransport, ReturnsNoResultForAbortedRequests) {
   EXPECT_EQ(200, post(transport, server.url()).outcome.status);
 }
 
+TEST(CurlTransport, SendsNothingFromASuspensionToItsEnd) {
+  JXTestServer server;
+  server.answerAll(answerOf(Manner::StallBeforeHead));
+  JXCurlTransport transport(trusting(server));
+  transport.start({1, server.url(), "first"});
+  while (server.requests().empty())
+    transport.poll(10ms);
+  transport.suspend();
+  EXPECT_TRUE(server.waitForAbandoned(1));
+  transport.start({2, server.url(), "second"});
+  for (int i = 0; i < 20; ++i)
+    EXPECT_TRUE(transport.poll(1ms).empty()) << "a suspended request is not a failed one";
+  EXPECT_EQ(1, server.connections());
+  transport.abortAll();
+  transport.resume();
+  EXPECT_TRUE(transport.poll(0ms).empty());
+  server.answerAll({});
+  EXPECT_EQ(200, post(transport, server.url(), "third").outcome.status);
+  EXPECT_EQ((std::vector<std::string>{"first", "third"}), server.bodies());
+}
+
+TEST(CurlTransport, ReplacesAKeptConnectionAfterASuspension) {
+  JXTestServer server;
+  JXCurlTransport transport(trusting(server));
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  transport.suspend();
+  transport.abortAll();
+  transport.resume();
+  EXPECT_EQ(200, post(transport, server.url()).outcome.status);
+  EXPECT_EQ(2, server.connections());
+}
+
 TEST(CurlTransport, WakeUpEndsAPollWithoutTimeout) {
   JXCurlTransport transport{JXHttpOptions()};
   transport.wakeUp();

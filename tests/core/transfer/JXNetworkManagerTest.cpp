@@ -36,7 +36,6 @@ class NetworkManager : public ::testing::Test {
     setup.clock = std::make_shared<JXSystemClock>();
     setup.caFile = server.caFile();
     setup.timings.syncDelay = 1ms;
-    setup.timings.startHold = 0ms;
     setup.maintain = [&runs = maintained] { runs.add(1); };
   }
 
@@ -119,8 +118,10 @@ TEST_F(NetworkManager, PausesForAStateSetBeforeTheStart) {
 }
 
 TEST_F(NetworkManager, DoesNotSendOldRequestsBeforeTheStateIsSet) {
-  setup.timings.startHold = 1h;
   setup.outbox->add(server.url(), bodyOf("old"));
+  setup.outbox = nullptr;  // ends the process that added it
+  setup.outbox =
+      std::make_shared<JXOutbox>(outboxFolder, JXOutboxBounds(), std::make_shared<JXSystemClock>());
   manager.start(setup);
   manager.storageChanged();
   ASSERT_TRUE(maintained.waitFor(1));

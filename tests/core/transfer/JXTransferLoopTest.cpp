@@ -294,19 +294,21 @@ TEST_F(TransferLoop, IgnoresExceptionsOfCallbacks) {
   EXPECT_EQ(0u, queued());
 }
 
-TEST_F(TransferLoop, DisablingRequeuesRequestsInFlight) {
+TEST_F(TransferLoop, StopRequeuesRequestsInFlight) {
   transport->answers = false;
   add("a");
   runOnce();
   ASSERT_EQ(1u, transport->inFlight.size());
-  commands.disabled = true;
+  commands.filter = std::make_shared<const JXSendFilter>(true, std::vector<JXSendFilter::Rule>(),
+                                                         std::vector<JXStopMark>(), false);
+  ++commands.suspensions;
   runOnce();
   EXPECT_EQ(0u, transport->inFlight.size());
   EXPECT_EQ(1u, queued());
   now += 1h;
   runOnce();
   EXPECT_EQ(1u, transport->started.size());
-  commands.disabled = false;
+  commands.filter = nullptr;
   transport->answers = true;
   runOnce();
   EXPECT_EQ(0u, queued());
@@ -347,7 +349,7 @@ TEST_F(TransferLoop, ReportsEvictedEventsWithTheirIds) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 2;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
-  commands.disabled = true;
+  commands.inBackground = true;
   runOnce();
   for (const char* id : {"a", "b", "c", "d"})
     add(id);
@@ -419,7 +421,7 @@ TEST_F(TransferLoop, CallbackThatCausesDropsDoesNotBlockTheThread) {
     ++reports;
     setup.outbox->add("https://host/", bodyOf("more"));
   };
-  commands.disabled = true;
+  commands.inBackground = true;
   runOnce();
   add("a");
   add("b");

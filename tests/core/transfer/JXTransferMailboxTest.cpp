@@ -15,11 +15,11 @@ class TransferMailbox : public ::testing::Test {
 
 TEST_F(TransferMailbox, DoesNotWakeARunningThread) {
   mailbox.notifyAdded();
-  mailbox.send([](JXTransferCommands& commands) { commands.disabled = true; });
+  mailbox.send([](JXTransferCommands& commands) { commands.inBackground = true; });
   EXPECT_EQ(0, wakes);
   EXPECT_TRUE(mailbox.readAdded());
   EXPECT_FALSE(mailbox.readAdded());
-  EXPECT_TRUE(mailbox.readCommands().disabled);
+  EXPECT_TRUE(mailbox.readCommands().inBackground);
 }
 
 TEST_F(TransferMailbox, WakesASleepingThreadForTheFirstAdditionOnly) {

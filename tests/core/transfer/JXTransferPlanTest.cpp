@@ -17,11 +17,9 @@ constexpr JXAttemptResult kNoResponse{0, false};
 constexpr JXAttemptResult kUnavailable{503, false};
 constexpr JXAttemptResult kNeverSendable{0, true};
 
-// A plan after its `startHold`, with queued requests.
+// A plan with queued requests.
 class TransferPlan : public ::testing::Test {
  protected:
-  TransferPlan() { plan.endStartHold(); }
-
   std::size_t mayStart(Time now) { return plan.next(now).mayStart; }
   // Delivers the first request, so that several may be in flight afterwards.
   void warmUp() {
@@ -29,7 +27,7 @@ class TransferPlan : public ::testing::Test {
     plan.ended(1, kDelivered, {}, kStart, 0.5);
   }
 
-  JXTransferPlan plan{JXRetryTimings(), kStart};
+  JXTransferPlan plan{JXRetryTimings()};
 };
 
 TEST_F(TransferPlan, StartsOneRequestUntilAResponseIsReceived) {
@@ -132,34 +130,11 @@ TEST_F(TransferPlan, DoesNotWakeForAnEmptyQueue) {
   EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);
 }
 
-TEST_F(TransferPlan, DisablingAbortsAndPausesRequestsInFlight) {
-  plan.started(1);
-  plan.setDisabled(true);
-  EXPECT_TRUE(plan.next(kStart).abortInFlight);
-  EXPECT_EQ(Ids{1}, plan.aborted());
-  const JXTransferActions actions = plan.next(kStart);
-  EXPECT_FALSE(actions.abortInFlight);
-  EXPECT_EQ(0u, actions.mayStart);
-  EXPECT_EQ(std::nullopt, plan.nextWait(kStart).wakeAt);
-  plan.setDisabled(false);
-  EXPECT_EQ(1u, mayStart(kStart));
-  EXPECT_EQ(0u, plan.retryState().failures);
-}
-
-TEST_F(TransferPlan, DisablingPausesAScheduledRetry) {
-  plan.started(1);
-  plan.ended(1, kNoResponse, {}, kStart, 0.5);
-  plan.setDisabled(true);
-  EXPECT_EQ(0u, mayStart(kStart + 1h));
-  EXPECT_EQ(std::nullopt, plan.nextWait(kStart).wakeAt);
-}
-
 TEST_F(TransferPlan, NeitherStartsNorAbortsRequestsInTheBackground) {
   plan.started(1);
   plan.setInBackground(true);
-  const JXTransferActions actions = plan.next(kStart);
-  EXPECT_FALSE(actions.abortInFlight);
-  EXPECT_EQ(0u, actions.mayStart);
+  EXPECT_EQ(0u, mayStart(kStart));
+  EXPECT_TRUE(plan.isInFlight(1));
   plan.ended(1, kDelivered, {}, kStart, 0.5);
   EXPECT_EQ(0u, mayStart(kStart));
   plan.setInBackground(false);
@@ -179,40 +154,11 @@ TEST_F(TransferPlan, PauseForTheUserAgentEndsWhenItIsKnown) {
   EXPECT_EQ(1u, mayStart(kStart));
 }
 
-TEST(TransferPlanStartHold, WaitsASecondForADecision) {
-  JXTransferPlan plan(JXRetryTimings(), kStart);
-  EXPECT_EQ(0u, plan.next(kStart + 999ms).mayStart);
-  EXPECT_EQ(kStart + 1s, plan.nextWait(kStart).wakeAt);
-  EXPECT_EQ(1u, plan.next(kStart + 1s).mayStart);
-}
-
-TEST(TransferPlanStartHold, EndsForARequestADecisionOrAFlush) {
-  JXTransferPlan byRequest(JXRetryTimings(), kStart);
-  byRequest.requestsAdded();
-  EXPECT_EQ(1u, byRequest.next(kStart).mayStart);
-  JXTransferPlan byDecision(JXRetryTimings(), kStart);
-  byDecision.endStartHold();
-  EXPECT_EQ(1u, byDecision.next(kStart).mayStart);
-  JXTransferPlan byFlush(JXRetryTimings(), kStart);
-  byFlush.expedite(kStart);
-  EXPECT_EQ(1u, byFlush.next(kStart).mayStart);
-}
-
-TEST(TransferPlanStartHold, WakesForAnAddedRequest) {
-  JXTransferPlan plan(JXRetryTimings(), kStart);
-  plan.storageChanged(kStart);
-  EXPECT_FALSE(plan.nextWait(kStart).ignoresAdditions);
-}
-
-TEST(TransferPlanWaits, LimitsTheStartHoldAndTheSyncDelay) {
+TEST(TransferPlanWaits, LimitsTheSyncDelay) {
   JXRetryTimings timings;
-  timings.startHold = std::chrono::milliseconds::max();
   timings.syncDelay = std::chrono::milliseconds::max();
-  JXTransferPlan longest(timings, kStart);
+  JXTransferPlan longest(timings);
   const Time limit = kStart + std::chrono::hours(24 * 365);
-  EXPECT_EQ(0u, longest.next(kStart).mayStart);
-  EXPECT_EQ(limit, longest.nextWait(kStart).wakeAt);
-  EXPECT_EQ(1u, longest.next(limit).mayStart);
   longest.storageChanged(kStart);
   EXPECT_FALSE(longest.next(limit - 1ms).sync);
   EXPECT_TRUE(longest.next(limit).sync);
@@ -220,10 +166,8 @@ TEST(TransferPlanWaits, LimitsTheStartHoldAndTheSyncDelay) {
   EXPECT_FALSE(longest.next(limit - 1ms).sync);
   EXPECT_TRUE(longest.next(limit).sync);
 
-  timings.startHold = std::chrono::milliseconds::min();
   timings.syncDelay = std::chrono::milliseconds::min();
-  JXTransferPlan shortest(timings, kStart);
-  EXPECT_EQ(1u, shortest.next(kStart).mayStart);
+  JXTransferPlan shortest(timings);
   shortest.storageChanged(kStart);
   EXPECT_TRUE(shortest.next(kStart).sync);
   shortest.synced(true, kStart);

@@ -46,7 +46,6 @@ class Transfer : public ::testing::Test {
     setup.timings.initialBackoff = 1ms;
     setup.timings.maxBackoff = 10ms;
     setup.timings.syncDelay = 1ms;
-    setup.timings.startHold = 0ms;
     setup.onDelivery = [this](const JXDelivery& delivery) { deliveries.add(delivery); };
     setup.maintain = [this] { maintained.add(1); };
     setup.beforeConnecting = [this] { probes.add(1); };
@@ -70,6 +69,8 @@ class Transfer : public ::testing::Test {
 
   TemporaryFolder folder;
   const std::string outboxFolder = folder.file("outbox");
+  const std::shared_ptr<const JXSendFilter> nothing = std::make_shared<const JXSendFilter>(
+      true, std::vector<JXSendFilter::Rule>(), std::vector<JXStopMark>(), false);
   JXTestServer server;
   JXCollected<JXDelivery> deliveries;
   JXCollected<int> maintained;
@@ -304,14 +305,14 @@ TEST_F(Transfer, WithdrawnConsentAbortsAndPausesRequestsInFlight) {
   start();
   enqueue("private");
   ASSERT_TRUE(server.waitForRequests(1));
-  transfer->setDisabled(true);
+  transfer->stopSending(nothing, true);
   EXPECT_TRUE(server.waitForAbandoned(1));
   enqueue("second");
   ASSERT_TRUE(waitForThread());
   EXPECT_TRUE(transfer->counters().paused);
   EXPECT_EQ(1u, transfer->counters().attempts);
   EXPECT_EQ(2u, queued());
-  transfer->setDisabled(false);
+  transfer->setFilter(nullptr, false);
   EXPECT_TRUE(transfer->flush(kLong));
   EXPECT_EQ((Texts{bodyOf("private"), bodyOf("private"), bodyOf("second")}), server.bodies());
 }
@@ -319,11 +320,11 @@ TEST_F(Transfer, WithdrawnConsentAbortsAndPausesRequestsInFlight) {
 TEST_F(Transfer, SendsNothingWhenDisabledFromTheStart) {
   setup.outbox->add(server.url(), bodyOf("old"));
   transfer = std::make_shared<JXTransfer>(setup);
-  transfer->setDisabled(true);
+  transfer->setFilter(nothing, true);
   transfer->start();
   ASSERT_TRUE(waitForThread());
   EXPECT_EQ(0, server.connections());
-  transfer->setDisabled(false);
+  transfer->setFilter(nullptr, false);
   EXPECT_TRUE(transfer->flush(kLong));
 }
 
@@ -419,6 +420,8 @@ class WatchedTransport : public JXHttpTransport {
     curl_.wakeUp();
   }
   void abortAll() noexcept override { curl_.abortAll(); }
+  void suspend() noexcept override { curl_.suspend(); }
+  void resume() noexcept override { curl_.resume(); }
 
   std::atomic<int> wakes{0};
   int polls = 0;

@@ -49,9 +49,13 @@ TEST(QueueProgram, PurgeDeletesRequestsOfAnExitedProcess) {
   const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
   EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
             3);
+  const auto list = runJx({"queue", "list", "--json", "--state", state});
+  EXPECT_EQ(linesOf(list.output), 3);
+  EXPECT_TRUE(contains(list.output, "\"body\":{\"event_name\": \"n0\",")) << list.output;
   const auto purge = runJx({"queue", "purge", "--state", state});
   EXPECT_EQ(purge.status, 0) << purge.errors;
   EXPECT_EQ(purge.output, "3 requests and 0 dead letters deleted\n");
+  EXPECT_EQ(runJx({"queue", "list", "--json", "--state", state}).output, "");
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output,
             "0 requests queued, 0 bytes; 0 dead letters\n");
 }
@@ -110,6 +114,8 @@ TEST(QueueProgram, ReportsWrongUsageInOneLineWithStatus2) {
        std::vector<std::vector<std::string>>{{"queue"},
                                              {"queue", "status"},
                                              {"queue", "--state", "x"},
+                                             {"queue", "status", "--json", "--state", "x"},
+                                             {"queue", "purge", "--json", "--state", "x"},
                                              {"queue", "dance", "--state", "x"}}) {
     const auto result = runJx(arguments);
     EXPECT_EQ(result.status, 2);
@@ -121,7 +127,7 @@ TEST(QueueProgram, ReportsWrongUsageInOneLineWithStatus2) {
 TEST(QueueProgram, HelpListsTheVerbs) {
   const auto result = runJx({"queue", "--help"});
   EXPECT_EQ(result.status, 0);
-  for (const char* part : {"status", "list", "dead", "purge", "--state"}) {
+  for (const char* part : {"status", "list", "dead", "purge", "--state", "--json"}) {
     EXPECT_TRUE(contains(result.output, part)) << part;
   }
 }

@@ -50,5 +50,38 @@ TEST(QueueReport, ListsInvalidBodiesAndNamesInOneLine) {
             "1970-01-01T00:00:00.000Z        30  a b [0m                   -\n");
 }
 
+TEST(QueueReport, PrintsStoredBodiesAsJsonInOneLine) {
+  EXPECT_EQ(
+      queueJsonLines({request(1'000, "{\n  \"price\": 12.50,\r\n\t\"name\": \"\\n  \\u00e9\"\n}"),
+                      request(0, "{}")},
+                     false),
+      R"({"created":"1970-01-01T00:00:01.000Z","url":"https://h/events",)"
+      R"("body":{"price": 12.50,"name": "\n  \u00e9"}})"
+      "\n"
+      R"({"created":"1970-01-01T00:00:00.000Z","url":"https://h/events","body":{}})"
+      "\n");
+}
+
+TEST(QueueReport, PrintsTheStatusOfDeadLettersAsJson) {
+  EXPECT_EQ(queueJsonLines({request(0, "{}", 410)}, true),
+            R"({"created":"1970-01-01T00:00:00.000Z","status":410,"url":"https://h/events",)"
+            R"("body":{}})"
+            "\n");
+  EXPECT_EQ(queueJsonLines({}, true), "");
+}
+
+TEST(QueueReport, PrintsBodiesThatAreNotJsonObjectsAsStrings) {
+  for (const auto& [body, printed] : {std::pair("no JSON", R"("no JSON")"),
+                                      {"", R"("")"},
+                                      {"{\"a\":", R"("{\"a\":")"},
+                                      {"[1]", R"("[1]")"},
+                                      {"\xEF\xBB\xBF{}", "\"\xEF\xBB\xBF{}\""},
+                                      {"\xFF", "\"\xEF\xBF\xBD\""}}) {
+    EXPECT_EQ(queueJsonLines({request(0, body)}, false),
+              R"({"created":"1970-01-01T00:00:00.000Z","url":"https://h/events","body":)" +
+                  std::string(printed) + "}\n");
+  }
+}
+
 }  // namespace
 }  // namespace jx

@@ -50,11 +50,13 @@ Result<std::string> runVerb(const QueueOptions& options) {
   if (options.verb == "dead") {
     const Result<Listing> dead = read(listDeadLetters);
     if (!dead) return dead.error();
-    return queueLines(*dead, true);
+    return options.json ? queueJsonLines(*dead, true) : queueLines(*dead, true);
   }
   const Result<Listing> queued = read(listOutbox);
   if (!queued) return queued.error();
-  if (options.verb == "list") return queueLines(*queued, false);
+  if (options.verb == "list") {
+    return options.json ? queueJsonLines(*queued, false) : queueLines(*queued, false);
+  }
   const Result<Listing> dead = read(listDeadLetters);
   if (!dead) return dead.error();
   return queueStatus(*queued, *dead);
@@ -86,7 +88,15 @@ void addQueueCommand(CLI::App& app, int& exitStatus) {
   command->add_option("--state", options->stateFolder, "Read the state folder of the application")
       ->required()
       ->type_name("DIR");
-  command->callback([options, &exitStatus] { exitStatus = runQueue(*options); });
+  command->add_flag("--json", options->json,
+                    "Print each request as one line of JSON, with its URL and body; for list and "
+                    "dead");
+  command->callback([options, &exitStatus] {
+    if (options->json && options->verb != "list" && options->verb != "dead") {
+      throw CLI::ValidationError("--json", "only list and dead print JSON");
+    }
+    exitStatus = runQueue(*options);
+  });
 }
 
 }  // namespace jx

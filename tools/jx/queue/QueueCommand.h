@@ -12,6 +12,7 @@ namespace jx {
 struct QueueOptions {
   std::string verb;  ///< "status", "list", "dead" or "purge"
   std::filesystem::path stateFolder;
+  bool json = false;  ///< print the whole requests; for "list" and "dead"
 };
 
 /// Prints the content of the outbox of a state folder without changing it, or purges it. Other

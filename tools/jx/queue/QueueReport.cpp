@@ -7,8 +7,10 @@
 #include <map>
 #include <optional>
 
+#include "jx/core/json/JXJsonReader.h"
 #include "tools/jx/Printable.h"
 #include "tools/jx/collector/EventMetadata.h"
+#include "tools/jx/collector/JsonOut.h"
 
 namespace jx {
 namespace {
@@ -52,6 +54,21 @@ std::string rejections(const std::vector<JXOutboxListing>& dead) {
   return text;
 }
 
+// Returns a JSON object without the line breaks and the indentation after them, which cannot be
+// inside a string; nullopt if the body is not an object. Numbers keep their digits.
+std::optional<std::string> asJsonLine(const std::string& body) {
+  if (body.empty() || body.front() != '{' || !JXJsonReader::read(body).error.empty()) {
+    return std::nullopt;
+  }
+  std::string line;
+  bool isIndentation = false;
+  for (const char c : body) {
+    isIndentation = c == '\n' || c == '\r' || (isIndentation && (c == ' ' || c == '\t'));
+    if (!isIndentation) line += c;
+  }
+  return line;
+}
+
 }  // namespace
 
 std::string queueStatus(const std::vector<JXOutboxListing>& queued,
@@ -82,6 +99,23 @@ std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withSt
     if (withStatus) text += "  " + std::to_string(request.status);
     text += "  " + rightAligned(std::to_string(request.body.size()), kSizeWidth) + "  " +
             padded(shown(event.name), kNameWidth) + "  " + shown(event.eventID) + "\n";
+  }
+  return text;
+}
+
+std::string queueJsonLines(const std::vector<JXOutboxListing>& requests, bool withStatus) {
+  std::string text;
+  for (const JXOutboxListing& request : requests) {
+    JsonOut line;
+    line.beginObject().member("created", asIsoTime(request.createdMs));
+    if (withStatus) line.member("status", std::int64_t{request.status});
+    line.member("url", request.url).key("body");
+    if (const std::optional<std::string> body = asJsonLine(request.body)) {
+      text += line.text() + *body + "}";
+    } else {
+      text += line.value(request.body).endObject().text();
+    }
+    text += '\n';
   }
   return text;
 }

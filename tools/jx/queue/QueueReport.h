@@ -20,6 +20,10 @@ std::string queueStatus(const std::vector<JXOutboxListing>& queued,
 /// the HTTP status as the second column. A value that the event does not contain is "-".
 std::string queueLines(const std::vector<JXOutboxListing>& requests, bool withStatus);
 
+/// Returns one line of JSON per request: "created" (UTC), "status" if `withStatus`, "url" and
+/// "body", which is a string if the stored bytes are not a JSON object.
+std::string queueJsonLines(const std::vector<JXOutboxListing>& requests, bool withStatus);
+
 /// Returns the result of a purge in one or two lines.
 std::string queuePurged(const JXOutboxPurge& purge);
 

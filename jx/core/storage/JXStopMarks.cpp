@@ -1,0 +1,156 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXStopMarks.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cinttypes>
+#include <cstdio>
+#include <system_error>
+#include <thread>
+
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXSignalsBlocked.h"
+#include "jx/core/storage/JXFile.h"
+#include "jx/core/storage/JXFolder.h"
+
+namespace jx {
+namespace {
+
+constexpr char kPrefix[] = "stopped-";
+constexpr int kMaxTextSize = 16;
+
+// Returns whether the name is that of a mark.
+bool readName(const std::string& name, std::uint32_t& source) {
+  if (std::sscanf(name.c_str(), "stopped-%8" SCNx32, &source) != 1) return false;
+  return name == JXStopMarks::nameOf(source);
+}
+
+std::uint16_t readStops(const std::string& path) {
+  int error = 0;
+  const JXFile file = JXFile::open(path, JXFile::Access::Read, error);
+  char text[kMaxTextSize + 1] = {};
+  std::size_t got = 0;
+  if (error != 0 || file.read(0, text, kMaxTextSize, got) != 0) return JXStopMarks::kAllStops;
+  unsigned stops = 0;
+  int used = 0;
+  // The line break shows that the text is complete.
+  const bool isWhole = std::sscanf(text, "%5u%n", &stops, &used) == 1 && used > 0 &&
+                       std::string(text + used) == "\n" && stops > 0 &&
+                       stops <= JXStopMarks::kAllStops;
+  return isWhole ? static_cast<std::uint16_t>(stops) : JXStopMarks::kAllStops;
+}
+
+}  // namespace
+
+std::string JXStopMarks::nameOf(std::uint32_t source) {
+  char name[sizeof kPrefix + 8];
+  std::snprintf(name, sizeof name, "%s%08" PRIx32, kPrefix, source);
+  return name;
+}
+
+std::vector<JXStopMark> JXStopMarks::read() const {
+  std::vector<JXStopMark> marks;
+  std::vector<std::string> names;
+  if (folder_.empty() || listFolder(folder_, names) != 0) return marks;
+  for (const std::string& name : names) {
+    JXStopMark mark;
+    if (!readName(name, mark.source)) continue;
+    mark.stops = readStops(folder_ + "/" + name);
+    marks.push_back(mark);
+  }
+  return marks;
+}
+
+void JXStopMarks::set(const JXStopMark& mark) {
+  if (folder_.empty()) return;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  pending_[mark.source] = mark.stops;
+  if (hasThread_) return;
+  const JXSignalsBlocked blockedInTheNewThread;
+  // Throws if the system cannot create a thread; the next change of a mark tries again.
+  std::thread([self = shared_from_this()] { self->run(); }).detach();
+  hasThread_ = true;
+}
+
+void JXStopMarks::wait(std::chrono::milliseconds limit) {
+  std::unique_lock<std::mutex> lock(mutex_);
+  changed_.wait_for(lock, limit, [this] { return !hasThread_; });
+}
+
+// Sets all marks before it makes them durable, and another thread may set marks in the meantime: a
+// slow disk must not delay a mark that a killed process needs.
+void JXStopMarks::run() noexcept {
+  std::unique_lock<std::mutex> lock(mutex_);
+  while (!pending_.empty())
+    setNext(lock);
+  hasThread_ = false;
+  changed_.notify_all();
+  if (isSyncing_) return;
+  isSyncing_ = true;
+  while (!unsynced_.empty())
+    syncAll(lock);
+  isSyncing_ = false;
+}
+
+void JXStopMarks::setNext(std::unique_lock<std::mutex>& lock) {
+  const JXStopMark mark{pending_.begin()->first, pending_.begin()->second};
+  pending_.erase(pending_.begin());
+  lock.unlock();
+  const int error = mark.stops != 0 ? write(mark) : remove(mark.source);
+  report(mark, error);
+  lock.lock();
+  if (error == 0) unsynced_.insert(mark.source);
+}
+
+void JXStopMarks::syncAll(std::unique_lock<std::mutex>& lock) {
+  const std::set<std::uint32_t> sources = std::exchange(unsynced_, {});
+  lock.unlock();
+  for (const std::uint32_t source : sources) {
+    int error = sync(source);
+    if (error == 0) error = synchronizeFolder(folder_);
+    if (error != 0 && error != ENOENT) report({source, 1}, error);
+  }
+  lock.lock();
+}
+
+int JXStopMarks::write(const JXStopMark& mark) const {
+  int error = makeFolder(folder_);
+  if (error != 0) return error;
+  JXFile file = JXFile::open(pathOf(mark.source), JXFile::Access::AppendEmptied, error);
+  if (error != 0) return error;
+  const std::string text = std::to_string(mark.stops) + "\n";
+  const iovec part{const_cast<char*>(text.data()), text.size()};
+  std::size_t written = 0;
+  error = file.append(&part, 1, written);
+  // What was written counts as a stop, too.
+  return error == 0 && written < text.size() ? ENOSPC : error;
+}
+
+int JXStopMarks::remove(std::uint32_t source) const {
+  const std::string path = pathOf(source);
+  return ::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+}
+
+int JXStopMarks::sync(std::uint32_t source) const {
+  int error = 0;
+  const JXFile file = JXFile::open(pathOf(source), JXFile::Access::Read, error);
+  if (error == ENOENT) return 0;
+  return error != 0 ? error : file.synchronize();
+}
+
+// Called without the lock, because the log sink belongs to the application.
+void JXStopMarks::report(const JXStopMark& mark, int error) {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (std::exchange(loggedError_, error) == error || error == 0) return;
+  }
+  const std::string reason = std::error_code(error, std::generic_category()).message();
+  JXLogger::sharedInstance().logMessage_withLevel(
+      (mark.stops != 0 ? "Cannot record the stop in " : "Cannot remove the record of a stop in ") +
+          pathOf(mark.source) + ": " + reason + "; the decision holds in this process only",
+      3);
+}
+
+}  // namespace jx

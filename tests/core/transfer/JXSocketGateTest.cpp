@@ -1,0 +1,101 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/transfer/JXSocketGate.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace jx {
+namespace {
+
+class SocketGate : public ::testing::Test {
+ protected:
+  SocketGate() {
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    EXPECT_EQ(0, ::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address));
+    EXPECT_EQ(0, ::listen(listener, 8));
+    socklen_t size = sizeof address;
+    EXPECT_EQ(0, ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size));
+  }
+  ~SocketGate() override { ::close(listener); }
+
+  int connectTo(int socket) {
+    return ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+  }
+  static bool canSend(int socket) { return ::send(socket, "x", 1, MSG_NOSIGNAL) == 1; }
+
+  sockaddr_in address{};
+  const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  JXSocketGate gate;
+};
+
+TEST_F(SocketGate, OpensSocketsThatAreClosedOnExec) {
+  const int socket = gate.open(AF_INET, SOCK_STREAM, 0);
+  ASSERT_GE(socket, 0);
+  EXPECT_EQ(FD_CLOEXEC, ::fcntl(socket, F_GETFD));
+  ASSERT_EQ(0, connectTo(socket));
+  EXPECT_TRUE(canSend(socket));
+  gate.close(socket);
+  EXPECT_EQ(-1, ::fcntl(socket, F_GETFD));
+}
+
+TEST_F(SocketGate, EndsWritingOnEveryConnectedSocket) {
+  const int first = gate.open(AF_INET, SOCK_STREAM, 0);
+  const int second = gate.open(AF_INET, SOCK_STREAM, 0);
+  ASSERT_EQ(0, connectTo(first));
+  ASSERT_EQ(0, connectTo(second));
+  gate.shut();
+  EXPECT_TRUE(gate.isShut());
+  EXPECT_FALSE(canSend(first));
+  EXPECT_EQ(EPIPE, errno);
+  EXPECT_FALSE(canSend(second));
+  gate.reopen();
+  EXPECT_FALSE(canSend(first)) << "a socket never becomes usable again";
+  gate.close(first);
+  gate.close(second);
+}
+
+TEST_F(SocketGate, EndsASocketBeforeItIsConnected) {
+  const int socket = gate.open(AF_INET, SOCK_STREAM, 0);
+  gate.shut();
+  EXPECT_NE(0, connectTo(socket));
+  EXPECT_FALSE(canSend(socket));
+  EXPECT_EQ(FD_CLOEXEC, ::fcntl(socket, F_GETFD));
+  gate.close(socket);
+}
+
+TEST_F(SocketGate, OpensNoSocketWhileItIsShut) {
+  gate.shut();
+  EXPECT_EQ(-1, gate.open(AF_INET, SOCK_STREAM, 0));
+  gate.reopen();
+  EXPECT_FALSE(gate.isShut());
+  const int socket = gate.open(AF_INET, SOCK_STREAM, 0);
+  ASSERT_EQ(0, connectTo(socket));
+  EXPECT_TRUE(canSend(socket));
+  gate.close(socket);
+}
+
+TEST_F(SocketGate, LeavesAForeignSocketWithAReusedDescriptorAlone) {
+  const int socket = gate.open(AF_INET, SOCK_STREAM, 0);
+  ::close(socket);  // not through the gate
+  const int foreign = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  ASSERT_EQ(socket, foreign);
+  ASSERT_EQ(0, connectTo(foreign));
+  gate.shut();
+  EXPECT_TRUE(canSend(foreign));
+  ::close(foreign);
+}
+
+TEST_F(SocketGate, ReportsAnUnknownFamilyAsFailure) {
+  EXPECT_EQ(-1, gate.open(12'345, SOCK_STREAM, 0));
+}
+
+}  // namespace
+}  // namespace jx
