@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <system_error>
 #include <thread>
 
 #include "jx/core/json/JXJsonReader.h"
@@ -80,7 +81,10 @@ void ConsentScenario::leaveFromOldVersion(const Events& events, const Events& wa
 
 void ConsentScenario::stop(const std::string& key) const {
   Life life = begin("0", key);
+  const std::size_t before = marks().size();
   life.perform("disable this");
+  // On a busy machine the call may return before the mark is written.
+  EXPECT_TRUE(before > 0 || waitForMarks(1));
   life.kill();
 }
 
@@ -124,7 +128,8 @@ std::vector<std::string> ConsentScenario::arrived() const {
 
 std::vector<std::string> ConsentScenario::marks() const {
   std::vector<std::string> found;
-  for (const auto& file : std::filesystem::directory_iterator(state() + "/outbox")) {
+  std::error_code error;  // the folder may not exist yet
+  for (const auto& file : std::filesystem::directory_iterator(state() + "/outbox", error)) {
     const std::string name = file.path().filename().string();
     if (name.rfind("stopped-", 0) == 0) found.push_back(file.path().string());
   }

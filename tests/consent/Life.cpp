@@ -45,12 +45,15 @@ void Life::kill() {
   process_->wait(kPatience);
 }
 
-void Life::disableAndKill(const std::string& name) {
+bool Life::disableAndKill(const std::string& name) {
   process_->writeInput("kill " + name + "\n");
+  const bool isSlow = process_->waitForOutput("slow\n", kPatience);
+  if (isSlow) process_->signal(SIGKILL);
   const ChildProcess::Result result = process_->wait(kPatience);
   if (result.status != 128 + SIGKILL || result.timedOut) {
     throw std::runtime_error("the process was not killed:\n" + result.errors);
   }
+  return !isSlow;
 }
 
 std::string Life::end() {

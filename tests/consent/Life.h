@@ -21,8 +21,9 @@ class Life {
   void executeAlways(const std::string& event);
   /// Ends the process by SIGKILL.
   void kill();
-  /// Calls disableServerSide, after which the process ends itself by SIGKILL.
-  void disableAndKill(const std::string& name);
+  /// Calls disableServerSide, after which the process ends itself by SIGKILL. Returns false when it
+  /// did not because the call took too long; the process is then killed later.
+  bool disableAndKill(const std::string& name);
   /// Ends the process like an application and returns its log messages.
   std::string end();
 

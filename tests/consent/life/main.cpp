@@ -11,7 +11,10 @@
 //   enable NAME, disable NAME    calls enableServerSide or disableServerSide
 //   state NAME                   the value is the ServerSide's state
 //   disk none|readonly|hanging   changes the disk of this process
-//   kill NAME                    disables the ServerSide and ends by SIGKILL
+//   kill NAME                    disables the ServerSide and ends by SIGKILL at once, unless the
+//   call
+//                                took so long that it may not have waited for the disk; then the
+//                                value is "slow"
 //
 // Ends like an application with the end of its input. Log messages go to standard error.
 
@@ -35,6 +38,9 @@ namespace jx::test {
 namespace {
 
 using std::chrono::milliseconds;
+
+// Shorter than the time for which a stop waits until it is recorded.
+constexpr milliseconds kLongestWait{4};
 
 class Application {
  public:
@@ -100,9 +106,10 @@ class Application {
       {"disk", [this](std::istream& words) { return setDisk(words); }},
       {"kill",
        [this](std::istream& words) {
+         const auto before = std::chrono::steady_clock::now();
          named(words)->disableServerSide();
-         ::raise(SIGKILL);
-         return std::string();
+         if (std::chrono::steady_clock::now() - before < kLongestWait) ::raise(SIGKILL);
+         return std::string("slow");
        }},
   };
 };
