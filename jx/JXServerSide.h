@@ -22,6 +22,7 @@
 #include "jx/events/ecommerce/JXPurchaseStatuses.h"
 #include "jx/events/video/JXAdTypes.h"
 #include "jx/events/video/JXVideoModes.h"
+#include "jx/facade/JXStoredData.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/session/JXApp.h"
 #include "jx/session/JXDevice.h"

@@ -4,9 +4,11 @@
 
 #include <chrono>
 #include <cstring>
+#include <string>
 
 #include "jx/c/internal/JXCall.h"
 #include "jx/core/transfer/JXNetworkManager.h"
+#include "jx/facade/JXStoredData.h"
 
 namespace {
 
@@ -68,6 +70,19 @@ jx_status jx_flush(int64_t deadline_ms) {
     const bool isEmpty =
         jx::JXNetworkManager::sharedInstance().flush(std::chrono::milliseconds(deadline_ms));
     return isEmpty ? JX_OK : JX_ERROR_TIMED_OUT;
+  });
+}
+
+jx_status jx_erase_all(char* left, size_t capacity, size_t* length) {
+  return jx::c::call(__func__, [&]() -> Result {
+    if (left == nullptr && capacity != 0) return JX_ERROR_NULL_ARGUMENT;
+    const jx::JXErasure erasure = jx::JXStoredData::eraseAll();
+    std::string lines;
+    for (const std::string& line : erasure.left)
+      lines += line + "\n";
+    // A buffer that is too small does not hide that data is left.
+    jx::c::copyOut(lines, left, capacity, length);
+    return erasure.isComplete ? JX_OK : JX_ERROR_NOT_ERASED;
   });
 }
 

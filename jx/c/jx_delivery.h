@@ -75,6 +75,17 @@ JX_API jx_status jx_counters_get(jx_counters* counters, size_t struct_size);
 JX_API jx_status jx_flush(int64_t deadline_ms);
 /// Removes all queued requests and all dead letters.
 JX_API jx_status jx_purge(void);
+/// Erases everything that the library has stored on the device and in this process: queued events,
+/// dead letters, identifiers, counts and times of visits and sessions. The next event has new
+/// identifiers. Values that the application sets stay: permanent data, consent ID, configuration,
+/// and whether events are sent. May be called before the library starts: it then erases the
+/// configured folder. Blocks on disk I/O. See JXStoredData in C++ for other processes and threads.
+///
+/// Returns JX_ERROR_NOT_ERASED if something is left; everything else was erased. `left` then
+/// receives one line for each file that could not be deleted, its path and the reason, or "" if the
+/// buffer is too small; `*length`, which may be null, receives the length without the NUL. `left`
+/// may be null with capacity 0.
+JX_API jx_status jx_erase_all(char* left, size_t capacity, size_t* length);
 
 #ifdef __cplusplus
 }

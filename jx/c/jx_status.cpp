@@ -9,7 +9,7 @@
 #include "jx/session/JXServerSideVersion.h"
 
 const char* jx_status_string(uint32_t status) {
-  static constexpr std::array<const char*, 21> kDescriptions{
+  static constexpr std::array<const char*, 22> kDescriptions{
       "success",
       "handle is null",
       "handle was freed or is invalid",
@@ -31,6 +31,7 @@ const char* jx_status_string(uint32_t status) {
       "out of memory or handles",
       "internal error",
       "index is out of range",
+      "some stored data could not be erased",
   };
   return status < kDescriptions.size() ? kDescriptions[status] : "unknown status";
 }

@@ -56,7 +56,9 @@ typedef enum jx_status {
   /// An internal error; the detail describes it.
   JX_ERROR_INTERNAL = 19,
   /// The list has no element at this index.
-  JX_ERROR_OUT_OF_RANGE = 20
+  JX_ERROR_OUT_OF_RANGE = 20,
+  /// Some of the stored data could not be erased.
+  JX_ERROR_NOT_ERASED = 21
 } jx_status;
 
 /// Returns a description of a `jx_status`, a constant. Never null, even for an unknown value.

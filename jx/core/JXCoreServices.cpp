@@ -16,6 +16,7 @@
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -30,6 +31,11 @@ thread_local const char* currentOperation = nullptr;
 JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
   if (configuration.storageFolder.testString()) return configuration.storageFolder;
   return platform.defaultStorageFolder();
+}
+
+std::shared_ptr<JXPlatform> platformOf(const JXCoreConfiguration& configuration) {
+  if (configuration.platform) return configuration.platform;
+  return makeSystemPlatform(configuration.bundle, configuration.screen, configuration.userAgent);
 }
 
 // Stores the user agent before it posts the notification, so that observers can read it.
@@ -67,10 +73,7 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
     : configuration_(configuration) {
   JXLogger& logger = JXLogger::sharedInstance();
   clock_ = configuration.clock ? configuration.clock : std::make_shared<JXSystemClock>();
-  platform_ =
-      configuration.platform
-          ? configuration.platform
-          : makeSystemPlatform(configuration.bundle, configuration.screen, configuration.userAgent);
+  platform_ = platformOf(configuration);
 
   const JXCollectionEndpoint endpoint =
       JXCollectionEndpoint::from(configuration.collectionHost, JX_COLLECTION_HOST);
@@ -81,13 +84,34 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
 
   storageFolder_ = storageFolderOf(configuration, *platform_);
   userDefaults_ = platform_->userDefaults();
+  // Before anything is read: it finishes an interrupted erase.
+  erasures_ = std::make_shared<JXErasures>(
+      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(), userDefaults_);
   if (userDefaults_ == nullptr && storageFolder_.testString()) {
-    defaultsFile_ = std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults");
+    defaultsFile_ =
+        std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults", erasures_);
     userDefaults_ = defaultsFile_.get();
   }
   if (!storageFolder_.testString() && !configuration.dryRun) {
     logger.logMessage_withLevel("No storage folder available; events are kept in memory only", 3);
   }
+}
+
+std::vector<std::string> JXCoreServices::eraseStoredData() {
+  if (hasStarted()) return sharedInstance().erase();
+  const JXCoreConfiguration configuration = JXCoreConfiguration::current();
+  const std::shared_ptr<JXPlatform> platform = platformOf(configuration);
+  const JXString folder = storageFolderOf(configuration, *platform);
+  return JXErasures(folder.testString() ? folder.toStdString() : std::string(),
+                    platform->userDefaults())
+      .erase();
+}
+
+std::vector<std::string> JXCoreServices::erase() {
+  std::vector<std::string> left = erasures_->erase();
+  if (defaultsFile_) defaultsFile_->applyErasures();
+  JXNetworkManager::sharedInstance().applyErasures();
+  return left;
 }
 
 void JXCoreServices::userDefaultsChanged() {
@@ -141,7 +165,7 @@ void JXCoreServices::startTransfer() {
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
-  setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_);
+  setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_, erasures_);
   setup.stopMarks = std::make_shared<JXStopMarks>(folder);
   setup.clock = clock_;
   setup.timings = configuration_.retryTimings;

@@ -5,6 +5,8 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <string>
+#include <vector>
 
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/platform/JXClock.h"
@@ -13,6 +15,7 @@
 namespace jx {
 
 class JXDefaultsFile;
+class JXErasures;
 
 /// Names the public operation that is running on this thread, for the message of a configuration
 /// that is set after the operation started the core. Calls inside another named operation keep its
@@ -50,6 +53,13 @@ class JXCoreServices {
   /// Returns the URL that events are sent to, "https://host" without a path.
   const JXString& collectionEndpoint() const { return collectionEndpoint_; }
 
+  /// Notices when the stored data is erased.
+  JXErasures& erasures() const { return *erasures_; }
+  /// Erases the stored data, and the queue and the persisted values in memory. Returns one line for
+  /// each file or value that could not be erased. If the core has not started, erases the folder
+  /// and the settings that it would use, and does not start it.
+  static std::vector<std::string> eraseStoredData();
+
   /// Starts observing the application state and, except in a dry run, the transfer thread. A second
   /// call has no effect.
   void start();
@@ -58,6 +68,7 @@ class JXCoreServices {
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
   void removeExpiredQuarantinedDefaults();
+  std::vector<std::string> erase();
   /// Returns the operation that requests, stores and announces the user agent; see JXTransferSetup.
   std::function<void(std::function<void()>)> userAgentRequest();
 
@@ -66,6 +77,7 @@ class JXCoreServices {
   std::shared_ptr<JXPlatform> platform_;
   JXString storageFolder_;
   JXString collectionEndpoint_;
+  std::shared_ptr<JXErasures> erasures_;
   std::unique_ptr<JXDefaultsFile> defaultsFile_;
   JXPlatformDefaults* userDefaults_ = nullptr;
   std::atomic<bool> maintenanceIsDue_{false};

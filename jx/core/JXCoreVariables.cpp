@@ -3,11 +3,14 @@
 #include "jx/core/JXCoreVariables.h"
 
 #include <string>
+#include <string_view>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 
 namespace jx {
@@ -33,15 +36,35 @@ JXCoreVariables& JXCoreVariables::sharedInstance() {
   });
 }
 
-JXCoreVariables::JXCoreVariables() : dynamicStore_(JXDynamicStore::init()) {
-  addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
+JXCoreVariables::JXCoreVariables()
+    : dynamicStore_(JXDynamicStore::init()),
+      seenErasures_(JXCoreServices::sharedInstance().erasures().count()) {
+  dynamicStore_->addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
+}
+
+// Replaces the identifiers after the stored data was erased. Other variables stay: the user agent,
+// and what the application added.
+void JXCoreVariables::renewIdentifiers() const {
+  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
+  if (erasures == seenErasures_) return;
+  const JXLogDeferral deferral;
+  const std::lock_guard<std::mutex> lock(renewal_);
+  if (erasures == seenErasures_) return;
+  for (const std::string_view name : {kJXPredefinedVariable_IDFA, kJXPredefinedVariable_IDFV,
+                                      kJXPredefinedVariable_isTrackingEnabled}) {
+    dynamicStore_->removeData(name);
+  }
+  dynamicStore_->addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
+  seenErasures_ = erasures;
 }
 
 JXString JXCoreVariables::getData(const JXString& key) const {
+  renewIdentifiers();
   return dynamicStore_->getData(key).string();
 }
 
 void JXCoreVariables::addData_withValue(const JXString& key, const JXString& value) {
+  renewIdentifiers();
   dynamicStore_->addData_withValue(key, value);
 }
 

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 
 #include "jx/core/JXDynamicStore.h"
 #include "jx/platform/JXApi.h"
@@ -24,7 +25,10 @@ class JX_API JXCoreVariables {
   /// Stores a string, replacing any value with the same key; null removes the key.
   void addData_withValue(const JXString& key, const JXString& value);
   /// Returns the store that `getData` and `addData_withValue` use.
-  const std::shared_ptr<JXDynamicStore>& dynamicStore() const { return dynamicStore_; }
+  const std::shared_ptr<JXDynamicStore>& dynamicStore() const {
+    renewIdentifiers();
+    return dynamicStore_;
+  }
 
   /// Returns the milliseconds since the Unix epoch, from the configured clock.
   std::int64_t nowMs() const;
@@ -46,9 +50,12 @@ class JX_API JXCoreVariables {
 
  private:
   JXCoreVariables();
+  void renewIdentifiers() const;
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
   std::atomic<bool> enableSDKInBG_{false};
+  mutable std::mutex renewal_;
+  mutable std::atomic<std::uint64_t> seenErasures_{0};  ///< when the identifiers were read
 };
 
 }  // namespace jx

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXUser.h"
 
+#include <utility>
+
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/json/JXJsonSink.h"
+#include "jx/core/storage/JXErasures.h"
 
 namespace jx {
 namespace {
@@ -35,6 +38,8 @@ JXString JXUser::anonymous_id() const {
   const JXCoreCaller caller("JXUser::anonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
+  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
+  if (std::exchange(seenErasures_, erasures) != erasures) anonymousId_ = nullptr;
   // Read when it is first needed and not when the object is created: a consent module may set its
   // identifier before the application has set the configuration.
   if (!anonymousId_.testString()) {
@@ -52,6 +57,8 @@ void JXUser::setAnonymous_id(const JXString& id) {
   const JXCoreCaller caller("JXUser::setAnonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
+  // An erase that is noticed later would erase this ID.
+  seenErasures_ = JXCoreServices::sharedInstance().erasures().check();
   anonymousId_ = id;
   JXUserDefaults::saveInfoToUserDefaults_forLabel(id, kAnonymousIdKey);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstdint>
 #include <mutex>
 
 #include "jx/core/JXAdditionalProperties.h"
@@ -35,7 +36,8 @@ class JX_API JXUser final : public JXAdditionalProperties {
   void writeOwnEntries(JXJsonSink& sink) const override;
 
   mutable std::mutex mutex_;
-  mutable JXString anonymousId_;  ///< null until it is first needed
+  mutable JXString anonymousId_;            ///< null until it is first needed
+  mutable std::uint64_t seenErasures_ = 0;  ///< the number of erases when the ID was read or set
   JXString consentId_;
 };
 

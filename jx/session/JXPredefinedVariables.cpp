@@ -262,10 +262,12 @@ void JXPredefinedVariables::advance() {
 }
 
 void JXPredefinedVariables::useLegacyUniqueIDForAnonymousID() {
+  renewIfErased();
   JXUser::sharedInstance().setAnonymous_id(uniqueIdentifier());
 }
 
 void JXPredefinedVariables::useLegacyUniqueIDForConsentID() {
+  renewIfErased();
   JXUser::sharedInstance().setConsentID(uniqueIdentifier());
 }
 

@@ -320,6 +320,15 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// Does nothing when another session has begun.
   void releaseNewSession(std::uint64_t generation, bool isPosted);
 
+  /// Removes the identifiers and the variables of visits, sessions and timing, after the stored
+  /// data was erased. Other variables stay, also those of the application. Does nothing before
+  /// `init`.
+  void forgetStoredData();
+  /// Sets them again, as the first start of an installation does. Does nothing before `init`.
+  void beginFirstVisit();
+
+  /// Begins the first visit if this or another process has erased the stored data.
+  void renewIfErased();
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;

@@ -16,6 +16,7 @@
 #include "jx/session/JXPersistedString.h"
 #include "jx/session/JXPredefinedVariableNames.h"
 #include "jx/session/JXPredefinedVariables.h"
+#include "jx/session/JXSession.h"
 
 namespace jx {
 namespace {
@@ -37,6 +38,7 @@ void guarded(const Computation& computation) {
 }  // namespace
 
 void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
+  JXSession::sharedInstance().renewIfErased();
   const JXSessionLock lock;
   isBackground_ = true;
   const std::uint64_t now = unsignedNowMs();
@@ -53,6 +55,7 @@ void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
 }
 
 void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
+  JXSession::sharedInstance().renewIfErased();
   const JXSessionLock lock;
   if (!isBackground_) return;
   isBackground_ = false;

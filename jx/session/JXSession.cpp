@@ -5,6 +5,7 @@
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXCoreVariables.h"
 #include "jx/core/json/JXJsonSink.h"
 
 namespace jx {
@@ -29,17 +30,49 @@ JXSession& JXSession::sharedInstance() {
 }
 
 JXPredefinedVariables& JXSession::variables() {
+  renewIfErased();
   return started(variablesStart_, variables_, "JXPredefinedVariables::sharedInstance()");
 }
 
 JXDevice& JXSession::device() {
+  renewIfErased();
   return started(deviceStart_, device_, "JXDevice::sharedInstance()");
 }
 
 JXApp& JXSession::app() { return started(appStart_, app_, "JXApp::sharedInstance()"); }
 
 JXLifecycle& JXSession::lifecycle() {
+  renewIfErased();
   return started(lifecycleStart_, lifecycle_, "JXLifecycle::sharedInstance()");
+}
+
+void JXSession::renewIfErased() {
+  // Nothing was read before the core started.
+  if (!JXCoreServices::hasStarted()) return;
+  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
+  if (erasures == seenErasures_) return;
+  const JXSessionLock lock;
+  // Set first, because the steps use the session.
+  if (seenErasures_.exchange(erasures) == erasures) return;
+  forget();
+  variables_.beginFirstVisit();
+  if (device_.sdkID().isPresent()) {
+    device_.setSdkID(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
+  }
+}
+
+void JXSession::forgetErased() {
+  const JXSessionLock lock;
+  if (JXCoreServices::sharedInstance().erasures().count() != seenErasures_) forget();
+}
+
+void JXSession::forget() {
+  const JXSessionLock lock;
+  variables_.forgetStoredData();
+  if (device_.sdkID().isPresent()) device_.setSdkID("");
+  device_.setIDFA(nullptr);
+  device_.setIDFV(nullptr);
+  device_.setAdTrackingEnabled(nullptr);
 }
 
 void JXSession::writeContext(JXJsonSink& sink, JXNewSessionClaim* claim) {
@@ -77,6 +110,10 @@ JXDevice& JXDevice::sharedInstance() { return JXSession::sharedInstance().device
 JXApp& JXApp::sharedInstance() { return JXSession::sharedInstance().app(); }
 
 JXLifecycle& JXLifecycle::sharedInstance() { return JXSession::sharedInstance().lifecycle(); }
+
+JXNewSessionClaim::JXNewSessionClaim() : erasures_(JXCoreServices::sharedInstance().erasures()) {
+  JXSession::sharedInstance().renewIfErased();
+}
 
 JXNewSessionClaim::~JXNewSessionClaim() {
   if (session_) JXPredefinedVariables::sharedInstance().releaseNewSession(*session_, false);

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <mutex>
 #include <optional>
 
 #include "jx/core/JXStartGuard.h"
+#include "jx/core/storage/JXErasures.h"
 #include "jx/session/JXApp.h"
 #include "jx/session/JXDevice.h"
 #include "jx/session/JXLifecycle.h"
@@ -17,10 +19,11 @@ namespace jx {
 
 class JXJsonSink;
 
-/// The new-session mark, claimed by the event that carries it. Used on one thread.
+/// The execution of an event, on one thread, and its claim of the new-session mark. An event that
+/// is executed while the stored data is erased is dropped, because it contains erased identifiers.
 class JXNewSessionClaim {
  public:
-  JXNewSessionClaim() = default;
+  JXNewSessionClaim();
   /// Gives the mark back, unless the event was posted.
   ~JXNewSessionClaim();
   JXNewSessionClaim(const JXNewSessionClaim&) = delete;
@@ -32,6 +35,7 @@ class JXNewSessionClaim {
   void keep();
 
  private:
+  const JXErasureScope erasures_;
   std::optional<std::uint64_t> session_;  ///< the session whose mark is claimed
 };
 
@@ -55,12 +59,21 @@ class JXSession {
   /// Advances the variables and claims the mark for an event that is executed without a context.
   void advance(JXNewSessionClaim& claim);
 
+  /// Begins the first visit again if the stored data was erased since the variables were set.
+  /// Called by every operation that returns a part.
+  void renewIfErased();
+  /// Removes erased values from memory. The next use of the session begins the first visit.
+  void forgetErased();
+
  private:
   friend class JXSessionLock;
 
   JXSession() = default;
+  void forget();
 
   std::recursive_mutex mutex_;
+  std::atomic<std::uint64_t> seenErasures_{
+      0};  ///< the number of erases when the variables were set
   JXPredefinedVariables variables_;
   JXDevice device_;
   JXApp app_;

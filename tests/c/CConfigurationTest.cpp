@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstddef>
 #include <cstring>
@@ -16,7 +17,9 @@
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "tests/c/CTestTools.h"
+#include "tests/support/JXFailingDisk.h"
 #include "tests/support/JXFakePlatform.h"
+#include "tests/support/StoredBytes.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace jx::test {
@@ -230,6 +233,62 @@ TEST(CConfiguration, ReportsAndCountsThePurgeOfARequest) {
   EXPECT_EQ(outcome.reason, JX_DROP_PURGED);
   EXPECT_EQ(outcome.eventId, "00000000-0000-4000-8000-000000000001");
   EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+}
+
+TEST(CErasure, ErasesTheFolderAndTheQueue) {
+  const TemporaryFolder folder;
+  jx_configuration c = isolated();
+  c.dry_run = false;
+  c.storage_folder = folder.path().c_str();
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+  jx_server_side* serverSide = nullptr;
+  ASSERT_EQ(jx_server_side_create(1, "key", 2, nullptr, &serverSide),  // disabled by default
+            JX_OK);
+  JXNetworkManager::sharedInstance().enqueue("http://127.0.0.1:1/events", "{}");
+  char before[64];
+  ASSERT_EQ(jx_get_anonymous_id(before, sizeof before, nullptr), JX_OK);
+  char left[16] = "unchanged";
+  EXPECT_EQ(jx_erase_all(nullptr, sizeof left, nullptr), JX_ERROR_NULL_ARGUMENT);
+  size_t length = 99;
+  EXPECT_EQ(jx_erase_all(left, sizeof left, &length), JX_OK);
+  EXPECT_STREQ(left, "");
+  EXPECT_EQ(length, 0u);
+  EXPECT_EQ(filesBelow(folder.path()), std::vector<std::string>{"erased"});
+  jx_counters counters;
+  ASSERT_EQ(jx_counters_get(&counters, sizeof counters), JX_OK);
+  EXPECT_EQ(counters.purged, 1u);
+  EXPECT_EQ(counters.queued, 0u);
+  char after[64];
+  ASSERT_EQ(jx_get_anonymous_id(after, sizeof after, nullptr), JX_OK);
+  EXPECT_STRNE(after, before);
+  EXPECT_EQ(jx_erase_all(nullptr, 0, nullptr), JX_OK);
+  EXPECT_EQ(jx_server_side_free(serverSide), JX_OK);
+}
+
+TEST(CErasure, ReportsWhatIsLeft) {
+  const TemporaryFolder folder;
+  jx_configuration c = isolated();
+  c.storage_folder = folder.path().c_str();
+  ASSERT_EQ(jx_configure(&c), JX_OK);
+  folder.write("defaults", "old");
+  FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing, EROFS);
+  disk.includeDeletions();
+  const std::string expected =
+      folder.path("defaults") + ": Read-only file system\n" + folder.path("erased") +
+      ": Read-only file system; another process that uses the folder may write its values again\n";
+  std::vector<char> left(expected.size() + 1);
+  size_t length = 0;
+  EXPECT_EQ(jx_erase_all(left.data(), left.size(), &length), JX_ERROR_NOT_ERASED);
+  EXPECT_EQ(left.data(), expected);
+  EXPECT_EQ(length, expected.size());
+  EXPECT_STREQ(jx_error_detail(), "some stored data could not be erased");
+  // A buffer that is too small is no reason to report success.
+  EXPECT_EQ(jx_erase_all(left.data(), left.size() - 1, &length), JX_ERROR_NOT_ERASED);
+  EXPECT_STREQ(left.data(), "");
+  EXPECT_EQ(length, expected.size());
+  EXPECT_EQ(jx_erase_all(nullptr, 0, &length), JX_ERROR_NOT_ERASED);
+  disk.heal();
+  EXPECT_EQ(jx_erase_all(nullptr, 0, &length), JX_OK);
 }
 
 }  // namespace

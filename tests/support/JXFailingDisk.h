@@ -26,7 +26,8 @@ class FailingDisk {
     plan().end = end;
     plan().write = write;
     plan().error = error;
-    JXFileCalls::current() = {&open, &writeParts, &truncate, &synchronize, &rename};
+    plan().includesDeletions = false;
+    JXFileCalls::current() = {&open, &writeParts, &truncate, &synchronize, &rename, &unlink};
   }
   ~FailingDisk() { JXFileCalls::current() = JXFileCalls::system(); }
   FailingDisk(const FailingDisk&) = delete;
@@ -37,6 +38,8 @@ class FailingDisk {
   long failed() const { return plan().failed; }
   /// Stops failing.
   void heal() { plan().end = 0; }
+  /// Deletions are counted and fail like the other calls from now on; initially they succeed.
+  void includeDeletions() { plan().includesDeletions = true; }
   /// Starts failing every call from index `first`.
   void fail() { plan().end = std::numeric_limits<long>::max(); }
 
@@ -48,6 +51,7 @@ class FailingDisk {
     std::atomic<long> end;
     Write write;
     int error;
+    bool includesDeletions;
   };
   static Plan& plan() {
     static Plan plan{};
@@ -80,6 +84,9 @@ class FailingDisk {
   }
   static int rename(const char* from, const char* to) {
     return fails() ? -1 : JXFileCalls::system().rename(from, to);
+  }
+  static int unlink(const char* path) {
+    return plan().includesDeletions && fails() ? -1 : JXFileCalls::system().unlink(path);
   }
 };
 

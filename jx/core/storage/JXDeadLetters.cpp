@@ -20,10 +20,6 @@ namespace {
 constexpr int kOpenAttempts = 3;
 constexpr const char* kRewriteSuffix = ".new";
 
-int removeFile(const std::string& path) {
-  return ::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
-}
-
 }  // namespace
 
 JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep,

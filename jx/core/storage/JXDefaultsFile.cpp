@@ -3,6 +3,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 
 #include <cerrno>
+#include <utility>
 
 #include "jx/core/storage/JXFolder.h"
 
@@ -55,8 +56,11 @@ std::uint64_t compactSize(const JXDefaultsMap& values) {
 
 }  // namespace
 
-JXDefaultsFile::JXDefaultsFile(std::string path)
-    : path_(std::move(path)), report_("user defaults " + path_, folderOf(path_)) {
+JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures)
+    : path_(std::move(path)),
+      erasures_(std::move(erasures)),
+      seenErasures_(erasures_ ? erasures_->count() : 0),
+      report_("user defaults " + path_, folderOf(path_)) {
   JXReportingLock locked(mutex_, report_);
   ensureOpen();
   if (journal_ == nullptr) readWithoutLock();
@@ -64,11 +68,45 @@ JXDefaultsFile::JXDefaultsFile(std::string path)
 
 JXDefaultsFile::~JXDefaultsFile() {
   JXReportingLock locked(mutex_, report_);
+  dropErased();
   writeUnsaved();
 }
 
+void JXDefaultsFile::applyErasures() {
+  const JXReportingLock locked(mutex_, report_);
+  dropErased();
+}
+
+// Returns whether the values were erased. If the file could not be deleted, the values are removed
+// from it, now or when it can be written.
+bool JXDefaultsFile::dropErased() {
+  const std::uint64_t erasures = erasures_ ? erasures_->count() : 0;
+  if (erasures == seenErasures_) return false;
+  seenErasures_ = erasures;
+  unsaved_.clear();
+  if (journal_ != nullptr && journal_->file().isLinked()) {
+    for (const auto& entry : values_)
+      unsaved_.insert(entry.first);
+  } else {
+    journal_.reset();
+  }
+  values_.clear();
+  changed_.clear();
+  rewriting_ = false;
+  dirty_ = folderDirty_ = damaged_ = false;
+  if (changing_ == std::thread::id()) writeUnsaved();
+  return true;
+}
+
+// Also notices an erase by another process.
+bool JXDefaultsFile::noticesErasure() {
+  if (erasures_) erasures_->check();
+  return dropErased();
+}
+
 JXString JXDefaultsFile::objectForKey(const JXString& key) {
-  const std::lock_guard<std::mutex> lock(mutex_);
+  JXReportingLock locked(mutex_, report_);
+  dropErased();
   return valueOf(key);
 }
 
@@ -80,6 +118,7 @@ JXString JXDefaultsFile::valueOf(const JXString& key) const {
 void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key) {
   if (!key.isPresent()) return;
   JXReportingLock locked(mutex_, report_);
+  dropErased();
   const auto found = values_.find(key);
   const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
   if (same) return;
@@ -92,6 +131,7 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
   unsaved_.insert(key);
   if (changing_ == std::this_thread::get_id()) return;
   ensureOpen();
+  if (unsaved_.count(key) == 0) return;  // written, or erased, by ensureOpen
   std::string frame;
   encode(key, value, frame);
   if (writeFrames(frame)) unsaved_.erase(key);
@@ -107,6 +147,7 @@ void JXDefaultsFile::endChanges() {
   JXReportingLock locked(mutex_, report_);
   if (changing_ != std::this_thread::get_id()) return;
   changing_ = std::thread::id();
+  dropErased();
   if (unsaved_.empty()) return;
   ensureOpen();
   writeUnsaved();
@@ -136,6 +177,7 @@ std::uint64_t JXDefaultsFile::damaged() const {
 void JXDefaultsFile::ensureOpen() {
   if (journal_ != nullptr && journal_->file().isLinked()) return;
   journal_.reset();
+  noticesErasure();
   for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {
     if (!openOnce()) return;
   }
@@ -165,6 +207,8 @@ bool JXDefaultsFile::openOnce() {
   // the shared one.
   const bool shared = !alone || journal->file().tryLock(JXFile::Lock::Shared);
   if (!shared || !journal->file().isAt(path_)) return true;
+  // An erase may have missed the file if it was created, or has erased what was read.
+  if (noticesErasure()) return true;
   journal_ = std::move(journal);
   folderDirty_ = true;
   // If the file was removed while in use, the values of this process are written again.
@@ -235,6 +279,7 @@ void JXDefaultsFile::maintain() {
   const std::lock_guard<std::mutex> maintenance(maintenance_);
   {
     JXReportingLock locked(mutex_, report_);
+    dropErased();
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
     ensureOpen();
     writeUnsaved();
@@ -302,7 +347,12 @@ bool JXDefaultsFile::rewrite() {
   }
   if (error == 0) error = fresh->sync();
   const JXReportingLock locked(mutex_, report_);
-  rewriting_ = false;
+  noticesErasure();  // it may have missed the new file
+  const bool wasErased = !std::exchange(rewriting_, false);
+  if (error == 0 && wasErased) {
+    removeFile(freshPath);
+    return false;
+  }
   return finishRewrite(std::move(fresh), freshPath, error);
 }
 

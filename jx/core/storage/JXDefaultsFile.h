@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXStorageReport.h"
 #include "jx/platform/JXPlatform.h"
@@ -26,11 +27,12 @@ using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 /// The next `maintain` call makes it durable (fsync). While the file cannot be opened or written,
 /// values are kept in memory and written as soon as possible. Several processes may use one file:
 /// each sees the values present when it opened the file and the values it set. The last value set
-/// wins. Thread-safe.
+/// wins. After an erase, by this or another process, there are no values. Thread-safe.
 class JXDefaultsFile final : public JXPlatformDefaults {
  public:
-  /// Opens the file; creates it and its folder if they are missing.
-  explicit JXDefaultsFile(std::string path);
+  /// Opens the file; creates it and its folder if they are missing. `erasures` reports when the
+  /// folder is erased; null if it never is.
+  explicit JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures = nullptr);
   ~JXDefaultsFile() override;
   JXDefaultsFile(const JXDefaultsFile&) = delete;
   JXDefaultsFile& operator=(const JXDefaultsFile&) = delete;
@@ -58,7 +60,13 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   /// Returns how many times damaged data of the file was quarantined.
   std::uint64_t damaged() const;
 
+  /// Forgets the values that were set before the last erase. The other operations do the same
+  /// first; this one also closes the deleted file.
+  void applyErasures();
+
  private:
+  bool dropErased();
+  bool noticesErasure();
   void ensureOpen();
   bool openOnce();
   bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsMap& content);
@@ -75,7 +83,9 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   void downgradeToSharedLock();
 
   const std::string path_;
-  std::mutex maintenance_;  ///< serialises `maintain`; locked before `mutex_`
+  const std::shared_ptr<JXErasures> erasures_;
+  std::uint64_t seenErasures_ = 0;  ///< the count at which the values were read or set
+  std::mutex maintenance_;          ///< serialises `maintain`; locked before `mutex_`
   mutable std::mutex mutex_;
   JXStorageReport report_;
   std::shared_ptr<JXJournal> journal_;  ///< null while the file cannot be opened

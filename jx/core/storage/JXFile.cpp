@@ -44,7 +44,7 @@ int errorOf(Call call) {
 }  // namespace
 
 JXFileCalls JXFileCalls::system() {
-  return {&openSystem, &::writev, &::ftruncate, &synchronizeSystem, &std::rename};
+  return {&openSystem, &::writev, &::ftruncate, &synchronizeSystem, &std::rename, &::unlink};
 }
 
 JXFileCalls& JXFileCalls::current() {
@@ -54,8 +54,13 @@ JXFileCalls& JXFileCalls::current() {
 
 int replaceFile(const std::string& from, const std::string& to, int error) {
   if (error == 0 && JXFileCalls::current().rename(from.c_str(), to.c_str()) != 0) error = errno;
-  if (error != 0) ::unlink(from.c_str());
+  if (error != 0) removeFile(from);
   return error;
+}
+
+int removeFile(const std::string& path) {
+  if (JXFileCalls::current().unlink(path.c_str()) == 0) return 0;
+  return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
 
 JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}

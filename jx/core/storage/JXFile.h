@@ -20,6 +20,7 @@ struct JXFileCalls {
   int (*truncate)(int descriptor, off_t size);
   int (*synchronize)(int descriptor);
   int (*rename)(const char* from, const char* to);
+  int (*unlink)(const char* path);
 
   /// Returns the table in use. Change it only while no other thread uses storage.
   static JXFileCalls& current();
@@ -30,6 +31,9 @@ struct JXFileCalls {
 /// Replaces the file `to` with the file `from`; deletes `from` on failure, or if `error` is not 0.
 /// Returns an errno value, 0 for success.
 int replaceFile(const std::string& from, const std::string& to, int error);
+
+/// Deletes the file. Returns an errno value, 0 for success and for a missing file.
+int removeFile(const std::string& path);
 
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
 /// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that

@@ -31,6 +31,7 @@ auto withoutExceptions(Work work) noexcept -> decltype(work()) {
 template <typename Work>
 auto JXOutbox::locked(Work work) {
   const JXReportingLock lock(mutex_, report_);
+  dropErased();
   return work();
 }
 
@@ -40,12 +41,14 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 }
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
-                   std::shared_ptr<const JXClock> clock)
+                   std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures)
     : clock_(std::move(clock)),
       maxAge_(bounds.maxAge),
       report_("outbox " + folder, folderOf(folder)),
-      segments_(folder, report_),
+      segments_(folder, report_, erasures.get()),
       queue_(segments_, report_, bounds, clock_),
+      erasures_(std::move(erasures)),
+      seenErasures_(erasures_ ? erasures_->count() : 0),
       dead_(folder, bounds.maxDeadLetters, bounds.maxAge) {
   lockedWithoutExceptions([&] {
     hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
@@ -55,20 +58,32 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
 
 JXOutbox::~JXOutbox() {
   lockedWithoutExceptions([&] {
+    checkErasures();
     segments_.detectDeletedSegments();
     for (int step = 0; step < kMaxRepairStepsAtClose && queue_.repairSome(); ++step) {
     }
+    dropErased();
   });
 }
 
 std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
                                            const JXRequestOrigin& origin, bool awaitsDecision) {
-  return lockedWithoutExceptions([&] { return queue_.add(url, body, origin, awaitsDecision); });
+  return lockedWithoutExceptions([&]() -> std::optional<std::uint64_t> {
+    const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
+    dropErased();
+    if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
+    const std::optional<std::uint64_t> id = queue_.add(url, body, origin, awaitsDecision);
+    dropErased();  // an erase may have missed a segment that was created
+    return id;
+  });
 }
 
 std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except,
                                               const JXSendFilter& filter) {
-  return lockedWithoutExceptions([&] { return queue_.take(except, filter); });
+  return lockedWithoutExceptions([&] {
+    checkErasures();
+    return queue_.take(except, filter);
+  });
 }
 
 std::uint16_t JXOutbox::mostStops(std::uint32_t source) {
@@ -99,16 +114,42 @@ void JXOutbox::purge() {
   });
 }
 
+void JXOutbox::applyErasures() {
+  withoutExceptions([&] {
+    locked([] {});
+    // Closes the deleted file.
+    reportError("delete the dead letters", dead_.clear());
+  });
+}
+
+void JXOutbox::checkErasures() {
+  if (erasures_) erasures_->check();
+  dropErased();
+}
+
+// Called with the lock held.
+void JXOutbox::dropErased() {
+  const std::uint64_t erasures = erasures_ ? erasures_->count() : 0;
+  if (erasures == seenErasures_) return;
+  seenErasures_ = erasures;
+  queue_.clear();
+}
+
 void JXOutbox::sync() {
   withoutExceptions([&] {
     locked([&] {
+      checkErasures();
       queue_.applyPurgeMarks();
       queue_.dropExpired();
       segments_.detectDeletedSegments();
       segments_.retry();
     });
     // Releases the lock between steps, so that a calling thread never waits for the whole repair.
-    while (locked([&] { return queue_.repairSome(); })) {
+    while (locked([&] {
+      const bool hasMore = queue_.repairSome();
+      dropErased();  // an erase may have missed a segment that was created
+      return hasMore;
+    })) {
     }
     moveRejectedToDeadLetters();
     if (locked([&] { return hasUncheckedFiles_; })) removeExpiredFiles();
@@ -119,8 +160,18 @@ void JXOutbox::sync() {
 // Writes the dead letter before the acknowledgement: after a kill in between, the request is sent
 // again instead of being lost.
 void JXOutbox::moveRejectedToDeadLetters() {
-  while (const auto rejected = locked([&] { return queue_.nextRejected(); })) {
+  std::uint64_t erasures = 0;
+  const auto next = [&] {
+    erasures = seenErasures_;
+    return queue_.nextRejected();
+  };
+  while (const auto rejected = locked(next)) {
     const int error = dead_.append(rejected->request, rejected->status, clock_->nowMs());
+    const bool wasErased = locked([&] {
+      checkErasures();
+      return seenErasures_ != erasures;
+    });
+    if (wasErased) reportError("delete the dead letters", dead_.clear());
     reportDamagedDeadLetters();
     if (error != 0) {
       // With EWOULDBLOCK another process is writing the file; `sync` retries.

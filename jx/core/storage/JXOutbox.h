@@ -13,6 +13,7 @@
 
 #include "jx/core/JXOutboxBounds.h"
 #include "jx/core/storage/JXDeadLetters.h"
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXOutboxQueue.h"
 #include "jx/core/storage/JXOutboxSegments.h"
 #include "jx/core/storage/JXStorageReport.h"
@@ -32,8 +33,9 @@ class JXOutbox {
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
+  /// `erasures` reports when the folder is erased; null if it never is.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
-           std::shared_ptr<const JXClock> clock);
+           std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr);
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
@@ -43,7 +45,8 @@ class JXOutbox {
   /// is kept in memory, evicting the oldest ones there. Returns its ID; nullopt when the request
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
-  /// 2025 (the clock was not set yet) or in the future has no age and does not expire.
+  /// 2025 (the clock was not set yet) or in the future has no age and does not expire. A request
+  /// that was begun before an erase is not added (purged, nullopt); see JXErasureScope.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
     return add(url, body, JXRequestOrigin(), false);
   }
@@ -72,6 +75,11 @@ class JXOutbox {
   /// Requests of other running processes stay.
   void purge();
 
+  /// Drops, as `purge` does, all requests that were added before the last erase. The other
+  /// operations do the same first; `add`, `take` and `sync` also notice an erase by another
+  /// process.
+  void applyErasures();
+
   /// Makes requests appended since the last call durable and retries failed operations: writes
   /// requests kept in memory, deletes files without unacknowledged requests, and rewrites requests
   /// whose files were deleted. Drops requests that exceed maxAge; the first call also deletes dead
@@ -94,6 +102,8 @@ class JXOutbox {
   auto locked(Work work);
   template <typename Work>
   auto lockedWithoutExceptions(Work work) noexcept;
+  void checkErasures();
+  void dropErased();
   void reportError(const char* action, int error);
   void moveRejectedToDeadLetters();
   void removeExpiredFiles();
@@ -106,6 +116,8 @@ class JXOutbox {
   JXStorageReport report_;
   JXOutboxSegments segments_;
   JXOutboxQueue queue_;
+  const std::shared_ptr<JXErasures> erasures_;
+  std::uint64_t seenErasures_ = 0;  ///< the count at which the queued requests were added
   JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
   bool hasUncheckedFiles_ = false;  ///< of an earlier process, which may have expired
 };

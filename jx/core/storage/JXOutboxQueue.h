@@ -41,6 +41,8 @@ class JXOutboxQueue {
   void adopt();
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
                                    const JXRequestOrigin& origin, bool awaitsDecision);
+  /// Counts and records a request that is not added.
+  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except,
                                       const JXSendFilter& filter);
   std::uint16_t mostStops(std::uint32_t source);
@@ -76,7 +78,6 @@ class JXOutboxQueue {
     std::string body;
   };
 
-  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
   bool keepInMemory(std::string_view url, std::string_view body);
   void updateOldest(std::int64_t createdMs);
   void dropOverLimits(std::int64_t nowMs);

@@ -196,7 +196,8 @@ int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes
 int JXOutboxSegment::remove() {
   // If the file was deleted, its name may now belong to a file of another process.
   if (!isLinked()) return 0;
-  if (::unlink(path().c_str()) != 0 && errno != ENOENT) return errno;
+  const int error = removeFile(path());
+  if (error != 0) return error;
   removePurgeMark(path());
   return 0;
 }
@@ -243,6 +244,6 @@ std::uint64_t readPurgeMark(const std::string& segmentPath) {
   return fields == 2 && mark.inode == now.inode ? mark.size : 0;
 }
 
-void removePurgeMark(const std::string& segmentPath) { ::unlink(markPath(segmentPath).c_str()); }
+void removePurgeMark(const std::string& segmentPath) { removeFile(markPath(segmentPath)); }
 
 }  // namespace jx

@@ -78,6 +78,7 @@ bool JXOutboxSegments::startSegment() {
   current_ = segment.get();
   segments_.push_back(std::move(segment));
   folderDirty = true;
+  if (erasures_ != nullptr) erasures_->check();
   return true;
 }
 

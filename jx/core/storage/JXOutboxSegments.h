@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
 #include "jx/core/storage/JXStorageReport.h"
@@ -19,9 +20,9 @@ namespace jx {
 /// Not synchronised. Failures are passed to the report.
 class JXOutboxSegments {
  public:
-  /// `report` must outlive this object.
-  JXOutboxSegments(std::string folder, JXStorageReport& report)
-      : folder_(std::move(folder)), watch_(folder_), report_(report) {}
+  /// `report` and `erasures`, which may be null, must outlive this object.
+  JXOutboxSegments(std::string folder, JXStorageReport& report, JXErasures* erasures)
+      : folder_(std::move(folder)), watch_(folder_), report_(report), erasures_(erasures) {}
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -71,6 +72,7 @@ class JXOutboxSegments {
   const std::string folder_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
+  JXErasures* const erasures_;  ///< notified when a file was created
   std::vector<std::shared_ptr<JXOutboxSegment>> segments_;
   JXOutboxSegment* current_ = nullptr;
   std::uint64_t lastNumber_ = 0;

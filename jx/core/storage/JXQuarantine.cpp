@@ -31,7 +31,7 @@ void makeRoom(const std::string& folder) {
   }
   std::sort(kept.begin(), kept.end());
   for (std::size_t i = 0; i + kJXMaxQuarantinedFiles <= kept.size(); ++i)
-    ::unlink(kept[i].second.c_str());
+    removeFile(kept[i].second);
 }
 
 int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
@@ -64,7 +64,8 @@ int removeFiles(const std::string& folder, Matches matches) {
   for (const std::string& name : names) {
     const std::string path = folder + "/" + name;
     if (!isQuarantinedName(name) || !matches(path)) continue;
-    if (::unlink(path.c_str()) != 0 && errno != ENOENT) error = errno;
+    const int failure = removeFile(path);
+    if (failure != 0) error = failure;
   }
   return error;
 }
@@ -100,7 +101,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   const bool exists = ::stat(target.c_str(), &status) == 0;
   if (exists && !replaces) return 0;
   if (exists) {
-    ::unlink(target.c_str());
+    removeFile(target);
   } else {
     makeRoom(folderOf(path));
   }
@@ -110,7 +111,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
     error = copy(file, damages[i], to);
   }
   // A partial copy would be taken for a complete one the next time the file is opened.
-  if (error != 0 && to.isOpen()) ::unlink(target.c_str());
+  if (error != 0 && to.isOpen()) removeFile(target);
   copied = error == 0;
   return error;
 }

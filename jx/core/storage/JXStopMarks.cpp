@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXStopMarks.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <cinttypes>
 #include <cstdio>
@@ -98,7 +96,7 @@ void JXStopMarks::setNext(std::unique_lock<std::mutex>& lock) {
   const JXStopMark mark{pending_.begin()->first, pending_.begin()->second};
   pending_.erase(pending_.begin());
   lock.unlock();
-  const int error = mark.stops != 0 ? write(mark) : remove(mark.source);
+  const int error = mark.stops != 0 ? write(mark) : removeFile(pathOf(mark.source));
   report(mark, error);
   lock.lock();
   if (error == 0) unsynced_.insert(mark.source);
@@ -126,11 +124,6 @@ int JXStopMarks::write(const JXStopMark& mark) const {
   error = file.append(&part, 1, written);
   // What was written counts as a stop, too.
   return error == 0 && written < text.size() ? ENOSPC : error;
-}
-
-int JXStopMarks::remove(std::uint32_t source) const {
-  const std::string path = pathOf(source);
-  return ::unlink(path.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
 
 int JXStopMarks::sync(std::uint32_t source) const {

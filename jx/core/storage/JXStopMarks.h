@@ -54,7 +54,6 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   void setNext(std::unique_lock<std::mutex>& lock);
   void syncAll(std::unique_lock<std::mutex>& lock);
   int write(const JXStopMark& mark) const;
-  int remove(std::uint32_t source) const;
   int sync(std::uint32_t source) const;
   std::string pathOf(std::uint32_t source) const { return folder_ + "/" + nameOf(source); }
   void report(const JXStopMark& mark, int error);

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXLogDeferral.h"
+
 namespace jx {
 
 /// Counts the failures of one storage and creates one log message per cause, however often it
@@ -65,6 +67,7 @@ class JXReportingLock {
   void lock() { lock_.lock(); }
 
  private:
+  JXLogDeferral deferral_;  ///< ends last, so that other messages are logged without the lock too
   JXStorageReport& report_;
   std::unique_lock<std::mutex> lock_;
 };

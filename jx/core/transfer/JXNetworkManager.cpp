@@ -231,6 +231,11 @@ void JXNetworkManager::purge() {
           withTransfer([](JXTransfer& transfer) { transfer.purge(); }));
 }
 
+void JXNetworkManager::applyErasures() {
+  guarded("Dropping the erased requests failed", "requests may stay queued",
+          withTransfer([](JXTransfer& transfer) { transfer.applyErasures(); }));
+}
+
 void JXNetworkManager::storageChanged() {
   guarded("Scheduling a sync failed", "changes become durable with the next sync",
           withTransfer([](JXTransfer& transfer) { transfer.storageChanged(); }));

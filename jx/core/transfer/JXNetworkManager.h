@@ -84,6 +84,9 @@ class JX_API JXNetworkManager {
   bool flush(std::chrono::milliseconds deadline);
   /// Deletes all queued requests and dead letters; requests in flight are aborted.
   void purge();
+  /// Drops the requests that were queued before an erase of the stored data, as `purge` does.
+  /// Called by the core after the erase.
+  void applyErasures();
   /// Reports that other persisted data of the core changed; it is made durable within
   /// `JXRetryTimings::syncDelay`.
   void storageChanged();

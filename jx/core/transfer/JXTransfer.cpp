@@ -204,6 +204,12 @@ void JXTransfer::purge() {
   notifyFlushers();
 }
 
+void JXTransfer::applyErasures() {
+  setup().outbox->applyErasures();
+  mailbox_.send([](JXTransferCommands& commands) { ++commands.purges; });
+  notifyFlushers();
+}
+
 JXDeliveryCounters JXTransfer::counters() const {
   const JXTransferCommands commands = mailbox_.commands();
   JXDeliveryCounters counters;

@@ -70,6 +70,8 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   bool flush(std::chrono::milliseconds deadline);
   /// Deletes all queued requests and dead letters before it returns, and aborts requests in flight.
   void purge();
+  /// Drops the requests that were queued before an erase, and aborts those in flight.
+  void applyErasures();
 
   JXDeliveryCounters counters() const;
 

@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "tests/support/ReservedPort.h"
+#include "tests/support/StoredBytes.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/jx/ProgramRun.h"
 
@@ -83,6 +84,61 @@ TEST(QueueProgram, PurgeAppliesToRunningProcessButNotToNewEvents) {
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output.substr(0, 2), "1 ");
 }
 
+TEST(QueueProgram, PurgeAllDeletesEveryFile) {
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
+  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
+            3);
+  folder.write("state/notes", "mine");
+  const auto purge = runJx({"queue", "purge", "--all", "--state", state});
+  EXPECT_EQ(purge.status, 0) << purge.errors;
+  EXPECT_EQ(purge.output, "all stored data deleted\n");
+  EXPECT_EQ(test::filesBelow(state), (std::vector<std::string>{"erased", "notes"}));
+  EXPECT_EQ(runJx({"queue", "status", "--state", state}).output,
+            "0 requests queued, 0 bytes; 0 dead letters\n");
+  // Again, and in a folder that has never had a queue.
+  EXPECT_EQ(runJx({"queue", "purge", "--all", "--state", state}).status, 0);
+  folder.write("unused/erased", "");
+  EXPECT_EQ(runJx({"queue", "purge", "--all", "--state", folder.path("unused")}).status, 0);
+  EXPECT_EQ(runJx({"queue", "status", "--state", folder.path("unused")}).status, 0);
+}
+
+TEST(QueueProgram, PurgeAllAppliesToRunningProcessButNotToNewEvents) {
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  ChildProcess replay(JX_PROGRAM,
+                      {"replay", "--to", "https://127.0.0.1:" + std::to_string(port.number()),
+                       "--state", state, "--wait", "0"},
+                      {}, ChildProcess::Input::Pipe);
+  ASSERT_TRUE(replay.writeInput(customEvents(2) + "x\n"));
+  ASSERT_TRUE(replay.waitForErrors("line 3: ", kPatience));
+  const auto purge = runJx({"queue", "purge", "--all", "--state", state});
+  EXPECT_EQ(purge.status, 0) << purge.errors;
+  ASSERT_TRUE(
+      replay.writeInput("{\"do\":\"event\",\"class\":\"JXCustomEvent\",\"name\":\"later\"}\n"));
+  replay.closeInput();
+  EXPECT_EQ(replay.wait(kPatience).status, 3);
+  const auto list = runJx({"queue", "list", "--state", state});
+  EXPECT_EQ(linesOf(list.output), 1) << list.output;
+  EXPECT_TRUE(contains(list.output, "  later ")) << list.output;
+  EXPECT_EQ(test::bytesFound(state, {"\"n0\"", "\"n1\""}), std::vector<std::string>());
+}
+
+TEST(QueueProgram, PurgeAllRejectsOtherFolders) {
+  const TemporaryFolder folder;
+  folder.write("other/notes", "mine");
+  for (const std::string& path :
+       {folder.path("missing"), folder.path("other"), folder.write("file", "x")}) {
+    const auto result = runJx({"queue", "purge", "--all", "--state", path});
+    EXPECT_EQ(result.status, 1) << path;
+    EXPECT_EQ(result.errors, "jx queue: not a state folder: " + path + "\n");
+  }
+  EXPECT_EQ(test::filesBelow(folder.path()), (std::vector<std::string>{"file", "other/notes"}));
+}
+
 TEST(QueueProgram, ReportsEmptyQueueWithoutOutbox) {
   const TemporaryFolder folder;
   ASSERT_EQ(runJx({"replay", "--print", "--state", folder.path("state")}, customEvents(1)).status,
@@ -116,6 +172,7 @@ TEST(QueueProgram, ReportsWrongUsageInOneLineWithStatus2) {
                                              {"queue", "--state", "x"},
                                              {"queue", "status", "--json", "--state", "x"},
                                              {"queue", "purge", "--json", "--state", "x"},
+                                             {"queue", "status", "--all", "--state", "x"},
                                              {"queue", "dance", "--state", "x"}}) {
     const auto result = runJx(arguments);
     EXPECT_EQ(result.status, 2);
@@ -127,7 +184,7 @@ TEST(QueueProgram, ReportsWrongUsageInOneLineWithStatus2) {
 TEST(QueueProgram, HelpListsTheVerbs) {
   const auto result = runJx({"queue", "--help"});
   EXPECT_EQ(result.status, 0);
-  for (const char* part : {"status", "list", "dead", "purge", "--state", "--json"}) {
+  for (const char* part : {"status", "list", "dead", "purge", "--state", "--json", "--all"}) {
     EXPECT_TRUE(contains(result.output, part)) << part;
   }
 }

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXOutboxFolder.h"
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/Result.h"
@@ -30,7 +31,8 @@ Result<Listing> readListing(Lister lister, const std::filesystem::path& outbox) 
 bool isUnusedState(const std::filesystem::path& state) {
   std::error_code ignored;
   return !std::filesystem::exists(state / "outbox", ignored) && !ignored &&
-         std::filesystem::exists(state / "defaults", ignored);
+         (std::filesystem::exists(state / "defaults", ignored) ||
+          std::filesystem::exists(state / "erased", ignored));
 }
 
 Result<std::string> purge(const std::filesystem::path& outbox) {
@@ -40,7 +42,26 @@ Result<std::string> purge(const std::filesystem::path& outbox) {
   return queuePurged(purged);
 }
 
+bool isState(const std::filesystem::path& state) {
+  std::error_code ignored;
+  return std::filesystem::exists(state / "outbox", ignored) ||
+         std::filesystem::exists(state / "defaults", ignored) ||
+         std::filesystem::exists(state / "erased", ignored);
+}
+
+// Also deletes the identifiers and the counts of visits.
+Result<std::string> eraseAll(const std::filesystem::path& state) {
+  if (!isState(state)) return Error{"not a state folder: " + state.string()};
+  const std::vector<std::string> left = JXErasures(state.string()).erase();
+  if (left.empty()) return std::string("all stored data deleted\n");
+  std::string message = "not everything was deleted";
+  for (const std::string& line : left)
+    message += "\n" + line;
+  return Error{message};
+}
+
 Result<std::string> runVerb(const QueueOptions& options) {
+  if (options.all) return eraseAll(options.stateFolder);
   const bool isUnused = isUnusedState(options.stateFolder);
   const std::filesystem::path outbox = options.stateFolder / "outbox";
   if (options.verb == "purge") return isUnused ? queuePurged({}) : purge(outbox);
@@ -91,7 +112,13 @@ void addQueueCommand(CLI::App& app, int& exitStatus) {
   command->add_flag("--json", options->json,
                     "Print each request as one line of JSON, with its URL and body; for list and "
                     "dead");
+  command->add_flag("--all", options->all,
+                    "With purge: also delete identifiers, counts of visits and all other stored "
+                    "data");
   command->callback([options, &exitStatus] {
+    if (options->all && options->verb != "purge") {
+      throw CLI::ValidationError("--all", "requires the verb purge");
+    }
     if (options->json && options->verb != "list" && options->verb != "dead") {
       throw CLI::ValidationError("--json", "only list and dead print JSON");
     }

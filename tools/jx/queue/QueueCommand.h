@@ -13,6 +13,7 @@ struct QueueOptions {
   std::string verb;  ///< "status", "list", "dead" or "purge"
   std::filesystem::path stateFolder;
   bool json = false;  ///< print the whole requests; for "list" and "dead"
+  bool all = false;  ///< purge everything that is stored, not only the queue
 };
 
 /// Prints the content of the outbox of a state folder without changing it, or purges it. Other

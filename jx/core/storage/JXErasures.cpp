@@ -1,0 +1,181 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXErasures.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <random>
+#include <string_view>
+#include <utility>
+
+#include "jx/core/JXLogDeferral.h"
+#include "jx/core/JXLogger.h"
+#include "jx/core/JXStoredKeys.h"
+#include "jx/core/storage/JXFile.h"
+#include "jx/core/storage/JXQuarantine.h"
+#include "jx/core/storage/JXStoredFiles.h"
+
+namespace jx {
+namespace {
+
+constexpr std::string_view kPending = "pending ";
+constexpr std::string_view kDone = "done ";
+constexpr std::size_t kTokenDigits = 32;
+constexpr std::size_t kMaxMarkSize = 64;
+
+// The token of a mark that cannot be read.
+constexpr std::string_view kDamaged = "damaged";
+
+thread_local std::optional<std::uint64_t> composingSince;
+
+// Contains no time and nothing about the device or the viewer.
+std::string newToken() {
+  std::random_device random;
+  std::string token;
+  while (token.size() < kTokenDigits) {
+    char digits[9];
+    std::snprintf(digits, sizeof digits, "%08x", static_cast<unsigned>(random()));
+    token += digits;
+  }
+  return token;
+}
+
+void log(const std::string& message, int level) {
+  JXLogger::sharedInstance().logMessage_withLevel(message, level);
+}
+
+}  // namespace
+
+JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
+    : folder_(std::move(folder)), path_(folder_ + "/erased"), defaults_(defaults), watch_(path_) {
+  if (folder_.empty()) return;
+  const JXLogDeferral deferral;
+  const Mark mark = readMark();
+  adopt(mark.token);
+  if (!mark.pending) return;
+  const std::vector<std::string> left = finish();
+  log("Interrupted erase of the stored data resumed: " + folder_, 5);
+  logFailure(left);
+}
+
+std::vector<std::string> JXErasures::erase() {
+  const JXLogDeferral deferral;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  token_ = newToken();
+  // On a full disk this fails, but the second mark is written after the files are deleted.
+  if (!folder_.empty()) writeMark({true, token_});
+  std::vector<std::string> left = finish();
+  ++count_;
+  return left;
+}
+
+void JXErasures::adopt(const std::string& token) {
+  token_ = token == kDamaged ? newToken() : token;
+}
+
+// Deletes everything and completes the mark.
+std::vector<std::string> JXErasures::finish() {
+  std::vector<std::string> left;
+  if (defaults_ != nullptr) {
+    for (const std::string_view key : kJXStoredKeys)
+      defaults_->setObject_forKey(nullptr, key);
+    defaults_->synchronize();
+  }
+  if (folder_.empty()) return left;
+  removeStoredFiles(folder_, left);
+  const Mark current = readMark();
+  // Another process began an erase in the meantime; it completes the mark.
+  const bool isAnother = current.token != token_ && current.token != kDamaged;
+  if (current.pending && isAnother) return left;
+  const int error = writeMark({false, token_});
+  if (error != 0) {
+    addLeft(path_, error, left);
+    left.back() += "; another process that uses the folder may write its values again";
+  }
+  return left;
+}
+
+std::uint64_t JXErasures::check() {
+  const JXLogDeferral deferral;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (folder_.empty() || ::access(path_.c_str(), F_OK) != 0) return count();
+  if (!watch_.mayHaveChanged()) return count();
+  const Mark mark = readMark();
+  if (mark.token.empty() || mark.token == token_) return count();
+  adopt(mark.token);
+  log("Stored data erased by another process; queued requests dropped, identifiers replaced: " +
+          folder_,
+      5);
+  if (mark.pending) {
+    logFailure(finish());
+  } else {
+    // This process may have copied damaged data after the other one had listed the folder.
+    removeQuarantinedFiles(folder_);
+    removeQuarantinedFiles(folder_ + "/outbox");
+  }
+  return ++count_;
+}
+
+void JXErasures::logFailure(const std::vector<std::string>& left) const {
+  if (left.empty()) return;
+  log("Stored data not erased completely: " + left.front() +
+          "; number of failures: " + std::to_string(left.size()),
+      3);
+}
+
+JXErasures::Mark JXErasures::readMark() const {
+  int error = 0;
+  const JXFile file = JXFile::open(path_, JXFile::Access::Read, error);
+  if (error != 0) return {};
+  char content[kMaxMarkSize];
+  std::size_t size = 0;
+  if (file.read(0, content, sizeof content, size) != 0) return {};
+  std::string_view text(content, size);
+  if (text.substr(0, kDone.size()) == kDone && size == kDone.size() + kTokenDigits + 1) {
+    return {false, std::string(text.substr(kDone.size(), kTokenDigits))};
+  }
+  if (text.substr(0, kPending.size()) == kPending && size == kPending.size() + kTokenDigits + 1) {
+    return {true, std::string(text.substr(kPending.size(), kTokenDigits))};
+  }
+  // Damaged. Finishing an erase that was complete loses data; not finishing one that was not keeps
+  // data that the viewer wanted to be erased.
+  return {true, std::string(kDamaged)};
+}
+
+// Renamed into place, so that no process reads a partial mark.
+int JXErasures::writeMark(const Mark& mark) const {
+  int error = makeFolder(folder_);
+  // Another process that erases at the same time may delete the file before it is renamed.
+  if (error == 0) error = replaceMark(mark);
+  if (error == ENOENT) error = replaceMark(mark);
+  return error != 0 ? error : synchronizeFolder(folder_);
+}
+
+int JXErasures::replaceMark(const Mark& mark) const {
+  int error = 0;
+  std::string text(mark.pending ? kPending : kDone);
+  text += mark.token + "\n";
+  const std::string fresh = path_ + "." + std::to_string(::getpid());
+  JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
+  if (error != 0) return error;
+  const iovec part{text.data(), text.size()};
+  std::size_t written = 0;
+  error = file.append(&part, 1, written);
+  if (error == 0 && written < text.size()) error = ENOSPC;
+  if (error == 0) error = file.synchronize();
+  return replaceFile(fresh, path_, error);
+}
+
+JXErasureScope::JXErasureScope(JXErasures& erasures) : outer_(composingSince) {
+  composingSince = erasures.check();
+}
+
+JXErasureScope::~JXErasureScope() { composingSince = outer_; }
+
+std::uint64_t JXErasureScope::begunAt(JXErasures& erasures) {
+  return composingSince ? *composingSince : erasures.check();
+}
+
+}  // namespace jx

@@ -1,0 +1,105 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#include "jx/core/storage/JXStoredFiles.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#include "jx/core/storage/JXFile.h"
+#include "jx/core/storage/JXFolder.h"
+
+namespace jx {
+namespace {
+
+using NameTest = bool (*)(std::string_view name);
+
+// Removes `prefix` and returns true if `name` starts with it.
+bool skip(std::string_view& name, std::string_view prefix) {
+  if (name.substr(0, prefix.size()) != prefix) return false;
+  name.remove_prefix(prefix.size());
+  return true;
+}
+
+// Removes a lower-case hexadecimal number of so many digits.
+bool skipHex(std::string_view& name, std::size_t digits) {
+  if (name.size() < digits) return false;
+  const bool isHex = name.substr(0, digits).find_first_not_of("0123456789abcdef") == name.npos;
+  if (isHex) name.remove_prefix(digits);
+  return isHex;
+}
+
+bool isNumber(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+// Returns true for the end of a file's name: none, or that of a rewritten file, of a purge mark, of
+// quarantined data, or of a file to be renamed, which ends with the ID of a process.
+bool isEnding(std::string_view name) {
+  if (name.empty() || name == ".new" || name == ".purge") return true;
+  skip(name, ".purge");
+  return (skip(name, ".damaged-") || skip(name, ".")) && isNumber(name);
+}
+
+bool isDirectory(const struct stat& status) { return S_ISDIR(status.st_mode); }
+
+// Deletes one file. Returns true if the folder may have changed.
+bool removeOne(const std::string& path, std::vector<std::string>& left) {
+  struct stat status {};
+  const bool exists = ::lstat(path.c_str(), &status) == 0;
+  // The library writes no folder of such a name.
+  if (!exists || isDirectory(status)) return false;
+  const int error = removeFile(path);
+  if (error != 0) addLeft(path, error, left);
+  return error == 0;
+}
+
+// Deletes the files that `isOurs` accepts. `last` is a file that another process may be replacing
+// with `last`.new. The order of the two deletions does not miss it: either the new file is deleted
+// before it replaces the other, or the other is deleted after it was replaced.
+void removeIn(const std::string& folder, NameTest isOurs, const std::string& last,
+              std::vector<std::string>& left) {
+  std::vector<std::string> names;
+  const int error = listFolder(folder, names);
+  if (error == ENOENT || error == ENOTDIR) return;
+  if (error != 0) addLeft(folder, error, left);
+  const auto isOther = [&](const std::string& name) {
+    return name == last || name == last + ".new" || !isOurs(name);
+  };
+  names.erase(std::remove_if(names.begin(), names.end(), isOther), names.end());
+  std::sort(names.begin(), names.end());
+  names.push_back(last + ".new");
+  names.push_back(last);
+  bool changed = false;
+  for (const std::string& name : names)
+    changed = removeOne(folder + "/" + name, left) || changed;
+  const int syncError = changed ? synchronizeFolder(folder) : 0;
+  if (syncError != 0) addLeft(folder, syncError, left);
+}
+
+}  // namespace
+
+bool isStoredFileName(std::string_view name) {
+  // The mark of an erase that a killed process had not renamed into place.
+  if (skip(name, "erased.")) return isNumber(name);
+  return skip(name, "defaults") && isEnding(name);
+}
+
+bool isOutboxFileName(std::string_view name) {
+  const bool isOurs = skip(name, "dead") || (skip(name, "segment-") && skipHex(name, 16)) ||
+                      (skip(name, "stopped-") && skipHex(name, 8));
+  return isOurs && isEnding(name);
+}
+
+void addLeft(const std::string& path, int error, std::vector<std::string>& left) {
+  left.push_back(path + ": " + std::error_code(error, std::generic_category()).message());
+}
+
+void removeStoredFiles(const std::string& folder, std::vector<std::string>& left) {
+  removeIn(folder + "/outbox", &isOutboxFileName, "dead", left);
+  removeIn(folder, &isStoredFileName, "defaults", left);
+}
+
+}  // namespace jx
