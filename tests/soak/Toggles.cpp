@@ -126,7 +126,7 @@ class Toggles {
 }  // namespace
 
 int toggles(Arguments& arguments) {
-  const std::uint64_t rounds = arguments.number("rounds", 500);
+  const std::uint64_t rounds = arguments.number("rounds", 100);
   const std::uint64_t count = arguments.number("count", 500);
   arguments.expectAllKnown();
   Toggles toggles;

@@ -12,7 +12,7 @@
 //   jx_soak threads [--seconds 60]
 //   jx_soak stops   [--count 2000] [--tls] [--slow-disk] [--slow-send]
 //                   [--way call|notification|manager|thread|callback]
-//   jx_soak toggles [--rounds 500] [--count 500]
+//   jx_soak toggles [--rounds 100] [--count 500]
 //
 // Prints one result per line. Exit status: 0 if all checks passed, 1 if one failed, 2 for invalid
 // arguments.
