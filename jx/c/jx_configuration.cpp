@@ -102,6 +102,7 @@ void readCallbacks(const jx_configuration& c, jx::JXCoreConfiguration& configura
 
 Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
   configuration.storageFolder = c.storage_folder;
+  configuration.storesOnlyWithConsent = c.stores_only_with_consent;
   configuration.collectionHost = c.collection_host;
   configuration.caFile = c.ca_file;
   configuration.pinnedPublicKeys.clear();

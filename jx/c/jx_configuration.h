@@ -31,6 +31,8 @@ typedef struct jx_configuration {
   /// Folder of the queue and of the persisted variables; created if it does not exist. Null: the
   /// system's folder for application state.
   const char* storage_folder;
+  /// True: nothing is stored, and no identifier created, until the viewer consents.
+  bool stores_only_with_consent;
   /// Server that receives events: "collect.example.com", optionally followed by a port and
   /// preceded by "https://". "http://" is allowed only for loopback hosts. Null: the host that the
   /// library was built with.

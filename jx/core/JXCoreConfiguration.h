@@ -24,6 +24,12 @@ struct JX_API JXCoreConfiguration {
   /// not exist. Default: null, the platform's folder for application state. Without any folder,
   /// events are kept in memory only.
   JXString storageFolder;
+  /// True stores nothing on the device, and creates no identifier, until the viewer consents, which
+  /// is when a ServerSide starts enabled or is enabled. Until then, events that are executed while
+  /// waiting for consent are kept in memory (see JXOutboxBounds::maxInMemory) and contain no
+  /// `sdk_id` and no `session_id`, and `addAdvertisingIDs` is ignored. Stored data of earlier
+  /// processes is not read. Visits and counts begin with the consent. Default: false.
+  bool storesOnlyWithConsent = false;
   /// Server that receives the events: a host name with an optional port, such as
   /// "collect.example.com:8443". An "https://" prefix is optional; "http://" is allowed only for
   /// loopback hosts and becomes https elsewhere. Default: null, the host given to the build as

@@ -83,18 +83,39 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   }
 
   storageFolder_ = storageFolderOf(configuration, *platform_);
-  userDefaults_ = platform_->userDefaults();
   // Before anything is read: it finishes an interrupted erase.
   erasures_ = std::make_shared<JXErasures>(
-      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(), userDefaults_);
-  if (userDefaults_ == nullptr && storageFolder_.testString()) {
-    defaultsFile_ =
-        std::make_unique<JXDefaultsFile>(storageFolder_.toStdString() + "/defaults", erasures_);
-    userDefaults_ = defaultsFile_.get();
-  }
+      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
+      platform_->userDefaults());
+  if (!configuration.storesOnlyWithConsent) openDefaults();
   if (!storageFolder_.testString() && !configuration.dryRun) {
     logger.logMessage_withLevel("No storage folder available; events are kept in memory only", 3);
   }
+}
+
+void JXCoreServices::openDefaults() {
+  userDefaults_ = platform_->userDefaults();
+  if (userDefaults_ == nullptr && storageFolder_.testString()) {
+    defaultsFile_ = new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_);
+    userDefaults_ = defaultsFile_.load();
+  }
+  mayStore_ = true;
+}
+
+// Called for each consent; only the first one has an effect.
+void JXCoreServices::beginStoring() {
+  if (mayStore()) return;
+  std::call_once(storing_, [this] {
+    openDefaults();
+    if (outbox_) outbox_->beginStoring();
+    if (stopMarks_) stopMarks_->beginStoring();
+    beganLater_ = true;
+  });
+  userDefaultsChanged();
+}
+
+std::uint64_t JXCoreServices::beginnings() const {
+  return erasures_->count() + (beganLater_ ? 1 : 0);
 }
 
 std::vector<std::string> JXCoreServices::eraseStoredData() {
@@ -109,14 +130,14 @@ std::vector<std::string> JXCoreServices::eraseStoredData() {
 
 std::vector<std::string> JXCoreServices::erase() {
   std::vector<std::string> left = erasures_->erase();
-  if (defaultsFile_) defaultsFile_->applyErasures();
+  if (JXDefaultsFile* const file = defaultsFile_) file->applyErasures();
   JXNetworkManager::sharedInstance().applyErasures();
   return left;
 }
 
 void JXCoreServices::userDefaultsChanged() {
   // Requested once until it has run, because every event changes some values.
-  if (defaultsFile_ && !maintenanceIsDue_.exchange(true)) {
+  if (defaultsFile_ != nullptr && !maintenanceIsDue_.exchange(true)) {
     JXNetworkManager::sharedInstance().storageChanged();
   }
 }
@@ -131,7 +152,7 @@ void JXCoreServices::start() {
       platform_->observeApplication(&JXApplication::applicationDidEnterBackground,
                                     &JXApplication::applicationWillEnterForeground);
       if (configuration_.dryRun) {
-        manager.startDryRun(userAgentRequest());
+        manager.startDryRun(userAgentRequest(), [this] { beginStoring(); });
       } else {
         startTransfer();
       }
@@ -151,7 +172,7 @@ std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {
 
 // Runs once, on the transfer thread. The outbox removes the quarantined files of its own folder.
 void JXCoreServices::removeExpiredQuarantinedDefaults() {
-  if (!defaultsFile_ || std::exchange(quarantineIsChecked_, true)) return;
+  if (defaultsFile_ == nullptr || std::exchange(quarantineIsChecked_, true)) return;
   removeExpiredQuarantinedFiles(storageFolder_.toStdString(), clock_->nowMs(),
                                 configuration_.outboxBounds.maxAge);
 }
@@ -165,8 +186,12 @@ void JXCoreServices::startTransfer() {
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
-  setup.outbox = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_, erasures_);
-  setup.stopMarks = std::make_shared<JXStopMarks>(folder);
+  outbox_ = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_, erasures_,
+                                       mayStore());
+  stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
+  setup.outbox = outbox_;
+  setup.stopMarks = stopMarks_;
+  setup.beginStoring = [this] { beginStoring(); };
   setup.clock = clock_;
   setup.timings = configuration_.retryTimings;
   setup.caFile = configuration_.caFile;
@@ -177,7 +202,7 @@ void JXCoreServices::startTransfer() {
   setup.maintain = [this] {
     // Cleared before the work, so that a change made during the work requests another run.
     maintenanceIsDue_ = false;
-    if (defaultsFile_) defaultsFile_->maintain();
+    if (JXDefaultsFile* const file = defaultsFile_) file->maintain();
     removeExpiredQuarantinedDefaults();
   };
   setup.beforeConnecting = [] { JXNetwork::sharedInstance().refresh(); };

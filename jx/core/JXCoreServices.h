@@ -16,6 +16,8 @@ namespace jx {
 
 class JXDefaultsFile;
 class JXErasures;
+class JXOutbox;
+class JXStopMarks;
 
 /// Names the public operation that is running on this thread, for the message of a configuration
 /// that is set after the operation started the core. Calls inside another named operation keep its
@@ -47,6 +49,14 @@ class JXCoreServices {
   /// Returns the store of persisted values: the platform's, otherwise the core's. Null when neither
   /// is available.
   JXPlatformDefaults* userDefaults() const { return userDefaults_; }
+  /// Returns whether data may be stored and identifiers be created; see
+  /// JXCoreConfiguration::storesOnlyWithConsent.
+  bool mayStore() const { return mayStore_; }
+  /// Returns a new random identifier; null if none may be created yet.
+  JXString newIdentifier() const { return mayStore() ? platform_->newUUID() : JXString(); }
+  /// Returns how often the identifiers and counts began anew: with each erase, and when they may be
+  /// stored. Their owners compare it with the number at which they read or created them.
+  std::uint64_t beginnings() const;
   /// Reports that a persisted value changed. When the core's own store is used, the transfer thread
   /// then makes it durable.
   void userDefaultsChanged();
@@ -67,6 +77,8 @@ class JXCoreServices {
  private:
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
+  void openDefaults();
+  void beginStoring();
   void removeExpiredQuarantinedDefaults();
   std::vector<std::string> erase();
   /// Returns the operation that requests, stores and announces the user agent; see JXTransferSetup.
@@ -78,8 +90,14 @@ class JXCoreServices {
   JXString storageFolder_;
   JXString collectionEndpoint_;
   std::shared_ptr<JXErasures> erasures_;
-  std::unique_ptr<JXDefaultsFile> defaultsFile_;
-  JXPlatformDefaults* userDefaults_ = nullptr;
+  std::shared_ptr<JXOutbox> outbox_;        ///< null before the start and in a dry run
+  std::shared_ptr<JXStopMarks> stopMarks_;  ///< as `outbox_`
+  // Never deleted. Null until data may be stored.
+  std::atomic<JXDefaultsFile*> defaultsFile_{nullptr};
+  std::atomic<JXPlatformDefaults*> userDefaults_{nullptr};
+  std::atomic<bool> mayStore_{false};
+  std::atomic<bool> beganLater_{false};  ///< data may be stored since a consent, not the start
+  std::once_flag storing_;
   std::atomic<bool> maintenanceIsDue_{false};
   bool quarantineIsChecked_ = false;  ///< used on the transfer thread only
   std::once_flag started_;

@@ -20,7 +20,7 @@ namespace {
 JXString persistedSdkId() {
   JXString id = JXUserDefaults::retrieveInfoFromUserDefaults(kJXPredefinedVariable_SDKID);
   if (!id.testString()) {
-    id = JXCoreServices::sharedInstance().platform().newUUID();
+    id = JXCoreServices::sharedInstance().newIdentifier();
     JXUserDefaults::saveInfoToUserDefaults_forLabel(id, kJXPredefinedVariable_SDKID);
   }
   return id;
@@ -38,24 +38,25 @@ JXCoreVariables& JXCoreVariables::sharedInstance() {
 
 JXCoreVariables::JXCoreVariables()
     : dynamicStore_(JXDynamicStore::init()),
-      seenErasures_(JXCoreServices::sharedInstance().erasures().count()) {
+      seenBeginnings_(JXCoreServices::sharedInstance().beginnings()) {
   dynamicStore_->addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
 }
 
-// Replaces the identifiers after the stored data was erased. Other variables stay: the user agent,
+// Replaces the identifiers after the stored data was erased, and creates them when they may be
+// stored. Other variables stay: the user agent,
 // and what the application added.
 void JXCoreVariables::renewIdentifiers() const {
-  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
-  if (erasures == seenErasures_) return;
+  const std::uint64_t beginnings = JXCoreServices::sharedInstance().beginnings();
+  if (beginnings == seenBeginnings_) return;
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(renewal_);
-  if (erasures == seenErasures_) return;
+  if (beginnings == seenBeginnings_) return;
   for (const std::string_view name : {kJXPredefinedVariable_IDFA, kJXPredefinedVariable_IDFV,
                                       kJXPredefinedVariable_isTrackingEnabled}) {
     dynamicStore_->removeData(name);
   }
   dynamicStore_->addData_withValue(kJXPredefinedVariable_SDKID, persistedSdkId());
-  seenErasures_ = erasures;
+  seenBeginnings_ = beginnings;
 }
 
 JXString JXCoreVariables::getData(const JXString& key) const {

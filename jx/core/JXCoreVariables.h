@@ -55,7 +55,7 @@ class JX_API JXCoreVariables {
   std::shared_ptr<JXDynamicStore> dynamicStore_;
   std::atomic<bool> enableSDKInBG_{false};
   mutable std::mutex renewal_;
-  mutable std::atomic<std::uint64_t> seenErasures_{0};  ///< when the identifiers were read
+  mutable std::atomic<std::uint64_t> seenBeginnings_{0};  ///< when the identifiers were read
 };
 
 }  // namespace jx

@@ -38,15 +38,22 @@ JXString JXUser::anonymous_id() const {
   const JXCoreCaller caller("JXUser::anonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
-  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
-  if (std::exchange(seenErasures_, erasures) != erasures) anonymousId_ = nullptr;
+  const JXCoreServices& services = JXCoreServices::sharedInstance();
+  const std::uint64_t beginnings = services.beginnings();
+  const bool isNew = std::exchange(seenBeginnings_, beginnings) != beginnings;
+  if (isUnsaved_ && services.mayStore()) {
+    JXUserDefaults::saveInfoToUserDefaults_forLabel(anonymousId_, kAnonymousIdKey);
+    isUnsaved_ = false;
+  } else if (isNew) {
+    anonymousId_ = nullptr;
+  }
   // Read when it is first needed and not when the object is created: a consent module may set its
   // identifier before the application has set the configuration.
   if (!anonymousId_.testString()) {
     anonymousId_ = JXUserDefaults::retrieveInfoFromUserDefaults(kAnonymousIdKey);
   }
   if (!anonymousId_.testString()) {
-    anonymousId_ = JXCoreServices::sharedInstance().platform().newUUID();
+    anonymousId_ = services.newIdentifier();
     JXUserDefaults::saveInfoToUserDefaults_forLabel(anonymousId_, kAnonymousIdKey);
   }
   return anonymousId_;
@@ -57,8 +64,10 @@ void JXUser::setAnonymous_id(const JXString& id) {
   const JXCoreCaller caller("JXUser::setAnonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
-  // An erase that is noticed later would erase this ID.
-  seenErasures_ = JXCoreServices::sharedInstance().erasures().check();
+  JXCoreServices& services = JXCoreServices::sharedInstance();
+  services.erasures().check();  // an erase that is noticed later would erase this ID
+  seenBeginnings_ = services.beginnings();
+  isUnsaved_ = !services.mayStore();
   anonymousId_ = id;
   JXUserDefaults::saveInfoToUserDefaults_forLabel(id, kAnonymousIdKey);
 }

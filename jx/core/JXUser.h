@@ -36,8 +36,9 @@ class JX_API JXUser final : public JXAdditionalProperties {
   void writeOwnEntries(JXJsonSink& sink) const override;
 
   mutable std::mutex mutex_;
-  mutable JXString anonymousId_;            ///< null until it is first needed
-  mutable std::uint64_t seenErasures_ = 0;  ///< the number of erases when the ID was read or set
+  mutable JXString anonymousId_;              ///< null until it is first needed
+  mutable std::uint64_t seenBeginnings_ = 0;  ///< when the ID was read or set
+  mutable bool isUnsaved_ = false;            ///< was set before it may be stored
   JXString consentId_;
 };
 

@@ -16,6 +16,7 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
+#include "jx/session/JXPredefinedVariables.h"
 #include "jx/session/JXServerSideVersion.h"
 #include "jx/session/JXSession.h"
 
@@ -254,6 +255,10 @@ void ServerSide::disableServerSide() {
 
 void ServerSide::addAdvertisingIDs() {
   guarded("addAdvertisingIDs() failed", [this] {
+    if (!JXCoreServices::sharedInstance().mayStore()) {
+      log("addAdvertisingIDs() called before the viewer consented; ignored", 3);
+      return;
+    }
     JXCoreVariables::sharedInstance().setIDFV();
     setAdvertisingTrackingEnabled();  // stores the permission that the next step reads
     setIDFA();
@@ -290,6 +295,8 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
   } else if (notification.name.view() == kJXNotification_EnablingTheServerSide) {
     if (applyDecision(notification, EJXServerSideState_ENABLED)) {
       log("Server-Side SDK is now activated", 5);
+      // If data may be stored only with consent, the first visit begins now.
+      static_cast<void>(JXPredefinedVariables::sharedInstance());
     }
   }
 }

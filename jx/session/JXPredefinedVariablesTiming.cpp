@@ -101,7 +101,7 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
   guarded([&] {
     const JXString sessionStart = persistedString(kJXSessionStartTimestamp);
     addData_withValue(kJXPredefinedVariable_SessionID,
-                      JXCoreServices::sharedInstance().platform().newUUID());
+                      JXCoreServices::sharedInstance().newIdentifier());
     markNewSession();
     if (sessionStart.isPresent()) {
       // Measured from the stored start, not from the last activity.

@@ -50,7 +50,7 @@ void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& time
   addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
   JXPlatformDefaults* const defaults = JXUserDefaults::standardUserDefaults();
   if (defaults == nullptr) return;
-  const JXString newId = JXCoreServices::sharedInstance().platform().newUUID();
+  const JXString newId = JXCoreServices::sharedInstance().newIdentifier();
   JXString uniqueId = defaults->objectForKey(kJXUserDefaultsKey_UniqueID);
   if (!uniqueId.isPresent()) {
     uniqueId = newId;
@@ -161,7 +161,7 @@ void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs)
   // visit. The variable of the visit does not change.
   persistString(kJXDateCurrentVisitFormat, timeMs);
   addData_withValue(kJXPredefinedVariable_SessionID,
-                    JXCoreServices::sharedInstance().platform().newUUID());
+                    JXCoreServices::sharedInstance().newIdentifier());
   markNewSession();
 }
 

@@ -49,11 +49,11 @@ JXLifecycle& JXSession::lifecycle() {
 void JXSession::renewIfErased() {
   // Nothing was read before the core started.
   if (!JXCoreServices::hasStarted()) return;
-  const std::uint64_t erasures = JXCoreServices::sharedInstance().erasures().count();
-  if (erasures == seenErasures_) return;
+  const std::uint64_t beginnings = JXCoreServices::sharedInstance().beginnings();
+  if (beginnings == seenBeginnings_) return;
   const JXSessionLock lock;
   // Set first, because the steps use the session.
-  if (seenErasures_.exchange(erasures) == erasures) return;
+  if (seenBeginnings_.exchange(beginnings) == beginnings) return;
   forget();
   variables_.beginFirstVisit();
   if (device_.sdkID().isPresent()) {
@@ -63,7 +63,7 @@ void JXSession::renewIfErased() {
 
 void JXSession::forgetErased() {
   const JXSessionLock lock;
-  if (JXCoreServices::sharedInstance().erasures().count() != seenErasures_) forget();
+  if (JXCoreServices::sharedInstance().beginnings() != seenBeginnings_) forget();
 }
 
 void JXSession::forget() {

@@ -72,8 +72,8 @@ class JXSession {
   void forget();
 
   std::recursive_mutex mutex_;
-  std::atomic<std::uint64_t> seenErasures_{
-      0};  ///< the number of erases when the variables were set
+  std::atomic<std::uint64_t> seenBeginnings_{
+      0};  ///< the number of beginnings when the variables were set
   JXPredefinedVariables variables_;
   JXDevice device_;
   JXApp app_;

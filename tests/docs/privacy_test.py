@@ -308,6 +308,15 @@ def compare_example(page, installation):
         problems.append(f"docs/privacy.md: the example does not contain {key}")
 
 
+def compare_erased(page, installation):
+    """After an erasure, no row is true for the folder."""
+    installation.queue("purge", "--all")
+    left = {str(path.relative_to(installation.folder))
+            for path in installation.folder.rglob("*") if path.is_file()}
+    expect(left <= page.rows("Temporary files").keys() & {"erased"},
+           f"files left by an erasure: {left}")
+
+
 def main():
     root = pathlib.Path(sys.argv[1])
     programs = sys.argv[2:4]
@@ -332,6 +341,7 @@ def main():
         compare_consent(page, folder, programs)
         compare_user_defaults(page, folder, programs[1])
         compare_example(page, installation)
+        compare_erased(page, installation)
     finally:
         shutil.rmtree(folder, ignore_errors=True)
     for problem in problems:

@@ -41,7 +41,8 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 }
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
-                   std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures)
+                   std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures,
+                   bool mayStore)
     : clock_(std::move(clock)),
       maxAge_(bounds.maxAge),
       report_("outbox " + folder, folderOf(folder)),
@@ -50,7 +51,14 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
       dead_(folder, bounds.maxDeadLetters, bounds.maxAge) {
+  segments_.isOpen = false;
+  if (mayStore) beginStoring();
+}
+
+void JXOutbox::beginStoring() {
   lockedWithoutExceptions([&] {
+    segments_.isOpen = true;
+    const std::string& folder = segments_.folder();
     hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
     queue_.adopt();
   });
@@ -166,7 +174,9 @@ void JXOutbox::moveRejectedToDeadLetters() {
     return queue_.nextRejected();
   };
   while (const auto rejected = locked(next)) {
-    const int error = dead_.append(rejected->request, rejected->status, clock_->nowMs());
+    const bool mayStore = locked([&] { return segments_.isOpen; });
+    const int error =
+        mayStore ? dead_.append(rejected->request, rejected->status, clock_->nowMs()) : 0;
     const bool wasErased = locked([&] {
       checkErasures();
       return seenErasures_ != erasures;

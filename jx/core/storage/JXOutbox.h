@@ -33,9 +33,11 @@ class JXOutbox {
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
-  /// `erasures` reports when the folder is erased; null if it never is.
+  /// `erasures` reports when the folder is erased; null if it never is. If `mayStore` is false, the
+  /// folder is neither read nor written until `beginStoring`.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
-           std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr);
+           std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr,
+           bool mayStore = true);
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
@@ -75,6 +77,9 @@ class JXOutbox {
   /// Requests of other running processes stay.
   void purge();
 
+  /// Opens the folder, adopts the requests of processes that have ended, and writes those in memory
+  /// with the next `sync`. Call it once, if the outbox was created with `mayStore` false.
+  void beginStoring();
   /// Drops, as `purge` does, all requests that were added before the last erase. The other
   /// operations do the same first; `add`, `take` and `sync` also notice an erase by another
   /// process.

@@ -67,7 +67,7 @@ class JXOutboxQueue {
   /// Writes some of the requests that are in memory only or whose file was deleted. Returns true
   /// when the writes succeeded and more requests remain.
   bool repairSome();
-  bool needsRepair() const { return !memory_.empty() || segments_.hasLost(); }
+  bool needsRepair() const { return segments_.isOpen && (!memory_.empty() || segments_.hasLost()); }
 
   JXOutboxCounters counters() const;
   JXOutboxDrops& drops() { return drops_; }

@@ -44,6 +44,7 @@ void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>&
 JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
                                           std::int64_t createdMs, const JXRequestOrigin& origin,
                                           std::uint32_t& offset) {
+  if (!isOpen) return nullptr;
   if (current_ != nullptr && !current_->isLinked()) {
     current_->lost = true;
     current_ = nullptr;

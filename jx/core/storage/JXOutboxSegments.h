@@ -63,6 +63,7 @@ class JXOutboxSegments {
   bool needsSync() const;
   const std::string& folder() const { return folder_; }
 
+  bool isOpen = true;        ///< false: nothing may be written yet
   bool folderDirty = false;  ///< a segment was created since the last successful sync of the folder
 
  private:

@@ -51,7 +51,7 @@ std::string JXStopMarks::nameOf(std::uint32_t source) {
 std::vector<JXStopMark> JXStopMarks::read() const {
   std::vector<JXStopMark> marks;
   std::vector<std::string> names;
-  if (folder_.empty() || listFolder(folder_, names) != 0) return marks;
+  if (!mayStore_ || listFolder(folder_, names) != 0) return marks;
   for (const std::string& name : names) {
     JXStopMark mark;
     if (!readName(name, mark.source)) continue;
@@ -62,7 +62,7 @@ std::vector<JXStopMark> JXStopMarks::read() const {
 }
 
 void JXStopMarks::set(const JXStopMark& mark) {
-  if (folder_.empty()) return;
+  if (!mayStore_) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   pending_[mark.source] = mark.stops;
   if (hasThread_) return;

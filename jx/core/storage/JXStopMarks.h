@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -35,8 +36,12 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   /// The number of stops in the mark of a damaged file.
   static constexpr std::uint16_t kAllStops = 0xFFFF;
 
-  /// An empty folder name means that there is no storage: nothing is read or written.
-  explicit JXStopMarks(std::string folder) : folder_(std::move(folder)) {}
+  /// An empty folder name means that there is no storage: nothing is read or written; neither until
+  /// `beginStoring` if `mayStore` is false.
+  explicit JXStopMarks(std::string folder, bool mayStore = true)
+      : folder_(std::move(folder)), mayStore_(mayStore && !folder_.empty()) {}
+  void beginStoring() { mayStore_ = !folder_.empty(); }
+  bool mayStore() const { return mayStore_; }
 
   /// Returns the marks in the folder. Blocks until the disk has read them.
   std::vector<JXStopMark> read() const;
@@ -59,6 +64,7 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   void report(const JXStopMark& mark, int error);
 
   const std::string folder_;
+  std::atomic<bool> mayStore_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::map<std::uint32_t, std::uint16_t> pending_;  ///< stops by source

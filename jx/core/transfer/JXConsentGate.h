@@ -39,8 +39,8 @@ class JXConsentGate {
   /// manager.
   void stop(bool isRecorded);
   /// Enables every ServerSide, and removes the recorded stops of their sources. If the application
-  /// set a state of the manager, earlier requests that no ServerSide of this process decides for are
-  /// sent too, unless a stop was recorded for them.
+  /// set a state of the manager, earlier requests that no ServerSide of this process decides for
+  /// are sent too, unless a stop was recorded for them.
   void enable();
   /// Ends `stop`, and sends earlier requests that no ServerSide of this process decides for.
   void release();

@@ -79,6 +79,7 @@ int JXNetworkManager::managerState() const {
 }
 
 std::uint64_t JXNetworkManager::decide(bool enabled) {
+  if (enabled) beginStoring();
   std::shared_ptr<JXStopMarks> stopMarks;
   std::uint64_t decision = 0;
   {
@@ -95,6 +96,22 @@ std::uint64_t JXNetworkManager::decide(bool enabled) {
   }
   if (stopMarks) stopMarks->wait(kRecordLimit);
   return decision;
+}
+
+// The viewer has consented: from here on, data may be stored. Reads the recorded stops if they were
+// not read at the start.
+void JXNetworkManager::beginStoring() {
+  guarded("Opening the storage after the consent failed", "nothing is stored", [&] {
+    std::function<void()> begin;
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      begin = beginStoring_;
+    }
+    if (!begin) return;
+    begin();
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (stopMarks_ && !std::exchange(hasMarks_, true)) consent_->setMarks(stopMarks_->read());
+  });
 }
 
 // Passes the decisions to the transfer; the mutex is locked.
@@ -120,6 +137,7 @@ std::uint16_t JXNetworkManager::mostStops(std::string_view url) const {
 void JXNetworkManager::serverSideStarted(const void* serverSide, std::string_view url,
                                          JXStartState state) {
   guarded("Registering a ServerSide failed", "its earlier events are held", [&] {
+    if (state == JXStartState::Enabled || state == JXStartState::AlwaysEnabled) beginStoring();
     const std::uint16_t stops = mostStops(url);
     const std::lock_guard<std::mutex> lock(mutex_);
     if (state == JXStartState::AlwaysEnabled) managerState_ = kAlwaysEnabled;
@@ -254,7 +272,9 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     if (transfer_) return;
     requestUserAgent_ = setup.requestUserAgent;
     stopMarks_ = setup.stopMarks;
-    if (stopMarks_) consent_->setMarks(stopMarks_->read());
+    beginStoring_ = setup.beginStoring;
+    hasMarks_ = stopMarks_ && stopMarks_->mayStore();
+    if (hasMarks_) consent_->setMarks(stopMarks_->read());
     auto transfer = std::make_shared<JXTransfer>(std::move(setup));
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
     transfer->setFilter(consent_->filter(), consent_->isPaused());
@@ -272,9 +292,12 @@ void JXNetworkManager::start(JXTransferSetup setup) {
 }
 
 void JXNetworkManager::startDryRun(
-    std::function<void(std::function<void()> known)> requestUserAgent) {
+    std::function<void(std::function<void()> known)> requestUserAgent,
+    std::function<void()> beginStoring) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  if (!transfer_ && !requestUserAgent_) requestUserAgent_ = std::move(requestUserAgent);
+  if (transfer_ || requestUserAgent_) return;
+  requestUserAgent_ = std::move(requestUserAgent);
+  beginStoring_ = std::move(beginStoring);
 }
 
 }  // namespace jx

@@ -97,9 +97,11 @@ class JX_API JXNetworkManager {
   /// by the core; a second call is ignored. When the system cannot create a thread, logs the
   /// failure at level 3; requests are then not accepted.
   void start(JXTransferSetup setup);
-  /// Starts a dry run: only the user agent is requested. Called once by the core instead of
+  /// Starts a dry run: only the user agent is requested, and `beginStoring` called with each
+  /// consent. Called once by the core instead of
   /// `start`.
-  void startDryRun(std::function<void(std::function<void()> known)> requestUserAgent);
+  void startDryRun(std::function<void(std::function<void()> known)> requestUserAgent,
+                   std::function<void()> beginStoring = nullptr);
   /// Requests the user agent if `waitForUserAgent` was called before the start. Called by the core
   /// after `start` or `startDryRun`, without a lock, because it may call application code.
   void requestAwaitedUserAgent();
@@ -111,6 +113,7 @@ class JX_API JXNetworkManager {
   template <class Operation>
   auto withTransfer(Operation operation) const;
   std::uint16_t mostStops(std::string_view url) const;
+  void beginStoring();
   void applyConsent(bool stops);
   void applyBackground();
 
@@ -118,6 +121,8 @@ class JX_API JXNetworkManager {
   std::shared_ptr<JXTransfer> transfer_;
   std::function<void(std::function<void()>)> requestUserAgent_;  // set once, by the start
   std::shared_ptr<JXStopMarks> stopMarks_;                       // null before the start
+  std::function<void()> beginStoring_;                           // set once, by the start
+  bool hasMarks_ = false;
   const std::unique_ptr<JXConsentGate> consent_;
   std::uint64_t decisions_ = 0;
   int managerState_ = 0;

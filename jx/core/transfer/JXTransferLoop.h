@@ -33,6 +33,8 @@ struct JXTransferSetup {
   JXString httpUserAgent{"JXServerSide"};     ///< value of the User-Agent header
   JXDeliveryCallback onDelivery;
   std::shared_ptr<JXStopMarks> stopMarks;  ///< records stops; null: they hold in this process only
+  /// Called with each consent, without a lock, before it takes effect. Empty: nothing to do.
+  std::function<void()> beginStoring;
   /// Called on the transfer thread with each sync of the outbox. Makes the core's other stored data
   /// durable and cleans it up.
   std::function<void()> maintain;
