@@ -33,9 +33,7 @@ def existing_tests(root):
     soak = root / "tests/soak/CMakeLists.txt"
     if soak.exists():
         text = soak.read_text(encoding="utf-8")
-        names |= {f"soak.{name}"
-                  for name in ("kills", "offline", "outage", "flush", "exit", "threads")
-                  if re.search(rf"\b{name}\b", text)}
+        names |= {f"soak.{name}" for name in re.findall(r"^jx_soak_test\((\w+)", text, re.M)}
     return names
 
 

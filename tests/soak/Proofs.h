@@ -24,5 +24,10 @@ int exit(Arguments& arguments);
 /// Threads that execute, post application notifications, toggle consent, change data and read
 /// accessors at once: each event arrives with a valid body, and each session is marked once.
 int threads(Arguments& arguments);
+/// Stops and enables delivery repeatedly while events are sent. After a stop has returned, nothing
+/// is written to a socket.
+int stops(Arguments& arguments);
+/// Toggles consent from many threads. Afterwards the state of the ServerSide decides what is sent.
+int toggles(Arguments& arguments);
 
 }  // namespace jx::soak

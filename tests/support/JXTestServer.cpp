@@ -76,7 +76,7 @@ JXTestServer::~JXTestServer() {
   }
   close(wakePipe_[1]);
   acceptor_.join();
-  for (std::thread& thread : threads_)
+  for (auto& [number, thread] : threads_)
     thread.join();
   close(wakePipe_[0]);
   close(socket_);
@@ -245,9 +245,11 @@ void JXTestServer::acceptConnections() {
     if (!listens_ || stopping_ || (waited[1].revents & POLLIN) == 0) continue;
     const int descriptor = accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC);
     if (descriptor < 0) continue;
+    joinEnded();
     const int number = ++connections_;
     open_.push_back(descriptor);
-    threads_.emplace_back([this, descriptor, number] { serve(descriptor, number); });
+    threads_.emplace(number,
+                     std::thread([this, descriptor, number] { serve(descriptor, number); }));
     changed_.notify_all();
   }
 }
@@ -269,6 +271,17 @@ void JXTestServer::serve(int descriptor, int number) {
   const std::lock_guard<std::mutex> lock(mutex_);
   std::erase(open_, descriptor);
   close(descriptor);
+  ended_.push_back(number);
+}
+
+// Otherwise thousands of connections would keep the stacks of their threads. The mutex is locked;
+// an ended thread does not lock it again.
+void JXTestServer::joinEnded() {
+  for (const int number : ended_) {
+    threads_.at(number).join();
+    threads_.erase(number);
+  }
+  ended_.clear();
 }
 
 JXTestAnswer JXTestServer::nextAnswer(JXTestRequest request) {

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -107,6 +108,7 @@ class JXTestServer {
   void answer(JXTestConnection& connection, const JXTestAnswer& answer);
   JXTestAnswer nextAnswer(JXTestRequest request);
   void endConnections();
+  void joinEnded();
   template <class Condition>
   bool waitFor(Condition condition);
   static int chooseProtocol(SSL* connection, const unsigned char** chosen, unsigned char* length,
@@ -133,8 +135,9 @@ class JXTestServer {
   JXTestAnswer standing_;
   std::deque<JXTestAnswer> next_;
   std::vector<JXTestRequest> requests_;
-  std::vector<int> open_;  // descriptors of the open connections
-  std::vector<std::thread> threads_;
+  std::vector<int> open_;               // descriptors of the open connections
+  std::map<int, std::thread> threads_;  // by the number of their connection
+  std::vector<int> ended_;              // connections whose threads only have to be joined
   std::thread acceptor_;
 };
 
