@@ -52,10 +52,23 @@ void WorkerTransport::abortAll() noexcept {
   results_.clear();
 }
 
+void WorkerTransport::suspend() noexcept {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  suspended_ = true;
+}
+
+void WorkerTransport::resume() noexcept {
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    suspended_ = false;
+  }
+  requested_.notify_one();
+}
+
 void WorkerTransport::work() {
   std::unique_lock<std::mutex> lock(mutex_);
   while (true) {
-    requested_.wait(lock, [this] { return stopping_ || !waiting_.empty(); });
+    requested_.wait(lock, [this] { return stopping_ || (!suspended_ && !waiting_.empty()); });
     if (stopping_) return;
     jx::JXHttpRequest request = std::move(waiting_.front());
     waiting_.pop_front();

@@ -29,6 +29,9 @@ class WorkerTransport final : public jx::JXHttpTransport {
   std::vector<jx::JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) override;
   void wakeUp() noexcept override;
   void abortAll() noexcept override;
+  /// Begins no further request. The one that the client is sending cannot be interrupted.
+  void suspend() noexcept override;
+  void resume() noexcept override;
 
  private:
   void work();
@@ -42,6 +45,7 @@ class WorkerTransport final : public jx::JXHttpTransport {
   std::vector<jx::JXHttpResult> results_;
   std::uint64_t aborts_ = 0;  // a result of a request from before an abort is discarded
   bool woken_ = false;
+  bool suspended_ = false;
   bool stopping_ = false;
   std::thread worker_;  // last, because it uses the other members
 };

@@ -24,8 +24,10 @@ constexpr const char* kRewriteSuffix = ".new";
 
 JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep,
                              std::chrono::milliseconds maxAge)
-    : path_(folder + "/dead"),
-      keep_(std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())),
+    : path_(folder.empty() ? std::string() : folder + "/dead"),
+      keep_(folder.empty()
+                ? 0
+                : std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())),
       maxAge_(maxAge) {}
 
 int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64_t nowMs) {

@@ -34,6 +34,16 @@ TEST_F(OutboxFiles, StartsANewSegmentAfterAMebibyte) {
   EXPECT_EQ(fs::file_size(segment(1)) / 400'000, 3u);
 }
 
+TEST(OutboxWithoutFolder, WritesNoDeadLetters) {
+  JXOutbox outbox("", JXOutboxBounds(), std::make_shared<JXManualClock>(1'790'000'000'000));
+  outbox.add("https://host/", "rejected");
+  EXPECT_TRUE(outbox.moveToDeadLetters(outbox.take()->id, 400));
+  outbox.sync();
+  outbox.purge();
+  EXPECT_EQ(outbox.counters().queued, 0u);
+  EXPECT_FALSE(fs::exists("/dead"));
+}
+
 TEST_F(OutboxFiles, DeletesASegmentWithItsLastRequest) {
   const auto outbox = open();
   for (const char* name : {"a", "b", "c", "d"})
