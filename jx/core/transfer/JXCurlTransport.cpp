@@ -111,7 +111,7 @@ class JXCurlTransport::Implementation {
  public:
   explicit Implementation(JXHttpOptions options) : options_(std::move(options)) {
     initialiseCurlOnce();
-    multi_ = curl_multi_init();
+    multi_ = newMulti();
     headers_ = curl_slist_append(headers_, "Content-Type: application/json; charset=utf-8");
     // Disables "100-continue": the bodies are small.
     curl_slist* const all = curl_slist_append(headers_, "Expect:");
@@ -119,9 +119,6 @@ class JXCurlTransport::Implementation {
       release();
       throw std::bad_alloc();
     }
-    curl_multi_setopt(multi_, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
-    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
-    curl_multi_setopt(multi_, CURLMOPT_MAXCONNECTS, kMaxConnections);
   }
 
   ~Implementation() {
@@ -161,7 +158,10 @@ class JXCurlTransport::Implementation {
     return results;
   }
 
-  void wakeUp() noexcept { curl_multi_wakeup(multi_); }
+  void wakeUp() noexcept {
+    const std::lock_guard<std::mutex> lock(replacing_);
+    curl_multi_wakeup(multi_);
+  }
 
   void abortAll() noexcept {
     for (const std::unique_ptr<Exchange>& exchange : active_) {
@@ -169,6 +169,7 @@ class JXCurlTransport::Implementation {
     }
     active_.clear();
     ready_.clear();
+    if (sockets_.isShut()) closeConnections();
     sockets_.forgetClosed();
   }
 
@@ -180,6 +181,27 @@ class JXCurlTransport::Implementation {
   static void removeUnanswered(std::vector<JXHttpResult>& results) {
     const auto isUnanswered = [](const JXHttpResult& each) { return each.outcome.status == 0; };
     results.erase(std::remove_if(results.begin(), results.end(), isUnanswered), results.end());
+  }
+
+  static CURLM* newMulti() {
+    CURLM* const multi = curl_multi_init();
+    curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
+    curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, kMaxConnections);
+    return multi;
+  }
+
+  // A kept connection whose socket was shut down is dead, but libcurl may use it for a request,
+  // which then waits until its time is over. No operation closes the kept connections of a handle.
+  void closeConnections() noexcept {
+    CURLM* const fresh = newMulti();
+    if (fresh == nullptr) return;
+    CURLM* previous = nullptr;
+    {
+      const std::lock_guard<std::mutex> lock(replacing_);
+      previous = std::exchange(multi_, fresh);
+    }
+    curl_multi_cleanup(previous);
   }
 
   void release() {
@@ -319,6 +341,7 @@ class JXCurlTransport::Implementation {
 
   const JXHttpOptions options_;
   JXSocketGate sockets_;
+  std::mutex replacing_;  ///< for `multi_`, which `wakeUp` uses on other threads
   CURLM* multi_ = nullptr;
   curl_slist* headers_ = nullptr;
   std::vector<std::unique_ptr<Exchange>> active_;
