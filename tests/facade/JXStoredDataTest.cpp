@@ -233,6 +233,9 @@ TEST_F(StoredData, StaysErasedWhileDisabled) {
   const auto serverSide = make();
   const Lines secrets = secretsOf(execute(*serverSide));
   serverSide->disableServerSide();
+  // Another thread records the stop in a file.
+  while (files().size() < 3)
+    std::this_thread::yield();
   EXPECT_TRUE(JXStoredData::eraseAll().isComplete);
   serverSide->execute(JXCustomEvent::initWithName("quiz"));
   // No identifier is created before it is needed.
@@ -281,6 +284,8 @@ TEST_F(StoredData, DropsAnEventThatIsBeingExecuted) {
 TEST_F(StoredData, IsErasedByEightThreadsAtOnce) {
   const auto serverSide = make();
   const Lines before = identifiersOf(execute(*serverSide));
+  // The records of the fixture belong to one thread.
+  JXNotificationCenter::defaultCenter()->removeObserver(this);
   std::vector<std::thread> threads;
   for (int i = 0; i < 8; ++i) {
     threads.emplace_back([&] {
@@ -297,6 +302,7 @@ TEST_F(StoredData, IsErasedByEightThreadsAtOnce) {
   const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
   EXPECT_EQ(counters.outbox.queued, 0u);
   EXPECT_EQ(counters.outbox.purged, 41u);
+  record(JXNotificationCenter::defaultCenter());
   const Request last = execute(*serverSide);
   EXPECT_EQ(lifecycle(last).get("visit_number").numberString(), "1");
   EXPECT_EQ(queuedEvents(), 1u);
