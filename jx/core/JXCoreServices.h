@@ -52,6 +52,8 @@ class JXCoreServices {
   /// Returns whether data may be stored and identifiers be created; see
   /// JXCoreConfiguration::storesOnlyWithConsent.
   bool mayStore() const { return mayStore_; }
+  /// Returns whether data may be stored since a consent, and not since the start.
+  bool beganLater() const { return beganLater_; }
   /// Returns a new random identifier; null if none may be created yet.
   JXString newIdentifier() const { return mayStore() ? platform_->newUUID() : JXString(); }
   /// Returns how often the identifiers and counts began anew: with each erase, and when they may be

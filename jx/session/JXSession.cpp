@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/session/JXSession.h"
 
+#include <utility>
+
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
@@ -56,7 +58,10 @@ void JXSession::renewIfErased() {
   if (seenBeginnings_.exchange(beginnings) == beginnings) return;
   forget();
   variables_.beginFirstVisit();
-  if (device_.sdkID().isPresent()) {
+  // An application may have removed it from the device block.
+  const bool beginsStoring =
+      JXCoreServices::sharedInstance().beganLater() && !std::exchange(hasBegunLater_, true);
+  if (device_.sdkID().isPresent() || beginsStoring) {
     device_.setSdkID(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
   }
 }

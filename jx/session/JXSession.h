@@ -72,6 +72,7 @@ class JXSession {
   void forget();
 
   std::recursive_mutex mutex_;
+  bool hasBegunLater_ = false;  ///< the identifiers that could be created later were seen
   std::atomic<std::uint64_t> seenBeginnings_{
       0};  ///< the number of beginnings when the variables were set
   JXPredefinedVariables variables_;

@@ -280,7 +280,8 @@ TEST_F(CObject, DescribesEachStatus) {
   EXPECT_STREQ(jx_status_string(JX_OK), "success");
   EXPECT_STREQ(jx_status_string(JX_ERROR_INTERNAL), "internal error");
   EXPECT_STREQ(jx_status_string(JX_ERROR_OUT_OF_RANGE), "index is out of range");
-  EXPECT_STREQ(jx_status_string(21), "unknown status");
+  EXPECT_STREQ(jx_status_string(JX_ERROR_NOT_ERASED), "some stored data could not be erased");
+  EXPECT_STREQ(jx_status_string(22), "unknown status");
   EXPECT_STREQ(jx_status_string(UINT32_MAX), "unknown status");
 }
 

@@ -106,8 +106,7 @@ TEST_F(StoresOnlyWithConsent, BeginsWithTheConsent) {
             storedValue("#JX_ANONYMOUS_ID#"));
   EXPECT_TRUE(lifecycle(first).get("session_id").string().testString());
   EXPECT_EQ(storedValue("#JX_APPLICATION_STARTS#"), JXString("1"));
-  EXPECT_EQ(storedValue(std::string(kJXDateFirstVisitFormat).c_str()),
-            JXString(std::to_string(kStartMs + 5'000)))
+  EXPECT_EQ(storedValue(std::string(kJXDateFirstVisitFormat).c_str()), JXString("1700000005"))
       << "the first visit begins with the consent";
   EXPECT_EQ(stored().back(), first.text);
 }
@@ -133,8 +132,7 @@ TEST_F(StoresOnlyWithConsent, ContinuesTheEarlierLifeAfterTheConsent) {
   serverSide->enableServerSide();
   const Request first = execute(*serverSide, "first");
   EXPECT_EQ(sdkIdOf(first), JXString("earlier-sdk"));
-  EXPECT_EQ(first.body.get("user").object().get("anonymous_id").string(),
-            JXString("earlier-user"));
+  EXPECT_EQ(first.body.get("user").object().get("anonymous_id").string(), JXString("earlier-user"));
   EXPECT_EQ(storedValue("#JX_APPLICATION_STARTS#"), JXString("5"));
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 3u);
 }
@@ -172,8 +170,7 @@ TEST_F(StoresOnlyWithConsent, IgnoresAdvertisingIdentifiersBeforeTheConsent) {
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
   EXPECT_EQ(count({3, "addAdvertisingIDs() called before the viewer consented; ignored"}), 1u);
-  EXPECT_FALSE(
-      JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_IDFV).isPresent());
+  EXPECT_FALSE(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_IDFV).isPresent());
   serverSide->enableServerSide();
   serverSide->addAdvertisingIDs();
   EXPECT_TRUE(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_IDFA).isPresent());
