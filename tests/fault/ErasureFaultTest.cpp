@@ -1,7 +1,8 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Erasing the stored data on a full disk and on a read-only one: real file systems.
+// Erasing the stored data on a full disk and on a read-only one: real file systems or, if mounting
+// is not allowed, simulated errors.
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -13,6 +14,7 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXStoredData.h"
 #include "tests/fault/SmallDisk.h"
+#include "tests/support/JXFailingDisk.h"
 #include "tests/support/ServerSideFixture.h"
 #include "tests/support/StoredBytes.h"
 
@@ -25,41 +27,69 @@ class ErasureOnABrokenDisk : public ServerSideFixture {
     queueForReal();
     platform->hasUserDefaults = false;
     configuration.storageFolder = state();
+    if (!disk().isMounted()) failing().heal();
   }
-  // Outlives the library.
+  // Both outlive the library.
   static SmallDisk& disk() {
     static SmallDisk mounted(storage().makeFolder("disk"), 4);
     return mounted;
+  }
+  static FailingDisk& failing() {
+    static auto* const calls = new FailingDisk(0, 0, FailingDisk::Write::Nothing, ENOSPC);
+    return *calls;
+  }
+  static JXErasure eraseReadOnly() {
+    const std::string path = disk().path();
+    if (!disk().isMounted()) {
+      FailingDisk readOnly(0, 1'000, FailingDisk::Write::Nothing, EROFS);
+      readOnly.includeDeletions();
+      return JXStoredData::eraseAll();
+    }
+    EXPECT_EQ(::mount(nullptr, path.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+    const JXErasure erasure = JXStoredData::eraseAll();
+    EXPECT_EQ(::mount(nullptr, path.c_str(), nullptr, MS_REMOUNT, "size=4m"), 0);
+    return erasure;
   }
   static std::string state() { return disk().path() + "/state"; }
 };
 
 TEST_F(ErasureOnABrokenDisk, IsCompleteWhileTheDiskIsFull) {
-  if (!disk().isMounted()) GTEST_SKIP() << "mounting a file system is not allowed";
   const auto serverSide = make();
   const Request before = execute(*serverSide);
   const std::string event = inside(before.body, {"context"}).get("event_id").string().toStdString();
   const std::string anonymousId =
       inside(before.body, {"user"}).get("anonymous_id").string().toStdString();
   EXPECT_EQ(bytesFound(state(), {event, anonymousId}).size(), 2u);
-  ASSERT_TRUE(disk().fill());
+  if (disk().isMounted()) {
+    ASSERT_TRUE(disk().fill());
+  } else {
+    failing().fail();
+  }
   const JXErasure erasure = JXStoredData::eraseAll();
-  // The deleted files leave space for the mark.
-  EXPECT_TRUE(erasure.isComplete);
-  EXPECT_EQ(erasure.left, std::vector<std::string>());
-  EXPECT_EQ(filesBelow(state()), std::vector<std::string>{"erased"});
+  if (disk().isMounted()) {
+    // The deleted files leave space for the mark.
+    EXPECT_TRUE(erasure.isComplete);
+    EXPECT_EQ(erasure.left, std::vector<std::string>());
+    EXPECT_EQ(filesBelow(state()), std::vector<std::string>{"erased"});
+  } else {
+    EXPECT_FALSE(erasure.isComplete);
+    EXPECT_EQ(erasure.left.back(),
+              state() +
+                  "/erased: No space left on device; another process that uses the folder "
+                  "may write its values again");
+    EXPECT_EQ(filesBelow(state()), std::vector<std::string>());
+    failing().heal();
+  }
   EXPECT_EQ(JXNetworkManager::sharedInstance().counters().outbox.queued, 0u);
   EXPECT_NE(inside(execute(*serverSide).body, {"user"}).get("anonymous_id").string(),
             JXString(anonymousId));
 }
 
 TEST_F(ErasureOnABrokenDisk, ReportsEachFileOfAReadOnlyDisk) {
-  if (!disk().isMounted()) GTEST_SKIP() << "mounting a file system is not allowed";
   storage().write("disk/state/defaults", "identifiers");
   storage().write("disk/state/outbox/dead", "event");
   start();
-  ASSERT_EQ(::mount(nullptr, disk().path().c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
-  const JXErasure erasure = JXStoredData::eraseAll();
+  const JXErasure erasure = eraseReadOnly();
   EXPECT_FALSE(erasure.isComplete);
   const std::string cause = ": Read-only file system";
   EXPECT_EQ(erasure.left,
@@ -67,7 +97,6 @@ TEST_F(ErasureOnABrokenDisk, ReportsEachFileOfAReadOnlyDisk) {
                 state() + "/outbox/dead" + cause, state() + "/defaults" + cause,
                 state() + "/erased" + cause +
                     "; another process that uses the folder may write its values again"}));
-  ASSERT_EQ(::mount(nullptr, disk().path().c_str(), nullptr, MS_REMOUNT, "size=4m"), 0);
   EXPECT_TRUE(JXStoredData::eraseAll().isComplete);
   EXPECT_EQ(filesBelow(state()), std::vector<std::string>{"erased"});
 }

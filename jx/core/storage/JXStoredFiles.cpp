@@ -26,13 +26,14 @@ bool skip(std::string_view& name, std::string_view prefix) {
 // Removes a lower-case hexadecimal number of so many digits.
 bool skipHex(std::string_view& name, std::size_t digits) {
   if (name.size() < digits) return false;
-  const bool isHex = name.substr(0, digits).find_first_not_of("0123456789abcdef") == name.npos;
+  const bool isHex =
+      name.substr(0, digits).find_first_not_of("0123456789abcdef") == std::string_view::npos;
   if (isHex) name.remove_prefix(digits);
   return isHex;
 }
 
 bool isNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 // Returns true for the end of a file's name: none, or that of a rewritten file, of a purge mark, of

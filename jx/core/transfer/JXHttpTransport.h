@@ -93,12 +93,12 @@ class JX_API JXHttpTransport {
 
   /// Ends all sending at once: after it returns, no byte of a request is written to the network
   /// until `resume` is called, neither of the requests in flight nor of one that is started in the
-  /// meantime. Called when consent is withdrawn, on the thread of the application, at any time,
-  /// also during the other operations. Must not wait for the network. The library then calls
-  /// `abortAll` on the transfer thread, before `resume`; results of requests that ended because of
-  /// the suspension must not be returned by `poll`. Does nothing by default; the requests in flight
-  /// of such a transport are only aborted, so data of them may be sent for a short time after a
-  /// stop.
+  /// meantime. Called when consent is withdrawn and on a purge, on the thread of the application,
+  /// at any time, also during the other operations. Must not wait for the network. The library then
+  /// calls `abortAll` on the transfer thread, before `resume`; results of requests that ended
+  /// because of the suspension must not be returned by `poll`. Does nothing by default; the
+  /// requests in flight of such a transport are only aborted, so data of them may be sent for a
+  /// short time after a stop.
   virtual void suspend() noexcept {}
   /// Ends `suspend`. Called on the transfer thread, after `abortAll`.
   virtual void resume() noexcept {}

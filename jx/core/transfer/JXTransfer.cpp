@@ -200,13 +200,21 @@ bool JXTransfer::flush(milliseconds deadline) {
 
 void JXTransfer::purge() {
   setup().outbox->purge();
-  mailbox_.send([](JXTransferCommands& commands) { ++commands.purges; });
-  notifyFlushers();
+  abortPurged();
 }
 
 void JXTransfer::applyErasures() {
   setup().outbox->applyErasures();
-  mailbox_.send([](JXTransferCommands& commands) { ++commands.purges; });
+  abortPurged();
+}
+
+// The queue does not contain the purged requests any more, so only those in flight can be sent.
+void JXTransfer::abortPurged() {
+  mailbox_.send([this](JXTransferCommands& commands) {
+    setup().transport->suspend();
+    ++commands.suspensions;
+    ++commands.purges;
+  });
   notifyFlushers();
 }
 

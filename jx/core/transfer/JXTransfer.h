@@ -89,6 +89,7 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   bool isAbandoned() noexcept;
   bool isOnThread() const { return threadId_.load() == std::this_thread::get_id(); }
   bool queueIsEmpty() const { return setup().outbox->counters().queued == 0; }
+  void abortPurged();
   void resumeTransport(const JXTransferCommands& applied);
   void notifyFlushers();
   const JXTransferSetup& setup() const { return loop_.setup(); }

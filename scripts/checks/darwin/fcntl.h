@@ -22,6 +22,7 @@
 #define F_GETFL 3
 #define F_SETFL 4
 #define F_FULLFSYNC 51
+#define F_DUPFD_CLOEXEC 67
 #define FD_CLOEXEC 1
 
 extern "C" {

@@ -23,7 +23,14 @@ struct sockaddr {
 #define SOCK_STREAM 1
 #define SOCK_DGRAM 2
 #define SOL_SOCKET 0xffff
+#define SO_LINGER 0x0080
 #define SO_NOSIGPIPE 0x1022
+#define SHUT_RDWR 2
+
+struct linger {
+  int l_onoff;
+  int l_linger;
+};
 
 extern "C" {
 
@@ -31,6 +38,7 @@ int socket(int, int, int);
 int connect(int, const sockaddr*, socklen_t);
 int setsockopt(int, int, int, const void*, socklen_t);
 int getsockopt(int, int, int, void*, socklen_t*);
+int shutdown(int, int);
 ssize_t send(int, const void*, size_t, int);
 ssize_t recv(int, void*, size_t, int);
 
