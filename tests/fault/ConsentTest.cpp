@@ -166,8 +166,11 @@ TEST_P(ConsentSwitch, CancelsScheduledRetryOnStop) {
 
 TEST_P(ConsentSwitch, KeepsQueueOfEarlierProcessOnStop) {
   leaveFromEarlierProcess({"old 1", "old 2"});
+  // An enabled start sends at once; in the background it has not begun when the stop comes.
+  manager.onBackground();
   const auto serverSide = startWith(EJXDefaultBehaviour_DEFAULT);
   stop(*serverSide);
+  manager.onForeground();
   expectSilenceForADay();
   EXPECT_EQ(server.connections(), 0);
   const std::uint64_t queued = counters().outbox.queued;
