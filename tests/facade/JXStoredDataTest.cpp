@@ -309,17 +309,15 @@ TEST_F(StoredData, IsErasedByEightThreadsAtOnce) {
 }
 
 TEST_F(StoredData, ReportsWhatIsLeftOnAReadOnlyDisk) {
+  // Outlives the threads of the library.
+  static auto* const disk = new FailingDisk(0, 0, FailingDisk::Write::Nothing, EROFS);
+  disk->includeDeletions();
   const auto serverSide = make();
   const Lines before = identifiersOf(execute(*serverSide));
-  JXErasure erasure;
-  {
-    FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing, EROFS);
-    disk.includeDeletions();
-    erasure = JXStoredData::eraseAll();
-    EXPECT_NE(identifiersOf(execute(*serverSide)), before);
-    disk.heal();
-    JXNetworkManager::sharedInstance().changingSDKBehaviour(false);
-  }
+  disk->fail();
+  const JXErasure erasure = JXStoredData::eraseAll();
+  EXPECT_NE(identifiersOf(execute(*serverSide)), before);
+  disk->heal();
   EXPECT_FALSE(erasure.isComplete);
   ASSERT_EQ(erasure.left.size(), 3u);
   EXPECT_EQ(erasure.left[0],

@@ -170,7 +170,7 @@ class JXCurlTransport::Implementation {
     active_.clear();
     ready_.clear();
     if (sockets_.isShut()) closeConnections();
-    sockets_.forgetClosed();
+    sockets_.forgetUnconnected();
   }
 
   void suspend() noexcept { sockets_.shut(); }
@@ -322,7 +322,6 @@ class JXCurlTransport::Implementation {
 
   void finish(Exchange& exchange, CURLcode code) {
     curl_multi_remove_handle(multi_, exchange.easy);
-    if (code != CURLE_OK) sockets_.forgetClosed();
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
@@ -337,6 +336,7 @@ class JXCurlTransport::Implementation {
                                  [&](const auto& each) { return each.get() == &exchange; });
     free_.push_back(std::move(*at));
     active_.erase(at);
+    if (code != CURLE_OK && active_.empty()) sockets_.forgetUnconnected();
   }
 
   const JXHttpOptions options_;

@@ -4,7 +4,6 @@
 
 #include <fcntl.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,11 +11,10 @@
 namespace jx {
 namespace {
 
-bool areSameSocket(int a, int b) {
-  struct stat first {};
-  struct stat second {};
-  return ::fstat(a, &first) == 0 && ::fstat(b, &second) == 0 && first.st_dev == second.st_dev &&
-         first.st_ino == second.st_ino;
+bool isConnected(int descriptor) {
+  sockaddr_storage peer{};
+  socklen_t size = sizeof peer;
+  return ::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0;
 }
 
 void endWriting(int descriptor) {
@@ -67,9 +65,9 @@ void JXSocketGate::close(int socket) noexcept {
   ::close(socket);
 }
 
-void JXSocketGate::forgetClosed() noexcept {
+void JXSocketGate::forgetUnconnected() noexcept {
   const std::lock_guard<std::mutex> lock(mutex_);
-  forgetIf([](const Socket& each) { return !areSameSocket(each.descriptor, each.duplicate); });
+  forgetIf([](const Socket& each) { return !isConnected(each.duplicate); });
 }
 
 void JXSocketGate::shut() noexcept {

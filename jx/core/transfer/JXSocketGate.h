@@ -21,9 +21,9 @@ class JXSocketGate {
   int open(int family, int type, int protocol) noexcept;
   /// Closes a socket that `open` returned.
   void close(int socket) noexcept;
-  /// Forgets the sockets that were closed without `close`: libcurl does that if a connection was
-  /// not established. Call it on the thread that uses the sockets.
-  void forgetClosed() noexcept;
+  /// Forgets the sockets without a connection. libcurl closes a socket without `close` if the
+  /// connection was not established. Call it when no connection is being established.
+  void forgetUnconnected() noexcept;
 
   /// From its return until `reopen`, nothing can be written to a socket of the gate, and what the
   /// system has not sent yet is discarded when the socket is closed. Waits for a write that another

@@ -15,6 +15,12 @@ struct sockaddr {
   char sa_data[14];
 };
 
+struct sockaddr_storage {
+  uint8_t ss_len;
+  sa_family_t ss_family;
+  char ss_data[126];
+};
+
 #define AF_UNSPEC 0
 #define AF_UNIX 1
 #define AF_INET 2
@@ -39,6 +45,7 @@ int connect(int, const sockaddr*, socklen_t);
 int setsockopt(int, int, int, const void*, socklen_t);
 int getsockopt(int, int, int, void*, socklen_t*);
 int shutdown(int, int);
+int getpeername(int, sockaddr*, socklen_t*);
 ssize_t send(int, const void*, size_t, int);
 ssize_t recv(int, void*, size_t, int);
 
