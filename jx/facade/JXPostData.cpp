@@ -32,7 +32,6 @@ void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
                              JXNewSessionClaim* claim, JXJsonTextSink& sink) {
   const JXJsonObject body = event.getJsonObject();
   JXJsonTreeSink tree(body);
-  writeUser(tree, serverSideState);
   const JXJsonObject context = body.get(JXE_CONTEXT).object();
   if (context.isPresent()) {
     JXJsonTreeSink contextTree(context);
@@ -40,6 +39,8 @@ void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
   } else if (claim != nullptr) {
     JXSession::sharedInstance().advance(*claim);
   }
+  // After the context, which renews the identifiers if the stored data was erased.
+  writeUser(tree, serverSideState);
   sink.root(body);
 }
 

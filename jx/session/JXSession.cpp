@@ -9,6 +9,7 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/json/JXJsonSink.h"
+#include "jx/core/storage/JXErasures.h"
 
 namespace jx {
 namespace {
@@ -48,14 +49,14 @@ JXLifecycle& JXSession::lifecycle() {
   return started(lifecycleStart_, lifecycle_, "JXLifecycle::sharedInstance()");
 }
 
-void JXSession::renewIfErased() {
+bool JXSession::renewIfErased() {
   // Nothing was read before the core started.
-  if (!JXCoreServices::hasStarted()) return;
+  if (!JXCoreServices::hasStarted()) return false;
   const std::uint64_t beginnings = JXCoreServices::sharedInstance().beginnings();
-  if (beginnings == seenBeginnings_) return;
+  if (beginnings == seenBeginnings_) return false;
   const JXSessionLock lock;
   // Set first, because the steps use the session.
-  if (seenBeginnings_.exchange(beginnings) == beginnings) return;
+  if (seenBeginnings_.exchange(beginnings) == beginnings) return false;
   forget();
   variables_.beginFirstVisit();
   // An application may have removed it from the device block.
@@ -64,6 +65,7 @@ void JXSession::renewIfErased() {
   if (device_.sdkID().isPresent() || beginsStoring) {
     device_.setSdkID(JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
   }
+  return true;
 }
 
 void JXSession::forgetErased() {
@@ -86,7 +88,7 @@ void JXSession::writeContext(JXJsonSink& sink, JXNewSessionClaim* claim) {
   JXDevice& device = this->device();
   JXApp& app = this->app();
   const JXSessionLock lock;
-  if (claim != nullptr) variables.advance();
+  if (claim != nullptr) advance(variables);
   device.refreshContent();
   if (claim != nullptr) lifecycle().setIsNewSession(claim->take());
   sink.block(JXD_DEVICE, device);
@@ -98,8 +100,17 @@ void JXSession::writeContext(JXJsonSink& sink, JXNewSessionClaim* claim) {
 void JXSession::advance(JXNewSessionClaim& claim) {
   JXPredefinedVariables& variables = this->variables();
   const JXSessionLock lock;
-  variables.advance();
+  advance(variables);
   claim.take();
+}
+
+// Storing the times notices an erase by another process, without a further system call for each
+// event. The body contains no identifier and no count yet.
+void JXSession::advance(JXPredefinedVariables& variables) {
+  variables.advance();
+  if (!renewIfErased()) return;
+  variables.advance();
+  JXErasureScope::restart(JXCoreServices::sharedInstance().erasures());
 }
 
 JXSessionLock::JXSessionLock() { JXSession::sharedInstance().mutex_.lock(); }

@@ -61,7 +61,8 @@ class JXSession {
 
   /// Begins the first visit again if the stored data was erased since the variables were set.
   /// Called by every operation that returns a part.
-  void renewIfErased();
+  /// Returns whether it did.
+  bool renewIfErased();
   /// Removes erased values from memory. The next use of the session begins the first visit.
   void forgetErased();
 
@@ -69,6 +70,7 @@ class JXSession {
   friend class JXSessionLock;
 
   JXSession() = default;
+  void advance(JXPredefinedVariables& variables);
   void forget();
 
   std::recursive_mutex mutex_;

@@ -148,7 +148,8 @@ void JXDefaultsFile::endChanges() {
   if (changing_ != std::this_thread::get_id()) return;
   changing_ = std::thread::id();
   dropErased();
-  if (unsaved_.empty()) return;
+  // Also without a change: a deleted file may mean an erase.
+  if (unsaved_.empty() && (journal_ == nullptr || journal_->file().isLinked())) return;
   ensureOpen();
   writeUnsaved();
 }

@@ -188,10 +188,14 @@ int JXErasures::replaceMark(const Mark& mark) const {
 }
 
 JXErasureScope::JXErasureScope(JXErasures& erasures) : outer_(composingSince) {
-  composingSince = erasures.check();
+  composingSince = erasures.count();
 }
 
 JXErasureScope::~JXErasureScope() { composingSince = outer_; }
+
+void JXErasureScope::restart(const JXErasures& erasures) {
+  if (composingSince) composingSince = erasures.count();
+}
 
 std::uint64_t JXErasureScope::begunAt(JXErasures& erasures) {
   return composingSince ? *composingSince : erasures.check();

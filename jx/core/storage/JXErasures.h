@@ -80,6 +80,9 @@ class JXErasureScope {
   JXErasureScope(const JXErasureScope&) = delete;
   JXErasureScope& operator=(const JXErasureScope&) = delete;
 
+  /// Begins the current request of this thread anew: nothing that an erase could replace is in it
+  /// yet.
+  static void restart(const JXErasures& erasures);
   /// Returns the count at which this thread began to compose a request; outside a scope, the
   /// current one.
   static std::uint64_t begunAt(JXErasures& erasures);
