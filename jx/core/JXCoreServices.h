@@ -56,8 +56,9 @@ class JXCoreServices {
   bool beganLater() const { return beganLater_; }
   /// Returns a new random identifier; null if none may be created yet.
   JXString newIdentifier() const { return mayStore() ? platform_->newUUID() : JXString(); }
-  /// Returns how often the identifiers and counts began anew: with each erase, and when they may be
-  /// stored. Their owners compare it with the number at which they read or created them.
+  /// Returns how often the identifiers and counts were invalidated: by each erase, and once when
+  /// data may be stored. The classes that cache them compare it with the number at which they read
+  /// or created them.
   std::uint64_t beginnings() const;
   /// Reports that a persisted value changed. When the core's own store is used, the transfer thread
   /// then makes it durable.

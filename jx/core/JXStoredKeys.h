@@ -8,7 +8,8 @@ namespace jx {
 
 /// The keys of all strings that the library stores in the user defaults. Erasing the stored data
 /// removes these keys from the settings store of the system. A key that any layer adds must be
-/// added here; a key that is no longer written stays, because earlier versions have stored it.
+/// added here; do not remove a key that is not written any more, because earlier versions have
+/// stored it.
 inline constexpr std::string_view kJXStoredKeys[] = {
     "#JX_ANONYMOUS_ID#",
     "#JX_APPLICATION_PREVIOUS_VERSION#",

@@ -19,7 +19,7 @@ namespace jx {
 /// success.
 class JXDeadLetters {
  public:
-  /// An empty folder name means that there is no storage: no request is stored.
+  /// With an empty folder name, no request is stored.
   JXDeadLetters(const std::string& folder, std::size_t keep,
                 std::chrono::milliseconds maxAge = std::chrono::milliseconds::max());
 

@@ -50,7 +50,7 @@ class JXErasures {
  private:
   struct Mark {
     bool pending = false;
-    std::string token;  ///< empty if there is no mark
+    std::string token;  ///< empty if the file does not exist
   };
   Mark readMark() const;
   int writeMark(const Mark& mark) const;
@@ -80,8 +80,8 @@ class JXErasureScope {
   JXErasureScope(const JXErasureScope&) = delete;
   JXErasureScope& operator=(const JXErasureScope&) = delete;
 
-  /// Begins the current request of this thread anew: nothing that an erase could replace is in it
-  /// yet.
+  /// Treats the current request of this thread as begun now. Call it while the request contains no
+  /// value that an erase replaces.
   static void restart(const JXErasures& erasures);
   /// Returns the count at which this thread began to compose a request; outside a scope, the
   /// current one.

@@ -23,9 +23,9 @@ struct JXOutboxRequest {
 /// are stored in files.
 enum class JXSendPolicy : std::uint8_t {
   Unknown,        ///< written by an early revision, or not executed by a ServerSide
-  Enabled,        ///< starts enabled; obeys stops
+  Enabled,        ///< starts enabled; applies stops
   AlwaysEnabled,  ///< ignores stops
-  AsksFirst       ///< starts disabled or waits for consent; obeys stops
+  AsksFirst       ///< starts disabled or waits for consent; applies stops
 };
 
 /// The part of a request's origin that is stored with it.

@@ -36,8 +36,8 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   /// The number of stops in the mark of a damaged file.
   static constexpr std::uint16_t kAllStops = 0xFFFF;
 
-  /// An empty folder name means that there is no storage: nothing is read or written; neither until
-  /// `beginStoring` if `mayStore` is false.
+  /// With an empty folder name, nothing is read or written. If `mayStore` is false, nothing is
+  /// before `beginStoring`.
   explicit JXStopMarks(std::string folder, bool mayStore = true)
       : folder_(std::move(folder)), mayStore_(mayStore && !folder_.empty()) {}
   void beginStoring() { mayStore_ = !folder_.empty(); }
