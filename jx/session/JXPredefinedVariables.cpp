@@ -43,13 +43,7 @@ JXPredefinedVariables* JXPredefinedVariables::init() {
   dynamicStore_ = JXDynamicStore::init();
   JX_INIT_STATE = kJXInitDone;
 
-  totalForegroundTransitions_ = 1;
-  totalForegroundTime_ = 0;
-  deltaForeground_ = 0;
-  totalBackgroundTime_ = 0;
-  deltaBackground_ = 0;
-  startUsage_ = 0;
-  lastTime_ = unsignedNowMs();
+  resetUsage();
 
   listenerDelegate_ = JXEventListener::init();
   listenerDelegate_->setParent(this);
@@ -69,6 +63,16 @@ JXPredefinedVariables* JXPredefinedVariables::init() {
   addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
                     std::to_string(totalForegroundTransitions_));
   return this;
+}
+
+void JXPredefinedVariables::resetUsage() {
+  totalForegroundTransitions_ = 1;
+  totalForegroundTime_ = 0;
+  deltaForeground_ = 0;
+  totalBackgroundTime_ = 0;
+  deltaBackground_ = 0;
+  startUsage_ = 0;
+  lastTime_ = unsignedNowMs();
 }
 
 JXPredefinedVariables* JXPredefinedVariables::reinit() {

@@ -329,6 +329,7 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
 
   /// Begins the first visit if this or another process has erased the stored data.
   void renewIfErased();
+  void resetUsage();
   void predefinedVariableInitialisation();
   void observeApplicationNotifications();
   std::uint64_t unsignedNowMs() const;

@@ -67,12 +67,7 @@ void JXPredefinedVariables::forgetStoredData() {
   if (uniqueId.isPresent() && user.consentID() == uniqueId) user.setConsentID(nullptr);
   for (const std::string_view name : kErased)
     removeData(name);
-  totalForegroundTransitions_ = 1;
-  totalForegroundTime_ = 0;
-  deltaForeground_ = 0;
-  totalBackgroundTime_ = 0;
-  deltaBackground_ = 0;
-  startUsage_ = 0;
+  resetUsage();
 }
 
 void JXPredefinedVariables::beginFirstVisit() {
@@ -82,7 +77,6 @@ void JXPredefinedVariables::beginFirstVisit() {
   const JXString version = getData(kJXPredefinedVariable_ApplicationVersion);
   // As at the start, so that the process is not stored as the one of the last visit.
   const JXString pid = std::exchange(pid_, nullptr);
-  lastTime_ = unsignedNowMs();
   const JXString timeMs = nowMsString();
   addData_withValue(kJXPredefinedVariable_SDKID,
                     JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
