@@ -63,13 +63,21 @@ std::vector<JXStopMark> JXStopMarks::read() const {
 
 void JXStopMarks::set(const JXStopMark& mark) {
   if (!mayStore_) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  pending_[mark.source] = mark.stops;
-  if (hasThread_) return;
-  const JXSignalsBlocked blockedInTheNewThread;
-  // Throws if the system cannot create a thread; the next change of a mark tries again.
-  std::thread([self = shared_from_this()] { self->run(); }).detach();
-  hasThread_ = true;
+  int error = 0;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    pending_[mark.source] = mark.stops;
+    if (hasThread_) return;
+    try {
+      const JXSignalsBlocked blockedInTheNewThread;
+      std::thread([self = shared_from_this()] { self->run(); }).detach();
+      hasThread_ = true;
+    } catch (const std::system_error& failure) {
+      // The next change of a mark sets this one too.
+      error = failure.code().value();
+    }
+  }
+  if (error != 0) report(mark, error);
 }
 
 void JXStopMarks::wait(std::chrono::milliseconds limit) {
