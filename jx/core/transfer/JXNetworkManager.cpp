@@ -6,7 +6,9 @@
 #include <exception>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/transfer/JXConsentGate.h"
 #include "jx/core/transfer/JXTransfer.h"
@@ -61,6 +63,7 @@ auto JXNetworkManager::withTransfer(Operation operation) const {
 }
 
 void JXNetworkManager::setManagerState(int state) {
+  const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   managerState_ = state == kAlwaysEnabled || state == kDisabledByDefault ? state : 0;
   ignoresStops_ = managerState_ == kAlwaysEnabled;
@@ -83,6 +86,7 @@ std::uint64_t JXNetworkManager::decide(bool enabled) {
   std::shared_ptr<JXStopMarks> stopMarks;
   std::uint64_t decision = 0;
   {
+    const JXLogDeferral deferral;
     const std::lock_guard<std::mutex> lock(mutex_);
     decision = ++decisions_;
     if (!enabled && ignoresStops_) return decision;
@@ -103,14 +107,19 @@ std::uint64_t JXNetworkManager::decide(bool enabled) {
 void JXNetworkManager::beginStoring() {
   guarded("Opening the storage after the consent failed", "nothing is stored", [&] {
     std::function<void()> begin;
+    std::shared_ptr<JXStopMarks> stopMarks;
     {
       const std::lock_guard<std::mutex> lock(mutex_);
       begin = beginStoring_;
+      if (!hasMarks_) stopMarks = stopMarks_;
     }
     if (!begin) return;
     begin();
+    if (!stopMarks) return;
+    // Without the lock, because a stop on another thread must not wait for the disk.
+    std::vector<JXStopMark> marks = stopMarks->read();
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (stopMarks_ && !std::exchange(hasMarks_, true)) consent_->setMarks(stopMarks_->read());
+    if (!std::exchange(hasMarks_, true)) consent_->setMarks(std::move(marks));
   });
 }
 
@@ -139,6 +148,7 @@ void JXNetworkManager::serverSideStarted(const void* serverSide, std::string_vie
   guarded("Registering a ServerSide failed", "its earlier events are held", [&] {
     if (state == JXStartState::Enabled || state == JXStartState::AlwaysEnabled) beginStoring();
     const std::uint16_t stops = mostStops(url);
+    const JXLogDeferral deferral;
     const std::lock_guard<std::mutex> lock(mutex_);
     if (state == JXStartState::AlwaysEnabled) managerState_ = kAlwaysEnabled;
     if (state == JXStartState::Disabled) managerState_ = kDisabledByDefault;
@@ -150,6 +160,7 @@ void JXNetworkManager::serverSideStarted(const void* serverSide, std::string_vie
 void JXNetworkManager::serverSideMoved(const void* serverSide, std::string_view url) {
   guarded("Registering the URL of a ServerSide failed", "its earlier events are held", [&] {
     const std::uint16_t stops = mostStops(url);
+    const JXLogDeferral deferral;
     const std::lock_guard<std::mutex> lock(mutex_);
     consent_->moved(serverSide, JXSendFilter::sourceOf(url), stops);
     applyConsent(false);
@@ -268,13 +279,16 @@ JXDeliveryCounters JXNetworkManager::counters() const {
 
 void JXNetworkManager::start(JXTransferSetup setup) {
   guarded("Starting the transfer thread failed", "requests are not accepted", [&] {
+    std::vector<JXStopMark> marks;
+    const bool hasMarks = setup.stopMarks && setup.stopMarks->mayStore();
+    if (hasMarks) marks = setup.stopMarks->read();
     const std::lock_guard<std::mutex> lock(mutex_);
     if (transfer_) return;
     requestUserAgent_ = setup.requestUserAgent;
     stopMarks_ = setup.stopMarks;
     beginStoring_ = setup.beginStoring;
-    hasMarks_ = stopMarks_ && stopMarks_->mayStore();
-    if (hasMarks_) consent_->setMarks(stopMarks_->read());
+    hasMarks_ = hasMarks;
+    consent_->setMarks(std::move(marks));
     auto transfer = std::make_shared<JXTransfer>(std::move(setup));
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
     transfer->setFilter(consent_->filter(), consent_->isPaused());
