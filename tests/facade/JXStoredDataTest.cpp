@@ -332,6 +332,25 @@ TEST_F(StoredData, ReportsWhatIsLeftOnAReadOnlyDisk) {
   EXPECT_EQ(found(before), Lines());
 }
 
+// Serialised through a tree, because the class of the application overrides getJsonObject.
+class OwnEvent final : public JXEvent {
+ public:
+  JXJsonObject getJsonObject() const override { return JXEvent::getJsonObject(); }
+};
+
+TEST_F(StoredData, IsNotInAnEventOfAnApplicationClassAfterAnotherProcessErasedIt) {
+  const auto serverSide = make();
+  const Lines before = identifiersOf(execute(*serverSide));
+  JXErasures(storage().path()).erase();
+  serverSide->execute(std::make_shared<OwnEvent>());
+  const Request next = requests().back();
+  ASSERT_EQ(requests().size(), 2u);
+  for (const std::string& identifier : before)
+    EXPECT_EQ(next.text.find(identifier), std::string::npos) << identifier;
+  EXPECT_EQ(found(before), Lines());
+  EXPECT_EQ(queuedEvents(), 1u);
+}
+
 TEST_F(StoredData, IsForgottenWhenAnotherProcessErasesIt) {
   const auto serverSide = make();
   const Lines before = identifiersOf(execute(*serverSide));
