@@ -27,7 +27,14 @@ class FailingDisk {
     plan().write = write;
     plan().error = error;
     plan().includesDeletions = false;
-    JXFileCalls::current() = {&open, &writeParts, &truncate, &synchronize, &rename, &unlink};
+    JXFileCalls& calls = JXFileCalls::current();
+    calls.open = &open;
+    calls.write = &writeParts;
+    calls.truncate = &truncate;
+    calls.synchronize = &synchronize;
+    calls.synchronizeFolder = &synchronizeFolder;
+    calls.rename = &rename;
+    calls.unlink = &unlink;
   }
   ~FailingDisk() { JXFileCalls::current() = JXFileCalls::system(); }
   FailingDisk(const FailingDisk&) = delete;
@@ -65,8 +72,10 @@ class FailingDisk {
     return true;
   }
 
-  static int open(const char* path, int flags, mode_t mode) {
-    return fails() ? -1 : JXFileCalls::system().open(path, flags, mode);
+  static int open(int folder, const char* name, int flags, mode_t mode) {
+    // Folders are only opened for reading.
+    if ((flags & O_DIRECTORY) == 0 && fails()) return -1;
+    return JXFileCalls::system().open(folder, name, flags, mode);
   }
   static ssize_t writeParts(int descriptor, const iovec* parts, int count) {
     if (!fails()) return JXFileCalls::system().write(descriptor, parts, count);
@@ -82,11 +91,14 @@ class FailingDisk {
   static int synchronize(int descriptor) {
     return fails() ? -1 : JXFileCalls::system().synchronize(descriptor);
   }
-  static int rename(const char* from, const char* to) {
-    return fails() ? -1 : JXFileCalls::system().rename(from, to);
+  static int synchronizeFolder(int descriptor) {
+    return fails() ? -1 : JXFileCalls::system().synchronizeFolder(descriptor);
   }
-  static int unlink(const char* path) {
-    return plan().includesDeletions && fails() ? -1 : JXFileCalls::system().unlink(path);
+  static int rename(int fromFolder, const char* from, int toFolder, const char* to) {
+    return fails() ? -1 : JXFileCalls::system().rename(fromFolder, from, toFolder, to);
+  }
+  static int unlink(int folder, const char* name) {
+    return plan().includesDeletions && fails() ? -1 : JXFileCalls::system().unlink(folder, name);
   }
 };
 

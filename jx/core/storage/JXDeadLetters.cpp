@@ -150,8 +150,10 @@ bool JXDeadLetters::needsSync() const {
 
 bool JXDeadLetters::mayExist() const {
   struct stat status {};
-  return ::stat(path_.c_str(), &status) == 0 ||
-         ::stat((path_ + kRewriteSuffix).c_str(), &status) == 0;
+  const auto exists = [&](const std::string& path) {
+    return JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0;
+  };
+  return exists(path_) || exists(path_ + kRewriteSuffix);
 }
 
 int JXDeadLetters::clear() {

@@ -117,7 +117,10 @@ void JXErasures::completeMark(std::vector<std::string>& left) {
 std::uint64_t JXErasures::check() {
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
-  if (folder_.empty() || ::access(path_.c_str(), F_OK) != 0) return count();
+  struct stat status {};
+  if (folder_.empty() || JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) {
+    return count();
+  }
   if (!watch_.mayHaveChanged()) return count();
   const Mark mark = readMark();
   if (mark.token.empty() || mark.token == token_) return count();

@@ -2,19 +2,64 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXFile.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <system_error>
 #include <utility>
+
+#include "jx/core/storage/JXFolder.h"
 
 namespace jx {
 namespace {
 
-int openSystem(const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); }
+int openSystem(int folder, const char* name, int flags, mode_t mode) {
+  return ::openat(folder, name, flags, mode);
+}
+
+int statusSystem(int folder, const char* name, struct stat* status) {
+  return ::fstatat(folder, name, status, AT_SYMLINK_NOFOLLOW);
+}
+
+// Not a function on every system, so that its address cannot be taken.
+int fstatSystem(int descriptor, struct stat* status) { return ::fstat(descriptor, status); }
+
+int unlinkSystem(int folder, const char* name) { return ::unlinkat(folder, name, 0); }
+
+int listSystem(int folder, std::vector<std::string>& names) {
+  // Not a duplicate of the descriptor, which would share the position in the folder.
+  const int descriptor = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return -1;
+  DIR* const entries = ::fdopendir(descriptor);
+  if (entries == nullptr) {
+    ::close(descriptor);
+    return -1;
+  }
+  errno = 0;
+  // Unsafe only when threads share the stream.
+  while (const dirent* entry = ::readdir(entries)) {  // NOLINT(concurrency-mt-unsafe)
+    const std::string name = entry->d_name;
+    if (name != "." && name != "..") names.push_back(name);
+    errno = 0;
+  }
+  const int error = errno;
+  ::closedir(entries);
+  errno = error;
+  return error == 0 ? 0 : -1;
+}
+
+void* mapSystem(int descriptor, std::size_t size) {
+  void* const address = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, descriptor, 0);
+  return address == MAP_FAILED ? nullptr : address;
+}
+
+void unmapSystem(void* address, std::size_t size) { ::munmap(address, size); }
 
 int synchronizeSystem(int descriptor) {
 #if defined(__APPLE__)
@@ -44,7 +89,9 @@ int errorOf(Call call) {
 }  // namespace
 
 JXFileCalls JXFileCalls::system() {
-  return {&openSystem, &::writev, &::ftruncate, &synchronizeSystem, &std::rename, &::unlink};
+  return {&openSystem, &::close,    &::pread,      &::writev,   &::ftruncate,  &synchronizeSystem,
+          &::fsync,    &::renameat, &unlinkSystem, &::mkdirat,  &statusSystem, &fstatSystem,
+          &::flock,    &listSystem, &mapSystem,    &unmapSystem};
 }
 
 JXFileCalls& JXFileCalls::current() {
@@ -52,15 +99,52 @@ JXFileCalls& JXFileCalls::current() {
   return calls;
 }
 
+std::string describeStorageError(int error) {
+  switch (error) {
+    case kJXErrorForeign:
+      return "It belongs to another user";
+    case kJXErrorWritable:
+      return "Other users can write to it";
+    case kJXErrorLinked:
+      return "It is a hard link";
+    case ELOOP:
+      return "It is a symbolic link";
+    default:
+      return std::error_code(error, std::generic_category()).message();
+  }
+}
+
 int replaceFile(const std::string& from, const std::string& to, int error) {
-  if (error == 0 && JXFileCalls::current().rename(from.c_str(), to.c_str()) != 0) error = errno;
-  if (error != 0) removeFile(from);
+  int folderError = 0;
+  const auto folder = JXFolder::open(folderOf(to), JXFolder::Missing::Fail, folderError);
+  if (!folder) return error != 0 ? error : folderError;
+  const std::string fromName = nameOf(from);
+  if (error == 0 && JXFileCalls::current().rename(folder->descriptor(), fromName.c_str(),
+                                                  folder->descriptor(), nameOf(to).c_str()) != 0) {
+    error = errno;
+  }
+  if (error != 0) removeFile(*folder, fromName);
   return error;
 }
 
-int removeFile(const std::string& path) {
-  if (JXFileCalls::current().unlink(path.c_str()) == 0) return 0;
+int removeFile(const JXFolder& folder, const std::string& name) {
+  if (JXFileCalls::current().unlink(folder.descriptor(), name.c_str()) == 0) return 0;
   return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+}
+
+int removeFile(const std::string& path) {
+  int error = 0;
+  const auto folder = JXFolder::open(folderOf(path), JXFolder::Missing::Fail, error);
+  if (folder) return removeFile(*folder, nameOf(path));
+  return error == ENOENT || error == ENOTDIR ? 0 : error;
+}
+
+int checkAccess(const struct stat& status) {
+  // The superuser can change the files of every user anyway.
+  if (status.st_uid != ::geteuid() && status.st_uid != 0) return kJXErrorForeign;
+  // Many systems give each user a group of its own, and new folders the permission to write for it.
+  const bool groupMayWrite = (status.st_mode & S_IWGRP) != 0 && status.st_gid != ::getegid();
+  return groupMayWrite || (status.st_mode & S_IWOTH) != 0 ? kJXErrorWritable : 0;
 }
 
 JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
@@ -73,20 +157,35 @@ JXFile& JXFile::operator=(JXFile&& other) noexcept {
   return *this;
 }
 
-JXFile JXFile::open(const std::string& path, Access access, int& error) {
-  // Without O_NONBLOCK, opening a named pipe at this path would block until its other end opens.
-  const int flags = static_cast<int>(access) | O_CLOEXEC | O_NONBLOCK;
+JXFile JXFile::open(const JXFolder& folder, const std::string& name, Access access, int& error) {
+  int flags = static_cast<int>(access);
+  // A file that exists is not truncated: it may be a link.
+  if (access == Access::AppendEmptied) {
+    error = removeFile(folder, name);
+    if (error != 0) return {};
+    flags = static_cast<int>(Access::AppendCreateNew);
+  }
+  // Without O_NONBLOCK, opening a named pipe would block until its other end opens.
+  flags |= O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
   JXFile file(repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().open(path.c_str(), flags, 0600); }));
+      [&] { return JXFileCalls::current().open(folder.descriptor(), name.c_str(), flags, 0600); }));
   error = file.isOpen() ? 0 : errno;
   struct stat status {};
-  if (error == 0 && ::fstat(file.descriptor_, &status) != 0) error = errno;
+  if (error == 0) error = file.status(status);
   if (error == 0 && !S_ISREG(status.st_mode)) error = EINVAL;
+  if (error == 0) error = checkAccess(status);
+  // Without a name it was deleted just now, which the callers notice.
+  if (error == 0 && status.st_nlink > 1) error = kJXErrorLinked;
   return error == 0 ? std::move(file) : JXFile();
 }
 
+JXFile JXFile::open(const std::string& path, Access access, int& error) {
+  const auto folder = JXFolder::open(folderOf(path), JXFolder::Missing::Fail, error);
+  return folder ? open(*folder, nameOf(path), access, error) : JXFile();
+}
+
 void JXFile::close() noexcept {
-  if (descriptor_ >= 0) ::close(descriptor_);
+  if (descriptor_ >= 0) JXFileCalls::current().close(descriptor_);
   descriptor_ = -1;
 }
 
@@ -103,8 +202,8 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
   got = 0;
   while (got < size) {
     const ssize_t result = repeatWhenInterrupted([&] {
-      return ::pread(descriptor_, static_cast<char*>(into) + got, size - got,
-                     static_cast<off_t>(offset + got));
+      return JXFileCalls::current().read(descriptor_, static_cast<char*>(into) + got, size - got,
+                                         static_cast<off_t>(offset + got));
     });
     if (result < 0) return errno;
     if (result == 0) break;
@@ -122,30 +221,39 @@ int JXFile::synchronize() const {
   return errorOf([&] { return JXFileCalls::current().synchronize(descriptor_); });
 }
 
+int JXFile::status(struct stat& status) const {
+  return errorOf([&] { return JXFileCalls::current().statusOf(descriptor_, &status); });
+}
+
 int JXFile::size(std::uint64_t& size) const {
-  struct stat status {};
-  if (::fstat(descriptor_, &status) != 0) return errno;
-  size = static_cast<std::uint64_t>(status.st_size);
-  return 0;
+  struct stat now {};
+  const int error = status(now);
+  if (error == 0) size = static_cast<std::uint64_t>(now.st_size);
+  return error;
 }
 
 bool JXFile::tryLock(Lock lock) {
   const int operation = (lock == Lock::Exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
-  return errorOf([&] { return ::flock(descriptor_, operation); }) == 0;
+  return errorOf([&] { return JXFileCalls::current().lock(descriptor_, operation); }) == 0;
 }
 
-void JXFile::unlock() { ::flock(descriptor_, LOCK_UN); }
+void JXFile::unlock() { JXFileCalls::current().lock(descriptor_, LOCK_UN); }
 
 bool JXFile::isLinked() const {
-  struct stat status {};
-  return ::fstat(descriptor_, &status) == 0 && status.st_nlink > 0;
+  struct stat now {};
+  return status(now) == 0 && now.st_nlink > 0;
 }
 
 bool JXFile::isAt(const std::string& path) const {
   struct stat mine {};
   struct stat named {};
-  return ::fstat(descriptor_, &mine) == 0 && ::stat(path.c_str(), &named) == 0 &&
+  return status(mine) == 0 && JXFileCalls::current().status(AT_FDCWD, path.c_str(), &named) == 0 &&
          mine.st_dev == named.st_dev && mine.st_ino == named.st_ino;
+}
+
+std::uint64_t JXFile::inode() const {
+  struct stat now {};
+  return status(now) == 0 ? now.st_ino : 0;
 }
 
 }  // namespace jx

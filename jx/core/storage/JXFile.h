@@ -3,24 +3,40 @@
 #pragma once
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/uio.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace jx {
 
-/// The system calls that fail on a full, read-only or failing disk. All storage code calls through
-/// this table, so that tests can inject a fault at each call.
+/// The system calls of the storage. All storage code calls through this table, so that tests can
+/// inject a fault at each call or replace the disk. Each function returns and sets errno as the
+/// call that it is named after. Names are relative to the descriptor of a folder; with AT_FDCWD,
+/// they are paths. No call follows a symbolic link at the end of a name.
 struct JXFileCalls {
-  int (*open)(const char* path, int flags, mode_t mode);
-  ssize_t (*write)(int descriptor, const iovec* parts, int count);
+  int (*open)(int folder, const char* name, int flags, mode_t mode);  ///< openat
+  int (*close)(int descriptor);
+  ssize_t (*read)(int descriptor, void* into, std::size_t size, off_t offset);  ///< pread
+  ssize_t (*write)(int descriptor, const iovec* parts, int count);              ///< writev
   int (*truncate)(int descriptor, off_t size);
-  int (*synchronize)(int descriptor);
-  int (*rename)(const char* from, const char* to);
-  int (*unlink)(const char* path);
+  int (*synchronize)(int descriptor);        ///< makes the content of a file durable
+  int (*synchronizeFolder)(int descriptor);  ///< makes the entries of a folder durable
+  int (*rename)(int fromFolder, const char* from, int toFolder, const char* to);
+  int (*unlink)(int folder, const char* name);
+  int (*makeFolder)(int folder, const char* name, mode_t mode);
+  int (*status)(int folder, const char* name, struct stat* status);  ///< fstatat
+  int (*statusOf)(int descriptor, struct stat* status);              ///< fstat
+  int (*lock)(int descriptor, int operation);                        ///< flock
+  /// Adds the names in an open folder, without "." and "..", in no particular order.
+  int (*list)(int folder, std::vector<std::string>& names);
+  /// Maps the file for reading; null on failure. Its content stays as long as it is mapped.
+  void* (*map)(int descriptor, std::size_t size);
+  void (*unmap)(void* address, std::size_t size);
 
   /// Returns the table in use. Change it only while no other thread uses storage.
   static JXFileCalls& current();
@@ -28,16 +44,35 @@ struct JXFileCalls {
   static JXFileCalls system();
 };
 
+// Reasons to refuse a file or folder, outside the range of errno values.
+constexpr int kJXErrorForeign = 10'001;   ///< it belongs to another user
+constexpr int kJXErrorWritable = 10'002;  ///< other users can write to it
+constexpr int kJXErrorLinked = 10'003;    ///< the file has a second name
+
+/// Returns the message for an errno value or one of the reasons above.
+std::string describeStorageError(int error);
+
+/// Returns the reason to refuse a file or folder, 0 if it may be used: it belongs to this user or
+/// to the superuser, and only its owner and this user's group can write to it.
+int checkAccess(const struct stat& status);
+
+class JXFolder;
+
 /// Replaces the file `to` with the file `from`; deletes `from` on failure, or if `error` is not 0.
 /// Returns an errno value, 0 for success.
 int replaceFile(const std::string& from, const std::string& to, int error);
 
 /// Deletes the file. Returns an errno value, 0 for success and for a missing file.
 int removeFile(const std::string& path);
+int removeFile(const JXFolder& folder, const std::string& name);
 
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
 /// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that
 /// `read` and `synchronize` may run concurrently with the other operations.
+///
+/// Only regular files are opened that no other user can write (see checkAccess), and neither
+/// symbolic nor hard links: another user must not be able to redirect a write to a file of this
+/// user.
 class JXFile {
  public:
   /// The values are flags of `open`.
@@ -46,7 +81,7 @@ class JXFile {
     AppendExisting = O_RDWR | O_APPEND,  ///< read, and write at the end; fails if missing
     Append = AppendExisting | O_CREAT,   ///< created if missing
     AppendCreateNew = AppendExisting | O_CREAT | O_EXCL,  ///< fails if it exists
-    AppendEmptied = AppendExisting | O_CREAT | O_TRUNC,   ///< truncated to 0 bytes if it exists
+    AppendEmptied = AppendExisting | O_CREAT | O_TRUNC,   ///< replaces an existing file
   };
   enum class Lock { Shared, Exclusive };
 
@@ -55,8 +90,10 @@ class JXFile {
   JXFile(JXFile&& other) noexcept;
   JXFile& operator=(JXFile&& other) noexcept;
 
-  /// Opens `path`. On failure returns a closed file and sets `error`, to 0 on success. EINVAL if
-  /// `path` is not a regular file.
+  /// Opens a file of the folder. On failure returns a closed file and sets `error`, to 0 on
+  /// success. EINVAL if it is not a regular file.
+  static JXFile open(const JXFolder& folder, const std::string& name, Access access, int& error);
+  /// Same, in the folder at the path.
   static JXFile open(const std::string& path, Access access, int& error);
   void close() noexcept;
   bool isOpen() const noexcept { return descriptor_ >= 0; }
@@ -81,8 +118,13 @@ class JXFile {
   bool isLinked() const;
   /// Returns true when `path` currently refers to this file.
   bool isAt(const std::string& path) const;
+  /// Returns the number that identifies the file in its file system; 0 on failure.
+  std::uint64_t inode() const;
+  /// See JXFileCalls::map.
+  void* map(std::size_t size) const { return JXFileCalls::current().map(descriptor_, size); }
 
  private:
+  int status(struct stat& status) const;
   explicit JXFile(int descriptor) : descriptor_(descriptor) {}
 
   int descriptor_ = -1;

@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXFolder.h"
 
-#include <dirent.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <ctime>
 
 #include "jx/core/storage/JXFile.h"
@@ -28,56 +26,97 @@ timespec changeTimeOf(const struct stat& status) {
 #endif
 }
 
-}  // namespace
-
-int makeFolder(const std::string& path) {
-  if (::mkdir(path.c_str(), 0700) == 0) return 0;
+int makeFolder(int parent, const std::string& name) {
+  const JXFileCalls& calls = JXFileCalls::current();
+  // An existing file that is not a folder is noticed when it is opened.
+  if (calls.makeFolder(parent, name.c_str(), 0700) == 0 || errno == EEXIST) return 0;
   const int error = errno;
-  if (error == EEXIST) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return errno;
-    return S_ISDIR(status.st_mode) ? 0 : ENOTDIR;
-  }
-  const std::string above = folderOf(path);
-  if (error != ENOENT || above == path || above == ".") return error;
-  const int aboveError = makeFolder(above);
+  const std::string above = folderOf(name);
+  if (error != ENOENT || above == name || above == ".") return error;
+  const int aboveError = makeFolder(parent, above);
   if (aboveError != 0) return aboveError;
   // Another process may have created the folder first.
-  return ::mkdir(path.c_str(), 0700) == 0 || errno == EEXIST ? 0 : errno;
+  return calls.makeFolder(parent, name.c_str(), 0700) == 0 || errno == EEXIST ? 0 : errno;
 }
+
+}  // namespace
+
+JXFolder::JXFolder(std::string path, int descriptor, const struct stat& status)
+    : path_(std::move(path)),
+      descriptor_(descriptor),
+      device_(status.st_dev),
+      inode_(status.st_ino) {}
+
+JXFolder::~JXFolder() { JXFileCalls::current().close(descriptor_); }
+
+std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const std::string& inner,
+                                               Missing missing, int& error) {
+  const auto outer = openIn(AT_FDCWD, path, path, missing, error);
+  if (!outer || inner.empty()) return outer;
+  return openIn(outer->descriptor_, inner, outer->pathOf(inner), missing, error);
+}
+
+std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& name,
+                                                 const std::string& path, Missing missing,
+                                                 int& error) {
+  const JXFileCalls& calls = JXFileCalls::current();
+  constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+  int descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+  if (descriptor < 0 && errno == ENOENT && missing == Missing::Create) {
+    error = makeFolder(parent, name);
+    if (error != 0) return nullptr;
+    descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+  }
+  struct stat status {};
+  if (descriptor < 0) {
+    error = errno;
+    // Some systems report a link as a file that is not a folder.
+    const bool isLink = calls.status(parent, name.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    if (isLink) error = ELOOP;
+    return nullptr;
+  }
+  error = calls.statusOf(descriptor, &status) == 0 ? checkAccess(status) : errno;
+  if (error == 0) return std::shared_ptr<const JXFolder>(new JXFolder(path, descriptor, status));
+  calls.close(descriptor);
+  return nullptr;
+}
+
+bool JXFolder::isAtPath() const {
+  struct stat status {};
+  return JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) == 0 &&
+         status.st_dev == device_ && status.st_ino == inode_;
+}
+
+int JXFolder::list(std::vector<std::string>& names) const {
+  return JXFileCalls::current().list(descriptor_, names) == 0 ? 0 : errno;
+}
+
+int JXFolder::synchronize() const {
+  const int error = JXFileCalls::current().synchronizeFolder(descriptor_) == 0 ? 0 : errno;
+  // Some file systems do not support, and do not need, syncing a folder.
+  return error == EINVAL || error == ENOTSUP ? 0 : error;
+}
+
+std::string absolutePath(const std::string& path) {
+  if (path.empty() || path.front() == '/') return path;
+  std::string current(PATH_MAX, '\0');
+  if (::getcwd(current.data(), current.size()) == nullptr) return path;
+  current.resize(current.find('\0'));
+  return (current == "/" ? current : current + "/") + path;
+}
+
+int makeFolder(const std::string& path) { return makeFolder(AT_FDCWD, path); }
 
 int listFolder(const std::string& path, std::vector<std::string>& names) {
-  DIR* const folder = ::opendir(path.c_str());
-  if (folder == nullptr) return errno;
-  errno = 0;
-  // Unsafe only when threads share the stream.
-  while (const dirent* entry = ::readdir(folder)) {  // NOLINT(concurrency-mt-unsafe)
-    const std::string name = entry->d_name;
-    if (name != "." && name != "..") names.push_back(name);
-    errno = 0;
-  }
-  const int error = errno;
-  ::closedir(folder);
-  return error;
-}
-
-bool mayContainFileWithSuffix(const std::string& path, std::string_view suffix) {
-  std::vector<std::string> names;
-  if (listFolder(path, names) != 0) return true;
-  return std::any_of(names.begin(), names.end(), [suffix](const std::string_view name) {
-    return name.size() >= suffix.size() && name.substr(name.size() - suffix.size()) == suffix;
-  });
+  int error = 0;
+  const auto folder = JXFolder::open(path, JXFolder::Missing::Fail, error);
+  return folder ? folder->list(names) : error;
 }
 
 int synchronizeFolder(const std::string& path) {
-  const int descriptor =
-      JXFileCalls::current().open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
-  if (descriptor < 0) return errno;
-  // Not fdatasync: some file systems treat the entries of a folder as metadata.
-  const int error = ::fsync(descriptor) == 0 ? 0 : errno;
-  ::close(descriptor);
-  // Some file systems do not support, and do not need, syncing a folder.
-  return error == EINVAL || error == ENOTSUP ? 0 : error;
+  int error = 0;
+  const auto folder = JXFolder::open(path, JXFolder::Missing::Fail, error);
+  return folder ? folder->synchronize() : error;
 }
 
 bool JXFolderWatch::mayHaveChanged() {
@@ -85,7 +124,7 @@ bool JXFolderWatch::mayHaveChanged() {
   // time.
   constexpr std::int64_t kCoarseNs = 100'000'000;
   struct stat status {};
-  if (::stat(path_.c_str(), &status) != 0) return true;
+  if (JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) return true;
   const timespec changed = changeTimeOf(status);
   const std::int64_t changedNs = nanoseconds(changed);
   if (changedNs == seenNs_) return false;
@@ -94,6 +133,14 @@ bool JXFolderWatch::mayHaveChanged() {
   const std::int64_t age = nanoseconds(now) - changedNs;
   seenNs_ = age > kCoarseNs ? changedNs : -1;
   return true;
+}
+
+std::string nameOf(const std::string& path) {
+  const std::size_t end = path.find_last_not_of('/');
+  if (end == std::string::npos) return path.empty() ? "" : "/";
+  const std::size_t slash = path.find_last_of('/', end);
+  const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
+  return path.substr(begin, end + 1 - begin);
 }
 
 std::string folderOf(const std::string& path) {

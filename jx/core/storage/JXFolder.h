@@ -2,13 +2,63 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <sys/stat.h>
+#include <sys/types.h>
+
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 namespace jx {
+
+/// An open folder. Its files are opened relative to it, so that they are found when the folder is
+/// renamed, and never those of another folder at the same path. Immutable, thread-safe.
+class JXFolder {
+ public:
+  enum class Missing { Fail, Create };
+
+  /// Opens the folder; creates it and its missing parents with mode 0700 if told so. Returns null
+  /// and sets `error` on failure. Refused is a folder that is a symbolic link, that belongs to
+  /// another user, or that other users can write to; with `inner` not empty, this applies to the
+  /// folder `path` and to the folder `inner` in it, which is opened.
+  static std::shared_ptr<const JXFolder> open(const std::string& path, const std::string& inner,
+                                              Missing missing, int& error);
+  static std::shared_ptr<const JXFolder> open(const std::string& path, Missing missing,
+                                              int& error) {
+    return open(path, std::string(), missing, error);
+  }
+  ~JXFolder();
+  JXFolder(const JXFolder&) = delete;
+  JXFolder& operator=(const JXFolder&) = delete;
+
+  int descriptor() const { return descriptor_; }
+  const std::string& path() const { return path_; }
+  std::string pathOf(const std::string& name) const { return path_ + "/" + name; }
+  /// Returns true when the path still refers to this folder.
+  bool isAtPath() const;
+  /// Lists the names in the folder, in no particular order. Returns an errno value, 0 for success.
+  int list(std::vector<std::string>& names) const;
+  /// Makes the folder's entries (files created, renamed, removed) durable. Blocks until the disk
+  /// has written them. Returns an errno value, 0 for success.
+  int synchronize() const;
+
+ private:
+  static std::shared_ptr<const JXFolder> openIn(int parent, const std::string& name,
+                                                const std::string& path, Missing missing,
+                                                int& error);
+  JXFolder(std::string path, int descriptor, const struct stat& status);
+
+  const std::string path_;
+  const int descriptor_;
+  const dev_t device_;
+  const ino_t inode_;
+};
+
+/// Returns the absolute form of a path relative to the current folder of the process; "" for "".
+std::string absolutePath(const std::string& path);
 
 /// Creates the folder and its missing parents with mode 0700. Leaves an existing folder unchanged.
 /// Returns an errno value, 0 for success.
@@ -17,13 +67,12 @@ int makeFolder(const std::string& path);
 /// Lists the names in the folder, in no particular order. Returns an errno value, 0 for success.
 int listFolder(const std::string& path, std::vector<std::string>& names);
 
-/// Returns false when the folder was read and contains no name with this suffix; true otherwise.
-bool mayContainFileWithSuffix(const std::string& path, std::string_view suffix);
-
 /// Makes the folder's entries (files created, renamed, removed) durable. Blocks until the disk has
 /// written them. Returns an errno value, 0 for success.
 int synchronizeFolder(const std::string& path);
 
+/// Returns the last part of a path.
+std::string nameOf(const std::string& path);
 /// Returns the parent folder of a path; "." when the path has none.
 std::string folderOf(const std::string& path);
 

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <iterator>
-#include <system_error>
 
 #include "jx/core/storage/JXDeadLetters.h"
 #include "jx/core/storage/JXQuarantine.h"
@@ -16,7 +15,7 @@ namespace {
 // Returns whether `action` succeeded; keeps the first error message.
 bool succeeded(int code, const std::string& action, std::string& error) {
   if (code != 0 && error.empty()) {
-    error = "cannot " + action + ": " + std::error_code(code, std::generic_category()).message();
+    error = "cannot " + action + ": " + describeStorageError(code);
   }
   return code == 0;
 }

@@ -62,7 +62,7 @@ struct PurgeMark {
 
 int currentMark(const std::string& segmentPath, PurgeMark& mark) {
   struct stat status {};
-  if (::stat(segmentPath.c_str(), &status) != 0) return errno;
+  if (JXFileCalls::current().status(AT_FDCWD, segmentPath.c_str(), &status) != 0) return errno;
   mark.inode = status.st_ino;
   mark.size = static_cast<std::uint64_t>(status.st_size);
   return 0;

@@ -116,7 +116,14 @@ std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
   // The deletion of segments also changes the folder, repeatedly while a long queue is delivered.
-  if (!mayContainFileWithSuffix(folder_, kJXPurgeMarkSuffix)) return marked;
+  std::vector<std::string> names;
+  const auto isMark = [](const std::string& name) {
+    const std::size_t end = kJXPurgeMarkSuffix.size();
+    return name.size() >= end && name.compare(name.size() - end, end, kJXPurgeMarkSuffix) == 0;
+  };
+  if (listFolder(folder_, names) == 0 && std::none_of(names.begin(), names.end(), isMark)) {
+    return marked;
+  }
   for (const auto& segment : segments_) {
     const std::uint64_t end = readPurgeMark(segment->path());
     if (end != 0) marked.push_back({segment, end});

@@ -25,7 +25,8 @@ void makeRoom(const std::string& folder) {
   for (const std::string& name : names) {
     struct stat status {};
     const std::string path = folder + "/" + name;
-    if (isQuarantinedName(name) && ::stat(path.c_str(), &status) == 0) {
+    if (isQuarantinedName(name) &&
+        JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0) {
       kept.emplace_back(status.st_mtime, path);
     }
   }
@@ -82,7 +83,7 @@ int removeExpiredQuarantinedFiles(const std::string& folder, std::int64_t nowMs,
                                   std::chrono::milliseconds maxAge) {
   return removeFiles(folder, [&](const std::string& path) {
     struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 &&
+    return JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0 &&
            isExpired(std::int64_t{status.st_mtime} * 1'000, nowMs, maxAge);
   });
 }
@@ -98,7 +99,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   copied = false;
   const std::string target = path + kSuffix + std::to_string(damages.front().offset);
   struct stat status {};
-  const bool exists = ::stat(target.c_str(), &status) == 0;
+  const bool exists = JXFileCalls::current().status(AT_FDCWD, target.c_str(), &status) == 0;
   if (exists && !replaces) return 0;
   if (exists) {
     removeFile(target);

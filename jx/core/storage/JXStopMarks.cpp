@@ -124,7 +124,9 @@ void JXStopMarks::syncAll(std::unique_lock<std::mutex>& lock) {
 int JXStopMarks::write(const JXStopMark& mark) const {
   int error = makeFolder(folder_);
   if (error != 0) return error;
-  JXFile file = JXFile::open(pathOf(mark.source), JXFile::Access::AppendEmptied, error);
+  JXFile file = JXFile::open(pathOf(mark.source), JXFile::Access::Append, error);
+  // Not deleted first: a file without content counts as a stop, a missing one does not.
+  if (error == 0) error = file.truncate(0);
   if (error != 0) return error;
   const std::string text = std::to_string(mark.stops) + "\n";
   const iovec part{const_cast<char*>(text.data()), text.size()};
@@ -147,7 +149,7 @@ void JXStopMarks::report(const JXStopMark& mark, int error) {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (std::exchange(loggedError_, error) == error || error == 0) return;
   }
-  const std::string reason = std::error_code(error, std::generic_category()).message();
+  const std::string reason = describeStorageError(error);
   JXLogger::sharedInstance().logMessage_withLevel(
       (mark.stops != 0 ? "Cannot record the stop in " : "Cannot remove the record of a stop in ") +
           pathOf(mark.source) + ": " + reason + "; the decision holds in this process only",

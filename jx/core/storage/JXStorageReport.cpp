@@ -4,9 +4,9 @@
 
 #include <iterator>
 #include <set>
-#include <system_error>
 
 #include "jx/core/JXLogger.h"
+#include "jx/core/storage/JXFile.h"
 
 namespace jx {
 namespace {
@@ -31,7 +31,7 @@ void JXStorageReport::failed(const char* action, int error) {
     const std::lock_guard<std::mutex> lock(reported().mutex);
     if (!reported().causes.emplace(folder_, error).second) return;
   }
-  const std::string reason = std::error_code(error, std::generic_category()).message();
+  const std::string reason = describeStorageError(error);
   messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
 }
 

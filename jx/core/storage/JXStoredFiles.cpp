@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <system_error>
 
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFolder.h"
@@ -49,7 +48,7 @@ bool isDirectory(const struct stat& status) { return S_ISDIR(status.st_mode); }
 // Deletes one file. Returns true if the folder may have changed.
 bool removeOne(const std::string& path, std::vector<std::string>& left) {
   struct stat status {};
-  const bool exists = ::lstat(path.c_str(), &status) == 0;
+  const bool exists = JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0;
   // The library writes no folder of such a name.
   if (!exists || isDirectory(status)) return false;
   const int error = removeFile(path);
@@ -95,7 +94,7 @@ bool isOutboxFileName(std::string_view name) {
 }
 
 void addLeft(const std::string& path, int error, std::vector<std::string>& left) {
-  left.push_back(path + ": " + std::error_code(error, std::generic_category()).message());
+  left.push_back(path + ": " + describeStorageError(error));
 }
 
 void removeStoredFiles(const std::string& folder, std::vector<std::string>& left) {

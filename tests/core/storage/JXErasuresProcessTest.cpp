@@ -30,9 +30,9 @@ void countDown() {
 void killAtOperation(long index) {
   operationsLeft = index;
   JXFileCalls& calls = JXFileCalls::current();
-  calls.open = [](const char* path, int flags, mode_t mode) {
+  calls.open = [](int folder, const char* name, int flags, mode_t mode) {
     countDown();
-    return JXFileCalls::system().open(path, flags, mode);
+    return JXFileCalls::system().open(folder, name, flags, mode);
   };
   calls.write = [](int descriptor, const iovec* parts, int count) {
     countDown();
@@ -42,13 +42,13 @@ void killAtOperation(long index) {
     countDown();
     return JXFileCalls::system().synchronize(descriptor);
   };
-  calls.rename = [](const char* from, const char* to) {
+  calls.rename = [](int fromFolder, const char* from, int toFolder, const char* to) {
     countDown();
-    return JXFileCalls::system().rename(from, to);
+    return JXFileCalls::system().rename(fromFolder, from, toFolder, to);
   };
-  calls.unlink = [](const char* path) {
+  calls.unlink = [](int folder, const char* name) {
     countDown();
-    return JXFileCalls::system().unlink(path);
+    return JXFileCalls::system().unlink(folder, name);
   };
 }
 
@@ -108,11 +108,11 @@ class ErasureByAnotherProcess : public ErasuresTest {
     ChildProcess child([&](int) {
       JXErasures erasures(folder_.path());
       operationsLeft = 8;
-      JXFileCalls::current().unlink = [](const char* path) {
+      JXFileCalls::current().unlink = [](int folder, const char* name) {
         // One file is deleted.
         static int deletions = 0;
         if (++deletions == 2) ::kill(::getpid(), SIGKILL);
-        return JXFileCalls::system().unlink(path);
+        return JXFileCalls::system().unlink(folder, name);
       };
       erasures.erase();
       return 0;

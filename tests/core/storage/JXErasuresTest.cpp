@@ -237,11 +237,9 @@ TEST_F(Erasures, DeletesADeadLetterThatIsWrittenAfterTheErasure) {
   // After the request was read, and before the file is created.
   std::function<void()> erase = [&] { other.erase(); };
   duringCall = &erase;
-  JXFileCalls::current().open = [](const char* path, int flags, mode_t mode) {
-    if (std::string_view(path).substr(std::string_view(path).size() - 5) == "/dead") {
-      std::exchange(*duringCall, [] {})();
-    }
-    return JXFileCalls::system().open(path, flags, mode);
+  JXFileCalls::current().open = [](int folder, const char* name, int flags, mode_t mode) {
+    if (std::string_view(name) == "dead") std::exchange(*duringCall, [] {})();
+    return JXFileCalls::system().open(folder, name, flags, mode);
   };
   process.outbox.moveToDeadLetters(id, 400);
   JXFileCalls::current() = JXFileCalls::system();

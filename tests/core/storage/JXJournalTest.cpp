@@ -224,7 +224,8 @@ TEST(Journal, ReadsFramesAfterAShortWriteThatCannotBeReverted) {
 TEST(Journal, RejectsAPathThatIsNotARegularFile) {
   const TemporaryFolder folder;
   int error = 0;
-  JXFile::open(folder.path(), JXFile::Access::Append, error);
+  ASSERT_EQ(::mkdir(folder.file("folder").c_str(), 0700), 0);
+  JXFile::open(folder.file("folder"), JXFile::Access::Append, error);
   EXPECT_EQ(error, EISDIR);
   ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
   EXPECT_FALSE(JXFile::open(folder.file("pipe"), JXFile::Access::Read, error).isOpen());
