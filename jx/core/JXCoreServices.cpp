@@ -17,6 +17,7 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXErasures.h"
+#include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -29,8 +30,11 @@ std::atomic<const char*> startingOperation{nullptr};
 thread_local const char* currentOperation = nullptr;
 
 JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
-  if (configuration.storageFolder.testString()) return configuration.storageFolder;
-  return platform.defaultStorageFolder();
+  const JXString folder = configuration.storageFolder.testString()
+                              ? configuration.storageFolder
+                              : platform.defaultStorageFolder();
+  // The application may change its current folder later.
+  return folder.testString() ? JXString(absolutePath(folder.toStdString())) : folder;
 }
 
 std::shared_ptr<JXPlatform> platformOf(const JXCoreConfiguration& configuration) {
@@ -187,8 +191,10 @@ void JXCoreServices::startTransfer() {
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
-  outbox_ = std::make_shared<JXOutbox>(folder, configuration_.outboxBounds, clock_, erasures_,
-                                       mayStore());
+  outbox_ = std::make_shared<JXOutbox>(
+      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
+      configuration_.outboxBounds, clock_, erasures_, mayStore(),
+      storageFolder_.testString() ? "outbox" : "");
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;
   setup.stopMarks = stopMarks_;

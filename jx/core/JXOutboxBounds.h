@@ -21,7 +21,7 @@ struct JX_API JXOutboxBounds {
   /// created before 2025 (clock not set yet) or in the future has no age. Default: 30 days.
   std::chrono::milliseconds maxAge = std::chrono::hours(24 * 30);
   /// Maximum number of dead letters, which are requests that the server rejected; the oldest are
-  /// deleted. Default: 1,000. 0 keeps none.
+  /// deleted, also when their file would exceed maxBytes. Default: 1,000. 0 keeps none.
   std::size_t maxDeadLetters = 1'000;
   /// Maximum number of requests kept in memory while writes to the disk fail; the oldest are
   /// dropped. Default: 1,000. 0 drops each new request while writes fail.

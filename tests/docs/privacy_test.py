@@ -313,7 +313,8 @@ def compare_erased(page, installation):
     installation.queue("purge", "--all")
     left = {str(path.relative_to(installation.folder))
             for path in installation.folder.rglob("*") if path.is_file()}
-    expect(left <= page.rows("Temporary files").keys() & {"erased"},
+    expect((installation.folder / "outbox/lock").read_bytes() == b"", "outbox/lock is not empty")
+    expect(left <= page.rows("Temporary files").keys() & {"erased", "outbox/lock"},
            f"files left by an erasure: {left}")
 
 

@@ -15,7 +15,7 @@
 
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/JXCoreConstants.h"
-#include "jx/core/transfer/JXEventId.h"
+#include "jx/core/storage/JXEventId.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/events/JXCustomEvent.h"
 #include "jx/facade/ServerSide.h"

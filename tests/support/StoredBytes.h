@@ -11,11 +11,13 @@
 
 namespace jx::test {
 
-/// Returns the relative paths of all files below the folder, sorted.
+/// Returns the relative paths of all files below the folder, sorted, without the file that contains
+/// nothing and is only locked.
 inline std::vector<std::string> filesBelow(const std::string& folder) {
   std::vector<std::string> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     if (entry.is_directory()) continue;
+    if (entry.path().filename() == "lock" && entry.file_size() == 0) continue;
     files.push_back(std::filesystem::relative(entry.path(), folder).string());
   }
   std::sort(files.begin(), files.end());

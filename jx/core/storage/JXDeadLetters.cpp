@@ -22,12 +22,13 @@ constexpr const char* kRewriteSuffix = ".new";
 
 }  // namespace
 
-JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep,
+JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::uint64_t maxBytes,
                              std::chrono::milliseconds maxAge)
     : path_(folder.empty() ? std::string() : folder + "/dead"),
       keep_(folder.empty()
                 ? 0
                 : std::min<std::size_t>(keep, std::numeric_limits<std::uint32_t>::max())),
+      maxBytes_(maxBytes),
       maxAge_(maxAge) {}
 
 int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64_t nowMs) {
@@ -35,13 +36,32 @@ int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64
   const std::lock_guard<std::mutex> lock(mutex_);
   int error = lockFile(JXFile::Access::Append);
   if (error != 0) return error;
-  error = appendLocked(request, status);
+  const std::uint64_t size = sizeWith(request);
+  const bool fits = size - journal_.size() <= maxBytes_;
+  // To half of the limit, so that the file is not rewritten with each request.
+  if (fits && size > maxBytes_) error = rewrite(nowMs, maxBytes_ / 2);
+  if (error == 0 && fits && sizeWith(request) > maxBytes_) error = rewrite(nowMs, 0);
+  if (error == 0 && fits) error = appendLocked(request, status);
   // Compacts the file when at least half of it is obsolete. A failure only leaves the file longer:
   // the next append tries again.
-  if (error == 0 && (locations_.size() >= 2 * keep_ || hasExpired(nowMs))) rewrite(nowMs);
-  knownSize_ = journal_.size();
-  journal_.file().unlock();
+  if (error == 0 && (locations_.size() >= 2 * keep_ || hasExpired(nowMs))) {
+    rewrite(nowMs, maxBytes_);
+  }
+  closeFile();
   return error;
+}
+
+// Returns an upper bound of the file's size after the request was appended.
+std::uint64_t JXDeadLetters::sizeWith(const JXOutboxRequest& request) const {
+  return journal_.size() + kJXJournalMagic.size() + kJXFrameHeaderSize + kJXDeadLetterHeadSize +
+         request.url.size() + request.body.size();
+}
+
+// Also releases the lock.
+void JXDeadLetters::closeFile() {
+  knownSize_ = journal_.size();
+  identity_ = journal_.file().identity();
+  journal_.close();
 }
 
 int JXDeadLetters::removeExpired(std::int64_t nowMs) {
@@ -52,11 +72,10 @@ int JXDeadLetters::removeExpired(std::int64_t nowMs) {
   // A process that was killed while it rewrote the file left a copy. Nobody writes it now.
   int error = removeFile(path_ + kRewriteSuffix);
   if (isMissing) return error;
-  if (hasExpired(nowMs)) error = rewrite(nowMs);
-  knownSize_ = journal_.size();
-  journal_.file().unlock();
-  // Most processes never append.
-  if (!dirty_) journal_.close();
+  if (hasExpired(nowMs) || journal_.size() > maxBytes_) error = rewrite(nowMs, maxBytes_ / 2);
+  // The process that wrote the last ones may have been killed before it synced them.
+  dirty_ = true;
+  closeFile();
   return error;
 }
 
@@ -69,17 +88,22 @@ bool JXDeadLetters::hasExpired(std::int64_t nowMs) const {
 // Opens and locks the file that is at the path now, and reads it if it has changed.
 int JXDeadLetters::lockFile(JXFile::Access access) {
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
-    if (!journal_.isOpen()) {
-      int error = access == JXFile::Access::Append ? makeFolder(folderOf(path_)) : 0;
-      if (error != 0) return error;
-      journal_ = JXJournal(JXFile::open(path_, access, error), path_);
-      if (error != 0) return error;
+    int error = access == JXFile::Access::Append ? makeFolder(folderOf(path_)) : 0;
+    if (error != 0) return error;
+    JXFile file = JXFile::open(path_, access, error);
+    if (error != 0) return error;
+    if (!file.tryLock(JXFile::Lock::Exclusive)) return EWOULDBLOCK;
+    if (!file.isAt(path_)) continue;
+    if (file.identity() == identity_) {
+      journal_.reopen(std::move(file), path_);
+    } else {
+      journal_ = JXJournal(std::move(file), path_);
       // Matches no file size, so that the file is read.
       knownSize_ = std::numeric_limits<std::uint64_t>::max();
     }
-    if (!journal_.file().tryLock(JXFile::Lock::Exclusive)) return EWOULDBLOCK;
-    if (journal_.file().isAt(path_)) return readLocations();
-    journal_.close();
+    error = readLocations();
+    if (error != 0) journal_.close();
+    return error;
   }
   return EWOULDBLOCK;
 }
@@ -111,14 +135,21 @@ int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
   return 0;
 }
 
-// Replaces the file with one that contains only the requests to keep.
-int JXDeadLetters::rewrite(std::int64_t nowMs) {
+// Replaces the file with one that contains only the requests to keep, and at most `maxBytes` of
+// them.
+int JXDeadLetters::rewrite(std::int64_t nowMs, std::uint64_t maxBytes) {
   const std::string freshPath = path_ + kRewriteSuffix;
   int error = 0;
   JXJournal fresh(JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
   std::deque<Location> kept;
-  for (std::size_t i = locations_.size() - std::min(locations_.size(), keep_);
-       error == 0 && i < locations_.size(); ++i) {
+  std::size_t first = locations_.size();
+  std::uint64_t bytes = 0;
+  while (first > 0 && locations_.size() - first < keep_) {
+    bytes += locations_[first - 1].length + kJXFrameHeaderSize;
+    if (bytes > maxBytes) break;
+    --first;
+  }
+  for (std::size_t i = first; error == 0 && i < locations_.size(); ++i) {
     if (isExpired(locations_[i].createdMs, nowMs, maxAge_)) continue;
     std::string payload;
     error = journal_.read(locations_[i].offset, locations_[i].length, payload);
@@ -137,8 +168,12 @@ int JXDeadLetters::rewrite(std::int64_t nowMs) {
 
 int JXDeadLetters::sync() {
   const std::lock_guard<std::mutex> lock(mutex_);
-  if (!dirty_ || !journal_.isOpen()) return 0;
-  const int error = journal_.sync();
+  if (!dirty_) return 0;
+  int error = 0;
+  const JXFile file = JXFile::open(path_, JXFile::Access::Read, error);
+  if (error == 0) error = file.synchronize();
+  // A missing file was deleted in the meantime.
+  if (error == ENOENT || error == ENOTDIR) error = 0;
   dirty_ = error != 0;
   return error != 0 ? error : synchronizeFolder(folderOf(path_));
 }
@@ -158,8 +193,8 @@ bool JXDeadLetters::mayExist() const {
 
 int JXDeadLetters::clear() {
   const std::lock_guard<std::mutex> lock(mutex_);
-  journal_.close();
   dirty_ = false;
+  identity_ = {};
   const int error = removeFile(path_);
   const int copyError = removeFile(path_ + kRewriteSuffix);
   return error != 0 ? error : copyError;

@@ -14,17 +14,19 @@
 namespace jx {
 
 /// Stores the requests that the server permanently rejected in the file "dead" of the outbox
-/// folder, the last `keep` of them that are not older than `maxAge`. Processes share the file; each
-/// locks it while changing it. Thread-safe. Operations that can fail return an errno value, 0 for
-/// success.
+/// folder, the last `keep` of them that are not older than `maxAge`. The file never exceeds
+/// `maxBytes`: the oldest requests are deleted before. Processes share the file; each locks it
+/// while changing it. It is open only then. Thread-safe. Operations that can fail return an errno
+/// value, 0 for success.
 class JXDeadLetters {
  public:
   /// With an empty folder name, no request is stored.
-  JXDeadLetters(const std::string& folder, std::size_t keep,
+  JXDeadLetters(const std::string& folder, std::size_t keep, std::uint64_t maxBytes,
                 std::chrono::milliseconds maxAge = std::chrono::milliseconds::max());
 
   /// Appends a request with the HTTP status that rejected it, then deletes the expired ones, as
-  /// `removeExpired` does. Returns EWOULDBLOCK while another process is writing the file.
+  /// `removeExpired` does. A request that exceeds `maxBytes` alone is not stored. Returns
+  /// EWOULDBLOCK while another process is writing the file.
   int append(const JXOutboxRequest& request, int status, std::int64_t nowMs);
   /// Deletes the requests that are older than the maximum age at `nowMs`: the file no longer
   /// contains their bytes. Also deletes the remains of an interrupted deletion. Blocks until the
@@ -53,13 +55,17 @@ class JXDeadLetters {
   int readLocations();
   int appendLocked(const JXOutboxRequest& request, int status);
   bool hasExpired(std::int64_t nowMs) const;
-  int rewrite(std::int64_t nowMs);
+  std::uint64_t sizeWith(const JXOutboxRequest& request) const;
+  int rewrite(std::int64_t nowMs, std::uint64_t maxBytes);
+  void closeFile();
 
   const std::string path_;
   const std::size_t keep_;
+  const std::uint64_t maxBytes_;
   const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
-  JXJournal journal_;
+  JXJournal journal_;               ///< open while the file is locked
+  JXFileIdentity identity_;         ///< of the file that was read last
   std::deque<Location> locations_;  ///< of the frames in the file
   std::uint64_t knownSize_ = 0;     ///< file size for which `locations_` is valid
   bool dirty_ = false;

@@ -211,6 +211,8 @@ bool JXDefaultsFile::openOnce() {
   // An erase may have missed the file if it was created, or has erased what was read.
   if (noticesErasure()) return true;
   journal_ = std::move(journal);
+  // The process that wrote the values may have been killed before it synced them.
+  dirty_ = true;
   folderDirty_ = true;
   // If the file was removed while in use, the values of this process are written again.
   adoptContent(inFile, false);

@@ -54,6 +54,20 @@ int listSystem(int folder, std::vector<std::string>& names) {
   return error == 0 ? 0 : -1;
 }
 
+int lockByteSystem(int descriptor, off_t offset, short type) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = offset;
+  lock.l_len = 1;
+#if defined(F_OFD_SETLK)
+  return ::fcntl(descriptor, F_OFD_SETLK, &lock);
+#else
+  // The lock of the process. One process opens the file once there.
+  return ::fcntl(descriptor, F_SETLK, &lock);
+#endif
+}
+
 void* mapSystem(int descriptor, std::size_t size) {
   void* const address = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, descriptor, 0);
   return address == MAP_FAILED ? nullptr : address;
@@ -89,9 +103,10 @@ int errorOf(Call call) {
 }  // namespace
 
 JXFileCalls JXFileCalls::system() {
-  return {&openSystem, &::close,    &::pread,      &::writev,   &::ftruncate,  &synchronizeSystem,
-          &::fsync,    &::renameat, &unlinkSystem, &::mkdirat,  &statusSystem, &fstatSystem,
-          &::flock,    &listSystem, &mapSystem,    &unmapSystem};
+  return {&openSystem,        &::close,     &::pread,    &::writev,       &::ftruncate,
+          &synchronizeSystem, &::fsync,     &::renameat, &unlinkSystem,   &::mkdirat,
+          &statusSystem,      &fstatSystem, &::flock,    &lockByteSystem, &listSystem,
+          &mapSystem,         &unmapSystem};
 }
 
 JXFileCalls& JXFileCalls::current() {
@@ -119,12 +134,16 @@ int replaceFile(const std::string& from, const std::string& to, int error) {
   const auto folder = JXFolder::open(folderOf(to), JXFolder::Missing::Fail, folderError);
   if (!folder) return error != 0 ? error : folderError;
   const std::string fromName = nameOf(from);
-  if (error == 0 && JXFileCalls::current().rename(folder->descriptor(), fromName.c_str(),
-                                                  folder->descriptor(), nameOf(to).c_str()) != 0) {
-    error = errno;
-  }
+  if (error == 0) error = renameFile(*folder, fromName, *folder, nameOf(to));
   if (error != 0) removeFile(*folder, fromName);
   return error;
+}
+
+int renameFile(const JXFolder& fromFolder, const std::string& from, const JXFolder& toFolder,
+               const std::string& to) {
+  const int result = JXFileCalls::current().rename(fromFolder.descriptor(), from.c_str(),
+                                                   toFolder.descriptor(), to.c_str());
+  return result == 0 ? 0 : errno;
 }
 
 int removeFile(const JXFolder& folder, const std::string& name) {
@@ -237,6 +256,17 @@ bool JXFile::tryLock(Lock lock) {
   return errorOf([&] { return JXFileCalls::current().lock(descriptor_, operation); }) == 0;
 }
 
+int JXFile::lockByte(std::uint64_t offset) {
+  const int error = errorOf([&] {
+    return JXFileCalls::current().lockByte(descriptor_, static_cast<off_t>(offset), F_WRLCK);
+  });
+  return error == EACCES ? EWOULDBLOCK : error;
+}
+
+void JXFile::unlockByte(std::uint64_t offset) {
+  JXFileCalls::current().lockByte(descriptor_, static_cast<off_t>(offset), F_UNLCK);
+}
+
 void JXFile::unlock() { JXFileCalls::current().lock(descriptor_, LOCK_UN); }
 
 bool JXFile::isLinked() const {
@@ -244,16 +274,28 @@ bool JXFile::isLinked() const {
   return status(now) == 0 && now.st_nlink > 0;
 }
 
-bool JXFile::isAt(const std::string& path) const {
-  struct stat mine {};
-  struct stat named {};
-  return status(mine) == 0 && JXFileCalls::current().status(AT_FDCWD, path.c_str(), &named) == 0 &&
-         mine.st_dev == named.st_dev && mine.st_ino == named.st_ino;
+bool JXFile::isAt(const std::string& path) const { return identity() == identityAt(path); }
+
+JXFileIdentity JXFile::identity() const {
+  struct stat now {};
+  return status(now) == 0 ? JXFileIdentity{now.st_dev, now.st_ino} : JXFileIdentity();
 }
 
-std::uint64_t JXFile::inode() const {
-  struct stat now {};
-  return status(now) == 0 ? now.st_ino : 0;
+JXFileIdentity JXFile::identityAt(const std::string& path) {
+  struct stat named {};
+  const int result = JXFileCalls::current().status(AT_FDCWD, path.c_str(), &named);
+  return result == 0 ? JXFileIdentity{named.st_dev, named.st_ino} : JXFileIdentity();
+}
+
+JXFileIdentity JXFile::identityIn(const JXFolder& folder, const std::string& name) {
+  struct stat named {};
+  return statusIn(folder, name, named) == 0 ? JXFileIdentity{named.st_dev, named.st_ino}
+                                            : JXFileIdentity();
+}
+
+int JXFile::statusIn(const JXFolder& folder, const std::string& name, struct stat& status) {
+  const int result = JXFileCalls::current().status(folder.descriptor(), name.c_str(), &status);
+  return result == 0 ? 0 : errno;
 }
 
 }  // namespace jx

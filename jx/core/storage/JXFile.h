@@ -32,6 +32,8 @@ struct JXFileCalls {
   int (*status)(int folder, const char* name, struct stat* status);  ///< fstatat
   int (*statusOf)(int descriptor, struct stat* status);              ///< fstat
   int (*lock)(int descriptor, int operation);                        ///< flock
+  /// Locks (F_WRLCK) or unlocks (F_UNLCK) one byte for this open file, without waiting.
+  int (*lockByte)(int descriptor, off_t offset, short type);
   /// Adds the names in an open folder, without "." and "..", in no particular order.
   int (*list)(int folder, std::vector<std::string>& names);
   /// Maps the file for reading; null on failure. Its content stays as long as it is mapped.
@@ -65,6 +67,21 @@ int replaceFile(const std::string& from, const std::string& to, int error);
 /// Deletes the file. Returns an errno value, 0 for success and for a missing file.
 int removeFile(const std::string& path);
 int removeFile(const JXFolder& folder, const std::string& name);
+/// Renames a file, replacing an existing one. Returns an errno value, 0 for success.
+int renameFile(const JXFolder& fromFolder, const std::string& from, const JXFolder& toFolder,
+               const std::string& to);
+
+/// Device and number of a file, which stay when it is renamed. A default one is invalid: it differs
+/// from that of every file.
+struct JXFileIdentity {
+  dev_t device = 0;
+  ino_t number = 0;
+  bool operator==(const JXFileIdentity& other) const {
+    return number != 0 && number == other.number && device == other.device;
+  }
+  bool isValid() const { return number != 0; }
+  bool operator!=(const JXFileIdentity& other) const { return !(*this == other); }
+};
 
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
 /// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that
@@ -113,13 +130,21 @@ class JXFile {
   /// false when another owner prevents it; a lock held before may then have been released.
   bool tryLock(Lock lock);
   void unlock();
+  /// Acquires the lock of one byte, which need not exist, for this open file. Returns an errno
+  /// value: 0 for success, EWOULDBLOCK when another open file, of any process, has it.
+  int lockByte(std::uint64_t offset);
+  void unlockByte(std::uint64_t offset);
 
   /// Returns false when the file was removed from its folder.
   bool isLinked() const;
   /// Returns true when `path` currently refers to this file.
   bool isAt(const std::string& path) const;
-  /// Returns the number that identifies the file in its file system; 0 on failure.
-  std::uint64_t inode() const;
+  JXFileIdentity identity() const;
+  /// Returns the identity of the file at `path`, invalid if there is none.
+  static JXFileIdentity identityAt(const std::string& path);
+  static JXFileIdentity identityIn(const JXFolder& folder, const std::string& name);
+  /// Reads the state of a file of the folder without opening it. Returns an errno value.
+  static int statusIn(const JXFolder& folder, const std::string& name, struct stat& status);
   /// See JXFileCalls::map.
   void* map(std::size_t size) const { return JXFileCalls::current().map(descriptor_, size); }
 

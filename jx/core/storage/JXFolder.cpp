@@ -41,12 +41,6 @@ int makeFolder(int parent, const std::string& name) {
 
 }  // namespace
 
-JXFolder::JXFolder(std::string path, int descriptor, const struct stat& status)
-    : path_(std::move(path)),
-      descriptor_(descriptor),
-      device_(status.st_dev),
-      inode_(status.st_ino) {}
-
 JXFolder::~JXFolder() { JXFileCalls::current().close(descriptor_); }
 
 std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const std::string& inner,
@@ -76,15 +70,12 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
     return nullptr;
   }
   error = calls.statusOf(descriptor, &status) == 0 ? checkAccess(status) : errno;
-  if (error == 0) return std::shared_ptr<const JXFolder>(new JXFolder(path, descriptor, status));
+  if (error == 0) {
+    return std::shared_ptr<const JXFolder>(
+        new JXFolder(path, descriptor, {status.st_dev, status.st_ino}));
+  }
   calls.close(descriptor);
   return nullptr;
-}
-
-bool JXFolder::isAtPath() const {
-  struct stat status {};
-  return JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) == 0 &&
-         status.st_dev == device_ && status.st_ino == inode_;
 }
 
 int JXFolder::list(std::vector<std::string>& names) const {

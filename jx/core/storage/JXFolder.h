@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <sys/stat.h>
-#include <sys/types.h>
-
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "jx/core/storage/JXFile.h"
 
 namespace jx {
 
@@ -38,7 +37,7 @@ class JXFolder {
   const std::string& path() const { return path_; }
   std::string pathOf(const std::string& name) const { return path_ + "/" + name; }
   /// Returns true when the path still refers to this folder.
-  bool isAtPath() const;
+  bool isAtPath() const { return JXFile::identityAt(path_) == identity_; }
   /// Lists the names in the folder, in no particular order. Returns an errno value, 0 for success.
   int list(std::vector<std::string>& names) const;
   /// Makes the folder's entries (files created, renamed, removed) durable. Blocks until the disk
@@ -49,12 +48,12 @@ class JXFolder {
   static std::shared_ptr<const JXFolder> openIn(int parent, const std::string& name,
                                                 const std::string& path, Missing missing,
                                                 int& error);
-  JXFolder(std::string path, int descriptor, const struct stat& status);
+  JXFolder(std::string path, int descriptor, const JXFileIdentity& identity)
+      : path_(std::move(path)), descriptor_(descriptor), identity_(identity) {}
 
   const std::string path_;
   const int descriptor_;
-  const dev_t device_;
-  const ino_t inode_;
+  const JXFileIdentity identity_;
 };
 
 /// Returns the absolute form of a path relative to the current folder of the process; "" for "".
@@ -85,6 +84,8 @@ class JXFolderWatch {
   /// Returns true on the first call, and when the folder may have changed since the last call.
   /// Never returns false when it has changed.
   bool mayHaveChanged();
+  /// Makes the next call return true.
+  void reset() { seenNs_ = -1; }
 
  private:
   std::string path_;

@@ -15,6 +15,7 @@ constexpr std::size_t kChunk = 64 * 1024;
 // A damaged file may contain the magic where no frame begins. Each occurrence costs a CRC over up
 // to the rest of the file, so their number is limited, far above what accidental damage causes.
 constexpr unsigned kMaxFalseMagics = 1'000;
+constexpr std::uint64_t kMaxChecks = 2;  // of the whole file
 
 }  // namespace
 
@@ -81,13 +82,15 @@ std::size_t JXFrameReader::frameSizeAt(std::uint64_t offset) {
   const auto whole = static_cast<std::size_t>(size);
   if (isWholeFrame(bytesAt(offset, whole))) return whole;
   ++falseMagicCount_;
+  falseBytes_ += size;
   return 0;
 }
 
 // Returns the first offset at or after `from` where a frame or the file's magic may begin, or the
 // end.
 std::uint64_t JXFrameReader::nextMagic(std::uint64_t from) {
-  while (from < end_ && falseMagicCount_ < kMaxFalseMagics) {
+  // Crafted lengths could make each byte part of a thousand checksums.
+  while (from < end_ && falseMagicCount_ < kMaxFalseMagics && falseBytes_ / kMaxChecks <= end_) {
     const std::string_view bytes = bytesAt(from, kFrameMagic.size());
     if (bytes.size() < kFrameMagic.size()) return end_;
     // The whole buffered range, not only the four bytes requested.

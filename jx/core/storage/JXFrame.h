@@ -78,6 +78,8 @@ class JXFrameReader {
   bool next(JXFrame& frame);
   /// Returns the damaged ranges skipped so far, in order.
   const std::vector<JXDamage>& damages() const { return damages_; }
+  /// Returns the number of bytes that were checked and do not form a frame.
+  std::uint64_t falseBytes() const { return falseBytes_; }
   /// Returns the errno value that stopped reading before the end of the file, or 0.
   int error() const { return error_; }
 
@@ -95,6 +97,7 @@ class JXFrameReader {
   std::size_t buffered_ = 0;
   std::vector<JXDamage> damages_;
   unsigned falseMagicCount_ = 0;
+  std::uint64_t falseBytes_ = 0;  ///< bytes that were checked and do not form a frame
   int error_ = 0;
 };
 

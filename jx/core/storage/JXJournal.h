@@ -58,6 +58,11 @@ class JXJournal {
 
   bool isOpen() const { return file_.isOpen(); }
   void close() { file_.close(); }
+  /// Continues with `file`, which has the same content, at `path`.
+  void reopen(JXFile file, std::string path) {
+    file_ = std::move(file);
+    path_ = std::move(path);
+  }
   /// Returns the offset of the next frame, as far as this process knows.
   std::uint64_t size() const { return end_; }
   JXFile& file() { return file_; }

@@ -15,6 +15,10 @@ namespace {
 constexpr int kMaxRepairStepsAtClose = 32;
 constexpr std::size_t kDropsPerCall = 32;
 
+std::string pathOf(const std::string& folder, const std::string& inner) {
+  return absolutePath(folder) + (inner.empty() ? "" : "/" + inner);
+}
+
 // No exception leaves the outbox. Only an allocation failure can throw; the operation then has no
 // effect.
 template <typename Work>
@@ -42,15 +46,15 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures,
-                   bool mayStore)
+                   bool mayStore, const std::string& inner)
     : clock_(std::move(clock)),
       maxAge_(bounds.maxAge),
-      report_("outbox " + folder, folderOf(folder)),
-      segments_(folder, report_, erasures.get()),
+      report_("outbox " + pathOf(folder, inner), folderOf(pathOf(folder, inner))),
+      segments_(folder, inner, bounds.maxBytes, report_, erasures.get()),
       queue_(segments_, report_, bounds, clock_),
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
-      dead_(folder, bounds.maxDeadLetters, bounds.maxAge) {
+      dead_(segments_.path(), bounds.maxDeadLetters, bounds.maxBytes, bounds.maxAge) {
   segments_.isOpen = false;
   if (mayStore) beginStoring();
 }
@@ -58,7 +62,7 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
 void JXOutbox::beginStoring() {
   lockedWithoutExceptions([&] {
     segments_.isOpen = true;
-    const std::string& folder = segments_.folder();
+    const std::string& folder = segments_.path();
     hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
     queue_.adopt();
   });
@@ -67,7 +71,7 @@ void JXOutbox::beginStoring() {
 JXOutbox::~JXOutbox() {
   lockedWithoutExceptions([&] {
     checkErasures();
-    segments_.detectDeletedSegments();
+    segments_.detectLostSegments();
     for (int step = 0; step < kMaxRepairStepsAtClose && queue_.repairSome(); ++step) {
     }
     dropErased();
@@ -118,7 +122,7 @@ void JXOutbox::purge() {
   withoutExceptions([&] {
     locked([&] { queue_.clear(); });
     reportError("delete the dead letters", dead_.clear());
-    reportError("delete the quarantined files", removeQuarantinedFiles(segments_.folder()));
+    reportError("delete the quarantined files", removeQuarantinedFiles(segments_.path()));
   });
 }
 
@@ -149,7 +153,7 @@ void JXOutbox::sync() {
       checkErasures();
       queue_.applyPurgeMarks();
       queue_.dropExpired();
-      segments_.detectDeletedSegments();
+      segments_.detectLostSegments();
       segments_.retry();
     });
     // Releases the lock between steps, so that a calling thread never waits for the whole repair.
@@ -200,7 +204,7 @@ void JXOutbox::removeExpiredFiles() {
   if (error == EWOULDBLOCK) return;
   reportError("delete expired dead letters", error);
   reportError("delete expired quarantined files",
-              removeExpiredQuarantinedFiles(segments_.folder(), nowMs, maxAge_));
+              removeExpiredQuarantinedFiles(segments_.path(), nowMs, maxAge_));
   locked([&] { hasUncheckedFiles_ = false; });
 }
 
@@ -215,19 +219,33 @@ void JXOutbox::reportError(const char* action, int error) {
 // Blocks on disk I/O without the lock.
 void JXOutbox::syncFiles() {
   bool folderDirty = false;
-  const std::vector<std::shared_ptr<JXOutboxSegment>> dirty = locked([&] {
+  std::shared_ptr<const JXFolder> folder;
+  const std::vector<std::uint64_t> dirty = locked([&] {
     folderDirty = std::exchange(segments_.folderDirty, false);
+    folder = segments_.openFolder();
     return segments_.takeDirty();
   });
-  for (const auto& segment : dirty) {
-    const int error = segment->sync();
-    if (error != 0) locked([&] { segment->dirty = true; });
-    reportError("sync a segment", error);
-  }
-  const int folderError = folderDirty ? synchronizeFolder(segments_.folder()) : 0;
+  for (const std::uint64_t number : dirty)
+    syncSegment(number);
+  const int folderError = folderDirty && folder ? folder->synchronize() : 0;
   if (folderError != 0) locked([&] { segments_.folderDirty = true; });
   reportError("sync the folder", folderError);
   reportError("sync the dead letters", dead_.sync());
+}
+
+void JXOutbox::syncSegment(std::uint64_t number) {
+  int error = 0;
+  const JXFile file = locked([&] {
+    JXOutboxSegment* const segment = segments_.find(number);
+    return segment != nullptr ? segment->fileToSync(error) : JXFile();
+  });
+  if (file.isOpen()) error = file.synchronize();
+  // A file that is missing was deleted: the next sync restores it if it is needed.
+  if (error == 0 || error == ENOENT) return;
+  locked([&] {
+    if (JXOutboxSegment* const segment = segments_.find(number)) segment->dirty = true;
+  });
+  reportError("sync a segment", error);
 }
 
 bool JXOutbox::needsSync() const {
@@ -241,12 +259,7 @@ void JXOutbox::rememberDropped() {
 }
 
 std::vector<JXOutboxDrop> JXOutbox::takeDropped() {
-  return withoutExceptions([&] {
-    std::vector<JXOutboxDrop> dropped = locked([&] { return queue_.drops().take(kDropsPerCall); });
-    for (JXOutboxDrop& drop : dropped)
-      drop.readBody();
-    return dropped;
-  });
+  return lockedWithoutExceptions([&] { return queue_.drops().take(kDropsPerCall); });
 }
 
 JXOutboxCounters JXOutbox::counters() const {

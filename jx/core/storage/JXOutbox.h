@@ -34,10 +34,11 @@ class JXOutbox {
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
   /// `erasures` reports when the folder is erased; null if it never is. If `mayStore` is false, the
-  /// folder is neither read nor written until `beginStoring`.
+  /// folder is neither read nor written until `beginStoring`. If `inner` is not empty, the queue is
+  /// in this folder of the storage folder `folder`.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
            std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr,
-           bool mayStore = true);
+           bool mayStore = true, const std::string& inner = std::string());
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
@@ -98,7 +99,7 @@ class JXOutbox {
   /// Starts recording dropped requests for `takeDropped`, at most a few thousand at a time.
   void rememberDropped();
   /// Removes and returns some of the recorded dropped requests, in the order in which they were
-  /// dropped; empty when there are none. Reads the disk without blocking other threads.
+  /// dropped; empty when there are none.
   std::vector<JXOutboxDrop> takeDropped();
 
   JXOutboxCounters counters() const;
@@ -115,6 +116,7 @@ class JXOutbox {
   void removeExpiredFiles();
   void reportDamagedDeadLetters();
   void syncFiles();
+  void syncSegment(std::uint64_t number);
 
   const std::shared_ptr<const JXClock> clock_;
   const std::chrono::milliseconds maxAge_;

@@ -7,6 +7,8 @@
 #include <iterator>
 
 #include "jx/core/storage/JXDeadLetters.h"
+#include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
@@ -23,21 +25,24 @@ bool succeeded(int code, const std::string& action, std::string& error) {
 // A segment that was delivered and deleted in the meantime is not an error.
 int ignoringMissing(int code) { return code == ENOENT ? 0 : code; }
 
-std::vector<std::uint64_t> segmentsIn(const std::string& folder, std::string& error) {
+// Also checks the storage folder, which contains the outbox.
+std::vector<std::uint64_t> segmentsIn(const std::string& path, std::string& error) {
   error.clear();
   int code = 0;
-  std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(folder, code);
-  if (!succeeded(code, "read " + folder, error)) numbers.clear();
+  std::vector<std::uint64_t> numbers;
+  const auto folder = JXFolder::open(folderOf(path), nameOf(path), JXFolder::Missing::Fail, code);
+  if (folder) numbers = JXOutboxSegment::numbersIn(*folder, code);
+  if (!succeeded(code, "read " + path, error)) numbers.clear();
   return numbers;
 }
 
-// Deletes a segment that no process owns. Writes a purge mark for the owner of any other.
-void purgeSegment(const std::string& folder, std::uint64_t number, JXOutboxPurge& purge,
+void purgeSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOutboxPurge& purge,
                   std::string& error) {
-  const std::string path = folder + "/" + JXOutboxSegment::nameOf(number);
+  const std::string path = folder.folder->pathOf(JXOutboxSegment::nameOf(number));
+  JXOpenSegments open;
   std::vector<JXOutboxEntry> requests;
   JXJournal::Recovery recovery;
-  if (const auto segment = JXOutboxSegment::adopt(folder, number, requests, recovery)) {
+  if (const auto segment = JXOutboxSegment::adopt(folder, number, open, requests, recovery)) {
     if (succeeded(segment->remove(), "delete " + path, error)) purge.removed += requests.size();
     return;
   }
@@ -91,11 +96,15 @@ JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error) {
   JXOutboxPurge purge;
   const std::vector<std::uint64_t> numbers = segmentsIn(folder, error);
   if (!error.empty()) return purge;
+  int code = 0;
+  const JXSegmentFolder opened =
+      JXSegmentFolder::open(folderOf(folder), nameOf(folder), JXFolder::Missing::Fail, code);
+  if (!succeeded(code, "lock " + folder, error)) return purge;
   for (const std::uint64_t number : numbers)
-    purgeSegment(folder, number, purge, error);
+    purgeSegment(opened, number, purge, error);
   std::string ignored;
   const std::size_t dead = listDeadLetters(folder, ignored).size();
-  if (succeeded(JXDeadLetters(folder, 0).clear(), "delete the dead letters", error)) {
+  if (succeeded(JXDeadLetters(folder, 0, 0).clear(), "delete the dead letters", error)) {
     purge.deadLetters = dead;
   }
   succeeded(removeQuarantinedFiles(folder), "delete the quarantined files", error);

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "jx/core/storage/JXAge.h"
+#include "jx/core/storage/JXPurgeMark.h"
 
 namespace jx {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 using State = JXOutboxEntry::State;
 
 // Requests written per repair step. A calling thread may be waiting for the lock in the meantime.
-constexpr int kRepairStep = 32;
+constexpr std::size_t kRepairStep = 32;
 
 // The counters of the drop reasons after None, in their order.
 constexpr std::uint64_t JXOutboxCounters::*kDropCounters[] = {
@@ -27,7 +28,9 @@ static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason:
 
 JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report,
                              const JXOutboxBounds& bounds, std::shared_ptr<const JXClock> clock)
-    : segments_(segments), report_(report), bounds_(bounds), clock_(std::move(clock)) {}
+    : segments_(segments), report_(report), bounds_(bounds), clock_(std::move(clock)) {
+  segments_.beforeRemoval = [this](JXOutboxSegment& segment) { drops_.readAll(segment); };
+}
 
 void JXOutboxQueue::adopt() {
   segments_.adoptAll([&](const JXOutboxEntry& request) {
@@ -172,11 +175,13 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64
   applyPurgeMarks();
   while (JXOutboxEntry* entry = index_.nextQueued(except, filter)) {
     JXOutboxRequest request;
-    const int error = read(*entry, request);
+    const int error = readRestored(*entry, request);
     if (error == 0) {
       entry->state = State::InFlight;
       return request;
     }
+    // Its file cannot be restored now, for example because the disk is full.
+    if (entry->segment != nullptr && entry->segment->lost) return std::nullopt;
     dropUnreadable(*entry, error);
   }
   return std::nullopt;
@@ -212,6 +217,14 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
   return 0;
 }
 
+// Restores the file first if it was deleted or moved.
+int JXOutboxQueue::readRestored(const JXOutboxEntry& entry, JXOutboxRequest& request) {
+  const int error = read(entry, request);
+  if (error != ENOENT && error != ESTALE) return error;
+  segments_.detectLostSegments();
+  return segments_.restoreLost() ? read(entry, request) : error;
+}
+
 // Quarantines and drops a damaged request. After a read error the request stays in its file for
 // the next start, when it may be readable again.
 void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
@@ -232,7 +245,7 @@ void JXOutboxQueue::applyPurgeMarks() {
   for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
     std::vector<std::uint64_t> ids;
     index_.forEach([&](const JXOutboxEntry& entry) {
-      if (entry.segment == purged.segment.get() && entry.offset < purged.end) {
+      if (entry.segment == purged.segment && entry.offset < purged.end) {
         ids.push_back(entry.id);
       }
       return true;
@@ -308,42 +321,46 @@ void JXOutboxQueue::acknowledgeRejected(std::uint64_t id) {
 bool JXOutboxQueue::repairSome() {
   if (!needsRepair()) return false;
   // Requests of deleted files are older than those in memory.
-  const bool succeeded = segments_.hasLost() ? rewriteLostRequests() : writeSomeOfMemory();
+  bool succeeded = !segments_.hasLost() || segments_.restoreLost();
+  if (succeeded) succeeded = writeSomeOfMemory();
+  if (succeeded) succeeded = moveSomeOfObsolete();
   if (succeeded && !needsRepair()) report_.recovered();
   return succeeded && needsRepair();
 }
 
-// Copies requests from deleted files, which exist as long as they are open here.
-bool JXOutboxQueue::rewriteLostRequests() {
-  int done = 0;
-  bool succeeded = true;
-  std::vector<std::uint64_t> unreadable;
-  index_.forEach([&](JXOutboxEntry& entry) {
-    if (entry.segment == nullptr || !entry.segment->lost) return true;
+// Appends the remaining requests of a segment whose other requests are acknowledged, so that it can
+// be deleted.
+bool JXOutboxQueue::moveSomeOfObsolete() {
+  JXOutboxSegment* const obsolete = segments_.toRetire();
+  if (obsolete == nullptr) return true;
+  std::vector<std::uint64_t> ids;
+  index_.forEach([&](const JXOutboxEntry& entry) {
+    if (entry.segment == obsolete) ids.push_back(entry.id);
+    return ids.size() < kRepairStep;
+  });
+  for (const std::uint64_t id : ids) {
+    JXOutboxEntry& entry = *index_.find(id);
     JXOutboxRequest request;
-    if (read(entry, request) != 0) {
-      unreadable.push_back(entry.id);
-      return true;
+    const int error = read(entry, request);
+    if (error != 0) {
+      dropUnreadable(entry, error);
+      continue;
     }
     std::uint32_t offset = 0;
     JXOutboxSegment* const segment =
         segments_.append(request.url, request.body, entry.createdMs, entry.origin, offset);
-    succeeded = segment != nullptr;
-    if (!succeeded) return false;
-    entry.segment->acknowledge(entry.offset);
-    modified_.push_back(entry.segment);
+    if (segment == nullptr) return false;
+    obsolete->acknowledge(entry.offset);
+    modified_.push_back(obsolete);
     entry.segment = segment;
     entry.offset = offset;
-    return ++done < kRepairStep;
-  });
-  for (const std::uint64_t id : unreadable)
-    dropUnreadable(*index_.find(id), EBADMSG);
+  }
   finishModifiedSegments();
-  return succeeded;
+  return true;
 }
 
 bool JXOutboxQueue::writeSomeOfMemory() {
-  for (int done = 0; done < kRepairStep && !memory_.empty(); ++done) {
+  for (std::size_t done = 0; done < kRepairStep && !memory_.empty(); ++done) {
     const auto oldest = memory_.begin();
     JXOutboxEntry& entry = *index_.find(oldest->first);
     entry.segment = segments_.append(oldest->second.url, oldest->second.body, entry.createdMs,
@@ -360,7 +377,7 @@ JXOutboxCounters JXOutboxQueue::counters() const {
   counters.damaged = report_.damagedFiles();
   counters.queued = index_.count() - rejected_.size();
   counters.queuedBytes = index_.bytes() - rejectedBytes_;
-  counters.inMemory = memory_.size();
+  counters.inMemory = memory_.size() + segments_.lostRequests();
   return counters;
 }
 

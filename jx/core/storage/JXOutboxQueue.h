@@ -36,6 +36,9 @@ class JXOutboxQueue {
   /// `report` and `segments` must outlive this object.
   JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report, const JXOutboxBounds& bounds,
                 std::shared_ptr<const JXClock> clock);
+  ~JXOutboxQueue() { segments_.beforeRemoval = nullptr; }
+  JXOutboxQueue(const JXOutboxQueue&) = delete;
+  JXOutboxQueue& operator=(const JXOutboxQueue&) = delete;
 
   /// Adopts the requests of processes that have ended. Call it once, before anything else.
   void adopt();
@@ -64,10 +67,13 @@ class JXOutboxQueue {
   void acknowledgeRejected(std::uint64_t id);
   bool hasRejected() const { return !rejected_.empty(); }
 
-  /// Writes some of the requests that are in memory only or whose file was deleted. Returns true
-  /// when the writes succeeded and more requests remain.
+  /// Restores deleted files, and writes some of the requests that are in memory only or in a file
+  /// that is mostly obsolete. Returns true when the writes succeeded and more requests remain.
   bool repairSome();
-  bool needsRepair() const { return segments_.isOpen && (!memory_.empty() || segments_.hasLost()); }
+  bool needsRepair() const {
+    return segments_.isOpen &&
+           (!memory_.empty() || segments_.hasLost() || segments_.toRetire() != nullptr);
+  }
 
   JXOutboxCounters counters() const;
   JXOutboxDrops& drops() { return drops_; }
@@ -88,8 +94,9 @@ class JXOutboxQueue {
   void release(JXOutboxEntry& entry);
   void finishModifiedSegments();
   int read(const JXOutboxEntry& entry, JXOutboxRequest& request) const;
+  int readRestored(const JXOutboxEntry& entry, JXOutboxRequest& request);
   void dropUnreadable(JXOutboxEntry& entry, int error);
-  bool rewriteLostRequests();
+  bool moveSomeOfObsolete();
   bool writeSomeOfMemory();
 
   JXOutboxSegments& segments_;

@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXOutboxSegment.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
-#include <cinttypes>
 #include <cstdio>
 
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxRecord.h"
+#include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/storage/JXSendFilter.h"
 
@@ -20,8 +17,6 @@ namespace {
 
 constexpr std::string_view kPrefix = "segment-";
 constexpr std::size_t kDigits = 16;
-// Two numbers of up to twenty digits, a space and a newline.
-constexpr std::size_t kMaxMarkSize = 42;
 
 template <typename Request, typename Condition>
 void removeIf(std::vector<Request>& requests, const Condition& condition) {
@@ -51,23 +46,6 @@ std::vector<Request> unacknowledged(const Read& read, const Make& make) {
   return requests;
 }
 
-std::string markPath(const std::string& segmentPath) {
-  return std::string(segmentPath).append(kJXPurgeMarkSuffix);
-}
-
-struct PurgeMark {
-  std::uint64_t inode = 0;
-  std::uint64_t size = 0;  // of the segment's file when the mark was written
-};
-
-int currentMark(const std::string& segmentPath, PurgeMark& mark) {
-  struct stat status {};
-  if (JXFileCalls::current().status(AT_FDCWD, segmentPath.c_str(), &status) != 0) return errno;
-  mark.inode = status.st_ino;
-  mark.size = static_cast<std::uint64_t>(status.st_size);
-  return 0;
-}
-
 }  // namespace
 
 std::string JXOutboxSegment::nameOf(std::uint64_t number) {
@@ -85,9 +63,9 @@ std::uint64_t JXOutboxSegment::numberOf(const std::string& name) {
   return std::stoull(digits, nullptr, 16);
 }
 
-std::vector<std::uint64_t> JXOutboxSegment::numbersIn(const std::string& folder, int& error) {
+std::vector<std::uint64_t> JXOutboxSegment::numbersIn(const JXFolder& folder, int& error) {
   std::vector<std::string> names;
-  error = listFolder(folder, names);
+  error = folder.list(names);
   std::vector<std::uint64_t> numbers;
   for (const std::string& name : names) {
     if (const std::uint64_t number = numberOf(name)) numbers.push_back(number);
@@ -96,41 +74,102 @@ std::vector<std::uint64_t> JXOutboxSegment::numbersIn(const std::string& folder,
   return numbers;
 }
 
-std::shared_ptr<JXOutboxSegment> JXOutboxSegment::create(const std::string& folder,
-                                                         std::uint64_t number, int& error) {
-  const std::string path = folder + "/" + nameOf(number);
-  JXFile file = JXFile::open(path, JXFile::Access::AppendCreateNew, error);
-  if (error != 0) return nullptr;
-  // A process that starts at the same time may have adopted, or even deleted, the empty file.
-  if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) {
-    error = EEXIST;
-    return nullptr;
-  }
-  // A mark left over from an earlier file of this name.
-  removePurgeMark(path);
-  return std::shared_ptr<JXOutboxSegment>(new JXOutboxSegment(JXJournal(std::move(file), path)));
+JXSegmentFolder JXSegmentFolder::open(const std::string& path, const std::string& inner,
+                                      JXFolder::Missing missing, int& error) {
+  JXSegmentFolder opened;
+  opened.folder = JXFolder::open(path, inner, missing, error);
+  if (!opened.folder) return {};
+  JXFile locks = JXFile::open(*opened.folder, kLockName, JXFile::Access::Append, error);
+  if (error != 0) return {};
+  opened.locks = std::make_shared<JXFile>(std::move(locks));
+  return opened;
 }
 
-std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folder,
-                                                        std::uint64_t number,
+void JXOpenSegments::use(JXOutboxSegment& segment) {
+  if (!segments_.empty() && segments_.back() == &segment) return;
+  remove(segment);
+  segments_.push_back(&segment);
+  if (segments_.size() <= kMax) return;
+  segments_.front()->close();
+  segments_.erase(segments_.begin());
+}
+
+void JXOpenSegments::remove(const JXOutboxSegment& segment) {
+  segments_.erase(std::remove(segments_.begin(), segments_.end(), &segment), segments_.end());
+}
+
+JXOutboxSegment::JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number,
+                                 JXOpenSegments& open, JXFile file)
+    : folder_(folder),
+      number_(number),
+      open_(open),
+      identity_(file.identity()),
+      journal_(std::move(file), folder.folder->pathOf(nameOf(number))) {
+  open_.use(*this);
+}
+
+JXOutboxSegment::~JXOutboxSegment() {
+  open_.remove(*this);
+  unmap();
+  folder_.locks->unlockByte(number_);
+}
+
+std::unique_ptr<JXOutboxSegment> JXOutboxSegment::create(const JXSegmentFolder& folder,
+                                                         std::uint64_t number, JXOpenSegments& open,
+                                                         int& error) {
+  error = folder.locks->lockByte(number);
+  // A process that starts at the same time may be adopting a file of this number.
+  if (error == EWOULDBLOCK) error = EEXIST;
+  if (error != 0) return nullptr;
+  JXFile file =
+      JXFile::open(*folder.folder, nameOf(number), JXFile::Access::AppendCreateNew, error);
+  if (error != 0) {
+    folder.locks->unlockByte(number);
+    return nullptr;
+  }
+  std::unique_ptr<JXOutboxSegment> segment(
+      new JXOutboxSegment(folder, number, open, std::move(file)));
+  // A mark left over from an earlier file of this name.
+  removePurgeMark(segment->path());
+  return segment;
+}
+
+std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const JXSegmentFolder& folder,
+                                                        std::uint64_t number, JXOpenSegments& open,
                                                         std::vector<JXOutboxEntry>& requests,
                                                         JXJournal::Recovery& recovery) {
-  const std::string path = folder + "/" + nameOf(number);
   recovery = {};
-  JXFile file = JXFile::open(path, JXFile::Access::AppendExisting, recovery.error);
+  const int lockError = folder.locks->lockByte(number);
+  if (lockError != 0) {
+    if (lockError != EWOULDBLOCK) recovery.error = lockError;
+    return nullptr;
+  }
+  JXFile file =
+      JXFile::open(*folder.folder, nameOf(number), JXFile::Access::AppendExisting, recovery.error);
   if (recovery.error == ENOENT) recovery.error = 0;
-  if (!file.isOpen()) return nullptr;
-  if (!file.tryLock(JXFile::Lock::Exclusive) || !file.isAt(path)) return nullptr;
+  // A process of an earlier version locks the file itself.
+  if (!file.isOpen() || !file.tryLock(JXFile::Lock::Exclusive)) {
+    folder.locks->unlockByte(number);
+    return nullptr;
+  }
+  file.unlock();
+  std::unique_ptr<JXOutboxSegment> segment(
+      new JXOutboxSegment(folder, number, open, std::move(file)));
+  recovery = segment->recover(requests);
+  return segment;
+}
 
-  std::shared_ptr<JXOutboxSegment> segment(new JXOutboxSegment(JXJournal(std::move(file), path)));
+JXJournal::Recovery JXOutboxSegment::recover(std::vector<JXOutboxEntry>& requests) {
+  JXJournal::Recovery recovery;
   const auto read = [&](const JXJournal::Visit& visit) {
-    recovery = segment->journal_.recover(JXJournal::Writers::One, visit);
+    recovery = journal_.recover(JXJournal::Writers::One, visit);
   };
   requests =
       unacknowledged<JXOutboxEntry>(read, [&](const JXFrame& frame, const JXOutboxRecord& record) {
+        ++requests_;
         JXOutboxEntry entry;
         entry.createdMs = record.createdMs;
-        entry.segment = segment.get();
+        entry.segment = this;
         entry.offset = static_cast<std::uint32_t>(frame.offset);
         entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
         entry.source = JXSendFilter::sourceOf(record.url);
@@ -139,16 +178,108 @@ std::shared_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const std::string& folde
         entry.awaitsDecision = true;
         return entry;
       });
-  segment->live_ = requests.size();
-  segment->dropPurged(requests);
+  live_ = requests.size();
+  dropPurged(requests);
   // The process that wrote it may have been killed before the sync.
-  segment->dirty = true;
-  return segment;
+  dirty = true;
+  return recovery;
+}
+
+int JXOutboxSegment::ensureOpen() {
+  open_.use(*this);
+  if (journal_.isOpen()) return 0;
+  int error = 0;
+  JXFile file =
+      JXFile::open(*folder_.folder, nameOf(number_), JXFile::Access::AppendExisting, error);
+  if (error == 0 && file.identity() != identity_) error = ESTALE;
+  if (error == 0) journal_.reopen(std::move(file), path());
+  return error;
+}
+
+void JXOutboxSegment::close() {
+  if (live_ != 0) map();
+  journal_.close();
+}
+
+// A file that was mapped before may have grown.
+void JXOutboxSegment::map() {
+  const auto size = static_cast<std::size_t>(journal_.size());
+  if (size == mappedSize_ || !journal_.isOpen()) return;
+  unmap();
+  mapped_ = journal_.file().map(size);
+  if (mapped_ != nullptr) mappedSize_ = size;
+}
+
+void JXOutboxSegment::unmap() {
+  if (mapped_ != nullptr) JXFileCalls::current().unmap(mapped_, mappedSize_);
+  mapped_ = nullptr;
+  mappedSize_ = 0;
+}
+
+bool JXOutboxSegment::isAtPath() const { return JXFile::identityAt(path()) == identity_; }
+
+int JXOutboxSegment::moveTo(const JXSegmentFolder& folder, std::uint64_t number) {
+  const std::string name = nameOf(number);
+  int error = folder.locks->lockByte(number);
+  if (error == 0 && JXFile::identityIn(*folder.folder, name).isValid()) error = EEXIST;
+  const bool isMine = folder.locks == folder_.locks && number == number_;
+  if (error == 0) error = moveFile(*folder.folder, name);
+  if (error != 0) {
+    if (!isMine) folder.locks->unlockByte(number);
+    return error == EWOULDBLOCK ? EEXIST : error;
+  }
+  if (!isMine) folder_.locks->unlockByte(number_);
+  folder_ = folder;
+  number_ = number;
+  lost = false;
+  dirty = true;
+  open_.use(*this);
+  return 0;
+}
+
+// Renames the file if it still has its name in its folder.
+int JXOutboxSegment::moveFile(const JXFolder& folder, const std::string& name) {
+  const JXFolder& old = *folder_.folder;
+  int error = ENOENT;
+  JXFile file;
+  if (JXFile::identityIn(old, nameOf(number_)) == identity_) {
+    error = renameFile(old, nameOf(number_), folder, name);
+    if (error == 0) file = JXFile::open(folder, name, JXFile::Access::AppendExisting, error);
+  }
+  if (error != 0) {
+    file = JXFile::open(folder, name, JXFile::Access::AppendCreateNew, error);
+    if (error == 0) error = copyTo(file);
+    if (error != 0 && file.isOpen()) removeFile(folder, name);
+    if (error != 0) return error;
+    if (JXFile::identityIn(old, nameOf(number_)) == identity_) removeFile(old, nameOf(number_));
+  }
+  identity_ = file.identity();
+  journal_.reopen(std::move(file), folder.pathOf(name));
+  unmap();
+  return 0;
+}
+
+// Copies the content without reading it in this process, because reading a mapped file that another
+// process has truncated raises a signal; the system call fails.
+int JXOutboxSegment::copyTo(JXFile& file) {
+  map();
+  if (mapped_ == nullptr) return journal_.size() == 0 ? 0 : ENOENT;
+  std::size_t done = 0;
+  while (done < mappedSize_) {
+    const iovec part{static_cast<char*>(mapped_) + done, mappedSize_ - done};
+    std::size_t written = 0;
+    const int error = file.append(&part, 1, written);
+    if (error != 0) return error;
+    if (written == 0) return ENOSPC;
+    done += written;
+  }
+  return 0;
 }
 
 // Applies a purge mark that the previous owner exited without processing.
 void JXOutboxSegment::dropPurged(std::vector<JXOutboxEntry>& requests) {
-  const std::uint64_t purged = readPurgeMark(path());
+  int error = 0;
+  const std::uint64_t purged = readPurgeMark(path(), identity_, error);
   if (purged == 0) return;
   removeIf(requests, [&](const JXOutboxEntry& request) {
     if (request.offset < purged) acknowledge(request.offset);
@@ -161,16 +292,19 @@ int JXOutboxSegment::append(std::string_view url, std::string_view body, std::in
                             const JXRequestOrigin& origin, std::uint32_t& offset) {
   const JXRequestHead head = encodeRequestHead(url, createdMs, origin);
   std::uint64_t place = 0;
-  const int error = journal_.append({{head.data(), head.size()}, url, body}, &place);
+  int error = ensureOpen();
+  if (error == 0) error = journal_.append({{head.data(), head.size()}, url, body}, &place);
   if (error != 0) return error;
   offset = static_cast<std::uint32_t>(place);
   ++live_;
+  ++requests_;
   dirty = true;
   return 0;
 }
 
-int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const {
-  return journal_.read(offset, kJXRequestHeadSize + bytes, payload);
+int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) {
+  const int error = ensureOpen();
+  return error != 0 ? error : journal_.read(offset, kJXRequestHeadSize + bytes, payload);
 }
 
 void JXOutboxSegment::acknowledge(std::uint32_t offset) {
@@ -180,26 +314,30 @@ void JXOutboxSegment::acknowledge(std::uint32_t offset) {
 
 int JXOutboxSegment::writeAcknowledgements() {
   if (unwritten_.empty()) return 0;
-  const int error = journal_.append({encodeAcknowledgement(unwritten_)}, nullptr);
+  int error = ensureOpen();
+  if (error == 0) error = journal_.append({encodeAcknowledgement(unwritten_)}, nullptr);
   if (error != 0) return error;
   unwritten_.clear();
   dirty = true;
   return 0;
 }
 
-int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes,
-                                       bool& copied) const {
+int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) {
+  copied = false;
+  const int error = ensureOpen();
+  if (error != 0) return error;
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
   return quarantine(journal_.file(), path(), {{offset, length}}, false, copied);
 }
 
+JXFile JXOutboxSegment::fileToSync(int& error) const {
+  return JXFile::open(*folder_.folder, nameOf(number_), JXFile::Access::Read, error);
+}
+
 int JXOutboxSegment::remove() {
-  // If the file was deleted, its name may now belong to a file of another process.
-  if (!isLinked()) return 0;
-  const int error = removeFile(path());
-  if (error != 0) return error;
-  removePurgeMark(path());
-  return 0;
+  const int error = removeFile(*folder_.folder, nameOf(number_));
+  if (error == 0 && !lost) removePurgeMark(path());
+  return error;
 }
 
 std::vector<JXOutboxListing> listSegment(const std::string& path, int& error) {
@@ -209,41 +347,10 @@ std::vector<JXOutboxListing> listSegment(const std::string& path, int& error) {
         return JXOutboxListing{record.createdMs, std::string(record.url), std::string(record.body),
                                0, frame.offset};
       });
-  const std::uint64_t purged = readPurgeMark(path);
+  int ignored = 0;
+  const std::uint64_t purged = readPurgeMark(path, JXFile::identityAt(path), ignored);
   removeIf(requests, [purged](const JXOutboxListing& each) { return each.offset < purged; });
   return requests;
 }
-
-int writePurgeMark(const std::string& segmentPath) {
-  PurgeMark mark;
-  int error = currentMark(segmentPath, mark);
-  if (error != 0) return error;
-  const std::string text = std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
-  // Renamed into place, so that no process reads a partial mark.
-  const std::string fresh = markPath(segmentPath) + "." + std::to_string(::getpid());
-  JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
-  if (error != 0) return error;
-  const iovec part{const_cast<char*>(text.data()), text.size()};
-  std::size_t written = 0;
-  error = file.append(&part, 1, written);
-  if (error == 0 && written < text.size()) error = ENOSPC;
-  if (error == 0) error = file.synchronize();
-  return replaceFile(fresh, markPath(segmentPath), error);
-}
-
-std::uint64_t readPurgeMark(const std::string& segmentPath) {
-  PurgeMark now;
-  int error = 0;
-  const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);
-  if (error != 0 || currentMark(segmentPath, now) != 0) return 0;
-  char text[kMaxMarkSize + 1] = {};
-  std::size_t got = 0;
-  if (file.read(0, text, kMaxMarkSize, got) != 0) return 0;
-  PurgeMark mark;
-  const int fields = std::sscanf(text, "%" SCNu64 " %" SCNu64, &mark.inode, &mark.size);
-  return fields == 2 && mark.inode == now.inode ? mark.size : 0;
-}
-
-void removePurgeMark(const std::string& segmentPath) { removeFile(markPath(segmentPath)); }
 
 }  // namespace jx

@@ -2,31 +2,74 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXOutboxIndex.h"
 
 namespace jx {
 
-/// One file of an outbox: requests, and acknowledgements of requests. The process that has it open
-/// owns its lock. Not synchronised, except that `sync` may run concurrently with the other
-/// operations. Operations that can fail return an errno value, 0 for success.
-class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
+class JXOutboxSegment;
+
+/// The open folder of an outbox, and the file whose bytes are the locks of its segments: a process
+/// owns a segment while it has locked the byte at the segment's number. One file descriptor thus
+/// holds the locks of any number of segments. The system releases them when the process ends.
+struct JXSegmentFolder {
+  std::shared_ptr<const JXFolder> folder;
+  std::shared_ptr<JXFile> locks;
+
+  /// Opens both; see JXFolder::open. The members are null on failure, which sets `error`.
+  static JXSegmentFolder open(const std::string& path, const std::string& inner,
+                              JXFolder::Missing missing, int& error);
+  static constexpr const char* kLockName = "lock";
+};
+
+/// The segments whose files are open, at most `kMax` of them: a process must not use up the file
+/// descriptors of the application, however long its queue is.
+class JXOpenSegments {
  public:
+  static constexpr std::size_t kMax = 3;
+
+  /// Moves a segment to the front; closes the least recently used one beyond the limit.
+  void use(JXOutboxSegment& segment);
+  void remove(const JXOutboxSegment& segment);
+
+ private:
+  std::vector<JXOutboxSegment*> segments_;  ///< least recently used first
+};
+
+/// One file of an outbox: requests, and acknowledgements of requests. The process that uses it owns
+/// its lock. The file is opened when it is needed. Not synchronised. Operations that can fail
+/// return an errno value, 0 for success.
+class JXOutboxSegment {
+ public:
+  /// The largest number of a segment: the offset of its lock is signed.
+  static constexpr std::uint64_t kMaxNumber = std::uint64_t{1} << (8 * sizeof(off_t) - 2);
+  /// No segment is larger: it is full at 1 MiB, and may then contain one more request, and the
+  /// acknowledgements of all.
+  static constexpr std::uint64_t kMaxFileSize =
+      std::uint64_t{kJXMaxPayload} + kJXFrameHeaderSize + 4 * 1024 * 1024;
+
   /// Creates and locks the file with this number. Returns null and sets `error` on failure, EEXIST
   /// when another process has used the number.
-  static std::shared_ptr<JXOutboxSegment> create(const std::string& folder, std::uint64_t number,
+  static std::unique_ptr<JXOutboxSegment> create(const JXSegmentFolder& folder,
+                                                 std::uint64_t number, JXOpenSegments& open,
                                                  int& error);
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
-  static std::shared_ptr<JXOutboxSegment> adopt(const std::string& folder, std::uint64_t number,
+  static std::unique_ptr<JXOutboxSegment> adopt(const JXSegmentFolder& folder, std::uint64_t number,
+                                                JXOpenSegments& open,
                                                 std::vector<JXOutboxEntry>& requests,
                                                 JXJournal::Recovery& recovery);
+  ~JXOutboxSegment();
+  JXOutboxSegment(const JXOutboxSegment&) = delete;
+  JXOutboxSegment& operator=(const JXOutboxSegment&) = delete;
 
   /// Convert between a segment's number and its file name. `numberOf` returns 0 if `name` is not a
   /// segment's name.
@@ -34,44 +77,73 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   static std::uint64_t numberOf(const std::string& name);
   /// Returns the numbers of all segments in the folder in ascending order. `error` receives an
   /// errno value, 0 for success.
-  static std::vector<std::uint64_t> numbersIn(const std::string& folder, int& error);
+  static std::vector<std::uint64_t> numbersIn(const JXFolder& folder, int& error);
 
   /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
              const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
-  int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const;
+  int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload);
   /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
   void acknowledge(std::uint32_t offset);
   /// Writes all unwritten acknowledgements as one frame.
   int writeAcknowledgements();
   /// Copies the bytes of a damaged request to a quarantine file. `copied` receives false when that
   /// file exists already.
-  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) const;
-  int sync() const { return journal_.sync(); }
+  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied);
+  /// Returns the open file for a sync without the owner's lock; closed if it cannot be opened.
+  JXFile fileToSync(int& error) const;
   /// Deletes the file.
   int remove();
+  /// Closes the file. Its content stays available to `moveTo`.
+  void close();
 
+  /// Returns true when the path of the file still refers to it: neither the file nor a folder above
+  /// it was deleted, renamed or replaced.
+  bool isAtPath() const;
+  /// Moves the file, or copies its content if it was deleted, to `folder`, under `number`. Returns
+  /// EEXIST if the folder contains a file of this number, or another process owns it. On failure,
+  /// nothing changes.
+  int moveTo(const JXSegmentFolder& folder, std::uint64_t number);
+
+  std::uint64_t number() const { return number_; }
+  const JXFileIdentity& identity() const { return identity_; }
   /// Returns the number of unacknowledged requests.
   std::size_t live() const { return live_; }
   bool hasUnwrittenAcknowledgements() const { return !unwritten_.empty(); }
   /// Returns true when the next frame should go into a new segment.
   bool isFull() const { return journal_.size() >= kMaxSize; }
-  bool isLinked() const { return journal_.file().isLinked(); }
+  std::uint64_t size() const { return journal_.size(); }
+  /// Returns true if most requests that were ever in the file are acknowledged.
+  bool isMostlyObsolete() const { return live_ < requests_ / 2; }
   const std::string& path() const { return journal_.path(); }
 
   bool dirty = false;  ///< written since the last successful sync
-  bool lost = false;   ///< the file was deleted; its content exists as long as it is open
+  bool lost = false;   ///< not at its path; its content must be moved there
 
  private:
   static constexpr std::uint64_t kMaxSize = 1024 * 1024;
 
-  explicit JXOutboxSegment(JXJournal journal) : journal_(std::move(journal)) {}
+  JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open,
+                  JXFile file);
 
+  JXJournal::Recovery recover(std::vector<JXOutboxEntry>& requests);
+  int ensureOpen();
+  int moveFile(const JXFolder& folder, const std::string& name);
+  int copyTo(JXFile& file);
+  void map();
+  void unmap();
   void dropPurged(std::vector<JXOutboxEntry>& requests);
 
+  JXSegmentFolder folder_;
+  std::uint64_t number_;
+  JXOpenSegments& open_;
+  JXFileIdentity identity_;
   JXJournal journal_;
+  void* mapped_ = nullptr;  ///< keeps the content of a closed file that may be deleted
+  std::size_t mappedSize_ = 0;
   std::size_t live_ = 0;
+  std::size_t requests_ = 0;              ///< acknowledged ones too
   std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
 };
 
@@ -87,18 +159,5 @@ struct JXOutboxListing {
 /// may be writing it. Omits requests that are marked for purging. `error` receives an errno value,
 /// 0 for success.
 std::vector<JXOutboxListing> listSegment(const std::string& path, int& error);
-
-/// The suffix of a purge mark's file name. A purge mark is a file next to a segment. The process
-/// that owns the segment discards the requests that the segment contained when the mark was
-/// written. The mark contains the segment's inode, so that it does not apply to a later segment of
-/// the same name.
-inline constexpr std::string_view kJXPurgeMarkSuffix = ".purge";
-/// Writes a mark for the current content of the segment, replacing an older mark. Returns an errno
-/// value, 0 for success; ENOENT if the segment does not exist.
-int writePurgeMark(const std::string& segmentPath);
-/// Returns the size of the segment's part to discard, in bytes; 0 if there is no valid mark for it.
-std::uint64_t readPurgeMark(const std::string& segmentPath);
-/// Deletes the mark if it exists.
-void removePurgeMark(const std::string& segmentPath);
 
 }  // namespace jx

@@ -4,72 +4,182 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
-#include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXPurgeMark.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 namespace {
 
-// An attempt fails only when another process uses the same number at the same time.
 constexpr int kCreateAttempts = 8;
+// Segments that are mostly acknowledged are rewritten when the files are larger than this many
+// times the queue, plus some segments that are being sent.
+constexpr std::uint64_t kMaxObsolete = 2;
+constexpr std::uint64_t kObsoleteAllowance = 8u * 1024 * 1024;
+// At a start, no more is read than this many times the largest queue.
+constexpr std::uint64_t kMaxRead = 4;
+
+bool wasMovedAway(int error) { return error == ENOENT || error == ESTALE; }
 
 }  // namespace
 
+JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
+                                   std::uint64_t maxBytes, JXStorageReport& report,
+                                   JXErasures* erasures)
+    : folder_(absolutePath(folder)),
+      inner_(std::move(inner)),
+      path_(inner_.empty() ? folder_ : folder_ + "/" + inner_),
+      maxBytes_(maxBytes),
+      watch_(path_),
+      report_(report),
+      erasures_(erasures) {}
+
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
+// Opens the folder that is at the path now.
+int JXOutboxSegments::ensureFolder() {
+  if (opened_.folder && opened_.folder->isAtPath()) return 0;
+  int error = 0;
+  JXSegmentFolder opened = JXSegmentFolder::open(folder_, inner_, JXFolder::Missing::Create, error);
+  if (error == 0) opened_ = std::move(opened);
+  return error;
+}
+
 void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>& adopted) {
-  int error = makeFolder(folder_);
-  std::vector<std::uint64_t> numbers;
-  if (error == 0) numbers = JXOutboxSegment::numbersIn(folder_, error);
-  if (error != 0) report_.failed("open the folder", error);
+  const std::vector<std::uint64_t> numbers = numbersToAdopt();
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
-    auto segment = JXOutboxSegment::adopt(folder_, number, requests, recovery);
+    auto segment = JXOutboxSegment::adopt(opened_, number, open_, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     if (recovery.quarantined) report_.damaged(segment->path());
-    segments_.push_back(segment);
+    segments_.push_back(std::move(segment));
+    JXOutboxSegment& last = *segments_.back();
     if (requests.empty() && recovery.error == 0) {
-      drop(*segment);
+      drop(last);
       continue;
     }
     std::for_each(requests.begin(), requests.end(), adopted);
     // New requests go to the newest segment, so that frequent starts do not create many files.
-    current_ = segment.get();
+    current_ = &last;
   }
+}
+
+// Returns the numbers in ascending order.
+std::vector<std::uint64_t> JXOutboxSegments::numbersToAdopt() {
+  std::vector<std::uint64_t> numbers;
+  int error = ensureFolder();
+  if (error == 0) numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
+  if (error != 0) {
+    report_.failed("open the folder", error);
+    return {};
+  }
+  // A process that was killed may have created or deleted files without a sync.
+  folderDirty = true;
+  renumber(numbers);
   if (!numbers.empty()) lastNumber_ = numbers.back();
+  const std::uint64_t limit = std::max(kMaxRead * maxBytes_, JXOutboxSegment::kMaxFileSize);
+  std::uint64_t read = 0;
+  std::vector<std::uint64_t> toAdopt;
+  for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
+    struct stat status {};
+    const int gone = JXFile::statusIn(*opened_.folder, JXOutboxSegment::nameOf(*number), status);
+    if (gone != 0) continue;
+    const auto size = static_cast<std::uint64_t>(status.st_size);
+    const bool fits = size <= JXOutboxSegment::kMaxFileSize && size <= limit - read;
+    // A process that owns the segment is responsible for it.
+    if (opened_.locks->lockByte(*number) != 0) continue;
+    if (fits) {
+      read += size;
+      toAdopt.push_back(*number);
+    } else {
+      quarantineUnread(*number);
+    }
+    opened_.locks->unlockByte(*number);
+  }
+  std::reverse(toAdopt.begin(), toAdopt.end());
+  return toAdopt;
+}
+
+// Gives files whose numbers are too large the next numbers: further ones could not follow them.
+void JXOutboxSegments::renumber(std::vector<std::uint64_t>& numbers) {
+  const auto large = std::upper_bound(numbers.begin(), numbers.end(), JXOutboxSegment::kMaxNumber);
+  const std::vector<std::uint64_t> tooLarge(large, numbers.end());
+  numbers.erase(large, numbers.end());
+  for (const std::uint64_t number : tooLarge) {
+    const std::uint64_t next = nextNumber(numbers);
+    const int error = renameFile(*opened_.folder, JXOutboxSegment::nameOf(number), *opened_.folder,
+                                 JXOutboxSegment::nameOf(next));
+    if (error != 0) {
+      report_.failed("rename a segment", error);
+      continue;
+    }
+    numbers.insert(std::upper_bound(numbers.begin(), numbers.end(), next), next);
+  }
+}
+
+void JXOutboxSegments::quarantineUnread(std::uint64_t number) {
+  const std::string name = JXOutboxSegment::nameOf(number);
+  const int error = quarantineFile(*opened_.folder, name);
+  if (error != 0)
+    report_.failed("quarantine a segment that is too large", error);
+  else
+    report_.damaged(opened_.folder->pathOf(name));
+}
+
+// Returns the number after the largest one; after the very largest, the first that is free. Not a
+// number that was used before, because its purge mark may still exist.
+std::uint64_t JXOutboxSegments::nextNumber(const std::vector<std::uint64_t>& numbers) {
+  if (!numbers.empty()) {
+    const auto end = std::upper_bound(numbers.begin(), numbers.end(), JXOutboxSegment::kMaxNumber);
+    if (end != numbers.begin()) lastNumber_ = std::max(lastNumber_, *(end - 1));
+  }
+  if (lastNumber_ < JXOutboxSegment::kMaxNumber) return ++lastNumber_;
+  std::uint64_t free = 1;
+  while (std::binary_search(numbers.begin(), numbers.end(), free))
+    ++free;
+  return free;
 }
 
 JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
                                           std::int64_t createdMs, const JXRequestOrigin& origin,
                                           std::uint32_t& offset) {
   if (!isOpen) return nullptr;
-  if (current_ != nullptr && !current_->isLinked()) {
-    current_->lost = true;
+  if (current_ != nullptr && current_->lost) restoreLost();
+  if (current_ != nullptr && (current_->isFull() || current_->lost)) {
+    JXOutboxSegment& last = *current_;
     current_ = nullptr;
-  }
-  if (current_ != nullptr && current_->isFull()) {
-    JXOutboxSegment& full = *current_;
-    current_ = nullptr;
-    if (full.live() == 0) drop(full);
+    if (last.live() == 0) drop(last);
   }
   if (current_ == nullptr && !startSegment()) return nullptr;
-  const int error = current_->append(url, body, createdMs, origin, offset);
-  if (error == 0) return current_;
-  report_.failed("append a request", error);
-  return nullptr;
+  int error = current_->append(url, body, createdMs, origin, offset);
+  if (wasMovedAway(error)) {
+    detectLostSegments();
+    if (restoreLost()) error = current_->append(url, body, createdMs, origin, offset);
+  }
+  if (error != 0) {
+    report_.failed("append a request", error);
+    return nullptr;
+  }
+  JXOutboxSegment* const segment = current_;
+  // Checked after the write: whoever starts the library now at this path finds the request.
+  if (!segment->isAtPath()) {
+    detectLostSegments();
+    restoreLost();
+  }
+  return segment;
 }
 
 bool JXOutboxSegments::startSegment() {
-  int error = makeFolder(folder_);
-  std::shared_ptr<JXOutboxSegment> segment;
+  int error = ensureFolder();
+  std::unique_ptr<JXOutboxSegment> segment;
   for (int attempt = 0; error == 0 && segment == nullptr && attempt < kCreateAttempts; ++attempt) {
     // Follows the numbers of other processes too, so that numbers give the order of all segments.
-    const std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(folder_, error);
+    const std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
     if (error != 0) break;
-    if (!numbers.empty()) lastNumber_ = std::max(lastNumber_, numbers.back());
-    segment = JXOutboxSegment::create(folder_, ++lastNumber_, error);
+    segment = JXOutboxSegment::create(opened_, nextNumber(numbers), open_, error);
     if (error == EEXIST) error = 0;
   }
   if (segment == nullptr) {
@@ -89,7 +199,11 @@ void JXOutboxSegments::finish(JXOutboxSegment& segment) {
     return;
   }
   const int error = segment.writeAcknowledgements();
-  if (error != 0) report_.failed("append acknowledgements", error);
+  if (wasMovedAway(error)) {
+    segment.lost = true;
+  } else if (error != 0) {
+    report_.failed("append acknowledgements", error);
+  }
 }
 
 void JXOutboxSegments::finishCurrent() {
@@ -99,15 +213,17 @@ void JXOutboxSegments::finishCurrent() {
   drop(finished);
 }
 
-// Deletes the file. After a failure `retry` tries again.
 void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   if (&segment == current_) current_ = nullptr;
+  if (beforeRemoval) beforeRemoval(segment);
   const int error = segment.remove();
   if (error != 0) {
     report_.failed("delete a segment", error);
     segment.writeAcknowledgements();
     return;
   }
+  // Otherwise a power loss could bring back requests whose acknowledgements were never written.
+  folderDirty = true;
   const auto isIt = [&](const auto& each) { return each.get() == &segment; };
   segments_.erase(std::find_if(segments_.begin(), segments_.end(), isIt));
 }
@@ -121,49 +237,103 @@ std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
     const std::size_t end = kJXPurgeMarkSuffix.size();
     return name.size() >= end && name.compare(name.size() - end, end, kJXPurgeMarkSuffix) == 0;
   };
-  if (listFolder(folder_, names) == 0 && std::none_of(names.begin(), names.end(), isMark)) {
+  if (listFolder(path_, names) == 0 && std::none_of(names.begin(), names.end(), isMark)) {
     return marked;
   }
   for (const auto& segment : segments_) {
-    const std::uint64_t end = readPurgeMark(segment->path());
-    if (end != 0) marked.push_back({segment, end});
+    int error = 0;
+    const std::uint64_t end = readPurgeMark(segment->path(), segment->identity(), error);
+    if (end != 0) marked.push_back({segment.get(), end});
+    if (error != 0) {
+      report_.failed("read a purge mark", error);
+      watch_.reset();
+    }
   }
   return marked;
 }
 
 void JXOutboxSegments::retry() {
   // A copy, because finish() may remove a segment from the list.
-  const std::vector<std::shared_ptr<JXOutboxSegment>> all = segments_;
-  for (const auto& segment : all) {
-    const bool toDelete = segment->live() == 0 && segment.get() != current_;
+  std::vector<JXOutboxSegment*> all;
+  for (const auto& segment : segments_)
+    all.push_back(segment.get());
+  for (JXOutboxSegment* const segment : all) {
+    const bool toDelete = segment->live() == 0 && segment != current_;
     if (toDelete || segment->hasUnwrittenAcknowledgements()) finish(*segment);
   }
 }
 
-void JXOutboxSegments::detectDeletedSegments() {
+void JXOutboxSegments::detectLostSegments() {
   for (const auto& segment : segments_) {
-    if (segment->lost || segment->isLinked()) continue;
-    segment->lost = true;
-    if (segment.get() == current_) current_ = nullptr;
+    if (!segment->isAtPath()) segment->lost = true;
   }
 }
 
-bool JXOutboxSegments::hasLost() const {
-  return std::any_of(segments_.begin(), segments_.end(),
-                     [](const auto& each) { return each->lost && each->live() != 0; });
+bool JXOutboxSegments::restoreLost() {
+  // An erase deletes the files too. The owner drops the requests when it notices it.
+  if (erasures_ != nullptr) erasures_->check();
+  int error = ensureFolder();
+  if (error != 0) report_.failed("open the folder", error);
+  for (const auto& segment : segments_) {
+    if (error != 0) break;
+    if (!segment->lost || segment->live() == 0) continue;
+    error = restore(*segment);
+    if (error != 0) report_.failed("restore a segment", error);
+  }
+  return error == 0;
 }
 
-std::vector<std::shared_ptr<JXOutboxSegment>> JXOutboxSegments::takeDirty() {
-  std::vector<std::shared_ptr<JXOutboxSegment>> dirty;
+// Under its number, unless the folder has another file of this name.
+int JXOutboxSegments::restore(JXOutboxSegment& segment) {
+  int error = EEXIST;
+  std::uint64_t number = segment.number();
+  for (int attempt = 0; error == EEXIST && attempt < kCreateAttempts; ++attempt) {
+    if (attempt != 0) {
+      const std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
+      if (error != 0) return error;
+      number = nextNumber(numbers);
+    }
+    error = segment.moveTo(opened_, number);
+  }
+  folderDirty = folderDirty || error == 0;
+  return error;
+}
+
+std::size_t JXOutboxSegments::lostRequests() const {
+  std::size_t requests = 0;
+  for (const auto& segment : segments_)
+    requests += segment->lost ? segment->live() : 0;
+  return requests;
+}
+
+JXOutboxSegment* JXOutboxSegments::toRetire() const {
+  std::uint64_t size = 0;
+  JXOutboxSegment* most = nullptr;
   for (const auto& segment : segments_) {
-    if (segment->dirty && !segment->lost) dirty.push_back(segment);
+    size += segment->size();
+    const bool isCandidate = segment.get() != current_ && segment->isMostlyObsolete();
+    if (isCandidate && most == nullptr) most = segment.get();
+  }
+  return size > kMaxObsolete * maxBytes_ + kObsoleteAllowance ? most : nullptr;
+}
+
+std::vector<std::uint64_t> JXOutboxSegments::takeDirty() {
+  std::vector<std::uint64_t> dirty;
+  for (const auto& segment : segments_) {
+    if (segment->dirty && !segment->lost) dirty.push_back(segment->number());
     segment->dirty = false;
   }
   return dirty;
 }
 
+JXOutboxSegment* JXOutboxSegments::find(std::uint64_t number) {
+  const auto found = std::find_if(segments_.begin(), segments_.end(),
+                                  [&](const auto& each) { return each->number() == number; });
+  return found == segments_.end() ? nullptr : found->get();
+}
+
 bool JXOutboxSegments::needsSync() const {
-  const auto needs = [&](const std::shared_ptr<JXOutboxSegment>& each) {
+  const auto needs = [&](const std::unique_ptr<JXOutboxSegment>& each) {
     return each->dirty || each->lost || each->hasUnwrittenAcknowledgements() ||
            (each->live() == 0 && each.get() != current_);
   };

@@ -20,20 +20,25 @@ namespace jx {
 /// Not synchronised. Failures are passed to the report.
 class JXOutboxSegments {
  public:
-  /// `report` and `erasures`, which may be null, must outlive this object.
-  JXOutboxSegments(std::string folder, JXStorageReport& report, JXErasures* erasures)
-      : folder_(std::move(folder)), watch_(folder_), report_(report), erasures_(erasures) {}
+  /// `inner` is the outbox in the storage folder `folder`; if it is empty, `folder` is the outbox.
+  /// `maxBytes` is the largest size of all queued requests. `report` and `erasures`, which may be
+  /// null, must outlive this object.
+  JXOutboxSegments(const std::string& folder, std::string inner, std::uint64_t maxBytes,
+                   JXStorageReport& report, JXErasures* erasures);
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
   JXOutboxSegments& operator=(const JXOutboxSegments&) = delete;
 
   /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each of their
-  /// requests in order. Call it once, before anything else.
+  /// requests in order. Files that no process of the library can have written, and the oldest ones
+  /// beyond what is read at a start, are renamed to quarantine files unread. Call it once, before
+  /// anything else.
   void adoptAll(const std::function<void(const JXOutboxEntry& request)>& adopted);
 
-  /// Appends a request to the current segment; starts a new one if it is full or its file was
-  /// deleted. Returns the segment, or null on failure.
+  /// Appends a request to the current segment; starts a new one if it is full. If the folder or the
+  /// file was deleted, renamed or replaced, moves all segments back first. Returns the segment, or
+  /// null on failure.
   JXOutboxSegment* append(std::string_view url, std::string_view body, std::int64_t createdMs,
                           const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Call this after requests of the segment were acknowledged: writes the acknowledgements, or
@@ -41,10 +46,12 @@ class JXOutboxSegments {
   void finish(JXOutboxSegment& segment);
   /// Deletes the current segment too if all its requests are acknowledged.
   void finishCurrent();
+  /// Called before a segment is destroyed.
+  std::function<void(JXOutboxSegment& segment)> beforeRemoval;
 
   /// A segment whose requests before the offset `end` another process marked for purging.
   struct Purged {
-    std::shared_ptr<JXOutboxSegment> segment;
+    JXOutboxSegment* segment;
     std::uint64_t end;
   };
   /// Returns the segments with a purge mark. Cheap while the folder does not change: segments are
@@ -53,28 +60,50 @@ class JXOutboxSegments {
 
   /// Retries failed writes of acknowledgements and deletions.
   void retry();
-  /// Marks segments whose files were deleted as lost.
-  void detectDeletedSegments();
-  /// Returns true when a lost segment has unacknowledged requests.
-  bool hasLost() const;
+  /// Marks segments as lost that are not at their path.
+  void detectLostSegments();
+  /// Moves lost segments with unacknowledged requests back to the configured path. Returns whether
+  /// none is left.
+  bool restoreLost();
+  /// Returns the number of unacknowledged requests in lost segments.
+  std::size_t lostRequests() const;
+  bool hasLost() const { return lostRequests() != 0; }
+  /// Returns a segment if the files are much larger than the queue may be, because most of
+  /// their requests are acknowledged; its requests should be appended again. Null otherwise.
+  JXOutboxSegment* toRetire() const;
 
-  /// Returns the segments written since the last call, for syncing without the owner's lock.
-  std::vector<std::shared_ptr<JXOutboxSegment>> takeDirty();
+  /// Returns the numbers of the segments written since the last call.
+  std::vector<std::uint64_t> takeDirty();
+  /// Returns the segment with this number, or null.
+  JXOutboxSegment* find(std::uint64_t number);
   bool needsSync() const;
-  const std::string& folder() const { return folder_; }
+  /// Returns the open folder; null if it is not open.
+  std::shared_ptr<const JXFolder> openFolder() const { return opened_.folder; }
+  const std::string& path() const { return path_; }
 
   bool isOpen = true;        ///< false: nothing may be written yet
   bool folderDirty = false;  ///< a segment was created since the last successful sync of the folder
 
  private:
+  int ensureFolder();
+  std::vector<std::uint64_t> numbersToAdopt();
+  void renumber(std::vector<std::uint64_t>& numbers);
+  void quarantineUnread(std::uint64_t number);
+  std::uint64_t nextNumber(const std::vector<std::uint64_t>& numbers);
   bool startSegment();
+  int restore(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 
   const std::string folder_;
+  const std::string inner_;
+  const std::string path_;
+  const std::uint64_t maxBytes_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
   JXErasures* const erasures_;  ///< notified when a file was created
-  std::vector<std::shared_ptr<JXOutboxSegment>> segments_;
+  JXSegmentFolder opened_;
+  JXOpenSegments open_;
+  std::vector<std::unique_ptr<JXOutboxSegment>> segments_;
   JXOutboxSegment* current_ = nullptr;
   std::uint64_t lastNumber_ = 0;
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <tuple>
 
 #include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXFolder.h"
@@ -17,22 +18,27 @@ namespace {
 
 constexpr const char* kSuffix = ".damaged-";
 
-// Removes the oldest quarantine files of the folder until one more is within the limit.
-void makeRoom(const std::string& folder) {
+// Deletes the oldest quarantine files of the folder until so many more files and bytes are within
+// the limits.
+void makeRoom(const JXFolder& folder, std::size_t files, std::uint64_t bytes) {
+  constexpr std::uint64_t kBlock = 512;
   std::vector<std::string> names;
-  if (listFolder(folder, names) != 0) return;
-  std::vector<std::pair<std::time_t, std::string>> kept;
+  if (folder.list(names) != 0) return;
+  std::vector<std::tuple<std::time_t, std::string, std::uint64_t>> kept;
   for (const std::string& name : names) {
     struct stat status {};
-    const std::string path = folder + "/" + name;
-    if (isQuarantinedName(name) &&
-        JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0) {
-      kept.emplace_back(status.st_mtime, path);
-    }
+    if (!isQuarantinedName(name) || JXFile::statusIn(folder, name, status) != 0) continue;
+    kept.emplace_back(status.st_mtime, name, static_cast<std::uint64_t>(status.st_blocks) * kBlock);
+    bytes += std::get<2>(kept.back());
   }
   std::sort(kept.begin(), kept.end());
-  for (std::size_t i = 0; i + kJXMaxQuarantinedFiles <= kept.size(); ++i)
-    removeFile(kept[i].second);
+  files += kept.size();
+  for (const auto& [time, name, size] : kept) {
+    if (files <= kJXMaxQuarantinedFiles && bytes <= kJXMaxQuarantinedBytes) return;
+    removeFile(folder, name);
+    --files;
+    bytes -= size;
+  }
 }
 
 int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
@@ -94,25 +100,34 @@ bool hasQuarantinedFiles(const std::string& folder) {
          std::any_of(names.begin(), names.end(), isQuarantinedName);
 }
 
+int quarantineFile(const JXFolder& folder, const std::string& name) {
+  const int error = renameFile(folder, name, folder, name + kSuffix + "0");
+  if (error == 0) makeRoom(folder, 0, 0);
+  return error;
+}
+
 int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
                bool replaces, bool& copied) {
   copied = false;
-  const std::string target = path + kSuffix + std::to_string(damages.front().offset);
-  struct stat status {};
-  const bool exists = JXFileCalls::current().status(AT_FDCWD, target.c_str(), &status) == 0;
-  if (exists && !replaces) return 0;
-  if (exists) {
-    removeFile(target);
-  } else {
-    makeRoom(folderOf(path));
-  }
   int error = 0;
-  JXFile to = JXFile::open(target, JXFile::Access::AppendCreateNew, error);
-  for (std::size_t i = 0; error == 0 && i < damages.size(); ++i) {
-    error = copy(file, damages[i], to);
+  const auto folder = JXFolder::open(folderOf(path), JXFolder::Missing::Fail, error);
+  if (!folder) return error;
+  const std::string target = nameOf(path) + kSuffix + std::to_string(damages.front().offset);
+  const bool exists = JXFile::identityIn(*folder, target).isValid();
+  if (exists && !replaces) return 0;
+  std::uint64_t bytes = 0;
+  for (const JXDamage& damage : damages)
+    bytes += damage.length;
+  makeRoom(*folder, exists ? 0 : 1, std::min(bytes, kJXMaxQuarantinedBytes));
+  JXFile to = JXFile::open(*folder, target, JXFile::Access::AppendEmptied, error);
+  std::uint64_t left = kJXMaxQuarantinedBytes;
+  for (std::size_t i = 0; error == 0 && i < damages.size() && left != 0; ++i) {
+    const std::uint64_t length = std::min(damages[i].length, left);
+    error = copy(file, {damages[i].offset, length}, to);
+    left -= length;
   }
   // A partial copy would be taken for a complete one the next time the file is opened.
-  if (error != 0 && to.isOpen()) removeFile(target);
+  if (error != 0 && to.isOpen()) removeFile(*folder, target);
   copied = error == 0;
   return error;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXFile.h"
+#include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXFrame.h"
 
 namespace jx {
@@ -15,13 +16,19 @@ namespace jx {
 /// The maximum number of quarantine files in a folder; the oldest are deleted first. They exist for
 /// debugging and must not fill a small disk.
 constexpr std::size_t kJXMaxQuarantinedFiles = 8;
+/// The same for the disk space that they use, in bytes.
+constexpr std::uint64_t kJXMaxQuarantinedBytes = 32u * 1024 * 1024;
 
-/// Copies the damaged ranges of `file` to a new file next to `path`, named after it and the first
-/// damaged offset. If that file exists and `replaces` is false, copies nothing: the same damage was
-/// found before. `copied` receives whether the ranges were copied. Returns an errno value, 0 for
-/// success.
+/// Copies the damaged ranges of `file`, at most kJXMaxQuarantinedBytes, to a new file next to
+/// `path`, named after it and the first damaged offset. If that file exists and `replaces` is
+/// false, copies nothing: the same damage was found before. `copied` receives whether the ranges
+/// were copied. Returns an errno value, 0 for success.
 int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
                bool replaces, bool& copied);
+
+/// Renames a whole file of the folder to a quarantine file, without reading it. Returns an errno
+/// value, 0 for success.
+int quarantineFile(const JXFolder& folder, const std::string& name);
 
 /// Returns true if `name` is the name of a quarantine file.
 bool isQuarantinedName(const std::string& name);

@@ -15,9 +15,10 @@ bool isWhiteSpace(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\
 }  // namespace
 
 JXSendFilter::JXSendFilter(bool isStopped, std::vector<Rule> rules, std::vector<JXStopMark> marks,
-                           bool sendsUnknown)
+                           bool sendsUnknown, bool marksAreComplete)
     : isStopped_(isStopped),
       sendsUnknown_(sendsUnknown),
+      marksAreComplete_(marksAreComplete),
       rules_(std::move(rules)),
       marks_(std::move(marks)) {}
 
@@ -33,6 +34,7 @@ bool JXSendFilter::allows(const JXOutboxEntry& entry) const {
     return rule->earlier == Earlier::All ||
            (rule->earlier == Earlier::WaitingOnly && entry.hasWaitingMarker);
   }
+  if (!marksAreComplete_) return false;
   if (sendsUnknown_) return true;
   // No ServerSide of this process decides for the request: it is handled as its own would at its
   // start. Before this process has any ServerSide, nothing is known yet.

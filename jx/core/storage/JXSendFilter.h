@@ -26,9 +26,9 @@ class JXSendFilter {
   JXSendFilter() = default;
   /// `isStopped`: the process was told to stop. `marks`: the recorded stops. `sendsUnknown`:
   /// whether requests are sent that await a decision and whose source has no rule, unless a stop
-  /// was recorded for it.
+  /// was recorded for it, or `marksAreComplete` is false.
   JXSendFilter(bool isStopped, std::vector<Rule> rules, std::vector<JXStopMark> marks,
-               bool sendsUnknown);
+               bool sendsUnknown, bool marksAreComplete = true);
 
   bool allows(const JXOutboxEntry& entry) const;
 
@@ -44,6 +44,7 @@ class JXSendFilter {
 
   bool isStopped_ = false;
   bool sendsUnknown_ = true;
+  bool marksAreComplete_ = true;
   std::vector<Rule> rules_;
   std::vector<JXStopMark> marks_;
 };

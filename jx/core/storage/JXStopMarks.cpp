@@ -25,12 +25,11 @@ bool readName(const std::string& name, std::uint32_t& source) {
   return name == JXStopMarks::nameOf(source);
 }
 
-std::uint16_t readStops(const std::string& path) {
-  int error = 0;
-  const JXFile file = JXFile::open(path, JXFile::Access::Read, error);
+// Returns kAllStops for a damaged file.
+std::uint16_t readStops(const JXFile& file) {
   char text[kMaxTextSize + 1] = {};
   std::size_t got = 0;
-  if (error != 0 || file.read(0, text, kMaxTextSize, got) != 0) return JXStopMarks::kAllStops;
+  if (!file.isOpen() || file.read(0, text, kMaxTextSize, got) != 0) return JXStopMarks::kAllStops;
   unsigned stops = 0;
   int used = 0;
   // The line break shows that the text is complete.
@@ -48,14 +47,18 @@ std::string JXStopMarks::nameOf(std::uint32_t source) {
   return name;
 }
 
-std::vector<JXStopMark> JXStopMarks::read() const {
+std::vector<JXStopMark> JXStopMarks::read(bool& isComplete) const {
   std::vector<JXStopMark> marks;
   std::vector<std::string> names;
-  if (!mayStore_ || listFolder(folder_, names) != 0) return marks;
+  isComplete = true;
+  if (!mayStore_) return marks;
+  const int error = listFolder(folder_, names);
+  isComplete = error == 0 || error == ENOENT || error == ENOTDIR;
   for (const std::string& name : names) {
     JXStopMark mark;
     if (!readName(name, mark.source)) continue;
-    mark.stops = readStops(folder_ + "/" + name);
+    int ignored = 0;
+    mark.stops = readStops(JXFile::open(folder_ + "/" + name, JXFile::Access::Read, ignored));
     marks.push_back(mark);
   }
   return marks;
@@ -125,13 +128,16 @@ int JXStopMarks::write(const JXStopMark& mark) const {
   int error = makeFolder(folder_);
   if (error != 0) return error;
   JXFile file = JXFile::open(pathOf(mark.source), JXFile::Access::Append, error);
-  // Not deleted first: a file without content counts as a stop, a missing one does not.
-  if (error == 0) error = file.truncate(0);
   if (error != 0) return error;
-  const std::string text = std::to_string(mark.stops) + "\n";
+  // Another process may have recorded a later stop.
+  const std::uint16_t recorded = readStops(file);
+  const bool isLater = recorded != kAllStops && recorded > mark.stops;
+  const std::string text = std::to_string(isLater ? recorded : mark.stops) + "\n";
   const iovec part{const_cast<char*>(text.data()), text.size()};
   std::size_t written = 0;
-  error = file.append(&part, 1, written);
+  // Not deleted first: a file without content counts as a stop, a missing one does not.
+  error = file.truncate(0);
+  if (error == 0) error = file.append(&part, 1, written);
   // What was written counts as a stop, too.
   return error == 0 && written < text.size() ? ENOSPC : error;
 }

@@ -43,8 +43,13 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   void beginStoring() { mayStore_ = !folder_.empty(); }
   bool mayStore() const { return mayStore_; }
 
-  /// Returns the marks in the folder. Blocks until the disk has read them.
-  std::vector<JXStopMark> read() const;
+  /// Returns the marks in the folder. Blocks until the disk has read them. `isComplete` receives
+  /// false if the folder cannot be read: any source may have a mark.
+  std::vector<JXStopMark> read(bool& isComplete) const;
+  std::vector<JXStopMark> read() const {
+    bool ignored = false;
+    return read(ignored);
+  }
   /// Begins to write the mark, or to remove it if its `stops` is 0. Does not wait for the disk.
   void set(const JXStopMark& mark);
   /// Waits until the marks are set, so that they survive a killed process, or `limit` has passed.

@@ -45,15 +45,13 @@ bool isEnding(std::string_view name) {
 
 bool isDirectory(const struct stat& status) { return S_ISDIR(status.st_mode); }
 
-// Deletes one file. Returns true if the folder may have changed.
-bool removeOne(const std::string& path, std::vector<std::string>& left) {
+void removeOne(const std::string& path, std::vector<std::string>& left) {
   struct stat status {};
   const bool exists = JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0;
   // The library writes no folder of such a name.
-  if (!exists || isDirectory(status)) return false;
+  if (!exists || isDirectory(status)) return;
   const int error = removeFile(path);
   if (error != 0) addLeft(path, error, left);
-  return error == 0;
 }
 
 // Deletes the files that `isOurs` accepts. `last` is a file that another process may be replacing
@@ -72,11 +70,12 @@ void removeIn(const std::string& folder, NameTest isOurs, const std::string& las
   std::sort(names.begin(), names.end());
   names.push_back(last + ".new");
   names.push_back(last);
-  bool changed = false;
   for (const std::string& name : names)
-    changed = removeOne(folder + "/" + name, left) || changed;
-  const int syncError = changed ? synchronizeFolder(folder) : 0;
-  if (syncError != 0) addLeft(folder, syncError, left);
+    removeOne(folder + "/" + name, left);
+  // Also without a deletion: a power loss could undo an earlier one that was not durable yet.
+  const int syncError = synchronizeFolder(folder);
+  // A read-only disk has no changes.
+  if (syncError != 0 && syncError != EROFS) addLeft(folder, syncError, left);
 }
 
 }  // namespace

@@ -117,7 +117,8 @@ std::shared_ptr<const JXSendFilter> JXConsentGate::filter() const {
   std::vector<JXSendFilter::Rule> rules;
   for (const auto& [source, state] : sources_)
     rules.push_back({source, state.earlier});
-  return std::make_shared<const JXSendFilter>(isStopped_, std::move(rules), marks_, sendsUnknown_);
+  return std::make_shared<const JXSendFilter>(isStopped_, std::move(rules), marks_, sendsUnknown_,
+                                              marksAreComplete_);
 }
 
 bool JXConsentGate::isPaused() const {
@@ -135,7 +136,7 @@ std::uint16_t JXConsentGate::markedStops(std::uint32_t source) const {
   for (const JXStopMark& mark : marks_) {
     if (mark.source == source) return mark.stops;
   }
-  return 0;
+  return marksAreComplete_ ? 0 : JXStopMarks::kAllStops;
 }
 
 // A source whose ServerSides are all always enabled has no stops. A stop that was recorded in this

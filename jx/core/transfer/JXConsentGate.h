@@ -22,7 +22,11 @@ namespace jx {
 class JXConsentGate {
  public:
   /// Sets the recorded stops, when the core starts.
-  void setMarks(std::vector<JXStopMark> marks) { marks_ = std::move(marks); }
+  /// If they are not complete, every source without a mark counts as stopped.
+  void setMarks(std::vector<JXStopMark> marks, bool areComplete = true) {
+    marks_ = std::move(marks);
+    marksAreComplete_ = areComplete;
+  }
 
   /// Call this before the ServerSide can execute an event. `mostStops` is the largest number of
   /// stops stored with a queued request of the source.
@@ -79,6 +83,7 @@ class JXConsentGate {
   std::map<const void*, Member> serverSides_;
   std::map<std::uint32_t, Source> sources_;
   std::vector<JXStopMark> marks_;
+  bool marksAreComplete_ = true;
   std::vector<JXStopMark> changedMarks_;
   bool isStopped_ = false;
   bool stopIsRecorded_ = false;

@@ -117,9 +117,10 @@ void JXNetworkManager::beginStoring() {
     begin();
     if (!stopMarks) return;
     // Without the lock, because a stop on another thread must not wait for the disk.
-    std::vector<JXStopMark> marks = stopMarks->read();
+    bool areComplete = true;
+    std::vector<JXStopMark> marks = stopMarks->read(areComplete);
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (!std::exchange(hasMarks_, true)) consent_->setMarks(std::move(marks));
+    if (!std::exchange(hasMarks_, true)) consent_->setMarks(std::move(marks), areComplete);
   });
 }
 
@@ -281,14 +282,15 @@ void JXNetworkManager::start(JXTransferSetup setup) {
   guarded("Starting the transfer thread failed", "requests are not accepted", [&] {
     std::vector<JXStopMark> marks;
     const bool hasMarks = setup.stopMarks && setup.stopMarks->mayStore();
-    if (hasMarks) marks = setup.stopMarks->read();
+    bool areComplete = true;
+    if (hasMarks) marks = setup.stopMarks->read(areComplete);
     const std::lock_guard<std::mutex> lock(mutex_);
     if (transfer_) return;
     requestUserAgent_ = setup.requestUserAgent;
     stopMarks_ = setup.stopMarks;
     beginStoring_ = setup.beginStoring;
     hasMarks_ = hasMarks;
-    consent_->setMarks(std::move(marks));
+    consent_->setMarks(std::move(marks), areComplete);
     auto transfer = std::make_shared<JXTransfer>(std::move(setup));
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
     transfer->setFilter(consent_->filter(), consent_->isPaused());

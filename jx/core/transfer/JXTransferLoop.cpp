@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "jx/core/JXLogger.h"
-#include "jx/core/transfer/JXEventId.h"
+#include "jx/core/storage/JXEventId.h"
 #include "jx/core/transfer/JXRetryAfter.h"
 
 namespace jx {
@@ -220,8 +220,7 @@ bool JXTransferLoop::reportDropped() {
   if (!setup_.onDelivery) return false;
   const std::vector<JXOutboxDrop> drops = setup_.outbox->takeDropped();
   for (const JXOutboxDrop& drop : drops) {
-    report(
-        {JXDeliveryOutcome::Dropped, eventIdOf(drop.body), 0, describe(drop.reason), drop.reason});
+    report({JXDeliveryOutcome::Dropped, drop.eventId, 0, describe(drop.reason), drop.reason});
   }
   return !drops.empty();
 }

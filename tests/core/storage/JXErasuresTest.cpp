@@ -124,8 +124,8 @@ TEST_F(Erasures, NoticesADamagedMarkOfAnotherProcessOnce) {
 TEST_F(Erasures, DropsTheRequestsOfThisProcessAsPurged) {
   Process process(*this);
   process.outbox.rememberDropped();
-  add(process.outbox, "body-queued");
-  add(process.outbox, "body-new");
+  add(process.outbox, event("body-queued"));
+  add(process.outbox, event("body-new"));
   const std::uint64_t inFlight = process.outbox.take()->id;
   EXPECT_EQ(process.erasures->erase(), Lines());
   process.outbox.applyErasures();
@@ -137,7 +137,7 @@ TEST_F(Erasures, DropsTheRequestsOfThisProcessAsPurged) {
   Bodies dropped;
   for (const JXOutboxDrop& drop : process.outbox.takeDropped()) {
     EXPECT_EQ(drop.reason, JXDropReason::Purged);
-    dropped.push_back(drop.body);
+    dropped.push_back(drop.eventId.toStdString());
   }
   EXPECT_EQ(dropped, (Bodies{"body-queued", "body-new"}));
   process.outbox.sync();

@@ -186,7 +186,7 @@ TEST_F(OutboxAge, FailureAtAnyCallLosesNoYoungDeadLetter) {
 TEST_F(OutboxAge, FirstSyncDropsAndReportsExpiredRequests) {
   {
     const auto outbox = open();
-    add(*outbox, "old");
+    add(*outbox, event("old"));
     clock_->advance(15 * kDayMs);
     add(*outbox, "young");
   }
@@ -200,7 +200,7 @@ TEST_F(OutboxAge, FirstSyncDropsAndReportsExpiredRequests) {
   EXPECT_EQ(outbox->counters().queued, 1u);
   const std::vector<JXOutboxDrop> drops = outbox->takeDropped();
   ASSERT_EQ(drops.size(), 1u);
-  EXPECT_EQ(drops[0].body, "old");
+  EXPECT_EQ(drops[0].eventId, "old");
   EXPECT_EQ(drops[0].reason, JXDropReason::TooOld);
   EXPECT_EQ(listed(), Bodies{"young"});
   EXPECT_FALSE(outbox->needsSync());

@@ -141,7 +141,7 @@ TEST_F(OutboxFiles, IgnoresOtherFilesInTheFolder) {
     EXPECT_EQ(takeAll(*outbox), Bodies{"a"});
     outbox->purge();
   }
-  EXPECT_EQ(filesNamed(box_, ""), 4u);
+  EXPECT_EQ(files(), 4u);
 }
 
 TEST_F(OutboxFiles, QuarantinesATornEndAndDeliversTheRest) {
@@ -257,7 +257,7 @@ TEST_F(OutboxFiles, ListingIgnoresATornEndAndChangesNothing) {
   std::ofstream(segment(1), std::ios::binary | std::ios::app) << before.substr(8, 20);
   EXPECT_EQ(listed(), Bodies{"a"});
   EXPECT_EQ(contentOf(segment(1)), before + before.substr(8, 20));
-  EXPECT_EQ(filesNamed(box_, ""), 1u);
+  EXPECT_EQ(files(), 1u);
 }
 
 TEST_F(OutboxFiles, ListingAMissingFolderReturnsAnError) {
@@ -274,7 +274,7 @@ TEST_F(OutboxFiles, AddRecreatesARemovedFolder) {
   add(*outbox, "b");
   fs::remove_all(box_);
   add(*outbox, "c");
-  EXPECT_EQ(listed(), Bodies{"c"});
+  EXPECT_EQ(listed(), (Bodies{"a", "b", "c"}));
   EXPECT_TRUE(outbox->needsSync());
   outbox->sync();
   EXPECT_FALSE(outbox->needsSync());

@@ -31,6 +31,11 @@ class OutboxTest : public ::testing::Test {
     return std::make_unique<JXOutbox>(box_, bounds, clock_);
   }
 
+  /// Returns the body of an event with this ID.
+  static std::string event(const std::string& id) {
+    return R"({"context":{"event_id":")" + id + R"("}})";
+  }
+
   static std::uint64_t add(JXOutbox& outbox, const std::string& body) {
     return outbox.add(kTestUrl, body).value_or(0);
   }
@@ -64,6 +69,8 @@ class OutboxTest : public ::testing::Test {
   }
 
   std::size_t segments() const { return filesNamed(box_, "segment-"); }
+  /// Returns the number of files without the one that contains the locks.
+  std::size_t files() const { return filesNamed(box_, "") - filesNamed(box_, "lock"); }
 
   LogLines log_;
   TemporaryFolder folder_;

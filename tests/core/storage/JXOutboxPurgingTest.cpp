@@ -5,10 +5,14 @@
 #include <filesystem>
 
 #include "jx/core/storage/JXOutboxSegment.h"
+#include "jx/core/storage/JXPurgeMark.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {
+
+namespace fs = std::filesystem;
 
 class OutboxPurging : public OutboxTest {
  protected:
@@ -34,13 +38,13 @@ TEST_F(OutboxPurging, DeletesRequestsThatNoProcessOwns) {
   EXPECT_EQ(done.removed, 2u);
   EXPECT_EQ(done.marked, 0u);
   EXPECT_EQ(done.deadLetters, 1u);
-  EXPECT_TRUE(std::filesystem::is_empty(box_));
+  EXPECT_EQ(files(), 0u);
 }
 
 TEST_F(OutboxPurging, OwnerDiscardsMarkedRequestsBeforeTakingAnother) {
   const auto outbox = open();
   outbox->rememberDropped();
-  add(*outbox, "a");
+  add(*outbox, event("a"));
   add(*outbox, "b");
   const JXOutboxPurge done = purge();
   EXPECT_EQ(done.removed, 0u);
@@ -54,7 +58,7 @@ TEST_F(OutboxPurging, OwnerDiscardsMarkedRequestsBeforeTakingAnother) {
   EXPECT_EQ(marks(), 0u);
   const auto drops = outbox->takeDropped();
   ASSERT_EQ(drops.size(), 2u);
-  EXPECT_EQ(drops[0].body, "a");
+  EXPECT_EQ(drops[0].eventId, "a");
   EXPECT_EQ(drops[0].reason, JXDropReason::Purged);
 }
 
@@ -121,9 +125,39 @@ TEST_F(OutboxPurging, IgnoresAnInvalidMark) {
   add(*outbox, "a");
   for (const char* text : {"", "x", "1", "1 2\n", "99999999999999999999 99999999999999999999\n"}) {
     writeFile(box_ + "/segment-0000000000000001.purge", text);
-    EXPECT_EQ(readPurgeMark(box_ + "/segment-0000000000000001"), 0u) << text;
+    const std::string segment = box_ + "/segment-0000000000000001";
+    int error = -1;
+    EXPECT_EQ(readPurgeMark(segment, JXFile::identityAt(segment), error), 0u) << text;
+    EXPECT_EQ(error, 0);
     EXPECT_EQ(listed(), Bodies{"a"}) << text;
   }
+}
+
+TEST_F(OutboxPurging, ReadsAMarkAgainThatCouldNotBeRead) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  purge();
+  // Old enough that the folder counts as unchanged afterwards.
+  const auto hourAgo = fs::file_time_type::clock::now() - std::chrono::hours(1);
+  fs::last_write_time(box_, hourAgo);
+  {
+    const FailingDisk disk(0, 1, FailingDisk::Write::Nothing, EIO);
+    EXPECT_EQ(takeAll(*outbox), Bodies{"a"}) << "the mark cannot be read";
+    EXPECT_EQ(disk.failed(), 1);
+  }
+  outbox->sync();
+  EXPECT_EQ(outbox->counters().queued, 0u);
+  EXPECT_EQ(outbox->counters().purged, 1u);
+}
+
+TEST_F(OutboxPurging, DoesNotApplyTheMarkOfAnotherFileThatHasItsName) {
+  const auto outbox = open();
+  add(*outbox, "mine");
+  fs::rename(box_ + "/segment-0000000000000001", box_ + "/moved");
+  writeFile(box_ + "/segment-0000000000000001", "theirs");
+  ASSERT_EQ(writePurgeMark(box_ + "/segment-0000000000000001"), 0);
+  EXPECT_EQ(takeAll(*outbox), Bodies{"mine"});
+  EXPECT_TRUE(fs::exists(box_ + "/segment-0000000000000001.purge"));
 }
 
 TEST_F(OutboxPurging, DoesNotCountAPurgedRequestInFlightAsDelivered) {

@@ -55,6 +55,24 @@ TEST_F(StopMarks, ReadsWhatWasSet) {
   EXPECT_EQ(65'534, stopsOf(7));
 }
 
+TEST_F(StopMarks, NeverLowersTheNumberThatAnotherProcessRecorded) {
+  set(7, 5);
+  set(7, 3);
+  EXPECT_EQ(5, stopsOf(7));
+  set(7, 6);
+  EXPECT_EQ(6, stopsOf(7));
+}
+
+TEST_F(StopMarks, ReportsAFolderThatCannotBeRead) {
+  bool isComplete = false;
+  EXPECT_TRUE(marks->read(isComplete).empty());
+  EXPECT_TRUE(isComplete) << "there is no folder yet";
+  set(7, 1);
+  ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
+  EXPECT_TRUE(marks->read(isComplete).empty());
+  EXPECT_FALSE(isComplete);
+}
+
 TEST_F(StopMarks, WritesOnePrivateFileForEachSource) {
   set(0x0012abcd, 3);
   struct stat status {};

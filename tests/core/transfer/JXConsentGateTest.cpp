@@ -161,6 +161,18 @@ TEST_F(ConsentGate, DamagedMarkHoldsAllAndIsReplaced) {
   EXPECT_EQ(8, gate.originOf(a).stored.stops);
 }
 
+TEST_F(ConsentGate, MarksThatCannotBeReadHoldEverySource) {
+  gate.setMarks({}, false);
+  EXPECT_FALSE(sends(earlier(kSecond)));
+  start(a, kFirst, JXStartState::Enabled, 7);
+  EXPECT_EQ("1:8 ", changes());
+  EXPECT_FALSE(sends(earlier(kFirst, 7)));
+  EXPECT_FALSE(sends(earlier(kSecond)));
+  EXPECT_TRUE(sendsNewOf(a, kFirst));
+  gate.enable();
+  EXPECT_TRUE(sends(earlier(kFirst, 7)));
+}
+
 TEST_F(ConsentGate, NeverReachesTheNumberOfADamagedMark) {
   start(a, kFirst, JXStartState::Enabled, 65'534);
   gate.stop(true);

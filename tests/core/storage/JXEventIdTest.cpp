@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "jx/core/transfer/JXEventId.h"
+#include "jx/core/storage/JXEventId.h"
 
 #include <gtest/gtest.h>
 
