@@ -14,10 +14,19 @@
 #include <system_error>
 #include <utility>
 
+#include "jx/core/JXForkedChild.h"
+#include "jx/core/JXOwnedDescriptors.h"
 #include "jx/core/storage/JXFolder.h"
 
 namespace jx {
 namespace {
+
+// In a forked child, the files belong to the parent.
+bool isForbidden() {
+  if (!JXForkedChild::isCurrent()) return false;
+  errno = EPERM;
+  return true;
+}
 
 int openSystem(int folder, const char* name, int flags, mode_t mode) {
   return ::openat(folder, name, flags, mode);
@@ -99,6 +108,22 @@ JXFileCalls& JXFileCalls::current() {
   return calls;
 }
 
+int openDescriptor(int folder, const char* name, int flags) {
+  if (isForbidden()) return -1;
+  const JXOwnedDescriptors::Change change;
+  const int descriptor =
+      repeatWhenInterrupted([&] { return JXFileCalls::current().open(folder, name, flags, 0600); });
+  if (descriptor >= 0) JXOwnedDescriptors::add(descriptor);
+  return descriptor;
+}
+
+void closeDescriptor(int descriptor) noexcept {
+  if (JXForkedChild::isCurrent()) return;
+  const JXOwnedDescriptors::Change change;
+  JXOwnedDescriptors::remove(descriptor);
+  JXFileCalls::current().close(descriptor);
+}
+
 std::string describeStorageError(int error) {
   switch (error) {
     case kJXErrorForeign:
@@ -115,6 +140,7 @@ std::string describeStorageError(int error) {
 }
 
 int replaceFile(const std::string& from, const std::string& to, int error) {
+  if (isForbidden()) return EPERM;
   int folderError = 0;
   const auto folder = JXFolder::open(folderOf(to), JXFolder::Missing::Fail, folderError);
   if (!folder) return error != 0 ? error : folderError;
@@ -128,6 +154,7 @@ int replaceFile(const std::string& from, const std::string& to, int error) {
 }
 
 int removeFile(const JXFolder& folder, const std::string& name) {
+  if (isForbidden()) return EPERM;
   if (JXFileCalls::current().unlink(folder.descriptor(), name.c_str()) == 0) return 0;
   return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
@@ -146,6 +173,8 @@ int checkAccess(const struct stat& status) {
   const bool groupMayWrite = (status.st_mode & S_IWGRP) != 0 && status.st_gid != ::getegid();
   return groupMayWrite || (status.st_mode & S_IWOTH) != 0 ? kJXErrorWritable : 0;
 }
+
+int JXFile::descriptor() const noexcept { return JXForkedChild::isCurrent() ? -1 : descriptor_; }
 
 JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
@@ -167,8 +196,7 @@ JXFile JXFile::open(const JXFolder& folder, const std::string& name, Access acce
   }
   // Without O_NONBLOCK, opening a named pipe would block until its other end opens.
   flags |= O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
-  JXFile file(repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().open(folder.descriptor(), name.c_str(), flags, 0600); }));
+  JXFile file(openDescriptor(folder.descriptor(), name.c_str(), flags));
   error = file.isOpen() ? 0 : errno;
   struct stat status {};
   if (error == 0) error = file.status(status);
@@ -185,14 +213,14 @@ JXFile JXFile::open(const std::string& path, Access access, int& error) {
 }
 
 void JXFile::close() noexcept {
-  if (descriptor_ >= 0) JXFileCalls::current().close(descriptor_);
+  if (descriptor_ >= 0) closeDescriptor(descriptor_);
   descriptor_ = -1;
 }
 
 int JXFile::append(const iovec* parts, int count, std::size_t& written) {
   written = 0;
   const ssize_t result = repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().write(descriptor_, parts, count); });
+      [&] { return JXFileCalls::current().write(descriptor(), parts, count); });
   if (result < 0) return errno;
   written = static_cast<std::size_t>(result);
   return 0;
@@ -202,7 +230,7 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
   got = 0;
   while (got < size) {
     const ssize_t result = repeatWhenInterrupted([&] {
-      return JXFileCalls::current().read(descriptor_, static_cast<char*>(into) + got, size - got,
+      return JXFileCalls::current().read(descriptor(), static_cast<char*>(into) + got, size - got,
                                          static_cast<off_t>(offset + got));
     });
     if (result < 0) return errno;
@@ -214,15 +242,15 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
 
 int JXFile::truncate(std::uint64_t size) {
   return errorOf(
-      [&] { return JXFileCalls::current().truncate(descriptor_, static_cast<off_t>(size)); });
+      [&] { return JXFileCalls::current().truncate(descriptor(), static_cast<off_t>(size)); });
 }
 
 int JXFile::synchronize() const {
-  return errorOf([&] { return JXFileCalls::current().synchronize(descriptor_); });
+  return errorOf([&] { return JXFileCalls::current().synchronize(descriptor()); });
 }
 
 int JXFile::status(struct stat& status) const {
-  return errorOf([&] { return JXFileCalls::current().statusOf(descriptor_, &status); });
+  return errorOf([&] { return JXFileCalls::current().statusOf(descriptor(), &status); });
 }
 
 int JXFile::size(std::uint64_t& size) const {
@@ -234,10 +262,10 @@ int JXFile::size(std::uint64_t& size) const {
 
 bool JXFile::tryLock(Lock lock) {
   const int operation = (lock == Lock::Exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
-  return errorOf([&] { return JXFileCalls::current().lock(descriptor_, operation); }) == 0;
+  return errorOf([&] { return JXFileCalls::current().lock(descriptor(), operation); }) == 0;
 }
 
-void JXFile::unlock() { JXFileCalls::current().lock(descriptor_, LOCK_UN); }
+void JXFile::unlock() { JXFileCalls::current().lock(descriptor(), LOCK_UN); }
 
 bool JXFile::isLinked() const {
   struct stat now {};

@@ -9,6 +9,7 @@
 #include <climits>
 #include <ctime>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/storage/JXFile.h"
 
 namespace jx {
@@ -27,6 +28,7 @@ timespec changeTimeOf(const struct stat& status) {
 }
 
 int makeFolder(int parent, const std::string& name) {
+  if (JXForkedChild::isCurrent()) return EPERM;  // its files belong to the parent
   const JXFileCalls& calls = JXFileCalls::current();
   // An existing file that is not a folder is noticed when it is opened.
   if (calls.makeFolder(parent, name.c_str(), 0700) == 0 || errno == EEXIST) return 0;
@@ -47,7 +49,7 @@ JXFolder::JXFolder(std::string path, int descriptor, const struct stat& status)
       device_(status.st_dev),
       inode_(status.st_ino) {}
 
-JXFolder::~JXFolder() { JXFileCalls::current().close(descriptor_); }
+JXFolder::~JXFolder() { closeDescriptor(descriptor_); }
 
 std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const std::string& inner,
                                                Missing missing, int& error) {
@@ -61,11 +63,11 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
                                                  int& error) {
   const JXFileCalls& calls = JXFileCalls::current();
   constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-  int descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+  int descriptor = openDescriptor(parent, name.c_str(), kFlags);
   if (descriptor < 0 && errno == ENOENT && missing == Missing::Create) {
     error = makeFolder(parent, name);
     if (error != 0) return nullptr;
-    descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+    descriptor = openDescriptor(parent, name.c_str(), kFlags);
   }
   struct stat status {};
   if (descriptor < 0) {
@@ -77,7 +79,7 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
   }
   error = calls.statusOf(descriptor, &status) == 0 ? checkAccess(status) : errno;
   if (error == 0) return std::shared_ptr<const JXFolder>(new JXFolder(path, descriptor, status));
-  calls.close(descriptor);
+  closeDescriptor(descriptor);
   return nullptr;
 }
 
