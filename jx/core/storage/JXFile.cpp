@@ -6,16 +6,19 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <system_error>
 #include <utility>
 
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/JXOwnedDescriptors.h"
+#include "jx/core/storage/JXFileSizeSignal.h"
 #include "jx/core/storage/JXFolder.h"
 
 namespace jx {
@@ -79,6 +82,11 @@ int synchronizeSystem(int descriptor) {
 #else
   return ::fdatasync(descriptor);
 #endif
+}
+
+bool hasFileSizeLimit() {
+  rlimit limit{};
+  return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
 }
 
 template <typename Call>
@@ -219,6 +227,8 @@ void JXFile::close() noexcept {
 
 int JXFile::append(const iovec* parts, int count, std::size_t& written) {
   written = 0;
+  std::optional<JXFileSizeSignal> blocked;
+  if (hasFileSizeLimit()) blocked.emplace();
   const ssize_t result = repeatWhenInterrupted(
       [&] { return JXFileCalls::current().write(descriptor(), parts, count); });
   if (result < 0) return errno;

@@ -107,7 +107,8 @@ class JXFile {
   bool isOpen() const noexcept { return descriptor_ >= 0; }
 
   /// Appends `parts` with one system call. `written` receives the number of bytes written, on
-  /// failure too: a full disk may accept only some of them.
+  /// failure too: a full disk may accept only some of them. Returns EFBIG, and raises no signal,
+  /// when the file would exceed the limit of the process.
   int append(const iovec* parts, int count, std::size_t& written);
   /// Reads up to `size` bytes at `offset`. `got` receives the number of bytes read, which is less
   /// than `size` only at the end of the file.
