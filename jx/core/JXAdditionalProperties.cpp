@@ -3,10 +3,16 @@
 #include "jx/core/JXAdditionalProperties.h"
 
 #include "jx/core/JXDynamicStore.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXUtils.h"
 #include "jx/core/json/JXJsonTreeSink.h"
 
 namespace jx {
+namespace {
+
+bool isIgnored() { return JXForkedChild::ignores("JXAdditionalProperties"); }
+
+}  // namespace
 
 std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
   return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties());
@@ -21,6 +27,7 @@ JXAdditionalProperties::JXAdditionalProperties(Sharing sharing)
 
 JXJsonObject JXAdditionalProperties::getAdditionalProperties() const {
   if (!mutex_) return additionalProperties_;
+  if (isIgnored()) return {};
   const std::lock_guard<std::mutex> lock(*mutex_);
   return additionalProperties_.mutableCopy();
 }
@@ -28,6 +35,7 @@ JXJsonObject JXAdditionalProperties::getAdditionalProperties() const {
 template <typename Operation>
 void JXAdditionalProperties::change(const Operation& operation) {
   if (!mutex_) return operation(additionalProperties_);
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(*mutex_);
   operation(additionalProperties_);
 }
@@ -44,6 +52,7 @@ void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
 
 JXJsonObject JXAdditionalProperties::extrasOf(const JXAdditionalProperties& object) {
   if (!object.mutex_) return object.additionalProperties_;
+  if (isIgnored()) return nullptr;
   const std::lock_guard<std::mutex> lock(*object.mutex_);
   if (object.additionalProperties_.size() == 0) return nullptr;
   return object.additionalProperties_.mutableCopy();

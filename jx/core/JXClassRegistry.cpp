@@ -2,7 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXClassRegistry.h"
 
+#include "jx/core/JXForkedChild.h"
+
 namespace jx {
+namespace {
+
+bool isIgnored() { return JXForkedChild::ignores("JXClassRegistry"); }
+
+}  // namespace
 
 JXClassRegistry& JXClassRegistry::sharedInstance() {
   static JXClassRegistry* const instance = new JXClassRegistry();
@@ -10,17 +17,19 @@ JXClassRegistry& JXClassRegistry::sharedInstance() {
 }
 
 void JXClassRegistry::registerClass(const JXString& name) {
-  if (!name.testString()) return;
+  if (!name.testString() || isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   names_.insert(name.toStdString());
 }
 
 void JXClassRegistry::unregisterClass(const JXString& name) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   names_.erase(name.toStdString());
 }
 
 bool JXClassRegistry::hasClass(const JXString& name) const {
+  if (isIgnored()) return false;
   const std::lock_guard<std::mutex> lock(mutex_);
   return name.isPresent() && names_.count(name.toStdString()) != 0;
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 
 namespace jx {
 namespace {
@@ -24,6 +25,7 @@ Shared& shared() {
 }  // namespace
 
 bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
+  if (JXForkedChild::ignores("JXCoreConfiguration::set()")) return false;
   bool isAccepted = false;
   {
     const std::lock_guard<std::mutex> lock(shared().mutex);
@@ -45,6 +47,7 @@ bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
 }
 
 JXCoreConfiguration JXCoreConfiguration::current() {
+  if (JXForkedChild::ignores("JXCoreConfiguration::current()")) return {};
   const std::lock_guard<std::mutex> lock(shared().mutex);
   return shared().configuration;
 }

@@ -10,6 +10,7 @@
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXNetwork.h"
@@ -66,6 +67,7 @@ JXCoreCaller::~JXCoreCaller() {
 JXCoreServices& JXCoreServices::sharedInstance() {
   static JXOnce<JXCoreServices> once;
   return once.get([] {
+    JXForkedChild::watch();
     startingOperation = currentOperation != nullptr ? currentOperation : "an operation of the SDK";
     return new JXCoreServices(JXCoreConfiguration::current());
   });
@@ -108,7 +110,7 @@ void JXCoreServices::openDefaults() {
 
 // Called for each consent; only the first one has an effect.
 void JXCoreServices::beginStoring() {
-  if (mayStore()) return;
+  if (mayStore() || JXForkedChild::isCurrent()) return;
   std::call_once(storing_, [this] {
     openDefaults();
     if (outbox_) outbox_->beginStoring();
@@ -142,12 +144,14 @@ std::vector<std::string> JXCoreServices::erase() {
 
 void JXCoreServices::userDefaultsChanged() {
   // Requested once until it has run, because every event changes some values.
+  if (JXForkedChild::isCurrent()) return;
   if (defaultsFile_ != nullptr && !maintenanceIsDue_.exchange(true)) {
     JXNetworkManager::sharedInstance().storageChanged();
   }
 }
 
 void JXCoreServices::start() {
+  if (JXForkedChild::ignores("JXCoreInitialisation::init()")) return;
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   {
     // Log sinks and observers of the user agent run after the start, because they may create a

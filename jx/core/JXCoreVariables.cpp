@@ -7,6 +7,7 @@
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
@@ -46,6 +47,7 @@ JXCoreVariables::JXCoreVariables()
 // stored. Other variables stay: the user agent,
 // and what the application added.
 void JXCoreVariables::renewIdentifiers() const {
+  if (JXForkedChild::ignores("JXCoreVariables")) return;
   const std::uint64_t beginnings = JXCoreServices::sharedInstance().beginnings();
   if (beginnings == seenBeginnings_) return;
   const JXLogDeferral deferral;

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXForkedChild.h"
+
 namespace jx {
 namespace {
 
@@ -17,6 +19,8 @@ bool findEntry(const std::vector<JXJsonEntry>& all, std::string_view key, std::s
   return position < all.size();
 }
 
+bool isIgnored() { return JXForkedChild::ignores("JXDynamicStore"); }
+
 }  // namespace
 
 std::shared_ptr<JXDynamicStore> JXDynamicStore::init() {
@@ -24,7 +28,7 @@ std::shared_ptr<JXDynamicStore> JXDynamicStore::init() {
 }
 
 void JXDynamicStore::addData_withValue(const JXString& key, const JXJsonValue& value) {
-  if (!key.isPresent()) return;
+  if (!key.isPresent() || isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   entries_.set(key.view(), value);
 }
@@ -32,35 +36,40 @@ void JXDynamicStore::addData_withValue(const JXString& key, const JXJsonValue& v
 void JXDynamicStore::addData(const JXDynamicStore& other) { addData(other.entries()); }
 
 void JXDynamicStore::addData(const JXJsonObject& entries) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   for (const JXJsonEntry& entry : entries.entries())
     entries_.set(entry.key.view(), entry.value);
 }
 
 JXJsonValue JXDynamicStore::getData(const JXString& key) const {
-  if (!key.isPresent()) return {};  // its view equals that of the empty key
+  // The view of a null key equals that of the empty key.
+  if (!key.isPresent() || isIgnored()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.get(key.view());
 }
 
 JXJsonValue JXDynamicStore::removeData(const JXString& key) {
-  if (!key.isPresent()) return {};
+  if (!key.isPresent() || isIgnored()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.remove(key.view());
 }
 
 void JXDynamicStore::clearData() {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   entries_.clear();
 }
 
 bool JXDynamicStore::isEmpty() const {
+  if (isIgnored()) return true;
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.size() == 0;
 }
 
 void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
                                 std::size_t* positions, JXString* strings) const {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::vector<JXJsonEntry>& all = entries_.entries();
   for (std::size_t i = 0; i < count; ++i) {
@@ -76,6 +85,7 @@ JXString JXDynamicStore::getString(std::string_view key, std::size_t& position) 
 }
 
 void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXString string) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   const bool isFound = findEntry(entries_.entries(), key, position);
   if (isFound && entries_.replaceString(position, JXString(string))) return;
@@ -83,6 +93,7 @@ void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXSt
 }
 
 JXJsonObject JXDynamicStore::entries() const {
+  if (isIgnored()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.mutableCopy();
 }

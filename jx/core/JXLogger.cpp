@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 
 namespace jx {
@@ -38,7 +39,7 @@ JXLogger& JXLogger::sharedInstance() {
 }
 
 void JXLogger::logMessage_withLevel(std::string_view message, int level) noexcept {
-  if (!printsLevel(level) || insideSink) return;
+  if (!printsLevel(level) || insideSink || JXForkedChild::isCurrent()) return;
   try {
     if (deferrals != 0) {
       if (deferred == nullptr) deferred = new Messages();
@@ -57,13 +58,30 @@ void JXLogger::logAtOnce(std::string_view message, int level) noexcept {
   deferrals = outer;
 }
 
+void JXLogger::logInForkedChild(std::string_view message, int level) noexcept {
+  if (!printsLevel(level) || insideSink) return;
+  try {
+    std::unique_lock<std::mutex> lock(mutex_, std::try_to_lock);
+    const std::shared_ptr<const JXLogSink> sink = lock ? sink_ : nullptr;
+    if (lock) lock.unlock();
+    write(sink, message, level);
+  } catch (...) {
+    // The message is lost; the child goes on.
+  }
+}
+
 void JXLogger::write(std::string_view message, int level) {
   std::shared_ptr<const JXLogSink> sink;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     sink = sink_;
   }
-  // Without the lock: the sink may use locks that another thread holds while it logs.
+  write(sink, message, level);
+}
+
+// Without the lock: the sink may use locks that another thread holds while it logs.
+void JXLogger::write(const std::shared_ptr<const JXLogSink>& sink, std::string_view message,
+                     int level) {
   insideSink = true;
   try {
     if (sink && *sink) {
@@ -78,6 +96,7 @@ void JXLogger::write(std::string_view message, int level) {
 }
 
 void JXLogger::setSink(JXLogSink sink) {
+  if (JXForkedChild::ignores("JXLogger::setSink()")) return;
   auto next = std::make_shared<const JXLogSink>(std::move(sink));
   const std::lock_guard<std::mutex> lock(mutex_);
   // The previous sink is destroyed after the lock is released, because its members may log.

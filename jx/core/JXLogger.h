@@ -52,9 +52,14 @@ class JX_API JXLogger {
  private:
   JXLogger() = default;
   friend void neverReturn(const char* message);
+  friend class JXForkedChild;
   /// Logs although the calling thread defers its messages: for a thread that blocks forever.
   void logAtOnce(std::string_view message, int level) noexcept;
+  /// Logs in a forked child process, where a thread of the parent may have left the logger locked.
+  void logInForkedChild(std::string_view message, int level) noexcept;
   void write(std::string_view message, int level);
+  static void write(const std::shared_ptr<const JXLogSink>& sink, std::string_view message,
+                    int level);
 
   std::atomic<int> maxLevel_{3};
   std::mutex mutex_;

@@ -3,6 +3,7 @@
 #include "jx/core/JXNetwork.h"
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/json/JXJsonSink.h"
 
@@ -41,6 +42,9 @@ void JXNetwork::writeOwnEntries(JXJsonSink& sink) const {
   sink.text("connection_type", toString(kind_));
 }
 
-void JXNetwork::refresh() { kind_ = JXCoreServices::sharedInstance().platform().networkKind(); }
+void JXNetwork::refresh() {
+  if (JXForkedChild::ignores("JXNetwork::refresh()")) return;
+  kind_ = JXCoreServices::sharedInstance().platform().networkKind();
+}
 
 }  // namespace jx

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <thread>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 
@@ -39,6 +40,7 @@ class JXOnce {
     if (creator_.load() == std::this_thread::get_id()) {
       neverReturn("The SDK was called by a JXPlatform during its start; the call never returns");
     }
+    if (JXForkedChild::isCurrent()) return getInForkedChild(create);
     const JXLogDeferral deferral;
     const Lock lock;
     std::call_once(once_, [&] {
@@ -51,6 +53,14 @@ class JXOnce {
   }
 
  private:
+  // The thread that was creating the object may not exist in this process.
+  template <typename Create>
+  Object& getInForkedChild(const Create& create) {
+    Object* const object = create();
+    object_.store(object, std::memory_order_release);
+    return *object;
+  }
+
   std::atomic<Object*> object_{nullptr};
   std::atomic<std::thread::id> creator_{};
   std::once_flag once_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/json/JXJsonSink.h"
@@ -35,6 +36,7 @@ void JXUser::writeOwnEntries(JXJsonSink& sink) const {
 }
 
 JXString JXUser::anonymous_id() const {
+  if (JXForkedChild::ignores("JXUser::anonymous_id()")) return nullptr;
   const JXCoreCaller caller("JXUser::anonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -60,7 +62,7 @@ JXString JXUser::anonymous_id() const {
 }
 
 void JXUser::setAnonymous_id(const JXString& id) {
-  if (!id.testString()) return;
+  if (!id.testString() || JXForkedChild::ignores("JXUser::setAnonymous_id()")) return;
   const JXCoreCaller caller("JXUser::setAnonymous_id()");
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -73,11 +75,13 @@ void JXUser::setAnonymous_id(const JXString& id) {
 }
 
 JXString JXUser::consentID() const {
+  if (JXForkedChild::ignores("JXUser::consentID()")) return nullptr;
   const std::lock_guard<std::mutex> lock(mutex_);
   return consentId_;
 }
 
 void JXUser::setConsentID(const JXString& id) {
+  if (JXForkedChild::ignores("JXUser::setConsentID()")) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   consentId_ = id;
 }

@@ -3,6 +3,7 @@
 #include "jx/core/JXUserDefaults.h"
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 
 namespace jx {
 
@@ -33,6 +34,8 @@ JXUserDefaults::Changes::~Changes() {
 }
 
 JXPlatformDefaults* JXUserDefaults::standardUserDefaults() {
+  // Its values may be locked by a thread of the parent.
+  if (JXForkedChild::ignores("JXUserDefaults")) return nullptr;
   return JXCoreServices::sharedInstance().userDefaults();
 }
 

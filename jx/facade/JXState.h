@@ -7,6 +7,7 @@
 #include <mutex>
 #include <utility>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXSingleton.h"
 #include "jx/core/notifications/JXEventSender.h"
 #include "jx/platform/JXApi.h"
@@ -48,10 +49,12 @@ class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
 
   /// Returns the sender that notifies the core; null before `init`.
   std::shared_ptr<JXEventSender> senderDelegate() const override {
+    if (JXForkedChild::ignores("JXState")) return nullptr;
     const std::lock_guard<std::mutex> lock(mutex_);
     return senderDelegate_;
   }
   void setSenderDelegate(std::shared_ptr<JXEventSender> sender) {
+    if (JXForkedChild::ignores("JXState")) return;
     const std::lock_guard<std::mutex> lock(mutex_);
     std::swap(senderDelegate_, sender);
   }

@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/session/JXSession.h"
 
 namespace jx {
@@ -12,6 +13,10 @@ namespace jx {
 JXErasure JXStoredData::eraseAll() {
   JXErasure erasure;
   try {
+    if (JXForkedChild::ignores("JXStoredData::eraseAll()")) {
+      erasure.left.emplace_back("a forked child process cannot erase the data of its parent");
+      return erasure;
+    }
     erasure.left = JXCoreServices::eraseStoredData();
     if (JXCoreServices::hasStarted()) JXSession::sharedInstance().forgetErased();
   } catch (const std::exception& error) {

@@ -10,6 +10,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
 #include "jx/core/notifications/JXPostScope.h"
@@ -83,6 +84,7 @@ ServerSide::initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_a
     const std::shared_ptr<JXNotificationCenter>& center, std::int32_t defaultBehaviour,
     std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   std::shared_ptr<ServerSide> serverSide(new ServerSide());
+  if (JXForkedChild::ignores("ServerSide init")) return serverSide;
   guarded("Server-Side SDK init failed", [&] {
     serverSide->start(siteID, sourceKey, center, defaultBehaviour, std::move(firebaseInstance));
   });
@@ -142,6 +144,7 @@ JXStartState ServerSide::setInitialState() {
 }
 
 ServerSide::~ServerSide() {
+  if (JXForkedChild::isCurrent()) return;
   JXNotificationCenter::defaultCenter()->removeObserver(this);
   // The application may keep either of them longer than this object.
   if (listenerDelegate_) listenerDelegate_->setParent(nullptr);
@@ -169,7 +172,7 @@ void ServerSide::setListenerDelegate(std::shared_ptr<JXEventListener> value) {
 void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
   // Read once, so that one event is sent in one state.
   const std::int32_t state = serverSideState_;
-  if (state == EJXServerSideState_DISABLED) return;
+  if (state == EJXServerSideState_DISABLED || JXForkedChild::ignores("execute()")) return;
   if (!event) {
     log("execute() called with a null event; ignored", 3);
     return;
@@ -222,11 +225,13 @@ JXJsonValue ServerSide::removePermanentData(const JXString& key) {
 }
 
 void ServerSide::waitForUserAgent() {
+  if (JXForkedChild::ignores("waitForUserAgent()")) return;
   guarded("waitForUserAgent() failed",
           [] { JXNetworkManager::sharedInstance().waitForUserAgent(); });
 }
 
 void ServerSide::enableRunningInBackground() {
+  if (JXForkedChild::ignores("enableRunningInBackground()")) return;
   guarded("enableRunningInBackground() failed", [] {
     JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
     JXNetworkManager::sharedInstance().enableRunningInBackground();
@@ -235,6 +240,7 @@ void ServerSide::enableRunningInBackground() {
 }
 
 void ServerSide::enableServerSide() {
+  if (JXForkedChild::ignores("enableServerSide()")) return;
   guarded("enableServerSide() failed", [this] {
     JXJsonObject userInfo;
     userInfo.set(kJXUserInfo_POSTData, JXUser::sharedInstance().getJsonObject());
@@ -246,6 +252,7 @@ void ServerSide::enableServerSide() {
 
 void ServerSide::disableServerSide() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
+  if (JXForkedChild::ignores("disableServerSide()")) return;
   guarded("disableServerSide() failed", [this] {
     if (const auto sender = senderDelegate()) {
       sender->send({kJXNotification_StoppingTheServerSide, this, nullptr});
@@ -254,6 +261,7 @@ void ServerSide::disableServerSide() {
 }
 
 void ServerSide::addAdvertisingIDs() {
+  if (JXForkedChild::ignores("addAdvertisingIDs()")) return;
   guarded("addAdvertisingIDs() failed", [this] {
     if (!JXCoreServices::sharedInstance().mayStore()) {
       log("addAdvertisingIDs() called before the viewer consented; ignored", 3);
@@ -304,6 +312,7 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
 // Ignores a decision that another thread's later one has overtaken on the way from the network
 // manager, so that both end in the same state.
 bool ServerSide::applyDecision(const JXNotification& notification, std::int32_t state) {
+  if (JXForkedChild::ignores("ServerSide::onNotificationReceived()")) return false;
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::uint64_t decision = JXPostScope::decisionOf(notification);
   if (decision != 0 && decision < lastDecision_) return false;

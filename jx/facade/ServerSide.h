@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "jx/core/JXDynamicStore.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/notifications/JXEventListener.h"
 #include "jx/core/notifications/JXEventSender.h"
 #include "jx/events/JXEvent.h"
@@ -180,11 +181,13 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
 
   template <typename Value>
   Value read(const Value& field) const {
+    if (JXForkedChild::ignores("ServerSide")) return Value{};
     const std::lock_guard<std::mutex> lock(mutex_);
     return field;
   }
   template <typename Value>
   void write(Value& field, Value value) {
+    if (JXForkedChild::ignores("ServerSide")) return;
     const std::lock_guard<std::mutex> lock(mutex_);
     // The previous value ends after the lock is released: it may be an object of the application.
     std::swap(field, value);

@@ -8,6 +8,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/json/JXJsonSink.h"
 #include "jx/core/storage/JXErasures.h"
 
@@ -25,6 +26,8 @@ Part& started(Once& once, Part& part, const char* operation) {
 }
 
 }  // namespace
+
+JXSession::JXSession() { JXForkedChild::keepConsistent(mutex_); }
 
 JXSession& JXSession::sharedInstance() {
   // Never destroyed: events may be executed while the process ends.

@@ -69,7 +69,7 @@ class JXSession {
  private:
   friend class JXSessionLock;
 
-  JXSession() = default;
+  JXSession();
   void advance(JXPredefinedVariables& variables);
   void forget();
 

@@ -16,6 +16,7 @@
 #include "jx/events/ecommerce/JXPurchaseStatuses.h"
 #include "tests/c/CTestTools.h"
 #include "tests/c/PlainC.h"
+#include "tests/support/ForkedChild.h"
 #include "tests/support/ServerSideFixture.h"
 
 namespace jx::test {
@@ -321,6 +322,22 @@ TEST_F(CServerSide, RejectsAFirebaseTableOfUnknownSize) {
             JX_ERROR_STRUCT_SIZE);
   EXPECT_EQ(made, nullptr);
   EXPECT_EQ(mirror.releases, 0);
+}
+
+TEST_F(CServerSide, IgnoresCallsInAForkedChild) {
+  create();
+  const Object event = makeEvent("JXCustomEvent");
+  EXPECT_EQ(0, statusOfForkedChild([&] {
+              jx_server_side* created = nullptr;
+              const bool isIgnored =
+                  jx_execute(serverSide, event.get()) == JX_ERROR_INTERNAL &&
+                  jx_server_side_create(1, "key", 0, nullptr, &created) == JX_ERROR_INTERNAL &&
+                  jx_server_side_free(serverSide) == JX_ERROR_INTERNAL &&
+                  jx_object_class(event.get()) == nullptr && jx_handle_count() == 0;
+              const std::string detail = jx_error_detail();
+              return isIgnored && detail == "called in a forked child process; ignored" ? 0 : 1;
+            }));
+  EXPECT_EQ(0u, requests().size());
 }
 
 }  // namespace

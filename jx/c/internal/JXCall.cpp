@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
@@ -32,6 +33,12 @@ bool isExpectedResult(jx_status status) {
 }
 
 }  // namespace
+
+bool isIgnored(const char* operation) noexcept {
+  if (!JXForkedChild::ignores(operation)) return false;
+  keepDetail("called in a forked child process; ignored");
+  return true;
+}
 
 jx_status report(const char* operation, const Result& result) noexcept {
   if (result.status == JX_OK) return JX_OK;

@@ -24,6 +24,9 @@ struct Result {
   std::string detail;  ///< empty: the description of the status is sufficient
 };
 
+/// Returns whether the call must be ignored because this is a forked child process, and stores the
+/// detail.
+bool isIgnored(const char* operation) noexcept;
 /// Stores the detail for `jx_error_detail`. Logs it, unless the status is an expected result such
 /// as JX_ERROR_NOT_SET. Returns the status.
 jx_status report(const char* operation, const Result& result) noexcept;
@@ -33,6 +36,7 @@ const char* latestDetail() noexcept;
 /// Runs the body of a C function and converts exceptions of the library to a status.
 template <typename Body>
 jx_status call(const char* operation, const Body& body) noexcept {
+  if (isIgnored(operation)) return JX_ERROR_INTERNAL;
   try {
     return report(operation, body());
   } catch (const std::bad_alloc&) {

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "jx/core/JXForkedChild.h"
+
 namespace jx {
 
 JXHandles& JXHandles::sharedInstance() {
@@ -45,6 +47,7 @@ jx_status JXHandles::findSlot(const void* handle, JXHandleKind kind, std::size_t
 
 jx_status JXHandles::find(const void* handle, JXHandleKind kind,
                           std::shared_ptr<void>& object) const {
+  if (JXForkedChild::isCurrent()) return JX_ERROR_DEAD_HANDLE;
   const std::lock_guard<std::mutex> lock(mutex_);
   std::size_t slot = 0;
   const jx_status status = findSlot(handle, kind, slot);
@@ -65,6 +68,7 @@ jx_status JXHandles::remove(void* handle, JXHandleKind kind, std::shared_ptr<voi
 }
 
 std::size_t JXHandles::count() const {
+  if (JXForkedChild::isCurrent()) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
   std::size_t live = 0;
   for (const Slot& slot : slots_)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/notifications/JXEventListener.h"
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/notifications/JXEventListenerState.h"
 #include "jx/core/notifications/JXNotificationHub.h"
 
@@ -17,20 +18,25 @@ JXEventListener::JXEventListener() : state_(std::make_shared<State>()) {
 }
 
 JXEventListener::~JXEventListener() {
+  if (JXForkedChild::isCurrent()) return;
   JXNotificationHub::sharedInstance().remove(state_);
   state_->center()->removeObserver(state_.get());
   state_->setParent(nullptr);
 }
 
-void JXEventListener::setParent(IJXEventListenerDelegate* parent) { state_->setParent(parent); }
+void JXEventListener::setParent(IJXEventListenerDelegate* parent) {
+  // Not logged: the destructor of a parent calls it.
+  if (!JXForkedChild::isCurrent()) state_->setParent(parent);
+}
 
 void JXEventListener::listen(const JXString& name) {
-  if (!name.isPresent()) return;
+  if (!name.isPresent() || JXForkedChild::ignores("JXEventListener::listen()")) return;
   const std::lock_guard<std::mutex> lock(registering_);
   if (state_->addName(name)) observe(*state_->center(), name);
 }
 
 void JXEventListener::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
+  if (JXForkedChild::ignores("JXEventListener::setNotificationCenter()")) return;
   const std::lock_guard<std::mutex> lock(registering_);
   const std::shared_ptr<JXNotificationCenter> next =
       center ? center : JXNotificationCenter::defaultCenter();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/notifications/JXEventSender.h"
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/notifications/JXNotificationHub.h"
 
 namespace jx {
@@ -13,6 +14,7 @@ std::shared_ptr<JXEventSender> JXEventSender::init() {
 JXEventSender::JXEventSender() { setNotificationCenter(nullptr); }
 
 void JXEventSender::setNotificationCenter(const std::shared_ptr<JXNotificationCenter>& center) {
+  if (JXForkedChild::ignores("JXEventSender::setNotificationCenter()")) return;
   const std::shared_ptr<JXNotificationCenter> next =
       center ? center : JXNotificationCenter::defaultCenter();
   // Before anything is posted there, so that no notification misses the hub.
@@ -22,6 +24,7 @@ void JXEventSender::setNotificationCenter(const std::shared_ptr<JXNotificationCe
 }
 
 void JXEventSender::send(const JXNotification& notification) {
+  if (JXForkedChild::ignores("JXEventSender::send()")) return;
   // Copied, because an observer may move this sender to another center during the call.
   std::shared_ptr<JXNotificationCenter> center;
   {

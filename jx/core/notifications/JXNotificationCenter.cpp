@@ -5,6 +5,7 @@
 #include <atomic>
 #include <utility>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/notifications/JXGuardedDelivery.h"
 #include "jx/core/notifications/JXPostScope.h"
 
@@ -30,6 +31,7 @@ const std::shared_ptr<JXNotificationCenter>& JXNotificationCenter::defaultCenter
 
 void JXNotificationCenter::addObserver(const void* observer, const JXString& name,
                                        Handler handler) {
+  if (JXForkedChild::ignores("JXNotificationCenter::addObserver()")) return;
   auto registration = std::make_shared<Registration>();
   registration->observer = observer;
   registration->name = name;
@@ -42,6 +44,8 @@ void JXNotificationCenter::addObserver(const void* observer, const JXString& nam
 
 template <typename Predicate>
 void JXNotificationCenter::removeWhere(Predicate predicate) {
+  // Not logged: destructors remove their observers.
+  if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   auto changed = std::make_shared<Registrations>();
   for (const auto& registration : *registrations_) {
@@ -63,6 +67,7 @@ void JXNotificationCenter::removeObserver_name(const void* observer, const JXStr
 }
 
 void JXNotificationCenter::postNotification(const JXNotification& notification) {
+  if (JXForkedChild::ignores("JXNotificationCenter::postNotification()")) return;
   const JXPostScope scope(notification);
   std::shared_ptr<const Registrations> registrations;
   {

@@ -6,6 +6,7 @@
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXNetwork.h"
 #include "jx/core/notifications/JXEventListenerState.h"
@@ -26,6 +27,7 @@ JXNotificationHub::JXNotificationHub() : listeners_(std::make_shared<const Liste
 }
 
 void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& center) {
+  if (JXForkedChild::isCurrent()) return;
   // Locked until the center is observed, because another thread that finds it here may post at
   // once.
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -42,6 +44,7 @@ void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& cen
 }
 
 void JXNotificationHub::add(const std::shared_ptr<JXEventListener::State>& listener) {
+  if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   auto changed = std::make_shared<Listeners>(*listeners_);
   changed->push_back(listener);
@@ -49,6 +52,7 @@ void JXNotificationHub::add(const std::shared_ptr<JXEventListener::State>& liste
 }
 
 void JXNotificationHub::remove(const std::shared_ptr<JXEventListener::State>& listener) {
+  if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   auto changed = std::make_shared<Listeners>(*listeners_);
   changed->erase(std::remove(changed->begin(), changed->end(), listener), changed->end());

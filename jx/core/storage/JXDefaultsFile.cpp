@@ -275,19 +275,26 @@ void JXDefaultsFile::writeUnsaved() {
     encode(key, valueOf(key), frames);
   if (!writeFrames(frames)) return;
   unsaved_.clear();
-  report_.recovered();
 }
 
 void JXDefaultsFile::maintain() {
   const std::lock_guard<std::mutex> maintenance(maintenance_);
+  std::uint64_t failures = 0;
   {
     JXReportingLock locked(mutex_, report_);
+    failures = report_.failures();
     dropErased();
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
     ensureOpen();
     writeUnsaved();
   }
   syncChanges();
+  compact();
+  const JXReportingLock locked(mutex_, report_);
+  if (report_.failures() == failures && unsaved_.empty()) report_.recovered();
+}
+
+void JXDefaultsFile::compact() {
   JXReportingLock locked(mutex_, report_);
   if (journal_ == nullptr || !needsCompaction()) return;
   if (!journal_->file().tryLock(JXFile::Lock::Exclusive)) {

@@ -76,6 +76,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool writeFrames(std::string_view frames);
   void writeUnsaved();
   void syncChanges();
+  void compact();
   bool needsCompaction() const;
   bool rewrite();
   bool beginRewrite(JXDefaultsMap& content);

@@ -6,18 +6,30 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <system_error>
 #include <utility>
 
+#include "jx/core/JXForkedChild.h"
+#include "jx/core/JXOwnedDescriptors.h"
+#include "jx/core/storage/JXFileSizeSignal.h"
 #include "jx/core/storage/JXFolder.h"
 
 namespace jx {
 namespace {
+
+// In a forked child, the files belong to the parent.
+bool isForbidden() {
+  if (!JXForkedChild::isCurrent()) return false;
+  errno = EPERM;
+  return true;
+}
 
 int openSystem(int folder, const char* name, int flags, mode_t mode) {
   return ::openat(folder, name, flags, mode);
@@ -86,6 +98,11 @@ int synchronizeSystem(int descriptor) {
 #endif
 }
 
+bool hasFileSizeLimit() {
+  rlimit limit{};
+  return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+}
+
 template <typename Call>
 auto repeatWhenInterrupted(Call call) {
   auto result = call();
@@ -114,6 +131,22 @@ JXFileCalls& JXFileCalls::current() {
   return calls;
 }
 
+int openDescriptor(int folder, const char* name, int flags) {
+  if (isForbidden()) return -1;
+  const JXOwnedDescriptors::Change change;
+  const int descriptor =
+      repeatWhenInterrupted([&] { return JXFileCalls::current().open(folder, name, flags, 0600); });
+  if (descriptor >= 0) JXOwnedDescriptors::add(descriptor);
+  return descriptor;
+}
+
+void closeDescriptor(int descriptor) noexcept {
+  if (JXForkedChild::isCurrent()) return;
+  const JXOwnedDescriptors::Change change;
+  JXOwnedDescriptors::remove(descriptor);
+  JXFileCalls::current().close(descriptor);
+}
+
 std::string describeStorageError(int error) {
   switch (error) {
     case kJXErrorForeign:
@@ -130,6 +163,7 @@ std::string describeStorageError(int error) {
 }
 
 int replaceFile(const std::string& from, const std::string& to, int error) {
+  if (isForbidden()) return EPERM;
   int folderError = 0;
   const auto folder = JXFolder::open(folderOf(to), JXFolder::Missing::Fail, folderError);
   if (!folder) return error != 0 ? error : folderError;
@@ -141,12 +175,14 @@ int replaceFile(const std::string& from, const std::string& to, int error) {
 
 int renameFile(const JXFolder& fromFolder, const std::string& from, const JXFolder& toFolder,
                const std::string& to) {
+  if (isForbidden()) return EPERM;
   const int result = JXFileCalls::current().rename(fromFolder.descriptor(), from.c_str(),
                                                    toFolder.descriptor(), to.c_str());
   return result == 0 ? 0 : errno;
 }
 
 int removeFile(const JXFolder& folder, const std::string& name) {
+  if (isForbidden()) return EPERM;
   if (JXFileCalls::current().unlink(folder.descriptor(), name.c_str()) == 0) return 0;
   return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
 }
@@ -165,6 +201,8 @@ int checkAccess(const struct stat& status) {
   const bool groupMayWrite = (status.st_mode & S_IWGRP) != 0 && status.st_gid != ::getegid();
   return groupMayWrite || (status.st_mode & S_IWOTH) != 0 ? kJXErrorWritable : 0;
 }
+
+int JXFile::descriptor() const noexcept { return JXForkedChild::isCurrent() ? -1 : descriptor_; }
 
 JXFile::JXFile(JXFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
@@ -186,8 +224,7 @@ JXFile JXFile::open(const JXFolder& folder, const std::string& name, Access acce
   }
   // Without O_NONBLOCK, opening a named pipe would block until its other end opens.
   flags |= O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW;
-  JXFile file(repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().open(folder.descriptor(), name.c_str(), flags, 0600); }));
+  JXFile file(openDescriptor(folder.descriptor(), name.c_str(), flags));
   error = file.isOpen() ? 0 : errno;
   struct stat status {};
   if (error == 0) error = file.status(status);
@@ -204,14 +241,16 @@ JXFile JXFile::open(const std::string& path, Access access, int& error) {
 }
 
 void JXFile::close() noexcept {
-  if (descriptor_ >= 0) JXFileCalls::current().close(descriptor_);
+  if (descriptor_ >= 0) closeDescriptor(descriptor_);
   descriptor_ = -1;
 }
 
 int JXFile::append(const iovec* parts, int count, std::size_t& written) {
   written = 0;
+  std::optional<JXFileSizeSignal> blocked;
+  if (hasFileSizeLimit()) blocked.emplace();
   const ssize_t result = repeatWhenInterrupted(
-      [&] { return JXFileCalls::current().write(descriptor_, parts, count); });
+      [&] { return JXFileCalls::current().write(descriptor(), parts, count); });
   if (result < 0) return errno;
   written = static_cast<std::size_t>(result);
   return 0;
@@ -221,7 +260,7 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
   got = 0;
   while (got < size) {
     const ssize_t result = repeatWhenInterrupted([&] {
-      return JXFileCalls::current().read(descriptor_, static_cast<char*>(into) + got, size - got,
+      return JXFileCalls::current().read(descriptor(), static_cast<char*>(into) + got, size - got,
                                          static_cast<off_t>(offset + got));
     });
     if (result < 0) return errno;
@@ -233,15 +272,15 @@ int JXFile::read(std::uint64_t offset, void* into, std::size_t size, std::size_t
 
 int JXFile::truncate(std::uint64_t size) {
   return errorOf(
-      [&] { return JXFileCalls::current().truncate(descriptor_, static_cast<off_t>(size)); });
+      [&] { return JXFileCalls::current().truncate(descriptor(), static_cast<off_t>(size)); });
 }
 
 int JXFile::synchronize() const {
-  return errorOf([&] { return JXFileCalls::current().synchronize(descriptor_); });
+  return errorOf([&] { return JXFileCalls::current().synchronize(descriptor()); });
 }
 
 int JXFile::status(struct stat& status) const {
-  return errorOf([&] { return JXFileCalls::current().statusOf(descriptor_, &status); });
+  return errorOf([&] { return JXFileCalls::current().statusOf(descriptor(), &status); });
 }
 
 int JXFile::size(std::uint64_t& size) const {
@@ -253,21 +292,21 @@ int JXFile::size(std::uint64_t& size) const {
 
 bool JXFile::tryLock(Lock lock) {
   const int operation = (lock == Lock::Exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB;
-  return errorOf([&] { return JXFileCalls::current().lock(descriptor_, operation); }) == 0;
+  return errorOf([&] { return JXFileCalls::current().lock(descriptor(), operation); }) == 0;
 }
 
 int JXFile::lockByte(std::uint64_t offset) {
   const int error = errorOf([&] {
-    return JXFileCalls::current().lockByte(descriptor_, static_cast<off_t>(offset), F_WRLCK);
+    return JXFileCalls::current().lockByte(descriptor(), static_cast<off_t>(offset), F_WRLCK);
   });
   return error == EACCES ? EWOULDBLOCK : error;
 }
 
 void JXFile::unlockByte(std::uint64_t offset) {
-  JXFileCalls::current().lockByte(descriptor_, static_cast<off_t>(offset), F_UNLCK);
+  JXFileCalls::current().lockByte(descriptor(), static_cast<off_t>(offset), F_UNLCK);
 }
 
-void JXFile::unlock() { JXFileCalls::current().lock(descriptor_, LOCK_UN); }
+void JXFile::unlock() { JXFileCalls::current().lock(descriptor(), LOCK_UN); }
 
 bool JXFile::isLinked() const {
   struct stat now {};

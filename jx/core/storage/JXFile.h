@@ -60,6 +60,13 @@ int checkAccess(const struct stat& status);
 
 class JXFolder;
 
+/// Opens a file or folder and records its descriptor, so that a forked child closes it. Returns -1
+/// and sets `errno` on failure, and in a forked child.
+int openDescriptor(int folder, const char* name, int flags);
+/// Closes a descriptor of `openDescriptor`. Does nothing in a forked child, where the number may
+/// belong to another file.
+void closeDescriptor(int descriptor) noexcept;
+
 /// Replaces the file `to` with the file `from`; deletes `from` on failure, or if `error` is not 0.
 /// Returns an errno value, 0 for success.
 int replaceFile(const std::string& from, const std::string& to, int error);
@@ -84,8 +91,9 @@ struct JXFileIdentity {
 };
 
 /// Owns the descriptor of one regular file. Operations that can fail return an errno value, 0 for
-/// success. Files are created with mode 0600 and closed on exec. One thread at a time, except that
-/// `read` and `synchronize` may run concurrently with the other operations.
+/// success. Files are created with mode 0600 and closed on exec and in a forked child, where all
+/// operations fail without effect. One thread at a time, except that `read` and `synchronize` may
+/// run concurrently with the other operations.
 ///
 /// Only regular files are opened that no other user can write (see checkAccess), and neither
 /// symbolic nor hard links: another user must not be able to redirect a write to a file of this
@@ -116,7 +124,8 @@ class JXFile {
   bool isOpen() const noexcept { return descriptor_ >= 0; }
 
   /// Appends `parts` with one system call. `written` receives the number of bytes written, on
-  /// failure too: a full disk may accept only some of them.
+  /// failure too: a full disk may accept only some of them. Returns EFBIG, and raises no signal,
+  /// when the file would exceed the limit of the process.
   int append(const iovec* parts, int count, std::size_t& written);
   /// Reads up to `size` bytes at `offset`. `got` receives the number of bytes read, which is less
   /// than `size` only at the end of the file.
@@ -151,6 +160,9 @@ class JXFile {
  private:
   int status(struct stat& status) const;
   explicit JXFile(int descriptor) : descriptor_(descriptor) {}
+
+  /// Returns -1 in a forked child, where the number may belong to another file.
+  int descriptor() const noexcept;
 
   int descriptor_ = -1;
 };

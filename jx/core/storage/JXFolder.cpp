@@ -9,6 +9,7 @@
 #include <climits>
 #include <ctime>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/storage/JXFile.h"
 
 namespace jx {
@@ -27,6 +28,7 @@ timespec changeTimeOf(const struct stat& status) {
 }
 
 int makeFolder(int parent, const std::string& name) {
+  if (JXForkedChild::isCurrent()) return EPERM;  // its files belong to the parent
   const JXFileCalls& calls = JXFileCalls::current();
   // An existing file that is not a folder is noticed when it is opened.
   if (calls.makeFolder(parent, name.c_str(), 0700) == 0 || errno == EEXIST) return 0;
@@ -41,7 +43,7 @@ int makeFolder(int parent, const std::string& name) {
 
 }  // namespace
 
-JXFolder::~JXFolder() { JXFileCalls::current().close(descriptor_); }
+JXFolder::~JXFolder() { closeDescriptor(descriptor_); }
 
 std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const std::string& inner,
                                                Missing missing, int& error) {
@@ -55,11 +57,11 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
                                                  int& error) {
   const JXFileCalls& calls = JXFileCalls::current();
   constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-  int descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+  int descriptor = openDescriptor(parent, name.c_str(), kFlags);
   if (descriptor < 0 && errno == ENOENT && missing == Missing::Create) {
     error = makeFolder(parent, name);
     if (error != 0) return nullptr;
-    descriptor = calls.open(parent, name.c_str(), kFlags, 0);
+    descriptor = openDescriptor(parent, name.c_str(), kFlags);
   }
   struct stat status {};
   if (descriptor < 0) {
@@ -74,7 +76,7 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
     return std::shared_ptr<const JXFolder>(
         new JXFolder(path, descriptor, {status.st_dev, status.st_ino}));
   }
-  calls.close(descriptor);
+  closeDescriptor(descriptor);
   return nullptr;
 }
 

@@ -149,6 +149,7 @@ void JXOutbox::dropErased() {
 
 void JXOutbox::sync() {
   withoutExceptions([&] {
+    const std::uint64_t failures = locked([&] { return report_.failures(); });
     locked([&] {
       checkErasures();
       queue_.applyPurgeMarks();
@@ -166,6 +167,9 @@ void JXOutbox::sync() {
     moveRejectedToDeadLetters();
     if (locked([&] { return hasUncheckedFiles_; })) removeExpiredFiles();
     syncFiles();
+    locked([&] {
+      if (report_.failures() == failures && !queue_.needsRepair()) report_.recovered();
+    });
   });
 }
 

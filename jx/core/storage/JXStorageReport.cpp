@@ -3,6 +3,7 @@
 #include "jx/core/storage/JXStorageReport.h"
 
 #include <iterator>
+#include <map>
 #include <set>
 
 #include "jx/core/JXLogger.h"
@@ -11,10 +12,11 @@
 namespace jx {
 namespace {
 
-// The causes that were logged and have not been resolved since, for all storages of the process.
+// The causes that were logged, and the storages of the process that have not recovered since.
 struct ReportedCauses {
   std::mutex mutex;
-  std::set<std::pair<std::string, int>> causes;  // folder and errno value
+  // By folder and errno value.
+  std::map<std::pair<std::string, int>, std::set<const JXStorageReport*>> causes;
 };
 
 // Never destroyed: the transfer thread may report a failure while the process exits.
@@ -29,7 +31,10 @@ void JXStorageReport::failed(const char* action, int error) {
   ++failures_;
   {
     const std::lock_guard<std::mutex> lock(reported().mutex);
-    if (!reported().causes.emplace(folder_, error).second) return;
+    auto& failing = reported().causes[{folder_, error}];
+    const bool isNew = failing.empty();
+    failing.insert(this);
+    if (!isNew) return;
   }
   const std::string reason = describeStorageError(error);
   messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
@@ -39,7 +44,8 @@ void JXStorageReport::recovered() {
   const std::lock_guard<std::mutex> lock(reported().mutex);
   auto& causes = reported().causes;
   for (auto cause = causes.begin(); cause != causes.end();) {
-    cause = cause->first == folder_ ? causes.erase(cause) : std::next(cause);
+    cause->second.erase(this);
+    cause = cause->second.empty() ? causes.erase(cause) : std::next(cause);
   }
 }
 

@@ -14,8 +14,9 @@ namespace jx {
 
 /// Counts the failures of one storage and creates one log message per cause, however often it
 /// occurs and however many storages of a folder it affects: a folder that cannot be written is one
-/// cause. Messages are returned to be logged later, because the log sink belongs to the application
-/// and may call back while the storage is locked. Not synchronised: guarded by the owner's lock.
+/// cause, until each storage that reported it has recovered. Messages are returned to be logged
+/// later, because the log sink belongs to the application and may call back while the storage is
+/// locked. Not synchronised: guarded by the owner's lock.
 class JXStorageReport {
  public:
   struct Message {
@@ -27,13 +28,17 @@ class JXStorageReport {
   /// folder that several storages share.
   JXStorageReport(std::string subject, std::string folder)
       : subject_(std::move(subject)), folder_(std::move(folder)) {}
+  ~JXStorageReport() { recovered(); }
+  JXStorageReport(const JXStorageReport&) = delete;
+  JXStorageReport& operator=(const JXStorageReport&) = delete;
 
   /// Reports that `action` (a verb phrase such as "append a request") failed with the errno value
   /// `error`.
   void failed(const char* action, int error);
   /// Reports that damaged data of the file `path` was quarantined.
   void damaged(const std::string& path);
-  /// Reports that failed operations succeed again: the next failure is logged again.
+  /// Reports that the operations of this storage succeed again. A cause that no other storage
+  /// reports is over: its next failure is logged again.
   void recovered();
 
   std::uint64_t failures() const { return failures_; }

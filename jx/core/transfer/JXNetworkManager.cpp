@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/transfer/JXConsentGate.h"
@@ -21,14 +22,16 @@ constexpr int kDisabledByDefault = 2;
 // A stop waits until its record survives a killed process, but not for a disk that hangs.
 constexpr std::chrono::milliseconds kRecordLimit{5};
 
-// The transfer of the manager; never destroyed. Read without a lock, because a forked child that
-// exits would wait forever for a lock that was owned during the fork.
+// The transfer of the manager; never destroyed.
 JXTransfer* stoppedAtExit = nullptr;
 
+bool isIgnored() { return JXForkedChild::ignores("JXNetworkManager"); }
+
 // Catches and logs all exceptions, because the caller is an application thread. `failure` is the
-// log message without cause and consequence.
+// log message without cause and consequence. Does nothing in a forked child.
 template <class Operation>
 void guarded(const char* failure, const char* consequence, Operation&& operation) noexcept {
+  if (isIgnored()) return;
   try {
     operation();
   } catch (const std::exception& error) {
@@ -63,6 +66,7 @@ auto JXNetworkManager::withTransfer(Operation operation) const {
 }
 
 void JXNetworkManager::setManagerState(int state) {
+  if (isIgnored()) return;
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   managerState_ = state == kAlwaysEnabled || state == kDisabledByDefault ? state : 0;
@@ -77,11 +81,13 @@ void JXNetworkManager::setManagerState(int state) {
 }
 
 int JXNetworkManager::managerState() const {
+  if (isIgnored()) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
   return managerState_;
 }
 
 std::uint64_t JXNetworkManager::decide(bool enabled) {
+  if (isIgnored()) return 0;
   if (enabled) beginStoring();
   std::shared_ptr<JXStopMarks> stopMarks;
   std::uint64_t decision = 0;
@@ -169,11 +175,13 @@ void JXNetworkManager::serverSideMoved(const void* serverSide, std::string_view 
 }
 
 void JXNetworkManager::setAlwaysEnabled(const void* serverSide, bool isAlwaysEnabled) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   consent_->setAlwaysEnabled(serverSide, isAlwaysEnabled);
 }
 
 void JXNetworkManager::serverSideEnded(const void* serverSide) {
+  if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   consent_->ended(serverSide);
 }
@@ -185,6 +193,7 @@ void JXNetworkManager::applyBackground() {
 }
 
 void JXNetworkManager::waitForUserAgent() {
+  if (isIgnored()) return;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     awaitsUserAgent_ = true;
@@ -195,6 +204,7 @@ void JXNetworkManager::waitForUserAgent() {
 // Delivery is paused before the request, because the platform may call back immediately. A dry run
 // has no transfer.
 void JXNetworkManager::requestAwaitedUserAgent() {
+  if (isIgnored()) return;
   {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (!requestUserAgent_ || !std::exchange(awaitsUserAgent_, false)) return;
@@ -217,6 +227,7 @@ void JXNetworkManager::requestAwaitedUserAgent() {
 }
 
 void JXNetworkManager::setRunningInBackground(bool enabled) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   runsInBackground_ = enabled;
   applyBackground();
@@ -236,19 +247,21 @@ void JXNetworkManager::enqueue(std::string_view url, std::string_view body, cons
 }
 
 void JXNetworkManager::onBackground() {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   inBackground_ = true;
   applyBackground();
 }
 
 void JXNetworkManager::onForeground() {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   inBackground_ = false;
   applyBackground();
 }
 
 bool JXNetworkManager::flush(std::chrono::milliseconds deadline) {
-  bool isEmpty = true;
+  bool isEmpty = !JXForkedChild::isCurrent();
   guarded("Flush failed", "requests stay queued", withTransfer([&](JXTransfer& transfer) {
             isEmpty = false;
             isEmpty = transfer.flush(deadline);
@@ -301,6 +314,8 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     // before they are cleaned up.
     stoppedAtExit = transfer_.get();
     std::atexit([] {
+      // Not logged: the child of a fork exits without calling the SDK.
+      if (JXForkedChild::isCurrent()) return;
       guarded("Stopping the transfer thread failed", "process exit continues",
               [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
     });
@@ -310,6 +325,7 @@ void JXNetworkManager::start(JXTransferSetup setup) {
 void JXNetworkManager::startDryRun(
     std::function<void(std::function<void()> known)> requestUserAgent,
     std::function<void()> beginStoring) {
+  if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   if (transfer_ || requestUserAgent_) return;
   requestUserAgent_ = std::move(requestUserAgent);

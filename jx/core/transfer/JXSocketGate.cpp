@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+#include "jx/core/JXOwnedDescriptors.h"
+
 namespace jx {
 namespace {
 
@@ -15,6 +17,16 @@ bool isConnected(int descriptor) {
   sockaddr_storage peer{};
   socklen_t size = sizeof peer;
   return ::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0;
+}
+
+int openSocket(int family, int type, int protocol) {
+#ifdef SOCK_CLOEXEC
+  return ::socket(family, type | SOCK_CLOEXEC, protocol);
+#else
+  const int descriptor = ::socket(family, type, protocol);
+  if (descriptor >= 0) ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+  return descriptor;
+#endif
 }
 
 void endWriting(int descriptor) {
@@ -34,7 +46,11 @@ template <class Predicate>
 void JXSocketGate::forgetIf(Predicate predicate) noexcept {
   const auto end = std::remove_if(sockets_.begin(), sockets_.end(), [&](const Socket& each) {
     const bool forgets = predicate(each);
-    if (forgets) ::close(each.duplicate);
+    if (forgets) {
+      const JXOwnedDescriptors::Change change;
+      JXOwnedDescriptors::remove(each.duplicate);
+      ::close(each.duplicate);
+    }
     return forgets;
   });
   sockets_.erase(end, sockets_.end());
@@ -43,9 +59,10 @@ void JXSocketGate::forgetIf(Predicate predicate) noexcept {
 int JXSocketGate::open(int family, int type, int protocol) noexcept {
   const std::lock_guard<std::mutex> lock(mutex_);
   if (isShut_) return -1;
-  const int descriptor = ::socket(family, type, protocol);
+  // A child that inherited a connection would keep it open when this process closes it.
+  const JXOwnedDescriptors::Change change;
+  const int descriptor = openSocket(family, type, protocol);
   if (descriptor < 0) return -1;
-  ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
   const int duplicate = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   try {
     if (duplicate >= 0) sockets_.push_back({descriptor, duplicate});
@@ -54,7 +71,10 @@ int JXSocketGate::open(int family, int type, int protocol) noexcept {
     ::close(descriptor);
     return -1;
   }
-  if (duplicate >= 0) return descriptor;
+  if (duplicate >= 0) {
+    JXOwnedDescriptors::add(duplicate, descriptor);
+    return descriptor;
+  }
   ::close(descriptor);
   return -1;
 }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXForkedChild.h"
 #include "jx/core/JXSignalsBlocked.h"
 #include "jx/core/transfer/JXCurlTransport.h"
 
@@ -55,6 +56,7 @@ JXTransfer::JXTransfer(JXTransferSetup setup)
 
 void JXTransfer::start() {
   if (thread_.joinable()) return;
+  JXForkedChild::watch();
   const JXSignalsBlocked blockedInTheNewThread;
   thread_ = std::thread([self = shared_from_this()] { self->run(); });
 }
@@ -230,8 +232,7 @@ JXDeliveryCounters JXTransfer::counters() const {
 }
 
 bool JXTransfer::stop(milliseconds limit) {
-  // In a forked child the thread does not exist, and its locks may stay locked forever.
-  if (getpid() != process_) return false;
+  if (JXForkedChild::isCurrent()) return false;
   const SteadyTime until = std::chrono::steady_clock::now() + boundedWait(limit);
   mailbox_.send([](JXTransferCommands& commands) { commands.stop = true; });
   {

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <sys/types.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
@@ -98,7 +95,6 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   JXTransferMailbox mailbox_;
   std::thread thread_;
   std::atomic<std::thread::id> threadId_{};
-  const pid_t process_ = getpid();
   std::uint64_t endedSuspensions_ = 0;  ///< for the transfer thread only
   bool hasFailed_ = false;              ///< the thread's last iteration ended with an exception
   std::atomic<int> flushing_{0};

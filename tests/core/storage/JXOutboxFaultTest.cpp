@@ -231,5 +231,55 @@ TEST_F(OutboxFault, FileSizeLimitLeavesNoTornFrame) {
   EXPECT_GE(outbox->counters().queued, 10u);
 }
 
+void ignoreSignal(int) {}
+
+// A write beyond the limit raises SIGXFSZ, whose default action ends the process.
+TEST_F(OutboxFault, FileSizeLimitNeverEndsTheProcess) {
+  for (const rlim_t size : {0, 1, 10, 100, 500, 1'000}) {
+    const std::string box = folder_.file("box" + std::to_string(size));
+    ChildProcess child([&](int) {
+      std::signal(SIGXFSZ, SIG_DFL);
+      const rlimit limit{size, RLIM_INFINITY};
+      if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
+      JXOutbox outbox(box, {}, clock_);
+      for (int i = 0; i < 30; ++i)
+        add(outbox, std::to_string(i));
+      outbox.sync();
+      if (outbox.counters().queued != 30 || outbox.counters().inMemory == 0) return 2;
+      const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+      if (::setrlimit(RLIMIT_FSIZE, &none) != 0) return 3;
+      outbox.sync();
+      return outbox.counters().inMemory == 0 ? 0 : 4;
+    });
+    EXPECT_EQ(child.wait(), 0) << "limit " << size;
+    JXOutbox outbox(box, {}, clock_);
+    EXPECT_EQ(outbox.counters().queued, 30u) << "limit " << size;
+  }
+}
+
+TEST_F(OutboxFault, FileSizeLimitChangesNoSignalOfTheApplication) {
+  ChildProcess child([&](int) {
+    // A signal of the application that it has blocked, and that is pending.
+    sigset_t signal;
+    sigemptyset(&signal);
+    sigaddset(&signal, SIGXFSZ);
+    std::signal(SIGXFSZ, &ignoreSignal);
+    ::pthread_sigmask(SIG_BLOCK, &signal, nullptr);
+    std::raise(SIGXFSZ);
+    const rlimit limit{0, 0};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return 1;
+    const auto outbox = open();
+    add(*outbox, "a");
+    if (outbox->counters().inMemory != 1) return 2;
+    sigset_t now;
+    sigpending(&now);
+    if (sigismember(&now, SIGXFSZ) != 1) return 3;
+    ::pthread_sigmask(SIG_BLOCK, nullptr, &now);
+    if (sigismember(&now, SIGXFSZ) != 1) return 4;
+    return std::signal(SIGXFSZ, SIG_DFL) == &ignoreSignal ? 0 : 5;
+  });
+  EXPECT_EQ(child.wait(), 0);
+}
+
 }  // namespace
 }  // namespace jx

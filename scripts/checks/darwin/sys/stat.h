@@ -32,10 +32,12 @@ struct stat {
 #define S_IFDIR 0040000
 #define S_IFREG 0100000
 #define S_IFLNK 0120000
+#define S_IFSOCK 0140000
 #define S_ISFIFO(mode) (((mode)&S_IFMT) == S_IFIFO)
 #define S_ISDIR(mode) (((mode)&S_IFMT) == S_IFDIR)
 #define S_ISREG(mode) (((mode)&S_IFMT) == S_IFREG)
 #define S_ISLNK(mode) (((mode)&S_IFMT) == S_IFLNK)
+#define S_ISSOCK(mode) (((mode)&S_IFMT) == S_IFSOCK)
 
 extern "C" {
 
