@@ -59,13 +59,14 @@ class JXOutbox {
 
   /// Marks the oldest request that is neither in flight nor in `except`, and that `filter` allows,
   /// as in flight and returns it; nullopt when there is none. A request that can no longer be read
-  /// is counted as a storage error and skipped. A request in flight may be dropped by the limits;
-  /// acknowledging it is then ignored.
+  /// is counted as a storage error and skipped. The limits do not drop a request in flight; a purge
+  /// does, and acknowledging it is then ignored.
   std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {},
                                       const JXSendFilter& filter = {});
   /// Returns the largest number of stops stored with a queued request of this source.
   std::uint16_t mostStops(std::uint32_t source);
-  /// Returns a request in flight to the queue, at its original position. Ignores any other ID.
+  /// Returns a request in flight to the queue, at its original position, or drops it when it
+  /// exceeds the limits. Ignores any other ID.
   void requeue(std::uint64_t id);
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
   /// was dropped in the meantime.

@@ -70,8 +70,10 @@ std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason 
 // Stores the request that is pushed next in memory and evicts the oldest ones there.
 bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
   if (bounds_.maxInMemory == 0) return false;
-  while (memory_.size() >= bounds_.maxInMemory) {
-    drop(*index_.find(memory_.begin()->first), JXDropReason::NoStorage);
+  for (auto next = memory_.begin();
+       next != memory_.end() && memory_.size() >= bounds_.maxInMemory;) {
+    JXOutboxEntry& entry = *index_.find((next++)->first);
+    if (entry.state != State::InFlight) drop(entry, JXDropReason::NoStorage);
   }
   memory_.emplace(index_.nextId(), StoredInMemory{std::string(url), std::string(body)});
   return true;
@@ -84,11 +86,24 @@ void JXOutboxQueue::updateOldest(std::int64_t createdMs) {
 void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   dropExpired(nowMs);
   const std::size_t maxRequests = std::max<std::size_t>(bounds_.maxRequests, 1);
-  while (index_.count() > maxRequests)
-    drop(*index_.oldest(), JXDropReason::TooMany);
-  while (index_.bytes() > bounds_.maxBytes)
-    drop(*index_.oldest(), JXDropReason::TooLarge);
+  while (index_.count() > maxRequests && dropOldest(JXDropReason::TooMany)) {
+  }
+  while (index_.bytes() > bounds_.maxBytes && dropOldest(JXDropReason::TooLarge)) {
+  }
   finishModifiedSegments();
+}
+
+// Drops the oldest request that is not in flight, because the server may already have stored what
+// it receives. Keeps the newest request, so that requests in flight never displace it. Returns
+// false when there is none.
+bool JXOutboxQueue::dropOldest(JXDropReason reason) {
+  JXOutboxEntry* oldest = nullptr;
+  index_.forEach([&](JXOutboxEntry& entry) {
+    if (entry.state != State::InFlight && entry.id + 1 != index_.nextId()) oldest = &entry;
+    return oldest == nullptr && entry.id + 1 != index_.nextId();
+  });
+  if (oldest != nullptr) drop(*oldest, reason);
+  return oldest != nullptr;
 }
 
 void JXOutboxQueue::dropExpired() {
@@ -96,14 +111,15 @@ void JXOutboxQueue::dropExpired() {
   finishModifiedSegments();
 }
 
-// Traverses all requests only when the oldest may have expired.
+// Traverses all requests only when the oldest may have expired. A request in flight is checked when
+// it is requeued.
 void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
   if (!isExpired(oldestMs_, nowMs, bounds_.maxAge)) return;
   std::vector<std::uint64_t> expired;
   oldestMs_ = std::numeric_limits<std::int64_t>::max();
   index_.forEach([&](const JXOutboxEntry& entry) {
     if (isExpired(entry.createdMs, nowMs, bounds_.maxAge)) {
-      expired.push_back(entry.id);
+      if (entry.state != State::InFlight) expired.push_back(entry.id);
     } else {
       updateOldest(entry.createdMs);
     }
@@ -233,6 +249,12 @@ void JXOutboxQueue::requeue(std::uint64_t id) {
   if (entry == nullptr || entry->state != State::InFlight) return;
   entry->state = State::Queued;
   index_.markQueued(id);
+  if (entry->segment == nullptr && memory_.size() > bounds_.maxInMemory) {
+    drop(*entry, JXDropReason::NoStorage);
+  } else {
+    updateOldest(entry->createdMs);
+  }
+  dropOverLimits(clock_->nowMs());
 }
 
 bool JXOutboxQueue::markDelivered(std::uint64_t id) {

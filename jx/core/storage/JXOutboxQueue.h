@@ -81,6 +81,7 @@ class JXOutboxQueue {
   bool keepInMemory(std::string_view url, std::string_view body);
   void updateOldest(std::int64_t createdMs);
   void dropOverLimits(std::int64_t nowMs);
+  bool dropOldest(JXDropReason reason);
   void dropExpired(std::int64_t nowMs);
   void drop(JXOutboxEntry& entry, JXDropReason reason);
   void count(JXDropReason reason);

@@ -121,7 +121,7 @@ TEST_F(OutboxBounds, CountsAdoptedRequestsAndDropsThemFirst) {
   EXPECT_EQ(takeAll(*outbox), (Bodies{"c", "d"}));
 }
 
-TEST_F(OutboxBounds, IgnoresTheAcknowledgementOfADroppedRequestInFlight) {
+TEST_F(OutboxBounds, EvictsTheOldestRequestThatIsNotInFlight) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 2;
   const auto outbox = open(bounds);
@@ -129,10 +129,75 @@ TEST_F(OutboxBounds, IgnoresTheAcknowledgementOfADroppedRequestInFlight) {
   const std::uint64_t a = outbox->take()->id;
   add(*outbox, "b");
   add(*outbox, "c");
-  outbox->markDelivered(a);
+  EXPECT_EQ(listed(), (Bodies{"a", "c"}));
+  EXPECT_TRUE(outbox->markDelivered(a));
   EXPECT_EQ(outbox->counters().droppedTooMany, 1u);
-  EXPECT_EQ(outbox->counters().delivered, 0u);
+  EXPECT_EQ(outbox->counters().delivered, 1u);
+  EXPECT_EQ(takeAll(*outbox), (Bodies{"c"}));
+}
+
+TEST_F(OutboxBounds, KeepsARequestInFlightAndTheNewestUntilItIsRequeued) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 1;
+  const auto outbox = open(bounds);
+  add(*outbox, "a");
+  const std::uint64_t a = outbox->take()->id;
+  add(*outbox, "b");
   EXPECT_EQ(outbox->counters().queued, 2u);
+  EXPECT_EQ(outbox->counters().droppedTooMany, 0u);
+  outbox->requeue(a);
+  EXPECT_EQ(outbox->counters().droppedTooMany, 1u);
+  EXPECT_EQ(listed(), Bodies{"b"});
+  EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
+}
+
+TEST_F(OutboxBounds, AppliesMaxBytesToARequestInFlightWhenItIsRequeued) {
+  JXOutboxBounds bounds;
+  bounds.maxBytes = 100;
+  const auto outbox = open(bounds);
+  outbox->add("", std::string(60, 'a'));
+  const std::uint64_t a = outbox->take()->id;
+  outbox->add("", std::string(60, 'b'));
+  EXPECT_EQ(outbox->counters().droppedTooLarge, 0u);
+  outbox->requeue(a);
+  EXPECT_EQ(outbox->counters().droppedTooLarge, 1u);
+  EXPECT_EQ(takeAll(*outbox), Bodies{std::string(60, 'b')});
+}
+
+TEST_F(OutboxBounds, AppliesTheAgeLimitToARequestInFlightWhenItIsRequeued) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const std::uint64_t a = outbox->take()->id;
+  clock_->advance(30 * kDayMs + 1);
+  add(*outbox, "b");
+  EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+  outbox->requeue(a);
+  EXPECT_EQ(outbox->counters().droppedTooOld, 1u);
+  EXPECT_EQ(takeAll(*outbox), Bodies{"b"});
+}
+
+TEST_F(OutboxBounds, DeliversAnExpiredRequestThatWasInFlight) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const std::uint64_t a = outbox->take()->id;
+  clock_->advance(30 * kDayMs + 1);
+  add(*outbox, "b");
+  EXPECT_TRUE(outbox->markDelivered(a));
+  EXPECT_EQ(outbox->counters().delivered, 1u);
+  EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+}
+
+TEST_F(OutboxBounds, KeepsARequestInFlightInMemoryUntilItIsRequeued) {
+  JXOutboxBounds bounds;
+  bounds.maxInMemory = 1;
+  JXOutbox outbox(box_, bounds, clock_, nullptr, false);
+  add(outbox, "a");
+  const std::uint64_t a = outbox.take()->id;
+  add(outbox, "b");
+  EXPECT_EQ(outbox.counters().inMemory, 2u);
+  outbox.requeue(a);
+  EXPECT_EQ(outbox.counters().droppedNoStorage, 1u);
+  EXPECT_EQ(takeAll(outbox), Bodies{"b"});
 }
 
 TEST_F(OutboxBounds, DeletesTheFilesOfManyDroppedRequests) {

@@ -138,11 +138,10 @@ TEST_F(OutboxDrops, RecordsNothingByDefault) {
 }
 
 TEST_F(OutboxDrops, AcknowledgingADroppedRequestReturnsFalse) {
-  JXOutboxBounds bounds;
-  bounds.maxRequests = 1;
-  const auto outbox = openRemembering(bounds);
+  const auto outbox = openRemembering();
   add(*outbox, "a");
   const auto first = outbox->take();
+  outbox->purge();
   add(*outbox, "b");
   EXPECT_FALSE(outbox->markDelivered(first->id));
   EXPECT_FALSE(outbox->moveToDeadLetters(first->id, 400));

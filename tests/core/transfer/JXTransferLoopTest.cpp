@@ -385,31 +385,49 @@ TEST_F(TransferLoop, ReportsPurgedEventsWithTheirIds) {
   EXPECT_EQ(JXDropReason::Purged, deliveries[1].dropReason);
 }
 
-TEST_F(TransferLoop, ReportsAnEventDroppedInFlightOnce) {
+TEST_F(TransferLoop, ReportsAnEventInFlightBeyondTheLimitsOnceByItsResponse) {
   JXOutboxBounds bounds;
   bounds.maxRequests = 1;
   setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
   for (const int status : {200, 400}) {
     deliveries.clear();
-    transport->outcome = {200, false};
     transport->answers = false;
     add("a");
     runOnce();
     ASSERT_EQ(1u, transport->inFlight.size());
     add("b");
     runOnce();
-    transport->outcome = {status, false};
+    EXPECT_EQ(0u, deliveries.size());
+    transport->statusOf[bodyOf("a")] = status;
     transport->answers = true;
     runOnce();
-    ASSERT_LE(1u, deliveries.size());
-    EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
-    EXPECT_EQ(JXString("a"), deliveries[0].eventId);
-    for (std::size_t i = 1; i < deliveries.size(); ++i)
-      EXPECT_EQ(JXString("b"), deliveries[i].eventId);
-    transport->outcome = {200, false};
     runOnce();
     EXPECT_EQ(0u, queued());
+    ASSERT_EQ(2u, deliveries.size());
+    EXPECT_EQ(JXString("a"), deliveries[0].eventId);
+    EXPECT_EQ(status, deliveries[0].status);
+    EXPECT_EQ(JXString("b"), deliveries[1].eventId);
+    EXPECT_EQ(200, deliveries[1].status);
   }
+}
+
+TEST_F(TransferLoop, DropsAnEventBeyondTheLimitsWhenItsAttemptFailed) {
+  JXOutboxBounds bounds;
+  bounds.maxRequests = 1;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("small"), bounds, clock);
+  transport->answers = false;
+  add("a");
+  runOnce();
+  add("b");
+  runOnce();
+  transport->outcome = {503, false};
+  transport->answers = true;
+  runOnce();
+  runOnce();
+  ASSERT_EQ(1u, deliveries.size());
+  EXPECT_EQ(JXDeliveryOutcome::Dropped, deliveries[0].outcome);
+  EXPECT_EQ(JXString("a"), deliveries[0].eventId);
+  EXPECT_EQ(1u, queued());
 }
 
 TEST_F(TransferLoop, CallbackThatCausesDropsDoesNotBlockTheThread) {
