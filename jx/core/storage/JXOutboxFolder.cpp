@@ -36,9 +36,10 @@ std::vector<std::uint64_t> segmentsIn(const std::string& folder, std::string& er
 void purgeSegment(const std::string& folder, std::uint64_t number, JXOutboxPurge& purge,
                   std::string& error) {
   const std::string path = folder + "/" + JXOutboxSegment::nameOf(number);
+  JXOutboxHosts hosts;
   std::vector<JXOutboxEntry> requests;
   JXJournal::Recovery recovery;
-  if (const auto segment = JXOutboxSegment::adopt(folder, number, requests, recovery)) {
+  if (const auto segment = JXOutboxSegment::adopt(folder, number, hosts, requests, recovery)) {
     if (succeeded(segment->remove(), "delete " + path, error)) purge.removed += requests.size();
     return;
   }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -25,6 +26,7 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
   static std::shared_ptr<JXOutboxSegment> adopt(const std::string& folder, std::uint64_t number,
+                                                JXOutboxHosts& hosts,
                                                 std::vector<JXOutboxEntry>& requests,
                                                 JXJournal::Recovery& recovery);
 
@@ -39,6 +41,10 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
   /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
              const JXRequestOrigin& origin, std::uint32_t& offset);
+  /// Records the failures of a request.
+  int writeFailures(std::uint32_t offset, const JXRequestFailures& failures);
+  /// Returns the failures of a request that `adopt` found.
+  const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) const;
   /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
@@ -72,6 +78,7 @@ class JXOutboxSegment : public std::enable_shared_from_this<JXOutboxSegment> {
 
   JXJournal journal_;
   std::size_t live_ = 0;
+  std::map<std::uint32_t, JXRequestFailures> failures_;  ///< found by `adopt`, by offset
   std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
 };
 

@@ -17,7 +17,8 @@ constexpr int kCreateAttempts = 8;
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
-void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>& adopted) {
+void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
+                                const std::function<void(const JXOutboxEntry&)>& adopted) {
   int error = makeFolder(folder_);
   std::vector<std::uint64_t> numbers;
   if (error == 0) numbers = JXOutboxSegment::numbersIn(folder_, error);
@@ -25,7 +26,7 @@ void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>&
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
-    auto segment = JXOutboxSegment::adopt(folder_, number, requests, recovery);
+    auto segment = JXOutboxSegment::adopt(folder_, number, hosts, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     if (recovery.quarantined) report_.damaged(segment->path());

@@ -30,7 +30,8 @@ class JXOutboxSegments {
 
   /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each of their
   /// requests in order. Call it once, before anything else.
-  void adoptAll(const std::function<void(const JXOutboxEntry& request)>& adopted);
+  void adoptAll(JXOutboxHosts& hosts,
+                const std::function<void(const JXOutboxEntry& request)>& adopted);
 
   /// Appends a request to the current segment; starts a new one if it is full or its file was
   /// deleted. Returns the segment, or null on failure.
