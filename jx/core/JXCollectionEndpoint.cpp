@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXCollectionEndpoint.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -67,6 +68,30 @@ struct ConfiguredHost {
 };
 
 }  // namespace
+
+std::string_view endpointOf(std::string_view url) {
+  const std::size_t scheme = url.find("://");
+  if (scheme == std::string_view::npos || scheme > url.find_first_of("/?#")) return url;
+  return url.substr(0, url.find_first_of("/?#", scheme + 3));
+}
+
+std::string originOf(std::string_view url) {
+  std::string origin = lowerCase(endpointOf(url));
+  const std::size_t scheme = origin.find("://");
+  if (scheme == std::string::npos) return origin;
+  const std::size_t user = origin.rfind('@');
+  if (user != std::string::npos) origin.erase(scheme + 3, user + 1 - (scheme + 3));
+  const std::string_view defaultPort = startsWith(origin, kHttps)  ? ":443"
+                                       : startsWith(origin, kHttp) ? ":80"
+                                                                   : "";
+  for (const std::string_view port : {defaultPort, std::string_view(":")}) {
+    const std::size_t length = origin.size() - std::min(origin.size(), port.size());
+    if (!port.empty() && length > scheme + 3 && origin.compare(length, port.size(), port) == 0) {
+      origin.erase(length);
+    }
+  }
+  return origin;
+}
 
 std::string withoutCredentials(std::string_view text) {
   std::string safe;

@@ -22,6 +22,16 @@ struct JXCollectionEndpoint {
   static JXCollectionEndpoint from(const JXString& configured, const JXString& fallback);
 };
 
+/// Scheme of the URLs that are made with an invalid collection host: nothing is sent to them.
+inline constexpr std::string_view kJXInvalidScheme = "invalid://";
+
+/// Returns the beginning of `url` with scheme, host and port, without a path, query or fragment;
+/// the whole URL if it has no scheme.
+std::string_view endpointOf(std::string_view url);
+/// Returns the endpoint of `url` in the form that is the same for all URLs of one server: in lower
+/// case, without user information and without the default port of the scheme.
+std::string originOf(std::string_view url);
+
 /// Returns the URL, or the message that quotes one, with "***" instead of user name and password,
 /// for the log. Also replaces what only resembles them: all from the last quote, or the two slashes
 /// after it, to an "@".

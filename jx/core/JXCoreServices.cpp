@@ -197,7 +197,7 @@ void JXCoreServices::startTransfer() {
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
   outbox_ = std::make_shared<JXOutbox>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
-      configuration_.outboxBounds, clock_, erasures_, mayStore(),
+      configuration_.outboxBounds, clock_, erasures_, mayStore(), std::string(),
       storageFolder_.testString() ? "outbox" : "");
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;

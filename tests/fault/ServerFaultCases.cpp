@@ -150,7 +150,6 @@ std::vector<ServerFault> transientFaults() {
       retryAfterFault("Responds429WithSeconds", "3.04", "seconds", "120", 120s),
       retryAfterFault("Responds429WithADate", "3.05", "a date", "Mon, 21 Sep 2026 14:15:20 GMT",
                       1s),
-      statusFault(500, "3.06", "Internal Server Error"),
       statusFault(503, "3.07", "Service Unavailable"),
   };
   for (ServerFault& fault : faultsOfTrust())

@@ -44,6 +44,46 @@ TEST_P(TransientFault, DeliversEachEventOnceInNextProcess) {
 
 INSTANTIATE_TEST_SUITE_P(Server, TransientFault, ::testing::ValuesIn(transientFaults()), nameOf);
 
+// The server is available, so each event is sent once and then retried on its own schedule.
+TEST(ServerErrorFault, RetriesEachEventAfterItsOwnDelay) {
+  ServerScenario scenario;
+  JXTestAnswer failing;
+  failing.status = 500;
+  scenario.server.answerAll(failing);
+  scenario.startProcess();
+  for (const char* id : {"a", "b", "c"})
+    scenario.execute(id);
+  ASSERT_TRUE(scenario.waitForFailedAttempts(3));
+  int messages = 0;
+  for (const FailedAttempt& failed : scenario.failures.all()) {
+    EXPECT_EQ(failed.backoff, 60s);
+    EXPECT_NE(failed.reason.find("HTTP status 500"), std::string::npos) << failed.reason;
+    messages += failed.level <= 3 ? 1 : 0;
+  }
+  EXPECT_EQ(messages, 1);
+  const JXDeliveryCounters during = scenario.counters();
+  EXPECT_EQ(during.outbox.queued, 3u);
+  ASSERT_TRUE(scenario.advance(60s - 1ms));
+  EXPECT_EQ(scenario.counters().attempts, 3u);
+  scenario.server.answerAll({});
+  ASSERT_TRUE(scenario.advance(1ms));
+  EXPECT_TRUE(scenario.deliverAll());
+  const JXDeliveryCounters after = scenario.counters();
+  EXPECT_EQ(after.attempts, 6u);
+  EXPECT_EQ(after.outbox.delivered, 3u);
+  EXPECT_EQ(droppedOf(after.outbox), 0u);
+  const Texts bodies = scenario.server.bodies();
+  ASSERT_EQ(bodies.size(), 6u);
+  EXPECT_EQ(sorted(Texts(bodies.begin() + 3, bodies.end())),
+            (Texts{bodyOf("a"), bodyOf("b"), bodyOf("c")}));
+  writeFaultRow({"3.06", "500 Internal Server Error", "responded with 500",
+                 counted(during.attempts, "failed attempt", "failed attempts") + ", " +
+                     counted(static_cast<std::uint64_t>(messages), "log message", "log messages") +
+                     ", no attempt within 60 s; then the same process delivered each event once",
+                 after.outbox.delivered, during.outbox.queued, after.outbox.rejected,
+                 droppedOf(after.outbox)});
+}
+
 class RejectingFault : public ServerWithFault {
  protected:
   // Expects each event to be reported as rejected once and moved to the dead letters.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,14 +45,14 @@ const std::string& box() {
   return path;
 }
 
-// Creates one part of a file: any bytes, or a frame with any payload, a request, acknowledgements
-// or a dead letter.
+// Creates one part of a file: any bytes, or a frame with any payload, a request, acknowledgements,
+// failures or a dead letter.
 std::string piece(Input& input, const std::string& before) {
   const std::uint8_t kind = input.byte();
   const std::string text(input.bytes(input.byte()));
   const std::size_t urlLength = kind / 8u % (text.size() + 1);
   const std::string head = std::string("\0\0\0", 3) + littleEndian(urlLength, 4);
-  switch (kind % 8) {
+  switch (kind % 9) {
     case 0:
       return text;
     case 1:
@@ -67,6 +68,14 @@ std::string piece(Input& input, const std::string& before) {
     case 4:
       return frameOf("D" + head + littleEndian(input.number(2), 8) +
                      littleEndian(input.number(2), 4) + littleEndian(input.byte(), 4) + text);
+    case 5: {
+      const std::vector<FoundFrame> frames = framesIn(before);
+      const std::size_t offset =
+          frames.empty() ? 0 : frames[input.byte() % frames.size()].offset + input.byte() / 128u;
+      return frameOf(std::string("F\0", 2) + littleEndian(input.number(2), 2) +
+                     littleEndian(offset, 4) + littleEndian(input.number(4), 4) +
+                     littleEndian(input.number(8), 8) + littleEndian(input.number(8), 8) + text);
+    }
     default:
       return frameOf("Q" + head + littleEndian(input.number(8), 8) + text);
   }
@@ -158,30 +167,58 @@ void removeExpired(Requests& requests) {
   requests.erase(std::remove_if(requests.begin(), requests.end(), isExpired), requests.end());
 }
 
+// Returns whether the request was queued with an invalid collection host, to which nothing is sent.
+bool isHeld(const Request& request) {
+  constexpr std::string_view kScheme = "invalid://";
+  const auto isSame = [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b + 32 : b); };
+  return request.url.size() >= kScheme.size() &&
+         std::equal(kScheme.begin(), kScheme.end(), request.url.begin(), isSame);
+}
+
+// Takes all requests, those that failed in an earlier process after their longest delay.
+std::vector<JXOutboxRequest> takeAll(JXOutbox& outbox, JXManualClock& clock) {
+  std::vector<JXOutboxRequest> taken;
+  while (auto request = outbox.take())
+    taken.push_back(std::move(*request));
+  constexpr std::int64_t kDayMs = 86'400'000;
+  clock.advance(kDayMs);
+  while (auto request = outbox.take({0, JXOutboxPick::Order::Retry, 0}))
+    taken.push_back(std::move(*request));
+  clock.advance(-kDayMs);
+  std::sort(taken.begin(), taken.end(), [](const auto& a, const auto& b) { return a.id < b.id; });
+  return taken;
+}
+
 // Takes all requests and completes them as the input decides: delivered, rejected or requeued.
 void deliver(Input input, Requests& waiting, Requests& letters) {
-  JXOutbox outbox(box(), {}, std::make_shared<JXManualClock>(kNowMs));
+  const auto clock = std::make_shared<JXManualClock>(kNowMs);
+  JXOutbox outbox(box(), {}, clock);
   require(outbox.counters().queued == waiting.size(), "requests of earlier processes are counted");
-  std::vector<JXOutboxRequest> taken;
-  Requests found;
-  while (auto request = outbox.take()) {
-    found.push_back({0, request->createdMs, request->url, request->body, 0});
-    taken.push_back(std::move(*request));
-  }
-  requireSame(found, waiting, "the outbox returns every valid request of the files");
-  Requests left;
-  for (std::size_t i = 0; i < taken.size(); ++i) {
+  const std::vector<JXOutboxRequest> taken = takeAll(outbox, *clock);
+  Requests found, sent, left;
+  for (const JXOutboxRequest& request : taken)
+    found.push_back({0, request.createdMs, request.url, request.body, 0});
+  std::copy_if(waiting.begin(), waiting.end(), std::back_inserter(sent),
+               [](const Request& each) { return !isHeld(each); });
+  requireSame(found, sent, "the outbox returns every valid request of the files");
+  std::size_t i = 0;
+  for (const Request& each : waiting) {
+    if (isHeld(each)) {
+      left.push_back(each);
+      continue;
+    }
     const std::uint8_t decision = input.byte() % 4u;
     if (decision == 0) {
       outbox.markDelivered(taken[i].id);
     } else if (decision == 1) {
       outbox.moveToDeadLetters(taken[i].id, 400);
-      letters.push_back(waiting[i]);
+      letters.push_back(each);
       letters.back().status = 400;
     } else {
       outbox.requeue(taken[i].id);
-      left.push_back(waiting[i]);
+      left.push_back(each);
     }
+    ++i;
   }
   waiting = left;
   const auto id = outbox.add("https://host.example/events", "{}");

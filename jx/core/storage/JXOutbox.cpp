@@ -11,6 +11,8 @@
 namespace jx {
 namespace {
 
+using std::chrono::milliseconds;
+
 // Each step of the queue's repair writes a few dozen requests.
 constexpr int kMaxRepairStepsAtClose = 32;
 constexpr std::size_t kDropsPerCall = 32;
@@ -46,12 +48,12 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures,
-                   bool mayStore, const std::string& inner)
+                   bool mayStore, std::string currentEndpoint, const std::string& inner)
     : clock_(std::move(clock)),
       maxAge_(bounds.maxAge),
       report_("outbox " + pathOf(folder, inner), folderOf(pathOf(folder, inner))),
       segments_(folder, inner, bounds.maxBytes, report_, erasures.get()),
-      queue_(segments_, report_, bounds, clock_),
+      queue_(segments_, report_, bounds, clock_, std::move(currentEndpoint)),
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
       dead_(segments_.path(), bounds.maxDeadLetters, bounds.maxBytes, bounds.maxAge) {
@@ -90,11 +92,11 @@ std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_vie
   });
 }
 
-std::optional<JXOutboxRequest> JXOutbox::take(const std::vector<std::uint64_t>& except,
+std::optional<JXOutboxRequest> JXOutbox::take(const JXOutboxPick& pick,
                                               const JXSendFilter& filter) {
   return lockedWithoutExceptions([&] {
     checkErasures();
-    return queue_.take(except, filter);
+    return queue_.take(pick, filter);
   });
 }
 
@@ -104,6 +106,29 @@ std::uint16_t JXOutbox::mostStops(std::uint32_t source) {
 
 void JXOutbox::requeue(std::uint64_t id) {
   lockedWithoutExceptions([&] { queue_.requeue(id); });
+}
+
+void JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
+  lockedWithoutExceptions([&] { queue_.requeueFailed(id, failures); });
+}
+
+milliseconds JXOutbox::failedFor(std::uint64_t id) {
+  return lockedWithoutExceptions([&] { return queue_.failures().failedFor(id); });
+}
+
+std::optional<milliseconds> JXOutbox::nextRetryIn(std::uint32_t host, const JXSendFilter& filter) {
+  return lockedWithoutExceptions([&] { return queue_.failures().nextRetryIn(host, filter); });
+}
+
+void JXOutbox::shortenRetryDelays(milliseconds longest) {
+  lockedWithoutExceptions([&] { queue_.failures().shortenDelays(longest); });
+}
+
+std::vector<JXOutboxHost> JXOutbox::hosts() const {
+  return withoutExceptions([&] {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return queue_.hosts();
+  });
 }
 
 bool JXOutbox::markDelivered(std::uint64_t id) {

@@ -34,11 +34,13 @@ class JXOutbox {
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
   /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
   /// `erasures` reports when the folder is erased; null if it never is. If `mayStore` is false, the
-  /// folder is neither read nor written until `beginStoring`. If `inner` is not empty, the queue is
-  /// in this folder of the storage folder `folder`.
+  /// folder is neither read nor written until `beginStoring`. `currentEndpoint`, unless empty,
+  /// replaces scheme, host and port of the URL of each request that is taken; the stored URL stays.
+  /// If `inner` is not empty, the queue is in this folder of the storage folder `folder`.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
            std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr,
-           bool mayStore = true, const std::string& inner = std::string());
+           bool mayStore = true, std::string currentEndpoint = {},
+           const std::string& inner = std::string());
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;
@@ -58,17 +60,30 @@ class JXOutbox {
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
                                    const JXRequestOrigin& origin, bool awaitsDecision);
 
-  /// Marks the oldest request that is neither in flight nor in `except`, and that `filter` allows,
-  /// as in flight and returns it; nullopt when there is none. A request that can no longer be read
-  /// is counted as a storage error and skipped. The limits do not drop a request in flight; a purge
-  /// does, and acknowledging it is then ignored.
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except = {},
+  /// Marks the request that `pick` chooses among those that are queued and that `filter` allows as
+  /// in flight and returns it; nullopt when there is none. By default, the oldest one without a
+  /// server error. A request that was queued with an invalid collection host is not returned. A
+  /// request that can no longer be read is counted as a storage error and skipped. The limits do
+  /// not drop a request in flight; a purge does, and acknowledging it is then ignored.
+  std::optional<JXOutboxRequest> take(const JXOutboxPick& pick = {},
                                       const JXSendFilter& filter = {});
+  /// Returns the hosts that requests are queued for, and some that requests were queued for.
+  std::vector<JXOutboxHost> hosts() const;
   /// Returns the largest number of stops stored with a queued request of this source.
   std::uint16_t mostStops(std::uint32_t source);
   /// Returns a request in flight to the queue, at its original position, or drops it when it
   /// exceeds the limits. Ignores any other ID.
   void requeue(std::uint64_t id);
+  /// Same, after a server error: the request is retried `failures.delay` later. The failures are
+  /// stored, and a later process continues with them; the times are set here.
+  void requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
+  /// Returns the time since the first server error of a request; 0 if it is not known.
+  std::chrono::milliseconds failedFor(std::uint64_t id);
+  /// Returns the time until the next retry of a failed request of this host; nullopt if none waits.
+  std::optional<std::chrono::milliseconds> nextRetryIn(std::uint32_t host,
+                                                       const JXSendFilter& filter);
+  /// Shortens the delays that the server did not request to `longest`, in this process.
+  void shortenRetryDelays(std::chrono::milliseconds longest);
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
   /// was dropped in the meantime.
   bool markDelivered(std::uint64_t id);

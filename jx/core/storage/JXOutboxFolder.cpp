@@ -40,9 +40,11 @@ void purgeSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOutboxP
                   std::string& error) {
   const std::string path = folder.folder->pathOf(JXOutboxSegment::nameOf(number));
   JXOpenSegments open;
+  JXOutboxHosts hosts;
   std::vector<JXOutboxEntry> requests;
   JXJournal::Recovery recovery;
-  if (const auto segment = JXOutboxSegment::adopt(folder, number, open, requests, recovery)) {
+  if (const auto segment =
+          JXOutboxSegment::adopt(folder, number, open, hosts, requests, recovery)) {
     if (succeeded(segment->remove(), "delete " + path, error)) purge.removed += requests.size();
     return;
   }

@@ -22,6 +22,8 @@ JXOutboxEntry& JXOutboxIndex::push(JXOutboxEntry entry) {
   ++nextId_;
   ++count_;
   bytes_ += entry.bytes;
+  hosts_.added(entry.host);
+  if (entry.hasFailed) ++hosts_.at(entry.host).failed;
   return entries_.back();
 }
 
@@ -33,27 +35,72 @@ JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
 
 JXOutboxEntry* JXOutboxIndex::oldest() { return entries_.empty() ? nullptr : &entries_.front(); }
 
-JXOutboxEntry* JXOutboxIndex::nextQueued(const std::vector<std::uint64_t>& except,
-                                         const JXSendFilter& filter) {
+JXOutboxEntry* JXOutboxIndex::next(const JXOutboxPick& pick, const JXSendFilter& filter) {
+  if (pick.order == JXOutboxPick::Order::Newest) return newestNew(pick.host, filter);
+  if (pick.order == JXOutboxPick::Order::Random) return randomNew(pick.host, filter, pick.draw);
+  return oldestNew(pick.host, filter);
+}
+
+bool JXOutboxIndex::maySend(const JXOutboxEntry& entry, std::uint32_t host,
+                            const JXSendFilter& filter) const {
+  const JXOutboxHosts::Host& its = hosts_.all()[entry.host];
+  return entry.state == State::Queued && (host == 0 ? its.isValid : its.id == host) &&
+         filter.allows(entry);
+}
+
+JXOutboxEntry* JXOutboxIndex::oldestNew(std::uint32_t host, const JXSendFilter& filter) {
+  JXOutboxHosts::Host* const known = hosts_.find(host);
   bool foundQueued = false;
-  for (auto entry = from(firstQueued_); entry != entries_.end(); ++entry) {
-    if (entry->state != State::Queued) continue;
+  for (auto entry = from(known != nullptr ? known->firstNew : 0); entry != entries_.end();
+       ++entry) {
+    if (entry->state != State::Queued || entry->hasFailed) continue;
+    if (known != nullptr && &hosts_.at(entry->host) != known) continue;
     // The first queued entry, even if it must not be sent now.
-    if (!foundQueued) firstQueued_ = entry->id;
+    if (!foundQueued && known != nullptr) known->firstNew = entry->id;
     foundQueued = true;
-    if (!filter.allows(*entry)) continue;
-    if (std::find(except.begin(), except.end(), entry->id) == except.end()) return &*entry;
+    if (maySend(*entry, host, filter)) return &*entry;
   }
-  if (!foundQueued) firstQueued_ = nextId_;
+  if (!foundQueued && known != nullptr) known->firstNew = nextId_;
   return nullptr;
 }
 
-void JXOutboxIndex::markQueued(std::uint64_t id) { firstQueued_ = std::min(firstQueued_, id); }
+JXOutboxEntry* JXOutboxIndex::newestNew(std::uint32_t host, const JXSendFilter& filter) {
+  const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const auto& each) {
+    return !each.hasFailed && maySend(each, host, filter);
+  });
+  return found != entries_.rend() ? &*found : nullptr;
+}
+
+JXOutboxEntry* JXOutboxIndex::randomNew(std::uint32_t host, const JXSendFilter& filter,
+                                        double draw) {
+  const auto isChoice = [&](const JXOutboxEntry& each) {
+    return !each.hasFailed && maySend(each, host, filter);
+  };
+  const auto choices = std::count_if(entries_.begin(), entries_.end(), isChoice);
+  if (choices == 0) return nullptr;
+  auto left = static_cast<std::ptrdiff_t>(draw * static_cast<double>(choices));
+  left = std::clamp<std::ptrdiff_t>(left, 0, choices - 1);
+  return &*std::find_if(entries_.begin(), entries_.end(),
+                        [&](const auto& each) { return isChoice(each) && left-- == 0; });
+}
+
+void JXOutboxIndex::requeue(JXOutboxEntry& entry) {
+  entry.state = State::Queued;
+  JXOutboxHosts::Host& host = hosts_.at(entry.host);
+  if (!entry.hasFailed) host.firstNew = std::min(host.firstNew, entry.id);
+}
+
+void JXOutboxIndex::markFailed(JXOutboxEntry& entry) {
+  if (!entry.hasFailed) ++hosts_.at(entry.host).failed;
+  entry.hasFailed = true;
+}
 
 void JXOutboxIndex::remove(JXOutboxEntry& entry) {
   entry.state = State::Gone;
   --count_;
   bytes_ -= entry.bytes;
+  if (entry.hasFailed) --hosts_.at(entry.host).failed;
+  hosts_.removed(entry.host);
   const auto isGone = [](const JXOutboxEntry& each) { return each.state == State::Gone; };
   while (!entries_.empty() && isGone(entries_.front()))
     entries_.pop_front();

@@ -7,6 +7,7 @@
 #include <deque>
 #include <vector>
 
+#include "jx/core/storage/JXOutboxHosts.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 
 namespace jx {
@@ -33,6 +34,8 @@ struct JXOutboxEntry {
   JXRequestOrigin origin;
   std::int16_t status = 0;  ///< the HTTP status that rejected it
   State state = State::Queued;
+  std::uint8_t host = 0;          ///< its slot in JXOutboxHosts
+  bool hasFailed = false;         ///< received a server error; see JXRequestFailures
   bool hasWaitingMarker = false;  ///< was executed while waiting for consent
   /// Left by an earlier process, or by a ServerSide that has not been enabled since it started
   /// disabled.
@@ -40,21 +43,38 @@ struct JXOutboxEntry {
 };
 static_assert(sizeof(JXOutboxEntry) <= 48, "a TV keeps up to 10,000 of these in memory");
 
+/// Which request an outbox returns to be sent.
+struct JXOutboxPick {
+  /// All but Retry choose among the requests without a server error. Retry chooses, among those
+  /// whose delay is over, the one that has waited longest.
+  enum class Order : std::uint8_t { Oldest, Newest, Random, Retry };
+
+  std::uint32_t host = 0;  ///< ID of the host; 0: any host
+  Order order = Order::Oldest;
+  double draw = 0;  ///< in [0, 1), for Random
+};
+
 /// The requests of an outbox in order, oldest first. Not synchronised. Pointers to entries are
 /// valid until the next `push` or `remove`.
 class JXOutboxIndex {
  public:
+  explicit JXOutboxIndex(JXOutboxHosts& hosts) : hosts_(hosts) {}
+
   /// Appends a request and assigns its ID.
   JXOutboxEntry& push(JXOutboxEntry entry);
   /// Returns the request with this ID, or null.
   JXOutboxEntry* find(std::uint64_t id);
   /// Returns the oldest request, or null.
   JXOutboxEntry* oldest();
-  /// Returns the oldest request that is neither in flight nor rejected nor in `except` and that
+  /// Returns the queued request without a server error that `pick` chooses among those that
   /// `filter` allows, or null.
-  JXOutboxEntry* nextQueued(const std::vector<std::uint64_t>& except, const JXSendFilter& filter);
-  /// Call this when the state of a request changes back to Queued.
-  void markQueued(std::uint64_t id);
+  JXOutboxEntry* next(const JXOutboxPick& pick, const JXSendFilter& filter);
+  /// Returns whether a request is queued for this host, which may be 0 for any, and allowed.
+  bool maySend(const JXOutboxEntry& entry, std::uint32_t host, const JXSendFilter& filter) const;
+  /// Changes the state of a request back to Queued.
+  void requeue(JXOutboxEntry& entry);
+  /// Records that a request received a server error.
+  void markFailed(JXOutboxEntry& entry);
   void remove(JXOutboxEntry& entry);
 
   /// Calls `visit` for each request, oldest first, until it returns false.
@@ -72,10 +92,13 @@ class JXOutboxIndex {
 
  private:
   std::deque<JXOutboxEntry>::iterator from(std::uint64_t id);
+  JXOutboxEntry* oldestNew(std::uint32_t host, const JXSendFilter& filter);
+  JXOutboxEntry* newestNew(std::uint32_t host, const JXSendFilter& filter);
+  JXOutboxEntry* randomNew(std::uint32_t host, const JXSendFilter& filter, double draw);
 
+  JXOutboxHosts& hosts_;
   std::deque<JXOutboxEntry> entries_;  ///< by ID; entries that are Gone are erased in batches
   std::uint64_t nextId_ = 1;
-  std::uint64_t firstQueued_ = 1;  ///< no request with a lower ID is queued
   std::size_t count_ = 0;
   std::uint64_t bytes_ = 0;
 };

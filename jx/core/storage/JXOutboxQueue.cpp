@@ -27,14 +27,21 @@ static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason:
 }  // namespace
 
 JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report,
-                             const JXOutboxBounds& bounds, std::shared_ptr<const JXClock> clock)
-    : segments_(segments), report_(report), bounds_(bounds), clock_(std::move(clock)) {
+                             const JXOutboxBounds& bounds, std::shared_ptr<const JXClock> clock,
+                             std::string currentEndpoint)
+    : segments_(segments),
+      report_(report),
+      bounds_(bounds),
+      clock_(std::move(clock)),
+      hosts_(std::move(currentEndpoint)),
+      failures_(index_, clock_) {
   segments_.beforeRemoval = [this](JXOutboxSegment& segment) { drops_.readAll(segment); };
 }
 
 void JXOutboxQueue::adopt() {
-  segments_.adoptAll([&](const JXOutboxEntry& request) {
-    index_.push(request);
+  segments_.adoptAll(hosts_, [&](const JXOutboxEntry& request) {
+    const std::uint64_t id = index_.push(request).id;
+    if (request.hasFailed) failures_.adopt(id, request.segment->adoptedFailures(request.offset));
     updateOldest(request.createdMs);
   });
 }
@@ -57,6 +64,8 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   if (entry.segment == nullptr && !keepInMemory(url, body)) {
     return rejectRequest(body, JXDropReason::NoStorage);
   }
+  // After an eviction, which may free a slot.
+  entry.host = hosts_.slotOf(url);
   const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
   updateOldest(entry.createdMs);
@@ -153,6 +162,7 @@ void JXOutboxQueue::release(JXOutboxEntry& entry) {
     rejectedBytes_ -= entry.bytes;
     rejected_.erase(std::find(rejected_.begin(), rejected_.end(), entry.id));
   }
+  failures_.remove(entry.id);
   if (entry.segment == nullptr) {
     memory_.erase(entry.id);
   } else {
@@ -170,14 +180,20 @@ void JXOutboxQueue::finishModifiedSegments() {
   modified_.clear();
 }
 
-std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64_t>& except,
+std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
                                                    const JXSendFilter& filter) {
   applyPurgeMarks();
-  while (JXOutboxEntry* entry = index_.nextQueued(except, filter)) {
+  const auto next = [&] {
+    return pick.order == JXOutboxPick::Order::Retry ? failures_.nextRetry(pick.host, filter)
+                                                    : index_.next(pick, filter);
+  };
+  while (JXOutboxEntry* entry = next()) {
     JXOutboxRequest request;
     const int error = readRestored(*entry, request);
     if (error == 0) {
       entry->state = State::InFlight;
+      request.url = hosts_.targetOf(request.url);
+      if (entry->hasFailed) request.failures = failures_.of(entry->id);
       return request;
     }
     // Its file cannot be restored now, for example because the disk is full.
@@ -185,6 +201,12 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const std::vector<std::uint64
     dropUnreadable(*entry, error);
   }
   return std::nullopt;
+}
+
+void JXOutboxQueue::writeFailures(const JXOutboxEntry& entry) {
+  if (entry.segment == nullptr || !entry.hasFailed) return;
+  const int error = entry.segment->writeFailures(entry.offset, failures_.of(entry.id));
+  if (error != 0) report_.failed("append the failures of a request", error);
 }
 
 std::uint16_t JXOutboxQueue::mostStops(std::uint32_t source) {
@@ -230,6 +252,7 @@ int JXOutboxQueue::readRestored(const JXOutboxEntry& entry, JXOutboxRequest& req
 void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
   report_.failed("read a request", error);
   if (error != EBADMSG) {
+    failures_.remove(entry.id);
     index_.remove(entry);
     return;
   }
@@ -260,14 +283,22 @@ void JXOutboxQueue::applyPurgeMarks() {
 void JXOutboxQueue::requeue(std::uint64_t id) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state != State::InFlight) return;
-  entry->state = State::Queued;
-  index_.markQueued(id);
+  index_.requeue(*entry);
   if (entry->segment == nullptr && memory_.size() > bounds_.maxInMemory) {
     drop(*entry, JXDropReason::NoStorage);
   } else {
     updateOldest(entry->createdMs);
   }
   dropOverLimits(clock_->nowMs());
+}
+
+void JXOutboxQueue::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
+  JXOutboxEntry* const entry = index_.find(id);
+  if (entry == nullptr || entry->state != State::InFlight) return;
+  failures_.record(id, failures);
+  index_.markFailed(*entry);
+  writeFailures(*entry);
+  requeue(id);
 }
 
 bool JXOutboxQueue::markDelivered(std::uint64_t id) {
@@ -354,6 +385,7 @@ bool JXOutboxQueue::moveSomeOfObsolete() {
     modified_.push_back(obsolete);
     entry.segment = segment;
     entry.offset = offset;
+    writeFailures(entry);
   }
   finishModifiedSegments();
   return true;
@@ -367,6 +399,7 @@ bool JXOutboxQueue::writeSomeOfMemory() {
                                      entry.origin, entry.offset);
     if (entry.segment == nullptr) return false;
     memory_.erase(oldest);
+    writeFailures(entry);
   }
   return true;
 }

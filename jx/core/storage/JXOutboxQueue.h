@@ -13,6 +13,8 @@
 
 #include "jx/core/JXOutboxBounds.h"
 #include "jx/core/storage/JXOutboxDrops.h"
+#include "jx/core/storage/JXOutboxFailures.h"
+#include "jx/core/storage/JXOutboxHosts.h"
 #include "jx/core/storage/JXOutboxIndex.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXOutboxSegments.h"
@@ -35,7 +37,7 @@ class JXOutboxQueue {
 
   /// `report` and `segments` must outlive this object.
   JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report, const JXOutboxBounds& bounds,
-                std::shared_ptr<const JXClock> clock);
+                std::shared_ptr<const JXClock> clock, std::string currentEndpoint);
   ~JXOutboxQueue() { segments_.beforeRemoval = nullptr; }
   JXOutboxQueue(const JXOutboxQueue&) = delete;
   JXOutboxQueue& operator=(const JXOutboxQueue&) = delete;
@@ -46,10 +48,12 @@ class JXOutboxQueue {
                                    const JXRequestOrigin& origin, bool awaitsDecision);
   /// Counts and records a request that is not added.
   std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
-  std::optional<JXOutboxRequest> take(const std::vector<std::uint64_t>& except,
-                                      const JXSendFilter& filter);
+  std::optional<JXOutboxRequest> take(const JXOutboxPick& pick, const JXSendFilter& filter);
+  std::vector<JXOutboxHost> hosts() const { return hosts_.sendable(); }
   std::uint16_t mostStops(std::uint32_t source);
   void requeue(std::uint64_t id);
+  void requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
+  JXOutboxFailures& failures() { return failures_; }
   /// Drops the requests that another process marked for purging.
   void applyPurgeMarks();
   /// Drops the requests that exceed the maximum age.
@@ -97,13 +101,16 @@ class JXOutboxQueue {
   int readRestored(const JXOutboxEntry& entry, JXOutboxRequest& request);
   void dropUnreadable(JXOutboxEntry& entry, int error);
   bool moveSomeOfObsolete();
+  void writeFailures(const JXOutboxEntry& entry);
   bool writeSomeOfMemory();
 
   JXOutboxSegments& segments_;
   JXStorageReport& report_;
   const JXOutboxBounds bounds_;
   const std::shared_ptr<const JXClock> clock_;
-  JXOutboxIndex index_;
+  JXOutboxHosts hosts_;
+  JXOutboxIndex index_{hosts_};
+  JXOutboxFailures failures_;
   std::map<std::uint64_t, StoredInMemory> memory_;  ///< by ID: requests not yet in a file
   std::vector<std::uint64_t> rejected_;             ///< IDs, in the order of rejection
   std::vector<JXOutboxSegment*> modified_;          ///< have acknowledgements to write

@@ -38,6 +38,16 @@ JXRequestOrigin decodeOrigin(std::string_view payload) {
   return origin;
 }
 
+void decodeFailures(std::string_view payload, JXOutboxRecord& record) {
+  record.kind = JXRecordKind::Failures;
+  record.failed = getU32(payload.data() + 4);
+  record.failures.hasRetryAfter = payload[1] != 0;
+  record.failures.count = static_cast<std::uint16_t>(getU32(payload.data()) >> 16);
+  record.failures.delay = std::chrono::milliseconds(getU32(payload.data() + 8));
+  record.failures.firstMs = static_cast<std::int64_t>(getU64(payload.data() + 12));
+  record.failures.lastMs = static_cast<std::int64_t>(getU64(payload.data() + 20));
+}
+
 }  // namespace
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
@@ -52,6 +62,8 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
     record.kind = kind;
     record.status = static_cast<int>(getU32(payload.data() + 16));
     record.keep = getU32(payload.data() + 20);
+  } else if (kind == JXRecordKind::Failures) {
+    if (payload.size() >= kJXFailuresSize) decodeFailures(payload, record);
   } else if (kind == JXRecordKind::Acknowledgement) {
     record.kind = kind;
     for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {
@@ -83,6 +95,19 @@ std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets) {
   payload[0] = static_cast<char>(JXRecordKind::Acknowledgement);
   for (std::size_t i = 0; i < offsets.size(); ++i)
     putU32(payload.data() + kJXAcknowledgementHeadSize + 4 * i, offsets[i]);
+  return payload;
+}
+
+std::string encodeFailures(std::uint32_t offset, const JXRequestFailures& failures) {
+  std::string payload(kJXFailuresSize, '\0');
+  payload[0] = static_cast<char>(JXRecordKind::Failures);
+  payload[1] = failures.hasRetryAfter ? 1 : 0;
+  payload[2] = static_cast<char>(failures.count);
+  payload[3] = static_cast<char>(failures.count >> 8);
+  putU32(payload.data() + 4, offset);
+  putU32(payload.data() + 8, static_cast<std::uint32_t>(failures.delay.count()));
+  putU64(payload.data() + 12, static_cast<std::uint64_t>(failures.firstMs));
+  putU64(payload.data() + 20, static_cast<std::uint64_t>(failures.lastMs));
   return payload;
 }
 

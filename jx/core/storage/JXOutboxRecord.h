@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -11,12 +12,22 @@
 
 namespace jx {
 
+/// The server errors of a request so far. It is retried `delay` after the last one.
+struct JXRequestFailures {
+  std::uint16_t count = 0;
+  bool hasRetryAfter = false;  ///< the server requested the delay, so a flush does not shorten it
+  std::chrono::milliseconds delay{0};
+  std::int64_t firstMs = 0;
+  std::int64_t lastMs = 0;
+};
+
 /// A queued request.
 struct JXOutboxRequest {
   std::uint64_t id = 0;  ///< identifies the request in this process only
   std::int64_t createdMs = 0;
   std::string url;
   std::string body;
+  JXRequestFailures failures;
 };
 
 /// How the ServerSide that executed a request decides whether its requests may be sent. The values
@@ -37,15 +48,24 @@ struct JXRequestOrigin {
 
 // The payloads of an outbox's frames. A request: kind, policy, number of stops (2 bytes), length of
 // the URL, creation time, URL, body. An acknowledgement: kind, then the offsets of the acknowledged
-// requests in the same file. A dead letter: as a request without policy and stops, with the HTTP
-// status and the number of dead letters to keep.
+// requests in the same file. Failures: kind, whether there was a Retry-After, number of failures (2
+// bytes), offset of the request in the same file, delay in milliseconds (4 bytes), times of the
+// first and the last failure; the last such frame of a request applies. A dead letter: as a request
+// without policy and stops, with the HTTP status and the number of dead letters to keep.
 
 constexpr std::size_t kJXRequestHeadSize = 16;
 constexpr std::size_t kJXDeadLetterHeadSize = 24;
 constexpr std::size_t kJXAcknowledgementHeadSize = 4;
+constexpr std::size_t kJXFailuresSize = 28;
 
 /// The first byte of a payload.
-enum class JXRecordKind : char { Unknown, Request = 'Q', Acknowledgement = 'S', DeadLetter = 'D' };
+enum class JXRecordKind : char {
+  Unknown,
+  Request = 'Q',
+  Acknowledgement = 'S',
+  Failures = 'F',
+  DeadLetter = 'D'
+};
 
 /// A decoded frame; the string views are valid as long as the payload.
 struct JXOutboxRecord {
@@ -55,11 +75,13 @@ struct JXOutboxRecord {
   std::string_view url;
   std::string_view body;
   std::vector<std::uint32_t> acknowledged;  ///< offsets of requests in the same file
+  JXRequestFailures failures;
+  std::uint32_t failed = 0;  ///< offset of the request that `failures` belong to
   int status = 0;
   std::uint32_t keep = 0;
 };
 
-/// Decodes a payload. The kind is Unknown when the payload is none of the three.
+/// Decodes a payload. The kind is Unknown when the payload is none of the four.
 JXOutboxRecord decodeRecord(std::string_view payload);
 
 /// The beginning of a payload, followed by the URL and the body.
@@ -71,5 +93,7 @@ JXDeadLetterHead encodeDeadLetterHead(std::string_view url, std::int64_t created
                                       std::uint32_t keep);
 /// Returns the payload of an acknowledgement.
 std::string encodeAcknowledgement(const std::vector<std::uint32_t>& offsets);
+/// Returns the payload with the failures of the request at `offset`.
+std::string encodeFailures(std::uint32_t offset, const JXRequestFailures& failures);
 
 }  // namespace jx

@@ -24,14 +24,21 @@ void removeIf(std::vector<Request>& requests, const Condition& condition) {
 }
 
 // Calls `read` with a function to be called for each frame. Returns what `make` returns for each
-// request that is not acknowledged.
+// request that is not acknowledged. `failures`, if not null, receives those of the requests, by
+// offset.
 template <typename Request, typename Read, typename Make>
-std::vector<Request> unacknowledged(const Read& read, const Make& make) {
+std::vector<Request> unacknowledged(
+    const Read& read, const Make& make,
+    std::map<std::uint32_t, JXRequestFailures>* failures = nullptr) {
   std::vector<Request> requests;
   std::vector<std::uint32_t> acknowledged;
   read([&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Request) requests.push_back(make(frame, record));
+    if (record.kind == JXRecordKind::Failures && failures != nullptr &&
+        record.failed < frame.offset) {
+      (*failures)[record.failed] = record.failures;
+    }
     // An acknowledgement follows the requests that it names. Ignores later offsets: such a frame
     // was not written by this class and must not acknowledge a request that is appended there
     // later.
@@ -136,6 +143,7 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::create(const JXSegmentFolder& 
 
 std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const JXSegmentFolder& folder,
                                                         std::uint64_t number, JXOpenSegments& open,
+                                                        JXOutboxHosts& hosts,
                                                         std::vector<JXOutboxEntry>& requests,
                                                         JXJournal::Recovery& recovery) {
   recovery = {};
@@ -155,29 +163,33 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const JXSegmentFolder& f
   file.unlock();
   std::unique_ptr<JXOutboxSegment> segment(
       new JXOutboxSegment(folder, number, open, std::move(file)));
-  recovery = segment->recover(requests);
+  recovery = segment->recover(hosts, requests);
   return segment;
 }
 
-JXJournal::Recovery JXOutboxSegment::recover(std::vector<JXOutboxEntry>& requests) {
+JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts,
+                                             std::vector<JXOutboxEntry>& requests) {
   JXJournal::Recovery recovery;
   const auto read = [&](const JXJournal::Visit& visit) {
     recovery = journal_.recover(JXJournal::Writers::One, visit);
   };
-  requests =
-      unacknowledged<JXOutboxEntry>(read, [&](const JXFrame& frame, const JXOutboxRecord& record) {
-        ++requests_;
-        JXOutboxEntry entry;
-        entry.createdMs = record.createdMs;
-        entry.segment = this;
-        entry.offset = static_cast<std::uint32_t>(frame.offset);
-        entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
-        entry.source = JXSendFilter::sourceOf(record.url);
-        entry.origin = record.origin;
-        entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(record.body);
-        entry.awaitsDecision = true;
-        return entry;
-      });
+  const auto makeEntry = [&](const JXFrame& frame, const JXOutboxRecord& record) {
+    ++requests_;
+    JXOutboxEntry entry;
+    entry.createdMs = record.createdMs;
+    entry.segment = this;
+    entry.offset = static_cast<std::uint32_t>(frame.offset);
+    entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
+    entry.source = JXSendFilter::sourceOf(record.url);
+    entry.origin = record.origin;
+    entry.host = hosts.slotOf(record.url);
+    entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(record.body);
+    entry.awaitsDecision = true;
+    return entry;
+  };
+  requests = unacknowledged<JXOutboxEntry>(read, makeEntry, &failures_);
+  for (JXOutboxEntry& entry : requests)
+    entry.hasFailed = failures_.count(entry.offset) != 0;
   live_ = requests.size();
   dropPurged(requests);
   // The process that wrote it may have been killed before the sync.
@@ -300,6 +312,19 @@ int JXOutboxSegment::append(std::string_view url, std::string_view body, std::in
   ++requests_;
   dirty = true;
   return 0;
+}
+
+int JXOutboxSegment::writeFailures(std::uint32_t offset, const JXRequestFailures& failures) {
+  int error = ensureOpen();
+  if (error == 0) error = journal_.append({encodeFailures(offset, failures)}, nullptr);
+  if (error == 0) dirty = true;
+  return error;
+}
+
+const JXRequestFailures& JXOutboxSegment::adoptedFailures(std::uint32_t offset) const {
+  static const JXRequestFailures none;
+  const auto found = failures_.find(offset);
+  return found != failures_.end() ? found->second : none;
 }
 
 int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string& payload) {

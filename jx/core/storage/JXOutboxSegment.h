@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -64,7 +65,7 @@ class JXOutboxSegment {
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
   static std::unique_ptr<JXOutboxSegment> adopt(const JXSegmentFolder& folder, std::uint64_t number,
-                                                JXOpenSegments& open,
+                                                JXOpenSegments& open, JXOutboxHosts& hosts,
                                                 std::vector<JXOutboxEntry>& requests,
                                                 JXJournal::Recovery& recovery);
   ~JXOutboxSegment();
@@ -82,6 +83,10 @@ class JXOutboxSegment {
   /// Appends a request; `offset` receives the position of its frame.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
              const JXRequestOrigin& origin, std::uint32_t& offset);
+  /// Records the failures of a request.
+  int writeFailures(std::uint32_t offset, const JXRequestFailures& failures);
+  /// Returns the failures of a request that `adopt` found.
+  const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload);
   /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
@@ -127,7 +132,7 @@ class JXOutboxSegment {
   JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open,
                   JXFile file);
 
-  JXJournal::Recovery recover(std::vector<JXOutboxEntry>& requests);
+  JXJournal::Recovery recover(JXOutboxHosts& hosts, std::vector<JXOutboxEntry>& requests);
   int ensureOpen();
   int moveFile(const JXFolder& folder, const std::string& name);
   int copyTo(JXFile& file);
@@ -143,7 +148,8 @@ class JXOutboxSegment {
   void* mapped_ = nullptr;  ///< keeps the content of a closed file that may be deleted
   std::size_t mappedSize_ = 0;
   std::size_t live_ = 0;
-  std::size_t requests_ = 0;              ///< acknowledged ones too
+  std::size_t requests_ = 0;                             ///< acknowledged ones too
+  std::map<std::uint32_t, JXRequestFailures> failures_;  ///< found by `adopt`, by offset
   std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
 };
 

@@ -46,12 +46,13 @@ int JXOutboxSegments::ensureFolder() {
   return error;
 }
 
-void JXOutboxSegments::adoptAll(const std::function<void(const JXOutboxEntry&)>& adopted) {
+void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
+                                const std::function<void(const JXOutboxEntry&)>& adopted) {
   const std::vector<std::uint64_t> numbers = numbersToAdopt();
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
-    auto segment = JXOutboxSegment::adopt(opened_, number, open_, requests, recovery);
+    auto segment = JXOutboxSegment::adopt(opened_, number, open_, hosts, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     if (recovery.quarantined) report_.damaged(segment->path());

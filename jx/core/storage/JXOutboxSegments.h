@@ -34,7 +34,8 @@ class JXOutboxSegments {
   /// requests in order. Files that no process of the library can have written, and the oldest ones
   /// beyond what is read at a start, are renamed to quarantine files unread. Call it once, before
   /// anything else.
-  void adoptAll(const std::function<void(const JXOutboxEntry& request)>& adopted);
+  void adoptAll(JXOutboxHosts& hosts,
+                const std::function<void(const JXOutboxEntry& request)>& adopted);
 
   /// Appends a request to the current segment; starts a new one if it is full. If the folder or the
   /// file was deleted, renamed or replaced, moves all segments back first. Returns the segment, or

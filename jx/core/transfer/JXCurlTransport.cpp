@@ -26,7 +26,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr long kMaxConnections = 4;
+constexpr long kMaxConnectionsToHost = 4;
+// One for each request in flight, so that no host waits for another.
+constexpr long kMaxConnections = 8;
 
 void initialiseCurlOnce() {
   static std::once_flag once;
@@ -187,6 +189,7 @@ class JXCurlTransport::Implementation {
     CURLM* const multi = curl_multi_init();
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+    curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, kMaxConnectionsToHost);
     curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, kMaxConnections);
     return multi;
   }

@@ -26,8 +26,8 @@ struct JXHttpOptions {
 
 /// HTTP transport based on libcurl. Uses HTTPS with TLS 1.2 or later and verifies certificate and
 /// host name. Plain HTTP is allowed only to the device itself; such requests use no proxy.
-/// Redirects are not followed. At most four connections are kept and reused; with HTTP/2 one serves
-/// all.
+/// Redirects are not followed. At most eight connections are kept and reused; with HTTP/2 one
+/// serves all.
 ///
 /// Reads at most 64 KiB of a response and discards the body. A response is valid as soon as its
 /// status and headers are complete, even when the body then fails.

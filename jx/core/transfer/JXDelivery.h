@@ -16,10 +16,12 @@ namespace jx {
 struct JX_API JXRetryTimings {
   /// Longest backoff after the first failed attempt, in milliseconds. It doubles with each further
   /// failure up to `maxBackoff`; the actual backoff is a random part of it (full jitter). Default:
-  /// 1 second. Limits: 0 to 365 days.
+  /// 1 second. Limits: 0 to 365 days. A request that received a 5xx other than 503 is retried after
+  /// 60 times this value.
   std::chrono::milliseconds initialBackoff{1'000};
   /// Longest backoff that the library chooses, in milliseconds; a Retry-After of the server may be
-  /// longer. Default: 5 minutes. Limits: 0 to 365 days.
+  /// longer. Default: 5 minutes. Limits: 0 to 365 days. A request that repeatedly receives a 5xx
+  /// other than 503 waits up to 96 times this value.
   std::chrono::milliseconds maxBackoff{300'000};
   /// Longest Retry-After that is honoured, in milliseconds; a longer one is shortened to it.
   /// Default: 24 hours. Limits: 0 (ignores Retry-After) to 365 days.

@@ -26,9 +26,9 @@ struct JX_API JXHttpRequest {
 
 /// Result of one attempt to send a request.
 struct JX_API JXAttemptResult {
-  /// Status of the HTTP response; 0 without a response. 2xx means delivered. The request is retried
-  /// without a response and for 408, 425, 429 and 5xx; it is rejected for any other status. A value
-  /// below 100 counts as 0.
+  /// Status of the HTTP response; 0 without a response. 2xx means delivered. Without a response and
+  /// for 408, 425, 429 and 503, the host backs off; for any other 5xx, only the request waits. It
+  /// is rejected for any other status. A value below 100 counts as 0.
   int status = 0;
   /// True rejects the request, because it can never be sent, for example because of its URL.
   bool neverSendable = false;
@@ -52,7 +52,8 @@ struct JX_API JXHttpResult {
 /// Sends HTTP requests for the transfer thread. The built-in transport uses libcurl; an application
 /// or a test replaces it with `JXCoreConfiguration::transport`.
 ///
-/// The library uses one transport per process and at most four requests at a time. `start`, `poll`
+/// The library uses one transport per process, with at most eight requests at a time and at most
+/// four to one host. A host must not wait for another: start all eight at once. `start`, `poll`
 /// and `abortAll` are called on the transfer thread only, never two at once; `wakeUp` is called on
 /// any thread, also during the others. No lock of the library is locked during `start`, `poll` and
 /// `abortAll`. They may call any operation of the library; JXNetworkManager::flush does not wait

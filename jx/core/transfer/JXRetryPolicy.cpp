@@ -48,8 +48,9 @@ JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept {
   // A status below 200 is interim: the final response was not received.
   if (status < 200) return JXResponseClass::Retry;
   if (status < 300) return JXResponseClass::Delivered;
-  if (status == 408 || status == 425 || status == 429) return JXResponseClass::Retry;
-  return status >= 500 && status < 600 ? JXResponseClass::Retry : JXResponseClass::Rejected;
+  const bool isUnavailable = status == 408 || status == 425 || status == 429 || status == 503;
+  if (isUnavailable) return JXResponseClass::Retry;
+  return status >= 500 && status < 600 ? JXResponseClass::ServerError : JXResponseClass::Rejected;
 }
 
 JXRetryState nextStep(const JXRetryState& state, const JXCompletedAttempt& end,

@@ -15,15 +15,17 @@ namespace jx {
 /// cannot overflow, whatever the configuration contains.
 std::chrono::milliseconds boundedWait(std::chrono::milliseconds wait) noexcept;
 
-/// Classification of an attempt: the request is delivered, retried or permanently rejected.
-enum class JXResponseClass { Delivered, Retry, Rejected };
+/// Classification of an attempt: the request is delivered, retried when the host is available
+/// again, retried on its own schedule, or permanently rejected.
+enum class JXResponseClass { Delivered, Retry, ServerError, Rejected };
 
-/// Returns Delivered for 2xx; Retry without a response and for 408, 425, 429 and 5xx, because a
-/// later attempt may succeed; Rejected for any other response and for a request that can never be
+/// Returns Delivered for 2xx; Retry without a response and for 408, 425, 429 and 503, because the
+/// host is not available; ServerError for any other 5xx, because the host is available but may
+/// always fail on this request; Rejected for any other response and for a request that can never be
 /// sent.
 JXResponseClass classifyResponse(const JXAttemptResult& outcome) noexcept;
 
-/// State of the pipeline after the attempts so far. Times are those of the steady clock.
+/// State of a host after the attempts so far. Times are those of the steady clock.
 struct JXRetryState {
   using Time = std::chrono::steady_clock::time_point;
 

@@ -3,6 +3,7 @@
 #include "jx/core/transfer/JXTransferLoop.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "jx/core/JXLogger.h"
@@ -84,7 +85,10 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
   if (commands.suspensions != applied_.suspensions) abortInFlight();
   if (added || commands.filter != applied_.filter) plan_.requestsAdded();
   if (added || commands.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
-  if (commands.flushes != applied_.flushes) plan_.expedite(now);
+  if (commands.flushes != applied_.flushes) {
+    setup_.outbox->shortenRetryDelays(boundedWait(setup_.timings.initialBackoff));
+    plan_.expedite(now);
+  }
   if (commands.purges != applied_.purges) {
     abortInFlight();
     plan_.storageChanged(now);
@@ -93,10 +97,11 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
 }
 
 JXTransferWait JXTransferLoop::act() {
-  const JXTransferActions actions = plan_.next(setup_.steadyNow());
-  if (actions.sync) sync();
-  for (std::size_t i = 0; i < actions.mayStart; ++i) {
-    if (!startOne(actions.probes)) break;
+  if (plan_.isSyncDue(setup_.steadyNow())) sync();
+  const std::vector<JXOutboxHost> hosts = setup_.outbox->hosts();
+  plan_.setHosts(hosts);
+  forgetLoggedFailures(hosts);
+  while (startOne()) {
   }
   const bool hasReported = reportDropped();
   JXTransferWait wait = plan_.nextWait(setup_.steadyNow());
@@ -133,8 +138,8 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
     // One message per cause, not per attempt: a transport may fail in every attempt.
     std::string cause(error);
     log("Transfer thread error: " + cause + "; in-flight requests requeued",
-        cause == lastFailure_ ? 6 : 3);
-    lastFailure_ = std::move(cause);
+        cause == loggedFailures_[0].cause ? 6 : 3);
+    loggedFailures_[0] = {std::move(cause), false};
     const JXTransferPlan::Time now = setup_.steadyNow();
     abortInFlight();
     plan_.failedInternally(now, setup_.draw());
@@ -143,17 +148,28 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
   }
 }
 
-bool JXTransferLoop::startOne(bool probes) {
+// Returns false when no request may be started now.
+bool JXTransferLoop::startOne() {
   const JXTransferPlan::Time now = setup_.steadyNow();
+  const std::optional<JXTransferStart> start = plan_.nextStart(now);
+  if (!start) return false;
   static const JXSendFilter everything;
-  std::optional<JXOutboxRequest> request =
-      setup_.outbox->take(plan_.deferred(now), applied_.filter ? *applied_.filter : everything);
+  const JXSendFilter& filter = applied_.filter ? *applied_.filter : everything;
+  const bool isRandom = start->order == JXOutboxPick::Order::Random;
+  const JXOutboxPick pick{start->host, start->order, isRandom ? setup_.draw() : 0};
+  std::optional<JXOutboxRequest> request = setup_.outbox->take(pick, filter);
   if (!request) {
-    plan_.nothingToStart(now);
-    return false;
+    const bool isRetry = start->order == JXOutboxPick::Order::Retry;
+    std::optional<JXTransferPlan::Time> retryAt;
+    if (const auto wait = isRetry ? setup_.outbox->nextRetryIn(start->host, filter)
+                                  : std::optional<milliseconds>()) {
+      retryAt = now + boundedWait(*wait);
+    }
+    plan_.nothingToStart(*start, retryAt);
+    return true;
   }
-  if (probes) callSafely(setup_.beforeConnecting);
-  plan_.started(request->id);
+  if (start->probes) callSafely(setup_.beforeConnecting);
+  plan_.started(request->id, *start, request->failures);
   attempts_.fetch_add(1);
   setup_.transport->start({request->id, std::move(request->url), std::move(request->body)});
   return true;
@@ -182,12 +198,14 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
       parseRetryAfter(result.retryAfter.view(), setup_.clock ? setup_.clock->nowMs() : 0);
   const JXTransferPlan::Time now = setup_.steadyNow();
   const std::uint64_t id = result.request.id;
-  switch (plan_.ended(id, result.outcome, retryAfter, now, setup_.draw())) {
+  const std::uint32_t host = plan_.hostOf(id);
+  const JXTransferEnd end =
+      plan_.ended(id, result.outcome, retryAfter, setup_.outbox->failedFor(id), now, setup_.draw());
+  switch (end.responseClass) {
     case JXResponseClass::Delivered:
       plan_.storageChanged(now);
-      if (!lastFailure_.empty()) log("Delivery resumed", 5);
-      lastFailure_.clear();
-      // A request dropped while in flight was already reported as dropped.
+      logResumed(host);
+      // A request purged while in flight was already reported as dropped.
       if (setup_.outbox->markDelivered(id) && setup_.onDelivery) {
         report({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
                 nullptr, JXDropReason::None});
@@ -197,10 +215,17 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
       plan_.storageChanged(now);
       if (setup_.outbox->moveToDeadLetters(id, result.outcome.status)) reportRejected(result);
       break;
+    case JXResponseClass::ServerError:
+      plan_.storageChanged(now);
+      setup_.outbox->requeueFailed(id, end.failures);
+      failures_.fetch_add(1);
+      logFailure(result, host, end.failures.delay, true);
+      break;
     case JXResponseClass::Retry:
       setup_.outbox->requeue(id);
       failures_.fetch_add(1);
-      logFailure(result, now);
+      const auto backoff = plan_.pipeline(host)->retryState().backoffUntil - now;
+      logFailure(result, host, std::chrono::ceil<milliseconds>(backoff), false);
       break;
   }
 }
@@ -225,17 +250,39 @@ bool JXTransferLoop::reportDropped() {
   return !drops.empty();
 }
 
-void JXTransferLoop::logFailure(const JXHttpResult& result, JXTransferPlan::Time now) {
-  // One message per cause, not per attempt: a device may be offline for days.
+// One message per cause and host, not per attempt: a device may be offline for days. Poison
+// requests fail while others are delivered, so their cause ends only when none of them is queued.
+void JXTransferLoop::logFailure(const JXHttpResult& result, std::uint32_t host,
+                                milliseconds retryIn, bool isServerError) {
   std::string cause = causeOf(result);
-  const int level = cause == lastFailure_ ? 6 : 3;
-  lastFailure_ = std::move(cause);
+  LoggedFailure& last = loggedFailures_[host];
+  const bool isKnown = cause == last.cause && (isServerError || !last.isOver);
+  const int level = isKnown ? 6 : 3;
+  if (!isKnown) last = {std::move(cause), false};
   if (!JXLogger::sharedInstance().printsLevel(level)) return;
-  const auto backoff = std::max(
-      std::chrono::ceil<milliseconds>(plan_.retryState().backoffUntil - now), milliseconds::zero());
-  log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(backoff.count()) +
+  const auto shown = std::max(retryIn, milliseconds::zero());
+  log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(shown.count()) +
           " ms",
       level);
+}
+
+void JXTransferLoop::logResumed(std::uint32_t host) {
+  const bool threadHadFailed = loggedFailures_.erase(0) != 0;
+  const auto last = loggedFailures_.find(host);
+  const bool hostHadFailed = last != loggedFailures_.end() && !last->second.isOver;
+  if (hostHadFailed) last->second.isOver = true;
+  if (threadHadFailed || hostHadFailed) log("Delivery resumed", 5);
+}
+
+void JXTransferLoop::forgetLoggedFailures(const std::vector<JXOutboxHost>& hosts) {
+  for (auto each = loggedFailures_.begin(); each != loggedFailures_.end();) {
+    const auto host = std::find_if(hosts.begin(), hosts.end(), [&](const JXOutboxHost& known) {
+      return known.id == each->first;
+    });
+    const bool isForgotten = each->first != 0 && host == hosts.end();
+    const bool isOver = each->second.isOver && (host == hosts.end() || host->failed == 0);
+    each = isForgotten || isOver ? loggedFailures_.erase(each) : std::next(each);
+  }
 }
 
 void JXTransferLoop::report(const JXDelivery& delivery) { callSafely(setup_.onDelivery, delivery); }

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -81,19 +82,28 @@ class JXTransferLoop {
   std::uint64_t failures() const { return failures_.load(); }
 
  private:
-  bool startOne(bool probes);
+  bool startOne();
   void abortInFlight();
   void sync();
   void completeOne(JXHttpResult& result);
   void reportRejected(const JXHttpResult& result);
   bool reportDropped();
-  void logFailure(const JXHttpResult& result, JXTransferPlan::Time now);
+  void logFailure(const JXHttpResult& result, std::uint32_t host, std::chrono::milliseconds retryIn,
+                  bool isServerError);
+  void logResumed(std::uint32_t host);
+  void forgetLoggedFailures(const std::vector<JXOutboxHost>& hosts);
   void report(const JXDelivery& delivery);
 
   const JXTransferSetup setup_;
   JXTransferPlan plan_;
   JXTransferCommands applied_;
-  std::string lastFailure_;  // the cause logged last; empty after a success
+  /// The failure of a host that was logged last.
+  struct LoggedFailure {
+    std::string cause;
+    bool isOver = false;  ///< a request was delivered since then
+  };
+
+  std::map<std::uint32_t, LoggedFailure> loggedFailures_;  // by host; 0: of this thread
   std::atomic<std::uint64_t> attempts_{0};
   std::atomic<std::uint64_t> failures_{0};
 };

@@ -16,49 +16,78 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 
 }  // namespace
 
-JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings)
-    : timings_(timings), poisonRequests_(timings) {
+JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings) : timings_(timings) {
   inFlight_.reserve(kMaxInFlight);
 }
 
-std::size_t JXTransferPlan::freeSlots(Time now) const {
-  if (inBackground_ || isPaused(now) || retry_.isBackingOff(now)) return 0;
-  // A probe is sent alone, after the requests in flight from before the failure have ended.
-  const std::size_t slots = probing_ ? 1 : kMaxInFlight;
-  return slots - std::min(slots, inFlight_.size());
+void JXTransferPlan::setHosts(const std::vector<JXOutboxHost>& hosts) {
+  const auto isGone = [&](const JXHostPipeline& known) {
+    return known.inFlight() == 0 &&
+           std::none_of(hosts.begin(), hosts.end(),
+                        [&](const JXOutboxHost& each) { return each.id == known.id(); });
+  };
+  hosts_.erase(std::remove_if(hosts_.begin(), hosts_.end(), isGone), hosts_.end());
+  for (const JXOutboxHost& host : hosts) {
+    if (find(host.id) == nullptr) hosts_.emplace_back(host.id, host.failed);
+  }
 }
 
-JXTransferActions JXTransferPlan::next(Time now) {
-  JXTransferActions actions;
-  actions.sync = syncDue_ && now >= *syncDue_;
-  if (inFlight_.empty() && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) probing_ = true;
-  if (deferredUntil_ && now >= *deferredUntil_) {
-    deferredUntil_.reset();
-    mayHaveRequests_ = true;
+JXHostPipeline* JXTransferPlan::find(std::uint32_t host) {
+  const auto found = std::find_if(hosts_.begin(), hosts_.end(),
+                                  [host](const auto& each) { return each.id() == host; });
+  return found != hosts_.end() ? &*found : nullptr;
+}
+
+const JXHostPipeline* JXTransferPlan::pipeline(std::uint32_t host) const {
+  return const_cast<JXTransferPlan*>(this)->find(host);
+}
+
+bool JXTransferPlan::isWithinLimits(const JXHostPipeline& host) const {
+  if (inFlight_.size() >= kMaxInFlight) return false;
+  if (!host.isProbing()) return true;
+  std::size_t probing = 0;
+  for (const JXHostPipeline& each : hosts_)
+    probing += each.isProbing() ? each.inFlight() : 0;
+  return probing < kMaxProbing;
+}
+
+std::optional<JXTransferStart> JXTransferPlan::nextStart(Time now) {
+  if (inBackground_ || isPaused(now)) return std::nullopt;
+  // Hosts that are available first, and each as much as the others.
+  const auto isBefore = [](const JXHostPipeline& a, const JXHostPipeline& b) {
+    const auto failuresOfA = a.retryState().failures;
+    const auto failuresOfB = b.retryState().failures;
+    return failuresOfA != failuresOfB ? failuresOfA < failuresOfB : a.inFlight() < b.inFlight();
+  };
+  const JXHostPipeline* best = nullptr;
+  std::optional<JXTransferStart> start;
+  for (JXHostPipeline& host : hosts_) {
+    const std::optional<JXOutboxPick::Order> order = host.next(now);
+    if (!order || !isWithinLimits(host) || (best != nullptr && !isBefore(host, *best))) continue;
+    best = &host;
+    start = JXTransferStart{host.id(), *order, host.isProbing()};
   }
-  actions.mayStart = mayHaveRequests_ ? freeSlots(now) : 0;
-  actions.probes = probing_;
-  return actions;
+  return start;
 }
 
 JXTransferWait JXTransferPlan::nextWait(Time now) const {
   JXTransferWait wait;
   wait.wakeAt = syncDue_;
-  if (!mayHaveRequests_) {
-    wait.wakeAt = earlier(wait.wakeAt, deferredUntil_);
-    return wait;
+  bool mayStartNew = hosts_.empty();
+  for (const JXHostPipeline& host : hosts_) {
+    if (!isWithinLimits(host)) continue;  // a response ends this
+    mayStartNew = mayStartNew || host.mayStartNew(now);
+    const std::optional<Time> wakeAt = host.wakeAt(now);
+    if (!wakeAt || inBackground_) continue;
+    wait.wakeAt = earlier(wait.wakeAt, isPaused(now) ? std::max(*wakeAt, *pausedUntil_) : *wakeAt);
   }
-  // A backoff or a pause ended since `next` was called: a request can be started immediately.
-  if (freeSlots(now) > 0) wait.wakeAt = now;
-  if (!inBackground_) {
-    if (isPaused(now)) {
-      wait.wakeAt = earlier(wait.wakeAt, pausedUntil_);
-    } else if (retry_.isBackingOff(now)) {
-      wait.wakeAt = earlier(wait.wakeAt, retry_.backoffUntil);
-    }
-  }
-  wait.ignoresAdditions = syncDue_ && freeSlots(now) == 0;
+  wait.ignoresAdditions = syncDue_ && (inBackground_ || isPaused(now) || !mayStartNew);
   return wait;
+}
+
+void JXTransferPlan::requestsAdded() {
+  for (JXHostPipeline& host : hosts_)
+    host.requestsAdded();
 }
 
 void JXTransferPlan::storageChanged(Time now) {
@@ -76,36 +105,43 @@ void JXTransferPlan::synced(bool unfinished, Time now) {
   syncDue_ = now + syncBackoff_;
 }
 
-bool JXTransferPlan::isInFlight(std::uint64_t id) const {
-  return std::any_of(inFlight_.begin(), inFlight_.end(),
-                     [id](const Flight& each) { return each.id == id; });
+bool JXTransferPlan::isInFlight(std::uint64_t id) const { return hostOf(id) != 0; }
+
+std::uint32_t JXTransferPlan::hostOf(std::uint64_t id) const {
+  const auto found = std::find_if(inFlight_.begin(), inFlight_.end(),
+                                  [id](const Flight& each) { return each.id == id; });
+  return found != inFlight_.end() ? found->host : 0;
 }
 
-void JXTransferPlan::started(std::uint64_t id) { inFlight_.push_back({id, retry_.round}); }
+void JXTransferPlan::started(std::uint64_t id, const JXTransferStart& start,
+                             const JXRequestFailures& failures) {
+  JXHostPipeline* const host = find(start.host);
+  if (host == nullptr) return;
+  host->started();
+  inFlight_.push_back({id, start.host, host->retryState().round, failures});
+}
 
-JXResponseClass JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,
-                                      std::optional<std::chrono::milliseconds> retryAfter, Time now,
-                                      double draw) {
-  const JXResponseClass responseClass = classifyResponse(outcome);
-  const auto flight = std::find_if(inFlight_.begin(), inFlight_.end(),
-                                   [id](const Flight& each) { return each.id == id; });
-  if (flight == inFlight_.end()) return responseClass;
-  const std::uint64_t round = flight->round;
-  inFlight_.erase(flight);
-  lastEnd_ = now;
-  if (responseClass == JXResponseClass::Retry) {
-    probing_ = true;
-    mayHaveRequests_ = true;
-  } else if (round == retry_.round && !outcome.neverSendable) {
-    probing_ = false;
-  }
-  // A request that cannot be sent provides no information about the network.
-  if (!outcome.neverSendable) {
-    retry_ = nextStep(retry_, {round, responseClass, retryAfter}, timings_, now, draw);
-  }
-  // Starts at the end of the pipeline's backoff, because no other request can be sent before it.
-  poisonRequests_.ended(id, outcome, responseClass, std::max(now, retry_.backoffUntil));
-  return responseClass;
+void JXTransferPlan::nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt) {
+  if (JXHostPipeline* const host = find(start.host)) host->nothingToStart(start.order, retryAt);
+}
+
+JXTransferEnd JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,
+                                    std::optional<std::chrono::milliseconds> retryAfter,
+                                    std::chrono::milliseconds failedFor, Time now, double draw) {
+  JXTransferEnd end{classifyResponse(outcome), {}};
+  const auto found = std::find_if(inFlight_.begin(), inFlight_.end(),
+                                  [id](const Flight& each) { return each.id == id; });
+  if (found == inFlight_.end()) return end;
+  const Flight flight = *found;
+  inFlight_.erase(found);
+  JXHostPipeline& host = *find(flight.host);
+  host.ended(id, flight.failures.count != 0, {flight.round, end.responseClass, retryAfter},
+             outcome.neverSendable, timings_, now, draw);
+  if (end.responseClass != JXResponseClass::ServerError) return end;
+  const JXServerErrorState& errors = host.errorState();
+  end.failures = afterFailure(flight.failures, errors.isHostFailing(), retryAfter, timings_);
+  if (isPoison(failedFor, errors)) end.responseClass = JXResponseClass::Rejected;
+  return end;
 }
 
 std::vector<std::uint64_t> JXTransferPlan::aborted() {
@@ -114,18 +150,19 @@ std::vector<std::uint64_t> JXTransferPlan::aborted() {
   for (const Flight& flight : inFlight_)
     ids.push_back(flight.id);
   inFlight_.clear();
-  if (!ids.empty()) {
-    probing_ = true;
-    mayHaveRequests_ = true;
-  }
+  for (JXHostPipeline& host : hosts_)
+    host.aborted();
   return ids;
 }
 
 void JXTransferPlan::failedInternally(Time now, double draw) {
-  probing_ = true;
-  mayHaveRequests_ = true;
-  retry_ =
-      nextStep(retry_, {retry_.round, JXResponseClass::Retry, std::nullopt}, timings_, now, draw);
+  for (JXHostPipeline& host : hosts_)
+    host.failedInternally(timings_, now, draw);
+}
+
+void JXTransferPlan::expedite(Time now) {
+  for (JXHostPipeline& host : hosts_)
+    host.expedite(timings_, now);
 }
 
 }  // namespace jx

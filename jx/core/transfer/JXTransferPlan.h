@@ -8,16 +8,23 @@
 #include <optional>
 #include <vector>
 
-#include "jx/core/transfer/JXPoisonRequestTracker.h"
+#include "jx/core/storage/JXOutboxHosts.h"
+#include "jx/core/transfer/JXHostPipeline.h"
 #include "jx/core/transfer/JXRetryPolicy.h"
 
 namespace jx {
 
-/// Actions that are due now, in this order.
-struct JXTransferActions {
-  bool sync = false;
-  std::size_t mayStart = 0;  ///< number of requests that may be started
-  bool probes = false;       ///< the next request tests whether the network is available
+/// A request to start.
+struct JXTransferStart {
+  std::uint32_t host = 0;
+  JXOutboxPick::Order order = JXOutboxPick::Order::Oldest;
+  bool probes = false;  ///< the request tests whether the host is available
+};
+
+/// The end of an attempt.
+struct JXTransferEnd {
+  JXResponseClass responseClass = JXResponseClass::Retry;
+  JXRequestFailures failures;  ///< of the request, after a server error
 };
 
 /// How to wait after all actions were performed.
@@ -31,45 +38,45 @@ struct JXTransferWait {
 /// Decides when requests are started, aborted and made durable. It contains no thread, clock or
 /// request: the caller passes each occurrence with its time, and the plan returns the due actions.
 ///
-/// At the start, after a failure and after an idle time, only one request is in flight until a
-/// response is received; then up to four are. A request that the server repeatedly fails to process
-/// does not block the others (see JXPoisonRequestTracker). A pause stops new requests. A sync
-/// follows a change within `syncDelay`, independent of the network.
+/// Each host has a pipeline of its own, so that a host that is not available does not delay the
+/// requests to another one. At most eight requests are in flight, of which hosts without a recent
+/// response have at most four. A pause stops new requests. A sync follows a change within
+/// `syncDelay`, independent of the network.
 class JXTransferPlan {
  public:
   using Time = std::chrono::steady_clock::time_point;
-  static constexpr std::size_t kMaxInFlight = 4;
-  static constexpr std::chrono::minutes kIdleBeforeProbe{1};
+  static constexpr std::size_t kMaxInFlight = 8;
+  static constexpr std::size_t kMaxProbing = 4;
   /// Longest backoff between syncs that leave work undone, for example on a full disk.
   static constexpr std::chrono::milliseconds kMaxSyncBackoff{60'000};
 
   explicit JXTransferPlan(const JXRetryTimings& timings);
 
-  JXTransferActions next(Time now);
+  /// Sets the hosts that requests may be queued for, and forgets the others.
+  void setHosts(const std::vector<JXOutboxHost>& hosts);
+  bool isSyncDue(Time now) const { return syncDue_ && now >= *syncDue_; }
+  /// Returns the next request to start; nullopt if none may be started now.
+  std::optional<JXTransferStart> nextStart(Time now);
   JXTransferWait nextWait(Time now) const;
 
-  /// Reports that requests were added or may be sent now. Initially the plan assumes that there are
-  /// requests.
-  void requestsAdded() { mayHaveRequests_ = true; }
+  /// Reports that requests were added or may be sent now. A new host is assumed to have requests.
+  void requestsAdded();
   /// Reports a change on the disk that must be made durable.
   void storageChanged(Time now);
   /// Reports a completed sync; `unfinished` when it left work undone.
   void synced(bool unfinished, Time now);
 
-  /// Reports that a request was started.
-  void started(std::uint64_t id);
-  /// Returns the requests that must not be started now, because the server repeatedly failed on
-  /// them.
-  std::vector<std::uint64_t> deferred(Time now) const { return poisonRequests_.deferred(now); }
-  /// Reports that the queue contains no request to start except deferred ones.
-  void nothingToStart(Time now) {
-    mayHaveRequests_ = false;
-    deferredUntil_ = poisonRequests_.nextRetry(now);
-  }
-  /// Reports the end of an attempt and returns its class. `draw` in [0, 1) is the jitter of a
-  /// backoff that may follow.
-  JXResponseClass ended(std::uint64_t id, const JXAttemptResult& outcome,
-                        std::optional<std::chrono::milliseconds> retryAfter, Time now, double draw);
+  /// Reports that a request was started, with its failures so far.
+  void started(std::uint64_t id, const JXTransferStart& start,
+               const JXRequestFailures& failures = {});
+  /// Reports that the queue contains no such request; the next failed one may be retried at
+  /// `retryAt`.
+  void nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt = {});
+  /// Reports the end of an attempt and returns its class. `failedFor` is the time since the first
+  /// server error of the request; `draw` in [0, 1) is the jitter of a wait that may follow.
+  JXTransferEnd ended(std::uint64_t id, const JXAttemptResult& outcome,
+                      std::optional<std::chrono::milliseconds> retryAfter,
+                      std::chrono::milliseconds failedFor, Time now, double draw);
   /// Reports that the requests in flight were aborted and returns their IDs. Does not count as a
   /// failure.
   std::vector<std::uint64_t> aborted();
@@ -79,34 +86,31 @@ class JXTransferPlan {
   void setInBackground(bool inBackground) { inBackground_ = inBackground; }
   /// Pauses requests until `until`; nullopt ends the pause.
   void pauseUntil(std::optional<Time> until) { pausedUntil_ = until; }
-  /// Applies a flush: shortens the backoff (see `shortenBackoff`) and ends deferrals.
-  void expedite(Time now) {
-    retry_ = shortenBackoff(retry_, timings_, now);
-    poisonRequests_.endDeferrals();
-    mayHaveRequests_ = true;
-  }
+  /// Applies a flush: shortens the waits that the server did not request (see `shortenBackoff`).
+  void expedite(Time now);
 
-  const JXRetryState& retryState() const { return retry_; }
   std::size_t inFlight() const { return inFlight_.size(); }
   bool isInFlight(std::uint64_t id) const;
+  /// Returns the host of a request in flight; 0 if it is not in flight.
+  std::uint32_t hostOf(std::uint64_t id) const;
+  /// Returns the pipeline of a host, or null.
+  const JXHostPipeline* pipeline(std::uint32_t host) const;
 
  private:
   struct Flight {
     std::uint64_t id;
+    std::uint32_t host;
     std::uint64_t round;
+    JXRequestFailures failures;
   };
 
+  JXHostPipeline* find(std::uint32_t host);
   bool isPaused(Time now) const { return pausedUntil_ && now < *pausedUntil_; }
-  std::size_t freeSlots(Time now) const;
+  bool isWithinLimits(const JXHostPipeline& host) const;
 
   JXRetryTimings timings_;
-  JXRetryState retry_;
+  std::vector<JXHostPipeline> hosts_;
   std::vector<Flight> inFlight_;
-  JXPoisonRequestTracker poisonRequests_;
-  std::optional<Time> deferredUntil_;
-  bool mayHaveRequests_ = true;
-  bool probing_ = true;
-  std::optional<Time> lastEnd_;
   bool inBackground_ = false;
   std::optional<Time> pausedUntil_;
   std::optional<Time> syncDue_;

@@ -26,7 +26,7 @@ constexpr std::size_t kSegment = 1024 * 1024;
 class OutboxMoves : public OutboxTest {
  protected:
   std::unique_ptr<JXOutbox> open(const JXOutboxBounds& bounds = {}) const {
-    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "outbox");
+    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "", "outbox");
   }
   // Adds requests that fill so many segments, and returns their bodies.
   static Bodies fill(JXOutbox& outbox, std::size_t segments) {

@@ -114,6 +114,22 @@ TEST(CurlTransport, UsesAtMostFourConnectionsForConcurrentRequests) {
   EXPECT_LE(server.connections(), 4);
 }
 
+TEST(CurlTransport, HostThatDoesNotRespondDelaysNoOther) {
+  test::JXTestServerOptions plain;
+  plain.tls = false;
+  JXTestServer silent(plain), server(plain);
+  silent.answerAll(answerOf(Manner::StallBeforeHead));
+  JXCurlTransport transport{JXHttpOptions()};
+  for (std::uint64_t id = 1; id <= 4; ++id)
+    transport.start({id, silent.url(), "{}"});
+  for (std::uint64_t id = 5; id <= 8; ++id)
+    transport.start({id, server.url(), "{}"});
+  for (const JXHttpResult& result : collect(transport, 4))
+    EXPECT_EQ(200, result.outcome.status) << result.reason;
+  EXPECT_TRUE(silent.waitForRequests(4));
+  transport.abortAll();
+}
+
 TEST(CurlTransport, ReplacesAConnectionClosedByTheServerWhileIdle) {
   JXTestServer server;
   JXCurlTransport transport(trusting(server));

@@ -52,9 +52,11 @@ TEST(ClassifyResponse, ReturnsRejectedFor4xxExcept408And425And429) {
   }
 }
 
-TEST(ClassifyResponse, ReturnsRetryFor5xx) {
+TEST(ClassifyResponse, ReturnsServerErrorFor5xxExcept503) {
   for (int status = 500; status < 600; ++status) {
-    EXPECT_EQ(JXResponseClass::Retry, classifyStatus(status)) << status;
+    EXPECT_EQ(status == 503 ? JXResponseClass::Retry : JXResponseClass::ServerError,
+              classifyStatus(status))
+        << status;
   }
 }
 

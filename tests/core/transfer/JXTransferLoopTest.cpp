@@ -88,6 +88,21 @@ class TransferLoop : public ::testing::Test {
     wait = loop().act();
     loop().complete(loop().poll(wait, true));
   }
+  // Runs with small steps of the time, of both clocks.
+  void runFor(milliseconds duration, milliseconds step = 1s) {
+    for (milliseconds passed{0}; passed < duration; passed += step) {
+      runOnce();
+      now += step;
+      clock->advance(step.count());
+    }
+  }
+  // Ends the process and starts another one with the same storage.
+  void restart(const std::string& currentEndpoint = "") {
+    loop_.reset();
+    setup.outbox.reset();
+    setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), clock,
+                                              nullptr, true, currentEndpoint);
+  }
   std::uint64_t queued() const { return setup.outbox->counters().queued; }
 
   TemporaryFolder folder;
@@ -127,44 +142,166 @@ TEST_F(TransferLoop, RequestFailingRepeatedlyDoesNotBlockOthers) {
   add("bad");
   for (const char* id : {"b", "c", "d", "e", "f"})
     add(id);
-  // Three failures with backoffs of 0.5, 1 and 2 seconds, then the others.
-  for (int i = 0; i < 10; ++i) {
+  for (int i = 0; i < 3; ++i)
     runOnce();
-    now += 1s;
-  }
   EXPECT_EQ(1u, queued());
   Texts delivered;
   for (const JXDelivery& each : deliveries)
     delivered.push_back(each.eventId.toStdString());
   EXPECT_EQ((Texts{"b", "c", "d", "e", "f"}), delivered);
-  // From now on it is retried with a growing backoff and does not block other requests.
+  // Retried after 1, 3, 7, 15 and 31 minutes.
   transport->started.clear();
-  for (int i = 0; i < 3'600; ++i) {
-    runOnce();
-    now += 1s;
-  }
-  EXPECT_GE(25u, transport->started.size());
-  EXPECT_LE(12u, transport->started.size());
+  runFor(1h);
+  EXPECT_EQ(5u, transport->started.size());
   transport->statusOf.clear();
-  now += 300s;
-  runOnce();
+  runFor(3min + 1s);
   EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, RequestOfAnEarlierProcessKeepsItsFailures) {
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  runFor(8min);  // fails four times; the next retry is due at 15 minutes
+  EXPECT_EQ(4u, transport->started.size());
+  transport->started.clear();
+  restart();
+  runFor(7min - 2s);
+  EXPECT_EQ(0u, transport->started.size());
+  runFor(3s);
+  EXPECT_EQ(1u, transport->started.size());
+  runFor(16min - 2s);
+  EXPECT_EQ(1u, transport->started.size());
+  runFor(3s);
+  EXPECT_EQ(2u, transport->started.size());
+}
+
+TEST_F(TransferLoop, RequestThatFailsForThreeDaysBecomesADeadLetter) {
+  const test::JXLogCapture log;
+  transport->statusOf[bodyOf("bad")] = 500;
+  clock->set(1'790'000'000'000);
+  add("bad");
+  for (int hour = 0; hour < 71; ++hour)
+    runFor(1h, 1min);
+  EXPECT_EQ(1u, queued());
+  EXPECT_EQ(0u, deliveries.size());
+  restart();
+  for (int hour = 0; hour < 9; ++hour)
+    runFor(1h, 1min);
+  EXPECT_EQ(0u, queued());
+  ASSERT_EQ(1u, deliveries.size());
+  EXPECT_EQ(JXDeliveryOutcome::Rejected, deliveries[0].outcome);
+  EXPECT_EQ(500, deliveries[0].status);
+  EXPECT_EQ(JXString("bad"), deliveries[0].eventId);
+  EXPECT_EQ(1u, setup.outbox->counters().rejected);
+  EXPECT_EQ((Texts{"2 Server rejected event bad: HTTP status 500; not retrying"}),
+            log.linesWith("rejected"));
+}
+
+TEST_F(TransferLoop, NoRequestBecomesADeadLetterWhileTheServerFailsOnEverything) {
+  transport->outcome = {500, false};
+  clock->set(1'790'000'000'000);
+  for (const char* id : {"a", "b", "c", "d", "e"})
+    add(id);
+  for (int hour = 0; hour < 80; ++hour)
+    runFor(1h, 1min);
+  restart();
+  for (int hour = 0; hour < 20; ++hour)
+    runFor(1h, 1min);
+  EXPECT_EQ(5u, queued());
+  EXPECT_EQ(0u, deliveries.size());
+  transport->outcome = {200, false};
+  runFor(10min, 1s);
+  EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, LogsAServerErrorOnceWhileOthersAreDelivered) {
+  const test::JXLogCapture log;
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  for (int minute = 0; minute < 40; ++minute) {
+    add("good");
+    runFor(1min);
+  }
+  EXPECT_EQ((Texts{"3 Delivery failed: HTTP status 500; retrying in 60000 ms"}),
+            log.linesWith("Delivery failed"));
+  EXPECT_EQ((Texts{"5 Delivery resumed"}), log.linesWith("resumed"));
 }
 
 TEST_F(TransferLoop, FlushRetriesDeferredRequests) {
   transport->statusOf[bodyOf("bad")] = 500;
   add("bad");
-  for (int i = 0; i < 60; ++i) {
-    runOnce();
-    now += 1s;
-  }
+  runFor(10s);
   ASSERT_EQ(1u, queued());
   transport->statusOf.clear();
   ++commands.flushes;
   runOnce();
-  now += 1s;
-  runOnce();
   EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, FlushingInALoopStartsOneRetryPerSecond) {
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  for (int i = 0; i < 100; ++i) {
+    ++commands.flushes;
+    runFor(100ms, 100ms);
+  }
+  EXPECT_GE(transport->started.size(), 9u);
+  EXPECT_LE(transport->started.size(), 11u);
+}
+
+TEST_F(TransferLoop, FlushDoesNotShortenARetryAfterOfARequest) {
+  transport->outcome = {500, false};
+  transport->retryAfter = "600";
+  add("bad");
+  runFor(10s);
+  ++commands.flushes;
+  runFor(589s);
+  EXPECT_EQ(1u, transport->started.size());
+  runFor(2s);
+  EXPECT_EQ(2u, transport->started.size());
+}
+
+TEST_F(TransferLoop, DeadHostDoesNotDelayAnother) {
+  for (int i = 0; i < 100; ++i)
+    setup.outbox->add("https://dead.example/", bodyOf("old"));
+  transport->statusOf[bodyOf("old")] = 0;
+  for (int i = 0; i < 100; ++i)
+    add("new" + std::to_string(i));
+  runFor(40s);
+  EXPECT_EQ(100u, deliveries.size());
+  EXPECT_EQ(100u, queued());
+  EXPECT_LE(transport->started.size(), 110u);
+}
+
+TEST_F(TransferLoop, LogsFailuresPerHost) {
+  const test::JXLogCapture log;
+  transport->outcome = {0, false};
+  setup.outbox->add("https://other.example/", bodyOf("b"));
+  add("a");
+  runFor(1h);
+  EXPECT_EQ(2u, log.linesWith("3 Delivery failed: refused").size());
+}
+
+TEST_F(TransferLoop, SendsTheQueueToTheCurrentHost) {
+  setup.outbox->add("https://old.example:8443/events?s=1", bodyOf("a"));
+  setup.outbox = nullptr;
+  setup.outbox = std::make_shared<JXOutbox>(folder.file("outbox"), JXOutboxBounds(), clock, nullptr,
+                                            true, "https://new.example");
+  runOnce();
+  ASSERT_EQ(1u, transport->started.size());
+  EXPECT_EQ("https://new.example/events?s=1", transport->started[0].url);
+}
+
+TEST_F(TransferLoop, KeepsRequestsOfAnInvalidHostQueued) {
+  setup.outbox->add("invalid://two%20words/events?s=1", bodyOf("a"));
+  add("b");
+  runFor(1h);
+  EXPECT_EQ(1u, transport->started.size());
+  EXPECT_EQ(1u, queued());
+  restart("https://new.example");
+  runFor(2s);
+  ASSERT_EQ(2u, transport->started.size());
+  EXPECT_EQ("https://new.example/events?s=1", transport->started[1].url);
 }
 
 TEST_F(TransferLoop, SendsOneProbeThenUpToFourOldestFirst) {

@@ -283,8 +283,8 @@ TEST_F(Transfer, FlushDoesNotRetryBeforeTheInitialBackoff) {
   setup.steadyNow = [offset] {
     return std::chrono::steady_clock::now() + std::chrono::hours(offset->load());
   };
-  server.answerNext(answerOf(Manner::Whole, 500));
-  server.answerNext(answerOf(Manner::Whole, 500));
+  server.answerNext(answerOf(Manner::Whole, 503));
+  server.answerNext(answerOf(Manner::Whole, 503));
   start();
   enqueue("e");
   ASSERT_TRUE(server.waitForRequests(1));
