@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXForkedChild.h"
 
+#include <dlfcn.h>
 #include <pthread.h>
 
 #include <ctime>
@@ -29,13 +30,24 @@ bool tryLock(std::recursive_mutex& mutex) {
   return false;
 }
 
+// Keeps the module that contains this code in memory after its application has unloaded it: the
+// handlers and threads of the library run until the process exits. Has no effect in a program.
+void keepModuleLoaded() {
+  Dl_info module{};
+  if (::dladdr(&consistent, &module) == 0 || module.dli_fname == nullptr) return;
+  ::dlopen(module.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
 }  // namespace
 
 std::atomic<bool> JXForkedChild::isCurrent_{false};
 
 void JXForkedChild::watch() {
   static std::once_flag once;
-  std::call_once(once, [] { pthread_atfork(&beforeFork, &afterForkInParent, &afterForkInChild); });
+  std::call_once(once, [] {
+    keepModuleLoaded();
+    pthread_atfork(&beforeFork, &afterForkInParent, &afterForkInChild);
+  });
 }
 
 void JXForkedChild::keepConsistent(std::recursive_mutex& mutex) {

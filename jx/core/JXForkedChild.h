@@ -14,7 +14,8 @@ namespace jx {
 /// forever, so every operation of the SDK returns at once there, with null, 0 or an empty value.
 class JX_API JXForkedChild {
  public:
-  /// Begins the detection. Children that are forked before the first call may use the SDK.
+  /// Begins the detection, and prevents that the module of the library is unloaded. Children that
+  /// are forked before the first call may use the SDK.
   static void watch();
 
   /// Calls `watch`, and from then on forks between two operations that lock `mutex`, so that a
