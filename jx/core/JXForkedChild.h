@@ -23,6 +23,7 @@ class JX_API JXForkedChild {
   /// that is never destroyed.
   static void keepConsistent(std::recursive_mutex& mutex);
 
+  /// Returns whether this process is such a child.
   static bool isCurrent() noexcept { return isCurrent_.load(std::memory_order_relaxed); }
 
   /// Returns `isCurrent()`. Logs the first ignored call of the process: `operation` is its name.
