@@ -80,6 +80,19 @@ void checkDate(Input input) {
     std::strftime(text.data(), text.size(), "%A, %d-%b-%y %H:%M:%S GMT", &parts);
     requireDelay(text.data(), nowMs, until(second, nowMs));
   }
+  // With the date of a response, the clock of the device does not matter.
+  std::array<char, 64> sent{};
+  std::tm sentParts{};
+  const std::time_t sentAt = 784'111'777;
+  ::gmtime_r(&sentAt, &sentParts);
+  std::strftime(sent.data(), sent.size(), "%a, %d %b %Y %H:%M:%S GMT", &sentParts);
+  const Delay certain = requestedDelay(date, sent.data(), nowMs, milliseconds(0));
+  const Delay expected = until(second, std::int64_t{sentAt} * 1'000);
+  require(certain == expected, "a date is compared with that of the response", textOf(certain),
+          textOf(expected) + " for " + date);
+  const Delay uncertain = requestedDelay(date, "", nowMs, milliseconds(7));
+  require(uncertain && *uncertain <= milliseconds(7), "a delay by the device's clock is limited",
+          textOf(uncertain), date);
   date.replace(17, 2, "24");
   requireDelay(date, nowMs, std::nullopt);
 }

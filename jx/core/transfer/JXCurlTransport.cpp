@@ -227,7 +227,7 @@ class JXCurlTransport::Implementation {
   void reject(std::unique_ptr<Exchange> exchange, bool permanently, const std::string& reason) {
     JXAttemptResult outcome;
     outcome.neverSendable = permanently;
-    ready_.push_back({std::move(exchange->request), outcome, nullptr, reason});
+    ready_.push_back({std::move(exchange->request), outcome, nullptr, reason, nullptr});
     free_.push_back(std::move(exchange));
   }
 
@@ -330,6 +330,7 @@ class JXCurlTransport::Implementation {
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
     if (exchange.response.status() != 0) {
       result.retryAfter = exchange.response.retryAfter();
+      result.date = exchange.response.date();
     } else {
       result.reason = describe(code, exchange, options_);
     }

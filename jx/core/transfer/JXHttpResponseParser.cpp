@@ -13,6 +13,12 @@ bool hasName(std::string_view header, std::string_view lowerCaseName) {
                     [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b + 32 : b); });
 }
 
+std::string valueOf(std::string_view header) {
+  const std::string_view value = header.substr(header.find(':') + 1);
+  const std::size_t first = std::min(value.find_first_not_of(" \t\r\n"), value.size());
+  return std::string(value.substr(first, value.find_last_not_of(" \t\r\n") + 1 - first));
+}
+
 // Parses "HTTP/1.1 503 Service Unavailable"; returns 0 without a three-digit status.
 int statusOf(std::string_view statusLine) {
   const std::size_t blank = statusLine.find(' ');
@@ -34,10 +40,11 @@ bool JXHttpResponseParser::readHeader(std::string_view line) {
   if (line.substr(0, 5) == "HTTP/") {
     currentStatus_ = statusOf(line);
     retryAfter_.clear();
+    date_.clear();
   } else if (hasName(line, "retry-after")) {
-    const std::string_view value = line.substr(line.find(':') + 1);
-    const std::size_t first = std::min(value.find_first_not_of(" \t\r\n"), value.size());
-    retryAfter_ = value.substr(first, value.find_last_not_of(" \t\r\n") + 1 - first);
+    retryAfter_ = valueOf(line);
+  } else if (hasName(line, "date")) {
+    date_ = valueOf(line);
   } else if (line == "\r\n" || line == "\n") {
     if (currentStatus_ >= 200) status_ = currentStatus_;
   }

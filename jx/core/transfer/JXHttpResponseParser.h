@@ -9,7 +9,7 @@
 namespace jx {
 
 /// Parses the header section of an HTTP response line by line and counts the bytes of the body. The
-/// body is not kept: only the status and Retry-After are used.
+/// body is not kept: only the status, Date and Retry-After are used.
 class JXHttpResponseParser {
  public:
   static constexpr std::size_t kMaxBytes = 64 * 1024;
@@ -24,12 +24,15 @@ class JXHttpResponseParser {
   int status() const { return status_; }
   /// Returns the value of the Retry-After header; empty when there is none.
   const std::string& retryAfter() const { return retryAfter_; }
+  /// Returns the value of the Date header; empty when there is none.
+  const std::string& date() const { return date_; }
 
  private:
   std::size_t bytes_ = 0;
   int currentStatus_ = 0;  // of the header section that is being read
   int status_ = 0;
   std::string retryAfter_;
+  std::string date_;
 };
 
 }  // namespace jx

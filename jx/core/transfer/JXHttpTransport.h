@@ -47,6 +47,9 @@ struct JX_API JXHttpResult {
   /// Error message for the log when there is no response; empty: "no response". Must not contain
   /// the URL, which contains the source key.
   std::string reason;
+  /// Value of the response's Date header, with which a Retry-After date is compared. Null or
+  /// invalid: it is compared with the device's clock, and the wait is at most `maxBackoff`.
+  JXString date;
 };
 
 /// Sends HTTP requests for the transfer thread. The built-in transport uses libcurl; an application

@@ -131,6 +131,16 @@ std::optional<std::chrono::milliseconds> fromSeconds(std::string_view digits) {
   return std::chrono::seconds(seconds);
 }
 
+// Returns the time of a date in one of HTTP's three forms, in seconds since the Unix epoch.
+std::optional<std::int64_t> parseDate(std::string_view value) {
+  Date date;
+  if (!readCommaDate(Cursor{value}, date) && !readAsctimeDate(Cursor{value}, date)) {
+    return std::nullopt;
+  }
+  if (!isPossible(date)) return std::nullopt;
+  return secondsSinceEpoch(date);
+}
+
 }  // namespace
 
 std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view header,
@@ -138,18 +148,24 @@ std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view header
   const std::string_view value = trimmed(header);
   if (value.empty()) return std::nullopt;
   if (isDigit(value.front())) return fromSeconds(value);
-
-  Date date;
-  if (!readCommaDate(Cursor{value}, date) && !readAsctimeDate(Cursor{value}, date)) {
-    return std::nullopt;
-  }
-  if (!isPossible(date)) return std::nullopt;
+  const std::optional<std::int64_t> at = parseDate(value);
+  if (!at) return std::nullopt;
   // Compares seconds before subtracting, so that an extreme clock value cannot overflow.
-  const std::int64_t at = secondsSinceEpoch(date);
   const std::int64_t now = nowWallMs / 1'000 - (nowWallMs % 1'000 < 0 ? 1 : 0);
-  if (at <= now) return std::chrono::milliseconds::zero();
-  if (now < at - kMaxSeconds) return std::chrono::seconds(kMaxSeconds);
-  return std::chrono::milliseconds(at * 1'000 - nowWallMs);
+  if (*at <= now) return std::chrono::milliseconds::zero();
+  if (now < *at - kMaxSeconds) return std::chrono::seconds(kMaxSeconds);
+  return std::chrono::milliseconds(*at * 1'000 - nowWallMs);
+}
+
+std::optional<std::chrono::milliseconds> requestedDelay(
+    std::string_view retryAfter, std::string_view date, std::int64_t nowWallMs,
+    std::chrono::milliseconds maxUncertain) noexcept {
+  const std::optional<std::int64_t> sentAt = parseDate(trimmed(date));
+  auto delay = parseRetryAfter(retryAfter, sentAt ? *sentAt * 1'000 : nowWallMs);
+  const std::string_view value = trimmed(retryAfter);
+  const bool isCertain = sentAt || value.empty() || isDigit(value.front());
+  if (delay && !isCertain) delay = std::min(*delay, maxUncertain);
+  return delay;
 }
 
 }  // namespace jx

@@ -15,4 +15,12 @@ namespace jx {
 std::optional<std::chrono::milliseconds> parseRetryAfter(std::string_view header,
                                                          std::int64_t nowWallMs) noexcept;
 
+/// Returns the delay that the response requests: `retryAfter` and `date` are its Retry-After and
+/// Date headers. A Retry-After date is compared with the response's own Date, because the clock of
+/// the device may be wrong. Without a valid Date it is compared with `nowWallMs`, and the delay is
+/// at most `maxUncertain`.
+std::optional<std::chrono::milliseconds> requestedDelay(
+    std::string_view retryAfter, std::string_view date, std::int64_t nowWallMs,
+    std::chrono::milliseconds maxUncertain) noexcept;
+
 }  // namespace jx

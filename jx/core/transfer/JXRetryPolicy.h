@@ -45,7 +45,7 @@ struct JXRetryState {
 struct JXCompletedAttempt {
   std::uint64_t round = 0;
   JXResponseClass responseClass = JXResponseClass::Retry;
-  std::optional<std::chrono::milliseconds> retryAfter;  ///< result of `parseRetryAfter`
+  std::optional<std::chrono::milliseconds> retryAfter;  ///< result of `requestedDelay`
 };
 
 /// Returns the longest backoff after `failures` earlier failures and one more. It doubles from

@@ -195,7 +195,8 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
   // An application's transport may return an error code as the status.
   if (result.outcome.status < 100) result.outcome.status = 0;
   const std::optional<milliseconds> retryAfter =
-      parseRetryAfter(result.retryAfter.view(), setup_.clock ? setup_.clock->nowMs() : 0);
+      requestedDelay(result.retryAfter.view(), result.date.view(),
+                     setup_.clock ? setup_.clock->nowMs() : 0, setup_.timings.maxBackoff);
   const JXTransferPlan::Time now = setup_.steadyNow();
   const std::uint64_t id = result.request.id;
   const std::uint32_t host = plan_.hostOf(id);

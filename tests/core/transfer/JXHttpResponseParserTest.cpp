@@ -38,6 +38,20 @@ TEST(HttpResponseParser, ReadsRetryAfterInAnyCaseAndTrimsSpaces) {
   EXPECT_EQ("120", parser.retryAfter());
 }
 
+TEST(HttpResponseParser, ReadsTheDateOfTheFinalResponse) {
+  JXHttpResponseParser parser;
+  parser.readHeader("HTTP/1.1 100 Continue\r\n");
+  parser.readHeader("Date: Sat, 05 Nov 1994 08:49:37 GMT\r\n");
+  parser.readHeader("\r\n");
+  EXPECT_EQ("Sat, 05 Nov 1994 08:49:37 GMT", parser.date());
+  parser.readHeader("HTTP/2 503\r\n");
+  EXPECT_EQ("", parser.date());
+  parser.readHeader("Update: 1\r\n");
+  parser.readHeader("date:Sun, 06 Nov 1994 08:49:37 GMT \r\n");
+  parser.readHeader("\r\n");
+  EXPECT_EQ("Sun, 06 Nov 1994 08:49:37 GMT", parser.date());
+}
+
 TEST(HttpResponseParser, ReturnsAnEmptyRetryAfter) {
   JXHttpResponseParser parser;
   parser.readHeader("HTTP/1.1 429 Slow down\r\n");

@@ -98,5 +98,34 @@ TEST(RetryAfter, ReturnsNothingForAnInvalidHeader) {
   }
 }
 
+TEST(RequestedDelay, ComparesADateWithTheDateOfTheResponse) {
+  // The clock of the device is 40 days slow, and 10 years fast.
+  for (const std::int64_t nowMs : {kNowMs - 3'456'000'000, kNowMs + 315'360'000'000}) {
+    EXPECT_EQ(Wait(60s), requestedDelay("Sun, 06 Nov 1994 08:50:37 GMT",
+                                        "Sun, 06 Nov 1994 08:49:37 GMT", nowMs, 1s));
+    EXPECT_EQ(Wait(60s), requestedDelay("Sun Nov  6 08:50:37 1994", " Sun Nov  6 08:49:37 1994\r\n",
+                                        nowMs, 1s));
+    EXPECT_EQ(Wait(0s), requestedDelay("Sun, 06 Nov 1994 08:49:37 GMT",
+                                       "Sun, 06 Nov 1994 08:49:37 GMT", nowMs, 1s));
+  }
+}
+
+TEST(RequestedDelay, LimitsADateWithoutTheDateOfTheResponse) {
+  for (const char* date : {"", "now", "0", "Sun, 06 Nov 1994 25:49:37 GMT"}) {
+    EXPECT_EQ(Wait(5min), requestedDelay("Sun, 06 Nov 1994 12:00:00 GMT", date, kNowMs, 5min));
+    EXPECT_EQ(Wait(60s), requestedDelay("Sun, 06 Nov 1994 08:50:37 GMT", date, kNowMs, 5min));
+  }
+}
+
+TEST(RequestedDelay, DoesNotLimitSeconds) {
+  EXPECT_EQ(Wait(2h), requestedDelay("7200", "", kNowMs, 5min));
+  EXPECT_EQ(Wait(2h), requestedDelay(" 7200", "Sun, 06 Nov 1994 08:49:37 GMT", kNowMs, 5min));
+}
+
+TEST(RequestedDelay, ReturnsNothingForAnInvalidHeader) {
+  EXPECT_EQ(std::nullopt, requestedDelay("", "Sun, 06 Nov 1994 08:49:37 GMT", kNowMs, 5min));
+  EXPECT_EQ(std::nullopt, requestedDelay("soon", "", kNowMs, 5min));
+}
+
 }  // namespace
 }  // namespace jx

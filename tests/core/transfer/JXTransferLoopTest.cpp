@@ -39,6 +39,7 @@ class FakeTransport : public JXHttpTransport {
       const auto own = statusOf.find(result.request.body);
       if (own != statusOf.end()) result.outcome.status = own->second;
       result.retryAfter = retryAfter;
+      result.date = date;
       if (outcome.status == 0) result.reason = reason;
       results.push_back(std::move(result));
     }
@@ -53,6 +54,7 @@ class FakeTransport : public JXHttpTransport {
   JXAttemptResult outcome{200, false};
   std::map<std::string, int> statusOf;  // by body; overrides the status of `outcome`
   JXString retryAfter;
+  JXString date;
   std::string reason = "refused";
   std::vector<JXHttpRequest> started;
   std::vector<JXHttpRequest> inFlight;
@@ -341,6 +343,35 @@ TEST_F(TransferLoop, FailedRequestKeepsItsPosition) {
   EXPECT_EQ(bodyOf("a"), transport->started[1].body);
   EXPECT_EQ(bodyOf("b"), transport->started[2].body);
   EXPECT_EQ(2, probes);
+}
+
+TEST_F(TransferLoop, ComparesARetryAfterDateWithTheDateOfTheResponse) {
+  clock->set(0);
+  add("a");
+  transport->outcome = {503, false};
+  transport->retryAfter = "Sun, 06 Nov 1994 09:49:37 GMT";
+  transport->date = "Sun, 06 Nov 1994 08:49:37 GMT";
+  runOnce();
+  now += 1h - 1ms;
+  runOnce();
+  EXPECT_EQ(1u, transport->started.size());
+  now += 1ms;
+  runOnce();
+  EXPECT_EQ(2u, transport->started.size());
+}
+
+TEST_F(TransferLoop, LimitsARetryAfterDateWithoutADateToTheLongestBackoff) {
+  clock->set(0);
+  add("a");
+  transport->outcome = {503, false};
+  transport->retryAfter = "Sun, 06 Nov 1994 09:49:37 GMT";
+  runOnce();
+  now += 5min - 1ms;
+  runOnce();
+  EXPECT_EQ(1u, transport->started.size());
+  now += 1ms;
+  runOnce();
+  EXPECT_EQ(2u, transport->started.size());
 }
 
 TEST_F(TransferLoop, ComparesARetryAfterDateWithTheTimeOfDay) {
