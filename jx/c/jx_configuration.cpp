@@ -104,6 +104,7 @@ Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
   configuration.storageFolder = c.storage_folder;
   configuration.storesOnlyWithConsent = c.stores_only_with_consent;
   configuration.collectionHost = c.collection_host;
+  configuration.sendsQueueToCurrentHost = c.sends_queue_to_current_host;
   configuration.caFile = c.ca_file;
   configuration.pinnedPublicKeys.clear();
   if (c.pinned_public_keys == nullptr && c.pinned_public_key_count != 0) {

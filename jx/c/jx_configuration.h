@@ -35,7 +35,7 @@ typedef struct jx_configuration {
   bool stores_only_with_consent;
   /// Server that receives events: "collect.example.com", optionally followed by a port and
   /// preceded by "https://". "http://" is allowed only for loopback hosts. Null: the host that the
-  /// library was built with.
+  /// library was built with. With an invalid host, events are queued and not sent.
   const char* collection_host;
   /// PEM file of certificates to trust instead of the system's.
   const char* ca_file;
@@ -81,6 +81,8 @@ typedef struct jx_configuration {
   /// Returns the time of day; null: the system clock.
   jx_clock clock;
   void* clock_context;  ///< passed to `clock`
+  /// True: queued events of other hosts are sent to `collection_host` too.
+  bool sends_queue_to_current_host;
 } jx_configuration;
 
 /// Sets all fields to their defaults. `struct_size` must be `sizeof(jx_configuration)`; it lets a

@@ -35,6 +35,23 @@ std::string_view hostOf(std::string_view authority) {
   return authority.substr(0, authority.find(':'));
 }
 
+// Percent-encodes all characters that could end the host of a URL.
+std::string encoded(std::string_view text) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  std::string result;
+  for (const char each : text) {
+    const auto c = static_cast<unsigned char>(each);
+    const bool isSafe = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                        (c >= 'a' && c <= 'z') || c == '-' || c == '.' || c == '_';
+    if (isSafe) {
+      result += each;
+    } else {
+      result.append({'%', kDigits[c >> 4], kDigits[c & 15]});
+    }
+  }
+  return result;
+}
+
 // True for a host with optional user information and port. Rejects characters that URL parsers
 // interpret differently, so that the connection goes to the host that is checked for loopback here.
 bool isAuthority(std::string_view authority) {
@@ -116,15 +133,13 @@ bool isLoopbackAuthority(std::string_view authority) {
 JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
                                                 const JXString& fallback) {
   JXCollectionEndpoint endpoint;
-  const ConfiguredHost host(configured.view());
-  const std::string quoted = "\"" + withoutCredentials(configured.view()) + "\"";
+  const std::string_view chosen = (configured.testString() ? configured : fallback).view();
+  const ConfiguredHost host(chosen);
+  const std::string quoted = "\"" + withoutCredentials(chosen) + "\"";
   if (!host.isValid()) {
-    endpoint.url = std::string(kHttps).append(ConfiguredHost(fallback.view()).authority);
-    if (configured.isPresent()) {
-      endpoint.message = "Collection host " + quoted + " is invalid; events are sent to " +
-                         withoutCredentials(endpoint.url.view());
-      endpoint.messageLevel = 3;
-    }
+    endpoint.url = std::string(kJXInvalidScheme) + encoded(withoutCredentials(chosen));
+    endpoint.message = "Collection host " + quoted + " is invalid; nothing is sent to it";
+    endpoint.messageLevel = 2;
     return endpoint;
   }
   const bool staysHttp = host.isHttp && isLoopbackAuthority(host.authority);
@@ -139,7 +154,7 @@ JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
     endpoint.message =
         "Path, query or fragment of collection host " + quoted + " ignored" + consequence;
     endpoint.messageLevel = 3;
-  } else if (!host.isHttps && !host.isHttp) {
+  } else if (!host.isHttps && !host.isHttp && configured.testString()) {
     endpoint.message = "Collection host " + quoted + " has no scheme" + consequence;
     endpoint.messageLevel = 4;
   }

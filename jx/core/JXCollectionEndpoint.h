@@ -18,11 +18,13 @@ struct JXCollectionEndpoint {
   /// Returns the endpoint for the configured host. The scheme is https when `configured` has none.
   /// Plain http would expose viewer data to the network, so it is accepted for loopback hosts only
   /// and becomes https elsewhere. A path, query or fragment is removed. `fallback` is used when
-  /// `configured` contains no host or has another scheme.
+  /// `configured` is null or empty. A value without a host or with another scheme gives a URL that
+  /// starts with `kJXInvalidScheme`: sending to another host would give viewer data to it.
   static JXCollectionEndpoint from(const JXString& configured, const JXString& fallback);
 };
 
-/// Scheme of the URLs that are made with an invalid collection host: nothing is sent to them.
+/// Scheme of the URLs of events that were executed with an invalid collection host. They stay
+/// queued: nothing is sent to them.
 inline constexpr std::string_view kJXInvalidScheme = "invalid://";
 
 /// Returns the beginning of `url` with scheme, host and port, without a path, query or fragment;

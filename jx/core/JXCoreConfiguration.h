@@ -32,9 +32,15 @@ struct JX_API JXCoreConfiguration {
   bool storesOnlyWithConsent = false;
   /// Server that receives the events: a host name with an optional port, such as
   /// "collect.example.com:8443". An "https://" prefix is optional; "http://" is allowed only for
-  /// loopback hosts and becomes https elsewhere. Default: null, the host given to the build as
-  /// JX_COLLECTION_HOST, which also replaces an invalid host.
+  /// loopback hosts and becomes https elsewhere. With an invalid host, logged at level 2, events
+  /// are queued and not sent. Default: null or empty, the host given to the build as
+  /// JX_COLLECTION_HOST.
   JXString collectionHost;
+  /// True sends the queued events of other hosts to the collection host too: scheme, host and port
+  /// of each URL are replaced when the event is sent. Set it when the host has changed, or to send
+  /// events that were queued with an invalid host. Default: false, each event is sent to the host
+  /// that was configured when it was executed.
+  bool sendsQueueToCurrentHost = false;
   /// Path of a file of PEM certificates to trust instead of the system's certificates. Default:
   /// null, the system's certificates.
   JXString caFile;

@@ -195,9 +195,11 @@ void JXCoreServices::startTransfer() {
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
+  const std::string currentEndpoint =
+      configuration_.sendsQueueToCurrentHost ? collectionEndpoint_.toStdString() : std::string();
   outbox_ = std::make_shared<JXOutbox>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
-      configuration_.outboxBounds, clock_, erasures_, mayStore(), std::string(),
+      configuration_.outboxBounds, clock_, erasures_, mayStore(), currentEndpoint,
       storageFolder_.testString() ? "outbox" : "");
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;

@@ -64,6 +64,7 @@ TEST(CConfiguration, HasTheDefaultsOfCpp) {
   EXPECT_EQ(c.sync_delay_ms, 1'000);
   EXPECT_EQ(c.user_agent_wait_ms, 10'000);
   EXPECT_FALSE(c.dry_run);
+  EXPECT_FALSE(c.sends_queue_to_current_host);
 }
 
 std::int64_t noon(void* context) { return *static_cast<std::int64_t*>(context); }
@@ -75,6 +76,7 @@ TEST(CConfiguration, AppliesEveryField) {
   c.storage_folder = "folder";
   c.stores_only_with_consent = true;
   c.collection_host = "collect.example.com";
+  c.sends_queue_to_current_host = true;
   c.ca_file = "ca.pem";
   c.pinned_public_keys = keys;
   c.pinned_public_key_count = 2;
@@ -107,6 +109,7 @@ TEST(CConfiguration, AppliesEveryField) {
   EXPECT_EQ(now.storageFolder, JXString("folder"));
   EXPECT_TRUE(now.storesOnlyWithConsent);
   EXPECT_EQ(now.collectionHost, JXString("collect.example.com"));
+  EXPECT_TRUE(now.sendsQueueToCurrentHost);
   EXPECT_EQ(now.caFile, JXString("ca.pem"));
   EXPECT_EQ(now.pinnedPublicKeys, (std::vector<std::string>{"first", ""}));
   EXPECT_EQ(now.proxy, JXString(""));

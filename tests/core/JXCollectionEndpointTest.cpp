@@ -63,7 +63,9 @@ TEST(JXCollectionEndpoint, IgnoresLoopbackHostsElsewhereInTheUrl) {
         "http://evil.example?@localhost", "http://evil.example\\@127.0.0.1",
         "http://127.0.0.1@evil.example", "http://127.0.0.1:80@evil.example",
         "http://localhost:x@evil.example", "http://evil.example/127.0.0.1"}) {
-    EXPECT_EQ(from(configured).url.view().substr(0, 8), "https://") << configured;
+    const bool isInvalid = std::string_view(configured).find('\\') != std::string_view::npos;
+    EXPECT_EQ(from(configured).url.view().substr(0, 8), isInvalid ? "invalid:" : "https://")
+        << configured;
   }
 }
 
@@ -77,16 +79,50 @@ TEST(JXCollectionEndpoint, RemovesPathQueryAndFragmentWithAMessage) {
   }
 }
 
-TEST(JXCollectionEndpoint, UsesTheFallbackWithAWarningForInvalidHosts) {
+TEST(JXCollectionEndpoint, UsesTheFallbackWithoutAMessageForAnEmptyHost) {
+  EXPECT_EQ(from("").url, JXString("https://fallback.example"));
+  EXPECT_FALSE(from("").message.isPresent());
+}
+
+TEST(JXCollectionEndpoint, NeverFallsBackForInvalidHosts) {
   for (const char* configured :
-       {"", "/", "https://", "http://", "https:///", "http:///path", ":8443", "https://:8443",
+       {"/", "https://", "http://", "https:///", "http:///path", ":8443", "https://:8443",
         "ftp://collect.example.com", "file:///etc/passwd", "[::1", "two words",
-        "https://line\nbreak", "\\\\server"}) {
+        "https://line\nbreak", "\\\\server", "?", "#", " "}) {
     const JXCollectionEndpoint endpoint = from(configured);
-    EXPECT_EQ(endpoint.url, JXString("https://fallback.example")) << configured;
-    EXPECT_TRUE(endpoint.message.isPresent()) << configured;
-    EXPECT_EQ(endpoint.messageLevel, 3) << configured;
+    EXPECT_EQ(endpoint.url.view().substr(0, 10), "invalid://") << configured;
+    EXPECT_EQ(endpointOf(endpoint.url.toStdString() + "/events?s=1"), endpoint.url.view());
+    EXPECT_EQ(endpoint.message, JXString("Collection host \"" + std::string(configured) +
+                                         "\" is invalid; nothing is sent to it"));
+    EXPECT_EQ(endpoint.messageLevel, 2) << configured;
   }
+  EXPECT_EQ(from("two words").url, JXString("invalid://two%20words"));
+  EXPECT_EQ(from("ftp://u:secret@h/p").url, JXString("invalid://ftp%3a%2f%2f%2a%2a%2a%40h%2fp"));
+}
+
+TEST(JXCollectionEndpoint, InvalidHostOfTheBuildSendsNothing) {
+  const JXCollectionEndpoint endpoint = JXCollectionEndpoint::from(nullptr, "two words");
+  EXPECT_EQ(endpoint.url, JXString("invalid://two%20words"));
+  EXPECT_EQ(endpoint.messageLevel, 2);
+}
+
+TEST(JXCollectionEndpoint, EndpointOfAUrlHasNoPath) {
+  EXPECT_EQ(endpointOf("https://u:p@h:1/x?y#z"), "https://u:p@h:1");
+  EXPECT_EQ(endpointOf("https://h?y"), "https://h");
+  EXPECT_EQ(endpointOf("https://h"), "https://h");
+  EXPECT_EQ(endpointOf("h/x?u=http://other"), "h/x?u=http://other");
+  EXPECT_EQ(endpointOf(""), "");
+}
+
+TEST(JXCollectionEndpoint, OriginIsTheSameForAllUrlsOfAServer) {
+  EXPECT_EQ(originOf("HTTPS://User@Host.Example:443/A"), "https://host.example");
+  EXPECT_EQ(originOf("http://host.example:80"), "http://host.example");
+  EXPECT_EQ(originOf("http://host.example:443/"), "http://host.example:443");
+  EXPECT_EQ(originOf("https://host.example:/"), "https://host.example");
+  EXPECT_EQ(originOf("https://[::1]:8443/"), "https://[::1]:8443");
+  EXPECT_EQ(originOf("https://[::1]/"), "https://[::1]");
+  EXPECT_EQ(originOf("https://"), "https://");
+  EXPECT_EQ(originOf("no url"), "no url");
 }
 
 TEST(JXCollectionEndpoint, LogsNoCredentials) {

@@ -158,6 +158,25 @@ TEST_F(JXCoreStart, LogsAnInvalidCollectionHostOnce) {
             JXString("https://collect.example.com"));
 }
 
+class JXInvalidHostStart : public test::JXCoreFixture {
+ protected:
+  void prepare() override {
+    configuration_.dryRun = false;
+    configuration_.collectionHost = "two words";
+  }
+};
+
+TEST_F(JXInvalidHostStart, KeepsEventsQueued) {
+  JXCoreInitialisation::init();
+  EXPECT_EQ(countLogLines("2 Collection host \"two words\" is invalid; nothing is sent to it"), 1);
+  const JXString endpoint = JXCoreServices::sharedInstance().collectionEndpoint();
+  JXNetworkManager::sharedInstance().enqueue(endpoint.toStdString() + "/events", "{}");
+  EXPECT_FALSE(JXNetworkManager::sharedInstance().flush(std::chrono::milliseconds(100)));
+  const JXDeliveryCounters counters = JXNetworkManager::sharedInstance().counters();
+  EXPECT_EQ(counters.outbox.queued, 1U);
+  EXPECT_EQ(counters.attempts, 0U);
+}
+
 class JXPinnedStart : public test::JXCoreFixture {
  protected:
   void prepare() override {
