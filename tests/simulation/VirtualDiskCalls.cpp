@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
@@ -100,6 +101,13 @@ int VirtualDisk::open(int folder, const char* name, int flags) {
   Process& process = processes_.at(current_);
   process.descriptors.insert(descriptor);
   process.most = std::max(process.most, process.descriptors.size());
+  if (isTracing_ && process.descriptors.size() > 7) {
+    std::printf("               process %d: %zu descriptors:", current_,
+                process.descriptors.size());
+    for (const int each : process.descriptors)
+      std::printf(" %s", nameOf(each).c_str());
+    std::printf("\n");
+  }
   return descriptor;
 }
 

@@ -10,6 +10,7 @@ namespace {
 
 // More iterations without a wait in between are an endless loop.
 constexpr int kMaxIterations = 500;
+constexpr std::size_t kMaxDescriptors = 8;
 
 std::uint64_t droppedBy(const JXOutboxCounters& counters) {
   return counters.droppedTooMany + counters.droppedTooLarge + counters.droppedTooOld +
@@ -294,13 +295,18 @@ bool VirtualProcess::workOnce() {
       failures == world_.disk.failures() && world_.disk.fault() == VirtualDisk::Fault::None;
   if (isAlive()) {
     world_.ledger.worked(number_, world_.clock->steadyMs(), isHealthy);
-    checkMemory();
+    checkResources();
   }
   return wakeAt_ && *wakeAt_ <= world_.clock->steady();
 }
 
-// While the disk works, the queue is in files.
-void VirtualProcess::checkMemory() {
+// While the disk works, the queue is in files; however many, few of them are open.
+void VirtualProcess::checkResources() {
+  // A segment whose folder was replaced keeps it open until it is written again.
+  const bool isBounded = !world_.ledger.mayLoseFiles;
+  if (isBounded && world_.disk.mostDescriptors(number_) > kMaxDescriptors) {
+    world_.violated("more than eight descriptors are open");
+  }
   const bool isRepaired = world_.clock->steadyMs() >= record().healthyMs + Ledger::kSyncMs;
   if (isRepaired && outbox_->counters().inMemory != 0) {
     world_.violated("events are in memory only although the disk works");

@@ -66,7 +66,7 @@ class VirtualProcess {
   void noteEnds(const std::vector<JXHttpResult>& results, long failures);
   void report(const JXDelivery& delivery);
   void checkLimits(const JXOutboxCounters& before, std::uint64_t bytes);
-  void checkMemory();
+  void checkResources();
   void checkValue();
   std::string urlOf(int source) const;
 
