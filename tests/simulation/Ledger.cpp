@@ -24,7 +24,7 @@ Event* Ledger::find(std::string_view body) {
 
 void Ledger::started(int process, std::int64_t nowMs, bool isHealthy) {
   ProcessRecord& record = processes_[process];
-  record.startedMs = record.healthyMs = record.failingMs = nowMs;
+  record.startedMs = record.healthyMs = nowMs;
   record.stops = stops_;
   adopted(process, nowMs, isHealthy);
 }
@@ -245,7 +245,9 @@ const char* Ledger::wrongReport(Event& event, const JXDelivery& delivery) {
       return event.received == 0 ? "is reported as delivered but was not received" : nullptr;
     case JXDeliveryOutcome::Rejected:
       event.isReportedRejected = true;
-      return event.isRejected ? nullptr : "is reported as rejected but was not";
+      // The clock that jumped is also that of the requests on which the server fails.
+      if (event.isRejected || event.isGivenUp || (mayExpire && event.isPoisonous)) return nullptr;
+      return "is reported as rejected but was not";
     case JXDeliveryOutcome::Dropped:
       break;
   }

@@ -45,6 +45,7 @@ struct Event {
   bool hasEnded = false;  ///< the library knows its end: delivered, rejected or dropped
   bool endIsDurable = false;
   std::int64_t endedMs = 0;
+  bool isGivenUp = false;  ///< the server has failed on it for three days
   bool isReportedDelivered = false;
   bool isReportedDropped = false;
   bool isReportedRejected = false;
@@ -56,7 +57,9 @@ struct Event {
   bool mayRepeat = false;
   std::uint64_t forbiddenFrom = 0;  ///< the operation from which on it must not be sent; 0: none
   bool isErased = false;            ///< must not be on the disk
-  std::map<int, int> attempts;      ///< by process
+  int attempts = 0;
+  int serverErrors = 0;
+  std::int64_t firstErrorMs = 0;
 };
 
 /// What a process has decided, and what it knows.
@@ -76,9 +79,13 @@ struct ProcessRecord {
   bool mayMissMarks = false;    ///< of purges and erases, because it could not read them
   int flushes = 0;
   std::map<int, std::int64_t> notBeforeMs;  ///< by host: the end of a Retry-After
-  std::int64_t failingMs = 0;               ///< since when it has received no final response
-  int failingAttempts = 0;
-  int failingFlushes = 0;
+  /// The attempts on one host since its last final response.
+  struct Outage {
+    std::int64_t sinceMs = -1;
+    int attempts = 0;
+    int flushes = 0;
+  };
+  std::map<int, Outage> outages;
   std::uint64_t reported = 0;  ///< dropped events
 };
 

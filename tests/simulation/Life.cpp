@@ -12,8 +12,10 @@ namespace jx::simulation {
 namespace {
 
 // More steps of the transfer in one wait are an endless loop.
-constexpr int kMaxSteps = 20'000;
+constexpr int kMaxSteps = 50'000;
 constexpr std::int64_t kMinuteMs = 60'000;
+// Ten hours: an event on which the server has failed is tried again after at most eight.
+constexpr int kDrainSteps = 60;
 // A dead letter is stored twice if its process is killed in between.
 constexpr std::size_t kMaxTwice = 20;
 
@@ -138,7 +140,8 @@ void Life::interleave() {
   if (!world_.interleaves || !world_.random.chance(3)) return;
   for (const auto& process : processes_) {
     if (process->number() == world_.disk.current() || !process->isAlive()) continue;
-    if (world_.random.chance(50) || process->record().members.empty()) {
+    const bool mayExecute = !process->record().members.empty() && events_ < kMaxEvents;
+    if (world_.random.chance(50) || !mayExecute) {
       process->work();
     } else {
       executeIn(*process, world_.random.below(process->record().members.size()));
@@ -157,8 +160,8 @@ bool Life::isDrained() {
 
 // Everything works again: every event must leave.
 void Life::drain(const char* when) {
-  for (int minutes = 0; minutes < 240 && !isDrained() && world_.violation.empty(); ++minutes)
-    advance(kMinuteMs);
+  for (int i = 0; i < kDrainSteps && !isDrained() && world_.violation.empty(); ++i)
+    advance(10 * kMinuteMs);
   advance(2 * kMinuteMs);
   for (const auto& process : processes_) {
     const JXOutboxCounters counters = process->counters();
@@ -221,15 +224,16 @@ void Life::checkMissing() {
   std::uint64_t missing = 0;
   std::string first;
   for (const Event& event : world_.ledger.events())
-    rejected += event.isRejected ? 1 : 0;
+    rejected += event.isRejected || event.isGivenUp ? 1 : 0;
   for (const Event& event : world_.ledger.events()) {
     if (!event.isAccepted || event.isValue || event.mayBeLost || event.isReportedDropped) continue;
     // A rejected event that cannot be stored is dropped by the limits after its report.
-    const bool isKept =
-        deadLetters.count(event.body) != 0 || world_.ledger.mayExpire ||
-        (event.isReportedRejected && world_.ledger.hadFault) ||
-        (!event.attempts.empty() && world_.bounds.maxDeadLetters < rejected + kMaxTwice);
-    if (event.received > 0 || (event.isRejected && isKept)) continue;
+    const bool isKept = deadLetters.count(event.body) != 0 || world_.ledger.mayExpire ||
+                        (event.isReportedRejected && world_.ledger.hadFault) ||
+                        (event.attempts > 0 && world_.bounds.maxDeadLetters < rejected + kMaxTwice);
+    if (event.received > 0 || ((event.isRejected || event.isGivenUp) && isKept)) {
+      continue;
+    }
     if (missing++ == 0) first = event.id;
   }
   if (missing > world_.ledger.unreported()) {

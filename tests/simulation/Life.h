@@ -26,6 +26,7 @@ class Life {
  private:
   enum Kind { Kills, Power, Faults, Several, Consent, Removal, Servers, Limits, Damage, Anything };
   static constexpr int kKinds = 10;
+  static constexpr int kMaxEvents = 300;
   static const char* const kKindNames[kKinds];
 
   /// One thing that can happen. `often`: its weight in a life of the kinds; else it is rare in a
@@ -64,6 +65,7 @@ class Life {
   void executeMany();
   void wait();
   void waitLong();
+  void waitDays();
   void setValue();
   void flush();
   void exit();

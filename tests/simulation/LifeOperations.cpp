@@ -13,7 +13,6 @@ namespace {
 constexpr std::int64_t kSecondMs = 1'000;
 constexpr std::int64_t kHourMs = 3'600'000;
 constexpr std::int64_t kDayMs = 24 * kHourMs;
-constexpr int kMaxEvents = 300;
 
 }  // namespace
 
@@ -24,6 +23,7 @@ const std::vector<Life::Operation>& Life::operations() {
       {&Life::executeMany, 8, {}},
       {&Life::wait, 25, {}},
       {&Life::waitLong, 4, {}},
+      {&Life::waitDays, 2, {Servers}},
       {&Life::setValue, 5, {}},
       {&Life::flush, 2, {}},
       {&Life::exit, 3, {}},
@@ -130,6 +130,8 @@ void Life::wait() {
 }
 
 void Life::waitLong() { advance(world_.random.between(60 * kSecondMs, 3 * kHourMs)); }
+
+void Life::waitDays() { advance(world_.random.between(12 * kHourMs, 4 * kDayMs)); }
 
 void Life::setValue() {
   if (VirtualProcess* const process = anyProcess()) {

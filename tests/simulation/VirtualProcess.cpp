@@ -184,6 +184,7 @@ void VirtualProcess::enable() {
 void VirtualProcess::flush() {
   ++commands_.flushes;
   ++record().flushes;
+  ++world_.flushes;
 }
 
 void VirtualProcess::abortRequests() {
@@ -340,6 +341,10 @@ void VirtualProcess::report(const JXDelivery& delivery) {
              delivery.reason.isPresent() ? delivery.reason.toStdString().c_str() : "delivered");
   if (const char* const wrong = world_.ledger.wrongReport(*event, delivery)) {
     world_.violated(event->id + " " + wrong);
+  }
+  if (delivery.outcome == JXDeliveryOutcome::Rejected && event->isPoisonous) {
+    event->isGivenUp = true;
+    world_.ledger.ended(*event, false, world_.clock->steadyMs());
   }
   if (delivery.outcome != JXDeliveryOutcome::Dropped) return;
   if (delivery.dropReason != JXDropReason::Purged) event->droppedBy = number_;

@@ -9,7 +9,11 @@ namespace jx::simulation {
 namespace {
 
 constexpr std::int64_t kTimeoutMs = 30'000;
-constexpr std::size_t kMaxInFlight = 4;
+constexpr std::size_t kMaxInFlight = 8;
+constexpr std::int64_t kMaxToHost = 4;
+constexpr std::int64_t kHourMs = 3'600'000;
+constexpr std::int64_t kShortestScheduleMs = kHourMs / 4;
+constexpr std::int64_t kGiveUpMs = 72 * kHourMs;
 
 }  // namespace
 
@@ -25,6 +29,7 @@ void VirtualTransport::start(JXHttpRequest request) {
   } else {
     checkStart(request, *event);
     flight = respond(*event);
+    countAttempt(*event, flight.result.outcome.status);
   }
   flight.result.request = std::move(request);
   flights_.push_back(std::move(flight));
@@ -43,23 +48,36 @@ void VirtualTransport::checkStart(const JXHttpRequest& request, Event& event) {
   if (notBefore != record.notBeforeMs.end() && world_.clock->steadyMs() < notBefore->second) {
     world_.violated(event.id + " is sent before the end of a Retry-After");
   }
-  if (flights_.size() >= kMaxInFlight) world_.violated("more than four requests are in flight");
-  countAttempt(event);
+  const auto toHost = std::count_if(flights_.begin(), flights_.end(), [&](const Flight& flight) {
+    const Event* const other = world_.ledger.find(flight.result.request.body);
+    return other != nullptr && other->host == event.host;
+  });
+  if (flights_.size() >= kMaxInFlight || toHost >= kMaxToHost) {
+    world_.violated("too many requests are in flight");
+  }
 }
 
-// Backoffs grow to five minutes, with jitter; a flush and a new failure each cost an attempt.
-void VirtualTransport::countAttempt(const Event& event) {
+// Backoffs grow to five minutes, with full jitter; a flush costs an attempt.
+void VirtualTransport::countAttempt(Event& event, int status) {
   ProcessRecord& record = world_.ledger.process(process_);
-  const std::int64_t failing = world_.clock->steadyMs() - record.failingMs;
-  const std::int64_t alive = world_.clock->steadyMs() - record.startedMs;
-  const int flushes = record.flushes - record.failingFlushes;
-  if (++record.failingAttempts > 40 + failing / 30'000 + 4 * flushes) {
-    world_.violated("too many attempts without a response: " +
-                    std::to_string(record.failingAttempts));
+  const std::int64_t nowMs = world_.clock->steadyMs();
+  ++event.attempts;
+  if (status == 500) {
+    if (event.serverErrors++ == 0) event.firstErrorMs = nowMs;
+    // On a schedule of its own, which grows to hours unless the host fails on everything; a power
+    // loss or a full disk may forget it.
+    const std::int64_t failing = nowMs - event.firstErrorMs;
+    const auto processes = static_cast<std::int64_t>(world_.ledger.processes().size());
+    if (event.serverErrors > 15 + failing / kShortestScheduleMs + processes + world_.flushes) {
+      world_.violated(event.id + " is attempted too often: " + std::to_string(event.serverErrors));
+    }
   }
-  int& attempts = const_cast<Event&>(event).attempts[process_];
-  if (++attempts > 40 + alive / 30'000 + 4 * record.flushes) {
-    world_.violated(event.id + " is attempted too often: " + std::to_string(attempts));
+  if (status / 100 == 2 || status == 413) return;
+  ProcessRecord::Outage& outage = record.outages[event.host];
+  if (outage.sinceMs < 0) outage = {nowMs, 0, record.flushes};
+  const int flushes = record.flushes - outage.flushes;
+  if (++outage.attempts > 40 + (nowMs - outage.sinceMs) / 100'000 + 4 * flushes) {
+    world_.violated("too many attempts without a response: " + std::to_string(outage.attempts));
   }
 }
 
@@ -108,7 +126,7 @@ std::vector<JXHttpResult> VirtualTransport::poll(std::optional<std::chrono::mill
       ++flight;
       continue;
     }
-    if (const Event* const event = world_.ledger.find(flight->result.request.body)) {
+    if (Event* const event = world_.ledger.find(flight->result.request.body)) {
       noteResult(*event, flight->result);
     }
     results.push_back(std::move(flight->result));
@@ -117,14 +135,14 @@ std::vector<JXHttpResult> VirtualTransport::poll(std::optional<std::chrono::mill
   return results;
 }
 
-void VirtualTransport::noteResult(const Event& event, const JXHttpResult& result) {
+void VirtualTransport::noteResult(Event& event, const JXHttpResult& result) {
   ProcessRecord& record = world_.ledger.process(process_);
   const int status = result.outcome.status;
   world_.say("  process %d receives %d for %s", process_, status, event.id.c_str());
+  const std::int64_t failing = world_.clock->steadyMs() - event.firstErrorMs;
+  if (status == 500 && failing >= kGiveUpMs) event.isGivenUp = true;
   if (status / 100 == 2 || status == 413) {
-    record.failingMs = world_.clock->steadyMs();
-    record.failingAttempts = 0;
-    record.failingFlushes = record.flushes;
+    record.outages.erase(event.host);
   }
   if (result.retryAfter.isPresent()) {
     std::int64_t& until = record.notBeforeMs[event.host];

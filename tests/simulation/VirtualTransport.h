@@ -33,9 +33,9 @@ class VirtualTransport final : public JXHttpTransport {
     std::int64_t endsMs = 0;
   };
   void checkStart(const JXHttpRequest& request, Event& event);
-  void countAttempt(const Event& event);
+  void countAttempt(Event& event, int status);
   Flight respond(Event& event);
-  void noteResult(const Event& event, const JXHttpResult& result);
+  void noteResult(Event& event, const JXHttpResult& result);
 
   World& world_;
   const int process_;

@@ -63,6 +63,7 @@ struct World {
   Network network;
   JXOutboxBounds bounds;
   std::string folder = "/tv/jx";
+  int flushes = 0;
   std::string violation;
   bool eraseIsPending = false;  ///< a process died while it erased
   bool interleaves = false;     ///< other processes run during the calls of a process
