@@ -179,5 +179,6 @@ HttpResponse postJson(const std::string& url, const std::string& body,
   }
   response.status = std::atoi(header.c_str() + 9);
   response.retryAfter = headerValue(header, "Retry-After");
+  response.date = headerValue(header, "Date");
   return response;
 }

@@ -9,6 +9,7 @@
 struct HttpResponse {
   int status = 0;           ///< 0 without a response
   std::string retryAfter;   ///< value of the Retry-After header; empty without one
+  std::string date;         ///< value of the Date header; empty without one
   std::string error;        ///< error message without a response
   bool invalidUrl = false;  ///< the URL can never be requested
 };

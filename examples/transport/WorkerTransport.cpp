@@ -90,6 +90,7 @@ jx::JXHttpResult WorkerTransport::send(jx::JXHttpRequest request) const {
     result.outcome.status = response.status;
     result.outcome.neverSendable = response.invalidUrl;
     if (!response.retryAfter.empty()) result.retryAfter = response.retryAfter;
+    if (!response.date.empty()) result.date = response.date;
     result.reason = response.error;
   } catch (const std::exception& error) {
     result.reason = error.what();  // no response: the library retries the request

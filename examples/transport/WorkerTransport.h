@@ -13,7 +13,8 @@
 #include "jx/core/transfer/JXHttpTransport.h"
 
 /// Sends the library's requests with a blocking HTTP client, one after the other, on a worker
-/// thread. The library's thread only exchanges requests and results with it, so it never blocks.
+/// thread, which is enough for one host. The library's thread only exchanges requests and results
+/// with it, so it never blocks.
 class WorkerTransport final : public jx::JXHttpTransport {
  public:
   /// Sends one request and returns its response. Called on the worker thread.

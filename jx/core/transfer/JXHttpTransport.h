@@ -56,7 +56,8 @@ struct JX_API JXHttpResult {
 /// or a test replaces it with `JXCoreConfiguration::transport`.
 ///
 /// The library uses one transport per process, with at most eight requests at a time and at most
-/// four to one host. A host must not wait for another: start all eight at once. `start`, `poll`
+/// four to one host. Send them side by side: otherwise a host that does not respond delays
+/// the others. `start`, `poll`
 /// and `abortAll` are called on the transfer thread only, never two at once; `wakeUp` is called on
 /// any thread, also during the others. No lock of the library is locked during `start`, `poll` and
 /// `abortAll`. They may call any operation of the library; JXNetworkManager::flush does not wait

@@ -97,11 +97,13 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
 }
 
 JXTransferWait JXTransferLoop::act() {
-  if (plan_.isSyncDue(setup_.steadyNow())) sync();
+  // One time for all: what becomes due meanwhile is started with the commands of the next call.
+  const JXTransferPlan::Time now = setup_.steadyNow();
+  if (plan_.isSyncDue(now)) sync();
   const std::vector<JXOutboxHost> hosts = setup_.outbox->hosts();
   plan_.setHosts(hosts);
   forgetLoggedFailures(hosts);
-  while (startOne()) {
+  while (startOne(now)) {
   }
   const bool hasReported = reportDropped();
   JXTransferWait wait = plan_.nextWait(setup_.steadyNow());
@@ -149,8 +151,7 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
 }
 
 // Returns false when no request may be started now.
-bool JXTransferLoop::startOne() {
-  const JXTransferPlan::Time now = setup_.steadyNow();
+bool JXTransferLoop::startOne(JXTransferPlan::Time now) {
   const std::optional<JXTransferStart> start = plan_.nextStart(now);
   if (!start) return false;
   static const JXSendFilter everything;

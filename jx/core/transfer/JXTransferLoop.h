@@ -82,7 +82,7 @@ class JXTransferLoop {
   std::uint64_t failures() const { return failures_.load(); }
 
  private:
-  bool startOne();
+  bool startOne(JXTransferPlan::Time now);
   void abortInFlight();
   void sync();
   void completeOne(JXHttpResult& result);
