@@ -69,7 +69,6 @@ void Ledger::disturbed(std::int64_t nowMs) {
   for (auto& [number, record] : processes_) {
     if (!record.isAlive) continue;
     record.healthyMs = std::max(record.healthyMs, nowMs + kRepairMs);
-    record.mayMissMarks = true;
   }
 }
 
@@ -206,7 +205,7 @@ void Ledger::ended(Event& event, bool isCertain, std::int64_t nowMs) {
 
 const char* Ledger::refusal(const Event& event, const ProcessRecord& process) const {
   const bool isForbidden = event.forbiddenFrom != 0 && process.operation > event.forbiddenFrom;
-  if (isForbidden && !process.mayMissMarks) {
+  if (isForbidden) {
     return "was purged or erased";
   }
   if (event.hasEnded && !event.mayRepeat) return "had ended";

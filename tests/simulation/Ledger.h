@@ -76,7 +76,6 @@ struct ProcessRecord {
   std::int64_t startedMs = 0;
   std::int64_t healthyMs = 0;   ///< since when the disk has worked for it, with repairs finished
   std::uint64_t operation = 0;  ///< the current operation
-  bool mayMissMarks = false;    ///< of purges and erases, because it could not read them
   int flushes = 0;
   std::map<int, std::int64_t> notBeforeMs;  ///< by host: the end of a Retry-After
   /// The attempts on one host since its last final response.

@@ -95,6 +95,7 @@ class Life {
   bool usesConsent_ = false;
   bool hasLargeValues_ = false;  ///< their file is rewritten often
   int events_ = 0;
+  int moved_ = 0;  ///< folders that were moved away
 };
 
 }  // namespace jx::simulation

@@ -75,11 +75,16 @@ void Life::damage() {
   (*content)[place] = static_cast<char>((*content)[place] ^ (1 << world_.random.below(8)));
 }
 
-// tvOS, for example, empties the folder of caches.
+// tvOS, for example, empties the folder of caches. A user may move it.
 void Life::deleteFolder() {
-  const bool onlyQueue = world_.random.chance(50);
-  world_.say("the %s is deleted", onlyQueue ? "outbox folder" : "storage folder");
-  world_.disk.deleteFolder(onlyQueue ? world_.folder + "/outbox" : world_.folder);
+  const std::string folder = world_.random.chance(50) ? world_.folder + "/outbox" : world_.folder;
+  const bool isMoved = world_.random.chance(40);
+  world_.say("%s is %s", folder.c_str(), isMoved ? "moved" : "deleted");
+  if (isMoved) {
+    world_.disk.moveFolder(folder, "/tv/moved-" + std::to_string(++moved_));
+  } else {
+    world_.disk.deleteFolder(folder);
+  }
   world_.ledger.mayLoseFiles = true;
   world_.ledger.folderLost(world_.clock->steadyMs());
 }

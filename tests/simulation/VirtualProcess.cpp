@@ -72,9 +72,7 @@ void VirtualProcess::start() {
   outbox_ = std::make_shared<JXOutbox>(world_.folder + "/outbox", world_.bounds, world_.clock,
                                        erasures_, true);
   marks_ = std::make_shared<JXStopMarks>(world_.folder + "/outbox");
-  const long failures = world_.disk.failures();
   gate_.setMarks(marks_->read());
-  if (failures != world_.disk.failures()) record().stops.clear();  // they could not be read
   loop_ = std::make_unique<JXTransferLoop>(setup());
   commands_.filter = gate_.filter();
   ++commands_.storageChanges;
@@ -108,6 +106,7 @@ void VirtualProcess::execute(Event& event, std::size_t member) {
   event.executedBy = number_;
   event.start = serverSide.start;
   event.awaitsDecision = serverSide.start == JXStartState::Disabled && !serverSide.wasEnabled;
+  const long failures = world_.disk.failures();
   const JXOutboxCounters before = outbox_->counters();
   const JXConsentGate::Origin origin = gate_.originOf(&members_[member]);
   erasures_->check();  // as the session does before it composes an event
@@ -130,6 +129,8 @@ void VirtualProcess::execute(Event& event, std::size_t member) {
                            world_.clock->steadyMs());
   }
   if (!isAlive()) event.mayBeLost = true;
+  // A failed write may have written it, and it is written again.
+  if (failures != world_.disk.failures()) event.mayRepeat = true;
   if (id && after.purged == before.purged) {
     checkLimits(before, event.url.size() + event.body.size());
   }

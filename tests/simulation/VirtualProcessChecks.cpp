@@ -110,7 +110,7 @@ void VirtualProcess::report(const JXDelivery& delivery) {
   const bool isHealthy =
       world_.disk.fault() == VirtualDisk::Fault::None && nowMs >= record().healthyMs;
   world_.ledger.ended(*event, isHealthy, nowMs);
-  // The acknowledgements of a purge may be synced much later.
+  // The acknowledgements of a purge are synced with the next change.
   if (delivery.dropReason == JXDropReason::Purged) event->endedMs = INT64_MAX / 2;
 }
 

@@ -151,6 +151,13 @@ void VirtualTransport::noteResult(Event& event, const JXHttpResult& result) {
   }
 }
 
+void VirtualTransport::resume() noexcept {
+  if (isSuspended_ && !flights_.empty()) {
+    world_.violated("requests in flight are not aborted before the sending resumes");
+  }
+  isSuspended_ = false;
+}
+
 // The server may have received the aborted requests.
 void VirtualTransport::abortAll() noexcept {
   for (const Flight& flight : flights_) {

@@ -21,7 +21,7 @@ class VirtualTransport final : public JXHttpTransport {
   void wakeUp() noexcept override {}
   void abortAll() noexcept override;
   void suspend() noexcept override { isSuspended_ = true; }
-  void resume() noexcept override { isSuspended_ = false; }
+  void resume() noexcept override;
 
   std::size_t inFlight() const { return flights_.size(); }
   /// The time of the next response.

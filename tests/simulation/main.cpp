@@ -1,8 +1,12 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -62,6 +66,24 @@ bool readOptions(int count, char** arguments, Options& options) {
   return true;
 }
 
+// The line that is printed when a life does not end, prepared because a signal handler prints it.
+char endlessLife[512];
+constexpr unsigned kLifeLimitSeconds = 60;
+
+void prepareLimit(std::uint64_t seed, const char* program) {
+  std::snprintf(endlessLife, sizeof endlessLife,
+                "life %llu (%s): does not end; replay: %s --seed %llu --verbose\n"
+                "simulation: stopped at life %llu\n",
+                static_cast<unsigned long long>(seed), Life::kindOf(seed), program,
+                static_cast<unsigned long long>(seed), static_cast<unsigned long long>(seed));
+  ::alarm(kLifeLimitSeconds);
+}
+
+void reportEndlessLife(int) {
+  if (::write(STDOUT_FILENO, endlessLife, std::strlen(endlessLife)) < 0) ::_exit(2);
+  ::_exit(1);
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -75,10 +97,12 @@ int main(int count, char** arguments) {
     std::printf("             log %d: %.*s\n", level, static_cast<int>(message.size()),
                 message.data());
   });
+  std::signal(SIGALRM, &reportEndlessLife);
   std::uint64_t lived = 0;
   std::uint64_t failed = 0;
   while (lived < options.lives && failed < options.failures) {
     const std::uint64_t seed = options.first + lived++;
+    prepareLimit(seed, arguments[0]);
     const std::string violation = Life(seed, options.isVerbose).run();
     if (violation.empty()) continue;
     ++failed;

@@ -266,6 +266,7 @@ void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
 
 void JXOutboxQueue::applyPurgeMarks() {
   for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
+    const std::uint64_t number = purged.segment->number();
     std::vector<std::uint64_t> ids;
     index_.forEach([&](const JXOutboxEntry& entry) {
       if (entry.segment == purged.segment && entry.offset < purged.end) {
@@ -276,7 +277,9 @@ void JXOutboxQueue::applyPurgeMarks() {
     for (const std::uint64_t id : ids)
       drop(*index_.find(id), JXDropReason::Purged);
     finishModifiedSegments();
-    if (!purged.segment->hasUnwrittenAcknowledgements()) removePurgeMark(purged.segment->path());
+    // A segment without requests was deleted, with its mark.
+    const JXOutboxSegment* const left = segments_.find(number);
+    if (left != nullptr && !left->hasUnwrittenAcknowledgements()) removePurgeMark(left->path());
   }
 }
 
