@@ -203,6 +203,9 @@ void JXOutbox::sync() {
 void JXOutbox::moveRejectedToDeadLetters() {
   std::uint64_t erasures = 0;
   const auto next = [&] {
+    // An erased request must not be written, because this process may be killed before it is
+    // deleted again.
+    checkErasures();
     erasures = seenErasures_;
     return queue_.nextRejected();
   };
