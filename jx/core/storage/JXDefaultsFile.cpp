@@ -164,11 +164,6 @@ bool JXDefaultsFile::isAvailable() const {
   return journal_ != nullptr && unsaved_.empty();
 }
 
-std::uint64_t JXDefaultsFile::storageErrors() const {
-  const std::lock_guard<std::mutex> lock(mutex_);
-  return report_.failures();
-}
-
 std::uint64_t JXDefaultsFile::damaged() const {
   const std::lock_guard<std::mutex> lock(mutex_);
   return report_.damagedFiles();
@@ -252,8 +247,8 @@ void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole)
 
 // Loads the values of a file that can be read but not written.
 void JXDefaultsFile::readWithoutLock() {
-  const int error =
-      JXJournal::scan(path_, [&](const JXFrame& frame) { apply(frame.payload, values_); });
+  const auto read = [&](const JXFrame& frame) { apply(frame.payload, values_); };
+  const int error = JXJournal::scan(path_, read);
   if (error != 0 && error != ENOENT) report_.failed("read the file", error);
 }
 

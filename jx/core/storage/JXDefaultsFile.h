@@ -56,7 +56,10 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   /// Returns true when a value that is set now survives the process.
   bool isAvailable() const;
   /// Returns the number of failed reads, writes and syncs since the file was opened.
-  std::uint64_t storageErrors() const;
+  std::uint64_t storageErrors() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return report_.failures();
+  }
   /// Returns how many times damaged data of the file was quarantined.
   std::uint64_t damaged() const;
 

@@ -120,11 +120,12 @@ class JXOutboxSegment {
   bool isFull() const { return journal_.size() >= kMaxSize; }
   std::uint64_t size() const { return journal_.size(); }
   /// Returns true if most requests that were ever in the file are acknowledged.
-  bool isMostlyObsolete() const { return live_ < requests_ / 2; }
+  bool isMostlyObsolete() const { return !isUnreadable && live_ < requests_ / 2; }
   const std::string& path() const { return journal_.path(); }
 
-  bool dirty = false;  ///< written since the last successful sync
-  bool lost = false;   ///< not at its path; its content must be moved there
+  bool dirty = false;         ///< written since the last successful sync
+  bool lost = false;          ///< not at its path; its content must be moved there
+  bool isUnreadable = false;  ///< some of its requests cannot be read by this process
 
  private:
   static constexpr std::uint64_t kMaxSize = 1024 * 1024;

@@ -6,6 +6,10 @@
 #include <stddef.h>
 #include <sys/types.h>
 
+#define SEEK_SET 0
+#define SEEK_CUR 1
+#define SEEK_END 2
+
 #define F_OK 0
 #define X_OK 1
 #define W_OK 2
@@ -20,6 +24,8 @@ int dup2(int, int);
 void _exit(int) __attribute__((noreturn));
 int fsync(int);
 int ftruncate(int, off_t);
+char* getcwd(char*, size_t);
+gid_t getegid();
 uid_t geteuid();
 pid_t getpid();
 pid_t getppid();
@@ -37,6 +43,7 @@ int symlink(const char*, const char*);
 long sysconf(int);
 int truncate(const char*, off_t);
 int unlink(const char*);
+int unlinkat(int, const char*, int);
 ssize_t write(int, const void*, size_t);
 
 }  // extern "C"

@@ -27,6 +27,11 @@ struct stat {
 #define st_mtime st_mtimespec.tv_sec
 #define st_ctime st_ctimespec.tv_sec
 
+#define S_IRUSR 0000400
+#define S_IWUSR 0000200
+#define S_IXUSR 0000100
+#define S_IWGRP 0000020
+#define S_IWOTH 0000002
 #define S_IFMT 0170000
 #define S_IFIFO 0010000
 #define S_IFDIR 0040000
@@ -43,8 +48,10 @@ extern "C" {
 
 int chmod(const char*, mode_t);
 int fstat(int, struct stat*);
+int fstatat(int, const char*, struct stat*, int);
 int lstat(const char*, struct stat*);
 int mkdir(const char*, mode_t);
+int mkdirat(int, const char*, mode_t);
 int stat(const char*, struct stat*);
 
 }  // extern "C"
