@@ -1,7 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <filesystem>
 #include <regex>
 
 #include "tests/support/ReservedPort.h"
@@ -59,6 +62,40 @@ TEST(QueueProgram, PurgeDeletesRequestsOfAnExitedProcess) {
   EXPECT_EQ(runJx({"queue", "list", "--json", "--state", state}).output, "");
   EXPECT_EQ(runJx({"queue", "status", "--state", state}).output,
             "0 requests queued, 0 bytes; 0 dead letters\n");
+}
+
+// Without the rights of a superuser, this tests the owner only.
+TEST(QueueProgram, SuperuserContinuesAsTheOwnerOfTheFolder) {
+  namespace fs = std::filesystem;
+  constexpr uid_t kNobody = 65534;
+  const TemporaryFolder folder;
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
+  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
+            3);
+  folder.write("target", "content");
+  fs::create_symlink(folder.path("target"), state + "/outbox/dead");
+  const bool isSuperuser = ::geteuid() == 0;
+  if (isSuperuser) {
+    fs::permissions(folder.path(), fs::perms::others_exec, fs::perm_options::add);
+    for (const auto& entry : fs::recursive_directory_iterator(state))
+      ASSERT_EQ(::lchown(entry.path().c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(::lchown(state.c_str(), kNobody, kNobody), 0);
+  }
+  EXPECT_EQ(linesOf(runJx({"queue", "list", "--state", state}).output), 3);
+  const auto dead = runJx({"queue", "dead", "--state", state});
+  EXPECT_EQ(dead.status, 1);
+  EXPECT_EQ(dead.errors, "jx queue: cannot read dead: It is a symbolic link\n");
+  const auto purge = runJx({"queue", "purge", "--state", state});
+  EXPECT_EQ(purge.status, 0) << purge.errors;
+  EXPECT_EQ(purge.output, "3 requests and 0 dead letters deleted\n");
+  EXPECT_EQ(test::bytesFound(folder.path(), {"content"}), std::vector<std::string>{"content"});
+  for (const auto& entry : fs::recursive_directory_iterator(state)) {
+    struct stat status {};
+    ASSERT_EQ(::lstat(entry.path().c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, isSuperuser ? kNobody : ::geteuid()) << entry.path();
+  }
 }
 
 TEST(QueueProgram, PurgeAppliesToRunningProcessButNotToNewEvents) {

@@ -2,6 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/queue/QueueCommand.h"
 
+#include <grp.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -60,7 +65,23 @@ Result<std::string> eraseAll(const std::filesystem::path& state) {
   return Error{message};
 }
 
+// A superuser continues with the rights of the folder's owner: the folder belongs to the
+// application, and must not be able to redirect what the superuser writes. The files stay those of
+// the application. Returns an empty string, or the error.
+std::string becomeOwnerOf(const std::filesystem::path& state) {
+  struct stat status {};
+  if (::geteuid() != 0 || ::lstat(state.c_str(), &status) != 0 || status.st_uid == 0) return {};
+  if (::setgroups(0, nullptr) == 0 && ::setgid(status.st_gid) == 0 &&
+      ::setuid(status.st_uid) == 0) {
+    return {};
+  }
+  return "cannot continue as the owner of " + state.string() + ": " +
+         std::error_code(errno, std::generic_category()).message();
+}
+
 Result<std::string> runVerb(const QueueOptions& options) {
+  const std::string error = becomeOwnerOf(options.stateFolder);
+  if (!error.empty()) return Error{error};
   if (options.all) return eraseAll(options.stateFolder);
   const bool isUnused = isUnusedState(options.stateFolder);
   const std::filesystem::path outbox = options.stateFolder / "outbox";
