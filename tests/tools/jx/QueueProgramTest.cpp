@@ -18,6 +18,16 @@ namespace {
 using test::ReservedPort;
 using test::TemporaryFolder;
 
+// Returns a state folder in which an exited process left three requests.
+std::string stateWithThreeRequests(const TemporaryFolder& folder) {
+  const ReservedPort port;
+  const std::string state = folder.path("state");
+  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
+  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
+            3);
+  return state;
+}
+
 TEST(QueueProgram, ListsQueueOfARunningReplay) {
   const TemporaryFolder folder;
   const ReservedPort port;
@@ -48,11 +58,7 @@ TEST(QueueProgram, ListsQueueOfARunningReplay) {
 
 TEST(QueueProgram, PurgeDeletesRequestsOfAnExitedProcess) {
   const TemporaryFolder folder;
-  const ReservedPort port;
-  const std::string state = folder.path("state");
-  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
-  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
-            3);
+  const std::string state = stateWithThreeRequests(folder);
   const auto list = runJx({"queue", "list", "--json", "--state", state});
   EXPECT_EQ(linesOf(list.output), 3);
   EXPECT_TRUE(contains(list.output, "\"body\":{\"event_name\": \"n0\",")) << list.output;
@@ -69,11 +75,7 @@ TEST(QueueProgram, SuperuserContinuesAsTheOwnerOfTheFolder) {
   namespace fs = std::filesystem;
   constexpr uid_t kNobody = 65534;
   const TemporaryFolder folder;
-  const ReservedPort port;
-  const std::string state = folder.path("state");
-  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
-  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
-            3);
+  const std::string state = stateWithThreeRequests(folder);
   folder.write("target", "content");
   fs::create_symlink(folder.path("target"), state + "/outbox/dead");
   const bool isSuperuser = ::geteuid() == 0;
@@ -123,11 +125,7 @@ TEST(QueueProgram, PurgeAppliesToRunningProcessButNotToNewEvents) {
 
 TEST(QueueProgram, PurgeAllDeletesEveryFile) {
   const TemporaryFolder folder;
-  const ReservedPort port;
-  const std::string state = folder.path("state");
-  const std::string to = "https://127.0.0.1:" + std::to_string(port.number());
-  EXPECT_EQ(runJx({"replay", "--to", to, "--state", state, "--wait", "0"}, customEvents(3)).status,
-            3);
+  const std::string state = stateWithThreeRequests(folder);
   folder.write("state/notes", "mine");
   const auto purge = runJx({"queue", "purge", "--all", "--state", state});
   EXPECT_EQ(purge.status, 0) << purge.errors;
