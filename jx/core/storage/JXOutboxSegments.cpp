@@ -71,14 +71,15 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
 // Returns the numbers in ascending order.
 std::vector<std::uint64_t> JXOutboxSegments::numbersToAdopt() {
   std::vector<std::uint64_t> numbers;
+  // A process that was killed may have created or deleted files without a sync.
+  folderDirty = JXFile::identityAt(path_ + "/" + JXSegmentFolder::kLockName).isValid();
   int error = ensureFolder();
   if (error == 0) numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
   if (error != 0) {
     report_.failed("open the folder", error);
     return {};
   }
-  // A process that was killed may have created or deleted files without a sync.
-  folderDirty = true;
+  folderDirty = folderDirty || !numbers.empty();
   renumber(numbers);
   if (!numbers.empty()) lastNumber_ = numbers.back();
   const std::uint64_t limit = std::max(kMaxRead * maxBytes_, JXOutboxSegment::kMaxFileSize);
