@@ -133,7 +133,7 @@ class Ledger {
   /// The marks and the acknowledgements of purges may be lost.
   void purgesAreUncertain();
 
-  /// The library has been told the end of an event.
+  /// Records that the library knows the outcome of an event.
   void ended(Event& event, bool isCertain, std::int64_t nowMs);
 
   /// Returns why the process must not send the event; null if it may.

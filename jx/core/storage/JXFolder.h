@@ -19,7 +19,7 @@ class JXFolder {
  public:
   enum class Missing { Fail, Create };
 
-  /// Opens the folder; creates it and its missing parents with mode 0700 if told so. Returns null
+  /// Opens the folder. `Missing::Create` creates it and its parents, with mode 0700. Returns null
   /// and sets `error` on failure. Refused is a folder that is a symbolic link, that belongs to
   /// another user, or that other users can write to; with `inner` not empty, this applies to the
   /// folder `path` and to the folder `inner` in it, which is opened.

@@ -166,7 +166,7 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     return nullptr;
   }
   JXOutboxSegment* const segment = current_;
-  // Checked after the write: whoever starts the library now at this path finds the request.
+  // Checked after the write, so that the next start at this path finds the request.
   if (!segment->isAtPath()) {
     detectLostSegments();
     restoreLost();

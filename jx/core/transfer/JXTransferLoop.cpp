@@ -97,7 +97,7 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
 }
 
 JXTransferWait JXTransferLoop::act() {
-  // One time for all: what becomes due meanwhile is started with the commands of the next call.
+  // Read once: requests that become due during the call are started by the next one.
   const JXTransferPlan::Time now = setup_.steadyNow();
   if (plan_.isSyncDue(now)) sync();
   const std::vector<JXOutboxHost> hosts = setup_.outbox->hosts();

@@ -66,7 +66,7 @@ TEST_F(StopMarks, NeverLowersTheNumberThatAnotherProcessRecorded) {
 TEST_F(StopMarks, ReportsAFolderThatCannotBeRead) {
   bool isComplete = false;
   EXPECT_TRUE(marks->read(isComplete).empty());
-  EXPECT_TRUE(isComplete) << "there is no folder yet";
+  EXPECT_TRUE(isComplete) << "the folder does not exist";
   set(7, 1);
   ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
   EXPECT_TRUE(marks->read(isComplete).empty());
