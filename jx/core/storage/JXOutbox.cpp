@@ -299,4 +299,9 @@ JXOutboxCounters JXOutbox::counters() const {
   return queue_.counters();
 }
 
+std::uint64_t JXOutbox::nextId() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return queue_.nextId();
+}
+
 }  // namespace jx

@@ -118,6 +118,8 @@ class JXOutbox {
   std::vector<JXOutboxDrop> takeDropped();
 
   JXOutboxCounters counters() const;
+  /// Returns the ID that the next request will get.
+  std::uint64_t nextId() const;
 
  private:
   template <typename Work>

@@ -44,8 +44,8 @@ JXOutboxEntry* JXOutboxIndex::next(const JXOutboxPick& pick, const JXSendFilter&
 bool JXOutboxIndex::maySend(const JXOutboxEntry& entry, std::uint32_t host,
                             const JXSendFilter& filter) const {
   const JXOutboxHosts::Host& its = hosts_.all()[entry.host];
-  return entry.state == State::Queued && (host == 0 ? its.isValid : its.id == host) &&
-         filter.allows(entry);
+  return entry.state == State::Queued && entry.id < before_ &&
+         (host == 0 ? its.isValid : its.id == host) && filter.allows(entry);
 }
 
 JXOutboxEntry* JXOutboxIndex::oldestNew(std::uint32_t host, const JXSendFilter& filter) {

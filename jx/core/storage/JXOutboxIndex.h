@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <limits>
 #include <vector>
 
 #include "jx/core/storage/JXOutboxHosts.h"
@@ -52,6 +53,8 @@ struct JXOutboxPick {
   std::uint32_t host = 0;  ///< ID of the host; 0: any host
   Order order = Order::Oldest;
   double draw = 0;  ///< in [0, 1), for Random
+  /// Requests with this or a larger ID are not chosen.
+  std::uint64_t before = std::numeric_limits<std::uint64_t>::max();
 };
 
 /// The requests of an outbox in order, oldest first. Not synchronised. Pointers to entries are
@@ -60,6 +63,8 @@ class JXOutboxIndex {
  public:
   explicit JXOutboxIndex(JXOutboxHosts& hosts) : hosts_(hosts) {}
 
+  /// Sets which requests are not chosen yet; see JXOutboxPick::before.
+  void chooseBefore(std::uint64_t id) { before_ = id; }
   /// Appends a request and assigns its ID.
   JXOutboxEntry& push(JXOutboxEntry entry);
   /// Returns the request with this ID, or null.
@@ -99,6 +104,7 @@ class JXOutboxIndex {
   JXOutboxHosts& hosts_;
   std::deque<JXOutboxEntry> entries_;  ///< by ID; entries that are Gone are erased in batches
   std::uint64_t nextId_ = 1;
+  std::uint64_t before_ = std::numeric_limits<std::uint64_t>::max();
   std::size_t count_ = 0;
   std::uint64_t bytes_ = 0;
 };

@@ -180,6 +180,7 @@ void JXOutboxQueue::finishModifiedSegments() {
 std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
                                                    const JXSendFilter& filter) {
   applyPurgeMarks();
+  index_.chooseBefore(pick.before);
   const auto next = [&] {
     return pick.order == JXOutboxPick::Order::Retry ? failures_.nextRetry(pick.host, filter)
                                                     : index_.next(pick, filter);

@@ -80,6 +80,7 @@ class JXOutboxQueue {
   }
 
   JXOutboxCounters counters() const;
+  std::uint64_t nextId() const { return index_.nextId(); }
   JXOutboxDrops& drops() { return drops_; }
 
  private:

@@ -71,9 +71,11 @@ void JXTransfer::run() noexcept {
 // Returns false when the thread must end.
 bool JXTransfer::runOnce() noexcept {
   try {
+    // Read before the commands: a request with a smaller ID was added before them.
+    const std::uint64_t before = setup().outbox->nextId();
     const JXTransferCommands commands = mailbox_.readCommands();
     if (commands.stop) return false;
-    loop_.apply(commands, mailbox_.readAdded());
+    loop_.apply(commands, mailbox_.readAdded(), before);
     resumeTransport(commands);
     const JXTransferWait wait = loop_.act();
     notifyFlushers();

@@ -78,7 +78,8 @@ JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
 }
 
-void JXTransferLoop::apply(const JXTransferCommands& commands, bool added) {
+void JXTransferLoop::apply(const JXTransferCommands& commands, bool added, std::uint64_t before) {
+  before_ = before;
   const JXTransferPlan::Time now = setup_.steadyNow();
   plan_.setInBackground(commands.inBackground);
   plan_.pauseUntil(commands.pausedUntil);
@@ -157,7 +158,7 @@ bool JXTransferLoop::startOne(JXTransferPlan::Time now) {
   static const JXSendFilter everything;
   const JXSendFilter& filter = applied_.filter ? *applied_.filter : everything;
   const bool isRandom = start->order == JXOutboxPick::Order::Random;
-  const JXOutboxPick pick{start->host, start->order, isRandom ? setup_.draw() : 0};
+  const JXOutboxPick pick{start->host, start->order, isRandom ? setup_.draw() : 0, before_};
   std::optional<JXOutboxRequest> request = setup_.outbox->take(pick, filter);
   if (!request) {
     const bool isRetry = start->order == JXOutboxPick::Order::Retry;

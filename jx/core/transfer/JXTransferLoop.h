@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -63,8 +64,11 @@ class JXTransferLoop {
   /// `setup.transport`, `setup.outbox`, `setup.steadyNow` and `setup.draw` must be set.
   explicit JXTransferLoop(JXTransferSetup setup);
 
-  /// Applies commands; `added` is true when requests were added.
-  void apply(const JXTransferCommands& commands, bool added);
+  /// Applies commands; `added` is true when requests were added. Requests with the ID `before` or a
+  /// larger one are not started until the next call: they may have been added after a command that
+  /// was not read yet, such as a stop.
+  void apply(const JXTransferCommands& commands, bool added,
+             std::uint64_t before = std::numeric_limits<std::uint64_t>::max());
   /// Performs the actions that are due now and returns how to wait.
   JXTransferWait act();
   /// Waits as specified by `wait` (not at all when `mayWait` is false) and returns the results.
@@ -97,6 +101,7 @@ class JXTransferLoop {
   const JXTransferSetup setup_;
   JXTransferPlan plan_;
   JXTransferCommands applied_;
+  std::uint64_t before_ = std::numeric_limits<std::uint64_t>::max();
   /// The failure of a host that was logged last.
   struct LoggedFailure {
     std::string cause;

@@ -139,6 +139,18 @@ TEST_F(TransferLoop, MakesFewAttemptsForManyEventsWhileOffline) {
   EXPECT_EQ(4u, loop().failures());
 }
 
+// The thread read its commands before the request was added; a stop may be among the newer ones.
+TEST_F(TransferLoop, StartsARequestOnlyWithCommandsThatAreNewer) {
+  const std::uint64_t before = setup.outbox->nextId();
+  add("e");
+  loop().apply(commands, std::exchange(added, false), before);
+  loop().act();
+  EXPECT_EQ(0u, transport->started.size());
+  added = true;
+  runOnce();
+  EXPECT_EQ(1u, transport->started.size());
+}
+
 TEST_F(TransferLoop, RequestFailingRepeatedlyDoesNotBlockOthers) {
   transport->statusOf[bodyOf("bad")] = 500;
   add("bad");
