@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <iterator>
 
 namespace jx::simulation {
@@ -58,6 +59,7 @@ bool VirtualDisk::admits(Call call, const std::string& what) {
                 what.c_str());
   }
   if (!failsNow(call)) return true;
+  if (isTracing_) std::printf("               fails: %s\n", std::strerror(errno));
   ++failures_;
   return false;
 }

@@ -72,7 +72,9 @@ void VirtualProcess::start() {
   outbox_ = std::make_shared<JXOutbox>(world_.folder + "/outbox", world_.bounds, world_.clock,
                                        erasures_, true);
   marks_ = std::make_shared<JXStopMarks>(world_.folder + "/outbox");
-  gate_.setMarks(marks_->read());
+  bool areComplete = true;
+  std::vector<JXStopMark> marks = marks_->read(areComplete);
+  gate_.setMarks(std::move(marks), areComplete);
   loop_ = std::make_unique<JXTransferLoop>(setup());
   commands_.filter = gate_.filter();
   ++commands_.storageChanges;
