@@ -106,6 +106,8 @@ JXTransferWait JXTransferLoop::act() {
   forgetLoggedFailures(hosts);
   while (startOne(now)) {
   }
+  // Anything above may have written to the files, also without sending.
+  if (!plan_.awaitsSync() && setup_.outbox->needsSync()) plan_.storageChanged(now);
   const bool hasReported = reportDropped();
   JXTransferWait wait = plan_.nextWait(setup_.steadyNow());
   // Further dropped requests are reported in the next iteration, so that a callback that causes new
@@ -225,6 +227,8 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
       logFailure(result, host, end.failures.delay, true);
       break;
     case JXResponseClass::Retry:
+      // A device may be offline for days; the sync notices when the folder was deleted.
+      plan_.storageChanged(now);
       setup_.outbox->requeue(id);
       failures_.fetch_add(1);
       const auto backoff = plan_.pipeline(host)->retryState().backoffUntil - now;

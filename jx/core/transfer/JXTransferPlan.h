@@ -55,6 +55,8 @@ class JXTransferPlan {
   /// Sets the hosts that requests may be queued for, and forgets the others.
   void setHosts(const std::vector<JXOutboxHost>& hosts);
   bool isSyncDue(Time now) const { return syncDue_ && now >= *syncDue_; }
+  /// Returns whether a sync is due now or later.
+  bool awaitsSync() const { return syncDue_.has_value(); }
   /// Returns the next request to start; nullopt if none may be started now.
   std::optional<JXTransferStart> nextStart(Time now);
   JXTransferWait nextWait(Time now) const;
