@@ -14,13 +14,22 @@ namespace jx {
 /// library shares ownership of the clock until the process ends and never destroys it.
 ///
 /// Timeouts and retry delays do not use it: they use the steady clock of the system, which is not
-/// affected by changes of the system time.
+/// affected by changes of the system time. The age of queued events uses `systemMs`.
 class JX_API JXClock {
  public:
   virtual ~JXClock() = default;
 
   /// Returns milliseconds since the Unix epoch. May jump in either direction between two calls.
   virtual std::int64_t nowMs() const = 0;
+
+  /// Returns milliseconds since the start of the system, or since any other moment that stays the
+  /// same until the system is restarted, including the time in which it sleeps. Never decreases
+  /// while the system runs. The default is the clock of the system.
+  virtual std::int64_t systemMs() const;
+
+  /// Returns a number, less than 2^24, that is another one when the system was restarted; 0 if the
+  /// system does not tell. The default is that of the system.
+  virtual std::uint32_t systemStart() const;
 };
 
 /// The time of day of the system.

@@ -319,12 +319,13 @@ TEST_F(StoredData, ReportsWhatIsLeftOnAReadOnlyDisk) {
   EXPECT_NE(identifiersOf(execute(*serverSide)), before);
   disk->heal();
   EXPECT_FALSE(erasure.isComplete);
-  ASSERT_EQ(erasure.left.size(), 3u);
-  EXPECT_EQ(erasure.left[0],
+  ASSERT_EQ(erasure.left.size(), 4u);
+  EXPECT_EQ(erasure.left[0], storage().path("outbox/clock") + ": Read-only file system");
+  EXPECT_EQ(erasure.left[1],
             storage().path("outbox/segment-0000000000000001") + ": Read-only file system");
-  EXPECT_EQ(erasure.left[1], storage().path("defaults") + ": Read-only file system");
+  EXPECT_EQ(erasure.left[2], storage().path("defaults") + ": Read-only file system");
   EXPECT_EQ(
-      erasure.left[2],
+      erasure.left[3],
       storage().path("erased") +
           ": Read-only file system; another process that uses the folder may write its values "
           "again");

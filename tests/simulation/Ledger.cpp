@@ -237,16 +237,14 @@ const char* Ledger::heldBySource(const Event& event, const ProcessRecord& proces
   return "must wait until its own ServerSide is enabled";
 }
 
-const char* Ledger::wrongReport(Event& event, const JXDelivery& delivery) {
+const char* Ledger::wrongReport(Event& event, const JXDelivery& delivery, bool mayExpire) {
   switch (delivery.outcome) {
     case JXDeliveryOutcome::Delivered:
       event.isReportedDelivered = true;
       return event.received == 0 ? "is reported as delivered but was not received" : nullptr;
     case JXDeliveryOutcome::Rejected:
       event.isReportedRejected = true;
-      // The clock that jumped is also that of the requests on which the server fails.
-      if (event.isRejected || event.isGivenUp || (mayExpire && event.isPoisonous)) return nullptr;
-      return "is reported as rejected but was not";
+      return event.isRejected || event.isGivenUp ? nullptr : "is reported as rejected but was not";
     case JXDeliveryOutcome::Dropped:
       break;
   }

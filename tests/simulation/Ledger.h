@@ -29,6 +29,7 @@ struct Event {
   bool awaitsDecision = false;    ///< its ServerSide was not enabled
   bool hasWaitingMarker = false;  ///< was executed while waiting for consent
   std::uint64_t order = 0;        ///< the operation that executed it
+  std::int64_t executedMs = 0;
 
   int owner = 0;            ///< the process that has it in its queue; 0: none
   bool isHeld = false;      ///< its owner has certainly read it
@@ -138,15 +139,15 @@ class Ledger {
 
   /// Returns why the process must not send the event; null if it may.
   const char* refusal(const Event& event, const ProcessRecord& process) const;
-  /// Returns why an end that was reported is wrong; null if it is right.
-  const char* wrongReport(Event& event, const JXDelivery& delivery);
+  /// Returns why an end that was reported is wrong; null if it is right. `mayExpire` is true when
+  /// the event has reached the maximum age.
+  const char* wrongReport(Event& event, const JXDelivery& delivery, bool mayExpire);
 
   /// The number of accepted events that may be missing because nobody has heard of their drop.
   std::uint64_t unreported() const { return unreported_; }
   /// The causes of drops that are possible in this life.
   bool hadFault = false;
   bool hadDamage = false;
-  bool mayExpire = false;
   bool mayLoseFiles = false;  ///< files were deleted, or calls failed at random
   bool mayRemove = false;     ///< a process died during an erase; another one finishes it
 

@@ -43,6 +43,7 @@ void Life::configure() {
     world_.interleaves = random.chance(70);
   }
   hasLargeValues_ = random.chance(15);
+  if (random.chance(20)) world_.bounds.maxAge = std::chrono::hours(random.between(1, 72));
   usesConsent_ = kind_ == Consent || (isAny && random.chance(50));
   sources_ = usesConsent_ ? static_cast<int>(random.between(1, 3)) : 1;
   if (kind_ == Limits || (isAny && random.chance(30))) configureLimits();
@@ -108,7 +109,10 @@ void Life::bury() {
     dead_.push_back(std::move(process));
   }
   processes_.erase(std::remove(processes_.begin(), processes_.end(), nullptr), processes_.end());
-  if (wasCut) world_.ledger.powerCut();
+  if (wasCut) {
+    world_.clock->restart();
+    world_.ledger.powerCut();
+  }
   dead_.clear();
 }
 
@@ -228,7 +232,7 @@ void Life::checkMissing() {
   for (const Event& event : world_.ledger.events()) {
     if (!event.isAccepted || event.isValue || event.mayBeLost || event.isReportedDropped) continue;
     // A rejected event that cannot be stored is dropped by the limits after its report.
-    const bool isKept = deadLetters.count(event.body) != 0 || world_.ledger.mayExpire ||
+    const bool isKept = deadLetters.count(event.body) != 0 || world_.mayExpire(event) ||
                         (event.isReportedRejected && world_.ledger.hadFault) ||
                         (event.attempts > 0 && world_.bounds.maxDeadLetters < rejected + kMaxTwice);
     if (event.received > 0 || ((event.isRejected || event.isGivenUp) && isKept)) {

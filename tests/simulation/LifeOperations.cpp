@@ -158,6 +158,7 @@ void Life::killSoon() {
 void Life::cutPower() {
   world_.say("power cut");
   world_.disk.cutPower();
+  world_.clock->restart();
   bury();
   world_.ledger.powerCut();
 }
@@ -221,7 +222,6 @@ void Life::healNetwork() {
 void Life::jumpClock() {
   const std::int64_t days = world_.random.between(-60, 60);
   world_.say("the time of day jumps by %d days", static_cast<int>(days));
-  world_.ledger.mayExpire = true;
   if (world_.random.chance(20)) {
     world_.clock->forget();
   } else {

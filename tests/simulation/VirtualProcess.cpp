@@ -105,6 +105,7 @@ void VirtualProcess::execute(Event& event, std::size_t member) {
   const Turn turn(*this);
   const ProcessRecord::Member& serverSide = record().members.at(member);
   event.order = record().operation;
+  event.executedMs = world_.clock->steadyMs();
   event.executedBy = number_;
   event.start = serverSide.start;
   event.awaitsDecision = serverSide.start == JXStartState::Disabled && !serverSide.wasEnabled;

@@ -97,7 +97,8 @@ void VirtualProcess::report(const JXDelivery& delivery) {
   if (event == nullptr) return;
   world_.say("  process %d reports %s: %s", number_, event->id.c_str(),
              delivery.reason.isPresent() ? delivery.reason.toStdString().c_str() : "delivered");
-  if (const char* const wrong = world_.ledger.wrongReport(*event, delivery)) {
+  const bool mayExpire = world_.mayExpire(*event);
+  if (const char* const wrong = world_.ledger.wrongReport(*event, delivery, mayExpire)) {
     world_.violated(event->id + " " + wrong);
   }
   if (delivery.outcome == JXDeliveryOutcome::Rejected && event->isPoisonous) {
@@ -110,8 +111,6 @@ void VirtualProcess::report(const JXDelivery& delivery) {
   const bool isHealthy =
       world_.disk.fault() == VirtualDisk::Fault::None && nowMs >= record().healthyMs;
   world_.ledger.ended(*event, isHealthy, nowMs);
-  // The acknowledgements of a purge are synced with the next change.
-  if (delivery.dropReason == JXDropReason::Purged) event->endedMs = INT64_MAX / 2;
 }
 
 }  // namespace jx::simulation

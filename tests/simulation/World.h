@@ -55,6 +55,11 @@ struct World {
     return mark;
   }
 
+  /// Returns whether an event is so old that the library may have dropped it.
+  bool mayExpire(const Event& event) const {
+    return clock->steadyMs() - event.executedMs > bounds.maxAge.count();
+  }
+
   const std::uint64_t seed;
   Random random;
   std::shared_ptr<VirtualClock> clock = std::make_shared<VirtualClock>();

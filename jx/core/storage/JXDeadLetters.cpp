@@ -12,6 +12,7 @@
 
 #include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXRunningTime.h"
 
 namespace jx {
 namespace {
@@ -31,21 +32,21 @@ JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::u
       maxBytes_(maxBytes),
       maxAge_(maxAge) {}
 
-int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64_t nowMs) {
+int JXDeadLetters::append(const JXOutboxRequest& request, int status, const JXStoredTime& now) {
   if (keep_ == 0) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
-  int error = lockFile(JXFile::Access::Append);
+  int error = lockFile(JXFile::Access::Append, now);
   if (error != 0) return error;
   const std::uint64_t size = sizeWith(request);
   const bool fits = size - journal_.size() <= maxBytes_;
   // To half of the limit, so that the file is not rewritten with each request.
-  if (fits && size > maxBytes_) error = rewrite(nowMs, maxBytes_ / 2);
-  if (error == 0 && fits && sizeWith(request) > maxBytes_) error = rewrite(nowMs, 0);
-  if (error == 0 && fits) error = appendLocked(request, status);
+  if (fits && size > maxBytes_) error = rewrite(now, maxBytes_ / 2);
+  if (error == 0 && fits && sizeWith(request) > maxBytes_) error = rewrite(now, 0);
+  if (error == 0 && fits) error = appendLocked(request, status, now.series);
   // Compacts the file when at least half of it is obsolete. A failure only leaves the file longer:
   // the next append tries again.
-  if (error == 0 && (locations_.size() >= 2 * keep_ || hasExpired(nowMs))) {
-    rewrite(nowMs, maxBytes_);
+  if (error == 0 && (locations_.size() >= 2 * keep_ || hasExpired(now.runningMs))) {
+    rewrite(now, maxBytes_);
   }
   closeFile();
   return error;
@@ -53,8 +54,8 @@ int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64
 
 // Returns an upper bound of the file's size after the request was appended.
 std::uint64_t JXDeadLetters::sizeWith(const JXOutboxRequest& request) const {
-  return journal_.size() + kJXJournalMagic.size() + kJXFrameHeaderSize + kJXDeadLetterHeadSize +
-         request.url.size() + request.body.size();
+  return journal_.size() + kJXJournalMagic.size() + 2 * kJXFrameHeaderSize + kJXTimeSize +
+         kJXDeadLetterHeadSize + request.url.size() + request.body.size();
 }
 
 // Also releases the lock.
@@ -64,15 +65,15 @@ void JXDeadLetters::closeFile() {
   journal_.close();
 }
 
-int JXDeadLetters::removeExpired(std::int64_t nowMs) {
+int JXDeadLetters::removeExpired(const JXStoredTime& now) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  const int lockError = lockFile(JXFile::Access::AppendExisting);
+  const int lockError = lockFile(JXFile::Access::AppendExisting, now);
   const bool isMissing = lockError == ENOENT || lockError == ENOTDIR;
   if (lockError != 0 && !isMissing) return lockError;
   // A process that was killed while it rewrote the file left a copy. Nobody writes it now.
   int error = removeFile(path_ + kRewriteSuffix);
   if (isMissing) return error;
-  if (hasExpired(nowMs) || journal_.size() > maxBytes_) error = rewrite(nowMs, maxBytes_ / 2);
+  if (hasExpired(now.runningMs) || journal_.size() > maxBytes_) error = rewrite(now, maxBytes_ / 2);
   // The process that wrote the last ones may have been killed before it synced them.
   dirty_ = true;
   closeFile();
@@ -80,13 +81,12 @@ int JXDeadLetters::removeExpired(std::int64_t nowMs) {
 }
 
 bool JXDeadLetters::hasExpired(std::int64_t nowMs) const {
-  return std::any_of(locations_.begin(), locations_.end(), [&](const Location& each) {
-    return isExpired(each.createdMs, nowMs, maxAge_);
-  });
+  return std::any_of(locations_.begin(), locations_.end(),
+                     [&](const Location& each) { return isExpired(each.bornMs, nowMs, maxAge_); });
 }
 
 // Opens and locks the file that is at the path now, and reads it if it has changed.
-int JXDeadLetters::lockFile(JXFile::Access access) {
+int JXDeadLetters::lockFile(JXFile::Access access, const JXStoredTime& now) {
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
     int error = access == JXFile::Access::Append ? makeFolder(folderOf(path_)) : 0;
     if (error != 0) return error;
@@ -101,47 +101,69 @@ int JXDeadLetters::lockFile(JXFile::Access access) {
       // Matches no file size, so that the file is read.
       knownSize_ = std::numeric_limits<std::uint64_t>::max();
     }
-    error = readLocations();
+    error = readLocations(now);
     if (error != 0) journal_.close();
     return error;
   }
   return EWOULDBLOCK;
 }
 
-int JXDeadLetters::readLocations() {
+int JXDeadLetters::readLocations(const JXStoredTime& now) {
   std::uint64_t size = 0;
   int error = journal_.file().size(size);
   if (error != 0 || size == knownSize_) return error;
   locations_.clear();
-  const JXJournal::Recovery recovery =
-      journal_.recover(JXJournal::Writers::One, [&](const JXFrame& frame) {
-        locations_.push_back(
-            {frame.offset, frame.payload.size(), decodeRecord(frame.payload).createdMs});
-      });
+  JXRecordTimes times(now);
+  const JXJournal::Recovery recovery = journal_.recover(JXJournal::Writers::One, [&](const JXFrame&
+                                                                                         frame) {
+    const JXOutboxRecord record = decodeRecord(frame.payload);
+    if (record.kind == JXRecordKind::Time) return times.add(record.time);
+    locations_.push_back({frame.offset, frame.payload.size(), times.runningMs(record.createdMs)});
+  });
   damaged_ = damaged_ || recovery.quarantined;
-  return 0;
+  timeOffset_ = times.offset();
+  bool needsTime = false;
+  for (Location& each : locations_) {
+    if (each.bornMs != JXRecordTimes::kUnknown) continue;
+    each.bornMs = times.unknownMs();
+    needsTime = !times.hasFirst();
+  }
+  // Otherwise the letters of an earlier version would be new at each start.
+  return needsTime ? appendTime(journal_, now) : 0;
 }
 
-int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
+// Appends a time that the next request needs, unless it follows from the latest one in the file.
+int JXDeadLetters::appendTime(JXJournal& journal, const JXStoredTime& time) {
+  if (time.series == 0 || !needsStoredTime(timeOffset_, time)) return 0;
+  const int error = journal.append({encodeTime(time)}, nullptr);
+  if (error == 0) timeOffset_ = time.dayMs - time.runningMs;
+  dirty_ = true;
+  return error;
+}
+
+int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status, std::uint64_t series) {
   const JXDeadLetterHead head = encodeDeadLetterHead(request.url, request.createdMs, status,
                                                      static_cast<std::uint32_t>(keep_));
   std::uint64_t offset = 0;
-  const int error =
-      journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
+  int error = appendTime(journal_, {series, request.createdMs, request.bornMs, 0, 0});
+  if (error == 0) {
+    error = journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
+  }
   if (error != 0) return error;
   locations_.push_back(
-      {offset, head.size() + request.url.size() + request.body.size(), request.createdMs});
+      {offset, head.size() + request.url.size() + request.body.size(), request.bornMs});
   dirty_ = true;
   return 0;
 }
 
 // Replaces the file with one that contains only the requests to keep, and at most `maxBytes` of
 // them.
-int JXDeadLetters::rewrite(std::int64_t nowMs, std::uint64_t maxBytes) {
+int JXDeadLetters::rewrite(const JXStoredTime& now, std::uint64_t maxBytes) {
   const std::string freshPath = path_ + kRewriteSuffix;
   int error = 0;
   JXJournal fresh(JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
   std::deque<Location> kept;
+  const std::optional<std::int64_t> oldOffset = std::exchange(timeOffset_, std::nullopt);
   std::size_t first = locations_.size();
   std::uint64_t bytes = 0;
   while (first > 0 && locations_.size() - first < keep_) {
@@ -150,16 +172,21 @@ int JXDeadLetters::rewrite(std::int64_t nowMs, std::uint64_t maxBytes) {
     --first;
   }
   for (std::size_t i = first; error == 0 && i < locations_.size(); ++i) {
-    if (isExpired(locations_[i].createdMs, nowMs, maxAge_)) continue;
+    if (isExpired(locations_[i].bornMs, now.runningMs, maxAge_)) continue;
     std::string payload;
     error = journal_.read(locations_[i].offset, locations_[i].length, payload);
     if (error != 0) break;
-    kept.push_back({0, payload.size(), locations_[i].createdMs});
-    error = fresh.append({payload}, &kept.back().offset);
+    kept.push_back({0, payload.size(), locations_[i].bornMs});
+    const std::int64_t createdMs = decodeRecord(payload).createdMs;
+    error = appendTime(fresh, {now.series, createdMs, locations_[i].bornMs, 0, 0});
+    if (error == 0) error = fresh.append({payload}, &kept.back().offset);
   }
   if (error == 0) error = fresh.sync();
   error = replaceFile(freshPath, path_, error);
-  if (error != 0) return error;
+  if (error != 0) {
+    timeOffset_ = oldOffset;
+    return error;
+  }
   journal_ = std::move(fresh);
   locations_ = std::move(kept);
   dirty_ = true;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "jx/core/storage/JXJournal.h"
@@ -27,11 +28,11 @@ class JXDeadLetters {
   /// Appends a request with the HTTP status that rejected it, then deletes the expired ones, as
   /// `removeExpired` does. A request that exceeds `maxBytes` alone is not stored. Returns
   /// EWOULDBLOCK while another process is writing the file.
-  int append(const JXOutboxRequest& request, int status, std::int64_t nowMs);
-  /// Deletes the requests that are older than the maximum age at `nowMs`: the file no longer
+  int append(const JXOutboxRequest& request, int status, const JXStoredTime& now);
+  /// Deletes the requests that are older than the maximum age at `now`: the file no longer
   /// contains their bytes. Also deletes the remains of an interrupted deletion. Blocks until the
   /// disk has written the file. Returns EWOULDBLOCK while another process is writing it.
-  int removeExpired(std::int64_t nowMs);
+  int removeExpired(const JXStoredTime& now);
   /// Makes appended requests durable. Blocks until the disk has written them.
   int sync();
   bool needsSync() const;
@@ -48,15 +49,16 @@ class JXDeadLetters {
   struct Location {
     std::uint64_t offset;
     std::size_t length;
-    std::int64_t createdMs;  ///< 0: unknown
+    std::int64_t bornMs;  ///< running time at which the request was added
   };
 
-  int lockFile(JXFile::Access access);
-  int readLocations();
-  int appendLocked(const JXOutboxRequest& request, int status);
+  int lockFile(JXFile::Access access, const JXStoredTime& now);
+  int readLocations(const JXStoredTime& now);
+  int appendLocked(const JXOutboxRequest& request, int status, std::uint64_t series);
+  int appendTime(JXJournal& journal, const JXStoredTime& time);
   bool hasExpired(std::int64_t nowMs) const;
   std::uint64_t sizeWith(const JXOutboxRequest& request) const;
-  int rewrite(std::int64_t nowMs, std::uint64_t maxBytes);
+  int rewrite(const JXStoredTime& now, std::uint64_t maxBytes);
   void closeFile();
 
   const std::string path_;
@@ -64,10 +66,11 @@ class JXDeadLetters {
   const std::uint64_t maxBytes_;
   const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
-  JXJournal journal_;               ///< open while the file is locked
-  JXFileIdentity identity_;         ///< of the file that was read last
-  std::deque<Location> locations_;  ///< of the frames in the file
-  std::uint64_t knownSize_ = 0;     ///< file size for which `locations_` is valid
+  JXJournal journal_;                       ///< open while the file is locked
+  JXFileIdentity identity_;                 ///< of the file that was read last
+  std::deque<Location> locations_;          ///< of the requests in the file
+  std::optional<std::int64_t> timeOffset_;  ///< of the latest time in the file
+  std::uint64_t knownSize_ = 0;             ///< file size for which `locations_` is valid
   bool dirty_ = false;
   bool damaged_ = false;
 };

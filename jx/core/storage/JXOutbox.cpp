@@ -49,11 +49,10 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures,
                    bool mayStore, std::string currentEndpoint, const std::string& inner)
-    : clock_(std::move(clock)),
-      maxAge_(bounds.maxAge),
+    : maxAge_(bounds.maxAge),
       report_("outbox " + pathOf(folder, inner), folderOf(pathOf(folder, inner))),
-      segments_(folder, inner, bounds.maxBytes, report_, erasures.get()),
-      queue_(segments_, report_, bounds, clock_, std::move(currentEndpoint)),
+      segments_(folder, inner, bounds.maxBytes, std::move(clock), report_, erasures.get()),
+      queue_(segments_, report_, bounds, std::move(currentEndpoint)),
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
       dead_(segments_.path(), bounds.maxDeadLetters, bounds.maxBytes, bounds.maxAge) {
@@ -113,11 +112,12 @@ void JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures
 }
 
 milliseconds JXOutbox::failedFor(std::uint64_t id) {
-  return lockedWithoutExceptions([&] { return queue_.failures().failedFor(id); });
+  return lockedWithoutExceptions([&] { return queue_.failures().failedFor(id, segments_.now()); });
 }
 
 std::optional<milliseconds> JXOutbox::nextRetryIn(std::uint32_t host, const JXSendFilter& filter) {
-  return lockedWithoutExceptions([&] { return queue_.failures().nextRetryIn(host, filter); });
+  return lockedWithoutExceptions(
+      [&] { return queue_.failures().nextRetryIn(host, filter, segments_.now()); });
 }
 
 void JXOutbox::shortenRetryDelays(milliseconds longest) {
@@ -170,6 +170,7 @@ void JXOutbox::dropErased() {
   if (erasures == seenErasures_) return;
   seenErasures_ = erasures;
   queue_.clear();
+  segments_.restartTime();
 }
 
 void JXOutbox::sync() {
@@ -191,6 +192,7 @@ void JXOutbox::sync() {
     }
     moveRejectedToDeadLetters();
     if (locked([&] { return hasUncheckedFiles_; })) removeExpiredFiles();
+    locked([&] { segments_.storeTime(dead_.mayExist()); });
     syncFiles();
     locked([&] {
       if (report_.failures() == failures && !queue_.needsRepair()) report_.recovered();
@@ -211,8 +213,8 @@ void JXOutbox::moveRejectedToDeadLetters() {
   };
   while (const auto rejected = locked(next)) {
     const bool mayStore = locked([&] { return segments_.isOpen; });
-    const int error =
-        mayStore ? dead_.append(rejected->request, rejected->status, clock_->nowMs()) : 0;
+    const JXStoredTime now = storedNow();
+    const int error = mayStore ? dead_.append(rejected->request, rejected->status, now) : 0;
     const bool wasErased = locked([&] {
       checkErasures();
       return seenErasures_ != erasures;
@@ -229,15 +231,23 @@ void JXOutbox::moveRejectedToDeadLetters() {
 }
 
 void JXOutbox::removeExpiredFiles() {
-  const std::int64_t nowMs = clock_->nowMs();
-  const int error = dead_.removeExpired(nowMs);
+  const JXStoredTime now = storedNow();
+  const int error = dead_.removeExpired(now);
   reportDamagedDeadLetters();
   // Another process is writing the file; the next `sync` tries again.
   if (error == EWOULDBLOCK) return;
   reportError("delete expired dead letters", error);
   reportError("delete expired quarantined files",
-              removeExpiredQuarantinedFiles(segments_.path(), nowMs, maxAge_));
+              removeExpiredQuarantinedFiles(segments_.path(), now.dayMs, maxAge_));
   locked([&] { hasUncheckedFiles_ = false; });
+}
+
+// Returns the present time, which is stored first: the dead letters refer to it.
+JXStoredTime JXOutbox::storedNow() {
+  return locked([&] {
+    segments_.storeTime(true);
+    return segments_.now();
+  });
 }
 
 void JXOutbox::reportDamagedDeadLetters() {
@@ -251,14 +261,19 @@ void JXOutbox::reportError(const char* action, int error) {
 // Blocks on disk I/O without the lock.
 void JXOutbox::syncFiles() {
   bool folderDirty = false;
+  bool timeDirty = false;
   std::shared_ptr<const JXFolder> folder;
   const std::vector<std::uint64_t> dirty = locked([&] {
     folderDirty = std::exchange(segments_.folderDirty, false);
+    timeDirty = std::exchange(segments_.timeDirty, false);
     folder = segments_.openFolder();
     return segments_.takeDirty();
   });
   for (const std::uint64_t number : dirty)
     syncSegment(number);
+  const int timeError = timeDirty && folder ? JXRunningTime::sync(*folder) : 0;
+  if (timeError != 0) locked([&] { segments_.timeDirty = true; });
+  reportError("sync the running time", timeError);
   const int folderError = folderDirty && folder ? folder->synchronize() : 0;
   if (folderError != 0) locked([&] { segments_.folderDirty = true; });
   reportError("sync the folder", folderError);

@@ -32,7 +32,7 @@ class JXOutbox {
  public:
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
   /// requests of processes that have ended. When the folder cannot be created or read, the outbox
-  /// works in memory, within `maxInMemory`. `clock` is the time of day, for the age of requests.
+  /// works in memory, within `maxInMemory`. `clock` gives the age of requests.
   /// `erasures` reports when the folder is erased; null if it never is. If `mayStore` is false, the
   /// folder is neither read nor written until `beginStoring`. `currentEndpoint`, unless empty,
   /// replaces scheme, host and port of the URL of each request that is taken; the stored URL stays.
@@ -49,9 +49,8 @@ class JXOutbox {
   /// Appends a request and drops the oldest ones beyond the limits. While writes fail, the request
   /// is kept in memory, evicting the oldest ones there. Returns its ID; nullopt when the request
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
-  /// is 0 (droppedNoStorage). Age is measured with the clock's current time: a request dated before
-  /// 2025 (the clock was not set yet) or in the future has no age and does not expire. A request
-  /// that was begun before an erase is not added (purged, nullopt); see JXErasureScope.
+  /// is 0 (droppedNoStorage). Age is running time, not the time of day; see JXRunningTime. A
+  /// request that was begun before an erase is not added (purged, nullopt); see JXErasureScope.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
     return add(url, body, JXRequestOrigin(), false);
   }
@@ -131,11 +130,11 @@ class JXOutbox {
   void reportError(const char* action, int error);
   void moveRejectedToDeadLetters();
   void removeExpiredFiles();
+  JXStoredTime storedNow();
   void reportDamagedDeadLetters();
   void syncFiles();
   void syncSegment(std::uint64_t number);
 
-  const std::shared_ptr<const JXClock> clock_;
   const std::chrono::milliseconds maxAge_;
   mutable std::mutex mutex_;
   JXStorageReport report_;

@@ -4,13 +4,21 @@
 
 #include <algorithm>
 
-#include "jx/core/storage/JXAge.h"
-
 namespace jx {
 namespace {
 
 // Longest delay that an earlier process can have chosen with the default timings.
 constexpr std::chrono::milliseconds kMaxAdoptedDelay = std::chrono::hours(24);
+
+// Returns how long a failed request still waits; zero or less when it may be retried. Time in which
+// the system was switched off counts as far as the time of day shows it. A clock that was set back
+// does not prolong the wait.
+std::chrono::milliseconds remainingDelay(const JXRequestFailures& failures,
+                                         const JXStoredTime& now) {
+  const std::int64_t passed =
+      std::max(now.runningMs - failures.lastMs, now.dayMs - failures.lastDayMs);
+  return failures.delay - std::chrono::milliseconds(passed);
+}
 
 }  // namespace
 
@@ -19,14 +27,16 @@ void JXOutboxFailures::adopt(std::uint64_t id, JXRequestFailures failures) {
   failures_.emplace(id, failures);
 }
 
-void JXOutboxFailures::record(std::uint64_t id, const JXRequestFailures& failures) {
-  JXRequestFailures& stored = failures_[id];
+void JXOutboxFailures::record(std::uint64_t id, const JXRequestFailures& failures,
+                              const JXStoredTime& now) {
+  const auto [found, isFirst] = failures_.emplace(id, failures);
+  JXRequestFailures& stored = found->second;
   stored.count = failures.count;
   stored.hasRetryAfter = failures.hasRetryAfter;
   stored.delay = failures.delay;
-  stored.lastMs = clock_->nowMs();
-  // The time is not known until the clock was set.
-  if (stored.firstMs < kJXFirstPlausibleMs) stored.firstMs = stored.lastMs;
+  stored.lastMs = now.runningMs;
+  stored.lastDayMs = now.dayMs;
+  if (isFirst) stored.firstMs = now.runningMs;
 }
 
 JXRequestFailures JXOutboxFailures::of(std::uint64_t id) const {
@@ -35,11 +45,12 @@ JXRequestFailures JXOutboxFailures::of(std::uint64_t id) const {
 }
 
 // Returns the request whose delay has been over for the longest time, or null.
-JXOutboxEntry* JXOutboxFailures::nextRetry(std::uint32_t host, const JXSendFilter& filter) {
+JXOutboxEntry* JXOutboxFailures::nextRetry(std::uint32_t host, const JXSendFilter& filter,
+                                           const JXStoredTime& now) {
   JXOutboxEntry* next = nullptr;
   std::chrono::milliseconds least = std::chrono::milliseconds::zero();
-  for (auto& [id, failures] : failures_) {
-    const std::chrono::milliseconds remaining = remainingDelay(failures);
+  for (const auto& [id, failures] : failures_) {
+    const std::chrono::milliseconds remaining = remainingDelay(failures, now);
     if (remaining > least || (next != nullptr && remaining == least)) continue;
     JXOutboxEntry* const entry = index_.find(id);
     if (entry == nullptr || !index_.maySend(*entry, host, filter)) continue;
@@ -50,10 +61,11 @@ JXOutboxEntry* JXOutboxFailures::nextRetry(std::uint32_t host, const JXSendFilte
 }
 
 std::optional<std::chrono::milliseconds> JXOutboxFailures::nextRetryIn(std::uint32_t host,
-                                                                       const JXSendFilter& filter) {
+                                                                       const JXSendFilter& filter,
+                                                                       const JXStoredTime& now) {
   std::optional<std::chrono::milliseconds> least;
-  for (auto& [id, failures] : failures_) {
-    const std::chrono::milliseconds remaining = remainingDelay(failures);
+  for (const auto& [id, failures] : failures_) {
+    const std::chrono::milliseconds remaining = remainingDelay(failures, now);
     if (least && remaining >= *least) continue;
     const JXOutboxEntry* const entry = index_.find(id);
     if (entry != nullptr && index_.maySend(*entry, host, filter)) least = remaining;
@@ -61,22 +73,11 @@ std::optional<std::chrono::milliseconds> JXOutboxFailures::nextRetryIn(std::uint
   return least;
 }
 
-// Returns how long a failed request still waits; zero or less when it may be retried. A clock that
-// was set back does not prolong the wait beyond its delay.
-std::chrono::milliseconds JXOutboxFailures::remainingDelay(JXRequestFailures& failures) const {
-  const std::int64_t nowMs = clock_->nowMs();
-  failures.lastMs = std::min(failures.lastMs, nowMs);
-  return failures.delay - std::chrono::milliseconds(nowMs - failures.lastMs);
-}
-
-std::chrono::milliseconds JXOutboxFailures::failedFor(std::uint64_t id) const {
+std::chrono::milliseconds JXOutboxFailures::failedFor(std::uint64_t id,
+                                                      const JXStoredTime& now) const {
   const auto found = failures_.find(id);
-  const std::int64_t nowMs = clock_->nowMs();
-  // Before the clock was set, the time of the first failure is not known.
-  const bool isKnown = found != failures_.end() && found->second.count != 0 &&
-                       found->second.firstMs >= kJXFirstPlausibleMs &&
-                       found->second.firstMs <= nowMs;
-  return std::chrono::milliseconds(isKnown ? nowMs - found->second.firstMs : 0);
+  const bool hasFailed = found != failures_.end() && found->second.count != 0;
+  return std::chrono::milliseconds(hasFailed ? now.runningMs - found->second.firstMs : 0);
 }
 
 void JXOutboxFailures::shortenDelays(std::chrono::milliseconds longest) {

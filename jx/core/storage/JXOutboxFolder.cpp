@@ -44,7 +44,7 @@ void purgeSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOutboxP
   std::vector<JXOutboxEntry> requests;
   JXJournal::Recovery recovery;
   if (const auto segment =
-          JXOutboxSegment::adopt(folder, number, open, hosts, requests, recovery)) {
+          JXOutboxSegment::adopt(folder, number, open, hosts, {}, requests, recovery)) {
     if (succeeded(segment->remove(), "delete " + path, error)) purge.removed += requests.size();
     return;
   }

@@ -27,7 +27,7 @@ struct JXOutboxEntry {
   };
 
   std::uint64_t id = 0;
-  std::int64_t createdMs = 0;
+  std::int64_t bornMs = 0;             ///< running time at which it was added
   JXOutboxSegment* segment = nullptr;  ///< null: in memory only
   std::uint32_t offset = 0;            ///< of its frame in the segment
   std::uint32_t bytes = 0;             ///< size of URL and body

@@ -24,14 +24,12 @@ static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason:
 }  // namespace
 
 JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report,
-                             const JXOutboxBounds& bounds, std::shared_ptr<const JXClock> clock,
-                             std::string currentEndpoint)
+                             const JXOutboxBounds& bounds, std::string currentEndpoint)
     : segments_(segments),
       report_(report),
       bounds_(bounds),
-      clock_(std::move(clock)),
       hosts_(std::move(currentEndpoint)),
-      failures_(index_, clock_) {
+      failures_(index_) {
   segments_.beforeRemoval = [this](JXOutboxSegment& segment) { drops_.readAll(segment); };
 }
 
@@ -39,7 +37,7 @@ void JXOutboxQueue::adopt() {
   segments_.adoptAll(hosts_, [&](const JXOutboxEntry& request) {
     const std::uint64_t id = index_.push(request).id;
     if (request.hasFailed) failures_.adopt(id, request.segment->adoptedFailures(request.offset));
-    updateOldest(request.createdMs);
+    updateOldest(request.bornMs);
   });
 }
 
@@ -50,23 +48,24 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   if (bytes > bounds_.maxBytes || bytes > kJXMaxPayload - kJXRequestHeadSize) {
     return rejectRequest(body, JXDropReason::TooLarge);
   }
+  const JXStoredTime now = segments_.now();
   JXOutboxEntry entry;
-  entry.createdMs = clock_->nowMs();
+  entry.bornMs = now.runningMs;
   entry.bytes = static_cast<std::uint32_t>(bytes);
   entry.source = JXSendFilter::sourceOf(url);
   entry.origin = origin;
   entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(body);
   entry.awaitsDecision = awaitsDecision;
-  entry.segment = segments_.append(url, body, entry.createdMs, origin, entry.offset);
-  if (entry.segment == nullptr && !keepInMemory(url, body)) {
+  entry.segment = segments_.append(url, body, now, origin, entry.offset);
+  if (entry.segment == nullptr && !keepInMemory(url, body, now.dayMs)) {
     return rejectRequest(body, JXDropReason::NoStorage);
   }
   // After an eviction, which may free a slot.
   entry.host = hosts_.slotOf(url);
   const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
-  updateOldest(entry.createdMs);
-  dropOverLimits(entry.createdMs);
+  updateOldest(entry.bornMs);
+  dropOverLimits(now.runningMs);
   return id;
 }
 
@@ -77,20 +76,19 @@ std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason 
 }
 
 // Stores the request that is pushed next in memory and evicts the oldest ones there.
-bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body) {
+bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body,
+                                 std::int64_t createdMs) {
   if (bounds_.maxInMemory == 0) return false;
   for (auto next = memory_.begin();
        next != memory_.end() && memory_.size() >= bounds_.maxInMemory;) {
     JXOutboxEntry& entry = *index_.find((next++)->first);
     if (entry.state != State::InFlight) drop(entry, JXDropReason::NoStorage);
   }
-  memory_.emplace(index_.nextId(), StoredInMemory{std::string(url), std::string(body)});
+  memory_.emplace(index_.nextId(), StoredInMemory{createdMs, std::string(url), std::string(body)});
   return true;
 }
 
-void JXOutboxQueue::updateOldest(std::int64_t createdMs) {
-  if (createdMs >= kJXFirstPlausibleMs) oldestMs_ = std::min(oldestMs_, createdMs);
-}
+void JXOutboxQueue::updateOldest(std::int64_t bornMs) { oldestMs_ = std::min(oldestMs_, bornMs); }
 
 void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   dropExpired(nowMs);
@@ -116,7 +114,7 @@ bool JXOutboxQueue::dropOldest(JXDropReason reason) {
 }
 
 void JXOutboxQueue::dropExpired() {
-  dropExpired(clock_->nowMs());
+  dropExpired(segments_.now().runningMs);
   finishModifiedSegments();
 }
 
@@ -127,10 +125,10 @@ void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
   std::vector<std::uint64_t> expired;
   oldestMs_ = std::numeric_limits<std::int64_t>::max();
   index_.forEach([&](const JXOutboxEntry& entry) {
-    if (isExpired(entry.createdMs, nowMs, bounds_.maxAge)) {
+    if (isExpired(entry.bornMs, nowMs, bounds_.maxAge)) {
       if (entry.state != State::InFlight) expired.push_back(entry.id);
     } else {
-      updateOldest(entry.createdMs);
+      updateOldest(entry.bornMs);
     }
     return true;
   });
@@ -182,8 +180,9 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
   applyPurgeMarks();
   index_.chooseBefore(pick.before);
   const auto next = [&] {
-    return pick.order == JXOutboxPick::Order::Retry ? failures_.nextRetry(pick.host, filter)
-                                                    : index_.next(pick, filter);
+    return pick.order == JXOutboxPick::Order::Retry
+               ? failures_.nextRetry(pick.host, filter, segments_.now())
+               : index_.next(pick, filter);
   };
   while (JXOutboxEntry* entry = next()) {
     JXOutboxRequest request;
@@ -203,7 +202,8 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
 
 void JXOutboxQueue::writeFailures(const JXOutboxEntry& entry) {
   if (entry.segment == nullptr || !entry.hasFailed) return;
-  const int error = entry.segment->writeFailures(entry.offset, failures_.of(entry.id));
+  const int error =
+      entry.segment->writeFailures(entry.offset, failures_.of(entry.id), segments_.now());
   if (error != 0) report_.failed("append the failures of a request", error);
 }
 
@@ -218,9 +218,10 @@ std::uint16_t JXOutboxQueue::mostStops(std::uint32_t source) {
 
 int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) const {
   request.id = entry.id;
-  request.createdMs = entry.createdMs;
+  request.bornMs = entry.bornMs;
   if (entry.segment == nullptr) {
     const StoredInMemory& stored = memory_.at(entry.id);
+    request.createdMs = stored.createdMs;
     request.url = stored.url;
     request.body = stored.body;
     return 0;
@@ -230,6 +231,7 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
   if (error != 0) return error;
   const JXOutboxRecord record = decodeRecord(payload);
   if (record.kind != JXRecordKind::Request) return EBADMSG;
+  request.createdMs = record.createdMs;
   request.url = std::string(record.url);
   // Reuses the memory of the payload for the body.
   payload.erase(0, payload.size() - record.body.size());
@@ -288,15 +290,15 @@ void JXOutboxQueue::requeue(std::uint64_t id) {
   if (entry->segment == nullptr && memory_.size() > bounds_.maxInMemory) {
     drop(*entry, JXDropReason::NoStorage);
   } else {
-    updateOldest(entry->createdMs);
+    updateOldest(entry->bornMs);
   }
-  dropOverLimits(clock_->nowMs());
+  dropOverLimits(segments_.now().runningMs);
 }
 
 void JXOutboxQueue::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state != State::InFlight) return;
-  failures_.record(id, failures);
+  failures_.record(id, failures, segments_.now());
   index_.markFailed(*entry);
   writeFailures(*entry);
   requeue(id);

@@ -20,7 +20,6 @@
 #include "jx/core/storage/JXOutboxSegments.h"
 #include "jx/core/storage/JXSendFilter.h"
 #include "jx/core/storage/JXStorageReport.h"
-#include "jx/platform/JXClock.h"
 
 namespace jx {
 
@@ -37,7 +36,7 @@ class JXOutboxQueue {
 
   /// `report` and `segments` must outlive this object.
   JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report, const JXOutboxBounds& bounds,
-                std::shared_ptr<const JXClock> clock, std::string currentEndpoint);
+                std::string currentEndpoint);
   ~JXOutboxQueue() { segments_.beforeRemoval = nullptr; }
   JXOutboxQueue(const JXOutboxQueue&) = delete;
   JXOutboxQueue& operator=(const JXOutboxQueue&) = delete;
@@ -85,12 +84,13 @@ class JXOutboxQueue {
 
  private:
   struct StoredInMemory {
+    std::int64_t createdMs;
     std::string url;
     std::string body;
   };
 
-  bool keepInMemory(std::string_view url, std::string_view body);
-  void updateOldest(std::int64_t createdMs);
+  bool keepInMemory(std::string_view url, std::string_view body, std::int64_t createdMs);
+  void updateOldest(std::int64_t bornMs);
   void dropOverLimits(std::int64_t nowMs);
   bool dropOldest(JXDropReason reason);
   void dropExpired(std::int64_t nowMs);
@@ -108,7 +108,6 @@ class JXOutboxQueue {
   JXOutboxSegments& segments_;
   JXStorageReport& report_;
   const JXOutboxBounds bounds_;
-  const std::shared_ptr<const JXClock> clock_;
   JXOutboxHosts hosts_;
   JXOutboxIndex index_{hosts_};
   JXOutboxFailures failures_;
@@ -116,7 +115,7 @@ class JXOutboxQueue {
   std::vector<std::uint64_t> rejected_;             ///< IDs, in the order of rejection
   std::vector<JXOutboxSegment*> modified_;          ///< have acknowledgements to write
   std::uint64_t rejectedBytes_ = 0;
-  /// Lower bound of the creation times of requests that can expire.
+  /// Lower bound of the running times at which the requests were added.
   std::int64_t oldestMs_ = std::numeric_limits<std::int64_t>::max();
   JXOutboxCounters counters_;
   JXOutboxDrops drops_;

@@ -46,7 +46,8 @@ bool JXOutboxQueue::moveSomeOfObsolete() {
     }
     std::uint32_t offset = 0;
     JXOutboxSegment* const segment =
-        segments_.append(request.url, request.body, entry.createdMs, entry.origin, offset);
+        segments_.append(request.url, request.body, {0, request.createdMs, entry.bornMs, 0, 0},
+                         entry.origin, offset);
     if (segment == nullptr) return false;
     obsolete->acknowledge(entry.offset);
     modified_.push_back(obsolete);
@@ -62,8 +63,10 @@ bool JXOutboxQueue::writeSomeOfMemory() {
   for (std::size_t done = 0; done < kRepairStep && !memory_.empty(); ++done) {
     const auto oldest = memory_.begin();
     JXOutboxEntry& entry = *index_.find(oldest->first);
-    entry.segment = segments_.append(oldest->second.url, oldest->second.body, entry.createdMs,
-                                     entry.origin, entry.offset);
+    const StoredInMemory& stored = oldest->second;
+    entry.segment =
+        segments_.append(stored.url, stored.body, {0, stored.createdMs, entry.bornMs, 0, 0},
+                         entry.origin, entry.offset);
     if (entry.segment == nullptr) return false;
     memory_.erase(oldest);
     writeFailures(entry);

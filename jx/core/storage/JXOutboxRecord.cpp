@@ -48,6 +48,16 @@ void decodeFailures(std::string_view payload, JXOutboxRecord& record) {
   record.failures.lastMs = static_cast<std::int64_t>(getU64(payload.data() + 20));
 }
 
+JXStoredTime decodeTime(std::string_view payload) {
+  JXStoredTime time;
+  time.systemStart = getU32(payload.data()) >> 8;
+  time.series = getU64(payload.data() + 4);
+  time.dayMs = static_cast<std::int64_t>(getU64(payload.data() + 12));
+  time.runningMs = static_cast<std::int64_t>(getU64(payload.data() + 20));
+  time.systemMs = static_cast<std::int64_t>(getU64(payload.data() + 28));
+  return time;
+}
+
 }  // namespace
 
 JXOutboxRecord decodeRecord(std::string_view payload) {
@@ -64,6 +74,10 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
     record.keep = getU32(payload.data() + 20);
   } else if (kind == JXRecordKind::Failures) {
     if (payload.size() >= kJXFailuresSize) decodeFailures(payload, record);
+  } else if (kind == JXRecordKind::Time) {
+    if (payload.size() < kJXTimeSize) return record;
+    record.kind = kind;
+    record.time = decodeTime(payload);
   } else if (kind == JXRecordKind::Acknowledgement) {
     record.kind = kind;
     for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {
@@ -108,6 +122,16 @@ std::string encodeFailures(std::uint32_t offset, const JXRequestFailures& failur
   putU32(payload.data() + 8, static_cast<std::uint32_t>(failures.delay.count()));
   putU64(payload.data() + 12, static_cast<std::uint64_t>(failures.firstMs));
   putU64(payload.data() + 20, static_cast<std::uint64_t>(failures.lastMs));
+  return payload;
+}
+
+std::string encodeTime(const JXStoredTime& time) {
+  std::string payload(kJXTimeSize, '\0');
+  putU32(payload.data(), time.systemStart << 8 | static_cast<unsigned char>(JXRecordKind::Time));
+  putU64(payload.data() + 4, time.series);
+  putU64(payload.data() + 12, static_cast<std::uint64_t>(time.dayMs));
+  putU64(payload.data() + 20, static_cast<std::uint64_t>(time.runningMs));
+  putU64(payload.data() + 28, static_cast<std::uint64_t>(time.systemMs));
   return payload;
 }
 

@@ -10,6 +10,7 @@
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
+#include "jx/core/storage/JXRunningTime.h"
 #include "jx/core/storage/JXSendFilter.h"
 
 namespace jx {
@@ -24,21 +25,17 @@ void removeIf(std::vector<Request>& requests, const Condition& condition) {
 }
 
 // Calls `read` with a function to be called for each frame. Returns what `make` returns for each
-// request that is not acknowledged. `failures`, if not null, receives those of the requests, by
-// offset.
-template <typename Request, typename Read, typename Make>
-std::vector<Request> unacknowledged(
-    const Read& read, const Make& make,
-    std::map<std::uint32_t, JXRequestFailures>* failures = nullptr) {
+// request that is not acknowledged. Calls `visit` for the other frames.
+template <typename Request, typename Read, typename Make, typename Visit>
+std::vector<Request> unacknowledged(const Read& read, const Make& make, const Visit& visit) {
   std::vector<Request> requests;
   std::vector<std::uint32_t> acknowledged;
   read([&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
-    if (record.kind == JXRecordKind::Request) requests.push_back(make(frame, record));
-    if (record.kind == JXRecordKind::Failures && failures != nullptr &&
-        record.failed < frame.offset) {
-      (*failures)[record.failed] = record.failures;
-    }
+    if (record.kind == JXRecordKind::Request)
+      requests.push_back(make(frame, record));
+    else
+      visit(frame, record);
     // An acknowledgement follows the requests that it names. Ignores later offsets: such a frame
     // was not written by this class and must not acknowledge a request that is appended there
     // later.
@@ -141,11 +138,9 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::create(const JXSegmentFolder& 
   return segment;
 }
 
-std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const JXSegmentFolder& folder,
-                                                        std::uint64_t number, JXOpenSegments& open,
-                                                        JXOutboxHosts& hosts,
-                                                        std::vector<JXOutboxEntry>& requests,
-                                                        JXJournal::Recovery& recovery) {
+std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(
+    const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open, JXOutboxHosts& hosts,
+    const JXStoredTime& now, std::vector<JXOutboxEntry>& requests, JXJournal::Recovery& recovery) {
   recovery = {};
   const int lockError = folder.locks->lockByte(number);
   if (lockError != 0) {
@@ -163,20 +158,21 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(const JXSegmentFolder& f
   file.unlock();
   std::unique_ptr<JXOutboxSegment> segment(
       new JXOutboxSegment(folder, number, open, std::move(file)));
-  recovery = segment->recover(hosts, requests);
+  recovery = segment->recover(hosts, now, requests);
   return segment;
 }
 
-JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts,
+JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts, const JXStoredTime& now,
                                              std::vector<JXOutboxEntry>& requests) {
   JXJournal::Recovery recovery;
   const auto read = [&](const JXJournal::Visit& visit) {
     recovery = journal_.recover(JXJournal::Writers::One, visit);
   };
+  JXRecordTimes times(now);
   const auto makeEntry = [&](const JXFrame& frame, const JXOutboxRecord& record) {
     ++requests_;
     JXOutboxEntry entry;
-    entry.createdMs = record.createdMs;
+    entry.bornMs = times.runningMs(record.createdMs);
     entry.segment = this;
     entry.offset = static_cast<std::uint32_t>(frame.offset);
     entry.bytes = static_cast<std::uint32_t>(record.url.size() + record.body.size());
@@ -187,9 +183,20 @@ JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts,
     entry.awaitsDecision = true;
     return entry;
   };
-  requests = unacknowledged<JXOutboxEntry>(read, makeEntry, &failures_);
-  for (JXOutboxEntry& entry : requests)
+  const auto visit = [&](const JXFrame& frame, const JXOutboxRecord& record) {
+    if (record.kind == JXRecordKind::Time) times.add(record.time);
+    if (record.kind == JXRecordKind::Failures && record.failed < frame.offset) {
+      failures_[record.failed] = times.known(record.failures);
+    }
+  };
+  requests = unacknowledged<JXOutboxEntry>(read, makeEntry, visit);
+  for (JXOutboxEntry& entry : requests) {
     entry.hasFailed = failures_.count(entry.offset) != 0;
+    if (entry.bornMs != JXRecordTimes::kUnknown) continue;
+    entry.bornMs = times.unknownMs();
+    needsTime_ = !times.hasFirst();
+  }
+  timeOffset_ = times.offset();
   live_ = requests.size();
   dropPurged(requests);
   // The process that wrote it may have been killed before the sync.
@@ -300,11 +307,23 @@ void JXOutboxSegment::dropPurged(std::vector<JXOutboxEntry>& requests) {
   if (requests.empty() || writeAcknowledgements() == 0) removePurgeMark(path());
 }
 
-int JXOutboxSegment::append(std::string_view url, std::string_view body, std::int64_t createdMs,
-                            const JXRequestOrigin& origin, std::uint32_t& offset) {
-  const JXRequestHead head = encodeRequestHead(url, createdMs, origin);
-  std::uint64_t place = 0;
+int JXOutboxSegment::writeTime(const JXStoredTime& time) {
+  if (time.series == 0 || !needsStoredTime(timeOffset_, time)) return 0;
   int error = ensureOpen();
+  if (error == 0) error = journal_.append({encodeTime(time)}, nullptr);
+  if (error != 0) return error;
+  timeOffset_ = time.dayMs - time.runningMs;
+  needsTime_ = false;
+  dirty = true;
+  return 0;
+}
+
+int JXOutboxSegment::append(std::string_view url, std::string_view body, const JXStoredTime& time,
+                            const JXRequestOrigin& origin, std::uint32_t& offset) {
+  const JXRequestHead head = encodeRequestHead(url, time.dayMs, origin);
+  std::uint64_t place = 0;
+  int error = writeTime(time);
+  if (error == 0) error = ensureOpen();
   if (error == 0) error = journal_.append({{head.data(), head.size()}, url, body}, &place);
   if (error != 0) return error;
   offset = static_cast<std::uint32_t>(place);
@@ -314,8 +333,10 @@ int JXOutboxSegment::append(std::string_view url, std::string_view body, std::in
   return 0;
 }
 
-int JXOutboxSegment::writeFailures(std::uint32_t offset, const JXRequestFailures& failures) {
-  int error = ensureOpen();
+int JXOutboxSegment::writeFailures(std::uint32_t offset, const JXRequestFailures& failures,
+                                   const JXStoredTime& now) {
+  int error = writeTime(now);
+  if (error == 0) error = ensureOpen();
   if (error == 0) error = journal_.append({encodeFailures(offset, failures)}, nullptr);
   if (error == 0) dirty = true;
   return error;
@@ -367,11 +388,13 @@ int JXOutboxSegment::remove() {
 
 std::vector<JXOutboxListing> listSegment(const std::string& path, int& error) {
   const auto read = [&](const JXJournal::Visit& visit) { error = JXJournal::scan(path, visit); };
-  auto requests =
-      unacknowledged<JXOutboxListing>(read, [](const JXFrame& frame, const JXOutboxRecord& record) {
+  auto requests = unacknowledged<JXOutboxListing>(
+      read,
+      [](const JXFrame& frame, const JXOutboxRecord& record) {
         return JXOutboxListing{record.createdMs, std::string(record.url), std::string(record.body),
                                0, frame.offset};
-      });
+      },
+      [](const JXFrame&, const JXOutboxRecord&) {});
   int ignored = 0;
   const std::uint64_t purged = readPurgeMark(path, JXFile::identityAt(path), ignored);
   removeIf(requests, [purged](const JXOutboxListing& each) { return each.offset < purged; });

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,8 +65,10 @@ class JXOutboxSegment {
                                                  int& error);
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
+  /// `now` gives the series of the running times; a request without one counts as added now.
   static std::unique_ptr<JXOutboxSegment> adopt(const JXSegmentFolder& folder, std::uint64_t number,
                                                 JXOpenSegments& open, JXOutboxHosts& hosts,
+                                                const JXStoredTime& now,
                                                 std::vector<JXOutboxEntry>& requests,
                                                 JXJournal::Recovery& recovery);
   ~JXOutboxSegment();
@@ -80,11 +83,17 @@ class JXOutboxSegment {
   /// errno value, 0 for success.
   static std::vector<std::uint64_t> numbersIn(const JXFolder& folder, int& error);
 
-  /// Appends a request; `offset` receives the position of its frame.
-  int append(std::string_view url, std::string_view body, std::int64_t createdMs,
+  /// Appends a request that was added at `time`; `offset` receives the position of its frame.
+  int append(std::string_view url, std::string_view body, const JXStoredTime& time,
              const JXRequestOrigin& origin, std::uint32_t& offset);
-  /// Records the failures of a request.
-  int writeFailures(std::uint32_t offset, const JXRequestFailures& failures);
+  /// Appends a time that the next frames need, unless it follows from the latest one in the file.
+  int writeTime(const JXStoredTime& time);
+  /// Returns true if `adopt` found requests whose running time is not known: until a time is
+  /// written, they count as added at each start.
+  bool needsTime() const { return needsTime_; }
+  /// Records the failures of a request; `now` is the present time.
+  int writeFailures(std::uint32_t offset, const JXRequestFailures& failures,
+                    const JXStoredTime& now);
   /// Returns the failures of a request that `adopt` found.
   const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
@@ -133,7 +142,8 @@ class JXOutboxSegment {
   JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open,
                   JXFile file);
 
-  JXJournal::Recovery recover(JXOutboxHosts& hosts, std::vector<JXOutboxEntry>& requests);
+  JXJournal::Recovery recover(JXOutboxHosts& hosts, const JXStoredTime& now,
+                              std::vector<JXOutboxEntry>& requests);
   int ensureOpen();
   int moveFile(const JXFolder& folder, const std::string& name);
   int copyTo(JXFile& file);
@@ -152,6 +162,8 @@ class JXOutboxSegment {
   std::size_t requests_ = 0;                             ///< acknowledged ones too
   std::map<std::uint32_t, JXRequestFailures> failures_;  ///< found by `adopt`, by offset
   std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
+  std::optional<std::int64_t> timeOffset_;  ///< of the latest time in the file
+  bool needsTime_ = false;
 };
 
 /// A request read from an outbox folder that is not opened for sending.

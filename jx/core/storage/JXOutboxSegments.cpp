@@ -25,12 +25,13 @@ bool wasMovedAway(int error) { return error == ENOENT || error == ESTALE; }
 }  // namespace
 
 JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
-                                   std::uint64_t maxBytes, JXStorageReport& report,
-                                   JXErasures* erasures)
+                                   std::uint64_t maxBytes, std::shared_ptr<const JXClock> clock,
+                                   JXStorageReport& report, JXErasures* erasures)
     : folder_(absolutePath(folder)),
       inner_(std::move(inner)),
       path_(inner_.empty() ? folder_ : folder_ + "/" + inner_),
       maxBytes_(maxBytes),
+      time_(std::move(clock)),
       watch_(path_),
       report_(report),
       erasures_(erasures) {}
@@ -42,8 +43,13 @@ int JXOutboxSegments::ensureFolder() {
   if (opened_.folder && opened_.folder->isAtPath()) return 0;
   int error = 0;
   JXSegmentFolder opened = JXSegmentFolder::open(folder_, inner_, JXFolder::Missing::Create, error);
-  if (error == 0) opened_ = std::move(opened);
-  return error;
+  if (error != 0) return error;
+  opened_ = std::move(opened);
+  time_.setMissing();
+  // Without it, what is stored counts as new: nothing expires too early.
+  error = time_.read(*opened_.folder);
+  if (error != 0) report_.failed("read the running time", error);
+  return 0;
 }
 
 void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
@@ -52,7 +58,8 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
-    auto segment = JXOutboxSegment::adopt(opened_, number, open_, hosts, requests, recovery);
+    auto segment =
+        JXOutboxSegment::adopt(opened_, number, open_, hosts, time_.now(), requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     if (recovery.quarantined) report_.damaged(segment->path());
@@ -62,6 +69,8 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
       drop(last);
       continue;
     }
+    // Of an earlier version, or after the file of the running time was lost.
+    if (last.needsTime()) writeTimeTo(last);
     std::for_each(requests.begin(), requests.end(), adopted);
     // New requests go to the newest segment, so that frequent starts do not create many files.
     current_ = &last;
@@ -146,7 +155,7 @@ std::uint64_t JXOutboxSegments::nextNumber(const std::vector<std::uint64_t>& num
 }
 
 JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
-                                          std::int64_t createdMs, const JXRequestOrigin& origin,
+                                          const JXStoredTime& time, const JXRequestOrigin& origin,
                                           std::uint32_t& offset) {
   if (!isOpen) return nullptr;
   if (current_ != nullptr && current_->lost) restoreLost();
@@ -156,10 +165,10 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     if (last.live() == 0) drop(last);
   }
   if (current_ == nullptr && !startSegment()) return nullptr;
-  int error = current_->append(url, body, createdMs, origin, offset);
+  int error = appendToCurrent(url, body, time, origin, offset);
   if (wasMovedAway(error)) {
     detectLostSegments();
-    if (restoreLost()) error = current_->append(url, body, createdMs, origin, offset);
+    if (restoreLost()) error = appendToCurrent(url, body, time, origin, offset);
   }
   if (error != 0) {
     report_.failed("append a request", error);
@@ -172,6 +181,31 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     restoreLost();
   }
   return segment;
+}
+
+// A failure to write the running time delays no request: its age then counts from the next start.
+int JXOutboxSegments::appendToCurrent(std::string_view url, std::string_view body,
+                                      JXStoredTime time, const JXRequestOrigin& origin,
+                                      std::uint32_t& offset) {
+  if (time_.isMissing()) writeTime();
+  time.series = time_.now().series;
+  return current_->append(url, body, time, origin, offset);
+}
+
+void JXOutboxSegments::writeTime() {
+  const int error = time_.write(*opened_.folder);
+  if (error != 0) report_.failed("store the running time", error);
+  timeDirty = timeDirty || error == 0;
+}
+
+void JXOutboxSegments::writeTimeTo(JXOutboxSegment& segment) {
+  if (time_.isMissing()) writeTime();
+  const int error = segment.writeTime(time_.now());
+  if (error != 0) report_.failed("append the running time", error);
+}
+
+void JXOutboxSegments::storeTime(bool isNeeded) {
+  if (isOpen && opened_.folder && (isNeeded || !segments_.empty()) && time_.isDue()) writeTime();
 }
 
 bool JXOutboxSegments::startSegment() {

@@ -12,6 +12,7 @@
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
+#include "jx/core/storage/JXRunningTime.h"
 #include "jx/core/storage/JXStorageReport.h"
 
 namespace jx {
@@ -24,7 +25,8 @@ class JXOutboxSegments {
   /// `maxBytes` is the largest size of all queued requests. `report` and `erasures`, which may be
   /// null, must outlive this object.
   JXOutboxSegments(const std::string& folder, std::string inner, std::uint64_t maxBytes,
-                   JXStorageReport& report, JXErasures* erasures);
+                   std::shared_ptr<const JXClock> clock, JXStorageReport& report,
+                   JXErasures* erasures);
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -40,7 +42,7 @@ class JXOutboxSegments {
   /// Appends a request to the current segment; starts a new one if it is full. If the folder or the
   /// file was deleted, renamed or replaced, moves all segments back first. Returns the segment, or
   /// null on failure.
-  JXOutboxSegment* append(std::string_view url, std::string_view body, std::int64_t createdMs,
+  JXOutboxSegment* append(std::string_view url, std::string_view body, const JXStoredTime& time,
                           const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Call this after requests of the segment were acknowledged: writes the acknowledgements, or
   /// deletes the file if no unacknowledged request is left. `segment` may be destroyed afterwards.
@@ -58,6 +60,13 @@ class JXOutboxSegments {
   /// Returns the segments with a purge mark. Cheap while the folder does not change: segments are
   /// returned only after a change.
   std::vector<Purged> markedForPurge();
+
+  /// Returns the present time.
+  JXStoredTime now() { return time_.now(); }
+  /// Stores the running time from time to time, while requests or other files need it.
+  void storeTime(bool isNeeded);
+  /// Starts another series of running times, after all requests were erased.
+  void restartTime() { time_.restart(); }
 
   /// Retries failed writes of acknowledgements and deletions.
   void retry();
@@ -84,6 +93,7 @@ class JXOutboxSegments {
 
   bool isOpen = true;        ///< false: nothing may be written yet
   bool folderDirty = false;  ///< a segment was created since the last successful sync of the folder
+  bool timeDirty = false;    ///< the running time was written since the last successful sync
 
  private:
   int ensureFolder();
@@ -92,6 +102,10 @@ class JXOutboxSegments {
   void quarantineUnread(std::uint64_t number);
   std::uint64_t nextNumber(const std::vector<std::uint64_t>& numbers);
   bool startSegment();
+  int appendToCurrent(std::string_view url, std::string_view body, JXStoredTime time,
+                      const JXRequestOrigin& origin, std::uint32_t& offset);
+  void writeTime();
+  void writeTimeTo(JXOutboxSegment& segment);
   int restore(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 
@@ -99,6 +113,7 @@ class JXOutboxSegments {
   const std::string inner_;
   const std::string path_;
   const std::uint64_t maxBytes_;
+  JXRunningTime time_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
   JXErasures* const erasures_;  ///< notified when a file was created

@@ -18,6 +18,10 @@ namespace {
 
 constexpr const char* kSuffix = ".damaged-";
 
+// 2025-01-01T00:00:00Z. A TV without a battery-backed clock starts in 1970 and gets the time later:
+// the age of a file dated before this is unknown.
+constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
+
 // Deletes the oldest quarantine files of the folder until so many more files and bytes are within
 // the limits.
 void makeRoom(const JXFolder& folder, std::size_t files, std::uint64_t bytes) {
@@ -89,8 +93,9 @@ int removeExpiredQuarantinedFiles(const std::string& folder, std::int64_t nowMs,
                                   std::chrono::milliseconds maxAge) {
   return removeFiles(folder, [&](const std::string& path) {
     struct stat status {};
-    return JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0 &&
-           isExpired(std::int64_t{status.st_mtime} * 1'000, nowMs, maxAge);
+    if (JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) != 0) return false;
+    const std::int64_t modifiedMs = std::int64_t{status.st_mtime} * 1'000;
+    return modifiedMs >= kFirstPlausibleMs && isExpired(modifiedMs, nowMs, maxAge);
   });
 }
 

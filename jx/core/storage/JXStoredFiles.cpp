@@ -87,7 +87,8 @@ bool isStoredFileName(std::string_view name) {
 }
 
 bool isOutboxFileName(std::string_view name) {
-  const bool isOurs = skip(name, "dead") || (skip(name, "segment-") && skipHex(name, 16)) ||
+  const bool isOurs = skip(name, "dead") || skip(name, "clock") ||
+                      (skip(name, "segment-") && skipHex(name, 16)) ||
                       (skip(name, "stopped-") && skipHex(name, 8));
   return isOurs && isEnding(name);
 }

@@ -62,6 +62,7 @@ class ErasuresTest : public OutboxTest {
             "defaults.damaged-8",
             "defaults.new",
             "erased.4711",
+            "outbox/clock",
             "outbox/dead",
             "outbox/dead.damaged-8",
             "outbox/dead.new",

@@ -81,7 +81,7 @@ TEST_F(OutboxAge, UsesTheConfiguredAgeForDeadLetters) {
   EXPECT_TRUE(dead().empty());
 }
 
-TEST_F(OutboxAge, NeverExpiresDeadLettersOfUnknownAge) {
+TEST_F(OutboxAge, DeadLettersExpireWhateverTheTimeOfDay) {
   {
     const auto outbox = open();
     clock_->set(5'000);
@@ -93,7 +93,13 @@ TEST_F(OutboxAge, NeverExpiresDeadLettersOfUnknownAge) {
   }
   clock_->set(kTestNowMs);
   open()->sync();
-  EXPECT_EQ(dead(), (Bodies{"of 1970", "of the future"}));
+  EXPECT_EQ(dead(), (Bodies{"of 1970", "of the future", "old"}));
+  clock_->advance(30 * kDayMs);
+  open()->sync();
+  EXPECT_EQ(dead(), (Bodies{"of 1970", "of the future", "old"}));
+  clock_->advance(1);
+  open()->sync();
+  EXPECT_EQ(dead(), Bodies{});
 }
 
 TEST_F(OutboxAge, DeletesExpiredDeadLettersAlsoWhenDeadLettersAreDisabled) {
