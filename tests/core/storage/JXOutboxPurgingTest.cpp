@@ -133,6 +133,25 @@ TEST_F(OutboxPurging, IgnoresAnInvalidMark) {
   }
 }
 
+TEST_F(OutboxPurging, IgnoresADamagedMark) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const std::string segment = box_ + "/segment-0000000000000001";
+  const JXFileIdentity identity = JXFile::identityAt(segment);
+  const std::string inode = std::to_string(identity.number);
+  int error = -1;
+  writeFile(segment + ".purge", inode + " 100\n");
+  EXPECT_EQ(readPurgeMark(segment, identity, error), 100u);
+  for (const std::string& text : {inode + " 100", inode + " -1\n", inode + " 0100\n",
+                                  inode + "  100\n", " " + inode + " 100\n", inode + " 100 \n",
+                                  inode + " 99999999999999999999\n", inode + " 100\n\n"}) {
+    writeFile(segment + ".purge", text);
+    EXPECT_EQ(readPurgeMark(segment, identity, error), 0u) << text;
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(listed(), Bodies{"a"}) << text;
+  }
+}
+
 TEST_F(OutboxPurging, ReadsAMarkAgainThatCouldNotBeRead) {
   const auto outbox = open();
   add(*outbox, "a");
