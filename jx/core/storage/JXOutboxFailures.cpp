@@ -66,7 +66,11 @@ std::optional<std::chrono::milliseconds> JXOutboxFailures::nextRetryIn(std::uint
 std::chrono::milliseconds JXOutboxFailures::remainingDelay(JXRequestFailures& failures) const {
   const std::int64_t nowMs = clock_->nowMs();
   failures.lastMs = std::min(failures.lastMs, nowMs);
-  return failures.delay - std::chrono::milliseconds(nowMs - failures.lastMs);
+  // Unsigned, because the two times may be any numbers.
+  const std::uint64_t passed =
+      static_cast<std::uint64_t>(nowMs) - static_cast<std::uint64_t>(failures.lastMs);
+  constexpr std::uint64_t kMaxPassed = INT64_MAX / 2;
+  return failures.delay - std::chrono::milliseconds(std::min(passed, kMaxPassed));
 }
 
 std::chrono::milliseconds JXOutboxFailures::failedFor(std::uint64_t id) const {
