@@ -5,6 +5,7 @@
 
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
+#include "jx/core/storage/JXEventId.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
 
@@ -59,9 +60,17 @@ void checkRoundTrip(const JXJsonObject& object, JXJsonStyle style) {
   require(leftOutAgain == 0, "writing again omits nothing");
 }
 
+// Expects the scanner that finds the ID of an event to agree with the reader.
+void checkEventId(std::string_view text, const JXJsonReading& reading) {
+  const JXString id = eventIdOf(text);
+  const JXString expected = reading.value.object().get("context").object().get("event_id").string();
+  require(id == expected, "the ID is that of the event", id.view(), expected.view());
+}
+
 void check(std::string_view text) {
   const JXJsonReading reading = JXJsonReader::read(text);
   checkAgainstReference(text, reading);
+  checkEventId(text, reading);
   if (!reading.value.isPresent()) return;
   JXJsonObject object = reading.value.object();
   if (!object.isPresent()) {
