@@ -10,6 +10,7 @@
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/JXLoopback.h"
 #include "jx/core/transfer/JXHttpTarget.h"
+#include "jx/core/transfer/JXPublicKeyPin.h"
 #include "tests/fuzz/Fuzz.h"
 
 namespace jx::fuzz {
@@ -102,15 +103,49 @@ void checkCredentials(Input input) {
           "an invalid URL contains no password", endpoint.url.view(), user);
 }
 
+// Returns the Base64 form of the bytes that the text encodes, ignoring characters outside Base64.
+std::string encodedAgain(std::string_view text) {
+  constexpr std::string_view kDigits =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string bits;
+  for (const char c : text) {
+    const std::size_t digit = kDigits.find(c);
+    for (int bit = 5; digit != std::string_view::npos && bit >= 0; --bit)
+      bits += (digit >> bit & 1) != 0 ? '1' : '0';
+  }
+  bits.resize(bits.size() / 8 * 8);
+  std::string encoded;
+  for (std::size_t at = 0; at < bits.size(); at += 6) {
+    std::string six = bits.substr(at, 6);
+    six.resize(6, '0');
+    encoded += kDigits[std::stoul(six, nullptr, 2)];
+  }
+  while (encoded.size() % 4 != 0)
+    encoded += '=';
+  return encoded;
+}
+
+// Expects exactly the Base64 form of a hash of 32 bytes to be a pin.
+void checkPin(std::string_view text) {
+  const bool isHash =
+      text.size() == 44 && text[42] != '=' && text[43] == '=' && encodedAgain(text) == text;
+  require(isPublicKeyPin(text) == isHash, "exactly a hash is a pin", text, encodedAgain(text));
+}
+
 }  // namespace
 }  // namespace jx::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   jx::fuzz::Input input(data, size);
-  if ((input.byte() & 1) == 0) {
-    jx::fuzz::checkHost(input.rest());
-  } else {
-    jx::fuzz::checkCredentials(input);
+  switch (input.byte() % 3) {
+    case 0:
+      jx::fuzz::checkHost(input.rest());
+      break;
+    case 1:
+      jx::fuzz::checkCredentials(input);
+      break;
+    default:
+      jx::fuzz::checkPin(input.rest());
   }
   return 0;
 }

@@ -6,6 +6,7 @@
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
 #include "jx/core/storage/JXEventId.h"
+#include "jx/core/storage/JXSendFilter.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
 
@@ -67,10 +68,20 @@ void checkEventId(std::string_view text, const JXJsonReading& reading) {
   require(id == expected, "the ID is that of the event", id.view(), expected.view());
 }
 
+// Expects a request with the waiting marker to end with this value.
+void checkWaitingMarker(std::string_view text, const JXJsonReading& reading) {
+  if (!reading.value.object().isPresent() || !JXSendFilter::hasWaitingMarker(text)) return;
+  const ReferenceReading reference = readReference(text);
+  if (!reference.isJson || reference.repeatsKey) return;
+  const ReferenceValue& last = reference.value.members.back().value;
+  require(last.text == "waiting_for_consent", "a request with the marker ends with it", text, {});
+}
+
 void check(std::string_view text) {
   const JXJsonReading reading = JXJsonReader::read(text);
   checkAgainstReference(text, reading);
   checkEventId(text, reading);
+  checkWaitingMarker(text, reading);
   if (!reading.value.isPresent()) return;
   JXJsonObject object = reading.value.object();
   if (!object.isPresent()) {

@@ -4,13 +4,18 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <regex>
 #include <string>
 #include <string_view>
 
 #include "jx/core/storage/JXErasures.h"
+#include "jx/core/storage/JXOutbox.h"
+#include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXStopMarks.h"
+#include "jx/platform/JXManualClock.h"
 #include "tests/fuzz/Fuzz.h"
 
 namespace jx::fuzz {
@@ -156,17 +161,77 @@ void checkErasedMark(Input input) {
   require(erasures.check() == (isAnother ? 1 : 0), "an erase is noticed once", second, first);
 }
 
+// Builds a file name from parts of the library's names and any characters.
+std::string nameFrom(Input& input) {
+  constexpr std::array<std::string_view, 12> kParts{"dead",
+                                                    "segment-0000000000000001",
+                                                    "segment-ffffffffffffffff",
+                                                    "segment-00000000000000f",
+                                                    "stopped-0000000a",
+                                                    ".purge",
+                                                    ".new",
+                                                    ".damaged-",
+                                                    ".",
+                                                    "12",
+                                                    "lock",
+                                                    "a"};
+  std::string name;
+  for (std::size_t count = input.byte() % 4u + 1; count != 0; --count) {
+    const std::uint8_t part = input.byte();
+    name += part < 200 ? std::string(kParts[part % kParts.size()])
+                       : std::string(input.bytes(part - 200u));
+  }
+  constexpr std::size_t kMaxName = 60;
+  name = name.substr(0, kMaxName);
+  const bool isName = name.find_first_of(std::string("/\0", 2)) == std::string::npos;
+  return isName && name != "." && name != ".." && !name.empty() ? name : "dead";
+}
+
+// Expects a new request to be queued next to any files, and an erase to delete exactly the files
+// that have the names of the library's.
+void checkNames(Input input) {
+  const std::regex ours(
+      "(dead|segment-[0-9a-f]{16}|stopped-[0-9a-f]{8})"
+      "(\\.new|\\.purge|(\\.purge)?\\.(damaged-)?[0-9]+)?");
+  const std::string box = pathOf("outbox");
+  fs::create_directory(box);
+  std::vector<std::string> others;
+  while (!input.isEmpty() && others.size() < 8) {
+    const std::string name = nameFrom(input);
+    writeFile(box + "/" + name, "content");
+    if (name != "lock" && !std::regex_match(name, ours)) others.push_back(name);
+  }
+  {
+    JXOutbox outbox(box, {}, std::make_shared<JXManualClock>(1'790'000'000'000));
+    require(outbox.add("https://host.example/events", "{}").has_value(), "a request is queued");
+    outbox.sync();
+    require(outbox.take().has_value(), "the request is the oldest one");
+  }
+  std::string error;
+  require(listOutbox(box, error).size() == 1 && error.empty(), "the next process finds the request",
+          error, {});
+  require(JXErasures(folder()).erase().empty(), "all files can be erased");
+  for (const fs::directory_entry& entry : fs::directory_iterator(box)) {
+    const std::string name = entry.path().filename().string();
+    require(!std::regex_match(name, ours), "an erase deletes the library's files", name, {});
+  }
+  for (const std::string& name : others)
+    require(fs::exists(box + "/" + name), "files of the application stay", name, {});
+}
+
 void check(Input input) {
   fs::remove_all(folder());
   fs::create_directory(folder());
   fs::permissions(folder(), fs::perms::owner_all);
-  switch (input.byte() % 3) {
+  switch (input.byte() % 4) {
     case 0:
       return checkPurgeMark(input);
     case 1:
       return checkStopMarks(input);
-    default:
+    case 2:
       return checkErasedMark(input);
+    default:
+      return checkNames(input);
   }
 }
 
