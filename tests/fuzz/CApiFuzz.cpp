@@ -2,137 +2,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <cstring>
-#include <deque>
-#include <memory>
-#include <mutex>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "jx/c/jx.h"
-#include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/json/JXDecimal.h"
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXUtf8.h"
+#include "tests/fuzz/CApiArguments.h"
+#include "tests/fuzz/CApiLibrary.h"
 #include "tests/fuzz/Fuzz.h"
 
 namespace jx::fuzz {
 namespace {
 
-// Accepts each request at once.
-class Transport final : public JXHttpTransport {
- public:
-  void start(JXHttpRequest request) override {
-    JXHttpResult result;
-    result.outcome.status = 200;
-    result.request = std::move(request);
-    results_.push_back(std::move(result));
-  }
-  std::vector<JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) override {
-    std::unique_lock<std::mutex> lock(mutex_);
-    const auto isAwake = [this] { return isAwake_ || !results_.empty(); };
-    if (timeout) {
-      changed_.wait_for(lock, std::min(*timeout, std::chrono::milliseconds(3'600'000)), isAwake);
-    } else {
-      changed_.wait(lock, isAwake);
-    }
-    isAwake_ = false;
-    return std::exchange(results_, {});
-  }
-  void wakeUp() noexcept override {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    isAwake_ = true;
-    changed_.notify_all();
-  }
-  void abortAll() noexcept override { results_.clear(); }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool isAwake_ = false;
-  std::vector<JXHttpResult> results_;  // of the transfer thread
-};
-
-std::atomic<std::int64_t> clockMs{1'790'000'000'000};
-bool isPosting = false;  // the application posts a notification, with any content
-
-void onLog(void*, int32_t level, const char* message) {
-  require(level >= 1 && level <= 6 && message != nullptr, "a log message has a level and a text");
-}
-
-void onDelivery(void*, const jx_delivery* delivery) {
-  require(delivery->outcome <= JX_OUTCOME_DROPPED, "a delivery has an outcome");
-  require((delivery->reason == nullptr) == (delivery->outcome == JX_OUTCOME_DELIVERED),
-          "exactly a failure has a reason");
-}
-
-void onNotification(void*, const char* name, const char* info) {
-  require(name != nullptr, "a notification has a name");
-  if (info == nullptr) return;
-  const JXJsonObject object = JXJsonReader::read(info).value.object();
-  require(object.isPresent(), "the data of a notification is a JSON object", info, {});
-  const JXString body = object.get("JXUserInfo: POST Data").string();
-  if (!body.isPresent() || isPosting) return;
-  require(isUtf8(body.view()) && JXJsonReader::read(body.view()).value.object().isPresent(),
-          "a request contains a JSON object", body.view(), {});
-}
-
-void onFirebase(void*, const char*, const char* json) {
-  require(json != nullptr, "a Firebase call has a value");
-}
-
-// Starts the library, which happens once per process.
-void start() {
-  static const bool isStarted = [] {
-    static const std::string folder = scratchFolder() + "/state";
-    JXCoreConfiguration cpp;
-    cpp.transport = std::make_shared<Transport>();
-    require(JXCoreConfiguration::set(cpp), "the library can be configured");
-    jx_configuration c;
-    jx_configuration_init(&c, sizeof c);
-    c.storage_folder = folder.c_str();
-    c.log_sink = onLog;
-    c.log_level = 6;
-    c.max_requests = 50;
-    c.sync_delay_ms = 100;
-    c.on_delivery = onDelivery;
-    c.clock = [](void*) -> int64_t { return clockMs.load(); };
-    require(jx_configure(&c) == JX_OK, "the library can be configured from C");
-    return true;
-  }();
-  require(isStarted, "the library has started");
-}
-
-enum class Kind { Object, ServerSide, Observer };
-
-struct Handle {
-  void* token = nullptr;
-  Kind kind = Kind::Object;
-  bool isLive = false;
-};
-
-// Checks the rules that apply to each call.
-jx_status checked(jx_status status) {
-  require(status >= JX_OK && status <= JX_ERROR_NOT_ERASED, "a status is one of the enumeration");
-  require(status != JX_ERROR_INTERNAL && status != JX_ERROR_OUT_OF_MEMORY,
-          "no call fails internally", jx_error_detail(), {});
-  const std::string_view detail = jx_error_detail();
-  require(detail.size() <= 255 && isUtf8(detail), "a detail is a short string", detail, {});
-  require(status == JX_OK || !detail.empty(), "an error has a detail");
-  require(jx_status_string(static_cast<uint32_t>(status))[0] != '\0', "a status has a description");
-  return status;
-}
-
 // Performs calls that the input decides.
-class Caller {
+class Caller : public CApiArguments {
  public:
-  explicit Caller(Input input) : input_(input), handlesBefore_(jx_handle_count()) {}
+  explicit Caller(Input input) : CApiArguments(input) {}
 
   void run() {
     constexpr std::size_t kMaxCalls = 100;
@@ -151,128 +40,6 @@ class Caller {
   }
 
  private:
-  // Returns a string: null, a name that has a meaning, or any bytes.
-  const char* text() {
-    constexpr std::array<const char*, 24> kNames{"JXCustomEvent",
-                                                 "JXPurchaseEvent",
-                                                 "JXVideoPlaybackEvent",
-                                                 "JXVideoAdEvent",
-                                                 "JXItem",
-                                                 "JXProduct",
-                                                 "items",
-                                                 "product",
-                                                 "colors",
-                                                 "categories",
-                                                 "keywords",
-                                                 "value",
-                                                 "price",
-                                                 "quantity",
-                                                 "ID",
-                                                 "currency",
-                                                 "adType",
-                                                 "JXPurchaseEvent.coupon",
-                                                 "livestream",
-                                                 "12.50",
-                                                 "{\"a\":[1,null,\"b\"]}",
-                                                 "[\"x\",null,2]",
-                                                 "JXNotification: HTTP Request",
-                                                 "JXMobileConsent"};
-    const std::uint8_t choice = input_.byte();
-    if (choice == 0) return nullptr;
-    if (choice < 128) return kNames[choice % kNames.size()];
-    const std::string_view bytes = input_.bytes(choice - 128u);
-    texts_.emplace_back(bytes.substr(0, bytes.find('\0')));
-    return texts_.back().c_str();
-  }
-
-  // Returns the name of a field of any class, or any string.
-  const char* field() {
-    const std::uint8_t choice = input_.byte();
-    const jx_class* const type = jx_class_at(choice % 32u);
-    if (choice >= 224 || type == nullptr || type->field_count == 0) return text();
-    return type->fields[input_.byte() % type->field_count].property;
-  }
-
-  Handle pick() {
-    constexpr std::uintptr_t kWild = 0x12345;
-    const std::uint8_t choice = input_.byte();
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer that is no handle
-    if (choice >= 250) return {reinterpret_cast<void*>(kWild * choice), Kind::Object, false};
-    return handles_.empty() ? Handle() : handles_[choice % handles_.size()];
-  }
-  // Prefers a live handle of this kind.
-  Handle pick(Kind kind) {
-    const Handle any = pick();
-    if (any.isLive && any.kind == kind) return any;
-    if ((input_.byte() & 3) == 0) return any;
-    const auto found = std::find_if(handles_.rbegin(), handles_.rend(), [&](const Handle& each) {
-      return each.isLive && each.kind == kind;
-    });
-    return found != handles_.rend() ? *found : any;
-  }
-  jx_object* object() { return static_cast<jx_object*>(used(pick(Kind::Object))); }
-  jx_server_side* serverSide() {
-    return static_cast<jx_server_side*>(used(pick(Kind::ServerSide)));
-  }
-  void* used(const Handle& handle) {
-    last_ = handle;
-    return handle.token;
-  }
-  // Expects the status of a call with the handle that was picked last to be that of the handle,
-  // unless it is a live one of this kind.
-  jx_status on(Kind kind, jx_status status) {
-    checked(status);
-    jx_status expected = JX_OK;
-    if (last_.token == nullptr) {
-      expected = JX_ERROR_NULL_HANDLE;
-    } else if (!last_.isLive) {
-      expected = JX_ERROR_DEAD_HANDLE;
-    } else if (last_.kind != kind) {
-      expected = JX_ERROR_WRONG_HANDLE;
-    }
-    require(expected == JX_OK || status == expected, "each invalid handle is reported",
-            std::to_string(status), std::to_string(expected));
-    return status;
-  }
-
-  // Calls `get` with a buffer of any size and checks the rules of buffers. Returns its content.
-  template <typename Get>
-  std::optional<std::string> read(const Get& get) {
-    constexpr char kUnused = '\x5A';
-    std::array<char, 512> buffer;
-    buffer.fill(kUnused);
-    const std::uint8_t form = input_.byte();
-    const std::size_t capacity = form < 128 ? form : buffer.size() - 1;
-    std::size_t length = SIZE_MAX;
-    const bool isNull = form == 255;
-    const jx_status status =
-        get(isNull ? nullptr : buffer.data(), isNull && (input_.byte() & 1) != 0 ? 0 : capacity,
-            form % 2 == 0 ? nullptr : &length);
-    if (isNull) return std::nullopt;
-    std::size_t written = 0;
-    if ((status == JX_OK || status == JX_ERROR_NOT_ERASED) && capacity != 0) {
-      written = std::strlen(buffer.data()) + 1;
-      if (form % 2 != 0) written = std::max(written, std::min(length + 1, capacity));
-    } else if (status == JX_ERROR_TOO_SMALL && capacity != 0) {
-      require(buffer[0] == '\0', "a string that does not fit is empty");
-      require(length >= capacity, "the required length is larger");
-      written = 1;
-    }
-    require(written <= capacity, "a string fits into its buffer");
-    require(std::all_of(buffer.begin() + static_cast<std::ptrdiff_t>(written), buffer.end(),
-                        [](char c) { return c == kUnused; }),
-            "nothing else is written");
-    if (status != JX_OK || written == 0) return std::nullopt;
-    return std::string(buffer.data());
-  }
-
-  // `created` is read after the call that returns the status.
-  template <typename Pointer>
-  void keep(jx_status status, Pointer* const& created, Kind kind) {
-    checked(status);
-    require((status == JX_OK) == (created != nullptr), "exactly a success creates a handle");
-    if (created != nullptr) handles_.push_back({created, kind, true});
-  }
   void create() {
     jx_object* made = nullptr;
     switch (input_.byte() % 8) {
@@ -482,24 +249,6 @@ class Caller {
     }
   }
 
-  // Frees a handle with the function of its kind, or of another one.
-  void free(const Handle& handle) {
-    const auto kind = static_cast<Kind>((static_cast<int>(handle.kind) + input_.byte() % 2) % 3);
-    jx_status status = JX_OK;
-    if (kind == Kind::Object) status = jx_object_free(static_cast<jx_object*>(handle.token));
-    if (kind == Kind::ServerSide)
-      status = jx_server_side_free(static_cast<jx_server_side*>(handle.token));
-    if (kind == Kind::Observer) status = jx_observer_free(static_cast<jx_observer*>(handle.token));
-    checked(status);
-    jx_status expected = handle.token == nullptr || handle.isLive ? JX_OK : JX_ERROR_DEAD_HANDLE;
-    if (handle.isLive && kind != handle.kind) expected = JX_ERROR_WRONG_HANDLE;
-    require(status == expected, "a handle is freed once, by its function", std::to_string(status),
-            std::to_string(expected));
-    for (Handle& each : handles_) {
-      if (each.token == handle.token && status == JX_OK) each.isLive = false;
-    }
-  }
-
   void useProcess() {
     const std::uint8_t which = input_.byte() % 26u;
     if (which < 8) return useBlocks(which);
@@ -558,37 +307,13 @@ class Caller {
     checked(jx_post_notification(name, text()));
     isPosting = false;
   }
-
-  void requireCount() const {
-    const auto live = static_cast<std::size_t>(std::count_if(
-        handles_.begin(), handles_.end(), [](const Handle& each) { return each.isLive; }));
-    require(jx_handle_count() == handlesBefore_ + live, "each handle is counted once",
-            std::to_string(jx_handle_count()), std::to_string(live));
-  }
-  void freeAll() {
-    input_ = Input(nullptr, 0);  // by the function of each handle
-    for (std::size_t i = handles_.size(); i-- > 0;) {
-      if (handles_[i].isLive) free(Handle(handles_[i]));
-    }
-    requireCount();
-    checked(jx_unregister_module("JXMobileConsent"));
-    checked(jx_application_will_enter_foreground());
-    clockMs = 1'790'000'000'000;
-    jx_set_log_level(6);
-  }
-
-  Input input_;
-  const std::size_t handlesBefore_;
-  std::deque<std::string> texts_;
-  std::vector<Handle> handles_;
-  Handle last_;
 };
 
 }  // namespace
 }  // namespace jx::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  jx::fuzz::start();
+  jx::fuzz::configureLibrary();
   jx::fuzz::Caller({data, size}).run();
   return 0;
 }

@@ -1,33 +1,24 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <iterator>
-#include <map>
-#include <memory>
 #include <optional>
-#include <set>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "jx/c/jx_configuration.h"
 #include "jx/core/JXCoreConfiguration.h"
-#include "jx/core/storage/JXOutbox.h"
-#include "jx/core/transfer/JXTransferLoop.h"
-#include "jx/platform/JXManualClock.h"
 #include "tests/fuzz/Fuzz.h"
+#include "tests/fuzz/SteppedDelivery.h"
 
 namespace jx::fuzz {
 namespace {
 
-namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
 // Numbers at which arithmetic may overflow, zero, and those of the input.
@@ -140,138 +131,7 @@ JXCoreConfiguration configured(Input& input) {
   return result;
 }
 
-// Responds as the input decides.
-class Transport final : public JXHttpTransport {
- public:
-  void start(JXHttpRequest request) override {
-    if (throws) throw std::runtime_error("no memory");
-    inFlight.push_back(std::move(request));
-  }
-  std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) override {
-    require(!timeout || *timeout >= milliseconds(0), "a timeout is not negative");
-    std::vector<JXHttpResult> results;
-    if (!responds) return results;
-    for (JXHttpRequest& request : inFlight) {
-      JXHttpResult result;
-      result.request = std::move(request);
-      result.outcome = outcome;
-      result.retryAfter = retryAfter;
-      result.date = date;
-      results.push_back(result);
-      if (repeats) results.push_back(result);
-    }
-    inFlight.clear();
-    return results;
-  }
-  void wakeUp() noexcept override {}
-  void abortAll() noexcept override { inFlight.clear(); }
-
-  bool responds = true;
-  bool repeats = false;
-  bool throws = false;
-  JXAttemptResult outcome{200, false};
-  JXString retryAfter;
-  JXString date;
-  std::vector<JXHttpRequest> inFlight;
-};
-
-std::string idOf(std::size_t number) { return "e" + std::to_string(number); }
-
-const std::string& box() {
-  static const std::string path = scratchFolder() + "/outbox";
-  return path;
-}
-
-// The transfer thread's work with a configuration, step by step.
-class Delivery {
- public:
-  Delivery(const JXCoreConfiguration& configuration, double draw)
-      : loop_([&] {
-          JXTransferSetup setup;
-          outbox_ = std::make_shared<JXOutbox>(box(), configuration.outboxBounds, clock_);
-          setup.outbox = outbox_;
-          setup.clock = clock_;
-          setup.timings = configuration.retryTimings;
-          setup.transport = transport_;
-          setup.steadyNow = [this] { return now_; };
-          setup.draw = [draw] { return draw; };
-          setup.onDelivery = [this](const JXDelivery& delivery) { report(delivery); };
-          return setup;
-        }()) {}
-
-  Transport& transport() { return *transport_; }
-  JXTransferCommands& commands() { return commands_; }
-  JXTransferPlan::Time now() const { return now_; }
-  void setClock(std::int64_t ms) { clock_->set(ms); }
-  void purge() {
-    outbox_->purge();
-    ++commands_.purges;
-  }
-
-  void add(std::uint8_t host, std::size_t size) {
-    const std::string id = idOf(added_++);
-    const std::string body = R"({"context":{"event_id":")" + id + R"("}})" + std::string(size, ' ');
-    const std::string url = "https://host" + std::to_string(host % 4) + ".example/events";
-    if (outbox_->add(url, body)) waiting_.insert(id);
-    hasAdded_ = true;
-  }
-
-  void step() {
-    try {
-      loop_.apply(commands_, std::exchange(hasAdded_, false));
-      wait_ = loop_.act();
-      loop_.complete(loop_.poll(wait_, true));
-    } catch (const std::exception& error) {
-      loop_.recover(error.what());
-    }
-  }
-  void advance(milliseconds time) {
-    now_ += time;
-    clock_->advance(time.count());
-  }
-
-  // Lets all requests be delivered. Each wait of the loop is followed, however long it is.
-  void drain() {
-    commands_.inBackground = false;
-    commands_.pausedUntil.reset();
-    transport_->throws = transport_->repeats = false;
-    transport_->responds = true;
-    transport_->outcome = {200, false};
-    transport_->retryAfter = nullptr;
-    const std::size_t maxSteps = 20 * (added_ + 4);
-    for (std::size_t i = 0; !waiting_.empty() && i < maxSteps; ++i) {
-      step();
-      if (!wait_.wakeAt || *wait_.wakeAt <= now_) continue;
-      advance(std::chrono::ceil<milliseconds>(*wait_.wakeAt - now_));
-    }
-    require(waiting_.empty(), "each request has an outcome",
-            std::to_string(waiting_.size()) + " without", "");
-  }
-
- private:
-  void report(const JXDelivery& delivery) {
-    const std::string id = delivery.eventId.toStdString();
-    require(reported_.insert(id).second, "a request has one outcome", id, {});
-    waiting_.erase(id);
-    const int status = transport_->outcome.status;
-    require(delivery.outcome != JXDeliveryOutcome::Delivered || (status >= 200 && status < 300),
-            "only 2xx is a delivery", std::to_string(status), id);
-  }
-
-  const std::shared_ptr<JXManualClock> clock_ = std::make_shared<JXManualClock>(1'790'000'000'000);
-  const std::shared_ptr<Transport> transport_ = std::make_shared<Transport>();
-  JXTransferPlan::Time now_{};
-  std::shared_ptr<JXOutbox> outbox_;
-  std::size_t added_ = 0;
-  bool hasAdded_ = false;
-  std::set<std::string> waiting_;  // requests without an outcome
-  std::set<std::string> reported_;
-  JXTransferCommands commands_;
-  JXTransferWait wait_;
-  JXTransferLoop loop_;
-};
-
-void setResponse(Transport& transport, Input& input) {
+void setResponse(SteppedTransport& transport, Input& input) {
   constexpr std::array<int, 8> kStatuses{200, 204, 302, 400, 429, 500, 503, 0};
   constexpr std::array<const char*, 6> kRetryAfters{
       nullptr, "0", "5", "99999999999999999999", "Sun, 06 Nov 2094 08:49:37 GMT", "soon"};
@@ -283,7 +143,7 @@ void setResponse(Transport& transport, Input& input) {
   transport.date = (form & 32) != 0 ? JXString("Sun, 06 Nov 1994 08:49:37 GMT") : JXString();
 }
 
-void perform(Delivery& delivery, Input& input) {
+void perform(SteppedDelivery& delivery, Input& input) {
   constexpr std::int64_t kMaxStepMs = 40LL * 24 * 60 * 60 * 1'000;
   switch (input.byte() % 9) {
     case 0: {
@@ -317,8 +177,9 @@ void perform(Delivery& delivery, Input& input) {
 
 void check(Input input) {
   const JXCoreConfiguration configuration = configured(input);
-  fs::remove_all(box());
-  Delivery delivery(configuration, input.byte() / 256.0);
+  const std::string box = scratchFolder() + "/outbox";
+  std::filesystem::remove_all(box);
+  SteppedDelivery delivery(box, configuration, input.byte() / 256.0);
   constexpr std::size_t kMaxOperations = 64;
   for (std::size_t i = 0; i < kMaxOperations && !input.isEmpty(); ++i) {
     perform(delivery, input);
