@@ -133,6 +133,20 @@ TEST_F(OutboxPurging, IgnoresAnInvalidMark) {
   }
 }
 
+TEST_F(OutboxPurging, KeepsFilesWhoseNameOnlyContainsThatOfQuarantinedOnes) {
+  add(*open(), "a");
+  const std::vector<std::string> names{".damaged-1", "photo.damaged-1.jpg", "photo.damaged-",
+                                       "photo.damaged-1x"};
+  for (const std::string& name : names)
+    writeFile(box_ + "/" + name, "of the application");
+  writeFile(box_ + "/segment-0000000000000009.damaged-12", "torn");
+  purge();
+  open()->purge();
+  for (const std::string& name : names)
+    EXPECT_TRUE(fs::exists(box_ + "/" + name)) << name;
+  EXPECT_FALSE(fs::exists(box_ + "/segment-0000000000000009.damaged-12"));
+}
+
 TEST_F(OutboxPurging, IgnoresADamagedMark) {
   const auto outbox = open();
   add(*outbox, "a");
