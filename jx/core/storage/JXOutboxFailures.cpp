@@ -16,6 +16,7 @@ constexpr std::chrono::milliseconds kMaxAdoptedDelay = std::chrono::hours(24);
 
 void JXOutboxFailures::adopt(std::uint64_t id, JXRequestFailures failures) {
   failures.delay = std::min(failures.delay, kMaxAdoptedDelay);
+  failures.lastMs = std::min(failures.lastMs, clock_->nowMs());
   failures_.emplace(id, failures);
 }
 
