@@ -84,6 +84,17 @@ struct ConfiguredHost {
   bool hasPath() const { return rest.find_first_not_of('/') != std::string_view::npos; }
 };
 
+// Returns the configured host with "***" instead of everything before its last "@" but the scheme.
+// A password may contain quotes and slashes.
+std::string withoutUser(std::string_view configured) {
+  const std::size_t at = configured.rfind('@');
+  if (at == std::string_view::npos) return std::string(configured);
+  const std::size_t end = configured.find_first_of(":@");
+  const bool hasScheme = startsWith(configured.substr(end), "://");
+  const std::string scheme(configured.substr(0, hasScheme ? end + 3 : 0));
+  return scheme + "***" + std::string(configured.substr(at));
+}
+
 }  // namespace
 
 std::string_view endpointOf(std::string_view url) {
@@ -135,16 +146,17 @@ JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
   JXCollectionEndpoint endpoint;
   const std::string_view chosen = (configured.testString() ? configured : fallback).view();
   const ConfiguredHost host(chosen);
-  const std::string quoted = "\"" + withoutCredentials(chosen) + "\"";
+  const std::string shown = withoutUser(chosen);
+  const std::string quoted = "\"" + shown + "\"";
   if (!host.isValid()) {
-    endpoint.url = std::string(kJXInvalidScheme) + encoded(withoutCredentials(chosen));
+    endpoint.url = std::string(kJXInvalidScheme) + encoded(shown);
     endpoint.message = "Collection host " + quoted + " is invalid; nothing is sent to it";
     endpoint.messageLevel = 2;
     return endpoint;
   }
   const bool staysHttp = host.isHttp && isLoopbackAuthority(host.authority);
   endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(host.authority);
-  const std::string consequence = "; events are sent to " + withoutCredentials(endpoint.url.view());
+  const std::string consequence = "; events are sent to " + withoutUser(endpoint.url.view());
   if (host.isHttp && !staysHttp) {
     endpoint.message = "Collection host " + quoted +
                        " upgraded to https: http:// is allowed only for loopback hosts" +

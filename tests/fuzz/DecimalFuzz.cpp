@@ -10,7 +10,9 @@
 #include <string>
 #include <string_view>
 
+#include "jx/core/JXUtils.h"
 #include "jx/core/json/JXDecimal.h"
+#include "jx/session/JXLeadingNumber.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
 
@@ -175,6 +177,32 @@ void checkDouble(double value) {
           "the printed string is parsed as the same double", number.toString(), shortest);
 }
 
+// Tests the readers of numbers in stored strings with those of the C library.
+void checkStored(std::string_view text) {
+  const std::string string(text.substr(0, text.find('\0')));
+  const bool isDigits = string.find_first_not_of("0123456789") == std::string::npos;
+  constexpr std::size_t kMaxExactDigits = 19;
+  const std::uint64_t digits = JXUtils::unsignedFromDigits(string);
+  require(isDigits || digits == 0, "only digits are a number", std::to_string(digits), string);
+  if (isDigits && string.size() <= kMaxExactDigits) {
+    require(digits == std::strtoull(string.c_str(), nullptr, 10), "the value of digits is exact",
+            std::to_string(digits), string);
+  }
+  // The C library skips line breaks and reads other notations.
+  const std::size_t first = string.find_first_not_of(" \t");
+  if (first == std::string::npos || string.find_first_of("\n\v\f\rxXiInN") != std::string::npos)
+    return;
+  const std::int64_t number = JXUtils::numberFromNSString(string);
+  require(number == std::strtoll(string.c_str(), nullptr, 10), "the leading number is returned",
+          std::to_string(number), string);
+  const double value = string[first] == '-' ? 0 : std::strtod(string.c_str(), nullptr);
+  constexpr double kRange = 18446744073709551616.0;  // 2^64
+  const std::uint64_t expected = value < kRange ? static_cast<std::uint64_t>(value) : UINT64_MAX;
+  const std::uint64_t truncated = truncatedLeadingNumber(string);
+  require(truncated == expected, "the leading number is truncated", std::to_string(truncated),
+          string);
+}
+
 }  // namespace
 }  // namespace jx::fuzz
 
@@ -182,6 +210,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   jx::fuzz::Input input(data, size);
   if ((input.byte() & 1) == 0) {
     jx::fuzz::checkText(input.rest());
+    jx::fuzz::checkStored(input.rest());
   } else {
     const std::uint64_t bits = input.number(8);
     double value = 0;

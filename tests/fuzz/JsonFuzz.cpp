@@ -5,6 +5,8 @@
 
 #include "jx/core/json/JXJsonReader.h"
 #include "jx/core/json/JXJsonWriter.h"
+#include "jx/core/storage/JXEventId.h"
+#include "jx/core/storage/JXSendFilter.h"
 #include "tests/fuzz/Fuzz.h"
 #include "tests/fuzz/ReferenceJson.h"
 
@@ -59,9 +61,27 @@ void checkRoundTrip(const JXJsonObject& object, JXJsonStyle style) {
   require(leftOutAgain == 0, "writing again omits nothing");
 }
 
+// Expects the scanner that finds the ID of an event to agree with the reader.
+void checkEventId(std::string_view text, const JXJsonReading& reading) {
+  const JXString id = eventIdOf(text);
+  const JXString expected = reading.value.object().get("context").object().get("event_id").string();
+  require(id == expected, "the ID is that of the event", id.view(), expected.view());
+}
+
+// Expects a request with the waiting marker to end with this value.
+void checkWaitingMarker(std::string_view text, const JXJsonReading& reading) {
+  if (!reading.value.object().isPresent() || !JXSendFilter::hasWaitingMarker(text)) return;
+  const ReferenceReading reference = readReference(text);
+  if (!reference.isJson || reference.repeatsKey) return;
+  const ReferenceValue& last = reference.value.members.back().value;
+  require(last.text == "waiting_for_consent", "a request with the marker ends with it", text, {});
+}
+
 void check(std::string_view text) {
   const JXJsonReading reading = JXJsonReader::read(text);
   checkAgainstReference(text, reading);
+  checkEventId(text, reading);
+  checkWaitingMarker(text, reading);
   if (!reading.value.isPresent()) return;
   JXJsonObject object = reading.value.object();
   if (!object.isPresent()) {

@@ -95,5 +95,14 @@ TEST(DeviceModel, IgnoresVendorPlaceholders) {
   }
 }
 
+// Each event contains the model.
+TEST(DeviceModel, IgnoresLongModels) {
+  const test::TemporaryFolder root;
+  root.write("sys/class/dmi/id/product_name", std::string(256, 'x') + "\n");
+  EXPECT_EQ(readDeviceModel(root.path()), JXString(std::string(256, 'x')));
+  root.write("sys/firmware/devicetree/base/model", std::string(257, 'y'));
+  EXPECT_EQ(readDeviceModel(root.path()), JXString(std::string(256, 'x')));
+}
+
 }  // namespace
 }  // namespace jx

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cinttypes>
 #include <cstdio>
+#include <string_view>
 
 namespace jx {
 namespace {
@@ -23,6 +24,10 @@ struct PurgeMark {
   std::uint64_t size = 0;  // of the segment's file when the mark was written
 };
 
+std::string textOf(const PurgeMark& mark) {
+  return std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
+}
+
 int currentMark(const std::string& segmentPath, PurgeMark& mark) {
   struct stat status {};
   if (JXFileCalls::current().status(AT_FDCWD, segmentPath.c_str(), &status) != 0) return errno;
@@ -37,7 +42,7 @@ int writePurgeMark(const std::string& segmentPath) {
   PurgeMark mark;
   int error = currentMark(segmentPath, mark);
   if (error != 0) return error;
-  const std::string text = std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
+  const std::string text = textOf(mark);
   // Renamed into place, so that no process reads a partial mark.
   const std::string fresh = markPath(segmentPath) + "." + std::to_string(::getpid());
   JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
@@ -53,13 +58,15 @@ int writePurgeMark(const std::string& segmentPath) {
 std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity& segment,
                             int& error) {
   const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);
-  char text[kMaxMarkSize + 1] = {};
+  char text[kMaxMarkSize + 2] = {};
   std::size_t got = 0;
-  if (error == 0) error = file.read(0, text, kMaxMarkSize, got);
+  if (error == 0) error = file.read(0, text, kMaxMarkSize + 1, got);
   if (error == ENOENT || error == ENOTDIR) error = 0;
   PurgeMark mark;
   const int fields = std::sscanf(text, "%" SCNu64 " %" SCNu64, &mark.inode, &mark.size);
-  return fields == 2 && segment.isValid() && mark.inode == segment.number ? mark.size : 0;
+  // A damaged number would discard requests that nobody purged.
+  const bool isWhole = fields == 2 && std::string_view(text, got) == textOf(mark);
+  return isWhole && segment.isValid() && mark.inode == segment.number ? mark.size : 0;
 }
 
 void removePurgeMark(const std::string& segmentPath) { removeFile(markPath(segmentPath)); }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <ctime>
 #include <tuple>
 
@@ -83,7 +84,12 @@ int removeFiles(const std::string& folder, Matches matches) {
 
 }  // namespace
 
-bool isQuarantinedName(const std::string& name) { return name.find(kSuffix) != std::string::npos; }
+bool isQuarantinedName(const std::string& name) {
+  const std::size_t suffix = name.rfind(kSuffix);
+  if (suffix == 0 || suffix == std::string::npos) return false;
+  const std::string number = name.substr(suffix + std::strlen(kSuffix));
+  return !number.empty() && number.find_first_not_of("0123456789") == std::string::npos;
+}
 
 int removeQuarantinedFiles(const std::string& folder) {
   return removeFiles(folder, [](const std::string&) { return true; });

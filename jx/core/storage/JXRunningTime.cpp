@@ -20,7 +20,7 @@ constexpr std::int64_t kWriteEveryMs = 10 * 60 * 1'000;
 constexpr std::uint64_t kMaxFileSize = 64 * 1024;
 // Smaller differences of age do not matter; the system adjusts its clock slightly all the time.
 constexpr std::int64_t kToleranceMs = 1'000;
-// Larger times than this, some 35,000 years, were not written by this class.
+// Some 35,000 years: only a file that this class did not write contains such a time.
 constexpr std::int64_t kMaxMs = std::int64_t{1} << 50;
 constexpr std::uint32_t kMaxStart = 0xffffff;
 
@@ -71,7 +71,7 @@ JXStoredTime JXRunningTime::now() {
   time.dayMs = std::clamp(clock_->nowMs(), -kMaxMs, kMaxMs);
   time.systemMs = systemMs();
   time.systemStart = clock_->systemStart() & kMaxStart;
-  latestMs_ = std::max(latestMs_, baseMs_ + time.systemMs);
+  latestMs_ = std::max(latestMs_, std::min(baseMs_ + time.systemMs, kMaxMs));
   time.runningMs = latestMs_;
   return time;
 }

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cinttypes>
 #include <cstdio>
+#include <string_view>
 #include <system_error>
 #include <thread>
 
@@ -31,11 +32,10 @@ std::uint16_t readStops(const JXFile& file) {
   std::size_t got = 0;
   if (!file.isOpen() || file.read(0, text, kMaxTextSize, got) != 0) return JXStopMarks::kAllStops;
   unsigned stops = 0;
-  int used = 0;
   // The line break shows that the text is complete.
-  const bool isWhole = std::sscanf(text, "%5u%n", &stops, &used) == 1 && used > 0 &&
-                       std::string(text + used) == "\n" && stops > 0 &&
-                       stops <= JXStopMarks::kAllStops;
+  const bool isWhole = std::sscanf(text, "%5u", &stops) == 1 && stops > 0 &&
+                       stops <= JXStopMarks::kAllStops &&
+                       std::string_view(text, got) == std::to_string(stops) + "\n";
   return isWhole ? static_cast<std::uint16_t>(stops) : JXStopMarks::kAllStops;
 }
 

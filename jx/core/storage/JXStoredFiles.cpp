@@ -9,6 +9,7 @@
 
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXRunningTime.h"
 
 namespace jx {
 namespace {
@@ -87,8 +88,8 @@ bool isStoredFileName(std::string_view name) {
 }
 
 bool isOutboxFileName(std::string_view name) {
-  const bool isOurs = skip(name, "dead") || skip(name, "clock") ||
-                      (skip(name, "segment-") && skipHex(name, 16)) ||
+  if (name == JXRunningTime::kFileName) return true;
+  const bool isOurs = skip(name, "dead") || (skip(name, "segment-") && skipHex(name, 16)) ||
                       (skip(name, "stopped-") && skipHex(name, 8));
   return isOurs && isEnding(name);
 }

@@ -80,7 +80,8 @@ JXString readDeviceModel(const std::string& root) {
   for (const char* path :
        {"/sys/firmware/devicetree/base/model", "/sys/class/dmi/id/product_name"}) {
     const JXString model = readSystemLine(root + path);
-    if (model.isPresent() && !isPlaceholder(model.view())) return model;
+    const bool isShort = model.isPresent() && model.size() <= kMaxValueLength;
+    if (isShort && !isPlaceholder(model.view())) return model;
   }
   return nullptr;
 }

@@ -29,7 +29,8 @@ JXKernelNames readKernelNames();
 JXOsRelease readOsRelease(const std::string& root, const JXKernelNames& kernel);
 
 /// Returns the model from the device tree or the board's firmware; null if neither contains it, or
-/// if it is a placeholder of the vendor. `root` is the prefix of the paths.
+/// if it is a placeholder of the vendor or longer than 256 bytes. `root` is the prefix of the
+/// paths.
 JXString readDeviceModel(const std::string& root);
 
 }  // namespace jx

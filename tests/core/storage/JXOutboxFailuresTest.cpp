@@ -108,6 +108,25 @@ TEST_F(OutboxFailures, ClockThatWasSetBackDoesNotProlongTheDelay) {
   EXPECT_EQ(take(*outbox, kRetry), "a");
 }
 
+TEST_F(OutboxFailures, DelayOfAFailureInTheFutureBeginsAtTheStart) {
+  {
+    const auto outbox = open();
+    addFailed(*outbox, "a", failures(1, 60s));
+  }
+  clock_->advance(-400 * kDayMs);
+  const auto outbox = open();
+  clock_->advance(60'000);
+  EXPECT_EQ(take(*outbox, kRetry), "a");
+}
+
+TEST_F(OutboxFailures, AnyJumpOfTheClockEndsTheDelayAtMost) {
+  const auto outbox = open();
+  clock_->set(INT64_MIN);
+  addFailed(*outbox, "a", failures(1, 60s));
+  clock_->set(INT64_MAX);
+  EXPECT_EQ(take(*outbox, kRetry), "a");
+}
+
 TEST_F(OutboxFailures, FailuresBeforeTheClockWasSetHaveNoAge) {
   const auto outbox = open();
   clock_->set(5'000);

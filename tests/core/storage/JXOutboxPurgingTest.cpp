@@ -133,6 +133,39 @@ TEST_F(OutboxPurging, IgnoresAnInvalidMark) {
   }
 }
 
+TEST_F(OutboxPurging, KeepsFilesWhoseNameOnlyContainsThatOfQuarantinedOnes) {
+  add(*open(), "a");
+  const std::vector<std::string> names{".damaged-1", "photo.damaged-1.jpg", "photo.damaged-",
+                                       "photo.damaged-1x"};
+  for (const std::string& name : names)
+    writeFile(box_ + "/" + name, "of the application");
+  writeFile(box_ + "/segment-0000000000000009.damaged-12", "torn");
+  purge();
+  open()->purge();
+  for (const std::string& name : names)
+    EXPECT_TRUE(fs::exists(box_ + "/" + name)) << name;
+  EXPECT_FALSE(fs::exists(box_ + "/segment-0000000000000009.damaged-12"));
+}
+
+TEST_F(OutboxPurging, IgnoresADamagedMark) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const std::string segment = box_ + "/segment-0000000000000001";
+  const JXFileIdentity identity = JXFile::identityAt(segment);
+  const std::string inode = std::to_string(identity.number);
+  int error = -1;
+  writeFile(segment + ".purge", inode + " 100\n");
+  EXPECT_EQ(readPurgeMark(segment, identity, error), 100u);
+  for (const std::string& text : {inode + " 100", inode + " -1\n", inode + " 0100\n",
+                                  inode + "  100\n", " " + inode + " 100\n", inode + " 100 \n",
+                                  inode + " 99999999999999999999\n", inode + " 100\n\n"}) {
+    writeFile(segment + ".purge", text);
+    EXPECT_EQ(readPurgeMark(segment, identity, error), 0u) << text;
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(listed(), Bodies{"a"}) << text;
+  }
+}
+
 TEST_F(OutboxPurging, ReadsAMarkAgainThatCouldNotBeRead) {
   const auto outbox = open();
   add(*outbox, "a");

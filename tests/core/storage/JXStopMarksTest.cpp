@@ -101,11 +101,13 @@ TEST_F(StopMarks, AppliesTheLastOfManyChanges) {
 }
 
 TEST_F(StopMarks, ReadsADamagedFileAsAStopOfEverything) {
-  for (const char* content :
-       {"", "1", "x\n", "0\n", "-1\n", "65536\n", "1\n2\n", "1 \n", "99999999999999999999\n"}) {
+  for (const char* content : {"", "1", "x\n", "0\n", "-1\n", "65536\n", "1\n2\n", "1 \n",
+                              "99999999999999999999\n", " 1\n", "+1\n", "01\n"}) {
     writeMark("stopped-00000007", content);
     EXPECT_EQ(JXStopMarks::kAllStops, stopsOf(7)) << "content \"" << content << "\"";
   }
+  writeMark("stopped-00000007", std::string("1\n\0", 3));
+  EXPECT_EQ(JXStopMarks::kAllStops, stopsOf(7));
   writeMark("stopped-00000007", "12\n");
   EXPECT_EQ(12, stopsOf(7));
 }
