@@ -9,8 +9,9 @@ namespace jx::soak {
 // Each soak test is a subcommand of the program. It prints its results and returns the exit status,
 // 0 if all checks passed.
 
-/// Kills processes at random times while they execute and send. No event for which execute returned
-/// is lost.
+/// Kills processes of one storage folder at random times while their threads execute and send, the
+/// folder is renamed, they fork, and their clocks jump. No event for which execute returned is
+/// lost.
 int kills(Arguments& arguments);
 /// Executes many events while the server refuses connections. They cause few attempts, and little
 /// more work than with a server that responds.

@@ -42,7 +42,8 @@ std::vector<std::string> argumentsFor(const WorkerOptions& options) {
 
 std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options) {
   const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
-  const auto input = options.awaitGo ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
+  const bool hasInput = options.awaitGo || options.obey;
+  const auto input = hasInput ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
   return std::make_unique<ChildProcess>(self, argumentsFor(options),
                                         std::map<std::string, std::string>{}, input);
 }

@@ -4,7 +4,7 @@
 // Soak tests, which check that no event is lost and that nothing is sent after a stop, with real
 // processes, files and connections.
 //
-//   jx_soak kills   [--runs 1000] [--seed N]
+//   jx_soak kills   [--runs 1000] [--seed N] [--jump-days 14]
 //   jx_soak offline [--events 2050] [--gap-ms 3] [--rounds 3]
 //   jx_soak outage  [--requests 100000]
 //   jx_soak flush   [--times 100] [--assert-times]
@@ -24,6 +24,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/soak/Obedience.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Server.h"
 #include "tests/soak/Worker.h"
@@ -31,9 +32,9 @@
 int main(int argc, char** argv) {
   using namespace jx::soak;
   const std::map<std::string, int (*)(Arguments&)> commands{
-      {"kills", kills},     {"offline", offline}, {"outage", outage}, {"flush", flush},
-      {"exit", exit},       {"threads", threads}, {"stops", stops},   {"worker", worker},
-      {"toggles", toggles}, {"server", server},
+      {"kills", kills},     {"offline", offline}, {"outage", outage},       {"flush", flush},
+      {"exit", exit},       {"threads", threads}, {"stops", stops},         {"worker", worker},
+      {"toggles", toggles}, {"server", server},   {"inherited", inherited},
   };
   const auto command = commands.find(argc > 1 ? argv[1] : "");
   if (command == commands.end()) {
