@@ -93,6 +93,18 @@ class ObedientWorker {
         return recordInherited(forkExec());
       case command::kSpawn:
         return recordInherited(spawn());
+      case command::kFlush:
+        JXNetworkManager::sharedInstance().flush(std::chrono::minutes(1));
+        return;
+      case command::kPurge:
+        return JXNetworkManager::sharedInstance().purge();
+      case command::kErase:
+        JXStoredData::eraseAll();
+        return;
+      case command::kDisable:
+        return serverSide_->disableServerSide();
+      case command::kEnable:
+        return serverSide_->enableServerSide();
       default:
         throw std::runtime_error("unknown command: " + line);
     }
@@ -155,10 +167,10 @@ bool isNetworkSocket(int descriptor) {
 
 int obey(const WorkerOptions& options) {
   // Never destroyed: its threads run until the process ends.
-  auto* const worker = new ObedientWorker(options);
+  static auto* const worker = new ObedientWorker(options);
   worker->start();
   worker->obeyAll();
-  ::_exit(0);
+  return 0;
 }
 
 int inherited(Arguments& arguments) {

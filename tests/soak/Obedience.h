@@ -25,10 +25,15 @@ constexpr char kSetClock = 'c';  ///< sets the time of day to the milliseconds t
 constexpr char kFork = 'f';      ///< forks a child that calls the library and then sleeps
 constexpr char kForkExec = 'x';  ///< forks a child that executes a program
 constexpr char kSpawn = 's';     ///< starts a program with posix_spawn
+constexpr char kFlush = 'w';     ///< flushes, with a deadline of a minute
+constexpr char kPurge = 'p';     ///< purges the queue
+constexpr char kErase = 'r';     ///< erases the stored data
+constexpr char kDisable = 'd';   ///< disables the ServerSide
+constexpr char kEnable = 'n';    ///< enables the ServerSide
 }  // namespace command
 
-/// Executes events on some threads and obeys commands, until the process is killed or its standard
-/// input ends.
+/// Executes events on some threads and obeys commands, until the process is killed. Returns when
+/// its standard input ends.
 int obey(const WorkerOptions& options);
 
 /// The program that an obedient worker starts. Returns how many of the library's descriptors it has

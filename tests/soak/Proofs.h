@@ -31,4 +31,10 @@ int stops(Arguments& arguments);
 /// Toggles consent from many threads. Afterwards the state of the ServerSide decides what is sent.
 int toggles(Arguments& arguments);
 
+/// Runs processes through everything that opens a file. All files of the storage folder are opened
+/// with O_NOFOLLOW, and all descriptors of the library with O_CLOEXEC.
+int opens(Arguments& arguments);
+/// The program in which `opens` must find violations.
+int careless(Arguments& arguments);
+
 }  // namespace jx::soak

@@ -15,8 +15,8 @@ constexpr std::chrono::seconds kTimeout{60};
 
 }  // namespace
 
-Victim::Victim(const WorkerOptions& options)
-    : first_(options.first), process_(startWorker(options)) {}
+Victim::Victim(const WorkerOptions& options, const std::map<std::string, std::string>& environment)
+    : first_(options.first), process_(startWorker(options, environment)) {}
 
 void Victim::obey(const std::string& command) {
   ++commands_;
@@ -33,6 +33,12 @@ void Victim::waitForEvent() {
   if (process_->waitForOutput(prefixOf(Record::Kind::Executed), kTimeout)) return;
   process_->signal(SIGKILL);
   throw std::runtime_error("a worker did not execute an event: " + process_->wait(kTimeout).errors);
+}
+
+void Victim::exit() {
+  process_->closeInput();
+  const ChildProcess::Result result = process_->wait(kTimeout);
+  if (result.status != 0) throw std::runtime_error("a worker failed: " + result.errors);
 }
 
 std::vector<Record> Victim::kill() {

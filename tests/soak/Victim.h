@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,11 +14,12 @@
 
 namespace jx::soak {
 
-/// An obedient worker, until it is killed. The operations throw std::runtime_error if it exits
-/// before that, or does not react within a minute.
+/// An obedient worker, until it is killed or told to exit. The operations throw std::runtime_error
+/// if it exits before that, or does not react within a minute.
 class Victim {
  public:
-  explicit Victim(const WorkerOptions& options);
+  explicit Victim(const WorkerOptions& options,
+                  const std::map<std::string, std::string>& environment = {});
 
   /// Returns the number of its first event.
   std::uint64_t first() const { return first_; }
@@ -27,6 +29,8 @@ class Victim {
   void waitForEvent();
   /// Returns the records of the worker.
   std::vector<Record> kill();
+  /// Lets the worker return from `main`.
+  void exit();
   /// Returns what the killed worker wrote to standard error.
   const std::string& errors() const { return errors_; }
 

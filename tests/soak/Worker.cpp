@@ -127,7 +127,7 @@ JXCoreConfiguration configurationOf(const WorkerOptions& options) {
   // High limits, so that no event is dropped.
   configuration.outboxBounds.maxRequests = 10'000'000;
   configuration.outboxBounds.maxBytes = std::uint64_t{64} << 30;
-  configuration.outboxBounds.maxDeadLetters = 10'000'000;
+  configuration.outboxBounds.maxDeadLetters = options.deadLetters;
   configuration.onDelivery = [](const JXDelivery& delivery) {
     if (delivery.outcome != JXDeliveryOutcome::Dropped) return;
     writeRecord(Record::Kind::Dropped, static_cast<std::uint64_t>(delivery.dropReason));

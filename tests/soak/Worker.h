@@ -17,7 +17,8 @@ struct WorkerOptions {
   std::string state;  ///< storage folder
   std::string host;
   std::string caFile;
-  bool quick = false;        ///< retry and sync delays of milliseconds instead of the defaults
+  bool quick = false;  ///< retry and sync delays of milliseconds instead of the defaults
+  std::uint64_t deadLetters = 10'000'000;  ///< maximum number of dead letters
   bool silentNames = false;  ///< the only name server never responds (see SilentNameServer)
 
   std::uint64_t first = 0;  ///< number of the first event
@@ -45,6 +46,7 @@ void forEachOption(Options& options, Visit visit) {
   visit("host", options.host);
   visit("ca", options.caFile);
   visit("quick", options.quick);
+  visit("dead-letters", options.deadLetters);
   visit("silent-names", options.silentNames);
   visit("first", options.first);
   visit("events", options.events);
