@@ -3,6 +3,7 @@
 #include "tests/soak/Obedience.h"
 
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -94,7 +95,7 @@ class ObedientWorker {
       case command::kSpawn:
         return recordInherited(spawn());
       case command::kFlush:
-        JXNetworkManager::sharedInstance().flush(std::chrono::minutes(1));
+        writeRecord(Record::Kind::Emptied, flush() ? 1 : 0);
         return;
       case command::kPurge:
         return JXNetworkManager::sharedInstance().purge();
@@ -109,6 +110,8 @@ class ObedientWorker {
         throw std::runtime_error("unknown command: " + line);
     }
   }
+
+  static bool flush() { return JXNetworkManager::sharedInstance().flush(std::chrono::seconds(50)); }
 
   // The child outlives a kill of this process. Its parent does not wait for it.
   void forkSleeper() {
@@ -166,6 +169,10 @@ bool isNetworkSocket(int descriptor) {
 }  // namespace
 
 int obey(const WorkerOptions& options) {
+  if (options.descriptors != 0) {
+    const rlimit limit{options.descriptors, options.descriptors};
+    if (::setrlimit(RLIMIT_NOFILE, &limit) != 0) return 4;
+  }
   // Never destroyed: its threads run until the process ends.
   static auto* const worker = new ObedientWorker(options);
   worker->start();

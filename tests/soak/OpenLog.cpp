@@ -50,6 +50,7 @@ std::vector<OpenCall> OpenLog::calls() const {
          {&call.program, &call.caller, &call.function, &call.path, &call.flags}) {
       std::getline(words, *word, '\t');
     }
+    words >> call.files;
     call.caller = std::filesystem::path(call.caller).filename().string();
     calls.push_back(call);
   }

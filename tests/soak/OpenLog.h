@@ -16,6 +16,7 @@ struct OpenCall {
   std::string function;
   std::string path;
   std::string flags;
+  std::size_t files = 0;  ///< open descriptors of the program after the call, without sockets
 
   bool isOurs() const { return caller == program; }
   bool has(const std::string& flag) const;

@@ -31,6 +31,9 @@ int stops(Arguments& arguments);
 /// Toggles consent from many threads. Afterwards the state of the ServerSide decides what is sent.
 int toggles(Arguments& arguments);
 
+/// Starts a process that may open few descriptors with a long queue. It delivers every event and
+/// logs nothing. The library has at most eight descriptors open in addition to sockets.
+int descriptors(Arguments& arguments);
 /// Runs processes through everything that opens a file. All files of the storage folder are opened
 /// with O_NOFOLLOW, and all descriptors of the library with O_CLOEXEC.
 int opens(Arguments& arguments);

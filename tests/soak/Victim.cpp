@@ -35,10 +35,12 @@ void Victim::waitForEvent() {
   throw std::runtime_error("a worker did not execute an event: " + process_->wait(kTimeout).errors);
 }
 
-void Victim::exit() {
+std::vector<Record> Victim::exit() {
   process_->closeInput();
-  const ChildProcess::Result result = process_->wait(kTimeout);
-  if (result.status != 0) throw std::runtime_error("a worker failed: " + result.errors);
+  ChildProcess::Result result = process_->wait(kTimeout);
+  errors_ = std::move(result.errors);
+  if (result.status != 0) throw std::runtime_error("a worker failed: " + errors_);
+  return recordsIn(result.output);
 }
 
 std::vector<Record> Victim::kill() {

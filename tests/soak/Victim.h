@@ -29,9 +29,9 @@ class Victim {
   void waitForEvent();
   /// Returns the records of the worker.
   std::vector<Record> kill();
-  /// Lets the worker return from `main`.
-  void exit();
-  /// Returns what the killed worker wrote to standard error.
+  /// Lets the worker return from `main`, and returns its records.
+  std::vector<Record> exit();
+  /// Returns what the worker wrote to standard error until it was killed or exited.
   const std::string& errors() const { return errors_; }
 
  private:

@@ -34,9 +34,10 @@ struct WorkerOptions {
   std::uint64_t deliverMs = 0;  ///< flushes once with this deadline and reports again
 
   // Instead of all of the above, from `first`:
-  bool obey = false;          ///< executes and obeys commands until it is killed
-  std::uint64_t threads = 1;  ///< that execute `events` events each, and then some more slowly
-  std::uint64_t wallMs = 0;   ///< time of day at the start; 0: that of the system
+  bool obey = false;              ///< executes and obeys commands until it is killed
+  std::uint64_t threads = 1;      ///< that execute `events` events each, and then some more slowly
+  std::uint64_t wallMs = 0;       ///< time of day at the start; 0: that of the system
+  std::uint64_t descriptors = 0;  ///< that the process may have open; 0: as many as usual
 };
 
 /// Calls `visit` with the name and the value of each command-line option of a worker.
@@ -60,6 +61,7 @@ void forEachOption(Options& options, Visit visit) {
   visit("obey", options.obey);
   visit("threads", options.threads);
   visit("wall-ms", options.wallMs);
+  visit("descriptors", options.descriptors);
 }
 
 /// Returns the configuration of the library in a worker.

@@ -13,6 +13,7 @@
 //   jx_soak stops   [--count 2000] [--tls] [--slow-disk] [--slow-send]
 //                   [--way call|notification|manager|thread|callback]
 //   jx_soak toggles [--rounds 100] [--count 500]
+//   jx_soak descriptors [--limit 16]
 //   jx_soak opens   --jx PROGRAM
 //
 // Prints one result per line. Exit status: 0 if all checks passed, 1 if one failed, 2 for invalid
@@ -33,15 +34,18 @@
 int main(int argc, char** argv) {
   using namespace jx::soak;
   const std::map<std::string, int (*)(Arguments&)> commands{
-      {"kills", kills},       {"offline", offline}, {"outage", outage},       {"flush", flush},
-      {"exit", exit},         {"threads", threads}, {"stops", stops},         {"worker", worker},
-      {"toggles", toggles},   {"server", server},   {"inherited", inherited}, {"opens", opens},
-      {"careless", careless},
+      {"kills", kills},         {"offline", offline},
+      {"outage", outage},       {"flush", flush},
+      {"exit", exit},           {"threads", threads},
+      {"stops", stops},         {"worker", worker},
+      {"toggles", toggles},     {"server", server},
+      {"inherited", inherited}, {"opens", opens},
+      {"careless", careless},   {"descriptors", descriptors},
   };
   const auto command = commands.find(argc > 1 ? argv[1] : "");
   if (command == commands.end()) {
-    std::cerr << "usage: jx_soak kills|offline|outage|flush|exit|threads|stops|toggles|opens "
-                 "[OPTION...]\n";
+    std::cerr << "usage: jx_soak kills|offline|outage|flush|exit|threads|stops|toggles|descriptors|"
+                 "opens [OPTION...]\n";
     return 2;
   }
   try {
