@@ -13,6 +13,7 @@
 #include "tests/soak/Report.h"
 #include "tests/soak/Tally.h"
 #include "tests/soak/Victim.h"
+#include "tests/soak/WorkerProcess.h"
 #include "tests/support/JXTestServer.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -127,6 +128,7 @@ class DescriptorLife {
 int descriptors(Arguments& arguments) {
   const std::uint64_t limit = arguments.number("limit", kLimit);
   arguments.expectAllKnown();
+  keepDescriptorsFromWorkers();
   Report report("descriptors");
   for (const bool tls : {false, true}) {
     DescriptorLife(tls).run(report, 0);

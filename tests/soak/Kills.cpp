@@ -1,19 +1,17 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <exception>
-#include <filesystem>
 #include <random>
 #include <string>
 
 #include "tests/soak/KillRun.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
+#include "tests/soak/WorkerProcess.h"
 
 namespace jx::soak {
 namespace {
@@ -38,14 +36,6 @@ std::string summaryOf(const KillResult& result) {
          ", delivered twice " + to_string(result.twice) + ", dead letters " +
          to_string(result.rejected) + ", excused " + to_string(result.excused) + ", lost " +
          to_string(result.lost);
-}
-
-// Descriptors that this process has inherited itself must not look like those of the library.
-void keepDescriptorsFromWorkers() {
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-    const int descriptor = std::stoi(entry.path().filename().string());
-    if (descriptor > STDERR_FILENO) ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
-  }
 }
 
 // Returns how many children that the workers forked ended with an error.

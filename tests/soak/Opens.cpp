@@ -66,7 +66,7 @@ class OpensLife {
     first.obey({command::kDisable});
     first.obey({command::kEnable});
     server_.refuse();
-    // Several segments of 1 MiB: those beyond the third are closed and opened again.
+    // Several segments of 1 MiB: those beyond the second are closed and opened again.
     execute(first, 600);
     for (const char* const verb : {"status", "list", "dead"})
       runQueueCommand({verb});

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/soak/WorkerProcess.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -46,6 +49,13 @@ std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options,
   const bool hasInput = options.awaitGo || options.obey;
   const auto input = hasInput ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
   return std::make_unique<ChildProcess>(self, argumentsFor(options), environment, input);
+}
+
+void keepDescriptorsFromWorkers() {
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    const int descriptor = std::stoi(entry.path().filename().string());
+    if (descriptor > STDERR_FILENO) ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+  }
 }
 
 void resume(ChildProcess& worker) {

@@ -16,6 +16,9 @@ namespace jx::soak {
 /// Starts a worker with these options, and with `environment` added to that of this process.
 std::unique_ptr<ChildProcess> startWorker(
     const WorkerOptions& options, const std::map<std::string, std::string>& environment = {});
+/// Lets workers inherit no descriptors of this process, so that those that they have open are
+/// theirs.
+void keepDescriptorsFromWorkers();
 /// Resumes a worker that waits for a line on standard input. Throws std::runtime_error if it has
 /// exited.
 void resume(ChildProcess& worker);
