@@ -71,8 +71,7 @@ void reportTotal(Report& report, const KillResult& total, std::uint64_t runs, in
 int kills(Arguments& arguments) {
   const std::uint64_t runs = arguments.number("runs", 1'000);
   const std::uint64_t first = arguments.number("seed", std::random_device()());
-  // Events expire if the clock jumps by more than 30 days.
-  const std::uint64_t maxJumpDays = arguments.number("jump-days", 14);
+  const std::uint64_t maxJumpDays = arguments.number("jump-days", 60);
   arguments.expectAllKnown();
   // The children of killed workers become children of this process.
   ::prctl(PR_SET_CHILD_SUBREAPER, 1);

@@ -4,7 +4,7 @@
 // Soak tests, which check that no event is lost and that nothing is sent after a stop, with real
 // processes, files and connections.
 //
-//   jx_soak kills   [--runs 1000] [--seed N] [--jump-days 14]
+//   jx_soak kills   [--runs 1000] [--seed N] [--jump-days 60]
 //   jx_soak offline [--events 2050] [--gap-ms 3] [--rounds 3]
 //   jx_soak outage  [--requests 100000]
 //   jx_soak flush   [--times 100] [--assert-times]
