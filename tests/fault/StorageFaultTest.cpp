@@ -190,6 +190,24 @@ TEST_F(BrokenDisk, KeepsEventsInMemoryWhileFolderIsReadOnly) {
            queued);
 }
 
+TEST_F(BrokenDisk, LogsOneMessageWhenOnlyTheOutboxIsReadOnly) {
+  ::chmod(storage().path().c_str(), 0755);
+  ::chmod(server.caFile().c_str(), 0644);
+  const OrdinaryUser user(state());
+  const std::string outbox = state() + "/outbox";
+  ASSERT_EQ(::mkdir(outbox.c_str(), 0555), 0);
+  const auto serverSide = make();
+  executeMany(*serverSide, 20);
+  EXPECT_EQ(counters().outbox.inMemory, 20u);
+  EXPECT_TRUE(std::filesystem::exists(state() + "/defaults"));
+  EXPECT_THAT(storageLines(), ElementsAre(HasSubstr("Permission denied")));
+  ::chmod(outbox.c_str(), 0755);
+  executeMany(*serverSide, 1);
+  ASSERT_TRUE(waitUntilOnDisk());
+  EXPECT_THAT(storageLines(), ElementsAre(HasSubstr("Permission denied")));
+  expectEachDeliveredOnce(executed());
+}
+
 TEST_F(BrokenDisk, RecreatesRemovedFolderWithAllEvents) {
   const auto serverSide = make();
   executeMany(*serverSide, 5);

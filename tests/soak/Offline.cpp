@@ -46,7 +46,7 @@ void setServer(WorkerOptions& options, const test::JXTestServer& server) {
 
 std::size_t missingOf(const Load& load, const test::JXTestServer& server,
                       const std::string& state) {
-  const Tally tally = tallyOf(server, state);
+  const Tally tally = tallyOf(server, {state});
   std::size_t lost = 0;
   for (std::uint64_t number = 0; number < load.events; ++number) {
     if (!tally.contains(number)) ++lost;

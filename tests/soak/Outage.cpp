@@ -74,7 +74,7 @@ class Outage {
                 rounded(static_cast<double>(requests_) / seconds, 0) +
                 " requests per second, peak memory " +
                 std::to_string(lastOf(records, Record::Kind::Memory).value_or(0)) + " KiB");
-    const Tally tally = tallyOf(server_, folder_.path());
+    const Tally tally = tallyOf(server_, {folder_.path()});
     report_.promise(lastOf(records, Record::Kind::Emptied) == 1, "the queue is empty");
     report_.promise(tally.accepted.size() == requests_ && *tally.accepted.rbegin() == requests_ - 1,
                     "distinct events delivered " + std::to_string(tally.accepted.size()));

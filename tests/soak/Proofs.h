@@ -9,8 +9,9 @@ namespace jx::soak {
 // Each soak test is a subcommand of the program. It prints its results and returns the exit status,
 // 0 if all checks passed.
 
-/// Kills processes at random times while they execute and send. No event for which execute returned
-/// is lost.
+/// Kills processes of one storage folder at random times while their threads execute and send, the
+/// folder is renamed, they fork, and their clocks jump. No event for which execute returned is
+/// lost.
 int kills(Arguments& arguments);
 /// Executes many events while the server refuses connections. They cause few attempts, and little
 /// more work than with a server that responds.
@@ -29,5 +30,14 @@ int threads(Arguments& arguments);
 int stops(Arguments& arguments);
 /// Toggles consent from many threads. Afterwards the state of the ServerSide decides what is sent.
 int toggles(Arguments& arguments);
+
+/// Starts a process that may open few descriptors with a long queue. It delivers every event and
+/// logs nothing. The library has at most eight descriptors open in addition to sockets.
+int descriptors(Arguments& arguments);
+/// Runs processes through everything that opens a file. All files of the storage folder are opened
+/// with O_NOFOLLOW, and all descriptors of the library with O_CLOEXEC.
+int opens(Arguments& arguments);
+/// The program in which `opens` must find violations.
+int careless(Arguments& arguments);
 
 }  // namespace jx::soak

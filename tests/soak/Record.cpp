@@ -15,11 +15,18 @@ constexpr std::size_t kRecordSize = 22;
 
 }  // namespace
 
-void writeRecord(Record::Kind kind, std::uint64_t number) {
+std::string textOf(Record::Kind kind, std::uint64_t number) {
   char text[kRecordSize + 1];
   std::snprintf(text, sizeof text, "%c%020llu\n", static_cast<char>(kind),
                 static_cast<unsigned long long>(number));
-  if (::write(STDOUT_FILENO, text, kRecordSize) != static_cast<ssize_t>(kRecordSize)) ::_exit(99);
+  return text;
+}
+
+void writeRecord(Record::Kind kind, std::uint64_t number) {
+  const std::string text = textOf(kind, number);
+  if (::write(STDOUT_FILENO, text.data(), kRecordSize) != static_cast<ssize_t>(kRecordSize)) {
+    ::_exit(99);
+  }
 }
 
 std::vector<Record> recordsIn(const std::string& output) {

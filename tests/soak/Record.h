@@ -22,11 +22,17 @@ struct Record {
     Flushed = 'F',    ///< microseconds of one flush
     Emptied = 'Q',    ///< how often flush reported an empty queue
     Leaving = 'X',    ///< nanoseconds of the monotonic clock when main returns
+    Dropped = 'D',    ///< reason (JXDropReason) of a dropped event
+    Obeyed = 'O',     ///< how many commands of the driver are done
+    Inherited = 'I',  ///< descriptors of the library in a program that the worker has started
     Unable = 'U',     ///< errno: the system does not permit the requested setup
   };
   Kind kind = Kind::Started;
   std::uint64_t number = 0;
 };
+
+/// Returns a record as it is written.
+std::string textOf(Record::Kind kind, std::uint64_t number);
 
 /// For workers: writes a record to standard output.
 void writeRecord(Record::Kind kind, std::uint64_t number);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/soak/SocketWrites.h"
 
-#include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <sys/uio.h>
@@ -12,6 +11,8 @@
 #include <atomic>
 #include <cerrno>
 #include <thread>
+
+#include "tests/soak/RealFunction.h"
 
 namespace jx::soak::socketwrites {
 namespace {
@@ -31,25 +32,6 @@ std::atomic<std::uint64_t> crossing{0};
 std::atomic<std::uint64_t> rejected{0};
 std::atomic<std::uint64_t> syncsBegun{0};
 std::atomic<std::uint64_t> syncsEnded{0};
-
-// The function of this name in the C library, or that of a sanitizer.
-template <class Result, class... Parameters>
-class Real {
- public:
-  explicit constexpr Real(const char* name) : name_(name) {}
-  Result operator()(Parameters... parameters) {
-    void* function = function_.load();
-    if (function == nullptr) {
-      function = dlsym(RTLD_NEXT, name_);
-      function_.store(function);
-    }
-    return reinterpret_cast<Result (*)(Parameters...)>(function)(parameters...);
-  }
-
- private:
-  const char* const name_;
-  std::atomic<void*> function_{nullptr};
-};
 
 // A TCP connection to the server. A file, a pipe or a socket that is not connected has no peer.
 bool isWatched(int descriptor) {
@@ -93,13 +75,14 @@ ssize_t counted(Function function, int descriptor, const Call& call) {
   return written;
 }
 
-Real<ssize_t, int, const void*, size_t, int> realSend("send");
-Real<ssize_t, int, const void*, size_t, int, const sockaddr*, socklen_t> realSendTo("sendto");
-Real<ssize_t, int, const msghdr*, int> realSendMessage("sendmsg");
-Real<ssize_t, int, const void*, size_t> realWrite("write");
-Real<ssize_t, int, const iovec*, int> realWriteVector("writev");
-Real<int, int> realSync("fsync");
-Real<int, int> realDataSync("fdatasync");
+RealFunction<ssize_t, int, const void*, size_t, int> realSend("send");
+RealFunction<ssize_t, int, const void*, size_t, int, const sockaddr*, socklen_t> realSendTo(
+    "sendto");
+RealFunction<ssize_t, int, const msghdr*, int> realSendMessage("sendmsg");
+RealFunction<ssize_t, int, const void*, size_t> realWrite("write");
+RealFunction<ssize_t, int, const iovec*, int> realWriteVector("writev");
+RealFunction<int, int> realSync("fsync");
+RealFunction<int, int> realDataSync("fdatasync");
 
 template <class Call>
 int delayed(const Call& call) {

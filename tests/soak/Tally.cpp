@@ -42,6 +42,19 @@ std::vector<JXOutboxListing> queueOf(const std::string& state) {
   return queue;
 }
 
+void addDeadLetters(const std::string& state, Tally& tally) {
+  if (!std::filesystem::exists(outboxIn(state))) return;
+  std::string error;
+  for (const JXOutboxListing& letter : listDeadLetters(outboxIn(state), error)) {
+    if (const std::optional<Event> event = eventIn(letter.body)) {
+      tally.rejected.insert(event->number);
+    } else {
+      ++tally.unreadable;
+    }
+  }
+  throwOn(error);
+}
+
 }  // namespace
 
 std::size_t Tally::distinct() const {
@@ -50,7 +63,7 @@ std::size_t Tally::distinct() const {
          static_cast<std::size_t>(std::count_if(rejected.begin(), rejected.end(), isNew));
 }
 
-Tally tallyOf(const test::JXTestServer& server, const std::string& state) {
+Tally tallyOf(const test::JXTestServer& server, const std::vector<std::string>& states) {
   Tally tally;
   std::map<std::string, std::string> bodyOfId;
   std::map<std::uint64_t, std::string> idOfNumber;
@@ -67,15 +80,8 @@ Tally tallyOf(const test::JXTestServer& server, const std::string& state) {
     const bool isAccepted = request.status >= 200 && request.status < 300;
     if (isAccepted && !tally.accepted.insert(event->number).second) ++tally.repeats;
   }
-  std::string error;
-  for (const JXOutboxListing& letter : listDeadLetters(outboxIn(state), error)) {
-    if (const std::optional<Event> event = eventIn(letter.body)) {
-      tally.rejected.insert(event->number);
-    } else {
-      ++tally.unreadable;
-    }
-  }
-  throwOn(error);
+  for (const std::string& state : states)
+    addDeadLetters(state, tally);
   return tally;
 }
 
@@ -94,6 +100,7 @@ std::size_t queueLengthIn(const std::string& state) { return queueOf(state).size
 
 std::size_t quarantinedIn(const std::string& state) {
   std::size_t count = 0;
+  if (!std::filesystem::exists(state)) return count;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(state)) {
     if (entry.path().filename().string().find(".damaged-") != std::string::npos) ++count;
   }

@@ -27,8 +27,8 @@ struct Tally {
   std::size_t distinct() const;
 };
 
-/// Counts what the server received, and the dead letters in a storage folder.
-Tally tallyOf(const test::JXTestServer& server, const std::string& state);
+/// Counts what the server received, and the dead letters in the storage folders.
+Tally tallyOf(const test::JXTestServer& server, const std::vector<std::string>& states);
 
 /// Returns the numbers of the events queued in a storage folder, in order. Throws
 /// std::runtime_error if the queue cannot be read.

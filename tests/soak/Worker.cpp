@@ -15,6 +15,7 @@
 #include <thread>
 
 #include "jx/JXServerSide.h"
+#include "tests/soak/Obedience.h"
 #include "tests/soak/Record.h"
 #include "tests/soak/SilentServers.h"
 
@@ -27,23 +28,6 @@ using Clock = std::chrono::steady_clock;
 std::uint64_t microsecondsSince(Clock::time_point start) {
   const auto passed = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
   return static_cast<std::uint64_t>(passed.count());
-}
-
-JXCoreConfiguration configurationOf(const WorkerOptions& options) {
-  JXCoreConfiguration configuration;
-  configuration.storageFolder = options.state;
-  configuration.collectionHost = options.host;
-  if (!options.caFile.empty()) configuration.caFile = options.caFile;
-  // High limits, so that no event is dropped.
-  configuration.outboxBounds.maxRequests = 10'000'000;
-  configuration.outboxBounds.maxBytes = std::uint64_t{64} << 30;
-  configuration.outboxBounds.maxDeadLetters = 10'000'000;
-  if (options.quick) {
-    configuration.retryTimings.initialBackoff = milliseconds(4);
-    configuration.retryTimings.maxBackoff = milliseconds(30);
-    configuration.retryTimings.syncDelay = milliseconds(5);
-  }
-  return configuration;
 }
 
 class Worker {
@@ -92,14 +76,7 @@ class Worker {
  private:
   void executeOne() {
     const std::uint64_t number = options_.first + executed_++;
-    const auto event = JXCustomEvent::initWithName("soak");
-    event->addAdditionalParameter_withValue("n", std::to_string(number));
-    if (options_.padBytes != 0) {
-      // Varying lengths hit the end of a file page, where a kill can cause a partial write.
-      const std::size_t length = number * 7'919 % (options_.padBytes + 1);
-      event->addAdditionalParameter_withValue("pad", std::string(length, 'p'));
-    }
-    serverSide_->execute(event);
+    executeNumbered(*serverSide_, number, options_.padBytes);
     writeRecord(Record::Kind::Executed, number);
     if (options_.gapUs == 0) return;
     std::this_thread::sleep_for(std::chrono::microseconds(options_.gapUs));
@@ -142,10 +119,43 @@ class OptionReader {
 
 }  // namespace
 
+JXCoreConfiguration configurationOf(const WorkerOptions& options) {
+  JXCoreConfiguration configuration;
+  configuration.storageFolder = options.state;
+  configuration.collectionHost = options.host;
+  if (!options.caFile.empty()) configuration.caFile = options.caFile;
+  // High limits, so that no event is dropped.
+  configuration.outboxBounds.maxRequests = 10'000'000;
+  configuration.outboxBounds.maxBytes = std::uint64_t{64} << 30;
+  configuration.outboxBounds.maxDeadLetters = options.deadLetters;
+  configuration.onDelivery = [](const JXDelivery& delivery) {
+    if (delivery.outcome != JXDeliveryOutcome::Dropped) return;
+    writeRecord(Record::Kind::Dropped, static_cast<std::uint64_t>(delivery.dropReason));
+  };
+  if (options.quick) {
+    configuration.retryTimings.initialBackoff = milliseconds(4);
+    configuration.retryTimings.maxBackoff = milliseconds(30);
+    configuration.retryTimings.syncDelay = milliseconds(5);
+  }
+  return configuration;
+}
+
+void executeNumbered(ServerSide& serverSide, std::uint64_t number, std::uint64_t padBytes) {
+  const auto event = JXCustomEvent::initWithName("soak");
+  event->addAdditionalParameter_withValue("n", std::to_string(number));
+  if (padBytes != 0) {
+    // Varying lengths hit the end of a file page, where a kill can cause a partial write.
+    const std::size_t length = number * 7'919 % (padBytes + 1);
+    event->addAdditionalParameter_withValue("pad", std::string(length, 'p'));
+  }
+  serverSide.execute(event);
+}
+
 int worker(Arguments& arguments) {
   WorkerOptions options;
   forEachOption(options, OptionReader(arguments));
   arguments.expectAllKnown();
+  if (options.obey) return obey(options);
   std::optional<SilentNameServer> names;
   if (options.silentNames) {
     names.emplace();
@@ -172,7 +182,6 @@ int worker(Arguments& arguments) {
     worker.deliver();
     Worker::report();
   }
-  if (options.waitForKill) ::pause();
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
   writeRecord(Record::Kind::Leaving, static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000 +

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/soak/WorkerProcess.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -40,11 +43,19 @@ std::vector<std::string> argumentsFor(const WorkerOptions& options) {
 
 }  // namespace
 
-std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options) {
+std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options,
+                                          const std::map<std::string, std::string>& environment) {
   const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
-  const auto input = options.awaitGo ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
-  return std::make_unique<ChildProcess>(self, argumentsFor(options),
-                                        std::map<std::string, std::string>{}, input);
+  const bool hasInput = options.awaitGo || options.obey;
+  const auto input = hasInput ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
+  return std::make_unique<ChildProcess>(self, argumentsFor(options), environment, input);
+}
+
+void keepDescriptorsFromWorkers() {
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    const int descriptor = std::stoi(entry.path().filename().string());
+    if (descriptor > STDERR_FILENO) ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+  }
 }
 
 void resume(ChildProcess& worker) {

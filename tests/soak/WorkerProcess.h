@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "tests/soak/Record.h"
@@ -11,8 +13,12 @@
 
 namespace jx::soak {
 
-/// Starts a worker with these options.
-std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options);
+/// Starts a worker with these options, and with `environment` added to that of this process.
+std::unique_ptr<ChildProcess> startWorker(
+    const WorkerOptions& options, const std::map<std::string, std::string>& environment = {});
+/// Lets workers inherit no descriptors of this process, so that those that they have open are
+/// theirs.
+void keepDescriptorsFromWorkers();
 /// Resumes a worker that waits for a line on standard input. Throws std::runtime_error if it has
 /// exited.
 void resume(ChildProcess& worker);

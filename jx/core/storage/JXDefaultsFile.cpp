@@ -149,7 +149,7 @@ void JXDefaultsFile::endChanges() {
   changing_ = std::thread::id();
   dropErased();
   // Also without a change: a deleted file may mean an erase.
-  if (unsaved_.empty() && (journal_ == nullptr || journal_->file().isLinked())) return;
+  if (unsaved_.empty() && (journal_ == nullptr || journal_->file().isAt(path_))) return;
   ensureOpen();
   writeUnsaved();
 }
@@ -169,9 +169,10 @@ std::uint64_t JXDefaultsFile::damaged() const {
   return report_.damagedFiles();
 }
 
-// Opens the file unless it is already open. Recreates a file that was removed.
+// Opens the file unless it is already open. Recreates a file that was removed, or whose folder was
+// renamed.
 void JXDefaultsFile::ensureOpen() {
-  if (journal_ != nullptr && journal_->file().isLinked()) return;
+  if (journal_ != nullptr && journal_->file().isAt(path_)) return;
   journal_.reset();
   noticesErasure();
   for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {

@@ -46,7 +46,7 @@ int unlinkSystem(int folder, const char* name) { return ::unlinkat(folder, name,
 
 int listSystem(int folder, std::vector<std::string>& names) {
   // Not a duplicate of the descriptor, which would share the position in the folder.
-  const int descriptor = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int descriptor = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
   if (descriptor < 0) return -1;
   DIR* const entries = ::fdopendir(descriptor);
   if (entries == nullptr) {

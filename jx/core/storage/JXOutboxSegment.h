@@ -36,7 +36,7 @@ struct JXSegmentFolder {
 /// descriptors of the application, however long its queue is.
 class JXOpenSegments {
  public:
-  static constexpr std::size_t kMax = 3;
+  static constexpr std::size_t kMax = 2;
 
   /// Moves a segment to the front; closes the least recently used one beyond the limit.
   void use(JXOutboxSegment& segment);

@@ -5,6 +5,7 @@
 #include <curl/curl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <mutex>
 #include <new>
@@ -63,8 +64,11 @@ struct Exchange {
   JXHttpResponseParser response;
   char error[CURL_ERROR_SIZE] = {};
   bool isSecure = true;  ///< libcurl accepted every setting that server authentication requires
+  JXSocketGate& sockets;
+  bool lacksDescriptor = false;  ///< too few were left for a further connection
+  bool waited = false;           ///< for the connection of another request, because of that
 
-  Exchange() : easy(curl_easy_init()) {
+  explicit Exchange(JXSocketGate& gate) : easy(curl_easy_init()), sockets(gate) {
     if (easy == nullptr) throw std::bad_alloc();
   }
   ~Exchange() { curl_easy_cleanup(easy); }
@@ -84,9 +88,11 @@ std::size_t onBody(char*, std::size_t, std::size_t bytes, void* exchange) {
   return static_cast<Exchange*>(exchange)->response.readBody(bytes) ? bytes : 0;
 }
 
-curl_socket_t openSocket(void* gate, curlsocktype, curl_sockaddr* address) {
-  return static_cast<JXSocketGate*>(gate)->open(address->family, address->socktype,
-                                                address->protocol);
+curl_socket_t openSocket(void* exchange, curlsocktype, curl_sockaddr* address) {
+  auto& all = *static_cast<Exchange*>(exchange);
+  const int socket = all.sockets.open(address->family, address->socktype, address->protocol);
+  all.lacksDescriptor = socket < 0 && (errno == EMFILE || errno == ENFILE);
+  return socket;
 }
 
 int closeSocket(void* gate, curl_socket_t socket) {
@@ -215,7 +221,7 @@ class JXCurlTransport::Implementation {
 
   std::unique_ptr<Exchange> freeExchange() {
     if (free_.empty()) {
-      auto exchange = std::make_unique<Exchange>();
+      auto exchange = std::make_unique<Exchange>(sockets_);
       prepare(*exchange);
       return exchange;
     }
@@ -251,7 +257,7 @@ class JXCurlTransport::Implementation {
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, inMilliseconds(options_.requestTimeout));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
-    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &sockets_);
+    curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &exchange);
     curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
     curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &sockets_);
 #if LIBCURL_VERSION_NUM >= 0x075700
@@ -294,6 +300,7 @@ class JXCurlTransport::Implementation {
   void prepareRequest(Exchange& exchange) const {
     exchange.response = JXHttpResponseParser();
     exchange.error[0] = '\0';
+    exchange.lacksDescriptor = exchange.waited = false;
     CURL* const easy = exchange.easy;
     curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());
     curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE,
@@ -319,8 +326,21 @@ class JXCurlTransport::Implementation {
       const CURLcode code = message->data.result;
       void* exchange = nullptr;
       curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &exchange);
-      finish(*static_cast<Exchange*>(exchange), code);
+      auto& ended = *static_cast<Exchange*>(exchange);
+      if (!waitsForConnection(ended, code)) finish(ended, code);
     }
+  }
+
+  // If too few descriptors are left for a further connection, starts the request again with no more
+  // connections than there are: it waits for one of them, or replaces an idle one.
+  bool waitsForConnection(Exchange& exchange, CURLcode code) {
+    const auto connections = static_cast<long>(sockets_.count());
+    if (code != CURLE_COULDNT_CONNECT || connections == 0) return false;
+    if (!exchange.lacksDescriptor || std::exchange(exchange.waited, true)) return false;
+    hasFewConnections_ = true;
+    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, connections);
+    curl_multi_remove_handle(multi_, exchange.easy);
+    return curl_multi_add_handle(multi_, exchange.easy) == CURLM_OK;
   }
 
   void finish(Exchange& exchange, CURLcode code) {
@@ -340,7 +360,11 @@ class JXCurlTransport::Implementation {
                                  [&](const auto& each) { return each.get() == &exchange; });
     free_.push_back(std::move(*at));
     active_.erase(at);
-    if (code != CURLE_OK && active_.empty()) sockets_.forgetUnconnected();
+    if (!active_.empty()) return;
+    if (code != CURLE_OK) sockets_.forgetUnconnected();
+    if (std::exchange(hasFewConnections_, false)) {
+      curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+    }
   }
 
   const JXHttpOptions options_;
@@ -348,6 +372,7 @@ class JXCurlTransport::Implementation {
   std::mutex replacing_;  ///< for `multi_`, which `wakeUp` uses on other threads
   CURLM* multi_ = nullptr;
   curl_slist* headers_ = nullptr;
+  bool hasFewConnections_ = false;  ///< fewer than kMaxConnections are allowed
   std::vector<std::unique_ptr<Exchange>> active_;
   std::vector<std::unique_ptr<Exchange>> free_;
   std::vector<JXHttpResult> ready_;

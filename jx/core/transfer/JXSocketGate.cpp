@@ -3,10 +3,13 @@
 #include "jx/core/transfer/JXSocketGate.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <climits>
 
 #include "jx/core/JXOwnedDescriptors.h"
 
@@ -27,6 +30,21 @@ int openSocket(int family, int type, int protocol) {
   if (descriptor >= 0) ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
   return descriptor;
 #endif
+}
+
+// Returns whether a further socket, with its duplicate, would leave too few descriptors for the
+// files of the storage. Descriptors have the lowest free numbers, so the highest ones suffice.
+bool areDescriptorsScarce() {
+  constexpr int kNeeded = 2 + 3;
+  constexpr rlim_t kInspected = 16;
+  rlimit limit{};
+  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return false;
+  const rlim_t end = std::min<rlim_t>(limit.rlim_cur, INT_MAX);
+  const rlim_t first = end - std::min(end, kInspected);
+  int free = 0;
+  for (rlim_t each = end; each > first && free < kNeeded; --each)
+    free += ::fcntl(static_cast<int>(each - 1), F_GETFD) == -1 ? 1 : 0;
+  return free < kNeeded;
 }
 
 void endWriting(int descriptor) {
@@ -58,12 +76,16 @@ void JXSocketGate::forgetIf(Predicate predicate) noexcept {
 
 int JXSocketGate::open(int family, int type, int protocol) noexcept {
   const std::lock_guard<std::mutex> lock(mutex_);
-  if (isShut_) return -1;
+  if (isShut_ || (!sockets_.empty() && areDescriptorsScarce())) {
+    errno = isShut_ ? ECONNABORTED : EMFILE;
+    return -1;
+  }
   // A child that inherited a connection would keep it open when this process closes it.
   const JXOwnedDescriptors::Change change;
   const int descriptor = openSocket(family, type, protocol);
   if (descriptor < 0) return -1;
   const int duplicate = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  const int error = errno;
   try {
     if (duplicate >= 0) sockets_.push_back({descriptor, duplicate});
   } catch (...) {
@@ -76,7 +98,13 @@ int JXSocketGate::open(int family, int type, int protocol) noexcept {
     return descriptor;
   }
   ::close(descriptor);
+  errno = error;
   return -1;
+}
+
+std::size_t JXSocketGate::count() const noexcept {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return sockets_.size();
 }
 
 void JXSocketGate::close(int socket) noexcept {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <mutex>
 #include <vector>
 
@@ -17,8 +18,12 @@ class JXSocketGate {
   JXSocketGate(const JXSocketGate&) = delete;
   JXSocketGate& operator=(const JXSocketGate&) = delete;
 
-  /// Opens a socket, as `socket` does. Returns -1 on failure and while the gate is shut.
+  /// Opens a socket, as `socket` does. Returns -1 and sets `errno` on failure, also while the gate
+  /// is shut, and with EMFILE if it would not be the only socket and would leave too few
+  /// descriptors for the files of the storage.
   int open(int family, int type, int protocol) noexcept;
+  /// Returns the number of sockets that are not closed.
+  std::size_t count() const noexcept;
   /// Closes a socket that `open` returned.
   void close(int socket) noexcept;
   /// Forgets the sockets without a connection. libcurl closes a socket without `close` if the
@@ -41,7 +46,7 @@ class JXSocketGate {
   template <class Predicate>
   void forgetIf(Predicate predicate) noexcept;
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::atomic<bool> isShut_{false};
   std::vector<Socket> sockets_;
 };

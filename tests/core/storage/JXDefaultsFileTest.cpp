@@ -330,6 +330,29 @@ TEST_F(DefaultsFile, RecreatesARemovedFolderWithAllValues) {
   EXPECT_EQ(again.objectForKey("starts"), "2");
 }
 
+TEST_F(DefaultsFile, WritesAllValuesAgainAfterTheFolderWasRenamed) {
+  JXDefaultsFile file(path_);
+  file.setObject_forKey("1", "visits");
+  std::filesystem::rename(folder_.file("state"), folder_.file("elsewhere"));
+  file.setObject_forKey("2", "starts");
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("visits"), "1");
+  EXPECT_EQ(again.objectForKey("starts"), "2");
+}
+
+TEST_F(DefaultsFile, WritesGroupedChangesToTheFolderThatReplacedItsOwn) {
+  JXDefaultsFile file(path_);
+  file.setObject_forKey("1", "visits");
+  std::filesystem::rename(folder_.file("state"), folder_.file("elsewhere"));
+  std::filesystem::create_directory(folder_.file("state"));
+  file.beginChanges();
+  file.setObject_forKey("2", "starts");
+  file.endChanges();
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("visits"), "1");
+  EXPECT_EQ(again.objectForKey("starts"), "2");
+}
+
 TEST_F(DefaultsFile, LogSinkMayCallBack) {
   JXDefaultsFile file(path_);
   int calls = 0;

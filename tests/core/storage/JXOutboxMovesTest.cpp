@@ -197,14 +197,14 @@ TEST_F(OutboxMoves, NeedsFewDescriptorsForManySegments) {
     const auto outbox = open();
     const Bodies bodies = fill(*outbox, 30);
     outbox->sync();
-    EXPECT_LE(openDescriptors() - before, 5u) << "folder, locks and three segments";
+    EXPECT_LE(openDescriptors() - before, 4u) << "folder, locks and two segments";
   }
   const auto outbox = open();
   EXPECT_EQ(outbox->counters().queued, 240u);
   outbox->rememberDropped();
-  EXPECT_LE(openDescriptors() - before, 5u);
+  EXPECT_LE(openDescriptors() - before, 4u);
   outbox->purge();
-  EXPECT_LE(openDescriptors() - before, 5u);
+  EXPECT_LE(openDescriptors() - before, 4u);
   EXPECT_EQ(outbox->takeDropped().size(), 32u);
 }
 

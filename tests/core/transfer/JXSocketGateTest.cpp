@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -29,6 +30,17 @@ class SocketGate : public ::testing::Test {
   int connectTo(int socket) {
     return ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address);
   }
+  // Uses the free descriptors below the highest open one, and returns the lowest free one then.
+  static int fillDescriptors() {
+    int highest = 0;
+    for (int each = 0; each < 1'024; ++each)
+      if (::fcntl(each, F_GETFD) != -1) highest = each;
+    int lowest = 0;
+    while (lowest <= highest)
+      lowest = ::dup(STDERR_FILENO);
+    ::close(lowest);
+    return lowest;
+  }
   static bool canSend(int socket) { return ::send(socket, "x", 1, MSG_NOSIGNAL) == 1; }
 
   sockaddr_in address{};
@@ -44,6 +56,34 @@ TEST_F(SocketGate, OpensSocketsThatAreClosedOnExec) {
   EXPECT_TRUE(canSend(socket));
   gate.close(socket);
   EXPECT_EQ(-1, ::fcntl(socket, F_GETFD));
+}
+
+TEST_F(SocketGate, LeavesThreeDescriptorsUnlessItHasNoOtherSocket) {
+  rlimit limit{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_NOFILE, &limit));
+  const rlim_t before = limit.rlim_cur;
+  const int lowest = fillDescriptors();
+  // A socket needs two descriptors.
+  limit.rlim_cur = static_cast<rlim_t>(lowest) + 2 + 2 + 2;
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &limit));
+  const int first = gate.open(AF_INET, SOCK_STREAM, 0);
+  EXPECT_GE(first, 0);
+  errno = 0;
+  EXPECT_EQ(-1, gate.open(AF_INET, SOCK_STREAM, 0)) << "only two would be left";
+  EXPECT_EQ(EMFILE, errno);
+  limit.rlim_cur += 1;
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &limit));
+  const int second = gate.open(AF_INET, SOCK_STREAM, 0);
+  EXPECT_GE(second, 0) << "three are left";
+  gate.close(first);
+  gate.close(second);
+  limit.rlim_cur = static_cast<rlim_t>(lowest) + 2;
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &limit));
+  const int only = gate.open(AF_INET, SOCK_STREAM, 0);
+  EXPECT_GE(only, 0) << "without a connection nothing would be sent";
+  gate.close(only);
+  limit.rlim_cur = before;
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_NOFILE, &limit));
 }
 
 TEST_F(SocketGate, EndsWritingOnEveryConnectedSocket) {
