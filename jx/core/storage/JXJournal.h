@@ -58,6 +58,8 @@ class JXJournal {
 
   bool isOpen() const { return file_.isOpen(); }
   void close() { file_.close(); }
+  /// Continues with `file`, which is at the path and has the same content.
+  void setFile(JXFile file) noexcept { file_ = std::move(file); }
   /// Continues with `file`, which has the same content, at `path`.
   void reopen(JXFile file, std::string path) {
     file_ = std::move(file);

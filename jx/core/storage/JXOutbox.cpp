@@ -21,8 +21,7 @@ std::string pathOf(const std::string& folder, const std::string& inner) {
   return absolutePath(folder) + (inner.empty() ? "" : "/" + inner);
 }
 
-// No exception leaves the outbox. Only an allocation failure can throw; the operation then has no
-// effect.
+// Only an allocation failure can throw; the operation then has no effect, or `sync` completes it.
 template <typename Work>
 auto withoutExceptions(Work work) noexcept -> decltype(work()) {
   try {
@@ -64,10 +63,18 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
 void JXOutbox::beginStoring() {
   lockedWithoutExceptions([&] {
     segments_.isOpen = true;
-    const std::string& folder = segments_.path();
-    hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
-    queue_.adopt();
+    mustAdopt_ = true;
+    adopt();
   });
+}
+
+// Called with the lock held; repeated by `sync` if it throws.
+void JXOutbox::adopt() {
+  if (!mustAdopt_) return;
+  const std::string& folder = segments_.path();
+  hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
+  queue_.adopt();
+  mustAdopt_ = false;
 }
 
 JXOutbox::~JXOutbox() {
@@ -83,18 +90,31 @@ JXOutbox::~JXOutbox() {
 std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
                                            const JXRequestOrigin& origin, bool awaitsDecision) {
   return lockedWithoutExceptions([&]() -> std::optional<std::uint64_t> {
-    const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
-    dropErased();
-    if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
-    const std::optional<std::uint64_t> id = queue_.add(url, body, origin, awaitsDecision);
+    std::optional<std::uint64_t> id;
+    try {
+      const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
+      dropErased();
+      if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
+      id = queue_.add(url, body, origin, awaitsDecision);
+    } catch (...) {
+      report_.outOfMemory();
+      return queue_.rejectRequest(body, JXDropReason::OutOfMemory);
+    }
     dropErased();  // an erase may have missed a segment that was created
     return id;
   });
 }
 
+void JXOutbox::dropOutOfMemory(std::string_view body) noexcept {
+  lockedWithoutExceptions([&] {
+    report_.outOfMemory();
+    queue_.rejectRequest(body, JXDropReason::OutOfMemory);
+  });
+}
+
 std::optional<JXOutboxRequest> JXOutbox::take(const JXOutboxPick& pick,
                                               const JXSendFilter& filter) {
-  return lockedWithoutExceptions([&] {
+  return locked([&] {
     checkErasures();
     return queue_.take(pick, filter);
   });
@@ -108,8 +128,8 @@ void JXOutbox::requeue(std::uint64_t id) {
   lockedWithoutExceptions([&] { queue_.requeue(id); });
 }
 
-void JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
-  lockedWithoutExceptions([&] { queue_.requeueFailed(id, failures); });
+bool JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
+  return lockedWithoutExceptions([&] { return queue_.requeueFailed(id, failures); });
 }
 
 milliseconds JXOutbox::failedFor(std::uint64_t id) {
@@ -125,10 +145,8 @@ void JXOutbox::shortenRetryDelays(milliseconds longest) {
 }
 
 std::vector<JXOutboxHost> JXOutbox::hosts() const {
-  return withoutExceptions([&] {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return queue_.hosts();
-  });
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return queue_.hosts();
 }
 
 bool JXOutbox::markDelivered(std::uint64_t id) {
@@ -136,11 +154,9 @@ bool JXOutbox::markDelivered(std::uint64_t id) {
 }
 
 bool JXOutbox::moveToDeadLetters(std::uint64_t id, int status) {
-  return withoutExceptions([&] {
-    const bool wasQueued = locked([&] { return queue_.reject(id, status); });
-    if (wasQueued) moveRejectedToDeadLetters();
-    return wasQueued;
-  });
+  const bool wasQueued = lockedWithoutExceptions([&] { return queue_.reject(id, status); });
+  if (wasQueued) withoutExceptions([&] { moveRejectedToDeadLetters(); });
+  return wasQueued;
 }
 
 void JXOutbox::purge() {
@@ -177,6 +193,7 @@ void JXOutbox::sync() {
     const std::uint64_t failures = locked([&] { return report_.failures(); });
     locked([&] {
       checkErasures();
+      adopt();
       queue_.applyPurgeMarks();
       queue_.dropExpired();
       segments_.detectLostSegments();
@@ -253,9 +270,10 @@ void JXOutbox::syncFiles() {
   bool folderDirty = false;
   std::shared_ptr<const JXFolder> folder;
   const std::vector<std::uint64_t> dirty = locked([&] {
+    std::vector<std::uint64_t> numbers = segments_.takeDirty();
     folderDirty = std::exchange(segments_.folderDirty, false);
     folder = segments_.openFolder();
-    return segments_.takeDirty();
+    return numbers;
   });
   for (const std::uint64_t number : dirty)
     syncSegment(number);
@@ -266,9 +284,10 @@ void JXOutbox::syncFiles() {
 }
 
 void JXOutbox::syncSegment(std::uint64_t number) {
-  int error = 0;
-  const JXFile file = locked([&] {
+  int error = ENOMEM;
+  const JXFile file = lockedWithoutExceptions([&] {
     JXOutboxSegment* const segment = segments_.find(number);
+    if (segment == nullptr) error = 0;
     return segment != nullptr ? segment->fileToSync(error) : JXFile();
   });
   if (file.isOpen()) error = file.synchronize();
@@ -282,7 +301,7 @@ void JXOutbox::syncSegment(std::uint64_t number) {
 
 bool JXOutbox::needsSync() const {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
+  return mustAdopt_ || segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
          hasUncheckedFiles_ || dead_.needsSync();
 }
 
@@ -292,6 +311,11 @@ void JXOutbox::rememberDropped() {
 
 std::vector<JXOutboxDrop> JXOutbox::takeDropped() {
   return lockedWithoutExceptions([&] { return queue_.drops().take(kDropsPerCall); });
+}
+
+bool JXOutbox::hasDropped() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return !queue_.drops().isEmpty();
 }
 
 JXOutboxCounters JXOutbox::counters() const {

@@ -49,12 +49,11 @@ bool JXOutboxQueue::moveSomeOfObsolete() {
         segments_.append(request.url, request.body, entry.createdMs, entry.origin, offset);
     if (segment == nullptr) return false;
     obsolete->acknowledge(entry.offset);
-    modified_.push_back(obsolete);
     entry.segment = segment;
     entry.offset = offset;
     writeFailures(entry);
   }
-  finishModifiedSegments();
+  segments_.finishModified();
   return true;
 }
 

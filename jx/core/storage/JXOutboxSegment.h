@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -38,11 +39,11 @@ class JXOpenSegments {
   static constexpr std::size_t kMax = 3;
 
   /// Moves a segment to the front; closes the least recently used one beyond the limit.
-  void use(JXOutboxSegment& segment);
-  void remove(const JXOutboxSegment& segment);
+  void use(JXOutboxSegment& segment) noexcept;
+  void remove(const JXOutboxSegment& segment) noexcept;
 
  private:
-  std::vector<JXOutboxSegment*> segments_;  ///< least recently used first
+  std::array<JXOutboxSegment*, kMax> segments_{};  ///< least recently used first; null if unused
 };
 
 /// One file of an outbox: requests, and acknowledgements of requests. The process that uses it owns
@@ -80,7 +81,8 @@ class JXOutboxSegment {
   /// errno value, 0 for success.
   static std::vector<std::uint64_t> numbersIn(const JXFolder& folder, int& error);
 
-  /// Appends a request; `offset` receives the position of its frame.
+  /// Appends a request; `offset` receives the position of its frame. Throws std::bad_alloc before
+  /// it writes anything.
   int append(std::string_view url, std::string_view body, std::int64_t createdMs,
              const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Records the failures of a request.
@@ -89,8 +91,8 @@ class JXOutboxSegment {
   const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload);
-  /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
-  void acknowledge(std::uint32_t offset);
+  /// Acknowledges a request; `writeAcknowledgements` writes this to the file. Needs no memory.
+  void acknowledge(std::uint32_t offset) noexcept;
   /// Writes all unwritten acknowledgements as one frame.
   int writeAcknowledgements();
   /// Copies the bytes of a damaged request to a quarantine file. `copied` receives false when that
@@ -126,16 +128,18 @@ class JXOutboxSegment {
   bool dirty = false;         ///< written since the last successful sync
   bool lost = false;          ///< not at its path; its content must be moved there
   bool isUnreadable = false;  ///< some of its requests cannot be read by this process
+  bool modified = false;      ///< has acknowledgements that the owner did not finish yet
 
  private:
   static constexpr std::uint64_t kMaxSize = 1024 * 1024;
 
-  JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open,
-                  JXFile file);
+  JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open);
+  void setFile(JXFile file) noexcept;
 
   JXJournal::Recovery recover(JXOutboxHosts& hosts, std::vector<JXOutboxEntry>& requests);
   int ensureOpen();
-  int moveFile(const JXFolder& folder, const std::string& name);
+  int moveFile(const JXFolder& folder, const std::string& oldName, const std::string& name,
+               std::string path);
   int copyTo(JXFile& file);
   void map();
   void unmap();
@@ -143,6 +147,7 @@ class JXOutboxSegment {
 
   JXSegmentFolder folder_;
   std::uint64_t number_;
+  bool ownsLock_ = false;  ///< of `number_`
   JXOpenSegments& open_;
   JXFileIdentity identity_;
   JXJournal journal_;
@@ -151,7 +156,8 @@ class JXOutboxSegment {
   std::size_t live_ = 0;
   std::size_t requests_ = 0;                             ///< acknowledged ones too
   std::map<std::uint32_t, JXRequestFailures> failures_;  ///< found by `adopt`, by offset
-  std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
+  /// Offsets of acknowledged requests, not in a frame yet. Has capacity for those of all requests.
+  std::vector<std::uint32_t> unwritten_;
 };
 
 /// A request read from an outbox folder that is not opened for sending.

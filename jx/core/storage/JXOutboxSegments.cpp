@@ -46,8 +46,8 @@ int JXOutboxSegments::ensureFolder() {
   return error;
 }
 
-void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
-                                const std::function<void(const JXOutboxEntry&)>& adopted) {
+void JXOutboxSegments::adoptAll(
+    JXOutboxHosts& hosts, const std::function<void(const std::vector<JXOutboxEntry>&)>& adopted) {
   const std::vector<std::uint64_t> numbers = numbersToAdopt();
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
@@ -56,15 +56,16 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     if (recovery.quarantined) report_.damaged(segment->path());
+    segments_.reserve(segments_.size() + 1);
+    adopted(requests);
     segments_.push_back(std::move(segment));
     JXOutboxSegment& last = *segments_.back();
     if (requests.empty() && recovery.error == 0) {
       drop(last);
       continue;
     }
-    std::for_each(requests.begin(), requests.end(), adopted);
     // New requests go to the newest segment, so that frequent starts do not create many files.
-    current_ = &last;
+    if (current_ == nullptr || current_->number() < number) current_ = &last;
   }
 }
 
@@ -85,13 +86,15 @@ std::vector<std::uint64_t> JXOutboxSegments::numbersToAdopt() {
   const std::uint64_t limit = std::max(kMaxRead * maxBytes_, JXOutboxSegment::kMaxFileSize);
   std::uint64_t read = 0;
   std::vector<std::uint64_t> toAdopt;
+  toAdopt.reserve(numbers.size());
   for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
     struct stat status {};
     const int gone = JXFile::statusIn(*opened_.folder, JXOutboxSegment::nameOf(*number), status);
     if (gone != 0) continue;
     const auto size = static_cast<std::uint64_t>(status.st_size);
     const bool fits = size <= JXOutboxSegment::kMaxFileSize && size <= limit - read;
-    // A process that owns the segment is responsible for it.
+    // A process that owns the segment, which may be this one, is responsible for it.
+    if (find(*number) != nullptr) continue;
     if (opened_.locks->lockByte(*number) != 0) continue;
     if (fits) {
       read += size;
@@ -167,11 +170,18 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
   }
   JXOutboxSegment* const segment = current_;
   // Checked after the write, so that the next start at this path finds the request.
-  if (!segment->isAtPath()) {
-    detectLostSegments();
-    restoreLost();
-  }
+  restoreReplaced(*segment);
   return segment;
+}
+
+void JXOutboxSegments::restoreReplaced(const JXOutboxSegment& segment) noexcept {
+  if (segment.isAtPath()) return;
+  detectLostSegments();
+  try {
+    restoreLost();
+  } catch (...) {
+    // Out of memory: the next sync tries again. The request is written already.
+  }
 }
 
 bool JXOutboxSegments::startSegment() {
@@ -188,11 +198,25 @@ bool JXOutboxSegments::startSegment() {
     report_.failed("create a segment", error != 0 ? error : EEXIST);
     return false;
   }
-  current_ = segment.get();
   segments_.push_back(std::move(segment));
+  current_ = segments_.back().get();
   folderDirty = true;
   if (erasures_ != nullptr) erasures_->check();
   return true;
+}
+
+void JXOutboxSegments::finishModified() noexcept {
+  const auto isModified = [](const auto& each) { return each->modified; };
+  for (;;) {
+    const auto found = std::find_if(segments_.begin(), segments_.end(), isModified);
+    if (found == segments_.end()) return;
+    (*found)->modified = false;
+    try {
+      finish(**found);
+    } catch (...) {
+      // Out of memory.
+    }
+  }
 }
 
 void JXOutboxSegments::finish(JXOutboxSegment& segment) {
@@ -208,11 +232,15 @@ void JXOutboxSegments::finish(JXOutboxSegment& segment) {
   }
 }
 
-void JXOutboxSegments::finishCurrent() {
+void JXOutboxSegments::finishCurrent() noexcept {
   if (current_ == nullptr || current_->live() != 0) return;
   JXOutboxSegment& finished = *current_;
   current_ = nullptr;
-  drop(finished);
+  try {
+    drop(finished);
+  } catch (...) {
+    // Out of memory: `retry` deletes the file.
+  }
 }
 
 void JXOutboxSegments::drop(JXOutboxSegment& segment) {
@@ -233,6 +261,7 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
+  marked.reserve(segments_.size());
   // The deletion of segments also changes the folder, repeatedly while a long queue is delivered.
   std::vector<std::string> names;
   const auto isMark = [](const std::string& name) {
@@ -321,6 +350,7 @@ JXOutboxSegment* JXOutboxSegments::toRetire() const {
 
 std::vector<std::uint64_t> JXOutboxSegments::takeDirty() {
   std::vector<std::uint64_t> dirty;
+  dirty.reserve(segments_.size());
   for (const auto& segment : segments_) {
     if (segment->dirty && !segment->lost) dirty.push_back(segment->number());
     segment->dirty = false;

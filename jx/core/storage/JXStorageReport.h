@@ -34,18 +34,21 @@ class JXStorageReport {
 
   /// Reports that `action` (a verb phrase such as "append a request") failed with the errno value
   /// `error`.
-  void failed(const char* action, int error);
+  void failed(const char* action, int error) noexcept;
   /// Reports that damaged data of the file `path` was quarantined.
-  void damaged(const std::string& path);
+  void damaged(const std::string& path) noexcept;
+  /// Reports that an event was dropped because memory is exhausted. The message is created as soon
+  /// as there is memory for it.
+  void outOfMemory() noexcept;
   /// Reports that the operations of this storage succeed again. A cause that no other storage
   /// reports is over: its next failure is logged again.
-  void recovered();
+  void recovered() noexcept;
 
   std::uint64_t failures() const { return failures_; }
   std::uint64_t damagedFiles() const { return damagedFiles_; }
 
   /// Returns the messages since the last call.
-  std::vector<Message> takeMessages() { return std::exchange(messages_, {}); }
+  std::vector<Message> takeMessages() noexcept;
   /// Logs the messages. Call it without the owner's lock.
   static void log(const std::vector<Message>& messages);
 
@@ -55,6 +58,9 @@ class JXStorageReport {
   std::vector<Message> messages_;
   std::uint64_t failures_ = 0;
   std::uint64_t damagedFiles_ = 0;
+  bool isOutOfMemory_ = false;  ///< reported, until `recovered` is called twice without another
+  bool ranOut_ = false;         ///< since the last `recovered`
+  bool owesMessage_ = false;    ///< of `outOfMemory`
 };
 
 /// Locks a storage. Its destructor logs the messages of the report after releasing the lock,

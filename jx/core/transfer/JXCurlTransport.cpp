@@ -137,6 +137,9 @@ class JXCurlTransport::Implementation {
       return reject(std::move(exchange), false, "libcurl does not support a required TLS setting");
     }
     prepareRequest(*exchange);
+    // A result must not be lost because there is no memory for it.
+    ready_.reserve(ready_.size() + active_.size() + 1);
+    free_.reserve(free_.size() + active_.size() + 1);
     active_.push_back(std::move(exchange));
     if (sockets_.isShut()) return;  // until abortAll
     Exchange& started = *active_.back();
@@ -145,6 +148,8 @@ class JXCurlTransport::Implementation {
   }
 
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
+    std::vector<JXHttpResult> results;
+    results.reserve(active_.size());
     if (!sockets_.isShut()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
       const auto longest = milliseconds(INT_MAX);
@@ -155,7 +160,7 @@ class JXCurlTransport::Implementation {
       }
       if (!sockets_.isShut()) perform();
     }
-    std::vector<JXHttpResult> results = std::exchange(ready_, {});
+    results.swap(ready_);
     if (sockets_.isShut()) removeUnanswered(results);
     return results;
   }
@@ -323,7 +328,7 @@ class JXCurlTransport::Implementation {
     }
   }
 
-  void finish(Exchange& exchange, CURLcode code) {
+  void finish(Exchange& exchange, CURLcode code) noexcept {
     curl_multi_remove_handle(multi_, exchange.easy);
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
@@ -332,7 +337,7 @@ class JXCurlTransport::Implementation {
       result.retryAfter = exchange.response.retryAfter();
       result.date = exchange.response.date();
     } else {
-      result.reason = describe(code, exchange, options_);
+      result.reason = describedIfPossible(code, exchange);
     }
     result.request = std::move(exchange.request);
     ready_.push_back(std::move(result));
@@ -341,6 +346,14 @@ class JXCurlTransport::Implementation {
     free_.push_back(std::move(*at));
     active_.erase(at);
     if (code != CURLE_OK && active_.empty()) sockets_.forgetUnconnected();
+  }
+
+  std::string describedIfPossible(CURLcode code, const Exchange& exchange) const noexcept {
+    try {
+      return describe(code, exchange, options_);
+    } catch (...) {
+      return {};  // out of memory
+    }
   }
 
   const JXHttpOptions options_;

@@ -35,8 +35,12 @@ void guarded(const char* failure, const char* consequence, Operation&& operation
   try {
     operation();
   } catch (const std::exception& error) {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        std::string(failure) + ": " + error.what() + "; " + consequence, 3);
+    try {
+      JXLogger::sharedInstance().logMessage_withLevel(
+          std::string(failure) + ": " + error.what() + "; " + consequence, 3);
+    } catch (...) {
+      JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
+    }
   } catch (...) {
     JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
   }
@@ -246,6 +250,12 @@ void JXNetworkManager::enqueue(std::string_view url, std::string_view body, cons
   });
 }
 
+bool JXNetworkManager::dropOutOfMemory() noexcept {
+  const std::shared_ptr<JXTransfer> transfer = isIgnored() ? nullptr : this->transfer();
+  if (transfer) transfer->dropOutOfMemory({});
+  return transfer != nullptr;
+}
+
 void JXNetworkManager::onBackground() {
   if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -308,7 +318,6 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
     transfer->setFilter(consent_->filter(), consent_->isPaused());
     transfer->setInBackground(inBackground_ && !runsInBackground_);
-    transfer->start();
     transfer_ = std::move(transfer);
     // Registered after libcurl and its dependencies were initialised above, so that the thread ends
     // before they are cleaned up.
@@ -319,6 +328,8 @@ void JXNetworkManager::start(JXTransferSetup setup) {
       guarded("Stopping the transfer thread failed", "process exit continues",
               [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
     });
+    guarded("Creating the transfer thread failed", "requests stay queued until it succeeds",
+            [this] { transfer_->start(); });
   });
 }
 
