@@ -221,6 +221,24 @@ TEST_P(OutboxMemory, TakesAndAcknowledgesEachRequestOnceAtEachFailingAllocation)
   EXPECT_GE(failures, 10u);
 }
 
+TEST_P(OutboxMemory, WritesEachDeadLetterOnce) {
+  const auto outbox = openIn("outbox");
+  Bodies bodies;
+  // Each allocation of a rejection fails for some of them.
+  for (std::size_t i = 0; i < 250; ++i) {
+    bodies.push_back(event(std::to_string(i)));
+    add(*outbox, bodies.back());
+    const auto request = outbox->take();
+    ASSERT_TRUE(request);
+    {
+      const FailingMemory memory(i % 10, GetParam());
+      EXPECT_TRUE(outbox->moveToDeadLetters(request->id, 400));
+    }
+    outbox->sync();
+  }
+  EXPECT_EQ(dead(), bodies);
+}
+
 TEST_P(OutboxMemory, PurgesAllRequestsAtEachFailingAllocation) {
   const std::size_t failures = forEachAllocation([&](std::size_t succeeding) {
     const std::string name = std::to_string(succeeding);

@@ -20,6 +20,17 @@ namespace {
 constexpr int kOpenAttempts = 3;
 constexpr const char* kRewriteSuffix = ".new";
 
+// Closes the file, which releases its lock, also after an exception.
+struct Unlocking {
+  explicit Unlocking(JXJournal& journal) : journal_(journal) {}
+  ~Unlocking() { journal_.close(); }
+  Unlocking(const Unlocking&) = delete;
+  Unlocking& operator=(const Unlocking&) = delete;
+
+ private:
+  JXJournal& journal_;
+};
+
 }  // namespace
 
 JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::uint64_t maxBytes,
@@ -34,6 +45,7 @@ JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::u
 int JXDeadLetters::append(const JXOutboxRequest& request, int status, std::int64_t nowMs) {
   if (keep_ == 0) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
+  const Unlocking unlocking(journal_);
   int error = lockFile(JXFile::Access::Append);
   if (error != 0) return error;
   const std::uint64_t size = sizeWith(request);
@@ -66,6 +78,7 @@ void JXDeadLetters::closeFile() {
 
 int JXDeadLetters::removeExpired(std::int64_t nowMs) {
   const std::lock_guard<std::mutex> lock(mutex_);
+  const Unlocking unlocking(journal_);
   const int lockError = lockFile(JXFile::Access::AppendExisting);
   const bool isMissing = lockError == ENOENT || lockError == ENOTDIR;
   if (lockError != 0 && !isMissing) return lockError;
@@ -125,12 +138,15 @@ int JXDeadLetters::readLocations() {
 int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status) {
   const JXDeadLetterHead head = encodeDeadLetterHead(request.url, request.createdMs, status,
                                                      static_cast<std::uint32_t>(keep_));
-  std::uint64_t offset = 0;
-  const int error =
-      journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
-  if (error != 0) return error;
+  // Before the write, so that it is not repeated when there is no memory.
   locations_.push_back(
-      {offset, head.size() + request.url.size() + request.body.size(), request.createdMs});
+      {0, head.size() + request.url.size() + request.body.size(), request.createdMs});
+  const int error = journal_.append({{head.data(), head.size()}, request.url, request.body},
+                                    &locations_.back().offset);
+  if (error != 0) {
+    locations_.pop_back();
+    return error;
+  }
   dirty_ = true;
   return 0;
 }
