@@ -33,6 +33,9 @@ FORWARDED = {
      'subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file"'):
         lambda tree: tree.storage_subjects(),
     ("jx/core/storage/JXStorageReport.cpp",
+     'subject_ + ": old quarantined files deleted: limit of number, size or age"'):
+        lambda tree: tree.storage_subjects(),
+    ("jx/core/storage/JXStorageReport.cpp",
      'subject_ + ": cannot queue an event: out of memory; event dropped"'):
         lambda tree: tree.storage_subjects("jx/core/storage/JXOutbox.cpp"),
     ("jx/c/internal/JXCall.cpp", 'std::string(operation) + ": " + detail'):

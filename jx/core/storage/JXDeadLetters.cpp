@@ -131,7 +131,8 @@ int JXDeadLetters::readLocations() {
         locations_.push_back(
             {frame.offset, frame.payload.size(), decodeRecord(frame.payload).createdMs});
       });
-  damaged_ = damaged_ || recovery.quarantined;
+  quarantined_.copied = quarantined_.copied || recovery.quarantined.copied;
+  quarantined_.deleted += recovery.quarantined.deleted;
   return 0;
 }
 
@@ -216,9 +217,9 @@ int JXDeadLetters::clear() {
   return error != 0 ? error : copyError;
 }
 
-bool JXDeadLetters::takeDamaged() {
+JXQuarantined JXDeadLetters::takeQuarantined() {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return std::exchange(damaged_, false);
+  return std::exchange(quarantined_, {});
 }
 
 }  // namespace jx

@@ -39,8 +39,8 @@ class JXDeadLetters {
   bool mayExist() const;
   /// Deletes the file, and the remains of an interrupted deletion.
   int clear();
-  /// Returns true once after damaged data of the file was quarantined.
-  bool takeDamaged();
+  /// Returns what was quarantined since the last call.
+  JXQuarantined takeQuarantined();
 
   const std::string& path() const { return path_; }
 
@@ -69,7 +69,7 @@ class JXDeadLetters {
   std::deque<Location> locations_;  ///< of the frames in the file
   std::uint64_t knownSize_ = 0;     ///< file size for which `locations_` is valid
   bool dirty_ = false;
-  bool damaged_ = false;
+  JXQuarantined quarantined_;  ///< not taken yet
 };
 
 }  // namespace jx

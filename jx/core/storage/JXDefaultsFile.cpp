@@ -225,7 +225,7 @@ bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
       journal.recover(writers, [&](const JXFrame& frame) { apply(frame.payload, content); });
   journal.setWriters(JXJournal::Writers::Several);
   if (recovery.error != 0) report_.failed("read the file", recovery.error);
-  if (recovery.quarantined) report_.damaged(path_);
+  report_.quarantined(path_, recovery.quarantined);
   damaged_ = recovery.damageRemains;
   return recovery.error == 0;
 }

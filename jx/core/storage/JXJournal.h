@@ -8,6 +8,7 @@
 
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFrame.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 
@@ -32,7 +33,7 @@ class JXJournal {
   struct Recovery {
     int error = 0;               ///< errno value of a failed read, quarantine or truncation
     bool damageRemains = false;  ///< the file still contains bytes that belong to no frame
-    bool quarantined = false;    ///< damaged bytes were copied to a quarantine file by this call
+    JXQuarantined quarantined;   ///< by this call
   };
 
   JXJournal() = default;

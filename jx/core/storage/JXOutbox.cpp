@@ -252,13 +252,19 @@ void JXOutbox::removeExpiredFiles() {
   // Another process is writing the file; the next `sync` tries again.
   if (error == EWOULDBLOCK) return;
   reportError("delete expired dead letters", error);
+  JXQuarantined expired;
   reportError("delete expired quarantined files",
-              removeExpiredQuarantinedFiles(segments_.path(), nowMs, maxAge_));
-  locked([&] { hasUncheckedFiles_ = false; });
+              removeExpiredQuarantinedFiles(segments_.path(), nowMs, maxAge_, expired.deleted));
+  locked([&] {
+    report_.quarantined(segments_.path(), expired);
+    hasUncheckedFiles_ = false;
+  });
 }
 
 void JXOutbox::reportDamagedDeadLetters() {
-  if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
+  const JXQuarantined quarantined = dead_.takeQuarantined();
+  if (!quarantined.copied && quarantined.deleted == 0) return;
+  locked([&] { report_.quarantined(dead_.path(), quarantined); });
 }
 
 void JXOutbox::reportError(const char* action, int error) {

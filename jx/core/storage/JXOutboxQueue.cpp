@@ -287,10 +287,10 @@ void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
     index_.remove(entry);
     return;
   }
-  bool copied = false;
-  const int copyError = entry.segment->quarantineRequest(entry.offset, entry.bytes, copied);
+  JXQuarantined quarantined;
+  const int copyError = entry.segment->quarantineRequest(entry.offset, entry.bytes, quarantined);
   if (copyError != 0) report_.failed("quarantine a damaged request", copyError);
-  if (copied) report_.damaged(entry.segment->path());
+  report_.quarantined(entry.segment->path(), quarantined);
   drop(entry, JXDropReason::Unreadable);
   segments_.finishModified();
 }
@@ -370,6 +370,7 @@ JXOutboxCounters JXOutboxQueue::counters() const {
   JXOutboxCounters counters = counters_;
   counters.storageErrors = report_.failures();
   counters.damaged = report_.damagedFiles();
+  counters.quarantinedDeleted = report_.deletedQuarantineFiles();
   counters.queued = index_.count() - rejected_.size();
   counters.queuedBytes = index_.bytes() - rejectedBytes_;
   counters.inMemory = memory_.size() + segments_.lostRequests();

@@ -358,12 +358,12 @@ int JXOutboxSegment::writeAcknowledgements() {
   return 0;
 }
 
-int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) {
-  copied = false;
+int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes,
+                                       JXQuarantined& quarantined) {
   const int error = ensureOpen();
   if (error != 0) return error;
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
-  return quarantine(journal_.file(), path(), {{offset, length}}, false, copied);
+  return quarantine(journal_.file(), path(), {{offset, length}}, false, quarantined);
 }
 
 JXFile JXOutboxSegment::fileToSync(int& error) const {

@@ -95,9 +95,8 @@ class JXOutboxSegment {
   void acknowledge(std::uint32_t offset) noexcept;
   /// Writes all unwritten acknowledgements as one frame.
   int writeAcknowledgements();
-  /// Copies the bytes of a damaged request to a quarantine file. `copied` receives false when that
-  /// file exists already.
-  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied);
+  /// Copies the bytes of a damaged request to a quarantine file, unless that file exists already.
+  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, JXQuarantined& quarantined);
   /// Returns the open file for a sync without the owner's lock; closed if it cannot be opened.
   JXFile fileToSync(int& error) const;
   /// Deletes the file.

@@ -55,7 +55,7 @@ void JXOutboxSegments::adoptAll(
     auto segment = JXOutboxSegment::adopt(opened_, number, open_, hosts, requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
-    if (recovery.quarantined) report_.damaged(segment->path());
+    report_.quarantined(segment->path(), recovery.quarantined);
     segments_.reserve(segments_.size() + 1);
     adopted(requests);
     segments_.push_back(std::move(segment));
@@ -127,11 +127,11 @@ void JXOutboxSegments::renumber(std::vector<std::uint64_t>& numbers) {
 
 void JXOutboxSegments::quarantineUnread(std::uint64_t number) {
   const std::string name = JXOutboxSegment::nameOf(number);
-  const int error = quarantineFile(*opened_.folder, name);
-  if (error != 0)
-    report_.failed("quarantine a segment that is too large", error);
-  else
-    report_.damaged(opened_.folder->pathOf(name));
+  JXQuarantined quarantined;
+  const int error = quarantineFile(*opened_.folder, name, quarantined.deleted);
+  quarantined.copied = error == 0;
+  if (error != 0) report_.failed("quarantine a segment that is too large", error);
+  report_.quarantined(opened_.folder->pathOf(name), quarantined);
 }
 
 // Returns the number after the largest one; after the very largest, the first that is free. Not a

@@ -72,11 +72,20 @@ void JXStorageReport::recovered() noexcept {
   }
 }
 
-void JXStorageReport::damaged(const std::string& path) noexcept {
-  ++damagedFiles_;
+void JXStorageReport::quarantined(const std::string& path,
+                                  const JXQuarantined& quarantined) noexcept {
+  if (quarantined.copied) ++damagedFiles_;
+  deletedFiles_ += quarantined.deleted;
   try {
-    messages_.push_back(
-        {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
+    if (quarantined.copied) {
+      messages_.push_back(
+          {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
+    }
+    if (quarantined.deleted != 0 && !hasLoggedDeletion_) {
+      messages_.push_back(
+          {subject_ + ": old quarantined files deleted: limit of number, size or age", 3});
+      hasLoggedDeletion_ = true;
+    }
   } catch (...) {
     // Out of memory: it is only counted.
   }

@@ -340,6 +340,7 @@ TEST_F(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
     bytes += entry.file_size();
   EXPECT_LE(bytes, kJXMaxQuarantinedBytes);
   EXPECT_EQ(filesNamed(state_ + "/outbox", ".damaged-"), 2u);
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 4u);
 }
 
 TEST_F(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
