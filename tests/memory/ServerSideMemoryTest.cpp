@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -12,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "jx/c/jx_delivery.h"
 #include "jx/core/JXCoreConfiguration.h"
 #include "jx/core/storage/JXEventId.h"
 #include "jx/core/transfer/JXNetworkManager.h"
@@ -141,9 +143,37 @@ TEST_P(ServerSideMemory, DeliversOrReportsEachEventAtEachFailingAllocation) {
   const JXOutboxCounters counters = JXNetworkManager::sharedInstance().counters().outbox;
   EXPECT_EQ(counters.added, delivered.size());
   EXPECT_EQ(counters.droppedOutOfMemory, dropped);
+  jx_counters inC{};
+  EXPECT_EQ(jx_counters_get(&inC, sizeof inC), JX_OK);
+  EXPECT_EQ(inC.dropped_out_of_memory, dropped);
+  // A program that does not know the counter.
+  jx_counters shorter{};
+  EXPECT_EQ(jx_counters_get(&shorter, offsetof(jx_counters, dropped_out_of_memory)), JX_OK);
+  EXPECT_EQ(shorter.added, delivered.size());
+  EXPECT_EQ(shorter.dropped_out_of_memory, 0u);
   EXPECT_EQ(logged("execute() failed"), 0u);
   EXPECT_GE(logged("cannot queue an event: out of memory; event dropped"), 1u);
   EXPECT_LT(logged("cannot queue an event: out of memory; event dropped"), dropped);
+}
+
+TEST_P(ServerSideMemory, StopsAtEachFailingAllocation) {
+  const auto serverSide = ServerSide::initWithSiteID_andSourceKey(1, "key");
+  JXNetworkManager& manager = JXNetworkManager::sharedInstance();
+  std::size_t rounds = 0;
+  for (bool hasFailed = true; hasFailed && rounds < 1'000; ++rounds) {
+    {
+      const FailingMemory memory(rounds, GetParam());
+      manager.decide(false);
+      hasFailed = memory.hasFailed();
+    }
+    EXPECT_TRUE(manager.counters().paused) << rounds;
+    serverSide->execute(JXCustomEvent::initWithName("held"));
+    EXPECT_FALSE(manager.flush(std::chrono::milliseconds(1)));
+    EXPECT_EQ(server_->ids.all().size(), rounds);
+    manager.decide(true);
+    ASSERT_TRUE(deliveries_->waitFor(rounds + 1));
+  }
+  EXPECT_GE(rounds, 3u);
 }
 
 TEST_F(ServerSideMemory, DestroysAServerSideWithoutMemory) {

@@ -15,6 +15,7 @@
 namespace jx {
 
 class JXConsentGate;
+class JXSendFilter;
 class JXStopMarks;
 class JXTransfer;
 struct JXTransferSetup;
@@ -119,6 +120,7 @@ class JX_API JXNetworkManager {
   auto withTransfer(Operation operation) const;
   std::uint16_t mostStops(std::string_view url) const;
   void beginStoring();
+  std::shared_ptr<const JXSendFilter> stoppedFilter() const noexcept;
   void applyConsent(bool stops);
   void applyBackground();
 
@@ -129,6 +131,7 @@ class JX_API JXNetworkManager {
   std::function<void()> beginStoring_;                           // set once, by the start
   bool hasMarks_ = false;
   const std::unique_ptr<JXConsentGate> consent_;
+  const std::shared_ptr<const JXSendFilter> nothing_;
   std::uint64_t decisions_ = 0;
   int managerState_ = 0;
   bool ignoresStops_ = false;
