@@ -26,6 +26,7 @@ static_assert(static_cast<int>(JXDropReason::TooOld) == JX_DROP_TOO_OLD);
 static_assert(static_cast<int>(JXDropReason::NoStorage) == JX_DROP_NO_STORAGE);
 static_assert(static_cast<int>(JXDropReason::Unreadable) == JX_DROP_UNREADABLE);
 static_assert(static_cast<int>(JXDropReason::Purged) == JX_DROP_PURGED);
+static_assert(static_cast<int>(JXDropReason::OutOfMemory) == JX_DROP_OUT_OF_MEMORY);
 
 jx_counters inC(const jx::JXDeliveryCounters& counters) {
   const jx::JXOutboxCounters& outbox = counters.outbox;
@@ -47,6 +48,8 @@ jx_counters inC(const jx::JXDeliveryCounters& counters) {
   c.attempts = counters.attempts;
   c.failures = counters.failures;
   c.paused = counters.paused;
+  c.dropped_out_of_memory = outbox.droppedOutOfMemory;
+  c.quarantined_deleted = outbox.quarantinedDeleted;
   return c;
 }
 

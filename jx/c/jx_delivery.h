@@ -22,13 +22,14 @@ typedef enum jx_outcome {
 
 /// Reason why a request left the queue without a response.
 typedef enum jx_drop_reason {
-  JX_DROP_NONE = 0,        ///< not dropped
-  JX_DROP_TOO_MANY = 1,    ///< the oldest request exceeded `max_requests`
-  JX_DROP_TOO_LARGE = 2,   ///< the oldest request, or a single one, exceeded `max_bytes`
-  JX_DROP_TOO_OLD = 3,     ///< the request exceeded `max_age_ms`
-  JX_DROP_NO_STORAGE = 4,  ///< writes failed, and `max_in_memory` was reached
-  JX_DROP_UNREADABLE = 5,  ///< its stored data is damaged
-  JX_DROP_PURGED = 6       ///< removed by a purge
+  JX_DROP_NONE = 0,          ///< not dropped
+  JX_DROP_TOO_MANY = 1,      ///< the oldest request exceeded `max_requests`
+  JX_DROP_TOO_LARGE = 2,     ///< the oldest request, or a single one, exceeded `max_bytes`
+  JX_DROP_TOO_OLD = 3,       ///< the request exceeded `max_age_ms`
+  JX_DROP_NO_STORAGE = 4,    ///< writes failed, and `max_in_memory` was reached
+  JX_DROP_UNREADABLE = 5,    ///< its stored data is damaged
+  JX_DROP_PURGED = 6,        ///< removed by a purge
+  JX_DROP_OUT_OF_MEMORY = 7  ///< memory was exhausted before the event was stored
 } jx_drop_reason;
 
 /// Reports the outcome of one request.
@@ -65,6 +66,8 @@ typedef struct jx_counters {
   uint64_t attempts;            ///< attempts that were started
   uint64_t failures;            ///< attempts that ended without a final response
   bool paused;  ///< true while delivery is paused: consent, background or user agent
+  uint64_t dropped_out_of_memory;  ///< not queued because memory was exhausted
+  uint64_t quarantined_deleted;  ///< quarantined files deleted because of their number, size or age
 } jx_counters;
 
 /// Fills in the counters. `struct_size` must be `sizeof(jx_counters)`. Returns JX_ERROR_STRUCT_SIZE

@@ -182,8 +182,9 @@ std::function<void(std::function<void()>)> JXCoreServices::userAgentRequest() {
 // Runs once, on the transfer thread. The outbox removes the quarantined files of its own folder.
 void JXCoreServices::removeExpiredQuarantinedDefaults() {
   if (defaultsFile_ == nullptr || std::exchange(quarantineIsChecked_, true)) return;
+  std::size_t deleted = 0;
   removeExpiredQuarantinedFiles(storageFolder_.toStdString(), clock_->nowMs(),
-                                configuration_.outboxBounds.maxAge);
+                                configuration_.outboxBounds.maxAge, deleted);
 }
 
 void JXCoreServices::startTransfer() {

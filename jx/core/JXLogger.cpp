@@ -3,6 +3,7 @@
 #include "jx/core/JXLogger.h"
 
 #include <cstdio>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,7 +35,9 @@ void writeToStandardError(int level, std::string_view message) {
 
 JXLogger& JXLogger::sharedInstance() {
   // Never destroyed: the application may log from its own static destructors.
-  static JXLogger* const instance = new JXLogger();
+  // Not allocated: destructors log when memory is exhausted.
+  alignas(JXLogger) static unsigned char memory[sizeof(JXLogger)];
+  static JXLogger* const instance = new (memory) JXLogger();
   return *instance;
 }
 

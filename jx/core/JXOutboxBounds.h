@@ -36,7 +36,8 @@ enum class JXDropReason {
   TooOld,      ///< the request exceeded maxAge
   NoStorage,   ///< the request could not be stored, and maxInMemory left no room for it
   Unreadable,  ///< the stored bytes of the request are damaged
-  Purged       ///< removed by a purge
+  Purged,      ///< removed by a purge
+  OutOfMemory  ///< memory was exhausted before the event was stored
 };
 
 /// Number of requests per outcome since this outbox was opened, and the current queue size.
@@ -60,6 +61,10 @@ struct JX_API JXOutboxCounters {
   /// Sum of the bodies and URLs of the queued requests, in bytes.
   std::uint64_t queuedBytes = 0;
   std::uint64_t inMemory = 0;  ///< queued requests that are not stored on disk yet
+  /// Events that were not queued because memory was exhausted.
+  std::uint64_t droppedOutOfMemory = 0;
+  /// Quarantined files that were deleted because of their number, size or age.
+  std::uint64_t quarantinedDeleted = 0;
 };
 
 }  // namespace jx

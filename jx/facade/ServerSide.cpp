@@ -3,6 +3,7 @@
 #include "jx/facade/ServerSide.h"
 
 #include <exception>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -181,20 +182,31 @@ void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
 }
 
 void ServerSide::send(JXEvent& event, std::int32_t state) {
-  const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
-  if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
-  if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
   JXNewSessionClaim claim;
-  const JXString body = JXPostData::executionBody(event, state, claim);
-  if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
-  JXJsonObject userInfo;
-  userInfo.set(kJXUserInfo_URLKey, url());
-  userInfo.set(kJXUserInfo_POSTData, body);
+  JXJsonObject userInfo(nullptr);
+  try {
+    userInfo = compose(event, state, claim);
+  } catch (const std::bad_alloc&) {
+    if (JXNetworkManager::sharedInstance().dropOutOfMemory()) return;
+    throw;
+  }
   if (const auto sender = senderDelegate()) {
     sender->send({kJXNotification_HTTPRequest, this, userInfo});
   }
   claim.keep();
   mirrorToFirebase(event);
+}
+
+JXJsonObject ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
+  const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
+  if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
+  if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
+  const JXString body = JXPostData::executionBody(event, state, claim);
+  if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
+  JXJsonObject userInfo;
+  userInfo.set(kJXUserInfo_URLKey, url());
+  userInfo.set(kJXUserInfo_POSTData, body);
+  return userInfo;
 }
 
 void ServerSide::mirrorToFirebase(const JXEvent& event) {

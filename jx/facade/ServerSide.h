@@ -20,6 +20,7 @@
 
 namespace jx {
 
+class JXNewSessionClaim;
 enum class JXStartState;
 
 /// Specifies whether events are sent.
@@ -177,6 +178,7 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   JXStartState setInitialState();
   bool applyDecision(const JXNotification& notification, std::int32_t state);
   void send(JXEvent& event, std::int32_t state);
+  JXJsonObject compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim);
   void mirrorToFirebase(const JXEvent& event);
 
   template <typename Value>

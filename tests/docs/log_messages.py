@@ -32,6 +32,12 @@ FORWARDED = {
     ("jx/core/storage/JXStorageReport.cpp",
      'subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file"'):
         lambda tree: tree.storage_subjects(),
+    ("jx/core/storage/JXStorageReport.cpp",
+     'subject_ + ": old quarantined files deleted: limit of number, size or age"'):
+        lambda tree: tree.storage_subjects(),
+    ("jx/core/storage/JXStorageReport.cpp",
+     'subject_ + ": cannot queue an event: out of memory; event dropped"'):
+        lambda tree: tree.storage_subjects("jx/core/storage/JXOutbox.cpp"),
     ("jx/c/internal/JXCall.cpp", 'std::string(operation) + ": " + detail'):
         lambda tree: tree.c_details(),
 }
@@ -244,10 +250,12 @@ class Tree:
             yield {"file": file, "position": match.start(), "text": text,
                    "level": re.fullmatch(r"\s*endpoint\.messageLevel = (\d)", level).group(1)}
 
-    def storage_subjects(self):
-        """Yields the file of each storage with the subject of its messages."""
+    def storage_subjects(self, only=None):
+        """Yields the file of each storage, or only of one, with the subject of its messages."""
         found = False
         for file, text in self.sources.items():
+            if only not in (None, file):
+                continue
             for match in re.finditer(r"\breport_\((?=\")", text):
                 found = True
                 subject = split_at_top_level(in_brackets(text, match.end() - 1), ",")[0]

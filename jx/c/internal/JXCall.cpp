@@ -43,14 +43,16 @@ bool isIgnored(const char* operation) noexcept {
 jx_status report(const char* operation, const Result& result) noexcept {
   if (result.status == JX_OK) return JX_OK;
   try {
-    const std::string detail =
-        result.detail.empty() ? jx_status_string(result.status) : result.detail;
-    keepDetail(detail);
+    // Stored first, because that needs no memory.
+    const std::string_view stored =
+        result.detail.empty() ? std::string_view(jx_status_string(result.status)) : result.detail;
+    keepDetail(stored);
     if (!isExpectedResult(result.status)) {
+      const std::string detail(stored);
       JXLogger::sharedInstance().logMessage_withLevel(std::string(operation) + ": " + detail, 3);
     }
   } catch (...) {
-    // Out of memory for the detail: the status is still returned.
+    // Out of memory for the message: the status is still returned.
     JXLogger::sharedInstance().logMessage_withLevel(operation, 3);
   }
   return result.status;

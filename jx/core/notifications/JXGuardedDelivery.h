@@ -12,17 +12,21 @@ namespace jx {
 /// Calls an observer of the notification. Logs its exceptions at level 3, so that they affect
 /// neither the poster nor the other observers.
 template <typename Call>
-void deliverGuarded(const JXNotification& notification, Call&& call) {
+void deliverGuarded(const JXNotification& notification, Call&& call) noexcept {
+  JXLogger& logger = JXLogger::sharedInstance();
   try {
-    call();
-  } catch (const std::exception& error) {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        "Observer of \"" + notification.name.toStdString() +
-            "\" threw an exception: " + error.what() + "; ignored",
-        3);
+    try {
+      call();
+    } catch (const std::exception& error) {
+      logger.logMessage_withLevel("Observer of \"" + notification.name.toStdString() +
+                                      "\" threw an exception: " + error.what() + "; ignored",
+                                  3);
+    } catch (...) {
+      logger.logMessage_withLevel(
+          "Observer of \"" + notification.name.toStdString() + "\" threw an exception; ignored", 3);
+    }
   } catch (...) {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        "Observer of \"" + notification.name.toStdString() + "\" threw an exception; ignored", 3);
+    // Out of memory for the message.
   }
 }
 

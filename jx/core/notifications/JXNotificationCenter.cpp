@@ -3,6 +3,7 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 
 #include <atomic>
+#include <new>
 #include <utility>
 
 #include "jx/core/JXForkedChild.h"
@@ -47,15 +48,18 @@ void JXNotificationCenter::removeWhere(Predicate predicate) {
   // Not logged: destructors remove their observers.
   if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
-  auto changed = std::make_shared<Registrations>();
   for (const auto& registration : *registrations_) {
-    if (predicate(*registration)) {
-      registration->ended = true;
-    } else {
-      changed->push_back(registration);
-    }
+    if (predicate(*registration)) registration->ended = true;
   }
-  registrations_ = std::move(changed);
+  try {
+    auto changed = std::make_shared<Registrations>();
+    for (const auto& registration : *registrations_) {
+      if (!registration->ended) changed->push_back(registration);
+    }
+    registrations_ = std::move(changed);
+  } catch (const std::bad_alloc&) {
+    // The next call removes the registrations that have ended.
+  }
 }
 
 void JXNotificationCenter::removeObserver(const void* observer) {

@@ -3,6 +3,7 @@
 #include "jx/core/notifications/JXNotificationHub.h"
 
 #include <algorithm>
+#include <new>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
@@ -54,9 +55,13 @@ void JXNotificationHub::add(const std::shared_ptr<JXEventListener::State>& liste
 void JXNotificationHub::remove(const std::shared_ptr<JXEventListener::State>& listener) {
   if (JXForkedChild::isCurrent()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
-  auto changed = std::make_shared<Listeners>(*listeners_);
-  changed->erase(std::remove(changed->begin(), changed->end(), listener), changed->end());
-  listeners_ = std::move(changed);
+  try {
+    auto changed = std::make_shared<Listeners>(*listeners_);
+    changed->erase(std::remove(changed->begin(), changed->end(), listener), changed->end());
+    listeners_ = std::move(changed);
+  } catch (const std::bad_alloc&) {
+    // It stays, without a parent to be called: a destructor must not throw.
+  }
 }
 
 void JXNotificationHub::received(const JXNotification& notification,

@@ -21,6 +21,17 @@ namespace {
 constexpr int kOpenAttempts = 3;
 constexpr const char* kRewriteSuffix = ".new";
 
+// Closes the file, which releases its lock, also after an exception.
+struct Unlocking {
+  explicit Unlocking(JXJournal& journal) : journal_(journal) {}
+  ~Unlocking() { journal_.close(); }
+  Unlocking(const Unlocking&) = delete;
+  Unlocking& operator=(const Unlocking&) = delete;
+
+ private:
+  JXJournal& journal_;
+};
+
 }  // namespace
 
 JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::uint64_t maxBytes,
@@ -35,6 +46,7 @@ JXDeadLetters::JXDeadLetters(const std::string& folder, std::size_t keep, std::u
 int JXDeadLetters::append(const JXOutboxRequest& request, int status, const JXStoredTime& now) {
   if (keep_ == 0) return 0;
   const std::lock_guard<std::mutex> lock(mutex_);
+  const Unlocking unlocking(journal_);
   int error = lockFile(JXFile::Access::Append, now);
   if (error != 0) return error;
   const std::uint64_t size = sizeWith(request);
@@ -67,6 +79,7 @@ void JXDeadLetters::closeFile() {
 
 int JXDeadLetters::removeExpired(const JXStoredTime& now) {
   const std::lock_guard<std::mutex> lock(mutex_);
+  const Unlocking unlocking(journal_);
   const int lockError = lockFile(JXFile::Access::AppendExisting, now);
   const bool isMissing = lockError == ENOENT || lockError == ENOTDIR;
   if (lockError != 0 && !isMissing) return lockError;
@@ -114,13 +127,14 @@ int JXDeadLetters::readLocations(const JXStoredTime& now) {
   if (error != 0 || size == knownSize_) return error;
   locations_.clear();
   JXRecordTimes times(now);
-  const JXJournal::Recovery recovery = journal_.recover(JXJournal::Writers::One, [&](const JXFrame&
-                                                                                         frame) {
+  const auto visit = [&](const JXFrame& frame) {
     const JXOutboxRecord record = decodeRecord(frame.payload);
     if (record.kind == JXRecordKind::Time) return times.add(record.time);
     locations_.push_back({frame.offset, frame.payload.size(), times.runningMs(record.createdMs)});
-  });
-  damaged_ = damaged_ || recovery.quarantined;
+  };
+  const JXJournal::Recovery recovery = journal_.recover(JXJournal::Writers::One, visit);
+  quarantined_.copied = quarantined_.copied || recovery.quarantined.copied;
+  quarantined_.deleted += recovery.quarantined.deleted;
   timeOffset_ = times.offset();
   bool needsTime = false;
   for (Location& each : locations_) {
@@ -136,7 +150,7 @@ int JXDeadLetters::readLocations(const JXStoredTime& now) {
 int JXDeadLetters::appendTime(JXJournal& journal, const JXStoredTime& time) {
   if (time.series == 0 || !needsStoredTime(timeOffset_, time)) return 0;
   const int error = journal.append({encodeTime(time)}, nullptr);
-  if (error == 0) timeOffset_ = time.dayMs - time.runningMs;
+  if (error == 0) timeOffset_ = offsetOf(time);
   dirty_ = true;
   return error;
 }
@@ -144,14 +158,16 @@ int JXDeadLetters::appendTime(JXJournal& journal, const JXStoredTime& time) {
 int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status, std::uint64_t series) {
   const JXDeadLetterHead head = encodeDeadLetterHead(request.url, request.createdMs, status,
                                                      static_cast<std::uint32_t>(keep_));
-  std::uint64_t offset = 0;
   int error = appendTime(journal_, {series, request.createdMs, request.bornMs, 0, 0});
-  if (error == 0) {
-    error = journal_.append({{head.data(), head.size()}, request.url, request.body}, &offset);
-  }
   if (error != 0) return error;
-  locations_.push_back(
-      {offset, head.size() + request.url.size() + request.body.size(), request.bornMs});
+  // Before the write, so that it is not repeated when there is no memory.
+  locations_.push_back({0, head.size() + request.url.size() + request.body.size(), request.bornMs});
+  error = journal_.append({{head.data(), head.size()}, request.url, request.body},
+                          &locations_.back().offset);
+  if (error != 0) {
+    locations_.pop_back();
+    return error;
+  }
   dirty_ = true;
   return 0;
 }
@@ -227,9 +243,9 @@ int JXDeadLetters::clear() {
   return error != 0 ? error : copyError;
 }
 
-bool JXDeadLetters::takeDamaged() {
+JXQuarantined JXDeadLetters::takeQuarantined() {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return std::exchange(damaged_, false);
+  return std::exchange(quarantined_, {});
 }
 
 }  // namespace jx

@@ -40,8 +40,8 @@ class JXDeadLetters {
   bool mayExist() const;
   /// Deletes the file, and the remains of an interrupted deletion.
   int clear();
-  /// Returns true once after damaged data of the file was quarantined.
-  bool takeDamaged();
+  /// Returns what was quarantined since the last call.
+  JXQuarantined takeQuarantined();
 
   const std::string& path() const { return path_; }
 
@@ -72,7 +72,7 @@ class JXDeadLetters {
   std::optional<std::int64_t> timeOffset_;  ///< of the latest time in the file
   std::uint64_t knownSize_ = 0;             ///< file size for which `locations_` is valid
   bool dirty_ = false;
-  bool damaged_ = false;
+  JXQuarantined quarantined_;  ///< not taken yet
 };
 
 }  // namespace jx

@@ -82,7 +82,6 @@ void JXDefaultsFile::applyErasures() {
 bool JXDefaultsFile::dropErased() {
   const std::uint64_t erasures = erasures_ ? erasures_->count() : 0;
   if (erasures == seenErasures_) return false;
-  seenErasures_ = erasures;
   unsaved_.clear();
   if (journal_ != nullptr && journal_->file().isLinked()) {
     for (const auto& entry : values_)
@@ -92,8 +91,9 @@ bool JXDefaultsFile::dropErased() {
   }
   values_.clear();
   changed_.clear();
-  rewriting_ = false;
-  dirty_ = folderDirty_ = damaged_ = false;
+  rewriting_ = dirty_ = folderDirty_ = damaged_ = false;
+  // Last: an exception before must not keep erased values.
+  seenErasures_ = erasures;
   if (changing_ == std::thread::id()) writeUnsaved();
   return true;
 }
@@ -122,13 +122,14 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
   const auto found = values_.find(key);
   const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
   if (same) return;
+  // Before the change, so that no value is changed and not written when there is no memory.
+  unsaved_.insert(key);
+  if (rewriting_) changed_.insert(key);
   if (value.isPresent()) {
     values_[key] = value;
   } else {
     values_.erase(found);
   }
-  if (rewriting_) changed_.insert(key);
-  unsaved_.insert(key);
   if (changing_ == std::this_thread::get_id()) return;
   ensureOpen();
   if (unsaved_.count(key) == 0) return;  // written, or erased, by ensureOpen
@@ -224,7 +225,7 @@ bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
       journal.recover(writers, [&](const JXFrame& frame) { apply(frame.payload, content); });
   journal.setWriters(JXJournal::Writers::Several);
   if (recovery.error != 0) report_.failed("read the file", recovery.error);
-  if (recovery.quarantined) report_.damaged(path_);
+  report_.quarantined(path_, recovery.quarantined);
   damaged_ = recovery.damageRemains;
   return recovery.error == 0;
 }

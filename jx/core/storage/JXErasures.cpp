@@ -124,9 +124,31 @@ std::uint64_t JXErasures::check() {
     return count();
   }
   if (!watch_.mayHaveChanged()) return count();
+  try {
+    return readChange();
+  } catch (...) {
+    // Out of memory: the next call notices the erase and finishes it.
+    watch_.reset();
+    throw;
+  }
+}
+
+// Called with the lock held.
+std::uint64_t JXErasures::readChange() {
   const Mark mark = readMark();
   if (mark.token.empty() || mark.token == token_) return count();
+  std::string previous = token_;
   adopt(mark.token);
+  try {
+    applyMark(mark);
+  } catch (...) {
+    token_.swap(previous);
+    throw;
+  }
+  return ++count_;
+}
+
+void JXErasures::applyMark(const Mark& mark) {
   JXLogger::sharedInstance().logMessage_withLevel(
       "Stored data erased by another process; queued requests dropped, identifiers replaced: " +
           folder_,
@@ -138,7 +160,6 @@ std::uint64_t JXErasures::check() {
     removeQuarantinedFiles(folder_);
     removeQuarantinedFiles(folder_ + "/outbox");
   }
-  return ++count_;
 }
 
 void JXErasures::logFailure(const std::vector<std::string>& left) const {

@@ -55,6 +55,8 @@ class JXErasures {
   Mark readMark() const;
   int writeMark(const Mark& mark) const;
   int replaceMark(const Mark& mark) const;
+  std::uint64_t readChange();
+  void applyMark(const Mark& mark);
   void adopt(const std::string& token);
   std::vector<std::string> finish();
   void removeAll(std::vector<std::string>& left);

@@ -13,13 +13,22 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+bool hasEscape(std::string_view quoted) { return quoted.find('\\') != std::string_view::npos; }
+
+std::string_view withoutQuotes(std::string_view quoted) {
+  return quoted.substr(1, quoted.size() - 2);
+}
+
 // Accepts exactly the text that JXJsonReader accepts. Strings with escapes and numbers are passed
 // to it one by one, so that their rules are in one place.
 class EventIdScanner {
  public:
   explicit EventIdScanner(std::string_view body) : text_(body) {}
 
-  JXString find() { return isUtf8(text_) && document() ? id_ : JXString(); }
+  /// Returns the string with its quotation marks; empty if there is none.
+  std::string_view find() { return isUtf8(text_) && document() ? id_ : std::string_view(); }
+  /// Returns what was found before an exception.
+  std::string_view found() const { return id_; }
 
  private:
   bool atEnd() const { return at_ >= text_.size(); }
@@ -69,23 +78,28 @@ class EventIdScanner {
   }
 
   bool key() {
-    JXString key;
-    if (!string(depth_ <= 2 ? &key : nullptr)) return false;
+    std::string_view quoted;
+    if (!string(quoted)) return false;
     skipBlanks();
     if (!skip(':')) return false;
     if (depth_ == 1) {
-      isInContext_ = key == "context";
+      isInContext_ = isString(quoted, "context");
       isId_ = false;
-      if (isInContext_) id_ = nullptr;
+      if (isInContext_) id_ = {};
     } else if (depth_ == 2 && isInContext_) {
-      isId_ = key == "event_id";
-      if (isId_) id_ = nullptr;
+      isId_ = isString(quoted, "event_id");
+      if (isId_) id_ = {};
     }
     return true;
   }
 
   bool scalar() {
-    if (isAt('"')) return string(depth_ == 2 && isId_ ? &id_ : nullptr);
+    if (isAt('"')) {
+      std::string_view quoted;
+      const bool isValid = string(quoted);
+      if (depth_ == 2 && isId_) id_ = quoted;
+      return isValid;
+    }
     constexpr std::string_view kFirst = "-0123456789tfn";
     if (atEnd() || kFirst.find(text_[at_]) == std::string_view::npos) return false;
     const std::string_view rest = text_.substr(at_);
@@ -94,8 +108,8 @@ class EventIdScanner {
     return JXJsonReader::read(token).error.empty();
   }
 
-  // Reads a string; stores it unless `value` is null.
-  bool string(JXString* value) {
+  // Reads a string; `quoted` receives it with its quotation marks.
+  bool string(std::string_view& quoted) {
     const std::size_t begin = at_;
     bool hasEscape = false;
     if (!skip('"')) return false;
@@ -104,14 +118,13 @@ class EventIdScanner {
       if (skip('\\')) hasEscape = true;  // the loop then skips the escaped character
     }
     ++at_;
-    const std::string_view quoted = text_.substr(begin, at_ - begin);
-    if (!hasEscape) {
-      if (value != nullptr) *value = quoted.substr(1, quoted.size() - 2);
-      return true;
-    }
-    const JXJsonReading reading = JXJsonReader::read(quoted);
-    if (value != nullptr) *value = reading.value.string();
-    return reading.error.empty();
+    quoted = text_.substr(begin, at_ - begin);
+    return !hasEscape || JXJsonReader::read(quoted).error.empty();
+  }
+
+  static bool isString(std::string_view quoted, std::string_view expected) {
+    if (!hasEscape(quoted)) return withoutQuotes(quoted) == expected;
+    return JXJsonReader::read(quoted).value.string().view() == expected;
   }
 
   const std::string_view text_;
@@ -120,11 +133,27 @@ class EventIdScanner {
   std::size_t depth_ = 0;
   bool isInContext_ = false;  // the last key of the outermost object was "context"
   bool isId_ = false;         // the last key in "context" was "event_id"
-  JXString id_;
+  std::string_view id_;
 };
 
 }  // namespace
 
-JXString eventIdOf(std::string_view body) { return EventIdScanner(body).find(); }
+JXString eventIdOf(std::string_view body) {
+  const std::string_view quoted = EventIdScanner(body).find();
+  if (quoted.empty()) return nullptr;
+  if (hasEscape(quoted)) return JXJsonReader::read(quoted).value.string();
+  return withoutQuotes(quoted);
+}
+
+std::string_view plainEventIdOf(std::string_view body) noexcept {
+  EventIdScanner scanner(body);
+  std::string_view quoted;
+  try {
+    quoted = scanner.find();
+  } catch (...) {
+    quoted = scanner.found();  // no memory for a number or an escape elsewhere in the body
+  }
+  return quoted.empty() || hasEscape(quoted) ? std::string_view() : withoutQuotes(quoted);
+}
 
 }  // namespace jx

@@ -12,5 +12,7 @@ namespace jx {
 /// contains none or is not valid JSON as JXJsonReader defines it. Of a duplicate key, the last
 /// value counts. Scans the body once and builds no tree.
 JXString eventIdOf(std::string_view body);
+/// Returns the same string as a part of `body`, without allocating; empty if it has an escape.
+std::string_view plainEventIdOf(std::string_view body) noexcept;
 
 }  // namespace jx

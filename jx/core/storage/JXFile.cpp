@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -55,10 +56,15 @@ int listSystem(int folder, std::vector<std::string>& names) {
   }
   errno = 0;
   // Unsafe only when threads share the stream.
-  while (const dirent* entry = ::readdir(entries)) {  // NOLINT(concurrency-mt-unsafe)
-    const std::string name = entry->d_name;
-    if (name != "." && name != "..") names.push_back(name);
-    errno = 0;
+  try {
+    while (const dirent* entry = ::readdir(entries)) {  // NOLINT(concurrency-mt-unsafe)
+      const std::string_view name = entry->d_name;
+      if (name != "." && name != "..") names.emplace_back(name);
+      errno = 0;
+    }
+  } catch (...) {
+    ::closedir(entries);
+    throw;
   }
   const int error = errno;
   ::closedir(entries);

@@ -43,7 +43,9 @@ int makeFolder(int parent, const std::string& name) {
 
 }  // namespace
 
-JXFolder::~JXFolder() { closeDescriptor(descriptor_); }
+JXFolder::~JXFolder() {
+  if (descriptor_ >= 0) closeDescriptor(descriptor_);
+}
 
 std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const std::string& inner,
                                                Missing missing, int& error) {
@@ -55,6 +57,8 @@ std::shared_ptr<const JXFolder> JXFolder::open(const std::string& path, const st
 std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& name,
                                                  const std::string& path, Missing missing,
                                                  int& error) {
+  // Allocated first, so that no open descriptor is lost.
+  const std::shared_ptr<JXFolder> folder(new JXFolder(path));
   const JXFileCalls& calls = JXFileCalls::current();
   constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
   int descriptor = openDescriptor(parent, name.c_str(), kFlags);
@@ -73,8 +77,9 @@ std::shared_ptr<const JXFolder> JXFolder::openIn(int parent, const std::string& 
   }
   error = calls.statusOf(descriptor, &status) == 0 ? checkAccess(status) : errno;
   if (error == 0) {
-    return std::shared_ptr<const JXFolder>(
-        new JXFolder(path, descriptor, {status.st_dev, status.st_ino}));
+    folder->descriptor_ = descriptor;
+    folder->identity_ = {status.st_dev, status.st_ino};
+    return folder;
   }
   closeDescriptor(descriptor);
   return nullptr;

@@ -48,12 +48,11 @@ class JXFolder {
   static std::shared_ptr<const JXFolder> openIn(int parent, const std::string& name,
                                                 const std::string& path, Missing missing,
                                                 int& error);
-  JXFolder(std::string path, int descriptor, const JXFileIdentity& identity)
-      : path_(std::move(path)), descriptor_(descriptor), identity_(identity) {}
+  explicit JXFolder(std::string path) : path_(std::move(path)) {}
 
   const std::string path_;
-  const int descriptor_;
-  const JXFileIdentity identity_;
+  int descriptor_ = -1;
+  JXFileIdentity identity_;
 };
 
 /// Returns the absolute form of a path relative to the current folder of the process; "" for "".

@@ -5,8 +5,6 @@
 #include <array>
 #include <cerrno>
 
-#include "jx/core/storage/JXQuarantine.h"
-
 namespace jx {
 namespace {
 

@@ -8,6 +8,7 @@
 
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFrame.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 
@@ -32,7 +33,7 @@ class JXJournal {
   struct Recovery {
     int error = 0;               ///< errno value of a failed read, quarantine or truncation
     bool damageRemains = false;  ///< the file still contains bytes that belong to no frame
-    bool quarantined = false;    ///< damaged bytes were copied to a quarantine file by this call
+    JXQuarantined quarantined;   ///< by this call
   };
 
   JXJournal() = default;
@@ -58,6 +59,10 @@ class JXJournal {
 
   bool isOpen() const { return file_.isOpen(); }
   void close() { file_.close(); }
+  /// Continues with `file`, which is at the path and has the same content.
+  void setFile(JXFile file) noexcept { file_ = std::move(file); }
+  /// Call this when the file was renamed.
+  void setPath(std::string path) noexcept { path_ = std::move(path); }
   /// Continues with `file`, which has the same content, at `path`.
   void reopen(JXFile file, std::string path) {
     file_ = std::move(file);

@@ -21,8 +21,7 @@ std::string pathOf(const std::string& folder, const std::string& inner) {
   return absolutePath(folder) + (inner.empty() ? "" : "/" + inner);
 }
 
-// No exception leaves the outbox. Only an allocation failure can throw; the operation then has no
-// effect.
+// Only an allocation failure can throw; the operation then has no effect, or `sync` completes it.
 template <typename Work>
 auto withoutExceptions(Work work) noexcept -> decltype(work()) {
   try {
@@ -63,10 +62,18 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
 void JXOutbox::beginStoring() {
   lockedWithoutExceptions([&] {
     segments_.isOpen = true;
-    const std::string& folder = segments_.path();
-    hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
-    queue_.adopt();
+    mustAdopt_ = true;
+    adopt();
   });
+}
+
+// Called with the lock held; repeated by `sync` if it throws.
+void JXOutbox::adopt() {
+  if (!mustAdopt_) return;
+  const std::string& folder = segments_.path();
+  hasUncheckedFiles_ = !folder.empty() && (dead_.mayExist() || hasQuarantinedFiles(folder));
+  queue_.adopt();
+  mustAdopt_ = false;
 }
 
 JXOutbox::~JXOutbox() {
@@ -82,18 +89,31 @@ JXOutbox::~JXOutbox() {
 std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_view body,
                                            const JXRequestOrigin& origin, bool awaitsDecision) {
   return lockedWithoutExceptions([&]() -> std::optional<std::uint64_t> {
-    const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
-    dropErased();
-    if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
-    const std::optional<std::uint64_t> id = queue_.add(url, body, origin, awaitsDecision);
+    std::optional<std::uint64_t> id;
+    try {
+      const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
+      dropErased();
+      if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
+      id = queue_.add(url, body, origin, awaitsDecision);
+    } catch (...) {
+      report_.outOfMemory();
+      return queue_.rejectRequest(body, JXDropReason::OutOfMemory);
+    }
     dropErased();  // an erase may have missed a segment that was created
     return id;
   });
 }
 
+void JXOutbox::dropOutOfMemory(std::string_view body) noexcept {
+  lockedWithoutExceptions([&] {
+    report_.outOfMemory();
+    queue_.rejectRequest(body, JXDropReason::OutOfMemory);
+  });
+}
+
 std::optional<JXOutboxRequest> JXOutbox::take(const JXOutboxPick& pick,
                                               const JXSendFilter& filter) {
-  return lockedWithoutExceptions([&] {
+  return locked([&] {
     checkErasures();
     return queue_.take(pick, filter);
   });
@@ -107,8 +127,8 @@ void JXOutbox::requeue(std::uint64_t id) {
   lockedWithoutExceptions([&] { queue_.requeue(id); });
 }
 
-void JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
-  lockedWithoutExceptions([&] { queue_.requeueFailed(id, failures); });
+bool JXOutbox::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
+  return lockedWithoutExceptions([&] { return queue_.requeueFailed(id, failures); });
 }
 
 milliseconds JXOutbox::failedFor(std::uint64_t id) {
@@ -125,10 +145,8 @@ void JXOutbox::shortenRetryDelays(milliseconds longest) {
 }
 
 std::vector<JXOutboxHost> JXOutbox::hosts() const {
-  return withoutExceptions([&] {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return queue_.hosts();
-  });
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return queue_.hosts();
 }
 
 bool JXOutbox::markDelivered(std::uint64_t id) {
@@ -136,11 +154,9 @@ bool JXOutbox::markDelivered(std::uint64_t id) {
 }
 
 bool JXOutbox::moveToDeadLetters(std::uint64_t id, int status) {
-  return withoutExceptions([&] {
-    const bool wasQueued = locked([&] { return queue_.reject(id, status); });
-    if (wasQueued) moveRejectedToDeadLetters();
-    return wasQueued;
-  });
+  const bool wasQueued = lockedWithoutExceptions([&] { return queue_.reject(id, status); });
+  if (wasQueued) withoutExceptions([&] { moveRejectedToDeadLetters(); });
+  return wasQueued;
 }
 
 void JXOutbox::purge() {
@@ -178,6 +194,7 @@ void JXOutbox::sync() {
     const std::uint64_t failures = locked([&] { return report_.failures(); });
     locked([&] {
       checkErasures();
+      adopt();
       queue_.applyPurgeMarks();
       queue_.dropExpired();
       segments_.detectLostSegments();
@@ -237,9 +254,13 @@ void JXOutbox::removeExpiredFiles() {
   // Another process is writing the file; the next `sync` tries again.
   if (error == EWOULDBLOCK) return;
   reportError("delete expired dead letters", error);
+  JXQuarantined expired;
   reportError("delete expired quarantined files",
-              removeExpiredQuarantinedFiles(segments_.path(), now.dayMs, maxAge_));
-  locked([&] { hasUncheckedFiles_ = false; });
+              removeExpiredQuarantinedFiles(segments_.path(), now.dayMs, maxAge_, expired.deleted));
+  locked([&] {
+    report_.quarantined(segments_.path(), expired);
+    hasUncheckedFiles_ = false;
+  });
 }
 
 // Returns the present time, which is stored first: the dead letters refer to it.
@@ -251,7 +272,9 @@ JXStoredTime JXOutbox::storedNow() {
 }
 
 void JXOutbox::reportDamagedDeadLetters() {
-  if (dead_.takeDamaged()) locked([&] { report_.damaged(dead_.path()); });
+  const JXQuarantined quarantined = dead_.takeQuarantined();
+  if (!quarantined.copied && quarantined.deleted == 0) return;
+  locked([&] { report_.quarantined(dead_.path(), quarantined); });
 }
 
 void JXOutbox::reportError(const char* action, int error) {
@@ -264,10 +287,11 @@ void JXOutbox::syncFiles() {
   bool timeDirty = false;
   std::shared_ptr<const JXFolder> folder;
   const std::vector<std::uint64_t> dirty = locked([&] {
+    std::vector<std::uint64_t> numbers = segments_.takeDirty();
     folderDirty = std::exchange(segments_.folderDirty, false);
     timeDirty = std::exchange(segments_.timeDirty, false);
     folder = segments_.openFolder();
-    return segments_.takeDirty();
+    return numbers;
   });
   for (const std::uint64_t number : dirty)
     syncSegment(number);
@@ -281,9 +305,10 @@ void JXOutbox::syncFiles() {
 }
 
 void JXOutbox::syncSegment(std::uint64_t number) {
-  int error = 0;
-  const JXFile file = locked([&] {
+  int error = ENOMEM;
+  const JXFile file = lockedWithoutExceptions([&] {
     JXOutboxSegment* const segment = segments_.find(number);
+    if (segment == nullptr) error = 0;
     return segment != nullptr ? segment->fileToSync(error) : JXFile();
   });
   if (file.isOpen()) error = file.synchronize();
@@ -297,7 +322,7 @@ void JXOutbox::syncSegment(std::uint64_t number) {
 
 bool JXOutbox::needsSync() const {
   const std::lock_guard<std::mutex> lock(mutex_);
-  return segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
+  return mustAdopt_ || segments_.needsSync() || queue_.needsRepair() || queue_.hasRejected() ||
          hasUncheckedFiles_ || dead_.needsSync();
 }
 
@@ -307,6 +332,11 @@ void JXOutbox::rememberDropped() {
 
 std::vector<JXOutboxDrop> JXOutbox::takeDropped() {
   return lockedWithoutExceptions([&] { return queue_.drops().take(kDropsPerCall); });
+}
+
+bool JXOutbox::hasDropped() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return !queue_.drops().isEmpty();
 }
 
 JXOutboxCounters JXOutbox::counters() const {

@@ -27,7 +27,9 @@ namespace jx {
 /// makes it durable across a power loss. Several processes may open one folder: each writes its own
 /// files, and on start adopts the files of processes that have ended. All operations are
 /// thread-safe. `add` is meant for the calling thread and costs one write; the others are meant for
-/// the transfer thread. No operation throws. Each failure is counted, and logged once per cause.
+/// the transfer thread. Only the constructor, `hosts`, `take` and `rememberDropped` throw,
+/// std::bad_alloc and without effect; what the others cannot do without memory is done by a later
+/// `sync`. Each failure is counted, and logged once per cause.
 class JXOutbox {
  public:
   /// Opens the queue in `folder`, creates the folder (mode 0700) if it is missing, and adopts the
@@ -50,7 +52,8 @@ class JXOutbox {
   /// is kept in memory, evicting the oldest ones there. Returns its ID; nullopt when the request
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is running time, not the time of day; see JXRunningTime. A
-  /// request that was begun before an erase is not added (purged, nullopt); see JXErasureScope.
+  /// request that was begun before an erase is not added (purged, nullopt); see JXErasureScope. Nor
+  /// is one for which there is no memory (droppedOutOfMemory).
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
     return add(url, body, JXRequestOrigin(), false);
   }
@@ -58,6 +61,9 @@ class JXOutbox {
   /// ServerSide has not been enabled since it started disabled.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
                                    const JXRequestOrigin& origin, bool awaitsDecision);
+  /// Counts and records an event whose request could not be created because memory was exhausted.
+  /// `body` is what there is of it.
+  void dropOutOfMemory(std::string_view body) noexcept;
 
   /// Marks the request that `pick` chooses among those that are queued and that `filter` allows as
   /// in flight and returns it; nullopt when there is none. By default, the oldest one without a
@@ -74,8 +80,9 @@ class JXOutbox {
   /// exceeds the limits. Ignores any other ID.
   void requeue(std::uint64_t id);
   /// Same, after a server error: the request is retried `failures.delay` later. The failures are
-  /// stored, and a later process continues with them; the times are set here.
-  void requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
+  /// stored, and a later process continues with them; the times are set here. Returns false if
+  /// there is no memory for them: the request is then queued like one that has not failed.
+  bool requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
   /// Returns the time since the first server error of a request; 0 if it is not known.
   std::chrono::milliseconds failedFor(std::uint64_t id);
   /// Returns the time until the next retry of a failed request of this host; nullopt if none waits.
@@ -115,6 +122,8 @@ class JXOutbox {
   /// Removes and returns some of the recorded dropped requests, in the order in which they were
   /// dropped; empty when there are none.
   std::vector<JXOutboxDrop> takeDropped();
+  /// Returns whether dropped requests are recorded that `takeDropped` had no memory for.
+  bool hasDropped() const;
 
   JXOutboxCounters counters() const;
   /// Returns the ID that the next request will get.
@@ -125,6 +134,7 @@ class JXOutbox {
   auto locked(Work work);
   template <typename Work>
   auto lockedWithoutExceptions(Work work) noexcept;
+  void adopt();
   void checkErasures();
   void dropErased();
   void reportError(const char* action, int error);
@@ -144,6 +154,7 @@ class JXOutbox {
   std::uint64_t seenErasures_ = 0;  ///< the count at which the queued requests were added
   JXDeadLetters dead_;  ///< has its own lock, so that its compaction does not block callers
   bool hasUncheckedFiles_ = false;  ///< of an earlier process, which may have expired
+  bool mustAdopt_ = false;          ///< the requests of processes that have ended
 };
 
 }  // namespace jx

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -23,18 +24,23 @@ struct JXOutboxDrop {
 
 /// Records the requests that left a queue without a final response until they are reported. Bodies
 /// in files are read only then, or when the file is deleted, so that dropping a request reads
-/// nothing. Not synchronised.
+/// nothing. When memory is exhausted, a limited number is recorded in memory that is reserved for
+/// this. Not synchronised.
 class JXOutboxDrops {
  public:
-  /// Starts recording; requests dropped earlier are not recorded.
-  void startRecording() { isRecording_ = true; }
+  /// Starts recording; requests dropped earlier are not recorded. Throws std::bad_alloc.
+  void startRecording();
   /// Records a dropped request. `body` is used only if the request is not in a file; `entry` is
   /// null for a request that is not in the index.
-  void record(JXDropReason reason, std::string_view body, const JXOutboxEntry* entry = nullptr);
-  /// Reads the requests of a segment that is about to be deleted.
+  void record(JXDropReason reason, std::string_view body,
+              const JXOutboxEntry* entry = nullptr) noexcept;
+  /// Reads the requests of a segment that is about to be deleted. Throws std::bad_alloc; it can be
+  /// called again then.
   void readAll(JXOutboxSegment& segment);
-  /// Removes and returns up to `limit` records in the order in which the requests were dropped.
-  std::vector<JXOutboxDrop> take(std::size_t limit);
+  /// Removes and returns up to `limit` records in the order in which the requests were dropped,
+  /// those in reserved memory last. Fewer, or none, when memory is exhausted.
+  std::vector<JXOutboxDrop> take(std::size_t limit) noexcept;
+  bool isEmpty() const { return records_.empty() && reserved_.empty(); }
 
  private:
   struct Record {
@@ -43,10 +49,21 @@ class JXOutboxDrops {
     std::uint32_t offset = 0;
     std::uint32_t bytes = 0;
   };
+  /// A record whose event ID is not allocated.
+  struct Reserved {
+    Record record;
+    std::array<char, 40> eventId{};  ///< longer than a UUID
+    std::size_t length = 0;
+  };
+  static Record recordOf(JXDropReason reason, const JXOutboxEntry* entry);
   static void read(Record& record);
+  static void read(Reserved& reserved);
+  void recordReserved(JXDropReason reason, std::string_view body,
+                      const JXOutboxEntry* entry) noexcept;
 
   bool isRecording_ = false;
   std::deque<Record> records_;
+  std::vector<Reserved> reserved_;  ///< never grows beyond its first capacity
 };
 
 }  // namespace jx

@@ -29,8 +29,8 @@ std::uint8_t JXOutboxHosts::slotOf(std::string_view url) {
     found->isValid = origin.compare(0, kJXInvalidScheme.size(), kJXInvalidScheme) != 0;
     ++used_;
   }
+  lastStart_.assign(start.data(), start.size());
   lastSlot_ = static_cast<std::uint8_t>(found - hosts_.begin());
-  lastStart_ = start;
   return lastSlot_;
 }
 

@@ -27,6 +27,16 @@ JXOutboxEntry& JXOutboxIndex::push(JXOutboxEntry entry) {
   return entries_.back();
 }
 
+void JXOutboxIndex::popNewest() noexcept {
+  const JXOutboxEntry newest = entries_.back();
+  entries_.pop_back();
+  --nextId_;
+  --count_;
+  bytes_ -= newest.bytes;
+  if (newest.hasFailed) --hosts_.at(newest.host).failed;
+  hosts_.removed(newest.host);
+}
+
 JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
   const auto found = from(id);
   const bool exists = found != entries_.end() && found->id == id && found->state != State::Gone;

@@ -65,8 +65,10 @@ class JXOutboxIndex {
 
   /// Sets which requests are not chosen yet; see JXOutboxPick::before.
   void chooseBefore(std::uint64_t id) { before_ = id; }
-  /// Appends a request and assigns its ID.
+  /// Appends a request and assigns its ID. Throws std::bad_alloc without effect.
   JXOutboxEntry& push(JXOutboxEntry entry);
+  /// Undoes the last `push`; the next request gets the same ID.
+  void popNewest() noexcept;
   /// Returns the request with this ID, or null.
   JXOutboxEntry* find(std::uint64_t id);
   /// Returns the oldest request, or null.

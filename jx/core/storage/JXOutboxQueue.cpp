@@ -18,8 +18,9 @@ using State = JXOutboxEntry::State;
 constexpr std::uint64_t JXOutboxCounters::*kDropCounters[] = {
     &JXOutboxCounters::droppedTooMany,    &JXOutboxCounters::droppedTooLarge,
     &JXOutboxCounters::droppedTooOld,     &JXOutboxCounters::droppedNoStorage,
-    &JXOutboxCounters::droppedUnreadable, &JXOutboxCounters::purged};
-static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason::Purged));
+    &JXOutboxCounters::droppedUnreadable, &JXOutboxCounters::purged,
+    &JXOutboxCounters::droppedOutOfMemory};
+static_assert(std::size(kDropCounters) == static_cast<std::size_t>(JXDropReason::OutOfMemory));
 
 }  // namespace
 
@@ -34,10 +35,22 @@ JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report
 }
 
 void JXOutboxQueue::adopt() {
-  segments_.adoptAll(hosts_, [&](const JXOutboxEntry& request) {
-    const std::uint64_t id = index_.push(request).id;
-    if (request.hasFailed) failures_.adopt(id, request.segment->adoptedFailures(request.offset));
-    updateOldest(request.bornMs);
+  segments_.adoptAll(hosts_, [&](const std::vector<JXOutboxEntry>& requests) {
+    const std::uint64_t first = index_.nextId();
+    try {
+      for (const JXOutboxEntry& request : requests) {
+        const std::uint64_t id = index_.push(request).id;
+        if (request.hasFailed)
+          failures_.adopt(id, request.segment->adoptedFailures(request.offset));
+        updateOldest(request.bornMs);
+      }
+    } catch (...) {
+      while (index_.nextId() != first) {
+        index_.popNewest();
+        failures_.remove(index_.nextId());
+      }
+      throw;
+    }
   });
 }
 
@@ -54,37 +67,63 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   entry.bytes = static_cast<std::uint32_t>(bytes);
   entry.source = JXSendFilter::sourceOf(url);
   entry.origin = origin;
+  entry.host = hosts_.slotOf(url);
   entry.hasWaitingMarker = JXSendFilter::hasWaitingMarker(body);
   entry.awaitsDecision = awaitsDecision;
-  entry.segment = segments_.append(url, body, now, origin, entry.offset);
-  if (entry.segment == nullptr && !keepInMemory(url, body, now.dayMs)) {
+  entry.state = State::InFlight;  // not evicted while it is being stored
+  // All memory is allocated before the write: a request that is in a file must be in the index.
+  const std::uint64_t id = index_.push(entry).id;
+  bool isStored = false;
+  try {
+    isStored = store(id, url, body, now);
+  } catch (...) {
+    index_.popNewest();
+    throw;
+  }
+  if (!isStored) {
+    index_.popNewest();
     return rejectRequest(body, JXDropReason::NoStorage);
   }
-  // After an eviction, which may free a slot.
-  entry.host = hosts_.slotOf(url);
-  const std::uint64_t id = index_.push(entry).id;
   ++counters_.added;
   updateOldest(entry.bornMs);
-  dropOverLimits(now.runningMs);
+  try {
+    dropOverLimits(now.runningMs);
+  } catch (...) {
+    // Out of memory: the next request or sync applies the limits.
+  }
   return id;
 }
 
-std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason reason) {
+// Stores the content of the request that was pushed last.
+bool JXOutboxQueue::store(std::uint64_t id, std::string_view url, std::string_view body,
+                          const JXStoredTime& now) {
+  const JXOutboxEntry entry = *index_.find(id);
+  std::uint32_t offset = 0;
+  JXOutboxSegment* const segment = segments_.append(url, body, now, entry.origin, offset);
+  if (segment == nullptr && !keepInMemory(id, url, body, now.dayMs)) return false;
+  JXOutboxEntry& stored = *index_.find(id);
+  stored.segment = segment;
+  stored.offset = offset;
+  stored.state = State::Queued;
+  return true;
+}
+
+std::nullopt_t JXOutboxQueue::rejectRequest(std::string_view body, JXDropReason reason) noexcept {
   count(reason);
   drops_.record(reason, body);
   return std::nullopt;
 }
 
-// Stores the request that is pushed next in memory and evicts the oldest ones there.
-bool JXOutboxQueue::keepInMemory(std::string_view url, std::string_view body,
+// Stores the request in memory and evicts the oldest ones there.
+bool JXOutboxQueue::keepInMemory(std::uint64_t id, std::string_view url, std::string_view body,
                                  std::int64_t createdMs) {
   if (bounds_.maxInMemory == 0) return false;
+  memory_.emplace(id, StoredInMemory{createdMs, std::string(url), std::string(body)});
   for (auto next = memory_.begin();
-       next != memory_.end() && memory_.size() >= bounds_.maxInMemory;) {
+       next != memory_.end() && memory_.size() > bounds_.maxInMemory;) {
     JXOutboxEntry& entry = *index_.find((next++)->first);
     if (entry.state != State::InFlight) drop(entry, JXDropReason::NoStorage);
   }
-  memory_.emplace(index_.nextId(), StoredInMemory{createdMs, std::string(url), std::string(body)});
   return true;
 }
 
@@ -97,7 +136,7 @@ void JXOutboxQueue::dropOverLimits(std::int64_t nowMs) {
   }
   while (index_.bytes() > bounds_.maxBytes && dropOldest(JXDropReason::TooLarge)) {
   }
-  finishModifiedSegments();
+  segments_.finishModified();
 }
 
 // Drops the oldest request that is not in flight, because the server may already have stored what
@@ -115,7 +154,7 @@ bool JXOutboxQueue::dropOldest(JXDropReason reason) {
 
 void JXOutboxQueue::dropExpired() {
   dropExpired(segments_.now().runningMs);
-  finishModifiedSegments();
+  segments_.finishModified();
 }
 
 // Traverses all requests only when the oldest may have expired. A request in flight is checked when
@@ -123,20 +162,22 @@ void JXOutboxQueue::dropExpired() {
 void JXOutboxQueue::dropExpired(std::int64_t nowMs) {
   if (!isExpired(oldestMs_, nowMs, bounds_.maxAge)) return;
   std::vector<std::uint64_t> expired;
+  index_.forEach([&](const JXOutboxEntry& entry) {
+    const bool expires = isExpired(entry.bornMs, nowMs, bounds_.maxAge);
+    if (expires && entry.state != State::InFlight) expired.push_back(entry.id);
+    return true;
+  });
   oldestMs_ = std::numeric_limits<std::int64_t>::max();
   index_.forEach([&](const JXOutboxEntry& entry) {
-    if (isExpired(entry.bornMs, nowMs, bounds_.maxAge)) {
-      if (entry.state != State::InFlight) expired.push_back(entry.id);
-    } else {
-      updateOldest(entry.bornMs);
-    }
+    if (!isExpired(entry.bornMs, nowMs, bounds_.maxAge)) updateOldest(entry.bornMs);
     return true;
   });
   for (const std::uint64_t id : expired)
     drop(*index_.find(id), JXDropReason::TooOld);
 }
 
-void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) {
+// Needs no memory, so that a limit or a purge is applied when there is none.
+void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) noexcept {
   // A rejected request was counted already; it is only not moved to the dead letters.
   if (entry.state != State::Rejected) {
     count(reason);
@@ -146,13 +187,13 @@ void JXOutboxQueue::drop(JXOutboxEntry& entry, JXDropReason reason) {
   release(entry);
 }
 
-void JXOutboxQueue::count(JXDropReason reason) {
+void JXOutboxQueue::count(JXDropReason reason) noexcept {
   ++(counters_.*kDropCounters[static_cast<std::size_t>(reason) - 1]);
 }
 
-// Removes a request. finishModifiedSegments writes the acknowledgements of all released requests
-// together.
-void JXOutboxQueue::release(JXOutboxEntry& entry) {
+// Removes a request. JXOutboxSegments::finishModified writes the acknowledgements of all released
+// requests together.
+void JXOutboxQueue::release(JXOutboxEntry& entry) noexcept {
   if (entry.state == State::Rejected) {
     rejectedBytes_ -= entry.bytes;
     rejected_.erase(std::find(rejected_.begin(), rejected_.end(), entry.id));
@@ -162,17 +203,8 @@ void JXOutboxQueue::release(JXOutboxEntry& entry) {
     memory_.erase(entry.id);
   } else {
     entry.segment->acknowledge(entry.offset);
-    if (modified_.empty() || modified_.back() != entry.segment) modified_.push_back(entry.segment);
   }
   index_.remove(entry);
-}
-
-void JXOutboxQueue::finishModifiedSegments() {
-  std::sort(modified_.begin(), modified_.end());
-  modified_.erase(std::unique(modified_.begin(), modified_.end()), modified_.end());
-  for (JXOutboxSegment* segment : modified_)
-    segments_.finish(*segment);
-  modified_.clear();
 }
 
 std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
@@ -188,9 +220,10 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
     JXOutboxRequest request;
     const int error = readRestored(*entry, request);
     if (error == 0) {
-      entry->state = State::InFlight;
       request.url = hosts_.targetOf(request.url);
       if (entry->hasFailed) request.failures = failures_.of(entry->id);
+      reserveRejections();
+      entry->state = State::InFlight;
       return request;
     }
     // Its file cannot be restored now, for example because the disk is full.
@@ -256,15 +289,24 @@ void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
     index_.remove(entry);
     return;
   }
-  bool copied = false;
-  const int copyError = entry.segment->quarantineRequest(entry.offset, entry.bytes, copied);
+  JXQuarantined quarantined;
+  const int copyError = entry.segment->quarantineRequest(entry.offset, entry.bytes, quarantined);
   if (copyError != 0) report_.failed("quarantine a damaged request", copyError);
-  if (copied) report_.damaged(entry.segment->path());
+  report_.quarantined(entry.segment->path(), quarantined);
   drop(entry, JXDropReason::Unreadable);
-  finishModifiedSegments();
+  segments_.finishModified();
 }
 
 void JXOutboxQueue::applyPurgeMarks() {
+  try {
+    applyMarks();
+  } catch (...) {
+    segments_.recheckPurgeMarks();
+    throw;
+  }
+}
+
+void JXOutboxQueue::applyMarks() {
   for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
     const std::uint64_t number = purged.segment->number();
     std::vector<std::uint64_t> ids;
@@ -276,7 +318,7 @@ void JXOutboxQueue::applyPurgeMarks() {
     });
     for (const std::uint64_t id : ids)
       drop(*index_.find(id), JXDropReason::Purged);
-    finishModifiedSegments();
+    segments_.finishModified();
     // A segment without requests was deleted, with its mark.
     const JXOutboxSegment* const left = segments_.find(number);
     if (left != nullptr && !left->hasUnwrittenAcknowledgements()) removePurgeMark(left->path());
@@ -295,67 +337,42 @@ void JXOutboxQueue::requeue(std::uint64_t id) {
   dropOverLimits(segments_.now().runningMs);
 }
 
-void JXOutboxQueue::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
+bool JXOutboxQueue::requeueFailed(std::uint64_t id, const JXRequestFailures& failures) {
   JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state != State::InFlight) return;
-  failures_.record(id, failures, segments_.now());
-  index_.markFailed(*entry);
-  writeFailures(*entry);
+  if (entry == nullptr || entry->state != State::InFlight) return true;
+  try {
+    failures_.record(id, failures, segments_.now());
+    index_.markFailed(*entry);
+    writeFailures(*entry);
+  } catch (...) {
+    // Out of memory: this process or the next one retries the request without knowing its failures.
+  }
+  const bool isKnown = entry->hasFailed;
   requeue(id);
+  return isKnown;
 }
 
-bool JXOutboxQueue::markDelivered(std::uint64_t id) {
+bool JXOutboxQueue::markDelivered(std::uint64_t id) noexcept {
   JXOutboxEntry* const entry = index_.find(id);
   if (entry == nullptr || entry->state == State::Rejected) return false;
   ++counters_.delivered;
   release(*entry);
-  finishModifiedSegments();
+  segments_.finishModified();
   return true;
 }
 
-void JXOutboxQueue::clear() {
+void JXOutboxQueue::clear() noexcept {
   while (JXOutboxEntry* entry = index_.oldest())
     drop(*entry, JXDropReason::Purged);
-  finishModifiedSegments();
+  segments_.finishModified();
   segments_.finishCurrent();
-}
-
-bool JXOutboxQueue::reject(std::uint64_t id, int status) {
-  JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state == State::Rejected) return false;
-  ++counters_.rejected;
-  entry->state = State::Rejected;
-  entry->status = static_cast<std::int16_t>(status);
-  rejected_.push_back(id);
-  rejectedBytes_ += entry->bytes;
-  return true;
-}
-
-std::optional<JXOutboxQueue::Rejected> JXOutboxQueue::nextRejected() {
-  while (!rejected_.empty()) {
-    JXOutboxEntry& entry = *index_.find(rejected_.front());
-    Rejected rejected;
-    rejected.status = entry.status;
-    const int error = read(entry, rejected.request);
-    if (error == 0) return rejected;
-    report_.failed("read a request", error);
-    release(entry);
-    finishModifiedSegments();
-  }
-  return std::nullopt;
-}
-
-void JXOutboxQueue::acknowledgeRejected(std::uint64_t id) {
-  JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state != State::Rejected) return;
-  release(*entry);
-  finishModifiedSegments();
 }
 
 JXOutboxCounters JXOutboxQueue::counters() const {
   JXOutboxCounters counters = counters_;
   counters.storageErrors = report_.failures();
   counters.damaged = report_.damagedFiles();
+  counters.quarantinedDeleted = report_.deletedQuarantineFiles();
   counters.queued = index_.count() - rejected_.size();
   counters.queuedBytes = index_.bytes() - rejectedBytes_;
   counters.inMemory = memory_.size() + segments_.lostRequests();

@@ -41,27 +41,30 @@ class JXOutboxQueue {
   JXOutboxQueue(const JXOutboxQueue&) = delete;
   JXOutboxQueue& operator=(const JXOutboxQueue&) = delete;
 
-  /// Adopts the requests of processes that have ended. Call it once, before anything else.
+  // The operations that are not noexcept throw std::bad_alloc; the queue is then consistent.
+
+  /// Adopts the requests of processes that have ended. Call it again if it throws.
   void adopt();
+  /// Nothing is written if it throws.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
                                    const JXRequestOrigin& origin, bool awaitsDecision);
   /// Counts and records a request that is not added.
-  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason);
+  std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason) noexcept;
   std::optional<JXOutboxRequest> take(const JXOutboxPick& pick, const JXSendFilter& filter);
   std::vector<JXOutboxHost> hosts() const { return hosts_.sendable(); }
   std::uint16_t mostStops(std::uint32_t source);
   void requeue(std::uint64_t id);
-  void requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
+  bool requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
   JXOutboxFailures& failures() { return failures_; }
   /// Drops the requests that another process marked for purging.
   void applyPurgeMarks();
   /// Drops the requests that exceed the maximum age.
   void dropExpired();
-  bool markDelivered(std::uint64_t id);
-  void clear();
+  bool markDelivered(std::uint64_t id) noexcept;
+  void clear() noexcept;
 
   /// Marks a request as rejected; it is no longer queued. Returns false if the ID is unknown or
-  /// already rejected.
+  /// already rejected, and when out of memory; the request is then queued again.
   bool reject(std::uint64_t id, int status);
   /// Returns the rejected request that was rejected first, with its content; nullopt if there is
   /// none. Drops rejected requests that cannot be read.
@@ -81,6 +84,7 @@ class JXOutboxQueue {
   JXOutboxCounters counters() const;
   std::uint64_t nextId() const { return index_.nextId(); }
   JXOutboxDrops& drops() { return drops_; }
+  const JXOutboxDrops& drops() const { return drops_; }
 
  private:
   struct StoredInMemory {
@@ -89,19 +93,23 @@ class JXOutboxQueue {
     std::string body;
   };
 
-  bool keepInMemory(std::string_view url, std::string_view body, std::int64_t createdMs);
+  bool store(std::uint64_t id, std::string_view url, std::string_view body,
+             const JXStoredTime& now);
+  bool keepInMemory(std::uint64_t id, std::string_view url, std::string_view body,
+                    std::int64_t createdMs);
+  void applyMarks();
   void updateOldest(std::int64_t bornMs);
   void dropOverLimits(std::int64_t nowMs);
   bool dropOldest(JXDropReason reason);
   void dropExpired(std::int64_t nowMs);
-  void drop(JXOutboxEntry& entry, JXDropReason reason);
-  void count(JXDropReason reason);
-  void release(JXOutboxEntry& entry);
-  void finishModifiedSegments();
+  void drop(JXOutboxEntry& entry, JXDropReason reason) noexcept;
+  void count(JXDropReason reason) noexcept;
+  void release(JXOutboxEntry& entry) noexcept;
   int read(const JXOutboxEntry& entry, JXOutboxRequest& request) const;
   int readRestored(const JXOutboxEntry& entry, JXOutboxRequest& request);
   void dropUnreadable(JXOutboxEntry& entry, int error);
   bool moveSomeOfObsolete();
+  void reserveRejections();
   void writeFailures(const JXOutboxEntry& entry);
   bool writeSomeOfMemory();
 
@@ -113,7 +121,6 @@ class JXOutboxQueue {
   JXOutboxFailures failures_;
   std::map<std::uint64_t, StoredInMemory> memory_;  ///< by ID: requests not yet in a file
   std::vector<std::uint64_t> rejected_;             ///< IDs, in the order of rejection
-  std::vector<JXOutboxSegment*> modified_;          ///< have acknowledgements to write
   std::uint64_t rejectedBytes_ = 0;
   /// Lower bound of the running times at which the requests were added.
   std::int64_t oldestMs_ = std::numeric_limits<std::int64_t>::max();

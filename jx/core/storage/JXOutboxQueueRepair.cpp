@@ -50,12 +50,11 @@ bool JXOutboxQueue::moveSomeOfObsolete() {
                          entry.origin, offset);
     if (segment == nullptr) return false;
     obsolete->acknowledge(entry.offset);
-    modified_.push_back(obsolete);
     entry.segment = segment;
     entry.offset = offset;
     writeFailures(entry);
   }
-  finishModifiedSegments();
+  segments_.finishModified();
   return true;
 }
 

@@ -78,61 +78,38 @@ std::vector<std::uint64_t> JXOutboxSegment::numbersIn(const JXFolder& folder, in
   return numbers;
 }
 
-JXSegmentFolder JXSegmentFolder::open(const std::string& path, const std::string& inner,
-                                      JXFolder::Missing missing, int& error) {
-  JXSegmentFolder opened;
-  opened.folder = JXFolder::open(path, inner, missing, error);
-  if (!opened.folder) return {};
-  JXFile locks = JXFile::open(*opened.folder, kLockName, JXFile::Access::Append, error);
-  if (error != 0) return {};
-  opened.locks = std::make_shared<JXFile>(std::move(locks));
-  return opened;
-}
-
-void JXOpenSegments::use(JXOutboxSegment& segment) {
-  if (!segments_.empty() && segments_.back() == &segment) return;
-  remove(segment);
-  segments_.push_back(&segment);
-  if (segments_.size() <= kMax) return;
-  segments_.front()->close();
-  segments_.erase(segments_.begin());
-}
-
-void JXOpenSegments::remove(const JXOutboxSegment& segment) {
-  segments_.erase(std::remove(segments_.begin(), segments_.end(), &segment), segments_.end());
-}
-
 JXOutboxSegment::JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number,
-                                 JXOpenSegments& open, JXFile file)
+                                 JXOpenSegments& open)
     : folder_(folder),
       number_(number),
       open_(open),
-      identity_(file.identity()),
-      journal_(std::move(file), folder.folder->pathOf(nameOf(number))) {
-  open_.use(*this);
-}
+      journal_(JXFile(), folder.folder->pathOf(nameOf(number))) {}
 
 JXOutboxSegment::~JXOutboxSegment() {
   open_.remove(*this);
   unmap();
-  folder_.locks->unlockByte(number_);
+  if (ownsLock_) folder_.locks->unlockByte(number_);
+}
+
+void JXOutboxSegment::setFile(JXFile file) noexcept {
+  identity_ = file.identity();
+  journal_.setFile(std::move(file));
+  open_.use(*this);
 }
 
 std::unique_ptr<JXOutboxSegment> JXOutboxSegment::create(const JXSegmentFolder& folder,
                                                          std::uint64_t number, JXOpenSegments& open,
                                                          int& error) {
+  std::unique_ptr<JXOutboxSegment> segment(new JXOutboxSegment(folder, number, open));
   error = folder.locks->lockByte(number);
   // A process that starts at the same time may be adopting a file of this number.
   if (error == EWOULDBLOCK) error = EEXIST;
   if (error != 0) return nullptr;
+  segment->ownsLock_ = true;
   JXFile file =
       JXFile::open(*folder.folder, nameOf(number), JXFile::Access::AppendCreateNew, error);
-  if (error != 0) {
-    folder.locks->unlockByte(number);
-    return nullptr;
-  }
-  std::unique_ptr<JXOutboxSegment> segment(
-      new JXOutboxSegment(folder, number, open, std::move(file)));
+  if (error != 0) return nullptr;
+  segment->setFile(std::move(file));
   // A mark left over from an earlier file of this name.
   removePurgeMark(segment->path());
   return segment;
@@ -142,22 +119,20 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(
     const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open, JXOutboxHosts& hosts,
     const JXStoredTime& now, std::vector<JXOutboxEntry>& requests, JXJournal::Recovery& recovery) {
   recovery = {};
+  std::unique_ptr<JXOutboxSegment> segment(new JXOutboxSegment(folder, number, open));
   const int lockError = folder.locks->lockByte(number);
   if (lockError != 0) {
     if (lockError != EWOULDBLOCK) recovery.error = lockError;
     return nullptr;
   }
+  segment->ownsLock_ = true;
   JXFile file =
       JXFile::open(*folder.folder, nameOf(number), JXFile::Access::AppendExisting, recovery.error);
   if (recovery.error == ENOENT) recovery.error = 0;
   // A process of an earlier version locks the file itself.
-  if (!file.isOpen() || !file.tryLock(JXFile::Lock::Exclusive)) {
-    folder.locks->unlockByte(number);
-    return nullptr;
-  }
+  if (!file.isOpen() || !file.tryLock(JXFile::Lock::Exclusive)) return nullptr;
   file.unlock();
-  std::unique_ptr<JXOutboxSegment> segment(
-      new JXOutboxSegment(folder, number, open, std::move(file)));
+  segment->setFile(std::move(file));
   recovery = segment->recover(hosts, now, requests);
   return segment;
 }
@@ -198,7 +173,9 @@ JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts, const JXStore
   }
   timeOffset_ = times.offset();
   live_ = requests.size();
+  unwritten_.reserve(live_);
   dropPurged(requests);
+  modified = false;
   // The process that wrote it may have been killed before the sync.
   dirty = true;
   return recovery;
@@ -239,10 +216,13 @@ bool JXOutboxSegment::isAtPath() const { return JXFile::identityAt(path()) == id
 
 int JXOutboxSegment::moveTo(const JXSegmentFolder& folder, std::uint64_t number) {
   const std::string name = nameOf(number);
+  const std::string oldName = nameOf(number_);
+  std::string newPath = folder.folder->pathOf(name);
+  // From here on, nothing is allocated.
   int error = folder.locks->lockByte(number);
   if (error == 0 && JXFile::identityIn(*folder.folder, name).isValid()) error = EEXIST;
   const bool isMine = folder.locks == folder_.locks && number == number_;
-  if (error == 0) error = moveFile(*folder.folder, name);
+  if (error == 0) error = moveFile(*folder.folder, oldName, name, std::move(newPath));
   if (error != 0) {
     if (!isMine) folder.locks->unlockByte(number);
     return error == EWOULDBLOCK ? EEXIST : error;
@@ -257,23 +237,22 @@ int JXOutboxSegment::moveTo(const JXSegmentFolder& folder, std::uint64_t number)
 }
 
 // Renames the file if it still has its name in its folder.
-int JXOutboxSegment::moveFile(const JXFolder& folder, const std::string& name) {
+int JXOutboxSegment::moveFile(const JXFolder& folder, const std::string& oldName,
+                              const std::string& name, std::string path) {
   const JXFolder& old = *folder_.folder;
-  int error = ENOENT;
-  JXFile file;
-  if (JXFile::identityIn(old, nameOf(number_)) == identity_) {
-    error = renameFile(old, nameOf(number_), folder, name);
-    if (error == 0) file = JXFile::open(folder, name, JXFile::Access::AppendExisting, error);
+  const bool isThere = JXFile::identityIn(old, oldName) == identity_;
+  if (isThere && renameFile(old, oldName, folder, name) == 0) {
+    journal_.setPath(std::move(path));
+    return 0;
   }
-  if (error != 0) {
-    file = JXFile::open(folder, name, JXFile::Access::AppendCreateNew, error);
-    if (error == 0) error = copyTo(file);
-    if (error != 0 && file.isOpen()) removeFile(folder, name);
-    if (error != 0) return error;
-    if (JXFile::identityIn(old, nameOf(number_)) == identity_) removeFile(old, nameOf(number_));
-  }
+  int error = 0;
+  JXFile file = JXFile::open(folder, name, JXFile::Access::AppendCreateNew, error);
+  if (error == 0) error = copyTo(file);
+  if (error != 0 && file.isOpen()) removeFile(folder, name);
+  if (error != 0) return error;
+  if (isThere) removeFile(old, oldName);
   identity_ = file.identity();
-  journal_.reopen(std::move(file), folder.pathOf(name));
+  journal_.reopen(std::move(file), std::move(path));
   unmap();
   return 0;
 }
@@ -312,7 +291,7 @@ int JXOutboxSegment::writeTime(const JXStoredTime& time) {
   int error = ensureOpen();
   if (error == 0) error = journal_.append({encodeTime(time)}, nullptr);
   if (error != 0) return error;
-  timeOffset_ = time.dayMs - time.runningMs;
+  timeOffset_ = offsetOf(time);
   needsTime_ = false;
   dirty = true;
   return 0;
@@ -321,6 +300,8 @@ int JXOutboxSegment::writeTime(const JXStoredTime& time) {
 int JXOutboxSegment::append(std::string_view url, std::string_view body, const JXStoredTime& time,
                             const JXRequestOrigin& origin, std::uint32_t& offset) {
   const JXRequestHead head = encodeRequestHead(url, time.dayMs, origin);
+  const std::size_t acknowledgements = unwritten_.size() + live_ + 1;
+  if (unwritten_.capacity() < acknowledgements) unwritten_.reserve(2 * acknowledgements);
   std::uint64_t place = 0;
   int error = writeTime(time);
   if (error == 0) error = ensureOpen();
@@ -353,9 +334,10 @@ int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string
   return error != 0 ? error : journal_.read(offset, kJXRequestHeadSize + bytes, payload);
 }
 
-void JXOutboxSegment::acknowledge(std::uint32_t offset) {
+void JXOutboxSegment::acknowledge(std::uint32_t offset) noexcept {
   unwritten_.push_back(offset);
   --live_;
+  modified = true;
 }
 
 int JXOutboxSegment::writeAcknowledgements() {
@@ -368,12 +350,12 @@ int JXOutboxSegment::writeAcknowledgements() {
   return 0;
 }
 
-int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied) {
-  copied = false;
+int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes,
+                                       JXQuarantined& quarantined) {
   const int error = ensureOpen();
   if (error != 0) return error;
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
-  return quarantine(journal_.file(), path(), {{offset, length}}, false, copied);
+  return quarantine(journal_.file(), path(), {{offset, length}}, false, quarantined);
 }
 
 JXFile JXOutboxSegment::fileToSync(int& error) const {

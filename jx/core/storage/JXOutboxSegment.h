@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -14,37 +15,9 @@
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXOutboxIndex.h"
+#include "jx/core/storage/JXSegmentFolder.h"
 
 namespace jx {
-
-class JXOutboxSegment;
-
-/// The open folder of an outbox, and the file whose bytes are the locks of its segments: a process
-/// owns a segment while it has locked the byte at the segment's number. One file descriptor thus
-/// holds the locks of any number of segments. The system releases them when the process ends.
-struct JXSegmentFolder {
-  std::shared_ptr<const JXFolder> folder;
-  std::shared_ptr<JXFile> locks;
-
-  /// Opens both; see JXFolder::open. The members are null on failure, which sets `error`.
-  static JXSegmentFolder open(const std::string& path, const std::string& inner,
-                              JXFolder::Missing missing, int& error);
-  static constexpr const char* kLockName = "lock";
-};
-
-/// The segments whose files are open, at most `kMax` of them: a process must not use up the file
-/// descriptors of the application, however long its queue is.
-class JXOpenSegments {
- public:
-  static constexpr std::size_t kMax = 2;
-
-  /// Moves a segment to the front; closes the least recently used one beyond the limit.
-  void use(JXOutboxSegment& segment);
-  void remove(const JXOutboxSegment& segment);
-
- private:
-  std::vector<JXOutboxSegment*> segments_;  ///< least recently used first
-};
 
 /// One file of an outbox: requests, and acknowledgements of requests. The process that uses it owns
 /// its lock. The file is opened when it is needed. Not synchronised. Operations that can fail
@@ -84,6 +57,7 @@ class JXOutboxSegment {
   static std::vector<std::uint64_t> numbersIn(const JXFolder& folder, int& error);
 
   /// Appends a request that was added at `time`; `offset` receives the position of its frame.
+  /// Throws std::bad_alloc before it writes the request.
   int append(std::string_view url, std::string_view body, const JXStoredTime& time,
              const JXRequestOrigin& origin, std::uint32_t& offset);
   /// Appends a time that the next frames need, unless it follows from the latest one in the file.
@@ -98,13 +72,12 @@ class JXOutboxSegment {
   const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload);
-  /// Acknowledges a request; `writeAcknowledgements` writes this to the file.
-  void acknowledge(std::uint32_t offset);
+  /// Acknowledges a request; `writeAcknowledgements` writes this to the file. Needs no memory.
+  void acknowledge(std::uint32_t offset) noexcept;
   /// Writes all unwritten acknowledgements as one frame.
   int writeAcknowledgements();
-  /// Copies the bytes of a damaged request to a quarantine file. `copied` receives false when that
-  /// file exists already.
-  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, bool& copied);
+  /// Copies the bytes of a damaged request to a quarantine file, unless that file exists already.
+  int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, JXQuarantined& quarantined);
   /// Returns the open file for a sync without the owner's lock; closed if it cannot be opened.
   JXFile fileToSync(int& error) const;
   /// Deletes the file.
@@ -135,17 +108,19 @@ class JXOutboxSegment {
   bool dirty = false;         ///< written since the last successful sync
   bool lost = false;          ///< not at its path; its content must be moved there
   bool isUnreadable = false;  ///< some of its requests cannot be read by this process
+  bool modified = false;      ///< has acknowledgements that the owner did not finish yet
 
  private:
   static constexpr std::uint64_t kMaxSize = 1024 * 1024;
 
-  JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open,
-                  JXFile file);
+  JXOutboxSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open);
+  void setFile(JXFile file) noexcept;
 
   JXJournal::Recovery recover(JXOutboxHosts& hosts, const JXStoredTime& now,
                               std::vector<JXOutboxEntry>& requests);
   int ensureOpen();
-  int moveFile(const JXFolder& folder, const std::string& name);
+  int moveFile(const JXFolder& folder, const std::string& oldName, const std::string& name,
+               std::string path);
   int copyTo(JXFile& file);
   void map();
   void unmap();
@@ -153,6 +128,7 @@ class JXOutboxSegment {
 
   JXSegmentFolder folder_;
   std::uint64_t number_;
+  bool ownsLock_ = false;  ///< of `number_`
   JXOpenSegments& open_;
   JXFileIdentity identity_;
   JXJournal journal_;
@@ -161,7 +137,8 @@ class JXOutboxSegment {
   std::size_t live_ = 0;
   std::size_t requests_ = 0;                             ///< acknowledged ones too
   std::map<std::uint32_t, JXRequestFailures> failures_;  ///< found by `adopt`, by offset
-  std::vector<std::uint32_t> unwritten_;  ///< offsets of acknowledged requests, not in a frame yet
+  /// Offsets of acknowledged requests, not in a frame yet. Has capacity for those of all requests.
+  std::vector<std::uint32_t> unwritten_;
   std::optional<std::int64_t> timeOffset_;  ///< of the latest time in the file
   bool needsTime_ = false;
 };

@@ -12,11 +12,6 @@
 namespace jx {
 namespace {
 
-constexpr int kCreateAttempts = 8;
-// Segments that are mostly acknowledged are rewritten when the files are larger than this many
-// times the queue, plus some segments that are being sent.
-constexpr std::uint64_t kMaxObsolete = 2;
-constexpr std::uint64_t kObsoleteAllowance = 8u * 1024 * 1024;
 // At a start, no more is read than this many times the largest queue.
 constexpr std::uint64_t kMaxRead = 4;
 
@@ -44,7 +39,9 @@ int JXOutboxSegments::ensureFolder() {
   int error = 0;
   JXSegmentFolder opened = JXSegmentFolder::open(folder_, inner_, JXFolder::Missing::Create, error);
   if (error != 0) return error;
+  const bool wasReplaced = opened_.folder != nullptr;
   opened_ = std::move(opened);
+  if (wasReplaced) detectLostSegments();
   time_.setMissing();
   // Without it, what is stored counts as new: nothing expires too early.
   error = time_.read(*opened_.folder);
@@ -52,8 +49,8 @@ int JXOutboxSegments::ensureFolder() {
   return 0;
 }
 
-void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
-                                const std::function<void(const JXOutboxEntry&)>& adopted) {
+void JXOutboxSegments::adoptAll(
+    JXOutboxHosts& hosts, const std::function<void(const std::vector<JXOutboxEntry>&)>& adopted) {
   const std::vector<std::uint64_t> numbers = numbersToAdopt();
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
@@ -62,7 +59,9 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
         JXOutboxSegment::adopt(opened_, number, open_, hosts, time_.now(), requests, recovery);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
-    if (recovery.quarantined) report_.damaged(segment->path());
+    report_.quarantined(segment->path(), recovery.quarantined);
+    segments_.reserve(segments_.size() + 1);
+    adopted(requests);
     segments_.push_back(std::move(segment));
     JXOutboxSegment& last = *segments_.back();
     if (requests.empty() && recovery.error == 0) {
@@ -71,9 +70,8 @@ void JXOutboxSegments::adoptAll(JXOutboxHosts& hosts,
     }
     // Of an earlier version, or after the file of the running time was lost.
     if (last.needsTime()) writeTimeTo(last);
-    std::for_each(requests.begin(), requests.end(), adopted);
     // New requests go to the newest segment, so that frequent starts do not create many files.
-    current_ = &last;
+    if (current_ == nullptr || current_->number() < number) current_ = &last;
   }
 }
 
@@ -94,13 +92,15 @@ std::vector<std::uint64_t> JXOutboxSegments::numbersToAdopt() {
   const std::uint64_t limit = std::max(kMaxRead * maxBytes_, JXOutboxSegment::kMaxFileSize);
   std::uint64_t read = 0;
   std::vector<std::uint64_t> toAdopt;
+  toAdopt.reserve(numbers.size());
   for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
     struct stat status {};
     const int gone = JXFile::statusIn(*opened_.folder, JXOutboxSegment::nameOf(*number), status);
     if (gone != 0) continue;
     const auto size = static_cast<std::uint64_t>(status.st_size);
     const bool fits = size <= JXOutboxSegment::kMaxFileSize && size <= limit - read;
-    // A process that owns the segment is responsible for it.
+    // A process that owns the segment, which may be this one, is responsible for it.
+    if (find(*number) != nullptr) continue;
     if (opened_.locks->lockByte(*number) != 0) continue;
     if (fits) {
       read += size;
@@ -133,11 +133,11 @@ void JXOutboxSegments::renumber(std::vector<std::uint64_t>& numbers) {
 
 void JXOutboxSegments::quarantineUnread(std::uint64_t number) {
   const std::string name = JXOutboxSegment::nameOf(number);
-  const int error = quarantineFile(*opened_.folder, name);
-  if (error != 0)
-    report_.failed("quarantine a segment that is too large", error);
-  else
-    report_.damaged(opened_.folder->pathOf(name));
+  JXQuarantined quarantined;
+  const int error = quarantineFile(*opened_.folder, name, quarantined.deleted);
+  quarantined.copied = error == 0;
+  if (error != 0) report_.failed("quarantine a segment that is too large", error);
+  report_.quarantined(opened_.folder->pathOf(name), quarantined);
 }
 
 // Returns the number after the largest one; after the very largest, the first that is free. Not a
@@ -176,10 +176,7 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
   }
   JXOutboxSegment* const segment = current_;
   // Checked after the write, so that the next start at this path finds the request.
-  if (!segment->isAtPath()) {
-    detectLostSegments();
-    restoreLost();
-  }
+  restoreReplaced(*segment);
   return segment;
 }
 
@@ -198,10 +195,14 @@ void JXOutboxSegments::writeTime() {
   timeDirty = timeDirty || error == 0;
 }
 
-void JXOutboxSegments::writeTimeTo(JXOutboxSegment& segment) {
-  if (time_.isMissing()) writeTime();
-  const int error = segment.writeTime(time_.now());
-  if (error != 0) report_.failed("append the running time", error);
+void JXOutboxSegments::writeTimeTo(JXOutboxSegment& segment) noexcept {
+  try {
+    if (time_.isMissing()) writeTime();
+    const int error = segment.writeTime(time_.now());
+    if (error != 0) report_.failed("append the running time", error);
+  } catch (...) {
+    // Out of memory: the age counts from the next start.
+  }
 }
 
 void JXOutboxSegments::storeTime(bool isNeeded) {
@@ -222,11 +223,25 @@ bool JXOutboxSegments::startSegment() {
     report_.failed("create a segment", error != 0 ? error : EEXIST);
     return false;
   }
-  current_ = segment.get();
   segments_.push_back(std::move(segment));
+  current_ = segments_.back().get();
   folderDirty = true;
   if (erasures_ != nullptr) erasures_->check();
   return true;
+}
+
+void JXOutboxSegments::finishModified() noexcept {
+  const auto isModified = [](const auto& each) { return each->modified; };
+  for (;;) {
+    const auto found = std::find_if(segments_.begin(), segments_.end(), isModified);
+    if (found == segments_.end()) return;
+    (*found)->modified = false;
+    try {
+      finish(**found);
+    } catch (...) {
+      // Out of memory.
+    }
+  }
 }
 
 void JXOutboxSegments::finish(JXOutboxSegment& segment) {
@@ -242,11 +257,15 @@ void JXOutboxSegments::finish(JXOutboxSegment& segment) {
   }
 }
 
-void JXOutboxSegments::finishCurrent() {
+void JXOutboxSegments::finishCurrent() noexcept {
   if (current_ == nullptr || current_->live() != 0) return;
   JXOutboxSegment& finished = *current_;
   current_ = nullptr;
-  drop(finished);
+  try {
+    drop(finished);
+  } catch (...) {
+    // Out of memory: `retry` deletes the file.
+  }
 }
 
 void JXOutboxSegments::drop(JXOutboxSegment& segment) {
@@ -267,6 +286,7 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
   if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
+  marked.reserve(segments_.size());
   // The deletion of segments also changes the folder, repeatedly while a long queue is delivered.
   std::vector<std::string> names;
   const auto isMark = [](const std::string& name) {
@@ -299,62 +319,9 @@ void JXOutboxSegments::retry() {
   }
 }
 
-void JXOutboxSegments::detectLostSegments() {
-  for (const auto& segment : segments_) {
-    if (!segment->isAtPath()) segment->lost = true;
-  }
-}
-
-bool JXOutboxSegments::restoreLost() {
-  // An erase deletes the files too. The owner drops the requests when it notices it.
-  if (erasures_ != nullptr) erasures_->check();
-  int error = ensureFolder();
-  if (error != 0) report_.failed("open the folder", error);
-  for (const auto& segment : segments_) {
-    if (error != 0) break;
-    if (!segment->lost || segment->live() == 0) continue;
-    error = restore(*segment);
-    if (error != 0) report_.failed("restore a segment", error);
-  }
-  return error == 0;
-}
-
-// Under its number, unless the folder has another file of this name.
-int JXOutboxSegments::restore(JXOutboxSegment& segment) {
-  int error = EEXIST;
-  std::uint64_t number = segment.number();
-  for (int attempt = 0; error == EEXIST && attempt < kCreateAttempts; ++attempt) {
-    if (attempt != 0) {
-      const std::vector<std::uint64_t> numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
-      if (error != 0) return error;
-      number = nextNumber(numbers);
-    }
-    error = segment.moveTo(opened_, number);
-  }
-  folderDirty = folderDirty || error == 0;
-  return error;
-}
-
-std::size_t JXOutboxSegments::lostRequests() const {
-  std::size_t requests = 0;
-  for (const auto& segment : segments_)
-    requests += segment->lost ? segment->live() : 0;
-  return requests;
-}
-
-JXOutboxSegment* JXOutboxSegments::toRetire() const {
-  std::uint64_t size = 0;
-  JXOutboxSegment* most = nullptr;
-  for (const auto& segment : segments_) {
-    size += segment->size();
-    const bool isCandidate = segment.get() != current_ && segment->isMostlyObsolete();
-    if (isCandidate && most == nullptr) most = segment.get();
-  }
-  return size > kMaxObsolete * maxBytes_ + kObsoleteAllowance ? most : nullptr;
-}
-
 std::vector<std::uint64_t> JXOutboxSegments::takeDirty() {
   std::vector<std::uint64_t> dirty;
+  dirty.reserve(segments_.size());
   for (const auto& segment : segments_) {
     if (segment->dirty && !segment->lost) dirty.push_back(segment->number());
     segment->dirty = false;

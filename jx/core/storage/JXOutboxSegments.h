@@ -32,24 +32,24 @@ class JXOutboxSegments {
   JXOutboxSegments(const JXOutboxSegments&) = delete;
   JXOutboxSegments& operator=(const JXOutboxSegments&) = delete;
 
-  /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each of their
-  /// requests in order. Files that no process of the library can have written, and the oldest ones
-  /// beyond what is read at a start, are renamed to quarantine files unread. Call it once, before
-  /// anything else.
+  /// Adopts the segments that no process owns, oldest first, and calls `adopted` for each with its
+  /// requests in order; a segment for which it throws is not adopted. Files that no process of the
+  /// library can have written, and the oldest ones beyond what is read at a start, are renamed to
+  /// quarantine files unread. Throws std::bad_alloc; call it again then.
   void adoptAll(JXOutboxHosts& hosts,
-                const std::function<void(const JXOutboxEntry& request)>& adopted);
+                const std::function<void(const std::vector<JXOutboxEntry>& requests)>& adopted);
 
   /// Appends a request to the current segment; starts a new one if it is full. If the folder or the
   /// file was deleted, renamed or replaced, moves all segments back first. Returns the segment, or
-  /// null on failure.
+  /// null on failure. Throws std::bad_alloc before it writes the request.
   JXOutboxSegment* append(std::string_view url, std::string_view body, const JXStoredTime& time,
                           const JXRequestOrigin& origin, std::uint32_t& offset);
-  /// Call this after requests of the segment were acknowledged: writes the acknowledgements, or
-  /// deletes the file if no unacknowledged request is left. `segment` may be destroyed afterwards.
-  void finish(JXOutboxSegment& segment);
+  /// Call this after requests were acknowledged: writes the acknowledgements, or deletes the files
+  /// without an unacknowledged request. `retry` repeats what fails.
+  void finishModified() noexcept;
   /// Deletes the current segment too if all its requests are acknowledged.
-  void finishCurrent();
-  /// Called before a segment is destroyed.
+  void finishCurrent() noexcept;
+  /// Called before a segment is destroyed; not destroyed if this throws.
   std::function<void(JXOutboxSegment& segment)> beforeRemoval;
 
   /// A segment whose requests before the offset `end` another process marked for purging.
@@ -60,6 +60,8 @@ class JXOutboxSegments {
   /// Returns the segments with a purge mark. Cheap while the folder does not change: segments are
   /// returned only after a change.
   std::vector<Purged> markedForPurge();
+  /// Makes `markedForPurge` return the marked segments again.
+  void recheckPurgeMarks() { watch_.reset(); }
 
   /// Returns the present time.
   JXStoredTime now() { return time_.now(); }
@@ -96,6 +98,8 @@ class JXOutboxSegments {
   bool timeDirty = false;    ///< the running time was written since the last successful sync
 
  private:
+  static constexpr int kCreateAttempts = 8;
+
   int ensureFolder();
   std::vector<std::uint64_t> numbersToAdopt();
   void renumber(std::vector<std::uint64_t>& numbers);
@@ -105,8 +109,10 @@ class JXOutboxSegments {
   int appendToCurrent(std::string_view url, std::string_view body, JXStoredTime time,
                       const JXRequestOrigin& origin, std::uint32_t& offset);
   void writeTime();
-  void writeTimeTo(JXOutboxSegment& segment);
+  void writeTimeTo(JXOutboxSegment& segment) noexcept;
   int restore(JXOutboxSegment& segment);
+  void restoreReplaced(const JXOutboxSegment& segment) noexcept;
+  void finish(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 
   const std::string folder_;

@@ -24,11 +24,11 @@ constexpr const char* kSuffix = ".damaged-";
 constexpr std::int64_t kFirstPlausibleMs = 1'735'689'600'000;
 
 // Deletes the oldest quarantine files of the folder until so many more files and bytes are within
-// the limits.
-void makeRoom(const JXFolder& folder, std::size_t files, std::uint64_t bytes) {
+// the limits. Returns the number of deleted files.
+std::size_t makeRoom(const JXFolder& folder, std::size_t files, std::uint64_t bytes) {
   constexpr std::uint64_t kBlock = 512;
   std::vector<std::string> names;
-  if (folder.list(names) != 0) return;
+  if (folder.list(names) != 0) return 0;
   std::vector<std::tuple<std::time_t, std::string, std::uint64_t>> kept;
   for (const std::string& name : names) {
     struct stat status {};
@@ -38,12 +38,14 @@ void makeRoom(const JXFolder& folder, std::size_t files, std::uint64_t bytes) {
   }
   std::sort(kept.begin(), kept.end());
   files += kept.size();
+  std::size_t deleted = 0;
   for (const auto& [time, name, size] : kept) {
-    if (files <= kJXMaxQuarantinedFiles && bytes <= kJXMaxQuarantinedBytes) return;
-    removeFile(folder, name);
+    if (files <= kJXMaxQuarantinedFiles && bytes <= kJXMaxQuarantinedBytes) break;
+    if (removeFile(folder, name) == 0) ++deleted;
     --files;
     bytes -= size;
   }
+  return deleted;
 }
 
 int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
@@ -67,9 +69,10 @@ int copy(const JXFile& from, const JXDamage& damage, JXFile& to) {
   return 0;
 }
 
-// Deletes the quarantine files of the folder for whose path `matches` returns true.
+// Deletes the quarantine files of the folder for whose path `matches` returns true, and counts
+// them.
 template <typename Matches>
-int removeFiles(const std::string& folder, Matches matches) {
+int removeFiles(const std::string& folder, std::size_t& deleted, Matches matches) {
   std::vector<std::string> names;
   const int unreadable = listFolder(folder, names);
   int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
@@ -78,6 +81,7 @@ int removeFiles(const std::string& folder, Matches matches) {
     if (!isQuarantinedName(name) || !matches(path)) continue;
     const int failure = removeFile(path);
     if (failure != 0) error = failure;
+    if (failure == 0) ++deleted;
   }
   return error;
 }
@@ -92,12 +96,14 @@ bool isQuarantinedName(const std::string& name) {
 }
 
 int removeQuarantinedFiles(const std::string& folder) {
-  return removeFiles(folder, [](const std::string&) { return true; });
+  std::size_t deleted = 0;
+  return removeFiles(folder, deleted, [](const std::string&) { return true; });
 }
 
 int removeExpiredQuarantinedFiles(const std::string& folder, std::int64_t nowMs,
-                                  std::chrono::milliseconds maxAge) {
-  return removeFiles(folder, [&](const std::string& path) {
+                                  std::chrono::milliseconds maxAge, std::size_t& deleted) {
+  deleted = 0;
+  return removeFiles(folder, deleted, [&](const std::string& path) {
     struct stat status {};
     if (JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) != 0) return false;
     const std::int64_t modifiedMs = std::int64_t{status.st_mtime} * 1'000;
@@ -111,15 +117,15 @@ bool hasQuarantinedFiles(const std::string& folder) {
          std::any_of(names.begin(), names.end(), isQuarantinedName);
 }
 
-int quarantineFile(const JXFolder& folder, const std::string& name) {
+int quarantineFile(const JXFolder& folder, const std::string& name, std::size_t& deleted) {
   const int error = renameFile(folder, name, folder, name + kSuffix + "0");
-  if (error == 0) makeRoom(folder, 0, 0);
+  deleted = error == 0 ? makeRoom(folder, 0, 0) : 0;
   return error;
 }
 
 int quarantine(const JXFile& file, const std::string& path, const std::vector<JXDamage>& damages,
-               bool replaces, bool& copied) {
-  copied = false;
+               bool replaces, JXQuarantined& quarantined) {
+  quarantined = {};
   int error = 0;
   const auto folder = JXFolder::open(folderOf(path), JXFolder::Missing::Fail, error);
   if (!folder) return error;
@@ -129,7 +135,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   std::uint64_t bytes = 0;
   for (const JXDamage& damage : damages)
     bytes += damage.length;
-  makeRoom(*folder, exists ? 0 : 1, std::min(bytes, kJXMaxQuarantinedBytes));
+  quarantined.deleted = makeRoom(*folder, exists ? 0 : 1, std::min(bytes, kJXMaxQuarantinedBytes));
   JXFile to = JXFile::open(*folder, target, JXFile::Access::AppendEmptied, error);
   std::uint64_t left = kJXMaxQuarantinedBytes;
   for (std::size_t i = 0; error == 0 && i < damages.size() && left != 0; ++i) {
@@ -139,7 +145,7 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   }
   // A partial copy would be taken for a complete one the next time the file is opened.
   if (error != 0 && to.isOpen()) removeFile(*folder, target);
-  copied = error == 0;
+  quarantined.copied = error == 0;
   return error;
 }
 

@@ -129,7 +129,7 @@ void JXRecordTimes::add(const JXStoredTime& time) {
   const bool isKnown = isValid(time) && time.series == now_.series;
   offset_.reset();
   if (!isKnown) return;
-  offset_ = time.dayMs - time.runningMs;
+  offset_ = offsetOf(time);
   if (!std::exchange(hasFirst_, true)) firstMs_ = std::min(time.runningMs, now_.runningMs);
 }
 
@@ -152,8 +152,13 @@ JXRequestFailures JXRecordTimes::known(JXRequestFailures failures) const {
   return failures;
 }
 
+// A damaged file may contain any time of day.
+std::int64_t offsetOf(const JXStoredTime& time) {
+  return std::clamp(time.dayMs, -kMaxMs, kMaxMs) - time.runningMs;
+}
+
 bool needsStoredTime(const std::optional<std::int64_t>& offset, const JXStoredTime& time) {
-  return !offset || std::abs(time.dayMs - time.runningMs - *offset) > kToleranceMs;
+  return !offset || std::abs(offsetOf(time) - *offset) > kToleranceMs;
 }
 
 }  // namespace jx

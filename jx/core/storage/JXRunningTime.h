@@ -83,6 +83,8 @@ class JXRecordTimes {
   std::optional<std::int64_t> offset_;
 };
 
+/// Returns the difference between the time of day and the running time.
+std::int64_t offsetOf(const JXStoredTime& time);
 /// Returns whether a time must be stored before a record of `time`, if `offset` is that of the
 /// latest one in the file.
 bool needsStoredTime(const std::optional<std::int64_t>& offset, const JXStoredTime& time);

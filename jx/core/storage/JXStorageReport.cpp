@@ -4,6 +4,7 @@
 
 #include <iterator>
 #include <map>
+#include <new>
 #include <set>
 
 #include "jx/core/JXLogger.h"
@@ -19,28 +20,50 @@ struct ReportedCauses {
   std::map<std::pair<std::string, int>, std::set<const JXStorageReport*>> causes;
 };
 
-// Never destroyed: the transfer thread may report a failure while the process exits.
+// Never destroyed: the transfer thread may report a failure while the process exits. Not allocated,
+// because destructors use it.
 ReportedCauses& reported() {
-  static ReportedCauses* const instance = new ReportedCauses();
+  alignas(ReportedCauses) static unsigned char memory[sizeof(ReportedCauses)];
+  static ReportedCauses* const instance = new (memory) ReportedCauses();
   return *instance;
 }
 
 }  // namespace
 
-void JXStorageReport::failed(const char* action, int error) {
+void JXStorageReport::failed(const char* action, int error) noexcept {
   ++failures_;
-  {
+  try {
     const std::lock_guard<std::mutex> lock(reported().mutex);
     auto& failing = reported().causes[{folder_, error}];
-    const bool isNew = failing.empty();
+    if (failing.empty()) {
+      const std::string reason = describeStorageError(error);
+      messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
+    }
     failing.insert(this);
-    if (!isNew) return;
+  } catch (...) {
+    // Out of memory: the next failure is logged.
   }
-  const std::string reason = describeStorageError(error);
-  messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
 }
 
-void JXStorageReport::recovered() {
+void JXStorageReport::outOfMemory() noexcept {
+  ranOut_ = true;
+  if (!std::exchange(isOutOfMemory_, true)) owesMessage_ = true;
+}
+
+std::vector<JXStorageReport::Message> JXStorageReport::takeMessages() noexcept {
+  try {
+    if (owesMessage_) {
+      messages_.push_back({subject_ + ": cannot queue an event: out of memory; event dropped", 2});
+      owesMessage_ = false;
+    }
+  } catch (...) {
+    // The next call creates the message.
+  }
+  return std::exchange(messages_, {});
+}
+
+void JXStorageReport::recovered() noexcept {
+  if (!std::exchange(ranOut_, false)) isOutOfMemory_ = false;
   const std::lock_guard<std::mutex> lock(reported().mutex);
   auto& causes = reported().causes;
   for (auto cause = causes.begin(); cause != causes.end();) {
@@ -49,10 +72,23 @@ void JXStorageReport::recovered() {
   }
 }
 
-void JXStorageReport::damaged(const std::string& path) {
-  ++damagedFiles_;
-  messages_.push_back(
-      {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
+void JXStorageReport::quarantined(const std::string& path,
+                                  const JXQuarantined& quarantined) noexcept {
+  if (quarantined.copied) ++damagedFiles_;
+  deletedFiles_ += quarantined.deleted;
+  try {
+    if (quarantined.copied) {
+      messages_.push_back(
+          {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
+    }
+    if (quarantined.deleted != 0 && !hasLoggedDeletion_) {
+      messages_.push_back(
+          {subject_ + ": old quarantined files deleted: limit of number, size or age", 3});
+      hasLoggedDeletion_ = true;
+    }
+  } catch (...) {
+    // Out of memory: it is only counted.
+  }
 }
 
 void JXStorageReport::log(const std::vector<Message>& messages) {

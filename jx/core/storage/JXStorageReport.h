@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "jx/core/JXLogDeferral.h"
+#include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
 
@@ -34,18 +35,23 @@ class JXStorageReport {
 
   /// Reports that `action` (a verb phrase such as "append a request") failed with the errno value
   /// `error`.
-  void failed(const char* action, int error);
-  /// Reports that damaged data of the file `path` was quarantined.
-  void damaged(const std::string& path);
+  void failed(const char* action, int error) noexcept;
+  /// Reports the quarantine of damaged data of the file `path`, if there was one, and of deleted
+  /// quarantine files.
+  void quarantined(const std::string& path, const JXQuarantined& quarantined) noexcept;
+  /// Reports that an event was dropped because memory is exhausted. The message is created as soon
+  /// as there is memory for it.
+  void outOfMemory() noexcept;
   /// Reports that the operations of this storage succeed again. A cause that no other storage
   /// reports is over: its next failure is logged again.
-  void recovered();
+  void recovered() noexcept;
 
   std::uint64_t failures() const { return failures_; }
   std::uint64_t damagedFiles() const { return damagedFiles_; }
+  std::uint64_t deletedQuarantineFiles() const { return deletedFiles_; }
 
   /// Returns the messages since the last call.
-  std::vector<Message> takeMessages() { return std::exchange(messages_, {}); }
+  std::vector<Message> takeMessages() noexcept;
   /// Logs the messages. Call it without the owner's lock.
   static void log(const std::vector<Message>& messages);
 
@@ -55,6 +61,11 @@ class JXStorageReport {
   std::vector<Message> messages_;
   std::uint64_t failures_ = 0;
   std::uint64_t damagedFiles_ = 0;
+  std::uint64_t deletedFiles_ = 0;
+  bool hasLoggedDeletion_ = false;
+  bool isOutOfMemory_ = false;  ///< reported, until `recovered` is called twice without another
+  bool ranOut_ = false;         ///< since the last `recovered`
+  bool owesMessage_ = false;    ///< of `outOfMemory`
 };
 
 /// Locks a storage. Its destructor logs the messages of the report after releasing the lock,

@@ -43,19 +43,6 @@ long inMilliseconds(milliseconds time) {
   return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
 }
 
-// Returns the pins in libcurl's syntax. When no pin is valid, returns one that matches no key, so
-// that a typo in the configuration does not disable pinning.
-std::string joinedPins(const std::vector<std::string>& pins) {
-  constexpr const char* kPrefix = "sha256//";
-  std::string joined;
-  for (const std::string& pin : pins) {
-    if (!isPublicKeyPin(pin)) continue;
-    if (!joined.empty()) joined += ';';
-    joined.append(kPrefix).append(pin);
-  }
-  return joined.empty() ? kPrefix + std::string(43, 'A') + "=" : joined;
-}
-
 // A request in flight with its easy handle, which is reused for the next request.
 struct Exchange {
   CURL* easy = nullptr;
@@ -143,6 +130,9 @@ class JXCurlTransport::Implementation {
       return reject(std::move(exchange), false, "libcurl does not support a required TLS setting");
     }
     prepareRequest(*exchange);
+    // A result must not be lost because there is no memory for it.
+    ready_.reserve(ready_.size() + active_.size() + 1);
+    free_.reserve(free_.size() + active_.size() + 1);
     active_.push_back(std::move(exchange));
     if (sockets_.isShut()) return;  // until abortAll
     Exchange& started = *active_.back();
@@ -151,6 +141,8 @@ class JXCurlTransport::Implementation {
   }
 
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
+    std::vector<JXHttpResult> results;
+    results.reserve(active_.size());
     if (!sockets_.isShut()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
       const auto longest = milliseconds(INT_MAX);
@@ -161,7 +153,7 @@ class JXCurlTransport::Implementation {
       }
       if (!sockets_.isShut()) perform();
     }
-    std::vector<JXHttpResult> results = std::exchange(ready_, {});
+    results.swap(ready_);
     if (sockets_.isShut()) removeUnanswered(results);
     return results;
   }
@@ -343,7 +335,7 @@ class JXCurlTransport::Implementation {
     return curl_multi_add_handle(multi_, exchange.easy) == CURLM_OK;
   }
 
-  void finish(Exchange& exchange, CURLcode code) {
+  void finish(Exchange& exchange, CURLcode code) noexcept {
     curl_multi_remove_handle(multi_, exchange.easy);
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
@@ -352,7 +344,7 @@ class JXCurlTransport::Implementation {
       result.retryAfter = exchange.response.retryAfter();
       result.date = exchange.response.date();
     } else {
-      result.reason = describe(code, exchange, options_);
+      result.reason = describedIfPossible(code, exchange);
     }
     result.request = std::move(exchange.request);
     ready_.push_back(std::move(result));
@@ -364,6 +356,14 @@ class JXCurlTransport::Implementation {
     if (code != CURLE_OK) sockets_.forgetUnconnected();
     if (std::exchange(hasFewConnections_, false)) {
       curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+    }
+  }
+
+  std::string describedIfPossible(CURLcode code, const Exchange& exchange) const noexcept {
+    try {
+      return describe(code, exchange, options_);
+    } catch (...) {
+      return {};  // out of memory
     }
   }
 

@@ -35,8 +35,12 @@ void guarded(const char* failure, const char* consequence, Operation&& operation
   try {
     operation();
   } catch (const std::exception& error) {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        std::string(failure) + ": " + error.what() + "; " + consequence, 3);
+    try {
+      JXLogger::sharedInstance().logMessage_withLevel(
+          std::string(failure) + ": " + error.what() + "; " + consequence, 3);
+    } catch (...) {
+      JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
+    }
   } catch (...) {
     JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
   }
@@ -44,7 +48,10 @@ void guarded(const char* failure, const char* consequence, Operation&& operation
 
 }  // namespace
 
-JXNetworkManager::JXNetworkManager() : consent_(std::make_unique<JXConsentGate>()) {}
+JXNetworkManager::JXNetworkManager()
+    : consent_(std::make_unique<JXConsentGate>()),
+      nothing_(std::make_shared<const JXSendFilter>(true, std::vector<JXSendFilter::Rule>(),
+                                                    std::vector<JXStopMark>(), false, false)) {}
 
 JXNetworkManager& JXNetworkManager::sharedInstance() {
   // Never destroyed: threads may use it while the process exits.
@@ -99,7 +106,9 @@ std::uint64_t JXNetworkManager::decide(bool enabled) {
     if (enabled) {
       consent_->enable();
     } else {
-      consent_->stop(true);
+      // Sending stops even if there is no memory to record the stop.
+      guarded("Recording the stop failed", "the decision holds in this process only",
+              [this] { consent_->stop(true); });
       stopMarks = stopMarks_;
     }
     applyConsent(!enabled);
@@ -130,15 +139,25 @@ void JXNetworkManager::beginStoring() {
   });
 }
 
+// Returns one that allows nothing that obeys stops if there is no memory for that of the consent.
+std::shared_ptr<const JXSendFilter> JXNetworkManager::stoppedFilter() const noexcept {
+  try {
+    return consent_->filter();
+  } catch (...) {
+    return nothing_;
+  }
+}
+
 // Passes the decisions to the transfer; the mutex is locked.
 void JXNetworkManager::applyConsent(bool stops) {
-  guarded("Enabling or disabling delivery failed", "delivery state unchanged", [&] {
-    if (!transfer_) return;
-    if (stops) {
-      transfer_->stopSending(consent_->filter(), consent_->isPaused());
-    } else {
-      transfer_->setFilter(consent_->filter(), consent_->isPaused());
-    }
+  if (!transfer_) return;
+  if (stops) {
+    transfer_->stopSending(stoppedFilter(), consent_->isPaused());
+  } else {
+    guarded("Enabling or disabling delivery failed", "delivery state unchanged",
+            [&] { transfer_->setFilter(consent_->filter(), consent_->isPaused()); });
+  }
+  guarded("Recording the stop failed", "the decision holds in this process only", [&] {
     for (const JXStopMark& mark : consent_->takeChangedMarks()) {
       if (stopMarks_) stopMarks_->set(mark);
     }
@@ -246,6 +265,12 @@ void JXNetworkManager::enqueue(std::string_view url, std::string_view body, cons
   });
 }
 
+bool JXNetworkManager::dropOutOfMemory() noexcept {
+  const std::shared_ptr<JXTransfer> transfer = isIgnored() ? nullptr : this->transfer();
+  if (transfer) transfer->dropOutOfMemory({});
+  return transfer != nullptr;
+}
+
 void JXNetworkManager::onBackground() {
   if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -308,7 +333,6 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     if (awaitsUserAgent_ && requestUserAgent_) transfer->pauseForUserAgent();
     transfer->setFilter(consent_->filter(), consent_->isPaused());
     transfer->setInBackground(inBackground_ && !runsInBackground_);
-    transfer->start();
     transfer_ = std::move(transfer);
     // Registered after libcurl and its dependencies were initialised above, so that the thread ends
     // before they are cleaned up.
@@ -319,6 +343,8 @@ void JXNetworkManager::start(JXTransferSetup setup) {
       guarded("Stopping the transfer thread failed", "process exit continues",
               [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
     });
+    guarded("Creating the transfer thread failed", "requests stay queued until it succeeds",
+            [this] { transfer_->start(); });
   });
 }
 

@@ -15,6 +15,7 @@
 namespace jx {
 
 class JXConsentGate;
+class JXSendFilter;
 class JXStopMarks;
 class JXTransfer;
 struct JXTransferSetup;
@@ -72,6 +73,10 @@ class JX_API JXNetworkManager {
   /// Queues a request of `sender`, which is a ServerSide or any other object. It is in the outbox
   /// when this returns; the caller performs one write.
   void enqueue(std::string_view url, std::string_view body, const void* sender = nullptr);
+  /// Counts and reports an event that cannot be queued because memory was exhausted before its
+  /// request was complete; its report has no event ID. Returns false if nothing is sent by this
+  /// process. Called by ServerSide.
+  bool dropOutOfMemory() noexcept;
   /// Reports that the application entered the background. No request is started until it returns to
   /// the foreground, unless running in background is enabled; requests in flight complete.
   void onBackground();
@@ -95,7 +100,8 @@ class JX_API JXNetworkManager {
 
   /// Starts the transfer thread, which is stopped within 250 ms when the process exits. Called once
   /// by the core; a second call is ignored. When the system cannot create a thread, logs the
-  /// failure at level 3; requests are then not accepted.
+  /// failure at level 3; requests are then stored, and each one tries again to start the thread.
+  /// After another failure, requests are not accepted.
   void start(JXTransferSetup setup);
   /// Starts a dry run: only the user agent is requested, and `beginStoring` called with each
   /// consent. Called once by the core instead of
@@ -114,6 +120,7 @@ class JX_API JXNetworkManager {
   auto withTransfer(Operation operation) const;
   std::uint16_t mostStops(std::string_view url) const;
   void beginStoring();
+  std::shared_ptr<const JXSendFilter> stoppedFilter() const noexcept;
   void applyConsent(bool stops);
   void applyBackground();
 
@@ -124,6 +131,7 @@ class JX_API JXNetworkManager {
   std::function<void()> beginStoring_;                           // set once, by the start
   bool hasMarks_ = false;
   const std::unique_ptr<JXConsentGate> consent_;
+  const std::shared_ptr<const JXSendFilter> nothing_;
   std::uint64_t decisions_ = 0;
   int managerState_ = 0;
   bool ignoresStops_ = false;

@@ -14,4 +14,15 @@ bool isPublicKeyPin(std::string_view string) {
   return kDigits.find(string.back()) % 4 == 0;
 }
 
+std::string joinedPins(const std::vector<std::string>& pins) {
+  constexpr const char* kPrefix = "sha256//";
+  std::string joined;
+  for (const std::string& pin : pins) {
+    if (!isPublicKeyPin(pin)) continue;
+    if (!joined.empty()) joined += ';';
+    joined.append(kPrefix).append(pin);
+  }
+  return joined.empty() ? kPrefix + std::string(43, 'A') + "=" : joined;
+}
+
 }  // namespace jx

@@ -55,10 +55,21 @@ JXTransfer::JXTransfer(JXTransferSetup setup)
       mailbox_([transport = loop_.setup().transport.get()] { transport->wakeUp(); }) {}
 
 void JXTransfer::start() {
-  if (thread_.joinable()) return;
   JXForkedChild::watch();
   const JXSignalsBlocked blockedInTheNewThread;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (stopped_ || thread_.joinable()) return;
+  mustStart_.store(true);
   thread_ = std::thread([self = shared_from_this()] { self->run(); });
+  mustStart_.store(false);
+}
+
+void JXTransfer::startAgain() noexcept {
+  try {
+    start();
+  } catch (...) {
+    // The next request tries again. This one is stored.
+  }
 }
 
 void JXTransfer::run() noexcept {
@@ -146,11 +157,17 @@ void JXTransfer::notifyFlushers() {
 
 void JXTransfer::enqueue(std::string_view url, std::string_view body, const JXRequestOrigin& origin,
                          bool awaitsDecision) {
+  if (mustStart_.load()) startAgain();
   if (setup().outbox->add(url, body, origin, awaitsDecision)) {
     mailbox_.notifyAdded();
   } else if (setup().onDelivery) {
     mailbox_.send([](JXTransferCommands& commands) { ++commands.rejectedByQueue; });
   }
+}
+
+void JXTransfer::dropOutOfMemory(std::string_view body) {
+  setup().outbox->dropOutOfMemory(body);
+  mailbox_.send([](JXTransferCommands& commands) { ++commands.rejectedByQueue; });
 }
 
 void JXTransfer::storageChanged() {

@@ -37,12 +37,15 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   JXTransfer& operator=(const JXTransfer&) = delete;
 
   /// Starts the thread; a second call has no effect. Delivery may be paused before. Throws
-  /// std::system_error when the system cannot create a thread.
+  /// std::system_error when the system cannot create a thread, and std::bad_alloc; each added
+  /// request then tries again.
   void start();
 
   /// Adds a request to the outbox before it returns, and wakes the thread to send it.
   void enqueue(std::string_view url, std::string_view body, const JXRequestOrigin& origin,
                bool awaitsDecision);
+  /// See JXOutbox::dropOutOfMemory.
+  void dropOutOfMemory(std::string_view body);
   void enqueue(std::string_view url, std::string_view body) { enqueue(url, body, {}, false); }
   /// See JXOutbox::mostStops.
   std::uint16_t mostStops(std::uint32_t source) const { return setup().outbox->mostStops(source); }
@@ -79,6 +82,7 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   bool stop(std::chrono::milliseconds limit);
 
  private:
+  void startAgain() noexcept;
   void run() noexcept;
   bool runOnce() noexcept;
   bool recover(const char* error) noexcept;
@@ -95,6 +99,7 @@ class JXTransfer : public std::enable_shared_from_this<JXTransfer> {
   JXTransferMailbox mailbox_;
   std::thread thread_;
   std::atomic<std::thread::id> threadId_{};
+  std::atomic<bool> mustStart_{false};  ///< the thread could not be created
   std::uint64_t endedSuspensions_ = 0;  ///< for the transfer thread only
   bool hasFailed_ = false;              ///< the thread's last iteration ended with an exception
   std::atomic<int> flushing_{0};

@@ -15,6 +15,11 @@ namespace {
 
 using std::chrono::milliseconds;
 
+// Memory for the reports of deliveries while memory is exhausted. Of further ones, the application
+// is not notified.
+constexpr std::size_t kMaxUnreported = 64;
+constexpr milliseconds kReportRetryDelay{1'000};
+
 // Calls a callback of the core or the application. Its exceptions must not end the thread.
 template <class Callback, class... Arguments>
 void callSafely(const Callback& callback, Arguments&&... arguments) noexcept {
@@ -27,7 +32,7 @@ void callSafely(const Callback& callback, Arguments&&... arguments) noexcept {
   }
 }
 
-void log(const std::string& message, int level) {
+void log(std::string_view message, int level) {
   JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
@@ -54,6 +59,8 @@ const char* describe(JXDropReason reason) {
       return "stored request is damaged";
     case JXDropReason::Purged:
       return "queue purged";
+    case JXDropReason::OutOfMemory:
+      return "out of memory";
     case JXDropReason::None:
       break;
   }
@@ -73,6 +80,7 @@ std::string causeOf(const JXHttpResult& result) {
 
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
     : setup_(std::move(setup)), plan_(setup_.timings) {
+  unreported_.reserve(kMaxUnreported);
   if (setup_.onDelivery) setup_.outbox->rememberDropped();
   // Requests of an earlier process may need a sync or a cleanup.
   if (setup_.outbox->needsSync()) plan_.storageChanged(setup_.steadyNow());
@@ -98,6 +106,7 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added, std::
 }
 
 JXTransferWait JXTransferLoop::act() {
+  reportUnreported();
   // Read once: requests that become due during the call are started by the next one.
   const JXTransferPlan::Time now = setup_.steadyNow();
   if (plan_.isSyncDue(now)) sync();
@@ -112,7 +121,12 @@ JXTransferWait JXTransferLoop::act() {
   JXTransferWait wait = plan_.nextWait(setup_.steadyNow());
   // Further dropped requests are reported in the next iteration, so that a callback that causes new
   // drops cannot keep the thread from reading its commands.
-  if (hasReported) wait.wakeAt = setup_.steadyNow();
+  if (hasReported) {
+    wait.wakeAt = setup_.steadyNow();
+  } else if (hasUnreported()) {
+    const JXTransferPlan::Time retryAt = setup_.steadyNow() + kReportRetryDelay;
+    wait.wakeAt = wait.wakeAt ? std::min(*wait.wakeAt, retryAt) : retryAt;
+  }
   return wait;
 }
 
@@ -128,9 +142,15 @@ std::vector<JXHttpResult> JXTransferLoop::poll(const JXTransferWait& wait, bool 
   return setup_.transport->poll(timeout);
 }
 
-void JXTransferLoop::complete(std::vector<JXHttpResult> results) {
-  for (JXHttpResult& result : results)
-    completeOne(result);
+// An exception would lose the other results, whose requests would be sent again.
+void JXTransferLoop::complete(std::vector<JXHttpResult> results) noexcept {
+  for (JXHttpResult& result : results) {
+    const std::optional<JXDeliveryOutcome> outcome = completeOne(result);
+    if (!outcome || reportFinal(result, *outcome)) continue;
+    if (unreported_.size() < unreported_.capacity()) {
+      unreported_.push_back({std::move(result), *outcome});
+    }
+  }
 }
 
 void JXTransferLoop::end() {
@@ -139,17 +159,16 @@ void JXTransferLoop::end() {
 }
 
 void JXTransferLoop::recover(std::string_view error) noexcept {
+  abortInFlight();
+  plan_.failedInternally(setup_.steadyNow(), setup_.draw());
   try {
     // One message per cause, not per attempt: a transport may fail in every attempt.
     std::string cause(error);
     log("Transfer thread error: " + cause + "; in-flight requests requeued",
         cause == loggedFailures_[0].cause ? 6 : 3);
     loggedFailures_[0] = {std::move(cause), false};
-    const JXTransferPlan::Time now = setup_.steadyNow();
-    abortInFlight();
-    plan_.failedInternally(now, setup_.draw());
   } catch (...) {
-    // Nothing is lost: the requests stay in the outbox for the next process.
+    // Out of memory for the message.
   }
 }
 
@@ -186,15 +205,19 @@ void JXTransferLoop::abortInFlight() {
 }
 
 void JXTransferLoop::sync() {
+  const std::uint64_t nextId = setup_.outbox->nextId();
   setup_.outbox->sync();
+  // It adopts the requests that the start had no memory for.
+  if (setup_.outbox->nextId() != nextId) plan_.requestsAdded();
   callSafely(setup_.maintain);
   plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
 }
 
-void JXTransferLoop::completeOne(JXHttpResult& result) {
+// Returns the outcome to be reported, if there is one.
+std::optional<JXDeliveryOutcome> JXTransferLoop::completeOne(JXHttpResult& result) noexcept {
   if (!plan_.isInFlight(result.request.id)) {
     log("Transport returned a result for a request that is not in flight; ignored", 3);
-    return;
+    return std::nullopt;
   }
   // An application's transport may return an error code as the status.
   if (result.outcome.status < 100) result.outcome.status = 0;
@@ -211,18 +234,17 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
       plan_.storageChanged(now);
       logResumed(host);
       // A request purged while in flight was already reported as dropped.
-      if (setup_.outbox->markDelivered(id) && setup_.onDelivery) {
-        report({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
-                nullptr, JXDropReason::None});
-      }
+      if (setup_.outbox->markDelivered(id)) return JXDeliveryOutcome::Delivered;
       break;
     case JXResponseClass::Rejected:
       plan_.storageChanged(now);
-      if (setup_.outbox->moveToDeadLetters(id, result.outcome.status)) reportRejected(result);
+      if (setup_.outbox->moveToDeadLetters(id, result.outcome.status)) {
+        return JXDeliveryOutcome::Rejected;
+      }
       break;
     case JXResponseClass::ServerError:
       plan_.storageChanged(now);
-      setup_.outbox->requeueFailed(id, end.failures);
+      if (!setup_.outbox->requeueFailed(id, end.failures)) plan_.requestsAdded();
       failures_.fetch_add(1);
       logFailure(result, host, end.failures.delay, true);
       break;
@@ -235,6 +257,30 @@ void JXTransferLoop::completeOne(JXHttpResult& result) {
       logFailure(result, host, std::chrono::ceil<milliseconds>(backoff), false);
       break;
   }
+  return std::nullopt;
+}
+
+// Returns false if there is no memory for it.
+bool JXTransferLoop::reportFinal(const JXHttpResult& result, JXDeliveryOutcome outcome) noexcept {
+  try {
+    if (outcome == JXDeliveryOutcome::Rejected) {
+      reportRejected(result);
+    } else if (setup_.onDelivery) {
+      report({JXDeliveryOutcome::Delivered, eventIdOf(result.request.body), result.outcome.status,
+              nullptr, JXDropReason::None});
+    }
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
+void JXTransferLoop::reportUnreported() noexcept {
+  const auto isReported = [this](const Unreported& each) {
+    return reportFinal(each.result, each.outcome);
+  };
+  unreported_.erase(std::remove_if(unreported_.begin(), unreported_.end(), isReported),
+                    unreported_.end());
 }
 
 void JXTransferLoop::reportRejected(const JXHttpResult& result) {
@@ -243,37 +289,54 @@ void JXTransferLoop::reportRejected(const JXHttpResult& result) {
   const std::string what = result.outcome.status != 0
                                ? withId("Server rejected event", eventId)
                                : withId("Event", eventId) + " cannot be sent";
+  const JXDelivery delivery{JXDeliveryOutcome::Rejected, eventId, result.outcome.status, reason,
+                            JXDropReason::None};
   log(what + ": " + reason + "; not retrying", 2);
-  report({JXDeliveryOutcome::Rejected, eventId, result.outcome.status, reason, JXDropReason::None});
+  report(delivery);
 }
 
 // Reports a few dropped requests; returns whether there were any.
 bool JXTransferLoop::reportDropped() {
   if (!setup_.onDelivery) return false;
-  const std::vector<JXOutboxDrop> drops = setup_.outbox->takeDropped();
-  for (const JXOutboxDrop& drop : drops) {
-    report({JXDeliveryOutcome::Dropped, drop.eventId, 0, describe(drop.reason), drop.reason});
+  if (drops_.empty()) drops_ = setup_.outbox->takeDropped();
+  auto next = drops_.begin();
+  try {
+    for (; next != drops_.end(); ++next) {
+      report({JXDeliveryOutcome::Dropped, next->eventId, 0, describe(next->reason), next->reason});
+    }
+  } catch (...) {
+    // Out of memory: the others are reported later.
   }
-  return !drops.empty();
+  const bool hasReported = next != drops_.begin();
+  drops_.erase(drops_.begin(), next);
+  return hasReported;
+}
+
+bool JXTransferLoop::hasUnreported() const {
+  return !unreported_.empty() || !drops_.empty() ||
+         (setup_.onDelivery && setup_.outbox->hasDropped());
 }
 
 // One message per cause and host, not per attempt: a device may be offline for days. Poison
 // requests fail while others are delivered, so their cause ends only when none of them is queued.
 void JXTransferLoop::logFailure(const JXHttpResult& result, std::uint32_t host,
-                                milliseconds retryIn, bool isServerError) {
+                                milliseconds retryIn, bool isServerError) noexcept try {
   std::string cause = causeOf(result);
   LoggedFailure& last = loggedFailures_[host];
   const bool isKnown = cause == last.cause && (isServerError || !last.isOver);
   const int level = isKnown ? 6 : 3;
+  if (JXLogger::sharedInstance().printsLevel(level)) {
+    const auto shown = std::max(retryIn, milliseconds::zero());
+    log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(shown.count()) +
+            " ms",
+        level);
+  }
   if (!isKnown) last = {std::move(cause), false};
-  if (!JXLogger::sharedInstance().printsLevel(level)) return;
-  const auto shown = std::max(retryIn, milliseconds::zero());
-  log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(shown.count()) +
-          " ms",
-      level);
+} catch (...) {
+  // Out of memory for the message.
 }
 
-void JXTransferLoop::logResumed(std::uint32_t host) {
+void JXTransferLoop::logResumed(std::uint32_t host) noexcept {
   const bool threadHadFailed = loggedFailures_.erase(0) != 0;
   const auto last = loggedFailures_.find(host);
   const bool hostHadFailed = last != loggedFailures_.end() && !last->second.isOver;

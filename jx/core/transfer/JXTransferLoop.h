@@ -9,6 +9,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,12 +70,13 @@ class JXTransferLoop {
   /// was not read yet, such as a stop.
   void apply(const JXTransferCommands& commands, bool added,
              std::uint64_t before = std::numeric_limits<std::uint64_t>::max());
-  /// Performs the actions that are due now and returns how to wait.
+  /// Performs the actions that are due now and returns how to wait. Throws std::bad_alloc, and what
+  /// the transport throws.
   JXTransferWait act();
   /// Waits as specified by `wait` (not at all when `mayWait` is false) and returns the results.
   std::vector<JXHttpResult> poll(const JXTransferWait& wait, bool mayWait);
-  /// Processes the results of `poll`.
-  void complete(std::vector<JXHttpResult> results);
+  /// Processes the results of `poll`. When there is no memory to report some, `act` does it later.
+  void complete(std::vector<JXHttpResult> results) noexcept;
   /// Requeues the requests in flight and makes the storage durable, before the process exits.
   void end();
   /// Recovers from an internal failure such as out of memory: requeues the requests in flight and
@@ -89,12 +91,21 @@ class JXTransferLoop {
   bool startOne(JXTransferPlan::Time now);
   void abortInFlight();
   void sync();
-  void completeOne(JXHttpResult& result);
+  /// A request with a final response for whose report there was no memory.
+  struct Unreported {
+    JXHttpResult result;
+    JXDeliveryOutcome outcome;
+  };
+
+  std::optional<JXDeliveryOutcome> completeOne(JXHttpResult& result) noexcept;
+  bool reportFinal(const JXHttpResult& result, JXDeliveryOutcome outcome) noexcept;
   void reportRejected(const JXHttpResult& result);
+  void reportUnreported() noexcept;
   bool reportDropped();
+  bool hasUnreported() const;
   void logFailure(const JXHttpResult& result, std::uint32_t host, std::chrono::milliseconds retryIn,
-                  bool isServerError);
-  void logResumed(std::uint32_t host);
+                  bool isServerError) noexcept;
+  void logResumed(std::uint32_t host) noexcept;
   void forgetLoggedFailures(const std::vector<JXOutboxHost>& hosts);
   void report(const JXDelivery& delivery);
 
@@ -109,6 +120,8 @@ class JXTransferLoop {
   };
 
   std::map<std::uint32_t, LoggedFailure> loggedFailures_;  // by host; 0: of this thread
+  std::vector<Unreported> unreported_;  ///< never grows beyond its first capacity
+  std::vector<JXOutboxDrop> drops_;     ///< not reported yet
   std::atomic<std::uint64_t> attempts_{0};
   std::atomic<std::uint64_t> failures_{0};
 };

@@ -18,6 +18,7 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 
 JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings) : timings_(timings) {
   inFlight_.reserve(kMaxInFlight);
+  aborted_.reserve(kMaxInFlight);
 }
 
 void JXTransferPlan::setHosts(const std::vector<JXOutboxHost>& hosts) {
@@ -144,15 +145,14 @@ JXTransferEnd JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& out
   return end;
 }
 
-std::vector<std::uint64_t> JXTransferPlan::aborted() {
-  std::vector<std::uint64_t> ids;
-  ids.reserve(inFlight_.size());
+const std::vector<std::uint64_t>& JXTransferPlan::aborted() noexcept {
+  aborted_.clear();
   for (const Flight& flight : inFlight_)
-    ids.push_back(flight.id);
+    aborted_.push_back(flight.id);
   inFlight_.clear();
   for (JXHostPipeline& host : hosts_)
     host.aborted();
-  return ids;
+  return aborted_;
 }
 
 void JXTransferPlan::failedInternally(Time now, double draw) {

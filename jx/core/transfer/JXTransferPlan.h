@@ -79,9 +79,9 @@ class JXTransferPlan {
   JXTransferEnd ended(std::uint64_t id, const JXAttemptResult& outcome,
                       std::optional<std::chrono::milliseconds> retryAfter,
                       std::chrono::milliseconds failedFor, Time now, double draw);
-  /// Reports that the requests in flight were aborted and returns their IDs. Does not count as a
-  /// failure.
-  std::vector<std::uint64_t> aborted();
+  /// Reports that the requests in flight were aborted and returns their IDs, until the next call.
+  /// Does not count as a failure. Needs no memory.
+  const std::vector<std::uint64_t>& aborted() noexcept;
   /// Reports an internal failure such as out of memory; starts a backoff as after a failed attempt.
   void failedInternally(Time now, double draw);
 
@@ -113,6 +113,7 @@ class JXTransferPlan {
   JXRetryTimings timings_;
   std::vector<JXHostPipeline> hosts_;
   std::vector<Flight> inFlight_;
+  std::vector<std::uint64_t> aborted_;
   bool inBackground_ = false;
   std::optional<Time> pausedUntil_;
   std::optional<Time> syncDue_;

@@ -61,7 +61,7 @@ class JournalDamage : public ::testing::Test {
         journal.recover(JXJournal::Writers::Several,
                         [&](const JXFrame& frame) { texts.emplace_back(frame.payload); });
     EXPECT_EQ(recovery.error, 0);
-    EXPECT_FALSE(recovery.quarantined);
+    EXPECT_FALSE(recovery.quarantined.copied);
     EXPECT_EQ(journal.append({"after"}, nullptr), 0);
     EXPECT_EQ(contentOf(path_).substr(0, content.size()), content);
     return texts;

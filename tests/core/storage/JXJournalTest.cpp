@@ -62,7 +62,7 @@ TEST(Journal, ReturnsFramesInOrder) {
   const Opened again = openJournal(path);
   EXPECT_EQ(again.texts, (Texts{"one", "", std::string(200'000, 'x')}));
   EXPECT_EQ(again.recovery.error, 0);
-  EXPECT_FALSE(again.recovery.quarantined);
+  EXPECT_FALSE(again.recovery.quarantined.copied);
 }
 
 TEST(Journal, WritesAPayloadInPartsAsOneFrame) {
@@ -107,7 +107,7 @@ TEST(Journal, QuarantinesAForeignFileAndContinues) {
   writeFile(path, "{\"not\": \"ours\"}\n");
   Opened opened = openJournal(path);
   EXPECT_TRUE(opened.texts.empty());
-  EXPECT_TRUE(opened.recovery.quarantined);
+  EXPECT_TRUE(opened.recovery.quarantined.copied);
   EXPECT_EQ(contentOf(path + ".damaged-0"), "{\"not\": \"ours\"}\n");
   append(opened.journal, "one");
   EXPECT_EQ(openJournal(path).texts, Texts{"one"});
@@ -121,7 +121,7 @@ TEST(Journal, QuarantinesAndTruncatesATornLastFrame) {
   writeFile(path, whole + whole.substr(8, 10));
   Opened opened = openJournal(path);
   EXPECT_EQ(opened.texts, Texts{"one"});
-  EXPECT_TRUE(opened.recovery.quarantined);
+  EXPECT_TRUE(opened.recovery.quarantined.copied);
   EXPECT_EQ(contentOf(path), whole);
   EXPECT_EQ(contentOf(path + ".damaged-" + std::to_string(whole.size())), whole.substr(8, 10));
   append(opened.journal, "two");

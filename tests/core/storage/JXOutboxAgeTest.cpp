@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <fstream>
+
 #include "tests/core/storage/JXOutboxFixture.h"
 #include "tests/support/JXFailingDisk.h"
 
@@ -10,6 +12,9 @@ namespace jx {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* kDeletedMessage =
+    ": old quarantined files deleted: limit of number, size or age";
 
 class OutboxAge : public OutboxTest {
  protected:
@@ -243,6 +248,53 @@ TEST_F(OutboxAge, FirstSyncDeletesExpiredQuarantinedFiles) {
   EXPECT_TRUE(fs::exists(box_ + "/dead.damaged-7"));
   EXPECT_TRUE(fs::exists(box_ + "/notes"));
   EXPECT_FALSE(outbox->needsSync());
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 1u);
+  EXPECT_EQ(log_.with(kDeletedMessage), 1u);
+}
+
+TEST_F(OutboxAge, CountsTheQuarantinedFilesDeletedForNewerOnes) {
+  {
+    const auto outbox = open();
+    for (const char* id : {"first", "second"})
+      add(*outbox, event(id));
+  }
+  const std::string segment = box_ + "/segment-0000000000000001";
+  std::string content = contentOf(segment);
+  content[content.find("first")] = 'F';
+  writeFile(segment, content);
+  for (int i = 0; i < 10; ++i) {
+    const std::string path = box_ + "/old" + std::to_string(i) + ".damaged-0";
+    writeFile(path, "garbage");
+    setFileTime(path, kTestNowMs - (20 - i) * 60'000);
+  }
+  // Eight files are kept, of which one is new.
+  const auto outbox = open();
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 8u);
+  EXPECT_FALSE(fs::exists(box_ + "/old2.damaged-0"));
+  EXPECT_TRUE(fs::exists(box_ + "/old3.damaged-0"));
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 3u);
+  EXPECT_EQ(outbox->counters().damaged, 1u);
+  // One of a request that is damaged while the outbox is open.
+  content = contentOf(segment);
+  content[content.find("second")] = 'S';
+  std::ofstream(segment, std::ios::in | std::ios::out | std::ios::binary) << content;
+  EXPECT_FALSE(outbox->take());
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 8u);
+  EXPECT_FALSE(fs::exists(box_ + "/old3.damaged-0"));
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 4u);
+  EXPECT_EQ(log_.with(kDeletedMessage), 1u);
+}
+
+TEST_F(OutboxAge, CountsTheQuarantinedFilesDeletedForDamagedDeadLetters) {
+  fs::create_directory(box_);
+  writeFile(box_ + "/dead", "garbage");
+  for (int i = 0; i < 8; ++i)
+    writeFile(box_ + "/old" + std::to_string(i) + ".damaged-0", "garbage");
+  const auto outbox = open();
+  outbox->sync();
+  EXPECT_EQ(filesNamed(box_, ".damaged-"), 8u);
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 1u);
+  EXPECT_EQ(outbox->counters().damaged, 1u);
 }
 
 }  // namespace

@@ -75,6 +75,40 @@ TEST_F(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
   EXPECT_EQ(takeAll(*outbox), Bodies{"a"});
 }
 
+// The event goes to a new segment, in the new folder.
+TEST_F(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
+  const auto outbox = open();
+  Bodies bodies = fill(*outbox, 2);
+  while (filesNamed(state_ + "/outbox", "segment-") < 3)
+    add(*outbox, bodies.emplace_back(kSegment / 8, 'y'));
+  add(*outbox, bodies.emplace_back(kSegment, 'z'));
+  fs::rename(state_, folder_.file("renamed"));
+  add(*outbox, bodies.emplace_back("last"));
+  EXPECT_EQ(sorted(found()), sorted(bodies));
+}
+
+TEST_F(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
+  long call = 0;
+  for (bool failed = true; failed; ++call) {
+    SCOPED_TRACE("call " + std::to_string(call));
+    fs::remove_all(folder_.file("renamed"));
+    fs::remove_all(state_);
+    const auto outbox = open();
+    Bodies bodies = fill(*outbox, 3);
+    fs::rename(state_, folder_.file("renamed"));
+    {
+      const FailingDisk disk(call, call + 1, FailingDisk::Write::Nothing, EIO);
+      add(*outbox, bodies.emplace_back("during"));
+      failed = disk.failed() != 0;
+    }
+    add(*outbox, bodies.emplace_back("after"));
+    // What is in memory is written by the next sync.
+    if (outbox->counters().inMemory != 0) outbox->sync();
+    EXPECT_EQ(sorted(found()), sorted(bodies));
+  }
+  EXPECT_GT(call, 5);
+}
+
 TEST_F(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
@@ -340,6 +374,7 @@ TEST_F(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
     bytes += entry.file_size();
   EXPECT_LE(bytes, kJXMaxQuarantinedBytes);
   EXPECT_EQ(filesNamed(state_ + "/outbox", ".damaged-"), 2u);
+  EXPECT_EQ(outbox->counters().quarantinedDeleted, 4u);
 }
 
 TEST_F(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
