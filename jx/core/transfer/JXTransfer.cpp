@@ -82,11 +82,13 @@ void JXTransfer::run() noexcept {
 // Returns false when the thread must end.
 bool JXTransfer::runOnce() noexcept {
   try {
-    // Read before the commands: a request with a smaller ID was added before them.
+    // In this order: a reported request has a smaller ID, and was added before the commands were
+    // read. One that is added in between is reported to the next iteration.
+    const bool added = mailbox_.readAdded();
     const std::uint64_t before = setup().outbox->nextId();
     const JXTransferCommands commands = mailbox_.readCommands();
     if (commands.stop) return false;
-    loop_.apply(commands, mailbox_.readAdded(), before);
+    loop_.apply(commands, added, before);
     resumeTransport(commands);
     const JXTransferWait wait = loop_.act();
     notifyFlushers();

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <set>
+#include <thread>
 
 #include "jx/core/storage/JXOutboxFolder.h"
 #include "jx/core/transfer/JXCurlTransport.h"
@@ -244,6 +245,23 @@ TEST_F(Transfer, KeepsARequestAddedAfterTheStop) {
 TEST_F(Transfer, StopsWhenItWasNeverStarted) {
   transfer = std::make_shared<JXTransfer>(setup);
   EXPECT_TRUE(transfer->stop(0ms));
+}
+
+TEST_F(Transfer, SendsARequestThatIsAddedWhileTheThreadReadsItsCommands) {
+  start();
+  std::atomic<bool> ends{false};
+  std::thread busy([&] {
+    while (!ends)
+      transfer->storageChanged();
+  });
+  bool areSent = true;
+  for (int i = 0; i < 300 && areSent; ++i) {
+    enqueue("a");
+    areSent = transfer->flush(20s);
+  }
+  ends = true;
+  busy.join();
+  EXPECT_TRUE(areSent);
 }
 
 TEST_F(Transfer, FlushEndsAtItsDeadlineWithoutAResponse) {
