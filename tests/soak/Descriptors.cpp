@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/soak/Obedience.h"
+#include "tests/soak/CommandedWorker.h"
+#include "tests/soak/ControlledProcess.h"
 #include "tests/soak/OpenLog.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
 #include "tests/soak/Tally.h"
-#include "tests/soak/Victim.h"
 #include "tests/soak/WorkerProcess.h"
 #include "tests/support/JXTestServer.h"
 #include "tests/support/TemporaryFolder.h"
@@ -48,10 +48,11 @@ class DescriptorLife {
     WorkerOptions options = optionsFor(1);
     options.descriptors = limit;
     // The recorder needs a descriptor itself.
-    Victim worker(options, limit == 0 ? log.environment() : std::map<std::string, std::string>{});
+    ControlledProcess worker(options,
+                             limit == 0 ? log.environment() : std::map<std::string, std::string>{});
     for (std::uint64_t i = 0; i < kExecuted; ++i)
-      worker.obey({command::kExecute});
-    worker.obey({command::kFlush});
+      worker.perform({command::kExecute});
+    worker.perform({command::kFlush});
     const bool emptied = lastOf(worker.exit(), Record::Kind::Emptied) == 1;
     const std::string name = (tls_ ? std::string("https") : "http") +
                              (limit == 0 ? "" : " with " + std::to_string(limit) + " descriptors");
@@ -69,9 +70,9 @@ class DescriptorLife {
  private:
   void leaveQueue() {
     server_.refuse();
-    Victim worker(optionsFor(0));
+    ControlledProcess worker(optionsFor(0));
     for (std::uint64_t i = 0; i < kQueued; ++i)
-      worker.obey({command::kExecute});
+      worker.perform({command::kExecute});
     worker.exit();
     server_.accept();
   }
@@ -103,7 +104,7 @@ class DescriptorLife {
     options.host = (tls_ ? "https" : "http") + ("://127.0.0.1:" + std::to_string(server_.port()));
     if (tls_) options.caFile = server_.caFile();
     options.first = (process + 1) * kNumbersPerWorker;
-    options.obey = true;
+    options.takesCommands = true;
     options.threads = 0;
     options.padBytes = kPadBytes;
     return options;

@@ -13,12 +13,12 @@
 
 #include "jx/platform/JXClock.h"
 #include "tests/simulation/Random.h"
+#include "tests/soak/CommandedWorker.h"
+#include "tests/soak/ControlledProcess.h"
 #include "tests/soak/FolderMoves.h"
-#include "tests/soak/MoodyServer.h"
-#include "tests/soak/Obedience.h"
 #include "tests/soak/Record.h"
 #include "tests/soak/Tally.h"
-#include "tests/soak/Victim.h"
+#include "tests/soak/UnreliableServer.h"
 #include "tests/soak/WorkerProcess.h"
 
 namespace jx::soak {
@@ -63,14 +63,14 @@ class KillRun {
     server_.choose();
     const bool hasShortBackoff = oneIn(2);
     for (std::uint64_t i = 0; i < processes; ++i) {
-      if (!victims_.empty()) waitBeforeKill(victims_.back());
+      if (!processes_.empty()) waitBeforeKill(processes_.back());
       start(hasShortBackoff);
       if (oneIn(6)) killWhileItStarts();
       disturb();
     }
-    while (!victims_.empty()) {
-      std::swap(victims_.back(), victims_[below(victims_.size())]);
-      waitBeforeKill(victims_.back());
+    while (!processes_.empty()) {
+      std::swap(processes_.back(), processes_[below(processes_.size())]);
+      waitBeforeKill(processes_.back());
       disturb();
       killLast();
       if (hasUnfinishedMove_) continueAll();
@@ -95,7 +95,7 @@ class KillRun {
   void start(bool hasShortBackoff) {
     WorkerOptions options = optionsFor(moves_.state());
     options.first = ++started_ * kNumbersPerWorker;
-    options.obey = true;
+    options.takesCommands = true;
     options.threads = 1 + below(kMaxThreads);
     options.events = 1 + below(kMaxEventsPerThread);
     options.gapUs = oneIn(2) ? 0 : below(1'000);
@@ -103,7 +103,7 @@ class KillRun {
     options.quick = hasShortBackoff;
     if (oneIn(4)) options.wallMs = randomTime();
     result_.threads += options.threads;
-    victims_.emplace_back(options);
+    processes_.emplace_back(options);
   }
 
   std::uint64_t randomTime() {
@@ -134,7 +134,7 @@ class KillRun {
     const bool finishes = !oneIn(4);
     if (!(movesBack ? moves_.moveBack(index) : moves_.moveAway(isWhole, replaces))) return;
     ++result_.moves;
-    hasUnfinishedMove_ = !finishes && !victims_.empty();
+    hasUnfinishedMove_ = !finishes && !processes_.empty();
     if (hasUnfinishedMove_)
       ++result_.unfinishedMoves;
     else
@@ -144,9 +144,9 @@ class KillRun {
   // From here on, the events of the running processes must be at the path of the storage folder.
   void continueAll() {
     std::set<std::uint64_t> workers;
-    for (Victim& victim : victims_) {
-      victim.obey({command::kExecute});
-      workers.insert(victim.first());
+    for (ControlledProcess& process : processes_) {
+      process.perform({command::kExecute});
+      workers.insert(process.first());
     }
     moves_.workersContinued(workers);
     hasUnfinishedMove_ = false;
@@ -155,34 +155,34 @@ class KillRun {
   void startChild() {
     static constexpr char kCommands[] = {command::kFork, command::kForkExec, command::kSpawn};
     const char kind = kCommands[below(std::size(kCommands))];
-    if (victims_.empty()) return;
-    victims_[below(victims_.size())].obey({kind});
+    if (processes_.empty()) return;
+    processes_[below(processes_.size())].perform({kind});
     ++result_.forks;
   }
 
   void setClock() {
     const std::string time = std::to_string(randomTime());
-    if (victims_.empty()) return;
-    victims_[below(victims_.size())].obey(command::kSetClock + time);
+    if (processes_.empty()) return;
+    processes_[below(processes_.size())].perform(command::kSetClock + time);
     ++result_.clockJumps;
   }
 
-  void waitBeforeKill(Victim& victim) {
-    victim.waitForEvent();
+  void waitBeforeKill(ControlledProcess& process) {
+    process.waitForEvent();
     std::this_thread::sleep_for(microseconds(below(oneIn(6) ? kLongLifeUs : kShortLifeUs)));
   }
 
   void killLast() {
-    Victim victim = std::move(victims_.back());
-    victims_.pop_back();
-    const std::vector<Record> records = victim.kill();
+    ControlledProcess process = std::move(processes_.back());
+    processes_.pop_back();
+    const std::vector<Record> records = process.kill();
     ++result_.kills;
     recordStart(records);
     const std::vector<std::uint64_t> numbers = numbersOf(records, Record::Kind::Executed);
     executed_.insert(numbers.begin(), numbers.end());
     if (numbers.empty()) ++result_.early;
     for (const std::uint64_t count : numbersOf(records, Record::Kind::Inherited))
-      check(count == 0, "a program inherits descriptors of the library: " + victim.errors());
+      check(count == 0, "a program inherits descriptors of the library: " + process.errors());
     result_.longestQueue =
         std::max<std::uint64_t>(result_.longestQueue, queueLengthIn(moves_.state()));
   }
@@ -265,8 +265,8 @@ class KillRun {
   const KillOptions options_;
   simulation::Random random_;
   FolderMoves moves_;
-  MoodyServer server_{random_};
-  std::vector<Victim> victims_;
+  UnreliableServer server_{random_};
+  std::vector<ControlledProcess> processes_;
   std::uint64_t started_ = 0;
   bool hasUnfinishedMove_ = false;
   std::set<std::uint64_t> executed_;

@@ -14,11 +14,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/soak/Obedience.h"
+#include "tests/soak/CommandedWorker.h"
+#include "tests/soak/ControlledProcess.h"
 #include "tests/soak/OpenLog.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
-#include "tests/soak/Victim.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/JXTestServer.h"
 #include "tests/support/TemporaryFolder.h"
@@ -58,13 +58,13 @@ class OpensLife {
 
  private:
   void runFirst() {
-    Victim first(options(0), log_.environment());
+    ControlledProcess first(options(0), log_.environment());
     server_.answerAll(responseWith(400));
     execute(first, 8);
-    first.obey({command::kFlush});
+    first.perform({command::kFlush});
     server_.answerAll(responseWith(200));
-    first.obey({command::kDisable});
-    first.obey({command::kEnable});
+    first.perform({command::kDisable});
+    first.perform({command::kEnable});
     server_.refuse();
     // Several segments of 1 MiB: those beyond the second are closed and opened again.
     execute(first, 600);
@@ -76,18 +76,18 @@ class OpensLife {
   }
 
   void runSecond() {
-    Victim second(options(1), log_.environment());
-    second.obey({command::kExecute});
+    ControlledProcess second(options(1), log_.environment());
+    second.perform({command::kExecute});
     runQueueCommand({"purge"});
     server_.accept();
-    second.obey({command::kFlush});
+    second.perform({command::kFlush});
     server_.refuse();
     execute(second, 2);
-    second.obey({command::kPurge});
-    second.obey({command::kErase});
+    second.perform({command::kPurge});
+    second.perform({command::kErase});
     server_.accept();
     execute(second, 2);
-    second.obey({command::kFlush});
+    second.perform({command::kFlush});
     second.exit();
   }
 
@@ -97,7 +97,7 @@ class OpensLife {
     options.host = server_.url("");
     options.caFile = server_.caFile();
     options.first = (process + 1) * kNumbersPerWorker;
-    options.obey = true;
+    options.takesCommands = true;
     options.threads = 0;
     options.padBytes = 20'000;
     options.quick = true;
@@ -105,9 +105,9 @@ class OpensLife {
     return options;
   }
 
-  static void execute(Victim& victim, int events) {
+  static void execute(ControlledProcess& process, int events) {
     for (int i = 0; i < events; ++i)
-      victim.obey({command::kExecute});
+      process.perform({command::kExecute});
   }
 
   void runQueueCommand(const std::vector<std::string>& words) const {

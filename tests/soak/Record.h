@@ -23,7 +23,7 @@ struct Record {
     Emptied = 'Q',    ///< how often flush reported an empty queue
     Leaving = 'X',    ///< nanoseconds of the monotonic clock when main returns
     Dropped = 'D',    ///< reason (JXDropReason) of a dropped event
-    Obeyed = 'O',     ///< how many commands of the driver are done
+    Performed = 'O',  ///< how many commands of the driver are done
     Inherited = 'I',  ///< descriptors of the library in a program that the worker has started
     Unable = 'U',     ///< errno: the system does not permit the requested setup
   };

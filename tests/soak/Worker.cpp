@@ -15,7 +15,7 @@
 #include <thread>
 
 #include "jx/JXServerSide.h"
-#include "tests/soak/Obedience.h"
+#include "tests/soak/CommandedWorker.h"
 #include "tests/soak/Record.h"
 #include "tests/soak/SilentServers.h"
 
@@ -155,7 +155,7 @@ int worker(Arguments& arguments) {
   WorkerOptions options;
   forEachOption(options, OptionReader(arguments));
   arguments.expectAllKnown();
-  if (options.obey) return obey(options);
+  if (options.takesCommands) return perform(options);
   std::optional<SilentNameServer> names;
   if (options.silentNames) {
     names.emplace();

@@ -34,7 +34,7 @@ struct WorkerOptions {
   std::uint64_t deliverMs = 0;  ///< flushes once with this deadline and reports again
 
   // Instead of all of the above, from `first`:
-  bool obey = false;              ///< executes and obeys commands until it is killed
+  bool takesCommands = false;     ///< executes and performs commands until it is killed
   std::uint64_t threads = 1;      ///< that execute `events` events each, and then some more slowly
   std::uint64_t wallMs = 0;       ///< time of day at the start; 0: that of the system
   std::uint64_t descriptors = 0;  ///< that the process may have open; 0: as many as usual
@@ -58,7 +58,7 @@ void forEachOption(Options& options, Visit visit) {
   visit("flushes", options.flushes);
   visit("flush-ms", options.flushMs);
   visit("deliver-ms", options.deliverMs);
-  visit("obey", options.obey);
+  visit("perform", options.takesCommands);
   visit("threads", options.threads);
   visit("wall-ms", options.wallMs);
   visit("descriptors", options.descriptors);

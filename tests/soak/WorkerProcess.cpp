@@ -46,7 +46,7 @@ std::vector<std::string> argumentsFor(const WorkerOptions& options) {
 std::unique_ptr<ChildProcess> startWorker(const WorkerOptions& options,
                                           const std::map<std::string, std::string>& environment) {
   const std::string self = std::filesystem::read_symlink("/proc/self/exe").string();
-  const bool hasInput = options.awaitGo || options.obey;
+  const bool hasInput = options.awaitGo || options.takesCommands;
   const auto input = hasInput ? ChildProcess::Input::Pipe : ChildProcess::Input::Empty;
   return std::make_unique<ChildProcess>(self, argumentsFor(options), environment, input);
 }

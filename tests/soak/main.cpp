@@ -26,7 +26,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/soak/Obedience.h"
+#include "tests/soak/CommandedWorker.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Server.h"
 #include "tests/soak/Worker.h"

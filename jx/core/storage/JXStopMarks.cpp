@@ -78,6 +78,8 @@ void JXStopMarks::set(const JXStopMark& mark) {
     } catch (const std::system_error& failure) {
       // The next change of a mark sets this one too.
       error = failure.code().value();
+    } catch (...) {
+      error = ENOMEM;
     }
   }
   if (error != 0) report(mark, error);
@@ -88,9 +90,20 @@ void JXStopMarks::wait(std::chrono::milliseconds limit) {
   changed_.wait_for(lock, limit, [this] { return !hasThread_; });
 }
 
+void JXStopMarks::run() noexcept {
+  try {
+    setAndSync();
+  } catch (...) {
+    // Out of memory: the next change of a mark sets these too.
+    const std::lock_guard<std::mutex> lock(mutex_);
+    hasThread_ = isSyncing_ = false;
+    changed_.notify_all();
+  }
+}
+
 // Sets all marks before it makes them durable, and another thread may set marks in the meantime: a
 // slow disk must not delay a mark that a killed process needs.
-void JXStopMarks::run() noexcept {
+void JXStopMarks::setAndSync() {
   std::unique_lock<std::mutex> lock(mutex_);
   while (!pending_.empty())
     setNext(lock);
@@ -104,13 +117,19 @@ void JXStopMarks::run() noexcept {
 }
 
 void JXStopMarks::setNext(std::unique_lock<std::mutex>& lock) {
-  const JXStopMark mark{pending_.begin()->first, pending_.begin()->second};
-  pending_.erase(pending_.begin());
+  auto next = pending_.extract(pending_.begin());
+  const JXStopMark mark{next.key(), next.mapped()};
   lock.unlock();
-  const int error = mark.stops != 0 ? write(mark) : removeFile(pathOf(mark.source));
-  report(mark, error);
-  lock.lock();
-  if (error == 0) unsynced_.insert(mark.source);
+  try {
+    const int error = mark.stops != 0 ? write(mark) : removeFile(pathOf(mark.source));
+    report(mark, error);
+    lock.lock();
+    if (error == 0) unsynced_.insert(mark.source);
+  } catch (...) {
+    if (!lock.owns_lock()) lock.lock();
+    pending_.insert(std::move(next));
+    throw;
+  }
 }
 
 void JXStopMarks::syncAll(std::unique_lock<std::mutex>& lock) {

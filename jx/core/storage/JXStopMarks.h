@@ -61,6 +61,7 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
 
  private:
   void run() noexcept;
+  void setAndSync();
   void setNext(std::unique_lock<std::mutex>& lock);
   void syncAll(std::unique_lock<std::mutex>& lock);
   int write(const JXStopMark& mark) const;

@@ -8,9 +8,9 @@
 namespace jx::soak {
 
 /// A server that fails at random.
-class MoodyServer {
+class UnreliableServer {
  public:
-  explicit MoodyServer(simulation::Random& random) : random_(random) {}
+  explicit UnreliableServer(simulation::Random& random) : random_(random) {}
 
   /// Chooses the behaviour until the next call of this or of `succeed`: half of the time success.
   void choose();

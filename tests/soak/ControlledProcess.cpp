@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/soak/Victim.h"
+#include "tests/soak/ControlledProcess.h"
 
 #include <chrono>
 #include <csignal>
@@ -15,27 +15,28 @@ constexpr std::chrono::seconds kTimeout{60};
 
 }  // namespace
 
-Victim::Victim(const WorkerOptions& options, const std::map<std::string, std::string>& environment)
+ControlledProcess::ControlledProcess(const WorkerOptions& options,
+                                     const std::map<std::string, std::string>& environment)
     : first_(options.first), process_(startWorker(options, environment)) {}
 
-void Victim::obey(const std::string& command) {
+void ControlledProcess::perform(const std::string& command) {
   ++commands_;
   if (process_->writeInput(command + "\n") &&
-      process_->waitForOutput(textOf(Record::Kind::Obeyed, commands_), kTimeout)) {
+      process_->waitForOutput(textOf(Record::Kind::Performed, commands_), kTimeout)) {
     return;
   }
   process_->signal(SIGKILL);
-  throw std::runtime_error("a worker did not obey '" + command +
+  throw std::runtime_error("a worker did not perform '" + command +
                            "': " + process_->wait(kTimeout).errors);
 }
 
-void Victim::waitForEvent() {
+void ControlledProcess::waitForEvent() {
   if (process_->waitForOutput(prefixOf(Record::Kind::Executed), kTimeout)) return;
   process_->signal(SIGKILL);
   throw std::runtime_error("a worker did not execute an event: " + process_->wait(kTimeout).errors);
 }
 
-std::vector<Record> Victim::exit() {
+std::vector<Record> ControlledProcess::exit() {
   process_->closeInput();
   ChildProcess::Result result = process_->wait(kTimeout);
   errors_ = std::move(result.errors);
@@ -43,7 +44,7 @@ std::vector<Record> Victim::exit() {
   return recordsIn(result.output);
 }
 
-std::vector<Record> Victim::kill() {
+std::vector<Record> ControlledProcess::kill() {
   process_->signal(SIGKILL);
   ChildProcess::Result result = process_->wait(kTimeout);
   errors_ = std::move(result.errors);

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/soak/Obedience.h"
+#include "tests/soak/CommandedWorker.h"
 
 #include <spawn.h>
 #include <sys/resource.h>
@@ -42,9 +42,9 @@ class SettableClock final : public JXClock {
   std::atomic<std::int64_t> offsetMs_{0};
 };
 
-class ObedientWorker {
+class CommandedWorker {
  public:
-  explicit ObedientWorker(const WorkerOptions& options) : options_(options) {}
+  explicit CommandedWorker(const WorkerOptions& options) : options_(options) {}
 
   void start() {
     if (options_.wallMs != 0) clock_->set(static_cast<std::int64_t>(options_.wallMs));
@@ -59,11 +59,11 @@ class ObedientWorker {
       std::thread([this, i] { executeRange(i); }).detach();
   }
 
-  void obeyAll() {
-    std::uint64_t obeyed = 0;
+  void performAll() {
+    std::uint64_t performed = 0;
     for (std::string line; std::getline(std::cin, line);) {
-      obeyOne(line);
-      writeRecord(Record::Kind::Obeyed, ++obeyed);
+      performOne(line);
+      writeRecord(Record::Kind::Performed, ++performed);
     }
   }
 
@@ -82,7 +82,7 @@ class ObedientWorker {
     }
   }
 
-  void obeyOne(const std::string& line) {
+  void performOne(const std::string& line) {
     switch (line.front()) {
       case command::kExecute:
         return execute(kCommanded, commanded_++);
@@ -168,15 +168,15 @@ bool isNetworkSocket(int descriptor) {
 
 }  // namespace
 
-int obey(const WorkerOptions& options) {
+int perform(const WorkerOptions& options) {
   if (options.descriptors != 0) {
     const rlimit limit{options.descriptors, options.descriptors};
     if (::setrlimit(RLIMIT_NOFILE, &limit) != 0) return 4;
   }
   // Never destroyed: its threads run until the process ends.
-  static auto* const worker = new ObedientWorker(options);
+  static auto* const worker = new CommandedWorker(options);
   worker->start();
-  worker->obeyAll();
+  worker->performAll();
   return 0;
 }
 

@@ -17,8 +17,8 @@ constexpr std::uint64_t kRanges = kForked + 1;
 constexpr std::uint64_t kNumbersPerRange = 10'000;
 constexpr std::uint64_t kNumbersPerWorker = kRanges * kNumbersPerRange;
 
-/// Commands of the driver to an obedient worker, one per line on its standard input. Each is
-/// answered with Record::Kind::Obeyed.
+/// Commands of the driver to a commanded worker, one per line on its standard input. Each is
+/// answered with Record::Kind::Performed.
 namespace command {
 constexpr char kExecute = 'e';   ///< executes an event
 constexpr char kSetClock = 'c';  ///< sets the time of day to the milliseconds that follow
@@ -32,11 +32,11 @@ constexpr char kDisable = 'd';   ///< disables the ServerSide
 constexpr char kEnable = 'n';    ///< enables the ServerSide
 }  // namespace command
 
-/// Executes events on some threads and obeys commands, until the process is killed. Returns when
+/// Executes events on some threads and performs commands, until the process is killed. Returns when
 /// its standard input ends.
-int obey(const WorkerOptions& options);
+int perform(const WorkerOptions& options);
 
-/// The program that an obedient worker starts. Returns how many of the library's descriptors it has
+/// The program that a commanded worker starts. Returns how many of the library's descriptors it has
 /// inherited: files next to the storage folder or in it, and network sockets. libcurl and the
 /// sanitizers open others that a program inherits.
 int inherited(Arguments& arguments);

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/soak/MoodyServer.h"
+#include "tests/soak/UnreliableServer.h"
 
 #include <vector>
 
@@ -18,7 +18,7 @@ test::JXTestAnswer responseWith(int status, Manner manner = Manner::Whole) {
 
 }  // namespace
 
-void MoodyServer::choose() {
+void UnreliableServer::choose() {
   succeed();
   switch (random_.below(10)) {
     case 0:
@@ -37,13 +37,13 @@ void MoodyServer::choose() {
   }
 }
 
-void MoodyServer::succeed() {
+void UnreliableServer::succeed() {
   server_.accept();
   server_.forgetNext();
   server_.answerAll(responseWith(200));
 }
 
-void MoodyServer::failAtRandom() {
+void UnreliableServer::failAtRandom() {
   static const std::vector<test::JXTestAnswer> kErrors{responseWith(503),
                                                        responseWith(429),
                                                        responseWith(400),

@@ -14,17 +14,17 @@
 
 namespace jx::soak {
 
-/// An obedient worker, until it is killed or told to exit. The operations throw std::runtime_error
+/// A commanded worker, until it is killed or told to exit. The operations throw std::runtime_error
 /// if it exits before that, or does not react within a minute.
-class Victim {
+class ControlledProcess {
  public:
-  explicit Victim(const WorkerOptions& options,
-                  const std::map<std::string, std::string>& environment = {});
+  explicit ControlledProcess(const WorkerOptions& options,
+                             const std::map<std::string, std::string>& environment = {});
 
   /// Returns the number of its first event.
   std::uint64_t first() const { return first_; }
-  /// Waits until the worker has obeyed a command (see `command`).
-  void obey(const std::string& command);
+  /// Waits until the worker has performed a command (see `command`).
+  void perform(const std::string& command);
   /// Waits until the worker has executed an event.
   void waitForEvent();
   /// Returns the records of the worker.
