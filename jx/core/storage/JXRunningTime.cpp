@@ -44,19 +44,28 @@ int JXRunningTime::read(const JXFolder& folder) {
   if (series_ != 0) return 0;
   const std::int64_t nowMs = systemMs();
   const std::uint32_t start = clock_->systemStart() & kMaxStart;
+  std::uint64_t series = 0;
   std::int64_t runningMs = 0;
+  std::optional<std::int64_t> written;
   const int error = JXJournal::scan(folder.pathOf(kFileName), [&](const JXFrame& frame) {
     const JXStoredTime time = decodeRecord(frame.payload).time;
     if (!isValid(time)) return;
-    if (series_ == 0) series_ = time.series;
-    if (time.series != series_) return;
+    if (series == 0) series = time.series;
+    if (time.series != series) return;
     const bool mayBeSame = start == time.systemStart || start == 0 || time.systemStart == 0;
     const bool isSame = mayBeSame && nowMs >= time.systemMs;
     const std::int64_t passed = nowMs - (isSame ? time.systemMs : 0);
     runningMs = std::max(runningMs, time.runningMs + passed);
-    written_ = std::max(written_.value_or(0), time.runningMs);
+    written = std::max(written.value_or(0), time.runningMs);
   });
-  if (series_ != 0) baseMs_ = std::max(latestMs_, runningMs) - nowMs;
+  // If the folder could not be read before, requests in memory would become older at once. Then
+  // another series begins.
+  const bool wouldJump = latestMs_ && runningMs > std::max(*latestMs_, baseMs_ + nowMs);
+  if (series != 0 && !wouldJump) {
+    series_ = series;
+    written_ = written;
+    baseMs_ = std::max(latestMs_.value_or(0), runningMs) - nowMs;
+  }
   return error == ENOENT ? 0 : error;
 }
 
@@ -71,8 +80,9 @@ JXStoredTime JXRunningTime::now() {
   time.dayMs = std::clamp(clock_->nowMs(), -kMaxMs, kMaxMs);
   time.systemMs = systemMs();
   time.systemStart = clock_->systemStart() & kMaxStart;
-  latestMs_ = std::max(latestMs_, std::min(baseMs_ + time.systemMs, kMaxMs));
-  time.runningMs = latestMs_;
+  const std::int64_t runningMs = std::min(baseMs_ + time.systemMs, kMaxMs);
+  latestMs_ = std::max(latestMs_.value_or(0), runningMs);
+  time.runningMs = *latestMs_;
   return time;
 }
 
@@ -121,7 +131,8 @@ bool JXRunningTime::isDue() {
 
 void JXRunningTime::restart() {
   series_ = 0;
-  baseMs_ = latestMs_ = 0;
+  baseMs_ = 0;
+  latestMs_.reset();
   written_.reset();
 }
 

@@ -48,10 +48,10 @@ class JXRunningTime {
 
   const std::shared_ptr<const JXClock> clock_;
   std::uint64_t series_ = 0;
-  std::int64_t baseMs_ = 0;              ///< running time when the clock of the system showed 0
-  std::int64_t latestMs_ = 0;            ///< running time that was returned last
-  std::optional<std::int64_t> written_;  ///< running time in the file
-  bool hasWritten_ = false;              ///< in this process
+  std::int64_t baseMs_ = 0;               ///< running time when the clock of the system showed 0
+  std::optional<std::int64_t> latestMs_;  ///< running time that was returned last
+  std::optional<std::int64_t> written_;   ///< running time in the file
+  bool hasWritten_ = false;               ///< in this process
 };
 
 /// Computes the running time at which the records of a file were created, from the times between

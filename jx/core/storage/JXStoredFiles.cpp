@@ -46,13 +46,15 @@ bool isEnding(std::string_view name) {
 
 bool isDirectory(const struct stat& status) { return S_ISDIR(status.st_mode); }
 
-void removeOne(const std::string& path, std::vector<std::string>& left) {
+// Returns an errno value, 0 for success. With a `failure`, the file stays for that reason.
+int removeOne(const std::string& path, int failure, std::vector<std::string>& left) {
   struct stat status {};
   const bool exists = JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0;
   // The library writes no folder of such a name.
-  if (!exists || isDirectory(status)) return;
-  const int error = removeFile(path);
+  if (!exists || isDirectory(status)) return 0;
+  const int error = failure != 0 ? failure : removeFile(path);
   if (error != 0) addLeft(path, error, left);
+  return error;
 }
 
 // Deletes the files that `isOurs` accepts. `last` is a file that another process may be replacing
@@ -71,8 +73,15 @@ void removeIn(const std::string& folder, NameTest isOurs, const std::string& las
   std::sort(names.begin(), names.end());
   names.push_back(last + ".new");
   names.push_back(last);
-  for (const std::string& name : names)
-    removeOne(folder + "/" + name, left);
+  // The records of stops last, and only without a failure: they hold the events that are left.
+  const auto isStop = [](const std::string& name) { return name.rfind("stopped-", 0) == 0; };
+  std::stable_partition(names.begin(), names.end(),
+                        [&](const auto& name) { return !isStop(name); });
+  int failure = error;
+  for (const std::string& name : names) {
+    const int failed = removeOne(folder + "/" + name, isStop(name) ? failure : 0, left);
+    if (failed != 0) failure = failed;
+  }
   // Also without a deletion: a power loss could undo an earlier one that was not durable yet.
   const int syncError = synchronizeFolder(folder);
   // A read-only disk has no changes.

@@ -19,6 +19,7 @@ using std::chrono::milliseconds;
 // is not notified.
 constexpr std::size_t kMaxUnreported = 64;
 constexpr milliseconds kReportRetryDelay{1'000};
+constexpr milliseconds kUnreadableDelay{1'000};
 
 // Calls a callback of the core or the application. Its exceptions must not end the thread.
 template <class Callback, class... Arguments>
@@ -186,7 +187,8 @@ bool JXTransferLoop::startOne(JXTransferPlan::Time now) {
     std::optional<JXTransferPlan::Time> retryAt;
     if (const auto wait = isRetry ? setup_.outbox->nextRetryIn(start->host, filter)
                                   : std::optional<milliseconds>()) {
-      retryAt = now + boundedWait(*wait);
+      // A request that is due cannot be read: its file cannot be restored now.
+      retryAt = now + (*wait > milliseconds::zero() ? boundedWait(*wait) : kUnreadableDelay);
     }
     plan_.nothingToStart(*start, retryAt);
     return true;
@@ -205,10 +207,9 @@ void JXTransferLoop::abortInFlight() {
 }
 
 void JXTransferLoop::sync() {
-  const std::uint64_t nextId = setup_.outbox->nextId();
   setup_.outbox->sync();
-  // It adopts the requests that the start had no memory for.
-  if (setup_.outbox->nextId() != nextId) plan_.requestsAdded();
+  // It restores lost files, and adopts the requests that the start had no memory for.
+  plan_.requestsAdded();
   callSafely(setup_.maintain);
   plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
 }

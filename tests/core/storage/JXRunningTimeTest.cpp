@@ -200,6 +200,26 @@ TEST_F(RunningTime, FailedReadOfTheFileExpiresNothing) {
   EXPECT_EQ(listed(), Bodies{"a"});
 }
 
+// Its requests in memory keep their age; the later process does not know it.
+TEST_F(RunningTime, FolderThatCannotBeReadAtTheStartExpiresNothing) {
+  execute("a");
+  run(29 * kDayMs);
+  {
+    std::unique_ptr<JXOutbox> outbox;
+    {
+      const FailingDisk disk(0, 1'000, FailingDisk::Write::Nothing);
+      outbox = start();
+      add(*outbox, "b");
+    }
+    device_->pass(2 * kDayMs);
+    outbox->sync();
+    EXPECT_EQ(outbox->counters().droppedTooOld, 0u);
+    EXPECT_EQ(outbox->counters().inMemory, 0u);
+  }
+  EXPECT_EQ(expiredNow(), 1u);
+  EXPECT_EQ(listed(), Bodies{"b"});
+}
+
 TEST_F(RunningTime, DamagedFileContinuesWithTheTimesThatAreIntact) {
   execute("a");
   run(2 * kHourMs);

@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <limits>
 #include <map>
 #include <stdexcept>
 
 #include "jx/platform/JXManualClock.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
 #include "tests/core/transfer/JXTransferFixture.h"
+#include "tests/support/JXFailingDisk.h"
 
 namespace jx {
 namespace {
@@ -169,6 +172,28 @@ TEST_F(TransferLoop, RequestFailingRepeatedlyDoesNotBlockOthers) {
   EXPECT_EQ(5u, transport->started.size());
   transport->statusOf.clear();
   runFor(3min + 1s);
+  EXPECT_EQ(0u, queued());
+}
+
+// Its file was deleted, and the disk does not allow to write it again.
+TEST_F(TransferLoop, WaitsForADueRequestThatCannotBeRead) {
+  transport->statusOf[bodyOf("bad")] = 500;
+  add("bad");
+  runOnce();
+  // Closes the file of the failed request.
+  for (int i = 0; i < 4; ++i)
+    setup.outbox->add("https://collect.example/events", std::string(1'100'000, 'x'));
+  runOnce();
+  transport->started.clear();
+  std::filesystem::remove_all(folder.file("outbox"));
+  {
+    const FailingDisk disk(0, std::numeric_limits<long>::max(), FailingDisk::Write::Nothing, EIO);
+    runFor(3min);
+    EXPECT_EQ(0u, transport->started.size());
+  }
+  transport->statusOf.clear();
+  runFor(1min);
+  EXPECT_EQ(1u, transport->started.size());
   EXPECT_EQ(0u, queued());
 }
 
