@@ -212,7 +212,9 @@ void JXOutbox::sync() {
     locked([&] { segments_.storeTime(dead_.mayExist()); });
     syncFiles();
     locked([&] {
-      if (report_.failures() == failures && !queue_.needsRepair()) report_.recovered();
+      // A folder that could not be opened is tried again with the next request only.
+      const bool isOpen = segments_.openFolder() != nullptr;
+      if (report_.failures() == failures && isOpen && !queue_.needsRepair()) report_.recovered();
     });
   });
 }

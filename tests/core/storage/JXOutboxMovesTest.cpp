@@ -109,6 +109,20 @@ TEST_F(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
   EXPECT_GT(call, 5);
 }
 
+TEST_F(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
+  writeFile(state_, "not a folder");
+  const auto outbox = open();
+  outbox->sync();
+  add(*outbox, "a");
+  outbox->sync();
+  EXPECT_EQ(log_.with("3 outbox"), 1u);
+  fs::remove(state_);
+  add(*outbox, "b");
+  outbox->sync();
+  EXPECT_EQ(sorted(found()), (Bodies{"a", "b"}));
+  EXPECT_EQ(log_.with("3 outbox"), 1u);
+}
+
 TEST_F(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
