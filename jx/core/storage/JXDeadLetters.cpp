@@ -160,7 +160,7 @@ int JXDeadLetters::appendLocked(const JXOutboxRequest& request, int status, std:
                                                      static_cast<std::uint32_t>(keep_));
   int error = appendTime(journal_, {series, request.createdMs, request.bornMs, 0, 0});
   if (error != 0) return error;
-  // Before the write, so that it is not repeated when there is no memory.
+  // Before the write, so that it is not repeated when memory is exhausted.
   locations_.push_back({0, head.size() + request.url.size() + request.body.size(), request.bornMs});
   error = journal_.append({{head.data(), head.size()}, request.url, request.body},
                           &locations_.back().offset);

@@ -122,7 +122,7 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
   const auto found = values_.find(key);
   const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
   if (same) return;
-  // Before the change, so that no value is changed and not written when there is no memory.
+  // Before the change, so that no value is changed and not written when memory is exhausted.
   unsaved_.insert(key);
   if (rewriting_) changed_.insert(key);
   if (value.isPresent()) {

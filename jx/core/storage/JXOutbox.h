@@ -53,7 +53,7 @@ class JXOutbox {
   /// alone exceeds maxBytes (counted in droppedTooLarge), or when the write fails and maxInMemory
   /// is 0 (droppedNoStorage). Age is running time, not the time of day; see JXRunningTime. A
   /// request that was begun before an erase is not added (purged, nullopt); see JXErasureScope. Nor
-  /// is one for which there is no memory (droppedOutOfMemory).
+  /// is one for which no memory is available (droppedOutOfMemory).
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body) {
     return add(url, body, JXRequestOrigin(), false);
   }
@@ -81,7 +81,7 @@ class JXOutbox {
   void requeue(std::uint64_t id);
   /// Same, after a server error: the request is retried `failures.delay` later. The failures are
   /// stored, and a later process continues with them; the times are set here. Returns false if
-  /// there is no memory for them: the request is then queued like one that has not failed.
+  /// memory is exhausted: the request is then queued like one that has not failed.
   bool requeueFailed(std::uint64_t id, const JXRequestFailures& failures);
   /// Returns the time since the first server error of a request; 0 if it is not known.
   std::chrono::milliseconds failedFor(std::uint64_t id);

@@ -130,7 +130,7 @@ class JXCurlTransport::Implementation {
       return reject(std::move(exchange), false, "libcurl does not support a required TLS setting");
     }
     prepareRequest(*exchange);
-    // A result must not be lost because there is no memory for it.
+    // A result must not be lost because memory is exhausted.
     ready_.reserve(ready_.size() + active_.size() + 1);
     free_.reserve(free_.size() + active_.size() + 1);
     active_.push_back(std::move(exchange));

@@ -106,7 +106,7 @@ std::uint64_t JXNetworkManager::decide(bool enabled) {
     if (enabled) {
       consent_->enable();
     } else {
-      // Sending stops even if there is no memory to record the stop.
+      // Sending stops even if memory is exhausted.
       guarded("Recording the stop failed", "the decision holds in this process only",
               [this] { consent_->stop(true); });
       stopMarks = stopMarks_;
@@ -139,7 +139,7 @@ void JXNetworkManager::beginStoring() {
   });
 }
 
-// Returns one that allows nothing that obeys stops if there is no memory for that of the consent.
+// Returns one that allows nothing that obeys stops if memory is exhausted.
 std::shared_ptr<const JXSendFilter> JXNetworkManager::stoppedFilter() const noexcept {
   try {
     return consent_->filter();

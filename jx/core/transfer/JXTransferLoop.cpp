@@ -261,7 +261,7 @@ std::optional<JXDeliveryOutcome> JXTransferLoop::completeOne(JXHttpResult& resul
   return std::nullopt;
 }
 
-// Returns false if there is no memory for it.
+// Returns false if memory is exhausted.
 bool JXTransferLoop::reportFinal(const JXHttpResult& result, JXDeliveryOutcome outcome) noexcept {
   try {
     if (outcome == JXDeliveryOutcome::Rejected) {

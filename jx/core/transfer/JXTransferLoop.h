@@ -75,7 +75,8 @@ class JXTransferLoop {
   JXTransferWait act();
   /// Waits as specified by `wait` (not at all when `mayWait` is false) and returns the results.
   std::vector<JXHttpResult> poll(const JXTransferWait& wait, bool mayWait);
-  /// Processes the results of `poll`. When there is no memory to report some, `act` does it later.
+  /// Processes the results of `poll`. What cannot be reported because memory is exhausted, `act`
+  /// reports later.
   void complete(std::vector<JXHttpResult> results) noexcept;
   /// Requeues the requests in flight and makes the storage durable, before the process exits.
   void end();
