@@ -27,8 +27,8 @@ class JX_API JXClock {
   /// while the system runs. The default is the clock of the system.
   virtual std::int64_t systemMs() const;
 
-  /// Returns a number, less than 2^24, that is another one when the system was restarted; 0 if the
-  /// system does not tell. The default is that of the system.
+  /// Returns a number below 2^24 that changes when the system is restarted; 0 if it is unknown. The
+  /// default implementation uses an ID of the system.
   virtual std::uint32_t systemStart() const;
 };
 

@@ -63,7 +63,7 @@ const char* CApiArguments::field() {
 CApiArguments::Handle CApiArguments::pick() {
   constexpr std::uintptr_t kWild = 0x12345;
   const std::uint8_t choice = input_.byte();
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): a pointer that is no handle
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): an invalid handle
   if (choice >= 250) return {reinterpret_cast<void*>(kWild * choice), Kind::Object, false};
   return handles_.empty() ? Handle() : handles_[choice % handles_.size()];
 }

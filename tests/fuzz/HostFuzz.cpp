@@ -94,7 +94,7 @@ void checkCredentials(Input input) {
   constexpr std::array<std::string_view, 5> kSchemes{"", "https://", "http://", "ftp://", "//"};
   constexpr std::string_view kSecret = "Geheim7";
   const std::string scheme(kSchemes[input.byte() % kSchemes.size()]);
-  // These characters end the host of a URL, so what follows is no password.
+  // These characters end the host of a URL, so a password cannot follow.
   std::string before(input.bytes(input.byte() % 16u));
   std::replace_if(
       before.begin(), before.end(), [](char c) { return c == '/' || c == '?' || c == '#'; }, ':');

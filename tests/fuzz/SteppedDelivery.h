@@ -21,7 +21,7 @@
 
 namespace jx::fuzz {
 
-/// A transport that responds as it is told.
+/// A transport whose responses the input chooses.
 class SteppedTransport final : public JXHttpTransport {
  public:
   void start(JXHttpRequest request) override {

@@ -14,8 +14,8 @@
 
 namespace jx::soak {
 
-/// A commanded worker, until it is killed or told to exit. The operations throw std::runtime_error
-/// if it exits before that, or does not react within a minute.
+/// A running worker that executes commands, until `kill` or `exit`. The operations throw
+/// std::runtime_error if the worker ends before that, or does not react within a minute.
 class ControlledProcess {
  public:
   explicit ControlledProcess(const WorkerOptions& options,

@@ -14,9 +14,9 @@
 namespace jx {
 namespace {
 
-// What a later process does not know of the last hours of a device is at most this long.
+// When a device is switched off, at most so much running time is lost.
 constexpr std::int64_t kWriteEveryMs = 10 * 60 * 1'000;
-// A day of writes fits many times. The file is then written anew.
+// Room for more than a week of writes. A larger file is emptied before the next one.
 constexpr std::uint64_t kMaxFileSize = 64 * 1024;
 // Smaller differences of age do not matter; the system adjusts its clock slightly all the time.
 constexpr std::int64_t kToleranceMs = 1'000;

@@ -139,7 +139,7 @@ void JXNetworkManager::beginStoring() {
   });
 }
 
-// Returns one that allows nothing that obeys stops if memory is exhausted.
+// If memory is exhausted, returns a filter that holds every request to which stops apply.
 std::shared_ptr<const JXSendFilter> JXNetworkManager::stoppedFilter() const noexcept {
   try {
     return consent_->filter();
