@@ -49,8 +49,10 @@ JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
     : folder_(std::move(folder)), path_(folder_ + "/erased"), defaults_(defaults), watch_(path_) {
   if (folder_.empty()) return;
   const JXLogDeferral deferral;
-  const Mark mark = readMark();
+  int error = 0;
+  const Mark mark = readMark(error);
   adopt(mark.token);
+  isTokenKnown_ = error == 0;
   if (!mark.pending) return;
   const std::vector<std::string> left = finish();
   JXLogger::sharedInstance().logMessage_withLevel(
@@ -68,8 +70,11 @@ std::vector<std::string> JXErasures::begin() {
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   token_ = newToken();
+  isTokenKnown_ = true;
   // On a full disk this fails, but the second mark is written after the files are deleted.
-  if (!folder_.empty()) writeMark({true, token_});
+  const int error = folder_.empty() ? 0 : writeMark({true, token_});
+  int ignored = 0;
+  replaceable_ = error == 0 ? token_ : readMark(ignored).token;
   std::vector<std::string> left;
   removeAll(left);
   ++count_;
@@ -78,12 +83,22 @@ std::vector<std::string> JXErasures::begin() {
 
 void JXErasures::adopt(const std::string& token) {
   token_ = token == kDamaged ? newToken() : token;
+  replaceable_ = token;
+  lacksMark_ = false;
 }
 
 void JXErasures::complete(std::vector<std::string>& left) {
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   completeMark(left);
+}
+
+void JXErasures::writeLackingMark() {
+  if (!lacksMark_) return;
+  const JXLogDeferral deferral;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  std::vector<std::string> ignored;
+  if (lacksMark_) completeMark(ignored);
 }
 
 std::vector<std::string> JXErasures::finish() {
@@ -104,11 +119,14 @@ void JXErasures::removeAll(std::vector<std::string>& left) {
 
 void JXErasures::completeMark(std::vector<std::string>& left) {
   if (folder_.empty()) return;
-  const Mark current = readMark();
-  // Another process began an erase in the meantime; it completes the mark.
-  const bool isAnother = current.token != token_ && current.token != kDamaged;
-  if (current.pending && isAnother) return;
-  const int error = writeMark({false, token_});
+  int error = 0;
+  const Mark current = readMark(error);
+  lacksMark_ = false;
+  // Another process began an erase in the meantime; `check` notices it.
+  const bool isReplaceable = current.token == replaceable_ || current.token == kDamaged;
+  if (!current.token.empty() && !isReplaceable) return;
+  error = writeMark({false, token_});
+  lacksMark_ = error != 0;
   if (error != 0) {
     addLeft(path_, error, left);
     left.back() += "; another process that uses the folder may write its values again";
@@ -120,7 +138,10 @@ std::uint64_t JXErasures::check() {
   const JXLogDeferral deferral;
   const std::lock_guard<std::mutex> lock(mutex_);
   struct stat status {};
-  if (folder_.empty() || JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) {
+  if (folder_.empty()) return count();
+  if (JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) {
+    // Without a mark, the next one is of an erase that has not begun yet.
+    if (errno == ENOENT || errno == ENOTDIR) isTokenKnown_ = true;
     return count();
   }
   if (!watch_.mayHaveChanged()) return count();
@@ -135,8 +156,16 @@ std::uint64_t JXErasures::check() {
 
 // Called with the lock held.
 std::uint64_t JXErasures::readChange() {
-  const Mark mark = readMark();
+  int error = 0;
+  const Mark mark = readMark(error);
+  // Read again by the next call.
+  if (error != 0) watch_.reset();
   if (mark.token.empty() || mark.token == token_) return count();
+  if (!std::exchange(isTokenKnown_, true) && !mark.pending) {
+    // Erased before this process could read the mark for the first time.
+    adopt(mark.token);
+    return count();
+  }
   std::string previous = token_;
   adopt(mark.token);
   try {
@@ -170,13 +199,16 @@ void JXErasures::logFailure(const std::vector<std::string>& left) const {
       3);
 }
 
-JXErasures::Mark JXErasures::readMark() const {
-  int error = 0;
+JXErasures::Mark JXErasures::readMark(int& error) const {
   const JXFile file = JXFile::open(path_, JXFile::Access::Read, error);
-  if (error != 0) return {};
   char content[kMaxMarkSize];
   std::size_t size = 0;
-  if (file.read(0, content, sizeof content, size) != 0) return {};
+  if (error == 0) error = file.read(0, content, sizeof content, size);
+  if (error == ENOENT || error == ENOTDIR) {
+    error = 0;
+    return {};
+  }
+  if (error != 0) return {};
   std::string_view text(content, size);
   if (text.substr(0, kDone.size()) == kDone && size == kDone.size() + kTokenDigits + 1) {
     return {false, std::string(text.substr(kDone.size(), kTokenDigits))};

@@ -40,6 +40,9 @@ class JXErasures {
   /// between. On a full disk, the mark cannot be written before that.
   std::vector<std::string> begin();
   void complete(std::vector<std::string>& left);
+  /// Writes the mark of a complete erase if `complete` could not: the next start would erase again.
+  /// Blocks on disk I/O.
+  void writeLackingMark();
   /// Notices an erase by another process, and finishes it if that process has not; returns `count`.
   /// Costs one system call; waits for an erase that another thread is running. A file that is
   /// created before the call, and found to be current by it, is not missed by an erase.
@@ -52,7 +55,7 @@ class JXErasures {
     bool pending = false;
     std::string token;  ///< empty if the file does not exist
   };
-  Mark readMark() const;
+  Mark readMark(int& error) const;
   int writeMark(const Mark& mark) const;
   int replaceMark(const Mark& mark) const;
   std::uint64_t readChange();
@@ -69,6 +72,11 @@ class JXErasures {
   std::mutex mutex_;
   JXFolderWatch watch_;  ///< of the mark
   std::string token_;    ///< of the last erase
+  bool isTokenKnown_ = true;  ///< false until the mark can be read
+  /// The token of the mark that `complete` replaces: of this erase, or of an earlier one that this
+  /// process could not replace.
+  std::string replaceable_;
+  std::atomic<bool> lacksMark_{false};  ///< the last erase is complete, but not its mark
   std::atomic<std::uint64_t> count_{0};
 };
 

@@ -191,6 +191,7 @@ void JXOutbox::dropErased() {
 
 void JXOutbox::sync() {
   withoutExceptions([&] {
+    if (erasures_) erasures_->writeLackingMark();
     const std::uint64_t failures = locked([&] { return report_.failures(); });
     locked([&] {
       checkErasures();

@@ -57,6 +57,14 @@ int removeOne(const std::string& path, int failure, std::vector<std::string>& le
   return error;
 }
 
+int synchronize(const std::string& folder, std::vector<std::string>& left) {
+  const int error = synchronizeFolder(folder);
+  // A read-only disk has no changes.
+  if (error == 0 || error == EROFS) return 0;
+  addLeft(folder, error, left);
+  return error;
+}
+
 // Deletes the files that `isOurs` accepts. `last` is a file that another process may be replacing
 // with `last`.new. The order of the two deletions does not miss it: either the new file is deleted
 // before it replaces the other, or the other is deleted after it was replaced.
@@ -73,19 +81,22 @@ void removeIn(const std::string& folder, NameTest isOurs, const std::string& las
   std::sort(names.begin(), names.end());
   names.push_back(last + ".new");
   names.push_back(last);
-  // The records of stops last, and only without a failure: they hold the events that are left.
+  // The records of stops last, and only when the rest is certainly gone: they hold the events that
+  // are left, also those that a power loss brings back.
   const auto isStop = [](const std::string& name) { return name.rfind("stopped-", 0) == 0; };
-  std::stable_partition(names.begin(), names.end(),
-                        [&](const auto& name) { return !isStop(name); });
+  const auto stops = std::stable_partition(names.begin(), names.end(),
+                                           [&](const auto& name) { return !isStop(name); });
   int failure = error;
-  for (const std::string& name : names) {
-    const int failed = removeOne(folder + "/" + name, isStop(name) ? failure : 0, left);
+  for (auto name = names.begin(); name != stops; ++name) {
+    const int failed = removeOne(folder + "/" + *name, 0, left);
     if (failed != 0) failure = failed;
   }
   // Also without a deletion: a power loss could undo an earlier one that was not durable yet.
-  const int syncError = synchronizeFolder(folder);
-  // A read-only disk has no changes.
-  if (syncError != 0 && syncError != EROFS) addLeft(folder, syncError, left);
+  const int failed = synchronize(folder, left);
+  if (failed != 0) failure = failed;
+  for (auto name = stops; name != names.end(); ++name)
+    removeOne(folder + "/" + *name, failure, left);
+  if (stops != names.end() && failure == 0) synchronize(folder, left);
 }
 
 }  // namespace

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/storage/JXErasures.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
+#include <optional>
 #include <thread>
 
 #include "jx/core/storage/JXStoredFiles.h"
@@ -335,17 +338,157 @@ TEST_F(Erasures, IsCompleteOnADiskThatIsFullUntilFilesAreDeleted) {
   EXPECT_EQ(state(), "done");
 }
 
+TEST_F(Erasures, NoticesAnEraseWhoseMarkCouldNotBeReadAtFirst) {
+  Process process(*this);
+  add(process.outbox, "body-queued");
+  EXPECT_EQ(process.erasures->check(), 0u);
+  EXPECT_EQ(JXErasures(folder_.path()).erase(), Lines());
+  // The time of the mark alone does not show the change, once it has been noticed.
+  std::this_thread::sleep_for(std::chrono::milliseconds(150));
+  {
+    const FailingDisk disk(0, 1, FailingDisk::Write::Nothing, EMFILE);
+    EXPECT_EQ(process.erasures->check(), 0u);
+    EXPECT_EQ(disk.failed(), 1);
+  }
+  EXPECT_EQ(process.erasures->check(), 1u);
+  EXPECT_EQ(takeAll(process.outbox), Bodies());
+}
+
+TEST_F(Erasures, DropsNothingWhenTheMarkCannotBeReadAtTheStart) {
+  EXPECT_EQ(JXErasures(folder_.path()).erase(), Lines());
+  {
+    Process process(*this);
+    add(process.outbox, "body-queued");
+  }
+  std::optional<JXErasures> erasures;
+  {
+    const FailingDisk disk(0, 1, FailingDisk::Write::Nothing, EMFILE);
+    erasures.emplace(folder_.path());
+    EXPECT_EQ(disk.failed(), 1);
+  }
+  EXPECT_EQ(erasures->check(), 0u);
+  // An erase that was interrupted is finished all the same.
+  writeFile(folder_.file("erased"), "pending 0123456789abcdef0123456789abcdef\n");
+  {
+    const FailingDisk disk(0, 1, FailingDisk::Write::Nothing, EMFILE);
+    erasures.emplace(folder_.path());
+    EXPECT_EQ(disk.failed(), 1);
+  }
+  EXPECT_EQ(erasures->check(), 1u);
+  EXPECT_EQ(files(), Lines{"erased"});
+  EXPECT_EQ(state(), "done");
+}
+
+TEST_F(Erasures, NoticesTheFirstEraseAfterAnUnreadableStart) {
+  std::optional<JXErasures> erasures;
+  {
+    const FailingDisk disk(0, 1, FailingDisk::Write::Nothing, EMFILE);
+    erasures.emplace(folder_.path());
+    EXPECT_EQ(disk.failed(), 1);
+  }
+  EXPECT_EQ(erasures->check(), 0u);
+  EXPECT_EQ(JXErasures(folder_.path()).erase(), Lines());
+  EXPECT_EQ(erasures->check(), 1u);
+}
+
+TEST_F(Erasures, KeepsTheRecordsOfStopsUntilTheDeletionOfTheEventsIsDurable) {
+  store();
+  JXErasures erasures(folder_.path());
+  JXFileCalls::current().synchronizeFolder = [](int) {
+    errno = EIO;
+    return -1;
+  };
+  const Lines left = erasures.erase();
+  JXFileCalls::current() = JXFileCalls::system();
+  EXPECT_EQ(files(), (Lines{"erased", "outbox/stopped-0123abcd", "outbox/stopped-0123abcd.4711"}));
+  const std::string reason = ": Input/output error";
+  EXPECT_EQ(left, (Lines{box_ + reason, box_ + "/stopped-0123abcd" + reason,
+                         box_ + "/stopped-0123abcd.4711" + reason, folder_.path() + reason,
+                         folder_.file("erased") + reason +
+                             "; another process that uses the folder may write its values again"}));
+}
+
 TEST_F(Erasures, ReportsThatTheMarkCannotBeWritten) {
   store();
   JXErasures erasures(folder_.path());
   const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing, ENOSPC);
   const Lines left = erasures.erase();
-  // Only the mark and the durability of the deletions.
-  EXPECT_EQ(left,
-            (Lines{box_ + ": No space left on device", folder_.path() + ": No space left on device",
-                   folder_.file("erased") + ": No space left on device; another process that "
-                                            "uses the folder may write its values again"}));
-  EXPECT_EQ(files(), Lines());
+  // Only the mark, the durability of the deletions, and the records of stops, which wait for it.
+  const std::string reason = ": No space left on device";
+  EXPECT_EQ(left, (Lines{box_ + reason, box_ + "/stopped-0123abcd" + reason,
+                         box_ + "/stopped-0123abcd.4711" + reason, folder_.path() + reason,
+                         folder_.file("erased") + reason +
+                             "; another process that uses the folder may write its values again"}));
+  EXPECT_EQ(files(), (Lines{"outbox/stopped-0123abcd", "outbox/stopped-0123abcd.4711"}));
+}
+
+TEST_F(Erasures, ReportsThatTheMarkOfAnEarlierEraseCannotBeReplaced) {
+  JXErasures erasures(folder_.path());
+  const std::string pending = "pending 0123456789abcdef0123456789abcdef\n";
+  writeFile(folder_.file("erased"), pending);
+  JXFileCalls::current().open = [](int folder, const char* name, int flags, mode_t mode) {
+    if ((flags & O_CREAT) == 0) return JXFileCalls::system().open(folder, name, flags, mode);
+    errno = ENOSPC;
+    return -1;
+  };
+  const Lines left = erasures.erase();
+  JXFileCalls::current() = JXFileCalls::system();
+  EXPECT_EQ(mark(), pending);
+  ASSERT_FALSE(left.empty());
+  EXPECT_EQ(left.back(), folder_.file("erased") +
+                             ": No space left on device; another process that uses the folder may "
+                             "write its values again");
+}
+
+TEST_F(Erasures, WritesTheMarkWhenTheDiskWorksAgain) {
+  Process process(*this);
+  {
+    const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing, ENOSPC);
+    process.erasures->erase();
+    process.outbox.sync();
+  }
+  EXPECT_EQ(mark(), "");
+  process.outbox.sync();
+  EXPECT_EQ(state(), "done");
+  // The next start erases nothing.
+  add(process.outbox, "later");
+  const std::string token = mark();
+  EXPECT_EQ(JXErasures(folder_.path()).count(), 0u);
+  EXPECT_EQ(mark(), token);
+  EXPECT_EQ(listed(), Bodies{"later"});
+}
+
+TEST_F(Erasures, DoesNotReplaceTheMarkOfALaterErase) {
+  Process process(*this);
+  {
+    const FailingDisk disk(0, 1'000'000, FailingDisk::Write::Nothing, ENOSPC);
+    process.erasures->erase();
+  }
+  add(process.outbox, "body-queued");
+  EXPECT_EQ(JXErasures(folder_.path()).erase(), Lines());
+  const std::string later = mark();
+  process.erasures->writeLackingMark();
+  EXPECT_EQ(mark(), later);
+  EXPECT_EQ(process.erasures->check(), 2u);
+  EXPECT_EQ(takeAll(process.outbox), Bodies());
+}
+
+TEST_F(Erasures, CompletesAnInterruptedEraseWhenTheDiskWorksAgain) {
+  writeFile(folder_.file("erased"), "pending 0123456789abcdef0123456789abcdef\n");
+  std::optional<Process> process;
+  JXFileCalls::current().open = [](int folder, const char* name, int flags, mode_t mode) {
+    if ((flags & O_CREAT) == 0) return JXFileCalls::system().open(folder, name, flags, mode);
+    errno = ENOSPC;
+    return -1;
+  };
+  process.emplace(*this);
+  JXFileCalls::current() = JXFileCalls::system();
+  EXPECT_EQ(state(), "pending");
+  add(process->outbox, "later");
+  process->outbox.sync();
+  EXPECT_EQ(mark(), "done 0123456789abcdef0123456789abcdef\n");
+  EXPECT_EQ(JXErasures(folder_.path()).count(), 0u);
+  EXPECT_EQ(listed(), Bodies{"later"});
 }
 
 }  // namespace
