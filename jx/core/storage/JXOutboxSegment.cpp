@@ -278,12 +278,14 @@ int JXOutboxSegment::copyTo(JXFile& file) {
 void JXOutboxSegment::dropPurged(std::vector<JXOutboxEntry>& requests) {
   int error = 0;
   const std::uint64_t purged = readPurgeMark(path(), identity_, error);
+  mayBeMarked_ = error != 0 || purged != 0;
   if (purged == 0) return;
   removeIf(requests, [&](const JXOutboxEntry& request) {
     if (request.offset < purged) acknowledge(request.offset);
     return request.offset < purged;
   });
-  if (requests.empty() || writeAcknowledgements() == 0) removePurgeMark(path());
+  const bool isApplied = requests.empty() || writeAcknowledgements() == 0;
+  if (isApplied && removePurgeMark(path()) == 0) mayBeMarked_ = false;
 }
 
 int JXOutboxSegment::writeTime(const JXStoredTime& time) {

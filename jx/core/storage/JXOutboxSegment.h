@@ -99,7 +99,7 @@ class JXOutboxSegment {
   std::size_t live() const { return live_; }
   bool hasUnwrittenAcknowledgements() const { return !unwritten_.empty(); }
   /// Returns true when the next frame should go into a new segment.
-  bool isFull() const { return journal_.size() >= kMaxSize; }
+  bool isFull() const { return mayBeMarked_ || journal_.size() >= kMaxSize; }
   std::uint64_t size() const { return journal_.size(); }
   /// Returns true if most requests that were ever in the file are acknowledged.
   bool isMostlyObsolete() const { return !isUnreadable && live_ < requests_ / 2; }
@@ -141,6 +141,9 @@ class JXOutboxSegment {
   std::vector<std::uint32_t> unwritten_;
   std::optional<std::int64_t> timeOffset_;  ///< of the latest time in the file
   bool needsTime_ = false;
+  /// A purge mark stays that `adopt` could not read or remove. A power loss may have shortened the
+  /// file, so that the mark would apply to new requests.
+  bool mayBeMarked_ = false;
 };
 
 /// A request read from an outbox folder that is not opened for sending.

@@ -69,6 +69,6 @@ std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity
   return isWhole && segment.isValid() && mark.inode == segment.number ? mark.size : 0;
 }
 
-void removePurgeMark(const std::string& segmentPath) { removeFile(markPath(segmentPath)); }
+int removePurgeMark(const std::string& segmentPath) { return removeFile(markPath(segmentPath)); }
 
 }  // namespace jx

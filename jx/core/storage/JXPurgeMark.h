@@ -22,7 +22,7 @@ int writePurgeMark(const std::string& segmentPath);
 /// file `segment`. `error` receives the errno value of a mark that cannot be read, else 0.
 std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity& segment,
                             int& error);
-/// Deletes the mark if it exists.
-void removePurgeMark(const std::string& segmentPath);
+/// Deletes the mark if it exists. Returns an errno value, 0 for success.
+int removePurgeMark(const std::string& segmentPath);
 
 }  // namespace jx

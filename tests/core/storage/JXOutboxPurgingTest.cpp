@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
+#include <string_view>
 
 #include "jx/core/storage/JXOutboxSegment.h"
 #include "jx/core/storage/JXPurgeMark.h"
@@ -23,6 +25,23 @@ class OutboxPurging : public OutboxTest {
     return done;
   }
   std::size_t marks() const { return filesNamed(box_, ".purge"); }
+
+  /// While it exists, no mark can be opened.
+  class UnreadableMarks {
+   public:
+    UnreadableMarks() {
+      JXFileCalls::current().open = [](int folder, const char* name, int flags, mode_t mode) {
+        const std::string_view file = name;
+        const bool isMark = file.size() > 6 && file.substr(file.size() - 6) == ".purge";
+        if (!isMark) return JXFileCalls::system().open(folder, name, flags, mode);
+        errno = EIO;
+        return -1;
+      };
+    }
+    ~UnreadableMarks() { JXFileCalls::current() = JXFileCalls::system(); }
+    UnreadableMarks(const UnreadableMarks&) = delete;
+    UnreadableMarks& operator=(const UnreadableMarks&) = delete;
+  };
 };
 
 TEST_F(OutboxPurging, DeletesRequestsThatNoProcessOwns) {
@@ -180,6 +199,27 @@ TEST_F(OutboxPurging, ReadsAMarkAgainThatCouldNotBeRead) {
   }
   outbox->sync();
   EXPECT_EQ(outbox->counters().queued, 0u);
+  EXPECT_EQ(outbox->counters().purged, 1u);
+}
+
+TEST_F(OutboxPurging, RequestsAreNotAddedBelowAMarkThatCannotBeRead) {
+  {
+    const auto outbox = open();
+    add(*outbox, "a");
+    add(*outbox, "b");
+    purge();
+  }
+  // A power loss has removed the end of the segment, which was not synced.
+  const std::string segment = box_ + "/segment-0000000000000001";
+  fs::resize_file(segment, fs::file_size(segment) - 1);
+  std::unique_ptr<JXOutbox> outbox;
+  {
+    const UnreadableMarks disk;
+    outbox = open();
+    EXPECT_EQ(outbox->counters().queued, 1u);
+  }
+  add(*outbox, "c");
+  EXPECT_EQ(takeAll(*outbox), Bodies{"c"});
   EXPECT_EQ(outbox->counters().purged, 1u);
 }
 
