@@ -26,15 +26,26 @@ void Ledger::started(int process, std::int64_t nowMs, bool isHealthy) {
   ProcessRecord& record = processes_[process];
   record.startedMs = record.healthyMs = nowMs;
   record.stops = stops_;
+  // What failed in earlier processes shows that the host fails, until it sends a final response.
+  for (const Event& event : events_) {
+    if (event.firstErrorMs >= 0 && !event.hasEnded) {
+      record.outages[event.host].failed.insert(&event);
+    }
+  }
   adopted(process, nowMs, isHealthy);
 }
 
 void Ledger::adopted(int process, std::int64_t nowMs, bool isHealthy) {
+  const bool isOnly =
+      std::none_of(processes_.begin(), processes_.end(), [process](const auto& entry) {
+        return entry.first != process && entry.second.isAlive;
+      });
   for (Event& event : events_) {
     const auto owner = processes_.find(event.owner);
     if (!event.isAccepted || (owner != processes_.end() && owner->second.isAlive)) continue;
     event.owner = process;
-    event.isHeld = isHealthy;
+    // If its last owner was not certain, another living process may have it.
+    event.isHeld = isHealthy && (event.isHeld || isOnly);
     event.changedMs = event.endedMs = nowMs;
   }
 }
@@ -122,7 +133,8 @@ void Ledger::stopped(int process, bool isRecorded) {
     stops_[member.source] = operations_;
     // Another process may have a higher number of stops; its events are not held.
     for (Event& event : events_) {
-      if (event.source == member.source && event.owner == process) event.heldBy = operations_;
+      const bool isInQueue = event.owner == process && event.isHeld;
+      if (event.source == member.source && isInQueue) event.heldBy = operations_;
     }
   }
 }
@@ -158,11 +170,25 @@ void Ledger::removedMeanwhile() {
   }
 }
 
+void Ledger::erasedAtStart(bool isComplete) {
+  removingFrom_ = erasingFrom_;
+  removingOf_ = 0;
+  if (isComplete) removed(true);
+  // It also deletes the marks of purges, and the files of processes that work.
+  for (Event& event : events_) {
+    if (event.order <= removingFrom_) continue;
+    event.forbiddenFrom = 0;
+    event.isOnDisk = event.isDurable = false;
+  }
+}
+
 // A purge from outside does not reach what is in the memory of a process.
 void Ledger::removed(bool isErase) {
   const std::uint64_t now = nextOperation();
   removedMeanwhile();
   for (Event& event : events_) {
+    // Its file may be deleted; the process that has it writes it again with its next event.
+    if (isErase && event.order > removingFrom_) event.isOnDisk = event.isDurable = false;
     if (event.order > removingFrom_) continue;
     const bool isReached = isErase || removingOf_ != 0 || event.isOnDisk;
     const bool isMeant = removingOf_ == 0 || (event.owner == removingOf_ && event.isHeld);
@@ -203,8 +229,12 @@ void Ledger::ended(Event& event, bool isCertain, std::int64_t nowMs) {
   if (!isCertain) event.mayRepeat = true;
 }
 
-const char* Ledger::refusal(const Event& event, const ProcessRecord& process) const {
-  const bool isForbidden = event.forbiddenFrom != 0 && process.operation > event.forbiddenFrom;
+const char* Ledger::refusal(const Event& event, const ProcessRecord& process,
+                            long failures) const {
+  // The mark of an erase by another process may just not be readable.
+  const bool mayMissErase = event.isErased && failures != process.failuresBefore;
+  const bool isForbidden = event.forbiddenFrom != 0 && process.operation > event.forbiddenFrom &&
+                           !mayMissErase;
   if (isForbidden) {
     return "was purged or erased";
   }
@@ -248,7 +278,9 @@ const char* Ledger::wrongReport(Event& event, const JXDelivery& delivery, bool m
     case JXDeliveryOutcome::Dropped:
       break;
   }
+  const bool isRepeated = event.isReportedDropped && event.endIsDurable && !event.mayRepeat;
   event.isReportedDropped = true;
+  if (isRepeated) return "is reported as dropped again";
   const bool wasAnswered = event.answeredBy == event.owner && event.owner != 0;
   if (wasAnswered && delivery.dropReason != JXDropReason::Purged) {
     return "is reported as dropped but was delivered";
@@ -259,7 +291,7 @@ const char* Ledger::wrongReport(Event& event, const JXDelivery& delivery, bool m
     case JXDropReason::Unreadable:
       return hadDamage ? nullptr : "was dropped as damaged although it was not";
     case JXDropReason::Purged:
-      return event.order <= removedAt_ || mayRemove
+      return event.order <= removedAt_ || mayRemove || event.mayMissErase
                  ? nullptr
                  : "was dropped as purged although it is newer than any purge";
     case JXDropReason::TooOld:

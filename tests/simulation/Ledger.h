@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,9 +59,10 @@ struct Event {
   bool mayRepeat = false;
   std::uint64_t forbiddenFrom = 0;  ///< the operation from which on it must not be sent; 0: none
   bool isErased = false;            ///< must not be on the disk
+  bool mayMissErase = false;        ///< its process may not have noticed an erase before it
   int attempts = 0;
-  int serverErrors = 0;
-  std::int64_t firstErrorMs = 0;
+  int serverErrors = 0;  ///< while the host did not fail on everything
+  std::int64_t firstErrorMs = -1;  ///< of its first server error
 };
 
 /// What a process has decided, and what it knows.
@@ -77,6 +79,7 @@ struct ProcessRecord {
   std::int64_t startedMs = 0;
   std::int64_t healthyMs = 0;   ///< since when the disk has worked for it, with repairs finished
   std::uint64_t operation = 0;  ///< the current operation
+  long failuresBefore = 0;      ///< failed calls of the disk when it began
   int flushes = 0;
   std::map<int, std::int64_t> notBeforeMs;  ///< by host: the end of a Retry-After
   /// The attempts on one host since its last final response.
@@ -84,6 +87,7 @@ struct ProcessRecord {
     std::int64_t sinceMs = -1;
     int attempts = 0;
     int flushes = 0;
+    std::set<const Event*> failed;  ///< with a server error
   };
   std::map<int, Outage> outages;
   std::uint64_t reported = 0;  ///< dropped events
@@ -121,6 +125,9 @@ class Ledger {
 
   void stopped(int process, bool isRecorded);
   void enabled(int process);
+  /// An erase whose mark is written did not end; the next start finishes it.
+  void eraseIsLeft() { erasingFrom_ = removingFrom_; }
+  void erasedAtStart(bool isComplete);
   /// Begins a purge or an erase of everything that was accepted before, or of the queue of one
   /// process.
   void removing(int process = 0);
@@ -137,8 +144,9 @@ class Ledger {
   /// Records that the library knows the outcome of an event.
   void ended(Event& event, bool isCertain, std::int64_t nowMs);
 
-  /// Returns why the process must not send the event; null if it may.
-  const char* refusal(const Event& event, const ProcessRecord& process) const;
+  /// Returns why the process must not send the event; null if it may. `failures` is the number of
+  /// failed calls of the disk.
+  const char* refusal(const Event& event, const ProcessRecord& process, long failures) const;
   /// Returns why an end that was reported is wrong; null if it is right. `mayExpire` is true when
   /// the event has reached the maximum age.
   const char* wrongReport(Event& event, const JXDelivery& delivery, bool mayExpire);
@@ -159,6 +167,7 @@ class Ledger {
   std::map<int, std::uint64_t> stops_;  ///< recorded on the disk, by source
   std::uint64_t operations_ = 0;
   std::uint64_t removingFrom_ = 0;
+  std::uint64_t erasingFrom_ = 0;  ///< the operation that began an erase that was left
   std::uint64_t removedAt_ = 0;  ///< the operation before which the last removal ended
   int removingOf_ = 0;
   std::uint64_t unreported_ = 0;

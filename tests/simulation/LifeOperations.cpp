@@ -64,9 +64,9 @@ void Life::start() {
                        anyStart());
   const bool works = process->isAlive() && world_.disk.fault() == VirtualDisk::Fault::None;
   processes_.push_back(std::move(process));
-  if (!wasPending || !works) return;
-  world_.ledger.removed(true);
-  world_.eraseIsPending = false;
+  if (!wasPending) return;
+  world_.ledger.erasedAtStart(works);
+  if (works) world_.eraseIsPending = false;
 }
 
 std::size_t Life::bodySize() {

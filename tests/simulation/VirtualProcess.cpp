@@ -24,9 +24,12 @@ class VirtualProcess::Turn {
   explicit Turn(VirtualProcess& process)
       : process_(process), before_(process.world_.disk.enter(process.number_)) {
     outer_ = std::exchange(process.record().operation, process.world_.ledger.nextOperation());
+    outerFailures_ =
+        std::exchange(process.record().failuresBefore, process.world_.disk.failures());
   }
   ~Turn() {
     process_.record().operation = outer_;
+    process_.record().failuresBefore = outerFailures_;
     process_.world_.disk.enter(before_);
   }
   Turn(const Turn&) = delete;
@@ -36,6 +39,7 @@ class VirtualProcess::Turn {
   VirtualProcess& process_;
   const int before_;
   std::uint64_t outer_ = 0;
+  long outerFailures_ = 0;
 };
 
 VirtualProcess::VirtualProcess(World& world)
@@ -133,7 +137,7 @@ void VirtualProcess::execute(Event& event, std::size_t member) {
   }
   if (!isAlive()) event.mayBeLost = true;
   // A failed write may have written it, and it is written again.
-  if (failures != world_.disk.failures()) event.mayRepeat = true;
+  if (failures != world_.disk.failures()) event.mayRepeat = event.mayMissErase = true;
   if (id && after.purged == before.purged) {
     checkLimits(before, event.url.size() + event.body.size());
   }
@@ -201,7 +205,11 @@ bool VirtualProcess::erase() {
     world_.ledger.removalFailed();
     // Without its mark, the erase must not have deleted anything.
     const bool hasBegun = !isCut || world_.eraseMark() != mark;
-    if (!hasBegun && failures == world_.disk.failures()) world_.ledger.removalHadNoEffect();
+    if (!hasBegun && failures == world_.disk.failures()) {
+      world_.ledger.removalHadNoEffect();
+    } else {
+      world_.ledger.eraseIsLeft();
+    }
     return false;
   }
   world_.ledger.removed(true);
@@ -217,12 +225,13 @@ void VirtualProcess::setValue(std::size_t size) {
   value.id = std::string("v").append(std::to_string(value.order)).append(";");
   value.executedBy = number_;
   world_.say("process %d sets the value %s", number_, value.id.c_str());
-  defaults_->setObject_forKey(JXString(value.id + std::string(size, '.')), JXString("JXValue"));
+  const JXString written(value.id + std::string(size, '.'));
+  defaults_->setObject_forKey(written, JXString("JXValue"));
   ++commands_.storageChanges;
   world_.ledger.accepted(value, number_, isAlive() && defaults_->isAvailable(),
                          world_.clock->steadyMs());
   // A value that is set before this process notices an erase is erased, too.
-  const bool isErased = !defaults_->objectForKey("JXValue").isPresent();
+  const bool isErased = defaults_->objectForKey("JXValue") != written;
   if (!isAlive() || isErased || world_.eraseIsPending) value.mayBeLost = true;
 }
 

@@ -11,6 +11,7 @@ namespace {
 constexpr std::int64_t kTimeoutMs = 30'000;
 constexpr std::size_t kMaxInFlight = 8;
 constexpr std::int64_t kMaxToHost = 4;
+constexpr std::size_t kFailingHostRun = 5;
 constexpr std::int64_t kHourMs = 3'600'000;
 constexpr std::int64_t kShortestScheduleMs = kHourMs / 4;
 constexpr std::int64_t kGiveUpMs = 72 * kHourMs;
@@ -41,7 +42,7 @@ void VirtualTransport::checkStart(const JXHttpRequest& request, Event& event) {
   if (request.body != event.body || request.url != event.url) {
     world_.violated(event.id + " is sent with other bytes");
   }
-  if (const char* const refusal = world_.ledger.refusal(event, record)) {
+  if (const char* const refusal = world_.ledger.refusal(event, record, world_.disk.failures())) {
     world_.violated(event.id + " is sent although it " + refusal);
   }
   const auto notBefore = record.notBeforeMs.find(event.host);
@@ -62,10 +63,12 @@ void VirtualTransport::countAttempt(Event& event, int status) {
   ProcessRecord& record = world_.ledger.process(process_);
   const std::int64_t nowMs = world_.clock->steadyMs();
   ++event.attempts;
-  if (status == 500) {
-    if (event.serverErrors++ == 0) event.firstErrorMs = nowMs;
-    // On a schedule of its own, which grows to hours unless the host fails on everything; a power
-    // loss or a full disk may forget it.
+  ProcessRecord::Outage& outage = record.outages[event.host];
+  if (status == 500 && event.firstErrorMs < 0) event.firstErrorMs = nowMs;
+  // A host that fails on so many requests in a row decides when each is retried.
+  if (status == 500 && outage.failed.size() < kFailingHostRun) {
+    ++event.serverErrors;
+    // On a schedule of its own, which grows to hours; a power loss or a full disk may forget it.
     const std::int64_t failing = nowMs - event.firstErrorMs;
     const auto processes = static_cast<std::int64_t>(world_.ledger.processes().size());
     if (event.serverErrors > 15 + failing / kShortestScheduleMs + processes + world_.flushes) {
@@ -73,8 +76,10 @@ void VirtualTransport::countAttempt(Event& event, int status) {
     }
   }
   if (status / 100 == 2 || status == 413) return;
-  ProcessRecord::Outage& outage = record.outages[event.host];
-  if (outage.sinceMs < 0) outage = {nowMs, 0, record.flushes};
+  if (outage.sinceMs < 0) {
+    outage.sinceMs = nowMs;
+    outage.flushes = record.flushes;
+  }
   const int flushes = record.flushes - outage.flushes;
   if (++outage.attempts > 40 + (nowMs - outage.sinceMs) / 100'000 + 4 * flushes) {
     world_.violated("too many attempts without a response: " + std::to_string(outage.attempts));
@@ -143,6 +148,8 @@ void VirtualTransport::noteResult(Event& event, const JXHttpResult& result) {
   if (status == 500 && failing >= kGiveUpMs) event.isGivenUp = true;
   if (status / 100 == 2 || status == 413) {
     record.outages.erase(event.host);
+  } else if (status == 500) {
+    record.outages[event.host].failed.insert(&event);
   }
   if (result.retryAfter.isPresent()) {
     std::int64_t& until = record.notBeforeMs[event.host];
