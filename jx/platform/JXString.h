@@ -23,7 +23,7 @@ namespace jx {
 class JX_API JXString {
  public:
   /// Constructs a null string.
-  JXString() noexcept : bytes_{}, tag_(kNull) {}
+  JXString() noexcept : tag_(kNull) {}
   /// Constructs a null string, so that `setCoupon(nullptr)` compiles.
   JXString(std::nullptr_t) noexcept : JXString() {}
   /// Copies a NUL-terminated string; a null pointer constructs a null string.
@@ -130,7 +130,8 @@ class JX_API JXString {
 
   // `bytes_` contains the string with its NUL, or the pointer to the shared string. `tag_` is
   // kShared, kNull or the length of the inline string (0 to kInlineCapacity).
-  alignas(void*) char bytes_[kInlineCapacity + 1];
+  // Initialised, because the copies copy all of it, and compilers warn otherwise.
+  alignas(void*) char bytes_[kInlineCapacity + 1] = {};
   unsigned char tag_;
 };
 
