@@ -36,10 +36,9 @@ void Ledger::started(int process, std::int64_t nowMs, bool isHealthy) {
 }
 
 void Ledger::adopted(int process, std::int64_t nowMs, bool isHealthy) {
-  const bool isOnly =
-      std::none_of(processes_.begin(), processes_.end(), [process](const auto& entry) {
-        return entry.first != process && entry.second.isAlive;
-      });
+  const bool isOnly = std::none_of(
+      processes_.begin(), processes_.end(),
+      [process](const auto& entry) { return entry.first != process && entry.second.isAlive; });
   for (Event& event : events_) {
     const auto owner = processes_.find(event.owner);
     if (!event.isAccepted || (owner != processes_.end() && owner->second.isAlive)) continue;
@@ -229,12 +228,11 @@ void Ledger::ended(Event& event, bool isCertain, std::int64_t nowMs) {
   if (!isCertain) event.mayRepeat = true;
 }
 
-const char* Ledger::refusal(const Event& event, const ProcessRecord& process,
-                            long failures) const {
+const char* Ledger::refusal(const Event& event, const ProcessRecord& process, long failures) const {
   // The mark of an erase by another process may just not be readable.
   const bool mayMissErase = event.isErased && failures != process.failuresBefore;
-  const bool isForbidden = event.forbiddenFrom != 0 && process.operation > event.forbiddenFrom &&
-                           !mayMissErase;
+  const bool isForbidden =
+      event.forbiddenFrom != 0 && process.operation > event.forbiddenFrom && !mayMissErase;
   if (isForbidden) {
     return "was purged or erased";
   }

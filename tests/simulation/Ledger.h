@@ -61,7 +61,7 @@ struct Event {
   bool isErased = false;            ///< must not be on the disk
   bool mayMissErase = false;        ///< its process may not have noticed an erase before it
   int attempts = 0;
-  int serverErrors = 0;  ///< while the host did not fail on everything
+  int serverErrors = 0;            ///< while the host did not fail on everything
   std::int64_t firstErrorMs = -1;  ///< of its first server error
 };
 
@@ -168,7 +168,7 @@ class Ledger {
   std::uint64_t operations_ = 0;
   std::uint64_t removingFrom_ = 0;
   std::uint64_t erasingFrom_ = 0;  ///< the operation that began an erase that was left
-  std::uint64_t removedAt_ = 0;  ///< the operation before which the last removal ended
+  std::uint64_t removedAt_ = 0;    ///< the operation before which the last removal ended
   int removingOf_ = 0;
   std::uint64_t unreported_ = 0;
 };

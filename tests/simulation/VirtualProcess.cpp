@@ -24,8 +24,7 @@ class VirtualProcess::Turn {
   explicit Turn(VirtualProcess& process)
       : process_(process), before_(process.world_.disk.enter(process.number_)) {
     outer_ = std::exchange(process.record().operation, process.world_.ledger.nextOperation());
-    outerFailures_ =
-        std::exchange(process.record().failuresBefore, process.world_.disk.failures());
+    outerFailures_ = std::exchange(process.record().failuresBefore, process.world_.disk.failures());
   }
   ~Turn() {
     process_.record().operation = outer_;

@@ -31,8 +31,8 @@ void VirtualProcess::checkLimits(const JXOutboxCounters& before, std::uint64_t b
   const std::uint64_t tooLarge = now.droppedTooLarge - before.droppedTooLarge;
   // Rejected requests count, too, until their dead letters are written: another process may be
   // writing them, or the disk may fail.
-  const bool isFull = now.queued + tooLarge >= bounds.maxRequests || world_.interleaves ||
-                      world_.ledger.hadFault;
+  const bool isFull =
+      now.queued + tooLarge >= bounds.maxRequests || world_.interleaves || world_.ledger.hadFault;
   if (now.droppedTooMany > before.droppedTooMany && !isFull) {
     world_.violated("an event was dropped although fewer than maxRequests are queued");
   }

@@ -70,8 +70,8 @@ class JXErasures {
   const std::string path_;
   JXPlatformDefaults* const defaults_;
   std::mutex mutex_;
-  JXFolderWatch watch_;  ///< of the mark
-  std::string token_;    ///< of the last erase
+  JXFolderWatch watch_;       ///< of the mark
+  std::string token_;         ///< of the last erase
   bool isTokenKnown_ = true;  ///< false until the mark can be read
   /// The token of the mark that `complete` replaces: of this erase, or of an earlier one that this
   /// process could not replace.
