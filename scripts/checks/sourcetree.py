@@ -10,7 +10,7 @@ import re
 import subprocess
 import sys
 
-CPP_PATTERNS = ("*.h", "*.c", "*.cpp", "*.mm")
+CPP_PATTERNS = ("*.h", "*.c", "*.cpp", "*.m", "*.mm")
 INTERNAL_HEADERS = "packaging/internal-headers.txt"
 
 _TOKEN = re.compile(
@@ -86,19 +86,27 @@ def with_own_includes(root, path):
     seen = {path}
     pending = [path]
     while pending:
-        for _, spelling in includes(read(root, pending.pop())):
+        source = pending.pop()
+        for _, spelling in includes(read(root, source)):
             target = spelling[1:-1]
+            if is_objective_c(source) and "/" not in target:
+                target = os.path.join(os.path.dirname(source), target)
             if target not in seen and os.path.isfile(os.path.join(root, target)):
                 seen.add(target)
                 pending.append(target)
     return sorted(seen)
 
 
+def is_objective_c(path):
+    """Returns whether the file is a public Objective-C header."""
+    return os.path.dirname(path) == "jx/objc" and path.endswith(".h")
+
+
 def public_headers(root):
-    """Returns the headers under jx/ that are installed."""
+    """Returns the C++ and C headers under jx/ that are installed."""
     internal = internal_headers(root)
     return [path for path in files(root, "*.h") if path.startswith("jx/")
-            and not is_internal(path, internal)]
+            and not is_internal(path, internal) and not is_objective_c(path)]
 
 
 def internal_headers(root):
