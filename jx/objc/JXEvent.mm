@@ -1,0 +1,93 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import "jx/objc/JXEvent.h"
+
+#include "jx/events/JXEvent.h"
+#include "jx/events/JXItem.h"
+#import "jx/objc/JXItem.h"
+#import "jx/objc/internal/JXExecutableEvent.h"
+#import "jx/objc/internal/JXFields.h"
+
+using Core = jx::JXEvent;
+using namespace jx::objc;
+
+static constexpr char kParameter[] = "JXEvent: additional parameter";
+
+@implementation JXEvent
+
++ (std::shared_ptr<jx::JXAdditionalProperties>)jx_newCore {
+  return Core::init();
+}
+
+- (instancetype)init {
+  return [super init];
+}
+
+- (NSMutableDictionary*)getJsonObject {
+  return toFoundation(coreOf<Core>(self).getJsonObject());
+}
+
+- (BOOL)verifyEvent {
+  return coreOf<Core>(self).verifyEvent() ? YES : NO;
+}
+
+- (NSString*)firstFailedCondition {
+  return toFoundation(coreOf<Core>(self).firstFailedCondition());
+}
+
+- (NSMutableArray*)getItemListAsJson:(NSArray*)blocks {
+  NSMutableArray* const objects = [NSMutableArray array];
+  if (!isOf([NSArray class], blocks, "getItemListAsJson:")) return objects;
+  for (id block in blocks) {
+    const bool hasJson = [block respondsToSelector:@selector(getJsonObject)];
+    const id object = hasJson ? [block getJsonObject] : nil;
+    // A message is logged for a block of a wrong class.
+    if (object != nil || isOf([JXItem class], block, "getItemListAsJson:")) {
+      [objects addObject:object];
+    }
+  }
+  return objects;
+}
+
+- (void)addAdditionalParameter:(NSString*)key withValue:(id)value {
+  if ([value isKindOfClass:[NSNumber class]]) {
+    [self addAdditionalProperty:key withNumberValue:value];
+  } else {
+    coreOf<Core>(self).addAdditionalParameter_withValue(toString(key, kParameter),
+                                                        toString(value, kParameter));
+  }
+}
+
+- (void)addAdditionalParameter:(NSString*)key forJsonDict:(NSDictionary*)value {
+  [self addAdditionalProperty:key withDictValue:value];
+}
+
+- (void)addAdditionalParameter:(NSDictionary*)entries {
+  [self addAdditionalProperty:entries];
+}
+
+- (NSString*)name {
+  return toFoundation(coreOf<Core>(self).name());
+}
+
+- (void)setName:(NSString*)value {
+  coreOf<Core>(self).setName(toString(value, "JXEvent.name"));
+}
+
+- (NSString*)pageType {
+  return toFoundation(coreOf<Core>(self).pageType());
+}
+
+- (void)setPageType:(NSString*)value {
+  coreOf<Core>(self).setPageType(toString(value, "JXEvent.pageType"));
+}
+
+- (NSString*)pageName {
+  return toFoundation(coreOf<Core>(self).pageName());
+}
+
+- (void)setPageName:(NSString*)value {
+  coreOf<Core>(self).setPageName(toString(value, "JXEvent.pageName"));
+}
+
+@end

@@ -1,0 +1,69 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/video.toml by scripts/catalogue. Do not edit.
+#import "JXNames.h"
+#import "JXVideoEvent.h"
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// The viewer changed the volume, speed, subtitles, full-screen mode or quality, or shared the
+/// video.
+JX_OBJC_CLASS
+@interface JXVideoSettingEvent : JXVideoEvent
+
+/// Creates an event named after its mode. A mode outside the enumeration yields an event without a
+/// name. `sessionId` is the video session ID.
+- (instancetype)initWithMode:(EJXVideoSettingMode)mode
+                andSessionId:(nullable NSString*)sessionId JX_SWIFT_NAME("init(mode:sessionId:)");
+/// Unavailable, because an event of this class needs a mode.
+- (instancetype)init JX_OBJC_UNAVAILABLE;
+
+/// True if the video is a full episode, not a part of it. Always written.
+@property(nonatomic) BOOL fullEpisode;
+/// True if the video is live. Always written.
+@property(nonatomic) BOOL livestream;
+/// True if the video fills the screen. Always written.
+@property(nonatomic) BOOL fullScreen;
+/// True if advertisements are enabled. Always written.
+@property(nonatomic) BOOL adEnabled;
+/// The identifier of the content pod, a part of the content.
+@property(nonatomic, copy, nullable) NSString* contentPodID;
+/// The identifier of the content.
+@property(nonatomic, copy, nullable) NSString* contentAssetID;
+/// The identifier of the advertisement.
+@property(nonatomic, copy, nullable) NSString* adAssetID;
+/// The identifier of the ad pod, the break that contains the advertisement.
+@property(nonatomic, copy, nullable) NSString* adPodID;
+/// The type of the advertisement, a free-form string.
+@property(nonatomic, copy, nullable) NSString* adType;
+/// A description of the video.
+@property(nonatomic, copy, nullable) NSString* videoDescription;
+/// The event's keywords, initially an empty list; callers may append to it. A nil list is not
+/// written.
+/// Changes of the array change the list. The setter copies the elements; nil removes all.
+@property(nonatomic, readonly) NSMutableArray<id>* keywords JX_REFINED_FOR_SWIFT;
+- (void)setKeywords:(nullable NSArray<id>*)keywords JX_REFINED_FOR_SWIFT;
+/// The season, as the application names it.
+@property(nonatomic, copy, nullable) NSString* season;
+/// The episode, as the application names it.
+@property(nonatomic, copy, nullable) NSString* episode;
+/// The category of the video, a free-form string.
+@property(nonatomic, copy, nullable) NSString* videoCategory;
+/// The program that the video belongs to.
+@property(nonatomic, copy, nullable) NSString* program;
+/// The channel that shows the video.
+@property(nonatomic, copy, nullable) NSString* channel;
+/// The date of the first broadcast, a string in the format that the application chooses.
+@property(nonatomic, copy, nullable) NSString* airdate;
+/// The bit rate, in the unit that the application uses for all events; written unchanged.
+@property(nonatomic, copy, nullable) NSDecimalNumber* bitrate JX_REFINED_FOR_SWIFT;
+/// The frame rate, in frames per second.
+@property(nonatomic, copy, nullable) NSDecimalNumber* framerate JX_REFINED_FOR_SWIFT;
+/// The volume, on the scale that the application uses for all events.
+@property(nonatomic, copy, nullable) NSDecimalNumber* sound JX_REFINED_FOR_SWIFT;
+/// The image quality, a free-form string such as "2160p".
+@property(nonatomic, copy, nullable) NSString* imageQuality;
+
+@end
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,25 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+// Generated from jx/catalogue/ecommerce.toml by scripts/catalogue. Do not edit.
+#import "JXECommerceEvent.h"
+
+@class JXItem;
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// The viewer opened an item. The event's amount is `revenue`; the cart and wish list events have
+/// `value` instead.
+JX_OBJC_CLASS
+@interface JXViewItem : JXECommerceEvent
+
+/// Creates an event and appends the items to its own list; the caller's list is not stored.
+- (instancetype)initWithItems:(nullable NSArray<JXItem*>*)items JX_SWIFT_NAME("init(items:)");
+/// Creates an event named "view_item"; all other fields are nil or empty.
+- (instancetype)init;
+
+/// The revenue, in units of `currency`.
+@property(nonatomic, copy, nullable) NSDecimalNumber* revenue JX_REFINED_FOR_SWIFT;
+
+@end
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,173 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import "jx/objc/ServerSide.h"
+
+#include <memory>
+#include <utility>
+
+#include "jx/facade/ServerSide.h"
+#import "jx/objc/JXEvent.h"
+#import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXExecutableEvent.h"
+#import "jx/objc/internal/JXObjectiveCFirebase.h"
+#import "jx/objc/internal/JXOwnership.h"
+
+using jx::objc::firebaseOf;
+using jx::objc::toFoundation;
+using jx::objc::toJson;
+using jx::objc::toString;
+using Core = std::shared_ptr<jx::ServerSide>;
+
+static constexpr char kSourceKey[] = "ServerSide.sourceKey";
+static constexpr char kPermanentData[] = "ServerSide: permanent data";
+
+@implementation ServerSide
+
+- (instancetype)init {
+  return [self initWithSiteID:0 andSourceKey:nil];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID andSourceKey:(NSString*)sourceKey {
+  return [self initWithSiteID:siteID
+                 andSourceKey:sourceKey
+          andDefaultBehaviour:EJXDefaultBehaviour_DEFAULT
+          andFirebaseInstance:nil];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(NSString*)sourceKey
+           andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour {
+  return [self initWithSiteID:siteID
+                 andSourceKey:sourceKey
+          andDefaultBehaviour:defaultBehaviour
+          andFirebaseInstance:nil];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(NSString*)sourceKey
+           andFirebaseInstance:(id)firebaseInstance {
+  return [self initWithSiteID:siteID
+                 andSourceKey:sourceKey
+          andDefaultBehaviour:EJXDefaultBehaviour_DEFAULT
+          andFirebaseInstance:firebaseInstance];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(NSString*)sourceKey
+           andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
+           andFirebaseInstance:(id)firebaseInstance {
+  self = [super init];
+  if (self == nil) return nil;
+  // The memory of a new object is zero, which is a null pointer.
+  static_assert(sizeof(Core) == sizeof _core, "the C++ object must fit");
+  @autoreleasepool {
+    [self jx_core] =
+        jx::ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
+            siteID, toString(sourceKey, kSourceKey), defaultBehaviour,
+            firebaseOf(firebaseInstance));
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [self jx_core].~Core();
+  JX_SUPER_DEALLOC();
+}
+
+- (Core&)jx_core {
+  return *static_cast<Core*>(static_cast<void*>(_core));
+}
+
+- (void)execute:(JXEvent*)event {
+  @autoreleasepool {
+    if (event != nil && !jx::objc::isOf([JXEvent class], event, "execute:")) return;
+    [self jx_core]->execute(jx::objc::executableEvent(event));
+  }
+}
+
+- (void)addPermanentData:(NSString*)key withValue:(id)value {
+  [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData),
+                                             toJson(value, kPermanentData));
+}
+
+- (id)getPermanentData:(NSString*)key {
+  return toFoundation([self jx_core]->getPermanentData(toString(key, kPermanentData)));
+}
+
+- (id)removePermanentData:(NSString*)key {
+  return toFoundation([self jx_core]->removePermanentData(toString(key, kPermanentData)));
+}
+
+- (void)waitForUserAgent {
+  [self jx_core]->waitForUserAgent();
+}
+
+- (void)enableRunningInBackground {
+  [self jx_core]->enableRunningInBackground();
+}
+
+- (void)disableServerSide {
+  [self jx_core]->disableServerSide();
+}
+
+- (void)enableServerSide {
+  [self jx_core]->enableServerSide();
+}
+
+- (void)addAdvertisingIDs {
+  [self jx_core]->addAdvertisingIDs();
+}
+
+- (void)setAdvertisingTrackingEnabled {
+  [self jx_core]->setAdvertisingTrackingEnabled();
+}
+
+- (void)setIDFA {
+  [self jx_core]->setIDFA();
+}
+
+- (void)setDeveloperIdForFirebaseInstance {
+  [self jx_core]->setDeveloperIdForFirebaseInstance();
+}
+
+- (int32_t)siteID {
+  return [self jx_core]->siteID();
+}
+
+- (void)setSiteID:(int32_t)value {
+  [self jx_core]->setSiteID(value);
+}
+
+- (EJXServerSideState)serverSideState {
+  return static_cast<EJXServerSideState>([self jx_core]->serverSideState());
+}
+
+- (void)setServerSideState:(EJXServerSideState)value {
+  [self jx_core]->setServerSideState(value);
+}
+
+- (EJXDefaultBehaviour)defaultBehaviour {
+  return static_cast<EJXDefaultBehaviour>([self jx_core]->defaultBehaviour());
+}
+
+- (void)setDefaultBehaviour:(EJXDefaultBehaviour)value {
+  [self jx_core]->setDefaultBehaviour(value);
+}
+
+- (NSString*)url {
+  return toFoundation([self jx_core]->url());
+}
+
+- (void)setUrl:(NSString*)value {
+  [self jx_core]->setUrl(toString(value, "ServerSide.url"));
+}
+
+- (id)firebaseInstance {
+  return jx::objc::instanceOf([self jx_core]->firebaseInstance());
+}
+
+- (void)setFirebaseInstance:(id)value {
+  [self jx_core]->setFirebaseInstance(firebaseOf(value));
+}
+
+@end

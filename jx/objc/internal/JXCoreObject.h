@@ -1,0 +1,38 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "jx/core/JXAdditionalProperties.h"
+#import "jx/objc/JXAdditionalProperties.h"
+
+/// The C++ object of an Objective-C object. Every class has a C++ class of the same name.
+@interface JXAdditionalProperties (JXCoreObject)
+/// Returns a new C++ object, as `init` creates it. Every class overrides this.
++ (std::shared_ptr<jx::JXAdditionalProperties>)jx_newCore;
+/// Creates an object that holds `core`; with null, a new one.
+- (instancetype)jx_initWithCore:(std::shared_ptr<jx::JXAdditionalProperties>)core;
+/// Returns the C++ object, never null: an object whose initialiser was not called has a new one.
+- (const std::shared_ptr<jx::JXAdditionalProperties>&)jx_core;
+/// Keeps an object that a field returns; nil removes it.
+- (void)jx_setPart:(id)part forField:(NSString*)field;
+/// Returns the object that a field has returned, or nil.
+- (id)jx_partOfField:(NSString*)field;
+@end
+
+namespace jx::objc {
+
+/// Returns the C++ object; null for nil. `Core` is the C++ class of the object's class.
+template <typename Core>
+std::shared_ptr<Core> sharedCore(::JXAdditionalProperties* object) {
+  return object == nil ? nullptr : std::static_pointer_cast<Core>([object jx_core]);
+}
+
+/// Returns the C++ object.
+template <typename Core>
+Core& coreOf(::JXAdditionalProperties* object) {
+  return static_cast<Core&>(*[object jx_core]);
+}
+
+}  // namespace jx::objc
