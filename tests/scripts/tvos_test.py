@@ -50,6 +50,28 @@ class TvOS(faketree.FakeTreeTest):
         self.assert_rejected("#pragma once\n#include <sys/epoll.h>\n",
                             "'sys/epoll.h' file not found", "jx/core/A.h")
 
+    def test_objective_c_header_annotates_every_pointer(self):
+        self.assert_rejected("#import <Foundation/Foundation.h>\n@interface A : NSObject\n"
+                             "- (nullable NSString*)b:(NSString*)c;\n@end\n",
+                             "pointer is missing a nullability type specifier", "jx/objc/A.h")
+
+    def test_objective_c_header_includes_what_it_uses(self):
+        self.assert_rejected("@interface A : NSObject\n@end\n",
+                             "cannot find interface declaration for 'NSObject'", "jx/objc/A.h")
+
+    def test_objective_c_header_compiles_in_both_languages(self):
+        self.assert_rejected("#import <Foundation/Foundation.h>\nnamespace a {}\n",
+                             "unknown type name 'namespace'", "jx/objc/A.h")
+
+    def test_objective_c_sources_compile_with_automatic_reference_counting(self):
+        self.assert_rejected("#import <Foundation/Foundation.h>\nvoid a(NSString* b);\n"
+                             "void a(NSString* b) { [b release]; }\n",
+                             "ARC forbids explicit message send of 'release'", "jx/objc/A.mm")
+
+    def test_objective_c_sources_compile_without_automatic_reference_counting(self):
+        self.assert_rejected("#import <Foundation/Foundation.h>\n#if !__has_feature(objc_arc)\n"
+                             "#error retained\n#endif\n", "retained", "jx/objc/A.m")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -12,7 +12,8 @@
 /// Returns a new C++ object, as `init` creates it. Every class overrides this.
 + (std::shared_ptr<jx::JXAdditionalProperties>)jx_newCore;
 /// Creates an object that holds `core`; with null, a new one.
-- (instancetype)jx_initWithCore:(std::shared_ptr<jx::JXAdditionalProperties>)core;
+- (instancetype)jx_initWithCore:(std::shared_ptr<jx::JXAdditionalProperties>)core
+    __attribute__((objc_method_family(init)));
 /// Returns the C++ object, never null: an object whose initialiser was not called has a new one.
 - (const std::shared_ptr<jx::JXAdditionalProperties>&)jx_core;
 /// Keeps an object that a field returns; nil removes it.

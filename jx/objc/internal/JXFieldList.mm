@@ -72,6 +72,11 @@ std::unique_ptr<FieldList> makeFieldList(JXJsonArray list, const char* place) {
 
 }  // namespace jx::objc
 
+@interface JXFieldArray ()
+- (instancetype)jx_initWithList:(jx::objc::FieldList*)list
+                          place:(const char*)place __attribute__((objc_method_family(init)));
+@end
+
 @implementation JXFieldArray
 
 - (instancetype)jx_initWithList:(jx::objc::FieldList*)list place:(const char*)place {

@@ -18,7 +18,7 @@ namespace {
 constexpr NSUInteger kAuthorised = 3;
 
 ASIdentifierManager* identifierManager(const JXClassLookup& classNamed) {
-  const Class found = static_cast<Class>(classNamed("ASIdentifierManager"));
+  const Class found = (__bridge Class)classNamed("ASIdentifierManager");
   return [found sharedManager];
 }
 
@@ -26,15 +26,14 @@ ASIdentifierManager* identifierManager(const JXClassLookup& classNamed) {
 
 void* loadedClass(const char* name) {
   @autoreleasepool {
-    return NSClassFromString([NSString stringWithUTF8String:name]);
+    return (__bridge void*)NSClassFromString([NSString stringWithUTF8String:name]);
   }
 }
 
 bool isTrackingAllowed(const JXClassLookup& classNamed) {
   @autoreleasepool {
     if (void* const found = classNamed("ATTrackingManager")) {
-      const Class<JXTrackingAuthorisation> manager =
-          static_cast<Class<JXTrackingAuthorisation>>(found);
+      const Class<JXTrackingAuthorisation> manager = (__bridge Class<JXTrackingAuthorisation>)found;
       return [manager trackingAuthorizationStatus] == kAuthorised;
     }
     return [identifierManager(classNamed) isAdvertisingTrackingEnabled] != NO;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 namespace jx {
 
@@ -23,9 +24,11 @@ class JXApplicationObserver {
   void willEnterForeground(const void* application) const;
 
  private:
+  struct Listener;
+
   const Callback didEnterBackground_;
   const Callback willEnterForeground_;
-  void* listener_;  // an Objective-C object, owned
+  const std::unique_ptr<Listener> listener_;
 };
 
 }  // namespace jx

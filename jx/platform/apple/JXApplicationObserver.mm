@@ -7,6 +7,8 @@
 
 #include <utility>
 
+#import "jx/platform/apple/JXOwnership.h"
+
 // NSNotificationCenter calls methods of objects, not functions.
 @interface JXApplicationListener : NSObject {
   const jx::JXApplicationObserver* observer_;
@@ -25,23 +27,29 @@
 }
 
 - (void)applicationDidEnterBackground:(NSNotification*)notification {
-  observer_->didEnterBackground(static_cast<const void*>([notification object]));
+  observer_->didEnterBackground((__bridge const void*)[notification object]);
 }
 
 - (void)applicationWillEnterForeground:(NSNotification*)notification {
-  observer_->willEnterForeground(static_cast<const void*>([notification object]));
+  observer_->willEnterForeground((__bridge const void*)[notification object]);
 }
 
 @end
 
 namespace jx {
 
+// The notification center does not retain its observers.
+struct JXApplicationObserver::Listener {
+  JXApplicationListener* const object;
+};
+
 JXApplicationObserver::JXApplicationObserver(Callback didEnterBackground,
                                              Callback willEnterForeground)
     : didEnterBackground_(std::move(didEnterBackground)),
-      willEnterForeground_(std::move(willEnterForeground)) {
+      willEnterForeground_(std::move(willEnterForeground)),
+      listener_(new Listener{[[JXApplicationListener alloc] initWithObserver:this]}) {
   @autoreleasepool {
-    JXApplicationListener* const listener = [[JXApplicationListener alloc] initWithObserver:this];
+    JXApplicationListener* const listener = listener_->object;
     NSNotificationCenter* const center = [NSNotificationCenter defaultCenter];
     [center addObserver:listener
                selector:@selector(applicationDidEnterBackground:)
@@ -51,15 +59,13 @@ JXApplicationObserver::JXApplicationObserver(Callback didEnterBackground,
                selector:@selector(applicationWillEnterForeground:)
                    name:UIApplicationWillEnterForegroundNotification
                  object:nil];
-    listener_ = listener;
   }
 }
 
 JXApplicationObserver::~JXApplicationObserver() {
   @autoreleasepool {
-    JXApplicationListener* const listener = static_cast<JXApplicationListener*>(listener_);
-    [[NSNotificationCenter defaultCenter] removeObserver:listener];
-    [listener release];
+    [[NSNotificationCenter defaultCenter] removeObserver:listener_->object];
+    JX_RELEASE(listener_->object);
   }
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/platform/apple/JXFoundationString.h"
 
+#import "jx/platform/apple/JXOwnership.h"
+
 namespace jx {
 
 JXString stringOf(id object) {
@@ -14,9 +16,9 @@ JXString stringOf(id object) {
 
 NSString* foundationString(const JXString& string) {
   if (!string.isPresent()) return nil;
-  return [[[NSString alloc] initWithBytes:string.view().data()
-                                   length:string.size()
-                                 encoding:NSUTF8StringEncoding] autorelease];
+  return JX_AUTORELEASE([[NSString alloc] initWithBytes:string.view().data()
+                                                 length:string.size()
+                                               encoding:NSUTF8StringEncoding]);
 }
 
 }  // namespace jx

@@ -25,9 +25,10 @@ class JXNetworkPath {
 
  private:
   struct State;
+  struct Monitor;
 
   const std::shared_ptr<State> state_;  // shared with the handler, which may outlive this object
-  void* monitor_ = nullptr;             // owned
+  const std::unique_ptr<Monitor> monitor_;
 };
 
 }  // namespace jx

@@ -8,6 +8,8 @@
 #include <mutex>
 #include <utility>
 
+#import "jx/platform/apple/JXOwnership.h"
+
 namespace jx {
 
 struct JXNetworkPath::State {
@@ -20,6 +22,17 @@ struct JXNetworkPath::State {
     const std::lock_guard<std::mutex> lock(mutex);
     kind = newKind;
     changed.notify_all();
+  }
+};
+
+// The system's object, null if it could not create one.
+struct JXNetworkPath::Monitor {
+  const nw_path_monitor_t object = nw_path_monitor_create();
+
+  ~Monitor() {
+    if (object == nullptr) return;
+    nw_path_monitor_cancel(object);
+    JX_RELEASE_BY(nw_release, object);
   }
 };
 
@@ -38,30 +51,25 @@ JXNetworkKind kindOfPath(nw_path_t path) {
 
 }  // namespace
 
-JXNetworkPath::JXNetworkPath() : state_(std::make_shared<State>()) {
-  const nw_path_monitor_t monitor = nw_path_monitor_create();
+JXNetworkPath::JXNetworkPath()
+    : state_(std::make_shared<State>()), monitor_(std::make_unique<Monitor>()) {
+  const nw_path_monitor_t monitor = monitor_->object;
   if (monitor == nullptr) return;
   const dispatch_queue_t queue = dispatch_queue_create("jx.network-path", DISPATCH_QUEUE_SERIAL);
   nw_path_monitor_set_queue(monitor, queue);
-  dispatch_release(queue);
+  JX_RELEASE_BY(dispatch_release, queue);
   const std::shared_ptr<State> state = state_;
   nw_path_monitor_set_update_handler(monitor, ^(nw_path_t path) {
     state->update(kindOfPath(path));
   });
   nw_path_monitor_start(monitor);
-  monitor_ = monitor;
 }
 
-JXNetworkPath::~JXNetworkPath() {
-  if (monitor_ == nullptr) return;
-  const nw_path_monitor_t monitor = static_cast<nw_path_monitor_t>(monitor_);
-  nw_path_monitor_cancel(monitor);
-  nw_release(monitor);
-}
+JXNetworkPath::~JXNetworkPath() = default;
 
 std::optional<JXNetworkKind> JXNetworkPath::kind(std::chrono::milliseconds limit) {
   std::unique_lock<std::mutex> lock(state_->mutex);
-  if (!state_->kind && monitor_ != nullptr && !std::exchange(state_->wasAwaited, true)) {
+  if (!state_->kind && monitor_->object != nullptr && !std::exchange(state_->wasAwaited, true)) {
     state_->changed.wait_for(lock, limit, [this] { return state_->kind.has_value(); });
   }
   return state_->kind;
