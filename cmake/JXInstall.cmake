@@ -27,6 +27,12 @@ foreach(entry ${internal_headers})
   endif()
   list(FILTER public_headers EXCLUDE REGEX "^${pattern}")
 endforeach()
+if(JX_OBJC)
+  install(FILES ${PROJECT_SOURCE_DIR}/jx/objc/module.modulemap ${development}
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/jx/objc)
+else()
+  list(FILTER public_headers EXCLUDE REGEX "^jx/objc/")
+endif()
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${PROJECT_SOURCE_DIR}/${header} ${development}
