@@ -16,7 +16,7 @@ JX_OBJC_CLASS
 - (instancetype)initWithItems:(nullable NSArray<JXItem*>*)items
                     withValue:(nullable NSDecimalNumber*)value
                  withCurrency:(nullable NSString*)currency
-    JX_SWIFT_NAME("init(items:value:currency:)");
+    JX_SWIFT_NAME("init(__items:value:currency:)");
 /// Creates an event named "add_shipping_info"; all other fields are nil or empty.
 - (instancetype)init;
 

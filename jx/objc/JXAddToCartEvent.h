@@ -18,7 +18,7 @@ JX_OBJC_CLASS
 - (instancetype)initWithValue:(nullable NSDecimalNumber*)value
                  withCurrency:(nullable NSString*)currency
                     withItems:(nullable NSArray<JXItem*>*)items
-    JX_SWIFT_NAME("init(value:currency:items:)");
+    JX_SWIFT_NAME("init(__value:currency:items:)");
 /// Creates an event named "add_to_cart"; all other fields are nil or empty.
 - (instancetype)init;
 

@@ -17,7 +17,7 @@ JX_OBJC_CLASS
                       withValue:(nullable NSDecimalNumber*)value
                    withCurrency:(nullable NSString*)currency
                       withItems:(nullable NSArray<JXItem*>*)items
-    JX_SWIFT_NAME("init(revenue:value:currency:items:)");
+    JX_SWIFT_NAME("init(__revenue:value:currency:items:)");
 /// Creates an event named "begin_checkout"; all other fields are nil or empty.
 - (instancetype)init;
 

@@ -11,7 +11,7 @@ JX_OBJC_CLASS
 
 /// Creates an event with this value and currency, without validating them.
 - (instancetype)initWithValue:(nullable NSDecimalNumber*)value
-                 withCurrency:(nullable NSString*)currency JX_SWIFT_NAME("init(value:currency:)");
+                 withCurrency:(nullable NSString*)currency JX_SWIFT_NAME("init(__value:currency:)");
 /// Creates an event named "generate_lead"; all other fields are nil or empty.
 - (instancetype)init;
 

@@ -15,7 +15,7 @@ JX_OBJC_CLASS
 - (instancetype)initWithProductId:(nullable NSString*)productId
                          withName:(nullable NSString*)name
                         withPrice:(nullable NSDecimalNumber*)price
-    JX_SWIFT_NAME("init(productId:name:price:)");
+    JX_SWIFT_NAME("init(__productId:name:price:)");
 /// Creates a product whose fields are all nil; both lists are empty.
 - (instancetype)init;
 

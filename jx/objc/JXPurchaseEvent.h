@@ -21,7 +21,7 @@ JX_OBJC_CLASS
          withPaymentMethod:(nullable NSString*)paymentMethod
                 withStatus:(nullable NSString*)status
                  withItems:(nullable NSArray<JXItem*>*)items
-    JX_SWIFT_NAME("init(id:revenue:value:currency:type:paymentMethod:status:items:)");
+    JX_SWIFT_NAME("init(__id:revenue:value:currency:type:paymentMethod:status:items:)");
 /// Creates an event named "purchase"; all other fields are nil or empty.
 - (instancetype)init;
 

@@ -17,7 +17,7 @@ JX_OBJC_CLASS
                  withValue:(nullable NSDecimalNumber*)value
               withCurrency:(nullable NSString*)currency
                   withType:(nullable NSString*)type
-    JX_SWIFT_NAME("init(ID:revenue:value:currency:type:)");
+    JX_SWIFT_NAME("init(__id:revenue:value:currency:type:)");
 /// Creates an event with these values, without validating them, and appends the items to its own
 /// list; the caller's list is not stored.
 - (instancetype)initWithID:(nullable NSString*)ID
@@ -26,7 +26,7 @@ JX_OBJC_CLASS
               withCurrency:(nullable NSString*)currency
                   withType:(nullable NSString*)type
                  withItems:(nullable NSArray<JXItem*>*)items
-    JX_SWIFT_NAME("init(ID:revenue:value:currency:type:items:)");
+    JX_SWIFT_NAME("init(__id:revenue:value:currency:type:items:)");
 /// Creates an event named "refund"; all other fields are nil or empty.
 - (instancetype)init;
 

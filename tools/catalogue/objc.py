@@ -28,7 +28,7 @@ def swift_case(name):
 def argument_label(keyword):
     """Returns the Swift label of a part of an initialiser's name: "withValue" is "value"."""
     label = re.sub(r"^(initWith|with|and)(?=[A-Z])", "", keyword)
-    return label if label.isupper() else label[0].lower() + label[1:]
+    return label.lower() if label.isupper() else label[0].lower() + label[1:]
 
 
 def text_of(text):
@@ -68,8 +68,16 @@ def selector(block, initialiser, annotated):
     return f"- (instancetype){' '.join(parts)}"
 
 
+def swift_labels(initialiser):
+    """Returns the Swift labels of an initialiser. Two underscores mark one whose numbers have
+    another type in the overlay."""
+    first, *others = [argument_label(keyword) for keyword in initialiser.keywords]
+    has_numbers = any(item.type == "number" for item in initialiser.arguments)
+    return ["__" + first if has_numbers else first, *others]
+
+
 def swift_initialiser(initialiser):
-    labels = "".join(argument_label(keyword) + ":" for keyword in initialiser.keywords)
+    labels = "".join(label + ":" for label in swift_labels(initialiser))
     return f'JX_SWIFT_NAME("init({labels})")'
 
 
