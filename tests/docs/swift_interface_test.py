@@ -84,6 +84,17 @@ extern NSString* const _Nonnull kKey;
 """), ["protocol P {", "  func add(_: Any, value: Any)", "}", "enum E: Int32 {",
        "  case one  // E_ONE", "}", "let kKey: String"])
 
+    def test_lists_a_class_once(self):
+        self.assertEqual(self.listed("""
+@class A;
+@protocol P;
+@interface A : NSObject
+@end
+@class A;
+@protocol P
+@end
+"""), ["class A: NSObject {", "}", "protocol P {", "}"])
+
     def test_rejects_pointers_without_nullability(self):
         for member in ("- (NSString*)a;", "- (void)a:(id)b;", "@property NSString* a;",
                        "- (void)a:(void (^)(void))b;"):
