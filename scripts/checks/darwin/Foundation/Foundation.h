@@ -191,12 +191,20 @@ static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
 @interface NSSet<__covariant ObjectType> : NSObject <NSCopying, NSMutableCopying, NSFastEnumeration>
 @property(readonly) NSUInteger count;
 - (BOOL)containsObject:(ObjectType)object;
+- (instancetype)initWithObjects:(ObjectType)first, ... NS_REQUIRES_NIL_TERMINATION;
++ (instancetype)set;
++ (instancetype)setWithObject:(ObjectType)object;
 @end
 @interface NSMutableSet<ObjectType> : NSSet <ObjectType>
 - (void)addObject:(ObjectType)object;
 - (void)removeObject:(ObjectType)object;
 @end
 
+@interface NSDate : NSObject <NSCopying>
+@property(readonly) NSTimeInterval timeIntervalSince1970;
++ (instancetype)date;
++ (instancetype)dateWithTimeIntervalSince1970:(NSTimeInterval)seconds;
+@end
 @interface NSException : NSObject <NSCopying>
 @property(readonly, copy) NSString* name;
 @property(nullable, readonly, copy) NSString* reason;
