@@ -26,20 +26,24 @@ JX_OBJC_CLASS
 @property(nonatomic) BOOL livestream;
 /// The content assets of the playback, initially an empty list; callers may append to it. A nil
 /// list is not written.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<id>* contentAssetID JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setContentAssetID:(nullable NSArray<id>*)contentAssetID JX_REFINED_FOR_SWIFT;
 /// The content pods of the playback; same rules as `contentAssetID`.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<id>* contentPodID JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setContentPodID:(nullable NSArray<id>*)contentPodID JX_REFINED_FOR_SWIFT;
 /// The advertisements of the playback; same rules as `contentAssetID`.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<id>* adAssetID JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setAdAssetID:(nullable NSArray<id>*)adAssetID JX_REFINED_FOR_SWIFT;
 /// The ad breaks of the playback; same rules as `contentAssetID`.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<id>* adPodID JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setAdPodID:(nullable NSArray<id>*)adPodID JX_REFINED_FOR_SWIFT;
 /// The type of the advertisement, a free-form string. The lower-case t is historic: the other video
 /// events have `adType`.

@@ -40,8 +40,9 @@ JX_OBJC_CLASS
 @property(nonatomic, copy, nullable) NSString* videoDescription;
 /// The event's keywords, initially an empty list; callers may append to it. A nil list is not
 /// written.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<id>* keywords JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setKeywords:(nullable NSArray<id>*)keywords JX_REFINED_FOR_SWIFT;
 /// The season, as the application names it.
 @property(nonatomic, copy, nullable) NSString* season;

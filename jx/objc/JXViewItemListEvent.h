@@ -19,8 +19,9 @@ JX_OBJC_CLASS
 /// The name of the list.
 @property(nonatomic, copy, nullable) NSString* itemListName;
 /// The event's list of items, initially empty; callers may append to it.
-/// Changes of the array change the list. The setter copies the elements; nil removes all.
+/// Changes of the array change the list.
 @property(nonatomic, readonly) NSMutableArray<JXItem*>* items JX_REFINED_FOR_SWIFT;
+/// Replaces the elements of the list; nil removes all.
 - (void)setItems:(nullable NSArray<JXItem*>*)items JX_REFINED_FOR_SWIFT;
 
 @end

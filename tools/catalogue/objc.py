@@ -88,9 +88,9 @@ def property_declaration(block, field):
     kind = declared(field)
     if field.type in _LISTS:
         capital = field.property[0].upper() + field.property[1:]
-        return (text + comment("Changes of the array change the list. The setter copies the "
-                               "elements; nil removes all.", "") +
-                f"@property(nonatomic, readonly) {kind}{field.property} JX_REFINED_FOR_SWIFT;\n"
+        return (text + comment("Changes of the array change the list.", "") +
+                f"@property(nonatomic, readonly) {kind}{field.property} JX_REFINED_FOR_SWIFT;\n" +
+                comment("Replaces the elements of the list; nil removes all.", "") +
                 f"- (void)set{capital}:(nullable NSArray<{_LISTS[field.type]}> *)"
                 f"{field.property} JX_REFINED_FOR_SWIFT;\n")
     if field.type == "product":
