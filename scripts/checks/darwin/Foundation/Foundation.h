@@ -183,6 +183,8 @@ static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
 @end
 @interface NSMutableDictionary<KeyType, ObjectType> : NSDictionary <KeyType, ObjectType>
 - (void)removeObjectForKey:(KeyType)key;
+- (void)addEntriesFromDictionary:(NSDictionary<KeyType, ObjectType>*)dictionary;
+- (void)setDictionary:(NSDictionary<KeyType, ObjectType>*)dictionary;
 - (void)setObject:(ObjectType)object forKey:(KeyType<NSCopying>)key;
 - (void)setObject:(nullable ObjectType)object forKeyedSubscript:(KeyType<NSCopying>)key;
 - (void)removeAllObjects;
