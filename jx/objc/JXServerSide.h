@@ -10,6 +10,7 @@
 #import "JXAdditionalProperties.h"
 #import "JXBeginCheckoutEvent.h"
 #import "JXCustomEvent.h"
+#import "JXDynamicStore.h"
 #import "JXECommerceEvent.h"
 #import "JXEvent.h"
 #import "JXGenerateLeadEvent.h"

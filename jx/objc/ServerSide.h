@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "JXObjectiveC.h"
 
+@class JXDynamicStore;
 @class JXEvent;
 
 NS_ASSUME_NONNULL_BEGIN
@@ -70,7 +71,8 @@ JX_OBJC_CLASS
 - (void)execute:(nullable JXEvent*)event;
 
 /// Adds a value to every subsequent event, replacing any value with the same key: a string, number,
-/// array, dictionary or NSNull, which is copied. Nil removes the key.
+/// array, dictionary or NSNull, which is copied. Nil removes the key; a value of another class is
+/// logged and ignored.
 - (void)addPermanentData:(nullable NSString*)key
                withValue:(nullable id)value JX_SWIFT_NAME("addPermanentData(_:value:)");
 /// Returns the value of the key; nil when it is not set.
@@ -111,6 +113,9 @@ JX_OBJC_CLASS
 /// The URL that events are posted to, with site ID and source key. A new URL applies to subsequent
 /// events.
 @property(nonatomic, copy, nullable) NSString* url;
+/// The store of the permanent data. With nil there is no permanent data, and values that are added
+/// are ignored.
+@property(nonatomic, strong, nullable) JXDynamicStore* permanentStore;
 /// The object that events are mirrored to.
 @property(nonatomic, strong, nullable) id firebaseInstance;
 

@@ -8,6 +8,7 @@
 #include "jx/facade/ServerSide.h"
 #import "jx/objc/JXEvent.h"
 #import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXExecutableEvent.h"
 #import "jx/objc/internal/JXObjectiveCFirebase.h"
 #import "jx/objc/internal/JXOwnership.h"
@@ -86,8 +87,11 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
 }
 
 - (void)addPermanentData:(NSString*)key withValue:(id)value {
-  [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData),
-                                             toJson(value, kPermanentData));
+  const jx::JXJsonValue json = toJson(value, kPermanentData);
+  // Only nil removes a key, not a value that JSON does not have.
+  if (json.isPresent() || value == nil) {
+    [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData), json);
+  }
 }
 
 - (id)getPermanentData:(NSString*)key {
@@ -160,6 +164,15 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
 
 - (void)setUrl:(NSString*)value {
   [self jx_core]->setUrl(toString(value, "ServerSide.url"));
+}
+
+- (JXDynamicStore*)permanentStore {
+  return jx::objc::storeOf([self jx_core]->permanentStore());
+}
+
+- (void)setPermanentStore:(JXDynamicStore*)value {
+  if (value != nil && !jx::objc::isOf([JXDynamicStore class], value, kPermanentData)) return;
+  [self jx_core]->setPermanentStore(jx::objc::coreStore(value));
 }
 
 - (id)firebaseInstance {
