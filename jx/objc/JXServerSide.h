@@ -13,6 +13,8 @@
 #import "JXDynamicStore.h"
 #import "JXECommerceEvent.h"
 #import "JXEvent.h"
+#import "JXEventListener.h"
+#import "JXEventSender.h"
 #import "JXGenerateLeadEvent.h"
 #import "JXItem.h"
 #import "JXLoginEvent.h"

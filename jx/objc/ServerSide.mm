@@ -8,12 +8,16 @@
 #include "jx/facade/ServerSide.h"
 #import "jx/objc/JXEvent.h"
 #import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXCoreDelegates.h"
 #import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXExecutableEvent.h"
+#import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXObjectiveCFirebase.h"
 #import "jx/objc/internal/JXOwnership.h"
 
+using jx::objc::coreCenter;
 using jx::objc::firebaseOf;
+using jx::objc::setObject;
 using jx::objc::toFoundation;
 using jx::objc::toJson;
 using jx::objc::toString;
@@ -57,20 +61,39 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
                   andSourceKey:(NSString*)sourceKey
            andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
            andFirebaseInstance:(id)firebaseInstance {
+  return [self initWithSiteID:siteID
+                 andSourceKey:sourceKey
+           notificationCenter:nil
+          andDefaultBehaviour:defaultBehaviour
+          andFirebaseInstance:firebaseInstance];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(NSString*)sourceKey
+            notificationCenter:(NSNotificationCenter*)center
+           andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
+           andFirebaseInstance:(id)firebaseInstance {
   self = [super init];
   if (self == nil) return nil;
   // The memory of a new object is zero, which is a null pointer.
   static_assert(sizeof(Core) == sizeof _core, "the C++ object must fit");
   @autoreleasepool {
-    [self jx_core] =
-        jx::ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
-            siteID, toString(sourceKey, kSourceKey), defaultBehaviour,
-            firebaseOf(firebaseInstance));
+    // The library also receives what is posted on the default center.
+    coreCenter(nil);
+    // The name is longer than a line.
+    constexpr auto create =
+        &jx::ServerSide::
+            initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance;
+    [self jx_core] = create(siteID, toString(sourceKey, kSourceKey), coreCenter(center),
+                            defaultBehaviour, firebaseOf(firebaseInstance));
+    setObject(self, [self jx_core].get());
   }
   return self;
 }
 
 - (void)dealloc {
+  setObject(nil, [self jx_core].get());
+  JX_RELEASE(_listener);
   [self jx_core].~Core();
   JX_SUPER_DEALLOC();
 }
@@ -130,6 +153,17 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
   [self jx_core]->setIDFA();
 }
 
+- (void)changeNotificationCenter:(NSNotificationCenter*)center {
+  [self jx_core]->changeNotificationCenter(coreCenter(center));
+}
+
+- (void)onNotificationReceived:(NSNotification*)notification {
+  if (!jx::objc::isOf([NSNotification class], notification, "onNotificationReceived:")) return;
+  jx::objc::postInCore(notification, [self](const jx::JXNotification& core) {
+    [self jx_core]->onNotificationReceived(core);
+  });
+}
+
 - (void)setDeveloperIdForFirebaseInstance {
   [self jx_core]->setDeveloperIdForFirebaseInstance();
 }
@@ -173,6 +207,34 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
 - (void)setPermanentStore:(JXDynamicStore*)value {
   if (value != nil && !jx::objc::isOf([JXDynamicStore class], value, kPermanentData)) return;
   [self jx_core]->setPermanentStore(jx::objc::coreStore(value));
+}
+
+- (JXEventSender*)senderDelegate {
+  return jx::objc::senderOf([self jx_core]->senderDelegate());
+}
+
+- (void)setSenderDelegate:(JXEventSender*)value {
+  if (value != nil && !jx::objc::isOf([JXEventSender class], value, "senderDelegate")) return;
+  [self jx_core]->setSenderDelegate(jx::objc::coreSender(value));
+}
+
+- (JXEventListener*)listenerDelegate {
+  @synchronized(self) {
+    if (_listener != nil) return JX_AUTORELEASE(JX_RETAIN(_listener));
+  }
+  return jx::objc::listenerOf([self jx_core]->listenerDelegate());
+}
+
+- (void)setListenerDelegate:(JXEventListener*)value {
+  if (value != nil && !jx::objc::isOf([JXEventListener class], value, "listenerDelegate")) return;
+  id previous = nil;
+  @synchronized(self) {
+    previous = _listener;
+    _listener = JX_RETAIN(value);
+  }
+  // Without the lock, because both wait for a call in progress, which may use this object.
+  [self jx_core]->setListenerDelegate(jx::objc::coreListener(value));
+  JX_RELEASE(previous);
 }
 
 - (id)firebaseInstance {
