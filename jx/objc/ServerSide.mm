@@ -14,6 +14,7 @@
 #import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXObjectiveCFirebase.h"
 #import "jx/objc/internal/JXOwnership.h"
+#include "jx/platform/JXRunTimeClasses.h"
 
 using jx::objc::coreCenter;
 using jx::objc::firebaseOf;
@@ -25,6 +26,12 @@ using Core = std::shared_ptr<jx::ServerSide>;
 
 static constexpr char kSourceKey[] = "ServerSide.sourceKey";
 static constexpr char kPermanentData[] = "ServerSide: permanent data";
+
+static bool isClass(const char* name) {
+  @autoreleasepool {
+    return NSClassFromString([NSString stringWithUTF8String:name]) != Nil;
+  }
+}
 
 @implementation ServerSide
 
@@ -80,6 +87,7 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
   @autoreleasepool {
     // The library also receives what is posted on the default center.
     coreCenter(nil);
+    jx::JXRunTimeClasses::setLookup(isClass);
     // The name is longer than a line.
     constexpr auto create =
         &jx::ServerSide::
