@@ -7,6 +7,7 @@
 
 #include "jx/facade/ServerSide.h"
 #import "jx/objc/JXEvent.h"
+#import "jx/objc/JXState.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreDelegates.h"
 #import "jx/objc/internal/JXCoreStore.h"
@@ -95,6 +96,8 @@ static bool isClass(const char* name) {
     [self jx_core] = create(siteID, toString(sourceKey, kSourceKey), coreCenter(center),
                             defaultBehaviour, firebaseOf(firebaseInstance));
     setObject(self, [self jx_core].get());
+    // The object of the notifications of transitions.
+    [JXState sharedInstance];
   }
   return self;
 }
