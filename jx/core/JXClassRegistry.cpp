@@ -3,6 +3,7 @@
 #include "jx/core/JXClassRegistry.h"
 
 #include "jx/core/JXForkedChild.h"
+#include "jx/platform/JXRunTimeClasses.h"
 
 namespace jx {
 namespace {
@@ -30,8 +31,13 @@ void JXClassRegistry::unregisterClass(const JXString& name) {
 
 bool JXClassRegistry::hasClass(const JXString& name) const {
   if (isIgnored()) return false;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  return name.isPresent() && names_.count(name.toStdString()) != 0;
+  const std::string wanted = name.toStdString();
+  if (wanted.empty()) return false;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (names_.count(wanted) != 0) return true;
+  }
+  return JXRunTimeClasses::contains(wanted.c_str());
 }
 
 }  // namespace jx

@@ -11,9 +11,10 @@
 
 namespace jx {
 
-/// Names of the optional modules in this process; replaces the look-up of a class by name of
-/// systems that have one. A module registers itself before the first `ServerSide` is created,
-/// ideally while its static objects are constructed. Thread-safe; never destroyed.
+/// Names of the optional modules in this process. A module in C or C++ registers itself before the
+/// first `ServerSide` is created, ideally while its static objects are constructed. A module that
+/// is a class of Objective-C need not: it is found by the name of its class. Thread-safe; never
+/// destroyed.
 class JX_API JXClassRegistry {
  public:
   /// Returns the registry of this process.
@@ -23,7 +24,7 @@ class JX_API JXClassRegistry {
   void registerClass(const JXString& name);
   /// Removes `name`; a name that is not registered is ignored.
   void unregisterClass(const JXString& name);
-  /// Returns whether `name` is registered.
+  /// Returns whether `name` is registered, or is the name of a class of Objective-C.
   bool hasClass(const JXString& name) const;
 
  private:

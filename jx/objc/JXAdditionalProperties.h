@@ -33,9 +33,8 @@ JX_OBJC_CLASS
 - (void)addAdditionalProperty:(nullable NSString*)key
                 withDictValue:(nullable NSDictionary<NSString*, id>*)value
     JX_SWIFT_NAME("addAdditionalProperty(_:dictionary:)");
-/// Adds every entry of a dictionary; nil is ignored.
-- (void)addAdditionalProperty:(nullable NSDictionary<NSString*, id>*)entries
-    JX_SWIFT_NAME("addAdditionalProperties(_:)");
+/// Adds every entry of an NSDictionary with string keys, or of a JXDynamicStore; nil is ignored.
+- (void)addAdditionalProperty:(nullable id)entries JX_SWIFT_NAME("addAdditionalProperties(_:)");
 
 @end
 

@@ -7,6 +7,7 @@
 
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreObject.h"
+#import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXOwnership.h"
 
 using jx::objc::toFoundation;
@@ -63,7 +64,11 @@ static constexpr char kPlace[] = "JXAdditionalProperties";
                                                       toJsonObject(value, kPlace));
 }
 
-- (void)addAdditionalProperty:(NSDictionary*)entries {
+- (void)addAdditionalProperty:(id)entries {
+  if ([entries isKindOfClass:[JXDynamicStore class]]) {
+    [self jx_core]->addAdditionalProperty(*jx::objc::coreStore(entries));
+    return;
+  }
   [self jx_core]->addAdditionalProperty(toJsonObject(entries, kPlace));
 }
 

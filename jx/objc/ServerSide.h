@@ -1,7 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#import "JXEventListener.h"
+#import "JXEventSender.h"
 #import "JXObjectiveC.h"
 
+@class JXDynamicStore;
 @class JXEvent;
 
 NS_ASSUME_NONNULL_BEGIN
@@ -33,9 +36,10 @@ typedef NS_ENUM(int32_t, EJXDefaultBehaviour) {
 /// Every operation may be called from any thread; an event belongs to one thread at a time.
 /// Operations return at once, never throw and report no errors; failures are logged.
 JX_OBJC_CLASS
-@interface ServerSide : NSObject {
+@interface ServerSide : NSObject <IJXEventSenderDelegate, IJXEventListenerDelegate> {
  @private
-  void* _core[2];  // The C++ object, which this one holds.
+  void* _core[2];          // The C++ object, which this one holds.
+  id _Nullable _listener;  // The listener that was set.
 }
 
 /// Uses the default behaviour and no Firebase instance. `siteID` is the site ID of the application,
@@ -61,6 +65,14 @@ JX_OBJC_CLASS
            andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
            andFirebaseInstance:(nullable id)firebaseInstance
     JX_SWIFT_NAME("init(siteID:sourceKey:defaultBehaviour:firebaseInstance:)");
+/// Sets every parameter. `center` is the notification center that this object posts on; nil means
+/// the default one. It is retained as long as the process runs.
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(nullable NSString*)sourceKey
+            notificationCenter:(nullable NSNotificationCenter*)center
+           andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
+           andFirebaseInstance:(nullable id)firebaseInstance
+    JX_SWIFT_NAME("init(siteID:sourceKey:notificationCenter:defaultBehaviour:firebaseInstance:)");
 /// Unavailable, because an object needs a site ID and a source key.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
 
@@ -70,7 +82,8 @@ JX_OBJC_CLASS
 - (void)execute:(nullable JXEvent*)event;
 
 /// Adds a value to every subsequent event, replacing any value with the same key: a string, number,
-/// array, dictionary or NSNull, which is copied. Nil removes the key.
+/// array, dictionary or NSNull, which is copied. Nil removes the key; a value of another class is
+/// logged and ignored.
 - (void)addPermanentData:(nullable NSString*)key
                withValue:(nullable id)value JX_SWIFT_NAME("addPermanentData(_:value:)");
 /// Returns the value of the key; nil when it is not set.
@@ -97,6 +110,13 @@ JX_OBJC_CLASS
 - (void)setAdvertisingTrackingEnabled;
 /// Stores the advertising identifier when the stored permission is "1", `STATIC_IDFA` otherwise.
 - (void)setIDFA;
+/// Moves the posts of this object to another notification center; nil means the default one.
+/// Notifications that the object listens for are still received.
+- (void)changeNotificationCenter:(nullable NSNotificationCenter*)center
+    JX_SWIFT_NAME("changeNotificationCenter(_:)");
+/// Handles the stop and enable notifications of any sender. Called on the posting thread. Nil and
+/// other notifications are ignored.
+- (void)onNotificationReceived:(nullable NSNotification*)notification;
 /// Passes the developer ID to the Firebase instance, if there is one and it has the method. Each
 /// initialiser calls this.
 - (void)setDeveloperIdForFirebaseInstance;
@@ -111,6 +131,14 @@ JX_OBJC_CLASS
 /// The URL that events are posted to, with site ID and source key. A new URL applies to subsequent
 /// events.
 @property(nonatomic, copy, nullable) NSString* url;
+/// The store of the permanent data. With nil there is no permanent data, and values that are added
+/// are ignored.
+@property(nonatomic, strong, nullable) JXDynamicStore* permanentStore;
+/// The sender of requests and state changes. With nil nothing is sent.
+@property(nonatomic, strong, nullable) JXEventSender* senderDelegate;
+/// The listener through which this object receives state changes. The previous one no longer calls
+/// this object; the new one is used unchanged, with the parent and the names that were set.
+@property(nonatomic, strong, nullable) JXEventListener* listenerDelegate;
 /// The object that events are mirrored to.
 @property(nonatomic, strong, nullable) id firebaseInstance;
 

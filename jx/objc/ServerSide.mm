@@ -7,12 +7,19 @@
 
 #include "jx/facade/ServerSide.h"
 #import "jx/objc/JXEvent.h"
+#import "jx/objc/JXState.h"
 #import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXCoreDelegates.h"
+#import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXExecutableEvent.h"
+#import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXObjectiveCFirebase.h"
 #import "jx/objc/internal/JXOwnership.h"
+#include "jx/platform/JXRunTimeClasses.h"
 
+using jx::objc::coreCenter;
 using jx::objc::firebaseOf;
+using jx::objc::setObject;
 using jx::objc::toFoundation;
 using jx::objc::toJson;
 using jx::objc::toString;
@@ -20,6 +27,12 @@ using Core = std::shared_ptr<jx::ServerSide>;
 
 static constexpr char kSourceKey[] = "ServerSide.sourceKey";
 static constexpr char kPermanentData[] = "ServerSide: permanent data";
+
+static bool isClass(const char* name) {
+  @autoreleasepool {
+    return NSClassFromString([NSString stringWithUTF8String:name]) != Nil;
+  }
+}
 
 @implementation ServerSide
 
@@ -56,20 +69,42 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
                   andSourceKey:(NSString*)sourceKey
            andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
            andFirebaseInstance:(id)firebaseInstance {
+  return [self initWithSiteID:siteID
+                 andSourceKey:sourceKey
+           notificationCenter:nil
+          andDefaultBehaviour:defaultBehaviour
+          andFirebaseInstance:firebaseInstance];
+}
+
+- (instancetype)initWithSiteID:(int32_t)siteID
+                  andSourceKey:(NSString*)sourceKey
+            notificationCenter:(NSNotificationCenter*)center
+           andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
+           andFirebaseInstance:(id)firebaseInstance {
   self = [super init];
   if (self == nil) return nil;
   // The memory of a new object is zero, which is a null pointer.
   static_assert(sizeof(Core) == sizeof _core, "the C++ object must fit");
   @autoreleasepool {
-    [self jx_core] =
-        jx::ServerSide::initWithSiteID_andSourceKey_andDefaultBehaviour_andFirebaseInstance(
-            siteID, toString(sourceKey, kSourceKey), defaultBehaviour,
-            firebaseOf(firebaseInstance));
+    // The library also receives what is posted on the default center.
+    coreCenter(nil);
+    jx::JXRunTimeClasses::setLookup(isClass);
+    // The name is longer than a line.
+    constexpr auto create =
+        &jx::ServerSide::
+            initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance;
+    [self jx_core] = create(siteID, toString(sourceKey, kSourceKey), coreCenter(center),
+                            defaultBehaviour, firebaseOf(firebaseInstance));
+    setObject(self, [self jx_core].get());
+    // The object of the notifications of transitions.
+    [JXState sharedInstance];
   }
   return self;
 }
 
 - (void)dealloc {
+  setObject(nil, [self jx_core].get());
+  JX_RELEASE(_listener);
   [self jx_core].~Core();
   JX_SUPER_DEALLOC();
 }
@@ -86,8 +121,11 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
 }
 
 - (void)addPermanentData:(NSString*)key withValue:(id)value {
-  [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData),
-                                             toJson(value, kPermanentData));
+  const jx::JXJsonValue json = toJson(value, kPermanentData);
+  // Only nil removes a key, not a value that JSON does not have.
+  if (json.isPresent() || value == nil) {
+    [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData), json);
+  }
 }
 
 - (id)getPermanentData:(NSString*)key {
@@ -126,6 +164,17 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
   [self jx_core]->setIDFA();
 }
 
+- (void)changeNotificationCenter:(NSNotificationCenter*)center {
+  [self jx_core]->changeNotificationCenter(coreCenter(center));
+}
+
+- (void)onNotificationReceived:(NSNotification*)notification {
+  if (!jx::objc::isOf([NSNotification class], notification, "onNotificationReceived:")) return;
+  jx::objc::postInCore(notification, [self](const jx::JXNotification& core) {
+    [self jx_core]->onNotificationReceived(core);
+  });
+}
+
 - (void)setDeveloperIdForFirebaseInstance {
   [self jx_core]->setDeveloperIdForFirebaseInstance();
 }
@@ -160,6 +209,43 @@ static constexpr char kPermanentData[] = "ServerSide: permanent data";
 
 - (void)setUrl:(NSString*)value {
   [self jx_core]->setUrl(toString(value, "ServerSide.url"));
+}
+
+- (JXDynamicStore*)permanentStore {
+  return jx::objc::storeOf([self jx_core]->permanentStore());
+}
+
+- (void)setPermanentStore:(JXDynamicStore*)value {
+  if (value != nil && !jx::objc::isOf([JXDynamicStore class], value, kPermanentData)) return;
+  [self jx_core]->setPermanentStore(jx::objc::coreStore(value));
+}
+
+- (JXEventSender*)senderDelegate {
+  return jx::objc::senderOf([self jx_core]->senderDelegate());
+}
+
+- (void)setSenderDelegate:(JXEventSender*)value {
+  if (value != nil && !jx::objc::isOf([JXEventSender class], value, "senderDelegate")) return;
+  [self jx_core]->setSenderDelegate(jx::objc::coreSender(value));
+}
+
+- (JXEventListener*)listenerDelegate {
+  @synchronized(self) {
+    if (_listener != nil) return JX_AUTORELEASE(JX_RETAIN(_listener));
+  }
+  return jx::objc::listenerOf([self jx_core]->listenerDelegate());
+}
+
+- (void)setListenerDelegate:(JXEventListener*)value {
+  if (value != nil && !jx::objc::isOf([JXEventListener class], value, "listenerDelegate")) return;
+  id previous = nil;
+  @synchronized(self) {
+    previous = _listener;
+    _listener = JX_RETAIN(value);
+  }
+  // Without the lock, because both wait for a call in progress, which may use this object.
+  [self jx_core]->setListenerDelegate(jx::objc::coreListener(value));
+  JX_RELEASE(previous);
 }
 
 - (id)firebaseInstance {

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
+#include "jx/platform/JXRunTimeClasses.h"
+
 namespace jx {
 namespace {
 
@@ -18,6 +22,17 @@ TEST(JXClassRegistry, FindsRegisteredNames) {
   registry.unregisterClass("JXMobileConsent");
   EXPECT_FALSE(registry.hasClass("JXMobileConsent"));
   registry.unregisterClass("JXMobileConsent");
+}
+
+TEST(JXClassRegistry, FindsClassesOfTheRunTime) {
+  JXClassRegistry& registry = JXClassRegistry::sharedInstance();
+  JXRunTimeClasses::setLookup([](const char* name) { return std::string_view(name) == "Module"; });
+  EXPECT_TRUE(registry.hasClass("Module"));
+  EXPECT_FALSE(registry.hasClass("Other"));
+  registry.unregisterClass("Module");
+  EXPECT_TRUE(registry.hasClass("Module"));
+  JXRunTimeClasses::setLookup(nullptr);
+  EXPECT_FALSE(registry.hasClass("Module"));
 }
 
 TEST(JXClassRegistry, IgnoresNullAndEmptyNames) {

@@ -51,6 +51,8 @@ NOT_LISTED = {
 
 # Passes messages on, and creates none.
 LOGGER = "jx/core/JXLogger.cpp"
+# The same for the messages of an application.
+LOGGER_OF_THE_APPLICATION = "jx/objc/JXLogger.mm"
 
 LITERAL = re.compile(r'"((?:\\.|[^"\\])*)"')
 LITERALS = re.compile(r'(?:"(?:\\.|[^"\\])*"\s*)+')
@@ -129,7 +131,7 @@ class Tree:
         functions = re.findall(r"void (\w+)\(std::string_view message, int level\) noexcept;",
                                self.sources["jx/core/JXLogger.h"])
         for file, text in self.sources.items():
-            if file == LOGGER:
+            if file in (LOGGER, LOGGER_OF_THE_APPLICATION):
                 continue
             for position, arguments in self.calls(file, "|".join([*functions, r"\blog"])):
                 if len(arguments) == 2:

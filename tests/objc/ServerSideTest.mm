@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/ServerSide.h"
 
+#include <objc/runtime.h>
+
 #import "jx/objc/JXCustomEvent.h"
 #import "jx/objc/JXPurchaseEvent.h"
 #import "tests/objc/ObjectiveCTest.h"
@@ -189,6 +191,17 @@ TEST_F(ObjectiveCServerSide, AnExceptionOfTheAnalyticsObjectIsLogged) {
   EXPECT_EQ(count({3, "logEventWithName:parameters: of the Firebase instance failed: "
                       "not configured"}),
             1u);
+}
+
+TEST_F(ObjectiveCServerSide, WaitsForConsentIfThereIsAConsentModule) {
+  // At run time, because a class of the program would be a module in every test.
+  const Class module = objc_allocateClassPair([NSObject class], "JXMobileConsent", 0);
+  objc_registerClassPair(module);
+  ::ServerSide* const serverSide = create();
+  EXPECT_EQ(serverSide.serverSideState, EJXServerSideState_WAITING_FOR_CONSENT);
+  [serverSide execute:make<::JXPurchaseEvent>()];
+  ASSERT_EQ(requests().size(), 1u);
+  EXPECT_EQ(requests()[0].body.get("user").string(), JXString("waiting_for_consent"));
 }
 
 TEST_F(ObjectiveCServerSide, ObeysStopsAndEnablings) {

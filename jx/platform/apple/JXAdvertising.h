@@ -14,9 +14,9 @@ namespace jx {
 using JXClassLookup = std::function<void*(const char* name)>;
 void* loadedClass(const char* name);
 
-/// With AppTrackingTransparency: returns true in its state 3, authorised. Without it (before tvOS
-/// 14): returns the setting of AdSupport. Returns false if neither framework is loaded.
-bool isTrackingAllowed(const JXClassLookup& classNamed);
+/// From tvOS 14, and if the version is unknown: returns whether AppTrackingTransparency is in its
+/// state 3, authorised; false if it is not loaded. Before: returns the setting of AdSupport.
+bool isTrackingAllowed(const JXString& systemVersion, const JXClassLookup& classNamed);
 
 /// Returns the identifier of AdSupport; null without AdSupport. All zeros if the viewer does not
 /// allow tracking.

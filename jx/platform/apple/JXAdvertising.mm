@@ -4,6 +4,8 @@
 
 #import <AdSupport/AdSupport.h>
 
+#include <cstdlib>
+
 #import "jx/platform/apple/JXFoundationString.h"
 
 // The method of ATTrackingManager that is called. Declared here because SDKs before tvOS 14 do not
@@ -16,6 +18,7 @@ namespace jx {
 namespace {
 
 constexpr NSUInteger kAuthorised = 3;
+constexpr int kFirstVersionThatAsks = 14;
 
 ASIdentifierManager* identifierManager(const JXClassLookup& classNamed) {
   const Class found = (__bridge Class)classNamed("ASIdentifierManager");
@@ -30,13 +33,16 @@ void* loadedClass(const char* name) {
   }
 }
 
-bool isTrackingAllowed(const JXClassLookup& classNamed) {
+bool isTrackingAllowed(const JXString& systemVersion, const JXClassLookup& classNamed) {
   @autoreleasepool {
-    if (void* const found = classNamed("ATTrackingManager")) {
-      const Class<JXTrackingAuthorisation> manager = (__bridge Class<JXTrackingAuthorisation>)found;
-      return [manager trackingAuthorizationStatus] == kAuthorised;
+    // "13.4.8" becomes 13, and an unknown version 0.
+    const int major = std::atoi(systemVersion.toStdString().c_str());
+    if (major != 0 && major < kFirstVersionThatAsks) {
+      return [identifierManager(classNamed) isAdvertisingTrackingEnabled] != NO;
     }
-    return [identifierManager(classNamed) isAdvertisingTrackingEnabled] != NO;
+    const Class<JXTrackingAuthorisation> manager =
+        (__bridge Class<JXTrackingAuthorisation>)classNamed("ATTrackingManager");
+    return [manager trackingAuthorizationStatus] == kAuthorised;
   }
 }
 

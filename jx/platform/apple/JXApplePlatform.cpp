@@ -7,6 +7,7 @@
 #include <chrono>
 #include <utility>
 
+#include "jx/platform/JXRunTimeClasses.h"
 #include "jx/platform/JXUserAgentString.h"
 #include "jx/platform/apple/JXFoundationLocale.h"
 #include "jx/platform/apple/JXHardware.h"
@@ -27,7 +28,9 @@ constexpr std::chrono::milliseconds kMaxWaitForNetworkPath{50};
 JXAppleSystem JXAppleSystem::current() { return {"", loadedClass, readNetworkInterfaces}; }
 
 JXApplePlatform::JXApplePlatform(JXHostOverrides overrides, JXAppleSystem system)
-    : overrides_(std::move(overrides)), system_(std::move(system)) {}
+    : overrides_(std::move(overrides)), system_(std::move(system)) {
+  JXRunTimeClasses::setLookup([](const char* name) { return loadedClass(name) != nullptr; });
+}
 
 JXPlatformDefaults* JXApplePlatform::userDefaults() { return &defaults_; }
 
@@ -61,7 +64,7 @@ JXScreenBounds JXApplePlatform::screenBounds() {
 }
 
 bool JXApplePlatform::isAdvertisingTrackingAllowed() {
-  return isTrackingAllowed(system_.classNamed);
+  return isTrackingAllowed(deviceSystemVersion(), system_.classNamed);
 }
 
 JXString JXApplePlatform::advertisingIdentifier() {

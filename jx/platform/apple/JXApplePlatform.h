@@ -30,8 +30,8 @@ struct JXAppleSystem {
 /// The platform of tvOS 12 and later, on Foundation, UIKit and Network; AdSupport and
 /// AppTrackingTransparency are used if they are loaded. Values of the application override those of
 /// the system. Operations may be called on any thread, except those that use UIKit (model, system,
-/// screen, vendor identifier): call them on the main thread, on which the first ServerSide is
-/// created.
+/// screen, vendor identifier, tracking permission): call them on the main thread, on which the
+/// first ServerSide is created.
 class JXApplePlatform final : public JXPlatform {
  public:
   JXApplePlatform(JXHostOverrides overrides, JXAppleSystem system);

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "jx/core/JXClassRegistry.h"
 #include "tests/platform/apple/fakes/Fakes.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -77,6 +78,7 @@ TEST_F(ApplePlatform, IgnoresAConfiguredScreenWithoutHeight) {
 }
 
 TEST_F(ApplePlatform, AllowsTrackingOnlyInAuthorisationStateThree) {
+  fakeDevice().systemVersion = "14.0";
   fakeAdvertising().isTrackingEnabled = true;
   for (const unsigned long denied : {0UL, 1UL, 2UL, 4UL}) {
     fakeAdvertising().authorisation = denied;
@@ -87,13 +89,39 @@ TEST_F(ApplePlatform, AllowsTrackingOnlyInAuthorisationStateThree) {
 }
 
 TEST_F(ApplePlatform, UsesTheAdSupportSettingBeforeTvOS14) {
-  missingClass_ = "ATTrackingManager";
+  fakeDevice().systemVersion = "13.4.8";
   fakeAdvertising().authorisation = 3;
   fakeAdvertising().isTrackingEnabled = false;
   EXPECT_FALSE(platform().isAdvertisingTrackingAllowed());
   fakeAdvertising().isTrackingEnabled = true;
   fakeAdvertising().authorisation = 0;
   EXPECT_TRUE(platform().isAdvertisingTrackingAllowed());
+}
+
+TEST_F(ApplePlatform, RequiresAuthorisationFromTvOS14) {
+  fakeAdvertising().isTrackingEnabled = true;
+  for (const char* const version : {"14", "14.0", "18.2", "100.1", "unknown"}) {
+    fakeDevice().systemVersion = version;
+    fakeAdvertising().authorisation = 0;
+    EXPECT_FALSE(platform().isAdvertisingTrackingAllowed()) << version;
+    fakeAdvertising().authorisation = 3;
+    EXPECT_TRUE(platform().isAdvertisingTrackingAllowed()) << version;
+  }
+}
+
+TEST_F(ApplePlatform, DisallowsTrackingFromTvOS14WithoutItsFramework) {
+  fakeDevice().systemVersion = "14.0";
+  missingClass_ = "ATTrackingManager";
+  fakeAdvertising().isTrackingEnabled = true;
+  fakeAdvertising().authorisation = 3;
+  EXPECT_FALSE(platform().isAdvertisingTrackingAllowed());
+}
+
+TEST_F(ApplePlatform, FindsModulesByTheNameOfTheirClass) {
+  platform();
+  EXPECT_TRUE(JXClassRegistry::sharedInstance().hasClass("NSObject"));
+  EXPECT_FALSE(JXClassRegistry::sharedInstance().hasClass("JXMobileConsent"));
+  EXPECT_FALSE(JXClassRegistry::sharedInstance().hasClass(nullptr));
 }
 
 TEST_F(ApplePlatform, ReturnsTheAdSupportIdentifier) {

@@ -40,6 +40,7 @@ TEST_F(WholeLibrary, WritesTheApplicationBundle) {
 }
 
 TEST_F(WholeLibrary, SendsTheIdentifierWithAuthorisation) {
+  fakeDevice().systemVersion = "14.0";
   fakeAdvertising().authorisation = 3;
   const auto serverSide = make();
   serverSide->addAdvertisingIDs();
@@ -50,6 +51,7 @@ TEST_F(WholeLibrary, SendsTheIdentifierWithAuthorisation) {
 }
 
 TEST_F(WholeLibrary, DoesNotSendTheIdentifierWithoutAuthorisation) {
+  fakeDevice().systemVersion = "14.0";
   fakeAdvertising().authorisation = 2;
   fakeAdvertising().isTrackingEnabled = true;
   const auto serverSide = make();

@@ -1,0 +1,208 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import "jx/objc/JXCoreConfiguration.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "jx/core/JXCoreConfiguration.h"
+#import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXOwnership.h"
+
+using Core = jx::JXCoreConfiguration;
+using namespace jx::objc;
+
+namespace {
+
+constexpr double kLongestSeconds = 1e9;  // 31 years, beyond each limit
+
+std::chrono::milliseconds millisecondsOf(NSTimeInterval seconds) {
+  // A value that is not a number is not positive either.
+  const double limited = seconds > 0 ? std::min(seconds, kLongestSeconds) : 0;
+  return std::chrono::milliseconds(std::llround(limited * 1'000));
+}
+
+NSTimeInterval secondsOf(std::chrono::milliseconds time) {
+  return static_cast<NSTimeInterval>(time.count()) / 1'000;
+}
+
+// Shared by the functions of a configuration.
+struct Delegate {
+  explicit Delegate(id delegate) : object(JX_RETAIN(delegate)) {}
+  ~Delegate() { JX_RELEASE(object); }
+  Delegate(const Delegate&) = delete;
+  Delegate& operator=(const Delegate&) = delete;
+
+  const id<IJXCoreConfigurationDelegate> object;
+};
+
+void logTo(const Delegate& delegate, int level, std::string_view message) {
+  @autoreleasepool {
+    @try {
+      [delegate.object logMessage:toFoundation(jx::JXString(message)) withLevel:level];
+    } @catch (NSException* exception) {
+      static_cast<void>(exception);  // It cannot be logged.
+    }
+  }
+}
+
+void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
+  @autoreleasepool {
+    @try {
+      [delegate.object onDelivery:static_cast<EJXDeliveryOutcome>(delivery.outcome)
+                          eventId:toFoundation(delivery.eventId)
+                           status:delivery.status
+                           reason:toFoundation(delivery.reason)];
+    } @catch (NSException* exception) {
+      static_cast<void>(exception);
+    }
+  }
+}
+
+}  // namespace
+
+#define JX_SETTING(Type, name, setter, field, fromCore, toCore) \
+  -(Type)name {                                                 \
+    return fromCore([self jx_core].field);                      \
+  }                                                             \
+  -(void)setter : (Type)value {                                 \
+    [self jx_core].field = toCore(value);                       \
+  }
+
+@implementation JXCoreConfiguration
+
+- (instancetype)init {
+  self = [super init];
+  if (self != nil) _core = new Core(Core::current());
+  return self;
+}
+
+- (void)dealloc {
+  delete static_cast<Core*>(_core);
+  JX_RELEASE(_delegate);
+  JX_SUPER_DEALLOC();
+}
+
+- (Core&)jx_core {
+  if (_core == nullptr) _core = new Core(Core::current());
+  return *static_cast<Core*>(_core);
+}
+
++ (BOOL)set:(JXCoreConfiguration*)configuration {
+  if (!isOf([JXCoreConfiguration class], configuration, "JXCoreConfiguration.set:")) return NO;
+  return Core::set([configuration jx_core]) ? YES : NO;
+}
+
+- (NSArray*)pinnedPublicKeys {
+  NSMutableArray* const keys = [NSMutableArray array];
+  for (const std::string& key : [self jx_core].pinnedPublicKeys)
+    [keys addObject:toFoundation(jx::JXString(key))];
+  return keys;
+}
+
+- (void)setPinnedPublicKeys:(NSArray*)value {
+  [self jx_core].pinnedPublicKeys.clear();
+  if (!isOf([NSArray class], value, "JXCoreConfiguration.pinnedPublicKeys")) return;
+  for (id key in value) {
+    const jx::JXString converted = toString(key, "JXCoreConfiguration.pinnedPublicKeys");
+    if (converted.isPresent()) [self jx_core].pinnedPublicKeys.push_back(converted.toStdString());
+  }
+}
+
+- (id<IJXCoreConfigurationDelegate>)delegate {
+  return _delegate;
+}
+
+- (void)setDelegate:(id<IJXCoreConfigurationDelegate>)value {
+  const auto shared = std::make_shared<Delegate>(value);
+  JX_RELEASE(_delegate);
+  _delegate = JX_RETAIN(value);
+  Core& core = [self jx_core];
+  core.logSink = nullptr;
+  core.onDelivery = nullptr;
+  if ([value respondsToSelector:@selector(logMessage:withLevel:)]) {
+    core.logSink = [shared](int level, std::string_view message) {
+      logTo(*shared, level, message);
+    };
+  }
+  if ([value respondsToSelector:@selector(onDelivery:eventId:status:reason:)]) {
+    core.onDelivery = [shared](const jx::JXDelivery& delivery) { report(*shared, delivery); };
+  }
+}
+
+- (NSString*)storageFolder {
+  return toFoundation([self jx_core].storageFolder);
+}
+
+- (void)setStorageFolder:(NSString*)value {
+  [self jx_core].storageFolder = toString(value, "JXCoreConfiguration.storageFolder");
+}
+
+- (NSString*)collectionHost {
+  return toFoundation([self jx_core].collectionHost);
+}
+
+- (void)setCollectionHost:(NSString*)value {
+  [self jx_core].collectionHost = toString(value, "JXCoreConfiguration.collectionHost");
+}
+
+- (NSString*)caFile {
+  return toFoundation([self jx_core].caFile);
+}
+
+- (void)setCaFile:(NSString*)value {
+  [self jx_core].caFile = toString(value, "JXCoreConfiguration.caFile");
+}
+
+- (NSString*)proxy {
+  return toFoundation([self jx_core].proxy);
+}
+
+- (void)setProxy:(NSString*)value {
+  [self jx_core].proxy = toString(value, "JXCoreConfiguration.proxy");
+}
+
+- (NSString*)userAgent {
+  return toFoundation([self jx_core].userAgent);
+}
+
+- (void)setUserAgent:(NSString*)value {
+  [self jx_core].userAgent = toString(value, "JXCoreConfiguration.userAgent");
+}
+
+JX_SETTING(BOOL, storesOnlyWithConsent, setStoresOnlyWithConsent, storesOnlyWithConsent,
+           static_cast<BOOL>, static_cast<bool>)
+JX_SETTING(BOOL, sendsQueueToCurrentHost, setSendsQueueToCurrentHost, sendsQueueToCurrentHost,
+           static_cast<BOOL>, static_cast<bool>)
+JX_SETTING(BOOL, dryRun, setDryRun, dryRun, static_cast<BOOL>, static_cast<bool>)
+JX_SETTING(int32_t, logLevel, setLogLevel, logLevel, static_cast<int32_t>, static_cast<int>)
+JX_SETTING(uint64_t, maxRequests, setMaxRequests, outboxBounds.maxRequests, static_cast<uint64_t>,
+           static_cast<std::size_t>)
+JX_SETTING(uint64_t, maxBytes, setMaxBytes, outboxBounds.maxBytes, static_cast<uint64_t>,
+           static_cast<std::uint64_t>)
+JX_SETTING(uint64_t, maxDeadLetters, setMaxDeadLetters, outboxBounds.maxDeadLetters,
+           static_cast<uint64_t>, static_cast<std::size_t>)
+JX_SETTING(uint64_t, maxInMemory, setMaxInMemory, outboxBounds.maxInMemory, static_cast<uint64_t>,
+           static_cast<std::size_t>)
+JX_SETTING(NSTimeInterval, maxAge, setMaxAge, outboxBounds.maxAge, secondsOf, millisecondsOf)
+JX_SETTING(NSTimeInterval, initialBackoff, setInitialBackoff, retryTimings.initialBackoff,
+           secondsOf, millisecondsOf)
+JX_SETTING(NSTimeInterval, maxBackoff, setMaxBackoff, retryTimings.maxBackoff, secondsOf,
+           millisecondsOf)
+JX_SETTING(NSTimeInterval, maxRetryAfter, setMaxRetryAfter, retryTimings.maxRetryAfter, secondsOf,
+           millisecondsOf)
+JX_SETTING(NSTimeInterval, connectTimeout, setConnectTimeout, retryTimings.connectTimeout,
+           secondsOf, millisecondsOf)
+JX_SETTING(NSTimeInterval, requestTimeout, setRequestTimeout, retryTimings.requestTimeout,
+           secondsOf, millisecondsOf)
+JX_SETTING(NSTimeInterval, syncDelay, setSyncDelay, retryTimings.syncDelay, secondsOf,
+           millisecondsOf)
+JX_SETTING(NSTimeInterval, userAgentWait, setUserAgentWait, retryTimings.userAgentWait, secondsOf,
+           millisecondsOf)
+
+@end

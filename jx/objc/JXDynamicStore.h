@@ -1,0 +1,32 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import "JXObjectiveC.h"
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// A store of JSON values by string key.
+@protocol IJXDynamicStore <NSObject>
+/// Sets or replaces a value; nil removes the key, a nil key is ignored.
+- (void)addData:(nullable NSString*)key
+      withValue:(nullable id)value JX_SWIFT_NAME("addData(_:value:)");
+/// Returns the value of the key; nil when it is not set.
+- (nullable id)getData:(nullable NSString*)key JX_SWIFT_NAME("data(_:)");
+/// Removes the value and returns it; nil when it is not set.
+- (nullable id)removeData:(nullable NSString*)key;
+@end
+
+/// The store that the library uses. Values are strings, numbers, arrays, dictionaries and NSNull;
+/// they are copied. A value of another class is logged and ignored. Thread-safe; no operation
+/// throws. Two objects are equal when they are the same store of the library.
+JX_OBJC_CLASS
+@interface JXDynamicStore : NSObject <IJXDynamicStore> {
+ @private
+  void* _core[2];  // The C++ object, which this one holds.
+}
+
+/// Creates an empty store.
+- (instancetype)init;
+
+@end
+
+NS_ASSUME_NONNULL_END

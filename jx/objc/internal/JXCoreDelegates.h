@@ -1,0 +1,25 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <memory>
+
+#include "jx/core/notifications/JXEventListener.h"
+#include "jx/core/notifications/JXEventSender.h"
+#import "jx/objc/JXEventListener.h"
+#import "jx/objc/JXEventSender.h"
+
+namespace jx::objc {
+
+/// Returns the C++ sender; null for nil.
+std::shared_ptr<JXEventSender> coreSender(::JXEventSender* sender);
+/// Returns an object that holds the C++ sender; nil for null.
+::JXEventSender* senderOf(const std::shared_ptr<JXEventSender>& core);
+
+/// Returns the C++ listener; null for nil. It calls a parent that was set in Objective-C as long as
+/// `listener` exists.
+std::shared_ptr<JXEventListener> coreListener(::JXEventListener* listener);
+/// Returns an object that holds the C++ listener, which keeps its parent; nil for null.
+::JXEventListener* listenerOf(const std::shared_ptr<JXEventListener>& core);
+
+}  // namespace jx::objc

@@ -1,0 +1,237 @@
+// Copyright 2026 The JXServerSide authors
+// SPDX-License-Identifier: Apache-2.0
+#import "jx/objc/internal/JXNotificationBridge.h"
+
+#include <map>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "jx/core/JXCoreConstants.h"
+#include "jx/core/JXLogger.h"
+#import "jx/objc/JXNames.h"
+#import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXOwnership.h"
+#import "jx/objc/internal/JXRelayedNotification.h"
+
+static constexpr char kUserInfo[] = "NSNotification.userInfo";
+
+namespace jx::objc {
+namespace {
+
+// A notification that this thread is passing on, in both of its forms. It is the innermost one: an
+// observer may post another notification.
+struct Passage {
+  Passage(const JXNotification& coreForm, NSNotification* foundationForm, bool posted)
+      : core(&coreForm), foundation(foundationForm), isPosted(posted) {
+    current = this;
+  }
+  ~Passage() { current = outer; }
+  Passage(const Passage&) = delete;
+  Passage& operator=(const Passage&) = delete;
+
+  static bool isOf(NSNotification* notification) {
+    return current != nullptr &&
+           (current->foundation == notification || [current->foundation isEqual:notification]);
+  }
+  static bool isOf(const JXNotification& notification) {
+    return current != nullptr && current->core == &notification;
+  }
+
+  static thread_local Passage* current;
+  const JXNotification* const core;
+  __unsafe_unretained NSNotification* const foundation;
+  const bool isPosted;  // on the NSNotificationCenter
+  Passage* const outer = current;
+};
+
+thread_local Passage* Passage::current = nullptr;
+
+// Pairs of an object of the library and of Objective-C.
+class KnownObjects {
+ public:
+  static KnownObjects& sharedInstance() {
+    static auto* const instance = new KnownObjects();
+    return *instance;
+  }
+  void set(id object, const void* core) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (object == nil) {
+      objects_.erase(core);
+    } else {
+      objects_[core] = (__bridge void*)object;
+    }
+  }
+  id objectOf(const void* core) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    const auto found = objects_.find(core);
+    if (found == objects_.end()) return nil;
+    return JX_AUTORELEASE(JX_RETAIN((__bridge id)found->second));
+  }
+  const void* coreOf(id object) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    void* const pointer = (__bridge void*)object;
+    for (const auto& [core, known] : objects_) {
+      if (known == pointer) return core;
+    }
+    return pointer;
+  }
+
+ private:
+  std::mutex mutex_;
+  std::map<const void*, void*> objects_;
+};
+
+}  // namespace
+}  // namespace jx::objc
+
+/// Observes an NSNotificationCenter for the library.
+@interface JXNotificationRelay : NSObject {
+ @public
+  jx::JXNotificationCenter* _core;  // never destroyed
+}
+- (void)jx_passOn:(NSNotification*)notification;
+@end
+
+@implementation JXNotificationRelay
+- (void)jx_passOn:(NSNotification*)notification {
+  if (jx::objc::Passage::isOf(notification)) return;
+  jx::objc::postInCore(notification, [&](const jx::JXNotification& core) {
+    // It is already posted on the center that this object observes.
+    const jx::objc::Passage posted(core, notification, true);
+    _core->postNotification(core);
+  });
+}
+@end
+
+namespace jx::objc {
+namespace {
+
+struct Connection {
+  NSNotificationCenter* foundation;
+  std::shared_ptr<JXNotificationCenter> core;
+  JXNotificationRelay* relay;
+};
+
+// The library posts the system's notifications on its own center after it has received them.
+bool isOfTheSystem(const JXNotification& notification) {
+  return notification.name == UIApplicationDidEnterBackgroundNotification ||
+         notification.name == UIApplicationWillEnterForegroundNotification;
+}
+
+void postInFoundation(NSNotificationCenter* center, const JXNotification& notification) {
+  if (isOfTheSystem(notification)) return;
+  if (Passage::isOf(notification) && Passage::current->isPosted) return;
+  @autoreleasepool {
+    NSNotification* const converted = foundationOf(notification);
+    const Passage passage(notification, converted, true);
+    @try {
+      [center postNotification:converted];
+    } @catch (NSException* exception) {
+      logObserverException([converted name], exception);
+    }
+  }
+}
+
+class Connections {
+ public:
+  static Connections& sharedInstance() {
+    static auto* const instance = new Connections();
+    return *instance;
+  }
+
+  std::shared_ptr<JXNotificationCenter> of(NSNotificationCenter* center) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    for (const Connection& connection : connections_) {
+      if (connection.foundation == center) return connection.core;
+    }
+    const bool isDefault = center == [NSNotificationCenter defaultCenter];
+    Connection connection{JX_RETAIN(center),
+                          isDefault ? JXNotificationCenter::defaultCenter()
+                                    : std::make_shared<JXNotificationCenter>(),
+                          [[JXNotificationRelay alloc] init]};
+    connection.relay->_core = connection.core.get();
+    for (NSString* name in names_)
+      observe(connection, name);
+    connection.core->addObserver(this, JXString(), [center](const JXNotification& notification) {
+      postInFoundation(center, notification);
+    });
+    connections_.push_back(connection);
+    return connections_.back().core;
+  }
+
+  void add(NSString* name) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if ([names_ containsObject:name]) return;
+    [names_ addObject:name];
+    for (const Connection& connection : connections_)
+      observe(connection, name);
+  }
+
+ private:
+  Connections()
+      : names_([[NSMutableSet alloc]
+            initWithObjects: ::kJXNotification_HTTPRequest, ::kJXNotification_EnablingTheServerSide,
+                             ::kJXNotification_StoppingTheServerSide,
+                             ::kJXNotification_OnBackground, ::kJXNotification_OnForeground,
+                             ::kJXNotification_UserAgentAvailable, nil]) {}
+
+  static void observe(const Connection& connection, NSString* name) {
+    [connection.foundation addObserver:connection.relay
+                              selector:@selector(jx_passOn:)
+                                  name:name
+                                object:nil];
+  }
+
+  std::mutex mutex_;
+  std::vector<Connection> connections_;
+  NSMutableSet* const names_;
+};
+
+}  // namespace
+
+std::shared_ptr<JXNotificationCenter> coreCenter(NSNotificationCenter* center) {
+  @autoreleasepool {
+    const bool isCenter = isOf([NSNotificationCenter class], center, "notification center");
+    return Connections::sharedInstance().of(isCenter ? center
+                                                     : [NSNotificationCenter defaultCenter]);
+  }
+}
+
+void passOn(NSString* name) {
+  NSString* const copied = [name copy];
+  Connections::sharedInstance().add(copied);
+  JX_RELEASE(copied);
+}
+
+void postInCore(NSNotification* notification,
+                const std::function<void(const JXNotification&)>& post) {
+  @autoreleasepool {
+    JXNotification core;
+    core.name = toString([notification name], "NSNotification.name");
+    core.object = KnownObjects::sharedInstance().coreOf([notification object]);
+    core.userInfo = toJsonObject([notification userInfo], kUserInfo);
+    const Passage passage(core, notification, false);
+    post(core);
+  }
+}
+
+NSNotification* foundationOf(const JXNotification& notification) {
+  if (Passage::isOf(notification)) return Passage::current->foundation;
+  return [JXRelayedNotification
+      jx_notificationOf:notification
+                 object:KnownObjects::sharedInstance().objectOf(notification.object)];
+}
+
+void setObject(id object, const void* core) { KnownObjects::sharedInstance().set(object, core); }
+
+void logObserverException(NSString* name, NSException* exception) {
+  JXLogger::sharedInstance().logMessage_withLevel(
+      "Observer of \"" + toString(name, "NSNotification.name").toStdString() +
+          "\" threw an exception: " + toString([exception reason], "NSException").toStdString() +
+          "; ignored",
+      3);
+}
+
+}  // namespace jx::objc
