@@ -19,7 +19,7 @@ import sys
 import tempfile
 
 MAX_LINES = 20
-COPIED = ("jx", "scripts", "tools/catalogue", "tests/events/catalogue")
+COPIED = ("jx", "scripts", "tools/catalogue", "tests/events/catalogue", "swift")
 PROGRAM = """
 #include <iostream>
 
@@ -80,7 +80,9 @@ def patched_copy(root, folder, patch):
     generated = run([folder / "scripts/catalogue"], folder).split()
     expected = ["jx/events/JXEventClasses.h", "jx/events/engagement/JXRateEvent.h",
                 "jx/events/engagement/JXRateEvent.cpp", "jx/c/events/JXRateEvent.h",
-                "jx/c/jx_events.h", "jx/c/internal/JXCClasses.h"]
+                "jx/c/jx_events.h", "jx/c/internal/JXCClasses.h", "jx/objc/JXEvents.h",
+                "jx/objc/JXRateEvent.h", "jx/objc/JXRateEvent.mm",
+                "swift/JXServerSide/Engagement.swift"]
     if generated != expected:
         sys.exit(f"scripts/catalogue generated {generated}, not {expected}")
 

@@ -415,7 +415,8 @@ class Command(Tree):
     def test_check_lists_the_files_of_a_changed_entry(self):
         self.write("jx/catalogue/more.toml", RATE.replace('"The stars."', '"From one to five."'))
         self.assertEqual(self.run_script("--check")[:2],
-                         (1, "jx/events/engagement/JXRateEvent.h\njx/c/events/JXRateEvent.h\n"))
+                         (1, "jx/events/engagement/JXRateEvent.h\njx/c/events/JXRateEvent.h\n"
+                             "jx/objc/JXRateEvent.h\nswift/JXServerSide/More.swift\n"))
 
     def test_writes_the_fields_of_a_context_block(self):
         self.write("jx/catalogue/more.toml", VIEW)

@@ -258,10 +258,17 @@ def names_source(catalogue):
     return licence(FOLDER) + body
 
 
+def events_header(catalogue):
+    names = sorted(["JXNames"] + [block.name for block in catalogue.events + catalogue.objects])
+    return (licence(FOLDER) + "\n// The classes, enumerations and constants of the catalogue.\n" +
+            "".join(f'#import "{name}.h"\n' for name in names))
+
+
 def files(catalogue):
     """Returns the text of each generated file by its path."""
     texts = {f"{OUTPUT}/JXNames.h": names_header(catalogue),
-             f"{OUTPUT}/JXNames.m": names_source(catalogue)}
+             f"{OUTPUT}/JXNames.m": names_source(catalogue),
+             f"{OUTPUT}/JXEvents.h": events_header(catalogue)}
     for block in catalogue.events + catalogue.objects:
         if block.is_by_hand:
             continue
