@@ -58,6 +58,7 @@ void ServerSideFixture::record(const std::shared_ptr<JXNotificationCenter>& cent
 }
 
 void ServerSideFixture::keep(const JXNotification& notification) {
+  const std::lock_guard<std::mutex> lock(keeping_);
   posted_.push_back(notification);
   if (notification.name.view() != kJXNotification_HTTPRequest) return;
   Request request;

@@ -103,6 +103,7 @@ class ServerSideFixture : public ::testing::Test {
   bool isStarted_ = false;
   std::shared_ptr<Log> log_ = std::make_shared<Log>();
   std::vector<std::shared_ptr<JXNotificationCenter>> centers_;
+  std::mutex keeping_;  // several threads may execute events
   std::vector<JXNotification> posted_;
   std::vector<Request> requests_;
 };
