@@ -92,7 +92,8 @@ TEST_F(CollectorSink, ReceivesRequestAndValidationResult) {
 }
 
 TEST_F(CollectorSink, IsCalledAfterTheEventWasStoredAndBeforeTheResponse) {
-  std::future<long> response;
+  // Shared, because `get` of any other future changes it while the sink reads it.
+  std::shared_future<long> response;
   std::promise<void> started;
   std::int64_t storedDuringCall = 0;
   std::future_status responseDuringCall{};
@@ -102,7 +103,8 @@ TEST_F(CollectorSink, IsCalledAfterTheEventWasStoredAndBeforeTheResponse) {
     responseDuringCall = response.wait_for(std::chrono::milliseconds(100));
     return done();
   });
-  response = std::async(std::launch::async, [this] { return send(namedBody("play", "e-1")); });
+  response =
+      std::async(std::launch::async, [this] { return send(namedBody("play", "e-1")); }).share();
   started.set_value();
   EXPECT_EQ(response.get(), 200);
   EXPECT_EQ(storedDuringCall, 1);
