@@ -133,7 +133,7 @@ static NSDecimalNumber* decimal(double seconds) {
   _isPlaying = NO;
 }
 
-// There is no event for leaving: it is reported as a pause without a later resume.
+// Leaving is reported as a pause without a later resume.
 - (void)leave {
   if (_isPlaying && !_isPaused) {
     JXVideoPlaybackEvent* const event = [self playback:EJXVideoPlaybackMode_PAUSE];

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #import <Foundation/Foundation.h>
 
-// What the headers of this folder need beside Foundation, whose older versions and whose
-// replacements on other systems lack some of the annotations.
+// Annotations that the headers of this folder need and that some versions of Foundation lack.
 
 #ifdef __cplusplus
 #define JX_OBJC_EXTERN extern "C" __attribute__((visibility("default")))
