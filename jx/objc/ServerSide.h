@@ -19,7 +19,7 @@ typedef NS_ENUM(int32_t, EJXServerSideState) {
   EJXServerSideState_DISABLED JX_SWIFT_NAME("disabled") = 2,
 };
 
-/// Specifies the initial state, and whether stop requests are obeyed.
+/// Specifies the initial state, and whether stop requests are ignored.
 typedef NS_ENUM(int32_t, EJXDefaultBehaviour) {
   /// Waits for consent if there is a consent module: a class named "JXMobileConsent", or a
   /// registered name.
@@ -131,8 +131,8 @@ JX_OBJC_CLASS
 /// The URL that events are posted to, with site ID and source key. A new URL applies to subsequent
 /// events.
 @property(nonatomic, copy, nullable) NSString* url;
-/// The store of the permanent data. With nil there is no permanent data, and values that are added
-/// are ignored.
+/// The store of the permanent data. With nil, events contain no permanent data, and values that are
+/// added are ignored.
 @property(nonatomic, strong, nullable) JXDynamicStore* permanentStore;
 /// The sender of requests and state changes. With nil nothing is sent.
 @property(nonatomic, strong, nullable) JXEventSender* senderDelegate;

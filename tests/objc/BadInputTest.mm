@@ -13,48 +13,25 @@
 
 static std::atomic<int> living{0};
 
-/// Counts its objects.
-@interface CountedEvent : JXPurchaseEvent
-@end
-@implementation CountedEvent
-- (instancetype)init {
-  self = [super init];
-  if (self != nil) ++living;
-  return self;
-}
-- (void)dealloc {
-  --living;
-  [super dealloc];
-}
-@end
+// Defines a class that counts its objects.
+#define JX_COUNTED_CLASS(Name, Base) \
+  @interface Name : Base             \
+  @end                               \
+  @implementation Name               \
+  -(instancetype)init {              \
+    self = [super init];             \
+    if (self != nil) ++living;       \
+    return self;                     \
+  }                                  \
+  -(void)dealloc {                   \
+    --living;                        \
+    [super dealloc];                 \
+  }                                  \
+  @end
 
-@interface CountedItem : JXItem
-@end
-@implementation CountedItem
-- (instancetype)init {
-  self = [super init];
-  if (self != nil) ++living;
-  return self;
-}
-- (void)dealloc {
-  --living;
-  [super dealloc];
-}
-@end
-
-@interface CountedAnalytics : NSObject
-@end
-@implementation CountedAnalytics
-- (instancetype)init {
-  self = [super init];
-  if (self != nil) ++living;
-  return self;
-}
-- (void)dealloc {
-  --living;
-  [super dealloc];
-}
-@end
+JX_COUNTED_CLASS(CountedEvent, JXPurchaseEvent)
+JX_COUNTED_CLASS(CountedItem, JXItem)
+JX_COUNTED_CLASS(CountedAnalytics, NSObject)
 
 namespace jx::objc {
 namespace {

@@ -23,7 +23,7 @@ TEST_F(ObjectiveCNotifications, PostsRequestsOnTheDefaultCenter) {
   EXPECT_EQ(text([userInfo objectForKey: ::kJXUserInfo_POSTData]), requests()[0].text);
 }
 
-TEST_F(ObjectiveCNotifications, ObeysStopsAndEnablingsOnTheDefaultCenter) {
+TEST_F(ObjectiveCNotifications, AppliesStopsAndEnablingsOnTheDefaultCenter) {
   ::ServerSide* const serverSide = create();
   forgetLines();
   post(::kJXNotification_StoppingTheServerSide);
@@ -73,7 +73,7 @@ TEST_F(ObjectiveCNotifications, PostsOnTheCenterThatWasPassed) {
   [center removeObserver:own];
 }
 
-TEST_F(ObjectiveCNotifications, ObeysStopsOnBothCenters) {
+TEST_F(ObjectiveCNotifications, AppliesStopsOnBothCenters) {
   NSNotificationCenter* const center = make<NSNotificationCenter>();
   ::ServerSide* const serverSide = create(center);
   post(::kJXNotification_StoppingTheServerSide);

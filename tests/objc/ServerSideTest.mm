@@ -204,7 +204,7 @@ TEST_F(ObjectiveCServerSide, WaitsForConsentIfThereIsAConsentModule) {
   EXPECT_EQ(requests()[0].body.get("user").string(), JXString("waiting_for_consent"));
 }
 
-TEST_F(ObjectiveCServerSide, ObeysStopsAndEnablings) {
+TEST_F(ObjectiveCServerSide, AppliesStopsAndEnablings) {
   ::ServerSide* const serverSide = create();
   [serverSide disableServerSide];
   EXPECT_EQ(serverSide.serverSideState, EJXServerSideState_DISABLED);
