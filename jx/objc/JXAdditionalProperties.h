@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -11,9 +11,8 @@ NS_ASSUME_NONNULL_BEGIN
 /// An object belongs to one thread at a time. Values are copied. A value whose class JSON does not
 /// have is logged and ignored; no operation throws.
 JX_OBJC_CLASS
-@interface JXAdditionalProperties : NSObject {
+@interface JXAdditionalProperties : JXObject {
  @private
-  void* _core[2];       // The C++ object, which this one holds.
   id _Nullable _parts;  // The objects that its fields return.
 }
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXAdditionalProperties.h"
 
-#include <new>
 #include <utility>
 
 #import "jx/objc/internal/JXConversion.h"
@@ -10,42 +9,34 @@
 #import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXOwnership.h"
 
+using jx::objc::coreOf;
 using jx::objc::toFoundation;
 using jx::objc::toJson;
 using jx::objc::toJsonObject;
 using jx::objc::toString;
-using Core = std::shared_ptr<jx::JXAdditionalProperties>;
+using Core = jx::JXAdditionalProperties;
 
 static constexpr char kPlace[] = "JXAdditionalProperties";
 
 @implementation JXAdditionalProperties
 
-- (instancetype)init {
-  return [self jx_initWithCore:[[self class] jx_newCore]];
+// Events, items and blocks are stored as this C++ class, their common base class.
++ (std::shared_ptr<void>)jx_newHeldCore {
+  return [self jx_newCore];
 }
 
 - (void)dealloc {
   JX_RELEASE(_parts);
-  static_cast<Core*>(static_cast<void*>(_core))->~Core();
   JX_SUPER_DEALLOC();
 }
 
-- (BOOL)isEqual:(id)other {
-  if (![other isKindOfClass:[JXAdditionalProperties class]]) return NO;
-  return [self jx_core] == [other jx_core] ? YES : NO;
-}
-
-- (NSUInteger)hash {
-  return reinterpret_cast<NSUInteger>([self jx_core].get()) >> 4;
-}
-
 - (NSMutableDictionary*)getAdditionalProperties {
-  return toFoundation([self jx_core]->getAdditionalProperties());
+  return toFoundation(coreOf<Core>(self).getAdditionalProperties());
 }
 
 - (void)addAdditionalProperty:(NSString*)key withStringValue:(NSString*)value {
-  [self jx_core]->addAdditionalProperty_withStringValue(toString(key, kPlace),
-                                                        toString(value, kPlace));
+  coreOf<Core>(self).addAdditionalProperty_withStringValue(toString(key, kPlace),
+                                                           toString(value, kPlace));
 }
 
 - (void)addAdditionalProperty:(NSString*)key withNumberValue:(NSNumber*)value {
@@ -53,23 +44,23 @@ static constexpr char kPlace[] = "JXAdditionalProperties";
   const jx::JXString name = toString(key, kPlace);
   const jx::JXJsonValue number = toJson(value, kPlace);
   if (number.kind() == jx::JXJsonValue::Kind::Bool) {
-    [self jx_core]->addAdditionalProperty_withBoolValue(name, number.boolValue());
+    coreOf<Core>(self).addAdditionalProperty_withBoolValue(name, number.boolValue());
   } else {
-    [self jx_core]->addAdditionalProperty_withNumberValue(name, number.decimal());
+    coreOf<Core>(self).addAdditionalProperty_withNumberValue(name, number.decimal());
   }
 }
 
 - (void)addAdditionalProperty:(NSString*)key withDictValue:(NSDictionary*)value {
-  [self jx_core]->addAdditionalProperty_withDictValue(toString(key, kPlace),
-                                                      toJsonObject(value, kPlace));
+  coreOf<Core>(self).addAdditionalProperty_withDictValue(toString(key, kPlace),
+                                                         toJsonObject(value, kPlace));
 }
 
 - (void)addAdditionalProperty:(id)entries {
   if ([entries isKindOfClass:[JXDynamicStore class]]) {
-    [self jx_core]->addAdditionalProperty(*jx::objc::coreStore(entries));
+    coreOf<Core>(self).addAdditionalProperty(*jx::objc::coreStore(entries));
     return;
   }
-  [self jx_core]->addAdditionalProperty(toJsonObject(entries, kPlace));
+  coreOf<Core>(self).addAdditionalProperty(toJsonObject(entries, kPlace));
 }
 
 + (std::shared_ptr<jx::JXAdditionalProperties>)jx_newCore {
@@ -77,18 +68,7 @@ static constexpr char kPlace[] = "JXAdditionalProperties";
 }
 
 - (instancetype)jx_initWithCore:(std::shared_ptr<jx::JXAdditionalProperties>)core {
-  self = [super init];
-  if (self == nil) return nil;
-  // The memory of a new object is zero, which is a null pointer.
-  static_assert(sizeof(Core) == sizeof _core, "the C++ object must fit");
-  *static_cast<Core*>(static_cast<void*>(_core)) = std::move(core);
-  return self;
-}
-
-- (const std::shared_ptr<jx::JXAdditionalProperties>&)jx_core {
-  Core& core = *static_cast<Core*>(static_cast<void*>(_core));
-  if (core == nullptr) core = [[self class] jx_newCore];
-  return core;
+  return [self jx_initWithHeldCore:std::move(core)];
 }
 
 - (void)jx_setPart:(id)part forField:(NSString*)field {

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -32,9 +32,8 @@ typedef NS_ENUM(int32_t, EJXDeliveryOutcome) {
 /// ServerSide is created. An object belongs to one thread at a time. Times are in seconds; one that
 /// is not a number counts as 0.
 JX_OBJC_CLASS
-@interface JXCoreConfiguration : NSObject {
+@interface JXCoreConfiguration : JXObject {
  @private
-  void* _core;  // The C++ object, which belongs to this one.
   id _Nullable _delegate;
 }
 

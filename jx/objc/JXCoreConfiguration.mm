@@ -12,6 +12,7 @@
 
 #include "jx/core/JXCoreConfiguration.h"
 #import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXOwnership.h"
 
 using Core = jx::JXCoreConfiguration;
@@ -68,49 +69,46 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
 
 #define JX_SETTING(Type, name, setter, field, fromCore, toCore) \
   -(Type)name {                                                 \
-    return fromCore([self jx_core].field);                      \
+    return fromCore(heldCore<Core>(self)->field);               \
   }                                                             \
   -(void)setter : (Type)value {                                 \
-    [self jx_core].field = toCore(value);                       \
+    heldCore<Core>(self)->field = toCore(value);                \
   }
 
 @implementation JXCoreConfiguration
 
 - (instancetype)init {
-  self = [super init];
-  if (self != nil) _core = new Core(Core::current());
-  return self;
+  return [super init];
+}
+
++ (std::shared_ptr<void>)jx_newHeldCore {
+  return std::make_shared<Core>(Core::current());
 }
 
 - (void)dealloc {
-  delete static_cast<Core*>(_core);
   JX_RELEASE(_delegate);
   JX_SUPER_DEALLOC();
 }
 
-- (Core&)jx_core {
-  if (_core == nullptr) _core = new Core(Core::current());
-  return *static_cast<Core*>(_core);
-}
-
 + (BOOL)set:(JXCoreConfiguration*)configuration {
   if (!isOf([JXCoreConfiguration class], configuration, "JXCoreConfiguration.set:")) return NO;
-  return Core::set([configuration jx_core]) ? YES : NO;
+  return Core::set(*heldCore<Core>(configuration)) ? YES : NO;
 }
 
 - (NSArray*)pinnedPublicKeys {
   NSMutableArray* const keys = [NSMutableArray array];
-  for (const std::string& key : [self jx_core].pinnedPublicKeys)
+  for (const std::string& key : heldCore<Core>(self)->pinnedPublicKeys)
     [keys addObject:toFoundation(jx::JXString(key))];
   return keys;
 }
 
 - (void)setPinnedPublicKeys:(NSArray*)value {
-  [self jx_core].pinnedPublicKeys.clear();
+  heldCore<Core>(self)->pinnedPublicKeys.clear();
   if (!isOf([NSArray class], value, "JXCoreConfiguration.pinnedPublicKeys")) return;
   for (id key in value) {
     const jx::JXString converted = toString(key, "JXCoreConfiguration.pinnedPublicKeys");
-    if (converted.isPresent()) [self jx_core].pinnedPublicKeys.push_back(converted.toStdString());
+    if (converted.isPresent())
+      heldCore<Core>(self)->pinnedPublicKeys.push_back(converted.toStdString());
   }
 }
 
@@ -122,57 +120,57 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
   const auto shared = std::make_shared<Delegate>(value);
   JX_RELEASE(_delegate);
   _delegate = JX_RETAIN(value);
-  Core& core = [self jx_core];
-  core.logSink = nullptr;
-  core.onDelivery = nullptr;
+  const std::shared_ptr<Core> core = heldCore<Core>(self);
+  core->logSink = nullptr;
+  core->onDelivery = nullptr;
   if ([value respondsToSelector:@selector(logMessage:withLevel:)]) {
-    core.logSink = [shared](int level, std::string_view message) {
+    core->logSink = [shared](int level, std::string_view message) {
       logTo(*shared, level, message);
     };
   }
   if ([value respondsToSelector:@selector(onDelivery:eventId:status:reason:)]) {
-    core.onDelivery = [shared](const jx::JXDelivery& delivery) { report(*shared, delivery); };
+    core->onDelivery = [shared](const jx::JXDelivery& delivery) { report(*shared, delivery); };
   }
 }
 
 - (NSString*)storageFolder {
-  return toFoundation([self jx_core].storageFolder);
+  return toFoundation(heldCore<Core>(self)->storageFolder);
 }
 
 - (void)setStorageFolder:(NSString*)value {
-  [self jx_core].storageFolder = toString(value, "JXCoreConfiguration.storageFolder");
+  heldCore<Core>(self)->storageFolder = toString(value, "JXCoreConfiguration.storageFolder");
 }
 
 - (NSString*)collectionHost {
-  return toFoundation([self jx_core].collectionHost);
+  return toFoundation(heldCore<Core>(self)->collectionHost);
 }
 
 - (void)setCollectionHost:(NSString*)value {
-  [self jx_core].collectionHost = toString(value, "JXCoreConfiguration.collectionHost");
+  heldCore<Core>(self)->collectionHost = toString(value, "JXCoreConfiguration.collectionHost");
 }
 
 - (NSString*)caFile {
-  return toFoundation([self jx_core].caFile);
+  return toFoundation(heldCore<Core>(self)->caFile);
 }
 
 - (void)setCaFile:(NSString*)value {
-  [self jx_core].caFile = toString(value, "JXCoreConfiguration.caFile");
+  heldCore<Core>(self)->caFile = toString(value, "JXCoreConfiguration.caFile");
 }
 
 - (NSString*)proxy {
-  return toFoundation([self jx_core].proxy);
+  return toFoundation(heldCore<Core>(self)->proxy);
 }
 
 - (void)setProxy:(NSString*)value {
-  [self jx_core].proxy = toString(value, "JXCoreConfiguration.proxy");
+  heldCore<Core>(self)->proxy = toString(value, "JXCoreConfiguration.proxy");
 }
 
 - (NSString*)userAgent {
-  return toFoundation([self jx_core].userAgent);
+  return toFoundation(heldCore<Core>(self)->userAgent);
 }
 
 - (void)setUserAgent:(NSString*)value {
-  [self jx_core].userAgent = toString(value, "JXCoreConfiguration.userAgent");
+  heldCore<Core>(self)->userAgent = toString(value, "JXCoreConfiguration.userAgent");
 }
 
 JX_SETTING(BOOL, storesOnlyWithConsent, setStoresOnlyWithConsent, storesOnlyWithConsent,

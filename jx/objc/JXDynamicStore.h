@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -19,10 +19,7 @@ NS_ASSUME_NONNULL_BEGIN
 /// they are copied. A value of another class is logged and ignored. Thread-safe; no operation
 /// throws. Two objects are equal when they are the same store of the library.
 JX_OBJC_CLASS
-@interface JXDynamicStore : NSObject <IJXDynamicStore> {
- @private
-  void* _core[2];  // The C++ object, which this one holds.
-}
+@interface JXDynamicStore : JXObject <IJXDynamicStore>
 
 /// Creates an empty store.
 - (instancetype)init;

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 @class JXEventListener;
 
@@ -19,10 +19,9 @@ NS_ASSUME_NONNULL_BEGIN
 /// or to a JXEventSender. An exception of the parent is logged. Two objects are equal when they are
 /// the same listener of the library.
 JX_OBJC_CLASS
-@interface JXEventListener : NSObject {
+@interface JXEventListener : JXObject {
  @private
-  void* _core[2];  // The C++ object, which this one holds.
-  void* _parent;   // The C++ object that calls the parent.
+  void* _parent;  // The C++ object that calls the parent.
 }
 
 /// Creates a listener without a parent or names.

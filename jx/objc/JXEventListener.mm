@@ -7,7 +7,7 @@
 #include "jx/core/JXLogger.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreDelegates.h"
-#import "jx/objc/internal/JXCoreSlot.h"
+#import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXOwnership.h"
 
@@ -42,37 +42,17 @@ class ParentInObjectiveC final : public jx::IJXEventListenerDelegate {
 @implementation JXEventListener
 
 - (instancetype)init {
-  coreCenter(nil);
-  return [self jx_initWithCore:Core::init()];
+  return [super init];
 }
 
-- (instancetype)jx_initWithCore:(std::shared_ptr<Core>)core
-    __attribute__((objc_method_family(init))) {
-  self = [super init];
-  if (self != nil) slot<Core>(_core) = std::move(core);
-  return self;
++ (std::shared_ptr<void>)jx_newHeldCore {
+  coreCenter(nil);
+  return Core::init();
 }
 
 - (void)dealloc {
   if (_parent != nullptr) [self setParent:nil];
-  endSlot<Core>(_core);
   JX_SUPER_DEALLOC();
-}
-
-// Never null: an object whose initialiser was not called has a new listener.
-- (const std::shared_ptr<Core>&)jx_core {
-  std::shared_ptr<Core>& core = slot<Core>(_core);
-  if (core == nullptr) core = Core::init();
-  return core;
-}
-
-- (BOOL)isEqual:(id)other {
-  if (![other isKindOfClass:[JXEventListener class]]) return NO;
-  return [self jx_core] == [other jx_core] ? YES : NO;
-}
-
-- (NSUInteger)hash {
-  return reinterpret_cast<NSUInteger>([self jx_core].get()) >> 4;
 }
 
 - (void)setParent:(id<IJXEventListenerDelegate>)parent {
@@ -82,14 +62,14 @@ class ParentInObjectiveC final : public jx::IJXEventListenerDelegate {
     return;
   }
   auto* const next = parent == nil ? nullptr : new ParentInObjectiveC(parent);
-  [self jx_core]->setParent(next);
+  heldCore<Core>(self)->setParent(next);
   delete static_cast<ParentInObjectiveC*>(std::exchange(_parent, next));
 }
 
 - (void)listen:(NSString*)name {
   const jx::JXString converted = toString(name, "JXEventListener.listen:");
   if (!converted.isPresent()) return;
-  [self jx_core]->listen(converted);
+  heldCore<Core>(self)->listen(converted);
   passOn(name);
 }
 
@@ -97,12 +77,11 @@ class ParentInObjectiveC final : public jx::IJXEventListenerDelegate {
 
 namespace jx::objc {
 
-std::shared_ptr<Core> coreListener(::JXEventListener* listener) {
-  return listener == nil ? nullptr : [listener jx_core];
-}
+std::shared_ptr<Core> coreListener(::JXEventListener* listener) { return heldCore<Core>(listener); }
 
 ::JXEventListener* listenerOf(const std::shared_ptr<Core>& core) {
-  return core == nullptr ? nil : JX_AUTORELEASE([[::JXEventListener alloc] jx_initWithCore:core]);
+  return core == nullptr ? nil
+                         : JX_AUTORELEASE([[::JXEventListener alloc] jx_initWithHeldCore:core]);
 }
 
 }  // namespace jx::objc

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 @class JXEventSender;
 
@@ -16,10 +16,7 @@ NS_ASSUME_NONNULL_BEGIN
 /// Thread-safe; no operation throws. Two objects are equal when they are the same sender of the
 /// library.
 JX_OBJC_CLASS
-@interface JXEventSender : NSObject {
- @private
-  void* _core[2];  // The C++ object, which this one holds.
-}
+@interface JXEventSender : JXObject
 
 /// Creates a sender that posts on the default center.
 - (instancetype)init;

@@ -6,7 +6,7 @@
 
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreDelegates.h"
-#import "jx/objc/internal/JXCoreSlot.h"
+#import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXOwnership.h"
 
@@ -16,36 +16,12 @@ using namespace jx::objc;
 @implementation JXEventSender
 
 - (instancetype)init {
+  return [super init];
+}
+
++ (std::shared_ptr<void>)jx_newHeldCore {
   coreCenter(nil);
-  return [self jx_initWithCore:Core::init()];
-}
-
-- (instancetype)jx_initWithCore:(std::shared_ptr<Core>)core
-    __attribute__((objc_method_family(init))) {
-  self = [super init];
-  if (self != nil) slot<Core>(_core) = std::move(core);
-  return self;
-}
-
-- (void)dealloc {
-  endSlot<Core>(_core);
-  JX_SUPER_DEALLOC();
-}
-
-// Never null: an object whose initialiser was not called has a new sender.
-- (const std::shared_ptr<Core>&)jx_core {
-  std::shared_ptr<Core>& core = slot<Core>(_core);
-  if (core == nullptr) core = Core::init();
-  return core;
-}
-
-- (BOOL)isEqual:(id)other {
-  if (![other isKindOfClass:[JXEventSender class]]) return NO;
-  return [self jx_core] == [other jx_core] ? YES : NO;
-}
-
-- (NSUInteger)hash {
-  return reinterpret_cast<NSUInteger>([self jx_core].get()) >> 4;
+  return Core::init();
 }
 
 - (void)setParent:(id<IJXEventSenderDelegate>)parent {
@@ -53,24 +29,23 @@ using namespace jx::objc;
 }
 
 - (void)setNotificationCenter:(NSNotificationCenter*)center {
-  [self jx_core]->setNotificationCenter(coreCenter(center));
+  heldCore<Core>(self)->setNotificationCenter(coreCenter(center));
 }
 
 - (void)send:(NSNotification*)notification {
   if (!isOf([NSNotification class], notification, "JXEventSender.send:")) return;
-  postInCore(notification, [self](const jx::JXNotification& core) { [self jx_core]->send(core); });
+  postInCore(notification,
+             [self](const jx::JXNotification& core) { heldCore<Core>(self)->send(core); });
 }
 
 @end
 
 namespace jx::objc {
 
-std::shared_ptr<Core> coreSender(::JXEventSender* sender) {
-  return sender == nil ? nullptr : [sender jx_core];
-}
+std::shared_ptr<Core> coreSender(::JXEventSender* sender) { return heldCore<Core>(sender); }
 
 ::JXEventSender* senderOf(const std::shared_ptr<Core>& core) {
-  return core == nullptr ? nil : JX_AUTORELEASE([[::JXEventSender alloc] jx_initWithCore:core]);
+  return core == nullptr ? nil : JX_AUTORELEASE([[::JXEventSender alloc] jx_initWithHeldCore:core]);
 }
 
 }  // namespace jx::objc

@@ -18,6 +18,7 @@
 #import "JXLogger.h"
 #import "JXNetwork.h"
 #import "JXNetworkManager.h"
+#import "JXObject.h"
 #import "JXObjectiveC.h"
 #import "JXPostData.h"
 #import "JXPredefinedVariables.h"

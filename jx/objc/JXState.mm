@@ -18,7 +18,7 @@ using namespace jx::objc;
 + (instancetype)sharedInstance {
   static JXState* const instance = [] {
     JXState* const created = [[JXState alloc] init];
-    setObject(created, &Core::sharedInstance());
+    addObject(created, &Core::sharedInstance());
     return created;
   }();
   return instance;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "JXEventListener.h"
 #import "JXEventSender.h"
-#import "JXObjectiveC.h"
+#import "JXObject.h"
 
 @class JXDynamicStore;
 @class JXEvent;
@@ -36,9 +36,8 @@ typedef NS_ENUM(int32_t, EJXDefaultBehaviour) {
 /// Every operation may be called from any thread; an event belongs to one thread at a time.
 /// Operations return at once, never throw and report no errors; failures are logged.
 JX_OBJC_CLASS
-@interface ServerSide : NSObject <IJXEventSenderDelegate, IJXEventListenerDelegate> {
+@interface ServerSide : JXObject <IJXEventSenderDelegate, IJXEventListenerDelegate> {
  @private
-  void* _core[2];          // The C++ object, which this one holds.
   id _Nullable _listener;  // The listener that was set.
 }
 

@@ -12,6 +12,7 @@
 #import "jx/objc/internal/JXCoreDelegates.h"
 #import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXExecutableEvent.h"
+#import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXNotificationBridge.h"
 #import "jx/objc/internal/JXObjectiveCFirebase.h"
 #import "jx/objc/internal/JXOwnership.h"
@@ -19,11 +20,11 @@
 
 using jx::objc::coreCenter;
 using jx::objc::firebaseOf;
-using jx::objc::setObject;
+using jx::objc::heldCore;
 using jx::objc::toFoundation;
 using jx::objc::toJson;
 using jx::objc::toString;
-using Core = std::shared_ptr<jx::ServerSide>;
+using Core = jx::ServerSide;
 
 static constexpr char kSourceKey[] = "ServerSide.sourceKey";
 static constexpr char kPermanentData[] = "ServerSide: permanent data";
@@ -32,6 +33,22 @@ static bool isClass(const char* name) {
   @autoreleasepool {
     return NSClassFromString([NSString stringWithUTF8String:name]) != Nil;
   }
+}
+
+static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
+                                     NSNotificationCenter* center,
+                                     EJXDefaultBehaviour defaultBehaviour, id firebaseInstance) {
+  // The library also receives what is posted on the default center.
+  coreCenter(nil);
+  jx::JXRunTimeClasses::setLookup(isClass);
+  // The name is longer than a line.
+  constexpr auto create =
+      &Core::initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance;
+  std::shared_ptr<Core> core = create(siteID, toString(sourceKey, kSourceKey), coreCenter(center),
+                                      defaultBehaviour, firebaseOf(firebaseInstance));
+  // The object of the notifications of transitions.
+  [JXState sharedInstance];
+  return core;
 }
 
 @implementation ServerSide
@@ -81,42 +98,28 @@ static bool isClass(const char* name) {
             notificationCenter:(NSNotificationCenter*)center
            andDefaultBehaviour:(EJXDefaultBehaviour)defaultBehaviour
            andFirebaseInstance:(id)firebaseInstance {
-  self = [super init];
-  if (self == nil) return nil;
-  // The memory of a new object is zero, which is a null pointer.
-  static_assert(sizeof(Core) == sizeof _core, "the C++ object must fit");
   @autoreleasepool {
-    // The library also receives what is posted on the default center.
-    coreCenter(nil);
-    jx::JXRunTimeClasses::setLookup(isClass);
-    // The name is longer than a line.
-    constexpr auto create =
-        &jx::ServerSide::
-            initWithSiteID_andSourceKey_notificationCenter_andDefaultBehaviour_andFirebaseInstance;
-    [self jx_core] = create(siteID, toString(sourceKey, kSourceKey), coreCenter(center),
-                            defaultBehaviour, firebaseOf(firebaseInstance));
-    setObject(self, [self jx_core].get());
-    // The object of the notifications of transitions.
-    [JXState sharedInstance];
+    self = [self
+        jx_initWithHeldCore:newCore(siteID, sourceKey, center, defaultBehaviour, firebaseInstance)];
+    if (self != nil) jx::objc::addObject(self, heldCore<Core>(self).get());
   }
   return self;
 }
 
 - (void)dealloc {
-  setObject(nil, [self jx_core].get());
+  jx::objc::removeObject(self);
   JX_RELEASE(_listener);
-  [self jx_core].~Core();
   JX_SUPER_DEALLOC();
 }
 
-- (Core&)jx_core {
-  return *static_cast<Core*>(static_cast<void*>(_core));
++ (std::shared_ptr<void>)jx_newHeldCore {
+  return newCore(0, nil, nil, EJXDefaultBehaviour_DEFAULT, nil);
 }
 
 - (void)execute:(JXEvent*)event {
   @autoreleasepool {
     if (event != nil && !jx::objc::isOf([JXEvent class], event, "execute:")) return;
-    [self jx_core]->execute(jx::objc::executableEvent(event));
+    heldCore<Core>(self)->execute(jx::objc::executableEvent(event));
   }
 }
 
@@ -124,116 +127,116 @@ static bool isClass(const char* name) {
   const jx::JXJsonValue json = toJson(value, kPermanentData);
   // Only nil removes a key, not a value that JSON does not have.
   if (json.isPresent() || value == nil) {
-    [self jx_core]->addPermanentData_withValue(toString(key, kPermanentData), json);
+    heldCore<Core>(self)->addPermanentData_withValue(toString(key, kPermanentData), json);
   }
 }
 
 - (id)getPermanentData:(NSString*)key {
-  return toFoundation([self jx_core]->getPermanentData(toString(key, kPermanentData)));
+  return toFoundation(heldCore<Core>(self)->getPermanentData(toString(key, kPermanentData)));
 }
 
 - (id)removePermanentData:(NSString*)key {
-  return toFoundation([self jx_core]->removePermanentData(toString(key, kPermanentData)));
+  return toFoundation(heldCore<Core>(self)->removePermanentData(toString(key, kPermanentData)));
 }
 
 - (void)waitForUserAgent {
-  [self jx_core]->waitForUserAgent();
+  heldCore<Core>(self)->waitForUserAgent();
 }
 
 - (void)enableRunningInBackground {
-  [self jx_core]->enableRunningInBackground();
+  heldCore<Core>(self)->enableRunningInBackground();
 }
 
 - (void)disableServerSide {
-  [self jx_core]->disableServerSide();
+  heldCore<Core>(self)->disableServerSide();
 }
 
 - (void)enableServerSide {
-  [self jx_core]->enableServerSide();
+  heldCore<Core>(self)->enableServerSide();
 }
 
 - (void)addAdvertisingIDs {
-  [self jx_core]->addAdvertisingIDs();
+  heldCore<Core>(self)->addAdvertisingIDs();
 }
 
 - (void)setAdvertisingTrackingEnabled {
-  [self jx_core]->setAdvertisingTrackingEnabled();
+  heldCore<Core>(self)->setAdvertisingTrackingEnabled();
 }
 
 - (void)setIDFA {
-  [self jx_core]->setIDFA();
+  heldCore<Core>(self)->setIDFA();
 }
 
 - (void)changeNotificationCenter:(NSNotificationCenter*)center {
-  [self jx_core]->changeNotificationCenter(coreCenter(center));
+  heldCore<Core>(self)->changeNotificationCenter(coreCenter(center));
 }
 
 - (void)onNotificationReceived:(NSNotification*)notification {
   if (!jx::objc::isOf([NSNotification class], notification, "onNotificationReceived:")) return;
   jx::objc::postInCore(notification, [self](const jx::JXNotification& core) {
-    [self jx_core]->onNotificationReceived(core);
+    heldCore<Core>(self)->onNotificationReceived(core);
   });
 }
 
 - (void)setDeveloperIdForFirebaseInstance {
-  [self jx_core]->setDeveloperIdForFirebaseInstance();
+  heldCore<Core>(self)->setDeveloperIdForFirebaseInstance();
 }
 
 - (int32_t)siteID {
-  return [self jx_core]->siteID();
+  return heldCore<Core>(self)->siteID();
 }
 
 - (void)setSiteID:(int32_t)value {
-  [self jx_core]->setSiteID(value);
+  heldCore<Core>(self)->setSiteID(value);
 }
 
 - (EJXServerSideState)serverSideState {
-  return static_cast<EJXServerSideState>([self jx_core]->serverSideState());
+  return static_cast<EJXServerSideState>(heldCore<Core>(self)->serverSideState());
 }
 
 - (void)setServerSideState:(EJXServerSideState)value {
-  [self jx_core]->setServerSideState(value);
+  heldCore<Core>(self)->setServerSideState(value);
 }
 
 - (EJXDefaultBehaviour)defaultBehaviour {
-  return static_cast<EJXDefaultBehaviour>([self jx_core]->defaultBehaviour());
+  return static_cast<EJXDefaultBehaviour>(heldCore<Core>(self)->defaultBehaviour());
 }
 
 - (void)setDefaultBehaviour:(EJXDefaultBehaviour)value {
-  [self jx_core]->setDefaultBehaviour(value);
+  heldCore<Core>(self)->setDefaultBehaviour(value);
 }
 
 - (NSString*)url {
-  return toFoundation([self jx_core]->url());
+  return toFoundation(heldCore<Core>(self)->url());
 }
 
 - (void)setUrl:(NSString*)value {
-  [self jx_core]->setUrl(toString(value, "ServerSide.url"));
+  heldCore<Core>(self)->setUrl(toString(value, "ServerSide.url"));
 }
 
 - (JXDynamicStore*)permanentStore {
-  return jx::objc::storeOf([self jx_core]->permanentStore());
+  return jx::objc::storeOf(heldCore<Core>(self)->permanentStore());
 }
 
 - (void)setPermanentStore:(JXDynamicStore*)value {
   if (value != nil && !jx::objc::isOf([JXDynamicStore class], value, kPermanentData)) return;
-  [self jx_core]->setPermanentStore(jx::objc::coreStore(value));
+  heldCore<Core>(self)->setPermanentStore(jx::objc::coreStore(value));
 }
 
 - (JXEventSender*)senderDelegate {
-  return jx::objc::senderOf([self jx_core]->senderDelegate());
+  return jx::objc::senderOf(heldCore<Core>(self)->senderDelegate());
 }
 
 - (void)setSenderDelegate:(JXEventSender*)value {
   if (value != nil && !jx::objc::isOf([JXEventSender class], value, "senderDelegate")) return;
-  [self jx_core]->setSenderDelegate(jx::objc::coreSender(value));
+  heldCore<Core>(self)->setSenderDelegate(jx::objc::coreSender(value));
 }
 
 - (JXEventListener*)listenerDelegate {
   @synchronized(self) {
     if (_listener != nil) return JX_AUTORELEASE(JX_RETAIN(_listener));
   }
-  return jx::objc::listenerOf([self jx_core]->listenerDelegate());
+  return jx::objc::listenerOf(heldCore<Core>(self)->listenerDelegate());
 }
 
 - (void)setListenerDelegate:(JXEventListener*)value {
@@ -244,16 +247,16 @@ static bool isClass(const char* name) {
     _listener = JX_RETAIN(value);
   }
   // Without the lock, because both wait for a call in progress, which may use this object.
-  [self jx_core]->setListenerDelegate(jx::objc::coreListener(value));
+  heldCore<Core>(self)->setListenerDelegate(jx::objc::coreListener(value));
   JX_RELEASE(previous);
 }
 
 - (id)firebaseInstance {
-  return jx::objc::instanceOf([self jx_core]->firebaseInstance());
+  return jx::objc::instanceOf(heldCore<Core>(self)->firebaseInstance());
 }
 
 - (void)setFirebaseInstance:(id)value {
-  [self jx_core]->setFirebaseInstance(firebaseOf(value));
+  heldCore<Core>(self)->setFirebaseInstance(firebaseOf(value));
 }
 
 @end

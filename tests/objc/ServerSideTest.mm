@@ -4,6 +4,7 @@
 
 #include <objc/runtime.h>
 
+#import "jx/objc/JXCoreConfiguration.h"
 #import "jx/objc/JXCustomEvent.h"
 #import "jx/objc/JXPurchaseEvent.h"
 #import "tests/objc/ObjectiveCTest.h"
@@ -112,6 +113,20 @@ TEST_F(ObjectiveCServerSide, StartsTheLibraryAndSendsAnEvent) {
   const JXJsonObject body = requests()[0].body;
   EXPECT_EQ(body.get("event_name").string(), JXString("purchase"));
   EXPECT_EQ(body.get("revenue").numberString(), JXString("12.5"));
+}
+
+TEST_F(ObjectiveCServerSide, AnObjectWithoutAnInitialiserIsLikeThatOfInit) {
+  ::ServerSide* const serverSide = [[::ServerSide alloc] autorelease];
+  EXPECT_EQ(serverSide.siteID, 0);
+  EXPECT_EQ(serverSide.serverSideState, EJXServerSideState_ENABLED);
+  [serverSide addPermanentData:@"plan" withValue:@"gold"];
+  EXPECT_EQ(text([serverSide getPermanentData:@"plan"]), "gold");
+}
+
+TEST_F(ObjectiveCServerSide, AnObjectWithoutAnInitialiserEndsWithoutAStart) {
+  [[::ServerSide alloc] release];
+  // A configuration can be set until the library has started.
+  EXPECT_TRUE([::JXCoreConfiguration set:[[[::JXCoreConfiguration alloc] init] autorelease]]);
 }
 
 TEST_F(ObjectiveCServerSide, LogsAndIgnoresWhatIsNoEvent) {

@@ -6,6 +6,7 @@
 
 #include "jx/core/JXAdditionalProperties.h"
 #import "jx/objc/JXAdditionalProperties.h"
+#import "jx/objc/internal/JXHeldCore.h"
 
 /// The C++ object of an Objective-C object. Every class has a C++ class of the same name.
 @interface JXAdditionalProperties (JXCoreObject)
@@ -13,9 +14,7 @@
 + (std::shared_ptr<jx::JXAdditionalProperties>)jx_newCore;
 /// Creates an object that holds `core`; with null, a new one.
 - (instancetype)jx_initWithCore:(std::shared_ptr<jx::JXAdditionalProperties>)core
-    __attribute__((objc_method_family(init)));
-/// Returns the C++ object, never null: an object whose initialiser was not called has a new one.
-- (const std::shared_ptr<jx::JXAdditionalProperties>&)jx_core;
+    JX_OBJC_INITIALISER;
 /// Keeps an object that a field returns; nil removes it.
 - (void)jx_setPart:(id)part forField:(NSString*)field;
 /// Returns the object that a field has returned, or nil.
@@ -27,13 +26,13 @@ namespace jx::objc {
 /// Returns the C++ object; null for nil. `Core` is the C++ class of the object's class.
 template <typename Core>
 std::shared_ptr<Core> sharedCore(::JXAdditionalProperties* object) {
-  return object == nil ? nullptr : std::static_pointer_cast<Core>([object jx_core]);
+  return std::static_pointer_cast<Core>(heldCore<JXAdditionalProperties>(object));
 }
 
-/// Returns the C++ object.
+/// Returns the C++ object, whose reference is not counted.
 template <typename Core>
 Core& coreOf(::JXAdditionalProperties* object) {
-  return static_cast<Core&>(*[object jx_core]);
+  return static_cast<Core&>(*static_cast<JXAdditionalProperties*>([object jx_heldCore].get()));
 }
 
 }  // namespace jx::objc

@@ -74,7 +74,7 @@ std::unique_ptr<FieldList> makeFieldList(JXJsonArray list, const char* place) {
 
 @interface JXFieldArray ()
 - (instancetype)jx_initWithList:(jx::objc::FieldList*)list
-                          place:(const char*)place __attribute__((objc_method_family(init)));
+                          place:(const char*)place JX_OBJC_INITIALISER;
 @end
 
 @implementation JXFieldArray

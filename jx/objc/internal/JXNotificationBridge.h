@@ -29,9 +29,10 @@ void postInCore(NSNotification* notification,
 /// Returns the notification that `postInCore` is posting as `notification`, or else a new one.
 NSNotification* foundationOf(const JXNotification& notification);
 
-/// Sets the object that observers in Objective-C receive for a C++ object; it is not retained. Nil
-/// removes it.
-void setObject(id object, const void* core);
+/// Adds the object that observers in Objective-C receive for a C++ object; it is not retained.
+void addObject(id object, const void* core);
+/// Removes an object that ends, if it was added.
+void removeObject(id object);
 
 /// Logs an exception of an observer.
 void logObserverException(NSString* name, NSException* exception);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/internal/JXNotificationBridge.h"
 
-#include <map>
+#include <list>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -55,32 +55,38 @@ class KnownObjects {
     static auto* const instance = new KnownObjects();
     return *instance;
   }
-  void set(id object, const void* core) {
+  void add(id object, const void* core) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (object == nil) {
-      objects_.erase(core);
-    } else {
-      objects_[core] = (__bridge void*)object;
-    }
+    known_.push_back({object, (__bridge void*)object, core});
+  }
+  void remove(id object) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    known_.remove_if([&](const Known& known) { return known.pointer == (__bridge void*)object; });
   }
   id objectOf(const void* core) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    const auto found = objects_.find(core);
-    if (found == objects_.end()) return nil;
-    return JX_AUTORELEASE(JX_RETAIN((__bridge id)found->second));
+    for (const Known& known : known_) {
+      if (known.core == core) return JX_AUTORELEASE(JX_RETAIN(known.object));
+    }
+    return nil;
   }
   const void* coreOf(id object) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    void* const pointer = (__bridge void*)object;
-    for (const auto& [core, known] : objects_) {
-      if (known == pointer) return core;
+    for (const Known& known : known_) {
+      if (known.pointer == (__bridge void*)object) return known.core;
     }
-    return pointer;
+    return (__bridge void*)object;
   }
 
  private:
+  struct Known {
+    JX_WEAK id object;
+    void* pointer;
+    const void* core;
+  };
+
   std::mutex mutex_;
-  std::map<const void*, void*> objects_;
+  std::list<Known> known_;
 };
 
 }  // namespace
@@ -224,7 +230,9 @@ NSNotification* foundationOf(const JXNotification& notification) {
                  object:KnownObjects::sharedInstance().objectOf(notification.object)];
 }
 
-void setObject(id object, const void* core) { KnownObjects::sharedInstance().set(object, core); }
+void addObject(id object, const void* core) { KnownObjects::sharedInstance().add(object, core); }
+
+void removeObject(id object) { KnownObjects::sharedInstance().remove(object); }
 
 void logObserverException(NSString* name, NSException* exception) {
   JXLogger::sharedInstance().logMessage_withLevel(
