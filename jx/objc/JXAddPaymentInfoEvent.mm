@@ -29,6 +29,7 @@ using namespace jx::objc;
 }
 
 - (void)setPaymentMethod:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXAddPaymentInfoEvent.paymentMethod")) return;
   coreOf<Core>(self).setPaymentMethod(toString(value, "JXAddPaymentInfoEvent.paymentMethod"));
 }
 
@@ -37,6 +38,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXAddPaymentInfoEvent.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXAddPaymentInfoEvent.coupon"));
 }
 
@@ -45,6 +47,7 @@ using namespace jx::objc;
 }
 
 - (void)setRevenue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXAddPaymentInfoEvent.revenue")) return;
   coreOf<Core>(self).setRevenue(toDecimal(value, "JXAddPaymentInfoEvent.revenue"));
 }
 

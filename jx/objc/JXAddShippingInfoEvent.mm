@@ -22,7 +22,7 @@ using namespace jx::objc;
                                    {}, toDecimal(value, "JXAddShippingInfoEvent.value"),
                                    toString(currency, "JXAddShippingInfoEvent.currency"))];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -35,6 +35,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXAddShippingInfoEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXAddShippingInfoEvent.value"));
 }
 
@@ -43,6 +44,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXAddShippingInfoEvent.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXAddShippingInfoEvent.coupon"));
 }
 
@@ -51,6 +53,7 @@ using namespace jx::objc;
 }
 
 - (void)setShippingTier:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXAddShippingInfoEvent.shippingTier")) return;
   coreOf<Core>(self).setShippingTier(toString(value, "JXAddShippingInfoEvent.shippingTier"));
 }
 

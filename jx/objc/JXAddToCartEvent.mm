@@ -18,7 +18,7 @@ using namespace jx::objc;
 - (instancetype)initWithItems:(NSArray<JXItem*>*)items {
   self = [self jx_initWithCore:Core::initWithItems({})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -29,7 +29,7 @@ using namespace jx::objc;
                                    toDecimal(value, "JXAddToCartEvent.value"),
                                    toString(currency, "JXAddToCartEvent.currency"), {})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -42,6 +42,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXAddToCartEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXAddToCartEvent.value"));
 }
 

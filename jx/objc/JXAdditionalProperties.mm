@@ -81,7 +81,8 @@ static constexpr char kPlace[] = "JXAdditionalProperties";
 }
 
 - (id)jx_partOfField:(NSString*)field {
-  return [_parts objectForKey:field];
+  // The caller may use it after the field was set again.
+  return JX_AUTORELEASE(JX_RETAIN([_parts objectForKey:field]));
 }
 
 @end

@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXApp : JXAdditionalProperties
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXApp*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Reads the values again and returns this object.
 - (instancetype)reinit;
 /// Reads the consent version again, because consent can change at any time.

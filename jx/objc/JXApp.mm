@@ -14,7 +14,7 @@ using namespace jx::objc;
   return unowned(Core::sharedInstance());
 }
 
-+ (instancetype)sharedInstance {
++ (JXApp*)sharedInstance {
   static JXApp* const instance = [[JXApp alloc] init];
   return instance;
 }

@@ -24,7 +24,7 @@ using namespace jx::objc;
                                    toDecimal(value, "JXBeginCheckoutEvent.value"),
                                    toString(currency, "JXBeginCheckoutEvent.currency"), {})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -37,6 +37,7 @@ using namespace jx::objc;
 }
 
 - (void)setRevenue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXBeginCheckoutEvent.revenue")) return;
   coreOf<Core>(self).setRevenue(toDecimal(value, "JXBeginCheckoutEvent.revenue"));
 }
 
@@ -45,6 +46,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXBeginCheckoutEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXBeginCheckoutEvent.value"));
 }
 
@@ -53,6 +55,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXBeginCheckoutEvent.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXBeginCheckoutEvent.coupon"));
 }
 

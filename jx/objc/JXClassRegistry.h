@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXClassRegistry : JXSingleton
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXClassRegistry*)sharedInstance JX_SWIFT_NAME("shared()");
 
 /// Registers a name; nil and an empty name are ignored.
 - (void)registerClass:(nullable NSString*)name;

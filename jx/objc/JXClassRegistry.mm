@@ -12,7 +12,7 @@ static constexpr char kPlace[] = "JXClassRegistry";
 
 @implementation JXClassRegistry
 
-+ (instancetype)sharedInstance {
++ (JXClassRegistry*)sharedInstance {
   static JXClassRegistry* const instance = [[JXClassRegistry alloc] init];
   return instance;
 }

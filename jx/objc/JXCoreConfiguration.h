@@ -62,7 +62,7 @@ JX_OBJC_CLASS
 /// receive them.
 @property(nonatomic) BOOL dryRun;
 /// Public keys that the collection host may present: SHA-256 hashes in Base64. Empty: any key.
-/// Elements that are not strings are logged and ignored.
+/// An element that is not a string is logged, and matches no key.
 @property(nonatomic, copy, null_resettable) NSArray<NSString*>* pinnedPublicKeys;
 /// Highest level that is logged, from 0 (nothing) to 6 (everything). Default: 3.
 @property(nonatomic) int32_t logLevel;

@@ -9,8 +9,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "jx/core/JXCoreConfiguration.h"
+#include "jx/core/JXLogger.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXOwnership.h"
@@ -46,8 +49,8 @@ void logTo(const Delegate& delegate, int level, std::string_view message) {
   @autoreleasepool {
     @try {
       [delegate.object logMessage:toFoundation(jx::JXString(message)) withLevel:level];
-    } @catch (NSException* exception) {
-      static_cast<void>(exception);  // It cannot be logged.
+    } @catch (id thrown) {
+      static_cast<void>(thrown);  // It cannot be logged.
     }
   }
 }
@@ -59,8 +62,9 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
                           eventId:toFoundation(delivery.eventId)
                            status:delivery.status
                            reason:toFoundation(delivery.reason)];
-    } @catch (NSException* exception) {
-      static_cast<void>(exception);
+    } @catch (id thrown) {
+      jx::JXLogger::sharedInstance().logMessage_withLevel(
+          "onDelivery:eventId:status:reason: failed: " + reasonOf(thrown), 3);
     }
   }
 }
@@ -75,10 +79,28 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
     heldCore<Core>(self)->field = toCore(value);                \
   }
 
+#define JX_STRING_SETTING(name, setter)                    \
+  -(NSString*)name {                                       \
+    return toFoundation(heldCore<Core>(self)->name);       \
+  }                                                        \
+  -(void)setter : (NSString*)value {                       \
+    constexpr char place[] = "JXCoreConfiguration." #name; \
+    if (!isNilOr([NSString class], value, place)) return;  \
+    heldCore<Core>(self)->name = toString(value, place);   \
+  }
+
+// The delegate of the current configuration, whose functions new objects copy.
+static id currentDelegate = nil;
+
 @implementation JXCoreConfiguration
 
 - (instancetype)init {
-  return [super init];
+  self = [super init];
+  if (self == nil) return nil;
+  @synchronized([JXCoreConfiguration class]) {
+    _delegate = JX_RETAIN(currentDelegate);
+  }
+  return self;
 }
 
 + (std::shared_ptr<void>)jx_newHeldCore {
@@ -92,7 +114,12 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
 
 + (BOOL)set:(JXCoreConfiguration*)configuration {
   if (!isOf([JXCoreConfiguration class], configuration, "JXCoreConfiguration.set:")) return NO;
-  return Core::set(*heldCore<Core>(configuration)) ? YES : NO;
+  @synchronized([JXCoreConfiguration class]) {
+    if (!Core::set(*heldCore<Core>(configuration))) return NO;
+    JX_RELEASE(currentDelegate);
+    currentDelegate = JX_RETAIN([configuration delegate]);
+  }
+  return YES;
 }
 
 - (NSArray*)pinnedPublicKeys {
@@ -103,13 +130,13 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
 }
 
 - (void)setPinnedPublicKeys:(NSArray*)value {
-  heldCore<Core>(self)->pinnedPublicKeys.clear();
-  if (!isOf([NSArray class], value, "JXCoreConfiguration.pinnedPublicKeys")) return;
-  for (id key in value) {
-    const jx::JXString converted = toString(key, "JXCoreConfiguration.pinnedPublicKeys");
-    if (converted.isPresent())
-      heldCore<Core>(self)->pinnedPublicKeys.push_back(converted.toStdString());
-  }
+  if (!isNilOr([NSArray class], value, "JXCoreConfiguration.pinnedPublicKeys")) return;
+  std::vector<std::string> keys;
+  // An element that is not a string is kept as a key that matches none: without it, the list could
+  // be empty, which permits every key.
+  for (id key in value)
+    keys.push_back(toString(key, "JXCoreConfiguration.pinnedPublicKeys").toStdString());
+  heldCore<Core>(self)->pinnedPublicKeys = std::move(keys);
 }
 
 - (id<IJXCoreConfigurationDelegate>)delegate {
@@ -133,46 +160,11 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
   }
 }
 
-- (NSString*)storageFolder {
-  return toFoundation(heldCore<Core>(self)->storageFolder);
-}
-
-- (void)setStorageFolder:(NSString*)value {
-  heldCore<Core>(self)->storageFolder = toString(value, "JXCoreConfiguration.storageFolder");
-}
-
-- (NSString*)collectionHost {
-  return toFoundation(heldCore<Core>(self)->collectionHost);
-}
-
-- (void)setCollectionHost:(NSString*)value {
-  heldCore<Core>(self)->collectionHost = toString(value, "JXCoreConfiguration.collectionHost");
-}
-
-- (NSString*)caFile {
-  return toFoundation(heldCore<Core>(self)->caFile);
-}
-
-- (void)setCaFile:(NSString*)value {
-  heldCore<Core>(self)->caFile = toString(value, "JXCoreConfiguration.caFile");
-}
-
-- (NSString*)proxy {
-  return toFoundation(heldCore<Core>(self)->proxy);
-}
-
-- (void)setProxy:(NSString*)value {
-  heldCore<Core>(self)->proxy = toString(value, "JXCoreConfiguration.proxy");
-}
-
-- (NSString*)userAgent {
-  return toFoundation(heldCore<Core>(self)->userAgent);
-}
-
-- (void)setUserAgent:(NSString*)value {
-  heldCore<Core>(self)->userAgent = toString(value, "JXCoreConfiguration.userAgent");
-}
-
+JX_STRING_SETTING(storageFolder, setStorageFolder)
+JX_STRING_SETTING(collectionHost, setCollectionHost)
+JX_STRING_SETTING(caFile, setCaFile)
+JX_STRING_SETTING(proxy, setProxy)
+JX_STRING_SETTING(userAgent, setUserAgent)
 JX_SETTING(BOOL, storesOnlyWithConsent, setStoresOnlyWithConsent, storesOnlyWithConsent,
            static_cast<BOOL>, static_cast<bool>)
 JX_SETTING(BOOL, sendsQueueToCurrentHost, setSendsQueueToCurrentHost, sendsQueueToCurrentHost,

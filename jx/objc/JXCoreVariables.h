@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXCoreVariables : JXSingleton
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXCoreVariables*)sharedInstance JX_SWIFT_NAME("shared()");
 
 /// Returns the string of the key; nil when it is not set.
 - (nullable NSString*)getData:(nullable NSString*)key JX_SWIFT_NAME("data(_:)");

@@ -14,7 +14,7 @@ static constexpr char kPlace[] = "JXCoreVariables";
 
 @implementation JXCoreVariables
 
-+ (instancetype)sharedInstance {
++ (JXCoreVariables*)sharedInstance {
   static JXCoreVariables* const instance = [[JXCoreVariables alloc] init];
   return instance;
 }

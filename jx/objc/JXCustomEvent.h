@@ -15,6 +15,7 @@ JX_OBJC_CLASS
 - (instancetype)initWithName:(nullable NSString*)name JX_SWIFT_NAME("init(name:)");
 /// Unavailable, because an event of this class needs a name.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

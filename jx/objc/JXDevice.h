@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXDevice : JXAdditionalProperties
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXDevice*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Reads the values again. Properties that the application added to the "os" and "screen" objects
 /// are removed; other additional properties, the advertising values and the user agent are kept.
 /// Returns this object.

@@ -14,7 +14,7 @@ using namespace jx::objc;
   return unowned(Core::sharedInstance());
 }
 
-+ (instancetype)sharedInstance {
++ (JXDevice*)sharedInstance {
   static JXDevice* const instance = [[JXDevice alloc] init];
   return instance;
 }

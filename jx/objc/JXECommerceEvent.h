@@ -21,8 +21,8 @@ JX_OBJC_CLASS
 /// The event's list of items, initially empty; callers may append to it. Events of this class do
 /// not contain it.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<JXItem*>* items JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<JXItem*>* items JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setItems:(nullable NSArray<JXItem*>*)items JX_REFINED_FOR_SWIFT;
 
 @end

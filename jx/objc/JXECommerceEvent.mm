@@ -24,6 +24,7 @@ using namespace jx::objc;
 }
 
 - (void)setCurrency:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXECommerceEvent.currency")) return;
   coreOf<Core>(self).setCurrency(toString(value, "JXECommerceEvent.currency"));
 }
 
@@ -32,8 +33,7 @@ using namespace jx::objc;
 }
 
 - (void)setItems:(NSArray*)value {
-  coreOf<Core>(self).setItems({});
-  [fieldArray(self, coreOf<Core>(self).items(), "JXECommerceEvent.items") jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setItems, value, "JXECommerceEvent.items");
 }
 
 @end

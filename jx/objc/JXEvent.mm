@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXEvent.h"
 
+#include <string>
+
+#include "jx/core/JXLogger.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
 #import "jx/objc/JXItem.h"
@@ -12,6 +15,17 @@ using Core = jx::JXEvent;
 using namespace jx::objc;
 
 static constexpr char kParameter[] = "JXEvent: additional parameter";
+
+static NSDictionary* jsonOf(id block) {
+  @try {
+    if ([block respondsToSelector:@selector(getJsonObject)]) return [block getJsonObject];
+    isOf([JXItem class], block, "getItemListAsJson:");
+  } @catch (id thrown) {
+    jx::JXLogger::sharedInstance().logMessage_withLevel(
+        "getItemListAsJson: an item failed: " + reasonOf(thrown), 3);
+  }
+  return nil;
+}
 
 @implementation JXEvent
 
@@ -39,12 +53,9 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
   NSMutableArray* const objects = [NSMutableArray array];
   if (!isOf([NSArray class], blocks, "getItemListAsJson:")) return objects;
   for (id block in blocks) {
-    const bool hasJson = [block respondsToSelector:@selector(getJsonObject)];
-    const id object = hasJson ? [block getJsonObject] : nil;
     // A message is logged for a block of a wrong class.
-    if (object != nil || isOf([JXItem class], block, "getItemListAsJson:")) {
-      [objects addObject:object];
-    }
+    const id object = jsonOf(block);
+    if (object != nil) [objects addObject:object];
   }
   return objects;
 }
@@ -71,6 +82,7 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
 }
 
 - (void)setName:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXEvent.name")) return;
   coreOf<Core>(self).setName(toString(value, "JXEvent.name"));
 }
 
@@ -79,6 +91,7 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
 }
 
 - (void)setPageType:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXEvent.pageType")) return;
   coreOf<Core>(self).setPageType(toString(value, "JXEvent.pageType"));
 }
 
@@ -87,6 +100,7 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
 }
 
 - (void)setPageName:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXEvent.pageName")) return;
   coreOf<Core>(self).setPageName(toString(value, "JXEvent.pageName"));
 }
 

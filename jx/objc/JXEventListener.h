@@ -26,8 +26,9 @@ JX_OBJC_CLASS
 
 /// Creates a listener without a parent or names.
 - (instancetype)init;
-/// Sets the object to call. It is not retained: before it ends, it sets nil here or releases the
-/// listener, either of which waits for a call in progress on another thread.
+/// Sets the object to call, by one thread at a time. It is not retained: before it ends, it sets
+/// nil here or releases the listener, either of which waits for a call in progress on another
+/// thread.
 - (void)setParent:(nullable id<IJXEventListenerDelegate>)parent;
 /// Starts listening for notifications with the name. Nil, and a name that is already listened for,
 /// are ignored.

@@ -26,8 +26,8 @@ class ParentInObjectiveC final : public jx::IJXEventListenerDelegate {
       NSNotification* const converted = foundationOf(notification);
       @try {
         [parent_ onNotificationReceived:converted];
-      } @catch (NSException* exception) {
-        logObserverException([converted name], exception);
+      } @catch (id thrown) {
+        logObserverException([converted name], thrown);
       }
     }
   }

@@ -30,6 +30,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXGenerateLeadEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXGenerateLeadEvent.value"));
 }
 
@@ -38,6 +39,7 @@ using namespace jx::objc;
 }
 
 - (void)setCurrency:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXGenerateLeadEvent.currency")) return;
   coreOf<Core>(self).setCurrency(toString(value, "JXGenerateLeadEvent.currency"));
 }
 
@@ -46,6 +48,7 @@ using namespace jx::objc;
 }
 
 - (void)setID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXGenerateLeadEvent.ID")) return;
   coreOf<Core>(self).setID(toString(value, "JXGenerateLeadEvent.ID"));
 }
 

@@ -19,10 +19,9 @@ using namespace jx::objc;
                    withProduct:(JXProduct*)product
                   withQuantity:(int32_t)quantity {
   self = [self jx_initWithCore:Core::initWithItemId_withProduct_withQuantity(
-                                   toString(itemId, "JXItem.ID"),
-                                   sharedCore<jx::JXProduct>(product), quantity)];
+                                   toString(itemId, "JXItem.ID"), nullptr, quantity)];
   if (self == nil) return nil;
-  [self jx_setPart:product forField:@"JXItem.product"];
+  [self setProduct:product];
   return self;
 }
 
@@ -43,6 +42,7 @@ using namespace jx::objc;
 }
 
 - (void)setID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXItem.ID")) return;
   coreOf<Core>(self).setID(toString(value, "JXItem.ID"));
 }
 
@@ -51,7 +51,7 @@ using namespace jx::objc;
 }
 
 - (void)setProduct:(JXProduct*)value {
-  if (value != nil && !isOf([JXProduct class], value, "JXItem.product")) return;
+  if (!isNilOr([JXProduct class], value, "JXItem.product")) return;
   coreOf<Core>(self).setProduct(sharedCore<jx::JXProduct>(value));
   [self jx_setPart:value forField:@"JXItem.product"];
 }
@@ -61,6 +61,7 @@ using namespace jx::objc;
 }
 
 - (void)setVariant:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXItem.variant")) return;
   coreOf<Core>(self).setVariant(toString(value, "JXItem.variant"));
 }
 
@@ -69,6 +70,7 @@ using namespace jx::objc;
 }
 
 - (void)setList_position:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXItem.list_position")) return;
   coreOf<Core>(self).setList_position(toDecimal(value, "JXItem.list_position"));
 }
 
@@ -77,6 +79,7 @@ using namespace jx::objc;
 }
 
 - (void)setDiscount:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXItem.discount")) return;
   coreOf<Core>(self).setDiscount(toDecimal(value, "JXItem.discount"));
 }
 
@@ -85,6 +88,7 @@ using namespace jx::objc;
 }
 
 - (void)setQuantity:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXItem.quantity")) return;
   coreOf<Core>(self).setQuantity(toDecimal(value, "JXItem.quantity"));
 }
 
@@ -93,6 +97,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXItem.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXItem.coupon"));
 }
 
@@ -101,6 +106,7 @@ using namespace jx::objc;
 }
 
 - (void)setAffiliation:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXItem.affiliation")) return;
   coreOf<Core>(self).setAffiliation(toString(value, "JXItem.affiliation"));
 }
 

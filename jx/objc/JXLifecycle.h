@@ -11,7 +11,7 @@ JX_OBJC_CLASS
 @interface JXLifecycle : JXAdditionalProperties
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXLifecycle*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Copies the current variables to the properties.
 - (void)refreshContent;
 /// Returns a new dictionary with the current values: the additional properties, overridden by those

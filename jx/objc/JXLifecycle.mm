@@ -14,7 +14,7 @@ using namespace jx::objc;
   return unowned(Core::sharedInstance());
 }
 
-+ (instancetype)sharedInstance {
++ (JXLifecycle*)sharedInstance {
   static JXLifecycle* const instance = [[JXLifecycle alloc] init];
   return instance;
 }

@@ -9,7 +9,7 @@ JX_OBJC_CLASS
 @interface JXLogger : JXSingleton
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXLogger*)sharedInstance JX_SWIFT_NAME("shared()");
 
 /// Logs a message if the level is at most the configured one: 1 to 3 for errors and warnings, up to
 /// 6 for details. Nil is ignored.

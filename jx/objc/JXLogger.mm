@@ -10,7 +10,7 @@ using namespace jx::objc;
 
 @implementation JXLogger
 
-+ (instancetype)sharedInstance {
++ (JXLogger*)sharedInstance {
   static JXLogger* const instance = [[JXLogger alloc] init];
   return instance;
 }

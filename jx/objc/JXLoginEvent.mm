@@ -24,6 +24,7 @@ using namespace jx::objc;
 }
 
 - (void)setMethod:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXLoginEvent.method")) return;
   coreOf<Core>(self).setMethod(toString(value, "JXLoginEvent.method"));
 }
 

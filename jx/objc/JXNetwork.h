@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXNetwork : JXAdditionalProperties
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXNetwork*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Reads the type of the current connection from the system.
 - (void)refresh;
 /// Returns a new dictionary with the current values: the additional properties, overridden by those

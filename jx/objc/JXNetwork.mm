@@ -14,7 +14,7 @@ using namespace jx::objc;
   return unowned(Core::sharedInstance());
 }
 
-+ (instancetype)sharedInstance {
++ (JXNetwork*)sharedInstance {
   static JXNetwork* const instance = [[JXNetwork alloc] init];
   return instance;
 }

@@ -9,7 +9,7 @@ JX_OBJC_CLASS
 @interface JXNetworkManager : JXSingleton
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXNetworkManager*)sharedInstance JX_SWIFT_NAME("shared()");
 
 /// Sets the manager state, for an application without a ServerSide. 0: not set, requests are sent.
 /// 1: always enabled, stop requests are ignored. 2: disabled by default, requests are held until an

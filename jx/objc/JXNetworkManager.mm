@@ -12,7 +12,7 @@ using Core = jx::JXNetworkManager;
 
 @implementation JXNetworkManager
 
-+ (instancetype)sharedInstance {
++ (JXNetworkManager*)sharedInstance {
   static JXNetworkManager* const instance = [[JXNetworkManager alloc] init];
   return instance;
 }

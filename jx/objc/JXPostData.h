@@ -16,6 +16,7 @@ JX_OBJC_CLASS
                     withServerSideState:(int32_t)serverSideState
     JX_SWIFT_NAME("postParameters(_:serverSideState:)");
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

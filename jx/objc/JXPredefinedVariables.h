@@ -11,7 +11,7 @@ JX_OBJC_CLASS
 @interface JXPredefinedVariables : JXSingleton
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXPredefinedVariables*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Runs the start-up again: the store is replaced, counters and times are reset, and the persisted
 /// counters advance. Returns this object.
 - (instancetype)reinit;

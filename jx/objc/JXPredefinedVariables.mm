@@ -19,7 +19,7 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
 
 @implementation JXPredefinedVariables
 
-+ (instancetype)sharedInstance {
++ (JXPredefinedVariables*)sharedInstance {
   static JXPredefinedVariables* const instance = [[JXPredefinedVariables alloc] init];
   return instance;
 }

@@ -37,15 +37,15 @@ JX_OBJC_CLASS
 @property(nonatomic, copy, nullable) NSString* currency;
 /// The product's categories, initially empty; callers may append to the list.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<NSString*>* categories JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<NSString*>* categories JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setCategories:(nullable NSArray<NSString*>*)categories JX_REFINED_FOR_SWIFT;
 /// The brand.
 @property(nonatomic, copy, nullable) NSString* brand;
 /// The product's colors, initially empty; callers may append to the list.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<NSString*>* colors JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<NSString*>* colors JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setColors:(nullable NSArray<NSString*>*)colors JX_REFINED_FOR_SWIFT;
 /// The size, as a string.
 @property(nonatomic, copy, nullable) NSString* size;

@@ -41,6 +41,7 @@ using namespace jx::objc;
 }
 
 - (void)setID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXProduct.ID")) return;
   coreOf<Core>(self).setID(toString(value, "JXProduct.ID"));
 }
 
@@ -49,6 +50,7 @@ using namespace jx::objc;
 }
 
 - (void)setName:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXProduct.name")) return;
   coreOf<Core>(self).setName(toString(value, "JXProduct.name"));
 }
 
@@ -57,6 +59,7 @@ using namespace jx::objc;
 }
 
 - (void)setPrice:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXProduct.price")) return;
   coreOf<Core>(self).setPrice(toDecimal(value, "JXProduct.price"));
 }
 
@@ -65,6 +68,7 @@ using namespace jx::objc;
 }
 
 - (void)setCurrency:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXProduct.currency")) return;
   coreOf<Core>(self).setCurrency(toString(value, "JXProduct.currency"));
 }
 
@@ -73,8 +77,7 @@ using namespace jx::objc;
 }
 
 - (void)setCategories:(NSArray*)value {
-  coreOf<Core>(self).setCategories({});
-  [fieldArray(self, coreOf<Core>(self).categories(), "JXProduct.categories") jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setCategories, value, "JXProduct.categories");
 }
 
 - (NSString*)brand {
@@ -82,6 +85,7 @@ using namespace jx::objc;
 }
 
 - (void)setBrand:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXProduct.brand")) return;
   coreOf<Core>(self).setBrand(toString(value, "JXProduct.brand"));
 }
 
@@ -90,8 +94,7 @@ using namespace jx::objc;
 }
 
 - (void)setColors:(NSArray*)value {
-  coreOf<Core>(self).setColors({});
-  [fieldArray(self, coreOf<Core>(self).colors(), "JXProduct.colors") jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setColors, value, "JXProduct.colors");
 }
 
 - (NSString*)size {
@@ -99,6 +102,7 @@ using namespace jx::objc;
 }
 
 - (void)setSize:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXProduct.size")) return;
   coreOf<Core>(self).setSize(toString(value, "JXProduct.size"));
 }
 

@@ -34,7 +34,7 @@ using namespace jx::objc;
                   toString(paymentMethod, "JXPurchaseEvent.paymentMethod"),
                   toString(status, "JXPurchaseEvent.status"), {})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -47,6 +47,7 @@ using namespace jx::objc;
 }
 
 - (void)setID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.ID")) return;
   coreOf<Core>(self).setID(toString(value, "JXPurchaseEvent.ID"));
 }
 
@@ -55,6 +56,7 @@ using namespace jx::objc;
 }
 
 - (void)setRevenue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXPurchaseEvent.revenue")) return;
   coreOf<Core>(self).setRevenue(toDecimal(value, "JXPurchaseEvent.revenue"));
 }
 
@@ -63,6 +65,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXPurchaseEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXPurchaseEvent.value"));
 }
 
@@ -71,6 +74,7 @@ using namespace jx::objc;
 }
 
 - (void)setShippingAmount:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXPurchaseEvent.shippingAmount")) return;
   coreOf<Core>(self).setShippingAmount(toDecimal(value, "JXPurchaseEvent.shippingAmount"));
 }
 
@@ -79,6 +83,7 @@ using namespace jx::objc;
 }
 
 - (void)setTaxAmount:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXPurchaseEvent.taxAmount")) return;
   coreOf<Core>(self).setTaxAmount(toDecimal(value, "JXPurchaseEvent.taxAmount"));
 }
 
@@ -87,6 +92,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXPurchaseEvent.coupon"));
 }
 
@@ -95,6 +101,7 @@ using namespace jx::objc;
 }
 
 - (void)setType:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.type")) return;
   coreOf<Core>(self).setType(toString(value, "JXPurchaseEvent.type"));
 }
 
@@ -103,6 +110,7 @@ using namespace jx::objc;
 }
 
 - (void)setPaymentMethod:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.paymentMethod")) return;
   coreOf<Core>(self).setPaymentMethod(toString(value, "JXPurchaseEvent.paymentMethod"));
 }
 
@@ -111,6 +119,7 @@ using namespace jx::objc;
 }
 
 - (void)setStatus:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.status")) return;
   coreOf<Core>(self).setStatus(toString(value, "JXPurchaseEvent.status"));
 }
 
@@ -119,6 +128,7 @@ using namespace jx::objc;
 }
 
 - (void)setUrl:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXPurchaseEvent.url")) return;
   coreOf<Core>(self).setUrl(toString(value, "JXPurchaseEvent.url"));
 }
 

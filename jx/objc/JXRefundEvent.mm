@@ -42,7 +42,7 @@ using namespace jx::objc;
                                 toString(currency, "JXRefundEvent.currency"),
                                 toString(type, "JXRefundEvent.type"), {})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -55,6 +55,7 @@ using namespace jx::objc;
 }
 
 - (void)setID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXRefundEvent.ID")) return;
   coreOf<Core>(self).setID(toString(value, "JXRefundEvent.ID"));
 }
 
@@ -63,6 +64,7 @@ using namespace jx::objc;
 }
 
 - (void)setRevenue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXRefundEvent.revenue")) return;
   coreOf<Core>(self).setRevenue(toDecimal(value, "JXRefundEvent.revenue"));
 }
 
@@ -71,6 +73,7 @@ using namespace jx::objc;
 }
 
 - (void)setValue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXRefundEvent.value")) return;
   coreOf<Core>(self).setValue(toDecimal(value, "JXRefundEvent.value"));
 }
 
@@ -79,6 +82,7 @@ using namespace jx::objc;
 }
 
 - (void)setShippingAmount:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXRefundEvent.shippingAmount")) return;
   coreOf<Core>(self).setShippingAmount(toDecimal(value, "JXRefundEvent.shippingAmount"));
 }
 
@@ -87,6 +91,7 @@ using namespace jx::objc;
 }
 
 - (void)setTaxAmount:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXRefundEvent.taxAmount")) return;
   coreOf<Core>(self).setTaxAmount(toDecimal(value, "JXRefundEvent.taxAmount"));
 }
 
@@ -95,6 +100,7 @@ using namespace jx::objc;
 }
 
 - (void)setCoupon:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXRefundEvent.coupon")) return;
   coreOf<Core>(self).setCoupon(toString(value, "JXRefundEvent.coupon"));
 }
 
@@ -103,6 +109,7 @@ using namespace jx::objc;
 }
 
 - (void)setType:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXRefundEvent.type")) return;
   coreOf<Core>(self).setType(toString(value, "JXRefundEvent.type"));
 }
 
@@ -111,6 +118,7 @@ using namespace jx::objc;
 }
 
 - (void)setUrl:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXRefundEvent.url")) return;
   coreOf<Core>(self).setUrl(toString(value, "JXRefundEvent.url"));
 }
 

@@ -29,6 +29,7 @@ using namespace jx::objc;
 }
 
 - (void)setSearchTerm:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXSearchEvent.searchTerm")) return;
   coreOf<Core>(self).setSearchTerm(toString(value, "JXSearchEvent.searchTerm"));
 }
 

@@ -24,6 +24,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentType:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXSelectContentEvent.contentType")) return;
   coreOf<Core>(self).setContentType(toString(value, "JXSelectContentEvent.contentType"));
 }
 
@@ -32,6 +33,7 @@ using namespace jx::objc;
 }
 
 - (void)setItemID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXSelectContentEvent.itemID")) return;
   coreOf<Core>(self).setItemID(toString(value, "JXSelectContentEvent.itemID"));
 }
 

@@ -27,6 +27,7 @@ JX_OBJC_CLASS
                 forKey:(nullable NSString*)key
     intoPropertiesDict:(nullable NSMutableDictionary<NSString*, id>*)dict;
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

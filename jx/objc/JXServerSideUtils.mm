@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXServerSideUtils.h"
 
+#include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/facade/JXServerSideUtils.h"
 #import "jx/objc/JXEvent.h"
 #import "jx/objc/internal/JXConversion.h"
@@ -34,9 +35,10 @@ static jx::JXJsonObject entriesOf(id dict) {
 
 + (void)productToDict:(NSDictionary*)product into:(NSMutableDictionary*)target {
   if (!isOf([NSMutableDictionary class], target, kPlace)) return;
-  jx::JXJsonObject entries = entriesOf(target);
+  jx::JXJsonObject entries;
   Core::productToDict_into(entriesOf(product), entries);
-  [target setDictionary:toFoundation(entries)];
+  [target addEntriesFromDictionary:toFoundation(entries)];
+  [target removeObjectForKey:toFoundation(jx::JXString(jx::JXI_PRODUCT))];
 }
 
 + (void)setProperty:(id)value forKey:(NSString*)key intoPropertiesDict:(NSMutableDictionary*)dict {

@@ -12,7 +12,7 @@ JX_OBJC_CLASS
 @interface JXState : JXSingleton <IJXEventSenderDelegate>
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXState*)sharedInstance JX_SWIFT_NAME("shared()");
 
 /// Observes the system's notifications once more. Each transition is then posted once more often
 /// than before. Returns this object.
@@ -26,7 +26,7 @@ JX_OBJC_CLASS
 /// Calls `willEnterForeground:` with the object of the notification, then notifies the library.
 - (void)applicationWillEnterForeground:(nullable NSNotification*)notification;
 /// Called with the application object when the application has entered the background. Does
-/// nothing; subclasses override it.
+/// nothing; subclasses override it. An exception is logged.
 - (void)didEnterBackground:(nullable id)application;
 /// Called with the application object when the application enters the foreground. Does nothing;
 /// subclasses override it.

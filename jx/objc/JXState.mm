@@ -15,7 +15,7 @@ using namespace jx::objc;
 
 @implementation JXState
 
-+ (instancetype)sharedInstance {
++ (JXState*)sharedInstance {
   static JXState* const instance = [] {
     JXState* const created = [[JXState alloc] init];
     addObject(created, &Core::sharedInstance());
@@ -46,11 +46,19 @@ using namespace jx::objc;
 }
 
 - (void)jx_didEnterBackground:(NSNotification*)notification {
-  [self didEnterBackground:[notification object]];
+  @try {
+    [self didEnterBackground:[notification object]];
+  } @catch (id thrown) {
+    logObserverException(@"UIApplicationDidEnterBackgroundNotification", thrown);
+  }
 }
 
 - (void)jx_willEnterForeground:(NSNotification*)notification {
-  [self willEnterForeground:[notification object]];
+  @try {
+    [self willEnterForeground:[notification object]];
+  } @catch (id thrown) {
+    logObserverException(@"UIApplicationWillEnterForegroundNotification", thrown);
+  }
 }
 
 - (instancetype)reinit {
@@ -63,14 +71,14 @@ using namespace jx::objc;
 }
 
 - (void)applicationDidEnterBackground:(NSNotification*)notification {
-  if (notification != nil && !isOf([NSNotification class], notification, "JXState")) return;
-  [self didEnterBackground:[notification object]];
+  if (!isNilOr([NSNotification class], notification, "JXState")) return;
+  [self jx_didEnterBackground:notification];
   Core::sharedInstance().applicationDidEnterBackground({});
 }
 
 - (void)applicationWillEnterForeground:(NSNotification*)notification {
-  if (notification != nil && !isOf([NSNotification class], notification, "JXState")) return;
-  [self willEnterForeground:[notification object]];
+  if (!isNilOr([NSNotification class], notification, "JXState")) return;
+  [self jx_willEnterForeground:notification];
   Core::sharedInstance().applicationWillEnterForeground({});
 }
 
@@ -91,7 +99,7 @@ using namespace jx::objc;
 }
 
 - (void)setSenderDelegate:(JXEventSender*)value {
-  if (value != nil && !isOf([JXEventSender class], value, "JXState.senderDelegate")) return;
+  if (!isNilOr([JXEventSender class], value, "JXState.senderDelegate")) return;
   Core::sharedInstance().setSenderDelegate(coreSender(value));
 }
 

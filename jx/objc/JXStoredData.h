@@ -13,6 +13,7 @@ JX_OBJC_CLASS
 /// not be deleted; empty if nothing is left. May be called on any thread; blocks on disk I/O.
 + (NSArray<NSString*>*)eraseAll;
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

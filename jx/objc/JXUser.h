@@ -10,7 +10,7 @@ JX_OBJC_CLASS
 @interface JXUser : JXAdditionalProperties
 
 /// Returns the object of this process.
-+ (instancetype)sharedInstance JX_SWIFT_NAME("shared()");
++ (JXUser*)sharedInstance JX_SWIFT_NAME("shared()");
 /// Returns a new dictionary with the current values: the additional properties, overridden by those
 /// of the block.
 - (NSMutableDictionary<NSString*, id>*)getJsonObject JX_SWIFT_NAME("jsonObject()");

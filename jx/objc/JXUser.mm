@@ -14,7 +14,7 @@ using namespace jx::objc;
   return unowned(Core::sharedInstance());
 }
 
-+ (instancetype)sharedInstance {
++ (JXUser*)sharedInstance {
   static JXUser* const instance = [[JXUser alloc] init];
   return instance;
 }

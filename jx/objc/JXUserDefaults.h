@@ -13,6 +13,7 @@ JX_OBJC_CLASS
 /// Stores a value at once; nil removes the entry. A nil label is ignored.
 + (void)saveInfoToUserDefaults:(nullable NSString*)value forLabel:(nullable NSString*)label;
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

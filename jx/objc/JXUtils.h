@@ -17,7 +17,7 @@ JX_OBJC_CLASS
 + (void)setFloat:(nullable NSNumber*)value
           forKey:(nullable NSString*)key
           onDict:(nullable NSMutableDictionary<NSString*, id>*)dict;
-/// Writes the number that the string contains, without rounding. Another string counts as nil.
+/// Writes the number that the string contains, rounded to 38 digits. Another string counts as nil.
 + (void)setFloatFromString:(nullable NSString*)value
                     forKey:(nullable NSString*)key
                     onDict:(nullable NSMutableDictionary<NSString*, id>*)dict;
@@ -39,6 +39,7 @@ JX_OBJC_CLASS
 /// Returns the dictionary as compact JSON; nil for nil.
 + (nullable NSString*)jsonDictionaryToString:(nullable NSDictionary<NSString*, id>*)dictionary;
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 @end
 

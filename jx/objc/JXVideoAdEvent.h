@@ -18,6 +18,7 @@ JX_OBJC_CLASS
                 andSessionId:(nullable NSString*)sessionId JX_SWIFT_NAME("init(mode:sessionId:)");
 /// Unavailable, because an event of this class needs a mode.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 /// The type of the advertisement. A value outside the enumeration is stored but not written.
 @property(nonatomic) EJXAdType adType;

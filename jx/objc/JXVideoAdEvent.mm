@@ -46,6 +46,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdAssetID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoAdEvent.adAssetID")) return;
   coreOf<Core>(self).setAdAssetID(toString(value, "JXVideoAdEvent.adAssetID"));
 }
 
@@ -54,6 +55,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdPodID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoAdEvent.adPodID")) return;
   coreOf<Core>(self).setAdPodID(toString(value, "JXVideoAdEvent.adPodID"));
 }
 
@@ -62,6 +64,7 @@ using namespace jx::objc;
 }
 
 - (void)setPodPosition:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoAdEvent.podPosition")) return;
   coreOf<Core>(self).setPodPosition(toDecimal(value, "JXVideoAdEvent.podPosition"));
 }
 
@@ -70,6 +73,7 @@ using namespace jx::objc;
 }
 
 - (void)setPodLength:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoAdEvent.podLength")) return;
   coreOf<Core>(self).setPodLength(toDecimal(value, "JXVideoAdEvent.podLength"));
 }
 
@@ -78,6 +82,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdQuartile:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoAdEvent.adQuartile")) return;
   coreOf<Core>(self).setAdQuartile(toDecimal(value, "JXVideoAdEvent.adQuartile"));
 }
 

@@ -17,6 +17,7 @@ JX_OBJC_CLASS
                 andSessionId:(nullable NSString*)sessionId JX_SWIFT_NAME("init(mode:sessionId:)");
 /// Unavailable, because an event of this class needs a mode.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 /// True if the video is a full episode, not a part of it. Always written.
 @property(nonatomic) BOOL fullEpisode;
@@ -44,8 +45,8 @@ JX_OBJC_CLASS
 /// The event's keywords, initially an empty list; callers may append to it. A nil list is not
 /// written.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<id>* keywords JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<id>* keywords JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setKeywords:(nullable NSArray<id>*)keywords JX_REFINED_FOR_SWIFT;
 /// The bit rate, in the unit that the application uses for all events; written unchanged.
 @property(nonatomic, copy, nullable) NSDecimalNumber* bitrate JX_REFINED_FOR_SWIFT;

@@ -46,6 +46,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentPodID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.contentPodID")) return;
   coreOf<Core>(self).setContentPodID(toString(value, "JXVideoContentEvent.contentPodID"));
 }
 
@@ -54,6 +55,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoDescription:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.videoDescription")) return;
   coreOf<Core>(self).setVideoDescription(toString(value, "JXVideoContentEvent.videoDescription"));
 }
 
@@ -62,6 +64,7 @@ using namespace jx::objc;
 }
 
 - (void)setSeason:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.season")) return;
   coreOf<Core>(self).setSeason(toString(value, "JXVideoContentEvent.season"));
 }
 
@@ -70,6 +73,7 @@ using namespace jx::objc;
 }
 
 - (void)setEpisode:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.episode")) return;
   coreOf<Core>(self).setEpisode(toString(value, "JXVideoContentEvent.episode"));
 }
 
@@ -78,6 +82,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoCategory:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.videoCategory")) return;
   coreOf<Core>(self).setVideoCategory(toString(value, "JXVideoContentEvent.videoCategory"));
 }
 
@@ -86,6 +91,7 @@ using namespace jx::objc;
 }
 
 - (void)setProgram:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.program")) return;
   coreOf<Core>(self).setProgram(toString(value, "JXVideoContentEvent.program"));
 }
 
@@ -94,6 +100,7 @@ using namespace jx::objc;
 }
 
 - (void)setChannel:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.channel")) return;
   coreOf<Core>(self).setChannel(toString(value, "JXVideoContentEvent.channel"));
 }
 
@@ -102,6 +109,7 @@ using namespace jx::objc;
 }
 
 - (void)setAirDate:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.airDate")) return;
   coreOf<Core>(self).setAirDate(toString(value, "JXVideoContentEvent.airDate"));
 }
 
@@ -110,6 +118,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentAssetID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoContentEvent.contentAssetID")) return;
   coreOf<Core>(self).setContentAssetID(toString(value, "JXVideoContentEvent.contentAssetID"));
 }
 
@@ -118,9 +127,7 @@ using namespace jx::objc;
 }
 
 - (void)setKeywords:(NSArray*)value {
-  coreOf<Core>(self).setKeywords({});
-  [fieldArray(self, coreOf<Core>(self).keywords(), "JXVideoContentEvent.keywords")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setKeywords, value, "JXVideoContentEvent.keywords");
 }
 
 - (NSDecimalNumber*)bitrate {
@@ -128,6 +135,7 @@ using namespace jx::objc;
 }
 
 - (void)setBitrate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoContentEvent.bitrate")) return;
   coreOf<Core>(self).setBitrate(toDecimal(value, "JXVideoContentEvent.bitrate"));
 }
 
@@ -136,6 +144,7 @@ using namespace jx::objc;
 }
 
 - (void)setFramerate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoContentEvent.framerate")) return;
   coreOf<Core>(self).setFramerate(toDecimal(value, "JXVideoContentEvent.framerate"));
 }
 

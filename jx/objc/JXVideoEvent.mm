@@ -24,6 +24,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoSessionID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoEvent.videoSessionID")) return;
   coreOf<Core>(self).setVideoSessionID(toString(value, "JXVideoEvent.videoSessionID"));
 }
 
@@ -32,6 +33,7 @@ using namespace jx::objc;
 }
 
 - (void)setCursorPosition:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoEvent.cursorPosition")) return;
   coreOf<Core>(self).setCursorPosition(toDecimal(value, "JXVideoEvent.cursorPosition"));
 }
 
@@ -40,6 +42,7 @@ using namespace jx::objc;
 }
 
 - (void)setTotalLength:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoEvent.totalLength")) return;
   coreOf<Core>(self).setTotalLength(toDecimal(value, "JXVideoEvent.totalLength"));
 }
 
@@ -48,6 +51,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoTitle:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoEvent.videoTitle")) return;
   coreOf<Core>(self).setVideoTitle(toString(value, "JXVideoEvent.videoTitle"));
 }
 
@@ -56,6 +60,7 @@ using namespace jx::objc;
 }
 
 - (void)setPublisher:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoEvent.publisher")) return;
   coreOf<Core>(self).setPublisher(toString(value, "JXVideoEvent.publisher"));
 }
 

@@ -17,6 +17,7 @@ JX_OBJC_CLASS
                 andSessionId:(nullable NSString*)sessionId JX_SWIFT_NAME("init(mode:sessionId:)");
 /// Unavailable, because an event of this class needs a mode.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 /// True if the video fills the screen. Always written.
 @property(nonatomic) BOOL fullScreen;
@@ -27,23 +28,23 @@ JX_OBJC_CLASS
 /// The content assets of the playback, initially an empty list; callers may append to it. A nil
 /// list is not written.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<id>* contentAssetID JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<id>* contentAssetID JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setContentAssetID:(nullable NSArray<id>*)contentAssetID JX_REFINED_FOR_SWIFT;
 /// The content pods of the playback; same rules as `contentAssetID`.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<id>* contentPodID JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<id>* contentPodID JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setContentPodID:(nullable NSArray<id>*)contentPodID JX_REFINED_FOR_SWIFT;
 /// The advertisements of the playback; same rules as `contentAssetID`.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<id>* adAssetID JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<id>* adAssetID JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setAdAssetID:(nullable NSArray<id>*)adAssetID JX_REFINED_FOR_SWIFT;
 /// The ad breaks of the playback; same rules as `contentAssetID`.
 /// Changes of the array change the list.
-@property(nonatomic, readonly) NSMutableArray<id>* adPodID JX_REFINED_FOR_SWIFT;
-/// Replaces the elements of the list; nil removes all.
+@property(nonatomic, readonly, nullable) NSMutableArray<id>* adPodID JX_REFINED_FOR_SWIFT;
+/// Replaces the list by a copy; nil removes it.
 - (void)setAdPodID:(nullable NSArray<id>*)adPodID JX_REFINED_FOR_SWIFT;
 /// The type of the advertisement, a free-form string. The lower-case t is historic: the other video
 /// events have `adType`.

@@ -55,9 +55,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentAssetID:(NSArray*)value {
-  coreOf<Core>(self).setContentAssetID({});
-  [fieldArray(self, coreOf<Core>(self).contentAssetID(), "JXVideoPlaybackEvent.contentAssetID")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setContentAssetID, value, "JXVideoPlaybackEvent.contentAssetID");
 }
 
 - (NSMutableArray*)contentPodID {
@@ -65,9 +63,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentPodID:(NSArray*)value {
-  coreOf<Core>(self).setContentPodID({});
-  [fieldArray(self, coreOf<Core>(self).contentPodID(), "JXVideoPlaybackEvent.contentPodID")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setContentPodID, value, "JXVideoPlaybackEvent.contentPodID");
 }
 
 - (NSMutableArray*)adAssetID {
@@ -75,9 +71,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdAssetID:(NSArray*)value {
-  coreOf<Core>(self).setAdAssetID({});
-  [fieldArray(self, coreOf<Core>(self).adAssetID(), "JXVideoPlaybackEvent.adAssetID")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setAdAssetID, value, "JXVideoPlaybackEvent.adAssetID");
 }
 
 - (NSMutableArray*)adPodID {
@@ -85,9 +79,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdPodID:(NSArray*)value {
-  coreOf<Core>(self).setAdPodID({});
-  [fieldArray(self, coreOf<Core>(self).adPodID(), "JXVideoPlaybackEvent.adPodID")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setAdPodID, value, "JXVideoPlaybackEvent.adPodID");
 }
 
 - (NSString*)adtype {
@@ -95,6 +87,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdtype:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoPlaybackEvent.adtype")) return;
   coreOf<Core>(self).setAdtype(toString(value, "JXVideoPlaybackEvent.adtype"));
 }
 
@@ -103,6 +96,7 @@ using namespace jx::objc;
 }
 
 - (void)setSeekPosition:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoPlaybackEvent.seekPosition")) return;
   coreOf<Core>(self).setSeekPosition(toDecimal(value, "JXVideoPlaybackEvent.seekPosition"));
 }
 
@@ -111,6 +105,7 @@ using namespace jx::objc;
 }
 
 - (void)setBitrate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoPlaybackEvent.bitrate")) return;
   coreOf<Core>(self).setBitrate(toDecimal(value, "JXVideoPlaybackEvent.bitrate"));
 }
 
@@ -119,6 +114,7 @@ using namespace jx::objc;
 }
 
 - (void)setFramerate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoPlaybackEvent.framerate")) return;
   coreOf<Core>(self).setFramerate(toDecimal(value, "JXVideoPlaybackEvent.framerate"));
 }
 
@@ -127,6 +123,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoPlayer:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoPlaybackEvent.videoPlayer")) return;
   coreOf<Core>(self).setVideoPlayer(toString(value, "JXVideoPlaybackEvent.videoPlayer"));
 }
 
@@ -135,6 +132,7 @@ using namespace jx::objc;
 }
 
 - (void)setSound:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoPlaybackEvent.sound")) return;
   coreOf<Core>(self).setSound(toDecimal(value, "JXVideoPlaybackEvent.sound"));
 }
 
@@ -143,6 +141,7 @@ using namespace jx::objc;
 }
 
 - (void)setImageQuality:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoPlaybackEvent.imageQuality")) return;
   coreOf<Core>(self).setImageQuality(toString(value, "JXVideoPlaybackEvent.imageQuality"));
 }
 
@@ -151,6 +150,7 @@ using namespace jx::objc;
 }
 
 - (void)setInterruptionMethod:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoPlaybackEvent.interruptionMethod")) return;
   coreOf<Core>(self).setInterruptionMethod(
       toString(value, "JXVideoPlaybackEvent.interruptionMethod"));
 }
@@ -160,6 +160,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoCategory:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoPlaybackEvent.videoCategory")) return;
   coreOf<Core>(self).setVideoCategory(toString(value, "JXVideoPlaybackEvent.videoCategory"));
 }
 

@@ -62,6 +62,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentPodID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.contentPodID")) return;
   coreOf<Core>(self).setContentPodID(toString(value, "JXVideoSettingEvent.contentPodID"));
 }
 
@@ -70,6 +71,7 @@ using namespace jx::objc;
 }
 
 - (void)setContentAssetID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.contentAssetID")) return;
   coreOf<Core>(self).setContentAssetID(toString(value, "JXVideoSettingEvent.contentAssetID"));
 }
 
@@ -78,6 +80,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdAssetID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.adAssetID")) return;
   coreOf<Core>(self).setAdAssetID(toString(value, "JXVideoSettingEvent.adAssetID"));
 }
 
@@ -86,6 +89,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdPodID:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.adPodID")) return;
   coreOf<Core>(self).setAdPodID(toString(value, "JXVideoSettingEvent.adPodID"));
 }
 
@@ -94,6 +98,7 @@ using namespace jx::objc;
 }
 
 - (void)setAdType:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.adType")) return;
   coreOf<Core>(self).setAdType(toString(value, "JXVideoSettingEvent.adType"));
 }
 
@@ -102,6 +107,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoDescription:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.videoDescription")) return;
   coreOf<Core>(self).setVideoDescription(toString(value, "JXVideoSettingEvent.videoDescription"));
 }
 
@@ -110,9 +116,7 @@ using namespace jx::objc;
 }
 
 - (void)setKeywords:(NSArray*)value {
-  coreOf<Core>(self).setKeywords({});
-  [fieldArray(self, coreOf<Core>(self).keywords(), "JXVideoSettingEvent.keywords")
-      jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setKeywords, value, "JXVideoSettingEvent.keywords");
 }
 
 - (NSString*)season {
@@ -120,6 +124,7 @@ using namespace jx::objc;
 }
 
 - (void)setSeason:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.season")) return;
   coreOf<Core>(self).setSeason(toString(value, "JXVideoSettingEvent.season"));
 }
 
@@ -128,6 +133,7 @@ using namespace jx::objc;
 }
 
 - (void)setEpisode:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.episode")) return;
   coreOf<Core>(self).setEpisode(toString(value, "JXVideoSettingEvent.episode"));
 }
 
@@ -136,6 +142,7 @@ using namespace jx::objc;
 }
 
 - (void)setVideoCategory:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.videoCategory")) return;
   coreOf<Core>(self).setVideoCategory(toString(value, "JXVideoSettingEvent.videoCategory"));
 }
 
@@ -144,6 +151,7 @@ using namespace jx::objc;
 }
 
 - (void)setProgram:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.program")) return;
   coreOf<Core>(self).setProgram(toString(value, "JXVideoSettingEvent.program"));
 }
 
@@ -152,6 +160,7 @@ using namespace jx::objc;
 }
 
 - (void)setChannel:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.channel")) return;
   coreOf<Core>(self).setChannel(toString(value, "JXVideoSettingEvent.channel"));
 }
 
@@ -160,6 +169,7 @@ using namespace jx::objc;
 }
 
 - (void)setAirdate:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.airdate")) return;
   coreOf<Core>(self).setAirdate(toString(value, "JXVideoSettingEvent.airdate"));
 }
 
@@ -168,6 +178,7 @@ using namespace jx::objc;
 }
 
 - (void)setBitrate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoSettingEvent.bitrate")) return;
   coreOf<Core>(self).setBitrate(toDecimal(value, "JXVideoSettingEvent.bitrate"));
 }
 
@@ -176,6 +187,7 @@ using namespace jx::objc;
 }
 
 - (void)setFramerate:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoSettingEvent.framerate")) return;
   coreOf<Core>(self).setFramerate(toDecimal(value, "JXVideoSettingEvent.framerate"));
 }
 
@@ -184,6 +196,7 @@ using namespace jx::objc;
 }
 
 - (void)setSound:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXVideoSettingEvent.sound")) return;
   coreOf<Core>(self).setSound(toDecimal(value, "JXVideoSettingEvent.sound"));
 }
 
@@ -192,6 +205,7 @@ using namespace jx::objc;
 }
 
 - (void)setImageQuality:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXVideoSettingEvent.imageQuality")) return;
   coreOf<Core>(self).setImageQuality(toString(value, "JXVideoSettingEvent.imageQuality"));
 }
 

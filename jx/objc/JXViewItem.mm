@@ -18,7 +18,7 @@ using namespace jx::objc;
 - (instancetype)initWithItems:(NSArray<JXItem*>*)items {
   self = [self jx_initWithCore:Core::initWithItems({})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -31,6 +31,7 @@ using namespace jx::objc;
 }
 
 - (void)setRevenue:(NSDecimalNumber*)value {
+  if (!isNilOr([NSNumber class], value, "JXViewItem.revenue")) return;
   coreOf<Core>(self).setRevenue(toDecimal(value, "JXViewItem.revenue"));
 }
 

@@ -18,7 +18,7 @@ using namespace jx::objc;
 - (instancetype)initWithItems:(NSArray<JXItem*>*)items {
   self = [self jx_initWithCore:Core::initWithItems({})];
   if (self == nil) return nil;
-  [self setItems:items];
+  if (items != nil) [self setItems:items];
   return self;
 }
 
@@ -31,6 +31,7 @@ using namespace jx::objc;
 }
 
 - (void)setItemListName:(NSString*)value {
+  if (!isNilOr([NSString class], value, "JXViewItemListEvent.itemListName")) return;
   coreOf<Core>(self).setItemListName(toString(value, "JXViewItemListEvent.itemListName"));
 }
 
@@ -39,8 +40,7 @@ using namespace jx::objc;
 }
 
 - (void)setItems:(NSArray*)value {
-  coreOf<Core>(self).setItems({});
-  [fieldArray(self, coreOf<Core>(self).items(), "JXViewItemListEvent.items") jx_appendAll:value];
+  setFieldArray<Core>(self, &Core::setItems, value, "JXViewItemListEvent.items");
 }
 
 @end

@@ -38,7 +38,7 @@ typedef NS_ENUM(int32_t, EJXDefaultBehaviour) {
 JX_OBJC_CLASS
 @interface ServerSide : JXObject <IJXEventSenderDelegate, IJXEventListenerDelegate> {
  @private
-  id _Nullable _listener;  // The listener that was set.
+  id _Nullable _listener;  // The listener that was set or returned.
 }
 
 /// Uses the default behaviour and no Firebase instance. `siteID` is the site ID of the application,
@@ -74,6 +74,7 @@ JX_OBJC_CLASS
     JX_SWIFT_NAME("init(siteID:sourceKey:notificationCenter:defaultBehaviour:firebaseInstance:)");
 /// Unavailable, because an object needs a site ID and a source key.
 - (instancetype)init JX_OBJC_UNAVAILABLE;
++ (instancetype)new JX_OBJC_UNAVAILABLE;
 
 /// Queues an event for delivery. The event is stored before this returns and survives a killed
 /// process. Adds the permanent data to the event object itself. Does nothing while disabled. Nil

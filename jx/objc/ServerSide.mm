@@ -118,7 +118,7 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
 
 - (void)execute:(JXEvent*)event {
   @autoreleasepool {
-    if (event != nil && !jx::objc::isOf([JXEvent class], event, "execute:")) return;
+    if (!jx::objc::isNilOr([JXEvent class], event, "execute:")) return;
     heldCore<Core>(self)->execute(jx::objc::executableEvent(event));
   }
 }
@@ -211,6 +211,7 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
 }
 
 - (void)setUrl:(NSString*)value {
+  if (!jx::objc::isNilOr([NSString class], value, "ServerSide.url")) return;
   heldCore<Core>(self)->setUrl(toString(value, "ServerSide.url"));
 }
 
@@ -219,7 +220,7 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
 }
 
 - (void)setPermanentStore:(JXDynamicStore*)value {
-  if (value != nil && !jx::objc::isOf([JXDynamicStore class], value, kPermanentData)) return;
+  if (!jx::objc::isNilOr([JXDynamicStore class], value, kPermanentData)) return;
   heldCore<Core>(self)->setPermanentStore(jx::objc::coreStore(value));
 }
 
@@ -228,26 +229,37 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
 }
 
 - (void)setSenderDelegate:(JXEventSender*)value {
-  if (value != nil && !jx::objc::isOf([JXEventSender class], value, "senderDelegate")) return;
+  if (!jx::objc::isNilOr([JXEventSender class], value, "senderDelegate")) return;
   heldCore<Core>(self)->setSenderDelegate(jx::objc::coreSender(value));
 }
 
 - (JXEventListener*)listenerDelegate {
+  // The same object each time, because a listener stops calling a parent that it was given when it
+  // ends.
+  const std::shared_ptr<jx::JXEventListener> core = heldCore<Core>(self)->listenerDelegate();
+  id previous = nil;
+  JXEventListener* current = nil;
   @synchronized(self) {
-    if (_listener != nil) return JX_AUTORELEASE(JX_RETAIN(_listener));
+    if (_listener == nil || jx::objc::coreListener(_listener) != core) {
+      previous = _listener;
+      _listener = JX_RETAIN(jx::objc::listenerOf(core));
+    }
+    current = JX_AUTORELEASE(JX_RETAIN(_listener));
   }
-  return jx::objc::listenerOf(heldCore<Core>(self)->listenerDelegate());
+  JX_RELEASE(previous);
+  return current;
 }
 
 - (void)setListenerDelegate:(JXEventListener*)value {
-  if (value != nil && !jx::objc::isOf([JXEventListener class], value, "listenerDelegate")) return;
+  if (!jx::objc::isNilOr([JXEventListener class], value, "listenerDelegate")) return;
+  // Without the lock, because this and the release wait for a call in progress, which may use this
+  // object.
+  heldCore<Core>(self)->setListenerDelegate(jx::objc::coreListener(value));
   id previous = nil;
   @synchronized(self) {
     previous = _listener;
     _listener = JX_RETAIN(value);
   }
-  // Without the lock, because both wait for a call in progress, which may use this object.
-  heldCore<Core>(self)->setListenerDelegate(jx::objc::coreListener(value));
   JX_RELEASE(previous);
 }
 

@@ -7,7 +7,7 @@ import JXServerSideObjC
 extension JXECommerceEvent {
   /// The event's list of items, initially empty; callers may append to it. Omits null elements.
   public var items: [JXItem] {
-    get { __items.compactMap { $0 as? JXItem } }
+    get { (__items ?? []).compactMap { $0 as? JXItem } }
     set { __setItems(newValue) }
   }
 }
@@ -56,13 +56,13 @@ extension JXProduct {
   /// The product's categories, initially empty; callers may append to the list. Omits null
   /// elements.
   public var categories: [String] {
-    get { __categories.compactMap { $0 as? String } }
+    get { (__categories ?? []).compactMap { $0 as? String } }
     set { __setCategories(newValue) }
   }
 
   /// The product's colors, initially empty; callers may append to the list. Omits null elements.
   public var colors: [String] {
-    get { __colors.compactMap { $0 as? String } }
+    get { (__colors ?? []).compactMap { $0 as? String } }
     set { __setColors(newValue) }
   }
 

@@ -25,7 +25,7 @@ extension JXGenerateLeadEvent {
 extension JXSelectItemEvent {
   /// The event's list of items, initially empty; callers may append to it. Omits null elements.
   public var items: [JXItem] {
-    get { __items.compactMap { $0 as? JXItem } }
+    get { (__items ?? []).compactMap { $0 as? JXItem } }
     set { __setItems(newValue) }
   }
 }
@@ -33,7 +33,7 @@ extension JXSelectItemEvent {
 extension JXViewItemListEvent {
   /// The event's list of items, initially empty; callers may append to it. Omits null elements.
   public var items: [JXItem] {
-    get { __items.compactMap { $0 as? JXItem } }
+    get { (__items ?? []).compactMap { $0 as? JXItem } }
     set { __setItems(newValue) }
   }
 }

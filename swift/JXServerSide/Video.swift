@@ -8,25 +8,25 @@ extension JXVideoPlaybackEvent {
   /// The content assets of the playback, initially an empty list; callers may append to it. A nil
   /// list is not written.
   public var contentAssetID: [Any] {
-    get { Array(__contentAssetID) }
+    get { Array(__contentAssetID ?? []) }
     set { __setContentAssetID(newValue) }
   }
 
   /// The content pods of the playback; same rules as `contentAssetID`.
   public var contentPodID: [Any] {
-    get { Array(__contentPodID) }
+    get { Array(__contentPodID ?? []) }
     set { __setContentPodID(newValue) }
   }
 
   /// The advertisements of the playback; same rules as `contentAssetID`.
   public var adAssetID: [Any] {
-    get { Array(__adAssetID) }
+    get { Array(__adAssetID ?? []) }
     set { __setAdAssetID(newValue) }
   }
 
   /// The ad breaks of the playback; same rules as `contentAssetID`.
   public var adPodID: [Any] {
-    get { Array(__adPodID) }
+    get { Array(__adPodID ?? []) }
     set { __setAdPodID(newValue) }
   }
 
@@ -79,7 +79,7 @@ extension JXVideoContentEvent {
   /// The event's keywords, initially an empty list; callers may append to it. A nil list is not
   /// written.
   public var keywords: [Any] {
-    get { Array(__keywords) }
+    get { Array(__keywords ?? []) }
     set { __setKeywords(newValue) }
   }
 
@@ -100,7 +100,7 @@ extension JXVideoSettingEvent {
   /// The event's keywords, initially an empty list; callers may append to it. A nil list is not
   /// written.
   public var keywords: [Any] {
-    get { Array(__keywords) }
+    get { Array(__keywords ?? []) }
     set { __setKeywords(newValue) }
   }
 

@@ -64,11 +64,42 @@ class ObjectiveCBadInput : public test::ObjectiveCTest {
   static bool isObject(const JXFieldInfo& field) {
     return field.kind != JXFieldKind::Boolean && field.kind != JXFieldKind::Enumeration;
   }
+  static id validValue(const JXFieldInfo& field) {
+    switch (field.kind) {
+      case JXFieldKind::Number:
+        return decimal(@"1.5");
+      case JXFieldKind::Product:
+        return [[[::JXProduct alloc] init] autorelease];
+      case JXFieldKind::Items:
+        return [NSArray arrayWithObject:[[[::JXItem alloc] init] autorelease]];
+      case JXFieldKind::Strings:
+      case JXFieldKind::NumberedStrings:
+      case JXFieldKind::Values:
+        return [NSArray arrayWithObject:@"a"];
+      default:
+        return @"a";
+    }
+  }
   static bool isList(const JXFieldInfo& field) {
     return field.kind == JXFieldKind::Strings || field.kind == JXFieldKind::NumberedStrings ||
            field.kind == JXFieldKind::Values || field.kind == JXFieldKind::Items;
   }
 };
+
+TEST_F(ObjectiveCBadInput, AnItemIgnoresAProductOfAnotherClass) {
+  start();
+  for (const id product : {static_cast<id>(@"film"), static_cast<id>([NSNull null]),
+                           static_cast<id>([[[::JXPurchaseEvent alloc] init] autorelease])}) {
+    forgetLines();
+    ::JXItem* const item = [[[::JXItem alloc] initWithItemId:@"1"
+                                                 withProduct:product
+                                                withQuantity:1] autorelease];
+    EXPECT_EQ(item.product, nil);
+    EXPECT_EQ(text(item.ID), "1");
+    EXPECT_EQ([[item getJsonObject] objectForKey:@"product"], nil);
+    EXPECT_EQ(linesUpTo(3).size(), 1u);
+  }
+}
 
 TEST_F(ObjectiveCBadInput, EveryFieldAcceptsNil) {
   start();
@@ -79,8 +110,7 @@ TEST_F(ObjectiveCBadInput, EveryFieldAcceptsNil) {
     forgetLines();
     [object setValue:nil forKey:name];
     EXPECT_TRUE(linesUpTo(3).empty()) << field.property;
-    const id value = [object valueForKey:name];
-    EXPECT_TRUE(isList(field) ? [value count] == 0 : value == nil) << field.property;
+    EXPECT_EQ([object valueForKey:name], nil) << field.property;
     ++fields;
   });
   EXPECT_GT(fields, 200);
@@ -91,13 +121,15 @@ TEST_F(ObjectiveCBadInput, EveryFieldLogsAndIgnoresAWrongClass) {
   forEachField([&](id object, const JXFieldInfo& field) {
     if (!isObject(field)) return;
     NSString* const name = toFoundation(JXString(field.property));
+    [object setValue:validValue(field) forKey:name];
     const id before = [object valueForKey:name];
+    ASSERT_NE(before, nil) << field.property;
     forgetLines();
     [object setValue:[NSDate date] forKey:name];
     EXPECT_EQ(linesUpTo(3).size(), 1u) << field.property;
     const id after = [object valueForKey:name];
-    EXPECT_TRUE(isList(field) ? [after count] == 0 : after == nil || after == before)
-        << field.property;
+    EXPECT_TRUE([after isEqual:before]) << field.property;
+    EXPECT_TRUE(!isList(field) || [after count] == 1) << field.property;
   });
 }
 

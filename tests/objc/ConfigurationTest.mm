@@ -36,6 +36,7 @@
             reason:(NSString*)reason {
   [_messages
       addObject:[NSString stringWithFormat:@"%d %@ %d %@", outcome, eventId, status, reason]];
+  if (_raises) [NSException raise:NSGenericException format:@"full"];
 }
 @end
 
@@ -126,12 +127,16 @@ TEST_F(ObjectiveCConfiguration, ChangesNothingOnceTheLibraryHasStarted) {
   EXPECT_NE(jx::JXCoreConfiguration::current().collectionHost, JXString("other.example.com"));
 }
 
-TEST_F(ObjectiveCConfiguration, IgnoresKeysThatAreNotStrings) {
+TEST_F(ObjectiveCConfiguration, AKeyThatIsNotAStringDoesNotPermitEveryKey) {
   start();
   ::JXCoreConfiguration* const settings = make<::JXCoreConfiguration>();
-  settings.pinnedPublicKeys = [NSArray arrayWithObjects:@"k1", static_cast<id>([NSNull null]), nil];
-  EXPECT_TRUE([settings.pinnedPublicKeys isEqual:[NSArray arrayWithObject:@"k1"]]);
+  settings.pinnedPublicKeys = [NSArray arrayWithObject:static_cast<id>([NSNull null])];
+  EXPECT_TRUE([settings.pinnedPublicKeys isEqual:[NSArray arrayWithObject:@""]]);
   EXPECT_EQ(linesUpTo(3).size(), 1u);
+  settings.pinnedPublicKeys = [NSArray arrayWithObject:@"k1"];
+  settings.pinnedPublicKeys = static_cast<id>(@"k2");
+  EXPECT_TRUE([settings.pinnedPublicKeys isEqual:[NSArray arrayWithObject:@"k1"]]);
+  EXPECT_EQ(linesUpTo(3).size(), 2u);
   settings.pinnedPublicKeys = nil;
   EXPECT_EQ([settings.pinnedPublicKeys count], 0u);
 }
@@ -143,6 +148,7 @@ TEST_F(ObjectiveCConfiguration, PassesMessagesAndOutcomesToTheDelegate) {
     settings.delegate = delegate;
     EXPECT_EQ(settings.delegate, delegate);
     EXPECT_TRUE([::JXCoreConfiguration set:settings]);
+    EXPECT_EQ(make<::JXCoreConfiguration>().delegate, delegate);
   }
   const jx::JXCoreConfiguration core = jx::JXCoreConfiguration::current();
   core.logSink(3, "a message");
@@ -155,6 +161,10 @@ TEST_F(ObjectiveCConfiguration, PassesMessagesAndOutcomesToTheDelegate) {
   delegate->_raises = YES;
   core.logSink(1, "another");
   EXPECT_EQ([delegate->_messages count], 4u);
+  forgetLines();
+  core.onDelivery({jx::JXDeliveryOutcome::Rejected, "id2", 400, "bad", jx::JXDropReason::None});
+  EXPECT_TRUE([[delegate->_messages lastObject]
+      isEqual:@"3 onDelivery:eventId:status:reason: failed: full"]);
 }
 
 TEST_F(ObjectiveCConfiguration, ADelegateWithoutTheMethodsReceivesNothing) {

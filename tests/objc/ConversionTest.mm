@@ -73,7 +73,9 @@ TEST_F(Conversion, KeepsNumbersExactly) {
 TEST_F(Conversion, ReturnsNumbersExactly) {
   for (const char* const digits :
        {"0", "-1", "0.1", "12345678901234567890123456789012345678",
-        "-0.00000000000000000000000000000000000001", "99999999999999999999999999999999999999"}) {
+        "-0.00000000000000000000000000000000000001", "99999999999999999999999999999999999999",
+        "-123000000000000000000000000000000000000000",
+        "0.0000000000000000000000000000000000000000000000000123"}) {
     NSDecimalNumber* const number = toFoundation(std::optional(JXDecimal::fromString(digits)));
     EXPECT_EQ(digitsOf(number), digits);
   }
@@ -150,16 +152,45 @@ TEST_F(Conversion, IgnoresEntriesThatJsonDoesNotHave) {
 
 TEST_F(Conversion, IgnoresWhatIsNestedTooDeeply) {
   start();
-  NSMutableArray* const cycle = [NSMutableArray array];
-  const id itself = cycle;
-  [cycle addObject:itself];
-  JXJsonArray array = toJsonArray(cycle, kPlace);
+  NSMutableArray* nested = [NSMutableArray array];
+  for (int level = 1; level < 1'500; ++level)
+    nested = [NSMutableArray arrayWithObject:nested];
+  JXJsonArray array = toJsonArray(nested, kPlace);
   int depth = 0;
   for (; array.isPresent(); ++depth)
     array = array.at(0).array();
-  EXPECT_EQ(depth, 1'001);
-  EXPECT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_EQ(depth, 1'000);
+  EXPECT_EQ(count({3, "place: nested more deeply than 1,000 levels; ignored"}), 1u);
+}
+
+TEST_F(Conversion, IgnoresWhatContainsItself) {
+  start();
+  NSMutableArray* const cycle = [NSMutableArray array];
+  const id itself = cycle;
+  [cycle addObject:itself];
+  [cycle addObject:[NSDictionary dictionaryWithObject:itself forKey:@"a"]];
+  [cycle addObject:@"b"];
+  const JXJsonArray array = toJsonArray(cycle, kPlace);
+  EXPECT_EQ(array.at(array.size() - 1).string(), JXString("b"));
+  EXPECT_EQ(count({3, "place: contains itself; ignored"}), 2u);
   [cycle removeAllObjects];
+  // The same object twice, but not inside itself.
+  NSArray* const twice = [NSArray arrayWithObjects:itself, itself, nil];
+  EXPECT_EQ(toJsonArray(twice, kPlace).size(), 2u);
+  EXPECT_EQ(linesUpTo(3).size(), 2u);
+}
+
+TEST_F(Conversion, ReturnsNumbersThatFoundationCannotHoldAsTheNearest) {
+  const std::string large = "1" + std::string(200, '0');
+  const id number = toFoundation(JXJsonValue::numberFromString(large));
+  EXPECT_EQ([number doubleValue], 1e200);
+  const std::string small = "0." + std::string(300, '0') + "1";
+  EXPECT_EQ([toFoundation(JXJsonValue::numberFromString(small)) doubleValue], 1e-301);
+  const std::string fortyDigits = "1234567890123456789012345678901234567850";
+  EXPECT_EQ(digitsOf(toFoundation(JXJsonValue::numberFromString(fortyDigits))),
+            "1234567890123456789012345678901234567900");
+  const std::string larger = "1" + std::string(400, '0');
+  EXPECT_EQ(toFoundation(JXJsonValue::numberFromString(larger)), [NSNull null]);
 }
 
 }  // namespace

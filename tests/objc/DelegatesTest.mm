@@ -1,5 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#include "jx/core/JXCoreConstants.h"
 #import "tests/objc/NotificationTest.h"
 
 namespace jx::objc {
@@ -120,6 +121,36 @@ TEST_F(ObjectiveCDelegates, ReplacesTheSender) {
   EXPECT_TRUE([serverSide.senderDelegate isEqual:sender]);
   executeQuiz(serverSide);
   EXPECT_EQ(requests().size(), 1u);
+}
+
+TEST_F(ObjectiveCDelegates, TheListenerKeepsAParentThatIsSetLater) {
+  ::ServerSide* const serverSide = create();
+  NotificationRecorder* const parent = make<NotificationRecorder>();
+  @autoreleasepool {
+    EXPECT_EQ(serverSide.listenerDelegate, serverSide.listenerDelegate);
+    [serverSide.listenerDelegate setParent:parent];
+  }
+  post(::kJXNotification_StoppingTheServerSide);
+  EXPECT_EQ([parent->_received count], 1u);
+  EXPECT_EQ(serverSide.serverSideState, ::EJXServerSideState_ENABLED);
+  [serverSide.listenerDelegate setParent:serverSide];
+  post(::kJXNotification_StoppingTheServerSide);
+  EXPECT_EQ([parent->_received count], 1u);
+  EXPECT_EQ(serverSide.serverSideState, ::EJXServerSideState_DISABLED);
+}
+
+TEST_F(ObjectiveCDelegates, AListenerDoesNotRepeatTheNotificationsOfTheSystem) {
+  create();
+  int transitions = 0;
+  jx::JXNotificationCenter::defaultCenter()->addObserver(
+      &transitions, jx::kJXNotification_OnBackground,
+      [&](const JXNotification&) { ++transitions; });
+  ::JXEventListener* const listener = make<::JXEventListener>();
+  [listener listen:@"UIApplicationDidEnterBackgroundNotification"];
+  // The platform passes it to the library; here, there is none for UIKit.
+  post(@"UIApplicationDidEnterBackgroundNotification");
+  EXPECT_EQ(transitions, 0);
+  jx::JXNotificationCenter::defaultCenter()->removeObserver(&transitions);
 }
 
 TEST_F(ObjectiveCDelegates, ReplacesTheListener) {

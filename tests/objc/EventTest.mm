@@ -8,8 +8,27 @@
 #import "jx/objc/JXProduct.h"
 #import "jx/objc/JXPurchaseEvent.h"
 #import "jx/objc/JXVideoContentEvent.h"
+#import "jx/objc/JXVideoPlaybackEvent.h"
 #import "jx/objc/internal/JXCoreObject.h"
 #import "tests/objc/ObjectiveCTest.h"
+
+@interface NilItem : JXItem
+@end
+
+@implementation NilItem
+- (NSMutableDictionary*)getJsonObject {
+  return nil;
+}
+@end
+
+@interface FailingItem : JXItem
+@end
+
+@implementation FailingItem
+- (NSMutableDictionary*)getJsonObject {
+  @throw @"no price";
+}
+@end
 
 namespace jx::objc {
 namespace {
@@ -91,6 +110,45 @@ TEST_F(ObjectiveCEvent, CopiesMutableStringsAndArrays) {
   [coupon setString:@"WINTER"];
   EXPECT_EQ([event.items count], 1u);
   EXPECT_EQ(text(event.coupon), "SUMMER");
+}
+
+TEST_F(ObjectiveCEvent, ANilListIsNotWritten) {
+  ::JXVideoPlaybackEvent* const event =
+      [[[::JXVideoPlaybackEvent alloc] initWithMode:EJXVideoPlaybackMode_START
+                                       andSessionId:@"s1"] autorelease];
+  EXPECT_TRUE([[[event getJsonObject] objectForKey:@"content_asset_id"] isEqual:[NSArray array]]);
+  [event setContentAssetID:nil];
+  EXPECT_EQ(event.contentAssetID, nil);
+  EXPECT_EQ([[event getJsonObject] objectForKey:@"content_asset_id"], nil);
+  [event setContentAssetID:[NSArray arrayWithObject:@"a1"]];
+  EXPECT_TRUE([event.contentAssetID isEqual:[NSArray arrayWithObject:@"a1"]]);
+}
+
+TEST_F(ObjectiveCEvent, ANilListOfAnInitialiserLeavesTheListEmpty) {
+  EXPECT_NE(purchase(nil).items, nil);
+  EXPECT_EQ([purchase(nil).items count], 0u);
+}
+
+TEST_F(ObjectiveCEvent, AListCanBeSetToItself) {
+  ::JXPurchaseEvent* const event = purchase([NSArray arrayWithObject:item(@"i1")]);
+  @autoreleasepool {
+    [event.items addObject:item(@"i2")];
+  }
+  [event setItems:event.items];
+  ASSERT_EQ([event.items count], 2u);
+  EXPECT_EQ(text([[event.items objectAtIndex:1] ID]), "i2");
+}
+
+TEST_F(ObjectiveCEvent, ItemsWhoseJsonFailsAreOmitted) {
+  start();
+  ::JXEvent* const event = purchase(nil);
+  NSArray* const items =
+      [NSArray arrayWithObjects:[[[NilItem alloc] init] autorelease],
+                                [[[FailingItem alloc] init] autorelease], item(@"i1"), nil];
+  NSArray* const json = [event getItemListAsJson:items];
+  ASSERT_EQ([json count], 1u);
+  EXPECT_EQ(text([[json objectAtIndex:0] objectForKey:@"id"]), "i1");
+  EXPECT_EQ(count({3, "getItemListAsJson: an item failed: no price"}), 1u);
 }
 
 TEST_F(ObjectiveCEvent, AWrongClassInAListIsLoggedAndIgnored) {

@@ -74,6 +74,58 @@
 }
 @end
 
+/// Passes its messages on to another object.
+@interface ForwardingAnalytics : NSProxy {
+ @public
+  id _target;
+}
+@end
+
+@implementation ForwardingAnalytics
+- (BOOL)respondsToSelector:(SEL)selector {
+  return [_target respondsToSelector:selector];
+}
+- (NSMethodSignature*)methodSignatureForSelector:(SEL)selector {
+  return [_target methodSignatureForSelector:selector];
+}
+- (void)forwardInvocation:(NSInvocation*)invocation {
+  [invocation invokeWithTarget:_target];
+}
+@end
+
+@interface AnalyticsWithOtherParameters : NSObject
+- (void)logEventWithName:(int)name parameters:(NSDictionary*)parameters;
+@end
+
+@implementation AnalyticsWithOtherParameters
+- (void)logEventWithName:(int)name parameters:(NSDictionary*)parameters {
+  static_cast<void>(name);
+  static_cast<void>(parameters);
+  FAIL() << "called with a wrong type";
+}
+@end
+
+@interface EventWithoutJson : JXEvent
+@end
+
+@implementation EventWithoutJson
+- (NSMutableDictionary*)getJsonObject {
+  return nil;
+}
+@end
+
+@interface EventWithoutAName : JXEvent
+@end
+
+@implementation EventWithoutAName
+- (NSString*)name {
+  @throw @"no name";
+}
+- (NSMutableDictionary*)getJsonObject {
+  @throw @"no fields";
+}
+@end
+
 @interface FailingEvent : JXEvent
 @end
 
@@ -161,6 +213,45 @@ TEST_F(ObjectiveCServerSide, AnEventWhoseJsonFailsIsSentWithItsInheritedFields) 
   ASSERT_EQ(requests().size(), 1u);
   EXPECT_EQ(requests()[0].body.get("event_name").string(), JXString("quiz"));
   EXPECT_EQ(count({3, "getJsonObject of FailingEvent failed: no score"}), 1u);
+}
+
+TEST_F(ObjectiveCServerSide, AnEventWithoutJsonIsSentWithItsInheritedFields) {
+  ::ServerSide* const serverSide = create();
+  forgetLines();
+  EventWithoutJson* const event = make<EventWithoutJson>();
+  event.name = @"quiz";
+  [serverSide execute:event];
+  ASSERT_EQ(requests().size(), 1u);
+  EXPECT_EQ(requests()[0].body.get("event_name").string(), JXString("quiz"));
+  EXPECT_EQ(count({3, "getJsonObject of EventWithoutJson failed: it returned no dictionary"}), 1u);
+}
+
+TEST_F(ObjectiveCServerSide, WhatAnEventThrowsIsLogged) {
+  ::ServerSide* const serverSide = create();
+  forgetLines();
+  [serverSide execute:make<EventWithoutAName>()];
+  EXPECT_EQ(requests().size(), 1u);
+  EXPECT_EQ(count({3, "name of EventWithoutAName failed: no name"}), 1u);
+  EXPECT_EQ(count({3, "getJsonObject of EventWithoutAName failed: no fields"}), 1u);
+}
+
+TEST_F(ObjectiveCServerSide, MirrorsEventsThroughAnObjectThatForwards) {
+  RecordingAnalytics* const analytics = make<RecordingAnalytics>();
+  ForwardingAnalytics* const forwarding = [[ForwardingAnalytics alloc] autorelease];
+  forwarding->_target = analytics;
+  ::ServerSide* const serverSide = create(forwarding);
+  [serverSide execute:make<::JXPurchaseEvent>()];
+  ASSERT_EQ([analytics.calls count], 2u);
+  EXPECT_TRUE([[[analytics.calls objectAtIndex:1] objectAtIndex:0] isEqual:@"purchase"]);
+}
+
+TEST_F(ObjectiveCServerSide, AnAnalyticsMethodWithOtherParametersIsNotCalled) {
+  ::ServerSide* const serverSide = create(make<AnalyticsWithOtherParameters>());
+  forgetLines();
+  [serverSide execute:make<::JXPurchaseEvent>()];
+  EXPECT_EQ(count({3, "logEventWithName:parameters: of the Firebase instance failed: its "
+                      "parameters are not two objects"}),
+            1u);
 }
 
 TEST_F(ObjectiveCServerSide, KeepsPermanentData) {

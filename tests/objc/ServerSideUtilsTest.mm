@@ -47,6 +47,11 @@ TEST_F(ObjectiveCUtils, FlattensItemsAndProducts) {
   EXPECT_EQ([target objectForKey:@"product"], nil);
   EXPECT_NE([target count], 0u);
   [::JXServerSideUtils productToDict:product into:nil];
+  // Entries of the target that JSON does not have are kept.
+  NSDate* const date = [NSDate date];
+  [target setObject:date forKey:@"when"];
+  [::JXServerSideUtils productToDict:product into:target];
+  EXPECT_EQ([target objectForKey:@"when"], date);
 }
 
 TEST_F(ObjectiveCUtils, StoresADictionaryAsItsJson) {

@@ -13,6 +13,7 @@
 @interface RecordingState : JXState {
  @public
   NSMutableArray* _entered;
+  BOOL _raises;
 }
 @end
 
@@ -27,6 +28,7 @@
   [super dealloc];
 }
 - (void)didEnterBackground:(id)application {
+  if (_raises) [NSException raise:NSGenericException format:@"no screen"];
   [_entered addObject:@"background"];
   if (application != nil) [_entered addObject:application];
 }
@@ -129,6 +131,19 @@ TEST_F(ObjectiveCServices, PassesTheApplicationObjectToTheHooks) {
   EXPECT_TRUE([state->_entered
       isEqual:([NSArray arrayWithObjects:@"background", @"the application", @"foreground",
                                          @"the application", nil])]);
+}
+
+TEST_F(ObjectiveCServices, AnExceptionOfAHookIsLogged) {
+  create();
+  RecordingState* const state = make<RecordingState>();
+  state->_raises = YES;
+  NotificationRecorder* const observer = recorder(::kJXNotification_OnBackground);
+  [state applicationDidEnterBackground:nil];
+  EXPECT_EQ([observer->_received count], 1u) << "the library is notified";
+  [defaultCenter() postNotificationName:@"UIApplicationDidEnterBackgroundNotification" object:nil];
+  EXPECT_EQ(count({3, "Observer of \"UIApplicationDidEnterBackgroundNotification\" threw an "
+                      "exception: no screen; ignored"}),
+            2u);
 }
 
 TEST_F(ObjectiveCServices, AStateThatIsReleasedObservesNothing) {

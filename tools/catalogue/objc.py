@@ -89,8 +89,9 @@ def property_declaration(block, field):
     if field.type in _LISTS:
         capital = field.property[0].upper() + field.property[1:]
         return (text + comment("Changes of the array change the list.", "") +
-                f"@property(nonatomic, readonly) {kind}{field.property} JX_REFINED_FOR_SWIFT;\n" +
-                comment("Replaces the elements of the list; nil removes all.", "") +
+                f"@property(nonatomic, readonly, nullable) {kind}{field.property} "
+                "JX_REFINED_FOR_SWIFT;\n" +
+                comment("Replaces the list by a copy; nil removes it.", "") +
                 f"- (void)set{capital}:(nullable NSArray<{_LISTS[field.type]}> *)"
                 f"{field.property} JX_REFINED_FOR_SWIFT;\n")
     if field.type == "product":
@@ -119,7 +120,8 @@ def class_header(block):
         body += f"{selector(block, item, True)} {swift_initialiser(item)};\n"
     if block.deleted_init:
         body += comment(f"Unavailable, because {text_of(block.deleted_init)}.", "")
-        body += "- (instancetype)init JX_OBJC_UNAVAILABLE;\n"
+        body += ("- (instancetype)init JX_OBJC_UNAVAILABLE;\n"
+                 "+ (instancetype)new JX_OBJC_UNAVAILABLE;\n")
     else:
         created = block.init_comment or (f'Creates an event named "{block.event_name}"; all other '
                                          "fields are null or empty.")
@@ -150,13 +152,15 @@ def write(block, field):
     place = f'"{block.name}.{field.property}"'
     call = f"coreOf<Core>(self).{field.setter}"
     if field.type in _LISTS:
-        return f"{call}({{}});\n[fieldArray(self, coreOf<Core>(self).{field.property}(), {place}) jx_appendAll:value];"
+        return f"setFieldArray<Core>(self, &Core::{field.setter}, value, {place});"
     if field.type == "product":
-        return (f"if (value != nil && !isOf([JXProduct class], value, {place})) return;\n"
+        return (f"if (!isNilOr([JXProduct class], value, {place})) return;\n"
                 f"{call}(sharedCore<jx::JXProduct>(value));\n"
                 f"[self jx_setPart:value forField:@{place}];")
     if field.type in _OBJECTS:
-        return f"{call}({_KINDS[field.type]}(value, {place}));"
+        expected = "NSString" if field.type == "string" else "NSNumber"
+        return (f"if (!isNilOr([{expected} class], value, {place})) return;\n"
+                f"{call}({_KINDS[field.type]}(value, {place}));")
     value = f"static_cast<jx::{field.enumeration.name}>(value)" if field.enumeration else "value != NO"
     return f"{call}({value});"
 
@@ -166,7 +170,7 @@ def passed(block, item):
     if item.type in _LISTS:
         return "{}"  # the elements are appended afterwards
     if item.type == "product":
-        return "sharedCore<jx::JXProduct>(product)"
+        return "nullptr"  # set afterwards, if it is one
     if item.type == "mode":
         return "static_cast<Core::Mode>(mode)".replace("Core::Mode", f"jx::{block.modes.name}")
     if item.type == "int32":
@@ -179,10 +183,11 @@ def initialiser_definition(block, item):
     kept = ""
     for argument in item.arguments:
         name = argument.name
+        setting = f"[self set{name[0].upper() + name[1:]}:{name}];\n"
         if argument.type in _LISTS:
-            kept += f"[self set{name[0].upper() + name[1:]}:{name}];\n"
+            kept += f"if ({name} != nil) {setting}"
         elif argument.type == "product":
-            kept += f'[self jx_setPart:{name} forField:@"{block.name}.{argument.field.property}"];\n'
+            kept += setting
     created = f"[self jx_initWithCore:Core::{item.name}({arguments})]"
     if not kept:
         return f"{selector(block, item, False)} {{\nreturn {created};\n}}\n\n"

@@ -27,8 +27,9 @@ def list_property(field):
     capital = field.property[0].upper() + field.property[1:]
     element = _LISTS[field.type]
     omission = "" if field.type == "values" else " Omits null elements."
-    read = (f"Array(__{field.property})" if field.type == "values" else
-            f"__{field.property}.compactMap {{ $0 as? {element} }}")
+    list = f"(__{field.property} ?? [])"
+    read = (f"Array{list}" if field.type == "values" else
+            f"{list}.compactMap {{ $0 as? {element} }}")
     return (comment(text_of(field.comment) + omission) +
             f"  public var {field.property}: [{element}] {{\n"
             f"    get {{ {read} }}\n"

@@ -26,19 +26,21 @@ inline ::JXAdditionalProperties* propertiesOf(
 }  // namespace jx::objc
 
 // The accessors of a field that C++ has under the same name. `Core` is the class in C++.
-#define JX_STRING_FIELD(Class, name, setter)                      \
-  -(NSString*)name {                                              \
-    return toFoundation(coreOf<Core>(self).name());               \
-  }                                                               \
-  -(void)setter : (NSString*)value {                              \
-    coreOf<Core>(self).setter(toString(value, #Class "." #name)); \
+#define JX_STRING_FIELD(Class, name, setter)                         \
+  -(NSString*)name {                                                 \
+    return toFoundation(coreOf<Core>(self).name());                  \
+  }                                                                  \
+  -(void)setter : (NSString*)value {                                 \
+    if (!isNilOr([NSString class], value, #Class "." #name)) return; \
+    coreOf<Core>(self).setter(toString(value, #Class "." #name));    \
   }
-#define JX_NUMBER_FIELD(Class, name, setter)                       \
-  -(NSDecimalNumber*)name {                                        \
-    return toFoundation(coreOf<Core>(self).name());                \
-  }                                                                \
-  -(void)setter : (NSDecimalNumber*)value {                        \
-    coreOf<Core>(self).setter(toDecimal(value, #Class "." #name)); \
+#define JX_NUMBER_FIELD(Class, name, setter)                         \
+  -(NSDecimalNumber*)name {                                          \
+    return toFoundation(coreOf<Core>(self).name());                  \
+  }                                                                  \
+  -(void)setter : (NSDecimalNumber*)value {                          \
+    if (!isNilOr([NSNumber class], value, #Class "." #name)) return; \
+    coreOf<Core>(self).setter(toDecimal(value, #Class "." #name));   \
   }
 #define JX_BOOL_FIELD(Class, name, setter)       \
   -(BOOL)name {                                  \

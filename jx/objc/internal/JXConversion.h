@@ -44,5 +44,9 @@ NSMutableArray* toFoundation(const JXJsonArray& array);
 
 /// Returns whether the object is of the class; logs a message if it is neither nil nor of it.
 bool isOf(Class type, id object, const char* place);
+/// Returns whether the object is nil or of the class; logs a message if it is neither.
+bool isNilOr(Class type, id object, const char* place);
+/// Returns the reason of what was thrown, which need not be an NSException.
+std::string reasonOf(id thrown);
 
 }  // namespace jx::objc

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/internal/JXConversion.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -124,7 +127,31 @@ JXDecimal decimalOf(NSNumber* number) {
   }
 }
 
-NSNumber* numberOf(const JXJsonValue& value) {
+// GNUstep cannot read more than 38 digits, zeros included: without the zeros at both ends and with
+// an exponent.
+std::string shortForm(std::string digits) {
+  int exponent = 0;
+  if (const std::size_t point = digits.find('.'); point != digits.npos) {
+    digits.erase(point, 1);
+    exponent = -static_cast<int>(digits.size() - point);
+  }
+  const std::size_t start = digits[0] == '-' ? 1 : 0;
+  digits.erase(start, digits.find_first_not_of('0', start) - start);
+  const std::size_t end = digits.find_last_not_of('0') + 1;
+  exponent += static_cast<int>(digits.size() - end);
+  digits.resize(end);
+  return digits + "e" + std::to_string(exponent);
+}
+
+NSDecimalNumber* decimalNumberOf(const JXDecimal& number) {
+  std::string digits = number.toString();
+  if (digits.size() > 38) digits = shortForm(std::move(digits));
+  // A dictionary without entries is a locale whose decimal separator is a point.
+  return [NSDecimalNumber decimalNumberWithString:toFoundation(JXString(digits))
+                                           locale:[NSDictionary dictionary]];
+}
+
+id numberOf(const JXJsonValue& value) {
   const std::string digits = value.numberString().toStdString();
   const bool isNegative = digits[0] == '-';
   const std::size_t length = digits.size() - (isNegative ? 1 : 0);
@@ -132,8 +159,12 @@ NSNumber* numberOf(const JXJsonValue& value) {
   if (length <= 18 && digits.find_first_not_of("0123456789", isNegative ? 1 : 0) == digits.npos) {
     return [NSNumber numberWithLongLong:std::stoll(digits)];
   }
-  return [NSDecimalNumber decimalNumberWithString:toFoundation(value.numberString())
-                                           locale:[NSDictionary dictionary]];
+  const JXDecimal decimal = JXDecimal::fromString(value.numberString());
+  if (!decimal.isNaN()) return decimalNumberOf(decimal);
+  // Beyond the exponents of NSDecimalNumber, and perhaps of a double.
+  const double approximate = std::strtod(digits.c_str(), nullptr);
+  if (!std::isfinite(approximate)) return [NSNull null];
+  return [NSNumber numberWithDouble:approximate];
 }
 
 class JsonReader {
@@ -149,9 +180,11 @@ class JsonReader {
                                : JXJsonValue(decimalOf(number));
     }
     if ([object isKindOfClass:[NSNull class]]) return JXJsonValue::null();
-    if ([object isKindOfClass:[NSArray class]]) return nested([&] { return array(object); });
+    if ([object isKindOfClass:[NSArray class]]) {
+      return nested(object, [&] { return array(object); });
+    }
     if ([object isKindOfClass:[NSDictionary class]]) {
-      return nested([&] { return this->object(object); });
+      return nested(object, [&] { return this->object(object); });
     }
     logWrongClass([NSDictionary class], object, place_);
     return {};
@@ -175,20 +208,24 @@ class JsonReader {
 
  private:
   template <typename Read>
-  JXJsonValue nested(const Read& read) {
-    if (depth_ == kMaxDepth) {
-      JXLogger::sharedInstance().logMessage_withLevel(
-          std::string(place_) + ": nested more deeply than 1,000 levels; ignored", 3);
+  JXJsonValue nested(id object, const Read& read) {
+    const void* const pointer = (__bridge void*)object;
+    const bool containsItself = std::find(path_.begin(), path_.end(), pointer) != path_.end();
+    if (containsItself || path_.size() == kMaxDepth) {
+      const char* const reason =
+          containsItself ? ": contains itself" : ": nested more deeply than 1,000 levels";
+      JXLogger::sharedInstance().logMessage_withLevel(std::string(place_) + reason + "; ignored",
+                                                      3);
       return {};
     }
-    ++depth_;
+    path_.push_back(pointer);
     JXJsonValue result = read();
-    --depth_;
+    path_.pop_back();
     return result;
   }
 
   const char* const place_;
-  int depth_ = 0;
+  std::vector<const void*> path_;  // the arrays and dictionaries being read
 };
 
 }  // namespace
@@ -197,6 +234,16 @@ bool isOf(Class type, id object, const char* place) {
   if ([object isKindOfClass:type]) return true;
   if (object != nil) logWrongClass(type, object, place);
   return false;
+}
+
+bool isNilOr(Class type, id object, const char* place) {
+  return object == nil || isOf(type, object, place);
+}
+
+std::string reasonOf(id thrown) {
+  const id reason = [thrown isKindOfClass:[NSException class]] ? [thrown reason] : thrown;
+  if (reason == nil) return "no reason";
+  return toString([reason description], "NSException").toStdString();
 }
 
 JXString toString(id object, const char* place) {
@@ -226,22 +273,19 @@ std::optional<JXDecimal> toDecimal(id object, const char* place) {
 
 NSDecimalNumber* toFoundation(const std::optional<JXDecimal>& number) {
   if (!number) return nil;
-  if (number->isNaN()) return [NSDecimalNumber notANumber];
-  // A dictionary without entries is a locale whose decimal separator is a point.
-  return [NSDecimalNumber decimalNumberWithString:toFoundation(JXString(number->toString()))
-                                           locale:[NSDictionary dictionary]];
+  return number->isNaN() ? [NSDecimalNumber notANumber] : decimalNumberOf(*number);
 }
 
 JXJsonValue toJson(id object, const char* place) { return JsonReader(place).value(object); }
 
 JXJsonObject toJsonObject(id object, const char* place) {
   if (!isOf([NSDictionary class], object, place)) return nullptr;
-  return JsonReader(place).object(object);
+  return JsonReader(place).value(object).object();
 }
 
 JXJsonArray toJsonArray(id object, const char* place) {
   if (!isOf([NSArray class], object, place)) return nullptr;
-  return JsonReader(place).array(object);
+  return JsonReader(place).value(object).array();
 }
 
 id toFoundation(const JXJsonValue& value) {

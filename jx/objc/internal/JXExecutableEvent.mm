@@ -16,7 +16,11 @@ namespace {
 class OverridingEvent final : public jx::JXEvent {
  public:
   explicit OverridingEvent(::JXEvent* event) : event_(event) {
-    setName(toString([event name], "JXEvent.name"));
+    @try {
+      setName(toString([event name], "JXEvent.name"));
+    } @catch (id thrown) {
+      logFailure("name", reasonOf(thrown));
+    }
   }
 
   JXJsonObject getJsonObject() const override {
@@ -24,18 +28,24 @@ class OverridingEvent final : public jx::JXEvent {
       // What was added for this execution, such as the permanent data.
       coreOf<jx::JXEvent>(event_).addAdditionalProperty(extraProperties());
       @try {
-        return toJsonObject([event_ getJsonObject], "getJsonObject");
-      } @catch (NSException* exception) {
-        JXLogger::sharedInstance().logMessage_withLevel(
-            std::string("getJsonObject of ") + [NSStringFromClass([event_ class]) UTF8String] +
-                " failed: " + toString([exception reason], "NSException").toStdString(),
-            3);
+        JXJsonObject object = toJsonObject([event_ getJsonObject], "getJsonObject");
+        if (object.isPresent()) return object;
+        logFailure("getJsonObject", "it returned no dictionary");
+      } @catch (id thrown) {
+        logFailure("getJsonObject", reasonOf(thrown));
       }
       return coreOf<jx::JXEvent>(event_).getJsonObject();
     }
   }
 
  private:
+  void logFailure(const char* operation, const std::string& reason) const {
+    JXLogger::sharedInstance().logMessage_withLevel(
+        std::string(operation) + " of " + [NSStringFromClass([event_ class]) UTF8String] +
+            " failed: " + reason,
+        3);
+  }
+
   ::JXEvent* const event_;
 };
 

@@ -19,7 +19,8 @@ namespace jx::objc {
 /// which is logged, the default one. A connection lasts as long as the process.
 std::shared_ptr<JXNotificationCenter> coreCenter(NSNotificationCenter* center);
 
-/// Passes notifications with this name on too, from every connected center.
+/// Passes notifications with this name on too, from every connected center. Those of the system are
+/// passed on anyway.
 void passOn(NSString* name);
 
 /// Calls `post` with the notification in C++. Observers in Objective-C receive `notification`.
@@ -35,6 +36,6 @@ void addObject(id object, const void* core);
 void removeObject(id object);
 
 /// Logs an exception of an observer.
-void logObserverException(NSString* name, NSException* exception);
+void logObserverException(NSString* name, id thrown);
 
 }  // namespace jx::objc

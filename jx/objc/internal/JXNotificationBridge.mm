@@ -120,22 +120,23 @@ struct Connection {
   JXNotificationRelay* relay;
 };
 
-// The library posts the system's notifications on its own center after it has received them.
-bool isOfTheSystem(const JXNotification& notification) {
-  return notification.name == UIApplicationDidEnterBackgroundNotification ||
-         notification.name == UIApplicationWillEnterForegroundNotification;
+// The platform passes the system's notifications to the library, which posts them on its own
+// center.
+bool isOfTheSystem(const JXString& name) {
+  return name == UIApplicationDidEnterBackgroundNotification ||
+         name == UIApplicationWillEnterForegroundNotification;
 }
 
 void postInFoundation(NSNotificationCenter* center, const JXNotification& notification) {
-  if (isOfTheSystem(notification)) return;
+  if (isOfTheSystem(notification.name)) return;
   if (Passage::isOf(notification) && Passage::current->isPosted) return;
   @autoreleasepool {
     NSNotification* const converted = foundationOf(notification);
     const Passage passage(notification, converted, true);
     @try {
       [center postNotification:converted];
-    } @catch (NSException* exception) {
-      logObserverException([converted name], exception);
+    } @catch (id thrown) {
+      logObserverException([converted name], thrown);
     }
   }
 }
@@ -206,6 +207,7 @@ std::shared_ptr<JXNotificationCenter> coreCenter(NSNotificationCenter* center) {
 }
 
 void passOn(NSString* name) {
+  if (isOfTheSystem(toString(name, "notification name"))) return;
   NSString* const copied = [name copy];
   Connections::sharedInstance().add(copied);
   JX_RELEASE(copied);
@@ -234,11 +236,10 @@ void addObject(id object, const void* core) { KnownObjects::sharedInstance().add
 
 void removeObject(id object) { KnownObjects::sharedInstance().remove(object); }
 
-void logObserverException(NSString* name, NSException* exception) {
+void logObserverException(NSString* name, id thrown) {
   JXLogger::sharedInstance().logMessage_withLevel(
       "Observer of \"" + toString(name, "NSNotification.name").toStdString() +
-          "\" threw an exception: " + toString([exception reason], "NSException").toStdString() +
-          "; ignored",
+          "\" threw an exception: " + reasonOf(thrown) + "; ignored",
       3);
 }
 

@@ -26,29 +26,52 @@ class ObjectiveCFirebase final : public IJXFirebaseInstance {
 
   bool respondsToOperation(std::string_view operation) override {
     @autoreleasepool {
-      return [object_ respondsToSelector:selectorOf(operation)] != NO;
+      @try {
+        return [object_ respondsToSelector:selectorOf(operation)] != NO;
+      } @catch (id thrown) {
+        logFailure(operation, reasonOf(thrown));
+      }
+      return false;
     }
   }
 
   void performOperation(std::string_view operation, const JXJsonValue& first,
                         const JXJsonValue& second) override {
     @autoreleasepool {
-      const SEL selector = selectorOf(operation);
-      using Method = void (*)(id, SEL, id, id);
-      // A method called by name: the compiler does not know whether it returns an object.
-      const auto method = reinterpret_cast<Method>([object_ methodForSelector:selector]);
       @try {
-        method(object_, selector, toFoundation(first), toFoundation(second));
-      } @catch (NSException* exception) {
-        JXLogger::sharedInstance().logMessage_withLevel(
-            std::string(operation) + " of the Firebase instance failed: " +
-                toString([exception reason], "NSException").toStdString(),
-            3);
+        call(operation, toFoundation(first), toFoundation(second));
+      } @catch (id thrown) {
+        logFailure(operation, reasonOf(thrown));
       }
     }
   }
 
  private:
+  static void logFailure(std::string_view operation, const std::string& reason) {
+    JXLogger::sharedInstance().logMessage_withLevel(
+        std::string(operation) + " of the Firebase instance failed: " + reason, 3);
+  }
+
+  // By an invocation, which an object that forwards its messages handles too.
+  void call(std::string_view operation, id first, id second) {
+    const SEL selector = selectorOf(operation);
+    NSMethodSignature* const signature = [object_ methodSignatureForSelector:selector];
+    if (!takesTwoObjects(signature)) {
+      logFailure(operation, "its parameters are not two objects");
+      return;
+    }
+    NSInvocation* const invocation = [NSInvocation invocationWithMethodSignature:signature];
+    [invocation setSelector:selector];
+    [invocation setArgument:&first atIndex:2];
+    [invocation setArgument:&second atIndex:3];
+    [invocation invokeWithTarget:object_];
+  }
+  // The first two parameters of a method are the object and the selector.
+  static bool takesTwoObjects(NSMethodSignature* signature) {
+    return [signature numberOfArguments] == 4 && [signature getArgumentTypeAtIndex:2][0] == '@' &&
+           [signature getArgumentTypeAtIndex:3][0] == '@';
+  }
+
   const id object_;
 };
 
