@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # Copyright 2026 The JXServerSide authors
 # SPDX-License-Identifier: Apache-2.0
-"""Turns the output of Doxygen into the site: finish.py FOLDER TAGFILE, run at the root of the tree.
+"""Turns the output of Doxygen into the site: finish.py FOLDER TAGFILE OBJC_TAGFILE, run at the root
+of the tree. The second tag file is that of the Objective-C pages, in FOLDER/objc.
 
 Adds the sidebar, the table of contents and the links to the previous and next page to each page,
 writes the search index, and removes files that no page uses.
@@ -15,11 +16,15 @@ import sys
 import xml.etree.ElementTree as ElementTree
 
 import headers
+import objc
+import objc_pages
 import site_map
 
 # Files that Doxygen always writes and the site does not use.
 UNUSED = ["*.png", "*.js", "doxygen.svg", "dir_*.html", "*-members.html"]
 TITLES = {
+    "Class Methods": "Class methods",
+    "Instance Methods": "Instance methods",
     "Static Public Member Functions": "Static member functions",
     "Public Member Functions": "Member functions",
     "Public Types": "Types",
@@ -79,7 +84,7 @@ def sidebar(folder, current, of_c):
         lines.append(f"<h2>{html.escape(name)}</h2><ul>")
         lines += [link(href(page), page.name, current) for page in pages]
         lines.append("</ul>")
-    lines.append("<h2>API reference</h2><ul>")
+    lines.append("<h2>C++ and C API reference</h2><ul>")
     lines.append(link("namespacejx.html", "Constants and functions", current))
     lines.append("</ul>")
     for title, named in headers.areas():
@@ -88,6 +93,11 @@ def sidebar(folder, current, of_c):
         lines.append(part_of_sidebar(title, links, current))
     if of_c:
         lines.append(part_of_sidebar("C headers", of_c, current))
+    lines.append("<h2>Objective-C API reference</h2>")
+    for title, named in objc.areas():
+        lines.append(part_of_sidebar(title, [(objc.page(name), name) for name, _ in named],
+                                     current))
+    lines.append(part_of_sidebar("Enumerations and constants", objc_pages.headers(folder), current))
     return "\n".join(lines)
 
 
@@ -96,7 +106,7 @@ def marks_of(text):
     found = [(m.start(), int(m.group(1)), m.group(2), plain(m.group(3)))
              for m in HEADING.finditer(text)]
     names = set()
-    for m in MEMBER.finditer(text):
+    for m in list(MEMBER.finditer(text)) + list(objc_pages.MEMBER.finditer(text)):
         anchor, name = m.groups()
         accessor = name[3:4].lower() + name[4:] if name.startswith("set") else None
         if name not in names and accessor not in names:
@@ -114,8 +124,9 @@ def on_this_page(text):
     if len(marks) < 2:
         return ""
     least = min(level for level, _, _ in marks)
-    lines = "".join(f'<li class="level{level - least}"><a href="#{anchor}">{html.escape(title)}'
-                    "</a></li>" for level, anchor, title in marks)
+    lines = "".join(f'<li class="level{level - least}"><a href="#{anchor}">'
+                    f"{html.escape(title).replace(':', ':<wbr>')}</a></li>"
+                    for level, anchor, title in marks)
     return f"<h2>On this page</h2><ul>{lines}</ul>"
 
 
@@ -136,6 +147,8 @@ def neighbours(name):
 
 def tidied(text):
     """Returns the page with our headings, and without markup for Doxygen's own style sheet."""
+    # The name of a protocol is in angle brackets.
+    text = re.sub(r"&lt;(\w+)&gt; Protocol Reference", r"\1", text)
     text = re.sub(r"<title>(.*?)</title>",
                   lambda m: f"<title>{page_title(m.group(1))} - JXServerSide</title>", text, count=1)
     text = re.sub(r'(<div class="title">)(.*?)(</div>)',
@@ -149,6 +162,7 @@ def tidied(text):
     text = re.sub(r'<div class="ttc".*?</div></div>\n?', "", text)
     text = text.replace('<div class="line"> </div>', '<div class="line">&#8203;</div>')
     text = re.sub(r'<img src="closed.png"[^>]*/>', "", text)
+    text = re.sub(r"&lt;tt&gt;(.*?)&lt;/tt&gt;", r"<code>\1</code>", text)
     # Not a keyword in C++: Doxygen means C++/CLI.
     text = text.replace('<span class="keyword">event</span>', "event")
     for old, new in TITLES.items():
@@ -246,14 +260,22 @@ def main():
             if path.name != "site.js" and not (path.suffix == ".png" and is_own_image(path)):
                 path.unlink()
     of_c = c_headers(tagfile)
-    index = list(members(tagfile))
+    index = list(members(tagfile)) + list(objc_pages.members(sys.argv[3]))
     guides = {href(page) for _, part in site_map.parts() for page in part}
-    for path in sorted(folder.glob("*.html")):
-        text = tidied(path.read_text(encoding="utf-8"))
-        if path.name in guides:
-            index += sections(path.name, text)
-        text = text.replace("<!-- sidebar -->", sidebar(folder, path.name, of_c))
-        text = text.replace("<!-- next pages -->", neighbours(path.name))
+    objc_pages.remove_unused(folder)
+    links = objc_pages.links(sys.argv[3])
+    for path in sorted(folder.glob("*.html")) + sorted(folder.glob("objc/*.html")):
+        name = path.relative_to(folder).as_posix()
+        text = path.read_text(encoding="utf-8")
+        is_objc = path.parent != folder
+        text = objc_pages.finished(name, tidied(text), links) if is_objc else tidied(text)
+        if name in guides:
+            index += sections(name, text)
+        navigation = sidebar(folder, name, of_c)
+        if is_objc:
+            navigation = navigation.replace('href="', 'href="../')
+        text = text.replace("<!-- sidebar -->", navigation)
+        text = text.replace("<!-- next pages -->", neighbours(name))
         text = text.replace("<!-- on this page -->", on_this_page(
             text[text.index('<div class="contents">'):]))
         path.write_text(text, encoding="utf-8")

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """The classes that the public headers declare, by folder, for the C++ API page."""
 
+import functools
 import glob
 import os
 import re
@@ -45,17 +46,19 @@ def classes(header):
     """Returns [(name, first sentence of its comment)] of the classes in a header."""
     with open(header, encoding="utf-8") as file:
         text = file.read()
-    found = []
-    for comment, name in DECLARATION.findall(text):
-        words = " ".join(line[3:].strip() for line in comment.splitlines())
-        found.append((name, re.split(r"(?<=[.:])\s(?=[A-Z\"`])", words)[0].rstrip(":")))
-    return found
+    return [(name, first_sentence(comment)) for comment, name in DECLARATION.findall(text)]
+
+
+def first_sentence(comment):
+    words = " ".join(line[3:].strip() for line in comment.splitlines())
+    return re.split(r"(?<=[.:])\s(?=[A-Z\"`])", words)[0].rstrip(":")
 
 
 def declares(header, name):
     return any(name == one for one, _ in classes(header))
 
 
+@functools.lru_cache(maxsize=None)
 def areas():
     """Returns [(title, [(name, sentence)])], most used classes first."""
     found = []

@@ -14,6 +14,7 @@ import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import headers  # noqa: E402
+import objc  # noqa: E402
 import site_map  # noqa: E402
 
 HEADING = re.compile(r"^(#{1,6}) +(.*?) *#* *$")
@@ -83,6 +84,9 @@ def page_lines(page, text):
             continue
         if line.strip() == "<!-- classes -->":
             yield from headers.tables()
+            continue
+        if line.strip() == "<!-- Objective-C classes -->":
+            yield from objc.tables()
             continue
         line = line.replace("<kbd>", "<code>").replace("</kbd>", "</code>")
         line = outside_code(line, lambda part: LINK.sub(

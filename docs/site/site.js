@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 'use strict';
 
-// The search runs in the browser, over window.jxIndex: [title, location, address, text].
+// The search runs in the browser, over window.jxIndex: [title, location, address, text]. An address
+// is relative to this file.
 (() => {
+  const root = document.currentScript.src;
   const query = document.getElementById('query');
   const found = document.getElementById('found');
   const maxResults = 12;
@@ -35,7 +37,7 @@
   function entry(item, words) {
     const line = document.createElement('li');
     const anchor = document.createElement('a');
-    anchor.href = item[2];
+    anchor.href = new URL(item[2], root).href;
     const title = document.createElement('b');
     title.textContent = item[0];
     const location = document.createElement('span');

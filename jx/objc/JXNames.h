@@ -117,13 +117,15 @@ JX_OBJC_CLASS
 @interface JXEventPropertiesNames : NSObject
 @end
 
-// Keys shared by several blocks.
-
+/// @name Keys shared by several blocks
+/// @{
 JX_OBJC_EXTERN NSString* const JX_ID;              ///< "id"
 JX_OBJC_EXTERN NSString* const JX_EVENTTIMESTAMP;  ///< "event_timestamp"
+/// @}
 
-// Event keys. JXE_NAME, JXP_NAME and JXA_NAME are all "name", on purpose.
-
+/// @name Event keys
+/// JXE_NAME, JXP_NAME and JXA_NAME are all "name", on purpose.
+/// @{
 JX_OBJC_EXTERN NSString* const JXE_EVENT;           ///< "event_name"
 JX_OBJC_EXTERN NSString* const JXE_EVENTID;         ///< "event_id"
 JX_OBJC_EXTERN NSString* const JXE_PAYMENTMETHOD;   ///< "payment_method"
@@ -149,27 +151,31 @@ JX_OBJC_EXTERN NSString* const JXE_ITEMID;          ///< "item_id"
 JX_OBJC_EXTERN NSString* const JXE_ITEMLISTNAME;    ///< "item_list_name"
 JX_OBJC_EXTERN NSString* const JXE_PAGENAME;        ///< "page_name"
 JX_OBJC_EXTERN NSString* const JXE_PAGETYPE;        ///< "page_type"
+/// @}
 
-// Item keys.
-
+/// @name Item keys
+/// @{
 JX_OBJC_EXTERN NSString* const JXI_PRODUCT;       ///< "product"
 JX_OBJC_EXTERN NSString* const JXI_VARIANT;       ///< "variant"
 JX_OBJC_EXTERN NSString* const JXI_LISTPOSITION;  ///< "list_position"
 JX_OBJC_EXTERN NSString* const JXI_DISCOUNT;      ///< "discount"
 JX_OBJC_EXTERN NSString* const JXI_QUANTITY;      ///< "quantity"
 JX_OBJC_EXTERN NSString* const JXI_AFFILIATION;   ///< "affiliation"
+/// @}
 
-// Product keys. The key of a product's category is JXP_CATEGORY_N followed by its number, from 1.
-
+/// @name Product keys
+/// The key of a product's category is JXP_CATEGORY_N followed by its number, from 1.
+/// @{
 JX_OBJC_EXTERN NSString* const JXP_PRICE;       ///< "price"
 JX_OBJC_EXTERN NSString* const JXP_BRAND;       ///< "brand"
 JX_OBJC_EXTERN NSString* const JXP_NAME;        ///< "name"
 JX_OBJC_EXTERN NSString* const JXP_COLORS;      ///< "colors"
 JX_OBJC_EXTERN NSString* const JXP_SIZE;        ///< "size"
 JX_OBJC_EXTERN NSString* const JXP_CATEGORY_N;  ///< "category_"
+/// @}
 
-// Lifecycle keys.
-
+/// @name Lifecycle keys
+/// @{
 JX_OBJC_EXTERN NSString* const JXL_LIFECYCLE;               ///< "lifecycle"
 JX_OBJC_EXTERN NSString* const JXL_SESSION_ID;              ///< "session_id"
 JX_OBJC_EXTERN NSString* const JXL_NEW_SESSION;             ///< "new_session"
@@ -189,9 +195,10 @@ JX_OBJC_EXTERN NSString* const JXL_FOREGROUND_TIME;         ///< "foreground_tim
 JX_OBJC_EXTERN NSString* const JXL_BACKGROUND_TIME;         ///< "background_time"
 JX_OBJC_EXTERN NSString* const JXL_FIRST_EXECUTE;           ///< "first_execute"
 JX_OBJC_EXTERN NSString* const JXL_IS_FIRST_VISIT;          ///< "is_first_visit"
+/// @}
 
-// Application keys.
-
+/// @name Application keys
+/// @{
 JX_OBJC_EXTERN NSString* const JXA_APP;                ///< "app"
 JX_OBJC_EXTERN NSString* const JXA_NAME;               ///< "name"
 JX_OBJC_EXTERN NSString* const JXA_VERSION;            ///< "version"
@@ -200,9 +207,10 @@ JX_OBJC_EXTERN NSString* const JXA_NAMESPACE;          ///< "namespace"
 JX_OBJC_EXTERN NSString* const JXA_COREVERSION;        ///< "core_version"
 JX_OBJC_EXTERN NSString* const JXA_SERVERSIDEVERSION;  ///< "serverside_version"
 JX_OBJC_EXTERN NSString* const JXA_CONSENTVERSION;     ///< "consent_version"
+/// @}
 
-// Video keys.
-
+/// @name Video keys
+/// @{
 JX_OBJC_EXTERN NSString* const JXV_VIDEO_SESSION_ID;     ///< "video_session_id"
 JX_OBJC_EXTERN NSString* const JXV_CONTENT_ASSET_ID;     ///< "content_asset_id"
 JX_OBJC_EXTERN NSString* const JXV_CONTENT_POD_ID;       ///< "content_pod_id"
@@ -236,9 +244,10 @@ JX_OBJC_EXTERN NSString* const JXV_FULL_EPISODE;         ///< "full_episode"
 JX_OBJC_EXTERN NSString* const JXV_AIRDATE;              ///< "airdate"
 JX_OBJC_EXTERN NSString* const JXV_LOAD_TYPE;            ///< "load_type"
 JX_OBJC_EXTERN NSString* const JXV_AD_QUARTILE;          ///< "ad_quartile"
+/// @}
 
-// Keys of the context blocks.
-
+/// @name Keys of the context blocks
+/// @{
 JX_OBJC_EXTERN NSString* const JXE_CONTEXT;        ///< "context"
 JX_OBJC_EXTERN NSString* const JXE_USER;           ///< "user"
 JX_OBJC_EXTERN NSString* const JXD_DEVICE;         ///< "device"
@@ -261,9 +270,10 @@ JX_OBJC_EXTERN NSString* const JXD_SDK_ID;         ///< "sdk_id"
 JX_OBJC_EXTERN NSString* const JXD_TIMEZONE;       ///< "timezone"
 JX_OBJC_EXTERN NSString* const JXD_TYPE;           ///< "type"
 JX_OBJC_EXTERN NSString* const JXD_USER_AGENT;     ///< "user_agent"
+/// @}
 
-// Names of notifications, and keys of their data.
-
+/// @name Names of notifications, and keys of their data
+/// @{
 JX_OBJC_EXTERN NSString* const kJXNotification_HTTPRequest;  ///< "JXNotification: HTTP Request"
 JX_OBJC_EXTERN NSString* const
     kJXNotification_EnablingTheServerSide;  ///< "JXNotification: Enabling The Server Side"
@@ -277,9 +287,10 @@ JX_OBJC_EXTERN NSString* const kJXNotification_HitSent;  ///< "JXNotification: H
 JX_OBJC_EXTERN NSString* const kJXUserInfo_URLKey;       ///< "JXUserInfo: URL"
 JX_OBJC_EXTERN NSString* const kJXUserInfo_POSTData;     ///< "JXUserInfo: POST Data"
 JX_OBJC_EXTERN NSString* const kJXUserInfo_DataKey;      ///< "JXUserInfo: Data"
+/// @}
 
-// Names of the core variables, for `jx_get_core_variable`.
-
+/// @name Names of the core variables, for `-[JXCoreVariables getData:]`
+/// @{
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_IDFA;       ///< "#JX_IDFA#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_IDFV;       ///< "#JX_IDFV#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_SDKID;      ///< "#JX_SDK_ID#"
@@ -288,9 +299,10 @@ JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_UserAgent;  ///< "#JX_USER_
 JX_OBJC_EXTERN NSString* const
     kJXPredefinedVariable_isTrackingEnabled;       ///< "#JX_IS_TRACKING_ENABLED#"
 JX_OBJC_EXTERN NSString* const JX_ConsentVersion;  ///< "#JX_CONSENT_VERSION#"
+/// @}
 
-// Names of the predefined variables, for `jx_get_variable`.
-
+/// @name Names of the predefined variables, for `-[JXPredefinedVariables getData:]`
+/// @{
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_Language;          ///< "#JX_LANGUAGE#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_Region;            ///< "#JX_REGION#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_SystemName;        ///< "#JX_SYSNAME#"
@@ -361,9 +373,10 @@ JX_OBJC_EXTERN NSString* const
 JX_OBJC_EXTERN NSString* const
     kJXPredefinedVariable_EmptyVariableRemoveEqual;  ///< "#JX_EMPTY_VARIABLE_REMOVE_EQUAL#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_FirstExecute;  ///< "#JX_FIRST_EXECUTE#"
+/// @}
 
-// Predefined strings for `paymentMethod`; other strings are allowed.
-
+/// @name Predefined strings for `paymentMethod`; other strings are allowed
+/// @{
 JX_OBJC_EXTERN NSString* const EJXPayementMethod_BY_INVOICE;  ///< "by_invoice"
 JX_OBJC_EXTERN NSString* const
     EJXPayementMethod_BY_BANK_TRANSFER_IN_A;            ///< "by_bank_transfer_in_advance"
@@ -375,9 +388,10 @@ JX_OBJC_EXTERN NSString* const EJXPayementMethod_DIRECT_DEBIT;      ///< "direct
 JX_OBJC_EXTERN NSString* const
     EJXPayementMethod_ONLINE_PAYMENT_SYSTEM;             ///< "online_payment_system"
 JX_OBJC_EXTERN NSString* const EJXPayementMethod_OTHER;  ///< "other"
+/// @}
 
-// Predefined strings for `status`; other strings are allowed.
-
+/// @name Predefined strings for `status`; other strings are allowed
+/// @{
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_CANCELED;             ///< "canceled"
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_DELIVERED;            ///< "delivered"
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_IN_PROGRESS;          ///< "in_progress"
@@ -388,5 +402,6 @@ JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_PENDING_SHIPMENT;     ///< "pen
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_RETURNED;             ///< "returned"
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_SHIPPE;               ///< "shipped"
 JX_OBJC_EXTERN NSString* const EJXPurchaseStatus_PENDING;              ///< "pending"
+/// @}
 
 NS_ASSUME_NONNULL_END

@@ -9,6 +9,7 @@ site_links.py FOLDER      the folder with the pages of the site
 import html.parser
 import json
 import pathlib
+import posixpath
 import sys
 import urllib.parse
 
@@ -33,12 +34,19 @@ class Page(html.parser.HTMLParser):
             self.links.append(address)
 
 
+def target_of(name, address):
+    """Returns the file and the anchor of a link of the page `name`."""
+    path, _, anchor = urllib.parse.unquote(address).partition("#")
+    if path:
+        name = posixpath.normpath(posixpath.join(posixpath.dirname(name), path))
+    return name, anchor
+
+
 def link_error(folder, pages, name, address):
     """Returns why the link is broken, or None if its target exists."""
     if address.startswith(("http://", "https://", "data:", "mailto:")):
         return None
-    path, _, anchor = urllib.parse.unquote(address).partition("#")
-    path = path or name
+    path, anchor = target_of(name, address)
     if not (folder / path).is_file():
         return "the file does not exist"
     if anchor and path in pages and anchor not in pages[path].anchors:
@@ -48,13 +56,15 @@ def link_error(folder, pages, name, address):
 
 def main():
     folder = pathlib.Path(sys.argv[1])
-    pages = {path.name: Page(path.read_text(encoding="utf-8")) for path in folder.glob("*.html")}
+    pages = {path.relative_to(folder).as_posix(): Page(path.read_text(encoding="utf-8"))
+             for path in folder.rglob("*.html")}
     errors, links, reached = [], 0, {"index.html"}
     for name, page in sorted(pages.items()):
         for address in page.links:
             links += 1
             error = link_error(folder, pages, name, address)
-            reached.add(address.partition("#")[0])
+            if target_of(name, address)[0] != name:
+                reached.add(target_of(name, address)[0])
             if error:
                 errors.append(f"{name}: {address}: {error}")
     index = (folder / "search-index.js").read_text(encoding="utf-8")

@@ -34,6 +34,8 @@ def argument_label(keyword):
 def text_of(text):
     """Returns a comment of the catalogue with the names of Objective-C."""
     return (text.replace("`ServerSide::execute`", "`-[ServerSide execute:]`")
+            .replace("`jx_get_core_variable`", "`-[JXCoreVariables getData:]`")
+            .replace("`jx_get_variable`", "`-[JXPredefinedVariables getData:]`")
             .replace("`JXDecimal`", "`NSDecimalNumber`").replace("null", "nil"))
 
 
@@ -245,9 +247,10 @@ def names_header(catalogue):
     body += ("/// The class that the key constants belong to. It has no members.\n"
              "JX_OBJC_CLASS\n@interface JXEventPropertiesNames : NSObject\n@end\n\n")
     for description, strings in name_groups(catalogue):
-        body += comment(text_of(description), "").replace("///", "//") + "\n"
+        title, _, text = text_of(description).removesuffix(".").partition(". ")
+        body += f"/// @name {title}\n" + (comment(f"{text}.", "") if text else "") + "/// @{\n"
         body += "".join(f"JX_OBJC_EXTERN NSString *const {name};  ///< \"{string}\"\n"
-                        for name, string in strings.items()) + "\n"
+                        for name, string in strings.items()) + "/// @}\n\n"
     return licence(FOLDER) + body + "NS_ASSUME_NONNULL_END\n"
 
 
