@@ -1,6 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#if !__has_include("jx/objc/JXServerSide.h")
+@import JXServerSideObjC;
+#else
 #import "jx/objc/JXServerSide.h"
+#endif
 
 NS_ASSUME_NONNULL_BEGIN
 
