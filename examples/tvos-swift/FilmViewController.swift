@@ -4,18 +4,22 @@ import AVKit
 import JXServerSide
 import UIKit
 
-/// One screen: a trailer that plays, and a button that buys the film.
+/// One screen: a trailer that plays, and buttons to buy the film and to give or withdraw consent.
 final class FilmViewController: UIViewController {
-  private static let price = Decimal(string: "4.99")
-  private static let currency = "EUR"
+  private static let consentKey = "ViewerConsents"
   private static let trailer = "https://media.example/trailer.m3u8"
 
   private let serverSide: ServerSide
+  private let shop: ShopReporter
   private let player = AVPlayer()
-  private var reporter: PlaybackReporter?
+  private let consentButton = UIButton(type: .system)
+  private var playback: PlaybackReporter?
 
   init(serverSide: ServerSide) {
+    let film = JXProduct(productId: "4711", name: "A film", price: Decimal(string: "4.99"))
+    film.currency = "EUR"
     self.serverSide = serverSide
+    shop = ShopReporter(serverSide: serverSide, film: film)
     super.init(nibName: nil, bundle: nil)
   }
 
@@ -27,14 +31,27 @@ final class FilmViewController: UIViewController {
   override func viewDidLoad() {
     super.viewDidLoad()
     addPlayer()
-    addButton()
-    let page = JXPageViewEvent(type: "film")
-    page.pageName = "A film"
-    serverSide.execute(page)
-    let view = JXViewItem(items: [film()])
-    view.currency = Self.currency
-    view.revenue = Self.price
-    serverSide.execute(view)
+    add(UIButton(type: .system), title: "Add to cart", x: 80, action: #selector(addToCart))
+    add(UIButton(type: .system), title: "Buy", x: 680, action: #selector(buy))
+    add(consentButton, title: nil, x: 1280, action: #selector(changeConsent))
+    // The library does not store the viewer's answer for the next start of the application.
+    setConsent(UserDefaults.standard.bool(forKey: Self.consentKey))
+  }
+
+  override func viewDidAppear(_ animated: Bool) {
+    super.viewDidAppear(animated)
+    guard let url = URL(string: Self.trailer) else { return }
+    playback = PlaybackReporter(player: player, serverSide: serverSide)
+    openTrailer()
+    player.replaceCurrentItem(with: AVPlayerItem(url: url))
+    player.play()
+  }
+
+  override func viewDidDisappear(_ animated: Bool) {
+    super.viewDidDisappear(animated)
+    playback?.stop()
+    playback = nil
+    player.pause()
   }
 
   private func addPlayer() {
@@ -44,36 +61,40 @@ final class FilmViewController: UIViewController {
     controller.view.frame = CGRect(x: 0, y: 0, width: view.bounds.width, height: 800)
     view.addSubview(controller.view)
     controller.didMove(toParent: self)
-    guard let url = URL(string: Self.trailer) else { return }
-    reporter = PlaybackReporter(player: player, serverSide: serverSide, assetID: "trailer-4711")
-    player.replaceCurrentItem(with: AVPlayerItem(url: url))
-    player.play()
   }
 
-  private func addButton() {
-    let button = UIButton(type: .system)
-    button.setTitle("Buy for 4.99 EUR", for: .normal)
-    button.frame = CGRect(x: 80, y: 840, width: 600, height: 100)
-    button.addTarget(self, action: #selector(buy), for: .primaryActionTriggered)
+  private func add(_ button: UIButton, title: String?, x: CGFloat, action: Selector) {
+    button.setTitle(title, for: .normal)
+    button.frame = CGRect(x: x, y: 860, width: 560, height: 100)
+    button.addTarget(self, action: action, for: .primaryActionTriggered)
     view.addSubview(button)
   }
 
-  private func film() -> JXItem {
-    let product = JXProduct(productId: "4711", name: "A film", price: Self.price)
-    product.currency = Self.currency
-    return JXItem(itemId: "4711", product: product, quantity: 1)
+  private func openTrailer() {
+    playback?.open("trailer-4711", title: "A film: trailer")
+  }
+
+  @objc private func addToCart() {
+    shop.addToCart()
   }
 
   @objc private func buy() {
-    let purchase = JXPurchaseEvent()
-    purchase.ID = UUID().uuidString
-    purchase.revenue = Self.price
-    purchase.value = Self.price
-    purchase.currency = Self.currency
-    purchase.items = [film()]
-    if let condition = purchase.firstFailedCondition() {
-      print("The purchase is not valid: \(condition)")
+    shop.buy(orderID: UUID().uuidString)
+  }
+
+  @objc private func changeConsent() {
+    setConsent(serverSide.serverSideState != .enabled)
+  }
+
+  private func setConsent(_ consents: Bool) {
+    UserDefaults.standard.set(consents, forKey: Self.consentKey)
+    if consents {
+      // The events of the video session so far were not sent: begin another.
+      openTrailer()
+      shop.giveConsent()
+    } else {
+      shop.withdrawConsent()
     }
-    serverSide.execute(purchase)
+    consentButton.setTitle(consents ? "Stop statistics" : "Allow statistics", for: .normal)
   }
 }

@@ -3,65 +3,88 @@
 import AVFoundation
 import JXServerSide
 
-/// Sends the start, the pauses and the end of the film that a player shows. Use it on the main
-/// thread. The example in Objective-C also sends seeks, buffering and quarters.
+/// Follows an AVPlayer and sends its video events. Keep it as long as the player; use it on the
+/// main thread.
 final class PlaybackReporter {
-  private let player: AVPlayer
-  private let serverSide: ServerSide
-  private let assetID: String
-  private let session = UUID().uuidString
-  private var statusObservation: NSKeyValueObservation?
-  private var endObservation: NSObjectProtocol?
-  private var lastMode: EJXVideoPlaybackMode?
+  /// How often the position is read, and from which difference it was moved by the viewer.
+  private static let interval = 1.0
+  private static let jump = 3.0
 
-  init(player: AVPlayer, serverSide: ServerSide, assetID: String) {
+  private let player: AVPlayer
+  private let films: FilmReporter
+  private var statusObservation: NSKeyValueObservation?
+  private var itemObservations: [NSObjectProtocol] = []
+  private var timer: Timer?
+  private var lastPosition = 0.0
+  private var isFailureReported = false
+
+  init(player: AVPlayer, serverSide: ServerSide) {
     self.player = player
-    self.serverSide = serverSide
-    self.assetID = assetID
+    films = FilmReporter(serverSide: serverSide)
     statusObservation = player.observe(\.timeControlStatus) { [weak self] player, _ in
-      self?.follow(player.timeControlStatus)
+      self?.films.setWaiting(player.timeControlStatus == .waitingToPlayAtSpecifiedRate)
+      self?.films.setPaused(player.timeControlStatus == .paused)
     }
-    endObservation = NotificationCenter.default.addObserver(
-      forName: .AVPlayerItemDidPlayToEndTime, object: nil, queue: .main
-    ) { [weak self] notification in
-      guard let self = self, notification.object as? AVPlayerItem === self.player.currentItem
-      else { return }
-      self.send(.complete)
+    observe(.AVPlayerItemDidPlayToEndTime) { [weak self] _ in self?.films.finish() }
+    observe(.AVPlayerItemFailedToPlayToEndTime) { [weak self] notification in
+      let error = notification.userInfo?[AVPlayerItemFailedToPlayToEndTimeErrorKey]
+      self?.reportFailure(error as? Error)
+    }
+    timer = Timer.scheduledTimer(withTimeInterval: Self.interval, repeats: true) {
+      [weak self] _ in self?.readPosition()
     }
   }
 
   deinit {
-    if let endObservation = endObservation {
-      NotificationCenter.default.removeObserver(endObservation)
-    }
+    stop()
   }
 
-  private func follow(_ status: AVPlayer.TimeControlStatus) {
-    switch status {
-    case .playing where lastMode == nil || lastMode == .complete:
-      send(.start)
-    case .playing where lastMode == .pause:
-      send(.resume)
-    case .paused where lastMode == .start || lastMode == .resume:
-      send(.pause)
-    default:
-      break
-    }
+  /// Call it when the player gets another item: its ID in your catalogue, and its title.
+  func open(_ assetID: String, title: String?) {
+    films.open(assetID, title: title)
+    lastPosition = 0
+    isFailureReported = false
   }
 
-  private func send(_ mode: EJXVideoPlaybackMode) {
-    lastMode = mode
-    let event = JXVideoPlaybackEvent(mode: mode, sessionId: session)
-    event.contentAssetID = [assetID]
-    event.cursorPosition = seconds(player.currentTime())
-    event.totalLength = player.currentItem.flatMap { seconds($0.duration) }
-    serverSide.execute(event)
+  /// Call it when the viewer leaves the player. Afterwards the player is not followed any more.
+  func stop() {
+    guard let timer = timer else { return }
+    timer.invalidate()
+    self.timer = nil
+    statusObservation = nil
+    itemObservations.forEach { NotificationCenter.default.removeObserver($0) }
+    itemObservations = []
+    films.leave()
   }
 
-  /// Returns the seconds, rounded to milliseconds; nil while unknown, and for the length of a live
-  /// stream.
-  private func seconds(_ time: CMTime) -> Decimal? {
-    guard time.isNumeric else { return nil }
-    return Decimal(Int((time.seconds * 1000).rounded())) / 1000
+  /// Calls `action` for the notifications of the item that the player shows.
+  private func observe(_ name: Notification.Name, action: @escaping (Notification) -> Void) {
+    itemObservations.append(
+      NotificationCenter.default.addObserver(forName: name, object: nil, queue: .main) {
+        [weak self] notification in
+        guard let self = self, notification.object as? AVPlayerItem === self.player.currentItem
+        else { return }
+        action(notification)
+      })
+  }
+
+  private func readPosition() {
+    guard let item = player.currentItem else { return }
+    // An item that cannot be opened posts no notification.
+    if item.status == .failed { reportFailure(item.error) }
+    let position = player.currentTime().seconds
+    guard item.status == .readyToPlay, position.isFinite else { return }
+    // Indefinite for a live stream.
+    films.setLength(item.duration.seconds)
+    let expected = lastPosition + (player.rate > 0 ? Self.interval * Double(player.rate) : 0)
+    if abs(position - expected) > Self.jump { films.seek(from: lastPosition, to: position) }
+    lastPosition = position
+    films.move(to: position)
+  }
+
+  private func reportFailure(_ error: Error?) {
+    if isFailureReported { return }
+    isFailureReported = true
+    films.fail(reason: error?.localizedDescription)
   }
 }

@@ -14,6 +14,7 @@ NS_ASSUME_NONNULL_BEGIN
   FilmReporter* _films;
   NSTimer* _timer;
   double _lastPosition;
+  BOOL _isFailureReported;
 }
 
 /// Retains both.

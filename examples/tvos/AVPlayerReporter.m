@@ -49,6 +49,7 @@ static const double kJump = 3;
 - (void)openFilm:(NSString*)assetID title:(NSString*)title {
   [_films openFilm:assetID title:title];
   _lastPosition = 0;
+  _isFailureReported = NO;
 }
 
 - (void)stop {
@@ -62,6 +63,8 @@ static const double kJump = 3;
 
 - (void)readPosition {
   AVPlayerItem* const item = _player.currentItem;
+  // An item that cannot be opened posts no notification.
+  if (item.status == AVPlayerItemStatusFailed) [self reportFailure:item.error];
   if (item == nil || item.status != AVPlayerItemStatusReadyToPlay) return;
   const double position = CMTimeGetSeconds(_player.currentTime);
   if (!isfinite(position)) return;
@@ -92,8 +95,13 @@ static const double kJump = 3;
 
 - (void)itemFailed:(NSNotification*)notification {
   if (notification.object != _player.currentItem) return;
-  NSError* const error =
-      [notification.userInfo objectForKey:AVPlayerItemFailedToPlayToEndTimeErrorKey];
+  NSDictionary* const info = notification.userInfo;
+  [self reportFailure:[info objectForKey:AVPlayerItemFailedToPlayToEndTimeErrorKey]];
+}
+
+- (void)reportFailure:(NSError*)error {
+  if (_isFailureReported) return;
+  _isFailureReported = YES;
   [_films failWithReason:[error localizedDescription]];
 }
 

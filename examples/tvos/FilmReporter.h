@@ -1,6 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
+#if !__has_include("jx/objc/JXServerSide.h")
+@import JXServerSideObjC;
+#else
 #import "jx/objc/JXServerSide.h"
+#endif
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -17,6 +21,7 @@ NS_ASSUME_NONNULL_BEGIN
   double _position;
   NSUInteger _quarters;
   BOOL _isPlaying;
+  BOOL _isOver;
   BOOL _isPaused;
   BOOL _isWaiting;
 }
@@ -28,7 +33,8 @@ NS_ASSUME_NONNULL_BEGIN
 - (void)openFilm:(NSString*)assetID title:(nullable NSString*)title;
 /// The length is known; 0 for a live stream.
 - (void)setLength:(double)seconds;
-/// The player shows this position. The first call begins the film.
+/// The player shows this position. The first call begins the film; after its end or a failure, the
+/// first call with an earlier position does.
 - (void)moveTo:(double)seconds;
 /// The viewer pauses or continues.
 - (void)setPaused:(BOOL)isPaused;

@@ -48,6 +48,7 @@ static NSDecimalNumber* decimal(double seconds) {
   _title = [title copy];
   _length = _position = 0;
   _isWaiting = NO;
+  _isOver = NO;
 }
 
 - (void)setLength:(double)seconds {
@@ -55,6 +56,9 @@ static NSDecimalNumber* decimal(double seconds) {
 }
 
 - (void)moveTo:(double)seconds {
+  // The player still shows the film after its end: at the position that was read last, or after it.
+  if (_isOver && seconds > _position - 1) return;
+  _isOver = NO;
   const double before = _position;
   _position = seconds;
   if (_isPlaying) {
@@ -122,6 +126,7 @@ static NSDecimalNumber* decimal(double seconds) {
   [self sendContent:EJXVideoContentMode_COMPLETE];
   [self sendPlayback:EJXVideoPlaybackMode_COMPLETE];
   _isPlaying = NO;
+  _isOver = YES;
 }
 
 - (void)failWithReason:(NSString*)reason {
@@ -131,6 +136,7 @@ static NSDecimalNumber* decimal(double seconds) {
   [event addAdditionalParameter:@"error" withValue:reason];
   [_serverSide execute:event];
   _isPlaying = NO;
+  _isOver = YES;
 }
 
 // Leaving is reported as a pause without a later resume.

@@ -91,6 +91,27 @@ TEST_F(FilmReporterEvents, EndWithTheFilm) {
   EXPECT_EQ(field(2, "cursor_position"), "20.123");
 }
 
+TEST_F(FilmReporterEvents, StopAtTheEndAlsoWhileThePlayerShowsIt) {
+  play();
+  [films_ moveTo:20];
+  [films_ finish];
+  [films_ setPaused:YES];
+  [films_ moveTo:20.2];
+  [films_ moveTo:20.1];
+  EXPECT_EQ(names(2), (Names{"video_content_complete", "video_complete"}));
+}
+
+TEST_F(FilmReporterEvents, BeginANewSessionWhenTheViewerGoesBackFromTheEnd) {
+  play();
+  [films_ moveTo:20];
+  [films_ finish];
+  [films_ moveTo:0];
+  EXPECT_EQ(names(4), (Names{"video_start", "video_content_start"}));
+  EXPECT_NE(field(4, "video_session_id"), field(0, "video_session_id"));
+  [films_ moveTo:1];
+  EXPECT_EQ(requests().size(), 6u);
+}
+
 TEST_F(FilmReporterEvents, ReportAFilmThatIsLeftAndBeginANewSession) {
   play();
   [films_ openFilm:@"film-2" title:nil];
@@ -107,6 +128,11 @@ TEST_F(FilmReporterEvents, ReportAFilmThatCannotBeShown) {
   [films_ failWithReason:@"no such file"];
   EXPECT_EQ(names(), (Names{"video_error"}));
   EXPECT_EQ(field(0, "error"), "no such file");
+  [films_ moveTo:0];
+  EXPECT_EQ(requests().size(), 1u) << "the film has failed";
+  [films_ openFilm:@"film-1" title:nil];
+  [films_ moveTo:0];
+  EXPECT_EQ(names(1), (Names{"video_start", "video_content_start"}));
 }
 
 TEST_F(FilmReporterEvents, HaveNamesAndLogNothing) {

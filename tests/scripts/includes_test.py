@@ -9,7 +9,7 @@ HEADERS = {path: "#pragma once\n" for path in (
     "jx/JXServerSide.h", "jx/platform/P.h", "jx/core/C.h", "jx/core/json/J.h",
     "jx/session/S.h", "jx/catalogue/K.h", "jx/events/E.h", "jx/events/ecommerce/M.h",
     "jx/facade/F.h", "jx/c/I.h", "tools/jx/T.h", "tests/support/S.h",
-    "bench/B.h", "examples/minimal/M.h", "examples/shop/N.h")}
+    "bench/B.h", "examples/minimal/M.h", "examples/shop/N.h", "examples/tvos/V.h")}
 
 
 def tree(path, *lines):
@@ -89,6 +89,11 @@ class Includes(faketree.FakeTreeTest):
         self.assert_allowed("tests/examples/A.cpp", '"examples/minimal/M.h"')
         self.assert_rejected("tests/examples/A.cpp", '"M.h"')
         self.assert_rejected("tools/jx/A.cpp", '"examples/minimal/M.h"')
+
+    def test_example_includes_files_of_the_example_that_it_shares(self):
+        self.assert_allowed("examples/tvos-objc/A.m", '"V.h"')
+        self.assert_rejected("examples/tvos-objc/A.m", '"M.h"')
+        self.assert_rejected("examples/minimal/main.cpp", '"V.h"')
 
     def test_accepts_curl_and_rapidjson_only_in_sources_of_core_and_tools(self):
         libraries = ("<curl/curl.h>", "<rapidjson/writer.h>")

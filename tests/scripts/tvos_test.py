@@ -72,6 +72,19 @@ class TvOS(faketree.FakeTreeTest):
         self.assert_rejected("#import <Foundation/Foundation.h>\n#if !__has_feature(objc_arc)\n"
                              "#error retained\n#endif\n", "retained", "jx/objc/A.m")
 
+    def test_examples_compile_with_the_module_and_automatic_reference_counting(self):
+        path = "examples/tvos-objc/A.m"
+        self.assert_rejected("@import JXServerSideObjC;\nvoid a(JXEvent* b);\n"
+                             "void a(JXEvent* b) { b.nothing = nil; }\n",
+                             "property 'nothing' not found on object of type 'JXEvent *'", path)
+        self.assert_rejected("#import <Foundation/Foundation.h>\nvoid a(NSString* b);\n"
+                             "void a(NSString* b) { [b release]; }\n",
+                             "ARC forbids explicit message send of 'release'", path)
+
+    def test_examples_that_mention_arc_compile_without_it(self):
+        self.assert_rejected("#if !__has_feature(objc_arc)\n#error retained\n#endif\n", "retained",
+                             "examples/tvos/A.m")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -1,8 +1,9 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// tvOS's Foundation, as far as the library uses it: declarations with the types, the nullability
-// and the ownership of tvOS's headers. Those of GNUstep have neither nullability nor generics, and
-// do not support automatic reference counting. A declaration that a source needs is added here.
+// tvOS's Foundation, as far as the library and the examples use it: declarations with the types,
+// the nullability and the ownership of tvOS's headers. Those of GNUstep have neither nullability
+// nor generics, and do not support automatic reference counting. A declaration that a source needs
+// is added here.
 #pragma once
 
 #include <Foundation/NSObjCRuntime.h>
@@ -10,8 +11,10 @@
 NS_ASSUME_NONNULL_BEGIN
 
 @class NSString, NSMethodSignature, NSInvocation, NSDictionary<KeyType, ObjectType>, NSData,
-    NSLocale, NSArray<ObjectType>;
+    NSLocale, NSArray<ObjectType>, NSCoder;
 typedef NSString* NSNotificationName;
+typedef NSString* NSErrorUserInfoKey;
+typedef NSString* NSKeyValueChangeKey;
 typedef NSString* NSLocaleKey;
 
 @protocol NSObject
@@ -61,6 +64,17 @@ __attribute__((objc_root_class))
 - (void)doesNotRecognizeSelector:(SEL)selector;
 - (nullable NSMethodSignature*)methodSignatureForSelector:(SEL)selector;
 - (void)forwardInvocation:(NSInvocation*)invocation;
+@end
+@interface NSObject (NSKeyValueObserving)
+- (void)addObserver:(NSObject*)observer
+         forKeyPath:(NSString*)keyPath
+            options:(NSKeyValueObservingOptions)options
+            context:(nullable void*)context;
+- (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath;
+- (void)observeValueForKeyPath:(nullable NSString*)keyPath
+                      ofObject:(nullable id)object
+                        change:(nullable NSDictionary<NSKeyValueChangeKey, id>*)change
+                       context:(nullable void*)context;
 @end
 
 @interface NSString : NSObject <NSCopying, NSMutableCopying>
@@ -134,6 +148,10 @@ __attribute__((objc_root_class))
 + (NSDecimalNumber*)decimalNumberWithString:(nullable NSString*)string;
 + (NSDecimalNumber*)decimalNumberWithString:(nullable NSString*)string locale:(nullable id)locale;
 + (NSDecimalNumber*)decimalNumberWithDecimal:(NSDecimal)decimal;
++ (NSDecimalNumber*)decimalNumberWithMantissa:(unsigned long long)mantissa
+                                     exponent:(short)exponent
+                                   isNegative:(BOOL)isNegative;
+- (NSDecimalNumber*)decimalNumberByMultiplyingBy:(NSDecimalNumber*)number;
 @end
 static inline BOOL NSDecimalIsNotANumber(const NSDecimal* number) {
   return number->_length == 0 && number->_isNegative;
@@ -211,6 +229,20 @@ static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
 @property(readonly, copy) NSString* name;
 @property(nullable, readonly, copy) NSString* reason;
 @end
+@interface NSError : NSObject <NSCopying>
+@property(readonly, copy) NSString* localizedDescription;
+@end
+@interface NSTimer : NSObject
++ (NSTimer*)scheduledTimerWithTimeInterval:(NSTimeInterval)interval
+                                    target:(id)target
+                                  selector:(SEL)selector
+                                  userInfo:(nullable id)userInfo
+                                   repeats:(BOOL)repeats;
+- (void)invalidate;
+@end
+@interface NSURL : NSObject <NSCopying>
++ (nullable instancetype)URLWithString:(NSString*)string;
+@end
 
 @interface NSBundle : NSObject
 @property(class, readonly, strong) NSBundle* mainBundle;
@@ -233,6 +265,8 @@ FOUNDATION_EXPORT NSLocaleKey const NSLocaleCurrencySymbol;
 - (nullable id)objectForKey:(NSString*)key;
 - (void)setObject:(nullable id)object forKey:(NSString*)key;
 - (void)removeObjectForKey:(NSString*)key;
+- (BOOL)boolForKey:(NSString*)key;
+- (void)setBool:(BOOL)value forKey:(NSString*)key;
 - (BOOL)synchronize;
 @end
 @interface NSUUID : NSObject <NSCopying>
@@ -266,6 +300,7 @@ FOUNDATION_EXPORT NSLocaleKey const NSLocaleCurrencySymbol;
                 object:(nullable id)object;
 @end
 
+FOUNDATION_EXPORT void NSLog(NSString* format, ...) __attribute__((format(__NSString__, 1, 2)));
 FOUNDATION_EXPORT NSString* NSStringFromClass(Class aClass);
 FOUNDATION_EXPORT NSString* NSStringFromSelector(SEL selector);
 FOUNDATION_EXPORT SEL NSSelectorFromString(NSString* name);
@@ -274,3 +309,5 @@ FOUNDATION_EXPORT NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(
     NSSearchPathDirectory directory, NSSearchPathDomainMask domains, BOOL expandTilde);
 
 NS_ASSUME_NONNULL_END
+
+#include <dispatch/dispatch.h>

@@ -1,6 +1,6 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
-// The macros and plain types of tvOS's Foundation, as far as the library uses them.
+// The macros and plain types of tvOS's Foundation, as far as the library and the examples use them.
 #pragma once
 
 #include <stdbool.h>
@@ -63,6 +63,10 @@ typedef struct CGRect {
   CGSize size;
 } CGRect;
 typedef CGRect NSRect;
+static inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+  CGRect rect = {{x, y}, {width, height}};
+  return rect;
+}
 typedef struct {
   signed int _exponent : 8;
   unsigned int _length : 4;
@@ -86,5 +90,6 @@ typedef NS_ENUM(NSInteger, NSComparisonResult) {
   NSOrderedSame,
   NSOrderedDescending
 };
+typedef NS_ENUM(NSUInteger, NSKeyValueObservingOptions) { NSKeyValueObservingOptionNew = 1 };
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) { NSCachesDirectory = 13 };
 typedef NS_ENUM(NSUInteger, NSSearchPathDomainMask) { NSUserDomainMask = 1 };
