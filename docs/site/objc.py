@@ -18,7 +18,7 @@ import headers
 FOLDER = "jx/objc"
 # A class or a protocol, with its comment.
 CONTAINER = re.compile(
-    r"(?P<comment>(?:^///[^\n]*\n)*)(?:^JX_OBJC_CLASS\n)?"
+    r"(?P<comment>(?:^///[^\n]*\n)*)(?:^JX_OBJC_(?:SENDABLE_)?CLASS\n)?"
     r"(?P<head>^@(?:interface|protocol) (?P<name>\w+)[^;{\n]*)(?P<body>\{?\n.*?^@end)",
     re.DOTALL | re.MULTILINE)
 # A method or a property, with its comment.
@@ -120,7 +120,7 @@ def for_doxygen(text):
         return MEMBER.sub(functools.partial(member, match.group("name")), match.group(0))
 
     text = CONTAINER.sub(container, text)
-    text = re.sub(r"^(?:NS_ASSUME_NONNULL_(?:BEGIN|END)|JX_OBJC_CLASS)$", "", text,
+    text = re.sub(r"^(?:NS_ASSUME_NONNULL_(?:BEGIN|END)|JX_OBJC_(?:SENDABLE_)?CLASS)$", "", text,
                   flags=re.MULTILINE)
     text = ENUMERATOR.sub(enumerator, text)
     text = re.sub(r"^typedef NS_ENUM\((\w+), (\w+)\) \{", r"enum \2 : \1 {", text,

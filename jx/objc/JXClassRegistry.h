@@ -6,7 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 /// Names of the optional modules in this process. A module that is a class of Objective-C need not
 /// be registered: it is found by the name of its class. Thread-safe.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXClassRegistry : JXSingleton
 
 /// Returns the object of this process.

@@ -6,7 +6,7 @@
 NS_ASSUME_NONNULL_BEGIN
 
 /// The clock, and the values that the parts of the library share. Thread-safe; no operation throws.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXCoreVariables : JXSingleton
 
 /// Returns the object of this process.

@@ -6,7 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 /// The device block of each event: device, system, screen, identifiers. It contains the network and
 /// the lifecycle block. Every object of this class is the one block of the process. Thread-safe.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXDevice : JXAdditionalProperties
 
 /// Returns the object of this process.

@@ -18,7 +18,7 @@ NS_ASSUME_NONNULL_BEGIN
 /// The store that the library uses. Values are strings, numbers, arrays, dictionaries and NSNull;
 /// they are copied. A value of another class is logged and ignored. Thread-safe; no operation
 /// throws. Two objects are equal when they are the same store of the library.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXDynamicStore : JXObject <IJXDynamicStore>
 
 /// Creates an empty store.

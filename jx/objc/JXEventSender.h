@@ -15,7 +15,7 @@ NS_ASSUME_NONNULL_BEGIN
 /// Posts notifications on a notification center, from which they reach the library too.
 /// Thread-safe; no operation throws. Two objects are equal when they are the same sender of the
 /// library.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXEventSender : JXObject
 
 /// Creates a sender that posts on the default center.

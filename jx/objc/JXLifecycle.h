@@ -7,7 +7,7 @@ NS_ASSUME_NONNULL_BEGIN
 /// The lifecycle block of each event: visits, sessions, times. Every object of this class is the
 /// one block of the process. `refreshContent`, `getJsonObject` and each event replace the values.
 /// Thread-safe.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXLifecycle : JXAdditionalProperties
 
 /// Returns the object of this process.

@@ -5,7 +5,7 @@
 NS_ASSUME_NONNULL_BEGIN
 
 /// The log of the library. Thread-safe; no operation throws.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXLogger : JXSingleton
 
 /// Returns the object of this process.

@@ -6,7 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 /// The network block, inside the device block. Every object of this class is the one block of the
 /// process. Thread-safe.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXNetwork : JXAdditionalProperties
 
 /// Returns the object of this process.

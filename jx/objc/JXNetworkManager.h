@@ -5,7 +5,7 @@
 NS_ASSUME_NONNULL_BEGIN
 
 /// Sends the queued events. Thread-safe; no operation throws.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXNetworkManager : JXSingleton
 
 /// Returns the object of this process.

@@ -10,6 +10,12 @@
 #define JX_OBJC_EXTERN extern __attribute__((visibility("default")))
 #endif
 #define JX_OBJC_CLASS __attribute__((visibility("default")))
+/// A class whose objects any thread may use at any time: Swift passes them between tasks.
+#if __has_attribute(swift_attr)
+#define JX_OBJC_SENDABLE_CLASS JX_OBJC_CLASS __attribute__((swift_attr("@Sendable")))
+#else
+#define JX_OBJC_SENDABLE_CLASS JX_OBJC_CLASS
+#endif
 
 // The name is a string literal, so that a formatter cannot add blanks to it.
 #define JX_SWIFT_NAME(name) __attribute__((swift_name(name)))

@@ -7,7 +7,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 /// The variables that describe the installation, the process and the device. Create a ServerSide
 /// first. Thread-safe; no operation throws.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXPredefinedVariables : JXSingleton
 
 /// Returns the object of this process.

@@ -6,7 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 /// The user block of each event. Every object of this class is the one block of the process.
 /// Thread-safe.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface JXUser : JXAdditionalProperties
 
 /// Returns the object of this process.

@@ -35,7 +35,7 @@ typedef NS_ENUM(int32_t, EJXDefaultBehaviour) {
 ///
 /// Every operation may be called from any thread; an event belongs to one thread at a time.
 /// Operations return at once, never throw and report no errors; failures are logged.
-JX_OBJC_CLASS
+JX_OBJC_SENDABLE_CLASS
 @interface ServerSide : JXObject <IJXEventSenderDelegate, IJXEventListenerDelegate> {
  @private
   id _Nullable _listener;  // The listener that was set or returned.

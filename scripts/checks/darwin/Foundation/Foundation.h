@@ -225,6 +225,16 @@ static inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
 + (instancetype)date;
 + (instancetype)dateWithTimeIntervalSince1970:(NSTimeInterval)seconds;
 @end
+@interface NSMethodSignature : NSObject
+@property(readonly) NSUInteger numberOfArguments;
+- (const char*)getArgumentTypeAtIndex:(NSUInteger)index;
+@end
+@interface NSInvocation : NSObject
++ (NSInvocation*)invocationWithMethodSignature:(NSMethodSignature*)signature;
+@property SEL selector;
+- (void)setArgument:(void*)argumentLocation atIndex:(NSInteger)index;
+- (void)invokeWithTarget:(id)target;
+@end
 @interface NSException : NSObject <NSCopying>
 @property(readonly, copy) NSString* name;
 @property(nullable, readonly, copy) NSString* reason;
