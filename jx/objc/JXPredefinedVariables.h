@@ -6,6 +6,10 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
+/// Time in the background, in seconds, after which a return to the foreground starts a new session:
+/// 1800. Each start-up sets `visitDuration` to it, in milliseconds.
+JX_OBJC_EXTERN const int64_t kJXVisitDurationDefaultValue;
+
 /// The variables that describe the installation, the process and the device. Create a ServerSide
 /// first. Thread-safe; no operation throws. Arguments of a wrong class are logged, and the call is
 /// ignored. The single steps of the start-up are in JXPredefinedVariables+StartUp.h.

@@ -13,6 +13,8 @@
 using Core = jx::JXPredefinedVariables;
 using namespace jx::objc;
 
+const int64_t kJXVisitDurationDefaultValue = jx::kJXVisitDurationDefaultValue;
+
 static constexpr char kPlace[] = "JXPredefinedVariables";
 
 #define JX_VARIABLE(name)                               \
