@@ -16,7 +16,7 @@ JX_OBJC_EXTERN const int64_t kJXVisitDurationDefaultValue;
 JX_OBJC_CLASS
 @interface JXPredefinedVariables : JXSingleton <IJXEventListenerDelegate> {
  @private
-  id _Nullable _listener;  // The listener that was set.
+  id _Nullable _listener;  // The listener that was set or returned.
 }
 
 /// Returns the object of this process.

@@ -25,10 +25,10 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
   -(void)name {                    \
     Core::sharedInstance().name(); \
   }
-#define JX_TIME_STEP(name)                               \
-  -(void)name : (NSString*)time {                        \
-    if (!isStringOrNil(time)) return;                    \
-    Core::sharedInstance().name(toString(time, kPlace)); \
+#define JX_TIME_STEP(name)                                \
+  -(void)name : (NSString*)time {                         \
+    if (!isNilOr([NSString class], time, kPlace)) return; \
+    Core::sharedInstance().name(toString(time, kPlace));  \
   }
 #define JX_NUMBER(Type, name, setter)     \
   -(Type)name {                           \
@@ -37,14 +37,6 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
   -(void)setter : (Type)value {           \
     Core::sharedInstance().setter(value); \
   }
-
-static bool isStringOrNil(id object) {
-  return object == nil || isOf([NSString class], object, kPlace);
-}
-
-static bool isNotificationOrNil(id object) {
-  return object == nil || isOf([NSNotification class], object, kPlace);
-}
 
 @implementation JXPredefinedVariables
 
@@ -99,7 +91,7 @@ static bool isNotificationOrNil(id object) {
 }
 
 - (void)addTimestamp:(NSString*)key andTimestampeMs:(NSString*)keyMs withTime:(int64_t)time {
-  if (!isStringOrNil(key) || !isStringOrNil(keyMs)) return;
+  if (!isNilOr([NSString class], key, kPlace) || !isNilOr([NSString class], keyMs, kPlace)) return;
   Core::sharedInstance().addTimestamp_andTimestampeMs_withTime(toString(key, kPlace),
                                                                toString(keyMs, kPlace), time);
 }
@@ -149,7 +141,8 @@ JX_NUMBER(uint64_t, visitDuration, setVisitDuration)
 JX_VARIABLE(pid)
 
 - (void)setPid:(NSString*)value {
-  if (isStringOrNil(value)) Core::sharedInstance().setPid(toString(value, kPlace));
+  if (isNilOr([NSString class], value, kPlace))
+    Core::sharedInstance().setPid(toString(value, kPlace));
 }
 
 - (void)onNotificationReceived:(NSNotification*)notification {
@@ -164,7 +157,7 @@ JX_VARIABLE(pid)
 }
 
 - (void)setDynamicStore:(JXDynamicStore*)value {
-  if (value != nil && !isOf([JXDynamicStore class], value, kPlace)) return;
+  if (!isNilOr([JXDynamicStore class], value, kPlace)) return;
   Core::sharedInstance().setDynamicStore(coreStore(value));
 }
 
@@ -177,16 +170,24 @@ JX_VARIABLE(pid)
 }
 
 - (JXEventListener*)listenerDelegate {
+  // The same object each time, because a listener stops calling a parent that it was given when it
+  // ends.
   const auto core = Core::sharedInstance().listenerDelegate();
+  id previous = nil;
+  JXEventListener* current = nil;
   @synchronized(self) {
-    // A start-up replaces the listener.
-    if (coreListener(_listener) == core) return JX_AUTORELEASE(JX_RETAIN(_listener));
+    if (coreListener(_listener) != core) {
+      previous = _listener;
+      _listener = JX_RETAIN(listenerOf(core));
+    }
+    current = JX_AUTORELEASE(JX_RETAIN(_listener));
   }
-  return listenerOf(core);
+  JX_RELEASE(previous);
+  return current;
 }
 
 - (void)setListenerDelegate:(JXEventListener*)value {
-  if (value != nil && !isOf([JXEventListener class], value, kPlace)) return;
+  if (!isNilOr([JXEventListener class], value, kPlace)) return;
   Core::sharedInstance().setListenerDelegate(coreListener(value));
   [self jx_keepListener:value];
 }
@@ -219,17 +220,20 @@ JX_TIME_STEP(setSessionDuration)
 JX_TIME_STEP(initNavTimestampCalls)
 
 - (void)newVisitUserDefaults:(NSString*)firstVisit currentTime:(NSString*)time {
-  if (!isStringOrNil(firstVisit) || !isStringOrNil(time)) return;
+  if (!isNilOr([NSString class], firstVisit, kPlace) || !isNilOr([NSString class], time, kPlace))
+    return;
   Core::sharedInstance().newVisitUserDefaults_currentTime(toString(firstVisit, kPlace),
                                                           toString(time, kPlace));
 }
 
 - (void)didEnterBackground:(NSNotification*)notification {
-  if (isNotificationOrNil(notification)) Core::sharedInstance().didEnterBackground({});
+  if (isNilOr([NSNotification class], notification, kPlace))
+    Core::sharedInstance().didEnterBackground({});
 }
 
 - (void)willEnterForeground:(NSNotification*)notification {
-  if (isNotificationOrNil(notification)) Core::sharedInstance().willEnterForeground({});
+  if (isNilOr([NSNotification class], notification, kPlace))
+    Core::sharedInstance().willEnterForeground({});
 }
 
 JX_TIME_STEP(initComScoreSession)

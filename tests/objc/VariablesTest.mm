@@ -178,7 +178,7 @@ TEST_F(ObjectiveCVariables, UsesTheListenerThatIsSet) {
                                                          forKey: ::kJXUserInfo_DataKey];
   @autoreleasepool {
     // The listener of the start-up ends when the pool does: until then it calls its parent.
-    EXPECT_TRUE([variables.listenerDelegate isEqual:variables.listenerDelegate]);
+    EXPECT_EQ(variables.listenerDelegate, variables.listenerDelegate);
     ::JXEventListener* const listener = make<::JXEventListener>();
     [listener setParent:variables];
     [listener listen: ::kJXNotification_UserAgentAvailable];
