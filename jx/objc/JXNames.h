@@ -369,10 +369,63 @@ JX_OBJC_EXTERN NSString* const
     kJXPredefinedVariable_AccumulatedBackgroundTime;                     ///< "#JX_CS_START_IT#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_TimeSinceLastExit;  ///< "#JX_CS_START_DIT#"
 JX_OBJC_EXTERN NSString* const
+    kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement;  ///< "#JX_CS_START_FT#"
+JX_OBJC_EXTERN NSString* const
     kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement;  ///< "#JX_CS_START_DFT#"
 JX_OBJC_EXTERN NSString* const
     kJXPredefinedVariable_EmptyVariableRemoveEqual;  ///< "#JX_EMPTY_VARIABLE_REMOVE_EQUAL#"
 JX_OBJC_EXTERN NSString* const kJXPredefinedVariable_FirstExecute;  ///< "#JX_FIRST_EXECUTE#"
+/// @}
+
+/// @name Version of the core
+/// @{
+JX_OBJC_EXTERN NSString* const kJXCoreVersion;  ///< "1.0.0"
+/// @}
+
+/// @name Version of the SDK, and day and time of its release
+/// @{
+JX_OBJC_EXTERN NSString* const kJXServerSideVersion;  ///< "5.4.5"
+JX_OBJC_EXTERN NSString* const kReleaseDate;          ///< "28/04/2025"
+JX_OBJC_EXTERN NSString* const kReleaseTime;          ///< "17:17:38"
+/// @}
+
+/// @name User block while the viewer's consent is pending
+/// @{
+JX_OBJC_EXTERN NSString* const JX_WAITING_FOR_CONSENT;  ///< "waiting_for_consent"
+/// @}
+
+/// @name Advertising identifier of a viewer for whom tracking is off
+/// @{
+JX_OBJC_EXTERN NSString* const STATIC_IDFA;  ///< "00000000-0000-0000-0000-000000000000"
+/// @}
+
+/// @name Developer ID that is set on a Firebase instance
+/// @{
+JX_OBJC_EXTERN NSString* const JX_GCM_DEVELOPER_ID;  ///< "jx_serverside"
+/// @}
+
+/// @name Manufacturer's name that each event contains
+/// @{
+JX_OBJC_EXTERN NSString* const kJXManufacturerName;  ///< "Apple"
+/// @}
+
+/// @name Labels of the persisted strings, for JXUserDefaults
+/// `kJXNumberColdStarts` is the number of visits, in spite of its name.
+/// @{
+JX_OBJC_EXTERN NSString* const kJXUserDefaultsKey_UniqueID;   ///< "jx_unique_id"
+JX_OBJC_EXTERN NSString* const kJXDateFirstVisitFormat;       ///< "jx_date_first_visit"
+JX_OBJC_EXTERN NSString* const kJXDateLastVisitFormat;        ///< "jx_date_last_visit"
+JX_OBJC_EXTERN NSString* const kJXDateCurrentVisitFormat;     ///< "jx_date_current_visit"
+JX_OBJC_EXTERN NSString* const kJXNumberColdStarts;           ///< "jx_number_coldStarts"
+JX_OBJC_EXTERN NSString* const kJXNumberSessions;             ///< "jx_number_sessions"
+JX_OBJC_EXTERN NSString* const kJXLastPID;                    ///< "jx_last_pid"
+JX_OBJC_EXTERN NSString* const kJXTimeSinceLastMeasurement;   ///< "TimeSinceLastMeasurement"
+JX_OBJC_EXTERN NSString* const kJXSessionStartTimestamp;      ///< "SessionStartTimestamp"
+JX_OBJC_EXTERN NSString* const kJXLastSessionStartTimestamp;  ///< "LastSessionStartTimestamp"
+JX_OBJC_EXTERN NSString* const kJXExitTimestamp;              ///< "ExitTimestamp"
+JX_OBJC_EXTERN NSString* const kJXUsageDuration;              ///< "UsageDuration"
+JX_OBJC_EXTERN NSString* const kJXLastForegroundTime;         ///< "LastForegroundTime"
+JX_OBJC_EXTERN NSString* const kJXLastBackgroundTime;         ///< "LastBackgroundTime"
 /// @}
 
 /// @name Predefined strings for `paymentMethod`; other strings are allowed

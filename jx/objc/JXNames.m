@@ -221,10 +221,41 @@ NSString* const kJXPredefinedVariable_UserSessionDurationMs = @"#JX_USER_SESSION
 NSString* const kJXPredefinedVariable_UsageSessionDurationMs = @"#JX_USAGE_SESSION_DURATION_MS#";
 NSString* const kJXPredefinedVariable_AccumulatedBackgroundTime = @"#JX_CS_START_IT#";
 NSString* const kJXPredefinedVariable_TimeSinceLastExit = @"#JX_CS_START_DIT#";
+NSString* const kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement =
+    @"#JX_CS_START_FT#";
 NSString* const kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement = @"#JX_CS_START_DFT#";
 NSString* const kJXPredefinedVariable_EmptyVariableRemoveEqual =
     @"#JX_EMPTY_VARIABLE_REMOVE_EQUAL#";
 NSString* const kJXPredefinedVariable_FirstExecute = @"#JX_FIRST_EXECUTE#";
+
+NSString* const kJXCoreVersion = @"1.0.0";
+
+NSString* const kJXServerSideVersion = @"5.4.5";
+NSString* const kReleaseDate = @"28/04/2025";
+NSString* const kReleaseTime = @"17:17:38";
+
+NSString* const JX_WAITING_FOR_CONSENT = @"waiting_for_consent";
+
+NSString* const STATIC_IDFA = @"00000000-0000-0000-0000-000000000000";
+
+NSString* const JX_GCM_DEVELOPER_ID = @"jx_serverside";
+
+NSString* const kJXManufacturerName = @"Apple";
+
+NSString* const kJXUserDefaultsKey_UniqueID = @"jx_unique_id";
+NSString* const kJXDateFirstVisitFormat = @"jx_date_first_visit";
+NSString* const kJXDateLastVisitFormat = @"jx_date_last_visit";
+NSString* const kJXDateCurrentVisitFormat = @"jx_date_current_visit";
+NSString* const kJXNumberColdStarts = @"jx_number_coldStarts";
+NSString* const kJXNumberSessions = @"jx_number_sessions";
+NSString* const kJXLastPID = @"jx_last_pid";
+NSString* const kJXTimeSinceLastMeasurement = @"TimeSinceLastMeasurement";
+NSString* const kJXSessionStartTimestamp = @"SessionStartTimestamp";
+NSString* const kJXLastSessionStartTimestamp = @"LastSessionStartTimestamp";
+NSString* const kJXExitTimestamp = @"ExitTimestamp";
+NSString* const kJXUsageDuration = @"UsageDuration";
+NSString* const kJXLastForegroundTime = @"LastForegroundTime";
+NSString* const kJXLastBackgroundTime = @"LastBackgroundTime";
 
 NSString* const EJXPayementMethod_BY_INVOICE = @"by_invoice";
 NSString* const EJXPayementMethod_BY_BANK_TRANSFER_IN_A = @"by_bank_transfer_in_advance";

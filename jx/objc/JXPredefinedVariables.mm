@@ -2,19 +2,40 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXPredefinedVariables.h"
 
+#import "jx/objc/JXPredefinedVariables+StartUp.h"
 #import "jx/objc/internal/JXConversion.h"
+#import "jx/objc/internal/JXCoreDelegates.h"
 #import "jx/objc/internal/JXCoreStore.h"
 #import "jx/objc/internal/JXNotificationBridge.h"
+#import "jx/objc/internal/JXOwnership.h"
 #include "jx/session/JXPredefinedVariables.h"
 
 using Core = jx::JXPredefinedVariables;
 using namespace jx::objc;
+
+const int64_t kJXVisitDurationDefaultValue = jx::kJXVisitDurationDefaultValue;
 
 static constexpr char kPlace[] = "JXPredefinedVariables";
 
 #define JX_VARIABLE(name)                               \
   -(NSString*)name {                                    \
     return toFoundation(Core::sharedInstance().name()); \
+  }
+#define JX_STEP(name)              \
+  -(void)name {                    \
+    Core::sharedInstance().name(); \
+  }
+#define JX_TIME_STEP(name)                                \
+  -(void)name : (NSString*)time {                         \
+    if (!isNilOr([NSString class], time, kPlace)) return; \
+    Core::sharedInstance().name(toString(time, kPlace));  \
+  }
+#define JX_NUMBER(Type, name, setter)     \
+  -(Type)name {                           \
+    return Core::sharedInstance().name(); \
+  }                                       \
+  -(void)setter : (Type)value {           \
+    Core::sharedInstance().setter(value); \
   }
 
 @implementation JXPredefinedVariables
@@ -26,6 +47,7 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
 
 - (instancetype)reinit {
   Core::sharedInstance().reinit();
+  [self jx_keepListener:nil];
   return self;
 }
 
@@ -68,12 +90,10 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
   return Core::sharedInstance().randomInt();
 }
 
-- (void)useLegacyUniqueIDForAnonymousID {
-  Core::sharedInstance().useLegacyUniqueIDForAnonymousID();
-}
-
-- (void)useLegacyUniqueIDForConsentID {
-  Core::sharedInstance().useLegacyUniqueIDForConsentID();
+- (void)addTimestamp:(NSString*)key andTimestampeMs:(NSString*)keyMs withTime:(int64_t)time {
+  if (!isNilOr([NSString class], key, kPlace) || !isNilOr([NSString class], keyMs, kPlace)) return;
+  Core::sharedInstance().addTimestamp_andTimestampeMs_withTime(toString(key, kPlace),
+                                                               toString(keyMs, kPlace), time);
 }
 
 - (void)changeNotificationCenter:(NSNotificationCenter*)center {
@@ -100,21 +120,143 @@ JX_VARIABLE(nav_TimestampCurrentVisitMs)
 JX_VARIABLE(timestampCurrentVisitMs)
 JX_VARIABLE(timestampLastCallMs)
 JX_VARIABLE(userAgent)
+JX_VARIABLE(currencyCode)
+JX_VARIABLE(currencySymbol)
+JX_VARIABLE(getDefaultEncoding)
+
+JX_STEP(useLegacyUniqueIDForAnonymousID)
+JX_STEP(useLegacyUniqueIDForConsentID)
+JX_STEP(firstExecute)
+JX_STEP(computeTimeChangingVariables)
+JX_STEP(resetNewSession)
+
+JX_NUMBER(int32_t, totalForegroundTransitions, setTotalForegroundTransitions)
+JX_NUMBER(uint64_t, totalForegroundTime, setTotalForegroundTime)
+JX_NUMBER(uint64_t, deltaForeground, setDeltaForeground)
+JX_NUMBER(uint64_t, totalBackgroundTime, setTotalBackgroundTime)
+JX_NUMBER(uint64_t, deltaBackground, setDeltaBackground)
+JX_NUMBER(uint64_t, lastTime, setLastTime)
+JX_NUMBER(uint64_t, startUsage, setStartUsage)
+JX_NUMBER(uint64_t, visitDuration, setVisitDuration)
+JX_VARIABLE(pid)
+
+- (void)setPid:(NSString*)value {
+  if (isNilOr([NSString class], value, kPlace))
+    Core::sharedInstance().setPid(toString(value, kPlace));
+}
+
+- (void)onNotificationReceived:(NSNotification*)notification {
+  if (!isOf([NSNotification class], notification, kPlace)) return;
+  postInCore(notification, [](const jx::JXNotification& core) {
+    Core::sharedInstance().onNotificationReceived(core);
+  });
+}
 
 - (JXDynamicStore*)dynamicStore {
   return storeOf(Core::sharedInstance().dynamicStore());
+}
+
+- (void)setDynamicStore:(JXDynamicStore*)value {
+  if (!isNilOr([JXDynamicStore class], value, kPlace)) return;
+  Core::sharedInstance().setDynamicStore(coreStore(value));
 }
 
 - (BOOL)isBackground {
   return Core::sharedInstance().isBackground() ? YES : NO;
 }
 
-- (uint64_t)visitDuration {
-  return Core::sharedInstance().visitDuration();
+- (void)setIsBackground:(BOOL)value {
+  Core::sharedInstance().setIsBackground(value != NO);
 }
 
-- (void)setVisitDuration:(uint64_t)value {
-  Core::sharedInstance().setVisitDuration(value);
+- (JXEventListener*)listenerDelegate {
+  // The same object each time, because a listener stops calling a parent that it was given when it
+  // ends.
+  const auto core = Core::sharedInstance().listenerDelegate();
+  id previous = nil;
+  JXEventListener* current = nil;
+  @synchronized(self) {
+    if (coreListener(_listener) != core) {
+      previous = _listener;
+      _listener = JX_RETAIN(listenerOf(core));
+    }
+    current = JX_AUTORELEASE(JX_RETAIN(_listener));
+  }
+  JX_RELEASE(previous);
+  return current;
 }
+
+- (void)setListenerDelegate:(JXEventListener*)value {
+  if (!isNilOr([JXEventListener class], value, kPlace)) return;
+  Core::sharedInstance().setListenerDelegate(coreListener(value));
+  [self jx_keepListener:value];
+}
+
+- (void)jx_keepListener:(JXEventListener*)listener {
+  id previous = nil;
+  @synchronized(self) {
+    previous = _listener;
+    _listener = JX_RETAIN(listener);
+  }
+  // Without the lock, because it waits for a call in progress, which may use this object.
+  JX_RELEASE(previous);
+}
+
+@end
+
+// In this file, because a linker takes an object file from a static library only for a class or a
+// function, not for a category.
+@implementation JXPredefinedVariables (StartUp)
+
+JX_STEP(initIsFirstVisit)
+JX_STEP(initLastCallLastVisit)
+JX_TIME_STEP(setVisitorIDCurrentCallUniqueID)
+JX_STEP(initColdStartNumber)
+JX_TIME_STEP(setTimestamps)
+JX_TIME_STEP(setFirstVisitUserDefaults)
+JX_TIME_STEP(updateVisitUserDefaults)
+JX_TIME_STEP(updateVariablesForNewSession)
+JX_TIME_STEP(setSessionDuration)
+JX_TIME_STEP(initNavTimestampCalls)
+
+- (void)newVisitUserDefaults:(NSString*)firstVisit currentTime:(NSString*)time {
+  if (!isNilOr([NSString class], firstVisit, kPlace) || !isNilOr([NSString class], time, kPlace))
+    return;
+  Core::sharedInstance().newVisitUserDefaults_currentTime(toString(firstVisit, kPlace),
+                                                          toString(time, kPlace));
+}
+
+- (void)didEnterBackground:(NSNotification*)notification {
+  if (isNilOr([NSNotification class], notification, kPlace))
+    Core::sharedInstance().didEnterBackground({});
+}
+
+- (void)willEnterForeground:(NSNotification*)notification {
+  if (isNilOr([NSNotification class], notification, kPlace))
+    Core::sharedInstance().willEnterForeground({});
+}
+
+JX_TIME_STEP(initComScoreSession)
+JX_TIME_STEP(computeDeltaSinceLastLaunch)
+
+- (void)computeStartUsageTime:(BOOL)renewed {
+  Core::sharedInstance().computeStartUsageTime(renewed != NO);
+}
+
+JX_STEP(setManufacturer)
+JX_STEP(setNorvaneVersion)
+JX_STEP(setLocalCharset)
+JX_STEP(initScreenResolution)
+JX_STEP(setApplicationBuild)
+JX_STEP(setLocalModel)
+JX_STEP(setLocalSysVersion)
+JX_STEP(setLocalSysName)
+JX_STEP(setLocalLanguage)
+JX_STEP(setBundleIdentifier)
+JX_STEP(setApplicationName)
+JX_STEP(setRuntimeName)
+JX_STEP(setModelAndVersion)
+JX_STEP(setIsJailBroken)
+JX_TIME_STEP(initApplicationVersion)
 
 @end

@@ -21,6 +21,7 @@
 #import "JXObject.h"
 #import "JXObjectiveC.h"
 #import "JXPostData.h"
+#import "JXPredefinedVariables+StartUp.h"
 #import "JXPredefinedVariables.h"
 #import "JXServerSideInitialisation.h"
 #import "JXServerSideUtils.h"

@@ -19,6 +19,8 @@ namespace jx {
 
 /// Time in the background, in seconds, after which a return to the foreground starts a new session.
 inline constexpr std::int64_t kJXVisitDurationDefaultValue = 1800;
+/// The manufacturer's name on every system: servers identify the device family by it.
+inline constexpr std::string_view kJXManufacturerName = "Apple";
 
 /// Predefined variables: named strings that describe the installation, the process and the device.
 /// They are set on the first call of `sharedInstance`, updated before every event, and persisted

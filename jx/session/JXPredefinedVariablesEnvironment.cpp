@@ -20,8 +20,7 @@
 namespace jx {
 namespace {
 
-// Fixed, because the server identifies the device family by them.
-constexpr std::string_view kJXManufacturerName = "Apple";
+// Fixed, because the server identifies the device family by it.
 constexpr std::string_view kRuntimeName = "tvos";
 
 JXPlatform& platform() { return JXCoreServices::sharedInstance().platform(); }

@@ -203,6 +203,7 @@ TEST(CCatalogue, DeclaresConstantsUnderTheirCppNames) {
                                  "card",
                                  "shipped",
                                  "#JX_LANGUAGE#",
+                                 "#JX_CS_START_FT#",
                                  "#JX_IDFA#",
                                  "#JX_CONSENT_VERSION#",
                                  "JXNotification: HTTP Request",

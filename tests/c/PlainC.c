@@ -56,21 +56,23 @@ jx_object* plain_purchase(void) {
 }
 
 const char* const* plain_names(void) {
-  static const char* const names[] = {JX_ID,
-                                      JXE_PAYMENTMETHOD,
-                                      JXI_QUANTITY,
-                                      JXP_CATEGORY_N,
-                                      JXL_SESSION_ID,
-                                      JXA_NAMESPACE,
-                                      JXV_AD_TYPE,
-                                      JXD_OS,
-                                      EJXPayementMethod_CARD,
-                                      EJXPurchaseStatus_SHIPPE,
-                                      kJXPredefinedVariable_Language,
-                                      kJXPredefinedVariable_IDFA,
-                                      JX_ConsentVersion,
-                                      kJXNotification_HTTPRequest,
-                                      kJXUserInfo_URLKey,
-                                      NULL};
+  static const char* const names[] = {
+      JX_ID,
+      JXE_PAYMENTMETHOD,
+      JXI_QUANTITY,
+      JXP_CATEGORY_N,
+      JXL_SESSION_ID,
+      JXA_NAMESPACE,
+      JXV_AD_TYPE,
+      JXD_OS,
+      EJXPayementMethod_CARD,
+      EJXPurchaseStatus_SHIPPE,
+      kJXPredefinedVariable_Language,
+      kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
+      kJXPredefinedVariable_IDFA,
+      JX_ConsentVersion,
+      kJXNotification_HTTPRequest,
+      kJXUserInfo_URLKey,
+      NULL};
   return names;
 }

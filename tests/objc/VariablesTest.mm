@@ -53,6 +53,164 @@ TEST_F(ObjectiveCVariables, ReturnsSingleVariables) {
   EXPECT_EQ(jx::JXPredefinedVariables::sharedInstance().visitDuration(), 5u);
 }
 
+TEST_F(ObjectiveCVariables, SetsProperties) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  EXPECT_EQ(variables.totalForegroundTransitions, 1);
+  EXPECT_EQ(variables.lastTime, 1'700'000'000'000u);
+  EXPECT_EQ(text(variables.pid), "4242");
+  variables.isBackground = YES;
+  variables.totalForegroundTransitions = -7;
+  variables.totalForegroundTime = 1;
+  variables.deltaForeground = 2;
+  variables.totalBackgroundTime = 3;
+  variables.deltaBackground = 4;
+  variables.lastTime = 18'446'744'073'709'551'615u;
+  variables.startUsage = 6;
+  variables.pid = @"77";
+  const auto& core = jx::JXPredefinedVariables::sharedInstance();
+  EXPECT_TRUE(core.isBackground());
+  EXPECT_EQ(core.totalForegroundTransitions(), -7);
+  EXPECT_EQ(core.totalForegroundTime(), 1u);
+  EXPECT_EQ(core.deltaForeground(), 2u);
+  EXPECT_EQ(core.totalBackgroundTime(), 3u);
+  EXPECT_EQ(core.deltaBackground(), 4u);
+  EXPECT_EQ(core.lastTime(), 18'446'744'073'709'551'615u);
+  EXPECT_EQ(core.startUsage(), 6u);
+  EXPECT_EQ(core.pid(), JXString("77"));
+  variables.pid = static_cast<id>(decimal(@"1"));
+  EXPECT_EQ(text(variables.pid), "77");
+  variables.pid = nil;
+  EXPECT_EQ(variables.pid, nil);
+}
+
+TEST_F(ObjectiveCVariables, ReplacesTheStore) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  ::JXDynamicStore* const store = make<::JXDynamicStore>();
+  [store addData:@"a" withValue:@"x"];
+  variables.dynamicStore = store;
+  EXPECT_TRUE([variables.dynamicStore isEqual:store]);
+  EXPECT_EQ(text([variables getData:@"a"]), "x");
+  variables.dynamicStore = static_cast<id>(@"a string");
+  EXPECT_EQ(text([variables getData:@"a"]), "x");
+  variables.dynamicStore = nil;
+  [variables addData:@"a" withValue:@"x"];
+  EXPECT_EQ([variables getData:@"a"], nil);
+  EXPECT_EQ(variables.dynamicStore, nil);
+}
+
+TEST_F(ObjectiveCVariables, UpdatesTheVariablesOfEvents) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  [variables firstExecute];
+  EXPECT_EQ(variable("#JX_FIRST_EXECUTE#"), JXString("TRUE"));
+  [variables firstExecute];
+  EXPECT_EQ(variable("#JX_FIRST_EXECUTE#"), JXString("FALSE"));
+  clock->advance(2'000);
+  [variables computeTimeChangingVariables];
+  EXPECT_EQ(variable("#JX_FOREGROUND_TIME#"), JXString("2000"));
+  EXPECT_EQ(variable("#JX_CURRENT_CALL_MS#"), JXString("1700000002000"));
+  EXPECT_EQ(variable("#JX_NEW_SESSION#"), JXString("1"));
+  [variables resetNewSession];
+  EXPECT_EQ(variable("#JX_NEW_SESSION#"), JXString("0"));
+}
+
+TEST_F(ObjectiveCVariables, ReadsTheLocale) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  platform->currency = "EUR";
+  platform->symbol = "€";
+  platform->encoding = 5;
+  EXPECT_EQ(text([variables currencyCode]), "EUR");
+  EXPECT_EQ(variable("#JX_CURRENCY_CODE#"), JXString("EUR"));
+  EXPECT_EQ(text([variables currencySymbol]), "€");
+  EXPECT_EQ(variable("#JX_CURRENCY_SYMBOL#"), JXString("€"));
+  EXPECT_EQ(text([variables getDefaultEncoding]), "ISO-8859-1");
+  platform->currency = nullptr;
+  EXPECT_EQ([variables currencyCode], nil);
+  EXPECT_EQ(variable("#JX_CURRENCY_CODE#"), JXString("-"));
+}
+
+TEST_F(ObjectiveCVariables, StoresTimesInSecondsAndMilliseconds) {
+  create();
+  forgetLines();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  [variables addTimestamp:@"s" andTimestampeMs:@"ms" withTime:1'700'000'000];
+  EXPECT_EQ(variable("s"), JXString("1700000000"));
+  EXPECT_EQ(variable("ms"), JXString("1700000000000"));
+  [variables addTimestamp:nil andTimestampeMs:@"ms" withTime:-3];
+  EXPECT_EQ(variable("ms"), JXString("-3000"));
+  [variables addTimestamp:@"s" andTimestampeMs:nil withTime:-3];
+  EXPECT_EQ(variable("s"), JXString("-3"));
+  [variables addTimestamp:@"s" andTimestampeMs:static_cast<id>([NSArray array]) withTime:9];
+  [variables addTimestamp:static_cast<id>([NSArray array]) andTimestampeMs:@"ms" withTime:9];
+  EXPECT_EQ(variable("s"), JXString("-3"));
+  EXPECT_EQ(variable("ms"), JXString("-3000"));
+  EXPECT_EQ(linesUpTo(3).size(), 2u);
+}
+
+TEST_F(ObjectiveCVariables, StoresTheUserAgentOfANotification) {
+  create();
+  forgetLines();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  const id<IJXEventListenerDelegate> delegate = variables;
+  NSDictionary* const data = [NSDictionary dictionaryWithObject:@"Agent/2"
+                                                         forKey: ::kJXUserInfo_DataKey];
+  [delegate onNotificationReceived:[NSNotification
+                                       notificationWithName: ::kJXNotification_UserAgentAvailable
+                                                     object:nil
+                                                   userInfo:data]];
+  EXPECT_EQ(variable("#JX_USER_AGENT#"), JXString("Agent/2"));
+  [delegate onNotificationReceived:[NSNotification notificationWithName:@"another"
+                                                                 object:nil
+                                                               userInfo:nil]];
+  [variables onNotificationReceived:nil];
+  [variables onNotificationReceived:static_cast<id>(@"a string")];
+  EXPECT_EQ(variable("#JX_USER_AGENT#"), JXString("Agent/2"));
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+}
+
+TEST_F(ObjectiveCVariables, UsesTheListenerThatIsSet) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  NSDictionary* const data = [NSDictionary dictionaryWithObject:@"Agent/2"
+                                                         forKey: ::kJXUserInfo_DataKey];
+  @autoreleasepool {
+    // The listener of the start-up ends when the pool does: until then it calls its parent.
+    EXPECT_EQ(variables.listenerDelegate, variables.listenerDelegate);
+    ::JXEventListener* const listener = make<::JXEventListener>();
+    [listener setParent:variables];
+    [listener listen: ::kJXNotification_UserAgentAvailable];
+    variables.listenerDelegate = listener;
+    EXPECT_EQ(variables.listenerDelegate, listener);
+    variables.listenerDelegate = static_cast<id>(@"a string");
+    EXPECT_EQ(variables.listenerDelegate, listener);
+  }
+  [defaultCenter() postNotificationName: ::kJXNotification_UserAgentAvailable
+                                 object:nil
+                               userInfo:data];
+  EXPECT_EQ(variable("#JX_USER_AGENT#"), JXString("Agent/2"));
+  variables.listenerDelegate = nil;
+  EXPECT_EQ(variables.listenerDelegate, nil);
+  [variables removeData:@"#JX_USER_AGENT#"];
+  [defaultCenter() postNotificationName: ::kJXNotification_UserAgentAvailable
+                                 object:nil
+                               userInfo:data];
+  EXPECT_EQ(variable("#JX_USER_AGENT#"), JXString());
+}
+
+TEST_F(ObjectiveCVariables, AStartUpReplacesTheListenerThatWasSet) {
+  create();
+  ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];
+  ::JXEventListener* const listener = make<::JXEventListener>();
+  variables.listenerDelegate = listener;
+  const NSUInteger count = [listener retainCount];
+  EXPECT_EQ([variables reinit], variables);
+  EXPECT_FALSE([variables.listenerDelegate isEqual:listener]);
+  EXPECT_EQ([listener retainCount], count - 1);
+}
+
 TEST_F(ObjectiveCVariables, UsesTheUniqueIdentifierForTheUser) {
   create();
   ::JXPredefinedVariables* const variables = [::JXPredefinedVariables sharedInstance];

@@ -11,6 +11,7 @@ SCRIPT = ROOT / "scripts/catalogue"
 sys.path.insert(0, str(ROOT / "tools/catalogue"))
 import c_headers  # noqa: E402
 import model  # noqa: E402
+import objc  # noqa: E402
 
 CORE = 'inline constexpr std::string_view JXD_MODEL =\n    "model";\n'
 VARIABLES = '''
@@ -379,12 +380,59 @@ class CHeaders(Tree):
             self.assertIn(f'#define {name} "{string}"\n', in_c)
             self.assertIn(f'static const char {name}[] = "{string}";\n', in_cpp)
 
-    def test_rejects_names_that_match_no_constant(self):
-        self.write("jx/catalogue/keys.toml", KEYS + NAMES.replace("MODEL", "MODELS"))
+    def test_declares_constants_of_objective_c_only(self):
+        self.write("jx/catalogue/keys.toml", KEYS + NAMES + "c = false\n")
+        self.assertNotIn("JXD_MODEL", self.header(RATE, "jx_names"))
+        names = objc.files(self.load(RATE))
+        self.assertIn('JX_OBJC_EXTERN NSString *const JXD_MODEL;  ///< "model"\n',
+                      names["jx/objc/JXNames.h"])
+        self.assertIn('NSString *const JXD_MODEL = @"model";\n', names["jx/objc/JXNames.m"])
+
+    def test_names_the_functions_of_each_language(self):
+        for function, method in (
+                ("jx_get_variable", "-[JXPredefinedVariables getData:]"),
+                ("jx_get_core_variable", "-[JXCoreVariables getData:]")):
+            self.write("jx/catalogue/keys.toml",
+                       KEYS + NAMES.replace('"Names"', f'"Names, for `{function}`"'))
+            self.assertIn(f"// Names, for `{function}`.\n", self.header(RATE, "jx_names"))
+            self.assertIn(f"/// @name Names, for `{method}`\n",
+                          objc.files(self.load(RATE))["jx/objc/JXNames.h"])
+
+    def assert_names_fail(self, names, message, core=CORE):
+        self.write("jx/core/JXCoreConstants.h", core)
+        self.write("jx/catalogue/keys.toml", names)
         with self.assertRaises(model.CatalogueError) as raised:
             self.load(RATE)
-        self.assertEqual(str(raised.exception), "keys.toml: names[0].pattern: matches no constant "
-                                                "of jx/core/JXCoreConstants.h")
+        self.assertEqual(str(raised.exception), "keys.toml: " + message)
+
+    def test_rejects_names_that_match_no_constant(self):
+        self.assert_names_fail(KEYS + NAMES.replace("MODEL", "MODELS"),
+                               "names[0].pattern: matches no constant of jx/core/JXCoreConstants.h")
+
+    def test_reads_constants_on_two_lines(self):
+        self.write("jx/core/JXCoreConstants.h",
+                   'inline constexpr std::string_view\n    JXD_MODEL = "model";\n')
+        self.write("jx/catalogue/keys.toml", KEYS + NAMES)
+        self.assertIn('#define JXD_MODEL "model"\n', self.header(RATE, "jx_names"))
+
+    def test_rejects_a_string_in_another_form(self):
+        for line in ('constexpr std::string_view JXD_NAME{"name"};\n',
+                     'constexpr std::string_view JXD_NAME = "na" "me";\n'):
+            with self.subTest(line):
+                self.assert_names_fail(
+                    KEYS + NAMES, "declared_in: jx/core/JXCoreConstants.h declares a string in a "
+                    "form that cannot be read", CORE + line)
+
+    def test_rejects_a_constant_that_is_in_no_group(self):
+        core = CORE + 'inline constexpr std::string_view JXD_NAME = "name";\n'
+        self.assert_names_fail(KEYS + NAMES,
+                               "names: JXD_NAME of jx/core/JXCoreConstants.h is in no group", core)
+        self.write("jx/catalogue/keys.toml", 'only_in_cpp = ["JXD_NAME"]\n' + KEYS + NAMES)
+        self.assertNotIn("JXD_NAME", self.header(RATE, "jx_names"))
+
+    def test_rejects_a_constant_for_cpp_only_that_is_in_a_group(self):
+        self.assert_names_fail('only_in_cpp = ["JXD_MODEL"]\n' + KEYS + NAMES, "only_in_cpp: "
+                               "JXD_MODEL is not a constant without a group")
 
 
 class Command(Tree):

@@ -102,6 +102,8 @@ TEST(PersistedKeys, OfUsageTimingMatchExistingInstallations) {
   EXPECT_EQ(kJXLastSessionStartTimestamp, "LastSessionStartTimestamp");
 }
 
+TEST(Manufacturer, IsTheNameThatServersExpect) { EXPECT_EQ(kJXManufacturerName, "Apple"); }
+
 TEST(VisitDuration, DefaultsToEighteenHundredSeconds) {
   EXPECT_EQ(kJXVisitDurationDefaultValue, std::int64_t{1800});
 }

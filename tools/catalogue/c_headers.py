@@ -196,10 +196,12 @@ def _enumeration(enumeration):
             f"{body[:last]}{body[last + 1:]}}} {enumeration.name};\n\n")
 
 
-def name_groups(catalogue):
-    """Returns the description of each group of constants, and their strings by name."""
+def name_groups(catalogue, only_in_c):
+    """Returns the description of each group of constants, and their strings by name: those of the C
+    interface, or all."""
     groups = [(f"{group.title}. {group.comment}", {key.constant: key.string for key in group.keys})
-              for group in catalogue.key_groups + catalogue.name_groups]
+              for group in catalogue.key_groups + catalogue.name_groups
+              if group.is_in_c or not only_in_c]
     return groups + [(strings.title + "; other strings are allowed.",
                       {f"{strings.name}_{name}": string for name, string in strings.values.items()})
                      for strings in catalogue.strings.values()]
@@ -208,7 +210,7 @@ def name_groups(catalogue):
 def names_header(catalogue):
     enumerations = "".join(map(_enumeration, catalogue.enumerations.values()))
     macros, arrays = "", ""
-    for description, strings in name_groups(catalogue):
+    for description, strings in name_groups(catalogue, only_in_c=True):
         heading = comment(description, "").replace("///", "//") + "\n"
         macros += heading + "".join(f'#define {name} "{text}"\n' for name, text in strings.items())
         arrays += heading + "".join(f'static const char {name}[] = "{text}";\n'

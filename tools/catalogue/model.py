@@ -32,7 +32,8 @@ CONDITIONS = ("never", "non_empty_string", "present", "non_empty_list", "togethe
 _CONSTANT = re.compile(r"JX[A-Z]?_\w+")
 _LITERAL = re.compile(r"[a-z][a-z0-9_]*")
 _VARIABLE = re.compile(r"\bkJXPredefinedVariable_(\w+)\s*=")
-_DECLARATION = re.compile(r'inline constexpr std::string_view (\w+) =\s*"([^"]*)";')
+_STRING = re.compile(r"\bconstexpr\s+std::string_view\b")
+_DECLARATION = re.compile(_STRING.pattern + r'\s+(\w+)\s*=\s*"([^"]*)";')
 
 
 class CatalogueError(Exception):
@@ -70,6 +71,7 @@ class KeyGroup:
     title: str
     comment: str
     keys: tuple
+    is_in_c: bool = True
 
 
 @dataclasses.dataclass(frozen=True)
@@ -313,7 +315,7 @@ class _Reader:
     def _keys(self, path):
         table = _Table(self._toml(path), Place(path.name))
         header = table.take("declared_in")
-        for constant, string in _DECLARATION.findall((self.root / header).read_text("utf-8")):
+        for constant, string in self._declarations(header, table.place.at("declared_in")):
             self.catalogue.keys[constant] = Key(string, constant, header)
         for number, values in enumerate(table.take("groups", list)):
             group = _Table(values, table.place.at(f"groups[{number}]"))
@@ -329,18 +331,39 @@ class _Reader:
         self._names(table)
         table.finish()
 
+    def _declarations(self, header, place):
+        """Returns the name and the string of each constant that a C++ header declares."""
+        text = (self.root / header).read_text("utf-8")
+        declared = _DECLARATION.findall(text)
+        if len(declared) != len(_STRING.findall(text)):
+            place.fail(f"{header} declares a string in a form that cannot be read")
+        return declared
+
     def _names(self, table):
-        """Reads constants that C++ headers declare by hand."""
+        """Reads constants that C++ headers declare by hand. A header that is named declares none
+        that is in no group, unless it is listed as one for C++ only."""
+        left_out = table.take("only_in_cpp", list, [])
+        without_group = {}
         for number, values in enumerate(table.take("names", list, [])):
             entry = _Table(values, table.place.at(f"names[{number}]"))
             header, pattern = entry.take("declared_in"), re.compile(entry.take("pattern"))
-            declared = _DECLARATION.findall((self.root / header).read_text("utf-8"))
+            declared = self._declarations(header, entry.place.at("declared_in"))
             names = tuple(Key(string, constant, header) for constant, string in declared
                           if pattern.fullmatch(constant))
             if not names:
                 entry.place.at("pattern").fail(f"matches no constant of {header}")
-            self.catalogue.name_groups.append(KeyGroup(entry.text("title"), "", names))
+            known = without_group.setdefault(header, {constant for constant, _ in declared})
+            known.difference_update(key.constant for key in names)
+            self.catalogue.name_groups.append(
+                KeyGroup(entry.text("title"), entry.text("comment", ""), names,
+                         entry.take("c", bool, True)))
             entry.finish()
+        for header, constants in without_group.items():
+            for constant in sorted(constants.difference(left_out)):
+                table.place.at("names").fail(f"{constant} of {header} is in no group")
+        for constant in left_out:
+            if not any(constant in constants for constants in without_group.values()):
+                table.place.at("only_in_cpp").fail(f"{constant} is not a constant without a group")
 
     def _file(self, path):
         values = self._toml(path)

@@ -246,7 +246,7 @@ def names_header(catalogue):
     body += "".join(map(enumeration, catalogue.enumerations.values()))
     body += ("/// The class that the key constants belong to. It has no members.\n"
              "JX_OBJC_CLASS\n@interface JXEventPropertiesNames : NSObject\n@end\n\n")
-    for description, strings in name_groups(catalogue):
+    for description, strings in name_groups(catalogue, only_in_c=False):
         title, _, text = text_of(description).removesuffix(".").partition(". ")
         body += f"/// @name {title}\n" + (comment(f"{text}.", "") if text else "") + "/// @{\n"
         body += "".join(f"JX_OBJC_EXTERN NSString *const {name};  ///< \"{string}\"\n"
@@ -260,7 +260,7 @@ def names_source(catalogue):
         listed = ", ".join(f'@"{string}"' for string in entry.values.values())
         body += (f"NSString *const {entry.name}_toString[{len(entry.values)}] = "
                  f"{{{listed}}};\n")
-    for _, strings in name_groups(catalogue):
+    for _, strings in name_groups(catalogue, only_in_c=False):
         body += "\n" + "".join(f'NSString *const {name} = @"{string}";\n'
                                for name, string in strings.items())
     return licence(FOLDER) + body

@@ -289,6 +289,7 @@ typedef enum EJXAdLoadType {
 #define kJXPredefinedVariable_UsageSessionDurationMs "#JX_USAGE_SESSION_DURATION_MS#"
 #define kJXPredefinedVariable_AccumulatedBackgroundTime "#JX_CS_START_IT#"
 #define kJXPredefinedVariable_TimeSinceLastExit "#JX_CS_START_DIT#"
+#define kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement "#JX_CS_START_FT#"
 #define kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement "#JX_CS_START_DFT#"
 #define kJXPredefinedVariable_EmptyVariableRemoveEqual "#JX_EMPTY_VARIABLE_REMOVE_EQUAL#"
 #define kJXPredefinedVariable_FirstExecute "#JX_FIRST_EXECUTE#"
@@ -545,6 +546,8 @@ static const char kJXPredefinedVariable_UserSessionDurationMs[] = "#JX_USER_SESS
 static const char kJXPredefinedVariable_UsageSessionDurationMs[] = "#JX_USAGE_SESSION_DURATION_MS#";
 static const char kJXPredefinedVariable_AccumulatedBackgroundTime[] = "#JX_CS_START_IT#";
 static const char kJXPredefinedVariable_TimeSinceLastExit[] = "#JX_CS_START_DIT#";
+static const char kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement[] =
+    "#JX_CS_START_FT#";
 static const char kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement[] =
     "#JX_CS_START_DFT#";
 static const char kJXPredefinedVariable_EmptyVariableRemoveEqual[] =
