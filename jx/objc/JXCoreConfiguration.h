@@ -14,18 +14,44 @@ typedef NS_ENUM(int32_t, EJXDeliveryOutcome) {
   EJXDeliveryOutcome_DROPPED JX_SWIFT_NAME("dropped") = 2,
 };
 
-/// Receives log messages and outcomes, on any thread. An exception is ignored.
+/// Reason why a request left the queue without a response. The limits are those of
+/// JXCoreConfiguration.
+typedef NS_ENUM(int32_t, EJXDropReason) {
+  /// It was not dropped.
+  EJXDropReason_NONE JX_SWIFT_NAME("notDropped") = 0,
+  /// The queue exceeded `maxRequests`; the oldest request is dropped.
+  EJXDropReason_TOO_MANY JX_SWIFT_NAME("tooMany") = 1,
+  /// The queue, or the request alone, exceeded `maxBytes`.
+  EJXDropReason_TOO_LARGE JX_SWIFT_NAME("tooLarge") = 2,
+  /// It exceeded `maxAge`.
+  EJXDropReason_TOO_OLD JX_SWIFT_NAME("tooOld") = 3,
+  /// It could not be stored, and `maxInMemory` left no room for it.
+  EJXDropReason_NO_STORAGE JX_SWIFT_NAME("noStorage") = 4,
+  /// Its stored bytes are damaged.
+  EJXDropReason_UNREADABLE JX_SWIFT_NAME("unreadable") = 5,
+  /// It was removed by a purge.
+  EJXDropReason_PURGED JX_SWIFT_NAME("purged") = 6,
+  /// Memory was exhausted before the event was stored.
+  EJXDropReason_OUT_OF_MEMORY JX_SWIFT_NAME("outOfMemory") = 7,
+};
+
+/// Receives log messages and outcomes. Exceptions are caught; those of `onDelivery` are logged.
 @protocol IJXCoreConfigurationDelegate <NSObject>
 @optional
-/// Called with each log message, which is then not written to standard error. It must not call the
-/// library.
+/// Called with each log message, which is then not written to standard error. Called on the thread
+/// that logs, the transfer thread included; several threads may call it at once. It may call the
+/// library; messages that it causes are discarded. It must not block, because an event waits for
+/// it.
 - (void)logMessage:(NSString*)message withLevel:(int32_t)level;
-/// Called with the outcome of each request. `eventId` is nil when the body contains none, `status`
-/// is the HTTP status, 0 without a response, and `reason` is nil for a delivered request.
+/// Called with the outcome of each request, once, on the transfer thread, after the request has
+/// left the queue. `eventId` is nil when the body contains none, `status` is the HTTP status, 0
+/// without a response, and `reason` is a text for a log, nil for a delivered request. It may call
+/// any method of JXNetworkManager; `flush:` does not wait then.
 - (void)onDelivery:(EJXDeliveryOutcome)outcome
            eventId:(nullable NSString*)eventId
             status:(int32_t)status
-            reason:(nullable NSString*)reason;
+            reason:(nullable NSString*)reason
+        dropReason:(EJXDropReason)dropReason;
 @end
 
 /// The configuration of the library. Change an object and apply it with `set:` before the first

@@ -61,10 +61,11 @@ void report(const Delegate& delegate, const jx::JXDelivery& delivery) {
       [delegate.object onDelivery:static_cast<EJXDeliveryOutcome>(delivery.outcome)
                           eventId:toFoundation(delivery.eventId)
                            status:delivery.status
-                           reason:toFoundation(delivery.reason)];
+                           reason:toFoundation(delivery.reason)
+                       dropReason:static_cast<EJXDropReason>(delivery.dropReason)];
     } @catch (id thrown) {
       jx::JXLogger::sharedInstance().logMessage_withLevel(
-          "onDelivery:eventId:status:reason: failed: " + reasonOf(thrown), 3);
+          "onDelivery:eventId:status:reason:dropReason: failed: " + reasonOf(thrown), 3);
     }
   }
 }
@@ -155,7 +156,7 @@ static id currentDelegate = nil;
       logTo(*shared, level, message);
     };
   }
-  if ([value respondsToSelector:@selector(onDelivery:eventId:status:reason:)]) {
+  if ([value respondsToSelector:@selector(onDelivery:eventId:status:reason:dropReason:)]) {
     core->onDelivery = [shared](const jx::JXDelivery& delivery) { report(*shared, delivery); };
   }
 }

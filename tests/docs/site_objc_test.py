@@ -67,7 +67,7 @@ class ObjectiveCPages(unittest.TestCase):
         self.assertIn("@protocol IJXCoreConfigurationDelegate <NSObject>", page)
         self.assertIn("@optional - (void)logMessage:(NSString*)message withLevel:(int32_t)level;",
                       page)
-        self.assertEqual(["logMessage:withLevel:", "onDelivery:eventId:status:reason:"],
+        self.assertEqual(["logMessage:withLevel:", "onDelivery:eventId:status:reason:dropReason:"],
                          listed("objc/protocolIJXCoreConfigurationDelegate-p.html"))
 
     def test_enumerations_and_constants_have_their_values(self):

@@ -1,9 +1,11 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXClassRegistry.h"
+#include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
 #import "jx/objc/JXClassRegistry.h"
 #import "jx/objc/JXCoreConfiguration.h"
+#import "jx/objc/JXLogger.h"
 #import "jx/objc/JXStoredData.h"
 #import "jx/objc/JXUser.h"
 #import "tests/objc/NotificationTest.h"
@@ -33,10 +35,25 @@
 - (void)onDelivery:(EJXDeliveryOutcome)outcome
            eventId:(NSString*)eventId
             status:(int32_t)status
-            reason:(NSString*)reason {
-  [_messages
-      addObject:[NSString stringWithFormat:@"%d %@ %d %@", outcome, eventId, status, reason]];
+            reason:(NSString*)reason
+        dropReason:(EJXDropReason)dropReason {
+  [_messages addObject:[NSString stringWithFormat:@"%d %@ %d %@ %d", outcome, eventId, status,
+                                                  reason, dropReason]];
   if (_raises) [NSException raise:NSGenericException format:@"full"];
+}
+@end
+
+/// Logs a message for each message.
+@interface CallingDelegate : NSObject <IJXCoreConfigurationDelegate> {
+ @public
+  int _count;
+}
+@end
+
+@implementation CallingDelegate
+- (void)logMessage:(NSString*)message withLevel:(int32_t)level {
+  ++_count;
+  [[JXLogger sharedInstance] logMessage:message withLevel:level];
 }
 @end
 
@@ -155,16 +172,17 @@ TEST_F(ObjectiveCConfiguration, PassesMessagesAndOutcomesToTheDelegate) {
   core.onDelivery({jx::JXDeliveryOutcome::Rejected, "id1", 400, "bad", jx::JXDropReason::None});
   core.onDelivery(
       {jx::JXDeliveryOutcome::Delivered, nullptr, 200, nullptr, jx::JXDropReason::None});
-  EXPECT_TRUE(
-      [delegate->_messages isEqual:([NSArray arrayWithObjects:@"3 a message", @"1 id1 400 bad",
-                                                              @"0 (null) 200 (null)", nil])]);
+  core.onDelivery({jx::JXDeliveryOutcome::Dropped, "id3", 0, "old", jx::JXDropReason::TooOld});
+  EXPECT_TRUE([delegate->_messages
+      isEqual:([NSArray arrayWithObjects:@"3 a message", @"1 id1 400 bad 0",
+                                         @"0 (null) 200 (null) 0", @"2 id3 0 old 3", nil])]);
   delegate->_raises = YES;
   core.logSink(1, "another");
-  EXPECT_EQ([delegate->_messages count], 4u);
+  EXPECT_EQ([delegate->_messages count], 5u);
   forgetLines();
   core.onDelivery({jx::JXDeliveryOutcome::Rejected, "id2", 400, "bad", jx::JXDropReason::None});
   EXPECT_TRUE([[delegate->_messages lastObject]
-      isEqual:@"3 onDelivery:eventId:status:reason: failed: full"]);
+      isEqual:@"3 onDelivery:eventId:status:reason:dropReason: failed: full"]);
 }
 
 TEST_F(ObjectiveCConfiguration, ADelegateWithoutTheMethodsReceivesNothing) {
@@ -197,6 +215,34 @@ TEST_F(ObjectiveCConfiguration, RegistersModules) {
   EXPECT_FALSE([registry hasClass:@"AModule"]);
   EXPECT_TRUE([registry hasClass:@"NSObject"]);
   EXPECT_FALSE([registry hasClass:nil]);
+}
+
+TEST_F(ObjectiveCConfiguration, NumbersDropReasonsAsCppDoes) {
+  using Reason = jx::JXDropReason;
+  const std::pair<int, Reason> reasons[] = {
+      {::EJXDropReason_NONE, Reason::None},
+      {::EJXDropReason_TOO_MANY, Reason::TooMany},
+      {::EJXDropReason_TOO_LARGE, Reason::TooLarge},
+      {::EJXDropReason_TOO_OLD, Reason::TooOld},
+      {::EJXDropReason_NO_STORAGE, Reason::NoStorage},
+      {::EJXDropReason_UNREADABLE, Reason::Unreadable},
+      {::EJXDropReason_PURGED, Reason::Purged},
+      {::EJXDropReason_OUT_OF_MEMORY, Reason::OutOfMemory},
+  };
+  for (const auto& [number, reason] : reasons)
+    EXPECT_EQ(number, static_cast<int>(reason));
+}
+
+TEST_F(ObjectiveCConfiguration, TheReceiverOfMessagesMayCallTheLibrary) {
+  CallingDelegate* const delegate = make<CallingDelegate>();
+  ::JXCoreConfiguration* const settings = make<::JXCoreConfiguration>();
+  settings.delegate = delegate;
+  settings.dryRun = YES;
+  settings.logLevel = 3;
+  EXPECT_TRUE([::JXCoreConfiguration set:settings]);
+  jx::JXLogger::sharedInstance().setSink(jx::JXCoreConfiguration::current().logSink);
+  [[::JXLogger sharedInstance] logMessage:@"first" withLevel:3];
+  EXPECT_EQ(delegate->_count, 1);
 }
 
 }  // namespace
