@@ -22,6 +22,10 @@ JX_OBJC_SENDABLE_CLASS
 /// Returns a new dictionary with the current values: the additional properties, overridden by those
 /// of the block.
 - (NSMutableDictionary<NSString*, id>*)getJsonObject JX_SWIFT_NAME("jsonObject()");
+/// Returns the same object of the library as `osProperties`.
+- (nullable JXAdditionalProperties*)getOsProperties;
+/// Returns the same object of the library as `screenProperties`.
+- (nullable JXAdditionalProperties*)getScreenProperties;
 
 /// The additional properties of the nested "os" object.
 @property(nonatomic, readonly, nullable) JXAdditionalProperties* osProperties;

@@ -36,12 +36,20 @@ using namespace jx::objc;
   coreOf<Core>(self).refreshContent();
 }
 
-- (JXAdditionalProperties*)osProperties {
+- (JXAdditionalProperties*)getOsProperties {
   return propertiesOf(coreOf<Core>(self).getOsProperties());
 }
 
-- (JXAdditionalProperties*)screenProperties {
+- (JXAdditionalProperties*)getScreenProperties {
   return propertiesOf(coreOf<Core>(self).getScreenProperties());
+}
+
+- (JXAdditionalProperties*)osProperties {
+  return [self getOsProperties];
+}
+
+- (JXAdditionalProperties*)screenProperties {
+  return [self getScreenProperties];
 }
 
 JX_STRING_FIELD(JXDevice, adTrackingEnabled, setAdTrackingEnabled)

@@ -23,6 +23,11 @@ JX_OBJC_SENDABLE_CLASS
 
 /// Creates an empty store.
 - (instancetype)init;
+/// Adds every pair of another store, or of an NSDictionary with string keys, replacing values with
+/// the same key; nil is ignored. An object of another class is logged and ignored.
+- (void)addData:(nullable id)entries JX_SWIFT_NAME("addData(_:)");
+/// Removes every pair.
+- (void)clearData;
 
 @end
 

@@ -32,6 +32,18 @@ static constexpr char kPlace[] = "JXDynamicStore";
   }
 }
 
+- (void)addData:(id)entries {
+  if ([entries isKindOfClass:[JXDynamicStore class]]) {
+    heldCore<Core>(self)->addData(*heldCore<Core>(entries));
+  } else {
+    heldCore<Core>(self)->addData(toJsonObject(entries, kPlace));
+  }
+}
+
+- (void)clearData {
+  heldCore<Core>(self)->clearData();
+}
+
 - (id)getData:(NSString*)key {
   return toFoundation(heldCore<Core>(self)->getData(toString(key, kPlace)));
 }

@@ -33,6 +33,9 @@ JX_OBJC_CLASS
 /// Starts listening for notifications with the name. Nil, and a name that is already listened for,
 /// are ignored.
 - (void)listen:(nullable NSString*)name;
+/// Moves the listener with all its names to another center; nil selects the default one. It still
+/// receives what is posted on the other centers of the library.
+- (void)setNotificationCenter:(nullable NSNotificationCenter*)center;
 
 @end
 

@@ -73,6 +73,10 @@ class ParentInObjectiveC final : public jx::IJXEventListenerDelegate {
   passOn(name);
 }
 
+- (void)setNotificationCenter:(NSNotificationCenter*)center {
+  heldCore<Core>(self)->setNotificationCenter(coreCenter(center));
+}
+
 @end
 
 namespace jx::objc {

@@ -15,6 +15,8 @@ JX_OBJC_SENDABLE_CLASS
 /// 6 for details. Nil is ignored.
 - (void)logMessage:(nullable NSString*)message
          withLevel:(int32_t)level JX_SWIFT_NAME("logMessage(_:level:)");
+/// Returns whether messages of the level are logged. Check it before building a costly message.
+- (BOOL)printsLevel:(int32_t)level;
 /// Sets the highest level that is logged; 0 turns the log off.
 - (void)setMaxLevel:(int32_t)level;
 

@@ -21,6 +21,10 @@ using namespace jx::objc;
   Core::sharedInstance().logMessage_withLevel(converted.view(), level);
 }
 
+- (BOOL)printsLevel:(int32_t)level {
+  return Core::sharedInstance().printsLevel(level) ? YES : NO;
+}
+
 - (void)setMaxLevel:(int32_t)level {
   Core::sharedInstance().setMaxLevel(level);
 }

@@ -52,6 +52,9 @@ TEST_F(ObjectiveCBlocks, AddsPropertiesToTheDeviceAndItsParts) {
   ::ServerSide* const serverSide = create();
   ::JXDevice* const device = [::JXDevice sharedInstance];
   [device addAdditionalProperty:@"room" withStringValue:@"kitchen"];
+  EXPECT_TRUE([[device getOsProperties] isEqual:device.osProperties]);
+  EXPECT_TRUE([[device getScreenProperties] isEqual:device.screenProperties]);
+  EXPECT_FALSE([[device getOsProperties] isEqual:[device getScreenProperties]]);
   [device.osProperties addAdditionalProperty:@"patch" withStringValue:@"7"];
   [device.screenProperties addAdditionalProperty:@"hdr"
                                  withNumberValue:[NSNumber numberWithBool:YES]];

@@ -75,6 +75,30 @@ TEST_F(ObjectiveCDelegates, AListenerReceivesNotificationsOfOtherCenters) {
   [listener setParent:nil];
 }
 
+TEST_F(ObjectiveCDelegates, AListenerMovesToAnotherCenter) {
+  create();
+  NSNotificationCenter* const center = make<NSNotificationCenter>();
+  NotificationRecorder* const parent = make<NotificationRecorder>();
+  ::JXEventListener* const listener = make<::JXEventListener>();
+  [listener setParent:parent];
+  [listener listen:@"moved"];
+  post(@"moved", center);
+  EXPECT_EQ([parent->_received count], 0u);
+  [listener setNotificationCenter:center];
+  post(@"moved", center);
+  EXPECT_EQ([parent->_received count], 1u);
+  [listener setNotificationCenter:nil];
+  post(@"moved", center);
+  EXPECT_EQ([parent->_received count], 1u);
+  post(@"moved");
+  EXPECT_EQ([parent->_received count], 2u);
+  forgetLines();
+  [listener setNotificationCenter:static_cast<id>(@"a string")];
+  post(@"moved");
+  EXPECT_EQ([parent->_received count], 3u);
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+}
+
 TEST_F(ObjectiveCDelegates, AListenerThatIsReleasedNoLongerCallsItsParent) {
   start();
   NotificationRecorder* const parent = make<NotificationRecorder>();

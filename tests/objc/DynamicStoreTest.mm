@@ -49,6 +49,29 @@ TEST_F(ObjectiveCStore, IgnoresValuesThatJsonDoesNotHave) {
   EXPECT_EQ(linesUpTo(3).size(), 1u);
 }
 
+TEST_F(ObjectiveCStore, AddsAllPairsAndRemovesThem) {
+  start();
+  ::JXDynamicStore* const values = store();
+  [values addData:@"a" withValue:@"x"];
+  [values addData:@"b" withValue:@"x"];
+  ::JXDynamicStore* const other = store();
+  [other addData:@"b" withValue:@"y"];
+  [values addData:other];
+  [values addData:values];
+  [values addData:[NSDictionary dictionaryWithObject:decimal(@"0.1") forKey:@"c"]];
+  EXPECT_EQ(text([values getData:@"a"]), "x");
+  EXPECT_EQ(text([values getData:@"b"]), "y");
+  EXPECT_TRUE([[values getData:@"c"] isEqual:decimal(@"0.1")]);
+  [values addData:nil];
+  EXPECT_TRUE(linesUpTo(3).empty());
+  [values addData:@"a string"];
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_EQ(coreStore(values)->entries().size(), 3u);
+  [values clearData];
+  EXPECT_TRUE(coreStore(values)->isEmpty());
+  EXPECT_EQ(text([other getData:@"b"]), "y");
+}
+
 TEST_F(ObjectiveCStore, CopiesWhatIsAdded) {
   ::JXDynamicStore* const values = store();
   NSMutableString* const value = [NSMutableString stringWithString:@"x"];
