@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#import "jx/objc/NSString+JXServerSide.h"
 #import "jx/objc/internal/JXHeldCore.h"
 #import "jx/objc/internal/JXOwnership.h"
 
@@ -47,6 +48,16 @@ static Core& slot(void** memory) { return *static_cast<Core*>(static_cast<void*>
 
 - (NSUInteger)hash {
   return reinterpret_cast<NSUInteger>([self jx_heldCore].get()) >> 4;
+}
+
+@end
+
+// In the file of a class that every application uses: a linker takes an object file from a static
+// library only for a class or a function, not for a category.
+@implementation NSString (JXServerSide)
+
+- (BOOL)testString {
+  return [self length] > 0 ? YES : NO;
 }
 
 @end

@@ -3,6 +3,7 @@
 
 // The interface for Objective-C and Swift. Its classes have the names of those of C++, which are in
 // a namespace.
+#import "IJXFirebaseInstance.h"
 #import "JXAdditionalProperties.h"
 #import "JXApp.h"
 #import "JXClassRegistry.h"
@@ -31,4 +32,5 @@
 #import "JXUser.h"
 #import "JXUserDefaults.h"
 #import "JXUtils.h"
+#import "NSString+JXServerSide.h"
 #import "ServerSide.h"

@@ -3,13 +3,16 @@
 #import "jx/objc/JXServerSideInitialisation.h"
 
 #include "jx/facade/JXServerSideInitialisation.h"
+#import "jx/objc/internal/JXHeldCore.h"
 
 @implementation JXServerSideInitialisation
 
 - (instancetype)init {
-  self = [super init];
-  if (self != nil) jx::JXServerSideInitialisation::init();
-  return self;
+  return [super init];
+}
+
++ (std::shared_ptr<void>)jx_newHeldCore {
+  return jx::JXServerSideInitialisation::init();
 }
 
 @end

@@ -6,6 +6,7 @@
 
 @class JXDynamicStore;
 @class JXEvent;
+@class JXServerSideInitialisation;
 
 NS_ASSUME_NONNULL_BEGIN
 
@@ -53,7 +54,8 @@ JX_OBJC_SENDABLE_CLASS
     JX_SWIFT_NAME("init(siteID:sourceKey:defaultBehaviour:)");
 /// Uses the default behaviour. `firebaseInstance` is any object: each event is passed to its method
 /// `logEventWithName:parameters:`, and the developer ID to `setDefaultEventParameters:parameters:`,
-/// if it has them. It is retained, and called on the thread that executes an event.
+/// if it has them (see IJXFirebaseInstance). It is retained, and called on the thread that executes
+/// an event.
 - (instancetype)initWithSiteID:(int32_t)siteID
                   andSourceKey:(nullable NSString*)sourceKey
            andFirebaseInstance:(nullable id)firebaseInstance
@@ -139,6 +141,8 @@ JX_OBJC_SENDABLE_CLASS
 /// The listener through which this object receives state changes. The previous one no longer calls
 /// this object; the new one is used unchanged, with the parent and the names that were set.
 @property(nonatomic, strong, nullable) JXEventListener* listenerDelegate;
+/// The object that started the library for this one. Setting it has no effect on the library.
+@property(nonatomic, strong, nullable) JXServerSideInitialisation* initialisation;
 /// The object that events are mirrored to.
 @property(nonatomic, strong, nullable) id firebaseInstance;
 

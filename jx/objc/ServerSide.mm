@@ -7,6 +7,7 @@
 
 #include "jx/facade/ServerSide.h"
 #import "jx/objc/JXEvent.h"
+#import "jx/objc/JXServerSideInitialisation.h"
 #import "jx/objc/JXState.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreDelegates.h"
@@ -261,6 +262,17 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
     _listener = JX_RETAIN(value);
   }
   JX_RELEASE(previous);
+}
+
+- (JXServerSideInitialisation*)initialisation {
+  const auto core = heldCore<Core>(self)->initialisation();
+  if (core == nullptr) return nil;
+  return JX_AUTORELEASE([[JXServerSideInitialisation alloc] jx_initWithHeldCore:core]);
+}
+
+- (void)setInitialisation:(JXServerSideInitialisation*)value {
+  if (!jx::objc::isNilOr([JXServerSideInitialisation class], value, "initialisation")) return;
+  heldCore<Core>(self)->setInitialisation(heldCore<jx::JXServerSideInitialisation>(value));
 }
 
 - (id)firebaseInstance {

@@ -4,18 +4,18 @@
 
 #include <objc/runtime.h>
 
+#import "jx/objc/IJXFirebaseInstance.h"
 #import "jx/objc/JXCoreConfiguration.h"
 #import "jx/objc/JXCustomEvent.h"
 #import "jx/objc/JXPurchaseEvent.h"
+#import "jx/objc/JXServerSideInitialisation.h"
 #import "tests/objc/ObjectiveCTest.h"
 
 /// Records what is mirrored to it.
-@interface RecordingAnalytics : NSObject {
+@interface RecordingAnalytics : NSObject <IJXFirebaseInstance> {
   NSMutableArray* _calls;
 }
 @property(nonatomic, readonly) NSMutableArray* calls;
-- (void)logEventWithName:(NSString*)name parameters:(NSDictionary*)parameters;
-- (void)setDefaultEventParameters:(NSString*)name parameters:(NSString*)value;
 @end
 
 @implementation RecordingAnalytics
@@ -308,6 +308,24 @@ TEST_F(ObjectiveCServerSide, WaitsForConsentIfThereIsAConsentModule) {
   [serverSide execute:make<::JXPurchaseEvent>()];
   ASSERT_EQ(requests().size(), 1u);
   EXPECT_EQ(requests()[0].body.get("user").string(), JXString("waiting_for_consent"));
+}
+
+TEST_F(ObjectiveCServerSide, HoldsTheObjectThatStartedTheLibrary) {
+  ::ServerSide* const serverSide = create();
+  EXPECT_NE(serverSide.initialisation, nil);
+  EXPECT_TRUE([serverSide.initialisation isEqual:serverSide.initialisation]);
+  ::JXServerSideInitialisation* const other = make<::JXServerSideInitialisation>();
+  EXPECT_FALSE([serverSide.initialisation isEqual:other]);
+  serverSide.initialisation = other;
+  EXPECT_TRUE([serverSide.initialisation isEqual:other]);
+  forgetLines();
+  serverSide.initialisation = static_cast<id>(@"a string");
+  EXPECT_TRUE([serverSide.initialisation isEqual:other]);
+  EXPECT_EQ(linesUpTo(3).size(), 1u);
+  serverSide.initialisation = nil;
+  EXPECT_EQ(serverSide.initialisation, nil);
+  [serverSide execute:make<::JXPurchaseEvent>()];
+  EXPECT_EQ(requests().size(), 1u);
 }
 
 TEST_F(ObjectiveCServerSide, AppliesStopsAndEnablings) {

@@ -5,6 +5,7 @@
 #import "jx/objc/JXPredefinedVariables.h"
 #import "jx/objc/JXUserDefaults.h"
 #import "jx/objc/JXUtils.h"
+#import "jx/objc/NSString+JXServerSide.h"
 #include "jx/session/JXPredefinedVariables.h"
 #import "tests/objc/NotificationTest.h"
 
@@ -271,6 +272,14 @@ TEST_F(ObjectiveCVariables, WritesNothingForValuesThatAreNotUsable) {
   [::JXUtils setBool:YES forKey:@"a" onDict:static_cast<id>(@"x")];
   EXPECT_EQ([dict count], 0u);
   EXPECT_EQ(linesUpTo(3).size(), 3u);
+}
+
+TEST_F(ObjectiveCVariables, TestsStrings) {
+  NSString* const none = nil;
+  EXPECT_FALSE([none testString]);
+  EXPECT_FALSE([@"" testString]);
+  EXPECT_TRUE([@" " testString]);
+  EXPECT_TRUE([[NSMutableString stringWithString:@"x"] testString]);
 }
 
 TEST_F(ObjectiveCVariables, ConvertsStringsAndDictionaries) {
