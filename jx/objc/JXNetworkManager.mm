@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 
 #include "jx/core/transfer/JXNetworkManager.h"
+#import "jx/objc/internal/JXHeldCore.h"
+#import "jx/objc/internal/JXOwnership.h"
 
 using Core = jx::JXNetworkManager;
 
@@ -21,6 +24,10 @@ using Core = jx::JXNetworkManager;
   Core::sharedInstance().setManagerState(state);
 }
 
+- (int32_t)managerState {
+  return Core::sharedInstance().managerState();
+}
+
 - (void)changingSDKBehaviour:(BOOL)enabled {
   Core::sharedInstance().changingSDKBehaviour(enabled != NO);
 }
@@ -33,6 +40,10 @@ using Core = jx::JXNetworkManager;
   Core::sharedInstance().enableRunningInBackground();
 }
 
+- (void)setRunningInBackground:(BOOL)enabled {
+  Core::sharedInstance().setRunningInBackground(enabled != NO);
+}
+
 - (BOOL)flush:(NSTimeInterval)seconds {
   // NaN counts as 0, and a day is longer than any caller waits.
   const double limited = seconds > 0 ? std::min(seconds, 86'400.0) : 0;
@@ -42,6 +53,11 @@ using Core = jx::JXNetworkManager;
 
 - (void)purge {
   Core::sharedInstance().purge();
+}
+
+- (JXDeliveryCounters*)counters {
+  const auto counters = std::make_shared<jx::JXDeliveryCounters>(Core::sharedInstance().counters());
+  return JX_AUTORELEASE([[JXDeliveryCounters alloc] jx_initWithHeldCore:counters]);
 }
 
 @end

@@ -10,6 +10,7 @@
 #import "JXCoreConfiguration.h"
 #import "JXCoreInitialisation.h"
 #import "JXCoreVariables.h"
+#import "JXDeliveryCounters.h"
 #import "JXDevice.h"
 #import "JXDynamicStore.h"
 #import "JXEventListener.h"

@@ -7,6 +7,7 @@
 #import "jx/objc/JXNetworkManager.h"
 #import "jx/objc/JXState.h"
 #import "jx/objc/internal/JXCoreStore.h"
+#import "jx/objc/internal/JXHeldCore.h"
 #import "tests/objc/NotificationTest.h"
 
 /// Keeps the application objects of the transitions.
@@ -55,6 +56,8 @@ TEST_F(ObjectiveCServices, LogsMessages) {
   [logger setMaxLevel:4];
   [logger logMessage:@"detailed" withLevel:4];
   EXPECT_EQ(count({4, "detailed"}), 1u);
+  EXPECT_TRUE([logger printsLevel:4]);
+  EXPECT_FALSE([logger printsLevel:5]);
   [logger logMessage:static_cast<id>(decimal(@"1")) withLevel:1];
   EXPECT_EQ(linesUpTo(3).size(), 2u);
 }
@@ -102,6 +105,7 @@ TEST_F(ObjectiveCServices, ControlsTheNetworkManager) {
   EXPECT_EQ(jx::JXNetworkManager::sharedInstance().managerState(), 2);
   [manager setManagerState:7];
   EXPECT_EQ(jx::JXNetworkManager::sharedInstance().managerState(), 0);
+  EXPECT_EQ([manager managerState], 0);
   [manager changingSDKBehaviour:NO];
   [manager changingSDKBehaviour:YES];
   [manager enableRunningInBackground];
@@ -119,6 +123,74 @@ TEST_F(ObjectiveCServices, PurgesTheQueue) {
   EXPECT_FALSE([manager flush:0]);
   [manager purge];
   EXPECT_TRUE([manager flush:0]);
+}
+
+TEST_F(ObjectiveCServices, CountsRequests) {
+  queueForReal();
+  ::ServerSide* const serverSide = create();
+  ::JXNetworkManager* const manager = [::JXNetworkManager sharedInstance];
+  ::JXDeliveryCounters* const before = [manager counters];
+  executeQuiz(serverSide);
+  EXPECT_EQ([manager counters].added, 1u);
+  EXPECT_EQ([manager counters].queued, 1u);
+  EXPECT_GT([manager counters].queuedBytes, 0u);
+  [manager purge];
+  EXPECT_EQ([manager counters].purged, 1u);
+  EXPECT_EQ([manager counters].queued, 0u);
+  EXPECT_EQ(before.added, 0u) << "read at one moment";
+}
+
+TEST_F(ObjectiveCServices, ReturnsEachCounter) {
+  const auto core = std::make_shared<jx::JXDeliveryCounters>();
+  jx::JXOutboxCounters& outbox = core->outbox;
+  outbox.added = 1;
+  outbox.delivered = 2;
+  outbox.rejected = 3;
+  outbox.droppedTooMany = 4;
+  outbox.droppedTooLarge = 5;
+  outbox.droppedTooOld = 6;
+  outbox.droppedNoStorage = 7;
+  outbox.droppedUnreadable = 8;
+  outbox.droppedOutOfMemory = 9;
+  outbox.purged = 10;
+  outbox.storageErrors = 11;
+  outbox.damaged = 12;
+  outbox.quarantinedDeleted = 13;
+  outbox.queued = 14;
+  outbox.queuedBytes = 15;
+  outbox.inMemory = 16;
+  core->attempts = 17;
+  core->failures = 18;
+  core->paused = true;
+  ::JXDeliveryCounters* const counters =
+      [[[::JXDeliveryCounters alloc] jx_initWithHeldCore:core] autorelease];
+  NSArray* const names = [@"added delivered rejected droppedTooMany droppedTooLarge droppedTooOld "
+                          @"droppedNoStorage droppedUnreadable droppedOutOfMemory purged "
+                          @"storageErrors damaged quarantinedDeleted queued queuedBytes inMemory "
+                          @"attempts failures" componentsSeparatedByString:@" "];
+  unsigned expected = 0;
+  for (NSString* name in names)
+    EXPECT_EQ([[counters valueForKey:name] unsignedIntValue], ++expected) << text(name);
+  EXPECT_EQ(expected, 18u);
+  EXPECT_TRUE(counters.paused);
+  EXPECT_EQ([[::JXDeliveryCounters alloc] autorelease].added, 0u);
+}
+
+TEST_F(ObjectiveCServices, HoldsRequestsInTheBackgroundUnlessItIsAllowed) {
+  queueForReal();
+  create();
+  ::JXNetworkManager* const manager = [::JXNetworkManager sharedInstance];
+  [[::JXState sharedInstance] applicationDidEnterBackground:nil];
+  EXPECT_TRUE([manager counters].paused);
+  [manager setRunningInBackground:YES];
+  EXPECT_FALSE([manager counters].paused);
+  [manager setRunningInBackground:NO];
+  EXPECT_TRUE([manager counters].paused);
+}
+
+TEST_F(ObjectiveCServices, ReturnsTheStateThatAServerSideSets) {
+  create(nil, ::EJXDefaultBehaviour_ALWAYS_ENABLED);
+  EXPECT_EQ([[::JXNetworkManager sharedInstance] managerState], 1);
 }
 
 TEST_F(ObjectiveCServices, PassesTheApplicationObjectToTheHooks) {
