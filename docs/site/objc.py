@@ -16,7 +16,7 @@ import sys
 import headers
 
 FOLDER = "jx/objc"
-# A class or a protocol, with its comment.
+# A class, a category of a class of the system, or a protocol, with its comment.
 CONTAINER = re.compile(
     r"(?P<comment>(?:^///[^\n]*\n)*)(?:^JX_OBJC_(?:SENDABLE_)?CLASS\n)?"
     r"(?P<head>^@(?:interface|protocol) (?P<name>\w+)[^;{\n]*)(?P<body>\{?\n.*?^@end)",
@@ -151,8 +151,12 @@ def areas():
 
 
 def page(name):
-    """Returns the address of the page of a class or protocol."""
-    is_protocol = declarations()[name, ""].startswith("@protocol")
+    """Returns the address of the page of a class, category or protocol."""
+    head = declarations()[name, ""]
+    category = re.search(r" \((\w+)\)$", head)
+    if category:
+        return f"objc/category{name}_07{category.group(1)}_08.html"
+    is_protocol = head.startswith("@protocol")
     return f"objc/protocol{name}-p.html" if is_protocol else f"objc/interface{name}.html"
 
 

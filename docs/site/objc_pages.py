@@ -30,10 +30,11 @@ def headers(folder):
 
 
 def compounds(tagfile):
-    """Yields (kind, name, element) of the classes, protocols and headers."""
+    """Yields (kind, name, element) of the classes, categories, protocols and headers. A category has
+    the name of its class."""
     for compound in ElementTree.parse(tagfile).getroot():
-        name = compound.findtext("name").removesuffix("-p")
-        if compound.get("kind") in ("class", "protocol", "file"):
+        name = compound.findtext("name").partition("(")[0].removesuffix("-p")
+        if compound.get("kind") in ("class", "category", "protocol", "file"):
             yield compound.get("kind"), name, compound
 
 
@@ -51,7 +52,8 @@ def links(tagfile):
     """Returns the address of each class, protocol and enumeration, from a page of the folder."""
     found = {}
     for kind, name, compound in compounds(tagfile):
-        if kind != "file":
+        # The class of a category is one of the system, whose name is no link.
+        if kind not in ("category", "file"):
             found[name] = objc.page(name).removeprefix("objc/")
         for member in compound.findall("member"):
             if member.get("kind") == "enumeration":
@@ -62,7 +64,7 @@ def links(tagfile):
 
 def owner_of(page):
     """Returns the class or protocol of a page, or an empty string."""
-    match = re.match(r"(?:interface|protocol)(\w+?)(?:-p)?\.html$", page)
+    match = re.match(r"(?:interface|protocol|category)(\w+?)(?:-p|_07\w+)?\.html$", page)
     return match.group(1) if match else ""
 
 

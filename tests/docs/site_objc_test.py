@@ -82,16 +82,25 @@ class ObjectiveCPages(unittest.TestCase):
         kinds = {"interface": "objc/interface{}.html", "protocol": "objc/protocol{}-p.html"}
         names = 0
         for header in sorted((ROOT / "jx/objc").glob("*.h")):
-            found = re.findall(r"^@(interface|protocol) (\w+)[^;]*?\n(.*?)^@end",
+            found = re.findall(r"^@(interface|protocol) (\w+)(?: \((\w+)\))?[^;]*?\n(.*?)^@end",
                                header.read_text(encoding="utf-8"), re.DOTALL | re.MULTILINE)
-            for kind, name, body in found:
+            for kind, name, category, body in found:
                 declared = re.findall(r"^(?:[-+] \(|@property)[^;]*;", body, re.MULTILINE)
                 available = [one for one in declared if "JX_OBJC_UNAVAILABLE" not in one]
-                page = kinds[kind].format(name)
+                page = (f"objc/category{name}_07{category}_08.html" if category
+                        else kinds[kind].format(name))
                 self.assertEqual(len(available), len(listed(page)), name)
                 self.assertIn(f'href="{page}"', source("objc.html"))
                 names += 1
         self.assertGreater(names, 50)
+
+    def test_a_category_of_a_class_of_the_system_has_a_page(self):
+        page = "objc/categoryNSString_07JXServerSide_08.html"
+        self.assertIn("@interface NSString (JXServerSide)", text(page))
+        self.assertIn("- (BOOL)testString;", text(page))
+        links = re.findall(r'<a class="el" href="([^"]*)"', source("objc/interfaceServerSide.html"))
+        self.assertIn("interfaceJXEvent.html", links)
+        self.assertNotIn(page.removeprefix("objc/"), links)
 
     def test_no_page_contains_the_macros_of_the_headers(self):
         pages = sorted((SITE / "objc").glob("*.html"))
