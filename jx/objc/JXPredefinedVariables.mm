@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXPredefinedVariables.h"
 
-#import "jx/objc/JXPredefinedVariables+StartUp.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreDelegates.h"
 #import "jx/objc/internal/JXCoreStore.h"
@@ -201,12 +200,6 @@ JX_VARIABLE(pid)
   // Without the lock, because it waits for a call in progress, which may use this object.
   JX_RELEASE(previous);
 }
-
-@end
-
-// In this file, because a linker takes an object file from a static library only for a class or a
-// function, not for a category.
-@implementation JXPredefinedVariables (StartUp)
 
 JX_STEP(initIsFirstVisit)
 JX_STEP(initLastCallLastVisit)

@@ -23,7 +23,6 @@
 #import "JXObject.h"
 #import "JXObjectiveC.h"
 #import "JXPostData.h"
-#import "JXPredefinedVariables+StartUp.h"
 #import "JXPredefinedVariables.h"
 #import "JXServerSideInitialisation.h"
 #import "JXServerSideUtils.h"

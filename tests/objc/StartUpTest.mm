@@ -3,7 +3,7 @@
 
 // The steps of the start-up, of events and of transitions, called one by one. The expected values
 // are those of tests/session.
-#import "jx/objc/JXPredefinedVariables+StartUp.h"
+#import "jx/objc/JXPredefinedVariables.h"
 #import "jx/objc/JXUserDefaults.h"
 #include "jx/session/JXPredefinedVariables.h"
 #import "tests/objc/NotificationTest.h"
