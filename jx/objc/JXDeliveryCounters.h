@@ -4,9 +4,9 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// Counters since the start of this process, and the state of the delivery, read at one moment. The
-/// limits that the comments name are those of JXCoreConfiguration.
-JX_OBJC_CLASS
+/// Counters since the start of this process, and the state of the delivery, read at one moment. An
+/// object does not change. The limits that the comments name are those of JXCoreConfiguration.
+JX_OBJC_SENDABLE_CLASS
 @interface JXDeliveryCounters : JXObject
 
 /// Unavailable, because `-[JXNetworkManager counters]` creates the objects.
