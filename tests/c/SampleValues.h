@@ -3,17 +3,24 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "jx/catalogue/JXFieldTable.h"
 
 namespace jx::test {
+
+inline std::string jsonString(std::string_view text) {
+  std::string result = "\"";
+  result.append(text);
+  return result.append("\"");
+}
 
 /// Returns a sample value for a field of this kind as JSON, by properties. Used by the generated C
 /// sources and by the C++ tests.
 inline std::string sampleJson(const JXFieldInfo& field) {
   switch (field.kind) {
     case JXFieldKind::String:
-      return "\"a " + std::string(field.property) + "\"";
+      return jsonString("a " + std::string(field.property));
     case JXFieldKind::Number:
       return "12.50";
     case JXFieldKind::Boolean:
@@ -24,7 +31,7 @@ inline std::string sampleJson(const JXFieldInfo& field) {
     case JXFieldKind::Values:
       return R"([1,"two",{"three":3.0}])";
     case JXFieldKind::Enumeration:
-      return "\"" + std::string(field.enumStrings.enumerators[field.enumStrings.count - 1]) + "\"";
+      return jsonString(field.enumStrings.enumerators[field.enumStrings.count - 1]);
     case JXFieldKind::Items:
       return R"([{"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}},)"
              R"({"ID":"i1","quantity":2,"product":{"ID":"p1","price":3.390}}])";
