@@ -80,6 +80,13 @@ static constexpr char kPlace[] = "JXAdditionalProperties";
   [_parts setObject:part forKey:field];
 }
 
+- (BOOL)jx_hasPart:(bool (*)(id part))isOne {
+  for (NSString* field in _parts) {
+    if (isOne([_parts objectForKey:field])) return YES;
+  }
+  return NO;
+}
+
 - (id)jx_partOfField:(NSString*)field {
   // The caller may use it after the field was set again.
   return JX_AUTORELEASE(JX_RETAIN([_parts objectForKey:field]));

@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/JXEvent.h"
 
-#include <string>
-
-#include "jx/core/JXLogger.h"
 #include "jx/events/JXEvent.h"
 #include "jx/events/JXItem.h"
+#import "jx/objc/JXECommerceEvent.h"
 #import "jx/objc/JXItem.h"
 #import "jx/objc/internal/JXExecutableEvent.h"
 #import "jx/objc/internal/JXFields.h"
@@ -18,13 +16,17 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
 
 static NSDictionary* jsonOf(id block) {
   @try {
-    if ([block respondsToSelector:@selector(getJsonObject)]) return [block getJsonObject];
-    isOf([JXItem class], block, "getItemListAsJson:");
+    if ([block respondsToSelector:@selector(getJsonObject)]) {
+      NSDictionary* const object = [block getJsonObject];
+      if (object != nil) return object;
+      logFailure(block, "getJsonObject", "it returned no dictionary");
+    }
   } @catch (id thrown) {
-    jx::JXLogger::sharedInstance().logMessage_withLevel(
-        "getItemListAsJson: an item failed: " + reasonOf(thrown), 3);
+    logFailure(block, "getJsonObject", reasonOf(thrown));
   }
-  return nil;
+  // A message is logged for a block of a wrong class.
+  if (!isOf([JXItem class], block, "getItemListAsJson:")) return nil;
+  return toFoundation(coreOf<jx::JXItem>(block).getJsonObject());
 }
 
 @implementation JXEvent
@@ -38,7 +40,13 @@ static NSDictionary* jsonOf(id block) {
 }
 
 - (NSMutableDictionary*)getJsonObject {
-  return toFoundation(coreOf<Core>(self).getJsonObject());
+  NSMutableDictionary* const object = toFoundation(coreOf<Core>(self).getJsonObject());
+  if (hasOverridingItem(self)) {
+    // Only events with a field of this name have items.
+    const id event = self;
+    [object setObject:[self getItemListAsJson:[event items]] forKey:@"items"];
+  }
+  return object;
 }
 
 - (BOOL)verifyEvent {
@@ -53,7 +61,6 @@ static NSDictionary* jsonOf(id block) {
   NSMutableArray* const objects = [NSMutableArray array];
   if (!isOf([NSArray class], blocks, "getItemListAsJson:")) return objects;
   for (id block in blocks) {
-    // A message is logged for a block of a wrong class.
     const id object = jsonOf(block);
     if (object != nil) [objects addObject:object];
   }

@@ -79,6 +79,8 @@ TEST_F(Conversion, ReturnsNumbersExactly) {
     NSDecimalNumber* const number = toFoundation(std::optional(JXDecimal::fromString(digits)));
     EXPECT_EQ(digitsOf(number), digits);
   }
+  const JXDecimal zero = JXDecimal::fromString("0." + std::string(50, '0'));
+  EXPECT_TRUE([toFoundation(std::optional(zero)) isEqual:[NSDecimalNumber zero]]);
   EXPECT_EQ(toFoundation(std::optional<JXDecimal>()), nil);
   EXPECT_TRUE([toFoundation(std::optional(JXDecimal::nan())) isEqual:[NSDecimalNumber notANumber]]);
 }

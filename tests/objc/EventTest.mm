@@ -12,6 +12,17 @@
 #import "jx/objc/internal/JXCoreObject.h"
 #import "tests/objc/ObjectiveCTest.h"
 
+@interface RatedItem : JXItem
+@end
+
+@implementation RatedItem
+- (NSMutableDictionary*)getJsonObject {
+  NSMutableDictionary* const object = [super getJsonObject];
+  [object setObject:@"PG" forKey:@"rating"];
+  return object;
+}
+@end
+
 @interface NilItem : JXItem
 @end
 
@@ -139,16 +150,32 @@ TEST_F(ObjectiveCEvent, AListCanBeSetToItself) {
   EXPECT_EQ(text([[event.items objectAtIndex:1] ID]), "i2");
 }
 
-TEST_F(ObjectiveCEvent, ItemsWhoseJsonFailsAreOmitted) {
+TEST_F(ObjectiveCEvent, ContainsTheJsonOfItemsThatOverrideIt) {
+  ::JXPurchaseEvent* const event = purchase([NSArray arrayWithObject:item(@"i1")]);
+  RatedItem* const rated = [[[RatedItem alloc] init] autorelease];
+  rated.ID = @"i2";
+  [event.items addObject:rated];
+  NSArray* const items = [[event getJsonObject] objectForKey:@"items"];
+  ASSERT_EQ([items count], 2u);
+  EXPECT_TRUE([[items objectAtIndex:0] isEqual:[item(@"i1") getJsonObject]]);
+  EXPECT_EQ(text([[items objectAtIndex:1] objectForKey:@"id"]), "i2");
+  EXPECT_EQ(text([[items objectAtIndex:1] objectForKey:@"rating"]), "PG");
+}
+
+TEST_F(ObjectiveCEvent, ItemsWhoseJsonFailsHaveTheirInheritedFields) {
   start();
   ::JXEvent* const event = purchase(nil);
   NSArray* const items =
       [NSArray arrayWithObjects:[[[NilItem alloc] init] autorelease],
                                 [[[FailingItem alloc] init] autorelease], item(@"i1"), nil];
   NSArray* const json = [event getItemListAsJson:items];
-  ASSERT_EQ([json count], 1u);
-  EXPECT_EQ(text([[json objectAtIndex:0] objectForKey:@"id"]), "i1");
-  EXPECT_EQ(count({3, "getItemListAsJson: an item failed: no price"}), 1u);
+  ASSERT_EQ([json count], 3u);
+  EXPECT_TRUE(
+      [[json objectAtIndex:0] isEqual:[[[[::JXItem alloc] init] autorelease] getJsonObject]]);
+  EXPECT_TRUE([[json objectAtIndex:1] isEqual:[json objectAtIndex:0]]);
+  EXPECT_EQ(text([[json objectAtIndex:2] objectForKey:@"id"]), "i1");
+  EXPECT_EQ(count({3, "getJsonObject of NilItem failed: it returned no dictionary"}), 1u);
+  EXPECT_EQ(count({3, "getJsonObject of FailingItem failed: no price"}), 1u);
 }
 
 TEST_F(ObjectiveCEvent, AWrongClassInAListIsLoggedAndIgnored) {

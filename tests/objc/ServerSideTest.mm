@@ -7,6 +7,7 @@
 #import "jx/objc/IJXFirebaseInstance.h"
 #import "jx/objc/JXCoreConfiguration.h"
 #import "jx/objc/JXCustomEvent.h"
+#import "jx/objc/JXItem.h"
 #import "jx/objc/JXPurchaseEvent.h"
 #import "jx/objc/JXServerSideInitialisation.h"
 #import "tests/objc/ObjectiveCTest.h"
@@ -102,6 +103,17 @@
   static_cast<void>(name);
   static_cast<void>(parameters);
   FAIL() << "called with a wrong type";
+}
+@end
+
+@interface ChapterItem : JXItem
+@end
+
+@implementation ChapterItem
+- (NSMutableDictionary*)getJsonObject {
+  NSMutableDictionary* const object = [super getJsonObject];
+  [object setObject:[NSNumber numberWithInt:3] forKey:@"chapter"];
+  return object;
 }
 @end
 
@@ -213,6 +225,25 @@ TEST_F(ObjectiveCServerSide, AnEventWhoseJsonFailsIsSentWithItsInheritedFields) 
   ASSERT_EQ(requests().size(), 1u);
   EXPECT_EQ(requests()[0].body.get("event_name").string(), JXString("quiz"));
   EXPECT_EQ(count({3, "getJsonObject of FailingEvent failed: no score"}), 1u);
+}
+
+TEST_F(ObjectiveCServerSide, SendsTheFieldsOfAnItemOfTheApplication) {
+  ::ServerSide* const serverSide = create();
+  [serverSide addPermanentData:@"plan" withValue:@"gold"];
+  ::JXPurchaseEvent* const event = make<::JXPurchaseEvent>();
+  event.revenue = decimal(@"12.5");
+  [event.items addObject:make<::JXItem>()];
+  [event.items addObject:make<ChapterItem>()];
+  [serverSide execute:event];
+  ASSERT_EQ(requests().size(), 1u);
+  const JXJsonObject body = requests()[0].body;
+  EXPECT_EQ(body.get("event_name").string(), JXString("purchase"));
+  EXPECT_EQ(body.get("revenue").numberString(), JXString("12.5"));
+  EXPECT_EQ(body.get("plan").string(), JXString("gold"));
+  const JXJsonArray items = body.get("items").array();
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_FALSE(items.at(0).object().contains("chapter"));
+  EXPECT_EQ(items.at(1).object().get("chapter").numberString(), JXString("3"));
 }
 
 TEST_F(ObjectiveCServerSide, AnEventWithoutJsonIsSentWithItsInheritedFields) {

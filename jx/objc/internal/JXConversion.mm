@@ -3,8 +3,6 @@
 #import "jx/objc/internal/JXConversion.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -12,6 +10,7 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonArray.h"
 #include "jx/core/json/JXJsonObject.h"
+#import "jx/objc/internal/JXNumberConversion.h"
 #import "jx/objc/internal/JXOwnership.h"
 
 namespace jx::objc {
@@ -99,72 +98,6 @@ std::vector<unichar> unitsOf(std::string_view bytes) {
     units.push_back(static_cast<unichar>(code));
   }
   return units;
-}
-
-// Booleans are numbers of a class of their own.
-bool isBoolean(NSNumber* number) {
-  return [number isKindOfClass:[[NSNumber numberWithBool:YES] class]];
-}
-
-JXDecimal decimalOf(NSNumber* number) {
-  if ([number isKindOfClass:[NSDecimalNumber class]]) {
-    NSDecimal value = [number decimalValue];
-    if (NSDecimalIsNotANumber(&value)) return JXDecimal::nan();
-    // GNUstep writes zero with a fraction.
-    if ([number isEqualToNumber:[NSDecimalNumber zero]]) return JXDecimal();
-    return JXDecimal::fromString(toString(NSDecimalString(&value, nil), "NSDecimalNumber"));
-  }
-  switch ([number objCType][0]) {
-    case 'f':
-      return JXDecimal::fromString(toString([number stringValue], "NSNumber"));
-    case 'd':
-      return JXDecimal::fromDouble([number doubleValue]);
-    case 'Q':
-    case 'L':
-      return JXDecimal([number unsignedLongLongValue]);
-    default:
-      return JXDecimal([number longLongValue]);
-  }
-}
-
-// GNUstep cannot read more than 38 digits, zeros included: without the zeros at both ends and with
-// an exponent.
-std::string shortForm(std::string digits) {
-  int exponent = 0;
-  if (const std::size_t point = digits.find('.'); point != digits.npos) {
-    digits.erase(point, 1);
-    exponent = -static_cast<int>(digits.size() - point);
-  }
-  const std::size_t start = digits[0] == '-' ? 1 : 0;
-  digits.erase(start, digits.find_first_not_of('0', start) - start);
-  const std::size_t end = digits.find_last_not_of('0') + 1;
-  exponent += static_cast<int>(digits.size() - end);
-  digits.resize(end);
-  return digits + "e" + std::to_string(exponent);
-}
-
-NSDecimalNumber* decimalNumberOf(const JXDecimal& number) {
-  std::string digits = number.toString();
-  if (digits.size() > 38) digits = shortForm(std::move(digits));
-  // A dictionary without entries is a locale whose decimal separator is a point.
-  return [NSDecimalNumber decimalNumberWithString:toFoundation(JXString(digits))
-                                           locale:[NSDictionary dictionary]];
-}
-
-id numberOf(const JXJsonValue& value) {
-  const std::string digits = value.numberString().toStdString();
-  const bool isNegative = digits[0] == '-';
-  const std::size_t length = digits.size() - (isNegative ? 1 : 0);
-  // Up to 18 digits fit into 64 bits, whatever they are.
-  if (length <= 18 && digits.find_first_not_of("0123456789", isNegative ? 1 : 0) == digits.npos) {
-    return [NSNumber numberWithLongLong:std::stoll(digits)];
-  }
-  const JXDecimal decimal = JXDecimal::fromString(value.numberString());
-  if (!decimal.isNaN()) return decimalNumberOf(decimal);
-  // Beyond the exponents of NSDecimalNumber, and perhaps of a double.
-  const double approximate = std::strtod(digits.c_str(), nullptr);
-  if (!std::isfinite(approximate)) return [NSNull null];
-  return [NSNumber numberWithDouble:approximate];
 }
 
 class JsonReader {
@@ -264,16 +197,6 @@ NSString* toFoundation(const JXString& string) {
   for (const unichar unit : units)
     [composed appendFormat:@"%C", unit];
   return composed;
-}
-
-std::optional<JXDecimal> toDecimal(id object, const char* place) {
-  if (!isOf([NSNumber class], object, place)) return std::nullopt;
-  return decimalOf(object);
-}
-
-NSDecimalNumber* toFoundation(const std::optional<JXDecimal>& number) {
-  if (!number) return nil;
-  return number->isNaN() ? [NSDecimalNumber notANumber] : decimalNumberOf(*number);
 }
 
 JXJsonValue toJson(id object, const char* place) { return JsonReader(place).value(object); }

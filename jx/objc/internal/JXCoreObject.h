@@ -19,6 +19,8 @@
 - (void)jx_setPart:(id)part forField:(NSString*)field;
 /// Returns the object that a field has returned, or nil.
 - (id)jx_partOfField:(NSString*)field;
+/// Returns whether `isOne` returns true for an object that a field has returned.
+- (BOOL)jx_hasPart:(bool (*)(id part))isOne;
 @end
 
 namespace jx::objc {

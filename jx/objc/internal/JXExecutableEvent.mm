@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #import "jx/objc/internal/JXExecutableEvent.h"
 
-#include <string>
-
 #include "jx/core/JXLogger.h"
 #import "jx/objc/internal/JXConversion.h"
 #import "jx/objc/internal/JXCoreObject.h"
+#import "jx/objc/internal/JXFieldList.h"
 #import "jx/objc/internal/JXOwnership.h"
 
 namespace jx::objc {
@@ -19,7 +18,7 @@ class OverridingEvent final : public jx::JXEvent {
     @try {
       setName(toString([event name], "JXEvent.name"));
     } @catch (id thrown) {
-      logFailure("name", reasonOf(thrown));
+      logFailure(event, "name", reasonOf(thrown));
     }
   }
 
@@ -30,22 +29,15 @@ class OverridingEvent final : public jx::JXEvent {
       @try {
         JXJsonObject object = toJsonObject([event_ getJsonObject], "getJsonObject");
         if (object.isPresent()) return object;
-        logFailure("getJsonObject", "it returned no dictionary");
+        logFailure(event_, "getJsonObject", "it returned no dictionary");
       } @catch (id thrown) {
-        logFailure("getJsonObject", reasonOf(thrown));
+        logFailure(event_, "getJsonObject", reasonOf(thrown));
       }
       return coreOf<jx::JXEvent>(event_).getJsonObject();
     }
   }
 
  private:
-  void logFailure(const char* operation, const std::string& reason) const {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        std::string(operation) + " of " + [NSStringFromClass([event_ class]) UTF8String] +
-            " failed: " + reason,
-        3);
-  }
-
   ::JXEvent* const event_;
 };
 
@@ -54,10 +46,22 @@ class OverridingEvent final : public jx::JXEvent {
 std::shared_ptr<jx::JXEvent> executableEvent(::JXEvent* event) {
   if (event == nil) return nullptr;
   const IMP own = [event methodForSelector:@selector(getJsonObject)];
-  if (own == [::JXEvent instanceMethodForSelector:@selector(getJsonObject)]) {
-    return sharedCore<jx::JXEvent>(event);
-  }
+  const bool overrides = own != [::JXEvent instanceMethodForSelector:@selector(getJsonObject)];
+  if (!overrides && !hasOverridingItem(event)) return sharedCore<jx::JXEvent>(event);
   return std::make_shared<OverridingEvent>(event);
+}
+
+bool hasOverridingItem(::JXEvent* event) {
+  return [event jx_hasPart:[](id part) {
+    return [part isKindOfClass:[JXFieldArray class]] && [part jx_hasOverridingItem];
+  }];
+}
+
+void logFailure(id object, const char* operation, const std::string& reason) {
+  JXLogger::sharedInstance().logMessage_withLevel(
+      std::string(operation) + " of " + [NSStringFromClass([object class]) UTF8String] +
+          " failed: " + reason,
+      3);
 }
 
 }  // namespace jx::objc

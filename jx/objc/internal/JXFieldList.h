@@ -67,10 +67,13 @@ bool isListOf(const FieldList& fieldList, const List& list) {
   jx::objc::FieldList* _list;
   NSMutableArray* _known;  // returned items by index; NSNull for other elements
   const char* _place;
+  BOOL _hasOverridingItem;
 }
 - (const jx::objc::FieldList*)jx_list;
 /// Appends each element of an array, or of any object that can be enumerated like one.
 - (void)jx_appendAll:(id)elements;
+/// Returns whether the class of an item that was ever added overrides `getJsonObject`.
+- (BOOL)jx_hasOverridingItem;
 @end
 
 namespace jx::objc {

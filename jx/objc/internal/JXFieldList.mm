@@ -119,6 +119,10 @@ std::unique_ptr<FieldList> makeFieldList(JXJsonArray list, const char* place) {
 }
 
 - (void)jx_keep:(JXItem*)item at:(NSUInteger)index {
+  const SEL getJsonObject = @selector(getJsonObject);
+  if ([item methodForSelector:getJsonObject] != [JXItem instanceMethodForSelector:getJsonObject]) {
+    _hasOverridingItem = YES;
+  }
   while ([_known count] <= index)
     [_known addObject:[NSNull null]];
   [_known replaceObjectAtIndex:index withObject:item];
@@ -150,6 +154,10 @@ std::unique_ptr<FieldList> makeFieldList(JXJsonArray list, const char* place) {
   const NSUInteger before = _list->count();
   [self insertObject:object atIndex:index];
   if (_list->count() > before) [self removeObjectAtIndex:index + 1];
+}
+
+- (BOOL)jx_hasOverridingItem {
+  return _hasOverridingItem;
 }
 
 - (void)jx_appendAll:(id)elements {
