@@ -83,9 +83,28 @@ namespace jx::objc {
 
 std::shared_ptr<Core> coreListener(::JXEventListener* listener) { return heldCore<Core>(listener); }
 
-::JXEventListener* listenerOf(const std::shared_ptr<Core>& core) {
-  return core == nullptr ? nil
-                         : JX_AUTORELEASE([[::JXEventListener alloc] jx_initWithHeldCore:core]);
+::JXEventListener* keptListener(id owner, id __strong* kept, const std::shared_ptr<Core>& core) {
+  id previous = nil;
+  ::JXEventListener* current = nil;
+  @synchronized(owner) {
+    if (coreListener(*kept) != core) {
+      previous = *kept;
+      *kept = core == nullptr ? nil : [[::JXEventListener alloc] jx_initWithHeldCore:core];
+    }
+    current = JX_AUTORELEASE(JX_RETAIN(*kept));
+  }
+  JX_RELEASE(previous);
+  return current;
+}
+
+void keepListener(id owner, id __strong* kept, ::JXEventListener* listener) {
+  id previous = nil;
+  @synchronized(owner) {
+    previous = *kept;
+    *kept = JX_RETAIN(listener);
+  }
+  // Without the lock, because its end waits for a call in progress, which may use the owner.
+  JX_RELEASE(previous);
 }
 
 }  // namespace jx::objc

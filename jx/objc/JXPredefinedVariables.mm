@@ -46,7 +46,7 @@ static constexpr char kPlace[] = "JXPredefinedVariables";
 
 - (instancetype)reinit {
   Core::sharedInstance().reinit();
-  [self jx_keepListener:nil];
+  keepListener(self, &_listener, nil);
   return self;
 }
 
@@ -169,36 +169,13 @@ JX_VARIABLE(pid)
 }
 
 - (JXEventListener*)listenerDelegate {
-  // The same object each time, because a listener stops calling a parent that it was given when it
-  // ends.
-  const auto core = Core::sharedInstance().listenerDelegate();
-  id previous = nil;
-  JXEventListener* current = nil;
-  @synchronized(self) {
-    if (coreListener(_listener) != core) {
-      previous = _listener;
-      _listener = JX_RETAIN(listenerOf(core));
-    }
-    current = JX_AUTORELEASE(JX_RETAIN(_listener));
-  }
-  JX_RELEASE(previous);
-  return current;
+  return keptListener(self, &_listener, Core::sharedInstance().listenerDelegate());
 }
 
 - (void)setListenerDelegate:(JXEventListener*)value {
   if (!isNilOr([JXEventListener class], value, kPlace)) return;
   Core::sharedInstance().setListenerDelegate(coreListener(value));
-  [self jx_keepListener:value];
-}
-
-- (void)jx_keepListener:(JXEventListener*)listener {
-  id previous = nil;
-  @synchronized(self) {
-    previous = _listener;
-    _listener = JX_RETAIN(listener);
-  }
-  // Without the lock, because it waits for a call in progress, which may use this object.
-  JX_RELEASE(previous);
+  keepListener(self, &_listener, value);
 }
 
 JX_STEP(initIsFirstVisit)

@@ -235,33 +235,13 @@ static std::shared_ptr<Core> newCore(int32_t siteID, NSString* sourceKey,
 }
 
 - (JXEventListener*)listenerDelegate {
-  // The same object each time, because a listener stops calling a parent that it was given when it
-  // ends.
-  const std::shared_ptr<jx::JXEventListener> core = heldCore<Core>(self)->listenerDelegate();
-  id previous = nil;
-  JXEventListener* current = nil;
-  @synchronized(self) {
-    if (_listener == nil || jx::objc::coreListener(_listener) != core) {
-      previous = _listener;
-      _listener = JX_RETAIN(jx::objc::listenerOf(core));
-    }
-    current = JX_AUTORELEASE(JX_RETAIN(_listener));
-  }
-  JX_RELEASE(previous);
-  return current;
+  return jx::objc::keptListener(self, &_listener, heldCore<Core>(self)->listenerDelegate());
 }
 
 - (void)setListenerDelegate:(JXEventListener*)value {
   if (!jx::objc::isNilOr([JXEventListener class], value, "listenerDelegate")) return;
-  // Without the lock, because this and the release wait for a call in progress, which may use this
-  // object.
   heldCore<Core>(self)->setListenerDelegate(jx::objc::coreListener(value));
-  id previous = nil;
-  @synchronized(self) {
-    previous = _listener;
-    _listener = JX_RETAIN(value);
-  }
-  JX_RELEASE(previous);
+  jx::objc::keepListener(self, &_listener, value);
 }
 
 - (JXServerSideInitialisation*)initialisation {

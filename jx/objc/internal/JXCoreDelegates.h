@@ -19,7 +19,11 @@ std::shared_ptr<JXEventSender> coreSender(::JXEventSender* sender);
 /// Returns the C++ listener; null for nil. It calls a parent that was set in Objective-C as long as
 /// `listener` exists.
 std::shared_ptr<JXEventListener> coreListener(::JXEventListener* listener);
-/// Returns an object that holds the C++ listener, which keeps its parent; nil for null.
-::JXEventListener* listenerOf(const std::shared_ptr<JXEventListener>& core);
+/// Returns the object of `owner` that holds its C++ listener, nil for null. It is `*kept`, which is
+/// replaced if it holds another: a listener stops calling a parent that it was given when it ends.
+::JXEventListener* keptListener(id owner, id __strong* kept,
+                                const std::shared_ptr<JXEventListener>& core);
+/// Replaces `*kept`.
+void keepListener(id owner, id __strong* kept, ::JXEventListener* listener);
 
 }  // namespace jx::objc
