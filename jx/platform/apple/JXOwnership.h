@@ -6,7 +6,7 @@
 // always use it, and the run time of GCC, with which they are tested, does not support it. Objects
 // that a framework releases with a function of its own are released by JX_RELEASE_BY.
 // JX_WEAK is nil as soon as the object begins to end, on whichever thread. Run times without weak
-// references, such as that of GCC, cannot tell this.
+// references, such as that of GCC, have no such value.
 #if __has_feature(objc_arc_weak)
 #define JX_WEAK __weak
 #else
