@@ -17,8 +17,8 @@ static constexpr char kParameter[] = "JXEvent: additional parameter";
 static NSDictionary* jsonOf(id block) {
   @try {
     if ([block respondsToSelector:@selector(getJsonObject)]) {
-      NSDictionary* const object = [block getJsonObject];
-      if (object != nil) return object;
+      const id object = [block getJsonObject];
+      if ([object isKindOfClass:[NSDictionary class]]) return object;
       logFailure(block, "getJsonObject", "it returned no dictionary");
     }
   } @catch (id thrown) {

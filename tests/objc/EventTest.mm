@@ -32,6 +32,15 @@
 }
 @end
 
+@interface TextItem : JXItem
+@end
+
+@implementation TextItem
+- (NSMutableDictionary*)getJsonObject {
+  return static_cast<id>(@"a string");
+}
+@end
+
 @interface FailingItem : JXItem
 @end
 
@@ -165,15 +174,17 @@ TEST_F(ObjectiveCEvent, ContainsTheJsonOfItemsThatOverrideIt) {
 TEST_F(ObjectiveCEvent, ItemsWhoseJsonFailsHaveTheirInheritedFields) {
   start();
   ::JXEvent* const event = purchase(nil);
-  NSArray* const items =
-      [NSArray arrayWithObjects:[[[NilItem alloc] init] autorelease],
-                                [[[FailingItem alloc] init] autorelease], item(@"i1"), nil];
+  NSArray* const items = [NSArray
+      arrayWithObjects:[[[NilItem alloc] init] autorelease], [[[TextItem alloc] init] autorelease],
+                       [[[FailingItem alloc] init] autorelease], item(@"i1"), nil];
   NSArray* const json = [event getItemListAsJson:items];
-  ASSERT_EQ([json count], 3u);
+  ASSERT_EQ([json count], 4u);
   EXPECT_TRUE(
       [[json objectAtIndex:0] isEqual:[[[[::JXItem alloc] init] autorelease] getJsonObject]]);
   EXPECT_TRUE([[json objectAtIndex:1] isEqual:[json objectAtIndex:0]]);
-  EXPECT_EQ(text([[json objectAtIndex:2] objectForKey:@"id"]), "i1");
+  EXPECT_TRUE([[json objectAtIndex:2] isEqual:[json objectAtIndex:0]]);
+  EXPECT_EQ(text([[json objectAtIndex:3] objectForKey:@"id"]), "i1");
+  EXPECT_EQ(count({3, "getJsonObject of TextItem failed: it returned no dictionary"}), 1u);
   EXPECT_EQ(count({3, "getJsonObject of NilItem failed: it returned no dictionary"}), 1u);
   EXPECT_EQ(count({3, "getJsonObject of FailingItem failed: no price"}), 1u);
 }

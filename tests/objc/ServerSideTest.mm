@@ -126,6 +126,15 @@
 }
 @end
 
+@interface EventWithTextAsJson : JXEvent
+@end
+
+@implementation EventWithTextAsJson
+- (NSMutableDictionary*)getJsonObject {
+  return static_cast<id>(@"a string");
+}
+@end
+
 @interface EventWithoutAName : JXEvent
 @end
 
@@ -255,6 +264,18 @@ TEST_F(ObjectiveCServerSide, AnEventWithoutJsonIsSentWithItsInheritedFields) {
   ASSERT_EQ(requests().size(), 1u);
   EXPECT_EQ(requests()[0].body.get("event_name").string(), JXString("quiz"));
   EXPECT_EQ(count({3, "getJsonObject of EventWithoutJson failed: it returned no dictionary"}), 1u);
+}
+
+TEST_F(ObjectiveCServerSide, AnEventWhoseJsonIsNoDictionaryIsLoggedOnce) {
+  ::ServerSide* const serverSide = create();
+  EventWithTextAsJson* const event = make<EventWithTextAsJson>();
+  event.name = @"quiz";
+  forgetLines();
+  [serverSide execute:event];
+  EXPECT_EQ(requests().back().body.get("event_name").string(), JXString("quiz"));
+  ASSERT_EQ(linesUpTo(3).size(), 1u);
+  EXPECT_EQ(linesUpTo(3)[0].message,
+            "getJsonObject of EventWithTextAsJson failed: it returned no dictionary");
 }
 
 TEST_F(ObjectiveCServerSide, WhatAnEventThrowsIsLogged) {

@@ -27,8 +27,10 @@ class OverridingEvent final : public jx::JXEvent {
       // What was added for this execution, such as the permanent data.
       coreOf<jx::JXEvent>(event_).addAdditionalProperty(extraProperties());
       @try {
-        JXJsonObject object = toJsonObject([event_ getJsonObject], "getJsonObject");
-        if (object.isPresent()) return object;
+        const id object = [event_ getJsonObject];
+        if ([object isKindOfClass:[NSDictionary class]]) {
+          return toJsonObject(object, "getJsonObject");
+        }
         logFailure(event_, "getJsonObject", "it returned no dictionary");
       } @catch (id thrown) {
         logFailure(event_, "getJsonObject", reasonOf(thrown));
