@@ -36,7 +36,7 @@ StateFolder::~StateFolder() {
   if (lock_ >= 0) ::close(lock_);
 }
 
-Result<StateFolder> StateFolder::open(const std::filesystem::path& path) {
+Result<StateFolder> StateFolder::open(const std::filesystem::path& path, const std::string& user) {
   const std::string text = path.string();
   std::error_code error;
   if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
@@ -52,7 +52,7 @@ Result<StateFolder> StateFolder::open(const std::filesystem::path& path) {
   }
   if (::flock(lock, LOCK_EX | LOCK_NB) == 0) return StateFolder(path, lock);
   ::close(lock);
-  return Error{"the state folder " + text + " is in use by another collector"};
+  return Error{"the state folder " + text + " is in use by another " + user};
 }
 
 Result<std::filesystem::path> StateFolder::defaultPath() {
