@@ -13,7 +13,7 @@ import re
 import subprocess
 import sys
 
-COMMANDS = ["", "replay", "collector", "queue", "demo"]
+COMMANDS = ["", "replay", "collector", "gateway", "gateway setup", "gateway drain", "queue", "demo"]
 SECTION = re.compile(r"^## (.*)\n", re.MULTILINE)
 # "  -h,--help           Print", "  --site INT=1        Set the site ID"
 HELP_OPTION = re.compile(r"^ +(?:-\w,)?(--[\w-]+)(.*)$", re.MULTILINE)
@@ -29,7 +29,7 @@ class Failure(Exception):
 
 
 def help_of(program, command):
-    arguments = [program] + ([command] if command else []) + ["--help"]
+    arguments = [program] + command.split() + ["--help"]
     return subprocess.run(arguments, stdout=subprocess.PIPE, text=True, check=True,
                           timeout=60).stdout
 
@@ -72,9 +72,14 @@ def compare_options(program, page):
 
 
 def compare_commands(program, page):
-    text = help_of(program, "")
-    printed = set(HELP_COMMAND.findall(text[text.index("Subcommands:"):]))
-    expect_same("jx", {title[3:] for title in page if re.fullmatch(r"jx \w+", title)}, printed)
+    printed = set()
+    for command in [""] + COMMANDS:
+        prefix = command + " " if command else ""
+        text = help_of(program, command)
+        if "Subcommands:" in text:
+            printed |= {prefix + name
+                        for name in HELP_COMMAND.findall(text[text.index("Subcommands:"):])}
+    expect_same("jx", {title[3:] for title in page if re.fullmatch(r"jx( \w+)+", title)}, printed)
     expect_same("jx", set(COMMANDS) - {""}, printed)
 
 

@@ -7,6 +7,7 @@
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/collector/CollectorCommand.h"
 #include "tools/jx/demo/DemoCommand.h"
+#include "tools/jx/gateway/GatewayCommand.h"
 #include "tools/jx/queue/QueueCommand.h"
 #include "tools/jx/replay/ReplayCommand.h"
 
@@ -22,6 +23,7 @@ int run(int argc, char** argv) {
   int exitStatus = jx::kExitOk;
   jx::addReplayCommand(app, exitStatus);
   jx::addCollectorCommand(app, exitStatus);
+  jx::addGatewayCommand(app, exitStatus);
   jx::addQueueCommand(app, exitStatus);
   jx::addDemoCommand(app, exitStatus);
 
