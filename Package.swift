@@ -27,7 +27,7 @@ let package = Package(
       exclude: [
         "CHANGELOG.md", "CMakeLists.txt", "CMakePresets.json", "CONTRIBUTING.md",
         "JXServerSide.podspec", "JXServerSideObjC.podspec", "LICENSE", "NOTICE", "README.md",
-        "SECURITY.md", "bench", "cmake", "docs", "examples", "jx/CMakeLists.txt",
+        "SECURITY.md", "bench", "cmake", "deploy", "docs", "examples", "jx/CMakeLists.txt",
         "jx/c/module.modulemap", "jx/catalogue/base.toml", "jx/catalogue/context.toml",
         "jx/catalogue/ecommerce.toml", "jx/catalogue/engagement.toml", "jx/catalogue/keys.toml",
         "jx/catalogue/video.toml", "jx/platform/linux", "packaging/apple/data-types.toml",
