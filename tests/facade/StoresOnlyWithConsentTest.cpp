@@ -162,7 +162,9 @@ TEST_F(StoresOnlyWithConsent, RecordsNoStopBeforeTheConsent) {
   EXPECT_TRUE(nothingIsStored());
   serverSide->enableServerSide();
   serverSide->disableServerSide();
-  EXPECT_FALSE(JXStopMarks(state + "/outbox").read().empty());
+  // On a busy machine, the stop returns before its record is written.
+  while (JXStopMarks(state + "/outbox").read().empty())
+    std::this_thread::yield();
 }
 
 TEST_F(StoresOnlyWithConsent, IgnoresAdvertisingIdentifiersBeforeTheConsent) {
