@@ -127,14 +127,12 @@ Result read(const jx_configuration& c, jx::JXCoreConfiguration& configuration) {
   return JX_OK;
 }
 
-bool isKnownSize(size_t size) { return size > sizeof(size_t) && size <= sizeof(jx_configuration); }
-
 }  // namespace
 
 jx_status jx_configuration_init(jx_configuration* configuration, size_t struct_size) {
   return jx::c::call(__func__, [&]() -> Result {
     if (configuration == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    if (!isKnownSize(struct_size)) return JX_ERROR_STRUCT_SIZE;
+    if (!jx::c::isKnownSize<jx_configuration>(struct_size)) return JX_ERROR_STRUCT_SIZE;
     jx_configuration filled = defaults();
     filled.struct_size = struct_size;
     std::memcpy(configuration, &filled, struct_size);
@@ -145,7 +143,9 @@ jx_status jx_configuration_init(jx_configuration* configuration, size_t struct_s
 jx_status jx_configure(const jx_configuration* configuration) {
   return jx::c::call(__func__, [&]() -> Result {
     if (configuration == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    if (!isKnownSize(configuration->struct_size)) return JX_ERROR_STRUCT_SIZE;
+    if (!jx::c::isKnownSize<jx_configuration>(configuration->struct_size)) {
+      return JX_ERROR_STRUCT_SIZE;
+    }
     // Fields that an older program does not have keep their defaults.
     jx_configuration complete = defaults();
     std::memcpy(&complete, configuration, configuration->struct_size);

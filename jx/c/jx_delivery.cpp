@@ -58,9 +58,7 @@ jx_counters inC(const jx::JXDeliveryCounters& counters) {
 jx_status jx_counters_get(jx_counters* counters, size_t struct_size) {
   return jx::c::call(__func__, [&]() -> Result {
     if (counters == nullptr) return JX_ERROR_NULL_ARGUMENT;
-    if (struct_size <= sizeof(size_t) || struct_size > sizeof(jx_counters)) {
-      return JX_ERROR_STRUCT_SIZE;
-    }
+    if (!jx::c::isKnownSize<jx_counters>(struct_size)) return JX_ERROR_STRUCT_SIZE;
     jx_counters filled = inC(jx::JXNetworkManager::sharedInstance().counters());
     filled.struct_size = struct_size;
     std::memcpy(counters, &filled, struct_size);

@@ -83,7 +83,7 @@ class JXCFirebase final : public jx::IJXFirebaseInstance {
 Result copied(const jx_firebase* table, std::shared_ptr<JXCFirebase>& bridge) {
   if (table == nullptr) return JX_OK;
   const size_t size = table->struct_size;
-  if (size <= sizeof(size_t) || size > sizeof(jx_firebase)) return JX_ERROR_STRUCT_SIZE;
+  if (!jx::c::isKnownSize<jx_firebase>(size)) return JX_ERROR_STRUCT_SIZE;
   jx_firebase complete = {};
   std::memcpy(&complete, table, size);
   bridge = std::make_shared<JXCFirebase>(complete);

@@ -151,6 +151,7 @@ TEST(CConfiguration, AcceptsStructsOfOlderVersionsOnly) {
   jx_configuration c = isolated();
   EXPECT_EQ(jx_configuration_init(&c, sizeof c + 1), JX_ERROR_STRUCT_SIZE);
   EXPECT_EQ(jx_configuration_init(&c, sizeof(size_t)), JX_ERROR_STRUCT_SIZE);
+  EXPECT_EQ(jx_configuration_init(&c, sizeof c - 1), JX_ERROR_STRUCT_SIZE);
   std::memset(&c, 0x55, sizeof c);
   const size_t older = offsetof(jx_configuration, log_level);
   ASSERT_EQ(jx_configuration_init(&c, older), JX_OK);
@@ -161,6 +162,7 @@ TEST(CConfiguration, AcceptsStructsOfOlderVersionsOnly) {
   EXPECT_EQ(jx_configure(&c), JX_ERROR_STRUCT_SIZE);
   jx_counters counters;
   EXPECT_EQ(jx_counters_get(&counters, sizeof counters + 1), JX_ERROR_STRUCT_SIZE);
+  EXPECT_EQ(jx_counters_get(&counters, sizeof counters - 1), JX_ERROR_STRUCT_SIZE);
 }
 
 TEST(CConfiguration, RejectsAKeyCountWithoutKeys) {

@@ -316,11 +316,14 @@ TEST_F(CServerSide, MirrorsAnEventWithoutANameWithANullName) {
 TEST_F(CServerSide, RejectsAFirebaseTableOfUnknownSize) {
   start();
   Mirror mirror;
-  const jx_firebase firebase = {sizeof(jx_firebase) + 8, &mirror, nullptr, nullptr, &release};
-  jx_server_side* made = reinterpret_cast<jx_server_side*>(&mirror);
-  EXPECT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, &firebase, &made),
-            JX_ERROR_STRUCT_SIZE);
-  EXPECT_EQ(made, nullptr);
+  // The last size ends inside `set_default_parameter`, which must not be called.
+  for (const size_t size : {sizeof(jx_firebase) + 8, offsetof(jx_firebase, log_event) - 1}) {
+    const jx_firebase firebase = {size, &mirror, &setDefault, nullptr, &release};
+    jx_server_side* made = reinterpret_cast<jx_server_side*>(&mirror);
+    EXPECT_EQ(jx_server_side_create(1, "key", JX_BEHAVIOUR_DEFAULT, &firebase, &made),
+              JX_ERROR_STRUCT_SIZE);
+    EXPECT_EQ(made, nullptr);
+  }
   EXPECT_EQ(mirror.releases, 0);
 }
 

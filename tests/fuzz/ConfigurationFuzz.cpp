@@ -111,7 +111,8 @@ JXCoreConfiguration configured(Input& input) {
   jx_configuration c;
   std::memset(&c, 0xA5, sizeof c);
   const std::size_t wrong = numberFrom(input);
-  const bool isKnown = wrong > sizeof(std::size_t) && wrong <= sizeof c;
+  const bool isKnown =
+      wrong > sizeof(std::size_t) && wrong <= sizeof c && wrong % alignof(jx_configuration) == 0;
   require(jx_configuration_init(&c, isKnown ? 0 : wrong) == JX_ERROR_STRUCT_SIZE,
           "a struct of another size is rejected");
   require(jx_configuration_init(&c, sizeof c) == JX_OK, "a struct is initialised");

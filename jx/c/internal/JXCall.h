@@ -74,6 +74,14 @@ Result end(void* handle, JXHandleKind kind);
 /// Copies a string to the caller's buffer, by the rules of `jx_object_json`.
 Result copyOut(const std::string& text, char* buffer, std::size_t capacity, std::size_t* length);
 
+/// Returns whether `size`, the `struct_size` of the caller, is the size of `Struct` in this version
+/// of the library or in an earlier one. Compilers round sizes up to the alignment, so that no member
+/// of an accepted struct is cut.
+template <typename Struct>
+bool isKnownSize(std::size_t size) {
+  return size > sizeof(std::size_t) && size <= sizeof(Struct) && size % alignof(Struct) == 0;
+}
+
 /// Parses JSON; a null pointer yields the null value. Returns JX_ERROR_INVALID_JSON on an error.
 Result readJson(const char* json, JXJsonValue& value);
 /// The form in which the caller passes a value.
