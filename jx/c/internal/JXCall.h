@@ -75,8 +75,8 @@ Result end(void* handle, JXHandleKind kind);
 Result copyOut(const std::string& text, char* buffer, std::size_t capacity, std::size_t* length);
 
 /// Returns whether `size`, the `struct_size` of the caller, is the size of `Struct` in this version
-/// of the library or in an earlier one. Compilers round sizes up to the alignment, so that no member
-/// of an accepted struct is cut.
+/// of the library or in an earlier one. Compilers round sizes up to the alignment, so that no
+/// member of an accepted struct is cut.
 template <typename Struct>
 bool isKnownSize(std::size_t size) {
   return size > sizeof(std::size_t) && size <= sizeof(Struct) && size % alignof(Struct) == 0;
