@@ -50,6 +50,12 @@ ssize_t pwrite(int descriptor, const void* data, std::size_t bytes, off_t offset
   return record(descriptor, original(descriptor, data, bytes, offset));
 }
 
+// The same function of programs that were compiled with large files.
+ssize_t pwrite64(int descriptor, const void* data, std::size_t bytes, off64_t offset) {
+  static const auto original = next(&::pwrite64, "pwrite64");
+  return record(descriptor, original(descriptor, data, bytes, offset));
+}
+
 ssize_t pwritev(int descriptor, const iovec* parts, int count, off_t offset) {
   static const auto original = next(&::pwritev, "pwritev");
   return record(descriptor, original(descriptor, parts, count, offset));

@@ -13,8 +13,8 @@ struct Write {
   std::size_t bytes = 0;
 };
 
-/// Records the calls of write, writev, pwrite and pwritev on its thread, from any caller, while it
-/// exists. At most one per thread at a time.
+/// Records the calls of write, writev, pwrite, pwrite64 and pwritev on its thread, from any caller,
+/// while it exists. At most one per thread at a time.
 class WriteLog {
  public:
   WriteLog();

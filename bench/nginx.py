@@ -22,11 +22,13 @@ http {{
   fastcgi_temp_path {folder}/fastcgi;
   uwsgi_temp_path {folder}/uwsgi;
   scgi_temp_path {folder}/scgi;
-  log_format bench '$connection $server_protocol $status $request_length';
-  access_log {folder}/access.log bench buffer=256k flush=1s;
+  log_format bench '$connection $server_protocol $status $request_length $arg_count';
+  access_log {folder}/access.log bench buffer=256k flush=200ms;
   # Connections must not end during a measurement.
   keepalive_requests 10000000;
   keepalive_timeout 600s;
+  # Larger bodies would be written to files.
+  client_body_buffer_size 1m;
   server {{
     listen 127.0.0.1:{port} ssl http2;
     ssl_certificate {folder}/certificate.pem;
@@ -116,11 +118,20 @@ class Server:
         self.requests()
         os.truncate(self.log, 0)
 
+    def _logged(self):
+        time.sleep(0.5)  # until nginx has written its buffer
+        with open(self.log, encoding="ascii") as file:
+            return [line.split() for line in file]
+
     def requests(self):
         """Returns (connection, protocol, status) of each request since the last `clear_log`."""
-        time.sleep(1.2)  # until nginx has written its buffer
-        with open(self.log, encoding="ascii") as file:
-            return [tuple(line.split()[:3]) for line in file]
+        return [tuple(words[:3]) for words in self._logged()]
+
+    def events(self):
+        """Returns the number of events accepted since the last `clear_log`. The parameter "count"
+        of a request is its number of events, 1 without it."""
+        return sum(1 if words[4] == "-" else int(words[4]) for words in self._logged()
+                   if words[2] == "204")
 
 
 Summary = collections.namedtuple("Summary", "requests connections protocols statuses")

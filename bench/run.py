@@ -19,6 +19,7 @@ import drain
 import execute
 import launch
 import parts
+import peers
 import size
 import table
 
@@ -52,8 +53,16 @@ def measure_parts(bench):
     return parts.rows(bench.run("jx_bench", *parts.options(bench.quick)))
 
 
-PARTS = {"execute": execute.rows, "threads": execute.thread_rows, "drain": drain.rows, "start": launch.start_and_memory_rows,
-         "idle": launch.idle_rows, "size": size.rows, "parts": measure_parts}
+PARTS = {
+    "execute": execute.rows,
+    "threads": execute.thread_rows,
+    "drain": drain.rows,
+    "start": launch.start_and_memory_rows,
+    "idle": launch.idle_rows,
+    "size": size.rows,
+    "parts": measure_parts,
+    "peers": peers.rows,
+}
 
 
 def machine():
