@@ -10,12 +10,15 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <algorithm>
 #include <barrier>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "bench/Events.h"
@@ -31,10 +34,14 @@ namespace {
 
 using Json = rapidjson::Writer<rapidjson::StringBuffer>;
 
-/// The result of one round.
+/// The calls of all threads.
 struct Result {
   double perSecond = 0;
   Samples samples;
+};
+
+struct Round {
+  Result execute, baseline;
 };
 
 /// Runs `operation` `calls` times on each of `threads` threads, which begin together.
@@ -42,25 +49,29 @@ struct Result {
 Result runOn(std::size_t threads, std::uint64_t calls,
              const std::function<std::function<void()>(std::size_t)>& prepare) {
   std::vector<Samples> samples(threads);
-  std::barrier together(static_cast<std::ptrdiff_t>(threads) + 1);
+  // Measured by each thread: this one may not run until the others have finished.
+  std::vector<Clock::time_point> begins(threads);
+  std::vector<Clock::time_point> ends(threads);
+  std::barrier together(static_cast<std::ptrdiff_t>(threads));
   std::vector<std::thread> running;
   for (std::size_t i = 0; i < threads; ++i) {
     running.emplace_back([&, i] {
       const std::function<void()> operation = prepare(i);
       samples[i].reserve(calls);
       together.arrive_and_wait();
+      begins[i] = Clock::now();
       for (std::uint64_t call = 0; call < calls; ++call) {
         const Clock::time_point begin = Clock::now();
         operation();
         samples[i].add(Clock::now() - begin);
       }
+      ends[i] = Clock::now();
     });
   }
-  together.arrive_and_wait();
-  const Clock::time_point begin = Clock::now();
   for (std::thread& thread : running)
     thread.join();
-  const std::chrono::duration<double> took = Clock::now() - begin;
+  const std::chrono::duration<double> took =
+      *std::max_element(ends.begin(), ends.end()) - *std::min_element(begins.begin(), begins.end());
   Result result;
   result.perSecond = static_cast<double>(threads * calls) / took.count();
   for (const Samples& each : samples)
@@ -101,17 +112,24 @@ int run(const std::vector<std::string>& words) {
 
   rapidjson::StringBuffer text;
   Json json(text);
+  std::map<std::size_t, std::vector<Round>> results;
+  for (std::uint64_t round = 0; round < rounds; ++round) {
+    for (const std::size_t threads : {1, 2, 4, 8}) {
+      Round one;
+      one.execute = runOn(threads, calls / threads, execute);
+      JXNetworkManager::sharedInstance().purge();
+      one.baseline = runOn(threads, calls / threads, baseline);
+      results[threads].push_back(std::move(one));
+    }
+  }
   json.StartObject();
-  for (const std::size_t threads : {1, 2, 4, 8}) {
+  for (auto& [threads, ofThreads] : results) {
     json.Key(std::to_string(threads).c_str());
     json.StartArray();
-    for (std::uint64_t round = 0; round < rounds; ++round) {
-      Result executed = runOn(threads, calls / threads, execute);
-      JXNetworkManager::sharedInstance().purge();
-      Result written = runOn(threads, calls / threads, baseline);
+    for (Round& round : ofThreads) {
       json.StartObject();
-      print("execute", executed, json);
-      print("baseline", written, json);
+      print("execute", round.execute, json);
+      print("baseline", round.baseline, json);
       json.EndObject();
     }
     json.EndArray();

@@ -33,9 +33,9 @@ def start_and_memory_rows(bench):
         count = 3 if bench.quick else 41
         empty = launch(bench, count, "-", state)
         full = launch(bench, count, seed, state)
-        return (start_rows("empty state", empty, 2) +
+        return (start_rows("empty state", empty, 0.8) +
                 start_rows(f"{queued:,} queued", full, 15) +
-                [memory_row("ready", empty, "ready_kib", 2)] +
+                [memory_row("ready", empty, "ready_kib", 1.2)] +
                 paced_memory_rows(bench, folder, state) +
                 [memory_row(f"ready with {queued:,} queued", full, "ready_kib", 5)])
 
@@ -65,7 +65,7 @@ def paced_memory_rows(bench, folder, state):
         online = launch(bench, count, "-", state, *paced, "--to", server.host, "--ca", server.ca,
                         "--deliver")
     return [memory_row(f"after {events:,} paced events, offline", offline, "end_kib", 3),
-            memory_row(f"after {events:,} paced events, delivered", online, "end_kib", 3)]
+            memory_row(f"after {events:,} paced events, delivered", online, "end_kib", 4)]
 
 
 class Idling:

@@ -39,4 +39,6 @@ def rows(printed):
         if name.startswith("part/"):
             row.relation, row.against = "%", 100 * each["cpu_time"] / whole
         result.append(row)
+    result.append(table.absolute("allocations, building a purchase with 4 items",
+                                 medians["building"]["allocations"], "", 15))
     return result

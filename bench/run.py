@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Runs the benchmarks and prints one table of results and their baselines.
 
-    run.py --programs FOLDER [--quick] [--only PART,...] [--json FILE]
+    run.py --programs FOLDER [--quick] [--runs N] [--only PART,...] [--json FILE]
 
 Results are quoted, never asserted: the exit status is 1 only if a measurement failed.
 """
@@ -65,6 +65,19 @@ PARTS = {
 }
 
 
+def measure(bench, parts):
+    """Runs the parts once and returns their rows, and the names of the parts that failed."""
+    rows, failed = [], set()
+    for part in parts:
+        print(f"bench: {part}", file=sys.stderr)
+        try:
+            rows += PARTS[part](bench)
+        except (RuntimeError, OSError, ValueError, KeyError, subprocess.SubprocessError) as error:
+            failed.add(part)
+            print(f"bench: {part} FAILED: {error!r}", file=sys.stderr)
+    return rows, failed
+
+
 def machine():
     with open("/proc/loadavg", encoding="ascii") as file:
         load = " ".join(file.read().split()[:3])
@@ -76,6 +89,8 @@ def arguments():
     parser.add_argument("--programs", required=True, help="folder of the benchmark programs")
     parser.add_argument("--quick", action="store_true",
                         help="check that everything runs, without size")
+    parser.add_argument("--runs", type=int, default=1,
+                        help="measure everything N times and report the medians [1]")
     parser.add_argument("--only", default="",
                         help="run these parts: " + ", ".join(PARTS) + " [all]")
     parser.add_argument("--json", help="write the results to this file too")
@@ -93,20 +108,14 @@ def main():
                  f"{', '.join(PARTS)}")
     bench = Bench(options.programs, options.quick)
     where = machine()
-    rows, failed = [], []
-    for part in parts:
-        print(f"bench: {part}", file=sys.stderr)
-        try:
-            rows += PARTS[part](bench)
-        except (RuntimeError, OSError, ValueError, KeyError, subprocess.SubprocessError) as error:
-            failed.append(part)
-            print(f"bench: {part} FAILED: {error!r}", file=sys.stderr)
+    runs, failed = zip(*[measure(bench, parts) for _ in range(max(options.runs, 1))])
+    rows, failed = table.medians(runs), sorted(set().union(*failed))
     print(f"bench: {options.commit}{', ' if options.commit else ''}{where}")
     print(table.render(rows))
     if options.json:
         with open(options.json, "w", encoding="utf-8") as file:
             json.dump({"commit": options.commit, "machine": where, "quick": options.quick,
-                       "failed": failed, "rows": table.as_json(rows)}, file, indent=1)
+                       "runs": options.runs, "failed": failed, "rows": table.as_json(rows)}, file, indent=1)
     if failed:
         sys.exit(f"bench: FAILED: {', '.join(failed)}")
 

@@ -14,8 +14,8 @@ class Row:
     """One result, compared with the baseline that was measured with it.
 
     `floor` is the baseline. `against` is the ratio or the difference to the baseline, or the result
-    itself if there is no baseline. `at_most` is its limit; None: for information only. The names of
-    the fields are the keys of the file that --json writes.
+    itself if there is no baseline. `at_most` or `at_least` is its limit; without one, the row is
+    for information only. The names of the fields are the keys of the file that --json writes.
     """
     what: str
     value: float
@@ -25,11 +25,14 @@ class Row:
     against: Optional[float] = None
     at_most: Optional[float] = None
     note: str = ""
+    at_least: Optional[float] = None
 
     def verdict(self):
-        if self.at_most is None:
-            return ""
-        return "ok" if self.against <= self.at_most else "over"
+        if self.at_most is not None and self.against > self.at_most:
+            return "over"
+        if self.at_least is not None and self.against < self.at_least:
+            return "under"
+        return "" if self.at_most is None and self.at_least is None else "ok"
 
 
 def ratio(what, pairs, unit, at_most=None, note=""):
@@ -70,11 +73,17 @@ def relative(value, row):
     return f"{sign}{number(value)} {row.unit}".rstrip()
 
 
+def limit(row):
+    if row.at_least is not None:
+        return "at least " + relative(row.at_least, row)
+    return relative(row.at_most, row)
+
+
 def cells(row):
     against = relative(row.against, row) if row.relation else ""
     return (row.what + (f" ({row.note})" if row.note else ""), f"{number(row.value)} {row.unit}",
             f"{number(row.floor)} {row.unit}" if row.floor is not None else "", against,
-            relative(row.at_most, row), row.verdict())
+            limit(row), row.verdict())
 
 
 def render(rows):
@@ -89,6 +98,22 @@ def render(rows):
 
     rule = "|" + "|".join("-" * (width + 2) for width in widths) + "|"
     return "\n".join([written(lines[0]), rule] + [written(line) for line in lines[1:]])
+
+
+def medians(runs):
+    """Returns the rows of several runs of the same measurements as one run: the medians of result,
+    baseline and relation, with the first note. A run without a row does not count for it."""
+    found = {}
+    for row in (row for run in runs for row in run):
+        found.setdefault(row.what, []).append(row)
+
+    def median(rows, field):
+        values = [getattr(row, field) for row in rows]
+        return None if values[0] is None else statistics.median(values)
+
+    return [dataclasses.replace(rows[0], **{field: median(rows, field)
+                                            for field in ("value", "floor", "against")})
+            for rows in found.values()]
 
 
 def as_json(rows):
