@@ -94,7 +94,7 @@ TIMES = (
     ("call, paced, delivered, p50", "us", "delivered", "p50"),
     ("call, paced, delivered, p99", "us", "delivered", "p99"),
     ("processor time per event, paced, delivered", "us", "delivered", "cpu"),
-    ("executed and delivered, events", "/s", "many", "per_second"),
+    ("executed and delivered", "/s", "many", "per_second"),
 )
 
 
