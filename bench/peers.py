@@ -111,26 +111,21 @@ def compared(measurement, unit, values):
     return result
 
 
-def time_rows(rounds):
+def rows_of_rounds(rounds):
     result = []
     for measurement, unit, run, key in TIMES:
-        values = {kind: [each[kind][run][key] for each in rounds if run in each[kind]]
-                  for kind in KINDS}
+        values = {kind: [each[kind][run][key] for each in rounds] for kind in KINDS}
         result += compared(measurement, unit, values)
-    longest = {kind: [max(each[kind]["delivered"]["longest"] for each in rounds
-                          if "delivered" in each[kind]) / 1000] for kind in KINDS}
-    return result + compared("call, paced, delivered, longest", "ms", longest)
-
-
-def storage_rows(rounds):
-    """Returns the rows of the calls that write, and of memory, from the rounds without a server."""
+    longest = {kind: [max(each[kind]["delivered"]["longest"] for each in rounds) / 1000]
+               for kind in KINDS}
+    result += compared("call, paced, delivered, longest", "ms", longest)
     writes = [table.Row(name("writes per event, paced, offline", kind),
                         statistics.median(each[kind]["offline"]["writes"] for each in rounds), "")
               for kind in KINDS]
     memory = [table.difference(name("memory at ready", kind),
                                [(each[kind]["burst"]["ready_kib"] / 1024, each["empty"] / 1024)
                                 for each in rounds], "MiB") for kind in KINDS]
-    return writes + memory
+    return result + writes + memory
 
 
 def found_row(what, kind, sizes, before, rest):
@@ -166,4 +161,6 @@ def rows(bench):
             online = [online_round(peers, sizes) for _ in range(sizes.rounds)]
             peers.newly_delivered()
             found += kill_rows(peers, sizes)
-        return time_rows(offline + online) + storage_rows(offline) + found
+        rounds = [{**one, **{kind: {**one[kind], **other[kind]} for kind in KINDS}}
+                  for one, other in zip(offline, online)]
+        return rows_of_rounds(rounds) + found
