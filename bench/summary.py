@@ -33,10 +33,6 @@ def spread(rows):
     return median if low == high else f"{median} ({low} to {high})"
 
 
-def of_measurement(runs, what):
-    return [row for run in runs for row in run if row.what == what]
-
-
 def markdown(lines):
     head, *others = ["| " + " | ".join(line) + " |" for line in lines]
     return "\n".join([head, "|---" * len(lines[0]) + "|", *others])
@@ -45,10 +41,12 @@ def markdown(lines):
 def limits(before, now):
     """Returns the table of the rows that have a limit now."""
     lines = [("measurement", "limit", "before", "now", "")]
-    for row in table.medians(now):
+    earlier = table.grouped(before)
+    for key, rows in table.grouped(now).items():
+        row = table.median(rows)
         if row.verdict():
-            lines.append((row.what, table.limit(row), spread(of_measurement(before, row.what)),
-                          spread(of_measurement(now, row.what)), row.verdict()))
+            lines.append((row.what, table.limit(row), spread(earlier.get(key, [])), spread(rows),
+                          row.verdict()))
     return markdown(lines)
 
 

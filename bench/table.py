@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """The rows of the table that scripts/bench prints, and their formatting."""
 
+import collections
 import dataclasses
 import statistics
 from typing import Optional
@@ -100,20 +101,30 @@ def render(rows):
     return "\n".join([written(lines[0]), rule] + [written(line) for line in lines[1:]])
 
 
-def medians(runs):
-    """Returns the rows of several runs of the same measurements as one run: the medians of result,
-    baseline and relation, with the first note. A run without a row does not count for it."""
+def grouped(runs):
+    """Returns the rows of each measurement of several runs, by the name of the row and its number
+    among the rows of the same name in its run."""
     found = {}
-    for row in (row for run in runs for row in run):
-        found.setdefault(row.what, []).append(row)
+    for run in runs:
+        count = collections.Counter()
+        for row in run:
+            found.setdefault((row.what, count[row.what]), []).append(row)
+            count[row.what] += 1
+    return found
 
-    def median(rows, field):
+
+def median(rows):
+    """Returns the rows of one measurement as one row: the medians of result, baseline and relation,
+    with the first note."""
+    def of(field):
         values = [getattr(row, field) for row in rows]
         return None if values[0] is None else statistics.median(values)
 
-    return [dataclasses.replace(rows[0], **{field: median(rows, field)
-                                            for field in ("value", "floor", "against")})
-            for rows in found.values()]
+    return dataclasses.replace(rows[0], value=of("value"), floor=of("floor"), against=of("against"))
+
+
+def medians(runs):
+    return [median(rows) for rows in grouped(runs).values()]
 
 
 def as_json(rows):

@@ -43,6 +43,11 @@ class Medians(unittest.TestCase):
         runs = [[table.Row("a", 1, "us")], [table.Row("a", 3, "us"), table.Row("b", 5, "us")]]
         self.assertEqual(table.medians(runs), [table.Row("a", 2, "us"), table.Row("b", 5, "us")])
 
+    def test_separate_rows_of_the_same_name(self):
+        runs = [[table.Row("a", 1, "us"), table.Row("a", 10, "us")],
+                [table.Row("a", 3, "us"), table.Row("a", 30, "us")]]
+        self.assertEqual(table.medians(runs), [table.Row("a", 2, "us"), table.Row("a", 20, "us")])
+
 
 class Tables(unittest.TestCase):
     def test_contain_median_and_range_of_rows_with_a_limit(self):
