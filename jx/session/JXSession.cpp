@@ -9,6 +9,7 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXForkedChild.h"
+#include "jx/core/JXSpinning.h"
 #include "jx/core/json/JXJsonSink.h"
 #include "jx/core/storage/JXErasures.h"
 
@@ -116,7 +117,7 @@ void JXSession::advance(JXPredefinedVariables& variables) {
   JXErasureScope::restart(JXCoreServices::sharedInstance().erasures());
 }
 
-JXSessionLock::JXSessionLock() { JXSession::sharedInstance().mutex_.lock(); }
+JXSessionLock::JXSessionLock() { lockSpinning(JXSession::sharedInstance().mutex_); }
 
 JXSessionLock::~JXSessionLock() { JXSession::sharedInstance().mutex_.unlock(); }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "jx/core/JXLogDeferral.h"
+#include "jx/core/JXSpinning.h"
 #include "jx/core/storage/JXQuarantine.h"
 
 namespace jx {
@@ -72,15 +73,18 @@ class JXStorageReport {
 /// because the log sink may call back.
 class JXReportingLock {
  public:
-  JXReportingLock(std::mutex& mutex, JXStorageReport& report) : report_(report), lock_(mutex) {}
+  JXReportingLock(std::mutex& mutex, JXStorageReport& report)
+      : report_(report), lock_(mutex, std::defer_lock) {
+    lock();
+  }
   ~JXReportingLock() {
-    if (!lock_.owns_lock()) lock_.lock();
+    if (!lock_.owns_lock()) lock();
     const auto messages = report_.takeMessages();
     lock_.unlock();
     JXStorageReport::log(messages);
   }
   void unlock() { lock_.unlock(); }
-  void lock() { lock_.lock(); }
+  void lock() { lockSpinning(lock_); }
 
  private:
   JXLogDeferral deferral_;  ///< ends last, so that other messages are logged without the lock too
