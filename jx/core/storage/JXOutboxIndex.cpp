@@ -38,6 +38,12 @@ void JXOutboxIndex::popNewest() noexcept {
 }
 
 JXOutboxEntry* JXOutboxIndex::find(std::uint64_t id) {
+  // Nearly every request is at this position, because only gaps of erased entries change it.
+  const std::uint64_t first = entries_.empty() ? 0 : entries_.front().id;
+  if (id >= first && id - first < entries_.size()) {
+    JXOutboxEntry& entry = entries_[static_cast<std::size_t>(id - first)];
+    if (entry.id == id) return entry.state != State::Gone ? &entry : nullptr;
+  }
   const auto found = from(id);
   const bool exists = found != entries_.end() && found->id == id && found->state != State::Gone;
   return exists ? &*found : nullptr;

@@ -75,7 +75,7 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   const std::uint64_t id = index_.push(entry).id;
   bool isStored = false;
   try {
-    isStored = store(id, url, body, now);
+    isStored = store(id, url, body, now, origin);
   } catch (...) {
     index_.popNewest();
     throw;
@@ -96,10 +96,9 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
 
 // Stores the content of the request that was pushed last.
 bool JXOutboxQueue::store(std::uint64_t id, std::string_view url, std::string_view body,
-                          const JXStoredTime& now) {
-  const JXOutboxEntry entry = *index_.find(id);
+                          const JXStoredTime& now, const JXRequestOrigin& origin) {
   std::uint32_t offset = 0;
-  JXOutboxSegment* const segment = segments_.append(url, body, now, entry.origin, offset);
+  JXOutboxSegment* const segment = segments_.append(url, body, now, origin, offset);
   if (segment == nullptr && !keepInMemory(id, url, body, now.dayMs)) return false;
   JXOutboxEntry& stored = *index_.find(id);
   stored.segment = segment;

@@ -93,8 +93,8 @@ class JXOutboxQueue {
     std::string body;
   };
 
-  bool store(std::uint64_t id, std::string_view url, std::string_view body,
-             const JXStoredTime& now);
+  bool store(std::uint64_t id, std::string_view url, std::string_view body, const JXStoredTime& now,
+             const JXRequestOrigin& origin);
   bool keepInMemory(std::uint64_t id, std::string_view url, std::string_view body,
                     std::int64_t createdMs);
   void applyMarks();
