@@ -19,6 +19,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -29,6 +30,8 @@ namespace {
 
 std::atomic<const char*> startingOperation{nullptr};
 thread_local const char* currentOperation = nullptr;
+
+constexpr const char* kOutbox = "outbox";  // folder in the storage folder
 
 JXString storageFolderOf(const JXCoreConfiguration& configuration, JXPlatform& platform) {
   const JXString folder = configuration.storageFolder.testString()
@@ -93,6 +96,9 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   erasures_ = std::make_shared<JXErasures>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       platform_->userDefaults());
+  if (storageFolder_.testString()) {
+    watch_ = std::make_shared<JXPathWatch>(storageFolder_.toStdString(), kOutbox);
+  }
   if (!configuration.storesOnlyWithConsent) openDefaults();
   if (!storageFolder_.testString() && !configuration.dryRun) {
     logger.logMessage_withLevel("No storage folder available; events are kept in memory only", 3);
@@ -102,7 +108,8 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
 void JXCoreServices::openDefaults() {
   userDefaults_ = platform_->userDefaults();
   if (userDefaults_ == nullptr && storageFolder_.testString()) {
-    defaultsFile_ = new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_);
+    defaultsFile_ =
+        new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_, watch_);
     userDefaults_ = defaultsFile_.load();
   }
   mayStore_ = true;
@@ -195,13 +202,13 @@ void JXCoreServices::startTransfer() {
   }
   JXTransferSetup setup;
   const std::string folder =
-      storageFolder_.testString() ? storageFolder_.toStdString() + "/outbox" : std::string();
+      storageFolder_.testString() ? storageFolder_.toStdString() + "/" + kOutbox : std::string();
   const std::string currentEndpoint =
       configuration_.sendsQueueToCurrentHost ? collectionEndpoint_.toStdString() : std::string();
   outbox_ = std::make_shared<JXOutbox>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       configuration_.outboxBounds, clock_, erasures_, mayStore(), currentEndpoint,
-      storageFolder_.testString() ? "outbox" : "");
+      storageFolder_.testString() ? kOutbox : "", watch_);
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;
   setup.stopMarks = stopMarks_;

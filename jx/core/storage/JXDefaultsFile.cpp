@@ -56,9 +56,11 @@ std::uint64_t compactSize(const JXDefaultsMap& values) {
 
 }  // namespace
 
-JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures)
+JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures,
+                               std::shared_ptr<JXPathWatch> watch)
     : path_(std::move(path)),
       erasures_(std::move(erasures)),
+      watch_(std::move(watch)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
       report_("user defaults " + path_, folderOf(path_)) {
   JXReportingLock locked(mutex_, report_);
@@ -150,7 +152,7 @@ void JXDefaultsFile::endChanges() {
   changing_ = std::thread::id();
   dropErased();
   // Also without a change: a deleted file may mean an erase.
-  if (unsaved_.empty() && (journal_ == nullptr || journal_->file().isAt(path_))) return;
+  if (unsaved_.empty() && (journal_ == nullptr || isOpenAtPath())) return;
   ensureOpen();
   writeUnsaved();
 }
@@ -170,10 +172,9 @@ std::uint64_t JXDefaultsFile::damaged() const {
   return report_.damagedFiles();
 }
 
-// Opens the file unless it is already open. Recreates a file that was removed, or whose folder was
-// renamed.
+// Opens the file unless it is open. Recreates a file that was removed or moved with its folder.
 void JXDefaultsFile::ensureOpen() {
-  if (journal_ != nullptr && journal_->file().isAt(path_)) return;
+  if (isOpenAtPath()) return;
   journal_.reset();
   noticesErasure();
   for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {
@@ -209,8 +210,7 @@ bool JXDefaultsFile::openOnce() {
   if (noticesErasure()) return true;
   journal_ = std::move(journal);
   // The process that wrote the values may have been killed before it synced them.
-  dirty_ = true;
-  folderDirty_ = true;
+  dirty_ = folderDirty_ = true;
   // If the file was removed while in use, the values of this process are written again.
   adoptContent(inFile, false);
   writeUnsaved();
@@ -249,8 +249,8 @@ void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole)
 
 // Loads the values of a file that can be read but not written.
 void JXDefaultsFile::readWithoutLock() {
-  const auto read = [&](const JXFrame& frame) { apply(frame.payload, values_); };
-  const int error = JXJournal::scan(path_, read);
+  const int error =
+      JXJournal::scan(path_, [&](const JXFrame& frame) { apply(frame.payload, values_); });
   if (error != 0 && error != ENOENT) report_.failed("read the file", error);
 }
 
@@ -270,8 +270,7 @@ void JXDefaultsFile::writeUnsaved() {
   std::string frames;
   for (const JXString& key : unsaved_)
     encode(key, valueOf(key), frames);
-  if (!writeFrames(frames)) return;
-  unsaved_.clear();
+  if (writeFrames(frames)) unsaved_.clear();
 }
 
 void JXDefaultsFile::maintain() {
@@ -282,6 +281,7 @@ void JXDefaultsFile::maintain() {
     failures = report_.failures();
     dropErased();
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
+    seenAtPath_.forget();
     ensureOpen();
     writeUnsaved();
   }

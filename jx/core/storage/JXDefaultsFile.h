@@ -13,6 +13,7 @@
 
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXJournal.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXStorageReport.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/JXString.h"
@@ -31,8 +32,10 @@ using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 class JXDefaultsFile final : public JXPlatformDefaults {
  public:
   /// Opens the file; creates it and its folder if they are missing. `erasures` reports when the
-  /// folder is erased; null if it never is.
-  explicit JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures = nullptr);
+  /// folder is erased; null if it never is. `watch` reports whether the file may have been moved;
+  /// without it, each change compares the path.
+  explicit JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures = nullptr,
+                          std::shared_ptr<JXPathWatch> watch = nullptr);
   ~JXDefaultsFile() override;
   JXDefaultsFile(const JXDefaultsFile&) = delete;
   JXDefaultsFile& operator=(const JXDefaultsFile&) = delete;
@@ -70,6 +73,10 @@ class JXDefaultsFile final : public JXPlatformDefaults {
  private:
   bool dropErased();
   bool noticesErasure();
+  bool isOpenAtPath() {
+    return journal_ &&
+           seenAtPath_.confirm(watch_.get(), [this] { return journal_->file().isAt(path_); });
+  }
   void ensureOpen();
   bool openOnce();
   bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsMap& content);
@@ -88,6 +95,8 @@ class JXDefaultsFile final : public JXPlatformDefaults {
 
   const std::string path_;
   const std::shared_ptr<JXErasures> erasures_;
+  const std::shared_ptr<JXPathWatch> watch_;  ///< null: none
+  JXSeenAtPath seenAtPath_;
   std::uint64_t seenErasures_ = 0;  ///< the count at which the values were read or set
   std::mutex maintenance_;          ///< serialises `maintain`; locked before `mutex_`
   mutable std::mutex mutex_;

@@ -21,7 +21,8 @@ bool wasMovedAway(int error) { return error == ENOENT || error == ESTALE; }
 
 JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
                                    std::uint64_t maxBytes, std::shared_ptr<const JXClock> clock,
-                                   JXStorageReport& report, JXErasures* erasures)
+                                   JXStorageReport& report, JXErasures* erasures,
+                                   std::shared_ptr<JXPathWatch> watch)
     : folder_(absolutePath(folder)),
       inner_(std::move(inner)),
       path_(inner_.empty() ? folder_ : folder_ + "/" + inner_),
@@ -29,7 +30,8 @@ JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
       time_(std::move(clock)),
       watch_(path_),
       report_(report),
-      erasures_(erasures) {}
+      erasures_(erasures),
+      pathWatch_(std::move(watch)) {}
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
@@ -41,6 +43,7 @@ int JXOutboxSegments::ensureFolder() {
   if (error != 0) return error;
   const bool wasReplaced = opened_.folder != nullptr;
   opened_ = std::move(opened);
+  if (pathWatch_) pathWatch_->renew();
   if (wasReplaced) detectLostSegments();
   time_.setMissing();
   // Without it, what is stored counts as new: nothing expires too early.
@@ -293,9 +296,9 @@ std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
     const std::size_t end = kJXPurgeMarkSuffix.size();
     return name.size() >= end && name.compare(name.size() - end, end, kJXPurgeMarkSuffix) == 0;
   };
-  if (listFolder(path_, names) == 0 && std::none_of(names.begin(), names.end(), isMark)) {
-    return marked;
-  }
+  // Not by its path, which needs a further descriptor.
+  const bool isListed = opened_.folder && opened_.folder->list(names) == 0;
+  if (isListed && std::none_of(names.begin(), names.end(), isMark)) return marked;
   for (const auto& segment : segments_) {
     int error = 0;
     const std::uint64_t end = readPurgeMark(segment->path(), segment->identity(), error);

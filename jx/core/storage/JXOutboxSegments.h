@@ -12,6 +12,7 @@
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXRunningTime.h"
 #include "jx/core/storage/JXStorageReport.h"
 
@@ -23,10 +24,10 @@ class JXOutboxSegments {
  public:
   /// `inner` is the outbox in the storage folder `folder`; if it is empty, `folder` is the outbox.
   /// `maxBytes` is the largest size of all queued requests. `report` and `erasures`, which may be
-  /// null, must outlive this object.
+  /// null, must outlive this object. Without a `watch`, paths are compared for each request.
   JXOutboxSegments(const std::string& folder, std::string inner, std::uint64_t maxBytes,
                    std::shared_ptr<const JXClock> clock, JXStorageReport& report,
-                   JXErasures* erasures);
+                   JXErasures* erasures, std::shared_ptr<JXPathWatch> watch);
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -111,7 +112,7 @@ class JXOutboxSegments {
   void writeTime();
   void writeTimeTo(JXOutboxSegment& segment) noexcept;
   int restore(JXOutboxSegment& segment);
-  void restoreReplaced(const JXOutboxSegment& segment) noexcept;
+  void restoreReplaced(JXOutboxSegment& segment) noexcept;
   void finish(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 
@@ -122,7 +123,8 @@ class JXOutboxSegments {
   JXRunningTime time_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
-  JXErasures* const erasures_;  ///< notified when a file was created
+  JXErasures* const erasures_;                    ///< notified when a file was created
+  const std::shared_ptr<JXPathWatch> pathWatch_;  ///< null: none
   JXSegmentFolder opened_;
   JXOpenSegments open_;
   std::vector<std::unique_ptr<JXOutboxSegment>> segments_;
