@@ -39,7 +39,6 @@ class Exits {
     const test::TemporaryFolder folder;
     options.state = folder.path();
     options.events = kEvents;
-    options.awaitAttempt = true;
     options.awaitGo = true;
     std::vector<double> durations;
     for (std::uint64_t run = 0; run < times_; ++run) {
@@ -103,6 +102,11 @@ int exit(Arguments& arguments) {
   test::JXTestServer server;
   options.host = server.url("");
   options.caFile = server.caFile();
+  server.refuse();
+  exits.run("right after the first events, with libcurl in its initialisation", options);
+
+  options.awaitAttempt = true;
+  server.accept();
   test::JXTestAnswer stall;
   stall.manner = test::JXTestAnswer::Manner::StallBeforeHead;
   server.answerAll(stall);

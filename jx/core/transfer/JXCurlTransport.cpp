@@ -7,12 +7,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <condition_variable>
 #include <mutex>
 #include <new>
+#include <stdexcept>
 #include <thread>
 #include <utility>
 
 #include "jx/core/JXCollectionEndpoint.h"
+#include "jx/core/transfer/JXCurlLibrary.h"
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -30,13 +33,6 @@ using std::chrono::milliseconds;
 constexpr long kMaxConnectionsToHost = 4;
 // One for each request in flight, so that no host waits for another.
 constexpr long kMaxConnections = 8;
-
-void initialiseCurlOnce() {
-  static std::once_flag once;
-  // Never cleaned up: the application may use libcurl too, and the transfer thread may outlive
-  // static objects.
-  std::call_once(once, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
-}
 
 long inMilliseconds(milliseconds time) {
   // Zero would select libcurl's default.
@@ -105,15 +101,7 @@ std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOption
 class JXCurlTransport::Implementation {
  public:
   explicit Implementation(JXHttpOptions options) : options_(std::move(options)) {
-    initialiseCurlOnce();
-    multi_ = newMulti();
-    headers_ = curl_slist_append(headers_, "Content-Type: application/json; charset=utf-8");
-    // Disables "100-continue": the bodies are small.
-    curl_slist* const all = curl_slist_append(headers_, "Expect:");
-    if (multi_ == nullptr || headers_ == nullptr || all == nullptr) {
-      release();
-      throw std::bad_alloc();
-    }
+    JXCurlLibrary::prepare();
   }
 
   ~Implementation() {
@@ -122,6 +110,7 @@ class JXCurlTransport::Implementation {
   }
 
   void start(JXHttpRequest request) {
+    prepareHandles();
     std::unique_ptr<Exchange> exchange = freeExchange();
     exchange->request = std::move(request);
     const std::string error = exchange->target.set(exchange->request.url);
@@ -142,6 +131,10 @@ class JXCurlTransport::Implementation {
 
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
     std::vector<JXHttpResult> results;
+    if (multi_ == nullptr) {
+      sleep(timeout);
+      return results;
+    }
     results.reserve(active_.size());
     if (!sockets_.isShut()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
@@ -159,8 +152,13 @@ class JXCurlTransport::Implementation {
   }
 
   void wakeUp() noexcept {
-    const std::lock_guard<std::mutex> lock(replacing_);
-    curl_multi_wakeup(multi_);
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (multi_ != nullptr) {
+      curl_multi_wakeup(multi_);
+    } else {
+      isWoken_ = true;
+      woken_.notify_one();
+    }
   }
 
   void abortAll() noexcept {
@@ -169,7 +167,7 @@ class JXCurlTransport::Implementation {
     }
     active_.clear();
     ready_.clear();
-    if (sockets_.isShut()) closeConnections();
+    if (sockets_.isShut() && multi_ != nullptr) closeConnections();
     sockets_.forgetUnconnected();
   }
 
@@ -183,8 +181,48 @@ class JXCurlTransport::Implementation {
     results.erase(std::remove_if(results.begin(), results.end(), isUnanswered), results.end());
   }
 
+  // Creates the handles with the first request.
+  void prepareHandles() {
+    if (multi_ != nullptr) return;
+    JXCurlLibrary::initialise();
+    // An empty value disables "100-continue": the bodies are small.
+    for (const char* const header : {"Content-Type: application/json; charset=utf-8", "Expect:"}) {
+      curl_slist* const headers = curl_slist_append(headers_, header);
+      if (headers == nullptr) {
+        curl_slist_free_all(std::exchange(headers_, nullptr));
+        throw std::bad_alloc();
+      }
+      headers_ = headers;
+    }
+    CURLM* const multi = newMulti();
+    if (multi == nullptr) {
+      curl_slist_free_all(std::exchange(headers_, nullptr));
+      throw std::runtime_error("out of memory or file descriptors");
+    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    multi_ = multi;
+  }
+
+  // Sleeps as `poll` does, before there are requests.
+  void sleep(std::optional<milliseconds> timeout) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    const auto isWoken = [this] { return isWoken_; };
+    if (timeout) {
+      woken_.wait_for(lock, std::min(*timeout, milliseconds(INT_MAX)), isWoken);
+    } else {
+      woken_.wait(lock, isWoken);
+    }
+    isWoken_ = false;
+  }
+
+  // Returns null if memory or descriptors are exhausted.
   static CURLM* newMulti() {
     CURLM* const multi = curl_multi_init();
+    // Fails if libcurl could not open the descriptors with which `wakeUp` ends a `poll`.
+    if (curl_multi_wakeup(multi) != CURLM_OK) {
+      curl_multi_cleanup(multi);
+      return nullptr;
+    }
     curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
     curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
     curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, kMaxConnectionsToHost);
@@ -199,7 +237,7 @@ class JXCurlTransport::Implementation {
     if (fresh == nullptr) return;
     CURLM* previous = nullptr;
     {
-      const std::lock_guard<std::mutex> lock(replacing_);
+      const std::lock_guard<std::mutex> lock(mutex_);
       previous = std::exchange(multi_, fresh);
     }
     curl_multi_cleanup(previous);
@@ -369,8 +407,10 @@ class JXCurlTransport::Implementation {
 
   const JXHttpOptions options_;
   JXSocketGate sockets_;
-  std::mutex replacing_;  ///< for `multi_`, which `wakeUp` uses on other threads
-  CURLM* multi_ = nullptr;
+  std::mutex mutex_;        ///< for `wakeUp` on other threads; guards the three members below
+  CURLM* multi_ = nullptr;  ///< null before the first request
+  std::condition_variable woken_;
+  bool isWoken_ = false;
   curl_slist* headers_ = nullptr;
   bool hasFewConnections_ = false;  ///< fewer than kMaxConnections are allowed
   std::vector<std::unique_ptr<Exchange>> active_;

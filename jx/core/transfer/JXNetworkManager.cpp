@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/transfer/JXNetworkManager.h"
 
-#include <cstdlib>
 #include <exception>
 #include <string>
 #include <utility>
@@ -12,6 +11,7 @@
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/transfer/JXConsentGate.h"
+#include "jx/core/transfer/JXCurlLibrary.h"
 #include "jx/core/transfer/JXTransfer.h"
 
 namespace jx {
@@ -334,12 +334,8 @@ void JXNetworkManager::start(JXTransferSetup setup) {
     transfer->setFilter(consent_->filter(), consent_->isPaused());
     transfer->setInBackground(inBackground_ && !runsInBackground_);
     transfer_ = std::move(transfer);
-    // Registered after libcurl and its dependencies were initialised above, so that the thread ends
-    // before they are cleaned up.
     stoppedAtExit = transfer_.get();
-    std::atexit([] {
-      // Not logged: the child of a fork exits without calling the SDK.
-      if (JXForkedChild::isCurrent()) return;
+    JXCurlLibrary::atExit([] {
       guarded("Stopping the transfer thread failed", "process exit continues",
               [] { stoppedAtExit->stop(JXTransfer::kStopLimit); });
     });

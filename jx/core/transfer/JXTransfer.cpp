@@ -3,6 +3,7 @@
 #include "jx/core/transfer/JXTransfer.h"
 
 #include <exception>
+#include <optional>
 #include <random>
 #include <utility>
 #include <vector>
@@ -23,8 +24,10 @@ constexpr milliseconds kDelayAfterFailures{1'000};
 JXTransferSetup completed(JXTransferSetup setup) {
   if (!setup.steadyNow) setup.steadyNow = [] { return std::chrono::steady_clock::now(); };
   if (!setup.draw) {
-    setup.draw = [random = std::mt19937(std::random_device()())]() mutable {
-      return std::uniform_real_distribution<double>(0.0, 1.0)(random);
+    // Created with the first result, not at the start of the application.
+    setup.draw = [random = std::optional<std::mt19937>()]() mutable {
+      if (!random) random.emplace(std::random_device()());
+      return std::uniform_real_distribution<double>(0.0, 1.0)(*random);
     };
   }
   if (!setup.transport) {

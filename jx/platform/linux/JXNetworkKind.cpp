@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <sstream>
 #include <string_view>
 
 #include "jx/platform/linux/JXSystemFiles.h"
@@ -47,29 +46,62 @@ Class classOf(const std::string& name, const std::string& root) {
   return systemPathExists(folder + "/device") ? Class::Wired : Class::Virtual;
 }
 
+// Removes and returns the part of `text` before `separator`, or all of it.
+std::string_view takeUntil(std::string_view& text, char separator) {
+  const std::size_t end = std::min(text.find(separator), text.size());
+  const std::string_view part = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return part;
+}
+
+// The columns of a line, separated by blanks or tabs. Missing ones are empty.
+class Columns {
+ public:
+  explicit Columns(std::string_view line) {
+    constexpr std::string_view kBlanks = " \t\r";
+    for (std::string_view& column : columns_) {
+      line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+      column = line.substr(0, std::min(line.find_first_of(kBlanks), line.size()));
+      line.remove_prefix(column.size());
+    }
+  }
+  std::string_view operator[](std::size_t index) const { return columns_[index]; }
+  // Returns the column as a number with digits of this base; nothing if it is not one.
+  std::optional<std::uint64_t> number(std::size_t index, unsigned base) const {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    const std::string_view column = columns_[index];
+    if (column.empty() || column.size() > 16) return std::nullopt;
+    std::uint64_t number = 0;
+    for (const char c : column) {
+      const std::size_t digit = kDigits.substr(0, base).find(c);
+      if (digit == std::string_view::npos) return std::nullopt;
+      number = number * base + digit;
+    }
+    return number;
+  }
+
+ private:
+  std::string_view columns_[10];
+};
+
 // Returns the names of the interfaces of default routes, the preferred route first.
 std::vector<std::string> defaultRoutes(const std::string& root) {
   std::vector<std::pair<std::uint64_t, std::string>> routes;
   const JXString table = readSystemFile(root + "/proc/net/route");
-  std::istringstream lines(table.toStdString());
-  std::string line;
-  while (std::getline(lines, line)) {
-    std::istringstream columns(line);
-    std::string name, destination, gateway, flags, references, uses, mask;
-    std::uint64_t metric = 0;
-    columns >> name >> destination >> gateway >> flags >> references >> uses >> metric >> mask;
-    if (columns && destination == "00000000" && mask == "00000000")
-      routes.emplace_back(metric, name);
+  for (std::string_view rest = table.view(); !rest.empty();) {
+    // Interface, destination, gateway, flags, references, uses, metric, mask.
+    const Columns columns(takeUntil(rest, '\n'));
+    const std::optional<std::uint64_t> metric = columns.number(6, 10);
+    if (metric && columns[1] == "00000000" && columns[7] == "00000000")
+      routes.emplace_back(*metric, columns[0]);
   }
   const JXString table6 = readSystemFile(root + "/proc/net/ipv6_route");
-  std::istringstream lines6(table6.toStdString());
-  while (std::getline(lines6, line)) {
-    std::istringstream columns(line);
-    std::string destination, length, source, sourceLength, hop, references, uses, flags, name;
-    std::uint64_t metric = 0;
-    columns >> destination >> length >> source >> sourceLength >> hop >> std::hex >> metric >>
-        references >> uses >> flags >> name;
-    if (columns && length == "00" && name != "lo") routes.emplace_back(metric, name);
+  for (std::string_view rest = table6.view(); !rest.empty();) {
+    // Destination, length, source, length, next hop, metric, references, uses, flags, interface.
+    const Columns columns(takeUntil(rest, '\n'));
+    const std::optional<std::uint64_t> metric = columns.number(5, 16);
+    if (metric && columns[1] == "00" && !columns[9].empty() && columns[9] != "lo")
+      routes.emplace_back(*metric, columns[9]);
   }
   std::stable_sort(routes.begin(), routes.end(),
                    [](const auto& a, const auto& b) { return a.first < b.first; });
