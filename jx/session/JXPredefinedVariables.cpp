@@ -13,6 +13,7 @@
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXStartGuard.h"
 #include "jx/core/JXUser.h"
+#include "jx/core/JXUserDefaults.h"
 #include "jx/session/JXPredefinedVariableNames.h"
 
 namespace jx {
@@ -81,6 +82,7 @@ JXPredefinedVariables* JXPredefinedVariables::reinit() {
 }
 
 void JXPredefinedVariables::predefinedVariableInitialisation() {
+  const JXUserDefaults::Changes batch;
   const JXString timeMs = nowMsString();
   initIsFirstVisit();  // reads the stored first visit, so before initApplicationVersion writes it
   setManufacturer();
