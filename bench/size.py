@@ -12,6 +12,13 @@ import table
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 COMPILE = "-O2 -ffunction-sections -fdata-sections"
 LINK = "-Wl,--gc-sections"
+# Each build of the library: folder, description, options, limit in KiB.
+BUILDS = [
+    ("size", "", [], 300),
+    ("size-o2-lto", ", -O2 -flto", ["-DJX_OPTIMIZE=speed", "-DJX_LTO=ON"], None),
+    ("size-os", ", -Os", ["-DJX_OPTIMIZE=size"], None),
+    ("size-os-lto", ", -Os -flto", ["-DJX_OPTIMIZE=size", "-DJX_LTO=ON"], None),
+]
 
 
 def run(*command):
@@ -36,15 +43,21 @@ def empty_program(folder):
     return program
 
 
-def rows(_):
-    build = os.path.join(ROOT, "build", "size")
+def build_minimal(name, options):
+    """Builds examples/minimal with these options of the library and returns its path."""
+    build = os.path.join(ROOT, "build", name)
     run("cmake", "--preset", "release", "-B", build, "--log-level=WARNING",
         f"-DCMAKE_CXX_FLAGS_RELEASE={COMPILE} -DNDEBUG", f"-DCMAKE_EXE_LINKER_FLAGS={LINK}",
-        "-DJX_BUILD_TESTS=OFF", "-DJX_BUILD_TOOLS=OFF", "-DJX_BUILD_BENCH=OFF")
+        "-DJX_BUILD_TESTS=OFF", "-DJX_BUILD_TOOLS=OFF", "-DJX_BUILD_BENCH=OFF", *options)
     run("cmake", "--build", build, "-j", os.environ.get("JX_JOBS") or str(os.cpu_count()),
         "--target", "jx_example_minimal")
+    return os.path.join(build, "examples", "minimal", "minimal")
+
+
+def rows(_):
     with tempfile.TemporaryDirectory(prefix="jx-bench-") as folder:
-        size = stripped_size(os.path.join(build, "examples", "minimal", "minimal"), folder)
         nothing = stripped_size(empty_program(folder), folder)
-    return [table.absolute("stripped size of examples/minimal", size, "KiB", 400,
-                           f"an empty program has {nothing:.0f} KiB")]
+        return [table.absolute(f"stripped size of examples/minimal{what}",
+                               stripped_size(build_minimal(name, options), folder), "KiB", limit,
+                               f"an empty program has {nothing:.0f} KiB")
+                for name, what, options, limit in BUILDS]

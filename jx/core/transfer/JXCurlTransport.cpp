@@ -7,32 +7,21 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <condition_variable>
-#include <mutex>
 #include <new>
-#include <stdexcept>
-#include <thread>
 #include <utility>
 
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/transfer/JXCurlLibrary.h"
+#include "jx/core/transfer/JXCurlMulti.h"
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
 #include "jx/core/transfer/JXSocketGate.h"
 
-#if LIBCURL_VERSION_NUM < 0x074400
-#error "libcurl must be 7.68 or later: curl_multi_wakeup is required"
-#endif
-
 namespace jx {
 namespace {
 
 using std::chrono::milliseconds;
-
-constexpr long kMaxConnectionsToHost = 4;
-// One for each request in flight, so that no host waits for another.
-constexpr long kMaxConnections = 8;
 
 long inMilliseconds(milliseconds time) {
   // Zero would select libcurl's default.
@@ -106,7 +95,8 @@ class JXCurlTransport::Implementation {
 
   ~Implementation() {
     abortAll();
-    release();
+    free_.clear();
+    curl_slist_free_all(headers_);
   }
 
   void start(JXHttpRequest request) {
@@ -125,25 +115,16 @@ class JXCurlTransport::Implementation {
     active_.push_back(std::move(exchange));
     if (sockets_.isShut()) return;  // until abortAll
     Exchange& started = *active_.back();
-    const CURLMcode code = curl_multi_add_handle(multi_, started.easy);
+    const CURLMcode code = curl_multi_add_handle(multi_.handle(), started.easy);
     if (code != CURLM_OK) finish(started, CURLE_FAILED_INIT);
   }
 
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
     std::vector<JXHttpResult> results;
-    if (multi_ == nullptr) {
-      sleep(timeout);
-      return results;
-    }
     results.reserve(active_.size());
     if (!sockets_.isShut()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
-      const auto longest = milliseconds(INT_MAX);
-      const int wait = static_cast<int>(std::min(timeout.value_or(longest), longest).count());
-      if (curl_multi_poll(multi_, nullptr, 0, wait, nullptr) != CURLM_OK) {
-        // Out of memory or descriptors: without this delay the caller would loop without waiting.
-        std::this_thread::sleep_for(milliseconds(std::min(wait, 1'000)));
-      }
+      multi_.wait(timeout);
       if (!sockets_.isShut()) perform();
     }
     results.swap(ready_);
@@ -151,23 +132,15 @@ class JXCurlTransport::Implementation {
     return results;
   }
 
-  void wakeUp() noexcept {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    if (multi_ != nullptr) {
-      curl_multi_wakeup(multi_);
-    } else {
-      isWoken_ = true;
-      woken_.notify_one();
-    }
-  }
+  void wakeUp() noexcept { multi_.wakeUp(); }
 
   void abortAll() noexcept {
     for (const std::unique_ptr<Exchange>& exchange : active_) {
-      curl_multi_remove_handle(multi_, exchange->easy);
+      curl_multi_remove_handle(multi_.handle(), exchange->easy);
     }
     active_.clear();
     ready_.clear();
-    if (sockets_.isShut() && multi_ != nullptr) closeConnections();
+    if (sockets_.isShut()) multi_.closeConnections();
     sockets_.forgetUnconnected();
   }
 
@@ -181,72 +154,17 @@ class JXCurlTransport::Implementation {
     results.erase(std::remove_if(results.begin(), results.end(), isUnanswered), results.end());
   }
 
-  // Creates the handles with the first request.
+  // Creates what all requests share, with the first request.
   void prepareHandles() {
-    if (multi_ != nullptr) return;
-    JXCurlLibrary::initialise();
-    // An empty value disables "100-continue": the bodies are small.
-    for (const char* const header : {"Content-Type: application/json; charset=utf-8", "Expect:"}) {
-      curl_slist* const headers = curl_slist_append(headers_, header);
-      if (headers == nullptr) {
-        curl_slist_free_all(std::exchange(headers_, nullptr));
-        throw std::bad_alloc();
-      }
-      headers_ = headers;
-    }
-    CURLM* const multi = newMulti();
-    if (multi == nullptr) {
-      curl_slist_free_all(std::exchange(headers_, nullptr));
-      throw std::runtime_error("out of memory or file descriptors");
-    }
-    const std::lock_guard<std::mutex> lock(mutex_);
-    multi_ = multi;
-  }
-
-  // Sleeps as `poll` does, before there are requests.
-  void sleep(std::optional<milliseconds> timeout) {
-    std::unique_lock<std::mutex> lock(mutex_);
-    const auto isWoken = [this] { return isWoken_; };
-    if (timeout) {
-      woken_.wait_for(lock, std::min(*timeout, milliseconds(INT_MAX)), isWoken);
-    } else {
-      woken_.wait(lock, isWoken);
-    }
-    isWoken_ = false;
-  }
-
-  // Returns null if memory or descriptors are exhausted.
-  static CURLM* newMulti() {
-    CURLM* const multi = curl_multi_init();
-    // Fails if libcurl could not open the descriptors with which `wakeUp` ends a `poll`.
-    if (curl_multi_wakeup(multi) != CURLM_OK) {
-      curl_multi_cleanup(multi);
-      return nullptr;
-    }
-    curl_multi_setopt(multi, CURLMOPT_PIPELINING, CURLPIPE_MULTIPLEX);
-    curl_multi_setopt(multi, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
-    curl_multi_setopt(multi, CURLMOPT_MAX_HOST_CONNECTIONS, kMaxConnectionsToHost);
-    curl_multi_setopt(multi, CURLMOPT_MAXCONNECTS, kMaxConnections);
-    return multi;
-  }
-
-  // A kept connection whose socket was shut down is dead, but libcurl may use it for a request,
-  // which then waits until its time is over. No operation closes the kept connections of a handle.
-  void closeConnections() noexcept {
-    CURLM* const fresh = newMulti();
-    if (fresh == nullptr) return;
-    CURLM* previous = nullptr;
-    {
-      const std::lock_guard<std::mutex> lock(mutex_);
-      previous = std::exchange(multi_, fresh);
-    }
-    curl_multi_cleanup(previous);
-  }
-
-  void release() {
-    free_.clear();
-    curl_multi_cleanup(multi_);
-    curl_slist_free_all(headers_);
+    multi_.open();
+    if (headers_ != nullptr) return;
+    curl_slist* const type =
+        curl_slist_append(nullptr, "Content-Type: application/json; charset=utf-8");
+    // Disables "100-continue": the bodies are small.
+    headers_ = curl_slist_append(type, "Expect:");
+    if (headers_ != nullptr) return;
+    curl_slist_free_all(type);
+    throw std::bad_alloc();
   }
 
   std::unique_ptr<Exchange> freeExchange() {
@@ -348,10 +266,11 @@ class JXCurlTransport::Implementation {
   }
 
   void perform() {
+    if (multi_.handle() == nullptr) return;
     int running = 0;
-    curl_multi_perform(multi_, &running);
+    curl_multi_perform(multi_.handle(), &running);
     int left = 0;
-    while (const CURLMsg* const message = curl_multi_info_read(multi_, &left)) {
+    while (const CURLMsg* const message = curl_multi_info_read(multi_.handle(), &left)) {
       if (message->msg != CURLMSG_DONE) continue;
       const CURLcode code = message->data.result;
       void* exchange = nullptr;
@@ -368,13 +287,13 @@ class JXCurlTransport::Implementation {
     if (code != CURLE_COULDNT_CONNECT || connections == 0) return false;
     if (!exchange.lacksDescriptor || std::exchange(exchange.waited, true)) return false;
     hasFewConnections_ = true;
-    curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, connections);
-    curl_multi_remove_handle(multi_, exchange.easy);
-    return curl_multi_add_handle(multi_, exchange.easy) == CURLM_OK;
+    curl_multi_setopt(multi_.handle(), CURLMOPT_MAX_TOTAL_CONNECTIONS, connections);
+    curl_multi_remove_handle(multi_.handle(), exchange.easy);
+    return curl_multi_add_handle(multi_.handle(), exchange.easy) == CURLM_OK;
   }
 
   void finish(Exchange& exchange, CURLcode code) noexcept {
-    curl_multi_remove_handle(multi_, exchange.easy);
+    curl_multi_remove_handle(multi_.handle(), exchange.easy);
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
@@ -393,7 +312,8 @@ class JXCurlTransport::Implementation {
     if (!active_.empty()) return;
     if (code != CURLE_OK) sockets_.forgetUnconnected();
     if (std::exchange(hasFewConnections_, false)) {
-      curl_multi_setopt(multi_, CURLMOPT_MAX_TOTAL_CONNECTIONS, kMaxConnections);
+      curl_multi_setopt(multi_.handle(), CURLMOPT_MAX_TOTAL_CONNECTIONS,
+                        JXCurlMulti::kMaxConnections);
     }
   }
 
@@ -407,12 +327,9 @@ class JXCurlTransport::Implementation {
 
   const JXHttpOptions options_;
   JXSocketGate sockets_;
-  std::mutex mutex_;        ///< for `wakeUp` on other threads; guards the three members below
-  CURLM* multi_ = nullptr;  ///< null before the first request
-  std::condition_variable woken_;
-  bool isWoken_ = false;
+  JXCurlMulti multi_;
   curl_slist* headers_ = nullptr;
-  bool hasFewConnections_ = false;  ///< fewer than kMaxConnections are allowed
+  bool hasFewConnections_ = false;  ///< fewer than JXCurlMulti::kMaxConnections are allowed
   std::vector<std::unique_ptr<Exchange>> active_;
   std::vector<std::unique_ptr<Exchange>> free_;
   std::vector<JXHttpResult> ready_;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "jx/platform/linux/JXSystemFiles.h"
 
@@ -84,16 +85,20 @@ class Columns {
   std::string_view columns_[10];
 };
 
-// Returns the names of the interfaces of default routes, the preferred route first.
-std::vector<std::string> defaultRoutes(const std::string& root) {
-  std::vector<std::pair<std::uint64_t, std::string>> routes;
+struct Route {
+  std::string interface;
+  std::uint64_t metric;
+};
+
+std::vector<Route> defaultRoutes(const std::string& root) {
+  std::vector<Route> routes;
   const JXString table = readSystemFile(root + "/proc/net/route");
   for (std::string_view rest = table.view(); !rest.empty();) {
     // Interface, destination, gateway, flags, references, uses, metric, mask.
     const Columns columns(takeUntil(rest, '\n'));
     const std::optional<std::uint64_t> metric = columns.number(6, 10);
     if (metric && columns[1] == "00000000" && columns[7] == "00000000")
-      routes.emplace_back(*metric, columns[0]);
+      routes.push_back({std::string(columns[0]), *metric});
   }
   const JXString table6 = readSystemFile(root + "/proc/net/ipv6_route");
   for (std::string_view rest = table6.view(); !rest.empty();) {
@@ -101,15 +106,21 @@ std::vector<std::string> defaultRoutes(const std::string& root) {
     const Columns columns(takeUntil(rest, '\n'));
     const std::optional<std::uint64_t> metric = columns.number(5, 16);
     if (metric && columns[1] == "00" && !columns[9].empty() && columns[9] != "lo")
-      routes.emplace_back(*metric, columns[9]);
+      routes.push_back({std::string(columns[9]), *metric});
   }
-  std::stable_sort(routes.begin(), routes.end(),
-                   [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::vector<std::string> names;
-  names.reserve(routes.size());
-  for (const auto& route : routes)
-    names.push_back(route.second);
-  return names;
+  return routes;
+}
+
+// The preference of a route: its metric, then its place in the list. Smaller is better.
+using Rank = std::pair<std::uint64_t, std::size_t>;
+constexpr Rank kNoRoute{UINT64_MAX, SIZE_MAX};
+
+Rank bestRoute(const std::vector<Route>& routes, std::string_view interface) {
+  Rank best = kNoRoute;
+  for (std::size_t i = 0; i < routes.size(); ++i) {
+    if (routes[i].interface == interface) best = std::min(best, Rank(routes[i].metric, i));
+  }
+  return best;
 }
 
 JXNetworkKind kindOf(Class type) {
@@ -120,7 +131,7 @@ JXNetworkKind kindOf(Class type) {
 
 struct Candidate {
   bool isVirtual;
-  std::size_t route;  // index among the default routes; their number if it has none
+  Rank route;
   Class type;
 
   bool isBetterThan(const Candidate& other) const {
@@ -134,15 +145,14 @@ struct Candidate {
 
 JXNetworkKind kindOfNetwork(const std::vector<JXNetworkInterface>& interfaces,
                             const std::string& root) {
-  const std::vector<std::string> routes = defaultRoutes(root);
+  const std::vector<Route> routes = defaultRoutes(root);
   std::optional<Candidate> best;
   for (const JXNetworkInterface& entry : interfaces) {
     if (!entry.isUp || entry.isLoopback || !entry.hasAddress) continue;
     const Class type = classOf(entry.name, root);
-    const auto place = std::find(routes.begin(), routes.end(), entry.name);
-    if (type == Class::Bridge && place == routes.end()) continue;
-    const Candidate candidate{type == Class::Virtual || type == Class::Bridge,
-                              static_cast<std::size_t>(place - routes.begin()), type};
+    const Rank route = bestRoute(routes, entry.name);
+    if (type == Class::Bridge && route == kNoRoute) continue;
+    const Candidate candidate{type == Class::Virtual || type == Class::Bridge, route, type};
     if (!best || candidate.isBetterThan(*best)) best = candidate;
   }
   return best ? kindOf(best->type) : JXNetworkKind::None;

@@ -78,14 +78,13 @@ JXHttpOptions trusting(const JXTestServer& server) {
 }
 
 TEST(CurlLibrary, IsInitialisedOnceWithTheFirstRequest) {
-  if (!canInitialiseLater()) GTEST_SKIP() << "needs libcurl 7.86 with OpenSSL";
   JXCurlTransport first{JXHttpOptions()}, second{JXHttpOptions()};
   first.wakeUp();
   EXPECT_TRUE(first.poll(std::nullopt).empty());
   first.suspend();
   first.abortAll();
   first.resume();
-  EXPECT_EQ(0, initialisations);
+  EXPECT_EQ(canInitialiseLater() ? 0 : 1, initialisations);
   EXPECT_EQ(0, post(first, kUnreachable).outcome.status);
   EXPECT_EQ(0, post(second, kUnreachable).outcome.status);
   EXPECT_EQ(1, initialisations);
@@ -251,7 +250,6 @@ TEST(CurlLibraryAtExit, CannotBeInitialisedAfterwards) {
 }
 
 TEST(CurlLibraryFailure, RequestStaysQueuedAndIsRetried) {
-  if (!canInitialiseLater()) GTEST_SKIP() << "needs libcurl 7.86 with OpenSSL";
   JXTestServer server;
   const TemporaryFolder folder;
   JXTransferSetup setup = setupIn(folder);
