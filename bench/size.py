@@ -15,6 +15,7 @@ LINK = "-Wl,--gc-sections"
 # Each build of the library: folder, description, options, limit in KiB.
 BUILDS = [
     ("size", "", [], 300),
+    ("size-lto", ", -flto", ["-DJX_LTO=ON"], None),
     ("size-o2-lto", ", -O2 -flto", ["-DJX_OPTIMIZE=speed", "-DJX_LTO=ON"], None),
     ("size-os", ", -Os", ["-DJX_OPTIMIZE=size"], None),
     ("size-os-lto", ", -Os -flto", ["-DJX_OPTIMIZE=size", "-DJX_LTO=ON"], None),
