@@ -33,11 +33,12 @@ struct JXHttpOptions {
 /// status and headers are complete, even when the body then fails.
 class JXCurlTransport final : public JXHttpTransport {
  public:
-  /// Throws std::bad_alloc when libcurl cannot be initialised.
+  /// Initialises libcurl with the first request if that is safe; see JXCurlLibrary.
   explicit JXCurlTransport(const JXHttpOptions& options);
   /// Does not wait for the network. With libcurl before 7.87 it may wait for a name resolution.
   ~JXCurlTransport() override;
 
+  /// Throws std::runtime_error when libcurl cannot be initialised; a later request tries again.
   void start(JXHttpRequest request) override;
   std::vector<JXHttpResult> poll(std::optional<std::chrono::milliseconds> timeout) override;
   void wakeUp() noexcept override;
