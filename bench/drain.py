@@ -71,7 +71,7 @@ def measure(bench, delivery):
     note = f"{', '.join(own.protocols)}, {own.connections} connection(s), {in_flight} in flight"
     what = f"{delivery.queued:,} queued to nginx"
     return [
-        table.ratio(what, [(a["ms"], b["ms"]) for a, b in rounds], "ms", 2.0, note),
+        table.ratio(what, [(a["ms"], b["ms"]) for a, b in rounds], "ms", 1.25, note),
         table.ratio(f"{what}, processor time",
                     [(a["cpu_ms"], b["cpu_ms"]) for a, b in rounds], "ms"),
     ]

@@ -18,6 +18,7 @@ import sys
 import drain
 import execute
 import launch
+import live
 import parts
 import peers
 import size
@@ -57,6 +58,7 @@ PARTS = {
     "execute": execute.rows,
     "threads": execute.thread_rows,
     "drain": drain.rows,
+    "live": live.rows,
     "start": launch.start_and_memory_rows,
     "idle": launch.idle_rows,
     "size": size.rows,
