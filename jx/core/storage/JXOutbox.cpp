@@ -152,7 +152,17 @@ std::vector<JXOutboxHost> JXOutbox::hosts() const {
 }
 
 bool JXOutbox::markDelivered(std::uint64_t id) {
-  return lockedWithoutExceptions([&] { return queue_.markDelivered(id); });
+  JXDeliveredRequests request{{id}};
+  markDelivered(request);
+  return request.ids[0] != 0;
+}
+
+void JXOutbox::markDelivered(JXDeliveredRequests& requests) {
+  const bool isDone = lockedWithoutExceptions([&] {
+    queue_.markDelivered(requests);
+    return true;
+  });
+  if (!isDone) requests = {};
 }
 
 bool JXOutbox::moveToDeadLetters(std::uint64_t id, int status) {

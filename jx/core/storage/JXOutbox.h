@@ -94,6 +94,9 @@ class JXOutbox {
   /// Removes a delivered request. Returns false if the ID is no longer queued, because the request
   /// was dropped in the meantime.
   bool markDelivered(std::uint64_t id);
+  /// Removes delivered requests. Records them with one write for each file. Sets each ID to 0 that
+  /// is no longer queued.
+  void markDelivered(JXDeliveredRequests& requests);
   /// Moves a permanently rejected request to the dead letters: immediately, or in `sync` when
   /// another process is writing them or the disk is full. Returns false as markDelivered does.
   bool moveToDeadLetters(std::uint64_t id, int status);

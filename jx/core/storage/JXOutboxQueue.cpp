@@ -351,13 +351,17 @@ bool JXOutboxQueue::requeueFailed(std::uint64_t id, const JXRequestFailures& fai
   return isKnown;
 }
 
-bool JXOutboxQueue::markDelivered(std::uint64_t id) noexcept {
-  JXOutboxEntry* const entry = index_.find(id);
-  if (entry == nullptr || entry->state == State::Rejected) return false;
-  ++counters_.delivered;
-  release(*entry);
+void JXOutboxQueue::markDelivered(JXDeliveredRequests& requests) noexcept {
+  for (std::uint64_t& id : requests.ids) {
+    JXOutboxEntry* const entry = id != 0 ? index_.find(id) : nullptr;
+    if (entry == nullptr || entry->state == State::Rejected) {
+      id = 0;
+      continue;
+    }
+    ++counters_.delivered;
+    release(*entry);
+  }
   segments_.finishModified();
-  return true;
 }
 
 void JXOutboxQueue::clear() noexcept {

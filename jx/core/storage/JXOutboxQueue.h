@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -22,6 +23,11 @@
 #include "jx/core/storage/JXStorageReport.h"
 
 namespace jx {
+
+/// Requests that are removed together, at most as many as can be in flight. 0 is not an ID.
+struct JXDeliveredRequests {
+  std::array<std::uint64_t, 8> ids{};
+};
 
 /// Implements the order, limits and counters of an outbox on top of its segments. Not
 /// synchronised: the outbox calls it with its lock held. Operations correspond to those of
@@ -60,7 +66,7 @@ class JXOutboxQueue {
   void applyPurgeMarks();
   /// Drops the requests that exceed the maximum age.
   void dropExpired();
-  bool markDelivered(std::uint64_t id) noexcept;
+  void markDelivered(JXDeliveredRequests& requests) noexcept;
   void clear() noexcept;
 
   /// Marks a request as rejected; it is no longer queued. Returns false if the ID is unknown or

@@ -3,6 +3,7 @@
 #include "jx/core/transfer/JXHostPipeline.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace jx {
 namespace {
@@ -18,7 +19,9 @@ bool JXHostPipeline::hasSlot(Time now) const {
   return inFlight_ < (isProbing_ || errors_.isProbing() ? 1 : kMaxInFlight);
 }
 
-bool JXHostPipeline::mayStartNew(Time now) const { return hasSlot(now) && now >= errors_.newUntil; }
+bool JXHostPipeline::mayStartNew(Time now) const {
+  return hasSlot(now) && now >= errors_.newUntil && now >= gatherUntil_;
+}
 
 std::optional<JXHostPipeline::Order> JXHostPipeline::next(Time now) {
   if (inFlight_ == 0 && lastEnd_ && now - *lastEnd_ > kIdleBeforeProbe) isProbing_ = true;
@@ -28,7 +31,7 @@ std::optional<JXHostPipeline::Order> JXHostPipeline::next(Time now) {
   }
   if (!hasSlot(now)) return std::nullopt;
   if (hasNew_) {
-    if (now < errors_.newUntil) return std::nullopt;
+    if (now < errors_.newUntil || now < gatherUntil_) return std::nullopt;
     if (!errors_.isProbing()) return Order::Oldest;
     // A random choice finds a good request among any poison ones, unless they are nearly all of
     // the queue. Then a good one that is added is found as the newest.
@@ -41,15 +44,20 @@ std::optional<JXHostPipeline::Order> JXHostPipeline::next(Time now) {
 }
 
 std::optional<JXHostPipeline::Time> JXHostPipeline::wakeAt(Time now) const {
-  if (!hasNew_ && !hasRetries_) return retryAt_;
+  if (!hasNew_ && !hasRetries_) {
+    // Requests that were added in the meantime have not been reported.
+    return now < gatherUntil_ ? std::min(gatherUntil_, retryAt_.value_or(gatherUntil_)) : retryAt_;
+  }
   if (!retry_.isBackingOff(now) && !hasSlot(now)) return std::nullopt;
   if (!hasNew_ && errors_.retryFailures != 0 && inFlight_ != 0) return std::nullopt;
-  return std::max({now, retry_.backoffUntil, hasNew_ ? errors_.newUntil : errors_.retriesUntil});
+  return std::max({now, retry_.backoffUntil,
+                   hasNew_ ? std::max(errors_.newUntil, gatherUntil_) : errors_.retriesUntil});
 }
 
-void JXHostPipeline::nothingToStart(Order order, std::optional<Time> retryAt) {
+void JXHostPipeline::nothingToStart(Order order, Time now, std::optional<Time> retryAt) {
   if (order != Order::Retry) {
     hasNew_ = false;
+    if (std::exchange(hasStarted_, false)) gatherUntil_ = now + gatherTime_;
   } else {
     hasRetries_ = false;
     retryAt_ = retryAt;
@@ -65,7 +73,7 @@ void JXHostPipeline::ended(std::uint64_t id, bool isRetry, const JXCompletedAtte
   if (neverSendable) return;
   if (end.responseClass == JXResponseClass::Retry) {
     isProbing_ = true;
-    requestsAdded();
+    requestsAvailable();
   } else if (end.responseClass == JXResponseClass::ServerError) {
     errors_ = afterServerError(errors_, id, isRetry, timings, now, draw);
     hasRetries_ = true;
@@ -80,12 +88,12 @@ void JXHostPipeline::aborted() {
   if (inFlight_ == 0) return;
   inFlight_ = 0;
   isProbing_ = true;
-  requestsAdded();
+  requestsAvailable();
 }
 
 void JXHostPipeline::failedInternally(const JXRetryTimings& timings, Time now, double draw) {
   isProbing_ = true;
-  requestsAdded();
+  requestsAvailable();
   retry_ =
       nextStep(retry_, {retry_.round, JXResponseClass::Retry, std::nullopt}, timings, now, draw);
 }
@@ -93,7 +101,8 @@ void JXHostPipeline::failedInternally(const JXRetryTimings& timings, Time now, d
 void JXHostPipeline::expedite(const JXRetryTimings& timings, Time now) {
   retry_ = shortenBackoff(retry_, timings, now);
   errors_ = shortenWaits(errors_, timings, now);
-  requestsAdded();
+  endGathering();
+  requestsAvailable();
 }
 
 }  // namespace jx

@@ -20,6 +20,10 @@ namespace jx {
 /// until a response is received; then up to four are, oldest first. While new requests fail with
 /// server errors in a row, single requests from the whole queue are sent (see JXServerErrorState).
 /// A request that failed is retried only when no new one is queued.
+///
+/// When all new requests have been started, those that are added in the following `gatherTime` are
+/// gathered: they are started together at its end, and need not wake the thread. A request that is
+/// added later is started immediately.
 class JXHostPipeline {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -29,7 +33,8 @@ class JXHostPipeline {
 
   /// `failed` is the number of queued requests that received a server error in an earlier process.
   /// When there are several, the host counts as failing until it sends a final response.
-  JXHostPipeline(std::uint32_t id, std::uint32_t failed) : id_(id) {
+  JXHostPipeline(std::uint32_t id, std::uint32_t failed, std::chrono::milliseconds gatherTime = {})
+      : id_(id), gatherTime_(gatherTime) {
     if (failed >= JXServerErrorState::kFailingHostRun)
       errors_.run = JXServerErrorState::kFailingHostRun;
   }
@@ -42,11 +47,19 @@ class JXHostPipeline {
   /// Returns whether a new request could be started now.
   bool mayStartNew(Time now) const;
 
+  /// Reports that requests were added, which have not failed yet.
+  void requestsAdded() { hasNew_ = true; }
   /// Reports that new or failed requests may have become available.
-  void requestsAdded() { hasNew_ = hasRetries_ = true; }
+  void requestsAvailable() { hasNew_ = hasRetries_ = true; }
   /// Reports that no request of `order` is available; a retry is at `retryAt`.
-  void nothingToStart(Order order, std::optional<Time> retryAt);
-  void started() { ++inFlight_; }
+  void nothingToStart(Order order, Time now, std::optional<Time> retryAt);
+  void started() {
+    ++inFlight_;
+    hasStarted_ = true;
+  }
+  bool isGathering(Time now) const { return now < gatherUntil_; }
+  /// Lets the gathered requests be started now.
+  void endGathering() { gatherUntil_ = Time(); }
   /// Reports the end of an attempt of the request `id` that was started in `round`.
   void ended(std::uint64_t id, bool isRetry, const JXCompletedAttempt& end, bool neverSendable,
              const JXRetryTimings& timings, Time now, double draw);
@@ -68,12 +81,15 @@ class JXHostPipeline {
   bool hasSlot(Time now) const;
 
   std::uint32_t id_;
+  std::chrono::milliseconds gatherTime_;
   JXRetryState retry_;
   JXServerErrorState errors_;
   std::size_t inFlight_ = 0;
   bool isProbing_ = true;
-  bool hasNew_ = true;      // there may be a queued request without a server error
-  bool hasRetries_ = true;  // there may be a failed request whose delay is over
+  bool hasNew_ = true;       // there may be a queued request without a server error
+  bool hasRetries_ = true;   // there may be a failed request whose delay is over
+  bool hasStarted_ = false;  // a request was started since none was available
+  Time gatherUntil_{};       // no new request is started before
   std::optional<Time> retryAt_;
   std::optional<Time> lastEnd_;
 };

@@ -198,8 +198,11 @@ void JXTransfer::stopSending(std::shared_ptr<const JXSendFilter> filter, bool is
 }
 
 void JXTransfer::setInBackground(bool inBackground) {
-  mailbox_.send(
-      [inBackground](JXTransferCommands& commands) { commands.inBackground = inBackground; });
+  const std::uint64_t next = setup().outbox->nextId();
+  mailbox_.send([inBackground, next](JXTransferCommands& commands) {
+    if (inBackground && !commands.inBackground) commands.backgroundFrom = next;
+    commands.inBackground = inBackground;
+  });
 }
 
 void JXTransfer::pauseForUserAgent() {

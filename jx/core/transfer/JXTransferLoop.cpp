@@ -3,6 +3,7 @@
 #include "jx/core/transfer/JXTransferLoop.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -80,7 +81,7 @@ std::string causeOf(const JXHttpResult& result) {
 }  // namespace
 
 JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
-    : setup_(std::move(setup)), plan_(setup_.timings) {
+    : setup_(std::move(setup)), plan_(setup_.timings, setup_.gatherTime) {
   unreported_.reserve(kMaxUnreported);
   if (setup_.onDelivery) setup_.outbox->rememberDropped();
   // Requests of an earlier process may need a sync or a cleanup.
@@ -90,10 +91,11 @@ JXTransferLoop::JXTransferLoop(JXTransferSetup setup)
 void JXTransferLoop::apply(const JXTransferCommands& commands, bool added, std::uint64_t before) {
   before_ = before;
   const JXTransferPlan::Time now = setup_.steadyNow();
-  plan_.setInBackground(commands.inBackground);
   plan_.pauseUntil(commands.pausedUntil);
-  if (commands.suspensions != applied_.suspensions) abortInFlight();
-  if (added || commands.filter != applied_.filter) plan_.requestsAdded();
+  const bool wasSuspended = commands.suspensions != applied_.suspensions;
+  if (wasSuspended) abortInFlight();
+  if (added) plan_.requestsAdded();
+  if (commands.filter != applied_.filter) plan_.requestsAvailable();
   if (added || commands.storageChanges != applied_.storageChanges) plan_.storageChanged(now);
   if (commands.flushes != applied_.flushes) {
     setup_.outbox->shortenRetryDelays(boundedWait(setup_.timings.initialBackoff));
@@ -103,7 +105,20 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added, std::
     abortInFlight();
     plan_.storageChanged(now);
   }
+  const bool entersBackground = commands.inBackground && !applied_.inBackground;
   applied_ = commands;
+  // The transport starts nothing until the suspension ends.
+  if (entersBackground && !wasSuspended && plan_.isGathering(now)) startGathered(now);
+  plan_.setInBackground(commands.inBackground);
+}
+
+// Starts the requests that wait only to be started together, unless they were added in the
+// background.
+void JXTransferLoop::startGathered(JXTransferPlan::Time now) {
+  plan_.endGathering();
+  before_ = std::min(before_, applied_.backgroundFrom);
+  while (startOne(now)) {
+  }
 }
 
 JXTransferWait JXTransferLoop::act() {
@@ -145,11 +160,26 @@ std::vector<JXHttpResult> JXTransferLoop::poll(const JXTransferWait& wait, bool 
 
 // An exception would lose the other results, whose requests would be sent again.
 void JXTransferLoop::complete(std::vector<JXHttpResult> results) noexcept {
-  for (JXHttpResult& result : results) {
-    const std::optional<JXDeliveryOutcome> outcome = completeOne(result);
-    if (!outcome || reportFinal(result, *outcome)) continue;
+  for (std::size_t done = 0; done < results.size(); done += JXTransferPlan::kMaxInFlight) {
+    completeSome(&results[done], std::min(JXTransferPlan::kMaxInFlight, results.size() - done));
+  }
+}
+
+// Processes up to kMaxInFlight results, and removes the delivered requests together.
+void JXTransferLoop::completeSome(JXHttpResult* results, std::size_t count) noexcept {
+  std::array<std::optional<JXDeliveryOutcome>, JXTransferPlan::kMaxInFlight> outcomes;
+  JXDeliveredRequests delivered;
+  for (std::size_t i = 0; i < count; ++i) {
+    outcomes[i] = completeOne(results[i]);
+    if (outcomes[i] == JXDeliveryOutcome::Delivered) delivered.ids[i] = results[i].request.id;
+  }
+  setup_.outbox->markDelivered(delivered);
+  for (std::size_t i = 0; i < count; ++i) {
+    // A request purged while in flight was already reported as dropped.
+    if (outcomes[i] == JXDeliveryOutcome::Delivered && delivered.ids[i] == 0) continue;
+    if (!outcomes[i] || reportFinal(results[i], *outcomes[i])) continue;
     if (unreported_.size() < unreported_.capacity()) {
-      unreported_.push_back({std::move(result), *outcome});
+      unreported_.push_back({std::move(results[i]), *outcomes[i]});
     }
   }
 }
@@ -190,7 +220,7 @@ bool JXTransferLoop::startOne(JXTransferPlan::Time now) {
       // A request that is due cannot be read: its file cannot be restored now.
       retryAt = now + (*wait > milliseconds::zero() ? boundedWait(*wait) : kUnreadableDelay);
     }
-    plan_.nothingToStart(*start, retryAt);
+    plan_.nothingToStart(*start, now, retryAt);
     return true;
   }
   if (start->probes) callSafely(setup_.beforeConnecting);
@@ -209,12 +239,12 @@ void JXTransferLoop::abortInFlight() {
 void JXTransferLoop::sync() {
   setup_.outbox->sync();
   // It restores lost files, and adopts the requests that the start had no memory for.
-  plan_.requestsAdded();
+  plan_.requestsAvailable();
   callSafely(setup_.maintain);
   plan_.synced(setup_.outbox->needsSync(), setup_.steadyNow());
 }
 
-// Returns the outcome to be reported, if there is one.
+// Returns the outcome to be reported, if there is one. The caller removes a delivered request.
 std::optional<JXDeliveryOutcome> JXTransferLoop::completeOne(JXHttpResult& result) noexcept {
   if (!plan_.isInFlight(result.request.id)) {
     log("Transport returned a result for a request that is not in flight; ignored", 3);
@@ -234,9 +264,7 @@ std::optional<JXDeliveryOutcome> JXTransferLoop::completeOne(JXHttpResult& resul
     case JXResponseClass::Delivered:
       plan_.storageChanged(now);
       logResumed(host);
-      // A request purged while in flight was already reported as dropped.
-      if (setup_.outbox->markDelivered(id)) return JXDeliveryOutcome::Delivered;
-      break;
+      return JXDeliveryOutcome::Delivered;
     case JXResponseClass::Rejected:
       plan_.storageChanged(now);
       if (setup_.outbox->moveToDeadLetters(id, result.outcome.status)) {
@@ -245,7 +273,7 @@ std::optional<JXDeliveryOutcome> JXTransferLoop::completeOne(JXHttpResult& resul
       break;
     case JXResponseClass::ServerError:
       plan_.storageChanged(now);
-      if (!setup_.outbox->requeueFailed(id, end.failures)) plan_.requestsAdded();
+      if (!setup_.outbox->requeueFailed(id, end.failures)) plan_.requestsAvailable();
       failures_.fetch_add(1);
       logFailure(result, host, end.failures.delay, true);
       break;

@@ -50,6 +50,9 @@ struct JXTransferSetup {
   std::function<void(std::function<void()> known)> requestUserAgent;
 
   std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above
+  /// Requests that are added within this time after the queue was started are started together,
+  /// and do not wake the thread.
+  std::chrono::milliseconds gatherTime{10};
 
   // Replaced by tests. Defaults: the steady clock and a random number generator.
   std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< called on any thread
@@ -89,6 +92,7 @@ class JXTransferLoop {
   std::uint64_t failures() const { return failures_.load(); }
 
  private:
+  void startGathered(JXTransferPlan::Time now);
   bool startOne(JXTransferPlan::Time now);
   void abortInFlight();
   void sync();
@@ -98,6 +102,7 @@ class JXTransferLoop {
     JXDeliveryOutcome outcome;
   };
 
+  void completeSome(JXHttpResult* results, std::size_t count) noexcept;
   std::optional<JXDeliveryOutcome> completeOne(JXHttpResult& result) noexcept;
   bool reportFinal(const JXHttpResult& result, JXDeliveryOutcome outcome) noexcept;
   void reportRejected(const JXHttpResult& result);

@@ -22,6 +22,7 @@ struct JXTransferCommands {
   std::shared_ptr<const JXSendFilter> filter;  ///< null: every request may be sent
   bool isConsentMissing = false;               ///< requests are held until an enabling
   bool inBackground = false;
+  std::uint64_t backgroundFrom = 0;  ///< ID of the first request that was added in the background
   std::optional<std::chrono::steady_clock::time_point> pausedUntil;  ///< wait for the user agent
   std::uint64_t suspensions = 0;  ///< how often the transport was suspended
   std::uint64_t purges = 0;

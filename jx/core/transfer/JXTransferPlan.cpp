@@ -16,7 +16,8 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 
 }  // namespace
 
-JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings) : timings_(timings) {
+JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, std::chrono::milliseconds gatherTime)
+    : timings_(timings), gatherTime_(gatherTime) {
   inFlight_.reserve(kMaxInFlight);
   aborted_.reserve(kMaxInFlight);
 }
@@ -29,7 +30,7 @@ void JXTransferPlan::setHosts(const std::vector<JXOutboxHost>& hosts) {
   };
   hosts_.erase(std::remove_if(hosts_.begin(), hosts_.end(), isGone), hosts_.end());
   for (const JXOutboxHost& host : hosts) {
-    if (find(host.id) == nullptr) hosts_.emplace_back(host.id, host.failed);
+    if (find(host.id) == nullptr) hosts_.emplace_back(host.id, host.failed, gatherTime_);
   }
 }
 
@@ -91,6 +92,11 @@ void JXTransferPlan::requestsAdded() {
     host.requestsAdded();
 }
 
+void JXTransferPlan::requestsAvailable() {
+  for (JXHostPipeline& host : hosts_)
+    host.requestsAvailable();
+}
+
 void JXTransferPlan::storageChanged(Time now) {
   syncDue_ = earlier(syncDue_, now + boundedWait(timings_.syncDelay));
 }
@@ -122,8 +128,10 @@ void JXTransferPlan::started(std::uint64_t id, const JXTransferStart& start,
   inFlight_.push_back({id, start.host, host->retryState().round, failures});
 }
 
-void JXTransferPlan::nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt) {
-  if (JXHostPipeline* const host = find(start.host)) host->nothingToStart(start.order, retryAt);
+void JXTransferPlan::nothingToStart(const JXTransferStart& start, Time now,
+                                    std::optional<Time> retryAt) {
+  JXHostPipeline* const host = find(start.host);
+  if (host != nullptr) host->nothingToStart(start.order, now, retryAt);
 }
 
 JXTransferEnd JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,
@@ -158,6 +166,16 @@ const std::vector<std::uint64_t>& JXTransferPlan::aborted() noexcept {
 void JXTransferPlan::failedInternally(Time now, double draw) {
   for (JXHostPipeline& host : hosts_)
     host.failedInternally(timings_, now, draw);
+}
+
+bool JXTransferPlan::isGathering(Time now) const {
+  return std::any_of(hosts_.begin(), hosts_.end(),
+                     [now](const JXHostPipeline& each) { return each.isGathering(now); });
+}
+
+void JXTransferPlan::endGathering() {
+  for (JXHostPipeline& host : hosts_)
+    host.endGathering();
 }
 
 void JXTransferPlan::expedite(Time now) {

@@ -50,7 +50,8 @@ class JXTransferPlan {
   /// Longest backoff between syncs that leave work undone, for example on a full disk.
   static constexpr std::chrono::milliseconds kMaxSyncBackoff{60'000};
 
-  explicit JXTransferPlan(const JXRetryTimings& timings);
+  /// `gatherTime`: see JXHostPipeline.
+  explicit JXTransferPlan(const JXRetryTimings& timings, std::chrono::milliseconds gatherTime = {});
 
   /// Sets the hosts that requests may be queued for, and forgets the others.
   void setHosts(const std::vector<JXOutboxHost>& hosts);
@@ -61,8 +62,10 @@ class JXTransferPlan {
   std::optional<JXTransferStart> nextStart(Time now);
   JXTransferWait nextWait(Time now) const;
 
-  /// Reports that requests were added or may be sent now. A new host is assumed to have requests.
+  /// Reports that requests were added. A new host is assumed to have requests.
   void requestsAdded();
+  /// Reports that requests may be sent that could not be sent before, also failed ones.
+  void requestsAvailable();
   /// Reports a change on the disk that must be made durable.
   void storageChanged(Time now);
   /// Reports a completed sync; `unfinished` when it left work undone.
@@ -73,7 +76,7 @@ class JXTransferPlan {
                const JXRequestFailures& failures = {});
   /// Reports that the queue contains no such request; the next failed one may be retried at
   /// `retryAt`.
-  void nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt = {});
+  void nothingToStart(const JXTransferStart& start, Time now, std::optional<Time> retryAt = {});
   /// Reports the end of an attempt and returns its class. `failedFor` is the time since the first
   /// server error of the request; `draw` in [0, 1) is the jitter of a wait that may follow.
   JXTransferEnd ended(std::uint64_t id, const JXAttemptResult& outcome,
@@ -88,7 +91,12 @@ class JXTransferPlan {
   void setInBackground(bool inBackground) { inBackground_ = inBackground; }
   /// Pauses requests until `until`; nullopt ends the pause.
   void pauseUntil(std::optional<Time> until) { pausedUntil_ = until; }
-  /// Applies a flush: shortens the waits that the server did not request (see `shortenBackoff`).
+  /// Returns whether requests are gathered for a host; see JXHostPipeline.
+  bool isGathering(Time now) const;
+  /// Lets the gathered requests be started now.
+  void endGathering();
+  /// Applies a flush: ends gathering, and shortens the waits that the server did not request (see
+  /// `shortenBackoff`).
   void expedite(Time now);
 
   std::size_t inFlight() const { return inFlight_.size(); }
@@ -111,6 +119,7 @@ class JXTransferPlan {
   bool isWithinLimits(const JXHostPipeline& host) const;
 
   JXRetryTimings timings_;
+  std::chrono::milliseconds gatherTime_;
   std::vector<JXHostPipeline> hosts_;
   std::vector<Flight> inFlight_;
   std::vector<std::uint64_t> aborted_;
