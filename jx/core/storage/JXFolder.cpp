@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <climits>
 #include <ctime>
+#include <utility>
 
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/storage/JXFile.h"
@@ -117,20 +118,21 @@ int synchronizeFolder(const std::string& path) {
   return folder ? folder->synchronize() : error;
 }
 
-bool JXFolderWatch::mayHaveChanged() {
+JXFolderWatch::Change JXFolderWatch::change() {
   // File times advance in steps of some milliseconds, so two changes in the same step have the same
   // time.
   constexpr std::int64_t kCoarseNs = 100'000'000;
   struct stat status {};
-  if (JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) return true;
+  if (JXFileCalls::current().status(AT_FDCWD, path_.c_str(), &status) != 0) return Change::New;
   const timespec changed = changeTimeOf(status);
   const std::int64_t changedNs = nanoseconds(changed);
-  if (changedNs == seenNs_) return false;
+  if (changedNs == seenNs_) return Change::None;
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME, &now);
   const std::int64_t age = nanoseconds(now) - changedNs;
   seenNs_ = age > kCoarseNs ? changedNs : -1;
-  return true;
+  const bool isKnown = std::exchange(lastNs_, changedNs) == changedNs;
+  return isKnown && seenNs_ == -1 ? Change::Recent : Change::New;
 }
 
 std::string nameOf(const std::string& path) {

@@ -80,14 +80,22 @@ class JXFolderWatch {
  public:
   explicit JXFolderWatch(std::string path) : path_(std::move(path)) {}
 
-  /// Returns true on the first call, and when the folder may have changed since the last call.
-  /// Never returns false when it has changed.
-  bool mayHaveChanged();
-  /// Makes the next call return true.
-  void reset() { seenNs_ = -1; }
+  enum class Change {
+    None,
+    Recent,  ///< a change that was reported; there may be others in the same step of the file times
+    New
+  };
+  /// Returns New on the first call. Never returns None when the folder has changed since the last
+  /// call.
+  Change change();
+  /// Returns whether the folder may have changed since the last call.
+  bool mayHaveChanged() { return change() != Change::None; }
+  /// Makes the next call return New.
+  void reset() { seenNs_ = lastNs_ = -1; }
 
  private:
   std::string path_;
+  std::int64_t lastNs_ = -1;  ///< modification time of the folder at the last call
   std::int64_t seenNs_ = -1;  ///< modification time of the folder; -1: not known for certain
 };
 

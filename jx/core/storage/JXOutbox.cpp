@@ -116,7 +116,7 @@ void JXOutbox::dropOutOfMemory(std::string_view body) noexcept {
 std::optional<JXOutboxRequest> JXOutbox::take(const JXOutboxPick& pick,
                                               const JXSendFilter& filter) {
   return locked([&] {
-    checkErasures();
+    if (!pick.isFurther) checkErasures();
     return queue_.take(pick, filter);
   });
 }

@@ -55,6 +55,8 @@ struct JXOutboxPick {
   double draw = 0;  ///< in [0, 1), for Random
   /// Requests with this or a larger ID are not chosen.
   std::uint64_t before = std::numeric_limits<std::uint64_t>::max();
+  /// True immediately after another `take`, which has noticed what other processes did.
+  bool isFurther = false;
 };
 
 /// The requests of an outbox in order, oldest first. Not synchronised. Pointers to entries are

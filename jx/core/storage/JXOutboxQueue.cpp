@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <iterator>
+#include <utility>
 
 #include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXPurgeMark.h"
@@ -31,7 +32,10 @@ JXOutboxQueue::JXOutboxQueue(JXOutboxSegments& segments, JXStorageReport& report
       bounds_(bounds),
       hosts_(std::move(currentEndpoint)),
       failures_(index_) {
-  segments_.beforeRemoval = [this](JXOutboxSegment& segment) { drops_.readAll(segment); };
+  segments_.beforeRemoval = [this](JXOutboxSegment& segment) {
+    drops_.readAll(segment);
+    readAhead_.forget(segment);
+  };
 }
 
 void JXOutboxQueue::adopt() {
@@ -208,7 +212,11 @@ void JXOutboxQueue::release(JXOutboxEntry& entry) noexcept {
 
 std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
                                                    const JXSendFilter& filter) {
-  applyPurgeMarks();
+  if (!pick.isFurther) {
+    folderChange_ = segments_.folderChange();
+    unmarked_ = nullptr;
+    if (folderChange_ == JXFolderWatch::Change::New) applyMarks();
+  }
   index_.chooseBefore(pick.before);
   const auto next = [&] {
     return pick.order == JXOutboxPick::Order::Retry
@@ -216,6 +224,7 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
                : index_.next(pick, filter);
   };
   while (JXOutboxEntry* entry = next()) {
+    if (applyMarkOf(*entry)) continue;
     JXOutboxRequest request;
     const int error = readRestored(*entry, request);
     if (error == 0) {
@@ -229,6 +238,7 @@ std::optional<JXOutboxRequest> JXOutboxQueue::take(const JXOutboxPick& pick,
     if (entry->segment != nullptr && entry->segment->lost) return std::nullopt;
     dropUnreadable(*entry, error);
   }
+  readAhead_.clear();
   return std::nullopt;
 }
 
@@ -248,7 +258,7 @@ std::uint16_t JXOutboxQueue::mostStops(std::uint32_t source) {
   return most;
 }
 
-int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) const {
+int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) {
   request.id = entry.id;
   request.bornMs = entry.bornMs;
   if (entry.segment == nullptr) {
@@ -258,16 +268,18 @@ int JXOutboxQueue::read(const JXOutboxEntry& entry, JXOutboxRequest& request) co
     request.body = stored.body;
     return 0;
   }
-  std::string payload;
-  const int error = entry.segment->read(entry.offset, entry.bytes, payload);
-  if (error != 0) return error;
+  std::string alone;
+  std::string_view payload = readAhead_.payload(*entry.segment, entry.offset, entry.bytes);
+  if (payload.empty()) {
+    const int error = entry.segment->read(entry.offset, entry.bytes, alone);
+    if (error != 0) return error;
+    payload = alone;
+  }
   const JXOutboxRecord record = decodeRecord(payload);
   if (record.kind != JXRecordKind::Request) return EBADMSG;
   request.createdMs = record.createdMs;
   request.url = std::string(record.url);
-  // Reuses the memory of the payload for the body.
-  payload.erase(0, payload.size() - record.body.size());
-  request.body = std::move(payload);
+  request.body = std::string(record.body);
   return 0;
 }
 
@@ -297,15 +309,22 @@ void JXOutboxQueue::dropUnreadable(JXOutboxEntry& entry, int error) {
 }
 
 void JXOutboxQueue::applyPurgeMarks() {
-  try {
-    applyMarks();
-  } catch (...) {
-    segments_.recheckPurgeMarks();
-    throw;
-  }
+  if (segments_.folderChange() != JXFolderWatch::Change::None) applyMarks();
 }
 
-void JXOutboxQueue::applyMarks() {
+// After a recent change of the folder, checks the segment of the request to be taken: a list of the
+// folder for each request would take most of the time while segments are created and deleted.
+// Returns whether marks were applied.
+bool JXOutboxQueue::applyMarkOf(const JXOutboxEntry& entry) {
+  const bool isChecked = entry.segment == nullptr || entry.segment == unmarked_;
+  if (folderChange_ != JXFolderWatch::Change::Recent || isChecked) return false;
+  unmarked_ = entry.segment;
+  if (!mayHavePurgeMark(entry.segment->path())) return false;
+  applyMarks();
+  return true;
+}
+
+void JXOutboxQueue::applyMarks() try {
   for (const JXOutboxSegments::Purged& purged : segments_.markedForPurge()) {
     const std::uint64_t number = purged.segment->number();
     std::vector<std::uint64_t> ids;
@@ -322,6 +341,9 @@ void JXOutboxQueue::applyMarks() {
     const JXOutboxSegment* const left = segments_.find(number);
     if (left != nullptr && !left->hasUnwrittenAcknowledgements()) removePurgeMark(left->path());
   }
+} catch (...) {
+  segments_.recheckPurgeMarks();
+  throw;
 }
 
 void JXOutboxQueue::requeue(std::uint64_t id) {

@@ -19,6 +19,7 @@
 #include "jx/core/storage/JXOutboxIndex.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXOutboxSegments.h"
+#include "jx/core/storage/JXReadAhead.h"
 #include "jx/core/storage/JXSendFilter.h"
 #include "jx/core/storage/JXStorageReport.h"
 
@@ -111,7 +112,8 @@ class JXOutboxQueue {
   void drop(JXOutboxEntry& entry, JXDropReason reason) noexcept;
   void count(JXDropReason reason) noexcept;
   void release(JXOutboxEntry& entry) noexcept;
-  int read(const JXOutboxEntry& entry, JXOutboxRequest& request) const;
+  bool applyMarkOf(const JXOutboxEntry& entry);
+  int read(const JXOutboxEntry& entry, JXOutboxRequest& request);
   int readRestored(const JXOutboxEntry& entry, JXOutboxRequest& request);
   void dropUnreadable(JXOutboxEntry& entry, int error);
   bool moveSomeOfObsolete();
@@ -132,6 +134,10 @@ class JXOutboxQueue {
   std::int64_t oldestMs_ = std::numeric_limits<std::int64_t>::max();
   JXOutboxCounters counters_;
   JXOutboxDrops drops_;
+  JXReadAhead readAhead_;
+  JXFolderWatch::Change folderChange_ = JXFolderWatch::Change::New;  ///< before the last take
+  /// The segment that was checked last for a purge mark since then.
+  const JXOutboxSegment* unmarked_ = nullptr;
 };
 
 }  // namespace jx

@@ -337,6 +337,13 @@ int JXOutboxSegment::read(std::uint32_t offset, std::uint32_t bytes, std::string
   return error != 0 ? error : journal_.read(offset, kJXRequestHeadSize + bytes, payload);
 }
 
+std::size_t JXOutboxSegment::readRun(std::uint32_t offset, char* into, std::size_t size) {
+  std::size_t got = 0;
+  if (ensureOpen() != 0 || offset >= journal_.size()) return 0;
+  size = static_cast<std::size_t>(std::min<std::uint64_t>(size, journal_.size() - offset));
+  return journal_.file().read(offset, into, size, got) == 0 ? got : 0;
+}
+
 void JXOutboxSegment::acknowledge(std::uint32_t offset) noexcept {
   unwritten_.push_back(offset);
   --live_;

@@ -73,6 +73,8 @@ class JXOutboxSegment {
   const JXRequestFailures& adoptedFailures(std::uint32_t offset) const;
   /// Reads the payload of a request's frame. Returns EBADMSG when it is damaged.
   int read(std::uint32_t offset, std::uint32_t bytes, std::string& payload);
+  /// Reads up to `size` bytes of frames at `offset`. Returns the number of bytes that were read.
+  std::size_t readRun(std::uint32_t offset, char* into, std::size_t size);
   /// Acknowledges a request; `writeAcknowledgements` writes this to the file. Needs no memory.
   void acknowledge(std::uint32_t offset) noexcept;
   /// Writes all unwritten acknowledgements as one frame.

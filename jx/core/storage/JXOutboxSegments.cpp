@@ -288,7 +288,6 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
 
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;
-  if (segments_.empty() || !watch_.mayHaveChanged()) return marked;
   marked.reserve(segments_.size());
   // The deletion of segments also changes the folder, repeatedly while a long queue is delivered.
   std::vector<std::string> names;

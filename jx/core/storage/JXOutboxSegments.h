@@ -58,10 +58,13 @@ class JXOutboxSegments {
     JXOutboxSegment* segment;
     std::uint64_t end;
   };
-  /// Returns the segments with a purge mark. Cheap while the folder does not change: segments are
-  /// returned only after a change.
+  /// Returns the segments with a purge mark.
   std::vector<Purged> markedForPurge();
-  /// Makes `markedForPurge` return the marked segments again.
+  /// Returns whether segments may have been marked since the last call.
+  JXFolderWatch::Change folderChange() {
+    return segments_.empty() ? JXFolderWatch::Change::None : watch_.change();
+  }
+  /// Makes `folderChange` report a change.
   void recheckPurgeMarks() { watch_.reset(); }
 
   /// Returns the present time.

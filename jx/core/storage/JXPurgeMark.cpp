@@ -55,6 +55,13 @@ int writePurgeMark(const std::string& segmentPath) {
   return replaceFile(fresh, markPath(segmentPath), error);
 }
 
+bool mayHavePurgeMark(const std::string& segmentPath) {
+  struct stat status {};
+  const std::string path = markPath(segmentPath);
+  if (JXFileCalls::current().status(AT_FDCWD, path.c_str(), &status) == 0) return true;
+  return errno != ENOENT && errno != ENOTDIR;
+}
+
 std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity& segment,
                             int& error) {
   const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);

@@ -18,6 +18,8 @@ inline constexpr std::string_view kJXPurgeMarkSuffix = ".purge";
 /// Writes a mark for the current content of the segment, replacing an older mark. Returns an errno
 /// value, 0 for success; ENOENT if the segment does not exist.
 int writePurgeMark(const std::string& segmentPath);
+/// Returns false if the segment has no mark. Costs one system call.
+bool mayHavePurgeMark(const std::string& segmentPath);
 /// Returns the size of the segment's part to discard, in bytes; 0 if there is no valid mark for the
 /// file `segment`. `error` receives the errno value of a mark that cannot be read, else 0.
 std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity& segment,

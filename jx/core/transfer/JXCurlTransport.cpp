@@ -23,6 +23,9 @@ namespace {
 
 using std::chrono::milliseconds;
 
+constexpr long kReceiveBuffer = 4 * 1024;
+constexpr long kSendBuffer = 16 * 1024;  // libcurl's minimum
+
 long inMilliseconds(milliseconds time) {
   // Zero would select libcurl's default.
   return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
@@ -115,6 +118,7 @@ class JXCurlTransport::Implementation {
     active_.push_back(std::move(exchange));
     if (sockets_.isShut()) return;  // until abortAll
     Exchange& started = *active_.back();
+    hasStarted_ = true;
     const CURLMcode code = curl_multi_add_handle(multi_.handle(), started.easy);
     if (code != CURLM_OK) finish(started, CURLE_FAILED_INIT);
   }
@@ -122,10 +126,11 @@ class JXCurlTransport::Implementation {
   std::vector<JXHttpResult> poll(std::optional<milliseconds> timeout) {
     std::vector<JXHttpResult> results;
     results.reserve(active_.size());
-    if (!sockets_.isShut()) perform();
+    // Requests in flight advance after the wait.
+    if (hasStarted_ || timeout == milliseconds::zero()) perform();
     if (ready_.empty() && timeout != milliseconds::zero()) {
       multi_.wait(timeout);
-      if (!sockets_.isShut()) perform();
+      perform();
     }
     results.swap(ready_);
     if (sockets_.isShut()) removeUnanswered(results);
@@ -204,6 +209,9 @@ class JXCurlTransport::Implementation {
     curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT_MS, inMilliseconds(options_.connectTimeout));
     curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, inMilliseconds(options_.requestTimeout));
     curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    // The responses are tiny, and most bodies have a few kilobytes.
+    curl_easy_setopt(easy, CURLOPT_BUFFERSIZE, kReceiveBuffer);
+    curl_easy_setopt(easy, CURLOPT_UPLOAD_BUFFERSIZE, kSendBuffer);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, openSocket);
     curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &exchange);
     curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, closeSocket);
@@ -265,9 +273,20 @@ class JXCurlTransport::Implementation {
 #endif
   }
 
+  // Repeated while requests end: data of another request may have been received with them.
   void perform() {
+    const bool startsSome = std::exchange(hasStarted_, false);
     if (multi_.handle() == nullptr) return;
+    if (startsSome) sockets_.holdBack();
+    while (!sockets_.isShut() && performOnce() && !active_.empty()) {
+    }
+    if (startsSome) sockets_.sendHeldBack();
+  }
+
+  // Returns whether a request ended.
+  bool performOnce() {
     int running = 0;
+    bool hasEnded = false;
     curl_multi_perform(multi_.handle(), &running);
     int left = 0;
     while (const CURLMsg* const message = curl_multi_info_read(multi_.handle(), &left)) {
@@ -276,8 +295,11 @@ class JXCurlTransport::Implementation {
       void* exchange = nullptr;
       curl_easy_getinfo(message->easy_handle, CURLINFO_PRIVATE, &exchange);
       auto& ended = *static_cast<Exchange*>(exchange);
-      if (!waitsForConnection(ended, code)) finish(ended, code);
+      if (waitsForConnection(ended, code)) continue;
+      finish(ended, code);
+      hasEnded = true;
     }
+    return hasEnded;
   }
 
   // If too few descriptors are left for a further connection, starts the request again with no more
@@ -329,6 +351,7 @@ class JXCurlTransport::Implementation {
   JXSocketGate sockets_;
   JXCurlMulti multi_;
   curl_slist* headers_ = nullptr;
+  bool hasStarted_ = false;         ///< requests since the last `perform`
   bool hasFewConnections_ = false;  ///< fewer than JXCurlMulti::kMaxConnections are allowed
   std::vector<std::unique_ptr<Exchange>> active_;
   std::vector<std::unique_ptr<Exchange>> free_;

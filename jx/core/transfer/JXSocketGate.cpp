@@ -3,6 +3,8 @@
 #include "jx/core/transfer/JXSocketGate.h"
 
 #include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -116,6 +118,18 @@ void JXSocketGate::close(int socket) noexcept {
 void JXSocketGate::forgetUnconnected() noexcept {
   const std::lock_guard<std::mutex> lock(mutex_);
   forgetIf([](const Socket& each) { return !isConnected(each.duplicate); });
+}
+
+void JXSocketGate::holdBack() noexcept { setHoldingBack(true); }
+void JXSocketGate::sendHeldBack() noexcept { setHoldingBack(false); }
+
+void JXSocketGate::setHoldingBack([[maybe_unused]] bool holdsBack) noexcept {
+#ifdef TCP_CORK
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const int value = holdsBack ? 1 : 0;
+  for (const Socket& each : sockets_)
+    ::setsockopt(each.duplicate, IPPROTO_TCP, TCP_CORK, &value, sizeof value);
+#endif
 }
 
 void JXSocketGate::shut() noexcept {

@@ -30,6 +30,11 @@ class JXSocketGate {
   /// connection was not established. Call it when no connection is being established.
   void forgetUnconnected() noexcept;
 
+  /// Lets the system hold back small writes until `sendHeldBack`, so that those of several requests
+  /// are sent together. Does nothing where the system has no such option.
+  void holdBack() noexcept;
+  void sendHeldBack() noexcept;
+
   /// From its return until `reopen`, nothing can be written to a socket of the gate, and what the
   /// system has not sent yet is discarded when the socket is closed. Waits for a write that another
   /// thread has begun, which never waits for the network, because the sockets do not block.
@@ -43,6 +48,7 @@ class JXSocketGate {
     /// The same socket: whoever closes `descriptor`, this one cannot become that of another file.
     int duplicate;
   };
+  void setHoldingBack(bool holdsBack) noexcept;
   template <class Predicate>
   void forgetIf(Predicate predicate) noexcept;
 

@@ -117,8 +117,13 @@ void JXTransferLoop::apply(const JXTransferCommands& commands, bool added, std::
 void JXTransferLoop::startGathered(JXTransferPlan::Time now) {
   plan_.endGathering();
   before_ = std::min(before_, applied_.backgroundFrom);
-  while (startOne(now)) {
-  }
+  startAll(now);
+}
+
+void JXTransferLoop::startAll(JXTransferPlan::Time now) {
+  bool isFurther = false;
+  while (startOne(now, isFurther))
+    isFurther = true;
 }
 
 JXTransferWait JXTransferLoop::act() {
@@ -129,8 +134,7 @@ JXTransferWait JXTransferLoop::act() {
   const std::vector<JXOutboxHost> hosts = setup_.outbox->hosts();
   plan_.setHosts(hosts);
   forgetLoggedFailures(hosts);
-  while (startOne(now)) {
-  }
+  startAll(now);
   // Anything above may have written to the files, also without sending.
   if (!plan_.awaitsSync() && setup_.outbox->needsSync()) plan_.storageChanged(now);
   const bool hasReported = reportDropped();
@@ -204,13 +208,14 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
 }
 
 // Returns false when no request may be started now.
-bool JXTransferLoop::startOne(JXTransferPlan::Time now) {
+bool JXTransferLoop::startOne(JXTransferPlan::Time now, bool isFurther) {
   const std::optional<JXTransferStart> start = plan_.nextStart(now);
   if (!start) return false;
   static const JXSendFilter everything;
   const JXSendFilter& filter = applied_.filter ? *applied_.filter : everything;
   const bool isRandom = start->order == JXOutboxPick::Order::Random;
-  const JXOutboxPick pick{start->host, start->order, isRandom ? setup_.draw() : 0, before_};
+  const JXOutboxPick pick{start->host, start->order, isRandom ? setup_.draw() : 0, before_,
+                          isFurther};
   std::optional<JXOutboxRequest> request = setup_.outbox->take(pick, filter);
   if (!request) {
     const bool isRetry = start->order == JXOutboxPick::Order::Retry;

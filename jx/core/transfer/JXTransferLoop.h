@@ -93,7 +93,8 @@ class JXTransferLoop {
 
  private:
   void startGathered(JXTransferPlan::Time now);
-  bool startOne(JXTransferPlan::Time now);
+  void startAll(JXTransferPlan::Time now);
+  bool startOne(JXTransferPlan::Time now, bool isFurther);
   void abortInFlight();
   void sync();
   /// A request with a final response for whose report there was no memory.

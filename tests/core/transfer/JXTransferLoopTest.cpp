@@ -72,6 +72,7 @@ class TransferLoop : public ::testing::Test {
     setup.transport = transport;
     setup.steadyNow = [this] { return now; };
     setup.draw = [] { return 0.5; };
+    setup.gatherTime = 0ms;
     setup.maintain = [this] { ++maintained; };
     setup.onDelivery = [this](const JXDelivery& delivery) {
       deliveries.push_back(delivery);
