@@ -258,10 +258,11 @@ class JXCurlTransport::Implementation {
     exchange.error[0] = '\0';
     exchange.lacksDescriptor = exchange.waited = false;
     CURL* const easy = exchange.easy;
-    curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());
     curl_easy_setopt(easy, CURLOPT_POSTFIELDSIZE_LARGE,
                      static_cast<curl_off_t>(exchange.request.body.size()));
     curl_easy_setopt(easy, CURLOPT_POSTFIELDS, exchange.request.body.data());
+    if (!exchange.target.hasChanged()) return;
+    curl_easy_setopt(easy, CURLOPT_CURLU, exchange.target.handle());
     const bool isLoopback = exchange.target.isLoopback();
     // Requests to this device must not leave it.
     curl_easy_setopt(easy, CURLOPT_NOPROXY, isLoopback ? "*" : nullptr);

@@ -3,7 +3,6 @@
 #include "jx/core/transfer/JXHostPipeline.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace jx {
 namespace {
@@ -54,10 +53,10 @@ std::optional<JXHostPipeline::Time> JXHostPipeline::wakeAt(Time now) const {
                    hasNew_ ? std::max(errors_.newUntil, gatherUntil_) : errors_.retriesUntil});
 }
 
-void JXHostPipeline::nothingToStart(Order order, Time now, std::optional<Time> retryAt) {
+void JXHostPipeline::nothingToStart(Order order, std::optional<Time> retryAt) {
   if (order != Order::Retry) {
     hasNew_ = false;
-    if (std::exchange(hasStarted_, false)) gatherUntil_ = now + gatherTime_;
+    gatherUntil_ = lastStart_ + gatherTime_;
   } else {
     hasRetries_ = false;
     retryAt_ = retryAt;

@@ -21,9 +21,9 @@ namespace jx {
 /// server errors in a row, single requests from the whole queue are sent (see JXServerErrorState).
 /// A request that failed is retried only when no new one is queued.
 ///
-/// When all new requests have been started, those that are added in the following `gatherTime` are
-/// gathered: they are started together at its end, and need not wake the thread. A request that is
-/// added later is started immediately.
+/// When all new requests have been started, those that are added within `gatherTime` after the last
+/// start are gathered: they are started together at its end, and need not wake the thread. A
+/// request that is added later is started immediately.
 class JXHostPipeline {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -52,10 +52,10 @@ class JXHostPipeline {
   /// Reports that new or failed requests may have become available.
   void requestsAvailable() { hasNew_ = hasRetries_ = true; }
   /// Reports that no request of `order` is available; a retry is at `retryAt`.
-  void nothingToStart(Order order, Time now, std::optional<Time> retryAt);
-  void started() {
+  void nothingToStart(Order order, std::optional<Time> retryAt);
+  void started(Time now) {
     ++inFlight_;
-    hasStarted_ = true;
+    lastStart_ = now;
   }
   bool isGathering(Time now) const { return now < gatherUntil_; }
   /// Lets the gathered requests be started now.
@@ -86,10 +86,10 @@ class JXHostPipeline {
   JXServerErrorState errors_;
   std::size_t inFlight_ = 0;
   bool isProbing_ = true;
-  bool hasNew_ = true;       // there may be a queued request without a server error
-  bool hasRetries_ = true;   // there may be a failed request whose delay is over
-  bool hasStarted_ = false;  // a request was started since none was available
-  Time gatherUntil_{};       // no new request is started before
+  bool hasNew_ = true;      // there may be a queued request without a server error
+  bool hasRetries_ = true;  // there may be a failed request whose delay is over
+  Time lastStart_{};
+  Time gatherUntil_{};  // no new request is started before
   std::optional<Time> retryAt_;
   std::optional<Time> lastEnd_;
 };

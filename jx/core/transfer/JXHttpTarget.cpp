@@ -50,7 +50,8 @@ JXHttpTarget::~JXHttpTarget() { curl_url_cleanup(handle_); }
 
 std::string JXHttpTarget::set(const std::string& url) {
   // Nearly every request goes to the same URL.
-  if (handle_ != nullptr && url == url_) return error_;
+  hasChanged_ = handle_ == nullptr || url != url_;
+  if (!hasChanged_) return error_;
   curl_url_cleanup(handle_);
   handle_ = curl_url();
   if (handle_ == nullptr) throw std::bad_alloc();

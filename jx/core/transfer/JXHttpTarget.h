@@ -21,6 +21,8 @@ class JXHttpTarget {
   /// `#` and blanks included, because a source key may contain them. Returns an error message;
   /// empty when the URL is valid. Throws std::bad_alloc.
   std::string set(const std::string& url);
+  /// Returns whether the last `set` changed the URL.
+  bool hasChanged() const { return hasChanged_; }
   /// Returns whether the host is the device itself.
   bool isLoopback() const { return isLoopback_; }
   /// Returns the parsed URL, valid until the next `set`.
@@ -34,6 +36,7 @@ class JXHttpTarget {
   std::string url_;
   std::string error_;
   bool isLoopback_ = false;
+  bool hasChanged_ = false;
 };
 
 }  // namespace jx

@@ -118,6 +118,7 @@ void JXTransferLoop::startGathered(JXTransferPlan::Time now) {
   plan_.endGathering();
   before_ = std::min(before_, applied_.backgroundFrom);
   startAll(now);
+  plan_.requestsAdded();  // those of the background stay
 }
 
 void JXTransferLoop::startAll(JXTransferPlan::Time now) {
@@ -225,7 +226,7 @@ bool JXTransferLoop::startOne(JXTransferPlan::Time now, bool isFurther) {
       // A request that is due cannot be read: its file cannot be restored now.
       retryAt = now + (*wait > milliseconds::zero() ? boundedWait(*wait) : kUnreadableDelay);
     }
-    plan_.nothingToStart(*start, now, retryAt);
+    plan_.nothingToStart(*start, retryAt);
     return true;
   }
   if (start->probes) callSafely(setup_.beforeConnecting);

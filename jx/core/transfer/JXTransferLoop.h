@@ -50,8 +50,8 @@ struct JXTransferSetup {
   std::function<void(std::function<void()> known)> requestUserAgent;
 
   std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above
-  /// Requests that are added within this time after the queue was started are started together,
-  /// and do not wake the thread.
+  /// Requests that are added within this time after others were started are started together, and
+  /// do not wake the thread.
   std::chrono::milliseconds gatherTime{10};
 
   // Replaced by tests. Defaults: the steady clock and a random number generator.

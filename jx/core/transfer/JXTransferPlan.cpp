@@ -67,7 +67,7 @@ std::optional<JXTransferStart> JXTransferPlan::nextStart(Time now) {
     const std::optional<JXOutboxPick::Order> order = host.next(now);
     if (!order || !isWithinLimits(host) || (best != nullptr && !isBefore(host, *best))) continue;
     best = &host;
-    start = JXTransferStart{host.id(), *order, host.isProbing()};
+    start = JXTransferStart{host.id(), *order, host.isProbing(), now};
   }
   return start;
 }
@@ -124,14 +124,12 @@ void JXTransferPlan::started(std::uint64_t id, const JXTransferStart& start,
                              const JXRequestFailures& failures) {
   JXHostPipeline* const host = find(start.host);
   if (host == nullptr) return;
-  host->started();
+  host->started(start.time);
   inFlight_.push_back({id, start.host, host->retryState().round, failures});
 }
 
-void JXTransferPlan::nothingToStart(const JXTransferStart& start, Time now,
-                                    std::optional<Time> retryAt) {
-  JXHostPipeline* const host = find(start.host);
-  if (host != nullptr) host->nothingToStart(start.order, now, retryAt);
+void JXTransferPlan::nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt) {
+  if (JXHostPipeline* const host = find(start.host)) host->nothingToStart(start.order, retryAt);
 }
 
 JXTransferEnd JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& outcome,

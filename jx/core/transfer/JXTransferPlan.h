@@ -19,6 +19,7 @@ struct JXTransferStart {
   std::uint32_t host = 0;
   JXOutboxPick::Order order = JXOutboxPick::Order::Oldest;
   bool probes = false;  ///< the request tests whether the host is available
+  std::chrono::steady_clock::time_point time{};  ///< now
 };
 
 /// The end of an attempt.
@@ -76,7 +77,7 @@ class JXTransferPlan {
                const JXRequestFailures& failures = {});
   /// Reports that the queue contains no such request; the next failed one may be retried at
   /// `retryAt`.
-  void nothingToStart(const JXTransferStart& start, Time now, std::optional<Time> retryAt = {});
+  void nothingToStart(const JXTransferStart& start, std::optional<Time> retryAt = {});
   /// Reports the end of an attempt and returns its class. `failedFor` is the time since the first
   /// server error of the request; `draw` in [0, 1) is the jitter of a wait that may follow.
   JXTransferEnd ended(std::uint64_t id, const JXAttemptResult& outcome,

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -57,6 +58,29 @@ TEST_F(SocketGate, OpensSocketsThatAreClosedOnExec) {
   gate.close(socket);
   EXPECT_EQ(-1, ::fcntl(socket, F_GETFD));
 }
+
+#ifdef TCP_CORK
+TEST_F(SocketGate, HoldsBackSmallWritesUntilTheyAreSentTogether) {
+  const int socket = gate.open(AF_INET, SOCK_STREAM, 0);
+  ASSERT_EQ(0, connectTo(socket));
+  const int peer = ::accept(listener, nullptr, nullptr);
+  const auto isHoldingBack = [socket] {
+    int value = -1;
+    socklen_t size = sizeof value;
+    EXPECT_EQ(0, ::getsockopt(socket, IPPROTO_TCP, TCP_CORK, &value, &size));
+    return value == 1;
+  };
+  gate.holdBack();
+  EXPECT_TRUE(isHoldingBack());
+  EXPECT_TRUE(canSend(socket));
+  EXPECT_TRUE(canSend(socket));
+  gate.sendHeldBack();
+  EXPECT_FALSE(isHoldingBack());
+  char received[4];
+  EXPECT_EQ(2, ::recv(peer, received, sizeof received, 0));
+  ::close(peer);
+}
+#endif
 
 TEST_F(SocketGate, LeavesThreeDescriptorsUnlessItHasNoOtherSocket) {
   rlimit limit{};

@@ -805,5 +805,127 @@ TEST_F(TransferLoop, EndRequeuesAndSyncs) {
   ASSERT_TRUE(setup.outbox->take().has_value());
 }
 
+// Delivers the first event and finds the queue empty: further ones are gathered from then on.
+class GatheringLoop : public TransferLoop {
+ protected:
+  GatheringLoop() {
+    setup.gatherTime = 10ms;
+    add("first");
+    runOnce();
+    runOnce();
+    EXPECT_EQ(1u, transport->started.size());
+    transport->answers = false;
+  }
+  Texts startedLater() const {
+    Texts bodies;
+    for (std::size_t i = 1; i < transport->started.size(); ++i)
+      bodies.push_back(transport->started[i].body);
+    return bodies;
+  }
+};
+
+TEST_F(GatheringLoop, StartsRequestsTogetherThatWereAddedShortlyAfterOthers) {
+  EXPECT_EQ(now + 10ms, wait.wakeAt);
+  EXPECT_TRUE(wait.ignoresAdditions);
+  add("b");
+  now += 4ms;
+  add("c");
+  now += 5ms;
+  runOnce();
+  EXPECT_EQ(Texts{}, startedLater());
+  EXPECT_EQ(now + 1ms, wait.wakeAt);
+  EXPECT_TRUE(wait.ignoresAdditions);
+  now += 1ms;
+  runOnce();
+  EXPECT_EQ((Texts{bodyOf("b"), bodyOf("c")}), startedLater());
+}
+
+TEST_F(GatheringLoop, SleepsWhenNothingWasAdded) {
+  const Time delivered = now;
+  now += 10ms;
+  runOnce();
+  // Only the sync is left. The next addition wakes the thread and is started immediately.
+  EXPECT_EQ(delivered + 1s, wait.wakeAt);
+  EXPECT_FALSE(wait.ignoresAdditions);
+  add("b");
+  runOnce();
+  EXPECT_EQ(Texts{bodyOf("b")}, startedLater());
+  now += 1s;
+  transport->answers = true;
+  runOnce();
+  now += 1s;
+  runOnce();
+  EXPECT_EQ(std::nullopt, wait.wakeAt);
+}
+
+// Otherwise more than a second could pass before the request is synced.
+TEST_F(GatheringLoop, IsWokenByAnAdditionIfNoSyncIsDue) {
+  now += 1s;
+  add("b");
+  runOnce();  // syncs, and starts the request
+  EXPECT_EQ(Texts{bodyOf("b")}, startedLater());
+  EXPECT_EQ(now + 10ms, wait.wakeAt);
+  EXPECT_FALSE(wait.ignoresAdditions);
+}
+
+TEST_F(GatheringLoop, FlushStartsGatheredRequests) {
+  add("b");
+  ++commands.flushes;
+  runOnce();
+  EXPECT_EQ(Texts{bodyOf("b")}, startedLater());
+}
+
+TEST_F(GatheringLoop, StartsGatheredRequestsBeforeTheBackground) {
+  add("b");
+  commands.inBackground = true;
+  commands.backgroundFrom = setup.outbox->nextId();
+  add("in the background");
+  runOnce();
+  runFor(1s, 100ms);
+  EXPECT_EQ(Texts{bodyOf("b")}, startedLater());
+  commands.inBackground = false;
+  runOnce();
+  EXPECT_EQ((Texts{bodyOf("b"), bodyOf("in the background")}), startedLater());
+}
+
+TEST_F(GatheringLoop, StopHoldsGatheredRequests) {
+  add("b");
+  ++commands.suspensions;
+  commands.filter = std::make_shared<JXSendFilter>(true, std::vector<JXSendFilter::Rule>(),
+                                                   std::vector<JXStopMark>(), false);
+  commands.inBackground = true;
+  commands.backgroundFrom = setup.outbox->nextId();
+  runOnce();
+  commands.inBackground = false;
+  runFor(1s, 100ms);
+  EXPECT_EQ(Texts{}, startedLater());
+}
+
+TEST_F(GatheringLoop, DoesNotDelayABacklog) {
+  transport->answers = true;
+  for (int i = 0; i < 20; ++i)
+    add("e");
+  now += 10ms;
+  for (int i = 0; i < 5; ++i)
+    runOnce();
+  EXPECT_EQ(0u, queued());
+}
+
+TEST_F(TransferLoop, RecordsTheResponsesOfAPollWithOneWrite) {
+  add("first");
+  runOnce();
+  for (int i = 0; i < 4; ++i)
+    add("e");
+  loop().apply(commands, true);
+  wait = loop().act();
+  ASSERT_EQ(4u, transport->inFlight.size());
+  std::vector<JXHttpResult> results = loop().poll(wait, true);
+  const FailingDisk disk(0, 0, FailingDisk::Write::Nothing);
+  loop().complete(std::move(results));
+  EXPECT_EQ(1, disk.calls());
+  EXPECT_EQ(0u, queued());
+  EXPECT_EQ(5u, deliveries.size());
+}
+
 }  // namespace
 }  // namespace jx

@@ -42,8 +42,8 @@ class TransferPlan : public ::testing::Test {
     plan.ended(id, outcome, {}, 0ms, now, 0.5);
   }
   void emptyQueue() {
-    plan.nothingToStart({1, Order::Oldest, false}, kStart);
-    plan.nothingToStart({1, Order::Retry, false}, kStart);
+    plan.nothingToStart({1, Order::Oldest, false});
+    plan.nothingToStart({1, Order::Retry, false});
   }
   // Delivers the first request, so that several may be in flight afterwards.
   void warmUp() {
@@ -316,9 +316,9 @@ TEST_F(TransferPlan, RetriesAFailedRequestOnlyWhenNoNewOneIsQueued) {
   EXPECT_EQ(start(1).order, Order::Oldest);
   end(1, kServerError);
   EXPECT_EQ(plan.nextStart(kStart)->order, Order::Oldest);
-  plan.nothingToStart({1, Order::Oldest, false}, kStart);
+  plan.nothingToStart({1, Order::Oldest, false});
   EXPECT_EQ(plan.nextStart(kStart)->order, Order::Retry);
-  plan.nothingToStart({1, Order::Retry, false}, kStart, kStart + 60s);
+  plan.nothingToStart({1, Order::Retry, false}, kStart + 60s);
   EXPECT_EQ(plan.nextStart(kStart + 59'999ms), std::nullopt);
   EXPECT_EQ(plan.nextWait(kStart).wakeAt, kStart + 60s);
   EXPECT_EQ(plan.nextStart(kStart + 60s)->order, Order::Retry);
