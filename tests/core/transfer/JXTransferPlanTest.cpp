@@ -411,5 +411,63 @@ TEST_F(TransferPlan, ForgetsAHostThatIsNoLongerQueued) {
   EXPECT_NE(plan.pipeline(2), nullptr);  // a request is in flight
 }
 
+class GatheringPlan : public TransferPlan {
+ protected:
+  // Delivers a request at kStart, and finds the queue empty then.
+  GatheringPlan() {
+    plan = JXTransferPlan(JXRetryTimings(), 10ms);
+    plan.setHosts({{1, 0}});
+    start(1);
+    end(1, kDelivered);
+    emptyQueue();
+    plan.storageChanged(kStart);
+  }
+};
+
+TEST_F(GatheringPlan, StartsRequestsOnlyAfterTheGatheringTime) {
+  plan.requestsAdded();
+  EXPECT_EQ(plan.nextStart(kStart + 9ms), std::nullopt);
+  EXPECT_EQ(plan.nextWait(kStart + 9ms).wakeAt, kStart + 10ms);
+  EXPECT_TRUE(plan.nextWait(kStart + 9ms).ignoresAdditions);
+  EXPECT_EQ(mayStart(kStart + 10ms), 4u);
+}
+
+TEST_F(GatheringPlan, WakesOnceForAdditionsThatWereNotReported) {
+  EXPECT_EQ(plan.nextWait(kStart + 9ms).wakeAt, kStart + 10ms);
+  EXPECT_TRUE(plan.nextWait(kStart + 9ms).ignoresAdditions);
+  EXPECT_EQ(plan.nextWait(kStart + 10ms).wakeAt, kStart + 1s);
+  EXPECT_FALSE(plan.nextWait(kStart + 10ms).ignoresAdditions);
+}
+
+TEST_F(GatheringPlan, CountsFromTheLastStart) {
+  plan.requestsAdded();
+  start(2, kStart + 30ms);
+  end(2, kDelivered, kStart + 50ms);
+  // A response that took longer than the gathering time causes no further wake-up.
+  plan.nothingToStart({1, Order::Oldest, false});
+  EXPECT_EQ(plan.nextWait(kStart + 50ms).wakeAt, kStart + 1s);
+  EXPECT_FALSE(plan.isGathering(kStart + 50ms));
+}
+
+TEST_F(GatheringPlan, KeepsSendingABacklog) {
+  plan.requestsAdded();
+  start(2, kStart + 10ms);
+  start(3, kStart + 10ms);
+  EXPECT_EQ(mayStart(kStart + 11ms), 2u);
+}
+
+TEST_F(GatheringPlan, GathersForEachHostAlone) {
+  plan.setHosts({{1, 0}, {2, 0}});
+  plan.requestsAdded();
+  EXPECT_EQ(plan.nextStart(kStart)->host, 2u);
+}
+
+TEST_F(GatheringPlan, EndsWithAFlush) {
+  plan.requestsAdded();
+  plan.expedite(kStart);
+  EXPECT_FALSE(plan.isGathering(kStart));
+  EXPECT_EQ(mayStart(kStart), 4u);
+}
+
 }  // namespace
 }  // namespace jx
