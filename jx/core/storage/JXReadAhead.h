@@ -19,8 +19,9 @@ class JXReadAhead {
   static constexpr std::size_t kRun = 32 * 1024;
 
   /// Returns the payload of a request, valid until the next call; empty if it cannot be read in a
-  /// run, for example because it is damaged: read it alone then. Throws std::bad_alloc.
-  std::string_view payload(JXOutboxSegment& segment, std::uint32_t offset, std::uint32_t bytes);
+  /// run, for example because it is damaged or memory is exhausted: read it alone then.
+  std::string_view payload(JXOutboxSegment& segment, std::uint32_t offset,
+                           std::uint32_t bytes) noexcept;
   /// Call this before a segment is destroyed.
   void forget(const JXOutboxSegment& segment) noexcept;
   /// Releases the memory.

@@ -13,9 +13,9 @@
 #include "jx/core/JXCollectionEndpoint.h"
 #include "jx/core/transfer/JXCurlLibrary.h"
 #include "jx/core/transfer/JXCurlMulti.h"
+#include "jx/core/transfer/JXCurlTrust.h"
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
-#include "jx/core/transfer/JXPublicKeyPin.h"
 #include "jx/core/transfer/JXSocketGate.h"
 
 namespace jx {
@@ -220,36 +220,12 @@ class JXCurlTransport::Implementation {
     // An abort does not wait for a pending name resolution.
     curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
 #endif
-    exchange.isSecure = prepareTrust(easy);
+    exchange.isSecure = requireTrust(easy, options_);
     // Responses of the proxy to CONNECT are not responses of the server.
     curl_easy_setopt(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     if (options_.proxy.isPresent()) {
       curl_easy_setopt(easy, CURLOPT_PROXY, options_.proxy.c_str());
     }
-  }
-
-  // Returns false when libcurl or its TLS library does not support one of the settings.
-  bool prepareTrust(CURL* easy) const {
-    bool isSecure = true;
-    const auto set = [&](CURLoption option, auto value) {
-      isSecure = curl_easy_setopt(easy, option, value) == CURLE_OK && isSecure;
-    };
-    set(CURLOPT_SSL_VERIFYPEER, 1L);
-    set(CURLOPT_SSL_VERIFYHOST, 2L);
-    set(CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
-    if (options_.caFile.isPresent()) {
-      set(CURLOPT_CAINFO, options_.caFile.c_str());
-      // Otherwise the system's certificate folder would be trusted too.
-      curl_easy_setopt(easy, CURLOPT_CAPATH, nullptr);
-#if LIBCURL_VERSION_NUM >= 0x075700
-      // A replaced file takes effect with the next connection, not a day later.
-      curl_easy_setopt(easy, CURLOPT_CA_CACHE_TIMEOUT, 0L);
-#endif
-    }
-    if (!options_.pinnedPublicKeys.empty()) {
-      set(CURLOPT_PINNEDPUBLICKEY, joinedPins(options_.pinnedPublicKeys).c_str());
-    }
-    return isSecure;
   }
 
   // Sets the options that differ between requests.

@@ -174,6 +174,7 @@ void JXTransferLoop::complete(std::vector<JXHttpResult> results) noexcept {
 void JXTransferLoop::completeSome(JXHttpResult* results, std::size_t count) noexcept {
   std::array<std::optional<JXDeliveryOutcome>, JXTransferPlan::kMaxInFlight> outcomes;
   JXDeliveredRequests delivered;
+  static_assert(sizeof delivered.ids == JXTransferPlan::kMaxInFlight * sizeof(std::uint64_t));
   for (std::size_t i = 0; i < count; ++i) {
     outcomes[i] = completeOne(results[i]);
     if (outcomes[i] == JXDeliveryOutcome::Delivered) delivered.ids[i] = results[i].request.id;
