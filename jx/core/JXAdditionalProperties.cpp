@@ -25,19 +25,28 @@ std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::initShared() {
 JXAdditionalProperties::JXAdditionalProperties(Sharing sharing)
     : mutex_(sharing == Sharing::AnyThread ? std::make_unique<std::mutex>() : nullptr) {}
 
+JXJsonObject& JXAdditionalProperties::properties() const {
+  if (!additionalProperties_.isPresent()) additionalProperties_ = JXJsonObject();
+  return additionalProperties_;
+}
+
 JXJsonObject JXAdditionalProperties::getAdditionalProperties() const {
-  if (!mutex_) return additionalProperties_;
-  if (isIgnored()) return {};
-  const std::lock_guard<std::mutex> lock(*mutex_);
-  return additionalProperties_.mutableCopy();
+  return mutex_ ? copyOfProperties() : properties();
+}
+
+JXJsonObject JXAdditionalProperties::copyOfProperties() const {
+  const JXJsonObject extras = extrasOf(*this);
+  // The extras of an object of several threads are a copy already.
+  if (mutex_ && extras.isPresent()) return extras;
+  return extras.isPresent() ? extras.mutableCopy() : JXJsonObject();
 }
 
 template <typename Operation>
 void JXAdditionalProperties::change(const Operation& operation) {
-  if (!mutex_) return operation(additionalProperties_);
+  if (!mutex_) return operation(properties());
   if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(*mutex_);
-  operation(additionalProperties_);
+  operation(properties());
 }
 
 void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
@@ -61,7 +70,7 @@ JXJsonObject JXAdditionalProperties::extrasOf(const JXAdditionalProperties& obje
 void JXAdditionalProperties::writeOwnEntries(JXJsonSink&) const {}
 
 JXJsonObject JXAdditionalProperties::newJsonObject() const {
-  const JXJsonObject object = getAdditionalProperties().mutableCopy();
+  const JXJsonObject object = copyOfProperties();
   JXJsonTreeSink sink(object);
   writeOwnEntries(sink);
   return object;
@@ -94,6 +103,7 @@ void JXAdditionalProperties::addAdditionalProperty_withDictValue(const JXString&
 }
 
 void JXAdditionalProperties::addAdditionalProperty(const JXJsonObject& entries) {
+  if (entries.size() == 0) return;
   change([&](JXJsonObject& properties) {
     // Its own entries are present already, and the loop must not modify the object that it
     // iterates over.

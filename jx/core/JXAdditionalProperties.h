@@ -61,13 +61,26 @@ class JX_API JXAdditionalProperties {
   enum class Sharing { OneThread, AnyThread };
   explicit JXAdditionalProperties(Sharing sharing = Sharing::OneThread);
 
+  /// Argument of the constructors that `make` calls, which only initialisers can create.
+  struct InitKey {
+    explicit InitKey() = default;
+  };
+  /// Creates an object and its reference count with one allocation.
+  template <typename Object>
+  static std::shared_ptr<Object> make() {
+    return std::make_shared<Object>(InitKey());
+  }
+
   /// Writes the object's own fields to `sink`, in order.
   virtual void writeOwnEntries(JXJsonSink& sink) const;
-  /// Returns the additional properties of an object that belongs to one thread, without a copy.
+  /// Returns the additional properties of an object that belongs to one thread, without a copy;
+  /// null if none was ever added.
   const JXJsonObject& extraProperties() const { return additionalProperties_; }
   /// Returns the additional properties of `object` as they are now. An object that several threads
   /// may use yields a copy, or null if it has none.
   static JXJsonObject extrasOf(const JXAdditionalProperties& object);
+  /// Returns a new JSON object with the additional properties. Never null.
+  JXJsonObject copyOfProperties() const;
   /// Returns a new JSON object: the additional properties, overridden by the fields.
   JXJsonObject newJsonObject() const;
 
@@ -77,12 +90,14 @@ class JX_API JXAdditionalProperties {
 
  private:
   void addValue(const JXString& key, const JXJsonValue& value);
+  JXJsonObject& properties() const;
   /// Calls `operation` with the additional properties, under the mutex if there is one.
   template <typename Operation>
   void change(const Operation& operation);
 
   std::unique_ptr<std::mutex> mutex_;  ///< null for an object of one thread
-  JXJsonObject additionalProperties_;
+  /// Null until it is first needed, because most items and products have none.
+  mutable JXJsonObject additionalProperties_{nullptr};
 };
 
 }  // namespace jx

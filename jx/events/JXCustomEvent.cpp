@@ -8,7 +8,7 @@
 namespace jx {
 
 std::shared_ptr<JXCustomEvent> JXCustomEvent::initWithName(const JXString& name) {
-  std::shared_ptr<JXCustomEvent> event(new JXCustomEvent());
+  std::shared_ptr<JXCustomEvent> event = make<JXCustomEvent>();
   event->setName(name);
   return event;
 }

@@ -26,6 +26,9 @@ class JX_API JXCustomEvent : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
+  /// For the initialisers.
+  explicit JXCustomEvent(InitKey) : JXCustomEvent() {}
+
  protected:
   JXCustomEvent() = default;
 };

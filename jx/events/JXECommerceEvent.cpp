@@ -7,9 +7,7 @@
 
 namespace jx {
 
-std::shared_ptr<JXECommerceEvent> JXECommerceEvent::init() {
-  return std::shared_ptr<JXECommerceEvent>(new JXECommerceEvent());
-}
+std::shared_ptr<JXECommerceEvent> JXECommerceEvent::init() { return make<JXECommerceEvent>(); }
 
 const JXEventClass& JXECommerceEvent::eventClass() {
   static const auto& type = JXEventClass::of<JXECommerceEvent>(

@@ -32,6 +32,9 @@ class JX_API JXECommerceEvent : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
+  /// For the initialisers.
+  explicit JXECommerceEvent(InitKey) : JXECommerceEvent() {}
+
  protected:
   JXECommerceEvent() = default;
 

@@ -11,11 +11,12 @@
 #include "jx/core/json/JXJsonTreeSink.h"
 
 namespace jx {
-std::shared_ptr<JXEvent> JXEvent::init() { return std::shared_ptr<JXEvent>(new JXEvent()); }
+
+std::shared_ptr<JXEvent> JXEvent::init() { return make<JXEvent>(); }
 
 JXJsonObject JXEvent::getJsonObject() const {
   const JXCoreCaller caller("JXEvent::getJsonObject()");
-  JXJsonObject dict = extraProperties().mutableCopy();
+  JXJsonObject dict = copyOfProperties();
   JXJsonTreeSink sink(dict);
   if (!name_.isPresent()) dict.remove(JXE_EVENT);
   writeHead(sink);

@@ -85,6 +85,9 @@ class JX_API JXEvent : public JXAdditionalProperties {
   /// Returns the descriptor of the event's most derived class.
   virtual const JXEventClass& ownEventClass() const { return eventClass(); }
 
+  /// For `init`.
+  explicit JXEvent(InitKey) : JXEvent() {}
+
  protected:
   JXEvent() = default;
 

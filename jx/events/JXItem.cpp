@@ -8,14 +8,14 @@
 namespace jx {
 
 std::shared_ptr<JXItem> JXItem::init() {
-  std::shared_ptr<JXItem> item(new JXItem());
+  std::shared_ptr<JXItem> item = make<JXItem>();
   item->setProduct(JXProduct::init());
   return item;
 }
 
 std::shared_ptr<JXItem> JXItem::initWithItemId_withProduct_withQuantity(
     const JXString& itemId, const std::shared_ptr<JXProduct>& product, std::int32_t quantity) {
-  std::shared_ptr<JXItem> item = init();
+  std::shared_ptr<JXItem> item = make<JXItem>();
   item->setID(itemId);
   item->setProduct(product);
   item->setQuantity(quantity);

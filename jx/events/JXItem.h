@@ -74,8 +74,10 @@ class JX_API JXItem final : public JXAdditionalProperties {
   /// valid.
   static const std::vector<JXCondition>& conditions() { return blockClass().conditions; }
 
+  /// For the initialisers.
+  explicit JXItem(InitKey) {}
+
  private:
-  JXItem() = default;
   void writeOwnEntries(JXJsonSink& sink) const override;
 
   JXString ID_;

@@ -7,11 +7,11 @@
 
 namespace jx {
 
-std::shared_ptr<JXProduct> JXProduct::init() { return std::shared_ptr<JXProduct>(new JXProduct()); }
+std::shared_ptr<JXProduct> JXProduct::init() { return make<JXProduct>(); }
 
 std::shared_ptr<JXProduct> JXProduct::initWithProductId_withName_withPrice(
     const JXString& productId, const JXString& name, const std::optional<JXDecimal>& price) {
-  std::shared_ptr<JXProduct> product = init();
+  std::shared_ptr<JXProduct> product = make<JXProduct>();
   product->setID(productId);
   product->setName(name);
   product->setPrice(price);

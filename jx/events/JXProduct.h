@@ -67,8 +67,10 @@ class JX_API JXProduct final : public JXAdditionalProperties {
   /// Returns the conditions that `verifyProduct` tests, by JSON key.
   static const std::vector<JXCondition>& conditions() { return blockClass().conditions; }
 
+  /// For the initialisers.
+  explicit JXProduct(InitKey) {}
+
  private:
-  JXProduct() = default;
   void writeOwnEntries(JXJsonSink& sink) const override;
 
   JXString ID_;

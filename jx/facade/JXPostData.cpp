@@ -48,7 +48,7 @@ void writeBodyFromJsonObject(const JXEvent& event, std::int32_t serverSideState,
 
 void JXPostData::writeBody(const JXEvent& event, std::int32_t serverSideState,
                            JXNewSessionClaim* claim, JXJsonTextSink& sink) {
-  sink.entries(event.getAdditionalProperties());
+  sink.entries(event.extraProperties());
   event.writeHead(sink);
   sink.beginObject(JXE_CONTEXT);
   event.writeContext(sink);

@@ -14,6 +14,7 @@
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
+#include "jx/core/notifications/JXPendingRequest.h"
 #include "jx/core/notifications/JXPostScope.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
@@ -183,30 +184,30 @@ void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
 
 void ServerSide::send(JXEvent& event, std::int32_t state) {
   JXNewSessionClaim claim;
-  JXJsonObject userInfo(nullptr);
+  JXString body;
   try {
-    userInfo = compose(event, state, claim);
+    body = compose(event, state, claim);
   } catch (const std::bad_alloc&) {
     if (JXNetworkManager::sharedInstance().dropOutOfMemory()) return;
     throw;
   }
   if (const auto sender = senderDelegate()) {
-    sender->send({kJXNotification_HTTPRequest, this, userInfo});
+    JXNotification notification{kJXNotification_HTTPRequest, this, nullptr};
+    const JXString url = this->url();
+    const JXPendingRequest request(notification, url, body);
+    sender->send(notification);
   }
   claim.keep();
   mirrorToFirebase(event);
 }
 
-JXJsonObject ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
+JXString ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
   const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
   if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
   if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
-  const JXString body = JXPostData::executionBody(event, state, claim);
+  JXString body = JXPostData::executionBody(event, state, claim);
   if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
-  JXJsonObject userInfo;
-  userInfo.set(kJXUserInfo_URLKey, url());
-  userInfo.set(kJXUserInfo_POSTData, body);
-  return userInfo;
+  return body;
 }
 
 void ServerSide::mirrorToFirebase(const JXEvent& event) {

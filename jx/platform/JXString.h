@@ -97,8 +97,8 @@ class JX_API JXString {
 
     char* characters() { return reinterpret_cast<char*>(this + 1); }
   };
-  // Long enough for the names of variables and notifications, so that look-ups do not allocate.
-  static constexpr std::size_t kInlineCapacity = 30;
+  // Long enough for UUIDs, the names of variables and notifications, and most names of products.
+  static constexpr std::size_t kInlineCapacity = 38;
   static constexpr unsigned char kShared = 0xFE;
   static constexpr unsigned char kNull = 0xFF;
 

@@ -199,8 +199,18 @@ def descriptor_declarations(block):
             "  const JXEventClass& ownEventClass() const override { return eventClass(); }\n\n")
 
 
+def public_constructor(block):
+    """Returns the constructor for the initialisers, which std::make_shared calls."""
+    text = comment("For the initialisers.") + f"  explicit {block.name}(InitKey)"
+    if not block.is_final:
+        return text + f" : {block.name}() {{}}\n\n"
+    return text + (";\n\n" if block.event_name else " {}\n\n")
+
+
 def constructor_declarations(block):
-    text = f"  {block.name}(){'' if block.event_name else ' = default'};\n"
+    text = ""
+    if not block.is_final:
+        text += f"  {block.name}(){'' if block.event_name else ' = default'};\n"
     if block.kind == "object":
         text += "  void writeOwnEntries(JXJsonSink& sink) const override;\n"
     if block.names_by_mode:
@@ -238,10 +248,11 @@ def class_header(block):
                  comment(block.json_comment) + "  JXJsonObject getJsonObject() const;\n\n")
     if block.fields:
         body += "".join(accessors(field) for field in block.fields.values()) + "\n"
-    body += descriptor_declarations(block)
-    body += f" {'private' if block.is_final else 'protected'}:\n{constructor_declarations(block)}"
+    body += descriptor_declarations(block) + public_constructor(block)
+    constructors = constructor_declarations(block)
+    body += f" {'private' if block.is_final else 'protected'}:\n{constructors}"
     if block.fields:
-        body += "\n" + "".join(member(field) for field in block.fields.values())
+        body += ("\n" if constructors else "") + "".join(member(field) for field in block.fields.values())
     return header(f"{FOLDER}/{block.file}", needed, body + "};\n\n")
 
 
@@ -290,23 +301,29 @@ def assignments(block, variable, items):
 def definitions_of_initialisers(block):
     pointer = f"std::shared_ptr<{block.name}>"
     variable = "event" if block.kind == "event" else block.name[2:].lower()
+    made = f"make<{block.name}>()"
     text = ""
     if not block.deleted_init:
-        filled = "".join(f"  {variable}->{field.setter}(JXProduct::init());\n"
-                         for field in block.fields.values() if field.type == "product")
+        filled = default_products(block, variable, [])
+        body = f"return {made};"
         if filled:
-            text += (f"{pointer} {block.name}::init() {{\n"
-                     f"  {pointer} {variable}(new {block.name}());\n{filled}"
-                     f"  return {variable};\n}}\n\n")
-        else:
-            text += (f"{pointer} {block.name}::init() {{ "
-                     f"return {pointer}(new {block.name}()); }}\n\n")
-    created = f"{variable}(new {block.name}())" if block.deleted_init else f"{variable} = init()"
+            body = f"\n  {pointer} {variable} = {made};\n{filled}  return {variable};\n"
+        text += f"{pointer} {block.name}::init() {{ {body} }}\n\n"
     for item in block.initialisers:
         text += (f"{pointer} {block.name}::{item.name}({arguments(block, item)}) {{\n"
-                 f"  {pointer} {created};\n{assignments(block, variable, item.arguments)}"
+                 f"  {pointer} {variable} = {made};\n"
+                 f"{default_products(block, variable, item.arguments)}"
+                 f"{assignments(block, variable, item.arguments)}"
                  f"  return {variable};\n}}\n\n")
     return text
+
+
+def default_products(block, variable, items):
+    """Returns the statements that create the products which are not among the arguments."""
+    passed = [item.field for item in items if item.type != "mode"]
+    return "".join(f"  {variable}->{field.setter}(JXProduct::init());\n"
+                   for field in block.fields.values()
+                   if field.type == "product" and field not in passed)
 
 
 def factory(block):
@@ -321,7 +338,8 @@ def factory(block):
 def event_definitions(block):
     text = ""
     if block.event_name:
-        text += f"{block.name}::{block.name}() {{ setName(kName); }}\n\n"
+        key = "InitKey" if block.is_final else ""
+        text += f"{block.name}::{block.name}({key}) {{ setName(kName); }}\n\n"
     text += definitions_of_initialisers(block)
     if block.names_by_mode:
         text += _NAME_OF_MODE.format(name=block.name)

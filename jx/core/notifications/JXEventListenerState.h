@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "jx/core/notifications/JXEventListener.h"
+#include "jx/core/notifications/JXPendingRequest.h"
 
 namespace jx {
 
@@ -29,6 +30,7 @@ class JXEventListener::State {
   /// `from`, where the notification was posted.
   void deliverFromElsewhere(const JXNotification& notification, const JXNotificationCenter* from) {
     if (!listensElsewhere(notification.name, from)) return;
+    JXPendingRequest::createUserInfo(notification);
     deliver(notification);
   }
 

@@ -8,6 +8,7 @@
 
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/notifications/JXGuardedDelivery.h"
+#include "jx/core/notifications/JXPendingRequest.h"
 #include "jx/core/notifications/JXPostScope.h"
 
 namespace jx {
@@ -16,6 +17,7 @@ struct JXNotificationCenter::Registration {
   const void* observer;
   JXString name;
   Handler handler;
+  bool readsUserInfo;
   std::atomic<bool> ended{false};
 
   bool listensFor(const JXString& posted) const { return !name.isPresent() || name == posted; }
@@ -32,11 +34,17 @@ const std::shared_ptr<JXNotificationCenter>& JXNotificationCenter::defaultCenter
 
 void JXNotificationCenter::addObserver(const void* observer, const JXString& name,
                                        Handler handler) {
+  add(observer, name, std::move(handler), true);
+}
+
+void JXNotificationCenter::add(const void* observer, const JXString& name, Handler handler,
+                               bool readsUserInfo) {
   if (JXForkedChild::ignores("JXNotificationCenter::addObserver()")) return;
   auto registration = std::make_shared<Registration>();
   registration->observer = observer;
   registration->name = name;
   registration->handler = std::move(handler);
+  registration->readsUserInfo = readsUserInfo;
   const std::lock_guard<std::mutex> lock(mutex_);
   auto changed = std::make_shared<Registrations>(*registrations_);
   changed->push_back(std::move(registration));
@@ -80,7 +88,10 @@ void JXNotificationCenter::postNotification(const JXNotification& notification) 
   }
   for (const auto& registration : *registrations) {
     if (registration->ended || !registration->listensFor(notification.name)) continue;
-    deliverGuarded(notification, [&] { registration->handler(notification); });
+    deliverGuarded(notification, [&] {
+      if (registration->readsUserInfo) JXPendingRequest::createUserInfo(notification);
+      registration->handler(notification);
+    });
   }
 }
 

@@ -40,9 +40,12 @@ class JX_API JXNotificationCenter {
   void postNotification(const JXNotification& notification);
 
  private:
+  friend class JXNotificationHub;
   struct Registration;
   using Registrations = std::vector<std::shared_ptr<Registration>>;
 
+  /// As `addObserver`. `readsUserInfo` is false for the hub, which reads pending requests.
+  void add(const void* observer, const JXString& name, Handler handler, bool readsUserInfo);
   template <typename Predicate>
   void removeWhere(Predicate predicate);
 

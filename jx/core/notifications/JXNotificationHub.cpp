@@ -12,6 +12,7 @@
 #include "jx/core/JXNetwork.h"
 #include "jx/core/notifications/JXEventListenerState.h"
 #include "jx/core/notifications/JXGuardedDelivery.h"
+#include "jx/core/notifications/JXPendingRequest.h"
 #include "jx/core/notifications/JXPostScope.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 
@@ -38,10 +39,12 @@ void JXNotificationHub::observe(const std::shared_ptr<JXNotificationCenter>& cen
     if (known.lock() == center) return;
   }
   centers_.push_back(center);
-  center->addObserver(this, nullptr,
-                      [this, from = center.get()](const JXNotification& notification) {
-                        received(notification, from);
-                      });
+  center->add(
+      this, nullptr,
+      [this, from = center.get()](const JXNotification& notification) {
+        received(notification, from);
+      },
+      false);
 }
 
 void JXNotificationHub::add(const std::shared_ptr<JXEventListener::State>& listener) {
@@ -76,18 +79,24 @@ void JXNotificationHub::received(const JXNotification& notification,
     deliverGuarded(notification, [&] { listener->deliverFromElsewhere(notification, from); });
 }
 
+void JXNotificationHub::enqueue(const JXNotification& notification) {
+  const JXJsonObject& userInfo = notification.userInfo;
+  const JXPendingRequest* const request = JXPendingRequest::of(notification);
+  const JXString url = request ? request->url() : userInfo.get(kJXUserInfo_URLKey).string();
+  const JXString body = request ? request->body() : userInfo.get(kJXUserInfo_POSTData).string();
+  if (url.isPresent() && body.isPresent()) {
+    JXNetworkManager::sharedInstance().enqueue(url.view(), body.view(), notification.object);
+  } else {
+    JXLogger::sharedInstance().logMessage_withLevel(
+        "HTTP request notification has no URL or body; event discarded", 2);
+  }
+}
+
 void JXNotificationHub::handToNetworkManager(const JXNotification& notification) {
   JXNetworkManager& manager = JXNetworkManager::sharedInstance();
   const std::string_view name = notification.name.view();
   if (name == kJXNotification_HTTPRequest) {
-    const JXString url = notification.userInfo.get(kJXUserInfo_URLKey).string();
-    const JXString body = notification.userInfo.get(kJXUserInfo_POSTData).string();
-    if (url.isPresent() && body.isPresent()) {
-      manager.enqueue(url.view(), body.view(), notification.object);
-    } else {
-      JXLogger::sharedInstance().logMessage_withLevel(
-          "HTTP request notification has no URL or body; event discarded", 2);
-    }
+    enqueue(notification);
   } else if (name == kJXNotification_EnablingTheServerSide) {
     JXPostScope::setDecision(notification, manager.decide(true));
   } else if (name == kJXNotification_StoppingTheServerSide) {

@@ -30,6 +30,7 @@ class JXNotificationHub {
   void remove(const std::shared_ptr<JXEventListener::State>& listener);
   void received(const JXNotification& notification, const JXNotificationCenter* from);
   static void handToNetworkManager(const JXNotification& notification);
+  static void enqueue(const JXNotification& notification);
 
   std::mutex mutex_;
   std::vector<std::weak_ptr<JXNotificationCenter>> centers_;

@@ -12,15 +12,15 @@ constexpr std::string_view kName = "add_payment_info";
 
 }  // namespace
 
-JXAddPaymentInfoEvent::JXAddPaymentInfoEvent() { setName(kName); }
+JXAddPaymentInfoEvent::JXAddPaymentInfoEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXAddPaymentInfoEvent> JXAddPaymentInfoEvent::init() {
-  return std::shared_ptr<JXAddPaymentInfoEvent>(new JXAddPaymentInfoEvent());
+  return make<JXAddPaymentInfoEvent>();
 }
 
 std::shared_ptr<JXAddPaymentInfoEvent> JXAddPaymentInfoEvent::initWithPaymentMethod(
     const JXString& paymentMethod) {
-  std::shared_ptr<JXAddPaymentInfoEvent> event = init();
+  std::shared_ptr<JXAddPaymentInfoEvent> event = make<JXAddPaymentInfoEvent>();
   event->setPaymentMethod(paymentMethod);
   return event;
 }

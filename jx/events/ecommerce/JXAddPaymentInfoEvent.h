@@ -38,9 +38,10 @@ class JX_API JXAddPaymentInfoEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXAddPaymentInfoEvent();
+  /// For the initialisers.
+  explicit JXAddPaymentInfoEvent(InitKey);
 
+ private:
   JXString paymentMethod_;
   JXString coupon_;
   std::optional<JXDecimal> revenue_;

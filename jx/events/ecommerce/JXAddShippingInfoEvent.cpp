@@ -12,17 +12,17 @@ constexpr std::string_view kName = "add_shipping_info";
 
 }  // namespace
 
-JXAddShippingInfoEvent::JXAddShippingInfoEvent() { setName(kName); }
+JXAddShippingInfoEvent::JXAddShippingInfoEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXAddShippingInfoEvent> JXAddShippingInfoEvent::init() {
-  return std::shared_ptr<JXAddShippingInfoEvent>(new JXAddShippingInfoEvent());
+  return make<JXAddShippingInfoEvent>();
 }
 
 std::shared_ptr<JXAddShippingInfoEvent>
 JXAddShippingInfoEvent::initWithItems_withValue_withCurrency(
     const JXList<std::shared_ptr<JXItem>>& items, const std::optional<JXDecimal>& value,
     const JXString& currency) {
-  std::shared_ptr<JXAddShippingInfoEvent> event = init();
+  std::shared_ptr<JXAddShippingInfoEvent> event = make<JXAddShippingInfoEvent>();
   event->items_.appendAll(items);
   event->setValue(value);
   event->setCurrency(currency);

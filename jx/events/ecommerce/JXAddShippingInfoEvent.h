@@ -40,9 +40,10 @@ class JX_API JXAddShippingInfoEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXAddShippingInfoEvent();
+  /// For the initialisers.
+  explicit JXAddShippingInfoEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
   JXString coupon_;
   JXString shippingTier_;

@@ -12,15 +12,13 @@ constexpr std::string_view kName = "add_to_cart";
 
 }  // namespace
 
-JXAddToCartEvent::JXAddToCartEvent() { setName(kName); }
+JXAddToCartEvent::JXAddToCartEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::init() {
-  return std::shared_ptr<JXAddToCartEvent>(new JXAddToCartEvent());
-}
+std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::init() { return make<JXAddToCartEvent>(); }
 
 std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXAddToCartEvent> event = init();
+  std::shared_ptr<JXAddToCartEvent> event = make<JXAddToCartEvent>();
   event->items_.appendAll(items);
   return event;
 }
@@ -28,7 +26,7 @@ std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithItems(
 std::shared_ptr<JXAddToCartEvent> JXAddToCartEvent::initWithValue_withCurrency_withItems(
     const std::optional<JXDecimal>& value, const JXString& currency,
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXAddToCartEvent> event = init();
+  std::shared_ptr<JXAddToCartEvent> event = make<JXAddToCartEvent>();
   event->setValue(value);
   event->setCurrency(currency);
   event->items_.appendAll(items);

@@ -37,9 +37,10 @@ class JX_API JXAddToCartEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXAddToCartEvent();
+  /// For the initialisers.
+  explicit JXAddToCartEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
 };
 

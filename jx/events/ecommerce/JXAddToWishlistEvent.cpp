@@ -12,15 +12,15 @@ constexpr std::string_view kName = "add_to_wishlist";
 
 }  // namespace
 
-JXAddToWishlistEvent::JXAddToWishlistEvent() { setName(kName); }
+JXAddToWishlistEvent::JXAddToWishlistEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXAddToWishlistEvent> JXAddToWishlistEvent::init() {
-  return std::shared_ptr<JXAddToWishlistEvent>(new JXAddToWishlistEvent());
+  return make<JXAddToWishlistEvent>();
 }
 
 std::shared_ptr<JXAddToWishlistEvent> JXAddToWishlistEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXAddToWishlistEvent> event = init();
+  std::shared_ptr<JXAddToWishlistEvent> event = make<JXAddToWishlistEvent>();
   event->items_.appendAll(items);
   return event;
 }

@@ -31,9 +31,10 @@ class JX_API JXAddToWishlistEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXAddToWishlistEvent();
+  /// For the initialisers.
+  explicit JXAddToWishlistEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
 };
 

@@ -12,17 +12,17 @@ constexpr std::string_view kName = "begin_checkout";
 
 }  // namespace
 
-JXBeginCheckoutEvent::JXBeginCheckoutEvent() { setName(kName); }
+JXBeginCheckoutEvent::JXBeginCheckoutEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXBeginCheckoutEvent> JXBeginCheckoutEvent::init() {
-  return std::shared_ptr<JXBeginCheckoutEvent>(new JXBeginCheckoutEvent());
+  return make<JXBeginCheckoutEvent>();
 }
 
 std::shared_ptr<JXBeginCheckoutEvent>
 JXBeginCheckoutEvent::initWithRevenue_withValue_withCurrency_withItems(
     const std::optional<JXDecimal>& revenue, const std::optional<JXDecimal>& value,
     const JXString& currency, const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXBeginCheckoutEvent> event = init();
+  std::shared_ptr<JXBeginCheckoutEvent> event = make<JXBeginCheckoutEvent>();
   event->setRevenue(revenue);
   event->setValue(value);
   event->setCurrency(currency);

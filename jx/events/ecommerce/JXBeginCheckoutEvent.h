@@ -40,9 +40,10 @@ class JX_API JXBeginCheckoutEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXBeginCheckoutEvent();
+  /// For the initialisers.
+  explicit JXBeginCheckoutEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> revenue_;
   std::optional<JXDecimal> value_;
   JXString coupon_;

@@ -12,11 +12,9 @@ constexpr std::string_view kName = "purchase";
 
 }  // namespace
 
-JXPurchaseEvent::JXPurchaseEvent() { setName(kName); }
+JXPurchaseEvent::JXPurchaseEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::init() {
-  return std::shared_ptr<JXPurchaseEvent>(new JXPurchaseEvent());
-}
+std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::init() { return make<JXPurchaseEvent>(); }
 
 std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::
     initWithId_withRevenue_withValue_withCurrency_withType_withPaymentMethod_withStatus_withItems(
@@ -24,7 +22,7 @@ std::shared_ptr<JXPurchaseEvent> JXPurchaseEvent::
         const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
         const JXString& paymentMethod, const JXString& status,
         const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXPurchaseEvent> event = init();
+  std::shared_ptr<JXPurchaseEvent> event = make<JXPurchaseEvent>();
   event->setID(ID);
   event->setRevenue(revenue);
   event->setValue(value);

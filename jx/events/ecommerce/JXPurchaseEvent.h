@@ -65,9 +65,10 @@ class JX_API JXPurchaseEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXPurchaseEvent();
+  /// For the initialisers.
+  explicit JXPurchaseEvent(InitKey);
 
+ private:
   JXString ID_;
   std::optional<JXDecimal> revenue_;
   std::optional<JXDecimal> value_;

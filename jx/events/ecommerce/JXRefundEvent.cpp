@@ -12,17 +12,15 @@ constexpr std::string_view kName = "refund";
 
 }  // namespace
 
-JXRefundEvent::JXRefundEvent() { setName(kName); }
+JXRefundEvent::JXRefundEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXRefundEvent> JXRefundEvent::init() {
-  return std::shared_ptr<JXRefundEvent>(new JXRefundEvent());
-}
+std::shared_ptr<JXRefundEvent> JXRefundEvent::init() { return make<JXRefundEvent>(); }
 
 std::shared_ptr<JXRefundEvent>
 JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType(
     const JXString& ID, const std::optional<JXDecimal>& revenue,
     const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type) {
-  std::shared_ptr<JXRefundEvent> event = init();
+  std::shared_ptr<JXRefundEvent> event = make<JXRefundEvent>();
   event->setID(ID);
   event->setRevenue(revenue);
   event->setValue(value);
@@ -36,7 +34,7 @@ JXRefundEvent::initWithID_withRevenue_withValue_withCurrency_withType_withItems(
     const JXString& ID, const std::optional<JXDecimal>& revenue,
     const std::optional<JXDecimal>& value, const JXString& currency, const JXString& type,
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXRefundEvent> event = init();
+  std::shared_ptr<JXRefundEvent> event = make<JXRefundEvent>();
   event->setID(ID);
   event->setRevenue(revenue);
   event->setValue(value);

@@ -61,9 +61,10 @@ class JX_API JXRefundEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXRefundEvent();
+  /// For the initialisers.
+  explicit JXRefundEvent(InitKey);
 
+ private:
   JXString ID_;
   std::optional<JXDecimal> revenue_;
   std::optional<JXDecimal> value_;

@@ -12,15 +12,15 @@ constexpr std::string_view kName = "remove_from_cart";
 
 }  // namespace
 
-JXRemoveFromCartEvent::JXRemoveFromCartEvent() { setName(kName); }
+JXRemoveFromCartEvent::JXRemoveFromCartEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXRemoveFromCartEvent> JXRemoveFromCartEvent::init() {
-  return std::shared_ptr<JXRemoveFromCartEvent>(new JXRemoveFromCartEvent());
+  return make<JXRemoveFromCartEvent>();
 }
 
 std::shared_ptr<JXRemoveFromCartEvent> JXRemoveFromCartEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXRemoveFromCartEvent> event = init();
+  std::shared_ptr<JXRemoveFromCartEvent> event = make<JXRemoveFromCartEvent>();
   event->items_.appendAll(items);
   return event;
 }

@@ -31,9 +31,10 @@ class JX_API JXRemoveFromCartEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXRemoveFromCartEvent();
+  /// For the initialisers.
+  explicit JXRemoveFromCartEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
 };
 

@@ -12,15 +12,13 @@ constexpr std::string_view kName = "view_cart";
 
 }  // namespace
 
-JXViewCartEvent::JXViewCartEvent() { setName(kName); }
+JXViewCartEvent::JXViewCartEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXViewCartEvent> JXViewCartEvent::init() {
-  return std::shared_ptr<JXViewCartEvent>(new JXViewCartEvent());
-}
+std::shared_ptr<JXViewCartEvent> JXViewCartEvent::init() { return make<JXViewCartEvent>(); }
 
 std::shared_ptr<JXViewCartEvent> JXViewCartEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXViewCartEvent> event = init();
+  std::shared_ptr<JXViewCartEvent> event = make<JXViewCartEvent>();
   event->items_.appendAll(items);
   return event;
 }

@@ -31,9 +31,10 @@ class JX_API JXViewCartEvent final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXViewCartEvent();
+  /// For the initialisers.
+  explicit JXViewCartEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
 };
 

@@ -12,15 +12,13 @@ constexpr std::string_view kName = "view_item";
 
 }  // namespace
 
-JXViewItem::JXViewItem() { setName(kName); }
+JXViewItem::JXViewItem(InitKey) { setName(kName); }
 
-std::shared_ptr<JXViewItem> JXViewItem::init() {
-  return std::shared_ptr<JXViewItem>(new JXViewItem());
-}
+std::shared_ptr<JXViewItem> JXViewItem::init() { return make<JXViewItem>(); }
 
 std::shared_ptr<JXViewItem> JXViewItem::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXViewItem> event = init();
+  std::shared_ptr<JXViewItem> event = make<JXViewItem>();
   event->items_.appendAll(items);
   return event;
 }

@@ -31,9 +31,10 @@ class JX_API JXViewItem final : public JXECommerceEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXViewItem();
+  /// For the initialisers.
+  explicit JXViewItem(InitKey);
 
+ private:
   std::optional<JXDecimal> revenue_;
 };
 

@@ -12,15 +12,15 @@ constexpr std::string_view kName = "generate_lead";
 
 }  // namespace
 
-JXGenerateLeadEvent::JXGenerateLeadEvent() { setName(kName); }
+JXGenerateLeadEvent::JXGenerateLeadEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXGenerateLeadEvent> JXGenerateLeadEvent::init() {
-  return std::shared_ptr<JXGenerateLeadEvent>(new JXGenerateLeadEvent());
+  return make<JXGenerateLeadEvent>();
 }
 
 std::shared_ptr<JXGenerateLeadEvent> JXGenerateLeadEvent::initWithValue_withCurrency(
     const std::optional<JXDecimal>& value, const JXString& currency) {
-  std::shared_ptr<JXGenerateLeadEvent> event = init();
+  std::shared_ptr<JXGenerateLeadEvent> event = make<JXGenerateLeadEvent>();
   event->setValue(value);
   event->setCurrency(currency);
   return event;

@@ -36,9 +36,10 @@ class JX_API JXGenerateLeadEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXGenerateLeadEvent();
+  /// For the initialisers.
+  explicit JXGenerateLeadEvent(InitKey);
 
+ private:
   std::optional<JXDecimal> value_;
   JXString currency_;
   JXString ID_;

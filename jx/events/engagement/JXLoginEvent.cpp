@@ -12,11 +12,9 @@ constexpr std::string_view kName = "login";
 
 }  // namespace
 
-JXLoginEvent::JXLoginEvent() { setName(kName); }
+JXLoginEvent::JXLoginEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXLoginEvent> JXLoginEvent::init() {
-  return std::shared_ptr<JXLoginEvent>(new JXLoginEvent());
-}
+std::shared_ptr<JXLoginEvent> JXLoginEvent::init() { return make<JXLoginEvent>(); }
 
 const JXEventClass& JXLoginEvent::eventClass() {
   static const auto& type =

@@ -25,9 +25,10 @@ class JX_API JXLoginEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXLoginEvent();
+  /// For the initialisers.
+  explicit JXLoginEvent(InitKey);
 
+ private:
   JXString method_;
 };
 

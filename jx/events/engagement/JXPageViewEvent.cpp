@@ -12,14 +12,12 @@ constexpr std::string_view kName = "page_view";
 
 }  // namespace
 
-JXPageViewEvent::JXPageViewEvent() { setName(kName); }
+JXPageViewEvent::JXPageViewEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXPageViewEvent> JXPageViewEvent::init() {
-  return std::shared_ptr<JXPageViewEvent>(new JXPageViewEvent());
-}
+std::shared_ptr<JXPageViewEvent> JXPageViewEvent::init() { return make<JXPageViewEvent>(); }
 
 std::shared_ptr<JXPageViewEvent> JXPageViewEvent::initWithType(const JXString& pageType) {
-  std::shared_ptr<JXPageViewEvent> event = init();
+  std::shared_ptr<JXPageViewEvent> event = make<JXPageViewEvent>();
   event->setPageType(pageType);
   return event;
 }

@@ -23,8 +23,10 @@ class JX_API JXPageViewEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
+  /// For the initialisers.
+  explicit JXPageViewEvent(InitKey);
+
  private:
-  JXPageViewEvent();
 };
 
 }  // namespace jx

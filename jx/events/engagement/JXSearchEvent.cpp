@@ -12,14 +12,12 @@ constexpr std::string_view kName = "search";
 
 }  // namespace
 
-JXSearchEvent::JXSearchEvent() { setName(kName); }
+JXSearchEvent::JXSearchEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXSearchEvent> JXSearchEvent::init() {
-  return std::shared_ptr<JXSearchEvent>(new JXSearchEvent());
-}
+std::shared_ptr<JXSearchEvent> JXSearchEvent::init() { return make<JXSearchEvent>(); }
 
 std::shared_ptr<JXSearchEvent> JXSearchEvent::initWithSearchTerm(const JXString& searchTerm) {
-  std::shared_ptr<JXSearchEvent> event = init();
+  std::shared_ptr<JXSearchEvent> event = make<JXSearchEvent>();
   event->setSearchTerm(searchTerm);
   return event;
 }

@@ -27,9 +27,10 @@ class JX_API JXSearchEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXSearchEvent();
+  /// For the initialisers.
+  explicit JXSearchEvent(InitKey);
 
+ private:
   JXString searchTerm_;
 };
 

@@ -12,10 +12,10 @@ constexpr std::string_view kName = "select_content";
 
 }  // namespace
 
-JXSelectContentEvent::JXSelectContentEvent() { setName(kName); }
+JXSelectContentEvent::JXSelectContentEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXSelectContentEvent> JXSelectContentEvent::init() {
-  return std::shared_ptr<JXSelectContentEvent>(new JXSelectContentEvent());
+  return make<JXSelectContentEvent>();
 }
 
 const JXEventClass& JXSelectContentEvent::eventClass() {

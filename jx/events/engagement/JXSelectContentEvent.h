@@ -28,9 +28,10 @@ class JX_API JXSelectContentEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXSelectContentEvent();
+  /// For the initialisers.
+  explicit JXSelectContentEvent(InitKey);
 
+ private:
   JXString contentType_;
   JXString itemID_;
 };

@@ -12,15 +12,13 @@ constexpr std::string_view kName = "select_item";
 
 }  // namespace
 
-JXSelectItemEvent::JXSelectItemEvent() { setName(kName); }
+JXSelectItemEvent::JXSelectItemEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::init() {
-  return std::shared_ptr<JXSelectItemEvent>(new JXSelectItemEvent());
-}
+std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::init() { return make<JXSelectItemEvent>(); }
 
 std::shared_ptr<JXSelectItemEvent> JXSelectItemEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXSelectItemEvent> event = init();
+  std::shared_ptr<JXSelectItemEvent> event = make<JXSelectItemEvent>();
   event->items_.appendAll(items);
   return event;
 }

@@ -33,9 +33,10 @@ class JX_API JXSelectItemEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXSelectItemEvent();
+  /// For the initialisers.
+  explicit JXSelectItemEvent(InitKey);
 
+ private:
   JXString itemListName_;
   JXList<std::shared_ptr<JXItem>> items_;
 };

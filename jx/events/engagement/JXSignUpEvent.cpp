@@ -12,11 +12,9 @@ constexpr std::string_view kName = "sign_up";
 
 }  // namespace
 
-JXSignUpEvent::JXSignUpEvent() { setName(kName); }
+JXSignUpEvent::JXSignUpEvent(InitKey) { setName(kName); }
 
-std::shared_ptr<JXSignUpEvent> JXSignUpEvent::init() {
-  return std::shared_ptr<JXSignUpEvent>(new JXSignUpEvent());
-}
+std::shared_ptr<JXSignUpEvent> JXSignUpEvent::init() { return make<JXSignUpEvent>(); }
 
 const JXEventClass& JXSignUpEvent::eventClass() {
   static const auto& type =

@@ -25,9 +25,10 @@ class JX_API JXSignUpEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXSignUpEvent();
+  /// For the initialisers.
+  explicit JXSignUpEvent(InitKey);
 
+ private:
   JXString method_;
 };
 

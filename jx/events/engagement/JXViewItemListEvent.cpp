@@ -12,15 +12,15 @@ constexpr std::string_view kName = "view_item_list";
 
 }  // namespace
 
-JXViewItemListEvent::JXViewItemListEvent() { setName(kName); }
+JXViewItemListEvent::JXViewItemListEvent(InitKey) { setName(kName); }
 
 std::shared_ptr<JXViewItemListEvent> JXViewItemListEvent::init() {
-  return std::shared_ptr<JXViewItemListEvent>(new JXViewItemListEvent());
+  return make<JXViewItemListEvent>();
 }
 
 std::shared_ptr<JXViewItemListEvent> JXViewItemListEvent::initWithItems(
     const JXList<std::shared_ptr<JXItem>>& items) {
-  std::shared_ptr<JXViewItemListEvent> event = init();
+  std::shared_ptr<JXViewItemListEvent> event = make<JXViewItemListEvent>();
   event->items_.appendAll(items);
   return event;
 }

@@ -33,9 +33,10 @@ class JX_API JXViewItemListEvent final : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXViewItemListEvent();
+  /// For the initialisers.
+  explicit JXViewItemListEvent(InitKey);
 
+ private:
   JXString itemListName_;
   JXList<std::shared_ptr<JXItem>> items_;
 };

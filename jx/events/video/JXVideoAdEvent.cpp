@@ -14,7 +14,7 @@ constexpr auto kModes = JXEnumStrings(EJXVideoAdMode_toString, EJXVideoAdMode_me
 
 std::shared_ptr<JXVideoAdEvent> JXVideoAdEvent::initWithMode_andSessionId(
     EJXVideoAdMode mode, const JXString& sessionId) {
-  std::shared_ptr<JXVideoAdEvent> event(new JXVideoAdEvent());
+  std::shared_ptr<JXVideoAdEvent> event = make<JXVideoAdEvent>();
   event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;

@@ -53,9 +53,10 @@ class JX_API JXVideoAdEvent final : public JXVideoEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXVideoAdEvent() = default;
+  /// For the initialisers.
+  explicit JXVideoAdEvent(InitKey) {}
 
+ private:
   int adType_ = EJXAdType_PRE_ROLL;
   int loadType_ = EJXAdLoadType_DYNAMIC;
   JXString adAssetID_;

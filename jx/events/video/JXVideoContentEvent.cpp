@@ -14,7 +14,7 @@ constexpr auto kModes = JXEnumStrings(EJXVideoContentMode_toString, EJXVideoCont
 
 std::shared_ptr<JXVideoContentEvent> JXVideoContentEvent::initWithMode_andSessionId(
     EJXVideoContentMode mode, const JXString& sessionId) {
-  std::shared_ptr<JXVideoContentEvent> event(new JXVideoContentEvent());
+  std::shared_ptr<JXVideoContentEvent> event = make<JXVideoContentEvent>();
   event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;

@@ -75,9 +75,10 @@ class JX_API JXVideoContentEvent final : public JXVideoEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXVideoContentEvent() = default;
+  /// For the initialisers.
+  explicit JXVideoContentEvent(InitKey) {}
 
+ private:
   bool fullEpisode_ = false;
   bool livestream_ = false;
   JXString contentPodID_;

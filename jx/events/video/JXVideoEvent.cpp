@@ -10,9 +10,7 @@
 
 namespace jx {
 
-std::shared_ptr<JXVideoEvent> JXVideoEvent::init() {
-  return std::shared_ptr<JXVideoEvent>(new JXVideoEvent());
-}
+std::shared_ptr<JXVideoEvent> JXVideoEvent::init() { return make<JXVideoEvent>(); }
 
 void JXVideoEvent::setNameOfMode(const JXEnumStrings& modes, int mode) {
   setName(modes.stringOf(mode));

@@ -40,6 +40,9 @@ class JX_API JXVideoEvent : public JXEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
+  /// For the initialisers.
+  explicit JXVideoEvent(InitKey) : JXVideoEvent() {}
+
  protected:
   JXVideoEvent() = default;
   /// Sets the name to the string of the mode. Logs a mode outside the enumeration, which leaves the

@@ -14,7 +14,7 @@ constexpr auto kModes = JXEnumStrings(EJXVideoPlaybackMode_toString, EJXVideoPla
 
 std::shared_ptr<JXVideoPlaybackEvent> JXVideoPlaybackEvent::initWithMode_andSessionId(
     EJXVideoPlaybackMode mode, const JXString& sessionId) {
-  std::shared_ptr<JXVideoPlaybackEvent> event(new JXVideoPlaybackEvent());
+  std::shared_ptr<JXVideoPlaybackEvent> event = make<JXVideoPlaybackEvent>();
   event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;

@@ -81,9 +81,10 @@ class JX_API JXVideoPlaybackEvent final : public JXVideoEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXVideoPlaybackEvent() = default;
+  /// For the initialisers.
+  explicit JXVideoPlaybackEvent(InitKey) {}
 
+ private:
   bool fullScreen_ = false;
   bool adEnabled_ = false;
   bool livestream_ = false;

@@ -14,7 +14,7 @@ constexpr auto kModes = JXEnumStrings(EJXVideoSettingMode_toString, EJXVideoSett
 
 std::shared_ptr<JXVideoSettingEvent> JXVideoSettingEvent::initWithMode_andSessionId(
     EJXVideoSettingMode mode, const JXString& sessionId) {
-  std::shared_ptr<JXVideoSettingEvent> event(new JXVideoSettingEvent());
+  std::shared_ptr<JXVideoSettingEvent> event = make<JXVideoSettingEvent>();
   event->setNameOfMode(kModes, mode);
   event->setVideoSessionID(sessionId);
   return event;

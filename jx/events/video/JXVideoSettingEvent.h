@@ -95,9 +95,10 @@ class JX_API JXVideoSettingEvent final : public JXVideoEvent {
   static const JXEventClass& eventClass();
   const JXEventClass& ownEventClass() const override { return eventClass(); }
 
- private:
-  JXVideoSettingEvent() = default;
+  /// For the initialisers.
+  explicit JXVideoSettingEvent(InitKey) {}
 
+ private:
   bool fullEpisode_ = false;
   bool livestream_ = false;
   bool fullScreen_ = false;
