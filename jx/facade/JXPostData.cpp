@@ -63,6 +63,7 @@ JXString JXPostData::bodyOf(const JXEvent& event, std::int32_t serverSideState,
   // The next body is probably about as large as the last one.
   static std::atomic<std::size_t> expectedSize{2048};
   constexpr std::size_t kMaxExpectedSize = std::size_t{64} * 1024;
+  constexpr std::size_t kRoom = 128;  // of which the last value uses a part
   JXJsonTextSink sink(JXJsonStyle::Pretty, expectedSize.load(std::memory_order_relaxed));
   if (event.canSerialiseFromFieldTable()) {
     writeBody(event, serverSideState, claim, sink);
@@ -73,8 +74,8 @@ JXString JXPostData::bodyOf(const JXEvent& event, std::int32_t serverSideState,
     JXLogger::sharedInstance().logMessage_withLevel(
         "Event sent without some values: circular reference or size limit exceeded", 3);
   }
-  const JXString body = sink.finish();
-  expectedSize.store(std::min(body.size() + body.size() / 8, kMaxExpectedSize),
+  JXString body = sink.finish();
+  expectedSize.store(std::min(body.size() + body.size() / 8 + kRoom, kMaxExpectedSize),
                      std::memory_order_relaxed);
   return body;
 }

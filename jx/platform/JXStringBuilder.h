@@ -37,8 +37,14 @@ class JXStringBuilder {
     return end;
   }
 
-  /// Removes the last `count` characters.
-  void shrink(std::size_t count) noexcept { size_ -= count; }
+  /// Returns the address after the last character, with room for `count` characters. Those that the
+  /// caller writes belong to the string after `extendTo`.
+  char* room(std::size_t count) {
+    if (count > capacity_ - size_) reserve(size_ + count);
+    return characters_ + size_;
+  }
+  /// Extends the string by the characters before `end`, which were written to the room.
+  void extendTo(const char* end) noexcept { size_ = static_cast<std::size_t>(end - characters_); }
 
   /// Returns the string and empties the builder.
   JXString finish();

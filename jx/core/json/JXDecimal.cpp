@@ -193,30 +193,12 @@ std::string JXDecimal::significantDigits() const {
   return std::to_string(high_) + paddedLimb(low_);
 }
 
-// Fast path for common numbers: up to 19 digits, up to 19 of them after the decimal point.
-std::string JXDecimal::toShortString() const {
-  constexpr std::size_t kMaxLength = 1 + 1 + 1 + kLimbDigits + 1;  // sign, zero, point, digits
-  char text[kMaxLength];
-  char* const end = text + kMaxLength;
-  char* at = end;
-  std::uint64_t rest = low_;
-  int fraction = -exponent_;
-  if (fraction != 0) {
-    for (; fraction != 0; --fraction, rest /= 10)
-      *--at = static_cast<char>('0' + rest % 10);
-    *--at = '.';
-  }
-  do {
-    *--at = static_cast<char>('0' + rest % 10);
-    rest /= 10;
-  } while (rest != 0);
-  if (negative_) *--at = '-';
-  return {at, end};
-}
-
 std::string JXDecimal::toString() const {
   if (isNaN_) return "NaN";
-  if (high_ == 0 && exponent_ <= 0 && exponent_ >= -kLimbDigits) return toShortString();
+  if (isShort()) {
+    char text[kMaxShortLength];
+    return std::string(writeShort(text));
+  }
   return JXDecimalText::plain(negative_, significantDigits(), exponent_);
 }
 

@@ -107,13 +107,24 @@ class JX_API JXDecimal {
   }
 
  private:
+  friend class JXJsonTextSink;
+
   JXDecimal(bool negative, std::uint64_t magnitude) noexcept;
   bool isZero() const noexcept { return high_ == 0 && low_ == 0; }
   static int compare(const JXDecimal& a, const JXDecimal& b) noexcept;
   static JXDecimal fromDigits(bool negative, std::string_view integerDigits,
                               std::string_view fractionDigits, std::int64_t exponent) noexcept;
   std::string significantDigits() const;
-  std::string toShortString() const;
+
+  // Common numbers are written without an allocation: up to 19 digits, up to 19 of them after the
+  // decimal point.
+  static constexpr int kMaxShortDigits = 19;
+  static constexpr std::size_t kMaxShortLength = 1 + 1 + 1 + kMaxShortDigits + 1;
+  bool isShort() const noexcept {
+    return high_ == 0 && exponent_ <= 0 && exponent_ >= -kMaxShortDigits;
+  }
+  // Returns the digits, which are in `text`, as `toString` does. Requires `isShort()`.
+  std::string_view writeShort(char (&text)[kMaxShortLength]) const noexcept;
 
   // Value = (high_ * 10^19 + low_) * 10^exponent_, both halves below 10^19: 38 digits in total.
   std::uint64_t high_ = 0;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/json/JXJsonString.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -57,21 +56,34 @@ constexpr bool isPlainWord(std::uint64_t word) noexcept {
   return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
 }
 
-constexpr bool isPlainByte(char byte) noexcept {
-  return static_cast<unsigned char>(byte) - 0x20U < 0x60U && byte != '"' && byte != '\\';
+// Copies a string of up to eight bytes. Returns false unless all bytes are ASCII and need no
+// escape.
+bool copyPlainWord(const char* from, std::size_t length, char* to) noexcept {
+  std::uint64_t word = eachByte(' ');
+  std::memcpy(&word, from, length);
+  std::memcpy(to, &word, length);
+  return isPlainWord(word);
 }
 
-// Returns true when all bytes are ASCII and need no escape, the common case.
-bool isPlain(std::string_view text) noexcept {
-  const char* at = text.data();
-  std::size_t left = text.size();
-  for (; left >= sizeof(std::uint64_t); left -= sizeof(std::uint64_t)) {
-    std::uint64_t word;
-    std::memcpy(&word, at, sizeof word);
-    if (!isPlainWord(word)) return false;
-    at += sizeof word;
+// The same for any length. Overlapping words avoid a loop over the last bytes.
+bool copyPlain(const char* from, std::size_t length, char* to) noexcept {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  constexpr std::size_t kHalf = kWord / 2;
+  if (length >= kWord) {
+    const std::size_t last = length - kWord;
+    for (std::size_t at = 0; at < last; at += kWord) {
+      if (!copyPlainWord(from + at, kWord, to + at)) return false;
+    }
+    return copyPlainWord(from + last, kWord, to + last);
   }
-  return std::all_of(at, at + left, isPlainByte);
+  if (length >= kHalf) {
+    const std::size_t last = length - kHalf;
+    return copyPlainWord(from, kHalf, to) && copyPlainWord(from + last, kHalf, to + last);
+  }
+  for (std::size_t at = 0; at < length; ++at) {
+    if (!copyPlainWord(from + at, 1, to + at)) return false;
+  }
+  return true;
 }
 
 void appendEscaped(std::string_view text, JXStringBuilder& out) {
@@ -101,12 +113,20 @@ std::size_t jsonStringLength(std::string_view text) {
          (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
 }
 
+char* writePlainJsonString(std::string_view text, char* to) noexcept {
+  *to++ = '"';
+  if (!copyPlain(text.data(), text.size(), to)) return nullptr;
+  to += text.size();
+  *to++ = '"';
+  return to;
+}
+
 void appendJsonString(std::string_view text, JXStringBuilder& out) {
-  if (!isPlain(text)) return appendEscaped(text, out);
-  char* const place = out.extend(text.size() + kQuotes);
-  place[0] = '"';
-  if (!text.empty()) std::memcpy(place + 1, text.data(), text.size());
-  place[text.size() + 1] = '"';
+  if (const char* const end = writePlainJsonString(text, out.room(text.size() + kQuotes))) {
+    out.extendTo(end);
+  } else {
+    appendEscaped(text, out);
+  }
 }
 
 }  // namespace jx

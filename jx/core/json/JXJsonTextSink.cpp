@@ -11,6 +11,9 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kIndent = 2;
+// Copying it is one or two instructions; the bytes after the indentation are overwritten.
+constexpr std::string_view kLine = "\n                               ";
+
 // Returns true for digits that are a valid JSON number as they are.
 bool isPlainInteger(std::string_view text) noexcept {
   if (text.empty() || (text.front() == '0' && text.size() != 1)) return false;
@@ -34,7 +37,13 @@ void JXJsonTextSink::text(std::string_view key, const JXString& value) {
 }
 
 void JXJsonTextSink::number(std::string_view key, const std::optional<JXDecimal>& value) {
-  if (value && !value->isNaN()) putBare(&key, value->toString());
+  if (!value || value->isNaN()) return;
+  if (value->isShort()) {
+    char text[JXDecimal::kMaxShortLength];
+    putBare(&key, value->writeShort(text));
+  } else {
+    putBare(&key, value->toString());
+  }
 }
 
 void JXJsonTextSink::numberFromString(std::string_view key, const JXString& value) {
@@ -134,7 +143,10 @@ void JXJsonTextSink::beginContainer(const std::string_view* key, char opening) {
   }
   const bool isTooDeep = level_ >= JXJsonWriter::kMaxDepth;
   if (isTooDeep) ++leftOut_;
-  if (isTooDeep || !begin(key, 1 + endLength(level_), nullptr)) {
+  const std::size_t length = 1 + endLength(level_);
+  if (const char* const place = isTooDeep ? nullptr : start(key, 1, length)) {
+    out_.extendTo(place);
+  } else if (isTooDeep || !begin(key, length, nullptr)) {
     skipped_ = 1;
     return;
   }
@@ -155,17 +167,51 @@ void JXJsonTextSink::end(char closing) {
   }
   --level_;
   closing_ -= endLength(level_);
-  if (isPretty_ && !isFirst_) putLineBreak(level_);
-  out_.append(closing);
+  char* to = out_.room(1 + lineRoom(level_));
+  if (isPretty_ && !isFirst_) to = putLineBreak(to, level_);
+  *to++ = closing;
+  out_.extendTo(to);
   isFirst_ = false;
 }
 
 void JXJsonTextSink::putString(const std::string_view* key, std::string_view text) {
+  if (char* const place = start(key, text.size() + 2, maxJsonStringLength(text))) {
+    if (const char* const end = writePlainJsonString(text, place)) return finishValue(end);
+  }
   if (begin(key, 0, &text)) appendJsonString(text, out_);
 }
 
 void JXJsonTextSink::putBare(const std::string_view* key, std::string_view text) {
+  if (char* const place = start(key, text.size(), text.size())) {
+    std::memcpy(place, text.data(), text.size());
+    return finishValue(place + text.size());
+  }
   if (begin(key, text.size(), nullptr)) out_.append(text);
+}
+
+// Writes the separator, line break and key before a value, and returns the place of the value, with
+// room for `room` characters. Returns null, without a change, if the key needs an escape, or if a
+// value of `maxLength` characters might exceed the size limit.
+char* JXJsonTextSink::start(const std::string_view* key, std::size_t room, std::size_t maxLength) {
+  constexpr std::size_t kSeparators = 3;  // comma, colon, space
+  const std::size_t keyRoom = key != nullptr ? key->size() + 2 : 0;
+  const std::size_t keyLength = key != nullptr ? maxJsonStringLength(*key) : 0;
+  const std::size_t line = lineRoom(level_);
+  if (skipped_ != 0 || !fits(kSeparators + line + keyLength + maxLength)) return nullptr;
+  char* to = out_.room(kSeparators + line + keyRoom + room);
+  if (!isFirst_) *to++ = ',';
+  if (isPretty_) to = putLineBreak(to, level_);
+  if (key == nullptr) return to;
+  to = writePlainJsonString(*key, to);
+  if (to == nullptr) return nullptr;
+  *to++ = ':';
+  if (isPretty_) *to++ = ' ';
+  return to;
+}
+
+void JXJsonTextSink::finishValue(const char* end) {
+  out_.extendTo(end);
+  isFirst_ = false;
 }
 
 // Writes the separator, line break and key before a value. Returns false when the value exceeds the
@@ -188,7 +234,7 @@ bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
   }
   if (!isFirst_) out_.append(',');
   isFirst_ = false;
-  if (isPretty_) putLineBreak(level_);
+  if (isPretty_) out_.extendTo(putLineBreak(out_.room(lineRoom(level_)), level_));
   if (key == nullptr) return true;
   appendJsonString(*key, out_);
   out_.append(':');
@@ -201,17 +247,16 @@ bool JXJsonTextSink::fits(std::size_t length) const {
   return taken <= JXJsonWriter::kMaxBytes && length <= JXJsonWriter::kMaxBytes - taken;
 }
 
-void JXJsonTextSink::putLineBreak(std::size_t level) {
-  // A copy of constant size is one or two instructions; surplus spaces are removed afterwards.
-  constexpr std::string_view kLine = "\n                               ";
+// Writes up to `lineRoom` characters, and returns the end of the line break.
+char* JXJsonTextSink::putLineBreak(char* to, std::size_t level) const {
   const std::size_t length = lineLength(level);
-  char* const line = out_.extend(std::max(length, kLine.size()));
-  std::memcpy(line, kLine.data(), kLine.size());
-  if (length > kLine.size()) {
-    std::memset(line + kLine.size(), ' ', length - kLine.size());
-  } else {
-    out_.shrink(kLine.size() - length);
-  }
+  std::memcpy(to, kLine.data(), kLine.size());
+  if (length > kLine.size()) std::memset(to + kLine.size(), ' ', length - kLine.size());
+  return to + length;
+}
+
+std::size_t JXJsonTextSink::lineRoom(std::size_t level) {
+  return std::max(lineLength(level), kLine.size());
 }
 
 // The length of a newline and the indentation of the next line.

@@ -44,20 +44,25 @@ class JXJsonTextSink final : public JXJsonSink {
  private:
   using Kind = JXJsonValue::Kind;
 
-  // `key` is null for an array element.
+  // `key` is null for an array element. Each value is written by `start` and the caller, which ends
+  // it with `out_.extendTo`, if `start` returns a place; otherwise by `begin`, which considers
+  // escapes, deep levels and the size limit.
+  char* start(const std::string_view* key, std::size_t room, std::size_t maxLength);
   void putValue(const std::string_view* key, const JXJsonValue& value);
   void putObject(const std::string_view* key, const JXJsonObject& object);
   void putArray(const std::string_view* key, const JXJsonArray& array);
   void putString(const std::string_view* key, std::string_view text);
   void putBare(const std::string_view* key, std::string_view text);
   bool begin(const std::string_view* key, std::size_t length, const std::string_view* text);
+  void finishValue(const char* end);
   bool fits(std::size_t length) const;
   void beginContainer(const std::string_view* key, char opening);
   void open(char opening);
   void end(char closing);
   bool mustOmit(const void* node);
-  void putLineBreak(std::size_t level);
+  char* putLineBreak(char* to, std::size_t level) const;
   static std::size_t lineLength(std::size_t level);
+  static std::size_t lineRoom(std::size_t level);
   std::size_t endLength(std::size_t level) const;
 
   JXStringBuilder out_;
