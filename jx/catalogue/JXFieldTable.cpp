@@ -19,6 +19,7 @@ JXFieldTable::JXFieldTable(std::initializer_list<JXField> fields) {
     fields_.back().isDuplicate = isDuplicate;
     access_.push_back(field.access);
   }
+  listWriters();
 }
 
 std::size_t JXFieldTable::findProperty(std::string_view property) const {
@@ -39,12 +40,19 @@ void JXFieldTable::markDuplicatesOf(const JXFieldTable& earlier) {
   for (JXFieldInfo& field : fields_) {
     if (earlier.findKey(field.key) != npos) field.isDuplicate = true;
   }
+  listWriters();
+}
+
+void JXFieldTable::listWriters() {
+  writers_.clear();
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    if (!fields_[i].isDuplicate) writers_.push_back({fields_[i].key, access_[i].get()});
+  }
 }
 
 void JXFieldTable::write(const JXAdditionalProperties& object, JXJsonSink& sink) const {
-  for (std::size_t i = 0; i < access_.size(); ++i) {
-    if (!fields_[i].isDuplicate) access_[i]->write(object, fields_[i].key, sink);
-  }
+  for (const Writer& writer : writers_)
+    writer.access->write(object, writer.key, sink);
 }
 
 }  // namespace jx

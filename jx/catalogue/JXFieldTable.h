@@ -58,8 +58,17 @@ class JX_API JXFieldTable {
   }
 
  private:
+  // The fields that `write` writes, without what it does not need: an event reads all of them after
+  // a pause in which they have left the processor's caches.
+  struct Writer {
+    std::string_view key;
+    const JXFieldAccess* access;
+  };
+  void listWriters();
+
   std::vector<JXFieldInfo> fields_;
   std::vector<std::shared_ptr<const JXFieldAccess>> access_;  ///< of each field
+  std::vector<Writer> writers_;
 };
 
 }  // namespace jx

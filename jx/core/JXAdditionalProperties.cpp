@@ -23,7 +23,7 @@ std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::initShared() {
 }
 
 JXAdditionalProperties::JXAdditionalProperties(Sharing sharing)
-    : mutex_(sharing == Sharing::AnyThread ? std::make_unique<std::mutex>() : nullptr) {}
+    : guard_(sharing == Sharing::AnyThread ? std::make_unique<Guard>() : nullptr) {}
 
 JXJsonObject& JXAdditionalProperties::properties() const {
   if (!additionalProperties_.isPresent()) additionalProperties_ = JXJsonObject();
@@ -31,28 +31,29 @@ JXJsonObject& JXAdditionalProperties::properties() const {
 }
 
 JXJsonObject JXAdditionalProperties::getAdditionalProperties() const {
-  return mutex_ ? copyOfProperties() : properties();
+  return guard_ ? copyOfProperties() : properties();
 }
 
 JXJsonObject JXAdditionalProperties::copyOfProperties() const {
   const JXJsonObject extras = extrasOf(*this);
   // The extras of an object of several threads are a copy already.
-  if (mutex_ && extras.isPresent()) return extras;
+  if (guard_ && extras.isPresent()) return extras;
   return extras.isPresent() ? extras.mutableCopy() : JXJsonObject();
 }
 
 template <typename Operation>
 void JXAdditionalProperties::change(const Operation& operation) {
-  if (!mutex_) return operation(properties());
+  if (!guard_) return operation(properties());
   if (isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(*mutex_);
+  const std::lock_guard<std::mutex> lock(guard_->mutex);
+  guard_->hasProperties = true;
   operation(properties());
 }
 
 void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
   const auto fields = [this](JXJsonSink& into) { writeOwnEntries(into); };
   // Without a copy of the handle for an object of one thread: an event may have a hundred items.
-  if (mutex_) {
+  if (guard_) {
     writeOver(extrasOf(*this), sink, fields);
   } else {
     writeOver(additionalProperties_, sink, fields);
@@ -60,9 +61,9 @@ void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
 }
 
 JXJsonObject JXAdditionalProperties::extrasOf(const JXAdditionalProperties& object) {
-  if (!object.mutex_) return object.additionalProperties_;
-  if (isIgnored()) return nullptr;
-  const std::lock_guard<std::mutex> lock(*object.mutex_);
+  if (!object.guard_) return object.additionalProperties_;
+  if (!object.guard_->hasProperties || isIgnored()) return nullptr;
+  const std::lock_guard<std::mutex> lock(object.guard_->mutex);
   if (object.additionalProperties_.size() == 0) return nullptr;
   return object.additionalProperties_.mutableCopy();
 }

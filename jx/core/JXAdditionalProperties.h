@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <type_traits>
@@ -95,7 +96,12 @@ class JX_API JXAdditionalProperties {
   template <typename Operation>
   void change(const Operation& operation);
 
-  std::unique_ptr<std::mutex> mutex_;  ///< null for an object of one thread
+  struct Guard {
+    std::mutex mutex;
+    std::atomic<bool> hasProperties{false};  ///< read without the mutex for each event
+  };
+
+  std::unique_ptr<Guard> guard_;  ///< null for an object of one thread
   /// Null until it is first needed, because most items and products have none.
   mutable JXJsonObject additionalProperties_{nullptr};
 };

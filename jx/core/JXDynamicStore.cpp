@@ -73,8 +73,13 @@ void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
   const std::lock_guard<std::mutex> lock(mutex_);
   const std::vector<JXJsonEntry>& all = entries_.entries();
   for (std::size_t i = 0; i < count; ++i) {
-    strings[i] =
-        findEntry(all, keys[i], positions[i]) ? all[positions[i]].value.string() : JXString();
+    const bool isFound = findEntry(all, keys[i], positions[i]);
+    const JXString* const string = isFound ? all[positions[i]].value.asString() : nullptr;
+    if (string != nullptr) {
+      strings[i] = *string;
+    } else {
+      strings[i] = nullptr;
+    }
   }
 }
 
@@ -85,11 +90,18 @@ JXString JXDynamicStore::getString(std::string_view key, std::size_t& position) 
 }
 
 void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXString string) {
+  setStrings(&key, 1, &position, &string);
+}
+
+void JXDynamicStore::setStrings(const std::string_view* keys, std::size_t count,
+                                std::size_t* positions, JXString* strings) {
   if (isIgnored()) return;
   const std::lock_guard<std::mutex> lock(mutex_);
-  const bool isFound = findEntry(entries_.entries(), key, position);
-  if (isFound && entries_.replaceString(position, JXString(string))) return;
-  entries_.set(key, std::move(string));
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool isFound = findEntry(entries_.entries(), keys[i], positions[i]);
+    if (isFound && entries_.replaceString(positions[i], strings[i])) continue;
+    entries_.set(keys[i], std::move(strings[i]));
+  }
 }
 
 JXJsonObject JXDynamicStore::entries() const {

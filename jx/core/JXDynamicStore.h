@@ -57,6 +57,11 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   /// Sets or replaces the string under `key`; null removes the key. `position` as in `getString`.
   void setString(std::string_view key, std::size_t& position, JXString string);
 
+  /// Sets or replaces the strings under `count` keys at one moment, in order, and moves them out of
+  /// `strings`. Null removes the key. `positions` as in `getStrings`.
+  void setStrings(const std::string_view* keys, std::size_t count, std::size_t* positions,
+                  JXString* strings);
+
   /// Returns a copy of all pairs.
   JXJsonObject entries() const;
 

@@ -47,8 +47,13 @@ class JX_API JXString {
   }
   /// Copies like the constructor.
   JXString& operator=(const JXString& other) noexcept {
-    JXString copy(other);
-    return *this = static_cast<JXString&&>(copy);
+    if (this == &other) return *this;
+    // Before this string is released: it may own the last copy of `other`.
+    if (other.tag_ == kShared) other.shared()->references.fetch_add(1, std::memory_order_relaxed);
+    release();
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    tag_ = other.tag_;
+    return *this;
   }
   /// Moves like the constructor.
   JXString& operator=(JXString&& other) noexcept {

@@ -33,7 +33,8 @@ JXApp* JXApp::reinit() {
 
 void JXApp::refreshContent() {
   const JXSessionLock lock;
-  consentVersion_ = JXCoreVariables::sharedInstance().getData(JX_ConsentVersion);
+  consentVersion_ = JXCoreVariables::sharedInstance().dynamicStore()->getString(
+      JX_ConsentVersion, placeOfConsentVersion_);
 }
 
 JXJsonObject JXApp::getJsonObject() {

@@ -28,6 +28,9 @@ class JX_API JXApp : public JXAppFields {
   /// Returns a new object with the current consent version. It contains the additional properties,
   /// overridden by the fields.
   JXJsonObject getJsonObject();
+
+ private:
+  std::size_t placeOfConsentVersion_ = 0;  ///< position in the store of the core's variables
 };
 
 }  // namespace jx

@@ -153,8 +153,12 @@ JXString JXPredefinedVariables::frequent(Frequent variable) const {
 }
 
 void JXPredefinedVariables::setFrequent(Frequent variable, JXString value) {
+  setFrequent(variable, &value, 1);
+}
+
+void JXPredefinedVariables::setFrequent(Frequent first, JXString* values, std::size_t count) {
   if (!dynamicStore_) return;
-  dynamicStore_->setString(kFrequentNames[variable], positions_[variable], std::move(value));
+  dynamicStore_->setStrings(kFrequentNames + first, count, positions_ + first, values);
 }
 
 JXString JXPredefinedVariables::removeData(const JXString& key) {

@@ -355,6 +355,8 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// Same as `getData` and `addData_withValue`, without a search. The caller has the lock.
   JXString frequent(Frequent variable) const;
   void setFrequent(Frequent variable, JXString value);
+  /// Sets `count` variables, of which `first` is the first one, and moves the values.
+  void setFrequent(Frequent first, JXString* values, std::size_t count);
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
   mutable std::size_t positions_[kFrequentCount] = {};  ///< in the store

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <iterator>
 #include <string>
 
 #include "jx/core/JXCoreServices.h"
@@ -87,10 +88,11 @@ void JXPredefinedVariables::computeTimeChangingVariables() {
     totalForegroundTime_ += sinceLastTime;
   }
   lastTime_ = now;
-  setFrequent(ForegroundTime, decimal(totalForegroundTime_));
-  setFrequent(DeltaForeground, decimal(deltaForeground_));
-  setFrequent(BackgroundTime, decimal(totalBackgroundTime_));
-  setFrequent(DeltaBackground, decimal(deltaBackground_));
+  static_assert(DeltaForeground == ForegroundTime + 1 && BackgroundTime == ForegroundTime + 2 &&
+                DeltaBackground == ForegroundTime + 3);
+  JXString times[] = {decimal(totalForegroundTime_), decimal(deltaForeground_),
+                      decimal(totalBackgroundTime_), decimal(deltaBackground_)};
+  setFrequent(ForegroundTime, times, std::size(times));
   persistString(kJXUsageDuration, decimal(deltaForeground_ + deltaBackground_ + startUsage_));
   deltaBackground_ = 0;
   deltaForeground_ = 0;

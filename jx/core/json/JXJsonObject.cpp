@@ -44,10 +44,10 @@ const std::vector<JXJsonEntry>& JXJsonObject::entries() const noexcept {
   return node_ ? node_->entries : none;
 }
 
-bool JXJsonObject::replaceString(std::size_t position, JXString&& string) {
-  JXJsonValue& value = node_->entries[position].value;
-  if (!string.isPresent() || value.kind() != JXJsonValue::Kind::String) return false;
-  value = std::move(string);
+bool JXJsonObject::replaceString(std::size_t position, JXString& string) {
+  JXString* const value = std::get_if<JXString>(&node_->entries[position].value.value_);
+  if (!string.isPresent() || value == nullptr) return false;
+  *value = std::move(string);
   return true;
 }
 

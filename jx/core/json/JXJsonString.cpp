@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/json/JXJsonString.h"
 
-#include <cstdint>
-#include <cstring>
-
 #include "jx/core/json/JXUtf8.h"
 
 namespace jx {
@@ -44,48 +41,6 @@ std::size_t escapedLength(std::string_view text) noexcept {
   return length;
 }
 
-constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
-
-// Returns true when one of the eight bytes is zero.
-constexpr bool hasZero(std::uint64_t word) noexcept {
-  return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
-}
-
-constexpr bool isPlainWord(std::uint64_t word) noexcept {
-  const bool hasHighOrControl = ((word | ((word - eachByte(0x20)) & ~word)) & eachByte(0x80)) != 0;
-  return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
-}
-
-// Copies a string of up to eight bytes. Returns false unless all bytes are ASCII and need no
-// escape.
-bool copyPlainWord(const char* from, std::size_t length, char* to) noexcept {
-  std::uint64_t word = eachByte(' ');
-  std::memcpy(&word, from, length);
-  std::memcpy(to, &word, length);
-  return isPlainWord(word);
-}
-
-// The same for any length. Overlapping words avoid a loop over the last bytes.
-bool copyPlain(const char* from, std::size_t length, char* to) noexcept {
-  constexpr std::size_t kWord = sizeof(std::uint64_t);
-  constexpr std::size_t kHalf = kWord / 2;
-  if (length >= kWord) {
-    const std::size_t last = length - kWord;
-    for (std::size_t at = 0; at < last; at += kWord) {
-      if (!copyPlainWord(from + at, kWord, to + at)) return false;
-    }
-    return copyPlainWord(from + last, kWord, to + last);
-  }
-  if (length >= kHalf) {
-    const std::size_t last = length - kHalf;
-    return copyPlainWord(from, kHalf, to) && copyPlainWord(from + last, kHalf, to + last);
-  }
-  for (std::size_t at = 0; at < length; ++at) {
-    if (!copyPlainWord(from + at, 1, to + at)) return false;
-  }
-  return true;
-}
-
 void appendEscaped(std::string_view text, JXStringBuilder& out) {
   if (!isUtf8(text)) return appendEscaped(withReplacementCharacters(text), out);
   constexpr char kDigits[] = "0123456789ABCDEF";
@@ -111,14 +66,6 @@ void appendEscaped(std::string_view text, JXStringBuilder& out) {
 std::size_t jsonStringLength(std::string_view text) {
   return kQuotes +
          (isUtf8(text) ? escapedLength(text) : escapedLength(withReplacementCharacters(text)));
-}
-
-char* writePlainJsonString(std::string_view text, char* to) noexcept {
-  *to++ = '"';
-  if (!copyPlain(text.data(), text.size(), to)) return nullptr;
-  to += text.size();
-  *to++ = '"';
-  return to;
 }
 
 void appendJsonString(std::string_view text, JXStringBuilder& out) {

@@ -45,7 +45,7 @@ bool JXJsonValue::boolValue() const noexcept {
 }
 
 JXString JXJsonValue::string() const {
-  const JXString* text = std::get_if<JXString>(&value_);
+  const JXString* const text = asString();
   return text != nullptr ? *text : JXString();
 }
 

@@ -76,8 +76,13 @@ class JX_API JXJsonValue {
   JXJsonArray array() const;
 
  private:
+  friend class JXDynamicStore;
   friend class JXJsonNode;
+  friend class JXJsonObject;
   friend class JXJsonTextSink;
+
+  /// Returns the string without a copy; null for any other kind.
+  const JXString* asString() const noexcept { return std::get_if<JXString>(&value_); }
 
   struct Null {};
   struct Number {
