@@ -94,5 +94,24 @@ TEST(JXAdditionalProperties, ReturnsItsOwnObjectNotACopy) {
   EXPECT_EQ(json(object), R"({"direct":1})");
 }
 
+TEST(JXAdditionalProperties, ReturnsTheSameObjectBeforeAndAfterTheFirstProperty) {
+  const auto object = JXAdditionalProperties::init();
+  const JXJsonObject properties = object->getAdditionalProperties();
+  object->addAdditionalProperty_withStringValue("a", "1");
+  EXPECT_TRUE(properties.isSameAs(object->getAdditionalProperties()));
+  EXPECT_EQ(properties.get("a").string(), JXString("1"));
+}
+
+TEST(JXAdditionalProperties, ReturnsACopyForAnObjectOfSeveralThreads) {
+  const auto object = JXAdditionalProperties::initShared();
+  JXJsonObject copy = object->getAdditionalProperties();
+  EXPECT_TRUE(copy.isPresent());
+  copy.set("a", 1);
+  EXPECT_EQ(json(object), "{}");
+  object->addAdditionalProperty_withStringValue("b", "2");
+  EXPECT_EQ(json(object), R"({"b":"2"})");
+  EXPECT_FALSE(object->getAdditionalProperties().isSameAs(object->getAdditionalProperties()));
+}
+
 }  // namespace
 }  // namespace jx

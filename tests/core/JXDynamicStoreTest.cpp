@@ -9,6 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include "jx/core/json/JXJsonWriter.h"
+
 namespace jx {
 namespace {
 
@@ -174,6 +176,18 @@ TEST(JXDynamicStore, RemovesTheKeyWhenItsStringIsSetToNull) {
   store->setString("a", position, nullptr);
   store->setString("none", position, nullptr);
   EXPECT_TRUE(store->isEmpty());
+}
+
+TEST(JXDynamicStore, SetsSeveralStringsInOrder) {
+  const auto store = JXDynamicStore::init();
+  store->addData_withValue("b", 7);
+  store->addData_withValue("removed", "old");
+  constexpr std::string_view kKeys[] = {"a", "b", "removed", "c"};
+  std::size_t positions[4] = {};
+  JXString strings[] = {"1", "2", nullptr, "3"};
+  store->setStrings(kKeys, 4, positions, strings);
+  EXPECT_EQ(JXJsonWriter::write(store->entries(), JXJsonStyle::Compact).text,
+            R"({"b":"2","a":"1","c":"3"})");
 }
 
 }  // namespace

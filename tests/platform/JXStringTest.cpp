@@ -15,8 +15,8 @@
 namespace jx {
 namespace {
 
-const std::string kInline(30, 'a');  // the longest inline string
-const std::string kShared(31, 'b');  // the shortest shared string
+const std::string kInline(38, 'a');  // the longest inline string
+const std::string kShared(39, 'b');  // the shortest shared string
 
 TEST(JXString, IsNullByDefaultAndForNullPointers) {
   const char* none = nullptr;
@@ -45,8 +45,8 @@ TEST(JXString, TestStringRequiresOneCharacter) {
 }
 
 TEST(JXString, KeepsStringsOfAllLengthsAroundTheInlineCapacity) {
-  for (const std::size_t length : {std::size_t{1}, std::size_t{29}, std::size_t{30},
-                                   std::size_t{31}, std::size_t{32}, std::size_t{100000}}) {
+  for (const std::size_t length : {std::size_t{1}, std::size_t{37}, std::size_t{38},
+                                   std::size_t{39}, std::size_t{40}, std::size_t{100000}}) {
     const std::string text(length, 'x');
     const JXString created(text);
     EXPECT_EQ(created.size(), length);
@@ -120,7 +120,7 @@ TEST(JXString, AssignsBetweenAllRepresentations) {
 }
 
 TEST(JXString, ComparesBytes) {
-  EXPECT_EQ(JXString(kShared), JXString(std::string(31, 'b')));
+  EXPECT_EQ(JXString(kShared), JXString(std::string(39, 'b')));
   EXPECT_NE(JXString(kShared), JXString(std::string(24, 'b')));
   EXPECT_NE(JXString("a"), JXString("A"));
 }
@@ -135,8 +135,8 @@ TEST(JXString, WorksAsAKeyOfUnorderedMaps) {
   std::unordered_map<JXString, int> numbers;
   numbers[JXString(kShared)] = 1;
   numbers[JXString(kInline)] = 2;
-  EXPECT_EQ(numbers.at(JXString(std::string(31, 'b'))), 1);
-  EXPECT_EQ(numbers.at(JXString(std::string(30, 'a'))), 2);
+  EXPECT_EQ(numbers.at(JXString(std::string(39, 'b'))), 1);
+  EXPECT_EQ(numbers.at(JXString(std::string(38, 'a'))), 2);
 }
 
 TEST(JXString, ReleasesASharedStringOnceOnManyThreads) {

@@ -279,5 +279,40 @@ TEST(JXJsonWriter, LimitsASmallValueThatExpandsExponentially) {
   }
 }
 
+// The writer copies eight, four or one byte at a time.
+TEST(JXJsonWriter, EscapesAByteAtEachPositionOfStringsAndKeysOfEachLength) {
+  for (std::size_t length = 1; length <= 20; ++length) {
+    for (std::size_t position = 0; position < length; ++position) {
+      for (const auto& [byte, escaped] : {std::pair<char, std::string>{'"', "\\\""},
+                                          {'\\', "\\\\"},
+                                          {'\n', "\\n"},
+                                          {'\x1f', "\\u001F"},
+                                          {'\x7f', "\x7f"},
+                                          {'~', "~"},
+                                          {' ', " "},
+                                          {'!', "!"}}) {
+        std::string string(length, 'k');
+        string[position] = byte;
+        const std::string expected =
+            std::string(position, 'k') + escaped + std::string(length - position - 1, 'k');
+        JXJsonObject object;
+        object.set(string, string);
+        ASSERT_EQ(JXJsonWriter::write(object, JXJsonStyle::Compact).text,
+                  "{\"" + expected + "\":\"" + expected + "\"}");
+      }
+    }
+  }
+}
+
+TEST(JXJsonWriter, KeepsCharactersOfSeveralBytesAtEachPosition) {
+  for (std::size_t length = 0; length <= 20; ++length) {
+    const std::string string = std::string(length, 'k') + "\u00e9" + std::string(20 - length, 'k');
+    JXJsonObject object;
+    object.set("a", string);
+    ASSERT_EQ(JXJsonWriter::write(object, JXJsonStyle::Compact).text,
+              R"({"a":")" + string + R"("})");
+  }
+}
+
 }  // namespace
 }  // namespace jx

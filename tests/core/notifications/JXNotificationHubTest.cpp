@@ -12,12 +12,14 @@
 #include <mutex>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreInitialisation.h"
 #include "jx/core/JXCoreVariables.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/notifications/JXEventSender.h"
+#include "jx/core/notifications/JXPendingRequest.h"
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "tests/core/JXCoreFixture.h"
@@ -287,6 +289,82 @@ TEST_F(JXUserDefaultsOnDisk, MakesSavedValuesDurableWithoutARequest) {
   const int before = Durability::times();
   JXUserDefaults::saveInfoToUserDefaults_forLabel("value", "label");
   EXPECT_TRUE(Durability::waitFor(before + 1));
+}
+
+TEST_F(JXNotificationHubTest, QueuesAPendingRequestWithoutUserInfo) {
+  JXNotification notification{kJXNotification_HTTPRequest, this, nullptr};
+  const JXString url = port_.url();
+  const JXString body = R"({"context":{"event_id":"1"}})";
+  const JXPendingRequest pending(notification, url, body);
+  senderOnApplicationCenter()->send(notification);
+  EXPECT_EQ(queued(), 1U);
+  EXPECT_FALSE(notification.userInfo.isPresent());
+}
+
+TEST_F(JXNotificationHubTest, CreatesTheUserInfoOfAPendingRequestForObservers) {
+  const auto sender = senderOnApplicationCenter();
+  test::JXListening there;
+  there.listen("JXNotification: HTTP Request");
+  std::vector<JXJsonObject> seen;
+  const auto keep = [&](const JXNotification& posted) { seen.push_back(posted.userInfo); };
+  application_->addObserver(&seen, nullptr, keep);
+  there.reaction = keep;
+  JXNotification notification{kJXNotification_HTTPRequest, this, nullptr};
+  const JXString url = port_.url();
+  const JXString body = R"({"context":{"event_id":"1"}})";
+  const JXPendingRequest pending(notification, url, body);
+  sender->send(notification);
+  EXPECT_EQ(queued(), 1U);
+  ASSERT_EQ(seen.size(), 2U);
+  EXPECT_TRUE(seen[0].isSameAs(seen[1]));
+  EXPECT_EQ(seen[0].get(kJXUserInfo_URLKey).string(), url);
+  EXPECT_EQ(seen[0].get(kJXUserInfo_POSTData).string(), body);
+  EXPECT_EQ(seen[0].size(), 2U);
+}
+
+TEST_F(JXNotificationHubTest, QueuesWhatAnEarlierObserverMadeOfAPendingRequest) {
+  application_->addObserver(this, kJXNotification_HTTPRequest, [](const JXNotification& posted) {
+    JXJsonObject userInfo = posted.userInfo;
+    userInfo.remove(kJXUserInfo_POSTData);
+  });
+  const auto sender = senderOnApplicationCenter();
+  JXNotification notification{kJXNotification_HTTPRequest, this, nullptr};
+  const JXString url = port_.url();
+  const JXPendingRequest pending(notification, url, url);
+  sender->send(notification);
+  EXPECT_EQ(queued(), 0U);
+}
+
+TEST_F(JXNotificationHubTest, DoesNotQueueAPendingRequestWithoutUrl) {
+  JXNotification notification{kJXNotification_HTTPRequest, this, nullptr};
+  const JXString body = "{}";
+  const JXString url;
+  const JXPendingRequest pending(notification, url, body);
+  JXEventSender::init()->send(notification);
+  EXPECT_EQ(queued(), 0U);
+}
+
+TEST_F(JXNotificationHubTest, AnObserverOfAPendingRequestMayPostAnother) {
+  const auto sender = JXEventSender::init();
+  const JXString url = port_.url();
+  std::vector<std::string> bodies;
+  JXNotificationCenter& center = *JXNotificationCenter::defaultCenter();
+  center.addObserver(&bodies, kJXNotification_HTTPRequest, [&](const JXNotification& posted) {
+    bodies.push_back(posted.userInfo.get(kJXUserInfo_POSTData).string().toStdString());
+    if (bodies.size() != 1) return;
+    JXNotification inner{kJXNotification_HTTPRequest, this, nullptr};
+    const JXString body = "inner";
+    const JXPendingRequest pending(inner, url, body);
+    sender->send(inner);
+    sender->send(posted);
+  });
+  JXNotification outer{kJXNotification_HTTPRequest, this, nullptr};
+  const JXString body = "outer";
+  const JXPendingRequest pending(outer, url, body);
+  sender->send(outer);
+  center.removeObserver(&bodies);
+  EXPECT_EQ(bodies, (std::vector<std::string>{"outer", "inner", "outer"}));
+  EXPECT_EQ(queued(), 3U);
 }
 
 }  // namespace
