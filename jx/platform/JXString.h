@@ -48,7 +48,7 @@ class JX_API JXString {
   /// Copies like the constructor.
   JXString& operator=(const JXString& other) noexcept {
     if (this == &other) return *this;
-    // Before this string is released: it may own the last copy of `other`.
+    // Before this string is released: both may share their characters.
     if (other.tag_ == kShared) other.shared()->references.fetch_add(1, std::memory_order_relaxed);
     release();
     std::memcpy(bytes_, other.bytes_, sizeof bytes_);
