@@ -99,19 +99,32 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   if (storageFolder_.testString()) {
     watch_ = std::make_shared<JXPathWatch>(storageFolder_.toStdString(), kOutbox);
   }
+  if (!configuration.dryRun) openOutbox();
   if (!configuration.storesOnlyWithConsent) openDefaults();
   if (!storageFolder_.testString() && !configuration.dryRun) {
     logger.logMessage_withLevel("No storage folder available; events are kept in memory only", 3);
   }
 }
 
+void JXCoreServices::openOutbox() {
+  const std::string currentEndpoint =
+      configuration_.sendsQueueToCurrentHost ? collectionEndpoint_.toStdString() : std::string();
+  outbox_ = std::make_shared<JXOutbox>(
+      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
+      configuration_.outboxBounds, clock_, erasures_, false, currentEndpoint,
+      storageFolder_.testString() ? kOutbox : "", watch_);
+}
+
 void JXCoreServices::openDefaults() {
-  userDefaults_ = platform_->userDefaults();
-  if (userDefaults_ == nullptr && storageFolder_.testString()) {
+  JXPlatformDefaults* defaults = platform_->userDefaults();
+  if (defaults == nullptr && storageFolder_.testString()) {
     defaultsFile_ =
         new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_, watch_);
-    userDefaults_ = defaultsFile_.load();
+    defaults = defaultsFile_;
   }
+  // Before a value is read: a killed process may have stored some with its last events.
+  if (outbox_) outbox_->beginStoring(defaultsFile_);
+  userDefaults_ = defaults;
   mayStore_ = true;
 }
 
@@ -120,7 +133,6 @@ void JXCoreServices::beginStoring() {
   if (mayStore() || JXForkedChild::isCurrent()) return;
   std::call_once(storing_, [this] {
     openDefaults();
-    if (outbox_) outbox_->beginStoring();
     if (stopMarks_) stopMarks_->beginStoring();
     beganLater_ = true;
   });
@@ -144,6 +156,8 @@ std::vector<std::string> JXCoreServices::eraseStoredData() {
 std::vector<std::string> JXCoreServices::erase() {
   std::vector<std::string> left = erasures_->begin();
   if (JXDefaultsFile* const file = defaultsFile_) file->applyErasures();
+  // Also if the transfer has not started yet.
+  if (outbox_) outbox_->applyErasures();
   JXNetworkManager::sharedInstance().applyErasures();
   erasures_->complete(left);
   return left;
@@ -203,12 +217,6 @@ void JXCoreServices::startTransfer() {
   JXTransferSetup setup;
   const std::string folder =
       storageFolder_.testString() ? storageFolder_.toStdString() + "/" + kOutbox : std::string();
-  const std::string currentEndpoint =
-      configuration_.sendsQueueToCurrentHost ? collectionEndpoint_.toStdString() : std::string();
-  outbox_ = std::make_shared<JXOutbox>(
-      storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
-      configuration_.outboxBounds, clock_, erasures_, mayStore(), currentEndpoint,
-      storageFolder_.testString() ? kOutbox : "", watch_);
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;
   setup.stopMarks = stopMarks_;

@@ -81,6 +81,7 @@ class JXCoreServices {
  private:
   explicit JXCoreServices(const JXCoreConfiguration& configuration);
   void startTransfer();
+  void openOutbox();
   void openDefaults();
   void beginStoring();
   void removeExpiredQuarantinedDefaults();
@@ -95,8 +96,8 @@ class JXCoreServices {
   JXString collectionEndpoint_;
   std::shared_ptr<JXErasures> erasures_;
   std::shared_ptr<JXPathWatch> watch_;      ///< null without a storage folder
-  std::shared_ptr<JXOutbox> outbox_;        ///< null before the start and in a dry run
-  std::shared_ptr<JXStopMarks> stopMarks_;  ///< as `outbox_`
+  std::shared_ptr<JXOutbox> outbox_;        ///< null in a dry run
+  std::shared_ptr<JXStopMarks> stopMarks_;  ///< null before the start and in a dry run
   // Never deleted. Null until data may be stored.
   std::atomic<JXDefaultsFile*> defaultsFile_{nullptr};
   std::atomic<JXPlatformDefaults*> userDefaults_{nullptr};

@@ -19,8 +19,8 @@ class JX_API JXUserDefaults {
   /// the entry; a null label is ignored. Without a store, the value is discarded.
   static void saveInfoToUserDefaults_forLabel(const JXString& value, const JXString& label);
 
-  /// Stores all values that the thread saves during its lifetime in one write, at its end. Groups
-  /// related values; must not be nested.
+  /// Stores all values that the thread saves during its lifetime in one write: at its end, or with
+  /// the event that the thread is executing. Groups related values; must not be nested.
   class JX_API Changes {
    public:
     Changes();

@@ -16,6 +16,7 @@
 #include "jx/core/JXUser.h"
 #include "jx/core/notifications/JXPendingRequest.h"
 #include "jx/core/notifications/JXPostScope.h"
+#include "jx/core/storage/JXDeferredChanges.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
@@ -184,11 +185,20 @@ void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
 
 void ServerSide::send(JXEvent& event, std::int32_t state) {
   JXNewSessionClaim claim;
+  if (!composeAndPost(event, state, claim)) return;
+  claim.keep();
+  mirrorToFirebase(event);
+}
+
+// Returns false if the event was dropped because memory is exhausted.
+bool ServerSide::composeAndPost(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
+  // The outbox writes the values that the event changes with the event.
+  const JXDeferredChanges changes;
   JXString body;
   try {
     body = compose(event, state, claim);
   } catch (const std::bad_alloc&) {
-    if (JXNetworkManager::sharedInstance().dropOutOfMemory()) return;
+    if (JXNetworkManager::sharedInstance().dropOutOfMemory()) return false;
     throw;
   }
   if (const auto sender = senderDelegate()) {
@@ -197,8 +207,7 @@ void ServerSide::send(JXEvent& event, std::int32_t state) {
     const JXPendingRequest request(notification, url, body);
     sender->send(notification);
   }
-  claim.keep();
-  mirrorToFirebase(event);
+  return true;
 }
 
 JXString ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {

@@ -178,6 +178,7 @@ class JX_API ServerSide final : public IJXEventSenderDelegate, public IJXEventLi
   JXStartState setInitialState();
   bool applyDecision(const JXNotification& notification, std::int32_t state);
   void send(JXEvent& event, std::int32_t state);
+  bool composeAndPost(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim);
   JXString compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim);
   void mirrorToFirebase(const JXEvent& event);
 

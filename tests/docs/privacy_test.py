@@ -89,16 +89,36 @@ def kind_of_example(cell):
     return list if cell.startswith("`[") else str
 
 
-def defaults_in(path):
-    """Returns the keys of a defaults file, also of values that were replaced."""
-    content, keys, at = path.read_bytes(), set(), 0
+def payloads_in(path):
+    """Yields the payloads of the frames of a file."""
+    content, at = path.read_bytes(), 0
     while (at := content.find(MAGIC, at)) >= 0:
         length, _ = struct.unpack_from("<II", content, at + 4)
-        payload = content[at + 12:at + 12 + length]
+        yield content[at + 12:at + 12 + length]
+        at += 12 + length
+
+
+def defaults_in(path):
+    """Returns the keys of a defaults file, also of values that were replaced."""
+    keys = set()
+    for payload in payloads_in(path):
+        if payload[:1] == b"C":  # a checkpoint
+            continue
         key_length, = struct.unpack_from("<I", payload, 1)
         keys.add(payload[5:5 + key_length].decode())
-        at += 12 + length
-    expect(content.startswith(JOURNAL) and keys, f"{path}: not a journal with entries")
+    expect(path.read_bytes().startswith(JOURNAL) and keys, f"{path}: not a journal with entries")
+    return keys
+
+
+def changes_in(path):
+    """Returns the keys of the persisted values that a segment contains."""
+    keys = set()
+    for payload in payloads_in(path):
+        at = 20 if payload[:1] == b"V" else len(payload)
+        while at < len(payload):
+            key_length, value_length = struct.unpack_from("<II", payload, at + 1)
+            keys.add(payload[at + 9:at + 9 + key_length].decode())
+            at += 9 + key_length + value_length
     return keys
 
 
@@ -151,6 +171,8 @@ class Installation:
                     path = re.sub(pattern, kind, path)
                 self.files.add(path)
         self.defaults |= defaults_in(self.folder / "defaults")
+        for segment in self.folder.glob("outbox/segment-????????????????"):
+            self.defaults |= changes_in(segment)
         for verb in ("list", "dead"):
             if (self.folder / "outbox").exists():
                 for line in self.queue(verb, "--json").splitlines():

@@ -14,46 +14,6 @@ constexpr std::uint64_t kRewriteAbove = 64 * 1024;
 // An attempt fails only when another process replaces the file at the same time.
 constexpr int kOpenAttempts = 3;
 
-// Payload of a frame: kind (1 byte), length of the key (4), key, value.
-constexpr std::size_t kHead = 5;
-constexpr char kValue = 'V';
-constexpr char kRemoved = 'X';
-
-// Appends the frame that sets `key` to `value`; a null value removes the entry.
-void encode(const JXString& key, const JXString& value, std::string& frames) {
-  char head[kHead] = {value.isPresent() ? kValue : kRemoved};
-  putU32(head + 1, static_cast<std::uint32_t>(key.size()));
-  encodeFrame({{head, sizeof head}, key.view(), value.view()}, frames);
-}
-
-int append(JXJournal& journal, const JXString& key, const JXString& value) {
-  std::string frame;
-  encode(key, value, frame);
-  return journal.appendFrames(frame);
-}
-
-// Applies one frame to `values`; ignores a frame of another kind.
-void apply(std::string_view payload, JXDefaultsMap& values) {
-  if (payload.size() < kHead) return;
-  const char kind = payload.front();
-  const std::size_t keyLength = getU32(payload.data() + 1);
-  if (keyLength > payload.size() - kHead) return;
-  const JXString key(payload.substr(kHead, keyLength));
-  if (kind == kValue) {
-    values[key] = JXString(payload.substr(kHead + keyLength));
-  } else if (kind == kRemoved) {
-    values.erase(key);
-  }
-}
-
-// Returns the size in bytes of a file that contains only these entries.
-std::uint64_t compactSize(const JXDefaultsMap& values) {
-  std::uint64_t bytes = kJXJournalMagic.size();
-  for (const auto& [key, value] : values)
-    bytes += kJXFrameHeaderSize + kHead + key.size() + value.size();
-  return bytes;
-}
-
 }  // namespace
 
 JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures,
@@ -86,12 +46,14 @@ bool JXDefaultsFile::dropErased() {
   if (erasures == seenErasures_) return false;
   unsaved_.clear();
   if (journal_ != nullptr && journal_->file().isLinked()) {
-    for (const auto& entry : values_)
+    for (const auto& entry : content_.values)
       unsaved_.insert(entry.first);
   } else {
     journal_.reset();
   }
-  values_.clear();
+  content_ = {};
+  stored_.clear();
+  hasCheckpoint_ = false;
   changed_.clear();
   rewriting_ = dirty_ = folderDirty_ = damaged_ = false;
   // Last: an exception before must not keep erased values.
@@ -113,31 +75,23 @@ JXString JXDefaultsFile::objectForKey(const JXString& key) {
 }
 
 JXString JXDefaultsFile::valueOf(const JXString& key) const {
-  const auto found = values_.find(key);
-  return found == values_.end() ? JXString() : found->second;
+  const auto found = content_.values.find(key);
+  return found == content_.values.end() ? JXString() : found->second.value;
 }
 
 void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key) {
   if (!key.isPresent()) return;
   JXReportingLock locked(mutex_, report_);
   dropErased();
-  const auto found = values_.find(key);
-  const bool same = found == values_.end() ? !value.isPresent() : found->second == value;
-  if (same) return;
+  if (valueOf(key) == value) return;
   // Before the change, so that no value is changed and not written when memory is exhausted.
   unsaved_.insert(key);
   if (rewriting_) changed_.insert(key);
-  if (value.isPresent()) {
-    values_[key] = value;
-  } else {
-    values_.erase(found);
-  }
+  content_.values[key].value = value;
+  ++changes_;
   if (changing_ == std::this_thread::get_id()) return;
   ensureOpen();
-  if (unsaved_.count(key) == 0) return;  // written, or erased, by ensureOpen
-  std::string frame;
-  encode(key, value, frame);
-  if (writeFrames(frame)) unsaved_.erase(key);
+  writeUnsaved();
 }
 
 void JXDefaultsFile::beginChanges() {
@@ -152,7 +106,9 @@ void JXDefaultsFile::endChanges() {
   changing_ = std::thread::id();
   dropErased();
   // Also without a change: a deleted file may mean an erase.
-  if (unsaved_.empty() && (journal_ == nullptr || isOpenAtPath())) return;
+  const bool isCurrent = isOpenAtPath();
+  if (isCurrent && (unsaved_.empty() || defersChanges())) return;
+  if (unsaved_.empty() && journal_ == nullptr) return;
   ensureOpen();
   writeUnsaved();
 }
@@ -176,6 +132,7 @@ std::uint64_t JXDefaultsFile::damaged() const {
 void JXDefaultsFile::ensureOpen() {
   if (isOpenAtPath()) return;
   journal_.reset();
+  hasCheckpoint_ = false;
   noticesErasure();
   for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {
     if (!openOnce()) return;
@@ -200,7 +157,7 @@ bool JXDefaultsFile::openOnce() {
   }
   if (!file.isAt(path_)) return true;
   auto journal = std::make_shared<JXJournal>(std::move(file), path_);
-  JXDefaultsMap inFile;
+  JXDefaultsContent inFile;
   readContent(*journal, alone ? JXJournal::Writers::One : JXJournal::Writers::Several, inFile);
   // Another process may have replaced the file between releasing the exclusive lock and acquiring
   // the shared one.
@@ -220,9 +177,9 @@ bool JXDefaultsFile::openOnce() {
 // Reads the whole file, quarantines damaged data, and allows other writers afterwards. Returns
 // false on a read error.
 bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
-                                 JXDefaultsMap& content) {
+                                 JXDefaultsContent& content) {
   const JXJournal::Recovery recovery =
-      journal.recover(writers, [&](const JXFrame& frame) { apply(frame.payload, content); });
+      journal.recover(writers, [&](const JXFrame& frame) { content.apply(frame.payload); });
   journal.setWriters(JXJournal::Writers::Several);
   if (recovery.error != 0) report_.failed("read the file", recovery.error);
   report_.quarantined(path_, recovery.quarantined);
@@ -232,25 +189,29 @@ bool JXDefaultsFile::readContent(JXJournal& journal, JXJournal::Writers writers,
 
 // Adopts the values in the file, except for keys whose change is not written yet. An entry missing
 // from a complete file was removed by another process; one missing from a new file is written.
-void JXDefaultsFile::adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole) {
-  for (auto entry = values_.begin(); entry != values_.end();) {
-    const bool missing = inFile.count(entry->first) == 0 && unsaved_.count(entry->first) == 0;
-    if (missing && fileIsWhole) {
-      entry = values_.erase(entry);
+void JXDefaultsFile::adoptContent(const JXDefaultsContent& inFile, bool fileIsWhole) {
+  JXDefaultsMap& values = content_.values;
+  for (auto entry = values.begin(); entry != values.end();) {
+    const bool missing =
+        inFile.values.count(entry->first) == 0 && unsaved_.count(entry->first) == 0;
+    if (missing && (fileIsWhole || !entry->second.value.isPresent())) {
+      entry = values.erase(entry);
       continue;
     }
     if (missing) unsaved_.insert(entry->first);
     ++entry;
   }
-  for (const auto& [key, value] : inFile) {
-    if (unsaved_.count(key) == 0) values_[key] = value;
+  for (const auto& [key, stored] : inFile.values) {
+    if (unsaved_.count(key) == 0) values[key] = stored;
   }
+  content_.checkpoints = inFile.checkpoints;
+  content_.lastPosition = inFile.lastPosition;
 }
 
 // Loads the values of a file that can be read but not written.
 void JXDefaultsFile::readWithoutLock() {
   const int error =
-      JXJournal::scan(path_, [&](const JXFrame& frame) { apply(frame.payload, values_); });
+      JXJournal::scan(path_, [&](const JXFrame& frame) { content_.apply(frame.payload); });
   if (error != 0 && error != ENOENT) report_.failed("read the file", error);
 }
 
@@ -269,8 +230,17 @@ void JXDefaultsFile::writeUnsaved() {
   if (unsaved_.empty()) return;
   std::string frames;
   for (const JXString& key : unsaved_)
-    encode(key, valueOf(key), frames);
-  if (writeFrames(frames)) unsaved_.clear();
+    encodeValue(key, valueOf(key), frames);
+  if (writer_ != 0) encodeCheckpoint(writer_, sequence_, frames);
+  // After a partial write, stored changes would not apply: some values may follow the checkpoint.
+  hasCheckpoint_ = false;
+  if (!writeFrames(frames)) return;
+  hasCheckpoint_ = writer_ != 0;
+  for (const JXString& key : unsaved_) {
+    const auto written = content_.values.find(key);
+    if (written != content_.values.end()) written->second.position = ++content_.lastPosition;
+  }
+  unsaved_.clear();
 }
 
 void JXDefaultsFile::maintain() {
@@ -328,7 +298,7 @@ bool JXDefaultsFile::needsCompaction() const {
   if (damaged_) return true;
   std::uint64_t size = 0;
   return journal_->file().size(size) == 0 && size > kRewriteAbove &&
-         compactSize(values_) < size / 2;
+         content_.compactSize() < size / 2;
 }
 
 // Called when the exclusive lock is unavailable or no longer needed. Another process may have
@@ -337,6 +307,7 @@ void JXDefaultsFile::downgradeToSharedLock() {
   if (journal_ == nullptr) return;
   if (journal_->file().tryLock(JXFile::Lock::Shared) && journal_->file().isAt(path_)) return;
   journal_.reset();
+  hasCheckpoint_ = false;
   ensureOpen();
 }
 
@@ -347,11 +318,9 @@ bool JXDefaultsFile::rewrite() {
   int error = 0;
   auto fresh = std::make_shared<JXJournal>(
       JXFile::open(freshPath, JXFile::Access::AppendEmptied, error), path_);
-  JXDefaultsMap content;
-  if (error == 0 && !beginRewrite(content)) return false;
-  for (const auto& [key, value] : content) {
-    if (error == 0) error = append(*fresh, key, value);
-  }
+  std::string frames;
+  if (error == 0 && !beginRewrite(frames)) return false;
+  if (error == 0) error = fresh->appendFrames(frames);
   if (error == 0) error = fresh->sync();
   const JXReportingLock locked(mutex_, report_);
   noticesErasure();  // it may have missed the new file
@@ -364,12 +333,13 @@ bool JXDefaultsFile::rewrite() {
 }
 
 // Reads the file instead of using memory: a process that has exited may have set values.
-bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
+bool JXDefaultsFile::beginRewrite(std::string& frames) {
   const JXReportingLock locked(mutex_, report_);
   if (journal_ == nullptr) return false;
+  JXDefaultsContent content;
   if (!readContent(*journal_, JXJournal::Writers::One, content)) return false;
   adoptContent(content, true);
-  content = values_;
+  frames = content_.encode();
   changed_ = unsaved_;
   rewriting_ = true;
   return true;
@@ -379,9 +349,11 @@ bool JXDefaultsFile::beginRewrite(JXDefaultsMap& content) {
 // the rewrite so far.
 bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path,
                                    int error) {
-  for (const JXString& key : changed_) {
-    if (error == 0) error = append(*fresh, key, valueOf(key));
-  }
+  std::string frames;
+  for (const JXString& key : changed_)
+    encodeValue(key, valueOf(key), frames);
+  if (writer_ != 0) encodeCheckpoint(writer_, sequence_, frames);
+  if (error == 0 && !frames.empty()) error = fresh->appendFrames(frames);
   if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
   error = replaceFile(path, path_, error);
   if (error != 0) {
@@ -390,9 +362,10 @@ bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::
   }
   fresh->setWriters(JXJournal::Writers::Several);
   journal_ = std::move(fresh);
+  hasCheckpoint_ = writer_ != 0;
   unsaved_.clear();
   damaged_ = false;
-  dirty_ = dirty_ || !changed_.empty();
+  dirty_ = dirty_ || !frames.empty();
   folderDirty_ = true;
   return true;
 }

@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "jx/core/storage/JXDefaultsFormat.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXPathWatch.h"
@@ -20,8 +21,6 @@
 
 namespace jx {
 
-using JXDefaultsMap = std::unordered_map<JXString, JXString>;
-
 /// Stores user defaults in one journal file, for systems without a user defaults store.
 ///
 /// A value has been written to the file when the setter returns, so it survives a killed process.
@@ -29,6 +28,10 @@ using JXDefaultsMap = std::unordered_map<JXString, JXString>;
 /// values are kept in memory and written as soon as possible. Several processes may use one file:
 /// each sees the values present when it opened the file and the values it set. The last value set
 /// wins. After an erase, by this or another process, there are no values. Thread-safe.
+///
+/// Values that an event changes may be stored with its request instead (JXDeferredChanges). They
+/// are written to the file by the next `maintain`, and before the file with the request is deleted.
+/// After a killed process, the outbox finds them in its files (`addStored`, `applyStored`).
 class JXDefaultsFile final : public JXPlatformDefaults {
  public:
   /// Opens the file; creates it and its folder if they are missing. `erasures` reports when the
@@ -47,8 +50,25 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   /// Returns immediately: `maintain` makes values durable.
   void synchronize() override {}
   void beginChanges() override;
-  /// Writes all values that this thread has set since `beginChanges` with one write.
+  /// Writes all values that this thread has set since `beginChanges` with one write, or leaves them
+  /// to the JXDeferredChanges of this thread.
   void endChanges() override;
+
+  /// Permits that changes are stored with requests, by an outbox that finds them at the next start.
+  /// Without it, and without random numbers, JXDeferredChanges has no effect.
+  void allowDeferral();
+  /// Replaces `payload` with the changes that are not in the file, to be stored with a request; see
+  /// JXDefaultsFormat.h. Leaves it unchanged if there are none, or if the next start would not
+  /// apply them. Returns the number to be passed to `changesStored` when they are stored.
+  std::uint64_t encodeChanges(std::string& payload);
+  void changesStored(std::uint64_t changes);
+  /// Writes the changes that are not in the file. Returns whether all of them are.
+  bool saveChanges();
+  /// Reads changes that were stored with a request. Call it before any value is read.
+  void addStored(std::string_view payload);
+  /// Sets the values of `addStored` that no process set later, and writes them. Repeat it if it
+  /// throws std::bad_alloc.
+  void applyStored();
 
   /// Makes changed values durable, retries failed writes, and compacts the file when most of it is
   /// obsolete. Call it on the transfer thread within a second after a change. It blocks on disk
@@ -79,9 +99,11 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   }
   void ensureOpen();
   bool openOnce();
-  bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsMap& content);
-  void adoptContent(const JXDefaultsMap& inFile, bool fileIsWhole);
+  bool readContent(JXJournal& journal, JXJournal::Writers writers, JXDefaultsContent& content);
+  void adoptContent(const JXDefaultsContent& inFile, bool fileIsWhole);
   void readWithoutLock();
+  bool defersChanges();
+  bool isSetLater(const JXString& key, std::uint64_t writer) const;
   JXString valueOf(const JXString& key) const;
   bool writeFrames(std::string_view frames);
   void writeUnsaved();
@@ -89,9 +111,16 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   void compact();
   bool needsCompaction() const;
   bool rewrite();
-  bool beginRewrite(JXDefaultsMap& content);
+  bool beginRewrite(std::string& frames);
   bool finishRewrite(std::shared_ptr<JXJournal> fresh, const std::string& path, int error);
   void downgradeToSharedLock();
+
+  /// A value that was stored with a request.
+  struct Stored {
+    JXString value;
+    std::uint64_t writer = 0;
+    std::uint64_t sequence = 0;
+  };
 
   const std::string path_;
   const std::shared_ptr<JXErasures> erasures_;
@@ -102,10 +131,17 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   mutable std::mutex mutex_;
   JXStorageReport report_;
   std::shared_ptr<JXJournal> journal_;  ///< null while the file cannot be opened
-  JXDefaultsMap values_;
+  JXDefaultsContent content_;
   std::unordered_set<JXString> unsaved_;  ///< keys whose last change is in memory only
   std::unordered_set<JXString> changed_;  ///< keys set since the current rewrite began
   std::thread::id changing_;              ///< the thread between `beginChanges` and `endChanges`
+  std::unordered_map<JXString, Stored> stored_;  ///< by key, until `applyStored`
+  std::uint64_t writer_ = 0;                     ///< random; 0: changes are not deferred
+  std::uint64_t sequence_ = 0;                   ///< of the last changes stored with a request
+  std::uint64_t changes_ = 0;                    ///< number of values that were set
+  std::uint64_t storedChanges_ = 0;              ///< how many of them are stored with requests
+  /// The file contains a checkpoint of this writer after the values that it wrote.
+  bool hasCheckpoint_ = false;
   bool rewriting_ = false;
   bool dirty_ = false;
   bool folderDirty_ = false;

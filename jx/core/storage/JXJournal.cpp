@@ -51,22 +51,30 @@ JXJournal::Recovery JXJournal::repair(const JXFrameReader& reader) {
   return recovery;
 }
 
-int JXJournal::append(JXFrameParts parts, std::uint64_t* offset) {
-  std::array<iovec, kMaxParts + 2> pieces;
+int JXJournal::append(JXFrameParts parts, std::uint64_t* offset, std::string_view before) {
+  std::array<iovec, kMaxParts + 4> pieces;
   if (parts.size() > kMaxParts) return EFBIG;
   const JXFrameHeader header = makeFrameHeader(parts);
-  const std::size_t mark = end_ == 0 ? kJXJournalMagic.size() : 0;
-  pieces[0] = partOf(kJXJournalMagic.substr(0, mark));
-  pieces[1] = partOf({header.data(), header.size()});
-  int used = 2;
+  JXFrameHeader headerBefore;
+  std::size_t first = end_ == 0 ? kJXJournalMagic.size() : 0;
+  pieces[0] = partOf(kJXJournalMagic.substr(0, first));
+  int used = 1;
+  if (!before.empty()) {
+    headerBefore = makeFrameHeader({before});
+    pieces[1] = partOf({headerBefore.data(), headerBefore.size()});
+    pieces[2] = partOf(before);
+    used = 3;
+    first += headerBefore.size() + before.size();
+  }
+  pieces[static_cast<std::size_t>(used++)] = partOf({header.data(), header.size()});
   std::size_t length = 0;
   for (const std::string_view part : parts) {
     pieces[static_cast<std::size_t>(used++)] = partOf(part);
     length += part.size();
   }
   if (length > kJXMaxPayload) return EFBIG;
-  const std::uint64_t place = end_ + mark;
-  const int error = write(pieces.data(), used, mark + header.size() + length);
+  const std::uint64_t place = end_ + first;
+  const int error = write(pieces.data(), used, first + header.size() + length);
   if (error == 0 && offset != nullptr && writers_ == Writers::One) *offset = place;
   return error;
 }

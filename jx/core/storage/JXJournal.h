@@ -47,8 +47,9 @@ class JXJournal {
 
   /// Appends one frame whose payload is the concatenation of the parts. `offset`, which may be
   /// null, receives its position; with several writers it is unknown and left unchanged. After a
-  /// failure, no part of the frame is ever read back.
-  int append(JXFrameParts parts, std::uint64_t* offset);
+  /// failure, no part of the frame is ever read back. `before`, unless it is empty, is the payload
+  /// of a frame that precedes it in the same write; after a failure, it may be read back.
+  int append(JXFrameParts parts, std::uint64_t* offset, std::string_view before = {});
   /// Appends complete frames with one write. After a failure, some of them may be read back.
   int appendFrames(std::string_view frames);
   /// Reads the payload, `length` bytes, of the frame at `offset`. Returns EBADMSG when there is no

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXQuarantine.h"
 
@@ -61,9 +62,11 @@ JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
   if (mayStore) beginStoring();
 }
 
-void JXOutbox::beginStoring() {
+void JXOutbox::beginStoring(JXDefaultsFile* defaults) {
+  if (defaults != nullptr) defaults->allowDeferral();
   lockedWithoutExceptions([&] {
     segments_.isOpen = true;
+    segments_.defaults = defaults;
     mustAdopt_ = true;
     adopt();
   });
@@ -96,7 +99,7 @@ std::optional<std::uint64_t> JXOutbox::add(std::string_view url, std::string_vie
       const std::uint64_t begun = erasures_ ? JXErasureScope::begunAt(*erasures_) : 0;
       dropErased();
       if (begun != seenErasures_) return queue_.rejectRequest(body, JXDropReason::Purged);
-      id = queue_.add(url, body, origin, awaitsDecision);
+      id = queue_.add(url, body, origin, awaitsDecision, JXDeferredChanges::current());
     } catch (...) {
       report_.outOfMemory();
       return queue_.rejectRequest(body, JXDropReason::OutOfMemory);

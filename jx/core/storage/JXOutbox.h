@@ -105,8 +105,10 @@ class JXOutbox {
   void purge();
 
   /// Opens the folder, adopts the requests of processes that have ended, and writes those in memory
-  /// with the next `sync`. Call it once, if the outbox was created with `mayStore` false.
-  void beginStoring();
+  /// with the next `sync`. Call it once, if the outbox was created with `mayStore` false. Changes
+  /// of `defaults` are then stored with the requests that make them (JXDeferredChanges), and those
+  /// that a killed process stored last are applied. It may be null, and must outlive this object.
+  void beginStoring(JXDefaultsFile* defaults = nullptr);
   /// Drops, as `purge` does, all requests that were added before the last erase. The other
   /// operations do the same first; `add`, `take` and `sync` also notice an erase by another
   /// process.

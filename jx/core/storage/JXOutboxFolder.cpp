@@ -5,8 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <iterator>
+#include <memory>
+#include <utility>
 
 #include "jx/core/storage/JXDeadLetters.h"
+#include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
@@ -36,30 +39,71 @@ std::vector<std::uint64_t> segmentsIn(const std::string& path, std::string& erro
   return numbers;
 }
 
-void purgeSegment(const JXSegmentFolder& folder, std::uint64_t number, JXOutboxPurge& purge,
-                  std::string& error) {
-  const std::string path = folder.folder->pathOf(JXOutboxSegment::nameOf(number));
-  JXOpenSegments open;
-  JXOutboxHosts hosts;
-  std::vector<JXOutboxEntry> requests;
-  JXJournal::Recovery recovery;
-  if (const auto segment =
-          JXOutboxSegment::adopt(folder, number, open, hosts, {}, requests, recovery)) {
-    if (succeeded(segment->remove(), "delete " + path, error)) purge.removed += requests.size();
-    return;
+// Deletes the segments that no process owns, and marks the others.
+class SegmentPurge {
+ public:
+  SegmentPurge(const std::string& outbox, JXSegmentFolder folder, std::string& error)
+      : folder_(std::move(folder)), error_(error) {
+    // A killed process may have stored changes of the user defaults only in a segment. Without the
+    // file, they do not apply.
+    const std::string defaults = folderOf(outbox) + "/defaults";
+    if (JXFile::identityAt(defaults).isValid()) {
+      defaults_ = std::make_unique<JXDefaultsFile>(defaults);
+    }
   }
-  succeeded(recovery.error, "read " + path, error);
-  int code = 0;
-  const std::size_t queued = listSegment(path, code).size();
-  succeeded(ignoringMissing(code), "read " + path, error);
-  if (queued == 0) return;
-  code = writePurgeMark(path);
-  if (code != 0) {
-    succeeded(ignoringMissing(code), "mark " + path + " for purging", error);
-  } else {
-    purge.marked += queued;
+
+  JXOutboxPurge run(const std::vector<std::uint64_t>& numbers) {
+    for (const std::uint64_t number : numbers)
+      adoptOrMark(number);
+    if (defaults_) defaults_->applyStored();
+    for (const Adopted& each : adopted_) {
+      const std::string action = "delete " + each.segment->path();
+      if (succeeded(each.segment->remove(), action, error_)) purge_.removed += each.requests;
+    }
+    return purge_;
   }
-}
+
+ private:
+  struct Adopted {
+    std::unique_ptr<JXOutboxSegment> segment;
+    std::size_t requests;
+  };
+
+  void adoptOrMark(std::uint64_t number) {
+    const std::string path = folder_.folder->pathOf(JXOutboxSegment::nameOf(number));
+    std::vector<JXOutboxEntry> requests;
+    JXJournal::Recovery recovery;
+    auto segment = JXOutboxSegment::adopt(folder_, number, open_, hosts_, {}, requests, recovery,
+                                          defaults_.get());
+    if (segment) {
+      adopted_.push_back({std::move(segment), requests.size()});
+    } else {
+      succeeded(recovery.error, "read " + path, error_);
+      mark(path);
+    }
+  }
+
+  void mark(const std::string& path) {
+    int code = 0;
+    const std::size_t queued = listSegment(path, code).size();
+    succeeded(ignoringMissing(code), "read " + path, error_);
+    if (queued == 0) return;
+    code = writePurgeMark(path);
+    if (code != 0) {
+      succeeded(ignoringMissing(code), "mark " + path + " for purging", error_);
+    } else {
+      purge_.marked += queued;
+    }
+  }
+
+  const JXSegmentFolder folder_;
+  std::string& error_;
+  std::unique_ptr<JXDefaultsFile> defaults_;
+  JXOpenSegments open_;
+  JXOutboxHosts hosts_;
+  std::vector<Adopted> adopted_;
+  JXOutboxPurge purge_;
+};
 
 }  // namespace
 
@@ -95,15 +139,13 @@ std::vector<JXOutboxListing> listDeadLetters(const std::string& folder, std::str
 }
 
 JXOutboxPurge purgeOutbox(const std::string& folder, std::string& error) {
-  JXOutboxPurge purge;
   const std::vector<std::uint64_t> numbers = segmentsIn(folder, error);
-  if (!error.empty()) return purge;
+  if (!error.empty()) return {};
   int code = 0;
-  const JXSegmentFolder opened =
+  JXSegmentFolder opened =
       JXSegmentFolder::open(folderOf(folder), nameOf(folder), JXFolder::Missing::Fail, code);
-  if (!succeeded(code, "lock " + folder, error)) return purge;
-  for (const std::uint64_t number : numbers)
-    purgeSegment(opened, number, purge, error);
+  if (!succeeded(code, "lock " + folder, error)) return {};
+  JXOutboxPurge purge = SegmentPurge(folder, std::move(opened), error).run(numbers);
   std::string ignored;
   const std::size_t dead = listDeadLetters(folder, ignored).size();
   if (succeeded(JXDeadLetters(folder, 0, 0).clear(), "delete the dead letters", error)) {

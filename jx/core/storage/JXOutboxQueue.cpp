@@ -59,8 +59,8 @@ void JXOutboxQueue::adopt() {
 }
 
 std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::string_view body,
-                                                const JXRequestOrigin& origin,
-                                                bool awaitsDecision) {
+                                                const JXRequestOrigin& origin, bool awaitsDecision,
+                                                JXDeferredChanges* changes) {
   const std::uint64_t bytes = std::uint64_t{url.size()} + body.size();
   if (bytes > bounds_.maxBytes || bytes > kJXMaxPayload - kJXRequestHeadSize) {
     return rejectRequest(body, JXDropReason::TooLarge);
@@ -79,7 +79,7 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
   const std::uint64_t id = index_.push(entry).id;
   bool isStored = false;
   try {
-    isStored = store(id, url, body, now, origin);
+    isStored = store(id, url, body, now, origin, changes);
   } catch (...) {
     index_.popNewest();
     throw;
@@ -100,9 +100,10 @@ std::optional<std::uint64_t> JXOutboxQueue::add(std::string_view url, std::strin
 
 // Stores the content of the request that was pushed last.
 bool JXOutboxQueue::store(std::uint64_t id, std::string_view url, std::string_view body,
-                          const JXStoredTime& now, const JXRequestOrigin& origin) {
+                          const JXStoredTime& now, const JXRequestOrigin& origin,
+                          JXDeferredChanges* changes) {
   std::uint32_t offset = 0;
-  JXOutboxSegment* const segment = segments_.append(url, body, now, origin, offset);
+  JXOutboxSegment* const segment = segments_.append(url, body, now, origin, offset, changes);
   if (segment == nullptr && !keepInMemory(id, url, body, now.dayMs)) return false;
   JXOutboxEntry& stored = *index_.find(id);
   stored.segment = segment;

@@ -54,7 +54,8 @@ class JXOutboxQueue {
   void adopt();
   /// Nothing is written if it throws.
   std::optional<std::uint64_t> add(std::string_view url, std::string_view body,
-                                   const JXRequestOrigin& origin, bool awaitsDecision);
+                                   const JXRequestOrigin& origin, bool awaitsDecision,
+                                   JXDeferredChanges* changes);
   /// Counts and records a request that is not added.
   std::nullopt_t rejectRequest(std::string_view body, JXDropReason reason) noexcept;
   std::optional<JXOutboxRequest> take(const JXOutboxPick& pick, const JXSendFilter& filter);
@@ -101,7 +102,7 @@ class JXOutboxQueue {
   };
 
   bool store(std::uint64_t id, std::string_view url, std::string_view body, const JXStoredTime& now,
-             const JXRequestOrigin& origin);
+             const JXRequestOrigin& origin, JXDeferredChanges* changes);
   bool keepInMemory(std::uint64_t id, std::string_view url, std::string_view body,
                     std::int64_t createdMs);
   void applyMarks();

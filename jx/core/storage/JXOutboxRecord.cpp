@@ -78,6 +78,8 @@ JXOutboxRecord decodeRecord(std::string_view payload) {
     if (payload.size() < kJXTimeSize) return record;
     record.kind = kind;
     record.time = decodeTime(payload);
+  } else if (kind == JXRecordKind::Changes) {
+    record.kind = kind;
   } else if (kind == JXRecordKind::Acknowledgement) {
     record.kind = kind;
     for (std::size_t at = kJXAcknowledgementHeadSize; at + 4 <= payload.size(); at += 4) {

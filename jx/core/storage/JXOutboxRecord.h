@@ -65,7 +65,8 @@ struct JXRequestOrigin {
 // the first and the last failure; the last such frame of a request applies. A dead letter: as a
 // request without policy and stops, with the HTTP status and the number of dead letters to keep. A
 // time: kind, start of the system (3 bytes), series, time of day, running time, time since the
-// start of the system; it gives the running time of the frames that follow.
+// start of the system; it gives the running time of the frames that follow. Changes of the user
+// defaults, in front of the request that made them: see JXDefaultsFormat.h.
 
 constexpr std::size_t kJXRequestHeadSize = 16;
 constexpr std::size_t kJXDeadLetterHeadSize = 24;
@@ -80,7 +81,8 @@ enum class JXRecordKind : char {
   Acknowledgement = 'S',
   Failures = 'F',
   DeadLetter = 'D',
-  Time = 'T'
+  Time = 'T',
+  Changes = 'V'
 };
 
 /// A decoded frame; the string views are valid as long as the payload.
@@ -98,7 +100,8 @@ struct JXOutboxRecord {
   JXStoredTime time;
 };
 
-/// Decodes a payload. The kind is Unknown when the payload is none of the five.
+/// Decodes a payload, except that of changes. The kind is Unknown when the payload is none of the
+/// six.
 JXOutboxRecord decodeRecord(std::string_view payload);
 
 /// The beginning of a payload, followed by the URL and the body.

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxRecord.h"
 #include "jx/core/storage/JXPurgeMark.h"
@@ -117,7 +118,8 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::create(const JXSegmentFolder& 
 
 std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(
     const JXSegmentFolder& folder, std::uint64_t number, JXOpenSegments& open, JXOutboxHosts& hosts,
-    const JXStoredTime& now, std::vector<JXOutboxEntry>& requests, JXJournal::Recovery& recovery) {
+    const JXStoredTime& now, std::vector<JXOutboxEntry>& requests, JXJournal::Recovery& recovery,
+    JXDefaultsFile* defaults) {
   recovery = {};
   std::unique_ptr<JXOutboxSegment> segment(new JXOutboxSegment(folder, number, open));
   const int lockError = folder.locks->lockByte(number);
@@ -133,12 +135,13 @@ std::unique_ptr<JXOutboxSegment> JXOutboxSegment::adopt(
   if (!file.isOpen() || !file.tryLock(JXFile::Lock::Exclusive)) return nullptr;
   file.unlock();
   segment->setFile(std::move(file));
-  recovery = segment->recover(hosts, now, requests);
+  recovery = segment->recover(hosts, now, requests, defaults);
   return segment;
 }
 
 JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts, const JXStoredTime& now,
-                                             std::vector<JXOutboxEntry>& requests) {
+                                             std::vector<JXOutboxEntry>& requests,
+                                             JXDefaultsFile* defaults) {
   JXJournal::Recovery recovery;
   const auto read = [&](const JXJournal::Visit& visit) {
     recovery = journal_.recover(JXJournal::Writers::One, visit);
@@ -160,6 +163,9 @@ JXJournal::Recovery JXOutboxSegment::recover(JXOutboxHosts& hosts, const JXStore
   };
   const auto visit = [&](const JXFrame& frame, const JXOutboxRecord& record) {
     if (record.kind == JXRecordKind::Time) times.add(record.time);
+    if (record.kind == JXRecordKind::Changes && defaults != nullptr) {
+      defaults->addStored(frame.payload);
+    }
     if (record.kind == JXRecordKind::Failures && record.failed < frame.offset) {
       failures_[record.failed] = times.known(record.failures);
     }
@@ -301,14 +307,17 @@ int JXOutboxSegment::writeTime(const JXStoredTime& time) {
 }
 
 int JXOutboxSegment::append(std::string_view url, std::string_view body, const JXStoredTime& time,
-                            const JXRequestOrigin& origin, std::uint32_t& offset) {
+                            const JXRequestOrigin& origin, std::uint32_t& offset,
+                            std::string_view changes) {
   const JXRequestHead head = encodeRequestHead(url, time.dayMs, origin);
   const std::size_t acknowledgements = unwritten_.size() + live_ + 1;
   if (unwritten_.capacity() < acknowledgements) unwritten_.reserve(2 * acknowledgements);
   std::uint64_t place = 0;
   int error = writeTime(time);
   if (error == 0) error = ensureOpen();
-  if (error == 0) error = journal_.append({{head.data(), head.size()}, url, body}, &place);
+  if (error == 0) {
+    error = journal_.append({{head.data(), head.size()}, url, body}, &place, changes);
+  }
   if (error != 0) return error;
   offset = static_cast<std::uint32_t>(place);
   ++live_;

@@ -20,6 +20,8 @@
 
 namespace jx {
 
+class JXDefaultsFile;
+
 /// One file of an outbox: requests, and acknowledgements of requests. The process that uses it owns
 /// its lock. The file is opened when it is needed. Not synchronised. Operations that can fail
 /// return an errno value, 0 for success.
@@ -40,11 +42,13 @@ class JXOutboxSegment {
   /// Locks an existing file and returns its unacknowledged requests in order. Returns null without
   /// an error when another process owns the file or has just deleted it.
   /// `now` gives the series of the running times; a request without one counts as added now.
+  /// `defaults`, which may be null, receives the changes that are stored with requests.
   static std::unique_ptr<JXOutboxSegment> adopt(const JXSegmentFolder& folder, std::uint64_t number,
                                                 JXOpenSegments& open, JXOutboxHosts& hosts,
                                                 const JXStoredTime& now,
                                                 std::vector<JXOutboxEntry>& requests,
-                                                JXJournal::Recovery& recovery);
+                                                JXJournal::Recovery& recovery,
+                                                JXDefaultsFile* defaults = nullptr);
   ~JXOutboxSegment();
   JXOutboxSegment(const JXOutboxSegment&) = delete;
   JXOutboxSegment& operator=(const JXOutboxSegment&) = delete;
@@ -58,9 +62,10 @@ class JXOutboxSegment {
   static std::vector<std::uint64_t> numbersIn(const JXFolder& folder, int& error);
 
   /// Appends a request that was added at `time`; `offset` receives the position of its frame.
-  /// Throws std::bad_alloc before it writes the request.
+  /// `changes`, unless empty, are written in front of it, with the same write. Throws
+  /// std::bad_alloc before it writes the request.
   int append(std::string_view url, std::string_view body, const JXStoredTime& time,
-             const JXRequestOrigin& origin, std::uint32_t& offset);
+             const JXRequestOrigin& origin, std::uint32_t& offset, std::string_view changes);
   /// Appends a time that the next frames need, unless it follows from the latest one in the file.
   int writeTime(const JXStoredTime& time);
   /// Returns true if `adopt` found requests whose running time is not known: until a time is
@@ -124,7 +129,7 @@ class JXOutboxSegment {
   void setFile(JXFile file) noexcept;
 
   JXJournal::Recovery recover(JXOutboxHosts& hosts, const JXStoredTime& now,
-                              std::vector<JXOutboxEntry>& requests);
+                              std::vector<JXOutboxEntry>& requests, JXDefaultsFile* defaults);
   int ensureOpen();
   int moveFile(const JXFolder& folder, const std::string& oldName, const std::string& name,
                std::string path);

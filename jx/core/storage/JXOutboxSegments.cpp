@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
 
@@ -55,11 +56,12 @@ int JXOutboxSegments::ensureFolder() {
 void JXOutboxSegments::adoptAll(
     JXOutboxHosts& hosts, const std::function<void(const std::vector<JXOutboxEntry>&)>& adopted) {
   const std::vector<std::uint64_t> numbers = numbersToAdopt();
+  std::vector<JXOutboxSegment*> empty;
   for (const std::uint64_t number : numbers) {
     std::vector<JXOutboxEntry> requests;
     JXJournal::Recovery recovery;
-    auto segment =
-        JXOutboxSegment::adopt(opened_, number, open_, hosts, time_.now(), requests, recovery);
+    auto segment = JXOutboxSegment::adopt(opened_, number, open_, hosts, time_.now(), requests,
+                                          recovery, defaults);
     if (recovery.error != 0) report_.failed("read a segment", recovery.error);
     if (segment == nullptr) continue;
     report_.quarantined(segment->path(), recovery.quarantined);
@@ -68,7 +70,7 @@ void JXOutboxSegments::adoptAll(
     segments_.push_back(std::move(segment));
     JXOutboxSegment& last = *segments_.back();
     if (requests.empty() && recovery.error == 0) {
-      drop(last);
+      empty.push_back(&last);
       continue;
     }
     // Of an earlier version, or after the file of the running time was lost.
@@ -76,6 +78,9 @@ void JXOutboxSegments::adoptAll(
     // New requests go to the newest segment, so that frequent starts do not create many files.
     if (current_ == nullptr || current_->number() < number) current_ = &last;
   }
+  if (defaults != nullptr) defaults->applyStored();
+  for (JXOutboxSegment* const segment : empty)
+    drop(*segment);
 }
 
 // Returns the numbers in ascending order.
@@ -159,7 +164,7 @@ std::uint64_t JXOutboxSegments::nextNumber(const std::vector<std::uint64_t>& num
 
 JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view body,
                                           const JXStoredTime& time, const JXRequestOrigin& origin,
-                                          std::uint32_t& offset) {
+                                          std::uint32_t& offset, JXDeferredChanges* changes) {
   if (!isOpen) return nullptr;
   if (current_ != nullptr && current_->lost) restoreLost();
   if (current_ != nullptr && (current_->isFull() || current_->lost)) {
@@ -168,6 +173,8 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     if (last.live() == 0) drop(last);
   }
   if (current_ == nullptr && !startSegment()) return nullptr;
+  changes_.clear();
+  if (changes != nullptr) changes->encode(changes_);
   int error = appendToCurrent(url, body, time, origin, offset);
   if (wasMovedAway(error)) {
     detectLostSegments();
@@ -177,6 +184,7 @@ JXOutboxSegment* JXOutboxSegments::append(std::string_view url, std::string_view
     report_.failed("append a request", error);
     return nullptr;
   }
+  if (!changes_.empty()) changes->stored();
   JXOutboxSegment* const segment = current_;
   // Checked after the write, so that the next start at this path finds the request.
   restoreReplaced(*segment);
@@ -189,7 +197,7 @@ int JXOutboxSegments::appendToCurrent(std::string_view url, std::string_view bod
                                       std::uint32_t& offset) {
   if (time_.isMissing()) writeTime();
   time.series = time_.now().series;
-  return current_->append(url, body, time, origin, offset);
+  return current_->append(url, body, time, origin, offset, changes_);
 }
 
 void JXOutboxSegments::writeTime() {
@@ -274,7 +282,10 @@ void JXOutboxSegments::finishCurrent() noexcept {
 void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   if (&segment == current_) current_ = nullptr;
   if (beforeRemoval) beforeRemoval(segment);
+  const bool isSaved = saveChanges();
   const int error = segment.remove();
+  // On a full disk, there is space now.
+  if (!isSaved && error == 0) saveChanges();
   if (error != 0) {
     report_.failed("delete a segment", error);
     segment.writeAcknowledgements();
@@ -285,6 +296,9 @@ void JXOutboxSegments::drop(JXOutboxSegment& segment) {
   const auto isIt = [&](const auto& each) { return each.get() == &segment; };
   segments_.erase(std::find_if(segments_.begin(), segments_.end(), isIt));
 }
+
+// Writes the values to their file of which a segment may contain the only copy on disk.
+bool JXOutboxSegments::saveChanges() { return defaults == nullptr || defaults->saveChanges(); }
 
 std::vector<JXOutboxSegments::Purged> JXOutboxSegments::markedForPurge() {
   std::vector<Purged> marked;

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jx/core/storage/JXDeferredChanges.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
@@ -42,9 +43,11 @@ class JXOutboxSegments {
 
   /// Appends a request to the current segment; starts a new one if it is full. If the folder or the
   /// file was deleted, renamed or replaced, moves all segments back first. Returns the segment, or
-  /// null on failure. Throws std::bad_alloc before it writes the request.
+  /// null on failure. Throws std::bad_alloc before it writes the request. `changes`, which may be
+  /// null, are stored with the request, in one write.
   JXOutboxSegment* append(std::string_view url, std::string_view body, const JXStoredTime& time,
-                          const JXRequestOrigin& origin, std::uint32_t& offset);
+                          const JXRequestOrigin& origin, std::uint32_t& offset,
+                          JXDeferredChanges* changes = nullptr);
   /// Call this after requests were acknowledged: writes the acknowledgements, or deletes the files
   /// without an unacknowledged request. `retry` repeats what fails.
   void finishModified() noexcept;
@@ -97,7 +100,9 @@ class JXOutboxSegments {
   std::shared_ptr<const JXFolder> openFolder() const { return opened_.folder; }
   const std::string& path() const { return path_; }
 
-  bool isOpen = true;        ///< false: nothing may be written yet
+  bool isOpen = true;  ///< false: nothing may be written yet
+  /// The user defaults of whose changes the segments may contain the only copy; may be null.
+  JXDefaultsFile* defaults = nullptr;
   bool folderDirty = false;  ///< a segment was created since the last successful sync of the folder
   bool timeDirty = false;    ///< the running time was written since the last successful sync
 
@@ -112,6 +117,7 @@ class JXOutboxSegments {
   bool startSegment();
   int appendToCurrent(std::string_view url, std::string_view body, JXStoredTime time,
                       const JXRequestOrigin& origin, std::uint32_t& offset);
+  bool saveChanges();
   void writeTime();
   void writeTimeTo(JXOutboxSegment& segment) noexcept;
   int restore(JXOutboxSegment& segment);
@@ -130,6 +136,7 @@ class JXOutboxSegments {
   const std::shared_ptr<JXPathWatch> pathWatch_;  ///< null: none
   JXSegmentFolder opened_;
   JXOpenSegments open_;
+  std::string changes_;  ///< those that are stored with the request being appended
   std::vector<std::unique_ptr<JXOutboxSegment>> segments_;
   JXOutboxSegment* current_ = nullptr;
   std::uint64_t lastNumber_ = 0;
