@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/soak/KillRun.h"
+#include "tests/soak/KilledValues.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
 #include "tests/soak/WorkerProcess.h"
@@ -20,7 +21,9 @@ using std::to_string;
 
 KillResult resultOf(const KillOptions& options) {
   try {
-    return runKills(options);
+    KillResult result = runKills(options);
+    result.failures += killedValues(options.seed);
+    return result;
   } catch (const std::exception& error) {
     KillResult failed;
     failed.failures = std::string(error.what()) + "\n";

@@ -11,7 +11,7 @@ namespace jx::soak {
 
 /// Kills processes of one storage folder at random times while their threads execute and send, the
 /// folder is renamed, they fork, and their clocks jump. No event for which execute returned is
-/// lost.
+/// lost, nor the values that it changed.
 int kills(Arguments& arguments);
 /// Executes many events while the server refuses connections. They cause few attempts, and little
 /// more work than with a server that responds.

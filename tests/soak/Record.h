@@ -25,6 +25,7 @@ struct Record {
     Dropped = 'D',    ///< reason (JXDropReason) of a dropped event
     Performed = 'O',  ///< how many commands of the driver are done
     Inherited = 'I',  ///< descriptors of the library in a program that the worker has started
+    Usage = 'G',      ///< usage duration after the event that the next record reports
     Unable = 'U',     ///< errno: the system does not permit the requested setup
   };
   Kind kind = Kind::Started;

@@ -27,6 +27,7 @@
 #include <vector>
 
 #include "tests/soak/CommandedWorker.h"
+#include "tests/soak/KilledValues.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Server.h"
 #include "tests/soak/Worker.h"
@@ -34,13 +35,21 @@
 int main(int argc, char** argv) {
   using namespace jx::soak;
   const std::map<std::string, int (*)(Arguments&)> commands{
-      {"kills", kills},         {"offline", offline},
-      {"outage", outage},       {"flush", flush},
-      {"exit", exit},           {"threads", threads},
-      {"stops", stops},         {"worker", worker},
-      {"toggles", toggles},     {"server", server},
-      {"inherited", inherited}, {"opens", opens},
-      {"careless", careless},   {"descriptors", descriptors},
+      {"kills", kills},
+      {"offline", offline},
+      {"outage", outage},
+      {"flush", flush},
+      {"exit", exit},
+      {"threads", threads},
+      {"stops", stops},
+      {"worker", worker},
+      {"toggles", toggles},
+      {"server", server},
+      {"inherited", inherited},
+      {"opens", opens},
+      {"careless", careless},
+      {"descriptors", descriptors},
+      {"timed-worker", timedWorker},
   };
   const auto command = commands.find(argc > 1 ? argv[1] : "");
   if (command == commands.end()) {
