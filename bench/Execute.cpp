@@ -109,17 +109,19 @@ class Measurement {
   };
 
   Traits traitsOf(const Case& one) const {
-    // A background change of the storage, such as rewriting a file, invalidates an inspection.
+    // A background change of the queue, such as rewriting a file, invalidates an inspection. The
+    // transfer thread writes the persisted values to their own file.
+    const std::string queue = folder_.path("state/outbox");
     for (int attempt = 0; attempt < 5; ++attempt) {
       const std::string body = bodyOf(serverSide_, one.create());
-      const std::uint64_t before = bytesIn(folder_.path("state"));
+      const std::uint64_t before = bytesIn(queue);
       Traits traits = inspect(one);
       traits.body = body;
-      const std::uint64_t grown = bytesIn(folder_.path("state")) - before;
+      const std::uint64_t grown = bytesIn(queue) - before;
       if (!plan_.offline || static_cast<double>(grown) == traits.bytes * kInspectedCalls)
         return traits;
     }
-    throw std::runtime_error("the storage grows by more than the recorded writes");
+    throw std::runtime_error("the queue grows by more than the recorded writes");
   }
 
   Traits inspect(const Case& one) const {
