@@ -132,7 +132,7 @@ def check_options(root, page):
             known[name] = {"ON": "on", "OFF": "off"}.get(default, "on if top-level project"
                                                          if default == "${PROJECT_IS_TOP_LEVEL}"
                                                          else default)
-        for name, default in re.findall(r'\bset\((JX_\w+) "([^"]*)" CACHE', text):
+        for name, default in re.findall(r'\bset\((JX_\w+) "?([^"\s]*)"? CACHE', text):
             known[name] = f"`{default}`" if default else "empty"
     shown = {name: default for names, default in NAME_ROW.findall(section(page, "Build options"))
              for name in re.findall(r"`(\w+)`", names)}

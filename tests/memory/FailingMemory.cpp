@@ -22,8 +22,12 @@ bool fails() noexcept {
   return ++failures == 1 || failsLater;
 }
 
+void* tryToAllocate(std::size_t size) noexcept {
+  return fails() ? nullptr : std::malloc(size != 0 ? size : 1);
+}
+
 void* allocate(std::size_t size) {
-  void* const memory = fails() ? nullptr : std::malloc(size != 0 ? size : 1);
+  void* const memory = tryToAllocate(size);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
@@ -45,6 +49,12 @@ bool FailingMemory::hasFailed() const noexcept { return failures != 0; }
 
 void* operator new(std::size_t size) { return jx::test::allocate(size); }
 void* operator new[](std::size_t size) { return jx::test::allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return jx::test::tryToAllocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return jx::test::tryToAllocate(size);
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }

@@ -317,10 +317,10 @@ TEST_F(OutboxTest, ReportsAsManyEventsAsReservedWhileMemoryIsExhausted) {
   outbox->rememberDropped();
   {
     const FailingMemory memory(0, Failing::AllLater);
-    for (int i = 0; i < 65; ++i)
+    for (int i = 0; i < 300; ++i)
       outbox->add(kTestUrl, R"({"context":{"event_id":"11111111-2222-3333-4444-555555555555"}})");
   }
-  EXPECT_EQ(outbox->counters().droppedOutOfMemory, 65u);
+  EXPECT_EQ(outbox->counters().droppedOutOfMemory, 300u);
   std::size_t reported = 0;
   while (outbox->hasDropped()) {
     for (const JXOutboxDrop& drop : outbox->takeDropped()) {
@@ -329,7 +329,9 @@ TEST_F(OutboxTest, ReportsAsManyEventsAsReservedWhileMemoryIsExhausted) {
       EXPECT_EQ(drop.reason, JXDropReason::OutOfMemory);
     }
   }
-  EXPECT_EQ(reported, 64u);
+  // Some more fit into memory that was allocated before.
+  EXPECT_GE(reported, 64u);
+  EXPECT_LT(reported, 300u);
 }
 
 }  // namespace
