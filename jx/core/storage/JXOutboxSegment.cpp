@@ -218,8 +218,6 @@ void JXOutboxSegment::unmap() {
   mappedSize_ = 0;
 }
 
-bool JXOutboxSegment::isAtPath() const { return JXFile::identityAt(path()) == identity_; }
-
 int JXOutboxSegment::moveTo(const JXSegmentFolder& folder, std::uint64_t number) {
   const std::string name = nameOf(number);
   const std::string oldName = nameOf(number_);
@@ -315,9 +313,7 @@ int JXOutboxSegment::append(std::string_view url, std::string_view body, const J
   std::uint64_t place = 0;
   int error = writeTime(time);
   if (error == 0) error = ensureOpen();
-  if (error == 0) {
-    error = journal_.append({{head.data(), head.size()}, url, body}, &place, changes);
-  }
+  if (error == 0) error = journal_.append({{head.data(), head.size()}, url, body}, &place, changes);
   if (error != 0) return error;
   offset = static_cast<std::uint32_t>(place);
   ++live_;
@@ -375,10 +371,6 @@ int JXOutboxSegment::quarantineRequest(std::uint32_t offset, std::uint32_t bytes
   if (error != 0) return error;
   const std::uint64_t length = kJXFrameHeaderSize + kJXRequestHeadSize + std::uint64_t{bytes};
   return quarantine(journal_.file(), path(), {{offset, length}}, false, quarantined);
-}
-
-JXFile JXOutboxSegment::fileToSync(int& error) const {
-  return JXFile::open(*folder_.folder, nameOf(number_), JXFile::Access::Read, error);
 }
 
 int JXOutboxSegment::remove() {

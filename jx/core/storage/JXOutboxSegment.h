@@ -87,7 +87,9 @@ class JXOutboxSegment {
   /// Copies the bytes of a damaged request to a quarantine file, unless that file exists already.
   int quarantineRequest(std::uint32_t offset, std::uint32_t bytes, JXQuarantined& quarantined);
   /// Returns the open file for a sync without the owner's lock; closed if it cannot be opened.
-  JXFile fileToSync(int& error) const;
+  JXFile fileToSync(int& error) const {
+    return JXFile::open(*folder_.folder, nameOf(number_), JXFile::Access::Read, error);
+  }
   /// Deletes the file.
   int remove();
   /// Closes the file. Its content stays available to `moveTo`.
@@ -95,7 +97,7 @@ class JXOutboxSegment {
 
   /// Returns true when the path of the file still refers to it: neither the file nor a folder above
   /// it was deleted, renamed or replaced.
-  bool isAtPath() const;
+  bool isAtPath() const { return JXFile::identityAt(path()) == identity_; }
   /// Same, but looks at the path only if a file may have been moved since the last call.
   bool isStillAtPath(JXPathWatch* watch) {
     return seenAtPath_.confirm(watch, [this] { return isAtPath(); });
