@@ -4,7 +4,9 @@
 
 #include <fcntl.h>
 #include <netinet/in.h>
+#if defined(__linux__)
 #include <netinet/tcp.h>
+#endif
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>

@@ -9,6 +9,7 @@
 #define RTLD_GLOBAL 0x8
 #define RTLD_NOLOAD 0x10
 #define RTLD_NODELETE 0x80
+#define RTLD_DEFAULT ((void*)-2)
 
 extern "C" {
 
