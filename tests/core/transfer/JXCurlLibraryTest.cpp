@@ -11,9 +11,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
-#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -165,10 +163,6 @@ std::size_t queuedIn(const TemporaryFolder& folder) {
   return JXOutbox(folder.file("outbox"), JXOutboxBounds(), clock).counters().queued;
 }
 
-std::ptrdiff_t threads() {
-  return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
-}
-
 TEST(CurlLibraryAtExit, IsNeverInitialisedWithoutARequest) {
   const TemporaryFolder folder;
   EXPECT_EQ(kSuccess, statusOf([&] {
@@ -217,14 +211,21 @@ TEST(CurlLibraryAtExit, StopsTheThreadBeforeHandlersOfTheInitialisation) {
   const TemporaryFolder folder;
   EXPECT_EQ(kSuccess, statusOf([&] {
               static std::atomic<bool> hasRegistered{false};
+              static std::atomic<bool> hasEnded{false};
               afterInitialisation = [] {
                 std::atexit([] {
-                  if (threads() != 1) std::_Exit(6);
+                  if (!hasEnded) std::_Exit(6);
                 });
                 hasRegistered = true;
                 hasRegistered.notify_one();
               };
               JXTransferSetup setup = setupIn(folder);
+              setup.beforeConnecting = [] {
+                struct AtEnd {
+                  ~AtEnd() { hasEnded = true; }
+                };
+                static thread_local AtEnd atEnd;
+              };
               JXNetworkManager::sharedInstance().start(setup);
               JXNetworkManager::sharedInstance().enqueue(kUnreachable, R"({"events":[]})");
               hasRegistered.wait(false);
