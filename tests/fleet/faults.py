@@ -123,6 +123,7 @@ class Faults:
                     file.write(bytes(65_536))
             except OSError:
                 self.counts["disks filled"] += 1
+                self.fleet.disk_was_full = True
             self.over.wait(choose.uniform(3, 10))
         os.remove(filler)
         # A broker does not use a disk again that was full: an operator frees space and restarts it.
