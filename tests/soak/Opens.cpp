@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,6 +17,7 @@
 
 #include "tests/soak/CommandedWorker.h"
 #include "tests/soak/ControlledProcess.h"
+#include "tests/soak/LoadedSide.h"
 #include "tests/soak/OpenLog.h"
 #include "tests/soak/Proofs.h"
 #include "tests/soak/Report.h"
@@ -77,7 +79,10 @@ class OpensLife {
 
   void runSecond() {
     ControlledProcess second(options(1), log_.environment());
+    const ino_t damaged = inode(state() + "/defaults");
     second.perform({command::kExecute});
+    // The transfer thread rewrites the damaged file; the erase below would remove it before that.
+    waitUntil([&] { return inode(state() + "/defaults") != damaged; }, "the rewritten defaults");
     runQueueCommand({"purge"});
     server_.accept();
     second.perform({command::kFlush});
@@ -127,6 +132,12 @@ class OpensLife {
     }
     if (segments.empty()) throw std::runtime_error("no segment is left");
     return *std::min_element(segments.begin(), segments.end());
+  }
+
+  static ino_t inode(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) throw std::runtime_error("cannot read " + path);
+    return status.st_ino;
   }
 
   static void damage(const std::string& path) {
