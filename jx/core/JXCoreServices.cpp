@@ -19,7 +19,6 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
-#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -96,9 +95,6 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   erasures_ = std::make_shared<JXErasures>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       platform_->userDefaults());
-  if (storageFolder_.testString()) {
-    watch_ = std::make_shared<JXPathWatch>(storageFolder_.toStdString(), kOutbox);
-  }
   if (!configuration.dryRun) openOutbox();
   if (!configuration.storesOnlyWithConsent) openDefaults();
   if (!storageFolder_.testString() && !configuration.dryRun) {
@@ -112,14 +108,13 @@ void JXCoreServices::openOutbox() {
   outbox_ = std::make_shared<JXOutbox>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       configuration_.outboxBounds, clock_, erasures_, false, currentEndpoint,
-      storageFolder_.testString() ? kOutbox : "", watch_);
+      storageFolder_.testString() ? kOutbox : "");
 }
 
 void JXCoreServices::openDefaults() {
   JXPlatformDefaults* defaults = platform_->userDefaults();
   if (defaults == nullptr && storageFolder_.testString()) {
-    defaultsFile_ =
-        new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_, watch_);
+    defaultsFile_ = new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_);
     defaults = defaultsFile_;
   }
   // Before a value is read: a killed process may have stored some with its last events.

@@ -18,6 +18,7 @@
 
 #include "tests/simulation/Random.h"
 #include "tests/simulation/VirtualClock.h"
+#include "tests/support/CheckInterval.h"
 
 namespace jx::simulation {
 
@@ -170,6 +171,8 @@ class VirtualDisk {
 
   Random& random_;
   VirtualClock& clock_;
+  // The virtual time passes without real time.
+  const test::CheckInterval interval_{test::CheckInterval::kNone};
   std::shared_ptr<std::set<std::uint64_t>> numbers_ = std::make_shared<std::set<std::uint64_t>>();
   std::uint64_t highestNumber_ = 1;
   InodePtr root_;

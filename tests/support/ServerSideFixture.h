@@ -17,6 +17,7 @@
 #include "jx/core/notifications/JXNotificationCenter.h"
 #include "jx/facade/ServerSide.h"
 #include "jx/platform/JXManualClock.h"
+#include "tests/support/CheckInterval.h"
 #include "tests/support/JXFakePlatform.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -100,6 +101,7 @@ class ServerSideFixture : public ::testing::Test {
 
   void keep(const JXNotification& notification);
 
+  const CheckInterval interval_{CheckInterval::kNone};
   bool isStarted_ = false;
   std::shared_ptr<Log> log_ = std::make_shared<Log>();
   std::vector<std::shared_ptr<JXNotificationCenter>> centers_;

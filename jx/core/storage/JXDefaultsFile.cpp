@@ -16,11 +16,9 @@ constexpr int kOpenAttempts = 3;
 
 }  // namespace
 
-JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures,
-                               std::shared_ptr<JXPathWatch> watch)
+JXDefaultsFile::JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures)
     : path_(std::move(path)),
       erasures_(std::move(erasures)),
-      watch_(std::move(watch)),
       seenErasures_(erasures_ ? erasures_->count() : 0),
       report_("user defaults " + path_, folderOf(path_)) {
   JXReportingLock locked(mutex_, report_);
@@ -251,7 +249,7 @@ void JXDefaultsFile::maintain() {
     failures = report_.failures();
     dropErased();
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
-    seenAtPath_.forget();
+    pathCheck_.forget();
     ensureOpen();
     writeUnsaved();
   }

@@ -14,8 +14,8 @@
 #include "jx/core/storage/JXDefaultsFormat.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXJournal.h"
-#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXStorageReport.h"
+#include "jx/core/storage/JXThrottledCheck.h"
 #include "jx/platform/JXPlatform.h"
 #include "jx/platform/JXString.h"
 
@@ -35,10 +35,8 @@ namespace jx {
 class JXDefaultsFile final : public JXPlatformDefaults {
  public:
   /// Opens the file; creates it and its folder if they are missing. `erasures` reports when the
-  /// folder is erased; null if it never is. `watch` reports whether the file may have been moved;
-  /// without it, each change compares the path.
-  explicit JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures = nullptr,
-                          std::shared_ptr<JXPathWatch> watch = nullptr);
+  /// folder is erased; null if it never is.
+  explicit JXDefaultsFile(std::string path, std::shared_ptr<JXErasures> erasures = nullptr);
   ~JXDefaultsFile() override;
   JXDefaultsFile(const JXDefaultsFile&) = delete;
   JXDefaultsFile& operator=(const JXDefaultsFile&) = delete;
@@ -94,8 +92,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool dropErased();
   bool noticesErasure();
   bool isOpenAtPath() {
-    return journal_ &&
-           seenAtPath_.confirm(watch_.get(), [this] { return journal_->file().isAt(path_); });
+    return journal_ && pathCheck_.succeeds([this] { return journal_->file().isAt(path_); });
   }
   void ensureOpen();
   bool openOnce();
@@ -124,8 +121,7 @@ class JXDefaultsFile final : public JXPlatformDefaults {
 
   const std::string path_;
   const std::shared_ptr<JXErasures> erasures_;
-  const std::shared_ptr<JXPathWatch> watch_;  ///< null: none
-  JXSeenAtPath seenAtPath_;
+  JXThrottledCheck pathCheck_;
   std::uint64_t seenErasures_ = 0;  ///< the count at which the values were read or set
   std::mutex maintenance_;          ///< serialises `maintain`; locked before `mutex_`
   mutable std::mutex mutex_;

@@ -5,9 +5,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
-#if defined(__linux__)
-#include <sys/inotify.h>
-#endif
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -24,6 +21,7 @@
 #include "jx/core/JXOwnedDescriptors.h"
 #include "jx/core/storage/JXFileSizeSignal.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXThrottledCheck.h"
 
 namespace jx {
 namespace {
@@ -96,15 +94,6 @@ void* mapSystem(int descriptor, std::size_t size) {
 
 void unmapSystem(void* address, std::size_t size) { ::munmap(address, size); }
 
-int openWatchSystem() {
-#if defined(__linux__)
-  return ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-#else
-  errno = ENOSYS;
-  return -1;
-#endif
-}
-
 int synchronizeSystem(int descriptor) {
 #if defined(__APPLE__)
   // On Apple systems fsync leaves the bytes in the drive's cache, which a power loss clears. Not
@@ -116,11 +105,14 @@ int synchronizeSystem(int descriptor) {
 #endif
 }
 
-// Called before each write. A value that was read earlier would be cheaper by one system call, but
-// the application may lower the limit at any time, and then the next write would end it.
+// Called before each write, because the application may set a limit at any time, and then a write
+// ends it.
 bool hasFileSizeLimit() {
-  rlimit limit{};
-  return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+  static JXThrottledCheck check;
+  return !check.succeeds([] {
+    rlimit limit{};
+    return ::getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY;
+  });
 }
 
 template <typename Call>
@@ -140,10 +132,10 @@ int errorOf(Call call) {
 }  // namespace
 
 JXFileCalls JXFileCalls::system() {
-  return {&openSystem,        &::close,     &::pread,        &::writev,       &::ftruncate,
-          &synchronizeSystem, &::fsync,     &::renameat,     &unlinkSystem,   &::mkdirat,
-          &statusSystem,      &fstatSystem, &::flock,        &lockByteSystem, &listSystem,
-          &mapSystem,         &unmapSystem, &openWatchSystem};
+  return {&openSystem,        &::close,     &::pread,    &::writev,       &::ftruncate,
+          &synchronizeSystem, &::fsync,     &::renameat, &unlinkSystem,   &::mkdirat,
+          &statusSystem,      &fstatSystem, &::flock,    &lockByteSystem, &listSystem,
+          &mapSystem,         &unmapSystem};
 }
 
 JXFileCalls& JXFileCalls::current() {

@@ -22,8 +22,7 @@ bool wasMovedAway(int error) { return error == ENOENT || error == ESTALE; }
 
 JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
                                    std::uint64_t maxBytes, std::shared_ptr<const JXClock> clock,
-                                   JXStorageReport& report, JXErasures* erasures,
-                                   std::shared_ptr<JXPathWatch> watch)
+                                   JXStorageReport& report, JXErasures* erasures)
     : folder_(absolutePath(folder)),
       inner_(std::move(inner)),
       path_(inner_.empty() ? folder_ : folder_ + "/" + inner_),
@@ -31,8 +30,7 @@ JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
       time_(std::move(clock)),
       watch_(path_),
       report_(report),
-      erasures_(erasures),
-      pathWatch_(std::move(watch)) {}
+      erasures_(erasures) {}
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
@@ -44,7 +42,6 @@ int JXOutboxSegments::ensureFolder() {
   if (error != 0) return error;
   const bool wasReplaced = opened_.folder != nullptr;
   opened_ = std::move(opened);
-  if (pathWatch_) pathWatch_->renew();
   if (wasReplaced) detectLostSegments();
   time_.setMissing();
   // Without it, what is stored counts as new: nothing expires too early.

@@ -13,7 +13,6 @@
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
-#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXRunningTime.h"
 #include "jx/core/storage/JXStorageReport.h"
 
@@ -25,10 +24,10 @@ class JXOutboxSegments {
  public:
   /// `inner` is the outbox in the storage folder `folder`; if it is empty, `folder` is the outbox.
   /// `maxBytes` is the largest size of all queued requests. `report` and `erasures`, which may be
-  /// null, must outlive this object. Without a `watch`, paths are compared for each request.
+  /// null, must outlive this object.
   JXOutboxSegments(const std::string& folder, std::string inner, std::uint64_t maxBytes,
                    std::shared_ptr<const JXClock> clock, JXStorageReport& report,
-                   JXErasures* erasures, std::shared_ptr<JXPathWatch> watch);
+                   JXErasures* erasures);
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -132,8 +131,7 @@ class JXOutboxSegments {
   JXRunningTime time_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
-  JXErasures* const erasures_;                    ///< notified when a file was created
-  const std::shared_ptr<JXPathWatch> pathWatch_;  ///< null: none
+  JXErasures* const erasures_;  ///< notified when a file was created
   JXSegmentFolder opened_;
   JXOpenSegments open_;
   std::string changes_;  ///< those that are stored with the request being appended

@@ -17,7 +17,7 @@ constexpr std::uint64_t kObsoleteAllowance = 8u * 1024 * 1024;
 }  // namespace
 
 void JXOutboxSegments::restoreReplaced(JXOutboxSegment& segment) noexcept {
-  if (!segment.isStillAtPath(pathWatch_.get())) detectLostSegments();
+  if (!segment.wasAtPath()) detectLostSegments();
   if (!hasLost()) return;
   try {
     restoreLost();

@@ -15,6 +15,7 @@
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXLogLines.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/support/CheckInterval.h"
 #include "tests/support/JXFailingDisk.h"
 
 namespace jx {
@@ -33,6 +34,7 @@ class DefaultsFile : public ::testing::Test {
 
   LogLines log_;
   TemporaryFolder folder_;
+  const test::CheckInterval interval_{test::CheckInterval::kNone};
   const std::string path_;
 };
 

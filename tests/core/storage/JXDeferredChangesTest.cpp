@@ -20,6 +20,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "tests/core/storage/JXChildProcess.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/CheckInterval.h"
 #include "tests/support/JXFailingDisk.h"
 
 namespace jx {
@@ -85,6 +86,7 @@ class DeferredChanges : public ::testing::Test {
 
   LogLines log_;
   TemporaryFolder folder_;
+  const test::CheckInterval interval_{test::CheckInterval::kNone};
   const std::string state_;
   std::shared_ptr<JXManualClock> clock_ = std::make_shared<JXManualClock>(kTestNowMs);
   int copies_ = 0;

@@ -15,6 +15,7 @@
 #include "jx/platform/JXManualClock.h"
 #include "tests/core/storage/JXLogLines.h"
 #include "tests/core/storage/JXTemporaryFolder.h"
+#include "tests/support/CheckInterval.h"
 
 namespace jx {
 
@@ -77,6 +78,7 @@ class OutboxTest : public ::testing::Test {
 
   LogLines log_;
   TemporaryFolder folder_;
+  const test::CheckInterval interval_{test::CheckInterval::kNone};
   const std::string box_;
   std::shared_ptr<JXManualClock> clock_ = std::make_shared<JXManualClock>(kTestNowMs);
 };

@@ -14,9 +14,9 @@
 
 #include "jx/core/storage/JXFrame.h"
 #include "jx/core/storage/JXOutboxSegment.h"
-#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "tests/core/storage/JXOutboxFixture.h"
+#include "tests/support/CheckInterval.h"
 #include "tests/support/JXFailingDisk.h"
 
 namespace jx {
@@ -26,22 +26,12 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kSegment = 1024 * 1024;
 
-// The path of the storage folder is watched, or compared for each request.
-enum class Detection { Watch, Comparison };
-
 // An outbox in a storage folder that is renamed, replaced or deleted while it is in use.
-class OutboxMoves : public OutboxTest, public ::testing::WithParamInterface<Detection> {
+class OutboxMoves : public OutboxTest {
  protected:
   std::unique_ptr<JXOutbox> open(const JXOutboxBounds& bounds = {}) const {
-    std::shared_ptr<JXPathWatch> watch;
-    // In a slow test, paths would be compared after some time.
-    const auto noTimePasses = [] { return std::chrono::milliseconds(0); };
-    if (isWatched()) watch = std::make_shared<JXPathWatch>(state_, "outbox", noTimePasses);
-    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "", "outbox", watch);
+    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "", "outbox");
   }
-  static bool isWatched() { return GetParam() == Detection::Watch; }
-  // The folder, the locks and two segments, and the watch.
-  static std::size_t neededDescriptors() { return isWatched() ? 5 : 4; }
   // Adds requests that fill so many segments, and returns their bodies.
   static Bodies fill(JXOutbox& outbox, std::size_t segments) {
     Bodies bodies;
@@ -63,11 +53,24 @@ class OutboxMoves : public OutboxTest, public ::testing::WithParamInterface<Dete
     const fs::directory_iterator all("/proc/self/fd");
     return static_cast<std::size_t>(std::distance(begin(all), end(all)));
   }
+  // Returns how many paths are compared while requests are added.
+  static int comparisonsOf(JXOutbox& outbox, int requests) {
+    static int calls = 0;
+    calls = 0;
+    JXFileCalls::current().status = [](int folder, const char* name, struct stat* status) {
+      ++calls;
+      return JXFileCalls::system().status(folder, name, status);
+    };
+    for (int i = 0; i < requests; ++i)
+      add(outbox, "b");
+    JXFileCalls::current() = JXFileCalls::system();
+    return calls;
+  }
 
   const std::string state_ = folder_.file("state");
 };
 
-TEST_P(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
+TEST_F(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
   const auto outbox = open();
   add(*outbox, "a");
   add(*outbox, "b");
@@ -79,7 +82,7 @@ TEST_P(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
   EXPECT_EQ(found(), (Bodies{"b", "c"}));
 }
 
-TEST_P(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
+TEST_F(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
   const auto outbox = open();
   add(*outbox, "a");
   fs::rename(state_ + "/outbox", folder_.file("renamed"));
@@ -90,7 +93,7 @@ TEST_P(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
 }
 
 // The event goes to a new segment, in the new folder.
-TEST_P(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
+TEST_F(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
   const auto outbox = open();
   Bodies bodies = fill(*outbox, 2);
   while (filesNamed(state_ + "/outbox", "segment-") < 3)
@@ -101,7 +104,7 @@ TEST_P(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
   EXPECT_EQ(sorted(found()), sorted(bodies));
 }
 
-TEST_P(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
+TEST_F(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
   long call = 0;
   for (bool failed = true; failed; ++call) {
     SCOPED_TRACE("call " + std::to_string(call));
@@ -123,7 +126,7 @@ TEST_P(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
   EXPECT_GT(call, 5);
 }
 
-TEST_P(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
+TEST_F(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
   writeFile(state_, "not a folder");
   const auto outbox = open();
   outbox->sync();
@@ -137,7 +140,7 @@ TEST_P(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
   EXPECT_EQ(log_.with("3 outbox"), 1u);
 }
 
-TEST_P(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
+TEST_F(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
   outbox->sync();
@@ -147,7 +150,7 @@ TEST_P(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   EXPECT_EQ(found(), bodies);
 }
 
-TEST_P(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
+TEST_F(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 12);
   ASSERT_GE(filesNamed(state_ + "/outbox", "segment-"), 12u);
@@ -161,7 +164,7 @@ TEST_P(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
   EXPECT_EQ(outbox->counters().storageErrors, 0u);
 }
 
-TEST_P(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
+TEST_F(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
   const auto mine = open();
   add(*mine, "mine 1");
   add(*mine, "mine 2");
@@ -177,7 +180,7 @@ TEST_P(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
   EXPECT_EQ(takeAll(*theirs), (Bodies{"theirs 1", "theirs 2"}));
 }
 
-TEST_P(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
+TEST_F(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
   fs::remove_all(state_);
@@ -190,7 +193,7 @@ TEST_P(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
   EXPECT_EQ(found(), bodies);
 }
 
-TEST_P(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
+TEST_F(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
   const fs::path before = fs::current_path();
   fs::create_directory(folder_.file("elsewhere"));
   fs::current_path(folder_.path());
@@ -204,7 +207,7 @@ TEST_P(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
   fs::current_path(before);
 }
 
-TEST_P(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
+TEST_F(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
   fs::create_directory(folder_.file("target"));
   fs::create_directory_symlink(folder_.file("target"), state_);
   const auto outbox = open();
@@ -215,7 +218,7 @@ TEST_P(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
   EXPECT_EQ(log_.with("cannot open the folder: It is a symbolic link"), 1u);
 }
 
-TEST_P(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
+TEST_F(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
   fs::create_directory(state_);
   ASSERT_EQ(::chmod(state_.c_str(), 0777), 0);
   const auto outbox = open();
@@ -228,7 +231,7 @@ TEST_P(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
   EXPECT_EQ(found(), (Bodies{"a", "b"}));
 }
 
-TEST_P(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
+TEST_F(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
   const std::string target = folder_.file("target");
   writeFile(target, "content");
   for (const char* const name : {"dead", "dead.new", "lock", "segment-0000000000000001",
@@ -253,24 +256,24 @@ TEST_P(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
   }
 }
 
-TEST_P(OutboxMoves, NeedsFewDescriptorsForManySegments) {
+TEST_F(OutboxMoves, NeedsFewDescriptorsForManySegments) {
   const std::size_t before = openDescriptors();
   {
     const auto outbox = open();
     const Bodies bodies = fill(*outbox, 30);
     outbox->sync();
-    EXPECT_LE(openDescriptors() - before, neededDescriptors());
+    EXPECT_LE(openDescriptors() - before, 4u);
   }
   const auto outbox = open();
   EXPECT_EQ(outbox->counters().queued, 240u);
   outbox->rememberDropped();
-  EXPECT_LE(openDescriptors() - before, neededDescriptors());
+  EXPECT_LE(openDescriptors() - before, 4u);
   outbox->purge();
-  EXPECT_LE(openDescriptors() - before, neededDescriptors());
+  EXPECT_LE(openDescriptors() - before, 4u);
   EXPECT_EQ(outbox->takeDropped().size(), 32u);
 }
 
-TEST_P(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
+TEST_F(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
   { fill(*open(), 30); }
   rlimit limit{};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
@@ -287,7 +290,7 @@ TEST_P(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
   EXPECT_EQ(log_.with("outbox"), 0u);
 }
 
-TEST_P(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
+TEST_F(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
   {
     const auto outbox = open();
     for (int i = 0; i < 5; ++i)
@@ -308,7 +311,7 @@ TEST_P(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
   EXPECT_EQ(found().size(), 34u);
 }
 
-TEST_P(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
+TEST_F(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
   { add(*open(), "a"); }
   const std::string large = state_ + "/outbox/segment-0000000000000007";
   writeFile(large, "x");
@@ -321,7 +324,7 @@ TEST_P(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
   EXPECT_EQ(outbox->counters().damaged, 1u);
 }
 
-TEST_P(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
+TEST_F(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
   JXOutboxBounds bounds;
   bounds.maxBytes = 32 * kSegment;
   { fill(*open(bounds), 2); }
@@ -341,7 +344,7 @@ TEST_P(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
 }
 
 // Each byte could begin a frame that contains the rest of the file.
-TEST_P(OutboxMoves, GivesUpOnCraftedLengths) {
+TEST_F(OutboxMoves, GivesUpOnCraftedLengths) {
   { add(*open(), "a"); }
   std::string crafted(kJXJournalMagic);
   const std::string frame = [] {
@@ -367,7 +370,7 @@ TEST_P(OutboxMoves, GivesUpOnCraftedLengths) {
   EXPECT_GE(reader.falseBytes(), crafted.size()) << "the limit was reached";
 }
 
-TEST_P(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
+TEST_F(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
   JXOutboxBounds bounds;
   bounds.maxBytes = kSegment;
   const auto outbox = open(bounds);
@@ -387,7 +390,7 @@ TEST_P(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
   EXPECT_EQ(outbox->counters().rejected, 60u);
 }
 
-TEST_P(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
+TEST_F(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
   fs::create_directories(state_ + "/outbox");
   fs::permissions(state_ + "/outbox", fs::perms::owner_all);
   fs::permissions(state_, fs::perms::owner_all);
@@ -405,7 +408,7 @@ TEST_P(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
   EXPECT_EQ(outbox->counters().quarantinedDeleted, 4u);
 }
 
-TEST_P(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
+TEST_F(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
   JXOutboxBounds bounds;
   bounds.maxBytes = kSegment;
   bounds.maxRequests = 10'000;
@@ -432,7 +435,7 @@ TEST_P(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
 }
 
 // Renames, replaces or deletes a folder or the file that is written, in each place.
-TEST_P(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
+TEST_F(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
   const std::string elsewhere = folder_.file("elsewhere");
   const std::string outboxPath = state_ + "/outbox";
   const std::string segment = outboxPath + "/segment-0000000000000001";
@@ -470,31 +473,25 @@ TEST_P(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
   }
 }
 
-int statusCalls = 0;
-
-TEST_P(OutboxMoves, ComparesThePathOfARequestOnlyIfItIsNotWatched) {
+TEST_F(OutboxMoves, ComparesThePathOfARequestUnlessItWasComparedJustBefore) {
   const auto outbox = open();
   add(*outbox, "a");
-  JXFileCalls::current().status = [](int folder, const char* name, struct stat* status) {
-    ++statusCalls;
-    return JXFileCalls::system().status(folder, name, status);
-  };
-  statusCalls = 0;
-  for (int i = 0; i < 10; ++i)
-    add(*outbox, "b");
-  JXFileCalls::current() = JXFileCalls::system();
-#if defined(__linux__)
-  EXPECT_EQ(statusCalls, isWatched() ? 0 : 10);
-#else
-  EXPECT_EQ(statusCalls, 10);
-#endif
+  EXPECT_EQ(comparisonsOf(*outbox, 10), 10);
+  const test::CheckInterval endless{test::CheckInterval::kEndless};
+  EXPECT_EQ(comparisonsOf(*outbox, 10), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, OutboxMoves,
-                         ::testing::Values(Detection::Watch, Detection::Comparison),
-                         [](const auto& each) {
-                           return each.param == Detection::Watch ? "Watched" : "Compared";
-                         });
+TEST_F(OutboxMoves, ARequestThatWasNotComparedIsMovedBackBySync) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  const test::CheckInterval endless{test::CheckInterval::kEndless};
+  fs::rename(state_, folder_.file("renamed"));
+  add(*outbox, "b");
+  EXPECT_EQ(filesNamed(folder_.file("renamed") + "/outbox", "segment-"), 1u);
+  outbox->sync();
+  EXPECT_EQ(found(), (Bodies{"a", "b"}));
+  EXPECT_EQ(filesNamed(folder_.file("renamed") + "/outbox", "segment-"), 0u);
+}
 
 }  // namespace
 }  // namespace jx
