@@ -128,6 +128,7 @@ class JXCurlTransport::Implementation {
     results.reserve(active_.size());
     // Requests in flight advance after the wait.
     if (hasStarted_ || timeout == milliseconds::zero()) perform();
+    sockets_.sendHeldBack();
     if (ready_.empty() && timeout != milliseconds::zero()) {
       multi_.wait(timeout);
       perform();
@@ -250,14 +251,15 @@ class JXCurlTransport::Implementation {
 #endif
   }
 
-  // Repeated while requests end: data of another request may have been received with them.
+  // Repeated while requests end: data of another request may have been received with them. libcurl
+  // resets each HTTP/2 stream whose response was received with that of another one. The resets are
+  // held back until the next `poll` has performed the requests that follow.
   void perform() {
     const bool startsSome = std::exchange(hasStarted_, false);
     if (multi_.handle() == nullptr) return;
-    if (startsSome) sockets_.holdBack();
+    if (startsSome || active_.size() > 1) sockets_.holdBack();
     while (!sockets_.isShut() && performOnce() && !active_.empty()) {
     }
-    if (startsSome) sockets_.sendHeldBack();
   }
 
   // Returns whether a request ended.

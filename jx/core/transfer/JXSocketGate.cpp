@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <utility>
 
 #include "jx/core/JXOwnedDescriptors.h"
 
@@ -128,6 +129,7 @@ void JXSocketGate::sendHeldBack() noexcept { setHoldingBack(false); }
 void JXSocketGate::setHoldingBack([[maybe_unused]] bool holdsBack) noexcept {
 #ifdef TCP_CORK
   const std::lock_guard<std::mutex> lock(mutex_);
+  if (std::exchange(holdsBack_, holdsBack) == holdsBack) return;
   const int value = holdsBack ? 1 : 0;
   for (const Socket& each : sockets_)
     ::setsockopt(each.duplicate, IPPROTO_TCP, TCP_CORK, &value, sizeof value);

@@ -31,7 +31,8 @@ class JXSocketGate {
   void forgetUnconnected() noexcept;
 
   /// Lets the system hold back small writes until `sendHeldBack`, so that those of several requests
-  /// are sent together. Does nothing where the system has no such option.
+  /// are sent together; the system itself sends them after 200 ms. Affects the sockets that are
+  /// open. Does nothing where the system has no such option.
   void holdBack() noexcept;
   void sendHeldBack() noexcept;
 
@@ -54,6 +55,7 @@ class JXSocketGate {
 
   mutable std::mutex mutex_;
   std::atomic<bool> isShut_{false};
+  bool holdsBack_ = false;
   std::vector<Socket> sockets_;
 };
 
