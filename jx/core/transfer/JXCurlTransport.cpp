@@ -298,6 +298,7 @@ class JXCurlTransport::Implementation {
     JXHttpResult result;
     result.outcome.status = exchange.response.status();
     result.outcome.neverSendable = code == CURLE_URL_MALFORMAT;
+    result.outcome.isMultiplexed = exchange.response.isMultiplexed();
     if (exchange.response.status() != 0) {
       result.retryAfter = exchange.response.retryAfter();
       result.date = exchange.response.date();

@@ -15,7 +15,8 @@ constexpr std::uint32_t kFailuresBeforeNewest = 12;
 bool JXHostPipeline::hasSlot(Time now) const {
   if (retry_.isBackingOff(now)) return false;
   // A probe is sent alone, after the requests in flight from before the failure have ended.
-  return inFlight_ < (isProbing_ || errors_.isProbing() ? 1 : kMaxInFlight);
+  if (isProbing_ || errors_.isProbing()) return inFlight_ == 0;
+  return inFlight_ < (isMultiplexed_ ? kMaxMultiplexed : kMaxInFlight);
 }
 
 bool JXHostPipeline::mayStartNew(Time now) const {
@@ -64,12 +65,13 @@ void JXHostPipeline::nothingToStart(Order order, std::optional<Time> retryAt) {
 }
 
 void JXHostPipeline::ended(std::uint64_t id, bool isRetry, const JXCompletedAttempt& end,
-                           bool neverSendable, const JXRetryTimings& timings, Time now,
+                           const JXAttemptResult& outcome, const JXRetryTimings& timings, Time now,
                            double draw) {
   --inFlight_;
   lastEnd_ = now;
   // A request that cannot be sent provides no information about the host.
-  if (neverSendable) return;
+  if (outcome.neverSendable) return;
+  if (outcome.status != 0) isMultiplexed_ = outcome.isMultiplexed;
   if (end.responseClass == JXResponseClass::Retry) {
     isProbing_ = true;
     requestsAvailable();

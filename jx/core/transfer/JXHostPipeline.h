@@ -17,9 +17,10 @@ namespace jx {
 /// passes each occurrence with its time.
 ///
 /// At the start, after a failure of the host and after an idle time, only one request is in flight
-/// until a response is received; then up to four are, oldest first. While new requests fail with
-/// server errors in a row, single requests from the whole queue are sent (see JXServerErrorState).
-/// A request that failed is retried only when no new one is queued.
+/// until a response is received; then up to four are, or eight over a multiplexed connection,
+/// oldest first. While new requests fail with server errors in a row, single requests from the
+/// whole queue are sent (see JXServerErrorState). A request that failed is retried only when no new
+/// one is queued.
 ///
 /// When all new requests have been started, those that are added within `gatherTime` after the last
 /// start are gathered: they are started together at its end, and need not wake the thread. A
@@ -29,6 +30,7 @@ class JXHostPipeline {
   using Time = std::chrono::steady_clock::time_point;
   using Order = JXOutboxPick::Order;
   static constexpr std::size_t kMaxInFlight = 4;
+  static constexpr std::size_t kMaxMultiplexed = 8;
   static constexpr std::chrono::minutes kIdleBeforeProbe{1};
 
   /// `failed` is the number of queued requests that received a server error in an earlier process.
@@ -61,8 +63,8 @@ class JXHostPipeline {
   /// Lets the gathered requests be started now.
   void endGathering() { gatherUntil_ = Time(); }
   /// Reports the end of an attempt of the request `id` that was started in `round`.
-  void ended(std::uint64_t id, bool isRetry, const JXCompletedAttempt& end, bool neverSendable,
-             const JXRetryTimings& timings, Time now, double draw);
+  void ended(std::uint64_t id, bool isRetry, const JXCompletedAttempt& end,
+             const JXAttemptResult& outcome, const JXRetryTimings& timings, Time now, double draw);
   /// Reports that the requests in flight were aborted.
   void aborted();
   /// Starts a backoff as after a failed attempt.
@@ -86,8 +88,9 @@ class JXHostPipeline {
   JXServerErrorState errors_;
   std::size_t inFlight_ = 0;
   bool isProbing_ = true;
-  bool hasNew_ = true;      // there may be a queued request without a server error
-  bool hasRetries_ = true;  // there may be a failed request whose delay is over
+  bool isMultiplexed_ = false;  // as of the last response
+  bool hasNew_ = true;          // there may be a queued request without a server error
+  bool hasRetries_ = true;      // there may be a failed request whose delay is over
   Time lastStart_{};
   Time gatherUntil_{};  // no new request is started before
   std::optional<Time> retryAt_;

@@ -39,6 +39,7 @@ bool JXHttpResponseParser::readHeader(std::string_view line) {
   if (status_ != 0) return true;  // a trailer after the body
   if (line.substr(0, 5) == "HTTP/") {
     currentStatus_ = statusOf(line);
+    isMultiplexed_ = line.substr(5, 2) != "1." && line.substr(5, 2) != "0.";
     retryAfter_.clear();
     date_.clear();
   } else if (hasName(line, "retry-after")) {

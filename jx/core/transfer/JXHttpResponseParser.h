@@ -22,6 +22,8 @@ class JXHttpResponseParser {
 
   /// Returns the status of the final response once its header section is complete; 0 until then.
   int status() const { return status_; }
+  /// Returns whether the protocol of the response is HTTP/2 or later.
+  bool isMultiplexed() const { return isMultiplexed_; }
   /// Returns the value of the Retry-After header; empty when there is none.
   const std::string& retryAfter() const { return retryAfter_; }
   /// Returns the value of the Date header; empty when there is none.
@@ -31,6 +33,7 @@ class JXHttpResponseParser {
   std::size_t bytes_ = 0;
   int currentStatus_ = 0;  // of the header section that is being read
   int status_ = 0;
+  bool isMultiplexed_ = false;
   std::string retryAfter_;
   std::string date_;
 };

@@ -32,6 +32,9 @@ struct JX_API JXAttemptResult {
   int status = 0;
   /// True rejects the request, because it can never be sent, for example because of its URL.
   bool neverSendable = false;
+  /// True if the response came over a connection that carries several requests at a time, such as
+  /// one of HTTP/2. Allows more requests to this host.
+  bool isMultiplexed = false;
 };
 
 /// Result of a request; returns the request to the library.
@@ -56,10 +59,10 @@ struct JX_API JXHttpResult {
 /// or a test replaces it with `JXCoreConfiguration::transport`.
 ///
 /// The library uses one transport per process, with at most eight requests at a time and at most
-/// four to one host. Send them side by side: otherwise a host that does not respond delays
-/// the others. `start`, `poll`
-/// and `abortAll` are called on the transfer thread only, never two at once; `wakeUp` is called on
-/// any thread, also during the others. No lock of the library is locked during `start`, `poll` and
+/// four to one host. Four more are sent to a host whose last response was multiplexed. Send them
+/// side by side: otherwise a host that does not respond delays the others. `start`, `poll` and
+/// `abortAll` are called on the transfer thread only, never two at once; `wakeUp` is called on any
+/// thread, also during the others. No lock of the library is locked during `start`, `poll` and
 /// `abortAll`. They may call any operation of the library; JXNetworkManager::flush does not wait
 /// then. `wakeUp`, `suspend` and `resume` must not call the library.
 ///

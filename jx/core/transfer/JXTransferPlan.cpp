@@ -18,8 +18,9 @@ std::optional<Time> earlier(std::optional<Time> a, std::optional<Time> b) {
 
 JXTransferPlan::JXTransferPlan(const JXRetryTimings& timings, std::chrono::milliseconds gatherTime)
     : timings_(timings), gatherTime_(gatherTime) {
-  inFlight_.reserve(kMaxInFlight);
-  aborted_.reserve(kMaxInFlight);
+  constexpr std::size_t kMost = 2 * kMaxInFlight;  // to two hosts with multiplexed connections
+  inFlight_.reserve(kMost);
+  aborted_.reserve(kMost);
 }
 
 void JXTransferPlan::setHosts(const std::vector<JXOutboxHost>& hosts) {
@@ -45,12 +46,15 @@ const JXHostPipeline* JXTransferPlan::pipeline(std::uint32_t host) const {
 }
 
 bool JXTransferPlan::isWithinLimits(const JXHostPipeline& host) const {
-  if (inFlight_.size() >= kMaxInFlight) return false;
-  if (!host.isProbing()) return true;
+  constexpr std::size_t kMaxCounted = JXHostPipeline::kMaxInFlight;
+  std::size_t counted = 0;
   std::size_t probing = 0;
-  for (const JXHostPipeline& each : hosts_)
+  for (const JXHostPipeline& each : hosts_) {
+    counted += std::min(each.inFlight(), kMaxCounted);
     probing += each.isProbing() ? each.inFlight() : 0;
-  return probing < kMaxProbing;
+  }
+  if (host.inFlight() < kMaxCounted && counted >= kMaxInFlight) return false;
+  return !host.isProbing() || probing < kMaxProbing;
 }
 
 std::optional<JXTransferStart> JXTransferPlan::nextStart(Time now) {
@@ -142,8 +146,8 @@ JXTransferEnd JXTransferPlan::ended(std::uint64_t id, const JXAttemptResult& out
   const Flight flight = *found;
   inFlight_.erase(found);
   JXHostPipeline& host = *find(flight.host);
-  host.ended(id, flight.failures.count != 0, {flight.round, end.responseClass, retryAfter},
-             outcome.neverSendable, timings_, now, draw);
+  host.ended(id, flight.failures.count != 0, {flight.round, end.responseClass, retryAfter}, outcome,
+             timings_, now, draw);
   if (end.responseClass != JXResponseClass::ServerError) return end;
   const JXServerErrorState& errors = host.errorState();
   end.failures = afterFailure(flight.failures, errors.isHostFailing(), retryAfter, timings_);

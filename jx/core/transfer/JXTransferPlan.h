@@ -41,7 +41,8 @@ struct JXTransferWait {
 ///
 /// Each host has a pipeline of its own, so that a host that is not available does not delay the
 /// requests to another one. At most eight requests are in flight, of which hosts without a recent
-/// response have at most four. A pause stops new requests. A sync follows a change within
+/// response have at most four. Over a multiplexed connection, four more are in flight to a host,
+/// which delay no other. A pause stops new requests. A sync follows a change within
 /// `syncDelay`, independent of the network.
 class JXTransferPlan {
  public:

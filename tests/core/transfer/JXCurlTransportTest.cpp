@@ -63,6 +63,7 @@ TEST(CurlTransport, PostsTheBodyAsJson) {
   const std::string body("{\"a\":\"\xC3\xA9\",\"b\":\"\0\"}", 18);
   const JXHttpResult result = post(transport, server.url("/events?jx_s=3&token=k"), body);
   EXPECT_EQ(200, result.outcome.status);
+  EXPECT_FALSE(result.outcome.isMultiplexed);
   EXPECT_EQ(7u, result.request.id);
   EXPECT_EQ(body, result.request.body);
   ASSERT_EQ(1u, server.requests().size());

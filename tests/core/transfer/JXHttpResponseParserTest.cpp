@@ -29,6 +29,19 @@ TEST(HttpResponseParser, IgnoresInterimResponses) {
   EXPECT_EQ("", parser.retryAfter());
 }
 
+TEST(HttpResponseParser, ReportsWhetherTheProtocolIsMultiplexed) {
+  const auto isMultiplexed = [](const std::string& statusLine) {
+    JXHttpResponseParser parser;
+    parser.readHeader(statusLine);
+    return parser.isMultiplexed();
+  };
+  EXPECT_FALSE(isMultiplexed("HTTP/1.0 200 OK\r\n"));
+  EXPECT_FALSE(isMultiplexed("HTTP/1.1 204 No Content\r\n"));
+  EXPECT_TRUE(isMultiplexed("HTTP/2 200\r\n"));
+  EXPECT_TRUE(isMultiplexed("HTTP/3 503\r\n"));
+  EXPECT_FALSE(JXHttpResponseParser().isMultiplexed());
+}
+
 TEST(HttpResponseParser, ReadsRetryAfterInAnyCaseAndTrimsSpaces) {
   JXHttpResponseParser parser;
   parser.readHeader("HTTP/1.1 429 Slow down\r\n");

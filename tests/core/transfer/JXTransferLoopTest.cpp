@@ -927,5 +927,19 @@ TEST_F(TransferLoop, RecordsTheResponsesOfAPollWithOneWrite) {
   EXPECT_EQ(5u, deliveries.size());
 }
 
+TEST_F(TransferLoop, CompletesAllResponsesOfMultiplexedConnections) {
+  transport->outcome.isMultiplexed = true;
+  for (int i = 0; i < 9; ++i) {
+    add("e");
+    setup.outbox->add("https://other/", bodyOf("f"));
+  }
+  runOnce();
+  ASSERT_EQ(2u, transport->started.size());
+  runOnce();
+  EXPECT_EQ(18u, transport->started.size());
+  EXPECT_EQ(0u, queued());
+  EXPECT_EQ(18u, deliveries.size());
+}
+
 }  // namespace
 }  // namespace jx

@@ -13,6 +13,7 @@ using Order = JXOutboxPick::Order;
 
 const Time kStart = Time(1'000s);
 constexpr JXAttemptResult kDelivered{200, false};
+constexpr JXAttemptResult kMultiplexed{200, false, true};
 constexpr JXAttemptResult kNoResponse{0, false};
 constexpr JXAttemptResult kUnavailable{503, false};
 constexpr JXAttemptResult kServerError{500, false};
@@ -381,6 +382,48 @@ TEST_F(TransferPlan, KeepsAtMostEightInFlightAndFourWithoutARecentResponse) {
     start(id);
   EXPECT_EQ(0u, mayStart(kStart));
   EXPECT_EQ(8u, plan.inFlight());
+}
+
+TEST_F(TransferPlan, KeepsAtMostEightInFlightOverAMultiplexedConnection) {
+  start(1);
+  end(1, kMultiplexed);
+  EXPECT_EQ(8u, mayStart(kStart));
+  for (std::uint64_t id = 2; id <= 9; ++id)
+    start(id);
+  end(2, kDelivered);  // the next connection is not multiplexed
+  EXPECT_EQ(0u, mayStart(kStart));
+  for (std::uint64_t id = 3; id <= 9; ++id)
+    end(id, kDelivered);
+  EXPECT_EQ(4u, mayStart(kStart));
+}
+
+TEST_F(TransferPlan, SendsOneProbeAfterAFailureOfAMultiplexedConnection) {
+  start(1);
+  end(1, kMultiplexed);
+  start(2);
+  end(2, kNoResponse);
+  EXPECT_EQ(1u, mayStart(kStart + 10s));
+  start(3, kStart + 10s);
+  end(3, kMultiplexed, kStart + 10s);
+  EXPECT_EQ(8u, mayStart(kStart + 10s));
+}
+
+TEST_F(TransferPlan, MultiplexedRequestsDelayNoOtherHost) {
+  start(1);
+  end(1, kMultiplexed);
+  for (std::uint64_t id = 2; id <= 9; ++id)
+    start(id);
+  plan.setHosts({{1, 0}, {2, 0}, {3, 0}, {4, 0}, {5, 0}, {6, 0}});
+  // One to each of four hosts without a response, as if four were in flight.
+  EXPECT_EQ(4u, mayStart(kStart));
+  start(10);
+  end(10, kMultiplexed);
+  plan.setHosts({{1, 0}, {2, 0}});
+  EXPECT_EQ(8u, mayStart(kStart));
+  for (std::uint64_t id = 11; id <= 18; ++id)
+    start(id);
+  EXPECT_EQ(0u, mayStart(kStart));
+  EXPECT_EQ(16u, plan.inFlight());
 }
 
 TEST_F(TransferPlan, PrefersTheHostWithFewerFailures) {
