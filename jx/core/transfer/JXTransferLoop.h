@@ -52,7 +52,7 @@ struct JXTransferSetup {
   std::shared_ptr<JXHttpTransport> transport;  ///< null: libcurl with the options above
   /// Requests that are added within this time after others were started are started together, and
   /// do not wake the thread.
-  std::chrono::milliseconds gatherTime{10};
+  std::chrono::milliseconds gatherTime{20};
 
   // Replaced by tests. Defaults: the steady clock and a random number generator.
   std::function<std::chrono::steady_clock::time_point()> steadyNow;  ///< called on any thread
