@@ -8,7 +8,6 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kQuotes = 2;
-constexpr std::size_t kMaxEscapeLength = 6;
 
 // Returns the character after the backslash for a byte that must be escaped, 'u' for a numeric
 // escape; 0 for any other byte.
@@ -36,7 +35,7 @@ std::size_t escapedLength(std::string_view text) noexcept {
   std::size_t length = 0;
   for (const char byte : text) {
     const char escape = escapeOf(byte);
-    length += escape == '\0' ? 1 : escape == 'u' ? kMaxEscapeLength : 2;
+    length += escape == '\0' ? 1 : escape == 'u' ? kMaxEscapedLength : 2;
   }
   return length;
 }

@@ -13,46 +13,62 @@ namespace jx {
 
 namespace detail {
 
-constexpr std::uint64_t eachByte(std::uint8_t byte) noexcept { return 0x0101010101010101U * byte; }
+// Sixteen bytes that are compared at once.
+using Bytes = signed char __attribute__((vector_size(16)));
+using Words = std::uint64_t __attribute__((vector_size(16)));
 
-// Returns true when one of the eight bytes is zero.
-constexpr bool hasZero(std::uint64_t word) noexcept {
-  return ((word - eachByte(1)) & ~word & eachByte(0x80)) != 0;
+// Returns the bytes that are no ASCII characters, or that need an escape, as bits. Control
+// characters and bytes with the highest bit are less than a space.
+inline Words specialBytes(Bytes bytes) noexcept {
+  return reinterpret_cast<Words>((' ' > bytes) | (bytes == '"') | (bytes == '\\'));
 }
 
-constexpr bool isPlainWord(std::uint64_t word) noexcept {
-  const bool hasHighOrControl = ((word | ((word - eachByte(0x20)) & ~word)) & eachByte(0x80)) != 0;
-  return !hasHighOrControl && !hasZero(word ^ eachByte('"')) && !hasZero(word ^ eachByte('\\'));
+inline bool isZero(Words words) noexcept { return (words[0] | words[1]) == 0; }
+
+// Copies a word, and returns it.
+template <typename Word>
+Word copyWord(const char* from, char* to) noexcept {
+  Word word;
+  std::memcpy(&word, from, sizeof word);
+  std::memcpy(to, &word, sizeof word);
+  return word;
 }
 
-// Copies a string of up to eight bytes. Returns false unless all bytes are ASCII and need no
-// escape.
-inline bool copyPlainWord(const char* from, std::size_t length, char* to) noexcept {
-  std::uint64_t word = eachByte(' ');
-  std::memcpy(&word, from, length);
-  std::memcpy(to, &word, length);
-  return isPlainWord(word);
+// Copies up to 16 bytes, and returns them, filled with zeros (the digit). Overlapping words avoid a
+// loop over the last bytes.
+inline Bytes copyShort(const char* from, std::size_t length, char* to) noexcept {
+  constexpr std::uint64_t kZeros = 0x3030303030303030;
+  Words words{kZeros, kZeros};
+  if (length >= sizeof(std::uint64_t)) {
+    const std::size_t last = length - sizeof(std::uint64_t);
+    words[0] = copyWord<std::uint64_t>(from, to);
+    words[1] = copyWord<std::uint64_t>(from + last, to + last);
+  } else if (length >= sizeof(std::uint32_t)) {
+    const std::size_t last = length - sizeof(std::uint32_t);
+    const std::uint64_t first = copyWord<std::uint32_t>(from, to);
+    words[0] = first | std::uint64_t{copyWord<std::uint32_t>(from + last, to + last)} << 32U;
+  } else if (length != 0) {
+    Bytes bytes = reinterpret_cast<Bytes>(words);
+    bytes[0] = copyWord<signed char>(from, to);
+    bytes[1] = copyWord<signed char>(from + length / 2, to + length / 2);
+    bytes[2] = copyWord<signed char>(from + length - 1, to + length - 1);
+    return bytes;
+  }
+  return reinterpret_cast<Bytes>(words);
 }
 
-// The same for any length. Overlapping words avoid a loop over the last bytes.
+// Copies a string. Returns false unless all bytes are ASCII and need no escape.
 inline bool copyPlain(const char* from, std::size_t length, char* to) noexcept {
-  constexpr std::size_t kWord = sizeof(std::uint64_t);
-  constexpr std::size_t kHalf = kWord / 2;
-  if (length >= kWord) {
-    const std::size_t last = length - kWord;
-    for (std::size_t at = 0; at < last; at += kWord) {
-      if (!copyPlainWord(from + at, kWord, to + at)) return false;
-    }
-    return copyPlainWord(from + last, kWord, to + last);
+  Words special{};
+  if (length <= sizeof(Bytes)) {
+    special = specialBytes(copyShort(from, length, to));
+  } else {
+    const std::size_t last = length - sizeof(Bytes);
+    for (std::size_t at = 0; at < last; at += sizeof(Bytes))
+      special |= specialBytes(copyWord<Bytes>(from + at, to + at));
+    special |= specialBytes(copyWord<Bytes>(from + last, to + last));
   }
-  if (length >= kHalf) {
-    const std::size_t last = length - kHalf;
-    return copyPlainWord(from, kHalf, to) && copyPlainWord(from + last, kHalf, to + last);
-  }
-  for (std::size_t at = 0; at < length; ++at) {
-    if (!copyPlainWord(from + at, 1, to + at)) return false;
-  }
-  return true;
+  return isZero(special);
 }
 
 }  // namespace detail
@@ -63,7 +79,10 @@ inline bool copyPlain(const char* from, std::size_t length, char* to) noexcept {
 /// Returns the length of the JSON string in bytes, quotes included.
 std::size_t jsonStringLength(std::string_view text);
 /// Returns an upper bound of the length without reading the string: a byte becomes at most six.
-constexpr std::size_t maxJsonStringLength(std::string_view text) { return 2 + 6 * text.size(); }
+inline constexpr std::size_t kMaxEscapedLength = 6;
+constexpr std::size_t maxJsonStringLength(std::string_view text) {
+  return 2 + kMaxEscapedLength * text.size();
+}
 /// Writes the JSON string to `to`, which has room for the string and its quotes, and returns its
 /// end. Returns null if the string needs an escape or is not ASCII; the bytes are undefined then.
 inline char* writePlainJsonString(std::string_view text, char* to) noexcept {
@@ -73,6 +92,12 @@ inline char* writePlainJsonString(std::string_view text, char* to) noexcept {
   *to++ = '"';
   return to;
 }
+/// Copies a string of up to 16 bytes to `to`. Returns whether it consists of digits, or is empty.
+inline bool copyDigits(std::string_view text, char* to) noexcept {
+  const detail::Bytes bytes = detail::copyShort(text.data(), text.size(), to);
+  return detail::isZero(reinterpret_cast<detail::Words>((bytes < '0') | (bytes > '9')));
+}
+inline constexpr std::size_t kMaxCopiedDigits = sizeof(detail::Bytes);
 /// Appends the JSON string to `out`.
 void appendJsonString(std::string_view text, JXStringBuilder& out);
 

@@ -11,14 +11,10 @@ namespace jx {
 namespace {
 
 constexpr std::size_t kIndent = 2;
-// Copying it is one or two instructions; the bytes after the indentation are overwritten.
-constexpr std::string_view kLine = "\n                               ";
-
-// Returns true for digits that are a valid JSON number as they are.
-bool isPlainInteger(std::string_view text) noexcept {
-  if (text.empty() || (text.front() == '0' && text.size() != 1)) return false;
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
+// Copying 32 characters is two instructions; those after the indentation are overwritten.
+constexpr std::size_t kLineCopy = 32;
+constexpr char kCommaAndLine[] = ",\n                               ";
+static_assert(sizeof kCommaAndLine > kLineCopy + 1);
 
 }  // namespace
 
@@ -47,11 +43,14 @@ void JXJsonTextSink::number(std::string_view key, const std::optional<JXDecimal>
 }
 
 void JXJsonTextSink::numberFromString(std::string_view key, const JXString& value) {
-  if (isPlainInteger(value.view())) {
-    putBare(&key, value.view());
-  } else {
-    this->value(key, JXJsonValue::numberFromString(value));
+  const std::string_view text = value.view();
+  // Digits without a leading zero are a JSON number as they are.
+  const bool isShort = !text.empty() && text.size() <= kMaxCopiedDigits;
+  if (isShort && (text.front() != '0' || text.size() == 1)) {
+    char* const place = start(&key, text.size(), text.size());
+    if (place != nullptr && copyDigits(text, place)) return finishValue(place + text.size());
   }
+  this->value(key, JXJsonValue::numberFromString(value));
 }
 
 void JXJsonTextSink::flag(std::string_view key, bool value) {
@@ -143,7 +142,7 @@ void JXJsonTextSink::beginContainer(const std::string_view* key, char opening) {
   }
   const bool isTooDeep = level_ >= JXJsonWriter::kMaxDepth;
   if (isTooDeep) ++leftOut_;
-  const std::size_t length = 1 + endLength(level_);
+  const std::size_t length = 1 + endLength();
   if (const char* const place = isTooDeep ? nullptr : start(key, 1, length)) {
     out_.extendTo(place);
   } else if (isTooDeep || !begin(key, length, nullptr)) {
@@ -155,8 +154,9 @@ void JXJsonTextSink::beginContainer(const std::string_view* key, char opening) {
 
 void JXJsonTextSink::open(char opening) {
   out_.append(opening);
-  closing_ += endLength(level_);
+  closing_ += endLength();
   ++level_;
+  if (isPretty_) line_ = 1 + kIndent * level_;
   isFirst_ = true;
 }
 
@@ -166,9 +166,10 @@ void JXJsonTextSink::end(char closing) {
     return;
   }
   --level_;
-  closing_ -= endLength(level_);
-  char* to = out_.room(1 + lineRoom(level_));
-  if (isPretty_ && !isFirst_) to = putLineBreak(to, level_);
+  if (isPretty_) line_ = 1 + kIndent * level_;
+  closing_ -= endLength();
+  char* to = out_.room(1 + lineRoom());
+  if (!isFirst_) to = putLine(to, false);
   *to++ = closing;
   out_.extendTo(to);
   isFirst_ = false;
@@ -193,20 +194,17 @@ void JXJsonTextSink::putBare(const std::string_view* key, std::string_view text)
 // room for `room` characters. Returns null, without a change, if the key needs an escape, or if a
 // value of `maxLength` characters might exceed the size limit.
 char* JXJsonTextSink::start(const std::string_view* key, std::size_t room, std::size_t maxLength) {
-  constexpr std::size_t kSeparators = 3;  // comma, colon, space
-  const std::size_t keyRoom = key != nullptr ? key->size() + 2 : 0;
-  const std::size_t keyLength = key != nullptr ? maxJsonStringLength(*key) : 0;
-  const std::size_t line = lineRoom(level_);
-  if (skipped_ != 0 || !fits(kSeparators + line + keyLength + maxLength)) return nullptr;
-  char* to = out_.room(kSeparators + line + keyRoom + room);
-  if (!isFirst_) *to++ = ',';
-  if (isPretty_) to = putLineBreak(to, level_);
+  constexpr std::size_t kSeparators = 2;  // colon, space
+  const std::size_t keySize = key != nullptr ? key->size() : 0;
+  const std::size_t around = kSeparators + lineRoom() + maxJsonStringLength({}) + room;
+  if (skipped_ != 0 || !fits(around + kMaxEscapedLength * keySize + maxLength)) return nullptr;
+  char* to = putLine(out_.room(around + keySize), !isFirst_);
   if (key == nullptr) return to;
   to = writePlainJsonString(*key, to);
   if (to == nullptr) return nullptr;
-  *to++ = ':';
-  if (isPretty_) *to++ = ' ';
-  return to;
+  to[0] = ':';
+  to[1] = ' ';
+  return to + (isPretty_ ? 2 : 1);
 }
 
 void JXJsonTextSink::finishValue(const char* end) {
@@ -220,7 +218,7 @@ void JXJsonTextSink::finishValue(const char* end) {
 bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
                            const std::string_view* text) {
   if (skipped_ != 0) return false;
-  const std::size_t around = length + (isFirst_ ? 0 : 1) + (isPretty_ ? lineLength(level_) : 0) +
+  const std::size_t around = length + (isFirst_ ? 0 : 1) + line_ +
                              (key == nullptr ? 0
                               : isPretty_    ? 2
                                              : 1);
@@ -232,9 +230,8 @@ bool JXJsonTextSink::begin(const std::string_view* key, std::size_t length,
     ++leftOut_;
     return false;
   }
-  if (!isFirst_) out_.append(',');
+  out_.extendTo(putLine(out_.room(lineRoom()), !isFirst_));
   isFirst_ = false;
-  if (isPretty_) out_.extendTo(putLineBreak(out_.room(lineRoom(level_)), level_));
   if (key == nullptr) return true;
   appendJsonString(*key, out_);
   out_.append(':');
@@ -247,23 +244,19 @@ bool JXJsonTextSink::fits(std::size_t length) const {
   return taken <= JXJsonWriter::kMaxBytes && length <= JXJsonWriter::kMaxBytes - taken;
 }
 
-// Writes up to `lineRoom` characters, and returns the end of the line break.
-char* JXJsonTextSink::putLineBreak(char* to, std::size_t level) const {
-  const std::size_t length = lineLength(level);
-  std::memcpy(to, kLine.data(), kLine.size());
-  if (length > kLine.size()) std::memset(to + kLine.size(), ' ', length - kLine.size());
+// Writes a line break with its indentation, after a comma if there is one, in up to `lineRoom`
+// characters. Returns the end.
+char* JXJsonTextSink::putLine(char* to, bool hasComma) const {
+  std::memcpy(to, kCommaAndLine + (hasComma ? 0 : 1), kLineCopy);
+  const std::size_t length = line_ + (hasComma ? 1 : 0);
+  if (length > kLineCopy) std::memset(to + kLineCopy, ' ', length - kLineCopy);
   return to + length;
 }
 
-std::size_t JXJsonTextSink::lineRoom(std::size_t level) {
-  return std::max(lineLength(level), kLine.size());
-}
+// The room for a comma and a line.
+std::size_t JXJsonTextSink::lineRoom() const { return std::max(line_ + 1, kLineCopy); }
 
-// The length of a newline and the indentation of the next line.
-std::size_t JXJsonTextSink::lineLength(std::size_t level) { return 1 + kIndent * level; }
-
-std::size_t JXJsonTextSink::endLength(std::size_t level) const {
-  return 1 + (isPretty_ ? lineLength(level) : 0);
-}
+// The length of the end of a container that is in the innermost open one.
+std::size_t JXJsonTextSink::endLength() const { return 1 + line_; }
 
 }  // namespace jx

@@ -60,18 +60,18 @@ class JXJsonTextSink final : public JXJsonSink {
   void open(char opening);
   void end(char closing);
   bool mustOmit(const void* node);
-  char* putLineBreak(char* to, std::size_t level) const;
-  static std::size_t lineLength(std::size_t level);
-  static std::size_t lineRoom(std::size_t level);
-  std::size_t endLength(std::size_t level) const;
+  char* putLine(char* to, bool hasComma) const;
+  std::size_t lineRoom() const;
+  std::size_t endLength() const;
 
   JXStringBuilder out_;
   const bool isPretty_;
   std::size_t level_ = 0;
-  bool isFirst_ = true;                 ///< the innermost open container is empty so far
-  std::size_t skipped_ = 0;             ///< open levels of an omitted container
-  std::size_t closing_ = 0;             ///< bytes needed to close the open containers
-  std::vector<const void*> ancestors_;  ///< nodes of the containers being written
+  std::size_t line_ = isPretty_ ? 1 : 0;  ///< length of a line break and its indentation
+  bool isFirst_ = true;                   ///< the innermost open container is empty so far
+  std::size_t skipped_ = 0;               ///< open levels of an omitted container
+  std::size_t closing_ = 0;               ///< bytes needed to close the open containers
+  std::vector<const void*> ancestors_;    ///< nodes of the containers being written
   std::size_t leftOut_ = 0;
 };
 

@@ -279,9 +279,9 @@ TEST(JXJsonWriter, LimitsASmallValueThatExpandsExponentially) {
   }
 }
 
-// The writer copies eight, four or one byte at a time.
+// The writer copies sixteen, eight, four or one byte at a time.
 TEST(JXJsonWriter, EscapesAByteAtEachPositionOfStringsAndKeysOfEachLength) {
-  for (std::size_t length = 1; length <= 20; ++length) {
+  for (std::size_t length = 1; length <= 36; ++length) {
     for (std::size_t position = 0; position < length; ++position) {
       for (const auto& [byte, escaped] : {std::pair<char, std::string>{'"', "\\\""},
                                           {'\\', "\\\\"},
@@ -305,8 +305,8 @@ TEST(JXJsonWriter, EscapesAByteAtEachPositionOfStringsAndKeysOfEachLength) {
 }
 
 TEST(JXJsonWriter, KeepsCharactersOfSeveralBytesAtEachPosition) {
-  for (std::size_t length = 0; length <= 20; ++length) {
-    const std::string string = std::string(length, 'k') + "\u00e9" + std::string(20 - length, 'k');
+  for (std::size_t length = 0; length <= 36; ++length) {
+    const std::string string = std::string(length, 'k') + "\u00e9" + std::string(36 - length, 'k');
     JXJsonObject object;
     object.set("a", string);
     ASSERT_EQ(JXJsonWriter::write(object, JXJsonStyle::Compact).text,
