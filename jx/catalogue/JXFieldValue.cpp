@@ -7,6 +7,7 @@
 #include "jx/catalogue/JXFieldTable.h"
 #include "jx/catalogue/JXOmissionLog.h"
 #include "jx/core/JXLogger.h"
+#include "jx/platform/JXStringBuilder.h"
 
 namespace jx {
 namespace detail {
@@ -54,10 +55,11 @@ void write(const JXJsonArray& value, std::string_view key, JXJsonSink& sink) {
 }
 
 void writeNumbered(const JXList<JXString>& value, std::string_view prefix, JXJsonSink& sink) {
-  int number = 0;
-  std::string key;
+  std::uint64_t number = 0;
+  std::string key(prefix);
   for (const JXString& string : value) {
-    key.assign(prefix).append(std::to_string(++number));
+    key.resize(prefix.size());
+    key.append(decimalString(++number).view());
     if (string.isPresent()) {
       sink.text(key, string);
     } else {

@@ -2,22 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "jx/core/JXDynamicStore.h"
 
-#include <algorithm>
+#include <atomic>
 #include <utility>
-#include <vector>
+#include <variant>
 
 #include "jx/core/JXForkedChild.h"
+#include "jx/core/json/JXJsonNode.h"
 
 namespace jx {
 namespace {
-
-// Returns whether the entry with this key is at `position`, after searching for it elsewhere.
-bool findEntry(const std::vector<JXJsonEntry>& all, std::string_view key, std::size_t& position) {
-  const auto hasKey = [&](const JXJsonEntry& entry) { return entry.key.view() == key; };
-  if (position < all.size() && hasKey(all[position])) return true;
-  position = static_cast<std::size_t>(std::find_if(all.begin(), all.end(), hasKey) - all.begin());
-  return position < all.size();
-}
 
 bool isIgnored() { return JXForkedChild::ignores("JXDynamicStore"); }
 
@@ -27,19 +20,32 @@ std::shared_ptr<JXDynamicStore> JXDynamicStore::init() {
   return std::shared_ptr<JXDynamicStore>(new JXDynamicStore());
 }
 
+// Differs from the layouts of all stores, so that a place in one store is invalid in any other.
+std::uint64_t JXDynamicStore::newLayout() {
+  static std::atomic<std::uint64_t> last{0};
+  return ++last;
+}
+
+template <typename Change>
+void JXDynamicStore::change(const Change& change) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  layout_ = newLayout();
+  change();
+}
+
 void JXDynamicStore::addData_withValue(const JXString& key, const JXJsonValue& value) {
   if (!key.isPresent() || isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  entries_.set(key.view(), value);
+  change([&] { entries_.set(key.view(), value); });
 }
 
 void JXDynamicStore::addData(const JXDynamicStore& other) { addData(other.entries()); }
 
 void JXDynamicStore::addData(const JXJsonObject& entries) {
   if (isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  for (const JXJsonEntry& entry : entries.entries())
-    entries_.set(entry.key.view(), entry.value);
+  change([&] {
+    for (const JXJsonEntry& entry : entries.entries())
+      entries_.set(entry.key.view(), entry.value);
+  });
 }
 
 JXJsonValue JXDynamicStore::getData(const JXString& key) const {
@@ -51,14 +57,14 @@ JXJsonValue JXDynamicStore::getData(const JXString& key) const {
 
 JXJsonValue JXDynamicStore::removeData(const JXString& key) {
   if (!key.isPresent() || isIgnored()) return {};
-  const std::lock_guard<std::mutex> lock(mutex_);
-  return entries_.remove(key.view());
+  JXJsonValue removed;
+  change([&] { removed = entries_.remove(key.view()); });
+  return removed;
 }
 
 void JXDynamicStore::clearData() {
   if (isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  entries_.clear();
+  change([&] { entries_.clear(); });
 }
 
 bool JXDynamicStore::isEmpty() const {
@@ -67,41 +73,42 @@ bool JXDynamicStore::isEmpty() const {
   return entries_.size() == 0;
 }
 
-void JXDynamicStore::getStrings(const std::string_view* keys, std::size_t count,
-                                std::size_t* positions, JXString* strings) const {
-  if (isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  const std::vector<JXJsonEntry>& all = entries_.entries();
-  for (std::size_t i = 0; i < count; ++i) {
-    const bool isFound = findEntry(all, keys[i], positions[i]);
-    const JXString* const string = isFound ? all[positions[i]].value.asString() : nullptr;
-    if (string != nullptr) {
-      strings[i] = *string;
-    } else {
-      strings[i] = nullptr;
-    }
+JXDynamicStore::Strings::Strings(JXDynamicStore* store) : store_(isIgnored() ? nullptr : store) {
+  if (store_ != nullptr) lock_ = std::unique_lock<std::mutex>(store_->mutex_);
+}
+
+// Returns null if the key has no string.
+JXString* JXDynamicStore::Strings::find(std::string_view key, Place& place) const {
+  if (store_ == nullptr) return nullptr;
+  JXJsonObjectNode& node = *store_->entries_.node_;
+  if (place.layout != store_->layout_) place = {node.find(key), store_->layout_};
+  if (place.position == JXJsonObjectNode::npos) return nullptr;
+  return std::get_if<JXString>(&node.entries[place.position].value.value_);
+}
+
+void JXDynamicStore::Strings::read(std::string_view key, Place& place, JXString& string) const {
+  const JXString* const found = find(key, place);
+  if (found != nullptr) {
+    string = *found;
+  } else {
+    string = nullptr;
   }
 }
 
-JXString JXDynamicStore::getString(std::string_view key, std::size_t& position) const {
-  JXString string;
-  getStrings(&key, 1, &position, &string);
-  return string;
+std::string_view JXDynamicStore::Strings::view(std::string_view key, Place& place) const {
+  const JXString* const found = find(key, place);
+  return found != nullptr ? found->view() : std::string_view();
 }
 
-void JXDynamicStore::setString(std::string_view key, std::size_t& position, JXString string) {
-  setStrings(&key, 1, &position, &string);
-}
-
-void JXDynamicStore::setStrings(const std::string_view* keys, std::size_t count,
-                                std::size_t* positions, JXString* strings) {
-  if (isIgnored()) return;
-  const std::lock_guard<std::mutex> lock(mutex_);
-  for (std::size_t i = 0; i < count; ++i) {
-    const bool isFound = findEntry(entries_.entries(), keys[i], positions[i]);
-    if (isFound && entries_.replaceString(positions[i], strings[i])) continue;
-    entries_.set(keys[i], std::move(strings[i]));
+void JXDynamicStore::Strings::set(std::string_view key, Place& place, JXString string) {
+  if (store_ == nullptr) return;
+  JXString* const known = find(key, place);
+  if (known != nullptr && string.isPresent()) {
+    *known = std::move(string);
+    return;
   }
+  store_->layout_ = newLayout();
+  store_->entries_.set(key, std::move(string));
 }
 
 JXJsonObject JXDynamicStore::entries() const {

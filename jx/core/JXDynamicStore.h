@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string_view>
@@ -45,31 +46,47 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
   /// Returns whether the store is empty.
   bool isEmpty() const;
 
-  /// Reads the strings under `count` keys at one moment and writes them to `strings`, in the order
-  /// of the keys; null for a missing key. `positions` has an element per key and caches the key's
-  /// position, so that the next call needs no search; initialise it with zeros.
-  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* positions,
-                  JXString* strings) const;
+  /// Where a reader found a key, so that its next call needs no search. One for each key.
+  struct Place {
+    std::size_t position = 0;
+    std::uint64_t layout = 0;  ///< 0 before the first search
+  };
 
-  /// Returns the string under `key`; null if there is none. `position` caches the key's position as
-  /// in `getStrings`.
-  JXString getString(std::string_view key, std::size_t& position) const;
-  /// Sets or replaces the string under `key`; null removes the key. `position` as in `getString`.
-  void setString(std::string_view key, std::size_t& position, JXString string);
+  /// Locks a store, to read and set several strings at one moment. While it exists, its thread must
+  /// not call the store.
+  class JX_API Strings {
+   public:
+    /// For a null store, all strings are null and changes are ignored.
+    explicit Strings(JXDynamicStore* store);
+    Strings(const Strings&) = delete;
+    Strings& operator=(const Strings&) = delete;
 
-  /// Sets or replaces the strings under `count` keys at one moment, in order, and moves them out of
-  /// `strings`. Null removes the key. `positions` as in `getStrings`.
-  void setStrings(const std::string_view* keys, std::size_t count, std::size_t* positions,
-                  JXString* strings);
+    /// Replaces `string` by the one under `key`; null if there is none.
+    void read(std::string_view key, Place& place, JXString& string) const;
+    /// Returns the string under `key`, valid until a string is set; empty if there is none.
+    std::string_view view(std::string_view key, Place& place) const;
+    /// Sets or replaces the string under `key`; null removes the key.
+    void set(std::string_view key, Place& place, JXString string);
+
+   private:
+    JXString* find(std::string_view key, Place& place) const;
+
+    JXDynamicStore* const store_;
+    std::unique_lock<std::mutex> lock_;
+  };
 
   /// Returns a copy of all pairs.
   JXJsonObject entries() const;
 
  private:
   JXDynamicStore() = default;
+  static std::uint64_t newLayout();
+  template <typename Change>
+  void change(const Change& change);
 
   mutable std::mutex mutex_;
   JXJsonObject entries_;
+  std::uint64_t layout_ = newLayout();  ///< changes when a key is added or removed
 };
 
 }  // namespace jx

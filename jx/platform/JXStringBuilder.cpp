@@ -3,6 +3,7 @@
 #include "jx/platform/JXStringBuilder.h"
 
 #include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace jx {
@@ -36,6 +37,16 @@ JXString JXStringBuilder::finish() {
   size_ = 0;
   capacity_ = 0;
   return string;
+}
+
+JXString decimalString(std::uint64_t number) {
+  char digits[20];
+  char* at = std::end(digits);
+  do {
+    *--at = static_cast<char>('0' + number % 10);
+    number /= 10;
+  } while (number != 0);
+  return std::string_view(at, static_cast<std::size_t>(std::end(digits) - at));
 }
 
 }  // namespace jx

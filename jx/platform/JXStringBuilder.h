@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -57,5 +58,8 @@ class JXStringBuilder {
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
 };
+
+/// Returns the number as a decimal string.
+JXString decimalString(std::uint64_t number);
 
 }  // namespace jx

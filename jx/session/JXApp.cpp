@@ -33,8 +33,8 @@ JXApp* JXApp::reinit() {
 
 void JXApp::refreshContent() {
   const JXSessionLock lock;
-  consentVersion_ = JXCoreVariables::sharedInstance().dynamicStore()->getString(
-      JX_ConsentVersion, placeOfConsentVersion_);
+  JXDynamicStore::Strings(JXCoreVariables::sharedInstance().dynamicStore().get())
+      .read(JX_ConsentVersion, placeOfConsentVersion_, consentVersion_);
 }
 
 JXJsonObject JXApp::getJsonObject() {

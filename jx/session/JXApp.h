@@ -30,7 +30,7 @@ class JX_API JXApp : public JXAppFields {
   JXJsonObject getJsonObject();
 
  private:
-  std::size_t placeOfConsentVersion_ = 0;  ///< position in the store of the core's variables
+  JXDynamicStore::Place placeOfConsentVersion_;  ///< in the store of the core's variables
 };
 
 }  // namespace jx

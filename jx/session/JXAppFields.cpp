@@ -3,10 +3,6 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #include "jx/session/JXAppFields.h"
 
-#include <iterator>
-#include <string_view>
-#include <utility>
-
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonTreeSink.h"
@@ -16,16 +12,12 @@
 namespace jx {
 
 void JXAppFields::readVariables() {
-  static constexpr std::string_view kNames[] = {
-      kJXPredefinedVariable_ApplicationName, kJXPredefinedVariable_ApplicationVersion,
-      kJXPredefinedVariable_ApplicationBuild, kJXPredefinedVariable_BundleID};
-  JXString values[std::size(kNames)];
   const JXSessionLock lock;
-  JXPredefinedVariables::sharedInstance().getStrings(kNames, std::size(kNames), places_, values);
-  name_ = std::move(values[0]);
-  version_ = std::move(values[1]);
-  build_ = std::move(values[2]);
-  nameSpace_ = std::move(values[3]);
+  const JXDynamicStore::Strings strings = JXPredefinedVariables::sharedInstance().strings();
+  strings.read(kJXPredefinedVariable_ApplicationName, places_[0], name_);
+  strings.read(kJXPredefinedVariable_ApplicationVersion, places_[1], version_);
+  strings.read(kJXPredefinedVariable_ApplicationBuild, places_[2], build_);
+  strings.read(kJXPredefinedVariable_BundleID, places_[3], nameSpace_);
 }
 
 void JXAppFields::writeOwnEntries(JXJsonSink& sink) const {

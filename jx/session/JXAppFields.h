@@ -3,9 +3,8 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #pragma once
 
-#include <cstddef>
-
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/core/JXDynamicStore.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 #include "jx/session/JXSessionLock.h"
@@ -56,7 +55,7 @@ class JX_API JXAppFields : public JXAdditionalProperties {
   JXString consentVersion_;
 
  private:
-  std::size_t places_[4] = {};  ///< positions of the variables in the store
+  JXDynamicStore::Place places_[4];  ///< of the variables in the store
 };
 
 }  // namespace jx

@@ -3,10 +3,6 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #include "jx/session/JXDeviceFields.h"
 
-#include <iterator>
-#include <string_view>
-#include <utility>
-
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXNetwork.h"
@@ -18,28 +14,24 @@
 namespace jx {
 
 void JXDeviceFields::readVariables() {
-  static constexpr std::string_view kNames[] = {
-      kJXPredefinedVariable_SDKID,         kJXPredefinedVariable_Language,
-      kJXPredefinedVariable_Region,        kJXPredefinedVariable_Manufacturer,
-      kJXPredefinedVariable_Model,         kJXPredefinedVariable_Device,
-      kJXPredefinedVariable_RuntimeName,   kJXPredefinedVariable_RuntimeName,
-      kJXPredefinedVariable_SystemVersion, kJXPredefinedVariable_ScreenWidth,
-      kJXPredefinedVariable_ScreenHeight};
-  JXString values[std::size(kNames)];
   const JXSessionLock lock;
-  JXPredefinedVariables::sharedInstance().getStrings(kNames, std::size(kNames), places_, values);
-  sdkID_ = std::move(values[0]);
-  language_ = std::move(values[1]);
-  region_ = std::move(values[2]);
-  manufacturer_ = std::move(values[3]);
-  model_ = std::move(values[4]);
-  name_ = std::move(values[5]);
-  type_ = std::move(values[6]);
-  osName_ = std::move(values[7]);
-  osVersion_ = std::move(values[8]);
-  if (const JXDecimal number = JXDecimal::fromString(values[9]); !number.isNaN())
+  const JXDynamicStore::Strings strings = JXPredefinedVariables::sharedInstance().strings();
+  strings.read(kJXPredefinedVariable_SDKID, places_[0], sdkID_);
+  strings.read(kJXPredefinedVariable_Language, places_[1], language_);
+  strings.read(kJXPredefinedVariable_Region, places_[2], region_);
+  strings.read(kJXPredefinedVariable_Manufacturer, places_[3], manufacturer_);
+  strings.read(kJXPredefinedVariable_Model, places_[4], model_);
+  strings.read(kJXPredefinedVariable_Device, places_[5], name_);
+  strings.read(kJXPredefinedVariable_RuntimeName, places_[6], type_);
+  strings.read(kJXPredefinedVariable_RuntimeName, places_[7], osName_);
+  strings.read(kJXPredefinedVariable_SystemVersion, places_[8], osVersion_);
+  if (const JXDecimal number =
+          JXDecimal::fromString(strings.view(kJXPredefinedVariable_ScreenWidth, places_[9]));
+      !number.isNaN())
     screenWidth_ = number;
-  if (const JXDecimal number = JXDecimal::fromString(values[10]); !number.isNaN())
+  if (const JXDecimal number =
+          JXDecimal::fromString(strings.view(kJXPredefinedVariable_ScreenHeight, places_[10]));
+      !number.isNaN())
     screenHeight_ = number;
 }
 

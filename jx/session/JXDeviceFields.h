@@ -3,11 +3,11 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
 
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/core/JXDynamicStore.h"
 #include "jx/core/json/JXDecimal.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
@@ -104,7 +104,7 @@ class JX_API JXDeviceFields : public JXAdditionalProperties {
       screenProperties_;  ///< null until the block is initialised
 
  private:
-  std::size_t places_[11] = {};  ///< positions of the variables in the store
+  JXDynamicStore::Place places_[11];  ///< of the variables in the store
 };
 
 }  // namespace jx

@@ -3,10 +3,6 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #include "jx/session/JXLifecycleFields.h"
 
-#include <iterator>
-#include <string_view>
-#include <utility>
-
 #include "jx/catalogue/JXEventPropertiesNames.h"
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/json/JXJsonTreeSink.h"
@@ -16,45 +12,26 @@
 namespace jx {
 
 void JXLifecycleFields::readVariables() {
-  static constexpr std::string_view kNames[] = {kJXPredefinedVariable_SessionID,
-                                                kJXPredefinedVariable_IsNewSession,
-                                                kJXPredefinedVariable_SessionDurationMs,
-                                                kJXPredefinedVariable_CurrentSessionMs,
-                                                kJXPredefinedVariable_NumberVisits,
-                                                kJXPredefinedVariable_CurrentVisitMs,
-                                                kJXPredefinedVariable_CurVersionFirstVisitMs,
-                                                kJXPredefinedVariable_NumberSessions,
-                                                kJXPredefinedVariable_FirstVisitMs,
-                                                kJXPredefinedVariable_LastVisitMs,
-                                                kJXPredefinedVariable_LastCallMs,
-                                                kJXPredefinedVariable_LastSessionStartMs,
-                                                kJXPredefinedVariable_LastSessionLastHitMs,
-                                                kJXPredefinedVariable_ForegroundTransitions,
-                                                kJXPredefinedVariable_ForegroundTime,
-                                                kJXPredefinedVariable_BackgroundTime,
-                                                kJXPredefinedVariable_FirstExecute,
-                                                kJXPredefinedVariable_IsFirstVisit};
-  JXString values[std::size(kNames)];
   const JXSessionLock lock;
-  JXPredefinedVariables::sharedInstance().getStrings(kNames, std::size(kNames), places_, values);
-  sessionID_ = std::move(values[0]);
-  isNewSession_ = values[1].view() == "1";
-  sessionDuration_ = std::move(values[2]);
-  currentSession_ = std::move(values[3]);
-  visitNumber_ = std::move(values[4]);
-  currentVisit_ = std::move(values[5]);
-  currentVersionFirstVisit_ = std::move(values[6]);
-  sessionNumber_ = std::move(values[7]);
-  firstVisit_ = std::move(values[8]);
-  lastVisit_ = std::move(values[9]);
-  lastCall_ = std::move(values[10]);
-  lastSessionStart_ = std::move(values[11]);
-  lastSessionLastHit_ = std::move(values[12]);
-  foregroundTransitions_ = std::move(values[13]);
-  foregroundTime_ = std::move(values[14]);
-  backgroundTime_ = std::move(values[15]);
-  firstExecute_ = values[16].view() == "TRUE";
-  isFirstVisit_ = values[17].view() == "TRUE";
+  const JXDynamicStore::Strings strings = JXPredefinedVariables::sharedInstance().strings();
+  strings.read(kJXPredefinedVariable_SessionID, places_[0], sessionID_);
+  isNewSession_ = strings.view(kJXPredefinedVariable_IsNewSession, places_[1]) == "1";
+  strings.read(kJXPredefinedVariable_SessionDurationMs, places_[2], sessionDuration_);
+  strings.read(kJXPredefinedVariable_CurrentSessionMs, places_[3], currentSession_);
+  strings.read(kJXPredefinedVariable_NumberVisits, places_[4], visitNumber_);
+  strings.read(kJXPredefinedVariable_CurrentVisitMs, places_[5], currentVisit_);
+  strings.read(kJXPredefinedVariable_CurVersionFirstVisitMs, places_[6], currentVersionFirstVisit_);
+  strings.read(kJXPredefinedVariable_NumberSessions, places_[7], sessionNumber_);
+  strings.read(kJXPredefinedVariable_FirstVisitMs, places_[8], firstVisit_);
+  strings.read(kJXPredefinedVariable_LastVisitMs, places_[9], lastVisit_);
+  strings.read(kJXPredefinedVariable_LastCallMs, places_[10], lastCall_);
+  strings.read(kJXPredefinedVariable_LastSessionStartMs, places_[11], lastSessionStart_);
+  strings.read(kJXPredefinedVariable_LastSessionLastHitMs, places_[12], lastSessionLastHit_);
+  strings.read(kJXPredefinedVariable_ForegroundTransitions, places_[13], foregroundTransitions_);
+  strings.read(kJXPredefinedVariable_ForegroundTime, places_[14], foregroundTime_);
+  strings.read(kJXPredefinedVariable_BackgroundTime, places_[15], backgroundTime_);
+  firstExecute_ = strings.view(kJXPredefinedVariable_FirstExecute, places_[16]) == "TRUE";
+  isFirstVisit_ = strings.view(kJXPredefinedVariable_IsFirstVisit, places_[17]) == "TRUE";
 }
 
 void JXLifecycleFields::writeOwnEntries(JXJsonSink& sink) const {

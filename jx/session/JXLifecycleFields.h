@@ -3,9 +3,8 @@
 // Generated from jx/catalogue/context.toml by scripts/catalogue. Do not edit.
 #pragma once
 
-#include <cstddef>
-
 #include "jx/core/JXAdditionalProperties.h"
+#include "jx/core/JXDynamicStore.h"
 #include "jx/platform/JXApi.h"
 #include "jx/platform/JXString.h"
 #include "jx/session/JXSessionLock.h"
@@ -121,7 +120,7 @@ class JX_API JXLifecycleFields : public JXAdditionalProperties {
   bool isFirstVisit_ = false;
 
  private:
-  std::size_t places_[18] = {};  ///< positions of the variables in the store
+  JXDynamicStore::Place places_[18];  ///< of the variables in the store
 };
 
 }  // namespace jx

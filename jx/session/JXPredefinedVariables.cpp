@@ -137,28 +137,21 @@ JXString JXPredefinedVariables::getData(const JXString& key) const {
   return dynamicStore_ ? dynamicStore_->getData(key).string() : JXString();
 }
 
-void JXPredefinedVariables::getStrings(const std::string_view* keys, std::size_t count,
-                                       std::size_t* places, JXString* strings) const {
-  const JXSessionLock lock;
-  if (dynamicStore_) {
-    dynamicStore_->getStrings(keys, count, places, strings);
-  } else {
-    std::fill_n(strings, count, JXString());
-  }
+JXPredefinedVariables::Frequents::Frequents(JXPredefinedVariables& variables)
+    : strings_(variables.dynamicStore_.get()), places_(variables.places_) {}
+
+std::string_view JXPredefinedVariables::Frequents::view(Frequent variable) {
+  return strings_.view(kFrequentNames[variable], places_[variable]);
 }
 
-JXString JXPredefinedVariables::frequent(Frequent variable) const {
-  return dynamicStore_ ? dynamicStore_->getString(kFrequentNames[variable], positions_[variable])
-                       : JXString();
+JXString JXPredefinedVariables::Frequents::get(Frequent variable) {
+  JXString value;
+  strings_.read(kFrequentNames[variable], places_[variable], value);
+  return value;
 }
 
-void JXPredefinedVariables::setFrequent(Frequent variable, JXString value) {
-  setFrequent(variable, &value, 1);
-}
-
-void JXPredefinedVariables::setFrequent(Frequent first, JXString* values, std::size_t count) {
-  if (!dynamicStore_) return;
-  dynamicStore_->setStrings(kFrequentNames + first, count, positions_ + first, values);
+void JXPredefinedVariables::Frequents::set(Frequent variable, JXString value) {
+  strings_.set(kFrequentNames[variable], places_[variable], std::move(value));
 }
 
 JXString JXPredefinedVariables::removeData(const JXString& key) {
@@ -262,7 +255,8 @@ JXString JXPredefinedVariables::userAgent() const {
 
 void JXPredefinedVariables::firstExecute() {
   const JXSessionLock lock;
-  setFrequent(FirstExecute, frequent(FirstExecute).testString() ? "FALSE" : "TRUE");
+  Frequents variables(*this);
+  variables.set(FirstExecute, variables.view(FirstExecute).empty() ? "TRUE" : "FALSE");
 }
 
 void JXPredefinedVariables::advance() {

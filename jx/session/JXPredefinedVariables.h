@@ -60,9 +60,8 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   void addData(std::nullptr_t) {}
   /// Returns the variable; null if it is not set.
   JXString getData(const JXString& key) const;
-  /// Reads several variables atomically; see `JXDynamicStore::getStrings`.
-  void getStrings(const std::string_view* keys, std::size_t count, std::size_t* places,
-                  JXString* strings) const;
+  /// Locks the variables, to read several at one moment. The caller has the session's lock.
+  JXDynamicStore::Strings strings() const { return JXDynamicStore::Strings(dynamicStore_.get()); }
   /// Removes the variable and returns its value; null if it was not set.
   JXString removeData(const JXString& key);
   /// Removes every variable.
@@ -314,6 +313,8 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
 
   /// Calls `firstExecute` and `computeTimeChangingVariables`, for an event that is executed.
   void advance();
+  /// Returns the time of the last `advance`. The caller has the lock.
+  JXString currentCall() { return Frequents(*this).get(CurrentCall); }
   /// Claims the new-session mark for one event. Returns the session that it marks, or nothing when
   /// the session is not new or another event has the mark. The variable stays "1" until the event
   /// is posted, so that observers see it.
@@ -352,16 +353,25 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
     DeltaBackground,
     kFrequentCount
   };
-  /// Same as `getData` and `addData_withValue`, without a search. The caller has the lock.
-  JXString frequent(Frequent variable) const;
-  void setFrequent(Frequent variable, JXString value);
-  /// Sets `count` variables, of which `first` is the first one, and moves the values.
-  void setFrequent(Frequent first, JXString* values, std::size_t count);
+  /// These variables while the store is locked. The caller has the session's lock.
+  class Frequents {
+   public:
+    explicit Frequents(JXPredefinedVariables& variables);
+    std::string_view view(Frequent variable);
+    JXString get(Frequent variable);
+    void set(Frequent variable, JXString value);
+
+   private:
+    JXDynamicStore::Strings strings_;
+    JXDynamicStore::Place* const places_;
+  };
+  void setSessionDuration(std::uint64_t time);
+  bool moveCallTimes(const JXString& timeMs);
 
   std::shared_ptr<JXDynamicStore> dynamicStore_;
-  mutable std::size_t positions_[kFrequentCount] = {};  ///< in the store
-  std::uint64_t sessionGeneration_ = 0;                 ///< counts the sessions of this process
-  bool isNewSessionClaimed_ = false;                    ///< an event on its way carries the mark
+  JXDynamicStore::Place places_[kFrequentCount];  ///< of the frequent variables in the store
+  std::uint64_t sessionGeneration_ = 0;           ///< counts the sessions of this process
+  bool isNewSessionClaimed_ = false;              ///< an event on its way carries the mark
   bool isBackground_ = false;
   std::int32_t totalForegroundTransitions_ = 1;
   std::uint64_t totalForegroundTime_ = 0;

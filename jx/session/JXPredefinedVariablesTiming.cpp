@@ -5,14 +5,16 @@
 // All arithmetic is unsigned and wraps around, so that the result is defined if the clock is set
 // back.
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
-#include <iterator>
+#include <limits>
 #include <string>
 
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUtils.h"
+#include "jx/platform/JXStringBuilder.h"
 #include "jx/session/JXPersistedKeys.h"
 #include "jx/session/JXPersistedString.h"
 #include "jx/session/JXPredefinedVariableNames.h"
@@ -21,8 +23,6 @@
 
 namespace jx {
 namespace {
-
-JXString decimal(std::uint64_t value) { return std::to_string(value); }
 
 // Runs a start-up computation on stored strings. An exception is logged and the rest of the
 // computation is skipped; values already set are kept, and the start-up continues.
@@ -44,10 +44,10 @@ void JXPredefinedVariables::didEnterBackground(const JXNotification&) {
   isBackground_ = true;
   const std::uint64_t now = unsignedNowMs();
   const std::uint64_t sinceLastTime = now - lastTime_;
-  persistString(kJXTimeSinceLastMeasurement, decimal(sinceLastTime));
-  persistString(kJXExitTimestamp, decimal(now));
-  persistString(kJXLastForegroundTime, decimal(totalForegroundTime_));
-  persistString(kJXLastBackgroundTime, decimal(totalBackgroundTime_));
+  persistString(kJXTimeSinceLastMeasurement, decimalString(sinceLastTime));
+  persistString(kJXExitTimestamp, decimalString(now));
+  persistString(kJXLastForegroundTime, decimalString(totalForegroundTime_));
+  persistString(kJXLastBackgroundTime, decimalString(totalBackgroundTime_));
   // After a second notification in a row, the time since the first one counts as foreground time:
   // according to the system, the application has only now left the foreground.
   totalForegroundTime_ += sinceLastTime;
@@ -68,15 +68,17 @@ void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
   deltaBackground_ = now - lastTime_;
   totalBackgroundTime_ += deltaBackground_;
   lastTime_ = now;
-  if (deltaBackground_ > visitDuration_) updateVariablesForNewSession(decimal(now));
+  if (deltaBackground_ > visitDuration_) updateVariablesForNewSession(decimalString(now));
 }
 
 void JXPredefinedVariables::computeTimeChangingVariables() {
   const JXSessionLock lock;
   const JXUserDefaults::Changes batch;
   const std::uint64_t now = unsignedNowMs();
-  const JXString timeMs = decimal(now);
-  setSessionDuration(timeMs);
+  const JXString timeMs = decimalString(now);
+  // Limited as the number in a string.
+  constexpr std::uint64_t kMax = std::numeric_limits<std::int64_t>::max();
+  setSessionDuration(std::min(now, kMax));
   initNavTimestampCalls(timeMs);
 
   const std::uint64_t sinceLastTime = now - lastTime_;
@@ -88,12 +90,14 @@ void JXPredefinedVariables::computeTimeChangingVariables() {
     totalForegroundTime_ += sinceLastTime;
   }
   lastTime_ = now;
-  static_assert(DeltaForeground == ForegroundTime + 1 && BackgroundTime == ForegroundTime + 2 &&
-                DeltaBackground == ForegroundTime + 3);
-  JXString times[] = {decimal(totalForegroundTime_), decimal(deltaForeground_),
-                      decimal(totalBackgroundTime_), decimal(deltaBackground_)};
-  setFrequent(ForegroundTime, times, std::size(times));
-  persistString(kJXUsageDuration, decimal(deltaForeground_ + deltaBackground_ + startUsage_));
+  {
+    Frequents variables(*this);
+    variables.set(ForegroundTime, decimalString(totalForegroundTime_));
+    variables.set(DeltaForeground, decimalString(deltaForeground_));
+    variables.set(BackgroundTime, decimalString(totalBackgroundTime_));
+    variables.set(DeltaBackground, decimalString(deltaBackground_));
+  }
+  persistString(kJXUsageDuration, decimalString(deltaForeground_ + deltaBackground_ + startUsage_));
   deltaBackground_ = 0;
   deltaForeground_ = 0;
 }
@@ -152,11 +156,11 @@ void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) 
         JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(exit);
     const std::uint64_t unmeasuredMs = JXUtils::unsignedFromDigits(unmeasured);
     addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime,
-                      decimal(JXUtils::unsignedFromDigits(background) + sinceExit));
-    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, decimal(sinceExit));
+                      decimalString(JXUtils::unsignedFromDigits(background) + sinceExit));
+    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, decimalString(sinceExit));
     addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, unmeasured);
     addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
-                      decimal(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
+                      decimalString(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
   });
 }
 
@@ -170,9 +174,9 @@ void JXPredefinedVariables::computeStartUsageTime(bool renewed) {
     const std::uint64_t sinceExit =
         JXUtils::unsignedFromDigits(getData(kJXPredefinedVariable_TimeSinceLastExit));
     const std::uint64_t userSession = sinceExit + (renewed ? 0 : unmeasured);
-    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, decimal(userSession));
+    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, decimalString(userSession));
     startUsage_ += userSession;
-    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, decimal(startUsage_));
+    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, decimalString(startUsage_));
   });
 }
 

@@ -14,6 +14,7 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUserDefaults.h"
 #include "jx/core/JXUtils.h"
+#include "jx/platform/JXStringBuilder.h"
 #include "jx/session/JXLeadingNumber.h"
 #include "jx/session/JXPersistedKeys.h"
 #include "jx/session/JXPersistedString.h"
@@ -167,14 +168,14 @@ void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs)
 
 void JXPredefinedVariables::markNewSession() {
   const JXSessionLock lock;
-  setFrequent(IsNewSession, "1");
+  Frequents(*this).set(IsNewSession, "1");
   ++sessionGeneration_;
   isNewSessionClaimed_ = false;
 }
 
 std::optional<std::uint64_t> JXPredefinedVariables::claimNewSession() {
   const JXSessionLock lock;
-  const bool isNew = frequent(IsNewSession).view() == "1";
+  const bool isNew = Frequents(*this).view(IsNewSession) == "1";
   if (!isNew || std::exchange(isNewSessionClaimed_, true)) return std::nullopt;
   return sessionGeneration_;
 }
@@ -184,38 +185,50 @@ void JXPredefinedVariables::releaseNewSession(std::uint64_t generation, bool isP
   // A session that began in the meantime has a mark of its own.
   if (generation != sessionGeneration_) return;
   isNewSessionClaimed_ = false;
-  if (isPosted) setFrequent(IsNewSession, "0");
+  if (isPosted) Frequents(*this).set(IsNewSession, "0");
 }
 
 void JXPredefinedVariables::resetNewSession() {
   const JXSessionLock lock;
-  setFrequent(IsNewSession, "0");
+  Frequents(*this).set(IsNewSession, "0");
   isNewSessionClaimed_ = false;
 }
 
 void JXPredefinedVariables::initNavTimestampCalls(const JXString& timeMs) {
   const JXSessionLock lock;
-  if (frequent(LastCall).isPresent()) {
-    setFrequent(LastCall, frequent(CurrentCall));
-  } else {
+  if (!moveCallTimes(timeMs)) {
     const JXString earlierProcessCall = persistedString(kJXPredefinedVariable_LastCallMs);
-    setFrequent(LastCall, earlierProcessCall.isPresent() ? earlierProcessCall : timeMs);
+    Frequents variables(*this);
+    variables.set(LastCall, earlierProcessCall.isPresent() ? earlierProcessCall : timeMs);
+    variables.set(CurrentCall, timeMs);
   }
-  setFrequent(CurrentCall, timeMs);
   persistString(kJXPredefinedVariable_LastCallMs, timeMs);
+}
+
+// Returns false, without a change, at the first call of this process.
+bool JXPredefinedVariables::moveCallTimes(const JXString& timeMs) {
+  Frequents variables(*this);
+  if (!variables.get(LastCall).isPresent()) return false;
+  variables.set(LastCall, variables.get(CurrentCall));
+  variables.set(CurrentCall, timeMs);
+  return true;
 }
 
 void JXPredefinedVariables::setSessionDuration(const JXString& timeMs) {
   const JXSessionLock lock;
-  const JXString visitStart = frequent(CurrentVisit);
-  if (!visitStart.testString()) {
+  setSessionDuration(static_cast<std::uint64_t>(JXUtils::numberFromNSString(timeMs)));
+}
+
+void JXPredefinedVariables::setSessionDuration(std::uint64_t time) {
+  Frequents variables(*this);
+  const std::string_view visitStart = variables.view(CurrentVisit);
+  if (visitStart.empty()) {
     JXLogger::sharedInstance().logMessage_withLevel(
         "Error with timestamp kJXPredefinedVariable_CurrentVisitMs", 2);
     return;
   }
-  const auto time = static_cast<std::uint64_t>(JXUtils::numberFromNSString(timeMs));
-  const std::uint64_t duration = time - truncatedLeadingNumber(visitStart.view()) + startUsage_;
-  setFrequent(SessionDuration, std::to_string(duration));
+  const std::uint64_t duration = time - truncatedLeadingNumber(visitStart) + startUsage_;
+  variables.set(SessionDuration, decimalString(duration));
 }
 
 void JXPredefinedVariables::addTimestamp_andTimestampeMs_withTime(const JXString& key,

@@ -16,6 +16,9 @@
 namespace jx {
 namespace {
 
+// The locks of this thread: an event locks the session more than ten times.
+thread_local int sessionLocks = 0;
+
 // Runs the start-up of `part` once and returns it. `operation` names it as the start of the core.
 template <typename Once, typename Part>
 Part& started(Once& once, Part& part, const char* operation) {
@@ -98,7 +101,7 @@ void JXSession::writeContext(JXJsonSink& sink, JXNewSessionClaim* claim) {
   sink.block(JXD_DEVICE, device);
   app.refreshContent();
   sink.block(JXA_APP, app);
-  sink.numberFromString(JX_EVENTTIMESTAMP, variables.frequent(JXPredefinedVariables::CurrentCall));
+  sink.numberFromString(JX_EVENTTIMESTAMP, variables.currentCall());
 }
 
 void JXSession::advance(JXNewSessionClaim& claim) {
@@ -117,9 +120,14 @@ void JXSession::advance(JXPredefinedVariables& variables) {
   JXErasureScope::restart(JXCoreServices::sharedInstance().erasures());
 }
 
-JXSessionLock::JXSessionLock() { lockSpinning(JXSession::sharedInstance().mutex_); }
+JXSessionLock::JXSessionLock() {
+  if (sessionLocks == 0) lockSpinning(JXSession::sharedInstance().mutex_);
+  ++sessionLocks;
+}
 
-JXSessionLock::~JXSessionLock() { JXSession::sharedInstance().mutex_.unlock(); }
+JXSessionLock::~JXSessionLock() {
+  if (--sessionLocks == 0) JXSession::sharedInstance().mutex_.unlock();
+}
 
 JXPredefinedVariables& JXPredefinedVariables::sharedInstance() {
   return JXSession::sharedInstance().variables();

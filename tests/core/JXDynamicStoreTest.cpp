@@ -115,20 +115,31 @@ TEST(JXDynamicStore, CanBeUsedByManyThreads) {
   EXPECT_EQ(store->entries().size(), 5U);
 }
 
-TEST(JXDynamicStore, ReturnsSeveralStringsAtAnyPosition) {
+using Place = JXDynamicStore::Place;
+
+JXString read(const std::shared_ptr<JXDynamicStore>& store, std::string_view key, Place& place) {
+  JXString string = "replaced";
+  JXDynamicStore::Strings(store.get()).read(key, place, string);
+  return string;
+}
+
+void set(const std::shared_ptr<JXDynamicStore>& store, std::string_view key, Place& place,
+         const JXString& string) {
+  JXDynamicStore::Strings(store.get()).set(key, place, string);
+}
+
+TEST(JXDynamicStore, ReturnsStringsAtAnyPlace) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", "1");
   store->addData_withValue("number", 2);
   store->addData_withValue("b", "3");
-  constexpr std::string_view kKeys[] = {"b", "none", "a", "number"};
-  std::size_t positions[4] = {};
+  Place places[4];
   const auto expect = [&](const JXString& b, const JXString& a) {
-    JXString strings[4];
-    store->getStrings(kKeys, 4, positions, strings);
-    EXPECT_EQ(strings[0], b);
-    EXPECT_EQ(strings[1], JXString());
-    EXPECT_EQ(strings[2], a);
-    EXPECT_EQ(strings[3], JXString());  // a number is not a string
+    EXPECT_EQ(read(store, "b", places[0]), b);
+    EXPECT_EQ(read(store, "none", places[1]), JXString());
+    EXPECT_EQ(read(store, "a", places[2]), a);
+    EXPECT_EQ(read(store, "number", places[3]), JXString());  // not a string
+    EXPECT_EQ(JXDynamicStore::Strings(store.get()).view("b", places[0]), b.view());
   };
   expect("3", "1");
   store->addData_withValue("b", "4");
@@ -137,21 +148,58 @@ TEST(JXDynamicStore, ReturnsSeveralStringsAtAnyPosition) {
   expect("4", nullptr);
   store->addData_withValue("a", "5");
   expect("4", "5");
+  store->addData(*[] {
+    auto other = JXDynamicStore::init();
+    other->addData_withValue("c", "6");
+    return other;
+  }());
+  expect("4", "5");
   store->clearData();
   expect(nullptr, nullptr);
 }
 
-TEST(JXDynamicStore, SetsAStringAtAnyPosition) {
+TEST(JXDynamicStore, FindsAKeyThatIsAddedAfterItWasMissing) {
   const auto store = JXDynamicStore::init();
-  std::size_t position = 0;
-  store->setString("b", position, "1");
-  EXPECT_EQ(store->getString("b", position), "1");
-  store->setString("b", position, "2");
+  Place place;
+  Place other;
+  EXPECT_EQ(read(store, "a", place), JXString());
+  set(store, "a", other, "1");
+  EXPECT_EQ(read(store, "a", place), "1");
+}
+
+TEST(JXDynamicStore, FindsAKeyAtAPlaceOfAnotherStore) {
+  const auto first = JXDynamicStore::init();
+  first->addData_withValue("a", "1");
+  const auto second = JXDynamicStore::init();
+  second->addData_withValue("b", "2");
+  second->addData_withValue("a", "3");
+  Place place;
+  EXPECT_EQ(read(first, "a", place), "1");
+  EXPECT_EQ(read(second, "a", place), "3");
+  EXPECT_EQ(read(first, "a", place), "1");
+}
+
+TEST(JXDynamicStore, ReturnsNullAndIgnoresChangesWithoutAStore) {
+  Place place;
+  JXDynamicStore::Strings none(nullptr);
+  JXString string = "replaced";
+  none.set("a", place, "1");
+  none.read("a", place, string);
+  EXPECT_EQ(string, JXString());
+  EXPECT_EQ(none.view("a", place), "");
+}
+
+TEST(JXDynamicStore, SetsAStringAtAnyPlace) {
+  const auto store = JXDynamicStore::init();
+  Place place;
+  set(store, "b", place, "1");
+  EXPECT_EQ(read(store, "b", place), "1");
+  set(store, "b", place, "2");
   store->addData_withValue("a", "3");
   store->removeData("b");
-  EXPECT_EQ(store->getString("b", position), nullptr);
+  EXPECT_EQ(read(store, "b", place), nullptr);
   EXPECT_EQ(store->getData("a").string(), "3");
-  store->setString("b", position, "4");
+  set(store, "b", place, "4");
   EXPECT_EQ(store->getData("b").string(), "4");
   EXPECT_EQ(store->getData("a").string(), "3");
 }
@@ -160,10 +208,10 @@ TEST(JXDynamicStore, ReplacesAnyValueByAString) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", 1);
   store->addData_withValue("b", JXJsonObject());
-  std::size_t first = 0;
-  std::size_t second = 0;
-  store->setString("a", first, "x");
-  store->setString("b", second, "y");
+  Place first;
+  Place second;
+  set(store, "a", first, "x");
+  set(store, "b", second, "y");
   EXPECT_EQ(store->getData("a").string(), "x");
   EXPECT_EQ(store->getData("b").string(), "y");
   EXPECT_EQ(store->entries().size(), 2U);
@@ -172,20 +220,25 @@ TEST(JXDynamicStore, ReplacesAnyValueByAString) {
 TEST(JXDynamicStore, RemovesTheKeyWhenItsStringIsSetToNull) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("a", "1");
-  std::size_t position = 0;
-  store->setString("a", position, nullptr);
-  store->setString("none", position, nullptr);
+  Place place;
+  set(store, "a", place, nullptr);
+  set(store, "none", place, nullptr);
   EXPECT_TRUE(store->isEmpty());
 }
 
-TEST(JXDynamicStore, SetsSeveralStringsInOrder) {
+TEST(JXDynamicStore, KeepsTheOrderOfKeysWhenStringsAreSet) {
   const auto store = JXDynamicStore::init();
   store->addData_withValue("b", 7);
   store->addData_withValue("removed", "old");
-  constexpr std::string_view kKeys[] = {"a", "b", "removed", "c"};
-  std::size_t positions[4] = {};
-  JXString strings[] = {"1", "2", nullptr, "3"};
-  store->setStrings(kKeys, 4, positions, strings);
+  Place places[4];
+  {
+    JXDynamicStore::Strings strings(store.get());
+    strings.set("a", places[0], "1");
+    strings.set("b", places[1], "2");
+    strings.set("removed", places[2], nullptr);
+    strings.set("c", places[3], "3");
+    EXPECT_EQ(strings.view("a", places[0]), "1");
+  }
   EXPECT_EQ(JXJsonWriter::write(store->entries(), JXJsonStyle::Compact).text,
             R"({"b":"2","a":"1","c":"3"})");
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
 #include <string>
 
 namespace jx::test {
@@ -51,6 +53,14 @@ TEST(JXStringBuilder, IsEmptyAfterFinish) {
   builder.append(40, 'b');
   EXPECT_EQ(first.toStdString(), std::string(50, 'a'));
   EXPECT_EQ(builder.finish().toStdString(), std::string(40, 'b'));
+}
+
+TEST(DecimalString, ReturnsTheDigitsOfANumber) {
+  EXPECT_EQ(decimalString(0).toStdString(), "0");
+  EXPECT_EQ(decimalString(10).toStdString(), "10");
+  EXPECT_EQ(decimalString(1'790'000'000'000).toStdString(), "1790000000000");
+  EXPECT_EQ(decimalString(std::numeric_limits<std::uint64_t>::max()).toStdString(),
+            "18446744073709551615");
 }
 
 }  // namespace

@@ -57,13 +57,14 @@ def read_fields(fields):
 def class_header(catalogue, block):
     fields = own_fields(catalogue, block)
     name, count = fields_class(block), len(read_fields(fields))
-    includes = ["jx/core/JXAdditionalProperties.h", "jx/platform/JXApi.h", "jx/platform/JXString.h",
+    includes = ["jx/core/JXAdditionalProperties.h", "jx/core/JXDynamicStore.h",
+                "jx/platform/JXApi.h", "jx/platform/JXString.h",
                 "jx/session/JXSessionLock.h"]
     if any(field.type == "number" for field in fields):
         includes += ["<optional>", "jx/core/json/JXDecimal.h"]
     if any(field.properties for field in block.fields.values()):
         includes.append("<memory>")
-    places = f"\n  std::size_t places_[{count}] = {{}};  ///< positions of the variables in the store\n"
+    places = f"\n  JXDynamicStore::Place places_[{count}];  ///< of the variables in the store\n"
     body = (comment(f"The fields of {block.class_name}. Thread-safe: the session's mutex guards "
                     "them.", "") +
             f"class JX_API {name} : public JXAdditionalProperties {{\n public:\n" +
@@ -74,32 +75,29 @@ def class_header(catalogue, block):
             "  void readVariables();\n"
             "  void writeOwnEntries(JXJsonSink& sink) const override;\n\n" +
             members(catalogue, block, fields) + "\n private:" + places + "};\n\n")
-    return header(block_source(block), ["<cstddef>", *includes], body)
+    return header(block_source(block), includes, body)
 
 
 def block_source(block):
     return f"{FOLDER}/{block.file}"
 
 
-def reading(field, value):
+def reading(field, i):
+    place = f"kJXPredefinedVariable_{field.variable}, places_[{i}]"
     if field.type == "boolean":
-        return f'  {field.member} = {value}.view() == "{field.true}";\n'
+        return f'  {field.member} = strings.view({place}) == "{field.true}";\n'
     if field.type == "number":
-        return (f"  if (const JXDecimal number = JXDecimal::fromString({value}); !number.isNaN()) "
-                f"{field.member} = number;\n")
-    return f"  {field.member} = std::move({value});\n"
+        return (f"  if (const JXDecimal number = JXDecimal::fromString(strings.view({place})); "
+                f"!number.isNaN()) {field.member} = number;\n")
+    return f"  strings.read({place}, {field.member});\n"
 
 
 def read_definition(name, fields):
-    read = read_fields(fields)
-    names = ", ".join(f"kJXPredefinedVariable_{field.variable}" for field in read)
     return (f"void {name}::readVariables() {{\n"
-            f"  static constexpr std::string_view kNames[] = {{{names}}};\n"
-            f"  JXString values[std::size(kNames)];\n"
             "  const JXSessionLock lock;\n"
-            "  JXPredefinedVariables::sharedInstance().getStrings(kNames, std::size(kNames), "
-            "places_, values);\n" +
-            "".join(reading(field, f"values[{i}]") for i, field in enumerate(read)) + "}\n\n")
+            "  const JXDynamicStore::Strings strings = "
+            "JXPredefinedVariables::sharedInstance().strings();\n" +
+            "".join(reading(field, i) for i, field in enumerate(read_fields(fields))) + "}\n\n")
 
 
 def writing(catalogue, field, sink="sink"):
@@ -127,7 +125,7 @@ def writing(catalogue, field, sink="sink"):
 def class_source(catalogue, block):
     fields = own_fields(catalogue, block)
     name = fields_class(block)
-    needed = ["<iterator>", "<string_view>", "<utility>", KEYS_HEADER,
+    needed = [KEYS_HEADER,
               "jx/core/json/JXJsonTreeSink.h", "jx/core/JXCoreConstants.h",
               "jx/session/JXPredefinedVariableNames.h", "jx/session/JXPredefinedVariables.h"]
     for field in block.fields.values():

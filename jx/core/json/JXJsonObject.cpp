@@ -44,13 +44,6 @@ const std::vector<JXJsonEntry>& JXJsonObject::entries() const noexcept {
   return node_ ? node_->entries : none;
 }
 
-bool JXJsonObject::replaceString(std::size_t position, JXString& string) {
-  JXString* const value = std::get_if<JXString>(&node_->entries[position].value.value_);
-  if (!string.isPresent() || value == nullptr) return false;
-  *value = std::move(string);
-  return true;
-}
-
 JXJsonObject JXJsonObject::mutableCopy() const {
   JXJsonObject copy(nullptr);
   if (node_) copy.node_ = std::make_shared<JXJsonObjectNode>(*node_);

@@ -58,10 +58,6 @@ class JX_API JXJsonObject {
   friend class JXJsonObjectNode;
   friend class JXJsonTextSink;
 
-  /// Replaces the value at `position`. Changes nothing and returns false if it is not a string, or
-  /// if `string` is null.
-  bool replaceString(std::size_t position, JXString& string);
-
   std::shared_ptr<JXJsonObjectNode> node_;
 };
 
