@@ -43,7 +43,9 @@ void JXDevice::setAdvertisingIds() {
 void JXDevice::refreshContent() {
   const JXSessionLock lock;
   if (!user_agent_.isPresent()) {
-    user_agent_ = JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_UserAgent);
+    static JXDynamicStore::Place place;  // guarded by the session's lock
+    JXDynamicStore::Strings(JXCoreVariables::sharedInstance().dynamicStore().get())
+        .read(kJXPredefinedVariable_UserAgent, place, user_agent_);
   }
   JXLifecycle::sharedInstance().refreshContent();
 }
