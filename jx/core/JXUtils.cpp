@@ -7,6 +7,7 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/json/JXJsonTextSink.h"
+#include "jx/platform/JXCharacters.h"
 
 namespace jx {
 namespace {
@@ -14,8 +15,6 @@ namespace {
 void setUnlessNull(JXJsonValue value, std::string_view key, JXJsonObject& dict) {
   if (value.isPresent()) dict.set(key, std::move(value));
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 

@@ -8,18 +8,10 @@
 #include <optional>
 #include <string>
 
+#include "jx/platform/JXCharacters.h"
+
 namespace jx {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-std::string_view takeDigits(std::string_view& rest) {
-  const auto* const end = std::find_if_not(rest.begin(), rest.end(), isDigit);
-  const auto length = static_cast<std::size_t>(end - rest.begin());
-  const std::string_view digits = rest.substr(0, length);
-  rest.remove_prefix(length);
-  return digits;
-}
 
 // Returns the exponent after an "e"; 0 if no exponent follows.
 int takeExponent(std::string_view rest) {

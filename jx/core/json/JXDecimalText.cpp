@@ -4,17 +4,10 @@
 
 #include <algorithm>
 
+#include "jx/platform/JXCharacters.h"
+
 namespace jx {
 namespace {
-
-std::string_view takeDigits(std::string_view& rest) noexcept {
-  std::size_t length = 0;
-  while (length < rest.size() && rest[length] >= '0' && rest[length] <= '9')
-    ++length;
-  const std::string_view digits = rest.substr(0, length);
-  rest.remove_prefix(length);
-  return digits;
-}
 
 bool takeSign(std::string_view& rest) noexcept {
   const bool negative = !rest.empty() && rest.front() == '-';

@@ -7,13 +7,12 @@
 #include <vector>
 
 #include "jx/core/json/JXUtf8.h"
+#include "jx/platform/JXCharacters.h"
 
 namespace jx {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 int hexValue(char c) {
   if (isDigit(c)) return c - '0';

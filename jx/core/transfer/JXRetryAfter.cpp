@@ -5,13 +5,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "jx/platform/JXCharacters.h"
+
 namespace jx {
 namespace {
 
 constexpr std::int64_t kMaxSeconds = std::int64_t{10} * 365 * 24 * 60 * 60;
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 std::string_view trimmed(std::string_view string) {
   const std::size_t first = string.find_first_not_of(" \t\r\n");
@@ -30,7 +29,7 @@ struct Cursor {
   }
   void dayName() {
     std::size_t length = 0;
-    while (length < rest.size() && isLetter(rest[length]))
+    while (length < rest.size() && isAlpha(rest[length]))
       ++length;
     valid = valid && length >= 3;
     rest.remove_prefix(length);

@@ -5,16 +5,13 @@
 #include <algorithm>
 #include <vector>
 
+#include "jx/platform/JXCharacters.h"
+
 namespace jx {
 namespace {
 
-constexpr std::size_t kMaxNameLength = 128;
 constexpr std::size_t kMaxSubtagLength = 8;
 
-// The functions of <cctype> depend on the locale of the process, which belongs to the application.
-bool isUpper(char c) { return c >= 'A' && c <= 'Z'; }
-bool isAlpha(char c) { return isUpper(c) || (c >= 'a' && c <= 'z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isAlnum(char c) { return isAlpha(c) || isDigit(c); }
 char lower(char c) { return isUpper(c) ? static_cast<char>(c - 'A' + 'a') : c; }
 char upper(char c) { return isAlpha(c) && !isUpper(c) ? static_cast<char>(c - 'a' + 'A') : c; }
@@ -71,6 +68,7 @@ bool isNamePart(char c) { return isAlnum(c) || c == '-' || c == '_' || c == '.' 
 }  // namespace
 
 JXLocaleName parseLocaleName(std::string_view text) {
+  constexpr std::size_t kMaxNameLength = 128;
   if (text.empty() || text.size() > kMaxNameLength || isPlainLocale(text)) return {};
   JXLocaleName name;
   const std::size_t at = text.find('@');

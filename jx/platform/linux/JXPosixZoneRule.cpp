@@ -4,11 +4,10 @@
 
 #include <algorithm>
 
+#include "jx/platform/JXCharacters.h"
+
 namespace jx {
 namespace {
-
-bool isAlpha(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Removes "CET" or "<+03>" from the front of `text` and returns it; empty if there is neither.
 std::string consumeLetters(std::string_view& text) {

@@ -10,7 +10,6 @@
 namespace jx {
 namespace {
 
-constexpr std::size_t kMaxNameLength = 64;
 constexpr int kMaxLinks = 8;
 constexpr std::string_view kUtc = "UTC";
 
@@ -21,6 +20,7 @@ bool isNameCharacter(char c) {
 
 // Zone names have no dots, so a valid name cannot refer to a path outside the database.
 bool isZoneName(std::string_view name) {
+  constexpr std::size_t kMaxNameLength = 64;
   return !name.empty() && name.size() <= kMaxNameLength && name.front() != '/' &&
          name.back() != '/' && name.find("//") == std::string_view::npos &&
          std::all_of(name.begin(), name.end(), isNameCharacter);
