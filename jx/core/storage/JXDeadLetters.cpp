@@ -17,8 +17,6 @@
 namespace jx {
 namespace {
 
-// An attempt fails only when another process replaces or deletes the file at the same time.
-constexpr int kOpenAttempts = 3;
 constexpr const char* kRewriteSuffix = ".new";
 
 // Closes the file, which releases its lock, also after an exception.
@@ -100,6 +98,8 @@ bool JXDeadLetters::hasExpired(std::int64_t nowMs) const {
 
 // Opens and locks the file that is at the path now, and reads it if it has changed.
 int JXDeadLetters::lockFile(JXFile::Access access, const JXStoredTime& now) {
+  // An attempt fails only when another process replaces or deletes the file at the same time.
+  constexpr int kOpenAttempts = 3;
   for (int attempt = 0; attempt < kOpenAttempts; ++attempt) {
     int error = access == JXFile::Access::Append ? makeFolder(folderOf(path_)) : 0;
     if (error != 0) return error;

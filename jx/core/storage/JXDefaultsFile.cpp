@@ -11,8 +11,6 @@ namespace jx {
 namespace {
 
 constexpr std::uint64_t kRewriteAbove = 64 * 1024;
-// An attempt fails only when another process replaces the file at the same time.
-constexpr int kOpenAttempts = 3;
 
 }  // namespace
 
@@ -132,6 +130,8 @@ void JXDefaultsFile::ensureOpen() {
   journal_.reset();
   hasCheckpoint_ = false;
   noticesErasure();
+  // An attempt fails only when another process replaces the file at the same time.
+  constexpr int kOpenAttempts = 3;
   for (int attempt = 0; attempt < kOpenAttempts && journal_ == nullptr; ++attempt) {
     if (!openOnce()) return;
   }

@@ -8,14 +8,16 @@
 namespace jx {
 namespace {
 
-thread_local JXDeferredChanges* innermost = nullptr;
+thread_local JXDeferredChanges* innermostChanges = nullptr;
 
 }  // namespace
 
-JXDeferredChanges::JXDeferredChanges() noexcept : outer_(innermost) { innermost = this; }
+JXDeferredChanges::JXDeferredChanges() noexcept : outer_(innermostChanges) {
+  innermostChanges = this;
+}
 
 JXDeferredChanges::~JXDeferredChanges() {
-  innermost = outer_;
+  innermostChanges = outer_;
   // The values may be locked by a thread of the parent.
   if (file_ == nullptr || JXForkedChild::isCurrent()) return;
   try {
@@ -25,7 +27,7 @@ JXDeferredChanges::~JXDeferredChanges() {
   }
 }
 
-JXDeferredChanges* JXDeferredChanges::current() noexcept { return innermost; }
+JXDeferredChanges* JXDeferredChanges::current() noexcept { return innermostChanges; }
 
 void JXDeferredChanges::stored() noexcept {
   if (file_ != nullptr) file_->changesStored(encoded_);

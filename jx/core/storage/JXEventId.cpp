@@ -11,8 +11,6 @@
 namespace jx {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
 bool hasEscape(std::string_view quoted) { return quoted.find('\\') != std::string_view::npos; }
 
 std::string_view withoutQuotes(std::string_view quoted) {
@@ -45,6 +43,7 @@ class EventIdScanner {
 
   // Each iteration reads a value or the start of a container, and the tokens after it.
   bool document() {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (text_.substr(0, kByteOrderMark.size()) == kByteOrderMark) at_ = kByteOrderMark.size();
     for (;;) {
       skipBlanks();

@@ -12,9 +12,6 @@
 namespace jx {
 namespace {
 
-// Two numbers of up to twenty digits, a space and a newline.
-constexpr std::size_t kMaxMarkSize = 42;
-
 std::string markPath(const std::string& segmentPath) {
   return std::string(segmentPath).append(kJXPurgeMarkSuffix);
 }
@@ -65,6 +62,8 @@ bool mayHavePurgeMark(const std::string& segmentPath) {
 std::uint64_t readPurgeMark(const std::string& segmentPath, const JXFileIdentity& segment,
                             int& error) {
   const JXFile file = JXFile::open(markPath(segmentPath), JXFile::Access::Read, error);
+  // Two numbers of up to twenty digits, a space and a newline.
+  constexpr std::size_t kMaxMarkSize = 42;
   char text[kMaxMarkSize + 2] = {};
   std::size_t got = 0;
   if (error == 0) error = file.read(0, text, kMaxMarkSize + 1, got);

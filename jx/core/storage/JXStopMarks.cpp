@@ -17,7 +17,6 @@
 namespace jx {
 namespace {
 
-constexpr char kPrefix[] = "stopped-";
 constexpr int kMaxTextSize = 16;
 
 // Returns whether the name is that of a mark.
@@ -42,6 +41,7 @@ std::uint16_t readStops(const JXFile& file) {
 }  // namespace
 
 std::string JXStopMarks::nameOf(std::uint32_t source) {
+  constexpr char kPrefix[] = "stopped-";
   char name[sizeof kPrefix + 8];
   std::snprintf(name, sizeof name, "%s%08" PRIx32, kPrefix, source);
   return name;
