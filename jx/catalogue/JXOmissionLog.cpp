@@ -10,21 +10,21 @@ namespace jx {
 namespace {
 
 // Writers of single fields do not know the event, so they find its log through the thread.
-thread_local JXOmissionLog* innermost = nullptr;
+thread_local JXOmissionLog* innermostLog = nullptr;
 
 }  // namespace
 
 JXOmissionLog::JXOmissionLog(const JXString& name, std::string_view className) noexcept
-    : name_(name), className_(className), outer_(innermost) {
-  innermost = this;
+    : name_(name), className_(className), outer_(innermostLog) {
+  innermostLog = this;
 }
 
-JXOmissionLog::~JXOmissionLog() { innermost = outer_; }
+JXOmissionLog::~JXOmissionLog() { innermostLog = outer_; }
 
 bool JXOmissionLog::isNew(Cause cause, std::string_view key) {
-  if (innermost == nullptr) return false;
+  if (innermostLog == nullptr) return false;
   const std::pair<Cause, std::string> report(cause, key);
-  auto& reported = innermost->reported_;
+  auto& reported = innermostLog->reported_;
   if (std::find(reported.begin(), reported.end(), report) != reported.end()) return false;
   reported.push_back(report);
   return true;
@@ -37,25 +37,26 @@ std::string JXOmissionLog::eventName() const {
 void JXOmissionLog::reportNaN(std::string_view key) {
   if (!isNew(Cause::NaN, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      innermost->eventName() + ": " + std::string(key) + " is NaN; omitted", 3);
+      innermostLog->eventName() + ": " + std::string(key) + " is NaN; omitted", 3);
 }
 
 void JXOmissionLog::reportOutsideEnumeration(std::string_view key) {
   if (!isNew(Cause::OutsideEnumeration, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      innermost->eventName() + ": " + std::string(key) + " is outside its enumeration; omitted", 3);
+      innermostLog->eventName() + ": " + std::string(key) + " is outside its enumeration; omitted",
+      3);
 }
 
 void JXOmissionLog::reportNullElement(std::string_view key) {
   if (!isNew(Cause::NullElement, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      innermost->eventName() + ": " + std::string(key) + " contains a null element; skipped", 3);
+      innermostLog->eventName() + ": " + std::string(key) + " contains a null element; skipped", 3);
 }
 
 void JXOmissionLog::reportNullString(std::string_view key) {
   if (!isNew(Cause::NullString, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      innermost->eventName() + ": " + std::string(key) + " is null; skipped", 3);
+      innermostLog->eventName() + ": " + std::string(key) + " is null; skipped", 3);
 }
 
 }  // namespace jx

@@ -8,12 +8,6 @@
 #include "jx/core/json/JXJsonTreeSink.h"
 
 namespace jx {
-namespace {
-
-bool isIgnored() { return JXForkedChild::ignores("JXAdditionalProperties"); }
-
-}  // namespace
-
 std::shared_ptr<JXAdditionalProperties> JXAdditionalProperties::init() {
   return std::shared_ptr<JXAdditionalProperties>(new JXAdditionalProperties());
 }
@@ -44,7 +38,7 @@ JXJsonObject JXAdditionalProperties::copyOfProperties() const {
 template <typename Operation>
 void JXAdditionalProperties::change(const Operation& operation) {
   if (!guard_) return operation(properties());
-  if (isIgnored()) return;
+  if (JXForkedChild::ignores("JXAdditionalProperties")) return;
   const std::lock_guard<std::mutex> lock(guard_->mutex);
   guard_->hasProperties = true;
   operation(properties());
@@ -62,7 +56,8 @@ void JXAdditionalProperties::writeEntries(JXJsonSink& sink) const {
 
 JXJsonObject JXAdditionalProperties::extrasOf(const JXAdditionalProperties& object) {
   if (!object.guard_) return object.additionalProperties_;
-  if (!object.guard_->hasProperties || isIgnored()) return nullptr;
+  if (!object.guard_->hasProperties || JXForkedChild::ignores("JXAdditionalProperties"))
+    return nullptr;
   const std::lock_guard<std::mutex> lock(object.guard_->mutex);
   if (object.additionalProperties_.size() == 0) return nullptr;
   return object.additionalProperties_.mutableCopy();

@@ -6,31 +6,25 @@
 #include "jx/platform/JXRunTimeClasses.h"
 
 namespace jx {
-namespace {
-
-bool isIgnored() { return JXForkedChild::ignores("JXClassRegistry"); }
-
-}  // namespace
-
 JXClassRegistry& JXClassRegistry::sharedInstance() {
   static JXClassRegistry* const instance = new JXClassRegistry();
   return *instance;
 }
 
 void JXClassRegistry::registerClass(const JXString& name) {
-  if (!name.testString() || isIgnored()) return;
+  if (!name.testString() || JXForkedChild::ignores("JXClassRegistry")) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   names_.insert(name.toStdString());
 }
 
 void JXClassRegistry::unregisterClass(const JXString& name) {
-  if (isIgnored()) return;
+  if (JXForkedChild::ignores("JXClassRegistry")) return;
   const std::lock_guard<std::mutex> lock(mutex_);
   names_.erase(name.toStdString());
 }
 
 bool JXClassRegistry::hasClass(const JXString& name) const {
-  if (isIgnored()) return false;
+  if (JXForkedChild::ignores("JXClassRegistry")) return false;
   const std::string wanted = name.toStdString();
   if (wanted.empty()) return false;
   {

@@ -9,21 +9,21 @@
 namespace jx {
 namespace {
 
-thread_local JXPendingRequest* innermost = nullptr;
+thread_local JXPendingRequest* innermostRequest = nullptr;
 
 }  // namespace
 
 JXPendingRequest::JXPendingRequest(JXNotification& notification, const JXString& url,
                                    const JXString& body) noexcept
-    : notification_(notification), url_(url), body_(body), outer_(innermost) {
-  innermost = this;
+    : notification_(notification), url_(url), body_(body), outer_(innermostRequest) {
+  innermostRequest = this;
 }
 
-JXPendingRequest::~JXPendingRequest() { innermost = outer_; }
+JXPendingRequest::~JXPendingRequest() { innermostRequest = outer_; }
 
 JXPendingRequest* JXPendingRequest::find(const JXNotification& notification) noexcept {
   if (notification.userInfo.isPresent()) return nullptr;
-  JXPendingRequest* request = innermost;
+  JXPendingRequest* request = innermostRequest;
   while (request != nullptr && &request->notification_ != &notification)
     request = request->outer_;
   return request;

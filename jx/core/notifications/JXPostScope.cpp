@@ -6,26 +6,27 @@ namespace jx {
 namespace {
 
 // The innermost scope: an observer may post another notification.
-thread_local JXPostScope* innermost = nullptr;
+thread_local JXPostScope* innermostScope = nullptr;
 
 }  // namespace
 
 JXPostScope::JXPostScope(const JXNotification& notification)
-    : notification_(notification), outer_(innermost) {
-  innermost = this;
+    : notification_(notification), outer_(innermostScope) {
+  innermostScope = this;
 }
 
-JXPostScope::~JXPostScope() { innermost = outer_; }
+JXPostScope::~JXPostScope() { innermostScope = outer_; }
 
 void JXPostScope::setDecision(const JXNotification& notification, std::uint64_t decision) {
-  if (innermost != nullptr && &innermost->notification_ == &notification) {
-    innermost->decision_ = decision;
+  if (innermostScope != nullptr && &innermostScope->notification_ == &notification) {
+    innermostScope->decision_ = decision;
   }
 }
 
 std::uint64_t JXPostScope::decisionOf(const JXNotification& notification) {
-  const bool isPosting = innermost != nullptr && &innermost->notification_ == &notification;
-  return isPosting ? innermost->decision_ : 0;
+  const bool isPosting =
+      innermostScope != nullptr && &innermostScope->notification_ == &notification;
+  return isPosting ? innermostScope->decision_ : 0;
 }
 
 }  // namespace jx
