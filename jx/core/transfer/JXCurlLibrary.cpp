@@ -18,16 +18,16 @@
 namespace jx {
 namespace {
 
-struct State {
+struct LibraryState {
   std::mutex mutex;
   bool isInitialised = false;
   bool isExiting = false;
   void (*stop)() = nullptr;
 };
 
-State& state() {
+LibraryState& state() {
   // Never destroyed: the transfer thread uses it while the process exits.
-  static auto* const state = new State();
+  static auto* const state = new LibraryState();
   return *state;
 }
 

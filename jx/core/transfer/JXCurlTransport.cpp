@@ -19,18 +19,6 @@
 #include "jx/core/transfer/JXSocketGate.h"
 
 namespace jx {
-namespace {
-
-using std::chrono::milliseconds;
-
-constexpr long kReceiveBuffer = 4 * 1024;
-constexpr long kSendBuffer = 16 * 1024;  // libcurl's minimum
-
-long inMilliseconds(milliseconds time) {
-  // Zero would select libcurl's default.
-  return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
-}
-
 // A request in flight with its easy handle, which is reused for the next request.
 struct Exchange {
   CURL* easy = nullptr;
@@ -50,6 +38,18 @@ struct Exchange {
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
 };
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr long kReceiveBuffer = 4 * 1024;
+constexpr long kSendBuffer = 16 * 1024;  // libcurl's minimum
+
+long inMilliseconds(milliseconds time) {
+  // Zero would select libcurl's default.
+  return static_cast<long>(std::clamp<milliseconds::rep>(time.count(), 1, INT_MAX));
+}
 
 std::size_t onHeader(char* data, std::size_t, std::size_t bytes, void* exchange) {
   try {
