@@ -9,11 +9,8 @@
 #include "jx/core/JXStartGuard.h"
 
 namespace jx {
-namespace {
 
-std::atomic<int> JX_INIT_STATE{kJXInitNever};
-
-}  // namespace
+std::atomic<int> JXState::JX_INIT_STATE{kJXInitNever};
 
 JXState& JXState::sharedInstance() {
   static JXOnce<JXState> once;

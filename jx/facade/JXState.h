@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <mutex>
@@ -60,6 +61,7 @@ class JX_API JXState : public JXSingleton, public IJXEventSenderDelegate {
   }
 
  private:
+  static std::atomic<int> JX_INIT_STATE;
   void notifyCore(std::string_view notificationName);
 
   mutable std::mutex mutex_;

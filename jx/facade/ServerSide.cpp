@@ -31,7 +31,7 @@ constexpr std::string_view kConsentModule = "JXMobileConsent";
 constexpr std::string_view kSetDefaultEventParameters = "setDefaultEventParameters:parameters:";
 constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
 
-void log(std::string_view message, int level) {
+void logMessage(std::string_view message, int level) {
   JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
@@ -43,12 +43,12 @@ void guarded(const char* failure, const Operation& operation) noexcept {
     operation();
   } catch (const std::exception& error) {
     try {
-      log(std::string(failure) + ": " + error.what(), 3);
+      logMessage(std::string(failure) + ": " + error.what(), 3);
     } catch (...) {
-      log(failure, 3);
+      logMessage(failure, 3);
     }
   } catch (...) {
-    log(failure, 3);
+    logMessage(failure, 3);
   }
 }
 
@@ -100,11 +100,11 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
                        std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   const JXCoreCaller caller("an initialiser of ServerSide");
   initialisation_ = JXServerSideInitialisation::init();
-  log("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);
+  logMessage("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);
   const std::string site = std::to_string(siteID);
-  if (siteID != 0) log("Server-Side SDK init with siteID " + site, 4);
+  if (siteID != 0) logMessage("Server-Side SDK init with siteID " + site, 4);
   if (!sourceKey.testString()) {
-    log("Server-Side SDK init without a source key; events are sent with an empty token", 3);
+    logMessage("Server-Side SDK init without a source key; events are sent with an empty token", 3);
   }
   defaultBehaviour_ = defaultBehaviour;
   setUrl(JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
@@ -128,20 +128,20 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
 JXStartState ServerSide::setInitialState() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_DISABLED_BY_DEFAULT) {
     serverSideState_ = EJXServerSideState_DISABLED;
-    log("Starting Server-Side SDK as 'Disabled by default'", 5);
+    logMessage("Starting Server-Side SDK as 'Disabled by default'", 5);
     return JXStartState::Disabled;
   }
   if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) {
     serverSideState_ = EJXServerSideState_ENABLED;
-    log("Starting Server-Side SDK as 'Always Enabled'", 5);
+    logMessage("Starting Server-Side SDK as 'Always Enabled'", 5);
     return JXStartState::AlwaysEnabled;
   }
   if (JXClassRegistry::sharedInstance().hasClass(kConsentModule)) {
-    log("Starting Server-Side SDK and waiting for consent", 5);
+    logMessage("Starting Server-Side SDK and waiting for consent", 5);
     serverSideState_ = EJXServerSideState_WAITING_FOR_CONSENT;
     return JXStartState::WaitingForConsent;
   }
-  log("Starting Server-Side SDK", 5);
+  logMessage("Starting Server-Side SDK", 5);
   serverSideState_ = EJXServerSideState_ENABLED;
   return JXStartState::Enabled;
 }
@@ -177,7 +177,7 @@ void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
   const std::int32_t state = serverSideState_;
   if (state == EJXServerSideState_DISABLED || JXForkedChild::ignores("execute()")) return;
   if (!event) {
-    log("execute() called with a null event; ignored", 3);
+    logMessage("execute() called with a null event; ignored", 3);
     return;
   }
   guarded("execute() failed", [&] { send(*event, state); });
@@ -212,10 +212,10 @@ bool ServerSide::composeAndPost(JXEvent& event, std::int32_t state, JXNewSession
 
 JXString ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
   const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
-  if (isDetailLogged) log("Server-Side SDK sending event: " + event.name().toStdString(), 6);
+  if (isDetailLogged) logMessage("Server-Side SDK sending event: " + event.name().toStdString(), 6);
   if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
   JXString body = JXPostData::executionBody(event, state, claim);
-  if (isDetailLogged) log("Event payload: " + body.toStdString(), 6);
+  if (isDetailLogged) logMessage("Event payload: " + body.toStdString(), 6);
   return body;
 }
 
@@ -257,7 +257,7 @@ void ServerSide::enableRunningInBackground() {
   guarded("enableRunningInBackground() failed", [] {
     JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
     JXNetworkManager::sharedInstance().enableRunningInBackground();
-    log("Server-Side SDK is now enabled to run in background", 5);
+    logMessage("Server-Side SDK is now enabled to run in background", 5);
   });
 }
 
@@ -286,7 +286,7 @@ void ServerSide::addAdvertisingIDs() {
   if (JXForkedChild::ignores("addAdvertisingIDs()")) return;
   guarded("addAdvertisingIDs() failed", [this] {
     if (!JXCoreServices::sharedInstance().mayStore()) {
-      log("addAdvertisingIDs() called before the viewer consented; ignored", 3);
+      logMessage("addAdvertisingIDs() called before the viewer consented; ignored", 3);
       return;
     }
     JXCoreVariables::sharedInstance().setIDFV();
@@ -320,11 +320,11 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
     // Checked here too, because the notification may come from another sender.
     if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
     if (applyDecision(notification, EJXServerSideState_DISABLED)) {
-      log("Server-Side SDK is now deactivated", 5);
+      logMessage("Server-Side SDK is now deactivated", 5);
     }
   } else if (notification.name.view() == kJXNotification_EnablingTheServerSide) {
     if (applyDecision(notification, EJXServerSideState_ENABLED)) {
-      log("Server-Side SDK is now activated", 5);
+      logMessage("Server-Side SDK is now activated", 5);
       // If data may be stored only with consent, the first visit begins now.
       static_cast<void>(JXPredefinedVariables::sharedInstance());
     }

@@ -8,11 +8,8 @@
 #include "jx/session/JXServerSideVersion.h"
 
 namespace jx {
-namespace {
 
-std::atomic<int> JX_INIT_STATE{kJXInitNever};
-
-}  // namespace
+std::atomic<int> JXApp::JX_INIT_STATE{kJXInitNever};
 
 JXApp* JXApp::init() {
   if (!tryBeginInit(JX_INIT_STATE, "JXApp")) return this;

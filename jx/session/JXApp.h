@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
+
 #include "jx/platform/JXApi.h"
 #include "jx/session/JXAppFields.h"
 
@@ -30,6 +32,7 @@ class JX_API JXApp : public JXAppFields {
   JXJsonObject getJsonObject();
 
  private:
+  static std::atomic<int> JX_INIT_STATE;
   JXDynamicStore::Place placeOfConsentVersion_;  ///< in the store of the core's variables
 };
 

@@ -9,11 +9,8 @@
 #include "jx/session/JXLifecycle.h"
 
 namespace jx {
-namespace {
 
-std::atomic<int> JX_INIT_STATE{kJXInitNever};
-
-}  // namespace
+std::atomic<int> JXDevice::JX_INIT_STATE{kJXInitNever};
 
 JXDevice* JXDevice::init() {
   if (!tryBeginInit(JX_INIT_STATE, "JXDevice")) return this;

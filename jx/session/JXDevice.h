@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "jx/platform/JXApi.h"
@@ -51,6 +52,9 @@ class JX_API JXDevice : public JXDeviceFields {
   /// Returns a new object with the current values. It contains the additional properties,
   /// overridden by the fields.
   JXJsonObject getJsonObject();
+
+ private:
+  static std::atomic<int> JX_INIT_STATE;
 };
 
 }  // namespace jx

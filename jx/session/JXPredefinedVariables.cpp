@@ -19,8 +19,6 @@
 namespace jx {
 namespace {
 
-std::atomic<int> JX_INIT_STATE{kJXInitNever};
-
 // In the order of JXPredefinedVariables::Frequent.
 constexpr std::string_view kFrequentNames[] = {
     kJXPredefinedVariable_FirstExecute,   kJXPredefinedVariable_IsNewSession,
@@ -30,6 +28,8 @@ constexpr std::string_view kFrequentNames[] = {
     kJXPredefinedVariable_BackgroundTime, kJXPredefinedVariable_DeltaBackgroundTime};
 
 }  // namespace
+
+std::atomic<int> JXPredefinedVariables::JX_INIT_STATE{kJXInitNever};
 
 JXPredefinedVariables::~JXPredefinedVariables() {
   JXNotificationCenter::defaultCenter()->removeObserver(this);

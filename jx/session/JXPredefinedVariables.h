@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -308,6 +309,7 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// @}
 
  private:
+  static std::atomic<int> JX_INIT_STATE;
   friend class JXNewSessionClaim;
   friend class JXSession;
 
