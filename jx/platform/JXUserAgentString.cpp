@@ -25,8 +25,8 @@ JXString userAgentString(const JXString& systemName, const JXString& systemVersi
                          const JXString& machine) {
   if (!systemName.isPresent()) return nullptr;
   std::string userAgent = productWord(systemName.view());
-  if (systemVersion.isPresent()) userAgent += "/" + productWord(systemVersion.view());
-  if (machine.testString()) userAgent += " (" + productWord(machine.view()) + ")";
+  if (systemVersion.isPresent()) userAgent.append("/").append(productWord(systemVersion.view()));
+  if (machine.testString()) userAgent.append(" (").append(productWord(machine.view())).append(")");
   return JXString(userAgent);
 }
 

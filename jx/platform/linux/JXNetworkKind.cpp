@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "jx/platform/JXConcat.h"
 #include "jx/platform/linux/JXSystemFiles.h"
 
 namespace jx {
@@ -31,7 +32,7 @@ Class classByName(std::string_view name) {
 }
 
 Class classOf(const std::string& name, const std::string& root) {
-  const std::string folder = root + "/sys/class/net/" + name;
+  const std::string folder = concat({root, "/sys/class/net/", name});
   if (!systemPathExists(folder)) return classByName(name);
   constexpr std::string_view kRawIp = "519";  // ARPHRD_RAWIP: modems without an Ethernet frame
   const JXString uevent = readSystemFile(folder + "/uevent");

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "jx/platform/JXConcat.h"
 #include "jx/platform/linux/JXSystemFiles.h"
 
 namespace jx {
@@ -41,7 +42,7 @@ std::optional<JXScreenBounds> sizeOfDisplay(const std::string& root) {
   for (const std::string& name : listSystemFolder(folder)) {
     const bool isConnector = name.compare(0, 4, "card") == 0 && name.find('-') != std::string::npos;
     if (!isConnector) continue;
-    const std::string connector = folder + "/" + name;
+    const std::string connector = concat({folder, "/", name});
     if (readSystemLine(connector + "/status").view() != "connected") continue;
     if (const auto size = parseSize(readSystemLine(connector + "/modes").view(), 'x')) return size;
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "jx/platform/JXConcat.h"
 #include "jx/platform/linux/JXPosixZoneRule.h"
 #include "jx/platform/linux/JXSystemFiles.h"
 
@@ -63,7 +64,7 @@ class Database {
 
   bool isInstalled() const { return systemPathExists(folder_); }
   bool has(std::string_view name) const {
-    return isZoneName(name) && systemPathExists(folder_ + "/" + std::string(name));
+    return isZoneName(name) && systemPathExists(concat({folder_, "/", name}));
   }
 
  private:
@@ -78,7 +79,7 @@ JXString nameOfRule(const JXPosixZoneRule& rule, std::string_view text, const Da
     if (hours * 3600 != rule.offsetSeconds || hours > 12 || hours < -14 || hours == 0) {
       return kUtc;
     }
-    return JXString("Etc/GMT" + std::string(hours > 0 ? "+" : "") + std::to_string(hours));
+    return JXString(concat({"Etc/GMT", hours > 0 ? "+" : "", std::to_string(hours)}));
   }
   return database.has(rule.letters) ? JXString(rule.letters) : JXString(kUtc);
 }
@@ -94,7 +95,7 @@ JXString nameOfVariable(std::string_view text, const Database& database, const s
     if (const auto rule = parsePosixZoneRule(text)) return nameOfRule(*rule, text, database);
   }
   const JXString name = isPath ? resolveZoneName(std::string(text.substr(0, 4096)), root)
-                               : nameBelowDatabase("zoneinfo/" + std::string(text));
+                               : nameBelowDatabase(concat({"zoneinfo/", text}));
   if (isPath && !name.isPresent()) return nullptr;
   const bool isKnown = name.isPresent() && (database.has(name.view()) || !database.isInstalled());
   return isKnown ? name : JXString(kUtc);
