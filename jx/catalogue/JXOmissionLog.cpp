@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "jx/core/JXLogger.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -34,29 +35,24 @@ std::string JXOmissionLog::eventName() const {
   return name_.testString() ? name_.toStdString() : std::string(className_);
 }
 
-void JXOmissionLog::reportNaN(std::string_view key) {
-  if (!isNew(Cause::NaN, key)) return;
+void JXOmissionLog::report(Cause cause, std::string_view key, std::string_view what) {
+  if (!isNew(cause, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      innermostLog->eventName() + ": " + std::string(key) + " is NaN; omitted", 3);
+      concat({innermostLog->eventName(), ": ", key, what}), 3);
 }
 
+void JXOmissionLog::reportNaN(std::string_view key) { report(Cause::NaN, key, " is NaN; omitted"); }
+
 void JXOmissionLog::reportOutsideEnumeration(std::string_view key) {
-  if (!isNew(Cause::OutsideEnumeration, key)) return;
-  JXLogger::sharedInstance().logMessage_withLevel(
-      innermostLog->eventName() + ": " + std::string(key) + " is outside its enumeration; omitted",
-      3);
+  report(Cause::OutsideEnumeration, key, " is outside its enumeration; omitted");
 }
 
 void JXOmissionLog::reportNullElement(std::string_view key) {
-  if (!isNew(Cause::NullElement, key)) return;
-  JXLogger::sharedInstance().logMessage_withLevel(
-      innermostLog->eventName() + ": " + std::string(key) + " contains a null element; skipped", 3);
+  report(Cause::NullElement, key, " contains a null element; skipped");
 }
 
 void JXOmissionLog::reportNullString(std::string_view key) {
-  if (!isNew(Cause::NullString, key)) return;
-  JXLogger::sharedInstance().logMessage_withLevel(
-      innermostLog->eventName() + ": " + std::string(key) + " is null; skipped", 3);
+  report(Cause::NullString, key, " is null; skipped");
 }
 
 }  // namespace jx

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "jx/core/JXLoopback.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -91,8 +92,8 @@ std::string withoutUser(std::string_view configured) {
   if (at == std::string_view::npos) return std::string(configured);
   const std::size_t end = configured.find_first_of(":@");
   const bool hasScheme = startsWith(configured.substr(end), "://");
-  const std::string scheme(configured.substr(0, hasScheme ? end + 3 : 0));
-  return scheme + "***" + std::string(configured.substr(at));
+  const std::string_view scheme = configured.substr(0, hasScheme ? end + 3 : 0);
+  return concat({scheme, "***", configured.substr(at)});
 }
 
 }  // namespace
@@ -147,27 +148,28 @@ JXCollectionEndpoint JXCollectionEndpoint::from(const JXString& configured,
   const std::string_view chosen = (configured.testString() ? configured : fallback).view();
   const ConfiguredHost host(chosen);
   const std::string shown = withoutUser(chosen);
-  const std::string quoted = "\"" + shown + "\"";
   if (!host.isValid()) {
-    endpoint.url = std::string(kJXInvalidScheme) + encoded(shown);
-    endpoint.message = "Collection host " + quoted + " is invalid; nothing is sent to it";
+    endpoint.url = concat({kJXInvalidScheme, encoded(shown)});
+    endpoint.message =
+        concat({"Collection host \"", shown, "\" is invalid; nothing is sent to it"});
     endpoint.messageLevel = 2;
     return endpoint;
   }
   const bool staysHttp = host.isHttp && isLoopbackAuthority(host.authority);
-  endpoint.url = std::string(staysHttp ? kHttp : kHttps).append(host.authority);
-  const std::string consequence = "; events are sent to " + withoutUser(endpoint.url.view());
+  endpoint.url = concat({staysHttp ? kHttp : kHttps, host.authority});
+  const std::string url = withoutUser(endpoint.url.view());
+  const std::string_view consequence = "; events are sent to ";
   if (host.isHttp && !staysHttp) {
-    endpoint.message = "Collection host " + quoted +
-                       " upgraded to https: http:// is allowed only for loopback hosts" +
-                       consequence;
+    endpoint.message = concat({"Collection host \"", shown,
+                               "\" upgraded to https: http:// is allowed only for loopback hosts",
+                               consequence, url});
     endpoint.messageLevel = 3;
   } else if (host.hasPath()) {
-    endpoint.message =
-        "Path, query or fragment of collection host " + quoted + " ignored" + consequence;
+    endpoint.message = concat(
+        {"Path, query or fragment of collection host \"", shown, "\" ignored", consequence, url});
     endpoint.messageLevel = 3;
   } else if (!host.isHttps && !host.isHttp && configured.testString()) {
-    endpoint.message = "Collection host " + quoted + " has no scheme" + consequence;
+    endpoint.message = concat({"Collection host \"", shown, "\" has no scheme", consequence, url});
     endpoint.messageLevel = 4;
   }
   return endpoint;

@@ -7,6 +7,7 @@
 
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXForkedChild.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -39,8 +40,8 @@ bool JXCoreConfiguration::set(const JXCoreConfiguration& configuration) {
     logger.setSink(configuration.logSink);
   } else {
     logger.logMessage_withLevel(
-        std::string("JXCoreConfiguration::set() called after the SDK started (started by ") +
-            JXCoreServices::startedBy() + "); ignored",
+        concat({"JXCoreConfiguration::set() called after the SDK started (started by ",
+                JXCoreServices::startedBy(), "); ignored"}),
         3);
   }
   return isAccepted;

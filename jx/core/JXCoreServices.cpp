@@ -23,6 +23,7 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
 #include "jx/core/transfer/JXTransferLoop.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -114,7 +115,7 @@ void JXCoreServices::openOutbox() {
 void JXCoreServices::openDefaults() {
   JXPlatformDefaults* defaults = platform_->userDefaults();
   if (defaults == nullptr && storageFolder_.testString()) {
-    defaultsFile_ = new JXDefaultsFile(storageFolder_.toStdString() + "/defaults", erasures_);
+    defaultsFile_ = new JXDefaultsFile(concat({storageFolder_.view(), "/defaults"}), erasures_);
     defaults = defaultsFile_;
   }
   // Before a value is read: a killed process may have stored some with its last events.
@@ -207,11 +208,11 @@ void JXCoreServices::startTransfer() {
   for (const std::string& pin : configuration_.pinnedPublicKeys) {
     if (isPublicKeyPin(pin)) continue;
     JXLogger::sharedInstance().logMessage_withLevel(
-        "Pinned key \"" + pin + "\" is not a SHA-256 hash in Base64; matches no server", 3);
+        concat({"Pinned key \"", pin, "\" is not a SHA-256 hash in Base64; matches no server"}), 3);
   }
   JXTransferSetup setup;
   const std::string folder =
-      storageFolder_.testString() ? storageFolder_.toStdString() + "/" + kOutbox : std::string();
+      storageFolder_.testString() ? concat({storageFolder_.view(), "/", kOutbox}) : std::string();
   stopMarks_ = std::make_shared<JXStopMarks>(folder, mayStore());
   setup.outbox = outbox_;
   setup.stopMarks = stopMarks_;

@@ -13,6 +13,7 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXOwnedDescriptors.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -82,8 +83,7 @@ bool JXForkedChild::logOnce(const char* operation) noexcept {
   JXLogger& logger = JXLogger::sharedInstance();
   if (isLogged.exchange(true) || !logger.printsLevel(3)) return true;
   try {
-    logger.logInForkedChild(std::string(operation) + " called in a forked child process; ignored",
-                            3);
+    logger.logInForkedChild(concat({operation, " called in a forked child process; ignored"}), 3);
   } catch (...) {
     // Out of memory: the call is ignored without a message.
   }

@@ -6,6 +6,7 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/notifications/JXNotification.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 
@@ -18,12 +19,13 @@ void deliverGuarded(const JXNotification& notification, Call&& call) noexcept {
     try {
       call();
     } catch (const std::exception& error) {
-      logger.logMessage_withLevel("Observer of \"" + notification.name.toStdString() +
-                                      "\" threw an exception: " + error.what() + "; ignored",
+      logger.logMessage_withLevel(concat({"Observer of \"", notification.name.view(),
+                                          "\" threw an exception: ", error.what(), "; ignored"}),
                                   3);
     } catch (...) {
       logger.logMessage_withLevel(
-          "Observer of \"" + notification.name.toStdString() + "\" threw an exception; ignored", 3);
+          concat({"Observer of \"", notification.name.view(), "\" threw an exception; ignored"}),
+          3);
     }
   } catch (...) {
     // Out of memory for the message.
