@@ -17,6 +17,7 @@
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/storage/JXStoredFiles.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -56,7 +57,7 @@ JXErasures::JXErasures(std::string folder, JXPlatformDefaults* defaults)
   if (!mark.pending) return;
   const std::vector<std::string> left = finish();
   JXLogger::sharedInstance().logMessage_withLevel(
-      "Interrupted erase of the stored data resumed: " + folder_, 5);
+      concat({"Interrupted erase of the stored data resumed: ", folder_}), 5);
   logFailure(left);
 }
 
@@ -194,8 +195,8 @@ void JXErasures::applyMark(const Mark& mark) {
 void JXErasures::logFailure(const std::vector<std::string>& left) const {
   if (left.empty()) return;
   JXLogger::sharedInstance().logMessage_withLevel(
-      "Stored data not erased completely: " + left.front() +
-          "; number of failures: " + std::to_string(left.size()),
+      concat({"Stored data not erased completely: ", left.front(),
+              "; number of failures: ", std::to_string(left.size())}),
       3);
 }
 
@@ -232,9 +233,8 @@ int JXErasures::writeMark(const Mark& mark) const {
 
 int JXErasures::replaceMark(const Mark& mark) const {
   int error = 0;
-  std::string text(mark.pending ? kPending : kDone);
-  text += mark.token + "\n";
-  const std::string fresh = path_ + "." + std::to_string(::getpid());
+  std::string text = concat({mark.pending ? kPending : kDone, mark.token, "\n"});
+  const std::string fresh = concat({path_, ".", std::to_string(::getpid())});
   JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
   if (error != 0) return error;
   const iovec part{text.data(), text.size()};

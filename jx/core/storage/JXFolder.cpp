@@ -12,6 +12,7 @@
 
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/storage/JXFile.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -101,7 +102,7 @@ std::string absolutePath(const std::string& path) {
   std::string current(PATH_MAX, '\0');
   if (::getcwd(current.data(), current.size()) == nullptr) return path;
   current.resize(current.find('\0'));
-  return (current == "/" ? current : current + "/") + path;
+  return concat({current, current == "/" ? "" : "/", path});
 }
 
 int makeFolder(const std::string& path) { return makeFolder(AT_FDCWD, path); }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "jx/core/storage/JXFile.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 
@@ -35,7 +36,7 @@ class JXFolder {
 
   int descriptor() const { return descriptor_; }
   const std::string& path() const { return path_; }
-  std::string pathOf(const std::string& name) const { return path_ + "/" + name; }
+  std::string pathOf(const std::string& name) const { return concat({path_, "/", name}); }
   /// Returns true when the path still refers to this folder.
   bool isAtPath() const { return JXFile::identityAt(path_) == identity_; }
   /// Lists the names in the folder, in no particular order. Returns an errno value, 0 for success.

@@ -8,6 +8,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXQuarantine.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -19,7 +20,7 @@ constexpr int kMaxRepairStepsAtClose = 32;
 constexpr std::size_t kDropsPerCall = 32;
 
 std::string pathOf(const std::string& folder, const std::string& inner) {
-  return absolutePath(folder) + (inner.empty() ? "" : "/" + inner);
+  return concat({absolutePath(folder), inner.empty() ? "" : "/", inner});
 }
 
 // Only an allocation failure can throw; the operation then has no effect, or `sync` completes it.

@@ -9,6 +9,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXPurgeMark.h"
 #include "jx/core/storage/JXQuarantine.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -25,7 +26,7 @@ JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
                                    JXStorageReport& report, JXErasures* erasures)
     : folder_(absolutePath(folder)),
       inner_(std::move(inner)),
-      path_(inner_.empty() ? folder_ : folder_ + "/" + inner_),
+      path_(concat({folder_, inner_.empty() ? "" : "/", inner_})),
       maxBytes_(maxBytes),
       time_(std::move(clock)),
       watch_(path_),
@@ -84,7 +85,7 @@ void JXOutboxSegments::adoptAll(
 std::vector<std::uint64_t> JXOutboxSegments::numbersToAdopt() {
   std::vector<std::uint64_t> numbers;
   // A process that was killed may have created or deleted files without a sync.
-  folderDirty = JXFile::identityAt(path_ + "/" + JXSegmentFolder::kLockName).isValid();
+  folderDirty = JXFile::identityAt(concat({path_, "/", JXSegmentFolder::kLockName})).isValid();
   int error = ensureFolder();
   if (error == 0) numbers = JXOutboxSegment::numbersIn(*opened_.folder, error);
   if (error != 0) {

@@ -9,6 +9,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include "jx/platform/JXConcat.h"
+
 namespace jx {
 namespace {
 
@@ -22,7 +24,7 @@ struct PurgeMark {
 };
 
 std::string textOf(const PurgeMark& mark) {
-  return std::to_string(mark.inode) + " " + std::to_string(mark.size) + "\n";
+  return concat({std::to_string(mark.inode), " ", std::to_string(mark.size), "\n"});
 }
 
 int currentMark(const std::string& segmentPath, PurgeMark& mark) {
@@ -41,7 +43,7 @@ int writePurgeMark(const std::string& segmentPath) {
   if (error != 0) return error;
   const std::string text = textOf(mark);
   // Renamed into place, so that no process reads a partial mark.
-  const std::string fresh = markPath(segmentPath) + "." + std::to_string(::getpid());
+  const std::string fresh = concat({markPath(segmentPath), ".", std::to_string(::getpid())});
   JXFile file = JXFile::open(fresh, JXFile::Access::AppendEmptied, error);
   if (error != 0) return error;
   const iovec part{const_cast<char*>(text.data()), text.size()};

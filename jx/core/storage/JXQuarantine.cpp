@@ -13,6 +13,7 @@
 
 #include "jx/core/storage/JXAge.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -77,7 +78,7 @@ int removeFiles(const std::string& folder, std::size_t& deleted, Matches matches
   const int unreadable = listFolder(folder, names);
   int error = unreadable == ENOENT || unreadable == ENOTDIR ? 0 : unreadable;
   for (const std::string& name : names) {
-    const std::string path = folder + "/" + name;
+    const std::string path = concat({folder, "/", name});
     if (!isQuarantinedName(name) || !matches(path)) continue;
     const int failure = removeFile(path);
     if (failure != 0) error = failure;
@@ -118,7 +119,7 @@ bool hasQuarantinedFiles(const std::string& folder) {
 }
 
 int quarantineFile(const JXFolder& folder, const std::string& name, std::size_t& deleted) {
-  const int error = renameFile(folder, name, folder, name + kSuffix + "0");
+  const int error = renameFile(folder, name, folder, concat({name, kSuffix, "0"}));
   deleted = error == 0 ? makeRoom(folder, 0, 0) : 0;
   return error;
 }
@@ -129,7 +130,8 @@ int quarantine(const JXFile& file, const std::string& path, const std::vector<JX
   int error = 0;
   const auto folder = JXFolder::open(folderOf(path), JXFolder::Missing::Fail, error);
   if (!folder) return error;
-  const std::string target = nameOf(path) + kSuffix + std::to_string(damages.front().offset);
+  const std::string target =
+      concat({nameOf(path), kSuffix, std::to_string(damages.front().offset)});
   const bool exists = JXFile::identityIn(*folder, target).isValid();
   if (exists && !replaces) return 0;
   std::uint64_t bytes = 0;

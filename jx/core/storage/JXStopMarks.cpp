@@ -13,6 +13,7 @@
 #include "jx/core/JXSignalsBlocked.h"
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -58,7 +59,8 @@ std::vector<JXStopMark> JXStopMarks::read(bool& isComplete) const {
     JXStopMark mark;
     if (!readName(name, mark.source)) continue;
     int ignored = 0;
-    mark.stops = readStops(JXFile::open(folder_ + "/" + name, JXFile::Access::Read, ignored));
+    mark.stops =
+        readStops(JXFile::open(concat({folder_, "/", name}), JXFile::Access::Read, ignored));
     marks.push_back(mark);
   }
   return marks;
@@ -176,8 +178,9 @@ void JXStopMarks::report(const JXStopMark& mark, int error) {
   }
   const std::string reason = describeStorageError(error);
   JXLogger::sharedInstance().logMessage_withLevel(
-      (mark.stops != 0 ? "Cannot record the stop in " : "Cannot remove the record of a stop in ") +
-          pathOf(mark.source) + ": " + reason + "; the decision holds in this process only",
+      concat({mark.stops != 0 ? "Cannot record the stop in "
+                              : "Cannot remove the record of a stop in ",
+              pathOf(mark.source), ": ", reason, "; the decision holds in this process only"}),
       3);
 }
 

@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+#include "jx/platform/JXConcat.h"
+
 namespace jx {
 
 /// A recorded stop of one source: its requests with a smaller number of stops must not be sent
@@ -66,7 +68,7 @@ class JXStopMarks : public std::enable_shared_from_this<JXStopMarks> {
   void syncAll(std::unique_lock<std::mutex>& lock);
   int write(const JXStopMark& mark) const;
   int sync(std::uint32_t source) const;
-  std::string pathOf(std::uint32_t source) const { return folder_ + "/" + nameOf(source); }
+  std::string pathOf(std::uint32_t source) const { return concat({folder_, "/", nameOf(source)}); }
   void report(const JXStopMark& mark, int error);
 
   const std::string folder_;

@@ -9,6 +9,7 @@
 
 #include "jx/core/JXLogger.h"
 #include "jx/core/storage/JXFile.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -37,7 +38,7 @@ void JXStorageReport::failed(const char* action, int error) noexcept {
     auto& failing = reported().causes[{folder_, error}];
     if (failing.empty()) {
       const std::string reason = describeStorageError(error);
-      messages_.push_back({subject_ + ": cannot " + action + ": " + reason, 3});
+      messages_.push_back({concat({subject_, ": cannot ", action, ": ", reason}), 3});
     }
     failing.insert(this);
   } catch (...) {
@@ -53,7 +54,8 @@ void JXStorageReport::outOfMemory() noexcept {
 std::vector<JXStorageReport::Message> JXStorageReport::takeMessages() noexcept {
   try {
     if (owesMessage_) {
-      messages_.push_back({subject_ + ": cannot queue an event: out of memory; event dropped", 2});
+      messages_.push_back(
+          {concat({subject_, ": cannot queue an event: out of memory; event dropped"}), 2});
       owesMessage_ = false;
     }
   } catch (...) {
@@ -79,11 +81,12 @@ void JXStorageReport::quarantined(const std::string& path,
   try {
     if (quarantined.copied) {
       messages_.push_back(
-          {subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file", 2});
+          {concat({subject_, ": damaged data in ", path, "; quarantined in a .damaged-* file"}),
+           2});
     }
     if (quarantined.deleted != 0 && !hasLoggedDeletion_) {
       messages_.push_back(
-          {subject_ + ": old quarantined files deleted: limit of number, size or age", 3});
+          {concat({subject_, ": old quarantined files deleted: limit of number, size or age"}), 3});
       hasLoggedDeletion_ = true;
     }
   } catch (...) {

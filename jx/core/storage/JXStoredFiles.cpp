@@ -10,6 +10,7 @@
 #include "jx/core/storage/JXFile.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXRunningTime.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -88,14 +89,14 @@ void removeIn(const std::string& folder, NameTest isOurs, const std::string& las
                                            [&](const auto& name) { return !isStop(name); });
   int failure = error;
   for (auto name = names.begin(); name != stops; ++name) {
-    const int failed = removeOne(folder + "/" + *name, 0, left);
+    const int failed = removeOne(concat({folder, "/", *name}), 0, left);
     if (failed != 0) failure = failed;
   }
   // Also without a deletion: a power loss could undo an earlier one that was not durable yet.
   const int failed = synchronize(folder, left);
   if (failed != 0) failure = failed;
   for (auto name = stops; name != names.end(); ++name)
-    removeOne(folder + "/" + *name, failure, left);
+    removeOne(concat({folder, "/", *name}), failure, left);
   if (stops != names.end() && failure == 0) synchronize(folder, left);
 }
 
@@ -115,7 +116,7 @@ bool isOutboxFileName(std::string_view name) {
 }
 
 void addLeft(const std::string& path, int error, std::vector<std::string>& left) {
-  left.push_back(path + ": " + describeStorageError(error));
+  left.push_back(concat({path, ": ", describeStorageError(error)}));
 }
 
 void removeStoredFiles(const std::string& folder, std::vector<std::string>& left) {
