@@ -17,6 +17,7 @@
 #include "jx/core/transfer/JXHttpResponseParser.h"
 #include "jx/core/transfer/JXHttpTarget.h"
 #include "jx/core/transfer/JXSocketGate.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 // A request in flight with its easy handle, which is reused for the next request.
@@ -77,7 +78,7 @@ int closeSocket(void* gate, curl_socket_t socket) {
 
 std::string describe(CURLcode code, const Exchange& exchange, const JXHttpOptions& options) {
   if (code == CURLE_SSL_CACERT_BADFILE && options.caFile.isPresent()) {
-    return "CA file " + options.caFile.toStdString() + " is missing or contains no certificates";
+    return concat({"CA file ", options.caFile.view(), " is missing or contains no certificates"});
   }
   if (code == CURLE_OK) return "incomplete response header section";
   std::string message = curl_easy_strerror(code);

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "jx/core/JXExceptionLog.h"
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogDeferral.h"
 #include "jx/core/JXLogger.h"
@@ -34,15 +35,8 @@ void guarded(const char* failure, const char* consequence, Operation&& operation
   if (isIgnored()) return;
   try {
     operation();
-  } catch (const std::exception& error) {
-    try {
-      JXLogger::sharedInstance().logMessage_withLevel(
-          std::string(failure) + ": " + error.what() + "; " + consequence, 3);
-    } catch (...) {
-      JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
-    }
   } catch (...) {
-    JXLogger::sharedInstance().logMessage_withLevel(failure, 3);
+    logException(failure, consequence);
   }
 }
 

@@ -10,6 +10,7 @@
 #include "jx/core/JXLogger.h"
 #include "jx/core/storage/JXEventId.h"
 #include "jx/core/transfer/JXRetryAfter.h"
+#include "jx/platform/JXConcat.h"
 
 namespace jx {
 namespace {
@@ -39,7 +40,8 @@ void log(std::string_view message, int level) {
 }
 
 std::string withId(const char* event, const JXString& eventId) {
-  return event + (eventId.isPresent() ? " " + eventId.toStdString() : " without an ID");
+  return eventId.isPresent() ? concat({event, " ", eventId.view()})
+                             : concat({event, " without an ID"});
 }
 
 std::string describe(const JXHttpResult& result) {
@@ -201,7 +203,7 @@ void JXTransferLoop::recover(std::string_view error) noexcept {
   try {
     // One message per cause, not per attempt: a transport may fail in every attempt.
     std::string cause(error);
-    log("Transfer thread error: " + cause + "; in-flight requests requeued",
+    log(concat({"Transfer thread error: ", cause, "; in-flight requests requeued"}),
         cause == loggedFailures_[0].cause ? 6 : 3);
     loggedFailures_[0] = {std::move(cause), false};
   } catch (...) {
@@ -327,7 +329,7 @@ void JXTransferLoop::reportRejected(const JXHttpResult& result) {
                                : withId("Event", eventId) + " cannot be sent";
   const JXDelivery delivery{JXDeliveryOutcome::Rejected, eventId, result.outcome.status, reason,
                             JXDropReason::None};
-  log(what + ": " + reason + "; not retrying", 2);
+  log(concat({what, ": ", reason, "; not retrying"}), 2);
   report(delivery);
 }
 
@@ -363,8 +365,8 @@ void JXTransferLoop::logFailure(const JXHttpResult& result, std::uint32_t host,
   const int level = isKnown ? 6 : 3;
   if (JXLogger::sharedInstance().printsLevel(level)) {
     const auto shown = std::max(retryIn, milliseconds::zero());
-    log("Delivery failed: " + describe(result) + "; retrying in " + std::to_string(shown.count()) +
-            " ms",
+    log(concat({"Delivery failed: ", describe(result), "; retrying in ",
+                std::to_string(shown.count()), " ms"}),
         level);
   }
   if (!isKnown) last = {std::move(cause), false};
