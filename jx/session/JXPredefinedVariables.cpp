@@ -57,12 +57,12 @@ JXPredefinedVariables* JXPredefinedVariables::init() {
   pid_ = std::to_string(JXCoreServices::sharedInstance().platform().processIdentifier());
 
   observeApplicationNotifications();
-  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, "0");
+  setVariable(kJXPredefinedVariable_DeltaBackgroundTime, "0");
   // Replaces the value of initApplicationVersion: this variable has always been "0" after start-up.
   // The persisted previous version stays for the next comparison.
-  addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, "0");
-  addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
-                    std::to_string(totalForegroundTransitions_));
+  setVariable(kJXPredefinedVariable_ApplicationPreviousVersion, "0");
+  setVariable(kJXPredefinedVariable_ForegroundTransitions,
+              std::to_string(totalForegroundTransitions_));
   return this;
 }
 
@@ -120,6 +120,11 @@ void JXPredefinedVariables::observeApplicationNotifications() {
 void JXPredefinedVariables::addData_withValue(const JXString& key, const JXString& value) {
   const JXSessionLock lock;
   if (dynamicStore_) dynamicStore_->addData_withValue(key, value);
+}
+
+// Converts the key here instead of at each call.
+void JXPredefinedVariables::setVariable(std::string_view key, const JXString& value) {
+  addData_withValue(key, value);
 }
 
 void JXPredefinedVariables::addData(const std::shared_ptr<JXDynamicStore>& store) {
@@ -283,7 +288,7 @@ void JXPredefinedVariables::changeNotificationCenter(
 void JXPredefinedVariables::onNotificationReceived(const JXNotification& notification) {
   if (notification.name.view() != kJXNotification_UserAgentAvailable) return;
   const JXString userAgent = notification.userInfo.get(kJXUserInfo_DataKey).string();
-  if (userAgent.isPresent()) addData_withValue(kJXPredefinedVariable_UserAgent, userAgent);
+  if (userAgent.isPresent()) setVariable(kJXPredefinedVariable_UserAgent, userAgent);
 }
 
 }  // namespace jx

@@ -309,9 +309,11 @@ class JX_API JXPredefinedVariables : public JXSingleton, public IJXEventListener
   /// @}
 
  private:
-  static std::atomic<int> JX_INIT_STATE;
   friend class JXNewSessionClaim;
   friend class JXSession;
+  static std::atomic<int> JX_INIT_STATE;
+
+  void setVariable(std::string_view key, const JXString& value);
 
   /// Calls `firstExecute` and `computeTimeChangingVariables`, for an event that is executed.
   void advance();

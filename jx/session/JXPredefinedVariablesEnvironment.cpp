@@ -54,38 +54,38 @@ std::string dottedNotation(const JXInterfaceAddress& address) {
 }  // namespace
 
 void JXPredefinedVariables::setManufacturer() {
-  addData_withValue(kJXPredefinedVariable_Manufacturer, kJXManufacturerName);
+  setVariable(kJXPredefinedVariable_Manufacturer, kJXManufacturerName);
 }
 
 void JXPredefinedVariables::setNorvaneVersion() {
-  addData_withValue(kJXPredefinedVariable_NorvaneVersion, kJXServerSideVersion);
+  setVariable(kJXPredefinedVariable_NorvaneVersion, kJXServerSideVersion);
 }
 
 void JXPredefinedVariables::setLocalCharset() {
-  addData_withValue(kJXPredefinedVariable_Charset, getDefaultEncoding());
+  setVariable(kJXPredefinedVariable_Charset, getDefaultEncoding());
 }
 
 void JXPredefinedVariables::initScreenResolution() {
   const JXScreenBounds bounds = platform().screenBounds();
-  addData_withValue(kJXPredefinedVariable_ScreenWidth, truncatedToInteger(bounds.width));
-  addData_withValue(kJXPredefinedVariable_ScreenHeight, truncatedToInteger(bounds.height));
+  setVariable(kJXPredefinedVariable_ScreenWidth, truncatedToInteger(bounds.width));
+  setVariable(kJXPredefinedVariable_ScreenHeight, truncatedToInteger(bounds.height));
 }
 
 void JXPredefinedVariables::setApplicationBuild() {
   const JXString build = platform().bundleInformation().version;
-  if (build.isPresent()) addData_withValue(kJXPredefinedVariable_ApplicationBuild, build);
+  if (build.isPresent()) setVariable(kJXPredefinedVariable_ApplicationBuild, build);
 }
 
 void JXPredefinedVariables::setLocalModel() {
-  addData_withValue(kJXPredefinedVariable_Device, platform().deviceModel());
+  setVariable(kJXPredefinedVariable_Device, platform().deviceModel());
 }
 
 void JXPredefinedVariables::setLocalSysVersion() {
-  addData_withValue(kJXPredefinedVariable_SystemVersion, platform().systemVersion());
+  setVariable(kJXPredefinedVariable_SystemVersion, platform().systemVersion());
 }
 
 void JXPredefinedVariables::setLocalSysName() {
-  addData_withValue(kJXPredefinedVariable_SystemName, platform().systemName());
+  setVariable(kJXPredefinedVariable_SystemName, platform().systemName());
 }
 
 void JXPredefinedVariables::setLocalLanguage() {
@@ -94,36 +94,36 @@ void JXPredefinedVariables::setLocalLanguage() {
   const std::vector<std::string> parts =
       splitAtHyphens(languages.empty() ? std::string_view() : languages.front().view());
   if (parts.size() >= 2) {
-    addData_withValue(kJXPredefinedVariable_Language, parts[0]);
+    setVariable(kJXPredefinedVariable_Language, parts[0]);
     // In a tag with a script, the second part is the script.
-    addData_withValue(kJXPredefinedVariable_Region, parts[1]);
+    setVariable(kJXPredefinedVariable_Region, parts[1]);
     return;
   }
-  addData_withValue(kJXPredefinedVariable_Language, "-");
-  addData_withValue(kJXPredefinedVariable_Region, "-");
+  setVariable(kJXPredefinedVariable_Language, "-");
+  setVariable(kJXPredefinedVariable_Region, "-");
   JXLogger::sharedInstance().logMessage_withLevel("Unable to get local language data", 5);
 }
 
 void JXPredefinedVariables::setBundleIdentifier() {
-  addData_withValue(kJXPredefinedVariable_BundleID, platform().bundleInformation().identifier);
+  setVariable(kJXPredefinedVariable_BundleID, platform().bundleInformation().identifier);
 }
 
 void JXPredefinedVariables::setApplicationName() {
   const JXString name = platform().bundleInformation().name;
-  addData_withValue(kJXPredefinedVariable_ApplicationName,
-                    name.testString() ? name : JXString("(unknown)"));
+  setVariable(kJXPredefinedVariable_ApplicationName,
+              name.testString() ? name : JXString("(unknown)"));
 }
 
 void JXPredefinedVariables::setRuntimeName() {
-  addData_withValue(kJXPredefinedVariable_RuntimeName, kRuntimeName);
+  setVariable(kJXPredefinedVariable_RuntimeName, kRuntimeName);
 }
 
 void JXPredefinedVariables::setModelAndVersion() {
-  addData_withValue(kJXPredefinedVariable_Model, platform().machineName());
+  setVariable(kJXPredefinedVariable_Model, platform().machineName());
 }
 
 void JXPredefinedVariables::setIsJailBroken() {
-  addData_withValue(kJXPredefinedVariable_JailBroken, platform().isDeviceModified() ? "1" : "0");
+  setVariable(kJXPredefinedVariable_JailBroken, platform().isDeviceModified() ? "1" : "0");
 }
 
 void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
@@ -132,7 +132,7 @@ void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
   if (!version.isPresent()) version = "";
   const JXString firstVisit = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs);
   if (firstVisit.testString()) {
-    addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, firstVisit);
+    setVariable(kJXPredefinedVariable_CurVersionFirstVisitMs, firstVisit);
   }
   if (version.testString()) {
     const JXString lastSeen = persistedString(kJXPredefinedVariable_ApplicationVersion);
@@ -140,24 +140,24 @@ void JXPredefinedVariables::initApplicationVersion(const JXString& timeMs) {
     const bool isUpdate = !isFirstKnown && lastSeen != version;
     if (isUpdate) persistString(kJXPredefinedVariable_ApplicationPreviousVersion, lastSeen);
     if (isFirstKnown || isUpdate) {
-      addData_withValue(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
+      setVariable(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
       persistString(kJXPredefinedVariable_CurVersionFirstVisitMs, timeMs);
     }
     persistString(kJXPredefinedVariable_ApplicationVersion, version);
   }
   const JXString previous = persistedString(kJXPredefinedVariable_ApplicationPreviousVersion);
   if (previous.testString()) {
-    addData_withValue(kJXPredefinedVariable_ApplicationPreviousVersion, previous);
+    setVariable(kJXPredefinedVariable_ApplicationPreviousVersion, previous);
   }
-  addData_withValue(kJXPredefinedVariable_ApplicationVersion, version);
+  setVariable(kJXPredefinedVariable_ApplicationVersion, version);
 }
 
 JXString JXPredefinedVariables::currencyCode() {
   const JXString code = platform().currencyCode();
   if (code.testString()) {
-    addData_withValue(kJXPredefinedVariable_CurrencyCode, code);
+    setVariable(kJXPredefinedVariable_CurrencyCode, code);
   } else {
-    addData_withValue(kJXPredefinedVariable_CurrencyCode, "-");
+    setVariable(kJXPredefinedVariable_CurrencyCode, "-");
     JXLogger::sharedInstance().logMessage_withLevel("Unable to getData currency code ", 5);
   }
   return code;
@@ -165,7 +165,7 @@ JXString JXPredefinedVariables::currencyCode() {
 
 JXString JXPredefinedVariables::currencySymbol() {
   const JXString symbol = platform().currencySymbol();
-  addData_withValue(kJXPredefinedVariable_CurrencySymbol, symbol);
+  setVariable(kJXPredefinedVariable_CurrencySymbol, symbol);
   return symbol;
 }
 

@@ -78,8 +78,8 @@ void JXPredefinedVariables::beginFirstVisit() {
   // As at the start, so that the process is not stored as the one of the last visit.
   const JXString pid = std::exchange(pid_, nullptr);
   const JXString timeMs = nowMsString();
-  addData_withValue(kJXPredefinedVariable_SDKID,
-                    JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
+  setVariable(kJXPredefinedVariable_SDKID,
+              JXCoreVariables::sharedInstance().getData(kJXPredefinedVariable_SDKID));
   initIsFirstVisit();
   initLastCallLastVisit();
   setVisitorIDCurrentCallUniqueID(timeMs);
@@ -87,10 +87,10 @@ void JXPredefinedVariables::beginFirstVisit() {
   initColdStartNumber();
   setTimestamps(timeMs);
   initComScoreSession(timeMs);
-  addData_withValue(kJXPredefinedVariable_DeltaBackgroundTime, "0");
-  addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
-                    std::to_string(totalForegroundTransitions_));
-  addData_withValue(kJXPredefinedVariable_ApplicationVersion, version);
+  setVariable(kJXPredefinedVariable_DeltaBackgroundTime, "0");
+  setVariable(kJXPredefinedVariable_ForegroundTransitions,
+              std::to_string(totalForegroundTransitions_));
+  setVariable(kJXPredefinedVariable_ApplicationVersion, version);
   pid_ = pid;
 }
 

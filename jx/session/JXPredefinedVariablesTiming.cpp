@@ -14,6 +14,7 @@
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUtils.h"
+#include "jx/platform/JXConcat.h"
 #include "jx/platform/JXStringBuilder.h"
 #include "jx/session/JXPersistedKeys.h"
 #include "jx/session/JXPersistedString.h"
@@ -24,6 +25,11 @@
 namespace jx {
 namespace {
 
+void logInvalid(const std::exception& error) {
+  JXLogger::sharedInstance().logMessage_withLevel(
+      concat({"Invalid value when converting to number: ", error.what(), " <> (null)"}), 3);
+}
+
 // Runs a start-up computation on stored strings. An exception is logged and the rest of the
 // computation is skipped; values already set are kept, and the start-up continues.
 template <typename Computation>
@@ -31,8 +37,7 @@ void guarded(const Computation& computation) {
   try {
     computation();
   } catch (const std::exception& error) {
-    JXLogger::sharedInstance().logMessage_withLevel(
-        std::string("Invalid value when converting to number: ") + error.what() + " <> (null)", 3);
+    logInvalid(error);
   }
 }
 
@@ -62,8 +67,8 @@ void JXPredefinedVariables::willEnterForeground(const JXNotification&) {
   isBackground_ = false;
   totalForegroundTransitions_ =
       static_cast<std::int32_t>(static_cast<std::uint32_t>(totalForegroundTransitions_) + 1);
-  addData_withValue(kJXPredefinedVariable_ForegroundTransitions,
-                    std::to_string(totalForegroundTransitions_));
+  setVariable(kJXPredefinedVariable_ForegroundTransitions,
+              std::to_string(totalForegroundTransitions_));
   const std::uint64_t now = unsignedNowMs();
   deltaBackground_ = now - lastTime_;
   totalBackgroundTime_ += deltaBackground_;
@@ -106,8 +111,7 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
   const JXSessionLock lock;
   guarded([&] {
     const JXString sessionStart = persistedString(kJXSessionStartTimestamp);
-    addData_withValue(kJXPredefinedVariable_SessionID,
-                      JXCoreServices::sharedInstance().newIdentifier());
+    setVariable(kJXPredefinedVariable_SessionID, JXCoreServices::sharedInstance().newIdentifier());
     markNewSession();
     if (sessionStart.isPresent()) {
       // Measured from the stored start, not from the last activity.
@@ -117,7 +121,7 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
       if (renewed) {
         persistString(kJXSessionStartTimestamp, timeMs);
         persistString(kJXLastSessionStartTimestamp, sessionStart);
-        addData_withValue(kJXPredefinedVariable_LastSessionStartMs, sessionStart);
+        setVariable(kJXPredefinedVariable_LastSessionStartMs, sessionStart);
       }
       computeDeltaSinceLastLaunch(timeMs);
       computeStartUsageTime(renewed);
@@ -125,15 +129,15 @@ void JXPredefinedVariables::initComScoreSession(const JXString& timeMs) {
       persistString(kJXSessionStartTimestamp, timeMs);
       persistString(kJXLastSessionStartTimestamp, "0");
       persistString(kJXUsageDuration, "0");
-      addData_withValue(kJXPredefinedVariable_LastSessionStartMs, "0");
-      addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, "0");
-      addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
-      addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, "0");
+      setVariable(kJXPredefinedVariable_LastSessionStartMs, "0");
+      setVariable(kJXPredefinedVariable_LastSessionLastHitMs, "0");
+      setVariable(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
+      setVariable(kJXPredefinedVariable_TimeSinceLastExit, "0");
       computeDeltaSinceLastLaunch(timeMs);
       computeStartUsageTime(true);
     }
-    addData_withValue(kJXPredefinedVariable_LastSessionStartMs,
-                      persistedString(kJXLastSessionStartTimestamp));
+    setVariable(kJXPredefinedVariable_LastSessionStartMs,
+                persistedString(kJXLastSessionStartTimestamp));
   });
 }
 
@@ -144,10 +148,10 @@ void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) 
     const JXString background = persistedString(kJXLastBackgroundTime);
     const JXString unmeasured = persistedString(kJXTimeSinceLastMeasurement);
     const JXString foreground = persistedString(kJXLastForegroundTime);
-    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, "0");
-    addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime, "0");
-    addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
-    addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement, "0");
+    setVariable(kJXPredefinedVariable_TimeSinceLastExit, "0");
+    setVariable(kJXPredefinedVariable_AccumulatedBackgroundTime, "0");
+    setVariable(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, "0");
+    setVariable(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement, "0");
     if (!exit.isPresent() || !background.isPresent() || !unmeasured.isPresent() ||
         !foreground.isPresent()) {
       return;
@@ -155,12 +159,12 @@ void JXPredefinedVariables::computeDeltaSinceLastLaunch(const JXString& timeMs) 
     const std::uint64_t sinceExit =
         JXUtils::unsignedFromDigits(timeMs) - JXUtils::unsignedFromDigits(exit);
     const std::uint64_t unmeasuredMs = JXUtils::unsignedFromDigits(unmeasured);
-    addData_withValue(kJXPredefinedVariable_AccumulatedBackgroundTime,
-                      decimalString(JXUtils::unsignedFromDigits(background) + sinceExit));
-    addData_withValue(kJXPredefinedVariable_TimeSinceLastExit, decimalString(sinceExit));
-    addData_withValue(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, unmeasured);
-    addData_withValue(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
-                      decimalString(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
+    setVariable(kJXPredefinedVariable_AccumulatedBackgroundTime,
+                decimalString(JXUtils::unsignedFromDigits(background) + sinceExit));
+    setVariable(kJXPredefinedVariable_TimeSinceLastExit, decimalString(sinceExit));
+    setVariable(kJXPredefinedVariable_LastForegroundTimeWithoutMeasurement, unmeasured);
+    setVariable(kJXPredefinedVariable_AccumulatedForegroundTimeWithoutMeasurement,
+                decimalString(unmeasuredMs + JXUtils::unsignedFromDigits(foreground)));
   });
 }
 
@@ -174,9 +178,9 @@ void JXPredefinedVariables::computeStartUsageTime(bool renewed) {
     const std::uint64_t sinceExit =
         JXUtils::unsignedFromDigits(getData(kJXPredefinedVariable_TimeSinceLastExit));
     const std::uint64_t userSession = sinceExit + (renewed ? 0 : unmeasured);
-    addData_withValue(kJXPredefinedVariable_UserSessionDurationMs, decimalString(userSession));
+    setVariable(kJXPredefinedVariable_UserSessionDurationMs, decimalString(userSession));
     startUsage_ += userSession;
-    addData_withValue(kJXPredefinedVariable_UsageSessionDurationMs, decimalString(startUsage_));
+    setVariable(kJXPredefinedVariable_UsageSessionDurationMs, decimalString(startUsage_));
   });
 }
 

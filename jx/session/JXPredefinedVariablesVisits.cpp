@@ -35,20 +35,20 @@ std::string incremented(const JXString& count) {
 void JXPredefinedVariables::initIsFirstVisit() {
   const JXSessionLock lock;
   const bool isKnown = persistedString(kJXPredefinedVariable_CurVersionFirstVisitMs).testString();
-  addData_withValue(kJXPredefinedVariable_IsFirstVisit, isKnown ? "FALSE" : "TRUE");
+  setVariable(kJXPredefinedVariable_IsFirstVisit, isKnown ? "FALSE" : "TRUE");
 }
 
 void JXPredefinedVariables::initLastCallLastVisit() {
   const JXSessionLock lock;
   const JXString lastCall = persistedString(kJXPredefinedVariable_LastCallMs);
   if (lastCall.testString()) {
-    addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs, lastCall);
+    setVariable(kJXPredefinedVariable_LastSessionLastHitMs, lastCall);
   }
 }
 
 void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& timeMs) {
   const JXSessionLock lock;
-  addData_withValue(kJXPredefinedVariable_CurrentCallMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentCallMs, timeMs);
   JXPlatformDefaults* const defaults = JXUserDefaults::standardUserDefaults();
   if (defaults == nullptr) return;
   const JXString newId = JXCoreServices::sharedInstance().newIdentifier();
@@ -57,7 +57,7 @@ void JXPredefinedVariables::setVisitorIDCurrentCallUniqueID(const JXString& time
     uniqueId = newId;
     defaults->setObject_forKey(uniqueId, kJXUserDefaultsKey_UniqueID);
   }
-  addData_withValue(kJXPredefinedVariable_UniqueID, uniqueId);
+  setVariable(kJXPredefinedVariable_UniqueID, uniqueId);
   defaults->synchronize();
 }
 
@@ -65,7 +65,7 @@ void JXPredefinedVariables::initColdStartNumber() {
   const JXSessionLock lock;
   const JXString starts = persistedString(kJXPredefinedVariable_ColdStarts);
   const JXString counted = starts.testString() ? JXString(incremented(starts)) : JXString("1");
-  addData_withValue(kJXPredefinedVariable_ColdStarts, counted);
+  setVariable(kJXPredefinedVariable_ColdStarts, counted);
   persistString(kJXPredefinedVariable_ColdStarts, counted);
 }
 
@@ -76,7 +76,7 @@ void JXPredefinedVariables::setTimestamps(const JXString& timeMs) {
     setFirstVisitUserDefaults(timeMs);
     return;
   }
-  addData_withValue(kJXPredefinedVariable_FirstVisitMs, firstVisit);
+  setVariable(kJXPredefinedVariable_FirstVisitMs, firstVisit);
   // Two null process IDs do not identify the same process.
   const bool isSameProcess = pid_.isPresent() && persistedString(kJXLastPID) == pid_;
   if (isSameProcess) {
@@ -88,12 +88,12 @@ void JXPredefinedVariables::setTimestamps(const JXString& timeMs) {
 
 void JXPredefinedVariables::setFirstVisitUserDefaults(const JXString& timeMs) {
   const JXSessionLock lock;
-  addData_withValue(kJXPredefinedVariable_FirstVisitMs, timeMs);
-  addData_withValue(kJXPredefinedVariable_LastVisitMs, timeMs);
-  addData_withValue(kJXPredefinedVariable_CurrentVisitMs, timeMs);
-  addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
-  addData_withValue(kJXPredefinedVariable_NumberVisits, "1");
-  addData_withValue(kJXPredefinedVariable_NumberSessions, "1");
+  setVariable(kJXPredefinedVariable_FirstVisitMs, timeMs);
+  setVariable(kJXPredefinedVariable_LastVisitMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentVisitMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentSessionMs, timeMs);
+  setVariable(kJXPredefinedVariable_NumberVisits, "1");
+  setVariable(kJXPredefinedVariable_NumberSessions, "1");
   // Seconds, although the variables that read them are named after milliseconds: existing
   // installations store seconds, and servers expect them.
   persistString(kJXDateFirstVisitFormat, nowString());
@@ -111,21 +111,21 @@ void JXPredefinedVariables::newVisitUserDefaults_currentTime(const JXString& fir
   JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
   persistString(kJXLastPID, pid_);
   if (!currentVisit.isPresent()) currentVisit = firstVisit;
-  if (!lastVisit.isPresent()) addData_withValue(kJXPredefinedVariable_LastVisitMs, firstVisit);
+  if (!lastVisit.isPresent()) setVariable(kJXPredefinedVariable_LastVisitMs, firstVisit);
 
-  addData_withValue(kJXPredefinedVariable_LastVisitMs, currentVisit);
+  setVariable(kJXPredefinedVariable_LastVisitMs, currentVisit);
   persistString(kJXDateLastVisitFormat, currentVisit);
 
-  addData_withValue(kJXPredefinedVariable_CurrentVisitMs, timeMs);
-  addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentVisitMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentSessionMs, timeMs);
   persistString(kJXDateCurrentVisitFormat, timeMs);
 
   const JXString visits = nextCount(persistedString(kJXNumberColdStarts));
-  addData_withValue(kJXPredefinedVariable_NumberVisits, visits);
+  setVariable(kJXPredefinedVariable_NumberVisits, visits);
   persistString(kJXNumberColdStarts, visits);
 
   const JXString sessions = nextCount(persistedString(kJXNumberSessions));
-  addData_withValue(kJXPredefinedVariable_NumberSessions, sessions);
+  setVariable(kJXPredefinedVariable_NumberSessions, sessions);
   persistString(kJXNumberSessions, sessions);
 }
 
@@ -141,28 +141,27 @@ void JXPredefinedVariables::updateVisitUserDefaults(const JXString&) {
   const JXString currentVisit = persistedString(kJXDateCurrentVisitFormat);
   const JXString visits = persistedString(kJXNumberColdStarts);
   const JXString sessions = persistedString(kJXNumberSessions);
-  if (lastVisit.isPresent()) addData_withValue(kJXPredefinedVariable_LastVisitMs, lastVisit);
+  if (lastVisit.isPresent()) setVariable(kJXPredefinedVariable_LastVisitMs, lastVisit);
   if (currentVisit.isPresent()) {
-    addData_withValue(kJXPredefinedVariable_CurrentVisitMs, currentVisit);
-    addData_withValue(kJXPredefinedVariable_CurrentSessionMs, currentVisit);
+    setVariable(kJXPredefinedVariable_CurrentVisitMs, currentVisit);
+    setVariable(kJXPredefinedVariable_CurrentSessionMs, currentVisit);
   }
-  if (visits.isPresent()) addData_withValue(kJXPredefinedVariable_NumberVisits, visits);
-  if (sessions.isPresent()) addData_withValue(kJXPredefinedVariable_NumberSessions, sessions);
+  if (visits.isPresent()) setVariable(kJXPredefinedVariable_NumberVisits, visits);
+  if (sessions.isPresent()) setVariable(kJXPredefinedVariable_NumberSessions, sessions);
 }
 
 void JXPredefinedVariables::updateVariablesForNewSession(const JXString& timeMs) {
   const JXSessionLock lock;
-  addData_withValue(kJXPredefinedVariable_LastSessionLastHitMs,
-                    getData(kJXPredefinedVariable_CurrentCallMs));
+  setVariable(kJXPredefinedVariable_LastSessionLastHitMs,
+              getData(kJXPredefinedVariable_CurrentCallMs));
   const JXString sessions = incremented(persistedString(kJXNumberSessions));
-  addData_withValue(kJXPredefinedVariable_NumberSessions, sessions);
+  setVariable(kJXPredefinedVariable_NumberSessions, sessions);
   persistString(kJXNumberSessions, sessions);
-  addData_withValue(kJXPredefinedVariable_CurrentSessionMs, timeMs);
+  setVariable(kJXPredefinedVariable_CurrentSessionMs, timeMs);
   // The visit's key is intended: the next process reports the start of this session as the last
   // visit. The variable of the visit does not change.
   persistString(kJXDateCurrentVisitFormat, timeMs);
-  addData_withValue(kJXPredefinedVariable_SessionID,
-                    JXCoreServices::sharedInstance().newIdentifier());
+  setVariable(kJXPredefinedVariable_SessionID, JXCoreServices::sharedInstance().newIdentifier());
   markNewSession();
 }
 
