@@ -11,6 +11,7 @@
 #include "jx/core/JXCoreConstants.h"
 #include "jx/core/JXCoreServices.h"
 #include "jx/core/JXCoreVariables.h"
+#include "jx/core/JXExceptionLog.h"
 #include "jx/core/JXForkedChild.h"
 #include "jx/core/JXLogger.h"
 #include "jx/core/JXUser.h"
@@ -20,6 +21,7 @@
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/facade/JXPostData.h"
 #include "jx/facade/JXServerSideUtils.h"
+#include "jx/platform/JXConcat.h"
 #include "jx/session/JXPredefinedVariables.h"
 #include "jx/session/JXServerSideVersion.h"
 #include "jx/session/JXSession.h"
@@ -41,14 +43,8 @@ template <typename Operation>
 void guarded(const char* failure, const Operation& operation) noexcept {
   try {
     operation();
-  } catch (const std::exception& error) {
-    try {
-      logMessage(std::string(failure) + ": " + error.what(), 3);
-    } catch (...) {
-      logMessage(failure, 3);
-    }
   } catch (...) {
-    logMessage(failure, 3);
+    logException(failure);
   }
 }
 
@@ -100,15 +96,15 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
                        std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   const JXCoreCaller caller("an initialiser of ServerSide");
   initialisation_ = JXServerSideInitialisation::init();
-  logMessage("Server-Side SDK init with version " + std::string(kJXServerSideVersion), 4);
+  logMessage(concat({"Server-Side SDK init with version ", kJXServerSideVersion}), 4);
   const std::string site = std::to_string(siteID);
-  if (siteID != 0) logMessage("Server-Side SDK init with siteID " + site, 4);
+  if (siteID != 0) logMessage(concat({"Server-Side SDK init with siteID ", site}), 4);
   if (!sourceKey.testString()) {
     logMessage("Server-Side SDK init without a source key; events are sent with an empty token", 3);
   }
   defaultBehaviour_ = defaultBehaviour;
-  setUrl(JXCoreServices::sharedInstance().collectionEndpoint().toStdString() +
-         "/events?jx_s=" + site + "&token=" + sourceKey.toStdString());
+  const JXString endpoint = JXCoreServices::sharedInstance().collectionEndpoint();
+  setUrl(concat({endpoint.view(), "/events?jx_s=", site, "&token=", sourceKey.view()}));
   setPermanentStore(JXDynamicStore::init());
   JXNetworkManager::sharedInstance().serverSideStarted(this, url().view(), setInitialState());
   const std::shared_ptr<JXEventSender> sender = JXEventSender::init();
@@ -212,10 +208,11 @@ bool ServerSide::composeAndPost(JXEvent& event, std::int32_t state, JXNewSession
 
 JXString ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
   const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
-  if (isDetailLogged) logMessage("Server-Side SDK sending event: " + event.name().toStdString(), 6);
+  if (isDetailLogged)
+    logMessage(concat({"Server-Side SDK sending event: ", event.name().view()}), 6);
   if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
   JXString body = JXPostData::executionBody(event, state, claim);
-  if (isDetailLogged) logMessage("Event payload: " + body.toStdString(), 6);
+  if (isDetailLogged) logMessage(concat({"Event payload: ", body.view()}), 6);
   return body;
 }
 
