@@ -7,7 +7,7 @@ namespace {
 
 struct NamedEncoding {
   std::uint32_t number;
-  std::string_view name;
+  char name[13];  // needs no relocation
 };
 
 constexpr NamedEncoding kNamedEncodings[] = {

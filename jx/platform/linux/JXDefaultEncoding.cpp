@@ -10,7 +10,7 @@ namespace jx {
 namespace {
 
 struct CharsetNumber {
-  std::string_view name;  // upper case, letters and digits only
+  char name[12];  // upper case, letters and digits only; needs no relocation
   std::uint32_t number;
 };
 
