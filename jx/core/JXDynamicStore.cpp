@@ -12,7 +12,7 @@
 namespace jx {
 namespace {
 
-bool isIgnored() { return JXForkedChild::ignores("JXDynamicStore"); }
+bool isStoreIgnored() { return JXForkedChild::ignores("JXDynamicStore"); }
 
 }  // namespace
 
@@ -34,14 +34,14 @@ void JXDynamicStore::change(const Change& change) {
 }
 
 void JXDynamicStore::addData_withValue(const JXString& key, const JXJsonValue& value) {
-  if (!key.isPresent() || isIgnored()) return;
+  if (!key.isPresent() || isStoreIgnored()) return;
   change([&] { entries_.set(key.view(), value); });
 }
 
 void JXDynamicStore::addData(const JXDynamicStore& other) { addData(other.entries()); }
 
 void JXDynamicStore::addData(const JXJsonObject& entries) {
-  if (isIgnored()) return;
+  if (isStoreIgnored()) return;
   change([&] {
     for (const JXJsonEntry& entry : entries.entries())
       entries_.set(entry.key.view(), entry.value);
@@ -50,30 +50,30 @@ void JXDynamicStore::addData(const JXJsonObject& entries) {
 
 JXJsonValue JXDynamicStore::getData(const JXString& key) const {
   // The view of a null key equals that of the empty key.
-  if (!key.isPresent() || isIgnored()) return {};
+  if (!key.isPresent() || isStoreIgnored()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.get(key.view());
 }
 
 JXJsonValue JXDynamicStore::removeData(const JXString& key) {
-  if (!key.isPresent() || isIgnored()) return {};
+  if (!key.isPresent() || isStoreIgnored()) return {};
   JXJsonValue removed;
   change([&] { removed = entries_.remove(key.view()); });
   return removed;
 }
 
 void JXDynamicStore::clearData() {
-  if (isIgnored()) return;
+  if (isStoreIgnored()) return;
   change([&] { entries_.clear(); });
 }
 
 bool JXDynamicStore::isEmpty() const {
-  if (isIgnored()) return true;
+  if (isStoreIgnored()) return true;
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.size() == 0;
 }
 
-JXDynamicStore::Strings::Strings(JXDynamicStore* store) : store_(isIgnored() ? nullptr : store) {
+JXDynamicStore::Strings::Strings(JXDynamicStore* store) : store_(isStoreIgnored() ? nullptr : store) {
   if (store_ != nullptr) lock_ = std::unique_lock<std::mutex>(store_->mutex_);
 }
 
@@ -112,7 +112,7 @@ void JXDynamicStore::Strings::set(std::string_view key, Place& place, JXString s
 }
 
 JXJsonObject JXDynamicStore::entries() const {
-  if (isIgnored()) return {};
+  if (isStoreIgnored()) return {};
   const std::lock_guard<std::mutex> lock(mutex_);
   return entries_.mutableCopy();
 }
