@@ -62,6 +62,9 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   void changesStored(std::uint64_t changes);
   /// Writes the changes that are not in the file. Returns whether all of them are.
   bool saveChanges();
+  /// Writes all values again if the file is not at its path any more. Between changes that follow
+  /// each other closely, this is not noticed.
+  void restore();
   /// Reads changes that were stored with a request. Call it before any value is read.
   void addStored(std::string_view payload);
   /// Sets the values of `addStored` that no process set later, and writes them. Repeat it if it

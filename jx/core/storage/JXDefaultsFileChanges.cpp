@@ -62,6 +62,14 @@ bool JXDefaultsFile::saveChanges() {
   return unsaved_.empty();
 }
 
+void JXDefaultsFile::restore() {
+  const JXReportingLock locked(mutex_, report_);
+  dropErased();
+  pathCheck_.forget();
+  ensureOpen();
+  writeUnsaved();
+}
+
 // Of a value that was stored several times, keeps the last one.
 void JXDefaultsFile::addStored(std::string_view payload) {
   JXStoredChanges changes(payload);

@@ -16,7 +16,6 @@
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXOutboxIndex.h"
 #include "jx/core/storage/JXSegmentFolder.h"
-#include "jx/core/storage/JXThrottledCheck.h"
 
 namespace jx {
 
@@ -98,10 +97,6 @@ class JXOutboxSegment {
   /// Returns true when the path of the file still refers to it: neither the file nor a folder above
   /// it was deleted, renamed or replaced.
   bool isAtPath() const { return JXFile::identityAt(path()) == identity_; }
-  /// Same, but compares the path at most once in some milliseconds.
-  bool wasAtPath() {
-    return pathCheck_.succeeds([this] { return isAtPath(); });
-  }
   /// Moves the file, or copies its content if it was deleted, to `folder`, under `number`. Returns
   /// EEXIST if the folder contains a file of this number, or another process owns it. On failure,
   /// nothing changes.
@@ -158,7 +153,6 @@ class JXOutboxSegment {
   /// A purge mark stays that `adopt` could not read or remove. A power loss may have shortened the
   /// file, so that the mark would apply to new requests.
   bool mayBeMarked_ = false;
-  JXThrottledCheck pathCheck_;
 };
 
 /// A request read from an outbox folder that is not opened for sending.

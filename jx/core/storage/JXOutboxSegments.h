@@ -120,7 +120,7 @@ class JXOutboxSegments {
   void writeTime();
   void writeTimeTo(JXOutboxSegment& segment) noexcept;
   int restore(JXOutboxSegment& segment);
-  void restoreReplaced(JXOutboxSegment& segment) noexcept;
+  void restoreReplaced(const JXOutboxSegment& segment) noexcept;
   void finish(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 

@@ -4,6 +4,7 @@
 // The operations of JXOutboxSegments that find and restore lost segments.
 #include <cerrno>
 
+#include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXOutboxSegments.h"
 
 namespace jx {
@@ -16,8 +17,8 @@ constexpr std::uint64_t kObsoleteAllowance = 8u * 1024 * 1024;
 
 }  // namespace
 
-void JXOutboxSegments::restoreReplaced(JXOutboxSegment& segment) noexcept {
-  if (!segment.wasAtPath()) detectLostSegments();
+void JXOutboxSegments::restoreReplaced(const JXOutboxSegment& segment) noexcept {
+  if (!segment.isAtPath()) detectLostSegments();
   if (!hasLost()) return;
   try {
     restoreLost();
@@ -37,6 +38,7 @@ bool JXOutboxSegments::restoreLost() {
   if (erasures_ != nullptr) erasures_->check();
   int error = ensureFolder();
   if (error != 0) report_.failed("open the folder", error);
+  if (defaults != nullptr) defaults->restore();
   for (const auto& segment : segments_) {
     if (error != 0) break;
     if (!segment->lost || segment->live() == 0) continue;

@@ -454,6 +454,20 @@ TEST_F(DeferredChanges, AreFoundAfterTheStorageFolderWasRenamed) {
   EXPECT_EQ(start(killedNow())->outbox.counters().queued, 2u);
 }
 
+// The path of the values is not compared with each event, that of the request is.
+TEST_F(DeferredChanges, AreFoundWithEarlierValuesWhenOnlyTheRequestIsComparedWithItsPath) {
+  const auto process = startRegistered();
+  process->execute("1");
+  const test::CheckInterval endless{test::CheckInterval::kEndless};
+  process->execute("2");
+  std::filesystem::rename(state_, folder_.file("renamed"));
+  process->execute("3");
+  EXPECT_EQ(foundAfterKill(), "3");
+  const auto next = start(killedNow());
+  EXPECT_EQ(next->outbox.counters().queued, 3u);
+  EXPECT_EQ(next->defaults.objectForKey("visits"), "1");
+}
+
 TEST_F(DeferredChanges, TruncationAtAnyByteLosesNoEarlierValueOrRequest) {
   const auto process = startRegistered();
   process->execute("1", "first");

@@ -16,7 +16,6 @@
 #include "jx/core/storage/JXOutboxSegment.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "tests/core/storage/JXOutboxFixture.h"
-#include "tests/support/CheckInterval.h"
 #include "tests/support/JXFailingDisk.h"
 
 namespace jx {
@@ -52,19 +51,6 @@ class OutboxMoves : public OutboxTest {
   static std::size_t openDescriptors() {
     const fs::directory_iterator all("/proc/self/fd");
     return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-  }
-  // Returns how many paths are compared while requests are added.
-  static int comparisonsOf(JXOutbox& outbox, int requests) {
-    static int calls = 0;
-    calls = 0;
-    JXFileCalls::current().status = [](int folder, const char* name, struct stat* status) {
-      ++calls;
-      return JXFileCalls::system().status(folder, name, status);
-    };
-    for (int i = 0; i < requests; ++i)
-      add(outbox, "b");
-    JXFileCalls::current() = JXFileCalls::system();
-    return calls;
   }
 
   const std::string state_ = folder_.file("state");
@@ -471,26 +457,6 @@ TEST_F(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
     add(*outbox, "d");
     EXPECT_EQ(sorted(found()), (Bodies{"a", "b", "c", "d"}));
   }
-}
-
-TEST_F(OutboxMoves, ComparesThePathOfARequestUnlessItWasComparedJustBefore) {
-  const auto outbox = open();
-  add(*outbox, "a");
-  EXPECT_EQ(comparisonsOf(*outbox, 10), 10);
-  const test::CheckInterval endless{test::CheckInterval::kEndless};
-  EXPECT_EQ(comparisonsOf(*outbox, 10), 0);
-}
-
-TEST_F(OutboxMoves, ARequestThatWasNotComparedIsMovedBackBySync) {
-  const auto outbox = open();
-  add(*outbox, "a");
-  const test::CheckInterval endless{test::CheckInterval::kEndless};
-  fs::rename(state_, folder_.file("renamed"));
-  add(*outbox, "b");
-  EXPECT_EQ(filesNamed(folder_.file("renamed") + "/outbox", "segment-"), 1u);
-  outbox->sync();
-  EXPECT_EQ(found(), (Bodies{"a", "b"}));
-  EXPECT_EQ(filesNamed(folder_.file("renamed") + "/outbox", "segment-"), 0u);
 }
 
 }  // namespace
