@@ -19,6 +19,7 @@
 #include "jx/core/storage/JXDefaultsFile.h"
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "jx/core/transfer/JXNetworkManager.h"
 #include "jx/core/transfer/JXPublicKeyPin.h"
@@ -96,6 +97,9 @@ JXCoreServices::JXCoreServices(const JXCoreConfiguration& configuration)
   erasures_ = std::make_shared<JXErasures>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       platform_->userDefaults());
+  if (storageFolder_.testString()) {
+    watch_ = std::make_shared<JXPathWatch>(storageFolder_.toStdString(), kOutbox);
+  }
   if (!configuration.dryRun) openOutbox();
   if (!configuration.storesOnlyWithConsent) openDefaults();
   if (!storageFolder_.testString() && !configuration.dryRun) {
@@ -109,7 +113,7 @@ void JXCoreServices::openOutbox() {
   outbox_ = std::make_shared<JXOutbox>(
       storageFolder_.testString() ? storageFolder_.toStdString() : std::string(),
       configuration_.outboxBounds, clock_, erasures_, false, currentEndpoint,
-      storageFolder_.testString() ? kOutbox : "");
+      storageFolder_.testString() ? kOutbox : "", watch_);
 }
 
 void JXCoreServices::openDefaults() {

@@ -17,6 +17,7 @@ namespace jx {
 class JXDefaultsFile;
 class JXErasures;
 class JXOutbox;
+class JXPathWatch;
 class JXStopMarks;
 
 /// Names the public operation that is running on this thread, for the message of a configuration
@@ -94,6 +95,7 @@ class JXCoreServices {
   JXString storageFolder_;
   JXString collectionEndpoint_;
   std::shared_ptr<JXErasures> erasures_;
+  std::shared_ptr<JXPathWatch> watch_;      ///< null without a storage folder
   std::shared_ptr<JXOutbox> outbox_;        ///< null in a dry run
   std::shared_ptr<JXStopMarks> stopMarks_;  ///< null before the start and in a dry run
   // Never deleted. Null until data may be stored.

@@ -73,7 +73,8 @@ bool JXDynamicStore::isEmpty() const {
   return entries_.size() == 0;
 }
 
-JXDynamicStore::Strings::Strings(JXDynamicStore* store) : store_(isStoreIgnored() ? nullptr : store) {
+JXDynamicStore::Strings::Strings(JXDynamicStore* store)
+    : store_(isStoreIgnored() ? nullptr : store) {
   if (store_ != nullptr) lock_ = std::unique_lock<std::mutex>(store_->mutex_);
 }
 

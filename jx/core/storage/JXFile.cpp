@@ -5,6 +5,9 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#if defined(__linux__)
+#include <sys/inotify.h>
+#endif
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -94,6 +97,15 @@ void* mapSystem(int descriptor, std::size_t size) {
 
 void unmapSystem(void* address, std::size_t size) { ::munmap(address, size); }
 
+int openWatchSystem() {
+#if defined(__linux__)
+  return ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+#else
+  errno = ENOSYS;
+  return -1;
+#endif
+}
+
 int synchronizeSystem(int descriptor) {
 #if defined(__APPLE__)
   // On Apple systems fsync leaves the bytes in the drive's cache, which a power loss clears. Not
@@ -132,10 +144,10 @@ int errorOf(Call call) {
 }  // namespace
 
 JXFileCalls JXFileCalls::system() {
-  return {&openSystem,        &::close,     &::pread,    &::writev,       &::ftruncate,
-          &synchronizeSystem, &::fsync,     &::renameat, &unlinkSystem,   &::mkdirat,
-          &statusSystem,      &fstatSystem, &::flock,    &lockByteSystem, &listSystem,
-          &mapSystem,         &unmapSystem};
+  return {&openSystem,        &::close,     &::pread,        &::writev,       &::ftruncate,
+          &synchronizeSystem, &::fsync,     &::renameat,     &unlinkSystem,   &::mkdirat,
+          &statusSystem,      &fstatSystem, &::flock,        &lockByteSystem, &listSystem,
+          &mapSystem,         &unmapSystem, &openWatchSystem};
 }
 
 JXFileCalls& JXFileCalls::current() {

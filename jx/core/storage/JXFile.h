@@ -39,6 +39,8 @@ struct JXFileCalls {
   /// Maps the file for reading; null on failure. Its content stays as long as it is mapped.
   void* (*map)(int descriptor, std::size_t size);
   void (*unmap)(void* address, std::size_t size);
+  /// Returns a non-blocking descriptor of changes of folders; fails where the system has none.
+  int (*openWatch)();
 
   /// Returns the table in use. Change it only while no other thread uses storage.
   static JXFileCalls& current();

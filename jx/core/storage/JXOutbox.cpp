@@ -49,10 +49,12 @@ auto JXOutbox::lockedWithoutExceptions(Work work) noexcept {
 
 JXOutbox::JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
                    std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures,
-                   bool mayStore, std::string currentEndpoint, const std::string& inner)
+                   bool mayStore, std::string currentEndpoint, const std::string& inner,
+                   std::shared_ptr<JXPathWatch> watch)
     : maxAge_(bounds.maxAge),
       report_("outbox " + pathOf(folder, inner), folderOf(pathOf(folder, inner))),
-      segments_(folder, inner, bounds.maxBytes, std::move(clock), report_, erasures.get()),
+      segments_(folder, inner, bounds.maxBytes, std::move(clock), report_, erasures.get(),
+                std::move(watch)),
       queue_(segments_, report_, bounds, std::move(currentEndpoint)),
       erasures_(std::move(erasures)),
       seenErasures_(erasures_ ? erasures_->count() : 0),

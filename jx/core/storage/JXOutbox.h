@@ -39,10 +39,11 @@ class JXOutbox {
   /// folder is neither read nor written until `beginStoring`. `currentEndpoint`, unless empty,
   /// replaces scheme, host and port of the URL of each request that is taken; the stored URL stays.
   /// If `inner` is not empty, the queue is in this folder of the storage folder `folder`.
+  /// `watch` reports whether the files may have been moved; without it, each `add` compares paths.
   JXOutbox(const std::string& folder, const JXOutboxBounds& bounds,
            std::shared_ptr<const JXClock> clock, std::shared_ptr<JXErasures> erasures = nullptr,
            bool mayStore = true, std::string currentEndpoint = {},
-           const std::string& inner = std::string());
+           const std::string& inner = std::string(), std::shared_ptr<JXPathWatch> watch = nullptr);
   /// Tries to write requests kept in memory, within a few milliseconds.
   ~JXOutbox();
   JXOutbox(const JXOutbox&) = delete;

@@ -236,6 +236,7 @@ int JXOutboxSegment::moveTo(const JXSegmentFolder& folder, std::uint64_t number)
   number_ = number;
   lost = false;
   dirty = true;
+  seenAtPath_.forget();
   open_.use(*this);
   return 0;
 }

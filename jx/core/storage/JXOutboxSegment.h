@@ -15,6 +15,7 @@
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXJournal.h"
 #include "jx/core/storage/JXOutboxIndex.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXSegmentFolder.h"
 
 namespace jx {
@@ -97,6 +98,10 @@ class JXOutboxSegment {
   /// Returns true when the path of the file still refers to it: neither the file nor a folder above
   /// it was deleted, renamed or replaced.
   bool isAtPath() const { return JXFile::identityAt(path()) == identity_; }
+  /// Same, but looks at the path only if a file may have been moved since the last call.
+  bool isStillAtPath(JXPathWatch* watch) {
+    return seenAtPath_.confirm(watch, [this] { return isAtPath(); });
+  }
   /// Moves the file, or copies its content if it was deleted, to `folder`, under `number`. Returns
   /// EEXIST if the folder contains a file of this number, or another process owns it. On failure,
   /// nothing changes.
@@ -153,6 +158,7 @@ class JXOutboxSegment {
   /// A purge mark stays that `adopt` could not read or remove. A power loss may have shortened the
   /// file, so that the mark would apply to new requests.
   bool mayBeMarked_ = false;
+  JXSeenAtPath seenAtPath_;
 };
 
 /// A request read from an outbox folder that is not opened for sending.

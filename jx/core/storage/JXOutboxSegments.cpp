@@ -23,7 +23,8 @@ bool wasMovedAway(int error) { return error == ENOENT || error == ESTALE; }
 
 JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
                                    std::uint64_t maxBytes, std::shared_ptr<const JXClock> clock,
-                                   JXStorageReport& report, JXErasures* erasures)
+                                   JXStorageReport& report, JXErasures* erasures,
+                                   std::shared_ptr<JXPathWatch> watch)
     : folder_(absolutePath(folder)),
       inner_(std::move(inner)),
       path_(concat({folder_, inner_.empty() ? "" : "/", inner_})),
@@ -31,7 +32,8 @@ JXOutboxSegments::JXOutboxSegments(const std::string& folder, std::string inner,
       time_(std::move(clock)),
       watch_(path_),
       report_(report),
-      erasures_(erasures) {}
+      erasures_(erasures),
+      pathWatch_(std::move(watch)) {}
 
 JXOutboxSegments::~JXOutboxSegments() { finishCurrent(); }
 
@@ -43,6 +45,7 @@ int JXOutboxSegments::ensureFolder() {
   if (error != 0) return error;
   const bool wasReplaced = opened_.folder != nullptr;
   opened_ = std::move(opened);
+  if (pathWatch_) pathWatch_->renew();
   if (wasReplaced) detectLostSegments();
   time_.setMissing();
   // Without it, what is stored counts as new: nothing expires too early.

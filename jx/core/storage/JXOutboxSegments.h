@@ -13,6 +13,7 @@
 #include "jx/core/storage/JXErasures.h"
 #include "jx/core/storage/JXFolder.h"
 #include "jx/core/storage/JXOutboxSegment.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXRunningTime.h"
 #include "jx/core/storage/JXStorageReport.h"
 
@@ -24,10 +25,10 @@ class JXOutboxSegments {
  public:
   /// `inner` is the outbox in the storage folder `folder`; if it is empty, `folder` is the outbox.
   /// `maxBytes` is the largest size of all queued requests. `report` and `erasures`, which may be
-  /// null, must outlive this object.
+  /// null, must outlive this object. Without a `watch`, paths are compared for each request.
   JXOutboxSegments(const std::string& folder, std::string inner, std::uint64_t maxBytes,
                    std::shared_ptr<const JXClock> clock, JXStorageReport& report,
-                   JXErasures* erasures);
+                   JXErasures* erasures, std::shared_ptr<JXPathWatch> watch);
   /// Deletes the segment being written if it has no unacknowledged requests.
   ~JXOutboxSegments();
   JXOutboxSegments(const JXOutboxSegments&) = delete;
@@ -120,7 +121,7 @@ class JXOutboxSegments {
   void writeTime();
   void writeTimeTo(JXOutboxSegment& segment) noexcept;
   int restore(JXOutboxSegment& segment);
-  void restoreReplaced(const JXOutboxSegment& segment) noexcept;
+  void restoreReplaced(JXOutboxSegment& segment) noexcept;
   void finish(JXOutboxSegment& segment);
   void drop(JXOutboxSegment& segment);
 
@@ -131,7 +132,8 @@ class JXOutboxSegments {
   JXRunningTime time_;
   JXFolderWatch watch_;
   JXStorageReport& report_;
-  JXErasures* const erasures_;  ///< notified when a file was created
+  JXErasures* const erasures_;                    ///< notified when a file was created
+  const std::shared_ptr<JXPathWatch> pathWatch_;  ///< null: none
   JXSegmentFolder opened_;
   JXOpenSegments open_;
   std::string changes_;  ///< those that are stored with the request being appended

@@ -17,8 +17,8 @@ constexpr std::uint64_t kObsoleteAllowance = 8u * 1024 * 1024;
 
 }  // namespace
 
-void JXOutboxSegments::restoreReplaced(const JXOutboxSegment& segment) noexcept {
-  if (!segment.isAtPath()) detectLostSegments();
+void JXOutboxSegments::restoreReplaced(JXOutboxSegment& segment) noexcept {
+  if (!segment.isStillAtPath(pathWatch_.get())) detectLostSegments();
   if (!hasLost()) return;
   try {
     restoreLost();

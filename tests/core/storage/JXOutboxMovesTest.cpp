@@ -14,6 +14,7 @@
 
 #include "jx/core/storage/JXFrame.h"
 #include "jx/core/storage/JXOutboxSegment.h"
+#include "jx/core/storage/JXPathWatch.h"
 #include "jx/core/storage/JXQuarantine.h"
 #include "tests/core/storage/JXOutboxFixture.h"
 #include "tests/support/JXFailingDisk.h"
@@ -25,12 +26,22 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kSegment = 1024 * 1024;
 
+// The path of the storage folder is watched, or compared for each request.
+enum class Detection { Watch, Comparison };
+
 // An outbox in a storage folder that is renamed, replaced or deleted while it is in use.
-class OutboxMoves : public OutboxTest {
+class OutboxMoves : public OutboxTest, public ::testing::WithParamInterface<Detection> {
  protected:
   std::unique_ptr<JXOutbox> open(const JXOutboxBounds& bounds = {}) const {
-    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "", "outbox");
+    std::shared_ptr<JXPathWatch> watch;
+    // In a slow test, paths would be compared after some time.
+    const auto noTimePasses = [] { return std::chrono::milliseconds(0); };
+    if (isWatched()) watch = std::make_shared<JXPathWatch>(state_, "outbox", noTimePasses);
+    return std::make_unique<JXOutbox>(state_, bounds, clock_, nullptr, true, "", "outbox", watch);
   }
+  static bool isWatched() { return GetParam() == Detection::Watch; }
+  // The folder, the locks and two segments, and the watch.
+  static std::size_t neededDescriptors() { return isWatched() ? 5 : 4; }
   // Adds requests that fill so many segments, and returns their bodies.
   static Bodies fill(JXOutbox& outbox, std::size_t segments) {
     Bodies bodies;
@@ -56,7 +67,7 @@ class OutboxMoves : public OutboxTest {
   const std::string state_ = folder_.file("state");
 };
 
-TEST_F(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
+TEST_P(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
   const auto outbox = open();
   add(*outbox, "a");
   add(*outbox, "b");
@@ -68,7 +79,7 @@ TEST_F(OutboxMoves, ARenamedStorageFolderLosesNothingForTheNextStart) {
   EXPECT_EQ(found(), (Bodies{"b", "c"}));
 }
 
-TEST_F(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
+TEST_P(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
   const auto outbox = open();
   add(*outbox, "a");
   fs::rename(state_ + "/outbox", folder_.file("renamed"));
@@ -79,7 +90,7 @@ TEST_F(OutboxMoves, ARenamedOutboxIsMovedBackBySync) {
 }
 
 // The event goes to a new segment, in the new folder.
-TEST_F(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
+TEST_P(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
   const auto outbox = open();
   Bodies bodies = fill(*outbox, 2);
   while (filesNamed(state_ + "/outbox", "segment-") < 3)
@@ -90,7 +101,7 @@ TEST_F(OutboxMoves, FullSegmentsAreMovedBackByTheNextEvent) {
   EXPECT_EQ(sorted(found()), sorted(bodies));
 }
 
-TEST_F(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
+TEST_P(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
   long call = 0;
   for (bool failed = true; failed; ++call) {
     SCOPED_TRACE("call " + std::to_string(call));
@@ -112,7 +123,7 @@ TEST_F(OutboxMoves, TheNextEventRestoresWhatCouldNotBeRestored) {
   EXPECT_GT(call, 5);
 }
 
-TEST_F(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
+TEST_P(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
   writeFile(state_, "not a folder");
   const auto outbox = open();
   outbox->sync();
@@ -126,7 +137,7 @@ TEST_F(OutboxMoves, AFolderThatCannotBeOpenedIsLoggedOnceDespiteASync) {
   EXPECT_EQ(log_.with("3 outbox"), 1u);
 }
 
-TEST_F(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
+TEST_P(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
   outbox->sync();
@@ -136,7 +147,7 @@ TEST_F(OutboxMoves, AnIdleOutboxIsMovedBackWhenARequestIsTaken) {
   EXPECT_EQ(found(), bodies);
 }
 
-TEST_F(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
+TEST_P(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 12);
   ASSERT_GE(filesNamed(state_ + "/outbox", "segment-"), 12u);
@@ -150,7 +161,7 @@ TEST_F(OutboxMoves, ADeletedFolderIsRestoredWithTheSegmentsThatAreNotOpen) {
   EXPECT_EQ(outbox->counters().storageErrors, 0u);
 }
 
-TEST_F(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
+TEST_P(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
   const auto mine = open();
   add(*mine, "mine 1");
   add(*mine, "mine 2");
@@ -166,7 +177,7 @@ TEST_F(OutboxMoves, DoesNotTouchTheSegmentsOfAnotherProcessInTheNewFolder) {
   EXPECT_EQ(takeAll(*theirs), (Bodies{"theirs 1", "theirs 2"}));
 }
 
-TEST_F(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
+TEST_P(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
   const auto outbox = open();
   const Bodies bodies = fill(*outbox, 6);
   fs::remove_all(state_);
@@ -179,7 +190,7 @@ TEST_F(OutboxMoves, KeepsADeletedFolderReadableUntilItCanBeRestored) {
   EXPECT_EQ(found(), bodies);
 }
 
-TEST_F(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
+TEST_P(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
   const fs::path before = fs::current_path();
   fs::create_directory(folder_.file("elsewhere"));
   fs::current_path(folder_.path());
@@ -193,7 +204,7 @@ TEST_F(OutboxMoves, UsesTheFolderOfItsStartAfterAChangeOfTheCurrentFolder) {
   fs::current_path(before);
 }
 
-TEST_F(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
+TEST_P(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
   fs::create_directory(folder_.file("target"));
   fs::create_directory_symlink(folder_.file("target"), state_);
   const auto outbox = open();
@@ -204,7 +215,7 @@ TEST_F(OutboxMoves, WorksInMemoryWhenTheFolderIsASymbolicLink) {
   EXPECT_EQ(log_.with("cannot open the folder: It is a symbolic link"), 1u);
 }
 
-TEST_F(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
+TEST_P(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
   fs::create_directory(state_);
   ASSERT_EQ(::chmod(state_.c_str(), 0777), 0);
   const auto outbox = open();
@@ -217,7 +228,7 @@ TEST_F(OutboxMoves, WorksInMemoryWhenOthersCanWriteToTheFolder) {
   EXPECT_EQ(found(), (Bodies{"a", "b"}));
 }
 
-TEST_F(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
+TEST_P(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
   const std::string target = folder_.file("target");
   writeFile(target, "content");
   for (const char* const name : {"dead", "dead.new", "lock", "segment-0000000000000001",
@@ -242,24 +253,24 @@ TEST_F(OutboxMoves, LeavesTheTargetsOfLinksInTheFolder) {
   }
 }
 
-TEST_F(OutboxMoves, NeedsFewDescriptorsForManySegments) {
+TEST_P(OutboxMoves, NeedsFewDescriptorsForManySegments) {
   const std::size_t before = openDescriptors();
   {
     const auto outbox = open();
     const Bodies bodies = fill(*outbox, 30);
     outbox->sync();
-    EXPECT_LE(openDescriptors() - before, 4u);
+    EXPECT_LE(openDescriptors() - before, neededDescriptors());
   }
   const auto outbox = open();
   EXPECT_EQ(outbox->counters().queued, 240u);
   outbox->rememberDropped();
-  EXPECT_LE(openDescriptors() - before, 4u);
+  EXPECT_LE(openDescriptors() - before, neededDescriptors());
   outbox->purge();
-  EXPECT_LE(openDescriptors() - before, 4u);
+  EXPECT_LE(openDescriptors() - before, neededDescriptors());
   EXPECT_EQ(outbox->takeDropped().size(), 32u);
 }
 
-TEST_F(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
+TEST_P(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
   { fill(*open(), 30); }
   rlimit limit{};
   ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
@@ -276,7 +287,7 @@ TEST_F(OutboxMoves, DeliversThirtySegmentsWithSixteenDescriptors) {
   EXPECT_EQ(log_.with("outbox"), 0u);
 }
 
-TEST_F(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
+TEST_P(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
   {
     const auto outbox = open();
     for (int i = 0; i < 5; ++i)
@@ -297,7 +308,7 @@ TEST_F(OutboxMoves, AdoptsASegmentWithTheLargestNumber) {
   EXPECT_EQ(found().size(), 34u);
 }
 
-TEST_F(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
+TEST_P(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
   { add(*open(), "a"); }
   const std::string large = state_ + "/outbox/segment-0000000000000007";
   writeFile(large, "x");
@@ -310,7 +321,7 @@ TEST_F(OutboxMoves, RenamesAFileThatIsTooLargeWithoutReadingIt) {
   EXPECT_EQ(outbox->counters().damaged, 1u);
 }
 
-TEST_F(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
+TEST_P(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
   JXOutboxBounds bounds;
   bounds.maxBytes = 32 * kSegment;
   { fill(*open(bounds), 2); }
@@ -330,7 +341,7 @@ TEST_F(OutboxMoves, ReadsNoMoreThanFourTimesTheQueueAtTheStart) {
 }
 
 // Each byte could begin a frame that contains the rest of the file.
-TEST_F(OutboxMoves, GivesUpOnCraftedLengths) {
+TEST_P(OutboxMoves, GivesUpOnCraftedLengths) {
   { add(*open(), "a"); }
   std::string crafted(kJXJournalMagic);
   const std::string frame = [] {
@@ -356,7 +367,7 @@ TEST_F(OutboxMoves, GivesUpOnCraftedLengths) {
   EXPECT_GE(reader.falseBytes(), crafted.size()) << "the limit was reached";
 }
 
-TEST_F(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
+TEST_P(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
   JXOutboxBounds bounds;
   bounds.maxBytes = kSegment;
   const auto outbox = open(bounds);
@@ -376,7 +387,7 @@ TEST_F(OutboxMoves, DeadLettersHaveNoMoreBytesThanTheQueue) {
   EXPECT_EQ(outbox->counters().rejected, 60u);
 }
 
-TEST_F(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
+TEST_P(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
   fs::create_directories(state_ + "/outbox");
   fs::permissions(state_ + "/outbox", fs::perms::owner_all);
   fs::permissions(state_, fs::perms::owner_all);
@@ -394,7 +405,7 @@ TEST_F(OutboxMoves, QuarantinedFilesUseLimitedSpace) {
   EXPECT_EQ(outbox->counters().quarantinedDeleted, 4u);
 }
 
-TEST_F(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
+TEST_P(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
   JXOutboxBounds bounds;
   bounds.maxBytes = kSegment;
   bounds.maxRequests = 10'000;
@@ -421,7 +432,7 @@ TEST_F(OutboxMoves, RewritesSegmentsThatAreMostlyObsolete) {
 }
 
 // Renames, replaces or deletes a folder or the file that is written, in each place.
-TEST_F(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
+TEST_P(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
   const std::string elsewhere = folder_.file("elsewhere");
   const std::string outboxPath = state_ + "/outbox";
   const std::string segment = outboxPath + "/segment-0000000000000001";
@@ -458,6 +469,32 @@ TEST_F(OutboxMoves, EachChangeOfThePathLosesNothingForTheNextStart) {
     EXPECT_EQ(sorted(found()), (Bodies{"a", "b", "c", "d"}));
   }
 }
+
+int statusCalls = 0;
+
+TEST_P(OutboxMoves, ComparesThePathOfARequestOnlyIfItIsNotWatched) {
+  const auto outbox = open();
+  add(*outbox, "a");
+  JXFileCalls::current().status = [](int folder, const char* name, struct stat* status) {
+    ++statusCalls;
+    return JXFileCalls::system().status(folder, name, status);
+  };
+  statusCalls = 0;
+  for (int i = 0; i < 10; ++i)
+    add(*outbox, "b");
+  JXFileCalls::current() = JXFileCalls::system();
+#if defined(__linux__)
+  EXPECT_EQ(statusCalls, isWatched() ? 0 : 10);
+#else
+  EXPECT_EQ(statusCalls, 10);
+#endif
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, OutboxMoves,
+                         ::testing::Values(Detection::Watch, Detection::Comparison),
+                         [](const auto& each) {
+                           return each.param == Detection::Watch ? "Watched" : "Compared";
+                         });
 
 }  // namespace
 }  // namespace jx
