@@ -35,24 +35,26 @@ std::string JXOmissionLog::eventName() const {
   return name_.testString() ? name_.toStdString() : std::string(className_);
 }
 
-void JXOmissionLog::report(Cause cause, std::string_view key, std::string_view what) {
+void JXOmissionLog::reportOnce(Cause cause, std::string_view key, std::string_view what) {
   if (!isNew(cause, key)) return;
   JXLogger::sharedInstance().logMessage_withLevel(
       concat({innermostLog->eventName(), ": ", key, what}), 3);
 }
 
-void JXOmissionLog::reportNaN(std::string_view key) { report(Cause::NaN, key, " is NaN; omitted"); }
+void JXOmissionLog::reportNaN(std::string_view key) {
+  reportOnce(Cause::NaN, key, " is NaN; omitted");
+}
 
 void JXOmissionLog::reportOutsideEnumeration(std::string_view key) {
-  report(Cause::OutsideEnumeration, key, " is outside its enumeration; omitted");
+  reportOnce(Cause::OutsideEnumeration, key, " is outside its enumeration; omitted");
 }
 
 void JXOmissionLog::reportNullElement(std::string_view key) {
-  report(Cause::NullElement, key, " contains a null element; skipped");
+  reportOnce(Cause::NullElement, key, " contains a null element; skipped");
 }
 
 void JXOmissionLog::reportNullString(std::string_view key) {
-  report(Cause::NullString, key, " is null; skipped");
+  reportOnce(Cause::NullString, key, " is null; skipped");
 }
 
 }  // namespace jx

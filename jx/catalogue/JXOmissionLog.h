@@ -37,7 +37,7 @@ class JXOmissionLog {
   enum class Cause { NaN, OutsideEnumeration, NullElement, NullString };
 
   static bool isNew(Cause cause, std::string_view key);
-  static void report(Cause cause, std::string_view key, std::string_view what);
+  static void reportOnce(Cause cause, std::string_view key, std::string_view what);
   std::string eventName() const;
 
   const JXString& name_;

@@ -48,7 +48,7 @@ class JX_API JXDynamicStore final : public IJXDynamicStore {
 
   /// Where a reader found a key, so that its next call needs no search. One for each key.
   struct Place {
-    std::size_t position = 0;
+    std::size_t position = 0;  ///< of the entry
     std::uint64_t layout = 0;  ///< 0 before the first search
   };
 

@@ -33,7 +33,7 @@ constexpr std::string_view kConsentModule = "JXMobileConsent";
 constexpr std::string_view kSetDefaultEventParameters = "setDefaultEventParameters:parameters:";
 constexpr std::string_view kLogEvent = "logEventWithName:parameters:";
 
-void logMessage(std::string_view message, int level) {
+void logLine(std::string_view message, int level) {
   JXLogger::sharedInstance().logMessage_withLevel(message, level);
 }
 
@@ -96,11 +96,11 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
                        std::shared_ptr<IJXFirebaseInstance> firebaseInstance) {
   const JXCoreCaller caller("an initialiser of ServerSide");
   initialisation_ = JXServerSideInitialisation::init();
-  logMessage(concat({"Server-Side SDK init with version ", kJXServerSideVersion}), 4);
+  logLine(concat({"Server-Side SDK init with version ", kJXServerSideVersion}), 4);
   const std::string site = std::to_string(siteID);
-  if (siteID != 0) logMessage(concat({"Server-Side SDK init with siteID ", site}), 4);
+  if (siteID != 0) logLine(concat({"Server-Side SDK init with siteID ", site}), 4);
   if (!sourceKey.testString()) {
-    logMessage("Server-Side SDK init without a source key; events are sent with an empty token", 3);
+    logLine("Server-Side SDK init without a source key; events are sent with an empty token", 3);
   }
   defaultBehaviour_ = defaultBehaviour;
   const JXString endpoint = JXCoreServices::sharedInstance().collectionEndpoint();
@@ -124,20 +124,20 @@ void ServerSide::start(std::int32_t siteID, const JXString& sourceKey,
 JXStartState ServerSide::setInitialState() {
   if (defaultBehaviour_ == EJXDefaultBehaviour_DISABLED_BY_DEFAULT) {
     serverSideState_ = EJXServerSideState_DISABLED;
-    logMessage("Starting Server-Side SDK as 'Disabled by default'", 5);
+    logLine("Starting Server-Side SDK as 'Disabled by default'", 5);
     return JXStartState::Disabled;
   }
   if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) {
     serverSideState_ = EJXServerSideState_ENABLED;
-    logMessage("Starting Server-Side SDK as 'Always Enabled'", 5);
+    logLine("Starting Server-Side SDK as 'Always Enabled'", 5);
     return JXStartState::AlwaysEnabled;
   }
   if (JXClassRegistry::sharedInstance().hasClass(kConsentModule)) {
-    logMessage("Starting Server-Side SDK and waiting for consent", 5);
+    logLine("Starting Server-Side SDK and waiting for consent", 5);
     serverSideState_ = EJXServerSideState_WAITING_FOR_CONSENT;
     return JXStartState::WaitingForConsent;
   }
-  logMessage("Starting Server-Side SDK", 5);
+  logLine("Starting Server-Side SDK", 5);
   serverSideState_ = EJXServerSideState_ENABLED;
   return JXStartState::Enabled;
 }
@@ -173,7 +173,7 @@ void ServerSide::execute(const std::shared_ptr<JXEvent>& event) {
   const std::int32_t state = serverSideState_;
   if (state == EJXServerSideState_DISABLED || JXForkedChild::ignores("execute()")) return;
   if (!event) {
-    logMessage("execute() called with a null event; ignored", 3);
+    logLine("execute() called with a null event; ignored", 3);
     return;
   }
   guarded("execute() failed", [&] { send(*event, state); });
@@ -208,11 +208,10 @@ bool ServerSide::composeAndPost(JXEvent& event, std::int32_t state, JXNewSession
 
 JXString ServerSide::compose(JXEvent& event, std::int32_t state, JXNewSessionClaim& claim) {
   const bool isDetailLogged = JXLogger::sharedInstance().printsLevel(6);
-  if (isDetailLogged)
-    logMessage(concat({"Server-Side SDK sending event: ", event.name().view()}), 6);
+  if (isDetailLogged) logLine(concat({"Server-Side SDK sending event: ", event.name().view()}), 6);
   if (const auto store = permanentStore()) event.addAdditionalProperty(*store);
   JXString body = JXPostData::executionBody(event, state, claim);
-  if (isDetailLogged) logMessage(concat({"Event payload: ", body.view()}), 6);
+  if (isDetailLogged) logLine(concat({"Event payload: ", body.view()}), 6);
   return body;
 }
 
@@ -254,7 +253,7 @@ void ServerSide::enableRunningInBackground() {
   guarded("enableRunningInBackground() failed", [] {
     JXCoreVariables::sharedInstance().setEnableSDKInBG(true);
     JXNetworkManager::sharedInstance().enableRunningInBackground();
-    logMessage("Server-Side SDK is now enabled to run in background", 5);
+    logLine("Server-Side SDK is now enabled to run in background", 5);
   });
 }
 
@@ -283,7 +282,7 @@ void ServerSide::addAdvertisingIDs() {
   if (JXForkedChild::ignores("addAdvertisingIDs()")) return;
   guarded("addAdvertisingIDs() failed", [this] {
     if (!JXCoreServices::sharedInstance().mayStore()) {
-      logMessage("addAdvertisingIDs() called before the viewer consented; ignored", 3);
+      logLine("addAdvertisingIDs() called before the viewer consented; ignored", 3);
       return;
     }
     JXCoreVariables::sharedInstance().setIDFV();
@@ -317,11 +316,11 @@ void ServerSide::onNotificationReceived(const JXNotification& notification) {
     // Checked here too, because the notification may come from another sender.
     if (defaultBehaviour_ == EJXDefaultBehaviour_ALWAYS_ENABLED) return;
     if (applyDecision(notification, EJXServerSideState_DISABLED)) {
-      logMessage("Server-Side SDK is now deactivated", 5);
+      logLine("Server-Side SDK is now deactivated", 5);
     }
   } else if (notification.name.view() == kJXNotification_EnablingTheServerSide) {
     if (applyDecision(notification, EJXServerSideState_ENABLED)) {
-      logMessage("Server-Side SDK is now activated", 5);
+      logLine("Server-Side SDK is now activated", 5);
       // If data may be stored only with consent, the first visit begins now.
       static_cast<void>(JXPredefinedVariables::sharedInstance());
     }

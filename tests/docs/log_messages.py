@@ -18,25 +18,25 @@ FORWARDED = {
     ("jx/core/transfer/JXTransferLoop.cpp", "message"): None,
     ("jx/core/JXStartGuard.cpp", "message"): lambda tree: tree.last_messages(),
     ("jx/facade/ServerSide.cpp", "message"): None,
-    ("jx/facade/ServerSide.cpp", 'std::string(failure) + ": " + error.what()'):
-        lambda tree: tree.with_arguments("jx/facade/ServerSide.cpp", "guarded",
-                                         {"failure": 0}),
-    ("jx/core/transfer/JXNetworkManager.cpp",
-     'std::string(failure) + ": " + error.what() + "; " + consequence'):
-        lambda tree: tree.with_arguments("jx/core/transfer/JXNetworkManager.cpp", "guarded",
-                                         {"failure": 0, "consequence": 1}),
+    ("jx/core/JXExceptionLog.cpp",
+     'concat({failure, ": ", error.what(), separator, consequence})'):
+        lambda tree: tree.exceptions(),
+    ("jx/catalogue/JXOmissionLog.cpp", 'concat({innermostLog->eventName(), ": ", key, what})'):
+        lambda tree: tree.with_arguments("jx/catalogue/JXOmissionLog.cpp", "reportOnce",
+                                         {"what": 2}),
     ("jx/core/JXCoreServices.cpp", "endpoint.message.view()"):
         lambda tree: tree.endpoint_messages(),
-    ("jx/core/storage/JXStorageReport.cpp", 'subject_ + ": cannot " + action + ": " + reason'):
+    ("jx/core/storage/JXStorageReport.cpp",
+     'concat({subject_, ": cannot ", action, ": ", reason})'):
         lambda tree: tree.storage_failures(),
     ("jx/core/storage/JXStorageReport.cpp",
-     'subject_ + ": damaged data in " + path + "; quarantined in a .damaged-* file"'):
+     'concat({subject_, ": damaged data in ", path, "; quarantined in a .damaged-* file"})'):
         lambda tree: tree.storage_subjects(),
     ("jx/core/storage/JXStorageReport.cpp",
-     'subject_ + ": old quarantined files deleted: limit of number, size or age"'):
+     'concat({subject_, ": old quarantined files deleted: limit of number, size or age"})'):
         lambda tree: tree.storage_subjects(),
     ("jx/core/storage/JXStorageReport.cpp",
-     'subject_ + ": cannot queue an event: out of memory; event dropped"'):
+     'concat({subject_, ": cannot queue an event: out of memory; event dropped"})'):
         lambda tree: tree.storage_subjects("jx/core/storage/JXOutbox.cpp"),
     ("jx/c/internal/JXCall.cpp", 'std::string(operation) + ": " + detail'):
         lambda tree: tree.c_details(),
@@ -44,8 +44,7 @@ FORWARDED = {
 
 # Messages that docs/logging.md does not list one by one, with the reason.
 NOT_LISTED = {
-    ("jx/facade/ServerSide.cpp", "failure"): "logged without cause; the page says so",
-    ("jx/core/transfer/JXNetworkManager.cpp", "failure"): "logged without cause; the page says so",
+    ("jx/core/JXExceptionLog.cpp", "failure"): "logged without cause; the page says so",
     ("jx/c/internal/JXCall.cpp", "operation"): "logged without cause; the page says so",
 }
 
@@ -133,7 +132,8 @@ class Tree:
         for file, text in self.sources.items():
             if file in (LOGGER, LOGGER_OF_THE_APPLICATION):
                 continue
-            for position, arguments in self.calls(file, "|".join([*functions, r"\blog"])):
+            names = "|".join([*functions, r"\blog(?:Line)?"])
+            for position, arguments in self.calls(file, names):
                 if len(arguments) == 2:
                     found |= self.messages_of(file, position, *arguments)
                 elif one_line(", ".join(arguments)) != "messages":
@@ -199,6 +199,10 @@ class Tree:
         if expression.startswith("(") and expression == f"({in_brackets(expression, 0)})":
             return self.values(file, position, expression[1:-1], environment)
         call = re.fullmatch(r"([\w:]+)\((.*)\)", expression, re.DOTALL)
+        if call and call.group(1) == "concat":
+            parts = split_at_top_level(in_brackets(call.group(2).strip(), 0), ",")
+            terms = " + ".join(f"({part.strip()})" for part in parts if part.strip())
+            return self.values(file, position, terms, environment)
         if call and call.group(1) in ("std::string", "std::string_view"):
             return self.values(file, position, call.group(2), environment)
         if call:
@@ -238,6 +242,14 @@ class Tree:
         for position, arguments in self.calls(file, rf"\b{function}"):
             yield {"file": file, "position": position,
                    **{name: arguments[index] for name, index in parameters.items()}}
+
+    def exceptions(self):
+        """Yields the messages about exceptions of the operations that an application calls."""
+        for each in self.with_arguments("jx/facade/ServerSide.cpp", "guarded", {"failure": 0}):
+            yield {**each, "text": 'failure + ": " + error.what()'}
+        for each in self.with_arguments("jx/core/transfer/JXNetworkManager.cpp", "guarded",
+                                        {"failure": 0, "consequence": 1}):
+            yield {**each, "text": 'failure + ": " + error.what() + "; " + consequence'}
 
     def last_messages(self):
         """Yields the messages of threads that do not continue."""

@@ -475,7 +475,8 @@ class Command(Tree):
                      "std::shared_ptr<JXAdditionalProperties> extras_;"):
             self.assertIn(line, header)
         source = (self.root / "jx/session/JXViewFields.cpp").read_text(encoding="utf-8")
-        for line in ('isNew_ = values[0].view() == "1";', "count_ = std::move(values[1]);",
+        for line in ('isNew_ = strings.view(kJXPredefinedVariable_IsNew, places_[0]) == "1";',
+                     "strings.read(kJXPredefinedVariable_Count, places_[1], count_);",
                      'sink.numberFromString("count", count_);', 'screen.number("width", width_);'):
             self.assertIn(line, source)
 
