@@ -55,7 +55,7 @@ class JXSocketGate {
 
   mutable std::mutex mutex_;
   std::atomic<bool> isShut_{false};
-  bool holdsBack_ = false;
+  [[maybe_unused]] bool holdsBack_ = false;  // only where the system has the option
   std::vector<Socket> sockets_;
 };
 
