@@ -3,6 +3,7 @@
 
 // Properties of the system and the application, read once at start-up.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -28,8 +29,8 @@ JXPlatform& platform() { return JXCoreServices::sharedInstance().platform(); }
 std::string truncatedToInteger(double points) {
   constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
   if (std::isnan(points)) return "0";
-  return std::to_string(
-      static_cast<std::int32_t>(std::fmax(-kLargest, std::fmin(points, kLargest))));
+  // Not std::fmax: C programs that link the static library need not link libm.
+  return std::to_string(static_cast<std::int32_t>(std::clamp(points, -kLargest, kLargest)));
 }
 
 std::vector<std::string> splitAtHyphens(std::string_view tag) {
