@@ -130,8 +130,7 @@ def check_options(root, page):
         text = file.read_text(encoding="utf-8")
         for name, default in re.findall(r'\boption\((JX_\w+)\s+"[^"]*"\s+([^\s)]+)\)', text):
             known[name] = {"ON": "on", "OFF": "off",
-                           "${PROJECT_IS_TOP_LEVEL}": "on if top-level project",
-                           "${as_unit}": "on in optimised builds"}.get(default, default)
+                           "${PROJECT_IS_TOP_LEVEL}": "on if top-level project"}.get(default, default)
         for name, default in re.findall(r'\bset\((JX_\w+) "?([^"\s]*)"? CACHE', text):
             known[name] = f"`{default}`" if default else "empty"
     shown = {name: default for names, default in NAME_ROW.findall(section(page, "Build options"))
