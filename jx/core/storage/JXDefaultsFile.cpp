@@ -251,7 +251,8 @@ void JXDefaultsFile::maintain() {
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
     pathCheck_.forget();
     ensureOpen();
-    writeUnsaved();
+    // Not some of the values that a thread is setting together. They are written later.
+    if (changing_ == std::thread::id()) writeUnsaved();
   }
   syncChanges();
   compact();
