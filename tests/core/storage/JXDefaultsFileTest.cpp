@@ -207,6 +207,20 @@ TEST_F(DefaultsFile, KeepsAValueSetDuringTheSyncOfTheCompactedFile) {
   EXPECT_FALSE(again.objectForKey("removed").isPresent());
 }
 
+TEST_F(DefaultsFile, MaintenanceWritesNoPartOfTheValuesThatAreSetTogether) {
+  JXDefaultsFile file(path_);
+  file.setObject_forKey("1", "visits");
+  file.beginChanges();
+  file.setObject_forKey("7", "duration");
+  std::thread([&] { file.maintain(); }).join();
+  EXPECT_FALSE(JXDefaultsFile(path_).objectForKey("duration").isPresent());
+  file.setObject_forKey("2", "visits");
+  file.endChanges();
+  JXDefaultsFile again(path_);
+  EXPECT_EQ(again.objectForKey("duration"), "7");
+  EXPECT_EQ(again.objectForKey("visits"), "2");
+}
+
 TEST_F(DefaultsFile, AcceptsValuesFromOtherThreadsDuringMaintenance) {
   JXDefaultsFile file(path_);
   std::thread setter([&] {
