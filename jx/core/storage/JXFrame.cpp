@@ -16,6 +16,8 @@ constexpr std::size_t kChunk = 64 * 1024;
 // to the rest of the file, so their number is limited, far above what accidental damage causes.
 constexpr unsigned kMaxFalseMagics = 1'000;
 constexpr std::uint64_t kMaxChecks = 2;  // of the whole file
+// In addition, so that a few damaged lengths in a small file never hide the frames after them.
+constexpr std::uint64_t kAlwaysChecked = 4 * 1024 * 1024;
 
 }  // namespace
 
@@ -90,7 +92,8 @@ std::size_t JXFrameReader::frameSizeAt(std::uint64_t offset) {
 // end.
 std::uint64_t JXFrameReader::nextMagic(std::uint64_t from) {
   // Crafted lengths could make each byte part of a thousand checksums.
-  while (from < end_ && falseMagicCount_ < kMaxFalseMagics && falseBytes_ / kMaxChecks <= end_) {
+  while (from < end_ && falseMagicCount_ < kMaxFalseMagics &&
+         falseBytes_ <= kMaxChecks * end_ + kAlwaysChecked) {
     const std::string_view bytes = bytesAt(from, kFrameMagic.size());
     if (bytes.size() < kFrameMagic.size()) return end_;
     // The whole buffered range, not only the four bytes requested.

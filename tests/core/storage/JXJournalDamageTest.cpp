@@ -148,5 +148,25 @@ TEST_F(JournalDamage, StopsAfterManyFalseMagics) {
   EXPECT_EQ(found, texts_);
 }
 
+// Each of the ten lengths covers the rest of the file, so all bytes are checked ten times.
+TEST_F(JournalDamage, DamagedLengthsLoseNoFramesOfASmallFile) {
+  std::string damaged = whole_;
+  for (std::size_t i = 0; i < 10; ++i)
+    putU32(&damaged[starts_[i] + 4], static_cast<std::uint32_t>(whole_.size() - starts_[i] - 12));
+  const std::vector<std::string> intact(texts_.begin() + 10, texts_.end());
+  EXPECT_EQ(recovered(damaged), intact);
+}
+
+// The lengths exceed the file until a frame is appended.
+TEST_F(JournalDamage, AppendedFrameHidesNoOther) {
+  std::string damaged = whole_;
+  for (std::size_t i = 0; i < 10; ++i)
+    putU32(&damaged[starts_[i] + 4], static_cast<std::uint32_t>(whole_.size() - starts_[i]));
+  std::vector<std::string> expected(texts_.begin() + 10, texts_.end());
+  EXPECT_EQ(recovered(damaged), expected);
+  expected.emplace_back("after");
+  EXPECT_EQ(scanned(), expected);
+}
+
 }  // namespace
 }  // namespace jx
