@@ -41,6 +41,7 @@ bool JXDefaultsFile::dropErased() {
   const std::uint64_t erasures = erasures_ ? erasures_->count() : 0;
   if (erasures == seenErasures_) return false;
   unsaved_.clear();
+  earlier_.clear();
   if (journal_ != nullptr && journal_->file().isLinked()) {
     for (const auto& entry : content_.values)
       unsaved_.insert(entry.first);
@@ -54,7 +55,7 @@ bool JXDefaultsFile::dropErased() {
   rewriting_ = dirty_ = folderDirty_ = damaged_ = false;
   // Last: an exception before must not keep erased values.
   seenErasures_ = erasures;
-  if (changing_ == std::thread::id()) writeUnsaved();
+  writeUnsaved();
   return true;
 }
 
@@ -79,32 +80,20 @@ void JXDefaultsFile::setObject_forKey(const JXString& value, const JXString& key
   if (!key.isPresent()) return;
   JXReportingLock locked(mutex_, report_);
   dropErased();
-  if (valueOf(key) == value) return;
+  const auto found = content_.values.find(key);
+  if (found == content_.values.end() ? !value.isPresent() : found->second.value == value) return;
   // Before the change, so that no value is changed and not written when memory is exhausted.
   unsaved_.insert(key);
   if (rewriting_) changed_.insert(key);
-  content_.values[key].value = value;
+  auto& [ownKey, stored] = *content_.values.try_emplace(key).first;
+  if (changing_ == std::this_thread::get_id()) {
+    earlier_.emplace_back(&ownKey, stored.value);
+    stored.value = value;
+    return;
+  }
+  stored.value = value;
   ++changes_;
-  if (changing_ == std::this_thread::get_id()) return;
-  ensureOpen();
-  writeUnsaved();
-}
-
-void JXDefaultsFile::beginChanges() {
-  const std::lock_guard<std::mutex> lock(mutex_);
-  // While another thread is between beginChanges and endChanges, changes are written one by one.
-  if (changing_ == std::thread::id()) changing_ = std::this_thread::get_id();
-}
-
-void JXDefaultsFile::endChanges() {
-  JXReportingLock locked(mutex_, report_);
-  if (changing_ != std::this_thread::get_id()) return;
-  changing_ = std::thread::id();
-  dropErased();
-  // Also without a change: a deleted file may mean an erase.
-  const bool isCurrent = isOpenAtPath();
-  if (isCurrent && (unsaved_.empty() || defersChanges())) return;
-  if (unsaved_.empty() && journal_ == nullptr) return;
+  forgetEarlierValueOf(key);
   ensureOpen();
   writeUnsaved();
 }
@@ -224,21 +213,23 @@ bool JXDefaultsFile::writeFrames(std::string_view frames) {
   return true;
 }
 
-void JXDefaultsFile::writeUnsaved() {
-  if (unsaved_.empty()) return;
+// Returns whether all values are written, except those that a thread is setting together.
+bool JXDefaultsFile::writeUnsaved() {
+  if (unsaved_.empty()) return true;
   std::string frames;
   for (const JXString& key : unsaved_)
-    encodeValue(key, valueOf(key), frames);
+    encodeValue(key, completeValueOf(key), frames);
   if (writer_ != 0) encodeCheckpoint(writer_, sequence_, frames);
   // After a partial write, stored changes would not apply: some values may follow the checkpoint.
   hasCheckpoint_ = false;
-  if (!writeFrames(frames)) return;
+  if (!writeFrames(frames)) return false;
   hasCheckpoint_ = writer_ != 0;
   for (const JXString& key : unsaved_) {
     const auto written = content_.values.find(key);
     if (written != content_.values.end()) written->second.position = ++content_.lastPosition;
   }
-  unsaved_.clear();
+  forgetWritten();
+  return true;
 }
 
 void JXDefaultsFile::maintain() {
@@ -251,8 +242,7 @@ void JXDefaultsFile::maintain() {
     if (!dirty_ && !folderDirty_ && unsaved_.empty()) return;
     pathCheck_.forget();
     ensureOpen();
-    // Not some of the values that a thread is setting together. They are written later.
-    if (changing_ == std::thread::id()) writeUnsaved();
+    writeUnsaved();
   }
   syncChanges();
   compact();
@@ -334,7 +324,8 @@ bool JXDefaultsFile::rewrite() {
 // Reads the file instead of using memory: a process that has exited may have set values.
 bool JXDefaultsFile::beginRewrite(std::string& frames) {
   const JXReportingLock locked(mutex_, report_);
-  if (journal_ == nullptr) return false;
+  // The next maintenance does it if a thread is setting values together.
+  if (journal_ == nullptr || !earlier_.empty()) return false;
   JXDefaultsContent content;
   if (!readContent(*journal_, JXJournal::Writers::One, content)) return false;
   adoptContent(content, true);
@@ -350,7 +341,7 @@ bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::
                                    int error) {
   std::string frames;
   for (const JXString& key : changed_)
-    encodeValue(key, valueOf(key), frames);
+    encodeValue(key, completeValueOf(key), frames);
   if (writer_ != 0) encodeCheckpoint(writer_, sequence_, frames);
   if (error == 0 && !frames.empty()) error = fresh->appendFrames(frames);
   if (error == 0 && !fresh->file().tryLock(JXFile::Lock::Shared)) error = EWOULDBLOCK;
@@ -362,7 +353,7 @@ bool JXDefaultsFile::finishRewrite(std::shared_ptr<JXJournal> fresh, const std::
   fresh->setWriters(JXJournal::Writers::Several);
   journal_ = std::move(fresh);
   hasCheckpoint_ = writer_ != 0;
-  unsaved_.clear();
+  forgetWritten();
   damaged_ = false;
   dirty_ = dirty_ || !frames.empty();
   folderDirty_ = true;

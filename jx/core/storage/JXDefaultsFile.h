@@ -10,6 +10,8 @@
 #include <thread>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
+#include <vector>
 
 #include "jx/core/storage/JXDefaultsFormat.h"
 #include "jx/core/storage/JXErasures.h"
@@ -105,8 +107,11 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   bool defersChanges();
   bool isSetLater(const JXString& key, std::uint64_t writer) const;
   JXString valueOf(const JXString& key) const;
+  JXString completeValueOf(const JXString& key) const;
+  void forgetEarlierValueOf(const JXString& key);
+  void forgetWritten();
   bool writeFrames(std::string_view frames);
-  void writeUnsaved();
+  bool writeUnsaved();
   void syncChanges();
   void compact();
   bool needsCompaction() const;
@@ -134,6 +139,9 @@ class JXDefaultsFile final : public JXPlatformDefaults {
   std::unordered_set<JXString> unsaved_;  ///< keys whose last change is in memory only
   std::unordered_set<JXString> changed_;  ///< keys set since the current rewrite began
   std::thread::id changing_;              ///< the thread between `beginChanges` and `endChanges`
+  /// The keys, in `content_`, that this thread has set so far, and their values before, which are
+  /// the ones to write until `endChanges`. A key may occur again, with a later value.
+  std::vector<std::pair<const JXString*, JXString>> earlier_;
   std::unordered_map<JXString, Stored> stored_;  ///< by key, until `applyStored`
   std::uint64_t writer_ = 0;                     ///< random; 0: changes are not deferred
   std::uint64_t sequence_ = 0;                   ///< of the last changes stored with a request

@@ -1,8 +1,10 @@
 // Copyright 2026 The JXServerSide authors
 // SPDX-License-Identifier: Apache-2.0
 //
-// The operations of JXDefaultsFile that store changes with requests, and find them again.
+// The operations of JXDefaultsFile that set several values together, store changes with requests,
+// and find them again.
 #include <algorithm>
+#include <iterator>
 #include <random>
 
 #include "jx/core/storage/JXDefaultsFile.h"
@@ -22,6 +24,51 @@ std::uint64_t newWriter() noexcept {
 }
 
 }  // namespace
+
+void JXDefaultsFile::beginChanges() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  // While another thread is between beginChanges and endChanges, changes are written one by one.
+  if (changing_ == std::thread::id()) changing_ = std::this_thread::get_id();
+}
+
+void JXDefaultsFile::endChanges() {
+  JXReportingLock locked(mutex_, report_);
+  if (changing_ != std::this_thread::get_id()) return;
+  changing_ = std::thread::id();
+  if (!earlier_.empty()) ++changes_;
+  earlier_.clear();
+  dropErased();
+  // Also without a change: a deleted file may mean an erase.
+  const bool isCurrent = isOpenAtPath();
+  if (isCurrent && (unsaved_.empty() || defersChanges())) return;
+  if (unsaved_.empty() && journal_ == nullptr) return;
+  ensureOpen();
+  writeUnsaved();
+}
+
+// Returns the value of the key that may be written: while a thread is setting several, the value
+// before.
+JXString JXDefaultsFile::completeValueOf(const JXString& key) const {
+  for (const auto& [changedKey, value] : earlier_)
+    if (*changedKey == key) return value;
+  return valueOf(key);
+}
+
+// Another thread has set the value.
+void JXDefaultsFile::forgetEarlierValueOf(const JXString& key) {
+  const auto isIt = [&](const auto& each) { return *each.first == key; };
+  earlier_.erase(std::remove_if(earlier_.begin(), earlier_.end(), isIt), earlier_.end());
+}
+
+// Leaves the values that a thread is setting together, which `endChanges` writes.
+void JXDefaultsFile::forgetWritten() {
+  const auto isChanging = [&](const JXString& key) {
+    return std::any_of(earlier_.begin(), earlier_.end(),
+                       [&](const auto& each) { return *each.first == key; });
+  };
+  for (auto key = unsaved_.begin(); key != unsaved_.end();)
+    key = isChanging(*key) ? std::next(key) : unsaved_.erase(key);
+}
 
 // Returns whether the unsaved values are left to the scope of this thread.
 bool JXDefaultsFile::defersChanges() {
@@ -44,7 +91,7 @@ std::uint64_t JXDefaultsFile::encodeChanges(std::string& payload) {
   if (unsaved_.empty() || !hasCheckpoint_) return 0;
   encodeStoredChanges(writer_, ++sequence_, payload);
   for (const JXString& key : unsaved_)
-    encodeStoredChange(key, valueOf(key), payload);
+    encodeStoredChange(key, completeValueOf(key), payload);
   return changes_;
 }
 
@@ -58,8 +105,7 @@ bool JXDefaultsFile::saveChanges() {
   dropErased();
   if (unsaved_.empty()) return true;
   ensureOpen();
-  writeUnsaved();
-  return unsaved_.empty();
+  return writeUnsaved();
 }
 
 void JXDefaultsFile::restore() {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -238,6 +239,78 @@ TEST_F(DeferredChanges, ForkedChildWritesNothing) {
   EXPECT_FALSE(inFile().isPresent());
   changes.reset();
   EXPECT_EQ(inFile(), "1");
+}
+
+TEST_F(DeferredChanges, ValueOfAnotherThreadWritesNoPartOfTheValuesThatAreSetTogether) {
+  const auto process = startRegistered();
+  process->execute("1");
+  process->defaults.beginChanges();
+  process->defaults.setObject_forKey("2", kKey);
+  std::thread([&] { process->defaults.setObject_forKey("tv", "model"); }).join();
+  EXPECT_EQ(inFile(), "1");
+  EXPECT_EQ(foundAfterKill(), "1");
+  EXPECT_EQ(process->value(), "2");
+  process->defaults.setObject_forKey("3", kKey);
+  process->defaults.endChanges();
+  EXPECT_EQ(inFile(), "3");
+}
+
+TEST_F(DeferredChanges, ValueThatAnotherThreadSetsMeanwhileIsWritten) {
+  const auto process = startRegistered();
+  process->defaults.beginChanges();
+  process->defaults.setObject_forKey("1", kKey);
+  std::thread([&] { process->defaults.setObject_forKey("2", kKey); }).join();
+  EXPECT_EQ(inFile(), "2");
+  process->defaults.endChanges();
+  EXPECT_EQ(inFile(), "2");
+}
+
+TEST_F(DeferredChanges, EventOfAnotherThreadStoresNoPartOfTheValuesThatAreSetTogether) {
+  const auto process = startRegistered();
+  std::promise<void> changed;
+  std::promise<void> mayAdd;
+  std::thread event([&] {
+    const JXDeferredChanges changes;
+    process->change("1");
+    changed.set_value();
+    mayAdd.get_future().wait();
+    process->outbox.add(kTestUrl, "body");
+  });
+  changed.get_future().wait();
+  const JXDeferredChanges changes;
+  process->defaults.beginChanges();
+  process->defaults.setObject_forKey("2", kKey);
+  mayAdd.set_value();
+  event.join();
+  EXPECT_EQ(foundAfterKill(), "1");
+  process->defaults.endChanges();
+  process->outbox.add(kTestUrl, "body");
+  EXPECT_FALSE(inFile().isPresent());
+  EXPECT_EQ(foundAfterKill(), "2");
+}
+
+TEST_F(DeferredChanges, DeletingTheirFileWritesNoPartOfTheValuesThatAreSetTogether) {
+  const auto process = startRegistered();
+  process->execute("1");
+  process->defaults.beginChanges();
+  process->defaults.setObject_forKey("2", kKey);
+  process->outbox.purge();
+  EXPECT_EQ(inFile(), "1");
+  process->defaults.endChanges();
+  EXPECT_EQ(inFile(), "2");
+}
+
+TEST_F(DeferredChanges, EraseDropsValuesThatAreBeingSetTogether) {
+  const auto process = startRegistered();
+  process->change("1");
+  process->defaults.beginChanges();
+  process->defaults.setObject_forKey("2", kKey);
+  EXPECT_EQ(process->erasures->erase(), std::vector<std::string>());
+  process->defaults.setObject_forKey("7", "visits");
+  process->defaults.endChanges();
+  EXPECT_FALSE(process->value().isPresent());
+  EXPECT_FALSE(inFile().isPresent());
+  EXPECT_EQ(JXDefaultsFile(killedNow() + "/defaults").objectForKey("visits"), "7");
 }
 
 TEST_F(DeferredChanges, LastValueOfSeveralThreadsIsFound) {
