@@ -3,9 +3,9 @@
 #include "tests/fuzz/Fuzz.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 #include "jx/core/JXLogger.h"
@@ -17,11 +17,9 @@ void require(bool holds, const char* property) { require(holds, property, {}, {}
 
 void require(bool holds, const char* property, std::string_view actual, std::string_view expected) {
   if (holds) return;
-  std::fprintf(stderr, "violated: %s\n", property);
-  if (!actual.empty() || !expected.empty()) {
-    std::fprintf(stderr, "actual:   %.*s\n  expected: %.*s\n", static_cast<int>(actual.size()),
-                 actual.data(), static_cast<int>(expected.size()), expected.data());
-  }
+  std::cerr << "violated: " << property << '\n';
+  if (!actual.empty() || !expected.empty())
+    std::cerr << "actual:   " << actual << "\nexpected: " << expected << '\n';
   std::abort();
 }
 

@@ -69,7 +69,7 @@ void checkDate(Input input) {
   std::array<char, 64> text{};
   std::strftime(text.data(), text.size(), "%a, %d %b %Y %H:%M:%S GMT", &parts);
   // strftime writes a year before 1000 with fewer digits.
-  std::array<char, 8> year{};
+  std::array<char, 16> year{};
   std::snprintf(year.data(), year.size(), "%04d", parts.tm_year + 1900);
   std::string date(text.data());
   date.replace(12, date.size() - 12 - 13, year.data());
