@@ -89,6 +89,47 @@ TEST(HttpServer, PassesHeadersAsSent) {
   EXPECT_EQ(response.substr(response.size() - 9), "<a%41 +b>");
 }
 
+TEST(HttpServer, IgnoresRangeHeaders) {
+  const EchoServer server;
+  std::string overlapping = "Range: bytes=0-";
+  while (overlapping.size() < 4000)
+    overlapping += ",0-";
+  for (const std::string& header :
+       {std::string("Range: bytes=0-0"), std::string("range:bytes=1-"), overlapping,
+        std::string("Range: garbage"), std::string("RANGE: bytes=9-1"),
+        std::string("Range: bytes=0-0\r\nRange: bytes=1-1")}) {
+    RawConnection connection(server.port());
+    ASSERT_TRUE(connection.send("GET /header HTTP/1.1\r\nX-Text: abc\r\n" + header + "\r\n\r\n"));
+    const std::string response = connection.readUntil(">");
+    EXPECT_EQ(response.substr(0, 15), "HTTP/1.1 200 OK") << header.substr(0, 40);
+    EXPECT_NE(response.find("\r\nContent-Length: 5\r\n"), std::string::npos) << response;
+    EXPECT_EQ(response.substr(response.find(kHeadEnd) + 4), "<abc>") << header.substr(0, 40);
+  }
+}
+
+TEST(HttpServer, PassesRangeHeadersToHandlers) {
+  HttpServer server;
+  server.onGet("/range", [](const httplib::Request& request, const std::string&,
+                            httplib::Response& response) {
+    response.set_content("<" + request.get_header_value("Range") + ">", "text/plain");
+  });
+  ASSERT_TRUE(server.start("127.0.0.1", 0));
+  RawConnection connection(server.listeningPort());
+  connection.send("GET /range HTTP/1.1\r\nRange: bytes=0-0\r\n\r\n");
+  const std::string response = connection.readUntil(">");
+  EXPECT_EQ(response.substr(response.find(kHeadEnd) + 4), "<bytes=0-0>");
+}
+
+TEST(HttpServer, RestrictsResponsesToTheirOwnOrigin) {
+  const EchoServer server;
+  for (const char* request : {"GET /header HTTP/1.1\r\n\r\n", "GET /nothing HTTP/1.1\r\n\r\n",
+                              "garbage\r\n\r\n", "GET /throw HTTP/1.1\r\n\r\n"}) {
+    EXPECT_NE(server.responseTo(request).find("\r\nCross-Origin-Resource-Policy: same-origin\r\n"),
+              std::string::npos)
+        << request;
+  }
+}
+
 TEST(HttpServer, HandlesManyRequestsOnOneConnection) {
   const EchoServer server;
   RawConnection connection(server.port());

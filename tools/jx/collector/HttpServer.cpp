@@ -47,6 +47,8 @@ HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
   set_keep_alive_max_count(std::numeric_limits<int>::max());
   // This limit does not apply to chunked bodies, so readBodyThenCall() counts the bytes as well.
   set_payload_max_length(limits.uploadBytes);
+  // Foreign web sites cannot embed a response, such as the list of events as a script.
+  set_default_headers({{"Cross-Origin-Resource-Policy", "same-origin"}});
   set_pre_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
     return rejectOrPass(request, response);
   });
