@@ -72,6 +72,22 @@ TEST_F(CollectorBadInput, RejectsWebSocketUpgrades) {
   }
 }
 
+TEST_F(CollectorBadInput, RequiresOneValidHostHeader) {
+  const std::string line = "GET /api/summary HTTP/1.1\r\n";
+  for (const std::string headers :
+       {"", "Host: localhost\r\nHost: localhost\r\n", "Host:\r\n", "Host: localhost, localhost\r\n",
+        "Host: local host\r\n", "Host: localhost:\r\n", "Host: localhost:x\r\n",
+        "Host: localhost:65536\r\n", "Host: localhost:80:80\r\n", "Host: [::1\r\n",
+        "Host: [::1]x\r\n", "Host: ::1\r\n", "Host: [localhost]\r\n", "Host: user@localhost\r\n",
+        "Host: localhost/\r\n", "Host: 127.0.0.1:-1\r\n"}) {
+    EXPECT_EQ(statusLine(line + headers + "\r\n"), "HTTP/1.1 400 Bad Request") << headers;
+  }
+  for (const std::string host :
+       {"localhost", "LOCALHOST:1", "127.0.0.1:65535", "[::1]", "[::1]:80", "192.0.2.1"}) {
+    EXPECT_EQ(statusLine(line + "Host: " + host + "\r\n\r\n"), "HTTP/1.1 200 OK") << host;
+  }
+}
+
 TEST_F(CollectorBadInput, HandlesMaliciousQueryParameters) {
   for (const std::string query :
        {"text=%00%FF", "name=%27%3B%20DROP%20TABLE%20events%3B--", "session=%25%25",
