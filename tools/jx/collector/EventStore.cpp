@@ -2,7 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/collector/EventStore.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 #include "tools/jx/collector/EventSchema.h"
 #include "tools/jx/collector/HeaderJson.h"
@@ -13,6 +19,21 @@ namespace {
 
 constexpr const char* kCannotStore = "cannot store the event";
 
+// Creates the database file accessible to its owner only, and restricts the files of earlier
+// versions. SQLite gives its companions the mode of the database, whatever the umask.
+Done restrictToOwner(const std::filesystem::path& file) {
+  // An existing file is not opened: closing it would release the locks of SQLite in this process.
+  const int created = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (created >= 0) ::close(created);
+  for (const char* companion : {"", "-wal", "-shm", "-journal"}) {
+    const std::string path = file.string() + companion;
+    if (::chmod(path.c_str(), 0600) == 0 || errno == ENOENT) continue;
+    return Error{"cannot restrict " + path +
+                 " to its owner: " + std::generic_category().message(errno)};
+  }
+  return done();
+}
+
 }  // namespace
 
 EventStore::EventStore(SqliteDatabase writer, std::int64_t maxEvents)
@@ -20,6 +41,7 @@ EventStore::EventStore(SqliteDatabase writer, std::int64_t maxEvents)
 
 Result<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path& file,
                                                      std::int64_t maxEvents) {
+  if (const Done restricted = restrictToOwner(file); !restricted) return restricted.error();
   Result<SqliteDatabase> writer = SqliteDatabase::open(file);
   if (!writer) return writer.error();
   std::unique_ptr<EventStore> store(new EventStore(std::move(*writer), maxEvents));
