@@ -115,6 +115,48 @@ TEST_F(CollectorTransfer, ReportsInvalidLinesAndImportsTheOthers) {
             R"({"line":6,"reason":"body_base64 is not valid Base64"}]})");
 }
 
+TEST_F(CollectorTransfer, ReportsNumbersAndTimesOutOfRangeByLine) {
+  const std::string body = ",\"body\":\"{}\"}\n";
+  const auto response =
+      post("/api/import", "{\"received_ms\":1,\"repeats\":9223372036854775807" + body +
+                              "{\"received_ms\":1,\"repeats\":1000000001" + body +
+                              "{\"received_ms\":1,\"repeats\":99999999999999999999" + body +
+                              "{\"received_ms\":1,\"repeats\":-1" + body +
+                              "{\"received_ms\":253402300800000" + body +
+                              "{\"received_ms\":9223372036854775807" + body +
+                              "{\"received_ms\":1,\"last_seen_ms\":253402300800000" + body +
+                              "{\"received_ms\":1,\"last_seen_ms\":-1" + body +
+                              "{\"received_ms\":253402300799999,\"repeats\":1000000000" + body);
+  const std::string repeats = "\"reason\":\"repeats must be an integer between 0 and 1000000000\"}";
+  const std::string received =
+      "\"reason\":\"received_ms must be at most 253402300799999, which is in the year 9999\"}";
+  const std::string seen =
+      "\"reason\":\"last_seen_ms must be between 0 and 253402300799999, which is in the year "
+      "9999\"}";
+  EXPECT_EQ(response.body, R"({"imported":1,"repeated":0,"refused":[{"line":1,)" + repeats +
+                               ",{\"line\":2," + repeats + ",{\"line\":3," + repeats +
+                               ",{\"line\":4," + repeats + ",{\"line\":5," + received +
+                               ",{\"line\":6," + received + ",{\"line\":7," + seen +
+                               ",{\"line\":8," + seen + "]}");
+  EXPECT_EQ(json("/api/summary")["repeats"].GetInt64(), 1'000'000'000);
+}
+
+TEST_F(CollectorTransfer, ReportsNumbersAndTimesOutOfRangeInArchives) {
+  const std::string request = R"(,"request":{"method":"POST","postData":{"text":"{}"}}})";
+  const std::string year = "\"startedDateTime\":\"2026-01-02T04:04:05Z\"";
+  const auto response =
+      post("/api/import", R"({"log":{"entries":[{)" + year + ",\"_repeats\":9223372036854775807" +
+                              request + ",{" + year + ",\"_last_seen_ms\":-5" + request +
+                              R"(,{"startedDateTime":"1969-12-31T23:59:59Z")" + request + "]}}\n");
+  EXPECT_EQ(response.body,
+            R"({"imported":0,"repeated":0,"refused":[)"
+            R"({"line":1,"reason":"_repeats must be an integer between 0 and 1000000000"},)"
+            R"({"line":2,"reason":"_last_seen_ms must be between 0 and 253402300799999, )"
+            R"(which is in the year 9999"},)"
+            R"({"line":3,"reason":"startedDateTime must be a time between the years 1970 )"
+            R"(and 9999"}]})");
+}
+
 TEST_F(CollectorTransfer, ReportsAnInvalidFirstLine) {
   EXPECT_EQ(post("/api/import", "garbage\n{\"received_ms\":1,\"body\":\"{}\"}\n").body,
             R"({"imported":1,"repeated":0,"refused":[{"line":1,"reason":"not a JSON object"}]})");

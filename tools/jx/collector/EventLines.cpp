@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/collector/EventLines.h"
 
-#include <algorithm>
-
 #include "jx/core/json/JXUtf8.h"
 #include "tools/jx/collector/Base64.h"
+#include "tools/jx/collector/ImportLimits.h"
 #include "tools/jx/collector/JsonMembers.h"
 #include "tools/jx/collector/JsonOut.h"
 
@@ -58,9 +57,16 @@ Result<StoredEvent> eventFromLine(std::string_view line) {
   ReceivedRequest& request = event.request;
   const std::optional<std::int64_t> received = integerMember(tree, 0, "received_ms");
   if (!received || *received < 0) return Error{"received_ms must be a non-negative integer"};
+  if (*received > kMaxTimeMs) {
+    return Error{"received_ms must be at most 253402300799999, which is in the year 9999"};
+  }
   request.receivedMs = event.receivedMs = *received;
-  event.lastSeenMs = integerMember(tree, 0, "last_seen_ms").value_or(*received);
-  event.repeats = std::max<std::int64_t>(0, integerMember(tree, 0, "repeats").value_or(0));
+  const Result<std::int64_t> seen = timeMember(tree, 0, "last_seen_ms", *received);
+  if (!seen) return seen.error();
+  event.lastSeenMs = *seen;
+  const Result<std::int64_t> repeats = repeatsMember(tree, 0, "repeats");
+  if (!repeats) return repeats.error();
+  event.repeats = *repeats;
   request.method = stringMember(tree, 0, "method").value_or("POST");
   request.path = stringMember(tree, 0, "path").value_or("/events");
   request.query = stringMember(tree, 0, "query").value_or("");

@@ -49,8 +49,9 @@ Done forEachRow(SqliteDatabase& database, std::string_view sql, const std::strin
 Done readTotals(SqliteDatabase& database, EventSummary& summary) {
   const Done named = forEachRow(
       database,
-      "SELECT name, COUNT(*), SUM(good), SUM(repeats), SUM(notes) FROM events GROUP BY name "
-      "ORDER BY name LIMIT ?1",
+      // Earlier versions imported any number of repeats, and a sum that overflows is an error.
+      "SELECT name, COUNT(*), SUM(good), SUM(MAX(0, MIN(repeats, 1000000000))), "
+      "SUM(MAX(0, MIN(notes, 1000000000))) FROM events GROUP BY name ORDER BY name LIMIT ?1",
       nullptr, -1, [&summary](const SqliteStatement& row) {
         const std::int64_t count = row.integer(1);
         const std::int64_t good = row.integer(2);

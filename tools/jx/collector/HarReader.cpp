@@ -11,6 +11,7 @@
 #include "jx/core/json/JXUtf8.h"
 #include "tools/jx/Printable.h"
 #include "tools/jx/collector/Base64.h"
+#include "tools/jx/collector/ImportLimits.h"
 #include "tools/jx/collector/JsonMembers.h"
 #include "tools/jx/collector/JsonOut.h"
 
@@ -140,10 +141,17 @@ Result<StoredEvent> eventFromHar(const JsonTree& archive, std::uint32_t entry) {
   const std::optional<std::int64_t> started =
       msOfIsoTime(stringMember(archive, entry, "startedDateTime").value_or(""));
   if (!started) return Error{"startedDateTime must be an ISO 8601 time with an offset"};
+  if (*started < 0 || *started > kMaxTimeMs) {
+    return Error{"startedDateTime must be a time between the years 1970 and 9999"};
+  }
   StoredEvent event;
   event.request.receivedMs = event.receivedMs = *started;
-  event.lastSeenMs = integerMember(archive, entry, "_last_seen_ms").value_or(*started);
-  event.repeats = std::max<std::int64_t>(0, integerMember(archive, entry, "_repeats").value_or(0));
+  const Result<std::int64_t> seen = timeMember(archive, entry, "_last_seen_ms", *started);
+  if (!seen) return seen.error();
+  event.lastSeenMs = *seen;
+  const Result<std::int64_t> repeats = repeatsMember(archive, entry, "_repeats");
+  if (!repeats) return repeats.error();
+  event.repeats = *repeats;
   event.request.method = "POST";
   readUrl(stringMember(archive, *request, "url").value_or(""), event.request);
   readHeaders(archive, *request, event.request);

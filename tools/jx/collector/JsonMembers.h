@@ -32,4 +32,10 @@ inline std::optional<std::int64_t> integerMember(const JsonTree& tree, std::uint
   return isWhole ? std::optional<std::int64_t>(number) : std::nullopt;
 }
 
+/// True when the value under `key` is missing or null.
+inline bool isUnset(const JsonTree& tree, std::uint32_t object, std::string_view key) {
+  const std::optional<std::uint32_t> value = tree.find(object, key);
+  return !value || tree.node(*value).kind == JsonNode::Kind::Null;
+}
+
 }  // namespace jx
