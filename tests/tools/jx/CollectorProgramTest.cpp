@@ -88,6 +88,7 @@ TEST(Program, ReportsUsageErrorsInOneLineWithStatusTwo) {
                                                     {"collector", "--port", "65536"},
                                                     {"collector", "--port", "x"},
                                                     {"collector", "--max-events", "0"},
+                                                    {"collector", "--max-bytes", "1000"},
                                                     {"collector", "--name", "a b"}};
   for (const auto& arguments : wrong) {
     const auto result = runJx(arguments);
@@ -102,7 +103,7 @@ TEST(CollectorProgram, HelpListsEveryOption) {
   const auto result = runJx({"collector", "--help"});
   EXPECT_EQ(result.status, 0);
   for (const char* option : {"--state", "--port", "--listen", "--web-port", "--web-listen",
-                             "--name", "--max-events", "--strict", "--ports-file"}) {
+                             "--name", "--max-events", "--max-bytes", "--strict", "--ports-file"}) {
     EXPECT_NE(result.output.find(option), std::string::npos) << option;
   }
 }

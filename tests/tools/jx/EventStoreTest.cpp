@@ -3,7 +3,6 @@
 #include "tools/jx/collector/EventStore.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <fstream>
 #include <thread>
@@ -68,61 +67,6 @@ TEST(EventStore, StoresEveryPartOfARequest) {
   EXPECT_EQ((*event)->metadata.site, std::optional<std::int64_t>(7));
   EXPECT_EQ((*event)->metadata.token, std::optional<std::string>("key"));
   EXPECT_EQ((*event)->metadata.problem, std::optional<std::string>());
-}
-
-TEST(EventStore, RestrictsItsFilesToTheOwner) {
-  const ScratchFolder folder;
-  for (const mode_t mask : {0000, 0022, 0777}) {
-    const auto file = folder / ("events-" + std::to_string(mask) + ".db");
-    const mode_t before = ::umask(mask);
-    const auto store = openStore(file);
-    const Result<std::int64_t> id = store->add(requestWith("{}"));
-    ::umask(before);
-    ASSERT_TRUE(id);
-    for (const char* companion : {"", "-wal", "-shm"}) {
-      struct stat status {};
-      ASSERT_EQ(::stat((file.string() + companion).c_str(), &status), 0) << companion;
-      EXPECT_EQ(status.st_mode & 07777, 0600u) << companion << " with umask " << mask;
-    }
-  }
-}
-
-TEST(EventStore, RestrictsFilesOfEarlierVersionsToTheOwner) {
-  const ScratchFolder folder;
-  const auto file = folder / "events.db";
-  ASSERT_TRUE(openStore(file)->add(requestWith("{}")));
-  // Left by a process that was killed.
-  std::ofstream(file.string() + "-journal");
-  ASSERT_EQ(::chmod(file.c_str(), 0666), 0);
-  ASSERT_EQ(::chmod((file.string() + "-journal").c_str(), 0644), 0);
-  const auto store = openStore(file);
-  ASSERT_TRUE(store->add(requestWith("{}")));
-  EXPECT_EQ(bodies(*store).size(), 2u);
-  for (const char* companion : {"", "-wal", "-shm", "-journal"}) {
-    struct stat status {};
-    if (::stat((file.string() + companion).c_str(), &status) != 0) continue;
-    EXPECT_EQ(status.st_mode & 07777, 0600u) << companion;
-  }
-}
-
-TEST(EventStore, CountsEventsWhoseRepeatsExceedAnySum) {
-  const ScratchFolder folder;
-  const auto file = folder / "events.db";
-  const auto store = openStore(file);
-  ASSERT_TRUE(store->add(requestWith("{}")));
-  ASSERT_TRUE(store->add(requestWith("{}")));
-  // As earlier versions imported them.
-  Result<SqliteDatabase> database = SqliteDatabase::open(file);
-  ASSERT_TRUE(database);
-  ASSERT_TRUE(database->execute(
-      "UPDATE events SET repeats = 9223372036854775807, notes = 9223372036854775807, "
-      "received_ms = 9223372036854775807, last_seen_ms = -9223372036854775807"));
-  const auto summary = store->reading().summary(1000);
-  ASSERT_TRUE(summary) << summary.error().text;
-  EXPECT_EQ(summary->events, 2);
-  EXPECT_EQ(summary->repeats, 2'000'000'000);
-  EXPECT_EQ(summary->requests, 2'000'000'002);
-  EXPECT_EQ(summary->notes, 2'000'000'000);
 }
 
 TEST(EventStore, StoresBodiesByteForByte) {

@@ -21,6 +21,8 @@ namespace jx {
 namespace {
 
 constexpr rlim_t kDescriptors = 8192;
+constexpr std::int64_t kMinStoreBytes = std::int64_t{1024} * 1024;
+constexpr std::int64_t kMaxStoreBytes = kMinStoreBytes * kMinStoreBytes;
 
 // The default of 1,024 descriptors would limit the connections to fewer than the servers allow.
 void raiseDescriptorLimit() {
@@ -119,6 +121,11 @@ void addOptions(CLI::App& command, CollectorOptions& options) {
       .add_option("--max-events", settings.maxEvents,
                   "Limit the number of stored events; the oldest are evicted")
       ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000'000}))
+      ->capture_default_str();
+  command
+      .add_option("--max-bytes", settings.maxBytes,
+                  "Limit the size of the stored events in bytes; the oldest are evicted")
+      ->check(CLI::Range(kMinStoreBytes, kMaxStoreBytes))
       ->capture_default_str();
   command.add_flag("--strict", settings.isStrict,
                    "Respond to invalid events with 422 and the diagnostics; store them anyway");

@@ -76,7 +76,7 @@ Result<std::unique_ptr<CollectorServer>> CollectorServer::start(const CollectorS
   Result<SslContextHandle> tls = authority->createServerContext();
   if (!tls) return tls.error();
   Result<std::unique_ptr<EventStore>> store =
-      EventStore::open(folder->path() / "events.db", settings.maxEvents);
+      EventStore::open(folder->path() / "events.db", settings.maxEvents, settings.maxBytes);
   if (!store) return store.error();
 
   std::unique_ptr<CollectorServer> server(

@@ -36,7 +36,9 @@ struct CollectorSettings {
   /// system's host name.
   std::vector<std::string> names;
   std::int64_t maxEvents = 100'000;  ///< number of stored events; the oldest are evicted
-  bool isStrict = false;             ///< respond to invalid events with 422
+  /// Size of the stored events in bytes; the oldest are evicted.
+  std::int64_t maxBytes = EventStore::kDefaultMaxBytes;
+  bool isStrict = false;  ///< respond to invalid events with 422
   HttpLimits limits;
   LiveTiming live;
   std::shared_ptr<EventSink> sink;  ///< receives each accepted event; null: none

@@ -36,15 +36,18 @@ Done restrictToOwner(const std::filesystem::path& file) {
 
 }  // namespace
 
-EventStore::EventStore(SqliteDatabase writer, std::int64_t maxEvents)
-    : maxEvents_(std::max<std::int64_t>(1, maxEvents)), writer_(std::move(writer)) {}
+EventStore::EventStore(SqliteDatabase writer, std::int64_t maxEvents, std::int64_t maxBytes)
+    : maxEvents_(std::max<std::int64_t>(1, maxEvents)),
+      maxBytes_(maxBytes),
+      writer_(std::move(writer)) {}
 
 Result<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path& file,
-                                                     std::int64_t maxEvents) {
+                                                     std::int64_t maxEvents,
+                                                     std::int64_t maxBytes) {
   if (const Done restricted = restrictToOwner(file); !restricted) return restricted.error();
   Result<SqliteDatabase> writer = SqliteDatabase::open(file);
   if (!writer) return writer.error();
-  std::unique_ptr<EventStore> store(new EventStore(std::move(*writer), maxEvents));
+  std::unique_ptr<EventStore> store(new EventStore(std::move(*writer), maxEvents, maxBytes));
   for (const auto step : {&EventStore::migrate, &EventStore::revalidate, &EventStore::prepare,
                           &EventStore::countRows}) {
     const Done did = (store.get()->*step)();
@@ -59,7 +62,10 @@ Result<std::unique_ptr<EventStore>> EventStore::open(const std::filesystem::path
 Done EventStore::migrate() {
   // Writes do not call fsync: a process crash loses nothing; a power loss may lose the last
   // seconds.
-  const Done set = writer_.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL");
+  // After a burst, the write-ahead log shrinks to 64 MiB.
+  const Done set = writer_.execute(
+      "PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; "
+      "PRAGMA journal_size_limit = 67108864");
   return set ? migrateEvents(writer_) : set;
 }
 
@@ -87,12 +93,17 @@ Done EventStore::prepare() {
        "DELETE FROM requests WHERE id IN (SELECT id FROM events ORDER BY id LIMIT ?1)"},
       {evict_, "DELETE FROM events WHERE id IN (SELECT id FROM events ORDER BY id LIMIT ?1)"},
       {countEvicted_, "UPDATE counters SET value = value + ?1 WHERE name = 'evicted'"},
+      {pages_, "PRAGMA page_count"},
+      {freePages_, "PRAGMA freelist_count"},
   };
   for (const Text& text : texts) {
     Result<SqliteStatement> statement = writer_.prepare(text.sql);
     if (!statement) return statement.error();
     text.statement = std::move(*statement);
   }
+  const Result<std::int64_t> pageBytes = writer_.oneInteger("PRAGMA page_size");
+  if (!pageBytes) return pageBytes.error();
+  pageBytes_ = *pageBytes;
   return done();
 }
 
@@ -251,15 +262,34 @@ Result<std::int64_t> EventStore::insert(const ReceivedRequest& request,
 }
 
 Done EventStore::makeRoom() {
-  const std::int64_t surplus = rows_ - maxEvents_;
-  if (surplus <= 0) return done();
+  if (rows_ > maxEvents_) {
+    if (const Done evicted = evictOldest(rows_ - maxEvents_); !evicted) return evicted;
+  }
+  for (;;) {
+    const Result<std::int64_t> used = usedBytes();
+    if (!used) return used.error();
+    if (*used <= maxBytes_ || rows_ <= 1) return done();
+    if (const Done evicted = evictOldest(1); !evicted) return evicted;
+  }
+}
+
+Done EventStore::evictOldest(std::int64_t count) {
   for (SqliteStatement* const statement : {&evictRequests_, &evict_, &countEvicted_}) {
     const SqliteUse use(*statement);
-    statement->bind(1, surplus);
+    statement->bind(1, count);
     if (statement->step() != SQLITE_DONE) return writer_.lastFailure("cannot evict old events");
   }
-  rows_ = maxEvents_;
+  rows_ -= count;
   return done();
+}
+
+Result<std::int64_t> EventStore::usedBytes() {
+  const SqliteUse usePages(pages_);
+  const SqliteUse useFreePages(freePages_);
+  if (pages_.step() != SQLITE_ROW || freePages_.step() != SQLITE_ROW) {
+    return writer_.lastFailure("cannot read the size of the events");
+  }
+  return (pages_.integer(0) - freePages_.integer(0)) * pageBytes_;
 }
 
 }  // namespace jx

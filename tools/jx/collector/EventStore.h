@@ -22,10 +22,14 @@ namespace jx {
 /// do not wait for writers. An event that add() reported as stored survives a process crash.
 class EventStore {
  public:
+  static constexpr std::int64_t kDefaultMaxBytes = std::int64_t{1024} * 1024 * 1024;
+
   /// Opens or creates the file. Migrates older schemas and revalidates the events when the rules
-  /// have changed. `maxEvents` (at least 1) limits the number of events; the oldest are evicted.
+  /// have changed. `maxEvents` (at least 1) limits the number of events, `maxBytes` the used part
+  /// of the file; the oldest events are evicted. The newest event is stored whatever its size.
   static Result<std::unique_ptr<EventStore>> open(const std::filesystem::path& file,
-                                                  std::int64_t maxEvents);
+                                                  std::int64_t maxEvents,
+                                                  std::int64_t maxBytes = kDefaultMaxBytes);
 
   /// Stores a request, or counts it as a repeat when its event ID is already stored. Returns the
   /// row ID of the event.
@@ -48,7 +52,7 @@ class EventStore {
     std::int64_t repeats;
   };
 
-  EventStore(SqliteDatabase writer, std::int64_t maxEvents);
+  EventStore(SqliteDatabase writer, std::int64_t maxEvents, std::int64_t maxBytes);
 
   Done migrate();
   Done revalidate();
@@ -65,15 +69,21 @@ class EventStore {
   Result<bool> isKept(const EventMetadata& metadata);
   Result<std::int64_t> insert(const ReceivedRequest& request, const ValidationResult& validation,
                               std::int64_t lastSeenMs, std::int64_t repeats);
+  /// Evicts the oldest events until both limits are met.
   Done makeRoom();
+  Done evictOldest(std::int64_t count);
+  /// Returns the size of the file without its free pages, including the current transaction.
+  Result<std::int64_t> usedBytes();
 
-  std::int64_t maxEvents_;
+  const std::int64_t maxEvents_;
+  const std::int64_t maxBytes_;
   EventBroadcaster broadcaster_;
 
   std::mutex writing_;
   SqliteDatabase writer_;
   SqliteStatement begin_, commit_, rollBack_, repeat_, find_, insert_, insertRequest_;
-  SqliteStatement evict_, evictRequests_, countEvicted_;
+  SqliteStatement evict_, evictRequests_, countEvicted_, pages_, freePages_;
+  std::int64_t pageBytes_ = 0;
   std::int64_t rows_ = 0;
 
   std::unique_ptr<EventReading> reading_;
