@@ -45,6 +45,17 @@ void sendError(httplib::Response& response, int status, const std::string& text)
   sendJson(response, status, errorToJson(text));
 }
 
+std::shared_ptr<ClientSlots::Slot> acquireSlot(ClientSlots& slots, const httplib::Request& request,
+                                               httplib::Response& response) {
+  ClientSlots::Acquired acquired = slots.acquire(request.remote_addr);
+  if (acquired.slot) return std::move(acquired.slot);
+  response.set_header("Retry-After", "5");
+  sendError(response, acquired.status,
+            acquired.status == 429 ? "too many open responses of this client"
+                                   : "too many open responses");
+  return nullptr;
+}
+
 std::optional<std::int64_t> wholeNumber(std::string_view text) {
   std::int64_t value = 0;
   const auto parsed = std::from_chars(text.data(), text.data() + text.size(), value);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tools/jx/collector/CollectorApi.h"
 
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -33,12 +34,18 @@ void CollectorApi::install(HttpServer& server) {
   using Request = httplib::Request;
   using Response = httplib::Response;
   installPage(server);
-  server.onGet("/api/events", [this](const Request& request, const std::string&,
-                                     Response& response) { listEvents(request, response); });
-  server.onGet(std::string(kEventsFolder) + "*",
-               [this](const Request& request, const std::string&, Response& response) {
-                 showEvent(request, response);
-               });
+  server.onGet(
+      "/api/events", [this](const Request& request, const std::string&, Response& response) {
+        building_.acquire();
+        const std::shared_ptr<void> release(nullptr, [this](void*) { building_.release(); });
+        listEvents(request, response);
+      });
+  server.onGet(std::string(kEventsFolder) + "*", [this](const Request& request, const std::string&,
+                                                        Response& response) {
+    building_.acquire();
+    const std::shared_ptr<void> release(nullptr, [this](void*) { building_.release(); });
+    showEvent(request, response);
+  });
   server.onGet("/api/summary", [this](const Request&, const std::string&, Response& response) {
     summarise(response);
   });

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <semaphore>
 #include <string>
 #include <vector>
 
@@ -33,7 +35,11 @@ class CollectorApi {
   void reset(httplib::Response& response) const;
   static void installPage(HttpServer& server);
 
+  static constexpr std::ptrdiff_t kMaxLists = 4;
+
   EventStore& store_;
+  /// A list may need hundreds of MiB until it is a response.
+  std::counting_semaphore<> building_{kMaxLists};
   const std::string authorityPem_;
   std::string authorityFile_;
   std::int64_t eventsPort_ = 0;

@@ -46,9 +46,9 @@ CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority author
       intake_(*store_, faults_, settings.isStrict, settings.sink),
       guard_(std::move(names)),
       api_(*store_, authority_.certificatePem()),
-      live_(*store_, faults_, settings.limits.waiting, settings.live),
+      live_(*store_, faults_, settings.limits, settings.live),
       faultsApi_(faults_),
-      transfer_(*store_),
+      transfer_(*store_, settings.limits.transfers),
       eventsServer_(std::move(tls), settings.limits),
       webServer_(nullptr, settings.limits) {
   intake_.install(eventsServer_);

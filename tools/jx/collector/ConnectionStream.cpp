@@ -15,6 +15,17 @@
 namespace jx {
 namespace {
 
+// True when `head` ends with the first letters of a header name that starts with "range".
+bool endsWithRangeName(std::string_view head) {
+  constexpr std::string_view kName = "\nrange";
+  if (head.size() < kName.size()) return false;
+  const std::string_view end = head.substr(head.size() - kName.size());
+  return std::equal(end.begin(), end.end(), kName.begin(),
+                    [](char a, char b) { return a == b || (a | 0x20) == b; });
+}
+
+}  // namespace
+
 void addressText(const sockaddr_storage& address, std::string& ip, int& port) {
   std::array<char, INET6_ADDRSTRLEN> text{};
   if (address.ss_family == AF_INET) {
@@ -31,22 +42,12 @@ void addressText(const sockaddr_storage& address, std::string& ip, int& port) {
   ip = text.data();
 }
 
-// True when `head` ends with the first letters of a header name that starts with "range".
-bool endsWithRangeName(std::string_view head) {
-  constexpr std::string_view kName = "\nrange";
-  if (head.size() < kName.size()) return false;
-  const std::string_view end = head.substr(head.size() - kName.size());
-  return std::equal(end.begin(), end.end(), kName.begin(),
-                    [](char a, char b) { return a == b || (a | 0x20) == b; });
-}
-
-}  // namespace
-
 ConnectionStream::ConnectionStream(int fd, SSL_CTX* tls, const HttpLimits& limits,
-                                   const StopSignal& stop)
+                                   const StopSignal& stop, MemoryBudget& budget)
     : fd_(fd),
       limits_(limits),
       stop_(stop),
+      memory_(budget),
       deadline_(Clock::now() + limits.handshake),
       silence_(limits.handshake) {
   if (tls == nullptr) return;
@@ -73,6 +74,8 @@ bool ConnectionStream::open() {
 
 bool ConnectionStream::awaitRequest() {
   head_.clear();
+  head_.shrink_to_fit();
+  memory_.release();
   received_ = 0;
   inHead_ = true;
   bodyWireBytes_ = limits_.bodyWireBytes();
@@ -156,6 +159,11 @@ ssize_t ConnectionStream::read(char* ptr, size_t size) {
   broken_ = received_ > (inHead_ ? limits_.headBytes : bodyWireBytes_);
   if (broken_) return -1;
   if (inHead_) {
+    // The parsed headers and the stored request are further copies of the head.
+    constexpr std::size_t kCopies = 4;
+    constexpr std::size_t kStep = 4096;
+    if (head_.size() % kStep == 0 && !memory_.grow(kCopies * kStep)) broken_ = true;
+    if (broken_) return -1;
     head_.append(ptr, count);
     // cpp-httplib copies the body once for each requested range, and compares the ranges with a
     // regular expression that recurses once per character. It must not see the header.

@@ -10,18 +10,23 @@
 #include <string_view>
 
 #include "tools/jx/collector/HttpLimits.h"
+#include "tools/jx/collector/MemoryBudget.h"
 #include "tools/jx/collector/OpenSslHandles.h"
 #include "tools/jx/collector/StopSignal.h"
 
 namespace jx {
+
+/// Sets the IP address, as text, and the port of a socket address.
+void addressText(const sockaddr_storage& address, std::string& ip, int& port);
 
 /// The server side of one connection, plain or TLS. Every operation that waits for the client has a
 /// time limit. Used by one thread. The destructor closes the socket.
 class ConnectionStream final : public httplib::Stream {
  public:
   /// Takes ownership of the non-blocking socket `fd`. A null `tls` selects a plain connection.
-  /// `limits` and `stop` must outlive the stream.
-  ConnectionStream(int fd, SSL_CTX* tls, const HttpLimits& limits, const StopSignal& stop);
+  /// `limits`, `stop` and `budget` must outlive the stream.
+  ConnectionStream(int fd, SSL_CTX* tls, const HttpLimits& limits, const StopSignal& stop,
+                   MemoryBudget& budget);
   ~ConnectionStream() override;
   ConnectionStream(const ConnectionStream&) = delete;
   ConnectionStream& operator=(const ConnectionStream&) = delete;
@@ -33,6 +38,8 @@ class ConnectionStream final : public httplib::Stream {
   bool awaitRequest();
   /// Returns the bytes of the request head: everything read since awaitRequest(), up to the limit.
   const std::string& head() const { return head_; }
+  /// The memory that the current request and its response use. awaitRequest() releases it.
+  MemoryBudget::Share& memory() { return memory_; }
   /// Marks the end of the head. Bytes read after this call belong to the body.
   void endHead();
   /// Sets the maximum size on the wire and the maximum duration of the body, for this request only.
@@ -88,6 +95,7 @@ class ConnectionStream final : public httplib::Stream {
   std::size_t position_ = 0;
   std::size_t filled_ = 0;
   std::string head_;
+  MemoryBudget::Share memory_;
   std::size_t received_ = 0;  // bytes of the head, or of the body
   std::size_t bodyWireBytes_ = 0;
   bool inHead_ = false;

@@ -71,7 +71,7 @@ void EventIntake::store(const httplib::Request& request, const std::string& body
   received.headers.assign(request.headers.begin(), request.headers.end());
   received.body = body;
   // Validate before the store takes its lock, because a large body takes time.
-  const ValidationResult validation = ValidationResult::of(received.query, received.body);
+  const ValidationResult validation = validate(received);
   const Result<std::int64_t> id = store_.add(received, validation);
   response.status = id ? 200 : 500;
   if (!id) std::fprintf(stderr, "jx collector: %s; responded with 500\n", id.error().text.c_str());
@@ -86,6 +86,12 @@ void EventIntake::store(const httplib::Request& request, const std::string& body
   std::fprintf(stderr, "jx collector: %s; responded with 503\n", passed.error().text.c_str());
   response.status = 503;
   response.set_header("Retry-After", kSinkRetryAfter);
+}
+
+ValidationResult EventIntake::validate(const ReceivedRequest& request) const {
+  validating_.acquire();
+  const std::shared_ptr<void> release(nullptr, [this](void*) { validating_.release(); });
+  return ValidationResult::of(request.query, request.body);
 }
 
 Done EventIntake::passToSink(const AcceptedEvent& event) const {

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <semaphore>
 #include <utility>
 
 #include "tools/jx/collector/EventSink.h"
@@ -31,12 +33,18 @@ class EventIntake {
   void store(const httplib::Request& request, const std::string& body,
              httplib::Response& response) const;
 
+  /// Waits while too many other bodies are validated.
+  ValidationResult validate(const ReceivedRequest& request) const;
   Done passToSink(const AcceptedEvent& event) const;
+
+  static constexpr std::ptrdiff_t kMaxValidating = 8;
 
   EventStore& store_;
   FaultPlan& faults_;
   const bool isStrict_;
   const std::shared_ptr<EventSink> sink_;
+  /// Validation needs up to 40 times the memory of a body.
+  mutable std::counting_semaphore<> validating_{kMaxValidating};
 };
 
 }  // namespace jx

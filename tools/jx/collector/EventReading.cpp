@@ -56,6 +56,16 @@ StoredEvent eventOf(const SqliteStatement& row) {
   return event;
 }
 
+// A row is small, unless a client sent a name or an ID of several megabytes.
+std::size_t textBytes(const EventMetadata& metadata) {
+  std::size_t bytes = 0;
+  for (const std::optional<std::string>* text :
+       {&metadata.eventID, &metadata.name, &metadata.session, &metadata.videoSession,
+        &metadata.token, &metadata.problem})
+    bytes += *text ? (*text)->size() : 0;
+  return bytes;
+}
+
 std::string listText(const EventQuery& query, bool withRequests) {
   std::string sql = "SELECT " + std::string(kRowColumns);
   if (withRequests) sql += kRequestColumns;
@@ -156,10 +166,14 @@ Result<std::vector<EventRow>> EventReading::rows(const EventQuery& query) const 
   if (!statement) return statement.error();
   bindList(*statement, query);
   std::vector<EventRow> rows;
+  std::size_t bytes = 0;
   int status = SQLITE_DONE;
-  while ((status = statement->step()) == SQLITE_ROW)
+  while (bytes <= kListBytes && (status = statement->step()) == SQLITE_ROW) {
     rows.push_back(rowOf(*statement));
-  if (status != SQLITE_DONE) return lease.database().lastFailure(kCannotRead);
+    bytes += textBytes(rows.back().metadata);
+  }
+  if (status != SQLITE_ROW && status != SQLITE_DONE)
+    return lease.database().lastFailure(kCannotRead);
   if (!query.after) std::reverse(rows.begin(), rows.end());
   return rows;
 }

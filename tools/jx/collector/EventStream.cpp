@@ -96,7 +96,8 @@ bool EventStream::addArrivals(std::int64_t newest, std::string& part) {
   if (!rows) return false;
   for (const EventRow& row : *rows)
     part += "id: " + std::to_string(row.id) + "\n" + entry("arrival", rowToJson(row));
-  hasMore_ = rows->size() == static_cast<std::size_t>(kRowsInPart);
+  // A part also ends early when its rows are large.
+  hasMore_ = !rows->empty() && rows->back().id < newest;
   last_ = hasMore_ ? rows->back().id : newest;
   return true;
 }

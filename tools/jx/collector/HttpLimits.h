@@ -29,9 +29,18 @@ struct HttpLimits {
       2'000};  ///< reading after a rejection, so that the client gets the response
   std::chrono::milliseconds stopGrace{1'000};  ///< for requests in flight when the server stops
 
-  std::size_t threads = 1024;      ///< each open connection uses one
-  std::size_t waiting = 64;        ///< responses that wait for events
-  std::size_t connections = 4096;  ///< open or waiting for a thread; more are not accepted
+  /// Bytes of requests and responses that a server holds for all connections. One request always
+  /// fits while no other holds any.
+  std::size_t memory = std::size_t{256} * 1024 * 1024;
+
+  std::size_t threads = 1024;        ///< each open connection uses one
+  std::size_t waiting = 64;          ///< responses that wait for events
+  std::size_t waitingOfClient = 16;  ///< of them for one client, unless it is on loopback
+  std::size_t transfers = 2;         ///< imports and exports
+  std::size_t connections = 4096;    ///< open or waiting for a thread; more are not accepted
+  /// Of them for one client, unless it is on loopback.
+  std::size_t connectionsOfClient = 256;
+  bool limitsLoopback = false;  ///< apply the limits of one client to loopback too
 };
 
 }  // namespace jx

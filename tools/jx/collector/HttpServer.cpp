@@ -19,6 +19,7 @@ namespace jx {
 namespace {
 
 constexpr int kAcceptPauseMs = 20;
+constexpr const char* kRetryAfter = "5";
 
 // A connection has one thread while it is open. cpp-httplib does not pass the connection to its
 // handlers, so handlers set this to close the connection after the response.
@@ -28,6 +29,20 @@ thread_local ConnectionStream* connectionOfThread = nullptr;
 void closeAfter(httplib::Response& response) {
   closeAfterResponse = true;
   response.set_header("Connection", "close");
+}
+
+void sendBusy(httplib::Response& response) {
+  response = httplib::Response();
+  response.status = 503;
+  response.set_header("Retry-After", kRetryAfter);
+  response.set_header("Cross-Origin-Resource-Policy", "same-origin");
+}
+
+// Calls the handler and counts the response, which is in memory until the client has read it.
+void callCounted(const HttpServer::RouteHandler& handler, const httplib::Request& request,
+                 const std::string& body, httplib::Response& response) {
+  handler(request, body, response);
+  if (!HttpServer::connection().memory().grow(response.body.size())) sendBusy(response);
 }
 
 std::string literalPattern(const std::string& path) {
@@ -42,7 +57,12 @@ std::string literalPattern(const std::string& path) {
 }  // namespace
 
 HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
-    : tls_(std::move(tls)), limits_(limits), workers_(limits.threads) {
+    : tls_(std::move(tls)),
+      limits_(limits),
+      budget_(limits.memory),
+      clients_(std::numeric_limits<std::size_t>::max(), limits.connectionsOfClient,
+               limits.limitsLoopback),
+      workers_(limits.threads) {
   set_keep_alive_timeout(std::chrono::duration_cast<std::chrono::seconds>(limits.idle).count());
   set_keep_alive_max_count(std::numeric_limits<int>::max());
   // This limit does not apply to chunked bodies, so readBodyThenCall() counts the bytes as well.
@@ -82,7 +102,7 @@ void HttpServer::onGet(const std::string& path, RouteHandler handler) {
   const Route& route = addRoute("GET", path);
   Get(literalPattern(route.path) + (route.isPrefix ? ".*" : ""),
       [handler = std::move(handler)](const httplib::Request& request, httplib::Response& response) {
-        handler(request, std::string(), response);
+        callCounted(handler, request, std::string(), response);
       });
 }
 
@@ -172,17 +192,24 @@ void HttpServer::readBodyThenCall(const RouteHandler& handler, const httplib::Re
                                   httplib::Response& response,
                                   const httplib::ContentReader& reader) const {
   std::string body;
-  bool fits = true;
+  int status = 400;
   const bool isWhole = reader([&](const char* data, std::size_t size) {
-    fits = body.size() + size <= limits_.bodyBytes;
-    if (fits) body.append(data, size);
-    return fits;
+    if (body.size() + size > limits_.bodyBytes) {
+      status = 413;
+    } else if (!connection().memory().grow(size)) {
+      status = 503;
+    } else {
+      body.append(data, size);
+      return true;
+    }
+    return false;
   });
   if (isWhole) {
-    handler(request, body, response);
+    callCounted(handler, request, body, response);
     return;
   }
-  response.status = fits ? 400 : 413;
+  if (status == 503) sendBusy(response);
+  response.status = status;
   closeAfter(response);
 }
 
@@ -217,7 +244,10 @@ void HttpServer::acceptConnections() {
 }
 
 void HttpServer::acceptOne() {
-  const int fd = ::accept4(listening_.front().fd(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+  sockaddr_storage peer{};
+  socklen_t size = sizeof peer;
+  const int fd = ::accept4(listening_.front().fd(), reinterpret_cast<sockaddr*>(&peer), &size,
+                           SOCK_CLOEXEC | SOCK_NONBLOCK);
   if (fd < 0) {
     // Out of descriptors or memory: wait, because connections that end release some.
     const bool isScarce = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
@@ -227,15 +257,35 @@ void HttpServer::acceptOne() {
   }
   const int on = 1;
   ::setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+  std::string address;
+  int port = 0;
+  addressText(peer, address, port);
+  const ClientSlots::Acquired acquired = clients_.acquire(address);
+  if (!acquired.slot) return refuse(fd);
   ++connections_;
-  if (workers_.run([this, fd] { serve(fd); })) return;
+  if (workers_.run([this, fd, slot = acquired.slot] { serve(fd, slot); })) return;
   --connections_;
   ::close(fd);
 }
 
-void HttpServer::serve(int fd) {
+// Does not wait for the client. Over TLS there is no connection to respond on.
+void HttpServer::refuse(int fd) const {
+  if (tls_ == nullptr) {
+    const std::string response = std::string("HTTP/1.1 429 Too Many Requests\r\nRetry-After: ") +
+                                 kRetryAfter + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+    static_cast<void>(::send(fd, response.data(), response.size(), MSG_NOSIGNAL | MSG_DONTWAIT));
+    ::shutdown(fd, SHUT_WR);
+    // Unread bytes would reset the connection before the client has read the response.
+    std::array<char, 16 * 1024> ignored{};
+    static_cast<void>(::recv(fd, ignored.data(), ignored.size(), MSG_DONTWAIT));
+  }
+  ::close(fd);
+}
+
+// `slot` is held until the connection ends.
+void HttpServer::serve(int fd, const std::shared_ptr<ClientSlots::Slot>&) {
   try {
-    ConnectionStream stream(fd, tls_.get(), limits_, stop_);
+    ConnectionStream stream(fd, tls_.get(), limits_, stop_, budget_);
     if (stream.open()) serveRequests(stream);
   } catch (const std::exception&) {
     // Out of memory: only this connection ends.

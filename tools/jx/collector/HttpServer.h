@@ -6,14 +6,17 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
 #include "tools/jx/Result.h"
+#include "tools/jx/collector/ClientSlots.h"
 #include "tools/jx/collector/HttpLimits.h"
 #include "tools/jx/collector/ListeningSocket.h"
+#include "tools/jx/collector/MemoryBudget.h"
 #include "tools/jx/collector/OpenSslHandles.h"
 #include "tools/jx/collector/StopSignal.h"
 #include "tools/jx/collector/WorkerPool.h"
@@ -80,9 +83,10 @@ class HttpServer : private httplib::Server {
   int routingError(const httplib::Request& request, httplib::Response& response) const;
   void readBodyThenCall(const RouteHandler& handler, const httplib::Request& request,
                         httplib::Response& response, const httplib::ContentReader& reader) const;
+  void refuse(int fd) const;
   void acceptConnections();
   void acceptOne();
-  void serve(int fd);
+  void serve(int fd, const std::shared_ptr<ClientSlots::Slot>& slot);
   void serveRequests(ConnectionStream& stream);
 
   SslContextHandle tls_;
@@ -93,6 +97,8 @@ class HttpServer : private httplib::Server {
   int port_ = 0;
   StopSignal stop_;
   std::atomic<std::size_t> connections_{0};
+  MemoryBudget budget_;
+  ClientSlots clients_;
   WorkerPool workers_;
   std::thread accepting_;
 };

@@ -30,18 +30,6 @@ std::optional<std::int64_t> parameter(const httplib::Request& request, const cha
 
 }  // namespace
 
-// One of the limited number of responses that may wait for events. Released by the destructor.
-class LiveApi::Slot {
- public:
-  explicit Slot(std::atomic<std::size_t>& taken) : taken_(taken) {}
-  ~Slot() { --taken_; }
-  Slot(const Slot&) = delete;
-  Slot& operator=(const Slot&) = delete;
-
- private:
-  std::atomic<std::size_t>& taken_;
-};
-
 void LiveApi::install(HttpServer& server) {
   using Request = httplib::Request;
   using Response = httplib::Response;
@@ -52,14 +40,6 @@ void LiveApi::install(HttpServer& server) {
   });
 }
 
-std::shared_ptr<LiveApi::Slot> LiveApi::acquireSlot(httplib::Response& response) {
-  if (++openResponses_ <= maxResponses_) return std::make_shared<Slot>(openResponses_);
-  --openResponses_;
-  response.set_header("Retry-After", "5");
-  sendError(response, 503, "too many waiting responses");
-  return nullptr;
-}
-
 void LiveApi::stream(const httplib::Request& request, httplib::Response& response) {
   Result<EventQuery> query = filtersOf(request, kMaxCount);
   if (!query) return sendError(response, 400, query.error().text);
@@ -68,7 +48,7 @@ void LiveApi::stream(const httplib::Request& request, httplib::Response& respons
     if (!query->after)
       return sendError(response, 400, "Last-Event-ID must be a non-negative integer");
   }
-  std::shared_ptr<Slot> slot = acquireSlot(response);
+  const auto slot = acquireSlot(slots_, request, response);
   if (!slot) return;
   setWebHeaders(response);
   // Subscribes now, so that no event is lost between the response header and the first part.
@@ -91,7 +71,7 @@ void LiveApi::await(const httplib::Request& request, httplib::Response& response
   const auto seconds = parameter(request, "timeout", kSeconds, kMaxSeconds);
   if (!count || *count < 1) return sendError(response, 400, "count must be between 1 and 1000");
   if (!seconds) return sendError(response, 400, "timeout must be between 0 and 300 seconds");
-  const std::shared_ptr<Slot> slot = acquireSlot(response);
+  const auto slot = acquireSlot(slots_, request, response);
   if (!slot) return;
   const Result<std::string> json =
       awaitEvents(*query, static_cast<std::size_t>(*count), std::chrono::seconds(*seconds));
@@ -112,9 +92,9 @@ Result<std::string> LiveApi::awaitEvents(EventQuery query, std::size_t count,
     if (!rows) return rows.error();
     found.insert(found.end(), rows->begin(), rows->end());
     if (found.size() == count) break;
-    // Do not read the same rows again.
-    query.after =
-        std::max(*query.after, rows->empty() ? newest : std::max(newest, rows->back().id));
+    // Do not read the same rows again. A list also ends early when its rows are large.
+    query.after = rows->empty() ? std::max(*query.after, newest) : rows->back().id;
+    if (!rows->empty()) continue;
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(ends - Clock::now());
     if (left.count() <= 0) break;
     const auto woken = HttpServer::connection().waitInterruptibly(subscription.fd(), left);

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <atomic>
 #include <chrono>
 #include <cstddef>
-#include <memory>
 #include <string>
 
+#include "tools/jx/collector/ClientSlots.h"
 #include "tools/jx/collector/EventStore.h"
 #include "tools/jx/collector/FaultPlan.h"
 #include "tools/jx/collector/HttpServer.h"
@@ -24,19 +23,18 @@ struct LiveTiming {
 /// occupies a thread while it is open, so their number is limited.
 class LiveApi {
  public:
-  /// `store` and `faults` must outlive the server in which this is installed. `maxResponses` limits
-  /// the number of responses that wait at the same time.
-  LiveApi(EventStore& store, const FaultPlan& faults, std::size_t maxResponses, LiveTiming timing)
-      : store_(store), faults_(faults), maxResponses_(maxResponses), timing_(timing) {}
+  /// `store` and `faults` must outlive the server in which this is installed. `limits` contains
+  /// the number of responses that wait at the same time, and those for one client.
+  LiveApi(EventStore& store, const FaultPlan& faults, const HttpLimits& limits, LiveTiming timing)
+      : store_(store),
+        faults_(faults),
+        slots_(limits.waiting, limits.waitingOfClient, limits.limitsLoopback),
+        timing_(timing) {}
 
   /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
 
  private:
-  class Slot;
-
-  /// Returns null and sets a 503 response when all slots are in use.
-  std::shared_ptr<Slot> acquireSlot(httplib::Response& response);
   void stream(const httplib::Request& request, httplib::Response& response);
   void await(const httplib::Request& request, httplib::Response& response);
   Result<std::string> awaitEvents(EventQuery query, std::size_t count,
@@ -44,9 +42,8 @@ class LiveApi {
 
   EventStore& store_;
   const FaultPlan& faults_;
-  const std::size_t maxResponses_;
+  ClientSlots slots_;
   const LiveTiming timing_;
-  std::atomic<std::size_t> openResponses_{0};
 };
 
 }  // namespace jx

@@ -32,22 +32,25 @@ void TransferApi::install(HttpServer& server) {
                               {"application/json", "events.har", harHead(),
                                std::string(kHarBetween), std::string(kHarTail), harEntry});
                });
-  server.onUpload("/api/import", [this](const Request&, const HttpServer::BodyReader& read,
-                                        Response& response) { importEvents(read, response); });
+  server.onUpload("/api/import",
+                  [this](const Request& request, const HttpServer::BodyReader& read,
+                         Response& response) { importEvents(request, read, response); });
 }
 
 void TransferApi::exportEvents(const httplib::Request& request, httplib::Response& response,
-                               const Format& format) const {
+                               const Format& format) {
   constexpr std::int64_t kNoLimit = std::numeric_limits<std::int64_t>::max();
   Result<EventQuery> query = filtersOf(request, kNoLimit);
   if (!query) return sendError(response, 400, query.error().text);
   query->after = query->after.value_or(0);
   const std::int64_t limit = request.has_param("limit") ? query->limit : kNoLimit;
+  const auto slot = acquireSlot(slots_, request, response);
+  if (!slot) return;
   setWebHeaders(response);
   response.set_header("Content-Disposition", "attachment; filename=\"" + format.fileName + "\"");
   // Called once per part, because the events may not fit into memory.
   response.set_chunked_content_provider(
-      format.contentType, [this, query = *query, left = limit, format, isFirst = true](
+      format.contentType, [this, slot, query = *query, left = limit, format, isFirst = true](
                               std::size_t, httplib::DataSink& sink) mutable {
         query.limit = std::min(left, kEventsInPart);
         const Result<std::vector<StoredEvent>> events = store_.reading().list(query);
@@ -71,8 +74,10 @@ void TransferApi::exportEvents(const httplib::Request& request, httplib::Respons
       });
 }
 
-void TransferApi::importEvents(const HttpServer::BodyReader& read,
-                               httplib::Response& response) const {
+void TransferApi::importEvents(const httplib::Request& request, const HttpServer::BodyReader& read,
+                               httplib::Response& response) {
+  const auto slot = acquireSlot(slots_, request, response);
+  if (!slot) return;
   EventImport import(store_);
   const bool isWhole = read([&import](std::string_view part) { return import.consume(part); });
   if (isWhole) import.finish();

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "tools/jx/collector/ClientSlots.h"
 #include "tools/jx/collector/EventStore.h"
 #include "tools/jx/collector/HttpServer.h"
 
@@ -12,8 +13,10 @@ namespace jx {
 /// Exports events for other collectors and programs, and imports them.
 class TransferApi {
  public:
-  /// `store` must outlive the server in which this is installed.
-  explicit TransferApi(EventStore& store) : store_(store) {}
+  /// `store` must outlive the server in which this is installed. `maxTransfers` limits the number
+  /// of transfers at the same time: each may hold hundreds of MiB.
+  TransferApi(EventStore& store, std::size_t maxTransfers)
+      : store_(store), slots_(maxTransfers, maxTransfers) {}
 
   /// Adds the routes to `server`. This object must outlive it.
   void install(HttpServer& server);
@@ -30,10 +33,12 @@ class TransferApi {
   };
 
   void exportEvents(const httplib::Request& request, httplib::Response& response,
-                    const Format& format) const;
-  void importEvents(const HttpServer::BodyReader& read, httplib::Response& response) const;
+                    const Format& format);
+  void importEvents(const httplib::Request& request, const HttpServer::BodyReader& read,
+                    httplib::Response& response);
 
   EventStore& store_;
+  ClientSlots slots_;
 };
 
 }  // namespace jx
