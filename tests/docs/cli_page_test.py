@@ -13,7 +13,7 @@ import re
 import subprocess
 import sys
 
-COMMANDS = ["", "replay", "collector", "gateway", "gateway setup", "gateway drain", "queue", "demo"]
+COMMANDS = ["", "replay", "collector", "collector ca", "gateway", "gateway setup", "gateway drain", "queue", "demo"]
 SECTION = re.compile(r"^## (.*)\n", re.MULTILINE)
 # "  -h,--help           Print", "  --site INT=1        Set the site ID"
 HELP_OPTION = re.compile(r"^ +(?:-\w,)?(--[\w-]+)(.*)$", re.MULTILINE)

@@ -91,20 +91,151 @@ TEST(CertificateAuthority, MaySignServersButNotAuthorities) {
   EXPECT_EQ(X509_check_ca(server.get()), 0);
 }
 
-TEST(CertificateAuthority, IsValidForTenYearsAndServersForAtMost397Days) {
+TEST(CertificateAuthority, AllCertificatesAreValidForAtMost397Days) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const CertificateHandle authority = certificateFromPem(contentOf(folder / "ca.pem"));
   const CertificateHandle server = certificateFromPem(contentOf(folder / "server.pem"));
   ASSERT_TRUE(authority && server);
-  EXPECT_EQ(notAfter(*authority), kNow + 3650 * kDay);
-  int days = 0;
-  int seconds = 0;
-  ASSERT_EQ(ASN1_TIME_diff(&days, &seconds, X509_get0_notBefore(server.get()),
-                           X509_get0_notAfter(server.get())),
-            1);
-  EXPECT_LT(days, 397);
-  EXPECT_GT(days, 365);
+  for (const X509* const certificate : {authority.get(), server.get()}) {
+    EXPECT_LE(notAfter(*certificate) - notBefore(*certificate), 397 * kDay);
+    EXPECT_EQ(notAfter(*certificate), kNow + 395 * kDay);
+  }
+}
+
+TEST(CertificateAuthority, CertifiesOnlyItsNamesLoopbackAndPrivateAddresses) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(CertificateAuthority::open(folder.path(),
+                                         {"localhost", "tv-desk.example", "203.0.113.5"}, kNow));
+  const auto authority = CertificateAuthority::read(folder.path());
+  ASSERT_TRUE(authority);
+  EXPECT_EQ(permittedNames(authority->certificate()),
+            (std::vector<std::string>{"localhost", "127.0.0.0/8", "10.0.0.0/8", "172.16.0.0/12",
+                                      "192.168.0.0/16", "169.254.0.0/16", "::1/128", "fc00::/7",
+                                      "fe80::/10", "tv-desk.example", "203.0.113.5/32"}));
+  const KeyHandle key = privateKeyFromPem(contentOf(folder / "ca.key"));
+  for (const char* name : {"localhost", "tv-desk.example", "203.0.113.5", "127.0.0.9", "10.1.2.3",
+                           "172.31.0.1", "192.168.1.7", "::1", "fd00::7", "fe80::1"})
+    EXPECT_TRUE(permitsName(authority->certificate(), *key, name)) << name;
+  for (const char* name : {"example.com", "tv-desk.example.com", "203.0.113.6", "172.32.0.1",
+                           "8.8.8.8", "2001:db8::1"})
+    EXPECT_FALSE(permitsName(authority->certificate(), *key, name)) << name;
+}
+
+TEST(CertificateAuthority, ClientsRejectOtherNamesThatItCertifies) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
+  const auto authority = CertificateAuthority::read(folder.path());
+  ASSERT_TRUE(authority);
+  const KeyHandle key = privateKeyFromPem(contentOf(folder / "ca.key"));
+  CertificateFields fields;
+  fields.commonName = "example.com";
+  fields.notBefore = kNow - kDay;
+  fields.notAfter = kNow + kDay;
+  fields.names = {"example.com"};
+  const CertificateHandle forged =
+      createServerCertificate(fields, *key, authority->certificate(), *key);
+  ASSERT_TRUE(forged);
+  overwrite(folder / "server.pem", toPem(*forged));
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "example.com"), X509_V_ERR_PERMITTED_VIOLATION);
+}
+
+// Replaces the authority by one as earlier versions created it: ten years, every name.
+void createEarlierAuthority(const std::filesystem::path& folder) {
+  const KeyHandle key = createPrivateKey();
+  const CertificateHandle certificate(X509_new());
+  X509_set_version(certificate.get(), X509_VERSION_3);
+  ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 7);
+  ASN1_TIME_set(X509_getm_notBefore(certificate.get()), kNow - kDay);
+  ASN1_TIME_set(X509_getm_notAfter(certificate.get()), kNow + 3650 * kDay);
+  X509_NAME* const name = X509_get_subject_name(certificate.get());
+  X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_UTF8,
+                             reinterpret_cast<const unsigned char*>("earlier"), -1, -1, 0);
+  X509_set_issuer_name(certificate.get(), name);
+  X509_set_pubkey(certificate.get(), key.get());
+  X509V3_CTX context;
+  X509V3_set_ctx_nodb(&context);
+  X509V3_set_ctx(&context, certificate.get(), certificate.get(), nullptr, nullptr, 0);
+  const std::vector<std::pair<int, const char*>> extensions{
+      {NID_basic_constraints, "critical,CA:TRUE,pathlen:0"},
+      {NID_key_usage, "critical,keyCertSign,cRLSign"},
+      {NID_subject_key_identifier, "hash"},
+      {NID_authority_key_identifier, "keyid:always"}};
+  for (const auto& [nid, value] : extensions) {
+    X509_EXTENSION* const extension = X509V3_EXT_conf_nid(nullptr, &context, nid, value);
+    X509_add_ext(certificate.get(), extension, -1);
+    X509_EXTENSION_free(extension);
+  }
+  ASSERT_GT(X509_sign(certificate.get(), key.get(), EVP_sha256()), 0);
+  ASSERT_TRUE(writeFileAtomically(folder / "ca.key", toPem(*key), 0600));
+  ASSERT_TRUE(writeFileAtomically(folder / "ca.pem", toPem(*certificate), 0644));
+}
+
+TEST(CertificateAuthority, KeepsAnAuthorityOfAnEarlierVersionAndRecommendsRenewal) {
+  const ScratchFolder folder;
+  createEarlierAuthority(folder.path());
+  const std::string before = contentOf(folder / "ca.pem");
+  const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow + 3000 * kDay);
+  ASSERT_TRUE(opened) << opened.error().text;
+  EXPECT_EQ(contentOf(folder / "ca.pem"), before);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", kNow + 3000 * kDay), X509_V_OK);
+  ASSERT_EQ(opened->notices().size(), 1u);
+  EXPECT_NE(opened->notices()[0].find("of an earlier version can certify every host name until "
+                                      "2036-"),
+            std::string::npos)
+      << opened->notices()[0];
+  EXPECT_NE(opened->notices()[0].find("run jx collector ca --renew"), std::string::npos);
+}
+
+TEST(CertificateAuthority, ReplacesAnAuthorityOfAnEarlierVersionBeforeItExpires) {
+  const ScratchFolder folder;
+  createEarlierAuthority(folder.path());
+  const std::string key = contentOf(folder / "ca.key");
+  const std::time_t late = kNow + 3625 * kDay;
+  const auto opened = CertificateAuthority::open(folder.path(), kNames, late);
+  ASSERT_TRUE(opened) << opened.error().text;
+  EXPECT_NE(contentOf(folder / "ca.key"), key);
+  EXPECT_FALSE(permittedNames(opened->certificate()).empty());
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", late), X509_V_OK);
+  ASSERT_EQ(opened->notices().size(), 1u);
+  EXPECT_NE(opened->notices()[0].find("every device must trust the new one"), std::string::npos);
+}
+
+TEST(CertificateAuthority, RenewsItselfThirtyDaysBeforeExpiryForTheSameKey) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
+  const std::string before = contentOf(folder / "ca.pem");
+  const std::string key = contentOf(folder / "ca.key");
+  const std::time_t late = kNow + 366 * kDay;
+  const auto opened = CertificateAuthority::open(folder.path(), kNames, late);
+  ASSERT_TRUE(opened) << opened.error().text;
+  EXPECT_EQ(contentOf(folder / "ca.key"), key);
+  const std::string after = contentOf(folder / "ca.pem");
+  EXPECT_NE(after, before);
+  EXPECT_EQ(notAfter(opened->certificate()), late + 395 * kDay);
+  ASSERT_EQ(opened->notices().size(), 1u);
+  EXPECT_NE(opened->notices()[0].find("must trust it before 2027-10-"), std::string::npos)
+      << opened->notices()[0];
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", late), X509_V_OK);
+  // A device that trusts the previous certificate continues to work.
+  overwrite(folder / "ca.pem", before);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", late), X509_V_OK);
+}
+
+TEST(CertificateAuthority, OmitsNamesThatItDoesNotPermit) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
+  std::vector<std::string> names = kNames;
+  names.emplace_back("other.example");
+  const auto opened = CertificateAuthority::open(folder.path(), names, kNow);
+  ASSERT_TRUE(opened);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "other.example"), X509_V_ERR_HOSTNAME_MISMATCH);
+  ASSERT_EQ(opened->notices().size(), 1u);
+  EXPECT_NE(opened->notices()[0].find("does not permit the name other.example"), std::string::npos);
+  ASSERT_TRUE(CertificateAuthority::renew(folder.path(), names, kNow));
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "other.example"), X509_V_OK);
+  EXPECT_TRUE(CertificateAuthority::open(folder.path(), names, kNow)->notices().empty());
 }
 
 TEST(CertificateAuthority, KeysAreAccessibleToTheOwnerOnly) {
@@ -129,25 +260,13 @@ TEST(CertificateAuthority, KeepsAllFilesWhenReopened) {
   EXPECT_EQ(before, after);
 }
 
-TEST(CertificateAuthority, RenewsTheServerCertificateThirtyDaysBeforeExpiry) {
-  const ScratchFolder folder;
-  ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-  const std::string authority = contentOf(folder / "ca.pem");
-  const std::string server = contentOf(folder / "server.pem");
-  const std::time_t later = kNow + 366 * kDay;
-  ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, later));
-  EXPECT_EQ(contentOf(folder / "ca.pem"), authority);
-  EXPECT_NE(contentOf(folder / "server.pem"), server);
-  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", later + 300 * kDay), X509_V_OK);
-}
-
 TEST(CertificateAuthority, ReissuesTheServerCertificateForOtherNames) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
   const std::string authority = contentOf(folder / "ca.pem");
-  ASSERT_TRUE(CertificateAuthority::open(folder.path(), {"localhost", "tv-desk.example"}, kNow));
+  ASSERT_TRUE(CertificateAuthority::open(folder.path(), {"localhost", "192.168.1.7"}, kNow));
   EXPECT_EQ(contentOf(folder / "ca.pem"), authority);
-  EXPECT_EQ(verifyServerCertificate(folder.path(), "tv-desk.example"), X509_V_OK);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "192.168.1.7"), X509_V_OK);
   EXPECT_EQ(verifyServerCertificate(folder.path(), "::1"), X509_V_ERR_IP_ADDRESS_MISMATCH);
 }
 
@@ -230,12 +349,18 @@ TEST(CertificateAuthority, RejectsAKeyThatOtherUsersCanRead) {
   EXPECT_NE(opened.error().text.find("is accessible to other users"), std::string::npos);
 }
 
-TEST(CertificateAuthority, ReportsAnExpiredAuthority) {
+TEST(CertificateAuthority, ReplacesAnExpiredAuthority) {
   const ScratchFolder folder;
   ASSERT_TRUE(CertificateAuthority::open(folder.path(), kNames, kNow));
-  const auto opened = CertificateAuthority::open(folder.path(), kNames, kNow + 3650 * kDay);
-  ASSERT_FALSE(opened);
-  EXPECT_NE(opened.error().text.find("has expired or expires within a day"), std::string::npos);
+  const std::string key = contentOf(folder / "ca.key");
+  const std::time_t late = kNow + 400 * kDay;
+  const auto opened = CertificateAuthority::open(folder.path(), kNames, late);
+  ASSERT_TRUE(opened);
+  EXPECT_NE(contentOf(folder / "ca.key"), key);
+  EXPECT_EQ(verifyServerCertificate(folder.path(), "localhost", late), X509_V_OK);
+  ASSERT_EQ(opened->notices().size(), 1u);
+  EXPECT_NE(opened->notices()[0].find("was replaced; every device must trust the new one"),
+            std::string::npos);
 }
 
 TEST(CertificateAuthority, ReportsAFolderThatCannotBeWritten) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "tools/jx/AtomicFile.h"
+#include "tools/jx/Printable.h"
 #include "tools/jx/collector/Certificates.h"
 
 namespace jx {
@@ -17,14 +18,17 @@ namespace {
 constexpr std::time_t kDay = 24 * 60 * 60;
 // TV clocks are often behind.
 constexpr std::time_t kClockSkew = kDay;
-constexpr std::time_t kAuthorityValidity = 3650 * kDay;
-// Some systems reject server certificates that are valid for more than 397 days.
-constexpr std::time_t kServerValidity = 395 * kDay;
+// Some systems reject certificates that are valid for more than 397 days.
+constexpr std::time_t kValidity = 395 * kDay;
 constexpr std::time_t kRenewBefore = 30 * kDay;
 
 constexpr const char* kReplaceHint =
     "; restore the original files, or move ca.pem and ca.key away to create a new authority, which "
     "every device must then trust";
+
+std::string dateOf(std::time_t time) {
+  return asIsoTime(std::int64_t{time} * 1000).substr(0, std::string_view("2026-01-02").size());
+}
 
 bool isAccessibleToOthers(const std::filesystem::path& file) {
   struct stat status {};
@@ -46,7 +50,23 @@ Result<CertificateAuthority> CertificateAuthority::open(const std::filesystem::p
                                                         std::time_t now) {
   CertificateAuthority authority(folder, std::move(names), now);
   if (const Done ready = authority.loadOrCreateAuthority(); !ready) return ready.error();
+  authority.restrictNames();
   if (const Done ready = authority.loadOrIssueServerCertificate(); !ready) return ready.error();
+  return authority;
+}
+
+Result<CertificateAuthority> CertificateAuthority::renew(const std::filesystem::path& folder,
+                                                         std::vector<std::string> names,
+                                                         std::time_t now) {
+  CertificateAuthority authority(folder, std::move(names), now);
+  if (const Done created = authority.createAuthority(); !created) return created.error();
+  if (const Done ready = authority.issueServerCertificate(); !ready) return ready.error();
+  return authority;
+}
+
+Result<CertificateAuthority> CertificateAuthority::read(const std::filesystem::path& folder) {
+  CertificateAuthority authority(folder, {}, 0);
+  if (const Done loaded = authority.loadAuthority(); !loaded) return loaded.error();
   return authority;
 }
 
@@ -59,15 +79,57 @@ Done CertificateAuthority::loadOrCreateAuthority() {
     const std::string missing = hasKey ? "ca.pem" : "ca.key";
     return Error{(folder_ / missing).string() + " is missing" + kReplaceHint};
   }
-  return loadAuthority();
+  if (const Done loaded = loadAuthority(); !loaded) return loaded;
+  return renewBeforeExpiry();
+}
+
+Done CertificateAuthority::renewBeforeExpiry() {
+  const std::string file = certificateFile().string();
+  const std::time_t expiry = notAfter(*certificate_);
+  const bool isConstrained = !permittedNames(*certificate_).empty();
+  if (expiry > now_ + kRenewBefore) {
+    if (!isConstrained) {
+      notices_.push_back(file + " of an earlier version can certify every host name until " +
+                         dateOf(expiry) +
+                         "; run jx collector ca --renew, trust the new one, and stop trusting it");
+    }
+    return done();
+  }
+  const bool keepsKey = isConstrained && expiry > now_;
+  if (!keepsKey) key_.reset();
+  if (const Done renewed = createAuthority(); !renewed) return renewed;
+  notices_.push_back(
+      keepsKey ? file + " was renewed; devices that trust the previous one must trust it before " +
+                     dateOf(expiry)
+               : file + " expired or was about to expire on " + dateOf(expiry) +
+                     " and was replaced; every device must trust the new one");
+  return done();
+}
+
+void CertificateAuthority::restrictNames() {
+  std::vector<std::string> permitted;
+  for (const std::string& name : names_) {
+    if (permitsName(*certificate_, *key_, name)) {
+      permitted.push_back(name);
+    } else {
+      notices_.push_back(certificateFile().string() + " does not permit the name " + name +
+                         ", which the server certificate omits; to add it, run jx collector ca "
+                         "--renew --name " +
+                         name + " and trust the new one");
+    }
+  }
+  names_ = std::move(permitted);
 }
 
 Done CertificateAuthority::createAuthority() {
   CertificateFields fields;
   fields.commonName = "jx collector (this machine only)";
   fields.notBefore = now_ - kClockSkew;
-  fields.notAfter = now_ + kAuthorityValidity;
-  key_ = createPrivateKey();
+  fields.notAfter = now_ + kValidity;
+  for (const std::string& name : names_) {
+    if (name != "localhost" && name != "127.0.0.1" && name != "::1") fields.names.push_back(name);
+  }
+  if (!key_) key_ = createPrivateKey();
   if (key_) certificate_ = createAuthorityCertificate(fields, *key_);
   if (!certificate_) return Error{"OpenSSL failed to create a certificate authority"};
   certificatePem_ = toPem(*certificate_);
@@ -103,9 +165,6 @@ Done CertificateAuthority::checkAuthority() const {
         where +
         "/ca.key is accessible to other users; run chmod 600 on it if the key is still secret"};
   }
-  if (notAfter(*certificate_) <= now_ + kDay) {
-    return Error{where + "/ca.pem has expired or expires within a day" + kReplaceHint};
-  }
   return done();
 }
 
@@ -127,7 +186,8 @@ bool CertificateAuthority::isServerCertificateUsable() const {
   X509* const server = serverCertificate_.get();
   if (X509_check_issued(certificate_.get(), server) != X509_V_OK) return false;
   if (X509_verify(server, key_.get()) != 1) return false;
-  if (notAfter(*server) < now_ + kRenewBefore) return false;
+  // A server certificate does not outlive its authority.
+  if (notAfter(*server) < std::min(now_ + kRenewBefore, notAfter(*certificate_))) return false;
   using Names = std::unique_ptr<GENERAL_NAMES, OpenSslRelease<GENERAL_NAMES_free>>;
   const Names names(static_cast<GENERAL_NAMES*>(
       X509_get_ext_d2i(server, NID_subject_alt_name, nullptr, nullptr)));
@@ -144,7 +204,7 @@ Done CertificateAuthority::issueServerCertificate() {
   CertificateFields fields;
   fields.commonName = names_.front();
   fields.notBefore = now_ - kClockSkew;
-  fields.notAfter = std::min(now_ + kServerValidity, notAfter(*certificate_));
+  fields.notAfter = std::min(now_ + kValidity, notAfter(*certificate_));
   fields.names = names_;
   serverKey_ = createPrivateKey();
   serverCertificate_ =

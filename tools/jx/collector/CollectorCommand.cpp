@@ -15,6 +15,7 @@
 #include "tools/jx/AtomicFile.h"
 #include "tools/jx/ExitStatus.h"
 #include "tools/jx/TerminationSignals.h"
+#include "tools/jx/collector/CaCommand.h"
 #include "tools/jx/collector/Certificates.h"
 
 namespace jx {
@@ -58,10 +59,15 @@ void printEndpoints(const CollectorOptions& options, const CollectorServer& serv
   std::printf("Web UI        http://%s:%d/\n", shownHost(options.settings.webAddress).c_str(),
               server.webPort());
   std::printf("CA file       %s\n", ca.c_str());
+  std::printf("Trust CA      in the application: configuration.caFile = \"%s\";\n", ca.c_str());
   std::printf(
-      "Install CA    sudo install -m 644 %s /usr/local/share/ca-certificates/jx-collector.crt && "
-      "sudo update-ca-certificates\n",
+      "Install CA    on a test machine: sudo install -m 644 %s "
+      "/usr/local/share/ca-certificates/jx-collector.crt && sudo update-ca-certificates\n",
       quotedForShell(ca).c_str());
+  std::printf(
+      "Remove CA     sudo rm /usr/local/share/ca-certificates/jx-collector.crt && "
+      "sudo update-ca-certificates --fresh\n");
+  std::printf("Warning       Never install the CA on a machine that is used for anything else.\n");
   std::printf("Press Ctrl-C to stop.\n");
   std::fflush(stdout);
 }
@@ -86,12 +92,6 @@ std::string portsJson(const CollectorServer& server) {
 void addOptions(CLI::App& command, CollectorOptions& options) {
   CollectorSettings& settings = options.settings;
   const CLI::Range ports(0, 65535);
-  const CLI::Validator certifiable(
-      [](std::string& name) {
-        return isCertifiableName(name) ? std::string()
-                                       : "must be a host name or an IP address: " + name;
-      },
-      "NAME");
   command.add_option("--state", settings.stateFolder,
                      "Store certificates and events in this folder "
                      "[$XDG_STATE_HOME/jx-collector or ~/.local/state/jx-collector]");
@@ -114,7 +114,7 @@ void addOptions(CLI::App& command, CollectorOptions& options) {
   command
       .add_option("--name", settings.names,
                   "Add a host name or IP address of this machine to the server certificate")
-      ->check(certifiable)
+      ->check(certifiableName())
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   command
@@ -164,7 +164,10 @@ void addCollectorCommand(CLI::App& app, int& exitStatus) {
   CLI::App* const command = app.add_subcommand(
       "collector", "Receive, validate and store events over HTTPS, and serve the inspector web UI");
   addOptions(*command, *options);
-  command->callback([options, &exitStatus] { exitStatus = runCollector(*options); });
+  addCaCommand(*command, exitStatus);
+  command->callback([options, command, &exitStatus] {
+    if (command->get_subcommands().empty()) exitStatus = runCollector(*options);
+  });
 }
 
 }  // namespace jx

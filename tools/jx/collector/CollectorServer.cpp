@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <utility>
 
 #include "tools/jx/collector/Certificates.h"
@@ -21,8 +22,10 @@ std::string hostName() {
 
 bool isWildcard(const std::string& address) { return address == "0.0.0.0" || address == "::"; }
 
+}  // namespace
+
 // Without duplicates and in a fixed order, so that the same settings keep the same certificate.
-std::vector<std::string> allNames(const CollectorSettings& settings) {
+std::vector<std::string> certifiedNames(const CollectorSettings& settings) {
   std::vector<std::string> names{"localhost", "127.0.0.1", "::1"};
   std::vector<std::string> further{hostName()};
   if (!isWildcard(settings.eventsAddress)) further.push_back(settings.eventsAddress);
@@ -33,8 +36,6 @@ std::vector<std::string> allNames(const CollectorSettings& settings) {
   }
   return names;
 }
-
-}  // namespace
 
 CollectorServer::CollectorServer(StateFolder folder, CertificateAuthority authority,
                                  std::unique_ptr<EventStore> store, SslContextHandle tls,
@@ -69,10 +70,12 @@ CollectorServer::~CollectorServer() {
 Result<std::unique_ptr<CollectorServer>> CollectorServer::start(const CollectorSettings& settings) {
   Result<StateFolder> folder = StateFolder::open(settings.stateFolder);
   if (!folder) return folder.error();
-  std::vector<std::string> names = allNames(settings);
+  std::vector<std::string> names = certifiedNames(settings);
   Result<CertificateAuthority> authority =
       CertificateAuthority::open(folder->path(), names, std::time(nullptr));
   if (!authority) return authority.error();
+  for (const std::string& notice : authority->notices())
+    std::fprintf(stderr, "jx collector: %s\n", notice.c_str());
   Result<SslContextHandle> tls = authority->createServerContext();
   if (!tls) return tls.error();
   Result<std::unique_ptr<EventStore>> store =

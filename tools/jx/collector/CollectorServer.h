@@ -44,6 +44,9 @@ struct CollectorSettings {
   std::shared_ptr<EventSink> sink;  ///< receives each accepted event; null: none
 };
 
+/// Returns the host names and addresses of the server certificate, without duplicates.
+std::vector<std::string> certifiedNames(const CollectorSettings& settings);
+
 /// The complete collector, wired top to bottom: state folder, certificate authority, event store,
 /// the HTTPS server for devices, and the HTTP server for the web UI and the API.
 class CollectorServer {
