@@ -46,7 +46,7 @@ TEST(ClientSlots, CountsAnIpv6NetworkAsOneClient) {
 }
 
 TEST(MemoryBudget, RefusesBytesAboveTheLimitUntilOthersAreReleased) {
-  MemoryBudget budget(100);
+  MemoryBudget budget(100, 0);
   MemoryBudget::Share first(budget);
   MemoryBudget::Share second(budget);
   EXPECT_TRUE(first.grow(60));
@@ -57,8 +57,20 @@ TEST(MemoryBudget, RefusesBytesAboveTheLimitUntilOthersAreReleased) {
   EXPECT_TRUE(first.grow(40));
 }
 
+TEST(MemoryBudget, AcceptsSmallSharesWhileOthersUseTheLimit) {
+  MemoryBudget budget(100, 10);
+  MemoryBudget::Share large(budget);
+  EXPECT_TRUE(large.grow(110));
+  MemoryBudget::Share small(budget);
+  EXPECT_TRUE(small.grow(6));
+  EXPECT_TRUE(small.grow(4));
+  EXPECT_FALSE(small.grow(1));
+  small.release();
+  EXPECT_TRUE(small.grow(10));
+}
+
 TEST(MemoryBudget, AcceptsOneShareOfAnySize) {
-  MemoryBudget budget(100);
+  MemoryBudget budget(100, 0);
   MemoryBudget::Share only(budget);
   EXPECT_TRUE(only.grow(60));
   EXPECT_TRUE(only.grow(1000));

@@ -15,8 +15,9 @@ namespace jx {
 namespace {
 
 constexpr const char* kHeadEnd = "\r\n\r\n";
-// Bytes that the shortest head counts as.
-constexpr std::size_t kHeadMemory = std::size_t{16} * 1024;
+constexpr std::size_t kKibibyte = 1024;
+// A head of 40 KB counts as 160 KiB, of which 64 KiB are free.
+constexpr std::size_t kMemory = 100 * kKibibyte;
 
 void addRoutes(HttpServer& server) {
   server.onPost("/size",
@@ -25,7 +26,7 @@ void addRoutes(HttpServer& server) {
                 });
   server.onGet("/large",
                [](const httplib::Request&, const std::string&, httplib::Response& response) {
-                 response.set_content(std::string(4 * kHeadMemory, 'x') + ">", "text/plain");
+                 response.set_content(std::string(64 * kKibibyte, 'x') + ">", "text/plain");
                });
 }
 
@@ -44,23 +45,27 @@ std::string finalResponseTo(const HttpServer& server, std::string_view request) 
   }
 }
 
-// A client whose request is incomplete and counts as one head.
+// A client whose request is incomplete and has a head of 40 KB.
 std::unique_ptr<RawConnection> incompleteRequest(const HttpServer& server) {
   auto connection = std::make_unique<RawConnection>(server.listeningPort());
-  connection->send("POST /size HTTP/1.1\r\nContent-Length: 9\r\nExpect: 100-continue\r\n\r\n");
+  std::string head = "POST /size HTTP/1.1\r\nContent-Length: 9\r\nExpect: 100-continue\r\n";
+  for (int i = 0; i < 5; ++i)
+    head += "X-Long: " + std::string(8000, 'x') + "\r\n";
+  connection->send(head + "\r\n");
   EXPECT_EQ(connection->readUntil(kHeadEnd).substr(0, 12), "HTTP/1.1 100");
   return connection;
 }
 
 TEST(HttpLimits, RespondsWith503WhenBodiesInFlightUseTheMemory) {
   HttpLimits limits;
-  limits.memory = 2 * kHeadMemory + 10;
+  limits.memory = kMemory;
   HttpServer server(nullptr, limits);
   addRoutes(server);
   ASSERT_TRUE(server.start("127.0.0.1", 0));
   auto other = incompleteRequest(server);
   const std::string small = "POST /size HTTP/1.1\r\nContent-Length: 4\r\n\r\nabcd";
-  const std::string large = "POST /size HTTP/1.1\r\nContent-Length: 11\r\n\r\nabcdefghijk";
+  const std::string large =
+      "POST /size HTTP/1.1\r\nContent-Length: 102400\r\n\r\n" + std::string(100 * kKibibyte, 'x');
   EXPECT_EQ(responseTo(server, small).substr(0, 12), "HTTP/1.1 200");
   const std::string refused = responseTo(server, large);
   EXPECT_EQ(refused.substr(0, 12), "HTTP/1.1 503");
@@ -71,7 +76,7 @@ TEST(HttpLimits, RespondsWith503WhenBodiesInFlightUseTheMemory) {
 
 TEST(HttpLimits, RespondsWith503WhenResponsesInFlightUseTheMemory) {
   HttpLimits limits;
-  limits.memory = 3 * kHeadMemory;
+  limits.memory = kMemory;
   HttpServer server(nullptr, limits);
   addRoutes(server);
   ASSERT_TRUE(server.start("127.0.0.1", 0));

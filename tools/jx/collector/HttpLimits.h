@@ -32,6 +32,8 @@ struct HttpLimits {
   /// Bytes of requests and responses that a server holds for all connections. One request always
   /// fits while no other holds any.
   std::size_t memory = std::size_t{256} * 1024 * 1024;
+  /// Bytes of each request and its response that are not counted.
+  std::size_t uncounted = std::size_t{64} * 1024;
 
   std::size_t threads = 1024;        ///< each open connection uses one
   std::size_t waiting = 64;          ///< responses that wait for events

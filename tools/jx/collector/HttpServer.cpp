@@ -59,7 +59,7 @@ std::string literalPattern(const std::string& path) {
 HttpServer::HttpServer(SslContextHandle tls, HttpLimits limits)
     : tls_(std::move(tls)),
       limits_(limits),
-      budget_(limits.memory),
+      budget_(limits.memory, limits.uncounted),
       clients_(std::numeric_limits<std::size_t>::max(), limits.connectionsOfClient,
                limits.limitsLoopback),
       workers_(limits.threads) {
