@@ -35,7 +35,7 @@ class CollectorApi {
   void reset(httplib::Response& response) const;
   static void installPage(HttpServer& server);
 
-  static constexpr std::ptrdiff_t kMaxLists = 4;
+  static constexpr std::ptrdiff_t kMaxLists = 2;
 
   EventStore& store_;
   /// A list may need hundreds of MiB until it is a response.
