@@ -268,7 +268,7 @@ void HttpServer::acceptOne() {
   ::close(fd);
 }
 
-// Does not wait for the client. Over TLS there is no connection to respond on.
+// Does not wait for the client: over TLS, a response would require a handshake, so none is sent.
 void HttpServer::refuse(int fd) const {
   if (tls_ == nullptr) {
     const std::string response = std::string("HTTP/1.1 429 Too Many Requests\r\nRetry-After: ") +
